@@ -1,0 +1,13 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <QDialog>
+
+// What is running here: the versions, the engine's file and the installation, to be quoted in a report.
+class Form_name : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit Form_name(const Session& session, QWidget* parent = nullptr);
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+class QPlainTextEdit;
+class QPrinter;
+class QWidget;
+
+// A read-only text in a fixed-pitch font, wide lines scrolled and never wrapped, tabs at every eighth column.
+QPlainTextEdit* Fixed_Pitch_Text(const QString& name, const QString& purpose);
+
+// Puts a text on the clipboard; its tabs make the columns of a spreadsheet.
+void Copy_Text(const QString& text);
+
+// Prints a text in a fixed-pitch font, scaled down so that its longest line fits the page.
+void Print_Text_On(QPrinter& printer, const QString& text);
+
+// Lets the user choose a printer, or a PDF file, and prints.
+void Print_Text(QWidget& parent, const QString& title, const QString& text);

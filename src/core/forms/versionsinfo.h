@@ -1,0 +1,13 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <QDialog>
+
+// The release notes.
+class Versionsinfo : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit Versionsinfo(const Session& session, QWidget* parent = nullptr);
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "core/message.h"
+
+#include <QString>
+#include <QWidget>
+#include <string>
+#include <string_view>
+
+// What all forms share: names of controls, the way between Unicode and the documents' code page, boxes, small models of waiting.
+
+// Sets the object's name: code and tests find a control by that and by nothing else.
+template <class T> T* Named(T* object, const QString& name)
+{
+    object->setObjectName(name);
+    return object;
+}
+
+// Bytes of the documents' code page as text for the window.
+QString Shown(std::string_view bytes);
+
+// A text of the window as bytes; characters that the code page lacks do not get here, since fields refuse them.
+std::string Bytes_Of(const QString& text);
+
+// Shows a message as a modal box over the active window and returns the button pressed.
+Button Ask_In_Box(const Message& message);
+
+// A fixed-pitch font of the system in the size of the window's font.
+QFont Fixed_Pitch_Font();
+
+// The hourglass over the whole program while it lives.
+class Hourglass {
+public:
+    Hourglass();
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+    ~Hourglass();
+};

@@ -1,0 +1,90 @@
+#include "core/json.h"
+
+#include "core/code_page.h"
+
+namespace {
+
+constexpr std::size_t Indent = 2;
+
+std::string Quoted(std::string_view bytes)
+{
+    constexpr std::string_view hex = "0123456789abcdef";
+    std::string text = "\"";
+    for (const char c : To_Utf8(bytes)) {
+        const auto code = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\')
+            text += {'\\', c};
+        else if (code < 0x20 || code == 0x7F)
+            text += {'\\', 'u', '0', '0', hex[code >> 4U], hex[code & 0xFU]};
+        else
+            text += c;
+    }
+    return text + '"';
+}
+
+} // namespace
+
+void Json_Writer::Value(std::string_view text)
+{
+    Scalar(Quoted(text));
+}
+
+void Json_Writer::Value(const Variant& value)
+{
+    if (value.Is_Text())
+        Value(value.Text());
+    else
+        Value(value.Number());
+}
+
+void Json_Writer::Key(std::string_view key)
+{
+    Separate(true);
+    Out += Quoted(key) + ": ";
+    Is_Behind_Key = true;
+}
+
+void Json_Writer::Open(char bracket)
+{
+    Separate(true);
+    Out += bracket;
+    ++Depth;
+    Is_First = true;
+    Has_Lines = false;
+}
+
+void Json_Writer::Close(char bracket)
+{
+    --Depth;
+    if (Has_Lines) {
+        Out += '\n';
+        Out.append(Indent * static_cast<std::size_t>(Depth), ' ');
+    }
+    Out += bracket;
+    Is_First = false;
+    Has_Lines = true; // whatever holds this stands on lines of its own
+}
+
+void Json_Writer::Scalar(std::string_view text)
+{
+    Separate(false);
+    Out += text;
+}
+
+void Json_Writer::Separate(bool on_a_new_line)
+{
+    if (Is_Behind_Key) {
+        Is_Behind_Key = false;
+        return;
+    }
+    if (!Is_First)
+        Out += ',';
+    if (on_a_new_line && Depth > 0) {
+        Out += '\n';
+        Out.append(Indent * static_cast<std::size_t>(Depth), ' ');
+        Has_Lines = true;
+    } else if (!Is_First) {
+        Out += ' ';
+    }
+    Is_First = false;
+}

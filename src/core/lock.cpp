@@ -1,0 +1,42 @@
+#include "core/lock.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#include <utility>
+
+std::optional<Lock> Lock::Take(const std::filesystem::path& path, bool inherited)
+{
+    const int number = ::open(path.c_str(), O_RDONLY | (inherited ? 0 : O_CLOEXEC));
+    if (number < 0)
+        return std::nullopt;
+    Lock lock(number);
+    if (::flock(number, LOCK_EX | LOCK_NB) != 0)
+        return std::nullopt;
+    return lock;
+}
+
+Lock::Lock(Lock&& other) noexcept : Number(std::exchange(other.Number, -1)) {}
+
+Lock& Lock::operator=(Lock&& other) noexcept
+{
+    std::swap(Number, other.Number);
+    return *this;
+}
+
+Lock::~Lock()
+{
+    if (Number >= 0)
+        ::close(Number);
+}
+
+bool Is_Locked(const std::filesystem::path& path)
+{
+    const int number = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (number < 0)
+        return false;
+    const bool locked = ::flock(number, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    ::close(number);
+    return locked;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+// An advisory lock on a file or directory: the sign of life of a job, a run, an engine. The system drops it when the last process that
+// holds it ends, so no sign outlives a crash.
+class Lock {
+public:
+    // Takes the lock, or gives nothing if another process holds it or the path cannot be opened. An inherited lock stays
+    // with the programs that this one starts.
+    static std::optional<Lock> Take(const std::filesystem::path& path, bool inherited = false);
+
+    Lock(Lock&& other) noexcept;
+    Lock& operator=(Lock&& other) noexcept;
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    ~Lock();
+
+    int Descriptor() const { return Number; }
+
+private:
+    explicit Lock(int number) : Number(number) {}
+    int Number;
+};
+
+// Whether a process holds the lock of a path, tested without waiting. A path that is not there is not locked.
+bool Is_Locked(const std::filesystem::path& path);

@@ -1,0 +1,222 @@
+#include "core/numbers.h"
+
+#include "core/error.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+
+namespace {
+
+constexpr int Significant_Digits = 15;
+constexpr int Most_Decimals = 15;
+constexpr int Most_Digits_Before_Point = 15;
+
+bool Is_Digit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// A value's significant decimal digits without trailing zeros, and the power of ten of the first one. Zero has the one digit "0".
+struct Decimal {
+    bool Negative = false;
+    std::string Digits = "0";
+    int Exponent = 0;
+};
+
+Decimal Decimal_Of(double value)
+{
+    if (!std::isfinite(value))
+        throw std::domain_error("A value that is not a number cannot be printed.");
+    if (value == 0)
+        return {};
+    char buffer[40];
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific, Significant_Digits - 1).ptr;
+    const std::string_view text(buffer, static_cast<std::size_t>(end - buffer));
+    const auto e = text.find('e');
+    Decimal decimal{value < 0, std::string(1, text[0]) + std::string(text.substr(2, e - 2)), 0};
+    const auto exponent = text.substr(text[e + 1] == '+' ? e + 2 : e + 1);
+    std::from_chars(exponent.data(), exponent.data() + exponent.size(), decimal.Exponent);
+    decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
+    return decimal;
+}
+
+// Cuts a decimal to `count` significant digits, halves away from zero; a count below 0 gives zero.
+Decimal Round_To(Decimal decimal, int count)
+{
+    if (count >= static_cast<int>(decimal.Digits.size()))
+        return decimal;
+    const bool up = count >= 0 && decimal.Digits[static_cast<std::size_t>(count)] >= '5';
+    decimal.Digits.resize(static_cast<std::size_t>(std::max(count, 0)));
+    if (up) {
+        auto at = static_cast<int>(decimal.Digits.size()) - 1;
+        while (at >= 0 && decimal.Digits[static_cast<std::size_t>(at)] == '9')
+            decimal.Digits[static_cast<std::size_t>(at--)] = '0';
+        if (at >= 0) {
+            ++decimal.Digits[static_cast<std::size_t>(at)];
+        } else {
+            decimal.Digits.insert(0, 1, '1');
+            ++decimal.Exponent;
+        }
+    }
+    if (decimal.Digits.find_first_not_of('0') == std::string::npos)
+        return {};
+    return decimal;
+}
+
+char Digit_At(const Decimal& decimal, int power)
+{
+    const int at = decimal.Exponent - power;
+    return at >= 0 && at < static_cast<int>(decimal.Digits.size()) ? decimal.Digits[static_cast<std::size_t>(at)] : '0';
+}
+
+std::string Fixed(const Decimal& decimal, int whole_digits, int decimals)
+{
+    std::string text;
+    for (int power = std::max(decimal.Exponent, whole_digits - 1); power >= 0; --power)
+        text += Digit_At(decimal, power);
+    if (decimals > 0)
+        text += '.';
+    for (int power = -1; power >= -decimals; --power)
+        text += Digit_At(decimal, power);
+    return text;
+}
+
+std::string Exponent_Text(int exponent)
+{
+    const std::string digits = std::to_string(std::abs(exponent));
+    return std::string(exponent < 0 ? "E-" : "E+") + (digits.size() < 2 ? "0" : "") + digits;
+}
+
+bool Is_Zero(const Decimal& decimal)
+{
+    return decimal.Digits == "0";
+}
+
+// Zeros at the front that do not stand directly before the point become blanks; blanks at both ends go.
+std::string Without_Leading_Zeros(std::string text)
+{
+    for (std::size_t i = 0; i < text.size() && text[i] == '0' && !(i + 1 < text.size() && text[i + 1] == '.'); ++i)
+        text[i] = ' ';
+    return std::string(Trim(text));
+}
+
+std::string Padded(std::string text, int width)
+{
+    if (static_cast<int>(text.size()) < width)
+        text.resize(static_cast<std::size_t>(width), ' ');
+    return text;
+}
+
+std::string_view Pattern_For(double value)
+{
+    const double a = std::fabs(value);
+    if (a < 0.001)
+        return "0.00E+00";
+    if (a < 10)
+        return "0.0000000";
+    if (a < 100)
+        return "0.0000";
+    if (a < 1000)
+        return "0.000";
+    if (a < 10000)
+        return "0.00";
+    if (a < 100000)
+        return "0.0";
+    return "0.00E+00";
+}
+
+} // namespace
+
+double Val(std::string_view text)
+{
+    const auto start = text.find_first_not_of(" \t");
+    if (start == std::string_view::npos)
+        return 0;
+    text.remove_prefix(start);
+    const bool negative = text[0] == '-';
+    if (negative || text[0] == '+')
+        text.remove_prefix(1);
+    // What from_chars would take beyond digits, a point and an exponent (nan, inf) is no number here.
+    if (text.empty() || !(Is_Digit(text[0]) || (text[0] == '.' && text.size() > 1 && Is_Digit(text[1]))))
+        return 0;
+    double value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // The sign of the exponent tells an overflow from an underflow; a number without one can only be too large.
+        const std::string_view number(text.data(), static_cast<std::size_t>(result.ptr - text.data()));
+        const auto e = number.find_first_of("eE");
+        const bool tiny = (e != std::string_view::npos && e + 1 < number.size() && number[e + 1] == '-') || number[0] == '.' || number.starts_with("0.");
+        value = tiny ? 0 : std::numeric_limits<double>::max();
+    }
+    return negative && value != 0 ? -value : value;
+}
+
+std::string General_Text(double value)
+{
+    const Decimal decimal = Decimal_Of(value);
+    const int decimals = std::max(0, static_cast<int>(decimal.Digits.size()) - 1 - decimal.Exponent);
+    const std::string sign = decimal.Negative ? "-" : "";
+    if (decimals <= Most_Decimals && decimal.Exponent < Most_Digits_Before_Point)
+        return sign + Fixed(decimal, 1, decimals);
+    std::string mantissa = decimal.Digits.substr(0, 1);
+    if (decimal.Digits.size() > 1)
+        mantissa += "." + decimal.Digits.substr(1);
+    return sign + mantissa + Exponent_Text(decimal.Exponent);
+}
+
+std::string Print_Form(double value)
+{
+    const std::string text = General_Text(value);
+    return (text[0] == '-' ? text : " " + text) + " ";
+}
+
+std::string Format_Pattern(double value, std::string_view pattern)
+{
+    const auto zeros = pattern.find('0');
+    const std::string blanks(pattern.substr(0, zeros));
+    pattern.remove_prefix(zeros);
+    const auto e = pattern.find('E');
+    const auto number = pattern.substr(0, e);
+    const auto point = number.find('.');
+    const int whole_digits = static_cast<int>(std::min(point, number.size()));
+    const int decimals = point == std::string_view::npos ? 0 : static_cast<int>(number.size() - point - 1);
+
+    Decimal decimal = Decimal_Of(value);
+    std::string text;
+    if (e != std::string_view::npos) {
+        decimal = Round_To(decimal, whole_digits + decimals);
+        const int exponent = decimal.Exponent;
+        decimal.Exponent = 0;
+        text = Fixed(decimal, 1, decimals) + Exponent_Text(exponent);
+    } else {
+        decimal = Is_Zero(decimal) ? decimal : Round_To(decimal, decimal.Exponent + 1 + decimals);
+        text = Fixed(decimal, whole_digits, decimals);
+        if (point != std::string_view::npos && decimals == 0)
+            text += '.';
+    }
+    return (decimal.Negative ? "-" : "") + blanks + text;
+}
+
+std::string Number_Text(char kind, double value, int width)
+{
+    const std::string text = kind == 'I' ? General_Text(value) : Format_Pattern(value, Pattern_For(value));
+    return Padded(Without_Leading_Zeros(text), width);
+}
+
+std::string Fixed_Text(double value, int decimals)
+{
+    const std::string pattern = "0." + std::string(static_cast<std::size_t>(std::max(decimals, 0)), '0');
+    return Padded(Without_Leading_Zeros(Format_Pattern(value, pattern)), decimals);
+}
+
+std::int16_t To_I16(double value)
+{
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<std::int16_t>::min() && rounded <= std::numeric_limits<std::int16_t>::max()))
+        throw File_Error("A number is outside the range of -32768 to 32767.");
+    return static_cast<std::int16_t>(rounded);
+}

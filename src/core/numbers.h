@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// The only readers and printers of numbers in files. The point is the decimal sign, whatever the system's locale is.
+
+// The number that the text begins with, blanks and tabs before it skipped; 0 where there is none. Never fails:
+// a number beyond the range of a double gives the largest one.
+double Val(std::string_view text);
+
+// The general form: at most 15 significant digits, fixed as long as that needs at most 15 decimals and at most 15 digits
+// before the point, else like 1.5E-16. No blanks around it. Throws std::domain_error for a value that is not finite.
+std::string General_Text(double value);
+
+// The print form: the general form with a leading blank (a minus sign if negative) and a trailing blank.
+std::string Print_Form(double value);
+
+// The value in a pattern of leading blanks, zeros, a point and zeros, with or without "E+00": "000", "    0.0", "0.00E+00".
+// Rounds the 15 significant decimal digits of the value, halves away from zero.
+std::string Format_Pattern(double value, std::string_view pattern);
+
+// The fixed scheme for numbers in files. Kind "I" is the general form, any other letter goes by the size of the value.
+// Leading zeros that do not stand before the point become blanks and are cut; blanks fill up to `width`.
+std::string Number_Text(char kind, double value, int width);
+
+// The value with n decimals, and the same steps behind it as in Number_Text.
+std::string Fixed_Text(double value, int decimals);
+
+// The value rounded to an i16, halves to the even number. Throws File_Error outside its range.
+std::int16_t To_I16(double value);

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <string_view>
+
+// The program's release notes, newest first: blocks of lines headed by version and date and closed by a line of dashes; lines end in CR LF.
+std::string_view Release_Notes();
