@@ -1,0 +1,18 @@
+#include "files/broken_line.h"
+
+#include "files/file_messages.h"
+
+Message Broken_Line_Told(const std::string& field)
+{
+    return {std::string(Saving_Input_File), "\"" + field + "\" is too long for its column, or empty: the file cannot be read back as it is."};
+}
+
+Message Broken_Line_Question(const std::string& field)
+{
+    auto message = Broken_Line_Told(field);
+    message.Text += " Do you want to save it all the same?";
+    message.Picture = Icon::Question;
+    message.Buttons = {Button::Yes, Button::No};
+    message.Default = Button::No;
+    return message;
+}

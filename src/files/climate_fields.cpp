@@ -1,0 +1,38 @@
+#include "files/broken_line.h"
+#include "files/climate_file.h"
+#include "files/line_fields.h"
+
+namespace {
+
+Line_Fields Fields_Of(const Climate_Table& table)
+{
+    Line_Fields fields;
+    fields.Words(table.Cli_Title, "Title").End();
+    int number = 0;
+    for (const auto& row : table.Rows) {
+        if (Is_Left_Out(row))
+            continue;
+        fields.About("day " + std::to_string(++number));
+        int column = Climate_Number_First;
+        fields.Words(row.Cli_Day, "Day").Words(row.Cli_Month, "Month").Words(row.Cli_Year, "Year").Tab(column);
+        for (const auto& [value, heading, heading_below, name, shown_with] : Climate_Columns)
+            fields.Scientific(row.*value, name).Tab(column += Scientific_Width);
+        fields.Words(row.Cli_Hour, "Hour").End();
+    }
+    return fields;
+}
+
+} // namespace
+
+std::optional<std::string> Broken_By_Layout(const Climate_Table& table)
+{
+    Climate_Table read;
+    bool complete = true;
+    try {
+        read = Parse_CLI(Format_CLI(table));
+    } catch (const File_Error&) {
+        complete = false;
+    }
+    const auto lost = Fields_Of(table).First_Not_In(Fields_Of(read));
+    return lost || complete ? lost : std::string(Unreadable);
+}

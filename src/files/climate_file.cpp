@@ -1,0 +1,90 @@
+#include "files/climate_file.h"
+
+#include "core/error.h"
+#include "core/text.h"
+
+namespace {
+
+constexpr std::size_t Date_First = 2;
+constexpr std::size_t Date_Width = 2;
+constexpr std::size_t Number_Width = 10;
+constexpr std::size_t Hour_First = 78;
+constexpr std::string_view Blanks_Before_Hour = "      ";
+
+std::string Date_Part(std::string_view text)
+{
+    std::string part(text.substr(0, Date_Width));
+    part.resize(Date_Width, ' ');
+    return part;
+}
+
+Climate_Row Parse_Row(std::string_view line)
+{
+    Climate_Row row;
+    row.Cli_Day = Date_Part(Columns(line, Date_First));
+    row.Cli_Month = Date_Part(Columns(line, Date_First + Date_Width));
+    row.Cli_Year = Date_Part(Columns(line, Date_First + 2 * Date_Width));
+    std::size_t first = Climate_Number_First;
+    for (const auto& column : Climate_Columns) {
+        row.*column.Number = Val(Columns(line, first, Number_Width));
+        first += Number_Width;
+    }
+    if (line.size() > Hour_First)
+        row.Cli_Hour = Columns(line, Hour_First);
+    return row;
+}
+
+} // namespace
+
+bool Is_Left_Out(const Climate_Row& row)
+{
+    const auto day = Trim(row.Cli_Day);
+    return day.empty() || day == "0" || day == "00";
+}
+
+Climate_Table Parse_CLI(std::string_view bytes)
+{
+    Line_Reader lines(bytes);
+    Climate_Table table;
+    table.Cli_Title = lines.Next();
+    while (!lines.At_End()) {
+        const auto line = lines.Next();
+        if (table.Rows.size() < Most_Climate_Rows)
+            table.Rows.push_back(Parse_Row(line));
+        else if (!line.empty()) // the empty line at the end takes no row
+            throw File_Error("The file has more than " + std::to_string(Most_Climate_Rows) + " days.");
+    }
+    return table;
+}
+
+std::string Format_CLI(const Climate_Table& table)
+{
+    std::string text = table.Cli_Title;
+    text += CrLf;
+    for (const auto& row : table.Rows) {
+        if (Is_Left_Out(row))
+            continue;
+        text += ' ';
+        text += Date_Part(row.Cli_Day) + Date_Part(row.Cli_Month) + Date_Part(row.Cli_Year);
+        for (const auto& column : Climate_Columns)
+            text += Number_Text('G', row.*column.Number, Number_Width);
+        text += Blanks_Before_Hour;
+        text += row.Cli_Hour;
+        text += CrLf;
+    }
+    text += CrLf;
+    return text;
+}
+
+std::string Cell_Text(const Climate_Row& row, const Climate_Column& column)
+{
+    return Format_Pattern(row.*column.Number, column.Shown_With);
+}
+
+void Round_As_Shown(Climate_Table& table)
+{
+    for (auto& row : table.Rows) {
+        for (const auto& column : Climate_Columns)
+            row.*column.Number = Val(Cell_Text(row, column));
+    }
+}

@@ -1,0 +1,64 @@
+#include "core/files.h"
+#include "files/climate_file.h"
+#include "files/file_messages.h"
+#include "files/pesticide_file.h"
+#include "files/scenario_file.h"
+
+namespace fs = std::filesystem;
+
+bool Read_PSM(Session& session, const fs::path& file)
+try {
+    Parse_PSM(Read_Whole(file), session.Pesticide);
+    session.Program.PSM_Read_OK = true;
+    return true;
+} catch (const File_Error&) {
+    Refuse_Document(session);
+    return false;
+}
+
+bool Write_PSM(Session& session, const fs::path& file)
+try {
+    Write_Whole(file, Format_PSM(session.Pesticide));
+    return true;
+} catch (const File_Error& error) {
+    Tell_Not_Saved(session, file, error);
+    return false;
+}
+
+bool Read_SZE(Session& session, const fs::path& file)
+try {
+    Reset_SZE(session.Scenario);
+    Parse_SZE(Read_Whole(file), session.Scenario);
+    session.Program.PSM_Read_OK = true;
+    return true;
+} catch (const File_Error&) {
+    Refuse_Document(session);
+    return false;
+}
+
+bool Write_SZE(Session& session, const fs::path& file)
+try {
+    Write_Whole(file, Format_SZE(session.Scenario));
+    return true;
+} catch (const File_Error& error) {
+    Tell_Not_Saved(session, file, error);
+    return false;
+}
+
+bool Read_CLI(Session& session, const fs::path& file)
+try {
+    session.Climate = Parse_CLI(Read_Whole(file));
+    return true;
+} catch (const File_Error& error) {
+    Refuse_Climate(session, error);
+    return false;
+}
+
+bool Write_CLI(Session& session, const fs::path& file)
+try {
+    Write_Whole(file, Format_CLI(session.Climate));
+    return true;
+} catch (const File_Error& error) {
+    Tell_Not_Saved(session, file, error);
+    return false;
+}

@@ -1,0 +1,114 @@
+#pragma once
+
+#include "files/lines.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+// The name of what is lost where a text cannot be read again although all fields that came back are right.
+constexpr std::string_view Unreadable = "A count or the end of the file";
+
+// Lists the fields of lines as they must come out of a file again: texts, and numbers to the digits that the file keeps. Prints the lines
+// as it goes, to see which field overruns the column behind it.
+class Line_Fields {
+public:
+    // What the fields that follow belong to; empty for the document itself.
+    void About(std::string subject) { Subjects.push_back(std::move(subject)); }
+
+    Line_Fields& Field(double value, std::string_view name)
+    {
+        Out.Field(value, name);
+        return Keep(General_Text(value), name);
+    }
+    Line_Fields& Field(const Variant& value, std::string_view name)
+    {
+        Out.Field(value, name);
+        return Keep(General_Text(Meant(value)), name);
+    }
+    Line_Fields& Value_Of(const Variant& value, std::string_view name) { return Field(value.Number(), name); }
+    Line_Fields& Whole(std::int16_t value, std::string_view name) { return Field(value, name); }
+    template <class Value> Line_Fields& Scientific(const Value& value, std::string_view name)
+    {
+        Out.Scientific(value, name);
+        return Keep(General_Text(Val(Number_Text('E', value, Scientific_Width))), name);
+    }
+    template <class Value> Line_Fields& Pattern(const Value& value, std::string_view pattern, std::string_view name)
+    {
+        const std::string text = Format_Pattern(Variant(value).Number(), pattern);
+        Out.Text(text);
+        return Keep(General_Text(Val(text)), name);
+    }
+    Line_Fields& Words(const Variant& value, std::string_view name) { return Words(value.Print(), name); }
+    Line_Fields& Words(const std::string& text, std::string_view name)
+    {
+        Out.Text(text);
+        return Keep(std::string(Trim(text)), name);
+    }
+
+    Line_Fields& Tag(std::string_view text) { return Text(text); }
+    Line_Fields& Text(std::string_view text)
+    {
+        Out.Text(text);
+        return *this;
+    }
+    Line_Fields& Spc(int blanks)
+    {
+        Out.Spc(blanks);
+        return *this;
+    }
+    Line_Fields& Tab(int column)
+    {
+        const auto before = Out.Printed().size();
+        Out.Tab(column);
+        if (!List.empty() && Out.Printed().find(CrLf, before) == before)
+            List.back().Too_Wide = true;
+        return *this;
+    }
+    Line_Fields& Zone()
+    {
+        Out.Zone();
+        return *this;
+    }
+    void End() { Out.End(); }
+
+    // The name of the first field that is lost in the other list, or of the one before it that is too wide for its column and so made it.
+    std::optional<std::string> First_Not_In(const Line_Fields& other) const
+    {
+        const auto lost = std::ranges::mismatch(List, other.List, [](const Kept& a, const Kept& b) { return a.Name == b.Name && a.Text == b.Text; }).in1;
+        if (lost == List.end())
+            return std::nullopt;
+        const auto wide = std::find_if(List.begin(), lost, [](const Kept& kept) { return kept.Too_Wide; });
+        return Full_Name(*wide);
+    }
+
+private:
+    struct Kept {
+        std::string_view Name; // of a literal
+        std::size_t Subject;
+        std::string Text;
+        bool Too_Wide = false;
+    };
+
+    Line_Fields& Keep(std::string text, std::string_view name)
+    {
+        List.push_back({name, Subjects.size() - 1, std::move(text)});
+        return *this;
+    }
+
+    // What the user means by a text: a comma is a point, which the reader would not know.
+    static double Meant(const Variant& value) { return value.Is_Text() ? Val(Comma_To_Point(value.Text())) : value.Number(); }
+
+    std::string Full_Name(const Kept& kept) const
+    {
+        const auto& subject = Subjects[kept.Subject];
+        return std::string(kept.Name) + (subject.empty() ? "" : " of " + subject);
+    }
+
+    std::vector<std::string> Subjects{""};
+    std::vector<Kept> List;
+    Line_Out Out;
+};

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "core/error.h"
+#include "core/print_line.h"
+#include "core/text.h"
+#include "core/variant.h"
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+
+// Field is a value in print form, Value_Of a field that prints as a number whatever it holds, Scientific a number in scientific text, Pattern
+// one in a format pattern, Words a text without blanks, Whole
+// a flag that reads as 0 where the file has a fraction, Tag a fixed word that stands where a field could.
+//
+// The layout of a line is one function template over these: Line_In reads a line's fields by it, Line_Out prints them, and Line_Fields
+// (line_fields.h) lists them. Every field carries the name that a user knows it by.
+
+// Numbers in the scientific text of a file have this width.
+constexpr int Scientific_Width = 10;
+
+// Takes the fields of a line word by word; one that is missing is 0. Columns, blanks and fixed texts do not matter to it.
+class Line_In {
+public:
+    explicit Line_In(std::string_view line) : Rest(line) {}
+
+    double Number() { return Val(Next_Token(Rest)); }
+    std::string_view Word() { return Trim(Next_Token(Rest)); }
+    std::string_view Remainder() const { return Rest; }
+
+    template <class Value> Line_In& Field(Value& value, std::string_view)
+    {
+        Take(value);
+        return *this;
+    }
+    template <class Value> Line_In& Scientific(Value& value, std::string_view name) { return Field(value, name); }
+    template <class Value> Line_In& Pattern(Value& value, std::string_view, std::string_view name) { return Field(value, name); }
+    template <class Value> Line_In& Value_Of(Value& value, std::string_view name) { return Field(value, name); }
+    Line_In& Words(Variant& value, std::string_view)
+    {
+        value = Word();
+        return *this;
+    }
+    Line_In& Whole(std::int16_t& value, std::string_view)
+    {
+        const double number = Number();
+        const double whole = std::floor(number);
+        value = number - whole < 0.01 ? To_I16(whole) : std::int16_t{0};
+        return *this;
+    }
+    Line_In& Tag(std::string_view)
+    {
+        Word();
+        return *this;
+    }
+
+    Line_In& Text(std::string_view) { return *this; }
+    Line_In& Spc(int) { return *this; }
+    Line_In& Tab(int) { return *this; }
+    Line_In& Zone() { return *this; }
+
+private:
+    void Take(double& value) { value = Number(); }
+    void Take(Variant& value) { value = Number(); }
+    void Take(std::int16_t& value) { value = To_I16(Number()); }
+    void Take(std::string& value) { value = Word(); }
+
+    std::string_view Rest;
+};
+
+// Prints the fields of lines.
+class Line_Out {
+public:
+    Line_Out& Field(double value, std::string_view)
+    {
+        Out.Number(value);
+        return *this;
+    }
+    Line_Out& Field(const Variant& value, std::string_view)
+    {
+        Out.Item(value);
+        return *this;
+    }
+    Line_Out& Scientific(double value, std::string_view) { return Text(Number_Text('E', value, Scientific_Width)); }
+    Line_Out& Scientific(const Variant& value, std::string_view) { return Text(Number_Text('E', value, Scientific_Width)); }
+    Line_Out& Pattern(double value, std::string_view pattern, std::string_view) { return Text(Format_Pattern(value, pattern)); }
+    Line_Out& Pattern(const Variant& value, std::string_view pattern, std::string_view name) { return Pattern(value.Number(), pattern, name); }
+
+    Line_Out& Value_Of(const Variant& value, std::string_view name) { return Field(value.Number(), name); }
+    Line_Out& Words(const Variant& value, std::string_view) { return Text(value.Print()); }
+    Line_Out& Whole(std::int16_t value, std::string_view name) { return Field(value, name); }
+    Line_Out& Tag(std::string_view text) { return Text(text); }
+
+    Line_Out& Text(std::string_view text)
+    {
+        Out.Text(text);
+        return *this;
+    }
+    Line_Out& Spc(int blanks)
+    {
+        Out.Spc(blanks);
+        return *this;
+    }
+    Line_Out& Tab(int column)
+    {
+        Out.Tab(column);
+        return *this;
+    }
+    Line_Out& Zone()
+    {
+        Out.Zone();
+        return *this;
+    }
+    Line_Out& End()
+    {
+        Out.End();
+        return *this;
+    }
+    Line_Out& Line(std::string_view text) { return Text(text).End(); }
+
+    const std::string& Printed() const { return Out.Printed(); }
+
+private:
+    Print_Line Out;
+};
+
+// A count read from a file or held in a document. Throws File_Error unless it is 0 to `most`.
+inline int Checked_Count(double count, int most, std::string_view of_what)
+{
+    if (!(count >= 0 && count <= most))
+        throw File_Error("The number of " + std::string(of_what) + " is not between 0 and " + std::to_string(most) + ".");
+    return static_cast<int>(count);
+}

@@ -1,0 +1,107 @@
+#include "files/broken_line.h"
+#include "files/line_fields.h"
+#include "files/scenario_file.h"
+#include "files/scenario_lines.h"
+
+namespace {
+
+// Without a crop with tillage no date of senescence or tillage is read.
+void Change_As_Read(Scenario_Document& document)
+{
+    if (Has_Tillage(document))
+        return;
+    for (auto& row : document.Rotation) {
+        row.SZE_Sen_Day = row.SZE_Har_Day;
+        row.SZE_Sen_Month = row.SZE_Har_Month;
+        row.SZE_Sen_Year = row.SZE_Har_Year;
+    }
+}
+
+template <class Rows> std::size_t In_Use(const Rows& rows, double count)
+{
+    return std::min(rows.size(), static_cast<std::size_t>(std::max(count, 0.0)));
+}
+
+// In the order of the file.
+class Lister {
+public:
+    explicit Lister(const Scenario_Document& document) : Document(document) {}
+
+    Line_Fields List()
+    {
+        Fields.Words(Document.SZE_Title, "Title").End();
+        Evapotranspiration_Line(Fields, Document);
+        Fields.End();
+        Fields.Field(Document.SZE_Erosion, "Erosion flag").End();
+        if (Document.SZE_Erosion == 1)
+            Erosion_Line(Fields, Document);
+        Fields.End();
+        List_Crops();
+        List_Horizons();
+        Bottom_Line(Fields, Document);
+        Fields.End();
+        Output_Line(Fields, Document);
+        Fields.End();
+        Macropore_Line(Fields, Document);
+        Fields.End();
+        Latitude_Line(Fields, Document);
+        return Fields;
+    }
+
+private:
+    void List_Crops()
+    {
+        Fields.Field(Document.SZE_Crop_Count, "Number of crops").End();
+        for (std::size_t c = 0; c < In_Use(Document.Crops, Document.SZE_Crop_Count); ++c) {
+            Fields.About("crop row " + std::to_string(c + 1));
+            Crop_Line(Fields, Document.Crops[c]);
+            Crop_Extension(Fields, Document.Crops[c]);
+            Fields.End();
+        }
+        Fields.About("");
+        Fields.Field(Document.SZE_Rot_Count, "Number of rotation rows").End();
+        for (std::size_t r = 0; r < In_Use(Document.Rotation, Document.SZE_Rot_Count); ++r) {
+            Fields.About("rotation row " + std::to_string(r + 1));
+            Rotation_Line(Fields, Document.Rotation[r], Has_Tillage(Document));
+            Fields.End();
+        }
+        Fields.About("");
+    }
+
+    void List_Horizons()
+    {
+        Soil_Line(Fields, Document);
+        Fields.End();
+        Horizon_Head_Line(Fields, Document);
+        Fields.End();
+        for (std::size_t h = 0; h < In_Use(Document.Horizons, Document.SZE_Horizons.Number()); ++h) {
+            Fields.About("horizon " + std::to_string(h + 1));
+            Horizon_Line_One(Fields, Document.Horizons[h], h + 1);
+            Fields.End();
+            Horizon_Line_Two(Fields, Document.Horizons[h], Document.SZE_Hydraulic_Flag.Number() == 0);
+            Fields.End();
+        }
+        Fields.About("");
+    }
+
+    const Scenario_Document& Document;
+    Line_Fields Fields;
+};
+
+} // namespace
+
+std::optional<std::string> Broken_By_Layout(const Scenario_Document& document)
+{
+    Scenario_Document written = document, read;
+    bool complete = true;
+    try {
+        Reset_SZE(read);
+        Parse_SZE(Format_SZE(written), read);
+    } catch (const File_Error&) {
+        complete = false;
+    }
+    Change_As_Read(written);
+    Change_As_Read(read);
+    const auto lost = Lister(written).List().First_Not_In(Lister(read).List());
+    return lost || complete ? lost : std::string(Unreadable);
+}
