@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QDialog>
+
+// Asks how many years a run with an irregular application pattern simulates.
+class Dialog : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit Dialog(QWidget* parent = nullptr);
+
+    // The years chosen, or nothing while none was.
+    int Years() const { return Chosen; }
+
+private:
+    int Chosen = 0;
+};

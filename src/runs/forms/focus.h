@@ -1,0 +1,91 @@
+#pragma once
+
+#include "runs/batch.h"
+
+#include <array>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QTimer>
+
+class Help_Assistant;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLayout;
+class QListWidget;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+
+// Sets up the runs of a regulatory mode: pesticide file, crop and location, the pending batch, and the state of the job.
+class FOCUS : public QDialog {
+    Q_OBJECT
+
+public:
+    FOCUS(Session& session, const Mode& mode, QWidget* parent = nullptr);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Lay_Out();
+    QLayout* Lists();
+    QLayout* Application_Data();
+    QLayout* Options();
+    QWidget* Scaling_Choice();
+    QLayout* Versions();
+    QLayout* Job_State();
+    QLayout* Buttons();
+    void Attach_Help();
+    QListWidget* List(const QString& name, const QString& caption, const QString& label_name, QLayout* into);
+
+    void Activate();
+    void List_Pesticides();
+    void Restore(const Run_Template& saved);
+    void Crop_Click();
+    void Fill_Locations(std::string_view code);
+    void Evaluate();
+    void Show_Selection();
+    void Show_Output_Option();
+    void Ausgabe_Click(int option);
+    Run_Choice Choice() const;
+
+    void Mark();
+    void Mark_All_Locations();
+    void Run();
+    void Run_Anyway();
+    void Tick();
+    void Show_Job(bool running);
+    void Show_Progress();
+
+    void Evaluation();
+    void Edit_Pesticide();
+    void Edit_Scenario();
+    void Delete_Selected();
+    bool Key(int key);
+
+    Session& Shared;
+    const Mode& The_Mode;
+    Selection Selected;
+    Help_Assistant* Assistant = nullptr;
+    int Crop_Step = 0;
+    bool First_Open = true;
+    std::string Last_PSM;
+    int Irregular_Years = 26;
+    double Kept_Number = 0;
+
+    QListWidget *Pesticide = nullptr, *Crop_List = nullptr, *Location_List = nullptr;
+    QLabel *App_Modus = nullptr, *app_Date = nullptr, *Warnung = nullptr, *Hinweis = nullptr;
+    QWidget* Warning_Box = nullptr;
+    QGroupBox* Frame4 = nullptr;
+    QComboBox* L_tildepth = nullptr;
+    QComboBox* Scaling = nullptr; // of the temperatures, in Tier 4 alone
+    std::array<QRadioButton*, 3> Ausgabe{};
+    QPushButton *s_run = nullptr, *Batchdatei = nullptr, *Multi_batch = nullptr, *Command1 = nullptr, *Command2 = nullptr;
+    QWidget* Job_Box = nullptr;
+    QProgressBar* Job_Bar = nullptr;
+    QLabel* Job_Text = nullptr;
+    QTimer Timer1;
+    QElapsedTimer Since_Progress;
+};

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "runs/single_run.h"
+
+#include <array>
+#include <QDialog>
+#include <QTimer>
+
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QListWidget;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+
+// The single run: its input files, its period, its output, the archive of earlier output.
+class form_end : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit form_end(Session& session, QWidget* parent = nullptr);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Lay_Out();
+    QLayout* Directory_Row();
+    QLayout* Files();
+    QLayout* Climate_List();
+    QLayout* Period();
+    QLayout* Output();
+    QWidget* Archive();
+    QLayout* Buttons();
+
+    void Choose_Directory();
+    void Refresh_Files();
+    void Load(const Single_Run_Entry& entry);
+    Single_Run_Entry Entry() const;
+    bool Has_Climate_File();
+    void Insert_Climate();
+    void Append_Climate();
+    void Remove_Climate();
+    void Ausgabe_Click(int option);
+    void Start();
+    void Open_Archive();
+    void Move_To_Archive();
+    void Close_Archive();
+    void Refuse(const Refusal& refusal);
+    void Leave(const std::optional<Refusal>& refusal);
+    void Show_State();
+
+    Session& Shared;
+    std::filesystem::path Directory;
+    QLabel* Dir1 = nullptr;
+    QListWidget *File_psm = nullptr, *File_sce = nullptr, *File_cli = nullptr, *List_cli = nullptr;
+    std::array<QLabel*, 2> Label2{};
+    QComboBox *Combo_stad = nullptr, *Combo_endd = nullptr, *Combo_stam = nullptr, *Combo_endm = nullptr;
+    QLineEdit *Text_years = nullptr, *Text1 = nullptr;
+    std::array<QRadioButton*, 3> Ausgabe{};
+    QGroupBox* Frame1 = nullptr;
+    QPushButton* Command8 = nullptr;
+    QProgressBar* Run_Bar = nullptr;
+    QLabel* Run_Text = nullptr;
+    QTimer Timer1;
+};

@@ -1,0 +1,180 @@
+#include "core/code_page.h"
+#include "core/files.h"
+#include "core/text.h"
+#include "runs/job.h"
+
+#include <algorithm>
+#include <set>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view Echo_Off = "echo off";
+constexpr std::string_view Change = "cd ";
+constexpr std::string_view Climb = "cd ..\\..\\..\\";
+constexpr std::string_view Delete_Output = "if exist *.orv del *.orv";
+constexpr int Levels = 3; // pesticide, crop, location
+
+std::string Delete_Engine(std::string_view engine)
+{
+    return "if exist " + std::string(engine) + " del " + std::string(engine);
+}
+
+[[noreturn]] void Refuse(int line)
+{
+    throw File_Error("The job file holds something else than a job in line " + std::to_string(line) + ".");
+}
+
+std::vector<std::string_view> Split_Directory(std::string_view directory)
+{
+    std::vector<std::string_view> levels;
+    while (true) {
+        const auto end = directory.find('\\');
+        levels.push_back(directory.substr(0, end));
+        if (end == std::string_view::npos)
+            return levels;
+        directory.remove_prefix(end + 1);
+    }
+}
+
+// Three names that end in ".run", so that a job never leaves its mode directory.
+bool Is_Run_Directory(std::string_view directory)
+{
+    const auto levels = Split_Directory(directory);
+    return levels.size() == Levels && std::ranges::all_of(levels, [](std::string_view level) {
+               const bool clean = std::ranges::none_of(level, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '/'; });
+               return clean && level.size() > 4 && Same_Text(level.substr(level.size() - 4), ".run");
+           });
+}
+
+bool Is_Engine(std::string_view name)
+{
+    const bool clean = std::ranges::none_of(name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '/' || c == '\\'; });
+    return clean && Matches(name, "orvel*.exe");
+}
+
+// The lines of a job file with their numbers; empty ones say nothing.
+class Job_Lines {
+public:
+    explicit Job_Lines(std::string_view bytes) : Lines(bytes) { Advance(); }
+
+    bool At_End() const { return Ended; }
+    std::string_view Line() const { return Current; }
+    void Advance()
+    {
+        do {
+            Ended = Lines.At_End();
+            Current = Ended ? std::string_view() : Lines.Next();
+        } while (!Ended && Trim(Current).empty());
+    }
+    bool Skip_If(std::string_view expected)
+    {
+        if (Ended || !Same_Text(Current, expected))
+            return false;
+        Advance();
+        return true;
+    }
+    void Require(std::string_view expected)
+    {
+        if (!Skip_If(expected))
+            Refuse(Lines.Line_Number());
+    }
+    [[noreturn]] void Refuse_Here() const { Refuse(Lines.Line_Number()); }
+
+private:
+    Line_Reader Lines;
+    std::string_view Current;
+    bool Ended = false;
+};
+
+Job_Run Parse_Run(Job_Lines& lines, bool first)
+{
+    if (!first)
+        lines.Require(Climb);
+    if (!lines.Line().starts_with(Change) || !Is_Run_Directory(lines.Line().substr(Change.size())))
+        lines.Refuse_Here();
+    Job_Run run{.Directory = std::string(lines.Line().substr(Change.size())), .Engine = {}};
+    lines.Advance();
+    lines.Require(Delete_Output);
+    if (!Is_Engine(lines.Line()))
+        lines.Refuse_Here();
+    run.Engine = lines.Line();
+    lines.Advance();
+    lines.Require(Delete_Engine(run.Engine));
+    return run;
+}
+
+// The directories below `parent` whose name is written as `level` in a job: first the one that the code page gives.
+std::vector<fs::path> Matching_Directories(const fs::path& parent, std::string_view level)
+{
+    const std::string name = Dos_To_Ansi(level);
+    const fs::path plain = parent / Path_Of(name);
+    if (Ansi_To_Dos(name) == name && name == level)
+        return {plain};
+    std::vector<fs::path> found{plain};
+    for (const auto& entry : List_Directories(parent, "*.run")) {
+        const auto bytes = Name_Of(entry);
+        if (bytes && Ansi_To_Dos(*bytes) == level && parent / entry != plain)
+            found.push_back(parent / entry);
+    }
+    return found;
+}
+
+std::vector<fs::path> Candidates(const fs::path& mode_directory, std::string_view directory)
+{
+    std::vector<fs::path> found{mode_directory};
+    for (const auto level : Split_Directory(directory)) {
+        std::vector<fs::path> below;
+        for (const auto& parent : found)
+            std::ranges::move(Matching_Directories(parent, level), std::back_inserter(below));
+        found = std::move(below);
+    }
+    return found;
+}
+
+} // namespace
+
+std::vector<Job_Run> Parse_Job(std::string_view bytes)
+{
+    Job_Lines lines(bytes);
+    lines.Skip_If(Echo_Off);
+    std::vector<Job_Run> runs;
+    while (!lines.At_End())
+        runs.push_back(Parse_Run(lines, runs.empty()));
+    return runs;
+}
+
+std::string Format_Job_Run(std::string_view run_directory, std::string_view engine, bool first)
+{
+    std::string text;
+    const auto add = [&text](std::string_view line) { text.append(line).append(CrLf); };
+    if (!first)
+        add(Climb);
+    add(std::string(Change) + Ansi_To_Dos(run_directory));
+    add(Delete_Output);
+    add(engine);
+    add(Delete_Engine(engine));
+    return text;
+}
+
+std::string Format_Job(std::string_view batch)
+{
+    return std::string(Echo_Off) + std::string(CrLf) + std::string(batch);
+}
+
+std::vector<fs::path> Resolve_Runs(const fs::path& mode_directory, const std::vector<Job_Run>& runs)
+{
+    std::vector<fs::path> paths;
+    std::set<fs::path> taken;
+    for (const auto& run : runs) {
+        const auto candidates = Candidates(mode_directory, run.Directory);
+        const auto free = std::ranges::find_if(candidates, [&](const fs::path& path) {
+            std::error_code ignored;
+            return !taken.contains(path) && (candidates.size() == 1 || fs::is_directory(path, ignored));
+        });
+        paths.push_back(free == candidates.end() ? candidates.front() : *free);
+        taken.insert(paths.back());
+    }
+    return paths;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <ctime>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+
+// orveljob.log in the mode directory: what the last job did. One line an event, UTF-8, its fields parted by tabs: local time, word, run
+// directory below the mode directory, detail.
+
+constexpr std::string_view Job_Log_Name = "orveljob.log";
+
+enum class Job_Event { Begin, Started, Finished, Failed, Killed, End };
+std::string_view Event_Word(Job_Event event);
+
+class Job_Log {
+public:
+    // Begins an empty log. Throws File_Error if it cannot be written.
+    explicit Job_Log(const std::filesystem::path& mode_directory);
+    Job_Log(const Job_Log&) = delete;
+    Job_Log& operator=(const Job_Log&) = delete;
+    ~Job_Log();
+
+    void Add(Job_Event event, std::string_view run, std::string_view detail) const;
+
+private:
+    int Number;
+};
+
+struct Job_History {
+    std::time_t Begin = 0; // 0: no log
+    bool Ended = false;
+    std::map<std::string, Job_Event, std::less<>> Runs; // last event of a run directory
+};
+
+// A line that is none is passed over.
+Job_History Parse_Job_Log(std::string_view text);
+Job_History Read_Job_Log(const std::filesystem::path& mode_directory); // empty without a readable log
+
+// "2024-05-31 14:05:09" in local time, and back; 0 for any other text.
+std::string Time_Text(std::time_t time);
+std::time_t Time_Of_Text(std::string_view text);

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "runs/mode.h"
+
+#include <ctime>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// What can be seen of a job from outside: by locks and files, without waiting and without disturbing it.
+
+// What an engine prints while it runs: "YEAR 3 OF 26". It stands in the run directory and stays there if the run fails.
+constexpr std::string_view Progress_Name = "progress.orv";
+
+// Whether a job or an engine of the mode is at work. A missing probe file counts as running.
+bool Job_Running(const Session& session, const Mode& mode);
+
+// The years, at most `years`, that the engine of a run directory has behind it: as it says itself, else the last one in its water balance.
+double Years_Done(const std::filesystem::path& run, double years);
+
+struct Job_Progress {
+    int Runs = 0, Done = 0, Running = 0, Failed = 0; // runs; those failed are among those done
+    double Years = 0, Years_Done = 0;                // simulated years of the whole job
+    double Seconds_Left = -1;                        // -1: not known yet
+};
+Job_Progress Progress_Of_Job(const Session& session, const Mode& mode);
+
+// One line for people: "3 of 12 runs, 2 running, 41 %, 3 min left".
+std::string Progress_Text(const Job_Progress& progress);
+
+enum class Run_Status { Scheduled, Running, Data_Available };
+std::string_view Status_Text(Run_Status status); // "Scheduled", "Running", "Data available"
+
+// The status of a run directory.
+Run_Status Status_Of_Run(const std::filesystem::path& run);
+
+enum class Run_Result { None, Finished, Error, Killed }; // None: not run yet, or at work
+std::string_view Result_Text(Run_Result result);         // "", "finished", "ERROR", "killed"
+
+// The result of a run whose data are available: ERROR if the echo holds one, killed if the engine could not finish it.
+Run_Result Result_Of_Run(const std::filesystem::path& run);
+// Whether the end of the echo file of a run, if it has one, holds an error.
+bool Echo_Holds_Error(const std::filesystem::path& run);
+
+struct Simulation {
+    std::string Pesticide, Crop, Location; // as the list shows them, bytes of Windows-1252
+    std::filesystem::path Directory;       // the run directory
+    std::time_t Date = 0;                  // of the run directory
+    Run_Status Status = Run_Status::Scheduled;
+    Run_Result Result = Run_Result::None;
+};
+
+// All run directories of the mode, sorted by pesticide, crop and location. At most 31 crops of a pesticide and 31 locations of a crop.
+std::vector<Simulation> Simulation_List(const Session& session, const Mode& mode);
+
+// The date as the list shows it, in local time: "2024-05-31 14:05".
+std::string Date_Text(std::time_t date);

@@ -1,0 +1,60 @@
+#include "runs/output_selection.h"
+
+namespace {
+
+constexpr int Leachate = 23;
+constexpr int One_Metre = 100;
+constexpr int First_Substance_Variable = 8;
+
+constexpr Output_Selection Start_Slots = {
+    {{1, 0}, {2, 0}, {3, 100}, {4, 0}, {6, 0}, {6, 30}, {7, 0}, {7, 30}, {8, 0}, {9, 0}, {12, 0}, {20, 100}, {21, 0}, {23, 100}}};
+constexpr Output_Selection Recommended_Slots = {
+    {{1, 0}, {2, 0}, {3, 100}, {4, 0}, {6, 0}, {6, 30}, {7, 0}, {7, 30}, {8, 0}, {9, 0}, {12, 0}, {14, 5}, {20, 100}, {21, 0}, {23, 100}}};
+
+// Only the depths that are not 0 in the recommended table are looked at, and no substance.
+bool Is_Recommended(const Output_Selection& output)
+{
+    for (std::size_t i = 0; i < output.size(); ++i) {
+        const auto& wanted = Recommended_Slots[i];
+        if (output[i].Out_Var != wanted.Out_Var || (wanted.Out_Depth != 0 && output[i].Out_Depth != wanted.Out_Depth))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+Output_Selection Start_Output()
+{
+    return Start_Slots;
+}
+
+Output_Selection Minimum_Output()
+{
+    return {{{Leachate, One_Metre}}};
+}
+
+Output_Selection Recommended_Output()
+{
+    return Recommended_Slots;
+}
+
+Output_Option Option_Of_Output(const Output_Selection& output)
+{
+    if (Is_Recommended(output))
+        return Output_Option::Recommended;
+    if (output[0].Out_Var == Leachate && output[0].Out_Depth == One_Metre)
+        return Output_Option::Minimum;
+    return Output_Option::User_Specific;
+}
+
+bool Substance_Visible(int variable)
+{
+    return variable >= First_Substance_Variable;
+}
+
+bool Depth_Visible(int variable)
+{
+    const bool without = variable <= 2 || variable == 4 || variable == 5 || (variable >= 8 && variable <= 13) || variable == 21 || variable == 22;
+    return !without;
+}

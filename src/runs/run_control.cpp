@@ -1,0 +1,256 @@
+#include "runs/run_control.h"
+
+#include "core/files.h"
+#include "core/output_variables.h"
+#include "core/text.h"
+#include "substance/application_pattern.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::string_view Up_To_Mode = "..\\..\\..\\";
+constexpr std::string_view Whole_Years = " 01 01 31 12";
+constexpr std::string_view Soil = "          SOIL";
+constexpr std::string_view Series = "    TSER";
+constexpr int Profile_Depth = 20; // cm, in steps of 1
+constexpr int Dissolved_Profile = 28;
+constexpr int Content_Profile = 25;
+
+const Output_Variable& Variable_Of(int number)
+{
+    return Output_Variables[static_cast<std::size_t>(std::clamp(number, 0, Last_Output_Variable))];
+}
+
+std::string Line(std::string_view text)
+{
+    return std::string(text) + std::string(CrLf);
+}
+
+std::string Output_Row(int variable, int depth, int substance)
+{
+    const auto& entry = Variable_Of(variable);
+    return Line("    " + std::string(entry.Out_Code) + std::string(Series) + Format_Pattern(depth, "  000") + ".0 " + std::string(entry.Out_Scale) +
+                Format_Pattern(substance, "00000000"));
+}
+
+int Count_Of_Slots(const Output_Selection& output)
+{
+    return static_cast<int>(std::ranges::count_if(output, [](const Output_Slot& slot) { return slot.Out_Var > 0; }));
+}
+
+// As many slots from the first one on as are in use: a gap gives a row without a code, and the last slot is lost.
+std::string Output_Rows(const Output_Selection& output)
+{
+    std::string rows;
+    for (int i = 0; i < Count_Of_Slots(output); ++i) {
+        const auto& slot = output[static_cast<std::size_t>(i)];
+        rows += Output_Row(slot.Out_Var, slot.Out_Depth, slot.Out_Depth2 + 1);
+    }
+    return rows;
+}
+
+std::string Profile_Rows(const Session& session, std::string_view code)
+{
+    const int variable = Contains(code, "P_") ? Dissolved_Profile : Content_Profile;
+    std::string rows;
+    for (int substance = 1; substance <= Substances; ++substance) {
+        if (!session.Pesticide.Met_Present[static_cast<std::size_t>(substance)])
+            continue;
+        for (int depth = 1; depth <= Profile_Depth; ++depth)
+            rows += Output_Row(variable, depth, substance);
+    }
+    return rows;
+}
+
+std::string Header(const Session& session, const Mode& mode, const Run_Choice& choice)
+{
+    std::string header =
+        Format_Pattern(Years_Of_Run(session, mode, choice), "000") + std::string(Whole_Years) + " Version " + General_Text(session.Program.Suite_Minor);
+    if (mode.Tail == Header_Tail::Kept_Number)
+        header += std::string(Soil) + Print_Form(choice.Kept_Number);
+    if (mode.Tail == Header_Tail::Scaling)
+        header += std::string(Soil) + choice.Scaling;
+    return header;
+}
+
+std::string Count_Line(const Session& session, const Mode& mode, const Run_Choice& choice)
+{
+    const std::string count = Format_Pattern(Count_Of_Slots(session.Output), "00000000");
+    if (!mode.Profile_Rows)
+        return count + " " + Format_Pattern(session.Run.Till_Depth, "00") + ".";
+    const auto& present = session.Pesticide.Met_Present;
+    const auto metabolites = std::count(present.begin() + 2, present.end(), true);
+    const std::string depth = choice.Tillage.empty() ? "" : Format_Pattern(Val(choice.Tillage), "    0.0");
+    return count + depth + Format_Pattern(static_cast<double>(Profile_Depth * (1 + metabolites)), "00000000");
+}
+
+Output_Slot Parse_Row(std::string_view row)
+{
+    const auto small = [](double value) { return static_cast<std::int16_t>(std::clamp(value, 0.0, 9999.0)); };
+    return {.Out_Var = static_cast<std::int16_t>(Output_Variable_Number(Columns(row, 5, 4))),
+            .Out_Depth = small(Val(Columns(row, 17, 8))),
+            .Out_Depth2 = small(Val(Columns(row, 33, 8)) - 1)};
+}
+
+void Parse_Rows(Line_Reader& lines, double count, Output_Selection& output)
+{
+    output = {};
+    for (std::size_t i = 0; i < output.size() && static_cast<double>(i) < count; ++i)
+        output[i] = Parse_Row(lines.Next());
+}
+
+int Parse_Years(std::string_view text)
+{
+    constexpr double Most_Printed = 999; // three digits of the first line
+    return static_cast<int>(std::clamp(Val(text), 0.0, Most_Printed));
+}
+
+// The second line behind "..\..\..\": a code of one or of three characters, an underscore and the crop part.
+void Parse_Scenario(const Mode& mode, std::string_view line, Run_Template& restored)
+{
+    constexpr std::size_t Code_Column = 10;
+    constexpr std::size_t Part_Width = 100;
+    const bool zone = mode.Kind == Mode_Kind::Efsa || (mode.Kind == Mode_Kind::Efsa_T4 && Columns(line, 13, 1) == "_");
+    const std::size_t width = zone ? 3 : 1;
+    restored.Code = Upper(Columns(line, Code_Column, width));
+    restored.Crop_Part = Upper(Columns(line, Code_Column + width + 1, Part_Width));
+}
+
+void Parse_Into(const Mode& mode, std::string_view bytes, Run_Template& restored)
+{
+    Line_Reader lines(bytes);
+    const auto header = lines.Next();
+    restored.Years = Parse_Years(Columns(header, 1, 3));
+    if (mode.Tail == Header_Tail::Kept_Number)
+        restored.Kept_Number = Val(Columns(header, 40, 100));
+    Parse_Scenario(mode, lines.Next(), restored);
+    restored.Pesticide = Trim(lines.Next());
+    lines.Skip(restored.Years);
+    const auto count_line = lines.Next();
+    const auto depth = mode.Profile_Rows ? Columns(count_line, 10, 10) : Columns(count_line, 10, 2);
+    restored.Till_Depth = static_cast<int>(std::clamp(Val(depth), 0.0, 255.0));
+    restored.Has_Count_Line = true;
+    restored.Has_Rows = true;
+    Parse_Rows(lines, Val(Columns(count_line, 1, 8)), restored.Output);
+}
+
+void Parse_Single_Into(Session& session, std::string_view bytes)
+{
+    auto& run = session.Run;
+    Line_Reader lines(bytes);
+    std::string_view header = lines.Next();
+    run.Sim_Years = Val(Next_Token(header));
+    run.Start_Day = Val(Next_Token(header));
+    run.Start_Month = Val(Next_Token(header));
+    run.End_Day = Val(Next_Token(header));
+    run.End_Month = static_cast<std::int16_t>(std::clamp(Val(Next_Token(header)), 0.0, 99.0));
+    run.Run_Scenario_File = Trim(lines.Next());
+    run.Run_PSM_File = Trim(lines.Next());
+    run.Run_Cli_Files.clear();
+    for (double year = 0; year < run.Sim_Years.Number(); ++year)
+        run.Run_Cli_Files.emplace_back(Trim(lines.Next()));
+    const double rows = Val(lines.Next());
+    Parse_Rows(lines, rows, session.Output);
+}
+
+} // namespace
+
+bool Fits_A_Line(std::string_view name)
+{
+    constexpr std::size_t Ending = 4;
+    return name.size() > Ending && std::ranges::none_of(name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
+}
+
+std::string Format_Single_Run(const Session& session)
+{
+    const auto& run = session.Run;
+    const int years = Parse_Years(run.Sim_Years.Text());
+    std::string text = Format_Pattern(years, "000");
+    for (const double part : {run.Start_Day.Number(), run.Start_Month.Number(), run.End_Day.Number(), static_cast<double>(run.End_Month)})
+        text += " " + Format_Pattern(part, "00");
+    text += Line("") + Line(run.Run_Scenario_File.Text()) + Line(run.Run_PSM_File.Text());
+    for (std::size_t year = 0; year < static_cast<std::size_t>(years); ++year) {
+        const auto& files = run.Run_Cli_Files;
+        text += Line(files.empty() ? "" : files[std::min(year, files.size() - 1)]);
+    }
+    return text + Line(Format_Pattern(Count_Of_Slots(session.Output), "00000000")) + Output_Rows(session.Output);
+}
+
+int Years_Of_Run(const Session& session, const Mode& mode, const Run_Choice& choice)
+{
+    if (session.Run.App_Pattern == 0 && mode.Asks_Irregular_Years)
+        return choice.Irregular_Years;
+    return Years_Of_Pattern(session.Run.App_Pattern);
+}
+
+std::string Format_Run(Session& session, const Mode& mode, const Run_Choice& choice)
+{
+    session.Run.Till_Depth = static_cast<std::uint8_t>(choice.Tillage_Visible ? std::clamp(Val(choice.Tillage), 0.0, 255.0) : 0);
+    const std::string code = Code_Of_Location(mode, choice.Location);
+    const std::string above(Up_To_Mode);
+    std::string text = Line(Header(session, mode, choice)) + Line(above + code + std::string(Crop_Stem(mode, choice.Crop))) + Line(choice.Pesticide);
+    for (int year = 1; year <= Years_Of_Run(session, mode, choice); ++year)
+        text += Line(above + code + "_" + Format_Pattern(year, "00") + ".cli");
+    text += Line(Count_Line(session, mode, choice)) + Output_Rows(session.Output);
+    return mode.Profile_Rows ? text + Profile_Rows(session, code) : text;
+}
+
+Run_Template Parse_Template(const Mode& mode, std::string_view bytes)
+{
+    Run_Template restored;
+    try {
+        Parse_Into(mode, bytes, restored);
+    } catch (const File_Error&) {
+        // A template that ends early restores what it holds.
+    }
+    return restored;
+}
+
+Run_Template Read_Template(const Session& session, const Mode& mode)
+try {
+    return Parse_Template(mode, Read_Whole(Found_Or_New(Mode_Directory(session, mode), "orvel.inp")));
+} catch (const File_Error&) {
+    return {};
+}
+
+int Tillage_List_Index(const Mode& mode, int till_depth)
+{
+    // The soil modes take the depth itself as the index; only where the list begins with a blank entry is that the entry of this depth.
+    const int index = mode.Profile_Rows ? till_depth : till_depth - 1;
+    return index < static_cast<int>(Tillage_List(mode).size()) ? index : -1;
+}
+
+std::vector<std::string> Tillage_List(const Mode& mode)
+{
+    constexpr int Deepest = 40;
+    std::vector<std::string> entries;
+    if (mode.Blank_Tillage)
+        entries.emplace_back();
+    for (int depth = 1; depth <= Deepest; ++depth)
+        entries.push_back(General_Text(depth));
+    return entries;
+}
+
+std::vector<std::string> Scaling_List()
+{
+    std::vector<std::string> entries;
+    for (int i = -50; i <= 50; ++i)
+        entries.push_back(General_Text(i / 10.0));
+    return entries;
+}
+
+void Parse_Single_Run(Session& session, std::string_view bytes)
+try {
+    Parse_Single_Into(session, bytes);
+} catch (const File_Error&) {
+    // A text that ends early restores what it holds.
+}
+
+bool Read_Single_Run(Session& session, const std::filesystem::path& directory)
+try {
+    Parse_Single_Run(session, Read_Whole(Found_Or_New(directory, "orvel.inp")));
+    return true;
+} catch (const File_Error&) {
+    return false;
+}

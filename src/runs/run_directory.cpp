@@ -1,0 +1,214 @@
+#include "runs/run_directory.h"
+
+#include "core/files.h"
+#include "core/lock.h"
+#include "runs/shown_path.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int Old_Output = 1;
+constexpr int Old_Directory = 2;
+constexpr int New_Directory = 3;
+
+std::string Rights_Text()
+{
+    return "If you are using Windows NT or Windows 2000, please check whether you have sufficient rights to create or delete directories.";
+}
+
+[[noreturn]] void Refuse_Old_Directory(const fs::path& place)
+{
+    throw Stage_Error(Old_Directory, "ORVEL could not delete the following directory (previous simulation): \r\n" + Shown_Path(place) +
+                                         ".\r\n\r\nPlease Check whether there are still files left in the directory. " + Rights_Text());
+}
+
+[[noreturn]] void Refuse_New_Directory(const fs::path& place)
+{
+    throw Stage_Error(New_Directory,
+                      "ORVEL could not create the following directory for the new simulation.\r\n" + Shown_Path(place) + ".\r\n\r\n" + Rights_Text());
+}
+
+void Check_Replaceable(const fs::path& place)
+{
+    std::error_code error;
+    if (!fs::exists(place, error))
+        return;
+    const auto echo = Find_File(place, "echo.orv");
+    if (Is_Locked(place) || (echo && Is_Locked(*echo)) || ::access(place.c_str(), W_OK | X_OK) != 0)
+        Refuse_Old_Output(place);
+    for (fs::directory_iterator entry(place, error), end; !error && entry != end; entry.increment(error)) {
+        std::error_code ignored;
+        if (entry->is_directory(ignored))
+            Refuse_Old_Directory(place);
+    }
+    if (error)
+        Refuse_Old_Directory(place);
+}
+
+// What an attempt that was killed half-way has left; invisible to all lists, since it does not end in ".run".
+void Clear_Leftovers(const fs::path& directory)
+{
+    for (const auto& name : List_Directories(directory, "marked-??????")) {
+        std::error_code ignored;
+        fs::remove_all(directory / name, ignored);
+    }
+}
+
+void Copy(const fs::path& from, const fs::path& to)
+{
+    std::error_code error;
+    if (fs::copy_file(from, to, error))
+        fs::permissions(to, fs::perms::owner_write, fs::perm_options::add, error);
+    if (error)
+        throw File_Error("Cannot copy " + from.string() + ": " + error.message() + ".");
+}
+
+// Flushes a new directory with its files: written first and waited for afterwards, they go to disk together.
+void Flush(const fs::path& directory)
+{
+    std::vector<int> opened;
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(directory, ignored))
+        opened.push_back(::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC));
+    opened.push_back(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    for (const int file : opened)
+        ::sync_file_range(file, 0, 0, SYNC_FILE_RANGE_WRITE);
+    bool flushed = true;
+    for (const int file : opened) {
+        flushed = ::fsync(file) == 0 && flushed;
+        ::close(file);
+    }
+    if (!flushed)
+        throw File_Error("Cannot write to disk in " + directory.string() + ".");
+}
+
+std::string With_Rights_Of_A_New_Directory(const std::string& path)
+{
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    ::chmod(path.c_str(), 0777 & ~mask);
+    return path;
+}
+
+} // namespace
+
+void Refuse_Old_Output(const fs::path& place)
+{
+    throw Stage_Error(Old_Output, "ORVEL could not delete the output files of the following (previous) simulation: \r\n" + Shown_Path(place) +
+                                      ".\r\n\r\n"
+                                      "You are eventually running a ORVEL-Simulation using this combination. "
+                                      "Please wait until the current simulation has finished.\r\n"
+                                      "If you are not running a ORVEL simulation, please check whether you opened any ORVEL output files (extension ORV.)"
+                                      "\r\n\r\n");
+}
+
+Run_Sources Sources_Of_Run(const Session& session, const Mode& mode, const Run_Choice& choice)
+{
+    const fs::path& installation = session.Program.App_Path;
+    const fs::path directory = Mode_Directory(session, mode);
+    const std::string last = mode.Last_Copy.empty() ? Scenario_Name(mode, choice.Crop, choice.Location) : std::string(mode.Last_Copy);
+    return {.Pesticide = Found_Or_New(installation, Path_Of(choice.Pesticide)),
+            .Engine = Found_Or_New(installation, Path_Of(session.Program.Engine_Exe)),
+            .Haude = Found_Or_New(installation, "Haude.dat"),
+            .Run_Control = Found_Or_New(directory, "orvel.inp"),
+            .Last = Found_Or_New(directory, Path_Of(last)),
+            .Engine_Name = session.Program.Engine_Exe,
+            .Last_Stage = mode.Last_Copy_Stage};
+}
+
+New_Run_Directory::New_Run_Directory(const fs::path& place, const Run_Sources& sources) : Place(place)
+{
+    Check_Replaceable(place);
+    try {
+        Make();
+        Fill(sources);
+    } catch (...) {
+        Take_Back();
+        throw;
+    }
+}
+
+New_Run_Directory::~New_Run_Directory()
+{
+    if (!Kept)
+        Take_Back();
+}
+
+void New_Run_Directory::Make()
+{
+    constexpr std::size_t Longest_Name = 255;
+    const fs::path crop = Place.parent_path();
+    for (const auto& level : {crop.parent_path(), crop}) {
+        if (::mkdir(level.c_str(), 0777) == 0)
+            Made_Above.push_back(level);
+        else if (errno != EEXIST)
+            Refuse_New_Directory(Place);
+    }
+    Clear_Leftovers(crop);
+    std::string name = (crop / "marked-XXXXXX").string();
+    if (Place.filename().native().size() > Longest_Name || ::mkdtemp(name.data()) == nullptr)
+        Refuse_New_Directory(Place);
+    Beside = With_Rights_Of_A_New_Directory(name);
+}
+
+void New_Run_Directory::Fill(const Run_Sources& sources)
+{
+    constexpr int Pesticide_Stage = 4;
+    int stage = Pesticide_Stage;
+    const auto copy = [&stage, this](const fs::path& from, const fs::path& name) {
+        Copy(from, Beside / name);
+        ++stage;
+    };
+    try {
+        copy(sources.Pesticide, sources.Pesticide.filename());
+        if (sources.Engine_Name.empty())
+            throw File_Error("There is no engine (orvel*.exe) in the installation directory.");
+        copy(sources.Engine, sources.Engine.filename());
+        copy(sources.Haude, "Haude.dat");
+        copy(sources.Run_Control, "orvel.inp");
+        stage = sources.Last_Stage;
+        copy(sources.Last, sources.Last.filename());
+        Flush(Beside);
+    } catch (const File_Error& error) {
+        throw Stage_Error(stage, Shown(error.what()));
+    }
+}
+
+void New_Run_Directory::Put_In_Place()
+{
+    std::error_code error;
+    if (fs::exists(Place, error)) {
+        std::string name = (Place.parent_path() / "marked-XXXXXX").string();
+        if (::mkdtemp(name.data()) == nullptr || ::rename(Place.c_str(), name.c_str()) != 0)
+            Refuse_Old_Directory(Place);
+        Earlier = name;
+    }
+    if (::rename(Beside.c_str(), Place.c_str()) != 0)
+        Refuse_New_Directory(Place);
+    In_Place = true;
+}
+
+void New_Run_Directory::Keep()
+{
+    Kept = true;
+    std::error_code ignored;
+    if (!Earlier.empty())
+        fs::remove_all(Earlier, ignored);
+}
+
+void New_Run_Directory::Take_Back()
+{
+    std::error_code ignored;
+    fs::remove_all(In_Place ? Place : Beside, ignored);
+    if (!Earlier.empty())
+        ::rename(Earlier.c_str(), Place.c_str());
+    for (auto level = Made_Above.rbegin(); level != Made_Above.rend(); ++level)
+        fs::remove(*level, ignored);
+}

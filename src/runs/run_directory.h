@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/error.h"
+#include "runs/run_control.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+// A run directory is made complete beside its place and then put there, so that neither a half-made one nor the loss of earlier results can
+// be the end of a failure.
+
+// A failure with the stage of the preparation that it happened in; the text is what follows the head of the box.
+struct Stage_Error : File_Error {
+    Stage_Error(int stage, const std::string& text) : File_Error(text), Stage(stage) {}
+    int Stage; // 1 old output in use, 2 old directory, 3 new directory, 4 pesticide file, 5 engine, 6 Haude.dat, 7 orvel.inp, 8 batch, 9 scenario
+};
+
+// Throws the error of stage 1: the earlier run at this place is at work or waits for its turn.
+[[noreturn]] void Refuse_Old_Output(const std::filesystem::path& place);
+
+// The files of a run.
+struct Run_Sources {
+    std::filesystem::path Pesticide, Engine, Haude, Run_Control, Last;
+    std::string Engine_Name;
+    int Last_Stage = 9;
+};
+Run_Sources Sources_Of_Run(const Session& session, const Mode& mode, const Run_Choice& choice);
+
+class New_Run_Directory {
+public:
+    // Checks that the directory can be replaced and makes the new one beside it. Throws Stage_Error; then nothing is left of it.
+    New_Run_Directory(const std::filesystem::path& place, const Run_Sources& sources);
+    New_Run_Directory(const New_Run_Directory&) = delete;
+    New_Run_Directory& operator=(const New_Run_Directory&) = delete;
+    ~New_Run_Directory(); // takes back everything that was not kept
+
+    void Put_In_Place(); // throws Stage_Error
+    void Keep();         // removes the earlier run
+
+private:
+    void Make();
+    void Fill(const Run_Sources& sources);
+    void Take_Back();
+
+    std::filesystem::path Place, Beside, Earlier;
+    std::vector<std::filesystem::path> Made_Above; // levels that were not there before
+    bool In_Place = false, Kept = false;
+};

@@ -1,0 +1,101 @@
+#include "runs/simulations.h"
+
+#include "core/files.h"
+#include "core/lock.h"
+#include "runs/batch.h"
+#include "runs/shown_path.h"
+
+#include <algorithm>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view Deleting = "Deleting simulations";
+
+bool Is_At_Work(const fs::path& run)
+{
+    const auto echo = Find_File(run, "echo.orv");
+    return Is_Locked(run) || (echo && Is_Locked(*echo));
+}
+
+// The three levels of a run below its mode's directory. One that is a link leads elsewhere: what lies there is none of this list's.
+bool Is_In_Place(const fs::path& run)
+{
+    constexpr int Levels = 3;
+    fs::path level = run;
+    for (int i = 0; i < Levels; ++i, level = level.parent_path()) {
+        std::error_code error;
+        if (!Matches(level.filename().string(), "*.run") || fs::symlink_status(level, error).type() != fs::file_type::directory)
+            return false;
+    }
+    return true;
+}
+
+// Deletes the files, then the directory: one that holds another directory stays. False: it is still there.
+bool Remove_Run(const fs::path& run)
+{
+    if (!Is_In_Place(run) || Is_At_Work(run))
+        return false;
+    std::error_code error;
+    for (const auto& file : List_Files(run, "*")) {
+        if (!fs::remove(run / file, error))
+            return false;
+    }
+    return fs::remove(run, error);
+}
+
+// Removes a level that holds no run any more; whatever else a user has put there keeps it.
+void Remove_If_Empty(const fs::path& level)
+{
+    std::error_code ignored;
+    if (List_Directories(level, "*.run").empty())
+        fs::remove(level, ignored);
+}
+
+bool Has_Readable_Echo(const fs::path& run)
+{
+    const auto echo = Find_File(run, "echo.orv");
+    return echo && ::access(echo->c_str(), R_OK) == 0;
+}
+
+} // namespace
+
+void Clean_Leftovers(Session& session, const Mode& mode)
+{
+    const fs::path root = Mode_Directory(session, mode);
+    if (Find_File(root, "orveljob.bat"))
+        return;
+    Load_Batch(session, mode);
+    std::vector<fs::path> pending;
+    for (const auto& run : session.Run.Job_Dir)
+        pending.push_back(Run_Path(root, run));
+    for (const auto& simulation : Simulation_List(session, mode)) {
+        const fs::path& run = simulation.Directory;
+        if (Has_Readable_Echo(run) || std::ranges::find(pending, run) != pending.end())
+            continue;
+        Remove_Run(run);
+        Remove_If_Empty(run.parent_path());
+    }
+}
+
+int Delete_Simulations(Session& session, const std::vector<Simulation>& simulations)
+{
+    const std::string what = simulations.size() > 1 ? "these simulations" : "this simulation";
+    const Message question{std::string(Deleting), "Do you really want to remove " + what + "?", Icon::Question, {Button::Yes, Button::No}, Button::Yes};
+    if (simulations.empty() || session.Ask(question) != Button::Yes)
+        return 0;
+    int removed = 0;
+    for (const auto& simulation : simulations) {
+        const fs::path& run = simulation.Directory;
+        if (Remove_Run(run))
+            ++removed;
+        else
+            session.Ask({std::string(Deleting),
+                         "You are currently running a simulation using the directory\r\n" + Shown_Path(run) + ".\r\n\r\nDelete operation failed!\r\n\r\n"});
+        Remove_If_Empty(run.parent_path());
+        Remove_If_Empty(run.parent_path().parent_path());
+    }
+    return removed;
+}

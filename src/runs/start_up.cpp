@@ -1,0 +1,141 @@
+#include "runs/start_up.h"
+
+#include "core/files.h"
+#include "core/help_texts.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "runs/output_selection.h"
+#include "runs/shown_path.h"
+
+#include <cmath>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int First_Suite = 396; // engine 4.01 goes with suite 5
+
+const Mode& Focus()
+{
+    return Mode_Of(Mode_Kind::Focus);
+}
+
+bool Write_Test(const fs::path& directory)
+try {
+    const fs::path file = Found_Or_New(directory, "worvel2.tmp");
+    std::error_code ignored;
+    fs::remove(file, ignored);
+    Write_Whole(file, "This is ORVEL\r\n");
+    return true;
+} catch (const File_Error&) {
+    return false;
+}
+
+void Delete_Pending_Batch(const Session& session)
+{
+    std::error_code ignored;
+    if (const auto batch = Find_File(Mode_Directory(session, Focus()), "batch.bat"))
+        fs::remove(*batch, ignored);
+}
+
+void Write_Launcher(const Session& session)
+try {
+    const std::string engine = "ORVEL" + General_Text(session.Program.Engine_Version * 100) + ".exe";
+    Write_Whole(Found_Or_New(session.Program.App_Path, "orvel.bat"), engine + "\r\nexit\r\n");
+} catch (const File_Error&) {
+    // Start-up goes on: only a single run needs the launcher, and tells when it is missing.
+}
+
+bool Is_Individual(std::string_view name)
+{
+    return Contains(Lower(name), "indiv");
+}
+
+// The files that become read-only, in the order of the walk.
+std::vector<fs::path> Files_To_Protect(const fs::path& directory)
+{
+    std::vector<fs::path> files;
+    for (const auto& name : List_Files(directory, "*.sze")) {
+        if (!Is_Individual(name))
+            files.push_back(directory / name);
+    }
+    for (const auto& name : List_Files(directory, "*.cli"))
+        files.push_back(directory / name);
+    return files;
+}
+
+} // namespace
+
+void Find_Engine(Session& session)
+{
+    auto& program = session.Program;
+    program.Engine_Exe.clear();
+    for (const auto& engine : List_Files(program.App_Path, "orvel*.exe")) {
+        if (program.Engine_Exe.empty())
+            program.Engine_Exe = Name_Of(engine).value_or("");
+    }
+    program.Engine_Version = Val(Columns(program.Engine_Exe, 6, 3)) / 100;
+    program.Aktuelle_ORVEL_Version = "ORVEL " + General_Text(program.Engine_Version);
+}
+
+bool Start_Up(Session& session)
+{
+    auto& program = session.Program;
+    if (!Write_Test(program.App_Path))
+        return false;
+    Delete_Pending_Batch(session);
+    Find_Engine(session);
+    Write_Launcher(session);
+    program.Suite_Minor = 5;
+    const double suite = std::floor(program.Engine_Version * 100 - First_Suite + 0.5);
+    program.Aktuelle_ORVELSUITE_Version =
+        "ORVELSUITE " + General_Text(suite) + "." + General_Text(program.Suite_Minor) + "." + Scenario_Version(session, Focus());
+    program.Online_Help = false;
+    Load_Help_Texts(session);
+    session.Run.App_Loc_Index = 1;
+    session.Output = Start_Output();
+    return true;
+}
+
+void Check_Decimal_Separator(Session& session, std::string_view printed)
+{
+    if (!Contains(printed, ","))
+        return;
+    session.Ask({"System check", "ORVEL SUITE noticed that the 'komma' is used for decimal numbers in your system (see your regional settings).\r\n"
+                                 "As long as you do not select the 'point' as decimal separator you are not able to create valid input data files."});
+}
+
+std::string Scenario_Version(const Session& session, const Mode& mode)
+try {
+    const std::string bytes = Read_Whole(Found_Or_New(Mode_Directory(session, mode), mode.Version_Source));
+    return std::string(Trim(Columns(Columns(Line_Reader(bytes).Next(), 4), 1, 2)));
+} catch (const File_Error&) {
+    return {};
+}
+
+bool Mode_Available(Session& session, const Mode& mode)
+{
+    if (mode.Missing_Text.empty() || Find_File(Mode_Directory(session, mode), mode.Version_Source))
+        return true;
+    session.Ask({"Data error!", std::string(mode.Missing_Text), Icon::Stop});
+    return false;
+}
+
+bool Files_Protected(const Session& session)
+{
+    return Is_Read_Only(Found_Or_New(Mode_Directory(session, Focus()), Focus().Version_Source));
+}
+
+bool Protect_Files(Session& session, const std::function<void(int, int)>& progress)
+try {
+    const auto files = Files_To_Protect(Mode_Directory(session, Focus()));
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (progress)
+            progress(static_cast<int>(i), static_cast<int>(files.size()));
+        Set_Read_Only(files[i], true);
+    }
+    return true;
+} catch (const File_Error& error) {
+    session.Ask({"File check", Shown(error.what())});
+    return false;
+}
