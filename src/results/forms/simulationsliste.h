@@ -1,0 +1,43 @@
+#pragma once
+
+#include "results/forms/simulation_model.h"
+#include "runs/mode.h"
+
+#include <QDialog>
+#include <QTimer>
+
+class QLayout;
+class QPushButton;
+class QTableView;
+
+// All simulations of a mode with their state: one can be picked for evaluation, any number deleted.
+class Simulationsliste : public QDialog {
+    Q_OBJECT
+
+public:
+    Simulationsliste(Session& session, const Mode& mode, QWidget* parent = nullptr);
+
+    // The run directory of the simulation that was picked; empty without one.
+    const std::filesystem::path& Chosen() const { return Picked; }
+
+private:
+    void Lay_Out();
+    QLayout* Buttons();
+    void Refresh();
+    void Size_Columns();
+    void Select_Again(const std::vector<std::filesystem::path>& runs);
+    void Selection_Changed();
+    void Tick();
+    void Auswaehlen_Click();
+    void Loeschen_Click();
+    void Nochmals_Click();
+    std::vector<Simulation> Selected() const;
+
+    Session& Shared;
+    const Mode& The_Mode;
+    Simulation_Model Simulations;
+    std::filesystem::path Picked;
+    QTableView* Grid1 = nullptr;
+    QPushButton *Auswaehlen = nullptr, *Loeschen = nullptr, *Nochmals = nullptr, *Ende = nullptr;
+    QTimer Timer1;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/session.h"
+#include "results/forms/building_form.h"
+#include "results/summary_report.h"
+
+class Chart_View;
+class QPlainTextEdit;
+
+// The summary of one pesticide and crop over all locations: as text, and as a bar diagram per substance.
+class Zusammenfassung_orv : public Building_Form {
+    Q_OBJECT
+
+public:
+    Zusammenfassung_orv(Session& session, Report_Request request, QWidget* parent = nullptr);
+
+protected:
+    void Build(const Progress& progress) override;
+    void Show_Built() override;
+
+private:
+    bool Shows_Diagram() const;
+    void S_Diagramm_Click();
+    void Next_Substance();
+    void Draw();
+    void Copy();
+    void Print();
+
+    Session& Shared;
+    const Report_Request Request;
+    std::optional<Report> Built_Report;
+    std::size_t Substance = 0;
+    QPlainTextEdit* Ergebnis = nullptr;
+    Chart_View* Diagramm = nullptr;
+    QPushButton* S_Diagramm = nullptr;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The tables of a single run that three small programs of the installation make out of the run's series.
+
+enum class Utility { Year, Month, Day };
+
+struct Utility_Names {
+    std::string_view Program, Batch, Output;
+};
+const Utility_Names& Names_Of(Utility utility);
+
+// The utility's copy of plot.orv.
+constexpr std::string_view Series_Copy = "grw.orv";
+
+// The batch file for a directory: what a command interpreter would run there. The lines that name a path have no drive letter here.
+std::string Format_Utility_Batch(Utility utility, const std::filesystem::path& directory, const std::filesystem::path& app_path);
+
+// Whether the table has to be made: it or the series' copy is missing, or the series are newer, and there are series.
+bool Is_Due(Utility utility, const std::filesystem::path& directory);
+
+// Writes the batch file and the copy of the series and starts the utility in the directory, without waiting. The process for Job_Exit_Code. Nothing:
+// it could not be started, or the directory belongs to a batch, whose year.orv is another table; the user has been told.
+std::optional<int> Start_Utility(const Session& session, Utility utility, const std::filesystem::path& directory);
+
+// The table's text as a window shows it, less the last end of line; that by day only as far as a shown file goes. Nothing without a table.
+std::optional<std::string> Shown_Table(const Session& session, Utility utility, const std::filesystem::path& directory);
