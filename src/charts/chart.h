@@ -1,0 +1,72 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+// A diagram as plain data in its own coordinates; a painter only maps them to its surface. Texts are bytes of Windows-1252.
+
+// What is drawn in which colour. The painter owns the colours; they must differ from each other and from the frame.
+enum class Colour { Series, Marked, Term_1, Term_2, Term_3, Term_4, Term_5, Term_6, Term_7 };
+
+struct Chart_Point {
+    double X = 0, Y = 0;
+    bool operator==(const Chart_Point&) const = default;
+};
+
+struct Chart_Line {
+    Colour Drawn_In = Colour::Series;
+    std::vector<Chart_Point> Points; // joined in order
+};
+
+// A filled box between the x axis and Y, which may lie below it.
+struct Chart_Box {
+    Colour Drawn_In = Colour::Series;
+    double Left = 0, Right = 0, Y = 0;
+    bool operator==(const Chart_Box&) const = default;
+};
+
+enum class Tick_Rank { Big, Small, Tiny };
+
+struct Chart_Tick {
+    double At = 0;
+    Tick_Rank Rank = Tick_Rank::Big;
+    std::string Label; // only big ones have one
+    bool operator==(const Chart_Tick&) const = default;
+};
+
+struct Chart_Axis {
+    std::string Title;
+    double Low = 0, High = 1;
+    double First = 0; // what positions count from: it is in the labels already
+    std::vector<Chart_Tick> Ticks;
+};
+
+// The coordinates of the picture's edges.
+struct Chart_Frame {
+    double Left = 0, Right = 0, Bottom = 0, Top = 0;
+};
+
+struct Chart_Key {
+    Colour Drawn_In = Colour::Series;
+    std::string Text;
+    bool operator==(const Chart_Key&) const = default;
+};
+
+struct Chart {
+    std::string Title;
+    std::vector<std::string> Legend; // lines above the diagram
+    Chart_Frame Frame;
+    Chart_Axis X, Y;
+    std::vector<Chart_Box> Boxes; // below the lines
+    std::vector<Chart_Line> Lines;
+    std::vector<Chart_Key> Key;
+};
+
+// Sizes of the drawing convention, as shares of the length L of the x axis and of the size T of the y axis (Value_Size).
+constexpr double Big_Y_Tick = 1.0 / 50, Small_Y_Tick = 1.0 / 100, Tiny_Y_Tick = 1.0 / 200; // of L
+constexpr double Big_X_Tick = 1.0 / 30, Small_X_Tick = 1.0 / 60, Tiny_X_Tick = 1.0 / 120;  // of T
+constexpr double Y_Label_Left = -1.0 / 10, Long_Y_Label_Left = -1.0 / 9;                   // of L
+constexpr std::size_t Long_Label = 6;                                                      // characters from which a label is long and in the smaller font
+constexpr double Y_Label_Above = 1.0 / 50;                                                 // of T, above the tick
+constexpr double X_Label_Below = -1.0 / 20;                                                // of T
+constexpr double Label_Points = 9.75, Long_Label_Points = 8;

@@ -1,0 +1,104 @@
+#include "charts/forms/chart_view.h"
+
+#include "charts/painting/chart_painter.h"
+#include "charts/scale.h"
+#include "charts/value_at.h"
+#include "core/forms/widgets.h"
+
+#include <cmath>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+
+Chart_View::Chart_View(QWidget* parent) : QWidget(parent)
+{
+    setMouseTracking(true);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setMinimumSize(fontMetrics().averageCharWidth() * 60, fontMetrics().lineSpacing() * 16);
+}
+
+QSize Chart_View::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 130, fontMetrics().lineSpacing() * 32};
+}
+
+void Chart_View::Show(Chart chart)
+{
+    Drawn = std::move(chart);
+    Picture = {};
+    setAccessibleName(Shown(Drawn.Title));
+    update();
+}
+
+void Chart_View::paintEvent(QPaintEvent*)
+{
+    if (Picture.isNull()) {
+        Picture = QPixmap(size() * devicePixelRatioF());
+        Picture.setDevicePixelRatio(devicePixelRatioF());
+        QPainter painter(&Picture);
+        painter.setFont(font());
+        Paint_Chart(painter, rect(), Drawn, palette());
+    }
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, Picture);
+    if (Pressed_At && Zooms) {
+        QColor span = palette().color(QPalette::Highlight);
+        span.setAlphaF(0.25F);
+        painter.fillRect(QRectF(QPointF(Pressed_At->x(), 0), QPointF(Dragged_To.x(), height())).normalized(), span);
+    }
+}
+
+void Chart_View::resizeEvent(QResizeEvent* event)
+{
+    Picture = {};
+    QWidget::resizeEvent(event);
+}
+
+void Chart_View::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        Picture = {};
+    QWidget::changeEvent(event);
+}
+
+double Chart_View::X_Under(const QPointF& position) const
+{
+    return Chart_Plane(Drawn, rect(), QFontMetricsF(font())).X_Of(position.x());
+}
+
+void Chart_View::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        Pressed_At = Dragged_To = event->position();
+}
+
+void Chart_View::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!Pressed_At)
+        return Show_Value(event->position(), event->globalPosition().toPoint());
+    Dragged_To = event->position();
+    update();
+}
+
+void Chart_View::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!Pressed_At || event->button() != Qt::LeftButton)
+        return;
+    const QPointF from = *Pressed_At;
+    Pressed_At.reset();
+    update();
+    if (Zooms && std::fabs(event->position().x() - from.x()) >= QApplication::startDragDistance())
+        emit Span_Chosen(std::min(X_Under(from), X_Under(event->position())), std::max(X_Under(from), X_Under(event->position())));
+    else
+        emit Clicked();
+}
+
+void Chart_View::Show_Value(const QPointF& position, const QPoint& global)
+{
+    const std::string text = Value_Text_At(Drawn, X_Under(position));
+    if (text.empty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(global, Shown(text), this);
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "charts/chart.h"
+
+#include <optional>
+#include <QWidget>
+
+// Shows a chart in the colours of the window. It tells the value under the mouse, and can be asked for a span by dragging.
+class Chart_View : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Chart_View(QWidget* parent = nullptr);
+
+    void Show(Chart chart);
+    const Chart& Shown_Chart() const { return Drawn; }
+    void Allow_Zoom(bool allowed) { Zooms = allowed; }
+
+    QSize sizeHint() const override;
+
+signals:
+    void Clicked();
+    // A span of the x axis that was dragged over, from left to right.
+    void Span_Chosen(double from, double to);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    double X_Under(const QPointF& position) const;
+    void Show_Value(const QPointF& position, const QPoint& global);
+
+    Chart Drawn;
+    QPixmap Picture; // of the chart alone, so that the mouse moves quickly over it
+    std::optional<QPointF> Pressed_At;
+    QPointF Dragged_To;
+    bool Zooms = false;
+};

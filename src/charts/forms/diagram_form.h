@@ -1,0 +1,43 @@
+#pragma once
+
+#include "charts/chart.h"
+#include "core/message.h"
+
+#include <QDialog>
+
+class Chart_View;
+class QHBoxLayout;
+class QPushButton;
+class QVBoxLayout;
+
+// What all diagram forms have: the diagram, and buttons that copy, print and save it. A form adds its choices above the buttons.
+class Diagram_Form : public QDialog {
+    Q_OBJECT
+
+public:
+    Diagram_Form(const QString& name, Ask_Function ask, QWidget* parent);
+
+protected:
+    void Show_Chart(Chart chart);
+    const Chart& Shown_Chart() const;
+    Chart_View& View() { return *Diagramm; }
+    QVBoxLayout& Choices() { return *Above; }
+
+    void Add_Button(QPushButton* button); // behind those of every diagram
+
+private:
+    void Kopieren();
+    void Drucken();
+    void Speichern();
+
+    Ask_Function Ask;
+    QVBoxLayout* Above = nullptr;
+    QHBoxLayout* Buttons = nullptr;
+    Chart_View* Diagramm = nullptr;
+};
+
+// Puts a chart on the clipboard as a picture.
+void Copy_Chart(const Chart& chart);
+
+// Lets the user choose a printer and prints a chart on a page across.
+void Print_Chart(QWidget& parent, const Chart& chart);

@@ -1,0 +1,64 @@
+#include "charts/scale.h"
+
+#include "charts/axis.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double Beyond_The_End = 1.05;
+constexpr int Tiny_In_Step = 10;
+constexpr double Smallest = 1e-290, Largest = 1e290; // keeps the axis' arithmetic inside the range of a double
+
+double End_Of_Axis(double value)
+{
+    return std::fabs(value) < Smallest ? 0 : Round_Up_Axis(std::clamp(value, -Largest, Largest));
+}
+
+// Ticks from `low` to `high` at every tiny step.
+std::vector<Chart_Tick> Ticks_Between(double low, double high, const Axis_Steps& steps, double first_label)
+{
+    const double slack = 1e-9;
+    const auto first = static_cast<int>(std::ceil(low / steps.Tiny_Tick - slack));
+    const auto last = static_cast<int>(std::floor(high / steps.Tiny_Tick + slack));
+    const auto small = static_cast<int>(std::lround(steps.Small_Tick / steps.Tiny_Tick));
+    std::vector<Chart_Tick> ticks;
+    for (int i = first; i <= last; ++i) {
+        const double at = i * steps.Tiny_Tick;
+        if (i % Tiny_In_Step == 0)
+            ticks.push_back({i / Tiny_In_Step * steps.Step, Tick_Rank::Big, Axis_Label(first_label + i / Tiny_In_Step * steps.Step)});
+        else
+            ticks.push_back({at, i % small == 0 ? Tick_Rank::Small : Tick_Rank::Tiny, ""});
+    }
+    return ticks;
+}
+
+} // namespace
+
+Chart_Axis Value_Axis(double low, double high)
+{
+    Chart_Axis axis;
+    axis.Low = low < 0 ? End_Of_Axis(low) : 0;
+    axis.High = high > 0 ? End_Of_Axis(high) : 0;
+    if (axis.Low == 0 && axis.High == 0)
+        axis.High = 1;
+    axis.Ticks = Ticks_Between(Beyond_The_End * axis.Low, Beyond_The_End * axis.High, Axis_Step(Value_Size(axis)), 0);
+    return axis;
+}
+
+Chart_Axis Position_Axis(double length, double first_label)
+{
+    return {.Low = 0, .High = length, .First = first_label, .Ticks = Ticks_Between(0, length, Axis_Step(length), first_label)};
+}
+
+double Value_Size(const Chart_Axis& values)
+{
+    return std::max(values.High, -values.Low);
+}
+
+Chart_Frame Frame_Around(const Chart_Axis& positions, const Chart_Axis& values)
+{
+    const double length = positions.High;
+    return {-length / 8, 1.2 * length, values.Low - Value_Size(values) / 8, values.High + 0.2 * Value_Size(values)};
+}

@@ -1,0 +1,71 @@
+#include "charts/value_at.h"
+
+#include "charts/scale.h"
+#include "core/numbers.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+std::string Short_Number(double value)
+{
+    constexpr double digits = 1e5;
+    if (value == 0)
+        return "0";
+    const double scale = std::pow(10, std::floor(std::log10(std::fabs(value))));
+    return General_Text(std::round(value / scale * digits) / digits * scale);
+}
+
+std::string Position_Text(double x)
+{
+    return General_Text(std::round(x * 1000) / 1000);
+}
+
+// How far a span may lie from the nearest point, as a share of the axis, to be still about it.
+constexpr double Reach = 0.02;
+
+} // namespace
+
+std::string Value_Text_At(const Chart& chart, double x)
+{
+    for (const Chart_Box& box : chart.Boxes) {
+        if (x >= box.Left && x <= box.Right)
+            return Position_Text(chart.X.First + (box.Left + box.Right) / 2) + ": " + Short_Number(box.Y);
+    }
+    if (chart.Lines.empty() || chart.Lines[0].Points.empty() || !chart.Boxes.empty())
+        return {};
+    const auto& points = chart.Lines[0].Points;
+    const auto right = std::ranges::lower_bound(points, x, {}, &Chart_Point::X);
+    auto nearest = right;
+    if (right == points.end() || (right != points.begin() && x - std::prev(right)->X < right->X - x))
+        nearest = std::prev(right);
+    if (std::fabs(nearest->X - x) > Reach * (chart.X.High - chart.X.Low))
+        return {};
+    return Position_Text(chart.X.First + nearest->X) + ": " + Short_Number(nearest->Y);
+}
+
+Chart Zoomed(const Chart& chart, double from, double to)
+{
+    from = std::max(from, chart.X.Low);
+    to = std::min(to, chart.X.High);
+    if (chart.Lines.empty() || !(to > from))
+        return chart;
+    Chart zoomed = chart;
+    auto& points = zoomed.Lines[0].Points;
+    std::erase_if(points, [&](const Chart_Point& point) { return point.X < from || point.X > to; });
+    if (points.empty())
+        return chart;
+    double low = 0, high = 0;
+    for (Chart_Point& point : points) {
+        low = std::min(low, point.Y);
+        high = std::max(high, point.Y);
+        point.X -= from;
+    }
+    zoomed.X = Position_Axis(to - from, chart.X.First + from);
+    zoomed.X.Title = chart.X.Title;
+    zoomed.Y = Value_Axis(low, high);
+    zoomed.Y.Title = chart.Y.Title;
+    zoomed.Frame = Frame_Around(zoomed.X, zoomed.Y);
+    return zoomed;
+}
