@@ -1,0 +1,28 @@
+#pragma once
+
+#include "substance/application_view.h"
+#include "substance/location_lists.h"
+#include "substance/substance_entry.h"
+#include "substance/volatilisation.h"
+
+#include <optional>
+#include <string>
+
+// The form of the active substance apart from its applications, which are stored as they are edited.
+struct Active_Entry {
+    Substance_Entry Substance;
+    std::string Text_comment;
+    Application_Method App_Flag = Application_Method::Soil;
+    bool Henry_Direct = true; // Option_hen1; else Option_hen2
+    Volatilisation Pairs;
+    std::string Text_vol3; // diffusion coefficient in air, cm2/s
+    std::string Text_vol4; // thickness of the boundary layer, cm
+    bool operator==(const Active_Entry&) const = default;
+};
+
+// What the form shows when it opens, a calculated Henry constant included.
+Active_Entry Load_Active(const Pesticide_Document& document);
+
+// "Done": fills the second point of the entry's volatilisation, checks molar mass and number of horizons, stores all, takes the names of the visible list and
+// checks the sequence of the applications. On a refusal the form stays open; the document counts as changed in any case.
+std::optional<Refusal> Accept_Active(Session& session, Active_Entry& entry, const Location_Lists& lists);

@@ -1,0 +1,61 @@
+#include "substance/application_pattern.h"
+
+#include "substance/application_list.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int Fewest_Regular = 22;
+
+// What two applications of a pattern must share.
+struct Shared_Part {
+    int Day, Month;
+    double Rate, Depth;
+    bool operator==(const Shared_Part&) const = default;
+};
+
+Shared_Part Part_Of(const Pesticide_Document& document, std::size_t location, std::size_t a)
+{
+    if (document.App_Mode == App_Mode_Relative) {
+        const auto& relative = document.Relative[a];
+        return {relative.Abs9_Day, relative.Abs9_Month, relative.Abs9_Rate, relative.Abs9_Depth};
+    }
+    const auto& application = document.Applications[location][a];
+    return {application.App_Day, application.App_Month, application.App_Rate, application.App_Depth};
+}
+
+bool Repeats_Itself(const Pesticide_Document& document, std::size_t location, int count, int per_year)
+{
+    for (int a = 1; a <= count; ++a) {
+        const auto at = static_cast<std::size_t>(a);
+        const auto master = static_cast<std::size_t>((a - 1) % per_year + 1);
+        if (Part_Of(document, location, at) != Part_Of(document, location, master) || document.Applications[location][at].App_Time != 0)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+void Check_Pattern(Session& session, int location)
+{
+    const auto l = static_cast<std::size_t>(std::clamp(location, 0, Last_Location));
+    const auto& document = session.Pesticide;
+    const int count = Applications_Of(document, static_cast<int>(l));
+    session.Run.App_Pattern = 0;
+    if (count < Fewest_Regular)
+        return;
+    for (std::uint8_t pattern = 1; pattern <= 3; ++pattern) {
+        const int cycles = Cycles_Of_Pattern(pattern);
+        if (count % cycles != 0)
+            continue;
+        const int per_year = count / cycles;
+        session.Run.App_Per_Year[l] = static_cast<std::int16_t>(per_year);
+        if (Repeats_Itself(document, l, count, per_year)) {
+            session.Run.App_Pattern = pattern;
+            session.Run.App_Cycles = static_cast<std::uint8_t>(cycles);
+        }
+        return;
+    }
+}

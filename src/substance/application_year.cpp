@@ -1,0 +1,179 @@
+#include "substance/application_year.h"
+
+#include "substance/application_list.h"
+#include "substance/application_pattern.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace {
+
+constexpr int Most_At_First_Choice = 10; // of an irregular list of which no year is known
+constexpr int Last_Common_Day = 28;      // every month has it
+
+bool Is_Relative(const Session& session)
+{
+    return session.Pesticide.App_Mode == App_Mode_Relative;
+}
+
+int Location_Of(const Session& session)
+{
+    return std::clamp<int>(session.Run.App_Current_Location, 0, Last_Location);
+}
+
+// A year's applications without hour and fraction, which stay where they stand.
+void Copy_Absolute(Application& to, const Application& from)
+{
+    to.App_Day = from.App_Day;
+    to.App_Month = from.App_Month;
+    to.App_Depth = from.App_Depth;
+    to.App_Frpex = from.App_Frpex;
+    to.App_Rate = from.App_Rate;
+}
+
+template <class List, class Copy> void Repeat(List& list, int per_year, int pattern, Copy copy)
+{
+    const std::vector master(list.begin() + 1, list.begin() + 1 + per_year);
+    int m = 0;
+    for (int year = 0; year < Cycles_Of_Pattern(pattern); ++year) {
+        for (const auto& application : master)
+            copy(list[++m], application, static_cast<std::int16_t>(year * pattern + 1));
+    }
+}
+
+// One application on 1 January, and the crop stage itself. Of the reference points it is that of slot 0 that is put back.
+void Begin_List(Session& session, int location)
+{
+    auto& document = session.Pesticide;
+    session.Run.App_Per_Year[location] = 1;
+    auto& first = document.Applications[location][1];
+    first.App_Day = first.App_Month = 1;
+    first.App_Depth = first.App_Rate = 0;
+    document.Relative[1].Abs9_Day = 0;
+    document.Relative[1].Abs9_Year = 1;
+    document.Relative[0].Abs9_Month = 0;
+}
+
+// The applications of the first year as far as it is known: those of an irregular list that was never regular, at most 10; 0 of an empty one.
+int Known_Year(const Session& session, int location)
+{
+    const int count = Applications_Of(session.Pesticide, location);
+    const int per_year = session.Run.App_Per_Year[location];
+    return std::min(count, per_year > 0 ? per_year : Most_At_First_Choice);
+}
+
+void Append_Day_Later(Application& next, const Application& last)
+{
+    next.App_Frpex = last.App_Frpex;
+    next.App_Depth = last.App_Depth;
+    next.App_Rate = last.App_Rate;
+    next.App_Year = last.App_Year;
+    const bool month_ends = last.App_Day >= Last_Common_Day;
+    next.App_Day = static_cast<std::int16_t>(month_ends ? 1 : last.App_Day + 1);
+    next.App_Month = static_cast<std::int16_t>(last.App_Month + (month_ends ? 1 : 0));
+}
+
+} // namespace
+
+void Find_Pattern(Session& session)
+{
+    Check_Pattern(session, Location_Of(session));
+    if (session.Run.App_Pattern > 0)
+        session.Run.App_Cycles = static_cast<std::uint8_t>(Cycles_Of_Pattern(session.Run.App_Pattern));
+}
+
+int Per_Year_Now(const Session& session)
+{
+    const int location = Location_Of(session);
+    if (session.Run.App_Pattern == 0)
+        return session.Run.App_Per_Year[location];
+    return Applications_Of(session.Pesticide, location) / Cycles_Of_Pattern(session.Run.App_Pattern);
+}
+
+void Expand_Year(Session& session, int location, int pattern, Dates dates)
+{
+    auto& document = session.Pesticide;
+    const int cycles = Cycles_Of_Pattern(pattern);
+    const int per_year = std::clamp<int>(session.Run.App_Per_Year[location], 0, Last_Application / cycles);
+    session.Run.App_Per_Year[location] = static_cast<std::int16_t>(per_year);
+    document.App_Count[location] = cycles * per_year;
+    if (dates != Dates::Relative) {
+        Repeat(document.Applications[location], per_year, pattern, [](Application& to, const Application& from, std::int16_t year) {
+            Copy_Absolute(to, from);
+            to.App_Year = year;
+        });
+    }
+    if (dates != Dates::Absolute) {
+        Repeat(document.Relative, per_year, pattern, [](Relative_Application& to, const Relative_Application& from, std::int16_t year) {
+            to = from;
+            to.Abs9_Year = year;
+        });
+    }
+}
+
+std::optional<Refusal> Choose_Pattern(Session& session, int list_index)
+{
+    if (list_index < 1 || list_index > 3) {
+        Find_Pattern(session);
+        return std::nullopt;
+    }
+    const int location = Location_Of(session);
+    const int known = Known_Year(session, location);
+    if (known * Cycles_Of_Pattern(list_index) > Last_Application)
+        return Refusal{{"Data check", "More than " + std::to_string(Last_Application) + " applications are not possible"}, "App_Modus"};
+    if (known == 0)
+        Begin_List(session, location);
+    session.Run.App_Per_Year[location] = static_cast<std::int16_t>(std::max(known, 1));
+    Expand_Year(session, location, list_index, Dates::Both);
+    Find_Pattern(session);
+    return std::nullopt;
+}
+
+void Add_In_Year(Session& session)
+{
+    auto& run = session.Run;
+    auto& document = session.Pesticide;
+    if (Is_Relative(session))
+        run.App_Current_Location = 0;
+    const int location = Location_Of(session);
+    const int last = run.App_Per_Year[location];
+    if (run.App_Pattern == 0 || last < 1 || last >= Most_Per_Year)
+        return;
+    ++run.App_Per_Year[location];
+    if (Is_Relative(session)) {
+        document.Relative[last + 1] = document.Relative[last];
+        ++document.Relative[last + 1].Abs9_Day;
+    } else {
+        Append_Day_Later(document.Applications[location][last + 1], document.Applications[location][last]);
+    }
+    Expand_Year(session, location, run.App_Pattern, Is_Relative(session) ? Dates::Relative : Dates::Absolute);
+    Find_Pattern(session);
+}
+
+void Remove_In_Year(Session& session)
+{
+    auto& run = session.Run;
+    if (Is_Relative(session))
+        run.App_Current_Location = 0;
+    const int location = Location_Of(session);
+    if (run.App_Pattern == 0 || run.App_Per_Year[location] <= 1)
+        return;
+    --run.App_Per_Year[location];
+    Expand_Year(session, location, run.App_Pattern, Is_Relative(session) ? Dates::Relative : Dates::Absolute);
+    if (run.App_Current > run.App_Per_Year[location])
+        Previous_In_Year(session);
+    Find_Pattern(session);
+}
+
+void Next_In_Year(Session& session)
+{
+    if (session.Run.App_Current < Per_Year_Now(session))
+        ++session.Run.App_Current;
+}
+
+void Previous_In_Year(Session& session)
+{
+    if (session.Run.App_Current > 1)
+        --session.Run.App_Current;
+}

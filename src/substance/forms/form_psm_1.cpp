@@ -1,0 +1,103 @@
+#include "substance/forms/form_psm_1.h"
+
+#include "core/forms/widgets.h"
+#include "substance/documents.h"
+#include "substance/forms/form_saving.h"
+#include "substance/forms/pathway_view.h"
+#include "substance/pathway_picture.h"
+#include "substance/pesticide_editor.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace {
+
+void Tell_Missing(const Session& session, const std::string& what)
+{
+    session.Ask({"ORVELSUITE", what + " is not part of this version yet.", Icon::Information});
+}
+
+} // namespace
+
+Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory, QWidget* parent) : QDialog(parent), Shared(session), Directory(directory)
+{
+    setObjectName("Form_PSM_1");
+    setWindowTitle("Metabolization Scheme");
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    Lay_Out();
+    Open_Editor(Shared);
+    for (int i = 1; i <= Substances; ++i)
+        Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(Shared.Pesticide, i);
+    Show_Scheme();
+}
+
+void Form_PSM_1::Lay_Out()
+{
+    View = new Pathway_View;
+    connect(View, &Pathway_View::Substance_Clicked, this, &Form_PSM_1::Edit_Substance);
+    connect(View, &Pathway_View::Arrow_Clicked, this, &Form_PSM_1::Edit_Transformation);
+
+    auto* exit = Named(new QPushButton("Save and &Exit"), "Command1");
+    auto* save = Named(new QPushButton("&Save"), "ComSave");
+    auto* cancel = Named(new QPushButton("&Cancel"), "Com_Exit1");
+    for (auto* button : {exit, save, cancel})
+        button->setAutoDefault(false);
+    connect(exit, &QPushButton::clicked, this, &Form_PSM_1::Save_And_Exit);
+    connect(save, &QPushButton::clicked, this, &Form_PSM_1::Save);
+    connect(cancel, &QPushButton::clicked, this, &Form_PSM_1::reject);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(exit);
+    buttons->addWidget(save);
+    buttons->addStretch(1);
+    buttons->addWidget(cancel);
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(View, 1);
+    all->addLayout(buttons);
+}
+
+void Form_PSM_1::Show_Scheme()
+{
+    View->Show(Shared.Pesticide, Captions);
+}
+
+void Form_PSM_1::Edit_Substance(int i)
+{
+    if (i == 1) {
+        Open_Active_Substance(Shared);
+        Tell_Missing(Shared, "The form of the active substance");
+    } else if (Open_Metabolite(Shared, i)) {
+        Tell_Missing(Shared, "The form of a metabolite");
+    }
+}
+
+void Form_PSM_1::Edit_Transformation(int t)
+{
+    if (Open_Transformation(Shared, t))
+        Tell_Missing(Shared, "The form of a transformation");
+}
+
+bool Form_PSM_1::Save()
+{
+    Form_Saving saving(Shared, Document_Kind::Pesticide, Directory, this);
+    if (saving.exec() != Accepted)
+        return false;
+    Directory = saving.Save_Target().parent_path();
+    return true;
+}
+
+// A save that was given up gives up the changes only if the user says so.
+void Form_PSM_1::Save_And_Exit()
+{
+    Prepare_Save_And_Exit(Shared);
+    if (Save())
+        accept();
+    else
+        reject();
+}
+
+void Form_PSM_1::reject()
+{
+    if (May_Leave_Editor(Shared))
+        QDialog::reject();
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <filesystem>
+#include <QDialog>
+
+class Directory_Files;
+
+// The open dialog of all documents: the files of the session's mask, or a new one.
+class Form_PSM_Open : public QDialog {
+    Q_OBJECT
+
+public:
+    Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent = nullptr);
+
+private:
+    void Lay_Out(const std::filesystem::path& directory);
+    void Open_File();
+    void Open_New();
+
+    Session& Shared;
+    Directory_Files* Files = nullptr;
+};

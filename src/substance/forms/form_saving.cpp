@@ -1,0 +1,103 @@
+#include "substance/forms/form_saving.h"
+
+#include "core/files.h"
+#include "core/forms/widgets.h"
+#include "core/text.h"
+#include "files/broken_line.h"
+#include "files/file_messages.h"
+#include "substance/forms/directory_files.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+std::string Ending_Of(Document_Kind kind)
+{
+    return kind == Document_Kind::Pesticide ? ".psm" : kind == Document_Kind::Scenario ? ".sze" : ".cli";
+}
+
+bool& Changed_Flag(Program_State& program, Document_Kind kind)
+{
+    return kind == Document_Kind::Pesticide ? program.PSM_Changed : kind == Document_Kind::Scenario ? program.SZE_Changed : program.CLI_Changed;
+}
+
+} // namespace
+
+Form_Saving::Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
+    : QDialog(parent),
+      Shared(session),
+      Kind(kind)
+{
+    setObjectName("Form_Saving");
+    setWindowTitle("Save ORVEL 3.20 Input File");
+    Lay_Out(directory);
+    Files->Refresh(Shared.Program.PSM_File);
+    TextSave->setText(Shown(Shared.Program.PSM_File));
+    TextSave->setFocus();
+}
+
+void Form_Saving::Lay_Out(const std::filesystem::path& directory)
+{
+    TextSave = Named(new QLineEdit, "TextSave");
+    auto* title = new QLabel("&File name:");
+    title->setBuddy(TextSave);
+    Files = new Directory_Files(directory, "*" + Ending_Of(Kind));
+    connect(Files, &Directory_Files::File_Clicked, this, [this] { TextSave->setText(Shown(Files->Selected_Name())); });
+    connect(Files, &Directory_Files::File_Double_Clicked, this, [this] {
+        TextSave->setText(Shown(Files->Selected_Name()));
+        Save();
+    });
+
+    auto* save = Named(new QPushButton("&Save"), "SaveNow");
+    auto* cancel = Named(new QPushButton("&Cancel"), "Cancel2");
+    save->setDefault(true);
+    cancel->setAutoDefault(false);
+    connect(save, &QPushButton::clicked, this, &Form_Saving::Save);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto* name = new QHBoxLayout;
+    name->addWidget(title);
+    name->addWidget(TextSave, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(save);
+    buttons->addWidget(cancel);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(name);
+    all->addWidget(Files, 1);
+    all->addLayout(buttons);
+}
+
+void Form_Saving::Save()
+{
+    const std::string name(Trim(Bytes_Of(TextSave->text())));
+    if (!Name_Is_Usable(name))
+        return TextSave->setFocus();
+    Target = Found_Or_New(Files->Directory(), Path_Of(name));
+    if (!May_Write() || !Save_Document(Shared, Target))
+        return;
+    Shared.Program.PSM_File = name;
+    Changed_Flag(Shared.Program, Kind) = false;
+    accept();
+}
+
+// The ending selects the writer: another one would write a document that is not the one under edit.
+bool Form_Saving::Name_Is_Usable(const std::string& name)
+{
+    const bool is_mask = name.find_first_of("*?/\\") != std::string::npos || name.size() <= Ending_Of(Kind).size();
+    if (!is_mask && Kind_Of(Path_Of(name)) == Kind)
+        return true;
+    Shared.Ask({std::string(Saving_Input_File), "\"" + name + "\" cannot be the name of this file. Please enter a name that ends in " + Ending_Of(Kind) + "."});
+    return false;
+}
+
+bool Form_Saving::May_Write()
+{
+    if (const auto field = Broken_Field(Shared, Kind); field && Shared.Ask(Broken_Line_Question(*field)) != Button::Yes)
+        return false;
+    const Message replace{std::string(Saving_Input_File), "File already exists. Replace?", Icon::Question, {Button::Yes, Button::No}, Button::No};
+    return !std::filesystem::exists(Target) || Shared.Ask(replace) == Button::Yes;
+}

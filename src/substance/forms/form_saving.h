@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/session.h"
+#include "substance/documents.h"
+
+#include <filesystem>
+#include <QDialog>
+
+class Directory_Files;
+class QLineEdit;
+
+// The save dialog of all documents. It is accepted when the document is written; the session's file name is then that of the file.
+class Form_Saving : public QDialog {
+    Q_OBJECT
+
+public:
+    Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent = nullptr);
+
+    const std::filesystem::path& Save_Target() const { return Target; } // where the document was written
+
+private:
+    void Lay_Out(const std::filesystem::path& directory);
+    void Save();
+    bool Name_Is_Usable(const std::string& name);
+    bool May_Write();
+
+    Session& Shared;
+    Document_Kind Kind;
+    std::filesystem::path Target;
+    Directory_Files* Files = nullptr;
+    QLineEdit* TextSave = nullptr;
+};

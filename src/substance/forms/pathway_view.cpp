@@ -1,0 +1,162 @@
+#include "substance/forms/pathway_view.h"
+
+#include "core/forms/widgets.h"
+#include "core/numbers.h"
+#include "substance/forms/pathway_geometry.h"
+#include "substance/forms/scheme_button.h"
+#include "substance/half_lives.h"
+#include "substance/pathway.h"
+
+#include <algorithm>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace {
+
+QString Box_Name(int i)
+{
+    if (i == 1)
+        return "Label_AS";
+    return i < First_Of_Second_Row ? QString("Label_1_%1").arg(i - 1) : QString("Label_2_%1").arg(i - First_Of_Second_Row + 1);
+}
+
+// The arrow's label with its rate and half-life.
+QString Arrow_Tip(const Pesticide_Document& document, int t)
+{
+    const Arrow& arrow = Arrow_Of(t);
+    const auto& row = document.Degradation[static_cast<std::size_t>(arrow.Source)][static_cast<std::size_t>(arrow.Row)];
+    QString tip = Shown(Arrow_Label(t));
+    if (row.Deg_Rate.Number() != 0)
+        tip += QString(": %1 1/d, DT 50 %2 d").arg(Shown(row.Deg_Rate.Text()), Shown(Texts_Of_Rate(row.Deg_Rate.Text()).DT50));
+    else
+        tip += ": no transformation in soil";
+    if (Shows_Photolysis(t) && document.Photo_Rate[static_cast<std::size_t>(t)] != 0)
+        tip += QString("; soil photolysis %1 1/d").arg(Shown(General_Text(document.Photo_Rate[static_cast<std::size_t>(t)])));
+    return tip;
+}
+
+} // namespace
+
+Pathway_View::Pathway_View(QWidget* parent) : QWidget(parent)
+{
+    for (int i = 1; i <= Substances; ++i) {
+        auto* box = Boxes[static_cast<std::size_t>(i)] = Named(new Substance_Box(this), Box_Name(i));
+        box->setFocusPolicy(Qt::StrongFocus);
+        connect(box, &Substance_Box::clicked, this, [this, i] { emit Substance_Clicked(i); });
+    }
+    for (int t = 1; t <= Last_Transformation; ++t) {
+        if (!Arrow_Is_Clickable(t))
+            continue;
+        auto* head = Heads[static_cast<std::size_t>(t)] = Named(new Arrow_Head(this), QString("Image2_%1").arg(t));
+        head->setFocusPolicy(Qt::StrongFocus);
+        connect(head, &Arrow_Head::clicked, this, [this, t] { emit Arrow_Clicked(t); });
+    }
+    setMinimumSize(sizeHint() / 2);
+}
+
+void Pathway_View::Show(const Pesticide_Document& document, const Per_Substance<std::string>& captions)
+{
+    Document = document;
+    for (int i = 1; i <= Substances; ++i) {
+        auto* box = Boxes[static_cast<std::size_t>(i)];
+        box->setText(Shown(captions[static_cast<std::size_t>(i)]));
+        box->setAccessibleName(box->text().trimmed());
+        box->setToolTip(box->text().trimmed() + (document.Met_Present[static_cast<std::size_t>(i)] ? "" : ": nothing forms it"));
+        box->Show(Look_Of_Box(document, i));
+    }
+    for (int t = 1; t <= Last_Transformation; ++t) {
+        auto* head = Heads[static_cast<std::size_t>(t)];
+        if (!head)
+            continue;
+        head->Show(Look_Of_Arrow(document, t));
+        head->setToolTip(Arrow_Tip(document, t));
+        head->setAccessibleName(head->toolTip());
+    }
+    update();
+}
+
+QSize Pathway_View::sizeHint() const
+{
+    const double scale = fontMetrics().averageCharWidth() / 8.0;
+    return (Drawing_Size * scale).toSize();
+}
+
+double Pathway_View::Scale() const
+{
+    return std::min(width() / Drawing_Size.width(), height() / Drawing_Size.height());
+}
+
+QRectF Pathway_View::Scaled(const QRectF& of_drawing) const
+{
+    const QSizeF used = Drawing_Size * Scale();
+    const QPointF corner((width() - used.width()) / 2, (height() - used.height()) / 2);
+    return {corner + of_drawing.topLeft() * Scale(), of_drawing.size() * Scale()};
+}
+
+QPointF Pathway_View::In_Drawing(QPointF of_window) const
+{
+    return (of_window - Scaled({}).topLeft()) / Scale();
+}
+
+void Pathway_View::Place()
+{
+    for (int i = 1; i <= Substances; ++i)
+        Boxes[static_cast<std::size_t>(i)]->setGeometry(Scaled(Box_Of_Substance(i)).toRect());
+    for (int t = 1; t <= Last_Transformation; ++t) {
+        if (auto* head = Heads[static_cast<std::size_t>(t)]) {
+            head->setGeometry(Scaled(Head_Of_Arrow(t)).toRect());
+            head->Point_Along(Line_Of_Arrow(t));
+        }
+    }
+}
+
+void Pathway_View::resizeEvent(QResizeEvent*)
+{
+    Place();
+}
+
+void Pathway_View::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int t = 1; t <= Last_Transformation; ++t) {
+        if (!Arrow_Is_Clickable(t))
+            continue;
+        const Arrow_Look look = Look_Of_Arrow(Document, t);
+        const QLineF line = Line_Of_Arrow(t);
+        painter.setPen(QPen(Line_Colour(look, palette()), look.Width));
+        painter.drawLine(Scaled({line.p1(), QSizeF()}).topLeft(), Scaled({Head_Of_Arrow(t).center(), QSizeF()}).topLeft());
+    }
+    for (int i = 1; i <= Substances; ++i) {
+        if (Document.Bound_Active[static_cast<std::size_t>(i)])
+            Paint_Sink(painter, i);
+    }
+}
+
+void Pathway_View::Paint_Sink(QPainter& painter, int i)
+{
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setBrush(palette().color(QPalette::Button));
+    painter.drawRect(Scaled(Sink_Of_Substance(i)));
+    painter.setPen(palette().color(QPalette::ButtonText));
+    painter.drawText(Scaled(Sink_Of_Substance(i)), Qt::AlignCenter, "B.RES");
+}
+
+// The line of an arrow is as good as its head.
+void Pathway_View::mousePressEvent(QMouseEvent* event)
+{
+    if (const int t = Arrow_At(In_Drawing(event->position())); t != 0 && event->button() == Qt::LeftButton)
+        emit Arrow_Clicked(t);
+}
+
+bool Pathway_View::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int t = Arrow_At(In_Drawing(help->pos()));
+    QToolTip::showText(help->globalPos(), t == 0 ? QString() : Arrow_Tip(Document, t), this);
+    return true;
+}

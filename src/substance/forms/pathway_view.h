@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <array>
+#include <QWidget>
+
+class Arrow_Head;
+class Substance_Box;
+
+// The picture of the degradation scheme: boxes, arrows and sinks, scaled with the window.
+class Pathway_View : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Pathway_View(QWidget* parent = nullptr);
+
+    // Paints what the document's flags and rates say; the captions are those of the boxes, from 1.
+    void Show(const Pesticide_Document& document, const Per_Substance<std::string>& captions);
+
+    QSize sizeHint() const override;
+
+signals:
+    void Substance_Clicked(int i);
+    void Arrow_Clicked(int t);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void Place();
+    void Paint_Sink(QPainter& painter, int i);
+    QRectF Scaled(const QRectF& of_drawing) const;
+    QPointF In_Drawing(QPointF of_window) const;
+    double Scale() const;
+
+    Pesticide_Document Document; // what is shown
+    std::array<Substance_Box*, Substances + 1> Boxes{};
+    std::array<Arrow_Head*, Last_Transformation + 1> Heads{};
+};

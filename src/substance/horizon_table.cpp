@@ -1,0 +1,39 @@
+#include "substance/horizon_table.h"
+
+#include <algorithm>
+
+namespace {
+
+Pesticide_Horizon Default_Horizon()
+{
+    Pesticide_Horizon horizon;
+    horizon.Hor_Kd.fill(0);
+    horizon.Hor_FrExp.fill(0.9);
+    for (auto& factors : horizon.Hor_Deg)
+        factors.fill(1);
+    return horizon;
+}
+
+std::size_t Rows_For(int n)
+{
+    return static_cast<std::size_t>(std::clamp(n, 0, Most_Horizons)) + 2;
+}
+
+} // namespace
+
+int Horizons_Of(const Pesticide_Document& document)
+{
+    const int rows = std::max(0, static_cast<int>(document.Horizons.size()) - 1);
+    return static_cast<int>(std::clamp(document.N_Horizons.Number(), 0.0, static_cast<double>(rows)));
+}
+
+void Reset_Horizon_Table(Pesticide_Document& document, int n)
+{
+    document.Horizons.assign(Rows_For(n), Default_Horizon());
+}
+
+void Grow_Horizon_Table(Pesticide_Document& document, int n)
+{
+    if (document.Horizons.size() < Rows_For(n))
+        document.Horizons.resize(Rows_For(n), Default_Horizon());
+}

@@ -1,0 +1,91 @@
+#include "substance/location_choice.h"
+
+#include "core/names.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t Leaching_Locations = 9; // of the table of all locations; the soil zones follow
+
+std::vector<std::string> Names_Of(std::size_t first, std::size_t last)
+{
+    std::vector<std::string> names;
+    for (auto i = first; i < last; ++i)
+        names.emplace_back(Locations[i].Name);
+    return names;
+}
+
+bool Holds(const std::vector<std::string>& names, const std::string& name)
+{
+    return std::ranges::find(names, name) != names.end();
+}
+
+void Copy_Location(Session& session, std::size_t to, std::size_t from)
+{
+    session.Run.App_Per_Year[to] = session.Run.App_Per_Year[from];
+    session.Pesticide.App_Count[to] = session.Pesticide.App_Count[from];
+    session.Pesticide.Applications[to] = session.Pesticide.Applications[from];
+}
+
+// A location without a name has the applications of a new document, so that a later one does not meet those of the removed.
+void Empty_Location(Session& session, std::size_t location)
+{
+    static const Pesticide_Document fresh = [] {
+        Pesticide_Document document;
+        Reset_PSM(document);
+        return document;
+    }();
+    session.Run.App_Per_Year[location] = 1;
+    session.Pesticide.App_Count[location] = fresh.App_Count[location];
+    session.Pesticide.Applications[location] = fresh.Applications[location];
+}
+
+void Remove_Location(Session& session, std::vector<std::string>& list, std::size_t location)
+{
+    const auto last = std::min<std::size_t>(list.size() - 1, Last_Location);
+    for (auto l = location; l < last; ++l)
+        Copy_Location(session, l, l + 1);
+    if (location <= last)
+        Empty_Location(session, last);
+    list.erase(list.begin() + static_cast<std::ptrdiff_t>(location));
+}
+
+} // namespace
+
+std::vector<std::string> Offered_Locations()
+{
+    return Names_Of(0, Leaching_Locations);
+}
+
+std::vector<std::string> Offered_Soil_Locations(std::string_view crop)
+{
+    if (std::ranges::find(Soil_Crops, crop) == Soil_Crops.end())
+        return {};
+    return Names_Of(Leaching_Locations, Locations.size());
+}
+
+std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::string>& list, const std::vector<std::string>& offered,
+                                            const std::vector<std::string>& selected)
+{
+    bool changed = false;
+    for (std::size_t l = 1; l < list.size();) {
+        if (Holds(offered, list[l]) && !Holds(selected, list[l])) {
+            Remove_Location(session, list, l);
+            changed = true;
+        } else {
+            ++l;
+        }
+    }
+    for (const auto& name : selected) {
+        if (Holds(list, name) || list.size() > Last_Location)
+            continue;
+        session.Run.App_Per_Year[list.size()] = 1;
+        list.push_back(name);
+        changed = true;
+    }
+    if (!changed)
+        return std::nullopt;
+    session.Program.PSM_Changed = true;
+    return list.size() - 1;
+}

@@ -1,0 +1,40 @@
+#include "substance/ph_sorption.h"
+
+namespace {
+
+constexpr double No_Dissociation = 20;
+constexpr double No_Second_Point = -99;
+
+} // namespace
+
+PH_Entry Load_PH(const Pesticide_Document& document, int i, const std::string& text_koc0)
+{
+    return {.s_KOC = text_koc0,
+            .s_pH = document.Sorp_pH[i].Text(),
+            .s_KOC2 = document.Koc2[i].Text(),
+            .s_pH2 = document.Sorp_pH2[i].Text(),
+            .s_pKa = document.Sorp_pKa[i].Text(),
+            .s_Dataset = document.Sorp_pH2[i].Number() == No_Second_Point};
+}
+
+PH_View View_Of_PH(const PH_Entry& entry)
+{
+    const double pka = Val(entry.s_pKa);
+    const bool dissociates = pka != No_Dissociation && pka != 0;
+    return {.First_pH = dissociates, .Second_Pair = dissociates && !entry.s_Dataset};
+}
+
+void Accept_PH(Pesticide_Document& document, int i, const PH_Entry& entry, std::string& text_koc0)
+{
+    document.Koc[i] = Val(entry.s_KOC);
+    document.Koc2[i] = Val(entry.s_KOC2);
+    document.Sorp_pH[i] = Val(entry.s_pH);
+    document.Sorp_pH2[i] = entry.s_Dataset ? No_Second_Point : Val(entry.s_pH2);
+    document.Sorp_pKa[i] = Val(entry.s_pKa);
+    text_koc0 = document.Koc[i].Text();
+}
+
+bool Shows_PH_Note(const Pesticide_Document& document, int i)
+{
+    return document.Sorp_pKa[i].Number() < No_Dissociation;
+}

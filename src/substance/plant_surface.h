@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/session.h"
+#include "substance/application_view.h"
+
+#include <string>
+
+// The fate of the substance on the plant surface, as typed.
+struct Plant_Entry {
+    std::string S_plt_dk;      // decay rate, 1/d
+    std::string S_plt_washoff; // 1/cm
+    std::string S_plt_filtr;   // filtration parameter, 1/cm
+    std::string S_plt_penet;   // 1/d
+    std::string S_plt_photo;   // 1/d at reference conditions
+    std::string S_RefRad;      // W/m2
+    std::string S_dlam;        // laminar layer, cm
+    std::string S_Hv;          // enthalpy of volatilisation, J/mol
+    bool operator==(const Plant_Entry&) const = default;
+};
+
+Plant_Entry Load_Plant(const Pesticide_Document& document);
+
+// "OK": stores all and marks the document as changed.
+void Accept_Plant(Session& session, const Plant_Entry& entry);
+
+// S_plt_filtr and its label show for exponential interception only.
+bool Shows_Filtration(Application_Method method);

@@ -1,0 +1,93 @@
+#include "substance/substance_entry.h"
+
+#include "core/number_field.h"
+#include "core/text.h"
+#include "substance/horizon_table.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int Individual = 2;
+
+// The typed number of horizons as the document keeps it: the text itself while it is a whole number that the table can have.
+Variant Horizons_Variant(const Substance_Entry& entry)
+{
+    const int n = Horizons_Typed(entry);
+    return Val(entry.Text_nhor) == n ? Typed_Number(entry.Text_nhor) : Variant(n);
+}
+
+} // namespace
+
+Substance_Entry Load_Substance(const Pesticide_Document& document, int i)
+{
+    return {.Name = document.Substance_Name[i],
+            .Text_mol = document.Molmass[i].Text(),
+            .text_uptkf = document.Plant_Uptake[i].Text(),
+            .Text_koc0 = document.Koc[i].Text(),
+            .Text_koc1 = document.Fr_Exp[i].Text(),
+            .Text_koc4 = document.Freundl_Limit[i].Text(),
+            .Text_koc5 = General_Text(document.Ann_Incr[i]),
+            .text_kdoc = General_Text(document.K_doc[i]),
+            .Text_KOC_MOI = General_Text(document.Koc_Change[i]),
+            .Text_nhor = document.N_Horizons.Text(),
+            .Kd_Direct = document.Kd_Flag[i].Number() == 0,
+            .Depth_Mode = document.Deg_Depth_Mode[i],
+            .Liquid_Only = document.Deg_Liquid_Only[i] != 0,
+            .Kf_Enabled = document.N_Horizons.Number() != 0};
+}
+
+void Choose_Depth_Mode(Substance_Entry& entry, int mode)
+{
+    entry.Depth_Mode = mode;
+    entry.Kf_Enabled = mode == Individual;
+    if (mode == Individual)
+        return;
+    entry.Text_nhor = "0";
+    entry.Kd_Direct = false;
+}
+
+std::optional<Refusal> Leave_Number_Of_Horizons(Pesticide_Document& document, Substance_Entry& entry)
+{
+    const double n = Val(entry.Text_nhor);
+    if (n > Most_Horizons)
+        return Refusal{{"Data check", "Number of horizons must not exceed " + std::to_string(Most_Horizons)}, "Text_nhor"};
+    if (n == 0) {
+        entry.Kf_Enabled = false;
+        entry.Kd_Direct = false;
+    } else if (n > 0) {
+        entry.Kf_Enabled = true;
+        Reset_Horizon_Table(document, Horizons_Typed(entry));
+    }
+    return std::nullopt;
+}
+
+int Horizons_Typed(const Substance_Entry& entry)
+{
+    return static_cast<int>(std::clamp(std::nearbyint(Val(entry.Text_nhor)), 0.0, static_cast<double>(Most_Horizons)));
+}
+
+void Store_Substance(Pesticide_Document& document, int i, const Substance_Entry& entry)
+{
+    document.N_Horizons = Horizons_Variant(entry);
+    Grow_Horizon_Table(document, Horizons_Typed(entry));
+    document.Substance_Name[i] = entry.Name;
+    document.Molmass[i] = Typed_Number(entry.Text_mol);
+    document.Plant_Uptake[i] = Typed_Number(entry.text_uptkf);
+    document.Koc[i] = Typed_Number(entry.Text_koc0);
+    document.Fr_Exp[i] = Typed_Number(entry.Text_koc1);
+    document.Freundl_Limit[i] = Typed_Number(entry.Text_koc4);
+    document.Ann_Incr[i] = Val(entry.Text_koc5);
+    document.K_doc[i] = Val(entry.text_kdoc);
+    document.Koc_Change[i] = Val(entry.Text_KOC_MOI);
+    document.Kd_Flag[i] = entry.Kd_Direct ? 0 : 1;
+    document.Deg_Depth_Mode[i] = static_cast<std::uint8_t>(std::clamp(entry.Depth_Mode, 0, Individual));
+    document.Deg_Liquid_Only[i] = entry.Liquid_Only ? 1 : 0;
+}
+
+void Accept_Metabolite(Session& session, int i, const Substance_Entry& entry)
+{
+    session.Program.PSM_Changed = true;
+    Store_Substance(session.Pesticide, i, entry);
+}
