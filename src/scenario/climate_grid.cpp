@@ -1,0 +1,138 @@
+#include "scenario/climate_grid.h"
+
+#include "core/grid_keys.h"
+#include "core/text.h"
+
+namespace {
+
+constexpr std::size_t Hour_Column = 3;
+constexpr std::array<std::string_view, Climate_Grid::Text_Columns> Text_Headings = {"Day", "Mon", "Year", "hour"};
+constexpr std::array<std::string Climate_Row::*, Climate_Grid::Text_Columns> Texts = {&Climate_Row::Cli_Day, &Climate_Row::Cli_Month, &Climate_Row::Cli_Year,
+                                                                                      &Climate_Row::Cli_Hour};
+
+std::string Two_Characters(const std::string& cell)
+{
+    if (cell.size() == 1)
+        return "0" + cell;
+    return cell.empty() ? "  " : cell.substr(0, 2);
+}
+
+void Store(Climate_Row& row, std::size_t column, const std::string& cell)
+{
+    if (column >= Climate_Grid::Text_Columns)
+        row.*Climate_Columns[column - Climate_Grid::Text_Columns].Number = Val(cell);
+    else
+        row.*Texts[column] = column == Hour_Column ? cell : Two_Characters(cell);
+}
+
+std::vector<std::string_view> Cells_Of(std::string_view line)
+{
+    std::vector<std::string_view> cells;
+    while (true) {
+        const auto end = line.find('\t');
+        cells.push_back(Trim(line.substr(0, end)));
+        if (end == std::string_view::npos)
+            return cells;
+        line.remove_prefix(end + 1);
+    }
+}
+
+// What the characters of a text give as keys; nothing if one of them is no key of the grid.
+std::optional<std::string> Typed_In(std::string_view text)
+{
+    std::string cell;
+    for (const char typed : text) {
+        const auto action = Climate_Grid_Key(Key_Code(typed));
+        if (action.Does != Key_Action::Kind::Append)
+            return std::nullopt;
+        cell = After_Key(cell, action);
+    }
+    return cell;
+}
+
+} // namespace
+
+Climate_Grid::Climate_Grid(const Climate_Table& table)
+{
+    Shown.Cli_Title = table.Cli_Title;
+    for (const auto& row : table.Rows) {
+        if (!Trim(row.Cli_Day).empty())
+            Shown.Rows.push_back(row);
+    }
+}
+
+std::string Climate_Grid::Cell(std::size_t row, std::size_t column) const
+{
+    if (const auto edited = Edited.find({row, column}); edited != Edited.end())
+        return edited->second;
+    const auto& shown = Shown.Rows[row];
+    return column < Text_Columns ? shown.*Texts[column] : Cell_Text(shown, Climate_Columns[column - Text_Columns]);
+}
+
+void Climate_Grid::Set_Cell(std::size_t row, std::size_t column, std::string_view text)
+{
+    Edited[{row, column}] = text;
+}
+
+std::vector<double> Climate_Grid::Values(std::size_t column) const
+{
+    std::vector<double> values;
+    for (std::size_t row = 0; row < Rows(); ++row)
+        values.push_back(Val(Cell(row, Text_Columns + column)));
+    return values;
+}
+
+Climate_Table Climate_Grid::Table() const
+{
+    Climate_Table table = Shown;
+    Round_As_Shown(table);
+    for (const auto& [place, cell] : Edited)
+        Store(table.Rows[place.first], place.second, cell);
+    return table;
+}
+
+std::string Climate_Heading(std::size_t column)
+{
+    if (column < Climate_Grid::Text_Columns)
+        return std::string(Text_Headings[column]);
+    const auto& heading = Climate_Columns[column - Climate_Grid::Text_Columns];
+    return std::string(heading.Heading) + "\n" + std::string(heading.Heading_Below);
+}
+
+void Press_Climate_Key(Session& session, Climate_Grid& grid, std::size_t row, std::size_t column, int code)
+{
+    const std::string before = grid.Cell(row, column);
+    const std::string after = After_Key(before, Climate_Grid_Key(code));
+    if (after == before)
+        return;
+    grid.Set_Cell(row, column, after);
+    session.Program.CLI_Changed = true;
+}
+
+std::optional<Message> Paste_Climate_Block(Session& session, Climate_Grid& grid, std::size_t row, std::size_t column, std::string_view block)
+{
+    const auto refuse = [](const std::string& why) { return Message{"Data Check", why + " Nothing was pasted."}; };
+    const auto lines = Split_Lines(block);
+    std::map<std::pair<std::size_t, std::size_t>, std::string> pasted;
+    for (std::size_t r = 0; r < lines.size(); ++r) {
+        const auto cells = Cells_Of(lines[r]);
+        if (row + r >= grid.Rows() || column + cells.size() > Climate_Grid::Columns)
+            return refuse("The block does not fit into the grid from this cell on.");
+        for (std::size_t c = 0; c < cells.size(); ++c) {
+            const auto cell = Typed_In(cells[c]);
+            if (!cell)
+                return refuse("\"" + std::string(cells[c]) + "\" is not a number.");
+            pasted[{row + r, column + c}] = *cell;
+        }
+    }
+    for (const auto& [place, cell] : pasted) {
+        session.Program.CLI_Changed |= cell != grid.Cell(place.first, place.second);
+        grid.Set_Cell(place.first, place.second, cell);
+    }
+    return std::nullopt;
+}
+
+void Take_Over_Climate(Session& session, const Climate_Grid& grid)
+{
+    session.Climate = grid.Table();
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "charts/forms/diagram_form.h"
+#include "scenario/climate_grid.h"
+
+class QComboBox;
+
+// One series of the climate grid as a line over its days.
+class Klimagrafik : public Diagram_Form {
+    Q_OBJECT
+
+public:
+    // The grid outlives the form; `series` is the one shown first.
+    Klimagrafik(const Climate_Grid& grid, std::size_t series, Ask_Function ask, QWidget* parent = nullptr);
+
+private:
+    void Draw();
+
+    const Climate_Grid& Grid;
+    QComboBox* Reihe = nullptr;
+};
+
+// The series of a column of the grid; that of rainfall for a column without one.
+std::size_t Series_Of_Column(int column);

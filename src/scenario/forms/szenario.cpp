@@ -1,0 +1,158 @@
+#include "scenario/forms/szenario.h"
+
+#include "core/forms/widgets.h"
+#include "scenario/forms/save_as.h"
+#include "scenario/saving.h"
+#include "scenario/scenario_fields.h"
+#include "scenario/scenario_view.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+void Show_All(const std::vector<QWidget*>& widgets, bool visible)
+{
+    for (auto* widget : widgets)
+        widget->setVisible(visible);
+}
+
+void Tell_Not_Yet(const Session& session, const std::string& what)
+{
+    session.Ask({"ORVELSUITE", what + " is not part of this version yet.", Icon::Information});
+}
+
+} // namespace
+
+Szenario::Szenario(Session& session, std::filesystem::path directory, QWidget* parent) : QDialog(parent), Shared(session), Directory(std::move(directory))
+{
+    setObjectName("Szenario");
+    setWindowTitle("Scenariofile");
+    Lay_Out();
+    Shared.Program.SZE_Changed = false;
+    Load();
+}
+
+void Szenario::Load()
+{
+    for (const auto name : Scenario_Boxes())
+        Boxes.at(Shown(name))->setText(Shown(Field_Text(Shared.Scenario, name)));
+    Show_View();
+}
+
+void Szenario::Show_View()
+{
+    const auto view = View_Of(Shared.Scenario);
+    Button_Delxflg->button(view.Compartments)->setChecked(true);
+    Show_All(Layer_Widgets, view.Layers_Visible);
+    Label2->setText(Shown(view.Thickness));
+    Dispersion->button(view.Dispersion)->setChecked(true);
+    Hydraulic_Options->button(view.Hydraulics)->setChecked(true);
+    Wasserfluss->button(view.Drainage)->setChecked(true);
+    for (std::size_t x = 0; x < view.Processes.size(); ++x) {
+        const bool greyed = view.Processes[x] == Box::Greyed;
+        schnelle_Prozesse[x]->setTristate(greyed);
+        schnelle_Prozesse[x]->setCheckState(greyed ? Qt::PartiallyChecked : view.Processes[x] == Box::Set ? Qt::Checked : Qt::Unchecked);
+        schnelle_Prozesse[x]->setEnabled(!greyed);
+        Show_All(Depth_Widgets[x], view.Process_Depth_Visible[x]);
+    }
+    Command_macro->setVisible(view.Macropore_Button_Visible);
+    Check_er->setChecked(view.Erosion);
+    Command_er->setVisible(view.Erosion);
+    doc_check->setChecked(view.DOC);
+    Show_All(DOC_Widgets, view.DOC);
+    Combo_et->setCurrentIndex(view.Evapotranspiration);
+    Show_All(Kc_Widgets, view.Kc_Visible);
+    for (std::size_t i = 0; i < view.Frequencies.size(); ++i)
+        Frequencies[i]->setText(Shown(view.Frequencies[i]));
+}
+
+// Takes over what stands in a box; false if it was refused.
+bool Szenario::Leave(const QString& name)
+{
+    const std::string control = Bytes_Of(name);
+    auto* box = Boxes.at(name);
+    const auto refusal = Leave_Field(Shared, control, Bytes_Of(box->text()));
+    Show_View();
+    if (refusal) {
+        Refuse(*refusal);
+        return false;
+    }
+    box->setText(Shown(Field_Text(Shared.Scenario, control)));
+    return true;
+}
+
+// A button reached by its mnemonic leaves the focus in the box.
+bool Szenario::Leave_Current()
+{
+    const auto* box = qobject_cast<QLineEdit*>(focusWidget());
+    return !box || !Boxes.contains(box->objectName()) || Leave(box->objectName());
+}
+
+// Going back leaves another box, which is not tested for that.
+void Szenario::Refuse(const Refusal& refusal)
+{
+    Refusing = true;
+    Shared.Ask(refusal.Text);
+    if (auto* control = findChild<QWidget*>(Shown(refusal.Control)))
+        control->setFocus();
+    Refusing = false;
+}
+
+bool Szenario::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::FocusOut || Refusing || !isVisible())
+        return QDialog::eventFilter(watched, event);
+    const auto reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+        Leave(watched->objectName());
+    return QDialog::eventFilter(watched, event);
+}
+
+void Szenario::Horizons()
+{
+    if (!Leave_Current())
+        return;
+    if (const auto refusal = Check_Open_Horizons(Bytes_Of(Boxes.at("Text_nhor")->text())))
+        return Refuse(*refusal);
+    Tell_Not_Yet(Shared, "The table of soil horizons");
+}
+
+void Szenario::Macropores()
+{
+    Tell_Not_Yet(Shared, "The form for macropore parameters");
+}
+
+void Szenario::Erosion_Parameters()
+{
+    Tell_Not_Yet(Shared, "The form for erosion parameters");
+}
+
+void Szenario::Rotation()
+{
+    Tell_Not_Yet(Shared, "The editor for crop rotations");
+}
+
+void Szenario::Save()
+{
+    if (!Leave_Current())
+        return;
+    if (const auto refusal = Prepare_Save(Shared, Bytes_Of(Boxes.at("Text_nhor")->text())))
+        return Refuse(*refusal);
+    if (Save_As(Shared, Document_Kind::Scenario, Shown(Scenario_Save_Caption), Directory, this))
+        QDialog::done(Accepted);
+}
+
+void Szenario::done(int result)
+{
+    if (const auto* box = qobject_cast<QLineEdit*>(focusWidget()); box && Boxes.contains(box->objectName()))
+        Leave_Field(Shared, Bytes_Of(box->objectName()), Bytes_Of(box->text())); // a value that is refused holds nobody back from leaving
+    if (!May_Close(Shared, Shared.Program.SZE_Changed))
+        return;
+    QDialog::done(result);
+}

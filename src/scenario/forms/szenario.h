@@ -1,0 +1,72 @@
+#pragma once
+
+#include "core/session.h"
+#include "scenario/scenario_options.h"
+
+#include <array>
+#include <filesystem>
+#include <map>
+#include <QDialog>
+
+class QButtonGroup;
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QGroupBox;
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+// The editor of the session's scenario document. Each change goes into the document when its field is left or its option chosen.
+class Szenario : public QDialog {
+    Q_OBJECT
+
+public:
+    // `directory` is that of the file shown.
+    Szenario(Session& session, std::filesystem::path directory, QWidget* parent = nullptr);
+
+    void done(int result) override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Lay_Out();
+    QGroupBox* Soil();
+    QGroupBox* Compartments();
+    QGroupBox* Hydraulics();
+    QGroupBox* Evapotranspiration();
+    QGroupBox* Processes();
+    QGroupBox* Output();
+    QHBoxLayout* Buttons();
+    QLineEdit* Edit_Box(const QString& name, const QString& purpose);
+    void Add_Row(QFormLayout& rows, const QString& caption, const QString& name, const QString& unit = {});
+    QButtonGroup* Options(QFormLayout& rows, const QStringList& names, const QStringList& captions, void (*choose)(Session&, int));
+    QPushButton* Command(const QString& name, const QString& caption, void (Szenario::*handler)());
+
+    void Load();
+    void Show_View();
+    bool Leave(const QString& name);
+    bool Leave_Current();
+    void Refuse(const Refusal& refusal);
+    void Horizons();
+    void Macropores();
+    void Erosion_Parameters();
+    void Rotation();
+    void Save();
+
+    Session& Shared;
+    std::filesystem::path Directory;
+    std::map<QString, QLineEdit*> Boxes;
+    std::vector<QWidget*> Layer_Widgets, Kc_Widgets, DOC_Widgets;
+    std::array<std::vector<QWidget*>, 2> Depth_Widgets;
+    QButtonGroup *Button_Delxflg = nullptr, *Dispersion = nullptr, *Hydraulic_Options = nullptr, *Wasserfluss = nullptr;
+    std::array<QCheckBox*, 2> schnelle_Prozesse{};
+    QCheckBox *doc_check = nullptr, *Check_er = nullptr;
+    QComboBox* Combo_et = nullptr;
+    QLabel* Label2 = nullptr;
+    std::array<QPushButton*, 3> Frequencies{}; // Label_wat, Label_chem, Label_conc
+    QPushButton *Command_macro = nullptr, *Command_er = nullptr;
+    bool Refusing = false;
+};

@@ -1,0 +1,229 @@
+#include "core/forms/widgets.h"
+#include "scenario/forms/szenario.h"
+#include "scenario/scenario_view.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+constexpr int Box_Width = 12; // in characters
+
+} // namespace
+
+QLineEdit* Szenario::Edit_Box(const QString& name, const QString& purpose)
+{
+    auto* box = Named(new QLineEdit, name);
+    box->setAccessibleName(purpose);
+    box->installEventFilter(this);
+    Boxes[name] = box;
+    return box;
+}
+
+// A row of a caption, a box and a unit. Its widgets are found by the box again where the row can be hidden.
+void Szenario::Add_Row(QFormLayout& rows, const QString& caption, const QString& name, const QString& unit)
+{
+    auto* label = new QLabel(caption);
+    auto* box = Edit_Box(name, QString(caption).remove("&"));
+    box->setMaximumWidth(fontMetrics().averageCharWidth() * Box_Width * 2);
+    label->setBuddy(box);
+    auto* field = new QHBoxLayout;
+    field->addWidget(box);
+    auto* unit_label = new QLabel(unit);
+    field->addWidget(unit_label);
+    field->addStretch(1);
+    rows.addRow(label, field);
+    std::vector<QWidget*> widgets = {label, box, unit_label};
+    if (name == "Text_num")
+        Layer_Widgets = widgets;
+    if (name.startsWith("Text_et_"))
+        Kc_Widgets.insert(Kc_Widgets.end(), widgets.begin(), widgets.end());
+    if (name == "s_DOC")
+        DOC_Widgets = widgets;
+    if (name.startsWith("schnelle_Prozesse_Tiefe_")) {
+        const bool macropores = name.endsWith('1');
+        label->setObjectName(macropores ? "L_Schneller_Prozess_1" : "L_Schneller_Prozess_0");
+        Depth_Widgets[macropores] = widgets;
+    }
+}
+
+QButtonGroup* Szenario::Options(QFormLayout& rows, const QStringList& names, const QStringList& captions, void (*choose)(Session&, int))
+{
+    auto* group = new QButtonGroup(this);
+    for (int i = 0; i < names.size(); ++i) {
+        auto* option = Named(new QRadioButton(captions[i]), names[i]);
+        group->addButton(option, i);
+        rows.addRow(option);
+    }
+    connect(group, &QButtonGroup::idClicked, this, [this, choose](int option) {
+        choose(Shared, option);
+        Show_View();
+    });
+    return group;
+}
+
+QPushButton* Szenario::Command(const QString& name, const QString& caption, void (Szenario::*handler)())
+{
+    auto* button = Named(new QPushButton(caption), name);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, handler);
+    return button;
+}
+
+void Szenario::Lay_Out()
+{
+    auto* title = new QFormLayout;
+    title->addRow("&Title", Edit_Box("Text_tit", "Title"));
+    auto* left = new QVBoxLayout;
+    for (auto* group : {Soil(), Compartments(), Hydraulics()})
+        left->addWidget(group);
+    left->addStretch(1);
+    auto* right = new QVBoxLayout;
+    for (auto* group : {Evapotranspiration(), Processes(), Output()})
+        right->addWidget(group);
+    right->addStretch(1);
+    auto* columns = new QHBoxLayout;
+    columns->addLayout(left, 1);
+    columns->addLayout(right, 1);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(title);
+    all->addLayout(columns, 1);
+    all->addLayout(Buttons());
+}
+
+QGroupBox* Szenario::Soil()
+{
+    auto* group = new QGroupBox("Soil");
+    auto* rows = new QFormLayout(group);
+    Add_Row(*rows, "Core De&pth:", "Text_cor", "cm");
+    Add_Row(*rows, "&Number of Horizons:", "Text_nhor");
+    rows->addRow(Command("Command4", "Soil &Horizon Parameters", &Szenario::Horizons));
+    Add_Row(*rows, "&Geogr. Latitude:", "Text_geo", QString::fromUtf8("°"));
+    Add_Row(*rows, "&Factor for Snow Melt:", "Text_sfac");
+    auto* uptake = Named(new QLineEdit, "Text_peup");
+    uptake->setMaximumWidth(fontMetrics().averageCharWidth() * Box_Width * 2);
+    rows->addRow("Pesticide &Uptake Factor:", uptake);
+    connect(uptake, &QLineEdit::textEdited, this, [this] { Shared.Program.SZE_Changed = true; });
+    return group;
+}
+
+QGroupBox* Szenario::Compartments()
+{
+    auto* group = new QGroupBox("Compartment size");
+    auto* rows = new QFormLayout(group);
+    Button_Delxflg = Options(*rows, {"Button_Delxflg_0", "Button_Delxflg_1"}, {"Dependent on soil depth", "Constant"}, Choose_Compartments);
+    Add_Row(*rows, "Number of &Layers:", "Text_num");
+    auto* caption = new QLabel("Thickness of Layers:");
+    Label2 = Named(new QLabel, "Label2");
+    rows->addRow(caption, Label2);
+    Layer_Widgets.insert(Layer_Widgets.end(), {caption, Label2});
+    Dispersion = Options(*rows, {"Dispersion_0", "Dispersion_1"}, {"Dispersion coeff.", "Dispersion length"}, Choose_Dispersion);
+    return group;
+}
+
+QGroupBox* Szenario::Hydraulics()
+{
+    auto* group = new QGroupBox("Hydraulics");
+    auto* rows = new QFormLayout(group);
+    Hydraulic_Options =
+        Options(*rows, {"Option1_th", "Option2_th", "Option3_th"},
+                {"Direct Input of Field Capacity and Wilting Point", "Pedotransfer Function of PRZM I", "Pedotransfer Function of ORVEL"}, Choose_Hydraulics);
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    rows->addRow(line);
+    Wasserfluss = Options(*rows, {"Wasserfluss_0", "Wasserfluss_1"}, {"Free drainage ", "Exponentially restricted drainage"}, Choose_Drainage);
+    return group;
+}
+
+QGroupBox* Szenario::Evapotranspiration()
+{
+    auto* group = new QGroupBox("Evapotranspiration");
+    auto* rows = new QFormLayout(group);
+    Combo_et = Named(new QComboBox, "Combo_et");
+    for (const auto method : Evapotranspiration_Methods)
+        Combo_et->addItem(Shown(method));
+    rows->addRow("&Calculate ET with:", Combo_et);
+    connect(Combo_et, &QComboBox::activated, this, [this](int item) {
+        Choose_Evapotranspiration(Shared, item);
+        Show_View();
+    });
+    Add_Row(*rows, "Minimum Depth for ET:", "Text_et_depth", "cm");
+    auto* caption = new QLabel("Kc factors for ET:");
+    rows->addRow(caption);
+    Kc_Widgets.push_back(caption);
+    Add_Row(*rows, "no crop:", "Text_et_fac_0");
+    Add_Row(*rows, "mid season:", "Text_et_fac_1");
+    Add_Row(*rows, "late season:", "Text_et_fac_2");
+    return group;
+}
+
+QGroupBox* Szenario::Processes()
+{
+    auto* group = new QGroupBox("Fast processes");
+    auto* rows = new QFormLayout(group);
+    const std::array<QString, 2> captions = {"&Runoff", "&Macropore Flow"}, depths = {"Runoff depth (cm):", "Macropore depth (cm)"};
+    for (std::size_t x = 0; x < 2; ++x) {
+        auto* process = schnelle_Prozesse[x] = Named(new QCheckBox(captions[x]), "schnelle_Prozesse_" + QString::number(x));
+        rows->addRow(process);
+        Add_Row(*rows, depths[x], "schnelle_Prozesse_Tiefe_" + QString::number(x));
+        connect(process, &QCheckBox::clicked, this, [this, x](bool on) {
+            Switch_Process(Shared, x == 0 ? Fast_Process::Runoff : Fast_Process::Macropore_Flow, on);
+            Show_View();
+        });
+    }
+    rows->addRow(Command_macro = Command("Command_macro", "Macropore Parameters", &Szenario::Macropores));
+    rows->addRow(Check_er = Named(new QCheckBox("Calculate &Erosion"), "Check_er"));
+    rows->addRow(Command_er = Command("Command_er", "Edit Parameters", &Szenario::Erosion_Parameters));
+    rows->addRow(doc_check = Named(new QCheckBox("Calculate transport &via DOC"), "doc_check"));
+    Add_Row(*rows, "DOC-Content in soil water", "s_DOC", "mg/L");
+    connect(Check_er, &QCheckBox::clicked, this, [this](bool on) {
+        Switch_Erosion(Shared, on);
+        Show_View();
+    });
+    connect(doc_check, &QCheckBox::clicked, this, [this](bool on) {
+        Switch_DOC(Shared, on);
+        Show_View();
+    });
+    return group;
+}
+
+QGroupBox* Szenario::Output()
+{
+    auto* group = new QGroupBox("Output");
+    auto* grid = new QGridLayout(group);
+    grid->addWidget(new QLabel("Frequency of Output:"), 0, 1);
+    grid->addWidget(new QLabel("Output for Every  ... th Layer:"), 0, 2);
+    const std::array<QString, 3> kinds = {"Water", "Solute", "Concentration"}, labels = {"Label_wat", "Label_chem", "Label_conc"};
+    for (int i = 0; i < 3; ++i) {
+        const auto kind = static_cast<std::size_t>(i);
+        auto* frequency = Frequencies[kind] = Named(new QPushButton, labels[kind]);
+        frequency->setAutoDefault(false);
+        frequency->setAccessibleName("Frequency of Output: " + kinds[kind]);
+        grid->addWidget(new QLabel(kinds[kind]), i + 1, 0);
+        grid->addWidget(frequency, i + 1, 1);
+        grid->addWidget(Edit_Box(QString("Text%1_freq").arg(i + 1), "Output for every how many layers: " + kinds[kind]), i + 1, 2);
+        connect(frequency, &QPushButton::clicked, this, [this, i] {
+            Switch_Frequency(Shared, static_cast<Output_Of>(i));
+            Show_View();
+        });
+    }
+    return group;
+}
+
+QHBoxLayout* Szenario::Buttons()
+{
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(Command("Command3", "Create / Modify Crop R&otation", &Szenario::Rotation));
+    buttons->addStretch(1);
+    buttons->addWidget(Command("Command1", "&Save", &Szenario::Save));
+    buttons->addWidget(Command("Command2", "&Done", &Szenario::accept));
+    return buttons;
+}

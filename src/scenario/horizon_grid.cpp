@@ -1,0 +1,108 @@
+#include "scenario/horizon_grid.h"
+
+#include "core/number_field.h"
+#include "scenario/scenario_options.h"
+
+#include <algorithm>
+
+namespace {
+
+using Horizon = Scenario_Horizon;
+
+// A column edits a field that holds text or number, or a plain number.
+struct Column {
+    std::string_view Heading;
+    Variant Horizon::*Mixed = nullptr;
+    double Horizon::*Number = nullptr;
+};
+
+bool Direct_Input(const Scenario_Document& document)
+{
+    return document.SZE_Hydraulic_Flag.Number() == 0;
+}
+
+std::vector<Column> Columns_Of(const Scenario_Document& document)
+{
+    const bool length = document.SZE_Dispersion_Flag != 0;
+    std::vector<Column> columns = {
+        {"Thickness      [cm]", &Horizon::SZE_Hor_Thickness},
+        {"Bulk Density     [kg/L]", &Horizon::SZE_Hor_Bulk_Density},
+        {length ? "Dispersion length  [cm]" : "Dispersion coeff.  [cm2/d]", &Horizon::SZE_Hor_Dispersion},
+        {"Initial Soil Water (m\xB3/m\xB3)", &Horizon::SZE_Hor_Soil_Water},
+    };
+    if (Direct_Input(document)) {
+        columns.push_back({"Field        Capacity (m\xB3/m\xB3)", &Horizon::SZE_Hor_FC});
+        columns.push_back({"Wilting        Point (m\xB3/m\xB3)", &Horizon::SZE_Hor_WP});
+    } else {
+        columns.push_back({"Sand      Fraction [%]", &Horizon::SZE_Hor_Sand});
+        columns.push_back({"Clay      Fraction [%]", nullptr, &Horizon::SZE_Hor_Clay});
+    }
+    columns.push_back({"Organic Carbon [%]", &Horizon::SZE_Hor_OC});
+    columns.push_back({" pH-Value          ", &Horizon::SZE_Hor_pH});
+    columns.push_back({" Biodeg. factor [-]", nullptr, &Horizon::SZE_Hor_Biodeg});
+    if (Drainage_Option(document) == 1)
+        columns.push_back({"Drainage Value [1/day]", &Horizon::SZE_Hor_Drainage});
+    return columns;
+}
+
+constexpr std::size_t Capacity_Column = 4, Wilting_Column = 5; // with direct input
+
+std::string Cell_Of(const Horizon& horizon, const Column& column)
+{
+    return column.Mixed ? (horizon.*column.Mixed).Text() : General_Text(horizon.*column.Number);
+}
+
+// A cell that was not touched keeps the document's number.
+void Store(Horizon& horizon, const Column& column, const std::string& cell)
+{
+    if (cell == Cell_Of(horizon, column))
+        return;
+    if (column.Mixed)
+        horizon.*column.Mixed = Typed_Number(cell);
+    else
+        horizon.*column.Number = Val(cell);
+}
+
+} // namespace
+
+Horizon_Grid Show_Horizons(const Scenario_Document& document)
+{
+    const auto columns = Columns_Of(document);
+    Horizon_Grid grid;
+    grid.Headings.push_back("Horizon Number");
+    for (const auto& column : columns)
+        grid.Headings.emplace_back(column.Heading);
+    const auto rows = static_cast<std::size_t>(std::clamp<double>(document.SZE_Horizons.Number(), 0, Most_Horizons));
+    for (std::size_t h = 0; h < rows; ++h) {
+        grid.Row_Titles.push_back("Horizon " + std::to_string(h + 1));
+        auto& cells = grid.Cells.emplace_back(columns.size());
+        for (std::size_t c = 0; c < columns.size() && h < document.Horizons.size(); ++c)
+            cells[c] = Cell_Of(document.Horizons[h], columns[c]);
+    }
+    return grid;
+}
+
+std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, const Horizon_Grid& grid)
+{
+    for (std::size_t h = 0; h < grid.Cells.size() && Direct_Input(document); ++h) {
+        if (Val(grid.Cells[h][Wilting_Column]) > Val(grid.Cells[h][Capacity_Column]))
+            return Refusal{{"Data Check", "Horizon " + std::to_string(h + 1) + ": Wilting point must not exceed field capacity"}, "Grid_nhor"};
+    }
+    return std::nullopt;
+}
+
+std::optional<double> Take_Over_Horizons(Session& session, const Horizon_Grid& grid)
+{
+    auto& document = session.Scenario;
+    const auto columns = Columns_Of(document);
+    document.SZE_Horizons = grid.Cells.size();
+    document.Horizons.resize(grid.Cells.size());
+    double sum = 0;
+    for (std::size_t h = 0; h < grid.Cells.size(); ++h) {
+        for (std::size_t c = 0; c < columns.size(); ++c)
+            Store(document.Horizons[h], columns[c], grid.Cells[h][c]);
+        sum += document.Horizons[h].SZE_Hor_Thickness.Number();
+    }
+    session.Program.SZE_Changed = true;
+    return sum == document.SZE_Core_Depth ? std::nullopt : std::optional(sum);
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+// The table of the soil horizons: one row a horizon, cells as texts. Which columns there are follows from the document's options.
+struct Horizon_Grid {
+    std::vector<std::string> Headings;
+    std::vector<std::string> Row_Titles;         // "Horizon 1" ...
+    std::vector<std::vector<std::string>> Cells; // [row][column], behind the title column
+    bool operator==(const Horizon_Grid&) const = default;
+};
+
+// The document's horizons; a horizon that it does not hold yet is a row of empty cells.
+Horizon_Grid Show_Horizons(const Scenario_Document& document);
+
+// With direct input, a wilting point above the field capacity; equal ones pass.
+std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, const Horizon_Grid& grid);
+
+// Takes a checked grid over. The result is the sum of thickness (cm) if it differs from the core depth: the editor shows it in the box of
+// the core depth, and the document keeps its own depth until that box is left.
+std::optional<double> Take_Over_Horizons(Session& session, const Horizon_Grid& grid);

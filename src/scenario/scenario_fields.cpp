@@ -1,0 +1,154 @@
+#include "scenario/scenario_fields.h"
+
+#include "core/number_field.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using Document = Scenario_Document;
+constexpr std::string_view Data_Check = "Data Check";
+
+constexpr std::string_view Title_Box = "Text_tit", Depth_Box = "Text_cor", Layers_Box = "Text_num", Horizons_Box = "Text_nhor";
+
+struct Number_Box {
+    std::string_view Control;
+    double Document::*Field;
+};
+constexpr std::array Number_Boxes = {
+    Number_Box{Depth_Box, &Document::SZE_Core_Depth},
+    Number_Box{"Text_geo", &Document::SZE_Latitude},
+    Number_Box{"Text_et_depth", &Document::SZE_ET_Depth},
+    Number_Box{"schnelle_Prozesse_Tiefe_0", &Document::SZE_Runoff_Depth},
+    Number_Box{"schnelle_Prozesse_Tiefe_1", &Document::SZE_Macro_Depth},
+    Number_Box{"s_DOC", &Document::SZE_DOC_Content},
+};
+
+constexpr std::array<std::string_view, 3> Kc_Boxes = {"Text_et_fac_0", "Text_et_fac_1", "Text_et_fac_2"};
+
+struct Mixed_Box {
+    std::string_view Control;
+    Variant Document::*Field;
+};
+constexpr std::array Mixed_Boxes = {
+    Mixed_Box{Horizons_Box, &Document::SZE_Horizons},        Mixed_Box{"Text_sfac", &Document::SZE_Snow_Factor},
+    Mixed_Box{"Text1_freq", &Document::SZE_Out_Every_Water}, Mixed_Box{"Text2_freq", &Document::SZE_Out_Every_Solute},
+    Mixed_Box{"Text3_freq", &Document::SZE_Out_Every_Conc},
+};
+
+Refusal Refuse(std::string text, std::string_view control)
+{
+    return {{std::string(Data_Check), std::move(text)}, std::string(control)};
+}
+
+std::string Too_Few_Layers(double horizons)
+{
+    return "Number of layers must be at least " + General_Text(horizons) + " (number of horizons)";
+}
+
+constexpr const char* Too_Many = "Value must be smaller than 401";
+
+std::optional<Refusal> Check_Horizons(const Document& document)
+{
+    const double horizons = document.SZE_Horizons.Number();
+    if (horizons < 1)
+        return Refuse("Value must be greater than 1", Horizons_Box); // the wording stays, for a limit of 1
+    if (horizons > Most_Horizons)
+        return Refuse(Too_Many, Horizons_Box);
+    if (horizons > document.SZE_Layers)
+        return Refuse(Too_Few_Layers(horizons), Layers_Box);
+    return std::nullopt;
+}
+
+std::optional<Refusal> Check_Layers(const Document& document)
+{
+    if (document.SZE_Layers < document.SZE_Horizons.Number())
+        return Refuse(Too_Few_Layers(document.SZE_Horizons.Number()), Layers_Box);
+    if (document.SZE_Layers > Most_Layers)
+        return Refuse(Too_Many, Layers_Box);
+    return std::nullopt;
+}
+
+std::optional<Refusal> Check(const Document& document, std::string_view control)
+{
+    if (control == Depth_Box && !(document.SZE_Core_Depth > 0))
+        return Refuse("Value must be greater than 0", control);
+    if (control == Horizons_Box)
+        return Check_Horizons(document);
+    if (control == Layers_Box)
+        return Check_Layers(document);
+    if (!control.ends_with("_freq"))
+        return std::nullopt;
+    const double every = Val(Field_Text(document, control));
+    if (every < 1 || every > document.SZE_Layers)
+        return Refuse("Value must be between 0 and " + General_Text(document.SZE_Layers), control); // 0 is named and refused
+    return std::nullopt;
+}
+
+// The rows of the horizons grow with their number; what a smaller number leaves out stays until the horizon grid is accepted.
+void Make_Room(Document& document)
+{
+    const double horizons = std::min<double>(document.SZE_Horizons.Number(), Most_Horizons);
+    if (horizons > static_cast<double>(document.Horizons.size()))
+        document.Horizons.resize(static_cast<std::size_t>(horizons));
+}
+
+template <class Boxes> auto Find(const Boxes& boxes, std::string_view control)
+{
+    return std::ranges::find_if(boxes, [&](const auto& box) { return box.Control == control; });
+}
+
+void Store(Document& document, std::string_view control, std::string_view text)
+{
+    if (control == Title_Box)
+        document.SZE_Title = Trim(text);
+    if (control == Layers_Box)
+        document.SZE_Layers = Typed_Integer(Format_Pattern(Val(text), "0"));
+    if (const auto kc = std::ranges::find(Kc_Boxes, control); kc != Kc_Boxes.end())
+        document.SZE_Kc[static_cast<std::size_t>(kc - Kc_Boxes.begin())][0] = Val(text);
+    if (const auto box = Find(Number_Boxes, control); box != Number_Boxes.end())
+        document.*box->Field = Val(text);
+    if (const auto box = Find(Mixed_Boxes, control); box != Mixed_Boxes.end())
+        document.*box->Field = Typed_Number(text);
+    if (control == Horizons_Box)
+        Make_Room(document);
+}
+
+} // namespace
+
+std::vector<std::string_view> Scenario_Boxes()
+{
+    std::vector<std::string_view> names = {Title_Box, Layers_Box};
+    names.insert(names.end(), Kc_Boxes.begin(), Kc_Boxes.end());
+    for (const auto& box : Number_Boxes)
+        names.push_back(box.Control);
+    for (const auto& box : Mixed_Boxes)
+        names.push_back(box.Control);
+    return names;
+}
+
+std::string Field_Text(const Scenario_Document& document, std::string_view control)
+{
+    if (control == Title_Box)
+        return std::string(Trim(document.SZE_Title));
+    if (control == Layers_Box)
+        return General_Text(document.SZE_Layers);
+    if (const auto kc = std::ranges::find(Kc_Boxes, control); kc != Kc_Boxes.end())
+        return General_Text(document.SZE_Kc[static_cast<std::size_t>(kc - Kc_Boxes.begin())][0]);
+    if (const auto box = Find(Number_Boxes, control); box != Number_Boxes.end())
+        return General_Text(document.*box->Field);
+    if (const auto box = Find(Mixed_Boxes, control); box != Mixed_Boxes.end())
+        return (document.*box->Field).Text();
+    return {};
+}
+
+std::optional<Refusal> Leave_Field(Session& session, std::string_view control, std::string_view text)
+{
+    if (Trim(text) != Field_Text(session.Scenario, control)) {
+        session.Program.SZE_Changed = true;
+        Store(session.Scenario, control, text);
+    }
+    return Check(session.Scenario, control);
+}

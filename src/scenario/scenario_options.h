@@ -1,0 +1,38 @@
+#pragma once
+
+#include "core/session.h"
+
+// What a click on an option, a check box or a switch of the scenario editor does. Each marks the scenario document changed.
+
+// Compartments dependent on soil depth (0) or constant (1), the numbers of the file and of Button_Delxflg alike.
+void Choose_Compartments(Session& session, int option);
+
+// 0 dispersion coefficient, 1 dispersion length.
+void Choose_Dispersion(Session& session, int option);
+
+// 0 direct input, 1 and 2 pedotransfer functions.
+void Choose_Hydraulics(Session& session, int option);
+
+// 0 potential evaporation data, 1 Hamon, 2 both, 3 Haude.
+void Choose_Evapotranspiration(Session& session, int item);
+
+// The water flow flag is the drainage option, and 2 more with macropore flow.
+void Choose_Drainage(Session& session, int option);
+int Drainage_Option(const Scenario_Document& document);
+bool Has_Macropore_Flow(const Scenario_Document& document);
+
+enum class Fast_Process { Runoff, Macropore_Flow };
+void Switch_Process(Session& session, Fast_Process process, bool on);
+
+// Erosion forces runoff on in the document; cleared, it leaves runoff as it is.
+void Switch_Erosion(Session& session, bool on);
+
+void Switch_DOC(Session& session, bool on);
+
+enum class Output_Of { Water, Solute, Concentration };
+
+// "Daily", "Monthly" or "Yearly"; a frequency that is none of the file's words is "Monthly".
+std::string_view Frequency_Caption(const Scenario_Document& document, Output_Of output);
+
+// Monthly becomes yearly, yearly daily, daily monthly.
+void Switch_Frequency(Session& session, Output_Of output);
