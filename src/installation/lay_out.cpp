@@ -1,0 +1,149 @@
+#include "installation/lay_out.h"
+
+#include "core/files.h"
+#include "core/lock.h"
+#include "installation/installation_files.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* Engine = "orvel401.exe";
+constexpr std::array<const char*, 3> Utilities = {"wyear.exe", "wmonth.exe", "wday.exe"};
+constexpr const char* Staging = ".orvel-init"; // below the new installation, until all is there
+
+// The first of the directories' files of this name, without regard to case.
+std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, const char* name)
+{
+    for (const auto& directory : parts) {
+        auto found = Find_File(directory, name);
+        if (found && fs::is_regular_file(*found))
+            return found;
+    }
+    return std::nullopt;
+}
+
+// Nothing in it, but what an earlier attempt may have left.
+bool Is_Empty(const fs::path& directory)
+{
+    for (const auto& entry : fs::directory_iterator(directory)) {
+        if (entry.path().filename() != Staging)
+            return false;
+    }
+    return true;
+}
+
+void Write_New(const fs::path& file, std::string_view bytes)
+{
+    fs::create_directories(file.parent_path());
+    std::ofstream out(file, std::ios::binary);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.close();
+    if (!out)
+        throw File_Error("Cannot write " + file.string() + ": " + std::strerror(errno) + ".");
+}
+
+// The directory that becomes an installation. Unless it is kept, everything goes away again: what it holds, the directory and the parents
+// that were made for it.
+class New_Directory {
+public:
+    explicit New_Directory(const fs::path& directory) : Path(directory)
+    {
+        for (fs::path missing = directory; !missing.empty() && !fs::exists(missing); missing = missing.parent_path())
+            Made.push_back(missing);
+        fs::create_directories(directory);
+    }
+    New_Directory(const New_Directory&) = delete;
+    New_Directory& operator=(const New_Directory&) = delete;
+    ~New_Directory()
+    {
+        if (Kept)
+            return;
+        std::error_code ignored;
+        if (Emptied) {
+            for (const auto& entry : fs::directory_iterator(Path, ignored))
+                fs::remove_all(entry.path(), ignored);
+        }
+        for (const auto& made : Made)
+            fs::remove(made, ignored);
+    }
+    void Own() { Emptied = true; }
+    void Keep() { Kept = true; }
+
+private:
+    fs::path Path;
+    std::vector<fs::path> Made; // the innermost first
+    bool Emptied = false, Kept = false;
+};
+
+void Fill(const fs::path& staging, const fs::path& engine, const std::vector<fs::path>& parts)
+{
+    Make_Installation_Files([&](const std::string& path, std::string_view bytes) { Write_New(staging / path, bytes); });
+    for (const auto* const name : Utilities) {
+        if (const auto found = Find_Part(parts, name))
+            Copy_Whole(*found, staging / name);
+    }
+    Copy_Whole(engine, staging / Engine);
+}
+
+// The engine goes last: without it the directory is no installation.
+void Move_Up(const fs::path& staging, const fs::path& directory)
+{
+    std::vector<fs::path> names;
+    for (const auto& entry : fs::directory_iterator(staging))
+        names.push_back(entry.path().filename());
+    for (const auto& name : names) {
+        if (name != Engine)
+            fs::rename(staging / name, directory / name);
+    }
+    fs::rename(staging / Engine, directory / Engine);
+    fs::remove(staging);
+}
+
+void Lay_Out(const fs::path& directory, const std::vector<fs::path>& parts)
+{
+    const auto engine = Find_Part(parts, Engine);
+    if (!engine)
+        throw File_Error(std::string("The engine ") + Engine + " does not stand beside this program, so that no installation can be laid out.");
+    if (fs::exists(directory) && !fs::is_directory(directory))
+        throw File_Error(directory.string() + " is no directory.");
+
+    New_Directory made(directory);
+    const auto lock = Lock::Take(directory);
+    if (!lock)
+        throw File_Error("The directory " + directory.string() + " is in use by another program.");
+    if (!Is_Empty(directory))
+        throw File_Error("The directory " + directory.string() + " is not empty.");
+    made.Own();
+    fs::remove_all(directory / Staging);
+    Fill(directory / Staging, *engine, parts);
+    if (::syncfs(lock->Descriptor()) != 0)
+        throw File_Error("Cannot write " + directory.string() + ": " + std::strerror(errno) + ".");
+    Move_Up(directory / Staging, directory);
+    made.Keep();
+}
+
+} // namespace
+
+void Lay_Out_Installation(const fs::path& directory, const std::vector<fs::path>& parts)
+try {
+    const fs::path path = fs::absolute(directory).lexically_normal();
+    Lay_Out(path.has_filename() ? path : path.parent_path(), parts);
+} catch (const fs::filesystem_error& error) {
+    throw File_Error("Cannot lay out " + directory.string() + ": " + error.code().message() + ".");
+}
+
+std::vector<fs::path> Parts_Beside(const fs::path& program)
+{
+    const fs::path directory = program.parent_path();
+    const fs::path prefix = directory.parent_path();
+    return {directory, prefix / "libexec" / "orvelsuite", prefix / "share" / "orvelsuite"};
+}

@@ -1,0 +1,122 @@
+#include "core/code_page.h"
+#include "core/text.h"
+#include "orvelctl.h"
+#include "results/balance_tables.h"
+#include "results/leachate_tables.h"
+#include "results/soil_concentrations.h"
+#include "results/summary_report.h"
+#include "runs/start_up.h"
+
+#include <iostream>
+#include <memory>
+#include <unistd.h>
+
+namespace {
+
+// Shows what is being read, where a person can see it.
+Progress Shown_Progress()
+{
+    if (::isatty(STDERR_FILENO) == 0)
+        return {};
+    return [](const std::string& message, double) {
+        std::cerr << '\r' << message << "\033[K" << std::flush;
+        return true;
+    };
+}
+
+void Clear_Progress()
+{
+    if (::isatty(STDERR_FILENO) != 0)
+        std::cerr << "\r\033[K" << std::flush;
+}
+
+// Prints the text that a window would show; a failure ends the text early, and is told.
+int Print_Table(std::string_view text, std::string_view failure, std::string_view not_kept)
+{
+    Clear_Progress();
+    std::cout << To_Utf8(Replace_All(std::string(text), CrLf, "\n")) << std::flush;
+    if (!failure.empty() || !not_kept.empty())
+        Tell("File check", failure.empty() ? not_kept : failure);
+    return failure.empty() && std::cout ? Done : Refused;
+}
+
+int Do_Tables(const std::string& directory)
+{
+    const auto tables = Build_Or_Load(directory, Shown_Progress());
+    return Print_Table(tables.Year_Text + tables.Period_Text, tables.Failure, tables.Not_Cached);
+}
+
+int Do_Balance(const std::string& directory, bool monthly)
+{
+    const auto tables = Build_Or_Load_Balance(directory, monthly ? Balance_View::Monthly : Balance_View::Annual, Shown_Progress());
+    return Print_Table(tables.Water_Text + tables.Pesticide_Text, tables.Failure, tables.Not_Cached);
+}
+
+int Do_Pecsoil(const std::string& directory, int depth)
+{
+    const auto soil = Build_Soil_Concentrations(directory, depth, Shown_Progress());
+    return Print_Table(soil.Text, soil.Failure, soil.Not_Written);
+}
+
+int Do_Report(Session& session, const Mode& mode, const std::string& stem, const std::string& crop)
+{
+    Find_Engine(session);
+    const auto report = Build_Report(session, Request_Report(session, mode, stem, crop), Shown_Progress());
+    return report ? Print_Table(Report_Text(*report), {}, {}) : Refused;
+}
+
+void Add_Run_Directory(CLI::App* command, std::string& directory)
+{
+    command->add_option("RUNDIR", directory)->required();
+}
+
+void Add_Tables(CLI::App& app, Command& command)
+{
+    auto* tables = app.add_subcommand("tables", "Print a run's average concentrations in leachate, by year and by period");
+    const auto directory = std::make_shared<std::string>();
+    Add_Run_Directory(tables, *directory);
+    tables->callback([=, &command] { command = [=](Session&) { return Do_Tables(*directory); }; });
+}
+
+void Add_Balance(CLI::App& app, Command& command)
+{
+    auto* balance = app.add_subcommand("balance", "Print a run's water balance and pesticide balances");
+    const auto directory = std::make_shared<std::string>();
+    const auto monthly = std::make_shared<bool>(false);
+    Add_Run_Directory(balance, *directory);
+    balance->add_flag("--monthly", *monthly, "By month, not by year");
+    balance->callback([=, &command] { command = [=](Session&) { return Do_Balance(*directory, *monthly); }; });
+}
+
+void Add_Pecsoil(CLI::App& app, Command& command)
+{
+    auto* pecsoil = app.add_subcommand("pecsoil", "Print a run's concentrations in soil, actual and averaged over time");
+    const auto directory = std::make_shared<std::string>();
+    const auto depth = std::make_shared<int>(0);
+    Add_Run_Directory(pecsoil, *directory);
+    pecsoil->add_option("--depth", *depth, "Depth in layers")->required()->check(CLI::Range(1, 1000))->option_text("LAYERS");
+    pecsoil->callback([=, &command] { command = [=](Session&) { return Do_Pecsoil(*directory, *depth); }; });
+}
+
+void Add_Report(CLI::App& app, Command& command)
+{
+    auto* report = app.add_subcommand("report", "Print the summary report over all locations of a pesticide and crop");
+    const auto mode = std::make_shared<std::string>(), stem = std::make_shared<std::string>(), crop = std::make_shared<std::string>();
+    Add_Mode(report, *mode);
+    report->add_option("--pesticide", *stem)->required()->option_text("STEM");
+    report->add_option("--crop", *crop)->required()->option_text("TEXT");
+    report->callback([=, &command] {
+        const auto stem_bytes = Bytes_Of(*stem), crop_bytes = Bytes_Of(*crop);
+        command = [=](Session& session) { return Do_Report(session, *Mode_Named(*mode), stem_bytes, crop_bytes); };
+    });
+}
+
+} // namespace
+
+void Add_Result_Commands(CLI::App& app, Command& command)
+{
+    Add_Tables(app, command);
+    Add_Balance(app, command);
+    Add_Pecsoil(app, command);
+    Add_Report(app, command);
+}

@@ -1,0 +1,100 @@
+#include "charts/daily_diagram.h"
+#include "core/files.h"
+#include "core/output_variables.h"
+#include "core/text.h"
+#include "orvelctl.h"
+#include "results/plot_file.h"
+#include "results/series.h"
+#include "runs/spawn.h"
+
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <sys/wait.h>
+
+namespace {
+
+struct Series_Words {
+    std::string Run, From, To, File;
+    int Column = 1;
+    bool Cumulative = false;
+};
+
+// "YYYY-MM" as a month of the simulation, whose years count from 1; nothing for a text that is none.
+std::optional<Run_Month> Month_Of(const std::string& text)
+{
+    const auto dash = text.find('-');
+    const Run_Month month{dash == std::string::npos ? 0 : static_cast<int>(Val(std::string_view(text).substr(dash + 1))), static_cast<int>(Val(text))};
+    return month.Month >= 1 && month.Month <= 12 && month.Year >= 1 ? std::optional(month) : std::nullopt;
+}
+
+// Days since the span's begin and value, a line each.
+std::string As_Csv(const Daily_Series& series, std::string_view title)
+{
+    std::string text = "day," + std::string(title) + "\n";
+    for (const Chart_Point& point : series.Points)
+        text += General_Text(point.X) + "," + General_Text(point.Y) + "\n";
+    return text;
+}
+
+// A picture is painted by a program of its own, so that this one starts without a window system's libraries.
+int Paint(const Session& session, const Series_Words& words, const Daily_Request& request, const std::string& item)
+{
+    const auto month = [](const Run_Month& at) { return std::to_string(at.Year) + "-" + std::to_string(at.Month); };
+    const int process =
+        Start_Program({.Program = Program_Beside("orvelpaint"),
+                       .Arguments = {session.Program.App_Path.string(), words.Run, std::to_string(words.Column), item, std::to_string(request.Variable),
+                                     request.Cumulative ? "1" : "0", month(request.From), month(request.To), words.File},
+                       .Directory = std::filesystem::current_path()});
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    if (WIFEXITED(status) && WEXITSTATUS(status) == 0)
+        return Done;
+    Tell("Save Graph", "The picture " + words.File + " could not be made.");
+    return Refused;
+}
+
+int Do_Series(const Session& session, const Series_Words& words)
+{
+    const Plot_Head head = Read_Plot_Head(words.Run);
+    if (!head.Whole || words.Column > head.N_Columns || static_cast<std::size_t>(words.Column) > head.Columns.size()) {
+        Tell("File check", head.Whole ? "The run has " + std::to_string(head.N_Columns) + " columns only." : "The run has no plot.orv.");
+        return Refused;
+    }
+    if (!std::filesystem::exists(Calendar_File(session, words.Run, false))) {
+        Tell("File check", "The calendar datum.dat is missing: name the installation of the run with -C DIR.");
+        return Refused;
+    }
+    const auto from = Month_Of(words.From.empty() ? "1-1" : words.From);
+    const auto to = Month_Of(words.To.empty() ? std::to_string(std::max(1, head.Months / 12)) + "-12" : words.To);
+    if (!from || !to) {
+        Tell("File check", "A month is written as YYYY-MM, with the year of the simulation from 1.");
+        return Refused;
+    }
+    const Plot_Column& column = head.Columns[static_cast<std::size_t>(words.Column) - 1];
+    const Daily_Request request{.Variable = Output_Variable_Number(column.Plot_Code), .Cumulative = words.Cumulative, .From = *from, .To = *to};
+    const std::string item = column.Plot_Code + " at " + General_Text(column.Plot_Depth) + " cm";
+    const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
+    if (ending == ".svg" || ending == ".png" || ending == ".pdf")
+        return Paint(session, words, request, item);
+    const std::string csv = As_Csv(Read_Daily_Series(session, words.Run, false, words.Column, request), item);
+    if (words.File.empty())
+        return std::cout << csv << std::flush ? Done : Refused;
+    Write_Whole(words.File, csv);
+    return Done;
+}
+
+} // namespace
+
+void Add_Series_Command(CLI::App& app, Command& command)
+{
+    auto* series = app.add_subcommand("series", "Print one series of a run's plot.orv, or save it as a picture");
+    const auto words = std::make_shared<Series_Words>();
+    series->add_option("RUNDIR", words->Run)->required();
+    series->add_option("--column", words->Column, "Value column, from 1")->required()->check(CLI::Range(1, 10000))->option_text("N");
+    series->add_flag("--cumulative", words->Cumulative);
+    series->add_option("--from", words->From)->option_text("YYYY-MM");
+    series->add_option("--to", words->To)->option_text("YYYY-MM");
+    series->add_option("--to-file", words->File, ".csv, .svg, .png or .pdf")->option_text("F");
+    series->callback([=, &command] { command = [=](Session& session) { return Do_Series(session, *words); }; });
+}
