@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+// The engine's printer of numbers. Figures are rounded from the exact binary value to the digits shown; |value| < 1E-30 prints as zero.
+// A value that is not finite throws Engine_Failure (92), so that none reaches a file. Text is appended; a figure that is too wide for
+// its field loses decimals rather than shift the columns behind it.
+
+void Put_Integer(std::string& text, long value, int width);
+void Put_Fixed(std::string& text, double value, int width, int decimals);    // 12.3456
+void Put_Exponent(std::string& text, double value, int width, int decimals); // 1.2345E-06
+void Put_Series(std::string& text, double value);                            // a blank at least, then up to five digits: ten characters
+void Put_Blanks(std::string& text, int count);
+void Put_Left(std::string& text, std::string_view what, int width); // left in its field, cut there
+
+// Blanks up to the 1-based column: the next character of this line stands there.
+void To_Column(std::string& text, std::size_t line_start, int column);
+
+// An output file of the run, written through one buffer. Throws Engine_Failure (93) when writing fails.
+class Out_File {
+public:
+    Out_File() = default;
+    explicit Out_File(const std::filesystem::path& file); // creates or empties it
+    Out_File(Out_File&& other) noexcept;
+    Out_File& operator=(Out_File&& other) noexcept;
+    ~Out_File();
+
+    std::string Buffer; // append here, then call Relieve
+
+    void Relieve()
+    {
+        if (Buffer.size() >= Full)
+            Flush();
+    }
+    void Flush();
+    void Close();
+    bool Is_Open() const { return Descriptor >= 0; }
+
+private:
+    static constexpr std::size_t Full = 1U << 20U;
+    int Descriptor = -1;
+    std::string Name;
+};
+
+// All bytes to a descriptor at its present place; false if the system refuses.
+bool Write_Bytes(int descriptor, std::string_view bytes);

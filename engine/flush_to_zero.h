@@ -1,0 +1,29 @@
+#pragma once
+
+#if defined(__SSE2__)
+#include <xmmintrin.h>
+#endif
+
+// While it lives, numbers too small for a normal double are 0: below a front masses fade to nothing, and arithmetic on what is left is slow.
+class Flush_To_Zero {
+public:
+#if defined(__SSE2__)
+    Flush_To_Zero() : Before(_mm_getcsr())
+    {
+        _mm_setcsr(Before | 0x8040);
+    }
+    ~Flush_To_Zero()
+    {
+        _mm_setcsr(Before);
+    }
+
+private:
+    unsigned Before;
+
+public:
+#else
+    Flush_To_Zero() = default;
+#endif
+    Flush_To_Zero(const Flush_To_Zero&) = delete;
+    Flush_To_Zero& operator=(const Flush_To_Zero&) = delete;
+};

@@ -1,0 +1,184 @@
+#include "core/files.h"
+#include "core/text.h"
+#include "engine/echo.h"
+#include "engine/simulation.h"
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <new>
+#include <optional>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view Usage = "usage: orvel401.exe [--version] [--check] [--dir DIRECTORY]\n";
+
+struct Options {
+    bool Check_Only = false;
+    fs::path Directory = ".";
+};
+
+// What the arguments ask for; nothing if the program has answered already, with the exit code in `code`.
+std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
+{
+    Options options;
+    code = Exit_Complete;
+    for (int i = 1; i < count; ++i) {
+        const std::string_view argument = arguments[i];
+        if (argument == "--version") {
+            std::fputs("ORVEL engine 4.01\n", stdout);
+            return std::nullopt;
+        }
+        if (argument == "--help") {
+            std::fputs(Usage.data(), stdout);
+            return std::nullopt;
+        }
+        if (argument == "--check") {
+            options.Check_Only = true;
+        } else if (argument == "--dir" && i + 1 < count) {
+            options.Directory = arguments[++i];
+        } else {
+            std::fputs(Usage.data(), stderr);
+            code = Exit_Refused;
+            return std::nullopt;
+        }
+    }
+    return options;
+}
+
+// The file that a name of orvel.inp means: backslashes lead into directories, and no part looks at the case.
+std::optional<fs::path> Find_Named(const fs::path& directory, std::string_view name)
+{
+    const std::string slashed = Replace_All(std::string(Trim(name)), "\\", "/");
+    if (slashed.empty())
+        return std::nullopt;
+    fs::path found = Path_Of(slashed).is_absolute() ? fs::path("/") : directory;
+    for (const fs::path& part : Path_Of(slashed).relative_path()) {
+        if (part.empty() || part == ".")
+            continue;
+        if (part == "..") {
+            found /= part;
+            continue;
+        }
+        const auto next = Find_File(found, part);
+        if (!next)
+            return std::nullopt;
+        found = *next;
+    }
+    return found;
+}
+
+File_Source Files_In(const fs::path& directory)
+{
+    return [directory](std::string_view name) -> std::optional<std::string> {
+        try {
+            const auto file = Find_Named(directory, name);
+            return file ? std::optional(Read_Whole(*file)) : std::nullopt;
+        } catch (const File_Error&) {
+            return std::nullopt;
+        }
+    };
+}
+
+// The line of error 99 stays in the echo.
+void Stop_From_Outside(int)
+{
+    ::_exit(Exit_Failed);
+}
+
+void Put_Closures(std::string& text, const std::vector<Simulation::Year_Closure>& closures)
+{
+    text += " CLOSURE BY YEAR: WATER (CM), SUBSTANCES AND MOLES (RELATIVE TO THE INPUT)\r\n";
+    for (const auto& closure : closures) {
+        Put_Integer(text, closure.Year, 6);
+        for (const double value : {closure.Water, closure.Solute, closure.Moles})
+            Put_Exponent(text, value, 12, 2);
+        text += CrLf;
+    }
+    text += CrLf;
+}
+
+// A line a year; on a terminal the percent of the year as well, on the same line.
+void Tell_Progress(int year, int years, int percent)
+{
+    static const bool terminal = ::isatty(STDOUT_FILENO) == 1;
+    if (percent == 100)
+        std::printf(terminal ? "\rYEAR %d OF %d      \n" : "YEAR %d OF %d\n", year, years);
+    else if (terminal)
+        std::printf("\rYEAR %d OF %d %3d %%", year, years, percent);
+    std::fflush(stdout);
+}
+
+int Run_In(const Options& options, Echo& echo)
+{
+    Findings findings;
+    const Engine_Input input = Read_Input(Files_In(options.Directory), findings);
+    if (findings.Failed()) {
+        Put_Notes(echo.Text, findings);
+        std::string errors;
+        Put_Errors(errors, findings);
+        echo.Finish(errors);
+        std::fwrite(errors.data(), 1, errors.size(), stderr);
+        return Exit_Refused;
+    }
+    Put_Input(echo.Text, input);
+    Put_Notes(echo.Text, findings);
+    echo.Text += CrLf;
+    echo.Flush();
+    if (options.Check_Only) {
+        echo.Finish(Checked_Line);
+        return Exit_Complete;
+    }
+    Simulation simulation(input, options.Directory);
+    simulation.Run([&input](int year, int percent) { Tell_Progress(year, input.Control.Years, percent); });
+    Put_Closures(echo.Text, simulation.Closures());
+    echo.Finish(Completed_Line);
+    return Exit_Complete;
+}
+
+// Tells a failure on standard error and, as far as the disk lets it, in the echo.
+int Fail(Echo* echo, const Engine_Failure& failure)
+{
+    const std::string line = Error_Line(failure.Number, failure.what());
+    std::fputs(line.c_str(), stderr);
+    if (echo) {
+        try {
+            echo->Text.clear();
+            echo->Finish(line);
+        } catch (const Engine_Failure&) {
+            return Exit_No_File;
+        }
+    }
+    return failure.Exit_Code;
+}
+
+int Run(const Options& options)
+{
+    std::optional<Echo> echo;
+    try {
+        echo.emplace(options.Directory);
+        return Run_In(options, *echo);
+    } catch (const Engine_Failure& failure) {
+        return Fail(echo ? &*echo : nullptr, failure);
+    } catch (const std::bad_alloc&) {
+        return Fail(echo ? &*echo : nullptr, {Internal_Failure, "OUT OF MEMORY"});
+    } catch (const std::exception& error) {
+        return Fail(echo ? &*echo : nullptr, {Internal_Failure, error.what()});
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    for (const int number : {SIGINT, SIGTERM, SIGHUP})
+        std::signal(number, Stop_From_Outside);
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN); // a file that grows too large fails as a full disk does
+    int code = Exit_Complete;
+    const auto options = Read_Arguments(count, arguments, code);
+    return options ? Run(*options) : code;
+}
