@@ -1,0 +1,131 @@
+#include "charts/forms/chart_view.h"
+
+#include "charts/painting/chart_files.h"
+#include "charts/painting/chart_painter.h"
+#include "charts/scale.h"
+#include "core/files.h"
+#include "temporary_directory.h"
+
+#include <gtest/gtest.h>
+#include <QImage>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+Chart Sample(std::size_t points = 50)
+{
+    Chart chart;
+    chart.Title = "Percolate (cm/d)";
+    chart.X = Position_Axis(10);
+    chart.X.Title = "Year ";
+    chart.Y = Value_Axis(0, 8);
+    chart.Frame = Frame_Around(chart.X, chart.Y);
+    chart.Lines.push_back({Colour::Series, {}});
+    for (std::size_t i = 0; i < points; ++i)
+        chart.Lines[0].Points.push_back({10.0 * static_cast<double>(i) / static_cast<double>(points), i % 2 == 0 ? 1.0 : 7.0});
+    chart.Boxes.push_back({Colour::Marked, 4, 5, 6});
+    return chart;
+}
+
+// The share of pixels of about a colour.
+double Share(const QImage& image, const QColor& colour)
+{
+    int found = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor pixel = image.pixelColor(x, y);
+            found += std::abs(pixel.red() - colour.red()) + std::abs(pixel.green() - colour.green()) + std::abs(pixel.blue() - colour.blue()) < 30;
+        }
+    }
+    return found / static_cast<double>(image.width() * image.height());
+}
+
+} // namespace
+
+TEST(Paint_Chart, Draws_A_Box_From_The_Axis_To_Its_Height)
+{
+    const QImage image = Chart_Image(Sample(), {800, 500});
+    const QColor marked = Colour_Of(Colour::Marked, Paper_Palette());
+    const Chart_Plane plane(Sample(), QRectF(0, 0, 800, 500), QFontMetricsF(QFont(), &image));
+
+    EXPECT_EQ(image.pixelColor(plane.At(4.5, 3).toPoint()), marked);
+    EXPECT_NE(image.pixelColor(plane.At(5.5, 7.5).toPoint()), marked);
+    EXPECT_GT(Share(image, marked), 0.02);
+}
+
+TEST(Paint_Chart, Takes_Its_Ground_From_The_Palette)
+{
+    QImage image(400, 300, QImage::Format_RGB32);
+    QPalette dark;
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::Text, Qt::white);
+    QPainter painter(&image);
+
+    Paint_Chart(painter, QRectF(0, 0, 400, 300), Sample(), dark);
+    painter.end();
+
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(30, 30, 30));
+    EXPECT_GT(Colour_Of(Colour::Series, dark).lightness(), Colour_Of(Colour::Series, Paper_Palette()).lightness());
+}
+
+TEST(Paint_Chart, Fifty_Thousand_Points_Look_Like_Their_Extent)
+{
+    // In every column of pixels the line goes from 1 to 7: the area between is filled.
+    const QImage image = Chart_Image(Sample(50000), {800, 500});
+
+    EXPECT_GT(Share(image, Colour_Of(Colour::Series, Paper_Palette())), 0.2);
+}
+
+TEST(Save_Chart, Writes_A_Picture_By_The_Ending)
+{
+    Temporary_Directory place;
+    for (const char* name : {"a.png", "a.SVG", "a.pdf"})
+        Save_Chart(Sample(), place / name);
+
+    EXPECT_TRUE(Read_Whole(place / "a.png").starts_with("\x89PNG"));
+    EXPECT_NE(Read_Whole(place / "a.SVG").find("<svg"), std::string::npos);
+    EXPECT_TRUE(Read_Whole(place / "a.pdf").starts_with("%PDF"));
+}
+
+TEST(Save_Chart, Refuses_Another_Ending_And_Tells_A_Failure)
+{
+    Temporary_Directory place;
+
+    EXPECT_THROW(Save_Chart(Sample(), place / "a.bmp"), File_Error);
+    EXPECT_THROW(Save_Chart(Sample(), place / "missing" / "a.png"), File_Error);
+}
+
+TEST(A_Chart_View, Tells_The_Span_That_Was_Dragged_Over)
+{
+    Chart_View view;
+    view.resize(800, 500);
+    view.Show(Sample());
+    view.Allow_Zoom(true);
+    view.show();
+    QSignalSpy spans(&view, &Chart_View::Span_Chosen), clicks(&view, &Chart_View::Clicked);
+    const Chart_Plane plane(Sample(), view.rect(), QFontMetricsF(view.font()));
+
+    QTest::mousePress(&view, Qt::LeftButton, {}, plane.At(7, 2).toPoint());
+    QTest::mouseMove(&view, plane.At(3, 2).toPoint());
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, plane.At(3, 2).toPoint());
+
+    ASSERT_EQ(spans.count(), 1);
+    EXPECT_NEAR(spans[0][0].toDouble(), 3, 0.05);
+    EXPECT_NEAR(spans[0][1].toDouble(), 7, 0.05);
+    EXPECT_EQ(clicks.count(), 0);
+}
+
+TEST(A_Chart_View, A_Click_Is_No_Span)
+{
+    Chart_View view;
+    view.Show(Sample());
+    view.Allow_Zoom(true);
+    view.show();
+    QSignalSpy spans(&view, &Chart_View::Span_Chosen), clicks(&view, &Chart_View::Clicked);
+
+    QTest::mouseClick(&view, Qt::LeftButton);
+
+    EXPECT_EQ(spans.count(), 0);
+    EXPECT_EQ(clicks.count(), 1);
+}

@@ -1,0 +1,64 @@
+#include "charts/value_at.h"
+
+#include "charts/scale.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+Chart Line_Chart(std::vector<Chart_Point> points)
+{
+    Chart chart;
+    chart.X = Position_Axis(10);
+    chart.Y = Value_Axis(0, 8);
+    chart.Frame = Frame_Around(chart.X, chart.Y);
+    chart.Lines.push_back({Colour::Series, std::move(points)});
+    return chart;
+}
+
+} // namespace
+
+TEST(Value_Text_At, Tells_The_Nearest_Point_Of_A_Line)
+{
+    const Chart chart = Line_Chart({{1, 5}, {2, 0.123456789}});
+
+    EXPECT_EQ(Value_Text_At(chart, 1.05), "1: 5");
+    EXPECT_EQ(Value_Text_At(chart, 1.95), "2: 0.123457");
+}
+
+TEST(Value_Text_At, Is_Empty_Far_From_Any_Point)
+{
+    EXPECT_EQ(Value_Text_At(Line_Chart({{1, 5}}), 1.5), "");
+    EXPECT_EQ(Value_Text_At(Line_Chart({}), 1), "");
+    EXPECT_EQ(Value_Text_At(Chart(), 1), "");
+}
+
+TEST(Value_Text_At, Tells_The_Box_That_Covers_The_Place)
+{
+    Chart chart = Line_Chart({{0, 3}, {10, 3}}); // a line across the boxes is not what is meant
+    chart.Boxes = {{Colour::Series, 0.8, 1.2, 4}};
+
+    EXPECT_EQ(Value_Text_At(chart, 1.1), "1: 4");
+    EXPECT_EQ(Value_Text_At(chart, 1.5), "");
+}
+
+TEST(Zoomed, Keeps_The_Points_Of_The_Span_And_Fits_The_Axis_To_Them)
+{
+    const Chart chart = Zoomed(Line_Chart({{1, 8}, {4, 2}, {5, 3}, {9, 1}}), 3, 6);
+
+    ASSERT_EQ(chart.Lines[0].Points.size(), 2U);
+    EXPECT_EQ(chart.Lines[0].Points[0], (Chart_Point{1, 2}));
+    EXPECT_EQ(chart.X.High, 3);
+    EXPECT_EQ(chart.Y.High, 3);
+    EXPECT_EQ(chart.X.Ticks.front().Label, "3");
+    EXPECT_EQ(Value_Text_At(chart, 1), "4: 2"); // positions count on from the span's begin
+}
+
+TEST(Zoomed, A_Span_Without_Points_Changes_Nothing)
+{
+    const Chart whole = Line_Chart({{1, 8}, {9, 1}});
+
+    EXPECT_EQ(Zoomed(whole, 3, 6).Lines[0].Points, whole.Lines[0].Points);
+    EXPECT_EQ(Zoomed(whole, 6, 3).Lines[0].Points, whole.Lines[0].Points);
+    EXPECT_EQ(Zoomed(whole, 20, 30).Lines[0].Points, whole.Lines[0].Points);
+}

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "core/files.h"
+#include "files/pesticide_file.h"
+#include "files/scenario_file.h"
+#include "runs/mode.h"
+#include "runs/run_control.h"
+#include "temporary_directory.h"
+#include "told.h"
+
+#include <algorithm>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+
+inline const Mode& Focus()
+{
+    return Mode_Of(Mode_Kind::Focus);
+}
+inline const Mode& Tier_2()
+{
+    return Mode_Of(Mode_Kind::Efsa);
+}
+inline const Mode& Tier_4()
+{
+    return Mode_Of(Mode_Kind::Efsa_T4);
+}
+
+constexpr int Apples = 0;
+constexpr int Winter_Cereals = 4;
+constexpr int Maize = 14;
+
+// An installation small enough to see through: three mode directories, an engine of one line, and whatever a test adds.
+class Run_Test : public testing::Test {
+protected:
+    Run_Test()
+    {
+        Shared.Program.App_Path = Home.Path();
+        Shared.Program.Engine_Exe = "orvel401.exe";
+        Shared.Program.Engine_Version = 4.01;
+        Shared.Ask = [this](const Message& message) { return The_User(message); };
+        for (const auto* mode : {&Focus(), &Tier_2(), &Tier_4()}) {
+            std::filesystem::create_directory(Home / mode->Directory);
+            Put(Home / mode->Directory / mode->Probe_File, "probe\r\n");
+        }
+        Put(Home / "Haude.dat", "haude\r\n");
+        Engine("exit 0");
+    }
+
+    static void Put(const std::filesystem::path& file, std::string_view bytes)
+    {
+        std::ofstream stream(file, std::ios::binary);
+        stream << bytes;
+        ASSERT_TRUE(stream.flush()) << file;
+    }
+
+    // An engine that is a shell script.
+    void Engine(const std::string& script)
+    {
+        Put(Home / "orvel401.exe", "#!/bin/sh\n" + script + "\n");
+        std::filesystem::permissions(Home / "orvel401.exe", std::filesystem::perms::owner_all);
+    }
+
+    // A pesticide file with one application a year at Hamburg.
+    void Pesticide(const std::string& name, const std::function<void(Pesticide_Document&)>& change = {})
+    {
+        auto document = std::make_unique<Pesticide_Document>();
+        Reset_PSM(*document);
+        document->App_Loc_Count = 2;
+        document->App_Mode = 0;
+        document->App_Count[0] = 0;
+        document->App_Location[1] = "Hamburg (H)";
+        for (std::size_t a = 1; a <= 26; ++a)
+            document->Applications[1][a] = {.App_Day = 5, .App_Month = 11, .App_Year = static_cast<std::int16_t>(a), .App_Rate = 0.75};
+        if (change)
+            change(*document);
+        Put(Home / Path_Of(name), Format_PSM(*document));
+    }
+
+    // A scenario file with one crop and one horizon.
+    static void Scenario(const std::filesystem::path& file, const std::function<void(Scenario_Document&)>& change = {})
+    {
+        Scenario_Document document;
+        Reset_SZE(document);
+        document.SZE_Crop_Count = 1;
+        document.Crops.assign(1, {.SZE_Rot_Crop_No = 3});
+        document.SZE_Rot_Count = 1;
+        document.Rotation.assign(1, {.SZE_Rot_Crop_Index = 1});
+        if (change)
+            change(document);
+        Put(file, Format_SZE(document));
+    }
+
+    // The combination that most tests run.
+    Run_Choice Maize_At_Hamburg()
+    {
+        Pesticide("test.psm");
+        Scenario(Home / "focus" / "H_maize.sze");
+        return {.Pesticide = "test.psm", .Crop = Maize, .Location = "Hamburg (H)"};
+    }
+
+    Temporary_Directory Home;
+    std::unique_ptr<Session> Held = std::make_unique<Session>();
+    Session& Shared = *Held;
+    Told The_User;
+};

@@ -1,0 +1,148 @@
+#include "substance/forms/form_psm_1.h"
+
+#include "small_installation.h"
+#include "substance/forms/pathway_geometry.h"
+#include "substance/forms/pathway_view.h"
+#include "substance/pathway_picture.h"
+#include "window_test.h"
+
+#include <QAbstractButton>
+#include <QPushButton>
+
+namespace {
+
+class Form_PSM_1_Test : public Window_Test {
+protected:
+    Form_PSM_1_Test() { Reset_PSM(Shared.Pesticide); }
+
+    void Open()
+    {
+        Form = std::make_unique<Form_PSM_1>(Shared, Place.Path());
+        Form->show();
+    }
+
+    void Rate(int i, int row, double rate) { Shared.Pesticide.Degradation[static_cast<std::size_t>(i)][static_cast<std::size_t>(row)].Deg_Rate = rate; }
+
+    QString Caption(const QString& name) { return Find<QAbstractButton>(*Form, name)->text(); }
+    QString Tip(const QString& name) { return Find<QAbstractButton>(*Form, name)->toolTip(); }
+
+    Small_Installation Place;
+    std::unique_ptr<Form_PSM_1> Form;
+};
+
+} // namespace
+
+TEST(Pathway_Geometry, Boxes_And_Sinks_Lie_Apart_In_The_Drawing)
+{
+    const QRectF drawing(QPointF(), Drawing_Size);
+    std::vector<QRectF> parts;
+    for (int i = 1; i <= Substances; ++i) {
+        parts.push_back(Box_Of_Substance(i));
+        parts.push_back(Sink_Of_Substance(i));
+    }
+    for (std::size_t a = 0; a < parts.size(); ++a) {
+        EXPECT_TRUE(drawing.contains(parts[a])) << a;
+        for (std::size_t b = a + 1; b < parts.size(); ++b)
+            EXPECT_FALSE(parts[a].intersects(parts[b])) << a << " " << b;
+    }
+}
+
+TEST(Pathway_Geometry, Each_Arrow_Is_Hit_Along_Its_Line_And_At_A_Head_Of_Its_Own)
+{
+    for (int t = 1; t <= Last_Transformation; ++t) {
+        if (!Arrow_Is_Clickable(t))
+            continue;
+        EXPECT_EQ(Arrow_At(Line_Of_Arrow(t).pointAt(0.3)), t);
+        for (int other = t + 1; other <= Last_Transformation; ++other) {
+            if (Arrow_Is_Clickable(other)) {
+                EXPECT_FALSE(Head_Of_Arrow(t).intersects(Head_Of_Arrow(other))) << t << " " << other;
+            }
+        }
+    }
+    EXPECT_EQ(Arrow_At({5, 5}), 0);
+}
+
+TEST_F(Form_PSM_1_Test, Shows_The_Names_And_The_Designed_Captions_With_Their_Blank)
+{
+    Shared.Pesticide.Substance_Name[1] = "Compound";
+    Shared.Pesticide.Substance_Name[2] = "";
+    Open();
+
+    EXPECT_EQ(Form->windowTitle(), "Metabolization Scheme");
+    EXPECT_EQ(Caption("Label_AS"), "Compound");
+    EXPECT_EQ(Caption("Label_1_1"), " Metabolite A1");
+}
+
+TEST_F(Form_PSM_1_Test, Has_An_Arrow_Head_For_Each_Arrow_But_The_Reserved_Ones)
+{
+    Open();
+
+    int heads = 0;
+    for (int t = 1; t <= Last_Transformation; ++t)
+        heads += Form->findChild<QAbstractButton*>(QString("Image2_%1").arg(t)) ? 1 : 0;
+    EXPECT_EQ(heads, 26);
+    for (const char* name : {"Image2_18", "Image2_20", "Image2_28"})
+        EXPECT_FALSE(Form->findChild<QAbstractButton*>(name)) << name;
+}
+
+TEST_F(Form_PSM_1_Test, A_Click_On_An_Absent_Metabolite_Does_Nothing)
+{
+    Rate(1, 1, 0);
+    Open();
+
+    Click<QAbstractButton>(*Form, "Label_1_1");
+
+    EXPECT_TRUE(The_User.Messages.empty());
+    EXPECT_EQ(Tip("Label_1_1"), Caption("Label_1_1").trimmed() + ": nothing forms it");
+}
+
+TEST_F(Form_PSM_1_Test, A_Tip_Tells_Rate_And_Half_Life_Of_An_Arrow)
+{
+    Rate(1, 1, 0.0693);
+    Rate(1, 2, 0);
+    Shared.Pesticide.Photo_Rate[2] = 0.5;
+    Open();
+
+    EXPECT_EQ(Tip("Image2_1"), "AS to MET A1: 0.0693 1/d, DT 50 10.0 d");
+    EXPECT_EQ(Tip("Image2_2"), "AS to MET B1: no transformation in soil; soil photolysis 0.5 1/d");
+}
+
+TEST_F(Form_PSM_1_Test, An_Arrow_Opens_By_Its_Line_And_By_The_Keyboard)
+{
+    Open();
+    auto* view = Form->findChild<Pathway_View*>();
+    view->resize(Drawing_Size.toSize()); // one unit a pixel
+
+    QTest::mouseClick(view, Qt::LeftButton, {}, Line_Of_Arrow(8).pointAt(0.5).toPoint());
+    EXPECT_EQ(Shared.Program.Transformation_Index, 8);
+
+    QTest::keyClick(Find<QAbstractButton>(*Form, "Image2_29"), Qt::Key_Space);
+    EXPECT_EQ(Shared.Program.Transformation_Index, 29);
+}
+
+TEST_F(Form_PSM_1_Test, Cancel_Asks_Before_Changes_Are_Given_Up)
+{
+    Open();
+    Shared.Program.PSM_Changed = true;
+
+    Click<QPushButton>(*Form, "Com_Exit1");
+
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(The_User.Messages[0].Text, "Parameters were changed. Do you want to exit without saving ?");
+    EXPECT_EQ(The_User.Messages[0].Title, "Saving Input File");
+    EXPECT_TRUE(Form->isVisible());
+
+    The_User.Answers = {Button::Yes};
+    Click<QPushButton>(*Form, "Com_Exit1");
+    EXPECT_FALSE(Form->isVisible());
+}
+
+TEST_F(Form_PSM_1_Test, An_Editor_Without_Changes_Closes_Without_A_Question)
+{
+    Open();
+
+    QTest::keyClick(Form.get(), Qt::Key_Escape);
+
+    EXPECT_TRUE(The_User.Messages.empty());
+    EXPECT_FALSE(Form->isVisible());
+}
