@@ -1,0 +1,34 @@
+// Any bytes as a climate file: read, show, print, read and print again.
+#include "core/error.h"
+#include "files/broken_line.h"
+#include "files/climate_file.h"
+#include "files/document_json.h"
+#include "round_trip.h"
+
+namespace {
+
+// The hour gets six blanks more with each save.
+std::string Without_Hours(Climate_Table table)
+{
+    for (auto& row : table.Rows)
+        row.Cli_Hour.clear();
+    return Format_CLI(table);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    try {
+        auto table = Parse_CLI({reinterpret_cast<const char*>(data), size});
+        Json_Of(table);
+        const bool whole = !Broken_By_Layout(table);
+        const auto again = Parse_CLI(Format_CLI(table));
+        if (whole)
+            Demand_Same(Without_Hours(table), Without_Hours(again));
+        Round_As_Shown(table);
+        Parse_CLI(Format_CLI(table));
+    } catch (const File_Error&) {
+    }
+    return 0;
+}

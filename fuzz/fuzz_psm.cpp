@@ -1,0 +1,26 @@
+// Any bytes as a pesticide file: read, derive the pathway, print, read and print again.
+#include "core/error.h"
+#include "files/broken_line.h"
+#include "files/document_json.h"
+#include "files/pesticide_file.h"
+#include "round_trip.h"
+#include "substance/pathway.h"
+
+#include <memory>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const auto document = std::make_unique<Pesticide_Document>();
+    try {
+        Parse_PSM({reinterpret_cast<const char*>(data), size}, *document);
+        Update_Pathway(*document);
+        Json_Of(*document);
+        const bool whole = !Broken_By_Layout(*document);
+        const std::string first = Format_PSM(*document);
+        Parse_PSM(first, *document);
+        if (whole)
+            Demand_Same(first, Format_PSM(*document));
+    } catch (const File_Error&) {
+    }
+    return 0;
+}
