@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLineEdit>
+
+// A field whose text goes into a file of the documents' code page. A character that the code page lacks is left out as it is typed or pasted, and
+// a sentence below the field says so.
+class Byte_Edit : public QLineEdit {
+    Q_OBJECT
+
+public:
+    explicit Byte_Edit(QWidget* parent = nullptr);
+
+    // What stands in the field, in the documents' code page.
+    std::string Typed() const;
+
+    // The sentence that the field shows; empty where there is nothing to tell.
+    virtual QString Hint() const { return Left_Out; }
+
+protected:
+    void Tell(const QString& sentence);
+
+private:
+    void Leave_Out(const QString& characters);
+
+    QString Left_Out;
+};
