@@ -18,9 +18,38 @@ QString Text(const std::string& bytes)
     return QString::fromStdString(To_Utf8(bytes));
 }
 
-double Lines_Above(const Chart& chart)
+constexpr double Key_Square = 0.7; // of a line of text
+
+struct Placed_Key {
+    const Chart_Key* Key;
+    double Left; // from the left edge of the picture
+    int Row;
+};
+
+// The keys of a chart in as many rows as they need.
+std::vector<Placed_Key> Placed_Keys(const Chart& chart, double width, const QFontMetricsF& metrics)
 {
-    return 1.6 * Title_Scale + static_cast<double>(chart.Legend.size());
+    const double line = metrics.lineSpacing();
+    const double indent = (chart.X.Low - chart.Frame.Left) / (chart.Frame.Right - chart.Frame.Left) * width;
+    std::vector<Placed_Key> placed;
+    double left = indent;
+    int row = 0;
+    for (const Chart_Key& key : chart.Key) {
+        const double needed = line + metrics.horizontalAdvance(Text(key.Text));
+        if (left > indent && left + needed > width) {
+            left = indent;
+            ++row;
+        }
+        placed.push_back({&key, left, row});
+        left += needed + 0.8 * line;
+    }
+    return placed;
+}
+
+double Lines_Above(const Chart& chart, double width, const QFontMetricsF& metrics)
+{
+    const auto keys = Placed_Keys(chart, width, metrics);
+    return 1.6 * Title_Scale + static_cast<double>(chart.Legend.size()) + (keys.empty() ? 0 : keys.back().Row);
 }
 
 QFont Sized(QFont font, double points)
@@ -45,11 +74,11 @@ public:
         Painter.fillRect(Area, Palette.base());
         Painter.setRenderHint(QPainter::Antialiasing);
         Draw_Title();
+        Draw_Key();
         Draw_Boxes();
         Draw_Lines();
         Draw_X_Axis();
         Draw_Y_Axis();
-        Draw_Key();
     }
 
 private:
@@ -131,7 +160,7 @@ private:
             Painter.drawText(QRectF(middle - width, Plane.At(0, size * X_Label_Below).y(), 2 * width, Line), Qt::AlignHCenter | Qt::AlignTop, label);
             free_from = middle + width / 2 + metrics.averageCharWidth();
         }
-        const double below = Plane.At(0, size * X_Label_Below).y() + Line;
+        const double below = std::min(Plane.At(0, size * X_Label_Below).y() + Line, Area.bottom() - Line * 1.2);
         Painter.drawText(QRectF(Plane.At(Drawn.X.Low, 0).x(), below, Plane.At(length, 0).x() - Plane.At(0, 0).x(), Line * 1.2), Qt::AlignCenter,
                          Text(Drawn.X.Title));
     }
@@ -169,14 +198,11 @@ private:
 
     void Draw_Key()
     {
-        const QFontMetricsF metrics(Painter.font(), Painter.device());
-        double left = Plane.At(Drawn.X.Low, 0).x();
-        const double top = Plane.Area().top() - Line * 0.2;
-        for (const Chart_Key& key : Drawn.Key) {
-            const QString text = Text(key.Text);
-            Painter.fillRect(QRectF(left, top + Line * 0.2, Line * 0.7, Line * 0.7), Colour_Of(key.Drawn_In, Palette));
-            Painter.drawText(QPointF(left + Line, top + Line * 0.85), text);
-            left += Line * 1.8 + metrics.horizontalAdvance(text);
+        const auto keys = Placed_Keys(Drawn, Area.width(), QFontMetricsF(Painter.font(), Painter.device()));
+        for (const auto& [key, left, row] : keys) {
+            const double top = Plane.Area().top() - (keys.back().Row - row) * Line;
+            Painter.fillRect(QRectF(Area.left() + left, top, Line * Key_Square, Line * Key_Square), Colour_Of(key->Drawn_In, Palette));
+            Painter.drawText(QPointF(Area.left() + left + Line, top + Line * 0.65), Text(key->Text));
         }
     }
 
@@ -208,7 +234,7 @@ QColor Colour_Of(Colour role, const QPalette& palette)
 
 Chart_Plane::Chart_Plane(const Chart& chart, const QRectF& area, const QFontMetricsF& metrics)
     : Frame(chart.Frame),
-      Plane(area.adjusted(0, metrics.lineSpacing() * Lines_Above(chart), 0, -metrics.lineSpacing() * Margin))
+      Plane(area.adjusted(0, metrics.lineSpacing() * Lines_Above(chart, area.width(), metrics), 0, -metrics.lineSpacing() * Margin))
 {}
 
 QPointF Chart_Plane::At(double x, double y) const

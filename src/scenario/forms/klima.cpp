@@ -73,7 +73,8 @@ void Klima::Lay_Out()
     const int character = fontMetrics().averageCharWidth();
     int width = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * character;
     for (int c = 0; c < Model->columnCount(); ++c) {
-        Grid1->setColumnWidth(c, character * (c < static_cast<int>(Climate_Grid::Text_Columns) ? Date_Width : Number_Width));
+        const int wanted = character * (c < static_cast<int>(Climate_Grid::Text_Columns) ? Date_Width : Number_Width);
+        Grid1->setColumnWidth(c, std::max(wanted, Grid1->horizontalHeader()->sectionSizeHint(c)));
         width += Grid1->columnWidth(c);
     }
     Grid1->installEventFilter(this);

@@ -1,0 +1,229 @@
+// Every window as it opens in an installation with one finished run. With ORVEL_PICTURES=DIR it leaves a picture of each there, light and dark;
+// QT_SCALE_FACTOR=2 draws them for a fine screen.
+#include "charts/forms/jahresbilanz.h"
+#include "charts/forms/jahresdiagramm.h"
+#include "charts/forms/taegliches_diagramm_neu.h"
+#include "core/files.h"
+#include "core/forms/form_name.h"
+#include "core/forms/start.h"
+#include "core/forms/versionsinfo.h"
+#include "core/forms/widgets.h"
+#include "files/climate_file.h"
+#include "files/pesticide_file.h"
+#include "files/scenario_file.h"
+#include "results/forms/analyse.h"
+#include "results/forms/inout_sel.h"
+#include "results/forms/jahr_orv.h"
+#include "results/forms/mass_balance.h"
+#include "results/forms/pecsoil.h"
+#include "results/forms/simulationsliste.h"
+#include "results/forms/text_viewer.h"
+#include "results/forms/zusammenfassung_orv.h"
+#include "runs/forms/ausgabe_festlegen.h"
+#include "runs/forms/dialog.h"
+#include "runs/forms/focus.h"
+#include "runs/forms/form_end.h"
+#include "runs/start_up.h"
+#include "scenario/forms/klima.h"
+#include "scenario/forms/klimagrafik.h"
+#include "scenario/forms/szenario.h"
+#include "substance/forms/form_psm_1.h"
+#include "substance/forms/form_psm_open.h"
+#include "substance/forms/form_saving.h"
+#include "temporary_directory.h"
+#include "window_test.h"
+
+#include <cstdlib>
+#include <functional>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableView>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Opened_Window {
+    QString Name; // of the picture
+    std::function<std::unique_ptr<QWidget>(Session&)> Open;
+};
+
+template <class Window, class... Rest> Opened_Window Plain(const QString& name, Rest... rest)
+{
+    return {name, [=](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Window>(session, rest...); }};
+}
+
+class Windows_Test : public Window_Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        Place = new Temporary_Directory;
+        const std::string at = " -C " + Installation().string();
+        Orvelctl("init " + Installation().string());
+        Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
+        Orvelctl(at + " start --mode focus --wait");
+    }
+    static void TearDownTestSuite() { delete Place; }
+
+    Windows_Test()
+    {
+        Shared.Program.App_Path = Installation();
+        Start_Up(Shared);
+        Shared.Program.File_Mask = "*.psm";
+        Parse_PSM(Read_Whole(Installation() / "demo_D.psm"), Shared.Pesticide);
+        Reset_SZE(Shared.Scenario);
+        Parse_SZE(Read_Whole(Installation() / "focus/H_wcerea.sze"), Shared.Scenario);
+        Shared.Climate = Parse_CLI(Read_Whole(Installation() / "focus/H_01.cli"));
+    }
+
+    static void Orvelctl(const std::string& arguments)
+    {
+        ASSERT_EQ(std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null").c_str()), 0) << arguments;
+    }
+
+    static fs::path Installation() { return Place->Path() / "installation"; }
+    static fs::path Run() { return Installation() / "focus/demo_D.run/Winter_-_cereals.run/Hamburg_-_(H).run"; }
+
+    std::vector<Opened_Window> All() const;
+    void Look_At_All(const QString& picture_suffix);
+
+    static Temporary_Directory* Place;
+};
+Temporary_Directory* Windows_Test::Place = nullptr;
+
+std::vector<Opened_Window> Windows_Test::All() const
+{
+    const auto& focus = Mode_Of(Mode_Kind::Focus);
+    const std::string echo = Read_Whole(Run() / "echo.orv");
+    return {
+        Plain<Start>("start"),
+        Plain<Form_name>("form_name"),
+        Plain<Versionsinfo>("versionsinfo"),
+        Plain<FOCUS>("focus", std::cref(focus)),
+        Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa))),
+        Plain<FOCUS>("efsa_t4", std::cref(Mode_Of(Mode_Kind::Efsa_T4))),
+        Plain<form_end>("form_end"),
+        {"ausgabe_festlegen", [](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Ausgabe_festlegen>(session.Output); }},
+        {"dialog", [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Dialog>(); }},
+        Plain<Analyse>("analyse", std::cref(focus)),
+        Plain<Simulationsliste>("simulationsliste", std::cref(focus)),
+        Plain<Jahr_ORV>("jahr_orv", Run()),
+        Plain<Mass_Balance>("mass_balance", Run()),
+        Plain<PECsoil>("pecsoil", Run(), 5),
+        Plain<Zusammenfassung_orv>("zusammenfassung", Report_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}}),
+        Plain<inout_sel>("inout_sel"),
+        {"echo_orv", [echo](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Echo_ORV>(echo); }},
+        {"jahresbilanz",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Jahresbilanz>(Run(), std::vector<std::string>{"Substance D"}, session.Ask);
+         }},
+        {"jahresdiagramm", [](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Jahresdiagramm>(Run(), session.Ask); }},
+        Plain<taegliches_Diagramm_neu>("taegliches_diagramm", Daily_Choice{.Run_Directory = Run(),
+                                                                           .Column = 1,
+                                                                           .Item = "Percolate at 100.0 cm ",
+                                                                           .Request = {.Variable = 3, .Cumulative = true, .From = {1, 1}, .To = {12, 3}}}),
+        Plain<Form_PSM_Open>("form_psm_open", Installation()),
+        Plain<Form_PSM_1>("form_psm_1", Installation()),
+        Plain<Form_Saving>("form_saving", Document_Kind::Pesticide, Installation()),
+        Plain<Szenario>("szenario", Installation() / "focus"),
+        Plain<Klima>("klima", Installation() / "focus"),
+    };
+}
+
+QString Place_Of(const QWidget& control)
+{
+    QString text;
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&control))
+        text = button->text();
+    if (const auto* label = qobject_cast<const QLabel*>(&control))
+        text = label->text();
+    return QString("%1 \"%2\"").arg(control.objectName(), text);
+}
+
+// Labels and buttons that have less room than their text needs, and table columns narrower than their headings.
+QStringList Cut_In(const QWidget& window)
+{
+    QStringList cut;
+    for (const auto* control : window.findChildren<QWidget*>()) {
+        if (!control->isVisible())
+            continue;
+        const auto* label = qobject_cast<const QLabel*>(control);
+        if ((label && !label->wordWrap()) || qobject_cast<const QAbstractButton*>(control)) {
+            const QSize needed = control->minimumSizeHint().expandedTo(label ? control->sizeHint() : QSize());
+            if (control->width() < needed.width() || control->height() < needed.height())
+                cut << Place_Of(*control);
+        }
+        if (const auto* table = qobject_cast<const QTableView*>(control); table && table->model()) {
+            const auto* heads = table->horizontalHeader();
+            for (int column = 0; column < table->model()->columnCount(); ++column)
+                if (heads->isVisible() && !heads->isSectionHidden(column) && heads->sectionSize(column) < heads->sectionSizeHint(column))
+                    cut << table->objectName() + ": " + table->model()->headerData(column, Qt::Horizontal).toString();
+        }
+    }
+    return cut;
+}
+
+bool Is_At_Work(const QWidget& window)
+{
+    for (const auto* bar : window.findChildren<QProgressBar*>())
+        if (bar->isVisible() && !bar->objectName().isEmpty() && bar->maximum() == 0)
+            return true;
+    return false;
+}
+
+QPalette Dark()
+{
+    QPalette dark(QColor(45, 48, 52), QColor(35, 38, 41));
+    dark.setColor(QPalette::Base, QColor(27, 30, 32));
+    dark.setColor(QPalette::AlternateBase, QColor(35, 38, 41));
+    dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    dark.setColor(QPalette::Link, QColor(29, 153, 243));
+    dark.setColor(QPalette::PlaceholderText, QColor(160, 165, 170));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(110, 115, 120));
+    return dark;
+}
+
+void Keep_Picture(QWidget& window, const QString& name)
+{
+    if (const char* directory = std::getenv("ORVEL_PICTURES"))
+        window.grab().save(QString::fromUtf8(directory) + "/" + name + ".png");
+}
+
+void Windows_Test::Look_At_All(const QString& picture_suffix)
+{
+    for (const auto& opened : All()) {
+        SCOPED_TRACE(opened.Name.toStdString());
+        const auto window = opened.Open(Shared);
+        window->show();
+        QTest::qWait(50);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));
+        Keep_Picture(*window, opened.Name + picture_suffix);
+        EXPECT_EQ(Cut_In(*window).join("; ").toStdString(), "");
+    }
+}
+
+} // namespace
+
+TEST_F(Windows_Test, Show_Every_Caption_Whole)
+{
+    Look_At_All("");
+}
+
+TEST_F(Windows_Test, Show_Every_Caption_Whole_In_A_Large_Font_And_Dark)
+{
+    const QFont font = QApplication::font();
+    const QPalette palette = QApplication::palette();
+    QFont large = font;
+    large.setPointSizeF(font.pointSizeF() * 1.25);
+    QApplication::setFont(large);
+    QApplication::setPalette(Dark());
+    Look_At_All("_dark");
+    QApplication::setPalette(palette);
+    QApplication::setFont(font);
+}
