@@ -1,5 +1,6 @@
 #include "engine/echo.h"
 
+#include "core/files.h"
 #include "core/text.h"
 #include "engine/figures.h"
 
@@ -63,7 +64,7 @@ Echo::~Echo()
 void Echo::Flush()
 {
     const std::string all = Text + std::string(At_Work);
-    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_Bytes(Descriptor, all))
+    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, all))
         Fail("CANNOT WRITE ECHO.ORV", errno);
     Written += static_cast<long>(Text.size());
     Text.clear();
@@ -74,7 +75,7 @@ void Echo::Finish(std::string_view ending)
     Text += ending;
     const long size = Written + static_cast<long>(Text.size());
     // The new ending goes over the old line and is cut to its size: a full disk leaves the line of error 99, or the ending in part.
-    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_Bytes(Descriptor, Text) || ::ftruncate(Descriptor, size) != 0 || ::fsync(Descriptor) != 0)
+    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, Text) || ::ftruncate(Descriptor, size) != 0 || ::fsync(Descriptor) != 0)
         Fail("CANNOT WRITE ECHO.ORV", errno);
     Written = size;
     Text.clear();

@@ -1,5 +1,6 @@
 #include "engine/figures.h"
 
+#include "core/files.h"
 #include "engine/findings.h"
 
 #include <algorithm>
@@ -291,7 +292,7 @@ Out_File::~Out_File()
 
 void Out_File::Flush()
 {
-    if (Descriptor >= 0 && !Write_Bytes(Descriptor, Buffer))
+    if (Descriptor >= 0 && !Write_All(Descriptor, Buffer))
         throw Engine_Failure(Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
     Buffer.clear();
 }
@@ -302,17 +303,4 @@ void Out_File::Close()
     const int descriptor = std::exchange(Descriptor, -1);
     if (descriptor >= 0 && ::close(descriptor) != 0)
         throw Engine_Failure(Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
-}
-
-bool Write_Bytes(int descriptor, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const auto written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
 }

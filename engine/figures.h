@@ -44,6 +44,3 @@ private:
     int Descriptor = -1;
     std::string Name;
 };
-
-// All bytes to a descriptor at its present place; false if the system refuses.
-bool Write_Bytes(int descriptor, std::string_view bytes);

@@ -45,19 +45,6 @@ private:
     throw File_Error(what + " " + file.string() + ": " + std::strerror(error) + ".");
 }
 
-bool Write_All(int descriptor, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const auto written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 std::vector<std::string> List(const fs::path& directory, std::string_view mask, bool directories)
 {
     std::vector<std::string> names;
@@ -110,6 +97,19 @@ mode_t New_File_Mode()
 }
 
 } // namespace
+
+bool Write_All(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const auto written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
 
 fs::path Path_Of(std::string_view name)
 {

@@ -34,6 +34,9 @@ std::string Read_Whole(const std::filesystem::path& file, std::size_t most = Lar
 // The bytes of a directory's file, its name found without regard to case; empty where it is missing or cannot be read.
 std::string Read_If_There(const std::filesystem::path& directory, const std::filesystem::path& name);
 
+// All bytes to a file descriptor at its present place; false if the system refuses.
+bool Write_All(int descriptor, std::string_view bytes);
+
 // Writes a file whole: beside the target, flushed to disk, then renamed over it, the target's mode kept. A target without write permission
 // bits is refused, for root too. Throws File_Error; then the old file is as it was and nothing is left beside it.
 void Write_Whole(const std::filesystem::path& file, std::string_view bytes);
