@@ -3,10 +3,16 @@
 #include "core/session.h"
 #include "told.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 
 // The control of a name below a window. A name that is not there ends the test with a message.
@@ -32,6 +38,37 @@ inline void Choose(const QWidget& window, const QString& list_name, const QStrin
         throw std::runtime_error("no entry " + text.toStdString());
     list->scrollToItem(found[0]);
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found[0]).center());
+}
+
+// Clicks an option at its sign: the rest of a stretched one takes no click.
+inline void Choose_Option(const QWidget& window, const QString& name)
+{
+    auto* option = Find<QAbstractButton>(window, name);
+    QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(option->height() / 2, option->height() / 2));
+}
+
+// Replaces the text of a field by typing, and leaves the field.
+inline void Retype(const QWidget& window, const QString& name, const QString& text)
+{
+    auto* field = Find<QLineEdit>(window, name);
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClick(field, Qt::Key_Delete);
+    QTest::keyClicks(field, text);
+    QTest::keyClick(field, Qt::Key_Tab);
+}
+
+// What a hand does in the modal window that opens next; one that it leaves open is closed.
+inline void In_Modal(std::function<void(QWidget&)> use)
+{
+    QTimer::singleShot(0, [use = std::move(use)] {
+        QPointer<QWidget> form = QApplication::activeModalWidget();
+        if (!form)
+            throw std::runtime_error("no modal window");
+        use(*form);
+        if (form)
+            form->close();
+    });
 }
 
 // A test with a session of its own whose user keeps every message.

@@ -2,19 +2,35 @@
 
 #include "core/forms/widgets.h"
 #include "substance/documents.h"
+#include "substance/forms/deg_dat.h"
 #include "substance/forms/form_saving.h"
 #include "substance/forms/pathway_view.h"
 #include "substance/pathway_picture.h"
 #include "substance/pesticide_editor.h"
 
+#include <algorithm>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScreen>
 
 namespace {
 
 void Tell_Missing(const Session& session, const std::string& what)
 {
     session.Ask({"ORVELSUITE", what + " is not part of this version yet.", Icon::Information});
+}
+
+// Puts the window of arrow t beside the arrow's head, within the screen.
+void Place_Beside(QWidget& window, int t, const QRect& head)
+{
+    constexpr int twips_per_pixel = 15;
+    const QSize size = window.sizeHint();
+    const Twips spot =
+        Transformation_Spot(t, {head.left() * twips_per_pixel, head.top() * twips_per_pixel}, head.width() * twips_per_pixel, size.width() * twips_per_pixel);
+    const QRect room = window.screen()->availableGeometry();
+    const auto within = [](int wished, int first, int last) { return std::max(first, std::min(wished, last)); };
+    window.move(within(spot.Left / twips_per_pixel, room.left(), room.right() - size.width()),
+                within(spot.Top / twips_per_pixel, room.top(), room.bottom() - size.height()));
 }
 
 } // namespace
@@ -73,8 +89,12 @@ void Form_PSM_1::Edit_Substance(int i)
 
 void Form_PSM_1::Edit_Transformation(int t)
 {
-    if (Open_Transformation(Shared, t))
-        Tell_Missing(Shared, "The form of a transformation");
+    if (!Open_Transformation(Shared, t))
+        return;
+    deg_dat form(Shared, this);
+    Place_Beside(form, t, View->Head_On_Screen(t));
+    if (form.exec() == Accepted)
+        Show_Scheme();
 }
 
 bool Form_PSM_1::Save()

@@ -77,6 +77,12 @@ void Pathway_View::Show(const Pesticide_Document& document, const Per_Substance<
     update();
 }
 
+QRect Pathway_View::Head_On_Screen(int t) const
+{
+    const auto* head = Heads.at(static_cast<std::size_t>(t));
+    return {head->mapToGlobal(QPoint()), head->size()};
+}
+
 QSize Pathway_View::sizeHint() const
 {
     const double scale = fontMetrics().averageCharWidth() / 8.0;

@@ -18,6 +18,8 @@ public:
     // Paints what the document's flags and rates say; the captions are those of the boxes, from 1.
     void Show(const Pesticide_Document& document, const Per_Substance<std::string>& captions);
 
+    QRect Head_On_Screen(int t) const; // of an arrow that can be clicked
+
     QSize sizeHint() const override;
 
 signals:

@@ -1,5 +1,6 @@
 #include "substance/forms/form_psm_1.h"
 
+#include "core/forms/widgets.h"
 #include "small_installation.h"
 #include "substance/forms/pathway_geometry.h"
 #include "substance/forms/pathway_view.h"
@@ -7,7 +8,9 @@
 #include "window_test.h"
 
 #include <QAbstractButton>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 
 namespace {
 
@@ -113,11 +116,43 @@ TEST_F(Form_PSM_1_Test, An_Arrow_Opens_By_Its_Line_And_By_The_Keyboard)
     auto* view = Form->findChild<Pathway_View*>();
     view->resize(Drawing_Size.toSize()); // one unit a pixel
 
+    QStringList captions;
+    In_Modal([&captions](QWidget& form) { captions << form.windowTitle(); });
     QTest::mouseClick(view, Qt::LeftButton, {}, Line_Of_Arrow(8).pointAt(0.5).toPoint());
-    EXPECT_EQ(Shared.Program.Transformation_Index, 8);
-
+    In_Modal([&captions](QWidget& form) { captions << form.windowTitle(); });
     QTest::keyClick(Find<QAbstractButton>(*Form, "Image2_29"), Qt::Key_Space);
-    EXPECT_EQ(Shared.Program.Transformation_Index, 29);
+
+    EXPECT_EQ(captions, (QStringList{Shown(Transformation_Caption(8)), Shown(Transformation_Caption(29))}));
+}
+
+TEST_F(Form_PSM_1_Test, A_Transformation_That_Was_Accepted_Shows_At_Once_In_The_Scheme)
+{
+    Rate(1, 2, 0);
+    Open();
+    ASSERT_EQ(Tip("Image2_2"), "AS to MET B1: no transformation in soil");
+
+    In_Modal([](QWidget& form) {
+        Retype(form, "Text1", "0.0693");
+        Click<QPushButton>(form, "Command1");
+    });
+    Click<QAbstractButton>(*Form, "Image2_2");
+
+    EXPECT_EQ(Tip("Image2_2"), "AS to MET B1: 0.0693 1/d, DT 50 10.0 d");
+    EXPECT_TRUE(Shared.Pesticide.Met_Present[3]);
+    EXPECT_TRUE(Shared.Program.PSM_Changed);
+}
+
+TEST_F(Form_PSM_1_Test, The_Window_Of_An_Arrow_Opens_Within_The_Screen)
+{
+    Open();
+    for (int t = 1; t <= Last_Transformation; ++t) {
+        if (!Arrow_Is_Clickable(t))
+            continue;
+        bool inside = false;
+        In_Modal([&inside](QWidget& form) { inside = form.screen()->availableGeometry().contains(form.geometry()); });
+        Click<QAbstractButton>(*Form, QString("Image2_%1").arg(t));
+        EXPECT_TRUE(inside) << t;
+    }
 }
 
 TEST_F(Form_PSM_1_Test, Cancel_Asks_Before_Changes_Are_Given_Up)

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "substance/transformation.h"
+
+#include <array>
+#include <QDialog>
+
+class Number_Edit;
+class QGroupBox;
+class QRadioButton;
+class Rate_Box;
+
+// One arrow of the degradation scheme, that of Transformation_Index: its rate in soil with the conditions of the study, and, for the active
+// substance, its soil photolysis.
+class deg_dat : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit deg_dat(Session& session, QWidget* parent = nullptr);
+
+private:
+    void Lay_Out();
+    Rate_Box* Photolysis_Box();
+    QGroupBox* Correction_Box();
+    QWidget* Buttons();
+
+    Correction_Texts Correction_Typed() const;
+    void Show_Correction(const Correction_Texts& texts, const Correction_Enabled& enabled);
+    Correction Preset() const;
+    void Choose_Preset(Correction preset);
+    void Choose_Moisture_Option(bool relative);
+    void Leave_Moisture(Number_Edit& field, void (*leave)(Correction_Texts&));
+    void Leave_Moistures();
+    void Accept();
+
+    Session& Shared;
+    Rate_Box *Soil = nullptr, *Photolysis = nullptr;
+    std::array<QRadioButton*, 3> Korrektur{};
+    Number_Edit *Text4 = nullptr, *Text8 = nullptr, *Text5 = nullptr, *Text6 = nullptr, *Text7 = nullptr, *Text9 = nullptr, *Text13 = nullptr;
+    QRadioButton *Option4 = nullptr, *Option5 = nullptr;
+};

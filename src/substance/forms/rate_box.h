@@ -1,0 +1,41 @@
+#pragma once
+
+#include "substance/half_lives.h"
+
+#include <array>
+#include <QGroupBox>
+
+class Number_Edit;
+class QFormLayout;
+class QRadioButton;
+
+// A first-order rate with its two half-lives, of which the chosen one can be typed in; the two others follow when it is left.
+class Rate_Box : public QGroupBox {
+    Q_OBJECT
+
+public:
+    // Names of controls, in the order rate, DT 50, DT 90.
+    using Names = std::array<const char*, 3>;
+    Rate_Box(const QString& caption, const Names& options, const Names& fields, QWidget* parent = nullptr);
+
+    // Shows a rate with its half-lives, the rate being the field to type in.
+    void Show_Rate(const Rate_Texts& texts);
+
+    void Select_Rate(); // for typing
+
+    // What stands in the three fields after a text that is still being typed was taken over.
+    Rate_Texts Entered();
+
+    // Below the three fields.
+    void Add_Row(const QString& label, QWidget* field);
+
+private:
+    void Enable_Chosen();
+    void Leave(Rate_Field field);
+    Rate_Texts Texts() const;
+    void Show_Texts(const Rate_Texts& texts);
+
+    QFormLayout* Rows = nullptr;
+    std::array<QRadioButton*, 3> Options{};
+    std::array<Number_Edit*, 3> Fields{};
+};
