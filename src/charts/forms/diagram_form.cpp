@@ -14,17 +14,6 @@
 #include <QPrinter>
 #include <QPushButton>
 
-namespace {
-
-QPushButton* Button_Named(const QString& name, const QString& text)
-{
-    auto* button = Named(new QPushButton(text), name);
-    button->setAutoDefault(false);
-    return button;
-}
-
-} // namespace
-
 Diagram_Form::Diagram_Form(const QString& name, Ask_Function ask, QWidget* parent) : QDialog(parent), Ask(std::move(ask))
 {
     setObjectName(name);
@@ -37,14 +26,10 @@ Diagram_Form::Diagram_Form(const QString& name, Ask_Function ask, QWidget* paren
     all->addWidget(Diagramm, 1);
     all->addLayout(Buttons);
 
-    auto* print = Button_Named("Drucken", "&Print Graph");
-    auto* copy = Button_Named("Kopieren", "&Copy Graph");
-    auto* save = Button_Named("Speichern", "&Save Graph");
-    auto* done = Button_Named("Done", "&Done");
-    connect(print, &QPushButton::clicked, this, &Diagram_Form::Drucken);
-    connect(copy, &QPushButton::clicked, this, &Diagram_Form::Kopieren);
-    connect(save, &QPushButton::clicked, this, &Diagram_Form::Speichern);
-    connect(done, &QPushButton::clicked, this, &QDialog::accept);
+    auto* print = Push_Button("Drucken", "&Print Graph", this, &Diagram_Form::Drucken);
+    auto* copy = Push_Button("Kopieren", "&Copy Graph", this, &Diagram_Form::Kopieren);
+    auto* save = Push_Button("Speichern", "&Save Graph", this, &Diagram_Form::Speichern);
+    auto* done = Push_Button("Done", "&Done", this, &QDialog::accept);
     for (auto* button : {print, copy, save})
         Buttons->addWidget(button);
     Buttons->addStretch(1);

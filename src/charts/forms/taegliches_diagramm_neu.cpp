@@ -33,11 +33,9 @@ void taegliches_Diagramm_neu::Lay_Out()
         row->addWidget(Option1[i]);
     }
     row->addStretch(1);
-    Whole_Span = Named(new QPushButton("&Whole span"), "Whole_Span");
-    Whole_Span->setAutoDefault(false);
+    Whole_Span = Push_Button("Whole_Span", "&Whole span", this, &taegliches_Diagramm_neu::Draw);
     Whole_Span->setToolTip("Drag over the diagram to see a part of it");
     row->addWidget(Whole_Span);
-    connect(Whole_Span, &QPushButton::clicked, this, &taegliches_Diagramm_neu::Draw);
     Option1[0]->setChecked(true);
     Choices().addWidget(units);
 

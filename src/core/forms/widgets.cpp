@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QMessageBox>
-#include <QPushButton>
 
 namespace {
 
@@ -42,6 +41,13 @@ QMessageBox::Icon Standard(Icon icon)
 }
 
 } // namespace
+
+QPushButton* Push_Button(const QString& name, const QString& text)
+{
+    auto* button = Named(new QPushButton(text), name);
+    button->setAutoDefault(false);
+    return button;
+}
 
 QString Shown(std::string_view bytes)
 {

@@ -2,6 +2,7 @@
 
 #include "core/message.h"
 
+#include <QPushButton>
 #include <QString>
 #include <QWidget>
 #include <string>
@@ -14,6 +15,16 @@ template <class T> T* Named(T* object, const QString& name)
 {
     object->setObjectName(name);
     return object;
+}
+
+// A button that the return key presses only where it has the focus or is made the default one.
+QPushButton* Push_Button(const QString& name, const QString& text);
+
+template <class Receiver, class Handler> QPushButton* Push_Button(const QString& name, const QString& text, Receiver* receiver, Handler handler)
+{
+    auto* button = Push_Button(name, text);
+    QObject::connect(button, &QPushButton::clicked, receiver, handler);
+    return button;
 }
 
 // Bytes of the documents' code page as text for the window.

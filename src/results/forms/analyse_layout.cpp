@@ -81,9 +81,7 @@ QLayout* Analyse::Buttons()
     auto* buttons = new QGridLayout;
     int place = 0;
     const auto add = [&](const QString& name, const QString& text, auto handler) {
-        auto* button = Named(new QPushButton(text), name);
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, handler);
+        auto* button = Push_Button(name, text, this, handler);
         buttons->addWidget(button, place / 3, place % 3);
         ++place;
         return button;

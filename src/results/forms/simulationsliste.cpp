@@ -61,9 +61,7 @@ QLayout* Simulationsliste::Buttons()
 {
     auto* row = new QHBoxLayout;
     const auto add = [&](const QString& name, const QString& text, auto handler) {
-        auto* button = Named(new QPushButton(text), name);
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, handler);
+        auto* button = Push_Button(name, text, this, handler);
         row->addWidget(button);
         return button;
     };

@@ -41,10 +41,7 @@ void Text_Viewer::Go_To_End()
 
 template <class Handler> void Text_Viewer::Add_Button(const QString& name, const QString& caption, Handler handler)
 {
-    auto* button = Named(new QPushButton(caption), name);
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, handler);
-    Row->addWidget(button);
+    Row->addWidget(Push_Button(name, caption, this, handler));
 }
 
 void Text_Viewer::Add_Copy_And_Print()

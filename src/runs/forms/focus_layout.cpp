@@ -208,9 +208,7 @@ QLayout* FOCUS::Buttons()
 {
     auto* buttons = new QHBoxLayout;
     const auto add = [&](const QString& name, const QString& text, auto handler) {
-        auto* button = Named(new QPushButton(text), name);
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, handler);
+        auto* button = Push_Button(name, text, this, handler);
         buttons->addWidget(button);
         return button;
     };

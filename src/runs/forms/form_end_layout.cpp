@@ -21,13 +21,6 @@ namespace {
 constexpr std::array<const char*, 12> Months = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN", "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 constexpr int List_Columns = 24, List_Rows = 9;
 
-QPushButton* Push(const QString& name, const QString& text)
-{
-    auto* button = Named(new QPushButton(text), name);
-    button->setAutoDefault(false);
-    return button;
-}
-
 QListWidget* File_List(const QString& name, const QString& purpose)
 {
     auto* list = Named(new QListWidget, name);
@@ -88,8 +81,7 @@ QLayout* form_end::Directory_Row()
 {
     Dir1 = Named(new QLabel, "Dir1");
     Dir1->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* choose = Push("Choose_Directory", "&Directory ...");
-    connect(choose, &QPushButton::clicked, this, &form_end::Choose_Directory);
+    auto* choose = Push_Button("Choose_Directory", "&Directory ...", this, &form_end::Choose_Directory);
     auto* row = new QHBoxLayout;
     row->addWidget(choose);
     row->addWidget(Dir1, 1);
@@ -124,11 +116,7 @@ QLayout* form_end::Climate_List()
     auto* title = new QLabel("C&limate files");
     title->setBuddy(File_cli);
     auto* buttons = new QHBoxLayout;
-    const auto add = [&](const QString& name, const QString& text, auto handler) {
-        auto* button = Push(name, text);
-        connect(button, &QPushButton::clicked, this, handler);
-        buttons->addWidget(button);
-    };
+    const auto add = [&](const QString& name, const QString& text, auto handler) { buttons->addWidget(Push_Button(name, text, this, handler)); };
     add("Command1", "&Insert", &form_end::Insert_Climate);
     add("Command2", "A&ppend", &form_end::Append_Climate);
     add("Command3", "&Remove", &form_end::Remove_Climate);
@@ -184,10 +172,8 @@ QWidget* form_end::Archive()
     Text1 = Named(new QLineEdit("Run_1"), "Text1");
     auto* label = Named(new QLabel("Name of the &backup folder:"), "Label3");
     label->setBuddy(Text1);
-    Command8 = Push("Command8", "Mo&ve now");
-    auto* cancel = Push("Command9", "&Cancel");
-    connect(Command8, &QPushButton::clicked, this, &form_end::Move_To_Archive);
-    connect(cancel, &QPushButton::clicked, this, &form_end::Close_Archive);
+    Command8 = Push_Button("Command8", "Mo&ve now", this, &form_end::Move_To_Archive);
+    auto* cancel = Push_Button("Command9", "&Cancel", this, &form_end::Close_Archive);
     auto* row = new QHBoxLayout(Frame1);
     row->addWidget(label);
     row->addWidget(Text1, 1);
@@ -200,15 +186,11 @@ QWidget* form_end::Archive()
 QLayout* form_end::Buttons()
 {
     auto* buttons = new QHBoxLayout;
-    auto* start = Push("Command4", "S&tart ORVEL Simulation");
-    auto* move = Push("Command7", "Move &Output to Archive");
-    auto* browse = Push("Command6", "Input/Output &files");
-    auto* exit = Push("Command5", "E&xit");
+    auto* start = Push_Button("Command4", "S&tart ORVEL Simulation", this, &form_end::Start);
+    auto* move = Push_Button("Command7", "Move &Output to Archive", this, &form_end::Open_Archive);
+    auto* browse = Push_Button("Command6", "Input/Output &files", this, [this] { inout_sel(Shared, this).exec(); });
+    auto* exit = Push_Button("Command5", "E&xit", this, &QDialog::accept);
     start->setDefault(true);
-    connect(start, &QPushButton::clicked, this, &form_end::Start);
-    connect(move, &QPushButton::clicked, this, &form_end::Open_Archive);
-    connect(browse, &QPushButton::clicked, this, [this] { inout_sel(Shared, this).exec(); });
-    connect(exit, &QPushButton::clicked, this, &QDialog::accept);
     for (auto* button : {start, move, browse})
         buttons->addWidget(button);
     buttons->addStretch(1);

@@ -82,12 +82,7 @@ void Klima::Lay_Out()
     connect(Model, &QAbstractItemModel::dataChanged, this, &Klima::Show_Cell);
 
     auto* buttons = new QHBoxLayout;
-    const auto add = [&](const QString& name, const QString& text, auto handler) {
-        auto* button = Named(new QPushButton(text), name);
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, handler);
-        buttons->addWidget(button);
-    };
+    const auto add = [&](const QString& name, const QString& text, auto handler) { buttons->addWidget(Push_Button(name, text, this, handler)); };
     add("Grafik", "D&iagram", &Klima::Grafik_Click);
     add("Command1", "&Save", &Klima::Save);
     buttons->addStretch(1);

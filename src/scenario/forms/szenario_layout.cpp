@@ -72,10 +72,7 @@ QButtonGroup* Szenario::Options(QFormLayout& rows, const QStringList& names, con
 
 QPushButton* Szenario::Command(const QString& name, const QString& caption, void (Szenario::*handler)())
 {
-    auto* button = Named(new QPushButton(caption), name);
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, handler);
-    return button;
+    return Push_Button(name, caption, this, handler);
 }
 
 void Szenario::Lay_Out()

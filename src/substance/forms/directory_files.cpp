@@ -26,14 +26,12 @@ Directory_Files::Directory_Files(const std::filesystem::path& directory, const s
     Dir1 = Named(new QLineEdit(QString::fromStdString(Place.string())), "Dir1");
     auto* title = new QLabel("D&irectory:");
     title->setBuddy(Dir1);
-    auto* choose = Named(new QPushButton("C&hoose ..."), "Choose_Directory");
-    choose->setAutoDefault(false);
+    auto* choose = Push_Button("Choose_Directory", "C&hoose ...", this, &Directory_Files::Choose_Directory);
     File1 = Named(new QListWidget, "File1");
     File1->setAccessibleName("Files of the directory");
     File1->setUniformItemSizes(true);
     File1->setMinimumSize(fontMetrics().averageCharWidth() * Columns_Shown, fontMetrics().lineSpacing() * Rows_Shown);
     connect(Dir1, &QLineEdit::editingFinished, this, &Directory_Files::Directory_Typed);
-    connect(choose, &QPushButton::clicked, this, &Directory_Files::Choose_Directory);
     connect(File1, &QListWidget::itemClicked, this, &Directory_Files::File_Clicked);
     connect(File1, &QListWidget::itemDoubleClicked, this, &Directory_Files::File_Double_Clicked);
 

@@ -53,14 +53,9 @@ void Form_PSM_1::Lay_Out()
     connect(View, &Pathway_View::Substance_Clicked, this, &Form_PSM_1::Edit_Substance);
     connect(View, &Pathway_View::Arrow_Clicked, this, &Form_PSM_1::Edit_Transformation);
 
-    auto* exit = Named(new QPushButton("Save and &Exit"), "Command1");
-    auto* save = Named(new QPushButton("&Save"), "ComSave");
-    auto* cancel = Named(new QPushButton("&Cancel"), "Com_Exit1");
-    for (auto* button : {exit, save, cancel})
-        button->setAutoDefault(false);
-    connect(exit, &QPushButton::clicked, this, &Form_PSM_1::Save_And_Exit);
-    connect(save, &QPushButton::clicked, this, &Form_PSM_1::Save);
-    connect(cancel, &QPushButton::clicked, this, &Form_PSM_1::reject);
+    auto* exit = Push_Button("Command1", "Save and &Exit", this, &Form_PSM_1::Save_And_Exit);
+    auto* save = Push_Button("ComSave", "&Save", this, &Form_PSM_1::Save);
+    auto* cancel = Push_Button("Com_Exit1", "&Cancel", this, &Form_PSM_1::reject);
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(exit);

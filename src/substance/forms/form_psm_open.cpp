@@ -33,15 +33,10 @@ void Form_PSM_Open::Lay_Out(const std::filesystem::path& directory)
     search_title->setBuddy(search);
     connect(search, &QLineEdit::textChanged, Files, &Directory_Files::Search);
 
-    auto* fresh = Named(new QPushButton("&New File"), "New_file");
-    auto* open = Named(new QPushButton("&Open"), "Comm_2");
-    auto* done = Named(new QPushButton("&Done"), "Done");
+    auto* fresh = Push_Button("New_file", "&New File", this, &Form_PSM_Open::Open_New);
+    auto* open = Push_Button("Comm_2", "&Open", this, &Form_PSM_Open::Open_File);
+    auto* done = Push_Button("Done", "&Done", this, &QDialog::accept);
     open->setDefault(true);
-    for (auto* button : {fresh, done})
-        button->setAutoDefault(false);
-    connect(fresh, &QPushButton::clicked, this, &Form_PSM_Open::Open_New);
-    connect(open, &QPushButton::clicked, this, &Form_PSM_Open::Open_File);
-    connect(done, &QPushButton::clicked, this, &QDialog::accept);
 
     auto* searching = new QHBoxLayout;
     searching->addWidget(search_title);

@@ -51,12 +51,9 @@ void Form_Saving::Lay_Out(const std::filesystem::path& directory)
         Save();
     });
 
-    auto* save = Named(new QPushButton("&Save"), "SaveNow");
-    auto* cancel = Named(new QPushButton("&Cancel"), "Cancel2");
+    auto* save = Push_Button("SaveNow", "&Save", this, &Form_Saving::Save);
+    auto* cancel = Push_Button("Cancel2", "&Cancel", this, &QDialog::reject);
     save->setDefault(true);
-    cancel->setAutoDefault(false);
-    connect(save, &QPushButton::clicked, this, &Form_Saving::Save);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
     auto* name = new QHBoxLayout;
     name->addWidget(title);
