@@ -40,6 +40,12 @@ double STRECK_Rate(double kd, double f_eq)
     return kd * (1 - f_eq);
 }
 
+std::optional<Refusal> Check_Kinetic(const Kinetic_Entry& entry)
+{
+    const auto refusal = Check_Kinetic_Fraction(entry);
+    return refusal ? refusal : Check_Kinetic_Rate(entry);
+}
+
 } // namespace
 
 Kinetic_Captions Captions_Of(Kinetic_Model model)
@@ -75,7 +81,7 @@ std::optional<Refusal> Choose_Kinetic_Model(Kinetic_Entry& entry, Kinetic_Model 
 {
     if (entry.Model == model)
         return std::nullopt;
-    if (auto refusal = Check_Kinetic_Fraction(entry))
+    if (auto refusal = Check_Kinetic(entry))
         return refusal;
     const double fraction = Val(entry.s_f_neq);
     const double rate = Val(entry.s_kdes);
@@ -93,9 +99,7 @@ std::optional<Refusal> Choose_Kinetic_Model(Kinetic_Entry& entry, Kinetic_Model 
 
 std::optional<Refusal> Accept_Kinetic(Pesticide_Document& document, int i, const Kinetic_Entry& entry)
 {
-    if (auto refusal = Check_Kinetic_Fraction(entry))
-        return refusal;
-    if (auto refusal = Check_Kinetic_Rate(entry))
+    if (auto refusal = Check_Kinetic(entry))
         return refusal;
     const double fraction = Val(entry.s_f_neq);
     const double rate = Val(entry.s_kdes);

@@ -37,7 +37,7 @@ std::optional<Refusal> Check_Kinetic_Fraction(const Kinetic_Entry& entry);
 std::optional<Refusal> Check_Kinetic_Rate(const Kinetic_Entry& entry);
 
 // Turns the entry into the other notation; nothing changes if it is in it. A STRECK fraction of 1 leaves both texts as they are, whose
-// meaning so changes silently. A fraction that is refused on leaving is refused here too.
+// meaning so changes silently. What is refused on leaving is refused here too.
 std::optional<Refusal> Choose_Kinetic_Model(Kinetic_Entry& entry, Kinetic_Model model);
 
 // Stores the PEARL values; at a STRECK fraction of 1 the stored rate stays. Refuses what the fields refuse on leaving, and a STRECK fraction

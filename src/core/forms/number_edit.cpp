@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int Gap = 4;
+constexpr int Fewest_Digits = 9;
 
 int Sign_Size(const QWidget& field)
 {
@@ -50,6 +51,11 @@ QString Number_Edit::Hint() const
         return {};
     const auto hint = Reading_Hint(Typed());
     return hint ? Shown(*hint) : QString();
+}
+
+QSize Number_Edit::minimumSizeHint() const
+{
+    return Byte_Edit::minimumSizeHint() + QSize(fontMetrics().horizontalAdvance(u'0') * Fewest_Digits, 0);
 }
 
 void Number_Edit::Show_Hint()

@@ -22,6 +22,8 @@ public:
 
     QString Hint() const override;
 
+    QSize minimumSizeHint() const override; // a rate with its decimals stays readable
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;

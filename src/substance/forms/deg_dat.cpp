@@ -2,14 +2,13 @@
 
 #include "core/forms/number_edit.h"
 #include "core/forms/widgets.h"
+#include "substance/forms/done_cancel.h"
 #include "substance/forms/rate_box.h"
 #include "substance/pathway_picture.h"
 
 #include <QButtonGroup>
-#include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QGridLayout>
-#include <QPushButton>
+#include <QHBoxLayout>
 #include <QRadioButton>
 
 deg_dat::deg_dat(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
@@ -31,14 +30,16 @@ deg_dat::deg_dat(Session& session, QWidget* parent) : QDialog(parent), Shared(se
 void deg_dat::Lay_Out()
 {
     Soil = new Rate_Box("Biodegradation in soil", {"Option1", "Option2", "Option3"}, {"Text1", "Text2", "Text3"});
-    auto* all = new QGridLayout(this);
-    all->addWidget(Soil, 0, 0);
-    all->addWidget(Photolysis_Box(), 1, 0);
-    all->addWidget(Correction_Box(), 0, 1, 2, 1);
-    all->addWidget(Buttons(), 3, 0, 1, 2);
-    all->setRowStretch(2, 1);
-    all->setColumnStretch(0, 1);
-    all->setColumnStretch(1, 1);
+    auto* rates = new QVBoxLayout;
+    rates->addWidget(Soil);
+    rates->addWidget(Photolysis_Box());
+    rates->addStretch(1);
+    auto* boxes = new QHBoxLayout;
+    boxes->addLayout(rates, 1);
+    boxes->addWidget(Correction_Box(), 1);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(boxes, 1);
+    all->addWidget(Done_And_Cancel(*this, &deg_dat::Accept, "Command1", "&OK"));
 }
 
 Rate_Box* deg_dat::Photolysis_Box()
@@ -78,17 +79,6 @@ QGroupBox* deg_dat::Correction_Box()
     connect(Text5, &QLineEdit::editingFinished, this, &deg_dat::Leave_Moistures);
     connect(Text6, &QLineEdit::editingFinished, this, &deg_dat::Leave_Moistures);
     return group;
-}
-
-QWidget* deg_dat::Buttons()
-{
-    auto* buttons = new QDialogButtonBox;
-    auto* accept_button = Named(buttons->addButton("&OK", QDialogButtonBox::AcceptRole), "Command1");
-    Named(buttons->addButton("&Cancel", QDialogButtonBox::RejectRole), "Command2");
-    accept_button->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &deg_dat::Accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &deg_dat::reject);
-    return buttons;
 }
 
 Correction_Texts deg_dat::Correction_Typed() const

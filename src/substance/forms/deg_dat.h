@@ -22,7 +22,6 @@ private:
     void Lay_Out();
     Rate_Box* Photolysis_Box();
     QGroupBox* Correction_Box();
-    QWidget* Buttons();
 
     Correction_Texts Correction_Typed() const;
     void Show_Correction(const Correction_Texts& texts, const Correction_Enabled& enabled);

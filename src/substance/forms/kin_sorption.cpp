@@ -1,0 +1,102 @@
+#include "substance/forms/kin_sorption.h"
+
+#include "core/forms/number_edit.h"
+#include "core/forms/widgets.h"
+#include "substance/forms/done_cancel.h"
+
+#include <QFocusEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent) : QDialog(parent), Shared(session), Substance(i)
+{
+    setObjectName("kin_Sorption");
+    setWindowTitle("Kinetic sorption");
+    Lay_Out();
+    Show_Captions(Designed_Kinetic_Captions);
+    Show_Entry(Load_Kinetic(Shared.Pesticide, Substance));
+    s_f_neq->setFocus();
+    s_f_neq->selectAll();
+}
+
+void kin_Sorption::Lay_Out()
+{
+    auto* grid = new QGridLayout;
+    constexpr std::array<const char*, 2> captions = {"&PEARL definition", "&STRECK definiton"};
+    for (std::size_t i = 0; i < kin_Modell.size(); ++i) {
+        kin_Modell[i] = Named(new QRadioButton(captions[i]), QString("kin_Modell_%1").arg(i));
+        grid->addWidget(kin_Modell[i], static_cast<int>(i), 0, 1, 2);
+        connect(kin_Modell[i], &QRadioButton::clicked, this, [this, i] { Choose(static_cast<Kinetic_Model>(i)); });
+    }
+    grid->addWidget(Bezeichnung_Anteil = Named(new QLabel, "Bezeichnung_Anteil"), 2, 0);
+    grid->addWidget(s_f_neq = Named(new Number_Edit, "s_f_neq"), 2, 1);
+    grid->addWidget(Bezeichnung_Sorptionsrate = Named(new QLabel, "Bezeichnung_Sorptionsrate"), 3, 0);
+    grid->addWidget(s_kdes = Named(new Number_Edit, "s_kdes"), 3, 1);
+    Bezeichnung_Anteil->setBuddy(s_f_neq);
+    Bezeichnung_Sorptionsrate->setBuddy(s_kdes);
+    s_f_neq->installEventFilter(this);
+    s_kdes->installEventFilter(this);
+
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(grid);
+    all->addStretch(1);
+    all->addWidget(Done_And_Cancel(*this, &kin_Sorption::Accept));
+}
+
+Kinetic_Entry kin_Sorption::Entry() const
+{
+    return {s_f_neq->Typed(), s_kdes->Typed(), Model};
+}
+
+void kin_Sorption::Show_Captions(const Kinetic_Captions& captions)
+{
+    Bezeichnung_Anteil->setText(Shown(captions.Bezeichnung_Anteil));
+    Bezeichnung_Sorptionsrate->setText(Shown(captions.Bezeichnung_Sorptionsrate));
+}
+
+void kin_Sorption::Show_Entry(const Kinetic_Entry& entry)
+{
+    Model = entry.Model;
+    kin_Modell[static_cast<std::size_t>(Model)]->setChecked(true);
+    s_f_neq->setText(Shown(entry.s_f_neq));
+    s_kdes->setText(Shown(entry.s_kdes));
+}
+
+void kin_Sorption::Choose(Kinetic_Model model)
+{
+    auto entry = Entry();
+    const auto refusal = Choose_Kinetic_Model(entry, model);
+    Show_Entry(entry);
+    if (refusal)
+        return Refuse(*refusal);
+    Show_Captions(Captions_Of(model));
+}
+
+// A field is tested when it is left for the other one: options and Done test both by themselves, and Cancel is always free.
+bool kin_Sorption::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool to_other = event->type() == QEvent::FocusOut && !Refusing && (s_f_neq->hasFocus() || s_kdes->hasFocus());
+    if (to_other) {
+        const auto refusal = watched == s_f_neq ? Check_Kinetic_Fraction(Entry()) : Check_Kinetic_Rate(Entry());
+        if (refusal)
+            Refuse(*refusal);
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void kin_Sorption::Refuse(const Refusal& refusal)
+{
+    Refusing = true;
+    Shared.Ask(refusal.Text);
+    findChild<QWidget*>(Shown(refusal.Control))->setFocus();
+    Refusing = false;
+}
+
+void kin_Sorption::Accept()
+{
+    if (const auto refusal = Accept_Kinetic(Shared.Pesticide, Substance, Entry()))
+        return Refuse(*refusal);
+    Shared.Program.PSM_Changed = true;
+    accept();
+}

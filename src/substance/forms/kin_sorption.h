@@ -1,0 +1,38 @@
+#pragma once
+
+#include "substance/kinetic_sorption.h"
+
+#include <array>
+#include <QDialog>
+
+class Number_Edit;
+class QLabel;
+class QRadioButton;
+
+// Slow sorption of a substance at non-equilibrium sites, in either of two notations.
+class kin_Sorption : public QDialog {
+    Q_OBJECT
+
+public:
+    kin_Sorption(Session& session, int i, QWidget* parent = nullptr); // substance i, 1 to 9
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Lay_Out();
+    Kinetic_Entry Entry() const;
+    void Show_Captions(const Kinetic_Captions& captions);
+    void Show_Entry(const Kinetic_Entry& entry);
+    void Choose(Kinetic_Model model);
+    void Refuse(const Refusal& refusal);
+    void Accept();
+
+    Session& Shared;
+    int Substance;
+    Kinetic_Model Model = Kinetic_Model::PEARL; // the notation of both texts
+    std::array<QRadioButton*, 2> kin_Modell{};
+    QLabel *Bezeichnung_Anteil = nullptr, *Bezeichnung_Sorptionsrate = nullptr;
+    Number_Edit *s_f_neq = nullptr, *s_kdes = nullptr;
+    bool Refusing = false;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "substance/ph_sorption.h"
+
+#include <QDialog>
+#include <vector>
+
+class Number_Edit;
+class QCheckBox;
+class QGridLayout;
+
+// Sorption of a substance that dissociates: its pKa, and its Koc at one or two pH.
+class KOC_PH : public QDialog {
+    Q_OBJECT
+
+public:
+    // Substance i, 1 to 9; text_koc0 is the text of the substance form's field of the Koc.
+    KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent = nullptr);
+
+    // The text that the field shows again after the form was accepted.
+    const std::string& Text_koc0() const { return The_Koc; }
+
+private:
+    void Lay_Out();
+    Number_Edit* Field(QGridLayout& grid, int row, int column, const QString& name, const QString& label, const QString& label_name);
+    PH_Entry Entry() const;
+    void Show_View();
+    void Accept();
+
+    Session& Shared;
+    int Substance;
+    std::string The_Koc;
+    Number_Edit *s_pKa = nullptr, *s_KOC = nullptr, *s_pH = nullptr, *s_KOC2 = nullptr, *s_pH2 = nullptr;
+    QCheckBox* s_Dataset = nullptr;
+    std::vector<QWidget*> First_pH, Second_Pair;
+};
