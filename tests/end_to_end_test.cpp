@@ -97,6 +97,12 @@ Temporary_Directory* End_To_End::Place = nullptr;
 
 } // namespace
 
+TEST_F(End_To_End, The_Installation_Has_The_Engine_And_The_Utilities)
+{
+    for (const auto* name : {"orvel401.exe", "wyear.exe", "wmonth.exe", "wday.exe"})
+        EXPECT_EQ(fs::status(Installation() / name).permissions() & fs::perms::owner_exec, fs::perms::owner_exec) << name;
+}
+
 TEST_F(End_To_End, The_Engine_Completes_The_Run)
 {
     const auto echo = Lines(Run() / "echo.orv");

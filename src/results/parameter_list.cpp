@@ -109,6 +109,16 @@ std::vector<Parameter_Item> Parameters_Of(const Plot_Head& head, const std::vect
     return items;
 }
 
+std::vector<Parameter_Item> Parameters_Of_Head(const Plot_Head& head, const std::filesystem::path& directory)
+try {
+    const std::string run_control = Read_Whole(Found_Or_New(directory, "orvel.inp"));
+    return Parameters_Of(head, Substances_Of_Rows(run_control), Names_In_Run(directory, run_control));
+} catch (const File_Error&) {
+    Per_Substance<std::string> names;
+    names.fill("unknown");
+    return Parameters_Of(head, {}, names);
+}
+
 std::vector<Parameter_Item> Parameters_Of_Run(const std::filesystem::path& run_directory)
 try {
     const Plot_Head head = Read_Plot_Head(run_directory);

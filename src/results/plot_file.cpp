@@ -3,6 +3,7 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "results/quick_val.h"
 
 #include <algorithm>
 
@@ -18,8 +19,15 @@ constexpr std::size_t Code_First = 13;
 constexpr std::size_t Code_Width = 4;
 constexpr std::size_t Scale_First = 12;
 constexpr std::size_t Scale_Width = 6;
+constexpr std::size_t Day_First = 1, Day_Width = 6, Hour_First = 7, Hour_Width = 3;
+constexpr double Last_Day = 1e6;
 
 using Lines = std::array<std::string, Head_Lines + 1>; // from 1
+
+int Whole(std::string_view text)
+{
+    return static_cast<int>(std::clamp(Quick_Val(text), 0.0, Last_Day));
+}
 
 int Count(std::string_view line, std::size_t first)
 {
@@ -43,6 +51,11 @@ std::vector<Plot_Column> Columns_Of(const Lines& lines, int count)
 }
 
 } // namespace
+
+Plot_Moment Moment_Of(std::string_view line)
+{
+    return {Whole(Columns(line, Day_First, Day_Width)), Whole(Columns(line, Hour_First, Hour_Width))};
+}
 
 Plot_Head Scan_Plot_Head(Line_Scanner& plot)
 {

@@ -12,6 +12,12 @@
 constexpr std::size_t Plot_Value_Width = 10;
 constexpr std::size_t Plot_Series_First = 11; // 1-based column of the first value of a line
 
+// When a line was written: the running number of the day, and the hour, of which 24 closes the day. 0 where the line has no such number.
+struct Plot_Moment {
+    int Day = 0, Hour = 0;
+};
+Plot_Moment Moment_Of(std::string_view line);
+
 struct Plot_Column {
     std::string Plot_Code;
     double Plot_Depth = 0; // cm

@@ -13,18 +13,13 @@
 namespace {
 
 constexpr int Head_Lines = 11;
-constexpr std::size_t Day_First = 1, Day_Width = 6, Hour_First = 7, Hour_Width = 3; // columns from 1
 constexpr double Last_Day = 1e6;
 constexpr int Lines_Between_Progress = 1 << 14;
 
-int Whole(std::string_view text)
-{
-    return static_cast<int>(std::clamp(Quick_Val(text), 0.0, Last_Day));
-}
-
 Plot_Value Value_Of(std::string_view line, std::size_t first)
 {
-    return {Whole(Columns(line, Day_First, Day_Width)), Whole(Columns(line, Hour_First, Hour_Width)), Quick_Val(Columns(line, first, Plot_Value_Width))};
+    const auto [day, hour] = Moment_Of(line);
+    return {day, hour, Quick_Val(Columns(line, first, Plot_Value_Width))};
 }
 
 // Whether a directory of this name, in any case, stands in the path.

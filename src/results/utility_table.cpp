@@ -1,7 +1,9 @@
 #include "results/utility_table.h"
 
 #include "core/files.h"
+#include "core/lock.h"
 #include "core/text.h"
+#include "results/line_scanner.h"
 #include "results/shown_file.h"
 #include "runs/engine_start.h"
 #include "runs/shown_path.h"
@@ -21,9 +23,15 @@ std::string Quoted(std::string_view text)
     return "\"" + std::string(text) + "\"";
 }
 
-bool Is_Of_A_Batch(const fs::path& directory)
+// The copy is no larger than it must be: the series of a long run are a gigabyte.
+std::string First_Lines(const fs::path& plot)
 {
-    return Matches((directory.has_filename() ? directory : directory.parent_path()).filename().string(), "*.run");
+    constexpr int Copied_Lines = 7;
+    std::string lines;
+    Line_Scanner scanner(plot, 4U << 10U);
+    for (int line = 0; line < Copied_Lines && scanner.Next(); ++line)
+        lines.append(scanner.Line()).append(CrLf);
+    return lines;
 }
 
 std::optional<int> Tell(const Session& session, std::string text)
@@ -49,6 +57,11 @@ std::string Format_Utility_Batch(Utility utility, const fs::path& directory, con
     return text + "quit\r\n";
 }
 
+bool Is_Of_A_Batch(const fs::path& directory)
+{
+    return Matches((directory.has_filename() ? directory : directory.parent_path()).filename().string(), "*.run");
+}
+
 bool Is_Due(Utility utility, const fs::path& directory)
 {
     const auto plot = Find_File(directory, "plot.orv");
@@ -67,15 +80,25 @@ try {
     const auto program = Find_File(session.Program.App_Path, names.Program);
     if (!program)
         return Tell(session, "The program " + std::string(names.Program) + " is missing in the installation directory.");
+    if (Is_Locked(directory) || Is_Locked(Found_Or_New(directory, "echo.orv")))
+        return Tell(session, "The simulation is still at work.");
     Write_Whole(Found_Or_New(session.Program.App_Path, names.Batch), Format_Utility_Batch(utility, directory, session.Program.App_Path));
     if (const auto old = Find_File(directory, names.Output))
         fs::remove(*old);
-    Copy_Whole(Found_Or_New(directory, "plot.orv"), Found_Or_New(directory, Series_Copy));
+    Write_Whole(Found_Or_New(directory, Series_Copy), First_Lines(Found_Or_New(directory, "plot.orv")));
     Program_Start start = Engine_Start(directory, *program);
-    start.Output.clear();
+    start.Output = Utility_Log;
     return Start_Program(start);
 } catch (const std::runtime_error& error) { // of a file, or of a program that cannot be started
     return Tell(session, Shown(error.what()));
+}
+
+std::string Take_Utility_Log(const fs::path& directory)
+{
+    const std::string told = Shown(Read_If_There(directory, Utility_Log));
+    std::error_code ignored;
+    fs::remove(directory / Utility_Log, ignored);
+    return std::string(Trim(Replace_All(Replace_All(told, "\r", " "), "\n", " ")));
 }
 
 std::optional<std::string> Shown_Table(const Session& session, Utility utility, const fs::path& directory)

@@ -5,6 +5,7 @@
 #include "core/text.h"
 #include "engine/engine_case.h"
 #include "engine/engine_process.h"
+#include "results/series_table.h"
 #include "temporary_directory.h"
 
 #include <gtest/gtest.h>
@@ -150,6 +151,68 @@ TEST_F(Series_Of_A_Run, Percolate_Sums_To_The_Recharge_Below_The_Core)
     const auto file = File_Of(Directory->Path(), "Wasser.orv");
     for (int year = 1; year <= Years; ++year)
         Expect_Same(Sum("INFL", 1, year), Total(Block(file, year), "RECHARGE BELOW CORE"));
+}
+
+// The rows of a utility's table, as numbers.
+std::vector<std::vector<double>> Rows_Of(const std::string& table)
+{
+    std::vector<std::vector<double>> rows;
+    bool inside = false;
+    for (const auto line : Split_Lines(table)) {
+        if (Contains(line, "----")) {
+            inside = !inside;
+        } else if (inside) {
+            auto& row = rows.emplace_back();
+            for (auto at = line.find('\t'); at != std::string_view::npos; at = line.find('\t', at + 1))
+                row.push_back(Val(line.substr(at + 1)));
+        }
+    }
+    return rows;
+}
+
+TEST_F(Series_Of_A_Run, The_Table_By_Year_Has_The_Totals_Of_The_Balances)
+{
+    const auto rows = Rows_Of(Series_Table(Utility::Year, Directory->Path(), Parse_Calendar(Calendar())));
+    constexpr std::size_t First = 2, Per_Substance = 9; // columns of the date, columns of a substance
+
+    ASSERT_EQ(rows.size(), static_cast<std::size_t>(Years));
+    for (int year = 1; year <= Years; ++year) {
+        const auto& row = rows[static_cast<std::size_t>(year) - 1];
+        EXPECT_EQ(row[0], year);
+        EXPECT_EQ(row[1], year % 4 == 0 ? 366 : 365);
+        for (std::size_t substance = 0; substance < 2; ++substance) {
+            const auto block = Block(File_Of(Directory->Path(), substance == 0 ? "chem.orv" : "chem_A1.orv"), year);
+            const auto* at = &row[First + Per_Substance * substance];
+            // Three digits remain of an amount below 0.001 kg/ha.
+            const auto expect_same = [](double cell, double total) { EXPECT_NEAR(cell, total, 6e-3 * std::abs(total) + 1e-12); };
+            expect_same(at[0], Applied(block));
+            expect_same(at[1], Total(block, "TOTAL DECAY OF "));
+            expect_same(at[2], Total(block, "TOTAL PLANT UPTAKE OF"));
+            expect_same(at[4] + at[5], Total(block, "TOTAL RUNOFF"));
+            expect_same(at[8], Total(block, "LEACHED BELOW CORE"));
+        }
+        EXPECT_NEAR(row.back(), Total(Block(File_Of(Directory->Path(), "Wasser.orv"), year), "RECHARGE BELOW CORE"), 1e-3);
+    }
+}
+
+TEST_F(Series_Of_A_Run, Months_And_Days_Sum_To_The_Years)
+{
+    const auto calendar = Parse_Calendar(Calendar());
+    const auto years = Rows_Of(Series_Table(Utility::Year, Directory->Path(), calendar));
+    constexpr std::size_t Dates = 3;
+    for (const auto period : {Utility::Month, Utility::Day}) {
+        std::vector<std::vector<double>> sums(Years, std::vector<double>(Case->Rows.size()));
+        const auto rows = Rows_Of(Series_Table(period, Directory->Path(), calendar));
+        EXPECT_EQ(rows.size(), period == Utility::Month ? 12U * Years : 4U * 365 + 1);
+        for (const auto& row : rows) {
+            for (std::size_t i = 0; i < Case->Rows.size(); ++i)
+                sums[static_cast<std::size_t>(row[0]) - 1][i] += row[Dates + i];
+        }
+        for (std::size_t year = 0; year < years.size(); ++year) {
+            for (std::size_t i = 0; i < Case->Rows.size(); ++i)
+                EXPECT_NEAR(years[year][i + 2], sums[year][i], 6e-3 * std::abs(sums[year][i]) + 1e-12) << "year " << year + 1 << ", column " << i + 1;
+        }
+    }
 }
 
 } // namespace

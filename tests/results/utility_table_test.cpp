@@ -1,10 +1,13 @@
 #include "results/utility_table.h"
 
 #include "core/files.h"
+#include "core/lock.h"
+#include "results/engine_files.h"
 #include "runs/batch.h"
 #include "temporary_directory.h"
 #include "told.h"
 
+#include <algorithm>
 #include <chrono>
 #include <gtest/gtest.h>
 #include <thread>
@@ -84,6 +87,46 @@ TEST_F(Utility_Table_Test, The_Utility_Works_In_The_Directory_And_Its_Table_Is_S
     EXPECT_EQ(Shown_Table(*Shared, Utility::Year, Run()), "series");
     EXPECT_EQ(Read_Whole(Place / "home/wyear.bat"), Format_Utility_Batch(Utility::Year, Run(), Place / "home"));
     EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(Utility_Table_Test, The_Copy_Has_The_First_Seven_Lines_Of_The_Series)
+{
+    Put_Utility();
+    Write_Whole(Run() / "plot.orv", Plot_Head_Of(1, 0) + Plot_Line(1, 24, {"0.5"}));
+
+    const auto process = Start_Utility(*Shared, Utility::Year, Run());
+
+    ASSERT_TRUE(process);
+    EXPECT_EQ(Exit_Code_Of(*process), 0);
+    const std::string plot = Read_Whole(Run() / "plot.orv"), copy = Read_Whole(Run() / "grw.orv");
+    EXPECT_EQ(copy, plot.substr(0, copy.size()));
+    EXPECT_EQ(std::ranges::count(copy, '\n'), 7);
+}
+
+TEST_F(Utility_Table_Test, What_The_Utility_Tells_When_It_Fails_Is_Taken_Once)
+{
+    Write_Whole(Place / "home/wyear.exe", "#!/bin/sh\necho The file plot.orv is damaged. >&2\nexit 1\n");
+    fs::permissions(Place / "home/wyear.exe", fs::perms::owner_all);
+
+    const auto process = Start_Utility(*Shared, Utility::Year, Run());
+
+    ASSERT_TRUE(process);
+    EXPECT_EQ(Exit_Code_Of(*process), 1);
+    EXPECT_EQ(Take_Utility_Log(Run()), "The file plot.orv is damaged.");
+    EXPECT_FALSE(fs::exists(Run() / "utility.log"));
+    EXPECT_EQ(Take_Utility_Log(Run()), "");
+}
+
+TEST_F(Utility_Table_Test, No_Table_Is_Made_While_The_Simulation_Is_At_Work)
+{
+    Put_Utility();
+    const auto lock = Lock::Take(Run());
+
+    EXPECT_FALSE(Start_Utility(*Shared, Utility::Year, Run()));
+
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(The_User.Messages[0].Text, "The simulation is still at work.");
+    EXPECT_FALSE(fs::exists(Run() / "grw.orv"));
 }
 
 TEST_F(Utility_Table_Test, A_Missing_Utility_Is_Told)

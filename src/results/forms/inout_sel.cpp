@@ -208,7 +208,8 @@ void inout_sel::Tick()
         return;
     Timer1.stop();
     Utility_At_Work.reset();
-    Nachricht->setText(*code == 0 ? "The table is ready. Please click again to see it." : "The table could not be made.");
+    const std::string told = Take_Utility_Log(Directory);
+    Nachricht->setText(*code == 0 ? "The table is ready. Please click again to see it." : Shown("The table could not be made. " + told));
     List_Files_Of_Directory();
 }
 
