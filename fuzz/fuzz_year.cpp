@@ -17,10 +17,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     } catch (const std::domain_error&) { // a sum that no double holds
     }
-    Report report;
+    Summary report;
     report.Substances.resize(3);
     Gather_Percentiles(report, 0, "Hamburg (H)", bytes);
-    Report_Text(report);
+    Summary_Text(report);
     Shown_Cache(bytes);
     return 0;
 }

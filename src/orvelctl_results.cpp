@@ -61,8 +61,8 @@ int Do_Pecsoil(const std::string& directory, int depth)
 int Do_Report(Session& session, const Mode& mode, const std::string& stem, const std::string& crop)
 {
     Find_Engine(session);
-    const auto report = Build_Report(session, Request_Report(session, mode, stem, crop), Shown_Progress());
-    return report ? Print_Table(Report_Text(*report), {}, {}) : Refused;
+    const auto report = Build_Summary(session, Request_Summary(session, mode, stem, crop), Shown_Progress());
+    return report ? Print_Table(Summary_Text(*report), {}, {}) : Refused;
 }
 
 void Add_Run_Directory(CLI::App* command, std::string& directory)

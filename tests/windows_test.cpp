@@ -115,7 +115,7 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<Jahr_ORV>("jahr_orv", Run()),
         Plain<Mass_Balance>("mass_balance", Run()),
         Plain<PECsoil>("pecsoil", Run(), 5),
-        Plain<Zusammenfassung_orv>("zusammenfassung", Report_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}}),
+        Plain<Zusammenfassung_orv>("zusammenfassung", Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}}),
         Plain<inout_sel>("inout_sel"),
         {"echo_orv", [echo](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Echo_ORV>(echo); }},
         {"jahresbilanz",

@@ -14,18 +14,18 @@ std::string_view Name_Of_Substance(std::string_view result_name)
 
 } // namespace
 
-Chart Report_Chart(const Report& report, std::size_t substance)
+Chart Report_Chart(const Summary& report, std::size_t substance)
 {
     Chart chart;
     chart.X.Title = "Location";
     if (substance >= report.Substances.size())
         return chart;
-    const Report_Substance& drawn = report.Substances[substance];
+    const Summary_Substance& drawn = report.Substances[substance];
     chart.Title = "80th Percentile Conc. of " + std::string(Name_Of_Substance(drawn.Result_Name)) + " in leachate [\xB5g/L]";
     for (std::size_t i = 0; i < report.Location_Short.size(); ++i)
         chart.X.Ticks.push_back({static_cast<double>(i + 1), Tick_Rank::Big, report.Location_Short[i]});
     bool below = false, above = false;
-    for (const Report_Row& row : drawn.Rows) {
+    for (const Summary_Row& row : drawn.Rows) {
         const auto at = static_cast<double>(row.Location + 1);
         const bool exceeds = row.P80.Conc > Drinking_Water_Limit;
         (exceeds ? above : below) = true;

@@ -7,4 +7,4 @@
 constexpr double Drinking_Water_Limit = 0.1;
 
 // The concentrations of one substance of a report, a box per location. A substance that the report lacks gives an empty chart.
-Chart Report_Chart(const Report& report, std::size_t substance);
+Chart Report_Chart(const Summary& report, std::size_t substance);

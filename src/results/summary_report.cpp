@@ -58,9 +58,9 @@ std::string Padded(std::string name)
     return name;
 }
 
-Report_Row Row_Of(std::size_t location, std::string_view location_text, std::string_view line)
+Summary_Row Row_Of(std::size_t location, std::string_view location_text, std::string_view line)
 {
-    Report_Row row{.Location = location};
+    Summary_Row row{.Location = location};
     row.Name = location_text.substr(0, location_text.find(')') + 1); // npos + 1 is 0: no name
     row.Figures = Dos_To_Ansi(Columns(line, Figures_First, Figures_Width));
     const auto result = Parse_Percentile(line);
@@ -71,11 +71,11 @@ Report_Row Row_Of(std::size_t location, std::string_view location_text, std::str
     return row;
 }
 
-Report Collect(const Report_Request& request)
+Summary Collect(const Summary_Request& request)
 {
-    if (request.Locations.empty() || request.Locations.size() > Most_Report_Locations)
+    if (request.Locations.empty() || request.Locations.size() > Most_Summary_Locations)
         throw File_Error("A report takes one to ten locations.");
-    Report report{request.Model_Version, request.Date, request.Pesticide, request.Crop, {}, {}};
+    Summary report{request.Model_Version, request.Date, request.Pesticide, request.Crop, {}, {}};
     for (const auto& name : Read_Substance_Names(request.Locations.front().Directory))
         report.Substances.push_back({"Results for " + name, {}, 0});
     for (std::size_t i = 0; i < request.Locations.size(); ++i) {
@@ -88,10 +88,10 @@ Report Collect(const Report_Request& request)
 
 } // namespace
 
-Report_Request Request_Report(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop)
+Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop)
 {
     const auto directory = Level(Level(Mode_Directory(session, mode), stem), crop);
-    Report_Request request{session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}};
+    Summary_Request request{session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}};
     for (const auto& name : List_Directories(directory, "*" + std::string(Directory_End))) {
         const auto text = Shown(name);
         request.Locations.push_back({Name_Decode(text.substr(0, text.size() - Directory_End.size())), directory / name});
@@ -101,7 +101,7 @@ Report_Request Request_Report(const Session& session, const Mode& mode, std::str
     return request;
 }
 
-std::optional<Report> Build_Report(Session& session, const Report_Request& request, const Progress& progress)
+std::optional<Summary> Build_Summary(Session& session, const Summary_Request& request, const Progress& progress)
 {
     bool stopped = false;
     int period_index = 0;
@@ -123,7 +123,7 @@ std::optional<Report> Build_Report(Session& session, const Report_Request& reque
     }
 }
 
-std::string Report_Text(const Report& report)
+std::string Summary_Text(const Summary& report)
 {
     const std::string rule(Rule_Length, '-');
     std::string text = "FOCUS Summary Output File\r\n\r\nModel Version:          \t" + report.Model_Version + "\r\nDate of this simulation:\t" + report.Date +
@@ -139,7 +139,7 @@ std::string Report_Text(const Report& report)
     return text;
 }
 
-void Gather_Percentiles(Report& report, std::size_t location, std::string_view location_text, std::string_view period_bytes)
+void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text, std::string_view period_bytes)
 {
     std::size_t s = 0;
     for (Line_Reader lines(period_bytes); !lines.At_End() && s < report.Substances.size();) {

@@ -12,20 +12,20 @@
 
 // The summary of one pesticide and crop over all locations: a table per substance of the 80th percentile rows of the period tables at 1 m.
 
-constexpr std::size_t Most_Report_Locations = 10;
+constexpr std::size_t Most_Summary_Locations = 10;
 
-struct Report_Location {
+struct Summary_Location {
     std::string Text; // of the list: "Hamburg (H)"
     std::filesystem::path Directory;
 };
 
 // What a report is asked for; texts as the lists and labels of the result browser show them, bytes of Windows-1252.
-struct Report_Request {
+struct Summary_Request {
     std::string Model_Version, Date, Pesticide, Crop;
-    std::vector<Report_Location> Locations;
+    std::vector<Summary_Location> Locations;
 };
 
-struct Report_Row {
+struct Summary_Row {
     std::size_t Location = 0; // place among the locations
     std::string Name;         // location up to its first ")", empty without one
     std::string Figures;      // of the percentile row, from its "(" on
@@ -33,27 +33,27 @@ struct Report_Row {
     int A = 0, B = 0;         // the selected periods
 };
 
-struct Report_Substance {
+struct Summary_Substance {
     std::string Result_Name; // "Results for ..."
-    std::vector<Report_Row> Rows;
+    std::vector<Summary_Row> Rows;
     double Location_Max = 0; // highest concentration, ug/L
 };
 
-struct Report {
+struct Summary {
     std::string Model_Version, Date, Pesticide, Crop;
     std::vector<std::string> Location_Short; // one letter by location
-    std::vector<Report_Substance> Substances;
+    std::vector<Summary_Substance> Substances;
 };
 
 // The locations that were run for a pesticide (stem of its file) and a crop, with what a report on them says at its head: the engine's
 // version and the first location's date. Throws File_Error if there is no such directory.
-Report_Request Request_Report(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop);
+Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop);
 
 // Makes sure that the tables of all locations exist, then gathers their percentile rows. Nothing: the user has been told, or stopped it.
-std::optional<Report> Build_Report(Session& session, const Report_Request& request, const Progress& progress = {});
+std::optional<Summary> Build_Summary(Session& session, const Summary_Request& request, const Progress& progress = {});
 
 // The report as text, lines end in CR LF.
-std::string Report_Text(const Report& report);
+std::string Summary_Text(const Summary& report);
 
 // Adds the percentile rows at 1 m of a location's period.orv to the report's substances.
-void Gather_Percentiles(Report& report, std::size_t location, std::string_view location_text, std::string_view period_bytes);
+void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text, std::string_view period_bytes);

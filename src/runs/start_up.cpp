@@ -76,6 +76,9 @@ void Find_Engine(Session& session)
     }
     program.Engine_Version = Val(Columns(program.Engine_Exe, 6, 3)) / 100;
     program.Aktuelle_ORVEL_Version = "ORVEL " + General_Text(program.Engine_Version);
+    const double suite = std::floor(program.Engine_Version * 100 - First_Suite + 0.5);
+    program.Aktuelle_ORVELSUITE_Version =
+        "ORVELSUITE " + General_Text(suite) + "." + General_Text(program.Suite_Minor) + "." + Scenario_Version(session, Focus());
 }
 
 bool Start_Up(Session& session)
@@ -84,12 +87,9 @@ bool Start_Up(Session& session)
     if (!Write_Test(program.App_Path))
         return false;
     Delete_Pending_Batch(session);
+    program.Suite_Minor = 5;
     Find_Engine(session);
     Write_Launcher(session);
-    program.Suite_Minor = 5;
-    const double suite = std::floor(program.Engine_Version * 100 - First_Suite + 0.5);
-    program.Aktuelle_ORVELSUITE_Version =
-        "ORVELSUITE " + General_Text(suite) + "." + General_Text(program.Suite_Minor) + "." + Scenario_Version(session, Focus());
     program.Online_Help = false;
     Load_Help_Texts(session);
     session.Run.App_Loc_Index = 1;

@@ -12,7 +12,8 @@
 // cannot be written, and the program ends without a message. A job that has been started is not touched: its locks tell of it.
 bool Start_Up(Session& session);
 
-// The first engine of the directory, its version, 4.01 for orvel401.exe, and the label of it. Without one the name is empty and the version 0.
+// The first engine of the directory, its version, 4.01 for orvel401.exe, and the labels of engine and program. Without one the name is empty and the
+// version 0.
 void Find_Engine(Session& session);
 
 // Warns where the system's print of 3.5 holds a comma.

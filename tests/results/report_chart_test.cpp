@@ -4,17 +4,17 @@
 
 namespace {
 
-Report_Row Row(std::size_t location, double conc)
+Summary_Row Row(std::size_t location, double conc)
 {
-    Report_Row row;
+    Summary_Row row;
     row.Location = location;
     row.P80.Conc = conc;
     return row;
 }
 
-Report Two_Locations(double first, double second, double highest)
+Summary Two_Locations(double first, double second, double highest)
 {
-    Report report;
+    Summary report;
     report.Location_Short = {"H", "T"};
     report.Substances = {{"Results for Demoxyl", {Row(0, first), Row(1, second)}, highest}};
     return report;

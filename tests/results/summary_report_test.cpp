@@ -36,7 +36,7 @@ protected:
         Shared.Ask = std::ref(The_User);
     }
 
-    Report_Request Request() const { return Request_Report(Shared, Mode_Of(Mode_Kind::Focus), "test", "Winter cereals"); }
+    Summary_Request Request() const { return Request_Summary(Shared, Mode_Of(Mode_Kind::Focus), "test", "Winter cereals"); }
 
     Temporary_Directory Installation;
     Session Shared;
@@ -55,7 +55,7 @@ TEST_F(Summary_Report, The_Text_Is_Laid_Out_To_The_Byte)
 {
     auto request = Request();
     request.Date = "2024-05-31 14:05";
-    const auto report = Build_Report(Shared, request);
+    const auto report = Build_Summary(Shared, request);
     ASSERT_TRUE(report);
 
     const std::string rule(82, '-');
@@ -63,19 +63,19 @@ TEST_F(Summary_Report, The_Text_Is_Laid_Out_To_The_Byte)
                               "\r\n Location        \tSelected\tFlux\t    Percolate\tConc.\r\n"
                               "                 \tPeriod  \t(g/ha)\t       (L/m\xB2)\t(\xB5g/L)  \r\n" +
                               rule + "\r\n";
-    EXPECT_EQ(Report_Text(*report), "FOCUS Summary Output File\r\n\r\n"
-                                    "Model Version:          \tORVEL 4.01\r\n"
-                                    "Date of this simulation:\t2024-05-31 14:05\r\n"
-                                    "Pesticide input file:   \ttest\r\n"
-                                    "Simulated crop:         \tWinter cereals\r\n\r\n\r\n"
-                                    "Results for P" +
-                                        heads +
-                                        "Hamburg (H)      \t(17/16)\t45.0000     \t200.000     \t22.500\r\n"
-                                        "Porto (O)        \t(17/16)\t90.0000     \t200.000     \t45.000\r\n\r\n\r\n"
-                                        "Results for M" +
-                                        heads +
-                                        "Hamburg (H)      \t(17/16)\t45.0000     \t200.000     \t22.500\r\n"
-                                        "Porto (O)        \t(17/16)\t45.0000     \t200.000     \t22.500\r\n\r\n\r\n");
+    EXPECT_EQ(Summary_Text(*report), "FOCUS Summary Output File\r\n\r\n"
+                                     "Model Version:          \tORVEL 4.01\r\n"
+                                     "Date of this simulation:\t2024-05-31 14:05\r\n"
+                                     "Pesticide input file:   \ttest\r\n"
+                                     "Simulated crop:         \tWinter cereals\r\n\r\n\r\n"
+                                     "Results for P" +
+                                         heads +
+                                         "Hamburg (H)      \t(17/16)\t45.0000     \t200.000     \t22.500\r\n"
+                                         "Porto (O)        \t(17/16)\t90.0000     \t200.000     \t45.000\r\n\r\n\r\n"
+                                         "Results for M" +
+                                         heads +
+                                         "Hamburg (H)      \t(17/16)\t45.0000     \t200.000     \t22.500\r\n"
+                                         "Porto (O)        \t(17/16)\t45.0000     \t200.000     \t22.500\r\n\r\n\r\n");
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
@@ -92,15 +92,15 @@ TEST_F(Summary_Report, The_Locations_Are_The_Decoded_Names_Of_The_Run_Directorie
 
 TEST_F(Summary_Report, A_Pesticide_Or_Crop_That_Was_Not_Run_Is_Told)
 {
-    EXPECT_THROW(Request_Report(Shared, Mode_Of(Mode_Kind::Focus), "other", "Winter cereals"), File_Error);
-    EXPECT_THROW(Request_Report(Shared, Mode_Of(Mode_Kind::Focus), "test", "Maize"), File_Error);
-    EXPECT_THROW(Request_Report(Shared, Mode_Of(Mode_Kind::Efsa), "test", "Winter cereals"), File_Error);
+    EXPECT_THROW(Request_Summary(Shared, Mode_Of(Mode_Kind::Focus), "other", "Winter cereals"), File_Error);
+    EXPECT_THROW(Request_Summary(Shared, Mode_Of(Mode_Kind::Focus), "test", "Maize"), File_Error);
+    EXPECT_THROW(Request_Summary(Shared, Mode_Of(Mode_Kind::Efsa), "test", "Winter cereals"), File_Error);
 }
 
 TEST_F(Summary_Report, The_Tables_Of_All_Locations_Are_Made_Sure_Of)
 {
     const auto request = Request();
-    Build_Report(Shared, request);
+    Build_Summary(Shared, request);
 
     for (const auto& location : request.Locations)
         EXPECT_TRUE(fs::exists(location.Directory / "period.orv")) << location.Text;
@@ -108,7 +108,7 @@ TEST_F(Summary_Report, The_Tables_Of_All_Locations_Are_Made_Sure_Of)
 
 TEST_F(Summary_Report, The_Figures_And_The_Highest_Concentration_Are_Given_By_Substance)
 {
-    const auto report = Build_Report(Shared, Request());
+    const auto report = Build_Summary(Shared, Request());
 
     ASSERT_TRUE(report);
     ASSERT_EQ(report->Substances.size(), 2U);
@@ -127,7 +127,7 @@ TEST_F(Summary_Report, A_Location_Without_Period_Table_Shows_The_Box_And_No_Text
     auto request = Request();
     fs::remove(request.Locations[1].Directory / "Wasser.orv");
 
-    EXPECT_FALSE(Build_Report(Shared, request));
+    EXPECT_FALSE(Build_Summary(Shared, request));
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Problem with output files. Probably, one of the simulations failed!"})});
 }
@@ -136,10 +136,10 @@ TEST_F(Summary_Report, Ten_Locations_Are_Taken_And_An_Eleventh_Is_Not)
 {
     auto request = Request();
     request.Locations.resize(10, request.Locations[0]);
-    EXPECT_TRUE(Build_Report(Shared, request));
+    EXPECT_TRUE(Build_Summary(Shared, request));
 
     request.Locations.resize(11, request.Locations[0]);
-    EXPECT_FALSE(Build_Report(Shared, request));
+    EXPECT_FALSE(Build_Summary(Shared, request));
     EXPECT_EQ(The_User.Messages.size(), 1U);
 }
 
@@ -147,7 +147,7 @@ TEST_F(Summary_Report, The_User_May_Stop_It_And_Is_Told_Nothing_More)
 {
     int told = 0;
 
-    EXPECT_FALSE(Build_Report(Shared, Request(), [&](const std::string&, double share) {
+    EXPECT_FALSE(Build_Summary(Shared, Request(), [&](const std::string&, double share) {
         EXPECT_LE(share, 0.5);
         return ++told < 5;
     }));
@@ -162,11 +162,11 @@ TEST_F(Summary_Report, A_Location_Text_Without_Brackets_Has_An_Empty_Name_And_On
     request.Locations.resize(1);
     request.Locations[0].Text = "Hamburg";
 
-    const auto report = Build_Report(Shared, request);
+    const auto report = Build_Summary(Shared, request);
 
     ASSERT_TRUE(report);
     EXPECT_EQ(report->Location_Short, std::vector<std::string>{""});
-    EXPECT_EQ(Lines_With(Report_Text(*report), "(17/16)")[0], "          \t(17/16)\t45.0000     \t200.000     \t22.500");
+    EXPECT_EQ(Lines_With(Summary_Text(*report), "(17/16)")[0], "          \t(17/16)\t45.0000     \t200.000     \t22.500");
 }
 
 TEST_F(Summary_Report, A_Name_Below_Seven_Characters_Is_Padded_Only_To_Ten_More)
@@ -175,12 +175,12 @@ TEST_F(Summary_Report, A_Name_Below_Seven_Characters_Is_Padded_Only_To_Ten_More)
     request.Locations.resize(1);
     request.Locations[0].Text = "X (H) and more";
 
-    EXPECT_EQ(Lines_With(Report_Text(*Build_Report(Shared, request)), "(17/16)")[0], "X (H)          \t(17/16)\t45.0000     \t200.000     \t22.500");
+    EXPECT_EQ(Lines_With(Summary_Text(*Build_Summary(Shared, request)), "(17/16)")[0], "X (H)          \t(17/16)\t45.0000     \t200.000     \t22.500");
 }
 
 TEST(Gather_Percentiles, Only_The_Part_At_1_M_Is_Read)
 {
-    Report report;
+    Summary report;
     report.Substances.resize(3);
 
     Gather_Percentiles(report, 0, "Hamburg (H)",
@@ -196,7 +196,7 @@ TEST(Gather_Percentiles, Only_The_Part_At_1_M_Is_Read)
 TEST(Gather_Percentiles, The_Concentration_Is_Found_Behind_Positions_Of_One_Or_Two_Digits)
 {
     for (const std::string positions : {"4/5", "9/10", "10/9", "17/16"}) {
-        Report report;
+        Summary report;
         report.Substances.resize(1);
         Gather_Percentiles(report, 0, "Hamburg (H)", Percentile(positions, "0.123"));
 
@@ -207,7 +207,7 @@ TEST(Gather_Percentiles, The_Concentration_Is_Found_Behind_Positions_Of_One_Or_T
 
 TEST(Gather_Percentiles, More_Rows_Than_Substances_Are_Left_Out)
 {
-    Report report;
+    Summary report;
     report.Substances.resize(1);
 
     Gather_Percentiles(report, 0, "Hamburg (H)", Percentile("1/2", "1.000") + Percentile("3/4", "2.000"));

@@ -177,11 +177,11 @@ void Analyse::Echo_Click()
 
 void Analyse::Zusammenfassung_Click()
 {
-    Report_Request request{Shared.Program.Aktuelle_ORVEL_Version,
-                           Bytes_Of(Datum->text()),
-                           Bytes_Of(Pestizidverzeichnis->currentText()),
-                           Bytes_Of(Kulturverzeichnis->currentText()),
-                           {}};
+    Summary_Request request{Shared.Program.Aktuelle_ORVEL_Version,
+                            Bytes_Of(Datum->text()),
+                            Bytes_Of(Pestizidverzeichnis->currentText()),
+                            Bytes_Of(Kulturverzeichnis->currentText()),
+                            {}};
     for (int i = 0; i < Szenarioverzeichnis->count(); ++i)
         request.Locations.push_back({Bytes_Of(Szenarioverzeichnis->itemText(i)), Szenarioverzeichnis->itemData(i).toString().toStdString()});
     Zusammenfassung_orv(Shared, std::move(request), this).exec();

@@ -17,7 +17,7 @@ constexpr const char* To_Text = "Tablular output";
 
 } // namespace
 
-Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Report_Request request, QWidget* parent)
+Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request request, QWidget* parent)
     : Building_Form("Zusammenfassung_orv", parent),
       Shared(session),
       Request(std::move(request))
@@ -39,7 +39,7 @@ Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Report_Request reques
 
 void Zusammenfassung_orv::Build(const Progress& progress)
 {
-    Built_Report = Build_Report(Shared, Request, progress);
+    Built_Report = Build_Summary(Shared, Request, progress);
 }
 
 // A report that could not be built was told, and nothing of it is shown.
@@ -48,7 +48,7 @@ void Zusammenfassung_orv::Show_Built()
     Show_Page(Text_Page);
     S_Diagramm->setEnabled(Built_Report && !Built_Report->Substances.empty());
     if (Built_Report)
-        Ergebnis->setPlainText(Shown(Report_Text(*Built_Report)));
+        Ergebnis->setPlainText(Shown(Summary_Text(*Built_Report)));
 }
 
 // The caption names the view that a click leads to.

@@ -12,7 +12,7 @@ class Zusammenfassung_orv : public Building_Form {
     Q_OBJECT
 
 public:
-    Zusammenfassung_orv(Session& session, Report_Request request, QWidget* parent = nullptr);
+    Zusammenfassung_orv(Session& session, Summary_Request request, QWidget* parent = nullptr);
 
 protected:
     void Build(const Progress& progress) override;
@@ -27,8 +27,8 @@ private:
     void Print();
 
     Session& Shared;
-    const Report_Request Request;
-    std::optional<Report> Built_Report;
+    const Summary_Request Request;
+    std::optional<Summary> Built_Report;
     std::size_t Substance = 0;
     QPlainTextEdit* Ergebnis = nullptr;
     Chart_View* Diagramm = nullptr;
