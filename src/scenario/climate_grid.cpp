@@ -1,6 +1,5 @@
 #include "scenario/climate_grid.h"
 
-#include "core/grid_keys.h"
 #include "core/text.h"
 
 namespace {
@@ -23,31 +22,6 @@ void Store(Climate_Row& row, std::size_t column, const std::string& cell)
         row.*Climate_Columns[column - Climate_Grid::Text_Columns].Number = Val(cell);
     else
         row.*Texts[column] = column == Hour_Column ? cell : Two_Characters(cell);
-}
-
-std::vector<std::string_view> Cells_Of(std::string_view line)
-{
-    std::vector<std::string_view> cells;
-    while (true) {
-        const auto end = line.find('\t');
-        cells.push_back(Trim(line.substr(0, end)));
-        if (end == std::string_view::npos)
-            return cells;
-        line.remove_prefix(end + 1);
-    }
-}
-
-// What the characters of a text give as keys; nothing if one of them is no key of the grid.
-std::optional<std::string> Typed_In(std::string_view text)
-{
-    std::string cell;
-    for (const char typed : text) {
-        const auto action = Climate_Grid_Key(Key_Code(typed));
-        if (action.Does != Key_Action::Kind::Append)
-            return std::nullopt;
-        cell = After_Key(cell, action);
-    }
-    return cell;
 }
 
 } // namespace
@@ -97,39 +71,6 @@ std::string Climate_Heading(std::size_t column)
         return std::string(Text_Headings[column]);
     const auto& heading = Climate_Columns[column - Climate_Grid::Text_Columns];
     return std::string(heading.Heading) + "\n" + std::string(heading.Heading_Below);
-}
-
-void Press_Climate_Key(Session& session, Climate_Grid& grid, std::size_t row, std::size_t column, int code)
-{
-    const std::string before = grid.Cell(row, column);
-    const std::string after = After_Key(before, Climate_Grid_Key(code));
-    if (after == before)
-        return;
-    grid.Set_Cell(row, column, after);
-    session.Program.CLI_Changed = true;
-}
-
-std::optional<Message> Paste_Climate_Block(Session& session, Climate_Grid& grid, std::size_t row, std::size_t column, std::string_view block)
-{
-    const auto refuse = [](const std::string& why) { return Message{"Data Check", why + " Nothing was pasted."}; };
-    const auto lines = Split_Lines(block);
-    std::map<std::pair<std::size_t, std::size_t>, std::string> pasted;
-    for (std::size_t r = 0; r < lines.size(); ++r) {
-        const auto cells = Cells_Of(lines[r]);
-        if (row + r >= grid.Rows() || column + cells.size() > Climate_Grid::Columns)
-            return refuse("The block does not fit into the grid from this cell on.");
-        for (std::size_t c = 0; c < cells.size(); ++c) {
-            const auto cell = Typed_In(cells[c]);
-            if (!cell)
-                return refuse("\"" + std::string(cells[c]) + "\" is not a number.");
-            pasted[{row + r, column + c}] = *cell;
-        }
-    }
-    for (const auto& [place, cell] : pasted) {
-        session.Program.CLI_Changed |= cell != grid.Cell(place.first, place.second);
-        grid.Set_Cell(place.first, place.second, cell);
-    }
-    return std::nullopt;
 }
 
 void Take_Over_Climate(Session& session, const Climate_Grid& grid)

@@ -42,12 +42,5 @@ private:
 // The heading of a column in two lines.
 std::string Climate_Heading(std::size_t column);
 
-// A key on a cell. Only keys of the climate grid change it; a change sets CLI_Changed.
-void Press_Climate_Key(Session& session, Climate_Grid& grid, std::size_t row, std::size_t column, int code);
-
-// Puts a block of texts, columns parted by tabs and rows by line ends, over the cells from (row, column) on. A cell gets what its characters give as keys.
-// A block that does not fit, or has a character that no key gives, is refused as a whole: the message says why. A change sets CLI_Changed.
-std::optional<Message> Paste_Climate_Block(Session& session, Climate_Grid& grid, std::size_t row, std::size_t column, std::string_view block);
-
 // "Save": hands the grid's rows to the session, from where they are written.
 void Take_Over_Climate(Session& session, const Climate_Grid& grid);

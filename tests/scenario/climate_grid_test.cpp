@@ -13,12 +13,6 @@ Climate_Table Two_Days()
              {.Cli_Day = "02", .Cli_Month = "02", .Cli_Year = "81"}}};
 }
 
-void Type(Session& session, Climate_Grid& grid, std::size_t row, std::size_t column, std::initializer_list<int> codes)
-{
-    for (const int code : codes)
-        Press_Climate_Key(session, grid, row, column, code);
-}
-
 TEST(Climate_Editor, Rain_Shows_Two_Decimals_And_The_Other_Numbers_One)
 {
     const Climate_Grid grid(Two_Days());
@@ -66,43 +60,11 @@ TEST(Climate_Editor, A_Short_Line_And_Text_In_A_Number_Column_Are_Zeros)
     EXPECT_EQ(grid.Cell(1, Rain + 1), "1.50");
 }
 
-TEST(Climate_Editor, Keys_Edit_The_Text_Of_A_Cell_And_Mark_The_Climate_Changed)
-{
-    Session session;
-    Climate_Grid grid(Two_Days());
-
-    Type(session, grid, 0, Rain, {8, 8, 53, 50}); // "1.26": two back, then 52
-
-    EXPECT_EQ(grid.Cell(0, Rain), "1.52");
-    EXPECT_TRUE(session.Program.CLI_Changed);
-}
-
-TEST(Climate_Editor, A_Key_That_Changes_No_Cell_Leaves_The_Climate_Unchanged)
-{
-    Session session;
-    Climate_Grid grid(Two_Days());
-
-    Type(session, grid, 1, Hour, {8, 32, 65, 13}); // backspace on an empty cell, blank, A, return
-
-    EXPECT_EQ(grid.Cell(1, Hour), "");
-    EXPECT_FALSE(session.Program.CLI_Changed);
-}
-
-TEST(Climate_Editor, The_Comma_Key_Writes_A_Point_Into_A_Cell)
-{
-    Session session;
-    Climate_Grid grid(Two_Days());
-
-    Type(session, grid, 0, Hour, {188, 53});
-
-    EXPECT_EQ(grid.Cell(0, Hour), "12.5");
-}
-
 TEST(Climate_Editor, An_Unedited_Number_Is_Saved_As_It_Is_Shown_And_An_Edited_One_As_It_Was_Typed)
 {
     Session session;
     Climate_Grid grid(Two_Days());
-    Type(session, grid, 1, Rain, {8, 8, 8, 8, 50, 190, 49, 50, 53}); // 2.125
+    grid.Set_Cell(1, Rain, "2.125");
 
     Take_Over_Climate(session, grid);
 
@@ -114,11 +76,9 @@ TEST(Climate_Editor, An_Unedited_Number_Is_Saved_As_It_Is_Shown_And_An_Edited_On
 
 TEST(Climate_Editor, A_Slash_Cuts_The_Number_Where_It_Stands)
 {
-    Session session;
     Climate_Grid grid(Two_Days());
-    Type(session, grid, 1, Rain, {8, 8, 8, 8, 49, 47, 50}); // 1/2
+    grid.Set_Cell(1, Rain, "1/2");
 
-    EXPECT_EQ(grid.Cell(1, Rain), "1/2");
     EXPECT_EQ(grid.Table().Rows[1].Cli_Rain, 1);
 }
 

@@ -5,9 +5,10 @@
 #include <filesystem>
 #include <QDialog>
 
+class Byte_Edit;
 class Climate_Model;
+class Number_Grid;
 class QLineEdit;
-class QTableView;
 
 // The editor of the session's climate table. Its grid is what is saved.
 class Klima : public QDialog {
@@ -21,20 +22,16 @@ public:
 
     void done(int result) override;
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void Lay_Out();
     void Show_Cell();
     void Save();
     void Grafik_Click();
-    void Copy();
-    void Paste();
 
     Session& Shared;
     std::filesystem::path Directory;
     Climate_Model* Model = nullptr;
-    QTableView* Grid1 = nullptr;
-    QLineEdit *Text1 = nullptr, *Cli_Title = nullptr;
+    Number_Grid* Grid1 = nullptr;
+    QLineEdit* Text1 = nullptr;
+    Byte_Edit* Cli_Title = nullptr;
 };

@@ -199,9 +199,31 @@ TEST_F(Klima_Test, A_Block_That_Does_Not_Fit_Or_Is_No_Number_Is_Refused_As_A_Who
 
     ASSERT_EQ(The_User.Messages.size(), 2U);
     EXPECT_EQ(The_User.Messages[0].Text, "The block does not fit into the grid from this cell on. Nothing was pasted.");
-    EXPECT_EQ(The_User.Messages[1].Text, "\"warm\" is not a number. Nothing was pasted.");
+    EXPECT_EQ(The_User.Messages[1].Text, "\"warm\" cannot stand in this column. Nothing was pasted.");
     EXPECT_EQ(Cell(1, Rain), "0.00");
     EXPECT_FALSE(Shared.Program.CLI_Changed);
+}
+
+TEST_F(Klima_Test, A_Backspace_On_An_Empty_Cell_Changes_Nothing)
+{
+    Open();
+    Go_To(0, 3); // no hour
+
+    QTest::keyClick(Grid, Qt::Key_Backspace);
+
+    EXPECT_FALSE(Shared.Program.CLI_Changed);
+}
+
+TEST_F(Klima_Test, Undo_Takes_A_Cell_Back_And_The_File_Counts_As_Changed)
+{
+    Open();
+    Go_To(1, Rain);
+    QTest::keyClicks(Grid, "25");
+
+    QTest::keyClick(Grid, Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(Cell(1, Rain), "0.00");
+    EXPECT_TRUE(Shared.Program.CLI_Changed);
 }
 
 TEST_F(Klima_Test, The_Title_Is_Edited_And_Marks_The_File_Changed)
