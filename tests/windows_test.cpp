@@ -27,9 +27,14 @@
 #include "scenario/forms/klima.h"
 #include "scenario/forms/klimagrafik.h"
 #include "scenario/forms/szenario.h"
+#include "substance/forms/deg_dat.h"
 #include "substance/forms/form_psm_1.h"
 #include "substance/forms/form_psm_open.h"
 #include "substance/forms/form_saving.h"
+#include "substance/forms/kin_sorption.h"
+#include "substance/forms/koc_ph.h"
+#include "substance/forms/plant_app.h"
+#include "substance/pesticide_editor.h"
 #include "temporary_directory.h"
 #include "window_test.h"
 
@@ -56,6 +61,14 @@ struct Opened_Window {
 template <class Window, class... Rest> Opened_Window Plain(const QString& name, Rest... rest)
 {
     return {name, [=](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Window>(session, rest...); }};
+}
+
+Opened_Window Plain_Transformation(const QString& name, int t)
+{
+    return {name, [t](Session& session) -> std::unique_ptr<QWidget> {
+                Open_Transformation(session, t);
+                return std::make_unique<deg_dat>(session);
+            }};
 }
 
 class Windows_Test : public Window_Test {
@@ -117,6 +130,7 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<PECsoil>("pecsoil", Run(), 5),
         Plain<Zusammenfassung_orv>("zusammenfassung", Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}}),
         Plain<inout_sel>("inout_sel"),
+        {"form_filetext", [echo](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Form_filetext>(session, Run() / "echo.orv", echo); }},
         {"echo_orv", [echo](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Echo_ORV>(echo); }},
         {"jahresbilanz",
          [](Session& session) -> std::unique_ptr<QWidget> {
@@ -129,6 +143,11 @@ std::vector<Opened_Window> Windows_Test::All() const
                                                                            .Request = {.Variable = 3, .Cumulative = true, .From = {1, 1}, .To = {12, 3}}}),
         Plain<Form_PSM_Open>("form_psm_open", Installation()),
         Plain<Form_PSM_1>("form_psm_1", Installation()),
+        Plain_Transformation("deg_dat_active_substance", 1),
+        Plain_Transformation("deg_dat_metabolite", 6),
+        Plain<KOC_PH>("koc_ph", 1, "120"),
+        Plain<kin_Sorption>("kin_sorption", 1),
+        Plain<Plant_App>("plant_app", Application_Method::Exponential),
         Plain<Form_Saving>("form_saving", Document_Kind::Pesticide, Installation()),
         Plain<Szenario>("szenario", Installation() / "focus"),
         Plain<Klima>("klima", Installation() / "focus"),

@@ -19,3 +19,16 @@ std::optional<std::string> Shown_Whole(const Session& session, const std::filesy
 
 // The whole echo of the input of a run. Nothing: it cannot be read, and the user has been told.
 std::optional<std::string> Shown_Echo(const Session& session, const std::filesystem::path& run_directory);
+
+// Whether a text that is shown is that of the whole file but for the ends of its lines: only then may an edited text take the file's place.
+bool Is_Shown_As_It_Is(std::string_view text, const std::filesystem::path& file);
+
+// Writes a text that was edited in a window, lines ending in CR LF, the last one too. A file that is no longer as it was shown is replaced only if the
+// user says so. false: nothing was written, and the user has been told or asked.
+bool Save_Shown(const Session& session, const std::filesystem::path& file, std::string_view was_shown, std::string_view edited);
+
+// The same to another place, where the dialog has asked before it replaces.
+bool Save_Shown_As(const Session& session, const std::filesystem::path& file, std::string_view edited);
+
+// Asks before an edited text is given up; true: the window may close.
+bool May_Give_Up_Text(const Session& session);

@@ -1,9 +1,11 @@
 #include "results/forms/text_viewer.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/forms/text_output.h"
 #include "core/forms/widgets.h"
 #include "core/text.h"
+#include "results/shown_file.h"
 
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -71,20 +73,93 @@ Fehler_in_Simulation::Fehler_in_Simulation(std::string_view echo, QWidget* paren
         Go_To_End();
 }
 
-Form_filetext::Form_filetext(const Session& session, const std::filesystem::path& file, std::string_view text, QWidget* parent)
-    : Text_Viewer("Form_filetext", QString::fromStdString(file.filename().string()), text, parent)
+Form_filetext::Form_filetext(const Session& session, std::filesystem::path file, std::string text, QWidget* parent)
+    : Text_Viewer("Form_filetext", "", text, parent),
+      Shared(session),
+      File(std::move(file)),
+      Stands_There(std::move(text))
 {
     Add_Copy_And_Print();
-    Add_Button("Save_As", "Save &as", [this, &session, file] { Save_As(session, file); });
+    Add_Button("Save", "&Save", [this] { Save(); });
+    Add_Button("Save_As", "Save &as", [this] { Save_As(); });
     Add_Done("Done", "&Done");
+    if (Is_Shown_As_It_Is(Stands_There, File) && Bytes() == Stands_There)
+        Make_Editable();
+    Show_State();
 }
 
-// The whole file goes to the other place, also where only its first part is shown.
-void Form_filetext::Save_As(const Session& session, const std::filesystem::path& file)
+void Form_filetext::Make_Editable()
+{
+    Text().setReadOnly(false);
+    Text().setTextInteractionFlags(Qt::TextEditorInteraction);
+    findChild<QPushButton*>("Done")->setDefault(false); // the return key writes a line
+    connect(Text().document(), &QTextDocument::modificationChanged, this, &Form_filetext::Show_State);
+}
+
+void Form_filetext::Show_State()
+{
+    const bool edited = Text().document()->isModified();
+    setWindowTitle(QString::fromStdString(File.filename().string()) + "[*]");
+    setWindowModified(edited);
+    auto* save = findChild<QPushButton*>("Save");
+    save->setEnabled(edited);
+    save->setToolTip(Text().isReadOnly() ? "Only a part of the file, or its text with other letters, is shown: it can be copied but not edited." : "");
+}
+
+// Nothing where the code page lacks a character: it is selected, and the user is told.
+std::optional<std::string> Form_filetext::Bytes()
+{
+    const QString shown = Text().toPlainText();
+    if (auto bytes = From_Utf8(shown.toStdString()))
+        return Replace_All(std::move(*bytes), "\n", CrLf);
+    qsizetype at = 0;
+    while (From_Utf8(shown.first(at + 1).toStdString()))
+        ++at;
+    QTextCursor cursor(Text().document());
+    cursor.setPosition(static_cast<int>(at));
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    Text().setTextCursor(cursor);
+    Text().ensureCursorVisible();
+    Shared.Ask({"Saving Input File", "The file cannot hold the character that is marked."});
+    return std::nullopt;
+}
+
+void Form_filetext::Save()
+{
+    auto bytes = Bytes();
+    if (bytes && Save_Shown(Shared, File, Stands_There, *bytes))
+        Saved(std::move(*bytes));
+}
+
+// Of a file that is not edited all goes to the other place, also where only its first part is shown.
+void Form_filetext::Save_As()
 try {
-    const QString target = QFileDialog::getSaveFileName(this, "Save as", QString::fromStdString(file.string()));
-    if (!target.isEmpty() && std::filesystem::path(target.toStdString()) != file)
-        Copy_Whole(file, target.toStdString());
+    const QString chosen = QFileDialog::getSaveFileName(this, "Save as", QString::fromStdString(File.string()));
+    const std::filesystem::path target = chosen.toStdString();
+    if (target.empty())
+        return;
+    if (target == File)
+        return Save();
+    if (!Text().document()->isModified())
+        return Copy_Whole(File, target);
+    auto bytes = Bytes();
+    if (!bytes || !Save_Shown_As(Shared, target, *bytes))
+        return;
+    File = target;
+    Saved(std::move(*bytes));
 } catch (const File_Error& error) {
-    session.Ask({"Saving Input File", Bytes_Of(QString::fromUtf8(error.what()))});
+    Shared.Ask({"Saving Input File", Bytes_Of(QString::fromUtf8(error.what()))});
+}
+
+void Form_filetext::Saved(std::string bytes)
+{
+    Stands_There = std::move(bytes);
+    Text().document()->setModified(false);
+    Show_State();
+}
+
+void Form_filetext::done(int result)
+{
+    if (!Text().document()->isModified() || May_Give_Up_Text(Shared))
+        Text_Viewer::done(result);
 }

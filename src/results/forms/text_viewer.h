@@ -3,7 +3,9 @@
 #include "core/session.h"
 
 #include <filesystem>
+#include <optional>
 #include <QDialog>
+#include <string>
 
 class QHBoxLayout;
 class QPlainTextEdit;
@@ -22,6 +24,7 @@ protected:
     template <class Handler> void Add_Button(const QString& name, const QString& caption, Handler handler);
     void Add_Copy_And_Print();
     void Add_Done(const QString& name, const QString& caption); // the last one
+    QPlainTextEdit& Text() const { return *Ergebnis; }
 
 private:
     QPlainTextEdit* Ergebnis = nullptr;
@@ -40,11 +43,22 @@ public:
     explicit Fehler_in_Simulation(std::string_view echo, QWidget* parent = nullptr);
 };
 
-// Any input or output file; `text` is what is shown of it.
+// Any input or output file; `text` is what is shown of it. What is shown as it stands in the file can be edited and saved.
 class Form_filetext : public Text_Viewer {
 public:
-    Form_filetext(const Session& session, const std::filesystem::path& file, std::string_view text, QWidget* parent = nullptr);
+    Form_filetext(const Session& session, std::filesystem::path file, std::string text, QWidget* parent = nullptr);
+
+    void done(int result) override; // asks before an edited text is given up
 
 private:
-    void Save_As(const Session& session, const std::filesystem::path& file);
+    void Make_Editable();
+    std::optional<std::string> Bytes();
+    void Save();
+    void Save_As();
+    void Saved(std::string bytes);
+    void Show_State();
+
+    const Session& Shared;
+    std::filesystem::path File;
+    std::string Stands_There; // in the file, as far as this window knows
 };

@@ -9,6 +9,12 @@
 #include <QLabel>
 #include <QRadioButton>
 
+namespace {
+
+constexpr int Converted_Digits = 20; // of a quotient in full
+
+} // namespace
+
 kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent) : QDialog(parent), Shared(session), Substance(i)
 {
     setObjectName("kin_Sorption");
@@ -35,8 +41,10 @@ void kin_Sorption::Lay_Out()
     grid->addWidget(s_kdes = Named(new Number_Edit, "s_kdes"), 3, 1);
     Bezeichnung_Anteil->setBuddy(s_f_neq);
     Bezeichnung_Sorptionsrate->setBuddy(s_kdes);
-    s_f_neq->installEventFilter(this);
-    s_kdes->installEventFilter(this);
+    for (auto* field : {s_f_neq, s_kdes}) {
+        field->setMinimumWidth(fontMetrics().horizontalAdvance(u'0') * Converted_Digits);
+        field->installEventFilter(this);
+    }
 
     auto* all = new QVBoxLayout(this);
     all->addLayout(grid);
@@ -61,6 +69,8 @@ void kin_Sorption::Show_Entry(const Kinetic_Entry& entry)
     kin_Modell[static_cast<std::size_t>(Model)]->setChecked(true);
     s_f_neq->setText(Shown(entry.s_f_neq));
     s_kdes->setText(Shown(entry.s_kdes));
+    for (auto* field : {s_f_neq, s_kdes})
+        field->setCursorPosition(0); // the begin of a long quotient counts
 }
 
 void kin_Sorption::Choose(Kinetic_Model model)
