@@ -146,10 +146,10 @@ double Val(std::string_view text)
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // The sign of the exponent tells an overflow from an underflow; a number without one can only be too large.
+        // The sign of an exponent tells an overflow from an underflow; a number without one is tiny only if it begins with the point.
         const std::string_view number(text.data(), static_cast<std::size_t>(result.ptr - text.data()));
         const auto e = number.find_first_of("eE");
-        const bool tiny = (e != std::string_view::npos && e + 1 < number.size() && number[e + 1] == '-') || number[0] == '.' || number.starts_with("0.");
+        const bool tiny = e != std::string_view::npos ? number[e + 1] == '-' : number.find_first_not_of('0') == number.find('.');
         value = tiny ? 0 : std::numeric_limits<double>::max();
     }
     return negative && value != 0 ? -value : value;

@@ -50,6 +50,9 @@ TEST(Val, Stays_Finite_Beyond_The_Range_Of_A_Double)
     EXPECT_EQ(Val("-1E999"), -std::numeric_limits<double>::max());
     EXPECT_EQ(Val("1E-999"), 0);
     EXPECT_EQ(Val("0.5E-999"), 0);
+    EXPECT_EQ(Val("0.5E999"), std::numeric_limits<double>::max());
+    EXPECT_EQ(Val("00." + std::string(400, '0') + "1"), 0);
+    EXPECT_EQ(Val(std::string(400, '9') + ".5"), std::numeric_limits<double>::max());
 }
 
 TEST(General_Text, Holds_At_Most_Fifteen_Significant_Digits)
