@@ -125,11 +125,18 @@ try {
     std::error_code ignored;
     fs::remove(Batch_File(session, mode), ignored);
     session.Run.Job_Dir.clear();
-    session.Run.Run_Pending_Flag = false;
     return {Start_Result::Started, process};
 } catch (const File_Error& error) {
     Tell(session, Shown(error.what()));
     return {Start_Result::Failed};
+}
+
+Started_Job Run_Batch(Session& session, const Mode& mode, const Run_Choice& choice, int jobs, const fs::path& runner)
+{
+    session.Run.Run_Pending_Flag = false;
+    if (!Batch_Pending(session, mode) && Mark_For_Batch(session, mode, choice) != Mark_Result::Marked)
+        return {Start_Result::Nothing_Pending};
+    return Start_Batch(session, mode, jobs, runner);
 }
 
 std::optional<int> Job_Exit_Code(int process)

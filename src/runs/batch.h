@@ -47,10 +47,13 @@ struct Started_Job {
     int Process = 0; // for Job_Exit_Code
 };
 
-// Run: makes the pending batch the job file and starts the job, which outlives this program. `jobs` runs at a time, 0: one per processor.
+// Makes the pending batch the job file and starts the job, which outlives this program. `jobs` runs at a time, 0: one per processor.
 // Whatever is not Started has been told.
 // `runner` is the job runner; without one it is the program orveljob beside the running one.
 Started_Job Start_Batch(Session& session, const Mode& mode, int jobs = 0, const std::filesystem::path& runner = {});
+
+// Run: starts the pending batch; where none is pending, the choice alone is marked before.
+Started_Job Run_Batch(Session& session, const Mode& mode, const Run_Choice& choice, int jobs = 0, const std::filesystem::path& runner = {});
 
 // Whether a job of this program has ended, and how; does not wait. Nothing while it runs.
 std::optional<int> Job_Exit_Code(int process);

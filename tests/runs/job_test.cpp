@@ -310,6 +310,45 @@ TEST_F(Job_Test, A_Started_Job_Makes_The_Batch_Its_File_Outlives_The_Caller_And_
     EXPECT_EQ(Simulation_List(*other, Focus()).at(0).Status, Run_Status::Data_Available);
 }
 
+TEST_F(Job_Test, Run_With_Nothing_Marked_Runs_The_Selected_Combination_Alone)
+{
+    const auto started = Run_Batch(Shared, Focus(), Maize_At_Hamburg(), 1, ORVELJOB);
+
+    ASSERT_EQ(started.Result, Start_Result::Started);
+    EXPECT_TRUE(Soon([&] { return Job_Exit_Code(started.Process).has_value(); }));
+    EXPECT_EQ(Read_Whole(Home / "focus" / "orveljob.bat"), "echo off\r\n"
+                                                           "cd test.run\\Maize.run\\Hamburg_-_(H).run\r\n"
+                                                           "if exist *.orv del *.orv\r\n"
+                                                           "orvel401.exe\r\n"
+                                                           "if exist orvel401.exe del orvel401.exe\r\n");
+}
+
+TEST_F(Job_Test, Run_With_A_Batch_Leaves_The_Selected_Combination_Out)
+{
+    auto choice = Maize_At_Hamburg();
+    Scenario(Home / "focus" / "C_maize.sze");
+    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    choice.Location = "Ch\xE2teaudun (C), irrigated";
+
+    const auto started = Run_Batch(Shared, Focus(), choice, 1, ORVELJOB);
+
+    ASSERT_EQ(started.Result, Start_Result::Started);
+    EXPECT_TRUE(Soon([&] { return Job_Exit_Code(started.Process).has_value(); }));
+    EXPECT_EQ(Parse_Job(Read_Whole(Home / "focus" / "orveljob.bat")).size(), 1u);
+    EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(Job_Test, Run_With_A_Combination_That_Is_Refused_Starts_Nothing)
+{
+    auto choice = Maize_At_Hamburg();
+    std::filesystem::remove(Home / "Haude.dat");
+
+    EXPECT_EQ(Run_Batch(Shared, Focus(), choice, 1, ORVELJOB).Result, Start_Result::Nothing_Pending);
+
+    EXPECT_EQ(The_User.Messages.size(), 1u);
+    EXPECT_FALSE(fs::exists(Home / "focus" / "orveljob.bat"));
+}
+
 TEST_F(Job_Test, An_Engine_That_Outlives_Its_Job_Still_Counts_As_Running)
 {
     Engine("echo > echo.orv; while [ ! -e ../../../go ]; do sleep 0.02; done");

@@ -196,9 +196,7 @@ void FOCUS::Mark_All_Locations()
 void FOCUS::Run()
 {
     Timer1.stop();
-    Shared.Run.Run_Pending_Flag = false;
-    const bool pending = Batch_Pending(Shared, The_Mode) || Mark_For_Batch(Shared, The_Mode, Choice()) == Mark_Result::Marked;
-    const bool started = pending && Start_Batch(Shared, The_Mode).Result == Start_Result::Started;
+    const bool started = Run_Batch(Shared, The_Mode, Choice()).Result == Start_Result::Started;
     Show_Job(started);
     Timer1.start(started ? Interval_At_Start : Tick_Interval);
 }
