@@ -165,17 +165,24 @@ QLayout* Start::Foot()
 void Start::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    QTimer::singleShot(0, this, &Start::First_Activate); // behind the first paint
+    QTimer::singleShot(0, this, &Start::Activate); // behind the first paint
 }
 
-// Makes the shipped scenario and climate files read-only once; the files themselves tell whether that was done.
-void Start::First_Activate()
+void Start::changeEvent(QEvent* event)
 {
-    if (Files_Protected(Shared))
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        QTimer::singleShot(0, this, &Start::Activate);
+}
+
+// Makes the shipped scenario and climate files read-only; a file itself tells whether that was done.
+void Start::Activate()
+{
+    if (Protected_In_Vain || Files_Protected(Shared))
         return;
     const Hourglass waiting;
     Nachricht->show();
-    Protect_Files(Shared, [](int, int) { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });
+    Protected_In_Vain = !Protect_Files(Shared, [](int, int) { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }) || !Files_Protected(Shared);
     Nachricht->hide();
 }
 

@@ -22,6 +22,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -32,7 +33,7 @@ private:
     QLayout* Documents();
     QLayout* Foot();
     QLabel* Version_Label(const QString& name, const std::string& caption);
-    void First_Activate();
+    void Activate();
     void Open_Pesticide();
     void Open_Scenario();
     void Open_Climate();
@@ -50,4 +51,5 @@ private:
     QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command6 = nullptr, *Command3 = nullptr, *Command4 = nullptr;
     QLabel *Aktuelle_ORVEL_Version = nullptr, *Aktuelle_ORVELSUITE_Version = nullptr;
     QGroupBox* Nachricht = nullptr;
+    bool Protected_In_Vain = false; // once is enough: the user knows
 };

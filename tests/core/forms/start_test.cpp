@@ -59,6 +59,20 @@ TEST_F(Start_Test, Protects_The_Shipped_Files_Behind_The_First_Paint)
     EXPECT_FALSE(Find<QGroupBox>(*Form, "Nachricht")->isVisible());
 }
 
+TEST_F(Start_Test, Protects_The_Shipped_Files_Again_When_It_Comes_To_The_Front)
+{
+    Open();
+    Set_Read_Only(Place / "focus" / "c_apples.sze", false);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+
+    Form->activateWindow();
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Is_Read_Only(Place / "focus" / "c_apples.sze"); }));
+}
+
 TEST_F(Start_Test, Tells_That_The_Data_Of_A_Soil_Mode_Are_Not_Installed)
 {
     Open();
