@@ -5,6 +5,7 @@
 #include "core/output_variables.h"
 #include "core/text.h"
 #include "files/pesticide_file.h"
+#include "runs/output_selection.h"
 
 #include <algorithm>
 #include <memory>
@@ -14,7 +15,6 @@ namespace {
 constexpr std::size_t Years_Width = 3;
 constexpr std::size_t Substance_First = 33, Substance_Width = 8;
 constexpr std::size_t Shown_Name = 15; // characters of a substance's name
-constexpr int First_Of_Substances = 8; // the variables from here on belong to a substance
 
 // The limits of the four layers were never filled in; their items stand as they come out.
 constexpr std::string_view Fixed_Texts[] = {"Actual evapotranspiration",
@@ -44,18 +44,12 @@ constexpr std::string_view Fixed_Texts[] = {"Actual evapotranspiration",
                                             "Pesticide concentration in leachate (1 m depth)",
                                             "Pesticide concentration in leachate (soil bottom)"};
 
-// Whether a variable's series belongs to no depth.
-bool Is_Without_Depth(int variable)
-{
-    return variable <= 2 || variable == 4 || variable == 5 || (variable >= 8 && variable <= 13) || variable == 21 || variable == 22;
-}
-
 std::string Item_Text(const Plot_Column& column, int variable, std::string_view substance)
 {
     std::string text(Output_Variables[static_cast<std::size_t>(variable)].Out_Label);
-    if (!Is_Without_Depth(variable))
+    if (Depth_Visible(variable))
         text += " at " + General_Text(column.Plot_Depth) + " cm ";
-    if (variable >= First_Of_Substances)
+    if (Substance_Visible(variable))
         text += " for " + std::string(Columns(substance, 1, Shown_Name));
     return text;
 }

@@ -13,6 +13,6 @@ Output_Selection Recommended_Output();
 // The option that a selection shows as: Recommended only for the whole table, Minimum for any selection whose first slot is the leachate at 1 m.
 Output_Option Option_Of_Output(const Output_Selection& output);
 
-// Whether a row with this variable, 0 to 28, shows its substance and its depth.
+// Whether a variable, 0 to 28, belongs to a substance and to a depth, so that a row with it shows them.
 bool Substance_Visible(int variable);
 bool Depth_Visible(int variable);

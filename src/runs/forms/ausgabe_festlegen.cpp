@@ -37,12 +37,11 @@ QStringList Parameters()
     return items;
 }
 
-QStringList Depths()
+// The depth is the index of its entry. A deeper one of a run control file is kept, and so has an entry too.
+void Add_Depths(QComboBox& combo, int deepest)
 {
-    QStringList items;
-    for (int depth = 0; depth <= Deepest; ++depth)
-        items << QString::number(depth);
-    return items;
+    for (int depth = combo.count(); depth <= deepest; ++depth)
+        combo.addItem(QString::number(depth));
 }
 
 // A hidden control keeps its place, so that the rows do not jump.
@@ -95,7 +94,8 @@ void Ausgabe_festlegen::Lay_Out_Row(QGridLayout& rows, int i)
     Row& row = Rows[static_cast<std::size_t>(i)];
     row.Parameter = Combo(QString("Parameter_%1").arg(i), "Series " + number, Parameters(), 34);
     row.Label1 = Named(new QLabel("at"), QString("Label1_%1").arg(i));
-    row.Tiefe = Combo(QString("Tiefe_%1").arg(i), "Depth of series " + number + " (cm)", Depths(), 4);
+    row.Tiefe = Combo(QString("Tiefe_%1").arg(i), "Depth of series " + number + " (cm)", {}, 4);
+    Add_Depths(*row.Tiefe, Deepest);
     row.Unit = new QLabel("cm");
     row.Label2 = Named(new QLabel("for"), QString("Label2_%1").arg(i));
     QStringList substances;
@@ -116,6 +116,7 @@ void Ausgabe_festlegen::Load()
 {
     for (std::size_t i = 0; i < Rows.size(); ++i) {
         Rows[i].Parameter->setCurrentIndex(Selection[i].Out_Var);
+        Add_Depths(*Rows[i].Tiefe, Selection[i].Out_Depth);
         Rows[i].Tiefe->setCurrentIndex(Selection[i].Out_Depth);
         Rows[i].Substanz->setCurrentIndex(Selection[i].Out_Depth2);
         Show_What_Applies(Rows[i]);

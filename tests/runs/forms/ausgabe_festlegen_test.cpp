@@ -70,6 +70,17 @@ TEST_F(Ausgabe_festlegen_Test, Done_Takes_All_Rows_Over_With_Their_Gaps)
     EXPECT_FALSE(Form->isVisible());
 }
 
+TEST_F(Ausgabe_festlegen_Test, Offers_Depths_To_200_And_Keeps_A_Deeper_One_Of_A_Run_Control_File)
+{
+    EXPECT_EQ(Find<QComboBox>(*Form, "Tiefe_0")->count(), 201);
+    Shared.Output[14].Out_Depth = 250;
+    Form = std::make_unique<Ausgabe_festlegen>(Shared.Output);
+
+    Click<QPushButton>(*Form, "OK");
+
+    EXPECT_EQ(Shared.Output[14], (Output_Slot{23, 250, 0}));
+}
+
 TEST_F(Ausgabe_festlegen_Test, Cancel_Leaves_The_Slots_As_They_Were)
 {
     Choose("Parameter_0", 5);

@@ -244,6 +244,18 @@ TEST_F(FOCUS_Test, Starts_With_The_Users_Own_Output_And_Takes_The_Choice_Over)
     EXPECT_EQ(Shared.Output[1], Output_Slot());
 }
 
+TEST_F(FOCUS_Test, Cancel_In_The_Output_Dialog_Keeps_The_Slots_And_Goes_Back_To_Their_Option)
+{
+    Open();
+    Choose_Option(*Form, "Ausgabe_0");
+    In_Modal([](QWidget& dialog) { Click<QPushButton>(dialog, "Abbrechen"); });
+
+    Choose_Option(*Form, "Ausgabe_2");
+
+    EXPECT_EQ(Shared.Output[0], (Output_Slot{23, 100, 0}));
+    EXPECT_TRUE(Find<QRadioButton>(*Form, "Ausgabe_0")->isChecked());
+}
+
 TEST_F(FOCUS_Test, Restores_The_Last_Selection_When_It_Opens_Again)
 {
     Place.Put_Pesticide("another.psm", {"H"});
