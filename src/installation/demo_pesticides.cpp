@@ -99,7 +99,7 @@ Pesticide_Document Document_Of(const Row& row, const std::vector<Row>& substance
     Pesticide_Document document;
     Reset_PSM(document);
     const std::string& letter = row.at(1);
-    document.PSM_Title = "Demonstration substance " + letter + ", not a product";
+    document.PSM_Title = "Demonstration substance " + letter + ", not a product - " + std::string(Title_Warning);
     document.Substance_Name[1] = "Demo substance " + letter;
     Set_Substance(document, 1, Substance_Row(substances, letter));
     Set_Volatilisation(document, Substance_Row(substances, letter));

@@ -124,7 +124,7 @@ Scenario_Document Demo_Scenario_Document(const Demo_Site& site, const Demo_Crop&
     Scenario_Document document;
     Reset_SZE(document);
     // Characters 4 and 5 are the scenario version, which the start form shows.
-    document.SZE_Title = "DEM 1 " + site.Name + " - " + crop.Data.DB_Crop_Name + " - demonstration data, not for regulatory use";
+    document.SZE_Title = "DEM 1 " + site.Name + " - " + crop.Data.DB_Crop_Name + " - " + std::string(Title_Warning);
     document.SZE_ET_Method = 0;
     document.SZE_ET_Depth = 10;
     document.SZE_First_Crop = crop.Data.Defaults.SZE_Rot_Crop_No;

@@ -6,9 +6,13 @@
 #include <array>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // The demonstration data as the plain files of installation/ hold them.
+
+// The title of every file says it.
+constexpr std::string_view Title_Warning = "demonstration data, not for regulatory use";
 
 // A location or soil zone.
 struct Demo_Site {

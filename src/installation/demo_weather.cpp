@@ -170,7 +170,7 @@ std::vector<std::string> Format_Weather(const Demo_Site& site, const std::vector
     std::vector<std::string> files;
     for (const auto& day : days) {
         if (static_cast<std::size_t>(day.Year) > files.size())
-            files.push_back("DEM " + site.Name + " year " + General_Text(day.Year) + ", generated weather, not for regulatory use\r\n");
+            files.push_back("DEM " + site.Name + " year " + General_Text(day.Year) + ", generated weather, " + std::string(Title_Warning) + "\r\n");
         files.back() += Format_Day(day);
     }
     return files;

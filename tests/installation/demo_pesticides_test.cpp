@@ -60,8 +60,8 @@ TEST(Demo_Pesticide_Files, Are_Read_Back_As_They_Were_Meant)
 
 TEST(Demo_Pesticide_Files, Say_That_They_Are_No_Products)
 {
-    EXPECT_EQ(Document("demo_A.psm").PSM_Title, "Demonstration substance A, not a product");
-    EXPECT_EQ(Document("demo_D3.psm").PSM_Title, "Demonstration substance D, not a product");
+    EXPECT_EQ(Document("demo_A.psm").PSM_Title, "Demonstration substance A, not a product - demonstration data, not for regulatory use");
+    EXPECT_EQ(Document("demo_D3.psm").PSM_Title, "Demonstration substance D, not a product - demonstration data, not for regulatory use");
 }
 
 TEST(Demo_Pesticide_Files, Rates_Are_Those_Of_The_Half_Lives)

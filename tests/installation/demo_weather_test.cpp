@@ -126,7 +126,7 @@ TEST(Weather_Files, Hamburg_Begins_With_These_Rows)
     const auto files = Format_Weather(Site("H"), Weather("H", 1));
 
     ASSERT_EQ(files.size(), 1U);
-    EXPECT_TRUE(files[0].starts_with("DEM Hamburg year 1, generated weather, not for regulatory use\r\n"
+    EXPECT_TRUE(files[0].starts_with("DEM Hamburg year 1, generated weather, demonstration data, not for regulatory use\r\n"
                                      " 0101010.000     0.029     5.3       2.1       7.5       58.9      2477      \r\n"
                                      " 0201010.000     0.025     5.0       2.9       5.1       69.9      2063      \r\n"
                                      " 0301010.000     0.029     7.8       5.6       5.4       69.2      2139      \r\n"))
@@ -163,7 +163,8 @@ TEST(Weather_Files, Every_Fourth_Year_Has_A_29_February)
 
 TEST(Weather_Files, Titles_Keep_The_Accents_Of_The_Names)
 {
-    EXPECT_TRUE(Format_Weather(Site("K"), Weather("K", 1))[0].starts_with("DEM Kremsm\xFCnster year 1, generated weather, not for regulatory use\r\n"));
+    EXPECT_TRUE(Format_Weather(Site("K"), Weather("K", 1))[0].starts_with(
+        "DEM Kremsm\xFCnster year 1, generated weather, demonstration data, not for regulatory use\r\n"));
 }
 
 TEST(Weather_Files, Rows_Are_Read_Back_With_The_Numbers_That_Were_Printed)

@@ -56,7 +56,7 @@ void Expect_Warnings(const fs::path& directory)
     for (const auto* const mask : {"*.sze", "*.cli"}) {
         for (const auto& name : List_Files(directory, mask)) {
             const std::string bytes = Read_Whole(directory / name);
-            EXPECT_TRUE(Contains(Lines(bytes).at(0), "not for regulatory use")) << name;
+            EXPECT_TRUE(Contains(Lines(bytes).at(0), "demonstration data, not for regulatory use")) << name;
             EXPECT_TRUE(bytes.ends_with("\r\n")) << name;
         }
     }
@@ -85,7 +85,7 @@ TEST(Laying_Out, Takes_Less_Than_Ten_Seconds_For_All_Scenarios_And_66_Years_Of_W
     EXPECT_EQ(List_Files(directory / "EFSA", "*.sze").size(), 144U);
     EXPECT_EQ(List_Files(directory / "EFSA_T4", "*.sze").size(), 269U);
     EXPECT_EQ(Read_Whole(directory / "focus" / "S_66.cli"), Read_Whole(directory / "EFSA_T4" / "S_66.cli"));
-    const std::string title = "DEM Hamburg year 1, generated weather, not for regulatory use\r\n";
+    const std::string title = "DEM Hamburg year 1, generated weather, demonstration data, not for regulatory use\r\n";
     EXPECT_EQ(fs::file_size(directory / "focus" / "H_01.cli"), title.size() + 365 * (77 + 2));
     for (const auto* const mode : {"focus", "EFSA", "EFSA_T4"})
         Expect_Warnings(directory / mode);
