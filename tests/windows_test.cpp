@@ -28,6 +28,7 @@
 #include "scenario/forms/klimagrafik.h"
 #include "scenario/forms/szenario.h"
 #include "substance/forms/deg_dat.h"
+#include "substance/forms/form_met.h"
 #include "substance/forms/form_psm_1.h"
 #include "substance/forms/form_psm_open.h"
 #include "substance/forms/form_saving.h"
@@ -148,6 +149,11 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<KOC_PH>("koc_ph", 1, "120"),
         Plain<kin_Sorption>("kin_sorption", 1),
         Plain<Plant_App>("plant_app", Application_Method::Exponential),
+        {"form_met",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Program.Substance_Index = 2;
+             return std::make_unique<Form_MET>(session);
+         }},
         Plain<Form_Saving>("form_saving", Document_Kind::Pesticide, Installation()),
         Plain<Szenario>("szenario", Installation() / "focus"),
         Plain<Klima>("klima", Installation() / "focus"),

@@ -82,6 +82,13 @@ Button Ask_In_Box(const Message& message)
     return message.Buttons.back(); // closed without a button: the one that changes nothing stands last
 }
 
+void Show_Refusal(const Ask_Function& ask, const QWidget& window, const Refusal& refusal)
+{
+    ask(refusal.Text);
+    if (auto* control = window.findChild<QWidget*>(Shown(refusal.Control)))
+        control->setFocus();
+}
+
 QFont Fixed_Pitch_Font()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);

@@ -36,6 +36,9 @@ std::string Bytes_Of(const QString& text);
 // Shows a message as a modal box over the active window and returns the button pressed.
 Button Ask_In_Box(const Message& message);
 
+// Tells what is wrong with an entry and goes back to its control.
+void Show_Refusal(const Ask_Function& ask, const QWidget& window, const Refusal& refusal);
+
 // A fixed-pitch font of the system in the size of the window's font.
 QFont Fixed_Pitch_Font();
 

@@ -3,6 +3,7 @@
 #include "core/forms/widgets.h"
 #include "substance/documents.h"
 #include "substance/forms/deg_dat.h"
+#include "substance/forms/form_met.h"
 #include "substance/forms/form_saving.h"
 #include "substance/forms/pathway_view.h"
 #include "substance/pathway_picture.h"
@@ -77,8 +78,10 @@ void Form_PSM_1::Edit_Substance(int i)
     if (i == 1) {
         Open_Active_Substance(Shared);
         Tell_Missing(Shared, "The form of the active substance");
-    } else if (Open_Metabolite(Shared, i)) {
-        Tell_Missing(Shared, "The form of a metabolite");
+    } else if (Open_Metabolite(Shared, i) && Form_MET(Shared, this).exec() == Accepted) {
+        for (int met = 2; met <= Substances; ++met)
+            Captions[static_cast<std::size_t>(met)] = Box_Caption(Shared.Pesticide, met);
+        Show_Scheme();
     }
 }
 

@@ -99,6 +99,39 @@ TEST_F(Form_PSM_1_Test, A_Click_On_An_Absent_Metabolite_Does_Nothing)
     EXPECT_EQ(Tip("Label_1_1"), Caption("Label_1_1").trimmed() + ": nothing forms it");
 }
 
+TEST_F(Form_PSM_1_Test, A_Metabolite_Opens_And_Its_New_Name_Shows_In_Its_Box)
+{
+    Rate(1, 1, 0.1);
+    Open();
+
+    In_Modal([](QWidget& form) {
+        EXPECT_EQ(form.windowTitle(), "Metabolite A1");
+        Retype(form, "metcom", "Acid");
+        Click<QPushButton>(form, "Command_ok1");
+    });
+    Click<QAbstractButton>(*Form, "Label_1_1");
+
+    EXPECT_EQ(Caption("Label_1_1"), "Acid");
+    EXPECT_TRUE(Shared.Program.PSM_Changed);
+}
+
+TEST_F(Form_PSM_1_Test, A_Name_That_Was_Emptied_Gives_Way_To_The_Default_Name_In_The_Boxes)
+{
+    Rate(1, 1, 0.1);
+    Shared.Pesticide.Substance_Name[6] = "";
+    Open();
+    EXPECT_EQ(Caption("Label_2_1"), " Metabolite A2");
+
+    In_Modal([](QWidget& form) {
+        Retype(form, "metcom", "");
+        Click<QPushButton>(form, "Command_ok1");
+    });
+    Click<QAbstractButton>(*Form, "Label_1_1");
+
+    EXPECT_EQ(Caption("Label_1_1"), "Metabolite A1");
+    EXPECT_EQ(Caption("Label_2_1"), "Metabolite A2"); // all metabolites' boxes are written anew
+}
+
 TEST_F(Form_PSM_1_Test, A_Tip_Tells_Rate_And_Half_Life_Of_An_Arrow)
 {
     Rate(1, 1, 0.0693);

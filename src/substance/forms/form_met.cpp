@@ -1,0 +1,55 @@
+#include "substance/forms/form_met.h"
+
+#include "core/forms/widgets.h"
+#include "substance/forms/done_cancel.h"
+#include "substance/forms/substance_fields.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+
+Form_MET::Form_MET(Session& session, QWidget* parent)
+    : QDialog(parent),
+      Shared(session),
+      Substance(session.Program.Substance_Index),
+      Before(std::make_unique<const Pesticide_Document>(session.Pesticide)),
+      Changed_Before(session.Program.PSM_Changed)
+{
+    setObjectName("Form_MET");
+    setWindowTitle(Shown(Metabolite_Caption(Substance)));
+    Lay_Out();
+}
+
+void Form_MET::Lay_Out()
+{
+    Fields = new Substance_Fields(Shared, Substance, *this);
+
+    auto* left = new QVBoxLayout;
+    left->addWidget(Fields->General());
+    left->addWidget(Fields->Depth());
+    left->addStretch(1);
+    auto* right = new QVBoxLayout;
+    right->addWidget(Fields->Sorption());
+    right->addStretch(1);
+    auto* columns = new QHBoxLayout;
+    columns->addLayout(left, 1);
+    columns->addLayout(right, 1);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(columns, 1);
+    all->addWidget(Done_And_Cancel(*this, &Form_MET::Accept, "Command_ok1", "D&one", "Command_cancel"));
+}
+
+void Form_MET::Accept()
+{
+    const auto entry = Fields->Entered();
+    if (!entry)
+        return;
+    Accept_Metabolite(Shared, Substance, *entry);
+    accept();
+}
+
+void Form_MET::reject()
+{
+    Shared.Pesticide = *Before;
+    Shared.Program.PSM_Changed = Changed_Before;
+    QDialog::reject();
+}

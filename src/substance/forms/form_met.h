@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <memory>
+#include <QDialog>
+
+class Substance_Fields;
+
+// One metabolite, that of Substance_Index: its name, sorption and plant uptake.
+class Form_MET : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit Form_MET(Session& session, QWidget* parent = nullptr);
+
+    void reject() override; // what the forms below it stored goes too
+
+private:
+    void Lay_Out();
+    void Accept();
+
+    Session& Shared;
+    const int Substance;
+    const std::unique_ptr<const Pesticide_Document> Before;
+    const bool Changed_Before;
+    Substance_Fields* Fields = nullptr;
+};

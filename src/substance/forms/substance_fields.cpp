@@ -1,0 +1,249 @@
+#include "substance/forms/substance_fields.h"
+
+#include "core/forms/number_edit.h"
+#include "core/forms/widgets.h"
+#include "substance/forms/kin_sorption.h"
+#include "substance/forms/koc_ph.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+namespace {
+
+constexpr int Active = 1;
+constexpr int Name_Columns = 26;
+
+// The two forms name the same fields differently.
+struct Captions {
+    const char *Name_Control, *Name, *Molmass, *Moisture, *PH, *Kinetics, *Horizons;
+};
+constexpr Captions Of_Active = {
+    "Text_AS",           "&Name:",       "&Mol Mass [g/mol]:", "Increase of sorption when soil is air dried (-)", "&ph-dependent sorption",
+    "kine&tic sorption", "&Edit numbers"};
+constexpr Captions Of_Metabolite = {"metcom",
+                                    "&Name of Metabolite:",
+                                    "&Molmass [g/mol]:",
+                                    "&relative sorption increase when soil is air dried (-)",
+                                    "&pH-dependent Sorption",
+                                    "Kine&tic Sorption",
+                                    "&Enter data"};
+
+const Captions& Captions_For(int i)
+{
+    return i == Active ? Of_Active : Of_Metabolite;
+}
+
+QHBoxLayout* Side_By_Side(QWidget* left, QWidget* right)
+{
+    auto* row = new QHBoxLayout;
+    row->addWidget(left);
+    row->addWidget(right);
+    row->addStretch(1);
+    return row;
+}
+
+// A text that stands there already keeps what is known of it: whether it was typed, and the cursor.
+void Show_Text(QLineEdit& field, std::string_view text)
+{
+    if (field.text() != Shown(text))
+        field.setText(Shown(text));
+}
+
+} // namespace
+
+Substance_Fields::Substance_Fields(Session& session, int i, QDialog& form) : QObject(&form), Shared(session), Substance(i), Form(form)
+{
+    Lay_Out_General();
+    Lay_Out_Sorption();
+    Lay_Out_Depth();
+    Show_Entry(Load_Substance(Shared.Pesticide, Substance));
+    Show_Notes();
+}
+
+Number_Edit* Substance_Fields::Add_Number(QFormLayout& rows, const QString& label, const QString& name, const QString& label_name)
+{
+    auto* field = Named(new Number_Edit, name);
+    auto* caption = Named(new QLabel(label), label_name);
+    caption->setBuddy(field);
+    rows.addRow(caption, field);
+    return field;
+}
+
+void Substance_Fields::Lay_Out_General()
+{
+    const auto& captions = Captions_For(Substance);
+    General_Group = new QGroupBox("Substance");
+    auto& rows = *(Rows_Of_General = new QFormLayout(General_Group));
+    rows.addRow(captions.Name, Name = Named(new Byte_Edit, captions.Name_Control));
+    Name->setMinimumWidth(Name->fontMetrics().averageCharWidth() * Name_Columns);
+    Text_mol = Add_Number(rows, captions.Molmass, "Text_mol");
+    text_uptkf = Add_Number(rows, "Plant &uptake factor:", "text_uptkf");
+}
+
+void Substance_Fields::Lay_Out_Sorption()
+{
+    const auto& captions = Captions_For(Substance);
+    Sorption_Group = new QGroupBox("Sorption");
+    auto& rows = *(Rows_Of_Sorption = new QFormLayout(Sorption_Group));
+    Option_koc1 = Named(new QRadioButton("&Direct Input"), "Option_koc1");
+    Option_koc2 = Named(new QRadioButton("Calculated &with KOC"), "Option_koc2");
+    auto* ways = new QButtonGroup(this);
+    ways->addButton(Option_koc1);
+    ways->addButton(Option_koc2);
+    connect(ways, &QButtonGroup::idClicked, this, &Substance_Fields::Show_View);
+    rows.addRow("Kf-Value", Side_By_Side(Option_koc1, Option_koc2));
+    Text_koc0 = Add_Number(rows, "&Koc Value [mL / g]", "Text_koc0", "Label_koc");
+    Text_koc1 = Add_Number(rows, "&Freundlich Exponent", "Text_koc1", "Label_koc_1");
+    Text_koc4 = Add_Number(rows, QString::fromUtf8("&Limit for Freundlich [µg / L]"), "Text_koc4", "Label_koc_4");
+    Text_koc5 = Add_Number(rows, "&Annual Increase  [%]", "Text_koc5", "Label_koc_5");
+    text_kdoc = Add_Number(rows, "E&quilibrium constant for DOC (L/kg)", "text_kdoc", "Label_koc_6");
+    Text_KOC_MOI = Add_Number(rows, captions.Moisture, "Text_KOC_MOI");
+    auto* ph = Push_Button("Command2", captions.PH, this, &Substance_Fields::Edit_PH);
+    auto* kinetics = Push_Button("Command3", captions.Kinetics, this, &Substance_Fields::Edit_Kinetics);
+    rows.addRow(Side_By_Side(ph, kinetics));
+    rows.addRow(label_pH = Named(new QLabel("pH dependent Sorption considered!"), "label_pH"));
+    rows.addRow(Label_kinSorp = Named(new QLabel("kin. Sorption"), "Label_kinSorp"));
+    rows.addRow(Label_Sorption = Named(new QLabel("Moisture dependent Sorption considered!"), "Label_Sorption"));
+}
+
+void Substance_Fields::Lay_Out_Depth()
+{
+    Depth_Group = new QGroupBox("Dependence on depth");
+    auto& rows = *(Rows_Of_Depth = new QFormLayout(Depth_Group));
+    auto* modes = new QButtonGroup(this);
+    constexpr std::array<const char*, 3> captions = {"&Standard values (Tier 1)", "Constant degradation with depth", "Indi&vidual"};
+    for (std::size_t mode = 0; mode < captions.size(); ++mode) {
+        tiefenabhaengig[mode] = Named(new QRadioButton(captions[mode]), QString("tiefenabhaengig_%1").arg(mode));
+        modes->addButton(tiefenabhaengig[mode], static_cast<int>(mode));
+        rows.addRow(tiefenabhaengig[mode]);
+    }
+    connect(modes, &QButtonGroup::idClicked, this, &Substance_Fields::Choose_Depth);
+    Text_nhor = Add_Number(rows, "Number of &Horizons", "Text_nhor", "Label1_4");
+    connect(Text_nhor, &QLineEdit::editingFinished, this, &Substance_Fields::Leave_Horizons);
+    Command_hor = Push_Button("Command_hor", Captions_For(Substance).Horizons, this, &Substance_Fields::Edit_Horizons);
+    rows.addRow(QString(), Command_hor);
+    rows.addRow(Check_Hydrolysis = Named(new QCheckBox("De&gradation in liquid phase only"), "Check_Hydrolysis"));
+}
+
+Substance_Entry Substance_Fields::Entry() const
+{
+    Substance_Entry entry{.Name = Name->Typed(),
+                          .Text_mol = Text_mol->Typed(),
+                          .text_uptkf = text_uptkf->Typed(),
+                          .Text_koc0 = Text_koc0->Typed(),
+                          .Text_koc1 = Text_koc1->Typed(),
+                          .Text_koc4 = Text_koc4->Typed(),
+                          .Text_koc5 = Text_koc5->Typed(),
+                          .text_kdoc = text_kdoc->Typed(),
+                          .Text_KOC_MOI = Text_KOC_MOI->Typed(),
+                          .Text_nhor = Text_nhor->Typed(),
+                          .Kd_Direct = Option_koc1->isChecked(),
+                          .Liquid_Only = Check_Hydrolysis->isChecked(),
+                          .Kf_Enabled = Kf_Enabled};
+    for (std::size_t mode = 0; mode < tiefenabhaengig.size(); ++mode) {
+        if (tiefenabhaengig[mode]->isChecked())
+            entry.Depth_Mode = static_cast<int>(mode);
+    }
+    return entry;
+}
+
+void Substance_Fields::Show_Entry(const Substance_Entry& entry)
+{
+    Show_Text(*Name, entry.Name);
+    Show_Text(*Text_mol, entry.Text_mol);
+    Show_Text(*text_uptkf, entry.text_uptkf);
+    Show_Text(*Text_koc0, entry.Text_koc0);
+    Show_Text(*Text_koc1, entry.Text_koc1);
+    Show_Text(*Text_koc4, entry.Text_koc4);
+    Show_Text(*Text_koc5, entry.Text_koc5);
+    Show_Text(*text_kdoc, entry.text_kdoc);
+    Show_Text(*Text_KOC_MOI, entry.Text_KOC_MOI);
+    Show_Text(*Text_nhor, entry.Text_nhor);
+    (entry.Kd_Direct ? Option_koc1 : Option_koc2)->setChecked(true);
+    tiefenabhaengig.at(static_cast<std::size_t>(entry.Depth_Mode))->setChecked(true);
+    Check_Hydrolysis->setChecked(entry.Liquid_Only);
+    Kf_Enabled = entry.Kf_Enabled;
+    Show_View();
+}
+
+void Substance_Fields::Show_View()
+{
+    const auto view = View_Of_Sorption(Entry());
+    Rows_Of_Sorption->setRowVisible(Text_koc0, view.Koc_Visible);
+    Rows_Of_Sorption->setRowVisible(Text_koc1, view.Koc_Visible);
+    Rows_Of_Depth->setRowVisible(Text_nhor, view.Horizons_Visible);
+    Rows_Of_Depth->setRowVisible(Command_hor, view.Command_hor_Visible);
+    Option_koc1->setEnabled(view.Kf_Enabled);
+    Option_koc2->setEnabled(view.Kf_Enabled);
+}
+
+// The note on moisture belongs to the form of a metabolite alone.
+void Substance_Fields::Show_Notes()
+{
+    const auto notes = Notes_Of(Shared.Pesticide, Substance);
+    Rows_Of_Sorption->setRowVisible(label_pH, notes.label_pH);
+    Rows_Of_Sorption->setRowVisible(Label_kinSorp, notes.Label_kinSorp);
+    Rows_Of_Sorption->setRowVisible(Label_Sorption, notes.Label_Sorption && Substance != Active);
+}
+
+void Substance_Fields::Show_Minor(bool visible)
+{
+    for (auto* field : {Text_koc4, Text_koc5, text_kdoc})
+        Rows_Of_Sorption->setRowVisible(field, visible);
+}
+
+void Substance_Fields::Choose_Depth(int mode)
+{
+    auto entry = Entry();
+    Choose_Depth_Mode(entry, mode);
+    Show_Entry(entry);
+}
+
+// Only a number that was typed resets the table of depth dependent values.
+bool Substance_Fields::Leave_Horizons()
+{
+    if (!Text_nhor->isModified())
+        return true;
+    Text_nhor->setModified(false);
+    auto entry = Entry();
+    if (const auto refusal = Leave_Number_Of_Horizons(Shared.Pesticide, entry)) {
+        Show_Refusal(Shared.Ask, Form, *refusal);
+        Text_nhor->setModified(true); // left again it is refused again
+        return false;
+    }
+    Show_Entry(entry);
+    return true;
+}
+
+std::optional<Substance_Entry> Substance_Fields::Entered()
+{
+    if (!Leave_Horizons())
+        return std::nullopt;
+    return Entry();
+}
+
+void Substance_Fields::Edit_PH()
+{
+    KOC_PH form(Shared, Substance, Text_koc0->Typed(), &Form);
+    if (form.exec() != QDialog::Accepted)
+        return;
+    Show_Text(*Text_koc0, form.Text_koc0());
+    Show_Notes();
+}
+
+void Substance_Fields::Edit_Kinetics()
+{
+    if (kin_Sorption(Shared, Substance, &Form).exec() == QDialog::Accepted)
+        Show_Notes();
+}
+
+void Substance_Fields::Edit_Horizons()
+{
+    if (Leave_Horizons())
+        Shared.Ask({"ORVELSUITE", "The table of depth dependent values is not part of this version yet.", Icon::Information});
+}

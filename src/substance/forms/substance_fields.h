@@ -1,0 +1,65 @@
+#pragma once
+
+#include "substance/substance_view.h"
+
+#include <array>
+#include <QDialog>
+
+class Byte_Edit;
+class Number_Edit;
+class QCheckBox;
+class QFormLayout;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+// The controls that the forms of the active substance and of a metabolite share, in three groups that the form puts where it wants them: what the
+// substance is, its sorption, and what depends on depth. The buttons among them open their forms.
+class Substance_Fields : public QObject {
+    Q_OBJECT
+
+public:
+    Substance_Fields(Session& session, int i, QDialog& form); // substance i, 1 to 9
+
+    QGroupBox* General() const { return General_Group; }
+    QFormLayout* General_Rows() const { return Rows_Of_General; }
+    QGroupBox* Sorption() const { return Sorption_Group; }
+    QGroupBox* Depth() const { return Depth_Group; }
+
+    // What stands in the controls after a number of horizons that is still being typed was taken over; nothing if that was refused.
+    std::optional<Substance_Entry> Entered();
+    Substance_Entry Entry() const;
+    void Show_Entry(const Substance_Entry& entry);
+
+    // The fields that the form of the active substance keeps back: Text_koc4, Text_koc5 and text_kdoc.
+    void Show_Minor(bool visible);
+
+private:
+    void Lay_Out_General();
+    void Lay_Out_Sorption();
+    void Lay_Out_Depth();
+    Number_Edit* Add_Number(QFormLayout& rows, const QString& label, const QString& name, const QString& label_name = {});
+    void Show_View();
+    void Show_Notes();
+    void Choose_Depth(int mode);
+    bool Leave_Horizons();
+    void Edit_PH();
+    void Edit_Kinetics();
+    void Edit_Horizons();
+
+    Session& Shared;
+    int Substance;
+    QDialog& Form;
+    bool Kf_Enabled = false;
+    QGroupBox *General_Group = nullptr, *Sorption_Group = nullptr, *Depth_Group = nullptr;
+    QFormLayout *Rows_Of_General = nullptr, *Rows_Of_Sorption = nullptr, *Rows_Of_Depth = nullptr;
+    Byte_Edit* Name = nullptr;
+    Number_Edit *Text_mol = nullptr, *text_uptkf = nullptr, *Text_koc0 = nullptr, *Text_koc1 = nullptr, *Text_koc4 = nullptr, *Text_koc5 = nullptr;
+    Number_Edit *text_kdoc = nullptr, *Text_KOC_MOI = nullptr, *Text_nhor = nullptr;
+    QRadioButton *Option_koc1 = nullptr, *Option_koc2 = nullptr;
+    std::array<QRadioButton*, 3> tiefenabhaengig{};
+    QCheckBox* Check_Hydrolysis = nullptr;
+    QPushButton* Command_hor = nullptr;
+    QLabel *label_pH = nullptr, *Label_kinSorp = nullptr, *Label_Sorption = nullptr;
+};
