@@ -41,6 +41,8 @@ try {
     const auto session = std::make_unique<Session>();
     session->Program.App_Path = std::filesystem::absolute(directory).lexically_normal();
     session->Ask = Ask_On_Standard_Error;
+    if (!std::filesystem::is_directory(session->Program.App_Path))
+        throw File_Error("The directory " + session->Program.App_Path.string() + " does not exist.");
     return command(*session);
 } catch (const File_Error& error) {
     std::cerr << "File check: " << error.what() << '\n';

@@ -68,3 +68,9 @@ TEST_F(Orvelctl, Gives_The_Usage_For_A_Wrong_Command_Line_And_Exits_With_2)
         EXPECT_NE(Error.find("Usage: "), std::string::npos) << arguments;
     }
 }
+
+TEST_F(Orvelctl, An_Installation_Directory_That_Is_Not_There_Is_Told)
+{
+    EXPECT_EQ(Run("-C " + In_Directory("nowhere") + " status --mode focus"), 1);
+    EXPECT_EQ(Error, "File check: The directory " + In_Directory("nowhere") + " does not exist.\n");
+}
