@@ -2,6 +2,7 @@
 #include "core/text.h"
 #include "orvelctl.h"
 #include "results/balance_tables.h"
+#include "results/echo_file.h"
 #include "results/leachate_tables.h"
 #include "results/soil_concentrations.h"
 #include "results/summary_report.h"
@@ -31,7 +32,7 @@ void Clear_Progress()
 }
 
 // Prints the text that a window would show; a failure ends the text early, and is told.
-int Print_Table(std::string_view text, std::string_view failure, std::string_view not_kept)
+int Print_Text(std::string_view text, std::string_view failure, std::string_view not_kept)
 {
     Clear_Progress();
     std::cout << To_Utf8(Replace_All(std::string(text), CrLf, "\n")) << std::flush;
@@ -40,29 +41,35 @@ int Print_Table(std::string_view text, std::string_view failure, std::string_vie
     return failure.empty() && std::cout ? Done : Refused;
 }
 
+// The same of a run: what a failed one left ends early too.
+int Print_Table(const std::string& directory, std::string_view text, std::string_view failure, std::string_view not_kept)
+{
+    return Print_Text(text, failure.empty() && Simulation_Failed(directory) ? Simulation_Failed_Text : failure, not_kept);
+}
+
 int Do_Tables(const std::string& directory)
 {
     const auto tables = Build_Or_Load(directory, Shown_Progress());
-    return Print_Table(tables.Year_Text + tables.Period_Text, tables.Failure, tables.Not_Cached);
+    return Print_Table(directory, tables.Year_Text + tables.Period_Text, tables.Failure, tables.Not_Cached);
 }
 
 int Do_Balance(const std::string& directory, bool monthly)
 {
     const auto tables = Build_Or_Load_Balance(directory, monthly ? Balance_View::Monthly : Balance_View::Annual, Shown_Progress());
-    return Print_Table(tables.Water_Text + tables.Pesticide_Text, tables.Failure, tables.Not_Cached);
+    return Print_Table(directory, tables.Water_Text + tables.Pesticide_Text, tables.Failure, tables.Not_Cached);
 }
 
 int Do_Pecsoil(const std::string& directory, int depth)
 {
     const auto soil = Build_Soil_Concentrations(directory, depth, Shown_Progress());
-    return Print_Table(soil.Text, soil.Failure, soil.Not_Written);
+    return Print_Table(directory, soil.Text, soil.Failure, soil.Not_Written);
 }
 
 int Do_Report(Session& session, const Mode& mode, const std::string& stem, const std::string& crop)
 {
     Find_Engine(session);
     const auto report = Build_Summary(session, Request_Summary(session, mode, stem, crop), Shown_Progress());
-    return report ? Print_Table(Summary_Text(*report), {}, {}) : Refused;
+    return report ? Print_Text(Summary_Text(*report), {}, {}) : Refused;
 }
 
 void Add_Run_Directory(CLI::App* command, std::string& directory)

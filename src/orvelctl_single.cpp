@@ -1,5 +1,6 @@
 #include "files/scenario_file.h"
 #include "orvelctl.h"
+#include "results/echo_file.h"
 #include "runs/single_run.h"
 #include "runs/start_up.h"
 
@@ -48,10 +49,10 @@ int Wait_For_End(const std::filesystem::path& directory, int years)
             std::cerr << (told = state.Text) << '\n';
         std::this_thread::sleep_for(Pause);
     }
-    const std::string echo = Read_If_There(directory, "echo.orv");
-    if (!echo.empty() && !Contains(echo, "ERROR") && !Contains(echo, "E R R O R"))
+    const bool begun = !Read_If_There(directory, "echo.orv").empty();
+    if (begun && !Simulation_Failed(directory))
         return Done;
-    Tell("File check", echo.empty() ? "The engine left no echo of its input." : "The simulation failed: its echo file, echo.orv, tells why.");
+    Tell("File check", begun ? Simulation_Failed_Text : "The engine left no echo of its input.");
     return Refused;
 }
 

@@ -3,6 +3,7 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "runs/job_status.h"
 
 namespace {
 
@@ -94,7 +95,11 @@ bool Scan_For_Error(Line_Scanner& echo)
 }
 
 bool Simulation_Failed(const std::filesystem::path& run_directory)
-{
+try {
+    if (Status_Of_Run(run_directory) == Run_Status::Running)
+        return false; // until it ends, an engine says that it did not
     auto echo = Echo_Of(run_directory);
     return Scan_For_Error(echo);
+} catch (const File_Error&) {
+    return false;
 }

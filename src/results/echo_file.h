@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // The engine's echo of its input, echo.orv: what the tables need to know of a run.
@@ -27,4 +28,6 @@ std::vector<std::string> Read_Substance_Names(const std::filesystem::path& run_d
 
 // Whether a line tells of an error, so that the simulation failed.
 bool Scan_For_Error(Line_Scanner& echo);
-bool Simulation_Failed(const std::filesystem::path& run_directory); // throws File_Error if there is no echo.orv
+// Whether a simulation has ended with an error. False while it is at work, and without an echo.orv: nothing else tells of one that was begun.
+bool Simulation_Failed(const std::filesystem::path& run_directory);
+constexpr std::string_view Simulation_Failed_Text = "The simulation failed: its echo file, echo.orv, tells why.";

@@ -4,6 +4,7 @@
 #include "core/files.h"
 #include "core/lock.h"
 #include "core/text.h"
+#include "results/echo_file.h"
 #include "runs/shown_path.h"
 
 #include <algorithm>
@@ -28,6 +29,8 @@ std::string Why_No_Cache(const fs::path& run_directory, const Plot_Head& head)
 {
     if (Is_Locked(run_directory) || Is_Locked(Found_Or_New(run_directory, "echo.orv")))
         return "The simulation is still at work.";
+    if (Simulation_Failed(run_directory))
+        return std::string(Simulation_Failed_Text);
     return head.Whole ? "" : "The run has no complete plot.orv.";
 }
 

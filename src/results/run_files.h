@@ -23,7 +23,7 @@ struct Chem_File {
 // The active substance's file, be it there or not, then the files that are there for the metabolites A1 B1 C1 D1 A2 B2 C2 D2.
 std::vector<Chem_File> Chem_Files(const std::filesystem::path& run_directory);
 
-// Why no cache may be written from a run, a sentence: it is at work, or has no whole plot.orv. Empty if one may.
+// Why no cache may be written from a run, a sentence: it is at work, has failed, or has no whole plot.orv. Empty if one may.
 std::string Why_No_Cache(const std::filesystem::path& run_directory, const Plot_Head& head);
 
 // The bytes of both files of a cache, if both are there and can be read.

@@ -1,5 +1,6 @@
 #include "results/echo_file.h"
 
+#include "core/lock.h"
 #include "results/engine_files.h"
 #include "temporary_directory.h"
 
@@ -136,11 +137,22 @@ TEST(Echo_File, The_File_Is_Found_In_Any_Case)
     EXPECT_TRUE(Simulation_Failed(directory.Path()));
 }
 
+TEST(Echo_File, A_Run_At_Work_Has_Not_Failed_Though_Its_Echo_Says_That_It_Did_Not_End)
+{
+    const Temporary_Directory directory;
+    Write_File(directory / "echo.orv", Echo_File({.Last = " *** ERROR 99: RUN NOT COMPLETED"}));
+    {
+        const auto engine = Lock::Take(directory / "echo.orv");
+        EXPECT_FALSE(Simulation_Failed(directory.Path()));
+    }
+    EXPECT_TRUE(Simulation_Failed(directory.Path()));
+}
+
 TEST(Echo_File, A_Missing_File_Is_An_Error)
 {
     const Temporary_Directory directory;
 
     EXPECT_THROW(Read_Echo_Layers(directory.Path()), File_Error);
     EXPECT_THROW(Read_Substance_Names(directory.Path()), File_Error);
-    EXPECT_THROW(Simulation_Failed(directory.Path()), File_Error);
+    EXPECT_FALSE(Simulation_Failed(directory.Path())); // it was not begun
 }

@@ -119,6 +119,17 @@ TEST_F(Leachate_Cache, No_Cache_Is_Written_From_A_Run_Whose_Lock_Is_Taken_While_
     EXPECT_FALSE(Has_Cache());
 }
 
+TEST_F(Leachate_Cache, A_Failed_Run_Is_Shown_But_Not_Cached)
+{
+    Write_File(Run / "echo.orv", Echo_File({.Last = " *** ERROR 99: RUN NOT COMPLETED"}));
+
+    const auto tables = Build_Or_Load(Run.Path());
+
+    EXPECT_EQ(tables.Not_Cached, "The simulation failed: its echo file, echo.orv, tells why.");
+    EXPECT_EQ(Lines_With(tables.Year_Text, "Perc.").size(), 2U);
+    EXPECT_FALSE(Has_Cache());
+}
+
 TEST_F(Leachate_Cache, A_Run_Without_Plot_File_Is_Shown_But_Not_Cached)
 {
     fs::remove(Run / "plot.orv");

@@ -78,6 +78,17 @@ TEST_F(Orvelctl_Results, A_Table_That_Is_Not_Kept_Is_Told_And_Exits_With_0)
     EXPECT_EQ(Told, "File check: The run has no complete plot.orv.\n");
 }
 
+TEST_F(Orvelctl_Results, What_A_Failed_Run_Left_Is_Printed_Told_And_Exits_With_1)
+{
+    Write_File(Run_Files / "echo.orv", Echo_File({.Last = "*** ERROR 99: RUN NOT COMPLETED"}));
+
+    for (const std::string command : {"tables ", "balance ", "pecsoil --depth 5 "}) {
+        EXPECT_EQ(Run(command + Run_Path()), 1);
+        EXPECT_EQ(Told, "File check: The simulation failed: its echo file, echo.orv, tells why.\n") << command;
+        EXPECT_NE(Out.find("Engine"), std::string::npos);
+    }
+}
+
 TEST_F(Orvelctl_Results, Balance_Prints_The_Water_Table_First_By_Year_Or_By_Month)
 {
     EXPECT_EQ(Run("balance " + Run_Path()), 0);

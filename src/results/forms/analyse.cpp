@@ -40,14 +40,6 @@ void Fill(QComboBox& combo, const std::filesystem::path& parent, const std::stri
         combo.setCurrentIndex(selected);
 }
 
-// Nothing but an echo file tells of a simulation that was begun.
-bool Has_Failed(const std::filesystem::path& run)
-try {
-    return Simulation_Failed(run);
-} catch (const File_Error&) {
-    return false;
-}
-
 QString Name_Of(const Mode& mode)
 {
     switch (mode.Kind) {
@@ -103,7 +95,7 @@ void Analyse::Szenarioverzeichnis_Click()
 // The report comes behind all else, so that the lists have closed and the form stands below it.
 void Analyse::Look_For_Failure()
 {
-    Failed = Has_Failed(Run_Directory());
+    Failed = Simulation_Failed(Run_Directory());
     if (Failed && isVisible())
         QTimer::singleShot(0, this, &Analyse::Report_Failure);
 }
