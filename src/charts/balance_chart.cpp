@@ -30,13 +30,13 @@ Colour Term_Colour(std::size_t term)
     return static_cast<Colour>(static_cast<std::size_t>(Colour::Term_1) + term);
 }
 
-// A year's boxes stand side by side around its place; places count from 1.
-void Draw_Year(Chart& chart, const Balance_Row& row, std::size_t place)
+// A year's boxes stand side by side around the middle of its place.
+void Draw_Year(Chart& chart, const Balance_Row& row, const std::vector<std::string>& names, double middle)
 {
     const auto terms = static_cast<double>(row.Terms.size());
     for (std::size_t t = 0; t < row.Terms.size(); ++t) {
-        const double left = static_cast<double>(place) - Year_Width / 2 + Year_Width * static_cast<double>(t) / terms;
-        chart.Boxes.push_back({Term_Colour(t), left, left + Year_Width / terms, row.Terms[t]});
+        const double left = middle - Year_Width / 2 + Year_Width * static_cast<double>(t) / terms;
+        chart.Boxes.push_back({Term_Colour(t), left, left + Year_Width / terms, row.Terms[t], std::to_string(row.Year) + ", " + names[t]});
     }
 }
 
@@ -50,12 +50,13 @@ Chart Balance_Chart(const Balance_Table& table, std::string title)
     const auto every = (table.Rows.size() + Most_Labels - 1) / Most_Labels;
     for (std::size_t r = 0; r < table.Rows.size(); ++r) {
         const auto& row = table.Rows[r];
-        Draw_Year(chart, row, r + 1);
+        const double middle = static_cast<double>(r) + 0.5;
+        Draw_Year(chart, row, table.Terms, middle);
         for (const double term : row.Terms) {
             low = std::min(low, term);
             high = std::max(high, term);
         }
-        chart.X.Ticks.push_back({static_cast<double>(r + 1), Tick_Rank::Big, r % every == 0 ? std::to_string(row.Year) : ""});
+        chart.X.Ticks.push_back({middle, Tick_Rank::Big, r % every == 0 ? std::to_string(row.Year) : ""});
     }
     chart.X.Title = "Year ";
     chart.X.High = static_cast<double>(std::max<std::size_t>(table.Rows.size(), 1));

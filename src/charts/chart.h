@@ -22,6 +22,7 @@ struct Chart_Line {
 struct Chart_Box {
     Colour Drawn_In = Colour::Series;
     double Left = 0, Right = 0, Y = 0;
+    std::string Name; // what its value is told as; empty: by its position
     bool operator==(const Chart_Box&) const = default;
 };
 
@@ -67,6 +68,5 @@ constexpr double Big_Y_Tick = 1.0 / 50, Small_Y_Tick = 1.0 / 100, Tiny_Y_Tick = 
 constexpr double Big_X_Tick = 1.0 / 30, Small_X_Tick = 1.0 / 60, Tiny_X_Tick = 1.0 / 120;  // of T
 constexpr double Y_Label_Left = -1.0 / 10, Long_Y_Label_Left = -1.0 / 9;                   // of L
 constexpr std::size_t Long_Label = 6;                                                      // characters from which a label is long and in the smaller font
-constexpr double Y_Label_Above = 1.0 / 50;                                                 // of T, above the tick
 constexpr double X_Label_Below = -1.0 / 20;                                                // of T
 constexpr double Label_Points = 9.75, Long_Label_Points = 8;

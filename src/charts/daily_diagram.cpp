@@ -51,7 +51,7 @@ std::string Data_Text(const Chart& chart)
     std::string text = chart.X.Title + std::string(Tab_Char) + chart.Title + std::string(CrLf);
     for (const auto& line : chart.Lines) {
         for (const auto& point : line.Points)
-            text += General_Text(std::trunc(1000 * point.X + 0.5) / 1000) + std::string(Tab_Char) + General_Text(point.Y) + std::string(CrLf);
+            text += General_Text(std::trunc(1000 * (chart.X.First + point.X) + 0.5) / 1000) + std::string(Tab_Char) + General_Text(point.Y) + std::string(CrLf);
     }
     return text;
 }

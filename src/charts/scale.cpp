@@ -16,20 +16,21 @@ double End_Of_Axis(double value)
     return std::fabs(value) < Smallest ? 0 : Round_Up_Axis(std::clamp(value, -Largest, Largest));
 }
 
-// Ticks from `low` to `high` at every tiny step.
-std::vector<Chart_Tick> Ticks_Between(double low, double high, const Axis_Steps& steps, double first_label)
+// Ticks from `low` to `high` at every tiny step of what is labelled: `first` at position 0.
+std::vector<Chart_Tick> Ticks_Between(double low, double high, const Axis_Steps& steps, double first)
 {
-    const double slack = 1e-9;
-    const auto first = static_cast<int>(std::ceil(low / steps.Tiny_Tick - slack));
-    const auto last = static_cast<int>(std::floor(high / steps.Tiny_Tick + slack));
-    const auto small = static_cast<int>(std::lround(steps.Small_Tick / steps.Tiny_Tick));
+    constexpr double slack = 1e-9;
+    const auto begin = static_cast<long long>(std::ceil((first + low) / steps.Tiny_Tick - slack));
+    const auto end = static_cast<long long>(std::floor((first + high) / steps.Tiny_Tick + slack));
+    const auto small = std::lround(steps.Small_Tick / steps.Tiny_Tick);
     std::vector<Chart_Tick> ticks;
-    for (int i = first; i <= last; ++i) {
-        const double at = i * steps.Tiny_Tick;
-        if (i % Tiny_In_Step == 0)
-            ticks.push_back({i / Tiny_In_Step * steps.Step, Tick_Rank::Big, Axis_Label(first_label + i / Tiny_In_Step * steps.Step)});
-        else
-            ticks.push_back({at, i % small == 0 ? Tick_Rank::Small : Tick_Rank::Tiny, ""});
+    for (auto i = begin; i <= end; ++i) {
+        if (i % Tiny_In_Step == 0) {
+            const double label = static_cast<double>(i / Tiny_In_Step) * steps.Step;
+            ticks.push_back({label - first, Tick_Rank::Big, Axis_Label(label)});
+        } else {
+            ticks.push_back({static_cast<double>(i) * steps.Tiny_Tick - first, i % small == 0 ? Tick_Rank::Small : Tick_Rank::Tiny, ""});
+        }
     }
     return ticks;
 }

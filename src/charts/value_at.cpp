@@ -25,13 +25,15 @@ std::string Position_Text(double x)
 // How far a span may lie from the nearest point, as a share of the axis, to be still about it.
 constexpr double Reach = 0.02;
 
+constexpr std::size_t Fewest_Points = 2; // that make a line
+
 } // namespace
 
 std::string Value_Text_At(const Chart& chart, double x)
 {
     for (const Chart_Box& box : chart.Boxes) {
         if (x >= box.Left && x <= box.Right)
-            return Position_Text(chart.X.First + (box.Left + box.Right) / 2) + ": " + Short_Number(box.Y);
+            return (box.Name.empty() ? Position_Text(chart.X.First + (box.Left + box.Right) / 2) : box.Name) + ": " + Short_Number(box.Y);
     }
     if (chart.Lines.empty() || chart.Lines[0].Points.empty() || !chart.Boxes.empty())
         return {};
@@ -54,7 +56,7 @@ Chart Zoomed(const Chart& chart, double from, double to)
     Chart zoomed = chart;
     auto& points = zoomed.Lines[0].Points;
     std::erase_if(points, [&](const Chart_Point& point) { return point.X < from || point.X > to; });
-    if (points.empty())
+    if (points.size() < Fewest_Points)
         return chart;
     double low = 0, high = 0;
     for (Chart_Point& point : points) {

@@ -8,5 +8,6 @@
 // Empty where there is neither.
 std::string Value_Text_At(const Chart& chart, double x);
 
-// The points of the first line between two positions, drawn over a span of their own. Empty charts and spans stay as they are.
+// The points of the first line between two positions, drawn over a span of their own. A span of fewer than two points is not drawn: the
+// chart stays as it is.
 Chart Zoomed(const Chart& chart, double from, double to);

@@ -29,7 +29,7 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
         const auto at = static_cast<double>(row.Location + 1);
         const bool exceeds = row.P80.Conc > Drinking_Water_Limit;
         (exceeds ? above : below) = true;
-        chart.Boxes.push_back({exceeds ? Colour::Marked : Colour::Series, at - Half_Width, at + Half_Width, row.P80.Conc});
+        chart.Boxes.push_back({exceeds ? Colour::Marked : Colour::Series, at - Half_Width, at + Half_Width, row.P80.Conc, row.Name});
     }
     if (below)
         chart.Key.push_back({Colour::Series, "up to 0.1 \xB5g/L"});

@@ -1,5 +1,6 @@
 #include "charts/daily_diagram.h"
 
+#include "charts/value_at.h"
 #include "core/output_variables.h"
 
 #include <gtest/gtest.h>
@@ -185,6 +186,14 @@ TEST(Daily_Diagram_Rule, Copied_Data_Have_Both_Titles_And_Positions_With_Three_D
     const auto chart = Daily_Diagram(series, Whole(Precipitation, false, 1), "Precipitation", X_Unit::Years);
 
     EXPECT_EQ(Data_Text(chart), "Year \tPrecipitation (cm/d)\r\n0.333\t0.00012\r\n0.667\t-5\r\n");
+}
+
+TEST(Daily_Diagram_Rule, Copied_Data_Of_A_Part_Keep_Their_Positions_In_The_Whole)
+{
+    const Daily_Series series{{{1, 5}, {20, 6}, {21, 7}}, 30};
+    const auto chart = Daily_Diagram(series, Whole(Precipitation, false, 1), "Precipitation", X_Unit::Days);
+
+    EXPECT_EQ(Data_Text(Zoomed(chart, 15.5, 25)), "Day \tPrecipitation (cm/d)\r\n20\t6\r\n21\t7\r\n");
 }
 
 } // namespace

@@ -42,6 +42,14 @@ TEST(Value_Text_At, Tells_The_Box_That_Covers_The_Place)
     EXPECT_EQ(Value_Text_At(chart, 1.5), "");
 }
 
+TEST(Value_Text_At, Tells_A_Box_By_Its_Name)
+{
+    Chart chart = Line_Chart({});
+    chart.Boxes = {{Colour::Term_1, 0.8, 1.2, 4, "3, Runoff"}};
+
+    EXPECT_EQ(Value_Text_At(chart, 0.9), "3, Runoff: 4");
+}
+
 TEST(Zoomed, Keeps_The_Points_Of_The_Span_And_Fits_The_Axis_To_Them)
 {
     const Chart chart = Zoomed(Line_Chart({{1, 8}, {4, 2}, {5, 3}, {9, 1}}), 3, 6);
@@ -52,6 +60,27 @@ TEST(Zoomed, Keeps_The_Points_Of_The_Span_And_Fits_The_Axis_To_Them)
     EXPECT_EQ(chart.Y.High, 3);
     EXPECT_EQ(chart.X.Ticks.front().Label, "3");
     EXPECT_EQ(Value_Text_At(chart, 1), "4: 2"); // positions count on from the span's begin
+}
+
+TEST(Zoomed, Labels_Stand_At_Round_Positions_Wherever_The_Span_Begins)
+{
+    const Chart chart = Zoomed(Line_Chart({{3.5, 8}, {7, 2}}), 3.4726, 7.9);
+
+    std::vector<std::string> labels;
+    for (const Chart_Tick& tick : chart.X.Ticks) {
+        if (!tick.Label.empty())
+            labels.push_back(tick.Label);
+    }
+    EXPECT_EQ(labels, (std::vector<std::string>{"4", "5", "6", "7"}));
+    EXPECT_GE(chart.X.Ticks.front().At, 0);
+    EXPECT_LE(chart.X.Ticks.back().At, chart.X.High);
+}
+
+TEST(Zoomed, A_Span_Of_A_Single_Point_Changes_Nothing)
+{
+    const Chart whole = Line_Chart({{1, 8}, {4, 2}, {9, 1}});
+
+    EXPECT_EQ(Zoomed(whole, 3, 6).Lines[0].Points, whole.Lines[0].Points);
 }
 
 TEST(Zoomed, A_Span_Without_Points_Changes_Nothing)

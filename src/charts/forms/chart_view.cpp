@@ -64,7 +64,7 @@ void Chart_View::changeEvent(QEvent* event)
 
 double Chart_View::X_Under(const QPointF& position) const
 {
-    return Chart_Plane(Drawn, rect(), QFontMetricsF(font())).X_Of(position.x());
+    return Chart_Plane(Drawn, rect(), font()).X_Of(position.x());
 }
 
 void Chart_View::mousePressEvent(QMouseEvent* event)

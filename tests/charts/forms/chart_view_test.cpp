@@ -47,7 +47,7 @@ TEST(Paint_Chart, Draws_A_Box_From_The_Axis_To_Its_Height)
 {
     const QImage image = Chart_Image(Sample(), {800, 500});
     const QColor marked = Colour_Of(Colour::Marked, Paper_Palette());
-    const Chart_Plane plane(Sample(), QRectF(0, 0, 800, 500), QFontMetricsF(QFont(), &image));
+    const Chart_Plane plane(Sample(), QRectF(0, 0, 800, 500), QFont(), &image);
 
     EXPECT_EQ(image.pixelColor(plane.At(4.5, 3).toPoint()), marked);
     EXPECT_NE(image.pixelColor(plane.At(5.5, 7.5).toPoint()), marked);
@@ -77,6 +77,65 @@ TEST(Paint_Chart, Fifty_Thousand_Points_Look_Like_Their_Extent)
     EXPECT_GT(Share(image, Colour_Of(Colour::Series, Paper_Palette())), 0.2);
 }
 
+TEST(Paint_Chart, A_Line_Of_One_Point_Is_A_Dot)
+{
+    Chart chart = Sample(0);
+    chart.Boxes.clear();
+    chart.Lines[0].Points = {{5, 4}};
+
+    const QImage image = Chart_Image(chart, {800, 500});
+
+    const Chart_Plane plane(chart, QRectF(0, 0, 800, 500), QFont(), &image);
+    EXPECT_NE(image.pixelColor(plane.At(5, 4).toPoint()), QColor(Qt::white));
+}
+
+TEST(Paint_Chart, Nothing_Is_Cut_At_The_Edges_Of_A_Small_Picture)
+{
+    for (const auto& [low, high] : {std::pair(0.0, 2e14), std::pair(-3e-13, 1e-12), std::pair(0.0, 0.0123), std::pair(-5.0, 0.0)}) {
+        Chart chart = Sample();
+        chart.Title = "Dissolved concentration in soil water at 100 cm  for a substance with a long name (mg/L)";
+        chart.Legend = {"Here stands more: " + chart.Title};
+        chart.X.Ticks = Position_Axis(10, 99990).Ticks;
+        chart.Y = Value_Axis(low, high);
+        chart.Frame = Frame_Around(chart.X, chart.Y);
+        QImage image(430, 270, QImage::Format_RGB32);
+        QPainter painter(&image);
+        Paint_Chart(painter, image.rect(), chart, Paper_Palette());
+        painter.end();
+
+        for (int x = 0; x < image.width(); ++x)
+            EXPECT_TRUE(image.pixelColor(x, 0) == Qt::white && image.pixelColor(x, image.height() - 1) == Qt::white) << x << ", to " << high;
+        for (int y = 0; y < image.height(); ++y)
+            EXPECT_TRUE(image.pixelColor(0, y) == Qt::white && image.pixelColor(image.width() - 1, y) == Qt::white) << y << ", to " << high;
+    }
+}
+
+TEST(Shown_Labels_Rule, Leaves_Out_Every_Second_Or_Third_Where_All_Would_Touch)
+{
+    const auto axis = Position_Axis(12); // a label at every 1, since the step of 12 is 1
+    const auto shown = [&](double needed) {
+        std::string labels;
+        for (const Chart_Tick* tick : Shown_Labels(axis, needed, 20))
+            labels += tick->Label + " ";
+        return labels;
+    };
+
+    EXPECT_EQ(shown(20), "0 1 2 3 4 5 6 7 8 9 10 11 12 ");
+    EXPECT_EQ(shown(21), "0 2 4 6 8 10 12 ");
+    EXPECT_EQ(shown(60), "0 3 6 9 12 ");
+}
+
+TEST(Shown_Labels_Rule, Zero_Stays_On_A_Value_Axis_With_Both_Signs)
+{
+    const auto axis = Value_Axis(-30, 20); // steps of 5
+
+    const auto shown = Shown_Labels(axis, 15, 1);
+
+    ASSERT_FALSE(shown.empty());
+    EXPECT_EQ(shown.front()->Label, "-30");
+    EXPECT_EQ(shown[2]->Label, "0");
+}
+
 TEST(Save_Chart, Writes_A_Picture_By_The_Ending)
 {
     Temporary_Directory place;
@@ -104,7 +163,7 @@ TEST(A_Chart_View, Tells_The_Span_That_Was_Dragged_Over)
     view.Allow_Zoom(true);
     view.show();
     QSignalSpy spans(&view, &Chart_View::Span_Chosen), clicks(&view, &Chart_View::Clicked);
-    const Chart_Plane plane(Sample(), view.rect(), QFontMetricsF(view.font()));
+    const Chart_Plane plane(Sample(), view.rect(), view.font());
 
     QTest::mousePress(&view, Qt::LeftButton, {}, plane.At(7, 2).toPoint());
     QTest::mouseMove(&view, plane.At(3, 2).toPoint());
