@@ -45,6 +45,7 @@ std::vector<Column> Columns_Of(const Scenario_Document& document)
     return columns;
 }
 
+constexpr std::size_t Thickness_Column = 0, Carbon_Column = 6;
 constexpr std::size_t Capacity_Column = 4, Wilting_Column = 5; // with direct input
 
 std::string Cell_Of(const Horizon& horizon, const Column& column)
@@ -80,6 +81,27 @@ Horizon_Grid Show_Horizons(const Scenario_Document& document)
             cells[c] = Cell_Of(document.Horizons[h], columns[c]);
     }
     return grid;
+}
+
+std::vector<Profile_Layer> Soil_Profile(const Horizon_Grid& grid)
+{
+    std::vector<Profile_Layer> layers;
+    double top = 0;
+    for (const auto& cells : grid.Cells) {
+        const double bottom = top + std::max(0.0, Val(cells[Thickness_Column]));
+        layers.push_back({top, bottom, Val(cells[Carbon_Column])});
+        top = bottom;
+    }
+    return layers;
+}
+
+std::string Profile_Caption(const Scenario_Document& document, const Horizon_Grid& grid)
+{
+    double sum = 0;
+    for (const auto& cells : grid.Cells)
+        sum += Val(cells[Thickness_Column]);
+    const std::string caption = "Sum of thickness: " + General_Text(sum) + " cm";
+    return sum == document.SZE_Core_Depth ? caption : caption + ", core depth: " + General_Text(document.SZE_Core_Depth) + " cm";
 }
 
 std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, const Horizon_Grid& grid)

@@ -17,6 +17,16 @@ struct Horizon_Grid {
 // The document's horizons; a horizon that it does not hold yet is a row of empty cells.
 Horizon_Grid Show_Horizons(const Scenario_Document& document);
 
+// The horizons to scale, one a row: depths in cm, organic carbon in %. A thickness that is not above 0 gives a layer without height.
+struct Profile_Layer {
+    double Top = 0, Bottom = 0, Organic_Carbon = 0;
+    bool operator==(const Profile_Layer&) const = default;
+};
+std::vector<Profile_Layer> Soil_Profile(const Horizon_Grid& grid);
+
+// What is told beside the profile: the sum of thickness, and the core depth where it differs.
+std::string Profile_Caption(const Scenario_Document& document, const Horizon_Grid& grid);
+
 // With direct input, a wilting point above the field capacity; equal ones pass.
 std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, const Horizon_Grid& grid);
 

@@ -142,6 +142,15 @@ TEST_F(Soil_Forms, A_Cell_That_Was_Not_Touched_Keeps_The_Documents_Number)
     EXPECT_EQ(Document.Horizons[0].SZE_Hor_Bulk_Density, Variant(1.5));
 }
 
+TEST_F(Soil_Forms, The_Profile_Lays_The_Horizons_Under_Each_Other)
+{
+    Horizon_Grid grid;
+    grid.Cells = {{"30", "", "", "", "", "", "1.5"}, {"-5", "", "", "", "", "", ""}, {"70.5", "", "", "", "", "", "0.2"}};
+
+    EXPECT_EQ(Soil_Profile(grid), (std::vector<Profile_Layer>{{0, 30, 1.5}, {30, 30, 0}, {30, 100.5, 0.2}}));
+    EXPECT_EQ(Profile_Caption(Document, grid), "Sum of thickness: 95.5 cm, core depth: 100 cm");
+}
+
 TEST_F(Soil_Forms, A_Wilting_Point_Above_Field_Capacity_Is_Refused_And_An_Equal_One_Passes)
 {
     Document.SZE_Horizons = 2;

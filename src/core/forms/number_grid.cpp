@@ -119,6 +119,7 @@ Number_Grid::Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Fun
     setAccessibleName(purpose);
     setEditTriggers(DoubleClicked | EditKeyPressed);
     setTabKeyNavigation(false);
+    horizontalHeader()->setHighlightSections(false); // bold ones would not fit
     verticalHeader()->hide();
     connect(model, &QAbstractItemModel::modelReset, &Changes, &QUndoStack::clear);
 }

@@ -1,6 +1,10 @@
 #include "scenario/forms/szenario.h"
 
+#include "core/forms/byte_edit.h"
 #include "core/forms/widgets.h"
+#include "scenario/forms/form_eros.h"
+#include "scenario/forms/form_soil_hor.h"
+#include "scenario/forms/macro.h"
 #include "scenario/forms/save_as.h"
 #include "scenario/saving.h"
 #include "scenario/scenario_fields.h"
@@ -11,7 +15,6 @@
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 namespace {
@@ -77,7 +80,7 @@ bool Szenario::Leave(const QString& name)
 {
     const std::string control = Bytes_Of(name);
     auto* box = Boxes.at(name);
-    const auto refusal = Leave_Field(Shared, control, Bytes_Of(box->text()));
+    const auto refusal = Leave_Field(Shared, control, box->Typed());
     Show_View();
     if (refusal) {
         Refuse(*refusal);
@@ -90,7 +93,7 @@ bool Szenario::Leave(const QString& name)
 // A button reached by its mnemonic leaves the focus in the box.
 bool Szenario::Leave_Current()
 {
-    const auto* box = qobject_cast<QLineEdit*>(focusWidget());
+    const auto* box = qobject_cast<Byte_Edit*>(focusWidget());
     return !box || !Boxes.contains(box->objectName()) || Leave(box->objectName());
 }
 
@@ -118,19 +121,29 @@ void Szenario::Horizons()
 {
     if (!Leave_Current())
         return;
-    if (const auto refusal = Check_Open_Horizons(Bytes_Of(Boxes.at("Text_nhor")->text())))
+    if (const auto refusal = Check_Open_Horizons(Boxes.at("Text_nhor")->Typed()))
         return Refuse(*refusal);
-    Tell_Not_Yet(Shared, "The table of soil horizons");
+    form_soil_hor form(Shared, this);
+    if (form.exec() != Accepted)
+        return;
+    Load();
+    if (!form.New_Depth())
+        return;
+    auto* depth = Boxes.at("Text_cor");
+    depth->setText(Shown(General_Text(*form.New_Depth())));
+    depth->setFocus(); // left, it becomes the core depth
 }
 
 void Szenario::Macropores()
 {
-    Tell_Not_Yet(Shared, "The form for macropore parameters");
+    if (Leave_Current() && Macro(Shared, this).exec() == Accepted)
+        Load();
 }
 
 void Szenario::Erosion_Parameters()
 {
-    Tell_Not_Yet(Shared, "The form for erosion parameters");
+    if (Leave_Current())
+        Form_eros(Shared, this).exec();
 }
 
 void Szenario::Rotation()
@@ -142,7 +155,7 @@ void Szenario::Save()
 {
     if (!Leave_Current())
         return;
-    if (const auto refusal = Prepare_Save(Shared, Bytes_Of(Boxes.at("Text_nhor")->text())))
+    if (const auto refusal = Prepare_Save(Shared, Boxes.at("Text_nhor")->Typed()))
         return Refuse(*refusal);
     if (Save_As(Shared, Document_Kind::Scenario, Shown(Scenario_Save_Caption), Directory, this))
         QDialog::done(Accepted);
@@ -150,8 +163,8 @@ void Szenario::Save()
 
 void Szenario::done(int result)
 {
-    if (const auto* box = qobject_cast<QLineEdit*>(focusWidget()); box && Boxes.contains(box->objectName()))
-        Leave_Field(Shared, Bytes_Of(box->objectName()), Bytes_Of(box->text())); // a value that is refused holds nobody back from leaving
+    if (const auto* box = qobject_cast<Byte_Edit*>(focusWidget()); box && Boxes.contains(box->objectName()))
+        Leave_Field(Shared, Bytes_Of(box->objectName()), box->Typed()); // a value that is refused holds nobody back from leaving
     if (!May_Close(Shared, Shared.Program.SZE_Changed))
         return;
     QDialog::done(result);

@@ -8,6 +8,7 @@
 #include <map>
 #include <QDialog>
 
+class Byte_Edit;
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
@@ -15,7 +16,6 @@ class QFormLayout;
 class QGroupBox;
 class QHBoxLayout;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 // The editor of the session's scenario document. Each change goes into the document when its field is left or its option chosen.
@@ -40,7 +40,8 @@ private:
     QGroupBox* Processes();
     QGroupBox* Output();
     QHBoxLayout* Buttons();
-    QLineEdit* Edit_Box(const QString& name, const QString& purpose);
+    Byte_Edit* Register(Byte_Edit* box, const QString& purpose);
+    Byte_Edit* Number_Box(const QString& name, const QString& purpose, const QString& unit = {});
     void Add_Row(QFormLayout& rows, const QString& caption, const QString& name, const QString& unit = {});
     QButtonGroup* Options(QFormLayout& rows, const QStringList& names, const QStringList& captions, void (*choose)(Session&, int));
     QPushButton* Command(const QString& name, const QString& caption, void (Szenario::*handler)());
@@ -58,7 +59,7 @@ private:
 
     Session& Shared;
     std::filesystem::path Directory;
-    std::map<QString, QLineEdit*> Boxes;
+    std::map<QString, Byte_Edit*> Boxes;
     std::vector<QWidget*> Layer_Widgets, Kc_Widgets, DOC_Widgets;
     std::array<std::vector<QWidget*>, 2> Depth_Widgets;
     QButtonGroup *Button_Delxflg = nullptr, *Dispersion = nullptr, *Hydraulic_Options = nullptr, *Wasserfluss = nullptr;

@@ -1,3 +1,4 @@
+#include "core/forms/number_edit.h"
 #include "core/forms/widgets.h"
 #include "scenario/forms/szenario.h"
 #include "scenario/scenario_view.h"
@@ -9,7 +10,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -19,29 +19,28 @@ constexpr int Box_Width = 12; // in characters
 
 } // namespace
 
-QLineEdit* Szenario::Edit_Box(const QString& name, const QString& purpose)
+Byte_Edit* Szenario::Register(Byte_Edit* box, const QString& purpose)
 {
-    auto* box = Named(new QLineEdit, name);
     box->setAccessibleName(purpose);
     box->installEventFilter(this);
-    Boxes[name] = box;
+    Boxes[box->objectName()] = box;
     return box;
 }
 
-// A row of a caption, a box and a unit. Its widgets are found by the box again where the row can be hidden.
+Byte_Edit* Szenario::Number_Box(const QString& name, const QString& purpose, const QString& unit)
+{
+    return Register(Named(new Number_Edit(unit), name), purpose);
+}
+
+// A row of a caption and a box. Its widgets are found by the box again where the row can be hidden.
 void Szenario::Add_Row(QFormLayout& rows, const QString& caption, const QString& name, const QString& unit)
 {
     auto* label = new QLabel(caption);
-    auto* box = Edit_Box(name, QString(caption).remove("&"));
+    auto* box = Number_Box(name, QString(caption).remove("&"), unit);
     box->setMaximumWidth(fontMetrics().averageCharWidth() * Box_Width * 2);
     label->setBuddy(box);
-    auto* field = new QHBoxLayout;
-    field->addWidget(box);
-    auto* unit_label = new QLabel(unit);
-    field->addWidget(unit_label);
-    field->addStretch(1);
-    rows.addRow(label, field);
-    std::vector<QWidget*> widgets = {label, box, unit_label};
+    rows.addRow(label, box);
+    std::vector<QWidget*> widgets = {label, box};
     if (name == "Text_num")
         Layer_Widgets = widgets;
     if (name.startsWith("Text_et_"))
@@ -78,7 +77,7 @@ QPushButton* Szenario::Command(const QString& name, const QString& caption, void
 void Szenario::Lay_Out()
 {
     auto* title = new QFormLayout;
-    title->addRow("&Title", Edit_Box("Text_tit", "Title"));
+    title->addRow("&Title", Register(Named(new Byte_Edit, "Text_tit"), "Title"));
     auto* left = new QVBoxLayout;
     for (auto* group : {Soil(), Compartments(), Hydraulics()})
         left->addWidget(group);
@@ -105,7 +104,7 @@ QGroupBox* Szenario::Soil()
     rows->addRow(Command("Command4", "Soil &Horizon Parameters", &Szenario::Horizons));
     Add_Row(*rows, "&Geogr. Latitude:", "Text_geo", QString::fromUtf8("°"));
     Add_Row(*rows, "&Factor for Snow Melt:", "Text_sfac");
-    auto* uptake = Named(new QLineEdit, "Text_peup");
+    auto* uptake = Named(new Number_Edit, "Text_peup");
     uptake->setMaximumWidth(fontMetrics().averageCharWidth() * Box_Width * 2);
     rows->addRow("Pesticide &Uptake Factor:", uptake);
     connect(uptake, &QLineEdit::textEdited, this, [this] { Shared.Program.SZE_Changed = true; });
@@ -206,7 +205,7 @@ QGroupBox* Szenario::Output()
         frequency->setAccessibleName("Frequency of Output: " + kinds[kind]);
         grid->addWidget(new QLabel(kinds[kind]), i + 1, 0);
         grid->addWidget(frequency, i + 1, 1);
-        grid->addWidget(Edit_Box(QString("Text%1_freq").arg(i + 1), "Output for every how many layers: " + kinds[kind]), i + 1, 2);
+        grid->addWidget(Number_Box(QString("Text%1_freq").arg(i + 1), "Output for every how many layers: " + kinds[kind]), i + 1, 2);
         connect(frequency, &QPushButton::clicked, this, [this, i] {
             Switch_Frequency(Shared, static_cast<Output_Of>(i));
             Show_View();

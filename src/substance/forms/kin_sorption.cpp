@@ -2,7 +2,7 @@
 
 #include "core/forms/number_edit.h"
 #include "core/forms/widgets.h"
-#include "substance/forms/done_cancel.h"
+#include "core/forms/done_cancel.h"
 
 #include <QFocusEvent>
 #include <QGridLayout>

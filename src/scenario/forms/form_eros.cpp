@@ -1,0 +1,38 @@
+#include "scenario/forms/form_eros.h"
+
+#include "core/forms/done_cancel.h"
+#include "core/forms/number_edit.h"
+#include "scenario/erosion.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
+{
+    setObjectName("Form_eros");
+    setWindowTitle("Erosion parameters");
+    constexpr std::array<const char*, 5> captions = {"Soil &erodibility:", "&Slope:", "&Management:", "&Area:", "&Duration of rain storm:"};
+    constexpr std::array<const char*, 5> units = {"", "", "", "ha", "h"};
+    auto* group = new QGroupBox("Factors of the MUSLE");
+    auto* rows = new QFormLayout(group);
+    const auto texts = Show_Erosion(Shared.Scenario);
+    for (std::size_t i = 0; i < Factors.size(); ++i) {
+        Factors[i] = Named(new Number_Edit(units[i]), QString("Text%1_er").arg(i + 1));
+        Factors[i]->setText(Shown(texts[i]));
+        rows->addRow(captions[i], Factors[i]);
+    }
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(group);
+    all->addStretch(1);
+    all->addWidget(Done_And_Cancel(*this, &Form_eros::Accept, "Command1", "&OK"));
+}
+
+void Form_eros::Accept()
+{
+    Erosion_Texts texts;
+    for (std::size_t i = 0; i < Factors.size(); ++i)
+        texts[i] = Factors[i]->Typed();
+    Take_Over_Erosion(Shared, texts);
+    accept();
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/session.h"
+
+#include <array>
+#include <QDialog>
+
+class Number_Edit;
+
+// The factors of the erosion equation.
+class Form_eros : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit Form_eros(Session& session, QWidget* parent = nullptr);
+
+private:
+    void Accept();
+
+    Session& Shared;
+    std::array<Number_Edit*, 5> Factors{}; // Text1_er to Text5_er
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/session.h"
+#include "scenario/horizon_grid.h"
+
+#include <optional>
+#include <QDialog>
+
+class Number_Grid;
+class Profile_View;
+class QLabel;
+class Text_Grid_Model;
+
+// The table of the soil horizons with the profile beside it.
+class form_soil_hor : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit form_soil_hor(Session& session, QWidget* parent = nullptr);
+
+    // After its acceptance: the sum of thickness (cm) if it differs from the core depth.
+    std::optional<double> New_Depth() const { return Sum; }
+
+private:
+    void Lay_Out();
+    Horizon_Grid Entered() const;
+    void Show_Profile();
+    void Accept();
+
+    Session& Shared;
+    Horizon_Grid Loaded;
+    std::optional<double> Sum;
+    Text_Grid_Model* Model = nullptr;
+    Number_Grid* Grid_nhor = nullptr;
+    Profile_View* Profile = nullptr;
+    QLabel* Caption = nullptr;
+};

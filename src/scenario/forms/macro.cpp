@@ -1,0 +1,40 @@
+#include "scenario/forms/macro.h"
+
+#include "core/forms/done_cancel.h"
+#include "core/forms/number_edit.h"
+
+#include <QFormLayout>
+#include <QVBoxLayout>
+
+Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
+{
+    setObjectName("Macro");
+    setWindowTitle("Macropore Parameters");
+    constexpr std::array<const char*, 3> names = {"S_Ic", "S_fmac", "S_depma"};
+    constexpr std::array<const char*, 3> captions = {
+        "&Threshould rainflow that generates macropore flow (cm): ", "&Fraction of excess rainflow routed into macropores:", "&Macropore depth (cm):"};
+    auto* rows = new QFormLayout;
+    for (std::size_t i = 0; i < Fields.size(); ++i)
+        rows->addRow(captions[i], Fields[i] = Named(new Number_Edit, names[i]));
+    Show_Texts(Show_Macropores(Shared.Scenario));
+
+    auto* buttons = Done_And_Cancel(*this, &Macro::Accept, "Command1", "&OK");
+    auto* reset = Push_Button("Reset", "&Default Values", this, [this] { Show_Texts(Default_Macropores()); });
+    buttons->addButton(reset, QDialogButtonBox::ResetRole);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(rows);
+    all->addStretch(1);
+    all->addWidget(buttons);
+}
+
+void Macro::Show_Texts(const Macropore_Texts& texts)
+{
+    for (std::size_t i = 0; i < Fields.size(); ++i)
+        Fields[i]->setText(Shown(texts[i]));
+}
+
+void Macro::Accept()
+{
+    Take_Over_Macropores(Shared, {Fields[0]->Typed(), Fields[1]->Typed(), Fields[2]->Typed()});
+    accept();
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/session.h"
+#include "scenario/macropores.h"
+
+#include <QDialog>
+
+class Number_Edit;
+
+// The parameters of macropore flow.
+class Macro : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit Macro(Session& session, QWidget* parent = nullptr);
+
+private:
+    void Show_Texts(const Macropore_Texts& texts);
+    void Accept();
+
+    Session& Shared;
+    std::array<Number_Edit*, 3> Fields{}; // S_Ic, S_fmac, S_depma
+};
