@@ -28,6 +28,8 @@
 #include "scenario/forms/klimagrafik.h"
 #include "scenario/forms/szenario.h"
 #include "substance/forms/deg_dat.h"
+#include "substance/forms/form_appgrid.h"
+#include "substance/forms/form_hor.h"
 #include "substance/forms/form_met.h"
 #include "substance/forms/form_psm_1.h"
 #include "substance/forms/form_psm_open.h"
@@ -35,6 +37,7 @@
 #include "substance/forms/kin_sorption.h"
 #include "substance/forms/koc_ph.h"
 #include "substance/forms/plant_app.h"
+#include "substance/horizon_table.h"
 #include "substance/pesticide_editor.h"
 #include "temporary_directory.h"
 #include "window_test.h"
@@ -146,6 +149,17 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<Form_PSM_1>("form_psm_1", Installation()),
         Plain_Transformation("deg_dat_active_substance", 1),
         Plain_Transformation("deg_dat_metabolite", 6),
+        {"form_hor",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             Reset_Horizon_Table(session.Pesticide, 5);
+             return std::make_unique<Form_hor>(session, 1, 5);
+         }},
+        Plain<Form_hor>("form_hor_d2", 9, 3),
+        {"form_appgrid",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Run.App_Current_Location = 1;
+             return std::make_unique<Form_appgrid>(session, "26", Application_Method::Soil);
+         }},
         Plain<KOC_PH>("koc_ph", 1, "120"),
         Plain<kin_Sorption>("kin_sorption", 1),
         Plain<Plant_App>("plant_app", Application_Method::Exponential),

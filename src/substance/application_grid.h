@@ -1,6 +1,7 @@
 #pragma once
 
-#include "core/grid_keys.h"
+#include "core/message.h"
+#include "core/session.h"
 #include "substance/application_view.h"
 
 #include <array>
@@ -29,14 +30,21 @@ Application_Grid Load_Application_Grid(const Session& session, std::string_view 
 // year 9999. Day, month, year and hour take digits only.
 std::string Application_Cell_After_Key(std::string cell, int column, int key_code);
 
-// Whether a cell takes a text that comes in one piece.
+// Whether a cell takes a text that comes in one piece: empty, or a number from end to end within the bounds of the keys.
 bool Application_Cell_Takes(int column, std::string_view text);
 
 // "Same Fractions for all applications": that of the first row.
 void Same_Fractions(Application_Grid& grid);
 
-// Every application has a day, month, year and rate, and lies behind the one before it.
-std::optional<Refusal> Check_Application_Grid(const Application_Grid& grid);
+// What is wrong with a grid, and the cell to go back to.
+struct Grid_Refusal {
+    Message Text;
+    int Row = 0, Column = 0;
+    bool operator==(const Grid_Refusal&) const = default;
+};
 
-// "OK": checks, stores all rows in the location under edit, and finds its pattern.
-std::optional<Refusal> Accept_Application_Grid(Session& session, const Application_Grid& grid, Application_Method method);
+// Every application has a day, month, year and rate, and lies behind the one before it.
+std::optional<Grid_Refusal> Check_Application_Grid(const Application_Grid& grid);
+
+// "OK": checks, stores all rows in the location under edit, marks the document as changed, and finds the location's pattern.
+std::optional<Grid_Refusal> Accept_Application_Grid(Session& session, const Application_Grid& grid, Application_Method method);

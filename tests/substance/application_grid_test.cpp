@@ -12,9 +12,9 @@ Application_Row Row(const char* day, const char* month, const char* year, const 
     return {"", day, month, year, "0", rate, "2", fraction};
 }
 
-Refusal No_Value(const char* text)
+Grid_Refusal No_Value(const char* text, int row, int column)
 {
-    return {{"Application Value Check", text}, "AppGrid"};
+    return {{"Application Value Check", text}, row, column};
 }
 
 using Single_Applications = Application_Session;
@@ -65,6 +65,8 @@ TEST_F(Single_Applications, Take_Numbers_With_Point_And_Minus_Behind_The_Date_On
     EXPECT_EQ(Application_Cell_After_Key("3", 5, Key_Back), "3");
     EXPECT_TRUE(Application_Cell_Takes(5, "1.5E-3"));
     EXPECT_FALSE(Application_Cell_Takes(5, "1,5"));
+    EXPECT_FALSE(Application_Cell_Takes(5, "1-2"));
+    EXPECT_FALSE(Application_Cell_Takes(5, "E"));
     EXPECT_FALSE(Application_Cell_Takes(1, "32"));
     EXPECT_TRUE(Application_Cell_Takes(1, ""));
 }
@@ -90,17 +92,17 @@ TEST_F(Single_Applications, Take_The_Fraction_Of_The_First_For_All)
 
 TEST_F(Single_Applications, Need_A_Day_Month_Year_And_Rate)
 {
-    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1"), Row("", "5", "2")}), No_Value("Application 2 - Day -  has no value."));
-    EXPECT_EQ(Check_Application_Grid({Row("1", "0", "1")}), No_Value("Application 1 - Month -  has no value."));
-    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "")}), No_Value("Application 1 - Year -  has no value."));
-    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1", "0")}), No_Value("Application 1 - App. rate -  has no value."));
-    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1", "abc")}), No_Value("Application 1 - App. rate -  has no value."));
+    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1"), Row("", "5", "2")}), No_Value("Application 2 - Day -  has no value.", 1, 1));
+    EXPECT_EQ(Check_Application_Grid({Row("1", "0", "1")}), No_Value("Application 1 - Month -  has no value.", 0, 2));
+    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "")}), No_Value("Application 1 - Year -  has no value.", 0, 3));
+    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1", "0")}), No_Value("Application 1 - App. rate -  has no value.", 0, 5));
+    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1", "abc")}), No_Value("Application 1 - App. rate -  has no value.", 0, 5));
     EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1")}), std::nullopt); // the hour may be 0
 }
 
 TEST_F(Single_Applications, Lie_Behind_One_Another)
 {
-    const auto wrong = [](const char* text) { return Refusal{{"Application Date Check", text}, "AppGrid"}; };
+    const auto wrong = [](const char* text) { return Grid_Refusal{{"Application Date Check", text}, 1, 1}; };
     const auto* pair = "Application dates must be in chronological order.\r\n     Check Application 1 and 2.";
 
     EXPECT_EQ(Check_Application_Grid({Row("1", "5", "2"), Row("2", "6", "1")}), wrong(pair));
@@ -140,6 +142,7 @@ TEST_F(Single_Applications, Are_Stored_Row_By_Row)
     EXPECT_EQ(Accept_Application_Grid(Shared, grid, Application_Method::Manually), std::nullopt);
 
     EXPECT_EQ(Document.App_Count[1], Variant(2));
+    EXPECT_TRUE(Shared.Program.PSM_Changed);
     EXPECT_EQ(At(1), (Application{3, 4, 5, 0.25, 8, 60, 0.5, 9}));
     EXPECT_EQ(At(2).App_Frpex, 70);
     EXPECT_EQ(At(2).App_Time, 0);

@@ -198,6 +198,16 @@ void Number_Grid::Change_Cell(int row, int column, const std::string& text)
     Apply(std::move(changes), false);
 }
 
+void Number_Grid::Change_Block(int row, int column, const Grid_Block& cells)
+{
+    std::vector<Change> changes;
+    for (std::size_t r = 0; r < cells.size(); ++r) {
+        for (std::size_t c = 0; c < cells[r].size(); ++c)
+            Add_Change(changes, row + static_cast<int>(r), column + static_cast<int>(c), cells[r][c]);
+    }
+    Apply(std::move(changes), false);
+}
+
 void Number_Grid::Add_Change(std::vector<Change>& changes, int row, int column, const std::string& text) const
 {
     auto before = Model.Cell(row, column);
@@ -274,15 +284,8 @@ void Number_Grid::Paste()
         Ask(*pasted.Refused);
         return;
     }
-    std::vector<Change> changes;
     const bool single = pasted.Cells.size() == 1 && pasted.Cells[0].size() == 1 && block.width() == 1;
-    for (int r = 0; single && r < block.height(); ++r)
-        Add_Change(changes, block.top() + r, block.left(), pasted.Cells[0][0]);
-    for (std::size_t r = 0; !single && r < pasted.Cells.size(); ++r) {
-        for (std::size_t c = 0; c < pasted.Cells[r].size(); ++c)
-            Add_Change(changes, block.top() + static_cast<int>(r), block.left() + static_cast<int>(c), pasted.Cells[r][c]);
-    }
-    Apply(std::move(changes), false);
+    Change_Block(block.top(), block.left(), single ? Grid_Block(static_cast<std::size_t>(block.height()), pasted.Cells[0]) : pasted.Cells);
 }
 
 void Number_Grid::Fill_Down()

@@ -25,6 +25,9 @@ public:
     // Stores a text in a cell as a change that can be undone.
     void Change_Cell(int row, int column, const std::string& text);
 
+    // The same for the cells from a place on: one change.
+    void Change_Block(int row, int column, const Grid_Block& cells);
+
     void Undo() { Changes.undo(); }
     void Redo() { Changes.redo(); }
     void Copy();

@@ -2,6 +2,7 @@
 
 #include "core/forms/number_edit.h"
 #include "core/forms/widgets.h"
+#include "substance/forms/form_hor.h"
 #include "substance/forms/kin_sorption.h"
 #include "substance/forms/koc_ph.h"
 
@@ -245,5 +246,5 @@ void Substance_Fields::Edit_Kinetics()
 void Substance_Fields::Edit_Horizons()
 {
     if (Leave_Horizons())
-        Shared.Ask({"ORVELSUITE", "The table of depth dependent values is not part of this version yet.", Icon::Information});
+        Form_hor(Shared, Substance, Horizons_Typed(Entry()), &Form).exec();
 }

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 
 namespace {
 
@@ -172,6 +173,23 @@ TEST_F(Form_MET_Test, Only_Individual_Values_Have_Horizons)
     EXPECT_FALSE(Enabled("Option_koc1"));
     EXPECT_FALSE(Enabled("Option_koc2"));
     EXPECT_TRUE(Chosen("Option_koc2"));
+}
+
+TEST_F(Form_MET_Test, The_Table_Of_Depth_Dependent_Values_Opens_With_The_Number_Of_Horizons_Typed)
+{
+    Open(3);
+    Choose_Option(*Form, "tiefenabhaengig_2");
+    Retype(*Form, "Text_nhor", "4");
+
+    int rows = 0;
+    In_Modal([&rows](QWidget& form) {
+        rows = Find<QTableView>(form, "GridHor")->model()->rowCount();
+        Click<QPushButton>(form, "Command_OK");
+    });
+    Click<QPushButton>(*Form, "Command_hor");
+
+    EXPECT_EQ(rows, 4);
+    EXPECT_EQ(Document.N_Horizons.Number(), 4);
 }
 
 TEST_F(Form_MET_Test, A_Number_Of_Horizons_Typed_Anew_Resets_The_Table_Even_For_The_Same_Number)

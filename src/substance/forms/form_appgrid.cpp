@@ -1,0 +1,82 @@
+#include "substance/forms/form_appgrid.h"
+
+#include "core/forms/number_grid.h"
+#include "core/forms/widgets.h"
+#include "substance/forms/done_cancel.h"
+
+#include <algorithm>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int Characters = 9; // of a column
+constexpr Grid_Rule Application_Grid_Rule = {Application_Cell_After_Key, Application_Cell_Takes};
+
+Grid_Block Cells_Of(const Application_Grid& grid)
+{
+    Grid_Block cells;
+    for (const auto& row : grid)
+        cells.emplace_back(row.begin(), row.end());
+    return cells;
+}
+
+} // namespace
+
+Form_appgrid::Form_appgrid(Session& session, const std::string& text_naps, Application_Method method, QWidget* parent)
+    : QDialog(parent),
+      Shared(session),
+      Method(method)
+{
+    setObjectName("Form_appgrid");
+    setWindowTitle("Application Data");
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    Lay_Out();
+    Show_Grid(Load_Application_Grid(Shared, text_naps, Method));
+    AppGrid->Fit_Columns(Characters);
+    AppGrid->Go_To(0, Grid_Column::Day);
+}
+
+void Form_appgrid::Lay_Out()
+{
+    Model = new Text_Grid_Model(this);
+    AppGrid = Named(new Number_Grid(Model, Application_Grid_Rule, Shared.Ask, "Applications"), "AppGrid");
+    auto* below = new QHBoxLayout;
+    below->addWidget(Push_Button("Command1", "&Same Fractions for all applications", this, &Form_appgrid::Take_Same_Fractions));
+    below->addStretch(1);
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(AppGrid, 1);
+    all->addLayout(below);
+    all->addWidget(Done_And_Cancel(*this, &Form_appgrid::Accept, "CommandOK", "&OK"));
+}
+
+void Form_appgrid::Show_Grid(const Application_Grid& grid)
+{
+    std::vector<Number_Column> columns;
+    for (const auto header : Application_Grid_Headers(Method))
+        columns.push_back({std::string(header), !columns.empty()});
+    Model->Show(std::move(columns), Cells_Of(grid));
+}
+
+Application_Grid Form_appgrid::Grid() const
+{
+    Application_Grid grid;
+    for (const auto& cells : Model->Cells())
+        std::copy_n(cells.begin(), Grid_Columns, grid.emplace_back().begin());
+    return grid;
+}
+
+void Form_appgrid::Take_Same_Fractions()
+{
+    auto grid = Grid();
+    Same_Fractions(grid);
+    AppGrid->Change_Block(0, 0, Cells_Of(grid));
+}
+
+void Form_appgrid::Accept()
+{
+    const auto refusal = Accept_Application_Grid(Shared, Grid(), Method);
+    if (!refusal)
+        return accept();
+    Shared.Ask(refusal->Text);
+    AppGrid->Go_To(refusal->Row, refusal->Column);
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "substance/depth_grid.h"
+
+#include <QDialog>
+
+class Number_Grid;
+class QLabel;
+class Text_Grid_Model;
+
+// The depth dependent values of a substance: a row a horizon.
+class Form_hor : public QDialog {
+    Q_OBJECT
+
+public:
+    // Substance i, 1 to 9, with as many rows as the substance form asks for.
+    Form_hor(Session& session, int i, int rows, QWidget* parent = nullptr);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void Lay_Out();
+    QWidget* Headings();
+    void Place_Headings();
+    void Show_Grid(const Depth_Grid& grid);
+    Depth_Grid Grid() const;
+    void Take_Default();
+    void Accept();
+
+    Session& Shared;
+    int Substance;
+    std::vector<std::string> Default_Factors;
+    QLabel *Kf_Heading = nullptr, *Factor_Heading = nullptr, *Default_Note = nullptr;
+    Text_Grid_Model* Model = nullptr;
+    Number_Grid* GridHor = nullptr;
+};
