@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int Columns_Shown = 92;
+constexpr int Columns_Shown = 108;
 constexpr int Lines_Shown = 36;
 
 } // namespace

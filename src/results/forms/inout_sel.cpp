@@ -35,7 +35,8 @@ QString Shown_As(const std::filesystem::path& path)
 
 QShortcut* On_Return(QWidget& list)
 {
-    auto* shortcut = new QShortcut(QKeySequence(Qt::Key_Return), &list);
+    auto* shortcut = new QShortcut(&list);
+    shortcut->setKeys(QList<QKeySequence>{QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
     shortcut->setContext(Qt::WidgetShortcut);
     return shortcut;
 }
@@ -192,6 +193,7 @@ void inout_sel::Show_Utility_Table(Utility utility)
     if (Is_Due(utility, Directory)) {
         Utility_At_Work = Start_Utility(Shared, utility, Directory);
         if (Utility_At_Work) {
+            Utility_Place = Directory;
             Nachricht->setText(Shown("Please wait! " + std::string(Names_Of(utility).Program) + " is making the table."));
             Timer1.start(Poll_Interval);
         }
@@ -208,7 +210,9 @@ void inout_sel::Tick()
         return;
     Timer1.stop();
     Utility_At_Work.reset();
-    const std::string told = Take_Utility_Log(Directory);
+    const std::string told = Take_Utility_Log(Utility_Place);
+    if (Utility_Place != Directory)
+        return;
     Nachricht->setText(*code == 0 ? "The table is ready. Please click again to see it." : Shown("The table could not be made. " + told));
     List_Files_Of_Directory();
 }

@@ -41,7 +41,8 @@ private:
 
     Session& Shared;
     std::filesystem::path Directory;
-    std::optional<int> Utility_At_Work; // its process
+    std::optional<int> Utility_At_Work;  // its process
+    std::filesystem::path Utility_Place; // where it works: the user may have gone elsewhere
     QComboBox* Laufwerk = nullptr;
     QLabel *Pfad = nullptr, *Nachricht = nullptr;
     QListWidget* Verzeichnisliste = nullptr;

@@ -141,6 +141,65 @@ TEST_F(inout_sel_Test, A_Double_Click_Goes_Into_A_Directory_And_Back)
     EXPECT_EQ(Find<QLabel>(*Form, "Pfad")->text().toStdString(), Place.Path().string());
 }
 
+TEST_F(inout_sel_Test, Return_And_Enter_Act_As_A_Double_Click_On_The_Entry_At_Hand)
+{
+    fs::create_directories(Place / "Run_1");
+    Write_File(Place / "Run_1" / "old.psm", "old pesticide\r\n");
+    Open();
+    auto* directories = Find<QListWidget>(*Form, "Verzeichnisliste");
+    // Keys go to the active window.
+    const auto go_to = [&](QListWidget* list, int row) {
+        Form->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(Form.get()));
+        list->setFocus();
+        list->setCurrentRow(row);
+    };
+
+    go_to(directories, 1);
+    QTest::keyClick(directories, Qt::Key_Return);
+    EXPECT_EQ(Entries("File_psm"), QStringList{"old.psm"});
+
+    auto* files = Find<QListWidget>(*Form, "File_psm");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        go_to(files, 0);
+        const auto [name, text] = Opened_By([&] { QTest::keyClick(files, key); });
+        EXPECT_EQ(name, "Form_filetext");
+        EXPECT_EQ(text, "old pesticide\n");
+    }
+
+    go_to(directories, 0);
+    QTest::keyClick(directories, Qt::Key_Enter);
+    EXPECT_EQ(Entries("Verzeichnisliste"), (QStringList{"..", "Run_1"}));
+}
+
+TEST_F(inout_sel_Test, Return_Without_An_Entry_At_Hand_Does_Nothing)
+{
+    Open();
+    auto* files = Find<QListWidget>(*Form, "File_cli");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Form.get()));
+    files->setFocus();
+
+    QTest::keyClick(files, Qt::Key_Return);
+
+    EXPECT_FALSE(QApplication::activeModalWidget());
+    EXPECT_TRUE(Form->isVisible());
+}
+
+TEST_F(inout_sel_Test, A_Table_That_Cannot_Be_Made_Is_Told_With_The_Utilitys_Sentence)
+{
+    Put_Run("YEAR");
+    Write_File(Place / "wyear.exe", "#!/bin/sh\necho The file plot.orv is damaged. >&2\nexit 1\n");
+    fs::permissions(Place / "wyear.exe", fs::perms::owner_all);
+    Open();
+
+    Click<QPushButton>(*Form, "S_Jaehrlich");
+
+    const auto* told = Find<QLabel>(*Form, "Nachricht");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !told->text().startsWith("Please wait"); }));
+    EXPECT_EQ(told->text(), "The table could not be made. The file plot.orv is damaged.");
+    EXPECT_FALSE(fs::exists(Place / "utility.log"));
+}
+
 TEST_F(inout_sel_Test, Yearly_Makes_The_Table_First_And_Shows_It_At_The_Next_Click)
 {
     Put_Run("YEAR");

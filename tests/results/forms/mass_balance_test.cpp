@@ -1,5 +1,6 @@
 #include "results/forms/mass_balance.h"
 
+#include "results/engine_files.h"
 #include "results/leachate_run.h"
 #include "window_test.h"
 
@@ -67,6 +68,13 @@ TEST_F(Mass_Balance_Test, The_Months_Can_Be_Opened_Only_Where_The_Echo_Tells_Of_
 TEST_F(Mass_Balance_Test, By_Month_Opens_The_Monthly_Tables_Of_The_Same_Run)
 {
     const Leachate_Run run(With_Output("MNTH"));
+    Write_File(run / "Wasser.orv", Water_Block({.Kind = "MONTHLY", .Precipitation = "7.5000", .Irrigation = "0.5000", .Recharge = "2.00000"}) +
+                                       Water_Block({.Kind = "MONTHLY", .Precipitation = "4.0000", .Recharge = "1.50000"}) +
+                                       Water_Block({.Precipitation = "99.0000"}) + End_Of_Output());
+    Write_File(
+        run / "chem.orv",
+        Chem_Block({.Kind = "MONTHLY", .Application = {{1, "5.00000E-01"}}, .Decay = "2.00000E-01", .Volatilization = "0.00000E+00", .Bottom = "1.00000E-01"}) +
+            Chem_Block({.Application = {{1, "9.90000E+01"}}}) + End_Of_Output());
     Open(run);
     QString name, caption, water, pesticide;
     QTimer::singleShot(0, [&] {
@@ -83,9 +91,29 @@ TEST_F(Mass_Balance_Test, By_Month_Opens_The_Monthly_Tables_Of_The_Same_Run)
 
     EXPECT_EQ(name, "Mass_Balance_USER");
     EXPECT_EQ(caption, "Table of Monthly Water Balance");
-    EXPECT_TRUE(water.contains("Monthly Water Balance (L/m²)")) << water.toStdString();
-    EXPECT_TRUE(pesticide.contains("Monthly Pesticide Balance (g/ha)") || !pesticide.contains("Annual")) << pesticide.toStdString();
-    EXPECT_FALSE(std::filesystem::exists(run / "MBalance_M.orv")); // without its water file the run is shown, not kept
+    // The rows of the two months and nothing of the year: storage is what is left of 75 + 5 - 20 and of 40 - 15 L/m2.
+    EXPECT_TRUE(water.endsWith("\tMonthly Water Balance (L/m²)\n\n"
+                               "\tMonth  \tPrecipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage\n"
+                               "\t1       \t75.0000  \t5.0000000\t0.00E+00 \t0.00E+00 \t20.0000  \t60.0000  \n"
+                               "\t2       \t40.0000  \t0.00E+00 \t0.00E+00 \t0.00E+00 \t15.0000  \t25.0000  \n"))
+        << water.toStdString();
+    EXPECT_TRUE(pesticide.contains("\tMonthly Pesticide Balance (g/ha)\n")) << pesticide.toStdString();
+    EXPECT_TRUE(pesticide.contains("\t1       \t500.000  \t0.00E+00 \t0.00E+00 \t0.00E+00 \t200.000  \t100.000  \t200.000   \n")) << pesticide.toStdString();
+    EXPECT_FALSE(pesticide.contains("\t2   ")) << pesticide.toStdString();
+    EXPECT_TRUE(std::filesystem::exists(run / "MBalance_M.orv"));
+    EXPECT_TRUE(std::filesystem::exists(run / "PBalance_M.orv"));
+}
+
+TEST_F(Mass_Balance_Test, Months_Of_A_Run_Without_Its_Water_File_Are_Shown_And_Not_Kept)
+{
+    const Leachate_Run run(With_Output("MNTH"));
+    Open(run, Balance_View::Monthly);
+
+    EXPECT_EQ(Form->windowTitle(), "Table of Monthly Water Balance");
+    EXPECT_TRUE(Text(0).contains("\tMonthly Water Balance (L/m²)\n")) << Text(0).toStdString();
+    EXPECT_TRUE(Find<QWidget>(*Form, "Nachricht")->isVisible());
+    EXPECT_FALSE(std::filesystem::exists(run / "MBalance_M.orv"));
+    EXPECT_FALSE(std::filesystem::exists(run / "PBalance_M.orv"));
 }
 
 TEST_F(Mass_Balance_Test, A_Run_Without_Output_Says_Why_Its_Table_Ends_Early)
