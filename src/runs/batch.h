@@ -61,5 +61,9 @@ std::optional<int> Job_Exit_Code(int process);
 // Deletes a pesticide file of the installation directory after asking. False: kept, or it could not be deleted and the user has been told.
 bool Delete_Pesticide(Session& session, std::string_view pesticide);
 
+// Takes runs out of the pending batch, which goes with its last one; those that it does not name make no difference. Throws File_Error; then the
+// batch is as it was.
+void Take_Out_Of_Batch(Session& session, const Mode& mode, const std::vector<std::filesystem::path>& run_directories);
+
 // The notice under the run button.
 extern const std::string_view Run_Button_Notice;

@@ -141,6 +141,28 @@ Mark_Result Mark_For_Batch(Session& session, const Mode& mode, const Run_Choice&
     }
 }
 
+void Take_Out_Of_Batch(Session& session, const Mode& mode, const std::vector<fs::path>& run_directories)
+{
+    if (!Batch_Pending(session, mode))
+        return;
+    const auto turn = Take_Turn(session);
+    if (!turn)
+        throw File_Error("Another program is preparing simulations in this installation. Please try again when it has finished.");
+    const fs::path directory = Mode_Directory(session, mode), batch = Found_Or_New(directory, "batch.bat");
+    const auto jobs = Parse_Job(Read_Whole(batch));
+    const auto places = Resolve_Runs(directory, jobs);
+    std::string kept;
+    for (std::size_t i = 0; i < jobs.size(); ++i) {
+        if (std::ranges::find(run_directories, places[i]) == run_directories.end())
+            kept += Format_Job_Run(jobs[i].Directory, jobs[i].Engine, kept.empty());
+    }
+    if (kept.empty() && !fs::remove(batch))
+        throw File_Error("The pending batch " + batch.string() + " cannot be removed.");
+    if (!kept.empty())
+        Write_Whole(batch, kept);
+    Load_Batch(session, mode);
+}
+
 Mark_All_Result Mark_All(Session& session, const Mode& mode, const Run_Choice& choice, const std::function<void(int, int)>& progress)
 {
     Mark_All_Result result;

@@ -33,10 +33,15 @@ bool Is_In_Place(const fs::path& run)
     return true;
 }
 
+bool May_Be_Removed(const fs::path& run)
+{
+    return Is_In_Place(run) && !Is_At_Work(run);
+}
+
 // Deletes the files, then the directory: one that holds another directory stays. False: it is still there.
 bool Remove_Run(const fs::path& run)
 {
-    if (!Is_In_Place(run) || Is_At_Work(run))
+    if (!May_Be_Removed(run))
         return false;
     std::error_code error;
     for (const auto& file : List_Files(run, "*")) {
@@ -80,12 +85,18 @@ void Clean_Leftovers(Session& session, const Mode& mode)
     }
 }
 
-int Delete_Simulations(Session& session, const std::vector<Simulation>& simulations)
-{
+int Delete_Simulations(Session& session, const Mode& mode, const std::vector<Simulation>& simulations)
+try {
     const std::string what = simulations.size() > 1 ? "these simulations" : "this simulation";
     const Message question{std::string(Deleting), "Do you really want to remove " + what + "?", Icon::Question, {Button::Yes, Button::No}, Button::Yes};
     if (simulations.empty() || session.Ask(question) != Button::Yes)
         return 0;
+    std::vector<fs::path> going;
+    for (const auto& simulation : simulations) {
+        if (May_Be_Removed(simulation.Directory))
+            going.push_back(simulation.Directory);
+    }
+    Take_Out_Of_Batch(session, mode, going); // first: a batch never names a directory that is gone
     int removed = 0;
     for (const auto& simulation : simulations) {
         const fs::path& run = simulation.Directory;
@@ -98,4 +109,7 @@ int Delete_Simulations(Session& session, const std::vector<Simulation>& simulati
         Remove_If_Empty(run.parent_path().parent_path());
     }
     return removed;
+} catch (const std::runtime_error& error) { // of the pending batch
+    session.Ask({std::string(Deleting), Shown(error.what())});
+    return 0;
 }

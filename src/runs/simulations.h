@@ -10,6 +10,7 @@
 // stay. Crop directories left empty go with them. Errors are not told.
 void Clean_Leftovers(Session& session, const Mode& mode);
 
-// Asks, then removes the simulations with the crop and pesticide directories that become empty. One that is at work stays, and the user is told; so
-// does one that is reached through a link, since nothing outside of the mode's directory is ever deleted. The number removed.
-int Delete_Simulations(Session& session, const std::vector<Simulation>& simulations);
+// Asks, then removes the simulations with the crop and pesticide directories that become empty; those that were marked are no longer part of the
+// pending batch. One that is at work stays, and the user is told; so does one that is reached through a link, since nothing outside of the
+// mode's directory is ever deleted. The number removed; 0 if the pending batch cannot be changed.
+int Delete_Simulations(Session& session, const Mode& mode, const std::vector<Simulation>& simulations);
