@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QSinglePointEvent>
 #include <QStyle>
 
 namespace {
@@ -27,8 +28,7 @@ Help_Assistant::Help_Assistant(Session& session, QWidget& form) : QObject(&form)
         Fragen[i]->setIcon(form.style()->standardIcon(pictures[i]));
         Fragen[i]->setAccessibleName(i == 0 ? "Switch the online help on" : "Switch the online help off");
         Fragen[i]->setAutoRaise(true);
-        Fragen[i]->setMouseTracking(true);
-        Fragen[i]->installEventFilter(this);
+        Watch(*Fragen[i]);
         connect(Fragen[i], &QToolButton::clicked, this, &Help_Assistant::Flip);
         row->addWidget(Fragen[i]);
     }
@@ -49,14 +49,18 @@ Help_Assistant::Help_Assistant(Session& session, QWidget& form) : QObject(&form)
 void Help_Assistant::Attach(QWidget* control, int number)
 {
     Numbers[control] = number;
-    control->setMouseTracking(true);
-    control->installEventFilter(this);
-    // The inside of a list or text gets the mouse in its place.
-    if (auto* inside = control->findChild<QWidget*>("qt_scrollarea_viewport")) {
-        Numbers[inside] = number;
-        inside->setMouseTracking(true);
-        inside->installEventFilter(this);
+    Watch(*control);
+    // The inside of a list and the controls in a frame get the mouse in its place.
+    for (auto* inside : control->findChildren<QWidget*>()) {
+        if (Numbers.try_emplace(inside, number).second)
+            Watch(*inside);
     }
+}
+
+void Help_Assistant::Watch(QWidget& widget)
+{
+    widget.setMouseTracking(true);
+    widget.installEventFilter(this);
 }
 
 bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
@@ -64,9 +68,13 @@ bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::MouseMove && event->type() != QEvent::Enter)
         return false;
     const auto* control = static_cast<const QWidget*>(watched);
+    // A move that a control leaves alone, because it is off or a label, comes to its frame as well.
+    const auto* inside = control->childAt(static_cast<QSinglePointEvent*>(event)->position().toPoint());
+    if (inside && Numbers.contains(inside))
+        return false;
     if (const auto found = Numbers.find(watched); found != Numbers.end()) {
         if (Shared.Program.Online_Help)
-            Show_Help(*control, Shown(Help_Text_Of(Shared, found->second)).trimmed());
+            Show_Help(*control, Shown(Help_Text_Of(Shared, found->second)).remove('\r').trimmed());
     } else {
         Show_Help(*control, Shared.Program.Online_Help ? On_Hint : Off_Hint); // needs no file and works with the help off
     }

@@ -16,6 +16,7 @@ class Help_Assistant : public QObject {
 public:
     Help_Assistant(Session& session, QWidget& form);
 
+    // What stands in a frame has the frame's text, unless it is attached itself.
     void Attach(QWidget* control, int number);
     QWidget* Switch() { return Switches; } // to be laid out by the form
 
@@ -23,6 +24,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void Watch(QWidget& widget);
     void Flip();
     void Show_Switches();
     void Show_Help(const QWidget& control, const QString& text);

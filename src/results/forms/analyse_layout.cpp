@@ -102,8 +102,11 @@ void Analyse::Attach_Help()
 {
     const auto series = [&](const char* name) { return Series->findChild<QWidget*>(name); };
     const std::initializer_list<std::pair<QWidget*, int>> controls = {{Label1, 15},
+                                                                      {Pestizidverzeichnis, 15},
                                                                       {Label4, 16},
+                                                                      {Kulturverzeichnis, 16},
                                                                       {Label6, 17},
+                                                                      {Szenarioverzeichnis, 17},
                                                                       {Datum, 18},
                                                                       {Liste, 19},
                                                                       {Echo, 20},

@@ -1,6 +1,7 @@
 #include "results/forms/simulationsliste.h"
 
 #include "core/files.h"
+#include "core/forms/help_assistant.h"
 #include "core/forms/widgets.h"
 #include "runs/run_again.h"
 #include "runs/simulations.h"
@@ -9,12 +10,14 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScreen>
+#include <QStyle>
 #include <QTableView>
 
 namespace {
 
 constexpr int Refresh_Interval = 2000; // ms
-constexpr int Columns_Shown = 110;
+constexpr int Columns_Shown = 110;     // at least
 constexpr int Lines_Shown = 24;
 
 } // namespace
@@ -24,9 +27,11 @@ Simulationsliste::Simulationsliste(Session& session, const Mode& mode, QWidget* 
     setObjectName("Simulationsliste");
     setWindowTitle(mode.Kind == Mode_Kind::Focus ? "Table of all FOCUS-Simulations" : "Table of all EFSA-Simulations");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
+    Assistant = new Help_Assistant(Shared, *this);
     Lay_Out();
     Clean_Leftovers(Shared, The_Mode);
     Refresh();
+    resize(sizeHint());
     connect(&Timer1, &QTimer::timeout, this, &Simulationsliste::Tick);
     Timer1.start(Refresh_Interval);
 }
@@ -54,7 +59,21 @@ void Simulationsliste::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addWidget(Grid1, 1);
     all->addLayout(Buttons());
-    resize(fontMetrics().averageCharWidth() * Columns_Shown, fontMetrics().lineSpacing() * Lines_Shown);
+    Assistant->Attach(Grid1, 27);
+    Assistant->Attach(Auswaehlen, 28);
+    Assistant->Attach(Loeschen, 29);
+}
+
+// As wide as its columns need, as far as the screen goes.
+QSize Simulationsliste::sizeHint() const
+{
+    const auto margins = layout()->contentsMargins();
+    const int around = margins.left() + margins.right() + 2 * Grid1->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    int columns = 0;
+    for (int column = 0; column < Simulation_Model::Columns; ++column)
+        columns += Column_Width(column);
+    const int width = std::max(fontMetrics().averageCharWidth() * Columns_Shown, columns + around);
+    return {std::min(width, screen()->availableSize().width()), fontMetrics().lineSpacing() * Lines_Shown};
 }
 
 QLayout* Simulationsliste::Buttons()
@@ -68,6 +87,7 @@ QLayout* Simulationsliste::Buttons()
     Auswaehlen = add("Auswaehlen", "&Select", &Simulationsliste::Auswaehlen_Click);
     Loeschen = add("Loeschen", "D&elete", &Simulationsliste::Loeschen_Click);
     Nochmals = add("Nochmals", "&Run failed ones again", &Simulationsliste::Nochmals_Click);
+    row->addWidget(Assistant->Switch());
     row->addStretch(1);
     Ende = add("Ende", "&Done", &QDialog::reject);
     Auswaehlen->setDefault(true);
@@ -90,12 +110,15 @@ void Simulationsliste::Refresh()
 
 void Simulationsliste::Size_Columns()
 {
-    const QFontMetrics metrics(Grid1->font());
+    for (int column = 0; column < Simulation_Model::Columns; ++column)
+        Grid1->setColumnWidth(column, Column_Width(column));
+}
+
+int Simulationsliste::Column_Width(int column) const
+{
     const int picture = Grid1->verticalHeader()->defaultSectionSize();
-    for (int column = 0; column < Simulation_Model::Columns; ++column) {
-        const bool has_picture = column == Simulation_Model::Marker || column == Simulation_Model::Status;
-        Grid1->setColumnWidth(column, metrics.horizontalAdvance(Simulations.Longest_Text(column)) + picture * (has_picture ? 2 : 1));
-    }
+    const bool has_picture = column == Simulation_Model::Marker || column == Simulation_Model::Status;
+    return QFontMetrics(Grid1->font()).horizontalAdvance(Simulations.Longest_Text(column)) + picture * (has_picture ? 2 : 1);
 }
 
 void Simulationsliste::Select_Again(const std::vector<std::filesystem::path>& runs)
@@ -150,7 +173,7 @@ void Simulationsliste::Auswaehlen_Click()
 void Simulationsliste::Loeschen_Click()
 {
     Timer1.stop();
-    Delete_Simulations(Shared, Selected());
+    Delete_Simulations(Shared, The_Mode, Selected());
     Refresh();
     Timer1.start(Refresh_Interval);
 }

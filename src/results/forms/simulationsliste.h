@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QTimer>
 
+class Help_Assistant;
 class QLayout;
 class QPushButton;
 class QTableView;
@@ -20,11 +21,14 @@ public:
     // The run directory of the simulation that was picked; empty without one.
     const std::filesystem::path& Chosen() const { return Picked; }
 
+    QSize sizeHint() const override;
+
 private:
     void Lay_Out();
     QLayout* Buttons();
     void Refresh();
     void Size_Columns();
+    int Column_Width(int column) const;
     void Select_Again(const std::vector<std::filesystem::path>& runs);
     void Selection_Changed();
     void Tick();
@@ -37,6 +41,7 @@ private:
     const Mode& The_Mode;
     Simulation_Model Simulations;
     std::filesystem::path Picked;
+    Help_Assistant* Assistant = nullptr;
     QTableView* Grid1 = nullptr;
     QPushButton *Auswaehlen = nullptr, *Loeschen = nullptr, *Nochmals = nullptr, *Ende = nullptr;
     QTimer Timer1;

@@ -99,7 +99,7 @@ TEST_F(Help_Assistant_Test, Shows_The_Text_Of_The_Control_Inside_The_Form_And_Hi
     Move_Over(Button);
 
     EXPECT_TRUE(Box().isVisible());
-    EXPECT_EQ(Box().text(), "one\r\nsecond line");
+    EXPECT_EQ(Box().text(), "one\nsecond line");
     EXPECT_TRUE(Form.rect().contains(Box().geometry()));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !Box().isVisible(); }, 3000));
 }

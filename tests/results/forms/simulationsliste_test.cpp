@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableView>
 
 namespace fs = std::filesystem;
@@ -87,6 +88,33 @@ TEST_F(Simulationsliste_Test, Tells_The_Three_States_And_The_Result)
     EXPECT_EQ(Cell(3, 6), "ERROR");
     EXPECT_FALSE(Cell(0, 4).isEmpty());
     EXPECT_TRUE(Enabled("Nochmals"));
+}
+
+TEST_F(Simulationsliste_Test, Opens_Wide_Enough_For_All_Columns)
+{
+    Write_File(Place / "focus" / "orveljob.bat", "echo off\r\n");
+    Put_Run("a_-_pesticide_-_file_-_with_-_a_-_long_-_name.run/Oil_-_seed_-_rape_-_(summer).run/Ch\xC3\xA2teaudun_-_(C)--_-_no_-_irrigation.run", "ERROR\r\n");
+    Open();
+
+    const int last = Grid().model()->columnCount() - 1;
+    const int needed = Grid().columnViewportPosition(last) + Grid().fontMetrics().horizontalAdvance("finished");
+    EXPECT_TRUE(needed <= Grid().viewport()->width() || Form->width() == Form->screen()->availableSize().width()) << needed << " " << Form->width();
+}
+
+TEST_F(Simulationsliste_Test, A_Deleted_Row_Of_The_Pending_Batch_Is_Taken_Out_Of_It)
+{
+    const std::string run = "a.run\\Maize.run\\Hamburg_-_(H).run";
+    Put_Run("a.run/Maize.run/Hamburg_-_(H).run", "");
+    Write_File(Place / "focus" / "batch.bat", "cd " + run + "\r\nif exist *.orv del *.orv\r\norvel401.exe\r\nif exist orvel401.exe del orvel401.exe\r\n");
+    Open();
+    ASSERT_EQ(Cell(0, 5), "Scheduled");
+    Click_Row(0);
+    The_User.Answers = {Button::Yes};
+
+    Click<QPushButton>(*Form, "Loeschen");
+
+    EXPECT_EQ(Grid().model()->rowCount(), 0);
+    EXPECT_FALSE(fs::exists(Place / "focus" / "batch.bat"));
 }
 
 TEST_F(Simulationsliste_Test, The_Marker_Follows_The_Selection_And_Exactly_One_Row_Can_Be_Picked)
