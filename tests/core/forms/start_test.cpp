@@ -86,20 +86,33 @@ TEST_F(Start_Test, Tells_That_The_Data_Of_A_Soil_Mode_Are_Not_Installed)
     EXPECT_EQ(The_User.Messages[1].Text, "EFSA Tier 4 scenario data not available in this installation!\r\n");
 }
 
-TEST_F(Start_Test, Opens_The_Focus_Form_Over_Itself)
+TEST_F(Start_Test, Every_Button_Opens_Its_Form_Over_Itself)
 {
+    for (const char* name : {"EFSA/T_N_wcerea.sze", "EFSA_T4/C_wcerea.sze"}) {
+        std::filesystem::create_directories((Place / name).parent_path());
+        Write_Whole(Place / name, "DEM 3 demonstration data\r\n");
+    }
     Open();
-    QString opened;
-    QTimer::singleShot(0, [&] {
-        QWidget* form = QApplication::activeModalWidget();
-        opened = form ? form->objectName() : QString();
-        if (form)
-            form->close();
-    });
+    struct Way {
+        QString Control, Form, Caption;
+        std::string Mask;
+    };
+    for (const auto& way : {Way{"Command1", "Form_PSM_Open", "Open PSM file", "*.psm"}, Way{"Command2", "Form_PSM_Open", "Open Scenario File", "*.sze"},
+                            Way{"Command6", "Form_PSM_Open", "Open Climate File", "*.cli"}, Way{"Command3", "Versionsinfo", "Release info", "*.cli"},
+                            Way{"Image1", "form_end", "Parameters for Simulation", "*.cli"}, Way{"Image2", "FOCUS", "Focus Scenarios", "*.cli"},
+                            Way{"Image3", "EFSA", "EFSA Scenarios", "*.cli"}, Way{"Image4", "EFSA_T4", "EFSA Scenarios", "*.cli"}}) {
+        QString form, caption;
+        In_Modal([&](const QWidget& opened) {
+            form = opened.objectName();
+            caption = opened.windowTitle();
+        });
 
-    Click<QToolButton>(*Form, "Image2");
+        Click<QAbstractButton>(*Form, way.Control);
 
-    EXPECT_EQ(opened, "FOCUS");
+        EXPECT_EQ(form, way.Form) << way.Control.toStdString();
+        EXPECT_EQ(caption, way.Caption) << way.Control.toStdString();
+        EXPECT_EQ(Shared.Program.File_Mask, way.Mask) << way.Control.toStdString();
+    }
 }
 
 TEST_F(Start_Test, A_Double_Click_On_A_Version_Shows_The_Details)
