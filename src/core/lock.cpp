@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -15,6 +16,19 @@ std::optional<Lock> Lock::Take(const std::filesystem::path& path, bool inherited
     if (::flock(number, LOCK_EX | LOCK_NB) != 0)
         return std::nullopt;
     return lock;
+}
+
+std::optional<Lock> Lock::Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most)
+{
+    constexpr std::chrono::milliseconds Pause(10);
+    const auto end = std::chrono::steady_clock::now() + most;
+    while (true) {
+        if (auto lock = Take(path))
+            return lock;
+        if (std::chrono::steady_clock::now() >= end)
+            return std::nullopt;
+        std::this_thread::sleep_for(Pause);
+    }
 }
 
 Lock::Lock(Lock&& other) noexcept : Number(std::exchange(other.Number, -1)) {}

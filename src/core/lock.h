@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 
@@ -10,6 +11,8 @@ public:
     // Takes the lock, or gives nothing if another process holds it or the path cannot be opened. An inherited lock stays
     // with the programs that this one starts.
     static std::optional<Lock> Take(const std::filesystem::path& path, bool inherited = false);
+    // The same, waiting for it: a look at a lock from outside holds it for an instant.
+    static std::optional<Lock> Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most);
 
     Lock(Lock&& other) noexcept;
     Lock& operator=(Lock&& other) noexcept;

@@ -12,7 +12,7 @@
 
 #include <chrono>
 #include <sys/wait.h>
-#include <thread>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -30,19 +30,11 @@ void Tell(const Session& session, std::string text)
     session.Ask({std::string(Starting), std::move(text)});
 }
 
-// The lock of the job, unless one is at work; a look at it from outside holds it for an instant.
+// The lock of the job, unless one is at work.
 std::optional<Lock> Take_Job_Lock(const Session& session, const Mode& mode)
 {
-    constexpr int Attempts = 20;
-    constexpr std::chrono::milliseconds Pause(10);
-    if (Job_Running(session, mode))
-        return std::nullopt;
-    for (int i = 0; i < Attempts; ++i) {
-        if (auto lock = Lock::Take(Mode_Directory(session, mode)))
-            return lock;
-        std::this_thread::sleep_for(Pause);
-    }
-    return std::nullopt;
+    constexpr std::chrono::milliseconds Most(200);
+    return Job_Running(session, mode) ? std::nullopt : Lock::Take_Within(Mode_Directory(session, mode), Most);
 }
 
 std::string Busy_Text(const Session& session, const Mode& mode)
@@ -98,6 +90,19 @@ try {
     session.Run.Job_Dir.clear(); // none, or damaged: the next combination begins a new one
 }
 
+std::optional<Lock> Take_Turn(const Session& session)
+{
+    constexpr std::chrono::seconds Most(10);
+    // A file that every run takes a copy of: the directories' own locks tell of runs and jobs at work.
+    const fs::path token = Found_Or_New(session.Program.App_Path, "Haude.dat");
+    if (::access(token.c_str(), R_OK) != 0)
+        return std::nullopt;
+    auto turn = Lock::Take_Within(token, Most);
+    if (!turn)
+        throw File_Error("Another program is preparing simulations in this installation. Please try again when it has finished.");
+    return turn;
+}
+
 std::string Run_Directory(std::string_view pesticide, std::string_view crop, std::string_view location)
 {
     constexpr std::size_t Ending = 4;
@@ -112,6 +117,7 @@ fs::path Run_Path(const fs::path& mode_directory, std::string_view run_directory
 
 Started_Job Start_Batch(Session& session, const Mode& mode, int jobs, const fs::path& runner)
 try {
+    const auto turn = Take_Turn(session);
     if (!Batch_Pending(session, mode)) {
         Tell(session, "No combination is marked for a batch.");
         return {Start_Result::Nothing_Pending};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/lock.h"
 #include "runs/run_control.h"
 #include "runs/selection.h"
 
@@ -23,6 +24,10 @@ std::string Run_Directory(std::string_view pesticide, std::string_view crop, std
 
 // The path of such a directory.
 std::filesystem::path Run_Path(const std::filesystem::path& mode_directory, std::string_view run_directory);
+
+// A program's turn to change the pending batches of an installation: one at a time, and for moments only. Waits for it; throws File_Error if it does
+// not come. Nothing where no run can be prepared anyway.
+std::optional<Lock> Take_Turn(const Session& session);
 
 enum class Mark_Result { Marked, Already_Selected, Cancelled, Failed };
 

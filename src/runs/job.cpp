@@ -16,30 +16,18 @@
 #include <optional>
 #include <sched.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace {
 
+constexpr std::chrono::seconds Patience(1);
+
 struct Running_Engine {
     std::size_t Run;
     Lock Held;
 };
-
-// A look at the lock from outside holds it for an instant.
-std::optional<Lock> Take_Patiently(const fs::path& path)
-{
-    constexpr int Attempts = 100;
-    constexpr std::chrono::milliseconds Pause(10);
-    for (int i = 0; i < Attempts; ++i) {
-        if (auto lock = Lock::Take(path))
-            return lock;
-        std::this_thread::sleep_for(Pause);
-    }
-    return std::nullopt;
-}
 
 std::string Counted(std::size_t count, std::string_view what)
 {
@@ -79,7 +67,7 @@ private:
         std::error_code ignored;
         if (!fs::is_directory(path, ignored))
             throw Run_Refused("The run directory is missing.");
-        auto lock = Take_Patiently(path);
+        auto lock = Lock::Take_Within(path, Patience);
         if (!lock)
             throw Run_Refused("Another engine is at work in the run directory.");
         Delete_Output(path);

@@ -7,9 +7,6 @@
 #include "runs/shown_path.h"
 
 #include <algorithm>
-#include <chrono>
-#include <optional>
-#include <thread>
 
 namespace fs = std::filesystem;
 
@@ -29,19 +26,6 @@ void Tell(const Session& session, std::string_view text)
 void Tell_Stage(const Session& session, int stage, const std::string& text)
 {
     Tell(session, "An error occured when preparing this simulation (errorcode " + General_Text(stage) + ").\r\n" + text);
-}
-
-// One program at a time adds to a batch. The installation directory's lock stands for that, and is held for moments only.
-std::optional<Lock> Take_Turn(const Session& session)
-{
-    constexpr int Attempts = 500;
-    constexpr std::chrono::milliseconds Pause(20);
-    for (int i = 0; i < Attempts; ++i) {
-        if (auto turn = Lock::Take(session.Program.App_Path))
-            return turn;
-        std::this_thread::sleep_for(Pause);
-    }
-    return std::nullopt;
 }
 
 bool Write_Run_Control(const Session& session, const Mode& mode, const std::string& text)
@@ -103,23 +87,8 @@ bool Has_Place_In_Batch(const Session& session)
     return false;
 }
 
-} // namespace
-
-Mark_Result Mark_For_Batch(Session& session, const Mode& mode, const Run_Choice& choice)
+Mark_Result Mark_In_Turn(Session& session, const Mode& mode, const Run_Choice& choice)
 {
-    if (choice.Pesticide.empty() || choice.Location.empty() || Crop_Stem(mode, choice.Crop).empty()) {
-        Tell(session, "Please select a pesticide file, a crop and a location.");
-        return Mark_Result::Failed;
-    }
-    if (!Fits_A_Line(choice.Pesticide)) {
-        Tell(session, "A simulation cannot take the name of this pesticide file.");
-        return Mark_Result::Failed;
-    }
-    const auto turn = Take_Turn(session);
-    if (!turn) {
-        Tell(session, "Another program is preparing simulations in this installation. Please try again when it has finished.");
-        return Mark_Result::Failed;
-    }
     if (!Write_Run_Control(session, mode, Format_Run(session, mode, choice)))
         return Mark_Result::Failed;
     Load_Batch(session, mode);
@@ -132,13 +101,31 @@ Mark_Result Mark_For_Batch(Session& session, const Mode& mode, const Run_Choice&
         return Mark_Result::Failed;
     if (!May_Replace(session, Run_Path(Mode_Directory(session, mode), run)))
         return Mark_Result::Cancelled;
-    try {
-        Prepare(session, mode, choice, run);
-        return Mark_Result::Marked;
-    } catch (const Stage_Error& error) {
-        Tell_Stage(session, error.Stage, error.what());
+    Prepare(session, mode, choice, run);
+    return Mark_Result::Marked;
+}
+
+} // namespace
+
+Mark_Result Mark_For_Batch(Session& session, const Mode& mode, const Run_Choice& choice)
+{
+    if (choice.Pesticide.empty() || choice.Location.empty() || Crop_Stem(mode, choice.Crop).empty()) {
+        Tell(session, "Please select a pesticide file, a crop and a location.");
         return Mark_Result::Failed;
     }
+    if (!Fits_A_Line(choice.Pesticide)) {
+        Tell(session, "A simulation cannot take the name of this pesticide file.");
+        return Mark_Result::Failed;
+    }
+    try {
+        const auto turn = Take_Turn(session);
+        return Mark_In_Turn(session, mode, choice);
+    } catch (const Stage_Error& error) {
+        Tell_Stage(session, error.Stage, error.what());
+    } catch (const File_Error& error) {
+        Tell(session, error.what());
+    }
+    return Mark_Result::Failed;
 }
 
 void Take_Out_Of_Batch(Session& session, const Mode& mode, const std::vector<fs::path>& run_directories)

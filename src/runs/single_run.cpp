@@ -164,7 +164,8 @@ std::optional<Refusal> Check_Years(const std::string& text)
 
 bool Start_Single_Run(Session& session, const fs::path& directory, const Single_Run_Entry& entry)
 {
-    const auto lock = Lock::Take(directory);
+    constexpr std::chrono::milliseconds Most(200);
+    const auto lock = Lock::Take_Within(directory, Most);
     if (!lock || Is_Locked(Found_Or_New(directory, "echo.orv")))
         return Tell(session, "An engine is still at work in this directory. Please wait until it has finished.");
     Take_Over(session.Run, entry);

@@ -4,9 +4,11 @@
 #include "runs/batch.h"
 #include "runs/job.h"
 
+#include <chrono>
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -153,6 +155,31 @@ TEST_F(Batch_Test, A_Run_That_Waits_In_The_Job_At_Work_Cannot_Be_Replaced)
 
     fs::remove(Run_Of(Hamburg) / "orvel401.exe"); // as the job does behind the run
     EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+}
+
+TEST_F(Batch_Test, A_Single_Run_At_Work_In_The_Installation_Directory_Keeps_No_One_From_Marking)
+{
+    const auto choice = Maize_At_Hamburg();
+    const auto single_run = Lock::Take(Home.Path());
+
+    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+}
+
+TEST_F(Batch_Test, Another_Program_That_Marks_Is_Waited_For)
+{
+    const auto choice = Maize_At_Hamburg();
+    auto other = Lock::Take(Home / "Haude.dat");
+    bool ended = false;
+    std::thread end([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        ended = true;
+        other.reset();
+    });
+
+    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+
+    end.join();
+    EXPECT_TRUE(ended);
 }
 
 TEST_F(Batch_Test, A_Directory_That_Holds_A_Directory_Is_Not_Replaced)
