@@ -1,10 +1,12 @@
 #include "charts/daily_diagram.h"
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/output_variables.h"
 #include "core/text.h"
 #include "orvelctl.h"
-#include "results/plot_file.h"
+#include "results/parameter_list.h"
 #include "results/series.h"
+#include "results/utility_table.h"
 #include "runs/spawn.h"
 
 #include <iostream>
@@ -28,13 +30,30 @@ std::optional<Run_Month> Month_Of(const std::string& text)
     return month.Month >= 1 && month.Month <= 12 && month.Year >= 1 ? std::optional(month) : std::nullopt;
 }
 
-// Days since the span's begin and value, a line each.
-std::string As_Csv(const Daily_Series& series, std::string_view title)
+// A cell of a table with commas, where the text may hold some.
+std::string Csv_Cell(const std::string& text)
 {
-    std::string text = "day," + std::string(title) + "\n";
+    return text.find_first_of(",\"") == std::string::npos ? text : "\"" + Replace_All(text, "\"", "\"\"") + "\"";
+}
+
+// Days since the span's begin and value, a line each.
+std::string As_Csv(const Daily_Series& series, const std::string& title)
+{
+    std::string text = "day," + Csv_Cell(To_Utf8(title)) + "\n";
     for (const Chart_Point& point : series.Points)
         text += General_Text(point.X) + "," + General_Text(point.Y) + "\n";
     return text;
+}
+
+// The column as the list of series names it; by its code where the run's files do not tell.
+std::string Item_Of(const std::string& run, const Plot_Column& column, int number)
+{
+    const auto& name = Output_Variables[static_cast<std::size_t>(Output_Variable_Number(column.Plot_Code))].Out_Label;
+    for (const Parameter_Item& item : Parameters_Of_Run(run)) {
+        if (item.Column == number && item.Text.starts_with(name))
+            return item.Text;
+    }
+    return column.Plot_Code + " at " + General_Text(column.Plot_Depth) + " cm";
 }
 
 // A picture is painted by a program of its own, so that this one starts without a window system's libraries.
@@ -61,7 +80,8 @@ int Do_Series(const Session& session, const Series_Words& words)
         Tell("File check", head.Whole ? "The run has " + std::to_string(head.N_Columns) + " columns only." : "The run has no plot.orv.");
         return Refused;
     }
-    if (!std::filesystem::exists(Calendar_File(session, words.Run, false))) {
+    const bool single = !Is_Of_A_Batch(words.Run);
+    if (!std::filesystem::exists(Calendar_File(session, words.Run, single))) {
         Tell("File check", "The calendar datum.dat is missing: name the installation of the run with -C DIR.");
         return Refused;
     }
@@ -73,11 +93,12 @@ int Do_Series(const Session& session, const Series_Words& words)
     }
     const Plot_Column& column = head.Columns[static_cast<std::size_t>(words.Column) - 1];
     const Daily_Request request{.Variable = Output_Variable_Number(column.Plot_Code), .Cumulative = words.Cumulative, .From = *from, .To = *to};
-    const std::string item = column.Plot_Code + " at " + General_Text(column.Plot_Depth) + " cm";
+    const std::string item = Item_Of(words.Run, column, words.Column);
     const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
     if (ending == ".svg" || ending == ".png" || ending == ".pdf")
         return Paint(session, words, request, item);
-    const std::string csv = As_Csv(Read_Daily_Series(session, words.Run, false, words.Column, request), item);
+    const auto series = Read_Daily_Series(session, words.Run, single, words.Column, request);
+    const std::string csv = As_Csv(series, Daily_Diagram(series, request, item, X_Unit::Days).Title);
     if (words.File.empty())
         return std::cout << csv << std::flush ? Done : Refused;
     Write_Whole(words.File, csv);

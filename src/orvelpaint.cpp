@@ -5,6 +5,7 @@
 #include "core/error.h"
 #include "core/numbers.h"
 #include "results/series.h"
+#include "results/utility_table.h"
 
 #include <iostream>
 #include <memory>
@@ -32,7 +33,7 @@ try {
     session->Program.App_Path = words[0];
     const Daily_Request request{
         .Variable = static_cast<int>(Val(words[4])), .Cumulative = words[5] == "1", .From = Month_Of(words[6]), .To = Month_Of(words[7])};
-    const Daily_Series series = Read_Daily_Series(*session, words[1], false, static_cast<int>(Val(words[2])), request);
+    const Daily_Series series = Read_Daily_Series(*session, words[1], !Is_Of_A_Batch(words[1]), static_cast<int>(Val(words[2])), request);
     Save_Chart(Daily_Diagram(series, request, words[3], X_Unit::Years), words[8]);
     return 0;
 } catch (const File_Error& error) {

@@ -243,7 +243,8 @@ TEST_F(End_To_End, A_Series_Is_Printed_Summed_And_Painted)
     const auto beyond = Orvelctl("-C " + Installation().string() + " series '" + Run().string() + "' --column 99");
 
     ASSERT_EQ(rate.Exit, 0) << rate.Printed;
-    EXPECT_TRUE(rate.Printed.starts_with("day,INFL at 100 cm\n")) << rate.Printed.substr(0, 60);
+    EXPECT_TRUE(rate.Printed.starts_with("day,Percolate at 100 cm (cm/d)\n")) << rate.Printed.substr(0, 60);
+    EXPECT_TRUE(sum.Printed.starts_with("day,Cumulative Percolate at 100 cm (cm)\n")) << sum.Printed.substr(0, 60);
     EXPECT_EQ(std::count(rate.Printed.begin(), rate.Printed.end(), '\n'), 1 + 365);
     // The year's sum is the percolate at 1 m of the water balance.
     const auto percolate = Annual_Figures(Run() / "Wasser.orv", "HORIZON   COMPARTMENT", 13, 40, 73, 13);

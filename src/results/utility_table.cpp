@@ -59,7 +59,8 @@ std::string Format_Utility_Batch(Utility utility, const fs::path& directory, con
 
 bool Is_Of_A_Batch(const fs::path& directory)
 {
-    return Matches((directory.has_filename() ? directory : directory.parent_path()).filename().string(), "*.run");
+    const fs::path place = fs::absolute(directory / "").lexically_normal().parent_path(); // with its name, also where it was given as "."
+    return Matches(place.filename().string(), "*.run");
 }
 
 bool Is_Due(Utility utility, const fs::path& directory)

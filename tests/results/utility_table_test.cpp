@@ -138,6 +138,21 @@ TEST_F(Utility_Table_Test, A_Missing_Utility_Is_Told)
     EXPECT_FALSE(fs::exists(Run() / "grw.orv"));
 }
 
+TEST(Batch_Directory, Is_Known_By_Its_Name_However_It_Is_Given)
+{
+    Temporary_Directory place;
+    std::filesystem::create_directories(place / "a.run");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(place / "a.run");
+    const bool as_point = Is_Of_A_Batch(".");
+    std::filesystem::current_path(before);
+
+    EXPECT_TRUE(as_point);
+    EXPECT_TRUE(Is_Of_A_Batch(place / "a.run/"));
+    EXPECT_TRUE(Is_Of_A_Batch("a.RUN"));
+    EXPECT_FALSE(Is_Of_A_Batch(place.Path()));
+}
+
 TEST_F(Utility_Table_Test, The_Leachate_Table_Of_A_Batch_Is_Never_Overwritten)
 {
     Put_Utility();
