@@ -55,7 +55,7 @@ bool Remove_Run(const fs::path& run)
 void Remove_If_Empty(const fs::path& level)
 {
     std::error_code ignored;
-    if (List_Directories(level, "*.run").empty())
+    if (!fs::is_symlink(level, ignored) && List_Directories(level, "*.run").empty())
         fs::remove(level, ignored);
 }
 
@@ -81,7 +81,12 @@ void Clean_Leftovers(Session& session, const Mode& mode)
         if (Has_Readable_Echo(run) || std::ranges::find(pending, run) != pending.end())
             continue;
         Remove_Run(run);
-        Remove_If_Empty(run.parent_path());
+    }
+    for (const auto& pesticide : List_Directories(root, "*.run")) {
+        if (fs::is_symlink(root / pesticide))
+            continue;
+        for (const auto& crop : List_Directories(root / pesticide, "*.run"))
+            Remove_If_Empty(root / pesticide / crop);
     }
 }
 

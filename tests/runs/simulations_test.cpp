@@ -32,6 +32,21 @@ TEST_F(Simulations_Test, A_Run_Without_An_Echo_Is_Removed_As_Long_As_No_Job_Was_
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
+TEST_F(Simulations_Test, A_Crop_Without_Any_Location_Is_A_Leftover_Too_But_Not_Behind_A_Link)
+{
+    const auto empty_crop = Home / "focus" / "a.run" / "Maize.run";
+    fs::create_directories(empty_crop);
+    fs::create_directories(Home / "elsewhere" / "Maize.run");
+    fs::create_directory_symlink(Home / "elsewhere", Home / "focus" / "b.run");
+    fs::create_directory_symlink(Home / "elsewhere", Home / "focus" / "a.run" / "Vines.run");
+
+    Clean_Leftovers(Shared, Focus());
+
+    EXPECT_FALSE(fs::exists(empty_crop));
+    EXPECT_TRUE(fs::exists(Home / "elsewhere" / "Maize.run"));
+    EXPECT_TRUE(fs::exists(Home / "focus" / "a.run" / "Vines.run"));
+}
+
 TEST_F(Simulations_Test, A_Run_Without_An_Echo_Stays_Once_There_Is_A_Job_File)
 {
     const auto scheduled = Add_Run("a", "Hamburg (H)", false);
