@@ -2,6 +2,7 @@
 
 #include "charts/scale.h"
 #include "charts/table_lines.h"
+#include "core/code_page.h"
 #include "core/numbers.h"
 #include "core/text.h"
 
@@ -9,7 +10,7 @@
 
 namespace {
 
-constexpr std::size_t Head_Lines = 4; // text of the user, not to be searched
+constexpr std::size_t Head_Lines = 4; // texts of the run, not to be searched
 constexpr std::string_view Title_Begin = "Annual ", Balance = " Balance (", Year_Head = "Year";
 constexpr std::size_t Most_Terms = 7;
 constexpr double Year_Width = 0.8; // of a year's place, the rest parts it from the next
@@ -44,6 +45,7 @@ Chart Balance_Chart(const Balance_Table& table, std::string title)
 {
     Chart chart;
     chart.Title = std::move(title);
+    chart.Legend = table.Head;
     for (std::size_t t = 0; t < table.Terms.size(); ++t)
         chart.Key.push_back({Term_Colour(t), table.Terms[t]});
     double low = 0, high = 0;
@@ -70,12 +72,15 @@ Chart Balance_Chart(const Balance_Table& table, std::string title)
 std::vector<Balance_Table> Read_Balances(std::string_view bytes)
 {
     const auto lines = Split_Lines(bytes);
+    std::vector<std::string> head;
+    for (std::size_t i = 0; i < std::min(Head_Lines, lines.size()); ++i)
+        head.push_back(Dos_To_Ansi(lines[i]));
     std::vector<Balance_Table> tables;
     for (std::size_t i = Head_Lines; i < lines.size(); ++i) {
         const auto line = Trim_Tabs(lines[i]);
         if (line.starts_with(Title_Begin) && Contains(line, Balance)) {
             const auto label = line.substr(Title_Begin.size(), line.rfind(Balance) - Title_Begin.size());
-            tables.push_back({std::string(Trim(label)), {}, {}});
+            tables.push_back({std::string(Trim(label)), {}, {}, head});
         } else if (!tables.empty() && line.starts_with(Year_Head)) {
             const auto heads = Line_Cells(line);
             for (std::size_t c = 1; c < heads.size() && c <= Most_Terms; ++c)

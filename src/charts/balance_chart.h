@@ -17,6 +17,7 @@ struct Balance_Table {
     std::string Label;              // "Water", "Pesticide", "Metab.A1" ...
     std::vector<std::string> Terms; // the heads of the columns behind the year
     std::vector<Balance_Row> Rows;
+    std::vector<std::string> Head; // the four lines above the tables
 };
 
 // The tables of a file in its order. A row that is cut short is left out.

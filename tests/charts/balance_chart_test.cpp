@@ -51,6 +51,7 @@ TEST(Balance_Charts, A_Year_Has_A_Box_For_Every_Term_In_The_Colours_Of_The_Key)
 
     EXPECT_EQ(chart.Title, "Annual Water Balance (mm)");
     EXPECT_EQ(chart.X.Title, "Year ");
+    EXPECT_EQ(chart.Legend, (std::vector<std::string>{"ORVEL engine 4.01", "Annual Rain Balance (demo)", "1997", "4"}));
     ASSERT_EQ(chart.Boxes.size(), 12U);
     ASSERT_EQ(chart.Key.size(), 6U);
     for (std::size_t b = 0; b < chart.Boxes.size(); ++b)

@@ -106,6 +106,22 @@ TEST(Daily_Series, The_Yearly_Sum_Of_Every_Flow_Is_The_Amount_Of_The_Year)
     }
 }
 
+TEST(Daily_Series, Sixty_Years_Of_Hours_Are_Held_As_They_Are)
+{
+    const auto calendar = Calendar(60);
+    std::vector<Plot_Value> lines;
+    for (const auto& day : calendar) {
+        for (int hour = 1; hour <= 24; ++hour)
+            lines.push_back({day.Number, hour, 1});
+    }
+
+    const auto series = Make_Daily_Series(lines, calendar, Whole(Precipitation, true, 60));
+
+    ASSERT_EQ(series.Points.size(), 525600U);
+    EXPECT_EQ(series.Points.back().X, 60 * 365);
+    EXPECT_NEAR(series.Points.back().Y, 60 * 365, 1e-6);
+}
+
 TEST(Daily_Series, A_State_Is_Averaged_Over_The_Lines_Of_A_Day_And_Never_Summed)
 {
     const std::vector<Plot_Value> lines = {{1, 12, 0.2}, {1, 24, 0.4}, {2, 24, 0.5}};

@@ -33,6 +33,8 @@ public:
         Painter.fillRect(Area, Palette.base());
         Painter.setRenderHint(QPainter::Antialiasing);
         Draw_Title();
+        if (!(Drawn.Frame.Right > Drawn.Frame.Left)) // nothing to draw was found
+            return;
         Draw_Key();
         Painter.save();
         Painter.setClipRect(Plane.Area());
