@@ -133,8 +133,6 @@ void Take_Out_Of_Batch(Session& session, const Mode& mode, const std::vector<fs:
     if (!Batch_Pending(session, mode))
         return;
     const auto turn = Take_Turn(session);
-    if (!turn)
-        throw File_Error("Another program is preparing simulations in this installation. Please try again when it has finished.");
     const fs::path directory = Mode_Directory(session, mode), batch = Found_Or_New(directory, "batch.bat");
     const auto jobs = Parse_Job(Read_Whole(batch));
     const auto places = Resolve_Runs(directory, jobs);
