@@ -27,6 +27,13 @@ Rotation_Row New_Row(const Rotation_Work& work, std::size_t crop)
     return row;
 }
 
+// The year that the row's crop is tilled in by the data base: there a rotation begins, whether its years count from 0 or from 1.
+int First_Tillage_Year(const Rotation_Work& work, std::size_t row)
+{
+    const auto* crop = Crop_Of(work, row);
+    return crop ? work.Data_Base[static_cast<std::size_t>(crop - work.Crops.data())].Default_Dates.SZE_Til_Year : 0;
+}
+
 Rotation_Row* Selected(Rotation_Work& work, std::optional<std::size_t> row)
 {
     return row && *row < work.Rows.size() ? &work.Rows[*row] : nullptr;
@@ -105,7 +112,7 @@ void Rot_Close_Gap(Rotation_Work& work, std::size_t row)
     if (row >= work.Rows.size())
         return;
     const auto tillage = Date_Of(work.Rows[row], Crop_Stage::Tillage);
-    int shift = tillage.Year;
+    int shift = tillage.Year - First_Tillage_Year(work, row);
     if (row > 0) {
         const auto harvest = Date_Of(work.Rows[row - 1], Crop_Stage::Harvest);
         const bool too_late = Date_Key(harvest) > Date_Key({tillage.Day, tillage.Month, harvest.Year});

@@ -39,7 +39,8 @@ std::size_t Rot_Insert(Rotation_Work& work, std::size_t row, std::size_t crop);
 std::optional<std::size_t> Rot_Remove(Rotation_Work& work, std::size_t row);
 
 // Pulls the rows from `row` on back by whole years, so that a removal leaves no empty ones. Years of tillage, emergence, maturation and
-// harvest move; senescence stays as it is. Whether or not the crop is tilled, its tillage date decides.
+// harvest move; senescence stays as it is. Whether or not the crop is tilled, its tillage date decides; that of a first row goes back to its year
+// in the data base, so that no rotation begins before the scenario does.
 void Rot_Close_Gap(Rotation_Work& work, std::size_t row);
 
 // The roll-forward: along tillage, emergence, maturation, senescence, harvest, and on to the next row, every date that lies before the one

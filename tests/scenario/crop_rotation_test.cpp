@@ -287,14 +287,27 @@ TEST(Crop_Rotation, A_Gap_Is_Closed_Down_To_The_Year_Of_The_Harvest_If_The_Tilla
     EXPECT_EQ(Years(work, Emergence), (std::vector{1, 1}));
 }
 
-TEST(Crop_Rotation, Removing_The_First_Row_Takes_The_Tillage_Year_Of_The_New_First_Row_Off_All_Years)
+TEST(Crop_Rotation, Removing_The_First_Row_Takes_The_Next_One_Back_To_The_First_Year_Of_The_Data_Base)
 {
     auto work = Work();
-    Rot_Append(work, Potatoes);
-    Rot_Append(work, Potatoes);
-    Rot_Append(work, Potatoes);
+    for (int i = 0; i < 3; ++i)
+        Rot_Append(work, Potatoes);
 
     EXPECT_EQ(Rot_Remove(work, 0), 0U);
+
+    EXPECT_EQ(Years(work, Tillage), (std::vector{1, 2}));
+    EXPECT_EQ(Years(work, Harvest), (std::vector{1, 2}));
+}
+
+TEST(Crop_Rotation, With_A_Data_Base_That_Counts_From_0_Removing_The_First_Row_Takes_The_Tillage_Year_Off_All_Years)
+{
+    auto work = Work();
+    work.Data_Base[Potatoes].Default_Dates = Row_Of({10, 5, 0}, {20, 7, 0}, {15, 9, 0}, {31, 8, 0}, {5, 5, 0}, 2);
+    for (int i = 0; i < 3; ++i)
+        Rot_Append(work, Potatoes);
+    ASSERT_EQ(Years(work, Tillage), (std::vector{0, 1, 2}));
+
+    Rot_Remove(work, 0);
 
     EXPECT_EQ(Years(work, Tillage), (std::vector{0, 1}));
     EXPECT_EQ(Years(work, Harvest), (std::vector{0, 1}));

@@ -1,4 +1,5 @@
 // The controls of the single-run form and their places.
+#include "core/forms/date_boxes.h"
 #include "core/forms/widgets.h"
 #include "results/forms/inout_sel.h"
 #include "runs/forms/form_end.h"
@@ -18,7 +19,6 @@
 
 namespace {
 
-constexpr std::array<const char*, 12> Months = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN", "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 constexpr int List_Columns = 24, List_Rows = 9;
 
 QListWidget* File_List(const QString& name, const QString& purpose)
@@ -28,25 +28,6 @@ QListWidget* File_List(const QString& name, const QString& purpose)
     list->setUniformItemSizes(true);
     list->setMinimumSize(list->fontMetrics().averageCharWidth() * List_Columns, list->fontMetrics().lineSpacing() * List_Rows);
     return list;
-}
-
-QComboBox* Days(const QString& name, const QString& purpose)
-{
-    auto* combo = Named(new QComboBox, name);
-    combo->setAccessibleName(purpose);
-    combo->setEditable(true);
-    for (int day = 1; day <= 31; ++day)
-        combo->addItem(QString::number(day));
-    return combo;
-}
-
-QComboBox* Month_List(const QString& name, const QString& purpose)
-{
-    auto* combo = Named(new QComboBox, name);
-    combo->setAccessibleName(purpose);
-    for (const char* month : Months)
-        combo->addItem(month);
-    return combo;
 }
 
 } // namespace
@@ -130,10 +111,10 @@ QLayout* form_end::Climate_List()
 
 QLayout* form_end::Period()
 {
-    Combo_stad = Days("Combo_stad", "First day");
-    Combo_endd = Days("Combo_endd", "Last day");
-    Combo_stam = Month_List("Combo_stam", "First month");
-    Combo_endm = Month_List("Combo_endm", "Last month");
+    Combo_stad = Day_Box("Combo_stad", "First day");
+    Combo_endd = Day_Box("Combo_endd", "Last day");
+    Combo_stam = Month_Box("Combo_stam", "First month");
+    Combo_endm = Month_Box("Combo_endm", "Last month");
     Text_years = Named(new QLineEdit, "Text_years");
     for (QWidget* left : std::initializer_list<QWidget*>{Combo_stad, Combo_endd, Text_years})
         left->installEventFilter(this);

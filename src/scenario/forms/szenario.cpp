@@ -3,6 +3,7 @@
 #include "core/forms/byte_edit.h"
 #include "core/forms/widgets.h"
 #include "scenario/forms/form_eros.h"
+#include "scenario/forms/form_rot.h"
 #include "scenario/forms/form_soil_hor.h"
 #include "scenario/forms/macro.h"
 #include "scenario/forms/save_as.h"
@@ -23,11 +24,6 @@ void Show_All(const std::vector<QWidget*>& widgets, bool visible)
 {
     for (auto* widget : widgets)
         widget->setVisible(visible);
-}
-
-void Tell_Not_Yet(const Session& session, const std::string& what)
-{
-    session.Ask({"ORVELSUITE", what + " is not part of this version yet.", Icon::Information});
 }
 
 } // namespace
@@ -148,7 +144,8 @@ void Szenario::Erosion_Parameters()
 
 void Szenario::Rotation()
 {
-    Tell_Not_Yet(Shared, "The editor for crop rotations");
+    if (Leave_Current())
+        Form_rot(Shared, Shared.Program.App_Path, this).exec();
 }
 
 void Szenario::Save()

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "core/session.h"
+#include "scenario/crop_properties.h"
+
+#include <map>
+#include <QDialog>
+
+class Number_Edit;
+class QButtonGroup;
+class QComboBox;
+class QGridLayout;
+class QGroupBox;
+class QListWidget;
+
+// The properties of the crops of a rotation. Accepted, they are in `work`; a changed tillage flag has cost the rotation then.
+class Form_DifCrop : public QDialog {
+    Q_OBJECT
+
+public:
+    Form_DifCrop(Session& session, Rotation_Work& work, QWidget* parent = nullptr);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Flag {
+        QButtonGroup* Options = nullptr;
+        std::int16_t Crop_Row::*Field = nullptr;
+    };
+
+    void Lay_Out();
+    QGroupBox* Crop_Group();
+    QGroupBox* Runoff_Group();
+    QGroupBox* Surface_Group();
+    QGroupBox* Kc_Group();
+    Number_Edit* Box(const QString& name, const QString& purpose, const QString& unit = {});
+    void Add_Flag(QGridLayout& rows, const QString& caption, const QString& name, std::int16_t Crop_Row::*field, void (Form_DifCrop::*chosen)(int));
+    void Show_Crop();
+    Edited_Crop* Selected();
+    void Irrigated(int option);
+    void Perennial(int option);
+    void Tillage(int option);
+    void Defaults();
+    bool Leave(Number_Edit& box);
+    void Accept();
+
+    Session& Shared;
+    Rotation_Work& Work;
+    Crop_Editor Editor;
+    QListWidget* List_crop = nullptr;
+    QComboBox* Combo1 = nullptr;
+    std::map<QString, Number_Edit*> Boxes;
+    std::vector<Flag> Flags;
+    std::vector<QWidget*> Groups;
+    bool Refusing = false;
+};

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "core/session.h"
+#include "scenario/crop_rotation.h"
+
+#include <array>
+#include <QDialog>
+
+class Number_Edit;
+class QComboBox;
+class QGroupBox;
+class QListWidget;
+class QPushButton;
+
+// The crop rotation: the data base's crops on the left, the rows of the rotation with their dates on the right. The years of a rotation that is out
+// of order move forward when a date is left.
+class Form_rot : public QDialog {
+    Q_OBJECT
+
+public:
+    // `directory` is that of the crop data base.
+    Form_rot(Session& session, const std::filesystem::path& directory, QWidget* parent = nullptr);
+    ~Form_rot() override { hide(); } // a box that is left by closing still finds the rotation
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Date_Boxes {
+        QComboBox *Day = nullptr, *Month = nullptr;
+        Number_Edit* Year = nullptr;
+    };
+
+    void Lay_Out();
+    QGroupBox* Dates();
+    void Connect_Date(std::size_t stage);
+    std::optional<std::size_t> Selected_Row() const;
+    std::optional<std::size_t> Selected_Crop() const;
+    void Show_Rotation(std::optional<std::size_t> selected);
+    void Rot_Show();
+    void Leave_Dates();
+    void Insert();
+    void Append();
+    void Remove();
+    void Change_Crops();
+    void Accept();
+
+    Session& Shared;
+    Rotation_Work Work;
+    QListWidget *List_dat = nullptr, *List_rot = nullptr;
+    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr, *Command6 = nullptr;
+    QGroupBox* Croping_Dates = nullptr;
+    std::array<Date_Boxes, Crop_Stages.size()> Boxes;
+};
