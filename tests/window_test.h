@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
@@ -45,6 +47,19 @@ inline void Choose_Option(const QWidget& window, const QString& name)
 {
     auto* option = Find<QAbstractButton>(window, name);
     QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(option->height() / 2, option->height() / 2));
+}
+
+// Opens a drop-down list and clicks an entry.
+inline void Pick(const QWidget& window, const QString& name, const QString& text)
+{
+    auto* combo = Find<QComboBox>(window, name);
+    const int row = combo->findText(text);
+    if (row < 0 || !combo->isVisible() || !combo->isEnabled())
+        throw std::runtime_error(name.toStdString() + " does not offer " + text.toStdString());
+    QTest::keyClick(combo, Qt::Key_F4);
+    const auto index = combo->model()->index(row, combo->modelColumn(), combo->rootModelIndex());
+    combo->view()->scrollTo(index);
+    QTest::mouseClick(combo->view()->viewport(), Qt::LeftButton, {}, combo->view()->visualRect(index).center());
 }
 
 // Replaces the text of a field by typing, and leaves the field.

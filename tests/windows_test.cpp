@@ -27,8 +27,10 @@
 #include "scenario/forms/klima.h"
 #include "scenario/forms/klimagrafik.h"
 #include "scenario/forms/szenario.h"
+#include "substance/forms/andere_standorte.h"
 #include "substance/forms/deg_dat.h"
 #include "substance/forms/form_appgrid.h"
+#include "substance/forms/form_as.h"
 #include "substance/forms/form_hor.h"
 #include "substance/forms/form_met.h"
 #include "substance/forms/form_psm_1.h"
@@ -113,6 +115,14 @@ protected:
 };
 Temporary_Directory* Windows_Test::Place = nullptr;
 
+using Names = std::vector<std::string>;
+
+std::unique_ptr<QWidget> Opened_Substance(Session& session)
+{
+    Open_Active_Substance(session);
+    return std::make_unique<Form_AS>(session);
+}
+
 std::vector<Opened_Window> Windows_Test::All() const
 {
     const auto& focus = Mode_Of(Mode_Kind::Focus);
@@ -163,6 +173,17 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<KOC_PH>("koc_ph", 1, "120"),
         Plain<kin_Sorption>("kin_sorption", 1),
         Plain<Plant_App>("plant_app", Application_Method::Exponential),
+        {"form_as", [](Session& session) -> std::unique_ptr<QWidget> { return Opened_Substance(session); }},
+        {"form_as_relative",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Pesticide.App_Mode = App_Mode_Relative;
+             session.Pesticide.App_Method = 4;
+             return Opened_Substance(session);
+         }},
+        {"andere_standorte",
+         [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<andere_Standorte>(Location_Kind::Leaching, Names{"Hamburg (H)"}); }},
+        {"andere_standorte_soil",
+         [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<andere_Standorte>(Location_Kind::Soil, Names{"Total content - North (T_N)"}); }},
         {"form_met",
          [](Session& session) -> std::unique_ptr<QWidget> {
              session.Program.Substance_Index = 2;

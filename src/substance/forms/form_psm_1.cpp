@@ -3,6 +3,7 @@
 #include "core/forms/widgets.h"
 #include "substance/documents.h"
 #include "substance/forms/deg_dat.h"
+#include "substance/forms/form_as.h"
 #include "substance/forms/form_met.h"
 #include "substance/forms/form_saving.h"
 #include "substance/forms/pathway_view.h"
@@ -15,11 +16,6 @@
 #include <QScreen>
 
 namespace {
-
-void Tell_Missing(const Session& session, const std::string& what)
-{
-    session.Ask({"ORVELSUITE", what + " is not part of this version yet.", Icon::Information});
-}
 
 // Puts the window of arrow t beside the arrow's head, within the screen.
 void Place_Beside(QWidget& window, int t, const QRect& head)
@@ -77,7 +73,10 @@ void Form_PSM_1::Edit_Substance(int i)
 {
     if (i == 1) {
         Open_Active_Substance(Shared);
-        Tell_Missing(Shared, "The form of the active substance");
+        if (Form_AS(Shared, this).exec() != Accepted)
+            return;
+        Captions[1] = Box_Caption(Shared.Pesticide, 1);
+        Show_Scheme();
     } else if (Open_Metabolite(Shared, i) && Form_MET(Shared, this).exec() == Accepted) {
         for (int met = 2; met <= Substances; ++met)
             Captions[static_cast<std::size_t>(met)] = Box_Caption(Shared.Pesticide, met);

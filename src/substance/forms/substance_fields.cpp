@@ -39,11 +39,11 @@ const Captions& Captions_For(int i)
     return i == Active ? Of_Active : Of_Metabolite;
 }
 
-QHBoxLayout* Side_By_Side(QWidget* left, QWidget* right)
+QHBoxLayout* Side_By_Side(std::initializer_list<QWidget*> widgets)
 {
     auto* row = new QHBoxLayout;
-    row->addWidget(left);
-    row->addWidget(right);
+    for (auto* widget : widgets)
+        row->addWidget(widget);
     row->addStretch(1);
     return row;
 }
@@ -51,8 +51,10 @@ QHBoxLayout* Side_By_Side(QWidget* left, QWidget* right)
 // A text that stands there already keeps what is known of it: whether it was typed, and the cursor.
 void Show_Text(QLineEdit& field, std::string_view text)
 {
-    if (field.text() != Shown(text))
-        field.setText(Shown(text));
+    if (field.text() == Shown(text))
+        return;
+    field.setText(Shown(text));
+    field.setCursorPosition(0);
 }
 
 } // namespace
@@ -97,7 +99,7 @@ void Substance_Fields::Lay_Out_Sorption()
     ways->addButton(Option_koc1);
     ways->addButton(Option_koc2);
     connect(ways, &QButtonGroup::idClicked, this, &Substance_Fields::Show_View);
-    rows.addRow("Kf-Value", Side_By_Side(Option_koc1, Option_koc2));
+    rows.addRow(Side_By_Side({new QLabel("Kf-Value"), Option_koc1, Option_koc2}));
     Text_koc0 = Add_Number(rows, "&Koc Value [mL / g]", "Text_koc0", "Label_koc");
     Text_koc1 = Add_Number(rows, "&Freundlich Exponent", "Text_koc1", "Label_koc_1");
     Text_koc4 = Add_Number(rows, QString::fromUtf8("&Limit for Freundlich [µg / L]"), "Text_koc4", "Label_koc_4");
@@ -106,7 +108,7 @@ void Substance_Fields::Lay_Out_Sorption()
     Text_KOC_MOI = Add_Number(rows, captions.Moisture, "Text_KOC_MOI");
     auto* ph = Push_Button("Command2", captions.PH, this, &Substance_Fields::Edit_PH);
     auto* kinetics = Push_Button("Command3", captions.Kinetics, this, &Substance_Fields::Edit_Kinetics);
-    rows.addRow(Side_By_Side(ph, kinetics));
+    rows.addRow(Side_By_Side({ph, kinetics}));
     rows.addRow(label_pH = Named(new QLabel("pH dependent Sorption considered!"), "label_pH"));
     rows.addRow(Label_kinSorp = Named(new QLabel("kin. Sorption"), "Label_kinSorp"));
     rows.addRow(Label_Sorption = Named(new QLabel("Moisture dependent Sorption considered!"), "Label_Sorption"));

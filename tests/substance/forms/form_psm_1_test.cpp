@@ -115,6 +115,25 @@ TEST_F(Form_PSM_1_Test, A_Metabolite_Opens_And_Its_New_Name_Shows_In_Its_Box)
     EXPECT_TRUE(Shared.Program.PSM_Changed);
 }
 
+TEST_F(Form_PSM_1_Test, The_Active_Substance_Opens_And_Its_New_Name_Shows_In_Its_Box)
+{
+    Shared.Pesticide.Molmass[1] = 300;
+    Open();
+    const auto rename = [this](const QString& name) {
+        In_Modal([name](QWidget& form) {
+            EXPECT_EQ(form.windowTitle(), "Active Substance");
+            Retype(form, "Text_AS", name);
+            Click<QPushButton>(form, "Command_ok1");
+        });
+        Click<QAbstractButton>(*Form, "Label_AS");
+        return Caption("Label_AS");
+    };
+
+    EXPECT_EQ(rename("Compound"), "Compound");
+    EXPECT_EQ(rename(""), "Active Substance");
+    EXPECT_TRUE(Shared.Program.PSM_Changed);
+}
+
 TEST_F(Form_PSM_1_Test, A_Name_That_Was_Emptied_Gives_Way_To_The_Default_Name_In_The_Boxes)
 {
     Rate(1, 1, 0.1);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QDialog>
+#include <string>
+#include <vector>
+
+class QListWidget;
+
+enum class Location_Kind { Leaching, Soil };
+
+// The choice of the locations for which the pesticide document holds applications: the leaching locations, or the soil zones that are recommended for a
+// crop. It changes nothing itself.
+class andere_Standorte : public QDialog {
+    Q_OBJECT
+
+public:
+    // The list is that of the substance form; what it holds is selected.
+    andere_Standorte(Location_Kind kind, const std::vector<std::string>& list, QWidget* parent = nullptr);
+
+    std::vector<std::string> Loc_Available() const; // offered
+    std::vector<std::string> Loc_Selected() const;  // of these, in their order
+
+private:
+    void Lay_Out(Location_Kind kind);
+    QWidget* Crops();
+    void Offer(const std::vector<std::string>& names, const std::vector<std::string>& selected);
+
+    QListWidget *Location = nullptr, *Crop = nullptr;
+};

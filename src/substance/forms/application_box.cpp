@@ -1,0 +1,173 @@
+#include "substance/forms/application_box.h"
+
+#include "core/forms/number_edit.h"
+#include "core/forms/widgets.h"
+#include "substance/application_state.h"
+#include "substance/application_year.h"
+#include "substance/forms/andere_standorte.h"
+#include "substance/forms/form_appgrid.h"
+#include "substance/forms/plant_app.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+Application_Method Application_Box::Method() const
+{
+    std::size_t chosen = 0;
+    while (!App_Flag.at(chosen)->isChecked())
+        ++chosen;
+    return static_cast<Application_Method>(chosen + 1);
+}
+
+void Application_Box::Show_Locations()
+{
+    Standort->clear();
+    for (const auto& name : Locations.Standort)
+        Standort->addItem(Shown(name));
+    Standort_EFSA->clear();
+    for (const auto& name : Locations.Standort_EFSA)
+        Standort_EFSA->addItem(Shown(name));
+    Standort->setVisible(!Locations.EFSA_Visible);
+    Standort_EFSA->setVisible(Locations.EFSA_Visible);
+}
+
+void Application_Box::Show_View()
+{
+    auto view = View_Of_Applications(Shared, Method());
+    if (Chosen_Mode >= 0)
+        Show_Chosen_Pattern(view, Chosen_Mode);
+    Command1->setVisible(Method() != Application_Method::Soil);
+    Applikationsverfahren->setCurrentIndex(view.Relative ? 1 : 0);
+    for (auto* list : {Standort, Standort_EFSA}) {
+        list->setCurrentIndex(Shared.Run.App_Current_Location);
+        list->setEnabled(!view.Relative);
+        list->setToolTip(view.Relative ? "Relative dates hold for all locations." : "");
+    }
+    App_Modus->setCurrentIndex(view.App_Modus);
+    Hinweis->setVisible(view.Hinweis_Visible);
+    Text_naps->setText(Shown(view.Text_naps));
+    Text_naps->setEnabled(view.Text_naps_Enabled);
+    for (auto* widget : Year_Widgets)
+        widget->setVisible(view.Year_Visible);
+    label_Anzahl->setText(Shown(view.Anzahl_Im_Jahr));
+    Applikationen_pro_Jahr->setText(Shown(view.Applikationen_pro_Jahr));
+    absolute_Applikationen->setVisible(!view.Relative);
+    relative_Applikationen->setVisible(view.Relative);
+    Show_Absolute(view);
+    Show_Relative(view);
+}
+
+void Application_Box::Show_Absolute(const Application_View& view)
+{
+    for (QWidget* field : {static_cast<QWidget*>(App_Tag), static_cast<QWidget*>(App_Monat), static_cast<QWidget*>(Rate)})
+        Absolute_Rows->setRowVisible(field, view.Date_And_Rate_Visible);
+    Absolute_Rows->setRowVisible(Tiefe, view.Tiefe_Visible);
+    Absolute_Rows->setRowVisible(Interception, view.Interception_Visible);
+    Label_Tag->setText(Shown(view.Label_Tag));
+    Label_Monat->setText(Shown(view.Label_Monat));
+    App_Tag->setCurrentIndex(view.App_Tag);
+    App_Monat->setCurrentIndex(view.App_Monat);
+    Rate->setText(Shown(view.Rate));
+    Tiefe->setText(Shown(view.Tiefe));
+    Interception->setText(Shown(view.Interception));
+}
+
+void Application_Box::Show_Relative(const Application_View& view)
+{
+    Relative_Rows->setRowVisible(relative_Tiefe, view.Relative_Tiefe_Visible);
+    Relative_Rows->setRowVisible(relative_Interception, view.Relative_Interception_Visible);
+    label_Tag_rel->setText(Shown(view.Label_Tag_Rel));
+    Fill_Days(view.Tage);
+    Bezugspunkt->setCurrentIndex(view.Bezugspunkt);
+    Bezugspunkt->setEnabled(view.Bezugspunkt_Enabled);
+    relative_Rate->setText(Shown(view.Relative_Rate));
+    relative_Tiefe->setText(Shown(view.Relative_Tiefe));
+    relative_Interception->setText(Shown(view.Relative_Interception));
+}
+
+void Application_Box::Fill_Days(const Day_List& days)
+{
+    if (Tage->count() == 0 || Tage->itemData(0).toInt() != days.First) {
+        Tage->clear();
+        for (int day = days.First; day <= days.Last; ++day)
+            Tage->addItem(QString::number(day), day);
+    }
+    Tage->setCurrentIndex(days.Index);
+}
+
+// Only a number that was typed counts.
+bool Application_Box::Leave()
+{
+    if (!Text_naps->isModified())
+        return true;
+    Text_naps->setModified(false);
+    const auto refusal = Leave_Number_Of_Applications(Shared, Text_naps->Typed());
+    if (!refusal)
+        return true;
+    Show_Refusal(Shared.Ask, *window(), *refusal);
+    Text_naps->setModified(true); // left again it is refused again
+    return false;
+}
+
+void Application_Box::Choose_Dates(int index)
+{
+    Choose_Date_Kind(Shared, static_cast<Date_Kind>(index));
+    Chosen_Mode = -1;
+    Show_View();
+}
+
+void Application_Box::Choose_Place(int index)
+{
+    Choose_Location(Shared, index);
+    Chosen_Mode = -1;
+    Show_View();
+}
+
+void Application_Box::Choose_Mode(int index)
+{
+    const auto refusal = Choose_Pattern(Shared, index);
+    Chosen_Mode = refusal ? -1 : index;
+    if (refusal)
+        Show_Refusal(Shared.Ask, *window(), *refusal);
+    Show_View();
+}
+
+void Application_Box::Change_Year(void (*change)(Session&))
+{
+    change(Shared);
+    Show_View();
+}
+
+void Application_Box::Edit_Locations(bool efsa)
+{
+    const auto& list = efsa ? Locations.Standort_EFSA : Locations.Standort;
+    andere_Standorte form(efsa ? Location_Kind::Soil : Location_Kind::Leaching, list, this);
+    if (form.exec() != QDialog::Accepted)
+        return;
+    const int entry = Take_Chosen_Locations(Shared, Locations, efsa, form.Loc_Available(), form.Loc_Selected());
+    Show_Locations();
+    if (Date_Kind_Of(Shared.Pesticide) == Date_Kind::Absolute)
+        Choose_Location(Shared, entry);
+    Chosen_Mode = -1;
+    Show_View();
+}
+
+void Application_Box::Edit_Plant_Surface()
+{
+    Plant_App(Shared, Method(), this).exec();
+}
+
+void Application_Box::Edit_Manually()
+{
+    if (!Leave())
+        return;
+    if (const auto refusal = Check_Manual_Entry(Text_naps->Typed()))
+        return Show_Refusal(Shared.Ask, *window(), *refusal);
+    if (Form_appgrid(Shared, Text_naps->Typed(), Method(), this).exec() != QDialog::Accepted)
+        return;
+    Return_From_Grid(Shared);
+    Chosen_Mode = -1;
+    Show_View();
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "substance/application_view.h"
+#include "substance/location_lists.h"
+
+#include <array>
+#include <QGroupBox>
+#include <vector>
+
+class Number_Edit;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+// The applications of the active substance: their kind, their locations, and the year that is repeated over the simulation. All is stored as it is edited.
+class Application_Box : public QGroupBox {
+    Q_OBJECT
+
+public:
+    // The kind of application is that of the entry, stored on "Done" only.
+    Application_Box(Session& session, Application_Method method, QWidget* parent = nullptr);
+
+    Application_Method Method() const;
+    const Location_Lists& Lists() const { return Locations; }
+    void Show_View();
+
+    bool Leave(); // takes over a number of applications that is still being typed; false: it was refused
+
+signals:
+    void Method_Chosen(Application_Method method);
+
+private:
+    QWidget* Kinds(Application_Method method);
+    QWidget* Location_Row();
+    QWidget* Location_Buttons();
+    QWidget* Year_Row();
+    QGroupBox* Absolute();
+    QGroupBox* Relative();
+    QComboBox* Combo(const QString& name, const QString& purpose);
+    Number_Edit* Number(QFormLayout& rows, const QString& caption, const QString& name, void (*edit)(Session&, std::string_view));
+    void Show_Locations();
+    void Show_Absolute(const Application_View& view);
+    void Show_Relative(const Application_View& view);
+    void Fill_Days(const Day_List& days);
+
+    void Choose_Dates(int index);
+    void Choose_Place(int index);
+    void Choose_Mode(int index);
+    void Change_Year(void (*change)(Session&));
+    void Edit_Day_Behind(int index);
+    void Edit_Locations(bool efsa);
+    void Edit_Plant_Surface();
+    void Edit_Manually();
+
+    Session& Shared;
+    Location_Lists Locations;
+    int Chosen_Mode = -1; // the choice in App_Modus while it stays whatever pattern is found
+    std::array<QRadioButton*, 4> App_Flag{};
+    QPushButton *Command1 = nullptr, *S_Anwendung = nullptr;
+    QComboBox *Applikationsverfahren = nullptr, *Standort = nullptr, *Standort_EFSA = nullptr, *App_Modus = nullptr;
+    QComboBox *App_Tag = nullptr, *App_Monat = nullptr, *Tage = nullptr, *Bezugspunkt = nullptr;
+    Number_Edit *Text_naps = nullptr, *Rate = nullptr, *Tiefe = nullptr, *Interception = nullptr;
+    Number_Edit *relative_Rate = nullptr, *relative_Tiefe = nullptr, *relative_Interception = nullptr;
+    QLabel *Hinweis = nullptr, *Applikationen_pro_Jahr = nullptr, *label_Anzahl = nullptr, *Label_Tag = nullptr, *Label_Monat = nullptr,
+           *label_Tag_rel = nullptr;
+    std::vector<QWidget*> Year_Widgets;
+    QGroupBox *absolute_Applikationen = nullptr, *relative_Applikationen = nullptr;
+    QFormLayout *Absolute_Rows = nullptr, *Relative_Rows = nullptr;
+};

@@ -1,0 +1,92 @@
+#include "substance/forms/form_as.h"
+
+#include "core/forms/byte_edit.h"
+#include "core/forms/widgets.h"
+#include "substance/forms/application_box.h"
+#include "substance/forms/done_cancel.h"
+#include "substance/forms/substance_fields.h"
+#include "substance/forms/volatilisation_box.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+
+Form_AS::Form_AS(Session& session, QWidget* parent) : QDialog(parent), Shared(session), Before(Keep_Copy(session))
+{
+    setObjectName("Form_AS");
+    setWindowTitle("Active Substance");
+    Lay_Out();
+    Show_Minor(false);
+}
+
+void Form_AS::Lay_Out()
+{
+    const auto entry = Load_Active(Shared.Pesticide);
+    Fields = new Substance_Fields(Shared, Shared.Program.Substance_Index, *this);
+    Volatility = new Volatilisation_Box(entry);
+    Applications = new Application_Box(Shared, entry.App_Flag);
+    connect(Applications, &Application_Box::Method_Chosen, Volatility, &Volatilisation_Box::Show_Method);
+    Text_comment = Named(new Byte_Edit, "Text_comment");
+    Text_comment->setText(Shown(entry.Text_comment));
+    Text_comment->setCursorPosition(0);
+    Fields->General_Rows()->insertRow(1, "Comment:", Text_comment);
+    Command4 = Push_Button("Command4", {}, this, [this] { Show_Minor(!Minor_Shown); });
+
+    auto* left = new QVBoxLayout;
+    left->addWidget(Fields->General());
+    left->addWidget(Fields->Sorption());
+    left->addStretch(1);
+    auto* middle = new QVBoxLayout;
+    middle->addWidget(Volatility);
+    middle->addWidget(Fields->Depth());
+    middle->addStretch(1);
+    auto* right = new QVBoxLayout;
+    right->addWidget(Applications);
+    right->addStretch(1);
+    auto* columns = new QHBoxLayout;
+    for (auto* column : {left, middle, right})
+        columns->addLayout(column, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(Command4);
+    buttons->addWidget(Done_And_Cancel(*this, &Form_AS::Accept, "Command_ok1", "D&one", "Command_cancel"), 1);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(columns, 1);
+    all->addLayout(buttons);
+}
+
+void Form_AS::Show_Minor(bool visible)
+{
+    Minor_Shown = visible;
+    Command4->setText(Shown(Command4_Caption(visible)));
+    Fields->Show_Minor(visible);
+    Volatility->Show_Minor(visible);
+}
+
+void Form_AS::Accept()
+{
+    if (!Applications->Leave())
+        return;
+    const auto substance = Fields->Entered();
+    if (!substance)
+        return;
+    Active_Entry entry{.Substance = *substance, .Text_comment = Text_comment->Typed(), .App_Flag = Applications->Method()};
+    Volatility->Take(entry);
+    if (const auto refusal = Accept_Active(Shared, entry, Applications->Lists())) {
+        Volatility->Show_Pairs(entry.Pairs);
+        Applications->Show_View(); // the location and application that were refused
+        return Refuse(*refusal);
+    }
+    accept();
+}
+
+void Form_AS::Refuse(const Refusal& refusal)
+{
+    Show_Refusal(Shared.Ask, *this, refusal);
+    if (!findChild<QWidget*>(Shown(refusal.Control))->isVisible()) // the days of an irregular list are in its grid
+        findChild<QPushButton*>("S_Anwendung")->setFocus();
+}
+
+void Form_AS::reject()
+{
+    Restore_Copy(Shared, Before);
+    QDialog::reject();
+}
