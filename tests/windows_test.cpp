@@ -162,6 +162,7 @@ std::vector<Opened_Window> Windows_Test::All() const
         {"form_hor",
          [](Session& session) -> std::unique_ptr<QWidget> {
              Reset_Horizon_Table(session.Pesticide, 5);
+             session.Pesticide.N_Horizons = 5;
              return std::make_unique<Form_hor>(session, 1, 5);
          }},
         Plain<Form_hor>("form_hor_d2", 9, 3),

@@ -6,10 +6,10 @@
 
 namespace {
 
-constexpr Colour Active_Arrow = {0xE0, 0x22, 0x02};
-constexpr Colour Black = {};
-constexpr Colour Present_Box = {0xFE, 0xFC, 0xD6};
-constexpr Colour Absent_Box = {0xFF, 0x80, 0x80};
+constexpr Scheme_Colour Active_Arrow = {0xE0, 0x22, 0x02};
+constexpr Scheme_Colour Black = {};
+constexpr Scheme_Colour Present_Box = {0xFE, 0xFC, 0xD6};
+constexpr Scheme_Colour Absent_Box = {0xFF, 0x80, 0x80};
 
 constexpr int Raised_By = 2800;
 constexpr int Last_Level_Arrow = 20;

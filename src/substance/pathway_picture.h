@@ -8,19 +8,19 @@
 // What the picture of the degradation scheme shows: captions, colours, pens, what can be clicked, and where the window of an arrow opens.
 // The flags come from Update_Pathway.
 
-struct Colour {
+struct Scheme_Colour {
     std::uint8_t Red = 0, Green = 0, Blue = 0;
-    bool operator==(const Colour&) const = default;
+    bool operator==(const Scheme_Colour&) const = default;
 };
 
 struct Arrow_Look {
     int Width = 1; // border width of the arrow's lines
-    Colour Pen;
+    Scheme_Colour Pen;
     bool operator==(const Arrow_Look&) const = default;
 };
 
 struct Box_Look {
-    Colour Back;
+    Scheme_Colour Back;
     bool Hand_Pointer = false; // the custom pointer of an absent substance
     bool operator==(const Box_Look&) const = default;
 };

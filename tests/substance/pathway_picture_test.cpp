@@ -15,9 +15,9 @@ std::unique_ptr<Pesticide_Document> New_Document()
     return document;
 }
 
-constexpr Colour Light_Yellow = {254, 252, 214}; // 14089470, blue in the highest byte
-constexpr Colour Light_Red = {255, 128, 128};
-constexpr Colour Red = {224, 34, 2}; // 140000
+constexpr Scheme_Colour Light_Yellow = {254, 252, 214}; // 14089470, blue in the highest byte
+constexpr Scheme_Colour Light_Red = {255, 128, 128};
+constexpr Scheme_Colour Red = {224, 34, 2}; // 140000
 
 } // namespace
 
@@ -26,7 +26,7 @@ TEST(Pathway_Picture, Without_Any_Rate_All_Arrows_Are_Thin_And_Only_The_Active_S
     const auto document = New_Document();
 
     for (int t = 1; t <= 29; ++t)
-        EXPECT_EQ(Look_Of_Arrow(*document, t), (Arrow_Look{1, Colour{0, 0, 0}})) << t;
+        EXPECT_EQ(Look_Of_Arrow(*document, t), (Arrow_Look{1, Scheme_Colour{0, 0, 0}})) << t;
     EXPECT_EQ(Look_Of_Box(*document, 1), (Box_Look{Light_Yellow, false}));
     for (int i = 2; i <= 9; ++i)
         EXPECT_EQ(Look_Of_Box(*document, i), (Box_Look{Light_Red, true})) << i;

@@ -1,17 +1,10 @@
 #include "charts/forms/diagram_form.h"
 
 #include "charts/forms/chart_view.h"
-#include "charts/painting/chart_files.h"
-#include "charts/painting/chart_painter.h"
-#include "core/error.h"
+#include "charts/forms/picture_actions.h"
 #include "core/forms/widgets.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QFileDialog>
 #include <QHBoxLayout>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 
 Diagram_Form::Diagram_Form(const QString& name, Ask_Function ask, QWidget* parent) : QDialog(parent), Ask(std::move(ask))
@@ -55,36 +48,15 @@ const Chart& Diagram_Form::Shown_Chart() const
 
 void Diagram_Form::Kopieren()
 {
-    Copy_Chart(Shown_Chart());
+    Copy_Picture(Picture_Of(Shown_Chart()));
 }
 
 void Diagram_Form::Drucken()
 {
-    Print_Chart(*this, Shown_Chart());
-}
-
-void Copy_Chart(const Chart& chart)
-{
-    QApplication::clipboard()->setImage(Chart_Image(chart));
-}
-
-void Print_Chart(QWidget& parent, const Chart& chart)
-{
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageOrientation(QPageLayout::Landscape);
-    printer.setDocName(Shown(chart.Title));
-    if (QPrintDialog(&printer, &parent).exec() != QDialog::Accepted)
-        return;
-    QPainter painter(&printer);
-    const QRect page = printer.pageLayout().paintRectPixels(printer.resolution());
-    Paint_Chart(painter, page.translated(-page.topLeft()), chart, Paper_Palette());
+    Print_Picture(*this, Picture_Of(Shown_Chart()));
 }
 
 void Diagram_Form::Speichern()
-try {
-    const QString file = QFileDialog::getSaveFileName(this, "Save Graph", "diagram.png", "Pictures (*.png *.svg *.pdf)");
-    if (!file.isEmpty())
-        Save_Chart(Shown_Chart(), file.toStdString());
-} catch (const File_Error& error) {
-    Ask({"Save Graph", error.what()});
+{
+    Save_Picture_As(*this, Ask, Picture_Of(Shown_Chart()), "Save Graph", "diagram.png");
 }

@@ -35,9 +35,3 @@ private:
     QHBoxLayout* Buttons = nullptr;
     Chart_View* Diagramm = nullptr;
 };
-
-// Puts a chart on the clipboard as a picture.
-void Copy_Chart(const Chart& chart);
-
-// Lets the user choose a printer and prints a chart on a page across.
-void Print_Chart(QWidget& parent, const Chart& chart);

@@ -1,6 +1,7 @@
 #include "charts/painting/chart_files.h"
 
 #include "charts/painting/chart_painter.h"
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/text.h"
 
@@ -12,37 +13,42 @@
 namespace {
 
 constexpr int Picture_Dpi = 144;
-constexpr QSize Drawing_Size(800, 500);
+constexpr QSizeF Chart_Drawing_Size(800, 500);
 
-void Paint_On(QPaintDevice& device, const QRectF& area, const Chart& chart)
+QString Title_Of(const Picture& picture)
 {
-    QPainter painter(&device);
-    Paint_Chart(painter, area, chart, Paper_Palette());
+    return QString::fromStdString(To_Utf8(picture.Title));
 }
 
-QByteArray As_Png(const Chart& chart)
+void Paint_On(QPaintDevice& device, const QSizeF& size, const Picture& picture)
+{
+    QPainter painter(&device);
+    picture.Paint(painter, QRectF(QPointF(0, 0), size));
+}
+
+QByteArray As_Png(const Picture& picture)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    Chart_Image(chart).save(&buffer, "PNG");
+    Picture_Image(picture).save(&buffer, "PNG");
     return bytes;
 }
 
-QByteArray As_Svg(const Chart& chart)
+QByteArray As_Svg(const Picture& picture)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
-    generator.setSize(Drawing_Size);
-    generator.setViewBox(QRect(QPoint(0, 0), Drawing_Size));
-    generator.setTitle(QString::fromLatin1(chart.Title.c_str()));
-    Paint_On(generator, QRectF(QPointF(0, 0), Drawing_Size), chart);
+    generator.setSize(picture.Drawing_Size.toSize());
+    generator.setViewBox(QRectF(QPointF(0, 0), picture.Drawing_Size));
+    generator.setTitle(Title_Of(picture));
+    Paint_On(generator, picture.Drawing_Size, picture);
     return bytes;
 }
 
-QByteArray As_Pdf(const Chart& chart)
+QByteArray As_Pdf(const Picture& picture)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -51,36 +57,61 @@ QByteArray As_Pdf(const Chart& chart)
     writer.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
     writer.setPageSize(QPageSize(QPageSize::A4));
     writer.setPageOrientation(QPageLayout::Landscape);
-    writer.setTitle(QString::fromLatin1(chart.Title.c_str()));
-    Paint_On(writer, QRectF(QPointF(0, 0), writer.pageLayout().paintRectPixels(writer.resolution()).size()), chart);
+    writer.setTitle(Title_Of(picture));
+    Paint_On(writer, writer.pageLayout().paintRectPixels(writer.resolution()).size(), picture);
     return bytes;
 }
 
 } // namespace
 
-QImage Chart_Image(const Chart& chart, QSize size)
+Picture Picture_Of(const Chart& chart)
+{
+    return {chart.Title, Chart_Drawing_Size, [chart](QPainter& painter, const QRectF& area) { Paint_Chart(painter, area, chart, Paper_Palette()); }};
+}
+
+QImage Picture_Image(const Picture& picture)
+{
+    return Picture_Image(picture, (picture.Drawing_Size * 2).toSize());
+}
+
+QImage Picture_Image(const Picture& picture, QSize size)
 {
     QImage image(size, QImage::Format_RGB32);
     constexpr double inches_per_metre = 1 / 0.0254;
     image.setDotsPerMeterX(static_cast<int>(Picture_Dpi * inches_per_metre));
     image.setDotsPerMeterY(static_cast<int>(Picture_Dpi * inches_per_metre));
-    Paint_On(image, QRectF(QPointF(0, 0), size), chart);
+    Paint_On(image, size, picture);
     return image;
 }
 
-void Save_Chart(const Chart& chart, const std::filesystem::path& file)
+QImage Chart_Image(const Chart& chart)
+{
+    return Picture_Image(Picture_Of(chart));
+}
+
+QImage Chart_Image(const Chart& chart, QSize size)
+{
+    return Picture_Image(Picture_Of(chart), size);
+}
+
+void Save_Picture(const Picture& picture, const std::filesystem::path& file)
 {
     const std::string ending = Lower(file.extension().string());
     QByteArray bytes;
     if (ending == ".png")
-        bytes = As_Png(chart);
+        bytes = As_Png(picture);
     else if (ending == ".svg")
-        bytes = As_Svg(chart);
+        bytes = As_Svg(picture);
     else if (ending == ".pdf")
-        bytes = As_Pdf(chart);
+        bytes = As_Pdf(picture);
     else
         throw File_Error("A picture is saved as .png, .svg or .pdf, not as " + file.filename().string() + ".");
     if (bytes.isEmpty())
         throw File_Error("The picture " + file.filename().string() + " could not be made.");
     Write_Whole(file, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
+
+void Save_Chart(const Chart& chart, const std::filesystem::path& file)
+{
+    Save_Picture(Picture_Of(chart), file);
 }

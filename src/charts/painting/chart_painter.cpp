@@ -207,8 +207,10 @@ private:
 QPalette Paper_Palette()
 {
     QPalette paper;
-    paper.setColor(QPalette::Base, Qt::white);
-    paper.setColor(QPalette::Text, Qt::black);
+    for (const auto ground : {QPalette::Base, QPalette::Window, QPalette::Button})
+        paper.setColor(ground, Qt::white);
+    for (const auto ink : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        paper.setColor(ink, Qt::black);
     return paper;
 }
 

@@ -1,7 +1,7 @@
 #include "results/forms/zusammenfassung_orv.h"
 
 #include "charts/forms/chart_view.h"
-#include "charts/forms/diagram_form.h"
+#include "charts/forms/picture_actions.h"
 #include "core/forms/text_output.h"
 #include "core/forms/widgets.h"
 #include "results/report_chart.h"
@@ -81,7 +81,7 @@ void Zusammenfassung_orv::Draw()
 void Zusammenfassung_orv::Copy()
 {
     if (Shows_Diagram())
-        Copy_Chart(Diagramm->Shown_Chart());
+        Copy_Picture(Picture_Of(Diagramm->Shown_Chart()));
     else
         Copy_Text(Ergebnis->toPlainText());
 }
@@ -89,7 +89,7 @@ void Zusammenfassung_orv::Copy()
 void Zusammenfassung_orv::Print()
 {
     if (Shows_Diagram())
-        Print_Chart(*this, Diagramm->Shown_Chart());
+        Print_Picture(*this, Picture_Of(Diagramm->Shown_Chart()));
     else
         Print_Text(*this, windowTitle(), Ergebnis->toPlainText());
 }

@@ -5,6 +5,7 @@
 #include "substance/forms/done_cancel.h"
 
 #include <algorithm>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -34,6 +35,7 @@ Form_appgrid::Form_appgrid(Session& session, const std::string& text_naps, Appli
     Show_Grid(Load_Application_Grid(Shared, text_naps, Method));
     AppGrid->Fit_Columns(Characters);
     AppGrid->Go_To(0, Grid_Column::Day);
+    resize(sizeHint().boundedTo(screen()->availableSize())); // all columns, on a small screen too
 }
 
 void Form_appgrid::Lay_Out()

@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -25,6 +26,7 @@ Form_hor::Form_hor(Session& session, int i, int rows, QWidget* parent) : QDialog
     Show_Grid(Load_Depth_Grid(Shared.Pesticide, Substance, rows));
     GridHor->Fit_Columns(Characters);
     GridHor->Go_To(0, Kf_Column);
+    resize(sizeHint().boundedTo(screen()->availableSize())); // all columns, on a small screen too
 }
 
 void Form_hor::Lay_Out()

@@ -1,5 +1,6 @@
 #include "substance/forms/form_psm_1.h"
 
+#include "charts/forms/picture_actions.h"
 #include "core/forms/widgets.h"
 #include "substance/documents.h"
 #include "substance/forms/deg_dat.h"
@@ -52,11 +53,18 @@ void Form_PSM_1::Lay_Out()
 
     auto* exit = Push_Button("Command1", "Save and &Exit", this, &Form_PSM_1::Save_And_Exit);
     auto* save = Push_Button("ComSave", "&Save", this, &Form_PSM_1::Save);
+    auto* copy = Push_Button("Kopieren", "Copy &Picture", this, [this] { Copy_Picture(View->As_Picture()); });
+    auto* keep =
+        Push_Button("Speichern", "Save P&icture", this, [this] { Save_Picture_As(*this, Shared.Ask, View->As_Picture(), "Save Picture", "scheme.png"); });
+    auto* print = Push_Button("Drucken", "P&rint Picture", this, [this] { Print_Picture(*this, View->As_Picture()); });
     auto* cancel = Push_Button("Com_Exit1", "&Cancel", this, &Form_PSM_1::reject);
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(exit);
     buttons->addWidget(save);
+    buttons->addStretch(1);
+    for (auto* of_picture : {copy, keep, print})
+        buttons->addWidget(of_picture);
     buttons->addStretch(1);
     buttons->addWidget(cancel);
     auto* all = new QVBoxLayout(this);

@@ -1,8 +1,10 @@
 #include "substance/forms/pathway_view.h"
 
+#include "charts/painting/chart_painter.h"
 #include "core/forms/widgets.h"
 #include "core/numbers.h"
 #include "substance/forms/pathway_geometry.h"
+#include "substance/forms/pathway_painting.h"
 #include "substance/forms/scheme_button.h"
 #include "substance/half_lives.h"
 #include "substance/pathway.h"
@@ -59,6 +61,7 @@ Pathway_View::Pathway_View(QWidget* parent) : QWidget(parent)
 void Pathway_View::Show(const Pesticide_Document& document, const Per_Substance<std::string>& captions)
 {
     Document = document;
+    Captions = captions;
     for (int i = 1; i <= Substances; ++i) {
         auto* box = Boxes[static_cast<std::size_t>(i)];
         box->setText(Shown(captions[static_cast<std::size_t>(i)]));
@@ -127,27 +130,23 @@ void Pathway_View::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const auto scaled = [this](QPointF of_drawing) { return Scaled({of_drawing, QSizeF()}).topLeft(); };
     for (int t = 1; t <= Last_Transformation; ++t) {
-        if (!Arrow_Is_Clickable(t))
-            continue;
-        const Arrow_Look look = Look_Of_Arrow(Document, t);
-        const QLineF line = Line_Of_Arrow(t);
-        painter.setPen(QPen(Line_Colour(look, palette()), look.Width));
-        painter.drawLine(Scaled({line.p1(), QSizeF()}).topLeft(), Scaled({Head_Of_Arrow(t).center(), QSizeF()}).topLeft());
+        if (Arrow_Is_Clickable(t))
+            Paint_Arrow_Line(painter, {scaled(Line_Of_Arrow(t).p1()), scaled(Head_Of_Arrow(t).center())}, Look_Of_Arrow(Document, t), palette());
     }
     for (int i = 1; i <= Substances; ++i) {
         if (Document.Bound_Active[static_cast<std::size_t>(i)])
-            Paint_Sink(painter, i);
+            Paint_Sink(painter, Scaled(Sink_Of_Substance(i)), palette());
     }
 }
 
-void Pathway_View::Paint_Sink(QPainter& painter, int i)
+Picture Pathway_View::As_Picture() const
 {
-    painter.setPen(palette().color(QPalette::WindowText));
-    painter.setBrush(palette().color(QPalette::Button));
-    painter.drawRect(Scaled(Sink_Of_Substance(i)));
-    painter.setPen(palette().color(QPalette::ButtonText));
-    painter.drawText(Scaled(Sink_Of_Substance(i)), Qt::AlignCenter, "B.RES");
+    const auto paint = [document = Document, captions = Captions](QPainter& painter, const QRectF& area) {
+        Paint_Scheme(painter, area, document, captions, Paper_Palette());
+    };
+    return {Document.PSM_Title, Drawing_Size, paint};
 }
 
 // The line of an arrow is as good as its head.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "charts/painting/chart_files.h"
 #include "core/session.h"
 
 #include <array>
@@ -20,6 +21,8 @@ public:
 
     QRect Head_On_Screen(int t) const; // of an arrow that can be clicked
 
+    Picture As_Picture() const; // of what is shown, on paper
+
     QSize sizeHint() const override;
 
 signals:
@@ -34,12 +37,12 @@ protected:
 
 private:
     void Place();
-    void Paint_Sink(QPainter& painter, int i);
     QRectF Scaled(const QRectF& of_drawing) const;
     QPointF In_Drawing(QPointF of_window) const;
     double Scale() const;
 
     Pesticide_Document Document; // what is shown
+    Per_Substance<std::string> Captions;
     std::array<Substance_Box*, Substances + 1> Boxes{};
     std::array<Arrow_Head*, Last_Transformation + 1> Heads{};
 };

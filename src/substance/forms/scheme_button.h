@@ -41,6 +41,3 @@ private:
     Arrow_Look Look;
     double Angle = 0; // degrees, counter-clockwise
 };
-
-// A colour of the scheme in a window: black lines take the window's colour of text, which is light on a dark ground.
-QColor Line_Colour(const Arrow_Look& look, const QPalette& palette);

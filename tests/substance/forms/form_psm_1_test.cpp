@@ -1,5 +1,6 @@
 #include "substance/forms/form_psm_1.h"
 
+#include "core/files.h"
 #include "core/forms/widgets.h"
 #include "small_installation.h"
 #include "substance/forms/pathway_geometry.h"
@@ -8,6 +9,7 @@
 #include "window_test.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -232,4 +234,57 @@ TEST_F(Form_PSM_1_Test, An_Editor_Without_Changes_Closes_Without_A_Question)
 
     EXPECT_TRUE(The_User.Messages.empty());
     EXPECT_FALSE(Form->isVisible());
+}
+
+TEST_F(Form_PSM_1_Test, Copies_The_Scheme_As_A_Picture_On_Paper_In_A_Dark_Window_Too)
+{
+    const QPalette palette = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(45, 48, 52), QColor(35, 38, 41)));
+    Rate(1, 1, 0.1);
+    Open();
+
+    Click<QPushButton>(*Form, "Kopieren");
+    QApplication::setPalette(palette);
+
+    const QImage image = QApplication::clipboard()->image();
+    const auto at = [&image](QPointF of_drawing) { return image.pixelColor((of_drawing * 2).toPoint()); };
+    EXPECT_EQ(image.size(), (Drawing_Size * 2).toSize());
+    EXPECT_EQ(at({2, 2}), QColor(Qt::white));
+    const auto present = Look_Of_Box(Shared.Pesticide, 1).Back, absent = Look_Of_Box(Shared.Pesticide, 9).Back;
+    EXPECT_EQ(at(Box_Of_Substance(1).topLeft() + QPointF(15, 10)), QColor(present.Red, present.Green, present.Blue));
+    EXPECT_EQ(at(Box_Of_Substance(9).topLeft() + QPointF(15, 10)), QColor(absent.Red, absent.Green, absent.Blue));
+    const auto active = Look_Of_Arrow(Shared.Pesticide, 1).Pen;
+    EXPECT_EQ(at(Line_Of_Arrow(1).pointAt(0.5)), QColor(active.Red, active.Green, active.Blue));
+    EXPECT_LT(at(Line_Of_Arrow(29).pointAt(0.3)).lightness(), 128); // a thin line is black, not the light text of the window
+}
+
+TEST_F(Form_PSM_1_Test, Saves_The_Scheme_As_A_Picture_By_The_Ending_Of_The_File)
+{
+    Open();
+    const std::pair<const char*, const char*> kinds[] = {{"a.png", "\x89PNG"}, {"a.svg", "<?xml"}, {"a.pdf", "%PDF"}, {"plain", "\x89PNG"}};
+    for (const auto& [name, begin] : kinds) {
+        In_Modal([file = Place.Path() / name](QWidget& dialog) {
+            auto* field = Find<QLineEdit>(dialog, "fileNameEdit");
+            field->setText(QString::fromStdString(file.string()));
+            QTest::keyClick(field, Qt::Key_Return);
+        });
+        Click<QPushButton>(*Form, "Speichern");
+        const auto file = Place.Path() / (std::string(name) == "plain" ? "plain.png" : name);
+        EXPECT_TRUE(Read_Whole(file).starts_with(begin)) << name;
+    }
+    EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(Form_PSM_1_Test, Tells_A_Picture_That_Cannot_Be_Saved)
+{
+    Open();
+
+    In_Modal([file = Place.Path() / "a.bmp"](QWidget& dialog) {
+        auto* field = Find<QLineEdit>(dialog, "fileNameEdit");
+        field->setText(QString::fromStdString(file.string()));
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    Click<QPushButton>(*Form, "Speichern");
+
+    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Save Picture", "A picture is saved as .png, .svg or .pdf, not as a.bmp."})});
 }

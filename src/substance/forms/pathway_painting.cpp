@@ -1,0 +1,87 @@
+#include "substance/forms/pathway_painting.h"
+
+#include "core/forms/widgets.h"
+#include "substance/forms/pathway_geometry.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr double Corner = 6;
+constexpr double Head_Half_Width = 0.3; // of the square's side
+constexpr int Text_Height = 15;         // of a drawing that is not a window's
+
+} // namespace
+
+QColor Line_Colour(const Arrow_Look& look, const QPalette& palette)
+{
+    return look.Pen == Scheme_Colour{} ? palette.color(QPalette::WindowText) : QColor(look.Pen.Red, look.Pen.Green, look.Pen.Blue);
+}
+
+void Paint_Box(QPainter& painter, const QRectF& box, const Box_Look& look, const QString& text, const QPen& frame)
+{
+    const double wide = frame.widthF();
+    painter.setPen(frame);
+    painter.setBrush(QColor(look.Back.Red, look.Back.Green, look.Back.Blue));
+    painter.drawRoundedRect(box.adjusted(wide, wide, -wide, -wide), Corner, Corner);
+    painter.setPen(Qt::black); // both backs are light in every palette
+    const auto room = static_cast<int>(box.width() - 4 * Corner);
+    painter.drawText(box, Qt::AlignCenter, painter.fontMetrics().elidedText(text.trimmed(), Qt::ElideRight, room));
+}
+
+void Paint_Arrow_Line(QPainter& painter, const QLineF& line, const Arrow_Look& look, const QPalette& palette)
+{
+    painter.setPen(QPen(Line_Colour(look, palette), look.Width));
+    painter.drawLine(line);
+}
+
+void Paint_Arrow_Head(QPainter& painter, const QRectF& square, double angle, const Arrow_Look& look, const QPalette& palette)
+{
+    const double side = std::min(square.width(), square.height());
+    painter.save();
+    painter.translate(square.center());
+    painter.rotate(-angle);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Line_Colour(look, palette));
+    const QPointF tip[] = {{side / 2, 0}, {-side / 4, -side * Head_Half_Width}, {-side / 4, side * Head_Half_Width}};
+    painter.drawPolygon(tip, 3);
+    painter.restore();
+}
+
+void Paint_Sink(QPainter& painter, const QRectF& sink, const QPalette& palette)
+{
+    painter.setPen(palette.color(QPalette::WindowText));
+    painter.setBrush(palette.color(QPalette::Button));
+    painter.drawRect(sink);
+    painter.setPen(palette.color(QPalette::ButtonText));
+    painter.drawText(sink, Qt::AlignCenter, "B.RES");
+}
+
+void Paint_Scheme(QPainter& painter, const QRectF& area, const Pesticide_Document& document, const Per_Substance<std::string>& captions,
+                  const QPalette& palette)
+{
+    const double scale = std::min(area.width() / Drawing_Size.width(), area.height() / Drawing_Size.height());
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(area, palette.base());
+    painter.translate(area.center());
+    painter.scale(scale, scale);
+    painter.translate(-QRectF(QPointF(), Drawing_Size).center());
+    QFont font = painter.font();
+    font.setPixelSize(Text_Height);
+    painter.setFont(font);
+    for (int t = 1; t <= Last_Transformation; ++t) {
+        if (!Arrow_Is_Clickable(t))
+            continue;
+        const QLineF line = Line_Of_Arrow(t);
+        const auto look = Look_Of_Arrow(document, t);
+        Paint_Arrow_Line(painter, {line.p1(), Head_Of_Arrow(t).center()}, look, palette);
+        Paint_Arrow_Head(painter, Head_Of_Arrow(t), line.angle(), look, palette);
+    }
+    for (int i = 1; i <= Substances; ++i) {
+        if (document.Bound_Active[static_cast<std::size_t>(i)])
+            Paint_Sink(painter, Sink_Of_Substance(i), palette);
+        Paint_Box(painter, Box_Of_Substance(i), Look_Of_Box(document, i), Shown(captions[static_cast<std::size_t>(i)]), QPen(palette.windowText(), 1));
+    }
+    painter.restore();
+}
