@@ -52,7 +52,7 @@ FOCUS::FOCUS(Session& session, const Mode& mode, QWidget* parent) : QDialog(pare
     Lay_Out();
     Load_Batch(Shared, The_Mode);
     connect(&Timer1, &QTimer::timeout, this, &FOCUS::Tick);
-    Since_Progress.start();
+    connect(&Progress_Timer, &QTimer::timeout, this, &FOCUS::Show_Progress);
     Activate();
     Timer1.start(Tick_Interval);
     Tick();
@@ -180,6 +180,7 @@ void FOCUS::Mark()
 void FOCUS::Mark_All_Locations()
 {
     Timer1.stop();
+    Progress_Timer.stop();
     setEnabled(false);
     Job_Box->show();
     Job_Text->setText("Preparing the runs ...");
@@ -230,10 +231,12 @@ void FOCUS::Show_Job(bool running)
     Multi_batch->setEnabled(usable);
     Hinweis->setVisible(running && Shared.Program.Online_Help);
     Job_Box->setVisible(running);
-    if (running && (Job_Text->text().isEmpty() || Since_Progress.elapsed() >= Progress_Interval))
-        Show_Progress();
     if (!running)
-        Job_Text->clear();
+        return Progress_Timer.stop();
+    if (!Progress_Timer.isActive()) {
+        Progress_Timer.start(Progress_Interval);
+        Show_Progress();
+    }
 }
 
 void FOCUS::Show_Progress()
@@ -242,7 +245,6 @@ void FOCUS::Show_Progress()
     Job_Bar->setRange(0, std::max(1, static_cast<int>(progress.Years)));
     Job_Bar->setValue(static_cast<int>(progress.Years_Done));
     Job_Text->setText(Shown(Progress_Text(progress)));
-    Since_Progress.restart();
 }
 
 void FOCUS::Evaluation()

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QTimer>
 
 class Help_Assistant;
@@ -87,5 +86,5 @@ private:
     QProgressBar* Job_Bar = nullptr;
     QLabel* Job_Text = nullptr;
     QTimer Timer1;
-    QElapsedTimer Since_Progress;
+    QTimer Progress_Timer; // on its own, so that the bar moves while Timer1 waits for the job to begin
 };

@@ -1,5 +1,7 @@
 #include "runs/forms/focus.h"
 
+#include "core/lock.h"
+#include "runs/job.h"
 #include "runs/start_up.h"
 #include "small_installation.h"
 #include "window_test.h"
@@ -8,6 +10,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
@@ -254,6 +257,30 @@ TEST_F(FOCUS_Test, Cancel_In_The_Output_Dialog_Keeps_The_Slots_And_Goes_Back_To_
 
     EXPECT_EQ(Shared.Output[0], (Output_Slot{23, 100, 0}));
     EXPECT_TRUE(Find<QRadioButton>(*Form, "Ausgabe_0")->isChecked());
+}
+
+TEST_F(FOCUS_Test, A_Job_At_Work_Disables_Run_And_Its_Progress_Is_Followed)
+{
+    const std::string run = "test.run/Maize.run/Hamburg_-_(H).run";
+    std::filesystem::create_directories(Place / "focus" / run);
+    Write_Whole(Place / "focus/orveljob.bat", Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
+    Write_Whole(Place / "focus/orveljob.log", "2024-05-31 14:05:00\tstarted\t" + run + "\t\n");
+    Write_Whole(Place / "focus" / run / "orvel.inp", "026 01 01 31 12 Version 5\r\n");
+    Write_Whole(Place / "focus" / run / "progress.orv", "YEAR 3 OF 26\n");
+    auto engine = Lock::Take(Place / "focus" / run);
+
+    Open();
+    Choose(*Form, "Location", "Hamburg (H)");
+
+    EXPECT_FALSE(Enabled("s_run"));
+    EXPECT_EQ(Find<QProgressBar>(*Form, "Job_Bar")->value(), 3);
+    EXPECT_EQ(Caption("Job_Text"), "0 of 1 runs, 1 running, 11 %");
+
+    Write_Whole(Place / "focus" / run / "progress.orv", "YEAR 13 OF 26\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Caption("Job_Text").startsWith("0 of 1 runs, 1 running, 50 %"); }));
+
+    engine.reset();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Enabled("s_run") && !Find<QWidget>(*Form, "Job_Box")->isVisible(); }));
 }
 
 TEST_F(FOCUS_Test, Restores_The_Last_Selection_When_It_Opens_Again)
