@@ -7,6 +7,7 @@
 
 void New_PSM(Session& session)
 {
+    session.Pesticide = Pesticide_Document(); // nothing of the document before stays
     Reset_PSM(session.Pesticide);
     Update_Pathway(session.Pesticide);
     session.Program.PSM_File = "*.psm";

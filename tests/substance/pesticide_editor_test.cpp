@@ -16,6 +16,27 @@ TEST_F(Pesticide_Editor, Starts_A_New_Document_With_One_Application_Every_Year)
     EXPECT_FALSE(Document.Trans_Active[1]);
 }
 
+TEST_F(Pesticide_Editor, A_New_Document_Keeps_Nothing_Of_The_One_Before)
+{
+    Document.F_neq[1] = 0.5;
+    Document.K_des[1] = 0.02;
+    Document.Plant_Photodeg = 0.1;
+    Document.Deg_Liquid_Only[2] = 1;
+    Document.Applications[1][1].App_Frpex = 90;
+    Document.Applications[1][30].App_Rate = 5;
+    Document.Relative[3].Abs9_Rate = 5;
+
+    New_PSM(Shared);
+
+    EXPECT_EQ(Document.F_neq[1], 0);
+    EXPECT_EQ(Document.K_des[1], 0);
+    EXPECT_EQ(Document.Plant_Photodeg, 0);
+    EXPECT_EQ(Document.Deg_Liquid_Only[2], 0);
+    EXPECT_EQ(Document.Applications[1][1].App_Frpex, 0);
+    EXPECT_EQ(Document.Applications[1][30].App_Rate, 0);
+    EXPECT_EQ(Document.Relative[3], Relative_Application());
+}
+
 TEST_F(Pesticide_Editor, Opens_Unchanged_And_Turns_A_Change_Of_Koc_Of_Zero_Into_1)
 {
     Shared.Program.PSM_Changed = true;
