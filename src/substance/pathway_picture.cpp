@@ -64,8 +64,3 @@ bool Shows_Photolysis(int t)
 {
     return t <= Rows_Of_Substance(1);
 }
-
-int Transformation_Height(int t)
-{
-    return Shows_Photolysis(t) ? 7605 : 3975;
-}

@@ -54,6 +54,5 @@ struct Twips {
 };
 Twips Transformation_Spot(int t, Twips arrow, int arrow_width, int window_width);
 
-// Soil photolysis belongs to the arrows of the active substance alone; the window of all others is less high.
+// Soil photolysis belongs to the arrows of the active substance alone: the windows of all others are less high.
 bool Shows_Photolysis(int t);
-int Transformation_Height(int t); // twips

@@ -81,6 +81,4 @@ TEST(Pathway_Picture, Soil_Photolysis_Shows_For_The_Arrows_Of_The_Active_Substan
 {
     EXPECT_TRUE(Shows_Photolysis(5));
     EXPECT_FALSE(Shows_Photolysis(6));
-    EXPECT_EQ(Transformation_Height(5), 7605);
-    EXPECT_EQ(Transformation_Height(6), 3975);
 }

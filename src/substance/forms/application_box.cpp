@@ -167,7 +167,6 @@ void Application_Box::Edit_Manually()
         return Show_Refusal(Shared.Ask, *window(), *refusal);
     if (Form_appgrid(Shared, Text_naps->Typed(), Method(), this).exec() != QDialog::Accepted)
         return;
-    Return_From_Grid(Shared);
     Chosen_Mode = -1;
     Show_View();
 }

@@ -43,6 +43,7 @@ Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory,
     for (int i = 1; i <= Substances; ++i)
         Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(Shared.Pesticide, i);
     Show_Scheme();
+    resize(sizeHint().boundedTo(screen()->availableSize())); // names of substances in full, on a small screen too
 }
 
 void Form_PSM_1::Lay_Out()
