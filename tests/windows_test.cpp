@@ -9,6 +9,7 @@
 #include "core/forms/versionsinfo.h"
 #include "core/forms/widgets.h"
 #include "files/climate_file.h"
+#include "files/forms/form_saving.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 #include "results/forms/analyse.h"
@@ -24,8 +25,13 @@
 #include "runs/forms/focus.h"
 #include "runs/forms/form_end.h"
 #include "runs/start_up.h"
+#include "scenario/forms/form_difcrop.h"
+#include "scenario/forms/form_eros.h"
+#include "scenario/forms/form_rot.h"
+#include "scenario/forms/form_soil_hor.h"
 #include "scenario/forms/klima.h"
 #include "scenario/forms/klimagrafik.h"
+#include "scenario/forms/macro.h"
 #include "scenario/forms/szenario.h"
 #include "substance/forms/andere_standorte.h"
 #include "substance/forms/deg_dat.h"
@@ -35,7 +41,6 @@
 #include "substance/forms/form_met.h"
 #include "substance/forms/form_psm_1.h"
 #include "substance/forms/form_psm_open.h"
-#include "substance/forms/form_saving.h"
 #include "substance/forms/kin_sorption.h"
 #include "substance/forms/koc_ph.h"
 #include "substance/forms/plant_app.h"
@@ -193,6 +198,16 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<Form_Saving>("form_saving", Document_Kind::Pesticide, Installation()),
         Plain<Szenario>("szenario", Installation() / "focus"),
         Plain<Klima>("klima", Installation() / "focus"),
+        Plain<form_soil_hor>("form_soil_hor"),
+        Plain<Form_eros>("form_eros"),
+        Plain<Macro>("macro"),
+        Plain<Form_rot>("form_rot", Installation()),
+        {"form_difcrop",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             static Rotation_Work work; // outlives its form
+             work = Load_Rotation(session.Scenario, Read_Crop_Data(session, Installation()));
+             return std::make_unique<Form_DifCrop>(session, work);
+         }},
     };
 }
 

@@ -1,7 +1,6 @@
 #include "substance/documents.h"
 
 #include "core/files.h"
-#include "core/text.h"
 #include "files/broken_line.h"
 #include "files/climate_file.h"
 #include "files/document_json.h"
@@ -14,13 +13,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::string_view No_Document_Ending = " does not end in .psm, .sze or .cli.";
-
-std::string Shown_Name(const fs::path& file)
-{
-    return Name_Of(file.filename()).value_or(file.filename().string());
-}
 
 bool Open_Pesticide(Session& session, const fs::path& file)
 {
@@ -35,18 +27,6 @@ bool Open_Pesticide(Session& session, const fs::path& file)
 
 } // namespace
 
-std::optional<Document_Kind> Kind_Of(const fs::path& file)
-{
-    const std::string ending = Lower(file.extension().string());
-    if (ending == ".psm")
-        return Document_Kind::Pesticide;
-    if (ending == ".sze")
-        return Document_Kind::Scenario;
-    if (ending == ".cli")
-        return Document_Kind::Climate;
-    return std::nullopt;
-}
-
 bool Open_Document(Session& session, const fs::path& file)
 {
     session.Program.PSM_File = Shown_Name(file);
@@ -57,34 +37,8 @@ bool Open_Document(Session& session, const fs::path& file)
         return Read_SZE(session, file);
     if (kind == Document_Kind::Climate)
         return Read_CLI(session, file);
-    session.Ask({std::string(Readin_Check), Shown_Name(file) + std::string(No_Document_Ending)});
+    session.Ask({std::string(Readin_Check), No_Document(file)});
     return false;
-}
-
-bool Save_Document(Session& session, const fs::path& file)
-{
-    const auto kind = Kind_Of(file);
-    if (kind == Document_Kind::Pesticide)
-        return Write_PSM(session, file);
-    if (kind == Document_Kind::Scenario)
-        return Write_SZE(session, file);
-    if (kind == Document_Kind::Climate)
-        return Write_CLI(session, file);
-    session.Ask({std::string(Saving_Input_File), Shown_Name(file) + std::string(No_Document_Ending)});
-    return false;
-}
-
-std::optional<std::string> Broken_Field(const Session& session, Document_Kind kind)
-{
-    switch (kind) {
-    case Document_Kind::Pesticide:
-        return Broken_By_Layout(session.Pesticide);
-    case Document_Kind::Scenario:
-        return Broken_By_Layout(session.Scenario);
-    case Document_Kind::Climate:
-        return Broken_By_Layout(session.Climate);
-    }
-    return std::nullopt;
 }
 
 bool Convert_Document(Session& session, const fs::path& from, const fs::path& to)

@@ -3,9 +3,9 @@
 #include "core/forms/byte_edit.h"
 #include "core/forms/number_grid.h"
 #include "core/forms/widgets.h"
+#include "files/forms/form_saving.h"
 #include "scenario/forms/climate_model.h"
 #include "scenario/forms/klimagrafik.h"
-#include "scenario/forms/save_as.h"
 #include "scenario/saving.h"
 
 #include <QFormLayout>
@@ -85,7 +85,9 @@ void Klima::Show_Cell()
 void Klima::Save()
 {
     Take_Over_Climate(Shared, Model->Grid());
-    if (Save_As(Shared, Document_Kind::Climate, Shown(Climate_Save_Caption), Directory, this))
+    Form_Saving dialog(Shared, Document_Kind::Climate, Directory, this);
+    dialog.setWindowTitle(Shown(Climate_Save_Caption));
+    if (dialog.exec() == Accepted)
         setWindowTitle("Climatic Data Files - " + Shown(Shared.Program.PSM_File));
 }
 

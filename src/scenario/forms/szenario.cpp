@@ -2,11 +2,11 @@
 
 #include "core/forms/byte_edit.h"
 #include "core/forms/widgets.h"
+#include "files/forms/form_saving.h"
 #include "scenario/forms/form_eros.h"
 #include "scenario/forms/form_rot.h"
 #include "scenario/forms/form_soil_hor.h"
 #include "scenario/forms/macro.h"
-#include "scenario/forms/save_as.h"
 #include "scenario/saving.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_view.h"
@@ -154,7 +154,9 @@ void Szenario::Save()
         return;
     if (const auto refusal = Prepare_Save(Shared, Boxes.at("Text_nhor")->Typed()))
         return Refuse(*refusal);
-    if (Save_As(Shared, Document_Kind::Scenario, Shown(Scenario_Save_Caption), Directory, this))
+    Form_Saving dialog(Shared, Document_Kind::Scenario, Directory, this);
+    dialog.setWindowTitle(Shown(Scenario_Save_Caption));
+    if (dialog.exec() == Accepted)
         QDialog::done(Accepted);
 }
 

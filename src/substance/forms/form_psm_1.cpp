@@ -6,7 +6,7 @@
 #include "substance/forms/deg_dat.h"
 #include "substance/forms/form_as.h"
 #include "substance/forms/form_met.h"
-#include "substance/forms/form_saving.h"
+#include "files/forms/form_saving.h"
 #include "substance/forms/pathway_view.h"
 #include "substance/pathway_picture.h"
 #include "substance/pesticide_editor.h"

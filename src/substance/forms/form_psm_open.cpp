@@ -4,7 +4,7 @@
 #include "core/forms/widgets.h"
 #include "core/text.h"
 #include "substance/documents.h"
-#include "substance/forms/directory_files.h"
+#include "files/forms/directory_files.h"
 #include "substance/forms/edit_document.h"
 #include "substance/pesticide_editor.h"
 

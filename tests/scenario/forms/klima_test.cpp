@@ -9,7 +9,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
@@ -54,16 +53,13 @@ protected:
 const Message Exit_Question{
     "Saving Input File", "Parameters were changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No};
 
-// Accepts the save dialog with a name as soon as it is open.
-void Answer_Save_Dialog(const QString& file, QString& caption)
+// Saves under a name in the dialog that opens next.
+void Save_In_Dialog(const QString& file, QString& caption)
 {
-    QTimer::singleShot(0, [file, &caption] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        caption = dialog->windowTitle();
-        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
-        QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    In_Modal([file, &caption](QWidget& dialog) {
+        caption = dialog.windowTitle();
+        Find<QLineEdit>(dialog, "TextSave")->setText(file);
+        Click<QPushButton>(dialog, "SaveNow");
     });
 }
 
@@ -145,7 +141,7 @@ TEST_F(Klima_Test, Saves_What_The_Grid_Shows)
     Go_To(0, Rain);
     QTest::keyClicks(Grid, "5");
     QString caption;
-    Answer_Save_Dialog("mine.cli", caption);
+    Save_In_Dialog("mine.cli", caption);
 
     Click<QPushButton>(*Form, "Command1");
 
@@ -161,7 +157,7 @@ TEST_F(Klima_Test, An_Existing_File_Is_Not_Replaced_Without_A_Yes)
     Open();
     QTest::keyClicks(Grid, "1");
     QString caption;
-    Answer_Save_Dialog("mine.cli", caption);
+    Save_In_Dialog("mine.cli", caption);
 
     Click<QPushButton>(*Form, "Command1");
 

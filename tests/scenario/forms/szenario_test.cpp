@@ -6,12 +6,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 
 namespace {
 
@@ -226,12 +224,10 @@ TEST_F(Szenario_Test, Saves_Through_The_Dialog_And_Closes)
 {
     Open();
     QString caption;
-    QTimer::singleShot(0, [&caption] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        caption = dialog->windowTitle();
-        QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    In_Modal([&caption](QWidget& dialog) {
+        caption = dialog.windowTitle();
+        EXPECT_EQ(Find<QLineEdit>(dialog, "TextSave")->text(), "mine.sze");
+        Click<QPushButton>(dialog, "SaveNow");
     });
 
     Click<QPushButton>(*Form, "Command1");

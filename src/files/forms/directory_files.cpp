@@ -1,4 +1,4 @@
-#include "substance/forms/directory_files.h"
+#include "files/forms/directory_files.h"
 
 #include "core/files.h"
 #include "core/forms/widgets.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/session.h"
-#include "substance/documents.h"
+#include "files/document_kind.h"
 
 #include <filesystem>
 #include <QDialog>

@@ -1,4 +1,4 @@
-#include "substance/forms/form_saving.h"
+#include "files/forms/form_saving.h"
 
 #include "small_installation.h"
 #include "window_test.h"

@@ -1,11 +1,11 @@
-#include "substance/forms/form_saving.h"
+#include "files/forms/form_saving.h"
 
 #include "core/files.h"
 #include "core/forms/widgets.h"
 #include "core/text.h"
 #include "files/broken_line.h"
 #include "files/file_messages.h"
-#include "substance/forms/directory_files.h"
+#include "files/forms/directory_files.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
