@@ -201,6 +201,37 @@ TEST_F(End_To_End, A_Single_Run_Of_Three_Years_Is_Run_And_Archived)
     EXPECT_EQ(Annual_Figures(place / "Wasser.orv", "HORIZON   COMPARTMENT", 13, 40, 73, 13).size(), 3U);
 }
 
+TEST_F(End_To_End, An_Archived_Run_Is_Put_Back_By_Hand)
+{
+    const fs::path place = Place->Path() / "put_back", archive = place / "Run_1";
+    fs::create_directories(place);
+    fs::copy_file(Installation() / "demo_D.psm", place / "demo_D.psm");
+    for (const char* name : {"H_wcerea.sze", "C_wcerea.sze", "H_01.cli", "C_01.cli"})
+        fs::copy_file(Installation() / "focus" / name, place / name);
+    const fs::path before = fs::current_path();
+    fs::current_path(place);
+    const std::string single = "-C " + Installation().string() + " single --pesticide demo_D.psm --years 1 --wait ";
+    const auto first = Orvelctl(single + "--scenario H_wcerea.sze --climate H_01.cli");
+    const auto hamburg = Lines("Wasser.orv");
+    const auto second = Orvelctl(single + "--scenario C_wcerea.sze --climate C_01.cli");
+    const auto chateaudun = Lines("Wasser.orv");
+
+    for (const auto& entry : fs::directory_iterator(archive))
+        fs::copy_file(entry.path(), place / entry.path().filename(), fs::copy_options::overwrite_existing);
+    const auto put_back = Lines("Wasser.orv");
+    const int run_again = std::system((Installation() / "orvel401.exe >/dev/null").c_str());
+    const auto again = Lines("Wasser.orv");
+    fs::current_path(before);
+
+    EXPECT_EQ(first.Exit, 0) << first.Printed;
+    EXPECT_EQ(second.Exit, 0) << second.Printed;
+    EXPECT_NE(hamburg, chateaudun);
+    EXPECT_EQ(put_back, hamburg);
+    EXPECT_EQ(run_again, 0);
+    EXPECT_EQ(again, hamburg); // its input came back with it
+    EXPECT_GT(hamburg.size(), 10U);
+}
+
 TEST_F(End_To_End, Soil_Runs_Of_Both_Tiers_Reach_Their_Concentration_Tables)
 {
     const std::string at = "-C " + Installation().string();

@@ -167,18 +167,20 @@ bool Start_Single_Run(Session& session, const fs::path& directory, const Single_
     constexpr std::chrono::milliseconds Most(200);
     const auto lock = Lock::Take_Within(directory, Most);
     if (!lock || Is_Locked(Found_Or_New(directory, "echo.orv")))
-        return Tell(session, "An engine is still at work in this directory. Please wait until it has finished.");
+        return Tell(session, Still_At_Work);
     Take_Over(session.Run, entry);
     try {
         Write_Whole(Found_Or_New(directory, "orvel.inp"), Format_Single_Run(session));
     } catch (const File_Error&) {
         return Tell(session, "Cannot write ORVEL.INP");
     }
-    if (session.Program.Engine_Exe.empty())
-        return Tell(session, "Orvel not found");
+    const fs::path engine = session.Program.App_Path / session.Program.Engine_Exe;
+    std::error_code ignored;
+    if (!fs::is_regular_file(engine, ignored))
+        return Tell(session, "Orvel not found"); // before any output is deleted for a run that cannot be
     try {
+        Program_Start start = Engine_Start(directory, engine);
         Delete_Output(directory);
-        Program_Start start = Engine_Start(directory, session.Program.App_Path / session.Program.Engine_Exe);
         start.Kept_Descriptor = lock->Descriptor();
         start.Own_Session = true;
         Start_Program(start);

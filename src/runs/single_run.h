@@ -5,9 +5,12 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // The free-hand run: one pesticide file, one scenario file and a list of climate files of a directory, run in that directory.
+
+constexpr std::string_view Still_At_Work = "An engine is still at work in this directory. Please wait until it has finished.";
 
 // What the form holds: names of files in the directory, and the texts of its boxes. Bytes of Windows-1252.
 struct Single_Run_Entry {
@@ -45,6 +48,6 @@ Single_Run_State State_Of_Single_Run(const std::filesystem::path& directory, int
 // The first free archive name below a directory: "Run_1", "Run_2" ...
 std::string Free_Archive_Name(const std::filesystem::path& directory);
 
-// Moves the output files of a directory into the archive folder and copies the run's input beside them. An output file goes only when its copy is
-// whole. False: the user has been told.
+// Moves the output files of a directory into the archive folder and copies the run's input beside them. Output goes only when the archive is
+// whole, and never while an engine is at work there. False: the user has been told.
 bool Archive_Run(Session& session, const std::filesystem::path& directory, const std::string& folder);

@@ -1,6 +1,8 @@
 #include "core/files.h"
+#include "core/lock.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "runs/shown_path.h"
 #include "runs/single_run.h"
 
 #include <algorithm>
@@ -29,6 +31,19 @@ void Copy_Into(const fs::path& directory, const fs::path& archive, const fs::pat
     Copy_Whole(source, archive / source.filename());
 }
 
+bool Remove_Archived(const Session& session, const fs::path& directory, const std::vector<std::string>& output)
+{
+    for (const std::string& name : output) {
+        std::error_code error;
+        fs::remove(directory / name, error);
+        if (!error)
+            continue;
+        session.Ask({std::string(File_Check), "The file " + Shown_Path(name) + " is in the archive, but cannot be deleted: " + Shown(error.message()) + "."});
+        return false;
+    }
+    return true;
+}
+
 } // namespace
 
 std::string Free_Archive_Name(const fs::path& directory)
@@ -47,6 +62,11 @@ bool Archive_Run(Session& session, const fs::path& directory, const std::string&
         session.Ask({std::string(File_Check), "No output files in the current dirctory"});
         return false;
     }
+    const auto lock = Lock::Take(directory);
+    if (!lock || Is_Locked(Found_Or_New(directory, "echo.orv"))) {
+        session.Ask({std::string(File_Check), std::string(Still_At_Work)});
+        return false;
+    }
     const fs::path archive = directory / Path_Of(folder);
     bool made = false;
     try {
@@ -59,10 +79,6 @@ bool Archive_Run(Session& session, const fs::path& directory, const std::string&
         for (const std::string& name : Input_Files(control))
             Copy_Into(directory, archive, Path_Of(name));
         Write_Whole(archive / "orvel.inp", control);
-        // The archive is whole: now the output may go.
-        for (const std::string& name : output)
-            fs::remove(directory / name);
-        return true;
     } catch (const std::exception&) {
         std::error_code ignored;
         if (made)
@@ -70,4 +86,6 @@ bool Archive_Run(Session& session, const fs::path& directory, const std::string&
         session.Ask({std::string(File_Check), "Cannot open " + Name_Of(archive).value_or(folder)});
         return false;
     }
+    // The archive is whole: now the output may go, and the archive stays whatever happens.
+    return Remove_Archived(session, directory, output);
 }

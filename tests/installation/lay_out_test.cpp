@@ -4,18 +4,17 @@
 #include "core/files.h"
 #include "core/lock.h"
 #include "core/text.h"
+#include "full_disk.h"
 #include "installation/demo_weather.h"
 #include "installation/installation_files.h"
 #include "runs/crops.h"
 #include "temporary_directory.h"
 
-#include <csignal>
 #include <ctime>
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
 #include <set>
-#include <sys/resource.h>
 
 namespace fs = std::filesystem;
 
@@ -288,24 +287,6 @@ TEST(Laying_Out, Refuses_A_Directory_That_Another_Program_Is_Laying_Out)
 
     EXPECT_EQ(What_Is_Told(directory.Path(), Parts().Found()), "The directory " + directory.Path().string() + " is in use by another program.");
 }
-
-// No file may grow beyond a size, as on a disk that is full.
-class Full_Disk {
-public:
-    explicit Full_Disk(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &Before);
-        const rlimit small{bytes, Before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    Full_Disk(const Full_Disk&) = delete;
-    Full_Disk& operator=(const Full_Disk&) = delete;
-    ~Full_Disk() { ::setrlimit(RLIMIT_FSIZE, &Before); }
-
-private:
-    rlimit Before{};
-};
 
 TEST(Laying_Out, Tells_Of_A_Full_Disk_And_Leaves_Nothing_Behind)
 {

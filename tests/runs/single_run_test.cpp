@@ -1,6 +1,7 @@
 #include "runs/single_run.h"
 
 #include "core/lock.h"
+#include "full_disk.h"
 #include "small_installation.h"
 #include "told.h"
 
@@ -147,8 +148,11 @@ TEST_F(Single_Run_Test, While_The_Engine_Is_At_Work_Starting_Tells_And_Touches_N
 
 TEST_F(Single_Run_Test, A_Missing_Engine_Is_Told)
 {
+    Write_Whole(Place / "old.orv", "old");
     fs::remove(Place / "orvel401.exe");
     EXPECT_FALSE(Start_Single_Run(Shared, Place.Path(), Entry()));
+    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Orvel not found"}));
+    EXPECT_TRUE(fs::exists(Place / "old.orv")); // for a run that cannot be, nothing is given up
     Shared.Program.Engine_Exe.clear();
     EXPECT_FALSE(Start_Single_Run(Shared, Place.Path(), Entry()));
 
@@ -201,6 +205,36 @@ TEST_F(Single_Run_Test, An_Archive_Never_Goes_Over_An_Existing_Folder)
 
     EXPECT_EQ(Read_Whole(Place / "Run_1/echo.orv"), "earlier");
     EXPECT_TRUE(fs::exists(Place / "echo.orv"));
+}
+
+TEST_F(Single_Run_Test, An_Archive_On_A_Full_Disk_Is_Told_And_Takes_Nothing)
+{
+    Write_Whole(Place / "orvel.inp", "001 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\n");
+    Write_Whole(Place / "chem.orv", "small");
+    Write_Whole(Place / "plot.orv", std::string(300000, 'x'));
+    bool archived = true;
+    {
+        const Full_Disk full(100000);
+        archived = Archive_Run(Shared, Place.Path(), "Run_1");
+    }
+
+    EXPECT_FALSE(archived);
+    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Cannot open " + (Place / "Run_1").string()}));
+    EXPECT_FALSE(fs::exists(Place / "Run_1"));
+    EXPECT_EQ(Read_Whole(Place / "chem.orv"), "small");
+    EXPECT_EQ(fs::file_size(Place / "plot.orv"), 300000U);
+}
+
+TEST_F(Single_Run_Test, Nothing_Is_Archived_While_The_Engine_Is_At_Work)
+{
+    Write_Whole(Place / "echo.orv", "echo");
+    const auto engine = Lock::Take(Place.Path());
+
+    EXPECT_FALSE(Archive_Run(Shared, Place.Path(), "Run_1"));
+
+    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "An engine is still at work in this directory. Please wait until it has finished."}));
+    EXPECT_TRUE(fs::exists(Place / "echo.orv"));
+    EXPECT_FALSE(fs::exists(Place / "Run_1"));
 }
 
 TEST_F(Single_Run_Test, Without_Output_There_Is_Nothing_To_Archive)

@@ -5,6 +5,7 @@
 #include "core/numbers.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/output_selection.h"
+#include "substance/forms/edit_document.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -143,7 +144,7 @@ void form_end::Ausgabe_Click(int option)
 void form_end::Start()
 {
     if (State_Of_Single_Run(Directory, 0).Running) {
-        Shared.Ask({"File check", "An engine is still at work in this directory. Please wait until it has finished."});
+        Shared.Ask({"File check", std::string(Still_At_Work)});
         return;
     }
     const Message question{"File check",
@@ -179,8 +180,17 @@ void form_end::Close_Archive()
 void form_end::Move_To_Archive()
 {
     const Hourglass waiting;
+    const bool has_output = Has_Output(Directory);
     Archive_Run(Shared, Directory, Bytes_Of(Text1->text()));
-    Close_Archive();
+    if (has_output)
+        Close_Archive();
+}
+
+// A file of the directory in its editor; a blank name does nothing.
+void form_end::Edit(const QString& name)
+{
+    if (!name.trimmed().isEmpty())
+        Open_And_Edit(Shared, Found_Or_New(Directory, Path_Of(Bytes_Of(name))), this);
 }
 
 // Tells what is wrong and goes back to the control that it is about.
@@ -205,7 +215,19 @@ bool form_end::eventFilter(QObject* watched, QEvent* event)
         else if (auto* day = qobject_cast<QComboBox*>(watched))
             Leave(Check_Day(Bytes_Of(day->currentText()), Bytes_Of(day->objectName())));
     }
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        if (const auto* label = qobject_cast<QLabel*>(watched))
+            Edit(label->text());
+    }
     return QDialog::eventFilter(watched, event);
+}
+
+// What another window or program has changed in the directory shows when the user comes back.
+bool form_end::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        Refresh_Files();
+    return QDialog::event(event);
 }
 
 void form_end::Show_State()

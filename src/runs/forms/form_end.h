@@ -24,6 +24,7 @@ public:
     explicit form_end(Session& session, QWidget* parent = nullptr);
 
 protected:
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -44,6 +45,7 @@ private:
     void Insert_Climate();
     void Append_Climate();
     void Remove_Climate();
+    void Edit(const QString& name);
     void Ausgabe_Click(int option);
     void Start();
     void Open_Archive();

@@ -78,6 +78,9 @@ QLayout* form_end::Files()
         title->setBuddy(list);
         Label2[label] = Named(new QLabel, QString("Label2_%1").arg(label));
         Label2[label]->setFrameShape(QFrame::StyledPanel);
+        Label2[label]->setCursor(Qt::PointingHandCursor);
+        Label2[label]->setToolTip("A double click opens the file for editing.");
+        Label2[label]->installEventFilter(this);
         files->addWidget(title, 0, column);
         files->addWidget(Label2[label], 1, column);
         files->addWidget(list, 2, column);
@@ -94,6 +97,8 @@ QLayout* form_end::Climate_List()
 {
     File_cli = File_List("File_cli", "Climate files of the directory");
     List_cli = File_List("List_cli", "Climate files of the run, one a year");
+    List_cli->setToolTip("A double click opens the file for editing.");
+    connect(List_cli, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) { Edit(item->text()); });
     auto* title = new QLabel("C&limate files");
     title->setBuddy(File_cli);
     auto* buttons = new QHBoxLayout;

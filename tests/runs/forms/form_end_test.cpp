@@ -3,6 +3,7 @@
 #include "small_installation.h"
 #include "window_test.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTimer>
 
 namespace {
 
@@ -52,6 +54,21 @@ protected:
         QTest::keyClicks(edit, text);
     }
 
+    // The name of the window that a double click opens; it is closed at once.
+    QString Opened_By_Double_Click(QWidget* control, const QPoint& place = {})
+    {
+        QString name = "none";
+        QTimer::singleShot(0, [&] {
+            if (QWidget* form = QApplication::activeModalWidget()) {
+                name = form->objectName();
+                form->close();
+            }
+        });
+        QTest::mouseDClick(control, Qt::LeftButton, {}, place);
+        QCoreApplication::processEvents();
+        return name;
+    }
+
     QStringList Climates()
     {
         QStringList names;
@@ -75,6 +92,66 @@ TEST_F(form_end_Test, Shows_The_Files_Of_The_Directory_And_What_Was_Chosen)
 
     EXPECT_EQ(Find<QLabel>(*Form, "Label2_0")->text(), "test.psm");
     EXPECT_EQ(Find<QLabel>(*Form, "Label2_1")->text(), "H_maize.sze");
+}
+
+TEST_F(form_end_Test, A_Double_Click_On_A_Chosen_File_Opens_Its_Editor)
+{
+    Write_Whole(Place / "a.cli", "Demo\r\n 0101811.2500000 0.00E+00  0.00E+00  0.00E+00  0.00E+00  0.00E+00  0.00E+00        \r\n\r\n");
+    Open();
+    Fill_In();
+    auto* climates = Find<QListWidget>(*Form, "List_cli");
+
+    EXPECT_EQ(Opened_By_Double_Click(Find<QLabel>(*Form, "Label2_0")), "Form_PSM_1");
+    EXPECT_EQ(Shared.Program.PSM_File, "test.psm");
+    EXPECT_EQ(Shared.Pesticide.PSM_Title, "Demonstration");
+    EXPECT_EQ(Opened_By_Double_Click(Find<QLabel>(*Form, "Label2_1")), "Szenario");
+    EXPECT_EQ(Shared.Scenario.SZE_Title, "DEM 3 H_maize.sze");
+    const QPoint entry = climates->visualItemRect(climates->item(0)).center();
+    QTest::mouseClick(climates->viewport(), Qt::LeftButton, {}, entry);
+    EXPECT_EQ(Opened_By_Double_Click(climates->viewport(), entry), "Klima");
+    EXPECT_EQ(Shared.Climate.Cli_Title, "Demo");
+    EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(form_end_Test, A_Double_Click_On_A_Blank_Name_Does_Nothing_And_A_Missing_File_Is_Told)
+{
+    Open();
+    for (const char* name : {"Label2_0", "Label2_1"})
+        QTest::mouseDClick(Find<QLabel>(*Form, name), Qt::LeftButton);
+    EXPECT_TRUE(The_User.Messages.empty());
+    EXPECT_FALSE(QApplication::activeModalWidget());
+
+    Choose(*Form, "File_psm", "test.psm");
+    std::filesystem::remove(Place / "test.psm");
+    QTest::mouseDClick(Find<QLabel>(*Form, "Label2_0"), Qt::LeftButton);
+
+    EXPECT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_FALSE(QApplication::activeModalWidget());
+}
+
+TEST_F(form_end_Test, New_Files_Show_When_The_User_Comes_Back)
+{
+    Open();
+    Write_Whole(Place / "new.cli", "Title\r\n");
+    ASSERT_TRUE(Find<QListWidget>(*Form, "File_cli")->findItems("new.cli", Qt::MatchExactly).isEmpty());
+
+    QEvent back(QEvent::WindowActivate);
+    QApplication::sendEvent(Form.get(), &back);
+
+    EXPECT_FALSE(Find<QListWidget>(*Form, "File_cli")->findItems("new.cli", Qt::MatchExactly).isEmpty());
+}
+
+TEST_F(form_end_Test, Without_Output_The_Archive_Panel_Tells_And_Stays)
+{
+    Open();
+    Click<QPushButton>(*Form, "Command7");
+
+    Click<QPushButton>(*Form, "Command8");
+
+    EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "No output files in the current dirctory"})});
+    EXPECT_TRUE(Find<QGroupBox>(*Form, "Frame1")->isVisible());
+    Click<QPushButton>(*Form, "Command9");
+    EXPECT_FALSE(Find<QGroupBox>(*Form, "Frame1")->isVisible());
 }
 
 TEST_F(form_end_Test, Without_A_Run_Control_File_It_Opens_Empty)
