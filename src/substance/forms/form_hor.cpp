@@ -37,6 +37,7 @@ void Form_hor::Lay_Out()
     defaults->setVisible(Substance == 1);
     Default_Note = Named(new QLabel("On OK all transformations of all substances take these factors."), "Default_Note");
     Default_Note->hide();
+    connect(GridHor, &Number_Grid::Cell_Changed, this, &Form_hor::Follow_Undo);
 
     auto* grid = new QVBoxLayout;
     grid->setSpacing(0);
@@ -98,7 +99,7 @@ void Form_hor::Show_Grid(const Depth_Grid& grid)
 
 Depth_Grid Form_hor::Grid() const
 {
-    Depth_Grid grid{Model->Cells(), Default_Factors};
+    Depth_Grid grid{Model->Cells(), Default_Taken ? Default_Factors : std::vector<std::string>()};
     for (auto& row : grid.Rows)
         row.erase(row.begin());
     return grid;
@@ -107,10 +108,29 @@ Depth_Grid Form_hor::Grid() const
 void Form_hor::Take_Default()
 {
     auto grid = Grid();
+    Before_Default = Model->Cells();
     Default_From_First_Target(grid);
     Default_Factors = grid.Default_Factors;
     GridHor->Change_Block(0, Kf_Column, grid.Rows);
-    Default_Note->show();
+    After_Default = Model->Cells();
+    Show_Default(true);
+}
+
+// An undo of the default gives it up for the other substances too, and a redo takes it again.
+void Form_hor::Follow_Undo()
+{
+    if (Before_Default == After_Default)
+        return;
+    if (Model->Cells() == Before_Default)
+        Show_Default(false);
+    else if (Model->Cells() == After_Default)
+        Show_Default(true);
+}
+
+void Form_hor::Show_Default(bool taken)
+{
+    Default_Taken = taken;
+    Default_Note->setVisible(taken);
 }
 
 void Form_hor::Accept()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/grid_block.h"
 #include "substance/depth_grid.h"
 
 #include <QDialog>
@@ -26,11 +27,15 @@ private:
     void Show_Grid(const Depth_Grid& grid);
     Depth_Grid Grid() const;
     void Take_Default();
+    void Follow_Undo();
+    void Show_Default(bool taken);
     void Accept();
 
     Session& Shared;
     int Substance;
-    std::vector<std::string> Default_Factors;
+    std::vector<std::string> Default_Factors; // taken, as long as that is not undone
+    Grid_Block Before_Default, After_Default; // cells of the grid
+    bool Default_Taken = false;
     QLabel *Kf_Heading = nullptr, *Factor_Heading = nullptr, *Default_Note = nullptr;
     Text_Grid_Model* Model = nullptr;
     Number_Grid* GridHor = nullptr;

@@ -120,6 +120,25 @@ TEST_F(Form_hor_Test, The_First_Targets_Factors_Become_The_Default_Of_All_Substa
     EXPECT_EQ(Horizon(2).Hor_Deg[4][1].Number(), 1);
 }
 
+TEST_F(Form_hor_Test, A_Default_That_Was_Undone_Leaves_The_Other_Substances_Alone)
+{
+    Open(1);
+    Type(0, 3, "0.5");
+    Click<QPushButton>(*Form, "Command1");
+    auto* note = Find<QLabel>(*Form, "Default_Note");
+
+    QTest::keyClick(&Grid(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Row(0), (QStringList{"Horizon 1", "0", "0.9", "0.5", "1", "1", "1", "1"}));
+    EXPECT_FALSE(note->isVisible());
+    QTest::keyClick(&Grid(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_TRUE(note->isVisible());
+    QTest::keyClick(&Grid(), Qt::Key_Z, Qt::ControlModifier);
+    Click<QPushButton>(*Form, "Command_OK");
+
+    EXPECT_EQ(Horizon(1).Hor_Deg[1][1].Number(), 0.5);
+    EXPECT_EQ(Horizon(1).Hor_Deg[4][1].Number(), 1);
+}
+
 TEST_F(Form_hor_Test, A_Cell_Takes_Digits_Minus_Point_And_E_And_The_Delete_Key_Takes_The_Last_One)
 {
     Open(2);
