@@ -61,13 +61,19 @@ void Clear_Leftovers(const fs::path& directory)
     }
 }
 
+// Flushed later, with all others.
 void Copy(const fs::path& from, const fs::path& to)
 {
-    std::error_code error;
-    if (fs::copy_file(from, to, error))
-        fs::permissions(to, fs::perms::owner_write, fs::perm_options::add, error);
-    if (error)
-        throw File_Error("Cannot copy " + from.string() + ": " + error.message() + ".");
+    const std::string bytes = Read_Whole(from);
+    struct stat about {};
+    ::stat(from.c_str(), &about);
+    const int copy = ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, (about.st_mode & 0777U) | S_IWUSR);
+    const bool written = copy >= 0 && Write_All(copy, bytes);
+    const int error = errno;
+    if (copy >= 0)
+        ::close(copy);
+    if (!written)
+        throw File_Error("Cannot copy " + from.string() + ": " + std::strerror(error) + ".");
 }
 
 // Flushes a new directory with its files: written first and waited for afterwards, they go to disk together.
