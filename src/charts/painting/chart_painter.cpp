@@ -135,16 +135,17 @@ private:
         const auto metrics = Metrics_Of(Painter.font(), Painter.device());
         QColor ground = Palette.color(QPalette::Base);
         ground.setAlphaF(Label_Ground);
+        const bool covers = Drawn.Y.Low < X_Label_Below * Value_Size(Drawn.Y);
         double widest = 0;
         for (const Chart_Tick& tick : Drawn.X.Ticks)
             widest = std::max(widest, metrics.horizontalAdvance(Chart_Text(tick.Label)));
         for (const Chart_Tick* tick : Shown_Labels(Drawn.X, widest + metrics.averageCharWidth(), Plane.At(1, 0).x() - Plane.At(0, 0).x())) {
-            if (Drawn.Y.Low < 0 && tick->At == Drawn.X.Low) // the value axis runs there
+            if (covers && tick->At == Drawn.X.Low) // the value axis runs there
                 continue;
             const QString label = Chart_Text(tick->Label);
             const double width = metrics.horizontalAdvance(label);
             const QRectF place(Plane.At(tick->At, 0).x() - width / 2, top, width, metrics.height());
-            if (Drawn.Y.Low < 0)
+            if (covers)
                 Painter.fillRect(place, ground);
             Painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, label);
         }

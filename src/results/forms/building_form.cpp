@@ -22,7 +22,7 @@ bool Stay_Painted(const std::string& /*message*/, double /*share*/)
     return true;
 }
 
-Building_Form::Building_Form(const QString& name, QWidget* parent) : QDialog(parent)
+Building_Form::Building_Form(const QString& name, QWidget* parent, int columns_shown) : QDialog(parent)
 {
     setObjectName(name);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -41,7 +41,7 @@ Building_Form::Building_Form(const QString& name, QWidget* parent) : QDialog(par
     all->addLayout(message);
     all->addLayout(Row);
     const QFontMetrics metrics(Fixed_Pitch_Font());
-    resize(metrics.averageCharWidth() * Columns_Shown, metrics.lineSpacing() * Lines_Shown);
+    resize(metrics.averageCharWidth() * columns_shown, metrics.lineSpacing() * Lines_Shown);
 }
 
 void Building_Form::Add_Page(QWidget* page)

@@ -11,6 +11,8 @@ class QLabel;
 class QProgressBar;
 class QStackedWidget;
 
+constexpr int Columns_Shown = 92; // of a text, as long as the form keeps its first size
+
 // A form that builds what it shows out of big files, behind its first paint: with a message and a bar, the buttons off, and closing it stops the work.
 class Building_Form : public QDialog {
     Q_OBJECT
@@ -19,7 +21,7 @@ public:
     void done(int result) override;
 
 protected:
-    Building_Form(const QString& name, QWidget* parent);
+    Building_Form(const QString& name, QWidget* parent, int columns_shown = Columns_Shown);
 
     virtual void Build(const Progress& progress) = 0;
     virtual void Show_Built() = 0; // not called if the user stopped the work

@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr int Line_Columns = 130; // the rule of the pesticide tables behind its tab, and the scroll bar
+
 // A run whose echo cannot be read has no names: the diagram then shows the labels of the tables.
 std::vector<std::string> Names_Of(const std::filesystem::path& run)
 try {
@@ -26,6 +28,7 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
     const QString period = view == Balance_View::Annual ? "Annual" : "Monthly";
     Table_Kind kind;
     kind.Name = view == Balance_View::Annual ? "Mass_Balance" : "Mass_Balance_USER";
+    kind.Columns = Line_Columns;
     kind.First_Caption = "Table of " + period + " Water Balance";
     kind.First_Switch_Caption = "Pesticide Balance";
     kind.Views = {{"Ergebnis_0", "Water balance", kind.First_Caption, "Pesticide Balance"},

@@ -5,7 +5,7 @@
 
 #include <QPlainTextEdit>
 
-Table_Form::Table_Form(Table_Kind kind, QWidget* parent) : Building_Form(kind.Name, parent), Kind(std::move(kind))
+Table_Form::Table_Form(Table_Kind kind, QWidget* parent) : Building_Form(kind.Name, parent, kind.Columns), Kind(std::move(kind))
 {
     setWindowTitle(Kind.First_Caption);
     for (const Table_View& view : Kind.Views) {

@@ -21,6 +21,7 @@ struct Built_Tables {
 
 struct Table_Kind {
     QString Name;                                // of the form
+    int Columns = Columns_Shown;                 // that a whole line takes
     QString First_Caption, First_Switch_Caption; // until the tables are there
     std::vector<Table_View> Views;               // the first one is shown first
     std::function<Built_Tables(const Progress&)> Build;
