@@ -2,11 +2,13 @@
 
 #include "core/lock.h"
 #include "runs/job.h"
+#include "runs/output_selection.h"
 #include "runs/start_up.h"
 #include "small_installation.h"
 #include "window_test.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
@@ -257,6 +259,25 @@ TEST_F(FOCUS_Test, Cancel_In_The_Output_Dialog_Keeps_The_Slots_And_Goes_Back_To_
 
     EXPECT_EQ(Shared.Output[0], (Output_Slot{23, 100, 0}));
     EXPECT_TRUE(Find<QRadioButton>(*Form, "Ausgabe_0")->isChecked());
+}
+
+TEST_F(FOCUS_Test, Takes_The_Output_Of_The_Last_Run_Only_When_It_Opens_And_The_Tillage_Depth_Each_Time)
+{
+    Place.Put_Pesticide("another.psm", {"H"});
+    Write_Whole(Place / "focus/orvel.inp", "001 01 01 31 12 Version 5\r\n..\\..\\..\\H_maize.sze\r\ntest.psm\r\n..\\..\\..\\H_01.cli\r\n"
+                                           "00000001 07.\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n");
+    Open();
+    EXPECT_EQ(Shared.Output, Minimum_Output());
+    EXPECT_EQ(Find<QComboBox>(*Form, "L_tildepth")->currentText(), "7");
+
+    Choose_Option(*Form, "Ausgabe_1");
+    Find<QComboBox>(*Form, "L_tildepth")->setCurrentIndex(20);
+    The_User.Answers = {Button::Ok};
+    QTest::keyClick(Find<QListWidget>(*Form, "Pesticide"), Qt::Key_Delete); // restores the form anew
+
+    EXPECT_EQ(Entries("Pesticide").size(), 1);
+    EXPECT_EQ(Shared.Output, Recommended_Output());
+    EXPECT_EQ(Find<QComboBox>(*Form, "L_tildepth")->currentText(), "7");
 }
 
 TEST_F(FOCUS_Test, A_Job_At_Work_Disables_Run_And_Its_Progress_Is_Followed)
