@@ -4,12 +4,33 @@
 #include "substance/forms/pathway_geometry.h"
 
 #include <algorithm>
+#include <QFontInfo>
 
 namespace {
 
 constexpr double Corner = 6;
 constexpr double Head_Half_Width = 0.3; // of the square's side
-constexpr int Text_Height = 15;         // of a drawing that is not a window's
+constexpr double Narrow_Margin = 0.05;  // of a narrow box's width
+constexpr double Least_Shrinking = 0.7;
+constexpr int Text_Height = 15; // of a drawing that is not a window's
+
+// The font, smaller where the text needs it, but never too small to read.
+QFont Fitting_Font(QFont font, const QString& text, double room)
+{
+    const double needed = QFontMetricsF(font).horizontalAdvance(text);
+    if (needed > room)
+        font.setPixelSize(static_cast<int>(QFontInfo(font).pixelSize() * std::max(Least_Shrinking, room / needed)));
+    return font;
+}
+
+void Write_In(QPainter& painter, const QRectF& box, const QString& text)
+{
+    const double room = box.width() - 2 * std::min(Corner, box.width() * Narrow_Margin);
+    const QFont font = painter.font();
+    painter.setFont(Fitting_Font(font, text, room));
+    painter.drawText(box, Qt::AlignCenter, painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room)));
+    painter.setFont(font);
+}
 
 } // namespace
 
@@ -25,8 +46,7 @@ void Paint_Box(QPainter& painter, const QRectF& box, const Box_Look& look, const
     painter.setBrush(QColor(look.Back.Red, look.Back.Green, look.Back.Blue));
     painter.drawRoundedRect(box.adjusted(wide, wide, -wide, -wide), Corner, Corner);
     painter.setPen(Qt::black); // both backs are light in every palette
-    const auto room = static_cast<int>(box.width() - 4 * Corner);
-    painter.drawText(box, Qt::AlignCenter, painter.fontMetrics().elidedText(text.trimmed(), Qt::ElideRight, room));
+    Write_In(painter, box, text.trimmed());
 }
 
 void Paint_Arrow_Line(QPainter& painter, const QLineF& line, const Arrow_Look& look, const QPalette& palette)
@@ -54,7 +74,7 @@ void Paint_Sink(QPainter& painter, const QRectF& sink, const QPalette& palette)
     painter.setBrush(palette.color(QPalette::Button));
     painter.drawRect(sink);
     painter.setPen(palette.color(QPalette::ButtonText));
-    painter.drawText(sink, Qt::AlignCenter, "B.RES");
+    Write_In(painter, sink, "B.RES");
 }
 
 void Paint_Scheme(QPainter& painter, const QRectF& area, const Pesticide_Document& document, const Per_Substance<std::string>& captions,
