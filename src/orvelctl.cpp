@@ -4,10 +4,13 @@
 #include "core/code_page.h"
 #include "core/error.h"
 #include "installation/lay_out.h"
+#include "runs/spawn.h"
 #include "substance/documents.h"
 
 #include <iostream>
 #include <memory>
+#include <sys/wait.h>
+#include <unistd.h>
 
 void Tell(std::string_view title, std::string_view text)
 {
@@ -25,6 +28,30 @@ std::string Bytes_Of(const std::string& word)
 void Add_Mode(CLI::App* command, std::string& mode)
 {
     command->add_option("--mode", mode)->required()->check(CLI::IsMember({"focus", "efsa", "efsa_t4"}))->option_text("focus|efsa|efsa_t4");
+}
+
+Progress Shown_Progress()
+{
+    if (::isatty(STDERR_FILENO) == 0)
+        return {};
+    return [](const std::string& message, double) {
+        std::cerr << '\r' << message << "\033[K" << std::flush;
+        return true;
+    };
+}
+
+void Clear_Progress()
+{
+    if (::isatty(STDERR_FILENO) != 0)
+        std::cerr << "\r\033[K" << std::flush;
+}
+
+int Paint(const std::vector<std::string>& words)
+{
+    const int process = Start_Program({.Program = Program_Beside("orvelpaint"), .Arguments = words, .Directory = std::filesystem::current_path()});
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Done : Refused;
 }
 
 namespace {
@@ -105,6 +132,7 @@ int main(int argc, char** argv)
     Add_Show(app, command);
     Add_Run_Commands(app, command);
     Add_Result_Commands(app, command);
+    Add_Report_Command(app, command);
     Add_Series_Command(app, command);
     Add_Single_Command(app, command);
     try {

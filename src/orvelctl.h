@@ -1,11 +1,13 @@
 #pragma once
 
 #include "core/session.h"
+#include "results/progress.h"
 
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // The commands are understood first and done afterwards, with a session.
 
@@ -25,8 +27,18 @@ std::string Bytes_Of(const std::string& word);
 // The option --mode, which a command needs.
 void Add_Mode(CLI::App* command, std::string& mode);
 
-// tables, balance, pecsoil, report
+// Shows what is being read, where a person can see it, and takes that away again.
+Progress Shown_Progress();
+void Clear_Progress();
+
+// Lets orvelpaint, a program of its own, paint what its words say, so that this one starts without a window system's libraries. It tells its failures.
+int Paint(const std::vector<std::string>& words);
+
+// tables, balance, pecsoil
 void Add_Result_Commands(CLI::App& app, Command& command);
+
+// report
+void Add_Report_Command(CLI::App& app, Command& command);
 
 // mark, start, status
 void Add_Run_Commands(CLI::App& app, Command& command);

@@ -5,31 +5,11 @@
 #include "results/echo_file.h"
 #include "results/leachate_tables.h"
 #include "results/soil_concentrations.h"
-#include "results/summary_report.h"
-#include "runs/start_up.h"
 
 #include <iostream>
 #include <memory>
-#include <unistd.h>
 
 namespace {
-
-// Shows what is being read, where a person can see it.
-Progress Shown_Progress()
-{
-    if (::isatty(STDERR_FILENO) == 0)
-        return {};
-    return [](const std::string& message, double) {
-        std::cerr << '\r' << message << "\033[K" << std::flush;
-        return true;
-    };
-}
-
-void Clear_Progress()
-{
-    if (::isatty(STDERR_FILENO) != 0)
-        std::cerr << "\r\033[K" << std::flush;
-}
 
 // Prints the text that a window would show; a failure ends the text early, and is told.
 int Print_Text(std::string_view text, std::string_view failure, std::string_view not_kept)
@@ -65,13 +45,6 @@ int Do_Pecsoil(const std::string& directory, int depth)
     return Print_Table(directory, soil.Text, soil.Failure, soil.Not_Written);
 }
 
-int Do_Report(Session& session, const Mode& mode, const std::string& stem, const std::string& crop)
-{
-    Find_Engine(session);
-    const auto report = Build_Summary(session, Request_Summary(session, mode, stem, crop), Shown_Progress());
-    return report ? Print_Text(Summary_Text(*report), {}, {}) : Refused;
-}
-
 void Add_Run_Directory(CLI::App* command, std::string& directory)
 {
     command->add_option("RUNDIR", directory)->required();
@@ -105,19 +78,6 @@ void Add_Pecsoil(CLI::App& app, Command& command)
     pecsoil->callback([=, &command] { command = [=](Session&) { return Do_Pecsoil(*directory, *depth); }; });
 }
 
-void Add_Report(CLI::App& app, Command& command)
-{
-    auto* report = app.add_subcommand("report", "Print the summary report over all locations of a pesticide and crop");
-    const auto mode = std::make_shared<std::string>(), stem = std::make_shared<std::string>(), crop = std::make_shared<std::string>();
-    Add_Mode(report, *mode);
-    report->add_option("--pesticide", *stem)->required()->option_text("STEM");
-    report->add_option("--crop", *crop)->required()->option_text("TEXT");
-    report->callback([=, &command] {
-        const auto stem_bytes = Bytes_Of(*stem), crop_bytes = Bytes_Of(*crop);
-        command = [=](Session& session) { return Do_Report(session, *Mode_Named(*mode), stem_bytes, crop_bytes); };
-    });
-}
-
 } // namespace
 
 void Add_Result_Commands(CLI::App& app, Command& command)
@@ -125,5 +85,4 @@ void Add_Result_Commands(CLI::App& app, Command& command)
     Add_Tables(app, command);
     Add_Balance(app, command);
     Add_Pecsoil(app, command);
-    Add_Report(app, command);
 }

@@ -7,12 +7,10 @@
 #include "results/parameter_list.h"
 #include "results/series.h"
 #include "results/utility_table.h"
-#include "runs/spawn.h"
 
 #include <iostream>
 #include <memory>
 #include <optional>
-#include <sys/wait.h>
 
 namespace {
 
@@ -56,21 +54,20 @@ std::string Item_Of(const std::string& run, const Plot_Column& column, int numbe
     return column.Plot_Code + " at " + General_Text(column.Plot_Depth) + " cm";
 }
 
-// A picture is painted by a program of its own, so that this one starts without a window system's libraries.
-int Paint(const Session& session, const Series_Words& words, const Daily_Request& request, const std::string& item)
+// The words by which the picture is painted.
+std::vector<std::string> Paint_Words(const Session& session, const Series_Words& words, const Daily_Request& request, const std::string& item)
 {
     const auto month = [](const Run_Month& at) { return std::to_string(at.Year) + "-" + std::to_string(at.Month); };
-    const int process =
-        Start_Program({.Program = Program_Beside("orvelpaint"),
-                       .Arguments = {session.Program.App_Path.string(), words.Run, std::to_string(words.Column), item, std::to_string(request.Variable),
-                                     request.Cumulative ? "1" : "0", month(request.From), month(request.To), words.File},
-                       .Directory = std::filesystem::current_path()});
-    int status = 0;
-    ::waitpid(process, &status, 0);
-    if (WIFEXITED(status) && WEXITSTATUS(status) == 0)
-        return Done;
-    Tell("Save Graph", "The picture " + words.File + " could not be made.");
-    return Refused;
+    return {"series",
+            session.Program.App_Path.string(),
+            words.Run,
+            std::to_string(words.Column),
+            item,
+            std::to_string(request.Variable),
+            request.Cumulative ? "1" : "0",
+            month(request.From),
+            month(request.To),
+            words.File};
 }
 
 int Do_Series(const Session& session, const Series_Words& words)
@@ -96,7 +93,7 @@ int Do_Series(const Session& session, const Series_Words& words)
     const std::string item = Item_Of(words.Run, column, words.Column);
     const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
     if (ending == ".svg" || ending == ".png" || ending == ".pdf")
-        return Paint(session, words, request, item);
+        return Paint(Paint_Words(session, words, request, item));
     const auto series = Read_Daily_Series(session, words.Run, single, words.Column, request);
     const std::string csv = As_Csv(series, Daily_Diagram(series, request, item, X_Unit::Days).Title);
     if (words.File.empty())

@@ -141,6 +141,7 @@ void Load(Leachate_Tables& tables, const Cache_Pair& caches)
     tables.From_Cache = tables.Cached = true;
     tables.Year_Text = Shown_Cache(caches.First);
     tables.Period_Text = Shown_Cache(caches.Second);
+    tables.Period_Bytes = caches.Second;
     tables.Year = Set_Of(Parse_Leachate(caches.First));
     tables.Period = Set_Of(Parse_Leachate(caches.Second));
     if (!tables.Year[0].empty())
@@ -174,6 +175,7 @@ void Build(const fs::path& run_directory, const Progress& progress, Leachate_Tab
     auto periods = Build_Periods(text.File, tables.Period_Index);
     tables.Period_Text = std::move(periods.Text.Screen);
     tables.Period = std::move(periods.Set);
+    tables.Period_Bytes = periods.Text.File;
     // A run that was started while its files were read is at work now.
     if (tables.Not_Cached.empty())
         tables.Not_Cached = Why_No_Cache(run_directory, head);

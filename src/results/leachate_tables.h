@@ -44,6 +44,7 @@ struct Leachate_Tables {
     std::vector<std::string> Result_Name; // "Results for ..." by substance, as echo.orv names them
     Leachate_Set Year, Period;            // out of the cache, the figures are those printed there
     int Period_Index = 0;                 // years of a period less one: 0, 1 or 2
+    std::string Period_Bytes;             // of period.orv, kept or not
     bool From_Cache = false;
     bool Cached = false;    // year.orv and period.orv hold these tables now
     std::string Not_Cached; // why a complete table was not kept, a sentence

@@ -7,17 +7,18 @@
 #include "core/text.h"
 #include "results/echo_file.h"
 #include "results/leachate_text.h"
-#include "runs/job_status.h"
+#include "results/run_tree.h"
+#include "runs/crops.h"
 #include "runs/shown_path.h"
 
 #include <algorithm>
-#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 
 namespace {
 
 constexpr std::string_view Directory_End = ".run";
+constexpr std::string_view All_Crops = "all";
 constexpr std::string_view Bottom_Title = "percolate at the bottom of the simulated soil core";
 constexpr std::string_view Percentile_Mark = "80 Perc";
 constexpr std::size_t Figures_First = 10; // of a percentile row, 1-based
@@ -36,18 +37,6 @@ fs::path Level(const fs::path& above, std::string_view text)
     if (!found || !fs::is_directory(*found))
         throw File_Error("There are no simulations of " + To_Utf8(text) + " in " + above.string() + ".");
     return *found;
-}
-
-std::string Date_Of(const fs::path& file)
-{
-    struct stat about {};
-    return ::stat(file.c_str(), &about) == 0 ? Date_Text(about.st_mtime) : "";
-}
-
-std::string Short_Name(std::string_view text)
-{
-    const auto bracket = text.find('(');
-    return bracket == std::string_view::npos ? "" : std::string(text.substr(bracket + 1, 1));
 }
 
 // A short name gets ten blanks at most, so the columns of names below seven characters do not line up.
@@ -88,17 +77,93 @@ Summary Collect(const Summary_Request& request)
 
 } // namespace
 
+std::string Short_Name(std::string_view text)
+{
+    const auto bracket = text.find('(');
+    return bracket == std::string_view::npos ? "" : std::string(text.substr(bracket + 1, 1));
+}
+
 Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop)
 {
     const auto directory = Level(Level(Mode_Directory(session, mode), stem), crop);
-    Summary_Request request{session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}};
+    Summary_Request request{session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}};
     for (const auto& name : List_Directories(directory, "*" + std::string(Directory_End))) {
         const auto text = Shown(name);
         request.Locations.push_back({Name_Decode(text.substr(0, text.size() - Directory_End.size())), directory / name});
     }
     if (!request.Locations.empty())
-        request.Date = Date_Of(Found_Or_New(request.Locations.front().Directory, "echo.orv"));
+        request.Date = Date_Of_Simulation(request.Locations.front().Directory);
+    request.Absent = Absent_Locations(session, mode, crop, request.Locations);
     return request;
+}
+
+std::vector<std::string> Crops_Of_Runs(const Session& session, const Mode& mode, std::string_view stem)
+{
+    std::vector<std::string> crops;
+    for (const auto& entry : Run_Entries(Level(Mode_Directory(session, mode), stem)))
+        crops.push_back(entry.Name);
+    if (crops.empty())
+        throw File_Error("There are no simulations of " + To_Utf8(stem) + ".");
+    return crops;
+}
+
+void Choose_Locations(Summary_Request& request, const std::vector<std::string>& codes)
+{
+    if (codes.empty())
+        return;
+    const auto has_code = [](std::string_view code) {
+        return [code](const Summary_Location& location) { return Same_Text(Bracket_Text(location.Text), code); };
+    };
+    Summary_Request chosen = request;
+    chosen.Locations.clear();
+    chosen.Absent.clear();
+    for (const auto& code : codes) {
+        const auto found = std::ranges::find_if(request.Locations, has_code(code));
+        if (found != request.Locations.end())
+            chosen.Locations.push_back(*found);
+        else
+            chosen.Missing.push_back(Location_Name(code).empty() ? code : Location_Name(code));
+    }
+    if (!chosen.Locations.empty())
+        chosen.Date = Date_Of_Simulation(chosen.Locations.front().Directory);
+    request = std::move(chosen);
+}
+
+std::vector<Summary_Request> Request_Summaries(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop,
+                                               const std::vector<std::string>& codes)
+{
+    const auto crops = crop == All_Crops ? Crops_Of_Runs(session, mode, stem) : std::vector{std::string(crop)};
+    std::vector<Summary_Request> requests;
+    for (const auto& name : crops) {
+        requests.push_back(Request_Summary(session, mode, stem, name));
+        Choose_Locations(requests.back(), codes);
+    }
+    return requests;
+}
+
+std::vector<std::string> Codes_In(std::string_view list)
+{
+    std::vector<std::string> codes;
+    while (!list.empty()) {
+        const auto comma = std::min(list.find(','), list.size());
+        if (const auto code = Trim(list.substr(0, comma)); !code.empty())
+            codes.emplace_back(code);
+        list.remove_prefix(std::min(comma + 1, list.size()));
+    }
+    return codes;
+}
+
+std::vector<std::string> Absent_Locations(const Session& session, const Mode& mode, std::string_view crop, const std::vector<Summary_Location>& run)
+{
+    std::vector<std::string> absent;
+    const auto index = Crop_Index(crop);
+    if (!index)
+        return absent;
+    for (const auto& text : Locations_Of_Crop(session, mode, *index)) {
+        if (std::ranges::find(run, text, &Summary_Location::Text) == run.end())
+            absent.push_back(text);
+    }
+    return absent;
 }
 
 std::optional<Summary> Build_Summary(Session& session, const Summary_Request& request, const Progress& progress)

@@ -59,18 +59,6 @@ try {
     return false;
 }
 
-// The application block of the selected location, -1 for none.
-int Block_Of_Location(const Pesticide_Document& document, std::string_view location)
-{
-    const auto name = Plain_Location(location);
-    const int blocks = std::clamp<int>(document.App_Loc_Count, 0, Last_Location + 1);
-    for (int block = 0; block < blocks; ++block) {
-        if (!name.empty() && document.App_Location[static_cast<std::size_t>(block)] == name)
-            return block;
-    }
-    return -1;
-}
-
 std::string Relative_Warning(Session& session, const Mode& mode, const Selection& selected)
 {
     Check_Pattern(session, 0);
@@ -160,6 +148,17 @@ Selection Evaluate_Selection(Session& session, const Mode& mode, std::string_vie
     selected.May_Run_Anyway = selected.Warnung == Irregular_Text;
     Describe_Pattern(session, selected);
     return selected;
+}
+
+int Block_Of_Location(const Pesticide_Document& document, std::string_view location)
+{
+    const auto name = Plain_Location(location);
+    const int blocks = std::clamp<int>(document.App_Loc_Count, 0, Last_Location + 1);
+    for (int block = 0; block < blocks; ++block) {
+        if (!name.empty() && document.App_Location[static_cast<std::size_t>(block)] == name)
+            return block;
+    }
+    return -1;
 }
 
 bool Crop_Fits(int number, int crop)

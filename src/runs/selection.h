@@ -31,6 +31,9 @@ Selection Evaluate_Selection(Session& session, const Mode& mode, std::string_vie
 // Whether the crop number of a pesticide file (App_Rel_Flag) fits a crop of the list; 0 and below fit every crop.
 bool Crop_Fits(int number, int crop);
 
+// The application block of a location's list entry in a pesticide document, -1 for none.
+int Block_Of_Location(const Pesticide_Document& document, std::string_view location);
+
 // Whether the first crop row of a scenario file has the tillage flag set. A missing file has no tillage.
 bool Has_Tillage(const std::filesystem::path& scenario);
 

@@ -1,5 +1,6 @@
 #include "charts/painting/chart_painter.h"
 
+#include "charts/hues.h"
 #include "charts/scale.h"
 
 #include <algorithm>
@@ -217,9 +218,7 @@ QPalette Paper_Palette()
 
 QColor Colour_Of(Colour role, const QPalette& palette)
 {
-    // Hues that people of every colour vision tell apart; lighter on a dark ground.
-    static constexpr std::array<QRgb, 9> hues = {0xFF2F6FB5, 0xFFD1492E, 0xFF2F6FB5, 0xFF56B4E9, 0xFFE69F00, 0xFF8B6BB1, 0xFF009E73, 0xFFD1492E, 0xFF8C8C8C};
-    const QColor colour(hues[static_cast<std::size_t>(role)]);
+    const QColor colour(QRgb(Hue_Of(role)));
     return palette.color(QPalette::Base).lightness() < 128 ? colour.lighter(140) : colour;
 }
 

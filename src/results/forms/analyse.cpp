@@ -173,9 +173,12 @@ void Analyse::Zusammenfassung_Click()
                             Bytes_Of(Datum->text()),
                             Bytes_Of(Pestizidverzeichnis->currentText()),
                             Bytes_Of(Kulturverzeichnis->currentText()),
-                            {}};
+                            {},
+                           {},
+                           {}};
     for (int i = 0; i < Szenarioverzeichnis->count(); ++i)
         request.Locations.push_back({Bytes_Of(Szenarioverzeichnis->itemText(i)), Szenarioverzeichnis->itemData(i).toString().toStdString()});
+    request.Absent = Absent_Locations(Shared, The_Mode, request.Crop, request.Locations);
     Zusammenfassung_orv(Shared, std::move(request), this).exec();
 }
 

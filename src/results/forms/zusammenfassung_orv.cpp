@@ -2,10 +2,13 @@
 
 #include "charts/forms/chart_view.h"
 #include "charts/forms/picture_actions.h"
+#include "core/error.h"
 #include "core/forms/text_output.h"
 #include "core/forms/widgets.h"
+#include "results/painting/report_files.h"
 #include "results/report_chart.h"
 
+#include <QFileDialog>
 #include <QPlainTextEdit>
 
 namespace {
@@ -34,6 +37,7 @@ Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request reque
     S_Diagramm = Add_Button("S_Diagramm", To_Diagram, [this] { S_Diagramm_Click(); });
     Add_Button("Kopieren", "&Copy", [this] { Copy(); });
     Add_Button("Drucken", "&Print", [this] { Print(); });
+    Add_Button("Speichern", "&Save report", [this] { Speichern(); });
     Add_Done();
 }
 
@@ -84,6 +88,24 @@ void Zusammenfassung_orv::Copy()
         Copy_Picture(Picture_Of(Diagramm->Shown_Chart()));
     else
         Copy_Text(Ergebnis->toPlainText());
+}
+
+// The kind goes by the ending, which the chosen filter completes.
+void Zusammenfassung_orv::Speichern()
+try {
+    QFileDialog dialog(this, "Save report", {}, "Document (*.pdf);;Page (*.html);;Table (*.csv);;Text (*.txt)");
+    dialog.setObjectName("Save_Report");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    const auto complete = [&dialog](const QString& filter) { dialog.setDefaultSuffix(filter.section("*.", 1).chopped(1)); };
+    connect(&dialog, &QFileDialog::filterSelected, complete);
+    complete(dialog.selectedNameFilter());
+    dialog.selectFile(Shown(Request.Pesticide + " " + Request.Crop));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const Hourglass waiting;
+    Save_Report(Shared, {Request}, dialog.selectedFiles().value(0).toStdString());
+} catch (const File_Error& error) {
+    Shared.Ask({"Save report", Bytes_Of(QString::fromUtf8(error.what()))});
 }
 
 void Zusammenfassung_orv::Print()

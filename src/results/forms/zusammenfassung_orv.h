@@ -25,6 +25,7 @@ private:
     void Draw();
     void Copy();
     void Print();
+    void Speichern();
 
     Session& Shared;
     const Summary_Request Request;

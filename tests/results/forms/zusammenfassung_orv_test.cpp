@@ -6,6 +6,9 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -96,6 +99,48 @@ TEST_F(Zusammenfassung_Test, Copies_The_Text_Or_The_Picture_By_The_View)
     Click<QPushButton>(*Form, "S_Diagramm");
     Click<QPushButton>(*Form, "Kopieren");
     EXPECT_GT(QApplication::clipboard()->image().width(), 1000);
+}
+
+TEST_F(Zusammenfassung_Test, Saves_The_Report_In_The_Kind_That_The_Filter_Names)
+{
+    Open();
+    const Temporary_Directory place;
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+
+    In_Modal([&](QWidget& window) {
+        auto* dialog = qobject_cast<QFileDialog*>(&window);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->windowTitle(), "Save report");
+        EXPECT_EQ(dialog->nameFilters(), (QStringList{"Document (*.pdf)", "Page (*.html)", "Table (*.csv)", "Text (*.txt)"}));
+        dialog->setDirectory(QString::fromStdString(place.Path().string()));
+        QTest::keyClick(dialog->findChild<QComboBox*>("fileTypeCombo"), Qt::Key_Down);
+        auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+        name->selectAll();
+        QTest::keyClicks(name, "dossier");
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    Click<QPushButton>(*Form, "Speichern");
+
+    EXPECT_TRUE(The_User.Messages.empty());
+    EXPECT_TRUE(Read_File(place / "dossier.html").starts_with("<!DOCTYPE html>"));
+}
+
+TEST_F(Zusammenfassung_Test, A_Report_Of_An_Unknown_Kind_Is_Refused)
+{
+    Open();
+    const Temporary_Directory place;
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+
+    In_Modal([&](QWidget& window) {
+        qobject_cast<QFileDialog*>(&window)->setDirectory(QString::fromStdString(place.Path().string()));
+        auto* name = window.findChild<QLineEdit*>("fileNameEdit");
+        name->selectAll();
+        QTest::keyClicks(name, "report.doc");
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    Click<QPushButton>(*Form, "Speichern");
+
+    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Save report", "A report is saved as .txt, .csv, .html or .pdf, not as report.doc."})});
 }
 
 TEST_F(Zusammenfassung_Test, A_Failed_Location_Is_Told_And_Nothing_Is_Shown)

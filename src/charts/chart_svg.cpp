@@ -1,0 +1,129 @@
+#include "charts/chart_svg.h"
+
+#include "charts/hues.h"
+#include "charts/scale.h"
+#include "core/numbers.h"
+#include "core/xml.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr double Width = 760, Height = 400, Key_Height = 30, Line = 16, Below = 16; // below the plane, for the title of the x axis
+
+std::string Place(double value)
+{
+    return Format_Pattern(value, "0.00");
+}
+
+std::string Fill(Colour role)
+{
+    constexpr std::string_view Digits = "0123456789abcdef";
+    std::string text = "#";
+    for (int shift = 20; shift >= 0; shift -= 4)
+        text += Digits[(Hue_Of(role) >> static_cast<unsigned>(shift)) & 15U];
+    return text;
+}
+
+// Draws by the convention of all diagrams.
+class Svg_Drawing {
+public:
+    explicit Svg_Drawing(const Chart& chart) : Drawn(chart), Length(chart.X.High - chart.X.Low), Size(Value_Size(chart.Y)) {}
+
+    std::string Draw()
+    {
+        Out = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" viewBox=\"0 0 " + Place(Width) + " " + Place(Height + Below) + "\">\n<title>" +
+              Xml_Text(Drawn.Title) + "</title>\n";
+        if (Drawn.Frame.Right > Drawn.Frame.Left && Drawn.Frame.Top > Drawn.Frame.Bottom)
+            Plane();
+        return Out + "</svg>\n";
+    }
+
+private:
+    void Plane()
+    {
+        Key();
+        for (const Chart_Box& box : Drawn.Boxes)
+            Rectangle(X(box.Left), std::min(Y(box.Y), Y(0)), X(box.Right) - X(box.Left), std::fabs(Y(box.Y) - Y(0)), box.Drawn_In);
+        for (const Chart_Line& line : Drawn.Lines)
+            Polyline(line);
+        X_Axis();
+        Y_Axis();
+    }
+
+    double X(double x) const { return (x - Drawn.Frame.Left) / (Drawn.Frame.Right - Drawn.Frame.Left) * Width; }
+    double Y(double y) const { return Height - (y - Drawn.Frame.Bottom) / (Drawn.Frame.Top - Drawn.Frame.Bottom) * (Height - Key_Height); }
+
+    void Stroke(double x1, double y1, double x2, double y2)
+    {
+        Out += "<line x1=\"" + Place(x1) + "\" y1=\"" + Place(y1) + "\" x2=\"" + Place(x2) + "\" y2=\"" + Place(y2) + "\" stroke=\"currentColor\"/>\n";
+    }
+
+    void Text(double x, double y, std::string_view anchor, std::string_view text)
+    {
+        if (!text.empty())
+            Out += "<text x=\"" + Place(x) + "\" y=\"" + Place(y) + "\" text-anchor=\"" + std::string(anchor) + "\" fill=\"currentColor\" font-size=\"13\">" +
+                   Xml_Text(text) + "</text>\n";
+    }
+
+    void Rectangle(double x, double y, double width, double height, Colour colour)
+    {
+        Out += "<rect x=\"" + Place(x) + "\" y=\"" + Place(y) + "\" width=\"" + Place(width) + "\" height=\"" + Place(height) + "\" fill=\"" + Fill(colour) +
+               "\"/>\n";
+    }
+
+    void Polyline(const Chart_Line& line)
+    {
+        Out += "<polyline fill=\"none\" stroke=\"" + Fill(line.Drawn_In) + "\" points=\"";
+        for (const Chart_Point& point : line.Points)
+            Out += Place(X(point.X)) + "," + Place(Y(point.Y)) + " ";
+        Out += "\"/>\n";
+    }
+
+    void Key()
+    {
+        double left = X(Drawn.X.Low);
+        for (const Chart_Key& key : Drawn.Key) {
+            Rectangle(left, 5, 11, 11, key.Drawn_In);
+            Text(left + Line, 15, "start", key.Text);
+            left += 3 * Line + 7 * static_cast<double>(key.Text.size());
+        }
+    }
+
+    void X_Axis()
+    {
+        Stroke(X(Drawn.X.Low), Y(0), X(Drawn.X.High), Y(0));
+        const double below = Y(Size * X_Label_Below) + Line * 0.8;
+        for (const Chart_Tick& tick : Drawn.X.Ticks) {
+            Stroke(X(tick.At), Y(0), X(tick.At), Y(-Size * std::array{Big_X_Tick, Small_X_Tick, Tiny_X_Tick}[static_cast<std::size_t>(tick.Rank)]));
+            Text(X(tick.At), below, "middle", tick.Label);
+        }
+        Text(X((Drawn.X.Low + Drawn.X.High) / 2), below + 1.2 * Line, "middle", Drawn.X.Title);
+    }
+
+    void Y_Axis()
+    {
+        double first = Drawn.Y.Low, last = Drawn.Y.High;
+        for (const Chart_Tick& tick : Drawn.Y.Ticks) {
+            first = std::min(first, tick.At);
+            last = std::max(last, tick.At);
+            Stroke(X(0), Y(tick.At), X(-Length * std::array{Big_Y_Tick, Small_Y_Tick, Tiny_Y_Tick}[static_cast<std::size_t>(tick.Rank)]), Y(tick.At));
+            Text(X(-Length * Big_Y_Tick) - 4, Y(tick.At) + Line * 0.3, "end", tick.Label);
+        }
+        Stroke(X(0), Y(first), X(0), Y(last));
+        Text(4, Y(last) - 0.7 * Line, "start", Drawn.Y.Title);
+    }
+
+    const Chart& Drawn;
+    double Length, Size;
+    std::string Out;
+};
+
+} // namespace
+
+std::string Chart_Svg(const Chart& chart)
+{
+    return Svg_Drawing(chart).Draw();
+}

@@ -1,0 +1,30 @@
+#include "core/xml.h"
+
+#include "core/code_page.h"
+
+std::string Xml_Text(std::string_view bytes)
+{
+    std::string text;
+    for (const char c : To_Utf8(bytes)) {
+        switch (c) {
+        case '&':
+            text += "&amp;";
+            break;
+        case '<':
+            text += "&lt;";
+            break;
+        case '>':
+            text += "&gt;";
+            break;
+        case '"':
+            text += "&quot;";
+            break;
+        case '\'':
+            text += "&#39;";
+            break;
+        default:
+            text += static_cast<unsigned char>(c) < ' ' || c == '\x7F' ? ' ' : c;
+        }
+    }
+    return text;
+}
