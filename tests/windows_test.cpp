@@ -197,6 +197,11 @@ std::vector<Opened_Window> Windows_Test::All() const
          }},
         Plain<Form_Saving>("form_saving", Document_Kind::Pesticide, Installation()),
         Plain<Szenario>("szenario", Installation() / "focus"),
+        {"klimagrafik",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             static const Climate_Grid grid(session.Climate);
+             return std::make_unique<Klimagrafik>(grid, 3, session.Ask);
+         }},
         Plain<Klima>("klima", Installation() / "focus"),
         Plain<form_soil_hor>("form_soil_hor"),
         Plain<Form_eros>("form_eros"),

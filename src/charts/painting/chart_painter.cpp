@@ -53,23 +53,26 @@ private:
         QFont title = Sized(Plain, Plain.pointSizeF() * Title_Scale);
         title.setBold(true);
         QRectF row(Area.left(), Area.top() + Line * Margin / 2, Area.width(), Line * Title_Scale * 1.2);
-        Draw_Fitted(row, title, Drawn.Title);
+        Painter.setFont(Fitting(title, {Drawn.Title}));
+        Painter.drawText(row, Qt::AlignCenter, Chart_Text(Drawn.Title));
         row = QRectF(Area.left(), row.bottom(), Area.width(), Line);
+        Painter.setFont(Fitting(Plain, Drawn.Legend));
         for (const std::string& legend : Drawn.Legend) {
-            Draw_Fitted(row, Plain, legend);
+            Painter.drawText(row, Qt::AlignCenter, Chart_Text(legend));
             row.translate(0, Line);
         }
+        Painter.setFont(Plain);
     }
 
-    // In the middle of a row, smaller if that is too narrow.
-    void Draw_Fitted(const QRectF& row, QFont font, const std::string& text)
+    // The font, smaller if the picture is too narrow for one of the lines.
+    QFont Fitting(QFont font, const std::vector<std::string>& lines) const
     {
-        const auto needed = [&] { return Metrics_Of(font, Painter.device()).horizontalAdvance(Chart_Text(text)) + Line * Margin; };
-        while (needed() > row.width() && font.pointSizeF() > Least_Points)
-            font.setPointSizeF(font.pointSizeF() - Least_Points / 8);
-        Painter.setFont(font);
-        Painter.drawText(row, Qt::AlignCenter, Chart_Text(text));
-        Painter.setFont(Plain);
+        for (const std::string& line : lines) {
+            const auto needed = [&] { return Metrics_Of(font, Painter.device()).horizontalAdvance(Chart_Text(line)) + Line * Margin; };
+            while (needed() > Area.width() && font.pointSizeF() > Least_Points)
+                font.setPointSizeF(font.pointSizeF() - Least_Points / 8);
+        }
+        return font;
     }
 
     void Draw_Boxes()
