@@ -44,7 +44,8 @@ void Read(const fs::path& file, int depth, const Progress& progress, Soil_Concen
         const std::string_view name = s < soil.Substance_Name.size() ? std::string_view(soil.Substance_Name[s]) : std::string_view();
         Print_Substance(text, name, Contains(head.Titles[3], "Pore"), soil.Maximum.back());
     }
-    soil.Not_Written = Why_No_Cache(file.parent_path(), head);
+    soil.Not_Written =
+        averages.empty() ? "The output of the run has no profile of the soil: there is nothing to evaluate." : Why_No_Cache(file.parent_path(), head);
 }
 
 } // namespace

@@ -247,6 +247,17 @@ TEST_F(Soil_Concentrations_Test, No_File_Is_Written_From_A_Run_Whose_Lock_Is_Hel
     EXPECT_FALSE(fs::exists(Run / "PECsoil_1.orv"));
 }
 
+TEST_F(Soil_Concentrations_Test, A_Run_Without_A_Soil_Profile_Says_Why_Its_Table_Is_Empty)
+{
+    Write_Plot(Plot_Head_Of(1, 0) + Warm_Up);
+
+    const auto soil = Build_Soil_Concentrations(Run.Path(), 5);
+
+    EXPECT_EQ(soil.Not_Written, "The output of the run has no profile of the soil: there is nothing to evaluate.");
+    EXPECT_EQ(soil.Failure, "");
+    EXPECT_FALSE(fs::exists(Run / "PECsoil_5.orv"));
+}
+
 TEST_F(Soil_Concentrations_Test, A_Depth_Of_0_A_Missing_And_A_Broken_File_Are_Told)
 {
     EXPECT_EQ(Build_Soil_Concentrations(Run.Path(), 0).Failure, "The depth must be at least one layer.");
