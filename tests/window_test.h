@@ -49,7 +49,7 @@ inline void Choose_Option(const QWidget& window, const QString& name)
     QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(option->height() / 2, option->height() / 2));
 }
 
-// Opens a drop-down list and clicks an entry.
+// Opens a drop-down list and chooses an entry by the keyboard.
 inline void Pick(const QWidget& window, const QString& name, const QString& text)
 {
     auto* combo = Find<QComboBox>(window, name);
@@ -57,9 +57,12 @@ inline void Pick(const QWidget& window, const QString& name, const QString& text
     if (row < 0 || !combo->isVisible() || !combo->isEnabled())
         throw std::runtime_error(name.toStdString() + " does not offer " + text.toStdString());
     QTest::keyClick(combo, Qt::Key_F4);
-    const auto index = combo->model()->index(row, combo->modelColumn(), combo->rootModelIndex());
-    combo->view()->scrollTo(index);
-    QTest::mouseClick(combo->view()->viewport(), Qt::LeftButton, {}, combo->view()->visualRect(index).center());
+    QTest::keyClick(combo->view(), Qt::Key_Home);
+    for (int step = 0; step < row; ++step)
+        QTest::keyClick(combo->view(), Qt::Key_Down);
+    QTest::keyClick(combo->view(), Qt::Key_Return);
+    if (combo->currentIndex() != row)
+        throw std::runtime_error(name.toStdString() + " did not take " + text.toStdString());
 }
 
 // Replaces the text of a field by typing, and leaves the field.

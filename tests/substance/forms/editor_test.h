@@ -1,0 +1,74 @@
+#pragma once
+
+#include "substance/forms/form_psm_open.h"
+#include "temporary_directory.h"
+#include "window_test.h"
+
+#include <cstdlib>
+
+inline void Press(const QWidget& form, const QString& name)
+{
+    Click<QAbstractButton>(form, name);
+}
+
+inline void Save(const QWidget& scheme, const QString& button, const QString& name)
+{
+    In_Modal([name](QWidget& dialog) {
+        Retype(dialog, "TextSave", name);
+        Press(dialog, "SaveNow");
+    });
+    Press(scheme, button);
+}
+
+// The pesticide editor in an installation with the demonstration files, opened by the open dialog as a hand does.
+class Editor_Test : public testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        Place = std::make_unique<Temporary_Directory>();
+        Orvelctl("init " + Installation().string());
+    }
+    static void TearDownTestSuite() { Place.reset(); }
+
+    static void Orvelctl(const std::string& arguments)
+    {
+        ASSERT_EQ(std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null").c_str()), 0) << arguments;
+    }
+
+    static std::filesystem::path Installation() { return Place->Path() / "installation"; }
+
+    // Opens a file by the open dialog, or a new document, and uses the editor.
+    static void In_Editor(const QString& file, const std::function<void(QWidget&)>& use)
+    {
+        auto session = std::make_unique<Session>();
+        Told user;
+        session->Ask = [&user](const Message& message) { return user(message); };
+        session->Program.App_Path = Installation();
+        session->Program.File_Mask = "*.psm";
+        Form_PSM_Open dialog(*session, Installation());
+        dialog.show();
+        In_Modal(use);
+        if (file.isEmpty()) {
+            Press(dialog, "New_file");
+        } else {
+            Choose(dialog, "File1", file);
+            Press(dialog, "Comm_2");
+        }
+        EXPECT_TRUE(user.Messages.empty()) << user.Messages.front().Text;
+    }
+
+    // The detail form behind a control of the scheme.
+    static void In_Form(const QWidget& scheme, const QString& control, const std::function<void(QWidget&)>& use)
+    {
+        bool opened = false;
+        In_Modal([&](QWidget& form) {
+            opened = true;
+            use(form);
+        });
+        Press(scheme, control);
+        EXPECT_TRUE(opened) << control.toStdString();
+    }
+
+private:
+    static inline std::unique_ptr<Temporary_Directory> Place;
+};
