@@ -181,9 +181,12 @@ void Start::Activate()
     if (Protected_In_Vain || Files_Protected(Shared))
         return;
     const Hourglass waiting;
+    const QSize before = size();
     Nachricht->show();
     Protected_In_Vain = !Protect_Files(Shared, [](int, int) { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }) || !Files_Protected(Shared);
     Nachricht->hide();
+    layout()->activate();
+    resize(before);
 }
 
 void Start::closeEvent(QCloseEvent* event)

@@ -59,6 +59,15 @@ TEST_F(Start_Test, Protects_The_Shipped_Files_Behind_The_First_Paint)
     EXPECT_FALSE(Find<QGroupBox>(*Form, "Nachricht")->isVisible());
 }
 
+TEST_F(Start_Test, Has_Its_Size_Again_When_The_Message_Is_Gone)
+{
+    Open();
+    Start next(Shared); // shows no message: the files are protected now
+    next.show();
+
+    EXPECT_EQ(Form->size(), next.size());
+}
+
 TEST_F(Start_Test, Protects_The_Shipped_Files_Again_When_It_Comes_To_The_Front)
 {
     Open();
