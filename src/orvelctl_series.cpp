@@ -38,8 +38,10 @@ std::string Csv_Cell(const std::string& text)
 std::string As_Csv(const Daily_Series& series, const std::string& title)
 {
     std::string text = "day," + Csv_Cell(To_Utf8(title)) + "\n";
+    constexpr std::size_t Usual_Line = 40;
+    text.reserve(text.size() + Usual_Line * series.Points.size());
     for (const Chart_Point& point : series.Points)
-        text += General_Text(point.X) + "," + General_Text(point.Y) + "\n";
+        text.append(General_Text(point.X)).append(",").append(General_Text(point.Y)).append("\n");
     return text;
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <stdexcept>
 
@@ -27,19 +28,60 @@ struct Decimal {
     int Exponent = 0;
 };
 
+constexpr double Most_Whole = 1e15;
+constexpr int Bits_Behind_Point = 52; // at most, of a double from 1 on
+
+// The fifteen digits of a value from 1 to below 1E15 by whole numbers: exact, halves to even, and several times faster than the library's way, which
+// is made for any count of digits.
+Decimal Decimal_Of_Whole(double value)
+{
+    __extension__ using Wide = unsigned __int128;
+    const auto whole = static_cast<std::uint64_t>(value);
+    const auto rest = static_cast<std::uint64_t>((value - static_cast<double>(whole)) * (1ULL << Bits_Behind_Point));
+    int whole_digits = 0;
+    std::uint64_t scale = 1'000'000'000'000'000;
+    for (std::uint64_t w = whole; w > 0; w /= 10) {
+        ++whole_digits;
+        scale /= 10;
+    }
+    const Wide product = static_cast<Wide>(rest) * scale;
+    const auto below = static_cast<std::uint64_t>(product) & ((1ULL << Bits_Behind_Point) - 1);
+    constexpr auto Half = 1ULL << (Bits_Behind_Point - 1);
+    std::uint64_t digits = whole * scale + static_cast<std::uint64_t>(product >> Bits_Behind_Point);
+    if (below > Half || (below == Half && digits % 2 == 1))
+        ++digits;
+    char buffer[20];
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, digits).ptr;
+    Decimal decimal{false, std::string(buffer, end), whole_digits - 1};
+    decimal.Exponent += static_cast<int>(decimal.Digits.size()) - Significant_Digits; // 999999999999999.9 has one more
+    return decimal;
+}
+
+Decimal Decimal_Of_Any(double value)
+{
+    char buffer[40];
+    // The shortest digits that name the value are its fifteen ones where they are no more.
+    auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific).ptr;
+    if (std::find(buffer, end, 'e') - buffer > Significant_Digits + 1)
+        end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, Significant_Digits - 1).ptr;
+    const std::string_view text(buffer, static_cast<std::size_t>(end - buffer));
+    const auto e = text.find('e');
+    Decimal decimal{false, std::string(1, text[0]), 0};
+    decimal.Digits += text.substr(std::min<std::size_t>(2, e), e - std::min<std::size_t>(2, e));
+    const auto exponent = text.substr(text[e + 1] == '+' ? e + 2 : e + 1);
+    std::from_chars(exponent.data(), exponent.data() + exponent.size(), decimal.Exponent);
+    return decimal;
+}
+
 Decimal Decimal_Of(double value)
 {
     if (!std::isfinite(value))
         throw std::domain_error("A value that is not a number cannot be printed.");
     if (value == 0)
         return {};
-    char buffer[40];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific, Significant_Digits - 1).ptr;
-    const std::string_view text(buffer, static_cast<std::size_t>(end - buffer));
-    const auto e = text.find('e');
-    Decimal decimal{value < 0, std::string(1, text[0]) + std::string(text.substr(2, e - 2)), 0};
-    const auto exponent = text.substr(text[e + 1] == '+' ? e + 2 : e + 1);
-    std::from_chars(exponent.data(), exponent.data() + exponent.size(), decimal.Exponent);
+    const double size = std::fabs(value);
+    Decimal decimal = size >= 1 && size < Most_Whole ? Decimal_Of_Whole(size) : Decimal_Of_Any(size);
+    decimal.Negative = value < 0;
     decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
     return decimal;
 }
@@ -67,21 +109,19 @@ Decimal Round_To(Decimal decimal, int count)
     return decimal;
 }
 
-char Digit_At(const Decimal& decimal, int power)
-{
-    const int at = decimal.Exponent - power;
-    return at >= 0 && at < static_cast<int>(decimal.Digits.size()) ? decimal.Digits[static_cast<std::size_t>(at)] : '0';
-}
-
 std::string Fixed(const Decimal& decimal, int whole_digits, int decimals)
 {
-    std::string text;
-    for (int power = std::max(decimal.Exponent, whole_digits - 1); power >= 0; --power)
-        text += Digit_At(decimal, power);
+    const int whole = std::max(decimal.Exponent + 1, whole_digits);
+    std::string text(static_cast<std::size_t>(whole + (decimals > 0 ? 1 + decimals : 0)), '0');
+    // Where the digits stand: the first one of power `whole - 1`, the point behind the one of power 0.
+    const int skipped = whole - 1 - decimal.Exponent;
+    for (int i = 0; i < static_cast<int>(decimal.Digits.size()); ++i) {
+        const int at = skipped + i + (skipped + i >= whole ? 1 : 0);
+        if (at < static_cast<int>(text.size()))
+            text[static_cast<std::size_t>(at)] = decimal.Digits[static_cast<std::size_t>(i)];
+    }
     if (decimals > 0)
-        text += '.';
-    for (int power = -1; power >= -decimals; --power)
-        text += Digit_At(decimal, power);
+        text[static_cast<std::size_t>(whole)] = '.';
     return text;
 }
 

@@ -3,9 +3,11 @@
 #include "core/error.h"
 #include "core/variant.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
 
 TEST(Val, Reads_The_Longest_Number_At_The_Start)
 {
@@ -64,6 +66,33 @@ TEST(General_Text, Holds_At_Most_Fifteen_Significant_Digits)
     EXPECT_EQ(General_Text(-0.0), "0");
     EXPECT_EQ(General_Text(98400), "98400");
     EXPECT_EQ(General_Text(-2.5), "-2.5");
+}
+
+// The C library prints fifteen digits exactly, halves to even, in its own layout; read back they are the same number.
+TEST(General_Text, Is_Rounded_Exactly_For_Values_Of_Every_Size)
+{
+    std::mt19937_64 random(7);
+    const auto check = [](double value) {
+        char expected[64];
+        std::snprintf(expected, sizeof expected, "%.14e", value);
+        const std::string text = General_Text(value);
+        EXPECT_EQ(std::strtod(text.c_str(), nullptr), std::strtod(expected, nullptr)) << text << " for " << expected;
+    };
+    for (int i = 0; i < 200000; ++i) {
+        const double size = std::pow(10.0, static_cast<double>(random() % 40) - 20);
+        check(static_cast<double>(random() >> 11U) * 0x1p-53 * size);
+        check(static_cast<double>(random() % 2000000) / 24);
+    }
+    for (const double value :
+         {1234567890123.125, 1234567890123.375, 999999999999999.5, 999999999999999.4, 99999999999999.95, 1.0, 9.9999999999999991, 0.3, 1e15, 1e-5, 0.1 + 0.2})
+        check(value);
+}
+
+TEST(General_Text, Takes_A_Half_Behind_The_Fifteenth_Digit_To_The_Even_One)
+{
+    EXPECT_EQ(General_Text(1234567890123.125), "1234567890123.12");
+    EXPECT_EQ(General_Text(1234567890123.375), "1234567890123.38");
+    EXPECT_EQ(General_Text(999999999999999.5), "1E+15");
 }
 
 TEST(General_Text, Is_Fixed_Up_To_Fifteen_Decimals_And_Fifteen_Digits_Before_The_Point)
