@@ -33,7 +33,7 @@ Substance_Entry Load_Substance(const Pesticide_Document& document, int i)
             .Text_KOC_MOI = General_Text(document.Koc_Change[i]),
             .Text_nhor = document.N_Horizons.Text(),
             .Kd_Direct = document.Kd_Flag[i].Number() == 0,
-            .Depth_Mode = document.Deg_Depth_Mode[i],
+            .Depth_Mode = std::min<int>(document.Deg_Depth_Mode[i], Individual),
             .Liquid_Only = document.Deg_Liquid_Only[i] != 0,
             .Kf_Enabled = document.N_Horizons.Number() != 0};
 }

@@ -8,6 +8,7 @@
 #include "substance/forms/form_appgrid.h"
 #include "substance/forms/plant_app.h"
 
+#include <algorithm>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
@@ -148,10 +149,23 @@ void Application_Box::Edit_Locations(bool efsa)
         return;
     const int entry = Take_Chosen_Locations(Shared, Locations, efsa, form.Loc_Available(), form.Loc_Selected());
     Show_Locations();
+    Tell_Left_Out(form.Loc_Selected());
     if (Date_Kind_Of(Shared.Pesticide) == Date_Kind::Absolute)
         Choose_Location(Shared, entry);
     Chosen_Mode = -1;
     Show_View();
+}
+
+// A document has nine locations; a list with names of its own may have no room for all.
+void Application_Box::Tell_Left_Out(const std::vector<std::string>& selected)
+{
+    std::string left_out;
+    for (const auto& name : selected) {
+        if (std::ranges::find(Locations.Visible(), name) == Locations.Visible().end())
+            left_out += "\r\n" + name;
+    }
+    if (!left_out.empty())
+        Shared.Ask({"Data check", "No more than " + std::to_string(Last_Location) + " locations are possible. Not added:" + left_out});
 }
 
 void Application_Box::Edit_Plant_Surface()

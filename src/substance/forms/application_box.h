@@ -51,6 +51,7 @@ private:
     void Change_Year(void (*change)(Session&));
     void Edit_Day_Behind(int index);
     void Edit_Locations(bool efsa);
+    void Tell_Left_Out(const std::vector<std::string>& selected);
     void Edit_Plant_Surface();
     void Edit_Manually();
 

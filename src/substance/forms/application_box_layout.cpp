@@ -56,7 +56,10 @@ Application_Box::Application_Box(Session& session, Application_Method method, QW
     rows->addRow(Relative());
     connect(Applikationsverfahren, &QComboBox::activated, this, &Application_Box::Choose_Dates);
     connect(App_Modus, &QComboBox::activated, this, &Application_Box::Choose_Mode);
-    connect(Text_naps, &QLineEdit::editingFinished, this, &Application_Box::Leave);
+    connect(Text_naps, &QLineEdit::editingFinished, this, [this] {
+        if (!Text_naps->hasFocus()) // the return key leaves it by way of "Done"
+            Leave();
+    });
 
     Load_Applications(Shared);
     Activate_Applications(Shared, static_cast<int>(Locations.Visible().size()));

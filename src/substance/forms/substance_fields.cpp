@@ -127,7 +127,10 @@ void Substance_Fields::Lay_Out_Depth()
     }
     connect(modes, &QButtonGroup::idClicked, this, &Substance_Fields::Choose_Depth);
     Text_nhor = Add_Number(rows, "Number of &Horizons", "Text_nhor", "Label1_4");
-    connect(Text_nhor, &QLineEdit::editingFinished, this, &Substance_Fields::Leave_Horizons);
+    connect(Text_nhor, &QLineEdit::editingFinished, this, [this] {
+        if (!Text_nhor->hasFocus()) // the return key leaves it by way of "Done"
+            Leave_Horizons();
+    });
     Command_hor = Push_Button("Command_hor", Captions_For(Substance).Horizons, this, &Substance_Fields::Edit_Horizons);
     rows.addRow(QString(), Command_hor);
     rows.addRow(Check_Hydrolysis = Named(new QCheckBox("De&gradation in liquid phase only"), "Check_Hydrolysis"));

@@ -239,6 +239,21 @@ TEST_F(Application_Box_Test, A_Number_Of_Applications_Beyond_The_Slots_Is_Refuse
     EXPECT_EQ(Count(1), 30);
 }
 
+TEST_F(Application_Box_Test, The_Return_Key_In_A_Number_That_Is_Refused_Tells_It_Once)
+{
+    Open();
+    Pick(*Form, "App_Modus", "Irregular");
+    auto* field = Find<QLineEdit>(*Form, "Text_naps");
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, "522");
+
+    QTest::keyClick(field, Qt::Key_Return);
+
+    EXPECT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_TRUE(Form->isVisible());
+}
+
 TEST_F(Application_Box_Test, Another_Location_Shows_Its_Own_First_Application)
 {
     Document.Applications[2][1].App_Day = 9;
@@ -402,6 +417,22 @@ TEST_F(Application_Box_Test, Cancel_In_The_Choice_Of_Locations_Changes_Nothing)
 
     EXPECT_EQ(Items("Standort").size(), 3);
     EXPECT_EQ(Item("Standort"), "Hamburg (H)");
+}
+
+TEST_F(Application_Box_Test, A_Location_For_Which_The_Document_Has_No_Room_Is_Told)
+{
+    Document.App_Location[1] = "Elsewhere";
+    Document.App_Location[2] = "";
+    Open();
+
+    In_Modal([](QWidget& form) {
+        Click<QPushButton>(form, "Command2");
+        Click<QPushButton>(form, "OK");
+    });
+    Press("neue_Standort");
+
+    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data check", "No more than 9 locations are possible. Not added:\r\nThiva (T)"})});
+    EXPECT_EQ(Items("Standort").size(), 10);
 }
 
 TEST_F(Application_Box_Test, Soil_Zones_Are_Chosen_By_A_Crop_And_Become_The_List_That_Shows)

@@ -150,6 +150,14 @@ TEST_F(Form_MET_Test, A_Direct_Kf_Hides_Koc_And_Exponent_Which_Are_Then_Given_Pe
         EXPECT_TRUE(Visible(name)) << name;
 }
 
+TEST_F(Form_MET_Test, A_Depth_Mode_Of_A_File_That_No_Option_Has_Shows_As_Individual)
+{
+    Document.Deg_Depth_Mode[2] = 200;
+    Open(2);
+
+    EXPECT_TRUE(Chosen("tiefenabhaengig_2"));
+}
+
 TEST_F(Form_MET_Test, Only_Individual_Values_Have_Horizons)
 {
     Open(2);
@@ -221,6 +229,27 @@ TEST_F(Form_MET_Test, More_Horizons_Than_A_Table_Can_Have_Are_Refused_And_The_Fo
     Done();
     EXPECT_EQ(The_User.Messages.size(), 2U);
     EXPECT_TRUE(Form->isVisible());
+}
+
+TEST_F(Form_MET_Test, The_Return_Key_In_A_Number_Of_Horizons_Takes_It_Over_Or_Refuses_It_Once)
+{
+    Document.Deg_Depth_Mode[2] = 2;
+    const auto type = [this](const QString& text) {
+        auto* field = Find<QLineEdit>(*Form, "Text_nhor");
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, text);
+        QTest::keyClick(field, Qt::Key_Return);
+    };
+    Open(2);
+    type("401");
+    EXPECT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_TRUE(Form->isVisible());
+
+    type("4");
+    EXPECT_FALSE(Form->isVisible());
+    EXPECT_EQ(Document.N_Horizons.Number(), 4);
+    EXPECT_EQ(Document.Horizons.size(), 6U);
 }
 
 TEST_F(Form_MET_Test, Notes_Tell_Of_Sorption_That_Depends_On_Moisture_PH_And_Time)
