@@ -59,6 +59,10 @@ try {
                                  "00000001    5.000000020\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n");
     Seed(directory / "fuzz_job",
          Format_Job(Format_Job_Run("a.run\\b.run\\c.run", "orvel401.exe", true) + Format_Job_Run("a.run\\b.run\\d.run", "orvel401.exe", false)));
+    Seed(directory / "fuzz_crops",
+         "2\r\nname\r\n"
+         "Maize            80  0.15   90  3  1.80   5  5  1  30  7  1  20  9  1   1  9  1  30  4  1  0.2 0.2 0.2 0.2  0 0 0  1.20 0.60\r\n"
+         "Potatoes         60  0.15   80  1  0.80  10  5  1  20  7  1  15  9  1  31  8  1   5  5  1  0.2 0.2 0.2 0.2  0 0 1  1.15 0.75\r\n");
     Seed_Output(directory);
     Seed_Engine(directory / "fuzz_engine");
     return 0;
