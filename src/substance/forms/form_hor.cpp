@@ -1,8 +1,8 @@
 #include "substance/forms/form_hor.h"
 
+#include "core/forms/done_cancel.h"
 #include "core/forms/number_grid.h"
 #include "core/forms/widgets.h"
-#include "substance/forms/done_cancel.h"
 
 #include <QEvent>
 #include <QHeaderView>

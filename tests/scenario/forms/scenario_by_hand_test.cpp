@@ -74,8 +74,7 @@ protected:
         Show(editor);
         Choose_Option(editor, "Button_Delxflg_1");
         Click<QPushButton>(editor, "Label_wat"); // monthly becomes yearly
-        Find<QComboBox>(editor, "Combo_et")->setCurrentIndex(0);
-        emit Find<QComboBox>(editor, "Combo_et")->activated(0);
+        QTest::keyClick(Find<QComboBox>(editor, "Combo_et"), Qt::Key_Home);
         for (const auto& [box, text] : std::map<QString, QString>{{"Text_tit", "Made by hand"}, {"Text_cor", "120"}, {"Text_num", "48"}, {"Text_nhor", "2"}})
             Retype(editor, box, text);
         In_Modal([](QWidget& form) {

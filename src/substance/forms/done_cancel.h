@@ -1,3 +1,0 @@
-#pragma once
-
-#include "core/forms/done_cancel.h" // IWYU pragma: export
