@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -46,6 +47,10 @@ void Chart_View::paintEvent(QPaintEvent*)
         QColor span = palette().color(QPalette::Highlight);
         span.setAlphaF(0.25F);
         painter.fillRect(QRectF(QPointF(Pressed_At->x(), 0), QPointF(Dragged_To.x(), height())).normalized(), span);
+    }
+    if (hasFocus()) {
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 }
 
@@ -92,6 +97,14 @@ void Chart_View::mouseReleaseEvent(QMouseEvent* event)
         emit Span_Chosen(std::min(X_Under(from), X_Under(event->position())), std::max(X_Under(from), X_Under(event->position())));
     else
         emit Clicked();
+}
+
+void Chart_View::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Space)
+        emit Clicked();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void Chart_View::Show_Value(const QPointF& position, const QPoint& global)

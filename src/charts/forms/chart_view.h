@@ -19,7 +19,7 @@ public:
     QSize sizeHint() const override;
 
 signals:
-    void Clicked();
+    void Clicked(); // or the space bar pressed
     // A span of the x axis that was dragged over, from left to right.
     void Span_Chosen(double from, double to);
 
@@ -28,6 +28,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 

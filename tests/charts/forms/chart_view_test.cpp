@@ -175,6 +175,18 @@ TEST(A_Chart_View, Tells_The_Span_That_Was_Dragged_Over)
     EXPECT_EQ(clicks.count(), 0);
 }
 
+TEST(A_Chart_View, The_Space_Bar_Is_A_Click)
+{
+    Chart_View view;
+    view.Show(Sample());
+    QSignalSpy clicks(&view, &Chart_View::Clicked);
+
+    QTest::keyClick(&view, Qt::Key_Space);
+    QTest::keyClick(&view, Qt::Key_A);
+
+    EXPECT_EQ(clicks.count(), 1);
+}
+
 TEST(A_Chart_View, A_Click_Is_No_Span)
 {
     Chart_View view;
