@@ -8,6 +8,8 @@
 #include "substance/forms/volatilisation_box.h"
 
 #include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 
 Form_AS::Form_AS(Session& session, QWidget* parent) : QDialog(parent), Shared(session), Before(Keep_Copy(session))
@@ -31,25 +33,22 @@ void Form_AS::Lay_Out()
     Fields->General_Rows()->insertRow(1, "Comment:", Text_comment);
     Command4 = Push_Button("Command4", {}, this, [this] { Show_Minor(!Minor_Shown); });
 
-    auto* left = new QVBoxLayout;
-    left->addWidget(Fields->General());
-    left->addWidget(Fields->Sorption());
-    left->addStretch(1);
-    auto* middle = new QVBoxLayout;
-    middle->addWidget(Volatility);
-    middle->addWidget(Fields->Depth());
-    middle->addStretch(1);
-    auto* right = new QVBoxLayout;
-    right->addWidget(Applications);
-    right->addStretch(1);
-    auto* columns = new QHBoxLayout;
-    for (auto* column : {left, middle, right})
-        columns->addLayout(column, 1);
+    auto* right_of_sorption = new QVBoxLayout;
+    right_of_sorption->addWidget(Volatility);
+    right_of_sorption->addWidget(Fields->Depth());
+    auto* places = new QGridLayout;
+    places->addWidget(Fields->General(), 0, 0, 1, 2);
+    places->addWidget(Fields->Sorption(), 1, 0, Qt::AlignTop);
+    places->addLayout(right_of_sorption, 1, 1, Qt::AlignTop);
+    places->addWidget(Applications, 0, 2, 2, 1, Qt::AlignTop);
+    for (int column = 0; column < places->columnCount(); ++column)
+        places->setColumnStretch(column, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(Command4);
     buttons->addWidget(Done_And_Cancel(*this, &Form_AS::Accept, "Command_ok1", "D&one", "Command_cancel"), 1);
     auto* all = new QVBoxLayout(this);
-    all->addLayout(columns, 1);
+    all->addLayout(places);
+    all->addStretch(1);
     all->addLayout(buttons);
 }
 
