@@ -1,4 +1,5 @@
 // The desktop program. It is started in its installation directory and takes no command line.
+#include "core/forms/dark_outlines.h"
 #include "core/forms/start.h"
 #include "core/forms/widgets.h"
 #include "runs/start_up.h"
@@ -11,6 +12,7 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName("ORVELSUITE");
+    Show_Outlines_In_The_Dark();
 
     const auto session = std::make_unique<Session>();
     session->Program.App_Path = std::filesystem::current_path();

@@ -4,6 +4,7 @@
 #include "charts/forms/jahresdiagramm.h"
 #include "charts/forms/taegliches_diagramm_neu.h"
 #include "core/files.h"
+#include "core/forms/dark_outlines.h"
 #include "core/forms/form_name.h"
 #include "core/forms/start.h"
 #include "core/forms/versionsinfo.h"
@@ -303,6 +304,7 @@ TEST_F(Windows_Test, Show_Every_Caption_Whole_In_A_Large_Font_And_Dark)
     QFont large = font;
     large.setPointSizeF(font.pointSizeF() * 1.25);
     QApplication::setFont(large);
+    Show_Outlines_In_The_Dark();
     QApplication::setPalette(Dark());
     Look_At_All("_dark");
     QApplication::setPalette(palette);
