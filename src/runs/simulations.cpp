@@ -105,9 +105,10 @@ try {
     int removed = 0;
     for (const auto& simulation : simulations) {
         const fs::path& run = simulation.Directory;
+        std::error_code unknown;
         if (Remove_Run(run))
             ++removed;
-        else
+        else if (fs::symlink_status(run, unknown).type() != fs::file_type::not_found) // one that is gone already is what the user wants
             session.Ask({std::string(Deleting),
                          "You are currently running a simulation using the directory\r\n" + Shown_Path(run) + ".\r\n\r\nDelete operation failed!\r\n\r\n"});
         Remove_If_Empty(run.parent_path());

@@ -41,6 +41,7 @@ Help_Assistant::Help_Assistant(Session& session, QWidget& form) : QObject(&form)
     Kurzinfo->setMargin(form.fontMetrics().averageCharWidth());
     Kurzinfo->setAttribute(Qt::WA_TransparentForMouseEvents);
     Kurzinfo->hide();
+    form.installEventFilter(this);
     Hilfeuhr.setSingleShot(true);
     connect(&Hilfeuhr, &QTimer::timeout, Kurzinfo, &QWidget::hide);
     Show_Switches();
@@ -65,6 +66,10 @@ void Help_Assistant::Watch(QWidget& widget)
 
 bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == &Form && event->type() == QEvent::WindowActivate)
+        Show_Switches(); // another form may have switched the help
+    if (watched == &Form && !Numbers.contains(watched))
+        return false;
     if (event->type() != QEvent::MouseMove && event->type() != QEvent::Enter)
         return false;
     const auto* control = static_cast<const QWidget*>(watched);

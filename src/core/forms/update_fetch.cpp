@@ -11,6 +11,15 @@ constexpr qsizetype Largest_Page = qsizetype(1) << 20;
 
 } // namespace
 
+Update_Fetch::Update_Fetch(QObject* parent) : QObject(parent)
+{
+    Limit.setSingleShot(true);
+    connect(&Limit, &QTimer::timeout, this, [this] {
+        if (Reply)
+            Reply->abort(); // ends in Finish
+    });
+}
+
 void Update_Fetch::Start(const QUrl& address)
 {
     if (Reply)
@@ -20,9 +29,8 @@ void Update_Fetch::Start(const QUrl& address)
         return;
     }
     Page.clear();
-    QNetworkRequest request(address);
-    request.setTransferTimeout(Time_Limit);
-    Reply = Network.get(request);
+    Reply = Network.get(QNetworkRequest(address));
+    Limit.start(Time_Limit); // of the whole: a server that sends a byte now and then does not hold it up
     connect(Reply, &QNetworkReply::readyRead, this, &Update_Fetch::Take);
     connect(Reply, &QNetworkReply::finished, this, &Update_Fetch::Finish);
 }
@@ -36,6 +44,7 @@ void Update_Fetch::Take()
 
 void Update_Fetch::Finish()
 {
+    Limit.stop();
     const auto error = Reply->error();
     Page += Reply->isOpen() ? Reply->readAll() : QByteArray();
     Reply->deleteLater();

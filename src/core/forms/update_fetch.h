@@ -6,6 +6,7 @@
 #include <QNetworkAccessManager>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <QUrl>
 
 class QNetworkReply;
@@ -16,7 +17,7 @@ class Update_Fetch : public QObject {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    explicit Update_Fetch(QObject* parent = nullptr);
 
     // Ends with Judged, also for an address that is empty or a server that does not answer. One at a time: a second call while one is under way
     // does nothing.
@@ -32,6 +33,7 @@ private:
     QNetworkAccessManager Network;
     QPointer<QNetworkReply> Reply;
     QByteArray Page;
+    QTimer Limit;
 };
 
 // The address that this build was made with; empty by default.

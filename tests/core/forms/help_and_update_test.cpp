@@ -48,17 +48,17 @@ public:
         listen(QHostAddress::LocalHost);
         connect(this, &QTcpServer::newConnection, this, [this, answer, times] {
             QTcpSocket* client = nextPendingConnection();
+            connect(client, &QTcpSocket::bytesWritten, this, [this](qint64 bytes) { Sent += bytes; });
             connect(client, &QTcpSocket::readyRead, this, [this, client, answer, times] {
                 client->readAll();
                 for (int i = 0; i < times; ++i)
                     client->write(answer);
-                Written = client->bytesToWrite();
                 client->disconnectFromHost();
             });
         });
     }
     QUrl Address() const { return QUrl(QString("http://127.0.0.1:%1/download/").arg(serverPort())); }
-    qint64 Written = 0;
+    qint64 Sent = 0;
 };
 
 Message Judged(const QUrl& address, int patience = 8000)
@@ -118,6 +118,26 @@ TEST_F(Help_Assistant_Test, The_Pictures_Change_Places_And_Hint_With_The_Help_Of
     EXPECT_FALSE(Shared.Program.Online_Help);
 }
 
+TEST_F(Help_Assistant_Test, The_Pictures_Follow_A_Switch_On_Another_Form)
+{
+    Shared.Program.Online_Help = true; // as another form leaves it
+
+    QEvent back(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&Form, &back);
+
+    EXPECT_FALSE(Find<QToolButton>(Form, "Fragen_0")->isVisible());
+    EXPECT_TRUE(Find<QToolButton>(Form, "Fragen_1")->isVisible());
+}
+
+TEST_F(Help_Assistant_Test, Moving_Over_The_Bare_Form_Shows_Nothing)
+{
+    Shared.Program.Online_Help = true;
+
+    Move_Over(&Form);
+
+    EXPECT_FALSE(Box().isVisible());
+}
+
 TEST_F(Help_Assistant_Test, A_Number_Without_A_Text_Is_Silent)
 {
     Shared.Program.Online_Help = true;
@@ -130,9 +150,12 @@ TEST_F(Help_Assistant_Test, A_Number_Without_A_Text_Is_Silent)
 
 TEST(Update_Fetch, Judges_The_Page_Of_A_Server)
 {
-    Small_Server newer(Page("<a href=\"ORVELSUITE_release_20990101.zip\">")), same(Page("<a href=\"ORVELSUITE_release_20120312.zip\">"));
+    Small_Server newer(Page("<a href=\"ORVELSUITE_release_20990101.zip\">")), same(Page("<a href=\"ORVELSUITE_release_20120312.zip\">")),
+        older(Page("<a href=\"ORVELSUITE_release_20010101.zip\">")), at_the_begin(Page("20990101.zip"));
     EXPECT_EQ(Judged(newer.Address()).Title, "Update available!");
     EXPECT_EQ(Judged(same.Address()).Text, "You have the latest version of the software.");
+    EXPECT_EQ(Judged(older.Address()).Text, "You are using an unofficial version of the software.\r\n");
+    EXPECT_EQ(Judged(at_the_begin.Address()).Text, Problem); // within the first 25 characters
 }
 
 TEST(Update_Fetch, Takes_A_Page_Without_A_Package_And_A_404_As_A_Connection_Problem)
@@ -149,6 +172,7 @@ TEST(Update_Fetch, Stops_Reading_A_Page_Without_An_End)
     Small_Server endless(head + QByteArray(qsizetype(4) << 20, 'x'), 25);
 
     EXPECT_EQ(Judged(endless.Address()).Text, Problem);
+    EXPECT_LT(endless.Sent, 52428800); // of 100 MB; what is more lay in no buffer
 }
 
 TEST(Update_Fetch, Gives_Up_On_A_Server_That_Does_Not_Answer)
@@ -157,6 +181,21 @@ TEST(Update_Fetch, Gives_Up_On_A_Server_That_Does_Not_Answer)
     silent.listen(QHostAddress::LocalHost);
 
     EXPECT_EQ(Judged(QUrl(QString("http://127.0.0.1:%1/").arg(silent.serverPort()))).Text, Problem);
+}
+
+TEST(Update_Fetch, Gives_Up_On_A_Server_That_Sends_A_Byte_Now_And_Then)
+{
+    QTcpServer slow;
+    slow.listen(QHostAddress::LocalHost);
+    QTimer drip;
+    QObject::connect(&slow, &QTcpServer::newConnection, [&] {
+        QTcpSocket* client = slow.nextPendingConnection();
+        client->write("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n");
+        drip.callOnTimeout(client, [client] { client->write("x"); });
+        drip.start(200);
+    });
+
+    EXPECT_EQ(Judged(QUrl(QString("http://127.0.0.1:%1/").arg(slow.serverPort()))).Text, Problem);
 }
 
 TEST(Update_Fetch, Says_That_A_Build_Has_No_Address)

@@ -201,16 +201,17 @@ TEST_F(Analyse_Test, A_Begin_Behind_The_End_Moves_The_End)
     EXPECT_EQ(Chosen("Zeitintervall_3"), "1");
 }
 
-TEST_F(Analyse_Test, A_Failed_Simulation_Brings_Up_Its_Report_Each_Time_It_Is_Selected)
+TEST_F(Analyse_Test, A_Failed_Simulation_In_Either_Spelling_Brings_Up_Its_Report_Each_Time_It_Is_Selected)
 {
     Put_Run("demo_A.run/Apples.run/Hamburg_-_(H).run");
     Put_Run("demo_A.run/Apples.run/Thiva_-_(T).run");
-    Write_Whole(Place / "focus/demo_A.run/Apples.run/Thiva_-_(T).run/echo.orv", "a\r\n E R R O R\r\n");
+    const auto echo = Place / "focus/demo_A.run/Apples.run/Thiva_-_(T).run/echo.orv";
     Open();
     QApplication::processEvents();
     ASSERT_FALSE(QApplication::activeModalWidget());
 
-    for (int time = 0; time < 2; ++time) {
+    for (const char* text : {"a\r\n E R R O R\r\n", "a\r\n E R R O R\r\n", "a\r\n ERROR 21\r\n"}) {
+        Write_Whole(echo, text);
         Choose("Szenarioverzeichnis", 0);
         QString report;
         Choose("Szenarioverzeichnis", 1);

@@ -124,4 +124,27 @@ TEST_P(Help_Shown, When_The_Mouse_Comes_Over_The_Control)
     EXPECT_TRUE(form->rect().contains(box->geometry()));
 }
 
+class Help_Switched : public Help_Shown {};
+
+TEST_P(Help_Switched, Off_On_The_Start_Form_Is_Off_Here)
+{
+    Start start(Shared);
+    start.show();
+    Click<QToolButton>(start, "Fragen_1");
+    start.hide();
+    const auto form = Open();
+
+    EXPECT_FALSE(Shared.Program.Online_Help);
+    EXPECT_TRUE(Find<QToolButton>(*form, "Fragen_0")->isVisible());
+    EXPECT_FALSE(Find<QToolButton>(*form, "Fragen_1")->isVisible());
+    auto* control = Find<QWidget>(*form, GetParam().Control);
+    QTest::mouseMove(control, QPoint(5, std::min(5, control->height() / 2)));
+    QTest::qWait(100);
+    EXPECT_FALSE(Find<QLabel>(*form, "Kurzinfo")->isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(Each_Form, Help_Switched,
+                         testing::Values(Shown_Text{Opened::Run_Form, "s_run", 11}, Shown_Text{Opened::Browser, "Liste", 19},
+                                         Shown_Text{Opened::List, "Loeschen", 29}),
+                         Name_Of_Case);
 INSTANTIATE_TEST_SUITE_P(Every_Text, Help_Shown, testing::ValuesIn(All_Texts()), Name_Of_Case);
