@@ -41,7 +41,7 @@ Application_Box::Application_Box(Session& session, Application_Method method, QW
 {
     auto* rows = new QFormLayout(this);
     rows->addRow(Kinds(method));
-    rows->addRow("Application &dates", Applikationsverfahren = Combo("Applikationsverfahren", "Kind of application dates"));
+    rows->addRow("Application dates", Applikationsverfahren = Combo("Applikationsverfahren", "Kind of application dates"));
     rows->addRow("Location", Location_Row());
     rows->addRow(Location_Buttons());
     rows->addRow("Application mode", App_Modus = Combo("App_Modus", "Application mode"));

@@ -31,6 +31,7 @@ void Form_AS::Lay_Out()
     Text_comment->setText(Shown(entry.Text_comment));
     Text_comment->setCursorPosition(0);
     Fields->General_Rows()->insertRow(1, "Comment:", Text_comment);
+    setTabOrder(Fields->General_Rows()->itemAt(0, QFormLayout::FieldRole)->widget(), Text_comment);
     Command4 = Push_Button("Command4", {}, this, [this] { Show_Minor(!Minor_Shown); });
 
     auto* right_of_sorption = new QVBoxLayout;

@@ -330,3 +330,25 @@ TEST_F(Document_By_Hand, Is_Run_By_The_Engine_With_Both_Kinds_Of_Dates)
         EXPECT_EQ(substances, 9) << file;
     }
 }
+
+TEST_F(Document_By_Hand, Keeps_Names_Of_Ten_Thousand_Characters)
+{
+    const QString active(10000, 'a'), metabolite(10000, 'm');
+    In_Editor("hand_abs.psm", [&](QWidget& scheme) {
+        In_Form(scheme, "Label_AS", [&](QWidget& form) {
+            Type_All(form, {{"Text_AS", active}});
+            Press(form, "Command_ok1");
+        });
+        In_Form(scheme, "Label_2_4", [&](QWidget& form) {
+            Type_All(form, {{"metcom", metabolite}});
+            Press(form, "Command_ok1");
+        });
+        Save(scheme, "Command1", "long.psm");
+    });
+
+    In_Editor("long.psm", [&](QWidget& scheme) {
+        In_Form(scheme, "Label_AS", [&](QWidget& form) { Expect_All(form, {{"Text_AS", active}, {"Text_mol", "301.5"}}); });
+        In_Form(scheme, "Label_2_4", [&](QWidget& form) { Expect_All(form, {{"metcom", metabolite}, {"Text_mol", "158"}}); });
+    });
+    fs::remove(Installation() / "long.psm");
+}

@@ -134,6 +134,16 @@ TEST_F(Form_AS_Test, Done_Stores_What_Was_Typed)
     EXPECT_EQ(Document.Depth_Volat, 0.2);
 }
 
+TEST_F(Form_AS_Test, The_Tab_Key_Goes_From_The_Name_To_The_Comment_And_On)
+{
+    Open();
+    EXPECT_EQ(Focused(), "Text_AS");
+    QTest::keyClick(Form.get(), Qt::Key_Tab);
+    EXPECT_EQ(Focused(), "Text_comment");
+    QTest::keyClick(Form.get(), Qt::Key_Tab);
+    EXPECT_EQ(Focused(), "Text_mol");
+}
+
 TEST_F(Form_AS_Test, Refuses_A_Molar_Mass_Of_Zero_And_Goes_Back_To_The_Field)
 {
     Open();
