@@ -1,7 +1,7 @@
 #include "engine/applications.h"
 
 #include "core/names.h"
-#include "engine/steady_math.h"
+#include "engine/plant_surface.h"
 
 #include <algorithm>
 #include <cmath>
@@ -67,15 +67,10 @@ private:
         return false;
     }
 
-    // Willis et al. 1980 (USDA Cons. Res. Rep. 26) for the exponential form.
     double Plant_Share(const Entry& entry, int day) const
     {
         const Crop_State crop = Crop_On(Scenario, Rotation, day);
-        if (Method == 4)
-            return entry.Interception / 100;
-        if (Method == 1 || !crop.Present)
-            return 0;
-        return Method == 2 ? std::clamp(crop.Cover, 0.0, 1.0) : 1 - Steady_Exp(-Pesticide.Plant_Filtration * crop.Dry_Mass);
+        return Plant_Fraction(Method, crop.Present, crop.Cover, Pesticide.Plant_Filtration, crop.Dry_Mass, entry.Interception);
     }
 
     void Add(const Entry& entry, int day)

@@ -3,7 +3,7 @@
 #include "engine/solute.h"
 
 // Share of an application that stays on the plants. Methods: 1 soil, 2 linear (cover), 3 exponential (filtration in m2/kg times dry mass in kg/m2)
-// [form of Willis et al. 1980], 4 as given in percent. Without a crop methods 2 and 3 give 0.
+// [form of Willis et al. 1980, USDA Cons. Res. Rep. 26], 4 as given in percent. Without a crop methods 2 and 3 give 0.
 double Plant_Fraction(int method, bool crop, double cover, double filtration, double dry_mass, double percent);
 
 // Deposit on the plants, ug/cm2: what lies open, and what is poorly exposed to light, air and rain.
