@@ -86,9 +86,15 @@ private:
         for (const Chart_Line& line : Drawn.Lines) {
             QPen pen(Colour_Of(line.Drawn_In, Palette), Line_Width * Line / 16);
             pen.setJoinStyle(Qt::RoundJoin);
-            Painter.setPen(pen);
             const QPolygonF polygon = Thinned(line.Points);
+            // Filling the outline of a line that goes up and down in every column takes seconds; as a hairline it is the same band.
+            const bool is_dense = static_cast<double>(polygon.size()) > Plane.Area().width();
+            if (is_dense)
+                pen.setWidth(0);
+            Painter.setPen(pen);
+            Painter.setRenderHint(QPainter::Antialiasing, !is_dense);
             Painter.drawPolyline(polygon);
+            Painter.setRenderHint(QPainter::Antialiasing);
             if (polygon.size() == 1) // a line of one point has no length
                 Painter.fillRect(QRectF(polygon.front(), QSizeF()).marginsAdded(Dot_Margins * pen.widthF()), pen.color());
         }
