@@ -126,6 +126,36 @@ TEST_F(Orvelctl_Results, Report_Finds_The_Mode_Directory_In_Any_Case_And_Names_T
     EXPECT_NE(Out.find("\nCh\xC3\xA2teaudun (C)   \t(4/5)\t0.00E+00    \t0.00E+00    \t0.000\n"), std::string::npos) << Out;
 }
 
+TEST_F(Orvelctl_Results, Report_Is_Saved_By_The_Ending_Of_The_File_And_Tells_What_Is_Missing)
+{
+    const auto crop = Home / "focus/test.run/Maize.run";
+    fs::create_directories(crop);
+    fs::copy(Run_Files.Path(), crop / "Hamburg_-_(H).run");
+    const std::string report = "report --mode focus --pesticide test --crop all --to " + (Home / "r").string();
+
+    EXPECT_EQ(Run(report + ".txt"), 0) << Told;
+    EXPECT_TRUE(Read_File(Home / "r.txt").starts_with("FOCUS Summary Output File\r\n"));
+    EXPECT_EQ(Run(report + ".csv --locations H,C"), 0);
+    EXPECT_NE(Told.find("Report: The location was not simulated: Ch\xC3\xA2teaudun (C).\n"), std::string::npos) << Told;
+    EXPECT_NE(Read_File(Home / "r.csv").find("\r\nMaize,Substance D,Ch\xC3\xA2teaudun (C),,"), std::string::npos);
+    EXPECT_EQ(Run(report + ".html"), 0);
+    EXPECT_TRUE(Read_File(Home / "r.html").starts_with("<!DOCTYPE html>"));
+    EXPECT_EQ(Run(report + ".pdf"), 0) << Told;
+    EXPECT_TRUE(Read_File(Home / "r.pdf").starts_with("%PDF-"));
+}
+
+TEST_F(Orvelctl_Results, Report_Refuses_Another_Ending_And_A_Text_Without_One_Of_Its_Locations)
+{
+    const auto crop = Home / "focus/test.run/Maize.run";
+    fs::create_directories(crop);
+    fs::copy(Run_Files.Path(), crop / "Hamburg_-_(H).run");
+
+    EXPECT_EQ(Run("report --mode focus --pesticide test --crop Maize --to " + (Home / "r.doc").string()), 1);
+    EXPECT_FALSE(fs::exists(Home / "r.doc"));
+    EXPECT_EQ(Run("report --mode focus --pesticide test --crop Maize --locations C"), 1);
+    EXPECT_EQ(Told, "File check: There is no simulation of Maize at Ch\xC3\xA2teaudun (C).\n");
+}
+
 TEST_F(Orvelctl_Results, A_Report_Without_Runs_Or_With_A_Failed_Run_Is_Refused)
 {
     EXPECT_EQ(Run("report --mode focus --pesticide test --crop Maize"), 1);
