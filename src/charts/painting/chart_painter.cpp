@@ -10,6 +10,7 @@
 
 namespace {
 
+constexpr double Most_Crossings = 50; // of the plane, by a line that is drawn wide and smooth
 constexpr double Line_Width = 1.3;
 constexpr double Margin = 0.6;     // of a line of text
 constexpr double Key_Square = 0.7; // of a line of text
@@ -87,8 +88,8 @@ private:
             QPen pen(Colour_Of(line.Drawn_In, Palette), Line_Width * Line / 16);
             pen.setJoinStyle(Qt::RoundJoin);
             const QPolygonF polygon = Thinned(line.Points);
-            // Filling the outline of a line that goes up and down in every column takes seconds; as a hairline it is the same band.
-            const bool is_dense = static_cast<double>(polygon.size()) > Plane.Area().width();
+            // Filling the outline of a line that crosses the plane hundreds of times takes seconds; as a hairline it is the same band.
+            const bool is_dense = Way_Up_And_Down(polygon) > Most_Crossings * Plane.Area().height();
             if (is_dense)
                 pen.setWidth(0);
             Painter.setPen(pen);
@@ -98,6 +99,14 @@ private:
             if (polygon.size() == 1) // a line of one point has no length
                 Painter.fillRect(QRectF(polygon.front(), QSizeF()).marginsAdded(Dot_Margins * pen.widthF()), pen.color());
         }
+    }
+
+    static double Way_Up_And_Down(const QPolygonF& polygon)
+    {
+        double way = 0;
+        for (qsizetype i = 1; i < polygon.size(); ++i)
+            way += std::fabs(polygon[i].y() - polygon[i - 1].y());
+        return way;
     }
 
     // Of the points in one column of pixels, the first, the lowest, the highest and the last stand for all.
