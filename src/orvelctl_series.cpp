@@ -34,15 +34,19 @@ std::string Csv_Cell(const std::string& text)
     return text.find_first_of(",\"") == std::string::npos ? text : "\"" + Replace_All(text, "\"", "\"\"") + "\"";
 }
 
-// Days since the span's begin and value, a line each.
-std::string As_Csv(const Daily_Series& series, const std::string& title)
+// Days since the span's begin and value, a line each; `out` takes the text piece by piece.
+template <class Take> void Write_Csv(const Daily_Series& series, const std::string& title, Take out)
 {
+    constexpr std::size_t Piece = 1U << 15U;
     std::string text = "day," + Csv_Cell(To_Utf8(title)) + "\n";
-    constexpr std::size_t Usual_Line = 40;
-    text.reserve(text.size() + Usual_Line * series.Points.size());
-    for (const Chart_Point& point : series.Points)
+    for (const Chart_Point& point : series.Points) {
         text.append(General_Text(point.X)).append(",").append(General_Text(point.Y)).append("\n");
-    return text;
+        if (text.size() >= Piece) {
+            out(text);
+            text.clear();
+        }
+    }
+    out(text);
 }
 
 // The column as the list of series names it; by its code where the run's files do not tell.
@@ -97,9 +101,13 @@ int Do_Series(const Session& session, const Series_Words& words)
     if (ending == ".svg" || ending == ".png" || ending == ".pdf")
         return Paint(Paint_Words(session, words, request, item));
     const auto series = Read_Daily_Series(session, words.Run, single, words.Column, request);
-    const std::string csv = As_Csv(series, Daily_Diagram(series, request, item, X_Unit::Days).Title);
-    if (words.File.empty())
-        return std::cout << csv << std::flush ? Done : Refused;
+    const std::string title = Daily_Title(request, item);
+    if (words.File.empty()) {
+        Write_Csv(series, title, [](const std::string& piece) { std::cout.write(piece.data(), static_cast<std::streamsize>(piece.size())); });
+        return std::cout.flush() ? Done : Refused;
+    }
+    std::string csv;
+    Write_Csv(series, title, [&](const std::string& piece) { csv += piece; });
     Write_Whole(words.File, csv);
     return Done;
 }

@@ -17,20 +17,20 @@ struct Unit {
 };
 constexpr std::array<Unit, 3> Units = {{{365.25, "Year "}, {30.44, "Month "}, {1, "Day "}}};
 
-std::string Title_Of(const Daily_Request& request, std::string_view item)
+} // namespace
+
+std::string Daily_Title(const Daily_Request& request, std::string_view item)
 {
     const bool sum = request.Cumulative && Is_Flow(request.Variable);
     const auto& units = Output_Variables[static_cast<std::size_t>(std::clamp(request.Variable, 0, Last_Output_Variable))].Out_Unit;
     return (sum ? "Cumulative " : "") + std::string(item) + (item.ends_with(' ') ? "" : " ") + std::string(units[sum ? 1 : 0]);
 }
 
-} // namespace
-
 Chart Daily_Diagram(const Daily_Series& series, const Daily_Request& request, std::string_view item, X_Unit unit)
 {
     const auto& x_unit = Units[static_cast<std::size_t>(unit)];
     Chart chart;
-    chart.Title = Title_Of(request, item);
+    chart.Title = Daily_Title(request, item);
     Chart_Line line{Colour::Series, series.Points};
     double low = 0, high = 0;
     for (auto& point : line.Points) {

@@ -46,6 +46,8 @@ Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<con
     const auto span = Span_Of(calendar, request);
     const bool flow = Is_Flow(request.Variable);
     double sum = 0;
+    if (flow)
+        series.Points.reserve(values.size());
     auto line = std::ranges::find_if(values, [&](const Plot_Value& v) { return v.Day >= span.First; });
     while (line != values.end() && line->Day < span.End) {
         const auto day_end = std::find_if(line, values.end(), [&](const Plot_Value& v) { return v.Day != line->Day; });

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 
 namespace {
@@ -29,17 +30,24 @@ struct Decimal {
 };
 
 constexpr double Most_Whole = 1e15;
+constexpr std::uint64_t Ten_To_Fifteen = 1'000'000'000'000'000;
 constexpr int Bits_Behind_Point = 52; // at most, of a double from 1 on
 
-// The fifteen digits of a value from 1 to below 1E15 by whole numbers: exact, halves to even, and several times faster than the library's way, which
-// is made for any count of digits.
-Decimal Decimal_Of_Whole(double value)
+// Fifteen significant digits as a whole number, and the power of ten of the first one.
+struct Fifteen_Digits {
+    std::uint64_t Digits;
+    int Exponent;
+};
+
+// Those of a value from 1 to below 1E15 by whole numbers: exact, halves to even, and several times faster than the library's way, which is made for
+// any count of digits.
+Fifteen_Digits Digits_Of_Whole(double value)
 {
     __extension__ using Wide = unsigned __int128;
     const auto whole = static_cast<std::uint64_t>(value);
     const auto rest = static_cast<std::uint64_t>((value - static_cast<double>(whole)) * (1ULL << Bits_Behind_Point));
     int whole_digits = 0;
-    std::uint64_t scale = 1'000'000'000'000'000;
+    std::uint64_t scale = Ten_To_Fifteen;
     for (std::uint64_t w = whole; w > 0; w /= 10) {
         ++whole_digits;
         scale /= 10;
@@ -50,11 +58,42 @@ Decimal Decimal_Of_Whole(double value)
     std::uint64_t digits = whole * scale + static_cast<std::uint64_t>(product >> Bits_Behind_Point);
     if (below > Half || (below == Half && digits % 2 == 1))
         ++digits;
-    char buffer[20];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, digits).ptr;
-    Decimal decimal{false, std::string(buffer, end), whole_digits - 1};
-    decimal.Exponent += static_cast<int>(decimal.Digits.size()) - Significant_Digits; // 999999999999999.9 has one more
-    return decimal;
+    if (digits == Ten_To_Fifteen) // 999999999999999.9
+        return {digits / 10, whole_digits};
+    return {digits, whole_digits - 1};
+}
+
+Decimal Decimal_Of_Whole(double value)
+{
+    const auto [digits, exponent] = Digits_Of_Whole(value);
+    return {false, std::to_string(digits), exponent};
+}
+
+// The general form of a value by the short way, where there is one: from 1 to below 1E15, and below 1 where its shortest digits end in time.
+std::optional<std::string> Short_Way(double size)
+{
+    char text[32];
+    if (size >= 1 && size < Most_Whole) {
+        const auto [digits, exponent] = Digits_Of_Whole(size);
+        const auto whole = static_cast<std::size_t>(exponent) + 1;
+        if (whole > Significant_Digits)
+            return std::nullopt;
+        std::to_chars(text, text + sizeof text, digits);
+        std::size_t last = Significant_Digits;
+        while (last > whole && text[last - 1] == '0')
+            --last;
+        std::string result(text, whole);
+        if (last > whole)
+            result.append(1, '.').append(text + whole, last - whole);
+        return result;
+    }
+    constexpr double Smallest = 1e-5; // below it the text outgrows its room
+    if (size >= Smallest && size < 1) {
+        const auto end = std::to_chars(text, text + sizeof text, size, std::chars_format::fixed).ptr;
+        if (end - text <= 2 + Most_Decimals)
+            return std::string(text, end);
+    }
+    return std::nullopt;
 }
 
 Decimal Decimal_Of_Any(double value)
@@ -113,13 +152,13 @@ std::string Fixed(const Decimal& decimal, int whole_digits, int decimals)
 {
     const int whole = std::max(decimal.Exponent + 1, whole_digits);
     std::string text(static_cast<std::size_t>(whole + (decimals > 0 ? 1 + decimals : 0)), '0');
-    // Where the digits stand: the first one of power `whole - 1`, the point behind the one of power 0.
-    const int skipped = whole - 1 - decimal.Exponent;
-    for (int i = 0; i < static_cast<int>(decimal.Digits.size()); ++i) {
-        const int at = skipped + i + (skipped + i >= whole ? 1 : 0);
-        if (at < static_cast<int>(text.size()))
-            text[static_cast<std::size_t>(at)] = decimal.Digits[static_cast<std::size_t>(i)];
-    }
+    const std::string_view digits = decimal.Digits;
+    const auto first = static_cast<std::size_t>(whole - 1 - decimal.Exponent); // place of the first digit, were there no point
+    const auto before_point = std::min(static_cast<std::size_t>(std::max(decimal.Exponent + 1, 0)), digits.size());
+    if (before_point > 0)
+        digits.copy(text.data() + first, before_point);
+    if (const auto at = first + before_point + 1; at < text.size())
+        digits.substr(before_point).copy(text.data() + at, text.size() - at);
     if (decimals > 0)
         text[static_cast<std::size_t>(whole)] = '.';
     return text;
@@ -197,6 +236,8 @@ double Val(std::string_view text)
 
 std::string General_Text(double value)
 {
+    if (auto text = Short_Way(std::fabs(value)))
+        return value < 0 ? "-" + *text : *std::move(text);
     const Decimal decimal = Decimal_Of(value);
     const int decimals = std::max(0, static_cast<int>(decimal.Digits.size()) - 1 - decimal.Exponent);
     const std::string sign = decimal.Negative ? "-" : "";

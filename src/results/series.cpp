@@ -40,6 +40,8 @@ std::vector<Plot_Value> Read_Plot_Column(const std::filesystem::path& file, int 
     if (!plot.Skip(Head_Lines))
         return values;
     for (int line = 1; plot.Next(); ++line) {
+        if (line == 1)
+            values.reserve(static_cast<std::size_t>(size / static_cast<double>(plot.Line().size() + CrLf.size())) + 1);
         if (const auto value = Value_Of(plot.Line(), first); value.Day > 0)
             values.push_back(value);
         if (progress && line % Lines_Between_Progress == 0 && !progress("Please wait! Reading file plot.orv", static_cast<double>(plot.Bytes_Read()) / size))
