@@ -64,7 +64,7 @@ TEST_F(Report_Session, A_Percentile_Of_Exactly_The_Limit_Keeps_It_And_The_Next_P
         periods.replace(last + 1, end - last - 1, figure);
         Write_Whole(run / "period.orv", periods);
 
-        const auto& result = Gathered().Crops[0].Tables[0].Results[0];
+        const auto result = Gathered().Crops[0].Tables[0].Results[0];
         EXPECT_EQ(result.P80.Conc, std::stod(figure));
         EXPECT_EQ(result.Above_Limit, above) << figure;
     }
