@@ -1,5 +1,5 @@
-#include "engine/kernel.h"
-#include "engine/solute.h"
+#include "engine/solute/kernel.h"
+#include "engine/solute/solute.h"
 
 #include <benchmark/benchmark.h>
 

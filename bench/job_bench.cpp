@@ -2,7 +2,7 @@
 // of the size that the job writes. job_bench [ROUNDS]; prints medians a run and their ratio.
 #include "core/files.h"
 #include "floors/spawn_and_write.h"
-#include "runs/job.h"
+#include "jobs/job.h"
 
 #include <algorithm>
 #include <chrono>

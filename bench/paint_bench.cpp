@@ -1,5 +1,5 @@
 // The time to paint the daily diagram anew, as after a resize, and to make it out of a series. Exits with 1 if 50,000 points take 50 ms or more.
-#include "charts/daily_diagram.h"
+#include "tables/daily_diagram.h"
 #include "charts/painting/chart_painter.h"
 
 #include <algorithm>

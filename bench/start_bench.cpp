@@ -1,7 +1,7 @@
 // The start form from main to its first paint and the memory then, to be set against floors/qt_floor start.
 //   start_bench DIR    DIR is an installation
-#include "core/forms/start.h"
-#include "core/forms/widgets.h"
+#include "desktop/forms/start.h"
+#include "ui/forms/widgets.h"
 #include "runs/start_up.h"
 
 #include <chrono>

@@ -1,6 +1,6 @@
 // Any bytes as a pesticide balance: the yearly leached mass and the rows of both views, of an active substance and of a metabolite.
-#include "results/balance_rows.h"
-#include "results/yearly_values.h"
+#include "output/balance_rows.h"
+#include "output/yearly_values.h"
 #include "windows.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

@@ -1,5 +1,5 @@
 // Any bytes as the engine's echo of its input.
-#include "results/echo_file.h"
+#include "output/echo_file.h"
 #include "windows.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

@@ -1,9 +1,9 @@
 // Any bytes as one of the engine's input files (the first byte says which), the others those of a demonstration run: read, echo, and let the
 // water of what was accepted run for a month.
-#include "engine/echo.h"
-#include "engine/input.h"
-#include "engine/water.h"
-#include "engine_case.h"
+#include "engine/output/echo.h"
+#include "engine/setup/input.h"
+#include "engine/water/water.h"
+#include "engine/engine_case.h"
 
 #include <array>
 #include <cstdint>

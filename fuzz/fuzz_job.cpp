@@ -2,8 +2,8 @@
 #include "core/code_page.h"
 #include "core/error.h"
 #include "round_trip.h"
-#include "runs/job.h"
-#include "runs/job_log.h"
+#include "jobs/job.h"
+#include "jobs/job_log.h"
 
 namespace {
 

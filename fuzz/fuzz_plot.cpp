@@ -1,5 +1,5 @@
 // Any bytes as the engine's time series: its head, and the averages of its profile.
-#include "results/soil_averages.h"
+#include "output/soil_averages.h"
 #include "windows.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

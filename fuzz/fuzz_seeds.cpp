@@ -1,10 +1,10 @@
 // Writes a seed for each fuzz target: fuzz_seeds DIR makes DIR/fuzz_psm and so on.
 #include "core/files.h"
-#include "engine_case.h"
+#include "engine/engine_case.h"
 #include "files/pesticide_example.h"
 #include "files/scenario_example.h"
-#include "results/engine_files.h"
-#include "runs/job.h"
+#include "output/engine_files.h"
+#include "jobs/job.h"
 
 #include <filesystem>
 #include <iostream>

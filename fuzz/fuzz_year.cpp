@@ -1,6 +1,6 @@
 // Any bytes as a cache of the leachate tables: read back, turned into periods and gathered into a report.
-#include "results/leachate_periods.h"
-#include "results/summary_report.h"
+#include "tables/leachate_periods.h"
+#include "report/summary_report.h"
 #include "round_trip.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "results/line_scanner.h"
+#include "output/line_scanner.h"
 #include "round_trip.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/files.h"
-#include "core/names.h"
+#include "core/locations.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 #include "temporary_directory.h"

@@ -1,6 +1,6 @@
 #include "make_table.h"
 
-#include "results/series_table.h"
+#include "tables/series_table.h"
 
 #include <cstdio>
 #include <exception>

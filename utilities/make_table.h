@@ -1,6 +1,6 @@
 #pragma once
 
-#include "results/utility_table.h"
+#include "evaluation/utility_table.h"
 
 // Makes the table of the working directory's series there: 0. It fails with a sentence on standard error, the table as it was: 1.
 int Make_Table(Utility period);

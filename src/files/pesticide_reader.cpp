@@ -1,4 +1,4 @@
-#include "core/names.h"
+#include "core/locations.h"
 #include "files/pesticide_file.h"
 #include "files/pesticide_lines.h"
 

@@ -1,6 +1,6 @@
 #include "files/pesticide_file.h"
 
-#include "core/names.h"
+#include "core/locations.h"
 #include "files/pesticide_lines.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "installation/demo_pesticides.h"
 
-#include "core/names.h"
+#include "core/locations.h"
 #include "core/text.h"
 #include "installation/demo_tables.h"
 #include "installation/embedded_files.h"

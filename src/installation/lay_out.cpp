@@ -1,7 +1,7 @@
 #include "installation/lay_out.h"
 
 #include "core/files.h"
-#include "core/lock.h"
+#include "core/system/lock.h"
 #include "installation/installation_files.h"
 
 #include <array>

@@ -1,14 +1,14 @@
 #include "runs/batch.h"
 
 #include "core/files.h"
-#include "core/lock.h"
-#include "core/names.h"
+#include "core/system/lock.h"
+#include "core/locations.h"
 #include "core/text.h"
-#include "runs/job.h"
-#include "runs/job_log.h"
-#include "runs/job_status.h"
-#include "runs/shown_path.h"
-#include "runs/spawn.h"
+#include "jobs/job.h"
+#include "jobs/job_log.h"
+#include "jobs/job_status.h"
+#include "core/shown_path.h"
+#include "core/system/spawn.h"
 
 #include <chrono>
 #include <sys/wait.h>

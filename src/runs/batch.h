@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/lock.h"
+#include "core/system/lock.h"
 #include "runs/run_control.h"
 #include "runs/selection.h"
 

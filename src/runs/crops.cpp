@@ -1,7 +1,7 @@
 #include "runs/crops.h"
 
 #include "core/files.h"
-#include "core/names.h"
+#include "core/locations.h"
 #include "core/text.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/text.h"
-#include "runs/job.h"
+#include "jobs/job.h"
 
 #include <algorithm>
 #include <set>

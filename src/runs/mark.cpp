@@ -1,10 +1,10 @@
 #include "core/files.h"
-#include "core/lock.h"
+#include "core/system/lock.h"
 #include "core/numbers.h"
 #include "runs/batch.h"
-#include "runs/job.h"
+#include "jobs/job.h"
 #include "runs/run_directory.h"
-#include "runs/shown_path.h"
+#include "core/shown_path.h"
 
 #include <algorithm>
 

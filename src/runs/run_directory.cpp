@@ -1,8 +1,8 @@
 #include "runs/run_directory.h"
 
 #include "core/files.h"
-#include "core/lock.h"
-#include "runs/shown_path.h"
+#include "core/system/lock.h"
+#include "core/shown_path.h"
 
 #include <cerrno>
 #include <cstring>

@@ -1,12 +1,12 @@
 #include "runs/selection.h"
 
 #include "core/files.h"
-#include "core/names.h"
+#include "core/locations.h"
 #include "core/text.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 #include "runs/run_control.h"
-#include "runs/shown_path.h"
+#include "core/shown_path.h"
 #include "substance/application_pattern.h"
 
 #include <algorithm>

@@ -1,11 +1,11 @@
 #include "runs/single_run.h"
 
 #include "core/files.h"
-#include "core/lock.h"
+#include "core/system/lock.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "runs/engine_start.h"
-#include "runs/job_status.h"
+#include "jobs/engine_start.h"
+#include "jobs/job_status.h"
 #include "runs/run_control.h"
 
 namespace fs = std::filesystem;

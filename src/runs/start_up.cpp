@@ -1,11 +1,11 @@
 #include "runs/start_up.h"
 
 #include "core/files.h"
-#include "core/help_texts.h"
+#include "ui/help_texts.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "runs/output_selection.h"
-#include "runs/shown_path.h"
+#include "core/shown_path.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #include "scenario/crop_properties.h"
 
-#include "core/number_field.h"
+#include "ui/number_field.h"
 #include "scenario/crop_rotation.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "core/error.h"
 #include "core/files.h"
-#include "core/number_field.h"
+#include "ui/number_field.h"
 #include "scenario/crop_properties.h"
 #include "scenario/saving.h"
 

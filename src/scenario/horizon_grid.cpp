@@ -1,6 +1,6 @@
 #include "scenario/horizon_grid.h"
 
-#include "core/number_field.h"
+#include "ui/number_field.h"
 #include "scenario/scenario_options.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "scenario/saving.h"
 
-#include "core/number_field.h"
+#include "ui/number_field.h"
 #include "files/scenario_lines.h"
 #include "scenario/macropores.h"
 #include "scenario/rotation_dates.h"

@@ -1,6 +1,6 @@
 #include "scenario/scenario_fields.h"
 
-#include "core/number_field.h"
+#include "ui/number_field.h"
 #include "core/text.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "substance/application_grid.h"
 
-#include "core/grid_keys.h"
-#include "core/number_field.h"
+#include "ui/grid_keys.h"
+#include "ui/number_field.h"
 #include "substance/application_list.h"
 #include "substance/application_state.h"
 

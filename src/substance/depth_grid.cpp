@@ -1,6 +1,6 @@
 #include "substance/depth_grid.h"
 
-#include "core/number_field.h"
+#include "ui/number_field.h"
 #include "substance/horizon_table.h"
 
 #include <algorithm>

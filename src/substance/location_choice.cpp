@@ -1,6 +1,6 @@
 #include "substance/location_choice.h"
 
-#include "core/names.h"
+#include "core/locations.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "substance/plant_surface.h"
 
-#include "core/number_field.h"
+#include "ui/number_field.h"
 
 Plant_Entry Load_Plant(const Pesticide_Document& document)
 {

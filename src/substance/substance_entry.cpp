@@ -1,6 +1,6 @@
 #include "substance/substance_entry.h"
 
-#include "core/number_field.h"
+#include "ui/number_field.h"
 #include "core/text.h"
 #include "substance/horizon_table.h"
 

@@ -1,6 +1,6 @@
 #include "substance/transformation.h"
 
-#include "core/number_field.h"
+#include "ui/number_field.h"
 #include "substance/pathway.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "core/files.h"
 
-#include "core/lock.h"
+#include "core/system/lock.h"
 #include "temporary_directory.h"
 
 #include <fstream>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/session.h"
-#include "engine/run_control.h"
+#include "engine/input/run_control.h"
 
 #include <filesystem>
 #include <map>

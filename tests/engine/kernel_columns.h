@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/kernel.h"
-#include "engine/transport.h"
+#include "engine/solute/kernel.h"
+#include "engine/solute/transport.h"
 
 #include <cmath>
 #include <string>

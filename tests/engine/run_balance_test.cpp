@@ -1,6 +1,6 @@
 #include "core/output_variables.h"
 #include "core/text.h"
-#include "engine/grid.h"
+#include "engine/water/grid.h"
 #include "engine_process.h"
 #include "output_blocks.h"
 #include "substance/pathway.h"

@@ -1,7 +1,7 @@
 #include "core/files.h"
 #include "core/text.h"
-#include "engine/echo.h"
-#include "engine/input.h"
+#include "engine/output/echo.h"
+#include "engine/setup/input.h"
 #include "engine_process.h"
 #include "verification.h"
 

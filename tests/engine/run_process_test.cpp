@@ -1,4 +1,4 @@
-#include "core/lock.h"
+#include "core/system/lock.h"
 #include "core/text.h"
 #include "engine_process.h"
 #include "verification.h"

@@ -1,9 +1,9 @@
 #include "engine_process.h"
 #include "output_blocks.h"
-#include "results/balance_tables.h"
-#include "results/echo_file.h"
-#include "results/leachate_tables.h"
-#include "results/soil_concentrations.h"
+#include "tables/balance_tables.h"
+#include "output/echo_file.h"
+#include "tables/leachate_tables.h"
+#include "tables/soil_concentrations.h"
 #include "verification.h"
 
 // The program's own tables out of real output, against figures taken from the files another way.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/solute.h"
+#include "engine/solute/solute.h"
 
 #include <string>
 #include <vector>

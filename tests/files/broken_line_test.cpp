@@ -1,8 +1,8 @@
 #include "files/broken_line.h"
 #include "files/climate_file.h"
-#include "files/parsed.h"
-#include "files/pesticide_example.h"
-#include "files/scenario_example.h"
+#include "parsed.h"
+#include "pesticide_example.h"
+#include "scenario_example.h"
 #include "told.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "files/climate_file.h"
-#include "files/parsed.h"
+#include "parsed.h"
 
 #include <gtest/gtest.h>
 

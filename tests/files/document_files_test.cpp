@@ -1,8 +1,8 @@
 #include "core/files.h"
 #include "files/climate_file.h"
-#include "files/parsed.h"
-#include "files/pesticide_example.h"
-#include "files/scenario_example.h"
+#include "parsed.h"
+#include "pesticide_example.h"
+#include "scenario_example.h"
 #include "temporary_directory.h"
 #include "told.h"
 

@@ -1,5 +1,5 @@
-#include "files/parsed.h"
-#include "files/pesticide_example.h"
+#include "parsed.h"
+#include "pesticide_example.h"
 #include "substance/pathway.h"
 
 #include <gtest/gtest.h>

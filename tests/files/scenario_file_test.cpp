@@ -1,5 +1,5 @@
-#include "files/parsed.h"
-#include "files/scenario_example.h"
+#include "parsed.h"
+#include "scenario_example.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "core/error.h"
 #include "core/files.h"
-#include "core/lock.h"
+#include "core/system/lock.h"
 #include "core/text.h"
 #include "full_disk.h"
 #include "installation/demo_weather.h"

@@ -1,8 +1,8 @@
-#include "core/lock.h"
+#include "core/system/lock.h"
 #include "core/text.h"
 #include "run_fixture.h"
 #include "runs/batch.h"
-#include "runs/job.h"
+#include "jobs/job.h"
 
 #include <chrono>
 #include <csignal>

@@ -1,6 +1,6 @@
 #include "runs/single_run.h"
 
-#include "core/lock.h"
+#include "core/system/lock.h"
 #include "full_disk.h"
 #include "small_installation.h"
 #include "told.h"

@@ -1,5 +1,5 @@
 #include "core/text.h"
-#include "results/engine_files.h"
+#include "output/engine_files.h"
 #include "temporary_directory.h"
 
 #include <array>

@@ -3,7 +3,7 @@
 #include "charts/painting/chart_painter.h"
 #include "charts/scale.h"
 #include "charts/value_at.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 
 #include <cmath>
 #include <QApplication>

@@ -2,7 +2,7 @@
 
 #include "charts/forms/chart_view.h"
 #include "charts/forms/picture_actions.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>

@@ -1,7 +1,7 @@
 #include "charts/forms/picture_actions.h"
 
 #include "core/error.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,7 +1,7 @@
 #include "files/forms/directory_files.h"
 
 #include "core/files.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "core/text.h"
 
 #include <QFileDialog>

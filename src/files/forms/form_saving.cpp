@@ -1,7 +1,7 @@
 #include "files/forms/form_saving.h"
 
 #include "core/files.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "core/text.h"
 #include "files/broken_line.h"
 #include "files/file_messages.h"

@@ -1,6 +1,6 @@
 #include "runs/forms/ausgabe_festlegen.h"
 
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "core/output_variables.h"
 #include "runs/output_selection.h"
 

@@ -1,6 +1,6 @@
 #include "runs/forms/dialog.h"
 
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/forms/grid_model.h"
+#include "ui/forms/grid_model.h"
 #include "scenario/climate_grid.h"
 
 // The climate grid for a table view: a cell's text is made when it comes into view.

@@ -1,8 +1,8 @@
 #include "scenario/forms/form_rot.h"
 
-#include "core/forms/date_boxes.h"
-#include "core/forms/done_cancel.h"
-#include "core/forms/number_edit.h"
+#include "ui/forms/date_boxes.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/number_edit.h"
 #include "scenario/forms/form_difcrop.h"
 
 #include <QFocusEvent>

@@ -1,7 +1,7 @@
 #include "scenario/forms/form_soil_hor.h"
 
-#include "core/forms/done_cancel.h"
-#include "core/forms/number_grid.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/number_grid.h"
 #include "scenario/forms/soil_profile.h"
 
 #include <QHBoxLayout>

@@ -1,8 +1,8 @@
 #include "scenario/forms/klima.h"
 
-#include "core/forms/byte_edit.h"
-#include "core/forms/number_grid.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/byte_edit.h"
+#include "ui/forms/number_grid.h"
+#include "ui/forms/widgets.h"
 #include "files/forms/form_saving.h"
 #include "scenario/forms/climate_model.h"
 #include "scenario/forms/klimagrafik.h"

@@ -1,7 +1,7 @@
 #include "scenario/forms/klimagrafik.h"
 
-#include "charts/climate_chart.h"
-#include "core/forms/widgets.h"
+#include "scenario/climate_chart.h"
+#include "ui/forms/widgets.h"
 
 #include <QComboBox>
 #include <QFormLayout>

@@ -1,7 +1,7 @@
 #include "scenario/forms/macro.h"
 
-#include "core/forms/done_cancel.h"
-#include "core/forms/number_edit.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/number_edit.h"
 
 #include <QFormLayout>
 #include <QVBoxLayout>

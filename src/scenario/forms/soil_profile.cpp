@@ -1,6 +1,6 @@
 #include "scenario/forms/soil_profile.h"
 
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "core/numbers.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "scenario/forms/szenario.h"
 
-#include "core/forms/byte_edit.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/byte_edit.h"
+#include "ui/forms/widgets.h"
 #include "files/forms/form_saving.h"
 #include "scenario/forms/form_eros.h"
 #include "scenario/forms/form_rot.h"

@@ -1,5 +1,5 @@
-#include "core/forms/number_edit.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 #include "scenario/forms/szenario.h"
 #include "scenario/scenario_view.h"
 

@@ -1,7 +1,7 @@
 #include "substance/forms/andere_standorte.h"
 
-#include "core/forms/done_cancel.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/widgets.h"
 #include "substance/location_choice.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "substance/forms/application_box.h"
 
-#include "core/forms/number_edit.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 #include "substance/application_state.h"
 #include "substance/application_year.h"
 #include "substance/forms/andere_standorte.h"

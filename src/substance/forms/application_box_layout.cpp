@@ -1,6 +1,6 @@
 // The controls of the applications and their places.
-#include "core/forms/number_edit.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 #include "core/session.h"
 #include "substance/application_state.h"
 #include "substance/application_year.h"

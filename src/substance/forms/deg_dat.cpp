@@ -1,8 +1,8 @@
 #include "substance/forms/deg_dat.h"
 
-#include "core/forms/done_cancel.h"
-#include "core/forms/number_edit.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 #include "substance/forms/rate_box.h"
 #include "substance/pathway_picture.h"
 

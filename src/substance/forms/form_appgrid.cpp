@@ -1,8 +1,8 @@
 #include "substance/forms/form_appgrid.h"
 
-#include "core/forms/done_cancel.h"
-#include "core/forms/number_grid.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/number_grid.h"
+#include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QScreen>

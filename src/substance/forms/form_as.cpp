@@ -1,8 +1,8 @@
 #include "substance/forms/form_as.h"
 
-#include "core/forms/byte_edit.h"
-#include "core/forms/done_cancel.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/byte_edit.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/widgets.h"
 #include "substance/forms/application_box.h"
 #include "substance/forms/substance_fields.h"
 #include "substance/forms/volatilisation_box.h"

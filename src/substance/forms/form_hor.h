@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/grid_block.h"
+#include "ui/grid_block.h"
 #include "substance/depth_grid.h"
 
 #include <QDialog>

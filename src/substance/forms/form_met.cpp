@@ -1,7 +1,7 @@
 #include "substance/forms/form_met.h"
 
-#include "core/forms/done_cancel.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/widgets.h"
 #include "substance/forms/substance_fields.h"
 
 #include <QGroupBox>

@@ -1,8 +1,8 @@
 #include "substance/forms/form_psm_1.h"
 
 #include "charts/forms/picture_actions.h"
-#include "core/forms/widgets.h"
-#include "substance/documents.h"
+#include "ui/forms/widgets.h"
+#include "documents/documents.h"
 #include "substance/forms/deg_dat.h"
 #include "substance/forms/form_as.h"
 #include "substance/forms/form_met.h"

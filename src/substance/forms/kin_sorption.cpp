@@ -1,8 +1,8 @@
 #include "substance/forms/kin_sorption.h"
 
-#include "core/forms/done_cancel.h"
-#include "core/forms/number_edit.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 
 #include <QFocusEvent>
 #include <QGridLayout>

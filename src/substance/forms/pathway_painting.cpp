@@ -1,6 +1,6 @@
 #include "substance/forms/pathway_painting.h"
 
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "substance/forms/pathway_geometry.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "substance/forms/pathway_view.h"
 
 #include "charts/painting/chart_painter.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "core/numbers.h"
 #include "substance/forms/pathway_geometry.h"
 #include "substance/forms/pathway_painting.h"

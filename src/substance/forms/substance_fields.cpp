@@ -1,7 +1,7 @@
 #include "substance/forms/substance_fields.h"
 
-#include "core/forms/number_edit.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 #include "substance/forms/form_hor.h"
 #include "substance/forms/kin_sorption.h"
 #include "substance/forms/koc_ph.h"

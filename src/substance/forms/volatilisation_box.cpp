@@ -1,7 +1,7 @@
 #include "substance/forms/volatilisation_box.h"
 
-#include "core/forms/number_edit.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 
 #include <QButtonGroup>
 #include <QFormLayout>

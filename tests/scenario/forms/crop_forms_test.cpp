@@ -1,5 +1,5 @@
 #include "core/files.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "scenario/forms/form_difcrop.h"
 #include "scenario/forms/form_rot.h"
 #include "scenario/forms/szenario.h"

@@ -1,7 +1,7 @@
 #include "scenario/forms/klima.h"
 
 #include "core/files.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "scenario/forms/klimagrafik.h"
 #include "temporary_directory.h"
 #include "window_test.h"

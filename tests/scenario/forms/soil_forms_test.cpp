@@ -1,5 +1,5 @@
-#include "core/forms/number_grid.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/number_grid.h"
+#include "ui/forms/widgets.h"
 #include "scenario/forms/form_eros.h"
 #include "scenario/forms/form_soil_hor.h"
 #include "scenario/forms/macro.h"

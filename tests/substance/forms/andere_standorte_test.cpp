@@ -1,6 +1,6 @@
 #include "substance/forms/andere_standorte.h"
 
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <QPushButton>

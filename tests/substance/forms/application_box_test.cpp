@@ -1,6 +1,6 @@
 // The applications in the form of the active substance.
-#include "core/forms/number_grid.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/number_grid.h"
+#include "ui/forms/widgets.h"
 #include "substance/application_year.h"
 #include "substance/forms/form_as.h"
 #include "substance/pesticide_editor.h"

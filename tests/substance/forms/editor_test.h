@@ -1,6 +1,6 @@
 #pragma once
 
-#include "substance/forms/form_psm_open.h"
+#include "documents/forms/form_psm_open.h"
 #include "temporary_directory.h"
 #include "window_test.h"
 

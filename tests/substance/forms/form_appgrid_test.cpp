@@ -1,6 +1,6 @@
 #include "substance/forms/form_appgrid.h"
 
-#include "core/forms/number_grid.h"
+#include "ui/forms/number_grid.h"
 #include "window_test.h"
 
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #include "substance/forms/form_as.h"
 
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "substance/horizon_table.h"
 #include "substance/pesticide_editor.h"
 #include "window_test.h"

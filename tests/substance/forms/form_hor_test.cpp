@@ -1,6 +1,6 @@
 #include "substance/forms/form_hor.h"
 
-#include "core/forms/number_grid.h"
+#include "ui/forms/number_grid.h"
 #include "substance/horizon_table.h"
 #include "window_test.h"
 

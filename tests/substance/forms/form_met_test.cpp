@@ -1,6 +1,6 @@
 #include "substance/forms/form_met.h"
 
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "substance/horizon_table.h"
 #include "substance/pathway.h"
 #include "window_test.h"

@@ -1,7 +1,7 @@
 #include "substance/forms/form_psm_1.h"
 
 #include "core/files.h"
-#include "core/forms/widgets.h"
+#include "ui/forms/widgets.h"
 #include "small_installation.h"
 #include "substance/forms/pathway_geometry.h"
 #include "substance/forms/pathway_view.h"

@@ -1,0 +1,229 @@
+#include "engine/daily_loop.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double Water_Tolerance = 1e-10; // cm a day
+constexpr double Solute_Tolerance = 1e-9; // of the cumulated input
+constexpr double Least_Input = 1e-6 * Ug_Cm2_Per_Kg_Ha;
+
+// A balance that an earlier run left would show a metabolite that this run lacks.
+void Remove_Stale(const std::filesystem::path& directory, const std::vector<int>& substances)
+{
+    for (int index = 1; index <= Substances; ++index) {
+        std::error_code ignored;
+        if (std::ranges::find(substances, index) == substances.end())
+            std::filesystem::remove(directory / Solute_File_Name(index), ignored);
+    }
+}
+
+int Step_Of(const Variant& value)
+{
+    return static_cast<int>(value.Number());
+}
+
+} // namespace
+
+Simulation::Simulation(const Engine_Input& input, const std::filesystem::path& directory)
+    : Input(input),
+      Water(input.Scenario, input.Core, input.Haude),
+      Heat(input.Core, input.Weather.First_Year_Mean + input.Control.Temperature_Shift),
+      Column(input.Solute),
+      Water_File(directory / "Wasser.orv", input.Core, Step_Of(input.Scenario.SZE_Out_Every_Water)),
+      Plot(directory / "plot.orv", input),
+      Water_Frequency(Frequency_Of(input.Scenario.SZE_Freq_Water)),
+      Solute_Frequency(Frequency_Of(input.Scenario.SZE_Freq_Solute)),
+      State_Frequency(Frequency_Of(input.Scenario.SZE_Freq_Conc))
+{
+    const auto at_least = [this](Frequency frequency) { return Water_Frequency == frequency || Solute_Frequency == frequency || State_Frequency == frequency; };
+    Daily = at_least(Frequency::Day) || Plot.Needs_Sums();
+    Monthly = at_least(Frequency::Day) || at_least(Frequency::Month);
+    Remove_Stale(directory, input.Substances);
+    for (int slot = 0; slot < Column.Slots(); ++slot)
+        Solute_Files.emplace_back(directory, input.Core, Column.Index_Of(slot), slot, Step_Of(input.Scenario.SZE_Out_Every_Solute),
+                                  Step_Of(input.Scenario.SZE_Out_Every_Conc));
+    for (Span_Sums* sums : {&Day_Sums, &Month_Sums, &Year_Sums})
+        sums->Solute = Solute_Sums(Column.Compartments(), Column.Lanes());
+    Run_Sums = Solute_Sums(Column.Compartments(), Column.Lanes());
+    Run_Start = Column.Stores();
+}
+
+Solute_Sums& Simulation::Finest()
+{
+    return Daily ? Day_Sums.Solute : Monthly ? Month_Sums.Solute : Year_Sums.Solute;
+}
+
+// The first climate year for temperature alone, from its mean, at field capacity.
+void Simulation::Warm_Up_Soil()
+{
+    const auto& days = Input.Weather.Days;
+    const std::size_t count = std::min<std::size_t>(days.size(), 366);
+    for (std::size_t i = 0; i < count; ++i)
+        Heat.Step_Day(Input.Core.Field_Capacity, days[i].Temperature, 0);
+}
+
+void Simulation::Begin(Span_Sums& sums)
+{
+    sums.Water.Begin(Water);
+    sums.Solute.Clear();
+    sums.Start = Column.Stores();
+}
+
+Solute_Day Simulation::Hand_Over(int day, const Climate_Day& climate, const Crop_State& crop) const
+{
+    const Water_Day& water = Water.Today();
+    Solute_Day solute;
+    solute.Theta_Start = water.Theta_Start;
+    solute.Theta_End = water.Theta_End;
+    solute.Flux = water.Flux;
+    solute.Transpiration = water.Transpiration;
+    solute.Temperature.assign(Heat.Temperature().begin(), Heat.Temperature().begin() + Input.Core.Count());
+    solute.Air_Temperature = climate.Temperature;
+    solute.Radiation = climate.Radiation;
+    solute.Cover = crop.Cover;
+    solute.Runoff = water.Runoff;
+    solute.Bypass = water.Bypass;
+    solute.Bypass_Outlet = water.Bypass_Outlet;
+    solute.Sediment = water.Sediment;
+    solute.Plant_Water = water.Rain + water.Irrigation;
+    if (crop.Row) {
+        solute.Poor_Photo = crop.Row->SZE_Rot_RR_Photo;
+        solute.Poor_Penetration = crop.Row->SZE_Rot_RR_Pen;
+        solute.Poor_Volatilisation = crop.Row->SZE_Rot_RR_Vol;
+        solute.Poor_Washoff = crop.Row->SZE_Rot_RR_Wash;
+    }
+    solute.Tillage_Depth = crop.Tillage_Today ? Input.Control.Tillage_Depth : 0;
+    solute.Harvest = crop.Harvest_Today;
+    for (std::size_t a = Next_Application; a < Input.Applications.size() && Input.Applications[a].Day == day; ++a) {
+        const Planned_Application& from = Input.Applications[a];
+        solute.Applications.push_back({from.Hour, from.Rate * Ug_Cm2_Per_Kg_Ha, from.Depth, from.Plant_Share, from.Poorly_Exposed});
+    }
+    solute.Hourly = Input.Control.Soil_Mode && !solute.Applications.empty();
+    return solute;
+}
+
+void Simulation::Put_Day_Line(int day, int hour, const Climate_Day& climate)
+{
+    const Water_Day& water = Water.Today();
+    const bool whole = hour == 24;
+    if (!whole) {
+        Theta_Now.resize(water.Theta_End.size());
+        for (std::size_t i = 0; i < Theta_Now.size(); ++i)
+            Theta_Now[i] = water.Theta_Start[i] + hour / 24.0 * (water.Theta_End[i] - water.Theta_Start[i]);
+    }
+    const bool hourly = Input.Control.Soil_Mode && Next_Application < Input.Applications.size() && Input.Applications[Next_Application].Day == day;
+    Plot.Put_Line(day, hour, {water, whole ? water.Theta_End : Theta_Now, Heat.Temperature(), Column, Finest(), climate.Rain, hourly ? 1.0 / 24 : 1.0});
+}
+
+void Simulation::Step_Solute(int day, const Climate_Day& climate, const Solute_Day& solute_day)
+{
+    if (Daily)
+        Plot.Begin_Day();
+    if (solute_day.Hourly) {
+        Column.Step_Day(solute_day, Finest(), [&](int hour) { Put_Day_Line(day, hour, climate); });
+    } else {
+        Column.Step_Day(solute_day, Finest());
+        Put_Day_Line(day, 24, climate);
+    }
+    while (Next_Application < Input.Applications.size() && Input.Applications[Next_Application].Day == day)
+        ++Next_Application;
+}
+
+void Simulation::Step_Day(int day)
+{
+    const Climate_Day& climate = Input.Weather.On(day);
+    const Crop_State crop = Crop_On(Input.Scenario, Input.Rotation, day);
+    const Water_Day& water = Water.Step_Day(climate, Input.Weather.Dates.Day_Of_Year(day), crop, Heat.Temperature());
+    if (!(std::fabs(water.Closure) < Water_Tolerance))
+        throw Engine_Failure(Closure_Violated, "WATER BALANCE NOT CLOSED ON DAY " + std::to_string(day));
+    Heat.Step_Day(water.Theta_End, climate.Temperature, Water.Snow());
+    Step_Solute(day, climate, Hand_Over(day, climate, crop));
+    if (!Column.Finite())
+        throw Engine_Failure(Not_A_Number, "A SUBSTANCE'S STATE IS NOT A NUMBER ON DAY " + std::to_string(day));
+    if (Daily)
+        Day_Sums.Water.Add(water, Heat.Temperature());
+    else
+        (Monthly ? Month_Sums : Year_Sums).Water.Add(water, Heat.Temperature());
+}
+
+// Writes what is due for the span and hands its amounts to the next longer one.
+void Simulation::End_Span(Span span, const Date& date, Span_Sums& sums)
+{
+    if (Is_Due(Water_Frequency, span))
+        Water_File.Put_Block(span, date, sums.Water, Water);
+    const bool balance = Is_Due(Solute_Frequency, span), state = Is_Due(State_Frequency, span);
+    if (balance || state)
+        Column.Concentrations(Concentration);
+    for (Solute_Report& report : Solute_Files) {
+        const Solute_Block block{Column, sums.Solute, sums.Start, Concentration};
+        if (balance)
+            report.Put_Block(span, date, block);
+        if (state && balance)
+            report.Put_Concentrations(block);
+        else if (state)
+            report.Put_Dated_Concentrations(date, block);
+    }
+}
+
+void Simulation::Check_Closure(int year)
+{
+    Run_Sums.Add(Year_Sums.Solute);
+    const Solute_Closure closure = Column.Closure(Run_Sums, Run_Start);
+    Year_Closure closed{year, Year_Sums.Water.Closure(Water), 0, 0};
+    for (std::size_t slot = 0; slot < static_cast<std::size_t>(Column.Slots()); ++slot)
+        closed.Solute = std::max(closed.Solute, std::fabs(closure.Error[slot]) / std::max(closure.In[slot], Least_Input));
+    const double moles = closure.Moles_Applied;
+    closed.Moles = moles > 0 ? std::fabs(closure.Moles_Found - moles) / moles : 0;
+    Closed.push_back(closed);
+    if (!(closed.Solute <= Solute_Tolerance) || !(closed.Moles <= Solute_Tolerance))
+        throw Engine_Failure(Closure_Violated, "MASS BALANCE NOT CLOSED AT THE END OF YEAR " + std::to_string(year));
+}
+
+void Simulation::Run(const std::function<void(int year, int percent)>& progress)
+{
+    const Climate& weather = Input.Weather;
+    Warm_Up_Soil();
+    Theta_Now = Water.Theta();
+    Plot.Put_Head(Input, {Water.Today(), Theta_Now, Heat.Temperature(), Column, Finest(), 0, 0});
+    for (Span_Sums* sums : {&Day_Sums, &Month_Sums, &Year_Sums})
+        Begin(*sums);
+    for (int day = weather.First_Day; day <= weather.Last_Day; ++day) {
+        const Date date = weather.Dates.Date_Of(day);
+        if (Daily)
+            Begin(Day_Sums);
+        Step_Day(day);
+        const bool last = day == weather.Last_Day;
+        const bool month_ends = last || date.Day == weather.Dates.Days_In(date.Year, date.Month);
+        const bool year_ends = last || (month_ends && date.Month == 12);
+        if (Daily) {
+            End_Span(Span::Day, date, Day_Sums);
+            Span_Sums& longer = Monthly ? Month_Sums : Year_Sums;
+            longer.Water.Add(Day_Sums.Water);
+            longer.Solute.Add(Day_Sums.Solute);
+        }
+        if (month_ends && Monthly) {
+            End_Span(Span::Month, date, Month_Sums);
+            Year_Sums.Water.Add(Month_Sums.Water);
+            Year_Sums.Solute.Add(Month_Sums.Solute);
+            Begin(Month_Sums);
+        }
+        if (month_ends && !year_ends)
+            progress(date.Year, 100 * date.Month / 12);
+        if (!year_ends)
+            continue;
+        End_Span(Span::Year, date, Year_Sums);
+        Check_Closure(date.Year);
+        Begin(Year_Sums);
+        Water_File.Flush();
+        Plot.Flush();
+        for (Solute_Report& report : Solute_Files)
+            report.Flush();
+        progress(date.Year, 100);
+    }
+    Water_File.Close();
+    Plot.Close();
+    for (Solute_Report& report : Solute_Files)
+        report.Close();
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "engine/output/echo.h"
+#include "engine/water/heat.h"
+#include "engine/setup/input.h"
+#include "engine/output/series.h"
+#include "engine/output/solute_report.h"
+#include "engine/output/water_report.h"
+
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+// The daily loop from the first to the last day with all its output files but the echo.
+class Simulation {
+public:
+    // Opens the output files in `directory`. The input must be free of errors and outlive the simulation.
+    Simulation(const Engine_Input& input, const std::filesystem::path& directory);
+
+    // Runs to the end and closes the files. `progress` is called behind each month with the year and the percent of it that are done, 100 behind
+    // its last day. Throws Engine_Failure.
+    void Run(const std::function<void(int year, int percent)>& progress);
+
+    // The closure of the water (cm) and of the substances (relative) at the end of each year, for the echo.
+    struct Year_Closure {
+        int Year = 0;
+        double Water = 0, Solute = 0, Moles = 0;
+    };
+    const std::vector<Year_Closure>& Closures() const { return Closed; }
+
+private:
+    // Amounts of one span for water and solute.
+    struct Span_Sums {
+        Water_Sums Water;
+        Solute_Sums Solute;
+        Solute_Stores Start;
+    };
+
+    void Warm_Up_Soil();
+    void Step_Day(int day);
+    Solute_Day Hand_Over(int day, const Climate_Day& climate, const Crop_State& crop) const;
+    void Step_Solute(int day, const Climate_Day& climate, const Solute_Day& solute_day);
+    void Put_Day_Line(int day, int hour, const Climate_Day& climate);
+    void Begin(Span_Sums& sums);
+    void End_Span(Span span, const Date& date, Span_Sums& sums);
+    void Check_Closure(int year);
+    Solute_Sums& Finest();
+
+    const Engine_Input& Input;
+    Water_Column Water;
+    Soil_Heat Heat;
+    Solute_Column Column;
+    Water_Report Water_File;
+    std::vector<Solute_Report> Solute_Files;
+    Series Plot;
+    Frequency Water_Frequency, Solute_Frequency, State_Frequency;
+    bool Daily = false, Monthly = false;
+    Span_Sums Day_Sums, Month_Sums, Year_Sums;
+    Solute_Sums Run_Sums;
+    Solute_Stores Run_Start;
+    std::vector<double> Theta_Now, Concentration;
+    std::size_t Next_Application = 0;
+    std::vector<Year_Closure> Closed;
+};

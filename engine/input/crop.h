@@ -1,0 +1,52 @@
+#pragma once
+
+#include "core/session.h"
+#include "engine/input/calendar.h"
+#include "engine/input/findings.h"
+
+#include <limits>
+#include <string_view>
+#include <vector>
+
+// The stage that picks the curve number and the soil cover factor.
+enum class Stage { Fallow = 1, Cropping = 2, Residues = 3 };
+
+constexpr int No_Day = std::numeric_limits<int>::min();
+
+// A crop on the field: the numbers of its days. It stands from the day of emergence to the day before harvest.
+struct Crop_Period {
+    int Emergence = 0, Maturation = 0, Senescence = 0, Harvest = 0;
+    int Tillage = No_Day;
+    int Row = 0; // index into the scenario's crop rows
+    bool operator==(const Crop_Period&) const = default;
+};
+
+// The crops of the whole simulation in the order of their emergence. A list that ends before the simulation is repeated. Crops that are
+// cut by the next one end there. What is wrong goes to the findings (error 36).
+std::vector<Crop_Period> Build_Rotation(const Scenario_Document& scenario, const Calendar& dates, int last_day, Findings& findings);
+
+// Senescence dates as they stand in the file's rotation rows, which the document drops under the marker "ORVEL401".
+void Restore_Senescence(std::string_view bytes, Scenario_Document& document);
+
+// The crop on one day.
+struct Crop_State {
+    bool Present = false;
+    const Crop_Row* Row = nullptr; // of the crop, or of the one whose residues lie there; nothing without any crop row
+    Stage Field = Stage::Fallow;
+    double Growth = 0;      // 0 to 1
+    double Cover = 0;       // 0 to 1
+    double Dry_Mass = 0;    // kg/m2
+    double Root_Depth = 0;  // cm, 0 without a crop
+    double Crop_Factor = 1; // Kc
+    int Days_Since_Emergence = 0;
+    bool Irrigated = false; // from emergence to senescence of an irrigated crop
+    bool Harvest_Today = false, Tillage_Today = false;
+
+    double Curve_Number() const; // 0 without any crop row
+    double Cover_Factor() const; // C of the soil loss equation, 1 without any crop row
+};
+
+Crop_State Crop_On(const Scenario_Document& scenario, const std::vector<Crop_Period>& rotation, int day);
+
+// Growth from 0 at emergence over 1 at maturation to a half at harvest, linear in between.
+double Growth_Of(const Crop_Period& period, int day);

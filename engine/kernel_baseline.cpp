@@ -1,9 +1,0 @@
-#include "engine/fate_lanes.h"
-#include "engine/transport_lanes.h"
-
-const Solute_Kernel& Baseline_Kernel()
-{
-    static constexpr Solute_Kernel kernel = {"baseline",  Invert_Lanes,   Transport_Lanes,    Decay_Factors_Lanes,
-                                             React_Lanes, Exchange_Lanes, Rate_Factors_Lanes, Powers_Lanes};
-    return kernel;
-}

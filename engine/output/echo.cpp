@@ -1,0 +1,120 @@
+#include "engine/output/echo.h"
+
+#include "core/files.h"
+#include "core/text.h"
+#include "engine/output/figures.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::string_view File_Name = "echo.orv";
+constexpr std::string_view At_Work = " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***\r\n";
+constexpr std::array<std::string_view, 5> Tamed = {"ERROR", "E R R O R", "*** PARAMETERS OF ", "WATR", "TOTAL COMPARTMENTS IN CORE"};
+
+[[noreturn]] void Fail(const std::string& what, int error)
+{
+    throw Engine_Failure(Disk_Failure, what + ": " + std::strerror(error), Exit_No_File);
+}
+
+std::string Today()
+{
+    const auto day = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+    const std::chrono::year_month_day date(day);
+    std::string text;
+    Put_Integer(text, static_cast<int>(date.year()), 4);
+    for (const unsigned part : {static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day())}) {
+        text += part < 10 ? "-0" : "-";
+        Put_Integer(text, part, 1);
+    }
+    return text;
+}
+
+} // namespace
+
+Echo::Echo(const std::filesystem::path& directory)
+{
+    const auto file = directory / File_Name;
+    Descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    if (Descriptor < 0)
+        Fail("CANNOT OPEN ECHO.ORV", errno);
+    Hold = Lock::Take(file);
+    if (!Hold) {
+        ::close(Descriptor);
+        throw Engine_Failure(Disk_Failure, "ECHO.ORV IS LOCKED: ANOTHER ENGINE IS AT WORK IN THIS DIRECTORY", Exit_No_File);
+    }
+    if (::ftruncate(Descriptor, 0) != 0)
+        Fail("CANNOT EMPTY ECHO.ORV", errno);
+    Text = " *** ORVEL ENGINE 4.01 - ECHO OF INPUT DATA ***\r\n DATE OF THE RUN: " + Today() + "\r\n\r\n";
+    Flush();
+}
+
+Echo::~Echo()
+{
+    if (Descriptor >= 0)
+        ::close(Descriptor);
+}
+
+void Echo::Flush()
+{
+    const std::string all = Text + std::string(At_Work);
+    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, all))
+        Fail("CANNOT WRITE ECHO.ORV", errno);
+    Written += static_cast<long>(Text.size());
+    Text.clear();
+}
+
+void Echo::Finish(std::string_view ending)
+{
+    Text += ending;
+    const long size = Written + static_cast<long>(Text.size());
+    // The new ending goes over the old line and is cut to its size: a full disk leaves the line of error 99, or the ending in part.
+    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, Text) || ::ftruncate(Descriptor, size) != 0 || ::fsync(Descriptor) != 0)
+        Fail("CANNOT WRITE ECHO.ORV", errno);
+    Written = size;
+    Text.clear();
+}
+
+std::string Tame(std::string_view text)
+{
+    std::string tame(text);
+    std::ranges::replace_if(
+        tame, [](unsigned char c) { return c < ' '; }, ' ');
+    for (const auto word : Tamed)
+        tame = Replace_All(tame, word, Lower(word));
+    return tame;
+}
+
+std::string Error_Line(int number, std::string_view text)
+{
+    return " *** ERROR " + std::to_string(number) + ": " + Tame(text) + " ***\r\n";
+}
+
+void Put_Notes(std::string& text, const Findings& findings)
+{
+    for (const auto& note : findings.Notes)
+        text += " NOTE " + std::to_string(note.Number) + ": " + Tame(note.Text) + "\r\n";
+}
+
+void Put_Errors(std::string& text, const Findings& findings)
+{
+    for (const auto& error : findings.Errors)
+        text += Error_Line(error.Number, error.Text);
+}
+
+Frequency Frequency_Of(const Variant& text)
+{
+    const std::string word = Upper(Trim(text.Text()));
+    return word == "DAY" ? Frequency::Day : word == "MNTH" ? Frequency::Month : Frequency::Year;
+}
+
+std::string_view Frequency_Word(Frequency frequency)
+{
+    return frequency == Frequency::Day ? "DAY" : frequency == Frequency::Month ? "MNTH" : "YEAR";
+}

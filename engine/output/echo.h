@@ -1,0 +1,47 @@
+#pragma once
+
+#include "core/system/lock.h"
+#include "engine/input/findings.h"
+#include "engine/setup/input.h"
+#include "engine/output/water_report.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// echo.orv: the echo of the input, the findings and how the run ended. As long as the engine works the file ends in the line of error 99, so that a
+// run that is killed shows as failed. The file is locked from the start to the end.
+class Echo {
+public:
+    // Takes the lock, empties the file and writes its head. Throws Engine_Failure (93, exit 3) if it is locked or cannot be written.
+    explicit Echo(const std::filesystem::path& directory);
+    Echo(const Echo&) = delete;
+    Echo& operator=(const Echo&) = delete;
+    ~Echo();
+
+    std::string Text; // append here, then Flush
+
+    void Flush();                         // puts the text before the line of error 99
+    void Finish(std::string_view ending); // the text, then the true ending in place of that line
+
+private:
+    int Descriptor = -1;
+    long Written = 0; // bytes before the line of error 99
+    std::optional<Lock> Hold;
+};
+
+constexpr std::string_view Completed_Line = " *** SIMULATION COMPLETED ***\r\n";
+constexpr std::string_view Checked_Line = " *** INPUT CHECKED, NOTHING SIMULATED ***\r\n";
+
+// A text of the user with the words that readers look for in lower case, and without control characters.
+std::string Tame(std::string_view text);
+
+void Put_Input(std::string& text, const Engine_Input& input);
+void Put_Notes(std::string& text, const Findings& findings);
+void Put_Errors(std::string& text, const Findings& findings);
+std::string Error_Line(int number, std::string_view text);
+
+// The output frequency of a scenario's text: DAY, MNTH, anything else is YEAR.
+Frequency Frequency_Of(const Variant& text);
+std::string_view Frequency_Word(Frequency frequency);

@@ -1,0 +1,306 @@
+#include "engine/output/figures.h"
+
+#include "core/files.h"
+#include "engine/input/findings.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+constexpr double Zero_Below = 1e-30;
+constexpr int Series_Width = 10;
+constexpr int Series_Digits = 5;
+constexpr double Plain_Above = 0.9e-4; // what is smaller cannot round to 0.0001
+constexpr int Largest_Power = 45;
+constexpr double Near_Tie = 1e-8; // closer to a half than this, the exact way decides
+
+// Powers of ten, correctly rounded.
+struct Powers {
+    std::array<double, 2 * Largest_Power + 1> Value{};
+    Powers()
+    {
+        for (int k = -Largest_Power; k <= Largest_Power; ++k) {
+            const std::string text = "1e" + std::to_string(k);
+            std::from_chars(text.data(), text.data() + text.size(), Value[static_cast<std::size_t>(k + Largest_Power)]);
+        }
+    }
+};
+
+double Power_Of_Ten(int k)
+{
+    static const Powers powers;
+    return powers.Value[static_cast<std::size_t>(k + Largest_Power)];
+}
+
+// A positive value as a whole number of `digits` digits times ten to the exponent of its first digit.
+struct Decimal {
+    std::uint64_t Digits = 0;
+    int Exponent = 0;
+};
+
+Decimal Exact_Decimal(double a, int digits)
+{
+    char buffer[40];
+    const char* const end = std::to_chars(buffer, buffer + sizeof buffer, a, std::chars_format::scientific, digits - 1).ptr;
+    Decimal decimal;
+    const char* at = buffer;
+    for (; *at != 'e'; ++at) {
+        if (*at != '.')
+            decimal.Digits = 10 * decimal.Digits + static_cast<std::uint64_t>(*at - '0');
+    }
+    std::from_chars(at + (at[1] == '+' ? 2 : 1), end, decimal.Exponent);
+    return decimal;
+}
+
+// One multiplication and a rounding, which is exact except near a half or a power of ten.
+Decimal Decimal_Of(double a, int digits)
+{
+    const auto binary = static_cast<int>(std::bit_cast<std::uint64_t>(a) >> 52U) - 1023;
+    int e = (binary * 1233) >> 12; // the decimal exponent, or one less
+    if (std::abs(e) > Largest_Power - 10)
+        return Exact_Decimal(a, digits);
+    const double low = Power_Of_Ten(digits - 1), high = 10 * low;
+    double m = a * Power_Of_Ten(digits - 1 - e);
+    if (m >= high) {
+        ++e;
+        m = a * Power_Of_Ten(digits - 1 - e);
+    } else if (m < low) {
+        --e;
+        m = a * Power_Of_Ten(digits - 1 - e);
+    }
+    const double whole = std::floor(m), rest = m - whole;
+    if (std::fabs(rest - 0.5) < Near_Tie || m < low || m >= high - 0.5)
+        return Exact_Decimal(a, digits);
+    return {static_cast<std::uint64_t>(whole) + (rest > 0.5 ? 1 : 0), e};
+}
+
+double Checked(double value)
+{
+    if (!std::isfinite(value))
+        throw Engine_Failure(Not_A_Number, "A RESULT IS NOT A NUMBER");
+    return std::fabs(value) < Zero_Below ? 0 : value;
+}
+
+// The digits of a number two by two.
+struct Digit_Pairs {
+    std::array<char, 200> Text{};
+    constexpr Digit_Pairs()
+    {
+        for (std::size_t n = 0; n < 100; ++n) {
+            Text[2 * n] = static_cast<char>('0' + n / 10);
+            Text[2 * n + 1] = static_cast<char>('0' + n % 10);
+        }
+    }
+};
+constexpr Digit_Pairs Pairs;
+
+template <class Number> void Put_Pairs(char* to, Number digits, int count)
+{
+    int at = count;
+    for (; at >= 2; at -= 2, digits /= 100)
+        std::memcpy(to + at - 2, Pairs.Text.data() + 2 * (digits % 100), 2);
+    if (at == 1)
+        *to = static_cast<char>('0' + digits % 10);
+}
+
+char* Put_Digits(char* to, std::uint64_t digits, int count)
+{
+    if (digits >> 32U)
+        Put_Pairs(to, digits, count);
+    else
+        Put_Pairs(to, static_cast<std::uint32_t>(digits), count);
+    return to + count;
+}
+
+// d.dddE+dd without a field.
+char* Scientific(char* to, bool negative, Decimal decimal, int digits)
+{
+    if (negative)
+        *to++ = '-';
+    char* const first = to;
+    to = Put_Digits(to + 1, decimal.Digits, digits);
+    first[0] = first[1];
+    first[1] = '.';
+    if (digits == 1)
+        --to;
+    *to++ = 'E';
+    *to++ = decimal.Exponent < 0 ? '-' : '+';
+    const int size = std::abs(decimal.Exponent);
+    return Put_Digits(to, static_cast<std::uint64_t>(size), size > 99 ? 3 : 2);
+}
+
+// The same digits as a plain number, trailing zeros behind the point cut.
+char* Plain(char* to, bool negative, Decimal decimal, int digits)
+{
+    if (negative)
+        *to++ = '-';
+    int decimals = digits - 1 - decimal.Exponent;
+    while (decimals > 0 && decimal.Digits % 10 == 0) {
+        decimal.Digits /= 10;
+        --decimals;
+        --digits;
+    }
+    if (decimals <= 0)
+        return Put_Digits(to, decimal.Digits, digits);
+    const int before = std::max(1, digits - decimals);
+    char all[24];
+    Put_Digits(all, decimal.Digits, before + decimals);
+    to = std::copy_n(all, before, to);
+    *to++ = '.';
+    return std::copy_n(all + before, decimals, to);
+}
+
+// A figure under way: the blanks of its field stand in front of it, so that one piece goes into the text.
+struct Figure {
+    static constexpr int Most_Blanks = 24;
+    std::array<char, Most_Blanks + 64> Room;
+
+    Figure() { std::memset(Room.data(), ' ', Most_Blanks); }
+    char* Begin() { return Room.data() + Most_Blanks; }
+    char* End() { return Room.data() + Room.size(); }
+    void Append_To(std::string& text, const char* end, int width)
+    {
+        const auto length = static_cast<int>(end - Begin());
+        const int size = std::max(length, std::min(width, length + Most_Blanks));
+        text.append(end - size, end);
+    }
+};
+
+// A value with n decimals; the length, or 0 where it does not fit the room.
+char* Fixed(char* to, char* end, double value, int decimals)
+{
+    const double a = std::fabs(value);
+    const double scaled = a * Power_Of_Ten(decimals);
+    const double whole = std::floor(scaled), rest = scaled - whole;
+    if (scaled > 1e15 || std::fabs(rest - 0.5) < std::max(Near_Tie, scaled * 1e-15)) {
+        const auto result = std::to_chars(to, end, value, std::chars_format::fixed, decimals);
+        return result.ec == std::errc() ? result.ptr : nullptr;
+    }
+    auto digits = static_cast<std::uint64_t>(whole) + (rest > 0.5 ? 1 : 0);
+    if (value < 0 && digits != 0)
+        *to++ = '-';
+    int count = 1;
+    for (std::uint64_t rest_digits = digits / 10; rest_digits != 0; rest_digits /= 10)
+        ++count;
+    count = std::max(count, decimals + 1);
+    char all[24];
+    Put_Digits(all, digits, count);
+    to = std::copy_n(all, count - decimals, to);
+    if (decimals == 0)
+        return to;
+    *to++ = '.';
+    return std::copy_n(all + count - decimals, decimals, to);
+}
+
+} // namespace
+
+void Put_Blanks(std::string& text, int count)
+{
+    text.append(static_cast<std::size_t>(std::max(count, 0)), ' ');
+}
+
+void Put_Left(std::string& text, std::string_view what, int width)
+{
+    const auto room = static_cast<std::size_t>(width);
+    text += what.substr(0, room);
+    Put_Blanks(text, width - static_cast<int>(what.size()));
+}
+
+void To_Column(std::string& text, std::size_t line_start, int column)
+{
+    Put_Blanks(text, column - 1 - static_cast<int>(text.size() - line_start));
+}
+
+void Put_Integer(std::string& text, long value, int width)
+{
+    Figure figure;
+    figure.Append_To(text, std::to_chars(figure.Begin(), figure.End(), value).ptr, width);
+}
+
+void Put_Fixed(std::string& text, double value, int width, int decimals)
+{
+    value = Checked(value);
+    Figure figure;
+    for (int n = decimals; n >= 0; --n) {
+        const char* const end = Fixed(figure.Begin(), figure.End(), value, n);
+        if (end && end - figure.Begin() <= width)
+            return figure.Append_To(text, end, width);
+    }
+    Put_Exponent(text, value, width, std::max(0, width - 7));
+}
+
+void Put_Exponent(std::string& text, double value, int width, int decimals)
+{
+    value = Checked(value);
+    Figure figure;
+    const Decimal decimal = value == 0 ? Decimal{} : Decimal_Of(std::fabs(value), decimals + 1);
+    figure.Append_To(text, Scientific(figure.Begin(), value < 0, decimal, decimals + 1), width);
+}
+
+void Put_Series(std::string& text, double value)
+{
+    value = Checked(value);
+    if (value == 0) {
+        text.append("       0.0", Series_Width);
+        return;
+    }
+    Figure figure;
+    const char* end = figure.Begin() + Series_Width;
+    if (std::fabs(value) > Plain_Above) {
+        const Decimal decimal = Decimal_Of(std::fabs(value), Series_Digits);
+        if (decimal.Exponent >= -4 && decimal.Exponent < Series_Digits)
+            end = Plain(figure.Begin(), value < 0, decimal, Series_Digits);
+    }
+    for (int digits = 4; end - figure.Begin() >= Series_Width && digits > 1; --digits)
+        end = Scientific(figure.Begin(), value < 0, Decimal_Of(std::fabs(value), digits), digits);
+    figure.Append_To(text, end, Series_Width);
+}
+
+Out_File::Out_File(const std::filesystem::path& file) : Name(file.filename().string())
+{
+    Descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (Descriptor < 0)
+        throw Engine_Failure(Disk_Failure, "CANNOT CREATE " + Name + ": " + std::strerror(errno), Exit_No_File);
+    Buffer.reserve(Full + (Full >> 2U));
+}
+
+Out_File::Out_File(Out_File&& other) noexcept : Buffer(std::move(other.Buffer)), Descriptor(std::exchange(other.Descriptor, -1)), Name(std::move(other.Name)) {}
+
+Out_File& Out_File::operator=(Out_File&& other) noexcept
+{
+    std::swap(Buffer, other.Buffer);
+    std::swap(Descriptor, other.Descriptor);
+    std::swap(Name, other.Name);
+    return *this;
+}
+
+Out_File::~Out_File()
+{
+    if (Descriptor >= 0)
+        ::close(Descriptor);
+}
+
+void Out_File::Flush()
+{
+    if (Descriptor >= 0 && !Write_All(Descriptor, Buffer))
+        throw Engine_Failure(Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
+    Buffer.clear();
+}
+
+void Out_File::Close()
+{
+    Flush();
+    const int descriptor = std::exchange(Descriptor, -1);
+    if (descriptor >= 0 && ::close(descriptor) != 0)
+        throw Engine_Failure(Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
+}

@@ -1,0 +1,272 @@
+#include "engine/output/series.h"
+
+#include "core/text.h"
+#include "engine/output/solute_report.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr double Gram = 1e-6;            // of a microgram
+constexpr double Least_Percolate = 1e-8; // cm/d, below it a percolate has no concentration of its own
+constexpr int Field = 10;
+
+// Numbers of the output variables.
+enum Variable {
+    None,
+    PRSN,
+    TETD,
+    INFL,
+    RUNF,
+    ESLS,
+    THET,
+    TEMP,
+    TPAP,
+    TDKF,
+    TDKQ,
+    TDKN,
+    TUPF,
+    TVOX,
+    TPST,
+    QPST,
+    NPST,
+    DKFX,
+    DKFQ,
+    DKFN,
+    PFLX,
+    RFLX,
+    EFLX,
+    LEAC,
+    SPST,
+    TPSC,
+    QPSC,
+    NPSC,
+    SPSC,
+};
+
+bool Is_Amount(int variable)
+{
+    return (variable >= TPAP && variable <= TVOX) || (variable >= DKFX && variable <= LEAC);
+}
+
+bool Is_Water(int variable)
+{
+    return variable >= PRSN && variable <= TEMP;
+}
+
+// Titles are the user's: a control character would break the line.
+std::string One_Line(std::string text)
+{
+    std::ranges::replace_if(
+        text, [](unsigned char c) { return c < ' '; }, ' ');
+    return text;
+}
+
+} // namespace
+
+Series::Series(const std::filesystem::path& file, const Engine_Input& input) : Core(&input.Core), File(file)
+{
+    const std::size_t first_profile = input.Control.Rows.size() - static_cast<std::size_t>(input.Control.Profile_Rows);
+    for (std::size_t i = 0; i < input.Control.Rows.size(); ++i) {
+        Plans.push_back(Plan(input.Control.Rows[i], i >= first_profile, input));
+        const int variable = Plans.back().Variable;
+        With_Sums = With_Sums || Is_Amount(variable);
+        With_Concentration = With_Concentration || variable == LEAC || variable == SPST || variable == SPSC;
+    }
+}
+
+Series::Column_Plan Series::Plan(const Output_Row& row, bool profile, const Engine_Input& input) const
+{
+    Column_Plan plan;
+    const auto found = std::ranges::find(input.Substances, row.Substance);
+    if (found == input.Substances.end())
+        return plan;
+    plan.Variable = row.Variable;
+    plan.Scale = row.Scale;
+    plan.Slot = static_cast<int>(found - input.Substances.begin());
+    plan.Compartment = Core->Compartment_At(row.Depth);
+    plan.Interface = Core->Interface_Nearest(row.Depth);
+    plan.Is_Profile = profile && row.Depth >= 1;
+    for (int i = 0; plan.Is_Profile && i < Core->Count(); ++i) {
+        const double length = std::min(Core->Bottom[static_cast<std::size_t>(i)], row.Depth) - std::max(Core->Top(i), row.Depth - 1);
+        if (length > 1e-9)
+            plan.Slice.emplace_back(i, length);
+    }
+    return plan;
+}
+
+void Series::Put_Head(const Engine_Input& input, const Series_Moment& start)
+{
+    std::string& text = File.Buffer;
+    const auto& rows = input.Control.Rows;
+    const bool pore_water = input.Control.Profile_Rows > 0 && rows.back().Variable == SPSC;
+    text += "ORVEL engine 4.01\r\n\r\n" + One_Line(input.Scenario.SZE_Title) + "\r\n" + One_Line(input.Pesticide.PSM_Title) + "\r\n\r\n";
+    text += pore_water ? "Soil concentrations: in soil Pore water (mg/L)\r\n" : "Soil concentrations: total content (mg/kg)\r\n";
+    Put_Integer(text, 12L * input.Control.Years, 6);
+    Put_Integer(text, static_cast<long>(rows.size()), 6);
+    Put_Integer(text, input.Control.Profile_Rows, 6);
+    text += CrLf;
+    std::size_t line = text.size();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        To_Column(text, line, 13 + Field * static_cast<int>(i));
+        text += One_Line(rows[i].Code);
+    }
+    text += CrLf;
+    Put_Blanks(text, Field);
+    for (const Output_Row& row : rows)
+        Put_Fixed(text, row.Depth, Field, 1);
+    text += CrLf;
+    line = text.size();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        To_Column(text, line, 12 + Field * static_cast<int>(i));
+        Put_Left(text, One_Line(rows[i].Scale_Text), 6);
+    }
+    text += CrLf;
+    Put_Line(input.Weather.First_Day, 1, start);
+}
+
+void Series::Begin_Day()
+{
+    for (Column_Plan& plan : Plans)
+        plan.Before = 0;
+}
+
+void Series::Put_Line(int day, int hour, const Series_Moment& moment)
+{
+    if (With_Concentration)
+        moment.Column.Concentrations(Concentration);
+    std::string& text = File.Buffer;
+    Put_Integer(text, day, 6);
+    text += ' ';
+    text += static_cast<char>('0' + hour / 10);
+    text += static_cast<char>('0' + hour % 10);
+    text += ' ';
+    for (Column_Plan& plan : Plans)
+        Put_Series(text, plan.Scale * Value(plan, moment));
+    text += CrLf;
+    File.Relieve();
+}
+
+double Series::Value(Column_Plan& plan, const Series_Moment& moment)
+{
+    if (plan.Variable == None)
+        return 0;
+    if (Is_Water(plan.Variable))
+        return Water_Value(plan, moment);
+    if (!Is_Amount(plan.Variable))
+        return Gram * (plan.Is_Profile ? Profile(plan, moment) : State(plan, plan.Compartment, moment));
+    const double amount = Amount(plan, moment);
+    const double rate = moment.Share > 0 ? (amount - plan.Before) / moment.Share : 0;
+    plan.Before = amount;
+    if (plan.Variable != LEAC)
+        return Gram * rate;
+    const double percolate = moment.Share > 0 ? moment.Water.Percolate(plan.Interface) : 0;
+    if (percolate >= Least_Percolate)
+        return Gram * rate / percolate;
+    const auto above = static_cast<std::size_t>(std::max(plan.Interface - 1, 0));
+    return Gram * Concentration[above * static_cast<std::size_t>(moment.Column.Lanes()) + static_cast<std::size_t>(plan.Slot)] *
+           moment.Column.Doc_Factor(plan.Slot);
+}
+
+double Series::Water_Value(const Column_Plan& plan, const Series_Moment& moment) const
+{
+    const auto i = static_cast<std::size_t>(plan.Compartment);
+    if (plan.Variable == THET)
+        return moment.Theta[i];
+    if (plan.Variable == TEMP)
+        return moment.Temperature[i];
+    if (moment.Share <= 0)
+        return 0;
+    switch (plan.Variable) {
+    case PRSN:
+        return moment.Rain;
+    case TETD:
+        return moment.Water.Evapotranspiration();
+    case INFL:
+        return moment.Water.Percolate(plan.Interface);
+    case RUNF:
+        return moment.Water.Runoff;
+    default:
+        return moment.Water.Soil_Loss;
+    }
+}
+
+// What has passed or changed since the day began, ug/cm2.
+double Series::Amount(const Column_Plan& plan, const Series_Moment& moment) const
+{
+    const Solute_Sums& sums = moment.Sums;
+    const int lanes = moment.Column.Lanes();
+    const auto slot = static_cast<std::size_t>(plan.Slot);
+    const std::size_t cell = static_cast<std::size_t>(plan.Compartment * lanes) + slot;
+    const auto total = [&](const std::vector<double>& values) { return Total_Of(values, lanes, plan.Slot); };
+    switch (plan.Variable) {
+    case TPAP:
+        return total(sums.Applied) + total(sums.Formed) + sums.Plant_Applied[slot];
+    case TDKF:
+        return total(sums.Decay_Eq) + total(sums.Decay_Neq) + sums.Plant_Decay[slot];
+    case TDKQ:
+        return total(sums.Decay_Eq) + sums.Plant_Decay[slot];
+    case TDKN:
+        return total(sums.Decay_Neq);
+    case TUPF:
+        return total(sums.Uptake) + sums.Plant_Penetration[slot];
+    case TVOX:
+        return sums.Soil_Volatilised[slot] + sums.Plant_Volatilised[slot];
+    case DKFX:
+        return sums.Decay_Eq[cell] + sums.Decay_Neq[cell];
+    case DKFQ:
+        return sums.Decay_Eq[cell];
+    case DKFN:
+        return sums.Decay_Neq[cell];
+    case RFLX:
+        return sums.Runoff[slot];
+    case EFLX:
+        return sums.Sediment[slot];
+    default:
+        return sums.Flux[static_cast<std::size_t>(plan.Interface * lanes) + slot]; // PFLX, LEAC
+    }
+}
+
+// Contents in ug/cm3 or ug/g, concentrations in ug/cm3.
+double Series::State(const Column_Plan& plan, int compartment, const Series_Moment& moment) const
+{
+    const auto i = static_cast<std::size_t>(compartment);
+    const std::size_t cell = i * static_cast<std::size_t>(moment.Column.Lanes()) + static_cast<std::size_t>(plan.Slot);
+    const double dz = Core->Thickness[i], soil = dz * Core->Density[i];
+    const double mass = moment.Column.Mass()[cell], slow = moment.Column.Slow_Mass()[cell];
+    switch (plan.Variable) {
+    case TPST:
+        return (mass + slow) / dz;
+    case QPST:
+        return mass / dz;
+    case NPST:
+        return slow / dz;
+    case TPSC:
+        return (mass + slow) / soil;
+    case QPSC:
+        return mass / soil;
+    case NPSC:
+        return slow / soil;
+    case SPST:
+        return moment.Theta[i] * moment.Column.Doc_Factor(plan.Slot) * Concentration[cell];
+    default:
+        return moment.Column.Doc_Factor(plan.Slot) * Concentration[cell]; // SPSC
+    }
+}
+
+// The same over a slice of 1 cm, whatever the compartments are: contents over its soil, solution over its water.
+double Series::Profile(const Column_Plan& plan, const Series_Moment& moment) const
+{
+    double sum = 0, length = 0, soil = 0, water = 0;
+    const bool by_soil = plan.Variable >= TPSC && plan.Variable <= NPSC;
+    for (const auto& [compartment, within] : plan.Slice) {
+        const auto i = static_cast<std::size_t>(compartment);
+        const double weight = by_soil ? Core->Density[i] : plan.Variable == SPSC ? moment.Theta[i] : 1;
+        sum += State(plan, compartment, moment) * weight * within;
+        length += within;
+        soil += Core->Density[i] * within;
+        water += moment.Theta[i] * within;
+    }
+    const double by = by_soil ? soil : plan.Variable == SPSC ? water : length;
+    return by > 0 ? sum / by : 0;
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "engine/output/figures.h"
+#include "engine/setup/input.h"
+#include "engine/water/water.h"
+
+#include <string>
+#include <vector>
+
+// What a line of plot.orv is made from.
+struct Series_Moment {
+    const Water_Day& Water;
+    const std::vector<double>& Theta; // at the line's time
+    const std::vector<double>& Temperature;
+    const Solute_Column& Column;
+    const Solute_Sums& Sums; // of the day so far
+    double Rain = 0;         // rain and snowfall, cm/d
+    double Share = 1;        // of the day that the line stands for
+};
+
+// plot.orv: one line a day, hour 24, or 24 lines on a day of applications in soil mode.
+class Series {
+public:
+    Series(const std::filesystem::path& file, const Engine_Input& input);
+
+    // The head with the initial state; call it once.
+    void Put_Head(const Engine_Input& input, const Series_Moment& start);
+    void Begin_Day(); // sums start at zero again
+    void Put_Line(int day, int hour, const Series_Moment& moment);
+    void Flush() { File.Flush(); }
+    void Close() { File.Close(); }
+
+    // Whether a column needs the day's solute amounts, or concentrations.
+    bool Needs_Sums() const { return With_Sums; }
+
+private:
+    // One column, its places in the core looked up beforehand.
+    struct Column_Plan {
+        int Variable = 0; // 0: zeros
+        double Scale = 1;
+        int Slot = 0;
+        int Compartment = 0, Interface = 0;
+        bool Is_Profile = false;
+        std::vector<std::pair<int, double>> Slice; // compartments of a profile row with their lengths, cm
+        double Before = 0;                         // amount of the day up to the line before
+    };
+
+    Column_Plan Plan(const Output_Row& row, bool profile, const Engine_Input& input) const;
+    double Value(Column_Plan& column, const Series_Moment& moment);
+    double Water_Value(const Column_Plan& column, const Series_Moment& moment) const;
+    double Amount(const Column_Plan& column, const Series_Moment& moment) const;
+    double State(const Column_Plan& column, int compartment, const Series_Moment& moment) const;
+    double Profile(const Column_Plan& column, const Series_Moment& moment) const;
+
+    const Grid* Core;
+    std::vector<Column_Plan> Plans;
+    std::vector<double> Concentration;
+    bool With_Sums = false, With_Concentration = false;
+    Out_File File;
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "engine/output/figures.h"
+#include "engine/water/grid.h"
+#include "engine/solute/solute.h"
+#include "engine/output/water_report.h"
+
+#include <string>
+#include <vector>
+
+// What a block of a substance is made from: the amounts of the span, the stores at its start, the state at its end.
+struct Solute_Block {
+    const Solute_Column& Column;
+    const Solute_Sums& Sums;
+    const Solute_Stores& Start;
+    const std::vector<double>& Concentration; // [compartment * lanes + slot]
+};
+
+// "chem.orv", "chem_A1.orv" ... "chem_D2.orv" by substance index.
+std::string Solute_File_Name(int index);
+std::string Solute_Label(int index); // "PESTICIDE", "METABOLITE A1" ...
+
+// The balance file of one substance.
+class Solute_Report {
+public:
+    Solute_Report(const std::filesystem::path& directory, const Grid& grid, int index, int slot, int step, int concentration_step);
+    void Put_Block(Span span, const Date& date, const Solute_Block& block);
+    void Put_Concentrations(const Solute_Block& block);                         // below a block
+    void Put_Dated_Concentrations(const Date& date, const Solute_Block& block); // where no block is due
+    void Flush() { File.Flush(); }
+    void Close();
+
+private:
+    void Put_Row(const Row_Group& group, const Solute_Block& block);
+    void Put_Plant_Row(const Solute_Block& block);
+    void Put_Totals(const Solute_Block& block);
+
+    const Grid* Core;
+    int Index;
+    std::size_t Slot;
+    std::vector<Row_Group> Groups, Concentration_Groups;
+    Out_File File;
+};
+
+// Sum of one slot over all rows of an array of sums.
+double Total_Of(const std::vector<double>& values, int lanes, int slot);

@@ -1,0 +1,172 @@
+#include "engine/setup/input.h"
+
+#include "core/text.h"
+#include "engine/water/water.h"
+#include "files/pesticide_file.h"
+#include "files/scenario_file.h"
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+constexpr std::string_view Control_Name = "orvel.inp";
+constexpr std::string_view Haude_Name = "Haude.dat";
+
+class Input_Reader {
+public:
+    Input_Reader(const File_Source& source, Findings& findings) : Source(source), Found(findings) {}
+
+    Engine_Input Read()
+    {
+        const auto control = Source(Control_Name);
+        if (!control) {
+            Found.Error(11, "ORVEL.INP NOT FOUND");
+            return std::move(Input);
+        }
+        Input.Control = Read_Run_Control(*control, Found);
+        if (Found.Failed())
+            return std::move(Input);
+        Read_Scenario();
+        Read_Pesticide();
+        const bool documents = !Found.Failed();
+        Read_Climates();
+        if (documents)
+            Check_Documents();
+        if (!Found.Failed())
+            Prepare();
+        return std::move(Input);
+    }
+
+private:
+    void Read_Scenario()
+    {
+        const auto bytes = Source(Input.Control.Scenario_File);
+        if (!bytes)
+            return Found.Error(21, "SCENARIO FILE " + Input.Control.Scenario_File + " NOT FOUND");
+        Reset_SZE(Input.Scenario);
+        try {
+            Parse_SZE(*bytes, Input.Scenario);
+        } catch (const std::exception& error) {
+            return Found.Error(31, "SCENARIO FILE " + Input.Control.Scenario_File + " NOT IN ITS FORMAT: " + error.what());
+        }
+        Restore_Senescence(*bytes, Input.Scenario);
+        Input.Location_Code = Location_Code_Of(Input.Control.Scenario_File);
+        const auto lines = Split_Lines(*bytes);
+        if (lines.size() > 1 && lines[1].find("ORVEL40") == std::string_view::npos)
+            Found.Tell(Note::Irrigation_Assumed, "CROP ROWS OF THE OLD FORM: IRRIGATION IS ASSUMED");
+    }
+
+    void Read_Pesticide()
+    {
+        const auto bytes = Source(Input.Control.Pesticide_File);
+        if (!bytes)
+            return Found.Error(22, "PESTICIDE FILE " + Input.Control.Pesticide_File + " NOT FOUND");
+        try {
+            Parse_PSM(*bytes, Input.Pesticide);
+        } catch (const std::exception& error) {
+            return Found.Error(41, "PESTICIDE FILE " + Input.Control.Pesticide_File + " NOT IN ITS FORMAT: " + error.what());
+        }
+        for (int i = 1; i <= Substances; ++i) {
+            if (i == 1 || Input.Pesticide.Met_Present[static_cast<std::size_t>(i)])
+                Input.Substances.push_back(i);
+        }
+    }
+
+    // Each file once, though it may stand for several years.
+    void Read_Climates()
+    {
+        std::map<std::string, std::vector<Climate_Day>> files;
+        std::map<std::string, std::string> titles;
+        std::vector<const std::vector<Climate_Day>*> years;
+        const std::size_t errors = Found.Errors.size();
+        for (const std::string& name : Input.Control.Climate_Files) {
+            if (!files.contains(name)) {
+                if (const auto bytes = Source(name))
+                    files[name] = Read_Climate_Days(*bytes, name, Input.Scenario.SZE_Latitude, titles[name], Found);
+                else
+                    Found.Error(23, "CLIMATE FILE " + name + " NOT FOUND");
+            }
+            years.push_back(&files[name]);
+            Input.Weather.Titles.push_back(titles[name]);
+        }
+        if (Found.Errors.size() > errors)
+            return;
+        auto kept = std::move(Input.Weather.Titles);
+        Input.Weather = Assemble_Climate(Input.Control, years, Found);
+        Input.Weather.Titles = std::move(kept);
+        for (Climate_Day& day : Input.Weather.Days) {
+            day.Temperature += Input.Control.Temperature_Shift;
+            day.Temperature_14 += Input.Control.Temperature_Shift;
+        }
+        if (Input.Scenario.SZE_ET_Method == 0 && std::ranges::any_of(Input.Weather.Days, [](const Climate_Day& day) { return day.Evaporation < 0; }))
+            Found.Error(52, "THE CLIMATE FILES LACK EVAPORATION, WHICH THE SCENARIO ASKS FOR");
+    }
+
+    void Check_Documents()
+    {
+        Check_Scenario(Input.Scenario, Input.Control, Found);
+        Check_Pesticide(Input.Pesticide, Input.Scenario, Found);
+        for (const Output_Row& row : Input.Control.Rows) {
+            if (row.Variable != 0 && !std::ranges::count(Input.Substances, row.Substance))
+                Found.Tell(Note::Substance_Missing, "SUBSTANCE " + std::to_string(row.Substance) + " OF " + row.Code + " IS NOT IN THE RUN: COLUMN OF ZEROS");
+            if (row.Depth > Input.Scenario.SZE_Core_Depth)
+                Found.Tell(Note::Depth_Clamped, "DEPTH OF " + row.Code + " BELOW THE CORE: THE LAST COMPARTMENT IS USED");
+        }
+    }
+
+    void Read_Haude_Factors()
+    {
+        if (Input.Scenario.SZE_ET_Method != 3)
+            return;
+        if (const auto bytes = Source(Haude_Name))
+            Input.Haude = ::Read_Haude(*bytes);
+        else
+            Found.Tell(Note::Haude_Factors, "NO HAUDE.DAT: BUILT-IN FACTORS ARE USED");
+        for (const auto& period : Input.Rotation) {
+            const int crop = Input.Scenario.Crops[static_cast<std::size_t>(period.Row)].SZE_Rot_Crop_No;
+            if (!Input.Haude.contains(crop))
+                Found.Tell(Note::Haude_Factors, "NO HAUDE FACTORS FOR CROP " + std::to_string(crop) + ": THOSE OF GRASS ARE USED");
+        }
+    }
+
+    void Prepare()
+    {
+        const Climate& weather = Input.Weather;
+        Input.Core = Build_Grid(Input.Scenario);
+        Input.Rotation = Build_Rotation(Input.Scenario, weather.Dates, weather.Last_Day, Found);
+        Input.Application_Block = ::Application_Block(Input.Pesticide, Input.Location_Code, Found);
+        Input.Applications = Plan_Applications(Input.Pesticide, Input.Application_Block, Input.Scenario, Input.Rotation, weather.Dates, weather.First_Day,
+                                               weather.Last_Day, Found);
+        Read_Haude_Factors();
+        Input.Solute = Build_Solute_Setup(Input.Pesticide, Input.Scenario, Input.Core, Input.Substances);
+        if (Found.Failed())
+            return;
+        for (const Solute_Fault& fault : Check_Solute_Setup(Input.Solute))
+            Found.Error(fault.Number, fault.Text);
+        Note_Compartments();
+    }
+
+    void Note_Compartments()
+    {
+        const Grid& core = Input.Core;
+        for (std::size_t i = 0; i < core.Thickness.size(); ++i) {
+            const std::string where = " IN HORIZON " + std::to_string(core.Horizon[i]);
+            if (Input.Scenario.SZE_Dispersion_Flag == 1 && core.Dispersion[i] < core.Thickness[i] / 10)
+                Found.Tell(Note::Dispersion_Small, "DISPERSION LENGTH BELOW A TENTH OF THE COMPARTMENT" + where);
+            if (core.Initial_Water[i] > core.Porosity[i] || core.Initial_Water[i] < 0.5 * core.Wilting_Point[i])
+                Found.Tell(Note::Value_Clamped, "SOIL WATER AT THE START CUT TO HALF THE WILTING POINT TO POROSITY" + where);
+        }
+    }
+
+    const File_Source& Source;
+    Findings& Found;
+    Engine_Input Input;
+};
+
+} // namespace
+
+Engine_Input Read_Input(const File_Source& source, Findings& findings)
+{
+    return Input_Reader(source, findings).Read();
+}

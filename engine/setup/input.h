@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/session.h"
+#include "engine/solute/applications.h"
+#include "engine/input/climate.h"
+#include "engine/input/crop.h"
+#include "engine/input/findings.h"
+#include "engine/water/grid.h"
+#include "engine/input/run_control.h"
+#include "engine/solute/solute.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The bytes of a file by the name that stands in orvel.inp, nothing where it cannot be read.
+using File_Source = std::function<std::optional<std::string>(std::string_view name)>;
+
+// All input of a run, checked.
+struct Engine_Input {
+    Run_Control Control;
+    Scenario_Document Scenario;
+    Pesticide_Document Pesticide;
+    Climate Weather;
+    Haude_Table Haude;
+    Grid Core;
+    std::vector<Crop_Period> Rotation;
+    std::vector<Planned_Application> Applications;
+    std::string Location_Code;
+    int Application_Block = 0;
+    std::vector<int> Substances; // indices in the run, ascending
+    Solute_Setup Solute;
+};
+
+// Reads everything that orvel.inp names. What is wrong is in the findings; then the input may be incomplete and must not be run.
+Engine_Input Read_Input(const File_Source& source, Findings& findings);
+
+// The checks of one document: every range that the engine relies on (errors 32 to 37 and 41 to 48).
+void Check_Scenario(const Scenario_Document& scenario, const Run_Control& control, Findings& findings);
+void Check_Pesticide(const Pesticide_Document& pesticide, const Scenario_Document& scenario, Findings& findings);
+
+// The kernel's setup from checked documents.
+Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scenario_Document& scenario, const Grid& grid, const std::vector<int>& substances);

@@ -1,0 +1,7 @@
+// Compiled with AVX2. Nothing here may instantiate a function that another source shares, or the linker could keep the one that old processors lack.
+#include "engine/solute/fate_lanes.h"
+#include "engine/solute/transport_lanes.h"
+
+extern const Solute_Kernel Avx2_Kernel_Table;
+constexpr Solute_Kernel Avx2_Kernel_Table = {"AVX2",      Invert_Lanes,   Transport_Lanes,    Decay_Factors_Lanes,
+                                             React_Lanes, Exchange_Lanes, Rate_Factors_Lanes, Powers_Lanes};

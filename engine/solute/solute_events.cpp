@@ -1,0 +1,145 @@
+#include "engine/solute/solute_state.h"
+
+#include "engine/solute/extraction.h"
+
+#include <algorithm>
+#include <numeric>
+
+// What happens to a column at once: tillage, harvest, the plants' day, losses by runoff, erosion and bypass, applications.
+
+void Solute_State::Till(double depth, Solute_Sums& sums)
+{
+    Drop_Plants(sums);
+    for (int k = 0; k < Layout.Slots; ++k) {
+        if (Ageing) {
+            // Age times mass is spread as mass is.
+            Aligned_Row product(Layout.N);
+            for (int i = 0; i < Layout.N; ++i)
+                product[i] = Age[Layout.At(i, k)] * M[Layout.At(i, k)];
+            Mix_Soil(product.data(), 1, Setup.Thickness, Setup.Density, depth);
+            Mix_Soil(M.data() + k, Layout.Lanes, Setup.Thickness, Setup.Density, depth);
+            for (int i = 0; i < Layout.N; ++i)
+                Age[Layout.At(i, k)] = M[Layout.At(i, k)] > 0 ? product[i] / M[Layout.At(i, k)] : 0;
+        } else {
+            Mix_Soil(M.data() + k, Layout.Lanes, Setup.Thickness, Setup.Density, depth);
+        }
+        Mix_Soil(W.data() + k, Layout.Lanes, Setup.Thickness, Setup.Density, depth);
+    }
+}
+
+void Solute_State::Drop_Plants(Solute_Sums& sums)
+{
+    const double mass = Leaf.Well + Leaf.Poor;
+    Leaf = {};
+    M[0] += mass;
+    sums.Flux[0] += mass;
+}
+
+// The mass arrives at the outlet when all compartments have given theirs.
+void Solute_State::Into_Bypass(int slot, int from, int outlet, double mass, Solute_Sums& sums)
+{
+    sums.Bypass[slot] += mass;
+    for (int i = from; i <= outlet; ++i)
+        sums.Flux[Layout.At(i, slot)] += mass;
+    for (int i = outlet + 1; i < from; ++i)
+        sums.Flux[Layout.At(i, slot)] -= mass;
+}
+
+void Solute_State::Act_On_Plants(const Solute_Day& day, Solute_Sums& sums)
+{
+    if (Leaf.Well <= 0 && Leaf.Poor <= 0)
+        return;
+    double washed = 0;
+    for (const bool poor : {false, true}) {
+        const Leaf_Losses losses = Step_Leaf(poor ? Leaf.Poor : Leaf.Well, Rates_Of_Leaf(Setup, day, poor));
+        washed += losses.Washed_Off;
+        sums.Plant_Decay[0] += losses.Decayed;
+        sums.Plant_Penetration[0] += losses.Penetrated;
+        sums.Plant_Volatilised[0] += losses.Volatilised;
+    }
+    const bool bypass = day.Bypass_Outlet >= 0 && day.Bypass > 0;
+    const double water = day.Runoff + (bypass ? day.Bypass : 0) + day.Flux[0];
+    const double run_off = water > 0 ? washed * day.Runoff / water : 0;
+    const double deep = water > 0 && bypass ? washed * day.Bypass / water : 0;
+    sums.Runoff[0] += run_off;
+    if (deep > 0) {
+        Into_Bypass(0, 0, day.Bypass_Outlet, deep, sums);
+        M[Layout.At(day.Bypass_Outlet, 0)] += deep;
+    }
+    const double rest = washed - run_off - deep;
+    M[0] += rest;
+    sums.Flux[0] += rest;
+    Seek(0, 1, 0);
+    if (deep > 0)
+        Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, 0);
+}
+
+// The ratio of concentration to mass is held while runoff, erosion and bypass take their shares one after another.
+void Solute_State::Extract(const Solute_Day& day, Solute_Sums& sums)
+{
+    const double runoff = Setup.Runoff_Depth > 0 ? day.Runoff : 0;
+    const double bypass = day.Bypass_Outlet >= 0 ? day.Bypass : 0;
+    if (runoff <= 0 && bypass <= 0 && day.Sediment <= 0)
+        return;
+    Aligned_Row arriving = Layout.One_Row(0);
+    int touched = 0;
+    for (; touched < Layout.N && (touched == 0 || Runoff_Weights[touched] > 0 || Bypass_Weights[touched] > 0); ++touched) {
+        for (int k = 0; k < Layout.Slots; ++k) {
+            const auto at = Layout.At(touched, k);
+            const double ratio = M[at] > 0 ? C[at] / M[at] : 0;
+            const auto lose = [&](double water) {
+                const double lost = Carried_Loss(M[at], water * Storage.Doc_Factor(k) * ratio * M[at]);
+                M[at] -= lost;
+                return lost;
+            };
+            sums.Runoff[k] += lose(Runoff_Weights[touched] * runoff);
+            if (touched == 0)
+                Erode(k, day.Sediment, ratio, sums);
+            const double lost = lose(Bypass_Weights[touched] * bypass);
+            arriving[k] += lost;
+            if (lost > 0)
+                Into_Bypass(k, touched + 1, day.Bypass_Outlet, lost, sums);
+        }
+    }
+    Seek(0, touched, 0);
+    if (bypass <= 0)
+        return;
+    for (int k = 0; k < Layout.Slots; ++k)
+        M[Layout.At(day.Bypass_Outlet, k)] += arriving[k];
+    Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, 0);
+}
+
+// Sediment (g/cm2) takes what is sorbed in the first compartment, at both kinds of sites.
+void Solute_State::Erode(int slot, double sediment, double ratio, Solute_Sums& sums)
+{
+    const double dz = Setup.Thickness[0], rho = Setup.Density[0];
+    const double sorbed = std::max(1 / dz - Column.Psi_Start[slot] * ratio, 0.0) / rho * M[slot]; // ug/g
+    const double fast = Carried_Loss(M[slot], sediment * sorbed);
+    const double slow = Carried_Loss(W[slot], sediment * W[slot] / (rho * dz));
+    M[slot] -= fast;
+    W[slot] -= slow;
+    sums.Sediment[slot] += fast + slow;
+}
+
+void Solute_State::Apply(const Solute_Application& application, double t, Solute_Sums& sums)
+{
+    const double on_plants = application.Mass * std::clamp(application.Plant_Share, 0.0, 1.0);
+    const double poor = on_plants * std::clamp(application.Poorly_Exposed, 0.0, 1.0);
+    Leaf.Well += on_plants - poor;
+    Leaf.Poor += poor;
+    sums.Plant_Applied[0] += on_plants;
+
+    const double to_soil = application.Mass - on_plants;
+    const double core = std::accumulate(Setup.Thickness.begin(), Setup.Thickness.end(), 0.0);
+    const double depth = application.Depth > 0 ? std::min(application.Depth, core) : std::min(1e-9, core);
+    double top = 0;
+    int touched = 0;
+    for (; touched < Layout.N && top < depth; ++touched) {
+        const double part = to_soil * std::min(depth - top, Setup.Thickness[touched]) / depth;
+        const auto at = Layout.At(touched, 0);
+        M[at] += part;
+        sums.Applied[at] += part;
+        top += Setup.Thickness[touched];
+    }
+    Seek(0, touched, t);
+}

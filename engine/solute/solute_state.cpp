@@ -1,0 +1,182 @@
+#include "engine/solute/solute_state.h"
+
+#include "engine/solute/extraction.h"
+#include "engine/math/flush_to_zero.h"
+#include "engine/solute/transport.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int Deepest_Halving = 12;
+constexpr double Days_In_Year = 365.25;
+
+double Time_Of(const Solute_Application& application)
+{
+    return application.Hour >= 0 && application.Hour <= 24 ? application.Hour / 24 : 0;
+}
+
+// 0, the hours of the applications, every hour if the day is hourly, 1.
+std::vector<double> Boundaries(const Solute_Day& day)
+{
+    std::vector<double> times{0, 1};
+    for (const auto& application : day.Applications)
+        times.push_back(Time_Of(application));
+    for (int hour = 1; day.Hourly && hour < 24; ++hour)
+        times.push_back(hour / 24.0);
+    std::sort(times.begin(), times.end());
+    times.erase(std::unique(times.begin(), times.end()), times.end());
+    return times;
+}
+
+} // namespace
+
+Solute_State::Solute_State(const Solute_Setup& setup, const Solute_Kernel& kernel)
+    : Setup(setup),
+      Kernel(kernel),
+      Layout(static_cast<int>(setup.Thickness.size()), static_cast<int>(setup.Substances.size())),
+      Storage(Setup, Layout),
+      Fate(Setup, Layout),
+      Runoff_Weights(Interaction_Weights(setup.Thickness, setup.Runoff_Depth)),
+      Bypass_Weights(Interaction_Weights(setup.Thickness, 1.0)),
+      M(Layout.Rows(0)),
+      W(Layout.Rows(0)),
+      C(Layout.Rows(0)),
+      G(Layout.Rows(1)),
+      Age(Layout.Rows(0)),
+      Day_In(Layout.Rows(0)),
+      Day_New(Layout.Rows(0)),
+      Sweep_C(Layout.Rows(0, 1)),
+      Sweep_D(Layout.Rows(0, 1)),
+      Step_Flux(Layout.Rows(0, 1)),
+      Step_M(Layout.Rows(0, 1))
+{
+    for (const auto& substance : setup.Substances)
+        Ageing = Ageing || substance.Annual_Increase > 0;
+    Column.N = Layout.N;
+    Column.Lanes = Layout.Lanes;
+    Column.M = M.data();
+    Column.W = W.data();
+    Column.C = C.data();
+    Column.G = G.data();
+    Column.Sweep_C = Sweep_C.data();
+    Column.Sweep_D = Sweep_D.data();
+    Column.Step_Flux = Step_Flux.data();
+    Column.Step_M = Step_M.data();
+    Storage.Show(Column);
+}
+
+void Solute_State::Step_Day(const Solute_Day& day, Solute_Sums& sums, const std::function<void(int hour)>& after_hour)
+{
+    const Flush_To_Zero no_denormals;
+    if (Ageing)
+        Note_Inflow(sums, -1);
+    if (day.Tillage_Depth > 0)
+        Till(day.Tillage_Depth, sums);
+    if (day.Harvest)
+        Drop_Plants(sums);
+    const bool moved = Storage.Prepare(Kernel, day, Age) || day.Tillage_Depth > 0;
+    Fate.Prepare(Kernel, day, Storage.Theta_Mean());
+    Column.Flux = day.Flux.data();
+    Seek(0, moved ? Layout.N : 1, 0);
+    Act_On_Plants(day, sums);
+    Extract(day, sums);
+
+    const std::vector<double> times = Boundaries(day);
+    for (std::size_t k = 0; k < times.size(); ++k) {
+        if (k > 0)
+            Run_Segment(times[k - 1], times[k], day, sums);
+        for (const auto& application : day.Applications) {
+            if (Time_Of(application) == times[k])
+                Apply(application, times[k], sums);
+        }
+        const double hour = std::round(times[k] * 24);
+        if (!day.Hourly || k == 0 || hour / 24 != times[k])
+            continue;
+        if (Ageing)
+            Note_Inflow(sums, 1);
+        if (after_hour)
+            after_hour(static_cast<int>(hour));
+        if (Ageing)
+            Note_Inflow(sums, -1);
+    }
+    if (Ageing) {
+        Note_Inflow(sums, 1);
+        Grow_Older();
+    }
+}
+
+void Solute_State::Seek(int first, int last, double t)
+{
+    Kernel.Invert(Column, first, last, t);
+    Now = t;
+}
+
+void Solute_State::Run_Segment(double start, double end, const Solute_Day& day, Solute_Sums& sums)
+{
+    const double length = end - start;
+    const int count = Sub_Step_Count(length, Layout.N, day.Flux.data(), Setup.Thickness.data(), day.Theta_Start.data(), day.Theta_End.data());
+    const double h = length / count;
+    // Symmetric about each sub-step: fate, slow sites, transport, slow sites, fate; half steps of fate that meet are one.
+    React(start, h / 2, sums);
+    for (int step = 1; step <= count; ++step) {
+        const double before = start + (step - 1) * h, after = start + step * h;
+        Exchange(before, h / 2);
+        for (int block = 0; block < Layout.Lanes / 4; ++block)
+            Transport(block, before, h, 0, sums);
+        Exchange(after, h / 2);
+        React(after, step < count ? h : h / 2, sums);
+    }
+    Steps += count;
+    Now = end;
+}
+
+void Solute_State::Transport(int block, double t, double h, int depth, Solute_Sums& sums)
+{
+    const Kernel_Moved moved{sums.Flux.data(), sums.Soil_Volatilised.data()};
+    if (Kernel.Transport(Column, block, t, h, depth < Deepest_Halving, moved))
+        return;
+    Transport(block, t, h / 2, depth + 1, sums);
+    Transport(block, t + h / 2, h / 2, depth + 1, sums);
+}
+
+void Solute_State::React(double t, double h, Solute_Sums& sums)
+{
+    const Kernel_Fate_Sums into{sums.Formed.data(), sums.Decay_Eq.data(), sums.Decay_Neq.data(), sums.Uptake.data(), &sums.Sink_Moles};
+    const int parts = Fate.Parts(h);
+    const Kernel_Fate& fate = Fate.Of_Step(Kernel, h / parts);
+    for (int part = 0; part < parts; ++part)
+        Kernel.React(Column, fate, t, h / parts, into);
+}
+
+void Solute_State::Exchange(double t, double h)
+{
+    if (Fate.Today().Two_Site)
+        Kernel.Exchange(Column, Fate.Today(), t, h);
+}
+
+void Solute_State::Note_Inflow(const Solute_Sums& sums, double sign)
+{
+    for (std::size_t at = 0; at < Day_In.size(); ++at) {
+        Day_In[at] += sign * sums.Flux[at];
+        Day_New[at] += sign * (sums.Applied[at] + sums.Formed[at]);
+    }
+}
+
+// Bottom to top, so that the age above is still that of the day before.
+void Solute_State::Grow_Older()
+{
+    for (int i = Layout.N - 1; i >= 0; --i) {
+        for (int k = 0; k < Layout.Slots; ++k) {
+            const auto at = Layout.At(i, k);
+            const double in = std::max(Day_In[at], 0.0), fresh = std::max(Day_New[at], 0.0);
+            const double above = i > 0 ? Age[Layout.At(i - 1, k)] : 0;
+            const double whole = std::max(M[at], in);
+            const double old = std::max(M[at] - in - fresh, 0.0);
+            Age[at] = whole > 0 ? (Age[at] * old + above * in) / whole + 1 / Days_In_Year : 0;
+        }
+    }
+    std::fill(Day_In.begin(), Day_In.end(), 0.0);
+    std::fill(Day_New.begin(), Day_New.end(), 0.0);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "engine/solute/day_fate.h"
+#include "engine/solute/day_storage.h"
+#include "engine/solute/plant_surface.h"
+
+// What a column keeps from day to day, and the steps of a day.
+struct Solute_State {
+    Solute_State(const Solute_Setup& setup, const Solute_Kernel& kernel);
+    Solute_State(const Solute_State&) = delete;
+    Solute_State& operator=(const Solute_State&) = delete;
+
+    void Step_Day(const Solute_Day& day, Solute_Sums& sums, const std::function<void(int hour)>& after_hour);
+
+    // Events at the start of the day
+    void Till(double depth, Solute_Sums& sums);
+    void Drop_Plants(Solute_Sums& sums); // what is on the plants goes to the first compartment
+    void Act_On_Plants(const Solute_Day& day, Solute_Sums& sums);
+    void Extract(const Solute_Day& day, Solute_Sums& sums);
+    void Erode(int slot, double sediment, double ratio, Solute_Sums& sums);
+    void Into_Bypass(int slot, int from, int outlet, double mass, Solute_Sums& sums); // interface `from` lies below the source
+
+    // The day itself
+    void Run_Segment(double start, double end, const Solute_Day& day, Solute_Sums& sums);
+    void Transport(int block, double t, double h, int depth, Solute_Sums& sums);
+    void React(double t, double h, Solute_Sums& sums);
+    void Exchange(double t, double h);
+    void Apply(const Solute_Application& application, double t, Solute_Sums& sums);
+    void Seek(int first, int last, double t); // concentrations of compartments whose mass was changed
+
+    // Residence time
+    void Note_Inflow(const Solute_Sums& sums, double sign);
+    void Grow_Older();
+
+    Solute_Setup Setup;
+    const Solute_Kernel& Kernel;
+    Solute_Layout Layout;
+    Day_Storage Storage;
+    Day_Fate Fate;
+    std::vector<double> Runoff_Weights, Bypass_Weights;
+
+    Aligned_Row M, W, C, G;
+    Aligned_Row Age; // mean residence time, years
+    Leaf_Pools Leaf;
+    double Now = 0; // time of the day that C belongs to
+    long long Steps = 0;
+
+    bool Ageing = false;
+    Aligned_Row Day_In, Day_New; // of the day: through the upper interface; applied and formed
+    Aligned_Row Sweep_C, Sweep_D, Step_Flux, Step_M;
+    Kernel_Column Column; // a view on all that
+};

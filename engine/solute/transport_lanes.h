@@ -1,0 +1,129 @@
+#pragma once
+
+#include "engine/solute/sorption_lanes.h"
+
+#include <cfloat>
+
+// One sub-step of transport: limited advection from the state at its start, implicit dispersion, conservative update.
+// Included only by the sources of the kernels.
+
+namespace {
+
+// Concentration at the lower interface of a compartment: the limiter of van Leer in the form of Sweby (1984), with courant the share of
+// the compartment's capacity that flows out.
+LANES_INLINE V4 Face_Concentration(V4 before, V4 here, V4 next, double weight, V4 courant)
+{
+    const V4 a = here - before, c = next - here;
+    const V4 product = a * c;
+    const V4_Bits monotone = product > 0.0;
+    const V4 sum = monotone ? a + c : All(1.0);
+    const V4 limited = monotone ? 2.0 * product / sum : All(0.0);
+    return here + weight * (1.0 - Min(courant, All(1.0))) * limited;
+}
+
+// Advection and the forward sweep of the tridiagonal solution. Step_Flux holds the advective part afterwards.
+LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 psi_share)
+{
+    const int lanes = column.Lanes, n = column.N;
+    const V4 doc = Load(column.Doc + b);
+    V4 before = Load(column.Inflow + b), here = Load(column.C + b);
+    V4 in = h * column.Flux[0] * doc * before;
+    V4 above = All(0.0), up_c = All(0.0), up_d = All(0.0);
+    V4 escape = h * Load(column.Escape + b);
+    Store(column.Step_Flux + b, in);
+    for (int i = 0; i < n; ++i) {
+        const int at = i * lanes + b;
+        const V4 next = i + 1 < n ? Load(column.C + at + lanes) : here;
+        const V4 capacity = Load(column.G + at);
+        V4 out = All(0.0);
+        if (column.Flux[i + 1] > 0) {
+            const V4 water = h * column.Flux[i + 1] * doc;
+            const V4 face = Face_Concentration(before, here, next, column.Upwind_Weight[i], water / capacity);
+            out = Min(water * face, Load(column.M + at));
+        }
+        const V4 right = Max(capacity * here + in - out, All(0.0));
+        const V4 psi_change = (Load(column.Psi_End + at) - Load(column.Psi_Start + at)) * psi_share;
+        const V4 below = h * Load(column.Conductance + at + lanes);
+        const V4 diagonal = capacity + column.Thickness[i] * psi_change + above + below + escape;
+        const V4 pivot = 1.0 / (diagonal - above * up_c);
+        up_d = (right + above * up_d) * pivot;
+        up_c = below * pivot;
+        Store(column.Sweep_C + at, up_c);
+        Store(column.Sweep_D + at, up_d);
+        Store(column.Step_Flux + at + lanes, out);
+        before = here;
+        here = next;
+        in = out;
+        above = below;
+        escape = All(0.0);
+    }
+}
+
+struct Extremes {
+    V4 Least, Most;
+};
+
+// Back substitution, bottom to top: Sweep_D becomes the solution, Step_Flux the whole flux, Step_M the new mass.
+LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, V4& volatilised)
+{
+    const int lanes = column.Lanes;
+    Extremes found{All(0.0), All(0.0)};
+    int at = (column.N - 1) * lanes + b;
+    V4 x = Load(column.Sweep_D + at);
+    V4 out = Load(column.Step_Flux + at + lanes);
+    for (; at >= lanes; at -= lanes) {
+        const V4 x_above = Load(column.Sweep_D + at - lanes) + Load(column.Sweep_C + at - lanes) * x;
+        Store(column.Sweep_D + at - lanes, x_above);
+        const V4 in = Load(column.Step_Flux + at) + h * Load(column.Conductance + at) * (x_above - x);
+        Store(column.Step_Flux + at, in);
+        const V4 mass = Load(column.M + at) + (in - out);
+        Store(column.Step_M + at, mass);
+        found.Least = Min(found.Least, mass);
+        found.Most = Max(found.Most, mass);
+        x = x_above;
+        out = in;
+    }
+    volatilised = h * Load(column.Escape + b) * x;
+    const V4 mass = Load(column.M + b) + (Load(column.Step_Flux + b) - out - volatilised);
+    Store(column.Step_M + b, mass);
+    return {Min(found.Least, mass), Max(found.Most, mass)};
+}
+
+// What rounding left below nothing is taken out of the flux to the compartment below, so that mass stays positive and none is made.
+LANES_INLINE void Lift_To_Zero(const Kernel_Column& column, int b)
+{
+    V4 debt = All(0.0);
+    for (int i = 0; i < column.N; ++i) {
+        const int at = i * column.Lanes + b;
+        const V4 mass = Load(column.Step_M + at) + debt;
+        debt = Min(mass, All(0.0));
+        Store(column.Step_M + at, Max(mass, All(0.0)));
+        Store(column.Step_Flux + at + column.Lanes, Load(column.Step_Flux + at + column.Lanes) + debt);
+    }
+}
+
+bool Transport_Lanes(const Kernel_Column& column, int block, double t, double h, bool may_refuse, const Kernel_Moved& moved)
+{
+    const int b = 4 * block, lanes = column.Lanes;
+    V4 volatilised;
+    Sweep_Down(column, b, h, All(h));
+    const Extremes found = Sweep_Up(column, b, h, volatilised);
+    if (may_refuse && Any(found.Least < -1e-12 * found.Most))
+        return false;
+    if (Any(found.Least < 0.0))
+        Lift_To_Zero(column, b);
+
+    for (int i = 0; i < column.N; ++i) {
+        const int at = i * lanes + b;
+        Store(moved.Flux + at, Load(moved.Flux + at) + Load(column.Step_Flux + at));
+        const V4 mass = Load(column.Step_M + at);
+        Store(column.M + at, mass);
+        Invert_At(column, at, column.Thickness[i], mass, Load(column.Sweep_D + at), t + h);
+    }
+    const int last = column.N * lanes + b;
+    Store(moved.Flux + last, Load(moved.Flux + last) + Load(column.Step_Flux + last));
+    Store(moved.Volatilised + b, Load(moved.Volatilised + b) + volatilised);
+    return true;
+}
+
+} // namespace

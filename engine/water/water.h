@@ -1,0 +1,61 @@
+#pragma once
+
+#include "engine/input/climate.h"
+#include "engine/input/crop.h"
+#include "engine/water/grid.h"
+
+#include <vector>
+
+// The day's water balance, cm.
+struct Water_Day {
+    double Rain = 0, Snowfall = 0, Melt = 0, Irrigation = 0;
+    double Canopy_Loss = 0, Throughfall = 0, Runoff = 0, Bypass = 0;
+    int Bypass_Outlet = -1;
+    double Soil_Loss = 0; // t from the field
+    double Sediment = 0;  // soil loss x enrichment, g/cm2
+    double Potential = 0; // potential evapotranspiration
+    std::vector<double> Theta_Start, Theta_End;
+    std::vector<double> Flux; // by interface, without bypass
+    std::vector<double> Evaporation, Transpiration;
+    double Closure = 0; // supply - losses - change of storage
+
+    double Percolate(int interface) const; // with bypass above its outlet
+    double Evapotranspiration() const;     // canopy, soil and plants
+};
+
+// The water of the column and what lies on it.
+class Water_Column {
+public:
+    Water_Column(const Scenario_Document& scenario, const Grid& grid, const Haude_Table& haude);
+
+    // One day; `soil_temperature` is that of the evening before. The result stays until the next call.
+    const Water_Day& Step_Day(const Climate_Day& climate, int day_of_year, const Crop_State& crop, const std::vector<double>& soil_temperature);
+
+    const Water_Day& Today() const { return Day; }
+    const std::vector<double>& Theta() const { return Moisture; }
+    double Snow() const { return Snow_Store; }
+    double Canopy() const { return Canopy_Store; }
+    double Storage() const; // soil, canopy and snow, cm
+
+private:
+    double Potential(const Climate_Day& climate, int day_of_year, const Crop_State& crop) const;
+    double Irrigation(const Crop_State& crop) const;
+    double Runoff(double supply, const Crop_State& crop, bool frozen) const;
+    void Erode(const Crop_State& crop);
+
+    const Scenario_Document* Scenario;
+    const Grid* Core;
+    const Haude_Table* Haude;
+    bool Restricted = false, With_Runoff = false, With_Bypass = false;
+    int Outlet = -1, Frost_Node = 0;
+    double Evaporation_Depth = 10;
+    std::vector<double> Evaporation_Shares, Root_Shares;
+    double Root_Shares_Depth = -1;
+    std::vector<double> Moisture;
+    double Snow_Store = 0, Canopy_Store = 0;
+    Water_Day Day;
+};
+
+// Whether runoff is calculated, and the depth that it extracts substance from (cm, 0 without runoff).
+bool Runoff_Is_On(const Scenario_Document& scenario);
+double Runoff_Depth_Of(const Scenario_Document& scenario);

@@ -1,0 +1,33 @@
+#include "core/locations.h"
+
+#include "core/text.h"
+
+std::string Location_Name(std::string_view code)
+{
+    for (const auto& location : Locations) {
+        if (location.Code == code)
+            return std::string(location.Name);
+    }
+    return {};
+}
+
+std::string Bracket_Text(std::string_view text)
+{
+    const auto open = text.find('(');
+    if (open == std::string_view::npos)
+        return {};
+    const auto close = text.find(')', open);
+    if (close == std::string_view::npos)
+        return {};
+    return std::string(text.substr(open + 1, close - open - 1));
+}
+
+std::string Name_Encode(std::string_view text)
+{
+    return Replace_All(Replace_All(std::string(text), " ", "_-_"), ",", "--");
+}
+
+std::string Name_Decode(std::string_view text)
+{
+    return Replace_All(Replace_All(std::string(text), "_-_", " "), "--", ",");
+}

@@ -1,0 +1,108 @@
+#include "core/system/spawn.h"
+
+#include "core/error.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <spawn.h>
+#include <string_view>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class File_Actions {
+public:
+    File_Actions() { ::posix_spawn_file_actions_init(&Actions); }
+    File_Actions(const File_Actions&) = delete;
+    File_Actions& operator=(const File_Actions&) = delete;
+    ~File_Actions() { ::posix_spawn_file_actions_destroy(&Actions); }
+    posix_spawn_file_actions_t* Get() { return &Actions; }
+
+private:
+    posix_spawn_file_actions_t Actions{};
+};
+
+class Attributes {
+public:
+    Attributes() { ::posix_spawnattr_init(&Value); }
+    Attributes(const Attributes&) = delete;
+    Attributes& operator=(const Attributes&) = delete;
+    ~Attributes() { ::posix_spawnattr_destroy(&Value); }
+    posix_spawnattr_t* Get() { return &Value; }
+
+private:
+    posix_spawnattr_t Value{};
+};
+
+void Set_Descriptors(const Program_Start& start, posix_spawn_file_actions_t* actions)
+{
+    constexpr mode_t New_File = 0666;
+    ::posix_spawn_file_actions_addopen(actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    if (start.Output.empty())
+        ::posix_spawn_file_actions_addopen(actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    else
+        ::posix_spawn_file_actions_addopen(actions, STDOUT_FILENO, start.Output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND, New_File);
+    ::posix_spawn_file_actions_adddup2(actions, STDOUT_FILENO, STDERR_FILENO);
+    if (start.Kept_Descriptor >= 0)
+        ::posix_spawn_file_actions_adddup2(actions, start.Kept_Descriptor, Kept_As);
+    ::posix_spawn_file_actions_addclosefrom_np(actions, start.Kept_Descriptor >= 0 ? Kept_As + 1 : Kept_As);
+}
+
+void Set_Signals(bool own_session, posix_spawnattr_t* attributes)
+{
+    sigset_t none, all;
+    ::sigemptyset(&none);
+    ::sigfillset(&all);
+    ::posix_spawnattr_setsigmask(attributes, &none);
+    ::posix_spawnattr_setsigdefault(attributes, &all);
+    const int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | (own_session ? POSIX_SPAWN_SETSID : 0);
+    ::posix_spawnattr_setflags(attributes, static_cast<short>(flags));
+}
+
+} // namespace
+
+int Start_Program(const Program_Start& start)
+{
+    File_Actions actions;
+    ::posix_spawn_file_actions_addchdir_np(actions.Get(), start.Directory.c_str());
+    Set_Descriptors(start, actions.Get());
+    Attributes attributes;
+    Set_Signals(start.Own_Session, attributes.Get());
+
+    std::string name = start.Program.filename().string();
+    std::vector<std::string> arguments = start.Arguments;
+    std::vector<char*> pointers{name.data()};
+    for (auto& argument : arguments)
+        pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+
+    pid_t process = 0;
+    const int error = ::posix_spawn(&process, start.Program.c_str(), actions.Get(), attributes.Get(), pointers.data(), environ);
+    if (error != 0)
+        throw File_Error("Cannot start " + start.Program.string() + ": " + std::strerror(error) + ".");
+    return process;
+}
+
+fs::path Program_Beside(const std::string& name)
+{
+    std::error_code ignored;
+    return fs::read_symlink("/proc/self/exe", ignored).parent_path() / name;
+}
+
+fs::path Program_In_Path(const std::string& name)
+{
+    const char* const variable = std::getenv("PATH");
+    std::string_view rest = variable == nullptr ? "" : variable;
+    while (!rest.empty()) {
+        const auto end = rest.find(':');
+        const fs::path candidate = fs::path(rest.substr(0, end)) / name;
+        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+        if (candidate.is_absolute() && ::access(candidate.c_str(), X_OK) == 0)
+            return candidate;
+    }
+    return {};
+}

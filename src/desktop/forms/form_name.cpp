@@ -1,0 +1,31 @@
+#include "desktop/forms/form_name.h"
+
+#include "ui/forms/widgets.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
+{
+    setObjectName("Form_name");
+    setWindowTitle("ORVELSUITE");
+    const auto& program = session.Program;
+    auto* rows = new QFormLayout;
+    const auto add = [&](const QString& caption, const QString& text) {
+        auto* label = new QLabel(text);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+        rows->addRow(caption, label);
+    };
+    add("Program:", Shown(program.Aktuelle_ORVELSUITE_Version));
+    add("Engine:", Shown(program.Aktuelle_ORVEL_Version));
+    add("Engine file:", program.Engine_Exe.empty() ? "none found" : QString::fromStdString(program.Engine_Exe));
+    add("Installation:", QString::fromStdString(program.App_Path.string()));
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(rows);
+    all->addWidget(buttons);
+}

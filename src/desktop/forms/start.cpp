@@ -1,0 +1,255 @@
+#include "desktop/forms/start.h"
+
+#include "desktop/forms/form_name.h"
+#include "ui/forms/help_assistant.h"
+#include "desktop/forms/versionsinfo.h"
+#include "ui/forms/widgets.h"
+#include "jobs/forms/focus.h"
+#include "jobs/forms/form_end.h"
+#include "runs/start_up.h"
+#include "documents/forms/form_psm_open.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+
+namespace {
+
+constexpr QSize Picture_Size(144, 108);
+
+QToolButton* Picture_Button(const QString& name, const QString& picture, const QString& text, const QString& tip)
+{
+    auto* button = Named(new QToolButton, name);
+    button->setIcon(QIcon(":/pictures/" + picture));
+    button->setIconSize(Picture_Size);
+    button->setText(text);
+    button->setToolTip(tip);
+    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    button->setCursor(Qt::PointingHandCursor);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    return button;
+}
+
+QFont Scaled(QFont font, double factor, bool bold)
+{
+    font.setPointSizeF(font.pointSizeF() * factor);
+    font.setBold(bold);
+    return font;
+}
+
+} // namespace
+
+Start::Start(Session& session) : Shared(session)
+{
+    setObjectName("start");
+    setWindowTitle(Shown(session.Program.Aktuelle_ORVEL_Version));
+    setWindowIcon(QIcon(":/pictures/orvelsuite.svg"));
+    Assistant = new Help_Assistant(Shared, *this);
+    Lay_Out();
+    Assistant->Attach(Image1, 1);
+    Assistant->Attach(Image2, 2);
+    connect(&Update, &Update_Fetch::Judged, this, [this](const Message& message) { Shared.Ask(message); });
+}
+
+void Start::Lay_Out()
+{
+    Nachricht = Named(new QGroupBox("Message"), "Nachricht");
+    auto* label = Named(new QLabel("Please wait! File attributes have to be set."), "Label3");
+    auto* message = new QHBoxLayout(Nachricht);
+    message->addWidget(label);
+    Nachricht->hide();
+
+    auto* all = new QVBoxLayout(this);
+    all->setSpacing(all->spacing() * 2);
+    all->addLayout(Banner());
+    all->addLayout(Pictures(), 1);
+    all->addLayout(Documents());
+    all->addWidget(Nachricht);
+    all->addLayout(Foot());
+}
+
+QLayout* Start::Banner()
+{
+    auto* sign = new QLabel;
+    sign->setPixmap(QIcon(":/pictures/orvelsuite.svg").pixmap(QSize(48, 48)));
+    auto* name = Named(new QLabel("ORVELSUITE"), "Label1");
+    name->setFont(Scaled(font(), 2.0, true));
+    auto* purpose = new QLabel("Leaching of plant protection products and their metabolites through soil");
+    purpose->setForegroundRole(QPalette::PlaceholderText);
+
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(0);
+    texts->addWidget(name);
+    texts->addWidget(purpose);
+    auto* banner = new QHBoxLayout;
+    banner->addWidget(sign);
+    banner->addLayout(texts, 1);
+    banner->addWidget(Assistant->Switch(), 0, Qt::AlignTop);
+    return banner;
+}
+
+QLayout* Start::Pictures()
+{
+    Image1 = Picture_Button("Image1", "single_run.svg", "&Single run", "One simulation with files of your choice");
+    Image2 = Picture_Button("Image2", "focus.svg", "&FOCUS groundwater", "Batches over the nine FOCUS groundwater locations and their crops");
+    Image3 = Picture_Button("Image3", "efsa.svg", "&EFSA soil, Tier 2", "Batches over the EFSA soil scenarios of Tier 2");
+    Image4 = Picture_Button("Image4", "efsa_t4.svg", "EFSA soil, Tier &4", "Batches over the EFSA soil scenarios of Tier 4");
+    connect(Image1, &QToolButton::clicked, this, &Start::Open_Single_Run);
+    connect(Image2, &QToolButton::clicked, this, &Start::Open_FOCUS);
+    connect(Image3, &QToolButton::clicked, this, &Start::Open_EFSA);
+    connect(Image4, &QToolButton::clicked, this, &Start::Open_EFSA_T4);
+
+    auto* pictures = new QHBoxLayout;
+    for (auto* picture : {Image1, Image2, Image3, Image4})
+        pictures->addWidget(picture);
+    return pictures;
+}
+
+QLayout* Start::Documents()
+{
+    Command1 = Named(new QPushButton("Create / Modify  &Pesticide file"), "Command1");
+    Command2 = Named(new QPushButton("Create / Modify S&cenario File"), "Command2");
+    Command6 = Named(new QPushButton("Create / Modify C&limate File"), "Command6");
+    connect(Command1, &QPushButton::clicked, this, &Start::Open_Pesticide);
+    connect(Command2, &QPushButton::clicked, this, &Start::Open_Scenario);
+    connect(Command6, &QPushButton::clicked, this, &Start::Open_Climate);
+
+    auto* documents = new QHBoxLayout;
+    for (auto* command : {Command1, Command2, Command6})
+        documents->addWidget(command, 1);
+    return documents;
+}
+
+QLabel* Start::Version_Label(const QString& name, const std::string& caption)
+{
+    auto* label = Named(new QLabel(Shown(caption)), name);
+    label->setToolTip("Double click for details");
+    label->installEventFilter(this);
+    return label;
+}
+
+QLayout* Start::Foot()
+{
+    auto* version = Named(new QGroupBox("Version"), "Frame1");
+    Aktuelle_ORVEL_Version = Version_Label("Aktuelle_ORVEL_Version", Shared.Program.Aktuelle_ORVEL_Version);
+    Aktuelle_ORVELSUITE_Version = Version_Label("Aktuelle_ORVELSUITE_Version", Shared.Program.Aktuelle_ORVELSUITE_Version);
+    auto* labels = new QHBoxLayout(version);
+    labels->addWidget(Aktuelle_ORVEL_Version);
+    labels->addSpacing(fontMetrics().averageCharWidth() * 4);
+    labels->addWidget(Aktuelle_ORVELSUITE_Version);
+
+    Command3 = Named(new QPushButton("&Release notes"), "Command3");
+    Command4 = Named(new QPushButton("E&xit"), "Command4");
+    connect(Command3, &QPushButton::clicked, this, &Start::Release_Notes);
+    connect(Command4, &QPushButton::clicked, this, &Start::close);
+
+    auto* update = Named(new QPushButton("Check for &update"), "Suche_nach_Update");
+    connect(update, &QPushButton::clicked, this, [this] { Update.Start(Update_Address()); });
+
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(version);
+    foot->addStretch(1);
+    foot->addWidget(update, 0, Qt::AlignBottom);
+    foot->addWidget(Command3, 0, Qt::AlignBottom);
+    foot->addWidget(Command4, 0, Qt::AlignBottom);
+    return foot;
+}
+
+void Start::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    QTimer::singleShot(0, this, &Start::Activate); // behind the first paint
+}
+
+void Start::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        QTimer::singleShot(0, this, &Start::Activate);
+}
+
+// Makes the shipped scenario and climate files read-only; a file itself tells whether that was done.
+void Start::Activate()
+{
+    if (Protected_In_Vain || Files_Protected(Shared))
+        return;
+    const Hourglass waiting;
+    const QSize before = size();
+    Nachricht->show();
+    Protected_In_Vain = !Protect_Files(Shared, [](int, int) { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }) || !Files_Protected(Shared);
+    Nachricht->hide();
+    layout()->activate();
+    resize(before);
+}
+
+void Start::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    QApplication::quit();
+}
+
+bool Start::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        Form_name(Shared, this).exec();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void Start::Open_Documents(const std::string& mask, const QString& caption, const std::filesystem::path& directory)
+{
+    Shared.Program.File_Mask = mask;
+    Form_PSM_Open open(Shared, directory, this);
+    open.setWindowTitle(caption);
+    open.exec();
+}
+
+void Start::Open_Pesticide()
+{
+    Open_Documents("*.psm", "Open PSM file", Shared.Program.App_Path);
+}
+
+void Start::Open_Scenario()
+{
+    Open_Documents("*.sze", "Open Scenario File", Shared.Program.App_Path / "focus");
+}
+
+void Start::Open_Climate()
+{
+    Open_Documents("*.cli", "Open Climate File", Shared.Program.App_Path / "focus");
+}
+
+void Start::Open_Single_Run()
+{
+    form_end(Shared, this).exec();
+}
+
+void Start::Open_FOCUS()
+{
+    FOCUS(Shared, Mode_Of(Mode_Kind::Focus), this).exec();
+}
+
+void Start::Open_EFSA()
+{
+    if (Mode_Available(Shared, Mode_Of(Mode_Kind::Efsa)))
+        FOCUS(Shared, Mode_Of(Mode_Kind::Efsa), this).exec();
+}
+
+void Start::Open_EFSA_T4()
+{
+    if (Mode_Available(Shared, Mode_Of(Mode_Kind::Efsa_T4)))
+        FOCUS(Shared, Mode_Of(Mode_Kind::Efsa_T4), this).exec();
+}
+
+void Start::Release_Notes()
+{
+    Versionsinfo(Shared, this).exec();
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "desktop/forms/update_fetch.h"
+#include "core/session.h"
+
+#include <QWidget>
+
+class Help_Assistant;
+class QGroupBox;
+class QLabel;
+class QLayout;
+class QPushButton;
+class QToolButton;
+
+// The main window: the three kinds of document and the four kinds of run. Closing it ends the program.
+class Start : public QWidget {
+    Q_OBJECT
+
+public:
+    // The session has been started up (Start_Up) before.
+    explicit Start(Session& session);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Lay_Out();
+    QLayout* Banner();
+    QLayout* Pictures();
+    QLayout* Documents();
+    QLayout* Foot();
+    QLabel* Version_Label(const QString& name, const std::string& caption);
+    void Activate();
+    void Open_Pesticide();
+    void Open_Scenario();
+    void Open_Climate();
+    void Open_Single_Run();
+    void Open_FOCUS();
+    void Open_EFSA();
+    void Open_EFSA_T4();
+    void Release_Notes();
+    void Open_Documents(const std::string& mask, const QString& caption, const std::filesystem::path& directory);
+
+    Session& Shared;
+    Help_Assistant* Assistant = nullptr;
+    Update_Fetch Update;
+    QToolButton *Image1 = nullptr, *Image2 = nullptr, *Image3 = nullptr, *Image4 = nullptr;
+    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command6 = nullptr, *Command3 = nullptr, *Command4 = nullptr;
+    QLabel *Aktuelle_ORVEL_Version = nullptr, *Aktuelle_ORVELSUITE_Version = nullptr;
+    QGroupBox* Nachricht = nullptr;
+    bool Protected_In_Vain = false; // once is enough: the user knows
+};

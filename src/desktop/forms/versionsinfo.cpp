@@ -1,0 +1,45 @@
+#include "desktop/forms/versionsinfo.h"
+
+#include "ui/forms/text_output.h"
+#include "ui/forms/widgets.h"
+#include "desktop/release_notes.h"
+
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+Versionsinfo::Versionsinfo(const Session& session, QWidget* parent) : QDialog(parent)
+{
+    setObjectName("Versionsinfo");
+    setWindowTitle("Release info");
+    auto* picture = Named(new QLabel, "Image2");
+    picture->setPixmap(QIcon(":/pictures/orvelsuite.svg").pixmap(QSize(48, 48)));
+    auto* name = Named(new QLabel("ORVEL"), "Label1");
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    large.setBold(true);
+    name->setFont(large);
+    auto* titles = new QVBoxLayout;
+    titles->addWidget(name);
+    titles->addWidget(Named(new QLabel("Pestcidie Leaching Model"), "Label2"));
+    auto* head = new QHBoxLayout;
+    head->addWidget(picture);
+    head->addLayout(titles, 1);
+    head->addWidget(Named(new QLabel(Shown(session.Program.Aktuelle_ORVELSUITE_Version)), "Versionsangabe"));
+
+    auto* notes = Named(new QPlainTextEdit(Shown(Release_Notes())), "Text1");
+    notes->setAccessibleName("Release notes");
+    notes->setReadOnly(true);
+    notes->setMinimumSize(fontMetrics().averageCharWidth() * 90, fontMetrics().lineSpacing() * 14);
+
+    auto* buttons = new QDialogButtonBox;
+    auto* done = Named(buttons->addButton("&Done", QDialogButtonBox::AcceptRole), "Command1");
+    connect(done, &QPushButton::clicked, this, &QDialog::accept);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(head);
+    all->addWidget(notes, 1);
+    all->addWidget(buttons);
+}

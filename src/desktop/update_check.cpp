@@ -1,0 +1,45 @@
+#include "desktop/update_check.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+
+namespace {
+
+constexpr std::size_t Name_Before_Extension = 26; // characters of the package's file name before ".zip"
+constexpr std::size_t Date_Width = 8;
+constexpr std::string_view Unofficial_Title = "ORVELSUITE";
+
+std::string Joined_Lines(std::string_view page)
+{
+    std::string text;
+    for (const auto line : Split_Lines(page))
+        text += line;
+    return text;
+}
+
+} // namespace
+
+Message Connection_Problem()
+{
+    return {"Connection problem!", "Connection to the internet not successfull!\r\n"};
+}
+
+Message No_Update_Address()
+{
+    return {"Connection problem!", "This build has no address to look for updates."};
+}
+
+Message Judge_Update_Page(std::string_view page)
+{
+    const std::string text = Joined_Lines(page);
+    const auto extension = text.find(".zip");
+    if (extension == std::string::npos || extension < Name_Before_Extension)
+        return Connection_Problem();
+    const double offered = Val(std::string_view(text).substr(extension - Date_Width, Date_Width));
+    const double own = Val(Release_Date);
+    if (offered > own)
+        return {"Update available!", "There is a new version of the software available.\r\n", Icon::Information};
+    if (offered < own)
+        return {std::string(Unofficial_Title), "You are using an unofficial version of the software.\r\n", Icon::Information};
+    return {std::string(Unofficial_Title), "You have the latest version of the software.", Icon::Information};
+}

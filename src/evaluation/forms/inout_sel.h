@@ -1,0 +1,53 @@
+#pragma once
+
+#include "core/session.h"
+#include "evaluation/utility_table.h"
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <QDialog>
+#include <QTimer>
+
+class QComboBox;
+class QLabel;
+class QLayout;
+class QListWidget;
+class QPushButton;
+class Series_Choice;
+
+// The input and output files of any directory, and the tables and diagrams of a single run there.
+class inout_sel : public QDialog {
+    Q_OBJECT
+
+public:
+    inout_sel(Session& session, QWidget* parent = nullptr);
+
+private:
+    void Lay_Out();
+    QLayout* Directory_Lists();
+    QLayout* File_Lists();
+    QLayout* Buttons();
+    QListWidget* List(const QString& name, const QString& purpose);
+
+    void Go_To(const std::filesystem::path& directory);
+    void Step_Into();
+    void List_Files_Of_Directory();
+    void Show_Chosen(const QListWidget& list);
+    void Show_Utility_Table(Utility utility);
+    void Tick();
+    void Echo_Click();
+    void Grafik_Click();
+
+    Session& Shared;
+    std::filesystem::path Directory;
+    std::optional<int> Utility_At_Work;  // its process
+    std::filesystem::path Utility_Place; // where it works: the user may have gone elsewhere
+    QComboBox* Laufwerk = nullptr;
+    QLabel *Pfad = nullptr, *Nachricht = nullptr;
+    QListWidget* Verzeichnisliste = nullptr;
+    std::array<QListWidget*, 4> Files{}; // File_psm, File_sze, File_cli, File_orv
+    Series_Choice* Series = nullptr;
+    QPushButton *S_Jaehrlich = nullptr, *S_Monatlich = nullptr, *S_Taeglich = nullptr, *s_Echo = nullptr, *Grafik = nullptr;
+    QTimer Timer1;
+};

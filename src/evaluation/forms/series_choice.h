@@ -1,0 +1,39 @@
+#pragma once
+
+#include "tables/forms/taegliches_diagramm_neu.h"
+#include "output/parameter_list.h"
+#include "evaluation/period_choice.h"
+
+#include <array>
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+
+// The choice of a series for the daily diagram: one of the run's series, a period of months, as a rate or cumulated.
+class Series_Choice : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Series_Choice(QWidget* parent = nullptr);
+
+    // Fills the lists for a run directory; the whole simulation is chosen. Without a plot.orv there is no period to choose from.
+    void Show_Run(const std::filesystem::path& run_directory);
+    void Clear();
+
+    Daily_Choice Choice(const std::filesystem::path& run_directory, bool single_run) const;
+
+private:
+    QGroupBox* Series_Box();
+    QGroupBox* Period_Box();
+    Period Chosen_Period() const;
+    void Show_Period(const Period& period);
+    void Show_Items(std::vector<Parameter_Item> items);
+
+    std::vector<Parameter_Item> Items;
+    int Years = 0;
+    QComboBox* Parameter = nullptr;
+    QCheckBox* Cumulative = nullptr;
+    std::array<QComboBox*, 4> Zeitintervall{}; // months of begin and end, years of begin and end
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "jobs/job_status.h"
+
+#include <array>
+#include <QAbstractTableModel>
+#include <QIcon>
+#include <vector>
+
+// The list of simulations as a table; a row is marked while it is selected.
+class Simulation_Model : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column { Marker, Pesticide, Crop, Location, Date, Status, Result, Columns };
+
+    explicit Simulation_Model(QObject* parent = nullptr);
+
+    // Takes a new list. True: its rows are others than before, so that a selection is lost.
+    bool Show(std::vector<Simulation> simulations);
+    void Mark(const std::vector<int>& rows); // and no others
+    const std::vector<Simulation>& Simulations() const { return Rows; }
+
+    QString Longest_Text(int column) const; // of the heading and all rows
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    QString Text(const Simulation& simulation, int column) const;
+    bool Same_Runs(const std::vector<Simulation>& simulations) const;
+
+    std::vector<Simulation> Rows;
+    std::vector<bool> Marked;
+    std::array<QIcon, 2> Markers;    // Nicht_Markiert, Markiert
+    std::array<QIcon, 3> Status_Dot; // by Run_Status: rot, gelb, gruen
+};

@@ -1,0 +1,192 @@
+#include "evaluation/forms/simulationsliste.h"
+
+#include "core/files.h"
+#include "ui/forms/help_assistant.h"
+#include "ui/forms/widgets.h"
+#include "jobs/run_again.h"
+#include "jobs/simulations.h"
+
+#include <algorithm>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QScreen>
+#include <QStyle>
+#include <QTableView>
+
+namespace {
+
+constexpr int Refresh_Interval = 2000; // ms
+constexpr int Columns_Shown = 110;     // at least
+constexpr int Lines_Shown = 24;
+
+} // namespace
+
+Simulationsliste::Simulationsliste(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), Shared(session), The_Mode(mode)
+{
+    setObjectName("Simulationsliste");
+    setWindowTitle(mode.Kind == Mode_Kind::Focus ? "Table of all FOCUS-Simulations" : "Table of all EFSA-Simulations");
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    Assistant = new Help_Assistant(Shared, *this);
+    Lay_Out();
+    Clean_Leftovers(Shared, The_Mode);
+    Refresh();
+    resize(sizeHint());
+    connect(&Timer1, &QTimer::timeout, this, &Simulationsliste::Tick);
+    Timer1.start(Refresh_Interval);
+}
+
+void Simulationsliste::Lay_Out()
+{
+    Grid1 = Named(new QTableView, "Grid1");
+    Grid1->setAccessibleName("Simulations");
+    Grid1->setModel(&Simulations);
+    Grid1->setSelectionBehavior(QAbstractItemView::SelectRows);
+    Grid1->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    Grid1->setTabKeyNavigation(false);
+    Grid1->setShowGrid(false);
+    Grid1->setAlternatingRowColors(true);
+    Grid1->setWordWrap(false);
+    Grid1->verticalHeader()->hide();
+    Grid1->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    Grid1->verticalHeader()->setDefaultSectionSize(Grid1->fontMetrics().height() * 3 / 2);
+    Grid1->horizontalHeader()->setHighlightSections(false);
+    Grid1->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    Grid1->horizontalHeader()->setStretchLastSection(true);
+    connect(Grid1->selectionModel(), &QItemSelectionModel::selectionChanged, this, &Simulationsliste::Selection_Changed);
+    connect(Grid1, &QTableView::doubleClicked, this, &Simulationsliste::Auswaehlen_Click);
+
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(Grid1, 1);
+    all->addLayout(Buttons());
+    Assistant->Attach(Grid1, 27);
+    Assistant->Attach(Auswaehlen, 28);
+    Assistant->Attach(Loeschen, 29);
+}
+
+// As wide as its columns need, as far as the screen goes.
+QSize Simulationsliste::sizeHint() const
+{
+    const auto margins = layout()->contentsMargins();
+    const int around = margins.left() + margins.right() + 2 * Grid1->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    int columns = 0;
+    for (int column = 0; column < Simulation_Model::Columns; ++column)
+        columns += Column_Width(column);
+    const int width = std::max(fontMetrics().averageCharWidth() * Columns_Shown, columns + around);
+    return {std::min(width, screen()->availableSize().width()), fontMetrics().lineSpacing() * Lines_Shown};
+}
+
+QLayout* Simulationsliste::Buttons()
+{
+    auto* row = new QHBoxLayout;
+    const auto add = [&](const QString& name, const QString& text, auto handler) {
+        auto* button = Push_Button(name, text, this, handler);
+        row->addWidget(button);
+        return button;
+    };
+    Auswaehlen = add("Auswaehlen", "&Select", &Simulationsliste::Auswaehlen_Click);
+    Loeschen = add("Loeschen", "D&elete", &Simulationsliste::Loeschen_Click);
+    Nochmals = add("Nochmals", "&Run failed ones again", &Simulationsliste::Nochmals_Click);
+    row->addWidget(Assistant->Switch());
+    row->addStretch(1);
+    Ende = add("Ende", "&Done", &QDialog::reject);
+    Auswaehlen->setDefault(true);
+    return row;
+}
+
+void Simulationsliste::Refresh()
+{
+    std::vector<std::filesystem::path> selected;
+    for (const Simulation& simulation : Selected())
+        selected.push_back(simulation.Directory);
+    if (Simulations.Show(Simulation_List(Shared, The_Mode))) {
+        Size_Columns();
+        Select_Again(selected);
+    }
+    Loeschen->setEnabled(!Simulations.Simulations().empty());
+    Nochmals->setEnabled(std::ranges::any_of(Simulations.Simulations(), Has_Failed));
+    Selection_Changed();
+}
+
+void Simulationsliste::Size_Columns()
+{
+    for (int column = 0; column < Simulation_Model::Columns; ++column)
+        Grid1->setColumnWidth(column, Column_Width(column));
+}
+
+int Simulationsliste::Column_Width(int column) const
+{
+    const int picture = Grid1->verticalHeader()->defaultSectionSize();
+    const bool has_picture = column == Simulation_Model::Marker || column == Simulation_Model::Status;
+    return QFontMetrics(Grid1->font()).horizontalAdvance(Simulations.Longest_Text(column)) + picture * (has_picture ? 2 : 1);
+}
+
+void Simulationsliste::Select_Again(const std::vector<std::filesystem::path>& runs)
+{
+    if (runs.empty())
+        return;
+    QItemSelection rows;
+    for (int row = 0; row < Simulations.rowCount(); ++row) {
+        if (std::ranges::find(runs, Simulations.Simulations()[static_cast<std::size_t>(row)].Directory) != runs.end())
+            rows.select(Simulations.index(row, 0), Simulations.index(row, Simulation_Model::Columns - 1));
+    }
+    Grid1->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+}
+
+// The marker follows the selection.
+void Simulationsliste::Selection_Changed()
+{
+    std::vector<int> rows;
+    for (const QModelIndex& index : Grid1->selectionModel()->selectedRows())
+        rows.push_back(index.row());
+    Simulations.Mark(rows);
+    Auswaehlen->setEnabled(rows.size() == 1);
+}
+
+std::vector<Simulation> Simulationsliste::Selected() const
+{
+    auto rows = Grid1->selectionModel()->selectedRows();
+    std::ranges::sort(rows, {}, &QModelIndex::row);
+    std::vector<Simulation> selected;
+    for (const QModelIndex& index : rows)
+        selected.push_back(Simulations.Simulations()[static_cast<std::size_t>(index.row())]);
+    return selected;
+}
+
+// States change only where a job was started.
+void Simulationsliste::Tick()
+{
+    if (Find_File(Mode_Directory(Shared, The_Mode), "orveljob.bat"))
+        Refresh();
+}
+
+void Simulationsliste::Auswaehlen_Click()
+{
+    const auto selected = Selected();
+    if (selected.size() != 1)
+        return;
+    Shared.Run.Last_Simulation = {selected[0].Pesticide, selected[0].Crop, selected[0].Location};
+    Picked = selected[0].Directory;
+    accept();
+}
+
+void Simulationsliste::Loeschen_Click()
+{
+    Timer1.stop();
+    Delete_Simulations(Shared, The_Mode, Selected());
+    Refresh();
+    Timer1.start(Refresh_Interval);
+}
+
+void Simulationsliste::Nochmals_Click()
+{
+    Timer1.stop();
+    const int marked = Mark_Failed_Again(Shared, The_Mode, Simulations.Simulations());
+    if (marked > 0) {
+        Shared.Ask({"Starting ORVEL Simulations",
+                    std::to_string(marked) + (marked == 1 ? " simulation is" : " simulations are") + " marked. \"Start Batch\" starts them.",
+                    Icon::Information});
+    }
+    Refresh();
+    Timer1.start(Refresh_Interval);
+}

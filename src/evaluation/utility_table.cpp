@@ -1,0 +1,114 @@
+#include "evaluation/utility_table.h"
+
+#include "core/files.h"
+#include "core/system/lock.h"
+#include "core/text.h"
+#include "output/line_scanner.h"
+#include "ui/shown_file.h"
+#include "jobs/engine_start.h"
+#include "core/shown_path.h"
+
+#include <array>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::array<Utility_Names, 3> Names = {
+    {{"wyear.exe", "wyear.bat", "year.orv"}, {"wmonth.exe", "wmonth.bat", "month.orv"}, {"wday.exe", "wday.bat", "day.orv"}}};
+constexpr std::string_view Title = "Output tables";
+
+std::string Quoted(std::string_view text)
+{
+    return "\"" + std::string(text) + "\"";
+}
+
+// The copy is no larger than it must be: the series of a long run are a gigabyte.
+std::string First_Lines(const fs::path& plot)
+{
+    constexpr int Copied_Lines = 7;
+    std::string lines;
+    Line_Scanner scanner(plot, 4U << 10U);
+    for (int line = 0; line < Copied_Lines && scanner.Next(); ++line)
+        lines.append(scanner.Line()).append(CrLf);
+    return lines;
+}
+
+std::optional<int> Tell(const Session& session, std::string text)
+{
+    session.Ask({std::string(Title), std::move(text)});
+    return std::nullopt;
+}
+
+} // namespace
+
+const Utility_Names& Names_Of(Utility utility)
+{
+    return Names[static_cast<std::size_t>(utility)];
+}
+
+std::string Format_Utility_Batch(Utility utility, const fs::path& directory, const fs::path& app_path)
+{
+    const std::string place = Shown_Path(directory);
+    std::string text = "copy  " + Quoted(place + "\\plot.orv") + " " + Quoted(place + "\\" + std::string(Series_Copy)) + "\r\n";
+    text += "\r\n"; // the drive's letter
+    text += "CD " + Quoted(place) + "\r\n";
+    text += Quoted(Shown_Path(app_path) + "\\" + std::string(Names_Of(utility).Program)) + "\r\n";
+    return text + "quit\r\n";
+}
+
+bool Is_Of_A_Batch(const fs::path& directory)
+{
+    const fs::path place = fs::absolute(directory / "").lexically_normal().parent_path(); // with its name, also where it was given as "."
+    return Matches(place.filename().string(), "*.run");
+}
+
+bool Is_Due(Utility utility, const fs::path& directory)
+{
+    const auto plot = Find_File(directory, "plot.orv");
+    if (!plot)
+        return false;
+    const auto table = Find_File(directory, Names_Of(utility).Output), copy = Find_File(directory, Series_Copy);
+    std::error_code ignored;
+    return !table || !copy || fs::last_write_time(*plot, ignored) > fs::last_write_time(*table, ignored);
+}
+
+std::optional<int> Start_Utility(const Session& session, Utility utility, const fs::path& directory)
+try {
+    const Utility_Names& names = Names_Of(utility);
+    if (Is_Of_A_Batch(directory))
+        return Tell(session, "These tables are those of a single run. For a simulation of a batch, please use the form \"Evaluation of Simulation\".");
+    const auto program = Find_File(session.Program.App_Path, names.Program);
+    if (!program)
+        return Tell(session, "The program " + std::string(names.Program) + " is missing in the installation directory.");
+    if (Is_Locked(directory) || Is_Locked(Found_Or_New(directory, "echo.orv")))
+        return Tell(session, "The simulation is still at work.");
+    Write_Whole(Found_Or_New(session.Program.App_Path, names.Batch), Format_Utility_Batch(utility, directory, session.Program.App_Path));
+    if (const auto old = Find_File(directory, names.Output))
+        fs::remove(*old);
+    Write_Whole(Found_Or_New(directory, Series_Copy), First_Lines(Found_Or_New(directory, "plot.orv")));
+    Program_Start start = Engine_Start(directory, *program);
+    start.Output = Utility_Log;
+    return Start_Program(start);
+} catch (const std::runtime_error& error) { // of a file, or of a program that cannot be started
+    return Tell(session, Shown(error.what()));
+}
+
+std::string Take_Utility_Log(const fs::path& directory)
+{
+    const std::string told = Shown(Read_If_There(directory, Utility_Log));
+    std::error_code ignored;
+    fs::remove(directory / Utility_Log, ignored);
+    return std::string(Trim(Replace_All(Replace_All(told, "\r", " "), "\n", " ")));
+}
+
+std::optional<std::string> Shown_Table(const Session& session, Utility utility, const fs::path& directory)
+{
+    const auto file = Find_File(directory, Names_Of(utility).Output);
+    if (!file)
+        return std::nullopt;
+    auto text = utility == Utility::Day ? Shown_File(session, *file) : Shown_Whole(session, *file);
+    if (text && text->ends_with(CrLf))
+        text->resize(text->size() - CrLf.size());
+    return text;
+}

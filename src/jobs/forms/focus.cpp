@@ -1,0 +1,315 @@
+#include "jobs/forms/focus.h"
+
+#include "core/files.h"
+#include "ui/forms/widgets.h"
+#include "core/text.h"
+#include "evaluation/forms/analyse.h"
+#include "runs/crops.h"
+#include "runs/forms/ausgabe_festlegen.h"
+#include "runs/forms/dialog.h"
+#include "jobs/job_status.h"
+#include "runs/output_selection.h"
+#include "documents/forms/edit_document.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+namespace {
+
+constexpr int Tick_Interval = 300;      // ms
+constexpr int Interval_At_Start = 5000; // ms: a job's time to take its lock
+constexpr int Progress_Interval = 1000; // ms
+
+void Select_Text(QListWidget& list, std::string_view text)
+{
+    for (int row = 0; row < list.count(); ++row) {
+        if (Same_Text(Bytes_Of(list.item(row)->text()), text)) {
+            list.setCurrentRow(row);
+            return;
+        }
+    }
+}
+
+std::string Text_Of(const QListWidget& list)
+{
+    return list.currentItem() ? Bytes_Of(list.currentItem()->text()) : std::string();
+}
+
+} // namespace
+
+FOCUS::FOCUS(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), Shared(session), The_Mode(mode)
+{
+    setObjectName(Shown(mode.Form));
+    setWindowTitle(Shown(mode.Caption));
+    Lay_Out();
+    Load_Batch(Shared, The_Mode);
+    connect(&Timer1, &QTimer::timeout, this, &FOCUS::Tick);
+    connect(&Progress_Timer, &QTimer::timeout, this, &FOCUS::Show_Progress);
+    Activate();
+    Timer1.start(Tick_Interval);
+    Tick();
+}
+
+void FOCUS::Activate()
+{
+    const Hourglass waiting;
+    List_Pesticides();
+    const Run_Template saved = Read_Template(Shared, The_Mode);
+    Restore(saved);
+    if (First_Open && saved.Has_Rows)
+        Shared.Output = saved.Output;
+    First_Open = false;
+    Show_Output_Option();
+    Evaluate();
+}
+
+void FOCUS::List_Pesticides()
+{
+    const QSignalBlocker quiet(Pesticide);
+    Pesticide->clear();
+    for (const std::string& name : Pesticide_List(Shared))
+        Pesticide->addItem(Shown(name));
+    Select_Text(*Pesticide, Last_PSM);
+}
+
+// Selects what the last run control file was written for.
+void FOCUS::Restore(const Run_Template& saved)
+{
+    const QSignalBlocker quiet_pesticide(Pesticide), quiet_crop(Crop_List);
+    Kept_Number = saved.Kept_Number;
+    if (!saved.Pesticide.empty())
+        Select_Text(*Pesticide, saved.Pesticide);
+    if (!Pesticide->currentItem())
+        Pesticide->setCurrentRow(0);
+    const int tillage = saved.Has_Count_Line ? Tillage_List_Index(The_Mode, saved.Till_Depth) : -1;
+    L_tildepth->setCurrentIndex(tillage >= 0 ? tillage : The_Mode.Tillage_Index);
+    const int crop = Crop_Of_Part(The_Mode, saved.Code, saved.Crop_Part);
+    Crop_List->setCurrentRow(crop >= 0 ? crop : std::max(0, Crop_List->currentRow()));
+    Fill_Locations(saved.Code);
+}
+
+// Fills the locations of the crop and selects the one of a code, or the one that was selected before.
+void FOCUS::Fill_Locations(std::string_view code)
+{
+    const QSignalBlocker quiet(Location_List);
+    const std::string before = Text_Of(*Location_List);
+    const auto locations = Locations_Of_Crop(Shared, The_Mode, Crop_List->currentRow());
+    Location_List->clear();
+    for (const std::string& location : locations)
+        Location_List->addItem(Shown(location));
+    Location_List->setCurrentRow(Location_To_Select(locations, before));
+    for (std::size_t i = 0; !code.empty() && i < locations.size(); ++i) {
+        if (Same_Text(Code_Of_Location(The_Mode, locations[i]), code))
+            Location_List->setCurrentRow(static_cast<int>(i));
+    }
+}
+
+void FOCUS::Crop_Click()
+{
+    {
+        const QSignalBlocker quiet(Crop_List);
+        Crop_List->setCurrentRow(Step_Over_Separator(Crop_List->currentRow(), Crop_Step));
+    }
+    Crop_Step = Crop_Step_After(Crop_List->currentRow(), Crop_Step);
+    Hinweis->hide();
+    Fill_Locations({});
+    Evaluate();
+}
+
+void FOCUS::Evaluate()
+{
+    const Hourglass waiting;
+    Last_PSM = Text_Of(*Pesticide);
+    Selected = Evaluate_Selection(Shared, The_Mode, Last_PSM, Crop_List->currentRow(), Text_Of(*Location_List));
+    Show_Selection();
+}
+
+void FOCUS::Show_Selection()
+{
+    Warnung->setText(Shown(Selected.Warnung));
+    Warning_Box->setVisible(!Selected.Warnung.empty());
+    App_Modus->setText(Shown(Selected.App_Modus));
+    app_Date->setText(Shown(Selected.app_Date));
+    Frame4->setVisible(Selected.Tillage_Visible);
+    Show_Job(Job_Running(Shared, The_Mode));
+}
+
+void FOCUS::Show_Output_Option()
+{
+    Ausgabe[static_cast<std::size_t>(Option_Of_Output(Shared.Output))]->setChecked(true);
+}
+
+void FOCUS::Ausgabe_Click(int option)
+{
+    if (option == static_cast<int>(Output_Option::Minimum))
+        Shared.Output = Minimum_Output();
+    else if (option == static_cast<int>(Output_Option::Recommended))
+        Shared.Output = Recommended_Output();
+    else
+        Ausgabe_festlegen(Shared.Output, this).exec();
+    Show_Output_Option();
+}
+
+Run_Choice FOCUS::Choice() const
+{
+    return {.Pesticide = Last_PSM,
+            .Crop = Crop_List->currentRow(),
+            .Location = Text_Of(*Location_List),
+            .Tillage = Bytes_Of(L_tildepth->currentText()),
+            .Tillage_Visible = Selected.Tillage_Visible,
+            .Irregular_Years = Irregular_Years,
+            .Kept_Number = Kept_Number,
+            .Scaling = Scaling ? Bytes_Of(Scaling->currentText()) : std::string()};
+}
+
+void FOCUS::Mark()
+{
+    const Hourglass waiting;
+    Mark_For_Batch(Shared, The_Mode, Choice());
+    Show_Selection();
+}
+
+void FOCUS::Mark_All_Locations()
+{
+    Timer1.stop();
+    Progress_Timer.stop();
+    setEnabled(false);
+    Job_Box->show();
+    Job_Text->setText("Preparing the runs ...");
+    Mark_All(Shared, The_Mode, Choice(), [this](int location, int locations) {
+        Job_Bar->setRange(0, locations);
+        Job_Bar->setValue(location);
+        QApplication::processEvents();
+    });
+    setEnabled(true);
+    Timer1.start(Tick_Interval);
+    Evaluate();
+}
+
+void FOCUS::Run()
+{
+    Timer1.stop();
+    const bool started = Run_Batch(Shared, The_Mode, Choice()).Result == Start_Result::Started;
+    Show_Job(started);
+    Timer1.start(started ? Interval_At_Start : Tick_Interval);
+}
+
+// The only way to run an irregular pattern: the user tells for how many years.
+void FOCUS::Run_Anyway()
+{
+    Timer1.stop();
+    Dialog years(this);
+    if (years.exec() == Accepted) {
+        Irregular_Years = years.Years();
+        return Run();
+    }
+    Timer1.start(Tick_Interval);
+}
+
+void FOCUS::Tick()
+{
+    if (Timer1.interval() == Interval_At_Start)
+        return Timer1.start(Tick_Interval);
+    if (!Selected.Old_Format)
+        Show_Job(Job_Running(Shared, The_Mode));
+}
+
+void FOCUS::Show_Job(bool running)
+{
+    const bool usable = Selected.Buttons_Enabled();
+    s_run->setText("&" + Shown(Run_Caption(Shared, The_Mode)));
+    s_run->setEnabled(usable && !running);
+    Batchdatei->setEnabled(usable);
+    Multi_batch->setEnabled(usable);
+    Hinweis->setVisible(running && Shared.Program.Online_Help);
+    Job_Box->setVisible(running);
+    if (!running)
+        return Progress_Timer.stop();
+    if (!Progress_Timer.isActive()) {
+        Progress_Timer.start(Progress_Interval);
+        Show_Progress();
+    }
+}
+
+void FOCUS::Show_Progress()
+{
+    const Job_Progress progress = Progress_Of_Job(Shared, The_Mode);
+    Job_Bar->setRange(0, std::max(1, static_cast<int>(progress.Years)));
+    Job_Bar->setValue(static_cast<int>(progress.Years_Done));
+    Job_Text->setText(Shown(Progress_Text(progress)));
+}
+
+void FOCUS::Evaluation()
+{
+    Timer1.stop();
+    Shared.Run.Last_Simulation = {Last_PSM.substr(0, Last_PSM.rfind('.')), Text_Of(*Crop_List), Text_Of(*Location_List)};
+    Analyse(Shared, The_Mode, this).exec();
+    Timer1.start(Tick_Interval);
+    Activate();
+}
+
+void FOCUS::Edit_Pesticide()
+{
+    if (Last_PSM.empty())
+        return;
+    Timer1.stop();
+    Open_And_Edit(Shared, Shared.Program.App_Path / Path_Of(Last_PSM), this);
+    Timer1.start(Tick_Interval);
+    Activate();
+}
+
+void FOCUS::Edit_Scenario()
+{
+    const auto directory = Mode_Directory(Shared, The_Mode);
+    const std::string location = Text_Of(*Location_List);
+    if (location.empty())
+        return;
+    Timer1.stop();
+    Open_And_Edit(Shared, Found_Or_New(directory, Scenario_Name(The_Mode, Crop_List->currentRow(), location)), this);
+    Timer1.start(Tick_Interval);
+    Activate();
+}
+
+void FOCUS::Delete_Selected()
+{
+    if (!Last_PSM.empty() && Delete_Pesticide(Shared, Last_PSM))
+        Activate();
+}
+
+// The keys that act from every list and from the form itself; false for any other.
+bool FOCUS::Key(int key)
+{
+    if (key == Qt::Key_Delete)
+        Delete_Selected();
+    else if (key == Qt::Key_R && Selected.May_Run_Anyway)
+        Run_Anyway();
+    else
+        return false;
+    return true;
+}
+
+bool FOCUS::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (watched == Pesticide && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+        Edit_Pesticide();
+        return true;
+    }
+    return Key(key) || QDialog::eventFilter(watched, event);
+}
+
+void FOCUS::keyPressEvent(QKeyEvent* event)
+{
+    if (!Key(event->key()))
+        QDialog::keyPressEvent(event);
+}

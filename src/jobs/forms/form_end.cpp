@@ -1,0 +1,241 @@
+#include "jobs/forms/form_end.h"
+
+#include "core/files.h"
+#include "ui/forms/widgets.h"
+#include "core/numbers.h"
+#include "runs/forms/ausgabe_festlegen.h"
+#include "runs/output_selection.h"
+#include "documents/forms/edit_document.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+constexpr int State_Interval = 500; // ms
+
+void Fill(QListWidget& list, const std::filesystem::path& directory, std::string_view mask)
+{
+    const QString before = list.currentItem() ? list.currentItem()->text() : QString();
+    list.clear();
+    for (const std::string& name : List_Files(directory, mask)) {
+        if (const auto bytes = Name_Of(name))
+            list.addItem(Shown(*bytes));
+    }
+    const auto found = list.findItems(before, Qt::MatchExactly);
+    if (!found.isEmpty())
+        list.setCurrentItem(found[0]);
+}
+
+} // namespace
+
+form_end::form_end(Session& session, QWidget* parent) : QDialog(parent), Shared(session), Directory(session.Program.App_Path)
+{
+    setObjectName("form_end");
+    setWindowTitle("Parameters for Simulation");
+    Lay_Out();
+    Refresh_Files();
+    Load(Restore_Single_Run(Shared, Directory));
+    connect(&Timer1, &QTimer::timeout, this, &form_end::Show_State);
+    Timer1.start(State_Interval);
+    Show_State();
+}
+
+void form_end::Refresh_Files()
+{
+    Dir1->setText(QString::fromStdString(Directory.string()));
+    Fill(*File_psm, Directory, "*.psm");
+    Fill(*File_sce, Directory, "*.sze");
+    Fill(*File_cli, Directory, "*.cli");
+    if (File_cli->currentRow() < 0)
+        File_cli->setCurrentRow(0);
+}
+
+void form_end::Load(const Single_Run_Entry& entry)
+{
+    Label2[0]->setText(Shown(entry.Pesticide));
+    Label2[1]->setText(Shown(entry.Scenario));
+    List_cli->clear();
+    for (const std::string& climate : entry.Climates)
+        List_cli->addItem(Shown(climate));
+    Combo_stad->setEditText(Shown(entry.Start_Day));
+    Combo_endd->setEditText(Shown(entry.End_Day));
+    Combo_stam->setCurrentIndex(entry.Start_Month_Index);
+    Combo_endm->setCurrentIndex(entry.End_Month_Index);
+    Text_years->setText(Shown(entry.Years));
+    Ausgabe[static_cast<std::size_t>(Option_Of_Output(Shared.Output))]->setChecked(true);
+}
+
+Single_Run_Entry form_end::Entry() const
+{
+    Single_Run_Entry entry{.Pesticide = Bytes_Of(Label2[0]->text()),
+                           .Scenario = Bytes_Of(Label2[1]->text()),
+                           .Start_Day = Bytes_Of(Combo_stad->currentText()),
+                           .End_Day = Bytes_Of(Combo_endd->currentText()),
+                           .Years = Bytes_Of(Text_years->text()),
+                           .Start_Month_Index = Combo_stam->currentIndex(),
+                           .End_Month_Index = Combo_endm->currentIndex()};
+    for (int row = 0; row < List_cli->count(); ++row)
+        entry.Climates.push_back(Bytes_Of(List_cli->item(row)->text()));
+    return entry;
+}
+
+void form_end::Choose_Directory()
+{
+    const QString chosen = QFileDialog::getExistingDirectory(this, "Directory of the run", Dir1->text());
+    if (chosen.isEmpty())
+        return;
+    Directory = chosen.toStdString();
+    Refresh_Files();
+    Close_Archive();
+}
+
+bool form_end::Has_Climate_File()
+{
+    if (File_cli->currentItem())
+        return true;
+    Shared.Ask({"File check", "No climatic files available"});
+    return false;
+}
+
+void form_end::Insert_Climate()
+{
+    if (Has_Climate_File())
+        List_cli->insertItem(std::max(0, List_cli->currentRow()), File_cli->currentItem()->text());
+}
+
+void form_end::Append_Climate()
+{
+    if (!Has_Climate_File())
+        return;
+    const int row = List_cli->count() == 0 ? 0 : std::max(0, List_cli->currentRow());
+    List_cli->insertItem(row, File_cli->currentItem()->text());
+    if (List_cli->count() == 1)
+        List_cli->setCurrentRow(0);
+}
+
+void form_end::Remove_Climate()
+{
+    const int row = List_cli->currentRow();
+    if (row < 0)
+        return;
+    delete List_cli->takeItem(row);
+    List_cli->setCurrentRow(std::min(row, List_cli->count() - 1));
+}
+
+void form_end::Ausgabe_Click(int option)
+{
+    if (option == static_cast<int>(Output_Option::Minimum))
+        Shared.Output = Minimum_Output();
+    else if (option == static_cast<int>(Output_Option::Recommended))
+        Shared.Output = Recommended_Output();
+    else
+        Ausgabe_festlegen(Shared.Output, this).exec(); // the option stays at the user's own choice
+}
+
+void form_end::Start()
+{
+    if (State_Of_Single_Run(Directory, 0).Running) {
+        Shared.Ask({"File check", std::string(Still_At_Work)});
+        return;
+    }
+    const Message question{"File check",
+                           "There are already output files in the current directory. Do you want to move them into an archive?",
+                           Icon::Question,
+                           {Button::Yes, Button::No},
+                           Button::Yes};
+    if (Has_Output(Directory) && Shared.Ask(question) == Button::Yes)
+        return Open_Archive();
+    const Single_Run_Entry entry = Entry();
+    if (const auto refusal = Check_Single_Run(Shared, Directory, entry))
+        return Refuse(*refusal);
+    Start_Single_Run(Shared, Directory, entry);
+    Show_State();
+}
+
+void form_end::Open_Archive()
+{
+    Text1->setText(Shown(Free_Archive_Name(Directory)));
+    Text1->setEnabled(true);
+    Command8->setEnabled(true);
+    Frame1->show();
+    Text1->setFocus();
+}
+
+void form_end::Close_Archive()
+{
+    Text1->setEnabled(false);
+    Command8->setEnabled(false);
+    Frame1->hide();
+}
+
+void form_end::Move_To_Archive()
+{
+    const Hourglass waiting;
+    const bool has_output = Has_Output(Directory);
+    Archive_Run(Shared, Directory, Bytes_Of(Text1->text()));
+    if (has_output)
+        Close_Archive();
+}
+
+// A file of the directory in its editor; a blank name does nothing.
+void form_end::Edit(const QString& name)
+{
+    if (!name.trimmed().isEmpty())
+        Open_And_Edit(Shared, Found_Or_New(Directory, Path_Of(Bytes_Of(name))), this);
+}
+
+// Tells what is wrong and goes back to the control that it is about.
+void form_end::Refuse(const Refusal& refusal)
+{
+    Shared.Ask(refusal.Text);
+    if (auto* control = findChild<QWidget*>(Shown(refusal.Control)))
+        control->setFocus();
+}
+
+void form_end::Leave(const std::optional<Refusal>& refusal)
+{
+    if (refusal && isVisible())
+        Refuse(*refusal);
+}
+
+bool form_end::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut) {
+        if (watched == Text_years)
+            Leave(Check_Years(Bytes_Of(Text_years->text())));
+        else if (auto* day = qobject_cast<QComboBox*>(watched))
+            Leave(Check_Day(Bytes_Of(day->currentText()), Bytes_Of(day->objectName())));
+    }
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        if (const auto* label = qobject_cast<QLabel*>(watched))
+            Edit(label->text());
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+// What another window or program has changed in the directory shows when the user comes back.
+bool form_end::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        Refresh_Files();
+    return QDialog::event(event);
+}
+
+void form_end::Show_State()
+{
+    const int years = static_cast<int>(Val(Bytes_Of(Text_years->text())));
+    const Single_Run_State state = State_Of_Single_Run(Directory, years);
+    Run_Bar->setVisible(state.Running);
+    Run_Bar->setRange(0, std::max(1, years));
+    Run_Bar->setValue(state.Years_Done);
+    Run_Text->setText(Shown(state.Text));
+}

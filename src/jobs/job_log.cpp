@@ -1,0 +1,122 @@
+#include "jobs/job_log.h"
+
+#include "core/files.h"
+#include "core/numbers.h"
+#include "core/text.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::array<std::string_view, 6> Words = {"begin", "started", "finished", "failed", "killed", "end"};
+constexpr std::size_t Time_Width = 19;
+constexpr int First_Year = 1900;
+
+std::string_view Next_Field(std::string_view& line)
+{
+    const auto end = line.find('\t');
+    const auto field = line.substr(0, end);
+    line = end == std::string_view::npos ? std::string_view() : line.substr(end + 1);
+    return field;
+}
+
+void Add_Padded(std::string& text, int number, char behind)
+{
+    if (number < 10)
+        text += '0';
+    text += std::to_string(number);
+    if (behind != 0)
+        text += behind;
+}
+
+} // namespace
+
+std::string_view Event_Word(Job_Event event)
+{
+    return Words[static_cast<std::size_t>(event)];
+}
+
+Job_Log::Job_Log(const std::filesystem::path& mode_directory)
+    : Number(::open((mode_directory / Job_Log_Name).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666))
+{
+    if (Number < 0)
+        throw File_Error("Cannot write " + (mode_directory / Job_Log_Name).string() + ": " + std::strerror(errno) + ".");
+}
+
+Job_Log::~Job_Log()
+{
+    ::close(Number);
+}
+
+void Job_Log::Add(Job_Event event, std::string_view run, std::string_view detail) const
+{
+    std::string line = Time_Text(std::time(nullptr));
+    for (const auto field : {Event_Word(event), run, detail})
+        line.append("\t").append(field);
+    line += '\n';
+    // A full disk must not end the job: the runs tell of it themselves.
+    [[maybe_unused]] const auto written = ::write(Number, line.data(), line.size());
+}
+
+Job_History Parse_Job_Log(std::string_view text)
+{
+    Job_History history;
+    for (auto line : Split_Lines(text)) {
+        const auto time = Next_Field(line);
+        const auto word = Next_Field(line);
+        const auto run = Next_Field(line);
+        for (std::size_t i = 0; i < Words.size(); ++i) {
+            if (word != Words[i])
+                continue;
+            const auto event = static_cast<Job_Event>(i);
+            if (event == Job_Event::Begin)
+                history.Begin = Time_Of_Text(time);
+            else if (event == Job_Event::End)
+                history.Ended = true;
+            else
+                history.Runs.insert_or_assign(std::string(run), event);
+        }
+    }
+    return history;
+}
+
+Job_History Read_Job_Log(const std::filesystem::path& mode_directory)
+try {
+    return Parse_Job_Log(Read_Whole(mode_directory / Job_Log_Name));
+} catch (const File_Error&) {
+    return {};
+}
+
+std::string Time_Text(std::time_t time)
+{
+    std::tm parts{};
+    ::localtime_r(&time, &parts);
+    std::string text = std::to_string(parts.tm_year + First_Year) + "-";
+    Add_Padded(text, parts.tm_mon + 1, '-');
+    Add_Padded(text, parts.tm_mday, ' ');
+    Add_Padded(text, parts.tm_hour, ':');
+    Add_Padded(text, parts.tm_min, ':');
+    Add_Padded(text, parts.tm_sec, 0);
+    return text;
+}
+
+std::time_t Time_Of_Text(std::string_view text)
+{
+    if (text.size() != Time_Width)
+        return 0;
+    const auto part = [text](std::size_t first, std::size_t width) { return static_cast<int>(Val(Columns(text, first, width))); };
+    std::tm parts{};
+    parts.tm_year = part(1, 4) - First_Year;
+    parts.tm_mon = part(6, 2) - 1;
+    parts.tm_mday = part(9, 2);
+    parts.tm_hour = part(12, 2);
+    parts.tm_min = part(15, 2);
+    parts.tm_sec = part(18, 2);
+    parts.tm_isdst = -1;
+    const std::time_t time = std::mktime(&parts);
+    return time < 0 ? 0 : time;
+}

@@ -1,0 +1,254 @@
+#include "jobs/job_status.h"
+
+#include "core/files.h"
+#include "core/system/lock.h"
+#include "core/locations.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "jobs/job.h"
+#include "jobs/job_log.h"
+#include "core/shown_path.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <fcntl.h>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t Tail = 64U << 10U; // an engine writes its errors and its last year at the end
+
+// The last bytes of a file; empty if it cannot be read.
+std::string Read_Tail(const fs::path& file, std::size_t most)
+{
+    const int opened = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (opened < 0)
+        return {};
+    struct stat about {};
+    std::string bytes;
+    if (::fstat(opened, &about) == 0 && about.st_size > 0) {
+        const auto size = static_cast<std::size_t>(about.st_size);
+        bytes.resize(std::min(size, most));
+        const auto got = ::pread(opened, bytes.data(), bytes.size(), static_cast<off_t>(size - bytes.size()));
+        bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    }
+    ::close(opened);
+    return bytes;
+}
+
+bool Holds_Error(std::string_view text)
+{
+    return Contains(text, "ERROR") || Contains(text, "E R R O R");
+}
+
+// The runs that the job file names; none if it cannot be read.
+std::vector<fs::path> Runs_Of_Job(const fs::path& directory)
+try {
+    return Resolve_Runs(directory, Parse_Job(Read_Whole(Found_Or_New(directory, "orveljob.bat"))));
+} catch (const File_Error&) {
+    return {};
+}
+
+double Years_Of_Run(const fs::path& run)
+{
+    constexpr std::size_t Head = 3;
+    const int opened = ::open(Found_Or_New(run, "orvel.inp").c_str(), O_RDONLY | O_CLOEXEC);
+    std::array<char, Head> digits{};
+    const auto got = opened < 0 ? 0 : ::read(opened, digits.data(), digits.size());
+    if (opened >= 0)
+        ::close(opened);
+    return std::clamp(Val({digits.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0))}), 0.0, static_cast<double>(Most_Years));
+}
+
+// The number behind the last "YEAR" of a text.
+double Last_Year(std::string_view text)
+{
+    constexpr std::string_view Word = "YEAR";
+    const auto at = text.rfind(Word);
+    return at == std::string_view::npos ? 0 : Val(text.substr(at + Word.size()));
+}
+
+void Count_Run(const fs::path& run, std::optional<Job_Event> event, Job_Progress& progress)
+{
+    const double years = Years_Of_Run(run);
+    progress.Years += years;
+    ++progress.Runs;
+    if (!event)
+        return;
+    if (*event == Job_Event::Started && Is_Locked(run)) {
+        ++progress.Running;
+        progress.Years_Done += Years_Done(run, years);
+        return;
+    }
+    ++progress.Done;
+    progress.Years_Done += years;
+    if (*event != Job_Event::Finished)
+        ++progress.Failed;
+}
+
+std::string Left_Text(double seconds)
+{
+    constexpr double Minute = 60;
+    constexpr double Hour = 60 * Minute;
+    if (seconds < Minute)
+        return General_Text(std::ceil(seconds)) + " s left";
+    if (seconds < Hour)
+        return General_Text(std::ceil(seconds / Minute)) + " min left";
+    return Format_Pattern(seconds / Hour, "0.0") + " h left";
+}
+
+// A list name: the directory's name without its ending ".run" and its encoding.
+std::string List_Name(const std::string& directory)
+{
+    const std::string name = Shown(directory);
+    return Name_Decode(name.substr(0, name.size() - 4));
+}
+
+std::vector<std::string> Run_Levels(const fs::path& directory)
+{
+    constexpr std::size_t Most = 31;
+    auto names = List_Directories(directory, "*.run");
+    if (names.size() > Most)
+        names.resize(Most);
+    return names;
+}
+
+// What the job's log knows of a run that the engine's own files do not tell.
+Run_Result Result_With_Log(Run_Result result, const Job_History& history, const fs::path& root, const fs::path& run)
+{
+    if (history.Runs.empty() || result == Run_Result::Error || result == Run_Result::Killed)
+        return result;
+    const auto event = history.Runs.find(run.lexically_relative(root).string());
+    if (event == history.Runs.end())
+        return result;
+    return event->second == Job_Event::Killed ? Run_Result::Killed : event->second == Job_Event::Failed ? Run_Result::Error : result;
+}
+
+std::time_t Last_Change(const fs::path& path)
+{
+    struct stat about {};
+    return ::stat(path.c_str(), &about) == 0 ? about.st_mtime : 0;
+}
+
+Simulation Look_At(const fs::path& run)
+{
+    Simulation simulation{.Pesticide = {}, .Crop = {}, .Location = {}, .Directory = run, .Date = Last_Change(run)};
+    simulation.Status = Status_Of_Run(run);
+    if (simulation.Status == Run_Status::Data_Available)
+        simulation.Result = Result_Of_Run(run);
+    return simulation;
+}
+
+} // namespace
+
+double Years_Done(const fs::path& run, double years)
+{
+    const std::string said = Read_Tail(run / Progress_Name, 256);
+    double done = Last_Year(said);
+    if (done == 0)
+        done = Last_Year(Read_Tail(Found_Or_New(run, "Wasser.orv"), Tail));
+    return std::clamp(done, 0.0, years);
+}
+
+bool Job_Running(const Session& session, const Mode& mode)
+{
+    const fs::path directory = Mode_Directory(session, mode);
+    if (!Find_File(directory, mode.Probe_File) || Is_Locked(directory))
+        return true;
+    return std::ranges::any_of(Runs_Of_Job(directory), Is_Locked);
+}
+
+Job_Progress Progress_Of_Job(const Session& session, const Mode& mode)
+{
+    const fs::path directory = Mode_Directory(session, mode);
+    const Job_History history = Read_Job_Log(directory);
+    Job_Progress progress;
+    for (const auto& run : Runs_Of_Job(directory)) {
+        const auto event = history.Runs.find(run.lexically_relative(directory).string());
+        Count_Run(run, event == history.Runs.end() ? std::nullopt : std::optional(event->second), progress);
+    }
+    if (history.Begin > 0 && progress.Years_Done > 0) {
+        const double elapsed = std::max(0.0, std::difftime(std::time(nullptr), history.Begin));
+        progress.Seconds_Left = elapsed * (progress.Years - progress.Years_Done) / progress.Years_Done;
+    }
+    return progress;
+}
+
+std::string Progress_Text(const Job_Progress& progress)
+{
+    std::string text = std::to_string(progress.Done) + " of " + std::to_string(progress.Runs) + " runs";
+    if (progress.Running > 0)
+        text += ", " + std::to_string(progress.Running) + " running";
+    if (progress.Failed > 0)
+        text += ", " + std::to_string(progress.Failed) + " failed";
+    if (progress.Years > 0)
+        text += ", " + Format_Pattern(std::floor(100 * progress.Years_Done / progress.Years), "0") + " %";
+    return progress.Seconds_Left > 0 ? text + ", " + Left_Text(progress.Seconds_Left) : text;
+}
+
+std::string_view Status_Text(Run_Status status)
+{
+    constexpr std::array<std::string_view, 3> Texts = {"Scheduled", "Running", "Data available"};
+    return Texts[static_cast<std::size_t>(status)];
+}
+
+std::string_view Result_Text(Run_Result result)
+{
+    constexpr std::array<std::string_view, 4> Texts = {"", "finished", "ERROR", "killed"};
+    return Texts[static_cast<std::size_t>(result)];
+}
+
+Run_Status Status_Of_Run(const fs::path& run)
+{
+    const auto echo = Find_File(run, "echo.orv");
+    if (!echo || ::access(echo->c_str(), R_OK) != 0)
+        return Run_Status::Scheduled;
+    // The run's lock is asked first: as long as a job holds it, the engine's own is left in peace.
+    return Is_Locked(run) || Is_Locked(*echo) ? Run_Status::Running : Run_Status::Data_Available;
+}
+
+Run_Result Result_Of_Run(const fs::path& run)
+{
+    const std::string echo = Read_Tail(Found_Or_New(run, "echo.orv"), Tail);
+    if (Contains(echo, "ERROR 99"))
+        return Run_Result::Killed;
+    return Holds_Error(echo) ? Run_Result::Error : Run_Result::Finished;
+}
+
+bool Echo_Holds_Error(const fs::path& run)
+{
+    return Holds_Error(Read_Tail(Found_Or_New(run, "echo.orv"), Tail));
+}
+
+std::vector<Simulation> Simulation_List(const Session& session, const Mode& mode)
+{
+    std::vector<Simulation> simulations;
+    const fs::path root = Mode_Directory(session, mode);
+    const Job_History history = Read_Job_Log(root);
+    const std::time_t end_of_log = Last_Change(root / Job_Log_Name); // a run marked anew behind it is none of the log's
+    for (const auto& pesticide : List_Directories(root, "*.run")) {
+        for (const auto& crop : Run_Levels(root / pesticide)) {
+            for (const auto& location : Run_Levels(root / pesticide / crop)) {
+                auto& simulation = simulations.emplace_back(Look_At(root / pesticide / crop / location));
+                simulation.Pesticide = List_Name(pesticide);
+                simulation.Crop = List_Name(crop);
+                simulation.Location = List_Name(location);
+                const bool marked_since = simulation.Status == Run_Status::Scheduled && simulation.Date > end_of_log;
+                if (simulation.Status != Run_Status::Running && !marked_since)
+                    simulation.Result = Result_With_Log(simulation.Result, history, root, simulation.Directory);
+            }
+        }
+    }
+    return simulations;
+}
+
+std::string Date_Text(std::time_t date)
+{
+    constexpr std::size_t To_Minutes = 16;
+    return Time_Text(date).substr(0, To_Minutes);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "runs/batch.h"
+#include "jobs/job_status.h"
+#include "runs/output_selection.h"
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+// What the command line asks of the run rules. Texts are bytes of Windows-1252.
+
+struct Mark_Request {
+    Mode_Kind Kind = Mode_Kind::Focus;
+    std::string Pesticide, Crop, Location; // file name, texts of the list entries
+    bool All = false;                      // all locations of the crop
+    std::optional<Output_Option> Output;   // else as in the last run control file of the mode
+    std::optional<int> Tillage;            // cm, else the default of the form
+    std::optional<double> Scaling;         // degrees, else 0
+};
+
+// Marks as the run form of the mode does. The run directories marked, below the installation directory; nothing if anything was refused,
+// which has been told.
+std::optional<std::vector<std::string>> Mark(Session& session, const Mark_Request& request);
+
+struct Progress_Report {
+    std::function<void(const std::string&)> Tell;
+    std::chrono::milliseconds Interval{500};
+};
+
+// Starts the job of the pending batch; with a report it waits for the end and tells the progress meanwhile. False: refused, or a run
+// failed, and the user has been told.
+bool Start(Session& session, const Mode& mode, int jobs, const Progress_Report& report = {});
+
+// The list as lines of columns parted by tabs: pesticide, crop, location, date, status, and the result of a run that did not end well.
+std::string Simulation_Lines(const std::vector<Simulation>& simulations);
+
+// The same as a JSON array of objects, in UTF-8, with the result of every run and its directory.
+std::string Simulation_Json(const std::vector<Simulation>& simulations);

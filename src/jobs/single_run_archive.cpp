@@ -1,0 +1,91 @@
+#include "core/files.h"
+#include "core/system/lock.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "core/shown_path.h"
+#include "runs/single_run.h"
+
+#include <algorithm>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view File_Check = "File check";
+constexpr std::string_view Archive_Stem = "Run_";
+
+// The input files that an orvel.inp names, itself last.
+std::vector<std::string> Input_Files(std::string_view control)
+{
+    Line_Reader lines(control);
+    const int years = static_cast<int>(std::clamp(Val(lines.Next()), 0.0, static_cast<double>(Most_Years)));
+    std::vector<std::string> names;
+    for (int i = 0; i < years + 2; ++i)
+        names.emplace_back(Trim(lines.Next()));
+    return names;
+}
+
+void Copy_Into(const fs::path& directory, const fs::path& archive, const fs::path& name)
+{
+    const fs::path source = Found_Or_New(directory, name);
+    Copy_Whole(source, archive / source.filename());
+}
+
+bool Remove_Archived(const Session& session, const fs::path& directory, const std::vector<std::string>& output)
+{
+    for (const std::string& name : output) {
+        std::error_code error;
+        fs::remove(directory / name, error);
+        if (!error)
+            continue;
+        session.Ask({std::string(File_Check), "The file " + Shown_Path(name) + " is in the archive, but cannot be deleted: " + Shown(error.message()) + "."});
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+std::string Free_Archive_Name(const fs::path& directory)
+{
+    for (int n = 1;; ++n) {
+        std::string name = std::string(Archive_Stem) + std::to_string(n);
+        if (!Find_File(directory, name))
+            return name;
+    }
+}
+
+bool Archive_Run(Session& session, const fs::path& directory, const std::string& folder)
+{
+    const auto output = List_Files(directory, "*.orv");
+    if (output.empty()) {
+        session.Ask({std::string(File_Check), "No output files in the current dirctory"});
+        return false;
+    }
+    const auto lock = Lock::Take(directory);
+    if (!lock || Is_Locked(Found_Or_New(directory, "echo.orv"))) {
+        session.Ask({std::string(File_Check), std::string(Still_At_Work)});
+        return false;
+    }
+    const fs::path archive = directory / Path_Of(folder);
+    bool made = false;
+    try {
+        made = !folder.empty() && archive.filename() == Path_Of(folder) && fs::create_directory(archive);
+        if (!made)
+            throw File_Error("The archive is there already, or its name is none.");
+        for (const std::string& name : output)
+            Copy_Into(directory, archive, name);
+        const std::string control = Read_Whole(Found_Or_New(directory, "orvel.inp"));
+        for (const std::string& name : Input_Files(control))
+            Copy_Into(directory, archive, Path_Of(name));
+        Write_Whole(archive / "orvel.inp", control);
+    } catch (const std::exception&) {
+        std::error_code ignored;
+        if (made)
+            fs::remove_all(archive, ignored); // half of an archive helps nobody; nothing was taken from the directory yet
+        session.Ask({std::string(File_Check), "Cannot open " + Name_Of(archive).value_or(folder)});
+        return false;
+    }
+    // The archive is whole: now the output may go, and the archive stays whatever happens.
+    return Remove_Archived(session, directory, output);
+}

@@ -1,0 +1,180 @@
+#include "output/line_scanner.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
+
+const char* Anchor::In(const char* first, const char* last) const
+{
+    if (static_cast<std::size_t>(last - first) < Text.size())
+        return nullptr;
+    const char* const stop = last - (Text.size() - 1 - Rare);
+    for (const char* at = first + Rare; at < stop; ++at) {
+        at = static_cast<const char*>(std::memchr(at, Text[Rare], static_cast<std::size_t>(stop - at)));
+        if (!at)
+            return nullptr;
+        if (std::memcmp(at - Rare, Text.data(), Text.size()) == 0)
+            return at - Rare;
+    }
+    return nullptr;
+}
+
+Line_Scanner::Line_Scanner(std::size_t window)
+    : Buffer(std::make_unique_for_overwrite<char[]>(std::max<std::size_t>(window, 1))),
+      Capacity(std::max<std::size_t>(window, 1))
+{}
+
+Line_Scanner::Line_Scanner(const std::filesystem::path& file, std::size_t window) : Line_Scanner(window)
+{
+    Name = file;
+    Descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (Descriptor < 0)
+        throw File_Error("The file " + file.string() + " cannot be opened: " + std::strerror(errno) + ".");
+    Fill(Line_First);
+}
+
+Line_Scanner Line_Scanner::Of_Bytes(std::string_view bytes, std::size_t window)
+{
+    Line_Scanner scanner(window);
+    scanner.Source = bytes;
+    scanner.Fill(scanner.Line_First);
+    return scanner;
+}
+
+Line_Scanner::Line_Scanner(Line_Scanner&& other) noexcept
+    : Name(std::move(other.Name)),
+      Descriptor(std::exchange(other.Descriptor, -1)),
+      Source(other.Source),
+      Buffer(std::move(other.Buffer)),
+      Capacity(other.Capacity),
+      Rest(other.Rest),
+      End(other.End),
+      Line_First(other.Line_First),
+      Line_Size(other.Line_Size),
+      Taken(other.Taken),
+      Ended(other.Ended),
+      Cut(other.Cut)
+{}
+
+Line_Scanner::~Line_Scanner()
+{
+    if (Descriptor >= 0)
+        ::close(Descriptor);
+}
+
+std::size_t Line_Scanner::Read_Some(char* to, std::size_t most)
+{
+    if (Descriptor < 0) {
+        const auto count = std::min(most, Source.size());
+        std::copy_n(Source.data(), count, to);
+        Source.remove_prefix(count);
+        return count;
+    }
+    for (;;) {
+        const auto got = ::read(Descriptor, to, most);
+        if (got >= 0)
+            return static_cast<std::size_t>(got);
+        if (errno != EINTR)
+            throw File_Error("The file " + Name.string() + " cannot be read: " + std::strerror(errno) + ".");
+    }
+}
+
+bool Line_Scanner::Fill(std::size_t& keep)
+{
+    if (Ended)
+        return false;
+    const auto kept = End - keep;
+    if (kept == Capacity) {
+        auto larger = std::make_unique_for_overwrite<char[]>(2 * Capacity);
+        std::memcpy(larger.get(), Buffer.get() + keep, kept);
+        Buffer = std::move(larger);
+        Capacity *= 2;
+    } else if (keep > 0) {
+        std::memmove(Buffer.get(), Buffer.get() + keep, kept);
+    }
+    Rest -= keep;
+    keep = 0;
+    End = kept;
+    const auto got = Read_Some(Buffer.get() + End, Capacity - End);
+    End += got;
+    Taken += got;
+    Ended = got == 0;
+    return !Ended;
+}
+
+// What stands behind a line's first Largest_Line bytes is passed over.
+void Line_Scanner::Drop_Cut_Line()
+{
+    if (Cut)
+        Line_Size = 0;
+    while (Cut) {
+        const auto* end = static_cast<const char*>(std::memchr(Buffer.get() + Rest, '\n', End - Rest));
+        Rest = end ? static_cast<std::size_t>(end - Buffer.get()) + 1 : End;
+        auto keep = Rest;
+        Cut = Rest == End && Fill(keep) && !end;
+    }
+}
+
+bool Line_Scanner::Next()
+{
+    Drop_Cut_Line();
+    if (At_End())
+        return false;
+    Line_First = Rest;
+    const char* end = nullptr;
+    for (std::size_t searched = 0;;) {
+        const auto from = Line_First + searched;
+        end = static_cast<const char*>(std::memchr(Buffer.get() + from, '\n', End - from));
+        searched = End - Line_First;
+        if (end || searched >= Largest_Line || !Fill(Line_First))
+            break;
+    }
+    Cut = !end && End - Line_First >= Largest_Line;
+    const auto stop = end ? static_cast<std::size_t>(end - Buffer.get()) : End;
+    Line_Size = std::min(stop - Line_First, Largest_Line);
+    Rest = end ? stop + 1 : Line_First + Line_Size;
+    if (Line_Size > 0 && Buffer[Line_First + Line_Size - 1] == '\r')
+        --Line_Size;
+    // One byte ahead is always known, so that the end of the file is known with its last line.
+    if (!Cut && Rest == End)
+        Fill(Line_First);
+    return true;
+}
+
+bool Line_Scanner::Find(const Anchor& anchor)
+{
+    Drop_Cut_Line();
+    for (;;) {
+        const char* const from = Buffer.get() + Rest;
+        const char* const hit = anchor.In(from, Buffer.get() + End);
+        const auto* before = static_cast<const char*>(::memrchr(from, '\n', static_cast<std::size_t>((hit ? hit : Buffer.get() + End) - from)));
+        if (before)
+            Rest = static_cast<std::size_t>(before - Buffer.get()) + 1;
+        if (hit)
+            return Next();
+        Line_First = Rest;
+        Line_Size = 0;
+        if (End - Rest >= Largest_Line) {
+            Cut = true;
+            Drop_Cut_Line();
+        } else {
+            Fill(Line_First);
+        }
+        if (Ended && !anchor.In(Buffer.get() + Rest, Buffer.get() + End)) {
+            Rest = End;
+            return false;
+        }
+    }
+}
+
+bool Line_Scanner::Skip(int lines)
+{
+    for (int i = 0; i < lines; ++i) {
+        if (!Next())
+            return false;
+    }
+    return true;
+}

@@ -1,0 +1,147 @@
+// The same system without windows, for scripts, batch servers and tests: every command is a call of the rules and a print.
+#include "programs/orvelctl.h"
+
+#include "core/code_page.h"
+#include "core/error.h"
+#include "installation/lay_out.h"
+#include "core/system/spawn.h"
+#include "documents/documents.h"
+
+#include <iostream>
+#include <memory>
+#include <sys/wait.h>
+#include <unistd.h>
+
+void Tell(std::string_view title, std::string_view text)
+{
+    std::cerr << To_Utf8(title) << ": " << To_Utf8(text) << '\n';
+}
+
+std::string Bytes_Of(const std::string& word)
+{
+    const auto bytes = From_Utf8(word);
+    if (!bytes)
+        throw CLI::ValidationError("'" + word + "' holds a character that no file of this system can hold.");
+    return *bytes;
+}
+
+void Add_Mode(CLI::App* command, std::string& mode)
+{
+    command->add_option("--mode", mode)->required()->check(CLI::IsMember({"focus", "efsa", "efsa_t4"}))->option_text("focus|efsa|efsa_t4");
+}
+
+Progress Shown_Progress()
+{
+    if (::isatty(STDERR_FILENO) == 0)
+        return {};
+    return [](const std::string& message, double) {
+        std::cerr << '\r' << message << "\033[K" << std::flush;
+        return true;
+    };
+}
+
+void Clear_Progress()
+{
+    if (::isatty(STDERR_FILENO) != 0)
+        std::cerr << "\r\033[K" << std::flush;
+}
+
+int Paint(const std::vector<std::string>& words)
+{
+    const int process = Start_Program({.Program = Program_Beside("orvelpaint"), .Arguments = words, .Directory = std::filesystem::current_path()});
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Done : Refused;
+}
+
+namespace {
+
+// Prints the box that the desktop program would show and takes its default button.
+Button Ask_On_Standard_Error(const Message& message)
+{
+    Tell(message.Title, message.Text);
+    return message.Default;
+}
+
+int Run(const Command& command, const std::filesystem::path& directory)
+try {
+    const auto session = std::make_unique<Session>();
+    session->Program.App_Path = std::filesystem::absolute(directory).lexically_normal();
+    session->Ask = Ask_On_Standard_Error;
+    if (!std::filesystem::is_directory(session->Program.App_Path))
+        throw File_Error("The directory " + session->Program.App_Path.string() + " does not exist.");
+    return command(*session);
+} catch (const File_Error& error) {
+    std::cerr << "File check: " << error.what() << '\n';
+    return Refused;
+}
+
+// Where this program stands, whatever name it was started by.
+std::filesystem::path Own_Path()
+{
+    return std::filesystem::read_symlink("/proc/self/exe");
+}
+
+void Add_Init(CLI::App& app, Command& command)
+{
+    auto* init = app.add_subcommand("init", "Makes DIR an installation directory");
+    const auto directory = std::make_shared<std::string>();
+    init->add_option("DIR", *directory)->required();
+    init->callback([=, &command] {
+        command = [directory](Session&) {
+            Lay_Out_Installation(*directory, Parts_Beside(Own_Path()));
+            return Done;
+        };
+    });
+}
+
+void Add_Convert(CLI::App& app, Command& command)
+{
+    auto* convert = app.add_subcommand("convert", "Opens a document (.psm, .sze, .cli) and saves it, with no edit in between");
+    const auto from = std::make_shared<std::string>(), to = std::make_shared<std::string>();
+    convert->add_option("IN", *from)->required();
+    convert->add_option("OUT", *to)->required();
+    convert->callback([=, &command] { command = [=](Session& session) { return Convert_Document(session, *from, *to) ? Done : Refused; }; });
+}
+
+void Add_Show(CLI::App& app, Command& command)
+{
+    auto* show = app.add_subcommand("show", "Prints a document (.psm, .sze, .cli) as JSON");
+    const auto file = std::make_shared<std::string>();
+    show->add_option("FILE", *file)->required();
+    show->callback([=, &command] {
+        command = [=](Session& session) {
+            const auto text = Show_Document(session, *file);
+            std::cout << text.value_or("") << std::flush;
+            return text && std::cout ? Done : Refused;
+        };
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App app("ORVELSUITE without windows");
+    std::string directory = ".";
+    Command command;
+    app.add_option("-C", directory, "The installation directory")->option_text("DIR");
+    app.require_subcommand(1);
+    Add_Init(app, command);
+    Add_Convert(app, command);
+    Add_Show(app, command);
+    Add_Run_Commands(app, command);
+    Add_Result_Commands(app, command);
+    Add_Report_Command(app, command);
+    Add_Series_Command(app, command);
+    Add_Single_Command(app, command);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp& help) {
+        return app.exit(help);
+    } catch (const CLI::ParseError& error) {
+        std::cerr << error.what() << "\n\n" << app.help();
+        return Wrong_Command_Line;
+    }
+    return command ? Run(command, directory) : Wrong_Command_Line;
+}

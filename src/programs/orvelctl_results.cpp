@@ -1,0 +1,88 @@
+#include "core/code_page.h"
+#include "core/text.h"
+#include "programs/orvelctl.h"
+#include "tables/balance_tables.h"
+#include "output/echo_file.h"
+#include "tables/leachate_tables.h"
+#include "tables/soil_concentrations.h"
+
+#include <iostream>
+#include <memory>
+
+namespace {
+
+// Prints the text that a window would show; a failure ends the text early, and is told.
+int Print_Text(std::string_view text, std::string_view failure, std::string_view not_kept)
+{
+    Clear_Progress();
+    std::cout << To_Utf8(Replace_All(std::string(text), CrLf, "\n")) << std::flush;
+    if (!failure.empty() || !not_kept.empty())
+        Tell("File check", failure.empty() ? not_kept : failure);
+    return failure.empty() && std::cout ? Done : Refused;
+}
+
+// The same of a run: what a failed one left ends early too.
+int Print_Table(const std::string& directory, std::string_view text, std::string_view failure, std::string_view not_kept)
+{
+    return Print_Text(text, failure.empty() && Simulation_Failed(directory) ? Simulation_Failed_Text : failure, not_kept);
+}
+
+int Do_Tables(const std::string& directory)
+{
+    const auto tables = Build_Or_Load(directory, Shown_Progress());
+    return Print_Table(directory, tables.Year_Text + tables.Period_Text, tables.Failure, tables.Not_Cached);
+}
+
+int Do_Balance(const std::string& directory, bool monthly)
+{
+    const auto tables = Build_Or_Load_Balance(directory, monthly ? Balance_View::Monthly : Balance_View::Annual, Shown_Progress());
+    return Print_Table(directory, tables.Water_Text + tables.Pesticide_Text, tables.Failure, tables.Not_Cached);
+}
+
+int Do_Pecsoil(const std::string& directory, int depth)
+{
+    const auto soil = Build_Soil_Concentrations(directory, depth, Shown_Progress());
+    return Print_Table(directory, soil.Text, soil.Failure, soil.Not_Written);
+}
+
+void Add_Run_Directory(CLI::App* command, std::string& directory)
+{
+    command->add_option("RUNDIR", directory)->required();
+}
+
+void Add_Tables(CLI::App& app, Command& command)
+{
+    auto* tables = app.add_subcommand("tables", "Print a run's average concentrations in leachate, by year and by period");
+    const auto directory = std::make_shared<std::string>();
+    Add_Run_Directory(tables, *directory);
+    tables->callback([=, &command] { command = [=](Session&) { return Do_Tables(*directory); }; });
+}
+
+void Add_Balance(CLI::App& app, Command& command)
+{
+    auto* balance = app.add_subcommand("balance", "Print a run's water balance and pesticide balances");
+    const auto directory = std::make_shared<std::string>();
+    const auto monthly = std::make_shared<bool>(false);
+    Add_Run_Directory(balance, *directory);
+    balance->add_flag("--monthly", *monthly, "By month, not by year");
+    balance->callback([=, &command] { command = [=](Session&) { return Do_Balance(*directory, *monthly); }; });
+}
+
+void Add_Pecsoil(CLI::App& app, Command& command)
+{
+    auto* pecsoil = app.add_subcommand("pecsoil", "Print a run's concentrations in soil, actual and averaged over time");
+    const auto directory = std::make_shared<std::string>();
+    const auto depth = std::make_shared<int>(0);
+    Add_Run_Directory(pecsoil, *directory);
+    pecsoil->add_option("--depth", *depth, "Depth in layers")->required()->check(CLI::Range(1, 1000))->option_text("LAYERS");
+    pecsoil->callback([=, &command] { command = [=](Session&) { return Do_Pecsoil(*directory, *depth); }; });
+}
+
+} // namespace
+
+void Add_Result_Commands(CLI::App& app, Command& command)
+{
+    Add_Tables(app, command);
+    Add_Balance(app, command);
+    Add_Pecsoil(app, command);
+}

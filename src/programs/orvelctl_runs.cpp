@@ -1,0 +1,127 @@
+#include "core/code_page.h"
+#include "programs/orvelctl.h"
+#include "jobs/run_commands.h"
+
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <unistd.h>
+
+namespace {
+
+struct Mark_Words {
+    std::string Mode, Pesticide, Crop, Location, Output;
+    bool All = false, Replace = false;
+    int Tillage = 0;
+    double Scaling = 0;
+};
+
+// Prints a box; the question about an earlier run is answered with OK where the user has said so beforehand.
+Ask_Function Answering(bool replace)
+{
+    return [replace](const Message& message) {
+        if (replace && message.Buttons.size() > 1)
+            return Button::Ok;
+        Tell(message.Title, message.Text);
+        return message.Default;
+    };
+}
+
+int Do_Mark(Session& session, const Mark_Request& request, bool replace)
+{
+    session.Ask = Answering(replace);
+    const auto runs = Mark(session, request);
+    if (!runs)
+        return Refused;
+    for (const auto& run : *runs)
+        std::cout << To_Utf8(run) << '\n';
+    return std::cout.flush() ? Done : Refused;
+}
+
+void Add_Mark(CLI::App& app, Command& command)
+{
+    auto* mark = app.add_subcommand("mark", "Mark a combination, or all locations of a crop, for the batch");
+    const auto words = std::make_shared<Mark_Words>();
+    Add_Mode(mark, words->Mode);
+    mark->add_option("--pesticide", words->Pesticide)->required()->option_text("NAME.psm");
+    mark->add_option("--crop", words->Crop)->required()->option_text("TEXT");
+    auto* location = mark->add_option("--location", words->Location)->option_text("TEXT");
+    auto* all = mark->add_flag("--all", words->All, "All locations that the crop offers")->excludes(location);
+    mark->add_option("--output", words->Output)->check(CLI::IsMember({"minimum", "recommended"}))->option_text("minimum|recommended");
+    auto* tillage = mark->add_option("--tillage", words->Tillage, "Tillage depth, 1 to 40")->option_text("CM");
+    auto* scaling = mark->add_option("--scaling", words->Scaling, "Added to the temperatures, -5 to 5")->option_text("VALUE");
+    mark->add_flag("--replace", words->Replace, "Replace the results of an earlier run");
+    mark->callback([=, &command] {
+        if (location->count() + all->count() == 0)
+            throw CLI::RequiredError("--location or --all");
+        Mark_Request request{.Kind = Mode_Named(words->Mode)->Kind,
+                             .Pesticide = Bytes_Of(words->Pesticide),
+                             .Crop = Bytes_Of(words->Crop),
+                             .Location = Bytes_Of(words->Location),
+                             .All = words->All};
+        if (!words->Output.empty())
+            request.Output = words->Output == "minimum" ? Output_Option::Minimum : Output_Option::Recommended;
+        if (tillage->count() > 0)
+            request.Tillage = words->Tillage;
+        if (scaling->count() > 0)
+            request.Scaling = words->Scaling;
+        command = [=](Session& session) { return Do_Mark(session, request, words->Replace); };
+    });
+}
+
+int Do_Start(Session& session, const Mode& mode, int jobs, bool wait)
+{
+    if (!wait)
+        return Start(session, mode, jobs) ? Done : Refused;
+    // On a terminal the progress stays on one line; a log gets a line from time to time.
+    const bool terminal = ::isatty(STDERR_FILENO) != 0;
+    const Progress_Report report{.Tell = [terminal](const std::string& text) { std::cerr << (terminal ? "\r" : "") << text << (terminal ? "\033[K" : "\n"); },
+                                 .Interval = terminal ? std::chrono::milliseconds(300) : std::chrono::seconds(5)};
+    if (terminal)
+        session.Ask = [ask = session.Ask](const Message& message) {
+            std::cerr << '\n';
+            return ask(message);
+        };
+    const bool all_well = Start(session, mode, jobs, report);
+    if (terminal && all_well)
+        std::cerr << '\n';
+    return all_well ? Done : Refused;
+}
+
+void Add_Start(CLI::App& app, Command& command)
+{
+    auto* start = app.add_subcommand("start", "Start the job of the pending batch");
+    const auto mode = std::make_shared<std::string>();
+    const auto jobs = std::make_shared<int>(0);
+    const auto wait = std::make_shared<bool>(false);
+    Add_Mode(start, *mode);
+    start->add_option("--jobs", *jobs, "Runs at a time, one per processor if not given")->check(CLI::Range(1, 4096))->option_text("N");
+    start->add_flag("--wait", *wait, "Show progress and return when the job has ended");
+    start->callback([=, &command] { command = [=](Session& session) { return Do_Start(session, *Mode_Named(*mode), *jobs, *wait); }; });
+}
+
+int Do_Status(const Session& session, const Mode& mode, bool json)
+{
+    const auto simulations = Simulation_List(session, mode);
+    std::cout << (json ? Simulation_Json(simulations) : To_Utf8(Simulation_Lines(simulations)));
+    return std::cout.flush() ? Done : Refused;
+}
+
+void Add_Status(CLI::App& app, Command& command)
+{
+    auto* status = app.add_subcommand("status", "List the simulations of a mode");
+    const auto mode = std::make_shared<std::string>();
+    const auto json = std::make_shared<bool>(false);
+    Add_Mode(status, *mode);
+    status->add_flag("--json", *json);
+    status->callback([=, &command] { command = [=](Session& session) { return Do_Status(session, *Mode_Named(*mode), *json); }; });
+}
+
+} // namespace
+
+void Add_Run_Commands(CLI::App& app, Command& command)
+{
+    Add_Mark(app, command);
+    Add_Start(app, command);
+    Add_Status(app, command);
+}

@@ -1,0 +1,128 @@
+#include "tables/daily_diagram.h"
+#include "core/code_page.h"
+#include "core/files.h"
+#include "core/output_variables.h"
+#include "core/text.h"
+#include "programs/orvelctl.h"
+#include "output/parameter_list.h"
+#include "tables/series.h"
+#include "evaluation/utility_table.h"
+
+#include <iostream>
+#include <memory>
+#include <optional>
+
+namespace {
+
+struct Series_Words {
+    std::string Run, From, To, File;
+    int Column = 1;
+    bool Cumulative = false;
+};
+
+// "YYYY-MM" as a month of the simulation, whose years count from 1; nothing for a text that is none.
+std::optional<Run_Month> Month_Of(const std::string& text)
+{
+    const auto dash = text.find('-');
+    const Run_Month month{dash == std::string::npos ? 0 : static_cast<int>(Val(std::string_view(text).substr(dash + 1))), static_cast<int>(Val(text))};
+    return month.Month >= 1 && month.Month <= 12 && month.Year >= 1 ? std::optional(month) : std::nullopt;
+}
+
+// A cell of a table with commas, where the text may hold some.
+std::string Csv_Cell(const std::string& text)
+{
+    return text.find_first_of(",\"") == std::string::npos ? text : "\"" + Replace_All(text, "\"", "\"\"") + "\"";
+}
+
+// Days since the span's begin and value, a line each; `out` takes the text piece by piece.
+template <class Take> void Write_Csv(const Daily_Series& series, const std::string& title, Take out)
+{
+    constexpr std::size_t Piece = 1U << 15U;
+    std::string text = "day," + Csv_Cell(To_Utf8(title)) + "\n";
+    for (const Chart_Point& point : series.Points) {
+        text.append(General_Text(point.X)).append(",").append(General_Text(point.Y)).append("\n");
+        if (text.size() >= Piece) {
+            out(text);
+            text.clear();
+        }
+    }
+    out(text);
+}
+
+// The column as the list of series names it; by its code where the run's files do not tell.
+std::string Item_Of(const std::string& run, const Plot_Column& column, int number)
+{
+    const auto& name = Output_Variables[static_cast<std::size_t>(Output_Variable_Number(column.Plot_Code))].Out_Label;
+    for (const Parameter_Item& item : Parameters_Of_Run(run)) {
+        if (item.Column == number && item.Text.starts_with(name))
+            return item.Text;
+    }
+    return column.Plot_Code + " at " + General_Text(column.Plot_Depth) + " cm";
+}
+
+// The words by which the picture is painted.
+std::vector<std::string> Paint_Words(const Session& session, const Series_Words& words, const Daily_Request& request, const std::string& item)
+{
+    const auto month = [](const Run_Month& at) { return std::to_string(at.Year) + "-" + std::to_string(at.Month); };
+    return {"series",
+            session.Program.App_Path.string(),
+            words.Run,
+            std::to_string(words.Column),
+            item,
+            std::to_string(request.Variable),
+            request.Cumulative ? "1" : "0",
+            month(request.From),
+            month(request.To),
+            words.File};
+}
+
+int Do_Series(const Session& session, const Series_Words& words)
+{
+    const Plot_Head head = Read_Plot_Head(words.Run);
+    if (!head.Whole || words.Column > head.N_Columns || static_cast<std::size_t>(words.Column) > head.Columns.size()) {
+        Tell("File check", head.Whole ? "The run has " + std::to_string(head.N_Columns) + " columns only." : "The run has no plot.orv.");
+        return Refused;
+    }
+    const bool single = !Is_Of_A_Batch(words.Run);
+    if (!std::filesystem::exists(Calendar_File(session, words.Run, single))) {
+        Tell("File check", "The calendar datum.dat is missing: name the installation of the run with -C DIR.");
+        return Refused;
+    }
+    const auto from = Month_Of(words.From.empty() ? "1-1" : words.From);
+    const auto to = Month_Of(words.To.empty() ? std::to_string(std::max(1, head.Months / 12)) + "-12" : words.To);
+    if (!from || !to) {
+        Tell("File check", "A month is written as YYYY-MM, with the year of the simulation from 1.");
+        return Refused;
+    }
+    const Plot_Column& column = head.Columns[static_cast<std::size_t>(words.Column) - 1];
+    const Daily_Request request{.Variable = Output_Variable_Number(column.Plot_Code), .Cumulative = words.Cumulative, .From = *from, .To = *to};
+    const std::string item = Item_Of(words.Run, column, words.Column);
+    const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
+    if (ending == ".svg" || ending == ".png" || ending == ".pdf")
+        return Paint(Paint_Words(session, words, request, item));
+    const auto series = Read_Daily_Series(session, words.Run, single, words.Column, request);
+    const std::string title = Daily_Title(request, item);
+    if (words.File.empty()) {
+        Write_Csv(series, title, [](const std::string& piece) { std::cout.write(piece.data(), static_cast<std::streamsize>(piece.size())); });
+        return std::cout.flush() ? Done : Refused;
+    }
+    std::string csv;
+    Write_Csv(series, title, [&](const std::string& piece) { csv += piece; });
+    Write_Whole(words.File, csv);
+    return Done;
+}
+
+} // namespace
+
+void Add_Series_Command(CLI::App& app, Command& command)
+{
+    auto* series = app.add_subcommand("series", "Print one series of a run's plot.orv, or save it as a picture");
+    const auto words = std::make_shared<Series_Words>();
+    series->add_option("RUNDIR", words->Run)->required();
+    series->add_option("--column", words->Column, "Value column, from 1")->required()->check(CLI::Range(1, 10000))->option_text("N");
+    series->add_flag("--cumulative", words->Cumulative);
+    series->add_option("--from", words->From)->option_text("YYYY-MM");
+    series->add_option("--to", words->To)->option_text("YYYY-MM");
+    series->add_option("--to-file", words->File, ".csv, .svg, .png or .pdf")->option_text("F");
+    series->callback([=, &command] { command = [=](Session& session) { return Do_Series(session, *words); }; });
+}

@@ -1,0 +1,80 @@
+// The job runner: orveljob [--jobs N] [--lock DESCRIPTOR] MODE_DIRECTORY runs the job file of a mode directory and keeps its log.
+#include "core/error.h"
+#include "core/system/lock.h"
+#include "jobs/job.h"
+
+#include <charconv>
+#include <cstdio>
+#include <fcntl.h>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace {
+
+enum Exit_Code { All_Finished = 0, A_Run_Failed = 1, Wrong_Use = 2, Already_Running = 3 };
+
+struct Command_Line {
+    int Jobs = 0;
+    int Lock_Number = -1; // a descriptor that already holds the lock of the directory
+    std::filesystem::path Directory;
+};
+
+std::optional<int> Whole_Number(std::string_view text)
+{
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number < 0)
+        return std::nullopt;
+    return number;
+}
+
+std::optional<Command_Line> Parse(int count, char** arguments)
+{
+    Command_Line line;
+    for (int i = 1; i < count; ++i) {
+        const std::string_view word = arguments[i];
+        if (word == "--jobs" || word == "--lock") {
+            const auto number = i + 1 < count ? Whole_Number(arguments[i + 1]) : std::nullopt;
+            if (!number)
+                return std::nullopt;
+            (word == "--jobs" ? line.Jobs : line.Lock_Number) = *number;
+            ++i;
+        } else if (line.Directory.empty() && !word.starts_with("--")) {
+            line.Directory = word;
+        } else {
+            return std::nullopt;
+        }
+    }
+    return line.Directory.empty() ? std::nullopt : std::optional(line);
+}
+
+int Work(const Command_Line& line)
+try {
+    const auto directory = std::filesystem::canonical(line.Directory);
+    std::optional<Lock> lock;
+    if (line.Lock_Number >= 0) {
+        ::fcntl(line.Lock_Number, F_SETFD, FD_CLOEXEC); // no engine shall hold the job's lock
+    } else {
+        lock = Lock::Take(directory);
+        if (!lock) {
+            std::fprintf(stderr, "A job is running in %s already.\n", directory.c_str());
+            return Already_Running;
+        }
+    }
+    return Run_Job(directory, line.Jobs).Failed == 0 ? All_Finished : A_Run_Failed;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return Wrong_Use;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const auto line = Parse(argc, argv);
+    if (line)
+        return Work(*line);
+    std::fputs("Usage: orveljob [--jobs N] MODE_DIRECTORY\n", stderr);
+    return Wrong_Use;
+}

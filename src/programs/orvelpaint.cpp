@@ -1,0 +1,67 @@
+// Paints what orvelctl was asked for: a series of a run as a picture, or the report as a document.
+//   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE    with months as YEAR-MONTH
+//   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE                              with codes parted by commas, or none
+#include "tables/daily_diagram.h"
+#include "charts/painting/chart_files.h"
+#include "core/code_page.h"
+#include "core/error.h"
+#include "core/numbers.h"
+#include "report/painting/report_files.h"
+#include "tables/series.h"
+#include "evaluation/utility_table.h"
+#include "runs/start_up.h"
+
+#include <iostream>
+#include <memory>
+#include <QGuiApplication>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+Run_Month Month_Of(const std::string& text)
+{
+    return {static_cast<int>(Val(std::string_view(text).substr(text.find('-') + 1))), static_cast<int>(Val(text))};
+}
+
+void Paint_Series(Session& session, const Words& words)
+{
+    const Daily_Request request{
+        .Variable = static_cast<int>(Val(words[4])), .Cumulative = words[5] == "1", .From = Month_Of(words[6]), .To = Month_Of(words[7])};
+    const Daily_Series series = Read_Daily_Series(session, words[1], !Is_Of_A_Batch(words[1]), static_cast<int>(Val(words[2])), request);
+    Save_Chart(Daily_Diagram(series, request, words[3], X_Unit::Years), words[8]);
+}
+
+void Paint_Report(Session& session, const Words& words)
+{
+    Find_Engine(session);
+    const auto bytes = [](const std::string& word) { return From_Utf8(word).value_or(""); };
+    const auto requests = Request_Summaries(session, *Mode_Named(words[1]), bytes(words[2]), bytes(words[3]), Codes_In(words[4]));
+    Save_Report(session, requests, words[5]);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+try {
+    Words words(argv + 1, argv + argc);
+    const std::string what = words.empty() ? "" : words.front();
+    const bool is_series = what == "series" && words.size() == 10;
+    if (!is_series && !(what == "report" && words.size() == 7 && Mode_Named(words[2]) != nullptr))
+        return 2;
+    words.erase(words.begin());
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // no display is needed
+    QGuiApplication application(argc, argv);
+    const auto session = std::make_unique<Session>();
+    session->Program.App_Path = words[0];
+    if (is_series)
+        Paint_Series(*session, words);
+    else
+        Paint_Report(*session, words);
+    return 0;
+} catch (const File_Error& error) {
+    std::cerr << "File check: " << error.what() << '\n';
+    return 1;
+}

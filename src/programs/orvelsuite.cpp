@@ -1,0 +1,28 @@
+// The desktop program. It is started in its installation directory and takes no command line.
+#include "ui/forms/dark_outlines.h"
+#include "desktop/forms/start.h"
+#include "ui/forms/widgets.h"
+#include "runs/start_up.h"
+
+#include <iostream>
+#include <memory>
+#include <QApplication>
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("ORVELSUITE");
+    Show_Outlines_In_The_Dark();
+
+    const auto session = std::make_unique<Session>();
+    session->Program.App_Path = std::filesystem::current_path();
+    session->Ask = Ask_In_Box;
+    if (!Start_Up(*session)) {
+        std::cerr << "ORVELSUITE cannot write in " << session->Program.App_Path.string() << ".\n";
+        return 1;
+    }
+    Check_Decimal_Separator(*session, General_Text(3.5)); // as this program prints numbers, whatever the locale
+    Start start(*session);
+    start.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/session.h"
+#include "tables/forms/building_form.h"
+#include "report/summary_report.h"
+
+class Chart_View;
+class QPlainTextEdit;
+
+// The summary of one pesticide and crop over all locations: as text, and as a bar diagram per substance.
+class Zusammenfassung_orv : public Building_Form {
+    Q_OBJECT
+
+public:
+    Zusammenfassung_orv(Session& session, Summary_Request request, QWidget* parent = nullptr);
+
+protected:
+    void Build(const Progress& progress) override;
+    void Show_Built() override;
+
+private:
+    bool Shows_Diagram() const;
+    void S_Diagramm_Click();
+    void Next_Substance();
+    void Draw();
+    void Copy();
+    void Print();
+    void Speichern();
+
+    Session& Shared;
+    const Summary_Request Request;
+    std::optional<Summary> Built_Report;
+    std::size_t Substance = 0;
+    QPlainTextEdit* Ergebnis = nullptr;
+    Chart_View* Diagramm = nullptr;
+    QPushButton* S_Diagramm = nullptr;
+};

@@ -1,0 +1,298 @@
+#include "report/report.h"
+
+#include "core/code_page.h"
+#include "core/files.h"
+#include "core/locations.h"
+#include "core/sha256.h"
+#include "core/text.h"
+#include "files/pesticide_file.h"
+#include "tables/leachate_text.h"
+#include "report/report_chart.h"
+#include "jobs/run_tree.h"
+#include "jobs/job_status.h"
+#include "core/shown_path.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int Conc_Decimals = 3, Figure_Width = 12;
+constexpr std::string_view Not_Regulatory = "not for regulatory use";
+
+// A file of a directory, found in any case, with its digest. Nothing is left empty without being seen: a name without a digest is told.
+Checked_File Checked(const fs::path& directory, const fs::path& name)
+{
+    const fs::path file = Found_Or_New(directory, name);
+    try {
+        return {Shown(file.filename().string()), Sha256_Of_File(file)};
+    } catch (const File_Error&) {
+        return {Shown(file.filename().string()), {}};
+    }
+}
+
+Checked_File First_Checked(const fs::path& directory, std::string_view mask)
+{
+    const auto names = List_Files(directory, mask);
+    return names.empty() ? Checked_File() : Checked(directory, names.front());
+}
+
+std::vector<Report_Use> Read_Uses(const fs::path& directory, const Checked_File& pesticide, std::string_view location)
+try {
+    const auto document = std::make_unique<Pesticide_Document>();
+    Parse_PSM(Read_Whole(Found_Or_New(directory, Path_Of(pesticide.Name))), *document);
+    return Uses_Of(*document, location);
+} catch (const File_Error&) {
+    return {};
+}
+
+// Why a simulation can have no result, before its files are looked into.
+std::string Problem_Of(const fs::path& directory)
+{
+    switch (Status_Of_Run(directory)) {
+    case Run_Status::Scheduled:
+        return "The simulation has not been run yet.";
+    case Run_Status::Running:
+        return "The simulation is still at work.";
+    case Run_Status::Data_Available:
+        break;
+    }
+    switch (Result_Of_Run(directory)) {
+    case Run_Result::Error:
+        return "The simulation failed: the engine reports an error.";
+    case Run_Result::Killed:
+        return "The simulation failed: the engine was ended before it had finished.";
+    default:
+        return {};
+    }
+}
+
+Report_Run Run_Of(const Summary_Location& location, const std::string& stem)
+{
+    Report_Run run{.Location = location.Text, .Problem = Problem_Of(location.Directory), .Date = Date_Of_Simulation(location.Directory)};
+    run.Pesticide = Checked(location.Directory, Path_Of(stem + ".psm"));
+    run.Scenario = First_Checked(location.Directory, "*.sze");
+    run.Run_Control = Checked(location.Directory, "orvel.inp");
+    run.Uses = Read_Uses(location.Directory, run.Pesticide, location.Text);
+    return run;
+}
+
+// The substances' names of a run, in its order.
+std::vector<std::string> Names_Of(const Leachate_Tables& tables)
+{
+    constexpr std::string_view Result_Begin = "Results for ";
+    std::vector<std::string> names;
+    for (const auto& name : tables.Result_Name)
+        names.push_back(name.substr(name.starts_with(Result_Begin) ? Result_Begin.size() : 0));
+    return names;
+}
+
+// The figures as period.orv prints them, so that they do not depend on whether it was there before, and the limit's mark never disagrees with the table.
+Leachate_Row Printed(const Leachate_Row& row)
+{
+    const auto figure = [](double value) { return Val(Number_Text('F', value, Figure_Width)); };
+    return {figure(row.Flux), figure(row.Percolate), Val(Fixed_Text(row.Conc, Conc_Decimals))};
+}
+
+// Gathers one crop. The summary goes with it, since the diagrams are drawn from that.
+class Crop_Gathering {
+public:
+    Crop_Gathering(const Summary_Request& asked, Report_Crop& gathered) : Asked(asked), Crop(gathered) { Crop.Name = asked.Crop; }
+
+    // False: the user stopped it.
+    bool Gather(const Progress& progress)
+    {
+        for (const auto& location : Asked.Locations) {
+            Crop.Runs.push_back(Run_Of(location, Asked.Pesticide));
+            Drawn.Location_Short.push_back(Short_Name(location.Text));
+            if (Crop.Runs.back().Problem.empty() && !Add_Results(location, progress))
+                return false;
+        }
+        for (const auto& missing : Asked.Missing)
+            Crop.Runs.push_back({.Location = missing, .Problem = "The location was not simulated."});
+        for (std::size_t s = 0; s < Crop.Tables.size(); ++s)
+            Crop.Tables[s].Diagram = Report_Chart(Drawn, s);
+        return true;
+    }
+
+private:
+    bool Add_Results(const Summary_Location& location, const Progress& progress)
+    {
+        bool stopped = false;
+        const auto tables = Build_Or_Load(
+            location.Directory,
+            [&](const std::string& message, double share) {
+                stopped = progress && !progress(message, (static_cast<double>(Crop.Runs.size()) - 1 + share) / static_cast<double>(Asked.Locations.size()));
+                return !stopped;
+            },
+            Period_Index);
+        Period_Index = tables.Period_Index;
+        Report_Run& run = Crop.Runs.back();
+        run.Problem = tables.Failure;
+        if (run.Problem.empty())
+            run.Problem = Take(tables, location.Text, run);
+        return !stopped;
+    }
+
+    // Gives the problem of tables that cannot be taken.
+    std::string Take(const Leachate_Tables& tables, std::string_view location, Report_Run& run)
+    {
+        const auto& periods = tables.Period[static_cast<std::size_t>(Depth::One_Metre)];
+        const auto names = Names_Of(tables);
+        if (periods.empty() || names.size() != periods.size())
+            return "The simulation's tables and its substances do not agree.";
+        if (Crop.Tables.empty())
+            Name_Substances(names, tables);
+        if (!std::ranges::equal(names, Crop.Tables, {}, {}, &Report_Table::Substance))
+            return "The simulation has other substances than that of the first location.";
+        run.Years = static_cast<int>(tables.Year[0].front().Rows.size());
+        run.Titles = Parse_Leachate(tables.Period_Bytes).Titles;
+        Gather_Percentiles(Drawn, Crop.Runs.size() - 1, location, tables.Period_Bytes);
+        for (std::size_t s = 0; s < periods.size(); ++s)
+            Crop.Tables[s].Results.push_back(Result_Out_Of(periods[s], tables.Period_Index));
+        return {};
+    }
+
+    void Name_Substances(const std::vector<std::string>& names, const Leachate_Tables& tables)
+    {
+        for (std::size_t s = 0; s < names.size(); ++s) {
+            Crop.Tables.push_back({names[s], {}, {}});
+            Drawn.Substances.push_back({tables.Result_Name[s], {}, 0});
+        }
+    }
+
+    Report_Result Result_Out_Of(const Leachate_Table& periods, int period_index) const
+    {
+        const auto selected = [&](int number) {
+            if (number < 1 || static_cast<std::size_t>(number) > periods.Rows.size())
+                return Selected_Period();
+            return Selected_Period{number, Years_Of_Period(number, period_index), Printed(periods.Rows[static_cast<std::size_t>(number) - 1]).Conc};
+        };
+        Report_Result result{Crop.Runs.size() - 1, Printed(periods.Result.P80), selected(periods.Result.A), selected(periods.Result.B)};
+        result.Above_Limit = result.P80.Conc > Drinking_Water_Limit;
+        return result;
+    }
+
+    const Summary_Request& Asked;
+    Report_Crop& Crop;
+    Summary Drawn;
+    int Period_Index = 0;
+};
+
+std::string List_Of(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const auto& name : names)
+        text += (text.empty() ? "" : "; ") + name;
+    return text;
+}
+
+// Adds a note on locations, by their crops: "BEGINNING: Hamburg (H); Porto (O)." `places` gives those of the crop at a place among the crops.
+template <class Places> void Note_Places(Report& report, std::string_view beginning, Places places)
+{
+    std::string note;
+    for (std::size_t i = 0; i < report.Crops.size(); ++i) {
+        const std::string names = places(i);
+        if (!names.empty())
+            note += (note.empty() ? "" : "; ") + (report.Crops.size() > 1 ? report.Crops[i].Name + ": " : "") + names;
+    }
+    if (!note.empty())
+        report.Notes.push_back(std::string(beginning) + ": " + note + ".");
+}
+
+// Adds a note on all runs for which a condition holds.
+template <class Condition> void Note_Runs(Report& report, std::string_view beginning, Condition holds)
+{
+    Note_Places(report, beginning, [&](std::size_t crop) {
+        std::vector<std::string> names;
+        for (const auto& run : report.Crops[crop].Runs) {
+            if (holds(run))
+                names.push_back(run.Location);
+        }
+        return names.size() > 1 && names.size() == report.Crops[crop].Runs.size() ? "all locations" : List_Of(names);
+    });
+}
+
+// A note for each kind of problem, with all runs that have it.
+void Note_Problems(Report& report)
+{
+    std::vector<std::string> problems;
+    for (const auto& crop : report.Crops) {
+        for (const auto& run : crop.Runs) {
+            if (!run.Problem.empty() && std::ranges::find(problems, run.Problem) == problems.end())
+                problems.push_back(run.Problem);
+        }
+    }
+    for (const auto& problem : problems)
+        Note_Runs(report, problem.substr(0, problem.size() - 1), [&](const Report_Run& run) { return run.Problem == problem; });
+}
+
+// The engine is known by the file of the installation: one that is newer than a run cannot have made it.
+void Note_Engine(const Session& session, const std::vector<Summary_Request>& crops, Report& report)
+{
+    std::error_code missing;
+    const auto engine_time = fs::last_write_time(Found_Or_New(session.Program.App_Path, Path_Of(session.Program.Engine_Exe)), missing);
+    const bool no_engine = session.Program.Engine_Exe.empty() || missing || report.Engine_File.Sha256.empty();
+    if (no_engine)
+        report.Notes.push_back("The engine is not in the installation any more: its checksum cannot be given.");
+    bool newer = false;
+    for (const auto& crop : crops) {
+        for (const auto& location : crop.Locations) {
+            const auto echo_time = fs::last_write_time(Found_Or_New(location.Directory, "echo.orv"), missing);
+            newer = newer || (!missing && !no_engine && engine_time > echo_time);
+        }
+    }
+    if (newer)
+        report.Notes.push_back("The engine's file is newer than some of the simulations: its checksum need not be that of the engine that computed them.");
+}
+
+void Note_Inputs(const Session& session, Report& report)
+{
+    const auto present = Checked(session.Program.App_Path, Path_Of(report.Pesticide + ".psm"));
+    Note_Runs(report, "The pesticide file of the installation differs from the one that was simulated",
+              [&](const Report_Run& run) { return !present.Sha256.empty() && !run.Pesticide.Sha256.empty() && run.Pesticide.Sha256 != present.Sha256; });
+    Note_Runs(report, "The pesticide file that was simulated is missing",
+              [](const Report_Run& run) { return !run.Pesticide.Name.empty() && run.Pesticide.Sha256.empty(); });
+    Note_Runs(report, "No year was evaluated, since the six years of warm-up do not count",
+              [](const Report_Run& run) { return run.Problem.empty() && run.Years <= static_cast<int>(Warm_Up_Years); });
+    Note_Runs(report, "Data of these simulations are marked \"" + std::string(Not_Regulatory) + "\"", [](const Report_Run& run) {
+        return std::ranges::any_of(run.Titles, [](const std::string& title) { return Contains(Lower(title), Not_Regulatory); });
+    });
+}
+
+} // namespace
+
+std::optional<Report> Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made, const Progress& progress)
+{
+    Report report{.Title = "Leaching to groundwater: summary report", .Program = session.Program.Aktuelle_ORVELSUITE_Version, .Made = Date_Text(made)};
+    for (std::size_t i = 0; i < crops.size(); ++i) {
+        report.Engine = crops[i].Model_Version;
+        report.Pesticide = crops[i].Pesticide;
+        const auto tell = [&](const std::string& message, double share) {
+            return !progress || progress(message, (static_cast<double>(i) + share) / static_cast<double>(crops.size()));
+        };
+        if (!Crop_Gathering(crops[i], report.Crops.emplace_back()).Gather(tell))
+            return std::nullopt;
+    }
+    if (!session.Program.Engine_Exe.empty())
+        report.Engine_File = Checked(session.Program.App_Path, Path_Of(session.Program.Engine_Exe));
+    Note_Problems(report);
+    Note_Places(report, "Further locations of the crop, not simulated", [&](std::size_t crop) { return List_Of(crops[crop].Absent); });
+    Note_Engine(session, crops, report);
+    Note_Inputs(session, report);
+    return report;
+}
+
+const Report_Result* Result_Of(const Report_Table& table, std::size_t run)
+{
+    const auto found = std::ranges::find(table.Results, run, &Report_Result::Run);
+    return found == table.Results.end() ? nullptr : &*found;
+}
+
+std::string Years_Of_Period(int period, int period_index)
+{
+    const int years = period_index + 1, first = static_cast<int>(Warm_Up_Years) + (period - 1) * years + 1;
+    return std::to_string(first) + (years > 1 ? " to " + std::to_string(first + years - 1) : "");
+}

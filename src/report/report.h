@@ -1,0 +1,83 @@
+#pragma once
+
+#include "charts/chart.h"
+#include "tables/leachate_tables.h"
+#include "report/report_uses.h"
+#include "report/summary_report.h"
+
+#include <ctime>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+// Everything that a dossier asks of a pesticide's simulations: who computed it out of what, the uses, the tables with their limit, the diagrams,
+// and what is missing. One record, and a writer for each form. Texts are bytes of Windows-1252.
+
+struct Checked_File {
+    std::string Name, Sha256; // no digest: the file could not be read
+    bool operator==(const Checked_File&) const = default;
+};
+
+// A location's simulation.
+struct Report_Run {
+    std::string Location;            // "Hamburg (H)"
+    std::string Problem;             // why it has no result, a sentence; empty: it has one
+    std::string Date;                // of the simulation
+    int Years = 0;                   // simulated, warm-up included
+    std::vector<std::string> Titles; // what the engine's output says of engine, scenario and pesticide
+    Checked_File Pesticide, Scenario, Run_Control;
+    std::vector<Report_Use> Uses;
+};
+
+// One of the two periods whose mean concentration is the percentile.
+struct Selected_Period {
+    int Number = 0;    // 0: no year was evaluated
+    std::string Years; // of the simulation: "17", "15 to 16"
+    double Conc = 0;   // ug/L
+    bool operator==(const Selected_Period&) const = default;
+};
+
+struct Report_Result {
+    std::size_t Run = 0; // place among the crop's runs
+    Leachate_Row P80;    // as printed: mean concentration, sums of flux and percolate
+    Selected_Period A, B;
+    bool Above_Limit = false;
+};
+
+// The results of a substance at 1 m depth, one for each run that has any.
+struct Report_Table {
+    std::string Substance;
+    std::vector<Report_Result> Results;
+    Chart Diagram;
+};
+
+struct Report_Crop {
+    std::string Name;
+    std::vector<Report_Run> Runs;
+    std::vector<Report_Table> Tables;
+};
+
+struct Report {
+    std::string Title;
+    std::string Program, Engine; // versions
+    std::string Pesticide;       // stem of its file
+    std::string Made;            // date
+    Checked_File Engine_File;
+    std::vector<Report_Crop> Crops;
+    std::vector<std::string> Notes; // what a reader must know before relying on the figures, sentences
+};
+
+// Gathers the report of the summaries' simulations, one request a crop; tables that are missing are built and kept first. A simulation that failed, is at
+// work or was never run has a problem in place of its results. Nothing: the user stopped it.
+std::optional<Report> Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made, const Progress& progress = {});
+
+// The result of a crop's run in a table, or nullptr.
+const Report_Result* Result_Of(const Report_Table& table, std::size_t run);
+
+// The years of the simulation that make up a period, which holds `period_index` + 1 of them.
+std::string Years_Of_Period(int period, int period_index);
+
+// What all forms of the report say.
+constexpr std::string_view Report_Depth_Text = "80th percentile of the concentration in the percolate at 1 m soil depth";
+constexpr std::string_view Above_Limit_Text = "above 0.1 \xB5g/L";

@@ -1,0 +1,42 @@
+#include "report/report_chart.h"
+
+#include "charts/scale.h"
+
+namespace {
+
+constexpr double Half_Width = 0.2;
+constexpr std::string_view Result_Begin = "Results for ";
+
+std::string_view Name_Of_Substance(std::string_view result_name)
+{
+    return result_name.starts_with(Result_Begin) ? result_name.substr(Result_Begin.size()) : result_name;
+}
+
+} // namespace
+
+Chart Report_Chart(const Summary& report, std::size_t substance)
+{
+    Chart chart;
+    chart.X.Title = "Location";
+    if (substance >= report.Substances.size())
+        return chart;
+    const Summary_Substance& drawn = report.Substances[substance];
+    chart.Title = "80th Percentile Conc. of " + std::string(Name_Of_Substance(drawn.Result_Name)) + " in leachate [\xB5g/L]";
+    for (std::size_t i = 0; i < report.Location_Short.size(); ++i)
+        chart.X.Ticks.push_back({static_cast<double>(i + 1), Tick_Rank::Big, report.Location_Short[i]});
+    bool below = false, above = false;
+    for (const Summary_Row& row : drawn.Rows) {
+        const auto at = static_cast<double>(row.Location + 1);
+        const bool exceeds = row.P80.Conc > Drinking_Water_Limit;
+        (exceeds ? above : below) = true;
+        chart.Boxes.push_back({exceeds ? Colour::Marked : Colour::Series, at - Half_Width, at + Half_Width, row.P80.Conc, row.Name});
+    }
+    if (below)
+        chart.Key.push_back({Colour::Series, "up to 0.1 \xB5g/L"});
+    if (above)
+        chart.Key.push_back({Colour::Marked, "above 0.1 \xB5g/L"});
+    chart.X.High = static_cast<double>(report.Location_Short.size());
+    chart.Y = Value_Axis(0, drawn.Location_Max);
+    chart.Frame = Frame_Around(chart.X, chart.Y);
+    return chart;
+}

@@ -1,0 +1,95 @@
+#include "core/code_page.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "report/report_forms.h"
+
+namespace {
+
+constexpr int Conc_Decimals = 3;
+constexpr std::string_view Byte_Order_Mark = "\xEF\xBB\xBF"; // by which spreadsheets know UTF-8
+
+// A field in quotes where it holds what a reader could take for the end of one; some read semicolons so.
+std::string Field(std::string_view text)
+{
+    const bool plain = text.find_first_of(",;\"\r\n\t") == std::string_view::npos && text == Trim(text);
+    return plain ? std::string(text) : "\"" + Replace_All(std::string(text), "\"", "\"\"") + "\"";
+}
+
+std::string Line_Of(const std::vector<std::string>& fields)
+{
+    std::string line;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        line += (i == 0 ? "" : ",") + Field(fields[i]);
+    return line.append(CrLf);
+}
+
+std::string Uses_Text(const std::vector<Report_Use>& uses)
+{
+    std::string text;
+    for (const auto& use : uses)
+        text += (text.empty() ? "" : "; ") + use.Rate + ", " + use.Date + ", " + use.Years + ", " + use.Place;
+    return text;
+}
+
+// The figures of a result; empty fields without one.
+std::vector<std::string> Figures(const Report_Result* result)
+{
+    if (result == nullptr)
+        return std::vector<std::string>(10);
+    const auto period = [](const Selected_Period& selected) { return selected.Number == 0 ? "" : std::to_string(selected.Number); };
+    return {Fixed_Text(result->P80.Conc, Conc_Decimals),
+            result->Above_Limit ? "yes" : "no",
+            period(result->A),
+            result->A.Years,
+            Fixed_Text(result->A.Conc, Conc_Decimals),
+            period(result->B),
+            result->B.Years,
+            Fixed_Text(result->B.Conc, Conc_Decimals),
+            General_Text(result->P80.Flux),
+            General_Text(result->P80.Percolate)};
+}
+
+} // namespace
+
+std::string Report_Csv(const Report& report)
+{
+    std::string csv = Line_Of({"Crop",
+                               "Substance",
+                               "Location",
+                               "80th percentile (\xB5g/L)",
+                               "Above 0.1 \xB5g/L",
+                               "Period A",
+                               "Years of A",
+                               "Concentration of A (\xB5g/L)",
+                               "Period B",
+                               "Years of B",
+                               "Concentration of B (\xB5g/L)",
+                               "Flux (g/ha)",
+                               "Percolate (L/m\xB2)",
+                               "Problem",
+                               "Uses",
+                               "Simulated on",
+                               "Years",
+                               "Pesticide file",
+                               "SHA-256 of the pesticide file",
+                               "Engine",
+                               "SHA-256 of the engine",
+                               "Program"});
+    for (const auto& crop : report.Crops) {
+        // Without any result the runs still tell their problems.
+        const std::vector<Report_Table> none(1);
+        for (const auto& table : crop.Tables.empty() ? none : crop.Tables) {
+            for (std::size_t r = 0; r < crop.Runs.size(); ++r) {
+                const auto& run = crop.Runs[r];
+                std::vector<std::string> fields = {crop.Name, table.Substance, run.Location};
+                for (const auto& figure : Figures(Result_Of(table, r)))
+                    fields.push_back(figure);
+                for (const auto& field : {run.Problem, Uses_Text(run.Uses), run.Date, run.Years > 0 ? std::to_string(run.Years) : "", run.Pesticide.Name,
+                                          run.Pesticide.Sha256, report.Engine_File.Name, report.Engine_File.Sha256, report.Program})
+                    fields.push_back(field);
+                csv += Line_Of(fields);
+            }
+        }
+    }
+    return std::string(Byte_Order_Mark) + To_Utf8(csv);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "report/report.h"
+
+#include <string>
+#include <vector>
+
+// The report in its order, as headings, sentences, tables and diagrams: what every form with a page shows, so that no two of them differ.
+
+struct Report_Column {
+    std::string Head;
+    bool Is_Number = false; // right-aligned
+};
+
+struct Report_Line {
+    std::vector<std::string> Cells; // as many as the table has columns, or one that takes the place of all behind the first
+    bool Marked = false;            // above the limit
+};
+
+struct Report_Grid {
+    std::vector<Report_Column> Columns; // without any head the first column names what the second holds
+    std::vector<Report_Line> Lines;
+};
+
+struct Report_Section {
+    int Level = 1; // of the heading: 1 the report, 2 its parts, 3 parts of these
+    std::string Heading;
+    std::vector<std::string> Sentences;
+    Report_Grid Grid;
+    const Chart* Diagram = nullptr; // of the report, which must live as long
+    bool Begins_A_Page = false;
+    bool Is_Warning = false;
+};
+
+std::vector<Report_Section> Sections_Of(const Report& report);

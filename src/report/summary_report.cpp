@@ -1,0 +1,220 @@
+#include "report/summary_report.h"
+
+#include "output/table_lines.h"
+#include "core/code_page.h"
+#include "core/files.h"
+#include "core/locations.h"
+#include "core/text.h"
+#include "output/echo_file.h"
+#include "tables/leachate_text.h"
+#include "jobs/run_tree.h"
+#include "runs/crops.h"
+#include "core/shown_path.h"
+
+#include <algorithm>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view Directory_End = ".run";
+constexpr std::string_view All_Crops = "all";
+constexpr std::string_view Bottom_Title = "percolate at the bottom of the simulated soil core";
+constexpr std::string_view Percentile_Mark = "80 Perc";
+constexpr std::size_t Figures_First = 10; // of a percentile row, 1-based
+constexpr std::size_t Figures_Width = 100;
+constexpr std::size_t Conc_First = 42;
+constexpr std::size_t Name_Width = 17;
+constexpr std::size_t Most_Padding = 10;
+constexpr std::size_t Rule_Length = 82;
+
+const Message Output_Problem = {"File check", "Problem with output files. Probably, one of the simulations failed!"};
+
+// The directory of the next level: its name encodes the text.
+fs::path Level(const fs::path& above, std::string_view text)
+{
+    const auto found = Find_File(above, Path_Of(Name_Encode(std::string(text).append(Directory_End))));
+    if (!found || !fs::is_directory(*found))
+        throw File_Error("There are no simulations of " + To_Utf8(text) + " in " + above.string() + ".");
+    return *found;
+}
+
+// A short name gets ten blanks at most, so the columns of names below seven characters do not line up.
+std::string Padded(std::string name)
+{
+    if (name.size() < Name_Width)
+        name.append(std::min(Most_Padding, Name_Width - name.size()), ' ');
+    return name;
+}
+
+Summary_Row Row_Of(std::size_t location, std::string_view location_text, std::string_view line)
+{
+    Summary_Row row{.Location = location};
+    row.Name = location_text.substr(0, location_text.find(')') + 1); // npos + 1 is 0: no name
+    row.Figures = Dos_To_Ansi(Columns(line, Figures_First, Figures_Width));
+    const auto result = Parse_Percentile(line);
+    row.P80 = result.P80;
+    row.P80.Conc = Val(Columns(line, Conc_First, Figures_Width));
+    row.A = result.A;
+    row.B = result.B;
+    return row;
+}
+
+Summary Collect(const Summary_Request& request)
+{
+    if (request.Locations.empty() || request.Locations.size() > Most_Summary_Locations)
+        throw File_Error("A report takes one to ten locations.");
+    Summary report{request.Model_Version, request.Date, request.Pesticide, request.Crop, {}, {}};
+    for (const auto& name : Read_Substance_Names(request.Locations.front().Directory))
+        report.Substances.push_back({"Results for " + name, {}, 0});
+    for (std::size_t i = 0; i < request.Locations.size(); ++i) {
+        const auto& location = request.Locations[i];
+        report.Location_Short.push_back(Short_Name(location.Text));
+        Gather_Percentiles(report, i, location.Text, Read_Whole(Found_Or_New(location.Directory, "period.orv")));
+    }
+    return report;
+}
+
+} // namespace
+
+std::string Short_Name(std::string_view text)
+{
+    const auto bracket = text.find('(');
+    return bracket == std::string_view::npos ? "" : std::string(text.substr(bracket + 1, 1));
+}
+
+Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop)
+{
+    const auto directory = Level(Level(Mode_Directory(session, mode), stem), crop);
+    Summary_Request request{session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}};
+    for (const auto& name : List_Directories(directory, "*" + std::string(Directory_End))) {
+        const auto text = Shown(name);
+        request.Locations.push_back({Name_Decode(text.substr(0, text.size() - Directory_End.size())), directory / name});
+    }
+    if (!request.Locations.empty())
+        request.Date = Date_Of_Simulation(request.Locations.front().Directory);
+    request.Absent = Absent_Locations(session, mode, crop, request.Locations);
+    return request;
+}
+
+std::vector<std::string> Crops_Of_Runs(const Session& session, const Mode& mode, std::string_view stem)
+{
+    std::vector<std::string> crops;
+    for (const auto& entry : Run_Entries(Level(Mode_Directory(session, mode), stem)))
+        crops.push_back(entry.Name);
+    if (crops.empty())
+        throw File_Error("There are no simulations of " + To_Utf8(stem) + ".");
+    return crops;
+}
+
+void Choose_Locations(Summary_Request& request, const std::vector<std::string>& codes)
+{
+    if (codes.empty())
+        return;
+    const auto has_code = [](std::string_view code) {
+        return [code](const Summary_Location& location) { return Same_Text(Bracket_Text(location.Text), code); };
+    };
+    Summary_Request chosen = request;
+    chosen.Locations.clear();
+    chosen.Absent.clear();
+    for (const auto& code : codes) {
+        const auto found = std::ranges::find_if(request.Locations, has_code(code));
+        if (found != request.Locations.end())
+            chosen.Locations.push_back(*found);
+        else
+            chosen.Missing.push_back(Location_Name(code).empty() ? code : Location_Name(code));
+    }
+    if (!chosen.Locations.empty())
+        chosen.Date = Date_Of_Simulation(chosen.Locations.front().Directory);
+    request = std::move(chosen);
+}
+
+std::vector<Summary_Request> Request_Summaries(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop,
+                                               const std::vector<std::string>& codes)
+{
+    const auto crops = crop == All_Crops ? Crops_Of_Runs(session, mode, stem) : std::vector{std::string(crop)};
+    std::vector<Summary_Request> requests;
+    for (const auto& name : crops) {
+        requests.push_back(Request_Summary(session, mode, stem, name));
+        Choose_Locations(requests.back(), codes);
+    }
+    return requests;
+}
+
+std::vector<std::string> Codes_In(std::string_view list)
+{
+    std::vector<std::string> codes;
+    while (!list.empty()) {
+        const auto comma = std::min(list.find(','), list.size());
+        if (const auto code = Trim(list.substr(0, comma)); !code.empty())
+            codes.emplace_back(code);
+        list.remove_prefix(std::min(comma + 1, list.size()));
+    }
+    return codes;
+}
+
+std::vector<std::string> Absent_Locations(const Session& session, const Mode& mode, std::string_view crop, const std::vector<Summary_Location>& run)
+{
+    std::vector<std::string> absent;
+    const auto index = Crop_Index(crop);
+    if (!index)
+        return absent;
+    for (const auto& text : Locations_Of_Crop(session, mode, *index)) {
+        if (std::ranges::find(run, text, &Summary_Location::Text) == run.end())
+            absent.push_back(text);
+    }
+    return absent;
+}
+
+std::optional<Summary> Build_Summary(Session& session, const Summary_Request& request, const Progress& progress)
+{
+    bool stopped = false;
+    int period_index = 0;
+    for (std::size_t i = 0; i < request.Locations.size() && !stopped; ++i) {
+        const auto tell = [&](const std::string& message, double share) {
+            const auto done = (static_cast<double>(i) + share) / static_cast<double>(request.Locations.size());
+            stopped = progress && !progress(message, done);
+            return !stopped;
+        };
+        period_index = Build_Or_Load(request.Locations[i].Directory, tell, period_index).Period_Index;
+    }
+    if (stopped)
+        return std::nullopt;
+    try {
+        return Collect(request);
+    } catch (const File_Error&) {
+        session.Ask(Output_Problem);
+        return std::nullopt;
+    }
+}
+
+std::string Summary_Text(const Summary& report)
+{
+    const std::string rule(Rule_Length, '-');
+    std::string text = "FOCUS Summary Output File\r\n\r\nModel Version:          \t" + report.Model_Version + "\r\nDate of this simulation:\t" + report.Date +
+                       "\r\nPesticide input file:   \t" + report.Pesticide + "\r\nSimulated crop:         \t" + report.Crop + "\r\n\r\n\r\n";
+    for (const auto& substance : report.Substances) {
+        text.append(substance.Result_Name).append(CrLf).append(rule).append(CrLf);
+        text += " Location        \tSelected\tFlux\t    Percolate\tConc.\r\n";
+        text += std::string(Name_Width, ' ') + "\tPeriod  \t(g/ha)\t       (L/m\xB2)\t(\xB5g/L)  \r\n" + rule + "\r\n";
+        for (const auto& row : substance.Rows)
+            text += Padded(row.Name) + "\t" + row.Figures + "\r\n";
+        text += "\r\n\r\n";
+    }
+    return text;
+}
+
+void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text, std::string_view period_bytes)
+{
+    std::size_t s = 0;
+    for (Line_Reader lines(period_bytes); !lines.At_End() && s < report.Substances.size();) {
+        const auto line = lines.Next();
+        if (Contains(line, Bottom_Title))
+            return;
+        if (!Contains(line, Percentile_Mark))
+            continue;
+        auto& substance = report.Substances[s++];
+        substance.Rows.push_back(Row_Of(location, location_text, line));
+        substance.Location_Max = std::max(substance.Location_Max, substance.Rows.back().P80.Conc);
+    }
+}

@@ -1,0 +1,57 @@
+#include "tables/daily_diagram.h"
+
+#include "charts/scale.h"
+#include "core/numbers.h"
+#include "core/output_variables.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+struct Unit {
+    double Days;
+    std::string_view Title;
+};
+constexpr std::array<Unit, 3> Units = {{{365.25, "Year "}, {30.44, "Month "}, {1, "Day "}}};
+
+} // namespace
+
+std::string Daily_Title(const Daily_Request& request, std::string_view item)
+{
+    const bool sum = request.Cumulative && Is_Flow(request.Variable);
+    const auto& units = Output_Variables[static_cast<std::size_t>(std::clamp(request.Variable, 0, Last_Output_Variable))].Out_Unit;
+    return (sum ? "Cumulative " : "") + std::string(item) + (item.ends_with(' ') ? "" : " ") + std::string(units[sum ? 1 : 0]);
+}
+
+Chart Daily_Diagram(const Daily_Series& series, const Daily_Request& request, std::string_view item, X_Unit unit)
+{
+    const auto& x_unit = Units[static_cast<std::size_t>(unit)];
+    Chart chart;
+    chart.Title = Daily_Title(request, item);
+    Chart_Line line{Colour::Series, series.Points};
+    double low = 0, high = 0;
+    for (auto& point : line.Points) {
+        point.X /= x_unit.Days;
+        low = std::min(low, point.Y);
+        high = std::max(high, point.Y);
+    }
+    chart.X = Position_Axis(series.Days / x_unit.Days);
+    chart.X.Title = x_unit.Title;
+    chart.Y = Value_Axis(low, high);
+    chart.Frame = Frame_Around(chart.X, chart.Y);
+    chart.Lines.push_back(std::move(line));
+    return chart;
+}
+
+std::string Data_Text(const Chart& chart)
+{
+    std::string text = chart.X.Title + std::string(Tab_Char) + chart.Title + std::string(CrLf);
+    for (const auto& line : chart.Lines) {
+        for (const auto& point : line.Points)
+            text += General_Text(std::trunc(1000 * (chart.X.First + point.X) + 0.5) / 1000) + std::string(Tab_Char) + General_Text(point.Y) + std::string(CrLf);
+    }
+    return text;
+}

@@ -1,0 +1,67 @@
+#include "tables/daily_series.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr double Days_Of_Month = 30.4375;
+constexpr int Hours = 24;
+
+int Month_Number(int month, int year)
+{
+    return 100 * year + month;
+}
+
+int Months_Between(const Run_Month& from, const Run_Month& to)
+{
+    return 12 * (to.Year - from.Year) + to.Month - from.Month + 1;
+}
+
+// The span's first day number, and the first one behind it; equal without a day.
+struct Day_Span {
+    int First = 0, End = 0;
+};
+
+Day_Span Span_Of(std::span<const Calendar_Day> calendar, const Daily_Request& request)
+{
+    const auto number = [](const Calendar_Day& day) { return Month_Number(day.Month, day.Year); };
+    const auto first = std::ranges::find_if(calendar, [&](const auto& day) { return number(day) >= Month_Number(request.From.Month, request.From.Year); });
+    const auto end = std::find_if(first, calendar.end(), [&](const auto& day) { return number(day) > Month_Number(request.To.Month, request.To.Year); });
+    if (first == end)
+        return {};
+    return {first->Number, std::prev(end)->Number + 1};
+}
+
+} // namespace
+
+bool Is_Flow(int variable)
+{
+    return (variable >= 1 && variable <= 5) || (variable >= 8 && variable <= 13) || (variable >= 17 && variable <= 22);
+}
+
+Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Calendar_Day> calendar, const Daily_Request& request)
+{
+    Daily_Series series;
+    series.Days = std::max(1, Months_Between(request.From, request.To)) * Days_Of_Month;
+    const auto span = Span_Of(calendar, request);
+    const bool flow = Is_Flow(request.Variable);
+    double sum = 0;
+    if (flow)
+        series.Points.reserve(values.size());
+    auto line = std::ranges::find_if(values, [&](const Plot_Value& v) { return v.Day >= span.First; });
+    while (line != values.end() && line->Day < span.End) {
+        const auto day_end = std::find_if(line, values.end(), [&](const Plot_Value& v) { return v.Day != line->Day; });
+        const double part = 1.0 / static_cast<double>(day_end - line); // of the day
+        const double before = line->Day - span.First;                  // whole days
+        double average = 0;
+        for (; line != day_end; ++line) {
+            average += part * line->Value;
+            sum += part * line->Value;
+            if (flow)
+                series.Points.push_back({before + static_cast<double>(line->Hour) / Hours, request.Cumulative ? sum : line->Value});
+        }
+        if (!flow)
+            series.Points.push_back({before + 1, average});
+    }
+    return series;
+}

@@ -1,0 +1,54 @@
+#include "tables/forms/mass_balance.h"
+
+#include "tables/forms/jahresbilanz.h"
+#include "output/echo_file.h"
+
+namespace {
+
+constexpr int Line_Columns = 130; // the rule of the pesticide tables behind its tab, and the scroll bar
+
+// A run whose echo cannot be read has no names: the diagram then shows the labels of the tables.
+std::vector<std::string> Names_Of(const std::filesystem::path& run)
+try {
+    return Read_Substance_Names(run);
+} catch (const File_Error&) {
+    return {};
+}
+
+bool Has_Months(const std::filesystem::path& run)
+try {
+    return Read_Echo_Layers(run).Has_Monthly_Output;
+} catch (const File_Error&) {
+    return false;
+}
+
+// The caption of the switch names the table that it leads to.
+Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_View view)
+{
+    const QString period = view == Balance_View::Annual ? "Annual" : "Monthly";
+    Table_Kind kind;
+    kind.Name = view == Balance_View::Annual ? "Mass_Balance" : "Mass_Balance_USER";
+    kind.Columns = Line_Columns;
+    kind.First_Caption = "Table of " + period + " Water Balance";
+    kind.First_Switch_Caption = "Pesticide Balance";
+    kind.Views = {{"Ergebnis_0", "Water balance", kind.First_Caption, "Pesticide Balance"},
+                  {"Ergebnis_1", "Pesticide balance", "Table of " + period + " Pesticide Mass Balance", "Water Balance"}};
+    kind.Build = [run, view](const Progress& progress) -> Built_Tables {
+        const auto tables = Build_Or_Load_Balance(run, view, progress);
+        return {{tables.Water_Text, tables.Pesticide_Text}, Note_Of(tables.Failure, tables.Not_Cached)};
+    };
+    kind.Open_Diagram = [run, view, ask = session.Ask](QWidget& form) {
+        if (view == Balance_View::Monthly)
+            Build_Or_Load_Balance(run, Balance_View::Annual, Stay_Painted); // the diagram reads the caches of the years
+        Jahresbilanz(run, Names_Of(run), ask, &form).exec();
+    };
+    if (view == Balance_View::Annual && Has_Months(run))
+        kind.Open_Months = [run, &session](QWidget& form) { Mass_Balance(session, run, &form, Balance_View::Monthly).exec(); };
+    return kind;
+}
+
+} // namespace
+
+Mass_Balance::Mass_Balance(Session& session, const std::filesystem::path& run_directory, QWidget* parent, Balance_View view)
+    : Table_Form(Kind_Of(session, run_directory, view), parent)
+{}

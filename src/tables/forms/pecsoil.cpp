@@ -1,0 +1,30 @@
+#include "tables/forms/pecsoil.h"
+
+#include "tables/forms/jahresdiagramm.h"
+#include "tables/leachate_tables.h"
+#include "tables/soil_concentrations.h"
+
+namespace {
+
+Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run, int depth)
+{
+    Table_Kind kind;
+    kind.Name = "PECsoil";
+    kind.First_Caption = "Table of actual and time weighted average concentrations in soil";
+    kind.Views = {{"Ergebnis_1", "Concentrations in soil", kind.First_Caption, ""}};
+    kind.Build = [run, depth](const Progress& progress) -> Built_Tables {
+        const auto soil = Build_Soil_Concentrations(run, depth, progress);
+        return {{soil.Text}, Note_Of(soil.Failure, soil.Not_Written)};
+    };
+    kind.Open_Diagram = [run, ask = session.Ask](QWidget& form) {
+        Build_Or_Load(run, Stay_Painted); // the diagram reads the cache of the leachate's periods
+        Jahresdiagramm(run, ask, &form).exec();
+    };
+    return kind;
+}
+
+} // namespace
+
+PECsoil::PECsoil(Session& session, const std::filesystem::path& run_directory, int depth, QWidget* parent)
+    : Table_Form(Kind_Of(session, run_directory, depth), parent)
+{}

@@ -1,0 +1,47 @@
+#include "tables/forms/table_form.h"
+
+#include "ui/forms/text_output.h"
+#include "ui/forms/widgets.h"
+
+#include <QPlainTextEdit>
+
+Table_Form::Table_Form(Table_Kind kind, QWidget* parent) : Building_Form(kind.Name, parent, kind.Columns), Kind(std::move(kind))
+{
+    setWindowTitle(Kind.First_Caption);
+    for (const Table_View& view : Kind.Views) {
+        Ergebnis.push_back(Fixed_Pitch_Text(view.Control, view.Purpose));
+        Add_Page(Ergebnis.back());
+    }
+    Umschalter = Add_Button("Umschalter", Kind.First_Switch_Caption, [this] { Show_View((In_View + 1) % Kind.Views.size()); });
+    Umschalter->setVisible(Kind.Views.size() > 1);
+    Add_Button("Kopieren", "&Copy", [this] { Copy_Text(All_Texts()); });
+    Add_Button("Drucken", "&Print", [this] { Print_Text(*this, windowTitle(), All_Texts()); });
+    Add_Button("Diagramm", "D&iagram", [this] { Kind.Open_Diagram(*this); });
+    if (Kind.Open_Months)
+        Add_Button("By_Month", "By &month", [this] { Kind.Open_Months(*this); });
+    Add_Done();
+}
+
+void Table_Form::Show_Built()
+{
+    for (std::size_t i = 0; i < Ergebnis.size() && i < Tables.Texts.size(); ++i)
+        Ergebnis[i]->setPlainText(Shown(Tables.Texts[i]));
+    Note(Tables.Note);
+    Show_View(0);
+}
+
+void Table_Form::Show_View(std::size_t view)
+{
+    In_View = view;
+    Show_Page(view);
+    setWindowTitle(Kind.Views[view].Form_Caption);
+    Umschalter->setText(Kind.Views[view].Switch_Caption);
+}
+
+QString Table_Form::All_Texts() const
+{
+    QString all;
+    for (const auto* text : Ergebnis)
+        all += text->toPlainText();
+    return all;
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/session.h"
+#include "tables/forms/building_form.h"
+
+#include <functional>
+
+class QPlainTextEdit;
+
+// One of the tables of a form; both captions stand while it is in view. A form of one table has no switch.
+struct Table_View {
+    QString Control, Purpose; // name and accessible name of its text
+    QString Form_Caption, Switch_Caption;
+};
+
+// What a builder gives: a text per table, and the sentence to tell if they end early or could not be kept.
+struct Built_Tables {
+    std::vector<std::string> Texts;
+    std::string Note;
+};
+
+struct Table_Kind {
+    QString Name;                                // of the form
+    int Columns = Columns_Shown;                 // that a whole line takes
+    QString First_Caption, First_Switch_Caption; // until the tables are there
+    std::vector<Table_View> Views;               // the first one is shown first
+    std::function<Built_Tables(const Progress&)> Build;
+    std::function<void(QWidget&)> Open_Diagram;
+    std::function<void(QWidget&)> Open_Months; // empty: there is no button for that
+};
+
+// Tables of one run as texts, one in front of the other.
+class Table_Form : public Building_Form {
+    Q_OBJECT
+
+public:
+    Table_Form(Table_Kind kind, QWidget* parent);
+
+protected:
+    void Build(const Progress& progress) override { Tables = Kind.Build(progress); }
+    void Show_Built() override;
+
+private:
+    void Show_View(std::size_t view);
+    QString All_Texts() const;
+
+    const Table_Kind Kind;
+    Built_Tables Tables;
+    std::vector<QPlainTextEdit*> Ergebnis;
+    QPushButton* Umschalter = nullptr;
+    std::size_t In_View = 0;
+};
+
+// The sentence of a builder's result: why the texts end early, else why they were not kept.
+inline std::string Note_Of(const std::string& failure, const std::string& not_kept)
+{
+    return failure.empty() ? not_kept : failure;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "tables/daily_diagram.h"
+#include "charts/forms/diagram_form.h"
+#include "core/session.h"
+
+#include <array>
+#include <filesystem>
+
+class QPushButton;
+class QRadioButton;
+
+// What the daily diagram draws: a column of a run's plot.orv over a span of months.
+struct Daily_Choice {
+    std::filesystem::path Run_Directory;
+    bool Single_Run = false;
+    int Column = 1;   // value column of plot.orv, from 1
+    std::string Item; // text of the list that it was chosen from
+    Daily_Request Request;
+};
+
+// One series in daily resolution, as a rate or cumulated.
+class taegliches_Diagramm_neu : public Diagram_Form {
+    Q_OBJECT
+
+public:
+    taegliches_Diagramm_neu(const Session& session, Daily_Choice choice, QWidget* parent = nullptr);
+
+private:
+    void Lay_Out();
+    void Draw();
+    void Zoom(double from, double to);
+
+    Daily_Choice Choice;
+    Daily_Series Series;
+    std::array<QRadioButton*, 3> Option1{};
+    QPushButton* Whole_Span = nullptr;
+};

@@ -1,0 +1,165 @@
+#include "tables/forms/text_viewer.h"
+
+#include "core/code_page.h"
+#include "core/files.h"
+#include "ui/forms/text_output.h"
+#include "ui/forms/widgets.h"
+#include "core/text.h"
+#include "ui/shown_file.h"
+
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace {
+
+constexpr int Columns_Shown = 100;
+constexpr int Lines_Shown = 40;
+constexpr const char* Echo_Caption = "Echo of Input Data";
+
+} // namespace
+
+Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::string_view text, QWidget* parent) : QDialog(parent)
+{
+    setObjectName(name);
+    setWindowTitle(caption);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    Ergebnis = Fixed_Pitch_Text("Ergebnis", caption);
+    Ergebnis->setPlainText(Shown(text));
+    Row = new QHBoxLayout;
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(Ergebnis, 1);
+    all->addLayout(Row);
+    const QFontMetrics metrics(Ergebnis->font());
+    resize(metrics.averageCharWidth() * Columns_Shown, metrics.lineSpacing() * Lines_Shown);
+}
+
+void Text_Viewer::Go_To_End()
+{
+    Ergebnis->moveCursor(QTextCursor::End);
+    Ergebnis->ensureCursorVisible();
+}
+
+template <class Handler> void Text_Viewer::Add_Button(const QString& name, const QString& caption, Handler handler)
+{
+    Row->addWidget(Push_Button(name, caption, this, handler));
+}
+
+void Text_Viewer::Add_Copy_And_Print()
+{
+    Add_Button("Kopieren", "&Copy", [this] { Copy_Text(Ergebnis->toPlainText()); });
+    Add_Button("Drucken", "&Print", [this] { Print_Text(*this, windowTitle(), Ergebnis->toPlainText()); });
+}
+
+void Text_Viewer::Add_Done(const QString& name, const QString& caption)
+{
+    Row->addStretch(1);
+    Add_Button(name, caption, [this] { accept(); });
+    findChild<QPushButton*>(name)->setDefault(true);
+}
+
+Echo_ORV::Echo_ORV(std::string_view echo, QWidget* parent) : Text_Viewer("Echo_ORV", Echo_Caption, echo, parent)
+{
+    Add_Copy_And_Print();
+    Add_Done("OK", "&OK");
+}
+
+Fehler_in_Simulation::Fehler_in_Simulation(std::string_view echo, QWidget* parent) : Text_Viewer("Fehler_in_Simulation", Echo_Caption, echo, parent)
+{
+    Add_Copy_And_Print();
+    Add_Done("OK", "&OK");
+    if (Contains(echo, "ERROR"))
+        Go_To_End();
+}
+
+Form_filetext::Form_filetext(const Session& session, std::filesystem::path file, std::string text, QWidget* parent)
+    : Text_Viewer("Form_filetext", "", text, parent),
+      Shared(session),
+      File(std::move(file)),
+      Stands_There(std::move(text))
+{
+    Add_Copy_And_Print();
+    Add_Button("Save", "&Save", [this] { Save(); });
+    Add_Button("Save_As", "Save &as", [this] { Save_As(); });
+    Add_Done("Done", "&Done");
+    if (Is_Shown_As_It_Is(Stands_There, File) && Bytes() == Stands_There)
+        Make_Editable();
+    Show_State();
+}
+
+void Form_filetext::Make_Editable()
+{
+    Text().setReadOnly(false);
+    Text().setTextInteractionFlags(Qt::TextEditorInteraction);
+    findChild<QPushButton*>("Done")->setDefault(false); // the return key writes a line
+    connect(Text().document(), &QTextDocument::modificationChanged, this, &Form_filetext::Show_State);
+}
+
+void Form_filetext::Show_State()
+{
+    const bool edited = Text().document()->isModified();
+    setWindowTitle(QString::fromStdString(File.filename().string()) + "[*]");
+    setWindowModified(edited);
+    auto* save = findChild<QPushButton*>("Save");
+    save->setEnabled(edited);
+    save->setToolTip(Text().isReadOnly() ? "Only a part of the file, or its text with other letters, is shown: it can be copied but not edited." : "");
+}
+
+// Nothing where the code page lacks a character: it is selected, and the user is told.
+std::optional<std::string> Form_filetext::Bytes()
+{
+    const QString shown = Text().toPlainText();
+    if (auto bytes = From_Utf8(shown.toStdString()))
+        return Replace_All(std::move(*bytes), "\n", CrLf);
+    qsizetype at = 0;
+    while (From_Utf8(shown.first(at + 1).toStdString()))
+        ++at;
+    QTextCursor cursor(Text().document());
+    cursor.setPosition(static_cast<int>(at));
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    Text().setTextCursor(cursor);
+    Text().ensureCursorVisible();
+    Shared.Ask({"Saving Input File", "The file cannot hold the character that is marked."});
+    return std::nullopt;
+}
+
+void Form_filetext::Save()
+{
+    auto bytes = Bytes();
+    if (bytes && Save_Shown(Shared, File, Stands_There, *bytes))
+        Saved(std::move(*bytes));
+}
+
+// Of a file that is not edited all goes to the other place, also where only its first part is shown.
+void Form_filetext::Save_As()
+try {
+    const QString chosen = QFileDialog::getSaveFileName(this, "Save as", QString::fromStdString(File.string()));
+    const std::filesystem::path target = chosen.toStdString();
+    if (target.empty())
+        return;
+    if (target == File)
+        return Save();
+    if (!Text().document()->isModified())
+        return Copy_Whole(File, target);
+    auto bytes = Bytes();
+    if (!bytes || !Save_Shown_As(Shared, target, *bytes))
+        return;
+    File = target;
+    Saved(std::move(*bytes));
+} catch (const File_Error& error) {
+    Shared.Ask({"Saving Input File", Bytes_Of(QString::fromUtf8(error.what()))});
+}
+
+void Form_filetext::Saved(std::string bytes)
+{
+    Stands_There = std::move(bytes);
+    Text().document()->setModified(false);
+    Show_State();
+}
+
+void Form_filetext::done(int result)
+{
+    if (!Text().document()->isModified() || May_Give_Up_Text(Shared))
+        Text_Viewer::done(result);
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "core/progress.h"
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+// The average concentrations in the leachate of a run: a table by year and a table by application period, of each substance at two depths.
+
+constexpr int Warm_Up_Years = 6;
+constexpr int Leachate_Periods = 20;
+
+enum class Depth { One_Metre, Core_Bottom };
+constexpr std::array<Depth, 2> Depths = {Depth::One_Metre, Depth::Core_Bottom};
+
+struct Leachate_Row {
+    double Flux = 0;      // g/ha
+    double Percolate = 0; // L/m2
+    double Conc = 0;      // ug/L
+    bool operator==(const Leachate_Row&) const = default;
+};
+
+// The total and the 80th percentile of a table. The percentile's concentration is the mean of those of the years (or periods) A and B, its
+// flux and percolate are their sums. A and B are 0 where no year was evaluated.
+struct Leachate_Result {
+    Leachate_Row Total, P80;
+    int A = 0, B = 0;
+    bool operator==(const Leachate_Result&) const = default;
+};
+
+// Rows[0] is year 1 or period 1; the first six years of a year table are the warm-up.
+struct Leachate_Table {
+    std::vector<Leachate_Row> Rows;
+    Leachate_Result Result;
+};
+
+// The tables of one kind: [depth][substance], the active substance first, then the metabolites found.
+using Leachate_Set = std::array<std::vector<Leachate_Table>, 2>;
+
+struct Leachate_Tables {
+    std::string Year_Text, Period_Text;   // as a window shows them, bytes of Windows-1252, lines end in CR LF
+    std::vector<std::string> Result_Name; // "Results for ..." by substance, as echo.orv names them
+    Leachate_Set Year, Period;            // out of the cache, the figures are those printed there
+    int Period_Index = 0;                 // years of a period less one: 0, 1 or 2
+    std::string Period_Bytes;             // of period.orv, kept or not
+    bool From_Cache = false;
+    bool Cached = false;    // year.orv and period.orv hold these tables now
+    std::string Not_Cached; // why a complete table was not kept, a sentence
+    std::string Failure;    // why the texts end early, a sentence; empty if they are complete
+};
+
+// Reads the caches year.orv and period.orv of a run directory if both are there; else builds the tables out of the engine's files and writes
+// the caches, but not for a run that is at work or has no plot.orv. Never throws for what a file holds: the texts then end early.
+// `period_index` is kept for a run of other than 26, 46 or 66 years.
+Leachate_Tables Build_Or_Load(const std::filesystem::path& run_directory, const Progress& progress = {}, int period_index = 0);

@@ -1,0 +1,80 @@
+#include "tables/soil_concentrations.h"
+
+#include "core/files.h"
+#include "core/numbers.h"
+#include "core/text.h"
+#include "output/echo_file.h"
+#include "output/run_files.h"
+#include "output/soil_averages.h"
+#include "core/shown_path.h"
+
+#include <stdexcept>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int Figure_Width = 12;
+constexpr std::size_t Name_Width = 15;
+
+void Print_Substance(Table_Text& text, std::string_view name, bool pore_water, const std::array<TWA_Maximum, TWA_Window.size()>& maxima)
+{
+    text.Line("        Substance: \t" + std::string(Columns(name, 1, Name_Width)));
+    text.Line("");
+    text.Line(std::string("\t        TWA(d)\t") + (pore_water ? "PEC(mg/L)" : "PEC(mg/kg)") + "\tBegin TWA(d)");
+    for (std::size_t w = 0; w < TWA_Window.size(); ++w) {
+        const std::string row = Number_Text('I', TWA_Window[w], Figure_Width) + "\t" + Number_Text('F', maxima[w].Value, Figure_Width) + "\t";
+        text.Line(row + Number_Text('I', maxima[w].Begin, Figure_Width), row + Simulation_Date(maxima[w].Begin));
+    }
+}
+
+void Read(const fs::path& file, int depth, const Progress& progress, Soil_Concentrations& soil, Table_Text& text)
+{
+    Line_Scanner plot(file);
+    const auto head = Scan_Plot_Head(plot);
+    text.Head(head);
+    text.Line("");
+    text.Line("");
+    const Reading_Progress told(progress, {file});
+    const auto averages = Scan_Soil_Profile(plot, head, depth, [&](int days) {
+        told.Tell("Please wait! Reading file plot, day " + std::to_string(First_Evaluated_Day - 1 + days) + ".", plot.Bytes_Read());
+    });
+    for (std::size_t s = 0; s < averages.size(); ++s) {
+        soil.Maximum.push_back(averages[s].Maxima());
+        const std::string_view name = s < soil.Substance_Name.size() ? std::string_view(soil.Substance_Name[s]) : std::string_view();
+        Print_Substance(text, name, Contains(head.Titles[3], "Pore"), soil.Maximum.back());
+    }
+    soil.Not_Written =
+        averages.empty() ? "The output of the run has no profile of the soil: there is nothing to evaluate." : Why_No_Cache(file.parent_path(), head);
+}
+
+} // namespace
+
+Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int depth, const Progress& progress)
+{
+    Soil_Concentrations soil;
+    Table_Text text;
+    try {
+        if (depth < 1)
+            throw File_Error("The depth must be at least one layer.");
+        soil.Substance_Name = Read_Substance_Names(run_directory);
+        const bool at_work = !Why_No_Cache(run_directory, {.Whole = true}).empty();
+        Read(Found_Or_New(run_directory, "plot.orv"), depth, progress, soil, text);
+        if (at_work && soil.Not_Written.empty())
+            soil.Not_Written = "The simulation was still at work.";
+    } catch (const File_Error& error) {
+        soil.Failure = Shown(error.what());
+    } catch (const std::domain_error& error) {
+        soil.Failure = error.what(); // figures whose sum no double holds
+    }
+    soil.Text = text.Screen;
+    if (!soil.Failure.empty() || !soil.Not_Written.empty())
+        return soil;
+    try {
+        Write_Whole(Found_Or_New(run_directory, "PECsoil_" + std::to_string(depth) + ".orv"), text.File);
+        soil.Written = true;
+    } catch (const File_Error& error) {
+        soil.Not_Written = Shown(error.what());
+    }
+    return soil;
+}

@@ -1,0 +1,74 @@
+#include "ui/forms/byte_edit.h"
+
+#include "core/code_page.h"
+#include "ui/forms/widgets.h"
+
+#include <functional>
+#include <QToolTip>
+#include <QValidator>
+
+namespace {
+
+// Takes every text, less the characters that the code page lacks.
+class Code_Page_Validator : public QValidator {
+public:
+    Code_Page_Validator(std::function<void(const QString&)> leave_out, QObject* parent) : QValidator(parent), Leave_Out(std::move(leave_out)) {}
+
+    State validate(QString& input, int& cursor) const override
+    {
+        QString left_out;
+        for (qsizetype i = 0; i < input.size();) {
+            const qsizetype width = input[i].isHighSurrogate() && i + 1 < input.size() ? 2 : 1;
+            if (From_Utf8(input.mid(i, width).toStdString())) {
+                i += width;
+                continue;
+            }
+            left_out += input.mid(i, width);
+            input.remove(i, width);
+            if (cursor > i)
+                cursor -= static_cast<int>(width);
+        }
+        if (!left_out.isEmpty())
+            Leave_Out(left_out);
+        return Acceptable;
+    }
+
+private:
+    std::function<void(const QString&)> Leave_Out;
+};
+
+} // namespace
+
+Byte_Edit::Byte_Edit(QWidget* parent) : QLineEdit(parent)
+{
+    connect(this, &QLineEdit::textEdited, this, [this] { Left_Out.clear(); });
+    setValidator(new Code_Page_Validator([this](const QString& characters) { Leave_Out(characters); }, this));
+}
+
+std::string Byte_Edit::Typed() const
+{
+    return Bytes_Of(text());
+}
+
+void Byte_Edit::Tell(const QString& sentence)
+{
+    setToolTip(sentence);
+    setAccessibleDescription(sentence);
+    if (sentence.isEmpty())
+        QToolTip::hideText();
+    else if (isVisible() && hasFocus())
+        QToolTip::showText(mapToGlobal(rect().bottomLeft()), sentence, this);
+}
+
+// The text is not yet that of the field: the sentence is told when it is.
+void Byte_Edit::Leave_Out(const QString& characters)
+{
+    const QString sentence = "The file cannot hold \"" + characters + "\": left out.";
+    QMetaObject::invokeMethod(
+        this,
+        [this, sentence] {
+            Left_Out = sentence;
+            Tell(sentence);
+        },
+        Qt::QueuedConnection);
+}

@@ -1,0 +1,43 @@
+#include "ui/forms/dark_outlines.h"
+
+#include <QApplication>
+#include <QProxyStyle>
+#include <QStyleOption>
+
+namespace {
+
+// Styles take an outline from the window's colour, made darker: from this one it is a middle grey.
+constexpr QRgb Ground_Of_Outlines = 0xFFC0C4C8;
+
+template <class Option> Option Outlined(const Option& option)
+{
+    Option outlined = option;
+    outlined.palette.setColor(QPalette::Window, QColor(Ground_Of_Outlines));
+    return outlined;
+}
+
+class Outlined_Style : public QProxyStyle {
+public:
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
+    {
+        if (option->palette.color(QPalette::Window).lightness() < 128) {
+            const bool is_indicator = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
+            if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option); button && is_indicator) {
+                const auto outlined = Outlined(*button);
+                return QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
+            }
+            if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option); frame && element == PE_FrameLineEdit) {
+                const auto outlined = Outlined(*frame);
+                return QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
+            }
+        }
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+};
+
+} // namespace
+
+void Show_Outlines_In_The_Dark()
+{
+    QApplication::setStyle(new Outlined_Style);
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "ui/grid_block.h"
+
+#include <QAbstractTableModel>
+#include <QRect>
+
+// The texts of a grid's cells for a Number_Grid, as bytes of the documents' code page. A cell that is read as something else than it looks wears a sign
+// and tells the number that is read.
+class Grid_Model : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    Grid_Model(std::vector<Number_Column> columns, QObject* parent);
+
+    virtual std::string Cell(int row, int column) const = 0;
+
+    // Stores a text; who changes cells tells it with Tell_Changed.
+    virtual void Set_Cell(int row, int column, const std::string& text) = 0;
+    void Tell_Changed(const QRect& cells) { emit dataChanged(index(cells.top(), cells.left()), index(cells.bottom(), cells.right())); }
+
+    const std::vector<Number_Column>& Columns() const { return All_Columns; }
+    const Number_Column& Column(int column) const { return All_Columns[static_cast<std::size_t>(column)]; }
+
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& cell, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& cell) const override;
+
+protected:
+    void Set_Columns(std::vector<Number_Column> columns) { All_Columns = std::move(columns); }
+
+private:
+    std::vector<Number_Column> All_Columns;
+};
+
+// A grid that holds its own texts, one for each column in every row.
+class Text_Grid_Model : public Grid_Model {
+    Q_OBJECT
+
+public:
+    explicit Text_Grid_Model(QObject* parent) : Grid_Model({}, parent) {}
+
+    void Show(std::vector<Number_Column> columns, Grid_Block cells);
+    const Grid_Block& Cells() const { return All_Cells; }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    std::string Cell(int row, int column) const override;
+    void Set_Cell(int row, int column, const std::string& text) override;
+
+private:
+    Grid_Block All_Cells;
+};

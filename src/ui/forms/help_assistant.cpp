@@ -1,0 +1,119 @@
+#include "ui/forms/help_assistant.h"
+
+#include "ui/forms/widgets.h"
+#include "ui/help_texts.h"
+
+#include <algorithm>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QSinglePointEvent>
+#include <QStyle>
+
+namespace {
+
+constexpr int Hide_After = 500; // ms after the mouse stopped moving over a control
+constexpr const char* On_Hint = "Click to swith off the online help.";
+constexpr const char* Off_Hint = "Click to swith on the online help.";
+
+} // namespace
+
+Help_Assistant::Help_Assistant(Session& session, QWidget& form) : QObject(&form), Shared(session), Form(form)
+{
+    Switches = new QWidget;
+    auto* row = new QHBoxLayout(Switches);
+    row->setContentsMargins(0, 0, 0, 0);
+    const std::array<QStyle::StandardPixmap, 2> pictures = {QStyle::SP_MessageBoxQuestion, QStyle::SP_DialogHelpButton};
+    for (std::size_t i = 0; i < Fragen.size(); ++i) {
+        Fragen[i] = Named(new QToolButton, QString("Fragen_%1").arg(i));
+        Fragen[i]->setIcon(form.style()->standardIcon(pictures[i]));
+        Fragen[i]->setAccessibleName(i == 0 ? "Switch the online help on" : "Switch the online help off");
+        Fragen[i]->setAutoRaise(true);
+        Watch(*Fragen[i]);
+        connect(Fragen[i], &QToolButton::clicked, this, &Help_Assistant::Flip);
+        row->addWidget(Fragen[i]);
+    }
+    Kurzinfo = Named(new QLabel(&form), "Kurzinfo");
+    Kurzinfo->setFrameShape(QFrame::Box);
+    Kurzinfo->setAutoFillBackground(true);
+    Kurzinfo->setBackgroundRole(QPalette::ToolTipBase);
+    Kurzinfo->setForegroundRole(QPalette::ToolTipText);
+    Kurzinfo->setTextFormat(Qt::PlainText);
+    Kurzinfo->setMargin(form.fontMetrics().averageCharWidth());
+    Kurzinfo->setAttribute(Qt::WA_TransparentForMouseEvents);
+    Kurzinfo->hide();
+    form.installEventFilter(this);
+    Hilfeuhr.setSingleShot(true);
+    connect(&Hilfeuhr, &QTimer::timeout, Kurzinfo, &QWidget::hide);
+    Show_Switches();
+}
+
+void Help_Assistant::Attach(QWidget* control, int number)
+{
+    Numbers[control] = number;
+    Watch(*control);
+    // The inside of a list and the controls in a frame get the mouse in its place.
+    for (auto* inside : control->findChildren<QWidget*>()) {
+        if (Numbers.try_emplace(inside, number).second)
+            Watch(*inside);
+    }
+}
+
+void Help_Assistant::Watch(QWidget& widget)
+{
+    widget.setMouseTracking(true);
+    widget.installEventFilter(this);
+}
+
+bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &Form && event->type() == QEvent::WindowActivate)
+        Show_Switches(); // another form may have switched the help
+    if (watched == &Form && !Numbers.contains(watched))
+        return false;
+    if (event->type() != QEvent::MouseMove && event->type() != QEvent::Enter)
+        return false;
+    const auto* control = static_cast<const QWidget*>(watched);
+    // A move that a control leaves alone, because it is off or a label, comes to its frame as well.
+    const auto* inside = control->childAt(static_cast<QSinglePointEvent*>(event)->position().toPoint());
+    if (inside && Numbers.contains(inside))
+        return false;
+    if (const auto found = Numbers.find(watched); found != Numbers.end()) {
+        if (Shared.Program.Online_Help)
+            Show_Help(*control, Shown(Help_Text_Of(Shared, found->second)).remove('\r').trimmed());
+    } else {
+        Show_Help(*control, Shared.Program.Online_Help ? On_Hint : Off_Hint); // needs no file and works with the help off
+    }
+    return false;
+}
+
+// The choice holds on all forms.
+void Help_Assistant::Flip()
+{
+    Shared.Program.Online_Help = !Shared.Program.Online_Help;
+    Kurzinfo->hide();
+    Show_Switches();
+}
+
+void Help_Assistant::Show_Switches()
+{
+    Fragen[0]->setVisible(!Shared.Program.Online_Help);
+    Fragen[1]->setVisible(Shared.Program.Online_Help);
+}
+
+// Below the control where there is room, and always inside the form.
+void Help_Assistant::Show_Help(const QWidget& control, const QString& text)
+{
+    if (text.isEmpty())
+        return;
+    Kurzinfo->setText(text);
+    Kurzinfo->adjustSize();
+    QPoint place = control.mapTo(&Form, QPoint(0, control.height()));
+    if (place.y() + Kurzinfo->height() > Form.height())
+        place = control.mapTo(&Form, QPoint(control.width() / 2, std::min(control.height() / 2, control.fontMetrics().height() * 2)));
+    place.setX(std::clamp(place.x(), 0, std::max(0, Form.width() - Kurzinfo->width())));
+    place.setY(std::clamp(place.y(), 0, std::max(0, Form.height() - Kurzinfo->height())));
+    Kurzinfo->move(place);
+    Kurzinfo->raise();
+    Kurzinfo->show();
+    Hilfeuhr.start(Hide_After);
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "ui/forms/grid_model.h"
+#include "core/session.h"
+
+#include <QTableView>
+#include <QUndoStack>
+
+// A grid whose cells are edited by keys, as its rule lays down. Beyond them: arrow keys, return for the cell below, a block copied to a spreadsheet
+// (Ctrl+C), cut (Ctrl+X) and pasted from one (Ctrl+V), the first row of a selection or the cell above copied down (Ctrl+D), undo and redo (Ctrl+Z, Ctrl+Y).
+// Every change can be undone as long as the model is not shown anew.
+class Number_Grid : public QTableView {
+    Q_OBJECT
+
+public:
+    // Tells with `ask` what cannot be pasted. The grid names itself to those who cannot see it by `purpose`.
+    Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Function& ask, const QString& purpose, QWidget* parent = nullptr);
+
+    // Makes each column wide enough for its heading and for `characters` characters.
+    void Fit_Columns(int characters);
+    QSize sizeHint() const override; // all columns, and up to twelve rows
+
+    void Go_To(int row, int column);
+
+    // Stores a text in a cell as a change that can be undone.
+    void Change_Cell(int row, int column, const std::string& text);
+
+    // The same for the cells from a place on: one change.
+    void Change_Block(int row, int column, const Grid_Block& cells);
+
+    void Undo() { Changes.undo(); }
+    void Redo() { Changes.redo(); }
+    void Copy();
+    void Cut();
+    void Paste();
+    void Fill_Down();
+
+signals:
+    void Cell_Changed(int row, int column); // by hand, undo or redo
+    void Cell_Left(int row, int column);    // for another cell or control; Go_To leads back
+    void Cell_Entered(int row, int column);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+private:
+    struct Change {
+        int Row = 0, Column = 0;
+        std::string Before, After;
+    };
+    class Change_Command;
+
+    QRect Selected() const; // columns and rows of the block around all cells selected
+    void Press(int key_code, const QString& typed);
+    void Choose_By_Letter(const QModelIndex& cell, const QString& typed);
+    void Apply(std::vector<Change> changes, bool typed);
+    void Put(const std::vector<Change>& changes, std::string Change::*text);
+    void Add_Change(std::vector<Change>& changes, int row, int column, const std::string& text) const;
+
+    Grid_Model& Model;
+    Grid_Rule Rule;
+    const Ask_Function& Ask;
+    QUndoStack Changes;
+};

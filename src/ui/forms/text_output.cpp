@@ -1,0 +1,83 @@
+#include "ui/forms/text_output.h"
+
+#include "ui/forms/widgets.h"
+
+#include <algorithm>
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QClipboard>
+#include <QFontMetricsF>
+#include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTextDocument>
+
+namespace {
+
+constexpr int Tab_Columns = 8;
+constexpr double Largest_Point_Size = 10;
+
+int Longest_Line(const QString& text)
+{
+    int longest = 1;
+    for (const auto& line : QStringView(text).split(u'\n')) {
+        int length = 0;
+        for (const QChar c : line)
+            length = c == u'\t' ? (length / Tab_Columns + 1) * Tab_Columns : length + 1;
+        longest = std::max(longest, length);
+    }
+    return longest;
+}
+
+void Set_Tabs(QTextDocument& document, double distance)
+{
+    QTextOption option = document.defaultTextOption();
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setTabStopDistance(distance);
+    document.setDefaultTextOption(option);
+}
+
+} // namespace
+
+QPlainTextEdit* Fixed_Pitch_Text(const QString& name, const QString& purpose)
+{
+    auto* text = Named(new QPlainTextEdit, name);
+    text->setAccessibleName(purpose);
+    text->setReadOnly(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    text->setLineWrapMode(QPlainTextEdit::NoWrap);
+    text->setFont(Fixed_Pitch_Font());
+    text->setTabStopDistance(QFontMetricsF(text->font()).horizontalAdvance(u'0') * Tab_Columns);
+    return text;
+}
+
+void Copy_Text(const QString& text)
+{
+    QApplication::clipboard()->setText(text);
+}
+
+void Print_Text_On(QPrinter& printer, const QString& text)
+{
+    QTextDocument document;
+    document.setDocumentMargin(0);
+    const QRectF page = printer.pageRect(QPrinter::Point);
+    QFont font = Fixed_Pitch_Font();
+    font.setPointSizeF(Largest_Point_Size);
+    // A fixed-pitch character is 0.6 of its point size wide, or a little more.
+    const double fitting = page.width() / (Longest_Line(text) * 0.61);
+    font.setPointSizeF(std::min(Largest_Point_Size, fitting));
+    document.setDefaultFont(font);
+    document.documentLayout()->setPaintDevice(&printer);
+    Set_Tabs(document, QFontMetricsF(font, &printer).horizontalAdvance(u'0') * Tab_Columns);
+    document.setPlainText(text);
+    document.print(&printer);
+}
+
+void Print_Text(QWidget& parent, const QString& title, const QString& text)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(title);
+    QPrintDialog dialog(&printer, &parent);
+    if (dialog.exec() == QDialog::Accepted)
+        Print_Text_On(printer, text);
+}

@@ -1,0 +1,97 @@
+#include "ui/shown_file.h"
+
+#include "core/files.h"
+#include "core/text.h"
+#include "output/run_files.h"
+#include "core/shown_path.h"
+
+#include <fstream>
+
+namespace {
+
+// The first `most` bytes of a file.
+std::string Read_Begin(const std::filesystem::path& file, std::size_t most)
+{
+    std::ifstream stream(file, std::ios::binary);
+    std::string bytes(most, '\0');
+    stream.read(bytes.data(), static_cast<std::streamsize>(most));
+    bytes.resize(static_cast<std::size_t>(stream.gcount()));
+    return bytes;
+}
+
+std::string Name_Shown(const std::filesystem::path& file)
+{
+    return Shown(file.filename().string());
+}
+
+// Each line ended by CR LF, the last one too.
+std::string With_Ends(std::string_view text)
+{
+    std::string lines;
+    for (const auto line : Split_Lines(text))
+        lines.append(line).append(CrLf);
+    return lines;
+}
+
+constexpr std::string_view Saving_Title = "Saving Input File";
+
+bool Asked(const Session& session, std::string_view question)
+{
+    return session.Ask({std::string(Saving_Title), std::string(question), Icon::Question, {Button::Yes, Button::No}, Button::No}) == Button::Yes;
+}
+
+} // namespace
+
+std::optional<std::string> Shown_File(const Session& session, const std::filesystem::path& file)
+try {
+    std::error_code missing;
+    const auto size = std::filesystem::file_size(file, missing);
+    if (missing || size <= Largest_Shown_File)
+        return Shown_Cache(Read_Whole(file));
+    session.Ask({"Size limit exceeded!", "The file " + Name_Shown(file) + " is too big! Only the first part is presented."});
+    return Shown_Cache(Read_Begin(file, Largest_Shown_File));
+} catch (const File_Error& error) {
+    session.Ask({"File check", Shown(error.what())});
+    return std::nullopt;
+}
+
+std::optional<std::string> Shown_Whole(const Session& session, const std::filesystem::path& file)
+try {
+    return Shown_Cache(Read_Whole(file));
+} catch (const File_Error& error) {
+    session.Ask({"File check", Shown(error.what())});
+    return std::nullopt;
+}
+
+std::optional<std::string> Shown_Echo(const Session& session, const std::filesystem::path& run_directory)
+{
+    return Shown_Whole(session, Found_Or_New(run_directory, "echo.orv"));
+}
+
+bool Is_Shown_As_It_Is(std::string_view text, const std::filesystem::path& file)
+try {
+    return With_Ends(Read_Whole(file)) == With_Ends(text);
+} catch (const File_Error&) {
+    return false;
+}
+
+bool Save_Shown(const Session& session, const std::filesystem::path& file, std::string_view was_shown, std::string_view edited)
+{
+    if (!Is_Shown_As_It_Is(was_shown, file) && !Asked(session, "The file was changed by another program since it was opened. Replace?"))
+        return false;
+    return Save_Shown_As(session, file, edited);
+}
+
+bool Save_Shown_As(const Session& session, const std::filesystem::path& file, std::string_view edited)
+try {
+    Write_Whole(file, With_Ends(edited));
+    return true;
+} catch (const File_Error& error) {
+    session.Ask({std::string(Saving_Title), Shown(error.what())});
+    return false;
+}
+
+bool May_Give_Up_Text(const Session& session)
+{
+    return Asked(session, "The text was changed. Do you want to exit without saving ?");
+}

@@ -1,0 +1,150 @@
+#include "desktop/forms/start.h"
+
+#include "core/files.h"
+#include "runs/start_up.h"
+#include "temporary_directory.h"
+#include "window_test.h"
+
+#include <QApplication>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+
+namespace {
+
+class Start_Test : public Window_Test {
+protected:
+    Start_Test()
+    {
+        std::filesystem::create_directories(Place / "focus");
+        for (const char* name : {"orvel401.exe", "focus/c_apples.sze", "focus/C_indiv.sze", "focus/C_01.cli"})
+            Write_Whole(Place / name, "DEM 3 demonstration data\r\n");
+        Shared.Program.App_Path = Place.Path();
+    }
+
+    void Open()
+    {
+        ASSERT_TRUE(Start_Up(Shared));
+        Form = std::make_unique<Start>(Shared);
+        Form->show();
+        QApplication::processEvents();
+    }
+
+    std::string Caption(const QString& name) { return Find<QLabel>(*Form, name)->text().toStdString(); }
+
+    Temporary_Directory Place;
+    std::unique_ptr<Start> Form;
+};
+
+} // namespace
+
+TEST_F(Start_Test, Shows_The_Versions_Of_Engine_And_Suite)
+{
+    Open();
+
+    EXPECT_EQ(Form->windowTitle(), "ORVEL 4.01");
+    EXPECT_EQ(Caption("Aktuelle_ORVEL_Version"), "ORVEL 4.01");
+    EXPECT_EQ(Caption("Aktuelle_ORVELSUITE_Version"), "ORVELSUITE 5.5.3");
+}
+
+TEST_F(Start_Test, Protects_The_Shipped_Files_Behind_The_First_Paint)
+{
+    Open();
+
+    EXPECT_TRUE(Is_Read_Only(Place / "focus" / "c_apples.sze"));
+    EXPECT_TRUE(Is_Read_Only(Place / "focus" / "C_01.cli"));
+    EXPECT_FALSE(Is_Read_Only(Place / "focus" / "C_indiv.sze"));
+    EXPECT_FALSE(Find<QGroupBox>(*Form, "Nachricht")->isVisible());
+}
+
+TEST_F(Start_Test, Has_Its_Size_Again_When_The_Message_Is_Gone)
+{
+    Open();
+    Start next(Shared); // shows no message: the files are protected now
+    next.show();
+
+    EXPECT_EQ(Form->size(), next.size());
+}
+
+TEST_F(Start_Test, Protects_The_Shipped_Files_Again_When_It_Comes_To_The_Front)
+{
+    Open();
+    Set_Read_Only(Place / "focus" / "c_apples.sze", false);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+
+    Form->activateWindow();
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Is_Read_Only(Place / "focus" / "c_apples.sze"); }));
+}
+
+TEST_F(Start_Test, Tells_That_The_Data_Of_A_Soil_Mode_Are_Not_Installed)
+{
+    Open();
+
+    Click<QToolButton>(*Form, "Image3");
+    Click<QToolButton>(*Form, "Image4");
+
+    ASSERT_EQ(The_User.Messages.size(), 2U);
+    EXPECT_EQ(The_User.Messages[0].Title, "Data error!");
+    EXPECT_EQ(The_User.Messages[0].Text, "EFSA Tier 2 scenario data not available in this installation!\r\n");
+    EXPECT_EQ(The_User.Messages[1].Text, "EFSA Tier 4 scenario data not available in this installation!\r\n");
+}
+
+TEST_F(Start_Test, Every_Button_Opens_Its_Form_Over_Itself)
+{
+    for (const char* name : {"EFSA/T_N_wcerea.sze", "EFSA_T4/C_wcerea.sze"}) {
+        std::filesystem::create_directories((Place / name).parent_path());
+        Write_Whole(Place / name, "DEM 3 demonstration data\r\n");
+    }
+    Open();
+    struct Way {
+        QString Control, Form, Caption;
+        std::string Mask;
+    };
+    for (const auto& way : {Way{"Command1", "Form_PSM_Open", "Open PSM file", "*.psm"}, Way{"Command2", "Form_PSM_Open", "Open Scenario File", "*.sze"},
+                            Way{"Command6", "Form_PSM_Open", "Open Climate File", "*.cli"}, Way{"Command3", "Versionsinfo", "Release info", "*.cli"},
+                            Way{"Image1", "form_end", "Parameters for Simulation", "*.cli"}, Way{"Image2", "FOCUS", "Focus Scenarios", "*.cli"},
+                            Way{"Image3", "EFSA", "EFSA Scenarios", "*.cli"}, Way{"Image4", "EFSA_T4", "EFSA Scenarios", "*.cli"}}) {
+        QString form, caption;
+        In_Modal([&](const QWidget& opened) {
+            form = opened.objectName();
+            caption = opened.windowTitle();
+        });
+
+        Click<QAbstractButton>(*Form, way.Control);
+
+        EXPECT_EQ(form, way.Form) << way.Control.toStdString();
+        EXPECT_EQ(caption, way.Caption) << way.Control.toStdString();
+        EXPECT_EQ(Shared.Program.File_Mask, way.Mask) << way.Control.toStdString();
+    }
+}
+
+TEST_F(Start_Test, A_Double_Click_On_A_Version_Shows_The_Details)
+{
+    Open();
+    QString details;
+    QTimer::singleShot(0, [&] {
+        QWidget* form = QApplication::activeModalWidget();
+        for (const auto* label : form->findChildren<QLabel*>())
+            details += label->text() + "|";
+        form->close();
+    });
+
+    QTest::mouseDClick(Find<QLabel>(*Form, "Aktuelle_ORVEL_Version"), Qt::LeftButton);
+
+    EXPECT_TRUE(details.contains("orvel401.exe")) << details.toStdString();
+}
+
+TEST_F(Start_Test, Exit_Closes_The_Window)
+{
+    Open();
+
+    Click<QPushButton>(*Form, "Command4");
+
+    EXPECT_FALSE(Form->isVisible());
+}

@@ -1,0 +1,312 @@
+// Every window as it opens in an installation with one finished run. With ORVEL_PICTURES=DIR it leaves a picture of each there, light and dark;
+// QT_SCALE_FACTOR=2 draws them for a fine screen.
+#include "tables/forms/jahresbilanz.h"
+#include "tables/forms/jahresdiagramm.h"
+#include "tables/forms/taegliches_diagramm_neu.h"
+#include "core/files.h"
+#include "ui/forms/dark_outlines.h"
+#include "desktop/forms/form_name.h"
+#include "desktop/forms/start.h"
+#include "desktop/forms/versionsinfo.h"
+#include "ui/forms/widgets.h"
+#include "files/climate_file.h"
+#include "files/forms/form_saving.h"
+#include "files/pesticide_file.h"
+#include "files/scenario_file.h"
+#include "evaluation/forms/analyse.h"
+#include "evaluation/forms/inout_sel.h"
+#include "tables/forms/jahr_orv.h"
+#include "tables/forms/mass_balance.h"
+#include "tables/forms/pecsoil.h"
+#include "evaluation/forms/simulationsliste.h"
+#include "tables/forms/text_viewer.h"
+#include "report/forms/zusammenfassung_orv.h"
+#include "runs/forms/ausgabe_festlegen.h"
+#include "runs/forms/dialog.h"
+#include "jobs/forms/focus.h"
+#include "jobs/forms/form_end.h"
+#include "runs/start_up.h"
+#include "scenario/forms/form_difcrop.h"
+#include "scenario/forms/form_eros.h"
+#include "scenario/forms/form_rot.h"
+#include "scenario/forms/form_soil_hor.h"
+#include "scenario/forms/klima.h"
+#include "scenario/forms/klimagrafik.h"
+#include "scenario/forms/macro.h"
+#include "scenario/forms/szenario.h"
+#include "substance/forms/andere_standorte.h"
+#include "substance/forms/deg_dat.h"
+#include "substance/forms/form_appgrid.h"
+#include "substance/forms/form_as.h"
+#include "substance/forms/form_hor.h"
+#include "substance/forms/form_met.h"
+#include "substance/forms/form_psm_1.h"
+#include "documents/forms/form_psm_open.h"
+#include "substance/forms/kin_sorption.h"
+#include "substance/forms/koc_ph.h"
+#include "substance/forms/plant_app.h"
+#include "substance/horizon_table.h"
+#include "substance/pesticide_editor.h"
+#include "temporary_directory.h"
+#include "window_test.h"
+
+#include <cstdlib>
+#include <functional>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableView>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Opened_Window {
+    QString Name; // of the picture
+    std::function<std::unique_ptr<QWidget>(Session&)> Open;
+};
+
+template <class Window, class... Rest> Opened_Window Plain(const QString& name, Rest... rest)
+{
+    return {name, [=](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Window>(session, rest...); }};
+}
+
+Opened_Window Plain_Transformation(const QString& name, int t)
+{
+    return {name, [t](Session& session) -> std::unique_ptr<QWidget> {
+                Open_Transformation(session, t);
+                return std::make_unique<deg_dat>(session);
+            }};
+}
+
+class Windows_Test : public Window_Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        Place = new Temporary_Directory;
+        const std::string at = " -C " + Installation().string();
+        Orvelctl("init " + Installation().string());
+        Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
+        Orvelctl(at + " start --mode focus --wait");
+    }
+    static void TearDownTestSuite() { delete Place; }
+
+    Windows_Test()
+    {
+        Shared.Program.App_Path = Installation();
+        Start_Up(Shared);
+        Shared.Program.File_Mask = "*.psm";
+        Parse_PSM(Read_Whole(Installation() / "demo_D.psm"), Shared.Pesticide);
+        Reset_SZE(Shared.Scenario);
+        Parse_SZE(Read_Whole(Installation() / "focus/H_wcerea.sze"), Shared.Scenario);
+        Shared.Climate = Parse_CLI(Read_Whole(Installation() / "focus/H_01.cli"));
+    }
+
+    static void Orvelctl(const std::string& arguments)
+    {
+        ASSERT_EQ(std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null").c_str()), 0) << arguments;
+    }
+
+    static fs::path Installation() { return Place->Path() / "installation"; }
+    static fs::path Run() { return Installation() / "focus/demo_D.run/Winter_-_cereals.run/Hamburg_-_(H).run"; }
+
+    std::vector<Opened_Window> All() const;
+    void Look_At_All(const QString& picture_suffix);
+
+    static Temporary_Directory* Place;
+};
+Temporary_Directory* Windows_Test::Place = nullptr;
+
+using Names = std::vector<std::string>;
+
+std::unique_ptr<QWidget> Opened_Substance(Session& session)
+{
+    Open_Active_Substance(session);
+    return std::make_unique<Form_AS>(session);
+}
+
+std::vector<Opened_Window> Windows_Test::All() const
+{
+    const auto& focus = Mode_Of(Mode_Kind::Focus);
+    const std::string echo = Read_Whole(Run() / "echo.orv");
+    return {
+        Plain<Start>("start"),
+        Plain<Form_name>("form_name"),
+        Plain<Versionsinfo>("versionsinfo"),
+        Plain<FOCUS>("focus", std::cref(focus)),
+        Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa))),
+        Plain<FOCUS>("efsa_t4", std::cref(Mode_Of(Mode_Kind::Efsa_T4))),
+        Plain<form_end>("form_end"),
+        {"ausgabe_festlegen", [](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Ausgabe_festlegen>(session.Output); }},
+        {"dialog", [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Dialog>(); }},
+        Plain<Analyse>("analyse", std::cref(focus)),
+        Plain<Simulationsliste>("simulationsliste", std::cref(focus)),
+        Plain<Jahr_ORV>("jahr_orv", Run()),
+        Plain<Mass_Balance>("mass_balance", Run()),
+        Plain<PECsoil>("pecsoil", Run(), 5),
+        Plain<Zusammenfassung_orv>("zusammenfassung", Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}}),
+        Plain<inout_sel>("inout_sel"),
+        {"form_filetext", [echo](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Form_filetext>(session, Run() / "echo.orv", echo); }},
+        {"echo_orv", [echo](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Echo_ORV>(echo); }},
+        {"jahresbilanz",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Jahresbilanz>(Run(), std::vector<std::string>{"Substance D"}, session.Ask);
+         }},
+        {"jahresdiagramm", [](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Jahresdiagramm>(Run(), session.Ask); }},
+        Plain<taegliches_Diagramm_neu>("taegliches_diagramm", Daily_Choice{.Run_Directory = Run(),
+                                                                           .Column = 1,
+                                                                           .Item = "Percolate at 100.0 cm ",
+                                                                           .Request = {.Variable = 3, .Cumulative = true, .From = {1, 1}, .To = {12, 3}}}),
+        Plain<Form_PSM_Open>("form_psm_open", Installation()),
+        Plain<Form_PSM_1>("form_psm_1", Installation()),
+        Plain_Transformation("deg_dat_active_substance", 1),
+        Plain_Transformation("deg_dat_metabolite", 6),
+        {"form_hor",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             Reset_Horizon_Table(session.Pesticide, 5);
+             session.Pesticide.N_Horizons = 5;
+             return std::make_unique<Form_hor>(session, 1, 5);
+         }},
+        Plain<Form_hor>("form_hor_d2", 9, 3),
+        {"form_appgrid",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Run.App_Current_Location = 1;
+             return std::make_unique<Form_appgrid>(session, "26", Application_Method::Soil);
+         }},
+        Plain<KOC_PH>("koc_ph", 1, "120"),
+        Plain<kin_Sorption>("kin_sorption", 1),
+        Plain<Plant_App>("plant_app", Application_Method::Exponential),
+        {"form_as", [](Session& session) -> std::unique_ptr<QWidget> { return Opened_Substance(session); }},
+        {"form_as_relative",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Pesticide.App_Mode = App_Mode_Relative;
+             session.Pesticide.App_Method = 4;
+             return Opened_Substance(session);
+         }},
+        {"andere_standorte",
+         [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<andere_Standorte>(Location_Kind::Leaching, Names{"Hamburg (H)"}); }},
+        {"andere_standorte_soil",
+         [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<andere_Standorte>(Location_Kind::Soil, Names{"Total content - North (T_N)"}); }},
+        {"form_met",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Program.Substance_Index = 2;
+             return std::make_unique<Form_MET>(session);
+         }},
+        Plain<Form_Saving>("form_saving", Document_Kind::Pesticide, Installation()),
+        Plain<Szenario>("szenario", Installation() / "focus"),
+        {"klimagrafik",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             static const Climate_Grid grid(session.Climate);
+             return std::make_unique<Klimagrafik>(grid, 3, session.Ask);
+         }},
+        Plain<Klima>("klima", Installation() / "focus"),
+        Plain<form_soil_hor>("form_soil_hor"),
+        Plain<Form_eros>("form_eros"),
+        Plain<Macro>("macro"),
+        Plain<Form_rot>("form_rot", Installation()),
+        {"form_difcrop",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             static Rotation_Work work; // outlives its form
+             work = Load_Rotation(session.Scenario, Read_Crop_Data(session, Installation()));
+             return std::make_unique<Form_DifCrop>(session, work);
+         }},
+    };
+}
+
+QString Place_Of(const QWidget& control)
+{
+    QString text;
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&control))
+        text = button->text();
+    if (const auto* label = qobject_cast<const QLabel*>(&control))
+        text = label->text();
+    return QString("%1 \"%2\"").arg(control.objectName(), text);
+}
+
+// Labels and buttons that have less room than their text needs, and table columns narrower than their headings.
+QStringList Cut_In(const QWidget& window)
+{
+    QStringList cut;
+    for (const auto* control : window.findChildren<QWidget*>()) {
+        if (!control->isVisible())
+            continue;
+        const auto* label = qobject_cast<const QLabel*>(control);
+        if ((label && !label->wordWrap()) || qobject_cast<const QAbstractButton*>(control)) {
+            const QSize needed = control->minimumSizeHint().expandedTo(label ? control->sizeHint() : QSize());
+            if (control->width() < needed.width() || control->height() < needed.height())
+                cut << Place_Of(*control);
+        }
+        if (const auto* table = qobject_cast<const QTableView*>(control); table && table->model()) {
+            const auto* heads = table->horizontalHeader();
+            for (int column = 0; column < table->model()->columnCount(); ++column)
+                if (heads->isVisible() && !heads->isSectionHidden(column) && heads->sectionSize(column) < heads->sectionSizeHint(column))
+                    cut << table->objectName() + ": " + table->model()->headerData(column, Qt::Horizontal).toString();
+        }
+    }
+    return cut;
+}
+
+bool Is_At_Work(const QWidget& window)
+{
+    for (const auto* bar : window.findChildren<QProgressBar*>())
+        if (bar->isVisible() && !bar->objectName().isEmpty() && bar->maximum() == 0)
+            return true;
+    return false;
+}
+
+QPalette Dark()
+{
+    QPalette dark(QColor(45, 48, 52), QColor(35, 38, 41));
+    dark.setColor(QPalette::Base, QColor(27, 30, 32));
+    dark.setColor(QPalette::AlternateBase, QColor(35, 38, 41));
+    dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    dark.setColor(QPalette::Link, QColor(29, 153, 243));
+    dark.setColor(QPalette::PlaceholderText, QColor(160, 165, 170));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(110, 115, 120));
+    return dark;
+}
+
+void Keep_Picture(QWidget& window, const QString& name)
+{
+    if (const char* directory = std::getenv("ORVEL_PICTURES"))
+        window.grab().save(QString::fromUtf8(directory) + "/" + name + ".png");
+}
+
+void Windows_Test::Look_At_All(const QString& picture_suffix)
+{
+    for (const auto& opened : All()) {
+        SCOPED_TRACE(opened.Name.toStdString());
+        const auto window = opened.Open(Shared);
+        window->show();
+        QTest::qWait(50);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));
+        Keep_Picture(*window, opened.Name + picture_suffix);
+        EXPECT_EQ(Cut_In(*window).join("; ").toStdString(), "");
+    }
+}
+
+} // namespace
+
+TEST_F(Windows_Test, Show_Every_Caption_Whole)
+{
+    Look_At_All("");
+}
+
+TEST_F(Windows_Test, Show_Every_Caption_Whole_In_A_Large_Font_And_Dark)
+{
+    const QFont font = QApplication::font();
+    const QPalette palette = QApplication::palette();
+    QFont large = font;
+    large.setPointSizeF(font.pointSizeF() * 1.25);
+    QApplication::setFont(large);
+    Show_Outlines_In_The_Dark();
+    QApplication::setPalette(Dark());
+    Look_At_All("_dark");
+    QApplication::setPalette(palette);
+    QApplication::setFont(font);
+}

@@ -1,0 +1,126 @@
+#include "runs/run_fixture.h"
+#include "runs/batch.h"
+#include "runs/output_selection.h"
+#include "jobs/run_again.h"
+
+#include <chrono>
+
+namespace fs = std::filesystem;
+
+class Run_Again_Test : public Run_Test {
+protected:
+    // A simulation that was marked, started and ended with an error.
+    void Fail()
+    {
+        Shared.Output = Minimum_Output();
+        ASSERT_EQ(Mark_For_Batch(Shared, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
+        fs::remove(Home / "focus" / "batch.bat");
+        Shared.Run.Job_Dir.clear();
+        Put(Place() / "echo.orv", " *** ERROR 21: BAD INPUT\r\n");
+    }
+
+    fs::path Place() { return Run_Path(Home / "focus", Run_Directory("test.psm", "Maize", "Hamburg (H)")); }
+    int Again() { return Mark_Failed_Again(Shared, Focus(), Simulation_List(Shared, Focus())); }
+};
+
+TEST_F(Run_Again_Test, A_Failed_Simulation_Is_Marked_With_Its_Own_Output_After_One_Question)
+{
+    Fail();
+    const std::string before = Read_Whole(Place() / "orvel.inp");
+    Shared.Output = Recommended_Output(); // what another run form chose meanwhile
+    const Output_Selection chosen = Shared.Output;
+    The_User.Answers = {Button::Yes};
+
+    EXPECT_EQ(Again(), 1);
+
+    EXPECT_EQ(The_User.Messages.size(), 1u);
+    EXPECT_EQ(The_User.Messages.at(0).Text, "Do you want to mark the failed simulation for the batch again? What they wrote so far will be removed.");
+    EXPECT_EQ(Read_Whole(Place() / "orvel.inp"), before);
+    EXPECT_FALSE(fs::exists(Place() / "echo.orv"));
+    EXPECT_TRUE(Batch_Pending(Shared, Focus()));
+    EXPECT_EQ(Shared.Output, chosen);
+}
+
+TEST_F(Run_Again_Test, A_No_Keeps_What_The_Simulation_Wrote)
+{
+    Fail();
+    The_User.Answers = {Button::No};
+
+    EXPECT_EQ(Again(), 0);
+
+    EXPECT_TRUE(fs::exists(Place() / "echo.orv"));
+    EXPECT_FALSE(Batch_Pending(Shared, Focus()));
+}
+
+TEST_F(Run_Again_Test, A_Simulation_That_Ended_Well_Is_Left_Alone)
+{
+    Fail();
+    Put(Place() / "echo.orv", "*** END OF ECHO ***\r\n");
+
+    EXPECT_EQ(Again(), 0);
+
+    EXPECT_EQ(The_User.Messages.size(), 1u);
+    EXPECT_EQ(The_User.Messages.at(0).Picture, Icon::Information);
+    EXPECT_TRUE(fs::exists(Place() / "echo.orv"));
+}
+
+TEST_F(Run_Again_Test, One_Without_Its_Pesticide_File_Is_Told_And_Keeps_What_It_Wrote)
+{
+    Fail();
+    fs::remove(Home / "test.psm");
+    The_User.Answers = {Button::Yes};
+
+    EXPECT_EQ(Again(), 0);
+
+    EXPECT_GE(The_User.Messages.size(), 2u);
+    EXPECT_TRUE(fs::exists(Place() / "echo.orv"));
+}
+
+TEST_F(Run_Again_Test, The_Tillage_Depth_Is_That_Of_The_Failed_Run)
+{
+    auto choice = Maize_At_Hamburg();
+    Scenario(Home / "focus" / "H_maize.sze", [](Scenario_Document& scenario) { scenario.Crops[0].SZE_Rot_Tillage = 1; });
+    choice.Tillage = "17";
+    choice.Tillage_Visible = true;
+    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    fs::remove(Home / "focus" / "batch.bat");
+    Put(Place() / "echo.orv", "ERROR\r\n");
+    const std::string before = Read_Whole(Place() / "orvel.inp");
+    ASSERT_NE(before.find(" 17."), std::string::npos);
+    The_User.Answers = {Button::Yes};
+
+    ASSERT_EQ(Again(), 1);
+
+    EXPECT_EQ(Read_Whole(Place() / "orvel.inp"), before);
+}
+
+TEST_F(Run_Again_Test, A_Simulation_Marked_Anew_Has_No_Result_Any_More_Whatever_The_Last_Job_Logged)
+{
+    Fail();
+    const std::string run = fs::relative(Place(), Home / "focus").string();
+    const fs::path log = Home / "focus" / "orveljob.log";
+    Put(log, "2024-05-31 14:05:09\tbegin\t\t1 run\n2024-05-31 14:05:10\tfailed\t" + run + "\texit code 1\n");
+    fs::last_write_time(log, fs::last_write_time(log) - std::chrono::hours(1));
+    The_User.Answers = {Button::Yes};
+
+    ASSERT_EQ(Again(), 1);
+
+    const auto list = Simulation_List(Shared, Focus());
+    ASSERT_EQ(list.size(), 1u);
+    EXPECT_EQ(list[0].Status, Run_Status::Scheduled);
+    EXPECT_EQ(list[0].Result, Run_Result::None);
+}
+
+TEST_F(Run_Again_Test, A_Simulation_That_Failed_Before_Its_Echo_Is_Known_By_The_Log)
+{
+    Fail();
+    fs::remove(Place() / "echo.orv");
+    const std::string run = fs::relative(Place(), Home / "focus").string();
+    const fs::path log = Home / "focus" / "orveljob.log";
+    Put(log, "2024-05-31 14:05:09\tbegin\t\t1 run\n2024-05-31 14:05:10\tfailed\t" + run + "\texit code 1\n");
+    fs::last_write_time(log, fs::last_write_time(log) + std::chrono::hours(1));
+
+    EXPECT_EQ(Simulation_List(Shared, Focus()).at(0).Result, Run_Result::Error);
+    The_User.Answers = {Button::Yes};
+    EXPECT_EQ(Again(), 1);
+}

@@ -1,0 +1,165 @@
+#include "core/system/lock.h"
+#include "runs/run_fixture.h"
+
+#include <sys/wait.h>
+
+namespace fs = std::filesystem;
+
+// The commands mark, start and status, used as a script would.
+class Orvelctl_Runs : public Run_Test {
+protected:
+    struct Outcome {
+        int Code;
+        std::string Printed, Told;
+    };
+
+    Outcome Do(const std::string& words)
+    {
+        const std::string out = (Home / "printed").string(), told = (Home / "told").string();
+        const std::string command = std::string(ORVELCTL) + " -C '" + Home.Path().string() + "' " + words + " >" + out + " 2>" + told;
+        const int status = std::system(command.c_str());
+        return {WEXITSTATUS(status), Read_Whole(out), Read_Whole(told)};
+    }
+
+    void Three_Locations()
+    {
+        Pesticide("my test.psm", [](auto& document) {
+            document.App_Loc_Count = 3;
+            document.App_Location[2] = "Ch\xE2teaudun (C)";
+            document.Applications[2] = document.Applications[1];
+        });
+        for (const auto* name : {"C_maize.sze", "H_maize.sze", "T_maize.sze"})
+            Scenario(Home / "focus" / name);
+    }
+
+    static constexpr auto Mark_Hamburg = "mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Hamburg (H)'";
+};
+
+TEST_F(Orvelctl_Runs, A_Batch_Is_Marked_Started_Waited_For_And_Listed)
+{
+    Three_Locations();
+    Engine("echo done > echo.orv");
+
+    const auto marked = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --all --output minimum");
+    EXPECT_EQ(marked.Code, 0) << marked.Told;
+    EXPECT_EQ(marked.Printed, "focus/my_-_test.run/Maize.run/Ch\u00E2teaudun_-_(C)--_-_irrigated.run\nfocus/my_-_test.run/Maize.run/Hamburg_-_(H).run\n");
+
+    const auto started = Do("start --mode focus --jobs 2 --wait");
+    EXPECT_EQ(started.Code, 0) << started.Told;
+    EXPECT_TRUE(started.Told.ends_with("2 of 2 runs, 100 %\n")) << started.Told;
+
+    const auto listed = Do("status --mode focus");
+    EXPECT_EQ(listed.Code, 0);
+    EXPECT_TRUE(listed.Printed.starts_with("my test\tMaize\tCh\u00E2teaudun (C), irrigated\t")) << listed.Printed;
+    EXPECT_TRUE(listed.Printed.ends_with("\tData available\n")) << listed.Printed;
+    EXPECT_EQ(std::ranges::count(listed.Printed, '\n'), 2);
+    const auto json = Do("status --mode focus --json");
+    EXPECT_NE(json.Printed.find("\"result\": \"finished\""), std::string::npos) << json.Printed;
+}
+
+TEST_F(Orvelctl_Runs, A_Location_Is_Given_In_The_Letters_Of_The_Terminal)
+{
+    Three_Locations();
+
+    const auto marked = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Ch\u00E2teaudun (C), irrigated'");
+
+    EXPECT_EQ(marked.Code, 0) << marked.Told;
+    EXPECT_TRUE(fs::exists(Home / "focus" / "batch.bat"));
+}
+
+TEST_F(Orvelctl_Runs, A_Combination_Already_Run_Is_Refused_Unless_It_Shall_Be_Replaced)
+{
+    Three_Locations();
+    ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
+    Put(Home / "focus" / "my_-_test.run" / "Maize.run" / "Hamburg_-_(H).run" / "echo.orv", "done");
+    fs::remove(Home / "focus" / "batch.bat");
+
+    const auto refused = Do(Mark_Hamburg);
+    EXPECT_EQ(refused.Code, 1);
+    EXPECT_EQ(refused.Told, "Starting ORVEL Simulations: You already performed a ORVEL-Simulation using this combination.If you continue the previous "
+                            "simulation will be removed!\n");
+
+    const auto replaced = Do(std::string(Mark_Hamburg) + " --replace");
+    EXPECT_EQ(replaced.Code, 0);
+    EXPECT_EQ(replaced.Told, "");
+}
+
+TEST_F(Orvelctl_Runs, What_The_Form_Warns_Of_Is_Refused_With_Its_Text)
+{
+    Three_Locations();
+
+    const auto refused = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Thiva (T), irrigated'");
+    EXPECT_EQ(refused.Code, 1);
+    EXPECT_EQ(refused.Told, "Starting ORVEL Simulations: No application pattern for Thiva (T) defined in the selected pesticide file\n");
+    EXPECT_EQ(Do("mark --mode focus --pesticide none.psm --crop Maize --all").Code, 1);
+    EXPECT_EQ(Do("mark --mode focus --pesticide 'my test.psm' --crop Corn --all").Code, 1);
+    EXPECT_EQ(Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location Nowhere").Code, 1);
+    EXPECT_EQ(Do("mark --mode efsa --pesticide 'my test.psm' --crop Maize --all").Told,
+              "Data error!: EFSA Tier 2 scenario data not available in this installation!\r\n\n");
+    EXPECT_EQ(Do(std::string(Mark_Hamburg) + " --tillage 41").Code, 1);
+}
+
+TEST_F(Orvelctl_Runs, The_Tillage_Depth_Reaches_The_Run_Where_The_Scenario_Has_Tillage)
+{
+    Three_Locations();
+    ASSERT_EQ(Do(std::string(Mark_Hamburg) + " --output minimum --tillage 20").Code, 0);
+    EXPECT_NE(Read_Whole(Home / "focus" / "orvel.inp").find("\r\n00000001 00.\r\n"), std::string::npos);
+    fs::remove(Home / "focus" / "batch.bat");
+    Scenario(Home / "focus" / "H_maize.sze", [](auto& document) { document.Crops[0].SZE_Rot_Tillage = 1; });
+
+    ASSERT_EQ(Do(std::string(Mark_Hamburg) + " --output minimum --tillage 20").Code, 0);
+    EXPECT_NE(Read_Whole(Home / "focus" / "orvel.inp").find("\r\n00000001 20.\r\n"), std::string::npos);
+}
+
+TEST_F(Orvelctl_Runs, The_Scaling_And_The_Kept_Number_Reach_The_Soil_Modes)
+{
+    Pesticide("test.psm", [](auto& document) { document.App_Location[1] = "Total content - North (T_N)"; });
+    for (const auto* file : {"EFSA/T_N_wcerea.sze", "EFSA_T4/T_N_wcerea.sze", "EFSA_T4/C_wcerea.sze"})
+        Scenario(Home / file);
+    for (const auto* file : {"EFSA/run.bat", "EFSA_T4/run.bat"})
+        Put(Home / file, "rem\r\n");
+    Put(Home / "EFSA" / "orvel.inp", "026 01 01 31 12 Version 5          SOIL 1.5 \r\n");
+    const std::string rest = " --pesticide test.psm --crop 'Winter cereals' --location 'Total content - North (T_N)'";
+
+    EXPECT_EQ(Do("mark --mode efsa" + rest).Code, 0);
+    EXPECT_EQ(Do("mark --mode efsa_t4 --scaling -0.5" + rest).Code, 0);
+    EXPECT_EQ(Do("mark --mode efsa_t4 --scaling 5.05" + rest).Code, 1);
+
+    EXPECT_TRUE(Read_Whole(Home / "EFSA" / "orvel.inp").starts_with("026 01 01 31 12 Version 5          SOIL 1.5 \r\n"));
+    EXPECT_TRUE(Read_Whole(Home / "EFSA_T4" / "orvel.inp").starts_with("026 01 01 31 12 Version 5          SOIL-0.5\r\n"));
+}
+
+TEST_F(Orvelctl_Runs, A_Run_That_Fails_Is_The_Exit_Code_Of_The_Waiting_Start)
+{
+    Three_Locations();
+    Engine("exit 2");
+    ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
+
+    const auto started = Do("start --mode focus --wait");
+
+    EXPECT_EQ(started.Code, 1);
+    EXPECT_NE(started.Told.find("Starting ORVEL Simulations: Not every simulation has finished."), std::string::npos) << started.Told;
+    EXPECT_TRUE(Do("status --mode focus").Printed.ends_with("\tScheduled\tERROR\n"));
+    EXPECT_EQ(Do("start --mode focus").Code, 1); // nothing is pending any more
+}
+
+TEST_F(Orvelctl_Runs, A_Second_Start_Is_Refused_While_A_Job_Is_At_Work)
+{
+    Three_Locations();
+    ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
+    const auto job = Lock::Take(Home / "focus");
+
+    EXPECT_EQ(Do("start --mode focus").Told, "Starting ORVEL Simulations: The current ORVEL simulation is still running.\n");
+}
+
+TEST_F(Orvelctl_Runs, A_Wrong_Command_Line_Has_Exit_Code_2)
+{
+    EXPECT_EQ(Do("status").Code, 2);
+    EXPECT_EQ(Do("status --mode fokus").Code, 2);
+    EXPECT_EQ(Do("start --mode focus --jobs 0").Code, 2);
+    EXPECT_EQ(Do("mark --mode focus --pesticide a.psm --crop Maize").Code, 2);
+    EXPECT_EQ(Do("mark --mode focus --pesticide a.psm --crop Maize --all --location x").Code, 2);
+    EXPECT_EQ(Do("mark --mode focus --pesticide '\u4E2D.psm' --crop Maize --all").Code, 2);
+    EXPECT_EQ(Do("status --mode focus").Code, 0);
+    EXPECT_EQ(Do("status --mode focus").Printed, "");
+}

@@ -1,0 +1,81 @@
+#include "report/painting/report_files.h"
+
+#include "core/error.h"
+#include "report/report_forms.h"
+#include "report/report_session.h"
+
+#include <QTextDocument>
+#include <QXmlStreamReader>
+
+namespace {
+
+// What a reader of XML finds wrong with a text; nothing if it is well-formed.
+QString Xml_Error(const std::string& text)
+{
+    QXmlStreamReader reader(QByteArray::fromStdString(text));
+    while (!reader.atEnd())
+        reader.readNext();
+    return reader.hasError() ? reader.errorString() : QString();
+}
+
+} // namespace
+
+TEST_F(Report_Session, The_Html_Is_Well_Formed_Whatever_The_Names_Hold)
+{
+    Add_Run("Maize", "Kremsm\xC3\xBCnster_-_(K)", 1, {"P & <Q> \"r\" '\x01\x80", "]]> --"});
+    Add_Run("Winter_-_cereals", "Hamburg_-_(H)", 1);
+
+    const std::string html = Report_Html(Gathered("all", {"K", "H"}));
+
+    EXPECT_EQ(Xml_Error(html), "");
+    EXPECT_NE(html.find("P &amp; &lt;Q&gt; &quot;r&quot; &#39; \xE2\x82\xAC"), std::string::npos);
+}
+
+TEST_F(Report_Session, The_Pdf_Is_An_Archive_Document_With_Its_Title_And_A_Page_For_Each_Substance)
+{
+    Add_Run("Maize", "Hamburg_-_(H)", 1);
+
+    const QByteArray pdf = Report_Pdf(Gathered());
+
+    EXPECT_TRUE(pdf.startsWith("%PDF-1.4"));
+    EXPECT_TRUE(pdf.contains("pdfaid:part=\"1\" pdfaid:conformance=\"B\""));
+    EXPECT_TRUE(pdf.contains("GTS_PDFA1"));
+    EXPECT_TRUE(pdf.contains("Leaching to groundwater: summary report: demo"));
+    const auto pages = pdf.indexOf("/Type /Pages");
+    ASSERT_GE(pages, 0);
+    const auto count = pdf.indexOf("/Count ", pages);
+    EXPECT_EQ(pdf.mid(count + 7, 2).trimmed().toInt(), 3); // the head with notes and uses, then one for each of both substances
+}
+
+TEST_F(Report_Session, The_Ending_Of_The_File_Decides_What_Is_Saved)
+{
+    Add_Run("Maize", "Hamburg_-_(H)", 1);
+    const auto at = [this](const char* name) { return Installation / name; };
+
+    for (const char* name : {"r.txt", "r.csv", "r.html", "r.PDF"})
+        EXPECT_TRUE(Save_Report(Shared, Requests(), at(name))) << name;
+
+    EXPECT_TRUE(Read_File(at("r.txt")).starts_with("FOCUS Summary Output File\r\n"));
+    EXPECT_TRUE(Read_File(at("r.csv"))
+                    .starts_with("\xEF\xBB\xBF"
+                                 "Crop,"));
+    EXPECT_TRUE(Read_File(at("r.html")).starts_with("<!DOCTYPE html>"));
+    EXPECT_TRUE(Read_File(at("r.PDF")).starts_with("%PDF-"));
+    EXPECT_THROW(Save_Report(Shared, Requests(), at("r.doc")), File_Error);
+    EXPECT_FALSE(std::filesystem::exists(at("r.doc")));
+}
+
+TEST_F(Report_Session, A_Text_With_A_Failed_Simulation_Is_Told_And_Nothing_Is_Saved_While_The_Page_Tells_Of_It)
+{
+    Add_Run("Maize", "Hamburg_-_(H)", 1);
+    std::filesystem::remove(Add_Run("Maize", "Thiva_-_(T)", 1) / "Wasser.orv");
+    Write_Whole(Installation / "r.txt", "old");
+
+    EXPECT_FALSE(Save_Report(Shared, Requests(), Installation / "r.txt"));
+    EXPECT_TRUE(Save_Report(Shared, Requests(), Installation / "r.html"));
+
+    EXPECT_EQ(Read_File(Installation / "r.txt"), "old");
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(The_User.Messages[0].Text, "Problem with output files. Probably, one of the simulations failed!");
+    EXPECT_NE(Read_File(Installation / "r.html").find("class=\"problem\""), std::string::npos);
+}

@@ -1,0 +1,126 @@
+#include "report/report_forms.h"
+
+#include "core/error.h"
+#include "report_session.h"
+
+namespace {
+
+// A report with everything in it that a form could stumble over: names with < & " ; and umlauts, a value of exactly the limit, a run without result.
+Report Small_Report()
+{
+    Report report{.Title = "Report", .Program = "ORVELSUITE 5.5", .Engine = "ORVEL 4.01", .Pesticide = "d\xF6mo; \"x\"", .Made = "2026-01-02 03:04"};
+    report.Engine_File = {"orvel401.exe", "e1"};
+    report.Notes = {"A note & <more>."};
+    Report_Crop crop{.Name = "Maize"};
+    crop.Runs.push_back({.Location = "Kremsm\xFCnster (K)", .Date = "2026-01-01 00:00", .Years = 26, .Pesticide = {"d.psm", "p1"}});
+    crop.Runs.back().Uses = {{"1 kg/ha", "1 May", "every year, 1 to 26", "soil surface"}};
+    crop.Runs.push_back({.Location = "Porto (O)", .Problem = "It failed; \"really\"."});
+    Report_Table table{.Substance = "P & <Q>"};
+    table.Results.push_back({0, {0.2, 200, 0.1}, {17, "23", 0.12}, {16, "22", 0.08}, false});
+    crop.Tables = {table};
+    table.Substance = "M";
+    table.Results[0] = {0, {0.202, 200, 0.101}, {3, "9", 0.122}, {4, "10", 0.08}, true};
+    crop.Tables.push_back(table);
+    report.Crops = {crop};
+    return report;
+}
+
+bool Has(const std::string& text, const std::string& part)
+{
+    return text.find(part) != std::string::npos;
+}
+
+} // namespace
+
+TEST(Report_As_Csv, A_Line_For_Each_Substance_And_Location_With_Fields_In_Quotes_Where_Needed)
+{
+    const std::string engine = ",orvel401.exe,e1,ORVELSUITE 5.5\r\n";
+    const std::string run = ",,\"1 kg/ha, 1 May, every year, 1 to 26, soil surface\",2026-01-01 00:00,26,d.psm,p1" + engine;
+    const std::string failed = ",,,,,,,,,,,\"It failed; \"\"really\"\".\",,,,," + engine;
+
+    EXPECT_EQ(
+        Report_Csv(Small_Report()),
+        "\xEF\xBB\xBF"
+        "Crop,Substance,Location,80th percentile (\xC2\xB5g/L),Above 0.1 \xC2\xB5g/L,Period A,Years of A,Concentration of A (\xC2\xB5g/L),Period B,Years of B,"
+        "Concentration of B (\xC2\xB5g/L),Flux (g/ha),Percolate (L/m\xC2\xB2),Problem,Uses,Simulated on,Years,Pesticide file,SHA-256 of the pesticide file,"
+        "Engine,SHA-256 of the engine,Program\r\n"
+        "Maize,P & <Q>,Kremsm\xC3\xBCnster (K),0.100,no,17,23,0.120,16,22,0.080,0.2,200" +
+            run + "Maize,P & <Q>,Porto (O)" + failed + "Maize,M,Kremsm\xC3\xBCnster (K),0.101,yes,3,9,0.122,4,10,0.080,0.202,200" + run + "Maize,M,Porto (O)" +
+            failed);
+}
+
+TEST(Report_As_Csv, A_Crop_Without_Any_Result_Still_Tells_The_Problems_Of_Its_Locations)
+{
+    Report report = Small_Report();
+    report.Crops[0].Tables.clear();
+
+    const std::string csv = Report_Csv(report);
+
+    EXPECT_TRUE(Has(csv, "Maize,,Porto (O),,,,,,,,,,,\"It failed; \"\"really\"\".\"")) << csv;
+}
+
+TEST(Report_As_Html, Names_Are_Text_And_Never_Markup)
+{
+    const std::string html = Report_Html(Small_Report());
+
+    EXPECT_TRUE(Has(html, "Results for P &amp; &lt;Q&gt;"));
+    EXPECT_TRUE(Has(html, "<li>A note &amp; &lt;more&gt;.</li>"));
+    EXPECT_TRUE(Has(html, "<title>Report: d\xC3\xB6mo; &quot;x&quot;</title>"));
+    EXPECT_FALSE(Has(html, "<Q>"));
+}
+
+TEST(Report_As_Html, The_Mark_Of_The_Limit_Stands_In_Words_And_Exactly_The_Limit_Keeps_It)
+{
+    const std::string html = Report_Html(Small_Report());
+
+    EXPECT_TRUE(Has(html, "<tr><td>Kremsm\xC3\xBCnster (K)</td><td class=\"number\">0.100</td><td>kept</td><td>17 (23)</td><td class=\"number\">0.120</td>"
+                          "<td>16 (22)</td><td class=\"number\">0.080</td><td class=\"number\">0.2</td><td class=\"number\">200</td></tr>"));
+    EXPECT_TRUE(Has(html, "<tr class=\"above\"><td>Kremsm\xC3\xBCnster (K)</td><td class=\"number\">0.101</td><td>exceeded</td>"));
+}
+
+TEST(Report_As_Html, A_Run_Without_Result_Has_Its_Problem_In_Place_Of_Figures)
+{
+    EXPECT_TRUE(Has(Report_Html(Small_Report()), "<tr><td>Porto (O)</td><td class=\"problem\" colspan=\"8\">It failed; &quot;really&quot;.</td></tr>"));
+}
+
+TEST(Report_As_Html, Nothing_Is_Fetched_From_Elsewhere_And_The_Diagrams_Stand_In_The_Page)
+{
+    const std::string html = Report_Html(Small_Report());
+
+    for (const std::string outside : {"src=", "href=", "@import", "url("})
+        EXPECT_FALSE(Has(html, outside)) << outside;
+    EXPECT_TRUE(Has(html, "<svg xmlns"));
+    EXPECT_TRUE(Has(html, "@media print"));
+    EXPECT_TRUE(Has(html, "prefers-color-scheme: dark"));
+}
+
+TEST(Report_In_A_Form, The_Ending_Decides_And_Others_Are_Refused)
+{
+    const Report report = Small_Report();
+
+    EXPECT_EQ(Report_In_Form(report, "a.CSV"), Report_Csv(report));
+    EXPECT_EQ(Report_In_Form(report, "a.html"), Report_Html(report));
+    EXPECT_THROW(Report_In_Form(report, "a.doc"), File_Error);
+    EXPECT_THROW(Report_In_Form(report, "csv"), File_Error);
+}
+
+TEST_F(Report_Session, The_Text_Is_That_Of_The_Summaries_In_Utf_8_One_Crop_Behind_The_Other)
+{
+    Add_Run("Maize", "Kremsm\xC3\xBCnster_-_(K)", 1);
+    Add_Run("Winter_-_cereals", "Hamburg_-_(H)", 1);
+
+    const auto text = Report_Text(Shared, Requests());
+
+    ASSERT_TRUE(text);
+    EXPECT_TRUE(text->starts_with("FOCUS Summary Output File\r\n\r\nModel Version:          \tORVEL 4.01\r\n"));
+    EXPECT_LT(text->find("Simulated crop:         \tMaize\r\n"), text->find("Simulated crop:         \tWinter cereals\r\n"));
+    EXPECT_TRUE(Has(*text, "\r\nKremsm\xC3\xBCnster (K) \t(17/16)\t45.0000     \t200.000     \t22.500\r\n")) << *text;
+}
+
+TEST_F(Report_Session, The_Text_Refuses_A_Location_That_Was_Asked_For_And_Not_Run)
+{
+    Add_Run("Maize", "Hamburg_-_(H)", 1);
+
+    EXPECT_TRUE(Report_Text(Shared, Requests("Maize", {"H"})));
+    EXPECT_THROW(Report_Text(Shared, Requests("Maize", {"H", "C"})), File_Error);
+}

@@ -1,0 +1,208 @@
+#include "report/report.h"
+
+#include "core/error.h"
+#include "core/sha256.h"
+#include "core/text.h"
+#include "report_session.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::string Hamburg = "Hamburg_-_(H)", Kremsmuenster = "Kremsm\xC3\xBCnster_-_(K)";
+
+bool Holds(const std::vector<std::string>& notes, const std::string& note)
+{
+    return std::find(notes.begin(), notes.end(), note) != notes.end();
+}
+
+} // namespace
+
+TEST_F(Report_Session, A_Result_Holds_Percentile_And_Both_Years_That_It_Is_Made_Of)
+{
+    Add_Run("Maize", Hamburg, 1);
+    Add_Run("Maize", Kremsmuenster, 2);
+
+    const Report report = Gathered();
+
+    ASSERT_EQ(report.Crops.size(), 1U);
+    const auto& crop = report.Crops[0];
+    EXPECT_EQ(crop.Name, "Maize");
+    ASSERT_EQ(crop.Tables.size(), 2U);
+    EXPECT_EQ(crop.Tables[0].Substance, "P & <Q>");
+    ASSERT_EQ(crop.Tables[0].Results.size(), 2U);
+    const auto& first = crop.Tables[0].Results[0];
+    EXPECT_EQ(first.P80, (Leachate_Row{45, 200, 22.5}));
+    EXPECT_EQ(first.A, (Selected_Period{17, "23", 23}));
+    EXPECT_EQ(first.B, (Selected_Period{16, "22", 22}));
+    EXPECT_TRUE(first.Above_Limit);
+    EXPECT_EQ(crop.Tables[0].Results[1].P80.Conc, 45);
+    EXPECT_FALSE(crop.Tables[1].Results[0].Above_Limit); // nothing leached
+    EXPECT_EQ(crop.Runs[0].Years, 26);
+    EXPECT_EQ(crop.Runs[0].Titles, (std::vector<std::string>{"Engine", "Scenario", "Pesticide", "Soil concentrations: total content (mg/kg)"}));
+    EXPECT_EQ(crop.Tables[0].Diagram.Boxes.size(), 2U);
+}
+
+TEST_F(Report_Session, The_Figures_Are_The_Same_Out_Of_The_Cache)
+{
+    Add_Run("Maize", Hamburg, 7);
+    const auto first = Gathered(), second = Gathered();
+
+    EXPECT_EQ(first.Crops[0].Tables[0].Results[0].P80, second.Crops[0].Tables[0].Results[0].P80);
+    EXPECT_EQ(first.Crops[0].Tables[0].Results[0].A, second.Crops[0].Tables[0].Results[0].A);
+}
+
+TEST_F(Report_Session, A_Percentile_Of_Exactly_The_Limit_Keeps_It_And_The_Next_Printed_Figure_Does_Not)
+{
+    const auto run = Add_Run("Maize", Hamburg, 1);
+    Gathered();
+    for (const auto& [figure, above] : {std::pair("0.100", false), std::pair("0.101", true)}) {
+        std::string periods = Read_File(run / "period.orv");
+        const auto row = periods.find("80 Perc.(17/16)");
+        ASSERT_NE(row, std::string::npos);
+        const auto end = periods.find("\r\n", row), last = periods.rfind('\t', end);
+        periods.replace(last + 1, end - last - 1, figure);
+        Write_Whole(run / "period.orv", periods);
+
+        const auto result = Gathered().Crops[0].Tables[0].Results[0];
+        EXPECT_EQ(result.P80.Conc, std::stod(figure));
+        EXPECT_EQ(result.Above_Limit, above) << figure;
+    }
+}
+
+TEST_F(Report_Session, The_Files_Are_Named_With_The_Digest_Of_Their_Bytes)
+{
+    const auto run = Add_Run("Maize", Hamburg, 1);
+
+    const Report report = Gathered();
+
+    EXPECT_EQ(report.Engine_File, (Checked_File{"orvel401.exe", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"}));
+    const auto& gathered = report.Crops[0].Runs[0];
+    EXPECT_EQ(gathered.Pesticide, (Checked_File{"demo.psm", Sha256(Read_File(run / "demo.psm"))}));
+    EXPECT_EQ(gathered.Scenario, (Checked_File{"H_test.sze", Sha256("scenario")}));
+    EXPECT_EQ(gathered.Run_Control, (Checked_File{"orvel.inp", Sha256("control of " + Hamburg)}));
+    EXPECT_EQ(report.Program, "ORVELSUITE 5.5.5");
+    EXPECT_EQ(report.Engine, "ORVEL 4.01");
+}
+
+TEST_F(Report_Session, The_Uses_Are_Those_Of_The_File_That_Was_Simulated)
+{
+    Add_Run("Maize", Hamburg, 1);
+    Write_Pesticide(Installation.Path(), 9);
+
+    const Report report = Gathered();
+
+    EXPECT_EQ(report.Crops[0].Runs[0].Uses, (std::vector<Report_Use>{{"1 kg/ha", "1 November", "every year, 1 to 26", "soil surface"}}));
+    EXPECT_TRUE(Holds(report.Notes, "The pesticide file of the installation differs from the one that was simulated: Hamburg (H)."));
+}
+
+TEST_F(Report_Session, A_Failed_A_Missing_And_A_Scheduled_Simulation_Have_A_Problem_And_No_Figures)
+{
+    Add_Run("Maize", Hamburg, 1);
+    Write_Whole(Add_Run("Maize", Kremsmuenster, 1) / "echo.orv", Echo_File({.Names = {"P & <Q>", "M"}, .Last = " *** ERROR 12 ***"}));
+    fs::remove(Add_Run("Maize", "Porto_-_(O)", 1) / "echo.orv");
+    fs::remove(Add_Run("Maize", "Thiva_-_(T)", 1) / "Wasser.orv");
+
+    const Report report = Gathered("Maize", {"H", "K", "O", "S", "T"});
+
+    const auto& runs = report.Crops[0].Runs;
+    ASSERT_EQ(runs.size(), 5U);
+    EXPECT_EQ(runs[0].Problem, "");
+    EXPECT_EQ(runs[1].Problem, "The simulation failed: the engine reports an error.");
+    EXPECT_EQ(runs[2].Problem, "The simulation has not been run yet.");
+    EXPECT_TRUE(runs[3].Problem.starts_with("The file ")) << runs[3].Problem; // Wasser.orv, behind the locations that have a directory stands Sevilla
+    EXPECT_EQ(runs[4].Location, "Sevilla (S)");
+    EXPECT_EQ(runs[4].Problem, "The location was not simulated.");
+    ASSERT_EQ(report.Crops[0].Tables[0].Results.size(), 1U);
+    EXPECT_NE(Result_Of(report.Crops[0].Tables[0], 0), nullptr);
+    for (const std::size_t run : {1U, 2U, 3U, 4U})
+        EXPECT_EQ(Result_Of(report.Crops[0].Tables[0], run), nullptr);
+    EXPECT_TRUE(Holds(report.Notes, "The simulation failed: the engine reports an error: Kremsm\xFCnster (K)."));
+    EXPECT_TRUE(Holds(report.Notes, "The location was not simulated: Sevilla (S)."));
+    EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(Report_Session, A_Run_Of_Other_Substances_Than_The_First_Is_Not_Put_Under_Their_Names)
+{
+    Add_Run("Maize", Hamburg, 1);
+    Add_Run("Maize", Kremsmuenster, 2, {"P & <Q>", "Other"});
+
+    const Report report = Gathered();
+
+    EXPECT_EQ(report.Crops[0].Runs[1].Problem, "The simulation has other substances than that of the first location.");
+    EXPECT_EQ(report.Crops[0].Tables[1].Results.size(), 1U);
+    EXPECT_EQ(report.Crops[0].Tables[0].Diagram.Boxes.size(), 1U);
+}
+
+TEST_F(Report_Session, All_Crops_That_Were_Run_Are_Gathered_And_A_Choice_Of_Locations_Holds_For_Each)
+{
+    Add_Run("Maize", Hamburg, 1);
+    Add_Run("Maize", Kremsmuenster, 1);
+    Add_Run("Winter_-_cereals", Kremsmuenster, 3);
+
+    const Report all = Gathered(), chosen = Gathered("all", {"K"});
+
+    ASSERT_EQ(all.Crops.size(), 2U);
+    EXPECT_EQ(all.Crops[0].Runs.size(), 2U);
+    EXPECT_EQ(all.Crops[1].Name, "Winter cereals");
+    EXPECT_EQ(all.Crops[1].Tables[0].Results[0].P80.Conc, 67.5);
+    ASSERT_EQ(chosen.Crops[0].Runs.size(), 1U);
+    EXPECT_EQ(chosen.Crops[0].Runs[0].Location, "Kremsm\xFCnster (K)");
+    EXPECT_EQ(chosen.Crops[0].Tables[0].Diagram.X.Ticks[0].Label, "K");
+}
+
+TEST_F(Report_Session, Locations_Of_The_Crop_That_Were_Not_Run_Are_Noted)
+{
+    Add_Run("Maize", Hamburg, 1);
+    Write_Whole(Installation / "focus/H_maize.sze", "");
+    Write_Whole(Installation / "focus/K_maize.sze", "");
+
+    EXPECT_TRUE(Holds(Gathered().Notes, "Further locations of the crop, not simulated: Kremsm\xFCnster (K)."));
+}
+
+TEST_F(Report_Session, An_Engine_That_Is_Newer_Than_A_Run_Or_Gone_Is_Noted)
+{
+    Add_Run("Maize", Hamburg, 1);
+    EXPECT_TRUE(Gathered().Notes.empty());
+
+    fs::last_write_time(Installation / "orvel401.exe", fs::file_time_type::clock::now() + std::chrono::hours(1));
+    EXPECT_TRUE(Gathered().Notes[0].starts_with("The engine's file is newer than some of the simulations"));
+
+    fs::remove(Installation / "orvel401.exe");
+    EXPECT_TRUE(Gathered().Notes[0].starts_with("The engine is not in the installation any more"));
+}
+
+TEST_F(Report_Session, Runs_Of_Data_That_Are_Marked_So_Are_Noted_As_Not_For_Regulatory_Use)
+{
+    const auto run = Add_Run("Maize", Hamburg, 1);
+    Write_Whole(run / "plot.orv", Replace_All(Read_File(run / "plot.orv"), "Scenario", "Made up, NOT for regulatory use"));
+
+    EXPECT_EQ(Gathered().Notes, std::vector<std::string>{"Data of these simulations are marked \"not for regulatory use\": Hamburg (H)."});
+}
+
+TEST_F(Report_Session, The_User_May_Stop_The_Gathering)
+{
+    Add_Run("Maize", Hamburg, 1);
+
+    EXPECT_FALSE(Gather_Report(Shared, Requests(), 0, [](const std::string&, double) { return false; }));
+}
+
+TEST_F(Report_Session, A_Pesticide_Without_Simulations_Is_Told)
+{
+    EXPECT_THROW(Requests(), File_Error);
+}
+
+TEST(Years_Of_A_Period, Periods_Count_From_The_End_Of_The_Warm_Up)
+{
+    EXPECT_EQ(Years_Of_Period(1, 0), "7");
+    EXPECT_EQ(Years_Of_Period(20, 0), "26");
+    EXPECT_EQ(Years_Of_Period(1, 1), "7 to 8");
+    EXPECT_EQ(Years_Of_Period(20, 1), "45 to 46");
+    EXPECT_EQ(Years_Of_Period(20, 2), "64 to 66");
+}
+
+TEST(Codes_In_A_List, Commas_Part_Them_And_Blanks_Do_Not_Count)
+{
+    EXPECT_EQ(Codes_In("C,H, T_N ,"), (std::vector<std::string>{"C", "H", "T_N"}));
+    EXPECT_TRUE(Codes_In("").empty());
+}
