@@ -7,6 +7,8 @@
 
 int main(int argc, char** argv)
 {
+    using namespace orvel;
+    using namespace orvel::engine;
     if (argc < 2)
         return 2;
     Engine_Case run = Demo_Case("H", "_wcerea", "demo_C.psm", 26);

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <cstdint>
 
+namespace orvel::engine {
+
 // The solute column over 26 years: daily weather, a tipping bucket, a parent and its metabolites, Freundlich sorption.
 
 namespace {
@@ -158,5 +160,7 @@ void Years_26_All_Processes(benchmark::State& state)
 BENCHMARK(Years_26_All_Processes)->Unit(benchmark::kMillisecond);
 
 } // namespace
+
+} // namespace orvel::engine
 
 BENCHMARK_MAIN();

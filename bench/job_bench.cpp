@@ -10,6 +10,8 @@
 #include <sys/resource.h>
 #include <vector>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -63,6 +65,10 @@ Cost Median(std::vector<Cost> costs)
 }
 
 } // namespace
+
+} // namespace orvel
+
+using namespace orvel;
 
 int main(int argc, char** argv)
 try {

@@ -10,6 +10,8 @@
 #include <random>
 #include <vector>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Rounds = 9;
@@ -58,8 +60,11 @@ double Measure(std::size_t points)
 
 } // namespace
 
+} // namespace orvel
+
 int main(int argc, char** argv)
 {
+    using namespace orvel;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     const double repaint = Measure(Days_And_Hours);

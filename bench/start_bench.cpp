@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <string>
 
+namespace orvel {
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -54,8 +56,11 @@ private:
 
 } // namespace
 
+} // namespace orvel
+
 int main(int argc, char** argv)
 {
+    using namespace orvel;
     const auto started = Clock::now();
     QApplication application(argc, argv);
     if (argc < 2)

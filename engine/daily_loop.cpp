@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Water_Tolerance = 1e-10; // cm a day
@@ -26,7 +28,7 @@ int Step_Of(const Variant& value)
 
 } // namespace
 
-Simulation::Simulation(const Engine_Input& input, const std::filesystem::path& directory)
+Daily_Loop::Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory)
     : Input(input),
       Water(input.Scenario, input.Core, input.Haude),
       Heat(input.Core, input.Weather.First_Year_Mean + input.Control.Temperature_Shift),
@@ -50,13 +52,13 @@ Simulation::Simulation(const Engine_Input& input, const std::filesystem::path& d
     Run_Start = Column.Stores();
 }
 
-Solute_Sums& Simulation::Finest()
+Solute_Sums& Daily_Loop::Finest()
 {
     return Daily ? Day_Sums.Solute : Monthly ? Month_Sums.Solute : Year_Sums.Solute;
 }
 
 // The first climate year for temperature alone, from its mean, at field capacity.
-void Simulation::Warm_Up_Soil()
+void Daily_Loop::Warm_Up_Soil()
 {
     const auto& days = Input.Weather.Days;
     const std::size_t count = std::min<std::size_t>(days.size(), 366);
@@ -64,14 +66,14 @@ void Simulation::Warm_Up_Soil()
         Heat.Step_Day(Input.Core.Field_Capacity, days[i].Temperature, 0);
 }
 
-void Simulation::Begin(Span_Sums& sums)
+void Daily_Loop::Begin(Span_Sums& sums)
 {
     sums.Water.Begin(Water);
     sums.Solute.Clear();
     sums.Start = Column.Stores();
 }
 
-Solute_Day Simulation::Hand_Over(int day, const Climate_Day& climate, const Crop_State& crop) const
+Solute_Day Daily_Loop::Hand_Over(int day, const Climate_Day& climate, const Crop_State& crop) const
 {
     const Water_Day& water = Water.Today();
     Solute_Day solute;
@@ -104,7 +106,7 @@ Solute_Day Simulation::Hand_Over(int day, const Climate_Day& climate, const Crop
     return solute;
 }
 
-void Simulation::Put_Day_Line(int day, int hour, const Climate_Day& climate)
+void Daily_Loop::Put_Day_Line(int day, int hour, const Climate_Day& climate)
 {
     const Water_Day& water = Water.Today();
     const bool whole = hour == 24;
@@ -117,7 +119,7 @@ void Simulation::Put_Day_Line(int day, int hour, const Climate_Day& climate)
     Plot.Put_Line(day, hour, {water, whole ? water.Theta_End : Theta_Now, Heat.Temperature(), Column, Finest(), climate.Rain, hourly ? 1.0 / 24 : 1.0});
 }
 
-void Simulation::Step_Solute(int day, const Climate_Day& climate, const Solute_Day& solute_day)
+void Daily_Loop::Step_Solute(int day, const Climate_Day& climate, const Solute_Day& solute_day)
 {
     if (Daily)
         Plot.Begin_Day();
@@ -131,7 +133,7 @@ void Simulation::Step_Solute(int day, const Climate_Day& climate, const Solute_D
         ++Next_Application;
 }
 
-void Simulation::Step_Day(int day)
+void Daily_Loop::Step_Day(int day)
 {
     const Climate_Day& climate = Input.Weather.On(day);
     const Crop_State crop = Crop_On(Input.Scenario, Input.Rotation, day);
@@ -149,7 +151,7 @@ void Simulation::Step_Day(int day)
 }
 
 // Writes what is due for the span and hands its amounts to the next longer one.
-void Simulation::End_Span(Span span, const Date& date, Span_Sums& sums)
+void Daily_Loop::End_Span(Span span, const Date& date, Span_Sums& sums)
 {
     if (Is_Due(Water_Frequency, span))
         Water_File.Put_Block(span, date, sums.Water, Water);
@@ -167,7 +169,7 @@ void Simulation::End_Span(Span span, const Date& date, Span_Sums& sums)
     }
 }
 
-void Simulation::Check_Closure(int year)
+void Daily_Loop::Check_Closure(int year)
 {
     Run_Sums.Add(Year_Sums.Solute);
     const Solute_Closure closure = Column.Closure(Run_Sums, Run_Start);
@@ -181,7 +183,7 @@ void Simulation::Check_Closure(int year)
         throw Engine_Failure(Closure_Violated, "MASS BALANCE NOT CLOSED AT THE END OF YEAR " + std::to_string(year));
 }
 
-void Simulation::Run(const std::function<void(int year, int percent)>& progress)
+void Daily_Loop::Run(const std::function<void(int year, int percent)>& progress)
 {
     const Climate& weather = Input.Weather;
     Warm_Up_Soil();
@@ -227,3 +229,5 @@ void Simulation::Run(const std::function<void(int year, int percent)>& progress)
     for (Solute_Report& report : Solute_Files)
         report.Close();
 }
+
+} // namespace orvel::engine

@@ -11,11 +11,13 @@
 #include <functional>
 #include <vector>
 
+namespace orvel::engine {
+
 // The daily loop from the first to the last day with all its output files but the echo.
-class Simulation {
+class Daily_Loop {
 public:
     // Opens the output files in `directory`. The input must be free of errors and outlive the simulation.
-    Simulation(const Engine_Input& input, const std::filesystem::path& directory);
+    Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory);
 
     // Runs to the end and closes the files. `progress` is called behind each month with the year and the percent of it that are done, 100 behind
     // its last day. Throws Engine_Failure.
@@ -62,3 +64,5 @@ private:
     std::size_t Next_Application = 0;
     std::vector<Year_Closure> Closed;
 };
+
+} // namespace orvel::engine

@@ -10,6 +10,8 @@
 #include <optional>
 #include <unistd.h>
 
+namespace orvel::engine {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -89,7 +91,7 @@ void Stop_From_Outside(int)
     ::_exit(Exit_Failed);
 }
 
-void Put_Closures(std::string& text, const std::vector<Simulation::Year_Closure>& closures)
+void Put_Closures(std::string& text, const std::vector<Daily_Loop::Year_Closure>& closures)
 {
     text += " CLOSURE BY YEAR: WATER (CM), SUBSTANCES AND MOLES (RELATIVE TO THE INPUT)\r\n";
     for (const auto& closure : closures) {
@@ -132,9 +134,9 @@ int Run_In(const Options& options, Echo& echo)
         echo.Finish(Checked_Line);
         return Exit_Complete;
     }
-    Simulation simulation(input, options.Directory);
-    simulation.Run([&input](int year, int percent) { Tell_Progress(year, input.Control.Years, percent); });
-    Put_Closures(echo.Text, simulation.Closures());
+    Daily_Loop loop(input, options.Directory);
+    loop.Run([&input](int year, int percent) { Tell_Progress(year, input.Control.Years, percent); });
+    Put_Closures(echo.Text, loop.Closures());
     echo.Finish(Completed_Line);
     return Exit_Complete;
 }
@@ -172,8 +174,11 @@ int Run(const Options& options)
 
 } // namespace
 
+} // namespace orvel::engine
+
 int main(int count, char** arguments)
 {
+    using namespace orvel::engine;
     for (const int number : {SIGINT, SIGTERM, SIGHUP})
         std::signal(number, Stop_From_Outside);
     std::signal(SIGPIPE, SIG_IGN);

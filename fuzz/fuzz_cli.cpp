@@ -5,6 +5,8 @@
 #include "files/document_json.h"
 #include "round_trip.h"
 
+namespace orvel {
+
 namespace {
 
 // The hour gets six blanks more with each save.
@@ -33,3 +35,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     return 0;
 }
+
+} // namespace orvel

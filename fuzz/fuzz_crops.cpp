@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Most_Rows = 6;
@@ -40,3 +42,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     return 0;
 }
+
+} // namespace orvel

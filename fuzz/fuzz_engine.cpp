@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+namespace orvel::engine {
+
 namespace {
 
 const std::map<std::string, std::string>& Demonstration()
@@ -60,3 +62,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     return 0;
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <memory>
 
+namespace orvel {
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
@@ -23,3 +25,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Demand_Same(Format_Single_Run(*session), printed);
     return 0;
 }
+
+} // namespace orvel

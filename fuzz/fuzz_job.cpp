@@ -5,6 +5,8 @@
 #include "jobs/job.h"
 #include "jobs/job_log.h"
 
+namespace orvel {
+
 namespace {
 
 std::string Printed(const std::vector<Job_Run>& runs)
@@ -29,3 +31,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     return 0;
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 #include "output/soil_averages.h"
 #include "windows.h"
 
+namespace orvel {
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Read_Through_Windows(data, size, [](const auto& open) {
@@ -22,3 +24,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     });
     return 0;
 }
+
+} // namespace orvel

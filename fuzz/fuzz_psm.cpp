@@ -8,6 +8,8 @@
 
 #include <memory>
 
+namespace orvel {
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const auto document = std::make_unique<Pesticide_Document>();
@@ -26,3 +28,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     return 0;
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <iostream>
 
+namespace orvel {
+
 namespace {
 
 void Seed(const std::filesystem::path& directory, std::string_view bytes, std::string_view name = "seed")
@@ -46,6 +48,11 @@ void Seed_Output(const std::filesystem::path& directory)
 }
 
 } // namespace
+
+} // namespace orvel
+
+using namespace orvel;
+using namespace orvel::engine;
 
 int main(int argc, char** argv)
 try {

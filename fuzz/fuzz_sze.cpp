@@ -5,6 +5,8 @@
 #include "files/scenario_file.h"
 #include "round_trip.h"
 
+namespace orvel {
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Scenario_Document document;
@@ -23,3 +25,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     return 0;
 }
+
+} // namespace orvel

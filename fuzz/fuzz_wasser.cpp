@@ -3,6 +3,8 @@
 #include "output/yearly_values.h"
 #include "windows.h"
 
+namespace orvel {
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Read_Through_Windows(data, size, [](const auto& open) {
@@ -19,3 +21,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     });
     return 0;
 }
+
+} // namespace orvel

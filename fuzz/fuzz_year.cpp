@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <stdexcept>
 
+namespace orvel {
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
@@ -24,3 +26,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Shown_Cache(bytes);
     return 0;
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <string>
 
+namespace orvel {
+
 // A text that was printed from a document as it was read must come out the same once more.
 inline void Demand_Same(const std::string& first, const std::string& second)
 {
@@ -12,3 +14,5 @@ inline void Demand_Same(const std::string& first, const std::string& second)
     std::fprintf(stderr, "printed first:\n%s\nthen:\n%s\n", first.c_str(), second.c_str());
     std::abort();
 }
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // Reads the bytes through windows of several sizes, the first byte's among them: what `read` makes of them must not differ.
 template <class Read> void Read_Through_Windows(const std::uint8_t* data, std::size_t size, const Read& read)
 {
@@ -27,3 +29,5 @@ inline std::string Number_Texts(std::span<const double> numbers)
         text += std::to_string(number) + " ";
     return text + "\n";
 }
+
+} // namespace orvel

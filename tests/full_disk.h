@@ -3,6 +3,8 @@
 #include <csignal>
 #include <sys/resource.h>
 
+namespace orvel {
+
 // No file may grow beyond a size, as on a disk that is full.
 class Full_Disk {
 public:
@@ -20,3 +22,5 @@ public:
 private:
     rlimit Before{};
 };
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 #include <memory>
 #include <string>
 
+namespace orvel {
+
 // An installation directory with an engine that does nothing, a few scenario files and one pesticide file.
 class Small_Installation {
 public:
@@ -63,3 +65,5 @@ public:
 private:
     Temporary_Directory Place;
 };
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace orvel {
+
 // A directory of a test's own, removed with everything in it.
 class Temporary_Directory {
 public:
@@ -28,3 +30,5 @@ public:
 private:
     std::filesystem::path Directory;
 };
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <deque>
 
+namespace orvel {
+
 // A user who keeps every message and gives prepared answers; without one, the default button.
 struct Told {
     std::vector<Message> Messages;
@@ -19,3 +21,5 @@ struct Told {
         return answer;
     }
 };
+
+} // namespace orvel

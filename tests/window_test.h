@@ -17,6 +17,8 @@
 #include <QTimer>
 #include <QWidget>
 
+namespace orvel {
+
 // The control of a name below a window. A name that is not there ends the test with a message.
 template <class T> T* Find(const QWidget& window, const QString& name)
 {
@@ -101,3 +103,5 @@ protected:
     Session& Shared = *Owned;
     Told The_User;
 };
+
+} // namespace orvel

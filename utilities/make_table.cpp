@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <exception>
 
+namespace orvel {
+
 int Make_Table(Utility period)
 try {
     std::error_code unknown;
@@ -15,3 +17,5 @@ try {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;
 }
+
+} // namespace orvel

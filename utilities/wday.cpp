@@ -3,5 +3,6 @@
 
 int main()
 {
+    using namespace orvel;
     return Make_Table(Utility::Day);
 }

@@ -9,6 +9,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace orvel {
+
 // The least that a job can cost: starting its programs, and writing a small file whole for each.
 
 inline void Spawn_And_Wait(const std::filesystem::path& program, char* const arguments[])
@@ -40,3 +42,5 @@ inline void Write_Floor(int count, std::size_t bytes, const std::filesystem::pat
         std::filesystem::rename(beside, target);
     }
 }
+
+} // namespace orvel

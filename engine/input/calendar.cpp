@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::array<int, 13> Before_Month = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334, 365};
@@ -69,3 +71,5 @@ int Calendar::Day_Of_Year(int number) const
 {
     return number - Start_Of(Date_Of(number).Year);
 }
+
+} // namespace orvel::engine

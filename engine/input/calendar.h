@@ -2,6 +2,8 @@
 
 #include <vector>
 
+namespace orvel::engine {
+
 // A date of the simulation. Year 1 is the first simulated year, year 0 the one before.
 struct Date {
     int Year = 0, Month = 0, Day = 0;
@@ -30,3 +32,5 @@ private:
 
 // Days of a month in a year without 29 February; 29 for February itself is never given. Month 1 to 12.
 int Days_Of_Month(int month);
+
+} // namespace orvel::engine

@@ -12,6 +12,8 @@
 #include <numbers>
 #include <optional>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr int Numbers_First = 8;
@@ -287,3 +289,5 @@ const std::array<double, 12>& Haude_Row(const Haude_Table& table, int crop_numbe
         return found->second;
     return crop_number == 0 ? bare : grass;
 }
+
+} // namespace orvel::engine

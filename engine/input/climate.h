@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel::engine {
+
 // One day of climate, gaps filled.
 struct Climate_Day {
     int Month = 0, Day = 0;
@@ -56,3 +58,5 @@ double Haude_Evapotranspiration(double factor, double temperature_14, double hum
 using Haude_Table = std::map<int, std::array<double, 12>>;
 Haude_Table Read_Haude(std::string_view bytes);
 const std::array<double, 12>& Haude_Row(const Haude_Table& table, int crop_number); // a missing row: the built-in grass or bare row
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <optional>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::size_t Most_Rows = 2000;
@@ -256,3 +258,5 @@ Crop_State Crop_On(const Scenario_Document& scenario, const std::vector<Crop_Per
     state.Irrigated = row.SZE_Rot_Irrigated == 1 && day < period.Senescence;
     return state;
 }
+
+} // namespace orvel::engine

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel::engine {
+
 // The stage that picks the curve number and the soil cover factor.
 enum class Stage { Fallow = 1, Cropping = 2, Residues = 3 };
 
@@ -50,3 +52,5 @@ Crop_State Crop_On(const Scenario_Document& scenario, const std::vector<Crop_Per
 
 // Growth from 0 at emergence over 1 at maturation to a half at harvest, linear in between.
 double Growth_Of(const Crop_Period& period, int day);
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel::engine {
+
 // How the engine ends.
 constexpr int Exit_Complete = 0;
 constexpr int Exit_Refused = 1; // input refused
@@ -65,3 +67,5 @@ struct Findings {
 
     std::vector<Entry> Errors, Notes;
 };
+
+} // namespace orvel::engine

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr int Count_Digits = 8;
@@ -169,3 +171,5 @@ Run_Control Read_Run_Control(std::string_view bytes, Findings& findings)
     }
     return control;
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel::engine {
+
 // One column of plot.orv.
 struct Output_Row {
     int Variable = 0; // number in Output_Variables, 0 for none
@@ -46,3 +48,5 @@ std::string Location_Code_Of(std::string_view scenario_file);
 
 // The file name behind the last slash or backslash.
 std::string_view Bare_Name(std::string_view name);
+
+} // namespace orvel::engine

@@ -4,6 +4,8 @@
 #include <new>
 #include <vector>
 
+namespace orvel::engine {
+
 // Doubles that begin on a cache line.
 template <class T> struct Cache_Line_Allocator {
     using value_type = T;
@@ -28,3 +30,5 @@ struct Solute_Layout {
     Aligned_Row Column(double value) const { return Aligned_Row(Padded, value); } // one number a row
     Aligned_Row One_Row(double value) const { return Aligned_Row(Lanes, value); }
 };
+
+} // namespace orvel::engine

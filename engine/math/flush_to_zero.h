@@ -2,7 +2,10 @@
 
 #if defined(__SSE2__)
 #include <xmmintrin.h>
+
 #endif
+
+namespace orvel::engine {
 
 // While it lives, numbers too small for a normal double are 0: below a front masses fade to nothing, and arithmetic on what is left is slow.
 class Flush_To_Zero {
@@ -27,3 +30,5 @@ public:
     Flush_To_Zero(const Flush_To_Zero&) = delete;
     Flush_To_Zero& operator=(const Flush_To_Zero&) = delete;
 };
+
+} // namespace orvel::engine

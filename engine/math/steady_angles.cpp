@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numbers>
 
+namespace orvel::engine {
+
 namespace {
 
 // The series of the sine, terms up to x^27: from -pi to pi the rest is below 1e-15.
@@ -48,3 +50,5 @@ double Steady_Arc_Cosine(double x)
     }
     return (low + high) / 2;
 }
+
+} // namespace orvel::engine

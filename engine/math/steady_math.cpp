@@ -2,6 +2,8 @@
 
 #include "engine/math/vector_math.h"
 
+namespace orvel::engine {
+
 double Steady_Exp(double x)
 {
     return Exp(All(x))[0];
@@ -25,3 +27,5 @@ double Steady_Lost(double x)
         return x > 0 ? x * Mean_Decay(All(x))[0] : 0;
     return 1 - Steady_Exp(-x);
 }
+
+} // namespace orvel::engine

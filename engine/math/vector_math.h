@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <cstring>
 
+namespace orvel::engine {
+
 // Four doubles at a time. Everything here is IEEE addition, multiplication, division and integer work, so that each processor gives the same
 // bits, whatever the width of its registers and whichever C library it has. Included only by the sources of the kernels.
 
@@ -109,3 +111,5 @@ LANES_INLINE V4 Mean_Decay(V4 x)
 }
 
 } // namespace
+
+} // namespace orvel::engine

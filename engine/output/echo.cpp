@@ -12,6 +12,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::string_view File_Name = "echo.orv";
@@ -118,3 +120,5 @@ std::string_view Frequency_Word(Frequency frequency)
 {
     return frequency == Frequency::Day ? "DAY" : frequency == Frequency::Month ? "MNTH" : "YEAR";
 }
+
+} // namespace orvel::engine

@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel::engine {
+
 // echo.orv: the echo of the input, the findings and how the run ended. As long as the engine works the file ends in the line of error 99, so that a
 // run that is killed shows as failed. The file is locked from the start to the end.
 class Echo {
@@ -45,3 +47,5 @@ std::string Error_Line(int number, std::string_view text);
 // The output frequency of a scenario's text: DAY, MNTH, anything else is YEAR.
 Frequency Frequency_Of(const Variant& text);
 std::string_view Frequency_Word(Frequency frequency);
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 
 #include <array>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::array<std::string_view, 4> Evapotranspiration_Methods = {"FROM CLIMATE FILE", "HAMON", "FROM CLIMATE FILE, ELSE HAMON", "HAUDE"};
@@ -244,3 +246,5 @@ void Put_Input(std::string& text, const Engine_Input& input)
 {
     Printer(text, input).Print();
 }
+
+} // namespace orvel::engine

@@ -15,6 +15,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Zero_Below = 1e-30;
@@ -304,3 +306,5 @@ void Out_File::Close()
     if (descriptor >= 0 && ::close(descriptor) != 0)
         throw Engine_Failure(Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
 }
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel::engine {
+
 // The engine's printer of numbers. Figures are rounded from the exact binary value to the digits shown; |value| < 1E-30 prints as zero.
 // A value that is not finite throws Engine_Failure (92), so that none reaches a file. Text is appended; a figure that is too wide for
 // its field loses decimals rather than shift the columns behind it.
@@ -44,3 +46,5 @@ private:
     int Descriptor = -1;
     std::string Name;
 };
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Gram = 1e-6;            // of a microgram
@@ -270,3 +272,5 @@ double Series::Profile(const Column_Plan& plan, const Series_Moment& moment) con
     const double by = by_soil ? soil : plan.Variable == SPSC ? water : length;
     return by > 0 ? sum / by : 0;
 }
+
+} // namespace orvel::engine

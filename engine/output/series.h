@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel::engine {
+
 // What a line of plot.orv is made from.
 struct Series_Moment {
     const Water_Day& Water;
@@ -58,3 +60,5 @@ private:
     bool With_Sums = false, With_Concentration = false;
     Out_File File;
 };
+
+} // namespace orvel::engine

@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::array<std::string_view, 10> Suffix = {"", "", "A1", "B1", "C1", "D1", "A2", "B2", "C2", "D2"};
@@ -183,3 +185,5 @@ void Solute_Report::Close()
     File.Buffer += End_Of_Output;
     File.Close();
 }
+
+} // namespace orvel::engine

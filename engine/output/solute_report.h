@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel::engine {
+
 // What a block of a substance is made from: the amounts of the span, the stores at its start, the state at its end.
 struct Solute_Block {
     const Solute_Column& Column;
@@ -44,3 +46,5 @@ private:
 
 // Sum of one slot over all rows of an array of sums.
 double Total_Of(const std::vector<double>& values, int lanes, int slot);
+
+} // namespace orvel::engine

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvel::engine {
+
 namespace {
 
 void Accumulate(std::vector<double>& sum, const std::vector<double>& more)
@@ -212,3 +214,5 @@ void Water_Report::Close()
     File.Buffer += End_Of_Output;
     File.Close();
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel::engine {
+
 // How often a kind of block is written. A year's block is always written.
 enum class Frequency { Year, Month, Day };
 
@@ -62,3 +64,5 @@ private:
 
 // The last line of a report: something must follow the last block.
 constexpr std::string_view End_Of_Output = "\r\n *** END OF OUTPUT ***\r\n";
+
+} // namespace orvel::engine

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr int Most_Compartments = 400;
@@ -133,3 +135,5 @@ void Check_Scenario(const Scenario_Document& scenario, const Run_Control& contro
 {
     Scenario_Check(scenario, control, findings).Check();
 }
+
+} // namespace orvel::engine

@@ -1,5 +1,7 @@
 #include "engine/setup/input.h"
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr int Sorption = 45, Volatility = 46, Horizon_Tables = 47, Rates = 48;
@@ -121,3 +123,5 @@ void Check_Pesticide(const Pesticide_Document& pesticide, const Scenario_Documen
 {
     Pesticide_Check(pesticide, scenario, findings).Check();
 }
+
+} // namespace orvel::engine

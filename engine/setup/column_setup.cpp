@@ -2,6 +2,8 @@
 #include "engine/setup/solute_setup.h"
 #include "engine/water/water.h"
 
+namespace orvel::engine {
+
 Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scenario_Document& scenario, const Grid& grid, const std::vector<int>& substances)
 {
     Solute_Setup setup;
@@ -24,3 +26,5 @@ Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scena
     setup.Plant = Plant_Of(pesticide);
     return setup;
 }
+
+} // namespace orvel::engine

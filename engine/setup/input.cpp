@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <map>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::string_view Control_Name = "orvel.inp";
@@ -120,7 +122,7 @@ private:
         if (Input.Scenario.SZE_ET_Method != 3)
             return;
         if (const auto bytes = Source(Haude_Name))
-            Input.Haude = ::Read_Haude(*bytes);
+            Input.Haude = engine::Read_Haude(*bytes);
         else
             Found.Tell(Note::Haude_Factors, "NO HAUDE.DAT: BUILT-IN FACTORS ARE USED");
         for (const auto& period : Input.Rotation) {
@@ -135,7 +137,7 @@ private:
         const Climate& weather = Input.Weather;
         Input.Core = Build_Grid(Input.Scenario);
         Input.Rotation = Build_Rotation(Input.Scenario, weather.Dates, weather.Last_Day, Found);
-        Input.Application_Block = ::Application_Block(Input.Pesticide, Input.Location_Code, Found);
+        Input.Application_Block = engine::Application_Block(Input.Pesticide, Input.Location_Code, Found);
         Input.Applications = Plan_Applications(Input.Pesticide, Input.Application_Block, Input.Scenario, Input.Rotation, weather.Dates, weather.First_Day,
                                                weather.Last_Day, Found);
         Read_Haude_Factors();
@@ -170,3 +172,5 @@ Engine_Input Read_Input(const File_Source& source, Findings& findings)
 {
     return Input_Reader(source, findings).Read();
 }
+
+} // namespace orvel::engine

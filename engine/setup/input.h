@@ -15,6 +15,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel::engine {
+
 // The bytes of a file by the name that stands in orvel.inp, nothing where it cannot be read.
 using File_Source = std::function<std::optional<std::string>(std::string_view name)>;
 
@@ -43,3 +45,5 @@ void Check_Pesticide(const Pesticide_Document& pesticide, const Scenario_Documen
 
 // The kernel's setup from checked documents.
 Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scenario_Document& scenario, const Grid& grid, const std::vector<int>& substances);
+
+} // namespace orvel::engine

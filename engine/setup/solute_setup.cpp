@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvel::engine {
+
 namespace {
 
 double Or(double value, double otherwise)
@@ -107,3 +109,5 @@ Solute_Plant Plant_Of(const Pesticide_Document& document)
             .Reference_Radiation = document.Plant_Ref_Rad,
             .Laminar_Layer = document.Plant_Laminar};
 }
+
+} // namespace orvel::engine

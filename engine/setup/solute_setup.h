@@ -3,6 +3,8 @@
 #include "core/session.h"
 #include "engine/solute/solute.h"
 
+namespace orvel::engine {
+
 // The solute's side of a pesticide document. Values a document may leave open are filled in: a study temperature of 0 is 20 degC, a Q10 or a
 // sorption increase of 0 or less is 1.
 
@@ -11,3 +13,5 @@ std::vector<Solute_Substance> Substances_Of(const Pesticide_Document& document, 
 
 Solute_Volatilisation Volatilisation_Of(const Pesticide_Document& document);
 Solute_Plant Plant_Of(const Pesticide_Document& document);
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Largest_Rate = 10000; // kg/ha
@@ -188,3 +190,5 @@ std::vector<Planned_Application> Plan_Applications(const Pesticide_Document& pes
 {
     return Planner(pesticide, block, scenario, rotation, dates, first_day, last_day, findings).Plan();
 }
+
+} // namespace orvel::engine

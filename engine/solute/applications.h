@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel::engine {
+
 // An application at its day.
 struct Planned_Application {
     int Day = 0; // number of the day
@@ -41,3 +43,5 @@ private:
     const Calendar* Dates;
     std::array<std::vector<int>, 3> Days; // emergences, maturations, harvests in their order
 };
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Largest_Loss = 0.7; // k h of one part of a step
@@ -258,3 +260,5 @@ const Kernel_Fate& Day_Fate::Of_Step(const Solute_Kernel& kernel, double step)
     View.Slow_Loss = found->Slow_Loss.empty() ? nullptr : found->Slow_Loss.data();
     return View;
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 
 #include <array>
 
+namespace orvel::engine {
+
 // Rates of transformation of a column, renewed each day, and what they form.
 class Day_Fate {
 public:
@@ -65,3 +67,5 @@ private:
     bool Any_Uptake = false;
     Kernel_Fate View;
 };
+
+} // namespace orvel::engine

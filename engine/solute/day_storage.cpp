@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 Day_Storage::Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout)
     : Setup(setup),
       Layout(layout),
@@ -155,3 +157,5 @@ void Day_Storage::Show(Kernel_Column& column) const
     column.Escape = Escape.data();
     column.Inflow = Inflow.data();
 }
+
+} // namespace orvel::engine

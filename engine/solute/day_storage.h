@@ -4,6 +4,8 @@
 #include "engine/solute/kernel.h"
 #include "engine/solute/solute.h"
 
+namespace orvel::engine {
+
 // Sorption and transport coefficients of a column, renewed each day.
 class Day_Storage {
 public:
@@ -33,3 +35,5 @@ private:
     Aligned_Row Thickness, Upwind_Weight, Inverse_Phi2, Theta, Air, Water_Tortuosity, Air_Tortuosity, Kaw, Air_Diffusivity;
     std::vector<double> Last_Theta;
 };
+
+} // namespace orvel::engine

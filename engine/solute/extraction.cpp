@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 std::vector<double> Interaction_Weights(const std::vector<double>& thickness, double depth)
 {
     constexpr double steepness = 3;
@@ -40,3 +42,5 @@ void Mix_Soil(double* mass, int stride, const std::vector<double>& thickness, co
         top += thickness[i];
     }
 }
+
+} // namespace orvel::engine

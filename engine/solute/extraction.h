@@ -2,6 +2,8 @@
 
 #include <vector>
 
+namespace orvel::engine {
+
 // Share of each compartment in the exchange between runoff (or bypass) and the soil above a depth (cm): it falls by e three times over the depth.
 // The shares add up to 1 if the column is that deep. [exponential interaction zone: Ahuja 1986]
 std::vector<double> Interaction_Weights(const std::vector<double>& thickness, double depth);
@@ -11,3 +13,5 @@ double Carried_Loss(double mass, double carried);
 
 // Mass in 0 to depth of a column spread so that each gram of soil holds the same; the last compartment takes part with its share. Rows of `stride`.
 void Mix_Soil(double* mass, int stride, const std::vector<double>& thickness, const std::vector<double>& density, double depth);
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 double Temperature_Factor(double t, double reference, double q10)
 {
     return t < 0 ? 0 : Steady_Power(q10, (t - reference) / 10);
@@ -47,3 +49,5 @@ double Photolysis_Rate(const Solute_Arrow& arrow, double radiation, double cover
     const double watts = radiation * 1000 / 86400;
     return arrow.Photo_Rate * (1 - cover) * watts / arrow.Photo_Reference;
 }
+
+} // namespace orvel::engine

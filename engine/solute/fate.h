@@ -2,6 +2,8 @@
 
 #include "engine/solute/solute.h"
 
+namespace orvel::engine {
+
 // Factors on the rates of transformation, one value at a time. The column takes those of temperature and moisture four at a time from the kernel.
 
 // Q10^((t - reference) / 10), 0 below 0 degC. [FOCUS 2006, 2014; EFSA 2007]
@@ -21,3 +23,5 @@ double Photolysis_Share(double top, double bottom);
 
 // Rate (1/d) at the surface under a crop of the given cover (0 to 1) for a day's radiation in kJ/m2.
 double Photolysis_Rate(const Solute_Arrow& arrow, double radiation, double cover);
+
+} // namespace orvel::engine

@@ -2,6 +2,8 @@
 
 #include "engine/solute/sorption_lanes.h"
 
+namespace orvel::engine {
+
 // Decay with formation and uptake, slow sorption, and the factors of a day. Included only by the sources of the kernels.
 
 namespace {
@@ -219,3 +221,5 @@ void Powers_Lanes(int count, const double* x, double e, double* out)
 }
 
 } // namespace
+
+} // namespace orvel::engine

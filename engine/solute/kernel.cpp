@@ -1,5 +1,7 @@
 #include "engine/solute/kernel.h"
 
+namespace orvel::engine {
+
 #ifdef ORVEL_AVX2
 extern const Solute_Kernel Avx2_Kernel_Table;
 
@@ -19,3 +21,5 @@ const Solute_Kernel& Best_Kernel()
     const Solute_Kernel* fast = Avx2_Kernel();
     return fast ? *fast : Baseline_Kernel();
 }
+
+} // namespace orvel::engine

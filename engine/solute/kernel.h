@@ -1,5 +1,7 @@
 #pragma once
 
+namespace orvel::engine {
+
 // The inner loops of the solute column over plain arrays, compiled once for every processor and once for those with AVX2. Both give the same bits.
 // Arrays by compartment or interface are rows of `Lanes` numbers, [row * Lanes + slot]; arrays of one number a row say so.
 
@@ -110,3 +112,5 @@ struct Solute_Kernel {
 const Solute_Kernel& Baseline_Kernel();
 const Solute_Kernel* Avx2_Kernel(); // null if it was not built or the processor lacks AVX2
 const Solute_Kernel& Best_Kernel();
+
+} // namespace orvel::engine

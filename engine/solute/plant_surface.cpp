@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 double Plant_Fraction(int method, bool crop, double cover, double filtration, double dry_mass, double percent)
 {
     if (method == 4)
@@ -55,3 +57,5 @@ Leaf_Losses Step_Leaf(double& pool, const Leaf_Rates& rates)
     pool -= lost;
     return losses;
 }
+
+} // namespace orvel::engine

@@ -2,6 +2,8 @@
 
 #include "engine/solute/solute.h"
 
+namespace orvel::engine {
+
 // Share of an application that stays on the plants. Methods: 1 soil, 2 linear (cover), 3 exponential (filtration in m2/kg times dry mass in kg/m2)
 // [form of Willis et al. 1980, USDA Cons. Res. Rep. 26], 4 as given in percent. Without a crop methods 2 and 3 give 0.
 double Plant_Fraction(int method, bool crop, double cover, double filtration, double dry_mass, double percent);
@@ -29,3 +31,5 @@ Leaf_Rates Rates_Of_Leaf(const Solute_Setup& setup, const Solute_Day& day, bool 
 
 // One day of one pool: wash-off first, then the four rates side by side.
 Leaf_Losses Step_Leaf(double& pool, const Leaf_Rates& rates);
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 Solute_Column::Solute_Column(const Solute_Setup& setup, const Solute_Kernel* kernel)
     : Self(std::make_unique<Solute_State>(setup, kernel ? *kernel : Best_Kernel()))
 {}
@@ -130,3 +132,5 @@ long long Solute_Column::Sub_Steps() const
 {
     return Self->Steps;
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel::engine {
+
 // The solute side of the engine: what water, crop and heat hand over, and what sorption, transport, fate, plant surface and
 // extraction make of it. Units: cm, day, degC, ug/cm2 (1 kg/ha = 10), ug/cm3 = mg/L, g/cm3, ug/g.
 //
@@ -188,3 +190,5 @@ public:
 private:
     std::unique_ptr<Solute_State> Self;
 };
+
+} // namespace orvel::engine

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr int Sorption = 45, Molar_Mass = 46, Horizon_Tables = 47, Rates = 48;
@@ -115,3 +117,5 @@ std::vector<Solute_Fault> Check_Solute_Setup(const Solute_Setup& setup)
         add(Rates, setup.Substances.front(), "a rate on the plant surface is negative");
     return faults;
 }
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <numeric>
 
+namespace orvel::engine {
+
 // What happens to a column at once: tillage, harvest, the plants' day, losses by runoff, erosion and bypass, applications.
 
 void Solute_State::Till(double depth, Solute_Sums& sums)
@@ -143,3 +145,5 @@ void Solute_State::Apply(const Solute_Application& application, double t, Solute
     }
     Seek(0, touched, t);
 }
+
+} // namespace orvel::engine

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr int Deepest_Halving = 12;
@@ -180,3 +182,5 @@ void Solute_State::Grow_Older()
     std::fill(Day_In.begin(), Day_In.end(), 0.0);
     std::fill(Day_New.begin(), Day_New.end(), 0.0);
 }
+
+} // namespace orvel::engine

@@ -4,6 +4,8 @@
 #include "engine/solute/day_storage.h"
 #include "engine/solute/plant_surface.h"
 
+namespace orvel::engine {
+
 // What a column keeps from day to day, and the steps of a day.
 struct Solute_State {
     Solute_State(const Solute_Setup& setup, const Solute_Kernel& kernel);
@@ -50,3 +52,5 @@ struct Solute_State {
     Aligned_Row Sweep_C, Sweep_D, Step_Flux, Step_M;
     Kernel_Column Column; // a view on all that
 };
+
+} // namespace orvel::engine

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::vector<double> Solute_Sums::*Rows[] = {
@@ -40,3 +42,5 @@ void Solute_Sums::Add(const Solute_Sums& other)
     }
     Sink_Moles += other.Sink_Moles;
 }
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Gas_Constant = 8.314; // J/(mol K)
@@ -107,3 +109,5 @@ double Freundlich(double c, double exponent, double limit)
 {
     return c >= limit ? Steady_Power(c, exponent) : Steady_Power(limit, exponent - 1) * c;
 }
+
+} // namespace orvel::engine

@@ -2,6 +2,8 @@
 
 #include "engine/solute/solute.h"
 
+namespace orvel::engine {
+
 // Share of the neutral species at a pH: 1 / (1 + 10^(pH - pKa)).
 double Neutral_Share(double ph, double pka);
 
@@ -33,3 +35,5 @@ Sorption_Base Sorption_Of(const Solute_Setup& setup, const Solute_Substance& sub
 
 // f(C): C^n, below the limit linear through 0. (ug/g per L/kg)
 double Freundlich(double c, double exponent, double limit);
+
+} // namespace orvel::engine

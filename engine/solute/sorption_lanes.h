@@ -3,6 +3,8 @@
 #include "engine/solute/kernel.h"
 #include "engine/math/vector_math.h"
 
+namespace orvel::engine {
+
 // Mass to concentration, four substances at a time. Included only by the sources of the kernels.
 
 namespace {
@@ -86,3 +88,5 @@ void Invert_Lanes(const Kernel_Column& column, int first, int last, double t)
 }
 
 } // namespace
+
+} // namespace orvel::engine

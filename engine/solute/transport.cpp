@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 double Interface_Mean(double upper, double lower, double upper_thickness, double lower_thickness)
 {
     return (upper * lower_thickness + lower * upper_thickness) / (upper_thickness + lower_thickness);
@@ -24,3 +26,5 @@ double Volatilisation_Conductance(double boundary_layer, double air_diffusion, d
     const double soil = air_diffusion * air_tortuosity + Water_Diffusion * water_tortuosity / kaw;
     return soil > 0 ? 1 / (boundary_layer / air_diffusion + 0.5 * thickness / soil) : 0;
 }
+
+} // namespace orvel::engine

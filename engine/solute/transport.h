@@ -1,5 +1,7 @@
 #pragma once
 
+namespace orvel::engine {
+
 // What transport needs for a day, one compartment or interface at a time. The sub-step itself is in transport_lanes.h.
 
 constexpr double Water_Diffusion = 0.43; // cm2/d
@@ -14,3 +16,5 @@ int Sub_Step_Count(double d, int compartments, const double* flux, const double*
 // gv (cm/d per concentration in air): through a boundary layer above the soil and half the first compartment.
 // tortuosities are theta^(10/3)/phi^2 of air and water. [boundary layer: Jury et al. 1983; Millington & Quirk 1961]
 double Volatilisation_Conductance(double boundary_layer, double air_diffusion, double thickness, double air_tortuosity, double water_tortuosity, double kaw);
+
+} // namespace orvel::engine

@@ -4,6 +4,8 @@
 
 #include <cfloat>
 
+namespace orvel::engine {
+
 // One sub-step of transport: limited advection from the state at its start, implicit dispersion, conservative update.
 // Included only by the sources of the kernels.
 
@@ -127,3 +129,5 @@ bool Transport_Lanes(const Kernel_Column& column, int block, double t, double h,
 }
 
 } // namespace
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Solid_Density = 2.65; // g/cm3
@@ -216,3 +218,5 @@ Grid Build_Grid(const Scenario_Document& scenario)
     }
     return grid;
 }
+
+} // namespace orvel::engine

@@ -4,6 +4,8 @@
 
 #include <vector>
 
+namespace orvel::engine {
+
 // The compartments of the core, counted from 0 at the top.
 struct Grid {
     std::vector<double> Thickness, Bottom; // cm
@@ -43,3 +45,5 @@ std::vector<double> Graded_Compartments(const std::vector<double>& horizon_botto
 
 // The whole grid of a checked scenario.
 Grid Build_Grid(const Scenario_Document& scenario);
+
+} // namespace orvel::engine

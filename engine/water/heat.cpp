@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Deepest = 10;             // m
@@ -88,3 +90,5 @@ void Soil_Heat::Step_Day(const std::vector<double>& theta, double air_temperatur
     const double resistance = 0.5 * Thickness[0] / Conducts[0] + Snow_Depth_Per_Water * snow * Cm / Snow_Conductivity;
     Conduct_Heat(Nodes, Thickness, Conducts, Capacity, air_temperature, 1 / resistance, Day);
 }
+
+} // namespace orvel::engine

@@ -4,6 +4,8 @@
 
 #include <vector>
 
+namespace orvel::engine {
+
 // Soil temperature: heat conduction on the compartments and below them to 10 m. SI units: m, W/(m K), J/(m3 K).
 
 // Heat conductivity (Campbell 1985, Soil Physics with BASIC): density g/cm3, clay as a fraction, water content.
@@ -33,3 +35,5 @@ private:
     std::vector<double> Nodes, Thickness, Conducts, Capacity;
     std::vector<Conductivity> Parameters;
 };
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Dry_Limit = 0.5;       // evaporation dries down to this share of the wilting point
@@ -150,3 +152,5 @@ double Antecedent_Moisture(const Grid& grid, const std::vector<double>& theta)
     }
     return std::clamp((water - dry) / (wet - dry), 0.0, 1.0);
 }
+
+} // namespace orvel::engine

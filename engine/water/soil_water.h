@@ -4,6 +4,8 @@
 
 #include <vector>
 
+namespace orvel::engine {
+
 // Water in the soil column, one day at a time: free functions over plain arrays, cm and days.
 
 // Capacity cascade from the top: `theta` at the start of the day becomes theta behind percolation, `flux` (N + 1) the fluxes through the
@@ -40,3 +42,5 @@ double Deficit(const Grid& grid, const std::vector<double>& theta, double depth)
 
 // Relative moisture of the top 20 cm, 0 at wilting point and 1 at field capacity.
 double Antecedent_Moisture(const Grid& grid, const std::vector<double>& theta);
+
+} // namespace orvel::engine

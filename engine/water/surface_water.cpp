@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 double Snow_Melt(double snow, double factor, double temperature)
 {
     return std::min(snow, factor * std::max(temperature, 0.0));
@@ -66,3 +68,5 @@ Canopy_Step Canopy_Day(double store, double rain, double cover, double capacity,
     step.Store -= step.Evaporated;
     return step;
 }
+
+} // namespace orvel::engine

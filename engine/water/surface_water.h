@@ -1,5 +1,7 @@
 #pragma once
 
+namespace orvel::engine {
+
 // Water at and above the soil surface: free functions over numbers, cm and days.
 
 // Melt of a day by the degree-day method, factor in cm/(degC d) (Rango & Martinec 1995, Water Resour. Bull. 31:657).
@@ -33,3 +35,5 @@ struct Canopy_Step {
     double Store = 0, Throughfall = 0, Evaporated = 0;
 };
 Canopy_Step Canopy_Day(double store, double rain, double cover, double capacity, double demand);
+
+} // namespace orvel::engine

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <numeric>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Least_Runoff_Depth = 1;       // cm
@@ -152,3 +154,5 @@ const Water_Day& Water_Column::Step_Day(const Climate_Day& climate, int day_of_y
     Day.Closure = climate.Rain + Day.Irrigation - Day.Runoff - Day.Evapotranspiration() - Day.Flux.back() - (Storage() - storage);
     return Day;
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace orvel::engine {
+
 // The day's water balance, cm.
 struct Water_Day {
     double Rain = 0, Snowfall = 0, Melt = 0, Irrigation = 0;
@@ -59,3 +61,5 @@ private:
 // Whether runoff is calculated, and the depth that it extracts substance from (cm, 0 without runoff).
 bool Runoff_Is_On(const Scenario_Document& scenario);
 double Runoff_Depth_Of(const Scenario_Document& scenario);
+
+} // namespace orvel::engine

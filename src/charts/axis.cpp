@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Smallest_Fixed_Label = 0.001;
@@ -44,3 +46,5 @@ std::string Axis_Label(double v)
         return Format_Pattern(v, "0.0E+00");
     return General_Text(v);
 }
+
+} // namespace orvel

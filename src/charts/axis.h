@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace orvel {
+
 // The scaling kit that all diagrams share: four pure routines that know no pixels.
 
 // Log(x) / Log(10).
@@ -19,3 +21,5 @@ Axis_Steps Axis_Step(double top);
 
 // The text at a tick.
 std::string Axis_Label(double v);
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // A diagram as plain data in its own coordinates; a painter only maps them to its surface. Texts are bytes of Windows-1252.
 
 // What is drawn in which colour. The painter owns the colours; they must differ from each other and from the frame.
@@ -70,3 +72,5 @@ constexpr double Y_Label_Left = -1.0 / 10, Long_Y_Label_Left = -1.0 / 9;        
 constexpr std::size_t Long_Label = 6;                                                      // characters from which a label is long and in the smaller font
 constexpr double X_Label_Below = -1.0 / 20;                                                // of T
 constexpr double Label_Points = 9.75, Long_Label_Points = 8;
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <array>
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Width = 760, Height = 400, Key_Height = 30, Line = 16, Below = 16; // below the plane, for the title of the x axis
@@ -127,3 +129,5 @@ std::string Chart_Svg(const Chart& chart)
 {
     return Svg_Drawing(chart).Draw();
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Beyond_The_End = 1.05;
@@ -63,3 +65,5 @@ Chart_Frame Frame_Around(const Chart_Axis& positions, const Chart_Axis& values)
     const double length = positions.High;
     return {-length / 8, 1.2 * length, values.Low - Value_Size(values) / 8, values.High + 0.2 * Value_Size(values)};
 }
+
+} // namespace orvel

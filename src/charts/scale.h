@@ -2,6 +2,8 @@
 
 #include "charts/chart.h"
 
+namespace orvel {
+
 // Axes and frame of a diagram out of the extent of its data, by the one drawing convention.
 
 // The axis of values from `low` to `high`, both rounded away from zero to one significant digit. Zero always lies on the axis; without any
@@ -16,3 +18,5 @@ double Value_Size(const Chart_Axis& values);
 
 // The edges around both axes.
 Chart_Frame Frame_Around(const Chart_Axis& positions, const Chart_Axis& values);
+
+} // namespace orvel

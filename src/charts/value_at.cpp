@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 std::string Short_Number(double value)
@@ -71,3 +73,5 @@ Chart Zoomed(const Chart& chart, double from, double to)
     zoomed.Frame = Frame_Around(zoomed.X, zoomed.Y);
     return zoomed;
 }
+
+} // namespace orvel

@@ -1,7 +1,10 @@
 #include "core/code_page.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+
+namespace orvel {
 
 namespace {
 
@@ -113,3 +116,24 @@ std::string Ansi_To_Dos(std::string_view bytes)
     }
     return result;
 }
+
+std::string To_Code_Page(std::string_view utf8)
+{
+    if (const auto whole = From_Utf8(utf8))
+        return *whole;
+    std::string shown;
+    while (!utf8.empty()) {
+        const auto next = std::find_if(utf8.begin() + 1, utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
+        const auto length = static_cast<std::size_t>(next - utf8.begin());
+        shown += From_Utf8(utf8.substr(0, length)).value_or("?");
+        utf8.remove_prefix(length);
+    }
+    return shown;
+}
+
+std::string Path_Text(const std::filesystem::path& path)
+{
+    return To_Code_Page(std::string_view(path.native()));
+}
+
+} // namespace orvel

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+
+namespace orvel {
 
 // Documents and engine files are bytes of Windows-1252; the five bytes without a character stand for the control of the same number,
 // so that every byte survives the way to Unicode and back.
@@ -12,6 +15,12 @@ std::string To_Utf8(std::string_view bytes);
 // The bytes of a UTF-8 text; nothing where a character is missing in the code page or the text is no UTF-8.
 std::optional<std::string> From_Utf8(std::string_view text);
 
+// The same with "?" for what the code page lacks: a system's message or a path for a box.
+std::string To_Code_Page(std::string_view utf8);
+std::string Path_Text(const std::filesystem::path& path);
+
 // The three letters that files of the older DOS form and the lines of a job write in another code page.
 std::string Dos_To_Ansi(std::string_view bytes);
 std::string Ansi_To_Dos(std::string_view bytes);
+
+} // namespace orvel

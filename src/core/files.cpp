@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -241,3 +243,5 @@ void Set_Read_Only(const fs::path& file, bool read_only)
     if (error)
         throw File_Error("Cannot change the attributes of " + file.string() + ": " + error.message() + ".");
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // No document comes near this size; a larger file is none.
 constexpr std::size_t Largest_Document = 64U << 20U;
 
@@ -47,3 +49,5 @@ void Copy_Whole(const std::filesystem::path& from, const std::filesystem::path& 
 // The read-only attribute of this system: a file is read-only when it has no write permission bit at all.
 bool Is_Read_Only(const std::filesystem::path& file);
 void Set_Read_Only(const std::filesystem::path& file, bool read_only); // throws File_Error
+
+} // namespace orvel

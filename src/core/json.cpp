@@ -2,6 +2,8 @@
 
 #include "core/code_page.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Indent = 2;
@@ -88,3 +90,5 @@ void Json_Writer::Separate(bool on_a_new_line)
     }
     Is_First = false;
 }
+
+} // namespace orvel

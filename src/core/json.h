@@ -9,6 +9,8 @@
 #include <string_view>
 #include <type_traits>
 
+namespace orvel {
+
 // Writes JSON in UTF-8 from texts in the bytes of Windows-1252. Numbers have the general form. Members of an object stand on lines of their
 // own, and so do objects and arrays in an array; single values in an array share a line.
 class Json_Writer {
@@ -66,3 +68,5 @@ private:
     bool Is_Behind_Key = false;
     bool Has_Lines = false; // the array or object just written has items on lines of their own
 };
+
+} // namespace orvel

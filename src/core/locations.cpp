@@ -2,6 +2,8 @@
 
 #include "core/text.h"
 
+namespace orvel {
+
 std::string Location_Name(std::string_view code)
 {
     for (const auto& location : Locations) {
@@ -31,3 +33,5 @@ std::string Name_Decode(std::string_view text)
 {
     return Replace_All(Replace_All(std::string(text), "_-_", " "), "--", ",");
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 struct Location {
     std::string_view Code, Name;
 };
@@ -36,3 +38,5 @@ std::string Bracket_Text(std::string_view text);
 // Blanks as "_-_" and commas as "--", for the names of run directories. A name that truly holds "--" does not survive the way back.
 std::string Name_Encode(std::string_view text);
 std::string Name_Decode(std::string_view text);
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 enum class Icon { None, Information, Question, Warning, Stop };
 enum class Button { Ok, Cancel, Yes, No };
 
@@ -25,3 +27,5 @@ struct Refusal {
 
 // Shows a message and returns the button pressed. Every session has one: a box, a printer, or a test's recorder.
 using Ask_Function = std::function<Button(const Message&)>;
+
+} // namespace orvel

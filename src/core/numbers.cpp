@@ -11,6 +11,8 @@
 #include <optional>
 #include <stdexcept>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Significant_Digits = 15;
@@ -301,3 +303,5 @@ std::int16_t To_I16(double value)
         throw File_Error("A number is outside the range of -32768 to 32767.");
     return static_cast<std::int16_t>(rounded);
 }
+
+} // namespace orvel

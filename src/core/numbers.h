@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // The only readers and printers of numbers in files. The point is the decimal sign, whatever the system's locale is.
 
 // The number that the text begins with, blanks and tabs before it skipped; 0 where there is none. Never fails:
@@ -30,3 +32,5 @@ std::string Fixed_Text(double value, int decimals);
 
 // The value rounded to an i16, halves to the even number. Throws File_Error outside its range.
 std::int16_t To_I16(double value);
+
+} // namespace orvel

@@ -1,5 +1,7 @@
 #include "core/output_variables.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view One = "    1.0 ";
@@ -59,3 +61,5 @@ int Output_Variable_Number(std::string_view code)
     }
     return 0;
 }
+
+} // namespace orvel

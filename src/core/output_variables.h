@@ -3,6 +3,8 @@
 #include <array>
 #include <string_view>
 
+namespace orvel {
+
 // A time series that the engine can write: its code, its name, the unit of the daily rate and of the summed amount (for a state both
 // are the same), and the eight characters of its scale in the run control file. Texts are bytes of Windows-1252.
 struct Output_Variable {
@@ -18,3 +20,5 @@ extern const std::array<Output_Variable, Last_Output_Variable + 1> Output_Variab
 
 // The number of the variable with this code, 0 for an unknown one. The case counts.
 int Output_Variable_Number(std::string_view code);
+
+} // namespace orvel

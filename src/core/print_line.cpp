@@ -2,6 +2,8 @@
 
 #include "core/text.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Zone_Width = 14;
@@ -50,3 +52,5 @@ Print_Line& Print_Line::End()
     Line_Start = Bytes.size();
     return *this;
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // Builds the lines of a text file as a print statement does: items one behind the other, blanks, columns and print zones.
 class Print_Line {
 public:
@@ -24,3 +26,5 @@ private:
     std::string Bytes;
     std::size_t Line_Start = 0;
 };
+
+} // namespace orvel

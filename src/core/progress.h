@@ -3,5 +3,9 @@
 #include <functional>
 #include <string>
 
+namespace orvel {
+
 // Called while a big file is read, after each year or so: the message to show and the share of the work done, 0 to 1. False stops the work.
 using Progress = std::function<bool(const std::string& message, double share)>;
+
+} // namespace orvel

@@ -1,5 +1,7 @@
 #include "core/session.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr int Default_Applications = 26;
@@ -112,3 +114,5 @@ void Clear_Climate(Climate_Table& table, int rows)
 {
     table.Rows.assign(static_cast<std::size_t>(rows), {.Cli_Day = "00", .Cli_Month = "00", .Cli_Year = "00", .Cli_Rel_Hum = 100});
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The records that all rules and forms share. Names of fields are those of the file formats' documentation; array bounds are inclusive
 // as the comments give them, and index 0 of a substance is not in use.
 
@@ -277,3 +279,5 @@ void Reset_SZE(Scenario_Document& document);
 
 // A climate table of `rows` rows: date fields "00", everything 0, relative humidity 100.
 void Clear_Climate(Climate_Table& table, int rows);
+
+} // namespace orvel

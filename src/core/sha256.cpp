@@ -10,6 +10,8 @@
 #define OPENSSL_SUPPRESS_DEPRECATED
 #include <openssl/sha.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Window = 64U << 10U;
@@ -59,3 +61,5 @@ std::string Sha256_Of_File(const std::filesystem::path& file)
         throw File_Error("The file " + file.string() + " cannot be read.");
     return digest.Hexadecimal();
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 std::string_view Trim(std::string_view text)
 {
     const auto first = text.find_first_not_of(' ');
@@ -101,3 +103,5 @@ std::vector<std::string_view> Split_Lines(std::string_view text)
         lines.push_back(reader.Next());
     return lines;
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // Texts of documents and engine files are bytes of Windows-1252: a column is a byte.
 
 constexpr std::string_view CrLf = "\r\n";
@@ -49,3 +51,5 @@ private:
 
 // All lines of a text.
 std::vector<std::string_view> Split_Lines(std::string_view text);
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "core/text.h"
 
+namespace orvel {
+
 Variant::Variant(std::string_view text) : Value(Val(text)), Typed(Trim(text)), Holds_Text(true) {}
 
 Variant Variant::Verbatim(std::string_view text)
@@ -25,3 +27,5 @@ std::string Number_Text(char kind, const Variant& value, int width)
 {
     return Number_Text(kind, value.Is_Text() ? Val(Comma_To_Point(value.Text())) : value.Number(), width);
 }
+
+} // namespace orvel

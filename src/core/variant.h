@@ -6,6 +6,8 @@
 #include <string_view>
 #include <type_traits>
 
+namespace orvel {
+
 // A field that holds a number when it came from a reader or a rule, and text when it came from an edit box.
 class Variant {
 public:
@@ -32,3 +34,5 @@ private:
 
 // Number_Text of a field: a typed text is read with its commas as points.
 std::string Number_Text(char kind, const Variant& value, int width);
+
+} // namespace orvel

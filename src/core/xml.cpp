@@ -2,6 +2,8 @@
 
 #include "core/code_page.h"
 
+namespace orvel {
+
 std::string Xml_Text(std::string_view bytes)
 {
     std::string text;
@@ -28,3 +30,5 @@ std::string Xml_Text(std::string_view bytes)
     }
     return text;
 }
+
+} // namespace orvel

@@ -1,5 +1,7 @@
 #include "desktop/release_notes.h"
 
+namespace orvel {
+
 std::string_view Release_Notes()
 {
     return "ORVELSUITE 5.5 (November 2026)\r\n"
@@ -11,3 +13,5 @@ std::string_view Release_Notes()
            "- Tables, balances, soil concentrations and reports without windows: orvelctl.\r\n"
            "----------------------------------------------------------------------------------------\r\n";
 }
+
+} // namespace orvel

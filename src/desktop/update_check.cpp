@@ -3,6 +3,8 @@
 #include "core/numbers.h"
 #include "core/text.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Name_Before_Extension = 26; // characters of the package's file name before ".zip"
@@ -43,3 +45,5 @@ Message Judge_Update_Page(std::string_view page)
         return {std::string(Unofficial_Title), "You are using an unofficial version of the software.\r\n", Icon::Information};
     return {std::string(Unofficial_Title), "You have the latest version of the software.", Icon::Information};
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+namespace orvel {
+
 // The date-coded release of this build.
 constexpr std::string_view Release_Date = "20120312";
 
@@ -14,3 +16,5 @@ Message Judge_Update_Page(std::string_view page);
 // The message for a fetch that failed, and for a build without an address.
 Message Connection_Problem();
 Message No_Update_Address();
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 #include "substance/application_pattern.h"
 #include "substance/pathway.h"
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -71,3 +73,5 @@ std::optional<std::string> Show_Document(Session& session, const fs::path& file)
     }
     return std::nullopt;
 }
+
+} // namespace orvel

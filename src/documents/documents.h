@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+namespace orvel {
+
 // Reads a document into the session as the open dialog does: PSM_File is the name, and a pesticide document's pathway is derived.
 // False: it failed, and the user has been told.
 bool Open_Document(Session& session, const std::filesystem::path& file);
@@ -17,3 +19,5 @@ bool Convert_Document(Session& session, const std::filesystem::path& from, const
 
 // The document in a file as JSON; nothing: it failed, and the user has been told.
 std::optional<std::string> Show_Document(Session& session, const std::filesystem::path& file);
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Months_Of_Year = 12;
@@ -33,3 +35,5 @@ Period Uncrossed(const Period& chosen, Period_End changed, int years)
     const int last = Number_Of({Months_Of_Year, years});
     return {chosen.From, Month_Of(std::min(Number_Of(chosen.From) + 1, std::max(last, Number_Of(chosen.From))))};
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "tables/daily_series.h"
 #include "output/plot_file.h"
 
+namespace orvel {
+
 // The period of a diagram, chosen by a month and a year for its begin and for its end.
 
 struct Period {
@@ -18,3 +20,5 @@ int Years_Of_Plot(const Plot_Head& head);
 // Moves the end that was not changed so that the period is not crossed: the begin goes to the new end, the end to the month behind the new
 // begin, or to the begin's own month at the end of the simulation.
 Period Uncrossed(const Period& chosen, Period_End changed, int years);
+
+} // namespace orvel

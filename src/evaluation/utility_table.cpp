@@ -6,9 +6,11 @@
 #include "output/line_scanner.h"
 #include "ui/shown_file.h"
 #include "jobs/engine_start.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <array>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -49,11 +51,11 @@ const Utility_Names& Names_Of(Utility utility)
 
 std::string Format_Utility_Batch(Utility utility, const fs::path& directory, const fs::path& app_path)
 {
-    const std::string place = Shown_Path(directory);
+    const std::string place = Path_Text(directory);
     std::string text = "copy  " + Quoted(place + "\\plot.orv") + " " + Quoted(place + "\\" + std::string(Series_Copy)) + "\r\n";
     text += "\r\n"; // the drive's letter
     text += "CD " + Quoted(place) + "\r\n";
-    text += Quoted(Shown_Path(app_path) + "\\" + std::string(Names_Of(utility).Program)) + "\r\n";
+    text += Quoted(Path_Text(app_path) + "\\" + std::string(Names_Of(utility).Program)) + "\r\n";
     return text + "quit\r\n";
 }
 
@@ -91,12 +93,12 @@ try {
     start.Output = Utility_Log;
     return Start_Program(start);
 } catch (const std::runtime_error& error) { // of a file, or of a program that cannot be started
-    return Tell(session, Shown(error.what()));
+    return Tell(session, To_Code_Page(error.what()));
 }
 
 std::string Take_Utility_Log(const fs::path& directory)
 {
-    const std::string told = Shown(Read_If_There(directory, Utility_Log));
+    const std::string told = To_Code_Page(Read_If_There(directory, Utility_Log));
     std::error_code ignored;
     fs::remove(directory / Utility_Log, ignored);
     return std::string(Trim(Replace_All(Replace_All(told, "\r", " "), "\n", " ")));
@@ -112,3 +114,5 @@ std::optional<std::string> Shown_Table(const Session& session, Utility utility, 
         text->resize(text->size() - CrLf.size());
     return text;
 }
+
+} // namespace orvel

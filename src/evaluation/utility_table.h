@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // The tables of a single run that three small programs of the installation make out of the run's series.
 
 enum class Utility { Year, Month, Day };
@@ -39,3 +41,5 @@ std::string Take_Utility_Log(const std::filesystem::path& directory);
 
 // The table's text as a window shows it, less the last end of line; that by day only as far as a shown file goes. Nothing without a table.
 std::optional<std::string> Shown_Table(const Session& session, Utility utility, const std::filesystem::path& directory);
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "files/file_messages.h"
 
+namespace orvel {
+
 Message Broken_Line_Told(const std::string& field)
 {
     return {std::string(Saving_Input_File), "\"" + field + "\" is too long for its column, or empty: the file cannot be read back as it is."};
@@ -16,3 +18,5 @@ Message Broken_Line_Question(const std::string& field)
     message.Default = Button::No;
     return message;
 }
+
+} // namespace orvel

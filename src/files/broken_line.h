@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+namespace orvel {
+
 // A value too wide for its column breaks its line, and the file cannot be read back. Each function prints the document, reads the text again
 // and gives the name of the first field that is lost; nothing where all comes back but for what the layout itself changes (digits
 // beyond those printed, blanks around a text, what no line holds). A document that cannot be printed at all counts as broken.
@@ -24,3 +26,5 @@ template <class Document> bool May_Save(Session& session, const Document& docume
     const auto field = Broken_By_Layout(document);
     return !field || session.Ask(Broken_Line_Question(*field)) == Button::Yes;
 }
+
+} // namespace orvel

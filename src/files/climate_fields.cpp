@@ -2,6 +2,8 @@
 #include "files/climate_file.h"
 #include "files/line_fields.h"
 
+namespace orvel {
+
 namespace {
 
 Line_Fields Fields_Of(const Climate_Table& table)
@@ -36,3 +38,5 @@ std::optional<std::string> Broken_By_Layout(const Climate_Table& table)
     const auto lost = Fields_Of(table).First_Not_In(Fields_Of(read));
     return lost || complete ? lost : std::string(Unreadable);
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "core/error.h"
 #include "core/text.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Date_First = 2;
@@ -88,3 +90,5 @@ void Round_As_Shown(Climate_Table& table)
             row.*column.Number = Val(Cell_Text(row, column));
     }
 }
+
+} // namespace orvel

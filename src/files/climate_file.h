@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // A climate file is a title line, then one day per line in fixed columns.
 
 constexpr int Climate_Number_First = 8; // column of the first number, each ten wide
@@ -46,3 +48,5 @@ std::string Format_CLI(const Climate_Table& table);
 // All or nothing; false: it failed, and the user has been told.
 bool Read_CLI(Session& session, const std::filesystem::path& file);
 bool Write_CLI(Session& session, const std::filesystem::path& file);
+
+} // namespace orvel

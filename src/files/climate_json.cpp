@@ -1,6 +1,8 @@
 #include "files/document_json.h"
 #include "files/json_rows.h"
 
+namespace orvel {
+
 namespace {
 
 void Write(Json_Writer& out, const Climate_Row& row)
@@ -32,3 +34,5 @@ std::string Json_Of(const Climate_Table& table)
     });
     return out.Written();
 }
+
+} // namespace orvel

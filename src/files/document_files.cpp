@@ -4,6 +4,8 @@
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 bool Read_PSM(Session& session, const fs::path& file)
@@ -62,3 +64,5 @@ try {
     Tell_Not_Saved(session, file, error);
     return false;
 }
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 
+namespace orvel {
+
 std::optional<Document_Kind> Kind_Of(const std::filesystem::path& file)
 {
     const std::string ending = Lower(file.extension().string());
@@ -55,3 +57,5 @@ std::optional<std::string> Broken_Field(const Session& session, Document_Kind ki
     }
     return std::nullopt;
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+namespace orvel {
+
 // What the open dialog and the save dialog do with a file, by its ending.
 enum class Document_Kind { Pesticide, Scenario, Climate };
 
@@ -22,3 +24,5 @@ bool Save_Document(Session& session, const std::filesystem::path& file);
 
 // The name of the first field that a save would lose, or nothing.
 std::optional<std::string> Broken_Field(const Session& session, Document_Kind kind);
+
+} // namespace orvel

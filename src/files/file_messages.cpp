@@ -5,13 +5,15 @@
 
 #include <unistd.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Not_A_Document = " is not a ORVEL 4.01 PSM file";
 constexpr std::string_view Read_Protected = "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes.";
 
 // A reason names paths in the system's encoding.
-std::string Shown(const File_Error& error)
+std::string Error_Text(const File_Error& error)
 {
     return From_Utf8(error.what()).value_or(error.what());
 }
@@ -32,10 +34,12 @@ void Refuse_Document(Session& session)
 
 void Refuse_Climate(Session& session, const File_Error& error)
 {
-    session.Ask({std::string(Readin_Check), session.Program.PSM_File + ": " + Shown(error)});
+    session.Ask({std::string(Readin_Check), session.Program.PSM_File + ": " + Error_Text(error)});
 }
 
 void Tell_Not_Saved(Session& session, const std::filesystem::path& file, const File_Error& error)
 {
-    session.Ask({std::string(Saving_Input_File), Is_Protected(file) ? std::string(Read_Protected) : Shown(error)});
+    session.Ask({std::string(Saving_Input_File), Is_Protected(file) ? std::string(Read_Protected) : Error_Text(error)});
 }
+
+} // namespace orvel

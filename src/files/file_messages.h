@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <string_view>
 
+namespace orvel {
+
 // What the readers and writers tell the user.
 
 constexpr std::string_view Readin_Check = "Readin check";
@@ -19,3 +21,5 @@ void Refuse_Climate(Session& session, const File_Error& error);
 
 // A file that could not be written: one that is read protected gives the way out, any other failure its reason.
 void Tell_Not_Saved(Session& session, const std::filesystem::path& file, const File_Error& error);
+
+} // namespace orvel

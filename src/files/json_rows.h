@@ -2,6 +2,8 @@
 
 #include "core/json.h"
 
+namespace orvel {
+
 // As many elements as a count says, from `first` on; null for those before.
 template <class Rows, class Body> void Rows_In_Use(Json_Writer& out, std::string_view key, const Rows& rows, std::size_t first, double last, Body body)
 {
@@ -15,3 +17,5 @@ template <class Rows, class Body> void Rows_In_Use(Json_Writer& out, std::string
         }
     });
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+namespace orvel {
+
 // The name of what is lost where a text cannot be read again although all fields that came back are right.
 constexpr std::string_view Unreadable = "A count or the end of the file";
 
@@ -112,3 +114,5 @@ private:
     std::vector<Kept> List;
     Line_Out Out;
 };
+
+} // namespace orvel

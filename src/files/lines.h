@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // Field is a value in print form, Value_Of a field that prints as a number whatever it holds, Scientific a number in scientific text, Pattern
 // one in a format pattern, Words a text without blanks, Whole
 // a flag that reads as 0 where the file has a fraction, Tag a fixed word that stands where a field could.
@@ -133,3 +135,5 @@ inline int Checked_Count(double count, int most, std::string_view of_what)
         throw File_Error("The number of " + std::string(of_what) + " is not between 0 and " + std::to_string(most) + ".");
     return static_cast<int>(count);
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <memory>
 
+namespace orvel {
+
 namespace {
 
 // What reading changes in every file, and the one reference point that a table of relative applications has.
@@ -143,3 +145,5 @@ std::optional<std::string> Broken_By_Layout(const Pesticide_Document& document)
     const auto lost = Lister(*written).List().First_Not_In(Lister(*read).List());
     return lost || complete ? lost : std::string(Unreadable);
 }
+
+} // namespace orvel

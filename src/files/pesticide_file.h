@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // A pesticide file is a tagged text of fixed line order: head, applications, the active substance, then a section for each metabolite.
 
 // Resets the document and fills it as it goes. Throws File_Error (short file, foreign file, a count outside its range); what was read
@@ -21,3 +23,5 @@ bool Read_PSM(Session& session, const std::filesystem::path& file);
 
 // Writes the session's document whole; false: it failed, and the user has been told.
 bool Write_PSM(Session& session, const std::filesystem::path& file);
+
+} // namespace orvel

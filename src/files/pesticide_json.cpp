@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 void Write(Json_Writer& out, const Application& row)
@@ -151,3 +153,5 @@ std::string Json_Of(const Pesticide_Document& document)
     });
     return out.Written();
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <array>
 #include <string_view>
 
+namespace orvel {
+
 // The lines of a pesticide file, each stated once for reading, printing and listing. Tabs are 1-based columns.
 
 constexpr std::string_view Target_A1 = "Met A1", Target_B1 = "Met B1", Target_C1 = "Met C1", Target_D1 = "Met D1";
@@ -172,3 +174,5 @@ template <class Line, class Document> void Uptake_Line(Line& line, Document& doc
 {
     line.Field(document.Plant_Uptake[i], "Plant uptake factor").Spc(5).Text(i == 1 ? "<plant uptake factor" : "<plant uptake factor>");
 }
+
+} // namespace orvel

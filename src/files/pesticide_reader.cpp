@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 constexpr double No_Second_pH = -99;
@@ -233,3 +235,5 @@ void Parse_PSM(std::string_view bytes, Pesticide_Document& document)
     Reset_PSM(document);
     Reader(bytes, document).Read();
 }
+
+} // namespace orvel

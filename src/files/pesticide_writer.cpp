@@ -3,6 +3,8 @@
 #include "core/locations.h"
 #include "files/pesticide_lines.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr double No_Dissociation = 20; // pKa
@@ -170,3 +172,5 @@ std::string Format_PSM(Pesticide_Document& document)
 {
     return Writer(document).Write();
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "files/scenario_file.h"
 #include "files/scenario_lines.h"
 
+namespace orvel {
+
 namespace {
 
 // Without a crop with tillage no date of senescence or tillage is read.
@@ -105,3 +107,5 @@ std::optional<std::string> Broken_By_Layout(const Scenario_Document& document)
     const auto lost = Lister(written).List().First_Not_In(Lister(read).List());
     return lost || complete ? lost : std::string(Unreadable);
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // A scenario file is positional: title, evapotranspiration, erosion, crops, rotation dates, soil horizons, output frequencies.
 
 // Fills the document as it goes; the caller resets it first. Throws File_Error; what was read until then stays in the document.
@@ -18,3 +20,5 @@ std::string Format_SZE(Scenario_Document& document);
 // Resets the scenario document, reads into the session and sets PSM_Read_OK; false: it failed, and the user has been told.
 bool Read_SZE(Session& session, const std::filesystem::path& file);
 bool Write_SZE(Session& session, const std::filesystem::path& file);
+
+} // namespace orvel

@@ -1,6 +1,8 @@
 #include "files/document_json.h"
 #include "files/json_rows.h"
 
+namespace orvel {
+
 namespace {
 
 void Write(Json_Writer& out, const Crop_Row& crop)
@@ -136,3 +138,5 @@ std::string Json_Of(const Scenario_Document& document)
     });
     return out.Written();
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <string_view>
 
+namespace orvel {
+
 // The lines of a scenario file, each stated once for reading, printing and listing. Tabs are 1-based columns.
 
 // The marker words at the end of the second line.
@@ -142,3 +144,5 @@ template <class Line, class Document> void Latitude_Line(Line& line, Document& d
 {
     line.Tab(3).Field(document.SZE_Latitude, "Latitude");
 }
+
+} // namespace orvel

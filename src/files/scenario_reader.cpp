@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 struct Date {
@@ -139,3 +141,5 @@ void Parse_SZE(std::string_view bytes, Scenario_Document& document)
 {
     Reader(bytes, document).Read();
 }
+
+} // namespace orvel

@@ -1,6 +1,8 @@
 #include "files/scenario_file.h"
 #include "files/scenario_lines.h"
 
+namespace orvel {
+
 namespace {
 
 class Writer {
@@ -86,3 +88,5 @@ std::string Format_SZE(Scenario_Document& document)
 {
     return Writer(document).Write();
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+namespace orvel {
+
 namespace {
 
 using Row = std::vector<std::string>;
@@ -123,3 +125,5 @@ std::vector<Demo_Pesticide> Demo_Pesticides()
         pesticides.push_back({row.at(0) + ".psm", Document_Of(row, substances)});
     return pesticides;
 }
+
+} // namespace orvel

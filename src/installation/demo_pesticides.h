@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // A pesticide file of the installation.
 struct Demo_Pesticide {
     std::string Name; // "demo_A.psm"
@@ -13,3 +15,5 @@ struct Demo_Pesticide {
 
 // The demonstration pesticide files in the order of their table.
 std::vector<Demo_Pesticide> Demo_Pesticides();
+
+} // namespace orvel

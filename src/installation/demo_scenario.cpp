@@ -7,6 +7,8 @@
 #include <set>
 #include <string_view>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Top_Metre = 100;            // cm
@@ -168,3 +170,5 @@ std::vector<Demo_Scenario> Zone_Scenarios(const Demo_Tables& tables)
     }
     return scenarios;
 }
+
+} // namespace orvel

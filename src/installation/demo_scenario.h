@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 constexpr int Demo_Years = 66;
 
 // What a scenario is laid out for: leaching from the whole core in compartments of 2.5 cm, or the content of the top metre in 1 cm.
@@ -25,3 +27,5 @@ std::vector<Demo_Scenario> Location_Scenarios(const Demo_Tables& tables, Demo_Pu
 
 // Every crop at every soil zone. The two crops that share a file stem have one file there: that of the first.
 std::vector<Demo_Scenario> Zone_Scenarios(const Demo_Tables& tables);
+
+} // namespace orvel

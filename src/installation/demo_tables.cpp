@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+namespace orvel {
+
 namespace {
 
 using Row = std::vector<std::string>;
@@ -184,3 +186,5 @@ Demo_Tables Load_Demo_Tables()
     }
     return tables;
 }
+
+} // namespace orvel

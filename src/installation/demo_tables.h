@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The demonstration data as the plain files of installation/ hold them.
 
 // The title of every file says it.
@@ -64,3 +66,5 @@ std::vector<std::vector<std::string>> Table_Rows(std::string_view text);
 
 // "15.04" as day and month. Throws std::logic_error for anything else.
 Day_Of_Year Parse_Day_Of_Year(std::string_view text);
+
+} // namespace orvel

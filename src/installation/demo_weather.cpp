@@ -8,6 +8,8 @@
 #include <numbers>
 #include <numeric>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::array<int, 12> Month_Days = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
@@ -188,3 +190,5 @@ std::string Format_Calendar(int years)
     }
     return text;
 }
+
+} // namespace orvel

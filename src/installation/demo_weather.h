@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // Generated weather: wet days by a two-state Markov chain with gamma amounts (Richardson 1981, Water Resour. Res. 17:182; parameters from the
 // month's rain by Geng et al. 1986, Agric. For. Meteorol. 36:363), temperature by a first-order autoregression, evaporation and radiation
 // from temperatures (Hargreaves & Samani 1982, 1985). It resembles the site's climate and is no measurement.
@@ -30,3 +32,5 @@ std::vector<std::string> Format_Weather(const Demo_Site& site, const std::vector
 
 // The calendar of the daily diagram: running number, day, month and year of every day of `years` years.
 std::string Format_Calendar(int years);
+
+} // namespace orvel

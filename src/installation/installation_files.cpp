@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <memory>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Calendar_File = "datum.dat";
@@ -95,3 +97,5 @@ void Make_Installation_Files(const Write_Installation_File& write)
     Make_Data_Files(write);
     Write_Weather(Load_Demo_Tables(), write);
 }
+
+} // namespace orvel

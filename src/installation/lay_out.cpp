@@ -12,6 +12,8 @@
 #include <string>
 #include <unistd.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -147,3 +149,5 @@ std::vector<fs::path> Parts_Beside(const fs::path& program)
     const fs::path prefix = directory.parent_path();
     return {directory, prefix / "libexec" / "orvelsuite", prefix / "share" / "orvelsuite"};
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include <numbers>
 #include <string>
 
+namespace orvel {
+
 namespace {
 
 std::uint64_t Hash(std::string_view text)
@@ -62,3 +64,5 @@ double Weather_Random::Gamma(double shape)
             return d * v;
     }
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string_view>
 
+namespace orvel {
+
 // The random numbers of the demonstration weather: the same everywhere and for ever for the same site.
 class Weather_Random {
 public:
@@ -19,3 +21,5 @@ private:
     std::uint64_t State;
     std::optional<double> Kept;
 };
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -46,3 +48,5 @@ void Delete_Output(const fs::path& directory)
             throw Run_Refused("The old output file " + name + " cannot be deleted: " + error.message() + ".");
     }
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <stdexcept>
 
+namespace orvel {
+
 // How an engine is started in the directory of its run, by a job and by a single run alike.
 
 // A run that cannot be started; the text says why.
@@ -18,3 +20,5 @@ Program_Start Engine_Start(const std::filesystem::path& directory, const std::fi
 
 // Deletes all output files of a directory. Throws Run_Refused if one cannot be deleted.
 void Delete_Output(const std::filesystem::path& directory);
+
+} // namespace orvel

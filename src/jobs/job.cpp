@@ -18,6 +18,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -147,3 +149,5 @@ int Processors()
         return 1;
     return std::max(1, CPU_COUNT(&set));
 }
+
+} // namespace orvel

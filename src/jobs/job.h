@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The job file orveljob.bat has five kinds of line: "echo off", "cd", deleting old output, the engine, deleting the engine's copy.
 
 struct Job_Run {
@@ -35,3 +37,5 @@ Job_Result Run_Job(const std::filesystem::path& mode_directory, int jobs);
 
 // Processors that this process may use, at least 1.
 int Processors();
+
+} // namespace orvel

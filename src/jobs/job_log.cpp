@@ -10,6 +10,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::array<std::string_view, 6> Words = {"begin", "started", "finished", "failed", "killed", "end"};
@@ -120,3 +122,5 @@ std::time_t Time_Of_Text(std::string_view text)
     const std::time_t time = std::mktime(&parts);
     return time < 0 ? 0 : time;
 }
+
+} // namespace orvel

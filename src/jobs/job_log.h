@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // orveljob.log in the mode directory: what the last job did. One line an event, UTF-8, its fields parted by tabs: local time, word, run
 // directory below the mode directory, detail.
 
@@ -41,3 +43,5 @@ Job_History Read_Job_Log(const std::filesystem::path& mode_directory); // empty 
 // "2024-05-31 14:05:09" in local time, and back; 0 for any other text.
 std::string Time_Text(std::time_t time);
 std::time_t Time_Of_Text(std::string_view text);
+
+} // namespace orvel

@@ -7,7 +7,7 @@
 #include "core/text.h"
 #include "jobs/job.h"
 #include "jobs/job_log.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <algorithm>
 #include <array>
@@ -16,6 +16,8 @@
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -105,7 +107,7 @@ std::string Left_Text(double seconds)
 // A list name: the directory's name without its ending ".run" and its encoding.
 std::string List_Name(const std::string& directory)
 {
-    const std::string name = Shown(directory);
+    const std::string name = To_Code_Page(directory);
     return Name_Decode(name.substr(0, name.size() - 4));
 }
 
@@ -252,3 +254,5 @@ std::string Date_Text(std::time_t date)
     constexpr std::size_t To_Minutes = 16;
     return Time_Text(date).substr(0, To_Minutes);
 }
+
+} // namespace orvel

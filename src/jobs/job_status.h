@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // What can be seen of a job from outside: by locks and files, without waiting and without disturbing it.
 
 // What an engine prints while it runs: "YEAR 3 OF 26". It stands in the run directory and stays there if the run fails.
@@ -57,3 +59,5 @@ std::vector<Simulation> Simulation_List(const Session& session, const Mode& mode
 
 // The date as the list shows it, in local time: "2024-05-31 14:05".
 std::string Date_Text(std::time_t date);
+
+} // namespace orvel

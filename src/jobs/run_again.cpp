@@ -5,9 +5,11 @@
 #include "core/text.h"
 #include "runs/batch.h"
 #include "runs/output_selection.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <algorithm>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -82,7 +84,7 @@ bool Mark_Again(Session& session, const Mode& mode, const Simulation& simulation
     const Selection selected = Evaluate_Selection(session, mode, choice.Pesticide, choice.Crop, choice.Location);
     if (!selected.Buttons_Enabled() && !selected.May_Run_Anyway) {
         const std::string why = selected.Warnung.empty() ? "Its pesticide file or its scenario is missing." : selected.Warnung;
-        session.Ask({std::string(Starting), "The simulation in\r\n" + Shown_Path(simulation.Directory) + "\r\ncannot be marked again. " + why});
+        session.Ask({std::string(Starting), "The simulation in\r\n" + Path_Text(simulation.Directory) + "\r\ncannot be marked again. " + why});
         return false;
     }
     choice.Tillage_Visible = selected.Tillage_Visible;
@@ -128,3 +130,5 @@ int Mark_Failed_Again(Session& session, const Mode& mode, const std::vector<Simu
     session.Output = output;
     return static_cast<int>(marked);
 }
+
+} // namespace orvel

@@ -6,12 +6,14 @@
 #include "core/text.h"
 #include "jobs/job_log.h"
 #include "runs/output_selection.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 #include "runs/start_up.h"
 
 #include <algorithm>
 #include <chrono>
 #include <thread>
+
+namespace orvel {
 
 namespace {
 
@@ -127,7 +129,7 @@ bool Start(Session& session, const Mode& mode, int jobs, const Progress_Report& 
     if (!report.Tell || Wait_For_Job(session, mode, job.Process, report) == 0)
         return true;
     const auto directory = Mode_Directory(session, mode);
-    return Refuse(session, "Not every simulation has finished. " + Shown_Path(directory / Job_Log_Name) + " tells which.");
+    return Refuse(session, "Not every simulation has finished. " + Path_Text(directory / Job_Log_Name) + " tells which.");
 }
 
 std::string Simulation_Lines(const std::vector<Simulation>& simulations)
@@ -155,9 +157,11 @@ std::string Simulation_Json(const std::vector<Simulation>& simulations)
                 json.Member("date", Date_Text(simulation.Date));
                 json.Member("status", Status_Text(simulation.Status));
                 json.Member("result", Result_Text(simulation.Result));
-                json.Member("directory", Shown_Path(simulation.Directory));
+                json.Member("directory", Path_Text(simulation.Directory));
             });
         }
     });
     return json.Written();
 }
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // What the command line asks of the run rules. Texts are bytes of Windows-1252.
 
 struct Mark_Request {
@@ -39,3 +41,5 @@ std::string Simulation_Lines(const std::vector<Simulation>& simulations);
 
 // The same as a JSON array of objects, in UTF-8, with the result of every run and its directory.
 std::string Simulation_Json(const std::vector<Simulation>& simulations);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <sys/stat.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Extension = ".run";
@@ -30,3 +32,5 @@ std::string Date_Of_Simulation(const std::filesystem::path& run_directory)
         return {};
     return Date_Text(about.st_mtime);
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // A directory of the run tree: pesticide, crop and location below the directory of a mode.
 struct Run_Entry {
     std::string Name; // as the lists show it, decoded, bytes of Windows-1252
@@ -17,3 +19,5 @@ std::vector<Run_Entry> Run_Entries(const std::filesystem::path& parent);
 
 // Date and time of a run's echo file, as the lists show dates; empty while the run has none.
 std::string Date_Of_Simulation(const std::filesystem::path& run_directory);
+
+} // namespace orvel

@@ -3,10 +3,12 @@
 #include "core/files.h"
 #include "core/system/lock.h"
 #include "runs/batch.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <algorithm>
 #include <unistd.h>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -110,12 +112,14 @@ try {
             ++removed;
         else if (fs::symlink_status(run, unknown).type() != fs::file_type::not_found) // one that is gone already is what the user wants
             session.Ask({std::string(Deleting),
-                         "You are currently running a simulation using the directory\r\n" + Shown_Path(run) + ".\r\n\r\nDelete operation failed!\r\n\r\n"});
+                         "You are currently running a simulation using the directory\r\n" + Path_Text(run) + ".\r\n\r\nDelete operation failed!\r\n\r\n"});
         Remove_If_Empty(run.parent_path());
         Remove_If_Empty(run.parent_path().parent_path());
     }
     return removed;
 } catch (const std::runtime_error& error) { // of the pending batch
-    session.Ask({std::string(Deleting), Shown(error.what())});
+    session.Ask({std::string(Deleting), To_Code_Page(error.what())});
     return 0;
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <vector>
 
+namespace orvel {
+
 // What the simulation list does with run directories.
 
 // Removes run directories without an echo file, as long as no job was ever started in the mode (no orveljob.bat); those that the pending batch names
@@ -14,3 +16,5 @@ void Clean_Leftovers(Session& session, const Mode& mode);
 // pending batch. One that is at work stays, and the user is told; so does one that is reached through a link, since nothing outside of the
 // mode's directory is ever deleted. The number removed; 0 if the pending batch cannot be changed.
 int Delete_Simulations(Session& session, const Mode& mode, const std::vector<Simulation>& simulations);
+
+} // namespace orvel

@@ -2,10 +2,12 @@
 #include "core/system/lock.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 #include "runs/single_run.h"
 
 #include <algorithm>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -38,7 +40,7 @@ bool Remove_Archived(const Session& session, const fs::path& directory, const st
         fs::remove(directory / name, error);
         if (!error)
             continue;
-        session.Ask({std::string(File_Check), "The file " + Shown_Path(name) + " is in the archive, but cannot be deleted: " + Shown(error.message()) + "."});
+        session.Ask({std::string(File_Check), "The file " + Path_Text(name) + " is in the archive, but cannot be deleted: " + To_Code_Page(error.message()) + "."});
         return false;
     }
     return true;
@@ -89,3 +91,5 @@ bool Archive_Run(Session& session, const fs::path& directory, const std::string&
     // The archive is whole: now the output may go, and the archive stays whatever happens.
     return Remove_Archived(session, directory, output);
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "core/text.h"
 #include "output/quick_val.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr double To_Litres = 10;  // cm to L/m2
@@ -141,3 +143,5 @@ void Scan_Pesticide_Balance(Line_Scanner& chem, Balance_View view, bool active_s
     while (chem.Find(Block_Anchor(view)) && !chem.At_End())
         row(Pesticide_Block(chem, active_substance));
 }
+
+} // namespace orvel

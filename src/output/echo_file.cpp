@@ -5,6 +5,8 @@
 #include "core/text.h"
 #include "jobs/job_status.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr Anchor Total_Anchor("TOTAL COMPARTMENTS IN CORE");
@@ -103,3 +105,5 @@ try {
 } catch (const File_Error&) {
     return false;
 }
+
+} // namespace orvel

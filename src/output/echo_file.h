@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The engine's echo of its input, echo.orv: what the tables need to know of a run.
 
 constexpr std::size_t Most_Result_Names = 10;
@@ -31,3 +33,5 @@ bool Scan_For_Error(Line_Scanner& echo);
 // Whether a simulation has ended with an error. False while it is at work, and without an echo.orv: nothing else tells of one that was begun.
 bool Simulation_Failed(const std::filesystem::path& run_directory);
 constexpr std::string_view Simulation_Failed_Text = "The simulation failed: its echo file, echo.orv, tells why.";
+
+} // namespace orvel

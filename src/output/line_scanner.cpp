@@ -7,6 +7,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace orvel {
+
 const char* Anchor::In(const char* first, const char* last) const
 {
     if (static_cast<std::size_t>(last - first) < Text.size())
@@ -178,3 +180,5 @@ bool Line_Scanner::Skip(int lines)
     }
     return true;
 }
+
+} // namespace orvel

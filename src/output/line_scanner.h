@@ -8,6 +8,8 @@
 #include <memory>
 #include <string_view>
 
+namespace orvel {
+
 // Engine files run to hundreds of megabytes: they are read once, through one window, and searched for the texts that mark what is wanted.
 
 constexpr std::size_t Scan_Window = 512U << 10U;
@@ -77,3 +79,5 @@ private:
     std::uint64_t Taken = 0;
     bool Ended = false, Cut = false;
 };
+
+} // namespace orvel

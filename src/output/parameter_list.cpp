@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <memory>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Years_Width = 3;
@@ -122,3 +124,5 @@ try {
 } catch (const File_Error&) {
     return Fixed_Parameters();
 }
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The series that a run offers for its diagram.
 
 struct Parameter_Item {
@@ -31,3 +33,5 @@ std::vector<Parameter_Item> Parameters_Of_Head(const Plot_Head& head, const std:
 
 // The list of a run directory, its substances named as in its own copy of the pesticide file. The fixed list where that fails.
 std::vector<Parameter_Item> Parameters_Of_Run(const std::filesystem::path& run_directory);
+
+} // namespace orvel

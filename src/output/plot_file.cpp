@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Head_Lines = 11;
@@ -81,3 +83,5 @@ Plot_Head Read_Plot_Head(const std::filesystem::path& run_directory)
     Line_Scanner plot(*file, 4U << 10U);
     return Scan_Plot_Head(plot);
 }
+
+} // namespace orvel

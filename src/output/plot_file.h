@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The engine's time series, plot.orv: a head of eleven lines, then a line per output time.
 
 constexpr std::size_t Plot_Value_Width = 10;
@@ -38,3 +40,5 @@ Plot_Head Scan_Plot_Head(Line_Scanner& plot);
 
 // The head of a run's plot.orv; not whole if there is none. Throws File_Error.
 Plot_Head Read_Plot_Head(const std::filesystem::path& run_directory);
+
+} // namespace orvel

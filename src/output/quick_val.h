@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace orvel {
+
 // Val for the millions of short numbers of an engine file: the same value for every text. A number of at most 19 digits below 2^53 whose power
 // of ten is exact needs one multiplication or division, which rounds once and so gives the nearest double; all others go the long way.
 inline double Quick_Val(std::string_view text)
@@ -66,3 +68,5 @@ inline double Quick_Val(std::string_view text)
     const double scaled = exponent < 0 ? value / Powers[power] : value * Powers[power];
     return negative ? -scaled : scaled;
 }
+
+} // namespace orvel

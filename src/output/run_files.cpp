@@ -5,9 +5,10 @@
 #include "core/system/lock.h"
 #include "core/text.h"
 #include "output/echo_file.h"
-#include "core/shown_path.h"
 
 #include <algorithm>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -50,7 +51,7 @@ try {
     Write_Whole(Found_Or_New(run_directory, second), bytes.Second);
     return {};
 } catch (const File_Error& error) {
-    return Shown(error.what());
+    return To_Code_Page(error.what());
 }
 
 std::string Shown_Cache(std::string_view bytes)
@@ -89,3 +90,5 @@ void Reading_Progress::Tell(const std::string& message, std::uint64_t taken) con
     if (Told && !Told(message, share))
         throw Reading_Stopped();
 }
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // What the builders of tables share: the files of a run, the caches, and texts that go to a file and to a window.
 
 // The balance file of a substance.
@@ -63,3 +65,5 @@ private:
 struct Reading_Stopped : File_Error {
     Reading_Stopped() : File_Error("The reading was stopped.") {}
 };
+
+} // namespace orvel

@@ -12,11 +12,13 @@
 #include <memory>
 #include <optional>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Head_Lines = 11, Last_Hour = 24, Months_Of_Year = 12;
 
-std::string Date_Text(const Calendar_Day& day)
+std::string Date_Text(const Run_Day& day)
 {
     return std::to_string(day.Day) + "." + std::to_string(day.Month) + "." + std::to_string(day.Year);
 }
@@ -33,18 +35,18 @@ std::optional<double> Number_In(std::string_view column)
 }
 
 // The day and month on which the directory's run control ends its run, the day within the month's length.
-std::optional<Calendar_Day> End_Of_Run(const std::filesystem::path& directory)
+std::optional<Run_Day> End_Of_Run(const std::filesystem::path& directory)
 {
     const auto session = std::make_unique<Session>();
     if (!Read_Single_Run(*session, directory))
         return std::nullopt;
-    const Calendar_Day end{0, static_cast<int>(std::clamp(session->Run.End_Day.Number(), 0.0, 31.0)), session->Run.End_Month, 0};
+    const Run_Day end{0, static_cast<int>(std::clamp(session->Run.End_Day.Number(), 0.0, 31.0)), session->Run.End_Month, 0};
     return end.Day >= 1 && end.Month >= 1 && end.Month <= Months_Of_Year ? std::optional(end) : std::nullopt;
 }
 
 } // namespace
 
-Series_Days::Series_Days(const std::filesystem::path& file, std::span<const Calendar_Day> calendar)
+Series_Days::Series_Days(const std::filesystem::path& file, std::span<const Run_Day> calendar)
     : Name(file.filename().string()),
       Calendar(calendar),
       Plot(file),
@@ -67,7 +69,7 @@ void Series_Days::Find_Date(int number)
 {
     if (At && number != At->Number + 1)
         Refuse("jumps from day " + std::to_string(At->Number) + " to day " + std::to_string(number) + " in line " + std::to_string(Line_Number));
-    const auto found = std::ranges::lower_bound(Calendar, number, {}, &Calendar_Day::Number);
+    const auto found = std::ranges::lower_bound(Calendar, number, {}, &Run_Day::Number);
     if (found == Calendar.end() || found->Number != number)
         Refuse("has day " + std::to_string(number) + " in line " + std::to_string(Line_Number) + ", which the calendar datum.dat does not have");
     At = &*found;
@@ -124,3 +126,5 @@ void Series_Days::Expect_Last_Day(const std::filesystem::path& directory) const
     if (At->Year != years || !on_end)
         Refuse("ends on " + Date_Text(*At) + ", which is not the end of its run of " + std::to_string(years) + " years");
 }
+
+} // namespace orvel

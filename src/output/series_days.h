@@ -8,18 +8,20 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The days of plot.orv one by one, each with its date and its values. Nothing is guessed: a line that is damaged, a day that is missing or a file that
 // ends within a day is an error. Every function throws File_Error with a sentence.
 class Series_Days {
 public:
-    Series_Days(const std::filesystem::path& file, std::span<const Calendar_Day> calendar);
+    Series_Days(const std::filesystem::path& file, std::span<const Run_Day> calendar);
 
     const Plot_Head& Head() const { return Titles; }
 
     // To the next day; false behind the last one. A file without a day is an error.
     bool Next();
 
-    const Calendar_Day& Date() const { return *At; }
+    const Run_Day& Date() const { return *At; }
     // Of all columns, the average over the day's lines: of a rate the amount of the day, of a state its mean.
     std::span<const double> Values() const { return Means; }
 
@@ -32,11 +34,13 @@ private:
     [[noreturn]] void Refuse(const std::string& what) const;
 
     std::string Name;
-    std::span<const Calendar_Day> Calendar;
+    std::span<const Run_Day> Calendar;
     Line_Scanner Plot;
     Plot_Head Titles;
     std::vector<double> Means;
-    const Calendar_Day* At = nullptr;
+    const Run_Day* At = nullptr;
     Plot_Moment Moment; // of the line read last
     int Line_Number = 0;
 };
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <cstdint>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Last_Warm_Up_Day = First_Evaluated_Day - 1;
@@ -125,3 +127,5 @@ std::string Simulation_Date(int day)
         left -= month_days[month++];
     return General_Text(left) + " " + std::string(Month_Name[month]) + " " + General_Text(year);
 }
+
+} // namespace orvel

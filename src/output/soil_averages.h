@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 constexpr int First_Evaluated_Day = 2191; // behind six years of warm-up
 constexpr int Last_Evaluated_Day = 25000;
 
@@ -33,3 +35,5 @@ std::vector<Soil_Averages> Scan_Soil_Profile(Line_Scanner& plot, const Plot_Head
 
 // A day of the simulation as "15 May 8"; every fourth year has 366 days. The last day of a year comes out as day 0 of the next.
 std::string Simulation_Date(int day);
+
+} // namespace orvel

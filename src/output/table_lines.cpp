@@ -3,6 +3,8 @@
 #include "core/numbers.h"
 #include "core/text.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Gaps = " \t";
@@ -37,3 +39,5 @@ std::vector<std::string_view> Line_Cells(std::string_view line)
     cells.push_back(Trim(line));
     return cells;
 }
+
+} // namespace orvel

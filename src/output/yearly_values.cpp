@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr Anchor Year_Anchor("ANNUAL");
@@ -52,3 +54,5 @@ void Yearly_Values::Keep(Depth depth, std::string_view columns)
     if (!File.At_End())
         Values[static_cast<std::size_t>(depth)].push_back(Layout.Factor * Quick_Val(columns));
 }
+
+} // namespace orvel

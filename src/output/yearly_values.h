@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <vector>
 
+namespace orvel {
+
 // Where a balance file holds the yearly values of the leachate tables, columns 1-based.
 struct Leachate_Layout {
     Anchor Table; // the compartment table, whose row of the compartment at 1 m holds a value
@@ -41,3 +43,5 @@ private:
     Wanted Metre = Wanted::Block, Bottom = Wanted::Block;
     std::array<std::vector<double>, 2> Values;
 };
+
+} // namespace orvel

@@ -12,6 +12,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace orvel {
+
 void Tell(std::string_view title, std::string_view text)
 {
     std::cerr << To_Utf8(title) << ": " << To_Utf8(text) << '\n';
@@ -120,8 +122,11 @@ void Add_Show(CLI::App& app, Command& command)
 
 } // namespace
 
+} // namespace orvel
+
 int main(int argc, char** argv)
 {
+    using namespace orvel;
     CLI::App app("ORVELSUITE without windows");
     std::string directory = ".";
     Command command;

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The commands are understood first and done afterwards, with a session.
 
 constexpr int Done = 0;
@@ -48,3 +50,5 @@ void Add_Single_Command(CLI::App& app, Command& command);
 
 // series
 void Add_Series_Command(CLI::App& app, Command& command);
+
+} // namespace orvel

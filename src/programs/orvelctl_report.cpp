@@ -8,6 +8,8 @@
 #include <iostream>
 #include <memory>
 
+namespace orvel {
+
 namespace {
 
 struct Report_Words {
@@ -65,3 +67,5 @@ void Add_Report_Command(CLI::App& app, Command& command)
         command = [=](Session& session) { return Do_Report(session, *words); };
     });
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <iostream>
 #include <memory>
 
+namespace orvel {
+
 namespace {
 
 // Prints the text that a window would show; a failure ends the text early, and is told.
@@ -86,3 +88,5 @@ void Add_Result_Commands(CLI::App& app, Command& command)
     Add_Balance(app, command);
     Add_Pecsoil(app, command);
 }
+
+} // namespace orvel

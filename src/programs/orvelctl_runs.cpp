@@ -7,6 +7,8 @@
 #include <memory>
 #include <unistd.h>
 
+namespace orvel {
+
 namespace {
 
 struct Mark_Words {
@@ -125,3 +127,5 @@ void Add_Run_Commands(CLI::App& app, Command& command)
     Add_Start(app, command);
     Add_Status(app, command);
 }
+
+} // namespace orvel

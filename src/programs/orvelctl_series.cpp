@@ -12,6 +12,8 @@
 #include <memory>
 #include <optional>
 
+namespace orvel {
+
 namespace {
 
 struct Series_Words {
@@ -126,3 +128,5 @@ void Add_Series_Command(CLI::App& app, Command& command)
     series->add_option("--to-file", words->File, ".csv, .svg, .png or .pdf")->option_text("F");
     series->callback([=, &command] { command = [=](Session& session) { return Do_Series(session, *words); }; });
 }
+
+} // namespace orvel

@@ -12,6 +12,8 @@
 #include <memory>
 #include <thread>
 
+namespace orvel {
+
 namespace {
 
 struct Single_Words {
@@ -97,3 +99,5 @@ void Add_Single_Command(CLI::App& app, Command& command)
     single->add_flag("--wait", words->Wait, "Show progress and return when the run has ended");
     single->callback([=, &command] { command = [=](Session& session) { return Do_Single(session, *words); }; });
 }
+
+} // namespace orvel

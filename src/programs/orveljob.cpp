@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 namespace {
 
 enum Exit_Code { All_Finished = 0, A_Run_Failed = 1, Wrong_Use = 2, Already_Running = 3 };
@@ -70,8 +72,11 @@ try {
 
 } // namespace
 
+} // namespace orvel
+
 int main(int argc, char** argv)
 {
+    using namespace orvel;
     const auto line = Parse(argc, argv);
     if (line)
         return Work(*line);

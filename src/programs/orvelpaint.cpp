@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 namespace {
 
 using Words = std::vector<std::string>;
@@ -43,6 +45,10 @@ void Paint_Report(Session& session, const Words& words)
 }
 
 } // namespace
+
+} // namespace orvel
+
+using namespace orvel;
 
 int main(int argc, char** argv)
 try {

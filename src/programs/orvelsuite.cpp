@@ -10,6 +10,7 @@
 
 int main(int argc, char** argv)
 {
+    using namespace orvel;
     QApplication application(argc, argv);
     QApplication::setApplicationName("ORVELSUITE");
     Show_Outlines_In_The_Dark();

@@ -10,10 +10,11 @@
 #include "report/report_chart.h"
 #include "jobs/run_tree.h"
 #include "jobs/job_status.h"
-#include "core/shown_path.h"
 
 #include <algorithm>
 #include <memory>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -27,9 +28,9 @@ Checked_File Checked(const fs::path& directory, const fs::path& name)
 {
     const fs::path file = Found_Or_New(directory, name);
     try {
-        return {Shown(file.filename().string()), Sha256_Of_File(file)};
+        return {To_Code_Page(file.filename().string()), Sha256_Of_File(file)};
     } catch (const File_Error&) {
-        return {Shown(file.filename().string()), {}};
+        return {To_Code_Page(file.filename().string()), {}};
     }
 }
 
@@ -296,3 +297,5 @@ std::string Years_Of_Period(int period, int period_index)
     const int years = period_index + 1, first = static_cast<int>(Warm_Up_Years) + (period - 1) * years + 1;
     return std::to_string(first) + (years > 1 ? " to " + std::to_string(first + years - 1) : "");
 }
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // Everything that a dossier asks of a pesticide's simulations: who computed it out of what, the uses, the tables with their limit, the diagrams,
 // and what is missing. One record, and a writer for each form. Texts are bytes of Windows-1252.
 
@@ -81,3 +83,5 @@ std::string Years_Of_Period(int period, int period_index);
 // What all forms of the report say.
 constexpr std::string_view Report_Depth_Text = "80th percentile of the concentration in the percolate at 1 m soil depth";
 constexpr std::string_view Above_Limit_Text = "above 0.1 \xB5g/L";
+
+} // namespace orvel

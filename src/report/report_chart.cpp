@@ -2,6 +2,8 @@
 
 #include "charts/scale.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr double Half_Width = 0.2;
@@ -40,3 +42,5 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "core/text.h"
 #include "report/report_forms.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr int Conc_Decimals = 3;
@@ -93,3 +95,5 @@ std::string Report_Csv(const Report& report)
     }
     return std::string(Byte_Order_Mark) + To_Utf8(csv);
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include "core/error.h"
 #include "core/text.h"
 
+namespace orvel {
+
 std::optional<std::string> Report_Text(Session& session, const std::vector<Summary_Request>& requests, const Progress& progress)
 {
     std::string text;
@@ -27,3 +29,5 @@ std::string Report_In_Form(const Report& report, const std::filesystem::path& fi
         return Report_Html(report);
     throw File_Error("A report is saved as .txt, .csv, .html or .pdf, not as " + file.filename().string() + ".");
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <string>
 
+namespace orvel {
+
 // The report in each form that needs no painter. All are UTF-8.
 
 // A table for spreadsheets and programs: a line for each substance and location, all that is known of it behind it. Commas part the fields, the numbers
@@ -20,3 +22,5 @@ std::optional<std::string> Report_Text(Session& session, const std::vector<Summa
 
 // The form that a file's ending names: .csv or .html. Throws File_Error for another ending.
 std::string Report_In_Form(const Report& report, const std::filesystem::path& file);
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "report/report_forms.h"
 #include "report/report_sections.h"
 
+namespace orvel {
+
 namespace {
 
 // Marks are told by words too, since colours may be lost in print.
@@ -99,3 +101,5 @@ std::string Report_Html(const Report& report)
            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n<title>" +
            title + "</title>\n<style>" + std::string(Style) + "</style>\n</head>\n<body>\n" + Element("main", "", "\n" + body) + "\n</body>\n</html>\n";
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Conc_Decimals = 3;
@@ -172,3 +174,5 @@ std::vector<Report_Section> Sections_Of(const Report& report)
     sections.push_back(Files(report));
     return sections;
 }
+
+} // namespace orvel

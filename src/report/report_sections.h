@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The report in its order, as headings, sentences, tables and diagrams: what every form with a page shows, so that no two of them differ.
 
 struct Report_Column {
@@ -33,3 +35,5 @@ struct Report_Section {
 };
 
 std::vector<Report_Section> Sections_Of(const Report& report);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 // A use with the years of its applications.
@@ -117,3 +119,5 @@ std::vector<Report_Use> Uses_Of(const Pesticide_Document& document, std::string_
     }
     return uses;
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // Applications of a location that differ in nothing but their year.
 struct Report_Use {
     std::string Rate;  // "0.75 kg/ha"
@@ -21,3 +23,5 @@ std::vector<Report_Use> Uses_Of(const Pesticide_Document& document, std::string_
 
 // Years in words; they are sorted.
 std::string Years_Text(const std::vector<int>& years);
+
+} // namespace orvel

@@ -9,9 +9,10 @@
 #include "tables/leachate_text.h"
 #include "jobs/run_tree.h"
 #include "runs/crops.h"
-#include "core/shown_path.h"
 
 #include <algorithm>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -88,7 +89,7 @@ Summary_Request Request_Summary(const Session& session, const Mode& mode, std::s
     const auto directory = Level(Level(Mode_Directory(session, mode), stem), crop);
     Summary_Request request{session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}};
     for (const auto& name : List_Directories(directory, "*" + std::string(Directory_End))) {
-        const auto text = Shown(name);
+        const auto text = To_Code_Page(name);
         request.Locations.push_back({Name_Decode(text.substr(0, text.size() - Directory_End.size())), directory / name});
     }
     if (!request.Locations.empty())
@@ -218,3 +219,5 @@ void Gather_Percentiles(Summary& report, std::size_t location, std::string_view 
         substance.Location_Max = std::max(substance.Location_Max, substance.Rows.back().P80.Conc);
     }
 }
+
+} // namespace orvel

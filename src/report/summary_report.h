@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The summary of one pesticide and crop over all locations: a table per substance of the 80th percentile rows of the period tables at 1 m.
 
 constexpr std::size_t Most_Summary_Locations = 10;
@@ -78,3 +80,5 @@ std::string Short_Name(std::string_view text);
 
 // Adds the percentile rows at 1 m of a location's period.orv to the report's substances.
 void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text, std::string_view period_bytes);
+
+} // namespace orvel

@@ -7,12 +7,14 @@
 #include "jobs/job.h"
 #include "jobs/job_log.h"
 #include "jobs/job_status.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 #include "core/system/spawn.h"
 
 #include <chrono>
 #include <sys/wait.h>
 #include <unistd.h>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -85,7 +87,7 @@ try {
     auto& runs = session.Run.Job_Dir;
     runs.clear();
     for (const auto& path : Resolve_Runs(directory, Parse_Job(Read_Whole(Batch_File(session, mode)))))
-        runs.push_back(Replace_All(Shown_Path(path.lexically_relative(directory)), "/", "\\"));
+        runs.push_back(Replace_All(Path_Text(path.lexically_relative(directory)), "/", "\\"));
 } catch (const File_Error&) {
     session.Run.Job_Dir.clear(); // none, or damaged: the next combination begins a new one
 }
@@ -133,7 +135,7 @@ try {
     session.Run.Job_Dir.clear();
     return {Start_Result::Started, process};
 } catch (const File_Error& error) {
-    Tell(session, Shown(error.what()));
+    Tell(session, To_Code_Page(error.what()));
     return {Start_Result::Failed};
 }
 
@@ -170,6 +172,8 @@ bool Delete_Pesticide(Session& session, std::string_view pesticide)
     std::error_code error;
     if (!Is_Read_Only(file) && fs::remove(file, error))
         return true;
-    session.Ask({question.Title, "The file " + Shown_Path(file) + " could not be deleted."});
+    session.Ask({question.Title, "The file " + Path_Text(file) + " could not be deleted."});
     return false;
 }
+
+} // namespace orvel

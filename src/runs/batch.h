@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The pending batch of a mode is its file batch.bat; Job_Dir mirrors it. A started batch is a job (job.h).
 
 // The caption of the run button: "Start Batch" while a batch is pending, else "Run".
@@ -72,3 +74,5 @@ void Take_Out_Of_Batch(Session& session, const Mode& mode, const std::vector<std
 
 // The notice under the run button.
 extern const std::string_view Run_Button_Notice;
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Separator = "--------------------------------------";
@@ -137,3 +139,5 @@ std::string Scenario_Name(const Mode& mode, int crop, std::string_view location)
 {
     return Code_Of_Location(mode, location) + std::string(Crop_Stem(mode, crop));
 }
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 struct Crop {
     std::string_view Text; // list entry
     std::string_view Stem; // behind the location code in a scenario's file name; empty for a separator
@@ -43,3 +45,5 @@ int Crop_Of_Part(const Mode& mode, std::string_view code, std::string_view part)
 
 // The scenario's file name: code and stem.
 std::string Scenario_Name(const Mode& mode, int crop, std::string_view location);
+
+} // namespace orvel

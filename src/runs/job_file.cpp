@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <set>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -178,3 +180,5 @@ std::vector<fs::path> Resolve_Runs(const fs::path& mode_directory, const std::ve
     }
     return paths;
 }
+
+} // namespace orvel

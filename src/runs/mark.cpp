@@ -4,9 +4,11 @@
 #include "runs/batch.h"
 #include "jobs/job.h"
 #include "runs/run_directory.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <algorithm>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -56,7 +58,7 @@ try {
     Write_Whole(batch, before + Format_Job_Run(run, session.Program.Engine_Exe, first));
     session.Run.Job_Dir.push_back(run);
 } catch (const File_Error& error) {
-    throw Stage_Error(Batch_Stage, Shown(error.what()));
+    throw Stage_Error(Batch_Stage, To_Code_Page(error.what()));
 }
 
 void Prepare(Session& session, const Mode& mode, const Run_Choice& choice, const std::string& run)
@@ -172,3 +174,5 @@ Mark_All_Result Mark_All(Session& session, const Mode& mode, const Run_Choice& c
     }
     return result;
 }
+
+} // namespace orvel

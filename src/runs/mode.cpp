@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::array<Mode, 3> Modes = {{
@@ -89,3 +91,5 @@ std::filesystem::path Mode_Directory(const Session& session, const Mode& mode)
 {
     return Found_Or_New(session.Program.App_Path, mode.Directory);
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <string_view>
 
+namespace orvel {
+
 enum class Mode_Kind { Focus, Efsa, Efsa_T4 };
 enum class Header_Tail { None, Kept_Number, Scaling };
 
@@ -35,3 +37,5 @@ const Mode& Mode_Of(Mode_Kind kind);
 const Mode* Mode_Named(std::string_view name); // nullptr for an unknown name
 
 std::filesystem::path Mode_Directory(const Session& session, const Mode& mode);
+
+} // namespace orvel

@@ -1,5 +1,7 @@
 #include "runs/output_selection.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr int Leachate = 23;
@@ -58,3 +60,5 @@ bool Depth_Visible(int variable)
     const bool without = variable <= 2 || variable == 4 || variable == 5 || (variable >= 8 && variable <= 13) || variable == 21 || variable == 22;
     return !without;
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "core/session.h"
 
+namespace orvel {
+
 // The time series that the engine is asked for: three choices, and which controls a row of the dialog shows.
 
 enum class Output_Option { Minimum = 0, Recommended = 1, User_Specific = 2 };
@@ -16,3 +18,5 @@ Output_Option Option_Of_Output(const Output_Selection& output);
 // Whether a variable, 0 to 28, belongs to a substance and to a depth, so that a row with it shows them.
 bool Substance_Visible(int variable);
 bool Depth_Visible(int variable);
+
+} // namespace orvel

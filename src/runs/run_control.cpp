@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Up_To_Mode = "..\\..\\..\\";
@@ -254,3 +256,5 @@ try {
 } catch (const File_Error&) {
     return false;
 }
+
+} // namespace orvel

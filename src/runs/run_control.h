@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The run control file orvel.inp: the only channel from the shell to the engine, in four variants.
 
 // What the user chose on a regulatory run form. Texts are bytes of Windows-1252.
@@ -60,3 +62,5 @@ constexpr int Scaling_Index = 50;
 // Restores period, files, climate list and output slots of a single run. A text that ends early leaves the rest as it was.
 void Parse_Single_Run(Session& session, std::string_view bytes);
 bool Read_Single_Run(Session& session, const std::filesystem::path& directory); // false: no readable orvel.inp there, which is not told
+
+} // namespace orvel

@@ -2,13 +2,15 @@
 
 #include "core/files.h"
 #include "core/system/lock.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -25,14 +27,14 @@ std::string Rights_Text()
 
 [[noreturn]] void Refuse_Old_Directory(const fs::path& place)
 {
-    throw Stage_Error(Old_Directory, "ORVEL could not delete the following directory (previous simulation): \r\n" + Shown_Path(place) +
+    throw Stage_Error(Old_Directory, "ORVEL could not delete the following directory (previous simulation): \r\n" + Path_Text(place) +
                                          ".\r\n\r\nPlease Check whether there are still files left in the directory. " + Rights_Text());
 }
 
 [[noreturn]] void Refuse_New_Directory(const fs::path& place)
 {
     throw Stage_Error(New_Directory,
-                      "ORVEL could not create the following directory for the new simulation.\r\n" + Shown_Path(place) + ".\r\n\r\n" + Rights_Text());
+                      "ORVEL could not create the following directory for the new simulation.\r\n" + Path_Text(place) + ".\r\n\r\n" + Rights_Text());
 }
 
 void Check_Replaceable(const fs::path& place)
@@ -107,7 +109,7 @@ std::string With_Rights_Of_A_New_Directory(const std::string& path)
 
 void Refuse_Old_Output(const fs::path& place)
 {
-    throw Stage_Error(Old_Output, "ORVEL could not delete the output files of the following (previous) simulation: \r\n" + Shown_Path(place) +
+    throw Stage_Error(Old_Output, "ORVEL could not delete the output files of the following (previous) simulation: \r\n" + Path_Text(place) +
                                       ".\r\n\r\n"
                                       "You are eventually running a ORVEL-Simulation using this combination. "
                                       "Please wait until the current simulation has finished.\r\n"
@@ -183,7 +185,7 @@ void New_Run_Directory::Fill(const Run_Sources& sources)
         copy(sources.Last, sources.Last.filename());
         Flush(Beside);
     } catch (const File_Error& error) {
-        throw Stage_Error(stage, Shown(error.what()));
+        throw Stage_Error(stage, To_Code_Page(error.what()));
     }
 }
 
@@ -218,3 +220,5 @@ void New_Run_Directory::Take_Back()
     for (auto level = Made_Above.rbegin(); level != Made_Above.rend(); ++level)
         fs::remove(*level, ignored);
 }
+
+} // namespace orvel

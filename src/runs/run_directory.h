@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // A run directory is made complete beside its place and then put there, so that neither a half-made one nor the loss of earlier results can
 // be the end of a failure.
 
@@ -47,3 +49,5 @@ private:
     std::vector<std::filesystem::path> Made_Above; // levels that were not there before
     bool In_Place = false, Kept = false;
 };
+
+} // namespace orvel

@@ -6,11 +6,13 @@
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 #include "runs/run_control.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 #include "substance/application_pattern.h"
 
 #include <algorithm>
 #include <array>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -41,7 +43,7 @@ fs::path Scenario_File(const Session& session, const Mode& mode, const Selection
 bool Read_Pesticide(Session& session, const Selection& selected)
 {
     const fs::path file = Found_Or_New(session.Program.App_Path, Path_Of(selected.Pesticide));
-    session.Program.PSM_File = Shown_Path(file);
+    session.Program.PSM_File = Path_Text(file);
     session.Run.App_Current_Location = 0;
     return Read_PSM(session, file);
 }
@@ -131,7 +133,7 @@ Selection Evaluate_Selection(Session& session, const Mode& mode, std::string_vie
         return selected;
     const fs::path scenario = Scenario_File(session, mode, selected);
     std::error_code ignored;
-    session.Program.PSM_File = Shown_Path(scenario); // named if the scenario file cannot be read
+    session.Program.PSM_File = Path_Text(scenario); // named if the scenario file cannot be read
     const bool scenario_read = fs::exists(scenario, ignored) && Read_SZE(session, scenario);
     selected.Tillage_Visible = Has_Tillage(scenario);
     if (pesticide.empty() || !Read_Pesticide(session, selected))
@@ -208,3 +210,5 @@ int Location_To_Select(const std::vector<std::string>& locations, std::string_vi
     const auto found = std::ranges::find(locations, before);
     return found == locations.end() ? 0 : static_cast<int>(found - locations.begin());
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // What a form shows for its selected pesticide file, crop and location. Texts are bytes of Windows-1252.
 struct Selection {
     std::string Pesticide; // file name in the installation directory
@@ -43,3 +45,5 @@ int Step_Over_Separator(int index, int crop_step);
 int Crop_Step_After(int index, int crop_step);
 // The location to select in a new list: the one selected before if it is offered, else the first, -1 for an empty list.
 int Location_To_Select(const std::vector<std::string>& locations, std::string_view before);
+
+} // namespace orvel

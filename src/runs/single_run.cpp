@@ -8,6 +8,8 @@
 #include "jobs/job_status.h"
 #include "runs/run_control.h"
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -202,3 +204,5 @@ Single_Run_State State_Of_Single_Run(const fs::path& directory, int years)
     state.Text = "The engine is at work: " + std::to_string(state.Years_Done) + " of " + std::to_string(years) + " years.";
     return state;
 }
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The free-hand run: one pesticide file, one scenario file and a list of climate files of a directory, run in that directory.
 
 constexpr std::string_view Still_At_Work = "An engine is still at work in this directory. Please wait until it has finished.";
@@ -51,3 +53,5 @@ std::string Free_Archive_Name(const std::filesystem::path& directory);
 // Moves the output files of a directory into the archive folder and copies the run's input beside them. Output goes only when the archive is
 // whole, and never while an engine is at work there. False: the user has been told.
 bool Archive_Run(Session& session, const std::filesystem::path& directory, const std::string& folder);
+
+} // namespace orvel

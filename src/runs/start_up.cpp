@@ -5,9 +5,11 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "runs/output_selection.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <cmath>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -136,6 +138,8 @@ try {
     }
     return true;
 } catch (const File_Error& error) {
-    session.Ask({"File check", Shown(error.what())});
+    session.Ask({"File check", To_Code_Page(error.what())});
     return false;
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // The rules of the start form's Load and first Activate.
 
 // Sets the program up in App_Path: write test, pending batch files deleted, engine and versions, orvel.bat, start values. False: the directory
@@ -31,3 +33,5 @@ bool Files_Protected(const Session& session);
 // Makes the scenario files of the focus directory read-only, those of individual crops apart, and all its climate files. `progress` is called
 // before each file with the number done and the number of all. False: a file could not be changed, and the user has been told.
 bool Protect_Files(Session& session, const std::function<void(int, int)>& progress);
+
+} // namespace orvel

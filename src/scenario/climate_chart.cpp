@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <string>
 
+namespace orvel {
+
 Chart Climate_Chart(std::size_t series, std::span<const double> values, int first_day)
 {
     const auto days = static_cast<int>(values.size());
@@ -25,3 +27,5 @@ Chart Climate_Chart(std::size_t series, std::span<const double> values, int firs
     chart.Lines.push_back(std::move(line));
     return chart;
 }
+
+} // namespace orvel

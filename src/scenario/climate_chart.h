@@ -6,6 +6,8 @@
 #include <span>
 #include <string_view>
 
+namespace orvel {
+
 // The climate chart: one series of the climate editor's grid, in the order of its number columns.
 constexpr std::array<std::string_view, 6> Climate_Series = {"Precipitation [cm]",
                                                             "pot. Evapotranspiration [cm/d]",
@@ -19,3 +21,5 @@ constexpr std::array<std::string_view, 6> Climate_Series = {"Precipitation [cm]"
 
 // The values of the days from `first_day` on, joined in order. Negative values draw both sides of zero.
 Chart Climate_Chart(std::size_t series, std::span<const double> values, int first_day = 1);
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "core/text.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Hour_Column = 3;
@@ -77,3 +79,5 @@ void Take_Over_Climate(Session& session, const Climate_Grid& grid)
 {
     session.Climate = grid.Table();
 }
+
+} // namespace orvel

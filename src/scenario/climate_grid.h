@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+namespace orvel {
+
 // The grid of the climate editor: the texts of its cells are what a save writes. Texts of untouched cells are made when they are asked for, so
 // that a file of thousands of days shows at once.
 class Climate_Grid {
@@ -44,3 +46,5 @@ std::string Climate_Heading(std::size_t column);
 
 // "Save": hands the grid's rows to the session, from where they are written.
 void Take_Over_Climate(Session& session, const Climate_Grid& grid);
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "core/error.h"
 #include "core/text.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Name_Width = 14;
@@ -71,3 +73,5 @@ std::vector<Crop_Data> Parse_Crop_Data(std::string_view bytes)
     }
     return crops;
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // A crop of the crop data base, the plain text file input.dat.
 struct Crop_Data {
     std::string DB_Crop_Name;
@@ -18,3 +20,5 @@ struct Crop_Data {
 // The crops in the order of the file. Throws File_Error for a file with fewer lines than it declares, or more than Most_Crops.
 constexpr int Most_Crops = 1000;
 std::vector<Crop_Data> Parse_Crop_Data(std::string_view bytes);
+
+} // namespace orvel

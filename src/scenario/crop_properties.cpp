@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 struct Mixed_Box {
@@ -157,3 +159,5 @@ bool Confirm_Crops(const Session& session, const Crop_Editor& editor, Rotation_W
         work.Crops[edited.Crop] = edited.Properties;
     return true;
 }
+
+} // namespace orvel

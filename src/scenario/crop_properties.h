@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 struct Rotation_Work;
 
 // The properties of the crops that a rotation uses: the working table of the crop form, taken over at its confirmation.
@@ -49,3 +51,5 @@ void Choose_Tillage(Crop_Editor& editor, std::size_t crop, int option);
 // The confirmation. A modified tillage flag costs the rotation, since its dates rest on the flag: the user is asked. False: nothing is taken
 // over, and the form stays open.
 bool Confirm_Crops(const Session& session, const Crop_Editor& editor, Rotation_Work& work);
+
+} // namespace orvel

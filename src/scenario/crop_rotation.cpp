@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr const char* File_Check = "File check";
@@ -203,3 +205,5 @@ void Take_Over_Rotation(Session& session, const Rotation_Work& work)
     for (std::size_t c = 0; c < document.Crops.size(); ++c)
         document.Crops[c].SZE_Rot_Crop_No = static_cast<std::int16_t>(c + 1);
 }
+
+} // namespace orvel

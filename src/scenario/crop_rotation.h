@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The working copy of the rotation form, held from its Load to OK or Cancel.
 struct Rotation_Work {
     std::vector<Crop_Data> Data_Base; // List_dat
@@ -59,3 +61,5 @@ std::optional<Refusal> Check_Rotation(const Rotation_Work& work);
 
 // "OK": the rotation and the whole crop table go into the scenario document.
 void Take_Over_Rotation(Session& session, const Rotation_Work& work);
+
+} // namespace orvel

@@ -1,5 +1,7 @@
 #include "scenario/erosion.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::array<Variant Scenario_Document::*, 4> Mixed_Factors = {&Scenario_Document::SZE_Eros_K, &Scenario_Document::SZE_Eros_2,
@@ -28,3 +30,5 @@ void Take_Over_Erosion(Session& session, const Erosion_Texts& texts)
         session.Scenario.*Mixed_Factors[i] = Val(texts[i]);
     session.Scenario.SZE_Eros_5 = Val(texts.back());
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <array>
 #include <string>
 
+namespace orvel {
+
 // The factors of the MUSLE: soil erodibility, slope, management, area, duration of the rain storm, in the order Text1_er to Text5_er.
 using Erosion_Texts = std::array<std::string, 5>;
 
@@ -13,3 +15,5 @@ Erosion_Texts Show_Erosion(const Scenario_Document& document);
 
 // "OK". All five become numbers; an empty box is 0 again.
 void Take_Over_Erosion(Session& session, const Erosion_Texts& texts);
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 using Horizon = Scenario_Horizon;
@@ -128,3 +130,5 @@ std::optional<double> Take_Over_Horizons(Session& session, const Horizon_Grid& g
     session.Program.SZE_Changed = true;
     return sum == document.SZE_Core_Depth ? std::nullopt : std::optional(sum);
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The table of the soil horizons: one row a horizon, cells as texts. Which columns there are follows from the document's options.
 struct Horizon_Grid {
     std::vector<std::string> Headings;
@@ -33,3 +35,5 @@ std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, co
 // Takes a checked grid over. The result is the sum of thickness (cm) if it differs from the core depth: the editor shows it in the box of
 // the core depth, and the document keeps its own depth until that box is left.
 std::optional<double> Take_Over_Horizons(Session& session, const Horizon_Grid& grid);
+
+} // namespace orvel

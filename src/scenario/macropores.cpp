@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Default_Threshold = 100;
@@ -39,3 +41,5 @@ void Limit_Macropore_Depth(Scenario_Document& document)
     const double last_layer = document.SZE_Core_Depth / document.SZE_Layers;
     document.SZE_Macro_Depth = std::min(document.SZE_Macro_Depth, document.SZE_Core_Depth - last_layer);
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <array>
 #include <string>
 
+namespace orvel {
+
 // The macropore parameters: threshold rain flow (cm), fraction of the excess, depth (cm), in the order S_Ic, S_fmac, S_depma.
 using Macropore_Texts = std::array<std::string, 3>;
 
@@ -19,3 +21,5 @@ void Take_Over_Macropores(Session& session, const Macropore_Texts& texts);
 
 // The macropores may not reach the last layer.
 void Limit_Macropore_Depth(Scenario_Document& document);
+
+} // namespace orvel

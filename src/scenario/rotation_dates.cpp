@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Last_Year = std::numeric_limits<std::int16_t>::max();
@@ -93,3 +95,5 @@ void Raise_To(Rotation_Row& row, Crop_Stage stage, Crop_Date not_before)
         ++date.Year;
     Set_Date(row, stage, date);
 }
+
+} // namespace orvel

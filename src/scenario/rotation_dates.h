@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // The five dates of a rotation row. Years are counted from the scenario's start.
 
 enum class Crop_Stage { Emergence, Maturation, Harvest, Senescence, Tillage };
@@ -39,3 +41,5 @@ bool Fits_Two_Digits(Crop_Date date);
 
 // Adds years until the date is not before the other one; equal dates are in order.
 void Raise_To(Rotation_Row& row, Crop_Stage stage, Crop_Date not_before);
+
+} // namespace orvel

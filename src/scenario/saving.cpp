@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr const char* Horizons_Box = "Text_nhor";
@@ -97,3 +99,5 @@ bool May_Close(const Session& session, bool changed)
                {"Saving Input File", "Parameters were changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No}) ==
            Button::Yes;
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // What stands between an editor's buttons and the save dialog or the form's end.
 
 constexpr std::string_view Scenario_Save_Caption = "Save ORVEL 3.20 Input File"; // the versions are those of the formats
@@ -25,3 +27,5 @@ std::optional<Refusal> Check_Rotation_Digits(const std::vector<Rotation_Row>& ro
 
 // "Done": whether the form may close. With changes the user is asked.
 bool May_Close(const Session& session, bool changed);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 
+namespace orvel {
+
 namespace {
 
 using Document = Scenario_Document;
@@ -152,3 +154,5 @@ std::optional<Refusal> Leave_Field(Session& session, std::string_view control, s
     }
     return Check(session.Scenario, control);
 }
+
+} // namespace orvel

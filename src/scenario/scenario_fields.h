@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The text boxes of the scenario editor, by the names of their controls. Text_peup has no field here, the factor belongs to the substance: it
 // shows nothing, and an edit only marks the document changed.
 
@@ -21,3 +23,5 @@ std::string Field_Text(const Scenario_Document& document, std::string_view contr
 // What leaving a box does: a text other than the one shown marks the document changed and is stored, and the value is tested. A refused
 // value stays in the document and in the box.
 std::optional<Refusal> Leave_Field(Session& session, std::string_view control, std::string_view text);
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Macropore_Part = 2; // of the water flow flag
@@ -105,3 +107,5 @@ void Switch_Frequency(Session& session, Output_Of output)
     const auto next = (Frequency_Index(session.Scenario, output) + 1) % Frequencies.size();
     Changed(session).*Frequency_Fields[static_cast<std::size_t>(output)] = Variant::Verbatim(Frequencies[next].Word);
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "core/session.h"
 
+namespace orvel {
+
 // What a click on an option, a check box or a switch of the scenario editor does. Each marks the scenario document changed.
 
 // Compartments dependent on soil depth (0) or constant (1), the numbers of the file and of Button_Delxflg alike.
@@ -36,3 +38,5 @@ std::string_view Frequency_Caption(const Scenario_Document& document, Output_Of 
 
 // Monthly becomes yearly, yearly daily, daily monthly.
 void Switch_Frequency(Session& session, Output_Of output);
+
+} // namespace orvel

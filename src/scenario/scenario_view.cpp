@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Haude = 3;
@@ -46,3 +48,5 @@ std::string Thickness_Text(const Scenario_Document& document)
 {
     return document.SZE_Layers > 0 ? Format_Pattern(document.SZE_Core_Depth / document.SZE_Layers, "0.00") : "";
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 enum class Box { Clear, Set, Greyed };
 
 // What the scenario editor shows beside its text boxes: visibility, states of options and boxes, captions. Every handler ends with it.
@@ -34,3 +36,5 @@ constexpr std::array<std::string_view, 4> Evapotranspiration_Methods = {"Pot. ev
 
 // The thickness of a layer in cm with two decimals; empty without layers.
 std::string Thickness_Text(const Scenario_Document& document);
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Active = 1;
@@ -53,3 +55,5 @@ std::optional<Refusal> Accept_Active(Session& session, Active_Entry& entry, cons
     document.App_Loc_Count = static_cast<std::int16_t>(lists.Visible().size());
     return std::nullopt;
 }
+
+} // namespace orvel

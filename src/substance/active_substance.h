@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+namespace orvel {
+
 // The form of the active substance apart from its applications, which are stored as they are edited.
 struct Active_Entry {
     Substance_Entry Substance;
@@ -26,3 +28,5 @@ Active_Entry Load_Active(const Pesticide_Document& document);
 // "Done": fills the second point of the entry's volatilisation, checks molar mass and number of horizons, stores all, takes the names of the visible list and
 // checks the sequence of the applications. On a refusal the form stays open; the document counts as changed in any case.
 std::optional<Refusal> Accept_Active(Session& session, Active_Entry& entry, const Location_Lists& lists);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <string>
 
+namespace orvel {
+
 namespace {
 
 constexpr int First_Day = -365, Last_Day = 365;
@@ -135,3 +137,5 @@ std::optional<Refusal> Check_Manual_Entry(std::string_view text_naps)
         return std::nullopt;
     return Refusal{{"data check", "First insert number of applications"}, "Text_naps"};
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+namespace orvel {
+
 // What is typed or chosen for the application shown goes to the same position of all years of the location under edit; in an irregular list to that
 // application alone. Numbers are read as they begin, a text that is none is 0.
 
@@ -36,3 +38,5 @@ std::optional<Refusal> Leave_Number_Of_Applications(Session& session, std::strin
 
 // Before the grid of single applications opens.
 std::optional<Refusal> Check_Manual_Entry(std::string_view text_naps);
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <tuple>
 
+namespace orvel {
+
 namespace {
 
 struct Bound {
@@ -155,3 +157,5 @@ std::optional<Grid_Refusal> Accept_Application_Grid(Session& session, const Appl
     Return_From_Grid(session);
     return std::nullopt;
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The grid of single applications: every application of the location under edit is a row, whatever its year.
 
 constexpr int Grid_Columns = 8;
@@ -48,3 +50,5 @@ std::optional<Grid_Refusal> Check_Application_Grid(const Application_Grid& grid)
 
 // "OK": checks, stores all rows in the location under edit, marks the document as changed, and finds the location's pattern.
 std::optional<Grid_Refusal> Accept_Application_Grid(Session& session, const Application_Grid& grid, Application_Method method);
+
+} // namespace orvel

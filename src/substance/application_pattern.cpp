@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Fewest_Regular = 22;
@@ -59,3 +61,5 @@ void Check_Pattern(Session& session, int location)
         return;
     }
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "core/session.h"
 
+namespace orvel {
+
 // The number of application years of a regular pattern, 1 to 3: 26, 23 or 22.
 constexpr int Cycles_Of_Pattern(int pattern)
 {
@@ -18,3 +20,5 @@ constexpr int Years_Of_Pattern(int pattern)
 // the shared list counts. A location without 22 applications, or whose years differ in date, rate or depth, is irregular (0); the years
 // themselves and the interception are not compared, and a fraction poorly exposed other than 0 makes any list irregular.
 void Check_Pattern(Session& session, int location);
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <string>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Days_A_Year = 365;
@@ -81,3 +83,5 @@ std::optional<Refusal> Check_Sequence(Session& session, const Location_Lists& li
     }
     return std::nullopt;
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+namespace orvel {
+
 // The years of a list that can be checked; a later one is told as an error of the sequence.
 constexpr int Last_Checked_Year = 89;
 
@@ -13,3 +15,5 @@ constexpr int Last_Checked_Year = 89;
 // their reference point. On an error the location and the application that is too late in the list are those under edit, and the refusal
 // names the control of the day.
 std::optional<Refusal> Check_Sequence(Session& session, const Location_Lists& lists);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 Date_Kind Date_Kind_Of(const Pesticide_Document& document)
 {
     return document.App_Mode == App_Mode_Relative ? Date_Kind::Relative : Date_Kind::Absolute;
@@ -85,3 +87,5 @@ void Restore_Copy(Session& session, const Editor_Copy& copy)
     session.Run.App_Cycles = copy.App_Cycles;
     session.Program.PSM_Changed = false;
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+namespace orvel {
+
 // The application half of the substance form: its load, its location and kind of dates, and the copy for Cancel.
 
 enum class Date_Kind { Absolute, Relative }; // the index of Applikationsverfahren
@@ -36,3 +38,5 @@ Editor_Copy Keep_Copy(const Session& session);
 
 // Puts the copy back and clears PSM_Changed, also if a change made before the form was opened is not saved yet.
 void Restore_Copy(Session& session, const Editor_Copy& copy);
+
+} // namespace orvel

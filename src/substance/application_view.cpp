@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 const std::string_view Irregular_Note = "As long as the selected \r\napplication mode is irregular, \r\nyou have to enter the \r\napplication data manually!";
 
 namespace {
@@ -94,3 +96,5 @@ void Show_Chosen_Pattern(Application_View& view, int list_index)
     view.Hinweis_Visible = list_index == 0;
     view.Text_naps_Enabled = view.Text_naps_Enabled || list_index == 0;
 }
+
+} // namespace orvel

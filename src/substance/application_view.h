@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // The kind of application, as numbered in the file.
 enum class Application_Method { Soil = 1, Linear = 2, Exponential = 3, Manually = 4 };
 
@@ -49,3 +51,5 @@ constexpr std::array<std::string_view, 2> Date_Kind_Names = {"absolute applicati
 
 // "1st", "2nd", "3rd", "4th" and so on.
 std::string Ordinal(int n);
+
+} // namespace orvel

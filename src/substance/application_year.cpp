@@ -7,6 +7,8 @@
 #include <cmath>
 #include <vector>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Most_At_First_Choice = 10; // of an irregular list of which no year is known
@@ -177,3 +179,5 @@ void Previous_In_Year(Session& session)
     if (session.Run.App_Current > 1)
         --session.Run.App_Current;
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <optional>
 
+namespace orvel {
+
 // A regular pattern is a first year of at most 20 applications, the master copy, that is repeated over the application years of the pattern
 // (26, 23 or 22). Application p of year k, both from 1, stands at (k - 1) x App_Per_Year + p. All rules work on the location under edit and
 // leave pattern and cycles as the list of applications then shows them.
@@ -34,3 +36,5 @@ void Remove_In_Year(Session& session);
 // Walks to the next and previous application of the year; stops at its ends.
 void Next_In_Year(Session& session);
 void Previous_In_Year(Session& session);
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include <array>
 #include <numeric>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Months = 12;
@@ -26,3 +28,5 @@ Calendar_Day Datum_Im_Jahr(int day_of_year)
         day -= Month_Length[month++];
     return {day, month};
 }
+
+} // namespace orvel

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace orvel {
+
 // Days of a year without leap days.
 
 // The day of year of a date; for a month that is none, the day itself.
@@ -12,3 +14,5 @@ struct Calendar_Day {
 
 // The date of a day of year; a day beyond the 365th counts on from January.
 Calendar_Day Datum_Im_Jahr(int day_of_year);
+
+} // namespace orvel

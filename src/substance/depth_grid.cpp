@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Kd_Column = 0, Exponent_Column = 1, First_Target_Column = 2;
@@ -99,3 +101,5 @@ void Accept_Depth_Grid(Pesticide_Document& document, int i, const Depth_Grid& gr
             horizon.Hor_Deg[i][targets[k].Factor] = Typed_Number(Cell(cells, First_Target_Column + k));
     }
 }
+
+} // namespace orvel

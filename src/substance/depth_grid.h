@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The grid of the depth dependent values of one substance: a row a horizon, with Kf, Freundlich exponent and a factor on each of the
 // substance's transformations.
 
@@ -38,3 +40,5 @@ void Default_From_First_Target(Depth_Grid& grid);
 
 // Stores the grid and its number of rows; the table grows and keeps what it holds. An empty cell is 0.
 void Accept_Depth_Grid(Pesticide_Document& document, int i, const Depth_Grid& grid);
+
+} // namespace orvel

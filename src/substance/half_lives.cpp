@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Fewest_Decimals = 1;
@@ -63,3 +65,5 @@ std::array<bool, 3> Enabled_Rate_Fields(Rate_Field chosen)
 {
     return {chosen == Rate_Field::Rate, chosen == Rate_Field::DT50, chosen == Rate_Field::DT90};
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 
+namespace orvel {
+
 // A first-order rate k (1/d) and its half-lives: DT 50 = ln 2 / k, DT 90 = ln 10 / k, in days (FOCUS work group on degradation kinetics,
 // 2006). Only the rate is stored; all three are texts of fields, of which one may be typed in.
 
@@ -21,3 +23,5 @@ void Leave_Rate_Field(Rate_Texts& texts, Rate_Field left);
 
 // Which of the three fields takes typing, in the order rate, DT 50, DT 90.
 std::array<bool, 3> Enabled_Rate_Fields(Rate_Field chosen);
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 Pesticide_Horizon Default_Horizon()
@@ -37,3 +39,5 @@ void Grow_Horizon_Table(Pesticide_Document& document, int n)
     if (document.Horizons.size() < Rows_For(n))
         document.Horizons.resize(Rows_For(n), Default_Horizon());
 }
+
+} // namespace orvel

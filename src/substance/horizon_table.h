@@ -2,6 +2,8 @@
 
 #include "core/session.h"
 
+namespace orvel {
+
 // The depth dependent values of all substances, rows 0 to n + 1 for n horizons, in use from 1.
 
 // The horizons of the document that have a row: N_Horizons without decimals, within the rows there are.
@@ -12,3 +14,5 @@ void Reset_Horizon_Table(Pesticide_Document& document, int n);
 
 // Makes room for n horizons and keeps what is there; new rows have the values of a reset one.
 void Grow_Horizon_Table(Pesticide_Document& document, int n);
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+namespace orvel {
+
 namespace {
 
 Refusal Wrong_Input(std::string text, std::string control)
@@ -120,3 +122,5 @@ bool Shows_Kinetic_Note(const Pesticide_Document& document, int i)
 {
     return document.F_neq[i] > 0;
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+namespace orvel {
+
 // Slow sorption at non-equilibrium sites in two notations: PEARL with f_ne (fraction of non-equilibrium to equilibrium sites) and kd (1/d),
 // STRECK with f_eq (fraction of equilibrium to all sites) and alpha (1/d). Only the PEARL values are stored.
 //   f_ne = (1 - f_eq) / f_eq, kd = alpha / (1 - f_eq); f_eq = 1 / (1 + f_ne), alpha = kd (1 - f_eq)
@@ -46,3 +48,5 @@ std::optional<Refusal> Accept_Kinetic(Pesticide_Document& document, int i, const
 
 // The substance form's note "kin. Sorption".
 bool Shows_Kinetic_Note(const Pesticide_Document& document, int i);
+
+} // namespace orvel

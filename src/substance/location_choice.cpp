@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Leaching_Locations = 9; // of the table of all locations; the soil zones follow
@@ -89,3 +91,5 @@ std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::s
     session.Program.PSM_Changed = true;
     return list.size() - 1;
 }
+
+} // namespace orvel

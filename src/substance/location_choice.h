@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The choice of the locations for which the pesticide document holds applications. A list is that of the substance form: item 0 is
 // " User specific", item l the location l of the document.
 
@@ -21,3 +23,5 @@ std::vector<std::string> Offered_Soil_Locations(std::string_view crop);
 // did not change. The document has room for nine locations: what does not fit is not appended.
 std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::string>& list, const std::vector<std::string>& offered,
                                             const std::vector<std::string>& selected);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <memory>
 
+namespace orvel {
+
 namespace {
 
 // The blocks 1 to 9 by the place they get: those of the visible kind, then the other kind, then those without a name.
@@ -94,3 +96,5 @@ int Take_Chosen_Locations(Session& session, Location_Lists& lists, bool efsa, co
     const int last = static_cast<int>(lists.Visible().size()) - 1;
     return lists.Visible() != before ? last : std::clamp<int>(session.Run.App_Current_Location, 0, last);
 }
+
+} // namespace orvel

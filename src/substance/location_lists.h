@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The two lists of locations of the substance form: leaching locations, and soil zones, which are told by the "_" in their names. An entry's
 // index is the number of its block of applications; entry 0 is " User specific". One of the two is visible.
 struct Location_Lists {
@@ -36,3 +38,5 @@ void Store_Location_Names(Pesticide_Document& document, const Location_Lists& li
 // Gives the entry of the visible list to select: its last one if it changed, else the location under edit.
 int Take_Chosen_Locations(Session& session, Location_Lists& lists, bool efsa, const std::vector<std::string>& offered,
                           const std::vector<std::string>& selected);
+
+} // namespace orvel

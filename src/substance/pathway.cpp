@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace orvel {
+
 namespace {
 
 constexpr int A1 = 2, B1 = 3, C1 = 4, D1 = 5, A2 = 6, B2 = 7, C2 = 8, D2 = 9;
@@ -75,3 +77,5 @@ void Update_Pathway(Pesticide_Document& document)
             document.Bound_Active[source] = active;
     }
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+namespace orvel {
+
 // The degradation scheme: an arrow t leads from its source substance (row i) by a row j of the transformation table to a target.
 struct Arrow {
     int Source = 0; // substance i, 1 to 9
@@ -17,3 +19,5 @@ const Arrow& Arrow_Of(int t);
 
 // Derives Met_Present, Trans_Active and Bound_Active from the rates.
 void Update_Pathway(Pesticide_Document& document);
+
+} // namespace orvel

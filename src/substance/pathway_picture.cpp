@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr Scheme_Colour Active_Arrow = {0xE0, 0x22, 0x02};
@@ -64,3 +66,5 @@ bool Shows_Photolysis(int t)
 {
     return t <= Rows_Of_Substance(1);
 }
+
+} // namespace orvel

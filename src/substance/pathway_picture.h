@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+namespace orvel {
+
 // What the picture of the degradation scheme shows: captions, colours, pens, what can be clicked, and where the window of an arrow opens.
 // The flags come from Update_Pathway.
 
@@ -56,3 +58,5 @@ Twips Transformation_Spot(int t, Twips arrow, int arrow_width, int window_width)
 
 // Soil photolysis belongs to the arrows of the active substance alone: the windows of all others are less high.
 bool Shows_Photolysis(int t);
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include "substance/pathway.h"
 #include "substance/pathway_picture.h"
 
+namespace orvel {
+
 void New_PSM(Session& session)
 {
     session.Pesticide = Pesticide_Document(); // nothing of the document before stays
@@ -71,3 +73,5 @@ bool May_Leave_Editor(const Session& session)
         "Saving Input File", "Parameters were changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No};
     return session.Ask(question) == Button::Yes;
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "core/session.h"
 
+namespace orvel {
+
 // Opening, leaving and saving of the pesticide editor, and what a click in the scheme prepares before a detail form shows.
 
 // A new document: defaults, the pathway, the file name "*.psm" and the pattern "Every Year".
@@ -27,3 +29,5 @@ void Prepare_Save_And_Exit(Session& session);
 
 // Asks before changes are given up; true: the editor may close.
 bool May_Leave_Editor(const Session& session);
+
+} // namespace orvel

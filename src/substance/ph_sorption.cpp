@@ -1,5 +1,7 @@
 #include "substance/ph_sorption.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr double No_Dissociation = 20;
@@ -38,3 +40,5 @@ bool Shows_PH_Note(const Pesticide_Document& document, int i)
 {
     return document.Sorp_pKa[i].Number() < No_Dissociation;
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace orvel {
+
 // Sorption of a substance that dissociates: its pKa and one or two pairs of Koc and pH. A pKa of 20 means that it does not dissociate,
 // a second pH of -99 that there is one pair only. Texts as typed.
 
@@ -32,3 +34,5 @@ void Accept_PH(Pesticide_Document& document, int i, const PH_Entry& entry, std::
 
 // The substance form's note "pH dependent Sorption considered!": for every pKa below 20, 0 too.
 bool Shows_PH_Note(const Pesticide_Document& document, int i);
+
+} // namespace orvel

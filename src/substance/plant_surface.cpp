@@ -2,6 +2,8 @@
 
 #include "ui/number_field.h"
 
+namespace orvel {
+
 Plant_Entry Load_Plant(const Pesticide_Document& document)
 {
     return {.S_plt_dk = document.Plant_Decay.Text(),
@@ -32,3 +34,5 @@ bool Shows_Filtration(Application_Method method)
 {
     return method == Application_Method::Exponential;
 }
+
+} // namespace orvel

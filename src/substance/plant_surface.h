@@ -5,6 +5,8 @@
 
 #include <string>
 
+namespace orvel {
+
 // The fate of the substance on the plant surface, as typed.
 struct Plant_Entry {
     std::string S_plt_dk;      // decay rate, 1/d
@@ -25,3 +27,5 @@ void Accept_Plant(Session& session, const Plant_Entry& entry);
 
 // S_plt_filtr and its label show for exponential interception only.
 bool Shows_Filtration(Application_Method method);
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "core/numbers.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr Correction_Enabled Locked = {false, false, false, false};
@@ -59,3 +61,5 @@ void Leave_Relative_Moisture(Correction_Texts& texts)
     if (Val(texts.Moisture_Rel) > 0)
         texts.Moisture_Abs = "0";
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace orvel {
+
 // The conditions under which a rate was measured, and the presets over them. Texts as typed; the choice of a preset is not stored but
 // recognised from the values.
 
@@ -41,3 +43,5 @@ Correction_Enabled Choose_Moisture(Correction_Texts& texts, bool relative, Corre
 // At most one of the two moistures is not 0: a value above 0 in the field that was left clears the other.
 void Leave_Absolute_Moisture(Correction_Texts& texts);
 void Leave_Relative_Moisture(Correction_Texts& texts);
+
+} // namespace orvel

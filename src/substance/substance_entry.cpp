@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Individual = 2;
@@ -91,3 +93,5 @@ void Accept_Metabolite(Session& session, int i, const Substance_Entry& entry)
     session.Program.PSM_Changed = true;
     Store_Substance(session.Pesticide, i, entry);
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+namespace orvel {
+
 // What the forms of the active substance and of a metabolite share, as typed. Numbers are read with a decimal point; a text that is none is 0.
 struct Substance_Entry {
     std::string Name;         // Text_AS, metcom
@@ -41,3 +43,5 @@ void Store_Substance(Pesticide_Document& document, int i, const Substance_Entry&
 
 // "Done" of a metabolite: nothing is refused, a molar mass of 0 neither.
 void Accept_Metabolite(Session& session, int i, const Substance_Entry& entry);
+
+} // namespace orvel

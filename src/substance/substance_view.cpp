@@ -3,6 +3,8 @@
 #include "substance/kinetic_sorption.h"
 #include "substance/ph_sorption.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr int Individual = 2;
@@ -41,3 +43,5 @@ std::string_view Metabolite_Caption(int i)
 {
     return Default_Substance_Name.at(static_cast<std::size_t>(i));
 }
+
+} // namespace orvel

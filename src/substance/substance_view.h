@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+namespace orvel {
+
 // What is visible and enabled in the forms of a substance, from the entry alone: the form applies it whole after every click.
 
 // Sorption and depth dependence, in both forms.
@@ -40,3 +42,5 @@ std::string_view Command4_Caption(bool all_shown);
 
 // The caption of a metabolite's form.
 std::string_view Metabolite_Caption(int i);
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "ui/number_field.h"
 #include "substance/pathway.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Default_Temperature = "20";
@@ -42,3 +44,5 @@ void Accept_Transformation(Session& session, const Transformation_Entry& entry)
     session.Program.PSM_Changed = true;
     Update_Pathway(document);
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace orvel {
+
 // One arrow of the scheme under edit. No field is refused: a text that is no number is 0. Nothing binds the rates of a substance to each other:
 // its loss splits over its arrows by their rates.
 struct Transformation_Entry {
@@ -23,3 +25,5 @@ Transformation_Entry Load_Transformation(const Pesticide_Document& document, int
 // Stores the entry at the arrow of Transformation_Index, marks the document as changed and derives the pathway anew. A rate of 0 without
 // photolysis removes the arrow, and with it the substances that only it forms.
 void Accept_Transformation(Session& session, const Transformation_Entry& entry);
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+namespace orvel {
+
 Volatilisation Load_Volatilisation(const Pesticide_Document& document)
 {
     return {document.Volat_Temp, document.Henry, document.Vap_Press, document.Solubility};
@@ -48,3 +50,5 @@ std::string Scientific_Text(double value)
 {
     return Format_Pattern(value, "0.00E+00");
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <array>
 #include <string>
 
+namespace orvel {
+
 // Volatilisation of the active substance at two temperatures: the form's own copy, which reaches the document on "Done" only. The form puts what is
 // typed into the copy and shows Henry constant and vapour pressure as scientific text, so that a value that was not typed keeps all its digits.
 struct Volatilisation {
@@ -31,3 +33,5 @@ void Fill_Second_Point(Volatilisation& pairs, bool henry_direct);
 
 // 0.00E+00
 std::string Scientific_Text(double value);
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Head_Lines = 4;
@@ -92,3 +94,5 @@ Chart Annual_Diagram(const Period_Table& table, std::size_t depth, std::string_v
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }
+
+} // namespace orvel

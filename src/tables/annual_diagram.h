@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The annual diagram: the concentrations of the 20 periods of one substance at one depth, out of the cached period table period.orv.
 
 constexpr int Periods = 20;
@@ -29,3 +31,5 @@ std::vector<std::string> Period_Substances(std::string_view bytes);
 std::optional<Period_Table> Read_Period_Table(std::string_view bytes, std::size_t depth, std::size_t substance);
 
 Chart Annual_Diagram(const Period_Table& table, std::size_t depth, std::string_view substance);
+
+} // namespace orvel

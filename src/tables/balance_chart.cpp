@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Head_Lines = 4; // texts of the run, not to be searched
@@ -103,3 +105,5 @@ Chart Substance_Balance_Chart(const Balance_Table& table, std::string_view subst
 {
     return Balance_Chart(table, "Annual " + std::string(substance) + " Balance (g/ha)");
 }
+
+} // namespace orvel

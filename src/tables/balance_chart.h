@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The charts of the annual balances, out of the cached tables MBalance.orv (water) and PBalance.orv (substances).
 
 struct Balance_Row {
@@ -25,3 +27,5 @@ std::vector<Balance_Table> Read_Balances(std::string_view bytes);
 
 Chart Water_Balance_Chart(const Balance_Table& table);
 Chart Substance_Balance_Chart(const Balance_Table& table, std::string_view substance);
+
+} // namespace orvel

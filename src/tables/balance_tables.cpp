@@ -5,11 +5,13 @@
 #include "core/text.h"
 #include "output/balance_rows.h"
 #include "output/run_files.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <initializer_list>
 #include <span>
 #include <stdexcept>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -143,7 +145,7 @@ void Build(const fs::path& run_directory, Balance_View view, const Progress& pro
     try {
         builder.Read();
     } catch (const File_Error& error) {
-        tables.Failure = Shown(error.what());
+        tables.Failure = To_Code_Page(error.what());
     }
     tables.Water_Text = builder.Water.Screen;
     tables.Pesticide_Text = builder.Pesticide.Screen;
@@ -173,9 +175,11 @@ Balance_Tables Build_Or_Load_Balance(const fs::path& run_directory, Balance_View
     try {
         Build(run_directory, view, progress, tables);
     } catch (const File_Error& error) {
-        tables.Failure = Shown(error.what());
+        tables.Failure = To_Code_Page(error.what());
     } catch (const std::domain_error& error) {
         tables.Failure = error.what(); // figures whose sum no double holds
     }
     return tables;
 }
+
+} // namespace orvel

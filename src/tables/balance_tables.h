@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The water balance of a run and the pesticide balance of each of its substances, by year or by month.
 
 enum class Balance_View { Annual, Monthly };
@@ -33,3 +35,5 @@ struct Balance_Tables {
 // builds the tables out of the engine's files and writes the caches, but not for a run that is at work or has no plot.orv. Never throws for
 // what a file holds: the texts then end early.
 Balance_Tables Build_Or_Load_Balance(const std::filesystem::path& run_directory, Balance_View view, const Progress& progress = {});
+
+} // namespace orvel

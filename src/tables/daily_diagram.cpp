@@ -9,6 +9,8 @@
 #include <array>
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 struct Unit {
@@ -55,3 +57,5 @@ std::string Data_Text(const Chart& chart)
     }
     return text;
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // Years, months or days, in the order of Option1.
 enum class X_Unit { Years, Months, Days };
 
@@ -17,3 +19,5 @@ Chart Daily_Diagram(const Daily_Series& series, const Daily_Request& request, st
 
 // The diagram's points as lines of two columns for the clipboard, positions with three decimals, below a line with both titles.
 std::string Data_Text(const Chart& chart);
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Days_Of_Month = 30.4375;
@@ -22,9 +24,9 @@ struct Day_Span {
     int First = 0, End = 0;
 };
 
-Day_Span Span_Of(std::span<const Calendar_Day> calendar, const Daily_Request& request)
+Day_Span Span_Of(std::span<const Run_Day> calendar, const Daily_Request& request)
 {
-    const auto number = [](const Calendar_Day& day) { return Month_Number(day.Month, day.Year); };
+    const auto number = [](const Run_Day& day) { return Month_Number(day.Month, day.Year); };
     const auto first = std::ranges::find_if(calendar, [&](const auto& day) { return number(day) >= Month_Number(request.From.Month, request.From.Year); });
     const auto end = std::find_if(first, calendar.end(), [&](const auto& day) { return number(day) > Month_Number(request.To.Month, request.To.Year); });
     if (first == end)
@@ -39,7 +41,7 @@ bool Is_Flow(int variable)
     return (variable >= 1 && variable <= 5) || (variable >= 8 && variable <= 13) || (variable >= 17 && variable <= 22);
 }
 
-Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Calendar_Day> calendar, const Daily_Request& request)
+Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Run_Day> calendar, const Daily_Request& request)
 {
     Daily_Series series;
     series.Days = std::max(1, Months_Between(request.From, request.To)) * Days_Of_Month;
@@ -65,3 +67,5 @@ Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<con
     }
     return series;
 }
+
+} // namespace orvel

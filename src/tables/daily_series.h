@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+namespace orvel {
+
 // The daily diagram's series: one column of the engine's time series over a span of months.
 
 // A line of the column: the running number of the day, the hour (24 closes a day), the value as the engine scaled it.
@@ -14,7 +16,7 @@ struct Plot_Value {
 };
 
 // A day of the simulation's calendar: running number, day of the month, month, year from 1. In order of the numbers.
-struct Calendar_Day {
+struct Run_Day {
     int Number = 0, Day = 0, Month = 0, Year = 0;
 };
 
@@ -40,4 +42,6 @@ bool Is_Flow(int variable);
 // A day's lines are equal intervals of it. A rate gives one point a line; cumulated, a line adds its rate times its part of the day, so that
 // the sum over a year is the year's amount, in kg/ha for the flows of a substance. A state gives one point a day. Lines of
 // days that the calendar does not have in the span are left out, so that an empty calendar gives no points.
-Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Calendar_Day> calendar, const Daily_Request& request);
+Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Run_Day> calendar, const Daily_Request& request);
+
+} // namespace orvel

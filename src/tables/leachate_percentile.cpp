@@ -1,5 +1,7 @@
 #include "tables/leachate_percentile.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr double Percentile = 0.8;
@@ -54,3 +56,5 @@ Leachate_Result Evaluate_Leachate(std::span<const Leachate_Row> rows, std::size_
     result.P80.Conc = (Leachate_Conc(a.Flux, a.Percolate) + Leachate_Conc(b.Flux, b.Percolate)) / 2;
     return result;
 }
+
+} // namespace orvel

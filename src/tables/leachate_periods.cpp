@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Column_Heads = 4; // place of the line among a table's head lines
@@ -56,3 +58,5 @@ Period_Tables Build_Periods(std::string_view year_bytes, int period_index)
     }
     return periods;
 }
+
+} // namespace orvel

@@ -7,11 +7,13 @@
 #include "tables/leachate_percentile.h"
 #include "tables/leachate_periods.h"
 #include "output/yearly_values.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -155,7 +157,7 @@ Table_Text Build_Years(const fs::path& run_directory, const Plot_Head& head, con
     try {
         Year_Reader(run_directory, progress).Read(read);
     } catch (const File_Error& error) {
-        tables.Failure = Shown(error.what());
+        tables.Failure = To_Code_Page(error.what());
     }
     Table_Text text;
     text.Head(head);
@@ -203,9 +205,11 @@ Leachate_Tables Build_Or_Load(const fs::path& run_directory, const Progress& pro
     try {
         Build(run_directory, progress, tables);
     } catch (const File_Error& error) {
-        tables.Failure = Shown(error.what());
+        tables.Failure = To_Code_Page(error.what());
     } catch (const std::domain_error& error) {
         tables.Failure = error.what(); // figures whose sum no double holds
     }
     return tables;
 }
+
+} // namespace orvel

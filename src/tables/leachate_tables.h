@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // The average concentrations in the leachate of a run: a table by year and a table by application period, of each substance at two depths.
 
 constexpr int Warm_Up_Years = 6;
@@ -55,3 +57,5 @@ struct Leachate_Tables {
 // the caches, but not for a run that is at work or has no plot.orv. Never throws for what a file holds: the texts then end early.
 // `period_index` is kept for a run of other than 26, 46 or 66 years.
 Leachate_Tables Build_Or_Load(const std::filesystem::path& run_directory, const Progress& progress = {}, int period_index = 0);
+
+} // namespace orvel

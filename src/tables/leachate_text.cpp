@@ -7,6 +7,8 @@
 
 #include <array>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Number_Width = 4;
@@ -137,3 +139,5 @@ Leachate_Set Set_Of(const Printed_Tables& printed)
         set[static_cast<std::size_t>(table.At)].push_back(table.Table);
     return set;
 }
+
+} // namespace orvel

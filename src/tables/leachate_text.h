@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The lines of the leachate tables, as printed and as read back.
 
 constexpr std::string_view Leachate_Dashes = "\t------------------------------------------------------------";
@@ -43,3 +45,5 @@ Leachate_Result Parse_Percentile(std::string_view line);
 
 // The tables by depth and substance.
 Leachate_Set Set_Of(const Printed_Tables& printed);
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Head_Lines = 11;
@@ -50,9 +52,9 @@ std::vector<Plot_Value> Read_Plot_Column(const std::filesystem::path& file, int 
     return values;
 }
 
-std::vector<Calendar_Day> Parse_Calendar(std::string_view bytes)
+std::vector<Run_Day> Parse_Calendar(std::string_view bytes)
 {
-    std::vector<Calendar_Day> days;
+    std::vector<Run_Day> days;
     for (Line_Reader lines(bytes); !lines.At_End();) {
         const auto numbers = Line_Numbers(lines.Next());
         const auto whole = [&](std::size_t i) { return static_cast<int>(std::clamp(numbers[i], 0.0, Last_Day)); };
@@ -85,3 +87,5 @@ try {
 } catch (const File_Error&) {
     return Make_Daily_Series({}, {}, request);
 }
+
+} // namespace orvel

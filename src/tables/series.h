@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // Where the daily diagram's series come from: plot.orv of a run directory, and the calendar datum.dat.
 
 // A column, 1 to the number of value columns, of all lines behind the head that have a day number. A line that ends before it has 0. What was
@@ -15,7 +17,7 @@
 std::vector<Plot_Value> Read_Plot_Column(const std::filesystem::path& file, int column, const Progress& progress = {});
 
 // A line a day: running number, day of the month, month, year.
-std::vector<Calendar_Day> Parse_Calendar(std::string_view bytes);
+std::vector<Run_Day> Parse_Calendar(std::string_view bytes);
 
 // The calendar of a run: that of the installation for a single run, else that of the mode which the run directory lies in.
 std::filesystem::path Calendar_File(const Session& session, const std::filesystem::path& run_directory, bool single_run);
@@ -23,3 +25,5 @@ std::filesystem::path Calendar_File(const Session& session, const std::filesyste
 // The series that the diagram draws. A missing file gives one without points.
 Daily_Series Read_Daily_Series(const Session& session, const std::filesystem::path& run_directory, bool single_run, int column, const Daily_Request& request,
                                const Progress& progress = {});
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 
 #include <array>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -97,7 +99,7 @@ std::string Rule()
     return std::string(Tab_Char) + std::string(Rule_Width, '-');
 }
 
-bool Is_Same_Period(Utility period, const Calendar_Day& a, const Calendar_Day& b)
+bool Is_Same_Period(Utility period, const Run_Day& a, const Run_Day& b)
 {
     return a.Year == b.Year && (period == Utility::Year || a.Month == b.Month) && (period != Utility::Day || a.Day == b.Day);
 }
@@ -107,7 +109,7 @@ class Rows {
 public:
     Rows(Utility period, const Items& items, std::string& text) : Kind(period), Columns(items), Text(text), Sums(items.size()) {}
 
-    void Add(const Calendar_Day& day, std::span<const double> values)
+    void Add(const Run_Day& day, std::span<const double> values)
     {
         if (Days > 0 && !Is_Same_Period(Kind, First, day))
             Close();
@@ -134,7 +136,7 @@ private:
     Utility Kind;
     const Items& Columns;
     std::string& Text;
-    Calendar_Day First;
+    Run_Day First;
     int Days = 0;
     std::vector<double> Sums;
 };
@@ -167,7 +169,7 @@ fs::path Series_File(const fs::path& directory)
     return *plot;
 }
 
-std::string Series_Table(Utility period, const fs::path& directory, std::span<const Calendar_Day> calendar)
+std::string Series_Table(Utility period, const fs::path& directory, std::span<const Run_Day> calendar)
 {
     Series_Days days(Series_File(directory), calendar);
     const auto& head = days.Head();
@@ -199,3 +201,5 @@ void Make_Utility_Table(Utility period, const fs::path& directory, const fs::pat
     const std::string table = Series_Table(period, directory, calendar);
     Write_Whole(Found_Or_New(directory, Names_Of(period).Output), table);
 }
+
+} // namespace orvel

@@ -6,9 +6,11 @@
 #include "output/echo_file.h"
 #include "output/run_files.h"
 #include "output/soil_averages.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <stdexcept>
+
+namespace orvel {
 
 namespace fs = std::filesystem;
 
@@ -63,7 +65,7 @@ Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int
         if (at_work && soil.Not_Written.empty())
             soil.Not_Written = "The simulation was still at work.";
     } catch (const File_Error& error) {
-        soil.Failure = Shown(error.what());
+        soil.Failure = To_Code_Page(error.what());
     } catch (const std::domain_error& error) {
         soil.Failure = error.what(); // figures whose sum no double holds
     }
@@ -74,7 +76,9 @@ Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int
         Write_Whole(Found_Or_New(run_directory, "PECsoil_" + std::to_string(depth) + ".orv"), text.File);
         soil.Written = true;
     } catch (const File_Error& error) {
-        soil.Not_Written = Shown(error.what());
+        soil.Not_Written = To_Code_Page(error.what());
     }
     return soil;
 }
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // Concentrations in the top layers of the soil: the actual maximum and the maxima of averages over windows of days, out of plot.orv.
 
 constexpr std::array<int, 11> TWA_Window = {0, 1, 2, 4, 7, 14, 21, 28, 42, 56, 100}; // days; 0 is the actual maximum
@@ -29,3 +31,5 @@ struct Soil_Concentrations {
 // Builds the table for a depth in layers (1 or more) and writes it to the file PECsoil_<depth>.orv of the run directory, but not for a run that is
 // at work. Never throws for what a file holds: the text then ends early.
 Soil_Concentrations Build_Soil_Concentrations(const std::filesystem::path& run_directory, int depth, const Progress& progress = {});
+
+} // namespace orvel

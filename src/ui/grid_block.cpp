@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 bool Is_Number(int, std::string_view text)
@@ -105,3 +107,5 @@ Pasted_Block Read_Block(std::string_view text, std::size_t rows, const std::vect
     }
     return block;
 }
+
+} // namespace orvel

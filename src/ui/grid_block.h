@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // Blocks of cells on their way between a grid and a spreadsheet: cells parted by tabs, rows by line ends. All texts are bytes of Windows-1252.
 
 // A column of a grid. A cell of a column with choices is one of them.
@@ -40,3 +42,5 @@ struct Pasted_Block {
     std::optional<Message> Refused;
 };
 Pasted_Block Read_Block(std::string_view text, std::size_t rows, const std::vector<Number_Column>& columns, std::size_t first_column, const Grid_Rule& rule);
+
+} // namespace orvel

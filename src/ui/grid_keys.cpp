@@ -1,5 +1,7 @@
 #include "ui/grid_keys.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr int Key_Slash = 47; // the lower end of the climate grid's digits
@@ -89,3 +91,5 @@ std::string After_Key(std::string cell, Key_Action action)
         cell.pop_back();
     return cell;
 }
+
+} // namespace orvel

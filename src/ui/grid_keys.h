@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace orvel {
+
 // The key rules of the grids whose cells are edited by keys, as functions from a key to an action. Key codes are those of the grids' rules:
 // 48 to 57 the digits, 96 to 105 those of the number pad, 69 E, 190 and 110 point, 188 comma, 189 and 109 minus, 187 and 107 plus.
 
@@ -26,3 +28,5 @@ Key_Action Climate_Grid_Key(int code);
 
 // The text of a cell after an action; an empty cell stays empty when its last character is to go.
 std::string After_Key(std::string cell, Key_Action action);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Mark = "XXX";
@@ -55,3 +57,5 @@ std::string_view Help_Text_Of(const Session& session, int number)
     const auto& texts = session.Program.Help_Text;
     return number >= 0 && static_cast<std::size_t>(number) < texts.size() ? std::string_view(texts[static_cast<std::size_t>(number)]) : std::string_view();
 }
+
+} // namespace orvel

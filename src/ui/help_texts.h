@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel {
+
 // The texts of the help assistant. In its file a record is a head line "XXX" and a number, then the lines of the text; a line that is exactly
 // "XXX" ends the file. Texts count by their position; of the numbers only the last one matters: it is the number of the last text.
 
@@ -17,3 +19,5 @@ void Load_Help_Texts(Session& session);
 
 // The text of a number; empty beyond the last one.
 std::string_view Help_Text_Of(const Session& session, int number);
+
+} // namespace orvel

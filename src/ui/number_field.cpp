@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+namespace orvel {
+
 namespace {
 
 std::size_t Digits_From(std::string_view text, std::size_t at)
@@ -70,3 +72,5 @@ std::int16_t Typed_Integer(std::string_view typed)
     using Limits = std::numeric_limits<std::int16_t>;
     return To_I16(std::clamp<double>(Val(typed), Limits::min(), Limits::max()));
 }
+
+} // namespace orvel

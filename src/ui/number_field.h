@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // Number fields are read by Val and never refuse a text: what is no number is 0, what begins with one is that number.
 
 // What a field of numbers tells at once while a text stands in it that is read as something else than it looks: "1,5" is 1, "abc" and
@@ -19,3 +21,5 @@ Variant Typed_Number(std::string_view typed);
 
 // The whole number of a field of whole numbers: halves to the even one, what is beyond an i16 to its end.
 std::int16_t Typed_Integer(std::string_view typed);
+
+} // namespace orvel

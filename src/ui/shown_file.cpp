@@ -3,9 +3,11 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "output/run_files.h"
-#include "core/shown_path.h"
+#include "core/code_page.h"
 
 #include <fstream>
+
+namespace orvel {
 
 namespace {
 
@@ -21,7 +23,7 @@ std::string Read_Begin(const std::filesystem::path& file, std::size_t most)
 
 std::string Name_Shown(const std::filesystem::path& file)
 {
-    return Shown(file.filename().string());
+    return To_Code_Page(file.filename().string());
 }
 
 // Each line ended by CR LF, the last one too.
@@ -51,7 +53,7 @@ try {
     session.Ask({"Size limit exceeded!", "The file " + Name_Shown(file) + " is too big! Only the first part is presented."});
     return Shown_Cache(Read_Begin(file, Largest_Shown_File));
 } catch (const File_Error& error) {
-    session.Ask({"File check", Shown(error.what())});
+    session.Ask({"File check", To_Code_Page(error.what())});
     return std::nullopt;
 }
 
@@ -59,7 +61,7 @@ std::optional<std::string> Shown_Whole(const Session& session, const std::filesy
 try {
     return Shown_Cache(Read_Whole(file));
 } catch (const File_Error& error) {
-    session.Ask({"File check", Shown(error.what())});
+    session.Ask({"File check", To_Code_Page(error.what())});
     return std::nullopt;
 }
 
@@ -87,7 +89,7 @@ try {
     Write_Whole(file, With_Ends(edited));
     return true;
 } catch (const File_Error& error) {
-    session.Ask({std::string(Saving_Title), Shown(error.what())});
+    session.Ask({std::string(Saving_Title), To_Code_Page(error.what())});
     return false;
 }
 
@@ -95,3 +97,5 @@ bool May_Give_Up_Text(const Session& session)
 {
     return Asked(session, "The text was changed. Do you want to exit without saving ?");
 }
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+namespace orvel {
+
 // Files as a window shows them: bytes of Windows-1252, lines end in CR LF.
 
 constexpr std::size_t Largest_Shown_File = 32767;
@@ -32,3 +34,5 @@ bool Save_Shown_As(const Session& session, const std::filesystem::path& file, st
 
 // Asks before an edited text is given up; true: the window may close.
 bool May_Give_Up_Text(const Session& session);
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 TEST(Log10_Routine, Is_The_Quotient_Of_Two_Natural_Logarithms)
@@ -116,3 +118,5 @@ TEST(Axis_Label_Routine, Has_No_Exponent_For_A_Small_Negative_Value)
 }
 
 } // namespace
+
+} // namespace orvel

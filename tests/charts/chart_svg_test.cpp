@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 bool Has(const std::string& text, const std::string& part)
@@ -56,3 +58,5 @@ TEST(Chart_As_Svg, A_Line_Joins_Its_Points)
 
     EXPECT_TRUE(Has(Chart_Svg(chart), "points=\"0.00,400.00 760.00,30.00 \""));
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 std::vector<std::string> Labels(const Chart_Axis& axis)
@@ -103,3 +105,5 @@ TEST(Chart_Frame, Reaches_Below_A_Negative_Minimum)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 Chart Line_Chart(std::vector<Chart_Point> points)
@@ -91,3 +93,5 @@ TEST(Zoomed, A_Span_Without_Points_Changes_Nothing)
     EXPECT_EQ(Zoomed(whole, 6, 3).Lines[0].Points, whole.Lines[0].Points);
     EXPECT_EQ(Zoomed(whole, 20, 30).Lines[0].Points, whole.Lines[0].Points);
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 TEST(Code_Page, Every_Byte_Survives_The_Way_To_Unicode_And_Back)
 {
     std::string all;
@@ -34,3 +36,5 @@ TEST(Umlauts_Of_The_Dos_Form, Are_Mapped_Both_Ways)
     EXPECT_EQ(Dos_To_Ansi("Ch\x83teaudun Kremsm\x81nster \xE1"), "Ch\xE2teaudun Kremsm\xFCnster \xDF");
     EXPECT_EQ(Ansi_To_Dos("Ch\xE2teaudun Kremsm\xFCnster \xDF"), "Ch\x83teaudun Kremsm\x81nster \xE1");
 }
+
+} // namespace orvel

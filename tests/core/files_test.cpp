@@ -6,6 +6,8 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -157,3 +159,5 @@ TEST(A_Lock, Is_Seen_While_It_Is_Held_And_Not_After)
     EXPECT_FALSE(Is_Locked(place.Path()));
     EXPECT_FALSE(Is_Locked(place / "missing"));
 }
+
+} // namespace orvel

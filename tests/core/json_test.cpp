@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 template <class T> std::string Written(const T& value)
@@ -65,3 +67,5 @@ TEST(Json_Writer, Lays_Out_Members_On_Lines_And_Values_Of_An_Array_On_One)
                              "  \"last\": \"z\"\n"
                              "}\n");
 }
+
+} // namespace orvel

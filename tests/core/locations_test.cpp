@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 TEST(Location_Name, Gives_The_Long_Name_Of_A_Code)
 {
     EXPECT_EQ(Location_Name("C"), "Ch\xE2teaudun (C)");
@@ -46,3 +48,5 @@ TEST(Name_Decode, Does_Not_Bring_Back_A_Name_That_Truly_Holds_Two_Dashes)
 {
     EXPECT_EQ(Name_Decode(Name_Encode("a--b")), "a,b");
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <limits>
 #include <random>
 
+namespace orvel {
+
 TEST(Val, Reads_The_Longest_Number_At_The_Start)
 {
     EXPECT_EQ(Val("12.5 mm"), 12.5);
@@ -240,3 +242,5 @@ TEST(A_Variant, Keeps_Blanks_Around_A_Verbatim_Text_Alone)
     EXPECT_EQ(Variant::Verbatim(" DAY").Text(), " DAY");
     EXPECT_EQ(Variant::Verbatim(" 5 ").Number(), 5);
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 TEST(Output_Variables, Have_Codes_Of_Four_And_Scales_Of_Eight_Characters)
 {
     for (const auto& variable : Output_Variables) {
@@ -36,3 +38,5 @@ TEST(Output_Variable_Number, Finds_A_Code_And_Gives_Zero_For_An_Unknown_One)
     EXPECT_EQ(Output_Variable_Number("    "), 0);
     EXPECT_EQ(Output_Variable_Number("prsn"), 0);
 }
+
+} // namespace orvel

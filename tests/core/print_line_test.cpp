@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 TEST(Print_Line, Puts_Items_One_Behind_The_Other)
 {
     EXPECT_EQ(Print_Line().Number(1).Spc(2).Text("x").Item("20").Item(20).End().Printed(), " 1   x20 20 \r\n");
@@ -30,3 +32,5 @@ TEST(Print_Line, Goes_To_The_Next_Zone_Even_When_It_Stands_At_One)
     EXPECT_EQ(Print_Line().Spc(14).Zone().Text("c").Printed(), std::string(28, ' ') + "c");
     EXPECT_EQ(Print_Line().Spc(13).Zone().Text("c").Printed(), std::string(14, ' ') + "c");
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace orvel {
+
 TEST(Reset_PSM, Gives_The_Active_Substance_And_The_Metabolites_Their_Defaults)
 {
     auto document = std::make_unique<Pesticide_Document>();
@@ -66,3 +68,5 @@ TEST(Clear_Climate, Leaves_Rows_Without_A_Date_And_With_Full_Humidity)
     EXPECT_EQ(table.Rows[1].Cli_Rain, 0);
     EXPECT_EQ(table.Rows[1].Cli_Rel_Hum, 100);
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 // The examples of the standard that defines the algorithm.
 TEST(Sha256_Of_Bytes, Known_Vectors_Come_Out)
 {
@@ -32,3 +34,5 @@ TEST(Sha256_Of_A_File, A_Missing_File_And_A_Directory_Are_Told)
     EXPECT_THROW(Sha256_Of_File(place / "gone"), File_Error);
     EXPECT_THROW(Sha256_Of_File(place.Path()), File_Error);
 }
+
+} // namespace orvel

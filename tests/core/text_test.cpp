@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 TEST(Next_Token, Keeps_The_Blank_Behind_The_Word)
 {
     std::string line = "  12  34";
@@ -60,3 +62,5 @@ TEST(Same_Text, Looks_At_No_Letters_Case_But_A_To_Z)
     EXPECT_TRUE(Same_Text("Wasser.ORV", "wasser.orv"));
     EXPECT_FALSE(Same_Text("\xC4", "\xE4"));
 }
+
+} // namespace orvel

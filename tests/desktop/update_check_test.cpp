@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 // The 26 characters before ".zip", ending in a date.
@@ -45,3 +47,5 @@ TEST(Update_Check, Only_The_First_Package_Counts)
 {
     EXPECT_EQ(Judge_Update_Page(Page("20120312") + Page("20990101")).Text, "You have the latest version of the software.");
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 class Documents : public testing::Test {
@@ -175,3 +177,5 @@ TEST_F(Documents, Showing_A_Bad_File_Tells_It)
     EXPECT_EQ(Show_Document(*Shared, File("demo.sze", "x")), std::nullopt);
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"Readin check", "demo.sze is not a ORVEL 4.01 PSM file"})});
 }
+
+} // namespace orvel

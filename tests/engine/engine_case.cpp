@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <fstream>
 
+namespace orvel::engine {
+
 namespace {
 
 const Demo_Tables& Tables()
@@ -78,3 +80,5 @@ void Write_Files(const std::map<std::string, std::string>& files, const std::fil
     for (const auto& [name, bytes] : files)
         std::ofstream(directory / name, std::ios::binary) << bytes;
 }
+
+} // namespace orvel::engine

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+namespace orvel::engine {
+
 // A run of the engine as a test sees it: documents that it may change, files, the executable, what it left behind.
 struct Engine_Case {
     Pesticide_Document Pesticide;
@@ -33,3 +35,5 @@ Engine_Case Demo_Case(std::string_view site, std::string_view stem, std::string_
 Output_Row Row_Of(std::string_view code, double depth, int substance = 1);
 
 void Write_Files(const std::map<std::string, std::string>& files, const std::filesystem::path& directory);
+
+} // namespace orvel::engine

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <sys/wait.h>
 
+namespace orvel::engine {
+
 Engine_Result Run_Engine(const std::filesystem::path& directory, const std::string& arguments)
 {
     const std::string command = "cd '" + directory.string() + "' && exec '" ORVEL_ENGINE "' " + arguments + " 2>&1";
@@ -36,3 +38,5 @@ std::string Last_Line(std::string_view text)
     const auto lines = Split_Lines(text);
     return lines.empty() ? std::string() : std::string(lines.back());
 }
+
+} // namespace orvel::engine

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel::engine {
+
 // The executable, run by a test.
 
 // A build with sanitizers has a tenth of the speed: long runs are shortened.
@@ -26,3 +28,5 @@ Engine_Result Run_Case(const Engine_Case& run, const std::filesystem::path& dire
 
 std::string File_Of(const std::filesystem::path& directory, std::string_view name);
 std::string Last_Line(std::string_view text);
+
+} // namespace orvel::engine

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel::engine {
+
 // A uniform column of four equal slots for the kernel alone: steady water, an inlet concentration, coefficients by hand.
 struct Steady_Column {
     static constexpr int Lanes = 4;
@@ -104,3 +106,5 @@ struct Steady_Column {
         return sum;
     }
 };
+
+} // namespace orvel::engine

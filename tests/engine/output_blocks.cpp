@@ -7,6 +7,8 @@
 #include <cmath>
 #include <stdexcept>
 
+namespace orvel::engine {
+
 namespace {
 
 // Walks forward from anchor to anchor.
@@ -159,3 +161,5 @@ int Top_Layers(const std::string& echo)
     Finder find(lines, 0);
     return static_cast<int>(find.Value_At(" Total number of layers in the top meter:", 53, 10));
 }
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel::engine {
+
 // What a reader that goes by anchors and columns finds in the balance files: written for tests, apart from the engine and from the rules.
 
 struct Water_Year {
@@ -44,3 +46,5 @@ struct Echo_Closure {
 };
 Echo_Closure Worst_Closure(const std::string& echo);
 int Top_Layers(const std::string& echo);
+
+} // namespace orvel::engine

@@ -7,6 +7,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr int Run_Years = 5;
@@ -270,3 +272,5 @@ TEST(Demonstration_Substances, Leach_In_The_Order_Of_Their_Sorption_And_Half_Liv
     }
     EXPECT_GT(total, 0);
 }
+
+} // namespace orvel::engine

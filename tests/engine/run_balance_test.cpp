@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 // Print accuracy of a sum of figures like 1.23456E-01.
@@ -198,3 +200,5 @@ TEST(Run_Verification, Case_28_Finer_Compartments_Give_The_Same_Percentile)
     Verify_Relative(28, "80th percentile (ug/L), 2.5 cm against 0.5 cm", percentiles[0], percentiles[2], 0.10);
     Verify_Relative(28, "80th percentile (ug/L), 1 cm against 0.5 cm", percentiles[1], percentiles[2], 0.03);
 }
+
+} // namespace orvel::engine

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <random>
 
+namespace orvel::engine {
+
 namespace {
 
 using Files = std::map<std::string, std::string>;
@@ -290,3 +292,5 @@ TEST(Run_Input, Version_And_Wrong_Arguments)
     EXPECT_FALSE(std::filesystem::exists(directory / "echo.orv"));
     EXPECT_EQ(Run_Engine(directory.Path(), "--dir /nonexistent").Exit_Code, 3);
 }
+
+} // namespace orvel::engine

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <numeric>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::string_view Hostile = "ANNUAL ERROR PRECIPITATION *** PARAMETERS OF WATR E R R O R";
@@ -228,3 +230,5 @@ TEST(Run_Verification, Case_35_Content_Right_After_An_Application)
         Verify(35, "lines on the day of the application", static_cast<double>(hours), 24, 0);
     }
 }
+
+} // namespace orvel::engine

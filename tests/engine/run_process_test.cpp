@@ -13,6 +13,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::string_view Not_Completed = " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***";
@@ -174,3 +176,5 @@ TEST(Engine_Run, A_Full_Disk_Is_Error_93_With_Exit_Code_3)
     EXPECT_TRUE(Contains(result.Output, "ERROR 93"));
     EXPECT_TRUE(Contains(Last_Line(File_Of(directory.Path(), "echo.orv")), " *** ERROR 93: CANNOT WRITE "));
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include "tables/soil_concentrations.h"
 #include "verification.h"
 
+namespace orvel::engine {
+
 // The program's own tables out of real output, against figures taken from the files another way.
 
 namespace {
@@ -119,3 +121,5 @@ TEST(Run_Verification, Case_29_Soil_Concentrations_Read_Real_Output)
     Verify_Relative(29, "actual maximum of the top 5 cm (mg/kg)", table.Maximum[0][0].Value, highest, 1e-6);
     EXPECT_GT(highest, 1);
 }
+
+} // namespace orvel::engine

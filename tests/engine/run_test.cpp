@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel::engine {
+
 TEST(Engine_Run, A_Demonstration_Run_Completes_With_All_Its_Files)
 {
     Temporary_Directory directory;
@@ -65,3 +67,5 @@ TEST(Engine_Run, Tillage_Of_The_Demonstration_Pair_Is_Done_At_The_Depth_Of_The_R
     EXPECT_NEAR(value(140, 0), value(140, 1), 0.1 * value(140, 1));
     EXPECT_LT(value(140, 2), 0.2 * value(140, 1));
 }
+
+} // namespace orvel::engine

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel::engine {
+
 // Columns and days for the tests of the solute: one soil, nothing switched on that a test does not ask for.
 
 inline Solute_Setup Uniform_Setup(int compartments, double dz, double rho, double theta)
@@ -76,3 +78,5 @@ inline Solute_Application Applied(double mass, double depth = 0, double hour = 0
     application.Hour = hour;
     return application;
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <string>
 
+namespace orvel::engine {
+
 // One figure of a verification case: checks it, and prints a line from which a page of the documentation can be made:
 //   VERIFY <tab> case <tab> what <tab> figure <tab> expected <tab> tolerance <tab> passed or FAILED
 // The tolerance is absolute.
@@ -21,3 +23,5 @@ inline void Verify_Relative(int number, const std::string& what, double figure, 
 {
     Verify(number, what, figure, expected, tolerance * std::abs(expected));
 }
+
+} // namespace orvel::engine

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 void PrintTo(const Period& period, std::ostream* to)
 {
     *to << period.From.Month << "." << period.From.Year << " - " << period.To.Month << "." << period.To.Year;
@@ -60,3 +62,5 @@ TEST(Period_Choice, Is_Never_Left_Crossed)
         }
     }
 }
+
+} // namespace orvel

@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 #include <thread>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -180,3 +182,5 @@ TEST_F(Utility_Table_Test, The_Size_Limit_Holds_For_The_Table_By_Day_Alone)
     EXPECT_EQ(The_User.Messages.size(), 1U);
     EXPECT_FALSE(Shown_Table(*Shared, Utility::Year, Run()));
 }
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 template <class Change> std::optional<std::string> Lost_In_PSM(Change change)
@@ -129,3 +131,5 @@ TEST(May_Save, Asks_Only_Where_A_Field_Is_Lost_And_Takes_No_For_The_Default)
     EXPECT_EQ(user.Messages[0].Title, "Saving Input File");
     EXPECT_NE(user.Messages[0].Text.find("\"Core depth\""), std::string::npos);
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 // clang-format off
@@ -156,3 +158,5 @@ TEST(Climate_Grid, Rounds_The_Whole_Table_As_It_Is_Shown)
 
     EXPECT_EQ(table, (Climate_Table{"T", {{.Cli_Rain = 1.26, .Cli_Temp_14 = 18.3, .Cli_Radiation = 15230}}}));
 }
+
+} // namespace orvel

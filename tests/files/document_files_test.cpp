@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 class Document_Files : public testing::Test {
@@ -150,3 +152,5 @@ TEST_F(Document_Files, Any_Other_Failure_To_Write_Tells_Its_Reason)
     EXPECT_EQ(The_User.Messages[0].Title, "Saving Input File");
     EXPECT_NE(The_User.Messages[0].Text.find("No such file"), std::string::npos);
 }
+
+} // namespace orvel

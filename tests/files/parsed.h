@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 inline std::unique_ptr<Pesticide_Document> Parsed_PSM(std::string_view bytes)
 {
     auto document = std::make_unique<Pesticide_Document>();
@@ -51,3 +53,5 @@ inline std::string Line_Behind(std::string_view text, std::string_view start)
     }
     return "no such line";
 }
+
+} // namespace orvel

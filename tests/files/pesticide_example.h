@@ -5,6 +5,8 @@
 #include <memory>
 #include <string_view>
 
+namespace orvel {
+
 // A pesticide document as a user would have made it, and its file written out by the layout. One soil horizon, one application at the first
 // location, A1 formed from the active substance.
 
@@ -150,3 +152,5 @@ inline std::string Example_File()
         text += part;
     return text;
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Comment = "Demo compound     <Alpha>";
@@ -346,3 +348,5 @@ TEST(Pesticide_Reader, Takes_The_End_With_Blanks_Around_It)
 {
     EXPECT_NO_THROW(Parsed_PSM(With(Example_File(), "<END PSM>", "  <END PSM> ")));
 }
+
+} // namespace orvel

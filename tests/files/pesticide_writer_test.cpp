@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Horizons_Tag = "<DEPTH DEPENDENT SORPTION AND TRANSFORMATION VALUES>";
@@ -202,3 +204,5 @@ TEST(Pesticide_Writer, Refuses_Counts_Beyond_What_The_Document_Holds)
     locations->App_Loc_Count = 11;
     EXPECT_THROW(Format_PSM(*locations), File_Error);
 }
+
+} // namespace orvel

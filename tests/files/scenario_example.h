@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // A scenario document as a user would have made it, and its file written out by the layout: erosion, two crops of which the second has
 // tillage, two rotation rows, two horizons with values for a pedotransfer function.
 
@@ -123,3 +125,5 @@ inline std::string Scenario_File(std::string_view marker = "ORVEL400TILLAGE", st
     text += Scenario_Output;
     return text;
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Crop_Without_Tillage = "    0.1    0.3    0.4    0.5    0    1    0    1.05    0.75 \r\n";
@@ -268,3 +270,5 @@ TEST(Scenario_Reader, Refuses_Counts_Below_0_Or_Without_Their_Lines)
     EXPECT_THROW(Parsed_SZE(count(" 2             1 ", " 1E+12             1 ")), File_Error);
     EXPECT_THROW(Parsed_SZE(count(" 2             1 ", "-2             1 ")), File_Error);
 }
+
+} // namespace orvel

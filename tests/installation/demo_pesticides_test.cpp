@@ -8,6 +8,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 const std::vector<Demo_Pesticide> Pesticides = Demo_Pesticides();
@@ -153,3 +155,5 @@ TEST(Demo_Pesticide_Files, No_Title_Or_Name_Is_Cut_By_A_Bracket)
 }
 
 } // namespace
+
+} // namespace orvel

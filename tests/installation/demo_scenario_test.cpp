@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <set>
 
+namespace orvel {
+
 namespace {
 
 const Demo_Tables Tables = Load_Demo_Tables();
@@ -208,3 +210,5 @@ TEST(Demo_Scenarios, Hamburg_With_Winter_Cereals_Is_Written_In_These_Lines)
 }
 
 } // namespace
+
+} // namespace orvel

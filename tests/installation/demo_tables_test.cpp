@@ -11,6 +11,8 @@
 #include <set>
 #include <stdexcept>
 
+namespace orvel {
+
 namespace {
 
 const Demo_Tables Tables = Load_Demo_Tables();
@@ -184,3 +186,5 @@ TEST(Demo_Table_Text, A_Day_Of_The_Year_Is_Day_Point_Month)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 const Demo_Tables Tables = Load_Demo_Tables();
@@ -201,3 +203,5 @@ TEST(Calendar, Counts_Every_Day_Of_66_Years_With_Its_Leap_Days)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -16,6 +16,8 @@
 #include <memory>
 #include <set>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -331,3 +333,5 @@ TEST(Laying_Out, Writes_No_File_Twice)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include "jobs/job_status.h"
 #include "jobs/run_commands.h"
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 class Job_Status_Test : public Run_Test {
@@ -158,3 +160,5 @@ TEST(Progress_Line, It_Tells_Runs_Percent_And_The_Time_Left)
     EXPECT_EQ(Progress_Text({.Runs = 1, .Running = 1, .Years = 66, .Years_Done = 1, .Seconds_Left = 5400}), "0 of 1 runs, 1 running, 1 %, 1.5 h left");
     EXPECT_EQ(Progress_Text({}), "0 of 0 runs");
 }
+
+} // namespace orvel

@@ -12,6 +12,8 @@
 #include <sys/wait.h>
 #include <thread>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -420,3 +422,5 @@ TEST_F(Job_Test, A_Log_That_Cannot_Be_Written_Ends_The_Job_Before_Its_First_Run)
     EXPECT_THROW(Run(), File_Error);
     EXPECT_TRUE(fs::exists(run / "orvel401.exe"));
 }
+
+} // namespace orvel

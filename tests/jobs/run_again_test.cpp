@@ -5,6 +5,8 @@
 
 #include <chrono>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 class Run_Again_Test : public Run_Test {
@@ -124,3 +126,5 @@ TEST_F(Run_Again_Test, A_Simulation_That_Failed_Before_Its_Echo_Is_Known_By_The_
     The_User.Answers = {Button::Yes};
     EXPECT_EQ(Again(), 1);
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include "runs/batch.h"
 #include "jobs/simulations.h"
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 class Simulations_Test : public Run_Test {
@@ -234,3 +236,5 @@ TEST_F(Simulations_Test, A_Link_Inside_A_Run_Is_Removed_And_Not_What_It_Leads_To
     EXPECT_FALSE(fs::exists(run));
     EXPECT_TRUE(fs::exists(Home / "kept.txt"));
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 std::vector<Water_Balance_Row> Water(const std::string& bytes, Balance_View view = Balance_View::Annual, std::size_t window = Scan_Window)
@@ -225,3 +227,5 @@ TEST(Balance_Rows, Borders_Of_The_Window_Make_No_Difference)
         EXPECT_EQ(rows[1].Diff_Storage, 110) << window;
     }
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 Echo_Layers Layers_Of(const std::string& bytes)
@@ -156,3 +158,5 @@ TEST(Echo_File, A_Missing_File_Is_An_Error)
     EXPECT_THROW(Read_Substance_Names(directory.Path()), File_Error);
     EXPECT_FALSE(Simulation_Failed(directory.Path())); // it was not begun
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include <fstream>
 #include <iterator>
 
+namespace orvel {
+
 namespace {
 
 std::string Right(std::string_view text, std::size_t width)
@@ -182,3 +184,5 @@ std::string Read_File(const std::filesystem::path& file)
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
+
+} // namespace orvel

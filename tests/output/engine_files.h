@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+namespace orvel {
+
 // Lays out engine files with given texts in given columns, so that a test names what a reader must find.
 
 // A line with texts at 1-based columns, without its end.
@@ -60,3 +62,5 @@ std::string Plot_Line(int day, int hour, const std::vector<std::string>& values)
 
 void Write_File(const std::filesystem::path& file, std::string_view bytes);
 std::string Read_File(const std::filesystem::path& file);
+
+} // namespace orvel

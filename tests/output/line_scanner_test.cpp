@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 std::vector<std::string> All_Lines(Line_Scanner scanner)
@@ -140,3 +142,5 @@ TEST(Line_Scanner, A_Missing_File_And_A_Directory_Are_Told)
     EXPECT_THROW(Line_Scanner(directory / "none.orv"), File_Error);
     EXPECT_THROW(Line_Scanner{directory.Path()}, File_Error);
 }
+
+} // namespace orvel

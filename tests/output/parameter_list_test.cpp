@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 Per_Substance<std::string> Names()
@@ -91,3 +93,5 @@ TEST(Parameter_List, A_Run_Without_A_Plot_File_Or_Control_File_Has_The_Fixed_Lis
     Write_Whole(run / "orvel.inp", Run_Control);
     EXPECT_EQ(Parameters_Of_Run(run.Path()), Fixed_Parameters());
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 Plot_Head Head_Of(const std::string& bytes)
@@ -72,3 +74,5 @@ TEST(Plot_File, A_Run_Without_The_File_Has_An_Empty_Head)
     Write_File(directory / "PLOT.orv", Plot_Head_Of(1, 0));
     EXPECT_TRUE(Read_Plot_Head(directory.Path()).Whole);
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <random>
 #include <string>
 
+namespace orvel {
+
 namespace {
 
 // Zeros of both signs differ here: there is no negative zero anywhere.
@@ -89,3 +91,5 @@ TEST(Quick_Val, Gives_The_Value_Of_Val_For_Numbers_Of_All_Lengths)
         ASSERT_EQ(Quick_Val(text), Val(text)) << text;
     }
 }
+
+} // namespace orvel

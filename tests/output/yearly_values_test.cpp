@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Metre = 40;
@@ -104,3 +106,5 @@ TEST(Yearly_Values, Reading_To_A_Year_Leaves_The_Rest_Of_The_File)
     values.Read_To(2);
     EXPECT_EQ(values.At(Depth::Core_Bottom), (std::vector<double>{20, 40}));
 }
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 #include <sstream>
 #include <vector>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -285,3 +287,5 @@ TEST_F(End_To_End, A_Series_Is_Printed_Summed_And_Painted)
     EXPECT_GT(fs::file_size(picture), 5000U);
     EXPECT_EQ(beyond.Exit, 1);
 }
+
+} // namespace orvel

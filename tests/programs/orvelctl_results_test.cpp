@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -166,3 +168,5 @@ TEST_F(Orvelctl_Results, A_Report_Without_Runs_Or_With_A_Failed_Run_Is_Refused)
     EXPECT_EQ(Told, "File check: Problem with output files. Probably, one of the simulations failed!\n");
     EXPECT_EQ(Out, "");
 }
+
+} // namespace orvel

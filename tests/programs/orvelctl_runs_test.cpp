@@ -3,6 +3,8 @@
 
 #include <sys/wait.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 // The commands mark, start and status, used as a script would.
@@ -163,3 +165,5 @@ TEST_F(Orvelctl_Runs, A_Wrong_Command_Line_Has_Exit_Code_2)
     EXPECT_EQ(Do("status --mode focus").Code, 0);
     EXPECT_EQ(Do("status --mode focus").Printed, "");
 }
+
+} // namespace orvel

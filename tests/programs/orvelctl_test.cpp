@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+namespace orvel {
+
 namespace {
 
 // Runs the command line program itself.
@@ -74,3 +76,5 @@ TEST_F(Orvelctl, An_Installation_Directory_That_Is_Not_There_Is_Told)
     EXPECT_EQ(Run("-C " + In_Directory("nowhere") + " status --mode focus"), 1);
     EXPECT_EQ(Error, "File check: The directory " + In_Directory("nowhere") + " does not exist.\n");
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 Summary_Row Row(std::size_t location, double conc)
@@ -59,3 +61,5 @@ TEST(Report_Chart_Rule, A_Substance_That_The_Report_Lacks_Gives_An_Empty_Chart)
     EXPECT_TRUE(Report_Chart(Two_Locations(1, 2, 2), 1).Boxes.empty());
     EXPECT_TRUE(Report_Chart({}, 0).Boxes.empty());
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "core/error.h"
 #include "report_session.h"
 
+namespace orvel {
+
 namespace {
 
 // A report with everything in it that a form could stumble over: names with < & " ; and umlauts, a value of exactly the limit, a run without result.
@@ -124,3 +126,5 @@ TEST_F(Report_Session, The_Text_Refuses_A_Location_That_Was_Asked_For_And_Not_Ru
     EXPECT_TRUE(Report_Text(Shared, Requests("Maize", {"H"})));
     EXPECT_THROW(Report_Text(Shared, Requests("Maize", {"H", "C"})), File_Error);
 }
+
+} // namespace orvel

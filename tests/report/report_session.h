@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 // An installation with finished runs of the substances "P & <Q>" and "M", made up so that the percentile of a run with factor f is f times 22.5 ug/L for
 // the first one: the fluxes 1 to 26 g/ha times f in 100 L/m2 give concentrations that rise from year to year, 23 f and 22 f are the fourth and fifth
 // highest of the years 7 to 26, and the second substance has none.
@@ -78,3 +80,5 @@ protected:
     Session& Shared = *Owned;
     Told The_User;
 };
+
+} // namespace orvel

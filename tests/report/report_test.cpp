@@ -5,6 +5,8 @@
 #include "core/text.h"
 #include "report_session.h"
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -206,3 +208,5 @@ TEST(Codes_In_A_List, Commas_Part_Them_And_Blanks_Do_Not_Count)
     EXPECT_EQ(Codes_In("C,H, T_N ,"), (std::vector<std::string>{"C", "H", "T_N"}));
     EXPECT_TRUE(Codes_In("").empty());
 }
+
+} // namespace orvel

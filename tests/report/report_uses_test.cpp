@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 // A document whose block 1 is Hamburg, with applications to the soil.
@@ -85,3 +87,5 @@ TEST(Years_In_Words, Equal_Steps_Are_Named_And_Others_Listed)
     EXPECT_EQ(Years_Text({1, 2, 5}), "years 1, 2 and 5");
     EXPECT_EQ(Years_Text({2, 2, 2}), "years 2, 2 and 2"); // three times on one day
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -214,3 +216,5 @@ TEST(Gather_Percentiles, More_Rows_Than_Substances_Are_Left_Out)
 
     EXPECT_EQ(report.Substances[0].Rows.size(), 1U);
 }
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -472,3 +474,5 @@ TEST_F(Batch_Test, A_Pesticide_File_Is_Deleted_Only_With_OK)
     EXPECT_TRUE(Delete_Pesticide(Shared, "test.psm"));
     EXPECT_FALSE(fs::exists(Home / "test.psm"));
 }
+
+} // namespace orvel

@@ -1,6 +1,8 @@
 #include "run_fixture.h"
 #include "runs/crops.h"
 
+namespace orvel {
+
 using Crops_Test = Run_Test;
 using Texts = std::vector<std::string>;
 
@@ -86,3 +88,5 @@ TEST_F(Crops_Test, A_Crop_Is_Found_By_Its_Text_But_A_Separator_Is_Not)
     EXPECT_FALSE(Crop_Index("--------------------------------------"));
     EXPECT_FALSE(Crop_Index("Corn"));
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 TEST(Output_Selection, The_Start_Values_Are_Not_The_Recommended_Table_And_Show_As_User_Specific)
 {
     const auto start = Start_Output();
@@ -60,3 +62,5 @@ TEST(Output_Selection, A_Row_Shows_Its_Substance_For_Substance_Quantities_And_It
     for (const int with : {3, 6, 7, 14, 15, 16, 17, 18, 19, 20, 23, 24, 25, 26, 27, 28})
         EXPECT_TRUE(Depth_Visible(with)) << with;
 }
+
+} // namespace orvel

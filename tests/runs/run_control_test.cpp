@@ -2,6 +2,8 @@
 #include "runs/output_selection.h"
 #include "runs/run_control.h"
 
+namespace orvel {
+
 using Run_Control_Test = Run_Test;
 
 namespace {
@@ -272,3 +274,5 @@ TEST_F(Run_Control_Test, A_Name_That_Would_Break_A_Line_Is_Not_Fit_For_A_Run)
     EXPECT_FALSE(Fits_A_Line("back\\slash.psm"));
     EXPECT_FALSE(Fits_A_Line(".psm"));
 }
+
+} // namespace orvel

@@ -15,6 +15,8 @@
 #include <memory>
 #include <string>
 
+namespace orvel {
+
 inline const Mode& Focus()
 {
     return Mode_Of(Mode_Kind::Focus);
@@ -106,3 +108,5 @@ protected:
     Session& Shared = *Held;
     Told The_User;
 };
+
+} // namespace orvel

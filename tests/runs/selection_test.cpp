@@ -1,6 +1,8 @@
 #include "run_fixture.h"
 #include "runs/selection.h"
 
+namespace orvel {
+
 class Selection_Test : public Run_Test {
 protected:
     Selection_Test()
@@ -231,3 +233,5 @@ TEST_F(Selection_Test, The_List_Of_Pesticide_Files_Leaves_Out_Names_That_No_Run_
 
     EXPECT_EQ(Pesticide_List(Shared), (std::vector<std::string>{"A.PSM", "b.psm", "\xE4 file,1;&.psm"}));
 }
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -258,3 +260,5 @@ TEST_F(Single_Run_Test, The_Form_Opens_With_What_The_Last_Run_Control_Says)
     EXPECT_EQ(entry.End_Month_Index, 11);
     EXPECT_EQ(Val(entry.Years), 3);
 }
+
+} // namespace orvel

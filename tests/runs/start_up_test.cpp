@@ -2,6 +2,8 @@
 #include "runs/output_selection.h"
 #include "runs/start_up.h"
 
+namespace orvel {
+
 using Start_Up_Test = Run_Test;
 
 TEST_F(Start_Up_Test, The_Versions_Come_From_The_Engine_And_The_Scenario_Files)
@@ -118,3 +120,5 @@ TEST_F(Start_Up_Test, Shipped_Files_Become_Read_Only_And_Individual_Crops_Stay_W
     EXPECT_FALSE(Is_Read_Only(Home / "focus" / "My_Indiv2.SZE"));
     EXPECT_EQ(steps, (std::vector<std::pair<int, int>>{{0, 3}, {1, 3}, {2, 3}}));
 }
+
+} // namespace orvel

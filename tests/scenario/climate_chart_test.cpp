@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 TEST(Climate_Chart_Rule, Joins_The_Days_In_Order_Under_The_Title_Of_The_Series)
@@ -61,3 +63,5 @@ TEST(Climate_Chart_Rule, Without_Days_The_Diagram_Is_Empty)
 }
 
 } // namespace
+
+} // namespace orvel

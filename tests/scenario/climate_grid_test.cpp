@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Day = 0, Month = 1, Year = 2, Hour = 3, Rain = 4, Temp_Mean = 7, Radiation = 10;
@@ -131,3 +133,5 @@ TEST(Climate_Editor, A_Hundred_Thousand_Days_Are_Shown_And_Saved)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Two_Crops =
@@ -82,3 +84,5 @@ TEST(Crop_Data_Base, A_Count_Beyond_All_Reason_Is_Refused_Before_Anything_Is_Rea
 }
 
 } // namespace
+
+} // namespace orvel

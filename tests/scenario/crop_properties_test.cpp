@@ -7,6 +7,8 @@
 
 #include <set>
 
+namespace orvel {
+
 namespace {
 
 struct Crop_Properties : testing::Test {
@@ -174,3 +176,5 @@ TEST_F(Crop_Properties, A_Value_Beyond_Its_Limit_Is_Warned_Of_And_The_Limit_Itse
 }
 
 } // namespace
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 #include <fstream>
 #include <random>
 
+namespace orvel {
+
 namespace {
 
 using enum Crop_Stage;
@@ -483,3 +485,5 @@ TEST_F(Crop_Data_Reader, The_Case_Of_The_Name_Does_Not_Matter)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 struct Scenario_Saving : testing::Test {
@@ -152,3 +154,5 @@ TEST_F(Scenario_Saving, A_Form_With_Changes_Asks_And_Stays_By_Default)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 struct Scenario_Fields : testing::Test {
@@ -169,3 +171,5 @@ TEST_F(Scenario_Fields, Without_Layers_There_Is_No_Thickness)
 }
 
 } // namespace
+
+} // namespace orvel

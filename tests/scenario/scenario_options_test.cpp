@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 struct Scenario_Options : testing::Test {
@@ -172,3 +174,5 @@ TEST_F(Scenario_Options, Flags_That_No_Option_Stands_For_Show_The_Nearest_One)
 }
 
 } // namespace
+
+} // namespace orvel

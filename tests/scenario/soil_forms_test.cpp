@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 struct Soil_Forms : testing::Test {
@@ -192,3 +194,5 @@ TEST_F(Soil_Forms, A_Smaller_Grid_Drops_The_Horizons_Behind_It)
 }
 
 } // namespace
+
+} // namespace orvel

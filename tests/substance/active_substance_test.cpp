@@ -2,6 +2,8 @@
 
 #include "application_session.h"
 
+namespace orvel {
+
 namespace {
 
 class Active_Substance : public Application_Session {
@@ -108,3 +110,5 @@ TEST_F(Active_Substance, An_Error_In_The_Sequence_Keeps_The_Form_Open_And_The_Co
 
     EXPECT_EQ(Document.App_Loc_Count, 9);
 }
+
+} // namespace orvel

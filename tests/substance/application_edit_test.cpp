@@ -2,6 +2,8 @@
 
 #include "application_session.h"
 
+namespace orvel {
+
 using Application_Edit = Application_Session;
 
 TEST_F(Application_Edit, Goes_To_The_Same_Position_Of_All_Years)
@@ -142,3 +144,5 @@ TEST_F(Application_Edit, Manual_Entry_Needs_A_Number_First)
     EXPECT_EQ(Check_Manual_Entry(""), (Refusal{{"data check", "First insert number of applications"}, "Text_naps"}));
     EXPECT_EQ(Check_Manual_Entry("3"), std::nullopt);
 }
+
+} // namespace orvel

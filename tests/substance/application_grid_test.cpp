@@ -2,6 +2,8 @@
 
 #include "application_session.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr auto Soil = Application_Method::Soil;
@@ -148,3 +150,5 @@ TEST_F(Single_Applications, Are_Stored_Row_By_Row)
     EXPECT_EQ(At(2).App_Time, 0);
     EXPECT_EQ(At(2).App_Crop_Flag, 10);
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace orvel {
+
 namespace {
 
 // A session whose first location has `count` applications, `per_year` of them before the dates repeat.
@@ -116,3 +118,5 @@ TEST(Application_Pattern, A_Count_Beyond_The_List_Is_Cut_To_It)
 
     EXPECT_EQ(Pattern_Of(*session), 0); // 521 is no multiple
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "application_session.h"
 
+namespace orvel {
+
 namespace {
 
 class Application_Sequence : public Application_Session {
@@ -118,3 +120,5 @@ TEST_F(Application_Sequence, A_Relative_Year_Above_89_Is_An_Error_Too)
 
     EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (application no. 26)", "Tage"));
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "pesticide_session.h"
 #include "substance/application_year.h"
 
+namespace orvel {
+
 // A new document whose location 1 is under edit, at its first application.
 class Application_Session : public Pesticide_Session {
 protected:
@@ -37,3 +39,5 @@ protected:
 
     const Application& At(int a) const { return Document.Applications[1][a]; }
 };
+
+} // namespace orvel

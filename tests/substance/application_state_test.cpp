@@ -2,6 +2,8 @@
 
 #include "application_session.h"
 
+namespace orvel {
+
 using Application_State = Application_Session;
 
 TEST_F(Application_State, Loads_With_The_Applications_A_Year_Of_All_Locations)
@@ -143,3 +145,5 @@ TEST_F(Application_State, Cancel_Clears_The_Changed_Flag_Even_If_An_Arrow_Was_Ch
 
     EXPECT_FALSE(Shared.Program.PSM_Changed);
 }
+
+} // namespace orvel

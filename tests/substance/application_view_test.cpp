@@ -2,6 +2,8 @@
 
 #include "application_session.h"
 
+namespace orvel {
+
 using Application_Half = Application_Session;
 
 TEST_F(Application_Half, Shows_A_Regular_List_In_A_Sentence_And_By_Its_Position)
@@ -144,3 +146,5 @@ TEST_F(Application_Half, A_Pattern_Chosen_For_A_List_With_Fractions_Stays_Chosen
     EXPECT_FALSE(view.Year_Visible);
     EXPECT_TRUE(view.Text_naps_Enabled);
 }
+
+} // namespace orvel

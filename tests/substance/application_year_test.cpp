@@ -2,6 +2,8 @@
 
 #include "application_session.h"
 
+namespace orvel {
+
 using Application_Year = Application_Session;
 
 TEST_F(Application_Year, Is_Repeated_Over_The_Years_Of_The_Pattern)
@@ -230,3 +232,5 @@ TEST_F(Application_Year, Is_Walked_From_Its_First_To_Its_Last_Application)
     Previous_In_Year(Shared);
     EXPECT_EQ(Shared.Run.App_Current, 1);
 }
+
+} // namespace orvel

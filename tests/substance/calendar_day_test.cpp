@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 TEST(Calendar_Day, Counts_Days_Without_Leap_Years)
 {
     EXPECT_EQ(Day_Of_Year(1, 1), 1);
@@ -25,3 +27,5 @@ TEST(Calendar_Day, Finds_The_Date_Of_A_Day_Of_Year_And_Wraps_Behind_December)
     EXPECT_EQ(Datum_Im_Jahr(366), (Calendar_Day{1, 1}));
     EXPECT_EQ(Datum_Im_Jahr(730), (Calendar_Day{31, 12}));
 }
+
+} // namespace orvel

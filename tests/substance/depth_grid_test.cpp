@@ -3,6 +3,8 @@
 #include "pesticide_session.h"
 #include "substance/horizon_table.h"
 
+namespace orvel {
+
 namespace {
 
 std::vector<int> Factors_Of(int i)
@@ -158,3 +160,5 @@ TEST_F(Depth_Dependence, A_Factor_Edited_After_The_Default_Was_Taken_Stays)
     EXPECT_EQ(Document.Horizons[1].Hor_Deg[1][2].Number(), 7);
     EXPECT_EQ(Document.Horizons[1].Hor_Deg[2][2].Number(), 11);
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 Rate_Texts Left(Rate_Texts texts, Rate_Field field)
@@ -59,3 +61,5 @@ TEST(Half_Lives, One_Of_The_Three_Fields_Takes_Typing)
     EXPECT_EQ(Enabled_Rate_Fields(Rate_Field::DT50), (std::array{false, true, false}));
     EXPECT_EQ(Enabled_Rate_Fields(Rate_Field::DT90), (std::array{false, false, true}));
 }
+
+} // namespace orvel

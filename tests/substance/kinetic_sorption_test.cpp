@@ -2,6 +2,8 @@
 
 #include "pesticide_session.h"
 
+namespace orvel {
+
 namespace {
 
 using enum Kinetic_Model;
@@ -125,3 +127,5 @@ TEST_F(Kinetic_Sorption, A_Value_Beyond_The_Range_Is_Converted_Without_Failing)
 
     EXPECT_EQ(entry.s_f_neq, "1.79769313486232E+308");
 }
+
+} // namespace orvel

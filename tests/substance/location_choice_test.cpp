@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 struct Location_Choice : testing::Test {
@@ -113,3 +115,5 @@ TEST_F(Location_Choice, No_More_Than_Nine_Locations_Are_Listed)
 }
 
 } // namespace
+
+} // namespace orvel

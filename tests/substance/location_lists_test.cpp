@@ -3,6 +3,8 @@
 #include "application_session.h"
 #include "substance/location_choice.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr const char* North = "Total content - North (T_N)";
@@ -131,3 +133,5 @@ TEST_F(Location_Lists_Of_A_Document, Lose_An_Entry_Of_The_Hidden_One_Without_Mov
     EXPECT_EQ(Rate(1), 2); // Hamburg, first of the visible list since the load
     EXPECT_EQ(Rate(2), 3);
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace orvel {
+
 namespace {
 
 std::unique_ptr<Pesticide_Document> New_Document()
@@ -82,3 +84,5 @@ TEST(Pathway_Picture, Soil_Photolysis_Shows_For_The_Arrows_Of_The_Active_Substan
     EXPECT_TRUE(Shows_Photolysis(5));
     EXPECT_FALSE(Shows_Photolysis(6));
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace orvel {
+
 namespace {
 
 // A new document with a rate on each of the arrows named.
@@ -117,3 +119,5 @@ TEST(Arrow_Table, The_Label_Names_The_Target)
                   std::string(names[static_cast<std::size_t>(arrow.Source)]) + " to " + std::string(names[static_cast<std::size_t>(arrow.Target)]));
     }
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "pesticide_session.h"
 #include "substance/application_list.h"
 
+namespace orvel {
+
 using Pesticide_Editor = Pesticide_Session;
 
 TEST_F(Pesticide_Editor, Starts_A_New_Document_With_One_Application_Every_Year)
@@ -124,3 +126,5 @@ TEST_F(Pesticide_Editor, Walks_Over_No_More_Applications_Than_There_Are_Slots)
     EXPECT_EQ(Applications_Of(Document, 1), 0);
     EXPECT_EQ(Applications_Of(Document, 2), 26);
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace orvel {
+
 // A session with a new pesticide document and a user who keeps every message.
 class Pesticide_Session : public testing::Test {
 protected:
@@ -20,3 +22,5 @@ protected:
     Pesticide_Document& Document = Shared.Pesticide;
     Told The_User;
 };
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "pesticide_session.h"
 
+namespace orvel {
+
 using PH_Sorption = Pesticide_Session;
 
 TEST_F(PH_Sorption, With_A_Single_pH_Opens_With_The_Box_Checked_And_The_Second_Pair_Hidden)
@@ -74,3 +76,5 @@ TEST_F(PH_Sorption, A_Single_pH_Stores_Minus_99_Whatever_The_Field_Says)
 
     EXPECT_EQ(Document.Sorp_pH2[2], Variant(-99));
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "pesticide_session.h"
 
+namespace orvel {
+
 using Plant_Surface = Pesticide_Session;
 
 TEST_F(Plant_Surface, Opens_With_The_Defaults_Of_A_New_Document)
@@ -30,3 +32,5 @@ TEST_F(Plant_Surface, Shows_The_Filtration_For_Exponential_Interception_Only)
     for (const auto method : {Application_Method::Soil, Application_Method::Linear, Application_Method::Manually})
         EXPECT_FALSE(Shows_Filtration(method));
 }
+
+} // namespace orvel

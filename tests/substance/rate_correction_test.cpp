@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 TEST(Rate_Correction, Is_Recommended_Whatever_The_Non_Equilibrium_Sites_Are)
 {
     EXPECT_EQ(Recognise_Correction({"20", "2.58", "0", "100", "0.7", "0.1"}), Correction::Recommended);
@@ -71,3 +73,5 @@ TEST(Rate_Correction, Leaves_At_Most_One_Moisture_Above_Zero)
     Leave_Absolute_Moisture(texts);
     EXPECT_EQ(texts.Moisture_Rel, "50");
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "pesticide_session.h"
 #include "substance/horizon_table.h"
 
+namespace orvel {
+
 using Substance_Form = Pesticide_Session;
 
 TEST_F(Substance_Form, Shows_The_Fields_Of_Its_Substance)
@@ -127,3 +129,5 @@ TEST_F(Substance_Form, Grows_The_Table_For_Its_Number_Of_Horizons_And_Keeps_It_W
     Store_Substance(Document, 2, entry);
     EXPECT_EQ(Document.N_Horizons, Variant(2));
 }
+
+} // namespace orvel

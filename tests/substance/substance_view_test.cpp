@@ -2,6 +2,8 @@
 
 #include "pesticide_session.h"
 
+namespace orvel {
+
 using Substance_View = Pesticide_Session;
 
 TEST_F(Substance_View, A_Direct_Henry_Constant_Of_A_Soil_Application_Needs_No_Vapour_Pressure)
@@ -54,3 +56,5 @@ TEST_F(Substance_View, The_Form_Of_A_Metabolite_Is_Named_By_Its_Place)
     EXPECT_EQ(Metabolite_Caption(2), "Metabolite A1");
     EXPECT_EQ(Metabolite_Caption(9), "Metabolite D2");
 }
+
+} // namespace orvel

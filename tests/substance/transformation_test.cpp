@@ -3,6 +3,8 @@
 #include "pesticide_session.h"
 #include "substance/pathway.h"
 
+namespace orvel {
+
 using Transformation = Pesticide_Session;
 
 TEST_F(Transformation, Shows_The_Row_Of_Its_Arrow)
@@ -100,3 +102,5 @@ TEST_F(Transformation, The_Parameters_Of_A_Substance_That_Falls_Out_Of_The_Schem
     EXPECT_FALSE(Document.Met_Present[2]);
     EXPECT_EQ(Document.Degradation[2][1].Deg_Rate, Variant(0.2));
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include "pesticide_session.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr bool Direct = true, Calculated = false;
@@ -77,3 +79,5 @@ TEST_F(Volatilisation_Pairs, Go_To_The_Document_And_Back_With_All_Their_Digits)
     EXPECT_EQ(Scientific_Text(1.23456E-4), "1.23E-04");
     EXPECT_EQ(Scientific_Text(0), "0.00E+00");
 }
+
+} // namespace orvel

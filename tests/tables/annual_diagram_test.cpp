@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 // A table as the period file has it: period p has the concentration first + p / 10.
@@ -95,3 +97,5 @@ TEST(Annual_Diagram_Rule, A_Period_With_Concentration_0_Has_A_Box_Of_Height_0_An
 }
 
 } // namespace
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::string_view Water = "ORVEL engine 4.01\r\nAnnual Rain Balance (demo)\r\n1997\r\n4\r\n\r\n\r\n\tAnnual Water Balance (L/m\xB2)\r\n\r\n"
@@ -115,3 +117,5 @@ TEST(Balance_Charts, An_Empty_File_Gives_No_Tables_And_An_Empty_Table_An_Empty_D
 }
 
 } // namespace
+
+} // namespace orvel

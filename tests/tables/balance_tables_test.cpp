@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -182,3 +184,5 @@ TEST_F(Balance_Tables_Test, Figures_That_No_Number_Holds_Are_Told)
     EXPECT_NE(Build_Or_Load_Balance(Run.Path(), Balance_View::Annual).Failure, "");
     EXPECT_FALSE(Has_Cache());
 }
+
+} // namespace orvel

@@ -7,15 +7,17 @@
 
 #include <numeric>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Precipitation = 1, Soil_Moisture = 6, Application_Rate = 8, Volatilisation = 13, Leaching = 20;
 constexpr std::array<int, 13> Days_Of_Month = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 
 // Years of 365 days from year 1 on.
-std::vector<Calendar_Day> Calendar(int years)
+std::vector<Run_Day> Calendar(int years)
 {
-    std::vector<Calendar_Day> days;
+    std::vector<Run_Day> days;
     for (int year = 1; year <= years; ++year) {
         for (int month = 1; month <= 12; ++month) {
             for (int day = 1; day <= Days_Of_Month[static_cast<std::size_t>(month)]; ++day)
@@ -213,3 +215,5 @@ TEST(Daily_Diagram_Rule, Copied_Data_Of_A_Part_Keep_Their_Positions_In_The_Whole
 }
 
 } // namespace
+
+} // namespace orvel

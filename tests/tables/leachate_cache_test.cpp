@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -171,3 +173,5 @@ TEST_F(Leachate_Cache, Nothing_But_The_Two_Caches_Is_Left_In_The_Run_Directory)
 
     EXPECT_EQ(List_Files(Run.Path(), "*"), (std::vector<std::string>{"chem.orv", "echo.orv", "period.orv", "plot.orv", "Wasser.orv", "year.orv"}));
 }
+
+} // namespace orvel

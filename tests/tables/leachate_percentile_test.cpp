@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 // Rows with a percolate of 100 L/m2, so that the concentration in ug/L is the flux in g/ha.
@@ -130,3 +132,5 @@ TEST(Leachate_Percentile, With_No_Year_Evaluated_All_Is_0)
     EXPECT_EQ(Evaluate_Leachate(Rising_Years(0), Warm_Up_Years), Leachate_Result{});
     EXPECT_EQ(Evaluate_Leachate({}, Warm_Up_Years), Leachate_Result{});
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 // A year table as it stands in year.orv, with a percolate of 100 L/m2 and the given fluxes, g/ha; title and result rows are plain.
@@ -136,3 +138,5 @@ TEST(Leachate_Periods, Tables_Are_Read_Back_With_Their_Printed_Figures)
     EXPECT_EQ(set[0][0].Rows, periods.Set[0][0].Rows);
     EXPECT_EQ(set[0][0].Result, (Leachate_Result{{330, 2000, 16.5}, {45, 200, 22.5}, 17, 16}));
 }
+
+} // namespace orvel

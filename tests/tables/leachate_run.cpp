@@ -4,6 +4,8 @@
 
 #include <numeric>
 
+namespace orvel {
+
 namespace {
 
 // Grams as the kilograms of the engine's files.
@@ -52,3 +54,5 @@ std::vector<std::string> Lines_With(const std::string& text, const std::string& 
     }
     return lines;
 }
+
+} // namespace orvel

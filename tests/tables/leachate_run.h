@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // A run directory of the engine, for the leachate tables.
 class Leachate_Run {
 public:
@@ -27,3 +29,5 @@ std::vector<int> Rising(int years);
 
 // All lines of a text that hold a part.
 std::vector<std::string> Lines_With(const std::string& text, const std::string& part);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -305,3 +307,5 @@ TEST(Leachate_Tables, Figures_Whose_Sum_No_Number_Holds_Are_Told)
     EXPECT_EQ(tables.Failure, "A value that is not a number cannot be printed.");
     EXPECT_FALSE(fs::exists(run / "year.orv"));
 }
+
+} // namespace orvel

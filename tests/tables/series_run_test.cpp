@@ -12,6 +12,10 @@
 
 #include <cmath>
 
+namespace orvel {
+
+using namespace engine;
+
 // What the daily diagram sums up over a year is what the balances of the same run tell, for every flow.
 
 namespace {
@@ -216,3 +220,5 @@ TEST_F(Series_Of_A_Run, Months_And_Days_Sum_To_The_Years)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <chrono>
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -278,3 +280,5 @@ TEST_F(Series_Table_Test, The_Directory_Of_A_Batch_Keeps_Its_Own_Table)
     EXPECT_THROW(Make_Utility_Table(Utility::Year, run, Place.Path()), File_Error);
     EXPECT_FALSE(fs::exists(run / "year.orv"));
 }
+
+} // namespace orvel

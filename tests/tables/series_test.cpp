@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <fstream>
 
+namespace orvel {
+
 namespace {
 
 struct Series_Reader : testing::Test {
@@ -145,3 +147,5 @@ TEST_F(Series_Reader, A_Missing_Calendar_Or_Series_Gives_An_Empty_Diagram)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -285,3 +287,5 @@ TEST_F(Soil_Concentrations_Test, A_Year_Of_Days_Is_Told_And_The_User_May_Stop)
     EXPECT_EQ(soil.Failure, "The reading was stopped.");
     EXPECT_FALSE(fs::exists(Run / "PECsoil_1.orv"));
 }
+
+} // namespace orvel

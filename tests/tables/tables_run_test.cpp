@@ -12,6 +12,10 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+namespace orvel {
+
+using namespace engine;
+
 // The tables out of a run of the engine agree with one another and with what the engine tells of the same amounts.
 
 namespace {
@@ -132,3 +136,5 @@ TEST_F(Tables_Of_A_Run, Averages_In_The_Soil_Do_Not_Rise_With_Their_Window)
     for (std::size_t w = 1; w < maximum.size(); ++w)
         EXPECT_LE(maximum[w].Value, maximum[w - 1].Value * (1 + 1e-12)) << w;
 }
+
+} // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 const std::vector<Number_Column> Columns = {{"Horizon Number", false}, {"Thickness"}, {"pH"}, {"Kind", true, {"sand", "Clay"}}};
@@ -72,3 +74,5 @@ TEST(Grid_Heading, Ends_A_Line_At_Wide_Blanks_And_Before_A_Unit)
 }
 
 } // namespace
+
+} // namespace orvel

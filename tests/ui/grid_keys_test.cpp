@@ -4,6 +4,8 @@
 
 #include <set>
 
+namespace orvel {
+
 namespace {
 
 std::string Typed(Key_Action (*rule)(int), std::initializer_list<int> codes, std::string cell = "")
@@ -83,3 +85,5 @@ TEST(Key_Codes, A_Typed_Character_Has_The_Code_That_Writes_It)
 }
 
 } // namespace
+
+} // namespace orvel

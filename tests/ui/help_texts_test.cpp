@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace orvel {
+
 TEST(Help_Texts, A_File_In_Order_Gives_One_Text_For_Each_Number)
 {
     EXPECT_EQ(Parse_Help_Texts("XXX0\r\nzero\r\nXXX1\r\none\r\nsecond line\r\nXXX2\r\ntwo\r\nXXX\r\n"),
@@ -52,3 +54,5 @@ TEST(Help_Texts, A_Missing_Or_Empty_File_Leaves_None)
     Load_Help_Texts(*session);
     EXPECT_TRUE(session->Program.Help_Text.empty());
 }
+
+} // namespace orvel

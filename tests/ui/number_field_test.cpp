@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 TEST(A_Number_Field, Says_Nothing_Of_A_Text_That_Is_A_Number_From_End_To_End)
 {
     for (const auto* typed : {"0", "1.5", ".5", "5.", "-3", "+4", "1e-3", "1.5E+10", "  20 ", "-99"})
@@ -54,3 +56,5 @@ TEST(A_Number_Field, Of_Whole_Numbers_Rounds_Halves_To_Even_And_Ends_Where_An_I1
     EXPECT_EQ(Typed_Integer("1E9"), 32767);
     EXPECT_EQ(Typed_Integer("-1E9"), -32768);
 }
+
+} // namespace orvel

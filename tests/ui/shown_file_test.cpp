@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace {
 
 class Shown_File_Test : public testing::Test {
@@ -59,3 +61,5 @@ TEST_F(Shown_File_Test, A_File_That_Cannot_Be_Read_Is_Told)
     EXPECT_FALSE(Shown_Echo(*Shared, Place.Path()));
     EXPECT_EQ(The_User.Messages.size(), 2U);
 }
+
+} // namespace orvel

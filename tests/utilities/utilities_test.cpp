@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <gtest/gtest.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -91,3 +93,5 @@ TEST_F(Utilities, Without_Whole_Series_They_Fail_With_A_Sentence_And_Leave_No_Fi
     Write_File(Place / "plot.orv", Head() + Plot_Line(1, 24, {"0.25"}) + Plot_Line(2, 24, {"0.5"}));
     expect_failure("The file plot.orv ends on 31.12.1, which is not the end of its run of 2 years.");
 }
+
+} // namespace orvel

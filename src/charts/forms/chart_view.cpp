@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+namespace orvel {
+
 Chart_View::Chart_View(QWidget* parent) : QWidget(parent)
 {
     setMouseTracking(true);
@@ -115,3 +117,5 @@ void Chart_View::Show_Value(const QPointF& position, const QPoint& global)
     else
         QToolTip::showText(global, Shown(text), this);
 }
+
+} // namespace orvel

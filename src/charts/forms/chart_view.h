@@ -5,6 +5,8 @@
 #include <optional>
 #include <QWidget>
 
+namespace orvel {
+
 // Shows a chart in the colours of the window. It tells the value under the mouse, and can be asked for a span by dragging.
 class Chart_View : public QWidget {
     Q_OBJECT
@@ -42,3 +44,5 @@ private:
     QPointF Dragged_To;
     bool Zooms = false;
 };
+
+} // namespace orvel

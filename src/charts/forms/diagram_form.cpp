@@ -7,6 +7,8 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+namespace orvel {
+
 Diagram_Form::Diagram_Form(const QString& name, Ask_Function ask, QWidget* parent) : QDialog(parent), Ask(std::move(ask))
 {
     setObjectName(name);
@@ -60,3 +62,5 @@ void Diagram_Form::Speichern()
 {
     Save_Picture_As(*this, Ask, Picture_Of(Shown_Chart()), "Save Graph", "diagram.png");
 }
+
+} // namespace orvel

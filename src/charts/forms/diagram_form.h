@@ -5,10 +5,13 @@
 
 #include <QDialog>
 
-class Chart_View;
 class QHBoxLayout;
 class QPushButton;
 class QVBoxLayout;
+
+namespace orvel {
+
+class Chart_View;
 
 // What all diagram forms have: the diagram, and buttons that copy, print and save it. A form adds its choices above the buttons.
 class Diagram_Form : public QDialog {
@@ -35,3 +38,5 @@ private:
     QHBoxLayout* Buttons = nullptr;
     Chart_View* Diagramm = nullptr;
 };
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <QPrintDialog>
 #include <QPrinter>
 
+namespace orvel {
+
 void Copy_Picture(const Picture& picture)
 {
     QApplication::clipboard()->setImage(Picture_Image(picture));
@@ -37,3 +39,5 @@ try {
 } catch (const File_Error& error) {
     ask({Bytes_Of(title), Bytes_Of(QString::fromUtf8(error.what()))});
 }
+
+} // namespace orvel

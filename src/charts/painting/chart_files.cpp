@@ -10,6 +10,8 @@
 #include <QPdfWriter>
 #include <QSvgGenerator>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Picture_Dpi = 144;
@@ -115,3 +117,5 @@ void Save_Chart(const Chart& chart, const std::filesystem::path& file)
 {
     Save_Picture(Picture_Of(chart), file);
 }
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QPainter>
 
+namespace orvel {
+
 // Pictures on paper: the same painting as on the screen.
 
 // What can be painted into an area of any device.
@@ -28,3 +30,5 @@ QImage Chart_Image(const Chart& chart, QSize size);
 // file is as it was.
 void Save_Picture(const Picture& picture, const std::filesystem::path& file);
 void Save_Chart(const Chart& chart, const std::filesystem::path& file);
+
+} // namespace orvel

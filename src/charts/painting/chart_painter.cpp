@@ -8,6 +8,8 @@
 #include <cmath>
 #include <QPolygonF>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Most_Crossings = 50; // of the plane, by a line that is drawn wide and smooth
@@ -246,3 +248,5 @@ void Paint_Chart(QPainter& painter, const QRectF& area, const Chart& chart, cons
     Chart_Drawing(painter, area, chart, palette).Draw();
     painter.restore();
 }
+
+} // namespace orvel

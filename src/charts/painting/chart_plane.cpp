@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Margin = 0.6; // of a line of text
@@ -119,3 +121,5 @@ double Chart_Plane::X_Of(double pixel) const
 {
     return Frame.Left + (pixel - Plane.left()) / Plane.width() * (Frame.Right - Frame.Left);
 }
+
+} // namespace orvel

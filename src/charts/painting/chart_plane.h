@@ -10,6 +10,8 @@
 
 class QPaintDevice;
 
+namespace orvel {
+
 // Where the parts of a chart lie in a picture of any size: nothing that is written on it is cut, and no label covers another.
 
 constexpr double Title_Scale = 1.15; // of the text's size
@@ -48,3 +50,5 @@ private:
     Chart_Frame Frame;
     QRectF Plane;
 };
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace orvel {
+
 std::optional<Lock> Lock::Take(const std::filesystem::path& path, bool inherited)
 {
     const int number = ::open(path.c_str(), O_RDONLY | (inherited ? 0 : O_CLOEXEC));
@@ -54,3 +56,5 @@ bool Is_Locked(const std::filesystem::path& path)
     ::close(number);
     return locked;
 }
+
+} // namespace orvel

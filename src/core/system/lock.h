@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <optional>
 
+namespace orvel {
+
 // An advisory lock on a file or directory: the sign of life of a job, a run, an engine. The system drops it when the last process that
 // holds it ends, so no sign outlives a crash.
 class Lock {
@@ -29,3 +31,5 @@ private:
 
 // Whether a process holds the lock of a path, tested without waiting. A path that is not there is not locked.
 bool Is_Locked(const std::filesystem::path& path);
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <unistd.h>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -106,3 +108,5 @@ fs::path Program_In_Path(const std::string& name)
     }
     return {};
 }
+
+} // namespace orvel

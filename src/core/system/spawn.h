@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace orvel {
+
 // Starting another program without a copy of this one, which may be large and have windows.
 
 struct Program_Start {
@@ -24,3 +26,5 @@ std::filesystem::path Program_Beside(const std::string& name);
 
 // The program of this name in the directories of PATH, or an empty path.
 std::filesystem::path Program_In_Path(const std::string& name);
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+namespace orvel {
+
 Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
 {
     setObjectName("Form_name");
@@ -29,3 +31,5 @@ Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
     all->addLayout(rows);
     all->addWidget(buttons);
 }
+
+} // namespace orvel

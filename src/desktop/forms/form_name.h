@@ -4,6 +4,8 @@
 
 #include <QDialog>
 
+namespace orvel {
+
 // What is running here: the versions, the engine's file and the installation, to be quoted in a report.
 class Form_name : public QDialog {
     Q_OBJECT
@@ -11,3 +13,5 @@ class Form_name : public QDialog {
 public:
     explicit Form_name(const Session& session, QWidget* parent = nullptr);
 };
+
+} // namespace orvel

@@ -19,6 +19,8 @@
 #include <QTimer>
 #include <QToolButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr QSize Picture_Size(144, 108);
@@ -253,3 +255,5 @@ void Start::Release_Notes()
 {
     Versionsinfo(Shared, this).exec();
 }
+
+} // namespace orvel

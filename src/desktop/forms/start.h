@@ -5,12 +5,15 @@
 
 #include <QWidget>
 
-class Help_Assistant;
 class QGroupBox;
 class QLabel;
 class QLayout;
 class QPushButton;
 class QToolButton;
+
+namespace orvel {
+
+class Help_Assistant;
 
 // The main window: the three kinds of document and the four kinds of run. Closing it ends the program.
 class Start : public QWidget {
@@ -53,3 +56,5 @@ private:
     QGroupBox* Nachricht = nullptr;
     bool Protected_In_Vain = false; // once is enough: the user knows
 };
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <QNetworkReply>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Time_Limit = 5000; // ms
@@ -57,3 +59,5 @@ QUrl Update_Address()
 {
     return QUrl(QString::fromLatin1(ORVEL_UPDATE_ADDRESS));
 }
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 
 class QNetworkReply;
 
+namespace orvel {
+
 // Asks a server for the page that lists the current package: one GET with a time limit, beside the event loop. A page is read no further than its
 // first package or a megabyte.
 class Update_Fetch : public QObject {
@@ -38,3 +40,5 @@ private:
 
 // The address that this build was made with; empty by default.
 QUrl Update_Address();
+
+} // namespace orvel

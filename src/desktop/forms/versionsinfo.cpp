@@ -11,6 +11,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+namespace orvel {
+
 Versionsinfo::Versionsinfo(const Session& session, QWidget* parent) : QDialog(parent)
 {
     setObjectName("Versionsinfo");
@@ -43,3 +45,5 @@ Versionsinfo::Versionsinfo(const Session& session, QWidget* parent) : QDialog(pa
     all->addWidget(notes, 1);
     all->addWidget(buttons);
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <QDialog>
 
+namespace orvel {
+
 // The release notes.
 class Versionsinfo : public QDialog {
     Q_OBJECT
@@ -11,3 +13,5 @@ class Versionsinfo : public QDialog {
 public:
     explicit Versionsinfo(const Session& session, QWidget* parent = nullptr);
 };
+
+} // namespace orvel

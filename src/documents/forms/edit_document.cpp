@@ -4,6 +4,8 @@
 #include "scenario/forms/szenario.h"
 #include "substance/forms/form_psm_1.h"
 
+namespace orvel {
+
 void Edit_Document(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
 {
     if (kind == Document_Kind::Pesticide)
@@ -20,3 +22,5 @@ void Open_And_Edit(Session& session, const std::filesystem::path& file, QWidget*
     if (Open_Document(session, file) && kind)
         Edit_Document(session, *kind, file.parent_path(), parent);
 }
+
+} // namespace orvel

@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+namespace orvel {
+
 Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent) : QDialog(parent), Shared(session)
 {
     setObjectName("Form_PSM_Open");
@@ -77,3 +79,5 @@ void Form_PSM_Open::Open_New()
     Edit_Document(Shared, kind.value_or(Document_Kind::Climate), Files->Directory(), this);
     Files->Refresh(Shared.Program.PSM_File);
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <QDialog>
 
+namespace orvel {
+
 class Directory_Files;
 
 // The open dialog of all documents: the files of the session's mask, or a new one.
@@ -22,3 +24,5 @@ private:
     Session& Shared;
     Directory_Files* Files = nullptr;
 };
+
+} // namespace orvel

@@ -18,6 +18,8 @@
 #include <QSignalBlocker>
 #include <QTimer>
 
+namespace orvel {
+
 namespace {
 
 std::filesystem::path Directory_Of(const QComboBox& combo)
@@ -186,3 +188,5 @@ void Analyse::Grafik_Click()
 {
     taegliches_Diagramm_neu(Shared, Series->Choice(Run_Directory(), false), this).exec();
 }
+
+} // namespace orvel

@@ -5,12 +5,15 @@
 
 #include <QDialog>
 
-class Help_Assistant;
 class QComboBox;
 class QFormLayout;
 class QLabel;
 class QLayout;
 class QPushButton;
+
+namespace orvel {
+
+class Help_Assistant;
 class Series_Choice;
 
 // Picks one finished simulation of a mode and opens its tables and diagrams.
@@ -56,3 +59,5 @@ private:
     QPushButton* OK = nullptr;
     bool Failed = false; // the chosen simulation, and the user has not seen the report yet
 };
+
+} // namespace orvel

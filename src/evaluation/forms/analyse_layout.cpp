@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Combo_Columns = 36;
@@ -119,3 +121,5 @@ void Analyse::Attach_Help()
     for (const auto& [control, number] : controls)
         Assistant->Attach(control, number);
 }
+
+} // namespace orvel

@@ -16,6 +16,8 @@
 #include <QShortcut>
 #include <QStorageInfo>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::array<const char*, 4> File_Kinds = {"psm", "sze", "cli", "orv"};
@@ -227,3 +229,5 @@ void inout_sel::Grafik_Click()
 {
     taegliches_Diagramm_neu(Shared, Series->Choice(Directory, true), this).exec();
 }
+
+} // namespace orvel

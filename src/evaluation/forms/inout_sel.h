@@ -14,6 +14,9 @@ class QLabel;
 class QLayout;
 class QListWidget;
 class QPushButton;
+
+namespace orvel {
+
 class Series_Choice;
 
 // The input and output files of any directory, and the tables and diagrams of a single run there.
@@ -51,3 +54,5 @@ private:
     QPushButton *S_Jaehrlich = nullptr, *S_Monatlich = nullptr, *S_Taeglich = nullptr, *s_Echo = nullptr, *Grafik = nullptr;
     QTimer Timer1;
 };
+
+} // namespace orvel

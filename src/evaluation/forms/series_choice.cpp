@@ -8,6 +8,8 @@
 #include <QGroupBox>
 #include <QLabel>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Begin_Month = 0, End_Month = 1, Begin_Year = 2, End_Year = 3;
@@ -127,3 +129,5 @@ Daily_Choice Series_Choice::Choice(const std::filesystem::path& run_directory, b
             .Item = item.Text,
             .Request = {.Variable = item.Variable, .Cumulative = Cumulative->isChecked(), .From = period.From, .To = period.To}};
 }
+
+} // namespace orvel

@@ -11,6 +11,8 @@ class QCheckBox;
 class QComboBox;
 class QGroupBox;
 
+namespace orvel {
+
 // The choice of a series for the daily diagram: one of the run's series, a period of months, as a rate or cumulated.
 class Series_Choice : public QWidget {
     Q_OBJECT
@@ -37,3 +39,5 @@ private:
     QCheckBox* Cumulative = nullptr;
     std::array<QComboBox*, 4> Zeitintervall{}; // months of begin and end, years of begin and end
 };
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPalette>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Picture_Pixels = 64; // scaled down to the size of the text
@@ -135,3 +137,5 @@ QVariant Simulation_Model::headerData(int section, Qt::Orientation orientation, 
         return {};
     return Headings[static_cast<std::size_t>(section)];
 }
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 #include <QIcon>
 #include <vector>
 
+namespace orvel {
+
 // The list of simulations as a table; a row is marked while it is selected.
 class Simulation_Model : public QAbstractTableModel {
     Q_OBJECT
@@ -37,3 +39,5 @@ private:
     std::array<QIcon, 2> Markers;    // Nicht_Markiert, Markiert
     std::array<QIcon, 3> Status_Dot; // by Run_Status: rot, gelb, gruen
 };
+
+} // namespace orvel

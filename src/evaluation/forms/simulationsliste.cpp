@@ -14,6 +14,8 @@
 #include <QStyle>
 #include <QTableView>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Refresh_Interval = 2000; // ms
@@ -190,3 +192,5 @@ void Simulationsliste::Nochmals_Click()
     Refresh();
     Timer1.start(Refresh_Interval);
 }
+
+} // namespace orvel

@@ -6,10 +6,13 @@
 #include <QDialog>
 #include <QTimer>
 
-class Help_Assistant;
 class QLayout;
 class QPushButton;
 class QTableView;
+
+namespace orvel {
+
+class Help_Assistant;
 
 // All simulations of a mode with their state: one can be picked for evaluation, any number deleted.
 class Simulationsliste : public QDialog {
@@ -46,3 +49,5 @@ private:
     QPushButton *Auswaehlen = nullptr, *Loeschen = nullptr, *Nochmals = nullptr, *Ende = nullptr;
     QTimer Timer1;
 };
+
+} // namespace orvel

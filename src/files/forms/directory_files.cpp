@@ -12,6 +12,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Columns_Shown = 60, Rows_Shown = 14;
@@ -112,3 +114,5 @@ void Directory_Files::keyPressEvent(QKeyEvent* event)
     if (!is_enter || File1->hasFocus())
         QWidget::keyPressEvent(event);
 }
+
+} // namespace orvel

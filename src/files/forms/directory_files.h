@@ -7,6 +7,8 @@
 class QLineEdit;
 class QListWidget;
 
+namespace orvel {
+
 // A directory, typed or chosen, and its files that match a mask: what the open dialog and the save dialog share.
 class Directory_Files : public QWidget {
     Q_OBJECT
@@ -41,3 +43,5 @@ private:
     QLineEdit* Dir1 = nullptr;
     QListWidget* File1 = nullptr;
 };
+
+} // namespace orvel

@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 std::string Ending_Of(Document_Kind kind)
@@ -98,3 +100,5 @@ bool Form_Saving::May_Write()
     const Message replace{std::string(Saving_Input_File), "File already exists. Replace?", Icon::Question, {Button::Yes, Button::No}, Button::No};
     return !std::filesystem::exists(Target) || Shared.Ask(replace) == Button::Yes;
 }
+
+} // namespace orvel

@@ -6,8 +6,11 @@
 #include <filesystem>
 #include <QDialog>
 
-class Directory_Files;
 class QLineEdit;
+
+namespace orvel {
+
+class Directory_Files;
 
 // The save dialog of all documents. It is accepted when the document is written; the session's file name is then that of the file.
 class Form_Saving : public QDialog {
@@ -30,3 +33,5 @@ private:
     Directory_Files* Files = nullptr;
     QLineEdit* TextSave = nullptr;
 };
+
+} // namespace orvel

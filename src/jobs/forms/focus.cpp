@@ -22,6 +22,8 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Tick_Interval = 300;      // ms
@@ -313,3 +315,5 @@ void FOCUS::keyPressEvent(QKeyEvent* event)
     if (!Key(event->key()))
         QDialog::keyPressEvent(event);
 }
+
+} // namespace orvel

@@ -6,7 +6,6 @@
 #include <QDialog>
 #include <QTimer>
 
-class Help_Assistant;
 class QComboBox;
 class QGroupBox;
 class QLabel;
@@ -15,6 +14,10 @@ class QListWidget;
 class QProgressBar;
 class QPushButton;
 class QRadioButton;
+
+namespace orvel {
+
+class Help_Assistant;
 
 // Sets up the runs of a regulatory mode: pesticide file, crop and location, the pending batch, and the state of the job.
 class FOCUS : public QDialog {
@@ -88,3 +91,5 @@ private:
     QTimer Timer1;
     QTimer Progress_Timer; // on its own, so that the bar moves while Timer1 waits for the job to begin
 };
+
+} // namespace orvel

@@ -17,6 +17,8 @@
 #include <QRadioButton>
 #include <QStyle>
 
+namespace orvel {
+
 namespace {
 
 constexpr int List_Columns = 32;
@@ -221,3 +223,5 @@ QLayout* FOCUS::Buttons()
     Command2 = add("Command2", "&Done", &FOCUS::accept);
     return buttons;
 }
+
+} // namespace orvel

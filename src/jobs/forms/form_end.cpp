@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int State_Interval = 500; // ms
@@ -239,3 +241,5 @@ void form_end::Show_State()
     Run_Bar->setValue(state.Years_Done);
     Run_Text->setText(Shown(state.Text));
 }
+
+} // namespace orvel

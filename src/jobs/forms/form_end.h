@@ -16,6 +16,8 @@ class QProgressBar;
 class QPushButton;
 class QRadioButton;
 
+namespace orvel {
+
 // The single run: its input files, its period, its output, the archive of earlier output.
 class form_end : public QDialog {
     Q_OBJECT
@@ -69,3 +71,5 @@ private:
     QLabel* Run_Text = nullptr;
     QTimer Timer1;
 };
+
+} // namespace orvel

@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int List_Columns = 24, List_Rows = 9;
@@ -183,3 +185,5 @@ QLayout* form_end::Buttons()
     buttons->addWidget(exit);
     return buttons;
 }
+
+} // namespace orvel

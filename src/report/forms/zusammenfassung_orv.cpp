@@ -11,6 +11,8 @@
 #include <QFileDialog>
 #include <QPlainTextEdit>
 
+namespace orvel {
+
 namespace {
 
 constexpr std::size_t Text_Page = 0;
@@ -115,3 +117,5 @@ void Zusammenfassung_orv::Print()
     else
         Print_Text(*this, windowTitle(), Ergebnis->toPlainText());
 }
+
+} // namespace orvel

@@ -4,8 +4,11 @@
 #include "tables/forms/building_form.h"
 #include "report/summary_report.h"
 
-class Chart_View;
 class QPlainTextEdit;
+
+namespace orvel {
+
+class Chart_View;
 
 // The summary of one pesticide and crop over all locations: as text, and as a bar diagram per substance.
 class Zusammenfassung_orv : public Building_Form {
@@ -35,3 +38,5 @@ private:
     Chart_View* Diagramm = nullptr;
     QPushButton* S_Diagramm = nullptr;
 };
+
+} // namespace orvel

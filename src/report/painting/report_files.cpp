@@ -4,6 +4,8 @@
 #include "core/text.h"
 #include "report/report_forms.h"
 
+namespace orvel {
+
 namespace {
 
 std::string Pdf_Bytes(const Report& report, const std::filesystem::path& file)
@@ -29,3 +31,5 @@ bool Save_Report(Session& session, const std::vector<Summary_Request>& requests,
     Write_Whole(file, ending == ".pdf" ? Pdf_Bytes(*report, file) : Report_In_Form(*report, file));
     return true;
 }
+
+} // namespace orvel

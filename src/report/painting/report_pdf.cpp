@@ -16,6 +16,8 @@
 #include <QTextObjectInterface>
 #include <QTextTable>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Resolution = 300;
@@ -360,5 +362,7 @@ QByteArray Report_Pdf(const Report& report)
     }
     return bytes;
 }
+
+} // namespace orvel
 
 #include "report_pdf.moc"

@@ -12,6 +12,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Deepest = 200; // cm
@@ -141,3 +143,5 @@ void Ausgabe_festlegen::OK()
     }
     accept();
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@ class QComboBox;
 class QGridLayout;
 class QLabel;
 
+namespace orvel {
+
 // The user's own choice of output series: a row for each of the twenty slots.
 class Ausgabe_festlegen : public QDialog {
     Q_OBJECT
@@ -35,3 +37,5 @@ private:
     Output_Selection& Selection;
     std::array<Row, Last_Slot + 1> Rows;
 };
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace orvel {
+
 Dialog::Dialog(QWidget* parent) : QDialog(parent)
 {
     setObjectName("Dialog");
@@ -25,3 +27,5 @@ Dialog::Dialog(QWidget* parent) : QDialog(parent)
     all->addWidget(question);
     all->addLayout(buttons);
 }
+
+} // namespace orvel

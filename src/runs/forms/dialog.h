@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+namespace orvel {
+
 // Asks how many years a run with an irregular application pattern simulates.
 class Dialog : public QDialog {
     Q_OBJECT
@@ -15,3 +17,5 @@ public:
 private:
     int Chosen = 0;
 };
+
+} // namespace orvel

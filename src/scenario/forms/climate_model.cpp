@@ -1,5 +1,7 @@
 #include "scenario/forms/climate_model.h"
 
+namespace orvel {
+
 namespace {
 
 std::vector<Number_Column> Headings()
@@ -35,3 +37,5 @@ void Climate_Model::Set_Cell(int row, int column, const std::string& text)
 {
     Shown_Grid.Set_Cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column), text);
 }
+
+} // namespace orvel

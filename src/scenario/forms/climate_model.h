@@ -3,6 +3,8 @@
 #include "ui/forms/grid_model.h"
 #include "scenario/climate_grid.h"
 
+namespace orvel {
+
 // The climate grid for a table view: a cell's text is made when it comes into view.
 class Climate_Model : public Grid_Model {
     Q_OBJECT
@@ -20,3 +22,5 @@ public:
 private:
     Climate_Grid Shown_Grid;
 };
+
+} // namespace orvel

@@ -14,6 +14,8 @@
 #include <QListWidget>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int List_Width = 20; // in characters
@@ -242,3 +244,5 @@ void Form_DifCrop::Accept()
     if ((!box || Leave(*box)) && Confirm_Crops(Shared, Editor, Work))
         accept();
 }
+
+} // namespace orvel

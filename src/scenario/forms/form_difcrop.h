@@ -6,12 +6,15 @@
 #include <map>
 #include <QDialog>
 
-class Number_Edit;
 class QButtonGroup;
 class QComboBox;
 class QGridLayout;
 class QGroupBox;
 class QListWidget;
+
+namespace orvel {
+
+class Number_Edit;
 
 // The properties of the crops of a rotation. Accepted, they are in `work`; a changed tillage flag has cost the rotation then.
 class Form_DifCrop : public QDialog {
@@ -55,3 +58,5 @@ private:
     std::vector<QWidget*> Groups;
     bool Refusing = false;
 };
+
+} // namespace orvel

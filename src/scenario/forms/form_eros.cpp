@@ -8,6 +8,8 @@
 #include <QGroupBox>
 #include <QVBoxLayout>
 
+namespace orvel {
+
 Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
 {
     setObjectName("Form_eros");
@@ -36,3 +38,5 @@ void Form_eros::Accept()
     Take_Over_Erosion(Shared, texts);
     accept();
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <array>
 #include <QDialog>
 
+namespace orvel {
+
 class Number_Edit;
 
 // The factors of the erosion equation.
@@ -20,3 +22,5 @@ private:
     Session& Shared;
     std::array<Number_Edit*, 5> Factors{}; // Text1_er to Text5_er
 };
+
+} // namespace orvel

@@ -14,6 +14,8 @@
 #include <QListWidget>
 #include <QSignalBlocker>
 
+namespace orvel {
+
 namespace {
 
 constexpr int List_Width = 22, Year_Width = 6, Rows_Shown = 16; // in characters and lines
@@ -209,3 +211,5 @@ void Form_rot::Accept()
     Take_Over_Rotation(Shared, Work);
     accept();
 }
+
+} // namespace orvel

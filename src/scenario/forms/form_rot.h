@@ -6,11 +6,14 @@
 #include <array>
 #include <QDialog>
 
-class Number_Edit;
 class QComboBox;
 class QGroupBox;
 class QListWidget;
 class QPushButton;
+
+namespace orvel {
+
+class Number_Edit;
 
 // The crop rotation: the data base's crops on the left, the rows of the rotation with their dates on the right. The years of a rotation that is out
 // of order move forward when a date is left.
@@ -52,3 +55,5 @@ private:
     QGroupBox* Croping_Dates = nullptr;
     std::array<Date_Boxes, Crop_Stages.size()> Boxes;
 };
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Column_Width = 10; // in characters
@@ -92,3 +94,5 @@ void form_soil_hor::Accept()
     Sum = Take_Over_Horizons(Shared, grid);
     accept();
 }
+
+} // namespace orvel

@@ -6,9 +6,12 @@
 #include <optional>
 #include <QDialog>
 
+class QLabel;
+
+namespace orvel {
+
 class Number_Grid;
 class Profile_View;
-class QLabel;
 class Text_Grid_Model;
 
 // The table of the soil horizons with the profile beside it.
@@ -35,3 +38,5 @@ private:
     Profile_View* Profile = nullptr;
     QLabel* Caption = nullptr;
 };
+
+} // namespace orvel

@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Number_Width = 11; // in characters
@@ -103,3 +105,5 @@ void Klima::done(int result)
     Shared.Program.CLI_Changed = false;
     QDialog::done(result);
 }
+
+} // namespace orvel

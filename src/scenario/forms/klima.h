@@ -5,10 +5,13 @@
 #include <filesystem>
 #include <QDialog>
 
+class QLineEdit;
+
+namespace orvel {
+
 class Byte_Edit;
 class Climate_Model;
 class Number_Grid;
-class QLineEdit;
 
 // The editor of the session's climate table. Its grid is what is saved.
 class Klima : public QDialog {
@@ -35,3 +38,5 @@ private:
     QLineEdit* Text1 = nullptr;
     Byte_Edit* Cli_Title = nullptr;
 };
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 #include <QFormLayout>
 #include <QPushButton>
 
+namespace orvel {
+
 Klimagrafik::Klimagrafik(const Climate_Grid& grid, std::size_t series, Ask_Function ask, QWidget* parent)
     : Diagram_Form("Klimagrafik", std::move(ask), parent),
       Grid(grid)
@@ -35,3 +37,5 @@ std::size_t Series_Of_Column(int column)
     const auto series = static_cast<std::size_t>(std::max(0, column)) - Climate_Grid::Text_Columns;
     return series < Climate_Series.size() ? series : 0;
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 
 class QComboBox;
 
+namespace orvel {
+
 // One series of the climate grid as a line over its days.
 class Klimagrafik : public Diagram_Form {
     Q_OBJECT
@@ -22,3 +24,5 @@ private:
 
 // The series of a column of the grid; that of rainfall for a column without one.
 std::size_t Series_Of_Column(int column);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <QFormLayout>
 #include <QVBoxLayout>
 
+namespace orvel {
+
 Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
 {
     setObjectName("Macro");
@@ -38,3 +40,5 @@ void Macro::Accept()
     Take_Over_Macropores(Shared, {Fields[0]->Typed(), Fields[1]->Typed(), Fields[2]->Typed()});
     accept();
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 
 #include <QDialog>
 
+namespace orvel {
+
 class Number_Edit;
 
 // The parameters of macropore flow.
@@ -21,3 +23,5 @@ private:
     Session& Shared;
     std::array<Number_Edit*, 3> Fields{}; // S_Ic, S_fmac, S_depma
 };
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Lightest = 0.08, Darkest = 0.75; // shares of the dark colour in the light one
@@ -122,3 +124,5 @@ void Profile_View::mousePressEvent(QMouseEvent* event)
             return emit Horizon_Clicked(static_cast<int>(h));
     }
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+namespace orvel {
+
 // The soil profile to scale: the darker a horizon the more organic carbon, which its bar shows too.
 class Profile_View : public QWidget {
     Q_OBJECT
@@ -28,3 +30,5 @@ private:
     std::vector<Profile_Layer> Layers;
     int Marked = -1;
 };
+
+} // namespace orvel

@@ -18,6 +18,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 void Show_All(const std::vector<QWidget*>& widgets, bool visible)
@@ -168,3 +170,5 @@ void Szenario::done(int result)
         return;
     QDialog::done(result);
 }
+
+} // namespace orvel

@@ -8,7 +8,6 @@
 #include <map>
 #include <QDialog>
 
-class Byte_Edit;
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
@@ -17,6 +16,10 @@ class QGroupBox;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
+
+namespace orvel {
+
+class Byte_Edit;
 
 // The editor of the session's scenario document. Each change goes into the document when its field is left or its option chosen.
 class Szenario : public QDialog {
@@ -71,3 +74,5 @@ private:
     QPushButton *Command_macro = nullptr, *Command_er = nullptr;
     bool Refusing = false;
 };
+
+} // namespace orvel

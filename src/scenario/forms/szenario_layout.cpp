@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Box_Width = 12; // in characters
@@ -223,3 +225,5 @@ QHBoxLayout* Szenario::Buttons()
     buttons->addWidget(Command("Command2", "&Done", &Szenario::accept));
     return buttons;
 }
+
+} // namespace orvel

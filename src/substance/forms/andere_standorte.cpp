@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QListWidget>
 
+namespace orvel {
+
 namespace {
 
 constexpr int List_Columns = 36, List_Rows = 10;
@@ -98,3 +100,5 @@ std::vector<std::string> andere_Standorte::Loc_Selected() const
     }
     return names;
 }
+
+} // namespace orvel

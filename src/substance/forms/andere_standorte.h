@@ -6,6 +6,8 @@
 
 class QListWidget;
 
+namespace orvel {
+
 enum class Location_Kind { Leaching, Soil };
 
 // The choice of the locations for which the pesticide document holds applications: the leaching locations, or the soil zones that are recommended for a
@@ -27,3 +29,5 @@ private:
 
     QListWidget *Location = nullptr, *Crop = nullptr;
 };
+
+} // namespace orvel

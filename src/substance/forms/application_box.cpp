@@ -14,6 +14,8 @@
 #include <QLabel>
 #include <QRadioButton>
 
+namespace orvel {
+
 Application_Method Application_Box::Method() const
 {
     std::size_t chosen = 0;
@@ -184,3 +186,5 @@ void Application_Box::Edit_Manually()
     Chosen_Mode = -1;
     Show_View();
 }
+
+} // namespace orvel

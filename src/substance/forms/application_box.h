@@ -7,12 +7,15 @@
 #include <QGroupBox>
 #include <vector>
 
-class Number_Edit;
 class QComboBox;
 class QFormLayout;
 class QLabel;
 class QPushButton;
 class QRadioButton;
+
+namespace orvel {
+
+class Number_Edit;
 
 // The applications of the active substance: their kind, their locations, and the year that is repeated over the simulation. All is stored as it is edited.
 class Application_Box : public QGroupBox {
@@ -70,3 +73,5 @@ private:
     QGroupBox *absolute_Applikationen = nullptr, *relative_Applikationen = nullptr;
     QFormLayout *Absolute_Rows = nullptr, *Relative_Rows = nullptr;
 };
+
+} // namespace orvel

@@ -14,6 +14,8 @@
 #include <QRadioButton>
 #include <QToolButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Days_In_List = 31;
@@ -196,3 +198,5 @@ QGroupBox* Application_Box::Relative()
     relative_Interception = Number(rows, "Crop interception (%)", "relative_Interception", Edit_Relative_Interception);
     return relative_Applikationen;
 }
+
+} // namespace orvel

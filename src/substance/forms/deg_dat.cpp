@@ -11,6 +11,8 @@
 #include <QHBoxLayout>
 #include <QRadioButton>
 
+namespace orvel {
+
 deg_dat::deg_dat(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
 {
     const int t = Shared.Program.Transformation_Index;
@@ -155,3 +157,5 @@ void deg_dat::Accept()
     Accept_Transformation(Shared, {Soil->Entered(), Photolysis->Entered(), Text13->Typed(), Correction_Typed()});
     accept();
 }
+
+} // namespace orvel

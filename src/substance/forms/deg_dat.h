@@ -5,9 +5,12 @@
 #include <array>
 #include <QDialog>
 
-class Number_Edit;
 class QGroupBox;
 class QRadioButton;
+
+namespace orvel {
+
+class Number_Edit;
 class Rate_Box;
 
 // One arrow of the degradation scheme, that of Transformation_Index: its rate in soil with the conditions of the study, and, for the active
@@ -38,3 +41,5 @@ private:
     Number_Edit *Text4 = nullptr, *Text8 = nullptr, *Text5 = nullptr, *Text6 = nullptr, *Text7 = nullptr, *Text9 = nullptr, *Text13 = nullptr;
     QRadioButton *Option4 = nullptr, *Option5 = nullptr;
 };
+
+} // namespace orvel

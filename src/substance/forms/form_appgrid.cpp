@@ -8,6 +8,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Characters = 9; // of a column
@@ -82,3 +84,5 @@ void Form_appgrid::Accept()
     Shared.Ask(refusal->Text);
     AppGrid->Go_To(refusal->Row, refusal->Column);
 }
+
+} // namespace orvel

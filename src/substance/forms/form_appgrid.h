@@ -4,6 +4,8 @@
 
 #include <QDialog>
 
+namespace orvel {
+
 class Number_Grid;
 class Text_Grid_Model;
 
@@ -27,3 +29,5 @@ private:
     Text_Grid_Model* Model = nullptr;
     Number_Grid* AppGrid = nullptr;
 };
+
+} // namespace orvel

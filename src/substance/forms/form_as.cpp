@@ -12,6 +12,8 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 
+namespace orvel {
+
 Form_AS::Form_AS(Session& session, QWidget* parent) : QDialog(parent), Shared(session), Before(Keep_Copy(session))
 {
     setObjectName("Form_AS");
@@ -90,3 +92,5 @@ void Form_AS::reject()
     Restore_Copy(Shared, Before);
     QDialog::reject();
 }
+
+} // namespace orvel

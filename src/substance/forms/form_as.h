@@ -4,9 +4,12 @@
 
 #include <QDialog>
 
+class QPushButton;
+
+namespace orvel {
+
 class Application_Box;
 class Byte_Edit;
-class QPushButton;
 class Substance_Fields;
 class Volatilisation_Box;
 
@@ -34,3 +37,5 @@ private:
     QPushButton* Command4 = nullptr;
     bool Minor_Shown = false;
 };
+
+} // namespace orvel

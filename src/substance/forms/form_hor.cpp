@@ -11,6 +11,8 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Characters = 11; // of a column
@@ -139,3 +141,5 @@ void Form_hor::Accept()
     Shared.Program.PSM_Changed = true;
     accept();
 }
+
+} // namespace orvel

@@ -5,8 +5,11 @@
 
 #include <QDialog>
 
-class Number_Grid;
 class QLabel;
+
+namespace orvel {
+
+class Number_Grid;
 class Text_Grid_Model;
 
 // The depth dependent values of a substance: a row a horizon.
@@ -40,3 +43,5 @@ private:
     Text_Grid_Model* Model = nullptr;
     Number_Grid* GridHor = nullptr;
 };
+
+} // namespace orvel

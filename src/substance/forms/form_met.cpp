@@ -7,6 +7,8 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 
+namespace orvel {
+
 Form_MET::Form_MET(Session& session, QWidget* parent)
     : QDialog(parent),
       Shared(session),
@@ -53,3 +55,5 @@ void Form_MET::reject()
     Shared.Program.PSM_Changed = Changed_Before;
     QDialog::reject();
 }
+
+} // namespace orvel

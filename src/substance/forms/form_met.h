@@ -5,6 +5,8 @@
 #include <memory>
 #include <QDialog>
 
+namespace orvel {
+
 class Substance_Fields;
 
 // One metabolite, that of Substance_Index: its name, sorption and plant uptake.
@@ -26,3 +28,5 @@ private:
     const bool Changed_Before;
     Substance_Fields* Fields = nullptr;
 };
+
+} // namespace orvel

@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QScreen>
 
+namespace orvel {
+
 namespace {
 
 // Puts the window of arrow t beside the arrow's head, within the screen.
@@ -127,3 +129,5 @@ void Form_PSM_1::reject()
     if (May_Leave_Editor(Shared))
         QDialog::reject();
 }
+
+} // namespace orvel

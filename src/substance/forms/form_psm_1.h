@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <QDialog>
 
+namespace orvel {
+
 class Pathway_View;
 
 // The editor of the pesticide document: its degradation scheme, and the way to the forms of substances and transformations.
@@ -30,3 +32,5 @@ private:
     Per_Substance<std::string> Captions;
     Pathway_View* View = nullptr;
 };
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Converted_Digits = 20; // of a quotient in full
@@ -110,3 +112,5 @@ void kin_Sorption::Accept()
     Shared.Program.PSM_Changed = true;
     accept();
 }
+
+} // namespace orvel

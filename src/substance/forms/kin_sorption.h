@@ -5,9 +5,12 @@
 #include <array>
 #include <QDialog>
 
-class Number_Edit;
 class QLabel;
 class QRadioButton;
+
+namespace orvel {
+
+class Number_Edit;
 
 // Slow sorption of a substance at non-equilibrium sites, in either of two notations.
 class kin_Sorption : public QDialog {
@@ -36,3 +39,5 @@ private:
     Number_Edit *s_f_neq = nullptr, *s_kdes = nullptr;
     bool Refusing = false;
 };
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <QGridLayout>
 #include <QLabel>
 
+namespace orvel {
+
 KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent) : QDialog(parent), Shared(session), Substance(i), The_Koc(std::move(text_koc0))
 {
     setObjectName("KOC_PH");
@@ -77,3 +79,5 @@ void KOC_PH::Accept()
     Shared.Program.PSM_Changed = true;
     accept();
 }
+
+} // namespace orvel

@@ -5,9 +5,12 @@
 #include <QDialog>
 #include <vector>
 
-class Number_Edit;
 class QCheckBox;
 class QGridLayout;
+
+namespace orvel {
+
+class Number_Edit;
 
 // Sorption of a substance that dissociates: its pKa, and its Koc at one or two pH.
 class KOC_PH : public QDialog {
@@ -34,3 +37,5 @@ private:
     QCheckBox* s_Dataset = nullptr;
     std::vector<QWidget*> First_pH, Second_Pair;
 };
+
+} // namespace orvel

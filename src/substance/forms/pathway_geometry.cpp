@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel {
+
 namespace {
 
 constexpr double First_Column = 130, Column_Step = 246;
@@ -104,3 +106,5 @@ int Arrow_At(QPointF point)
     }
     return nearest;
 }
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include <QLineF>
 #include <QRectF>
 
+namespace orvel {
+
 // Where the degradation scheme's picture has its parts, in units of the drawing, which the window scales.
 
 constexpr QSizeF Drawing_Size(1000, 640);
@@ -15,3 +17,5 @@ QRectF Head_Of_Arrow(int t);     // what is clicked, around the line's last part
 
 // The arrow whose line passes a point nearest, 0 where none is near.
 int Arrow_At(QPointF point);
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <QFontInfo>
 
+namespace orvel {
+
 namespace {
 
 constexpr double Corner = 6;
@@ -105,3 +107,5 @@ void Paint_Scheme(QPainter& painter, const QRectF& area, const Pesticide_Documen
     }
     painter.restore();
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPalette>
 
+namespace orvel {
+
 // The degradation scheme's parts, painted alike in a window and on paper.
 
 // A colour of the scheme: black lines take the palette's colour of text, which is light on a dark ground.
@@ -20,3 +22,5 @@ void Paint_Sink(QPainter& painter, const QRectF& sink, const QPalette& palette);
 // The whole scheme in the middle of an area of any device, with captions of the boxes from 1.
 void Paint_Scheme(QPainter& painter, const QRectF& area, const Pesticide_Document& document, const Per_Substance<std::string>& captions,
                   const QPalette& palette);
+
+} // namespace orvel

@@ -15,6 +15,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+namespace orvel {
+
 namespace {
 
 QString Box_Name(int i)
@@ -165,3 +167,5 @@ bool Pathway_View::event(QEvent* event)
     QToolTip::showText(help->globalPos(), t == 0 ? QString() : Arrow_Tip(Document, t), this);
     return true;
 }
+
+} // namespace orvel

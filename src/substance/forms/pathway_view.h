@@ -6,6 +6,8 @@
 #include <array>
 #include <QWidget>
 
+namespace orvel {
+
 class Arrow_Head;
 class Substance_Box;
 
@@ -46,3 +48,5 @@ private:
     std::array<Substance_Box*, Substances + 1> Boxes{};
     std::array<Arrow_Head*, Last_Transformation + 1> Heads{};
 };
+
+} // namespace orvel

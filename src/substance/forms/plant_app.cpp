@@ -7,6 +7,8 @@
 #include <QFormLayout>
 #include <QLabel>
 
+namespace orvel {
+
 Plant_App::Plant_App(Session& session, Application_Method method, QWidget* parent) : QDialog(parent), Shared(session)
 {
     setObjectName("Plant_App");
@@ -56,3 +58,5 @@ void Plant_App::Accept()
                           .S_Hv = S_Hv->Typed()});
     accept();
 }
+
+} // namespace orvel

@@ -4,8 +4,11 @@
 
 #include <QDialog>
 
-class Number_Edit;
 class QFormLayout;
+
+namespace orvel {
+
+class Number_Edit;
 
 // The fate of the substance on the plant surface.
 class Plant_App : public QDialog {
@@ -23,3 +26,5 @@ private:
     Number_Edit *S_plt_dk = nullptr, *S_plt_washoff = nullptr, *S_plt_filtr = nullptr, *S_plt_penet = nullptr, *S_plt_photo = nullptr;
     Number_Edit *S_RefRad = nullptr, *S_dlam = nullptr, *S_Hv = nullptr;
 };
+
+} // namespace orvel

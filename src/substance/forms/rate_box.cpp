@@ -6,6 +6,8 @@
 #include <QFormLayout>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 struct Rate_Row {
@@ -89,3 +91,5 @@ void Rate_Box::Show_Texts(const Rate_Texts& texts)
     Fields[1]->setText(Shown(texts.DT50));
     Fields[2]->setText(Shown(texts.DT90));
 }
+
+} // namespace orvel

@@ -5,9 +5,12 @@
 #include <array>
 #include <QGroupBox>
 
-class Number_Edit;
 class QFormLayout;
 class QRadioButton;
+
+namespace orvel {
+
+class Number_Edit;
 
 // A first-order rate with its two half-lives, of which the chosen one can be typed in; the two others follow when it is left.
 class Rate_Box : public QGroupBox {
@@ -39,3 +42,5 @@ private:
     std::array<QRadioButton*, 3> Options{};
     std::array<Number_Edit*, 3> Fields{};
 };
+
+} // namespace orvel

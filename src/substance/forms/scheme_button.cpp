@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+namespace orvel {
+
 void Substance_Box::Show(const Box_Look& look)
 {
     Look = look;
@@ -43,3 +45,5 @@ void Arrow_Head::paintEvent(QPaintEvent*)
     }
     Paint_Arrow_Head(painter, rect(), Angle, Look, palette());
 }
+
+} // namespace orvel

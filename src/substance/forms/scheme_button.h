@@ -5,6 +5,8 @@
 #include <QAbstractButton>
 #include <QLineF>
 
+namespace orvel {
+
 // A part of the degradation scheme that can be clicked, by mouse or keyboard.
 class Scheme_Button : public QAbstractButton {
 public:
@@ -41,3 +43,5 @@ private:
     Arrow_Look Look;
     double Angle = 0; // degrees, counter-clockwise
 };
+
+} // namespace orvel

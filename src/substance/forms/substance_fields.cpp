@@ -14,6 +14,8 @@
 #include <QLabel>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Active = 1;
@@ -253,3 +255,5 @@ void Substance_Fields::Edit_Horizons()
     if (Leave_Horizons())
         Form_hor(Shared, Substance, Horizons_Typed(Entry()), &Form).exec();
 }
+
+} // namespace orvel

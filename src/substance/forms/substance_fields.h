@@ -5,14 +5,17 @@
 #include <array>
 #include <QDialog>
 
-class Byte_Edit;
-class Number_Edit;
 class QCheckBox;
 class QFormLayout;
 class QGroupBox;
 class QLabel;
 class QPushButton;
 class QRadioButton;
+
+namespace orvel {
+
+class Byte_Edit;
+class Number_Edit;
 
 // The controls that the forms of the active substance and of a metabolite share, in three groups that the form puts where it wants them: what the
 // substance is, its sorption, and what depends on depth. The buttons among them open their forms.
@@ -63,3 +66,5 @@ private:
     QPushButton* Command_hor = nullptr;
     QLabel *label_pH = nullptr, *Label_kinSorp = nullptr, *Label_Sorption = nullptr;
 };
+
+} // namespace orvel

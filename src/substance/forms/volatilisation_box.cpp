@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QRadioButton>
 
+namespace orvel {
+
 Volatilisation_Box::Volatilisation_Box(const Active_Entry& entry, QWidget* parent) : QGroupBox("Volatilisation", parent), Method(entry.App_Flag)
 {
     Lay_Out();
@@ -109,3 +111,5 @@ void Volatilisation_Box::Show_Minor(bool visible)
     Rows->setRowVisible(Text_vol3, visible);
     Rows->setRowVisible(Text_vol4, visible);
 }
+
+} // namespace orvel

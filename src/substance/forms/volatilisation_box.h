@@ -5,9 +5,12 @@
 #include <array>
 #include <QGroupBox>
 
-class Number_Edit;
 class QFormLayout;
 class QRadioButton;
+
+namespace orvel {
+
+class Number_Edit;
 
 // Volatilisation of the active substance: two values, for two temperatures, of each quantity, and how the Henry constant is known.
 class Volatilisation_Box : public QGroupBox {
@@ -35,3 +38,5 @@ private:
     Pair S_Temperatur{}, Text_vol0{}, Text_vol1{}, Text_vol2{};
     Number_Edit *Text_vol3 = nullptr, *Text_vol4 = nullptr;
 };
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <QStackedWidget>
 #include <QTimer>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Columns_Shown = 108;
@@ -121,3 +123,5 @@ void Building_Form::done(int result)
     }
     QDialog::done(result);
 }
+
+} // namespace orvel

@@ -11,6 +11,8 @@ class QLabel;
 class QProgressBar;
 class QStackedWidget;
 
+namespace orvel {
+
 constexpr int Columns_Shown = 92; // of a text, as long as the form keeps its first size
 
 // A form that builds what it shows out of big files, behind its first paint: with a message and a bar, the buttons off, and closing it stops the work.
@@ -60,3 +62,5 @@ private:
 
 // A progress that gives the windows a turn to paint themselves, but not the user.
 bool Stay_Painted(const std::string& message, double share);
+
+} // namespace orvel

@@ -3,6 +3,8 @@
 #include "tables/forms/jahresdiagramm.h"
 #include "tables/leachate_tables.h"
 
+namespace orvel {
+
 namespace {
 
 // The switch's caption names the table in view, and the word "Annual" stands on the period table; both stay as they are.
@@ -25,3 +27,5 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run)
 } // namespace
 
 Jahr_ORV::Jahr_ORV(Session& session, const std::filesystem::path& run_directory, QWidget* parent) : Table_Form(Kind_Of(session, run_directory), parent) {}
+
+} // namespace orvel

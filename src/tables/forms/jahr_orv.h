@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+namespace orvel {
+
 // The leachate tables of one run: the year table and the period table.
 class Jahr_ORV : public Table_Form {
     Q_OBJECT
@@ -11,3 +13,5 @@ class Jahr_ORV : public Table_Form {
 public:
     Jahr_ORV(Session& session, const std::filesystem::path& run_directory, QWidget* parent = nullptr);
 };
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <QComboBox>
 #include <QFormLayout>
 
+namespace orvel {
+
 Jahresbilanz::Jahresbilanz(const std::filesystem::path& run_directory, const std::vector<std::string>& substances, Ask_Function ask, QWidget* parent)
     : Diagram_Form("Jahresbilanz", std::move(ask), parent),
       Water(Read_Balances(Read_If_There(run_directory, "MBalance.orv"))),
@@ -34,3 +36,5 @@ void Jahresbilanz::Draw()
     else if (chosen > 0)
         Show_Chart(Substance_Balance_Chart(Pesticides[substance], Names[substance]));
 }
+
+} // namespace orvel

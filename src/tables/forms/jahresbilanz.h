@@ -7,6 +7,8 @@
 
 class QComboBox;
 
+namespace orvel {
+
 // The annual balances of water and of each substance, out of the cached balance tables.
 class Jahresbilanz : public Diagram_Form {
     Q_OBJECT
@@ -21,3 +23,5 @@ private:
     std::vector<std::string> Names; // of the substances, in the order of their tables
     QComboBox* Substanz = nullptr;
 };
+
+} // namespace orvel

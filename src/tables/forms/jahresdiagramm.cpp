@@ -7,6 +7,8 @@
 #include <QComboBox>
 #include <QFormLayout>
 
+namespace orvel {
+
 Jahresdiagramm::Jahresdiagramm(const std::filesystem::path& run_directory, Ask_Function ask, QWidget* parent)
     : Diagram_Form("Jahresdiagramm", std::move(ask), parent),
       Period_File(Read_If_There(run_directory, "period.orv"))
@@ -34,3 +36,5 @@ void Jahresdiagramm::Draw()
     if (const auto table = Read_Period_Table(Period_File, depth, substance))
         Show_Chart(Annual_Diagram(*table, depth, Bytes_Of(Substanz->currentText())));
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 class QComboBox;
 
+namespace orvel {
+
 // The concentrations of the application periods of one substance at one depth, out of the cached period table.
 class Jahresdiagramm : public Diagram_Form {
     Q_OBJECT
@@ -19,3 +21,5 @@ private:
     std::string Period_File;
     QComboBox *Substanz = nullptr, *Tiefe = nullptr;
 };
+
+} // namespace orvel

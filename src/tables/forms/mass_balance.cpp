@@ -3,6 +3,8 @@
 #include "tables/forms/jahresbilanz.h"
 #include "output/echo_file.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr int Line_Columns = 130; // the rule of the pesticide tables behind its tab, and the scroll bar
@@ -52,3 +54,5 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
 Mass_Balance::Mass_Balance(Session& session, const std::filesystem::path& run_directory, QWidget* parent, Balance_View view)
     : Table_Form(Kind_Of(session, run_directory, view), parent)
 {}
+
+} // namespace orvel

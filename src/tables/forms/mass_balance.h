@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+namespace orvel {
+
 // The balance tables of one run: that of the water and those of its substances, by year. From there the tables by month are opened
 // if the run has monthly output.
 class Mass_Balance : public Table_Form {
@@ -13,3 +15,5 @@ class Mass_Balance : public Table_Form {
 public:
     Mass_Balance(Session& session, const std::filesystem::path& run_directory, QWidget* parent = nullptr, Balance_View view = Balance_View::Annual);
 };
+
+} // namespace orvel

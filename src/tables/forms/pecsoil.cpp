@@ -4,6 +4,8 @@
 #include "tables/leachate_tables.h"
 #include "tables/soil_concentrations.h"
 
+namespace orvel {
+
 namespace {
 
 Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run, int depth)
@@ -28,3 +30,5 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run, int
 PECsoil::PECsoil(Session& session, const std::filesystem::path& run_directory, int depth, QWidget* parent)
     : Table_Form(Kind_Of(session, run_directory, depth), parent)
 {}
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+namespace orvel {
+
 // The actual and time-weighted average concentrations in the top layers of the soil; `depth` layers, 1 or more.
 class PECsoil : public Table_Form {
     Q_OBJECT
@@ -11,3 +13,5 @@ class PECsoil : public Table_Form {
 public:
     PECsoil(Session& session, const std::filesystem::path& run_directory, int depth, QWidget* parent = nullptr);
 };
+
+} // namespace orvel

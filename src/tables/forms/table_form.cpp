@@ -5,6 +5,8 @@
 
 #include <QPlainTextEdit>
 
+namespace orvel {
+
 Table_Form::Table_Form(Table_Kind kind, QWidget* parent) : Building_Form(kind.Name, parent, kind.Columns), Kind(std::move(kind))
 {
     setWindowTitle(Kind.First_Caption);
@@ -45,3 +47,5 @@ QString Table_Form::All_Texts() const
         all += text->toPlainText();
     return all;
 }
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 
 class QPlainTextEdit;
 
+namespace orvel {
+
 // One of the tables of a form; both captions stand while it is in view. A form of one table has no switch.
 struct Table_View {
     QString Control, Purpose; // name and accessible name of its text
@@ -56,3 +58,5 @@ inline std::string Note_Of(const std::string& failure, const std::string& not_ke
 {
     return failure.empty() ? not_kept : failure;
 }
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 taegliches_Diagramm_neu::taegliches_Diagramm_neu(const Session& session, Daily_Choice choice, QWidget* parent)
     : Diagram_Form("taegliches_Diagramm_neu", session.Ask, parent),
       Choice(std::move(choice))
@@ -58,3 +60,5 @@ void taegliches_Diagramm_neu::Zoom(double from, double to)
     Show_Chart(Zoomed(Shown_Chart(), from, to));
     Whole_Span->setEnabled(true);
 }
+
+} // namespace orvel

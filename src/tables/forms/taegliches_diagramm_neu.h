@@ -10,6 +10,8 @@
 class QPushButton;
 class QRadioButton;
 
+namespace orvel {
+
 // What the daily diagram draws: a column of a run's plot.orv over a span of months.
 struct Daily_Choice {
     std::filesystem::path Run_Directory;
@@ -36,3 +38,5 @@ private:
     std::array<QRadioButton*, 3> Option1{};
     QPushButton* Whole_Span = nullptr;
 };
+
+} // namespace orvel

@@ -12,6 +12,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Columns_Shown = 100;
@@ -163,3 +165,5 @@ void Form_filetext::done(int result)
     if (!Text().document()->isModified() || May_Give_Up_Text(Shared))
         Text_Viewer::done(result);
 }
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 class QHBoxLayout;
 class QPlainTextEdit;
 
+namespace orvel {
+
 // One text of the system's files, to read, copy and print. Its text is bytes of Windows-1252.
 class Text_Viewer : public QDialog {
     Q_OBJECT
@@ -62,3 +64,5 @@ private:
     std::filesystem::path File;
     std::string Stands_There; // in the file, as far as this window knows
 };
+
+} // namespace orvel

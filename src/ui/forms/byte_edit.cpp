@@ -7,6 +7,8 @@
 #include <QToolTip>
 #include <QValidator>
 
+namespace orvel {
+
 namespace {
 
 // Takes every text, less the characters that the code page lacks.
@@ -72,3 +74,5 @@ void Byte_Edit::Leave_Out(const QString& characters)
         },
         Qt::QueuedConnection);
 }
+
+} // namespace orvel

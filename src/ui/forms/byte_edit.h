@@ -2,6 +2,8 @@
 
 #include <QLineEdit>
 
+namespace orvel {
+
 // A field whose text goes into a file of the documents' code page. A character that the code page lacks is left out as it is typed or pasted, and
 // a sentence below the field says so.
 class Byte_Edit : public QLineEdit {
@@ -24,3 +26,5 @@ private:
 
     QString Left_Out;
 };
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include <QProxyStyle>
 #include <QStyleOption>
 
+namespace orvel {
+
 namespace {
 
 // Styles take an outline from the window's colour, made darker: from this one it is a middle grey.
@@ -41,3 +43,5 @@ void Show_Outlines_In_The_Dark()
 {
     QApplication::setStyle(new Outlined_Style);
 }
+
+} // namespace orvel

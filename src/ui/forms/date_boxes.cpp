@@ -2,6 +2,8 @@
 
 #include "ui/forms/widgets.h"
 
+namespace orvel {
+
 namespace {
 
 constexpr const char* Months[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN", "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
@@ -26,3 +28,5 @@ QComboBox* Month_Box(const QString& name, const QString& purpose)
         combo->addItem(month);
     return combo;
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 
+namespace orvel {
+
 // The button row of a detail form: its own acceptance, which the Enter key presses too, and Cancel, which leaves the document as it is.
 template <class Form> QDialogButtonBox* Done_And_Cancel(Form& form, void (Form::*accept)(), const QString& accept_name = "Command1",
                                                         const QString& accept_text = "&Done", const QString& cancel_name = "Command2")
@@ -18,3 +20,5 @@ template <class Form> QDialogButtonBox* Done_And_Cancel(Form& form, void (Form::
     QObject::connect(cancel, &QPushButton::clicked, &form, &Form::reject);
     return buttons;
 }
+
+} // namespace orvel

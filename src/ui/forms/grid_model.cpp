@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QStyle>
 
+namespace orvel {
+
 namespace {
 
 // What a cell of numbers tells of its reading; nothing for an empty one.
@@ -90,3 +92,5 @@ void Text_Grid_Model::Set_Cell(int row, int column, const std::string& text)
 {
     All_Cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = text;
 }
+
+} // namespace orvel

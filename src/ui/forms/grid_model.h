@@ -5,6 +5,8 @@
 #include <QAbstractTableModel>
 #include <QRect>
 
+namespace orvel {
+
 // The texts of a grid's cells for a Number_Grid, as bytes of the documents' code page. A cell that is read as something else than it looks wears a sign
 // and tells the number that is read.
 class Grid_Model : public QAbstractTableModel {
@@ -51,3 +53,5 @@ public:
 private:
     Grid_Block All_Cells;
 };
+
+} // namespace orvel

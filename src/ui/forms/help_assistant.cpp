@@ -9,6 +9,8 @@
 #include <QSinglePointEvent>
 #include <QStyle>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Hide_After = 500; // ms after the mouse stopped moving over a control
@@ -117,3 +119,5 @@ void Help_Assistant::Show_Help(const QWidget& control, const QString& text)
     Kurzinfo->show();
     Hilfeuhr.start(Hide_After);
 }
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <QTimer>
 #include <QToolButton>
 
+namespace orvel {
+
 // The online help of a form: a box of text beside the control that the mouse moves over, and a pair of pictures that switches it on and off for
 // all forms. Attach controls by the numbers of their texts.
 class Help_Assistant : public QObject {
@@ -37,3 +39,5 @@ private:
     QTimer Hilfeuhr;
     std::map<const QObject*, int> Numbers;
 };
+
+} // namespace orvel

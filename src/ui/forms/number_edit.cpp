@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QStyle>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Gap = 4;
@@ -96,3 +98,5 @@ void Number_Edit::changeEvent(QEvent* event)
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         Make_Room();
 }
+
+} // namespace orvel

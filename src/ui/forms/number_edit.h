@@ -3,6 +3,8 @@
 #include "ui/forms/byte_edit.h"
 #include "core/variant.h"
 
+namespace orvel {
+
 // A field of numbers. It shows its unit at its right end and, while a text stands in it that is read as something else than it looks ("1,5", "abc"),
 // a sign before the unit and a sentence below the field that tells the number that is read. It never refuses a text.
 class Number_Edit : public Byte_Edit {
@@ -34,3 +36,5 @@ private:
 
     QString The_Unit;
 };
+
+} // namespace orvel

@@ -15,6 +15,8 @@
 #include <QStyledItemDelegate>
 #include <QTimer>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Most_Rows_Hinted = 12;
@@ -326,3 +328,5 @@ void Number_Grid::currentChanged(const QModelIndex& current, const QModelIndex& 
     if (current.isValid() && currentIndex() == current)
         emit Cell_Entered(current.row(), current.column());
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <QTableView>
 #include <QUndoStack>
 
+namespace orvel {
+
 // A grid whose cells are edited by keys, as its rule lays down. Beyond them: arrow keys, return for the cell below, a block copied to a spreadsheet
 // (Ctrl+C), cut (Ctrl+X) and pasted from one (Ctrl+V), the first row of a selection or the cell above copied down (Ctrl+D), undo and redo (Ctrl+Z, Ctrl+Y).
 // Every change can be undone as long as the model is not shown anew.
@@ -65,3 +67,5 @@ private:
     const Ask_Function& Ask;
     QUndoStack Changes;
 };
+
+} // namespace orvel

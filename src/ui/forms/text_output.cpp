@@ -12,6 +12,8 @@
 #include <QPrinter>
 #include <QTextDocument>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Tab_Columns = 8;
@@ -81,3 +83,5 @@ void Print_Text(QWidget& parent, const QString& title, const QString& text)
     if (dialog.exec() == QDialog::Accepted)
         Print_Text_On(printer, text);
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@ class QPlainTextEdit;
 class QPrinter;
 class QWidget;
 
+namespace orvel {
+
 // A read-only text in a fixed-pitch font, wide lines scrolled and never wrapped, tabs at every eighth column.
 QPlainTextEdit* Fixed_Pitch_Text(const QString& name, const QString& purpose);
 
@@ -17,3 +19,5 @@ void Print_Text_On(QPrinter& printer, const QString& text);
 
 // Lets the user choose a printer, or a PDF file, and prints.
 void Print_Text(QWidget& parent, const QString& title, const QString& text);
+
+} // namespace orvel

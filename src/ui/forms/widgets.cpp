@@ -6,6 +6,8 @@
 #include <QFontDatabase>
 #include <QMessageBox>
 
+namespace orvel {
+
 namespace {
 
 QMessageBox::StandardButton Standard(Button button)
@@ -105,3 +107,5 @@ Hourglass::~Hourglass()
 {
     QApplication::restoreOverrideCursor();
 }
+
+} // namespace orvel

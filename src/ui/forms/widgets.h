@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace orvel {
+
 // What all forms share: names of controls, the way between Unicode and the documents' code page, boxes, small models of waiting.
 
 // Sets the object's name: code and tests find a control by that and by nothing else.
@@ -50,3 +52,5 @@ public:
     Hourglass& operator=(const Hourglass&) = delete;
     ~Hourglass();
 };
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+namespace orvel {
+
 namespace {
 
 Chart Sample(std::size_t points = 50)
@@ -200,3 +202,5 @@ TEST(A_Chart_View, A_Click_Is_No_Span)
     EXPECT_EQ(spans.count(), 0);
     EXPECT_EQ(clicks.count(), 1);
 }
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <QTcpSocket>
 #include <QVBoxLayout>
 
+namespace orvel {
+
 namespace {
 
 class Help_Assistant_Test : public Window_Test {
@@ -213,3 +215,5 @@ TEST(Versionsinfo, Shows_The_Notes_With_Their_Own_Words)
     EXPECT_TRUE(Find<QPlainTextEdit>(form, "Text1")->toPlainText().startsWith("ORVELSUITE 5.5"));
     EXPECT_TRUE(Find<QPlainTextEdit>(form, "Text1")->isReadOnly());
 }
+
+} // namespace orvel

@@ -12,6 +12,8 @@
 #include <QLabel>
 #include <QToolButton>
 
+namespace orvel {
+
 // Every text of the help assistant, brought up by the mouse over its control.
 
 namespace {
@@ -148,3 +150,5 @@ INSTANTIATE_TEST_SUITE_P(Each_Form, Help_Switched,
                                          Shown_Text{Opened::List, "Loeschen", 29}),
                          Name_Of_Case);
 INSTANTIATE_TEST_SUITE_P(Every_Text, Help_Shown, testing::ValuesIn(All_Texts()), Name_Of_Case);
+
+} // namespace orvel

@@ -12,6 +12,8 @@
 #include <QTimer>
 #include <QToolButton>
 
+namespace orvel {
+
 namespace {
 
 class Start_Test : public Window_Test {
@@ -148,3 +150,5 @@ TEST_F(Start_Test, Exit_Closes_The_Window)
 
     EXPECT_FALSE(Form->isVisible());
 }
+
+} // namespace orvel

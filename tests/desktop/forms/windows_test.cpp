@@ -61,6 +61,8 @@
 #include <QPushButton>
 #include <QTableView>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -310,3 +312,5 @@ TEST_F(Windows_Test, Show_Every_Caption_Whole_In_A_Large_Font_And_Dark)
     QApplication::setPalette(palette);
     QApplication::setFont(font);
 }
+
+} // namespace orvel

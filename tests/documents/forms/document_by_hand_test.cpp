@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -352,3 +354,5 @@ TEST_F(Document_By_Hand, Keeps_Names_Of_Ten_Thousand_Characters)
     });
     fs::remove(Installation() / "long.psm");
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 #include "files/parsed.h"
 #include "files/pesticide_example.h"
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -79,3 +81,5 @@ TEST_F(Document_Unedited, Files_Of_Older_Forms_Opened_And_Saved_Without_An_Edit_
     fs::remove(Installation() / "older.psm");
     fs::remove(Installation() / "newer.psm");
 }
+
+} // namespace orvel

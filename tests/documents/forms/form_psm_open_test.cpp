@@ -7,6 +7,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 class Form_PSM_Open_Test : public Window_Test {
@@ -110,3 +112,5 @@ TEST_F(Form_PSM_Open_Test, Done_Closes_The_Dialog)
 
     EXPECT_FALSE(Form->isVisible());
 }
+
+} // namespace orvel

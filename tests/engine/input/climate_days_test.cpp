@@ -6,6 +6,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Latitude = 50;
@@ -200,3 +202,5 @@ TEST(Calendar_Of_The_Run, Numbers_And_Dates_Are_Each_Others_Reverse)
     EXPECT_FALSE(dates.Is_Leap(4));
     EXPECT_EQ(Days_Of_Month(2), 28);
 }
+
+} // namespace orvel::engine

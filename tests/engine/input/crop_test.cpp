@@ -8,6 +8,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+namespace orvel::engine {
+
 namespace {
 
 // A crop from 5 May over 30 July and 1 September to 20 September of the year.
@@ -360,3 +362,5 @@ TEST(Applications, The_Block_Is_That_Of_The_Location_Else_The_Users)
     pesticide.App_Count[0] = 0;
     EXPECT_EQ(Application_Block(pesticide, "T_N", findings), 1); // the first that has applications
 }
+
+} // namespace orvel::engine

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::string_view Soil_Control = "002 01 01 31 12 Version 5          SOIL 1.5 \r\n"
@@ -80,3 +82,5 @@ TEST(Run_Control, An_Unknown_Code_Is_A_Column_Of_Zeros_With_A_Note)
     EXPECT_EQ(findings.Notes.size(), 2U);
     EXPECT_EQ(control.Rows[1].Variable, 0);
 }
+
+} // namespace orvel::engine

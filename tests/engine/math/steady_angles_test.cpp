@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <numbers>
 
+namespace orvel::engine {
+
 TEST(Steady_Angles, Agree_With_The_C_Library)
 {
     for (int i = -1000; i <= 1000; ++i) {
@@ -15,3 +17,5 @@ TEST(Steady_Angles, Agree_With_The_C_Library)
     EXPECT_EQ(Steady_Arc_Cosine(1.5), 0);
     EXPECT_EQ(Steady_Arc_Cosine(-1.5), std::numbers::pi);
 }
+
+} // namespace orvel::engine

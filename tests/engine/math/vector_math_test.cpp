@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 double Relative(double figure, long double expected)
@@ -71,3 +73,5 @@ TEST(Vector_Math, Single_Numbers_Have_The_Same_Functions)
     for (const double x : {0.0, 1e-300, 1e-12, 0.3, 0.7999, 0.8, 5.0, 1e6})
         EXPECT_NEAR(Steady_Lost(x), -std::expm1(-x), 1e-14 * -std::expm1(-x)) << x;
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr std::string_view Not_Completed = " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***\r\n";
@@ -81,3 +83,5 @@ TEST(Echo, Frequencies_Are_Read_With_And_Without_Blanks)
     EXPECT_EQ(Frequency_Of(Variant("else")), Frequency::Year);
     EXPECT_EQ(Frequency_Word(Frequency::Month), "MNTH");
 }
+
+} // namespace orvel::engine

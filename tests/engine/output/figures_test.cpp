@@ -9,6 +9,8 @@
 #include <limits>
 #include <random>
 
+namespace orvel::engine {
+
 namespace {
 
 std::string Fixed(double value, int width, int decimals)
@@ -119,3 +121,5 @@ TEST(Figures, A_Full_Disk_Is_A_Failure_93_With_Exit_Code_3)
         EXPECT_EQ(failure.Exit_Code, 3);
     }
 }
+
+} // namespace orvel::engine

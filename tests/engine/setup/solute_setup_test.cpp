@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orvel::engine {
+
 namespace {
 
 Pesticide_Document Document()
@@ -78,3 +80,5 @@ TEST(Solute_Setup, Takes_Volatilisation_And_Plant_Over)
     EXPECT_EQ(Plant_Of(document).Washoff, 0.5);
     EXPECT_EQ(Plant_Of(document).Laminar_Layer, 0.03);
 }
+
+} // namespace orvel::engine

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <numeric>
 
+namespace orvel::engine {
+
 namespace {
 
 // One compartment of 1 cm, theta 0.3, rho 1.5, Kd 1: C = M / 1.8.
@@ -162,3 +164,5 @@ TEST(Extraction, Tillage_Takes_Plant_Residues_Down)
     EXPECT_EQ(column.Plant_Mass(), 0);
     EXPECT_NEAR(column.Mass()[5 * column.Lanes()], 0.5, 1e-12);
 }
+
+} // namespace orvel::engine

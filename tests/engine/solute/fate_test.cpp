@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <string>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr double Ln2 = 0.69314718055994531;
@@ -306,3 +308,5 @@ TEST(Fate, Nine_Substances_Form_Each_Other_Across_The_Vectors)
     const Solute_Closure closure = soil.Column->Closure(soil.Sums, Solute_Stores{std::vector<double>(9, 0.0), std::vector<double>(9, 0.0)});
     EXPECT_NEAR(closure.Moles_Found, closure.Moles_Applied, 1e-15);
 }
+
+} // namespace orvel::engine

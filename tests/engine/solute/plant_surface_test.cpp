@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+namespace orvel::engine {
+
 namespace {
 
 Solute_Setup Leafy_Setup()
@@ -145,3 +147,5 @@ TEST(Plant_Surface, The_Plants_Share_Follows_The_Method)
     EXPECT_EQ(Plant_Fraction(3, false, 0.6, 1, 1, 40), 0);
     EXPECT_EQ(Plant_Fraction(4, false, 0.6, 1, 1, 40), 0.4);
 }
+
+} // namespace orvel::engine

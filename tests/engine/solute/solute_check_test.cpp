@@ -4,6 +4,8 @@
 
 #include <functional>
 
+namespace orvel::engine {
+
 namespace {
 
 Solute_Setup Sound_Setup()
@@ -73,3 +75,5 @@ TEST(Solute_Check, Negative_Rates_And_A_Circle_Are_48)
     EXPECT_EQ(Faults([](auto&, auto& s) { s.Arrows[1].Target = 1; }), std::vector{48});
     EXPECT_EQ(Faults([](auto& setup, auto&) { setup.Plant.Washoff = -1; }), std::vector{48});
 }
+
+} // namespace orvel::engine

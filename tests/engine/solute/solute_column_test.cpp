@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <string>
 
+namespace orvel::engine {
+
 namespace {
 
 constexpr int N = 60;
@@ -395,3 +397,5 @@ TEST(Solute_Column, Soil_Above_Sorbs_More_Where_It_Dries_Out)
     column.Concentrations(c);
     EXPECT_NEAR(c[0], 10 / (0.075 + 1.5 * std::sqrt(10)), 1e-12);
 }
+
+} // namespace orvel::engine

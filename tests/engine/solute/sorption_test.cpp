@@ -4,6 +4,8 @@
 #include "engine/solute_setups.h"
 #include "engine/verification.h"
 
+namespace orvel::engine {
+
 namespace {
 
 double Inverted(const Solute_Kernel& kernel, double u, double theta, double rho, double k, double exponent, double guess = 0)
@@ -155,3 +157,5 @@ TEST(Sorption, Ages_With_The_Time_A_Mass_Has_Spent_In_The_Soil)
     column.Concentrations(c);
     EXPECT_NEAR(c[0], 10 / (0.3 + 1.5 * (1 + 0.5 * 365 / 365.25)), 1e-9);
 }
+
+} // namespace orvel::engine

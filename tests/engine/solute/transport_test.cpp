@@ -5,6 +5,8 @@
 #include "engine/solute_setups.h"
 #include "engine/verification.h"
 
+namespace orvel::engine {
+
 namespace {
 
 // Courant number below 0.95 for q 0.6, theta 0.3, dz 1: three sub-steps a day.
@@ -171,3 +173,5 @@ TEST(Transport, Carries_With_Dissolved_Organic_Carbon_What_Sorbs_To_It)
     const double diffusion = 0.43 * std::pow(0.3, 10.0 / 3) / 0.25;
     EXPECT_NEAR(leached[1] / leached[0], (0.1 * 21 + diffusion) / (0.1 + diffusion) * 150.3 / 156.3, 0.02 * leached[1] / leached[0]);
 }
+
+} // namespace orvel::engine

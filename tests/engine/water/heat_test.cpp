@@ -4,6 +4,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+namespace orvel::engine {
+
 namespace {
 
 Grid Sand_Column()
@@ -79,3 +81,5 @@ TEST(Soil_Heat, Conduction_Keeps_All_Heat_That_Enters)
 
     EXPECT_NEAR(heat() - before, conductance * (surface - temperature[0]) * 86400, 1e-3);
 }
+
+} // namespace orvel::engine

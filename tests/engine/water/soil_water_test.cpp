@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <numeric>
 
+namespace orvel::engine {
+
 namespace {
 
 // N compartments of 10 cm: field capacity 0.30, wilting point 0.10, porosity 0.45.
@@ -296,3 +298,5 @@ TEST(Report_Rows, Block_Titles_Hold_The_Word_Of_Their_Span_Alone)
     EXPECT_EQ(month, " *** MONTHLY WATER BALANCE ***     YEAR   7 MONTH  3\r\n");
     EXPECT_EQ(day, " *** DAILY WATER BALANCE ***     YEAR   7 MONTH  3 DAY  1\r\n");
 }
+
+} // namespace orvel::engine

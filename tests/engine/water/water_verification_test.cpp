@@ -9,6 +9,8 @@
 #include <array>
 #include <numbers>
 
+namespace orvel::engine {
+
 // Expected values were worked out apart from the engine, from the closed forms of the cited sources.
 
 TEST(Water_Verification, Case_13_Runoff_Follows_The_Curve_Number_And_The_Moisture)
@@ -112,3 +114,5 @@ TEST(Water_Verification, Case_21_Heat_Wave)
         Verify(21, "delay (d)" + where, day_of_highest[k] - 365.0 / 4, delays[k], 0.6);
     }
 }
+
+} // namespace orvel::engine

@@ -12,6 +12,8 @@
 #include <QTableView>
 #include <QTimer>
 
+namespace orvel {
+
 namespace {
 
 class Analyse_Test : public Window_Test {
@@ -256,3 +258,5 @@ TEST_F(Analyse_Test, Reads_The_Pesticide_File_Of_The_Selected_Entry)
     EXPECT_EQ(Shared.Pesticide.PSM_Title, "Title of A");
     EXPECT_TRUE(The_User.Messages.empty());
 }
+
+} // namespace orvel

@@ -19,6 +19,8 @@
 #include <QTableView>
 #include <sstream>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -404,3 +406,5 @@ TEST_F(Evaluation_Walk, The_Concentrations_In_Soil_Agree_With_The_Profile_Rows_O
         Expect_Printed(rows[4].section('\t', 1, 1).trimmed().toDouble(), week, "a week's average");
     });
 }
+
+} // namespace orvel

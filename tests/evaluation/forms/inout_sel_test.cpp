@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QTimer>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -224,3 +226,5 @@ TEST_F(inout_sel_Test, Opens_The_Echo_And_The_Diagram_Of_The_Directory)
     EXPECT_EQ(Opened_By([&] { Click<QPushButton>(*Form, "s_Echo"); }).first, "Echo_ORV");
     EXPECT_EQ(Opened_By([&] { Click<QPushButton>(*Form, "Grafik"); }).first, "taegliches_Diagramm_neu");
 }
+
+} // namespace orvel

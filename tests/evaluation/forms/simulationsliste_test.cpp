@@ -10,6 +10,8 @@
 #include <QScreen>
 #include <QTableView>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -211,3 +213,5 @@ TEST_F(Simulationsliste_Test, Five_Thousand_Runs_Are_Shown_At_Once)
     RecordProperty("seconds", std::to_string(taken.count()));
     EXPECT_LT(taken.count(), 10);
 }
+
+} // namespace orvel

@@ -7,6 +7,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 class Form_Saving_Test : public Window_Test {
@@ -134,3 +136,5 @@ TEST_F(Form_Saving_Test, A_Click_Takes_The_Name_Of_A_File_And_A_Double_Click_Sav
     EXPECT_TRUE(Holds_The_Document("test.psm"));
     EXPECT_FALSE(Form->isVisible());
 }
+
+} // namespace orvel

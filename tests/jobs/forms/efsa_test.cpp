@@ -8,6 +8,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 // The run form over the two soil modes: the same code with other data.
@@ -82,3 +84,5 @@ TEST_F(EFSA_Test, The_Scaling_Of_Tier_4_Reaches_The_Header)
     EXPECT_EQ(control.substr(0, control.find('\r')), "026 01 01 31 12 Version 5          SOIL0.1");
     EXPECT_EQ(Find<QLabel>(*Form, "Version_Szenarien")->text(), "Scenario version number: 3");
 }
+
+} // namespace orvel

@@ -17,6 +17,8 @@
 #include <QRadioButton>
 #include <QTimer>
 
+namespace orvel {
+
 namespace {
 
 class FOCUS_Test : public Window_Test {
@@ -337,3 +339,5 @@ TEST_F(FOCUS_Test, A_Double_Click_On_A_Location_Opens_Its_Scenario)
     EXPECT_EQ(opened, "Szenario");
     EXPECT_TRUE(The_User.Messages.empty());
 }
+
+} // namespace orvel

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QTimer>
 
+namespace orvel {
+
 namespace {
 
 class form_end_Test : public Window_Test {
@@ -272,3 +274,5 @@ TEST_F(form_end_Test, Shows_That_The_Engine_Is_At_Work_And_Start_Tells_Instead_O
 
     EXPECT_EQ(The_User.Messages.back().Text, "An engine is still at work in this directory. Please wait until it has finished.");
 }
+
+} // namespace orvel

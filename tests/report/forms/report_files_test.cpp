@@ -7,6 +7,8 @@
 #include <QTextDocument>
 #include <QXmlStreamReader>
 
+namespace orvel {
+
 namespace {
 
 // What a reader of XML finds wrong with a text; nothing if it is well-formed.
@@ -79,3 +81,5 @@ TEST_F(Report_Session, A_Text_With_A_Failed_Simulation_Is_Told_And_Nothing_Is_Sa
     EXPECT_EQ(The_User.Messages[0].Text, "Problem with output files. Probably, one of the simulations failed!");
     EXPECT_NE(Read_File(Installation / "r.html").find("class=\"problem\""), std::string::npos);
 }
+
+} // namespace orvel

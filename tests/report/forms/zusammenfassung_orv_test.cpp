@@ -12,6 +12,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 // Two locations of a run with an active substance and a metabolite.
@@ -155,3 +157,5 @@ TEST_F(Zusammenfassung_Test, A_Failed_Location_Is_Told_And_Nothing_Is_Shown)
     EXPECT_EQ(Text(), "");
     EXPECT_FALSE(Find<QPushButton>(*Form, "S_Diagramm")->isEnabled());
 }
+
+} // namespace orvel

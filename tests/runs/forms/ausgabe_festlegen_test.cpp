@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 class Ausgabe_festlegen_Test : public Window_Test {
@@ -89,3 +91,5 @@ TEST_F(Ausgabe_festlegen_Test, Cancel_Leaves_The_Slots_As_They_Were)
     EXPECT_EQ(Shared.Output, Recommended_Output());
     EXPECT_FALSE(Form->isVisible());
 }
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 // A summer crop without tillage, one with it, and a winter crop without.
@@ -379,3 +381,5 @@ TEST_F(Crop_Forms_Test, Cancel_Of_The_Properties_Keeps_The_Confirmed_Ones)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -14,6 +14,8 @@
 #include <QTableView>
 #include <QTimer>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Rain = 4, Temp_14 = 6;
@@ -265,3 +267,5 @@ TEST_F(Klima_Test, Twenty_Five_Thousand_Days_Open_Without_A_Widget_For_Each_Cell
     EXPECT_EQ(Grid->model()->rowCount(), 25000);
     EXPECT_LT(Form->findChildren<QWidget*>().size(), 100);
 }
+
+} // namespace orvel

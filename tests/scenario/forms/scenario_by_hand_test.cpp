@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <sstream>
 
+namespace orvel {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -192,3 +194,5 @@ TEST_F(Scenario_By_Hand, A_Climate_File_Edited_In_The_Grid_Reaches_The_Run)
 }
 
 } // namespace
+
+} // namespace orvel

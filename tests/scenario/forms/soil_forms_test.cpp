@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 constexpr int Thickness = 1, Capacity = 5, Wilting = 6, Carbon = 7;
@@ -228,3 +230,5 @@ TEST_F(Soil_Forms_Test, The_Reset_Of_The_Macropores_Fills_The_Boxes_And_Cancel_S
 }
 
 } // namespace
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 class Szenario_Test : public Window_Test {
@@ -257,3 +259,5 @@ TEST_F(Szenario_Test, Done_Without_A_Change_Closes_At_Once)
     EXPECT_FALSE(Form->isVisible());
     EXPECT_TRUE(The_User.Messages.empty());
 }
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 using Names = std::vector<std::string>;
@@ -57,3 +59,5 @@ TEST(andere_Standorte_soil, Offers_The_Zones_Of_A_Crop_And_Keeps_The_Selection_W
 }
 
 } // namespace
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <QRadioButton>
 #include <QToolButton>
 
+namespace orvel {
+
 namespace {
 
 class Application_Box_Test : public Window_Test {
@@ -455,3 +457,5 @@ TEST_F(Application_Box_Test, Soil_Zones_Are_Chosen_By_A_Crop_And_Become_The_List
 }
 
 } // namespace
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 class deg_dat_Test : public Window_Test {
@@ -291,3 +293,5 @@ TEST_F(deg_dat_Test, Cancel_And_Escape_Write_Nothing)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 
 #include <cstdlib>
 
+namespace orvel {
+
 inline void Press(const QWidget& form, const QString& name)
 {
     Click<QAbstractButton>(form, name);
@@ -72,3 +74,5 @@ protected:
 private:
     static inline std::unique_ptr<Temporary_Directory> Place;
 };
+
+} // namespace orvel

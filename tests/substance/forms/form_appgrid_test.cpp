@@ -6,6 +6,8 @@
 #include <QClipboard>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 class Form_appgrid_Test : public Window_Test {
@@ -191,3 +193,5 @@ TEST_F(Form_appgrid_Test, Cancel_Stores_Nothing)
 }
 
 } // namespace
+
+} // namespace orvel

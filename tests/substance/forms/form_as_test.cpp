@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 class Form_AS_Test : public Window_Test {
@@ -367,3 +369,5 @@ TEST_F(Form_AS_Test, A_Character_That_The_Code_Page_Lacks_Is_Left_Out_Of_The_Com
 }
 
 } // namespace
+
+} // namespace orvel

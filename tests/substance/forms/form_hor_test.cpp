@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 class Form_hor_Test : public Window_Test {
@@ -186,3 +188,5 @@ TEST_F(Form_hor_Test, Cancel_Closes_Without_A_Change)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -11,6 +11,8 @@
 #include <QRadioButton>
 #include <QTableView>
 
+namespace orvel {
+
 namespace {
 
 class Form_MET_Test : public Window_Test {
@@ -368,3 +370,5 @@ TEST_F(Form_MET_Test, A_Character_That_The_Code_Page_Lacks_Is_Left_Out_Of_A_Name
 }
 
 } // namespace
+
+} // namespace orvel

@@ -14,6 +14,8 @@
 #include <QPushButton>
 #include <QScreen>
 
+namespace orvel {
+
 namespace {
 
 class Form_PSM_1_Test : public Window_Test {
@@ -288,3 +290,5 @@ TEST_F(Form_PSM_1_Test, Tells_A_Picture_That_Cannot_Be_Saved)
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"Save Picture", "A picture is saved as .png, .svg or .pdf, not as a.bmp."})});
 }
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 class kin_Sorption_Test : public Window_Test {
@@ -168,3 +170,5 @@ TEST_F(kin_Sorption_Test, Cancel_Is_Free_With_A_Value_That_Would_Be_Refused)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 class KOC_PH_Test : public Window_Test {
@@ -141,3 +143,5 @@ TEST_F(KOC_PH_Test, Cancel_Changes_Nothing)
 }
 
 } // namespace
+
+} // namespace orvel

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 class Plant_App_Test : public Window_Test {
@@ -77,3 +79,5 @@ TEST_F(Plant_App_Test, Cancel_Stores_Nothing)
 }
 
 } // namespace
+
+} // namespace orvel

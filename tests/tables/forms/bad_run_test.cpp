@@ -19,6 +19,8 @@
 #include <QTableView>
 #include <QTimer>
 
+namespace orvel {
+
 // Runs whose files are not what they should be: caches that somebody changed, directories that go away while they are shown.
 
 namespace fs = std::filesystem;
@@ -182,3 +184,5 @@ TEST_F(Gone_Directory, Its_Row_In_The_List_Goes_When_It_Is_Deleted)
     EXPECT_EQ(grid->model()->index(0, 1).data().toString(), "other");
     EXPECT_TRUE(fs::exists(Place / "focus/other.run/Maize.run/Thiva_-_(T).run/echo.orv"));
 }
+
+} // namespace orvel

@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 class Diagrams_Test : public Window_Test {
@@ -138,3 +140,5 @@ TEST_F(Diagrams_Test, A_Run_Without_Balances_Leaves_The_Balance_Chart_Empty)
     EXPECT_EQ(Find<QComboBox>(form, "Substanz")->count(), 1);
     EXPECT_TRUE(Drawn(form).Boxes.empty());
 }
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QTimer>
 
+namespace orvel {
+
 namespace {
 
 // A run whose two tables were built before: the caches alone are shown.
@@ -96,3 +98,5 @@ TEST_F(Jahr_ORV_Test, Done_And_Escape_Close_It)
     QTest::keyClick(Form.get(), Qt::Key_Escape);
     EXPECT_FALSE(Form->isVisible());
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QTimer>
 
+namespace orvel {
+
 namespace {
 
 class Mass_Balance_Test : public Window_Test {
@@ -126,3 +128,5 @@ TEST_F(Mass_Balance_Test, A_Run_Without_Output_Says_Why_Its_Table_Ends_Early)
     EXPECT_TRUE(Find<QWidget>(*Form, "Nachricht")->isVisible());
     EXPECT_TRUE(The_User.Messages.empty());
 }
+
+} // namespace orvel

@@ -9,6 +9,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 // A run of one substance whose profile is layer number / 10 in all lines of two days behind the warm-up.
@@ -87,3 +89,5 @@ TEST_F(PECsoil_Test, Has_One_Table_And_So_No_Switch)
     Click<QPushButton>(*Form, "Kopieren");
     EXPECT_EQ(QApplication::clipboard()->text(), Text());
 }
+
+} // namespace orvel

@@ -10,6 +10,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+namespace orvel {
+
 namespace {
 
 class Text_Viewer_Test : public Window_Test {
@@ -215,3 +217,5 @@ TEST_F(Text_Viewer_Test, An_Edited_Text_Saved_Elsewhere_Leaves_The_File_And_Goes
     EXPECT_EQ(Form->windowTitle(), "other.cli[*]");
     EXPECT_FALSE(Form->isWindowModified());
 }
+
+} // namespace orvel

@@ -8,6 +8,8 @@
 #include <QImage>
 #include <QRadioButton>
 
+namespace orvel {
+
 namespace {
 
 // How far the picture of a control without text stands out from its ground.
@@ -37,3 +39,5 @@ TEST(Dark_Outlines, Boxes_And_Round_Buttons_Without_A_Mark_Are_Seen_On_A_Dark_Gr
     EXPECT_GT(Contrast<QCheckBox>(dark), 40);
     EXPECT_GT(Contrast<QRadioButton>(dark), 40);
 }
+
+} // namespace orvel

@@ -4,6 +4,8 @@
 
 #include <QToolTip>
 
+namespace orvel {
+
 namespace {
 
 struct Number_Edit_Test : testing::Test {
@@ -90,3 +92,5 @@ TEST(Byte_Edit_Test, Keeps_A_Text_Of_Ten_Thousand_Characters)
 }
 
 } // namespace
+
+} // namespace orvel

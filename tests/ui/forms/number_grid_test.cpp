@@ -9,6 +9,8 @@
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
+namespace orvel {
+
 namespace {
 
 class Number_Grid_Test : public Window_Test {
@@ -259,3 +261,5 @@ TEST_F(Number_Grid_Test, A_Table_That_Is_Shown_Anew_Has_Nothing_To_Undo)
 }
 
 } // namespace
+
+} // namespace orvel

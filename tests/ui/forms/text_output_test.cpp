@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QTimer>
 
+namespace orvel {
+
 TEST(Ask_In_Box, Shows_The_Message_And_Returns_The_Button_Pressed)
 {
     QString title, text;
@@ -61,3 +63,5 @@ TEST(Print_Text_On, Makes_Pages_Of_A_Long_Text)
     EXPECT_GE(pages, 3U); // 200 lines of 10 points, some 60 a page
     EXPECT_LE(pages, 5U);
 }
+
+} // namespace orvel
