@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/session.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -96,12 +96,12 @@ class Window_Test : public testing::Test {
 protected:
     Window_Test()
     {
-        Shared.Ask = [this](const Message& message) { return The_User(message); };
+        The_Session.Ask = [this](const Message& message) { return The_User(message); };
     }
 
     std::unique_ptr<Session> Owned = std::make_unique<Session>();
-    Session& Shared = *Owned;
-    Told The_User;
+    Session& The_Session = *Owned;
+    Recording_User The_User;
 };
 
 } // namespace orvel

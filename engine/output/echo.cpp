@@ -83,7 +83,7 @@ void Echo::Finish(std::string_view ending)
     Text.clear();
 }
 
-std::string Tame(std::string_view text)
+std::string Sanitize(std::string_view text)
 {
     std::string tame(text);
     std::ranges::replace_if(
@@ -95,13 +95,13 @@ std::string Tame(std::string_view text)
 
 std::string Error_Line(int number, std::string_view text)
 {
-    return " *** ERROR " + std::to_string(number) + ": " + Tame(text) + " ***\r\n";
+    return " *** ERROR " + std::to_string(number) + ": " + Sanitize(text) + " ***\r\n";
 }
 
 void Put_Notes(std::string& text, const Findings& findings)
 {
     for (const auto& note : findings.Notes)
-        text += " NOTE " + std::to_string(note.Number) + ": " + Tame(note.Text) + "\r\n";
+        text += " NOTE " + std::to_string(note.Number) + ": " + Sanitize(note.Text) + "\r\n";
 }
 
 void Put_Errors(std::string& text, const Findings& findings)

@@ -37,7 +37,7 @@ constexpr std::string_view Completed_Line = " *** SIMULATION COMPLETED ***\r\n";
 constexpr std::string_view Checked_Line = " *** INPUT CHECKED, NOTHING SIMULATED ***\r\n";
 
 // A text of the user with the words that readers look for in lower case, and without control characters.
-std::string Tame(std::string_view text);
+std::string Sanitize(std::string_view text);
 
 void Put_Input(std::string& text, const Engine_Input& input);
 void Put_Notes(std::string& text, const Findings& findings);

@@ -40,7 +40,7 @@ private:
         Out += CrLf;
     }
     void Line(std::string_view label, double value) { Line(label, General_Text(value)); }
-    void User(std::string_view label, std::string_view value) { Line(label, Tame(value)); }
+    void User(std::string_view label, std::string_view value) { Line(label, Sanitize(value)); }
 
     // A row of numbers, twelve columns each.
     template <class... T> void Row(T... values)
@@ -80,7 +80,7 @@ private:
             User("CLIMATE OF YEAR " + std::to_string(y + 1), control.Climate_Files[y] + "   " + Input.Weather.Titles[y]);
         Out += "\r\n OUTPUT COLUMNS: CODE, DEPTH (CM), SCALE, SUBSTANCE\r\n";
         for (const Output_Row& row : control.Rows) {
-            Out += "  " + Tame(row.Code);
+            Out += "  " + Sanitize(row.Code);
             Row(row.Depth, row.Scale, row.Substance);
         }
         Out += CrLf;
@@ -109,8 +109,8 @@ private:
                  General_Text(s.SZE_Macro_Depth) + ", " + General_Text(s.SZE_Macro_Threshold) + ", " + General_Text(s.SZE_Macro_Fraction));
         Line("DOC IN SOIL WATER (MG/L)", Input.Solute.Doc);
         Line("DISPERSION", s.SZE_Dispersion_Flag == 1 ? "LENGTH (CM)" : "COEFFICIENT (CM2/D)");
-        Line("FURTHER FLAGS (WITHOUT EFFECT)", General_Text(s.SZE_First_Crop) + ", " + General_Text(s.SZE_Line2_Flag) + ", " + Tame(s.SZE_Field_4216.Text()) +
-                                                   ", " + Tame(s.SZE_Bottom_Line.Text()) + ", " + std::to_string(Input.Pesticide.App_Rel_Flag));
+        Line("FURTHER FLAGS (WITHOUT EFFECT)", General_Text(s.SZE_First_Crop) + ", " + General_Text(s.SZE_Line2_Flag) + ", " + Sanitize(s.SZE_Field_4216.Text()) +
+                                                   ", " + Sanitize(s.SZE_Bottom_Line.Text()) + ", " + std::to_string(Input.Pesticide.App_Rel_Flag));
         Out += CrLf;
     }
 
@@ -200,7 +200,7 @@ private:
     void Print_Substance(const Solute_Substance& s)
     {
         const auto i = static_cast<std::size_t>(s.Index);
-        Out += "*** PARAMETERS OF " + Tame(Input.Pesticide.Substance_Name[i]).substr(0, 80) + "***\r\n";
+        Out += "*** PARAMETERS OF " + Sanitize(Input.Pesticide.Substance_Name[i]).substr(0, 80) + "***\r\n";
         Line("MOLAR MASS (G/MOL)", s.Molmass);
         Line("SORPTION", s.Kd_From_Koc ? "FROM KOC" : "FROM KD BY HORIZON");
         Out += " KOC, PH, KOC2, PH2, PKA, 1/N, LIMIT UG/L, INCREASE %/A, K DOC, CHANGE, F NEQ, K DES, UPTAKE\r\n";

@@ -30,9 +30,9 @@ public:
     Out_File& operator=(Out_File&& other) noexcept;
     ~Out_File();
 
-    std::string Buffer; // append here, then call Relieve
+    std::string Buffer; // append here, then call Flush_When_Full
 
-    void Relieve()
+    void Flush_When_Full()
     {
         if (Buffer.size() >= Full)
             Flush();

@@ -146,7 +146,7 @@ void Series::Put_Line(int day, int hour, const Series_Moment& moment)
     for (Column_Plan& plan : Plans)
         Put_Series(text, plan.Scale * Value(plan, moment));
     text += CrLf;
-    File.Relieve();
+    File.Flush_When_Full();
 }
 
 double Series::Value(Column_Plan& plan, const Series_Moment& moment)

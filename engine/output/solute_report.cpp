@@ -138,7 +138,7 @@ void Solute_Report::Put_Block(Span span, const Date& date, const Solute_Block& b
     for (const Row_Group& group : Groups)
         Put_Row(group, block);
     Put_Totals(block);
-    File.Relieve();
+    File.Flush_When_Full();
 }
 
 void Solute_Report::Put_Concentrations(const Solute_Block& block)
@@ -164,7 +164,7 @@ void Solute_Report::Put_Concentrations(const Solute_Block& block)
         text += CrLf;
     }
     text += CrLf;
-    File.Relieve();
+    File.Flush_When_Full();
 }
 
 void Solute_Report::Put_Dated_Concentrations(const Date& date, const Solute_Block& block)

@@ -206,7 +206,7 @@ void Water_Report::Put_Block(Span span, const Date& date, const Water_Sums& sums
     Put_Left(text, " BALANCE CHECK (CM)", 39);
     Put_Exponent(text, sums.Closure(water), 10, 2);
     text += "\r\n\r\n";
-    File.Relieve();
+    File.Flush_When_Full();
 }
 
 void Water_Report::Close()

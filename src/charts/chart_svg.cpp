@@ -32,13 +32,13 @@ std::string Fill(Colour role)
 // Draws by the convention of all diagrams.
 class Svg_Drawing {
 public:
-    explicit Svg_Drawing(const Chart& chart) : Drawn(chart), Length(chart.X.High - chart.X.Low), Size(Value_Size(chart.Y)) {}
+    explicit Svg_Drawing(const Chart& chart) : Source(chart), Length(chart.X.High - chart.X.Low), Size(Value_Size(chart.Y)) {}
 
     std::string Draw()
     {
         Out = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" viewBox=\"0 0 " + Place(Width) + " " + Place(Height + Below) + "\">\n<title>" +
-              Xml_Text(Drawn.Title) + "</title>\n";
-        if (Drawn.Frame.Right > Drawn.Frame.Left && Drawn.Frame.Top > Drawn.Frame.Bottom)
+              Xml_Text(Source.Title) + "</title>\n";
+        if (Source.Frame.Right > Source.Frame.Left && Source.Frame.Top > Source.Frame.Bottom)
             Plane();
         return Out + "</svg>\n";
     }
@@ -47,16 +47,16 @@ private:
     void Plane()
     {
         Key();
-        for (const Chart_Box& box : Drawn.Boxes)
+        for (const Chart_Box& box : Source.Boxes)
             Rectangle(X(box.Left), std::min(Y(box.Y), Y(0)), X(box.Right) - X(box.Left), std::fabs(Y(box.Y) - Y(0)), box.Drawn_In);
-        for (const Chart_Line& line : Drawn.Lines)
+        for (const Chart_Line& line : Source.Lines)
             Polyline(line);
         X_Axis();
         Y_Axis();
     }
 
-    double X(double x) const { return (x - Drawn.Frame.Left) / (Drawn.Frame.Right - Drawn.Frame.Left) * Width; }
-    double Y(double y) const { return Height - (y - Drawn.Frame.Bottom) / (Drawn.Frame.Top - Drawn.Frame.Bottom) * (Height - Key_Height); }
+    double X(double x) const { return (x - Source.Frame.Left) / (Source.Frame.Right - Source.Frame.Left) * Width; }
+    double Y(double y) const { return Height - (y - Source.Frame.Bottom) / (Source.Frame.Top - Source.Frame.Bottom) * (Height - Key_Height); }
 
     void Stroke(double x1, double y1, double x2, double y2)
     {
@@ -86,8 +86,8 @@ private:
 
     void Key()
     {
-        double left = X(Drawn.X.Low);
-        for (const Chart_Key& key : Drawn.Key) {
+        double left = X(Source.X.Low);
+        for (const Chart_Key& key : Source.Key) {
             Rectangle(left, 5, 11, 11, key.Drawn_In);
             Text(left + Line, 15, "start", key.Text);
             left += 3 * Line + 7 * static_cast<double>(key.Text.size());
@@ -96,29 +96,29 @@ private:
 
     void X_Axis()
     {
-        Stroke(X(Drawn.X.Low), Y(0), X(Drawn.X.High), Y(0));
+        Stroke(X(Source.X.Low), Y(0), X(Source.X.High), Y(0));
         const double below = Y(Size * X_Label_Below) + Line * 0.8;
-        for (const Chart_Tick& tick : Drawn.X.Ticks) {
+        for (const Chart_Tick& tick : Source.X.Ticks) {
             Stroke(X(tick.At), Y(0), X(tick.At), Y(-Size * std::array{Big_X_Tick, Small_X_Tick, Tiny_X_Tick}[static_cast<std::size_t>(tick.Rank)]));
             Text(X(tick.At), below, "middle", tick.Label);
         }
-        Text(X((Drawn.X.Low + Drawn.X.High) / 2), below + 1.2 * Line, "middle", Drawn.X.Title);
+        Text(X((Source.X.Low + Source.X.High) / 2), below + 1.2 * Line, "middle", Source.X.Title);
     }
 
     void Y_Axis()
     {
-        double first = Drawn.Y.Low, last = Drawn.Y.High;
-        for (const Chart_Tick& tick : Drawn.Y.Ticks) {
+        double first = Source.Y.Low, last = Source.Y.High;
+        for (const Chart_Tick& tick : Source.Y.Ticks) {
             first = std::min(first, tick.At);
             last = std::max(last, tick.At);
             Stroke(X(0), Y(tick.At), X(-Length * std::array{Big_Y_Tick, Small_Y_Tick, Tiny_Y_Tick}[static_cast<std::size_t>(tick.Rank)]), Y(tick.At));
             Text(X(-Length * Big_Y_Tick) - 4, Y(tick.At) + Line * 0.3, "end", tick.Label);
         }
         Stroke(X(0), Y(first), X(0), Y(last));
-        Text(4, Y(last) - 0.7 * Line, "start", Drawn.Y.Title);
+        Text(4, Y(last) - 0.7 * Line, "start", Source.Y.Title);
     }
 
-    const Chart& Drawn;
+    const Chart& Source;
     double Length, Size;
     std::string Out;
 };

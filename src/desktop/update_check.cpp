@@ -31,7 +31,7 @@ Message No_Update_Address()
     return {"Connection problem!", "This build has no address to look for updates."};
 }
 
-Message Judge_Update_Page(std::string_view page)
+Message Evaluate_Update_Page(std::string_view page)
 {
     const std::string text = Joined_Lines(page);
     const auto extension = text.find(".zip");

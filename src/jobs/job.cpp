@@ -97,11 +97,11 @@ private:
             return;
         const std::size_t run = engine->second.Run;
         Delete_Engine(run);
-        Judge(run, status);
+        Record_Result(run, status);
         Engines.erase(engine);
     }
 
-    void Judge(std::size_t run, int status)
+    void Record_Result(std::size_t run, int status)
     {
         if (WIFSIGNALED(status))
             return Fail(run, Job_Event::Killed, "signal " + std::to_string(WTERMSIG(status)));

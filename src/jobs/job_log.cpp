@@ -14,7 +14,7 @@ namespace orvel {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> Words = {"begin", "started", "finished", "failed", "killed", "end"};
+constexpr std::array<std::string_view, 6> Event_Words = {"begin", "started", "finished", "failed", "killed", "end"};
 constexpr std::size_t Time_Width = 19;
 constexpr int First_Year = 1900;
 
@@ -39,7 +39,7 @@ void Add_Padded(std::string& text, int number, char behind)
 
 std::string_view Event_Word(Job_Event event)
 {
-    return Words[static_cast<std::size_t>(event)];
+    return Event_Words[static_cast<std::size_t>(event)];
 }
 
 Job_Log::Job_Log(const std::filesystem::path& mode_directory)
@@ -71,8 +71,8 @@ Job_History Parse_Job_Log(std::string_view text)
         const auto time = Next_Field(line);
         const auto word = Next_Field(line);
         const auto run = Next_Field(line);
-        for (std::size_t i = 0; i < Words.size(); ++i) {
-            if (word != Words[i])
+        for (std::size_t i = 0; i < Event_Words.size(); ++i) {
+            if (word != Event_Words[i])
                 continue;
             const auto event = static_cast<Job_Event>(i);
             if (event == Job_Event::Begin)

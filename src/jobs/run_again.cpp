@@ -19,18 +19,18 @@ constexpr std::string_view Starting = "Starting ORVEL Simulations";
 constexpr std::string_view Soil_Mark = "SOIL";
 
 // What a user who agreed once is not asked again.
-class Agreed {
+class Confirmation_Bypass {
 public:
-    explicit Agreed(Session& session) : Shared(session), Before(session.Ask)
+    explicit Confirmation_Bypass(Session& session) : The_Session(session), Before(session.Ask)
     {
-        Shared.Ask = [this](const Message& message) { return message.Buttons == std::vector{Button::Ok, Button::Cancel} ? Button::Ok : Before(message); };
+        The_Session.Ask = [this](const Message& message) { return message.Buttons == std::vector{Button::Ok, Button::Cancel} ? Button::Ok : Before(message); };
     }
-    Agreed(const Agreed&) = delete;
-    Agreed& operator=(const Agreed&) = delete;
-    ~Agreed() { Shared.Ask = Before; }
+    Confirmation_Bypass(const Confirmation_Bypass&) = delete;
+    Confirmation_Bypass& operator=(const Confirmation_Bypass&) = delete;
+    ~Confirmation_Bypass() { The_Session.Ask = Before; }
 
 private:
-    Session& Shared;
+    Session& The_Session;
     Ask_Function Before;
 };
 
@@ -124,7 +124,7 @@ int Mark_Failed_Again(Session& session, const Mode& mode, const std::vector<Simu
         return 0;
     const Output_Selection output = session.Output;
     const auto marked = [&] {
-        const Agreed no_more_questions(session);
+        const Confirmation_Bypass no_more_questions(session);
         return std::ranges::count_if(failed, [&](const Simulation& simulation) { return Mark_Again(session, mode, simulation); });
     }();
     session.Output = output;

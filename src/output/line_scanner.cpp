@@ -56,7 +56,7 @@ Line_Scanner::Line_Scanner(Line_Scanner&& other) noexcept
       End(other.End),
       Line_First(other.Line_First),
       Line_Size(other.Line_Size),
-      Taken(other.Taken),
+      Total_Bytes(other.Total_Bytes),
       Ended(other.Ended),
       Cut(other.Cut)
 {}
@@ -102,7 +102,7 @@ bool Line_Scanner::Fill(std::size_t& keep)
     End = kept;
     const auto got = Read_Some(Buffer.get() + End, Capacity - End);
     End += got;
-    Taken += got;
+    Total_Bytes += got;
     Ended = got == 0;
     return !Ended;
 }

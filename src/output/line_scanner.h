@@ -63,7 +63,7 @@ public:
     std::string_view Line() const { return {Buffer.get() + Line_First, Line_Size}; }
     // Whether the file ends with the line at hand.
     bool At_End() const { return Rest == End && Ended && !Cut; }
-    std::uint64_t Bytes_Read() const { return Taken; }
+    std::uint64_t Bytes_Read() const { return Total_Bytes; }
 
 private:
     explicit Line_Scanner(std::size_t window);
@@ -76,7 +76,7 @@ private:
     std::string_view Source; // what is left of a scanner's bytes
     std::unique_ptr<char[]> Buffer;
     std::size_t Capacity, Rest = 0, End = 0, Line_First = 0, Line_Size = 0;
-    std::uint64_t Taken = 0;
+    std::uint64_t Total_Bytes = 0;
     bool Ended = false, Cut = false;
 };
 

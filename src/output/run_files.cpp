@@ -75,7 +75,7 @@ void Table_Text::Head(const Plot_Head& head)
         Line(title, std::string(Margin) + title);
 }
 
-Reading_Progress::Reading_Progress(const Progress& progress, const std::vector<fs::path>& files) : Told(progress)
+Reading_Progress::Reading_Progress(const Progress& progress, const std::vector<fs::path>& files) : Report_Progress(progress)
 {
     for (const auto& file : files) {
         std::error_code missing;
@@ -87,7 +87,7 @@ Reading_Progress::Reading_Progress(const Progress& progress, const std::vector<f
 void Reading_Progress::Tell(const std::string& message, std::uint64_t taken) const
 {
     const double share = Total > 0 ? std::min(1.0, static_cast<double>(taken) / Total) : 0;
-    if (Told && !Told(message, share))
+    if (Report_Progress && !Report_Progress(message, share))
         throw Reading_Stopped();
 }
 

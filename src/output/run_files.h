@@ -58,7 +58,7 @@ public:
     void Tell(const std::string& message, std::uint64_t taken) const;
 
 private:
-    const Progress& Told;
+    const Progress& Report_Progress;
     double Total = 0;
 };
 

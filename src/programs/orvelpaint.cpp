@@ -21,27 +21,27 @@ namespace orvel {
 
 namespace {
 
-using Words = std::vector<std::string>;
+using Arguments = std::vector<std::string>;
 
 Run_Month Month_Of(const std::string& text)
 {
     return {static_cast<int>(Val(std::string_view(text).substr(text.find('-') + 1))), static_cast<int>(Val(text))};
 }
 
-void Paint_Series(Session& session, const Words& words)
+void Paint_Series(Session& session, const Arguments& arguments)
 {
     const Daily_Request request{
-        .Variable = static_cast<int>(Val(words[4])), .Cumulative = words[5] == "1", .From = Month_Of(words[6]), .To = Month_Of(words[7])};
-    const Daily_Series series = Read_Daily_Series(session, words[1], !Is_Of_A_Batch(words[1]), static_cast<int>(Val(words[2])), request);
-    Save_Chart(Daily_Diagram(series, request, words[3], X_Unit::Years), words[8]);
+        .Variable = static_cast<int>(Val(arguments[4])), .Cumulative = arguments[5] == "1", .From = Month_Of(arguments[6]), .To = Month_Of(arguments[7])};
+    const Daily_Series series = Read_Daily_Series(session, arguments[1], !Is_Of_A_Batch(arguments[1]), static_cast<int>(Val(arguments[2])), request);
+    Save_Chart(Daily_Diagram(series, request, arguments[3], X_Unit::Years), arguments[8]);
 }
 
-void Paint_Report(Session& session, const Words& words)
+void Paint_Report(Session& session, const Arguments& arguments)
 {
     Find_Engine(session);
     const auto bytes = [](const std::string& word) { return From_Utf8(word).value_or(""); };
-    const auto requests = Request_Summaries(session, *Mode_Named(words[1]), bytes(words[2]), bytes(words[3]), Codes_In(words[4]));
-    Save_Report(session, requests, words[5]);
+    const auto requests = Request_Summaries(session, *Mode_Named(arguments[1]), bytes(arguments[2]), bytes(arguments[3]), Codes_In(arguments[4]));
+    Save_Report(session, requests, arguments[5]);
 }
 
 } // namespace
@@ -52,20 +52,20 @@ using namespace orvel;
 
 int main(int argc, char** argv)
 try {
-    Words words(argv + 1, argv + argc);
-    const std::string what = words.empty() ? "" : words.front();
-    const bool is_series = what == "series" && words.size() == 10;
-    if (!is_series && !(what == "report" && words.size() == 7 && Mode_Named(words[2]) != nullptr))
+    Arguments arguments(argv + 1, argv + argc);
+    const std::string what = arguments.empty() ? "" : arguments.front();
+    const bool is_series = what == "series" && arguments.size() == 10;
+    if (!is_series && !(what == "report" && arguments.size() == 7 && Mode_Named(arguments[2]) != nullptr))
         return 2;
-    words.erase(words.begin());
+    arguments.erase(arguments.begin());
     qputenv("QT_QPA_PLATFORM", "offscreen"); // no display is needed
     QGuiApplication application(argc, argv);
     const auto session = std::make_unique<Session>();
-    session->Program.App_Path = words[0];
+    session->Program.App_Path = arguments[0];
     if (is_series)
-        Paint_Series(*session, words);
+        Paint_Series(*session, arguments);
     else
-        Paint_Report(*session, words);
+        Paint_Report(*session, arguments);
     return 0;
 } catch (const File_Error& error) {
     std::cerr << "File check: " << error.what() << '\n';

@@ -100,18 +100,18 @@ Leachate_Row Printed(const Leachate_Row& row)
 // Gathers one crop. The summary goes with it, since the diagrams are drawn from that.
 class Crop_Gathering {
 public:
-    Crop_Gathering(const Summary_Request& asked, Report_Crop& gathered) : Asked(asked), Crop(gathered) { Crop.Name = asked.Crop; }
+    Crop_Gathering(const Summary_Request& asked, Report_Crop& gathered) : Request(asked), Crop(gathered) { Crop.Name = asked.Crop; }
 
     // False: the user stopped it.
     bool Gather(const Progress& progress)
     {
-        for (const auto& location : Asked.Locations) {
-            Crop.Runs.push_back(Run_Of(location, Asked.Pesticide));
+        for (const auto& location : Request.Locations) {
+            Crop.Runs.push_back(Run_Of(location, Request.Pesticide));
             Drawn.Location_Short.push_back(Short_Name(location.Text));
             if (Crop.Runs.back().Problem.empty() && !Add_Results(location, progress))
                 return false;
         }
-        for (const auto& missing : Asked.Missing)
+        for (const auto& missing : Request.Missing)
             Crop.Runs.push_back({.Location = missing, .Problem = "The location was not simulated."});
         for (std::size_t s = 0; s < Crop.Tables.size(); ++s)
             Crop.Tables[s].Diagram = Report_Chart(Drawn, s);
@@ -125,7 +125,7 @@ private:
         const auto tables = Build_Or_Load(
             location.Directory,
             [&](const std::string& message, double share) {
-                stopped = progress && !progress(message, (static_cast<double>(Crop.Runs.size()) - 1 + share) / static_cast<double>(Asked.Locations.size()));
+                stopped = progress && !progress(message, (static_cast<double>(Crop.Runs.size()) - 1 + share) / static_cast<double>(Request.Locations.size()));
                 return !stopped;
             },
             Period_Index);
@@ -176,7 +176,7 @@ private:
         return result;
     }
 
-    const Summary_Request& Asked;
+    const Summary_Request& Request;
     Report_Crop& Crop;
     Summary Drawn;
     int Period_Index = 0;

@@ -92,7 +92,7 @@ try {
     session.Run.Job_Dir.clear(); // none, or damaged: the next combination begins a new one
 }
 
-std::optional<Lock> Take_Turn(const Session& session)
+std::optional<Lock> Acquire_Batch_Lock(const Session& session)
 {
     constexpr std::chrono::seconds Most(10);
     // A file that every run takes a copy of: the directories' own locks tell of runs and jobs at work.
@@ -119,7 +119,7 @@ fs::path Run_Path(const fs::path& mode_directory, std::string_view run_directory
 
 Started_Job Start_Batch(Session& session, const Mode& mode, int jobs, const fs::path& runner)
 try {
-    const auto turn = Take_Turn(session);
+    const auto turn = Acquire_Batch_Lock(session);
     if (!Batch_Pending(session, mode)) {
         Tell(session, "No combination is marked for a batch.");
         return {Start_Result::Nothing_Pending};

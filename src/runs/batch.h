@@ -29,7 +29,7 @@ std::filesystem::path Run_Path(const std::filesystem::path& mode_directory, std:
 
 // A program's turn to change the pending batches of an installation: one at a time, and for moments only. Waits for it; throws File_Error if it does
 // not come. Nothing where no run can be prepared anyway.
-std::optional<Lock> Take_Turn(const Session& session);
+std::optional<Lock> Acquire_Batch_Lock(const Session& session);
 
 enum class Mark_Result { Marked, Already_Selected, Cancelled, Failed };
 

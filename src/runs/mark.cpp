@@ -120,7 +120,7 @@ Mark_Result Mark_For_Batch(Session& session, const Mode& mode, const Run_Choice&
         return Mark_Result::Failed;
     }
     try {
-        const auto turn = Take_Turn(session);
+        const auto turn = Acquire_Batch_Lock(session);
         return Mark_In_Turn(session, mode, choice);
     } catch (const Stage_Error& error) {
         Tell_Stage(session, error.Stage, error.what());
@@ -134,7 +134,7 @@ void Take_Out_Of_Batch(Session& session, const Mode& mode, const std::vector<fs:
 {
     if (!Batch_Pending(session, mode))
         return;
-    const auto turn = Take_Turn(session);
+    const auto turn = Acquire_Batch_Lock(session);
     const fs::path directory = Mode_Directory(session, mode), batch = Found_Or_New(directory, "batch.bat");
     const auto jobs = Parse_Job(Read_Whole(batch));
     const auto places = Resolve_Runs(directory, jobs);

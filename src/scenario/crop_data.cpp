@@ -10,9 +10,9 @@ namespace {
 constexpr std::size_t Name_Width = 14;
 
 // The words of a line one by one; a missing one is 0.
-class Words {
+class Token_Reader {
 public:
-    explicit Words(std::string_view line) : Rest(line) {}
+    explicit Token_Reader(std::string_view line) : Rest(line) {}
     double Number() { return Val(Next_Token(Rest)); }
     std::int16_t Integer() { return To_I16(Number()); }
 
@@ -21,7 +21,7 @@ private:
 };
 
 // Emergence, maturation, harvest, senescence, tillage.
-Rotation_Row Parse_Dates(Words& words)
+Rotation_Row Parse_Dates(Token_Reader& words)
 {
     Rotation_Row dates;
     for (const auto date :
@@ -39,7 +39,7 @@ Crop_Data Parse_Crop(std::string_view line)
 {
     Crop_Data crop;
     crop.DB_Crop_Name = Trim(Columns(line, 1, Name_Width));
-    Words words(Columns(line, Name_Width + 1));
+    Token_Reader words(Columns(line, Name_Width + 1));
     auto& defaults = crop.Defaults;
     defaults.SZE_Rot_Text1 = words.Number();
     defaults.SZE_Rot_Text2 = words.Number();

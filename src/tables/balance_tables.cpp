@@ -23,15 +23,15 @@ constexpr int Last_Pesticide_Width = 10;
 constexpr std::size_t Rule_Length = 117;
 
 // What differs between the views.
-struct View_Words {
+struct View_Labels {
     std::string_view Water_Cache, Pesticide_Cache;
     std::string_view Title;                 // begins the titles of the tables
     std::string_view Water_Head, Chem_Head; // the first column
 };
-constexpr View_Words Annual_Words = {"MBalance.orv", "PBalance.orv", "\tAnnual ", "\tYear  \t", "\tYear  \t"};
-constexpr View_Words Monthly_Words = {"MBalance_M.orv", "PBalance_M.orv", "\tMonthly ", "\tMonth  \t", "\tMonth\t"};
+constexpr View_Labels Annual_Words = {"MBalance.orv", "PBalance.orv", "\tAnnual ", "\tYear  \t", "\tYear  \t"};
+constexpr View_Labels Monthly_Words = {"MBalance_M.orv", "PBalance_M.orv", "\tMonthly ", "\tMonth  \t", "\tMonth\t"};
 
-const View_Words& Words_Of(Balance_View view)
+const View_Labels& Labels_Of(Balance_View view)
 {
     return view == Balance_View::Annual ? Annual_Words : Monthly_Words;
 }
@@ -48,10 +48,10 @@ class Builder {
 public:
     Builder(const fs::path& run_directory, Balance_View view, const Progress& progress, Balance_Tables& tables)
         : View(view),
-          Words(Words_Of(view)),
+          Labels(Labels_Of(view)),
           Wasser(Found_Or_New(run_directory, "Wasser.orv")),
           Chems(Chem_Files(run_directory)),
-          Told(progress, Files()),
+          Report_Progress(progress, Files()),
           Tables(tables)
     {}
 
@@ -84,21 +84,21 @@ private:
     {
         text.Line("");
         text.Line("");
-        text.Line(std::string(Words.Title) + title);
+        text.Line(std::string(Labels.Title) + title);
         text.Line("");
     }
 
     void Read_Water()
     {
         Begin(Water, "Water Balance (L/m\xB2)");
-        Water.Line(std::string(Words.Water_Head) + "Precipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage");
+        Water.Line(std::string(Labels.Water_Head) + "Precipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage");
         Line_Scanner wasser(Wasser);
         Scan_Water_Balance(wasser, View, [&](const Water_Balance_Row& row) {
             Tables.Water.push_back(row);
             const auto number = Tables.Water.size();
             Water.Line(
                 Row_Text(number, {row.Precipitation, row.Irrigation, row.Runoff, row.Evapotranspiration, row.Percolate, row.Diff_Storage}, Figure_Width));
-            Told.Tell(Message("wasser", number), wasser.Bytes_Read());
+            Report_Progress.Tell(Message("wasser", number), wasser.Bytes_Read());
         });
         Done += wasser.Bytes_Read();
     }
@@ -108,7 +108,7 @@ private:
         const bool active_substance = Tables.Pesticide.empty();
         auto& rows = Tables.Pesticide.emplace_back();
         Begin(Pesticide, chem.Label + " Balance (g/ha)");
-        Pesticide.Line(std::string(Words.Chem_Head) + (active_substance ? "Application" : "Formation") +
+        Pesticide.Line(std::string(Labels.Chem_Head) + (active_substance ? "Application" : "Formation") +
                        "\tVolatilisation\t  Runoff\tPlant uptake\tDegradation\t Percolate\tDiff. Storage");
         Pesticide.Line("\t" + std::string(Rule_Length, '-'));
         Line_Scanner file(chem.File);
@@ -117,7 +117,7 @@ private:
             Pesticide.Line(Row_Text(rows.size(),
                                     {row.Application, row.Volatilisation, row.Runoff, row.Plant_Uptake, row.Degradation, row.Percolate, row.Diff_Storage},
                                     Last_Pesticide_Width));
-            Told.Tell(Message("chem" + chem.Suffix, rows.size()), Done + file.Bytes_Read());
+            Report_Progress.Tell(Message("chem" + chem.Suffix, rows.size()), Done + file.Bytes_Read());
         });
         Done += file.Bytes_Read();
     }
@@ -128,10 +128,10 @@ private:
     }
 
     Balance_View View;
-    const View_Words& Words;
+    const View_Labels& Labels;
     fs::path Wasser;
     std::vector<Chem_File> Chems;
-    Reading_Progress Told;
+    Reading_Progress Report_Progress;
     Balance_Tables& Tables;
     std::uint64_t Done = 0; // bytes of the files that are done with
 };
@@ -154,7 +154,7 @@ void Build(const fs::path& run_directory, Balance_View view, const Progress& pro
     // A run that was started while its files were read is at work now.
     if (tables.Not_Cached.empty())
         tables.Not_Cached = Why_No_Cache(run_directory, head);
-    const auto& words = Words_Of(view);
+    const auto& words = Labels_Of(view);
     if (tables.Not_Cached.empty())
         tables.Not_Cached = Write_Caches(run_directory, words.Water_Cache, words.Pesticide_Cache, {builder.Water.File, builder.Pesticide.File});
     tables.Cached = tables.Not_Cached.empty();
@@ -165,7 +165,7 @@ void Build(const fs::path& run_directory, Balance_View view, const Progress& pro
 Balance_Tables Build_Or_Load_Balance(const fs::path& run_directory, Balance_View view, const Progress& progress)
 {
     Balance_Tables tables;
-    const auto& words = Words_Of(view);
+    const auto& words = Labels_Of(view);
     if (const auto caches = Read_Caches(run_directory, words.Water_Cache, words.Pesticide_Cache)) {
         tables.From_Cache = tables.Cached = true;
         tables.Water_Text = Shown_Cache(caches->First);

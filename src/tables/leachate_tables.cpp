@@ -35,7 +35,7 @@ public:
     Year_Reader(const fs::path& run_directory, const Progress& progress)
         : Chems(Chem_Files(run_directory)),
           Wasser(Found_Or_New(run_directory, "Wasser.orv")),
-          Told(progress, Files()),
+          Report_Progress(progress, Files()),
           Layers(Read_Echo_Layers(run_directory).Top_Layers)
     {}
 
@@ -65,10 +65,10 @@ private:
         for (std::size_t y = 1; Read_Year(y, water, leached, read); ++y) {
             if (y > Most_Years)
                 throw File_Error("A simulation of more than " + std::to_string(Most_Years) + " years cannot be evaluated.");
-            Told.Tell(Message(chem, y, Depth::One_Metre), Done + water.Bytes_Read() + leached.Bytes_Read());
+            Report_Progress.Tell(Message(chem, y, Depth::One_Metre), Done + water.Bytes_Read() + leached.Bytes_Read());
         }
         Done += leached.Bytes_Read();
-        Told.Tell(Message(chem, read.Rows[1].size() + 1, Depth::Core_Bottom), Done + water.Bytes_Read());
+        Report_Progress.Tell(Message(chem, read.Rows[1].size() + 1, Depth::Core_Bottom), Done + water.Bytes_Read());
     }
 
     // Whether either depth has the year.
@@ -97,7 +97,7 @@ private:
 
     std::vector<Chem_File> Chems;
     fs::path Wasser;
-    Reading_Progress Told;
+    Reading_Progress Report_Progress;
     int Layers;
     std::uint64_t Done = 0; // bytes of the files that are done with
 };

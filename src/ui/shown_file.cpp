@@ -37,7 +37,7 @@ std::string With_Ends(std::string_view text)
 
 constexpr std::string_view Saving_Title = "Saving Input File";
 
-bool Asked(const Session& session, std::string_view question)
+bool Confirmed(const Session& session, std::string_view question)
 {
     return session.Ask({std::string(Saving_Title), std::string(question), Icon::Question, {Button::Yes, Button::No}, Button::No}) == Button::Yes;
 }
@@ -79,7 +79,7 @@ try {
 
 bool Save_Shown(const Session& session, const std::filesystem::path& file, std::string_view was_shown, std::string_view edited)
 {
-    if (!Is_Shown_As_It_Is(was_shown, file) && !Asked(session, "The file was changed by another program since it was opened. Replace?"))
+    if (!Is_Shown_As_It_Is(was_shown, file) && !Confirmed(session, "The file was changed by another program since it was opened. Replace?"))
         return false;
     return Save_Shown_As(session, file, edited);
 }
@@ -95,7 +95,7 @@ try {
 
 bool May_Give_Up_Text(const Session& session)
 {
-    return Asked(session, "The text was changed. Do you want to exit without saving ?");
+    return Confirmed(session, "The text was changed. Do you want to exit without saving ?");
 }
 
 } // namespace orvel

@@ -5,7 +5,7 @@
 #include "files/pesticide_example.h"
 #include "files/scenario_example.h"
 #include "temporary_directory.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 class Documents : public testing::Test {
 protected:
-    Documents() { Shared->Ask = std::ref(The_User); }
+    Documents() { The_Session->Ask = std::ref(The_User); }
 
     std::filesystem::path File(const std::string& name, std::string_view bytes)
     {
@@ -27,13 +27,13 @@ protected:
     std::string Converted(const std::string& name, std::string_view bytes)
     {
         const auto to = Directory / ("converted" + std::filesystem::path(name).extension().string());
-        EXPECT_TRUE(Convert_Document(*Shared, File(name, bytes), to));
+        EXPECT_TRUE(Convert_Document(*The_Session, File(name, bytes), to));
         return Read_Whole(to);
     }
 
     Temporary_Directory Directory;
-    Told The_User;
-    std::unique_ptr<Session> Shared = std::make_unique<Session>();
+    Recording_User The_User;
+    std::unique_ptr<Session> The_Session = std::make_unique<Session>();
 };
 
 } // namespace
@@ -49,14 +49,14 @@ TEST_F(Documents, The_Ending_Says_The_Kind_In_Any_Case)
 
 TEST_F(Documents, Opening_A_Pesticide_File_Derives_Its_Pathway_And_Keeps_Its_Name)
 {
-    Shared->Run.App_Pattern = 2;
+    The_Session->Run.App_Pattern = 2;
 
-    EXPECT_TRUE(Open_Document(*Shared, File("demo.psm", Example_File())));
+    EXPECT_TRUE(Open_Document(*The_Session, File("demo.psm", Example_File())));
 
-    EXPECT_EQ(Shared->Program.PSM_File, "demo.psm");
-    EXPECT_TRUE(Shared->Pesticide.Trans_Active[1]);
-    EXPECT_TRUE(Shared->Pesticide.Bound_Active[2]);
-    EXPECT_EQ(Shared->Run.App_Per_Year[0], 0);
+    EXPECT_EQ(The_Session->Program.PSM_File, "demo.psm");
+    EXPECT_TRUE(The_Session->Pesticide.Trans_Active[1]);
+    EXPECT_TRUE(The_Session->Pesticide.Bound_Active[2]);
+    EXPECT_EQ(The_Session->Run.App_Per_Year[0], 0);
 }
 
 TEST_F(Documents, Opening_A_Pesticide_File_Counts_The_Applications_Per_Year_Of_A_Known_Pattern)
@@ -64,17 +64,17 @@ TEST_F(Documents, Opening_A_Pesticide_File_Counts_The_Applications_Per_Year_Of_A
     std::string applications = " 1    0    1 \r\n046\r\n";
     for (int a = 0; a < 46; ++a)
         applications += "01  01  01   1    0    0    0    0 \r\n";
-    Shared->Run.App_Pattern = 2;
+    The_Session->Run.App_Pattern = 2;
 
-    EXPECT_TRUE(Open_Document(*Shared, File("demo.psm", With(Example_File(), Example_Applications, applications))));
+    EXPECT_TRUE(Open_Document(*The_Session, File("demo.psm", With(Example_File(), Example_Applications, applications))));
 
-    EXPECT_EQ(Shared->Run.App_Per_Year[0], 2); // 46 in 23 years
+    EXPECT_EQ(The_Session->Run.App_Per_Year[0], 2); // 46 in 23 years
 }
 
 TEST_F(Documents, A_File_That_Is_No_Document_Is_Refused_Both_Ways)
 {
-    EXPECT_FALSE(Open_Document(*Shared, File("notes.txt", "x")));
-    EXPECT_FALSE(Save_Document(*Shared, Directory / "notes.doc"));
+    EXPECT_FALSE(Open_Document(*The_Session, File("notes.txt", "x")));
+    EXPECT_FALSE(Save_Document(*The_Session, Directory / "notes.doc"));
 
     EXPECT_EQ(The_User.Messages, (std::vector{Message{"Readin check", "notes.txt does not end in .psm, .sze or .cli."},
                                               Message{"Saving Input File", "notes.doc does not end in .psm, .sze or .cli."}}));
@@ -118,7 +118,7 @@ TEST_F(Documents, Converting_Tells_A_Field_That_Is_Lost_And_Goes_On)
 
 TEST_F(Documents, Converting_To_Another_Kind_Is_Refused)
 {
-    EXPECT_FALSE(Convert_Document(*Shared, File("demo.psm", Example_File()), Directory / "demo.sze"));
+    EXPECT_FALSE(Convert_Document(*The_Session, File("demo.psm", Example_File()), Directory / "demo.sze"));
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"Saving Input File", "demo.sze does not have the ending of demo.psm."})});
     EXPECT_FALSE(std::filesystem::exists(Directory / "demo.sze"));
@@ -128,7 +128,7 @@ TEST_F(Documents, Converting_A_Bad_File_Leaves_The_Target_As_It_Was)
 {
     const auto to = File("target.psm", "before");
 
-    EXPECT_FALSE(Convert_Document(*Shared, File("demo.psm", Example_File().substr(0, 900)), to));
+    EXPECT_FALSE(Convert_Document(*The_Session, File("demo.psm", Example_File().substr(0, 900)), to));
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"Readin check", "demo.psm is not a ORVEL 4.01 PSM file"})});
     EXPECT_EQ(Read_Whole(to), "before");
@@ -136,7 +136,7 @@ TEST_F(Documents, Converting_A_Bad_File_Leaves_The_Target_As_It_Was)
 
 TEST_F(Documents, Showing_A_Pesticide_File_Names_The_Fields_With_The_Session_S_Indices)
 {
-    const auto text = Show_Document(*Shared, File("demo.psm", With(Example_File(), "Demo compound", "Demo comp\xF6und"))).value();
+    const auto text = Show_Document(*The_Session, File("demo.psm", With(Example_File(), "Demo compound", "Demo comp\xF6und"))).value();
 
     EXPECT_NE(text.find("\"PSM_Title\": \"Demo comp\xC3\xB6und\""), std::string::npos);
     EXPECT_NE(text.find("\"Substance_Name\": [\"\", \"Alpha\", \"Beta\", \"Metabolite B1\""), std::string::npos);
@@ -152,7 +152,7 @@ TEST_F(Documents, Showing_Relative_Applications_Gives_Their_Table)
 {
     const auto lines = With(Example_Applications, " 2    0    1 ", " 2    0    9 ");
 
-    const auto text = Show_Document(*Shared, File("demo.psm", With(Example_File(), Example_Applications, lines))).value();
+    const auto text = Show_Document(*The_Session, File("demo.psm", With(Example_File(), Example_Applications, lines))).value();
 
     EXPECT_NE(text.find("\"Relative\": [null,\n    {\n      \"Abs9_Day\": 5,"), std::string::npos);
     EXPECT_NE(text.find("\"Abs9_Month\": 11,"), std::string::npos);
@@ -160,21 +160,21 @@ TEST_F(Documents, Showing_Relative_Applications_Gives_Their_Table)
 
 TEST_F(Documents, Showing_A_Scenario_And_A_Climate_File_Gives_Their_Rows)
 {
-    const auto scenario = Show_Document(*Shared, File("demo.sze", Scenario_File())).value();
+    const auto scenario = Show_Document(*The_Session, File("demo.sze", Scenario_File())).value();
     EXPECT_NE(scenario.find("\"SZE_Title\": \" Demo soil \""), std::string::npos);
     EXPECT_NE(scenario.find("\"SZE_Rot_Kc_Mid\": 1.05"), std::string::npos);
     EXPECT_NE(scenario.find("\"SZE_Til_Day\": 11"), std::string::npos);
     EXPECT_NE(scenario.find("\"SZE_Hor_Sand\": 68.3"), std::string::npos);
     EXPECT_NE(scenario.find("\"SZE_Freq_Water\": \"DAY\""), std::string::npos);
 
-    const auto climate = Show_Document(*Shared, File("demo.cli", "T\r\n 0201811.2550000 \r\n")).value();
+    const auto climate = Show_Document(*The_Session, File("demo.cli", "T\r\n 0201811.2550000 \r\n")).value();
     EXPECT_NE(climate.find("\"Cli_Rows\": 1"), std::string::npos);
     EXPECT_NE(climate.find("\"Cli_Rain\": 1.255"), std::string::npos); // as in the file, not as in the grid
 }
 
 TEST_F(Documents, Showing_A_Bad_File_Tells_It)
 {
-    EXPECT_EQ(Show_Document(*Shared, File("demo.sze", "x")), std::nullopt);
+    EXPECT_EQ(Show_Document(*The_Session, File("demo.sze", "x")), std::nullopt);
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"Readin check", "demo.sze is not a ORVEL 4.01 PSM file"})});
 }
 

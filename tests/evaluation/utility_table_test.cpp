@@ -5,7 +5,7 @@
 #include "output/engine_files.h"
 #include "runs/batch.h"
 #include "temporary_directory.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <algorithm>
 #include <chrono>
@@ -22,8 +22,8 @@ class Utility_Table_Test : public testing::Test {
 protected:
     Utility_Table_Test()
     {
-        Shared->Ask = [this](const Message& message) { return The_User(message); };
-        Shared->Program.App_Path = Place / "home";
+        The_Session->Ask = [this](const Message& message) { return The_User(message); };
+        The_Session->Program.App_Path = Place / "home";
         fs::create_directories(Place / "home");
         fs::create_directories(Place / "run");
         Write_Whole(Run() / "plot.orv", "series\r\n");
@@ -47,8 +47,8 @@ protected:
     }
 
     Temporary_Directory Place;
-    Told The_User;
-    std::unique_ptr<Session> Shared = std::make_unique<Session>();
+    Recording_User The_User;
+    std::unique_ptr<Session> The_Session = std::make_unique<Session>();
 };
 
 } // namespace
@@ -82,11 +82,11 @@ TEST_F(Utility_Table_Test, The_Utility_Works_In_The_Directory_And_Its_Table_Is_S
 {
     Put_Utility();
 
-    const auto process = Start_Utility(*Shared, Utility::Year, Run());
+    const auto process = Start_Utility(*The_Session, Utility::Year, Run());
 
     ASSERT_TRUE(process);
     EXPECT_EQ(Exit_Code_Of(*process), 0);
-    EXPECT_EQ(Shown_Table(*Shared, Utility::Year, Run()), "series");
+    EXPECT_EQ(Shown_Table(*The_Session, Utility::Year, Run()), "series");
     EXPECT_EQ(Read_Whole(Place / "home/wyear.bat"), Format_Utility_Batch(Utility::Year, Run(), Place / "home"));
     EXPECT_TRUE(The_User.Messages.empty());
 }
@@ -96,7 +96,7 @@ TEST_F(Utility_Table_Test, The_Copy_Has_The_First_Seven_Lines_Of_The_Series)
     Put_Utility();
     Write_Whole(Run() / "plot.orv", Plot_Head_Of(1, 0) + Plot_Line(1, 24, {"0.5"}));
 
-    const auto process = Start_Utility(*Shared, Utility::Year, Run());
+    const auto process = Start_Utility(*The_Session, Utility::Year, Run());
 
     ASSERT_TRUE(process);
     EXPECT_EQ(Exit_Code_Of(*process), 0);
@@ -110,7 +110,7 @@ TEST_F(Utility_Table_Test, What_The_Utility_Tells_When_It_Fails_Is_Taken_Once)
     Write_Whole(Place / "home/wyear.exe", "#!/bin/sh\necho The file plot.orv is damaged. >&2\nexit 1\n");
     fs::permissions(Place / "home/wyear.exe", fs::perms::owner_all);
 
-    const auto process = Start_Utility(*Shared, Utility::Year, Run());
+    const auto process = Start_Utility(*The_Session, Utility::Year, Run());
 
     ASSERT_TRUE(process);
     EXPECT_EQ(Exit_Code_Of(*process), 1);
@@ -124,7 +124,7 @@ TEST_F(Utility_Table_Test, No_Table_Is_Made_While_The_Simulation_Is_At_Work)
     Put_Utility();
     const auto lock = Lock::Take(Run());
 
-    EXPECT_FALSE(Start_Utility(*Shared, Utility::Year, Run()));
+    EXPECT_FALSE(Start_Utility(*The_Session, Utility::Year, Run()));
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
     EXPECT_EQ(The_User.Messages[0].Text, "The simulation is still at work.");
@@ -133,7 +133,7 @@ TEST_F(Utility_Table_Test, No_Table_Is_Made_While_The_Simulation_Is_At_Work)
 
 TEST_F(Utility_Table_Test, A_Missing_Utility_Is_Told)
 {
-    EXPECT_FALSE(Start_Utility(*Shared, Utility::Year, Run()));
+    EXPECT_FALSE(Start_Utility(*The_Session, Utility::Year, Run()));
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
     EXPECT_EQ(The_User.Messages[0].Text, "The program wyear.exe is missing in the installation directory.");
@@ -163,8 +163,8 @@ TEST_F(Utility_Table_Test, The_Leachate_Table_Of_A_Batch_Is_Never_Overwritten)
     Write_Whole(run / "plot.orv", "series\r\n");
     Write_Whole(run / "year.orv", "leachate\r\n");
 
-    EXPECT_FALSE(Start_Utility(*Shared, Utility::Year, run));
-    EXPECT_FALSE(Start_Utility(*Shared, Utility::Year, run / ""));
+    EXPECT_FALSE(Start_Utility(*The_Session, Utility::Year, run));
+    EXPECT_FALSE(Start_Utility(*The_Session, Utility::Year, run / ""));
 
     EXPECT_EQ(The_User.Messages.size(), 2U);
     EXPECT_EQ(Read_Whole(run / "year.orv"), "leachate\r\n");
@@ -176,11 +176,11 @@ TEST_F(Utility_Table_Test, The_Size_Limit_Holds_For_The_Table_By_Day_Alone)
     Write_Whole(Run() / "day.orv", big + "\r\n");
     Write_Whole(Run() / "month.orv", big + "\r\n");
 
-    EXPECT_EQ(Shown_Table(*Shared, Utility::Month, Run()), big);
+    EXPECT_EQ(Shown_Table(*The_Session, Utility::Month, Run()), big);
     EXPECT_TRUE(The_User.Messages.empty());
-    EXPECT_EQ(Shown_Table(*Shared, Utility::Day, Run())->size(), 32767U);
+    EXPECT_EQ(Shown_Table(*The_Session, Utility::Day, Run())->size(), 32767U);
     EXPECT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_FALSE(Shown_Table(*Shared, Utility::Year, Run()));
+    EXPECT_FALSE(Shown_Table(*The_Session, Utility::Year, Run()));
 }
 
 } // namespace orvel

@@ -3,7 +3,7 @@
 #include "parsed.h"
 #include "pesticide_example.h"
 #include "scenario_example.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -116,7 +116,7 @@ TEST(Broken_Line, A_Document_That_Cannot_Be_Printed_Is_Broken)
 TEST(May_Save, Asks_Only_Where_A_Field_Is_Lost_And_Takes_No_For_The_Default)
 {
     Session session;
-    Told user;
+    Recording_User user;
     session.Ask = std::ref(user);
 
     EXPECT_TRUE(May_Save(session, Example_Scenario()));

@@ -4,7 +4,7 @@
 #include "pesticide_example.h"
 #include "scenario_example.h"
 #include "temporary_directory.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -14,18 +14,18 @@ namespace {
 
 class Document_Files : public testing::Test {
 protected:
-    Document_Files() { Shared->Ask = std::ref(The_User); }
+    Document_Files() { The_Session->Ask = std::ref(The_User); }
 
     std::filesystem::path File(const std::string& name, std::string_view bytes)
     {
         Write_Whole(Directory / name, bytes);
-        Shared->Program.PSM_File = name;
+        The_Session->Program.PSM_File = name;
         return Directory / name;
     }
 
     Temporary_Directory Directory;
-    Told The_User;
-    std::unique_ptr<Session> Shared = std::make_unique<Session>();
+    Recording_User The_User;
+    std::unique_ptr<Session> The_Session = std::make_unique<Session>();
 };
 
 const Message Not_Demo{"Readin check", "demo.psm is not a ORVEL 4.01 PSM file"};
@@ -37,9 +37,9 @@ TEST_F(Document_Files, A_Pesticide_File_Is_Read_And_Written)
 {
     const auto file = File("demo.psm", Example_File());
 
-    EXPECT_TRUE(Read_PSM(*Shared, file));
-    EXPECT_TRUE(Shared->Program.PSM_Read_OK);
-    EXPECT_TRUE(Write_PSM(*Shared, Directory / "copy.psm"));
+    EXPECT_TRUE(Read_PSM(*The_Session, file));
+    EXPECT_TRUE(The_Session->Program.PSM_Read_OK);
+    EXPECT_TRUE(Write_PSM(*The_Session, Directory / "copy.psm"));
     EXPECT_EQ(Read_Whole(Directory / "copy.psm"), Example_File());
     EXPECT_TRUE(The_User.Messages.empty());
 }
@@ -47,12 +47,12 @@ TEST_F(Document_Files, A_Pesticide_File_Is_Read_And_Written)
 TEST_F(Document_Files, A_Scenario_File_Is_Read_Over_A_Reset_Document_And_Written)
 {
     const auto file = File("demo.sze", Scenario_File());
-    Shared->Scenario.SZE_Kc[1][5] = 7;
+    The_Session->Scenario.SZE_Kc[1][5] = 7;
 
-    EXPECT_TRUE(Read_SZE(*Shared, file));
-    EXPECT_TRUE(Shared->Program.PSM_Read_OK);
-    EXPECT_EQ(Shared->Scenario.SZE_Kc[1][5], 1);
-    EXPECT_TRUE(Write_SZE(*Shared, Directory / "copy.sze"));
+    EXPECT_TRUE(Read_SZE(*The_Session, file));
+    EXPECT_TRUE(The_Session->Program.PSM_Read_OK);
+    EXPECT_EQ(The_Session->Scenario.SZE_Kc[1][5], 1);
+    EXPECT_TRUE(Write_SZE(*The_Session, Directory / "copy.sze"));
     EXPECT_EQ(Read_Whole(Directory / "copy.sze").size(), Scenario_File().size());
 }
 
@@ -60,9 +60,9 @@ TEST_F(Document_Files, A_Climate_File_Is_Read_And_Written)
 {
     const auto file = File("demo.cli", "T\r\n 0101811.5\r\n");
 
-    EXPECT_TRUE(Read_CLI(*Shared, file));
-    EXPECT_EQ(Shared->Climate.Rows.at(0).Cli_Rain, 1.5);
-    EXPECT_TRUE(Write_CLI(*Shared, file));
+    EXPECT_TRUE(Read_CLI(*The_Session, file));
+    EXPECT_EQ(The_Session->Climate.Rows.at(0).Cli_Rain, 1.5);
+    EXPECT_TRUE(Write_CLI(*The_Session, file));
     EXPECT_EQ(Parse_CLI(Read_Whole(file)).Rows.at(0).Cli_Rain, 1.5);
 }
 
@@ -75,8 +75,8 @@ TEST_F(Document_Files, A_Bad_Pesticide_File_Gives_The_Box_And_Nothing_Else)
         The_User.Messages.clear();
         const auto file = File("demo.psm", bytes);
 
-        EXPECT_FALSE(Read_PSM(*Shared, file));
-        EXPECT_FALSE(Shared->Program.PSM_Read_OK);
+        EXPECT_FALSE(Read_PSM(*The_Session, file));
+        EXPECT_FALSE(The_Session->Program.PSM_Read_OK);
         EXPECT_EQ(The_User.Messages, std::vector{Not_Demo});
     }
 }
@@ -87,32 +87,32 @@ TEST_F(Document_Files, A_Bad_Scenario_File_Gives_The_Same_Box_Word_For_Word)
         The_User.Messages.clear();
         const auto file = File("demo.psm", bytes);
 
-        EXPECT_FALSE(Read_SZE(*Shared, file));
-        EXPECT_FALSE(Shared->Program.PSM_Read_OK);
+        EXPECT_FALSE(Read_SZE(*The_Session, file));
+        EXPECT_FALSE(The_Session->Program.PSM_Read_OK);
         EXPECT_EQ(The_User.Messages, std::vector{Not_Demo});
     }
 }
 
 TEST_F(Document_Files, A_File_That_Is_Missing_Or_Too_Large_Gives_The_Box)
 {
-    Shared->Program.PSM_File = "demo.psm";
-    EXPECT_FALSE(Read_PSM(*Shared, Directory / "demo.psm"));
+    The_Session->Program.PSM_File = "demo.psm";
+    EXPECT_FALSE(Read_PSM(*The_Session, Directory / "demo.psm"));
 
     const auto file = File("demo.psm", "x");
     std::filesystem::resize_file(file, Largest_Document + 1);
-    EXPECT_FALSE(Read_PSM(*Shared, file));
-    EXPECT_FALSE(Read_SZE(*Shared, file));
+    EXPECT_FALSE(Read_PSM(*The_Session, file));
+    EXPECT_FALSE(Read_SZE(*The_Session, file));
 
     EXPECT_EQ(The_User.Messages, (std::vector{Not_Demo, Not_Demo, Not_Demo}));
 }
 
 TEST_F(Document_Files, A_Failed_Read_Leaves_What_Was_Read_So_Far)
 {
-    EXPECT_FALSE(Read_PSM(*Shared, File("demo.psm", Example_File().substr(0, 1000))));
-    EXPECT_EQ(Shared->Pesticide.PSM_Title, "Demo compound");
+    EXPECT_FALSE(Read_PSM(*The_Session, File("demo.psm", Example_File().substr(0, 1000))));
+    EXPECT_EQ(The_Session->Pesticide.PSM_Title, "Demo compound");
 
-    EXPECT_FALSE(Read_SZE(*Shared, File("demo.sze", Scenario_File().substr(0, 300))));
-    EXPECT_EQ(Shared->Scenario.SZE_Title, " Demo soil ");
+    EXPECT_FALSE(Read_SZE(*The_Session, File("demo.sze", Scenario_File().substr(0, 300))));
+    EXPECT_EQ(The_Session->Scenario.SZE_Title, " Demo soil ");
 }
 
 TEST_F(Document_Files, A_Climate_File_Beyond_Its_Bound_Is_Refused_And_The_Table_Stays)
@@ -121,12 +121,12 @@ TEST_F(Document_Files, A_Climate_File_Beyond_Its_Bound_Is_Refused_And_The_Table_
     for (int i = 0; i <= Most_Climate_Rows; ++i)
         bytes += " 010181\r\n";
     const auto file = File("long.cli", bytes);
-    Shared->Climate.Cli_Title = "before";
+    The_Session->Climate.Cli_Title = "before";
 
-    EXPECT_FALSE(Read_CLI(*Shared, file));
+    EXPECT_FALSE(Read_CLI(*The_Session, file));
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"Readin check", "long.cli: The file has more than 25000 days."})});
-    EXPECT_EQ(Shared->Climate.Cli_Title, "before");
+    EXPECT_EQ(The_Session->Climate.Cli_Title, "before");
 }
 
 TEST_F(Document_Files, A_Read_Protected_Target_Is_Told_And_Stays)
@@ -135,9 +135,9 @@ TEST_F(Document_Files, A_Read_Protected_Target_Is_Told_And_Stays)
         The_User.Messages.clear();
         const auto file = File("target", "before");
         Set_Read_Only(file, true);
-        Reset_SZE(Shared->Scenario);
+        Reset_SZE(The_Session->Scenario);
 
-        EXPECT_FALSE(write(*Shared, file));
+        EXPECT_FALSE(write(*The_Session, file));
         EXPECT_EQ(The_User.Messages, std::vector{Protected});
         EXPECT_EQ(Read_Whole(file), "before");
         Set_Read_Only(file, false);
@@ -146,7 +146,7 @@ TEST_F(Document_Files, A_Read_Protected_Target_Is_Told_And_Stays)
 
 TEST_F(Document_Files, Any_Other_Failure_To_Write_Tells_Its_Reason)
 {
-    EXPECT_FALSE(Write_CLI(*Shared, Directory / "missing" / "demo.cli"));
+    EXPECT_FALSE(Write_CLI(*The_Session, Directory / "missing" / "demo.cli"));
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
     EXPECT_EQ(The_User.Messages[0].Title, "Saving Input File");

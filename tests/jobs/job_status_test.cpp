@@ -62,7 +62,7 @@ TEST_F(Job_Status_Test, The_List_Gives_Names_As_They_Were_Chosen_In_Order)
     Put(second / "echo.orv", "ERROR\r\n");
     fs::create_directories(Home / "focus" / "no run" / "x.run" / "y.run");
 
-    const auto list = Simulation_List(Shared, Focus());
+    const auto list = Simulation_List(The_Session, Focus());
 
     ASSERT_EQ(list.size(), 2u);
     EXPECT_EQ(list[0].Pesticide, "Alpha");
@@ -78,9 +78,9 @@ TEST_F(Job_Status_Test, The_List_Gives_Names_As_They_Were_Chosen_In_Order)
 
 TEST_F(Job_Status_Test, An_Empty_Tree_Gives_An_Empty_List)
 {
-    EXPECT_TRUE(Simulation_List(Shared, Focus()).empty());
+    EXPECT_TRUE(Simulation_List(The_Session, Focus()).empty());
     fs::remove_all(Home / "EFSA");
-    EXPECT_TRUE(Simulation_List(Shared, Tier_2()).empty());
+    EXPECT_TRUE(Simulation_List(The_Session, Tier_2()).empty());
 }
 
 TEST_F(Job_Status_Test, At_Most_31_Locations_Of_A_Crop_Are_Listed)
@@ -88,27 +88,27 @@ TEST_F(Job_Status_Test, At_Most_31_Locations_Of_A_Crop_Are_Listed)
     for (int i = 10; i < 45; ++i)
         Add_Run("test", "Maize", std::to_string(i));
 
-    EXPECT_EQ(Simulation_List(Shared, Focus()).size(), 31u);
+    EXPECT_EQ(Simulation_List(The_Session, Focus()).size(), 31u);
 }
 
 TEST_F(Job_Status_Test, The_Probe_File_Must_Be_There_And_No_Lock_Be_Held_For_The_Idle_State)
 {
-    EXPECT_FALSE(Job_Running(Shared, Focus()));
+    EXPECT_FALSE(Job_Running(The_Session, Focus()));
     const auto run = Add_Run("test", "Maize", "Hamburg (H)");
     Put(Home / "focus" / "orveljob.bat", Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
-    EXPECT_FALSE(Job_Running(Shared, Focus()));
+    EXPECT_FALSE(Job_Running(The_Session, Focus()));
     {
         const auto engine = Lock::Take(run);
-        EXPECT_TRUE(Job_Running(Shared, Focus()));
+        EXPECT_TRUE(Job_Running(The_Session, Focus()));
     }
     {
         const auto job = Lock::Take(Home / "focus");
-        EXPECT_TRUE(Job_Running(Shared, Focus()));
+        EXPECT_TRUE(Job_Running(The_Session, Focus()));
     }
     fs::rename(Home / "EFSA" / "focuscheck.dat", Home / "EFSA" / "FocusCheck.DAT");
-    EXPECT_FALSE(Job_Running(Shared, Tier_2())); // in any case
+    EXPECT_FALSE(Job_Running(The_Session, Tier_2())); // in any case
     fs::remove(Home / "focus" / "Focuscheck.dat");
-    EXPECT_TRUE(Job_Running(Shared, Focus()));
+    EXPECT_TRUE(Job_Running(The_Session, Focus()));
 }
 
 TEST_F(Job_Status_Test, Years_Come_From_The_Water_Balance_Where_The_Engine_Says_Nothing)
@@ -120,7 +120,7 @@ TEST_F(Job_Status_Test, Years_Come_From_The_Water_Balance_Where_The_Engine_Says_
     Put(Home / "focus" / "orveljob.log", "2024-05-31 14:05:00\tbegin\t\t\n2024-05-31 14:05:00\tstarted\ttest.run/Maize.run/Hamburg_-_(H).run\t\n");
     const auto engine = Lock::Take(run);
 
-    const auto progress = Progress_Of_Job(Shared, Focus());
+    const auto progress = Progress_Of_Job(The_Session, Focus());
 
     EXPECT_EQ(progress.Running, 1);
     EXPECT_EQ(progress.Years, 46);
@@ -134,7 +134,7 @@ TEST_F(Job_Status_Test, A_Run_Whose_Job_Was_Killed_Counts_As_Failed)
     Put(Home / "focus" / "orveljob.bat", Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
     Put(Home / "focus" / "orveljob.log", "2024-05-31 14:05:00\tstarted\ttest.run/Maize.run/Hamburg_-_(H).run\t\n");
 
-    const auto progress = Progress_Of_Job(Shared, Focus());
+    const auto progress = Progress_Of_Job(The_Session, Focus());
 
     EXPECT_EQ(progress.Running, 0);
     EXPECT_EQ(progress.Done, 1);
@@ -146,7 +146,7 @@ TEST_F(Job_Status_Test, The_Log_Tells_Of_A_Run_That_Left_Nothing_Behind)
     Add_Run("test", "Maize", "Hamburg (H)");
     Put(Home / "focus" / "orveljob.log", "2024-05-31 14:05:00\tkilled\ttest.run/Maize.run/Hamburg_-_(H).run\tsignal 9\n");
 
-    const auto list = Simulation_List(Shared, Focus());
+    const auto list = Simulation_List(The_Session, Focus());
 
     EXPECT_EQ(list.at(0).Status, Run_Status::Scheduled);
     EXPECT_EQ(list.at(0).Result, Run_Result::Killed);

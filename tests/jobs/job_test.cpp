@@ -250,11 +250,11 @@ TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
     Scenario(Home / "focus" / "H_maize.sze");
     for (const auto& name : names) {
         Pesticide(name);
-        ASSERT_EQ(Mark_For_Batch(Shared, Focus(), {.Pesticide = name, .Crop = Maize, .Location = "Hamburg (H)"}), Mark_Result::Marked)
+        ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), {.Pesticide = name, .Crop = Maize, .Location = "Hamburg (H)"}), Mark_Result::Marked)
             << name << The_User.Messages.back().Text;
     }
 
-    const auto started = Start_Batch(Shared, Focus(), 2, ORVELJOB);
+    const auto started = Start_Batch(The_Session, Focus(), 2, ORVELJOB);
     ASSERT_EQ(started.Result, Start_Result::Started);
     int code = -1;
     ASSERT_TRUE(Soon([&] {
@@ -264,7 +264,7 @@ TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
     }));
 
     EXPECT_EQ(code, 0) << Log();
-    const auto list = Simulation_List(Shared, Focus());
+    const auto list = Simulation_List(The_Session, Focus());
     EXPECT_EQ(list.size(), std::size(names));
     for (const auto& name : names) {
         const auto stem = name.substr(0, name.size() - 4);
@@ -280,22 +280,22 @@ TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
 TEST_F(Job_Test, A_Started_Job_Makes_The_Batch_Its_File_Outlives_The_Caller_And_Is_Seen_By_Its_Lock)
 {
     Engine("cut -d' ' -f6 /proc/$$/stat > session.txt; echo YEAR 13 OF 26; while [ ! -e ../../../go ]; do sleep 0.02; done; echo done > echo.orv");
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
     const auto batch = Read_Whole(Home / "focus" / "batch.bat");
-    EXPECT_FALSE(Job_Running(Shared, Focus()));
+    EXPECT_FALSE(Job_Running(The_Session, Focus()));
 
-    const auto started = Start_Batch(Shared, Focus(), 1, ORVELJOB);
+    const auto started = Start_Batch(The_Session, Focus(), 1, ORVELJOB);
 
     ASSERT_EQ(started.Result, Start_Result::Started);
-    EXPECT_TRUE(Job_Running(Shared, Focus())); // at once: the lock was taken before the start
+    EXPECT_TRUE(Job_Running(The_Session, Focus())); // at once: the lock was taken before the start
     EXPECT_EQ(Read_Whole(Home / "focus" / "orveljob.bat"), "echo off\r\n" + batch);
     EXPECT_FALSE(fs::exists(Home / "focus" / "batch.bat"));
-    EXPECT_EQ(Run_Caption(Shared, Focus()), "Run");
-    EXPECT_TRUE(Shared.Run.Job_Dir.empty());
+    EXPECT_EQ(Run_Caption(The_Session, Focus()), "Run");
+    EXPECT_TRUE(The_Session.Run.Job_Dir.empty());
     EXPECT_FALSE(Job_Exit_Code(started.Process));
 
     const auto other = std::make_unique<Session>(); // as a second shell sees it
-    other->Program = Shared.Program;
+    other->Program = The_Session.Program;
     const fs::path run = Home / "focus" / "test.run" / "Maize.run" / "Hamburg_-_(H).run";
     ASSERT_TRUE(Soon([&] { return Progress_Of_Job(*other, Focus()).Years_Done == 13; }));
     const auto progress = Progress_Of_Job(*other, Focus());
@@ -314,7 +314,7 @@ TEST_F(Job_Test, A_Started_Job_Makes_The_Batch_Its_File_Outlives_The_Caller_And_
 
 TEST_F(Job_Test, Run_With_Nothing_Marked_Runs_The_Selected_Combination_Alone)
 {
-    const auto started = Run_Batch(Shared, Focus(), Maize_At_Hamburg(), 1, ORVELJOB);
+    const auto started = Run_Batch(The_Session, Focus(), Maize_At_Hamburg(), 1, ORVELJOB);
 
     ASSERT_EQ(started.Result, Start_Result::Started);
     EXPECT_TRUE(Soon([&] { return Job_Exit_Code(started.Process).has_value(); }));
@@ -329,10 +329,10 @@ TEST_F(Job_Test, Run_With_A_Batch_Leaves_The_Selected_Combination_Out)
 {
     auto choice = Maize_At_Hamburg();
     Scenario(Home / "focus" / "C_maize.sze");
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
     choice.Location = "Ch\xE2teaudun (C), irrigated";
 
-    const auto started = Run_Batch(Shared, Focus(), choice, 1, ORVELJOB);
+    const auto started = Run_Batch(The_Session, Focus(), choice, 1, ORVELJOB);
 
     ASSERT_EQ(started.Result, Start_Result::Started);
     EXPECT_TRUE(Soon([&] { return Job_Exit_Code(started.Process).has_value(); }));
@@ -345,7 +345,7 @@ TEST_F(Job_Test, Run_With_A_Combination_That_Is_Refused_Starts_Nothing)
     auto choice = Maize_At_Hamburg();
     std::filesystem::remove(Home / "Haude.dat");
 
-    EXPECT_EQ(Run_Batch(Shared, Focus(), choice, 1, ORVELJOB).Result, Start_Result::Nothing_Pending);
+    EXPECT_EQ(Run_Batch(The_Session, Focus(), choice, 1, ORVELJOB).Result, Start_Result::Nothing_Pending);
 
     EXPECT_EQ(The_User.Messages.size(), 1u);
     EXPECT_FALSE(fs::exists(Home / "focus" / "orveljob.bat"));
@@ -366,10 +366,10 @@ TEST_F(Job_Test, An_Engine_That_Outlives_Its_Job_Still_Counts_As_Running)
     ::waitpid(job, nullptr, 0);
 
     EXPECT_FALSE(Is_Locked(Home / "focus"));
-    EXPECT_TRUE(Job_Running(Shared, Focus()));
+    EXPECT_TRUE(Job_Running(The_Session, Focus()));
     EXPECT_EQ(Status_Of_Run(run), Run_Status::Running);
     Put(Home / "focus" / "go", "");
-    EXPECT_TRUE(Soon([&] { return !Job_Running(Shared, Focus()); }));
+    EXPECT_TRUE(Soon([&] { return !Job_Running(The_Session, Focus()); }));
     EXPECT_EQ(Status_Of_Run(run), Run_Status::Data_Available);
 }
 
@@ -410,7 +410,7 @@ TEST_F(Job_Test, A_Batch_Of_500_Runs_Finishes)
 
     EXPECT_EQ(result.Runs, 500);
     EXPECT_EQ(result.Failed, 0);
-    EXPECT_EQ(Progress_Of_Job(Shared, Focus()).Done, 500);
+    EXPECT_EQ(Progress_Of_Job(The_Session, Focus()).Done, 500);
     EXPECT_FALSE(fs::exists(crop / "500.run" / "orvel401.exe"));
 }
 

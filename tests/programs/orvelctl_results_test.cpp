@@ -25,7 +25,7 @@ protected:
         const int status =
             std::system((std::string("'" ORVELCTL "' -C '") + Home.Path().string() + "' " + words + " >" + out.string() + " 2>" + told.string()).c_str());
         Out = Read_File(out);
-        Told = Read_File(told);
+        Standard_Error = Read_File(told);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
@@ -33,7 +33,7 @@ protected:
 
     Leachate_Run Run_Files;
     Temporary_Directory Home;
-    std::string Out, Told;
+    std::string Out, Standard_Error;
 };
 
 } // namespace
@@ -45,7 +45,7 @@ TEST_F(Orvelctl_Results, Tables_Prints_The_Year_Table_First_In_Utf_8)
     EXPECT_TRUE(Out.starts_with("          Engine\n          Scenario\n"));
     EXPECT_LT(Out.find("\t  Year  \tPesticide Flux"), Out.find("\t Period \tPesticide Flux"));
     EXPECT_NE(Out.find("     (L/m\xC2\xB2)\t     (\xC2\xB5g/L)  \n"), std::string::npos);
-    EXPECT_EQ(Told, "");
+    EXPECT_EQ(Standard_Error, "");
     EXPECT_TRUE(fs::exists(Run_Files / "year.orv"));
 }
 
@@ -64,7 +64,7 @@ TEST_F(Orvelctl_Results, A_Failure_Is_Told_Behind_The_Text_So_Far_And_Exits_With
 
     for (const std::string command : {"tables ", "balance "}) {
         EXPECT_EQ(Run(command + Run_Path()), 1);
-        EXPECT_TRUE(Told.starts_with("File check: The file ")) << Told;
+        EXPECT_TRUE(Standard_Error.starts_with("File check: The file ")) << Standard_Error;
         EXPECT_NE(Out.find("Engine"), std::string::npos);
     }
     EXPECT_EQ(Run("tables '" + (Home / "nowhere").string() + "'"), 1);
@@ -77,7 +77,7 @@ TEST_F(Orvelctl_Results, A_Table_That_Is_Not_Kept_Is_Told_And_Exits_With_0)
 
     EXPECT_EQ(Run("tables " + Run_Path()), 0);
 
-    EXPECT_EQ(Told, "File check: The run has no complete plot.orv.\n");
+    EXPECT_EQ(Standard_Error, "File check: The run has no complete plot.orv.\n");
 }
 
 TEST_F(Orvelctl_Results, What_A_Failed_Run_Left_Is_Printed_Told_And_Exits_With_1)
@@ -86,7 +86,7 @@ TEST_F(Orvelctl_Results, What_A_Failed_Run_Left_Is_Printed_Told_And_Exits_With_1
 
     for (const std::string command : {"tables ", "balance ", "pecsoil --depth 5 "}) {
         EXPECT_EQ(Run(command + Run_Path()), 1);
-        EXPECT_EQ(Told, "File check: The simulation failed: its echo file, echo.orv, tells why.\n") << command;
+        EXPECT_EQ(Standard_Error, "File check: The simulation failed: its echo file, echo.orv, tells why.\n") << command;
         EXPECT_NE(Out.find("Engine"), std::string::npos);
     }
 }
@@ -121,7 +121,7 @@ TEST_F(Orvelctl_Results, Report_Finds_The_Mode_Directory_In_Any_Case_And_Names_T
     fs::copy(Run_Files.Path(), crop / "Ch\xC3\xA2teaudun_-_(C).run");
     Write_File(Home / "orvel401.exe", "");
 
-    EXPECT_EQ(Run("report --mode focus --pesticide test --crop 'Winter cereals'"), 0) << Told;
+    EXPECT_EQ(Run("report --mode focus --pesticide test --crop 'Winter cereals'"), 0) << Standard_Error;
 
     EXPECT_TRUE(Out.starts_with("FOCUS Summary Output File\n\nModel Version:          \tORVEL 4.01\n")) << Out;
     EXPECT_NE(Out.find("Results for Substance D\n"), std::string::npos);
@@ -135,14 +135,14 @@ TEST_F(Orvelctl_Results, Report_Is_Saved_By_The_Ending_Of_The_File_And_Tells_Wha
     fs::copy(Run_Files.Path(), crop / "Hamburg_-_(H).run");
     const std::string report = "report --mode focus --pesticide test --crop all --to " + (Home / "r").string();
 
-    EXPECT_EQ(Run(report + ".txt"), 0) << Told;
+    EXPECT_EQ(Run(report + ".txt"), 0) << Standard_Error;
     EXPECT_TRUE(Read_File(Home / "r.txt").starts_with("FOCUS Summary Output File\r\n"));
     EXPECT_EQ(Run(report + ".csv --locations H,C"), 0);
-    EXPECT_NE(Told.find("Report: The location was not simulated: Ch\xC3\xA2teaudun (C).\n"), std::string::npos) << Told;
+    EXPECT_NE(Standard_Error.find("Report: The location was not simulated: Ch\xC3\xA2teaudun (C).\n"), std::string::npos) << Standard_Error;
     EXPECT_NE(Read_File(Home / "r.csv").find("\r\nMaize,Substance D,Ch\xC3\xA2teaudun (C),,"), std::string::npos);
     EXPECT_EQ(Run(report + ".html"), 0);
     EXPECT_TRUE(Read_File(Home / "r.html").starts_with("<!DOCTYPE html>"));
-    EXPECT_EQ(Run(report + ".pdf"), 0) << Told;
+    EXPECT_EQ(Run(report + ".pdf"), 0) << Standard_Error;
     EXPECT_TRUE(Read_File(Home / "r.pdf").starts_with("%PDF-"));
 }
 
@@ -155,17 +155,17 @@ TEST_F(Orvelctl_Results, Report_Refuses_Another_Ending_And_A_Text_Without_One_Of
     EXPECT_EQ(Run("report --mode focus --pesticide test --crop Maize --to " + (Home / "r.doc").string()), 1);
     EXPECT_FALSE(fs::exists(Home / "r.doc"));
     EXPECT_EQ(Run("report --mode focus --pesticide test --crop Maize --locations C"), 1);
-    EXPECT_EQ(Told, "File check: There is no simulation of Maize at Ch\xC3\xA2teaudun (C).\n");
+    EXPECT_EQ(Standard_Error, "File check: There is no simulation of Maize at Ch\xC3\xA2teaudun (C).\n");
 }
 
 TEST_F(Orvelctl_Results, A_Report_Without_Runs_Or_With_A_Failed_Run_Is_Refused)
 {
     EXPECT_EQ(Run("report --mode focus --pesticide test --crop Maize"), 1);
-    EXPECT_TRUE(Told.starts_with("File check: There are no simulations of test in ")) << Told;
+    EXPECT_TRUE(Standard_Error.starts_with("File check: There are no simulations of test in ")) << Standard_Error;
 
     fs::create_directories(Home / "focus/test.run/Maize.run/Porto_-_(O).run");
     EXPECT_EQ(Run("report --mode focus --pesticide test --crop Maize"), 1);
-    EXPECT_EQ(Told, "File check: Problem with output files. Probably, one of the simulations failed!\n");
+    EXPECT_EQ(Standard_Error, "File check: Problem with output files. Probably, one of the simulations failed!\n");
     EXPECT_EQ(Out, "");
 }
 

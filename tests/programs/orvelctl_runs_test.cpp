@@ -12,7 +12,7 @@ class Orvelctl_Runs : public Run_Test {
 protected:
     struct Outcome {
         int Code;
-        std::string Printed, Told;
+        std::string Printed, Standard_Error;
     };
 
     Outcome Do(const std::string& words)
@@ -43,12 +43,12 @@ TEST_F(Orvelctl_Runs, A_Batch_Is_Marked_Started_Waited_For_And_Listed)
     Engine("echo done > echo.orv");
 
     const auto marked = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --all --output minimum");
-    EXPECT_EQ(marked.Code, 0) << marked.Told;
+    EXPECT_EQ(marked.Code, 0) << marked.Standard_Error;
     EXPECT_EQ(marked.Printed, "focus/my_-_test.run/Maize.run/Ch\u00E2teaudun_-_(C)--_-_irrigated.run\nfocus/my_-_test.run/Maize.run/Hamburg_-_(H).run\n");
 
     const auto started = Do("start --mode focus --jobs 2 --wait");
-    EXPECT_EQ(started.Code, 0) << started.Told;
-    EXPECT_TRUE(started.Told.ends_with("2 of 2 runs, 100 %\n")) << started.Told;
+    EXPECT_EQ(started.Code, 0) << started.Standard_Error;
+    EXPECT_TRUE(started.Standard_Error.ends_with("2 of 2 runs, 100 %\n")) << started.Standard_Error;
 
     const auto listed = Do("status --mode focus");
     EXPECT_EQ(listed.Code, 0);
@@ -65,7 +65,7 @@ TEST_F(Orvelctl_Runs, A_Location_Is_Given_In_The_Letters_Of_The_Terminal)
 
     const auto marked = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Ch\u00E2teaudun (C), irrigated'");
 
-    EXPECT_EQ(marked.Code, 0) << marked.Told;
+    EXPECT_EQ(marked.Code, 0) << marked.Standard_Error;
     EXPECT_TRUE(fs::exists(Home / "focus" / "batch.bat"));
 }
 
@@ -78,12 +78,12 @@ TEST_F(Orvelctl_Runs, A_Combination_Already_Run_Is_Refused_Unless_It_Shall_Be_Re
 
     const auto refused = Do(Mark_Hamburg);
     EXPECT_EQ(refused.Code, 1);
-    EXPECT_EQ(refused.Told, "Starting ORVEL Simulations: You already performed a ORVEL-Simulation using this combination.If you continue the previous "
+    EXPECT_EQ(refused.Standard_Error, "Starting ORVEL Simulations: You already performed a ORVEL-Simulation using this combination.If you continue the previous "
                             "simulation will be removed!\n");
 
     const auto replaced = Do(std::string(Mark_Hamburg) + " --replace");
     EXPECT_EQ(replaced.Code, 0);
-    EXPECT_EQ(replaced.Told, "");
+    EXPECT_EQ(replaced.Standard_Error, "");
 }
 
 TEST_F(Orvelctl_Runs, What_The_Form_Warns_Of_Is_Refused_With_Its_Text)
@@ -92,11 +92,11 @@ TEST_F(Orvelctl_Runs, What_The_Form_Warns_Of_Is_Refused_With_Its_Text)
 
     const auto refused = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Thiva (T), irrigated'");
     EXPECT_EQ(refused.Code, 1);
-    EXPECT_EQ(refused.Told, "Starting ORVEL Simulations: No application pattern for Thiva (T) defined in the selected pesticide file\n");
+    EXPECT_EQ(refused.Standard_Error, "Starting ORVEL Simulations: No application pattern for Thiva (T) defined in the selected pesticide file\n");
     EXPECT_EQ(Do("mark --mode focus --pesticide none.psm --crop Maize --all").Code, 1);
     EXPECT_EQ(Do("mark --mode focus --pesticide 'my test.psm' --crop Corn --all").Code, 1);
     EXPECT_EQ(Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location Nowhere").Code, 1);
-    EXPECT_EQ(Do("mark --mode efsa --pesticide 'my test.psm' --crop Maize --all").Told,
+    EXPECT_EQ(Do("mark --mode efsa --pesticide 'my test.psm' --crop Maize --all").Standard_Error,
               "Data error!: EFSA Tier 2 scenario data not available in this installation!\r\n\n");
     EXPECT_EQ(Do(std::string(Mark_Hamburg) + " --tillage 41").Code, 1);
 }
@@ -140,7 +140,7 @@ TEST_F(Orvelctl_Runs, A_Run_That_Fails_Is_The_Exit_Code_Of_The_Waiting_Start)
     const auto started = Do("start --mode focus --wait");
 
     EXPECT_EQ(started.Code, 1);
-    EXPECT_NE(started.Told.find("Starting ORVEL Simulations: Not every simulation has finished."), std::string::npos) << started.Told;
+    EXPECT_NE(started.Standard_Error.find("Starting ORVEL Simulations: Not every simulation has finished."), std::string::npos) << started.Standard_Error;
     EXPECT_TRUE(Do("status --mode focus").Printed.ends_with("\tScheduled\tERROR\n"));
     EXPECT_EQ(Do("start --mode focus").Code, 1); // nothing is pending any more
 }
@@ -151,7 +151,7 @@ TEST_F(Orvelctl_Runs, A_Second_Start_Is_Refused_While_A_Job_Is_At_Work)
     ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
     const auto job = Lock::Take(Home / "focus");
 
-    EXPECT_EQ(Do("start --mode focus").Told, "Starting ORVEL Simulations: The current ORVEL simulation is still running.\n");
+    EXPECT_EQ(Do("start --mode focus").Standard_Error, "Starting ORVEL Simulations: The current ORVEL simulation is still running.\n");
 }
 
 TEST_F(Orvelctl_Runs, A_Wrong_Command_Line_Has_Exit_Code_2)

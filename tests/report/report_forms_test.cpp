@@ -111,7 +111,7 @@ TEST_F(Report_Session, The_Text_Is_That_Of_The_Summaries_In_Utf_8_One_Crop_Behin
     Add_Run("Maize", "Kremsm\xC3\xBCnster_-_(K)", 1);
     Add_Run("Winter_-_cereals", "Hamburg_-_(H)", 1);
 
-    const auto text = Report_Text(Shared, Requests());
+    const auto text = Report_Text(The_Session, Requests());
 
     ASSERT_TRUE(text);
     EXPECT_TRUE(text->starts_with("FOCUS Summary Output File\r\n\r\nModel Version:          \tORVEL 4.01\r\n"));
@@ -123,8 +123,8 @@ TEST_F(Report_Session, The_Text_Refuses_A_Location_That_Was_Asked_For_And_Not_Ru
 {
     Add_Run("Maize", "Hamburg_-_(H)", 1);
 
-    EXPECT_TRUE(Report_Text(Shared, Requests("Maize", {"H"})));
-    EXPECT_THROW(Report_Text(Shared, Requests("Maize", {"H", "C"})), File_Error);
+    EXPECT_TRUE(Report_Text(The_Session, Requests("Maize", {"H"})));
+    EXPECT_THROW(Report_Text(The_Session, Requests("Maize", {"H", "C"})), File_Error);
 }
 
 } // namespace orvel

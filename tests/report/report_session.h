@@ -4,7 +4,7 @@
 #include "files/pesticide_file.h"
 #include "tables/leachate_run.h"
 #include "report/report.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +17,11 @@ class Report_Session : public testing::Test {
 protected:
     Report_Session()
     {
-        Shared.Program.App_Path = Installation.Path();
-        Shared.Program.Engine_Exe = "orvel401.exe";
-        Shared.Program.Aktuelle_ORVEL_Version = "ORVEL 4.01";
-        Shared.Program.Aktuelle_ORVELSUITE_Version = "ORVELSUITE 5.5.5";
-        Shared.Ask = std::ref(The_User);
+        The_Session.Program.App_Path = Installation.Path();
+        The_Session.Program.Engine_Exe = "orvel401.exe";
+        The_Session.Program.Aktuelle_ORVEL_Version = "ORVEL 4.01";
+        The_Session.Program.Aktuelle_ORVELSUITE_Version = "ORVELSUITE 5.5.5";
+        The_Session.Ask = std::ref(The_User);
         Write_Whole(Installation / "orvel401.exe", "abc");
         std::filesystem::last_write_time(Installation / "orvel401.exe", std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
         Write_Pesticide(Installation.Path(), 1);
@@ -68,17 +68,17 @@ protected:
 
     std::vector<Summary_Request> Requests(const std::string& crop = "all", const std::vector<std::string>& codes = {}) const
     {
-        return Request_Summaries(Shared, Mode_Of(Mode_Kind::Focus), "demo", crop, codes);
+        return Request_Summaries(The_Session, Mode_Of(Mode_Kind::Focus), "demo", crop, codes);
     }
     Report Gathered(const std::string& crop = "all", const std::vector<std::string>& codes = {}) const
     {
-        return *Gather_Report(Shared, Requests(crop, codes), 0);
+        return *Gather_Report(The_Session, Requests(crop, codes), 0);
     }
 
     Temporary_Directory Installation;
     std::unique_ptr<Session> Owned = std::make_unique<Session>();
-    Session& Shared = *Owned;
-    Told The_User;
+    Session& The_Session = *Owned;
+    Recording_User The_User;
 };
 
 } // namespace orvel

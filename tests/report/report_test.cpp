@@ -186,7 +186,7 @@ TEST_F(Report_Session, The_User_May_Stop_The_Gathering)
 {
     Add_Run("Maize", Hamburg, 1);
 
-    EXPECT_FALSE(Gather_Report(Shared, Requests(), 0, [](const std::string&, double) { return false; }));
+    EXPECT_FALSE(Gather_Report(The_Session, Requests(), 0, [](const std::string&, double) { return false; }));
 }
 
 TEST_F(Report_Session, A_Pesticide_Without_Simulations_Is_Told)

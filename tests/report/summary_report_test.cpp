@@ -2,7 +2,7 @@
 
 #include "core/error.h"
 #include "tables/leachate_run.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -33,16 +33,16 @@ protected:
     {
         Write_Run(Installation / "Focus/test.run/Winter_-_cereals.run/Hamburg_-_(H).run", 1);
         Write_Run(Installation / "Focus/test.run/Winter_-_cereals.run/Porto_-_(O).run", 2);
-        Shared.Program.App_Path = Installation.Path();
-        Shared.Program.Aktuelle_ORVEL_Version = "ORVEL 4.01";
-        Shared.Ask = std::ref(The_User);
+        The_Session.Program.App_Path = Installation.Path();
+        The_Session.Program.Aktuelle_ORVEL_Version = "ORVEL 4.01";
+        The_Session.Ask = std::ref(The_User);
     }
 
-    Summary_Request Request() const { return Request_Summary(Shared, Mode_Of(Mode_Kind::Focus), "test", "Winter cereals"); }
+    Summary_Request Request() const { return Request_Summary(The_Session, Mode_Of(Mode_Kind::Focus), "test", "Winter cereals"); }
 
     Temporary_Directory Installation;
-    Session Shared;
-    Told The_User;
+    Session The_Session;
+    Recording_User The_User;
 };
 
 // A percentile row as it stands in period.orv.
@@ -57,7 +57,7 @@ TEST_F(Summary_Report, The_Text_Is_Laid_Out_To_The_Byte)
 {
     auto request = Request();
     request.Date = "2024-05-31 14:05";
-    const auto report = Build_Summary(Shared, request);
+    const auto report = Build_Summary(The_Session, request);
     ASSERT_TRUE(report);
 
     const std::string rule(82, '-');
@@ -94,15 +94,15 @@ TEST_F(Summary_Report, The_Locations_Are_The_Decoded_Names_Of_The_Run_Directorie
 
 TEST_F(Summary_Report, A_Pesticide_Or_Crop_That_Was_Not_Run_Is_Told)
 {
-    EXPECT_THROW(Request_Summary(Shared, Mode_Of(Mode_Kind::Focus), "other", "Winter cereals"), File_Error);
-    EXPECT_THROW(Request_Summary(Shared, Mode_Of(Mode_Kind::Focus), "test", "Maize"), File_Error);
-    EXPECT_THROW(Request_Summary(Shared, Mode_Of(Mode_Kind::Efsa), "test", "Winter cereals"), File_Error);
+    EXPECT_THROW(Request_Summary(The_Session, Mode_Of(Mode_Kind::Focus), "other", "Winter cereals"), File_Error);
+    EXPECT_THROW(Request_Summary(The_Session, Mode_Of(Mode_Kind::Focus), "test", "Maize"), File_Error);
+    EXPECT_THROW(Request_Summary(The_Session, Mode_Of(Mode_Kind::Efsa), "test", "Winter cereals"), File_Error);
 }
 
 TEST_F(Summary_Report, The_Tables_Of_All_Locations_Are_Made_Sure_Of)
 {
     const auto request = Request();
-    Build_Summary(Shared, request);
+    Build_Summary(The_Session, request);
 
     for (const auto& location : request.Locations)
         EXPECT_TRUE(fs::exists(location.Directory / "period.orv")) << location.Text;
@@ -110,7 +110,7 @@ TEST_F(Summary_Report, The_Tables_Of_All_Locations_Are_Made_Sure_Of)
 
 TEST_F(Summary_Report, The_Figures_And_The_Highest_Concentration_Are_Given_By_Substance)
 {
-    const auto report = Build_Summary(Shared, Request());
+    const auto report = Build_Summary(The_Session, Request());
 
     ASSERT_TRUE(report);
     ASSERT_EQ(report->Substances.size(), 2U);
@@ -129,7 +129,7 @@ TEST_F(Summary_Report, A_Location_Without_Period_Table_Shows_The_Box_And_No_Text
     auto request = Request();
     fs::remove(request.Locations[1].Directory / "Wasser.orv");
 
-    EXPECT_FALSE(Build_Summary(Shared, request));
+    EXPECT_FALSE(Build_Summary(The_Session, request));
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Problem with output files. Probably, one of the simulations failed!"})});
 }
@@ -138,10 +138,10 @@ TEST_F(Summary_Report, Ten_Locations_Are_Taken_And_An_Eleventh_Is_Not)
 {
     auto request = Request();
     request.Locations.resize(10, request.Locations[0]);
-    EXPECT_TRUE(Build_Summary(Shared, request));
+    EXPECT_TRUE(Build_Summary(The_Session, request));
 
     request.Locations.resize(11, request.Locations[0]);
-    EXPECT_FALSE(Build_Summary(Shared, request));
+    EXPECT_FALSE(Build_Summary(The_Session, request));
     EXPECT_EQ(The_User.Messages.size(), 1U);
 }
 
@@ -149,7 +149,7 @@ TEST_F(Summary_Report, The_User_May_Stop_It_And_Is_Told_Nothing_More)
 {
     int told = 0;
 
-    EXPECT_FALSE(Build_Summary(Shared, Request(), [&](const std::string&, double share) {
+    EXPECT_FALSE(Build_Summary(The_Session, Request(), [&](const std::string&, double share) {
         EXPECT_LE(share, 0.5);
         return ++told < 5;
     }));
@@ -164,7 +164,7 @@ TEST_F(Summary_Report, A_Location_Text_Without_Brackets_Has_An_Empty_Name_And_On
     request.Locations.resize(1);
     request.Locations[0].Text = "Hamburg";
 
-    const auto report = Build_Summary(Shared, request);
+    const auto report = Build_Summary(The_Session, request);
 
     ASSERT_TRUE(report);
     EXPECT_EQ(report->Location_Short, std::vector<std::string>{""});
@@ -177,7 +177,7 @@ TEST_F(Summary_Report, A_Name_Below_Seven_Characters_Is_Padded_Only_To_Ten_More)
     request.Locations.resize(1);
     request.Locations[0].Text = "X (H) and more";
 
-    EXPECT_EQ(Lines_With(Summary_Text(*Build_Summary(Shared, request)), "(17/16)")[0], "X (H)          \t(17/16)\t45.0000     \t200.000     \t22.500");
+    EXPECT_EQ(Lines_With(Summary_Text(*Build_Summary(The_Session, request)), "(17/16)")[0], "X (H)          \t(17/16)\t45.0000     \t200.000     \t22.500");
 }
 
 TEST(Gather_Percentiles, Only_The_Part_At_1_M_Is_Read)

@@ -37,9 +37,9 @@ protected:
 TEST_F(Batch_Test, A_Marked_Combination_Has_Its_Directory_With_All_Files_And_Five_Lines_In_The_Batch)
 {
     const auto choice = Maize_At_Hamburg();
-    Shared.Run.App_Pattern = 1;
+    The_Session.Run.App_Pattern = 1;
 
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
 
     const fs::path run = Home / "focus" / "test.run" / "Maize.run" / "Hamburg_-_(H).run";
     EXPECT_EQ(Names_In(run), (std::vector<std::string>{"Haude.dat", "H_maize.sze", "orvel.inp", "orvel401.exe", "test.psm"}));
@@ -50,8 +50,8 @@ TEST_F(Batch_Test, A_Marked_Combination_Has_Its_Directory_With_All_Files_And_Fiv
                                                         "if exist *.orv del *.orv\r\n"
                                                         "orvel401.exe\r\n"
                                                         "if exist orvel401.exe del orvel401.exe\r\n");
-    EXPECT_EQ(Shared.Run.Job_Dir, std::vector{Hamburg});
-    EXPECT_EQ(Run_Caption(Shared, Focus()), "Start Batch");
+    EXPECT_EQ(The_Session.Run.Job_Dir, std::vector{Hamburg});
+    EXPECT_EQ(Run_Caption(The_Session, Focus()), "Start Batch");
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
@@ -59,10 +59,10 @@ TEST_F(Batch_Test, A_Second_Combination_Climbs_Back_First_And_Its_Path_Is_In_The
 {
     auto choice = Maize_At_Hamburg();
     Scenario(Home / "focus" / "C_maize.sze");
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
     choice.Location = "Ch\xE2teaudun (C), irrigated";
 
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
 
     EXPECT_TRUE(Read_Whole(Home / "focus" / "batch.bat")
                     .ends_with("cd ..\\..\\..\\\r\n"
@@ -70,17 +70,17 @@ TEST_F(Batch_Test, A_Second_Combination_Climbs_Back_First_And_Its_Path_Is_In_The
                                "if exist *.orv del *.orv\r\n"
                                "orvel401.exe\r\n"
                                "if exist orvel401.exe del orvel401.exe\r\n"));
-    EXPECT_EQ(Shared.Run.Job_Dir.at(1), "test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run");
+    EXPECT_EQ(The_Session.Run.Job_Dir.at(1), "test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run");
     EXPECT_TRUE(fs::is_directory(Home / "focus" / "test.run" / "Maize.run" / "Ch\u00E2teaudun_-_(C)--_-_irrigated.run"));
 }
 
 TEST_F(Batch_Test, Marking_The_Same_Combination_Twice_Is_Told_And_Keeps_One_Block)
 {
     const auto choice = Maize_At_Hamburg();
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
     const auto batch = Read_Whole(Home / "focus" / "batch.bat");
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Already_Selected);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Already_Selected);
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{std::string(Title), "You already selected this combination in your batch job!"})});
     EXPECT_EQ(Read_Whole(Home / "focus" / "batch.bat"), batch);
@@ -93,7 +93,7 @@ TEST_F(Batch_Test, An_Earlier_Simulation_Is_Replaced_Only_If_The_User_Agrees)
     Put(Run_Of(Hamburg) / "Echo.orv", "done\r\n");
     Put(Run_Of(Hamburg) / "notes.txt", "mine\r\n");
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Cancelled);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Cancelled);
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{std::string(Title),
                                                       "You already performed a ORVEL-Simulation using this combination."
@@ -105,7 +105,7 @@ TEST_F(Batch_Test, An_Earlier_Simulation_Is_Replaced_Only_If_The_User_Agrees)
     EXPECT_FALSE(Pending());
 
     The_User.Answers = {Button::Ok};
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
     EXPECT_FALSE(fs::exists(Run_Of(Hamburg) / "notes.txt"));
     EXPECT_TRUE(fs::exists(Run_Of(Hamburg) / "orvel.inp"));
     EXPECT_EQ(List_Directories(Home / "focus" / "test.run" / "Maize.run", "*").size(), 1u);
@@ -117,7 +117,7 @@ TEST_F(Batch_Test, A_Directory_Without_An_Echo_Is_Cleared_Without_A_Question)
     fs::create_directories(Run_Of(Hamburg));
     Put(Run_Of(Hamburg) / "old.psm", "x");
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
 
     EXPECT_TRUE(The_User.Messages.empty());
     EXPECT_FALSE(fs::exists(Run_Of(Hamburg) / "old.psm"));
@@ -130,7 +130,7 @@ TEST_F(Batch_Test, A_Run_At_Work_Cannot_Be_Replaced)
     Put(Run_Of(Hamburg) / "plot.orv", "half");
     const auto engine = Lock::Take(Run_Of(Hamburg));
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
 
     ASSERT_EQ(The_User.Messages.size(), 1u);
     EXPECT_EQ(The_User.Messages[0].Title, Title);
@@ -148,15 +148,15 @@ TEST_F(Batch_Test, A_Run_At_Work_Cannot_Be_Replaced)
 TEST_F(Batch_Test, A_Run_That_Waits_In_The_Job_At_Work_Cannot_Be_Replaced)
 {
     const auto choice = Maize_At_Hamburg();
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
     fs::rename(Home / "focus" / "batch.bat", Home / "focus" / "orveljob.bat");
     const auto job = Lock::Take(Home / "focus");
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
     EXPECT_NE(The_User.Messages.at(0).Text.find("(errorcode 1)"), std::string::npos);
 
     fs::remove(Run_Of(Hamburg) / "orvel401.exe"); // as the job does behind the run
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
 }
 
 TEST_F(Batch_Test, A_Single_Run_At_Work_In_The_Installation_Directory_Keeps_No_One_From_Marking)
@@ -164,7 +164,7 @@ TEST_F(Batch_Test, A_Single_Run_At_Work_In_The_Installation_Directory_Keeps_No_O
     const auto choice = Maize_At_Hamburg();
     const auto single_run = Lock::Take(Home.Path());
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
 }
 
 TEST_F(Batch_Test, Another_Program_That_Marks_Is_Waited_For)
@@ -178,7 +178,7 @@ TEST_F(Batch_Test, Another_Program_That_Marks_Is_Waited_For)
         other.reset();
     });
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
 
     end.join();
     EXPECT_TRUE(ended);
@@ -189,7 +189,7 @@ TEST_F(Batch_Test, A_Directory_That_Holds_A_Directory_Is_Not_Replaced)
     const auto choice = Maize_At_Hamburg();
     fs::create_directories(Run_Of(Hamburg) / "kept results");
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
 
     EXPECT_EQ(The_User.Messages.at(0).Text,
               "An error occured when preparing this simulation (errorcode 2).\r\n"
@@ -205,7 +205,7 @@ TEST_F(Batch_Test, A_Name_That_Is_Too_Long_For_A_Directory_Is_Told)
     auto choice = Maize_At_Hamburg();
     choice.Pesticide = std::string(249, 'x') + " .psm"; // the blank takes three characters of the directory's name
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
 
     const auto place = Run_Of(Run_Directory(choice.Pesticide, "Maize", "Hamburg (H)"));
     EXPECT_EQ(The_User.Messages.at(0).Text,
@@ -224,7 +224,7 @@ TEST_F(Batch_Test, A_Copy_That_Fails_Marks_Nothing_And_Keeps_The_Earlier_Simulat
     Put(Run_Of(Hamburg) / "old.txt", "x");
     fs::remove(Home / "Haude.dat");
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
 
     EXPECT_EQ(The_User.Messages.at(0).Text, "An error occured when preparing this simulation (errorcode 6).\r\nCannot read " + (Home / "Haude.dat").string() +
                                                 ": No such file or directory.");
@@ -240,7 +240,7 @@ TEST_F(Batch_Test, Each_Copy_Has_Its_Stage_And_Leaves_No_Half_Made_Directory)
         const auto choice = Maize_At_Hamburg();
         fs::rename(Home / missing, Home / "aside");
 
-        EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Failed);
+        EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
         EXPECT_NE(The_User.Messages.back().Text.find(stage), std::string::npos) << missing;
         EXPECT_TRUE(List_Directories(Home / "focus", "*").empty()) << missing;
         fs::rename(Home / "aside", Home / missing);
@@ -255,7 +255,7 @@ TEST_F(Batch_Test, A_Batch_File_That_Cannot_Be_Written_Takes_Everything_Back)
     Put(Run_Of(Hamburg) / "old.txt", "x");
     fs::create_directory(Home / "focus" / "batch.bat"); // nothing can be renamed over a directory
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
 
     EXPECT_NE(The_User.Messages.at(0).Text.find("(errorcode 8)"), std::string::npos);
     EXPECT_EQ(Names_In(Run_Of(Hamburg)), std::vector<std::string>{"old.txt"});
@@ -272,7 +272,7 @@ TEST_F(Batch_Test, A_Disk_That_Takes_No_More_Is_Told_With_Its_Stage_And_Leaves_N
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     ::setrlimit(RLIMIT_FSIZE, &small);
 
-    const auto result = Mark_For_Batch(Shared, Focus(), choice);
+    const auto result = Mark_For_Batch(The_Session, Focus(), choice);
 
     ::setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
@@ -292,7 +292,7 @@ TEST_F(Batch_Test, A_Mode_Directory_Without_The_Right_To_Write_Is_Told)
     const uid_t user = ::geteuid();
     ASSERT_TRUE(user != 0 || ::seteuid(Nobody) == 0);
 
-    const auto result = Mark_For_Batch(Shared, Focus(), choice);
+    const auto result = Mark_For_Batch(The_Session, Focus(), choice);
 
     ASSERT_EQ(::seteuid(user), 0);
     fs::permissions(Home / "focus", fs::perms(0755));
@@ -307,7 +307,7 @@ TEST_F(Batch_Test, A_Run_Control_File_That_Is_Read_Only_Is_Told)
     Put(Home / "focus" / "orvel.inp", "x");
     Set_Read_Only(Home / "focus" / "orvel.inp", true);
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Cannot write ORVEL.INP"})});
 }
 
@@ -318,7 +318,7 @@ TEST_F(Batch_Test, What_A_Killed_Attempt_Left_Is_Cleared_Away_By_The_Next)
     fs::create_directories(crop / "marked-aB3xYz");
     Put(crop / "marked-aB3xYz" / "test.psm", "half");
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
     EXPECT_EQ(List_Directories(crop, "*"), std::vector<std::string>{"Hamburg_-_(H).run"});
 }
 
@@ -328,11 +328,11 @@ TEST_F(Batch_Test, The_Soil_Modes_Copy_Run_Bat_As_Stage_8_And_No_Scenario)
     Scenario(Home / "EFSA" / "T_N_maize.sze");
     const Run_Choice choice{.Pesticide = "test.psm", .Crop = Maize, .Location = "Total content - North (T_N)"};
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Tier_2(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Tier_2(), choice), Mark_Result::Failed);
     EXPECT_NE(The_User.Messages.at(0).Text.find("(errorcode 8)"), std::string::npos);
 
     Put(Home / "EFSA" / "run.bat", "rem\r\n");
-    EXPECT_EQ(Mark_For_Batch(Shared, Tier_2(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Tier_2(), choice), Mark_Result::Marked);
     const fs::path run = Home / "EFSA" / "test.run" / "Maize.run" / "Total_-_content_-_-_-_North_-_(T_N).run";
     EXPECT_EQ(Names_In(run), (std::vector<std::string>{"Haude.dat", "orvel.inp", "orvel401.exe", "run.bat", "test.psm"}));
     EXPECT_TRUE(fs::exists(Home / "EFSA" / "batch.bat"));
@@ -349,10 +349,10 @@ TEST_F(Batch_Test, A_Pending_Batch_Is_Found_Again_By_Another_Session_And_Continu
 {
     auto choice = Maize_At_Hamburg();
     Scenario(Home / "focus" / "C_maize.sze");
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
     auto other = std::make_unique<Session>();
-    other->Program = Shared.Program;
-    other->Ask = Shared.Ask;
+    other->Program = The_Session.Program;
+    other->Ask = The_Session.Ask;
 
     Load_Batch(*other, Focus());
     EXPECT_EQ(other->Run.Job_Dir, std::vector{Hamburg});
@@ -360,8 +360,8 @@ TEST_F(Batch_Test, A_Pending_Batch_Is_Found_Again_By_Another_Session_And_Continu
     EXPECT_EQ(Mark_For_Batch(*other, Focus(), choice), Mark_Result::Marked);
 
     EXPECT_EQ(Parse_Job(Read_Whole(Home / "focus" / "batch.bat")).size(), 2u);
-    Load_Batch(Shared, Tier_2());
-    EXPECT_TRUE(Shared.Run.Job_Dir.empty());
+    Load_Batch(The_Session, Tier_2());
+    EXPECT_TRUE(The_Session.Run.Job_Dir.empty());
 }
 
 TEST_F(Batch_Test, Names_That_The_Code_Page_Of_The_Job_Confuses_Stay_Apart)
@@ -371,7 +371,7 @@ TEST_F(Batch_Test, Names_That_The_Code_Page_Of_The_Job_Confuses_Stay_Apart)
         auto choice = Maize_At_Hamburg();
         choice.Pesticide = name;
         Pesticide(name);
-        EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Marked);
+        EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
     }
 
     const auto runs = Resolve_Runs(Home / "focus", Parse_Job(Read_Whole(Home / "focus" / "batch.bat")));
@@ -389,7 +389,7 @@ TEST_F(Batch_Test, The_Combination_Behind_The_500th_Is_Refused_With_A_Message)
         batch += Format_Job_Run("a.run\\b.run\\" + std::to_string(i) + ".run", "orvel401.exe", i == 1);
     Put(Home / "focus" / "batch.bat", batch);
 
-    EXPECT_EQ(Mark_For_Batch(Shared, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{std::string(Title), "A batch holds at most 500 combinations. Please start it before you select further "
                                                                           "ones."})});
@@ -410,31 +410,31 @@ TEST_F(Batch_Test, Mark_All_Marks_The_Locations_With_Application_Data_And_Passes
         Scenario(Home / "focus" / name);
     std::vector<int> steps;
 
-    const auto result = Mark_All(Shared, Focus(), {.Pesticide = "test.psm", .Crop = Maize}, [&](int i, int) { steps.push_back(i); });
+    const auto result = Mark_All(The_Session, Focus(), {.Pesticide = "test.psm", .Crop = Maize}, [&](int i, int) { steps.push_back(i); });
 
     EXPECT_EQ(result.Marked, 2);
     EXPECT_EQ(result.Passed_Over, 2);
     EXPECT_EQ(result.Failed, 0);
-    EXPECT_EQ(Shared.Run.Job_Dir, (std::vector<std::string>{"test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run", Hamburg}));
+    EXPECT_EQ(The_Session.Run.Job_Dir, (std::vector<std::string>{"test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run", Hamburg}));
     EXPECT_EQ(steps, (std::vector{0, 1, 2, 3}));
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
 TEST_F(Batch_Test, Starting_Without_A_Batch_Is_Told)
 {
-    EXPECT_EQ(Start_Batch(Shared, Focus()).Result, Start_Result::Nothing_Pending);
+    EXPECT_EQ(Start_Batch(The_Session, Focus()).Result, Start_Result::Nothing_Pending);
     EXPECT_EQ(The_User.Messages.size(), 1u);
 }
 
 TEST_F(Batch_Test, A_Job_At_Work_Or_A_Missing_Probe_File_Refuses_The_Start_And_Keeps_The_Batch)
 {
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
     {
         const auto job = Lock::Take(Home / "focus");
-        EXPECT_EQ(Start_Batch(Shared, Focus()).Result, Start_Result::Already_Running);
+        EXPECT_EQ(Start_Batch(The_Session, Focus()).Result, Start_Result::Already_Running);
     }
     fs::remove(Home / "focus" / "Focuscheck.dat");
-    EXPECT_EQ(Start_Batch(Shared, Focus()).Result, Start_Result::Already_Running);
+    EXPECT_EQ(Start_Batch(The_Session, Focus()).Result, Start_Result::Already_Running);
 
     EXPECT_EQ(The_User.Messages.at(0).Text, "The current ORVEL simulation is still running.");
     EXPECT_EQ(The_User.Messages.at(1).Text, "The file Focuscheck.dat of the installation is missing.");
@@ -444,9 +444,9 @@ TEST_F(Batch_Test, A_Job_At_Work_Or_A_Missing_Probe_File_Refuses_The_Start_And_K
 
 TEST_F(Batch_Test, A_Runner_That_Cannot_Be_Started_Is_Told_And_Keeps_The_Batch)
 {
-    ASSERT_EQ(Mark_For_Batch(Shared, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
 
-    EXPECT_EQ(Start_Batch(Shared, Focus(), 1, Home / "no runner").Result, Start_Result::Failed);
+    EXPECT_EQ(Start_Batch(The_Session, Focus(), 1, Home / "no runner").Result, Start_Result::Failed);
     EXPECT_TRUE(Pending());
     EXPECT_NE(The_User.Messages.at(0).Text.find("Cannot start"), std::string::npos);
 }
@@ -455,7 +455,7 @@ TEST_F(Batch_Test, A_Batch_With_Foreign_Lines_Is_Told_And_Not_Started)
 {
     Put(Home / "focus" / "batch.bat", "format c:\r\n");
 
-    EXPECT_EQ(Start_Batch(Shared, Focus(), 1, ORVELJOB).Result, Start_Result::Failed);
+    EXPECT_EQ(Start_Batch(The_Session, Focus(), 1, ORVELJOB).Result, Start_Result::Failed);
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{std::string(Title), "The job file holds something else than a job in line 1."})});
     EXPECT_FALSE(fs::exists(Home / "focus" / "orveljob.bat"));
@@ -465,13 +465,13 @@ TEST_F(Batch_Test, A_Pesticide_File_Is_Deleted_Only_With_OK)
 {
     Pesticide("test.psm");
 
-    EXPECT_FALSE(Delete_Pesticide(Shared, "test.psm"));
+    EXPECT_FALSE(Delete_Pesticide(The_Session, "test.psm"));
     EXPECT_TRUE(fs::exists(Home / "test.psm"));
     EXPECT_EQ(The_User.Messages.at(0).Text, "Are you sure that you want to delete the file 'test.psm'!");
     EXPECT_EQ(The_User.Messages.at(0).Title, "Deleting pesticide input files");
 
     The_User.Answers = {Button::Ok};
-    EXPECT_TRUE(Delete_Pesticide(Shared, "test.psm"));
+    EXPECT_TRUE(Delete_Pesticide(The_Session, "test.psm"));
     EXPECT_FALSE(fs::exists(Home / "test.psm"));
 }
 

@@ -13,22 +13,22 @@ TEST_F(Crops_Test, Locations_Are_Those_With_A_Scenario_File_In_The_Class_Of_The_
     Scenario(Home / "focus" / "S_maize.sze");
     Scenario(Home / "focus" / "S_wcerea.sze");
 
-    EXPECT_EQ(Locations_Of_Crop(Shared, Focus(), Maize), (Texts{"Ch\xE2teaudun (C), irrigated", "Hamburg (H)", "Sevilla (S), irrigated"}));
-    EXPECT_EQ(Locations_Of_Crop(Shared, Focus(), Winter_Cereals), (Texts{"Sevilla (S), no irrigation"}));
+    EXPECT_EQ(Locations_Of_Crop(The_Session, Focus(), Maize), (Texts{"Ch\xE2teaudun (C), irrigated", "Hamburg (H)", "Sevilla (S), irrigated"}));
+    EXPECT_EQ(Locations_Of_Crop(The_Session, Focus(), Winter_Cereals), (Texts{"Sevilla (S), no irrigation"}));
 }
 
 TEST_F(Crops_Test, A_Crop_Without_Scenario_Files_Has_No_Locations)
 {
-    EXPECT_TRUE(Locations_Of_Crop(Shared, Focus(), Apples).empty());
+    EXPECT_TRUE(Locations_Of_Crop(The_Session, Focus(), Apples).empty());
 }
 
 TEST_F(Crops_Test, A_Separator_Has_No_Locations_In_Any_Mode)
 {
     for (const auto* mode : {&Focus(), &Tier_2(), &Tier_4()}) {
-        EXPECT_TRUE(Locations_Of_Crop(Shared, *mode, First_Separator).empty());
-        EXPECT_TRUE(Locations_Of_Crop(Shared, *mode, Second_Separator).empty());
-        EXPECT_TRUE(Locations_Of_Crop(Shared, *mode, -1).empty());
-        EXPECT_TRUE(Locations_Of_Crop(Shared, *mode, Crop_Entries).empty());
+        EXPECT_TRUE(Locations_Of_Crop(The_Session, *mode, First_Separator).empty());
+        EXPECT_TRUE(Locations_Of_Crop(The_Session, *mode, Second_Separator).empty());
+        EXPECT_TRUE(Locations_Of_Crop(The_Session, *mode, -1).empty());
+        EXPECT_TRUE(Locations_Of_Crop(The_Session, *mode, Crop_Entries).empty());
     }
 }
 
@@ -39,12 +39,12 @@ TEST_F(Crops_Test, The_Soil_Modes_Add_The_Letters_Of_Their_Table_Behind_The_Six_
     Texts onions_4 = zones, individual_2 = zones;
     onions_4.insert(onions_4.end(), {"Ch\xE2teaudun (C), irrigated", "Hamburg (H)", "Jokioinen (J)", "Kremsm\xFCnster (K)", "Porto (O), irrigated"});
 
-    EXPECT_EQ(Locations_Of_Crop(Shared, Tier_4(), 17), onions_4);
-    EXPECT_EQ(Locations_Of_Crop(Shared, Tier_2(), 17).size(), 10u);
-    EXPECT_EQ(Locations_Of_Crop(Shared, Tier_2(), Individual_Crop), individual_2);
-    EXPECT_EQ(Locations_Of_Crop(Shared, Tier_4(), Individual_Crop).size(), 15u);
-    EXPECT_EQ(Locations_Of_Crop(Shared, Tier_2(), Winter_Cereals).at(6), "Ch\xE2teaudun (C), no irrigation");
-    EXPECT_EQ(Locations_Of_Crop(Shared, Tier_2(), 12), zones); // cotton
+    EXPECT_EQ(Locations_Of_Crop(The_Session, Tier_4(), 17), onions_4);
+    EXPECT_EQ(Locations_Of_Crop(The_Session, Tier_2(), 17).size(), 10u);
+    EXPECT_EQ(Locations_Of_Crop(The_Session, Tier_2(), Individual_Crop), individual_2);
+    EXPECT_EQ(Locations_Of_Crop(The_Session, Tier_4(), Individual_Crop).size(), 15u);
+    EXPECT_EQ(Locations_Of_Crop(The_Session, Tier_2(), Winter_Cereals).at(6), "Ch\xE2teaudun (C), no irrigation");
+    EXPECT_EQ(Locations_Of_Crop(The_Session, Tier_2(), 12), zones); // cotton
 }
 
 TEST_F(Crops_Test, The_Code_Of_A_Location_Is_Its_Text_In_Brackets_Where_The_Mode_Knows_It)

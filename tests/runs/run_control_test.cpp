@@ -20,10 +20,10 @@ std::string Years_Of_Climate(const std::string& code, int years)
 
 TEST_F(Run_Control_Test, A_Focus_Run_With_The_Minimum_Output_Is_Laid_Out_Line_By_Line)
 {
-    Shared.Run.App_Pattern = 1;
-    Shared.Output = Minimum_Output();
+    The_Session.Run.App_Pattern = 1;
+    The_Session.Output = Minimum_Output();
 
-    const auto text = Format_Run(Shared, Focus(), {.Pesticide = "test.psm", .Crop = Apples, .Location = "Ch\xE2teaudun (C), irrigated"});
+    const auto text = Format_Run(The_Session, Focus(), {.Pesticide = "test.psm", .Crop = Apples, .Location = "Ch\xE2teaudun (C), irrigated"});
 
     EXPECT_EQ(text, "026 01 01 31 12 Version 5\r\n"
                     "..\\..\\..\\C_apples.sze\r\n"
@@ -35,9 +35,9 @@ TEST_F(Run_Control_Test, A_Focus_Run_With_The_Minimum_Output_Is_Laid_Out_Line_By
 
 TEST_F(Run_Control_Test, Applications_Every_Other_Year_Take_46_Climate_Files)
 {
-    Shared.Run.App_Pattern = 2;
+    The_Session.Run.App_Pattern = 2;
 
-    const auto text = Format_Run(Shared, Focus(), {.Pesticide = "t.psm", .Crop = Apples, .Location = "Ch\xE2teaudun (C), irrigated"});
+    const auto text = Format_Run(The_Session, Focus(), {.Pesticide = "t.psm", .Crop = Apples, .Location = "Ch\xE2teaudun (C), irrigated"});
 
     EXPECT_TRUE(text.starts_with("046 01 01 31 12 Version 5\r\n"));
     EXPECT_NE(text.find("t.psm\r\n" + Years_Of_Climate("C", 46) + "00000000 00.\r\n"), std::string::npos);
@@ -45,38 +45,38 @@ TEST_F(Run_Control_Test, Applications_Every_Other_Year_Take_46_Climate_Files)
 
 TEST_F(Run_Control_Test, An_Irregular_Pattern_Runs_The_Years_Asked_For_In_Focus_And_Six_In_The_Soil_Modes)
 {
-    Shared.Run.App_Pattern = 0;
+    The_Session.Run.App_Pattern = 0;
     Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Total content - North (T_N)"};
 
-    EXPECT_EQ(Years_Of_Run(Shared, Focus(), choice), 26);
+    EXPECT_EQ(Years_Of_Run(The_Session, Focus(), choice), 26);
     choice.Irregular_Years = 66;
-    EXPECT_EQ(Years_Of_Run(Shared, Focus(), choice), 66);
-    EXPECT_EQ(Years_Of_Run(Shared, Tier_2(), choice), 6);
-    EXPECT_EQ(Years_Of_Run(Shared, Tier_4(), choice), 6);
+    EXPECT_EQ(Years_Of_Run(The_Session, Focus(), choice), 66);
+    EXPECT_EQ(Years_Of_Run(The_Session, Tier_2(), choice), 6);
+    EXPECT_EQ(Years_Of_Run(The_Session, Tier_4(), choice), 6);
 }
 
 TEST_F(Run_Control_Test, The_Tillage_Depth_Stands_Before_A_Point_And_Is_Zero_While_Its_Frame_Is_Hidden)
 {
-    Shared.Output = Minimum_Output();
+    The_Session.Output = Minimum_Output();
     Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)", .Tillage = "20", .Tillage_Visible = true};
 
-    EXPECT_NE(Format_Run(Shared, Focus(), choice).find("\r\n00000001 20.\r\n"), std::string::npos);
-    EXPECT_EQ(Shared.Run.Till_Depth, 20);
+    EXPECT_NE(Format_Run(The_Session, Focus(), choice).find("\r\n00000001 20.\r\n"), std::string::npos);
+    EXPECT_EQ(The_Session.Run.Till_Depth, 20);
 
     choice.Tillage_Visible = false;
-    EXPECT_NE(Format_Run(Shared, Focus(), choice).find("\r\n00000001 00.\r\n"), std::string::npos);
-    EXPECT_EQ(Shared.Run.Till_Depth, 0);
+    EXPECT_NE(Format_Run(The_Session, Focus(), choice).find("\r\n00000001 00.\r\n"), std::string::npos);
+    EXPECT_EQ(The_Session.Run.Till_Depth, 0);
 }
 
 TEST_F(Run_Control_Test, A_Gap_In_The_Slots_Gives_A_Row_Without_A_Code_And_Loses_The_Last_Slot)
 {
-    Shared.Run.App_Pattern = 1;
-    Shared.Output = {};
-    Shared.Output[0] = {.Out_Var = 1};
-    Shared.Output[1] = {.Out_Var = 6, .Out_Depth = 5};
-    Shared.Output[3] = {.Out_Var = 23, .Out_Depth = 100, .Out_Depth2 = 2};
+    The_Session.Run.App_Pattern = 1;
+    The_Session.Output = {};
+    The_Session.Output[0] = {.Out_Var = 1};
+    The_Session.Output[1] = {.Out_Var = 6, .Out_Depth = 5};
+    The_Session.Output[3] = {.Out_Var = 23, .Out_Depth = 100, .Out_Depth2 = 2};
 
-    const auto text = Format_Run(Shared, Focus(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)"});
+    const auto text = Format_Run(The_Session, Focus(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)"});
 
     EXPECT_TRUE(text.ends_with("00000003 00.\r\n"
                                "    PRSN    TSER  000.0     1.0 00000001\r\n"
@@ -87,10 +87,10 @@ TEST_F(Run_Control_Test, A_Gap_In_The_Slots_Gives_A_Row_Without_A_Code_And_Loses
 
 TEST_F(Run_Control_Test, The_Tier_2_Header_Ends_In_The_Kept_Number_As_A_Number_And_Tier_4_In_The_Text_Of_The_List)
 {
-    Shared.Run.App_Pattern = 1;
+    The_Session.Run.App_Pattern = 1;
     Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Total content - North (T_N)"};
     const auto first_line = [&](const Mode& mode) {
-        const auto text = Format_Run(Shared, mode, choice);
+        const auto text = Format_Run(The_Session, mode, choice);
         return text.substr(0, text.find("\r\n"));
     };
 
@@ -104,12 +104,12 @@ TEST_F(Run_Control_Test, The_Tier_2_Header_Ends_In_The_Kept_Number_As_A_Number_A
 
 TEST_F(Run_Control_Test, The_Soil_Modes_Ask_For_The_Profile_Of_Each_Substance_Present)
 {
-    Shared.Run.App_Pattern = 1;
-    Shared.Output = Minimum_Output();
-    Shared.Pesticide.Met_Present[1] = true;
-    Shared.Pesticide.Met_Present[4] = true;
+    The_Session.Run.App_Pattern = 1;
+    The_Session.Output = Minimum_Output();
+    The_Session.Pesticide.Met_Present[1] = true;
+    The_Session.Pesticide.Met_Present[4] = true;
 
-    const auto text = Format_Run(Shared, Tier_2(), {.Pesticide = "t.psm", .Crop = Winter_Cereals, .Location = "Total content - North (T_N)", .Tillage = "5"});
+    const auto text = Format_Run(The_Session, Tier_2(), {.Pesticide = "t.psm", .Crop = Winter_Cereals, .Location = "Total content - North (T_N)", .Tillage = "5"});
 
     EXPECT_NE(text.find("..\\..\\..\\T_N_wcerea.sze\r\nt.psm\r\n..\\..\\..\\T_N_01.cli\r\n"), std::string::npos);
     EXPECT_NE(text.find("\r\n00000001    5.000000040\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n"
@@ -123,35 +123,35 @@ TEST_F(Run_Control_Test, The_Soil_Modes_Ask_For_The_Profile_Of_Each_Substance_Pr
 
 TEST_F(Run_Control_Test, Porewater_Zones_Ask_For_The_Dissolved_Concentration_And_Other_Codes_For_The_Content)
 {
-    Shared.Run.App_Pattern = 1;
-    Shared.Pesticide.Met_Present[1] = true;
+    The_Session.Run.App_Pattern = 1;
+    The_Session.Pesticide.Met_Present[1] = true;
     Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Porewater concentration - South (P_S)"};
 
-    EXPECT_NE(Format_Run(Shared, Tier_4(), choice).find("    SPSC    TSER  001.0  1.0E06 00000001"), std::string::npos);
+    EXPECT_NE(Format_Run(The_Session, Tier_4(), choice).find("    SPSC    TSER  001.0  1.0E06 00000001"), std::string::npos);
     choice.Location = "Piacenza (P), irrigated";
-    EXPECT_NE(Format_Run(Shared, Tier_4(), choice).find("    TPSC    TSER  001.0  1.0E06 00000001"), std::string::npos);
+    EXPECT_NE(Format_Run(The_Session, Tier_4(), choice).find("    TPSC    TSER  001.0  1.0E06 00000001"), std::string::npos);
 }
 
 TEST_F(Run_Control_Test, A_Focus_Location_Has_Its_Letter_In_Tier_4_And_No_Code_In_Tier_2)
 {
     const Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Ch\xE2teaudun (C), irrigated"};
 
-    EXPECT_NE(Format_Run(Shared, Tier_4(), choice).find("\r\n..\\..\\..\\C_maize.sze\r\n"), std::string::npos);
-    EXPECT_NE(Format_Run(Shared, Tier_2(), choice).find("\r\n..\\..\\..\\_maize.sze\r\n"), std::string::npos);
+    EXPECT_NE(Format_Run(The_Session, Tier_4(), choice).find("\r\n..\\..\\..\\C_maize.sze\r\n"), std::string::npos);
+    EXPECT_NE(Format_Run(The_Session, Tier_2(), choice).find("\r\n..\\..\\..\\_maize.sze\r\n"), std::string::npos);
 }
 
 TEST_F(Run_Control_Test, A_Blank_Tillage_Depth_Leaves_The_Two_Counts_Side_By_Side)
 {
-    Shared.Output = Minimum_Output();
+    The_Session.Output = Minimum_Output();
 
-    const auto text = Format_Run(Shared, Tier_4(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)", .Tillage = ""});
+    const auto text = Format_Run(The_Session, Tier_4(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)", .Tillage = ""});
 
     EXPECT_NE(text.find("\r\n0000000100000020\r\n"), std::string::npos);
 }
 
 TEST_F(Run_Control_Test, A_Single_Run_Repeats_Its_Last_Climate_File)
 {
-    auto& run = Shared.Run;
+    auto& run = The_Session.Run;
     run.Sim_Years = "3";
     run.Start_Day = 1;
     run.Start_Month = 1;
@@ -160,47 +160,47 @@ TEST_F(Run_Control_Test, A_Single_Run_Repeats_Its_Last_Climate_File)
     run.Run_Scenario_File = "soil.sze";
     run.Run_PSM_File = "my file.psm";
     run.Run_Cli_Files = {"wet.cli"};
-    Shared.Output = Minimum_Output();
+    The_Session.Output = Minimum_Output();
 
-    EXPECT_EQ(Format_Single_Run(Shared), "003 01 01 31 12\r\nsoil.sze\r\nmy file.psm\r\nwet.cli\r\nwet.cli\r\nwet.cli\r\n00000001\r\n"
+    EXPECT_EQ(Format_Single_Run(The_Session), "003 01 01 31 12\r\nsoil.sze\r\nmy file.psm\r\nwet.cli\r\nwet.cli\r\nwet.cli\r\n00000001\r\n"
                                          "    LEAC    TSER  100.0  1.0E09 00000001\r\n");
 }
 
 TEST_F(Run_Control_Test, A_Single_Run_Is_Restored_With_Its_Slots)
 {
-    Parse_Single_Run(Shared, "002 05 03 30 11\r\nsoil.sze\r\nmy file.psm\r\na.cli\r\nb.cli\r\n00000002\r\n"
+    Parse_Single_Run(The_Session, "002 05 03 30 11\r\nsoil.sze\r\nmy file.psm\r\na.cli\r\nb.cli\r\n00000002\r\n"
                              "    THET    TSER  030.0     1.0 00000001\r\n"
                              "    NONE    TSER  007.0     1.0 00000003\r\n");
 
-    EXPECT_EQ(Shared.Run.Sim_Years.Number(), 2);
-    EXPECT_EQ(Shared.Run.Start_Day.Number(), 5);
-    EXPECT_EQ(Shared.Run.Start_Month.Number(), 3);
-    EXPECT_EQ(Shared.Run.End_Day.Number(), 30);
-    EXPECT_EQ(Shared.Run.End_Month, 11);
-    EXPECT_EQ(Shared.Run.Run_Scenario_File.Text(), "soil.sze");
-    EXPECT_EQ(Shared.Run.Run_PSM_File.Text(), "my file.psm");
-    EXPECT_EQ(Shared.Run.Run_Cli_Files, (std::vector<std::string>{"a.cli", "b.cli"}));
-    EXPECT_EQ(Shared.Output[0], (Output_Slot{6, 30, 0}));
-    EXPECT_EQ(Shared.Output[1], (Output_Slot{0, 7, 2})); // an unknown code is an empty slot
+    EXPECT_EQ(The_Session.Run.Sim_Years.Number(), 2);
+    EXPECT_EQ(The_Session.Run.Start_Day.Number(), 5);
+    EXPECT_EQ(The_Session.Run.Start_Month.Number(), 3);
+    EXPECT_EQ(The_Session.Run.End_Day.Number(), 30);
+    EXPECT_EQ(The_Session.Run.End_Month, 11);
+    EXPECT_EQ(The_Session.Run.Run_Scenario_File.Text(), "soil.sze");
+    EXPECT_EQ(The_Session.Run.Run_PSM_File.Text(), "my file.psm");
+    EXPECT_EQ(The_Session.Run.Run_Cli_Files, (std::vector<std::string>{"a.cli", "b.cli"}));
+    EXPECT_EQ(The_Session.Output[0], (Output_Slot{6, 30, 0}));
+    EXPECT_EQ(The_Session.Output[1], (Output_Slot{0, 7, 2})); // an unknown code is an empty slot
 }
 
 TEST_F(Run_Control_Test, A_Missing_File_Leaves_A_Single_Run_As_It_Is_And_Is_Not_Told)
 {
-    Shared.Run.Sim_Years = 7;
+    The_Session.Run.Sim_Years = 7;
 
-    EXPECT_FALSE(Read_Single_Run(Shared, Home.Path()));
-    EXPECT_EQ(Shared.Run.Sim_Years.Number(), 7);
+    EXPECT_FALSE(Read_Single_Run(The_Session, Home.Path()));
+    EXPECT_EQ(The_Session.Run.Sim_Years.Number(), 7);
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
 TEST_F(Run_Control_Test, A_Focus_Template_Gives_Back_What_Was_Written)
 {
-    Shared.Run.App_Pattern = 2;
-    Shared.Output = Recommended_Output();
+    The_Session.Run.App_Pattern = 2;
+    The_Session.Output = Recommended_Output();
     Put(Home / "focus" / "orvel.inp",
-        Format_Run(Shared, Focus(), {.Pesticide = "My Test.psm", .Crop = Apples, .Location = "Hamburg (H)", .Tillage = "7", .Tillage_Visible = true}));
+        Format_Run(The_Session, Focus(), {.Pesticide = "My Test.psm", .Crop = Apples, .Location = "Hamburg (H)", .Tillage = "7", .Tillage_Visible = true}));
 
-    const auto restored = Read_Template(Shared, Focus());
+    const auto restored = Read_Template(The_Session, Focus());
 
     EXPECT_EQ(restored.Years, 46);
     EXPECT_EQ(restored.Code, "H");
@@ -214,9 +214,9 @@ TEST_F(Run_Control_Test, A_Focus_Template_Gives_Back_What_Was_Written)
 
 TEST_F(Run_Control_Test, A_Tier_2_Template_Keeps_The_Number_Behind_Soil_And_Restores_One_Depth_More_Than_It_Holds)
 {
-    Shared.Run.App_Pattern = 1;
+    The_Session.Run.App_Pattern = 1;
     const auto text = Format_Run(
-        Shared, Tier_2(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Porewater concentration - Central (P_C)", .Tillage = "5", .Kept_Number = 2.5});
+        The_Session, Tier_2(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Porewater concentration - Central (P_C)", .Tillage = "5", .Kept_Number = 2.5});
 
     const auto restored = Parse_Template(Tier_2(), text);
 
@@ -230,15 +230,15 @@ TEST_F(Run_Control_Test, A_Tier_2_Template_Keeps_The_Number_Behind_Soil_And_Rest
 
 TEST_F(Run_Control_Test, A_Tier_4_Template_Restores_Soil_Zones_And_Letters)
 {
-    Shared.Run.App_Pattern = 1;
+    The_Session.Run.App_Pattern = 1;
     Run_Choice choice{.Pesticide = "t.psm", .Crop = Individual_Crop, .Location = "Total content - South (T_S)", .Tillage = "5"};
 
-    EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(Shared, Tier_4(), choice)).Code, "T_S");
-    EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(Shared, Tier_4(), choice)).Crop_Part, "INDIVT4.SZE");
+    EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(The_Session, Tier_4(), choice)).Code, "T_S");
+    EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(The_Session, Tier_4(), choice)).Crop_Part, "INDIVT4.SZE");
     EXPECT_EQ(Tillage_List(Tier_4()).at(static_cast<std::size_t>(Tillage_List_Index(Tier_4(), 5))), "5");
     choice.Location = "Hamburg (H)";
-    EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(Shared, Tier_4(), choice)).Code, "H");
-    EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(Shared, Tier_4(), choice)).Crop_Part, "INDIVT4.SZE");
+    EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(The_Session, Tier_4(), choice)).Code, "H");
+    EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(The_Session, Tier_4(), choice)).Crop_Part, "INDIVT4.SZE");
 }
 
 TEST_F(Run_Control_Test, A_Template_That_Ends_Early_Restores_What_It_Holds)
@@ -250,7 +250,7 @@ TEST_F(Run_Control_Test, A_Template_That_Ends_Early_Restores_What_It_Holds)
     EXPECT_EQ(restored.Pesticide, "test.psm");
     EXPECT_FALSE(restored.Has_Count_Line);
     EXPECT_EQ(Parse_Template(Focus(), "").Years, 0);
-    EXPECT_EQ(Read_Template(Shared, Tier_2()).Code, "");
+    EXPECT_EQ(Read_Template(The_Session, Tier_2()).Code, "");
 }
 
 TEST_F(Run_Control_Test, The_Lists_Of_Depths_And_Scalings_Are_Those_Of_The_Forms)

@@ -6,7 +6,7 @@
 #include "runs/mode.h"
 #include "runs/run_control.h"
 #include "temporary_directory.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <algorithm>
 #include <fstream>
@@ -39,10 +39,10 @@ class Run_Test : public testing::Test {
 protected:
     Run_Test()
     {
-        Shared.Program.App_Path = Home.Path();
-        Shared.Program.Engine_Exe = "orvel401.exe";
-        Shared.Program.Engine_Version = 4.01;
-        Shared.Ask = [this](const Message& message) { return The_User(message); };
+        The_Session.Program.App_Path = Home.Path();
+        The_Session.Program.Engine_Exe = "orvel401.exe";
+        The_Session.Program.Engine_Version = 4.01;
+        The_Session.Ask = [this](const Message& message) { return The_User(message); };
         for (const auto* mode : {&Focus(), &Tier_2(), &Tier_4()}) {
             std::filesystem::create_directory(Home / mode->Directory);
             Put(Home / mode->Directory / mode->Probe_File, "probe\r\n");
@@ -105,8 +105,8 @@ protected:
 
     Temporary_Directory Home;
     std::unique_ptr<Session> Held = std::make_unique<Session>();
-    Session& Shared = *Held;
-    Told The_User;
+    Session& The_Session = *Held;
+    Recording_User The_User;
 };
 
 } // namespace orvel

@@ -12,7 +12,7 @@ protected:
     }
     Selection Selected(int crop = Maize, std::string_view location = "Hamburg (H)", const Mode& mode = Focus())
     {
-        return Evaluate_Selection(Shared, mode, "test.psm", crop, location);
+        return Evaluate_Selection(The_Session, mode, "test.psm", crop, location);
     }
 };
 
@@ -26,8 +26,8 @@ TEST_F(Selection_Test, A_Regular_Pattern_At_The_Location_Enables_The_Buttons_And
     EXPECT_TRUE(selected.Buttons_Enabled());
     EXPECT_EQ(selected.App_Modus, "Every year");
     EXPECT_EQ(selected.app_Date, "0.75 kg/ha on November 5");
-    EXPECT_EQ(Shared.Run.App_Current_Location, 1);
-    EXPECT_EQ(Shared.Run.App_Pattern, 1);
+    EXPECT_EQ(The_Session.Run.App_Current_Location, 1);
+    EXPECT_EQ(The_Session.Run.App_Pattern, 1);
 }
 
 TEST_F(Selection_Test, A_Location_Without_A_Block_Is_Told_By_Its_Name_Without_The_Irrigation)
@@ -231,7 +231,7 @@ TEST_F(Selection_Test, The_List_Of_Pesticide_Files_Leaves_Out_Names_That_No_Run_
     Put(Home / "\u4E2D.psm", "");
     Put(Home / "two\nlines.psm", "");
 
-    EXPECT_EQ(Pesticide_List(Shared), (std::vector<std::string>{"A.PSM", "b.psm", "\xE4 file,1;&.psm"}));
+    EXPECT_EQ(Pesticide_List(The_Session), (std::vector<std::string>{"A.PSM", "b.psm", "\xE4 file,1;&.psm"}));
 }
 
 } // namespace orvel

@@ -3,7 +3,7 @@
 #include "core/system/lock.h"
 #include "full_disk.h"
 #include "small_installation.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -17,9 +17,9 @@ class Single_Run_Test : public testing::Test {
 protected:
     Single_Run_Test()
     {
-        Shared.Ask = [this](const Message& message) { return The_User(message); };
-        Shared.Program.App_Path = Place.Path();
-        Shared.Program.Engine_Exe = "orvel401.exe";
+        The_Session.Ask = [this](const Message& message) { return The_User(message); };
+        The_Session.Program.App_Path = Place.Path();
+        The_Session.Program.Engine_Exe = "orvel401.exe";
         fs::copy_file(Place / "focus/H_maize.sze", Place / "H_maize.sze");
         Write_Whole(Place / "one.cli", "Title\r\n");
         Write_Whole(Place / "two.cli", "Title\r\n");
@@ -39,14 +39,14 @@ protected:
 
     std::string Told_Of(const Single_Run_Entry& entry)
     {
-        const auto refusal = Check_Single_Run(Shared, Place.Path(), entry);
+        const auto refusal = Check_Single_Run(The_Session, Place.Path(), entry);
         return refusal ? refusal->Text.Title + ": " + refusal->Text.Text + " -> " + refusal->Control : "";
     }
 
     Small_Installation Place;
-    Told The_User;
+    Recording_User The_User;
     std::unique_ptr<Session> Owned = std::make_unique<Session>();
-    Session& Shared = *Owned;
+    Session& The_Session = *Owned;
 };
 
 } // namespace
@@ -85,10 +85,10 @@ TEST_F(Single_Run_Test, Horizons_Are_Compared_With_The_Scenario_Document_Of_The_
     std::string bytes = Read_Whole(Place / "test.psm");
     bytes.replace(bytes.find("<NUMBER OF SOIL HORIZONS>\r\n") + 27, 3, " 2 ");
     Write_Whole(Place / "test.psm", bytes);
-    Shared.Scenario.SZE_Horizons = 3;
+    The_Session.Scenario.SZE_Horizons = 3;
     EXPECT_EQ(Told_Of(Entry()), "Data check: Number of horizons in PSM file and scenariofile should be the same -> File_sce");
 
-    Shared.Scenario.SZE_Horizons = 2; // not the count of the file named
+    The_Session.Scenario.SZE_Horizons = 2; // not the count of the file named
     EXPECT_EQ(Told_Of(Entry()), "");
 }
 
@@ -127,7 +127,7 @@ TEST_F(Single_Run_Test, Starting_Writes_The_Run_Control_And_Deletes_Old_Output)
     Write_Whole(Place / "old.orv", "old");
     ASSERT_TRUE(Has_Output(Place.Path()));
 
-    EXPECT_TRUE(Start_Single_Run(Shared, Place.Path(), Entry()));
+    EXPECT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
 
     const std::string control = Read_Whole(Place / "orvel.inp");
     EXPECT_TRUE(control.starts_with("003 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\none.cli\r\none.cli\r\n")) << control;
@@ -138,11 +138,11 @@ TEST_F(Single_Run_Test, While_The_Engine_Is_At_Work_Starting_Tells_And_Touches_N
 {
     Write_Whole(Place / "orvel401.exe", "#!/bin/sh\nsleep 5\n");
     fs::permissions(Place / "orvel401.exe", fs::perms::owner_all);
-    ASSERT_TRUE(Start_Single_Run(Shared, Place.Path(), Entry()));
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
     EXPECT_TRUE(State_Of_Single_Run(Place.Path(), 3).Running);
     Write_Whole(Place / "kept.orv", "output");
 
-    EXPECT_FALSE(Start_Single_Run(Shared, Place.Path(), Entry()));
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
 
     EXPECT_EQ(The_User.Messages.back().Text, "An engine is still at work in this directory. Please wait until it has finished.");
     EXPECT_TRUE(fs::exists(Place / "kept.orv"));
@@ -152,11 +152,11 @@ TEST_F(Single_Run_Test, A_Missing_Engine_Is_Told)
 {
     Write_Whole(Place / "old.orv", "old");
     fs::remove(Place / "orvel401.exe");
-    EXPECT_FALSE(Start_Single_Run(Shared, Place.Path(), Entry()));
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
     EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Orvel not found"}));
     EXPECT_TRUE(fs::exists(Place / "old.orv")); // for a run that cannot be, nothing is given up
-    Shared.Program.Engine_Exe.clear();
-    EXPECT_FALSE(Start_Single_Run(Shared, Place.Path(), Entry()));
+    The_Session.Program.Engine_Exe.clear();
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
 
     EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Orvel not found"}));
 }
@@ -171,11 +171,11 @@ TEST_F(Single_Run_Test, The_Proposed_Archive_Is_The_First_Free_One)
 
 TEST_F(Single_Run_Test, An_Archive_Takes_The_Output_And_Copies_The_Input)
 {
-    ASSERT_TRUE(Start_Single_Run(Shared, Place.Path(), Entry()));
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
     Write_Whole(Place / "echo.orv", "echo");
     Write_Whole(Place / "chem.orv", "chem");
 
-    EXPECT_TRUE(Archive_Run(Shared, Place.Path(), "Run_1"));
+    EXPECT_TRUE(Archive_Run(The_Session, Place.Path(), "Run_1"));
 
     for (const char* name : {"echo.orv", "chem.orv", "orvel.inp", "test.psm", "H_maize.sze", "one.cli"})
         EXPECT_TRUE(fs::exists(Place / "Run_1" / name)) << name;
@@ -189,7 +189,7 @@ TEST_F(Single_Run_Test, An_Archive_That_Fails_Takes_Nothing_And_Leaves_Nothing)
     Write_Whole(Place / "echo.orv", "echo");
     Write_Whole(Place / "orvel.inp", "001 01 01 31 12\r\ngone.sze\r\ntest.psm\r\none.cli\r\n");
 
-    EXPECT_FALSE(Archive_Run(Shared, Place.Path(), "Run_1"));
+    EXPECT_FALSE(Archive_Run(The_Session, Place.Path(), "Run_1"));
 
     EXPECT_TRUE(fs::exists(Place / "echo.orv"));
     EXPECT_FALSE(fs::exists(Place / "Run_1"));
@@ -202,8 +202,8 @@ TEST_F(Single_Run_Test, An_Archive_Never_Goes_Over_An_Existing_Folder)
     fs::create_directory(Place / "Run_1");
     Write_Whole(Place / "Run_1/echo.orv", "earlier");
 
-    EXPECT_FALSE(Archive_Run(Shared, Place.Path(), "Run_1"));
-    EXPECT_FALSE(Archive_Run(Shared, Place.Path(), "../elsewhere"));
+    EXPECT_FALSE(Archive_Run(The_Session, Place.Path(), "Run_1"));
+    EXPECT_FALSE(Archive_Run(The_Session, Place.Path(), "../elsewhere"));
 
     EXPECT_EQ(Read_Whole(Place / "Run_1/echo.orv"), "earlier");
     EXPECT_TRUE(fs::exists(Place / "echo.orv"));
@@ -217,7 +217,7 @@ TEST_F(Single_Run_Test, An_Archive_On_A_Full_Disk_Is_Told_And_Takes_Nothing)
     bool archived = true;
     {
         const Full_Disk full(100000);
-        archived = Archive_Run(Shared, Place.Path(), "Run_1");
+        archived = Archive_Run(The_Session, Place.Path(), "Run_1");
     }
 
     EXPECT_FALSE(archived);
@@ -232,7 +232,7 @@ TEST_F(Single_Run_Test, Nothing_Is_Archived_While_The_Engine_Is_At_Work)
     Write_Whole(Place / "echo.orv", "echo");
     const auto engine = Lock::Take(Place.Path());
 
-    EXPECT_FALSE(Archive_Run(Shared, Place.Path(), "Run_1"));
+    EXPECT_FALSE(Archive_Run(The_Session, Place.Path(), "Run_1"));
 
     EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "An engine is still at work in this directory. Please wait until it has finished."}));
     EXPECT_TRUE(fs::exists(Place / "echo.orv"));
@@ -241,7 +241,7 @@ TEST_F(Single_Run_Test, Nothing_Is_Archived_While_The_Engine_Is_At_Work)
 
 TEST_F(Single_Run_Test, Without_Output_There_Is_Nothing_To_Archive)
 {
-    EXPECT_FALSE(Archive_Run(Shared, Place.Path(), "Run_1"));
+    EXPECT_FALSE(Archive_Run(The_Session, Place.Path(), "Run_1"));
 
     EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "No output files in the current dirctory"}));
     EXPECT_FALSE(fs::exists(Place / "Run_1"));
@@ -249,7 +249,7 @@ TEST_F(Single_Run_Test, Without_Output_There_Is_Nothing_To_Archive)
 
 TEST_F(Single_Run_Test, The_Form_Opens_With_What_The_Last_Run_Control_Says)
 {
-    ASSERT_TRUE(Start_Single_Run(Shared, Place.Path(), Entry()));
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
     auto fresh = std::make_unique<Session>();
 
     const Single_Run_Entry entry = Restore_Single_Run(*fresh, Place.Path());

@@ -10,16 +10,16 @@ TEST_F(Start_Up_Test, The_Versions_Come_From_The_Engine_And_The_Scenario_Files)
 {
     Put(Home / "focus" / "c_apples.sze", "DEM 3 Demo\r\n");
 
-    ASSERT_TRUE(Start_Up(Shared));
+    ASSERT_TRUE(Start_Up(The_Session));
 
-    EXPECT_EQ(Shared.Program.Engine_Exe, "orvel401.exe");
-    EXPECT_DOUBLE_EQ(Shared.Program.Engine_Version, 4.01);
-    EXPECT_EQ(Shared.Program.Aktuelle_ORVEL_Version, "ORVEL 4.01");
-    EXPECT_EQ(Shared.Program.Aktuelle_ORVELSUITE_Version, "ORVELSUITE 5.5.3");
+    EXPECT_EQ(The_Session.Program.Engine_Exe, "orvel401.exe");
+    EXPECT_DOUBLE_EQ(The_Session.Program.Engine_Version, 4.01);
+    EXPECT_EQ(The_Session.Program.Aktuelle_ORVEL_Version, "ORVEL 4.01");
+    EXPECT_EQ(The_Session.Program.Aktuelle_ORVELSUITE_Version, "ORVELSUITE 5.5.3");
     EXPECT_EQ(Read_Whole(Home / "orvel.bat"), "ORVEL401.exe\r\nexit\r\n");
     EXPECT_EQ(Read_Whole(Home / "worvel2.tmp"), "This is ORVEL\r\n");
-    EXPECT_EQ(Shared.Output, Start_Output());
-    EXPECT_EQ(Shared.Run.App_Loc_Index, 1);
+    EXPECT_EQ(The_Session.Output, Start_Output());
+    EXPECT_EQ(The_Session.Run.App_Loc_Index, 1);
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
@@ -27,16 +27,16 @@ TEST_F(Start_Up_Test, A_Second_Start_Replaces_A_Leftover_Of_The_Write_Test)
 {
     Put(Home / "worvel2.tmp", "leftover of another kind");
 
-    ASSERT_TRUE(Start_Up(Shared));
+    ASSERT_TRUE(Start_Up(The_Session));
 
     EXPECT_EQ(Read_Whole(Home / "worvel2.tmp"), "This is ORVEL\r\n");
 }
 
 TEST_F(Start_Up_Test, A_Directory_That_Cannot_Be_Written_Ends_The_Program_Without_A_Message)
 {
-    Shared.Program.App_Path = Home / "not there";
+    The_Session.Program.App_Path = Home / "not there";
 
-    EXPECT_FALSE(Start_Up(Shared));
+    EXPECT_FALSE(Start_Up(The_Session));
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
@@ -45,7 +45,7 @@ TEST_F(Start_Up_Test, A_Pending_Batch_Is_Deleted_At_Start_And_A_Job_File_Stays)
     Put(Home / "focus" / "batch.bat", "cd x\r\n");
     Put(Home / "focus" / "orveljob.bat", "echo off\r\n");
 
-    ASSERT_TRUE(Start_Up(Shared));
+    ASSERT_TRUE(Start_Up(The_Session));
 
     EXPECT_FALSE(std::filesystem::exists(Home / "focus" / "batch.bat"));
     EXPECT_TRUE(std::filesystem::exists(Home / "focus" / "orveljob.bat"));
@@ -56,10 +56,10 @@ TEST_F(Start_Up_Test, The_First_Of_Several_Engines_Is_Taken)
     Put(Home / "ORVEL399.EXE", "");
     Put(Home / "orvel500.exe", "");
 
-    Find_Engine(Shared);
+    Find_Engine(The_Session);
 
-    EXPECT_EQ(Shared.Program.Engine_Exe, "ORVEL399.EXE");
-    EXPECT_DOUBLE_EQ(Shared.Program.Engine_Version, 3.99);
+    EXPECT_EQ(The_Session.Program.Engine_Exe, "ORVEL399.EXE");
+    EXPECT_DOUBLE_EQ(The_Session.Program.Engine_Version, 3.99);
 }
 
 TEST_F(Start_Up_Test, A_Short_Engine_Name_Gives_The_Number_That_Stands_There)
@@ -67,27 +67,27 @@ TEST_F(Start_Up_Test, A_Short_Engine_Name_Gives_The_Number_That_Stands_There)
     std::filesystem::remove(Home / "orvel401.exe");
     Put(Home / "orvel4.exe", "");
 
-    Find_Engine(Shared);
+    Find_Engine(The_Session);
 
-    EXPECT_DOUBLE_EQ(Shared.Program.Engine_Version, 0.04); // "4.e" reads as 4
+    EXPECT_DOUBLE_EQ(The_Session.Program.Engine_Version, 0.04); // "4.e" reads as 4
 }
 
 TEST_F(Start_Up_Test, Without_An_Engine_The_Start_Goes_On)
 {
     std::filesystem::remove(Home / "orvel401.exe");
 
-    EXPECT_TRUE(Start_Up(Shared));
-    EXPECT_EQ(Shared.Program.Engine_Exe, "");
-    EXPECT_EQ(Shared.Program.Engine_Version, 0);
-    EXPECT_EQ(Shared.Program.Aktuelle_ORVELSUITE_Version, "ORVELSUITE -396.5.");
+    EXPECT_TRUE(Start_Up(The_Session));
+    EXPECT_EQ(The_Session.Program.Engine_Exe, "");
+    EXPECT_EQ(The_Session.Program.Engine_Version, 0);
+    EXPECT_EQ(The_Session.Program.Aktuelle_ORVELSUITE_Version, "ORVELSUITE -396.5.");
 }
 
 TEST_F(Start_Up_Test, A_Decimal_Comma_Is_Warned_Of)
 {
-    Check_Decimal_Separator(Shared, "3.5");
+    Check_Decimal_Separator(The_Session, "3.5");
     EXPECT_TRUE(The_User.Messages.empty());
 
-    Check_Decimal_Separator(Shared, "3,5");
+    Check_Decimal_Separator(The_Session, "3,5");
     EXPECT_EQ(The_User.Messages,
               std::vector{(Message{"System check", "ORVEL SUITE noticed that the 'komma' is used for decimal numbers in your system (see your regional "
                                                    "settings).\r\nAs long as you do not select the 'point' as decimal separator you are not able to create "
@@ -98,9 +98,9 @@ TEST_F(Start_Up_Test, A_Soil_Mode_Without_Its_Data_Does_Not_Open)
 {
     Scenario(Home / "EFSA" / "T_N_wcerea.sze");
 
-    EXPECT_TRUE(Mode_Available(Shared, Focus()));
-    EXPECT_TRUE(Mode_Available(Shared, Tier_2()));
-    EXPECT_FALSE(Mode_Available(Shared, Tier_4()));
+    EXPECT_TRUE(Mode_Available(The_Session, Focus()));
+    EXPECT_TRUE(Mode_Available(The_Session, Tier_2()));
+    EXPECT_FALSE(Mode_Available(The_Session, Tier_4()));
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data error!", "EFSA Tier 4 scenario data not available in this installation!\r\n", Icon::Stop})});
 }
 
@@ -108,12 +108,12 @@ TEST_F(Start_Up_Test, Shipped_Files_Become_Read_Only_And_Individual_Crops_Stay_W
 {
     for (const auto* name : {"c_apples.sze", "H_indiv.sze", "My_Indiv2.SZE", "C_01.cli", "indiv.cli"})
         Put(Home / "focus" / name, "x\r\n");
-    EXPECT_FALSE(Files_Protected(Shared));
+    EXPECT_FALSE(Files_Protected(The_Session));
     std::vector<std::pair<int, int>> steps;
 
-    EXPECT_TRUE(Protect_Files(Shared, [&](int done, int all) { steps.emplace_back(done, all); }));
+    EXPECT_TRUE(Protect_Files(The_Session, [&](int done, int all) { steps.emplace_back(done, all); }));
 
-    EXPECT_TRUE(Files_Protected(Shared));
+    EXPECT_TRUE(Files_Protected(The_Session));
     EXPECT_TRUE(Is_Read_Only(Home / "focus" / "C_01.cli"));
     EXPECT_TRUE(Is_Read_Only(Home / "focus" / "indiv.cli"));
     EXPECT_FALSE(Is_Read_Only(Home / "focus" / "H_indiv.sze"));

@@ -1,7 +1,7 @@
 #include "scenario/crop_properties.h"
 
 #include "scenario/crop_rotation.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ namespace {
 struct Crop_Properties : testing::Test {
     Crop_Properties()
     {
-        Shared.Ask = std::ref(The_User);
+        The_Session.Ask = std::ref(The_User);
         Work.Data_Base = {{"Maize", {.SZE_Rot_Text1 = 80, .SZE_Rot_Residue = 3, .SZE_Rot_Kc_Mid = 1.2}, {}, 0},
                           {"Potatoes", {.SZE_Rot_Text1 = 60, .SZE_Rot_Tillage = 0}, {}, 0}};
         for (const auto& crop : Work.Data_Base)
@@ -22,8 +22,8 @@ struct Crop_Properties : testing::Test {
         for (const std::int16_t crop : {2, 1, 2})
             Work.Rows.push_back({.SZE_Rot_Crop_Index = crop});
     }
-    Session Shared;
-    Told The_User;
+    Session The_Session;
+    Recording_User The_User;
     Rotation_Work Work;
 };
 
@@ -42,7 +42,7 @@ TEST_F(Crop_Properties, One_Set_Of_Properties_Serves_Both_Rows)
     auto editor = Edit_Crops(Work);
     Set_Crop_Text(editor.Crops[0].Properties, "Text1", "55");
 
-    EXPECT_TRUE(Confirm_Crops(Shared, editor, Work));
+    EXPECT_TRUE(Confirm_Crops(The_Session, editor, Work));
 
     EXPECT_EQ(Work.Crops[1].SZE_Rot_Text1, Variant("55"));
     EXPECT_EQ(Work.Rows.size(), 3U);
@@ -103,7 +103,7 @@ TEST_F(Crop_Properties, Default_Values_Of_A_Tilled_Crop_Do_Not_Force_The_Questio
     auto editor = Edit_Crops(Work);
     Reset_Crop(editor.Crops[0], Work);
 
-    EXPECT_TRUE(Confirm_Crops(Shared, editor, Work));
+    EXPECT_TRUE(Confirm_Crops(The_Session, editor, Work));
 
     EXPECT_TRUE(The_User.Messages.empty());
     EXPECT_EQ(Work.Crops[1].SZE_Rot_Tillage, 1);
@@ -115,7 +115,7 @@ TEST_F(Crop_Properties, A_Modified_Tillage_Flag_Removes_The_Rotation_If_The_User
     Choose_Tillage(editor, 0, 1);
     The_User.Answers = {Button::Yes};
 
-    EXPECT_TRUE(Confirm_Crops(Shared, editor, Work));
+    EXPECT_TRUE(Confirm_Crops(The_Session, editor, Work));
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
     EXPECT_EQ(The_User.Messages[0].Text, "You modified the tillage flag. The crop rotation will be removed. Do you agree?");
@@ -131,7 +131,7 @@ TEST_F(Crop_Properties, A_User_Who_Does_Not_Agree_Keeps_Rotation_And_Properties_
     Set_Crop_Text(editor.Crops[0].Properties, "Text1", "55");
     The_User.Answers = {Button::No};
 
-    EXPECT_FALSE(Confirm_Crops(Shared, editor, Work));
+    EXPECT_FALSE(Confirm_Crops(The_Session, editor, Work));
 
     EXPECT_EQ(Work.Rows.size(), 3U);
     EXPECT_EQ(Work.Crops[1].SZE_Rot_Tillage, 0);

@@ -3,7 +3,7 @@
 #include "files/scenario_file.h"
 #include "scenario/saving.h"
 #include "temporary_directory.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -449,17 +449,17 @@ TEST(Crop_Rotation, A_Crop_That_The_Data_Base_Lacks_Is_Shown_By_Number_And_Not_T
 }
 
 struct Crop_Data_Reader : testing::Test {
-    Crop_Data_Reader() { Shared.Ask = std::ref(The_User); }
+    Crop_Data_Reader() { The_Session.Ask = std::ref(The_User); }
     void Write(const char* name, std::string_view bytes) { std::ofstream(Directory / name, std::ios::binary) << bytes; }
 
     Temporary_Directory Directory;
-    Session Shared;
-    Told The_User;
+    Session The_Session;
+    Recording_User The_User;
 };
 
 TEST_F(Crop_Data_Reader, A_Missing_File_Is_Told_And_Gives_An_Empty_Data_Base)
 {
-    EXPECT_TRUE(Read_Crop_Data(Shared, Directory.Path()).empty());
+    EXPECT_TRUE(Read_Crop_Data(The_Session, Directory.Path()).empty());
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Cannot open INPUT.DAT"})});
 }
 
@@ -472,7 +472,7 @@ TEST_F(Crop_Data_Reader, A_File_That_Is_Cut_Short_Is_Told_With_The_Line_Where_It
 {
     Write("input.dat", "2\r\nhead\r\nApples          100  0.25\r\n");
 
-    EXPECT_TRUE(Read_Crop_Data(Shared, Directory.Path()).empty());
+    EXPECT_TRUE(Read_Crop_Data(The_Session, Directory.Path()).empty());
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Cannot read INPUT.DAT. The file ends behind line 3."})});
 }
 
@@ -480,7 +480,7 @@ TEST_F(Crop_Data_Reader, The_Case_Of_The_Name_Does_Not_Matter)
 {
     Write("INPUT.DAT", "1\r\nhead\r\nApples          100  0.25\r\n");
 
-    EXPECT_EQ(Read_Crop_Data(Shared, Directory.Path()).size(), 1U);
+    EXPECT_EQ(Read_Crop_Data(The_Session, Directory.Path()).size(), 1U);
     EXPECT_TRUE(The_User.Messages.empty());
 }
 

@@ -10,14 +10,14 @@ namespace {
 struct Scenario_Fields : testing::Test {
     Scenario_Fields()
     {
-        Reset_SZE(Shared.Scenario);
-        Shared.Scenario.SZE_Layers = 20;
-        Shared.Scenario.SZE_Horizons = 3;
-        Shared.Scenario.Horizons.resize(3);
+        Reset_SZE(The_Session.Scenario);
+        The_Session.Scenario.SZE_Layers = 20;
+        The_Session.Scenario.SZE_Horizons = 3;
+        The_Session.Scenario.Horizons.resize(3);
     }
-    std::optional<Refusal> Leave(std::string_view control, std::string_view text) { return Leave_Field(Shared, control, text); }
+    std::optional<Refusal> Leave(std::string_view control, std::string_view text) { return Leave_Field(The_Session, control, text); }
 
-    Session Shared;
+    Session The_Session;
 };
 
 Refusal Data_Check(const std::string& text, const std::string& control)
@@ -27,24 +27,24 @@ Refusal Data_Check(const std::string& text, const std::string& control)
 
 TEST_F(Scenario_Fields, A_Text_Left_Unchanged_Leaves_The_Document_As_It_Is)
 {
-    const auto before = Shared.Scenario;
+    const auto before = The_Session.Scenario;
 
     for (const auto box : Scenario_Boxes())
-        EXPECT_EQ(Leave(box, Field_Text(Shared.Scenario, box)), std::nullopt) << box;
+        EXPECT_EQ(Leave(box, Field_Text(The_Session.Scenario, box)), std::nullopt) << box;
 
-    EXPECT_EQ(Shared.Scenario, before);
-    EXPECT_FALSE(Shared.Program.SZE_Changed);
+    EXPECT_EQ(The_Session.Scenario, before);
+    EXPECT_FALSE(The_Session.Program.SZE_Changed);
 }
 
 TEST_F(Scenario_Fields, Every_Box_Stores_Its_Own_Field)
 {
     for (const auto box : Scenario_Boxes()) {
         Leave(box, "7");
-        EXPECT_EQ(Field_Text(Shared.Scenario, box), "7") << box;
+        EXPECT_EQ(Field_Text(The_Session.Scenario, box), "7") << box;
         Leave(box, "8");
     }
 
-    const auto& document = Shared.Scenario;
+    const auto& document = The_Session.Scenario;
     EXPECT_EQ(document.SZE_Title, "8");
     EXPECT_EQ(document.SZE_Core_Depth, 8);
     EXPECT_EQ(document.SZE_Layers, 8);
@@ -61,17 +61,17 @@ TEST_F(Scenario_Fields, Every_Box_Stores_Its_Own_Field)
     EXPECT_EQ(document.SZE_Out_Every_Water, Variant("8"));
     EXPECT_EQ(document.SZE_Out_Every_Solute, Variant("8"));
     EXPECT_EQ(document.SZE_Out_Every_Conc, Variant("8"));
-    EXPECT_TRUE(Shared.Program.SZE_Changed);
+    EXPECT_TRUE(The_Session.Program.SZE_Changed);
 }
 
 TEST_F(Scenario_Fields, The_Uptake_Factor_Only_Marks_The_Document_Changed)
 {
-    const auto before = Shared.Scenario;
+    const auto before = The_Session.Scenario;
 
     EXPECT_EQ(Leave("Text_peup", "0.5"), std::nullopt);
 
-    EXPECT_EQ(Shared.Scenario, before);
-    EXPECT_TRUE(Shared.Program.SZE_Changed);
+    EXPECT_EQ(The_Session.Scenario, before);
+    EXPECT_TRUE(The_Session.Program.SZE_Changed);
 }
 
 TEST_F(Scenario_Fields, A_Core_Depth_Must_Be_Above_0)
@@ -85,7 +85,7 @@ TEST_F(Scenario_Fields, A_Text_That_Is_No_Number_Reads_As_Its_Numeric_Start)
 {
     Leave("Text_cor", "80 cm");
 
-    EXPECT_EQ(Shared.Scenario.SZE_Core_Depth, 80);
+    EXPECT_EQ(The_Session.Scenario.SZE_Core_Depth, 80);
 }
 
 TEST_F(Scenario_Fields, Four_Hundred_Layers_Are_Accepted_And_One_More_Refused)
@@ -114,7 +114,7 @@ TEST_F(Scenario_Fields, A_Number_Of_Layers_Is_Whole)
 {
     Leave("Text_num", "12.5");
 
-    EXPECT_EQ(Shared.Scenario.SZE_Layers, 13);
+    EXPECT_EQ(The_Session.Scenario.SZE_Layers, 13);
 }
 
 TEST_F(Scenario_Fields, Less_Than_One_Horizon_Is_Refused_With_A_Text_That_Names_1_As_Too_Small)
@@ -126,24 +126,24 @@ TEST_F(Scenario_Fields, Less_Than_One_Horizon_Is_Refused_With_A_Text_That_Names_
 TEST_F(Scenario_Fields, More_Than_400_Horizons_Are_Refused_Before_Their_Layers_Are_Counted)
 {
     EXPECT_EQ(Leave("Text_nhor", "401"), Data_Check("Value must be smaller than 401", "Text_nhor"));
-    EXPECT_LE(Shared.Scenario.Horizons.size(), 400U);
+    EXPECT_LE(The_Session.Scenario.Horizons.size(), 400U);
 }
 
 TEST_F(Scenario_Fields, A_Smaller_Number_Of_Horizons_Typed_By_Mistake_Loses_No_Horizon)
 {
-    Shared.Scenario.Horizons[2].SZE_Hor_Thickness = 40;
+    The_Session.Scenario.Horizons[2].SZE_Hor_Thickness = 40;
 
     Leave("Text_nhor", "1");
     Leave("Text_nhor", "3");
 
-    EXPECT_EQ(Shared.Scenario.Horizons[2].SZE_Hor_Thickness, Variant(40));
+    EXPECT_EQ(The_Session.Scenario.Horizons[2].SZE_Hor_Thickness, Variant(40));
 }
 
 TEST_F(Scenario_Fields, A_Greater_Number_Of_Horizons_Makes_Room_For_Them)
 {
     Leave("Text_nhor", "5");
 
-    EXPECT_EQ(Shared.Scenario.Horizons.size(), 5U);
+    EXPECT_EQ(The_Session.Scenario.Horizons.size(), 5U);
 }
 
 TEST_F(Scenario_Fields, An_Output_For_Every_0th_Layer_Is_Refused_With_A_Text_That_Names_0_As_Allowed)
@@ -160,14 +160,14 @@ TEST_F(Scenario_Fields, The_Thickness_Of_A_Layer_Has_Two_Decimals)
     Leave("Text_cor", "100");
     Leave("Text_num", "3");
 
-    EXPECT_EQ(View_Of(Shared.Scenario).Thickness, "33.33");
+    EXPECT_EQ(View_Of(The_Session.Scenario).Thickness, "33.33");
 }
 
 TEST_F(Scenario_Fields, Without_Layers_There_Is_No_Thickness)
 {
     Leave("Text_num", "0");
 
-    EXPECT_EQ(View_Of(Shared.Scenario).Thickness, "");
+    EXPECT_EQ(View_Of(The_Session.Scenario).Thickness, "");
 }
 
 } // namespace

@@ -11,24 +11,24 @@ namespace {
 struct Soil_Forms : testing::Test {
     Soil_Forms()
     {
-        Reset_SZE(Shared.Scenario);
+        Reset_SZE(The_Session.Scenario);
         Document.SZE_Core_Depth = 100;
         Document.SZE_Layers = 20;
     }
-    Session Shared;
-    Scenario_Document& Document = Shared.Scenario;
+    Session The_Session;
+    Scenario_Document& Document = The_Session.Scenario;
 };
 
 TEST_F(Soil_Forms, A_Negative_Threshold_Is_Stored_As_100)
 {
-    Take_Over_Macropores(Shared, {"-1", "0.5", "50"});
+    Take_Over_Macropores(The_Session, {"-1", "0.5", "50"});
 
     EXPECT_EQ(Document.SZE_Macro_Threshold, 100);
 }
 
 TEST_F(Soil_Forms, A_Fraction_Above_1_Is_Stored_As_1)
 {
-    Take_Over_Macropores(Shared, {"2", "1.5", "50"});
+    Take_Over_Macropores(The_Session, {"2", "1.5", "50"});
 
     EXPECT_EQ(Document.SZE_Macro_Fraction, 1);
     EXPECT_EQ(Document.SZE_Macro_Threshold, 2);
@@ -36,7 +36,7 @@ TEST_F(Soil_Forms, A_Fraction_Above_1_Is_Stored_As_1)
 
 TEST_F(Soil_Forms, A_Macropore_Depth_Of_200_In_A_Core_Of_100_With_20_Layers_Becomes_95)
 {
-    Take_Over_Macropores(Shared, {"2", "0.5", "200"});
+    Take_Over_Macropores(The_Session, {"2", "0.5", "200"});
 
     EXPECT_EQ(Document.SZE_Macro_Depth, 95);
 }
@@ -45,17 +45,17 @@ TEST_F(Soil_Forms, Macropores_Without_Layers_Keep_Their_Depth)
 {
     Document.SZE_Layers = 0;
 
-    Take_Over_Macropores(Shared, {"2", "0.5", "200"});
+    Take_Over_Macropores(The_Session, {"2", "0.5", "200"});
 
     EXPECT_EQ(Document.SZE_Macro_Depth, 200);
 }
 
 TEST_F(Soil_Forms, Macropores_Mark_The_Pesticide_Document_Changed_Too)
 {
-    Take_Over_Macropores(Shared, Default_Macropores());
+    Take_Over_Macropores(The_Session, Default_Macropores());
 
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
-    EXPECT_TRUE(Shared.Program.SZE_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.SZE_Changed);
     EXPECT_EQ(Default_Macropores(), (Macropore_Texts{"100.0", "0.0", "0.0"}));
     EXPECT_EQ(Show_Macropores(Document), (Macropore_Texts{"100", "0", "0"}));
 }
@@ -68,13 +68,13 @@ TEST_F(Soil_Forms, An_Erosion_Factor_Of_0_Shows_An_Empty_Box_And_Comes_Back_As_0
     const auto texts = Show_Erosion(Document);
     EXPECT_EQ(texts, (Erosion_Texts{"1", "", "1", "1", "6.5"}));
 
-    Take_Over_Erosion(Shared, {"0.35", texts[1], "1.", "3", "7"});
+    Take_Over_Erosion(The_Session, {"0.35", texts[1], "1.", "3", "7"});
     EXPECT_EQ(Document.SZE_Eros_K, Variant(0.35)); // a number, no text
     EXPECT_EQ(Document.SZE_Eros_2, Variant(0));
     EXPECT_EQ(Document.SZE_Eros_3, Variant(1));
     EXPECT_EQ(Document.SZE_Eros_4, Variant(3));
     EXPECT_EQ(Document.SZE_Eros_5, 7);
-    EXPECT_TRUE(Shared.Program.SZE_Changed);
+    EXPECT_TRUE(The_Session.Program.SZE_Changed);
 }
 
 TEST_F(Soil_Forms, The_Horizon_Grid_Has_Its_Columns_By_The_Documents_Options)
@@ -103,7 +103,7 @@ TEST_F(Soil_Forms, Cells_Go_Into_Their_Fields_And_Come_Back)
 
     grid.Cells[1] = {"60", "1.4", "5", "0.2", "0.3", "0.1", "0.7", "6.5", "0.5", "0.01"};
     grid.Cells[0][0] = "40";
-    EXPECT_EQ(Take_Over_Horizons(Shared, grid), std::nullopt);
+    EXPECT_EQ(Take_Over_Horizons(The_Session, grid), std::nullopt);
 
     const auto& horizon = Document.Horizons[1];
     EXPECT_EQ(horizon.SZE_Hor_Thickness, Variant("60"));
@@ -117,7 +117,7 @@ TEST_F(Soil_Forms, Cells_Go_Into_Their_Fields_And_Come_Back)
     EXPECT_EQ(horizon.SZE_Hor_Biodeg, 0.5);
     EXPECT_EQ(horizon.SZE_Hor_Drainage, Variant("0.01"));
     EXPECT_EQ(Show_Horizons(Document), grid);
-    EXPECT_TRUE(Shared.Program.SZE_Changed);
+    EXPECT_TRUE(The_Session.Program.SZE_Changed);
 }
 
 TEST_F(Soil_Forms, With_A_Pedotransfer_Function_The_Same_Columns_Are_Sand_And_Clay)
@@ -128,7 +128,7 @@ TEST_F(Soil_Forms, With_A_Pedotransfer_Function_The_Same_Columns_Are_Sand_And_Cl
 
     grid.Cells[0][4] = "70";
     grid.Cells[0][5] = "12";
-    Take_Over_Horizons(Shared, grid);
+    Take_Over_Horizons(The_Session, grid);
 
     EXPECT_EQ(Document.Horizons[0].SZE_Hor_Sand, Variant("70"));
     EXPECT_EQ(Document.Horizons[0].SZE_Hor_Clay, 12);
@@ -139,7 +139,7 @@ TEST_F(Soil_Forms, A_Cell_That_Was_Not_Touched_Keeps_The_Documents_Number)
 {
     Document.Horizons[0].SZE_Hor_Bulk_Density = 1.5;
 
-    Take_Over_Horizons(Shared, Show_Horizons(Document));
+    Take_Over_Horizons(The_Session, Show_Horizons(Document));
 
     EXPECT_EQ(Document.Horizons[0].SZE_Hor_Bulk_Density, Variant(1.5));
 }
@@ -178,7 +178,7 @@ TEST_F(Soil_Forms, A_Sum_Other_Than_The_Core_Depth_Is_Given_Back_To_Be_Shown_And
     auto grid = Show_Horizons(Document);
     grid.Cells[0][0] = "90";
 
-    EXPECT_EQ(Take_Over_Horizons(Shared, grid), 90);
+    EXPECT_EQ(Take_Over_Horizons(The_Session, grid), 90);
     EXPECT_EQ(Document.SZE_Core_Depth, 100);
 }
 
@@ -187,7 +187,7 @@ TEST_F(Soil_Forms, A_Smaller_Grid_Drops_The_Horizons_Behind_It)
     Document.Horizons.resize(5);
     Document.SZE_Horizons = 2;
 
-    Take_Over_Horizons(Shared, Show_Horizons(Document));
+    Take_Over_Horizons(The_Session, Show_Horizons(Document));
 
     EXPECT_EQ(Document.Horizons.size(), 2U);
     EXPECT_EQ(Document.SZE_Horizons.Number(), 2);

@@ -60,20 +60,20 @@ TEST_F(Active_Substance, Refuses_A_Molar_Mass_Of_Zero_Yet_Counts_As_Changed)
     entry.Substance.Text_mol = "0";
     entry.Text_comment = "Not stored";
 
-    EXPECT_EQ(Accept_Active(Shared, entry, Lists), (Refusal{{"Data check", "Molmass must be greater than 0"}, "Text_mol"}));
+    EXPECT_EQ(Accept_Active(The_Session, entry, Lists), (Refusal{{"Data check", "Molmass must be greater than 0"}, "Text_mol"}));
 
     EXPECT_EQ(Document.PSM_Title, "Insert Title");
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Active_Substance, Refuses_A_Negative_Number_Of_Horizons_But_Not_Zero)
 {
     auto entry = Load_Active(Document);
     entry.Substance.Text_nhor = "-1";
-    EXPECT_EQ(Accept_Active(Shared, entry, Lists), (Refusal{{"Data check", "Number of horizons must be greater than 0"}, "Text_nhor"}));
+    EXPECT_EQ(Accept_Active(The_Session, entry, Lists), (Refusal{{"Data check", "Number of horizons must be greater than 0"}, "Text_nhor"}));
 
     entry.Substance.Text_nhor = "0";
-    EXPECT_EQ(Accept_Active(Shared, entry, Lists), std::nullopt);
+    EXPECT_EQ(Accept_Active(The_Session, entry, Lists), std::nullopt);
 }
 
 TEST_F(Active_Substance, Done_Fills_The_Second_Point_And_Stores_All)
@@ -87,7 +87,7 @@ TEST_F(Active_Substance, Done_Fills_The_Second_Point_And_Stores_All)
     entry.Text_vol3 = "0.06";
     entry.Text_vol4 = "0.2";
 
-    EXPECT_EQ(Accept_Active(Shared, entry, Lists), std::nullopt);
+    EXPECT_EQ(Accept_Active(The_Session, entry, Lists), std::nullopt);
 
     EXPECT_EQ(Document.Substance_Name[1], "Herbicide");
     EXPECT_EQ(Document.PSM_Title, "Study");
@@ -106,7 +106,7 @@ TEST_F(Active_Substance, An_Error_In_The_Sequence_Keeps_The_Form_Open_And_The_Co
     Document.Applications[1][5].App_Year = 3;
     auto entry = Load_Active(Document);
 
-    EXPECT_EQ(Accept_Active(Shared, entry, Lists), (Refusal{{"Data check", "Error in application sequence (1.1.04, location: Hamburg (H))"}, "App_Tag"}));
+    EXPECT_EQ(Accept_Active(The_Session, entry, Lists), (Refusal{{"Data check", "Error in application sequence (1.1.04, location: Hamburg (H))"}, "App_Tag"}));
 
     EXPECT_EQ(Document.App_Loc_Count, 9);
 }

@@ -9,13 +9,13 @@ using Application_Edit = Application_Session;
 TEST_F(Application_Edit, Goes_To_The_Same_Position_Of_All_Years)
 {
     Regular(1, 1, {{1, 5, 1, 0.5, 2, 30}, {15, 5, 1, 0.25, 3, 40}});
-    Shared.Run.App_Current = 2;
+    The_Session.Run.App_Current = 2;
 
-    Edit_Day(Shared, 19);
-    Edit_Month(Shared, 5);
-    Edit_Rate(Shared, "0.75");
-    Edit_Depth(Shared, "4");
-    Edit_Interception(Shared, "55");
+    Edit_Day(The_Session, 19);
+    Edit_Month(The_Session, 5);
+    Edit_Rate(The_Session, "0.75");
+    Edit_Depth(The_Session, "4");
+    Edit_Interception(The_Session, "55");
 
     EXPECT_EQ(At(1), (Application{1, 5, 1, 0.5, 2, 30}));
     EXPECT_EQ(At(2), (Application{20, 6, 1, 0.75, 4, 55}));
@@ -28,9 +28,9 @@ TEST_F(Application_Edit, Reads_A_Number_Up_To_Its_First_Bad_Character)
 {
     Regular(1, 1, {{1, 5, 1, 0.5, 2, 30}});
 
-    Edit_Rate(Shared, "1,5");
+    Edit_Rate(The_Session, "1,5");
     EXPECT_EQ(At(26).App_Rate, 1);
-    Edit_Rate(Shared, "abc");
+    Edit_Rate(The_Session, "abc");
     EXPECT_EQ(At(26).App_Rate, 0);
 }
 
@@ -38,10 +38,10 @@ TEST_F(Application_Edit, Of_An_Irregular_List_Changes_The_Application_Shown_Alon
 {
     Document.App_Count[1] = 100;
     Document.Applications[1][40].App_Rate = 7;
-    Shared.Run.App_Cycles = 26;
-    Find_Pattern(Shared);
+    The_Session.Run.App_Cycles = 26;
+    Find_Pattern(The_Session);
 
-    Edit_Rate(Shared, "0.75");
+    Edit_Rate(The_Session, "0.75");
 
     EXPECT_EQ(At(1).App_Rate, 0.75);
     for (int a = 2; a <= 100; ++a)
@@ -51,11 +51,11 @@ TEST_F(Application_Edit, Of_An_Irregular_List_Changes_The_Application_Shown_Alon
 TEST_F(Application_Edit, Of_Relative_Dates_Goes_To_All_Years_Of_The_Shared_List)
 {
     Relative(2, {-10, 5});
-    Shared.Run.App_Current = 2;
+    The_Session.Run.App_Current = 2;
 
-    Edit_Relative_Rate(Shared, "0.75");
-    Edit_Relative_Depth(Shared, "4");
-    Edit_Relative_Interception(Shared, "55");
+    Edit_Relative_Rate(The_Session, "0.75");
+    Edit_Relative_Depth(The_Session, "4");
+    Edit_Relative_Interception(The_Session, "55");
 
     EXPECT_EQ(Document.Relative[46], (Relative_Application{5, 0, 45, 0.75, 4, 55}));
     EXPECT_EQ(Document.Relative[45], (Relative_Application{-10, 0, 45, 1, 0, 0}));
@@ -66,14 +66,14 @@ TEST_F(Application_Edit, A_Reference_Point_Takes_The_Applications_A_Year_From_Lo
     Relative(1, {-10});
     Document.App_Count[1] = 52;
 
-    Edit_Reference_Point(Shared, 4);
+    Edit_Reference_Point(The_Session, 4);
 
     EXPECT_EQ(Document.Relative[1].Abs9_Month, 4);
     EXPECT_EQ(Document.Relative[2].Abs9_Month, 0);
     EXPECT_EQ(Document.Relative[51].Abs9_Month, 4);
 
     Document.App_Count[1] = 26;
-    Edit_Reference_Point(Shared, 2);
+    Edit_Reference_Point(The_Session, 2);
     EXPECT_EQ(Document.Relative[2].Abs9_Month, 2);
     EXPECT_EQ(Document.Relative[26].Abs9_Month, 2);
 }
@@ -82,24 +82,24 @@ TEST_F(Application_Edit, The_First_Relative_Application_Offers_The_Days_Minus_36
 {
     Relative(1, {-10, 5});
 
-    EXPECT_EQ(Relative_Days(Shared), (Day_List{-365, 365, 355}));
+    EXPECT_EQ(Relative_Days(The_Session), (Day_List{-365, 365, 355}));
 }
 
 TEST_F(Application_Edit, A_Later_Relative_Application_Offers_Days_Behind_The_One_Before_It_Only)
 {
     Relative(1, {-10, 5});
-    Shared.Run.App_Current = 2;
-    EXPECT_EQ(Relative_Days(Shared), (Day_List{-9, 365, 14}));
+    The_Session.Run.App_Current = 2;
+    EXPECT_EQ(Relative_Days(The_Session), (Day_List{-9, 365, 14}));
 
     Document.Relative[2].Abs9_Day = -20;
-    EXPECT_EQ(Relative_Days(Shared), (Day_List{-9, 365, -1}));
+    EXPECT_EQ(Relative_Days(The_Session), (Day_List{-9, 365, -1}));
 }
 
 TEST_F(Application_Edit, A_Day_Pushes_The_Applications_Behind_It_In_Every_Year)
 {
     Relative(1, {-10, 5, 6, 300});
 
-    Edit_Relative_Day(Shared, 365 + 5); // day 5
+    Edit_Relative_Day(The_Session, 365 + 5); // day 5
 
     for (const int year : {0, 25}) {
         EXPECT_EQ(Document.Relative[4 * year + 1].Abs9_Day, 5);
@@ -112,9 +112,9 @@ TEST_F(Application_Edit, A_Day_Pushes_The_Applications_Behind_It_In_Every_Year)
 TEST_F(Application_Edit, A_Day_Of_A_Later_Application_Counts_From_Its_Own_List)
 {
     Relative(1, {-10, 5});
-    Shared.Run.App_Current = 2;
+    The_Session.Run.App_Current = 2;
 
-    Edit_Relative_Day(Shared, 0);
+    Edit_Relative_Day(The_Session, 0);
 
     EXPECT_EQ(Document.Relative[2].Abs9_Day, -9);
     EXPECT_EQ(Document.Relative[1].Abs9_Day, -10);
@@ -122,19 +122,19 @@ TEST_F(Application_Edit, A_Day_Of_A_Later_Application_Counts_From_Its_Own_List)
 
 TEST_F(Application_Edit, The_Number_Of_Applications_Is_Taken_If_Above_Zero)
 {
-    EXPECT_EQ(Leave_Number_Of_Applications(Shared, "30"), std::nullopt);
+    EXPECT_EQ(Leave_Number_Of_Applications(The_Session, "30"), std::nullopt);
     EXPECT_EQ(Document.App_Count[1], Variant(30));
 
-    EXPECT_EQ(Leave_Number_Of_Applications(Shared, "0"), std::nullopt);
-    EXPECT_EQ(Leave_Number_Of_Applications(Shared, "-5"), std::nullopt);
-    EXPECT_EQ(Leave_Number_Of_Applications(Shared, "abc"), std::nullopt);
+    EXPECT_EQ(Leave_Number_Of_Applications(The_Session, "0"), std::nullopt);
+    EXPECT_EQ(Leave_Number_Of_Applications(The_Session, "-5"), std::nullopt);
+    EXPECT_EQ(Leave_Number_Of_Applications(The_Session, "abc"), std::nullopt);
     EXPECT_EQ(Document.App_Count[1], Variant(30));
 }
 
 TEST_F(Application_Edit, A_Number_Of_Applications_Beyond_The_Slots_Is_Refused)
 {
-    EXPECT_EQ(Leave_Number_Of_Applications(Shared, "521"), std::nullopt);
-    EXPECT_EQ(Leave_Number_Of_Applications(Shared, "522"), (Refusal{{"Data check", "More than 521 applications are not possible"}, "Text_naps"}));
+    EXPECT_EQ(Leave_Number_Of_Applications(The_Session, "521"), std::nullopt);
+    EXPECT_EQ(Leave_Number_Of_Applications(The_Session, "522"), (Refusal{{"Data check", "More than 521 applications are not possible"}, "Text_naps"}));
     EXPECT_EQ(Document.App_Count[1], Variant(521));
 }
 

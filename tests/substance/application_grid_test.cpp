@@ -35,15 +35,15 @@ TEST_F(Single_Applications, Are_Loaded_As_Far_As_They_Are_Stored)
     Document.App_Count[1] = 2;
     Document.Applications[1][2] = {3, 4, 5, 0.25, 6, 70, 0.5, 9};
 
-    const auto grid = Load_Application_Grid(Shared, "3", Soil);
+    const auto grid = Load_Application_Grid(The_Session, "3", Soil);
     ASSERT_EQ(grid.size(), 3U);
     EXPECT_EQ(grid[1], (Application_Row{"Application 2", "3", "4", "5", "9", "0.25", "6", "0.5"}));
     EXPECT_EQ(grid[2], (Application_Row{"Application 3", "", "", "", "", "", "", ""}));
 
-    EXPECT_EQ(Load_Application_Grid(Shared, "1", Soil).size(), 1U);
-    EXPECT_EQ(Load_Application_Grid(Shared, "2", Application_Method::Manually)[1][6], "70");
-    EXPECT_EQ(Load_Application_Grid(Shared, "1E9", Soil).size(), 521U);
-    EXPECT_TRUE(Load_Application_Grid(Shared, "abc", Soil).empty());
+    EXPECT_EQ(Load_Application_Grid(The_Session, "1", Soil).size(), 1U);
+    EXPECT_EQ(Load_Application_Grid(The_Session, "2", Application_Method::Manually)[1][6], "70");
+    EXPECT_EQ(Load_Application_Grid(The_Session, "1E9", Soil).size(), 521U);
+    EXPECT_TRUE(Load_Application_Grid(The_Session, "abc", Soil).empty());
 }
 
 TEST_F(Single_Applications, Take_No_Key_That_Makes_A_Day_Month_Or_Year_Too_Large)
@@ -115,7 +115,7 @@ TEST_F(Single_Applications, Lie_Behind_One_Another)
 
 TEST_F(Single_Applications, On_The_Same_Day_Fail_The_Date_Check)
 {
-    const auto refusal = Accept_Application_Grid(Shared, {Row("1", "5", "1"), Row("1", "5", "1")}, Soil);
+    const auto refusal = Accept_Application_Grid(The_Session, {Row("1", "5", "1"), Row("1", "5", "1")}, Soil);
 
     ASSERT_TRUE(refusal.has_value());
     EXPECT_EQ(refusal->Text.Title, "Application Date Check");
@@ -128,12 +128,12 @@ TEST_F(Single_Applications, Of_26_Equal_Years_Become_Every_Year_Unless_A_Fractio
     for (int year = 1; year <= 26; ++year)
         grid.push_back(Row("1", "5", std::to_string(year).c_str()));
 
-    EXPECT_EQ(Accept_Application_Grid(Shared, grid, Soil), std::nullopt);
-    EXPECT_EQ(Shared.Run.App_Pattern, 1);
+    EXPECT_EQ(Accept_Application_Grid(The_Session, grid, Soil), std::nullopt);
+    EXPECT_EQ(The_Session.Run.App_Pattern, 1);
 
     grid[7][7] = "0.1";
-    EXPECT_EQ(Accept_Application_Grid(Shared, grid, Soil), std::nullopt);
-    EXPECT_EQ(Shared.Run.App_Pattern, 0);
+    EXPECT_EQ(Accept_Application_Grid(The_Session, grid, Soil), std::nullopt);
+    EXPECT_EQ(The_Session.Run.App_Pattern, 0);
 }
 
 TEST_F(Single_Applications, Are_Stored_Row_By_Row)
@@ -141,10 +141,10 @@ TEST_F(Single_Applications, Are_Stored_Row_By_Row)
     Document.Applications[1][1].App_Depth = 8;
     const Application_Grid grid = {{"", "3", "4", "5", "9", "0.25", "60", "0.5"}, {"", "4", "4", "5", "10", "0.75", "70", ""}};
 
-    EXPECT_EQ(Accept_Application_Grid(Shared, grid, Application_Method::Manually), std::nullopt);
+    EXPECT_EQ(Accept_Application_Grid(The_Session, grid, Application_Method::Manually), std::nullopt);
 
     EXPECT_EQ(Document.App_Count[1], Variant(2));
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
     EXPECT_EQ(At(1), (Application{3, 4, 5, 0.25, 8, 60, 0.5, 9}));
     EXPECT_EQ(At(2).App_Frpex, 70);
     EXPECT_EQ(At(2).App_Time, 0);

@@ -27,46 +27,46 @@ protected:
 
 TEST_F(Application_Sequence, Of_A_New_Document_Is_Right)
 {
-    EXPECT_EQ(Check_Sequence(Shared, Lists), std::nullopt);
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), std::nullopt);
 }
 
 TEST_F(Application_Sequence, An_Application_On_The_Same_Or_An_Earlier_Day_Is_Told_With_The_Date_Before_It)
 {
     List_At(2, {{1, 5, 1}, {15, 5, 1}, {15, 5, 1}});
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (15.5.01, location: Sevilla (S))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (15.5.01, location: Sevilla (S))", "App_Tag"));
 
     List_At(2, {{1, 5, 2}, {30, 4, 2}});
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (1.5.02, location: Sevilla (S))", "App_Tag"));
-    EXPECT_EQ(Shared.Run.App_Current_Location, 2);
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.5.02, location: Sevilla (S))", "App_Tag"));
+    EXPECT_EQ(The_Session.Run.App_Current_Location, 2);
 }
 
 TEST_F(Application_Sequence, The_Application_In_Error_Is_The_One_Shown)
 {
     Regular(1, 1, {{1, 5, 1, 0.5}, {1, 6, 1, 0.5}, {20, 5, 1, 0.5}});
 
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (1.6.01, location: Hamburg (H))", "App_Tag"));
-    EXPECT_EQ(Shared.Run.App_Current_Location, 1);
-    EXPECT_EQ(Shared.Run.App_Current, 3);
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.6.01, location: Hamburg (H))", "App_Tag"));
+    EXPECT_EQ(The_Session.Run.App_Current_Location, 1);
+    EXPECT_EQ(The_Session.Run.App_Current, 3);
 }
 
 TEST_F(Application_Sequence, A_Month_13_Counts_As_Its_Day_And_So_Is_Out_Of_Sequence)
 {
     Regular(1, 1, {{31, 12, 1, 0.5}});
-    Add_In_Year(Shared);
+    Add_In_Year(The_Session);
 
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (31.12.01, location: Hamburg (H))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (31.12.01, location: Hamburg (H))", "App_Tag"));
 }
 
 TEST_F(Application_Sequence, A_Year_Above_89_Is_Told_As_An_Error_Of_The_Sequence)
 {
     List_At(1, {{1, 12, 88}, {1, 12, 89}});
-    EXPECT_EQ(Check_Sequence(Shared, Lists), std::nullopt);
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), std::nullopt);
 
     List_At(1, {{1, 1, 89}, {1, 1, 90}});
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (1.1.89, location: Hamburg (H))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.1.89, location: Hamburg (H))", "App_Tag"));
 
     List_At(1, {{1, 1, 32766}, {1, 1, 32767}});
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (1.1.32766, location: Hamburg (H))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.1.32766, location: Hamburg (H))", "App_Tag"));
 }
 
 TEST_F(Application_Sequence, Neither_The_User_Specific_Location_Nor_An_Unlisted_Block_Is_Checked)
@@ -74,7 +74,7 @@ TEST_F(Application_Sequence, Neither_The_User_Specific_Location_Nor_An_Unlisted_
     List_At(0, {{1, 5, 2}, {1, 5, 1}});
     List_At(3, {{1, 5, 2}, {1, 5, 1}});
 
-    EXPECT_EQ(Check_Sequence(Shared, Lists), std::nullopt);
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), std::nullopt);
 }
 
 TEST_F(Application_Sequence, Of_Soil_Zones_Is_Checked_In_Their_List)
@@ -82,26 +82,26 @@ TEST_F(Application_Sequence, Of_Soil_Zones_Is_Checked_In_Their_List)
     Lists = {{" User specific"}, {" User specific", "Total content - North (T_N)"}, true};
     List_At(1, {{1, 5, 2}, {1, 5, 1}});
 
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (1.5.02, location: Total content - North (T_N))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.5.02, location: Total content - North (T_N))", "App_Tag"));
 }
 
 TEST_F(Application_Sequence, Of_Relative_Dates_Is_That_Of_The_Shared_List)
 {
     List_At(1, {{1, 5, 2}, {1, 5, 1}});
     Relative(1, {-10, 5});
-    EXPECT_EQ(Check_Sequence(Shared, Lists), std::nullopt);
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), std::nullopt);
 
     Relative(1, {-10, -10});
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (application no. 2)", "Tage"));
-    EXPECT_EQ(Shared.Run.App_Current, 2);
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (application no. 2)", "Tage"));
+    EXPECT_EQ(The_Session.Run.App_Current, 2);
 }
 
 TEST_F(Application_Sequence, Of_Relative_Dates_Goes_On_Over_The_End_Of_A_Year)
 {
     Relative(1, {-365, 365});
 
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (application no. 3)", "Tage"));
-    EXPECT_EQ(Shared.Run.App_Current, 1);
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (application no. 3)", "Tage"));
+    EXPECT_EQ(The_Session.Run.App_Current, 1);
 }
 
 TEST_F(Application_Sequence, Relative_Dates_Of_Different_Reference_Points_Are_Not_Compared)
@@ -110,7 +110,7 @@ TEST_F(Application_Sequence, Relative_Dates_Of_Different_Reference_Points_Are_No
     for (int a = 2; a <= 52; a += 2)
         Document.Relative[a].Abs9_Month = 2;
 
-    EXPECT_EQ(Check_Sequence(Shared, Lists), std::nullopt);
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), std::nullopt);
 }
 
 TEST_F(Application_Sequence, A_Relative_Year_Above_89_Is_An_Error_Too)
@@ -118,7 +118,7 @@ TEST_F(Application_Sequence, A_Relative_Year_Above_89_Is_An_Error_Too)
     Relative(1, {0});
     Document.Relative[26].Abs9_Year = 90;
 
-    EXPECT_EQ(Check_Sequence(Shared, Lists), Wrong("Error in application sequence (application no. 26)", "Tage"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (application no. 26)", "Tage"));
 }
 
 } // namespace orvel

@@ -9,18 +9,18 @@ namespace {
 struct Location_Choice : testing::Test {
     Location_Choice()
     {
-        Reset_PSM(Shared.Pesticide);
+        Reset_PSM(The_Session.Pesticide);
         List = {" User specific", "Hamburg (H)", "Piacenza (P)", "Porto (O)"};
         for (std::size_t l = 1; l <= 3; ++l) {
             const auto number = static_cast<std::int16_t>(l);
-            Shared.Run.App_Per_Year[l] = number;
-            Shared.Pesticide.App_Count[l] = 26 * number;
-            Shared.Pesticide.Applications[l][1] = {number, number, number, 0.1 * number, 2.0 * number, 10.0 * number, 0.01 * number, number};
+            The_Session.Run.App_Per_Year[l] = number;
+            The_Session.Pesticide.App_Count[l] = 26 * number;
+            The_Session.Pesticide.Applications[l][1] = {number, number, number, 0.1 * number, 2.0 * number, 10.0 * number, 0.01 * number, number};
         }
     }
-    std::optional<std::size_t> Choose(const std::vector<std::string>& selected) { return Choose_Locations(Shared, List, Offered_Locations(), selected); }
+    std::optional<std::size_t> Choose(const std::vector<std::string>& selected) { return Choose_Locations(The_Session, List, Offered_Locations(), selected); }
 
-    Session Shared;
+    Session The_Session;
     std::vector<std::string> List;
 };
 
@@ -48,11 +48,11 @@ TEST_F(Location_Choice, Deleting_The_Second_Of_Three_Locations_Moves_The_Third_T
     EXPECT_EQ(Choose({"Hamburg (H)", "Porto (O)"}), 2U);
 
     EXPECT_EQ(List, (std::vector<std::string>{" User specific", "Hamburg (H)", "Porto (O)"}));
-    EXPECT_EQ(Shared.Run.App_Per_Year[2], 3);
-    EXPECT_EQ(Shared.Pesticide.App_Count[2], Variant(78));
-    EXPECT_EQ(Shared.Pesticide.Applications[2][1], (Application{3, 3, 3, 0.1 * 3, 6, 30, 0.01 * 3, 3}));
-    EXPECT_EQ(Shared.Pesticide.Applications[1][1].App_Day, 1);
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Run.App_Per_Year[2], 3);
+    EXPECT_EQ(The_Session.Pesticide.App_Count[2], Variant(78));
+    EXPECT_EQ(The_Session.Pesticide.Applications[2][1], (Application{3, 3, 3, 0.1 * 3, 6, 30, 0.01 * 3, 3}));
+    EXPECT_EQ(The_Session.Pesticide.Applications[1][1].App_Day, 1);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Location_Choice, A_Later_Location_Does_Not_Meet_The_Applications_Of_A_Removed_One)
@@ -61,20 +61,20 @@ TEST_F(Location_Choice, A_Later_Location_Does_Not_Meet_The_Applications_Of_A_Rem
     EXPECT_EQ(Choose({"Hamburg (H)", "Piacenza (P)", "Thiva (T)"}), 3U);
 
     EXPECT_EQ(List.back(), "Thiva (T)");
-    EXPECT_EQ(Shared.Run.App_Per_Year[3], 1);
-    EXPECT_EQ(Shared.Pesticide.App_Count[3], Variant(26));
-    EXPECT_EQ(Shared.Pesticide.Applications[3][1].App_Rate, 0);
+    EXPECT_EQ(The_Session.Run.App_Per_Year[3], 1);
+    EXPECT_EQ(The_Session.Pesticide.App_Count[3], Variant(26));
+    EXPECT_EQ(The_Session.Pesticide.Applications[3][1].App_Rate, 0);
 }
 
 TEST_F(Location_Choice, New_Locations_Are_Appended_With_One_Application_A_Year_And_The_Last_Is_Selected)
 {
-    Shared.Run.App_Per_Year[4] = 7;
+    The_Session.Run.App_Per_Year[4] = 7;
 
     EXPECT_EQ(Choose({"Ch\xE2teaudun (C)", "Hamburg (H)", "Piacenza (P)", "Porto (O)", "Sevilla (S)"}), 5U);
 
     EXPECT_EQ(List[4], "Ch\xE2teaudun (C)");
     EXPECT_EQ(List[5], "Sevilla (S)");
-    EXPECT_EQ(Shared.Run.App_Per_Year[4], 1);
+    EXPECT_EQ(The_Session.Run.App_Per_Year[4], 1);
 }
 
 TEST_F(Location_Choice, Add_All_And_Delete_All_Reach_Both_Ends)
@@ -88,12 +88,12 @@ TEST_F(Location_Choice, Add_All_And_Delete_All_Reach_Both_Ends)
 
 TEST_F(Location_Choice, An_Unchanged_Choice_Changes_Nothing)
 {
-    const auto before = Shared.Pesticide;
+    const auto before = The_Session.Pesticide;
 
     EXPECT_EQ(Choose({"Hamburg (H)", "Piacenza (P)", "Porto (O)"}), std::nullopt);
 
-    EXPECT_EQ(Shared.Pesticide, before);
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Pesticide, before);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Location_Choice, A_Location_That_Is_Not_Offered_Stays)

@@ -20,7 +20,7 @@ protected:
             Document.App_Location[l] = name;
             Document.Applications[l][1].App_Rate = l;
             Document.App_Count[l] = 26 + l;
-            Shared.Run.App_Per_Year[l] = static_cast<std::int16_t>(l);
+            The_Session.Run.App_Per_Year[l] = static_cast<std::int16_t>(l);
             ++l;
         }
     }
@@ -32,26 +32,26 @@ protected:
 
 TEST_F(Location_Lists_Of_A_Document, Begin_With_User_Specific_And_Show_The_Leaching_Locations_Of_A_New_One)
 {
-    EXPECT_EQ(Load_Location_Lists(Shared), (Location_Lists{{" User specific"}, {" User specific"}, false}));
+    EXPECT_EQ(Load_Location_Lists(The_Session), (Location_Lists{{" User specific"}, {" User specific"}, false}));
 }
 
 TEST_F(Location_Lists_Of_A_Document, Tell_Soil_Zones_By_Their_Underscore)
 {
     Named({North, Central});
 
-    EXPECT_EQ(Load_Location_Lists(Shared), (Location_Lists{{" User specific"}, {" User specific", North, Central}, true}));
+    EXPECT_EQ(Load_Location_Lists(The_Session), (Location_Lists{{" User specific"}, {" User specific", North, Central}, true}));
 }
 
 TEST_F(Location_Lists_Of_A_Document, That_Mixes_Both_Show_The_Kind_Of_The_Last_Name_And_Keep_Every_Block_With_Its_Entry)
 {
     Named({"Hamburg (H)", North, "Sevilla (S)"});
 
-    const auto lists = Load_Location_Lists(Shared);
+    const auto lists = Load_Location_Lists(The_Session);
 
     EXPECT_EQ(lists, (Location_Lists{{" User specific", "Hamburg (H)", "Sevilla (S)"}, {" User specific", North}, false}));
     EXPECT_EQ(Rate(2), 3);
     EXPECT_EQ(Document.App_Count[2], Variant(29));
-    EXPECT_EQ(Shared.Run.App_Per_Year[2], 3);
+    EXPECT_EQ(The_Session.Run.App_Per_Year[2], 3);
     EXPECT_EQ(Document.App_Location[2], "Sevilla (S)");
     EXPECT_EQ(Rate(3), 2); // the soil zone's block stands behind
     EXPECT_EQ(Document.App_Location[3], North);
@@ -61,18 +61,18 @@ TEST_F(Location_Lists_Of_A_Document, Leave_No_Gap_Where_A_Name_Is_Missing)
 {
     Named({"Hamburg (H)", "", "Sevilla (S)"});
 
-    EXPECT_EQ(Load_Location_Lists(Shared).Standort, (std::vector<std::string>{" User specific", "Hamburg (H)", "Sevilla (S)"}));
+    EXPECT_EQ(Load_Location_Lists(The_Session).Standort, (std::vector<std::string>{" User specific", "Hamburg (H)", "Sevilla (S)"}));
     EXPECT_EQ(Rate(2), 3);
 }
 
 TEST_F(Location_Lists_Of_A_Document, Select_The_Location_Under_Edit_If_They_Are_Long_Enough)
 {
     Named({"Hamburg (H)"});
-    const auto lists = Load_Location_Lists(Shared);
+    const auto lists = Load_Location_Lists(The_Session);
 
-    EXPECT_EQ(Selected_Location(Shared, lists), 1);
-    Shared.Run.App_Current_Location = 2;
-    EXPECT_EQ(Selected_Location(Shared, lists), std::nullopt);
+    EXPECT_EQ(Selected_Location(The_Session, lists), 1);
+    The_Session.Run.App_Current_Location = 2;
+    EXPECT_EQ(Selected_Location(The_Session, lists), std::nullopt);
 }
 
 TEST_F(Location_Lists_Of_A_Document, Give_It_The_Names_Of_The_Visible_One)
@@ -88,9 +88,9 @@ TEST_F(Location_Lists_Of_A_Document, Give_It_The_Names_Of_The_Visible_One)
 TEST_F(Location_Lists_Of_A_Document, Lose_A_Location_With_Its_Block_And_Move_The_Later_Ones_Down)
 {
     Named({"Hamburg (H)", "Porto (O)", "Sevilla (S)"});
-    auto lists = Load_Location_Lists(Shared);
+    auto lists = Load_Location_Lists(The_Session);
 
-    EXPECT_EQ(Take_Chosen_Locations(Shared, lists, false, Offered_Locations(), {"Hamburg (H)", "Sevilla (S)"}), 2);
+    EXPECT_EQ(Take_Chosen_Locations(The_Session, lists, false, Offered_Locations(), {"Hamburg (H)", "Sevilla (S)"}), 2);
 
     EXPECT_EQ(lists.Standort, (std::vector<std::string>{" User specific", "Hamburg (H)", "Sevilla (S)"}));
     EXPECT_EQ(Rate(2), 3);
@@ -100,33 +100,33 @@ TEST_F(Location_Lists_Of_A_Document, Lose_A_Location_With_Its_Block_And_Move_The
 TEST_F(Location_Lists_Of_A_Document, Show_The_Kind_That_Grew)
 {
     Named({"Hamburg (H)"});
-    auto lists = Load_Location_Lists(Shared);
+    auto lists = Load_Location_Lists(The_Session);
 
-    EXPECT_EQ(Take_Chosen_Locations(Shared, lists, true, Offered_Soil_Locations("Tobacco"), {North}), 1);
+    EXPECT_EQ(Take_Chosen_Locations(The_Session, lists, true, Offered_Soil_Locations("Tobacco"), {North}), 1);
 
     EXPECT_TRUE(lists.EFSA_Visible);
     EXPECT_EQ(lists.Standort_EFSA, (std::vector<std::string>{" User specific", North}));
-    EXPECT_EQ(Shared.Run.App_Per_Year[1], 1);
+    EXPECT_EQ(The_Session.Run.App_Per_Year[1], 1);
 }
 
 TEST_F(Location_Lists_Of_A_Document, Stay_As_They_Are_When_Nothing_Is_Chosen_Anew)
 {
     Named({"Hamburg (H)", "Sevilla (S)"});
-    auto lists = Load_Location_Lists(Shared);
+    auto lists = Load_Location_Lists(The_Session);
     const auto before = lists;
 
-    EXPECT_EQ(Take_Chosen_Locations(Shared, lists, true, Offered_Soil_Locations("Tobacco"), {}), 1);
+    EXPECT_EQ(Take_Chosen_Locations(The_Session, lists, true, Offered_Soil_Locations("Tobacco"), {}), 1);
     EXPECT_EQ(lists, before);
-    EXPECT_EQ(Take_Chosen_Locations(Shared, lists, false, Offered_Locations(), {"Hamburg (H)", "Sevilla (S)"}), 1);
+    EXPECT_EQ(Take_Chosen_Locations(The_Session, lists, false, Offered_Locations(), {"Hamburg (H)", "Sevilla (S)"}), 1);
     EXPECT_EQ(lists, before);
 }
 
 TEST_F(Location_Lists_Of_A_Document, Lose_An_Entry_Of_The_Hidden_One_Without_Moving_A_Block)
 {
     Named({North, "Hamburg (H)", "Sevilla (S)"});
-    auto lists = Load_Location_Lists(Shared);
+    auto lists = Load_Location_Lists(The_Session);
 
-    EXPECT_EQ(Take_Chosen_Locations(Shared, lists, true, Offered_Soil_Locations("Tobacco"), {}), 1);
+    EXPECT_EQ(Take_Chosen_Locations(The_Session, lists, true, Offered_Soil_Locations("Tobacco"), {}), 1);
 
     EXPECT_EQ(lists.Standort_EFSA.size(), 1U);
     EXPECT_FALSE(lists.EFSA_Visible);

@@ -11,10 +11,10 @@ TEST_F(Pesticide_Editor, Starts_A_New_Document_With_One_Application_Every_Year)
 {
     Document.Degradation[1][1].Deg_Rate = 0.5;
 
-    New_PSM(Shared);
+    New_PSM(The_Session);
 
-    EXPECT_EQ(Shared.Program.PSM_File, "*.psm");
-    EXPECT_EQ(Shared.Run.App_Pattern, 1);
+    EXPECT_EQ(The_Session.Program.PSM_File, "*.psm");
+    EXPECT_EQ(The_Session.Run.App_Pattern, 1);
     EXPECT_FALSE(Document.Trans_Active[1]);
 }
 
@@ -28,7 +28,7 @@ TEST_F(Pesticide_Editor, A_New_Document_Keeps_Nothing_Of_The_One_Before)
     Document.Applications[1][30].App_Rate = 5;
     Document.Relative[3].Abs9_Rate = 5;
 
-    New_PSM(Shared);
+    New_PSM(The_Session);
 
     EXPECT_EQ(Document.F_neq[1], 0);
     EXPECT_EQ(Document.K_des[1], 0);
@@ -41,43 +41,43 @@ TEST_F(Pesticide_Editor, A_New_Document_Keeps_Nothing_Of_The_One_Before)
 
 TEST_F(Pesticide_Editor, Opens_Unchanged_And_Turns_A_Change_Of_Koc_Of_Zero_Into_1)
 {
-    Shared.Program.PSM_Changed = true;
+    The_Session.Program.PSM_Changed = true;
     Document.Koc_Change[1] = 0;
     Document.Koc_Change[9] = 2;
 
-    Open_Editor(Shared);
+    Open_Editor(The_Session);
 
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
     EXPECT_EQ(Document.Koc_Change[1], 1);
     EXPECT_EQ(Document.Koc_Change[9], 2);
 }
 
 TEST_F(Pesticide_Editor, Opens_The_Active_Substance_At_Location_1_Or_At_The_Shared_List)
 {
-    Open_Active_Substance(Shared);
-    EXPECT_EQ(Shared.Program.Substance_Index, 1);
-    EXPECT_EQ(Shared.Run.App_Current_Location, 1);
+    Open_Active_Substance(The_Session);
+    EXPECT_EQ(The_Session.Program.Substance_Index, 1);
+    EXPECT_EQ(The_Session.Run.App_Current_Location, 1);
 
     Document.App_Mode = App_Mode_Relative;
-    Open_Active_Substance(Shared);
-    EXPECT_EQ(Shared.Run.App_Current_Location, 0);
+    Open_Active_Substance(The_Session);
+    EXPECT_EQ(The_Session.Run.App_Current_Location, 0);
 }
 
 TEST_F(Pesticide_Editor, Opens_No_Form_For_An_Absent_Metabolite)
 {
     Document.Met_Present[4] = true;
 
-    EXPECT_TRUE(Open_Metabolite(Shared, 4));
-    EXPECT_EQ(Shared.Program.Substance_Index, 4);
-    EXPECT_FALSE(Open_Metabolite(Shared, 5));
+    EXPECT_TRUE(Open_Metabolite(The_Session, 4));
+    EXPECT_EQ(The_Session.Program.Substance_Index, 4);
+    EXPECT_FALSE(Open_Metabolite(The_Session, 5));
 }
 
 TEST_F(Pesticide_Editor, Opens_No_Form_For_The_Reserved_Arrows)
 {
-    EXPECT_TRUE(Open_Transformation(Shared, 29));
+    EXPECT_TRUE(Open_Transformation(The_Session, 29));
     for (const int t : {18, 20, 28})
-        EXPECT_FALSE(Open_Transformation(Shared, t)) << t;
-    EXPECT_EQ(Shared.Program.Transformation_Index, 29);
+        EXPECT_FALSE(Open_Transformation(The_Session, t)) << t;
+    EXPECT_EQ(The_Session.Program.Transformation_Index, 29);
 }
 
 TEST_F(Pesticide_Editor, Cuts_The_User_Specific_Location_At_The_First_Undefined_Date_On_Save_And_Exit)
@@ -86,31 +86,31 @@ TEST_F(Pesticide_Editor, Cuts_The_User_Specific_Location_At_The_First_Undefined_
     Document.Applications[0][4].App_Month = 0;
     Document.Applications[0][6].App_Day = 0;
 
-    Prepare_Save_And_Exit(Shared);
+    Prepare_Save_And_Exit(The_Session);
 
     EXPECT_EQ(Document.App_Count[0], Variant(3));
 }
 
 TEST_F(Pesticide_Editor, Leaves_Dated_Applications_And_Relative_Documents_As_They_Are)
 {
-    Prepare_Save_And_Exit(Shared);
+    Prepare_Save_And_Exit(The_Session);
     EXPECT_EQ(Document.App_Count[0], Variant(26));
 
     Document.App_Mode = App_Mode_Relative;
     Document.Applications[0][4].App_Year = 0;
-    Prepare_Save_And_Exit(Shared);
+    Prepare_Save_And_Exit(The_Session);
     EXPECT_EQ(Document.App_Count[0], Variant(26));
 }
 
 TEST_F(Pesticide_Editor, Asks_Before_Changes_Are_Given_Up)
 {
-    EXPECT_TRUE(May_Leave_Editor(Shared));
+    EXPECT_TRUE(May_Leave_Editor(The_Session));
     EXPECT_TRUE(The_User.Messages.empty());
 
-    Shared.Program.PSM_Changed = true;
+    The_Session.Program.PSM_Changed = true;
     The_User.Answers = {Button::No, Button::Yes};
-    EXPECT_FALSE(May_Leave_Editor(Shared));
-    EXPECT_TRUE(May_Leave_Editor(Shared));
+    EXPECT_FALSE(May_Leave_Editor(The_Session));
+    EXPECT_TRUE(May_Leave_Editor(The_Session));
     EXPECT_EQ(
         The_User.Messages[0],
         (Message{"Saving Input File", "Parameters were changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No}));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/session.h"
-#include "told.h"
+#include "recording_user.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -14,13 +14,13 @@ protected:
     Pesticide_Session()
     {
         Reset_PSM(Document);
-        Shared.Ask = [this](const Message& message) { return The_User(message); };
+        The_Session.Ask = [this](const Message& message) { return The_User(message); };
     }
 
     const std::unique_ptr<Session> Held = std::make_unique<Session>();
-    Session& Shared = *Held;
-    Pesticide_Document& Document = Shared.Pesticide;
-    Told The_User;
+    Session& The_Session = *Held;
+    Pesticide_Document& Document = The_Session.Pesticide;
+    Recording_User The_User;
 };
 
 } // namespace orvel

@@ -13,7 +13,7 @@ TEST_F(Plant_Surface, Opens_With_The_Defaults_Of_A_New_Document)
 
 TEST_F(Plant_Surface, Stores_All_And_Marks_The_Document)
 {
-    Accept_Plant(Shared, {"0.1", "0.2", "0.3", "0.4", "0.5", "600", "0.04", "abc"});
+    Accept_Plant(The_Session, {"0.1", "0.2", "0.3", "0.4", "0.5", "600", "0.04", "abc"});
 
     EXPECT_EQ(Document.Plant_Decay, Variant("0.1"));
     EXPECT_EQ(Document.Plant_Washoff, Variant("0.2"));
@@ -23,7 +23,7 @@ TEST_F(Plant_Surface, Stores_All_And_Marks_The_Document)
     EXPECT_EQ(Document.Plant_Ref_Rad, 600);
     EXPECT_EQ(Document.Plant_Laminar, 0.04);
     EXPECT_EQ(Document.Hv, 0);
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Plant_Surface, Shows_The_Filtration_For_Exponential_Interception_Only)

@@ -25,11 +25,11 @@ TEST_F(Substance_Form, Of_A_Metabolite_Passes_With_A_Molar_Mass_Of_Zero)
     entry.Text_mol = "0";
     entry.Name = "Sulfone";
 
-    Accept_Metabolite(Shared, 4, entry);
+    Accept_Metabolite(The_Session, 4, entry);
 
     EXPECT_EQ(Document.Molmass[4].Number(), 0);
     EXPECT_EQ(Document.Substance_Name[4], "Sulfone");
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Substance_Form, Stores_A_Number_As_Typed_And_Any_Other_Text_As_The_Number_That_Is_Read)

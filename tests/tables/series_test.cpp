@@ -13,14 +13,14 @@ namespace orvel {
 namespace {
 
 struct Series_Reader : testing::Test {
-    Series_Reader() { Shared.Program.App_Path = Directory.Path(); }
+    Series_Reader() { The_Session.Program.App_Path = Directory.Path(); }
     void Write(const std::filesystem::path& name, std::string_view bytes)
     {
         std::filesystem::create_directories((Directory / name).parent_path());
         std::ofstream(Directory / name, std::ios::binary) << bytes;
     }
     Temporary_Directory Directory;
-    Session Shared;
+    Session The_Session;
 };
 
 // Eleven lines of head, the last of them the initial state.
@@ -128,22 +128,22 @@ TEST_F(Series_Reader, The_Calendar_Is_That_Of_The_Mode_And_For_A_Single_Run_That
     for (const auto* name : {"datum.dat", "FOCUS/Datum.dat", "EFSA/datum.dat", "EFSA_T4/datum.dat"})
         Write(name, "");
 
-    EXPECT_EQ(Calendar_File(Shared, Directory / "focus/a.run/b.run/c.run", false), Directory / "FOCUS/Datum.dat");
-    EXPECT_EQ(Calendar_File(Shared, Directory / "efsa/a.run/b.run/c.run", false), Directory / "EFSA/datum.dat");
-    EXPECT_EQ(Calendar_File(Shared, Directory / "EFSA_T4/a.run/b.run/c.run", false), Directory / "EFSA_T4/datum.dat");
-    EXPECT_EQ(Calendar_File(Shared, Directory.Path(), true), Directory / "datum.dat");
+    EXPECT_EQ(Calendar_File(The_Session, Directory / "focus/a.run/b.run/c.run", false), Directory / "FOCUS/Datum.dat");
+    EXPECT_EQ(Calendar_File(The_Session, Directory / "efsa/a.run/b.run/c.run", false), Directory / "EFSA/datum.dat");
+    EXPECT_EQ(Calendar_File(The_Session, Directory / "EFSA_T4/a.run/b.run/c.run", false), Directory / "EFSA_T4/datum.dat");
+    EXPECT_EQ(Calendar_File(The_Session, Directory.Path(), true), Directory / "datum.dat");
 }
 
 TEST_F(Series_Reader, A_Missing_Calendar_Or_Series_Gives_An_Empty_Diagram)
 {
     const Daily_Request request{1, false, {1, 1}, {12, 1}};
-    EXPECT_TRUE(Read_Daily_Series(Shared, Directory.Path(), true, 1, request).Points.empty());
+    EXPECT_TRUE(Read_Daily_Series(The_Session, Directory.Path(), true, 1, request).Points.empty());
 
     Write("plot.orv", Head() + "     1 24       0.31\r\n");
-    EXPECT_TRUE(Read_Daily_Series(Shared, Directory.Path(), true, 1, request).Points.empty());
+    EXPECT_TRUE(Read_Daily_Series(The_Session, Directory.Path(), true, 1, request).Points.empty());
 
     Write("datum.dat", "1 1 1 1\r\n");
-    EXPECT_EQ(Read_Daily_Series(Shared, Directory.Path(), true, 1, request).Points, (std::vector<Chart_Point>{{1, 0.31}}));
+    EXPECT_EQ(Read_Daily_Series(The_Session, Directory.Path(), true, 1, request).Points, (std::vector<Chart_Point>{{1, 0.31}}));
 }
 
 } // namespace

@@ -28,9 +28,9 @@ QSize Chart_View::sizeHint() const
 
 void Chart_View::Show(Chart chart)
 {
-    Drawn = std::move(chart);
+    Source = std::move(chart);
     Picture = {};
-    setAccessibleName(Shown(Drawn.Title));
+    setAccessibleName(Shown(Source.Title));
     update();
 }
 
@@ -41,7 +41,7 @@ void Chart_View::paintEvent(QPaintEvent*)
         Picture.setDevicePixelRatio(devicePixelRatioF());
         QPainter painter(&Picture);
         painter.setFont(font());
-        Paint_Chart(painter, rect(), Drawn, palette());
+        Paint_Chart(painter, rect(), Source, palette());
     }
     QPainter painter(this);
     painter.drawPixmap(0, 0, Picture);
@@ -71,7 +71,7 @@ void Chart_View::changeEvent(QEvent* event)
 
 double Chart_View::X_Under(const QPointF& position) const
 {
-    return Chart_Plane(Drawn, rect(), font()).X_Of(position.x());
+    return Chart_Plane(Source, rect(), font()).X_Of(position.x());
 }
 
 void Chart_View::mousePressEvent(QMouseEvent* event)
@@ -111,7 +111,7 @@ void Chart_View::keyPressEvent(QKeyEvent* event)
 
 void Chart_View::Show_Value(const QPointF& position, const QPoint& global)
 {
-    const std::string text = Value_Text_At(Drawn, X_Under(position));
+    const std::string text = Value_Text_At(Source, X_Under(position));
     if (text.empty())
         QToolTip::hideText();
     else

@@ -15,7 +15,7 @@ public:
     explicit Chart_View(QWidget* parent = nullptr);
 
     void Show(Chart chart);
-    const Chart& Shown_Chart() const { return Drawn; }
+    const Chart& Shown_Chart() const { return Source; }
     void Allow_Zoom(bool allowed) { Zooms = allowed; }
 
     QSize sizeHint() const override;
@@ -38,7 +38,7 @@ private:
     double X_Under(const QPointF& position) const;
     void Show_Value(const QPointF& position, const QPoint& global);
 
-    Chart Drawn;
+    Chart Source;
     QPixmap Picture; // of the chart alone, so that the mouse moves quickly over it
     std::optional<QPointF> Pressed_At;
     QPointF Dragged_To;

@@ -25,7 +25,7 @@ public:
     Chart_Drawing(QPainter& painter, const QRectF& area, const Chart& chart, const QPalette& palette)
         : Painter(painter),
           Area(area),
-          Drawn(chart),
+          Source(chart),
           Palette(palette),
           Plain(painter.font()),
           Plane(chart, area, Plain, painter.device()),
@@ -37,7 +37,7 @@ public:
         Painter.fillRect(Area, Palette.base());
         Painter.setRenderHint(QPainter::Antialiasing);
         Draw_Title();
-        if (!(Drawn.Frame.Right > Drawn.Frame.Left)) // nothing to draw was found
+        if (!(Source.Frame.Right > Source.Frame.Left)) // nothing to draw was found
             return;
         Draw_Key();
         Painter.save();
@@ -56,11 +56,11 @@ private:
         QFont title = Sized(Plain, Plain.pointSizeF() * Title_Scale);
         title.setBold(true);
         QRectF row(Area.left(), Area.top() + Line * Margin / 2, Area.width(), Line * Title_Scale * 1.2);
-        Painter.setFont(Fitting(title, {Drawn.Title}));
-        Painter.drawText(row, Qt::AlignCenter, Chart_Text(Drawn.Title));
+        Painter.setFont(Fitting(title, {Source.Title}));
+        Painter.drawText(row, Qt::AlignCenter, Chart_Text(Source.Title));
         row = QRectF(Area.left(), row.bottom(), Area.width(), Line);
-        Painter.setFont(Fitting(Plain, Drawn.Legend));
-        for (const std::string& legend : Drawn.Legend) {
+        Painter.setFont(Fitting(Plain, Source.Legend));
+        for (const std::string& legend : Source.Legend) {
             Painter.drawText(row, Qt::AlignCenter, Chart_Text(legend));
             row.translate(0, Line);
         }
@@ -80,13 +80,13 @@ private:
 
     void Draw_Boxes()
     {
-        for (const Chart_Box& box : Drawn.Boxes)
+        for (const Chart_Box& box : Source.Boxes)
             Painter.fillRect(QRectF(Plane.At(box.Left, box.Y), Plane.At(box.Right, 0)).normalized(), Colour_Of(box.Drawn_In, Palette));
     }
 
     void Draw_Lines()
     {
-        for (const Chart_Line& line : Drawn.Lines) {
+        for (const Chart_Line& line : Source.Lines) {
             QPen pen(Colour_Of(line.Drawn_In, Palette), Line_Width * Line / 16);
             pen.setJoinStyle(Qt::RoundJoin);
             const QPolygonF polygon = Thinned(line.Points);
@@ -137,16 +137,16 @@ private:
 
     void Draw_X_Axis()
     {
-        const double size = Value_Size(Drawn.Y);
+        const double size = Value_Size(Source.Y);
         Painter.setPen(QPen(Palette.color(QPalette::Text), Line / 16));
-        Painter.drawLine(Plane.At(Drawn.X.Low, 0), Plane.At(Drawn.X.High, 0));
+        Painter.drawLine(Plane.At(Source.X.Low, 0), Plane.At(Source.X.High, 0));
         constexpr std::array<double, 3> lengths = {Big_X_Tick, Small_X_Tick, Tiny_X_Tick};
-        for (const Chart_Tick& tick : Drawn.X.Ticks)
+        for (const Chart_Tick& tick : Source.X.Ticks)
             Painter.drawLine(Plane.At(tick.At, 0), Plane.At(tick.At, -size * lengths[static_cast<std::size_t>(tick.Rank)]));
         const double labels_end = Draw_X_Labels(Plane.At(0, size * X_Label_Below).y());
-        const double below = std::max(labels_end, Plane.At(0, Drawn.Y.Ticks.empty() ? 0 : Drawn.Y.Ticks.front().At).y());
-        const double left = Plane.At(Drawn.X.Low, 0).x();
-        Painter.drawText(QRectF(left, below, Plane.At(Drawn.X.High, 0).x() - left, Line * 1.2), Qt::AlignCenter, Chart_Text(Drawn.X.Title));
+        const double below = std::max(labels_end, Plane.At(0, Source.Y.Ticks.empty() ? 0 : Source.Y.Ticks.front().At).y());
+        const double left = Plane.At(Source.X.Low, 0).x();
+        Painter.drawText(QRectF(left, below, Plane.At(Source.X.High, 0).x() - left, Line * 1.2), Qt::AlignCenter, Chart_Text(Source.X.Title));
     }
 
     // Gives where the labels end. What is drawn below zero shines through behind them.
@@ -156,12 +156,12 @@ private:
         const auto metrics = Metrics_Of(Painter.font(), Painter.device());
         QColor ground = Palette.color(QPalette::Base);
         ground.setAlphaF(Label_Ground);
-        const bool covers = Drawn.Y.Low < X_Label_Below * Value_Size(Drawn.Y);
+        const bool covers = Source.Y.Low < X_Label_Below * Value_Size(Source.Y);
         double widest = 0;
-        for (const Chart_Tick& tick : Drawn.X.Ticks)
+        for (const Chart_Tick& tick : Source.X.Ticks)
             widest = std::max(widest, metrics.horizontalAdvance(Chart_Text(tick.Label)));
-        for (const Chart_Tick* tick : Shown_Labels(Drawn.X, widest + metrics.averageCharWidth(), Plane.At(1, 0).x() - Plane.At(0, 0).x())) {
-            if (covers && tick->At == Drawn.X.Low) // the value axis runs there
+        for (const Chart_Tick* tick : Shown_Labels(Source.X, widest + metrics.averageCharWidth(), Plane.At(1, 0).x() - Plane.At(0, 0).x())) {
+            if (covers && tick->At == Source.X.Low) // the value axis runs there
                 continue;
             const QString label = Chart_Text(tick->Label);
             const double width = metrics.horizontalAdvance(label);
@@ -176,21 +176,21 @@ private:
 
     void Draw_Y_Axis()
     {
-        const double length = Drawn.X.High - Drawn.X.Low;
+        const double length = Source.X.High - Source.X.Low;
         constexpr std::array<double, 3> lengths = {Big_Y_Tick, Small_Y_Tick, Tiny_Y_Tick};
-        double last = Drawn.Y.High, first = Drawn.Y.Low;
-        for (const Chart_Tick& tick : Drawn.Y.Ticks) {
+        double last = Source.Y.High, first = Source.Y.Low;
+        for (const Chart_Tick& tick : Source.Y.Ticks) {
             last = std::max(last, tick.At);
             first = std::min(first, tick.At);
             Painter.drawLine(Plane.At(0, tick.At), Plane.At(-length * lengths[static_cast<std::size_t>(tick.Rank)], tick.At));
         }
         const double height = Metrics_Of(Sized(Plain, Label_Points), Painter.device()).height();
-        for (const Chart_Tick* tick : Shown_Labels(Drawn.Y, height, Plane.At(0, 0).y() - Plane.At(0, 1).y()))
+        for (const Chart_Tick* tick : Shown_Labels(Source.Y, height, Plane.At(0, 0).y() - Plane.At(0, 1).y()))
             Draw_Y_Label(*tick, length);
         Painter.drawLine(Plane.At(0, first), Plane.At(0, last));
         const QPointF top = Plane.At(0, last);
         Painter.drawText(QRectF(Area.left() + Line * Margin, top.y() - 1.6 * Line, Area.width(), Line * 1.2), Qt::AlignLeft | Qt::AlignVCenter,
-                         Chart_Text(Drawn.Y.Title));
+                         Chart_Text(Source.Y.Title));
     }
 
     // At its place left of the axis, or as much further to the left as it needs to end before the tick.
@@ -207,7 +207,7 @@ private:
 
     void Draw_Key()
     {
-        const auto keys = Placed_Keys(Drawn, Area.width(), Metrics_Of(Plain, Painter.device()));
+        const auto keys = Placed_Keys(Source, Area.width(), Metrics_Of(Plain, Painter.device()));
         for (const auto& [key, left, row] : keys) {
             const double top = Plane.Area().top() - (keys.back().Row - row) * Line;
             Painter.fillRect(QRectF(Area.left() + left, top, Line * Key_Square, Line * Key_Square), Colour_Of(key->Drawn_In, Palette));
@@ -217,7 +217,7 @@ private:
 
     QPainter& Painter;
     QRectF Area;
-    const Chart& Drawn;
+    const Chart& Source;
     QPalette Palette;
     QFont Plain;
     Chart_Plane Plane;

@@ -48,16 +48,16 @@ QFont Scaled(QFont font, double factor, bool bold)
 
 } // namespace
 
-Start::Start(Session& session) : Shared(session)
+Start::Start(Session& session) : The_Session(session)
 {
     setObjectName("start");
     setWindowTitle(Shown(session.Program.Aktuelle_ORVEL_Version));
     setWindowIcon(QIcon(":/pictures/orvelsuite.svg"));
-    Assistant = new Help_Assistant(Shared, *this);
+    Assistant = new Help_Assistant(The_Session, *this);
     Lay_Out();
     Assistant->Attach(Image1, 1);
     Assistant->Attach(Image2, 2);
-    connect(&Update, &Update_Fetch::Judged, this, [this](const Message& message) { Shared.Ask(message); });
+    connect(&Update, &Update_Fetch::Finished, this, [this](const Message& message) { The_Session.Ask(message); });
 }
 
 void Start::Lay_Out()
@@ -140,8 +140,8 @@ QLabel* Start::Version_Label(const QString& name, const std::string& caption)
 QLayout* Start::Foot()
 {
     auto* version = Named(new QGroupBox("Version"), "Frame1");
-    Aktuelle_ORVEL_Version = Version_Label("Aktuelle_ORVEL_Version", Shared.Program.Aktuelle_ORVEL_Version);
-    Aktuelle_ORVELSUITE_Version = Version_Label("Aktuelle_ORVELSUITE_Version", Shared.Program.Aktuelle_ORVELSUITE_Version);
+    Aktuelle_ORVEL_Version = Version_Label("Aktuelle_ORVEL_Version", The_Session.Program.Aktuelle_ORVEL_Version);
+    Aktuelle_ORVELSUITE_Version = Version_Label("Aktuelle_ORVELSUITE_Version", The_Session.Program.Aktuelle_ORVELSUITE_Version);
     auto* labels = new QHBoxLayout(version);
     labels->addWidget(Aktuelle_ORVEL_Version);
     labels->addSpacing(fontMetrics().averageCharWidth() * 4);
@@ -180,12 +180,12 @@ void Start::changeEvent(QEvent* event)
 // Makes the shipped scenario and climate files read-only; a file itself tells whether that was done.
 void Start::Activate()
 {
-    if (Protected_In_Vain || Files_Protected(Shared))
+    if (Protected_In_Vain || Files_Protected(The_Session))
         return;
     const Hourglass waiting;
     const QSize before = size();
     Nachricht->show();
-    Protected_In_Vain = !Protect_Files(Shared, [](int, int) { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }) || !Files_Protected(Shared);
+    Protected_In_Vain = !Protect_Files(The_Session, [](int, int) { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }) || !Files_Protected(The_Session);
     Nachricht->hide();
     layout()->activate();
     resize(before);
@@ -200,7 +200,7 @@ void Start::closeEvent(QCloseEvent* event)
 bool Start::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseButtonDblClick) {
-        Form_name(Shared, this).exec();
+        Form_name(The_Session, this).exec();
         return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -208,52 +208,52 @@ bool Start::eventFilter(QObject* watched, QEvent* event)
 
 void Start::Open_Documents(const std::string& mask, const QString& caption, const std::filesystem::path& directory)
 {
-    Shared.Program.File_Mask = mask;
-    Form_PSM_Open open(Shared, directory, this);
+    The_Session.Program.File_Mask = mask;
+    Form_PSM_Open open(The_Session, directory, this);
     open.setWindowTitle(caption);
     open.exec();
 }
 
 void Start::Open_Pesticide()
 {
-    Open_Documents("*.psm", "Open PSM file", Shared.Program.App_Path);
+    Open_Documents("*.psm", "Open PSM file", The_Session.Program.App_Path);
 }
 
 void Start::Open_Scenario()
 {
-    Open_Documents("*.sze", "Open Scenario File", Shared.Program.App_Path / "focus");
+    Open_Documents("*.sze", "Open Scenario File", The_Session.Program.App_Path / "focus");
 }
 
 void Start::Open_Climate()
 {
-    Open_Documents("*.cli", "Open Climate File", Shared.Program.App_Path / "focus");
+    Open_Documents("*.cli", "Open Climate File", The_Session.Program.App_Path / "focus");
 }
 
 void Start::Open_Single_Run()
 {
-    form_end(Shared, this).exec();
+    form_end(The_Session, this).exec();
 }
 
 void Start::Open_FOCUS()
 {
-    FOCUS(Shared, Mode_Of(Mode_Kind::Focus), this).exec();
+    FOCUS(The_Session, Mode_Of(Mode_Kind::Focus), this).exec();
 }
 
 void Start::Open_EFSA()
 {
-    if (Mode_Available(Shared, Mode_Of(Mode_Kind::Efsa)))
-        FOCUS(Shared, Mode_Of(Mode_Kind::Efsa), this).exec();
+    if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa)))
+        FOCUS(The_Session, Mode_Of(Mode_Kind::Efsa), this).exec();
 }
 
 void Start::Open_EFSA_T4()
 {
-    if (Mode_Available(Shared, Mode_Of(Mode_Kind::Efsa_T4)))
-        FOCUS(Shared, Mode_Of(Mode_Kind::Efsa_T4), this).exec();
+    if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa_T4)))
+        FOCUS(The_Session, Mode_Of(Mode_Kind::Efsa_T4), this).exec();
 }
 
 void Start::Release_Notes()
 {
-    Versionsinfo(Shared, this).exec();
+    Versionsinfo(The_Session, this).exec();
 }
 
 } // namespace orvel

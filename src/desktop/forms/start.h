@@ -47,7 +47,7 @@ private:
     void Release_Notes();
     void Open_Documents(const std::string& mask, const QString& caption, const std::filesystem::path& directory);
 
-    Session& Shared;
+    Session& The_Session;
     Help_Assistant* Assistant = nullptr;
     Update_Fetch Update;
     QToolButton *Image1 = nullptr, *Image2 = nullptr, *Image3 = nullptr, *Image4 = nullptr;

@@ -27,7 +27,7 @@ void Update_Fetch::Start(const QUrl& address)
     if (Reply)
         return;
     if (address.isEmpty()) {
-        emit Judged(No_Update_Address());
+        emit Finished(No_Update_Address());
         return;
     }
     Page.clear();
@@ -52,7 +52,7 @@ void Update_Fetch::Finish()
     Reply->deleteLater();
     Reply = nullptr;
     const bool read = error == QNetworkReply::NoError || Page.contains(".zip");
-    emit Judged(read ? Judge_Update_Page({Page.constData(), static_cast<std::size_t>(Page.size())}) : Connection_Problem());
+    emit Finished(read ? Evaluate_Update_Page({Page.constData(), static_cast<std::size_t>(Page.size())}) : Connection_Problem());
 }
 
 QUrl Update_Address()

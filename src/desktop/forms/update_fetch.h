@@ -21,12 +21,12 @@ class Update_Fetch : public QObject {
 public:
     explicit Update_Fetch(QObject* parent = nullptr);
 
-    // Ends with Judged, also for an address that is empty or a server that does not answer. One at a time: a second call while one is under way
+    // Ends with Finished, also for an address that is empty or a server that does not answer. One at a time: a second call while one is under way
     // does nothing.
     void Start(const QUrl& address);
 
 signals:
-    void Judged(const Message& message);
+    void Finished(const Message& message);
 
 private:
     void Take();

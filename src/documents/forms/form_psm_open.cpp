@@ -15,17 +15,17 @@
 
 namespace orvel {
 
-Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent) : QDialog(parent), Shared(session)
+Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent) : QDialog(parent), The_Session(session)
 {
     setObjectName("Form_PSM_Open");
     setWindowTitle("Open PSM file");
     Lay_Out(directory);
-    Files->Refresh(Shared.Program.PSM_File);
+    Files->Refresh(The_Session.Program.PSM_File);
 }
 
 void Form_PSM_Open::Lay_Out(const std::filesystem::path& directory)
 {
-    Files = new Directory_Files(directory, Shared.Program.File_Mask);
+    Files = new Directory_Files(directory, The_Session.Program.File_Mask);
     connect(Files, &Directory_Files::File_Double_Clicked, this, &Form_PSM_Open::Open_File);
 
     auto* search = Named(new QLineEdit, "FileSearch");
@@ -60,24 +60,24 @@ void Form_PSM_Open::Open_File()
         return;
     Files->Select_First();
     const std::string name = Files->Selected_Name();
-    Open_And_Edit(Shared, Files->Directory() / Path_Of(name), this);
+    Open_And_Edit(The_Session, Files->Directory() / Path_Of(name), this);
     Files->Refresh(name);
 }
 
 void Form_PSM_Open::Open_New()
 {
-    const auto kind = Kind_Of("new" + Shared.Program.File_Mask.substr(Shared.Program.File_Mask.rfind('.')));
+    const auto kind = Kind_Of("new" + The_Session.Program.File_Mask.substr(The_Session.Program.File_Mask.rfind('.')));
     if (kind == Document_Kind::Pesticide) {
-        New_PSM(Shared);
+        New_PSM(The_Session);
     } else if (kind == Document_Kind::Scenario) {
-        Reset_SZE(Shared.Scenario);
-        Shared.Program.PSM_File = "*.sze";
+        Reset_SZE(The_Session.Scenario);
+        The_Session.Program.PSM_File = "*.sze";
     } else {
-        Clear_Climate(Shared.Climate, 0);
-        Shared.Program.PSM_File = "*.cli";
+        Clear_Climate(The_Session.Climate, 0);
+        The_Session.Program.PSM_File = "*.cli";
     }
-    Edit_Document(Shared, kind.value_or(Document_Kind::Climate), Files->Directory(), this);
-    Files->Refresh(Shared.Program.PSM_File);
+    Edit_Document(The_Session, kind.value_or(Document_Kind::Climate), Files->Directory(), this);
+    Files->Refresh(The_Session.Program.PSM_File);
 }
 
 } // namespace orvel

@@ -21,7 +21,7 @@ private:
     void Open_File();
     void Open_New();
 
-    Session& Shared;
+    Session& The_Session;
     Directory_Files* Files = nullptr;
 };
 

@@ -56,26 +56,26 @@ QString Name_Of(const Mode& mode)
 
 } // namespace
 
-Analyse::Analyse(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), Shared(session), The_Mode(mode)
+Analyse::Analyse(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), The_Session(session), The_Mode(mode)
 {
     setObjectName(Name_Of(mode));
     setWindowTitle("Evaluation of Simulation");
     Lay_Out();
-    Fill(*Pestizidverzeichnis, Mode_Directory(Shared, The_Mode), Shared.Run.Last_Simulation.Pesticide);
+    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session, The_Mode), The_Session.Run.Last_Simulation.Pesticide);
     Pestizidverzeichnis_Click();
 }
 
 void Analyse::Pestizidverzeichnis_Click()
 {
     if (Pestizidverzeichnis->count() > 0)
-        Read_Evaluated_Pesticide(Shared, Bytes_Of(Pestizidverzeichnis->currentText()));
-    Fill(*Kulturverzeichnis, Directory_Of(*Pestizidverzeichnis), Shared.Run.Last_Simulation.Crop);
+        Read_Evaluated_Pesticide(The_Session, Bytes_Of(Pestizidverzeichnis->currentText()));
+    Fill(*Kulturverzeichnis, Directory_Of(*Pestizidverzeichnis), The_Session.Run.Last_Simulation.Crop);
     Kulturverzeichnis_Click();
 }
 
 void Analyse::Kulturverzeichnis_Click()
 {
-    Fill(*Szenarioverzeichnis, Directory_Of(*Kulturverzeichnis), Shared.Run.Last_Simulation.Location);
+    Fill(*Szenarioverzeichnis, Directory_Of(*Kulturverzeichnis), The_Session.Run.Last_Simulation.Location);
     Szenarioverzeichnis_Click();
 }
 
@@ -88,7 +88,7 @@ void Analyse::Szenarioverzeichnis_Click()
     Failed = false;
     if (run.empty())
         return Series->Clear();
-    Shared.Run.Last_Simulation = {Bytes_Of(Pestizidverzeichnis->currentText()), Bytes_Of(Kulturverzeichnis->currentText()),
+    The_Session.Run.Last_Simulation = {Bytes_Of(Pestizidverzeichnis->currentText()), Bytes_Of(Kulturverzeichnis->currentText()),
                                   Bytes_Of(Szenarioverzeichnis->currentText())};
     Series->Show_Run(run);
     Look_For_Failure();
@@ -114,7 +114,7 @@ void Analyse::Report_Failure()
     if (!Failed)
         return;
     Failed = false;
-    if (const auto echo = Shown_Echo(Shared, Run_Directory()))
+    if (const auto echo = Shown_Echo(The_Session, Run_Directory()))
         Fehler_in_Simulation(*echo, this).exec();
 }
 
@@ -126,9 +126,9 @@ std::filesystem::path Analyse::Run_Directory() const
 // Fills the lists anew, since simulations may have been deleted, and selects what was picked.
 void Analyse::Liste_Click()
 {
-    Simulationsliste list(Shared, The_Mode, this);
+    Simulationsliste list(The_Session, The_Mode, this);
     list.exec();
-    Fill(*Pestizidverzeichnis, Mode_Directory(Shared, The_Mode), Shared.Run.Last_Simulation.Pesticide);
+    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session, The_Mode), The_Session.Run.Last_Simulation.Pesticide);
     if (list.Chosen().empty())
         return Pestizidverzeichnis_Click();
     Select(list.Chosen());
@@ -142,7 +142,7 @@ void Analyse::Select(const std::filesystem::path& run)
         combo.setCurrentIndex(std::max(0, combo.findData(QString::fromStdString(directory.string()))));
     };
     set(*Pestizidverzeichnis, run.parent_path().parent_path());
-    Read_Evaluated_Pesticide(Shared, Bytes_Of(Pestizidverzeichnis->currentText()));
+    Read_Evaluated_Pesticide(The_Session, Bytes_Of(Pestizidverzeichnis->currentText()));
     Fill(*Kulturverzeichnis, Directory_Of(*Pestizidverzeichnis), {});
     set(*Kulturverzeichnis, run.parent_path());
     Fill(*Szenarioverzeichnis, Directory_Of(*Kulturverzeichnis), {});
@@ -153,25 +153,25 @@ void Analyse::Select(const std::filesystem::path& run)
 void Analyse::Konzentration_Click()
 {
     if (The_Mode.Kind == Mode_Kind::Focus)
-        Jahr_ORV(Shared, Run_Directory(), this).exec();
+        Jahr_ORV(The_Session, Run_Directory(), this).exec();
     else
-        PECsoil(Shared, Run_Directory(), ERC->currentText().toInt(), this).exec();
+        PECsoil(The_Session, Run_Directory(), ERC->currentText().toInt(), this).exec();
 }
 
 void Analyse::Balance_Click()
 {
-    Mass_Balance(Shared, Run_Directory(), this).exec();
+    Mass_Balance(The_Session, Run_Directory(), this).exec();
 }
 
 void Analyse::Echo_Click()
 {
-    if (const auto echo = Shown_Echo(Shared, Run_Directory()))
+    if (const auto echo = Shown_Echo(The_Session, Run_Directory()))
         Echo_ORV(*echo, this).exec();
 }
 
 void Analyse::Zusammenfassung_Click()
 {
-    Summary_Request request{Shared.Program.Aktuelle_ORVEL_Version,
+    Summary_Request request{The_Session.Program.Aktuelle_ORVEL_Version,
                             Bytes_Of(Datum->text()),
                             Bytes_Of(Pestizidverzeichnis->currentText()),
                             Bytes_Of(Kulturverzeichnis->currentText()),
@@ -180,13 +180,13 @@ void Analyse::Zusammenfassung_Click()
                            {}};
     for (int i = 0; i < Szenarioverzeichnis->count(); ++i)
         request.Locations.push_back({Bytes_Of(Szenarioverzeichnis->itemText(i)), Szenarioverzeichnis->itemData(i).toString().toStdString()});
-    request.Absent = Absent_Locations(Shared, The_Mode, request.Crop, request.Locations);
-    Zusammenfassung_orv(Shared, std::move(request), this).exec();
+    request.Absent = Absent_Locations(The_Session, The_Mode, request.Crop, request.Locations);
+    Zusammenfassung_orv(The_Session, std::move(request), this).exec();
 }
 
 void Analyse::Grafik_Click()
 {
-    taegliches_Diagramm_neu(Shared, Series->Choice(Run_Directory(), false), this).exec();
+    taegliches_Diagramm_neu(The_Session, Series->Choice(Run_Directory(), false), this).exec();
 }
 
 } // namespace orvel

@@ -49,7 +49,7 @@ private:
 
     std::filesystem::path Run_Directory() const; // empty while none is chosen
 
-    Session& Shared;
+    Session& The_Session;
     const Mode& The_Mode;
     Help_Assistant* Assistant = nullptr;
     QComboBox *Pestizidverzeichnis = nullptr, *Kulturverzeichnis = nullptr, *Szenarioverzeichnis = nullptr, *ERC = nullptr;

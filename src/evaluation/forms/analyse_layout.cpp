@@ -37,7 +37,7 @@ QLabel* Label(const QString& name, const QString& text, QWidget* of)
 
 void Analyse::Lay_Out()
 {
-    Assistant = new Help_Assistant(Shared, *this);
+    Assistant = new Help_Assistant(The_Session, *this);
     Series = new Series_Choice;
     auto* all = new QVBoxLayout(this);
     all->addLayout(Lists());

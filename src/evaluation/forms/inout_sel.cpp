@@ -45,13 +45,13 @@ QShortcut* On_Return(QWidget& list)
 
 } // namespace
 
-inout_sel::inout_sel(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
+inout_sel::inout_sel(Session& session, QWidget* parent) : QDialog(parent), The_Session(session)
 {
     setObjectName("inout_sel");
     setWindowTitle("Input and Output Files");
     Lay_Out();
     connect(&Timer1, &QTimer::timeout, this, &inout_sel::Tick);
-    Go_To(Shared.Program.App_Path);
+    Go_To(The_Session.Program.App_Path);
 }
 
 void inout_sel::Lay_Out()
@@ -183,8 +183,8 @@ void inout_sel::Show_Chosen(const QListWidget& list)
     if (!list.currentItem())
         return;
     const auto file = Directory / list.currentItem()->text().toStdString();
-    if (const auto text = Shown_File(Shared, file))
-        Form_filetext(Shared, file, *text, this).exec();
+    if (const auto text = Shown_File(The_Session, file))
+        Form_filetext(The_Session, file, *text, this).exec();
 }
 
 // A table that is not there yet is made beside the program; the next click shows it.
@@ -193,7 +193,7 @@ void inout_sel::Show_Utility_Table(Utility utility)
     if (Utility_At_Work)
         return;
     if (Is_Due(utility, Directory)) {
-        Utility_At_Work = Start_Utility(Shared, utility, Directory);
+        Utility_At_Work = Start_Utility(The_Session, utility, Directory);
         if (Utility_At_Work) {
             Utility_Place = Directory;
             Nachricht->setText(Shown("Please wait! " + std::string(Names_Of(utility).Program) + " is making the table."));
@@ -201,8 +201,8 @@ void inout_sel::Show_Utility_Table(Utility utility)
         }
         return;
     }
-    if (const auto text = Shown_Table(Shared, utility, Directory))
-        Form_filetext(Shared, Found_Or_New(Directory, Names_Of(utility).Output), *text, this).exec();
+    if (const auto text = Shown_Table(The_Session, utility, Directory))
+        Form_filetext(The_Session, Found_Or_New(Directory, Names_Of(utility).Output), *text, this).exec();
 }
 
 void inout_sel::Tick()
@@ -221,13 +221,13 @@ void inout_sel::Tick()
 
 void inout_sel::Echo_Click()
 {
-    if (const auto echo = Shown_Echo(Shared, Directory))
+    if (const auto echo = Shown_Echo(The_Session, Directory))
         Echo_ORV(*echo, this).exec();
 }
 
 void inout_sel::Grafik_Click()
 {
-    taegliches_Diagramm_neu(Shared, Series->Choice(Directory, true), this).exec();
+    taegliches_Diagramm_neu(The_Session, Series->Choice(Directory, true), this).exec();
 }
 
 } // namespace orvel

@@ -42,7 +42,7 @@ private:
     void Echo_Click();
     void Grafik_Click();
 
-    Session& Shared;
+    Session& The_Session;
     std::filesystem::path Directory;
     std::optional<int> Utility_At_Work;  // its process
     std::filesystem::path Utility_Place; // where it works: the user may have gone elsewhere

@@ -24,14 +24,14 @@ constexpr int Lines_Shown = 24;
 
 } // namespace
 
-Simulationsliste::Simulationsliste(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), Shared(session), The_Mode(mode)
+Simulationsliste::Simulationsliste(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), The_Session(session), The_Mode(mode)
 {
     setObjectName("Simulationsliste");
     setWindowTitle(mode.Kind == Mode_Kind::Focus ? "Table of all FOCUS-Simulations" : "Table of all EFSA-Simulations");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    Assistant = new Help_Assistant(Shared, *this);
+    Assistant = new Help_Assistant(The_Session, *this);
     Lay_Out();
-    Clean_Leftovers(Shared, The_Mode);
+    Clean_Leftovers(The_Session, The_Mode);
     Refresh();
     resize(sizeHint());
     connect(&Timer1, &QTimer::timeout, this, &Simulationsliste::Tick);
@@ -101,7 +101,7 @@ void Simulationsliste::Refresh()
     std::vector<std::filesystem::path> selected;
     for (const Simulation& simulation : Selected())
         selected.push_back(simulation.Directory);
-    if (Simulations.Show(Simulation_List(Shared, The_Mode))) {
+    if (Simulations.Show(Simulation_List(The_Session, The_Mode))) {
         Size_Columns();
         Select_Again(selected);
     }
@@ -158,7 +158,7 @@ std::vector<Simulation> Simulationsliste::Selected() const
 // States change only where a job was started.
 void Simulationsliste::Tick()
 {
-    if (Find_File(Mode_Directory(Shared, The_Mode), "orveljob.bat"))
+    if (Find_File(Mode_Directory(The_Session, The_Mode), "orveljob.bat"))
         Refresh();
 }
 
@@ -167,7 +167,7 @@ void Simulationsliste::Auswaehlen_Click()
     const auto selected = Selected();
     if (selected.size() != 1)
         return;
-    Shared.Run.Last_Simulation = {selected[0].Pesticide, selected[0].Crop, selected[0].Location};
+    The_Session.Run.Last_Simulation = {selected[0].Pesticide, selected[0].Crop, selected[0].Location};
     Picked = selected[0].Directory;
     accept();
 }
@@ -175,7 +175,7 @@ void Simulationsliste::Auswaehlen_Click()
 void Simulationsliste::Loeschen_Click()
 {
     Timer1.stop();
-    Delete_Simulations(Shared, The_Mode, Selected());
+    Delete_Simulations(The_Session, The_Mode, Selected());
     Refresh();
     Timer1.start(Refresh_Interval);
 }
@@ -183,9 +183,9 @@ void Simulationsliste::Loeschen_Click()
 void Simulationsliste::Nochmals_Click()
 {
     Timer1.stop();
-    const int marked = Mark_Failed_Again(Shared, The_Mode, Simulations.Simulations());
+    const int marked = Mark_Failed_Again(The_Session, The_Mode, Simulations.Simulations());
     if (marked > 0) {
-        Shared.Ask({"Starting ORVEL Simulations",
+        The_Session.Ask({"Starting ORVEL Simulations",
                     std::to_string(marked) + (marked == 1 ? " simulation is" : " simulations are") + " marked. \"Start Batch\" starts them.",
                     Icon::Information});
     }

@@ -40,7 +40,7 @@ private:
     void Nochmals_Click();
     std::vector<Simulation> Selected() const;
 
-    Session& Shared;
+    Session& The_Session;
     const Mode& The_Mode;
     Simulation_Model Simulations;
     std::filesystem::path Picked;

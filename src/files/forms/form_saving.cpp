@@ -30,14 +30,14 @@ bool& Changed_Flag(Program_State& program, Document_Kind kind)
 
 Form_Saving::Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
     : QDialog(parent),
-      Shared(session),
+      The_Session(session),
       Kind(kind)
 {
     setObjectName("Form_Saving");
     setWindowTitle("Save ORVEL 3.20 Input File");
     Lay_Out(directory);
-    Files->Refresh(Shared.Program.PSM_File);
-    TextSave->setText(Shown(Shared.Program.PSM_File));
+    Files->Refresh(The_Session.Program.PSM_File);
+    TextSave->setText(Shown(The_Session.Program.PSM_File));
     TextSave->setFocus();
 }
 
@@ -76,10 +76,10 @@ void Form_Saving::Save()
     if (!Name_Is_Usable(name))
         return TextSave->setFocus();
     Target = Found_Or_New(Files->Directory(), Path_Of(name));
-    if (!May_Write() || !Save_Document(Shared, Target))
+    if (!May_Write() || !Save_Document(The_Session, Target))
         return;
-    Shared.Program.PSM_File = name;
-    Changed_Flag(Shared.Program, Kind) = false;
+    The_Session.Program.PSM_File = name;
+    Changed_Flag(The_Session.Program, Kind) = false;
     accept();
 }
 
@@ -89,16 +89,16 @@ bool Form_Saving::Name_Is_Usable(const std::string& name)
     const bool is_mask = name.find_first_of("*?/\\") != std::string::npos || name.size() <= Ending_Of(Kind).size();
     if (!is_mask && Kind_Of(Path_Of(name)) == Kind)
         return true;
-    Shared.Ask({std::string(Saving_Input_File), "\"" + name + "\" cannot be the name of this file. Please enter a name that ends in " + Ending_Of(Kind) + "."});
+    The_Session.Ask({std::string(Saving_Input_File), "\"" + name + "\" cannot be the name of this file. Please enter a name that ends in " + Ending_Of(Kind) + "."});
     return false;
 }
 
 bool Form_Saving::May_Write()
 {
-    if (const auto field = Broken_Field(Shared, Kind); field && Shared.Ask(Broken_Line_Question(*field)) != Button::Yes)
+    if (const auto field = Broken_Field(The_Session, Kind); field && The_Session.Ask(Broken_Line_Question(*field)) != Button::Yes)
         return false;
     const Message replace{std::string(Saving_Input_File), "File already exists. Replace?", Icon::Question, {Button::Yes, Button::No}, Button::No};
-    return !std::filesystem::exists(Target) || Shared.Ask(replace) == Button::Yes;
+    return !std::filesystem::exists(Target) || The_Session.Ask(replace) == Button::Yes;
 }
 
 } // namespace orvel

@@ -27,7 +27,7 @@ private:
     bool Name_Is_Usable(const std::string& name);
     bool May_Write();
 
-    Session& Shared;
+    Session& The_Session;
     Document_Kind Kind;
     std::filesystem::path Target;
     Directory_Files* Files = nullptr;

@@ -47,12 +47,12 @@ std::string Text_Of(const QListWidget& list)
 
 } // namespace
 
-FOCUS::FOCUS(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), Shared(session), The_Mode(mode)
+FOCUS::FOCUS(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), The_Session(session), The_Mode(mode)
 {
     setObjectName(Shown(mode.Form));
     setWindowTitle(Shown(mode.Caption));
     Lay_Out();
-    Load_Batch(Shared, The_Mode);
+    Load_Batch(The_Session, The_Mode);
     connect(&Timer1, &QTimer::timeout, this, &FOCUS::Tick);
     connect(&Progress_Timer, &QTimer::timeout, this, &FOCUS::Show_Progress);
     Activate();
@@ -64,10 +64,10 @@ void FOCUS::Activate()
 {
     const Hourglass waiting;
     List_Pesticides();
-    const Run_Template saved = Read_Template(Shared, The_Mode);
+    const Run_Template saved = Read_Template(The_Session, The_Mode);
     Restore(saved);
     if (First_Open && saved.Has_Rows)
-        Shared.Output = saved.Output;
+        The_Session.Output = saved.Output;
     First_Open = false;
     Show_Output_Option();
     Evaluate();
@@ -77,7 +77,7 @@ void FOCUS::List_Pesticides()
 {
     const QSignalBlocker quiet(Pesticide);
     Pesticide->clear();
-    for (const std::string& name : Pesticide_List(Shared))
+    for (const std::string& name : Pesticide_List(The_Session))
         Pesticide->addItem(Shown(name));
     Select_Text(*Pesticide, Last_PSM);
 }
@@ -103,7 +103,7 @@ void FOCUS::Fill_Locations(std::string_view code)
 {
     const QSignalBlocker quiet(Location_List);
     const std::string before = Text_Of(*Location_List);
-    const auto locations = Locations_Of_Crop(Shared, The_Mode, Crop_List->currentRow());
+    const auto locations = Locations_Of_Crop(The_Session, The_Mode, Crop_List->currentRow());
     Location_List->clear();
     for (const std::string& location : locations)
         Location_List->addItem(Shown(location));
@@ -130,7 +130,7 @@ void FOCUS::Evaluate()
 {
     const Hourglass waiting;
     Last_PSM = Text_Of(*Pesticide);
-    Selected = Evaluate_Selection(Shared, The_Mode, Last_PSM, Crop_List->currentRow(), Text_Of(*Location_List));
+    Selected = Evaluate_Selection(The_Session, The_Mode, Last_PSM, Crop_List->currentRow(), Text_Of(*Location_List));
     Show_Selection();
 }
 
@@ -141,22 +141,22 @@ void FOCUS::Show_Selection()
     App_Modus->setText(Shown(Selected.App_Modus));
     app_Date->setText(Shown(Selected.app_Date));
     Frame4->setVisible(Selected.Tillage_Visible);
-    Show_Job(Job_Running(Shared, The_Mode));
+    Show_Job(Job_Running(The_Session, The_Mode));
 }
 
 void FOCUS::Show_Output_Option()
 {
-    Ausgabe[static_cast<std::size_t>(Option_Of_Output(Shared.Output))]->setChecked(true);
+    Ausgabe[static_cast<std::size_t>(Option_Of_Output(The_Session.Output))]->setChecked(true);
 }
 
 void FOCUS::Ausgabe_Click(int option)
 {
     if (option == static_cast<int>(Output_Option::Minimum))
-        Shared.Output = Minimum_Output();
+        The_Session.Output = Minimum_Output();
     else if (option == static_cast<int>(Output_Option::Recommended))
-        Shared.Output = Recommended_Output();
+        The_Session.Output = Recommended_Output();
     else
-        Ausgabe_festlegen(Shared.Output, this).exec();
+        Ausgabe_festlegen(The_Session.Output, this).exec();
     Show_Output_Option();
 }
 
@@ -175,7 +175,7 @@ Run_Choice FOCUS::Choice() const
 void FOCUS::Mark()
 {
     const Hourglass waiting;
-    Mark_For_Batch(Shared, The_Mode, Choice());
+    Mark_For_Batch(The_Session, The_Mode, Choice());
     Show_Selection();
 }
 
@@ -186,7 +186,7 @@ void FOCUS::Mark_All_Locations()
     setEnabled(false);
     Job_Box->show();
     Job_Text->setText("Preparing the runs ...");
-    Mark_All(Shared, The_Mode, Choice(), [this](int location, int locations) {
+    Mark_All(The_Session, The_Mode, Choice(), [this](int location, int locations) {
         Job_Bar->setRange(0, locations);
         Job_Bar->setValue(location);
         QApplication::processEvents();
@@ -199,7 +199,7 @@ void FOCUS::Mark_All_Locations()
 void FOCUS::Run()
 {
     Timer1.stop();
-    const bool started = Run_Batch(Shared, The_Mode, Choice()).Result == Start_Result::Started;
+    const bool started = Run_Batch(The_Session, The_Mode, Choice()).Result == Start_Result::Started;
     Show_Job(started);
     Timer1.start(started ? Interval_At_Start : Tick_Interval);
 }
@@ -221,17 +221,17 @@ void FOCUS::Tick()
     if (Timer1.interval() == Interval_At_Start)
         return Timer1.start(Tick_Interval);
     if (!Selected.Old_Format)
-        Show_Job(Job_Running(Shared, The_Mode));
+        Show_Job(Job_Running(The_Session, The_Mode));
 }
 
 void FOCUS::Show_Job(bool running)
 {
     const bool usable = Selected.Buttons_Enabled();
-    s_run->setText("&" + Shown(Run_Caption(Shared, The_Mode)));
+    s_run->setText("&" + Shown(Run_Caption(The_Session, The_Mode)));
     s_run->setEnabled(usable && !running);
     Batchdatei->setEnabled(usable);
     Multi_batch->setEnabled(usable);
-    Hinweis->setVisible(running && Shared.Program.Online_Help);
+    Hinweis->setVisible(running && The_Session.Program.Online_Help);
     Job_Box->setVisible(running);
     if (!running)
         return Progress_Timer.stop();
@@ -243,7 +243,7 @@ void FOCUS::Show_Job(bool running)
 
 void FOCUS::Show_Progress()
 {
-    const Job_Progress progress = Progress_Of_Job(Shared, The_Mode);
+    const Job_Progress progress = Progress_Of_Job(The_Session, The_Mode);
     Job_Bar->setRange(0, std::max(1, static_cast<int>(progress.Years)));
     Job_Bar->setValue(static_cast<int>(progress.Years_Done));
     Job_Text->setText(Shown(Progress_Text(progress)));
@@ -252,8 +252,8 @@ void FOCUS::Show_Progress()
 void FOCUS::Evaluation()
 {
     Timer1.stop();
-    Shared.Run.Last_Simulation = {Last_PSM.substr(0, Last_PSM.rfind('.')), Text_Of(*Crop_List), Text_Of(*Location_List)};
-    Analyse(Shared, The_Mode, this).exec();
+    The_Session.Run.Last_Simulation = {Last_PSM.substr(0, Last_PSM.rfind('.')), Text_Of(*Crop_List), Text_Of(*Location_List)};
+    Analyse(The_Session, The_Mode, this).exec();
     Timer1.start(Tick_Interval);
     Activate();
 }
@@ -263,26 +263,26 @@ void FOCUS::Edit_Pesticide()
     if (Last_PSM.empty())
         return;
     Timer1.stop();
-    Open_And_Edit(Shared, Shared.Program.App_Path / Path_Of(Last_PSM), this);
+    Open_And_Edit(The_Session, The_Session.Program.App_Path / Path_Of(Last_PSM), this);
     Timer1.start(Tick_Interval);
     Activate();
 }
 
 void FOCUS::Edit_Scenario()
 {
-    const auto directory = Mode_Directory(Shared, The_Mode);
+    const auto directory = Mode_Directory(The_Session, The_Mode);
     const std::string location = Text_Of(*Location_List);
     if (location.empty())
         return;
     Timer1.stop();
-    Open_And_Edit(Shared, Found_Or_New(directory, Scenario_Name(The_Mode, Crop_List->currentRow(), location)), this);
+    Open_And_Edit(The_Session, Found_Or_New(directory, Scenario_Name(The_Mode, Crop_List->currentRow(), location)), this);
     Timer1.start(Tick_Interval);
     Activate();
 }
 
 void FOCUS::Delete_Selected()
 {
-    if (!Last_PSM.empty() && Delete_Pesticide(Shared, Last_PSM))
+    if (!Last_PSM.empty() && Delete_Pesticide(The_Session, Last_PSM))
         Activate();
 }
 

@@ -67,7 +67,7 @@ private:
     void Delete_Selected();
     bool Key(int key);
 
-    Session& Shared;
+    Session& The_Session;
     const Mode& The_Mode;
     Selection Selected;
     Help_Assistant* Assistant = nullptr;

@@ -35,7 +35,7 @@ QLabel* Caption(const QString& name, const QString& text, QWidget* buddy)
 
 void FOCUS::Lay_Out()
 {
-    Assistant = new Help_Assistant(Shared, *this);
+    Assistant = new Help_Assistant(The_Session, *this);
     auto* rows = new QVBoxLayout;
     rows->addLayout(Application_Data());
     rows->addLayout(Options());
@@ -172,10 +172,10 @@ QLayout* FOCUS::Versions()
 {
     auto* version = Named(new QGroupBox("Version"), "Frame3");
     auto* labels = new QVBoxLayout(version);
-    labels->addWidget(Named(new QLabel(Shown(Shared.Program.Aktuelle_ORVELSUITE_Version)), "Aktuelle_ORVELSUITE_Version"));
-    labels->addWidget(Named(new QLabel(Shown("ORVEL Version Number: " + General_Text(Shared.Program.Engine_Version))), "Version_Model"));
+    labels->addWidget(Named(new QLabel(Shown(The_Session.Program.Aktuelle_ORVELSUITE_Version)), "Aktuelle_ORVELSUITE_Version"));
+    labels->addWidget(Named(new QLabel(Shown("ORVEL Version Number: " + General_Text(The_Session.Program.Engine_Version))), "Version_Model"));
     if (The_Mode.Tail == Header_Tail::Scaling)
-        labels->addWidget(Named(new QLabel(Shown("Scenario version number: " + Scenario_Version(Shared, The_Mode))), "Version_Szenarien"));
+        labels->addWidget(Named(new QLabel(Shown("Scenario version number: " + Scenario_Version(The_Session, The_Mode))), "Version_Szenarien"));
     auto* versions = new QVBoxLayout;
     versions->addWidget(version);
     return versions;

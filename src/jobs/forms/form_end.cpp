@@ -39,13 +39,13 @@ void Fill(QListWidget& list, const std::filesystem::path& directory, std::string
 
 } // namespace
 
-form_end::form_end(Session& session, QWidget* parent) : QDialog(parent), Shared(session), Directory(session.Program.App_Path)
+form_end::form_end(Session& session, QWidget* parent) : QDialog(parent), The_Session(session), Directory(session.Program.App_Path)
 {
     setObjectName("form_end");
     setWindowTitle("Parameters for Simulation");
     Lay_Out();
     Refresh_Files();
-    Load(Restore_Single_Run(Shared, Directory));
+    Load(Restore_Single_Run(The_Session, Directory));
     connect(&Timer1, &QTimer::timeout, this, &form_end::Show_State);
     Timer1.start(State_Interval);
     Show_State();
@@ -73,7 +73,7 @@ void form_end::Load(const Single_Run_Entry& entry)
     Combo_stam->setCurrentIndex(entry.Start_Month_Index);
     Combo_endm->setCurrentIndex(entry.End_Month_Index);
     Text_years->setText(Shown(entry.Years));
-    Ausgabe[static_cast<std::size_t>(Option_Of_Output(Shared.Output))]->setChecked(true);
+    Ausgabe[static_cast<std::size_t>(Option_Of_Output(The_Session.Output))]->setChecked(true);
 }
 
 Single_Run_Entry form_end::Entry() const
@@ -104,7 +104,7 @@ bool form_end::Has_Climate_File()
 {
     if (File_cli->currentItem())
         return true;
-    Shared.Ask({"File check", "No climatic files available"});
+    The_Session.Ask({"File check", "No climatic files available"});
     return false;
 }
 
@@ -136,17 +136,17 @@ void form_end::Remove_Climate()
 void form_end::Ausgabe_Click(int option)
 {
     if (option == static_cast<int>(Output_Option::Minimum))
-        Shared.Output = Minimum_Output();
+        The_Session.Output = Minimum_Output();
     else if (option == static_cast<int>(Output_Option::Recommended))
-        Shared.Output = Recommended_Output();
+        The_Session.Output = Recommended_Output();
     else
-        Ausgabe_festlegen(Shared.Output, this).exec(); // the option stays at the user's own choice
+        Ausgabe_festlegen(The_Session.Output, this).exec(); // the option stays at the user's own choice
 }
 
 void form_end::Start()
 {
     if (State_Of_Single_Run(Directory, 0).Running) {
-        Shared.Ask({"File check", std::string(Still_At_Work)});
+        The_Session.Ask({"File check", std::string(Still_At_Work)});
         return;
     }
     const Message question{"File check",
@@ -154,12 +154,12 @@ void form_end::Start()
                            Icon::Question,
                            {Button::Yes, Button::No},
                            Button::Yes};
-    if (Has_Output(Directory) && Shared.Ask(question) == Button::Yes)
+    if (Has_Output(Directory) && The_Session.Ask(question) == Button::Yes)
         return Open_Archive();
     const Single_Run_Entry entry = Entry();
-    if (const auto refusal = Check_Single_Run(Shared, Directory, entry))
+    if (const auto refusal = Check_Single_Run(The_Session, Directory, entry))
         return Refuse(*refusal);
-    Start_Single_Run(Shared, Directory, entry);
+    Start_Single_Run(The_Session, Directory, entry);
     Show_State();
 }
 
@@ -183,7 +183,7 @@ void form_end::Move_To_Archive()
 {
     const Hourglass waiting;
     const bool has_output = Has_Output(Directory);
-    Archive_Run(Shared, Directory, Bytes_Of(Text1->text()));
+    Archive_Run(The_Session, Directory, Bytes_Of(Text1->text()));
     if (has_output)
         Close_Archive();
 }
@@ -192,13 +192,13 @@ void form_end::Move_To_Archive()
 void form_end::Edit(const QString& name)
 {
     if (!name.trimmed().isEmpty())
-        Open_And_Edit(Shared, Found_Or_New(Directory, Path_Of(Bytes_Of(name))), this);
+        Open_And_Edit(The_Session, Found_Or_New(Directory, Path_Of(Bytes_Of(name))), this);
 }
 
 // Tells what is wrong and goes back to the control that it is about.
 void form_end::Refuse(const Refusal& refusal)
 {
-    Shared.Ask(refusal.Text);
+    The_Session.Ask(refusal.Text);
     if (auto* control = findChild<QWidget*>(Shown(refusal.Control)))
         control->setFocus();
 }

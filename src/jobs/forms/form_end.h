@@ -57,7 +57,7 @@ private:
     void Leave(const std::optional<Refusal>& refusal);
     void Show_State();
 
-    Session& Shared;
+    Session& The_Session;
     std::filesystem::path Directory;
     QLabel* Dir1 = nullptr;
     QListWidget *File_psm = nullptr, *File_sce = nullptr, *File_cli = nullptr, *List_cli = nullptr;

@@ -150,7 +150,7 @@ QLayout* form_end::Output()
     }
     auto* column = new QVBoxLayout;
     column->addWidget(output);
-    column->addWidget(Named(new QLabel(Shown(Shared.Program.Aktuelle_ORVEL_Version)), "Version_Modell"));
+    column->addWidget(Named(new QLabel(Shown(The_Session.Program.Aktuelle_ORVEL_Version)), "Version_Modell"));
     return column;
 }
 
@@ -176,7 +176,7 @@ QLayout* form_end::Buttons()
     auto* buttons = new QHBoxLayout;
     auto* start = Push_Button("Command4", "S&tart ORVEL Simulation", this, &form_end::Start);
     auto* move = Push_Button("Command7", "Move &Output to Archive", this, &form_end::Open_Archive);
-    auto* browse = Push_Button("Command6", "Input/Output &files", this, [this] { inout_sel(Shared, this).exec(); });
+    auto* browse = Push_Button("Command6", "Input/Output &files", this, [this] { inout_sel(The_Session, this).exec(); });
     auto* exit = Push_Button("Command5", "E&xit", this, &QDialog::accept);
     start->setDefault(true);
     for (auto* button : {start, move, browse})

@@ -24,7 +24,7 @@ constexpr const char* To_Text = "Tablular output";
 
 Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request request, QWidget* parent)
     : Building_Form("Zusammenfassung_orv", parent),
-      Shared(session),
+      The_Session(session),
       Request(std::move(request))
 {
     setWindowTitle("FOCUS Summary Output File");
@@ -45,7 +45,7 @@ Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request reque
 
 void Zusammenfassung_orv::Build(const Progress& progress)
 {
-    Built_Report = Build_Summary(Shared, Request, progress);
+    Built_Report = Build_Summary(The_Session, Request, progress);
 }
 
 // A report that could not be built was told, and nothing of it is shown.
@@ -105,9 +105,9 @@ try {
     if (dialog.exec() != QDialog::Accepted)
         return;
     const Hourglass waiting;
-    Save_Report(Shared, {Request}, dialog.selectedFiles().value(0).toStdString());
+    Save_Report(The_Session, {Request}, dialog.selectedFiles().value(0).toStdString());
 } catch (const File_Error& error) {
-    Shared.Ask({"Save report", Bytes_Of(QString::fromUtf8(error.what()))});
+    The_Session.Ask({"Save report", Bytes_Of(QString::fromUtf8(error.what()))});
 }
 
 void Zusammenfassung_orv::Print()

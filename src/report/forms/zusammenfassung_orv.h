@@ -30,7 +30,7 @@ private:
     void Print();
     void Speichern();
 
-    Session& Shared;
+    Session& The_Session;
     const Summary_Request Request;
     std::optional<Summary> Built_Report;
     std::size_t Substance = 0;

@@ -22,7 +22,7 @@ constexpr int List_Width = 20; // in characters
 
 } // namespace
 
-Form_DifCrop::Form_DifCrop(Session& session, Rotation_Work& work, QWidget* parent) : QDialog(parent), Shared(session), Work(work), Editor(Edit_Crops(work))
+Form_DifCrop::Form_DifCrop(Session& session, Rotation_Work& work, QWidget* parent) : QDialog(parent), The_Session(session), Work(work), Editor(Edit_Crops(work))
 {
     setObjectName("Form_DifCrop");
     setWindowTitle("Different Crops in Simulation");
@@ -220,7 +220,7 @@ bool Form_DifCrop::Leave(Number_Edit& box)
         return true;
     Refusing = true;
     box.setModified(false);
-    Shared.Ask(refusal->Text);
+    The_Session.Ask(refusal->Text);
     box.setFocus();
     Refusing = false;
     return false;
@@ -241,7 +241,7 @@ bool Form_DifCrop::eventFilter(QObject* watched, QEvent* event)
 void Form_DifCrop::Accept()
 {
     auto* box = qobject_cast<Number_Edit*>(focusWidget());
-    if ((!box || Leave(*box)) && Confirm_Crops(Shared, Editor, Work))
+    if ((!box || Leave(*box)) && Confirm_Crops(The_Session, Editor, Work))
         accept();
 }
 

@@ -48,7 +48,7 @@ private:
     bool Leave(Number_Edit& box);
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     Rotation_Work& Work;
     Crop_Editor Editor;
     QListWidget* List_crop = nullptr;

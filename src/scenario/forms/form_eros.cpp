@@ -10,7 +10,7 @@
 
 namespace orvel {
 
-Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
+Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), The_Session(session)
 {
     setObjectName("Form_eros");
     setWindowTitle("Erosion parameters");
@@ -18,7 +18,7 @@ Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), Share
     constexpr std::array<const char*, 5> units = {"", "", "", "ha", "h"};
     auto* group = new QGroupBox("Factors of the MUSLE");
     auto* rows = new QFormLayout(group);
-    const auto texts = Show_Erosion(Shared.Scenario);
+    const auto texts = Show_Erosion(The_Session.Scenario);
     for (std::size_t i = 0; i < Factors.size(); ++i) {
         Factors[i] = Named(new Number_Edit(units[i]), QString("Text%1_er").arg(i + 1));
         Factors[i]->setText(Shown(texts[i]));
@@ -35,7 +35,7 @@ void Form_eros::Accept()
     Erosion_Texts texts;
     for (std::size_t i = 0; i < Factors.size(); ++i)
         texts[i] = Factors[i]->Typed();
-    Take_Over_Erosion(Shared, texts);
+    Take_Over_Erosion(The_Session, texts);
     accept();
 }
 

@@ -19,7 +19,7 @@ public:
 private:
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     std::array<Number_Edit*, 5> Factors{}; // Text1_er to Text5_er
 };
 

@@ -41,7 +41,7 @@ QVBoxLayout* Headed(const QString& heading, QListWidget* list)
 
 Form_rot::Form_rot(Session& session, const std::filesystem::path& directory, QWidget* parent)
     : QDialog(parent),
-      Shared(session),
+      The_Session(session),
       Work(Load_Rotation(session.Scenario, Read_Crop_Data(session, directory)))
 {
     setObjectName("Form_rot");
@@ -195,7 +195,7 @@ void Form_rot::Remove()
 
 void Form_rot::Change_Crops()
 {
-    if (Form_DifCrop(Shared, Work, this).exec() == Accepted)
+    if (Form_DifCrop(The_Session, Work, this).exec() == Accepted)
         Show_Rotation(Work.Rows.empty() ? std::nullopt : Selected_Row());
 }
 
@@ -205,10 +205,10 @@ void Form_rot::Accept()
     if (focusWidget() && focusWidget()->parentWidget() == Croping_Dates)
         Leave_Dates();
     if (const auto refusal = Check_Rotation(Work)) {
-        Shared.Ask(refusal->Text);
+        The_Session.Ask(refusal->Text);
         return findChild<QWidget*>(Shown(refusal->Control))->setFocus();
     }
-    Take_Over_Rotation(Shared, Work);
+    Take_Over_Rotation(The_Session, Work);
     accept();
 }
 

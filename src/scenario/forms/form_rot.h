@@ -48,7 +48,7 @@ private:
     void Change_Crops();
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     Rotation_Work Work;
     QListWidget *List_dat = nullptr, *List_rot = nullptr;
     QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr, *Command6 = nullptr;

@@ -33,7 +33,7 @@ Grid_Block Cells_Of(const Horizon_Grid& grid)
 
 } // namespace
 
-form_soil_hor::form_soil_hor(Session& session, QWidget* parent) : QDialog(parent), Shared(session), Loaded(Show_Horizons(session.Scenario))
+form_soil_hor::form_soil_hor(Session& session, QWidget* parent) : QDialog(parent), The_Session(session), Loaded(Show_Horizons(session.Scenario))
 {
     setObjectName("form_soil_hor");
     setWindowTitle("Soil Horizon Parameters");
@@ -48,7 +48,7 @@ void form_soil_hor::Lay_Out()
 {
     Model = new Text_Grid_Model(this);
     Model->Show(Columns_Of(Loaded), Cells_Of(Loaded));
-    Grid_nhor = Named(new Number_Grid(Model, Number_Grid_Rule, Shared.Ask, "Soil horizons"), "Grid_nhor");
+    Grid_nhor = Named(new Number_Grid(Model, Number_Grid_Rule, The_Session.Ask, "Soil horizons"), "Grid_nhor");
     Grid_nhor->Fit_Columns(Column_Width);
     Profile = new Profile_View;
     Caption = Named(new QLabel, "Sum_of_Thickness");
@@ -81,17 +81,17 @@ void form_soil_hor::Show_Profile()
 {
     const auto grid = Entered();
     Profile->Show(Soil_Profile(grid));
-    Caption->setText(QString::fromStdString(Profile_Caption(Shared.Scenario, grid)));
+    Caption->setText(QString::fromStdString(Profile_Caption(The_Session.Scenario, grid)));
 }
 
 void form_soil_hor::Accept()
 {
     const auto grid = Entered();
-    if (const auto refusal = Check_Horizon_Cells(Shared.Scenario, grid)) {
-        Shared.Ask(refusal->Text);
+    if (const auto refusal = Check_Horizon_Cells(The_Session.Scenario, grid)) {
+        The_Session.Ask(refusal->Text);
         return Grid_nhor->setFocus();
     }
-    Sum = Take_Over_Horizons(Shared, grid);
+    Sum = Take_Over_Horizons(The_Session, grid);
     accept();
 }
 

@@ -30,7 +30,7 @@ private:
     void Show_Profile();
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     Horizon_Grid Loaded;
     std::optional<double> Sum;
     Text_Grid_Model* Model = nullptr;

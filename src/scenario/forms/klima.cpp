@@ -22,12 +22,12 @@ constexpr int Rows_Shown = 24;
 
 } // namespace
 
-Klima::Klima(Session& session, std::filesystem::path directory, QWidget* parent) : QDialog(parent), Shared(session), Directory(std::move(directory))
+Klima::Klima(Session& session, std::filesystem::path directory, QWidget* parent) : QDialog(parent), The_Session(session), Directory(std::move(directory))
 {
     setObjectName("Klima");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
-    Shared.Program.CLI_Changed = false;
+    The_Session.Program.CLI_Changed = false;
     lade_klimadatei();
 }
 
@@ -42,16 +42,16 @@ void Klima::Lay_Out()
     texts->addRow("Cell:", Text1);
     connect(Cli_Title, &QLineEdit::textEdited, this, [this] {
         Model->Grid().Set_Title(Cli_Title->Typed());
-        Shared.Program.CLI_Changed = true;
+        The_Session.Program.CLI_Changed = true;
     });
 
-    Model = new Climate_Model(Shared.Climate, this);
-    Grid1 = Named(new Number_Grid(Model, Climate_Grid_Rule, Shared.Ask, "Days of the climate file"), "Grid1");
+    Model = new Climate_Model(The_Session.Climate, this);
+    Grid1 = Named(new Number_Grid(Model, Climate_Grid_Rule, The_Session.Ask, "Days of the climate file"), "Grid1");
     Grid1->Fit_Columns(Number_Width);
     for (int c = 0; c < static_cast<int>(Climate_Grid::Text_Columns); ++c)
         Grid1->setColumnWidth(c, Grid1->columnWidth(c) * 2 / 3);
     connect(Grid1, &Number_Grid::Cell_Entered, this, &Klima::Show_Cell);
-    connect(Grid1, &Number_Grid::Cell_Changed, this, [this] { Shared.Program.CLI_Changed = true; });
+    connect(Grid1, &Number_Grid::Cell_Changed, this, [this] { The_Session.Program.CLI_Changed = true; });
     connect(Model, &QAbstractItemModel::dataChanged, this, &Klima::Show_Cell);
 
     auto* buttons = new QHBoxLayout;
@@ -70,9 +70,9 @@ void Klima::Lay_Out()
 
 void Klima::lade_klimadatei()
 {
-    const auto& name = Shared.Program.PSM_File;
+    const auto& name = The_Session.Program.PSM_File;
     setWindowTitle(name.empty() || name.starts_with('*') ? "Climatic Data Files" : "Climatic Data Files - " + Shown(name));
-    Model->Show(Shared.Climate);
+    Model->Show(The_Session.Climate);
     Cli_Title->setText(Shown(Model->Grid().Title()));
     Grid1->setCurrentIndex(Model->index(0, 0));
     Grid1->setFocus();
@@ -86,23 +86,23 @@ void Klima::Show_Cell()
 
 void Klima::Save()
 {
-    Take_Over_Climate(Shared, Model->Grid());
-    Form_Saving dialog(Shared, Document_Kind::Climate, Directory, this);
+    Take_Over_Climate(The_Session, Model->Grid());
+    Form_Saving dialog(The_Session, Document_Kind::Climate, Directory, this);
     dialog.setWindowTitle(Shown(Climate_Save_Caption));
     if (dialog.exec() == Accepted)
-        setWindowTitle("Climatic Data Files - " + Shown(Shared.Program.PSM_File));
+        setWindowTitle("Climatic Data Files - " + Shown(The_Session.Program.PSM_File));
 }
 
 void Klima::Grafik_Click()
 {
-    Klimagrafik(Model->Grid(), Series_Of_Column(Grid1->currentIndex().column()), Shared.Ask, this).exec();
+    Klimagrafik(Model->Grid(), Series_Of_Column(Grid1->currentIndex().column()), The_Session.Ask, this).exec();
 }
 
 void Klima::done(int result)
 {
-    if (!May_Close(Shared, Shared.Program.CLI_Changed))
+    if (!May_Close(The_Session, The_Session.Program.CLI_Changed))
         return;
-    Shared.Program.CLI_Changed = false;
+    The_Session.Program.CLI_Changed = false;
     QDialog::done(result);
 }
 

@@ -31,7 +31,7 @@ private:
     void Save();
     void Grafik_Click();
 
-    Session& Shared;
+    Session& The_Session;
     std::filesystem::path Directory;
     Climate_Model* Model = nullptr;
     Number_Grid* Grid1 = nullptr;

@@ -8,7 +8,7 @@
 
 namespace orvel {
 
-Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
+Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), The_Session(session)
 {
     setObjectName("Macro");
     setWindowTitle("Macropore Parameters");
@@ -18,7 +18,7 @@ Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), Shared(sessio
     auto* rows = new QFormLayout;
     for (std::size_t i = 0; i < Fields.size(); ++i)
         rows->addRow(captions[i], Fields[i] = Named(new Number_Edit, names[i]));
-    Show_Texts(Show_Macropores(Shared.Scenario));
+    Show_Texts(Show_Macropores(The_Session.Scenario));
 
     auto* buttons = Done_And_Cancel(*this, &Macro::Accept, "Command1", "&OK");
     auto* reset = Push_Button("Reset", "&Default Values", this, [this] { Show_Texts(Default_Macropores()); });
@@ -37,7 +37,7 @@ void Macro::Show_Texts(const Macropore_Texts& texts)
 
 void Macro::Accept()
 {
-    Take_Over_Macropores(Shared, {Fields[0]->Typed(), Fields[1]->Typed(), Fields[2]->Typed()});
+    Take_Over_Macropores(The_Session, {Fields[0]->Typed(), Fields[1]->Typed(), Fields[2]->Typed()});
     accept();
 }
 

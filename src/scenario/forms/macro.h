@@ -20,7 +20,7 @@ private:
     void Show_Texts(const Macropore_Texts& texts);
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     std::array<Number_Edit*, 3> Fields{}; // S_Ic, S_fmac, S_depma
 };
 

@@ -30,25 +30,25 @@ void Show_All(const std::vector<QWidget*>& widgets, bool visible)
 
 } // namespace
 
-Szenario::Szenario(Session& session, std::filesystem::path directory, QWidget* parent) : QDialog(parent), Shared(session), Directory(std::move(directory))
+Szenario::Szenario(Session& session, std::filesystem::path directory, QWidget* parent) : QDialog(parent), The_Session(session), Directory(std::move(directory))
 {
     setObjectName("Szenario");
     setWindowTitle("Scenariofile");
     Lay_Out();
-    Shared.Program.SZE_Changed = false;
+    The_Session.Program.SZE_Changed = false;
     Load();
 }
 
 void Szenario::Load()
 {
     for (const auto name : Scenario_Boxes())
-        Boxes.at(Shown(name))->setText(Shown(Field_Text(Shared.Scenario, name)));
+        Boxes.at(Shown(name))->setText(Shown(Field_Text(The_Session.Scenario, name)));
     Show_View();
 }
 
 void Szenario::Show_View()
 {
-    const auto view = View_Of(Shared.Scenario);
+    const auto view = View_Of(The_Session.Scenario);
     Button_Delxflg->button(view.Compartments)->setChecked(true);
     Show_All(Layer_Widgets, view.Layers_Visible);
     Label2->setText(Shown(view.Thickness));
@@ -78,13 +78,13 @@ bool Szenario::Leave(const QString& name)
 {
     const std::string control = Bytes_Of(name);
     auto* box = Boxes.at(name);
-    const auto refusal = Leave_Field(Shared, control, box->Typed());
+    const auto refusal = Leave_Field(The_Session, control, box->Typed());
     Show_View();
     if (refusal) {
         Refuse(*refusal);
         return false;
     }
-    box->setText(Shown(Field_Text(Shared.Scenario, control)));
+    box->setText(Shown(Field_Text(The_Session.Scenario, control)));
     return true;
 }
 
@@ -99,7 +99,7 @@ bool Szenario::Leave_Current()
 void Szenario::Refuse(const Refusal& refusal)
 {
     Refusing = true;
-    Shared.Ask(refusal.Text);
+    The_Session.Ask(refusal.Text);
     if (auto* control = findChild<QWidget*>(Shown(refusal.Control)))
         control->setFocus();
     Refusing = false;
@@ -121,7 +121,7 @@ void Szenario::Horizons()
         return;
     if (const auto refusal = Check_Open_Horizons(Boxes.at("Text_nhor")->Typed()))
         return Refuse(*refusal);
-    form_soil_hor form(Shared, this);
+    form_soil_hor form(The_Session, this);
     if (form.exec() != Accepted)
         return;
     Load();
@@ -134,29 +134,29 @@ void Szenario::Horizons()
 
 void Szenario::Macropores()
 {
-    if (Leave_Current() && Macro(Shared, this).exec() == Accepted)
+    if (Leave_Current() && Macro(The_Session, this).exec() == Accepted)
         Load();
 }
 
 void Szenario::Erosion_Parameters()
 {
     if (Leave_Current())
-        Form_eros(Shared, this).exec();
+        Form_eros(The_Session, this).exec();
 }
 
 void Szenario::Rotation()
 {
     if (Leave_Current())
-        Form_rot(Shared, Shared.Program.App_Path, this).exec();
+        Form_rot(The_Session, The_Session.Program.App_Path, this).exec();
 }
 
 void Szenario::Save()
 {
     if (!Leave_Current())
         return;
-    if (const auto refusal = Prepare_Save(Shared, Boxes.at("Text_nhor")->Typed()))
+    if (const auto refusal = Prepare_Save(The_Session, Boxes.at("Text_nhor")->Typed()))
         return Refuse(*refusal);
-    Form_Saving dialog(Shared, Document_Kind::Scenario, Directory, this);
+    Form_Saving dialog(The_Session, Document_Kind::Scenario, Directory, this);
     dialog.setWindowTitle(Shown(Scenario_Save_Caption));
     if (dialog.exec() == Accepted)
         QDialog::done(Accepted);
@@ -165,8 +165,8 @@ void Szenario::Save()
 void Szenario::done(int result)
 {
     if (const auto* box = qobject_cast<Byte_Edit*>(focusWidget()); box && Boxes.contains(box->objectName()))
-        Leave_Field(Shared, Bytes_Of(box->objectName()), box->Typed()); // a value that is refused holds nobody back from leaving
-    if (!May_Close(Shared, Shared.Program.SZE_Changed))
+        Leave_Field(The_Session, Bytes_Of(box->objectName()), box->Typed()); // a value that is refused holds nobody back from leaving
+    if (!May_Close(The_Session, The_Session.Program.SZE_Changed))
         return;
     QDialog::done(result);
 }

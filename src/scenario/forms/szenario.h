@@ -60,7 +60,7 @@ private:
     void Rotation();
     void Save();
 
-    Session& Shared;
+    Session& The_Session;
     std::filesystem::path Directory;
     std::map<QString, Byte_Edit*> Boxes;
     std::vector<QWidget*> Layer_Widgets, Kc_Widgets, DOC_Widgets;

@@ -65,7 +65,7 @@ QButtonGroup* Szenario::Options(QFormLayout& rows, const QStringList& names, con
         rows.addRow(option);
     }
     connect(group, &QButtonGroup::idClicked, this, [this, choose](int option) {
-        choose(Shared, option);
+        choose(The_Session, option);
         Show_View();
     });
     return group;
@@ -109,7 +109,7 @@ QGroupBox* Szenario::Soil()
     auto* uptake = Named(new Number_Edit, "Text_peup");
     uptake->setMaximumWidth(fontMetrics().averageCharWidth() * Box_Width * 2);
     rows->addRow("Pesticide &Uptake Factor:", uptake);
-    connect(uptake, &QLineEdit::textEdited, this, [this] { Shared.Program.SZE_Changed = true; });
+    connect(uptake, &QLineEdit::textEdited, this, [this] { The_Session.Program.SZE_Changed = true; });
     return group;
 }
 
@@ -150,7 +150,7 @@ QGroupBox* Szenario::Evapotranspiration()
         Combo_et->addItem(Shown(method));
     rows->addRow("&Calculate ET with:", Combo_et);
     connect(Combo_et, &QComboBox::activated, this, [this](int item) {
-        Choose_Evapotranspiration(Shared, item);
+        Choose_Evapotranspiration(The_Session, item);
         Show_View();
     });
     Add_Row(*rows, "Minimum Depth for ET:", "Text_et_depth", "cm");
@@ -173,7 +173,7 @@ QGroupBox* Szenario::Processes()
         rows->addRow(process);
         Add_Row(*rows, depths[x], "schnelle_Prozesse_Tiefe_" + QString::number(x));
         connect(process, &QCheckBox::clicked, this, [this, x](bool on) {
-            Switch_Process(Shared, x == 0 ? Fast_Process::Runoff : Fast_Process::Macropore_Flow, on);
+            Switch_Process(The_Session, x == 0 ? Fast_Process::Runoff : Fast_Process::Macropore_Flow, on);
             Show_View();
         });
     }
@@ -183,11 +183,11 @@ QGroupBox* Szenario::Processes()
     rows->addRow(doc_check = Named(new QCheckBox("Calculate transport &via DOC"), "doc_check"));
     Add_Row(*rows, "DOC-Content in soil water", "s_DOC", "mg/L");
     connect(Check_er, &QCheckBox::clicked, this, [this](bool on) {
-        Switch_Erosion(Shared, on);
+        Switch_Erosion(The_Session, on);
         Show_View();
     });
     connect(doc_check, &QCheckBox::clicked, this, [this](bool on) {
-        Switch_DOC(Shared, on);
+        Switch_DOC(The_Session, on);
         Show_View();
     });
     return group;
@@ -209,7 +209,7 @@ QGroupBox* Szenario::Output()
         grid->addWidget(frequency, i + 1, 1);
         grid->addWidget(Number_Box(QString("Text%1_freq").arg(i + 1), "Output for every how many layers: " + kinds[kind]), i + 1, 2);
         connect(frequency, &QPushButton::clicked, this, [this, i] {
-            Switch_Frequency(Shared, static_cast<Output_Of>(i));
+            Switch_Frequency(The_Session, static_cast<Output_Of>(i));
             Show_View();
         });
     }

@@ -38,13 +38,13 @@ void Application_Box::Show_Locations()
 
 void Application_Box::Show_View()
 {
-    auto view = View_Of_Applications(Shared, Method());
+    auto view = View_Of_Applications(The_Session, Method());
     if (Chosen_Mode >= 0)
         Show_Chosen_Pattern(view, Chosen_Mode);
     Command1->setVisible(Method() != Application_Method::Soil);
     Applikationsverfahren->setCurrentIndex(view.Relative ? 1 : 0);
     for (auto* list : {Standort, Standort_EFSA}) {
-        list->setCurrentIndex(Shared.Run.App_Current_Location);
+        list->setCurrentIndex(The_Session.Run.App_Current_Location);
         list->setEnabled(!view.Relative);
         list->setToolTip(view.Relative ? "Relative dates hold for all locations." : "");
     }
@@ -106,40 +106,40 @@ bool Application_Box::Leave()
     if (!Text_naps->isModified())
         return true;
     Text_naps->setModified(false);
-    const auto refusal = Leave_Number_Of_Applications(Shared, Text_naps->Typed());
+    const auto refusal = Leave_Number_Of_Applications(The_Session, Text_naps->Typed());
     if (!refusal)
         return true;
-    Show_Refusal(Shared.Ask, *window(), *refusal);
+    Show_Refusal(The_Session.Ask, *window(), *refusal);
     Text_naps->setModified(true); // left again it is refused again
     return false;
 }
 
 void Application_Box::Choose_Dates(int index)
 {
-    Choose_Date_Kind(Shared, static_cast<Date_Kind>(index));
+    Choose_Date_Kind(The_Session, static_cast<Date_Kind>(index));
     Chosen_Mode = -1;
     Show_View();
 }
 
 void Application_Box::Choose_Place(int index)
 {
-    Choose_Location(Shared, index);
+    Choose_Location(The_Session, index);
     Chosen_Mode = -1;
     Show_View();
 }
 
 void Application_Box::Choose_Mode(int index)
 {
-    const auto refusal = Choose_Pattern(Shared, index);
+    const auto refusal = Choose_Pattern(The_Session, index);
     Chosen_Mode = refusal ? -1 : index;
     if (refusal)
-        Show_Refusal(Shared.Ask, *window(), *refusal);
+        Show_Refusal(The_Session.Ask, *window(), *refusal);
     Show_View();
 }
 
 void Application_Box::Change_Year(void (*change)(Session&))
 {
-    change(Shared);
+    change(The_Session);
     Show_View();
 }
 
@@ -149,11 +149,11 @@ void Application_Box::Edit_Locations(bool efsa)
     andere_Standorte form(efsa ? Location_Kind::Soil : Location_Kind::Leaching, list, this);
     if (form.exec() != QDialog::Accepted)
         return;
-    const int entry = Take_Chosen_Locations(Shared, Locations, efsa, form.Loc_Available(), form.Loc_Selected());
+    const int entry = Take_Chosen_Locations(The_Session, Locations, efsa, form.Loc_Available(), form.Loc_Selected());
     Show_Locations();
     Tell_Left_Out(form.Loc_Selected());
-    if (Date_Kind_Of(Shared.Pesticide) == Date_Kind::Absolute)
-        Choose_Location(Shared, entry);
+    if (Date_Kind_Of(The_Session.Pesticide) == Date_Kind::Absolute)
+        Choose_Location(The_Session, entry);
     Chosen_Mode = -1;
     Show_View();
 }
@@ -167,12 +167,12 @@ void Application_Box::Tell_Left_Out(const std::vector<std::string>& selected)
             left_out += "\r\n" + name;
     }
     if (!left_out.empty())
-        Shared.Ask({"Data check", "No more than " + std::to_string(Last_Location) + " locations are possible. Not added:" + left_out});
+        The_Session.Ask({"Data check", "No more than " + std::to_string(Last_Location) + " locations are possible. Not added:" + left_out});
 }
 
 void Application_Box::Edit_Plant_Surface()
 {
-    Plant_App(Shared, Method(), this).exec();
+    Plant_App(The_Session, Method(), this).exec();
 }
 
 void Application_Box::Edit_Manually()
@@ -180,8 +180,8 @@ void Application_Box::Edit_Manually()
     if (!Leave())
         return;
     if (const auto refusal = Check_Manual_Entry(Text_naps->Typed()))
-        return Show_Refusal(Shared.Ask, *window(), *refusal);
-    if (Form_appgrid(Shared, Text_naps->Typed(), Method(), this).exec() != QDialog::Accepted)
+        return Show_Refusal(The_Session.Ask, *window(), *refusal);
+    if (Form_appgrid(The_Session, Text_naps->Typed(), Method(), this).exec() != QDialog::Accepted)
         return;
     Chosen_Mode = -1;
     Show_View();

@@ -58,7 +58,7 @@ private:
     void Edit_Plant_Surface();
     void Edit_Manually();
 
-    Session& Shared;
+    Session& The_Session;
     Location_Lists Locations;
     int Chosen_Mode = -1; // the choice in App_Modus while it stays whatever pattern is found
     std::array<QRadioButton*, 4> App_Flag{};

@@ -38,7 +38,7 @@ QWidget* In_A_Row(std::initializer_list<QWidget*> widgets)
 
 Application_Box::Application_Box(Session& session, Application_Method method, QWidget* parent)
     : QGroupBox("Application", parent),
-      Shared(session),
+      The_Session(session),
       Locations(Load_Location_Lists(session))
 {
     auto* rows = new QFormLayout(this);
@@ -63,8 +63,8 @@ Application_Box::Application_Box(Session& session, Application_Method method, QW
             Leave();
     });
 
-    Load_Applications(Shared);
-    Activate_Applications(Shared, static_cast<int>(Locations.Visible().size()));
+    Load_Applications(The_Session);
+    Activate_Applications(The_Session, static_cast<int>(Locations.Visible().size()));
     Show_Locations();
     Show_View();
 }
@@ -154,7 +154,7 @@ Number_Edit* Application_Box::Number(QFormLayout& rows, const QString& caption, 
 {
     auto* field = Named(new Number_Edit, name);
     rows.addRow(caption, field);
-    connect(field, &QLineEdit::textEdited, this, [this, field, edit] { edit(Shared, field->Typed()); });
+    connect(field, &QLineEdit::textEdited, this, [this, field, edit] { edit(The_Session, field->Typed()); });
     return field;
 }
 
@@ -170,8 +170,8 @@ QGroupBox* Application_Box::Absolute()
         App_Monat->addItem(Shown(Month_Name[month]));
     rows.addRow(Label_Tag = Named(new QLabel, "Label_Tag"), App_Tag);
     rows.addRow(Label_Monat = Named(new QLabel, "Label_Monat"), App_Monat);
-    connect(App_Tag, &QComboBox::activated, this, [this](int index) { Edit_Day(Shared, index); });
-    connect(App_Monat, &QComboBox::activated, this, [this](int index) { Edit_Month(Shared, index); });
+    connect(App_Tag, &QComboBox::activated, this, [this](int index) { Edit_Day(The_Session, index); });
+    connect(App_Monat, &QComboBox::activated, this, [this](int index) { Edit_Month(The_Session, index); });
     Rate = Number(rows, "Application rate (kg/ha)", "Rate", Edit_Rate);
     Tiefe = Number(rows, "Application depth (cm)", "Tiefe", Edit_Depth);
     Interception = Number(rows, "Crop interception (%)", "Interception", Edit_Interception);
@@ -189,10 +189,10 @@ QGroupBox* Application_Box::Relative()
     for (const auto name : Crop_Event_Label)
         Bezugspunkt->addItem(Shown(name));
     connect(Tage, &QComboBox::activated, this, [this](int index) {
-        Edit_Relative_Day(Shared, index);
+        Edit_Relative_Day(The_Session, index);
         Show_View();
     });
-    connect(Bezugspunkt, &QComboBox::activated, this, [this](int index) { Edit_Reference_Point(Shared, index); });
+    connect(Bezugspunkt, &QComboBox::activated, this, [this](int index) { Edit_Reference_Point(The_Session, index); });
     relative_Rate = Number(rows, "Application rate (kg/ha)", "relative_Rate", Edit_Relative_Rate);
     relative_Tiefe = Number(rows, "Application depth (cm)", "relative_Tiefe", Edit_Relative_Depth);
     relative_Interception = Number(rows, "Crop interception (%)", "relative_Interception", Edit_Relative_Interception);

@@ -13,13 +13,13 @@
 
 namespace orvel {
 
-deg_dat::deg_dat(Session& session, QWidget* parent) : QDialog(parent), Shared(session)
+deg_dat::deg_dat(Session& session, QWidget* parent) : QDialog(parent), The_Session(session)
 {
-    const int t = Shared.Program.Transformation_Index;
+    const int t = The_Session.Program.Transformation_Index;
     setObjectName("deg_dat");
     setWindowTitle(Shown(Transformation_Caption(t)));
     Lay_Out();
-    const auto entry = Load_Transformation(Shared.Pesticide, t);
+    const auto entry = Load_Transformation(The_Session.Pesticide, t);
     Soil->Show_Rate(entry.Soil);
     Soil->Select_Rate();
     Photolysis->Show_Rate(entry.Photolysis);
@@ -154,7 +154,7 @@ void deg_dat::Leave_Moisture(Number_Edit& field, void (*leave)(Correction_Texts&
 void deg_dat::Accept()
 {
     Leave_Moistures();
-    Accept_Transformation(Shared, {Soil->Entered(), Photolysis->Entered(), Text13->Typed(), Correction_Typed()});
+    Accept_Transformation(The_Session, {Soil->Entered(), Photolysis->Entered(), Text13->Typed(), Correction_Typed()});
     accept();
 }
 

@@ -35,7 +35,7 @@ private:
     void Leave_Moistures();
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     Rate_Box *Soil = nullptr, *Photolysis = nullptr;
     std::array<QRadioButton*, 3> Korrektur{};
     Number_Edit *Text4 = nullptr, *Text8 = nullptr, *Text5 = nullptr, *Text6 = nullptr, *Text7 = nullptr, *Text9 = nullptr, *Text13 = nullptr;

@@ -27,14 +27,14 @@ Grid_Block Cells_Of(const Application_Grid& grid)
 
 Form_appgrid::Form_appgrid(Session& session, const std::string& text_naps, Application_Method method, QWidget* parent)
     : QDialog(parent),
-      Shared(session),
+      The_Session(session),
       Method(method)
 {
     setObjectName("Form_appgrid");
     setWindowTitle("Application Data");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
-    Show_Grid(Load_Application_Grid(Shared, text_naps, Method));
+    Show_Grid(Load_Application_Grid(The_Session, text_naps, Method));
     AppGrid->Fit_Columns(Characters);
     AppGrid->Go_To(0, Grid_Column::Day);
     resize(sizeHint().boundedTo(screen()->availableSize())); // all columns, on a small screen too
@@ -43,7 +43,7 @@ Form_appgrid::Form_appgrid(Session& session, const std::string& text_naps, Appli
 void Form_appgrid::Lay_Out()
 {
     Model = new Text_Grid_Model(this);
-    AppGrid = Named(new Number_Grid(Model, Application_Grid_Rule, Shared.Ask, "Applications"), "AppGrid");
+    AppGrid = Named(new Number_Grid(Model, Application_Grid_Rule, The_Session.Ask, "Applications"), "AppGrid");
     auto* below = new QHBoxLayout;
     below->addWidget(Push_Button("Command1", "&Same Fractions for all applications", this, &Form_appgrid::Take_Same_Fractions));
     below->addStretch(1);
@@ -78,10 +78,10 @@ void Form_appgrid::Take_Same_Fractions()
 
 void Form_appgrid::Accept()
 {
-    const auto refusal = Accept_Application_Grid(Shared, Grid(), Method);
+    const auto refusal = Accept_Application_Grid(The_Session, Grid(), Method);
     if (!refusal)
         return accept();
-    Shared.Ask(refusal->Text);
+    The_Session.Ask(refusal->Text);
     AppGrid->Go_To(refusal->Row, refusal->Column);
 }
 

@@ -24,7 +24,7 @@ private:
     void Take_Same_Fractions();
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     Application_Method Method;
     Text_Grid_Model* Model = nullptr;
     Number_Grid* AppGrid = nullptr;

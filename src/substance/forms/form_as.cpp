@@ -14,7 +14,7 @@
 
 namespace orvel {
 
-Form_AS::Form_AS(Session& session, QWidget* parent) : QDialog(parent), Shared(session), Before(Keep_Copy(session))
+Form_AS::Form_AS(Session& session, QWidget* parent) : QDialog(parent), The_Session(session), Before(Keep_Copy(session))
 {
     setObjectName("Form_AS");
     setWindowTitle("Active Substance");
@@ -24,10 +24,10 @@ Form_AS::Form_AS(Session& session, QWidget* parent) : QDialog(parent), Shared(se
 
 void Form_AS::Lay_Out()
 {
-    const auto entry = Load_Active(Shared.Pesticide);
-    Fields = new Substance_Fields(Shared, Shared.Program.Substance_Index, *this);
+    const auto entry = Load_Active(The_Session.Pesticide);
+    Fields = new Substance_Fields(The_Session, The_Session.Program.Substance_Index, *this);
     Volatility = new Volatilisation_Box(entry);
-    Applications = new Application_Box(Shared, entry.App_Flag);
+    Applications = new Application_Box(The_Session, entry.App_Flag);
     connect(Applications, &Application_Box::Method_Chosen, Volatility, &Volatilisation_Box::Show_Method);
     Text_comment = Named(new Byte_Edit, "Text_comment");
     Text_comment->setText(Shown(entry.Text_comment));
@@ -72,7 +72,7 @@ void Form_AS::Accept()
         return;
     Active_Entry entry{.Substance = *substance, .Text_comment = Text_comment->Typed(), .App_Flag = Applications->Method()};
     Volatility->Take(entry);
-    if (const auto refusal = Accept_Active(Shared, entry, Applications->Lists())) {
+    if (const auto refusal = Accept_Active(The_Session, entry, Applications->Lists())) {
         Volatility->Show_Pairs(entry.Pairs);
         Applications->Show_View(); // the location and application that were refused
         return Refuse(*refusal);
@@ -82,14 +82,14 @@ void Form_AS::Accept()
 
 void Form_AS::Refuse(const Refusal& refusal)
 {
-    Show_Refusal(Shared.Ask, *this, refusal);
+    Show_Refusal(The_Session.Ask, *this, refusal);
     if (!findChild<QWidget*>(Shown(refusal.Control))->isVisible()) // the days of an irregular list are in its grid
         findChild<QPushButton*>("S_Anwendung")->setFocus();
 }
 
 void Form_AS::reject()
 {
-    Restore_Copy(Shared, Before);
+    Restore_Copy(The_Session, Before);
     QDialog::reject();
 }
 

@@ -28,7 +28,7 @@ private:
     void Refuse(const Refusal& refusal);
     void Show_Minor(bool visible);
 
-    Session& Shared;
+    Session& The_Session;
     const Editor_Copy Before;
     Substance_Fields* Fields = nullptr;
     Volatilisation_Box* Volatility = nullptr;

@@ -20,12 +20,12 @@ constexpr int Kf_Column = 1, First_Factor_Column = 3;
 
 } // namespace
 
-Form_hor::Form_hor(Session& session, int i, int rows, QWidget* parent) : QDialog(parent), Shared(session), Substance(i)
+Form_hor::Form_hor(Session& session, int i, int rows, QWidget* parent) : QDialog(parent), The_Session(session), Substance(i)
 {
     setObjectName("Form_hor");
     setWindowTitle("Depth Dependend Data");
     Lay_Out();
-    Show_Grid(Load_Depth_Grid(Shared.Pesticide, Substance, rows));
+    Show_Grid(Load_Depth_Grid(The_Session.Pesticide, Substance, rows));
     GridHor->Fit_Columns(Characters);
     GridHor->Go_To(0, Kf_Column);
     resize(sizeHint().boundedTo(screen()->availableSize())); // all columns, on a small screen too
@@ -34,7 +34,7 @@ Form_hor::Form_hor(Session& session, int i, int rows, QWidget* parent) : QDialog
 void Form_hor::Lay_Out()
 {
     Model = new Text_Grid_Model(this);
-    GridHor = Named(new Number_Grid(Model, Number_Grid_Rule, Shared.Ask, "Depth dependent values"), "GridHor");
+    GridHor = Named(new Number_Grid(Model, Number_Grid_Rule, The_Session.Ask, "Depth dependent values"), "GridHor");
     auto* defaults = Push_Button("Command1", "&Trans.Factors from AS to MET A1 as Default", this, &Form_hor::Take_Default);
     defaults->setVisible(Substance == 1);
     Default_Note = Named(new QLabel("On OK all transformations of all substances take these factors."), "Default_Note");
@@ -137,8 +137,8 @@ void Form_hor::Show_Default(bool taken)
 
 void Form_hor::Accept()
 {
-    Accept_Depth_Grid(Shared.Pesticide, Substance, Grid());
-    Shared.Program.PSM_Changed = true;
+    Accept_Depth_Grid(The_Session.Pesticide, Substance, Grid());
+    The_Session.Program.PSM_Changed = true;
     accept();
 }
 

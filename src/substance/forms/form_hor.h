@@ -34,7 +34,7 @@ private:
     void Show_Default(bool taken);
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     int Substance;
     std::vector<std::string> Default_Factors; // taken, as long as that is not undone
     Grid_Block Before_Default, After_Default; // cells of the grid

@@ -11,7 +11,7 @@ namespace orvel {
 
 Form_MET::Form_MET(Session& session, QWidget* parent)
     : QDialog(parent),
-      Shared(session),
+      The_Session(session),
       Substance(session.Program.Substance_Index),
       Before(std::make_unique<const Pesticide_Document>(session.Pesticide)),
       Changed_Before(session.Program.PSM_Changed)
@@ -23,7 +23,7 @@ Form_MET::Form_MET(Session& session, QWidget* parent)
 
 void Form_MET::Lay_Out()
 {
-    Fields = new Substance_Fields(Shared, Substance, *this);
+    Fields = new Substance_Fields(The_Session, Substance, *this);
 
     auto* left = new QVBoxLayout;
     left->addWidget(Fields->General());
@@ -45,14 +45,14 @@ void Form_MET::Accept()
     const auto entry = Fields->Entered();
     if (!entry)
         return;
-    Accept_Metabolite(Shared, Substance, *entry);
+    Accept_Metabolite(The_Session, Substance, *entry);
     accept();
 }
 
 void Form_MET::reject()
 {
-    Shared.Pesticide = *Before;
-    Shared.Program.PSM_Changed = Changed_Before;
+    The_Session.Pesticide = *Before;
+    The_Session.Program.PSM_Changed = Changed_Before;
     QDialog::reject();
 }
 

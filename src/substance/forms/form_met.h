@@ -22,7 +22,7 @@ private:
     void Lay_Out();
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     const int Substance;
     const std::unique_ptr<const Pesticide_Document> Before;
     const bool Changed_Before;

@@ -35,15 +35,15 @@ void Place_Beside(QWidget& window, int t, const QRect& head)
 
 } // namespace
 
-Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory, QWidget* parent) : QDialog(parent), Shared(session), Directory(directory)
+Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory, QWidget* parent) : QDialog(parent), The_Session(session), Directory(directory)
 {
     setObjectName("Form_PSM_1");
     setWindowTitle("Metabolization Scheme");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
-    Open_Editor(Shared);
+    Open_Editor(The_Session);
     for (int i = 1; i <= Substances; ++i)
-        Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(Shared.Pesticide, i);
+        Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
     Show_Scheme();
     resize(sizeHint().boundedTo(screen()->availableSize())); // names of substances in full, on a small screen too
 }
@@ -58,7 +58,7 @@ void Form_PSM_1::Lay_Out()
     auto* save = Push_Button("ComSave", "&Save", this, &Form_PSM_1::Save);
     auto* copy = Push_Button("Kopieren", "Copy &Picture", this, [this] { Copy_Picture(View->As_Picture()); });
     auto* keep =
-        Push_Button("Speichern", "Save P&icture", this, [this] { Save_Picture_As(*this, Shared.Ask, View->As_Picture(), "Save Picture", "scheme.png"); });
+        Push_Button("Speichern", "Save P&icture", this, [this] { Save_Picture_As(*this, The_Session.Ask, View->As_Picture(), "Save Picture", "scheme.png"); });
     auto* print = Push_Button("Drucken", "P&rint Picture", this, [this] { Print_Picture(*this, View->As_Picture()); });
     auto* cancel = Push_Button("Com_Exit1", "&Cancel", this, &Form_PSM_1::reject);
 
@@ -77,29 +77,29 @@ void Form_PSM_1::Lay_Out()
 
 void Form_PSM_1::Show_Scheme()
 {
-    View->Show(Shared.Pesticide, Captions);
+    View->Show(The_Session.Pesticide, Captions);
 }
 
 void Form_PSM_1::Edit_Substance(int i)
 {
     if (i == 1) {
-        Open_Active_Substance(Shared);
-        if (Form_AS(Shared, this).exec() != Accepted)
+        Open_Active_Substance(The_Session);
+        if (Form_AS(The_Session, this).exec() != Accepted)
             return;
-        Captions[1] = Box_Caption(Shared.Pesticide, 1);
+        Captions[1] = Box_Caption(The_Session.Pesticide, 1);
         Show_Scheme();
-    } else if (Open_Metabolite(Shared, i) && Form_MET(Shared, this).exec() == Accepted) {
+    } else if (Open_Metabolite(The_Session, i) && Form_MET(The_Session, this).exec() == Accepted) {
         for (int met = 2; met <= Substances; ++met)
-            Captions[static_cast<std::size_t>(met)] = Box_Caption(Shared.Pesticide, met);
+            Captions[static_cast<std::size_t>(met)] = Box_Caption(The_Session.Pesticide, met);
         Show_Scheme();
     }
 }
 
 void Form_PSM_1::Edit_Transformation(int t)
 {
-    if (!Open_Transformation(Shared, t))
+    if (!Open_Transformation(The_Session, t))
         return;
-    deg_dat form(Shared, this);
+    deg_dat form(The_Session, this);
     Place_Beside(form, t, View->Head_On_Screen(t));
     if (form.exec() == Accepted)
         Show_Scheme();
@@ -107,7 +107,7 @@ void Form_PSM_1::Edit_Transformation(int t)
 
 bool Form_PSM_1::Save()
 {
-    Form_Saving saving(Shared, Document_Kind::Pesticide, Directory, this);
+    Form_Saving saving(The_Session, Document_Kind::Pesticide, Directory, this);
     if (saving.exec() != Accepted)
         return false;
     Directory = saving.Save_Target().parent_path();
@@ -117,7 +117,7 @@ bool Form_PSM_1::Save()
 // A save that was given up gives up the changes only if the user says so.
 void Form_PSM_1::Save_And_Exit()
 {
-    Prepare_Save_And_Exit(Shared);
+    Prepare_Save_And_Exit(The_Session);
     if (Save())
         accept();
     else
@@ -126,7 +126,7 @@ void Form_PSM_1::Save_And_Exit()
 
 void Form_PSM_1::reject()
 {
-    if (May_Leave_Editor(Shared))
+    if (May_Leave_Editor(The_Session))
         QDialog::reject();
 }
 

@@ -27,7 +27,7 @@ private:
     bool Save();
     void Save_And_Exit();
 
-    Session& Shared;
+    Session& The_Session;
     std::filesystem::path Directory;
     Per_Substance<std::string> Captions;
     Pathway_View* View = nullptr;

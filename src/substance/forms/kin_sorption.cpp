@@ -17,13 +17,13 @@ constexpr int Converted_Digits = 20; // of a quotient in full
 
 } // namespace
 
-kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent) : QDialog(parent), Shared(session), Substance(i)
+kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent) : QDialog(parent), The_Session(session), Substance(i)
 {
     setObjectName("kin_Sorption");
     setWindowTitle("Kinetic sorption");
     Lay_Out();
     Show_Captions(Designed_Kinetic_Captions);
-    Show_Entry(Load_Kinetic(Shared.Pesticide, Substance));
+    Show_Entry(Load_Kinetic(The_Session.Pesticide, Substance));
     s_f_neq->setFocus();
     s_f_neq->selectAll();
 }
@@ -100,16 +100,16 @@ bool kin_Sorption::eventFilter(QObject* watched, QEvent* event)
 void kin_Sorption::Refuse(const Refusal& refusal)
 {
     Refusing = true;
-    Shared.Ask(refusal.Text);
+    The_Session.Ask(refusal.Text);
     findChild<QWidget*>(Shown(refusal.Control))->setFocus();
     Refusing = false;
 }
 
 void kin_Sorption::Accept()
 {
-    if (const auto refusal = Accept_Kinetic(Shared.Pesticide, Substance, Entry()))
+    if (const auto refusal = Accept_Kinetic(The_Session.Pesticide, Substance, Entry()))
         return Refuse(*refusal);
-    Shared.Program.PSM_Changed = true;
+    The_Session.Program.PSM_Changed = true;
     accept();
 }
 

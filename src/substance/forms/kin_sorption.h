@@ -31,7 +31,7 @@ private:
     void Refuse(const Refusal& refusal);
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     int Substance;
     Kinetic_Model Model = Kinetic_Model::PEARL; // the notation of both texts
     std::array<QRadioButton*, 2> kin_Modell{};

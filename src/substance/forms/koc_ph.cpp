@@ -10,12 +10,12 @@
 
 namespace orvel {
 
-KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent) : QDialog(parent), Shared(session), Substance(i), The_Koc(std::move(text_koc0))
+KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent) : QDialog(parent), The_Session(session), Substance(i), The_Koc(std::move(text_koc0))
 {
     setObjectName("KOC_PH");
     setWindowTitle("pH-dependent sorption");
     Lay_Out();
-    const auto entry = Load_PH(Shared.Pesticide, Substance, The_Koc);
+    const auto entry = Load_PH(The_Session.Pesticide, Substance, The_Koc);
     s_KOC->setText(Shown(entry.s_KOC));
     s_pH->setText(Shown(entry.s_pH));
     s_KOC2->setText(Shown(entry.s_KOC2));
@@ -75,8 +75,8 @@ void KOC_PH::Show_View()
 
 void KOC_PH::Accept()
 {
-    Accept_PH(Shared.Pesticide, Substance, Entry(), The_Koc);
-    Shared.Program.PSM_Changed = true;
+    Accept_PH(The_Session.Pesticide, Substance, Entry(), The_Koc);
+    The_Session.Program.PSM_Changed = true;
     accept();
 }
 

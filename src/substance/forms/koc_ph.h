@@ -30,7 +30,7 @@ private:
     void Show_View();
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     int Substance;
     std::string The_Koc;
     Number_Edit *s_pKa = nullptr, *s_KOC = nullptr, *s_pH = nullptr, *s_KOC2 = nullptr, *s_pH2 = nullptr;

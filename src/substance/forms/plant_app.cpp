@@ -9,12 +9,12 @@
 
 namespace orvel {
 
-Plant_App::Plant_App(Session& session, Application_Method method, QWidget* parent) : QDialog(parent), Shared(session)
+Plant_App::Plant_App(Session& session, Application_Method method, QWidget* parent) : QDialog(parent), The_Session(session)
 {
     setObjectName("Plant_App");
     setWindowTitle("Pesticide Fate on Crops");
     Lay_Out(Shows_Filtration(method));
-    const auto entry = Load_Plant(Shared.Pesticide);
+    const auto entry = Load_Plant(The_Session.Pesticide);
     S_plt_dk->setText(Shown(entry.S_plt_dk));
     S_plt_washoff->setText(Shown(entry.S_plt_washoff));
     S_plt_filtr->setText(Shown(entry.S_plt_filtr));
@@ -48,7 +48,7 @@ void Plant_App::Lay_Out(bool filtration)
 
 void Plant_App::Accept()
 {
-    Accept_Plant(Shared, {.S_plt_dk = S_plt_dk->Typed(),
+    Accept_Plant(The_Session, {.S_plt_dk = S_plt_dk->Typed(),
                           .S_plt_washoff = S_plt_washoff->Typed(),
                           .S_plt_filtr = S_plt_filtr->Typed(),
                           .S_plt_penet = S_plt_penet->Typed(),

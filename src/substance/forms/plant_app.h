@@ -22,7 +22,7 @@ private:
     void Lay_Out(bool filtration);
     void Accept();
 
-    Session& Shared;
+    Session& The_Session;
     Number_Edit *S_plt_dk = nullptr, *S_plt_washoff = nullptr, *S_plt_filtr = nullptr, *S_plt_penet = nullptr, *S_plt_photo = nullptr;
     Number_Edit *S_RefRad = nullptr, *S_dlam = nullptr, *S_Hv = nullptr;
 };

@@ -61,12 +61,12 @@ void Show_Text(QLineEdit& field, std::string_view text)
 
 } // namespace
 
-Substance_Fields::Substance_Fields(Session& session, int i, QDialog& form) : QObject(&form), Shared(session), Substance(i), Form(form)
+Substance_Fields::Substance_Fields(Session& session, int i, QDialog& form) : QObject(&form), The_Session(session), Substance(i), Form(form)
 {
     Lay_Out_General();
     Lay_Out_Sorption();
     Lay_Out_Depth();
-    Show_Entry(Load_Substance(Shared.Pesticide, Substance));
+    Show_Entry(Load_Substance(The_Session.Pesticide, Substance));
     Show_Notes();
 }
 
@@ -193,7 +193,7 @@ void Substance_Fields::Show_View()
 // The note on moisture belongs to the form of a metabolite alone.
 void Substance_Fields::Show_Notes()
 {
-    const auto notes = Notes_Of(Shared.Pesticide, Substance);
+    const auto notes = Notes_Of(The_Session.Pesticide, Substance);
     Rows_Of_Sorption->setRowVisible(label_pH, notes.label_pH);
     Rows_Of_Sorption->setRowVisible(Label_kinSorp, notes.Label_kinSorp);
     Rows_Of_Sorption->setRowVisible(Label_Sorption, notes.Label_Sorption && Substance != Active);
@@ -219,8 +219,8 @@ bool Substance_Fields::Leave_Horizons()
         return true;
     Text_nhor->setModified(false);
     auto entry = Entry();
-    if (const auto refusal = Leave_Number_Of_Horizons(Shared.Pesticide, entry)) {
-        Show_Refusal(Shared.Ask, Form, *refusal);
+    if (const auto refusal = Leave_Number_Of_Horizons(The_Session.Pesticide, entry)) {
+        Show_Refusal(The_Session.Ask, Form, *refusal);
         Text_nhor->setModified(true); // left again it is refused again
         return false;
     }
@@ -237,7 +237,7 @@ std::optional<Substance_Entry> Substance_Fields::Entered()
 
 void Substance_Fields::Edit_PH()
 {
-    KOC_PH form(Shared, Substance, Text_koc0->Typed(), &Form);
+    KOC_PH form(The_Session, Substance, Text_koc0->Typed(), &Form);
     if (form.exec() != QDialog::Accepted)
         return;
     Show_Text(*Text_koc0, form.Text_koc0());
@@ -246,14 +246,14 @@ void Substance_Fields::Edit_PH()
 
 void Substance_Fields::Edit_Kinetics()
 {
-    if (kin_Sorption(Shared, Substance, &Form).exec() == QDialog::Accepted)
+    if (kin_Sorption(The_Session, Substance, &Form).exec() == QDialog::Accepted)
         Show_Notes();
 }
 
 void Substance_Fields::Edit_Horizons()
 {
     if (Leave_Horizons())
-        Form_hor(Shared, Substance, Horizons_Typed(Entry()), &Form).exec();
+        Form_hor(The_Session, Substance, Horizons_Typed(Entry()), &Form).exec();
 }
 
 } // namespace orvel

@@ -51,7 +51,7 @@ private:
     void Edit_Kinetics();
     void Edit_Horizons();
 
-    Session& Shared;
+    Session& The_Session;
     int Substance;
     QDialog& Form;
     bool Kf_Enabled = false;

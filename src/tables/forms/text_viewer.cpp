@@ -77,7 +77,7 @@ Fehler_in_Simulation::Fehler_in_Simulation(std::string_view echo, QWidget* paren
 
 Form_filetext::Form_filetext(const Session& session, std::filesystem::path file, std::string text, QWidget* parent)
     : Text_Viewer("Form_filetext", "", text, parent),
-      Shared(session),
+      The_Session(session),
       File(std::move(file)),
       Stands_There(std::move(text))
 {
@@ -122,14 +122,14 @@ std::optional<std::string> Form_filetext::Bytes()
     cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
     Text().setTextCursor(cursor);
     Text().ensureCursorVisible();
-    Shared.Ask({"Saving Input File", "The file cannot hold the character that is marked."});
+    The_Session.Ask({"Saving Input File", "The file cannot hold the character that is marked."});
     return std::nullopt;
 }
 
 void Form_filetext::Save()
 {
     auto bytes = Bytes();
-    if (bytes && Save_Shown(Shared, File, Stands_There, *bytes))
+    if (bytes && Save_Shown(The_Session, File, Stands_There, *bytes))
         Saved(std::move(*bytes));
 }
 
@@ -145,12 +145,12 @@ try {
     if (!Text().document()->isModified())
         return Copy_Whole(File, target);
     auto bytes = Bytes();
-    if (!bytes || !Save_Shown_As(Shared, target, *bytes))
+    if (!bytes || !Save_Shown_As(The_Session, target, *bytes))
         return;
     File = target;
     Saved(std::move(*bytes));
 } catch (const File_Error& error) {
-    Shared.Ask({"Saving Input File", Bytes_Of(QString::fromUtf8(error.what()))});
+    The_Session.Ask({"Saving Input File", Bytes_Of(QString::fromUtf8(error.what()))});
 }
 
 void Form_filetext::Saved(std::string bytes)
@@ -162,7 +162,7 @@ void Form_filetext::Saved(std::string bytes)
 
 void Form_filetext::done(int result)
 {
-    if (!Text().document()->isModified() || May_Give_Up_Text(Shared))
+    if (!Text().document()->isModified() || May_Give_Up_Text(The_Session))
         Text_Viewer::done(result);
 }
 

@@ -60,7 +60,7 @@ private:
     void Saved(std::string bytes);
     void Show_State();
 
-    const Session& Shared;
+    const Session& The_Session;
     std::filesystem::path File;
     std::string Stands_There; // in the file, as far as this window knows
 };

@@ -19,7 +19,7 @@ constexpr const char* Off_Hint = "Click to swith on the online help.";
 
 } // namespace
 
-Help_Assistant::Help_Assistant(Session& session, QWidget& form) : QObject(&form), Shared(session), Form(form)
+Help_Assistant::Help_Assistant(Session& session, QWidget& form) : QObject(&form), The_Session(session), Form(form)
 {
     Switches = new QWidget;
     auto* row = new QHBoxLayout(Switches);
@@ -80,10 +80,10 @@ bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
     if (inside && Numbers.contains(inside))
         return false;
     if (const auto found = Numbers.find(watched); found != Numbers.end()) {
-        if (Shared.Program.Online_Help)
-            Show_Help(*control, Shown(Help_Text_Of(Shared, found->second)).remove('\r').trimmed());
+        if (The_Session.Program.Online_Help)
+            Show_Help(*control, Shown(Help_Text_Of(The_Session, found->second)).remove('\r').trimmed());
     } else {
-        Show_Help(*control, Shared.Program.Online_Help ? On_Hint : Off_Hint); // needs no file and works with the help off
+        Show_Help(*control, The_Session.Program.Online_Help ? On_Hint : Off_Hint); // needs no file and works with the help off
     }
     return false;
 }
@@ -91,15 +91,15 @@ bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
 // The choice holds on all forms.
 void Help_Assistant::Flip()
 {
-    Shared.Program.Online_Help = !Shared.Program.Online_Help;
+    The_Session.Program.Online_Help = !The_Session.Program.Online_Help;
     Kurzinfo->hide();
     Show_Switches();
 }
 
 void Help_Assistant::Show_Switches()
 {
-    Fragen[0]->setVisible(!Shared.Program.Online_Help);
-    Fragen[1]->setVisible(Shared.Program.Online_Help);
+    Fragen[0]->setVisible(!The_Session.Program.Online_Help);
+    Fragen[1]->setVisible(The_Session.Program.Online_Help);
 }
 
 // Below the control where there is room, and always inside the form.

@@ -31,7 +31,7 @@ private:
     void Show_Switches();
     void Show_Help(const QWidget& control, const QString& text);
 
-    Session& Shared;
+    Session& The_Session;
     QWidget& Form;
     QWidget* Switches = nullptr;
     std::array<QToolButton*, 2> Fragen{}; // 0 is shown while the help is off, 1 while it is on

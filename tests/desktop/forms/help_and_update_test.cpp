@@ -19,9 +19,9 @@ class Help_Assistant_Test : public Window_Test {
 protected:
     Help_Assistant_Test()
     {
-        Shared.Program.Help_Text = {"zero\r\n", "one\r\nsecond line\r\n"};
+        The_Session.Program.Help_Text = {"zero\r\n", "one\r\nsecond line\r\n"};
         Form.resize(300, 200);
-        Assistant = new Help_Assistant(Shared, Form);
+        Assistant = new Help_Assistant(The_Session, Form);
         Button = new QPushButton("control");
         auto* column = new QVBoxLayout(&Form);
         column->addWidget(Button);
@@ -63,12 +63,12 @@ public:
     qint64 Sent = 0;
 };
 
-Message Judged(const QUrl& address, int patience = 8000)
+Message Finished(const QUrl& address, int patience = 8000)
 {
     Update_Fetch fetch;
     Message told;
     bool ended = false;
-    QObject::connect(&fetch, &Update_Fetch::Judged, [&](const Message& message) {
+    QObject::connect(&fetch, &Update_Fetch::Finished, [&](const Message& message) {
         told = message;
         ended = true;
     });
@@ -96,7 +96,7 @@ TEST_F(Help_Assistant_Test, Says_Nothing_While_The_Help_Is_Off)
 TEST_F(Help_Assistant_Test, Shows_The_Text_Of_The_Control_Inside_The_Form_And_Hides_It_Again)
 {
     Click<QToolButton>(Form, "Fragen_0");
-    EXPECT_TRUE(Shared.Program.Online_Help);
+    EXPECT_TRUE(The_Session.Program.Online_Help);
 
     Move_Over(Button);
 
@@ -117,12 +117,12 @@ TEST_F(Help_Assistant_Test, The_Pictures_Change_Places_And_Hint_With_The_Help_Of
     EXPECT_EQ(Box().text(), "Click to swith off the online help.");
 
     Click<QToolButton>(Form, "Fragen_1");
-    EXPECT_FALSE(Shared.Program.Online_Help);
+    EXPECT_FALSE(The_Session.Program.Online_Help);
 }
 
 TEST_F(Help_Assistant_Test, The_Pictures_Follow_A_Switch_On_Another_Form)
 {
-    Shared.Program.Online_Help = true; // as another form leaves it
+    The_Session.Program.Online_Help = true; // as another form leaves it
 
     QEvent back(QEvent::WindowActivate);
     QCoreApplication::sendEvent(&Form, &back);
@@ -133,7 +133,7 @@ TEST_F(Help_Assistant_Test, The_Pictures_Follow_A_Switch_On_Another_Form)
 
 TEST_F(Help_Assistant_Test, Moving_Over_The_Bare_Form_Shows_Nothing)
 {
-    Shared.Program.Online_Help = true;
+    The_Session.Program.Online_Help = true;
 
     Move_Over(&Form);
 
@@ -142,8 +142,8 @@ TEST_F(Help_Assistant_Test, Moving_Over_The_Bare_Form_Shows_Nothing)
 
 TEST_F(Help_Assistant_Test, A_Number_Without_A_Text_Is_Silent)
 {
-    Shared.Program.Online_Help = true;
-    Shared.Program.Help_Text.clear();
+    The_Session.Program.Online_Help = true;
+    The_Session.Program.Help_Text.clear();
 
     Move_Over(Button);
 
@@ -154,18 +154,18 @@ TEST(Update_Fetch, Judges_The_Page_Of_A_Server)
 {
     Small_Server newer(Page("<a href=\"ORVELSUITE_release_20990101.zip\">")), same(Page("<a href=\"ORVELSUITE_release_20120312.zip\">")),
         older(Page("<a href=\"ORVELSUITE_release_20010101.zip\">")), at_the_begin(Page("20990101.zip"));
-    EXPECT_EQ(Judged(newer.Address()).Title, "Update available!");
-    EXPECT_EQ(Judged(same.Address()).Text, "You have the latest version of the software.");
-    EXPECT_EQ(Judged(older.Address()).Text, "You are using an unofficial version of the software.\r\n");
-    EXPECT_EQ(Judged(at_the_begin.Address()).Text, Problem); // within the first 25 characters
+    EXPECT_EQ(Finished(newer.Address()).Title, "Update available!");
+    EXPECT_EQ(Finished(same.Address()).Text, "You have the latest version of the software.");
+    EXPECT_EQ(Finished(older.Address()).Text, "You are using an unofficial version of the software.\r\n");
+    EXPECT_EQ(Finished(at_the_begin.Address()).Text, Problem); // within the first 25 characters
 }
 
 TEST(Update_Fetch, Takes_A_Page_Without_A_Package_And_A_404_As_A_Connection_Problem)
 {
     Small_Server without(Page("nothing here")), missing("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
 
-    EXPECT_EQ(Judged(without.Address()).Text, Problem);
-    EXPECT_EQ(Judged(missing.Address()).Text, Problem);
+    EXPECT_EQ(Finished(without.Address()).Text, Problem);
+    EXPECT_EQ(Finished(missing.Address()).Text, Problem);
 }
 
 TEST(Update_Fetch, Stops_Reading_A_Page_Without_An_End)
@@ -173,7 +173,7 @@ TEST(Update_Fetch, Stops_Reading_A_Page_Without_An_End)
     QByteArray head = "HTTP/1.1 200 OK\r\nContent-Length: 104857600\r\nConnection: close\r\n\r\n";
     Small_Server endless(head + QByteArray(qsizetype(4) << 20, 'x'), 25);
 
-    EXPECT_EQ(Judged(endless.Address()).Text, Problem);
+    EXPECT_EQ(Finished(endless.Address()).Text, Problem);
     EXPECT_LT(endless.Sent, 52428800); // of 100 MB; what is more lay in no buffer
 }
 
@@ -182,7 +182,7 @@ TEST(Update_Fetch, Gives_Up_On_A_Server_That_Does_Not_Answer)
     QTcpServer silent;
     silent.listen(QHostAddress::LocalHost);
 
-    EXPECT_EQ(Judged(QUrl(QString("http://127.0.0.1:%1/").arg(silent.serverPort()))).Text, Problem);
+    EXPECT_EQ(Finished(QUrl(QString("http://127.0.0.1:%1/").arg(silent.serverPort()))).Text, Problem);
 }
 
 TEST(Update_Fetch, Gives_Up_On_A_Server_That_Sends_A_Byte_Now_And_Then)
@@ -197,12 +197,12 @@ TEST(Update_Fetch, Gives_Up_On_A_Server_That_Sends_A_Byte_Now_And_Then)
         drip.start(200);
     });
 
-    EXPECT_EQ(Judged(QUrl(QString("http://127.0.0.1:%1/").arg(slow.serverPort()))).Text, Problem);
+    EXPECT_EQ(Finished(QUrl(QString("http://127.0.0.1:%1/").arg(slow.serverPort()))).Text, Problem);
 }
 
 TEST(Update_Fetch, Says_That_A_Build_Has_No_Address)
 {
-    EXPECT_EQ(Judged(QUrl()).Text, "This build has no address to look for updates.");
+    EXPECT_EQ(Finished(QUrl()).Text, "This build has no address to look for updates.");
 }
 
 TEST(Versionsinfo, Shows_The_Notes_With_Their_Own_Words)

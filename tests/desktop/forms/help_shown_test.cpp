@@ -59,9 +59,9 @@ class Help_Shown : public Window_Test, public testing::WithParamInterface<Shown_
 protected:
     Help_Shown()
     {
-        Shared.Program.App_Path = Home.Path();
-        Shared.Program.Help_Text = Texts_Of_An_Installation();
-        Shared.Program.Online_Help = true;
+        The_Session.Program.App_Path = Home.Path();
+        The_Session.Program.Help_Text = Texts_Of_An_Installation();
+        The_Session.Program.Online_Help = true;
     }
 
     static const std::vector<std::string>& Texts_Of_An_Installation()
@@ -83,16 +83,16 @@ protected:
         std::unique_ptr<QWidget> form;
         switch (GetParam().Form) {
         case Opened::Start:
-            form = std::make_unique<Start>(Shared);
+            form = std::make_unique<Start>(The_Session);
             break;
         case Opened::Run_Form:
-            form = std::make_unique<FOCUS>(Shared, mode);
+            form = std::make_unique<FOCUS>(The_Session, mode);
             break;
         case Opened::Browser:
-            form = std::make_unique<Analyse>(Shared, mode);
+            form = std::make_unique<Analyse>(The_Session, mode);
             break;
         case Opened::List:
-            form = std::make_unique<Simulationsliste>(Shared, mode);
+            form = std::make_unique<Simulationsliste>(The_Session, mode);
             break;
         }
         form->show();
@@ -120,7 +120,7 @@ TEST_P(Help_Shown, When_The_Mouse_Comes_Over_The_Control)
     QTest::mouseMove(control, QPoint(5, std::min(5, control->height() / 2)));
 
     ASSERT_TRUE(QTest::qWaitFor([&] { return box->isVisible(); }, 1000));
-    const QString expected = QString::fromStdString(To_Utf8(Help_Text_Of(Shared, GetParam().Number))).remove('\r').trimmed();
+    const QString expected = QString::fromStdString(To_Utf8(Help_Text_Of(The_Session, GetParam().Number))).remove('\r').trimmed();
     EXPECT_FALSE(expected.isEmpty());
     EXPECT_EQ(box->text().toStdString(), expected.toStdString());
     EXPECT_TRUE(form->rect().contains(box->geometry()));
@@ -130,13 +130,13 @@ class Help_Switched : public Help_Shown {};
 
 TEST_P(Help_Switched, Off_On_The_Start_Form_Is_Off_Here)
 {
-    Start start(Shared);
+    Start start(The_Session);
     start.show();
     Click<QToolButton>(start, "Fragen_1");
     start.hide();
     const auto form = Open();
 
-    EXPECT_FALSE(Shared.Program.Online_Help);
+    EXPECT_FALSE(The_Session.Program.Online_Help);
     EXPECT_TRUE(Find<QToolButton>(*form, "Fragen_0")->isVisible());
     EXPECT_FALSE(Find<QToolButton>(*form, "Fragen_1")->isVisible());
     auto* control = Find<QWidget>(*form, GetParam().Control);

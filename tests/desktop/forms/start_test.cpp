@@ -23,13 +23,13 @@ protected:
         std::filesystem::create_directories(Place / "focus");
         for (const char* name : {"orvel401.exe", "focus/c_apples.sze", "focus/C_indiv.sze", "focus/C_01.cli"})
             Write_Whole(Place / name, "DEM 3 demonstration data\r\n");
-        Shared.Program.App_Path = Place.Path();
+        The_Session.Program.App_Path = Place.Path();
     }
 
     void Open()
     {
-        ASSERT_TRUE(Start_Up(Shared));
-        Form = std::make_unique<Start>(Shared);
+        ASSERT_TRUE(Start_Up(The_Session));
+        Form = std::make_unique<Start>(The_Session);
         Form->show();
         QApplication::processEvents();
     }
@@ -64,7 +64,7 @@ TEST_F(Start_Test, Protects_The_Shipped_Files_Behind_The_First_Paint)
 TEST_F(Start_Test, Has_Its_Size_Again_When_The_Message_Is_Gone)
 {
     Open();
-    Start next(Shared); // shows no message: the files are protected now
+    Start next(The_Session); // shows no message: the files are protected now
     next.show();
 
     EXPECT_EQ(Form->size(), next.size());
@@ -122,7 +122,7 @@ TEST_F(Start_Test, Every_Button_Opens_Its_Form_Over_Itself)
 
         EXPECT_EQ(form, way.Form) << way.Control.toStdString();
         EXPECT_EQ(caption, way.Caption) << way.Control.toStdString();
-        EXPECT_EQ(Shared.Program.File_Mask, way.Mask) << way.Control.toStdString();
+        EXPECT_EQ(The_Session.Program.File_Mask, way.Mask) << way.Control.toStdString();
     }
 }
 

@@ -99,13 +99,13 @@ protected:
 
     Windows_Test()
     {
-        Shared.Program.App_Path = Installation();
-        Start_Up(Shared);
-        Shared.Program.File_Mask = "*.psm";
-        Parse_PSM(Read_Whole(Installation() / "demo_D.psm"), Shared.Pesticide);
-        Reset_SZE(Shared.Scenario);
-        Parse_SZE(Read_Whole(Installation() / "focus/H_wcerea.sze"), Shared.Scenario);
-        Shared.Climate = Parse_CLI(Read_Whole(Installation() / "focus/H_01.cli"));
+        The_Session.Program.App_Path = Installation();
+        Start_Up(The_Session);
+        The_Session.Program.File_Mask = "*.psm";
+        Parse_PSM(Read_Whole(Installation() / "demo_D.psm"), The_Session.Pesticide);
+        Reset_SZE(The_Session.Scenario);
+        Parse_SZE(Read_Whole(Installation() / "focus/H_wcerea.sze"), The_Session.Scenario);
+        The_Session.Climate = Parse_CLI(Read_Whole(Installation() / "focus/H_01.cli"));
     }
 
     static void Orvelctl(const std::string& arguments)
@@ -283,7 +283,7 @@ void Windows_Test::Look_At_All(const QString& picture_suffix)
 {
     for (const auto& opened : All()) {
         SCOPED_TRACE(opened.Name.toStdString());
-        const auto window = opened.Open(Shared);
+        const auto window = opened.Open(The_Session);
         window->show();
         QTest::qWait(50);
         ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));

@@ -15,9 +15,9 @@ class Form_PSM_Open_Test : public Window_Test {
 protected:
     void Open(const std::string& mask = "*.psm", const std::string& directory = {})
     {
-        Shared.Program.App_Path = Place.Path();
-        Shared.Program.File_Mask = mask;
-        Form = std::make_unique<Form_PSM_Open>(Shared, Place.Path() / directory);
+        The_Session.Program.App_Path = Place.Path();
+        The_Session.Program.File_Mask = mask;
+        Form = std::make_unique<Form_PSM_Open>(The_Session, Place.Path() / directory);
         Form->show();
     }
 
@@ -39,7 +39,7 @@ protected:
 TEST_F(Form_PSM_Open_Test, Lists_The_Files_Of_The_Mask_And_Selects_The_One_In_Use)
 {
     Place.Put_Pesticide("second.PSM", {"H"});
-    Shared.Program.PSM_File = "TEST.psm";
+    The_Session.Program.PSM_File = "TEST.psm";
     Open();
 
     EXPECT_EQ(Form->windowTitle(), "Open PSM file");

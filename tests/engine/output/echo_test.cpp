@@ -54,11 +54,11 @@ TEST(Echo, Begins_Anew)
 
 TEST(Echo, A_Users_Text_Is_Tamed)
 {
-    EXPECT_EQ(Tame("An ERROR in WATR"), "An error in watr");
-    EXPECT_EQ(Tame("E R R O R *** PARAMETERS OF x"), "e r r o r *** parameters of x");
-    EXPECT_EQ(Tame("TOTAL COMPARTMENTS IN CORE"), "total compartments in core");
-    EXPECT_EQ(Tame("a\tb\x1f"), "a b ");
-    EXPECT_EQ(Tame("M\xFCller"), "M\xFCller");
+    EXPECT_EQ(Sanitize("An ERROR in WATR"), "An error in watr");
+    EXPECT_EQ(Sanitize("E R R O R *** PARAMETERS OF x"), "e r r o r *** parameters of x");
+    EXPECT_EQ(Sanitize("TOTAL COMPARTMENTS IN CORE"), "total compartments in core");
+    EXPECT_EQ(Sanitize("a\tb\x1f"), "a b ");
+    EXPECT_EQ(Sanitize("M\xFCller"), "M\xFCller");
 }
 
 TEST(Echo, Notes_Never_Hold_The_Word_For_A_Failed_Run)

@@ -18,7 +18,7 @@ namespace {
 
 class Analyse_Test : public Window_Test {
 protected:
-    Analyse_Test() { Shared.Program.App_Path = Place.Path(); }
+    Analyse_Test() { The_Session.Program.App_Path = Place.Path(); }
 
     void Put_Run(const std::filesystem::path& run)
     {
@@ -30,7 +30,7 @@ protected:
     void Open(Mode_Kind mode = Mode_Kind::Focus)
     {
         std::filesystem::create_directories(Place / "focus");
-        Form = std::make_unique<Analyse>(Shared, Mode_Of(mode));
+        Form = std::make_unique<Analyse>(The_Session, Mode_Of(mode));
         Form->show();
     }
 
@@ -91,7 +91,7 @@ TEST_F(Analyse_Test, Shows_The_Decoded_Names_And_Selects_The_Last_Simulation)
 {
     Put_Run("demo_A.run/Apples.run/Hamburg_-_(H).run");
     Put_Run("my--file_-_1.run/Winter_-_cereals.run/Châteaudun_-_(C)--_-_no_-_irrigation.run");
-    Shared.Run.Last_Simulation = {"my,file 1", "Winter cereals", "Ch\xE2teaudun (C), no irrigation"};
+    The_Session.Run.Last_Simulation = {"my,file 1", "Winter cereals", "Ch\xE2teaudun (C), no irrigation"};
 
     Open();
 
@@ -255,7 +255,7 @@ TEST_F(Analyse_Test, Reads_The_Pesticide_File_Of_The_Selected_Entry)
 
     Open();
 
-    EXPECT_EQ(Shared.Pesticide.PSM_Title, "Title of A");
+    EXPECT_EQ(The_Session.Pesticide.PSM_Title, "Title of A");
     EXPECT_TRUE(The_User.Messages.empty());
 }
 

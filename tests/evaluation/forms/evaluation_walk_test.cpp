@@ -167,8 +167,8 @@ protected:
 
     Evaluation_Walk()
     {
-        Shared.Program.App_Path = Installation();
-        Start_Up(Shared);
+        The_Session.Program.App_Path = Installation();
+        Start_Up(The_Session);
     }
 
     static void Orvelctl(const std::string& arguments)
@@ -182,7 +182,7 @@ protected:
 
     void Open(Mode_Kind mode = Mode_Kind::Focus)
     {
-        Browser = std::make_unique<Analyse>(Shared, Mode_Of(mode));
+        Browser = std::make_unique<Analyse>(The_Session, Mode_Of(mode));
         Browser->show();
     }
 

@@ -20,7 +20,7 @@ namespace {
 
 class inout_sel_Test : public Window_Test {
 protected:
-    inout_sel_Test() { Shared.Program.App_Path = Place.Path(); }
+    inout_sel_Test() { The_Session.Program.App_Path = Place.Path(); }
 
     void Put_Run(const std::string& frequency)
     {
@@ -30,7 +30,7 @@ protected:
 
     void Open()
     {
-        Form = std::make_unique<inout_sel>(Shared);
+        Form = std::make_unique<inout_sel>(The_Session);
         Form->show();
     }
 

@@ -20,7 +20,7 @@ class Simulationsliste_Test : public Window_Test {
 protected:
     Simulationsliste_Test()
     {
-        Shared.Program.App_Path = Place.Path();
+        The_Session.Program.App_Path = Place.Path();
         fs::create_directories(Place / "focus");
     }
 
@@ -34,7 +34,7 @@ protected:
 
     void Open()
     {
-        Form = std::make_unique<Simulationsliste>(Shared, Mode_Of(Mode_Kind::Focus));
+        Form = std::make_unique<Simulationsliste>(The_Session, Mode_Of(Mode_Kind::Focus));
         Form->show();
     }
 
@@ -150,7 +150,7 @@ TEST_F(Simulationsliste_Test, Select_Hands_The_Three_Columns_On_And_Closes)
     Click<QPushButton>(*Form, "Auswaehlen");
 
     EXPECT_FALSE(Form->isVisible());
-    EXPECT_EQ(Shared.Run.Last_Simulation, (Simulation_Choice{"my,file", "Winter cereals", "Hamburg (H)"}));
+    EXPECT_EQ(The_Session.Run.Last_Simulation, (Simulation_Choice{"my,file", "Winter cereals", "Hamburg (H)"}));
     EXPECT_EQ(Form->Chosen(), run);
 }
 

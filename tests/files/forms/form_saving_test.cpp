@@ -15,16 +15,16 @@ class Form_Saving_Test : public Window_Test {
 protected:
     Form_Saving_Test()
     {
-        Shared.Program.App_Path = Place.Path();
-        Reset_PSM(Shared.Pesticide);
-        Shared.Pesticide.PSM_Title = "Saved here";
-        Shared.Program.PSM_File = "test.psm";
-        Shared.Program.PSM_Changed = true;
+        The_Session.Program.App_Path = Place.Path();
+        Reset_PSM(The_Session.Pesticide);
+        The_Session.Pesticide.PSM_Title = "Saved here";
+        The_Session.Program.PSM_File = "test.psm";
+        The_Session.Program.PSM_Changed = true;
     }
 
     void Open()
     {
-        Form = std::make_unique<Form_Saving>(Shared, Document_Kind::Pesticide, Place.Path());
+        Form = std::make_unique<Form_Saving>(The_Session, Document_Kind::Pesticide, Place.Path());
         Form->show();
     }
 
@@ -59,8 +59,8 @@ TEST_F(Form_Saving_Test, Writes_A_New_File_Without_A_Question)
 
     EXPECT_TRUE(The_User.Messages.empty());
     EXPECT_TRUE(Holds_The_Document("fresh.psm"));
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
-    EXPECT_EQ(Shared.Program.PSM_File, "fresh.psm");
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Program.PSM_File, "fresh.psm");
     EXPECT_EQ(Form->result(), QDialog::Accepted);
 }
 
@@ -75,7 +75,7 @@ TEST_F(Form_Saving_Test, Asks_Before_A_File_Is_Replaced_And_Leaves_It_On_Any_Ans
     EXPECT_EQ(The_User.Messages[0].Text, "File already exists. Replace?");
     EXPECT_FALSE(Holds_The_Document("test.psm"));
     EXPECT_TRUE(Form->isVisible());
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 
     The_User.Answers = {Button::Yes};
     Save_As("TEST.PSM");
@@ -94,12 +94,12 @@ TEST_F(Form_Saving_Test, A_Read_Only_File_Is_Told_And_The_Dialog_Stays)
     EXPECT_EQ(The_User.Messages[1].Title, "Saving Input File");
     EXPECT_EQ(The_User.Messages[1].Text, "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes.");
     EXPECT_TRUE(Form->isVisible());
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Form_Saving_Test, A_Value_That_The_File_Would_Lose_Is_Told_First)
 {
-    Shared.Pesticide.Molmass[1] = "";
+    The_Session.Pesticide.Molmass[1] = "";
     Open();
 
     Save_As("fresh.psm");
@@ -124,7 +124,7 @@ TEST_F(Form_Saving_Test, A_Name_Of_Another_Kind_And_The_Mask_Are_No_Names)
 TEST_F(Form_Saving_Test, A_Click_Takes_The_Name_Of_A_File_And_A_Double_Click_Saves_Over_It)
 {
     The_User.Answers = {Button::Yes};
-    Shared.Program.PSM_File = "*.psm";
+    The_Session.Program.PSM_File = "*.psm";
     Open();
     auto* list = Find<QListWidget>(*Form, "File1");
     const QPoint first = list->visualItemRect(list->item(0)).center();

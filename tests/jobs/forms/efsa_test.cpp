@@ -17,7 +17,7 @@ class EFSA_Test : public Window_Test {
 protected:
     EFSA_Test()
     {
-        Shared.Program.App_Path = Place.Path();
+        The_Session.Program.App_Path = Place.Path();
         for (const char* mode : {"EFSA", "EFSA_T4"}) {
             Write_Whole(Place / mode / "focuscheck.dat", "checked\r\n");
             Write_Whole(Place / mode / "run.bat", "run\r\n");
@@ -30,8 +30,8 @@ protected:
 
     void Open(Mode_Kind kind)
     {
-        ASSERT_TRUE(Start_Up(Shared));
-        Form = std::make_unique<FOCUS>(Shared, Mode_Of(kind));
+        ASSERT_TRUE(Start_Up(The_Session));
+        Form = std::make_unique<FOCUS>(The_Session, Mode_Of(kind));
         Form->show();
         Choose(*Form, "Crop", "Winter cereals");
         Choose(*Form, "Location", "Total content - North (T_N)");

@@ -23,12 +23,12 @@ namespace {
 
 class FOCUS_Test : public Window_Test {
 protected:
-    FOCUS_Test() { Shared.Program.App_Path = Place.Path(); }
+    FOCUS_Test() { The_Session.Program.App_Path = Place.Path(); }
 
     void Open()
     {
-        ASSERT_TRUE(Start_Up(Shared));
-        Form = std::make_unique<FOCUS>(Shared, Mode_Of(Mode_Kind::Focus));
+        ASSERT_TRUE(Start_Up(The_Session));
+        Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus));
         Form->show();
         Choose(*Form, "Crop", "Maize");
     }
@@ -170,7 +170,7 @@ TEST_F(FOCUS_Test, Mark_All_Passes_Over_Locations_Without_Applications)
 
     Click<QPushButton>(*Form, "Multi_batch");
 
-    EXPECT_EQ(Shared.Run.Job_Dir.size(), 2U); // Sevilla has none
+    EXPECT_EQ(The_Session.Run.Job_Dir.size(), 2U); // Sevilla has none
     EXPECT_TRUE(The_User.Messages.empty());
     EXPECT_EQ(Chosen("Location"), "Hamburg (H)");
     EXPECT_TRUE(Enabled("s_run"));
@@ -247,8 +247,8 @@ TEST_F(FOCUS_Test, Starts_With_The_Users_Own_Output_And_Takes_The_Choice_Over)
     auto* minimum = Find<QRadioButton>(*Form, "Ausgabe_0");
     QTest::mouseClick(minimum, Qt::LeftButton, {}, QPoint(minimum->height() / 2, minimum->height() / 2));
 
-    EXPECT_EQ(Shared.Output[0], (Output_Slot{23, 100, 0}));
-    EXPECT_EQ(Shared.Output[1], Output_Slot());
+    EXPECT_EQ(The_Session.Output[0], (Output_Slot{23, 100, 0}));
+    EXPECT_EQ(The_Session.Output[1], Output_Slot());
 }
 
 TEST_F(FOCUS_Test, Cancel_In_The_Output_Dialog_Keeps_The_Slots_And_Goes_Back_To_Their_Option)
@@ -259,7 +259,7 @@ TEST_F(FOCUS_Test, Cancel_In_The_Output_Dialog_Keeps_The_Slots_And_Goes_Back_To_
 
     Choose_Option(*Form, "Ausgabe_2");
 
-    EXPECT_EQ(Shared.Output[0], (Output_Slot{23, 100, 0}));
+    EXPECT_EQ(The_Session.Output[0], (Output_Slot{23, 100, 0}));
     EXPECT_TRUE(Find<QRadioButton>(*Form, "Ausgabe_0")->isChecked());
 }
 
@@ -269,7 +269,7 @@ TEST_F(FOCUS_Test, Takes_The_Output_Of_The_Last_Run_Only_When_It_Opens_And_The_T
     Write_Whole(Place / "focus/orvel.inp", "001 01 01 31 12 Version 5\r\n..\\..\\..\\H_maize.sze\r\ntest.psm\r\n..\\..\\..\\H_01.cli\r\n"
                                            "00000001 07.\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n");
     Open();
-    EXPECT_EQ(Shared.Output, Minimum_Output());
+    EXPECT_EQ(The_Session.Output, Minimum_Output());
     EXPECT_EQ(Find<QComboBox>(*Form, "L_tildepth")->currentText(), "7");
 
     Choose_Option(*Form, "Ausgabe_1");
@@ -278,7 +278,7 @@ TEST_F(FOCUS_Test, Takes_The_Output_Of_The_Last_Run_Only_When_It_Opens_And_The_T
     QTest::keyClick(Find<QListWidget>(*Form, "Pesticide"), Qt::Key_Delete); // restores the form anew
 
     EXPECT_EQ(Entries("Pesticide").size(), 1);
-    EXPECT_EQ(Shared.Output, Recommended_Output());
+    EXPECT_EQ(The_Session.Output, Recommended_Output());
     EXPECT_EQ(Find<QComboBox>(*Form, "L_tildepth")->currentText(), "7");
 }
 
@@ -314,7 +314,7 @@ TEST_F(FOCUS_Test, Restores_The_Last_Selection_When_It_Opens_Again)
     Choose(*Form, "Location", "Châteaudun (C), irrigated");
     Click<QPushButton>(*Form, "Batchdatei");
 
-    Form = std::make_unique<FOCUS>(Shared, Mode_Of(Mode_Kind::Focus));
+    Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus));
 
     EXPECT_EQ(Chosen("Pesticide"), "test.psm");
     EXPECT_EQ(Chosen("Crop"), "Maize");

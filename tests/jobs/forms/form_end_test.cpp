@@ -21,8 +21,8 @@ class form_end_Test : public Window_Test {
 protected:
     form_end_Test()
     {
-        Shared.Program.App_Path = Place.Path();
-        Shared.Program.Engine_Exe = "orvel401.exe";
+        The_Session.Program.App_Path = Place.Path();
+        The_Session.Program.Engine_Exe = "orvel401.exe";
         std::filesystem::copy_file(Place / "focus/H_maize.sze", Place / "H_maize.sze");
         for (const char* name : {"a.cli", "b.cli"})
             Write_Whole(Place / name, "Title\r\n");
@@ -30,7 +30,7 @@ protected:
 
     void Open()
     {
-        Form = std::make_unique<form_end>(Shared);
+        Form = std::make_unique<form_end>(The_Session);
         Form->show();
     }
 
@@ -104,14 +104,14 @@ TEST_F(form_end_Test, A_Double_Click_On_A_Chosen_File_Opens_Its_Editor)
     auto* climates = Find<QListWidget>(*Form, "List_cli");
 
     EXPECT_EQ(Opened_By_Double_Click(Find<QLabel>(*Form, "Label2_0")), "Form_PSM_1");
-    EXPECT_EQ(Shared.Program.PSM_File, "test.psm");
-    EXPECT_EQ(Shared.Pesticide.PSM_Title, "Demonstration");
+    EXPECT_EQ(The_Session.Program.PSM_File, "test.psm");
+    EXPECT_EQ(The_Session.Pesticide.PSM_Title, "Demonstration");
     EXPECT_EQ(Opened_By_Double_Click(Find<QLabel>(*Form, "Label2_1")), "Szenario");
-    EXPECT_EQ(Shared.Scenario.SZE_Title, "DEM 3 H_maize.sze");
+    EXPECT_EQ(The_Session.Scenario.SZE_Title, "DEM 3 H_maize.sze");
     const QPoint entry = climates->visualItemRect(climates->item(0)).center();
     QTest::mouseClick(climates->viewport(), Qt::LeftButton, {}, entry);
     EXPECT_EQ(Opened_By_Double_Click(climates->viewport(), entry), "Klima");
-    EXPECT_EQ(Shared.Climate.Cli_Title, "Demo");
+    EXPECT_EQ(The_Session.Climate.Cli_Title, "Demo");
     EXPECT_TRUE(The_User.Messages.empty());
 }
 

@@ -55,7 +55,7 @@ TEST_F(Report_Session, The_Ending_Of_The_File_Decides_What_Is_Saved)
     const auto at = [this](const char* name) { return Installation / name; };
 
     for (const char* name : {"r.txt", "r.csv", "r.html", "r.PDF"})
-        EXPECT_TRUE(Save_Report(Shared, Requests(), at(name))) << name;
+        EXPECT_TRUE(Save_Report(The_Session, Requests(), at(name))) << name;
 
     EXPECT_TRUE(Read_File(at("r.txt")).starts_with("FOCUS Summary Output File\r\n"));
     EXPECT_TRUE(Read_File(at("r.csv"))
@@ -63,7 +63,7 @@ TEST_F(Report_Session, The_Ending_Of_The_File_Decides_What_Is_Saved)
                                  "Crop,"));
     EXPECT_TRUE(Read_File(at("r.html")).starts_with("<!DOCTYPE html>"));
     EXPECT_TRUE(Read_File(at("r.PDF")).starts_with("%PDF-"));
-    EXPECT_THROW(Save_Report(Shared, Requests(), at("r.doc")), File_Error);
+    EXPECT_THROW(Save_Report(The_Session, Requests(), at("r.doc")), File_Error);
     EXPECT_FALSE(std::filesystem::exists(at("r.doc")));
 }
 
@@ -73,8 +73,8 @@ TEST_F(Report_Session, A_Text_With_A_Failed_Simulation_Is_Told_And_Nothing_Is_Sa
     std::filesystem::remove(Add_Run("Maize", "Thiva_-_(T)", 1) / "Wasser.orv");
     Write_Whole(Installation / "r.txt", "old");
 
-    EXPECT_FALSE(Save_Report(Shared, Requests(), Installation / "r.txt"));
-    EXPECT_TRUE(Save_Report(Shared, Requests(), Installation / "r.html"));
+    EXPECT_FALSE(Save_Report(The_Session, Requests(), Installation / "r.txt"));
+    EXPECT_TRUE(Save_Report(The_Session, Requests(), Installation / "r.html"));
 
     EXPECT_EQ(Read_File(Installation / "r.txt"), "old");
     ASSERT_EQ(The_User.Messages.size(), 1U);

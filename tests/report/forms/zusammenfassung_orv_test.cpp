@@ -31,7 +31,7 @@ protected:
     void Open()
     {
         Form = std::make_unique<Zusammenfassung_orv>(
-            Shared, Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_A", "Maize", {{"Hamburg (H)", Hamburg.Path()}, {"Thiva (T)", Thiva.Path()}}});
+            The_Session, Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_A", "Maize", {{"Hamburg (H)", Hamburg.Path()}, {"Thiva (T)", Thiva.Path()}}});
         Form->show();
         ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>(*Form, "Ende")->isEnabled(); }));
     }

@@ -15,8 +15,8 @@ class Ausgabe_festlegen_Test : public Window_Test {
 protected:
     Ausgabe_festlegen_Test()
     {
-        Shared.Output = Recommended_Output();
-        Form = std::make_unique<Ausgabe_festlegen>(Shared.Output);
+        The_Session.Output = Recommended_Output();
+        Form = std::make_unique<Ausgabe_festlegen>(The_Session.Output);
         Form->show();
     }
 
@@ -66,21 +66,21 @@ TEST_F(Ausgabe_festlegen_Test, Done_Takes_All_Rows_Over_With_Their_Gaps)
     Choose("Substanz_19", 8);
     Click<QPushButton>(*Form, "OK");
 
-    EXPECT_EQ(Shared.Output[1].Out_Var, 0);
-    EXPECT_EQ(Shared.Output[2], (Output_Slot{3, 30, 0}));
-    EXPECT_EQ(Shared.Output[19], (Output_Slot{23, 0, 8}));
+    EXPECT_EQ(The_Session.Output[1].Out_Var, 0);
+    EXPECT_EQ(The_Session.Output[2], (Output_Slot{3, 30, 0}));
+    EXPECT_EQ(The_Session.Output[19], (Output_Slot{23, 0, 8}));
     EXPECT_FALSE(Form->isVisible());
 }
 
 TEST_F(Ausgabe_festlegen_Test, Offers_Depths_To_200_And_Keeps_A_Deeper_One_Of_A_Run_Control_File)
 {
     EXPECT_EQ(Find<QComboBox>(*Form, "Tiefe_0")->count(), 201);
-    Shared.Output[14].Out_Depth = 250;
-    Form = std::make_unique<Ausgabe_festlegen>(Shared.Output);
+    The_Session.Output[14].Out_Depth = 250;
+    Form = std::make_unique<Ausgabe_festlegen>(The_Session.Output);
 
     Click<QPushButton>(*Form, "OK");
 
-    EXPECT_EQ(Shared.Output[14], (Output_Slot{23, 250, 0}));
+    EXPECT_EQ(The_Session.Output[14], (Output_Slot{23, 250, 0}));
 }
 
 TEST_F(Ausgabe_festlegen_Test, Cancel_Leaves_The_Slots_As_They_Were)
@@ -88,7 +88,7 @@ TEST_F(Ausgabe_festlegen_Test, Cancel_Leaves_The_Slots_As_They_Were)
     Choose("Parameter_0", 5);
     Click<QPushButton>(*Form, "Abbrechen");
 
-    EXPECT_EQ(Shared.Output, Recommended_Output());
+    EXPECT_EQ(The_Session.Output, Recommended_Output());
     EXPECT_FALSE(Form->isVisible());
 }
 

@@ -26,15 +26,15 @@ class Crop_Forms_Test : public Window_Test {
 protected:
     Crop_Forms_Test()
     {
-        Reset_SZE(Shared.Scenario);
-        Shared.Program.SZE_Changed = false;
+        Reset_SZE(The_Session.Scenario);
+        The_Session.Program.SZE_Changed = false;
         Write_Whole(Place / "input.dat", Three_Crops);
-        Shared.Program.App_Path = Place.Path();
+        The_Session.Program.App_Path = Place.Path();
     }
 
     void Open()
     {
-        Form = std::make_unique<Form_rot>(Shared, Place.Path());
+        Form = std::make_unique<Form_rot>(The_Session, Place.Path());
         Form->show();
         QApplication::setActiveWindow(Form.get());
         QApplication::processEvents();
@@ -202,11 +202,11 @@ TEST_F(Crop_Forms_Test, OK_Takes_The_Rotation_And_The_Whole_Crop_Table_Into_The_
     Click<QPushButton>(*Form, "Command5");
 
     EXPECT_FALSE(Form->isVisible());
-    EXPECT_TRUE(Shared.Program.SZE_Changed);
-    ASSERT_EQ(Shared.Scenario.SZE_Rot_Count, 1);
-    EXPECT_EQ(Shared.Scenario.SZE_Crop_Count, 3);
-    EXPECT_EQ(Shared.Scenario.Rotation[0].SZE_Rot_Crop_Index, 3);
-    EXPECT_EQ(Shared.Scenario.Rotation[0].SZE_Har_Year, 2);
+    EXPECT_TRUE(The_Session.Program.SZE_Changed);
+    ASSERT_EQ(The_Session.Scenario.SZE_Rot_Count, 1);
+    EXPECT_EQ(The_Session.Scenario.SZE_Crop_Count, 3);
+    EXPECT_EQ(The_Session.Scenario.Rotation[0].SZE_Rot_Crop_Index, 3);
+    EXPECT_EQ(The_Session.Scenario.Rotation[0].SZE_Har_Year, 2);
 }
 
 TEST_F(Crop_Forms_Test, Return_Leaves_The_Date_Under_Edit_Before_The_Rotation_Is_Taken)
@@ -220,20 +220,20 @@ TEST_F(Crop_Forms_Test, Return_Leaves_The_Date_Under_Edit_Before_The_Rotation_Is
 
     QTest::keyClick(year, Qt::Key_Return);
 
-    ASSERT_EQ(Shared.Scenario.SZE_Rot_Count, 1);
-    EXPECT_EQ(Shared.Scenario.Rotation[0].SZE_Har_Year, 6);
+    ASSERT_EQ(The_Session.Scenario.SZE_Rot_Count, 1);
+    EXPECT_EQ(The_Session.Scenario.Rotation[0].SZE_Har_Year, 6);
 }
 
 TEST_F(Crop_Forms_Test, Cancel_Takes_Nothing)
 {
-    const auto before = Shared.Scenario;
+    const auto before = The_Session.Scenario;
     Open();
     Append("Maize");
 
     Click<QPushButton>(*Form, "Command4");
 
-    EXPECT_EQ(Shared.Scenario, before);
-    EXPECT_FALSE(Shared.Program.SZE_Changed);
+    EXPECT_EQ(The_Session.Scenario, before);
+    EXPECT_FALSE(The_Session.Program.SZE_Changed);
 }
 
 TEST_F(Crop_Forms_Test, A_Year_Beyond_99_Is_Refused_And_Nothing_Is_Lost)
@@ -266,7 +266,7 @@ TEST_F(Crop_Forms_Test, The_Scenario_Editor_Opens_The_Rotation_With_Its_First_Ro
     Append("Maize");
     Append("Potatoes");
     Click<QPushButton>(*Form, "Command5");
-    Szenario editor(Shared, Place.Path());
+    Szenario editor(The_Session, Place.Path());
     editor.show();
     In_Modal([this](QWidget& form) {
         EXPECT_EQ(Find<QListWidget>(form, "List_rot")->count(), 2);
@@ -301,10 +301,10 @@ TEST_F(Crop_Forms_Test, Properties_Of_A_Crop_Are_Edited_For_All_Its_Rows)
     Click<QPushButton>(*Form, "Command6");
     Click<QPushButton>(*Form, "Command5");
 
-    EXPECT_EQ(Shared.Scenario.Crops[0].SZE_Rot_Text1.Number(), 95);
-    EXPECT_EQ(Shared.Scenario.Crops[0].SZE_Rot_Irrigated, 1);
-    EXPECT_EQ(Shared.Scenario.Crops[1].SZE_Rot_Text1.Number(), 60);
-    EXPECT_EQ(Shared.Scenario.SZE_Rot_Count, 3);
+    EXPECT_EQ(The_Session.Scenario.Crops[0].SZE_Rot_Text1.Number(), 95);
+    EXPECT_EQ(The_Session.Scenario.Crops[0].SZE_Rot_Irrigated, 1);
+    EXPECT_EQ(The_Session.Scenario.Crops[1].SZE_Rot_Text1.Number(), 60);
+    EXPECT_EQ(The_Session.Scenario.SZE_Rot_Count, 3);
 }
 
 TEST_F(Crop_Forms_Test, Default_Values_Come_Back_But_For_The_Tillage_Flag)
@@ -362,7 +362,7 @@ TEST_F(Crop_Forms_Test, A_Property_Out_Of_Its_Range_Is_Told_Once_And_Kept)
     Click<QPushButton>(*Form, "Command5");
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"DATA CHECK", "Value must not exceed 100%"})});
-    EXPECT_EQ(Shared.Scenario.Crops[0].SZE_Rot_Interception.Number(), 120);
+    EXPECT_EQ(The_Session.Scenario.Crops[0].SZE_Rot_Interception.Number(), 120);
 }
 
 TEST_F(Crop_Forms_Test, Cancel_Of_The_Properties_Keeps_The_Confirmed_Ones)
@@ -377,7 +377,7 @@ TEST_F(Crop_Forms_Test, Cancel_Of_The_Properties_Keeps_The_Confirmed_Ones)
     Click<QPushButton>(*Form, "Command6");
     Click<QPushButton>(*Form, "Command5");
 
-    EXPECT_EQ(Shared.Scenario.Crops[0].SZE_Rot_Text1.Number(), 80);
+    EXPECT_EQ(The_Session.Scenario.Crops[0].SZE_Rot_Text1.Number(), 80);
 }
 
 } // namespace

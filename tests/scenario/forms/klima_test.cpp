@@ -24,16 +24,16 @@ class Klima_Test : public Window_Test {
 protected:
     Klima_Test()
     {
-        Shared.Climate = {"Demo",
+        The_Session.Climate = {"Demo",
                           {{.Cli_Day = "01", .Cli_Month = "02", .Cli_Year = "81", .Cli_Rain = 1.256, .Cli_Temp_14 = -3},
                            {.Cli_Day = "02", .Cli_Month = "02", .Cli_Year = "81", .Cli_Temp_14 = 4},
                            {.Cli_Day = "  ", .Cli_Month = "  ", .Cli_Year = "  "}}};
-        Shared.Program.PSM_File = "C_01.cli";
+        The_Session.Program.PSM_File = "C_01.cli";
     }
 
     void Open()
     {
-        Form = std::make_unique<Klima>(Shared, Place.Path());
+        Form = std::make_unique<Klima>(The_Session, Place.Path());
         Form->show();
         QApplication::processEvents();
         Grid = Find<QTableView>(*Form, "Grid1");
@@ -98,7 +98,7 @@ TEST_F(Klima_Test, Keys_Change_The_Cell_And_The_Comma_Writes_A_Point)
 
     EXPECT_EQ(Cell(1, Rain), "3.5E-2/");
     EXPECT_EQ(Find<QLineEdit>(*Form, "Text1")->text(), "3.5E-2/");
-    EXPECT_TRUE(Shared.Program.CLI_Changed);
+    EXPECT_TRUE(The_Session.Program.CLI_Changed);
 }
 
 TEST_F(Klima_Test, Done_Without_Edits_Closes_At_Once)
@@ -123,7 +123,7 @@ TEST_F(Klima_Test, Done_After_Edits_Asks_And_Stays_Open_On_No)
 
     EXPECT_FALSE(Form->isVisible());
     EXPECT_EQ(The_User.Messages, (std::vector{Exit_Question, Exit_Question}));
-    EXPECT_EQ(Shared.Climate.Rows[0].Cli_Day, "01");
+    EXPECT_EQ(The_Session.Climate.Rows[0].Cli_Day, "01");
 }
 
 TEST_F(Klima_Test, Escape_Asks_Like_Done)
@@ -149,7 +149,7 @@ TEST_F(Klima_Test, Saves_What_The_Grid_Shows)
 
     EXPECT_EQ(caption, "Save ORVEL 3.22 Climate File");
     EXPECT_EQ(Read_Whole(Place / "mine.cli").substr(0, 27), "Demo\r\n 0102811.2650000 0.00");
-    EXPECT_FALSE(Shared.Program.CLI_Changed);
+    EXPECT_FALSE(The_Session.Program.CLI_Changed);
     EXPECT_EQ(Form->windowTitle(), "Climatic Data Files - mine.cli");
 }
 
@@ -166,7 +166,7 @@ TEST_F(Klima_Test, An_Existing_File_Is_Not_Replaced_Without_A_Yes)
     ASSERT_EQ(The_User.Messages.size(), 1U);
     EXPECT_EQ(The_User.Messages[0].Text, "File already exists. Replace?");
     EXPECT_EQ(Read_Whole(Place / "mine.cli"), "before");
-    EXPECT_TRUE(Shared.Program.CLI_Changed);
+    EXPECT_TRUE(The_Session.Program.CLI_Changed);
 }
 
 TEST_F(Klima_Test, Copies_And_Pastes_A_Block)
@@ -182,7 +182,7 @@ TEST_F(Klima_Test, Copies_And_Pastes_A_Block)
 
     EXPECT_EQ(Cell(0, Rain), "7.5");
     EXPECT_EQ(Cell(1, Rain + 1), "-1");
-    EXPECT_TRUE(Shared.Program.CLI_Changed);
+    EXPECT_TRUE(The_Session.Program.CLI_Changed);
 }
 
 TEST_F(Klima_Test, A_Block_That_Does_Not_Fit_Or_Is_No_Number_Is_Refused_As_A_Whole)
@@ -199,7 +199,7 @@ TEST_F(Klima_Test, A_Block_That_Does_Not_Fit_Or_Is_No_Number_Is_Refused_As_A_Who
     EXPECT_EQ(The_User.Messages[0].Text, "The block does not fit into the grid from this cell on. Nothing was pasted.");
     EXPECT_EQ(The_User.Messages[1].Text, "\"warm\" cannot stand in this column. Nothing was pasted.");
     EXPECT_EQ(Cell(1, Rain), "0.00");
-    EXPECT_FALSE(Shared.Program.CLI_Changed);
+    EXPECT_FALSE(The_Session.Program.CLI_Changed);
 }
 
 TEST_F(Klima_Test, A_Backspace_On_An_Empty_Cell_Changes_Nothing)
@@ -209,7 +209,7 @@ TEST_F(Klima_Test, A_Backspace_On_An_Empty_Cell_Changes_Nothing)
 
     QTest::keyClick(Grid, Qt::Key_Backspace);
 
-    EXPECT_FALSE(Shared.Program.CLI_Changed);
+    EXPECT_FALSE(The_Session.Program.CLI_Changed);
 }
 
 TEST_F(Klima_Test, Undo_Takes_A_Cell_Back_And_The_File_Counts_As_Changed)
@@ -221,7 +221,7 @@ TEST_F(Klima_Test, Undo_Takes_A_Cell_Back_And_The_File_Counts_As_Changed)
     QTest::keyClick(Grid, Qt::Key_Z, Qt::ControlModifier);
 
     EXPECT_EQ(Cell(1, Rain), "0.00");
-    EXPECT_TRUE(Shared.Program.CLI_Changed);
+    EXPECT_TRUE(The_Session.Program.CLI_Changed);
 }
 
 TEST_F(Klima_Test, The_Title_Is_Edited_And_Marks_The_File_Changed)
@@ -230,7 +230,7 @@ TEST_F(Klima_Test, The_Title_Is_Edited_And_Marks_The_File_Changed)
 
     QTest::keyClicks(Find<QLineEdit>(*Form, "Cli_Title"), "!");
 
-    EXPECT_TRUE(Shared.Program.CLI_Changed);
+    EXPECT_TRUE(The_Session.Program.CLI_Changed);
 }
 
 TEST_F(Klima_Test, The_Diagram_Shows_The_Series_Of_The_Current_Column)
@@ -260,7 +260,7 @@ TEST(Klimagrafik_Test, Radiation_And_The_Dates_Have_No_Series_Of_Their_Own)
 
 TEST_F(Klima_Test, Twenty_Five_Thousand_Days_Open_Without_A_Widget_For_Each_Cell)
 {
-    Shared.Climate.Rows.assign(25000, Shared.Climate.Rows[0]);
+    The_Session.Climate.Rows.assign(25000, The_Session.Climate.Rows[0]);
 
     Open();
 

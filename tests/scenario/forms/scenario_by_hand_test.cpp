@@ -34,8 +34,8 @@ protected:
         const std::string command = std::string(ORVELCTL) + " init " + Installation().string() + " >/dev/null";
         if (std::system(command.c_str()) != 0)
             throw std::runtime_error(command);
-        Shared.Program.App_Path = Installation();
-        Start_Up(Shared);
+        The_Session.Program.App_Path = Installation();
+        Start_Up(The_Session);
     }
 
     fs::path Installation() const { return Place / "installation"; }
@@ -70,9 +70,9 @@ protected:
     // A new scenario with two horizons, and maize and potatoes in turn.
     void Make_Scenario(const fs::path& directory, const QString& name)
     {
-        Reset_SZE(Shared.Scenario); // "New File"
-        Shared.Program.PSM_File = "*.sze";
-        Szenario editor(Shared, directory);
+        Reset_SZE(The_Session.Scenario); // "New File"
+        The_Session.Program.PSM_File = "*.sze";
+        Szenario editor(The_Session, directory);
         Show(editor);
         Choose_Option(editor, "Button_Delxflg_1");
         Click<QPushButton>(editor, "Label_wat"); // monthly becomes yearly
@@ -109,8 +109,8 @@ protected:
     // Opens a climate file, puts a title and the rain of its tenth day in, and saves it under another name.
     void Change_Climate(const fs::path& from, const fs::path& directory, const QString& name, const QString& rain)
     {
-        ASSERT_TRUE(Open_Document(Shared, from));
-        Klima editor(Shared, directory);
+        ASSERT_TRUE(Open_Document(The_Session, from));
+        Klima editor(The_Session, directory);
         Show(editor);
         Retype(editor, "Cli_Title", "Rain by hand");
         Type_Over(*Find<Number_Grid>(editor, "Grid1"), 9, Rain_Column, rain);
@@ -138,7 +138,7 @@ protected:
 TEST_F(Scenario_By_Hand, Two_Crops_Saved_As_An_Individual_File_Are_Simulated_As_Individual_Crop)
 {
     Make_Scenario(Installation() / "focus", "H_indiv.sze");
-    FOCUS form(Shared, Mode_Of(Mode_Kind::Focus));
+    FOCUS form(The_Session, Mode_Of(Mode_Kind::Focus));
     Show(form);
     Choose(form, "Pesticide", "demo_D.psm");
     Choose(form, "Crop", "Individual crop");
@@ -147,7 +147,7 @@ TEST_F(Scenario_By_Hand, Two_Crops_Saved_As_An_Individual_File_Are_Simulated_As_
     Click<QPushButton>(form, "s_run");
     ASSERT_TRUE(The_User.Messages.empty()) << The_User.Messages[0].Text;
     const auto run = Installation() / "focus/demo_D.run/Individual_-_crop.run/Hamburg_-_(H).run";
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !Job_Running(Shared, Mode_Of(Mode_Kind::Focus)) && fs::exists(run / "echo.orv"); }, Most_Waiting));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Job_Running(The_Session, Mode_Of(Mode_Kind::Focus)) && fs::exists(run / "echo.orv"); }, Most_Waiting));
 
     const std::string echo = Read_Whole(run / "echo.orv");
     EXPECT_NE(echo.find("*** SIMULATION COMPLETED ***"), std::string::npos);
@@ -167,7 +167,7 @@ TEST_F(Scenario_By_Hand, A_Climate_File_Edited_In_The_Grid_Reaches_The_Run)
         other_days += day == 9 || before.Rows[day].Cli_Day == "  " ? 0 : before.Rows[day].Cli_Rain;
     Change_Climate(original, Installation(), "wet.cli", "7.5");
     Make_Scenario(Installation(), "mine.sze");
-    form_end form(Shared);
+    form_end form(The_Session);
     Show(form);
     Choose(form, "File_psm", "demo_D.psm");
     Choose(form, "File_sce", "mine.sze");

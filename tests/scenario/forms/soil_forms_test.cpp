@@ -21,8 +21,8 @@ class Soil_Forms_Test : public Window_Test {
 protected:
     Soil_Forms_Test()
     {
-        Reset_SZE(Shared.Scenario);
-        auto& document = Shared.Scenario;
+        Reset_SZE(The_Session.Scenario);
+        auto& document = The_Session.Scenario;
         document.SZE_Core_Depth = 100;
         document.SZE_Layers = 20;
         document.SZE_Horizons = 2;
@@ -34,7 +34,7 @@ protected:
             horizon.SZE_Hor_OC = 1.2;
         }
         document.SZE_ET_Method = 0;
-        Shared.Program.SZE_Changed = false;
+        The_Session.Program.SZE_Changed = false;
     }
 
     Number_Grid* Grid(const QWidget& form) { return Find<Number_Grid>(form, "Grid_nhor"); }
@@ -56,7 +56,7 @@ protected:
 
 TEST_F(Soil_Forms_Test, Horizons_Are_Edited_By_Keys_And_Taken_Over)
 {
-    form_soil_hor form(Shared);
+    form_soil_hor form(The_Session);
     form.show();
     EXPECT_EQ(form.windowTitle(), "Soil Horizon Parameters");
     EXPECT_EQ(Cell(form, 1, 0), "Horizon 2");
@@ -68,28 +68,28 @@ TEST_F(Soil_Forms_Test, Horizons_Are_Edited_By_Keys_And_Taken_Over)
     Click<QPushButton>(form, "Command2");
 
     EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(Shared.Scenario.Horizons[0].SZE_Hor_Thickness.Number(), 30);
-    EXPECT_EQ(Shared.Scenario.Horizons[1].SZE_Hor_OC.Number(), 0.5);
-    EXPECT_TRUE(Shared.Program.SZE_Changed);
+    EXPECT_EQ(The_Session.Scenario.Horizons[0].SZE_Hor_Thickness.Number(), 30);
+    EXPECT_EQ(The_Session.Scenario.Horizons[1].SZE_Hor_OC.Number(), 0.5);
+    EXPECT_TRUE(The_Session.Program.SZE_Changed);
     EXPECT_FALSE(form.New_Depth());
 }
 
 TEST_F(Soil_Forms_Test, Cancel_Leaves_The_Horizons_As_They_Were)
 {
-    const auto before = Shared.Scenario;
-    form_soil_hor form(Shared);
+    const auto before = The_Session.Scenario;
+    form_soil_hor form(The_Session);
     form.show();
 
     Type(form, 0, Thickness, "30");
     Click<QPushButton>(form, "Command1");
 
-    EXPECT_EQ(Shared.Scenario, before);
-    EXPECT_FALSE(Shared.Program.SZE_Changed);
+    EXPECT_EQ(The_Session.Scenario, before);
+    EXPECT_FALSE(The_Session.Program.SZE_Changed);
 }
 
 TEST_F(Soil_Forms_Test, A_Wilting_Point_Above_Field_Capacity_Is_Refused_And_An_Equal_One_Passes)
 {
-    form_soil_hor form(Shared);
+    form_soil_hor form(The_Session);
     form.show();
     Type(form, 1, Wilting, "0.4");
 
@@ -97,17 +97,17 @@ TEST_F(Soil_Forms_Test, A_Wilting_Point_Above_Field_Capacity_Is_Refused_And_An_E
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data Check", "Horizon 2: Wilting point must not exceed field capacity"})});
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(Grid(form)->currentIndex(), Grid(form)->model()->index(1, Wilting));
-    EXPECT_EQ(Shared.Scenario.Horizons[1].SZE_Hor_WP.Number(), 0.1);
+    EXPECT_EQ(The_Session.Scenario.Horizons[1].SZE_Hor_WP.Number(), 0.1);
     Type(form, 1, Capacity, "0.4");
     Click<QPushButton>(form, "Command2");
 
     EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(Shared.Scenario.Horizons[1].SZE_Hor_WP.Number(), 0.4);
+    EXPECT_EQ(The_Session.Scenario.Horizons[1].SZE_Hor_WP.Number(), 0.4);
 }
 
 TEST_F(Soil_Forms_Test, The_Profile_And_Its_Sum_Follow_The_Thickness_While_It_Is_Typed)
 {
-    form_soil_hor form(Shared);
+    form_soil_hor form(The_Session);
     form.show();
     EXPECT_EQ(Find<QLabel>(form, "Sum_of_Thickness")->text(), "Sum of thickness: 100 cm");
 
@@ -118,7 +118,7 @@ TEST_F(Soil_Forms_Test, The_Profile_And_Its_Sum_Follow_The_Thickness_While_It_Is
 
 TEST_F(Soil_Forms_Test, A_Click_Into_The_Profile_Goes_To_The_Horizon)
 {
-    form_soil_hor form(Shared);
+    form_soil_hor form(The_Session);
     form.show();
     auto* profile = Find<Profile_View>(form, "Profile");
 
@@ -129,7 +129,7 @@ TEST_F(Soil_Forms_Test, A_Click_Into_The_Profile_Goes_To_The_Horizon)
 
 TEST_F(Soil_Forms_Test, A_Horizon_Is_Copied_From_The_One_Above)
 {
-    form_soil_hor form(Shared);
+    form_soil_hor form(The_Session);
     form.show();
     Type(form, 0, Carbon, "2.5");
     QTest::keyClick(Grid(form), Qt::Key_Down);
@@ -141,7 +141,7 @@ TEST_F(Soil_Forms_Test, A_Horizon_Is_Copied_From_The_One_Above)
 
 TEST_F(Soil_Forms_Test, Another_Sum_Of_Thickness_Stands_In_The_Core_Depth_And_Is_Saved_When_That_Is_Left)
 {
-    Szenario editor(Shared, ".");
+    Szenario editor(The_Session, ".");
     editor.show();
     QApplication::processEvents();
     In_Modal([this](QWidget& form) {
@@ -152,16 +152,16 @@ TEST_F(Soil_Forms_Test, Another_Sum_Of_Thickness_Stands_In_The_Core_Depth_And_Is
     Click<QPushButton>(editor, "Command4");
 
     EXPECT_EQ(Find<QLineEdit>(editor, "Text_cor")->text(), "120");
-    EXPECT_EQ(Shared.Scenario.SZE_Core_Depth, 100);
+    EXPECT_EQ(The_Session.Scenario.SZE_Core_Depth, 100);
     QApplication::setActiveWindow(&editor); // as window managers do
     QTest::keyClick(Find<QLineEdit>(editor, "Text_cor"), Qt::Key_Tab);
-    EXPECT_EQ(Shared.Scenario.SZE_Core_Depth, 120);
+    EXPECT_EQ(The_Session.Scenario.SZE_Core_Depth, 120);
     EXPECT_EQ(Find<QLabel>(editor, "Label2")->text(), "6.00");
 }
 
 TEST_F(Soil_Forms_Test, More_Horizons_In_The_Editor_Are_More_Rows_Of_The_Table)
 {
-    Szenario editor(Shared, ".");
+    Szenario editor(The_Session, ".");
     editor.show();
     QApplication::processEvents();
     Retype(editor, "Text_nhor", "3");
@@ -175,8 +175,8 @@ TEST_F(Soil_Forms_Test, More_Horizons_In_The_Editor_Are_More_Rows_Of_The_Table)
 
 TEST_F(Soil_Forms_Test, Erosion_Factors_Are_Stored_By_OK_And_A_Factor_Of_Zero_Is_An_Empty_Box)
 {
-    Shared.Scenario.SZE_Eros_2 = 0;
-    Szenario editor(Shared, ".");
+    The_Session.Scenario.SZE_Eros_2 = 0;
+    Szenario editor(The_Session, ".");
     editor.show();
     Choose_Option(editor, "Check_er");
     In_Modal([](QWidget& form) {
@@ -190,14 +190,14 @@ TEST_F(Soil_Forms_Test, Erosion_Factors_Are_Stored_By_OK_And_A_Factor_Of_Zero_Is
 
     Click<QPushButton>(editor, "Command_er");
 
-    EXPECT_EQ(Shared.Scenario.SZE_Eros_K.Number(), 0.3);
-    EXPECT_EQ(Shared.Scenario.SZE_Eros_2.Number(), 0);
-    EXPECT_EQ(Shared.Scenario.SZE_Eros_5, 2);
+    EXPECT_EQ(The_Session.Scenario.SZE_Eros_K.Number(), 0.3);
+    EXPECT_EQ(The_Session.Scenario.SZE_Eros_2.Number(), 0);
+    EXPECT_EQ(The_Session.Scenario.SZE_Eros_5, 2);
 }
 
 TEST_F(Soil_Forms_Test, Macropore_Limits_Correct_Silently_And_The_Editor_Shows_The_Depth)
 {
-    Szenario editor(Shared, ".");
+    Szenario editor(The_Session, ".");
     editor.show();
     Choose_Option(editor, "schnelle_Prozesse_1");
     In_Modal([](QWidget& form) {
@@ -210,15 +210,15 @@ TEST_F(Soil_Forms_Test, Macropore_Limits_Correct_Silently_And_The_Editor_Shows_T
     Click<QPushButton>(editor, "Command_macro");
 
     EXPECT_TRUE(The_User.Messages.empty());
-    EXPECT_EQ(Shared.Scenario.SZE_Macro_Threshold, 100);
-    EXPECT_EQ(Shared.Scenario.SZE_Macro_Fraction, 1);
+    EXPECT_EQ(The_Session.Scenario.SZE_Macro_Threshold, 100);
+    EXPECT_EQ(The_Session.Scenario.SZE_Macro_Fraction, 1);
     EXPECT_EQ(Find<QLineEdit>(editor, "schnelle_Prozesse_Tiefe_1")->text(), "95");
 }
 
 TEST_F(Soil_Forms_Test, The_Reset_Of_The_Macropores_Fills_The_Boxes_And_Cancel_Stores_Nothing)
 {
-    Shared.Scenario.SZE_Macro_Fraction = 0.5;
-    Macro form(Shared);
+    The_Session.Scenario.SZE_Macro_Fraction = 0.5;
+    Macro form(The_Session);
     form.show();
 
     Click<QPushButton>(form, "Reset");
@@ -226,7 +226,7 @@ TEST_F(Soil_Forms_Test, The_Reset_Of_The_Macropores_Fills_The_Boxes_And_Cancel_S
     EXPECT_EQ(Find<QLineEdit>(form, "S_fmac")->text(), "0.0");
     Click<QPushButton>(form, "Command2");
 
-    EXPECT_EQ(Shared.Scenario.SZE_Macro_Fraction, 0.5);
+    EXPECT_EQ(The_Session.Scenario.SZE_Macro_Fraction, 0.5);
 }
 
 } // namespace

@@ -19,8 +19,8 @@ class Szenario_Test : public Window_Test {
 protected:
     Szenario_Test()
     {
-        Reset_SZE(Shared.Scenario);
-        auto& document = Shared.Scenario;
+        Reset_SZE(The_Session.Scenario);
+        auto& document = The_Session.Scenario;
         document.SZE_Title = " Demo soil";
         document.SZE_Core_Depth = 100;
         document.SZE_Layers = 40;
@@ -32,13 +32,13 @@ protected:
         document.SZE_Out_Every_Water = document.SZE_Out_Every_Solute = document.SZE_Out_Every_Conc = 1;
         document.SZE_Erosion = document.SZE_Runoff = document.SZE_Macropore = document.SZE_ET_Method = 0;
         document.SZE_Water_Flag = 0;
-        Shared.Program.PSM_File = "mine.sze";
-        Shared.Program.SZE_Changed = false;
+        The_Session.Program.PSM_File = "mine.sze";
+        The_Session.Program.SZE_Changed = false;
     }
 
     void Open()
     {
-        Form = std::make_unique<Szenario>(Shared, Place.Path());
+        Form = std::make_unique<Szenario>(The_Session, Place.Path());
         Form->show();
         QApplication::processEvents();
     }
@@ -83,7 +83,7 @@ TEST_F(Szenario_Test, Shows_The_Document)
     EXPECT_EQ(Control<QLineEdit>("Text_cor")->text().trimmed(), "100");
     EXPECT_EQ(Control<QLabel>("Label2")->text(), "2.50");
     EXPECT_EQ(Control<QComboBox>("Combo_et")->itemText(3), "Haude equation");
-    EXPECT_FALSE(Shared.Program.SZE_Changed);
+    EXPECT_FALSE(The_Session.Program.SZE_Changed);
 }
 
 TEST_F(Szenario_Test, Leaving_The_Number_Of_Layers_Shows_Their_Thickness)
@@ -92,9 +92,9 @@ TEST_F(Szenario_Test, Leaving_The_Number_Of_Layers_Shows_Their_Thickness)
 
     Retype("Text_num", "50");
 
-    EXPECT_EQ(Shared.Scenario.SZE_Layers, 50);
+    EXPECT_EQ(The_Session.Scenario.SZE_Layers, 50);
     EXPECT_EQ(Control<QLabel>("Label2")->text(), "2.00");
-    EXPECT_TRUE(Shared.Program.SZE_Changed);
+    EXPECT_TRUE(The_Session.Program.SZE_Changed);
 }
 
 TEST_F(Szenario_Test, A_Core_Depth_Of_Zero_Is_Refused_And_The_Focus_Goes_Back)
@@ -142,14 +142,14 @@ TEST_F(Szenario_Test, Compartments_By_Depth_Hide_The_Layers)
 
     Click<QRadioButton>(*Form, "Button_Delxflg_0");
 
-    EXPECT_EQ(Shared.Scenario.SZE_Delxflg, 0);
+    EXPECT_EQ(The_Session.Scenario.SZE_Delxflg, 0);
     EXPECT_FALSE(Control<QLineEdit>("Text_num")->isVisible());
     EXPECT_FALSE(Control<QLabel>("Label2")->isVisible());
 }
 
 TEST_F(Szenario_Test, Haude_Hides_The_Kc_Factors_And_The_Minimum_Depth)
 {
-    Shared.Scenario.SZE_ET_Method = 3;
+    The_Session.Scenario.SZE_ET_Method = 3;
 
     Open();
 
@@ -160,15 +160,15 @@ TEST_F(Szenario_Test, Haude_Hides_The_Kc_Factors_And_The_Minimum_Depth)
 
 TEST_F(Szenario_Test, Water_Flag_Three_Shows_Restricted_Drainage_And_Macropores_Which_Cleared_Leave_One)
 {
-    Shared.Scenario.SZE_Water_Flag = 3;
-    Shared.Scenario.SZE_Macropore = 1;
+    The_Session.Scenario.SZE_Water_Flag = 3;
+    The_Session.Scenario.SZE_Macropore = 1;
     Open();
     EXPECT_TRUE(Control<QRadioButton>("Wasserfluss_1")->isChecked());
     EXPECT_TRUE(Control<QPushButton>("Command_macro")->isVisible());
 
     Tick("schnelle_Prozesse_1");
 
-    EXPECT_EQ(Shared.Scenario.SZE_Water_Flag.Number(), 1);
+    EXPECT_EQ(The_Session.Scenario.SZE_Water_Flag.Number(), 1);
     EXPECT_FALSE(Control<QPushButton>("Command_macro")->isVisible());
     EXPECT_FALSE(Control<QLineEdit>("schnelle_Prozesse_Tiefe_1")->isVisible());
 }
@@ -184,12 +184,12 @@ TEST_F(Szenario_Test, Erosion_Forces_Runoff_On_And_Cleared_Leaves_It_On)
 
     EXPECT_EQ(Control<QCheckBox>("schnelle_Prozesse_0")->checkState(), Qt::Checked);
     EXPECT_FALSE(Control<QPushButton>("Command_er")->isVisible());
-    EXPECT_EQ(Shared.Scenario.SZE_Runoff, 1);
+    EXPECT_EQ(The_Session.Scenario.SZE_Runoff, 1);
 }
 
 TEST_F(Szenario_Test, A_Click_On_A_Frequency_Switches_It_Round)
 {
-    Shared.Scenario.SZE_Freq_Water = std::string("MNTH");
+    The_Session.Scenario.SZE_Freq_Water = std::string("MNTH");
     Open();
 
     Click<QPushButton>(*Form, "Label_wat");
@@ -197,23 +197,23 @@ TEST_F(Szenario_Test, A_Click_On_A_Frequency_Switches_It_Round)
     Click<QPushButton>(*Form, "Label_wat");
 
     EXPECT_EQ(Control<QPushButton>("Label_wat")->text(), "Daily");
-    EXPECT_EQ(Shared.Scenario.SZE_Freq_Water.Text(), " DAY");
+    EXPECT_EQ(The_Session.Scenario.SZE_Freq_Water.Text(), " DAY");
 }
 
 TEST_F(Szenario_Test, The_Uptake_Factor_Only_Marks_The_Document_Changed)
 {
     Open();
-    const auto before = Shared.Scenario;
+    const auto before = The_Session.Scenario;
 
     QTest::keyClicks(Control<QLineEdit>("Text_peup"), "1");
 
-    EXPECT_TRUE(Shared.Program.SZE_Changed);
-    EXPECT_EQ(Shared.Scenario, before);
+    EXPECT_TRUE(The_Session.Program.SZE_Changed);
+    EXPECT_EQ(The_Session.Scenario, before);
 }
 
 TEST_F(Szenario_Test, Horizons_That_Do_Not_Reach_The_Core_Depth_Are_Not_Saved)
 {
-    Shared.Scenario.Horizons[2].SZE_Hor_Thickness = 39.99;
+    The_Session.Scenario.Horizons[2].SZE_Hor_Thickness = 39.99;
     Open();
 
     Click<QPushButton>(*Form, "Command1");

@@ -28,8 +28,8 @@ protected:
 
     void Open()
     {
-        Open_Active_Substance(Shared);
-        Form = std::make_unique<Form_AS>(Shared);
+        Open_Active_Substance(The_Session);
+        Form = std::make_unique<Form_AS>(The_Session);
         Form->show();
         QApplication::setActiveWindow(Form.get());
     }
@@ -52,7 +52,7 @@ protected:
     int Count(int location) const { return static_cast<int>(Document.App_Count[static_cast<std::size_t>(location)].Number()); }
     const Application& At(int location, int a) const { return Document.Applications[static_cast<std::size_t>(location)][static_cast<std::size_t>(a)]; }
 
-    Pesticide_Document& Document = Shared.Pesticide;
+    Pesticide_Document& Document = The_Session.Pesticide;
     std::unique_ptr<Form_AS> Form;
 };
 

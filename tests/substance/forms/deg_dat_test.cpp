@@ -12,17 +12,17 @@ namespace {
 
 class deg_dat_Test : public Window_Test {
 protected:
-    deg_dat_Test() { Reset_PSM(Shared.Pesticide); }
+    deg_dat_Test() { Reset_PSM(The_Session.Pesticide); }
 
     void Open(int t)
     {
-        Shared.Program.Transformation_Index = static_cast<std::int16_t>(t);
-        Form = std::make_unique<deg_dat>(Shared);
+        The_Session.Program.Transformation_Index = static_cast<std::int16_t>(t);
+        Form = std::make_unique<deg_dat>(The_Session);
         Form->show();
         QApplication::setActiveWindow(Form.get());
     }
 
-    Degradation_Row& Row(int i, int j) { return Shared.Pesticide.Degradation[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]; }
+    Degradation_Row& Row(int i, int j) { return The_Session.Pesticide.Degradation[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]; }
     QString Text(const QString& name) { return Find<QLineEdit>(*Form, name)->text(); }
     bool Enabled(const QString& name) { return Find<QWidget>(*Form, name)->isEnabled(); }
     bool Chosen(const QString& name) { return Find<QRadioButton>(*Form, name)->isChecked(); }
@@ -140,7 +140,7 @@ TEST_F(deg_dat_Test, Photolysis_Has_Its_Own_Rate_And_Half_Lives)
     EXPECT_EQ(Locked(Soil), (QStringList{"Text2", "Text3"}));
     Click<QPushButton>(*Form, "Command1");
 
-    EXPECT_EQ(Shared.Pesticide.Photo_Rate[3], 0.0693);
+    EXPECT_EQ(The_Session.Pesticide.Photo_Rate[3], 0.0693);
 }
 
 TEST_F(deg_dat_Test, Recognises_The_Recommended_Correction_Whatever_The_Non_Equilibrium_Sites_Say)
@@ -232,7 +232,7 @@ TEST_F(deg_dat_Test, Accepting_Stores_All_Fields_And_Marks_The_Document)
     Click<QPushButton>(*Form, "Command1");
 
     EXPECT_EQ(Row(3, 2), (Degradation_Row{"0.05", "25", "2.2", "30", "0", "0.5", 0.1}));
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
     EXPECT_FALSE(Form->isVisible());
 }
 
@@ -259,8 +259,8 @@ TEST_F(deg_dat_Test, Half_Lives_Of_Zero_Remove_The_Arrow_And_The_Substance_That_
 
     Click<QPushButton>(*Form, "Command1");
 
-    EXPECT_FALSE(Shared.Pesticide.Trans_Active[1]);
-    EXPECT_FALSE(Shared.Pesticide.Met_Present[2]);
+    EXPECT_FALSE(The_Session.Pesticide.Trans_Active[1]);
+    EXPECT_FALSE(The_Session.Pesticide.Met_Present[2]);
 }
 
 TEST_F(deg_dat_Test, Nothing_Is_Refused_And_A_Text_That_Is_No_Number_Is_Zero)
@@ -277,7 +277,7 @@ TEST_F(deg_dat_Test, Nothing_Is_Refused_And_A_Text_That_Is_No_Number_Is_Zero)
 
 TEST_F(deg_dat_Test, Cancel_And_Escape_Write_Nothing)
 {
-    const auto before = Shared.Pesticide;
+    const auto before = The_Session.Pesticide;
     Open(1);
     Retype(*Form, "Text1", "0.5");
     Click<QPushButton>(*Form, "Command2");
@@ -288,8 +288,8 @@ TEST_F(deg_dat_Test, Cancel_And_Escape_Write_Nothing)
     QTest::keyClick(Form.get(), Qt::Key_Escape);
     EXPECT_FALSE(Form->isVisible());
 
-    EXPECT_EQ(Shared.Pesticide, before);
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Pesticide, before);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 } // namespace

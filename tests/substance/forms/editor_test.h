@@ -43,7 +43,7 @@ protected:
     static void In_Editor(const QString& file, const std::function<void(QWidget&)>& use)
     {
         auto session = std::make_unique<Session>();
-        Told user;
+        Recording_User user;
         session->Ask = [&user](const Message& message) { return user(message); };
         session->Program.App_Path = Installation();
         session->Program.File_Mask = "*.psm";

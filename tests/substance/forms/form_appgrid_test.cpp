@@ -14,28 +14,28 @@ class Form_appgrid_Test : public Window_Test {
 protected:
     Form_appgrid_Test()
     {
-        Reset_PSM(Shared.Pesticide);
-        Shared.Run.App_Current_Location = 3;
+        Reset_PSM(The_Session.Pesticide);
+        The_Session.Run.App_Current_Location = 3;
         Yearly(0);
     }
 
     // One application in each of so many years, on the first of May.
     void Yearly(int years)
     {
-        Shared.Pesticide.App_Count[3] = years;
+        The_Session.Pesticide.App_Count[3] = years;
         for (int a = 1; a <= years; ++a)
             At(a) = {1, 5, static_cast<std::int16_t>(a), 0.5, 2, 30, 0, 9};
     }
 
     void Open(const std::string& text_naps, Application_Method method = Application_Method::Soil)
     {
-        Form = std::make_unique<Form_appgrid>(Shared, text_naps, method);
+        Form = std::make_unique<Form_appgrid>(The_Session, text_naps, method);
         Form->show();
         QApplication::setActiveWindow(Form.get());
         QApplication::processEvents();
     }
 
-    Application& At(int a) { return Shared.Pesticide.Applications[3][static_cast<std::size_t>(a)]; }
+    Application& At(int a) { return The_Session.Pesticide.Applications[3][static_cast<std::size_t>(a)]; }
     Number_Grid& Grid() { return *Find<Number_Grid>(*Form, "AppGrid"); }
     const QAbstractItemModel& Model() { return *Grid().model(); }
     QString Cell(int row, int column) { return Model().index(row, column).data().toString(); }
@@ -131,7 +131,7 @@ TEST_F(Form_appgrid_Test, A_Missing_Value_Is_Refused_And_Its_Cell_Gets_The_Focus
         EXPECT_EQ(Current(), std::pair(1, column));
         EXPECT_EQ(Form->focusWidget(), &Grid());
     }
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Form_appgrid_Test, Two_Applications_On_The_Same_Day_Are_Refused)
@@ -159,10 +159,10 @@ TEST_F(Form_appgrid_Test, OK_Stores_All_Rows_In_The_Location_Under_Edit_And_Find
     Click<QPushButton>(*Form, "CommandOK");
 
     EXPECT_FALSE(Form->isVisible());
-    EXPECT_EQ(Shared.Pesticide.App_Count[3].Number(), 26);
+    EXPECT_EQ(The_Session.Pesticide.App_Count[3].Number(), 26);
     EXPECT_EQ(At(26), (Application{1, 5, 26, 0.5, 2, 0, 0, 9}));
-    EXPECT_EQ(Shared.Run.App_Pattern, 1);
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Run.App_Pattern, 1);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Form_appgrid_Test, A_Block_Of_A_Spreadsheet_Is_Taken_Whole_Or_Not_At_All)
@@ -182,14 +182,14 @@ TEST_F(Form_appgrid_Test, A_Block_Of_A_Spreadsheet_Is_Taken_Whole_Or_Not_At_All)
 TEST_F(Form_appgrid_Test, Cancel_Stores_Nothing)
 {
     Yearly(2);
-    const auto before = Shared.Pesticide;
+    const auto before = The_Session.Pesticide;
     Open("2");
     Type(0, 5, "1");
 
     Click<QPushButton>(*Form, "Command2");
 
-    EXPECT_EQ(Shared.Pesticide, before);
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Pesticide, before);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 } // namespace

@@ -25,8 +25,8 @@ protected:
 
     void Open()
     {
-        Open_Active_Substance(Shared);
-        Form = std::make_unique<Form_AS>(Shared);
+        Open_Active_Substance(The_Session);
+        Form = std::make_unique<Form_AS>(The_Session);
         Form->show();
         QApplication::setActiveWindow(Form.get());
     }
@@ -57,7 +57,7 @@ protected:
     const QStringList Vapour = {"Label_vol_1", "Text_vol1_0", "Text_vol1_1"};
     const QStringList Solubility = {"Label_vol_2", "Text_vol2_0", "Text_vol2_1"};
     const QStringList All_Volatility = Henry + Vapour + Solubility;
-    Pesticide_Document& Document = Shared.Pesticide;
+    Pesticide_Document& Document = The_Session.Pesticide;
     std::unique_ptr<Form_AS> Form;
 };
 
@@ -114,7 +114,7 @@ TEST_F(Form_AS_Test, Done_Stores_What_Was_Typed)
 
     EXPECT_FALSE(Form->isVisible());
     EXPECT_TRUE(The_User.Messages.empty());
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
     EXPECT_EQ(Document.Substance_Name[1], "Compound");
     EXPECT_EQ(Document.PSM_Title, "A study");
     EXPECT_EQ(Document.Molmass[1].Text(), "211.50");
@@ -325,12 +325,12 @@ TEST_F(Form_AS_Test, Cancel_And_Escape_Put_Everything_Back)
 
 TEST_F(Form_AS_Test, Cancel_Forgets_Changes_Made_Before_The_Form_Opened_Too)
 {
-    Shared.Program.PSM_Changed = true;
+    The_Session.Program.PSM_Changed = true;
     Open();
 
     Click<QPushButton>(*Form, "Command_cancel");
 
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Form_AS_Test, Takes_Texts_Of_Ten_Thousand_Characters_Without_Growing)

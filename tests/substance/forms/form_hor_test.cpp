@@ -16,14 +16,14 @@ class Form_hor_Test : public Window_Test {
 protected:
     Form_hor_Test()
     {
-        Reset_PSM(Shared.Pesticide);
-        Shared.Pesticide.N_Horizons = 2;
-        Reset_Horizon_Table(Shared.Pesticide, 2);
+        Reset_PSM(The_Session.Pesticide);
+        The_Session.Pesticide.N_Horizons = 2;
+        Reset_Horizon_Table(The_Session.Pesticide, 2);
     }
 
     void Open(int i, int rows = 2)
     {
-        Form = std::make_unique<Form_hor>(Shared, i, rows);
+        Form = std::make_unique<Form_hor>(The_Session, i, rows);
         Form->show();
         QApplication::setActiveWindow(Form.get());
         QApplication::processEvents();
@@ -54,7 +54,7 @@ protected:
             QTest::keyClick(&Grid(), Qt::Key_Delete);
         QTest::keyClicks(&Grid(), text);
     }
-    Pesticide_Horizon& Horizon(std::size_t h) { return Shared.Pesticide.Horizons[h]; }
+    Pesticide_Horizon& Horizon(std::size_t h) { return The_Session.Pesticide.Horizons[h]; }
 
     std::unique_ptr<Form_hor> Form;
 };
@@ -164,26 +164,26 @@ TEST_F(Form_hor_Test, OK_Stores_The_Grid_And_An_Empty_Cell_Is_Zero)
 
     Click<QPushButton>(*Form, "Command_OK");
 
-    EXPECT_EQ(Shared.Pesticide.N_Horizons.Number(), 3);
+    EXPECT_EQ(The_Session.Pesticide.N_Horizons.Number(), 3);
     EXPECT_EQ(Horizon(1).Hor_Kd[2].Number(), 2.5);
     EXPECT_EQ(Horizon(2).Hor_FrExp[2].Number(), 0);
     EXPECT_EQ(Horizon(3).Hor_Deg[2][1].Number(), 0.7);
     EXPECT_EQ(Horizon(3).Hor_Deg[2][2].Number(), 0);
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
     EXPECT_FALSE(Form->isVisible());
 }
 
 TEST_F(Form_hor_Test, Cancel_Closes_Without_A_Change)
 {
     Open(1);
-    const auto before = Shared.Pesticide;
+    const auto before = The_Session.Pesticide;
     Type(0, 1, "2.5");
     Click<QPushButton>(*Form, "Command1");
 
     Click<QPushButton>(*Form, "Command2");
 
-    EXPECT_EQ(Shared.Pesticide, before);
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Pesticide, before);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
     EXPECT_FALSE(Form->isVisible());
 }
 

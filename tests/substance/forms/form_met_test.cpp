@@ -21,8 +21,8 @@ protected:
 
     void Open(int i)
     {
-        Shared.Program.Substance_Index = static_cast<std::int16_t>(i);
-        Form = std::make_unique<Form_MET>(Shared);
+        The_Session.Program.Substance_Index = static_cast<std::int16_t>(i);
+        Form = std::make_unique<Form_MET>(The_Session);
         Form->show();
         QApplication::setActiveWindow(Form.get());
     }
@@ -34,7 +34,7 @@ protected:
     QString Focused() { return Form->focusWidget() ? Form->focusWidget()->objectName() : QString(); }
     void Done() { Click<QPushButton>(*Form, "Command_ok1"); }
 
-    Pesticide_Document& Document = Shared.Pesticide;
+    Pesticide_Document& Document = The_Session.Pesticide;
     std::unique_ptr<Form_MET> Form;
 };
 
@@ -94,7 +94,7 @@ TEST_F(Form_MET_Test, Done_Stores_What_Was_Typed_In_The_Fields_Of_Its_Substance_
     Done();
 
     EXPECT_FALSE(Form->isVisible());
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
     EXPECT_EQ(Document.Substance_Name[9], "Acid");
     EXPECT_EQ(Document.Molmass[9].Text(), "211.50");
     EXPECT_EQ(Document.Plant_Uptake[9].Number(), 0.4);
@@ -312,7 +312,7 @@ TEST_F(Form_MET_Test, Cancel_Brings_Back_What_A_Form_Of_Sorption_Stored)
     Click<QPushButton>(*Form, "Command_cancel");
 
     EXPECT_EQ(Document, before);
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Form_MET_Test, Cancel_And_Escape_Bring_Back_The_Table_That_A_Number_Of_Horizons_Erased)
@@ -334,7 +334,7 @@ TEST_F(Form_MET_Test, Cancel_And_Escape_Bring_Back_The_Table_That_A_Number_Of_Ho
     Retype(*Form, "Text_nhor", "5");
     QTest::keyClick(Form.get(), Qt::Key_Escape);
     EXPECT_EQ(Document, before);
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Form_MET_Test, A_Name_Of_Ten_Thousand_Characters_Is_Taken_And_Leaves_The_Window_As_It_Is)

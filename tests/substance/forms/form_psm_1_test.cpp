@@ -20,15 +20,15 @@ namespace {
 
 class Form_PSM_1_Test : public Window_Test {
 protected:
-    Form_PSM_1_Test() { Reset_PSM(Shared.Pesticide); }
+    Form_PSM_1_Test() { Reset_PSM(The_Session.Pesticide); }
 
     void Open()
     {
-        Form = std::make_unique<Form_PSM_1>(Shared, Place.Path());
+        Form = std::make_unique<Form_PSM_1>(The_Session, Place.Path());
         Form->show();
     }
 
-    void Rate(int i, int row, double rate) { Shared.Pesticide.Degradation[static_cast<std::size_t>(i)][static_cast<std::size_t>(row)].Deg_Rate = rate; }
+    void Rate(int i, int row, double rate) { The_Session.Pesticide.Degradation[static_cast<std::size_t>(i)][static_cast<std::size_t>(row)].Deg_Rate = rate; }
 
     QString Caption(const QString& name) { return Find<QAbstractButton>(*Form, name)->text(); }
     QString Tip(const QString& name) { return Find<QAbstractButton>(*Form, name)->toolTip(); }
@@ -71,8 +71,8 @@ TEST(Pathway_Geometry, Each_Arrow_Is_Hit_Along_Its_Line_And_At_A_Head_Of_Its_Own
 
 TEST_F(Form_PSM_1_Test, Shows_The_Names_And_The_Designed_Captions_With_Their_Blank)
 {
-    Shared.Pesticide.Substance_Name[1] = "Compound";
-    Shared.Pesticide.Substance_Name[2] = "";
+    The_Session.Pesticide.Substance_Name[1] = "Compound";
+    The_Session.Pesticide.Substance_Name[2] = "";
     Open();
 
     EXPECT_EQ(Form->windowTitle(), "Metabolization Scheme");
@@ -116,12 +116,12 @@ TEST_F(Form_PSM_1_Test, A_Metabolite_Opens_And_Its_New_Name_Shows_In_Its_Box)
     Click<QAbstractButton>(*Form, "Label_1_1");
 
     EXPECT_EQ(Caption("Label_1_1"), "Acid");
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Form_PSM_1_Test, The_Active_Substance_Opens_And_Its_New_Name_Shows_In_Its_Box)
 {
-    Shared.Pesticide.Molmass[1] = 300;
+    The_Session.Pesticide.Molmass[1] = 300;
     Open();
     const auto rename = [this](const QString& name) {
         In_Modal([name](QWidget& form) {
@@ -135,13 +135,13 @@ TEST_F(Form_PSM_1_Test, The_Active_Substance_Opens_And_Its_New_Name_Shows_In_Its
 
     EXPECT_EQ(rename("Compound"), "Compound");
     EXPECT_EQ(rename(""), "Active Substance");
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Form_PSM_1_Test, A_Name_That_Was_Emptied_Gives_Way_To_The_Default_Name_In_The_Boxes)
 {
     Rate(1, 1, 0.1);
-    Shared.Pesticide.Substance_Name[6] = "";
+    The_Session.Pesticide.Substance_Name[6] = "";
     Open();
     EXPECT_EQ(Caption("Label_2_1"), " Metabolite A2");
 
@@ -159,7 +159,7 @@ TEST_F(Form_PSM_1_Test, A_Tip_Tells_Rate_And_Half_Life_Of_An_Arrow)
 {
     Rate(1, 1, 0.0693);
     Rate(1, 2, 0);
-    Shared.Pesticide.Photo_Rate[2] = 0.5;
+    The_Session.Pesticide.Photo_Rate[2] = 0.5;
     Open();
 
     EXPECT_EQ(Tip("Image2_1"), "AS to MET A1: 0.0693 1/d, DT 50 10.0 d");
@@ -194,8 +194,8 @@ TEST_F(Form_PSM_1_Test, A_Transformation_That_Was_Accepted_Shows_At_Once_In_The_
     Click<QAbstractButton>(*Form, "Image2_2");
 
     EXPECT_EQ(Tip("Image2_2"), "AS to MET B1: 0.0693 1/d, DT 50 10.0 d");
-    EXPECT_TRUE(Shared.Pesticide.Met_Present[3]);
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Pesticide.Met_Present[3]);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(Form_PSM_1_Test, The_Window_Of_An_Arrow_Opens_Within_The_Screen)
@@ -214,7 +214,7 @@ TEST_F(Form_PSM_1_Test, The_Window_Of_An_Arrow_Opens_Within_The_Screen)
 TEST_F(Form_PSM_1_Test, Cancel_Asks_Before_Changes_Are_Given_Up)
 {
     Open();
-    Shared.Program.PSM_Changed = true;
+    The_Session.Program.PSM_Changed = true;
 
     Click<QPushButton>(*Form, "Com_Exit1");
 
@@ -252,10 +252,10 @@ TEST_F(Form_PSM_1_Test, Copies_The_Scheme_As_A_Picture_On_Paper_In_A_Dark_Window
     const auto at = [&image](QPointF of_drawing) { return image.pixelColor((of_drawing * 2).toPoint()); };
     EXPECT_EQ(image.size(), (Drawing_Size * 2).toSize());
     EXPECT_EQ(at({2, 2}), QColor(Qt::white));
-    const auto present = Look_Of_Box(Shared.Pesticide, 1).Back, absent = Look_Of_Box(Shared.Pesticide, 9).Back;
+    const auto present = Look_Of_Box(The_Session.Pesticide, 1).Back, absent = Look_Of_Box(The_Session.Pesticide, 9).Back;
     EXPECT_EQ(at(Box_Of_Substance(1).topLeft() + QPointF(15, 10)), QColor(present.Red, present.Green, present.Blue));
     EXPECT_EQ(at(Box_Of_Substance(9).topLeft() + QPointF(15, 10)), QColor(absent.Red, absent.Green, absent.Blue));
-    const auto active = Look_Of_Arrow(Shared.Pesticide, 1).Pen;
+    const auto active = Look_Of_Arrow(The_Session.Pesticide, 1).Pen;
     EXPECT_EQ(at(Line_Of_Arrow(1).pointAt(0.5)), QColor(active.Red, active.Green, active.Blue));
     EXPECT_LT(at(Line_Of_Arrow(29).pointAt(0.3)).lightness(), 128); // a thin line is black, not the light text of the window
 }

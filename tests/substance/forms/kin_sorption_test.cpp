@@ -12,13 +12,13 @@ namespace {
 
 class kin_Sorption_Test : public Window_Test {
 protected:
-    kin_Sorption_Test() { Reset_PSM(Shared.Pesticide); }
+    kin_Sorption_Test() { Reset_PSM(The_Session.Pesticide); }
 
     void Open(double f_ne, double kd)
     {
-        Shared.Pesticide.F_neq[3] = f_ne;
-        Shared.Pesticide.K_des[3] = kd;
-        Form = std::make_unique<kin_Sorption>(Shared, 3);
+        The_Session.Pesticide.F_neq[3] = f_ne;
+        The_Session.Pesticide.K_des[3] = kd;
+        Form = std::make_unique<kin_Sorption>(The_Session, 3);
         Form->show();
         QApplication::setActiveWindow(Form.get());
     }
@@ -65,8 +65,8 @@ TEST_F(kin_Sorption_Test, A_STRECK_Fraction_Of_1_Does_Not_Turn_Back_And_Changes_
     EXPECT_EQ(Texts(), (QStringList{"1", "0"}));
     Click<QPushButton>(*Form, "Command1");
 
-    EXPECT_EQ(Shared.Pesticide.F_neq[3], 1);
-    EXPECT_EQ(Shared.Pesticide.K_des[3], 0);
+    EXPECT_EQ(The_Session.Pesticide.F_neq[3], 1);
+    EXPECT_EQ(The_Session.Pesticide.K_des[3], 0);
 }
 
 TEST_F(kin_Sorption_Test, A_Negative_Fraction_Is_Refused_On_Leaving)
@@ -136,8 +136,8 @@ TEST_F(kin_Sorption_Test, The_Enter_Key_Is_Done_And_Tells_A_Refusal_Once)
     QTest::keyClicks(fraction, "0.25");
     QTest::keyClick(fraction, Qt::Key_Enter);
     EXPECT_FALSE(Form->isVisible());
-    EXPECT_EQ(Shared.Pesticide.F_neq[3], 0.25);
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Pesticide.F_neq[3], 0.25);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(kin_Sorption_Test, Done_Stores_The_PEARL_Values_Of_A_STRECK_Entry)
@@ -149,14 +149,14 @@ TEST_F(kin_Sorption_Test, Done_Stores_The_PEARL_Values_Of_A_STRECK_Entry)
 
     Click<QPushButton>(*Form, "Command1");
 
-    EXPECT_EQ(Shared.Pesticide.F_neq[3], 1);
-    EXPECT_EQ(Shared.Pesticide.K_des[3], 0.1);
+    EXPECT_EQ(The_Session.Pesticide.F_neq[3], 1);
+    EXPECT_EQ(The_Session.Pesticide.K_des[3], 0.1);
 }
 
 TEST_F(kin_Sorption_Test, Cancel_Is_Free_With_A_Value_That_Would_Be_Refused)
 {
     Open(0.5, 0.02);
-    const auto before = Shared.Pesticide;
+    const auto before = The_Session.Pesticide;
     auto* fraction = Find<QLineEdit>(*Form, "s_f_neq");
     fraction->selectAll();
     QTest::keyClicks(fraction, "-1");
@@ -165,8 +165,8 @@ TEST_F(kin_Sorption_Test, Cancel_Is_Free_With_A_Value_That_Would_Be_Refused)
 
     EXPECT_TRUE(The_User.Messages.empty());
     EXPECT_FALSE(Form->isVisible());
-    EXPECT_EQ(Shared.Pesticide, before);
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Pesticide, before);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 } // namespace

@@ -12,13 +12,13 @@ namespace {
 
 class KOC_PH_Test : public Window_Test {
 protected:
-    KOC_PH_Test() { Reset_PSM(Shared.Pesticide); }
+    KOC_PH_Test() { Reset_PSM(The_Session.Pesticide); }
 
     void Open(double pka, double second_ph)
     {
-        Shared.Pesticide.Sorp_pKa[2] = pka;
-        Shared.Pesticide.Sorp_pH2[2] = second_ph;
-        Form = std::make_unique<KOC_PH>(Shared, 2, "120");
+        The_Session.Pesticide.Sorp_pKa[2] = pka;
+        The_Session.Pesticide.Sorp_pH2[2] = second_ph;
+        Form = std::make_unique<KOC_PH>(The_Session, 2, "120");
         Form->show();
         QApplication::setActiveWindow(Form.get());
     }
@@ -43,9 +43,9 @@ protected:
 
 TEST_F(KOC_PH_Test, Shows_The_Koc_Of_The_Substance_Form_And_The_Values_Of_The_Substance)
 {
-    Shared.Pesticide.Koc[2] = 7; // the form's field has been typed in since
-    Shared.Pesticide.Koc2[2] = 40;
-    Shared.Pesticide.Sorp_pH[2] = 5.5;
+    The_Session.Pesticide.Koc[2] = 7; // the form's field has been typed in since
+    The_Session.Pesticide.Koc2[2] = 40;
+    The_Session.Pesticide.Sorp_pH[2] = 5.5;
     Open(4.2, 8);
 
     EXPECT_EQ(Text("s_KOC"), "120");
@@ -107,7 +107,7 @@ TEST_F(KOC_PH_Test, Done_Stores_All_Five_And_Gives_The_Koc_Back)
 
     Click<QPushButton>(*Form, "Command1");
 
-    const auto& document = Shared.Pesticide;
+    const auto& document = The_Session.Pesticide;
     EXPECT_EQ(document.Koc[2].Number(), 90);
     EXPECT_EQ(document.Sorp_pH[2].Number(), 5);
     EXPECT_EQ(document.Koc2[2].Number(), 30);
@@ -115,7 +115,7 @@ TEST_F(KOC_PH_Test, Done_Stores_All_Five_And_Gives_The_Koc_Back)
     EXPECT_EQ(document.Sorp_pKa[2].Number(), 4.2);
     EXPECT_EQ(Form->Text_koc0(), "90");
     EXPECT_EQ(Form->result(), QDialog::Accepted);
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 
 TEST_F(KOC_PH_Test, A_Single_pH_Is_Stored_As_Minus_99)
@@ -125,21 +125,21 @@ TEST_F(KOC_PH_Test, A_Single_pH_Is_Stored_As_Minus_99)
 
     Click<QPushButton>(*Form, "Command1");
 
-    EXPECT_EQ(Shared.Pesticide.Sorp_pH2[2].Number(), -99);
+    EXPECT_EQ(The_Session.Pesticide.Sorp_pH2[2].Number(), -99);
 }
 
 TEST_F(KOC_PH_Test, Cancel_Changes_Nothing)
 {
     Open(4.2, 8);
-    const auto before = Shared.Pesticide;
+    const auto before = The_Session.Pesticide;
     Retype(*Form, "s_KOC", "90");
 
     Click<QPushButton>(*Form, "Command2");
 
-    EXPECT_EQ(Shared.Pesticide, before);
+    EXPECT_EQ(The_Session.Pesticide, before);
     EXPECT_EQ(Form->Text_koc0(), "120");
     EXPECT_EQ(Form->result(), QDialog::Rejected);
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 } // namespace

@@ -11,11 +11,11 @@ namespace {
 
 class Plant_App_Test : public Window_Test {
 protected:
-    Plant_App_Test() { Reset_PSM(Shared.Pesticide); }
+    Plant_App_Test() { Reset_PSM(The_Session.Pesticide); }
 
     void Open(Application_Method method = Application_Method::Linear)
     {
-        Form = std::make_unique<Plant_App>(Shared, method);
+        Form = std::make_unique<Plant_App>(The_Session, method);
         Form->show();
         QApplication::setActiveWindow(Form.get());
     }
@@ -53,7 +53,7 @@ TEST_F(Plant_App_Test, OK_Stores_Each_Field_And_Marks_The_Document)
 
     Click<QPushButton>(*Form, "Command1");
 
-    const auto& document = Shared.Pesticide;
+    const auto& document = The_Session.Pesticide;
     EXPECT_EQ(document.Plant_Decay.Number(), 1);
     EXPECT_EQ(document.Plant_Washoff.Number(), 2);
     EXPECT_EQ(document.Plant_Filtration, 3);
@@ -62,20 +62,20 @@ TEST_F(Plant_App_Test, OK_Stores_Each_Field_And_Marks_The_Document)
     EXPECT_EQ(document.Plant_Ref_Rad, 6);
     EXPECT_EQ(document.Plant_Laminar, 7);
     EXPECT_EQ(document.Hv, 8);
-    EXPECT_TRUE(Shared.Program.PSM_Changed);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
     EXPECT_FALSE(Form->isVisible());
 }
 
 TEST_F(Plant_App_Test, Cancel_Stores_Nothing)
 {
-    const auto before = Shared.Pesticide;
+    const auto before = The_Session.Pesticide;
     Open();
     Retype(*Form, "S_plt_dk", "1");
 
     Click<QPushButton>(*Form, "Command2");
 
-    EXPECT_EQ(Shared.Pesticide, before);
-    EXPECT_FALSE(Shared.Program.PSM_Changed);
+    EXPECT_EQ(The_Session.Pesticide, before);
+    EXPECT_FALSE(The_Session.Program.PSM_Changed);
 }
 
 } // namespace

@@ -90,7 +90,7 @@ class Gone_Directory : public Bad_Run {
 protected:
     Gone_Directory()
     {
-        Shared.Program.App_Path = Place.Path();
+        The_Session.Program.App_Path = Place.Path();
         fs::create_directories(Run);
         Write_File(Run / "echo.orv", Echo_File());
         Write_File(Run / "plot.orv", Plot_Head_Of(1, 0));
@@ -110,17 +110,17 @@ TEST_P(Tampered_Cache, Is_Shown_As_It_Stands_And_Never_Overwritten)
         Write_Whole(Run / Caches[i], changed[i]);
     }
 
-    Jahr_ORV years(Shared, Run.Path());
+    Jahr_ORV years(The_Session, Run.Path());
     Show(years);
     EXPECT_EQ(Find<QPlainTextEdit>(years, "Ergebnis_0")->toPlainText().isEmpty(), changed[0].empty());
-    Mass_Balance balance(Shared, Run.Path());
+    Mass_Balance balance(The_Session, Run.Path());
     Show(balance);
     EXPECT_EQ(Find<QPlainTextEdit>(balance, "Ergebnis_0")->toPlainText().isEmpty(), changed[2].empty());
-    Jahresdiagramm diagram(Run.Path(), Shared.Ask);
+    Jahresdiagramm diagram(Run.Path(), The_Session.Ask);
     Show(diagram);
-    Jahresbilanz chart(Run.Path(), {"Parent"}, Shared.Ask);
+    Jahresbilanz chart(Run.Path(), {"Parent"}, The_Session.Ask);
     Show(chart);
-    Zusammenfassung_orv report(Shared, Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_A", "Maize", {{"Hamburg (H)", Run.Path()}}});
+    Zusammenfassung_orv report(The_Session, Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_A", "Maize", {{"Hamburg (H)", Run.Path()}}});
     report.show();
     QTest::qWait(50);
     report.close();
@@ -134,7 +134,7 @@ INSTANTIATE_TEST_SUITE_P(Each, Tampered_Cache, testing::Values("Empty", "Cut_In_
 
 TEST_F(Gone_Directory, Every_Button_Of_The_Browser_Is_Safe_And_Makes_Nothing_Anew)
 {
-    Analyse form(Shared, Mode_Of(Mode_Kind::Focus));
+    Analyse form(The_Session, Mode_Of(Mode_Kind::Focus));
     form.show();
     fs::remove_all(Place / "focus/demo.run");
 
@@ -151,7 +151,7 @@ TEST_F(Gone_Directory, Every_Button_Of_The_Browser_Is_Safe_And_Makes_Nothing_Ane
 
 TEST_F(Gone_Directory, A_Table_That_Is_Shown_Stays_Readable)
 {
-    Mass_Balance form(Shared, Run);
+    Mass_Balance form(The_Session, Run);
     form.show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>(form, "Ende")->isEnabled(); }));
     const QString before = Find<QPlainTextEdit>(form, "Ergebnis_0")->toPlainText();
@@ -169,7 +169,7 @@ TEST_F(Gone_Directory, Its_Row_In_The_List_Goes_When_It_Is_Deleted)
 {
     fs::create_directories(Place / "focus/other.run/Maize.run/Thiva_-_(T).run");
     Write_File(Place / "focus/other.run/Maize.run/Thiva_-_(T).run/echo.orv", Echo_File());
-    Simulationsliste form(Shared, Mode_Of(Mode_Kind::Focus));
+    Simulationsliste form(The_Session, Mode_Of(Mode_Kind::Focus));
     form.show();
     auto* grid = Find<QTableView>(form, "Grid1");
     ASSERT_EQ(grid->model()->rowCount(), 2);

@@ -24,7 +24,7 @@ protected:
     void Put_Plot()
     {
         std::filesystem::create_directories(Place / "focus");
-        Shared.Program.App_Path = Place.Path();
+        The_Session.Program.App_Path = Place.Path();
         Write_Whole(Place / "focus/datum.dat", "1 1 1 1\r\n2 2 1 1\r\n3 3 1 1\r\n");
         std::string plot =
             "engine\r\n\r\nscenario\r\npesticide\r\n\r\nSoil\r\n    12     1     0\r\n            INFL\r\n               100.0\r\n           1.0\r\n";
@@ -61,7 +61,7 @@ std::string Period_File()
 TEST_F(Diagrams_Test, The_Daily_Diagram_Draws_A_Rate_Or_Its_Sum)
 {
     Put_Plot();
-    taegliches_Diagramm_neu rate(Shared, Choice(false)), sum(Shared, Choice(true));
+    taegliches_Diagramm_neu rate(The_Session, Choice(false)), sum(The_Session, Choice(true));
 
     ASSERT_FALSE(Drawn(rate).Lines.empty());
     EXPECT_EQ(Drawn(rate).Lines[0].Points.back().Y, 3);
@@ -73,7 +73,7 @@ TEST_F(Diagrams_Test, The_Daily_Diagram_Draws_A_Rate_Or_Its_Sum)
 TEST_F(Diagrams_Test, The_Unit_Of_The_X_Axis_Moves_Positions_Only)
 {
     Put_Plot();
-    taegliches_Diagramm_neu form(Shared, Choice(false));
+    taegliches_Diagramm_neu form(The_Session, Choice(false));
     form.show();
     const auto in_years = Drawn(form).Lines[0].Points;
     EXPECT_EQ(Drawn(form).X.Title, "Year ");
@@ -89,7 +89,7 @@ TEST_F(Diagrams_Test, The_Unit_Of_The_X_Axis_Moves_Positions_Only)
 TEST_F(Diagrams_Test, Copy_Data_Puts_Two_Columns_On_The_Clipboard)
 {
     Put_Plot();
-    taegliches_Diagramm_neu form(Shared, Choice(false));
+    taegliches_Diagramm_neu form(The_Session, Choice(false));
     form.show();
 
     Click<QPushButton>(form, "Daten_Kopieren");
@@ -101,8 +101,8 @@ TEST_F(Diagrams_Test, Copy_Data_Puts_Two_Columns_On_The_Clipboard)
 
 TEST_F(Diagrams_Test, A_Run_Without_A_Plot_File_Gives_An_Empty_Diagram)
 {
-    Shared.Program.App_Path = Place.Path();
-    taegliches_Diagramm_neu form(Shared, Choice(false));
+    The_Session.Program.App_Path = Place.Path();
+    taegliches_Diagramm_neu form(The_Session, Choice(false));
 
     EXPECT_TRUE(Drawn(form).Lines.empty() || Drawn(form).Lines[0].Points.empty());
     EXPECT_TRUE(The_User.Messages.empty());
@@ -111,7 +111,7 @@ TEST_F(Diagrams_Test, A_Run_Without_A_Plot_File_Gives_An_Empty_Diagram)
 TEST_F(Diagrams_Test, The_Annual_Diagram_Follows_Substance_And_Depth)
 {
     Write_Whole(Place / "period.orv", Period_File());
-    Jahresdiagramm form(Place.Path(), Shared.Ask);
+    Jahresdiagramm form(Place.Path(), The_Session.Ask);
     form.show();
     EXPECT_EQ(Drawn(form).Boxes.size(), 20U);
     EXPECT_EQ(Drawn(form).Title, "Average Demo concentration in leachate (1m depth) [\xB5g/L]");
@@ -124,7 +124,7 @@ TEST_F(Diagrams_Test, The_Annual_Diagram_Follows_Substance_And_Depth)
 TEST_F(Diagrams_Test, Copy_Graph_Puts_The_Picture_On_The_Clipboard)
 {
     Write_Whole(Place / "period.orv", Period_File());
-    Jahresdiagramm form(Place.Path(), Shared.Ask);
+    Jahresdiagramm form(Place.Path(), The_Session.Ask);
     form.show();
 
     Click<QPushButton>(form, "Kopieren");
@@ -134,7 +134,7 @@ TEST_F(Diagrams_Test, Copy_Graph_Puts_The_Picture_On_The_Clipboard)
 
 TEST_F(Diagrams_Test, A_Run_Without_Balances_Leaves_The_Balance_Chart_Empty)
 {
-    Jahresbilanz form(Place.Path(), {}, Shared.Ask);
+    Jahresbilanz form(Place.Path(), {}, The_Session.Ask);
     form.show();
 
     EXPECT_EQ(Find<QComboBox>(form, "Substanz")->count(), 1);

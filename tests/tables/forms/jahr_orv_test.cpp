@@ -22,7 +22,7 @@ protected:
         Write_Whole(Place / "echo.orv", "*** PARAMETERS OF Demo***\r\n");
         Write_Whole(Place / "year.orv", "Kremsm\xFCnster by year\r\n\t80 Perc.(10/11)\t0\t0\t0.000\r\n");
         Write_Whole(Place / "period.orv", "by period\r\n");
-        Form = std::make_unique<Jahr_ORV>(Shared, Place.Path());
+        Form = std::make_unique<Jahr_ORV>(The_Session, Place.Path());
     }
 
     void Open()

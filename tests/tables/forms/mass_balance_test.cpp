@@ -17,7 +17,7 @@ class Mass_Balance_Test : public Window_Test {
 protected:
     void Open(const Leachate_Run& run, Balance_View view = Balance_View::Annual)
     {
-        Form = std::make_unique<Mass_Balance>(Shared, run.Path(), nullptr, view);
+        Form = std::make_unique<Mass_Balance>(The_Session, run.Path(), nullptr, view);
         Form->show();
         ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>(*Form, "Ende")->isEnabled(); }));
     }

@@ -27,7 +27,7 @@ protected:
 
     void Open(int depth)
     {
-        Form = std::make_unique<PECsoil>(Shared, Place.Path(), depth);
+        Form = std::make_unique<PECsoil>(The_Session, Place.Path(), depth);
         Form->show();
         ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>(*Form, "Ende")->isEnabled(); }));
     }

@@ -19,7 +19,7 @@ protected:
     Form_filetext& Open(const std::string& bytes)
     {
         Write_Whole(File, bytes);
-        Form = std::make_unique<Form_filetext>(Shared, File, *Shown_File(Shared, File));
+        Form = std::make_unique<Form_filetext>(The_Session, File, *Shown_File(The_Session, File));
         Form->show();
         return *Form;
     }

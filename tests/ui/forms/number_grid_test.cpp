@@ -20,7 +20,7 @@ protected:
         Model = new Text_Grid_Model(&Window);
         Model->Show({{"Horizon", false}, {"Thickness      [cm]"}, {"pH"}, {"Soil", true, {"clay", "sand", "silt"}}},
                     {{"Horizon 1", "30", "7.5", "sand"}, {"Horizon 2", "40", "", "clay"}, {"Horizon 3", "50", "6", "clay"}});
-        Grid = new Number_Grid(Model, Number_Grid_Rule, Shared.Ask, "Horizons");
+        Grid = new Number_Grid(Model, Number_Grid_Rule, The_Session.Ask, "Horizons");
         auto* all = new QVBoxLayout(&Window);
         all->addWidget(Grid);
         all->addWidget(Push_Button("Other", "Other"));

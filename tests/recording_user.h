@@ -7,7 +7,7 @@
 namespace orvel {
 
 // A user who keeps every message and gives prepared answers; without one, the default button.
-struct Told {
+struct Recording_User {
     std::vector<Message> Messages;
     std::deque<Button> Answers;
 
