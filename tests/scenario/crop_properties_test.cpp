@@ -1,7 +1,7 @@
 #include "scenario/crop_properties.h"
 
-#include "scenario/crop_rotation.h"
 #include "recording_user.h"
+#include "scenario/crop_rotation.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ struct Crop_Properties : testing::Test {
                           {"Potatoes", {.SZE_Rot_Text1 = 60, .SZE_Rot_Tillage = 0}, {}, 0}};
         for (const auto& crop : Work.Data_Base)
             Work.Crops.push_back(Crop_Defaults(crop));
-        for (const std::int16_t crop : {2, 1, 2})
+        for (const std::int16_t crop : std::initializer_list<std::int16_t>{2, 1, 2})
             Work.Rows.push_back({.SZE_Rot_Crop_Index = crop});
     }
     Session The_Session;
@@ -118,7 +118,8 @@ TEST_F(Crop_Properties, A_Modified_Tillage_Flag_Removes_The_Rotation_If_The_User
     EXPECT_TRUE(Confirm_Crops(The_Session, editor, Work));
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_EQ(The_User.Messages[0].Text, "You modified the tillage flag. The crop rotation will be removed. Do you agree?");
+    EXPECT_EQ(The_User.Messages[0].Text,
+              "You modified the tillage flag. The crop rotation will be removed. Do you agree?");
     EXPECT_EQ(The_User.Messages[0].Buttons, (std::vector{Button::Yes, Button::No}));
     EXPECT_TRUE(Work.Rows.empty());
     EXPECT_EQ(Work.Crops[1].SZE_Rot_Tillage, 1);
@@ -163,11 +164,13 @@ TEST_F(Crop_Properties, Options_And_The_Condition_After_Harvest_Store_Their_Inde
 TEST_F(Crop_Properties, A_Value_Beyond_Its_Limit_Is_Warned_Of_And_The_Limit_Itself_Passes)
 {
     for (const auto* box : {"Text_KC1", "Text_KC2"}) {
-        EXPECT_EQ(Check_Crop_Text(box, "-0.1"), (Refusal{{"DATA CHECK", "Minimum value for this parameter is 0.0"}, box}));
+        EXPECT_EQ(Check_Crop_Text(box, "-0.1"),
+                  (Refusal{{"DATA CHECK", "Minimum value for this parameter is 0.0"}, box}));
         EXPECT_EQ(Check_Crop_Text(box, "0"), std::nullopt);
     }
     for (const auto* box : {"text_rrppex", "text_rrrpex", "text_rrvpex", "text_rrwpex"}) {
-        EXPECT_EQ(Check_Crop_Text(box, "1.1"), (Refusal{{"DATA CHECK", "Maximum value for this parameter is 1.0"}, box}));
+        EXPECT_EQ(Check_Crop_Text(box, "1.1"),
+                  (Refusal{{"DATA CHECK", "Maximum value for this parameter is 1.0"}, box}));
         EXPECT_EQ(Check_Crop_Text(box, "1"), std::nullopt);
     }
     EXPECT_EQ(Check_Crop_Text("Text3", "101"), (Refusal{{"DATA CHECK", "Value must not exceed 100%"}, "Text3"}));
