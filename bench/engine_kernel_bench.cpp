@@ -137,9 +137,13 @@ void Years_26(benchmark::State& state)
         return state.SkipWithError("no AVX2");
     Run_Years(state, *kernel, Setup(static_cast<int>(state.range(0)), static_cast<int>(state.range(1))));
 }
-BENCHMARK(Years_26)->Unit(benchmark::kMillisecond)->ArgNames({"compartments", "substances", "avx2"})->ArgsProduct({{200}, {1, 4, 9}, {0, 1}});
+BENCHMARK(Years_26)
+    ->Unit(benchmark::kMillisecond)
+    ->ArgNames({"compartments", "substances", "avx2"})
+    ->ArgsProduct({{200}, {1, 4, 9}, {0, 1}});
 
-// The same with everything switched on that costs: two-site sorption, vapour, DOC, photolysis, ageing, decay in solution.
+// The same with everything switched on that costs: two-site sorption, vapour, DOC, photolysis, ageing, decay in
+// solution.
 void Years_26_All_Processes(benchmark::State& state)
 {
     Solute_Setup setup = Setup(200, 4);

@@ -1,5 +1,5 @@
-// What a job costs around its engines: 500 runs of an engine that does nothing, against starting that engine 500 times and writing 500 files
-// of the size that the job writes. job_bench [ROUNDS]; prints medians a run and their ratio.
+// What a job costs around its engines: 500 runs of an engine that does nothing, against starting that engine 500 times
+// and writing 500 files of the size that the job writes. job_bench [ROUNDS]; prints medians a run and their ratio.
 #include "core/files.h"
 #include "floors/spawn_and_write.h"
 #include "jobs/job.h"
@@ -29,7 +29,8 @@ double Cpu_Seconds()
     for (const int who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
         rusage use{};
         ::getrusage(who, &use);
-        seconds += static_cast<double>(use.ru_utime.tv_sec + use.ru_stime.tv_sec) + static_cast<double>(use.ru_utime.tv_usec + use.ru_stime.tv_usec) * 1e-6;
+        seconds += static_cast<double>(use.ru_utime.tv_sec + use.ru_stime.tv_sec) +
+                   static_cast<double>(use.ru_utime.tv_usec + use.ru_stime.tv_usec) * 1e-6;
     }
     return seconds;
 }
@@ -39,7 +40,8 @@ template <class Work> Cost Cost_Of(Work work)
     const auto start = std::chrono::steady_clock::now();
     const double cpu = Cpu_Seconds();
     work();
-    return {std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() * 1e3 / Runs, (Cpu_Seconds() - cpu) * 1e3 / Runs};
+    return {std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() * 1e3 / Runs,
+            (Cpu_Seconds() - cpu) * 1e3 / Runs};
 }
 
 void Prepare(const fs::path& mode_directory)
@@ -73,7 +75,8 @@ using namespace orvel;
 int main(int argc, char** argv)
 try {
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 7;
-    std::string name = (fs::path(NOTHING_ENGINE).parent_path() / "job_bench.XXXXXX").string(); // hard links need one file system
+    std::string name =
+        (fs::path(NOTHING_ENGINE).parent_path() / "job_bench.XXXXXX").string(); // hard links need one file system
     if (::mkdtemp(name.data()) == nullptr)
         return 1;
     const fs::path directory = name;
@@ -90,8 +93,8 @@ try {
     }
     fs::remove_all(directory);
     const Cost least = Median(floor), is = Median(job);
-    std::printf("floor %.3f ms (cpu %.3f) a run, job %.3f ms (cpu %.3f): x %.2f, cpu x %.2f\n", least.Wall, least.Cpu, is.Wall, is.Cpu, is.Wall / least.Wall,
-                is.Cpu / least.Cpu);
+    std::printf("floor %.3f ms (cpu %.3f) a run, job %.3f ms (cpu %.3f): x %.2f, cpu x %.2f\n", least.Wall, least.Cpu,
+                is.Wall, is.Cpu, is.Wall / least.Wall, is.Cpu / least.Cpu);
     return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

@@ -1,6 +1,7 @@
-// The time to paint the daily diagram anew, as after a resize, and to make it out of a series. Exits with 1 if 50,000 points take 50 ms or more.
-#include "tables/daily_diagram.h"
+// The time to paint the daily diagram anew, as after a resize, and to make it out of a series. Exits with 1 if 50,000
+// points take 50 ms or more.
 #include "charts/painting/chart_painter.h"
+#include "tables/daily_diagram.h"
 
 #include <algorithm>
 #include <chrono>

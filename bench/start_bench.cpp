@@ -1,8 +1,8 @@
 // The start form from main to its first paint and the memory then, to be set against floors/qt_floor start.
 //   start_bench DIR    DIR is an installation
 #include "desktop/forms/start.h"
-#include "ui/forms/widgets.h"
 #include "runs/start_up.h"
+#include "ui/forms/widgets.h"
 
 #include <chrono>
 #include <cstdio>
@@ -40,7 +40,8 @@ protected:
             Painted = true;
             const double paint = Since();
             QTimer::singleShot(0, this, [this, paint] {
-                std::printf("main to paint %.1f ms, to idle %.1f ms, VmRSS %s, VmHWM %s\n", paint, Since(), Memory("VmRSS:").c_str(), Memory("VmHWM:").c_str());
+                std::printf("main to paint %.1f ms, to idle %.1f ms, VmRSS %s, VmHWM %s\n", paint, Since(),
+                            Memory("VmRSS:").c_str(), Memory("VmHWM:").c_str());
                 QCoreApplication::quit();
             });
         }

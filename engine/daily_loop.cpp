@@ -39,12 +39,15 @@ Daily_Loop::Daily_Loop(const Engine_Input& input, const std::filesystem::path& d
       Solute_Frequency(Frequency_Of(input.Scenario.SZE_Freq_Solute)),
       State_Frequency(Frequency_Of(input.Scenario.SZE_Freq_Conc))
 {
-    const auto at_least = [this](Frequency frequency) { return Water_Frequency == frequency || Solute_Frequency == frequency || State_Frequency == frequency; };
+    const auto at_least = [this](Frequency frequency) {
+        return Water_Frequency == frequency || Solute_Frequency == frequency || State_Frequency == frequency;
+    };
     Daily = at_least(Frequency::Day) || Plot.Needs_Sums();
     Monthly = at_least(Frequency::Day) || at_least(Frequency::Month);
     Remove_Stale(directory, input.Substances);
     for (int slot = 0; slot < Column.Slots(); ++slot)
-        Solute_Files.emplace_back(directory, input.Core, Column.Index_Of(slot), slot, Step_Of(input.Scenario.SZE_Out_Every_Solute),
+        Solute_Files.emplace_back(directory, input.Core, Column.Index_Of(slot), slot,
+                                  Step_Of(input.Scenario.SZE_Out_Every_Solute),
                                   Step_Of(input.Scenario.SZE_Out_Every_Conc));
     for (Span_Sums* sums : {&Day_Sums, &Month_Sums, &Year_Sums})
         sums->Solute = Solute_Sums(Column.Compartments(), Column.Lanes());
@@ -100,7 +103,8 @@ Solute_Day Daily_Loop::Hand_Over(int day, const Climate_Day& climate, const Crop
     solute.Harvest = crop.Harvest_Today;
     for (std::size_t a = Next_Application; a < Input.Applications.size() && Input.Applications[a].Day == day; ++a) {
         const Planned_Application& from = Input.Applications[a];
-        solute.Applications.push_back({from.Hour, from.Rate * Ug_Cm2_Per_Kg_Ha, from.Depth, from.Plant_Share, from.Poorly_Exposed});
+        solute.Applications.push_back(
+            {from.Hour, from.Rate * Ug_Cm2_Per_Kg_Ha, from.Depth, from.Plant_Share, from.Poorly_Exposed});
     }
     solute.Hourly = Input.Control.Soil_Mode && !solute.Applications.empty();
     return solute;
@@ -115,8 +119,11 @@ void Daily_Loop::Put_Day_Line(int day, int hour, const Climate_Day& climate)
         for (std::size_t i = 0; i < Theta_Now.size(); ++i)
             Theta_Now[i] = water.Theta_Start[i] + hour / 24.0 * (water.Theta_End[i] - water.Theta_Start[i]);
     }
-    const bool hourly = Input.Control.Soil_Mode && Next_Application < Input.Applications.size() && Input.Applications[Next_Application].Day == day;
-    Plot.Put_Line(day, hour, {water, whole ? water.Theta_End : Theta_Now, Heat.Temperature(), Column, Finest(), climate.Rain, hourly ? 1.0 / 24 : 1.0});
+    const bool hourly = Input.Control.Soil_Mode && Next_Application < Input.Applications.size() &&
+                        Input.Applications[Next_Application].Day == day;
+    Plot.Put_Line(day, hour,
+                  {water, whole ? water.Theta_End : Theta_Now, Heat.Temperature(), Column, Finest(), climate.Rain,
+                   hourly ? 1.0 / 24 : 1.0});
 }
 
 void Daily_Loop::Step_Solute(int day, const Climate_Day& climate, const Solute_Day& solute_day)
@@ -175,7 +182,8 @@ void Daily_Loop::Check_Closure(int year)
     const Solute_Closure closure = Column.Closure(Run_Sums, Run_Start);
     Year_Closure closed{year, Year_Sums.Water.Closure(Water), 0, 0};
     for (std::size_t slot = 0; slot < static_cast<std::size_t>(Column.Slots()); ++slot)
-        closed.Solute = std::max(closed.Solute, std::fabs(closure.Error[slot]) / std::max(closure.In[slot], Least_Input));
+        closed.Solute =
+            std::max(closed.Solute, std::fabs(closure.Error[slot]) / std::max(closure.In[slot], Least_Input));
     const double moles = closure.Moles_Applied;
     closed.Moles = moles > 0 ? std::fabs(closure.Moles_Found - moles) / moles : 0;
     Closed.push_back(closed);

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "engine/output/echo.h"
-#include "engine/water/heat.h"
-#include "engine/setup/input.h"
 #include "engine/output/series.h"
 #include "engine/output/solute_report.h"
 #include "engine/output/water_report.h"
+#include "engine/setup/input.h"
+#include "engine/water/heat.h"
 
 #include <filesystem>
 #include <functional>
@@ -19,8 +19,8 @@ public:
     // Opens the output files in `directory`. The input must be free of errors and outlive the simulation.
     Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory);
 
-    // Runs to the end and closes the files. `progress` is called behind each month with the year and the percent of it that are done, 100 behind
-    // its last day. Throws Engine_Failure.
+    // Runs to the end and closes the files. `progress` is called behind each month with the year and the percent of it
+    // that are done, 100 behind its last day. Throws Engine_Failure.
     void Run(const std::function<void(int year, int percent)>& progress);
 
     // The closure of the water (cm) and of the substances (relative) at the end of each year, for the echo.

@@ -1,7 +1,7 @@
 #include "core/files.h"
 #include "core/text.h"
-#include "engine/output/echo.h"
 #include "engine/daily_loop.h"
+#include "engine/output/echo.h"
 
 #include <array>
 #include <csignal>

@@ -11,8 +11,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         try {
             auto echo = open();
             const auto layers = Scan_Echo_Layers(echo);
-            text = Number_Texts(std::array<double, 4>{static_cast<double>(layers.Total_Compartments), static_cast<double>(layers.Top_Layers),
-                                                      static_cast<double>(layers.Has_Daily_Output), static_cast<double>(layers.Has_Monthly_Output)});
+            text = Number_Texts(std::array<double, 4>{
+                static_cast<double>(layers.Total_Compartments), static_cast<double>(layers.Top_Layers),
+                static_cast<double>(layers.Has_Daily_Output), static_cast<double>(layers.Has_Monthly_Output)});
         } catch (const File_Error& error) {
             text = error.what();
         }

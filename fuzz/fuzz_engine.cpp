@@ -1,9 +1,9 @@
-// Any bytes as one of the engine's input files (the first byte says which), the others those of a demonstration run: read, echo, and let the
-// water of what was accepted run for a month.
+// Any bytes as one of the engine's input files (the first byte says which), the others those of a demonstration run:
+// read, echo, and let the water of what was accepted run for a month.
+#include "engine/engine_case.h"
 #include "engine/output/echo.h"
 #include "engine/setup/input.h"
 #include "engine/water/water.h"
-#include "engine/engine_case.h"
 
 #include <array>
 #include <cstdint>
@@ -19,7 +19,8 @@ const std::map<std::string, std::string>& Demonstration()
     return files;
 }
 
-constexpr std::array<std::string_view, 5> Names = {"orvel.inp", "H_maize.sze", "test.psm", "climate_01.cli", "Haude.dat"};
+constexpr std::array<std::string_view, 5> Names = {"orvel.inp", "H_maize.sze", "test.psm", "climate_01.cli",
+                                                   "Haude.dat"};
 constexpr int Days = 31;
 
 void Demand(bool good)
@@ -55,9 +56,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Demand(echo.find("ERROR") == std::string::npos);
     Water_Column water(input.Scenario, input.Core, input.Haude);
     const std::vector<double> temperature(static_cast<std::size_t>(input.Core.Count()), 5.0);
-    for (int day = input.Weather.First_Day; day < input.Weather.First_Day + Days && day <= input.Weather.Last_Day; ++day) {
+    for (int day = input.Weather.First_Day; day < input.Weather.First_Day + Days && day <= input.Weather.Last_Day;
+         ++day) {
         const Crop_State crop = Crop_On(input.Scenario, input.Rotation, day);
-        const Water_Day& today = water.Step_Day(input.Weather.On(day), input.Weather.Dates.Day_Of_Year(day), crop, temperature);
+        const Water_Day& today =
+            water.Step_Day(input.Weather.On(day), input.Weather.Dates.Day_Of_Year(day), crop, temperature);
         Demand(std::abs(today.Closure) < 1e-10);
     }
     return 0;

@@ -3,8 +3,8 @@
 #include "engine/engine_case.h"
 #include "files/pesticide_example.h"
 #include "files/scenario_example.h"
-#include "output/engine_files.h"
 #include "jobs/job.h"
+#include "output/engine_files.h"
 
 #include <filesystem>
 #include <iostream>
@@ -26,7 +26,8 @@ void Seed_Engine(const std::filesystem::path& directory)
     char number = 0;
     for (const char* name : {"orvel.inp", "H_maize.sze", "test.psm", "climate_01.cli"})
         Seed(directory, std::string(1, number++) + files.at(name), name);
-    Seed(directory, std::string(1, number) + "comment\r\n14 0.1 0.1 0.1 0.2 0.2 0.2 0.2 0.2 0.2 0.2 0.1 0.1\r\n", "Haude.dat");
+    Seed(directory, std::string(1, number) + "comment\r\n14 0.1 0.1 0.1 0.2 0.2 0.2 0.2 0.2 0.2 0.2 0.1 0.1\r\n",
+         "Haude.dat");
 }
 
 // The first byte is the size of a window.
@@ -35,16 +36,19 @@ void Seed_Output(const std::filesystem::path& directory)
     const std::string window = "@";
     Seed(directory / "fuzz_echo", window + Echo_File());
     Seed(directory / "fuzz_wasser",
-         window + Water_Block({.Kind = "MONTHLY", .Snow = "1.5000", .Transpiration = {{1, "2.50000"}}}) + Water_Block("1.00000", "2.00000") + End_Of_Output());
-    Seed(directory / "fuzz_chem",
-         window + Chem_Block({.Kind = "MONTHLY", .Macropore_First = true}) + Chem_Block("1.0000E-03", "2.00000E-03") + End_Of_Output());
+         window + Water_Block({.Kind = "MONTHLY", .Snow = "1.5000", .Transpiration = {{1, "2.50000"}}}) +
+             Water_Block("1.00000", "2.00000") + End_Of_Output());
+    Seed(directory / "fuzz_chem", window + Chem_Block({.Kind = "MONTHLY", .Macropore_First = true}) +
+                                      Chem_Block("1.0000E-03", "2.00000E-03") + End_Of_Output());
     const std::vector<std::string> values(21, "1.5");
-    Seed(directory / "fuzz_plot",
-         window + Plot_Head_Of(21, 20) + Plot_Line(2190, 24, values) + Plot_Line(2191, 12, values) + Plot_Line(2191, 24, values) + Plot_Line(2192, 24, values));
-    Seed(directory / "fuzz_year", "one\r\ntwo\r\nthree\r\nfour\r\n \r\n \r\n\tResults for P in the percolate at 1 m soil depth\r\n \r\n"
-                                  "\t  Year  \tPesticide Flux\t   Percolate\tPesticide Conc.\r\n\t         \t     (g/ha)\r\n"
-                                  "\t7       \t7.0000000   \t100.000     \t7.000\r\n\t---\r\n\tTotal    \t7.0000000   \t100.000     \t7.000\r\n"
-                                  "\t80 Perc.(7/7)\t14.0000     \t200.000     \t7.000\r\n");
+    Seed(directory / "fuzz_plot", window + Plot_Head_Of(21, 20) + Plot_Line(2190, 24, values) +
+                                      Plot_Line(2191, 12, values) + Plot_Line(2191, 24, values) +
+                                      Plot_Line(2192, 24, values));
+    Seed(directory / "fuzz_year",
+         "one\r\ntwo\r\nthree\r\nfour\r\n \r\n \r\n\tResults for P in the percolate at 1 m soil depth\r\n \r\n"
+         "\t  Year  \tPesticide Flux\t   Percolate\tPesticide Conc.\r\n\t         \t     (g/ha)\r\n"
+         "\t7       \t7.0000000   \t100.000     \t7.000\r\n\t---\r\n\tTotal    \t7.0000000   \t100.000     \t7.000\r\n"
+         "\t80 Perc.(7/7)\t14.0000     \t200.000     \t7.000\r\n");
 }
 
 } // namespace
@@ -61,15 +65,18 @@ try {
     const std::filesystem::path directory = argv[1];
     Seed(directory / "fuzz_psm", Example_File());
     Seed(directory / "fuzz_sze", Scenario_File());
-    Seed(directory / "fuzz_cli", "Demo\r\n 0201811.2500000 0.1500000 18.5000   14.2500   6.0000000 78.5000   15230.0         12\r\n\r\n");
-    Seed(directory / "fuzz_inp", "002 01 01 31 12 Version 5          SOIL 0 \r\n..\\..\\..\\T_N_maize.sze\r\ntest.psm\r\na.cli\r\nb.cli\r\n"
-                                 "00000001    5.000000020\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n");
-    Seed(directory / "fuzz_job",
-         Format_Job(Format_Job_Run("a.run\\b.run\\c.run", "orvel401.exe", true) + Format_Job_Run("a.run\\b.run\\d.run", "orvel401.exe", false)));
-    Seed(directory / "fuzz_crops",
-         "2\r\nname\r\n"
-         "Maize            80  0.15   90  3  1.80   5  5  1  30  7  1  20  9  1   1  9  1  30  4  1  0.2 0.2 0.2 0.2  0 0 0  1.20 0.60\r\n"
-         "Potatoes         60  0.15   80  1  0.80  10  5  1  20  7  1  15  9  1  31  8  1   5  5  1  0.2 0.2 0.2 0.2  0 0 1  1.15 0.75\r\n");
+    Seed(directory / "fuzz_cli",
+         "Demo\r\n 0201811.2500000 0.1500000 18.5000   14.2500   6.0000000 78.5000   15230.0         12\r\n\r\n");
+    Seed(directory / "fuzz_inp",
+         "002 01 01 31 12 Version 5          SOIL 0 \r\n..\\..\\..\\T_N_maize.sze\r\ntest.psm\r\na.cli\r\nb.cli\r\n"
+         "00000001    5.000000020\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n");
+    Seed(directory / "fuzz_job", Format_Job(Format_Job_Run("a.run\\b.run\\c.run", "orvel401.exe", true) +
+                                            Format_Job_Run("a.run\\b.run\\d.run", "orvel401.exe", false)));
+    Seed(directory / "fuzz_crops", "2\r\nname\r\n"
+                                   "Maize            80  0.15   90  3  1.80   5  5  1  30  7  1  20  9  1   1  9  1  "
+                                   "30  4  1  0.2 0.2 0.2 0.2  0 0 0  1.20 0.60\r\n"
+                                   "Potatoes         60  0.15   80  1  0.80  10  5  1  20  7  1  15  9  1  31  8  1   "
+                                   "5  5  1  0.2 0.2 0.2 0.2  0 0 1  1.15 0.75\r\n");
     Seed_Output(directory);
     Seed_Engine(directory / "fuzz_engine");
     return 0;

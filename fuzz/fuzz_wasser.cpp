@@ -14,7 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (const auto view : {Balance_View::Annual, Balance_View::Monthly}) {
             auto wasser = open();
             Scan_Water_Balance(wasser, view, [&](const Water_Balance_Row& row) {
-                text += Number_Texts(std::array{row.Precipitation, row.Irrigation, row.Runoff, row.Evapotranspiration, row.Percolate, row.Diff_Storage});
+                text += Number_Texts(std::array{row.Precipitation, row.Irrigation, row.Runoff, row.Evapotranspiration,
+                                                row.Percolate, row.Diff_Storage});
             });
         }
         return text;

@@ -1,7 +1,7 @@
 // Any bytes as a cache of the leachate tables: read back, turned into periods and gathered into a report.
-#include "tables/leachate_periods.h"
 #include "report/summary_report.h"
 #include "round_trip.h"
+#include "tables/leachate_periods.h"
 
 #include <cstdint>
 #include <stdexcept>
@@ -15,7 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (int index = 0; index < 3; ++index) {
             const auto periods = Build_Periods(bytes, index);
             const auto again = Parse_Leachate(periods.Text.File);
-            Demand_Same(std::to_string(again.Tables.size()), std::to_string(periods.Set[0].size() + periods.Set[1].size()));
+            Demand_Same(std::to_string(again.Tables.size()),
+                        std::to_string(periods.Set[0].size() + periods.Set[1].size()));
         }
     } catch (const std::domain_error&) { // a sum that no double holds
     }

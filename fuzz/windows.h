@@ -10,7 +10,8 @@
 
 namespace orvel {
 
-// Reads the bytes through windows of several sizes, the first byte's among them: what `read` makes of them must not differ.
+// Reads the bytes through windows of several sizes, the first byte's among them: what `read` makes of them must not
+// differ.
 template <class Read> void Read_Through_Windows(const std::uint8_t* data, std::size_t size, const Read& read)
 {
     if (size == 0)

@@ -23,7 +23,8 @@ public:
         std::filesystem::permissions(Place / "orvel401.exe", std::filesystem::perms::owner_all);
         Write_Whole(Place / "Haude.dat", "monthly factors\r\n");
         Write_Whole(Place / "focus/Focuscheck.dat", "checked\r\n");
-        for (const char* name : {"c_apples.sze", "H_maize.sze", "C_maize.sze", "S_maize.sze", "H_wcerea.sze", "S_wcerea.sze", "H_beans.sze"})
+        for (const char* name : {"c_apples.sze", "H_maize.sze", "C_maize.sze", "S_maize.sze", "H_wcerea.sze",
+                                 "S_wcerea.sze", "H_beans.sze"})
             Put_Scenario(name);
         Put_Pesticide("test.psm", {"H", "C"});
     }
@@ -38,7 +39,8 @@ public:
         Reset_SZE(document);
         document.SZE_Title = "DEM 3 " + name;
         document.SZE_Crop_Count = static_cast<std::int16_t>(crops);
-        document.Crops.assign(static_cast<std::size_t>(crops), {.SZE_Rot_Crop_No = 1, .SZE_Rot_Tillage = static_cast<std::int16_t>(tillage)});
+        document.Crops.assign(static_cast<std::size_t>(crops),
+                              {.SZE_Rot_Crop_No = 1, .SZE_Rot_Tillage = static_cast<std::int16_t>(tillage)});
         document.SZE_Rot_Count = 1;
         document.Rotation.assign(1, {.SZE_Eme_Day = 1, .SZE_Eme_Month = 5, .SZE_Eme_Year = 1, .SZE_Rot_Crop_Index = 1});
         Write_Whole(Place / "focus" / name, Format_SZE(document));
@@ -57,7 +59,8 @@ public:
             document->App_Location[location] = Location_Name(codes[location - 1]);
             document->App_Count[location] = applications;
             for (int a = 1; a <= applications; ++a)
-                document->Applications[location][static_cast<std::size_t>(a)] = {1, 11, static_cast<std::int16_t>(a), 1.0};
+                document->Applications[location][static_cast<std::size_t>(a)] = {1, 11, static_cast<std::int16_t>(a),
+                                                                                 1.0};
         }
         Write_Whole(Place / name, Format_PSM(*document));
     }

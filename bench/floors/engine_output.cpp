@@ -192,9 +192,12 @@ void water_block(Out& out, Kind kind, int year, int compartments)
     fix(out.line.data() + 59, 10);
     out.flush_line();
     out.put("");
-    out.put("   HORIZON   COMPARTMENT     STORAGE    LEACHING IN    TRANSPIRATION     LEACHING OUT       STORAGE      MOISTURE");
-    out.put("                              (CM)          (CM)           (CM)             (CM)            (CM)        (CM/CM)");
-    out.put("   -------   -----------  ---------  -------------  ---------------  ------------- ------------- -------------");
+    out.put("   HORIZON   COMPARTMENT     STORAGE    LEACHING IN    TRANSPIRATION     LEACHING OUT       STORAGE      "
+            "MOISTURE");
+    out.put("                              (CM)          (CM)           (CM)             (CM)            (CM)        "
+            "(CM/CM)");
+    out.put("   -------   -----------  ---------  -------------  ---------------  ------------- ------------- "
+            "-------------");
     for (int c = 1; c <= compartments; ++c) {
         out.line.assign(111, ' ');
         char* p = out.line.data();
@@ -223,8 +226,10 @@ void chem_block(Out& out, Kind kind, int year, int compartments)
     std::snprintf(buf, sizeof buf, "     %s PESTICIDE BALANCE  YEAR %d", kind_word[kind], year);
     out.put(buf);
     out.put("");
-    out.put("  RIZON PARTMENT    APPLICATION      STORAGE    LEACHING IN        DECAY        UPTAKE  VOLATILIZED   LEACHING OUT       STORAGE");
-    out.put("  ----- --------   ------------ ------------ ------------ ------------ ------------ ------------  ----------- ------------");
+    out.put("  RIZON PARTMENT    APPLICATION      STORAGE    LEACHING IN        DECAY        UPTAKE  VOLATILIZED   "
+            "LEACHING OUT       STORAGE");
+    out.put("  ----- --------   ------------ ------------ ------------ ------------ ------------ ------------  "
+            "----------- ------------");
     for (int c = 1; c <= compartments; ++c) {
         out.line.assign(121, ' ');
         char* p = out.line.data();
@@ -237,8 +242,8 @@ void chem_block(Out& out, Kind kind, int year, int compartments)
         out.put(out.line);
     }
     out.put("    * DECAY FOR COMPARTMENT 1");
-    static const char* totals[] = {"TOTAL PLANT UPTAKE OF PESTICIDE", "TOTAL DECAY OF PESTICIDE", "TOTAL VOLATILIZATION", "TOTAL RUNOFF",
-                                   "PESTICIDE LEACHED BELOW CORE"};
+    static const char* totals[] = {"TOTAL PLANT UPTAKE OF PESTICIDE", "TOTAL DECAY OF PESTICIDE",
+                                   "TOTAL VOLATILIZATION", "TOTAL RUNOFF", "PESTICIDE LEACHED BELOW CORE"};
     for (const char* t : totals) {
         out.blank();
         out.at(5, t);

@@ -1,8 +1,10 @@
 // The least a Qt 6 Widgets program costs: process start to first paint, and resident memory then.
 //
-//   qt_floor empty|start       empty: a window with a label; start: a window as busy as a start form (menu bar, 40 buttons,
+//   qt_floor empty|start       empty: a window with a label; start: a window as busy as a start form (menu bar, 40
+//   buttons,
 //                              a table of 60 rows, two combo boxes, a multi-line text box)
-// Prints milliseconds from main to the first paint event and to the first idle turn after it, and VmRSS, VmHWM, then quits.
+// Prints milliseconds from main to the first paint event and to the first idle turn after it, and VmRSS, VmHWM, then
+// quits.
 
 #include <chrono>
 #include <cstdio>
@@ -50,7 +52,8 @@ protected:
         if (event->type() == QEvent::Paint && at < 0) {
             at = since();
             QTimer::singleShot(0, [this] {
-                std::printf("main to paint %.1f ms, to idle %.1f ms, VmRSS %ld kB, VmHWM %ld kB\n", at, since(), memory("VmRSS:"), memory("VmHWM:"));
+                std::printf("main to paint %.1f ms, to idle %.1f ms, VmRSS %ld kB, VmHWM %ld kB\n", at, since(),
+                            memory("VmRSS:"), memory("VmHWM:"));
                 std::fflush(stdout);
                 QCoreApplication::quit();
             });

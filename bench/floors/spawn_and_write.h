@@ -17,7 +17,8 @@ inline void Spawn_And_Wait(const std::filesystem::path& program, char* const arg
 {
     pid_t child = -1;
     int status = 0;
-    if (::posix_spawn(&child, program.c_str(), nullptr, nullptr, arguments, environ) != 0 || ::waitpid(child, &status, 0) != child || status != 0)
+    if (::posix_spawn(&child, program.c_str(), nullptr, nullptr, arguments, environ) != 0 ||
+        ::waitpid(child, &status, 0) != child || status != 0)
         throw std::runtime_error("cannot run " + program.string());
 }
 

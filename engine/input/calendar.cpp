@@ -49,7 +49,8 @@ int Calendar::Start_Of(int year) const
 int Calendar::Number(const Date& date) const
 {
     const int day = std::min(date.Day, Days_In(date.Year, date.Month));
-    return Start_Of(date.Year) + Before_Month[static_cast<std::size_t>(date.Month - 1)] + day + (date.Month > 2 && Is_Leap(date.Year) ? 1 : 0);
+    return Start_Of(date.Year) + Before_Month[static_cast<std::size_t>(date.Month - 1)] + day +
+           (date.Month > 2 && Is_Leap(date.Year) ? 1 : 0);
 }
 
 Date Calendar::Date_Of(int number) const

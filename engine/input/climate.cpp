@@ -42,7 +42,10 @@ struct Reader {
     std::string Name;
     Findings& Found;
 
-    void Error(int number, int line, const std::string& text) { Found.Error(number, text + " IN LINE " + std::to_string(line) + " OF " + Name); }
+    void Error(int number, int line, const std::string& text)
+    {
+        Found.Error(number, text + " IN LINE " + std::to_string(line) + " OF " + Name);
+    }
 
     void Check(const Row& row)
     {
@@ -94,7 +97,9 @@ std::vector<Row> Read_Rows(std::string_view bytes, const Climate_Table& table, R
         row.Hour = Val(from.Cli_Hour);
         row.Rain = from.Cli_Rain;
         row.Temperature = from.Cli_Temp_Mean;
-        const auto present = [&line](Field field, double value) { return Is_Blank(line, field) ? std::nullopt : std::optional(value); };
+        const auto present = [&line](Field field, double value) {
+            return Is_Blank(line, field) ? std::nullopt : std::optional(value);
+        };
         row.Evaporation = present(Evaporation, from.Cli_Evap);
         row.Temperature_14 = present(Temperature_14, from.Cli_Temp_14);
         row.Difference = present(Difference, from.Cli_Temp_Diff);
@@ -106,7 +111,8 @@ std::vector<Row> Read_Rows(std::string_view bytes, const Climate_Table& table, R
     return rows;
 }
 
-template <class Get> std::optional<double> Sum_Of(const std::vector<Row>& rows, std::size_t first, std::size_t last, Get get)
+template <class Get>
+std::optional<double> Sum_Of(const std::vector<Row>& rows, std::size_t first, std::size_t last, Get get)
 {
     std::optional<double> sum;
     for (std::size_t i = first; i < last; ++i) {
@@ -138,7 +144,8 @@ Climate_Day Merge(const std::vector<Row>& rows, std::size_t first, std::size_t l
     day.Radiation = Sum_Of(rows, first, last, [](const Row& r) { return r.Radiation; }).value_or(0);
     if (day.Radiation <= 0) {
         // Hargreaves & Samani 1982, J. Irrig. Drain. 108:225.
-        const int day_of_year = Calendar(std::vector<bool>{day.Month == 2 && day.Day == 29}).Number({1, day.Month, day.Day});
+        const int day_of_year =
+            Calendar(std::vector<bool>{day.Month == 2 && day.Day == 29}).Number({1, day.Month, day.Day});
         day.Radiation = 0.16 * std::sqrt(day.Difference) * Extraterrestrial_Radiation(latitude, day_of_year) * 1000;
     }
     return day;
@@ -151,7 +158,8 @@ bool Has_29_February(const std::vector<Climate_Day>& days)
 
 } // namespace
 
-std::vector<Climate_Day> Read_Climate_Days(std::string_view bytes, std::string_view name, double latitude, std::string& title, Findings& findings)
+std::vector<Climate_Day> Read_Climate_Days(std::string_view bytes, std::string_view name, double latitude,
+                                           std::string& title, Findings& findings)
 {
     Reader reader{std::string(name), findings};
     Climate_Table table;
@@ -167,8 +175,8 @@ std::vector<Climate_Day> Read_Climate_Days(std::string_view bytes, std::string_v
     for (std::size_t first = 0; first < rows.size();) {
         const Row& row = rows[first];
         std::size_t last = first + 1;
-        while (last < rows.size() && rows[last].Day == row.Day && rows[last].Month == row.Month && rows[last].Year == row.Year &&
-               rows[last].Hour != rows[last - 1].Hour)
+        while (last < rows.size() && rows[last].Day == row.Day && rows[last].Month == row.Month &&
+               rows[last].Year == row.Year && rows[last].Hour != rows[last - 1].Hour)
             ++last;
         days.push_back(Merge(rows, first, last, latitude));
         first = last;
@@ -176,7 +184,8 @@ std::vector<Climate_Day> Read_Climate_Days(std::string_view bytes, std::string_v
     return days;
 }
 
-Climate Assemble_Climate(const Run_Control& control, const std::vector<const std::vector<Climate_Day>*>& years, Findings& findings)
+Climate Assemble_Climate(const Run_Control& control, const std::vector<const std::vector<Climate_Day>*>& years,
+                         Findings& findings)
 {
     Climate climate;
     std::vector<bool> leap;
@@ -200,8 +209,9 @@ Climate Assemble_Climate(const Run_Control& control, const std::vector<const std
         }
         if (next <= year_end) {
             const Date date = climate.Dates.Date_Of(next);
-            findings.Error(53, "DAY " + std::to_string(date.Day) + "." + std::to_string(date.Month) + " MISSING OR OUT OF ORDER IN CLIMATE YEAR " +
-                                   std::to_string(y) + " (" + control.Climate_Files[static_cast<std::size_t>(y - 1)] + ")");
+            findings.Error(53, "DAY " + std::to_string(date.Day) + "." + std::to_string(date.Month) +
+                                   " MISSING OR OUT OF ORDER IN CLIMATE YEAR " + std::to_string(y) + " (" +
+                                   control.Climate_Files[static_cast<std::size_t>(y - 1)] + ")");
             next = year_end + 1;
         }
     }
@@ -244,7 +254,8 @@ double Extraterrestrial_Radiation(double latitude, int day_of_year)
     const double phi = latitude * std::numbers::pi / 180, delta = Declination(day_of_year);
     const double distance = 1 + 0.033 * Steady_Cosine(2 * std::numbers::pi * day_of_year / 365);
     const double sunset = Sunset_Angle(phi, delta);
-    const double geometry = sunset * Steady_Sine(phi) * Steady_Sine(delta) + Steady_Cosine(phi) * Steady_Cosine(delta) * Steady_Sine(sunset);
+    const double geometry = sunset * Steady_Sine(phi) * Steady_Sine(delta) +
+                            Steady_Cosine(phi) * Steady_Cosine(delta) * Steady_Sine(sunset);
     return std::max(0.0, 24 * 60 / std::numbers::pi * solar_constant * distance * geometry);
 }
 
@@ -282,8 +293,10 @@ Haude_Table Read_Haude(std::string_view bytes)
 const std::array<double, 12>& Haude_Row(const Haude_Table& table, int crop_number)
 {
     // Meadow: Haeckel, Meteorologie, 4th ed. 1999. Bare soil: the winter values of maize there.
-    static constexpr std::array<double, 12> grass = {0.20, 0.20, 0.25, 0.29, 0.29, 0.28, 0.26, 0.25, 0.23, 0.22, 0.20, 0.20};
-    static constexpr std::array<double, 12> bare = {0.11, 0.11, 0.11, 0.11, 0.11, 0.11, 0.11, 0.11, 0.11, 0.11, 0.11, 0.11};
+    static constexpr std::array<double, 12> grass = {0.20, 0.20, 0.25, 0.29, 0.29, 0.28,
+                                                     0.26, 0.25, 0.23, 0.22, 0.20, 0.20};
+    static constexpr std::array<double, 12> bare = {0.11, 0.11, 0.11, 0.11, 0.11, 0.11,
+                                                    0.11, 0.11, 0.11, 0.11, 0.11, 0.11};
     const auto found = table.find(crop_number);
     if (found != table.end())
         return found->second;

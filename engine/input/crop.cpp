@@ -34,7 +34,8 @@ Row_Dates Dates_Of(const Rotation_Row& row)
     dates.Emergence = {row.SZE_Eme_Year, row.SZE_Eme_Month, row.SZE_Eme_Day};
     dates.Maturation = {row.SZE_Mat_Year, row.SZE_Mat_Month, row.SZE_Mat_Day};
     dates.Harvest = {row.SZE_Har_Year, row.SZE_Har_Month, row.SZE_Har_Day};
-    dates.Senescence = {row.SZE_Sen_Year, static_cast<int>(row.SZE_Sen_Month.Number()), static_cast<int>(row.SZE_Sen_Day.Number())};
+    dates.Senescence = {row.SZE_Sen_Year, static_cast<int>(row.SZE_Sen_Month.Number()),
+                        static_cast<int>(row.SZE_Sen_Day.Number())};
     dates.Tillage = {row.SZE_Til_Year, row.SZE_Til_Month, row.SZE_Til_Day};
     if (dates.Tillage.Month == 0 && dates.Tillage.Day > 0) { // a derived date may fall into the month before January
         dates.Tillage.Month = 12;
@@ -64,7 +65,10 @@ public:
     }
 
 private:
-    void Error(std::size_t row, const std::string& text) { Found.Error(36, text + " IN ROTATION ROW " + std::to_string(row + 1)); }
+    void Error(std::size_t row, const std::string& text)
+    {
+        Found.Error(36, text + " IN ROTATION ROW " + std::to_string(row + 1));
+    }
 
     void Read_Rows()
     {
@@ -81,34 +85,44 @@ private:
                 Error(r, "NO SUCH CROP ROW");
                 continue;
             }
-            const bool tilled = Scenario.Crops[static_cast<std::size_t>(row.SZE_Rot_Crop_Index - 1)].SZE_Rot_Tillage == 1;
+            const bool tilled =
+                Scenario.Crops[static_cast<std::size_t>(row.SZE_Rot_Crop_Index - 1)].SZE_Rot_Tillage == 1;
             if (!dates.Senescence.Is_Set())
                 dates.Senescence = dates.Harvest;
-            if (!dates.Emergence.Possible() || !dates.Maturation.Possible() || !dates.Harvest.Possible() || !dates.Senescence.Possible() ||
-                (tilled && dates.Tillage.Is_Set() && !dates.Tillage.Possible())) {
+            if (!dates.Emergence.Possible() || !dates.Maturation.Possible() || !dates.Harvest.Possible() ||
+                !dates.Senescence.Possible() || (tilled && dates.Tillage.Is_Set() && !dates.Tillage.Possible())) {
                 Error(r, "IMPOSSIBLE DATE");
                 continue;
             }
             if (!tilled)
                 dates.Tillage = {};
             const Crop_Period period = Shifted(dates, row.SZE_Rot_Crop_Index - 1, 0);
-            if (period.Maturation < period.Emergence || period.Harvest <= period.Emergence || period.Harvest < period.Maturation) {
+            if (period.Maturation < period.Emergence || period.Harvest <= period.Emergence ||
+                period.Harvest < period.Maturation) {
                 Error(r, "EMERGENCE, MATURATION AND HARVEST NOT IN ORDER");
                 continue;
             }
             if (period.Senescence < period.Maturation || period.Senescence > period.Harvest)
-                Found.Tell(Note::Value_Clamped, "SENESCENCE NOT BETWEEN MATURATION AND HARVEST IN ROTATION ROW " + std::to_string(r + 1) + ", MOVED THERE");
+                Found.Tell(Note::Value_Clamped, "SENESCENCE NOT BETWEEN MATURATION AND HARVEST IN ROTATION ROW " +
+                                                    std::to_string(r + 1) + ", MOVED THERE");
             Rows.push_back(dates);
             Crops.push_back(row.SZE_Rot_Crop_Index - 1);
         }
     }
 
-    int Number(const Row_Date& date, int years) const { return Dates.Number({date.Year + years, date.Month, date.Day}); }
+    int Number(const Row_Date& date, int years) const
+    {
+        return Dates.Number({date.Year + years, date.Month, date.Day});
+    }
 
     Crop_Period Shifted(const Row_Dates& dates, int crop, int years) const
     {
-        Crop_Period period{
-            Number(dates.Emergence, years), Number(dates.Maturation, years), Number(dates.Senescence, years), Number(dates.Harvest, years), No_Day, crop};
+        Crop_Period period{Number(dates.Emergence, years),
+                           Number(dates.Maturation, years),
+                           Number(dates.Senescence, years),
+                           Number(dates.Harvest, years),
+                           No_Day,
+                           crop};
         if (dates.Tillage.Is_Set())
             period.Tillage = Number(dates.Tillage, years);
         return period;
@@ -125,7 +139,8 @@ private:
                 Crop_Period period = Shifted(Rows[r], Crops[r], years);
                 period.Senescence = std::clamp(period.Senescence, period.Maturation, period.Harvest);
                 if (years > 0 && period.Emergence <= Last_Day)
-                    Found.Tell(Note::Rotation_Repeated, "ROTATION REPEATED WITH A PERIOD OF " + std::to_string(cycle) + " YEAR(S)");
+                    Found.Tell(Note::Rotation_Repeated,
+                               "ROTATION REPEATED WITH A PERIOD OF " + std::to_string(cycle) + " YEAR(S)");
                 Periods.push_back(period);
             }
         }
@@ -139,7 +154,8 @@ private:
                 continue;
             if (next <= Last_Day) {
                 const Date date = Dates.Date_Of(next);
-                Found.Tell(Note::Crop_Ended_Early, "THE CROP BEFORE ENDS WITH THE EMERGENCE ON " + std::to_string(date.Day) + "." + std::to_string(date.Month) +
+                Found.Tell(Note::Crop_Ended_Early, "THE CROP BEFORE ENDS WITH THE EMERGENCE ON " +
+                                                       std::to_string(date.Day) + "." + std::to_string(date.Month) +
                                                        " OF YEAR " + std::to_string(date.Year));
             }
             Periods[i].Harvest = next;
@@ -159,7 +175,8 @@ private:
 
 double Crop_Factor_On(const Scenario_Document& scenario, const Crop_Row& row, const Crop_Period& period, int day)
 {
-    const double none = scenario.SZE_Kc[0][0], mid = scenario.SZE_Kc[1][0] * row.SZE_Rot_Kc_Mid, late = scenario.SZE_Kc[2][0] * row.SZE_Rot_Kc_Late;
+    const double none = scenario.SZE_Kc[0][0], mid = scenario.SZE_Kc[1][0] * row.SZE_Rot_Kc_Mid,
+                 late = scenario.SZE_Kc[2][0] * row.SZE_Rot_Kc_Late;
     if (day < period.Maturation)
         return none + (mid - none) * Share(day, period.Emergence, period.Maturation);
     if (day < period.Senescence)
@@ -169,7 +186,8 @@ double Crop_Factor_On(const Scenario_Document& scenario, const Crop_Row& row, co
 
 } // namespace
 
-std::vector<Crop_Period> Build_Rotation(const Scenario_Document& scenario, const Calendar& dates, int last_day, Findings& findings)
+std::vector<Crop_Period> Build_Rotation(const Scenario_Document& scenario, const Calendar& dates, int last_day,
+                                        Findings& findings)
 {
     return Rotation_Builder(scenario, dates, last_day, findings).Build();
 }
@@ -216,7 +234,9 @@ double Crop_State::Cover_Factor() const
 {
     if (!Row)
         return 1;
-    const Variant& factor = Field == Stage::Fallow ? Row->SZE_Rot_USLE1 : Field == Stage::Cropping ? Row->SZE_Rot_USLE2 : Row->SZE_Rot_USLE3;
+    const Variant& factor = Field == Stage::Fallow     ? Row->SZE_Rot_USLE1
+                            : Field == Stage::Cropping ? Row->SZE_Rot_USLE2
+                                                       : Row->SZE_Rot_USLE3;
     return factor.Number();
 }
 
@@ -237,7 +257,8 @@ Crop_State Crop_On(const Scenario_Document& scenario, const std::vector<Crop_Per
     const Crop_Period& period = *(next - 1);
     const Crop_Row& row = scenario.Crops[static_cast<std::size_t>(period.Row)];
     state.Row = &row;
-    state.Harvest_Today = period.Harvest == day || (period.Emergence == day && next - rotation.begin() >= 2 && (next - 2)->Harvest == day);
+    state.Harvest_Today = period.Harvest == day ||
+                          (period.Emergence == day && next - rotation.begin() >= 2 && (next - 2)->Harvest == day);
     if (period.Tillage == day)
         state.Tillage_Today = true;
     if (day >= period.Harvest) {

@@ -23,9 +23,10 @@ struct Crop_Period {
     bool operator==(const Crop_Period&) const = default;
 };
 
-// The crops of the whole simulation in the order of their emergence. A list that ends before the simulation is repeated. Crops that are
-// cut by the next one end there. What is wrong goes to the findings (error 36).
-std::vector<Crop_Period> Build_Rotation(const Scenario_Document& scenario, const Calendar& dates, int last_day, Findings& findings);
+// The crops of the whole simulation in the order of their emergence. A list that ends before the simulation is
+// repeated. Crops that are cut by the next one end there. What is wrong goes to the findings (error 36).
+std::vector<Crop_Period> Build_Rotation(const Scenario_Document& scenario, const Calendar& dates, int last_day,
+                                        Findings& findings);
 
 // Senescence dates as they stand in the file's rotation rows, which the document drops under the marker "ORVEL401".
 void Restore_Senescence(std::string_view bytes, Scenario_Document& document);

@@ -20,7 +20,11 @@ constexpr int Internal_Failure = 94;
 
 // A failure that ends the run: number and text of its line, and the exit code.
 struct Engine_Failure : std::runtime_error {
-    Engine_Failure(int number, const std::string& text, int exit_code = Exit_Failed) : std::runtime_error(text), Number(number), Exit_Code(exit_code) {}
+    Engine_Failure(int number, const std::string& text, int exit_code = Exit_Failed)
+        : std::runtime_error(text),
+          Number(number),
+          Exit_Code(exit_code)
+    {}
     int Number, Exit_Code;
 };
 

@@ -90,12 +90,15 @@ Output_Row Read_Row(std::string_view line, int number, Findings& findings)
     row.Scale = Val(scale);
     row.Scale_Text = std::string(Trim(scale).substr(0, Scale_Width));
     row.Substance = Whole(substance);
-    if (!Holds_Number(depth) || !Holds_Number(scale) || !(row.Depth >= 0 && row.Depth <= Deepest) || !(std::abs(row.Scale) <= 1e15)) {
-        findings.Error(13, "SCALE OR DEPTH IN OUTPUT ROW " + std::to_string(number) + " OF ORVEL.INP IS NO USABLE NUMBER");
+    if (!Holds_Number(depth) || !Holds_Number(scale) || !(row.Depth >= 0 && row.Depth <= Deepest) ||
+        !(std::abs(row.Scale) <= 1e15)) {
+        findings.Error(13,
+                       "SCALE OR DEPTH IN OUTPUT ROW " + std::to_string(number) + " OF ORVEL.INP IS NO USABLE NUMBER");
         row.Depth = row.Scale = 0;
     }
     if (row.Variable == 0 && !Trim(row.Code).empty())
-        findings.Tell(Note::Column_Of_Zeros, "UNKNOWN CODE IN OUTPUT ROW " + std::to_string(number) + ": COLUMN OF ZEROS");
+        findings.Tell(Note::Column_Of_Zeros,
+                      "UNKNOWN CODE IN OUTPUT ROW " + std::to_string(number) + ": COLUMN OF ZEROS");
     if (Trim(row.Code).empty())
         findings.Tell(Note::Column_Of_Zeros, "NO CODE IN OUTPUT ROW " + std::to_string(number) + ": COLUMN OF ZEROS");
     return row;

@@ -43,7 +43,8 @@ struct Count_Line {
 };
 Count_Line Read_Count_Line(std::string_view line);
 
-// The location code of a scenario file: the longest one that stands before "_" at the front of its name; empty for none.
+// The location code of a scenario file: the longest one that stands before "_" at the front of its name; empty for
+// none.
 std::string Location_Code_Of(std::string_view scenario_file);
 
 // The file name behind the last slash or backslash.

@@ -24,7 +24,12 @@ using Aligned_Row = std::vector<double, Cache_Line_Allocator<double>>;
 struct Solute_Layout {
     int N = 0, Slots = 0, Padded = 0, Lanes = 0;
 
-    Solute_Layout(int compartments, int slots) : N(compartments), Slots(slots), Padded((compartments + 3) / 4 * 4), Lanes((slots + 3) / 4 * 4) {}
+    Solute_Layout(int compartments, int slots)
+        : N(compartments),
+          Slots(slots),
+          Padded((compartments + 3) / 4 * 4),
+          Lanes((slots + 3) / 4 * 4)
+    {}
     std::size_t At(int row, int slot) const { return static_cast<std::size_t>(row) * Lanes + slot; }
     Aligned_Row Rows(double value, int extra = 0) const { return Aligned_Row(At(N + extra, 0), value); }
     Aligned_Row Column(double value) const { return Aligned_Row(Padded, value); } // one number a row

@@ -7,7 +7,8 @@
 
 namespace orvel::engine {
 
-// While it lives, numbers too small for a normal double are 0: below a front masses fade to nothing, and arithmetic on what is left is slow.
+// While it lives, numbers too small for a normal double are 0: below a front masses fade to nothing, and arithmetic on
+// what is left is slow.
 class Flush_To_Zero {
 public:
 #if defined(__SSE2__)

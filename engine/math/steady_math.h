@@ -2,8 +2,9 @@
 
 namespace orvel::engine {
 
-// Elementary functions that give the same bits with every C library and on every processor (the library's own may take other paths on
-// processors with fused multiplication). Relative error below 1e-14, for Steady_Power times the size of its logarithm.
+// Elementary functions that give the same bits with every C library and on every processor (the library's own may take
+// other paths on processors with fused multiplication). Relative error below 1e-14, for Steady_Power times the size of
+// its logarithm.
 
 double Steady_Exp(double x);             // cut to -708..709
 double Steady_Log(double x);             // of a positive normal number

@@ -5,8 +5,9 @@
 
 namespace orvel::engine {
 
-// Four doubles at a time. Everything here is IEEE addition, multiplication, division and integer work, so that each processor gives the same
-// bits, whatever the width of its registers and whichever C library it has. Included only by the sources of the kernels.
+// Four doubles at a time. Everything here is IEEE addition, multiplication, division and integer work, so that each
+// processor gives the same bits, whatever the width of its registers and whichever C library it has. Included only by
+// the sources of the kernels.
 
 namespace {
 
@@ -66,7 +67,9 @@ LANES_INLINE V4 Log(V4 x)
     const V4_Bits high = m > 1.4142135623730951;
     m = high ? m * 0.5 : m;
     // The exponent field is below 2^11: glued into the mantissa of 2^52 it becomes a double without a conversion.
-    const V4 field = (V4)(((V4_Bits)((__attribute__((vector_size(32))) std::uint64_t)bits >> 52)) | 0x4330000000000000) - 4503599627370496.0;
+    const V4 field =
+        (V4)(((V4_Bits)((__attribute__((vector_size(32))) std::uint64_t)bits >> 52)) | 0x4330000000000000) -
+        4503599627370496.0;
     const V4 e = field - (high ? All(1022.0) : All(1023.0));
 
     const V4 s = (m - 1.0) / (m + 1.0);
@@ -83,7 +86,8 @@ LANES_INLINE V4 Log(V4 x)
 LANES_INLINE V4 Exp(V4 x)
 {
     x = Min(Max(x, All(-708.0)), All(709.0));
-    const V4 magic = All(6755399441055744.0); // 1.5 * 2^52: the sum's low bits are the integer nearest to the other summand
+    const V4 magic =
+        All(6755399441055744.0); // 1.5 * 2^52: the sum's low bits are the integer nearest to the other summand
     const V4 shifted = x * 1.4426950408889634 + magic;
     const V4 n = shifted - magic;
     const V4 r = (x - n * 6.93147180369123816490e-01) - n * 1.90821492927058770002e-10;
@@ -101,9 +105,21 @@ LANES_INLINE V4 Exp(V4 x)
 // (1 - e^-x) / x for x from 0 to 0.8, by its series; exact to the last bits where 1 - e^-x alone would cancel.
 LANES_INLINE V4 Mean_Decay(V4 x)
 {
-    constexpr double inverse_factorial[] = {
-        1.0,          1.0 / 2,       1.0 / 6,        1.0 / 24,        1.0 / 120,          1.0 / 720,           1.0 / 5040,           1.0 / 40320,
-        1.0 / 362880, 1.0 / 3628800, 1.0 / 39916800, 1.0 / 479001600, 1.0 / 6227020800.0, 1.0 / 87178291200.0, 1.0 / 1307674368000.0};
+    constexpr double inverse_factorial[] = {1.0,
+                                            1.0 / 2,
+                                            1.0 / 6,
+                                            1.0 / 24,
+                                            1.0 / 120,
+                                            1.0 / 720,
+                                            1.0 / 5040,
+                                            1.0 / 40320,
+                                            1.0 / 362880,
+                                            1.0 / 3628800,
+                                            1.0 / 39916800,
+                                            1.0 / 479001600,
+                                            1.0 / 6227020800.0,
+                                            1.0 / 87178291200.0,
+                                            1.0 / 1307674368000.0};
     V4 sum = All(inverse_factorial[14]);
     for (int k = 13; k >= 0; --k)
         sum = inverse_factorial[k] - x * sum;

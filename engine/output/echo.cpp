@@ -17,8 +17,10 @@ namespace orvel::engine {
 namespace {
 
 constexpr std::string_view File_Name = "echo.orv";
-constexpr std::string_view At_Work = " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***\r\n";
-constexpr std::array<std::string_view, 5> Tamed = {"ERROR", "E R R O R", "*** PARAMETERS OF ", "WATR", "TOTAL COMPARTMENTS IN CORE"};
+constexpr std::string_view At_Work =
+    " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***\r\n";
+constexpr std::array<std::string_view, 5> Tamed = {"ERROR", "E R R O R", "*** PARAMETERS OF ", "WATR",
+                                                   "TOTAL COMPARTMENTS IN CORE"};
 
 [[noreturn]] void Fail(const std::string& what, int error)
 {
@@ -49,7 +51,8 @@ Echo::Echo(const std::filesystem::path& directory)
     Hold = Lock::Take(file);
     if (!Hold) {
         ::close(Descriptor);
-        throw Engine_Failure(Disk_Failure, "ECHO.ORV IS LOCKED: ANOTHER ENGINE IS AT WORK IN THIS DIRECTORY", Exit_No_File);
+        throw Engine_Failure(Disk_Failure, "ECHO.ORV IS LOCKED: ANOTHER ENGINE IS AT WORK IN THIS DIRECTORY",
+                             Exit_No_File);
     }
     if (::ftruncate(Descriptor, 0) != 0)
         Fail("CANNOT EMPTY ECHO.ORV", errno);
@@ -76,8 +79,10 @@ void Echo::Finish(std::string_view ending)
 {
     Text += ending;
     const long size = Written + static_cast<long>(Text.size());
-    // The new ending goes over the old line and is cut to its size: a full disk leaves the line of error 99, or the ending in part.
-    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, Text) || ::ftruncate(Descriptor, size) != 0 || ::fsync(Descriptor) != 0)
+    // The new ending goes over the old line and is cut to its size: a full disk leaves the line of error 99, or the
+    // ending in part.
+    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, Text) ||
+        ::ftruncate(Descriptor, size) != 0 || ::fsync(Descriptor) != 0)
         Fail("CANNOT WRITE ECHO.ORV", errno);
     Written = size;
     Text.clear();

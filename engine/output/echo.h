@@ -2,8 +2,8 @@
 
 #include "core/system/lock.h"
 #include "engine/input/findings.h"
-#include "engine/setup/input.h"
 #include "engine/output/water_report.h"
+#include "engine/setup/input.h"
 
 #include <filesystem>
 #include <optional>
@@ -12,11 +12,12 @@
 
 namespace orvel::engine {
 
-// echo.orv: the echo of the input, the findings and how the run ended. As long as the engine works the file ends in the line of error 99, so that a
-// run that is killed shows as failed. The file is locked from the start to the end.
+// echo.orv: the echo of the input, the findings and how the run ended. As long as the engine works the file ends in the
+// line of error 99, so that a run that is killed shows as failed. The file is locked from the start to the end.
 class Echo {
 public:
-    // Takes the lock, empties the file and writes its head. Throws Engine_Failure (93, exit 3) if it is locked or cannot be written.
+    // Takes the lock, empties the file and writes its head. Throws Engine_Failure (93, exit 3) if it is locked or
+    // cannot be written.
     explicit Echo(const std::filesystem::path& directory);
     Echo(const Echo&) = delete;
     Echo& operator=(const Echo&) = delete;

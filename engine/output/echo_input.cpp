@@ -9,7 +9,8 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> Evapotranspiration_Methods = {"FROM CLIMATE FILE", "HAMON", "FROM CLIMATE FILE, ELSE HAMON", "HAUDE"};
+constexpr std::array<std::string_view, 4> Evapotranspiration_Methods = {"FROM CLIMATE FILE", "HAMON",
+                                                                        "FROM CLIMATE FILE, ELSE HAMON", "HAUDE"};
 
 constexpr int Number_Width = 12;
 
@@ -67,8 +68,8 @@ private:
         const Run_Control& control = Input.Control;
         Out += " RUN CONTROL\r\n";
         Line("YEARS", control.Years);
-        Line("PERIOD", Day_Text(control.Start_Day, control.Start_Month) + " OF YEAR 1 TO " + Day_Text(control.End_Day, control.End_Month) + " OF YEAR " +
-                           std::to_string(control.Years));
+        Line("PERIOD", Day_Text(control.Start_Day, control.Start_Month) + " OF YEAR 1 TO " +
+                           Day_Text(control.End_Day, control.End_Month) + " OF YEAR " + std::to_string(control.Years));
         Line("SOIL MODE", control.Soil_Mode ? "ON" : "OFF");
         if (control.Soil_Mode)
             Line("TEMPERATURE SHIFT (C)", control.Temperature_Shift);
@@ -77,7 +78,8 @@ private:
         User("LOCATION CODE", Input.Location_Code.empty() ? "none" : Input.Location_Code);
         Line("TILLAGE DEPTH (CM)", control.Tillage_Depth);
         for (std::size_t y = 0; y < control.Climate_Files.size(); ++y)
-            User("CLIMATE OF YEAR " + std::to_string(y + 1), control.Climate_Files[y] + "   " + Input.Weather.Titles[y]);
+            User("CLIMATE OF YEAR " + std::to_string(y + 1),
+                 control.Climate_Files[y] + "   " + Input.Weather.Titles[y]);
         Out += "\r\n OUTPUT COLUMNS: CODE, DEPTH (CM), SCALE, SUBSTANCE\r\n";
         for (const Output_Row& row : control.Rows) {
             Out += "  " + Sanitize(row.Code);
@@ -93,37 +95,44 @@ private:
         User("TITLE", s.SZE_Title);
         Line("LATITUDE (DEG)", s.SZE_Latitude);
         Line("EVAPOTRANSPIRATION", Evapotranspiration_Methods[static_cast<std::size_t>(s.SZE_ET_Method)]);
-        Line("KC NO CROP, MID, LATE SEASON", General_Text(s.SZE_Kc[0][0]) + ", " + General_Text(s.SZE_Kc[1][0]) + ", " + General_Text(s.SZE_Kc[2][0]));
+        Line("KC NO CROP, MID, LATE SEASON",
+             General_Text(s.SZE_Kc[0][0]) + ", " + General_Text(s.SZE_Kc[1][0]) + ", " + General_Text(s.SZE_Kc[2][0]));
         Line("EVAPORATION DEPTH (CM)", s.SZE_ET_Depth);
         Line("SNOW FACTOR (CM/(C D))", s.SZE_Snow_Factor.Number());
         Line("DRAINAGE", static_cast<int>(s.SZE_Water_Flag.Number()) % 2 == 1 ? "EXPONENTIALLY RESTRICTED" : "FREE");
         Line("RUNOFF", Runoff_Is_On(s) ? "ON, DEPTH (CM) " + General_Text(Input.Solute.Runoff_Depth) : "OFF");
         Line("EROSION", s.SZE_Erosion == 1 ? "ON" : "OFF");
         if (s.SZE_Erosion == 1)
-            Line("K, LS, P, AREA (HA), DURATION (H)", General_Text(s.SZE_Eros_K.Number()) + ", " + General_Text(s.SZE_Eros_2.Number()) + ", " +
-                                                          General_Text(s.SZE_Eros_3.Number()) + ", " + General_Text(s.SZE_Eros_4.Number()) + ", " +
-                                                          General_Text(s.SZE_Eros_5));
+            Line("K, LS, P, AREA (HA), DURATION (H)",
+                 General_Text(s.SZE_Eros_K.Number()) + ", " + General_Text(s.SZE_Eros_2.Number()) + ", " +
+                     General_Text(s.SZE_Eros_3.Number()) + ", " + General_Text(s.SZE_Eros_4.Number()) + ", " +
+                     General_Text(s.SZE_Eros_5));
         Line("MACROPORES", s.SZE_Macropore == 1 ? "ON" : "OFF");
         if (s.SZE_Macropore == 1)
-            Line("DEPTH (CM), THRESHOLD (CM), FRACTION",
-                 General_Text(s.SZE_Macro_Depth) + ", " + General_Text(s.SZE_Macro_Threshold) + ", " + General_Text(s.SZE_Macro_Fraction));
+            Line("DEPTH (CM), THRESHOLD (CM), FRACTION", General_Text(s.SZE_Macro_Depth) + ", " +
+                                                             General_Text(s.SZE_Macro_Threshold) + ", " +
+                                                             General_Text(s.SZE_Macro_Fraction));
         Line("DOC IN SOIL WATER (MG/L)", Input.Solute.Doc);
         Line("DISPERSION", s.SZE_Dispersion_Flag == 1 ? "LENGTH (CM)" : "COEFFICIENT (CM2/D)");
-        Line("FURTHER FLAGS (WITHOUT EFFECT)", General_Text(s.SZE_First_Crop) + ", " + General_Text(s.SZE_Line2_Flag) + ", " + Sanitize(s.SZE_Field_4216.Text()) +
-                                                   ", " + Sanitize(s.SZE_Bottom_Line.Text()) + ", " + std::to_string(Input.Pesticide.App_Rel_Flag));
+        Line("FURTHER FLAGS (WITHOUT EFFECT)", General_Text(s.SZE_First_Crop) + ", " + General_Text(s.SZE_Line2_Flag) +
+                                                   ", " + Sanitize(s.SZE_Field_4216.Text()) + ", " +
+                                                   Sanitize(s.SZE_Bottom_Line.Text()) + ", " +
+                                                   std::to_string(Input.Pesticide.App_Rel_Flag));
         Out += CrLf;
     }
 
     void Print_Horizons()
     {
         Out += " COMPARTMENTS WHERE A HORIZON BEGINS\r\n"
-               "          NO   BOTTOM CM   RHO G/CM3          FC          WP    POROSITY        OC %          PH      SAND %      CLAY %  DISPERSION"
+               "          NO   BOTTOM CM   RHO G/CM3          FC          WP    POROSITY        OC %          PH      "
+               "SAND %      CLAY %  DISPERSION"
                "    DRAINAGE  DEG.FACTOR\r\n";
         const Grid& g = Input.Core;
         for (std::size_t i = 0; i < g.Thickness.size(); ++i) {
             if (i == 0 || g.Horizon[i] != g.Horizon[i - 1])
-                Row(g.Horizon[i], g.Bottom[i], g.Density[i], g.Field_Capacity[i], g.Wilting_Point[i], g.Porosity[i], g.Organic_Carbon[i], g.pH[i], g.Sand[i],
-                    g.Clay[i], g.Dispersion[i], g.Drainage[i], g.Biodegradation[i]);
+                Row(g.Horizon[i], g.Bottom[i], g.Density[i], g.Field_Capacity[i], g.Wilting_Point[i], g.Porosity[i],
+                    g.Organic_Carbon[i], g.pH[i], g.Sand[i], g.Clay[i], g.Dispersion[i], g.Drainage[i],
+                    g.Biodegradation[i]);
         }
         Out += CrLf;
     }
@@ -136,12 +145,14 @@ private:
 
     void Print_Crops()
     {
-        Out += " CROP ROWS: NUMBER, STORAGE CM, ROOTS CM, COVER %, AFTER HARVEST, CN 1-3, C 1-3, KG/M2, RR 1-4, IRR, PER, TIL, KC\r\n";
+        Out += " CROP ROWS: NUMBER, STORAGE CM, ROOTS CM, COVER %, AFTER HARVEST, CN 1-3, C 1-3, KG/M2, RR 1-4, IRR, "
+               "PER, TIL, KC\r\n";
         for (const Crop_Row& c : Input.Scenario.Crops)
-            Row(c.SZE_Rot_Crop_No, c.SZE_Rot_Text2.Number(), c.SZE_Rot_Text1.Number(), c.SZE_Rot_Interception.Number(), c.SZE_Rot_Residue, c.SZE_Rot_CN1,
-                c.SZE_Rot_CN2, c.SZE_Rot_CN3, c.SZE_Rot_USLE1.Number(), c.SZE_Rot_USLE2.Number(), c.SZE_Rot_USLE3.Number(), c.SZE_Rot_Dry_Mass,
-                c.SZE_Rot_RR_Photo, c.SZE_Rot_RR_Pen, c.SZE_Rot_RR_Vol, c.SZE_Rot_RR_Wash, c.SZE_Rot_Irrigated, c.SZE_Rot_Perennial, c.SZE_Rot_Tillage,
-                c.SZE_Rot_Kc_Mid, c.SZE_Rot_Kc_Late);
+            Row(c.SZE_Rot_Crop_No, c.SZE_Rot_Text2.Number(), c.SZE_Rot_Text1.Number(), c.SZE_Rot_Interception.Number(),
+                c.SZE_Rot_Residue, c.SZE_Rot_CN1, c.SZE_Rot_CN2, c.SZE_Rot_CN3, c.SZE_Rot_USLE1.Number(),
+                c.SZE_Rot_USLE2.Number(), c.SZE_Rot_USLE3.Number(), c.SZE_Rot_Dry_Mass, c.SZE_Rot_RR_Photo,
+                c.SZE_Rot_RR_Pen, c.SZE_Rot_RR_Vol, c.SZE_Rot_RR_Wash, c.SZE_Rot_Irrigated, c.SZE_Rot_Perennial,
+                c.SZE_Rot_Tillage, c.SZE_Rot_Kc_Mid, c.SZE_Rot_Kc_Late);
         Out += "\r\n ROTATION: EMERGENCE, MATURATION, SENESCENCE, HARVEST, CROP ROW, TILLAGE\r\n";
         for (const Crop_Period& p : Input.Rotation) {
             if (p.Emergence > Input.Weather.Last_Day)
@@ -191,8 +202,10 @@ private:
         Line("APPLICATION METHOD", Input.Pesticide.App_Method.Number());
         const Solute_Plant& p = Input.Solute.Plant;
         if (Input.Pesticide.App_Method.Number() > 1) {
-            Out += " PLANT SURFACE: DECAY, WASH-OFF, PENETRATION, PHOTODEGRADATION, REFERENCE W/M2, LAMINAR LAYER CM, FILTRATION\r\n";
-            Row(p.Decay, p.Washoff, p.Penetration, p.Photodegradation, p.Reference_Radiation, p.Laminar_Layer, Input.Pesticide.Plant_Filtration);
+            Out += " PLANT SURFACE: DECAY, WASH-OFF, PENETRATION, PHOTODEGRADATION, REFERENCE W/M2, LAMINAR LAYER CM, "
+                   "FILTRATION\r\n";
+            Row(p.Decay, p.Washoff, p.Penetration, p.Photodegradation, p.Reference_Radiation, p.Laminar_Layer,
+                Input.Pesticide.Plant_Filtration);
         }
         Out += CrLf;
     }
@@ -204,13 +217,15 @@ private:
         Line("MOLAR MASS (G/MOL)", s.Molmass);
         Line("SORPTION", s.Kd_From_Koc ? "FROM KOC" : "FROM KD BY HORIZON");
         Out += " KOC, PH, KOC2, PH2, PKA, 1/N, LIMIT UG/L, INCREASE %/A, K DOC, CHANGE, F NEQ, K DES, UPTAKE\r\n";
-        Row(s.Koc, s.pH, s.Koc2, s.pH2, s.pKa, s.Freundlich_Exponent, s.Freundlich_Limit, s.Annual_Increase, s.K_Doc, s.Koc_Change, s.F_Neq, s.K_Des,
-            s.Plant_Uptake);
+        Row(s.Koc, s.pH, s.Koc2, s.pH2, s.pKa, s.Freundlich_Exponent, s.Freundlich_Limit, s.Annual_Increase, s.K_Doc,
+            s.Koc_Change, s.F_Neq, s.K_Des, s.Plant_Uptake);
         Out += s.Liquid_Only ? " TRANSFORMATION IN THE LIQUID PHASE ONLY, " : " TRANSFORMATION IN THE WHOLE SOIL, ";
-        Out += "DEPTH MODE " + std::to_string(s.Depth_Mode) + "\r\n TARGET, RATE 1/D, C, Q10, VOL%, % FC, EXPONENT, NEQ, PHOTOLYSIS 1/D, REFERENCE W/M2\r\n";
+        Out += "DEPTH MODE " + std::to_string(s.Depth_Mode) +
+               "\r\n TARGET, RATE 1/D, C, Q10, VOL%, % FC, EXPONENT, NEQ, PHOTOLYSIS 1/D, REFERENCE W/M2\r\n";
         for (int j = 1; j <= Rows_Of_Substance(s.Index); ++j) {
             const Solute_Arrow& a = s.Arrows[static_cast<std::size_t>(j)];
-            Row(a.Target, a.Rate, a.Temperature, a.Q10, a.Moist_Abs, a.Moist_Rel, a.Moist_Exp, a.Neq, a.Photo_Rate, a.Photo_Reference);
+            Row(a.Target, a.Rate, a.Temperature, a.Q10, a.Moist_Abs, a.Moist_Rel, a.Moist_Exp, a.Neq, a.Photo_Rate,
+                a.Photo_Reference);
         }
         if (!s.Horizon_Kd.empty())
             Out += " HORIZON, KD, 1/N, FACTORS OF THE ROWS\r\n";

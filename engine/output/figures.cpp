@@ -53,7 +53,8 @@ struct Decimal {
 Decimal Exact_Decimal(double a, int digits)
 {
     char buffer[40];
-    const char* const end = std::to_chars(buffer, buffer + sizeof buffer, a, std::chars_format::scientific, digits - 1).ptr;
+    const char* const end =
+        std::to_chars(buffer, buffer + sizeof buffer, a, std::chars_format::scientific, digits - 1).ptr;
     Decimal decimal;
     const char* at = buffer;
     for (; *at != 'e'; ++at) {
@@ -276,7 +277,11 @@ Out_File::Out_File(const std::filesystem::path& file) : Name(file.filename().str
     Buffer.reserve(Full + (Full >> 2U));
 }
 
-Out_File::Out_File(Out_File&& other) noexcept : Buffer(std::move(other.Buffer)), Descriptor(std::exchange(other.Descriptor, -1)), Name(std::move(other.Name)) {}
+Out_File::Out_File(Out_File&& other) noexcept
+    : Buffer(std::move(other.Buffer)),
+      Descriptor(std::exchange(other.Descriptor, -1)),
+      Name(std::move(other.Name))
+{}
 
 Out_File& Out_File::operator=(Out_File&& other) noexcept
 {

@@ -90,7 +90,8 @@ Series::Column_Plan Series::Plan(const Output_Row& row, bool profile, const Engi
     plan.Interface = Core->Interface_Nearest(row.Depth);
     plan.Is_Profile = profile && row.Depth >= 1;
     for (int i = 0; plan.Is_Profile && i < Core->Count(); ++i) {
-        const double length = std::min(Core->Bottom[static_cast<std::size_t>(i)], row.Depth) - std::max(Core->Top(i), row.Depth - 1);
+        const double length =
+            std::min(Core->Bottom[static_cast<std::size_t>(i)], row.Depth) - std::max(Core->Top(i), row.Depth - 1);
         if (length > 1e-9)
             plan.Slice.emplace_back(i, length);
     }
@@ -102,8 +103,10 @@ void Series::Put_Head(const Engine_Input& input, const Series_Moment& start)
     std::string& text = File.Buffer;
     const auto& rows = input.Control.Rows;
     const bool pore_water = input.Control.Profile_Rows > 0 && rows.back().Variable == SPSC;
-    text += "ORVEL engine 4.01\r\n\r\n" + One_Line(input.Scenario.SZE_Title) + "\r\n" + One_Line(input.Pesticide.PSM_Title) + "\r\n\r\n";
-    text += pore_water ? "Soil concentrations: in soil Pore water (mg/L)\r\n" : "Soil concentrations: total content (mg/kg)\r\n";
+    text += "ORVEL engine 4.01\r\n\r\n" + One_Line(input.Scenario.SZE_Title) + "\r\n" +
+            One_Line(input.Pesticide.PSM_Title) + "\r\n\r\n";
+    text += pore_water ? "Soil concentrations: in soil Pore water (mg/L)\r\n"
+                       : "Soil concentrations: total content (mg/kg)\r\n";
     Put_Integer(text, 12L * input.Control.Years, 6);
     Put_Integer(text, static_cast<long>(rows.size()), 6);
     Put_Integer(text, input.Control.Profile_Rows, 6);
@@ -166,7 +169,9 @@ double Series::Value(Column_Plan& plan, const Series_Moment& moment)
     if (percolate >= Least_Percolate)
         return Gram * rate / percolate;
     const auto above = static_cast<std::size_t>(std::max(plan.Interface - 1, 0));
-    return Gram * Concentration[above * static_cast<std::size_t>(moment.Column.Lanes()) + static_cast<std::size_t>(plan.Slot)] *
+    return Gram *
+           Concentration[above * static_cast<std::size_t>(moment.Column.Lanes()) +
+                         static_cast<std::size_t>(plan.Slot)] *
            moment.Column.Doc_Factor(plan.Slot);
 }
 

@@ -54,7 +54,8 @@ double Total_Of(const std::vector<double>& values, int lanes, int slot)
     return sum;
 }
 
-Solute_Report::Solute_Report(const std::filesystem::path& directory, const Grid& grid, int index, int slot, int step, int concentration_step)
+Solute_Report::Solute_Report(const std::filesystem::path& directory, const Grid& grid, int index, int slot, int step,
+                             int concentration_step)
     : Core(&grid),
       Index(index),
       Slot(static_cast<std::size_t>(slot)),
@@ -62,7 +63,8 @@ Solute_Report::Solute_Report(const std::filesystem::path& directory, const Grid&
       Concentration_Groups(Row_Groups(grid.Count(), grid.Top_Layers, concentration_step)),
       File(directory / Solute_File_Name(index))
 {
-    File.Buffer += " ORVEL ENGINE 4.01 - BALANCE OF " + Solute_Label(index) + "\r\n ALL MASSES IN KG/HA UNLESS OTHERWISE STATED\r\n\r\n";
+    File.Buffer += " ORVEL ENGINE 4.01 - BALANCE OF " + Solute_Label(index) +
+                   "\r\n ALL MASSES IN KG/HA UNLESS OTHERWISE STATED\r\n\r\n";
 }
 
 void Solute_Report::Put_Plant_Row(const Solute_Block& block)
@@ -98,7 +100,9 @@ void Solute_Report::Put_Row(const Row_Group& group, const Solute_Block& block)
     To_Column(text, start, 10);
     Put_Integer(text, group.Last + 1, 3);
     const double leached = sums.Flux[static_cast<std::size_t>(group.Last + 1) * lanes + Slot];
-    Put_Row_Values(text, start, {Kg_Ha(gained), Kg_Ha(decayed), Kg_Ha(taken), Kg_Ha(mass), Kg_Ha(slow), dissolved / length, Kg_Ha(leached)});
+    Put_Row_Values(
+        text, start,
+        {Kg_Ha(gained), Kg_Ha(decayed), Kg_Ha(taken), Kg_Ha(mass), Kg_Ha(slow), dissolved / length, Kg_Ha(leached)});
 }
 
 void Solute_Report::Put_Totals(const Solute_Block& block)
@@ -110,12 +114,14 @@ void Solute_Report::Put_Totals(const Solute_Block& block)
     const auto total = [&](const std::vector<double>& values) { return Total_Of(values, lanes, slot); };
     text += "\r\n * DECAY FOR COMPARTMENT 1 INCLUDES SOIL PHOTOLYSIS\r\n\r\n";
     Put_Total(text, " TOTAL PLANT UPTAKE OF " + label, Kg_Ha(total(sums.Uptake) + sums.Plant_Penetration[Slot]));
-    Put_Total(text, " TOTAL DECAY OF " + label, Kg_Ha(total(sums.Decay_Eq) + total(sums.Decay_Neq) + sums.Plant_Decay[Slot]));
+    Put_Total(text, " TOTAL DECAY OF " + label,
+              Kg_Ha(total(sums.Decay_Eq) + total(sums.Decay_Neq) + sums.Plant_Decay[Slot]));
     if (Index == 1)
         Put_Total(text, " TOTAL VOLATILIZATION", Kg_Ha(sums.Soil_Volatilised[Slot] + sums.Plant_Volatilised[Slot]));
     Put_Total(text, " TOTAL RUNOFF AND EROSION LOSS", Kg_Ha(sums.Runoff[Slot] + sums.Sediment[Slot]));
     Put_Total(text, "   THEREOF WITH SEDIMENT", Kg_Ha(sums.Sediment[Slot]));
-    Put_Total(text, " PESTICIDE LEACHED BELOW CORE", Kg_Ha(sums.Flux[static_cast<std::size_t>(Core->Count() * lanes) + Slot]));
+    Put_Total(text, " PESTICIDE LEACHED BELOW CORE",
+              Kg_Ha(sums.Flux[static_cast<std::size_t>(Core->Count() * lanes) + Slot]));
     Put_Total(text, " MACROPORE TRANSPORT IN THE CORE", Kg_Ha(sums.Bypass[Slot]));
     const Solute_Stores stores = block.Column.Stores();
     Put_Total(text, " STORED IN SOIL AND ON PLANTS", Kg_Ha(stores.Soil[Slot] + stores.Plant[Slot]));
@@ -131,8 +137,10 @@ void Solute_Report::Put_Block(Span span, const Date& date, const Solute_Block& b
     text += " SUBSTANCE: ";
     Put_Left(text, Solute_Label(Index), 27);
     text += "ALL MASSES IN KG/HA\r\n\r\n"
-            " HO-     COM-      APPLICATION       DECAY *        PLANT      STORAGE      STORAGE   DISSOLVED      LEACHED\r\n"
-            " RIZON PARTMENT   OR FORMATION                     UPTAKE     EQ. DOM.    NON-EQ. D.     (MG/L)        BELOW\r\n"
+            " HO-     COM-      APPLICATION       DECAY *        PLANT      STORAGE      STORAGE   DISSOLVED      "
+            "LEACHED\r\n"
+            " RIZON PARTMENT   OR FORMATION                     UPTAKE     EQ. DOM.    NON-EQ. D.     (MG/L)        "
+            "BELOW\r\n"
             " (KG/HA, STATES AT THE END OF THE PERIOD)\r\n\r\n";
     Put_Plant_Row(block);
     for (const Row_Group& group : Groups)

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "engine/output/figures.h"
-#include "engine/water/grid.h"
-#include "engine/solute/solute.h"
 #include "engine/output/water_report.h"
+#include "engine/solute/solute.h"
+#include "engine/water/grid.h"
 
 #include <string>
 #include <vector>
@@ -25,7 +25,8 @@ std::string Solute_Label(int index); // "PESTICIDE", "METABOLITE A1" ...
 // The balance file of one substance.
 class Solute_Report {
 public:
-    Solute_Report(const std::filesystem::path& directory, const Grid& grid, int index, int slot, int step, int concentration_step);
+    Solute_Report(const std::filesystem::path& directory, const Grid& grid, int index, int slot, int step,
+                  int concentration_step);
     void Put_Block(Span span, const Date& date, const Solute_Block& block);
     void Put_Concentrations(const Solute_Block& block);                         // below a block
     void Put_Dated_Concentrations(const Date& date, const Solute_Block& block); // where no block is due

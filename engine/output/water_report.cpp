@@ -155,9 +155,10 @@ void Water_Report::Put_Surface(const Water_Sums& sums, const Water_Column& water
 void Water_Report::Put_Compartments(const Water_Sums& sums, const Water_Column& water)
 {
     std::string& text = File.Buffer;
-    text += "\r\n HORIZON   COMPARTMENT TO    INITIAL    FINAL    WATER     TRANSPIRATION    PERCOLATE    SOIL TEMP.\r\n"
-            "                     BOTTOM  STORAGE   STORAGE CONTENT    + EVAPORATION        BELOW      (MEAN)\r\n"
-            "                     (CM)      (CM)      (CM)     (-)               (CM)        (CM)       (C)\r\n\r\n";
+    text +=
+        "\r\n HORIZON   COMPARTMENT TO    INITIAL    FINAL    WATER     TRANSPIRATION    PERCOLATE    SOIL TEMP.\r\n"
+        "                     BOTTOM  STORAGE   STORAGE CONTENT    + EVAPORATION        BELOW      (MEAN)\r\n"
+        "                     (CM)      (CM)      (CM)     (-)               (CM)        (CM)       (C)\r\n\r\n";
     for (const Row_Group& group : Groups) {
         double initial = 0, final_storage = 0, taken = 0, heat = 0, length = 0;
         for (int k = group.First; k <= group.Last; ++k) {

@@ -17,7 +17,11 @@ bool Within(double value, double low, double high)
 
 class Scenario_Check {
 public:
-    Scenario_Check(const Scenario_Document& scenario, const Run_Control& control, Findings& findings) : Scenario(scenario), Control(control), Found(findings) {}
+    Scenario_Check(const Scenario_Document& scenario, const Run_Control& control, Findings& findings)
+        : Scenario(scenario),
+          Control(control),
+          Found(findings)
+    {}
 
     void Check()
     {
@@ -72,9 +76,11 @@ private:
         Need(Within(density, 0.05, 2.6), 34, "BULK DENSITY NOT WITHIN 0.05 TO 2.6" + where);
         Need(Within(carbon, 0, 60), 34, "ORGANIC CARBON NOT WITHIN 0 TO 60 %" + where);
         if (Scenario.SZE_Hydraulic_Flag.Number() == 0)
-            Need(wilting > 0 && wilting < capacity && capacity < 1, 35, "NOT 0 < WILTING POINT < FIELD CAPACITY < 1" + where);
+            Need(wilting > 0 && wilting < capacity && capacity < 1, 35,
+                 "NOT 0 < WILTING POINT < FIELD CAPACITY < 1" + where);
         else
-            Need(Within(sand, 0, 100) && Within(clay, 0, 100) && sand + clay <= 100.5, 34, "SAND AND CLAY NOT WITHIN 0 TO 100 %" + where);
+            Need(Within(sand, 0, 100) && Within(clay, 0, 100) && sand + clay <= 100.5, 34,
+                 "SAND AND CLAY NOT WITHIN 0 TO 100 %" + where);
         Need(Within(horizon.SZE_Hor_Soil_Water.Number(), 0, 1), 35, "SOIL WATER NOT WITHIN 0 TO 1" + where);
         Need(Within(horizon.SZE_Hor_Dispersion.Number(), 0, 10000), 37, "DISPERSION NEGATIVE" + where);
         Need(Within(horizon.SZE_Hor_Drainage.Number(), 0, 1e6), 37, "DRAINAGE PARAMETER NEGATIVE" + where);
@@ -95,21 +101,25 @@ private:
         Need(Within(crop.SZE_Rot_Text1.Number(), 0, 10000), 36, "ROOT DEPTH NEGATIVE" + where);
         Need(Within(crop.SZE_Rot_Text2.Number(), 0, 10), 36, "INTERCEPTION STORAGE NOT WITHIN 0 TO 10 CM" + where);
         Need(Within(crop.SZE_Rot_Dry_Mass, 0, 1000), 36, "DRY MASS NEGATIVE" + where);
-        Need(Within(crop.SZE_Rot_Kc_Mid, 0, 10) && Within(crop.SZE_Rot_Kc_Late, 0, 10), 36, "CROP FACTOR NOT WITHIN 0 TO 10" + where);
-        for (const double rate : {crop.SZE_Rot_RR_Photo, crop.SZE_Rot_RR_Pen, crop.SZE_Rot_RR_Vol, crop.SZE_Rot_RR_Wash})
+        Need(Within(crop.SZE_Rot_Kc_Mid, 0, 10) && Within(crop.SZE_Rot_Kc_Late, 0, 10), 36,
+             "CROP FACTOR NOT WITHIN 0 TO 10" + where);
+        for (const double rate :
+             {crop.SZE_Rot_RR_Photo, crop.SZE_Rot_RR_Pen, crop.SZE_Rot_RR_Vol, crop.SZE_Rot_RR_Wash})
             Need(Within(rate, 0, 1000), 36, "RELATIVE RATE OF POORLY EXPOSED DEPOSITS NEGATIVE" + where);
     }
 
     void Check_Surface()
     {
         if (Scenario.SZE_Erosion == 1) {
-            Need(Within(Scenario.SZE_Eros_K.Number(), 0, 100) && Within(Scenario.SZE_Eros_2.Number(), 0, 1000) && Within(Scenario.SZE_Eros_3.Number(), 0, 100),
+            Need(Within(Scenario.SZE_Eros_K.Number(), 0, 100) && Within(Scenario.SZE_Eros_2.Number(), 0, 1000) &&
+                     Within(Scenario.SZE_Eros_3.Number(), 0, 100),
                  37, "EROSION FACTOR NEGATIVE");
             Need(Within(Scenario.SZE_Eros_4.Number(), 1e-6, 1e6), 37, "AREA OF THE EROSION LINE NOT ABOVE 0");
             Need(Within(Scenario.SZE_Eros_5, 0, 24 * 366), 37, "STORM DURATION NEGATIVE");
         }
         if (Scenario.SZE_Macropore == 1) {
-            Need(Within(Scenario.SZE_Macro_Depth, 0, Scenario.SZE_Core_Depth), 37, "MACROPORE DEPTH NOT WITHIN THE CORE");
+            Need(Within(Scenario.SZE_Macro_Depth, 0, Scenario.SZE_Core_Depth), 37,
+                 "MACROPORE DEPTH NOT WITHIN THE CORE");
             Need(Within(Scenario.SZE_Macro_Threshold, 0, 1e6), 37, "MACROPORE THRESHOLD NEGATIVE");
             Need(Within(Scenario.SZE_Macro_Fraction, 0, 1), 37, "MACROPORE FRACTION NOT WITHIN 0 TO 1");
         }
@@ -120,7 +130,8 @@ private:
 
     void Check_Output()
     {
-        for (const Variant& step : {Scenario.SZE_Out_Every_Water, Scenario.SZE_Out_Every_Solute, Scenario.SZE_Out_Every_Conc})
+        for (const Variant& step :
+             {Scenario.SZE_Out_Every_Water, Scenario.SZE_Out_Every_Solute, Scenario.SZE_Out_Every_Conc})
             Need(Within(step.Number(), 0, 10000), 31, "OUTPUT STEP OF LAYERS NEGATIVE");
     }
 

@@ -4,7 +4,8 @@
 
 namespace orvel::engine {
 
-Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scenario_Document& scenario, const Grid& grid, const std::vector<int>& substances)
+Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scenario_Document& scenario,
+                                const Grid& grid, const std::vector<int>& substances)
 {
     Solute_Setup setup;
     setup.Thickness = grid.Thickness;

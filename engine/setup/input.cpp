@@ -50,7 +50,8 @@ private:
         try {
             Parse_SZE(*bytes, Input.Scenario);
         } catch (const std::exception& error) {
-            return Found.Error(31, "SCENARIO FILE " + Input.Control.Scenario_File + " NOT IN ITS FORMAT: " + error.what());
+            return Found.Error(31,
+                               "SCENARIO FILE " + Input.Control.Scenario_File + " NOT IN ITS FORMAT: " + error.what());
         }
         Restore_Senescence(*bytes, Input.Scenario);
         Input.Location_Code = Location_Code_Of(Input.Control.Scenario_File);
@@ -67,7 +68,8 @@ private:
         try {
             Parse_PSM(*bytes, Input.Pesticide);
         } catch (const std::exception& error) {
-            return Found.Error(41, "PESTICIDE FILE " + Input.Control.Pesticide_File + " NOT IN ITS FORMAT: " + error.what());
+            return Found.Error(41, "PESTICIDE FILE " + Input.Control.Pesticide_File +
+                                       " NOT IN ITS FORMAT: " + error.what());
         }
         for (int i = 1; i <= Substances; ++i) {
             if (i == 1 || Input.Pesticide.Met_Present[static_cast<std::size_t>(i)])
@@ -101,7 +103,8 @@ private:
             day.Temperature += Input.Control.Temperature_Shift;
             day.Temperature_14 += Input.Control.Temperature_Shift;
         }
-        if (Input.Scenario.SZE_ET_Method == 0 && std::ranges::any_of(Input.Weather.Days, [](const Climate_Day& day) { return day.Evaporation < 0; }))
+        if (Input.Scenario.SZE_ET_Method == 0 &&
+            std::ranges::any_of(Input.Weather.Days, [](const Climate_Day& day) { return day.Evaporation < 0; }))
             Found.Error(52, "THE CLIMATE FILES LACK EVAPORATION, WHICH THE SCENARIO ASKS FOR");
     }
 
@@ -111,9 +114,11 @@ private:
         Check_Pesticide(Input.Pesticide, Input.Scenario, Found);
         for (const Output_Row& row : Input.Control.Rows) {
             if (row.Variable != 0 && !std::ranges::count(Input.Substances, row.Substance))
-                Found.Tell(Note::Substance_Missing, "SUBSTANCE " + std::to_string(row.Substance) + " OF " + row.Code + " IS NOT IN THE RUN: COLUMN OF ZEROS");
+                Found.Tell(Note::Substance_Missing, "SUBSTANCE " + std::to_string(row.Substance) + " OF " + row.Code +
+                                                        " IS NOT IN THE RUN: COLUMN OF ZEROS");
             if (row.Depth > Input.Scenario.SZE_Core_Depth)
-                Found.Tell(Note::Depth_Clamped, "DEPTH OF " + row.Code + " BELOW THE CORE: THE LAST COMPARTMENT IS USED");
+                Found.Tell(Note::Depth_Clamped,
+                           "DEPTH OF " + row.Code + " BELOW THE CORE: THE LAST COMPARTMENT IS USED");
         }
     }
 
@@ -128,7 +133,8 @@ private:
         for (const auto& period : Input.Rotation) {
             const int crop = Input.Scenario.Crops[static_cast<std::size_t>(period.Row)].SZE_Rot_Crop_No;
             if (!Input.Haude.contains(crop))
-                Found.Tell(Note::Haude_Factors, "NO HAUDE FACTORS FOR CROP " + std::to_string(crop) + ": THOSE OF GRASS ARE USED");
+                Found.Tell(Note::Haude_Factors,
+                           "NO HAUDE FACTORS FOR CROP " + std::to_string(crop) + ": THOSE OF GRASS ARE USED");
         }
     }
 
@@ -138,8 +144,8 @@ private:
         Input.Core = Build_Grid(Input.Scenario);
         Input.Rotation = Build_Rotation(Input.Scenario, weather.Dates, weather.Last_Day, Found);
         Input.Application_Block = engine::Application_Block(Input.Pesticide, Input.Location_Code, Found);
-        Input.Applications = Plan_Applications(Input.Pesticide, Input.Application_Block, Input.Scenario, Input.Rotation, weather.Dates, weather.First_Day,
-                                               weather.Last_Day, Found);
+        Input.Applications = Plan_Applications(Input.Pesticide, Input.Application_Block, Input.Scenario, Input.Rotation,
+                                               weather.Dates, weather.First_Day, weather.Last_Day, Found);
         Read_Haude_Factors();
         Input.Solute = Build_Solute_Setup(Input.Pesticide, Input.Scenario, Input.Core, Input.Substances);
         if (Found.Failed())
@@ -157,7 +163,8 @@ private:
             if (Input.Scenario.SZE_Dispersion_Flag == 1 && core.Dispersion[i] < core.Thickness[i] / 10)
                 Found.Tell(Note::Dispersion_Small, "DISPERSION LENGTH BELOW A TENTH OF THE COMPARTMENT" + where);
             if (core.Initial_Water[i] > core.Porosity[i] || core.Initial_Water[i] < 0.5 * core.Wilting_Point[i])
-                Found.Tell(Note::Value_Clamped, "SOIL WATER AT THE START CUT TO HALF THE WILTING POINT TO POROSITY" + where);
+                Found.Tell(Note::Value_Clamped,
+                           "SOIL WATER AT THE START CUT TO HALF THE WILTING POINT TO POROSITY" + where);
         }
     }
 

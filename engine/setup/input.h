@@ -1,13 +1,13 @@
 #pragma once
 
 #include "core/session.h"
-#include "engine/solute/applications.h"
 #include "engine/input/climate.h"
 #include "engine/input/crop.h"
 #include "engine/input/findings.h"
-#include "engine/water/grid.h"
 #include "engine/input/run_control.h"
+#include "engine/solute/applications.h"
 #include "engine/solute/solute.h"
+#include "engine/water/grid.h"
 
 #include <functional>
 #include <optional>
@@ -36,7 +36,8 @@ struct Engine_Input {
     Solute_Setup Solute;
 };
 
-// Reads everything that orvel.inp names. What is wrong is in the findings; then the input may be incomplete and must not be run.
+// Reads everything that orvel.inp names. What is wrong is in the findings; then the input may be incomplete and must
+// not be run.
 Engine_Input Read_Input(const File_Source& source, Findings& findings);
 
 // The checks of one document: every range that the engine relies on (errors 32 to 37 and 41 to 48).
@@ -44,6 +45,7 @@ void Check_Scenario(const Scenario_Document& scenario, const Run_Control& contro
 void Check_Pesticide(const Pesticide_Document& pesticide, const Scenario_Document& scenario, Findings& findings);
 
 // The kernel's setup from checked documents.
-Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scenario_Document& scenario, const Grid& grid, const std::vector<int>& substances);
+Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scenario_Document& scenario,
+                                const Grid& grid, const std::vector<int>& substances);
 
 } // namespace orvel::engine

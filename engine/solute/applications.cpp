@@ -20,8 +20,9 @@ struct Entry {
 
 class Planner {
 public:
-    Planner(const Pesticide_Document& pesticide, int block, const Scenario_Document& scenario, const std::vector<Crop_Period>& rotation, const Calendar& dates,
-            int first_day, int last_day, Findings& findings)
+    Planner(const Pesticide_Document& pesticide, int block, const Scenario_Document& scenario,
+            const std::vector<Crop_Period>& rotation, const Calendar& dates, int first_day, int last_day,
+            Findings& findings)
         : Pesticide(pesticide),
           Scenario(scenario),
           Rotation(rotation),
@@ -72,7 +73,8 @@ private:
     double Plant_Share(const Entry& entry, int day) const
     {
         const Crop_State crop = Crop_On(Scenario, Rotation, day);
-        return Plant_Fraction(Method, crop.Present, crop.Cover, Pesticide.Plant_Filtration, crop.Dry_Mass, entry.Interception);
+        return Plant_Fraction(Method, crop.Present, crop.Cover, Pesticide.Plant_Filtration, crop.Dry_Mass,
+                              entry.Interception);
     }
 
     void Add(const Entry& entry, int day)
@@ -82,7 +84,8 @@ private:
             return;
         }
         const double hour = entry.Hour >= 0 && entry.Hour <= 24 ? entry.Hour : 0;
-        Planned.push_back({day, Dates.Date_Of(day), hour, entry.Rate, entry.Depth, Plant_Share(entry, day), entry.Poorly_Exposed});
+        Planned.push_back(
+            {day, Dates.Date_Of(day), hour, entry.Rate, entry.Depth, Plant_Share(entry, day), entry.Poorly_Exposed});
     }
 
     void Plan_Absolute(std::size_t a)
@@ -152,7 +155,8 @@ int Application_Block(const Pesticide_Document& pesticide, const std::string& lo
             return block;
     }
     if (!location_code.empty())
-        findings.Tell(Note::Location_Block, "NO APPLICATION PATTERN FOR LOCATION " + location_code + ": THE USER SPECIFIC ONE IS USED");
+        findings.Tell(Note::Location_Block,
+                      "NO APPLICATION PATTERN FOR LOCATION " + location_code + ": THE USER SPECIFIC ONE IS USED");
     return 0;
 }
 
@@ -184,9 +188,10 @@ int Crop_Events::Day_Of(int reference, int year, bool& moved) const
     return No_Day;
 }
 
-std::vector<Planned_Application> Plan_Applications(const Pesticide_Document& pesticide, int block, const Scenario_Document& scenario,
-                                                   const std::vector<Crop_Period>& rotation, const Calendar& dates, int first_day, int last_day,
-                                                   Findings& findings)
+std::vector<Planned_Application> Plan_Applications(const Pesticide_Document& pesticide, int block,
+                                                   const Scenario_Document& scenario,
+                                                   const std::vector<Crop_Period>& rotation, const Calendar& dates,
+                                                   int first_day, int last_day, Findings& findings)
 {
     return Planner(pesticide, block, scenario, rotation, dates, first_day, last_day, findings).Plan();
 }

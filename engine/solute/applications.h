@@ -25,18 +25,20 @@ struct Planned_Application {
 // The block of the pesticide document that a location uses; a location without one uses block 0 (note).
 int Application_Block(const Pesticide_Document& pesticide, const std::string& location_code, Findings& findings);
 
-// The applications of the simulated period in the order of their days; what is wrong goes to the findings (errors 42, 43, 44).
-std::vector<Planned_Application> Plan_Applications(const Pesticide_Document& pesticide, int block, const Scenario_Document& scenario,
-                                                   const std::vector<Crop_Period>& rotation, const Calendar& dates, int first_day, int last_day,
-                                                   Findings& findings);
+// The applications of the simulated period in the order of their days; what is wrong goes to the findings (errors 42,
+// 43, 44).
+std::vector<Planned_Application> Plan_Applications(const Pesticide_Document& pesticide, int block,
+                                                   const Scenario_Document& scenario,
+                                                   const std::vector<Crop_Period>& rotation, const Calendar& dates,
+                                                   int first_day, int last_day, Findings& findings);
 
 // The days of the crops' events, for dates that are relative to them.
 class Crop_Events {
 public:
     Crop_Events(const std::vector<Crop_Period>& rotation, const Calendar& dates);
 
-    // The day of an event (0 to 2: first emergence, maturation, harvest of the year, 3 to 5: the second one) in a year; where the year lacks it, that
-    // of the nearest later year moved there, and `moved` is set. Nothing is No_Day.
+    // The day of an event (0 to 2: first emergence, maturation, harvest of the year, 3 to 5: the second one) in a year;
+    // where the year lacks it, that of the nearest later year moved there, and `moved` is set. Nothing is No_Day.
     int Day_Of(int reference, int year, bool& moved) const;
 
 private:

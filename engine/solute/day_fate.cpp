@@ -1,7 +1,7 @@
 #include "engine/solute/day_fate.h"
 
-#include "engine/solute/fate.h"
 #include "engine/math/steady_math.h"
+#include "engine/solute/fate.h"
 
 #include <algorithm>
 #include <cmath>
@@ -92,13 +92,14 @@ Day_Fate::Day_Fate(const Solute_Setup& setup, const Solute_Layout& layout)
 int Day_Fate::Correction_Of(const Solute_Arrow& arrow)
 {
     const auto same = [&](const Correction& c) {
-        return c.Temperature == arrow.Temperature && c.Q10 == arrow.Q10 && c.Moist_Abs == arrow.Moist_Abs && c.Moist_Rel == arrow.Moist_Rel &&
-               c.Moist_Exp == arrow.Moist_Exp;
+        return c.Temperature == arrow.Temperature && c.Q10 == arrow.Q10 && c.Moist_Abs == arrow.Moist_Abs &&
+               c.Moist_Rel == arrow.Moist_Rel && c.Moist_Exp == arrow.Moist_Exp;
     };
     const auto found = std::find_if(Corrections.begin(), Corrections.end(), same);
     if (found != Corrections.end())
         return static_cast<int>(found - Corrections.begin());
-    Correction made{arrow.Temperature, arrow.Q10, arrow.Moist_Abs, arrow.Moist_Rel, arrow.Moist_Exp, Layout.Column(1), Layout.Column(0)};
+    Correction made{arrow.Temperature, arrow.Q10,        arrow.Moist_Abs, arrow.Moist_Rel,
+                    arrow.Moist_Exp,   Layout.Column(1), Layout.Column(0)};
     for (int i = 0; i < Layout.N; ++i)
         made.Reference[i] = Reference_Moisture(arrow, Setup.Field_Capacity[i]);
     if (made.Reference[0] <= 0)
@@ -144,7 +145,8 @@ void Day_Fate::Make_Ready(int slot)
             Link_To(slot, t, arrow);
         }
         // Arrows with one correction and depth factors in one ratio keep their shares.
-        ready.Uniform = ready.Uniform && !photolysis && (ready.Arrows.empty() || ready.Arrows[0].Correction == arrow.Correction);
+        ready.Uniform =
+            ready.Uniform && !photolysis && (ready.Arrows.empty() || ready.Arrows[0].Correction == arrow.Correction);
         ready.Arrows.push_back(std::move(arrow));
     }
 }
@@ -162,13 +164,15 @@ void Day_Fate::Share_Out(int slot, int compartment, const double* rate, const do
     const auto at = Layout.At(compartment, slot);
     Sink[at] = Slow_Sink[at] = 0;
     for (std::size_t a = 0; a < arrows.size(); ++a) {
-        const double formed = arrows[a].Yield * rate[a] * part, slow_formed = arrows[a].Yield * slow_rate[a] * slow_part;
+        const double formed = arrows[a].Yield * rate[a] * part,
+                     slow_formed = arrows[a].Yield * slow_rate[a] * slow_part;
         if (arrows[a].Link < 0) {
             Sink[at] += formed;
             Slow_Sink[at] += slow_formed;
             continue;
         }
-        const auto where = (static_cast<std::size_t>(compartment) * Link_Source.size() + arrows[a].Link) * 4 + arrows[a].Lane;
+        const auto where =
+            (static_cast<std::size_t>(compartment) * Link_Source.size() + arrows[a].Link) * 4 + arrows[a].Lane;
         Yield[where] = formed;
         Slow_Yield[where] = slow_formed;
     }
@@ -213,8 +217,8 @@ void Day_Fate::Prepare(const Solute_Kernel& kernel, const Solute_Day& day, const
 {
     std::copy(day.Temperature.begin(), day.Temperature.end(), Temperature.begin());
     for (auto& c : Corrections) {
-        kernel.Rate_Factors(Layout.Padded, Temperature.data(), c.Temperature, Steady_Log(c.Q10) / 10, theta_mean.data(), Field_Capacity.data(),
-                            c.Reference.data(), c.Moist_Exp, c.Factor.data());
+        kernel.Rate_Factors(Layout.Padded, Temperature.data(), c.Temperature, Steady_Log(c.Q10) / 10, theta_mean.data(),
+                            Field_Capacity.data(), c.Reference.data(), c.Moist_Exp, c.Factor.data());
     }
     for (int k = 0; k < Layout.Slots; ++k) {
         const auto& ready = Slots[k];
@@ -233,7 +237,8 @@ void Day_Fate::Prepare(const Solute_Kernel& kernel, const Solute_Day& day, const
     Fastest = Rate.empty() ? 0 : *std::max_element(Rate.begin(), Rate.end());
     for (auto& table : Tables)
         table.Step = 0;
-    const bool drinking = Any_Uptake && std::any_of(day.Transpiration.begin(), day.Transpiration.end(), [](double t) { return t > 0; });
+    const bool drinking =
+        Any_Uptake && std::any_of(day.Transpiration.begin(), day.Transpiration.end(), [](double t) { return t > 0; });
     View.Transpiration = drinking ? day.Transpiration.data() : nullptr;
     View.Theta_Start = day.Theta_Start.data();
     View.Theta_End = day.Theta_End.data();

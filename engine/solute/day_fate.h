@@ -15,7 +15,8 @@ public:
 
     void Prepare(const Solute_Kernel& kernel, const Solute_Day& day, const Aligned_Row& theta_mean);
 
-    // Number of equal parts that a step is split into, so that no substance loses more than half of its mass in one (at most 24).
+    // Number of equal parts that a step is split into, so that no substance loses more than half of its mass in one (at
+    // most 24).
     int Parts(double step) const;
 
     // The kernel's view for steps of a length. The tables of the two lengths used last are kept through the day.
@@ -60,7 +61,8 @@ private:
     std::vector<Correction> Corrections;
     std::vector<double> Light; // photolysis share by compartment
     std::vector<int> Link_Source, Link_Block;
-    Aligned_Row Rate, Slow_Rate, Yield, Slow_Yield, Sink, Slow_Sink, Liquid, Plant_Uptake, F_Neq, K_Des, Field_Capacity, Temperature;
+    Aligned_Row Rate, Slow_Rate, Yield, Slow_Yield, Sink, Slow_Sink, Liquid, Plant_Uptake, F_Neq, K_Des, Field_Capacity,
+        Temperature;
     std::array<Loss_Table, 2> Tables;
     std::size_t Next = 0;
     double Fastest = 0; // largest rate of the day

@@ -123,22 +123,26 @@ void Day_Storage::Prepare_Conductance(const Solute_Kernel& kernel, const Solute_
     for (int i = 0; i < Layout.N; ++i)
         Water_Tortuosity[i] *= Inverse_Phi2[i];
     for (int i = 1; i < Layout.N; ++i) {
-        const auto between = [&](double upper, double lower) { return Interface_Mean(upper, lower, Thickness[i - 1], Thickness[i]); };
+        const auto between = [&](double upper, double lower) {
+            return Interface_Mean(upper, lower, Thickness[i - 1], Thickness[i]);
+        };
         const double dispersion = between(Setup.Dispersion[i - 1], Setup.Dispersion[i]);
         const double distance = 0.5 * (Thickness[i - 1] + Thickness[i]);
-        const double diffusion = Setup.Dispersion_Is_Length ? Water_Diffusion * between(Water_Tortuosity[i - 1], Water_Tortuosity[i])
-                                                            : between(Theta[i - 1] * Setup.Dispersion[i - 1], Theta[i] * Setup.Dispersion[i]);
+        const double diffusion = Setup.Dispersion_Is_Length
+                                     ? Water_Diffusion * between(Water_Tortuosity[i - 1], Water_Tortuosity[i])
+                                     : between(Theta[i - 1] * Setup.Dispersion[i - 1], Theta[i] * Setup.Dispersion[i]);
         const double spread = Setup.Dispersion_Is_Length ? dispersion * day.Flux[i] : 0;
         for (int k = 0; k < Layout.Lanes; ++k)
             Conductance[Layout.At(i, k)] = (spread * Doc[k] + diffusion) / distance;
         if (Volatile) {
-            const double upper = Air_Diffusivity[i - 1] * Air_Tortuosity[i - 1] * Kaw[i - 1], lower = Air_Diffusivity[i] * Air_Tortuosity[i] * Kaw[i];
+            const double upper = Air_Diffusivity[i - 1] * Air_Tortuosity[i - 1] * Kaw[i - 1],
+                         lower = Air_Diffusivity[i] * Air_Tortuosity[i] * Kaw[i];
             Conductance[Layout.At(i, 0)] += between(upper, lower) / distance;
         }
     }
     if (Volatile) {
-        Escape[0] = Kaw[0] * Volatilisation_Conductance(Setup.Volatilisation.Boundary_Layer, Air_Diffusivity[0], Thickness[0], Air_Tortuosity[0],
-                                                        Water_Tortuosity[0], Kaw[0]);
+        Escape[0] = Kaw[0] * Volatilisation_Conductance(Setup.Volatilisation.Boundary_Layer, Air_Diffusivity[0],
+                                                        Thickness[0], Air_Tortuosity[0], Water_Tortuosity[0], Kaw[0]);
     }
 }
 

@@ -11,8 +11,8 @@ class Day_Storage {
 public:
     Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout);
 
-    // For a day; ages are mean residence times in years, rows as everywhere. True if concentrations must be sought anew, since sorption or the
-    // water at the day's start differs from the end of the day before.
+    // For a day; ages are mean residence times in years, rows as everywhere. True if concentrations must be sought
+    // anew, since sorption or the water at the day's start differs from the end of the day before.
     bool Prepare(const Solute_Kernel& kernel, const Solute_Day& day, const Aligned_Row& ages);
 
     // Lays the arrays into a kernel's column.
@@ -32,7 +32,8 @@ private:
     bool Volatile = false;
     std::vector<bool> Moving; // by slot: K changes from day to day
     Aligned_Row Base_Rho_K, Rho_K, Exponent, Limit, Limit_Power, Psi_Start, Psi_End, Conductance, Doc, Escape, Inflow;
-    Aligned_Row Thickness, Upwind_Weight, Inverse_Phi2, Theta, Air, Water_Tortuosity, Air_Tortuosity, Kaw, Air_Diffusivity;
+    Aligned_Row Thickness, Upwind_Weight, Inverse_Phi2, Theta, Air, Water_Tortuosity, Air_Tortuosity, Kaw,
+        Air_Diffusivity;
     std::vector<double> Last_Theta;
 };
 

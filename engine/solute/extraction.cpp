@@ -14,7 +14,8 @@ std::vector<double> Interaction_Weights(const std::vector<double>& thickness, do
     double top = 0;
     for (std::size_t i = 0; i < thickness.size() && top < depth; ++i) {
         const double bottom = std::min(top + thickness[i], depth);
-        weights[i] = (Steady_Exp(-steepness * top / depth) - Steady_Exp(-steepness * bottom / depth)) / Steady_Lost(steepness);
+        weights[i] =
+            (Steady_Exp(-steepness * top / depth) - Steady_Exp(-steepness * bottom / depth)) / Steady_Lost(steepness);
         top += thickness[i];
     }
     return weights;
@@ -25,7 +26,8 @@ double Carried_Loss(double mass, double carried)
     return mass > 0 && carried > 0 ? mass * Steady_Lost(carried / mass) : 0;
 }
 
-void Mix_Soil(double* mass, int stride, const std::vector<double>& thickness, const std::vector<double>& density, double depth)
+void Mix_Soil(double* mass, int stride, const std::vector<double>& thickness, const std::vector<double>& density,
+              double depth)
 {
     double total = 0, soil = 0, top = 0;
     std::size_t reached = 0;

@@ -24,7 +24,8 @@ double Moisture_Factor(double theta, double field_capacity, double reference, do
     return reference > 0 ? Steady_Power(std::min(theta, field_capacity) / reference, exponent) : 1;
 }
 
-double Depth_Factor(const Solute_Setup& setup, const Solute_Substance& substance, const Solute_Arrow& arrow, int compartment)
+double Depth_Factor(const Solute_Setup& setup, const Solute_Substance& substance, const Solute_Arrow& arrow,
+                    int compartment)
 {
     if (substance.Depth_Mode == 0)
         return setup.Biodegradation[compartment];
@@ -32,7 +33,8 @@ double Depth_Factor(const Solute_Setup& setup, const Solute_Substance& substance
         return 1;
     double factor = 0;
     for (int h = 0; h < setup.Horizons; ++h)
-        factor += setup.Horizon_Share[static_cast<std::size_t>(compartment) * setup.Horizons + h] * arrow.Horizon_Factor[h];
+        factor +=
+            setup.Horizon_Share[static_cast<std::size_t>(compartment) * setup.Horizons + h] * arrow.Horizon_Factor[h];
     return factor;
 }
 

@@ -4,7 +4,8 @@
 
 namespace orvel::engine {
 
-// Decay with formation and uptake, slow sorption, and the factors of a day. Included only by the sources of the kernels.
+// Decay with formation and uptake, slow sorption, and the factors of a day. Included only by the sources of the
+// kernels.
 
 namespace {
 
@@ -14,7 +15,8 @@ struct Lost {
     V4 Share, Formed_Share;
 };
 
-// e^-x and (1 - e^-x) / x: over a step a mass loses the share 1 - e^-x, what is formed evenly during it loses 1 - (1 - e^-x) / x.
+// e^-x and (1 - e^-x) / x: over a step a mass loses the share 1 - e^-x, what is formed evenly during it loses 1 - (1 -
+// e^-x) / x.
 LANES_INLINE Lost Lost_Shares(V4 x)
 {
     if (!Any(x > 0.8)) {
@@ -48,7 +50,8 @@ LANES_INLINE double Lane(const V4* v, int slot)
     return x;
 }
 
-// What the losses form, from the first slot to the last: a source's own formation is complete when its turn comes, since targets stand behind it.
+// What the losses form, from the first slot to the last: a source's own formation is complete when its turn comes,
+// since targets stand behind it.
 template <int Blocks> LANES_INLINE void Form(Cell& cell, const Kernel_Fate& fate, const double* yield)
 {
     for (int l = 0; l < fate.Links; ++l) {
@@ -73,7 +76,8 @@ template <> LANES_INLINE void Form<1>(Cell& cell, const Kernel_Fate& fate, const
 }
 
 // Decay in the non-equilibrium domain; what it forms enters the equilibrium domain.
-LANES_INLINE void Decay_Slow(const Kernel_Column& column, const Kernel_Fate& fate, int i, int blocks, Cell& cell, V4& moles, const Kernel_Fate_Sums& sums)
+LANES_INLINE void Decay_Slow(const Kernel_Column& column, const Kernel_Fate& fate, int i, int blocks, Cell& cell,
+                             V4& moles, const Kernel_Fate_Sums& sums)
 {
     V4 lost[Most_Blocks];
     for (int b = 0; b < blocks; ++b) {
@@ -85,10 +89,12 @@ LANES_INLINE void Decay_Slow(const Kernel_Column& column, const Kernel_Fate& fat
         moles += lost[b] * Load(fate.Slow_Sink + i * fate.Sink_Stride + 4 * b);
     }
     for (int l = 0; l < fate.Links; ++l)
-        cell.Formed[fate.Block[l]] += Lane(lost, fate.Source[l]) * Load(fate.Slow_Yield + i * fate.Yield_Stride + 4 * l);
+        cell.Formed[fate.Block[l]] +=
+            Lane(lost, fate.Source[l]) * Load(fate.Slow_Yield + i * fate.Yield_Stride + 4 * l);
 }
 
-LANES_INLINE Lost Decay_Shares(const Kernel_Column& column, const Kernel_Fate& fate, int i, int b, V4 ratio, double t, double h)
+LANES_INLINE Lost Decay_Shares(const Kernel_Column& column, const Kernel_Fate& fate, int i, int b, V4 ratio, double t,
+                               double h)
 {
     const int at = i * column.Lanes + 4 * b;
     if (!fate.Liquid_Only)
@@ -130,7 +136,8 @@ void Exchange_Lanes(const Kernel_Column& column, const Kernel_Fate& fate, double
             const int at = i * column.Lanes + b;
             const V4 mass = Load(column.M + at), slow = Load(column.W + at), start = Load(column.Psi_Start + at);
             const V4 psi = start + (Load(column.Psi_End + at) - start) * t;
-            const V4 sorbed = Max(1.0 - column.Thickness[i] * psi * Ratio(column, at, column.Thickness[i], mass), All(0.0));
+            const V4 sorbed =
+                Max(1.0 - column.Thickness[i] * psi * Ratio(column, at, column.Thickness[i], mass), All(0.0));
             const V4 chi = Load(fate.F_Neq + b) * sorbed;
             const V4 total = mass + slow;
             const V4 goal = chi * total / (1.0 + chi);
@@ -144,7 +151,8 @@ void Exchange_Lanes(const Kernel_Column& column, const Kernel_Fate& fate, double
     }
 }
 
-template <int Blocks> LANES_INLINE V4 React_At(const Kernel_Column& column, const Kernel_Fate& fate, int i, double t, double h, const Kernel_Fate_Sums& sums)
+template <int Blocks> LANES_INLINE V4 React_At(const Kernel_Column& column, const Kernel_Fate& fate, int i, double t,
+                                               double h, const Kernel_Fate_Sums& sums)
 {
     Cell cell;
     V4 moles = All(0.0), ratio[Blocks] = {};
@@ -174,7 +182,8 @@ template <int Blocks> LANES_INLINE V4 React_At(const Kernel_Column& column, cons
 
         V4 mass = cell.M[b] + (formed - lost);
         if (fate.Transpiration && fate.Transpiration[i] > 0) {
-            const V4 taken = mass * (1.0 - Exp(-(h * fate.Transpiration[i] * Load(fate.Plant_Uptake + 4 * b) * ratio[b])));
+            const V4 taken =
+                mass * (1.0 - Exp(-(h * fate.Transpiration[i] * Load(fate.Plant_Uptake + 4 * b) * ratio[b])));
             Store(sums.Uptake + at, Load(sums.Uptake + at) + taken);
             mass -= taken;
         }
@@ -184,7 +193,8 @@ template <int Blocks> LANES_INLINE V4 React_At(const Kernel_Column& column, cons
     return moles;
 }
 
-template <int Blocks> LANES_INLINE void React_All(const Kernel_Column& column, const Kernel_Fate& fate, double t, double h, const Kernel_Fate_Sums& sums)
+template <int Blocks> LANES_INLINE void React_All(const Kernel_Column& column, const Kernel_Fate& fate, double t,
+                                                  double h, const Kernel_Fate_Sums& sums)
 {
     V4 moles = All(0.0);
     for (int i = 0; i < column.N; ++i)
@@ -201,8 +211,8 @@ void React_Lanes(const Kernel_Column& column, const Kernel_Fate& fate, double t,
     React_All<3>(column, fate, t, h, sums);
 }
 
-void Rate_Factors_Lanes(int count, const double* temperature, double t0, double a, const double* theta, const double* cap, const double* reference, double b,
-                        double* out)
+void Rate_Factors_Lanes(int count, const double* temperature, double t0, double a, const double* theta,
+                        const double* cap, const double* reference, double b, double* out)
 {
     for (int at = 0; at < count; at += 4) {
         const V4 warm = Load(temperature + at);

@@ -2,8 +2,9 @@
 
 namespace orvel::engine {
 
-// The inner loops of the solute column over plain arrays, compiled once for every processor and once for those with AVX2. Both give the same bits.
-// Arrays by compartment or interface are rows of `Lanes` numbers, [row * Lanes + slot]; arrays of one number a row say so.
+// The inner loops of the solute column over plain arrays, compiled once for every processor and once for those with
+// AVX2. Both give the same bits. Arrays by compartment or interface are rows of `Lanes` numbers, [row * Lanes + slot];
+// arrays of one number a row say so.
 
 struct Kernel_Column {
     int N = 0;     // compartments
@@ -47,8 +48,8 @@ struct Kernel_Fate {
     const double* Formed_Loss = nullptr; // share of what is formed during the step that is lost in it
     const double* Slow_Loss = nullptr;   // of the non-equilibrium domain; null if nothing decays there
 
-    // Formation: link l leads from slot Source[l] to the four slots from Block[l] * 4; its yields (ug formed per ug lost) stand at
-    // Yield[compartment * Yield_Stride + 4 l]. Links are ordered by source.
+    // Formation: link l leads from slot Source[l] to the four slots from Block[l] * 4; its yields (ug formed per ug
+    // lost) stand at Yield[compartment * Yield_Stride + 4 l]. Links are ordered by source.
     int Links = 0;
     const int* Source = nullptr;
     const int* Block = nullptr;
@@ -85,25 +86,29 @@ struct Kernel_Fate_Sums {
 struct Solute_Kernel {
     const char* Name;
 
-    // C and G from M for the compartments first to last - 1; t is the time of the day, 0 to 1. C is where the search begins.
+    // C and G from M for the compartments first to last - 1; t is the time of the day, 0 to 1. C is where the search
+    // begins.
     void (*Invert)(const Kernel_Column& column, int first, int last, double t);
 
-    // One sub-step of length h from t on, for the four slots from 4 * block. If may_refuse and a mass would come out below -1e-12 of the largest
-    // one: false, and nothing was changed.
-    bool (*Transport)(const Kernel_Column& column, int block, double t, double h, bool may_refuse, const Kernel_Moved& moved);
+    // One sub-step of length h from t on, for the four slots from 4 * block. If may_refuse and a mass would come out
+    // below -1e-12 of the largest one: false, and nothing was changed.
+    bool (*Transport)(const Kernel_Column& column, int block, double t, double h, bool may_refuse,
+                      const Kernel_Moved& moved);
 
     // Loss and formed loss for `count` (a multiple of 4) rates over a step of length h.
     void (*Decay_Factors)(const double* rate, int count, double h, double* loss, double* formed_loss);
 
     // One step of length h of decay, formation and uptake at time t.
-    void (*React)(const Kernel_Column& column, const Kernel_Fate& fate, double t, double h, const Kernel_Fate_Sums& sums);
+    void (*React)(const Kernel_Column& column, const Kernel_Fate& fate, double t, double h,
+                  const Kernel_Fate_Sums& sums);
 
     // One step of length h of the exchange with the slow sites at time t.
     void (*Exchange)(const Kernel_Column& column, const Kernel_Fate& fate, double t, double h);
 
-    // out = exp(a (T - T0)) (min(theta, cap) / reference)^b for `count` (a multiple of 4) values, 0 where T is below 0 degC; cap may be null.
-    void (*Rate_Factors)(int count, const double* temperature, double t0, double a, const double* theta, const double* cap, const double* reference, double b,
-                         double* out);
+    // out = exp(a (T - T0)) (min(theta, cap) / reference)^b for `count` (a multiple of 4) values, 0 where T is below 0
+    // degC; cap may be null.
+    void (*Rate_Factors)(int count, const double* temperature, double t0, double a, const double* theta,
+                         const double* cap, const double* reference, double b, double* out);
 
     // out = x^e for `count` (a multiple of 4) values, 0 where x <= 0.
     void (*Powers)(int count, const double* x, double e, double* out);

@@ -1,7 +1,7 @@
 #include "engine/solute/plant_surface.h"
 
-#include "engine/solute/sorption.h"
 #include "engine/math/steady_math.h"
+#include "engine/solute/sorption.h"
 
 #include <algorithm>
 #include <cmath>
@@ -36,8 +36,9 @@ Leaf_Rates Rates_Of_Leaf(const Solute_Setup& setup, const Solute_Day& day, bool 
     rates.Penetration = relative(day.Poor_Penetration) * plant.Penetration;
     if (plant.Reference_Radiation > 0)
         rates.Photodegradation = relative(day.Poor_Photo) * plant.Photodegradation * watts / plant.Reference_Radiation;
-    rates.Volatilisation = relative(day.Poor_Volatilisation) *
-                           Leaf_Volatilisation(setup.Volatilisation, setup.Substances.front().Molmass, plant.Laminar_Layer, day.Air_Temperature);
+    rates.Volatilisation =
+        relative(day.Poor_Volatilisation) * Leaf_Volatilisation(setup.Volatilisation, setup.Substances.front().Molmass,
+                                                                plant.Laminar_Layer, day.Air_Temperature);
     rates.Washed_Off = Steady_Lost(relative(day.Poor_Washoff) * plant.Washoff * day.Plant_Water);
     return rates;
 }

@@ -4,8 +4,9 @@
 
 namespace orvel::engine {
 
-// Share of an application that stays on the plants. Methods: 1 soil, 2 linear (cover), 3 exponential (filtration in m2/kg times dry mass in kg/m2)
-// [form of Willis et al. 1980, USDA Cons. Res. Rep. 26], 4 as given in percent. Without a crop methods 2 and 3 give 0.
+// Share of an application that stays on the plants. Methods: 1 soil, 2 linear (cover), 3 exponential (filtration in
+// m2/kg times dry mass in kg/m2) [form of Willis et al. 1980, USDA Cons. Res. Rep. 26], 4 as given in percent. Without
+// a crop methods 2 and 3 give 0.
 double Plant_Fraction(int method, bool crop, double cover, double filtration, double dry_mass, double percent);
 
 // Deposit on the plants, ug/cm2: what lies open, and what is poorly exposed to light, air and rain.
@@ -23,7 +24,8 @@ struct Leaf_Rates {
     double Washed_Off = 0;                                                       // share, taken first
 };
 
-// Rate of volatilisation (1/d) at full exposure: through a laminar layer from saturated air, for a deposit of 1 kg/ha. [form of Leistra et al. 2006]
+// Rate of volatilisation (1/d) at full exposure: through a laminar layer from saturated air, for a deposit of 1 kg/ha.
+// [form of Leistra et al. 2006]
 double Leaf_Volatilisation(const Solute_Volatilisation& volatilisation, double molmass, double laminar_layer, double t);
 
 // The rates of well exposed and poorly exposed deposit on a day.

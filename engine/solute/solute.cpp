@@ -96,7 +96,8 @@ Solute_Stores Solute_Column::Stores() const
 bool Solute_Column::Finite() const
 {
     const auto finite = [](double x) { return std::isfinite(x); };
-    return std::all_of(Self->M.begin(), Self->M.end(), finite) && std::all_of(Self->W.begin(), Self->W.end(), finite) && std::isfinite(Plant_Mass());
+    return std::all_of(Self->M.begin(), Self->M.end(), finite) && std::all_of(Self->W.begin(), Self->W.end(), finite) &&
+           std::isfinite(Plant_Mass());
 }
 
 Solute_Closure Solute_Column::Closure(const Solute_Sums& sums, const Solute_Stores& start) const
@@ -114,8 +115,9 @@ Solute_Closure Solute_Column::Closure(const Solute_Sums& sums, const Solute_Stor
         };
         const double applied = total(sums.Applied) + sums.Plant_Applied[k];
         const double decayed = total(sums.Decay_Eq) + total(sums.Decay_Neq);
-        const double left = total(sums.Uptake) + sums.Plant_Decay[k] + sums.Plant_Penetration[k] + sums.Plant_Volatilised[k] + sums.Soil_Volatilised[k] +
-                            sums.Runoff[k] + sums.Sediment[k] + sums.Flux[layout.At(layout.N, k)];
+        const double left = total(sums.Uptake) + sums.Plant_Decay[k] + sums.Plant_Penetration[k] +
+                            sums.Plant_Volatilised[k] + sums.Soil_Volatilised[k] + sums.Runoff[k] + sums.Sediment[k] +
+                            sums.Flux[layout.At(layout.N, k)];
         const double change = now.Soil[k] + now.Plant[k] - start.Soil[k] - start.Plant[k];
         const double molmass = Self->Setup.Substances[k].Molmass > 0 ? Self->Setup.Substances[k].Molmass : 1;
         closure.In.push_back(applied + total(sums.Formed));

@@ -8,19 +8,21 @@
 
 namespace orvel::engine {
 
-// The solute side of the engine: what water, crop and heat hand over, and what sorption, transport, fate, plant surface and
-// extraction make of it. Units: cm, day, degC, ug/cm2 (1 kg/ha = 10), ug/cm3 = mg/L, g/cm3, ug/g.
+// The solute side of the engine: what water, crop and heat hand over, and what sorption, transport, fate, plant surface
+// and extraction make of it. Units: cm, day, degC, ug/cm2 (1 kg/ha = 10), ug/cm3 = mg/L, g/cm3, ug/g.
 //
-// Compartments count from 0 at the top; interface i lies above compartment i, interface 0 is the surface, interface N the core's
-// bottom. Substances of the run stand in slots 0, 1, ... in the order of their index (1 active substance, 2 to 9 metabolites).
-// State and sums are arrays of rows of `Lanes` numbers (slots rounded up to a multiple of 4; the rest is 0): [row * Lanes + slot].
+// Compartments count from 0 at the top; interface i lies above compartment i, interface 0 is the surface, interface N
+// the core's bottom. Substances of the run stand in slots 0, 1, ... in the order of their index (1 active substance, 2
+// to 9 metabolites). State and sums are arrays of rows of `Lanes` numbers (slots rounded up to a multiple of 4; the
+// rest is 0): [row * Lanes + slot].
 
 constexpr int Arrows_Of_Substance = 5;
 constexpr double Ug_Cm2_Per_Kg_Ha = 10;
 
 // One arrow (row j) of a substance's transformation.
 struct Solute_Arrow {
-    int Target = 0;                   // index of the substance formed, above the source's; 0 or a substance that is not in the run: a sink
+    int Target =
+        0; // index of the substance formed, above the source's; 0 or a substance that is not in the run: a sink
     double Rate = 0;                  // 1/d
     double Temperature = 20, Q10 = 1; // of the study
     double Moist_Abs = 0;             // Vol%, in use if Moist_Rel is 0
@@ -48,7 +50,7 @@ struct Solute_Substance {
     double Plant_Uptake = 0;            // transpiration stream factor
     int Depth_Mode = 0;                 // 0 scenario's factors, 1 constant, 2 individual
     bool Liquid_Only = false;
-    std::vector<double> Horizon_Kd, Horizon_Exponent;         // by horizon of the scenario, L/kg and -, without Kd_From_Koc
+    std::vector<double> Horizon_Kd, Horizon_Exponent; // by horizon of the scenario, L/kg and -, without Kd_From_Koc
     std::array<Solute_Arrow, Arrows_Of_Substance + 1> Arrows; // 1 to 5
 };
 
@@ -76,7 +78,8 @@ struct Solute_Setup {
     std::vector<double> Organic_Carbon, pH; // %, -
     std::vector<double> Dispersion;         // length in cm, or coefficient in cm2/d
     std::vector<double> Biodegradation;     // factor for Depth_Mode 0
-    std::vector<double> Horizon_Share;      // [compartment * Horizons + horizon]: share of the compartment's soil mass, sum 1
+    std::vector<double>
+        Horizon_Share; // [compartment * Horizons + horizon]: share of the compartment's soil mass, sum 1
     int Horizons = 0;
 
     bool Dispersion_Is_Length = true;
@@ -108,16 +111,17 @@ struct Solute_Day {
     int Bypass_Outlet = -1;                     // compartment that the bypass reaches
     double Sediment = 0;                        // erosion x enrichment, g/cm2
     double Plant_Water = 0;                     // rain and irrigation on the crop, cm
-    double Poor_Photo = 0.2, Poor_Penetration = 0.2, Poor_Volatilisation = 0.2, Poor_Washoff = 0.2; // of the crop, relative to well exposed
-    double Tillage_Depth = 0;                                                                       // cm, 0: no tillage today
-    bool Harvest = false;                                                                           // what is on the plants goes to the first compartment
-    bool Hourly = false;                                                                            // 24 segments (soil mode, day of an application)
+    double Poor_Photo = 0.2, Poor_Penetration = 0.2, Poor_Volatilisation = 0.2,
+           Poor_Washoff = 0.2; // of the crop, relative to well exposed
+    double Tillage_Depth = 0;  // cm, 0: no tillage today
+    bool Harvest = false;      // what is on the plants goes to the first compartment
+    bool Hourly = false;       // 24 segments (soil mode, day of an application)
     std::vector<Solute_Application> Applications;
 };
 
 // Amounts since the last Clear. The caller chooses the span: Step_Day adds, Add puts days into months and years.
-// A compartment's balance: change of M + W = Applied + Formed - Decay_Eq - Decay_Neq - Uptake + Flux above - Flux below, for the
-// first one also - Soil_Volatilised and - Sediment; runoff and tillage are not kept by compartment.
+// A compartment's balance: change of M + W = Applied + Formed - Decay_Eq - Decay_Neq - Uptake + Flux above - Flux
+// below, for the first one also - Soil_Volatilised and - Sediment; runoff and tillage are not kept by compartment.
 struct Solute_Sums {
     Solute_Sums() = default;
     Solute_Sums(int compartments, int lanes);
@@ -126,10 +130,11 @@ struct Solute_Sums {
     void Add(const Solute_Sums& other);
 
     std::vector<double> Applied, Formed, Decay_Eq, Decay_Neq, Uptake; // by compartment; photolysis is in Decay_Eq
-    std::vector<double> Flux;                                         // by interface, downwards, with bypass; 0: wash-off and harvest from the plants
+    std::vector<double> Flux; // by interface, downwards, with bypass; 0: wash-off and harvest from the plants
     std::vector<double> Plant_Applied, Plant_Decay, Plant_Penetration, Plant_Volatilised; // by substance
-    std::vector<double> Soil_Volatilised, Runoff, Sediment, Bypass;                       // by substance; Runoff is dissolved and washed off, without Sediment
-    double Sink_Moles = 0;                                                                // into CO2 and bound residue, umol/cm2
+    std::vector<double> Soil_Volatilised, Runoff, Sediment,
+        Bypass;            // by substance; Runoff is dissolved and washed off, without Sediment
+    double Sink_Moles = 0; // into CO2 and bound residue, umol/cm2
 };
 
 // Mass on the plants and in the soil, by slot.
@@ -149,7 +154,8 @@ struct Solute_Fault {
     std::string Text;
 };
 
-// What is outside its range (45 sorption, 46 molar mass, Henry constant or vapour pressure, 47 horizon tables, 48 rates). Empty: run it.
+// What is outside its range (45 sorption, 46 molar mass, Henry constant or vapour pressure, 47 horizon tables, 48
+// rates). Empty: run it.
 std::vector<Solute_Fault> Check_Solute_Setup(const Solute_Setup& setup);
 
 struct Solute_Kernel;
@@ -157,14 +163,16 @@ struct Solute_State;
 
 class Solute_Column {
 public:
-    // The setup must have passed Check_Solute_Setup. The column starts clean. A kernel (kernel.h) is given by tests alone: all give the same bits.
+    // The setup must have passed Check_Solute_Setup. The column starts clean. A kernel (kernel.h) is given by tests
+    // alone: all give the same bits.
     explicit Solute_Column(const Solute_Setup& setup, const Solute_Kernel* kernel = nullptr);
     ~Solute_Column();
     Solute_Column(Solute_Column&&) noexcept;
     Solute_Column& operator=(Solute_Column&&) noexcept;
 
-    // Tillage, harvest, plant surface, extraction, then the day's segments. With day.Hourly, after_hour(1) to after_hour(24) are called when the
-    // sums and the state have reached that hour; theta is then Theta_Start + hour / 24 (Theta_End - Theta_Start).
+    // Tillage, harvest, plant surface, extraction, then the day's segments. With day.Hourly, after_hour(1) to
+    // after_hour(24) are called when the sums and the state have reached that hour; theta is then Theta_Start + hour /
+    // 24 (Theta_End - Theta_Start).
     void Step_Day(const Solute_Day& day, Solute_Sums& sums, const std::function<void(int hour)>& after_hour = {});
 
     int Compartments() const;

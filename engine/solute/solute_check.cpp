@@ -12,7 +12,8 @@ constexpr double Least_Exponent = 0.1, Largest_Exponent = 1.5;
 
 bool In_Run(const Solute_Setup& setup, int index)
 {
-    return std::any_of(setup.Substances.begin(), setup.Substances.end(), [&](const auto& other) { return other.Index == index; });
+    return std::any_of(setup.Substances.begin(), setup.Substances.end(),
+                       [&](const auto& other) { return other.Index == index; });
 }
 
 bool Acts(const Solute_Arrow& arrow)
@@ -24,7 +25,8 @@ bool Acts(const Solute_Arrow& arrow)
 std::string Missing_Table(const Solute_Setup& setup, const Solute_Substance& substance)
 {
     const auto needed = static_cast<std::size_t>(setup.Horizons);
-    if (!substance.Kd_From_Koc && (substance.Horizon_Kd.size() != needed || substance.Horizon_Exponent.size() != needed))
+    if (!substance.Kd_From_Koc &&
+        (substance.Horizon_Kd.size() != needed || substance.Horizon_Exponent.size() != needed))
         return "sorption";
     if (substance.Depth_Mode == 0 || substance.Depth_Mode == 1)
         return {};
@@ -56,7 +58,8 @@ std::string Rate_Fault(const Solute_Substance& substance)
     if (substance.Plant_Uptake < 0)
         return "plant uptake factor is negative";
     for (const auto& arrow : substance.Arrows) {
-        const bool factor = std::any_of(arrow.Horizon_Factor.begin(), arrow.Horizon_Factor.end(), [](double f) { return f < 0; });
+        const bool factor =
+            std::any_of(arrow.Horizon_Factor.begin(), arrow.Horizon_Factor.end(), [](double f) { return f < 0; });
         if (arrow.Rate < 0 || arrow.Photo_Rate < 0 || arrow.Neq < 0 || factor)
             return "a transformation rate is negative";
     }
@@ -101,7 +104,8 @@ std::vector<Solute_Fault> Check_Solute_Setup(const Solute_Setup& setup)
     };
     for (const auto& substance : setup.Substances) {
         const std::string table = Missing_Table(setup, substance);
-        add(Horizon_Tables, substance, table.empty() ? "" : table + " table does not have the scenario's number of horizons");
+        add(Horizon_Tables, substance,
+            table.empty() ? "" : table + " table does not have the scenario's number of horizons");
         if (substance.Kd_From_Koc || table.empty())
             add(Sorption, substance, Sorption_Fault(setup, substance));
         add(Rates, substance, Rate_Fault(substance));

@@ -7,7 +7,8 @@
 
 namespace orvel::engine {
 
-// What happens to a column at once: tillage, harvest, the plants' day, losses by runoff, erosion and bypass, applications.
+// What happens to a column at once: tillage, harvest, the plants' day, losses by runoff, erosion and bypass,
+// applications.
 
 void Solute_State::Till(double depth, Solute_Sums& sums)
 {
@@ -85,7 +86,8 @@ void Solute_State::Extract(const Solute_Day& day, Solute_Sums& sums)
         return;
     Aligned_Row arriving = Layout.One_Row(0);
     int touched = 0;
-    for (; touched < Layout.N && (touched == 0 || Runoff_Weights[touched] > 0 || Bypass_Weights[touched] > 0); ++touched) {
+    for (; touched < Layout.N && (touched == 0 || Runoff_Weights[touched] > 0 || Bypass_Weights[touched] > 0);
+         ++touched) {
         for (int k = 0; k < Layout.Slots; ++k) {
             const auto at = Layout.At(touched, k);
             const double ratio = M[at] > 0 ? C[at] / M[at] : 0;

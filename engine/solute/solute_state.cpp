@@ -1,7 +1,7 @@
 #include "engine/solute/solute_state.h"
 
-#include "engine/solute/extraction.h"
 #include "engine/math/flush_to_zero.h"
+#include "engine/solute/extraction.h"
 #include "engine/solute/transport.h"
 
 #include <algorithm>
@@ -118,9 +118,11 @@ void Solute_State::Seek(int first, int last, double t)
 void Solute_State::Run_Segment(double start, double end, const Solute_Day& day, Solute_Sums& sums)
 {
     const double length = end - start;
-    const int count = Sub_Step_Count(length, Layout.N, day.Flux.data(), Setup.Thickness.data(), day.Theta_Start.data(), day.Theta_End.data());
+    const int count = Sub_Step_Count(length, Layout.N, day.Flux.data(), Setup.Thickness.data(), day.Theta_Start.data(),
+                                     day.Theta_End.data());
     const double h = length / count;
-    // Symmetric about each sub-step: fate, slow sites, transport, slow sites, fate; half steps of fate that meet are one.
+    // Symmetric about each sub-step: fate, slow sites, transport, slow sites, fate; half steps of fate that meet are
+    // one.
     React(start, h / 2, sums);
     for (int step = 1; step <= count; ++step) {
         const double before = start + (step - 1) * h, after = start + step * h;
@@ -145,7 +147,8 @@ void Solute_State::Transport(int block, double t, double h, int depth, Solute_Su
 
 void Solute_State::React(double t, double h, Solute_Sums& sums)
 {
-    const Kernel_Fate_Sums into{sums.Formed.data(), sums.Decay_Eq.data(), sums.Decay_Neq.data(), sums.Uptake.data(), &sums.Sink_Moles};
+    const Kernel_Fate_Sums into{sums.Formed.data(), sums.Decay_Eq.data(), sums.Decay_Neq.data(), sums.Uptake.data(),
+                                &sums.Sink_Moles};
     const int parts = Fate.Parts(h);
     const Kernel_Fate& fate = Fate.Of_Step(Kernel, h / parts);
     for (int part = 0; part < parts; ++part)

@@ -20,7 +20,8 @@ struct Solute_State {
     void Act_On_Plants(const Solute_Day& day, Solute_Sums& sums);
     void Extract(const Solute_Day& day, Solute_Sums& sums);
     void Erode(int slot, double sediment, double ratio, Solute_Sums& sums);
-    void Into_Bypass(int slot, int from, int outlet, double mass, Solute_Sums& sums); // interface `from` lies below the source
+    void Into_Bypass(int slot, int from, int outlet, double mass,
+                     Solute_Sums& sums); // interface `from` lies below the source
 
     // The day itself
     void Run_Segment(double start, double end, const Solute_Day& day, Solute_Sums& sums);

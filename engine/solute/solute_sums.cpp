@@ -20,7 +20,8 @@ Solute_Sums::Solute_Sums(int compartments, int lanes)
 {
     for (const auto rows : Rows)
         (this->*rows).assign(static_cast<std::size_t>(lanes), 0.0);
-    for (const auto rows : {&Solute_Sums::Applied, &Solute_Sums::Formed, &Solute_Sums::Decay_Eq, &Solute_Sums::Decay_Neq, &Solute_Sums::Uptake})
+    for (const auto rows : {&Solute_Sums::Applied, &Solute_Sums::Formed, &Solute_Sums::Decay_Eq,
+                            &Solute_Sums::Decay_Neq, &Solute_Sums::Uptake})
         (this->*rows).assign(static_cast<std::size_t>(compartments) * lanes, 0.0);
     Flux.assign(static_cast<std::size_t>(compartments + 1) * lanes, 0.0);
 }

@@ -51,9 +51,11 @@ double Air_Dry_Factor(double koc_change, double theta, double wilting_point)
     return dryness > 0 ? Steady_Power(koc_change, dryness) : 1;
 }
 
-double At_Temperature(const std::array<double, 2>& value, const std::array<double, 2>& temperature, double enthalpy, double t)
+double At_Temperature(const std::array<double, 2>& value, const std::array<double, 2>& temperature, double enthalpy,
+                      double t)
 {
-    const double inverse = 1 / (t + Kelvin), first = 1 / (temperature[0] + Kelvin), second = 1 / (temperature[1] + Kelvin);
+    const double inverse = 1 / (t + Kelvin), first = 1 / (temperature[0] + Kelvin),
+                 second = 1 / (temperature[1] + Kelvin);
     const bool two_points = value[0] > 0 && value[1] > 0 && temperature[0] != temperature[1];
     const double slope = two_points ? -Steady_Log(value[1] / value[0]) / (second - first) : enthalpy / Gas_Constant;
     return value[0] * Steady_Exp(-slope * (inverse - first));

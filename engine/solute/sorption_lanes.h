@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/solute/kernel.h"
 #include "engine/math/vector_math.h"
+#include "engine/solute/kernel.h"
 
 namespace orvel::engine {
 
@@ -19,7 +19,8 @@ struct Solution {
 
 // A lane that has arrived stands still while others go on, so that no substance's figures depend on those beside it.
 
-// Newton's method for ln g(e^y) = ln u: the slope lies between n and 1 and the function is convex, so it finds the root from anywhere.
+// Newton's method for ln g(e^y) = ln u: the slope lies between n and 1 and the function is convex, so it finds the root
+// from anywhere.
 [[gnu::noinline]] V4 Search_From_Afar(V4 u, const Isotherm& s)
 {
     V4 y = Min(Log(u / s.Psi), Log(u / Max(s.Rho_K, All(1e-300))) / s.Exponent);
@@ -34,7 +35,8 @@ struct Solution {
     return Exp(y);
 }
 
-// The concentration x with psi x + rho K f(x) = u, and the slope there, from a guess. Halley's method: an error of 1e-4 becomes one below 1e-12.
+// The concentration x with psi x + rho K f(x) = u, and the slope there, from a guess. Halley's method: an error of 1e-4
+// becomes one below 1e-12.
 LANES_INLINE Solution Invert_Content(V4 u, const Isotherm& s, V4 guess)
 {
     const V4 foot_slope = s.Psi + s.Rho_K * s.Limit_Power;
@@ -66,8 +68,8 @@ LANES_INLINE Solution Invert_Content(V4 u, const Isotherm& s, V4 guess)
 LANES_INLINE Isotherm Isotherm_At(const Kernel_Column& column, int at, double t)
 {
     const V4 start = Load(column.Psi_Start + at);
-    return {start + (Load(column.Psi_End + at) - start) * t, Load(column.Rho_K + at), Load(column.Exponent + at), Load(column.Limit + at),
-            Load(column.Limit_Power + at)};
+    return {start + (Load(column.Psi_End + at) - start) * t, Load(column.Rho_K + at), Load(column.Exponent + at),
+            Load(column.Limit + at), Load(column.Limit_Power + at)};
 }
 
 LANES_INLINE void Invert_At(const Kernel_Column& column, int at, double dz, V4 mass, V4 guess, double t)

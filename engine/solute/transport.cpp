@@ -10,7 +10,8 @@ double Interface_Mean(double upper, double lower, double upper_thickness, double
     return (upper * lower_thickness + lower * upper_thickness) / (upper_thickness + lower_thickness);
 }
 
-int Sub_Step_Count(double d, int compartments, const double* flux, const double* thickness, const double* theta_start, const double* theta_end)
+int Sub_Step_Count(double d, int compartments, const double* flux, const double* thickness, const double* theta_start,
+                   const double* theta_end)
 {
     double fastest = 0;
     for (int i = 0; i < compartments; ++i)
@@ -19,7 +20,8 @@ int Sub_Step_Count(double d, int compartments, const double* flux, const double*
     return static_cast<int>(std::clamp(count, 1.0, static_cast<double>(Most_Sub_Steps)));
 }
 
-double Volatilisation_Conductance(double boundary_layer, double air_diffusion, double thickness, double air_tortuosity, double water_tortuosity, double kaw)
+double Volatilisation_Conductance(double boundary_layer, double air_diffusion, double thickness, double air_tortuosity,
+                                  double water_tortuosity, double kaw)
 {
     if (kaw <= 0 || air_diffusion <= 0)
         return 0;

@@ -10,11 +10,14 @@ constexpr int Most_Sub_Steps = 500;
 // A value at the interface of two compartments, linear between their middles.
 double Interface_Mean(double upper, double lower, double upper_thickness, double lower_thickness);
 
-// Number of sub-steps of a segment of length d (days), so that no compartment passes on more than 0.95 of its water in one. At least 1.
-int Sub_Step_Count(double d, int compartments, const double* flux, const double* thickness, const double* theta_start, const double* theta_end);
+// Number of sub-steps of a segment of length d (days), so that no compartment passes on more than 0.95 of its water in
+// one. At least 1.
+int Sub_Step_Count(double d, int compartments, const double* flux, const double* thickness, const double* theta_start,
+                   const double* theta_end);
 
 // gv (cm/d per concentration in air): through a boundary layer above the soil and half the first compartment.
 // tortuosities are theta^(10/3)/phi^2 of air and water. [boundary layer: Jury et al. 1983; Millington & Quirk 1961]
-double Volatilisation_Conductance(double boundary_layer, double air_diffusion, double thickness, double air_tortuosity, double water_tortuosity, double kaw);
+double Volatilisation_Conductance(double boundary_layer, double air_diffusion, double thickness, double air_tortuosity,
+                                  double water_tortuosity, double kaw);
 
 } // namespace orvel::engine

@@ -11,8 +11,8 @@ namespace orvel::engine {
 
 namespace {
 
-// Concentration at the lower interface of a compartment: the limiter of van Leer in the form of Sweby (1984), with courant the share of
-// the compartment's capacity that flows out.
+// Concentration at the lower interface of a compartment: the limiter of van Leer in the form of Sweby (1984), with
+// courant the share of the compartment's capacity that flows out.
 LANES_INLINE V4 Face_Concentration(V4 before, V4 here, V4 next, double weight, V4 courant)
 {
     const V4 a = here - before, c = next - here;
@@ -91,7 +91,8 @@ LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, V4&
     return {Min(found.Least, mass), Max(found.Most, mass)};
 }
 
-// What rounding left below nothing is taken out of the flux to the compartment below, so that mass stays positive and none is made.
+// What rounding left below nothing is taken out of the flux to the compartment below, so that mass stays positive and
+// none is made.
 LANES_INLINE void Lift_To_Zero(const Kernel_Column& column, int b)
 {
     V4 debt = All(0.0);
@@ -104,7 +105,8 @@ LANES_INLINE void Lift_To_Zero(const Kernel_Column& column, int b)
     }
 }
 
-bool Transport_Lanes(const Kernel_Column& column, int block, double t, double h, bool may_refuse, const Kernel_Moved& moved)
+bool Transport_Lanes(const Kernel_Column& column, int block, double t, double h, bool may_refuse,
+                     const Kernel_Moved& moved)
 {
     const int b = 4 * block, lanes = column.Lanes;
     V4 volatilised;

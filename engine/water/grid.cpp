@@ -18,7 +18,8 @@ constexpr int Most_Compartments = 400;
 // One horizon in numbers.
 struct Layer {
     double Top = 0, Bottom = 0;
-    double Density = 0, Water = 0, Sand = 0, Clay = 0, pH = 0, Carbon = 0, Dispersion = 0, Drainage = 0, Biodegradation = 0;
+    double Density = 0, Water = 0, Sand = 0, Clay = 0, pH = 0, Carbon = 0, Dispersion = 0, Drainage = 0,
+           Biodegradation = 0;
     Horizon_Water Retention;
 };
 
@@ -26,7 +27,8 @@ Horizon_Water Retention_Of(const Scenario_Horizon& horizon, int flag, double top
 {
     if (flag == 0)
         return {horizon.SZE_Hor_FC.Number(), horizon.SZE_Hor_WP.Number()};
-    const double sand = horizon.SZE_Hor_Sand.Number(), clay = horizon.SZE_Hor_Clay, density = horizon.SZE_Hor_Bulk_Density.Number();
+    const double sand = horizon.SZE_Hor_Sand.Number(), clay = horizon.SZE_Hor_Clay,
+                 density = horizon.SZE_Hor_Bulk_Density.Number();
     const double matter = Carbon_To_Matter * horizon.SZE_Hor_OC.Number();
     Horizon_Water water;
     if (flag == 1) {
@@ -52,7 +54,8 @@ std::vector<Layer> Layers_Of(const Scenario_Document& scenario)
         layer.Bottom = top + horizon.SZE_Hor_Thickness.Number();
         layer.Density = horizon.SZE_Hor_Bulk_Density.Number();
         layer.Retention = Retention_Of(horizon, flag, top);
-        layer.Water = horizon.SZE_Hor_Soil_Water.Number() > 0 ? horizon.SZE_Hor_Soil_Water.Number() : layer.Retention.Field_Capacity;
+        layer.Water = horizon.SZE_Hor_Soil_Water.Number() > 0 ? horizon.SZE_Hor_Soil_Water.Number()
+                                                              : layer.Retention.Field_Capacity;
         layer.Sand = horizon.SZE_Hor_Sand.Number();
         layer.Clay = horizon.SZE_Hor_Clay;
         layer.pH = horizon.SZE_Hor_pH.Number();
@@ -101,25 +104,31 @@ int Grid::Interface_Nearest(double depth) const
 
 Horizon_Water Rawls_Functions(double sand, double clay, double organic_matter)
 {
-    return {0.2576 - 0.0020 * sand + 0.0036 * clay + 0.0299 * organic_matter, 0.0260 + 0.0050 * clay + 0.0158 * organic_matter};
+    return {0.2576 - 0.0020 * sand + 0.0036 * clay + 0.0299 * organic_matter,
+            0.0260 + 0.0050 * clay + 0.0158 * organic_matter};
 }
 
 Van_Genuchten Woesten_Functions(double clay, double silt, double organic_matter, double density, bool topsoil)
 {
-    const double C = std::max(clay, 1.0), S = std::max(silt, 1.0), OM = std::max(organic_matter, 0.1), D = density, t = topsoil ? 1 : 0;
-    const double saturated = 0.7919 + 0.001691 * C - 0.29619 * D - 0.000001491 * S * S + 0.0000821 * OM * OM + 0.02427 / C + 0.01113 / S +
-                             0.01472 * Steady_Log(S) - 0.0000733 * OM * C - 0.000619 * D * C - 0.001183 * D * OM - 0.0001664 * t * S;
-    const double ln_alpha = -14.96 + 0.03135 * C + 0.0351 * S + 0.646 * OM + 15.29 * D - 0.192 * t - 4.671 * D * D - 0.000781 * C * C - 0.00687 * OM * OM +
-                            0.0449 / OM + 0.0663 * Steady_Log(S) + 0.1482 * Steady_Log(OM) - 0.04546 * D * S - 0.4852 * D * OM + 0.00673 * t * C;
-    const double ln_n = -25.23 - 0.02195 * C + 0.0074 * S - 0.1940 * OM + 45.5 * D - 7.24 * D * D + 0.0003658 * C * C + 0.002885 * OM * OM - 12.81 / D -
-                        0.1524 / S - 0.01958 / OM - 0.2876 * Steady_Log(S) - 0.0709 * Steady_Log(OM) - 44.6 * Steady_Log(D) - 0.02264 * D * C +
-                        0.0896 * D * OM + 0.00718 * t * C;
+    const double C = std::max(clay, 1.0), S = std::max(silt, 1.0), OM = std::max(organic_matter, 0.1), D = density,
+                 t = topsoil ? 1 : 0;
+    const double saturated = 0.7919 + 0.001691 * C - 0.29619 * D - 0.000001491 * S * S + 0.0000821 * OM * OM +
+                             0.02427 / C + 0.01113 / S + 0.01472 * Steady_Log(S) - 0.0000733 * OM * C -
+                             0.000619 * D * C - 0.001183 * D * OM - 0.0001664 * t * S;
+    const double ln_alpha = -14.96 + 0.03135 * C + 0.0351 * S + 0.646 * OM + 15.29 * D - 0.192 * t - 4.671 * D * D -
+                            0.000781 * C * C - 0.00687 * OM * OM + 0.0449 / OM + 0.0663 * Steady_Log(S) +
+                            0.1482 * Steady_Log(OM) - 0.04546 * D * S - 0.4852 * D * OM + 0.00673 * t * C;
+    const double ln_n = -25.23 - 0.02195 * C + 0.0074 * S - 0.1940 * OM + 45.5 * D - 7.24 * D * D + 0.0003658 * C * C +
+                        0.002885 * OM * OM - 12.81 / D - 0.1524 / S - 0.01958 / OM - 0.2876 * Steady_Log(S) -
+                        0.0709 * Steady_Log(OM) - 44.6 * Steady_Log(D) - 0.02264 * D * C + 0.0896 * D * OM +
+                        0.00718 * t * C;
     return {saturated, Steady_Exp(ln_alpha), 1 + Steady_Exp(ln_n)};
 }
 
 double Water_Content(const Van_Genuchten& curve, double suction_cm)
 {
-    return Residual_Water + (curve.Saturated - Residual_Water) * Steady_Power(1 + Steady_Power(curve.Alpha * suction_cm, curve.N), 1 / curve.N - 1);
+    return Residual_Water + (curve.Saturated - Residual_Water) *
+                                Steady_Power(1 + Steady_Power(curve.Alpha * suction_cm, curve.N), 1 / curve.N - 1);
 }
 
 double Porosity(double density, double field_capacity)
@@ -165,8 +174,8 @@ Grid Build_Grid(const Scenario_Document& scenario)
     std::vector<double> bottoms;
     for (const Layer& layer : layers)
         bottoms.push_back(layer.Bottom);
-    grid.Thickness =
-        scenario.SZE_Delxflg == 0 ? Graded_Compartments(bottoms, scenario.SZE_Core_Depth) : Equal_Compartments(scenario.SZE_Core_Depth, scenario.SZE_Layers);
+    grid.Thickness = scenario.SZE_Delxflg == 0 ? Graded_Compartments(bottoms, scenario.SZE_Core_Depth)
+                                               : Equal_Compartments(scenario.SZE_Core_Depth, scenario.SZE_Layers);
     double bottom = 0, best = 1e9;
     for (int i = 0; i < grid.Count(); ++i) {
         const double top = bottom, dz = grid.Thickness[static_cast<std::size_t>(i)];

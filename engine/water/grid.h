@@ -17,7 +17,8 @@ struct Grid {
 
     int Count() const { return static_cast<int>(Thickness.size()); }
     double Top(int i) const { return Bottom[static_cast<std::size_t>(i)] - Thickness[static_cast<std::size_t>(i)]; }
-    int Compartment_At(double depth) const;    // the one with top < depth <= bottom; the first for 0, the last below the core
+    int
+    Compartment_At(double depth) const; // the one with top < depth <= bottom; the first for 0, the last below the core
     int Interface_Nearest(double depth) const; // 0 to Count()
 };
 
@@ -26,10 +27,12 @@ struct Horizon_Water {
     double Field_Capacity = 0, Wilting_Point = 0; // cm3/cm3
 };
 
-// Rawls, Brakensiek & Saxton 1982 (Trans. ASAE 25:1316): water contents at 33 and 1500 kPa. Texture and organic matter in %.
+// Rawls, Brakensiek & Saxton 1982 (Trans. ASAE 25:1316): water contents at 33 and 1500 kPa. Texture and organic matter
+// in %.
 Horizon_Water Rawls_Functions(double sand, double clay, double organic_matter);
 
-// Woesten et al. 1999 (Geoderma 90:169), continuous functions: parameters of van Genuchten 1980 (SSSAJ 44:892), residual water 0.01.
+// Woesten et al. 1999 (Geoderma 90:169), continuous functions: parameters of van Genuchten 1980 (SSSAJ 44:892),
+// residual water 0.01.
 struct Van_Genuchten {
     double Saturated = 0, Alpha = 0, N = 1; // alpha in 1/cm
 };

@@ -22,7 +22,8 @@ constexpr double Cm = 0.01;
 Conductivity Conductivity_Of(double density, double clay)
 {
     const double fraction = clay <= 0 ? Unknown_Clay : std::max(clay, Least_Clay);
-    return {0.65 - 0.78 * density + 0.60 * density * density, 1.06 * density, 1 + 2.6 / std::sqrt(fraction), 0.03 + 0.1 * density * density};
+    return {0.65 - 0.78 * density + 0.60 * density * density, 1.06 * density, 1 + 2.6 / std::sqrt(fraction),
+            0.03 + 0.1 * density * density};
 }
 
 double Conductivity_At(const Conductivity& p, double water)
@@ -36,15 +37,17 @@ double Heat_Capacity(double density, double water)
     return 2.4e6 * density / 2.65 + 4.18e6 * water;
 }
 
-void Conduct_Heat(std::vector<double>& temperature, const std::vector<double>& thickness, const std::vector<double>& conductivity,
-                  const std::vector<double>& capacity, double surface_temperature, double surface_conductance, double seconds)
+void Conduct_Heat(std::vector<double>& temperature, const std::vector<double>& thickness,
+                  const std::vector<double>& conductivity, const std::vector<double>& capacity,
+                  double surface_temperature, double surface_conductance, double seconds)
 {
     // Thomas algorithm; `above` is the conductance to the node above, `ratio` the eliminated upper diagonal.
     const std::size_t n = temperature.size();
     std::vector<double> ratio(n);
     double above = surface_conductance;
     for (std::size_t i = 0; i < n; ++i) {
-        const double below = i + 1 < n ? 1 / (0.5 * thickness[i] / conductivity[i] + 0.5 * thickness[i + 1] / conductivity[i + 1]) : 0;
+        const double below =
+            i + 1 < n ? 1 / (0.5 * thickness[i] / conductivity[i] + 0.5 * thickness[i + 1] / conductivity[i + 1]) : 0;
         const double store = capacity[i] * thickness[i] / seconds;
         double diagonal = store + above + below, right = store * temperature[i];
         if (i == 0) {

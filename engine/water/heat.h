@@ -16,9 +16,11 @@ Conductivity Conductivity_Of(double density, double clay);
 double Conductivity_At(const Conductivity& parameters, double water);
 double Heat_Capacity(double density, double water); // J/(m3 K)
 
-// One backward Euler step of `seconds`: conductance of the surface in W/(m2 K), no flux at the bottom. The arrays have one entry a node.
-void Conduct_Heat(std::vector<double>& temperature, const std::vector<double>& thickness, const std::vector<double>& conductivity,
-                  const std::vector<double>& capacity, double surface_temperature, double surface_conductance, double seconds);
+// One backward Euler step of `seconds`: conductance of the surface in W/(m2 K), no flux at the bottom. The arrays have
+// one entry a node.
+void Conduct_Heat(std::vector<double>& temperature, const std::vector<double>& thickness,
+                  const std::vector<double>& conductivity, const std::vector<double>& capacity,
+                  double surface_temperature, double surface_conductance, double seconds);
 
 // The column's temperature over the days.
 class Soil_Heat {

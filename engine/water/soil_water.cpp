@@ -28,7 +28,8 @@ double Drained(double water, double field_capacity, double thickness, bool restr
     return restricted ? excess * Steady_Lost(drainage) : excess;
 }
 
-Percolation_Result Percolate(const Grid& grid, const Percolation& supply, std::vector<double>& theta, std::vector<double>& flux)
+Percolation_Result Percolate(const Grid& grid, const Percolation& supply, std::vector<double>& theta,
+                             std::vector<double>& flux)
 {
     const int n = grid.Count();
     Percolation_Result result{0, supply.Bypass};
@@ -77,7 +78,8 @@ std::vector<double> Linear_Shares(const Grid& grid, double depth)
     std::vector<double> shares(static_cast<std::size_t>(grid.Count()), 0.0);
     double sum = 0;
     for (int i = 0; i < grid.Count() && depth > 0; ++i) {
-        const double top = std::min(grid.Top(i), depth), bottom = std::min(grid.Bottom[static_cast<std::size_t>(i)], depth);
+        const double top = std::min(grid.Top(i), depth),
+                     bottom = std::min(grid.Bottom[static_cast<std::size_t>(i)], depth);
         const double share = 2 / depth * ((bottom - top) - (bottom * bottom - top * top) / (2 * depth));
         shares[static_cast<std::size_t>(i)] = std::max(share, 0.0);
         sum += shares[static_cast<std::size_t>(i)];
@@ -87,7 +89,8 @@ std::vector<double> Linear_Shares(const Grid& grid, double depth)
     return shares;
 }
 
-void Evaporate(const Grid& grid, double demand, double depth, const std::vector<double>& shares, std::vector<double>& theta, std::vector<double>& taken)
+void Evaporate(const Grid& grid, double demand, double depth, const std::vector<double>& shares,
+               std::vector<double>& theta, std::vector<double>& taken)
 {
     double total = 0, depletion = 0;
     for (int k = 0; k < grid.Count() && grid.Top(k) < depth; ++k) {
@@ -104,13 +107,18 @@ void Evaporate(const Grid& grid, double demand, double depth, const std::vector<
     }
 }
 
-void Transpire(const Grid& grid, double demand, const std::vector<double>& shares, std::vector<double>& theta, std::vector<double>& taken)
+void Transpire(const Grid& grid, double demand, const std::vector<double>& shares, std::vector<double>& theta,
+               std::vector<double>& taken)
 {
     double met = 0, unstressed = 0;
     const auto stress = [&grid, &theta](std::size_t i) {
-        return std::clamp((theta[i] - grid.Wilting_Point[i]) / (Stress_Share * (grid.Field_Capacity[i] - grid.Wilting_Point[i])), 0.0, 1.0);
+        return std::clamp((theta[i] - grid.Wilting_Point[i]) /
+                              (Stress_Share * (grid.Field_Capacity[i] - grid.Wilting_Point[i])),
+                          0.0, 1.0);
     };
-    const auto available = [&grid, &theta](std::size_t i) { return std::max(theta[i] - grid.Wilting_Point[i], 0.0) * grid.Thickness[i]; };
+    const auto available = [&grid, &theta](std::size_t i) {
+        return std::max(theta[i] - grid.Wilting_Point[i], 0.0) * grid.Thickness[i];
+    };
     std::vector<bool> free(shares.size());
     for (std::size_t i = 0; i < shares.size(); ++i) {
         taken[i] = 0;

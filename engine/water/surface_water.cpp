@@ -53,7 +53,8 @@ Soil_Loss Soil_Loss_Of(double runoff, double area, double duration, const Soil_L
     const double peak_time = std::max(duration, shortest_storm) / 2 + 0.6 * result.Concentration_Time;
     result.Peak_Flow = 2.08 * square_km * runoff / peak_time;
     const double volume = 100 * area * runoff; // m3
-    result.Loss = 11.8 * Steady_Power(volume * result.Peak_Flow, 0.56) * factors.Erodibility * factors.Slope * factors.Cover * factors.Practice;
+    result.Loss = 11.8 * Steady_Power(volume * result.Peak_Flow, 0.56) * factors.Erodibility * factors.Slope *
+                  factors.Cover * factors.Practice;
     if (result.Loss > 0)
         result.Enrichment = std::max(1.0, Steady_Exp(2 - 0.2 * Steady_Log(1000 * result.Loss / area)));
     return result;

@@ -7,7 +7,8 @@ namespace orvel::engine {
 // Melt of a day by the degree-day method, factor in cm/(degC d) (Rango & Martinec 1995, Water Resour. Bull. 31:657).
 double Snow_Melt(double snow, double factor, double temperature);
 
-// Curve number for dry (CN1) and wet (CN3) soil from that for mean moisture (Chow, Maidment & Mays 1988, Applied Hydrology), and the retention S, cm.
+// Curve number for dry (CN1) and wet (CN3) soil from that for mean moisture (Chow, Maidment & Mays 1988, Applied
+// Hydrology), and the retention S, cm.
 double Dry_Curve_Number(double mean);
 double Wet_Curve_Number(double mean);
 double Curve_Retention(double curve_number);
@@ -18,7 +19,8 @@ double Retention_At(double mean_curve_number, double relative_moisture);
 // Runoff of a day with water supply P (USDA-SCS 1972, NEH-4).
 double Curve_Runoff(double supply, double retention);
 
-// Soil loss by storms, modified universal soil loss equation (Williams 1975, ARS-S-40): area in ha, duration in h, runoff in cm.
+// Soil loss by storms, modified universal soil loss equation (Williams 1975, ARS-S-40): area in ha, duration in h,
+// runoff in cm.
 struct Soil_Loss_Factors {
     double Erodibility = 0, Slope = 0, Cover = 0, Practice = 0;
 };

@@ -22,7 +22,8 @@ constexpr double Hectares_Per_Ton_Cm2 = 0.01;  // t/ha in g/cm2
 
 bool Runoff_Is_On(const Scenario_Document& scenario)
 {
-    return scenario.SZE_Runoff_Depth > 0 || scenario.SZE_Erosion == 1 || (scenario.SZE_Water_Flag.Number() >= 2 && scenario.SZE_Macropore == 0);
+    return scenario.SZE_Runoff_Depth > 0 || scenario.SZE_Erosion == 1 ||
+           (scenario.SZE_Water_Flag.Number() >= 2 && scenario.SZE_Macropore == 0);
 }
 
 double Runoff_Depth_Of(const Scenario_Document& scenario)
@@ -37,16 +38,21 @@ double Water_Day::Percolate(int interface) const
 
 double Water_Day::Evapotranspiration() const
 {
-    return std::accumulate(Transpiration.begin(), Transpiration.end(), std::accumulate(Evaporation.begin(), Evaporation.end(), Canopy_Loss));
+    return std::accumulate(Transpiration.begin(), Transpiration.end(),
+                           std::accumulate(Evaporation.begin(), Evaporation.end(), Canopy_Loss));
 }
 
-Water_Column::Water_Column(const Scenario_Document& scenario, const Grid& grid, const Haude_Table& haude) : Scenario(&scenario), Core(&grid), Haude(&haude)
+Water_Column::Water_Column(const Scenario_Document& scenario, const Grid& grid, const Haude_Table& haude)
+    : Scenario(&scenario),
+      Core(&grid),
+      Haude(&haude)
 {
     const auto n = static_cast<std::size_t>(grid.Count());
     Restricted = static_cast<int>(scenario.SZE_Water_Flag.Number()) % 2 == 1;
     With_Runoff = Runoff_Is_On(scenario);
     With_Bypass = scenario.SZE_Macropore == 1 && scenario.SZE_Macro_Fraction > 0;
-    Evaporation_Depth = std::min(scenario.SZE_ET_Depth > 0 ? scenario.SZE_ET_Depth : Usual_Evaporation_Depth, scenario.SZE_Core_Depth);
+    Evaporation_Depth =
+        std::min(scenario.SZE_ET_Depth > 0 ? scenario.SZE_ET_Depth : Usual_Evaporation_Depth, scenario.SZE_Core_Depth);
     Evaporation_Shares = Linear_Shares(grid, Evaporation_Depth);
     Outlet = With_Bypass ? std::min(grid.Compartment_At(scenario.SZE_Macro_Depth), std::max(0, grid.Count() - 2)) : -1;
     Frost_Node = grid.Compartment_At(Frost_Depth);
@@ -71,14 +77,17 @@ double Water_Column::Potential(const Climate_Day& climate, int day_of_year, cons
     const int method = Scenario->SZE_ET_Method;
     if (method == 3) {
         const auto& factors = Haude_Row(*Haude, crop.Present ? crop.Row->SZE_Rot_Crop_No : 0);
-        return Haude_Evapotranspiration(factors[static_cast<std::size_t>(climate.Month - 1)], climate.Temperature_14, climate.Humidity);
+        return Haude_Evapotranspiration(factors[static_cast<std::size_t>(climate.Month - 1)], climate.Temperature_14,
+                                        climate.Humidity);
     }
     if (method == 0 || (method == 2 && climate.Evaporation >= 0))
         return crop.Crop_Factor * std::max(climate.Evaporation, 0.0);
-    return crop.Crop_Factor * Hamon_Evapotranspiration(climate.Temperature, Day_Length(Scenario->SZE_Latitude, day_of_year));
+    return crop.Crop_Factor *
+           Hamon_Evapotranspiration(climate.Temperature, Day_Length(Scenario->SZE_Latitude, day_of_year));
 }
 
-// The deficit of the rooted zone, every seventh day (FOCUS groundwater scenarios as restated in EFSA 2020, J. 18:6119, Table D.1).
+// The deficit of the rooted zone, every seventh day (FOCUS groundwater scenarios as restated in EFSA 2020, J. 18:6119,
+// Table D.1).
 double Water_Column::Irrigation(const Crop_State& crop) const
 {
     if (!crop.Irrigated || crop.Days_Since_Emergence == 0 || crop.Days_Since_Emergence % Irrigation_Interval != 0)
@@ -102,12 +111,14 @@ void Water_Column::Erode(const Crop_State& crop)
         return;
     const double area = Scenario->SZE_Eros_4.Number();
     const Soil_Loss loss = Soil_Loss_Of(Day.Runoff, area, Scenario->SZE_Eros_5,
-                                        {Scenario->SZE_Eros_K.Number(), Scenario->SZE_Eros_2.Number(), crop.Cover_Factor(), Scenario->SZE_Eros_3.Number()});
+                                        {Scenario->SZE_Eros_K.Number(), Scenario->SZE_Eros_2.Number(),
+                                         crop.Cover_Factor(), Scenario->SZE_Eros_3.Number()});
     Day.Soil_Loss = loss.Loss;
     Day.Sediment = Hectares_Per_Ton_Cm2 * loss.Loss / area * loss.Enrichment;
 }
 
-const Water_Day& Water_Column::Step_Day(const Climate_Day& climate, int day_of_year, const Crop_State& crop, const std::vector<double>& soil_temperature)
+const Water_Day& Water_Column::Step_Day(const Climate_Day& climate, int day_of_year, const Crop_State& crop,
+                                        const std::vector<double>& soil_temperature)
 {
     const double storage = Storage();
     const bool freezing = climate.Temperature <= 0;
@@ -131,7 +142,9 @@ const Water_Day& Water_Column::Step_Day(const Climate_Day& climate, int day_of_y
     const bool frozen = soil_temperature[static_cast<std::size_t>(Frost_Node)] < 0;
     Day.Runoff = std::min(Runoff(rain_through + Day.Melt, crop, frozen), rain_through + Day.Melt);
     const double infiltration = Day.Throughfall + Day.Melt - Day.Runoff;
-    const double bypass = With_Bypass ? std::min(Scenario->SZE_Macro_Fraction, 1.0) * std::max(infiltration - Scenario->SZE_Macro_Threshold, 0.0) : 0;
+    const double bypass = With_Bypass ? std::min(Scenario->SZE_Macro_Fraction, 1.0) *
+                                            std::max(infiltration - Scenario->SZE_Macro_Threshold, 0.0)
+                                      : 0;
 
     Day.Theta_Start = Moisture;
     const auto percolation = Percolate(*Core, {Restricted, infiltration - bypass, bypass, Outlet}, Moisture, Day.Flux);
@@ -151,7 +164,8 @@ const Water_Day& Water_Column::Step_Day(const Climate_Day& climate, int day_of_y
     else
         std::ranges::fill(Day.Transpiration, 0.0);
     Day.Theta_End = Moisture;
-    Day.Closure = climate.Rain + Day.Irrigation - Day.Runoff - Day.Evapotranspiration() - Day.Flux.back() - (Storage() - storage);
+    Day.Closure =
+        climate.Rain + Day.Irrigation - Day.Runoff - Day.Evapotranspiration() - Day.Flux.back() - (Storage() - storage);
     return Day;
 }
 

@@ -31,7 +31,8 @@ public:
     Water_Column(const Scenario_Document& scenario, const Grid& grid, const Haude_Table& haude);
 
     // One day; `soil_temperature` is that of the evening before. The result stays until the next call.
-    const Water_Day& Step_Day(const Climate_Day& climate, int day_of_year, const Crop_State& crop, const std::vector<double>& soil_temperature);
+    const Water_Day& Step_Day(const Climate_Day& climate, int day_of_year, const Crop_State& crop,
+                              const std::vector<double>& soil_temperature);
 
     const Water_Day& Today() const { return Day; }
     const std::vector<double>& Theta() const { return Moisture; }

@@ -9,10 +9,12 @@ namespace orvel {
 // Log(x) / Log(10).
 double Log10(double x);
 
-// The next value away from zero with one significant digit; 0 stays 0. Literal in doubles: 0.07 gives 0.08, its quotient being a hair above 7.
+// The next value away from zero with one significant digit; 0 stays 0. Literal in doubles: 0.07 gives 0.08, its
+// quotient being a hair above 7.
 double Round_Up_Axis(double x);
 
-// The distances of the ticks of an axis that reaches to `top`, a positive number. Every step is a whole number of small ticks, and those of tiny ones.
+// The distances of the ticks of an axis that reaches to `top`, a positive number. Every step is a whole number of small
+// ticks, and those of tiny ones.
 struct Axis_Steps {
     double Step = 0, Small_Tick = 0, Tiny_Tick = 0;
     bool operator==(const Axis_Steps&) const = default;

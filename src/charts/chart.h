@@ -5,7 +5,8 @@
 
 namespace orvel {
 
-// A diagram as plain data in its own coordinates; a painter only maps them to its surface. Texts are bytes of Windows-1252.
+// A diagram as plain data in its own coordinates; a painter only maps them to its surface. Texts are bytes of
+// Windows-1252.
 
 // What is drawn in which colour. The painter owns the colours; they must differ from each other and from the frame.
 enum class Colour { Series, Marked, Term_1, Term_2, Term_3, Term_4, Term_5, Term_6, Term_7 };
@@ -65,12 +66,13 @@ struct Chart {
     std::vector<Chart_Key> Key;
 };
 
-// Sizes of the drawing convention, as shares of the length L of the x axis and of the size T of the y axis (Value_Size).
+// Sizes of the drawing convention, as shares of the length L of the x axis and of the size T of the y axis
+// (Value_Size).
 constexpr double Big_Y_Tick = 1.0 / 50, Small_Y_Tick = 1.0 / 100, Tiny_Y_Tick = 1.0 / 200; // of L
 constexpr double Big_X_Tick = 1.0 / 30, Small_X_Tick = 1.0 / 60, Tiny_X_Tick = 1.0 / 120;  // of T
 constexpr double Y_Label_Left = -1.0 / 10, Long_Y_Label_Left = -1.0 / 9;                   // of L
-constexpr std::size_t Long_Label = 6;                                                      // characters from which a label is long and in the smaller font
-constexpr double X_Label_Below = -1.0 / 20;                                                // of T
+constexpr std::size_t Long_Label = 6;       // characters from which a label is long and in the smaller font
+constexpr double X_Label_Below = -1.0 / 20; // of T
 constexpr double Label_Points = 9.75, Long_Label_Points = 8;
 
 } // namespace orvel

@@ -13,7 +13,8 @@ namespace orvel {
 
 namespace {
 
-constexpr double Width = 760, Height = 400, Key_Height = 30, Line = 16, Below = 16; // below the plane, for the title of the x axis
+constexpr double Width = 760, Height = 400, Key_Height = 30, Line = 16,
+                 Below = 16; // below the plane, for the title of the x axis
 
 std::string Place(double value)
 {
@@ -32,12 +33,16 @@ std::string Fill(Colour role)
 // Draws by the convention of all diagrams.
 class Svg_Drawing {
 public:
-    explicit Svg_Drawing(const Chart& chart) : Source(chart), Length(chart.X.High - chart.X.Low), Size(Value_Size(chart.Y)) {}
+    explicit Svg_Drawing(const Chart& chart)
+        : Source(chart),
+          Length(chart.X.High - chart.X.Low),
+          Size(Value_Size(chart.Y))
+    {}
 
     std::string Draw()
     {
-        Out = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" viewBox=\"0 0 " + Place(Width) + " " + Place(Height + Below) + "\">\n<title>" +
-              Xml_Text(Source.Title) + "</title>\n";
+        Out = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" viewBox=\"0 0 " + Place(Width) + " " +
+              Place(Height + Below) + "\">\n<title>" + Xml_Text(Source.Title) + "</title>\n";
         if (Source.Frame.Right > Source.Frame.Left && Source.Frame.Top > Source.Frame.Bottom)
             Plane();
         return Out + "</svg>\n";
@@ -48,7 +53,8 @@ private:
     {
         Key();
         for (const Chart_Box& box : Source.Boxes)
-            Rectangle(X(box.Left), std::min(Y(box.Y), Y(0)), X(box.Right) - X(box.Left), std::fabs(Y(box.Y) - Y(0)), box.Drawn_In);
+            Rectangle(X(box.Left), std::min(Y(box.Y), Y(0)), X(box.Right) - X(box.Left), std::fabs(Y(box.Y) - Y(0)),
+                      box.Drawn_In);
         for (const Chart_Line& line : Source.Lines)
             Polyline(line);
         X_Axis();
@@ -56,24 +62,28 @@ private:
     }
 
     double X(double x) const { return (x - Source.Frame.Left) / (Source.Frame.Right - Source.Frame.Left) * Width; }
-    double Y(double y) const { return Height - (y - Source.Frame.Bottom) / (Source.Frame.Top - Source.Frame.Bottom) * (Height - Key_Height); }
+    double Y(double y) const
+    {
+        return Height - (y - Source.Frame.Bottom) / (Source.Frame.Top - Source.Frame.Bottom) * (Height - Key_Height);
+    }
 
     void Stroke(double x1, double y1, double x2, double y2)
     {
-        Out += "<line x1=\"" + Place(x1) + "\" y1=\"" + Place(y1) + "\" x2=\"" + Place(x2) + "\" y2=\"" + Place(y2) + "\" stroke=\"currentColor\"/>\n";
+        Out += "<line x1=\"" + Place(x1) + "\" y1=\"" + Place(y1) + "\" x2=\"" + Place(x2) + "\" y2=\"" + Place(y2) +
+               "\" stroke=\"currentColor\"/>\n";
     }
 
     void Text(double x, double y, std::string_view anchor, std::string_view text)
     {
         if (!text.empty())
-            Out += "<text x=\"" + Place(x) + "\" y=\"" + Place(y) + "\" text-anchor=\"" + std::string(anchor) + "\" fill=\"currentColor\" font-size=\"13\">" +
-                   Xml_Text(text) + "</text>\n";
+            Out += "<text x=\"" + Place(x) + "\" y=\"" + Place(y) + "\" text-anchor=\"" + std::string(anchor) +
+                   "\" fill=\"currentColor\" font-size=\"13\">" + Xml_Text(text) + "</text>\n";
     }
 
     void Rectangle(double x, double y, double width, double height, Colour colour)
     {
-        Out += "<rect x=\"" + Place(x) + "\" y=\"" + Place(y) + "\" width=\"" + Place(width) + "\" height=\"" + Place(height) + "\" fill=\"" + Fill(colour) +
-               "\"/>\n";
+        Out += "<rect x=\"" + Place(x) + "\" y=\"" + Place(y) + "\" width=\"" + Place(width) + "\" height=\"" +
+               Place(height) + "\" fill=\"" + Fill(colour) + "\"/>\n";
     }
 
     void Polyline(const Chart_Line& line)
@@ -99,7 +109,8 @@ private:
         Stroke(X(Source.X.Low), Y(0), X(Source.X.High), Y(0));
         const double below = Y(Size * X_Label_Below) + Line * 0.8;
         for (const Chart_Tick& tick : Source.X.Ticks) {
-            Stroke(X(tick.At), Y(0), X(tick.At), Y(-Size * std::array{Big_X_Tick, Small_X_Tick, Tiny_X_Tick}[static_cast<std::size_t>(tick.Rank)]));
+            Stroke(X(tick.At), Y(0), X(tick.At),
+                   Y(-Size * std::array{Big_X_Tick, Small_X_Tick, Tiny_X_Tick}[static_cast<std::size_t>(tick.Rank)]));
             Text(X(tick.At), below, "middle", tick.Label);
         }
         Text(X((Source.X.Low + Source.X.High) / 2), below + 1.2 * Line, "middle", Source.X.Title);
@@ -111,7 +122,9 @@ private:
         for (const Chart_Tick& tick : Source.Y.Ticks) {
             first = std::min(first, tick.At);
             last = std::max(last, tick.At);
-            Stroke(X(0), Y(tick.At), X(-Length * std::array{Big_Y_Tick, Small_Y_Tick, Tiny_Y_Tick}[static_cast<std::size_t>(tick.Rank)]), Y(tick.At));
+            Stroke(X(0), Y(tick.At),
+                   X(-Length * std::array{Big_Y_Tick, Small_Y_Tick, Tiny_Y_Tick}[static_cast<std::size_t>(tick.Rank)]),
+                   Y(tick.At));
             Text(X(-Length * Big_Y_Tick) - 4, Y(tick.At) + Line * 0.3, "end", tick.Label);
         }
         Stroke(X(0), Y(first), X(0), Y(last));

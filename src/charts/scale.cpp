@@ -31,7 +31,8 @@ std::vector<Chart_Tick> Ticks_Between(double low, double high, const Axis_Steps&
             const double label = static_cast<double>(i / Tiny_In_Step) * steps.Step;
             ticks.push_back({label - first, Tick_Rank::Big, Axis_Label(label)});
         } else {
-            ticks.push_back({static_cast<double>(i) * steps.Tiny_Tick - first, i % small == 0 ? Tick_Rank::Small : Tick_Rank::Tiny, ""});
+            ticks.push_back({static_cast<double>(i) * steps.Tiny_Tick - first,
+                             i % small == 0 ? Tick_Rank::Small : Tick_Rank::Tiny, ""});
         }
     }
     return ticks;
@@ -52,7 +53,10 @@ Chart_Axis Value_Axis(double low, double high)
 
 Chart_Axis Position_Axis(double length, double first_label)
 {
-    return {.Low = 0, .High = length, .First = first_label, .Ticks = Ticks_Between(0, length, Axis_Step(length), first_label)};
+    return {.Low = 0,
+            .High = length,
+            .First = first_label,
+            .Ticks = Ticks_Between(0, length, Axis_Step(length), first_label)};
 }
 
 double Value_Size(const Chart_Axis& values)

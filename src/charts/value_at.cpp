@@ -35,7 +35,8 @@ std::string Value_Text_At(const Chart& chart, double x)
 {
     for (const Chart_Box& box : chart.Boxes) {
         if (x >= box.Left && x <= box.Right)
-            return (box.Name.empty() ? Position_Text(chart.X.First + (box.Left + box.Right) / 2) : box.Name) + ": " + Short_Number(box.Y);
+            return (box.Name.empty() ? Position_Text(chart.X.First + (box.Left + box.Right) / 2) : box.Name) + ": " +
+                   Short_Number(box.Y);
     }
     if (chart.Lines.empty() || chart.Lines[0].Points.empty() || !chart.Boxes.empty())
         return {};

@@ -9,14 +9,16 @@ namespace orvel {
 namespace {
 
 // Code points of the bytes 0x80 to 0x9F.
-constexpr std::array<char16_t, 32> Upper_Controls = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-                                                     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-                                                     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::array<char16_t, 32> Upper_Controls = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                     0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 struct Letter {
     char Dos, Ansi;
 };
-constexpr std::array<Letter, 3> Letters = {{{'\x83', '\xE2'}, {'\x81', '\xFC'}, {'\xE1', '\xDF'}}}; // a circumflex, u umlaut, sharp s
+constexpr std::array<Letter, 3> Letters = {
+    {{'\x83', '\xE2'}, {'\x81', '\xFC'}, {'\xE1', '\xDF'}}}; // a circumflex, u umlaut, sharp s
 
 char32_t Code_Point(unsigned char byte)
 {
@@ -123,7 +125,8 @@ std::string To_Code_Page(std::string_view utf8)
         return *whole;
     std::string shown;
     while (!utf8.empty()) {
-        const auto next = std::find_if(utf8.begin() + 1, utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
+        const auto next = std::find_if(utf8.begin() + 1, utf8.end(),
+                                       [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
         const auto length = static_cast<std::size_t>(next - utf8.begin());
         shown += From_Utf8(utf8.substr(0, length)).value_or("?");
         utf8.remove_prefix(length);

@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-// Documents and engine files are bytes of Windows-1252; the five bytes without a character stand for the control of the same number,
-// so that every byte survives the way to Unicode and back.
+// Documents and engine files are bytes of Windows-1252; the five bytes without a character stand for the control of the
+// same number, so that every byte survives the way to Unicode and back.
 
 std::string To_Utf8(std::string_view bytes);
 

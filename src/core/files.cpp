@@ -51,7 +51,8 @@ std::vector<std::string> List(const fs::path& directory, std::string_view mask, 
 {
     std::vector<std::string> names;
     std::error_code error;
-    for (fs::directory_iterator entry(directory, fs::directory_options::skip_permission_denied, error), end; !error && entry != end; entry.increment(error)) {
+    for (fs::directory_iterator entry(directory, fs::directory_options::skip_permission_denied, error), end;
+         !error && entry != end; entry.increment(error)) {
         std::error_code ignored;
         if (entry->is_directory(ignored) != directories)
             continue;
@@ -81,7 +82,8 @@ void Write_Whole_As(const fs::path& file, std::string_view bytes, mode_t mode)
     Descriptor opened(::mkostemp(beside.data(), O_CLOEXEC));
     if (!opened)
         Fail("Cannot write", file, errno);
-    const bool written = Write_All(opened.Get(), bytes) && ::fchmod(opened.Get(), mode) == 0 && ::fsync(opened.Get()) == 0;
+    const bool written =
+        Write_All(opened.Get(), bytes) && ::fchmod(opened.Get(), mode) == 0 && ::fsync(opened.Get()) == 0;
     if (!written || opened.Close() != 0 || ::rename(beside.c_str(), file.c_str()) != 0) {
         const int error = errno;
         ::unlink(beside.c_str());

@@ -14,18 +14,21 @@ namespace orvel {
 // No document comes near this size; a larger file is none.
 constexpr std::size_t Largest_Document = 64U << 20U;
 
-// The path of a name in the bytes of Windows-1252, in the system's own encoding, and back; nothing where the code page lacks a character.
+// The path of a name in the bytes of Windows-1252, in the system's own encoding, and back; nothing where the code page
+// lacks a character.
 std::filesystem::path Path_Of(std::string_view name);
 std::optional<std::string> Name_Of(const std::filesystem::path& path);
 
-// The entry of a directory whose name equals `name` without regard to case: the exact name if it is there, else the first in order.
-std::optional<std::filesystem::path> Find_File(const std::filesystem::path& directory, const std::filesystem::path& name);
+// The entry of a directory whose name equals `name` without regard to case: the exact name if it is there, else the
+// first in order.
+std::optional<std::filesystem::path> Find_File(const std::filesystem::path& directory,
+                                               const std::filesystem::path& name);
 
 // The same, or `directory / name` where nothing is found: the path to complain about, or to create.
 std::filesystem::path Found_Or_New(const std::filesystem::path& directory, const std::filesystem::path& name);
 
-// The names of the files (or of the directories) that match a mask with * and ?, sorted; neither looks at the case of A to Z.
-// An unreadable directory gives none.
+// The names of the files (or of the directories) that match a mask with * and ?, sorted; neither looks at the case of A
+// to Z. An unreadable directory gives none.
 std::vector<std::string> List_Files(const std::filesystem::path& directory, std::string_view mask);
 std::vector<std::string> List_Directories(const std::filesystem::path& directory, std::string_view mask);
 bool Matches(std::string_view name, std::string_view mask);
@@ -39,8 +42,9 @@ std::string Read_If_There(const std::filesystem::path& directory, const std::fil
 // All bytes to a file descriptor at its present place; false if the system refuses.
 bool Write_All(int descriptor, std::string_view bytes);
 
-// Writes a file whole: beside the target, flushed to disk, then renamed over it, the target's mode kept. A target without write permission
-// bits is refused, for root too. Throws File_Error; then the old file is as it was and nothing is left beside it.
+// Writes a file whole: beside the target, flushed to disk, then renamed over it, the target's mode kept. A target
+// without write permission bits is refused, for root too. Throws File_Error; then the old file is as it was and nothing
+// is left beside it.
 void Write_Whole(const std::filesystem::path& file, std::string_view bytes);
 
 // Copies a file whole in the same manner, its permission bits with it but always writable for its owner.

@@ -11,8 +11,8 @@
 
 namespace orvel {
 
-// Writes JSON in UTF-8 from texts in the bytes of Windows-1252. Numbers have the general form. Members of an object stand on lines of their
-// own, and so do objects and arrays in an array; single values in an array share a line.
+// Writes JSON in UTF-8 from texts in the bytes of Windows-1252. Numbers have the general form. Members of an object
+// stand on lines of their own, and so do objects and arrays in an array; single values in an array share a line.
 class Json_Writer {
 public:
     void Value(std::string_view text);
@@ -21,7 +21,10 @@ public:
     void Value(const Variant& value); // a number, or the text that was typed
     void Value(std::same_as<bool> auto value) { Scalar(value ? "true" : "false"); }
     template <class Number>
-    requires std::is_arithmetic_v<Number> &&(!std::same_as<Number, bool>)void Value(Number number) { Scalar(General_Text(static_cast<double>(number))); }
+    requires std::is_arithmetic_v<Number> &&(!std::same_as<Number, bool>)void Value(Number number)
+    {
+        Scalar(General_Text(static_cast<double>(number)));
+    }
     void Null() { Scalar("null"); }
 
     void Key(std::string_view key);

@@ -32,10 +32,12 @@ constexpr std::array<Location, 15> Locations = {{
 // The long name of a location code, empty for any other text. The case counts.
 std::string Location_Name(std::string_view code);
 
-// What stands between the first "(" and the first ")" behind it: the reverse of Location_Name. Empty where one is missing.
+// What stands between the first "(" and the first ")" behind it: the reverse of Location_Name. Empty where one is
+// missing.
 std::string Bracket_Text(std::string_view text);
 
-// Blanks as "_-_" and commas as "--", for the names of run directories. A name that truly holds "--" does not survive the way back.
+// Blanks as "_-_" and commas as "--", for the names of run directories. A name that truly holds "--" does not survive
+// the way back.
 std::string Name_Encode(std::string_view text);
 std::string Name_Decode(std::string_view text);
 

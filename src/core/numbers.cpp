@@ -24,7 +24,8 @@ bool Is_Digit(char c)
     return c >= '0' && c <= '9';
 }
 
-// A value's significant decimal digits without trailing zeros, and the power of ten of the first one. Zero has the one digit "0".
+// A value's significant decimal digits without trailing zeros, and the power of ten of the first one. Zero has the one
+// digit "0".
 struct Decimal {
     bool Negative = false;
     std::string Digits = "0";
@@ -41,8 +42,8 @@ struct Fifteen_Digits {
     int Exponent;
 };
 
-// Those of a value from 1 to below 1E15 by whole numbers: exact, halves to even, and several times faster than the library's way, which is made for
-// any count of digits.
+// Those of a value from 1 to below 1E15 by whole numbers: exact, halves to even, and several times faster than the
+// library's way, which is made for any count of digits.
 Fifteen_Digits Digits_Of_Whole(double value)
 {
     __extension__ using Wide = unsigned __int128;
@@ -71,7 +72,8 @@ Decimal Decimal_Of_Whole(double value)
     return {false, std::to_string(digits), exponent};
 }
 
-// The general form of a value by the short way, where there is one: from 1 to below 1E15, and below 1 where its shortest digits end in time.
+// The general form of a value by the short way, where there is one: from 1 to below 1E15, and below 1 where its
+// shortest digits end in time.
 std::optional<std::string> Short_Way(double size)
 {
     char text[32];
@@ -104,7 +106,9 @@ Decimal Decimal_Of_Any(double value)
     // The shortest digits that name the value are its fifteen ones where they are no more.
     auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific).ptr;
     if (std::find(buffer, end, 'e') - buffer > Significant_Digits + 1)
-        end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, Significant_Digits - 1).ptr;
+        end =
+            std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, Significant_Digits - 1)
+                .ptr;
     const std::string_view text(buffer, static_cast<std::size_t>(end - buffer));
     const auto e = text.find('e');
     Decimal decimal{false, std::string(1, text[0]), 0};
@@ -155,7 +159,8 @@ std::string Fixed(const Decimal& decimal, int whole_digits, int decimals)
     const int whole = std::max(decimal.Exponent + 1, whole_digits);
     std::string text(static_cast<std::size_t>(whole + (decimals > 0 ? 1 + decimals : 0)), '0');
     const std::string_view digits = decimal.Digits;
-    const auto first = static_cast<std::size_t>(whole - 1 - decimal.Exponent); // place of the first digit, were there no point
+    const auto first =
+        static_cast<std::size_t>(whole - 1 - decimal.Exponent); // place of the first digit, were there no point
     const auto before_point = std::min(static_cast<std::size_t>(std::max(decimal.Exponent + 1, 0)), digits.size());
     if (before_point > 0)
         digits.copy(text.data() + first, before_point);
@@ -227,10 +232,12 @@ double Val(std::string_view text)
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // The sign of an exponent tells an overflow from an underflow; a number without one is tiny only if it begins with the point.
+        // The sign of an exponent tells an overflow from an underflow; a number without one is tiny only if it begins
+        // with the point.
         const std::string_view number(text.data(), static_cast<std::size_t>(result.ptr - text.data()));
         const auto e = number.find_first_of("eE");
-        const bool tiny = e != std::string_view::npos ? number[e + 1] == '-' : number.find_first_not_of('0') == number.find('.');
+        const bool tiny =
+            e != std::string_view::npos ? number[e + 1] == '-' : number.find_first_not_of('0') == number.find('.');
         value = tiny ? 0 : std::numeric_limits<double>::max();
     }
     return negative && value != 0 ? -value : value;

@@ -12,15 +12,16 @@ namespace orvel {
 // a number beyond the range of a double gives the largest one.
 double Val(std::string_view text);
 
-// The general form: at most 15 significant digits, fixed as long as that needs at most 15 decimals and at most 15 digits
-// before the point, else like 1.5E-16. No blanks around it. Throws std::domain_error for a value that is not finite.
+// The general form: at most 15 significant digits, fixed as long as that needs at most 15 decimals and at most 15
+// digits before the point, else like 1.5E-16. No blanks around it. Throws std::domain_error for a value that is not
+// finite.
 std::string General_Text(double value);
 
 // The print form: the general form with a leading blank (a minus sign if negative) and a trailing blank.
 std::string Print_Form(double value);
 
-// The value in a pattern of leading blanks, zeros, a point and zeros, with or without "E+00": "000", "    0.0", "0.00E+00".
-// Rounds the 15 significant decimal digits of the value, halves away from zero.
+// The value in a pattern of leading blanks, zeros, a point and zeros, with or without "E+00": "000", "    0.0",
+// "0.00E+00". Rounds the 15 significant decimal digits of the value, halves away from zero.
 std::string Format_Pattern(double value, std::string_view pattern);
 
 // The fixed scheme for numbers in files. Kind "I" is the general form, any other letter goes by the size of the value.

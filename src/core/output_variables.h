@@ -5,8 +5,9 @@
 
 namespace orvel {
 
-// A time series that the engine can write: its code, its name, the unit of the daily rate and of the summed amount (for a state both
-// are the same), and the eight characters of its scale in the run control file. Texts are bytes of Windows-1252.
+// A time series that the engine can write: its code, its name, the unit of the daily rate and of the summed amount (for
+// a state both are the same), and the eight characters of its scale in the run control file. Texts are bytes of
+// Windows-1252.
 struct Output_Variable {
     std::string_view Out_Code, Out_Label;
     std::array<std::string_view, 2> Out_Unit;

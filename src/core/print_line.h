@@ -7,7 +7,8 @@
 
 namespace orvel {
 
-// Builds the lines of a text file as a print statement does: items one behind the other, blanks, columns and print zones.
+// Builds the lines of a text file as a print statement does: items one behind the other, blanks, columns and print
+// zones.
 class Print_Line {
 public:
     Print_Line& Text(std::string_view text);

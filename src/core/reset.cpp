@@ -10,7 +10,13 @@ constexpr double No_Dissociation = 20;  // pKa
 
 Degradation_Row Default_Degradation()
 {
-    return {.Deg_Rate = 0, .Deg_Temp = 20, .Deg_Q10 = 2.58, .Deg_Moist_Abs = 0, .Deg_Moist_Rel = 100, .Deg_Moist_Exp = 0.7, .Deg_Neq = 0};
+    return {.Deg_Rate = 0,
+            .Deg_Temp = 20,
+            .Deg_Q10 = 2.58,
+            .Deg_Moist_Abs = 0,
+            .Deg_Moist_Rel = 100,
+            .Deg_Moist_Exp = 0.7,
+            .Deg_Neq = 0};
 }
 
 void Reset_Substance(Pesticide_Document& document, int i)
@@ -112,7 +118,8 @@ void Reset_SZE(Scenario_Document& document)
 
 void Clear_Climate(Climate_Table& table, int rows)
 {
-    table.Rows.assign(static_cast<std::size_t>(rows), {.Cli_Day = "00", .Cli_Month = "00", .Cli_Year = "00", .Cli_Rel_Hum = 100});
+    table.Rows.assign(static_cast<std::size_t>(rows),
+                      {.Cli_Day = "00", .Cli_Month = "00", .Cli_Year = "00", .Cli_Rel_Hum = 100});
 }
 
 } // namespace orvel

@@ -11,13 +11,13 @@
 
 namespace orvel {
 
-// The records that all rules and forms share. Names of fields are those of the file formats' documentation; array bounds are inclusive
-// as the comments give them, and index 0 of a substance is not in use.
+// The records that all rules and forms share. Names of fields are those of the file formats' documentation; array
+// bounds are inclusive as the comments give them, and index 0 of a substance is not in use.
 
-constexpr int Substances = 9;           // 1 active substance, 2 to 5 metabolites A1 to D1, 6 to 9 A2 to D2
-constexpr int Last_Location = 9;        // location blocks 0 to 9; 0 is " User specific"
-constexpr int Last_Application = 521;   // application slots 0 to 521
-constexpr int Degradation_Rows = 5;     // rows 1 to 5 for the active substance, to 4 for i = 2 to 5, to 2 for i = 6 to 9
+constexpr int Substances = 9;         // 1 active substance, 2 to 5 metabolites A1 to D1, 6 to 9 A2 to D2
+constexpr int Last_Location = 9;      // location blocks 0 to 9; 0 is " User specific"
+constexpr int Last_Application = 521; // application slots 0 to 521
+constexpr int Degradation_Rows = 5;   // rows 1 to 5 for the active substance, to 4 for i = 2 to 5, to 2 for i = 6 to 9
 constexpr int Last_Transformation = 29; // arrows 1 to 29; 18, 20 and 28 are reserved
 constexpr int App_Mode_Relative = 9;    // App_Mode of dates relative to a crop stage
 constexpr int Last_Slot = 19;           // output slots 0 to 19
@@ -86,12 +86,14 @@ struct Pesticide_Document {
     bool PSM_Legacy_Volat = false; // the file read had the older form with one value line
 
     // Degradation
-    Per_Substance<std::array<Degradation_Row, Degradation_Rows + 2>> Degradation; // [substance][row 1 to 5]; row 0 and 6 are spare
-    std::array<double, 11> Photo_Rate{}, Photo_I_Ref{};                           // 1 to 5 in the file
-    Per_Substance<std::uint8_t> Deg_Depth_Mode{}, Deg_Liquid_Only{};              // 0 factors, 1 constant, 2 individual
+    Per_Substance<std::array<Degradation_Row, Degradation_Rows + 2>>
+        Degradation;                                                 // [substance][row 1 to 5]; row 0 and 6 are spare
+    std::array<double, 11> Photo_Rate{}, Photo_I_Ref{};              // 1 to 5 in the file
+    Per_Substance<std::uint8_t> Deg_Depth_Mode{}, Deg_Liquid_Only{}; // 0 factors, 1 constant, 2 individual
 
     // Sorption
-    Per_Substance<Variant> Molmass, Koc, Koc2, Fr_Exp, Sorp_pH, Sorp_pH2, Sorp_pKa, Freundl_Limit, Kd_Flag, Plant_Uptake;
+    Per_Substance<Variant> Molmass, Koc, Koc2, Fr_Exp, Sorp_pH, Sorp_pH2, Sorp_pKa, Freundl_Limit, Kd_Flag,
+        Plant_Uptake;
     Per_Substance<double> Ann_Incr{}, K_doc{}, Koc_Change{}, F_neq{}, K_des{};
 
     Variant N_Horizons;
@@ -222,7 +224,8 @@ struct Run_Settings {
     std::uint8_t Till_Depth = 0;
 
     // The batch
-    std::vector<std::string> Job_Dir; // run directories of the pending batch, below the mode directory; Job_Count is their number
+    std::vector<std::string>
+        Job_Dir; // run directories of the pending batch, below the mode directory; Job_Count is their number
     bool Run_Pending_Flag = false;
 
     Simulation_Choice Last_Simulation; // chosen last on a run form, in the result browser or in the list of simulations
@@ -254,12 +257,14 @@ struct Session {
 };
 
 // English names of the months, 1 to 12, whatever the system's language is.
-constexpr std::array<std::string_view, 13> Month_Name = {"",     "January", "February",  "March",   "April",    "May",     "June",
-                                                         "July", "August",  "September", "October", "November", "December"};
+constexpr std::array<std::string_view, 13> Month_Name = {"",        "January",  "February", "March",  "April",
+                                                         "May",     "June",     "July",     "August", "September",
+                                                         "October", "November", "December"};
 
 // The crop stages that a relative application can refer to.
-constexpr std::array<std::string_view, 6> Crop_Event_Label = {"1st emergence in the year", "1st maturation in the year", "1st harvest in the year",
-                                                              "2nd emergence in the year", "2nd maturation in the year", "2nd harvest in the year"};
+constexpr std::array<std::string_view, 6> Crop_Event_Label = {
+    "1st emergence in the year", "1st maturation in the year", "1st harvest in the year",
+    "2nd emergence in the year", "2nd maturation in the year", "2nd harvest in the year"};
 
 // The names of the nine substances in a new document, 1 to 9.
 constexpr std::array<std::string_view, Substances + 1> Default_Substance_Name = {"",
@@ -273,7 +278,8 @@ constexpr std::array<std::string_view, Substances + 1> Default_Substance_Name = 
                                                                                  "Metabolite C2",
                                                                                  "Metabolite D2"};
 
-// Puts a document to its defaults. What they do not name stays: the counts of a pesticide document's pattern live in the run settings.
+// Puts a document to its defaults. What they do not name stays: the counts of a pesticide document's pattern live in
+// the run settings.
 void Reset_PSM(Pesticide_Document& document);
 void Reset_SZE(Scenario_Document& document);
 

@@ -61,14 +61,16 @@ std::string Replace_All(std::string text, std::string_view what, std::string_vie
 std::string Upper(std::string_view text)
 {
     std::string result(text);
-    std::ranges::transform(result, result.begin(), [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    std::ranges::transform(result, result.begin(),
+                           [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
     return result;
 }
 
 std::string Lower(std::string_view text)
 {
     std::string result(text);
-    std::ranges::transform(result, result.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    std::ranges::transform(result, result.begin(),
+                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     return result;
 }
 

@@ -17,7 +17,8 @@ std::string_view Trim(std::string_view text);
 // `width` characters from the 1-based column `first` on; less, or nothing, where the line ends before.
 std::string_view Columns(std::string_view line, std::size_t first, std::size_t width = std::string_view::npos);
 
-// The first word of the line with the blank behind it; the line keeps the rest, that blank included. A tab does not separate.
+// The first word of the line with the blank behind it; the line keeps the rest, that blank included. A tab does not
+// separate.
 std::string Next_Token(std::string& line);
 std::string_view Next_Token(std::string_view& line);
 

@@ -21,8 +21,8 @@ public:
 
     bool Is_Text() const { return Holds_Text; }
     double Number() const { return Value; } // the number, or Val of the text
-    std::string Print() const;              // the print form of a number; a text as it was typed, without blanks around it
-    std::string Text() const;               // the general form of a number; a text as it was typed
+    std::string Print() const; // the print form of a number; a text as it was typed, without blanks around it
+    std::string Text() const;  // the general form of a number; a text as it was typed
 
     bool operator==(const Variant&) const = default;
 

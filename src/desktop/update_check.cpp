@@ -42,7 +42,8 @@ Message Evaluate_Update_Page(std::string_view page)
     if (offered > own)
         return {"Update available!", "There is a new version of the software available.\r\n", Icon::Information};
     if (offered < own)
-        return {std::string(Unofficial_Title), "You are using an unofficial version of the software.\r\n", Icon::Information};
+        return {std::string(Unofficial_Title), "You are using an unofficial version of the software.\r\n",
+                Icon::Information};
     return {std::string(Unofficial_Title), "You have the latest version of the software.", Icon::Information};
 }
 

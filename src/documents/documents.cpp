@@ -21,7 +21,8 @@ bool Open_Pesticide(Session& session, const fs::path& file)
     const bool read = Read_PSM(session, file);
     session.Run.App_Current_Location = 0;
     if (session.Run.App_Pattern > 0)
-        session.Run.App_Per_Year[0] = To_I16(session.Pesticide.App_Count[0].Number() / Cycles_Of_Pattern(session.Run.App_Pattern));
+        session.Run.App_Per_Year[0] =
+            To_I16(session.Pesticide.App_Count[0].Number() / Cycles_Of_Pattern(session.Run.App_Pattern));
     if (read)
         Update_Pathway(session.Pesticide);
     return read;
@@ -49,7 +50,8 @@ bool Convert_Document(Session& session, const fs::path& from, const fs::path& to
         return false;
     const auto kind = *Kind_Of(from);
     if (Kind_Of(to) != kind) {
-        session.Ask({std::string(Saving_Input_File), Shown_Name(to) + " does not have the ending of " + Shown_Name(from) + "."});
+        session.Ask({std::string(Saving_Input_File),
+                     Shown_Name(to) + " does not have the ending of " + Shown_Name(from) + "."});
         return false;
     }
     if (kind == Document_Kind::Climate)

@@ -9,12 +9,13 @@
 
 namespace orvel {
 
-// Reads a document into the session as the open dialog does: PSM_File is the name, and a pesticide document's pathway is derived.
-// False: it failed, and the user has been told.
+// Reads a document into the session as the open dialog does: PSM_File is the name, and a pesticide document's pathway
+// is derived. False: it failed, and the user has been told.
 bool Open_Document(Session& session, const std::filesystem::path& file);
 
-// Opens a file and saves it under another name of the same kind, with no edit in between: a climate file's numbers go the way through the grid.
-// A field that is lost is told and the file written all the same. False: it failed, and the user has been told.
+// Opens a file and saves it under another name of the same kind, with no edit in between: a climate file's numbers go
+// the way through the grid. A field that is lost is told and the file written all the same. False: it failed, and the
+// user has been told.
 bool Convert_Document(Session& session, const std::filesystem::path& from, const std::filesystem::path& to);
 
 // The document in a file as JSON; nothing: it failed, and the user has been told.

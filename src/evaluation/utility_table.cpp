@@ -1,12 +1,12 @@
 #include "evaluation/utility_table.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/system/lock.h"
 #include "core/text.h"
+#include "jobs/engine_start.h"
 #include "output/line_scanner.h"
 #include "ui/shown_file.h"
-#include "jobs/engine_start.h"
-#include "core/code_page.h"
 
 #include <array>
 
@@ -16,8 +16,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array<Utility_Names, 3> Names = {
-    {{"wyear.exe", "wyear.bat", "year.orv"}, {"wmonth.exe", "wmonth.bat", "month.orv"}, {"wday.exe", "wday.bat", "day.orv"}}};
+constexpr std::array<Utility_Names, 3> Names = {{{"wyear.exe", "wyear.bat", "year.orv"},
+                                                 {"wmonth.exe", "wmonth.bat", "month.orv"},
+                                                 {"wday.exe", "wday.bat", "day.orv"}}};
 constexpr std::string_view Title = "Output tables";
 
 std::string Quoted(std::string_view text)
@@ -52,7 +53,8 @@ const Utility_Names& Names_Of(Utility utility)
 std::string Format_Utility_Batch(Utility utility, const fs::path& directory, const fs::path& app_path)
 {
     const std::string place = Path_Text(directory);
-    std::string text = "copy  " + Quoted(place + "\\plot.orv") + " " + Quoted(place + "\\" + std::string(Series_Copy)) + "\r\n";
+    std::string text =
+        "copy  " + Quoted(place + "\\plot.orv") + " " + Quoted(place + "\\" + std::string(Series_Copy)) + "\r\n";
     text += "\r\n"; // the drive's letter
     text += "CD " + Quoted(place) + "\r\n";
     text += Quoted(Path_Text(app_path) + "\\" + std::string(Names_Of(utility).Program)) + "\r\n";
@@ -61,7 +63,8 @@ std::string Format_Utility_Batch(Utility utility, const fs::path& directory, con
 
 bool Is_Of_A_Batch(const fs::path& directory)
 {
-    const fs::path place = fs::absolute(directory / "").lexically_normal().parent_path(); // with its name, also where it was given as "."
+    const fs::path place =
+        fs::absolute(directory / "").lexically_normal().parent_path(); // with its name, also where it was given as "."
     return Matches(place.filename().string(), "*.run");
 }
 
@@ -79,13 +82,16 @@ std::optional<int> Start_Utility(const Session& session, Utility utility, const 
 try {
     const Utility_Names& names = Names_Of(utility);
     if (Is_Of_A_Batch(directory))
-        return Tell(session, "These tables are those of a single run. For a simulation of a batch, please use the form \"Evaluation of Simulation\".");
+        return Tell(session, "These tables are those of a single run. For a simulation of a batch, please use the form "
+                             "\"Evaluation of Simulation\".");
     const auto program = Find_File(session.Program.App_Path, names.Program);
     if (!program)
-        return Tell(session, "The program " + std::string(names.Program) + " is missing in the installation directory.");
+        return Tell(session,
+                    "The program " + std::string(names.Program) + " is missing in the installation directory.");
     if (Is_Locked(directory) || Is_Locked(Found_Or_New(directory, "echo.orv")))
         return Tell(session, "The simulation is still at work.");
-    Write_Whole(Found_Or_New(session.Program.App_Path, names.Batch), Format_Utility_Batch(utility, directory, session.Program.App_Path));
+    Write_Whole(Found_Or_New(session.Program.App_Path, names.Batch),
+                Format_Utility_Batch(utility, directory, session.Program.App_Path));
     if (const auto old = Find_File(directory, names.Output))
         fs::remove(*old);
     Write_Whole(Found_Or_New(directory, Series_Copy), First_Lines(Found_Or_New(directory, "plot.orv")));

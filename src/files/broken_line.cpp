@@ -6,7 +6,8 @@ namespace orvel {
 
 Message Broken_Line_Told(const std::string& field)
 {
-    return {std::string(Saving_Input_File), "\"" + field + "\" is too long for its column, or empty: the file cannot be read back as it is."};
+    return {std::string(Saving_Input_File),
+            "\"" + field + "\" is too long for its column, or empty: the file cannot be read back as it is."};
 }
 
 Message Broken_Line_Question(const std::string& field)

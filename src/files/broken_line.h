@@ -7,9 +7,10 @@
 
 namespace orvel {
 
-// A value too wide for its column breaks its line, and the file cannot be read back. Each function prints the document, reads the text again
-// and gives the name of the first field that is lost; nothing where all comes back but for what the layout itself changes (digits
-// beyond those printed, blanks around a text, what no line holds). A document that cannot be printed at all counts as broken.
+// A value too wide for its column breaks its line, and the file cannot be read back. Each function prints the document,
+// reads the text again and gives the name of the first field that is lost; nothing where all comes back but for what
+// the layout itself changes (digits beyond those printed, blanks around a text, what no line holds). A document that
+// cannot be printed at all counts as broken.
 std::optional<std::string> Broken_By_Layout(const Pesticide_Document& document);
 std::optional<std::string> Broken_By_Layout(const Scenario_Document& document);
 std::optional<std::string> Broken_By_Layout(const Climate_Table& table);

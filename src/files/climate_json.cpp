@@ -30,7 +30,8 @@ std::string Json_Of(const Climate_Table& table)
     out.Object([&] {
         out.Member("Cli_Title", table.Cli_Title);
         out.Member("Cli_Rows", table.Rows.size());
-        Rows_In_Use(out, "Rows", table.Rows, 0, static_cast<double>(table.Rows.size()), [&](const auto& row) { Write(out, row); });
+        Rows_In_Use(out, "Rows", table.Rows, 0, static_cast<double>(table.Rows.size()),
+                    [&](const auto& row) { Write(out, row); });
     });
     return out.Written();
 }

@@ -10,7 +10,8 @@ namespace orvel {
 namespace {
 
 constexpr std::string_view Not_A_Document = " is not a ORVEL 4.01 PSM file";
-constexpr std::string_view Read_Protected = "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes.";
+constexpr std::string_view Read_Protected =
+    "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes.";
 
 // A reason names paths in the system's encoding.
 std::string Error_Text(const File_Error& error)

@@ -13,7 +13,8 @@ namespace orvel {
 constexpr std::string_view Readin_Check = "Readin check";
 constexpr std::string_view Saving_Input_File = "Saving Input File";
 
-// A file that cannot be read as a pesticide or scenario document: the scenario reader deliberately shares the text. Sets PSM_Read_OK to false.
+// A file that cannot be read as a pesticide or scenario document: the scenario reader deliberately shares the text.
+// Sets PSM_Read_OK to false.
 void Refuse_Document(Session& session);
 
 // A climate file that cannot be read.

@@ -5,7 +5,8 @@
 namespace orvel {
 
 // As many elements as a count says, from `first` on; null for those before.
-template <class Rows, class Body> void Rows_In_Use(Json_Writer& out, std::string_view key, const Rows& rows, std::size_t first, double last, Body body)
+template <class Rows, class Body>
+void Rows_In_Use(Json_Writer& out, std::string_view key, const Rows& rows, std::size_t first, double last, Body body)
 {
     out.Key(key);
     out.Array([&] {

@@ -14,8 +14,8 @@ namespace orvel {
 // The name of what is lost where a text cannot be read again although all fields that came back are right.
 constexpr std::string_view Unreadable = "A count or the end of the file";
 
-// Lists the fields of lines as they must come out of a file again: texts, and numbers to the digits that the file keeps. Prints the lines
-// as it goes, to see which field overruns the column behind it.
+// Lists the fields of lines as they must come out of a file again: texts, and numbers to the digits that the file
+// keeps. Prints the lines as it goes, to see which field overruns the column behind it.
 class Line_Fields {
 public:
     // What the fields that follow belong to; empty for the document itself.
@@ -77,10 +77,13 @@ public:
     }
     void End() { Out.End(); }
 
-    // The name of the first field that is lost in the other list, or of the one before it that is too wide for its column and so made it.
+    // The name of the first field that is lost in the other list, or of the one before it that is too wide for its
+    // column and so made it.
     std::optional<std::string> First_Not_In(const Line_Fields& other) const
     {
-        const auto lost = std::ranges::mismatch(List, other.List, [](const Kept& a, const Kept& b) { return a.Name == b.Name && a.Text == b.Text; }).in1;
+        const auto lost = std::ranges::mismatch(List, other.List, [](const Kept& a, const Kept& b) {
+                              return a.Name == b.Name && a.Text == b.Text;
+                          }).in1;
         if (lost == List.end())
             return std::nullopt;
         const auto wide = std::find_if(List.begin(), lost, [](const Kept& kept) { return kept.Too_Wide; });
@@ -102,7 +105,10 @@ private:
     }
 
     // What the user means by a text: a comma is a point, which the reader would not know.
-    static double Meant(const Variant& value) { return value.Is_Text() ? Val(Comma_To_Point(value.Text())) : value.Number(); }
+    static double Meant(const Variant& value)
+    {
+        return value.Is_Text() ? Val(Comma_To_Point(value.Text())) : value.Number();
+    }
 
     std::string Full_Name(const Kept& kept) const
     {

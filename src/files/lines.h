@@ -13,17 +13,18 @@
 
 namespace orvel {
 
-// Field is a value in print form, Value_Of a field that prints as a number whatever it holds, Scientific a number in scientific text, Pattern
-// one in a format pattern, Words a text without blanks, Whole
-// a flag that reads as 0 where the file has a fraction, Tag a fixed word that stands where a field could.
+// Field is a value in print form, Value_Of a field that prints as a number whatever it holds, Scientific a number in
+// scientific text, Pattern one in a format pattern, Words a text without blanks, Whole a flag that reads as 0 where the
+// file has a fraction, Tag a fixed word that stands where a field could.
 //
-// The layout of a line is one function template over these: Line_In reads a line's fields by it, Line_Out prints them, and Line_Fields
-// (line_fields.h) lists them. Every field carries the name that a user knows it by.
+// The layout of a line is one function template over these: Line_In reads a line's fields by it, Line_Out prints them,
+// and Line_Fields (line_fields.h) lists them. Every field carries the name that a user knows it by.
 
 // Numbers in the scientific text of a file have this width.
 constexpr int Scientific_Width = 10;
 
-// Takes the fields of a line word by word; one that is missing is 0. Columns, blanks and fixed texts do not matter to it.
+// Takes the fields of a line word by word; one that is missing is 0. Columns, blanks and fixed texts do not matter to
+// it.
 class Line_In {
 public:
     explicit Line_In(std::string_view line) : Rest(line) {}
@@ -38,7 +39,10 @@ public:
         return *this;
     }
     template <class Value> Line_In& Scientific(Value& value, std::string_view name) { return Field(value, name); }
-    template <class Value> Line_In& Pattern(Value& value, std::string_view, std::string_view name) { return Field(value, name); }
+    template <class Value> Line_In& Pattern(Value& value, std::string_view, std::string_view name)
+    {
+        return Field(value, name);
+    }
     template <class Value> Line_In& Value_Of(Value& value, std::string_view name) { return Field(value, name); }
     Line_In& Words(Variant& value, std::string_view)
     {
@@ -86,9 +90,18 @@ public:
         return *this;
     }
     Line_Out& Scientific(double value, std::string_view) { return Text(Number_Text('E', value, Scientific_Width)); }
-    Line_Out& Scientific(const Variant& value, std::string_view) { return Text(Number_Text('E', value, Scientific_Width)); }
-    Line_Out& Pattern(double value, std::string_view pattern, std::string_view) { return Text(Format_Pattern(value, pattern)); }
-    Line_Out& Pattern(const Variant& value, std::string_view pattern, std::string_view name) { return Pattern(value.Number(), pattern, name); }
+    Line_Out& Scientific(const Variant& value, std::string_view)
+    {
+        return Text(Number_Text('E', value, Scientific_Width));
+    }
+    Line_Out& Pattern(double value, std::string_view pattern, std::string_view)
+    {
+        return Text(Format_Pattern(value, pattern));
+    }
+    Line_Out& Pattern(const Variant& value, std::string_view pattern, std::string_view name)
+    {
+        return Pattern(value.Number(), pattern, name);
+    }
 
     Line_Out& Value_Of(const Variant& value, std::string_view name) { return Field(value.Number(), name); }
     Line_Out& Words(const Variant& value, std::string_view) { return Text(value.Print()); }
@@ -132,7 +145,8 @@ private:
 inline int Checked_Count(double count, int most, std::string_view of_what)
 {
     if (!(count >= 0 && count <= most))
-        throw File_Error("The number of " + std::string(of_what) + " is not between 0 and " + std::to_string(most) + ".");
+        throw File_Error("The number of " + std::string(of_what) + " is not between 0 and " + std::to_string(most) +
+                         ".");
     return static_cast<int>(count);
 }
 

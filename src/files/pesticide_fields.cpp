@@ -29,7 +29,9 @@ public:
 
     Line_Fields List()
     {
-        Fields.Words(Document.PSM_Title, "Title").Words(Document.Substance_Name[1], "Name of the active substance").End();
+        Fields.Words(Document.PSM_Title, "Title")
+            .Words(Document.Substance_Name[1], "Name of the active substance")
+            .End();
         Horizon_Count_Line(Fields, Document);
         Fields.End();
         List_Applications();
@@ -97,13 +99,17 @@ private:
             Fields.End();
         }
         Fields.About(substance);
-        Fields.Field(Individual_Depth_Modes * Document.Deg_Liquid_Only[s] + Document.Deg_Depth_Mode[s], "Depth mode of degradation").End();
+        Fields
+            .Field(Individual_Depth_Modes * Document.Deg_Liquid_Only[s] + Document.Deg_Depth_Mode[s],
+                   "Depth mode of degradation")
+            .End();
         if (i == 1)
             Photodegradation_Line(Fields, Document);
         Fields.End();
         Sorption_Line(Fields, Document, s);
         Fields.End();
-        for (std::size_t h = 1; h < Document.Horizons.size() && static_cast<double>(h) <= Document.N_Horizons.Number(); ++h) {
+        for (std::size_t h = 1; h < Document.Horizons.size() && static_cast<double>(h) <= Document.N_Horizons.Number();
+             ++h) {
             Fields.About(substance + " in horizon " + std::to_string(h));
             Horizon_Line(Fields, Document.Horizons[h], i);
             Fields.End();

@@ -8,14 +8,15 @@
 
 namespace orvel {
 
-// A pesticide file is a tagged text of fixed line order: head, applications, the active substance, then a section for each metabolite.
+// A pesticide file is a tagged text of fixed line order: head, applications, the active substance, then a section for
+// each metabolite.
 
-// Resets the document and fills it as it goes. Throws File_Error (short file, foreign file, a count outside its range); what was read
-// until then stays in the document. The pathway (Met_Present and the arrows) is not derived here.
+// Resets the document and fills it as it goes. Throws File_Error (short file, foreign file, a count outside its range);
+// what was read until then stays in the document. The pathway (Met_Present and the arrows) is not derived here.
 void Parse_PSM(std::string_view bytes, Pesticide_Document& document);
 
-// The file's bytes. Changes the document where the layout says so: Henry_Flag falls to 0 without a solubility, and a substance whose
-// Sorp_pKa is 20 gets -99 for its second Koc and both pH values.
+// The file's bytes. Changes the document where the layout says so: Henry_Flag falls to 0 without a solubility, and a
+// substance whose Sorp_pKa is 20 gets -99 for its second Koc and both pH values.
 std::string Format_PSM(Pesticide_Document& document);
 
 // Reads into the session and sets PSM_Read_OK; false: it failed, and the user has been told.

@@ -65,7 +65,8 @@ void Write_Applications(Json_Writer& out, const Pesticide_Document& d)
     double longest = 0;
     out.Key("Applications");
     out.Array([&] {
-        for (std::size_t location = 0; location < d.Applications.size() && static_cast<int>(location) < d.App_Loc_Count; ++location) {
+        for (std::size_t location = 0; location < d.Applications.size() && static_cast<int>(location) < d.App_Loc_Count;
+             ++location) {
             const double count = d.App_Count[location].Number();
             longest = std::max(longest, count);
             out.Array([&] {

@@ -120,7 +120,8 @@ private:
         Document.Solubility[1] = 2 * Document.Solubility[0];
         Document.Vap_Press[1] = 4 * Document.Vap_Press[0];
         Document.Hv = Default_Hv;
-        if (!std::isfinite(Document.Henry[1]) || !std::isfinite(Document.Solubility[1]) || !std::isfinite(Document.Vap_Press[1]))
+        if (!std::isfinite(Document.Henry[1]) || !std::isfinite(Document.Solubility[1]) ||
+            !std::isfinite(Document.Vap_Press[1]))
             throw File_Error("A volatilisation value is too large.");
     }
 
@@ -149,7 +150,8 @@ private:
         const int mode = To_I16(Line_In(text).Number());
         const bool liquid_only = mode >= Individual_Depth_Modes;
         const int depth_mode = liquid_only ? mode - Individual_Depth_Modes : mode;
-        Document.Deg_Depth_Mode[i] = static_cast<std::uint8_t>(Checked_Count(depth_mode, std::numeric_limits<std::uint8_t>::max(), "the depth mode"));
+        Document.Deg_Depth_Mode[i] = static_cast<std::uint8_t>(
+            Checked_Count(depth_mode, std::numeric_limits<std::uint8_t>::max(), "the depth mode"));
         Document.Deg_Liquid_Only[i] = liquid_only ? 1 : 0;
         return true;
     }
@@ -200,7 +202,8 @@ private:
     {
         Lines.Skip(1);
         const auto comment = Trim(Lines.Next());
-        const auto found = std::find(Section_Name.begin() + 2, Section_Name.end(), comment.substr(0, Section_Name_Width));
+        const auto found =
+            std::find(Section_Name.begin() + 2, Section_Name.end(), comment.substr(0, Section_Name_Width));
         if (found == Section_Name.end())
             throw File_Error("There is no such metabolite.");
         const auto i = static_cast<std::size_t>(found - Section_Name.begin());

@@ -22,7 +22,8 @@ public:
         Write_Flags_And_Volatilisation();
         Uptake(1);
         Write_Degradation_Of_The_Active_Substance();
-        Sorption(1, "<Koc-value    Fr.exp.Koc  pH          pKa     limit for Freundl.  ann.incr.> <k_doc> <% change> KOC2      pH2 f_neq       kdes>");
+        Sorption(1, "<Koc-value    Fr.exp.Koc  pH          pKa     limit for Freundl.  ann.incr.> <k_doc> <% change> "
+                    "KOC2      pH2 f_neq       kdes>");
         Depth_Dependent(1);
         for (int i = 2; i <= Substances; ++i) {
             if (Document.Met_Present[static_cast<std::size_t>(i)])
@@ -35,7 +36,13 @@ public:
 private:
     void Write_Head()
     {
-        Out.Line("<COMMENT>").Text(Document.PSM_Title).Spc(5).Text("<").Text(Document.Substance_Name[1]).Text(">").End();
+        Out.Line("<COMMENT>")
+            .Text(Document.PSM_Title)
+            .Spc(5)
+            .Text("<")
+            .Text(Document.Substance_Name[1])
+            .Text(">")
+            .End();
         Out.Line("<END COMMENT>").Line("<NUMBER OF SOIL HORIZONS>");
         Horizon_Count_Line(Out, Document);
         Out.End().Line("<END NUMBER OF SOIL HORIZONS>");
@@ -43,7 +50,13 @@ private:
 
     void Write_Applications()
     {
-        Out.Line("<APPLICATION>").Field(Document.App_Loc_Count, {}).Spc(3).Text("0").Spc(3).Field(Document.App_Mode, {}).Spc(3);
+        Out.Line("<APPLICATION>")
+            .Field(Document.App_Loc_Count, {})
+            .Spc(3)
+            .Text("0")
+            .Spc(3)
+            .Field(Document.App_Mode, {})
+            .Spc(3);
         Out.Line("<number of locations absolute app/relative app>");
         const int locations = Checked_Count(Document.App_Loc_Count, Last_Location + 1, "locations");
         for (int location = 0; location < locations; ++location)
@@ -59,7 +72,9 @@ private:
 
     void Write_Location(std::size_t location)
     {
-        Out.Pattern(Document.App_Count[location], "000", {}).Tab(Location_Code_Tab).Text(location == 0 ? "" : Bracket_Text(Document.App_Location[location]));
+        Out.Pattern(Document.App_Count[location], "000", {})
+            .Tab(Location_Code_Tab)
+            .Text(location == 0 ? "" : Bracket_Text(Document.App_Location[location]));
         Out.Spc(3).Line("<number of application location>");
         const int count = Checked_Count(Document.App_Count[location].Number(), Last_Application, "applications");
         for (std::size_t a = 1; a <= static_cast<std::size_t>(count); ++a) {
@@ -103,7 +118,8 @@ private:
 
     void Write_Degradation_Of_The_Active_Substance()
     {
-        Out.Line("<DEGRADATION>").Line("<degrate    degtemp     q10         moist-abs   moist-rel   moist-exp   rel deg neq sites");
+        Out.Line("<DEGRADATION>")
+            .Line("<degrate    degtemp     q10         moist-abs   moist-rel   moist-exp   rel deg neq sites");
         Degradation(1);
         Out.Line(Photodegradation_Tag).Line("<rate 1/n>  <I_Ref W/m\xB2>");
         Photodegradation_Line(Out, Document);
@@ -117,7 +133,9 @@ private:
             Degradation_Line(Out, Document.Degradation[s][j], Target_Label[s][j]);
             Out.End();
         }
-        Out.Field(Individual_Depth_Modes * Document.Deg_Liquid_Only[s] + Document.Deg_Depth_Mode[s], {}).Zone().Text("     <0 = ");
+        Out.Field(Individual_Depth_Modes * Document.Deg_Liquid_Only[s] + Document.Deg_Depth_Mode[s], {})
+            .Zone()
+            .Text("     <0 = ");
         Out.Text(Depth_Mode_Mark).Text(", 1 = constant with depth,2 individual,3 = ").Text(Depth_Mode_Mark);
         Out.Line(", 4 = constant with depth,5 individual, >2 deg in liquid phase only)");
     }
@@ -134,11 +152,14 @@ private:
     void Depth_Dependent(int i)
     {
         const auto& labels = Target_Label[static_cast<std::size_t>(i)];
-        Out.Line("<DEPTH DEPENDENT SORPTION AND TRANSFORMATION VALUES>").Text("<Kd          Fr.exp.     ").Text(labels[1]);
+        Out.Line("<DEPTH DEPENDENT SORPTION AND TRANSFORMATION VALUES>")
+            .Text("<Kd          Fr.exp.     ")
+            .Text(labels[1]);
         for (std::size_t k = 2; k <= static_cast<std::size_t>(Rows_Of_Substance(i)); ++k)
             Out.Spc(3).Text(labels[k]);
         Out.Line(" >");
-        const int count = Checked_Count(Document.N_Horizons.Number(), static_cast<int>(Document.Horizons.size()) - 1, "soil horizons");
+        const int count = Checked_Count(Document.N_Horizons.Number(), static_cast<int>(Document.Horizons.size()) - 1,
+                                        "soil horizons");
         for (int h = 1; h <= count; ++h) {
             Horizon_Line(Out, Document.Horizons[static_cast<std::size_t>(h)], i);
             Out.Text("<horizon").Field(h, {}).Line(">");
@@ -149,16 +170,24 @@ private:
     void Write_Metabolite(int i)
     {
         const auto s = static_cast<std::size_t>(i);
-        Out.Line(Section_Rule).Line("<COMMENT>").Text(Section_Name[s]).Spc(5).Line(Document.Substance_Name[s]).Line("<END COMMENT>").Line("<FLAGS>");
+        Out.Line(Section_Rule)
+            .Line("<COMMENT>")
+            .Text(Section_Name[s])
+            .Spc(5)
+            .Line(Document.Substance_Name[s])
+            .Line("<END COMMENT>")
+            .Line("<FLAGS>");
         Metabolite_Flags_Line(Out, Document, s);
         Out.End().Line("<END FLAGS>").Line("<MOLMASS>");
         Molmass_Line(Out, Document, s);
         Out.End().Line("<END MOLMASS>");
         Uptake(s);
-        Out.Line("<DEGRADATION>").Line("<degrate    degtemp     q10         moist-abs   moist-rel   moist-exp  <rel deg in neq sites>");
+        Out.Line("<DEGRADATION>")
+            .Line("<degrate    degtemp     q10         moist-abs   moist-rel   moist-exp  <rel deg in neq sites>");
         Degradation(i);
         Out.Line("<END DEGRADATION>");
-        Sorption(s, "<Koc-value    Fr.exp.Koc  pH          pKa     limit for Freundl.  ann.incr.> <k_doc> <% change> KOC2      pH2    f_neq       kdes>");
+        Sorption(s, "<Koc-value    Fr.exp.Koc  pH          pKa     limit for Freundl.  ann.incr.> <k_doc> <% change> "
+                    "KOC2      pH2    f_neq       kdes>");
         Depth_Dependent(i);
     }
 

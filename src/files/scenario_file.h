@@ -8,16 +8,19 @@
 
 namespace orvel {
 
-// A scenario file is positional: title, evapotranspiration, erosion, crops, rotation dates, soil horizons, output frequencies.
+// A scenario file is positional: title, evapotranspiration, erosion, crops, rotation dates, soil horizons, output
+// frequencies.
 
-// Fills the document as it goes; the caller resets it first. Throws File_Error; what was read until then stays in the document.
+// Fills the document as it goes; the caller resets it first. Throws File_Error; what was read until then stays in the
+// document.
 void Parse_SZE(std::string_view bytes, Scenario_Document& document);
 
-// The file's bytes. Changes the document where the layout says so: SZE_First_Crop follows the first crop row, and an empty output
-// frequency becomes " DAY".
+// The file's bytes. Changes the document where the layout says so: SZE_First_Crop follows the first crop row, and an
+// empty output frequency becomes " DAY".
 std::string Format_SZE(Scenario_Document& document);
 
-// Resets the scenario document, reads into the session and sets PSM_Read_OK; false: it failed, and the user has been told.
+// Resets the scenario document, reads into the session and sets PSM_Read_OK; false: it failed, and the user has been
+// told.
 bool Read_SZE(Session& session, const std::filesystem::path& file);
 bool Write_SZE(Session& session, const std::filesystem::path& file);
 

@@ -131,9 +131,11 @@ std::string Json_Of(const Scenario_Document& document)
         out.Member("SZE_Title", document.SZE_Title);
         Write_Evapotranspiration(out, document);
         out.Member("SZE_Crop_Count", document.SZE_Crop_Count);
-        Rows_In_Use(out, "Crops", document.Crops, 0, document.SZE_Crop_Count - 1, [&](const auto& row) { Write(out, row); });
+        Rows_In_Use(out, "Crops", document.Crops, 0, document.SZE_Crop_Count - 1,
+                    [&](const auto& row) { Write(out, row); });
         out.Member("SZE_Rot_Count", document.SZE_Rot_Count);
-        Rows_In_Use(out, "Rotation", document.Rotation, 0, document.SZE_Rot_Count - 1, [&](const auto& row) { Write(out, row); });
+        Rows_In_Use(out, "Rotation", document.Rotation, 0, document.SZE_Rot_Count - 1,
+                    [&](const auto& row) { Write(out, row); });
         Write_Soil_And_Output(out, document);
     });
     return out.Written();

@@ -13,15 +13,25 @@ namespace orvel {
 // The marker words at the end of the second line.
 constexpr std::string_view Marker_Extended = "ORVEL401";
 constexpr std::string_view Marker_Tillage = "ORVEL400TILLAGE";
-constexpr std::string_view Marker_Derived_Tillage = "ORVEL400"; // read only; every marker that contains it has extended crop rows and two more dates
+constexpr std::string_view Marker_Derived_Tillage =
+    "ORVEL400"; // read only; every marker that contains it has extended crop rows and two more dates
 
 constexpr std::string_view Daily_Output = " DAY";
 
 template <class Line, class Document> void Evapotranspiration_Line(Line& line, Document& document)
 {
-    line.Field(document.SZE_Kc[0][0], "Kc without crop").Spc(2).Field(document.SZE_Snow_Factor, "Snow melt factor").Spc(2);
-    line.Field(document.SZE_ET_Method, "Evapotranspiration method").Spc(2).Field(document.SZE_ET_Depth, "Depth for evapotranspiration").Spc(2);
-    line.Field(document.SZE_First_Crop, "First crop number").Spc(2).Field(document.SZE_Line2_Flag, "Sixth field of the second line").Spc(2);
+    line.Field(document.SZE_Kc[0][0], "Kc without crop")
+        .Spc(2)
+        .Field(document.SZE_Snow_Factor, "Snow melt factor")
+        .Spc(2);
+    line.Field(document.SZE_ET_Method, "Evapotranspiration method")
+        .Spc(2)
+        .Field(document.SZE_ET_Depth, "Depth for evapotranspiration")
+        .Spc(2);
+    line.Field(document.SZE_First_Crop, "First crop number")
+        .Spc(2)
+        .Field(document.SZE_Line2_Flag, "Sixth field of the second line")
+        .Spc(2);
     line.Field(document.SZE_Kc[1][0], "Kc mid season").Spc(2).Field(document.SZE_Kc[2][0], "Kc late season").Spc(2);
 }
 
@@ -38,18 +48,38 @@ template <class Line, class Crop> void Crop_Line(Line& line, Crop& crop)
 {
     line.Field(crop.SZE_Rot_Crop_No, "Crop number").Spc(2).Field(crop.SZE_Rot_Text2, "Interception storage").Spc(2);
     line.Field(crop.SZE_Rot_Text1, "Root depth").Spc(2).Field(crop.SZE_Rot_Interception, "Crop interception").Spc(2);
-    line.Field(crop.SZE_Rot_Residue, "Condition after harvest").Spc(2).Field(crop.SZE_Rot_CN1, "Curve number fallow").Spc(2);
-    line.Field(crop.SZE_Rot_CN2, "Curve number cropping").Spc(2).Field(crop.SZE_Rot_CN3, "Curve number residues").Spc(2);
-    line.Field(crop.SZE_Rot_USLE1, "USLE factor fallow").Spc(2).Field(crop.SZE_Rot_USLE2, "USLE factor cropping").Spc(2);
+    line.Field(crop.SZE_Rot_Residue, "Condition after harvest")
+        .Spc(2)
+        .Field(crop.SZE_Rot_CN1, "Curve number fallow")
+        .Spc(2);
+    line.Field(crop.SZE_Rot_CN2, "Curve number cropping")
+        .Spc(2)
+        .Field(crop.SZE_Rot_CN3, "Curve number residues")
+        .Spc(2);
+    line.Field(crop.SZE_Rot_USLE1, "USLE factor fallow")
+        .Spc(2)
+        .Field(crop.SZE_Rot_USLE2, "USLE factor cropping")
+        .Spc(2);
     line.Field(crop.SZE_Rot_USLE3, "USLE factor residues").Spc(2).Field(crop.SZE_Rot_Dry_Mass, "Dry mass");
 }
 
 template <class Line, class Crop> void Crop_Extension(Line& line, Crop& crop)
 {
-    line.Spc(2).Field(crop.SZE_Rot_RR_Photo, "Relative rate photodegradation").Spc(2).Field(crop.SZE_Rot_RR_Pen, "Relative rate penetration").Spc(2);
-    line.Field(crop.SZE_Rot_RR_Vol, "Relative rate volatilisation").Spc(2).Field(crop.SZE_Rot_RR_Wash, "Relative rate wash-off").Spc(2);
+    line.Spc(2)
+        .Field(crop.SZE_Rot_RR_Photo, "Relative rate photodegradation")
+        .Spc(2)
+        .Field(crop.SZE_Rot_RR_Pen, "Relative rate penetration")
+        .Spc(2);
+    line.Field(crop.SZE_Rot_RR_Vol, "Relative rate volatilisation")
+        .Spc(2)
+        .Field(crop.SZE_Rot_RR_Wash, "Relative rate wash-off")
+        .Spc(2);
     line.Field(crop.SZE_Rot_Irrigated, "Irrigated").Spc(2).Field(crop.SZE_Rot_Perennial, "Perennial").Spc(2);
-    line.Field(crop.SZE_Rot_Tillage, "Tillage").Spc(2).Field(crop.SZE_Rot_Kc_Mid, "Kc mid season").Spc(2).Field(crop.SZE_Rot_Kc_Late, "Kc late season");
+    line.Field(crop.SZE_Rot_Tillage, "Tillage")
+        .Spc(2)
+        .Field(crop.SZE_Rot_Kc_Mid, "Kc mid season")
+        .Spc(2)
+        .Field(crop.SZE_Rot_Kc_Late, "Kc late season");
 }
 
 // Written with the date of tillage where a crop has tillage. Read by position, since a date is one word DDMMYY.
@@ -61,7 +91,10 @@ template <class Line> void Rotation_Line(Line& line, const Rotation_Row& row, bo
     line.Pattern(row.SZE_Mat_Day, digits, "Maturation day").Pattern(row.SZE_Mat_Month, digits, "Maturation month");
     line.Pattern(row.SZE_Mat_Year, digits, "Maturation year").Spc(2);
     line.Pattern(row.SZE_Har_Day, digits, "Harvest day").Pattern(row.SZE_Har_Month, digits, "Harvest month");
-    line.Pattern(row.SZE_Har_Year, digits, "Harvest year").Spc(6).Pattern(row.SZE_Rot_Crop_Index, digits, "Crop").Spc(2);
+    line.Pattern(row.SZE_Har_Year, digits, "Harvest year")
+        .Spc(6)
+        .Pattern(row.SZE_Rot_Crop_Index, digits, "Crop")
+        .Spc(2);
     line.Pattern(row.SZE_Sen_Day, digits, "Senescence day").Pattern(row.SZE_Sen_Month, digits, "Senescence month");
     line.Pattern(row.SZE_Sen_Year, digits, "Senescence year");
     if (!tillage)
@@ -82,14 +115,22 @@ inline bool Has_Tillage(const Scenario_Document& document)
 
 template <class Line, class Document> void Soil_Line(Line& line, Document& document)
 {
-    line.Field(document.SZE_Core_Depth, "Core depth").Tab(8).Whole(document.SZE_Dispersion_Flag, "Dispersion flag").Tab(16);
-    line.Field(document.SZE_Layers, "Number of compartments").Tab(24).Field(document.SZE_Field_4216, "Fourth field of the soil line").Tab(32);
+    line.Field(document.SZE_Core_Depth, "Core depth")
+        .Tab(8)
+        .Whole(document.SZE_Dispersion_Flag, "Dispersion flag")
+        .Tab(16);
+    line.Field(document.SZE_Layers, "Number of compartments")
+        .Tab(24)
+        .Field(document.SZE_Field_4216, "Fourth field of the soil line")
+        .Tab(32);
     line.Field(document.SZE_Hydraulic_Flag, "Hydraulic flag").Tab(40).Field(document.SZE_Water_Flag, "Water flow flag");
 }
 
 template <class Line, class Document> void Horizon_Head_Line(Line& line, Document& document)
 {
-    line.Field(document.SZE_Horizons, "Number of soil horizons").Zone().Field(document.SZE_Delxflg, "Compartment size flag");
+    line.Field(document.SZE_Horizons, "Number of soil horizons")
+        .Zone()
+        .Field(document.SZE_Delxflg, "Compartment size flag");
 }
 
 // The number is read and dropped.
@@ -102,7 +143,10 @@ template <class Line, class Horizon> void Horizon_Line_One(Line& line, Horizon& 
         .Tab(16)
         .Field(horizon.SZE_Hor_Bulk_Density, "Bulk density")
         .Tab(24);
-    line.Field(horizon.SZE_Hor_Dispersion, "Dispersion").Tab(32).Field(horizon.SZE_Hor_Soil_Water, "Initial soil water").Tab(40);
+    line.Field(horizon.SZE_Hor_Dispersion, "Dispersion")
+        .Tab(32)
+        .Field(horizon.SZE_Hor_Soil_Water, "Initial soil water")
+        .Tab(40);
     line.Value_Of(horizon.SZE_Hor_Drainage, "Drainage");
 }
 
@@ -134,9 +178,16 @@ template <class Line, class Document> void Output_Line(Line& line, Document& doc
 
 template <class Line, class Document> void Macropore_Line(Line& line, Document& document)
 {
-    line.Tab(7).Field(document.SZE_Macropore, "Macropore flag").Tab(16).Field(document.SZE_Macro_Depth, "Macropore depth").Tab(24);
+    line.Tab(7)
+        .Field(document.SZE_Macropore, "Macropore flag")
+        .Tab(16)
+        .Field(document.SZE_Macro_Depth, "Macropore depth")
+        .Tab(24);
     line.Field(document.SZE_DOC_Content, "DOC content").Tab(32).Field(document.SZE_DOC_Flag, "DOC flag").Tab(40);
-    line.Field(document.SZE_Runoff_Depth, "Runoff depth").Spc(3).Field(document.SZE_Macro_Threshold, "Macropore threshold").Spc(3);
+    line.Field(document.SZE_Runoff_Depth, "Runoff depth")
+        .Spc(3)
+        .Field(document.SZE_Macro_Threshold, "Macropore threshold")
+        .Spc(3);
     line.Field(document.SZE_Macro_Fraction, "Macropore fraction");
 }
 

@@ -18,7 +18,8 @@ Date Next_Date(Line_In& line)
     return {To_I16(Val(Columns(word, 1, 2))), To_I16(Val(Columns(word, 3, 2))), To_I16(Val(Columns(word, 5, 2)))};
 }
 
-// Tillage of files that hold none: the day before emergence, or the 15th of the month before, which for January is month 0.
+// Tillage of files that hold none: the day before emergence, or the 15th of the month before, which for January is
+// month 0.
 Date Derived_Tillage(const Rotation_Row& row)
 {
     Date date{static_cast<std::int16_t>(row.SZE_Eme_Day - 1), row.SZE_Eme_Month, row.SZE_Eme_Year};
@@ -72,7 +73,8 @@ private:
     void Read_Rotation()
     {
         Document.SZE_Rot_Count = To_I16(Next().Number());
-        const int count = Checked_Count(Document.SZE_Rot_Count, std::numeric_limits<std::int16_t>::max(), "rotation rows");
+        const int count =
+            Checked_Count(Document.SZE_Rot_Count, std::numeric_limits<std::int16_t>::max(), "rotation rows");
         Document.Rotation.clear();
         for (int r = 0; r < count; ++r)
             Read_Rotation_Row(Document.Rotation.emplace_back());

@@ -11,7 +11,8 @@ public:
 
     std::string Write()
     {
-        const auto crops = static_cast<std::size_t>(Checked_Count(Document.SZE_Crop_Count, static_cast<int>(Document.Crops.size()), "crop rows"));
+        const auto crops = static_cast<std::size_t>(
+            Checked_Count(Document.SZE_Crop_Count, static_cast<int>(Document.Crops.size()), "crop rows"));
         const bool tillage = Has_Tillage(Document);
         Document.SZE_First_Crop = crops > 0 ? Document.Crops[0].SZE_Rot_Crop_No : 0;
         Out.Line(Document.SZE_Title);
@@ -37,7 +38,8 @@ public:
 private:
     void Write_Rotation(bool tillage)
     {
-        const int count = Checked_Count(Document.SZE_Rot_Count, static_cast<int>(Document.Rotation.size()), "rotation rows");
+        const int count =
+            Checked_Count(Document.SZE_Rot_Count, static_cast<int>(Document.Rotation.size()), "rotation rows");
         Out.Tab(4).Field(Document.SZE_Rot_Count, {}).End();
         for (int r = 0; r < count; ++r) {
             const auto& row = Document.Rotation[static_cast<std::size_t>(r)];
@@ -52,7 +54,8 @@ private:
         Out.End();
         Horizon_Head_Line(Out, Document);
         Out.End();
-        const auto count = static_cast<std::size_t>(Checked_Count(Document.SZE_Horizons.Number(), static_cast<int>(Document.Horizons.size()), "soil horizons"));
+        const auto count = static_cast<std::size_t>(
+            Checked_Count(Document.SZE_Horizons.Number(), static_cast<int>(Document.Horizons.size()), "soil horizons"));
         for (std::size_t h = 0; h < count; ++h) {
             const auto& horizon = Document.Horizons[h];
             Horizon_Line_One(Out, horizon, h + 1);

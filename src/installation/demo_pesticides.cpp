@@ -63,8 +63,10 @@ void Set_Relative_Dates(Pesticide_Document& document, int days, int every)
     document.App_Loc_Count = 1;
     document.App_Count[0] = Cycles(every);
     for (int k = 0; k < Cycles(every); ++k)
-        document.Relative[static_cast<std::size_t>(k) + 1] = {
-            .Abs9_Day = static_cast<std::int16_t>(days), .Abs9_Month = 0, .Abs9_Year = static_cast<std::int16_t>(k * every + 1), .Abs9_Rate = Rate};
+        document.Relative[static_cast<std::size_t>(k) + 1] = {.Abs9_Day = static_cast<std::int16_t>(days),
+                                                              .Abs9_Month = 0,
+                                                              .Abs9_Year = static_cast<std::int16_t>(k * every + 1),
+                                                              .Abs9_Rate = Rate};
 }
 
 // Block 0, which is the user specific one, and a block for each of the locations.
@@ -77,10 +79,11 @@ void Set_Dates(Pesticide_Document& document, Day_Of_Year date, int every, std::s
             document.App_Location[block] = Locations[first + block - 1].Name;
         document.App_Count[block] = Cycles(every);
         for (int k = 0; k < Cycles(every); ++k)
-            document.Applications[block][static_cast<std::size_t>(k) + 1] = {.App_Day = static_cast<std::int16_t>(date.Day),
-                                                                             .App_Month = static_cast<std::int16_t>(date.Month),
-                                                                             .App_Year = static_cast<std::int16_t>(k * every + 1),
-                                                                             .App_Rate = Rate};
+            document.Applications[block][static_cast<std::size_t>(k) + 1] = {
+                .App_Day = static_cast<std::int16_t>(date.Day),
+                .App_Month = static_cast<std::int16_t>(date.Month),
+                .App_Year = static_cast<std::int16_t>(k * every + 1),
+                .App_Rate = Rate};
     }
 }
 

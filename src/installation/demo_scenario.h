@@ -10,7 +10,8 @@ namespace orvel {
 
 constexpr int Demo_Years = 66;
 
-// What a scenario is laid out for: leaching from the whole core in compartments of 2.5 cm, or the content of the top metre in 1 cm.
+// What a scenario is laid out for: leaching from the whole core in compartments of 2.5 cm, or the content of the top
+// metre in 1 cm.
 enum class Demo_Purpose { Leaching, Soil_Content };
 
 // A scenario file of the installation.
@@ -19,7 +20,8 @@ struct Demo_Scenario {
     Scenario_Document Document;
 };
 
-// The scenario of a crop at a site. Where the site has no dates of its own for the crop, those of the crop's first location are taken.
+// The scenario of a crop at a site. Where the site has no dates of its own for the crop, those of the crop's first
+// location are taken.
 Scenario_Document Demo_Scenario_Document(const Demo_Site& site, const Demo_Crop& crop, Demo_Purpose purpose);
 
 // All combinations of the nine locations with the crops that they offer.

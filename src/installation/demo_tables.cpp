@@ -132,7 +132,8 @@ void Add_Croppings(Demo_Crop& crop, const Row& row)
         crop.Croppings.push_back({row[i], date(4), date(3), date(2), date(1)});
 }
 
-// A crop's line begins with its name, of the width that it has in the crop data base; lines that begin with a blank hold its dates.
+// A crop's line begins with its name, of the width that it has in the crop data base; lines that begin with a blank
+// hold its dates.
 std::vector<Demo_Crop> Load_Crops()
 {
     constexpr std::size_t name_width = 14;

@@ -37,7 +37,10 @@ struct Monthly_Climate {
 
 struct Day_Of_Year {
     int Day = 0, Month = 0;
-    auto operator<=>(const Day_Of_Year& other) const { return std::pair(Month, Day) <=> std::pair(other.Month, other.Day); }
+    auto operator<=>(const Day_Of_Year& other) const
+    {
+        return std::pair(Month, Day) <=> std::pair(other.Month, other.Day);
+    }
     bool operator==(const Day_Of_Year&) const = default;
 };
 

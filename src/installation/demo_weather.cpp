@@ -109,7 +109,8 @@ private:
         weather.Evaporation = std::max(0.0, 0.0023 * 0.408 * radiation * (weather.Temp_Mean + 17.8) * root);
         weather.Temp_14 = weather.Temp_Mean + 0.42 * weather.Temp_Diff;
         const double dew = weather.Temp_Mean - weather.Temp_Diff / 2 - (Wet ? 0 : 0.06 * weather.Temp_Diff);
-        weather.Humidity = std::clamp(100 * Saturation_Pressure(dew) / Saturation_Pressure(weather.Temp_14), 20.0, 100.0);
+        weather.Humidity =
+            std::clamp(100 * Saturation_Pressure(dew) / Saturation_Pressure(weather.Temp_14), 20.0, 100.0);
     }
 
     Weather_Random Random;
@@ -172,7 +173,8 @@ std::vector<std::string> Format_Weather(const Demo_Site& site, const std::vector
     std::vector<std::string> files;
     for (const auto& day : days) {
         if (static_cast<std::size_t>(day.Year) > files.size())
-            files.push_back("DEM " + site.Name + " year " + General_Text(day.Year) + ", generated weather, " + std::string(Title_Warning) + "\r\n");
+            files.push_back("DEM " + site.Name + " year " + General_Text(day.Year) + ", generated weather, " +
+                            std::string(Title_Warning) + "\r\n");
         files.back() += Format_Day(day);
     }
     return files;
@@ -185,7 +187,8 @@ std::string Format_Calendar(int years)
     for (int year = 1; year <= years; ++year) {
         for (int month = 1; month <= 12; ++month) {
             for (int day = 1; day <= Days_In_Month(month, year); ++day)
-                text += General_Text(++number) + " " + General_Text(day) + " " + General_Text(month) + " " + General_Text(year) + "\r\n";
+                text += General_Text(++number) + " " + General_Text(day) + " " + General_Text(month) + " " +
+                        General_Text(year) + "\r\n";
         }
     }
     return text;

@@ -7,9 +7,10 @@
 
 namespace orvel {
 
-// Generated weather: wet days by a two-state Markov chain with gamma amounts (Richardson 1981, Water Resour. Res. 17:182; parameters from the
-// month's rain by Geng et al. 1986, Agric. For. Meteorol. 36:363), temperature by a first-order autoregression, evaporation and radiation
-// from temperatures (Hargreaves & Samani 1982, 1985). It resembles the site's climate and is no measurement.
+// Generated weather: wet days by a two-state Markov chain with gamma amounts (Richardson 1981, Water Resour. Res.
+// 17:182; parameters from the month's rain by Geng et al. 1986, Agric. For. Meteorol. 36:363), temperature by a
+// first-order autoregression, evaporation and radiation from temperatures (Hargreaves & Samani 1982, 1985). It
+// resembles the site's climate and is no measurement.
 
 struct Weather_Day {
     int Day = 0, Month = 0, Year = 0;  // the year counts from 1; every fourth has a 29 February

@@ -30,7 +30,8 @@ std::string In_Mode(const Mode& mode, std::string_view name)
     return std::string(mode.Directory) + "/" + std::string(name);
 }
 
-// The run control file that a run form restores when it opens for the first time: the first crop at the first site, with the recommended output.
+// The run control file that a run form restores when it opens for the first time: the first crop at the first site,
+// with the recommended output.
 std::string Format_Template(const Mode& mode, const std::vector<Demo_Pesticide>& pesticides)
 {
     const bool soil = mode.Profile_Rows;
@@ -69,7 +70,8 @@ void Write_Mode(const Mode& mode, const std::vector<Demo_Pesticide>& pesticides,
     // The run form shows the idle state only where it can read this file.
     write(In_Mode(mode, mode.Probe_File), "Probe file of the run form; its content has no meaning.\r\n");
     if (!mode.Last_Copy.empty())
-        write(In_Mode(mode, mode.Last_Copy), "rem Copied into each run directory; there is nothing to be done after a run.\r\n");
+        write(In_Mode(mode, mode.Last_Copy),
+              "rem Copied into each run directory; there is nothing to be done after a run.\r\n");
 }
 
 } // namespace

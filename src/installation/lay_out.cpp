@@ -53,8 +53,8 @@ void Write_New(const fs::path& file, std::string_view bytes)
         throw File_Error("Cannot write " + file.string() + ": " + std::strerror(errno) + ".");
 }
 
-// The directory that becomes an installation. Unless it is kept, everything goes away again: what it holds, the directory and the parents
-// that were made for it.
+// The directory that becomes an installation. Unless it is kept, everything goes away again: what it holds, the
+// directory and the parents that were made for it.
 class New_Directory {
 public:
     explicit New_Directory(const fs::path& directory) : Path(directory)
@@ -114,7 +114,8 @@ void Lay_Out(const fs::path& directory, const std::vector<fs::path>& parts)
 {
     const auto engine = Find_Part(parts, Engine);
     if (!engine)
-        throw File_Error(std::string("The engine ") + Engine + " does not stand beside this program, so that no installation can be laid out.");
+        throw File_Error(std::string("The engine ") + Engine +
+                         " does not stand beside this program, so that no installation can be laid out.");
     if (fs::exists(directory) && !fs::is_directory(directory))
         throw File_Error(directory.string() + " is no directory.");
 

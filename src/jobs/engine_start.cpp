@@ -34,7 +34,8 @@ Program_Start Engine_Start(const fs::path& directory, const fs::path& engine)
         return start;
     start.Program = Program_In_Path("wine");
     if (start.Program.empty())
-        throw Run_Refused("The engine " + engine.filename().string() + " is a Windows program, and wine, which could run it, is not installed.");
+        throw Run_Refused("The engine " + engine.filename().string() +
+                          " is a Windows program, and wine, which could run it, is not installed.");
     start.Arguments = {engine.string()};
     return start;
 }

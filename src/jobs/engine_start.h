@@ -14,8 +14,8 @@ struct Run_Refused : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// The start of an engine with what it prints kept in the directory. A Windows program goes through wine. Throws Run_Refused if the engine is
-// missing or wine is.
+// The start of an engine with what it prints kept in the directory. A Windows program goes through wine. Throws
+// Run_Refused if the engine is missing or wine is.
 Program_Start Engine_Start(const std::filesystem::path& directory, const std::filesystem::path& engine);
 
 // Deletes all output files of a directory. Throws Run_Refused if one cannot be deleted.

@@ -2,11 +2,11 @@
 
 #include "core/files.h"
 #include "core/system/lock.h"
+#include "core/system/spawn.h"
 #include "core/text.h"
 #include "jobs/engine_start.h"
 #include "jobs/job_log.h"
 #include "jobs/job_status.h"
-#include "core/system/spawn.h"
 
 #include <cerrno>
 #include <chrono>

@@ -46,7 +46,8 @@ Job_Log::Job_Log(const std::filesystem::path& mode_directory)
     : Number(::open((mode_directory / Job_Log_Name).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666))
 {
     if (Number < 0)
-        throw File_Error("Cannot write " + (mode_directory / Job_Log_Name).string() + ": " + std::strerror(errno) + ".");
+        throw File_Error("Cannot write " + (mode_directory / Job_Log_Name).string() + ": " + std::strerror(errno) +
+                         ".");
 }
 
 Job_Log::~Job_Log()
@@ -110,7 +111,9 @@ std::time_t Time_Of_Text(std::string_view text)
 {
     if (text.size() != Time_Width)
         return 0;
-    const auto part = [text](std::size_t first, std::size_t width) { return static_cast<int>(Val(Columns(text, first, width))); };
+    const auto part = [text](std::size_t first, std::size_t width) {
+        return static_cast<int>(Val(Columns(text, first, width)));
+    };
     std::tm parts{};
     parts.tm_year = part(1, 4) - First_Year;
     parts.tm_mon = part(6, 2) - 1;

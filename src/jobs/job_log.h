@@ -8,8 +8,8 @@
 
 namespace orvel {
 
-// orveljob.log in the mode directory: what the last job did. One line an event, UTF-8, its fields parted by tabs: local time, word, run
-// directory below the mode directory, detail.
+// orveljob.log in the mode directory: what the last job did. One line an event, UTF-8, its fields parted by tabs: local
+// time, word, run directory below the mode directory, detail.
 
 constexpr std::string_view Job_Log_Name = "orveljob.log";
 

@@ -1,13 +1,13 @@
 #include "jobs/job_status.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
-#include "core/system/lock.h"
 #include "core/locations.h"
 #include "core/numbers.h"
+#include "core/system/lock.h"
 #include "core/text.h"
 #include "jobs/job.h"
 #include "jobs/job_log.h"
-#include "core/code_page.h"
 
 #include <algorithm>
 #include <array>
@@ -64,7 +64,8 @@ double Years_Of_Run(const fs::path& run)
     const auto got = opened < 0 ? 0 : ::read(opened, digits.data(), digits.size());
     if (opened >= 0)
         ::close(opened);
-    return std::clamp(Val({digits.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0))}), 0.0, static_cast<double>(Most_Years));
+    return std::clamp(Val({digits.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0))}), 0.0,
+                      static_cast<double>(Most_Years));
 }
 
 // The number behind the last "YEAR" of a text.
@@ -128,7 +129,9 @@ Run_Result Result_With_Log(Run_Result result, const Job_History& history, const 
     const auto event = history.Runs.find(run.lexically_relative(root).string());
     if (event == history.Runs.end())
         return result;
-    return event->second == Job_Event::Killed ? Run_Result::Killed : event->second == Job_Event::Failed ? Run_Result::Error : result;
+    return event->second == Job_Event::Killed   ? Run_Result::Killed
+           : event->second == Job_Event::Failed ? Run_Result::Error
+                                                : result;
 }
 
 std::time_t Last_Change(const fs::path& path)

@@ -19,7 +19,8 @@ constexpr std::string_view Progress_Name = "progress.orv";
 // Whether a job or an engine of the mode is at work. A missing probe file counts as running.
 bool Job_Running(const Session& session, const Mode& mode);
 
-// The years, at most `years`, that the engine of a run directory has behind it: as it says itself, else the last one in its water balance.
+// The years, at most `years`, that the engine of a run directory has behind it: as it says itself, else the last one in
+// its water balance.
 double Years_Done(const std::filesystem::path& run, double years);
 
 struct Job_Progress {
@@ -54,7 +55,8 @@ struct Simulation {
     Run_Result Result = Run_Result::None;
 };
 
-// All run directories of the mode, sorted by pesticide, crop and location. At most 31 crops of a pesticide and 31 locations of a crop.
+// All run directories of the mode, sorted by pesticide, crop and location. At most 31 crops of a pesticide and 31
+// locations of a crop.
 std::vector<Simulation> Simulation_List(const Session& session, const Mode& mode);
 
 // The date as the list shows it, in local time: "2024-05-31 14:05".

@@ -1,11 +1,11 @@
 #include "jobs/run_again.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "runs/batch.h"
 #include "runs/output_selection.h"
-#include "core/code_page.h"
 
 #include <algorithm>
 
@@ -23,7 +23,9 @@ class Confirmation_Bypass {
 public:
     explicit Confirmation_Bypass(Session& session) : The_Session(session), Before(session.Ask)
     {
-        The_Session.Ask = [this](const Message& message) { return message.Buttons == std::vector{Button::Ok, Button::Cancel} ? Button::Ok : Before(message); };
+        The_Session.Ask = [this](const Message& message) {
+            return message.Buttons == std::vector{Button::Ok, Button::Cancel} ? Button::Ok : Before(message);
+        };
     }
     Confirmation_Bypass(const Confirmation_Bypass&) = delete;
     Confirmation_Bypass& operator=(const Confirmation_Bypass&) = delete;
@@ -83,20 +85,25 @@ bool Mark_Again(Session& session, const Mode& mode, const Simulation& simulation
     Run_Choice choice = Choice_Of(session, mode, simulation);
     const Selection selected = Evaluate_Selection(session, mode, choice.Pesticide, choice.Crop, choice.Location);
     if (!selected.Buttons_Enabled() && !selected.May_Run_Anyway) {
-        const std::string why = selected.Warnung.empty() ? "Its pesticide file or its scenario is missing." : selected.Warnung;
-        session.Ask({std::string(Starting), "The simulation in\r\n" + Path_Text(simulation.Directory) + "\r\ncannot be marked again. " + why});
+        const std::string why =
+            selected.Warnung.empty() ? "Its pesticide file or its scenario is missing." : selected.Warnung;
+        session.Ask({std::string(Starting),
+                     "The simulation in\r\n" + Path_Text(simulation.Directory) + "\r\ncannot be marked again. " + why});
         return false;
     }
     choice.Tillage_Visible = selected.Tillage_Visible;
     return Mark_For_Batch(session, mode, choice) == Mark_Result::Marked;
 }
 
-std::vector<Simulation> Failed_And_Not_Marked(Session& session, const Mode& mode, const std::vector<Simulation>& simulations)
+std::vector<Simulation> Failed_And_Not_Marked(Session& session, const Mode& mode,
+                                              const std::vector<Simulation>& simulations)
 {
     Load_Batch(session, mode);
     std::vector<Simulation> failed;
     for (const Simulation& simulation : simulations) {
-        const auto marked = [&](const std::string& run) { return Run_Path(Mode_Directory(session, mode), run) == simulation.Directory; };
+        const auto marked = [&](const std::string& run) {
+            return Run_Path(Mode_Directory(session, mode), run) == simulation.Directory;
+        };
         if (Has_Failed(simulation) && std::ranges::none_of(session.Run.Job_Dir, marked))
             failed.push_back(simulation);
     }
@@ -114,18 +121,22 @@ int Mark_Failed_Again(Session& session, const Mode& mode, const std::vector<Simu
 {
     const auto failed = Failed_And_Not_Marked(session, mode, simulations);
     if (failed.empty()) {
-        session.Ask({std::string(Starting), "There is no failed simulation that is not marked for the batch already.", Icon::Information});
+        session.Ask({std::string(Starting), "There is no failed simulation that is not marked for the batch already.",
+                     Icon::Information});
         return 0;
     }
-    const std::string question = "Do you want to mark " +
-                                 (failed.size() == 1 ? "the failed simulation" : std::to_string(failed.size()) + " failed simulations") +
-                                 " for the batch again? What they wrote so far will be removed.";
-    if (session.Ask({std::string(Starting), question, Icon::Question, {Button::Yes, Button::No}, Button::No}) != Button::Yes)
+    const std::string question =
+        "Do you want to mark " +
+        (failed.size() == 1 ? "the failed simulation" : std::to_string(failed.size()) + " failed simulations") +
+        " for the batch again? What they wrote so far will be removed.";
+    if (session.Ask({std::string(Starting), question, Icon::Question, {Button::Yes, Button::No}, Button::No}) !=
+        Button::Yes)
         return 0;
     const Output_Selection output = session.Output;
     const auto marked = [&] {
         const Confirmation_Bypass no_more_questions(session);
-        return std::ranges::count_if(failed, [&](const Simulation& simulation) { return Mark_Again(session, mode, simulation); });
+        return std::ranges::count_if(
+            failed, [&](const Simulation& simulation) { return Mark_Again(session, mode, simulation); });
     }();
     session.Output = output;
     return static_cast<int>(marked);

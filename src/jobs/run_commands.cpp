@@ -1,12 +1,12 @@
 #include "jobs/run_commands.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/json.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "jobs/job_log.h"
 #include "runs/output_selection.h"
-#include "core/code_page.h"
 #include "runs/start_up.h"
 
 #include <algorithm>
@@ -29,7 +29,9 @@ bool Refuse(const Session& session, std::string text)
 std::string Entry_Of(const std::vector<std::string>& entries, std::string_view text)
 {
     const auto exact = std::ranges::find(entries, text);
-    const auto found = exact != entries.end() ? exact : std::ranges::find_if(entries, [&](const std::string& entry) { return Same_Text(entry, text); });
+    const auto found = exact != entries.end() ? exact : std::ranges::find_if(entries, [&](const std::string& entry) {
+        return Same_Text(entry, text);
+    });
     return found == entries.end() ? std::string() : *found;
 }
 
@@ -45,7 +47,8 @@ bool Choose_Lists(const Session& session, const Mode& mode, const Mark_Request& 
     if (request.All)
         return true;
     choice.Location = Entry_Of(Locations_Of_Crop(session, mode, *crop), request.Location);
-    return !choice.Location.empty() || Refuse(session, "The crop '" + request.Crop + "' has no location '" + request.Location + "'.");
+    return !choice.Location.empty() ||
+           Refuse(session, "The crop '" + request.Crop + "' has no location '" + request.Location + "'.");
 }
 
 bool Choose_Values(Session& session, const Mode& mode, const Mark_Request& request, Run_Choice& choice)
@@ -56,12 +59,14 @@ bool Choose_Values(Session& session, const Mode& mode, const Mark_Request& reque
     if (request.Output)
         session.Output = *request.Output == Output_Option::Minimum ? Minimum_Output() : Recommended_Output();
     const auto depths = Tillage_List(mode);
-    choice.Tillage = request.Tillage ? Entry_Of(depths, General_Text(*request.Tillage)) : depths[static_cast<std::size_t>(mode.Tillage_Index)];
+    choice.Tillage = request.Tillage ? Entry_Of(depths, General_Text(*request.Tillage))
+                                     : depths[static_cast<std::size_t>(mode.Tillage_Index)];
     if (choice.Tillage.empty())
         return Refuse(session, "The tillage depth must be between 1 and 40 cm.");
     if (request.Scaling)
         choice.Scaling = Entry_Of(Scaling_List(), General_Text(*request.Scaling));
-    return !choice.Scaling.empty() || Refuse(session, "The scaling of temperatures must be between -5 and 5 in tenths.");
+    return !choice.Scaling.empty() ||
+           Refuse(session, "The scaling of temperatures must be between -5 and 5 in tenths.");
 }
 
 bool Mark_One(Session& session, const Mode& mode, Run_Choice& choice)
@@ -129,15 +134,16 @@ bool Start(Session& session, const Mode& mode, int jobs, const Progress_Report& 
     if (!report.Tell || Wait_For_Job(session, mode, job.Process, report) == 0)
         return true;
     const auto directory = Mode_Directory(session, mode);
-    return Refuse(session, "Not every simulation has finished. " + Path_Text(directory / Job_Log_Name) + " tells which.");
+    return Refuse(session,
+                  "Not every simulation has finished. " + Path_Text(directory / Job_Log_Name) + " tells which.");
 }
 
 std::string Simulation_Lines(const std::vector<Simulation>& simulations)
 {
     std::string lines;
     for (const auto& simulation : simulations) {
-        lines += simulation.Pesticide + "\t" + simulation.Crop + "\t" + simulation.Location + "\t" + Date_Text(simulation.Date) + "\t" +
-                 std::string(Status_Text(simulation.Status));
+        lines += simulation.Pesticide + "\t" + simulation.Crop + "\t" + simulation.Location + "\t" +
+                 Date_Text(simulation.Date) + "\t" + std::string(Status_Text(simulation.Status));
         if (simulation.Result == Run_Result::Error || simulation.Result == Run_Result::Killed)
             lines += "\t" + std::string(Result_Text(simulation.Result));
         lines += "\n";

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "runs/batch.h"
 #include "jobs/job_status.h"
+#include "runs/batch.h"
 #include "runs/output_selection.h"
 
 #include <chrono>
@@ -23,8 +23,8 @@ struct Mark_Request {
     std::optional<double> Scaling;         // degrees, else 0
 };
 
-// Marks as the run form of the mode does. The run directories marked, below the installation directory; nothing if anything was refused,
-// which has been told.
+// Marks as the run form of the mode does. The run directories marked, below the installation directory; nothing if
+// anything was refused, which has been told.
 std::optional<std::vector<std::string>> Mark(Session& session, const Mark_Request& request);
 
 struct Progress_Report {
@@ -32,11 +32,12 @@ struct Progress_Report {
     std::chrono::milliseconds Interval{500};
 };
 
-// Starts the job of the pending batch; with a report it waits for the end and tells the progress meanwhile. False: refused, or a run
-// failed, and the user has been told.
+// Starts the job of the pending batch; with a report it waits for the end and tells the progress meanwhile. False:
+// refused, or a run failed, and the user has been told.
 bool Start(Session& session, const Mode& mode, int jobs, const Progress_Report& report = {});
 
-// The list as lines of columns parted by tabs: pesticide, crop, location, date, status, and the result of a run that did not end well.
+// The list as lines of columns parted by tabs: pesticide, crop, location, date, status, and the result of a run that
+// did not end well.
 std::string Simulation_Lines(const std::vector<Simulation>& simulations);
 
 // The same as a JSON array of objects, in UTF-8, with the result of every run and its directory.

@@ -19,7 +19,8 @@ std::vector<Run_Entry> Run_Entries(const std::filesystem::path& parent)
     std::vector<Run_Entry> entries;
     for (const std::string& directory : List_Directories(parent, "*.run")) {
         if (const auto name = Name_Of(directory))
-            entries.push_back({Name_Decode(std::string_view(*name).substr(0, name->size() - Extension.size())), parent / directory});
+            entries.push_back(
+                {Name_Decode(std::string_view(*name).substr(0, name->size() - Extension.size())), parent / directory});
     }
     return entries;
 }

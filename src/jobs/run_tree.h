@@ -13,8 +13,8 @@ struct Run_Entry {
     bool operator==(const Run_Entry&) const = default;
 };
 
-// The entries of one level, sorted by the names of their directories. Two directories that decode to one name stay two entries. A name that
-// the code page lacks is left out: no such run can have been prepared.
+// The entries of one level, sorted by the names of their directories. Two directories that decode to one name stay two
+// entries. A name that the code page lacks is left out: no such run can have been prepared.
 std::vector<Run_Entry> Run_Entries(const std::filesystem::path& parent);
 
 // Date and time of a run's echo file, as the lists show dates; empty while the run has none.

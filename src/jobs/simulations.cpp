@@ -1,9 +1,9 @@
 #include "jobs/simulations.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/system/lock.h"
 #include "runs/batch.h"
-#include "core/code_page.h"
 
 #include <algorithm>
 #include <unistd.h>
@@ -22,14 +22,16 @@ bool Is_At_Work(const fs::path& run)
     return Is_Locked(run) || (echo && Is_Locked(*echo));
 }
 
-// The three levels of a run below its mode's directory. One that is a link leads elsewhere: what lies there is none of this list's.
+// The three levels of a run below its mode's directory. One that is a link leads elsewhere: what lies there is none of
+// this list's.
 bool Is_In_Place(const fs::path& run)
 {
     constexpr int Levels = 3;
     fs::path level = run;
     for (int i = 0; i < Levels; ++i, level = level.parent_path()) {
         std::error_code error;
-        if (!Matches(level.filename().string(), "*.run") || fs::symlink_status(level, error).type() != fs::file_type::directory)
+        if (!Matches(level.filename().string(), "*.run") ||
+            fs::symlink_status(level, error).type() != fs::file_type::directory)
             return false;
     }
     return true;
@@ -95,7 +97,11 @@ void Clean_Leftovers(Session& session, const Mode& mode)
 int Delete_Simulations(Session& session, const Mode& mode, const std::vector<Simulation>& simulations)
 try {
     const std::string what = simulations.size() > 1 ? "these simulations" : "this simulation";
-    const Message question{std::string(Deleting), "Do you really want to remove " + what + "?", Icon::Question, {Button::Yes, Button::No}, Button::Yes};
+    const Message question{std::string(Deleting),
+                           "Do you really want to remove " + what + "?",
+                           Icon::Question,
+                           {Button::Yes, Button::No},
+                           Button::Yes};
     if (simulations.empty() || session.Ask(question) != Button::Yes)
         return 0;
     std::vector<fs::path> going;
@@ -110,9 +116,10 @@ try {
         std::error_code unknown;
         if (Remove_Run(run))
             ++removed;
-        else if (fs::symlink_status(run, unknown).type() != fs::file_type::not_found) // one that is gone already is what the user wants
-            session.Ask({std::string(Deleting),
-                         "You are currently running a simulation using the directory\r\n" + Path_Text(run) + ".\r\n\r\nDelete operation failed!\r\n\r\n"});
+        else if (fs::symlink_status(run, unknown).type() !=
+                 fs::file_type::not_found) // one that is gone already is what the user wants
+            session.Ask({std::string(Deleting), "You are currently running a simulation using the directory\r\n" +
+                                                    Path_Text(run) + ".\r\n\r\nDelete operation failed!\r\n\r\n"});
         Remove_If_Empty(run.parent_path());
         Remove_If_Empty(run.parent_path().parent_path());
     }

@@ -1,8 +1,8 @@
-#include "core/files.h"
-#include "core/system/lock.h"
-#include "core/numbers.h"
-#include "core/text.h"
 #include "core/code_page.h"
+#include "core/files.h"
+#include "core/numbers.h"
+#include "core/system/lock.h"
+#include "core/text.h"
 #include "runs/single_run.h"
 
 #include <algorithm>
@@ -40,7 +40,9 @@ bool Remove_Archived(const Session& session, const fs::path& directory, const st
         fs::remove(directory / name, error);
         if (!error)
             continue;
-        session.Ask({std::string(File_Check), "The file " + Path_Text(name) + " is in the archive, but cannot be deleted: " + To_Code_Page(error.message()) + "."});
+        session.Ask({std::string(File_Check),
+                     "The file " + Path_Text(name) +
+                         " is in the archive, but cannot be deleted: " + To_Code_Page(error.message()) + "."});
         return false;
     }
     return true;
@@ -84,7 +86,8 @@ bool Archive_Run(Session& session, const fs::path& directory, const std::string&
     } catch (const std::exception&) {
         std::error_code ignored;
         if (made)
-            fs::remove_all(archive, ignored); // half of an archive helps nobody; nothing was taken from the directory yet
+            fs::remove_all(archive,
+                           ignored); // half of an archive helps nobody; nothing was taken from the directory yet
         session.Ask({std::string(File_Check), "Cannot open " + Name_Of(archive).value_or(folder)});
         return false;
     }

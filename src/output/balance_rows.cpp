@@ -105,7 +105,10 @@ Water_Balance_Row Water_Block(Line_Scanner& wasser)
     }
     if (runoff)
         row.Runoff = Value_Below_Line(wasser, Runoff_Span) * To_Litres;
-    const double transpiration = wasser.Find(Water_Table_Anchor) ? Sum_Of_Rows(wasser, Water_Rows_Below, Water_Table_End, Transpiration_Span) * To_Litres : 0;
+    const double transpiration =
+        wasser.Find(Water_Table_Anchor)
+            ? Sum_Of_Rows(wasser, Water_Rows_Below, Water_Table_End, Transpiration_Span) * To_Litres
+            : 0;
     row.Evapotranspiration = transpiration + loss;
     row.Percolate = Value_At(wasser, Recharge_Anchor, Recharge_Span) * To_Litres;
     row.Diff_Storage = row.Precipitation + row.Irrigation - loss - transpiration - row.Percolate - row.Runoff;
@@ -126,19 +129,22 @@ Pesticide_Balance_Row Pesticide_Block(Line_Scanner& chem, bool active_substance)
     if (Find_Either(chem, Macropore_Anchor, Total_Runoff_Anchor) && !Macropore_Anchor.In(chem.Line()))
         row.Runoff = Number(chem, Total_Span) * To_Grams;
     row.Percolate = Value_At(chem, Leached_Anchor, Total_Span) * To_Grams;
-    row.Diff_Storage = row.Application - row.Volatilisation - row.Plant_Uptake - row.Percolate - row.Runoff - row.Degradation;
+    row.Diff_Storage =
+        row.Application - row.Volatilisation - row.Plant_Uptake - row.Percolate - row.Runoff - row.Degradation;
     return row;
 }
 
 } // namespace
 
-void Scan_Water_Balance(Line_Scanner& wasser, Balance_View view, const std::function<void(const Water_Balance_Row&)>& row)
+void Scan_Water_Balance(Line_Scanner& wasser, Balance_View view,
+                        const std::function<void(const Water_Balance_Row&)>& row)
 {
     while (wasser.Find(Block_Anchor(view)) && wasser.Find(Rain_Anchor) && !wasser.At_End())
         row(Water_Block(wasser));
 }
 
-void Scan_Pesticide_Balance(Line_Scanner& chem, Balance_View view, bool active_substance, const std::function<void(const Pesticide_Balance_Row&)>& row)
+void Scan_Pesticide_Balance(Line_Scanner& chem, Balance_View view, bool active_substance,
+                            const std::function<void(const Pesticide_Balance_Row&)>& row)
 {
     while (chem.Find(Block_Anchor(view)) && !chem.At_End())
         row(Pesticide_Block(chem, active_substance));

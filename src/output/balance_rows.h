@@ -1,17 +1,20 @@
 #pragma once
 
-#include "tables/balance_tables.h"
 #include "output/line_scanner.h"
+#include "tables/balance_tables.h"
 
 #include <functional>
 
 namespace orvel {
 
-// Reads the rows of a balance out of the engine's files, a row per block: yearly or monthly. `row` is called for each. A block that the end of the
-// file cuts short gives a row with zeros for what is missing; a text that is missing inside a block is found in a later one.
-void Scan_Water_Balance(Line_Scanner& wasser, Balance_View view, const std::function<void(const Water_Balance_Row&)>& row);
+// Reads the rows of a balance out of the engine's files, a row per block: yearly or monthly. `row` is called for each.
+// A block that the end of the file cuts short gives a row with zeros for what is missing; a text that is missing inside
+// a block is found in a later one.
+void Scan_Water_Balance(Line_Scanner& wasser, Balance_View view,
+                        const std::function<void(const Water_Balance_Row&)>& row);
 
 // The volatilisation is that of the active substance; a metabolite's is part of its Diff_Storage.
-void Scan_Pesticide_Balance(Line_Scanner& chem, Balance_View view, bool active_substance, const std::function<void(const Pesticide_Balance_Row&)>& row);
+void Scan_Pesticide_Balance(Line_Scanner& chem, Balance_View view, bool active_substance,
+                            const std::function<void(const Pesticide_Balance_Row&)>& row);
 
 } // namespace orvel

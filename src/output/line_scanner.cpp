@@ -152,7 +152,8 @@ bool Line_Scanner::Find(const Anchor& anchor)
     for (;;) {
         const char* const from = Buffer.get() + Rest;
         const char* const hit = anchor.In(from, Buffer.get() + End);
-        const auto* before = static_cast<const char*>(::memrchr(from, '\n', static_cast<std::size_t>((hit ? hit : Buffer.get() + End) - from)));
+        const auto* before = static_cast<const char*>(
+            ::memrchr(from, '\n', static_cast<std::size_t>((hit ? hit : Buffer.get() + End) - from)));
         if (before)
             Rest = static_cast<std::size_t>(before - Buffer.get()) + 1;
         if (hit)

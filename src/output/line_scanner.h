@@ -10,7 +10,8 @@
 
 namespace orvel {
 
-// Engine files run to hundreds of megabytes: they are read once, through one window, and searched for the texts that mark what is wanted.
+// Engine files run to hundreds of megabytes: they are read once, through one window, and searched for the texts that
+// mark what is wanted.
 
 constexpr std::size_t Scan_Window = 512U << 10U;
 constexpr std::size_t Largest_Line = 512U << 10U; // a longer line is cut
@@ -41,12 +42,14 @@ private:
     std::size_t Rare;
 };
 
-// Walks forward over the lines of a file, which end in CR LF or LF. Where the window's borders fall makes no difference.
+// Walks forward over the lines of a file, which end in CR LF or LF. Where the window's borders fall makes no
+// difference.
 class Line_Scanner {
 public:
     // Throws File_Error if the file cannot be opened; so do the functions below if it cannot be read.
     explicit Line_Scanner(const std::filesystem::path& file, std::size_t window = Scan_Window);
-    static Line_Scanner Of_Bytes(std::string_view bytes, std::size_t window = Scan_Window); // the bytes outlive the scanner
+    static Line_Scanner Of_Bytes(std::string_view bytes,
+                                 std::size_t window = Scan_Window); // the bytes outlive the scanner
 
     Line_Scanner(Line_Scanner&& other) noexcept;
     Line_Scanner& operator=(Line_Scanner&&) = delete;

@@ -56,7 +56,8 @@ std::string Item_Text(const Plot_Column& column, int variable, std::string_view 
     return text;
 }
 
-// The names in the run's copy of its pesticide file, the third line of its run control file; those of a new document where it cannot be read.
+// The names in the run's copy of its pesticide file, the third line of its run control file; those of a new document
+// where it cannot be read.
 Per_Substance<std::string> Names_In_Run(const std::filesystem::path& run, std::string_view run_control)
 {
     const auto document = std::make_unique<Pesticide_Document>();
@@ -88,11 +89,13 @@ std::vector<int> Substances_Of_Rows(std::string_view run_control)
     lines.Next(); // the counts; the rows of the profile are more than the first of them
     std::vector<int> substances;
     while (!lines.At_End())
-        substances.push_back(static_cast<int>(std::clamp(Val(Columns(lines.Next(), Substance_First, Substance_Width)), 0.0, 9.0)));
+        substances.push_back(
+            static_cast<int>(std::clamp(Val(Columns(lines.Next(), Substance_First, Substance_Width)), 0.0, 9.0)));
     return substances;
 }
 
-std::vector<Parameter_Item> Parameters_Of(const Plot_Head& head, const std::vector<int>& substances, const Per_Substance<std::string>& names)
+std::vector<Parameter_Item> Parameters_Of(const Plot_Head& head, const std::vector<int>& substances,
+                                          const Per_Substance<std::string>& names)
 {
     std::vector<Parameter_Item> items;
     for (std::size_t i = 0; i < head.Columns.size(); ++i) {
@@ -100,7 +103,8 @@ std::vector<Parameter_Item> Parameters_Of(const Plot_Head& head, const std::vect
         if (variable == 0)
             continue;
         const int substance = i < substances.size() ? substances[i] : 0;
-        items.push_back({Item_Text(head.Columns[i], variable, names[static_cast<std::size_t>(substance)]), static_cast<int>(i) + 1, variable});
+        items.push_back({Item_Text(head.Columns[i], variable, names[static_cast<std::size_t>(substance)]),
+                         static_cast<int>(i) + 1, variable});
     }
     return items;
 }

@@ -43,7 +43,8 @@ std::vector<Plot_Column> Columns_Of(const Lines& lines, int count)
 {
     std::vector<Plot_Column> columns;
     std::string_view depths = lines[9];
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count) && Code_First + Plot_Value_Width * i <= lines[8].size(); ++i) {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count) && Code_First + Plot_Value_Width * i <= lines[8].size();
+         ++i) {
         auto& column = columns.emplace_back();
         column.Plot_Code = Columns(lines[8], Code_First + Plot_Value_Width * i, Code_Width);
         column.Plot_Depth = Val(Next_Token(depths));
@@ -67,7 +68,8 @@ Plot_Head Scan_Plot_Head(Line_Scanner& plot)
         lines[++read] = plot.Line();
     Plot_Head head;
     head.Whole = read == Head_Lines;
-    std::ranges::transform(Title_Lines, head.Titles.begin(), [&](std::size_t line) { return std::string(Trim(lines[line])); });
+    std::ranges::transform(Title_Lines, head.Titles.begin(),
+                           [&](std::size_t line) { return std::string(Trim(lines[line])); });
     head.Months = Count(lines[Count_Line], 1);
     head.N_Columns = Count(lines[Count_Line], Columns_First);
     head.N_Profile = Count(lines[Count_Line], Profile_First);

@@ -14,7 +14,8 @@ namespace orvel {
 constexpr std::size_t Plot_Value_Width = 10;
 constexpr std::size_t Plot_Series_First = 11; // 1-based column of the first value of a line
 
-// When a line was written: the running number of the day, and the hour, of which 24 closes the day. 0 where the line has no such number.
+// When a line was written: the running number of the day, and the hour, of which 24 closes the day. 0 where the line
+// has no such number.
 struct Plot_Moment {
     int Day = 0, Hour = 0;
 };

@@ -8,8 +8,9 @@
 
 namespace orvel {
 
-// Val for the millions of short numbers of an engine file: the same value for every text. A number of at most 19 digits below 2^53 whose power
-// of ten is exact needs one multiplication or division, which rounds once and so gives the nearest double; all others go the long way.
+// Val for the millions of short numbers of an engine file: the same value for every text. A number of at most 19 digits
+// below 2^53 whose power of ten is exact needs one multiplication or division, which rounds once and so gives the
+// nearest double; all others go the long way.
 inline double Quick_Val(std::string_view text)
 {
     constexpr std::array<double, 23> Powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,

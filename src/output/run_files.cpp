@@ -45,7 +45,8 @@ try {
     return std::nullopt;
 }
 
-std::string Write_Caches(const fs::path& run_directory, std::string_view first, std::string_view second, const Cache_Pair& bytes)
+std::string Write_Caches(const fs::path& run_directory, std::string_view first, std::string_view second,
+                         const Cache_Pair& bytes)
 try {
     Write_Whole(Found_Or_New(run_directory, first), bytes.First);
     Write_Whole(Found_Or_New(run_directory, second), bytes.Second);
@@ -75,7 +76,8 @@ void Table_Text::Head(const Plot_Head& head)
         Line(title, std::string(Margin) + title);
 }
 
-Reading_Progress::Reading_Progress(const Progress& progress, const std::vector<fs::path>& files) : Report_Progress(progress)
+Reading_Progress::Reading_Progress(const Progress& progress, const std::vector<fs::path>& files)
+    : Report_Progress(progress)
 {
     for (const auto& file : files) {
         std::error_code missing;

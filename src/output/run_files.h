@@ -1,7 +1,7 @@
 #pragma once
 
-#include "output/plot_file.h"
 #include "core/progress.h"
+#include "output/plot_file.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -22,20 +22,24 @@ struct Chem_File {
     std::string Label;  // "Pesticide", " Metab.A1" ...
 };
 
-// The active substance's file, be it there or not, then the files that are there for the metabolites A1 B1 C1 D1 A2 B2 C2 D2.
+// The active substance's file, be it there or not, then the files that are there for the metabolites A1 B1 C1 D1 A2 B2
+// C2 D2.
 std::vector<Chem_File> Chem_Files(const std::filesystem::path& run_directory);
 
-// Why no cache may be written from a run, a sentence: it is at work, has failed, or has no whole plot.orv. Empty if one may.
+// Why no cache may be written from a run, a sentence: it is at work, has failed, or has no whole plot.orv. Empty if one
+// may.
 std::string Why_No_Cache(const std::filesystem::path& run_directory, const Plot_Head& head);
 
 // The bytes of both files of a cache, if both are there and can be read.
 struct Cache_Pair {
     std::string First, Second;
 };
-std::optional<Cache_Pair> Read_Caches(const std::filesystem::path& run_directory, std::string_view first, std::string_view second);
+std::optional<Cache_Pair> Read_Caches(const std::filesystem::path& run_directory, std::string_view first,
+                                      std::string_view second);
 
 // Writes both files of a cache whole; gives the sentence to tell if that fails, else nothing.
-std::string Write_Caches(const std::filesystem::path& run_directory, std::string_view first, std::string_view second, const Cache_Pair& bytes);
+std::string Write_Caches(const std::filesystem::path& run_directory, std::string_view first, std::string_view second,
+                         const Cache_Pair& bytes);
 
 // A cached text as a window shows it.
 std::string Shown_Cache(std::string_view bytes);

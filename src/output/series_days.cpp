@@ -40,7 +40,8 @@ std::optional<Run_Day> End_Of_Run(const std::filesystem::path& directory)
     const auto session = std::make_unique<Session>();
     if (!Read_Single_Run(*session, directory))
         return std::nullopt;
-    const Run_Day end{0, static_cast<int>(std::clamp(session->Run.End_Day.Number(), 0.0, 31.0)), session->Run.End_Month, 0};
+    const Run_Day end{0, static_cast<int>(std::clamp(session->Run.End_Day.Number(), 0.0, 31.0)), session->Run.End_Month,
+                      0};
     return end.Day >= 1 && end.Month >= 1 && end.Month <= Months_Of_Year ? std::optional(end) : std::nullopt;
 }
 
@@ -68,10 +69,12 @@ void Series_Days::Refuse(const std::string& what) const
 void Series_Days::Find_Date(int number)
 {
     if (At && number != At->Number + 1)
-        Refuse("jumps from day " + std::to_string(At->Number) + " to day " + std::to_string(number) + " in line " + std::to_string(Line_Number));
+        Refuse("jumps from day " + std::to_string(At->Number) + " to day " + std::to_string(number) + " in line " +
+               std::to_string(Line_Number));
     const auto found = std::ranges::lower_bound(Calendar, number, {}, &Run_Day::Number);
     if (found == Calendar.end() || found->Number != number)
-        Refuse("has day " + std::to_string(number) + " in line " + std::to_string(Line_Number) + ", which the calendar datum.dat does not have");
+        Refuse("has day " + std::to_string(number) + " in line " + std::to_string(Line_Number) +
+               ", which the calendar datum.dat does not have");
     At = &*found;
 }
 
@@ -81,11 +84,13 @@ void Series_Days::Take_Line()
     const auto line = Plot.Line();
     const std::size_t width = Plot_Series_First - 1 + Plot_Value_Width * Means.size();
     if (line.size() < width || !Trim(line.substr(width)).empty())
-        Refuse("is damaged in line " + std::to_string(Line_Number) + ": it has not the " + std::to_string(Means.size()) + " values of the head");
+        Refuse("is damaged in line " + std::to_string(Line_Number) + ": it has not the " +
+               std::to_string(Means.size()) + " values of the head");
     for (std::size_t i = 0; i < Means.size(); ++i) {
         const auto value = Number_In(Columns(line, Plot_Series_First + Plot_Value_Width * i, Plot_Value_Width));
         if (!value)
-            Refuse("is damaged in line " + std::to_string(Line_Number) + ": value " + std::to_string(i + 1) + " is no number");
+            Refuse("is damaged in line " + std::to_string(Line_Number) + ": value " + std::to_string(i + 1) +
+                   " is no number");
         Means[i] += *value;
     }
 }
@@ -106,7 +111,8 @@ bool Series_Days::Next()
         if (lines == 0)
             Find_Date(Moment.Day);
         else if (Moment.Day != before.Day)
-            Refuse("leaves day " + std::to_string(before.Day) + " before its hour 24 in line " + std::to_string(Line_Number));
+            Refuse("leaves day " + std::to_string(before.Day) + " before its hour 24 in line " +
+                   std::to_string(Line_Number));
         if (Moment.Hour <= before.Hour || Moment.Hour > Last_Hour)
             Refuse("is damaged in line " + std::to_string(Line_Number) + ": its hours do not follow each other");
         Take_Line();
@@ -122,9 +128,11 @@ void Series_Days::Expect_Last_Day(const std::filesystem::path& directory) const
     const int years = (Titles.Months + Months_Of_Year - 1) / Months_Of_Year;
     const auto end = End_Of_Run(directory);
     const bool last_of_month = At + 1 == Calendar.data() + Calendar.size() || (At + 1)->Month != At->Month;
-    const bool on_end = !end || (At->Month == end->Month && (At->Day == end->Day || (last_of_month && At->Day < end->Day)));
+    const bool on_end =
+        !end || (At->Month == end->Month && (At->Day == end->Day || (last_of_month && At->Day < end->Day)));
     if (At->Year != years || !on_end)
-        Refuse("ends on " + Date_Text(*At) + ", which is not the end of its run of " + std::to_string(years) + " years");
+        Refuse("ends on " + Date_Text(*At) + ", which is not the end of its run of " + std::to_string(years) +
+               " years");
 }
 
 } // namespace orvel

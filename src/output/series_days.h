@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tables/daily_series.h"
 #include "output/plot_file.h"
+#include "tables/daily_series.h"
 
 #include <filesystem>
 #include <span>
@@ -10,8 +10,8 @@
 
 namespace orvel {
 
-// The days of plot.orv one by one, each with its date and its values. Nothing is guessed: a line that is damaged, a day that is missing or a file that
-// ends within a day is an error. Every function throws File_Error with a sentence.
+// The days of plot.orv one by one, each with its date and its values. Nothing is guessed: a line that is damaged, a day
+// that is missing or a file that ends within a day is an error. Every function throws File_Error with a sentence.
 class Series_Days {
 public:
     Series_Days(const std::filesystem::path& file, std::span<const Run_Day> calendar);

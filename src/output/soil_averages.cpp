@@ -54,7 +54,8 @@ int Substances_Of(const Plot_Head& head)
 {
     const int substances = head.N_Profile / Profile_Layers;
     if (substances > Substances || head.N_Profile > head.N_Columns)
-        throw File_Error("plot.orv tells of " + std::to_string(head.N_Profile) + " profile columns: at most " + std::to_string(Substances * Profile_Layers) +
+        throw File_Error("plot.orv tells of " + std::to_string(head.N_Profile) + " profile columns: at most " +
+                         std::to_string(Substances * Profile_Layers) +
                          " can be evaluated, and no more than there are columns.");
     return substances;
 }
@@ -69,7 +70,8 @@ void Soil_Averages::Add(double mean, bool closes_day)
     if (!closes_day)
         return;
     if (day > Last_Evaluated_Day)
-        throw File_Error("A simulation of more than " + std::to_string(Last_Evaluated_Day) + " days cannot be evaluated.");
+        throw File_Error("A simulation of more than " + std::to_string(Last_Evaluated_Day) +
+                         " days cannot be evaluated.");
     Sums.push_back(Sums.back() + mean);
 }
 
@@ -88,10 +90,12 @@ std::array<TWA_Maximum, TWA_Window.size()> Soil_Averages::Maxima() const
     return maxima;
 }
 
-std::vector<Soil_Averages> Scan_Soil_Profile(Line_Scanner& plot, const Plot_Head& head, int depth, const std::function<void(int)>& year)
+std::vector<Soil_Averages> Scan_Soil_Profile(Line_Scanner& plot, const Plot_Head& head, int depth,
+                                             const std::function<void(int)>& year)
 {
     std::vector<Soil_Averages> averages(static_cast<std::size_t>(Substances_Of(head)));
-    const auto profile = Plot_Series_First - 1 + Plot_Value_Width * static_cast<std::size_t>(head.N_Columns - head.N_Profile);
+    const auto profile =
+        Plot_Series_First - 1 + Plot_Value_Width * static_cast<std::size_t>(head.N_Columns - head.N_Profile);
     const int layers = std::min(depth, Profile_Layers);
     if (averages.empty() || !Pass_Warm_Up(plot))
         return averages;

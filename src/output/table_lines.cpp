@@ -14,7 +14,8 @@ constexpr std::string_view Gaps = " \t";
 std::vector<double> Line_Numbers(std::string_view line)
 {
     std::vector<double> numbers;
-    for (auto first = line.find_first_not_of(Gaps); first != std::string_view::npos; first = line.find_first_not_of(Gaps)) {
+    for (auto first = line.find_first_not_of(Gaps); first != std::string_view::npos;
+         first = line.find_first_not_of(Gaps)) {
         line.remove_prefix(first);
         const auto word = line.substr(0, line.find_first_of(Gaps));
         numbers.push_back(Val(word));
@@ -26,7 +27,8 @@ std::vector<double> Line_Numbers(std::string_view line)
 std::string_view Trim_Tabs(std::string_view line)
 {
     const auto first = line.find_first_not_of(Gaps);
-    return first == std::string_view::npos ? std::string_view() : line.substr(first, line.find_last_not_of(Gaps) - first + 1);
+    return first == std::string_view::npos ? std::string_view()
+                                           : line.substr(first, line.find_last_not_of(Gaps) - first + 1);
 }
 
 std::vector<std::string_view> Line_Cells(std::string_view line)

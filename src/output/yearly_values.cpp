@@ -13,8 +13,10 @@ constexpr Anchor Year_Anchor("ANNUAL");
 
 } // namespace
 
-const Leachate_Layout Water_Layout = {Anchor("HORIZON   COMPARTMENT"), 13, 3, 73, 13, Anchor("RECHARGE BELOW CORE"), 36, 20, 10};
-const Leachate_Layout Chem_Layout = {Anchor("RIZON PARTMENT"), 10, 3, 98, 11, Anchor("PESTICIDE LEACHED BELOW CORE"), 37, 20, 1000};
+const Leachate_Layout Water_Layout = {Anchor("HORIZON   COMPARTMENT"), 13, 3,  73, 13,
+                                      Anchor("RECHARGE BELOW CORE"),   36, 20, 10};
+const Leachate_Layout Chem_Layout = {
+    Anchor("RIZON PARTMENT"), 10, 3, 98, 11, Anchor("PESTICIDE LEACHED BELOW CORE"), 37, 20, 1000};
 
 void Yearly_Values::Read_To(std::size_t years)
 {

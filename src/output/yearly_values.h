@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tables/leachate_tables.h"
 #include "output/line_scanner.h"
+#include "tables/leachate_tables.h"
 
 #include <array>
 #include <cstddef>
@@ -20,11 +20,15 @@ struct Leachate_Layout {
 extern const Leachate_Layout Water_Layout; // Wasser.orv: percolate, L/m2
 extern const Leachate_Layout Chem_Layout;  // chem*.orv: leached mass, g/ha
 
-// Reads the yearly values of both depths in one pass. Each depth searches for itself, as if it read the file alone: a text that is missing in one year's
-// block is found in a later one. A year in whose reading the file ended is none.
+// Reads the yearly values of both depths in one pass. Each depth searches for itself, as if it read the file alone: a
+// text that is missing in one year's block is found in a later one. A year in whose reading the file ended is none.
 class Yearly_Values {
 public:
-    Yearly_Values(Line_Scanner file, const Leachate_Layout& layout, int top_layers) : File(std::move(file)), Layout(layout), Top_Layers(top_layers) {}
+    Yearly_Values(Line_Scanner file, const Leachate_Layout& layout, int top_layers)
+        : File(std::move(file)),
+          Layout(layout),
+          Top_Layers(top_layers)
+    {}
 
     // Reads on until both depths have `years` years or the file has ended.
     void Read_To(std::size_t years);

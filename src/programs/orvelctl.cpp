@@ -1,11 +1,12 @@
-// The same system without windows, for scripts, batch servers and tests: every command is a call of the rules and a print.
+// The same system without windows, for scripts, batch servers and tests: every command is a call of the rules and a
+// print.
 #include "programs/orvelctl.h"
 
 #include "core/code_page.h"
 #include "core/error.h"
-#include "installation/lay_out.h"
 #include "core/system/spawn.h"
 #include "documents/documents.h"
+#include "installation/lay_out.h"
 
 #include <iostream>
 #include <memory>
@@ -29,7 +30,10 @@ std::string Bytes_Of(const std::string& word)
 
 void Add_Mode(CLI::App* command, std::string& mode)
 {
-    command->add_option("--mode", mode)->required()->check(CLI::IsMember({"focus", "efsa", "efsa_t4"}))->option_text("focus|efsa|efsa_t4");
+    command->add_option("--mode", mode)
+        ->required()
+        ->check(CLI::IsMember({"focus", "efsa", "efsa_t4"}))
+        ->option_text("focus|efsa|efsa_t4");
 }
 
 Progress Shown_Progress()
@@ -50,7 +54,8 @@ void Clear_Progress()
 
 int Paint(const std::vector<std::string>& words)
 {
-    const int process = Start_Program({.Program = Program_Beside("orvelpaint"), .Arguments = words, .Directory = std::filesystem::current_path()});
+    const int process = Start_Program(
+        {.Program = Program_Beside("orvelpaint"), .Arguments = words, .Directory = std::filesystem::current_path()});
     int status = 0;
     ::waitpid(process, &status, 0);
     return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Done : Refused;
@@ -99,11 +104,14 @@ void Add_Init(CLI::App& app, Command& command)
 
 void Add_Convert(CLI::App& app, Command& command)
 {
-    auto* convert = app.add_subcommand("convert", "Opens a document (.psm, .sze, .cli) and saves it, with no edit in between");
+    auto* convert =
+        app.add_subcommand("convert", "Opens a document (.psm, .sze, .cli) and saves it, with no edit in between");
     const auto from = std::make_shared<std::string>(), to = std::make_shared<std::string>();
     convert->add_option("IN", *from)->required();
     convert->add_option("OUT", *to)->required();
-    convert->callback([=, &command] { command = [=](Session& session) { return Convert_Document(session, *from, *to) ? Done : Refused; }; });
+    convert->callback([=, &command] {
+        command = [=](Session& session) { return Convert_Document(session, *from, *to) ? Done : Refused; };
+    });
 }
 
 void Add_Show(CLI::App& app, Command& command)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/session.h"
 #include "core/progress.h"
+#include "core/session.h"
 
 #include <CLI/CLI.hpp>
 #include <functional>
@@ -33,7 +33,8 @@ void Add_Mode(CLI::App* command, std::string& mode);
 Progress Shown_Progress();
 void Clear_Progress();
 
-// Lets orvelpaint, a program of its own, paint what its words say, so that this one starts without a window system's libraries. It tells its failures.
+// Lets orvelpaint, a program of its own, paint what its words say, so that this one starts without a window system's
+// libraries. It tells its failures.
 int Paint(const std::vector<std::string>& words);
 
 // tables, balance, pecsoil

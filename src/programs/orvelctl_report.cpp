@@ -34,7 +34,8 @@ int Do_Report(Session& session, const Report_Words& words)
 {
     Find_Engine(session);
     const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
-    const auto requests = Request_Summaries(session, *Mode_Named(words.Mode), Bytes_Of(words.Stem), Bytes_Of(words.Crop), Codes_In(words.Codes));
+    const auto requests = Request_Summaries(session, *Mode_Named(words.Mode), Bytes_Of(words.Stem),
+                                            Bytes_Of(words.Crop), Codes_In(words.Codes));
     if (words.File.empty() || ending == ".txt")
         return Do_Text(session, requests, words.File);
     const bool is_pdf = ending == ".pdf";
@@ -45,7 +46,8 @@ int Do_Report(Session& session, const Report_Words& words)
     for (const auto& note : report->Notes)
         Tell("Report", note);
     if (is_pdf)
-        return Paint({"report", session.Program.App_Path.string(), words.Mode, words.Stem, words.Crop, words.Codes, words.File});
+        return Paint(
+            {"report", session.Program.App_Path.string(), words.Mode, words.Stem, words.Crop, words.Codes, words.File});
     Write_Whole(words.File, Report_In_Form(*report, words.File));
     return Done;
 }
@@ -54,7 +56,8 @@ int Do_Report(Session& session, const Report_Words& words)
 
 void Add_Report_Command(CLI::App& app, Command& command)
 {
-    auto* report = app.add_subcommand("report", "Print or save the summary report over all locations of a pesticide and crop");
+    auto* report =
+        app.add_subcommand("report", "Print or save the summary report over all locations of a pesticide and crop");
     const auto words = std::make_shared<Report_Words>();
     Add_Mode(report, words->Mode);
     report->add_option("--pesticide", words->Stem)->required()->option_text("STEM");

@@ -1,8 +1,8 @@
 #include "core/code_page.h"
 #include "core/text.h"
+#include "output/echo_file.h"
 #include "programs/orvelctl.h"
 #include "tables/balance_tables.h"
-#include "output/echo_file.h"
 #include "tables/leachate_tables.h"
 #include "tables/soil_concentrations.h"
 
@@ -24,9 +24,11 @@ int Print_Text(std::string_view text, std::string_view failure, std::string_view
 }
 
 // The same of a run: what a failed one left ends early too.
-int Print_Table(const std::string& directory, std::string_view text, std::string_view failure, std::string_view not_kept)
+int Print_Table(const std::string& directory, std::string_view text, std::string_view failure,
+                std::string_view not_kept)
 {
-    return Print_Text(text, failure.empty() && Simulation_Failed(directory) ? Simulation_Failed_Text : failure, not_kept);
+    return Print_Text(text, failure.empty() && Simulation_Failed(directory) ? Simulation_Failed_Text : failure,
+                      not_kept);
 }
 
 int Do_Tables(const std::string& directory)
@@ -37,7 +39,8 @@ int Do_Tables(const std::string& directory)
 
 int Do_Balance(const std::string& directory, bool monthly)
 {
-    const auto tables = Build_Or_Load_Balance(directory, monthly ? Balance_View::Monthly : Balance_View::Annual, Shown_Progress());
+    const auto tables =
+        Build_Or_Load_Balance(directory, monthly ? Balance_View::Monthly : Balance_View::Annual, Shown_Progress());
     return Print_Table(directory, tables.Water_Text + tables.Pesticide_Text, tables.Failure, tables.Not_Cached);
 }
 
@@ -54,7 +57,8 @@ void Add_Run_Directory(CLI::App* command, std::string& directory)
 
 void Add_Tables(CLI::App& app, Command& command)
 {
-    auto* tables = app.add_subcommand("tables", "Print a run's average concentrations in leachate, by year and by period");
+    auto* tables =
+        app.add_subcommand("tables", "Print a run's average concentrations in leachate, by year and by period");
     const auto directory = std::make_shared<std::string>();
     Add_Run_Directory(tables, *directory);
     tables->callback([=, &command] { command = [=](Session&) { return Do_Tables(*directory); }; });
@@ -72,11 +76,15 @@ void Add_Balance(CLI::App& app, Command& command)
 
 void Add_Pecsoil(CLI::App& app, Command& command)
 {
-    auto* pecsoil = app.add_subcommand("pecsoil", "Print a run's concentrations in soil, actual and averaged over time");
+    auto* pecsoil =
+        app.add_subcommand("pecsoil", "Print a run's concentrations in soil, actual and averaged over time");
     const auto directory = std::make_shared<std::string>();
     const auto depth = std::make_shared<int>(0);
     Add_Run_Directory(pecsoil, *directory);
-    pecsoil->add_option("--depth", *depth, "Depth in layers")->required()->check(CLI::Range(1, 1000))->option_text("LAYERS");
+    pecsoil->add_option("--depth", *depth, "Depth in layers")
+        ->required()
+        ->check(CLI::Range(1, 1000))
+        ->option_text("LAYERS");
     pecsoil->callback([=, &command] { command = [=](Session&) { return Do_Pecsoil(*directory, *depth); }; });
 }
 

@@ -1,6 +1,6 @@
 #include "core/code_page.h"
-#include "programs/orvelctl.h"
 #include "jobs/run_commands.h"
+#include "programs/orvelctl.h"
 
 #include <cstdio>
 #include <iostream>
@@ -49,9 +49,12 @@ void Add_Mark(CLI::App& app, Command& command)
     mark->add_option("--crop", words->Crop)->required()->option_text("TEXT");
     auto* location = mark->add_option("--location", words->Location)->option_text("TEXT");
     auto* all = mark->add_flag("--all", words->All, "All locations that the crop offers")->excludes(location);
-    mark->add_option("--output", words->Output)->check(CLI::IsMember({"minimum", "recommended"}))->option_text("minimum|recommended");
+    mark->add_option("--output", words->Output)
+        ->check(CLI::IsMember({"minimum", "recommended"}))
+        ->option_text("minimum|recommended");
     auto* tillage = mark->add_option("--tillage", words->Tillage, "Tillage depth, 1 to 40")->option_text("CM");
-    auto* scaling = mark->add_option("--scaling", words->Scaling, "Added to the temperatures, -5 to 5")->option_text("VALUE");
+    auto* scaling =
+        mark->add_option("--scaling", words->Scaling, "Added to the temperatures, -5 to 5")->option_text("VALUE");
     mark->add_flag("--replace", words->Replace, "Replace the results of an earlier run");
     mark->callback([=, &command] {
         if (location->count() + all->count() == 0)
@@ -77,7 +80,10 @@ int Do_Start(Session& session, const Mode& mode, int jobs, bool wait)
         return Start(session, mode, jobs) ? Done : Refused;
     // On a terminal the progress stays on one line; a log gets a line from time to time.
     const bool terminal = ::isatty(STDERR_FILENO) != 0;
-    const Progress_Report report{.Tell = [terminal](const std::string& text) { std::cerr << (terminal ? "\r" : "") << text << (terminal ? "\033[K" : "\n"); },
+    const Progress_Report report{.Tell =
+                                     [terminal](const std::string& text) {
+                                         std::cerr << (terminal ? "\r" : "") << text << (terminal ? "\033[K" : "\n");
+                                     },
                                  .Interval = terminal ? std::chrono::milliseconds(300) : std::chrono::seconds(5)};
     if (terminal)
         session.Ask = [ask = session.Ask](const Message& message) {
@@ -97,9 +103,13 @@ void Add_Start(CLI::App& app, Command& command)
     const auto jobs = std::make_shared<int>(0);
     const auto wait = std::make_shared<bool>(false);
     Add_Mode(start, *mode);
-    start->add_option("--jobs", *jobs, "Runs at a time, one per processor if not given")->check(CLI::Range(1, 4096))->option_text("N");
+    start->add_option("--jobs", *jobs, "Runs at a time, one per processor if not given")
+        ->check(CLI::Range(1, 4096))
+        ->option_text("N");
     start->add_flag("--wait", *wait, "Show progress and return when the job has ended");
-    start->callback([=, &command] { command = [=](Session& session) { return Do_Start(session, *Mode_Named(*mode), *jobs, *wait); }; });
+    start->callback([=, &command] {
+        command = [=](Session& session) { return Do_Start(session, *Mode_Named(*mode), *jobs, *wait); };
+    });
 }
 
 int Do_Status(const Session& session, const Mode& mode, bool json)
@@ -116,7 +126,8 @@ void Add_Status(CLI::App& app, Command& command)
     const auto json = std::make_shared<bool>(false);
     Add_Mode(status, *mode);
     status->add_flag("--json", *json);
-    status->callback([=, &command] { command = [=](Session& session) { return Do_Status(session, *Mode_Named(*mode), *json); }; });
+    status->callback(
+        [=, &command] { command = [=](Session& session) { return Do_Status(session, *Mode_Named(*mode), *json); }; });
 }
 
 } // namespace

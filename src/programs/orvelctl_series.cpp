@@ -1,12 +1,12 @@
-#include "tables/daily_diagram.h"
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/output_variables.h"
 #include "core/text.h"
-#include "programs/orvelctl.h"
-#include "output/parameter_list.h"
-#include "tables/series.h"
 #include "evaluation/utility_table.h"
+#include "output/parameter_list.h"
+#include "programs/orvelctl.h"
+#include "tables/daily_diagram.h"
+#include "tables/series.h"
 
 #include <iostream>
 #include <memory>
@@ -26,7 +26,9 @@ struct Series_Words {
 std::optional<Run_Month> Month_Of(const std::string& text)
 {
     const auto dash = text.find('-');
-    const Run_Month month{dash == std::string::npos ? 0 : static_cast<int>(Val(std::string_view(text).substr(dash + 1))), static_cast<int>(Val(text))};
+    const Run_Month month{dash == std::string::npos ? 0
+                                                    : static_cast<int>(Val(std::string_view(text).substr(dash + 1))),
+                          static_cast<int>(Val(text))};
     return month.Month >= 1 && month.Month <= 12 && month.Year >= 1 ? std::optional(month) : std::nullopt;
 }
 
@@ -63,7 +65,8 @@ std::string Item_Of(const std::string& run, const Plot_Column& column, int numbe
 }
 
 // The words by which the picture is painted.
-std::vector<std::string> Paint_Words(const Session& session, const Series_Words& words, const Daily_Request& request, const std::string& item)
+std::vector<std::string> Paint_Words(const Session& session, const Series_Words& words, const Daily_Request& request,
+                                     const std::string& item)
 {
     const auto month = [](const Run_Month& at) { return std::to_string(at.Year) + "-" + std::to_string(at.Month); };
     return {"series",
@@ -82,7 +85,8 @@ int Do_Series(const Session& session, const Series_Words& words)
 {
     const Plot_Head head = Read_Plot_Head(words.Run);
     if (!head.Whole || words.Column > head.N_Columns || static_cast<std::size_t>(words.Column) > head.Columns.size()) {
-        Tell("File check", head.Whole ? "The run has " + std::to_string(head.N_Columns) + " columns only." : "The run has no plot.orv.");
+        Tell("File check", head.Whole ? "The run has " + std::to_string(head.N_Columns) + " columns only."
+                                      : "The run has no plot.orv.");
         return Refused;
     }
     const bool single = !Is_Of_A_Batch(words.Run);
@@ -97,7 +101,8 @@ int Do_Series(const Session& session, const Series_Words& words)
         return Refused;
     }
     const Plot_Column& column = head.Columns[static_cast<std::size_t>(words.Column) - 1];
-    const Daily_Request request{.Variable = Output_Variable_Number(column.Plot_Code), .Cumulative = words.Cumulative, .From = *from, .To = *to};
+    const Daily_Request request{
+        .Variable = Output_Variable_Number(column.Plot_Code), .Cumulative = words.Cumulative, .From = *from, .To = *to};
     const std::string item = Item_Of(words.Run, column, words.Column);
     const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
     if (ending == ".svg" || ending == ".png" || ending == ".pdf")
@@ -105,7 +110,9 @@ int Do_Series(const Session& session, const Series_Words& words)
     const auto series = Read_Daily_Series(session, words.Run, single, words.Column, request);
     const std::string title = Daily_Title(request, item);
     if (words.File.empty()) {
-        Write_Csv(series, title, [](const std::string& piece) { std::cout.write(piece.data(), static_cast<std::streamsize>(piece.size())); });
+        Write_Csv(series, title, [](const std::string& piece) {
+            std::cout.write(piece.data(), static_cast<std::streamsize>(piece.size()));
+        });
         return std::cout.flush() ? Done : Refused;
     }
     std::string csv;
@@ -121,7 +128,10 @@ void Add_Series_Command(CLI::App& app, Command& command)
     auto* series = app.add_subcommand("series", "Print one series of a run's plot.orv, or save it as a picture");
     const auto words = std::make_shared<Series_Words>();
     series->add_option("RUNDIR", words->Run)->required();
-    series->add_option("--column", words->Column, "Value column, from 1")->required()->check(CLI::Range(1, 10000))->option_text("N");
+    series->add_option("--column", words->Column, "Value column, from 1")
+        ->required()
+        ->check(CLI::Range(1, 10000))
+        ->option_text("N");
     series->add_flag("--cumulative", words->Cumulative);
     series->add_option("--from", words->From)->option_text("YYYY-MM");
     series->add_option("--to", words->To)->option_text("YYYY-MM");

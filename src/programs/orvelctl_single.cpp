@@ -1,6 +1,6 @@
 #include "files/scenario_file.h"
-#include "programs/orvelctl.h"
 #include "output/echo_file.h"
+#include "programs/orvelctl.h"
 #include "runs/single_run.h"
 #include "runs/start_up.h"
 
@@ -34,7 +34,9 @@ void Take_Date(const std::string& text, std::string& day, int& month_index)
 
 Single_Run_Entry Entry_Of(const Single_Words& words)
 {
-    Single_Run_Entry entry{.Pesticide = Bytes_Of(words.Pesticide), .Scenario = Bytes_Of(words.Scenario), .Years = std::to_string(words.Years)};
+    Single_Run_Entry entry{.Pesticide = Bytes_Of(words.Pesticide),
+                           .Scenario = Bytes_Of(words.Scenario),
+                           .Years = std::to_string(words.Years)};
     for (const std::string& climate : words.Climates)
         entry.Climates.push_back(Bytes_Of(climate));
     Take_Date(words.From, entry.Start_Day, entry.Start_Month_Index);
@@ -46,7 +48,8 @@ int Wait_For_End(const std::filesystem::path& directory, int years)
 {
     constexpr std::chrono::milliseconds Pause(200);
     std::string told;
-    for (auto state = State_Of_Single_Run(directory, years); state.Running; state = State_Of_Single_Run(directory, years)) {
+    for (auto state = State_Of_Single_Run(directory, years); state.Running;
+         state = State_Of_Single_Run(directory, years)) {
         if (state.Text != told)
             std::cerr << (told = state.Text) << '\n';
         std::this_thread::sleep_for(Pause);
@@ -58,13 +61,15 @@ int Wait_For_End(const std::filesystem::path& directory, int years)
     return Refused;
 }
 
-// Runs in the current directory with the installation's engine. Earlier output goes to an archive, so that nothing is lost.
+// Runs in the current directory with the installation's engine. Earlier output goes to an archive, so that nothing is
+// lost.
 int Do_Single(Session& session, const Single_Words& words)
 {
     const auto directory = std::filesystem::current_path();
     const Single_Run_Entry entry = Entry_Of(words);
     Find_Engine(session);
-    if (Find_File(directory, Path_Of(entry.Scenario)) && !Read_SZE(session, Found_Or_New(directory, Path_Of(entry.Scenario))))
+    if (Find_File(directory, Path_Of(entry.Scenario)) &&
+        !Read_SZE(session, Found_Or_New(directory, Path_Of(entry.Scenario))))
         return Refused;
     if (const auto refusal = Check_Single_Run(session, directory, entry)) {
         session.Ask(refusal->Text);

@@ -1,4 +1,5 @@
-// The job runner: orveljob [--jobs N] [--lock DESCRIPTOR] MODE_DIRECTORY runs the job file of a mode directory and keeps its log.
+// The job runner: orveljob [--jobs N] [--lock DESCRIPTOR] MODE_DIRECTORY runs the job file of a mode directory and
+// keeps its log.
 #include "core/error.h"
 #include "core/system/lock.h"
 #include "jobs/job.h"

@@ -1,15 +1,16 @@
 // Paints what orvelctl was asked for: a series of a run as a picture, or the report as a document.
 //   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE    with months as YEAR-MONTH
-//   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE                              with codes parted by commas, or none
-#include "tables/daily_diagram.h"
+//   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE                              with codes parted by commas,
+//   or none
 #include "charts/painting/chart_files.h"
 #include "core/code_page.h"
 #include "core/error.h"
 #include "core/numbers.h"
-#include "report/painting/report_files.h"
-#include "tables/series.h"
 #include "evaluation/utility_table.h"
+#include "report/painting/report_files.h"
 #include "runs/start_up.h"
+#include "tables/daily_diagram.h"
+#include "tables/series.h"
 
 #include <iostream>
 #include <memory>
@@ -30,9 +31,12 @@ Run_Month Month_Of(const std::string& text)
 
 void Paint_Series(Session& session, const Arguments& arguments)
 {
-    const Daily_Request request{
-        .Variable = static_cast<int>(Val(arguments[4])), .Cumulative = arguments[5] == "1", .From = Month_Of(arguments[6]), .To = Month_Of(arguments[7])};
-    const Daily_Series series = Read_Daily_Series(session, arguments[1], !Is_Of_A_Batch(arguments[1]), static_cast<int>(Val(arguments[2])), request);
+    const Daily_Request request{.Variable = static_cast<int>(Val(arguments[4])),
+                                .Cumulative = arguments[5] == "1",
+                                .From = Month_Of(arguments[6]),
+                                .To = Month_Of(arguments[7])};
+    const Daily_Series series = Read_Daily_Series(session, arguments[1], !Is_Of_A_Batch(arguments[1]),
+                                                  static_cast<int>(Val(arguments[2])), request);
     Save_Chart(Daily_Diagram(series, request, arguments[3], X_Unit::Years), arguments[8]);
 }
 
@@ -40,7 +44,8 @@ void Paint_Report(Session& session, const Arguments& arguments)
 {
     Find_Engine(session);
     const auto bytes = [](const std::string& word) { return From_Utf8(word).value_or(""); };
-    const auto requests = Request_Summaries(session, *Mode_Named(arguments[1]), bytes(arguments[2]), bytes(arguments[3]), Codes_In(arguments[4]));
+    const auto requests = Request_Summaries(session, *Mode_Named(arguments[1]), bytes(arguments[2]),
+                                            bytes(arguments[3]), Codes_In(arguments[4]));
     Save_Report(session, requests, arguments[5]);
 }
 

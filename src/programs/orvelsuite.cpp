@@ -1,8 +1,8 @@
 // The desktop program. It is started in its installation directory and takes no command line.
-#include "ui/forms/dark_outlines.h"
 #include "desktop/forms/start.h"
-#include "ui/forms/widgets.h"
 #include "runs/start_up.h"
+#include "ui/forms/dark_outlines.h"
+#include "ui/forms/widgets.h"
 
 #include <iostream>
 #include <memory>

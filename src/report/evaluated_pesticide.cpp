@@ -1,8 +1,8 @@
 #include "report/evaluated_pesticide.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "files/pesticide_file.h"
-#include "core/code_page.h"
 
 namespace orvel {
 

@@ -6,10 +6,10 @@
 #include "core/sha256.h"
 #include "core/text.h"
 #include "files/pesticide_file.h"
-#include "tables/leachate_text.h"
-#include "report/report_chart.h"
-#include "jobs/run_tree.h"
 #include "jobs/job_status.h"
+#include "jobs/run_tree.h"
+#include "report/report_chart.h"
+#include "tables/leachate_text.h"
 
 #include <algorithm>
 #include <memory>
@@ -23,7 +23,8 @@ namespace {
 constexpr int Conc_Decimals = 3, Figure_Width = 12;
 constexpr std::string_view Not_Regulatory = "not for regulatory use";
 
-// A file of a directory, found in any case, with its digest. Nothing is left empty without being seen: a name without a digest is told.
+// A file of a directory, found in any case, with its digest. Nothing is left empty without being seen: a name without a
+// digest is told.
 Checked_File Checked(const fs::path& directory, const fs::path& name)
 {
     const fs::path file = Found_Or_New(directory, name);
@@ -72,7 +73,9 @@ std::string Problem_Of(const fs::path& directory)
 
 Report_Run Run_Of(const Summary_Location& location, const std::string& stem)
 {
-    Report_Run run{.Location = location.Text, .Problem = Problem_Of(location.Directory), .Date = Date_Of_Simulation(location.Directory)};
+    Report_Run run{.Location = location.Text,
+                   .Problem = Problem_Of(location.Directory),
+                   .Date = Date_Of_Simulation(location.Directory)};
     run.Pesticide = Checked(location.Directory, Path_Of(stem + ".psm"));
     run.Scenario = First_Checked(location.Directory, "*.sze");
     run.Run_Control = Checked(location.Directory, "orvel.inp");
@@ -90,7 +93,8 @@ std::vector<std::string> Names_Of(const Leachate_Tables& tables)
     return names;
 }
 
-// The figures as period.orv prints them, so that they do not depend on whether it was there before, and the limit's mark never disagrees with the table.
+// The figures as period.orv prints them, so that they do not depend on whether it was there before, and the limit's
+// mark never disagrees with the table.
 Leachate_Row Printed(const Leachate_Row& row)
 {
     const auto figure = [](double value) { return Val(Number_Text('F', value, Figure_Width)); };
@@ -100,7 +104,10 @@ Leachate_Row Printed(const Leachate_Row& row)
 // Gathers one crop. The summary goes with it, since the diagrams are drawn from that.
 class Crop_Gathering {
 public:
-    Crop_Gathering(const Summary_Request& asked, Report_Crop& gathered) : Request(asked), Crop(gathered) { Crop.Name = asked.Crop; }
+    Crop_Gathering(const Summary_Request& asked, Report_Crop& gathered) : Request(asked), Crop(gathered)
+    {
+        Crop.Name = asked.Crop;
+    }
 
     // False: the user stopped it.
     bool Gather(const Progress& progress)
@@ -125,7 +132,8 @@ private:
         const auto tables = Build_Or_Load(
             location.Directory,
             [&](const std::string& message, double share) {
-                stopped = progress && !progress(message, (static_cast<double>(Crop.Runs.size()) - 1 + share) / static_cast<double>(Request.Locations.size()));
+                stopped = progress && !progress(message, (static_cast<double>(Crop.Runs.size()) - 1 + share) /
+                                                             static_cast<double>(Request.Locations.size()));
                 return !stopped;
             },
             Period_Index);
@@ -169,9 +177,11 @@ private:
         const auto selected = [&](int number) {
             if (number < 1 || static_cast<std::size_t>(number) > periods.Rows.size())
                 return Selected_Period();
-            return Selected_Period{number, Years_Of_Period(number, period_index), Printed(periods.Rows[static_cast<std::size_t>(number) - 1]).Conc};
+            return Selected_Period{number, Years_Of_Period(number, period_index),
+                                   Printed(periods.Rows[static_cast<std::size_t>(number) - 1]).Conc};
         };
-        Report_Result result{Crop.Runs.size() - 1, Printed(periods.Result.P80), selected(periods.Result.A), selected(periods.Result.B)};
+        Report_Result result{Crop.Runs.size() - 1, Printed(periods.Result.P80), selected(periods.Result.A),
+                             selected(periods.Result.B)};
         result.Above_Limit = result.P80.Conc > Drinking_Water_Limit;
         return result;
     }
@@ -190,7 +200,8 @@ std::string List_Of(const std::vector<std::string>& names)
     return text;
 }
 
-// Adds a note on locations, by their crops: "BEGINNING: Hamburg (H); Porto (O)." `places` gives those of the crop at a place among the crops.
+// Adds a note on locations, by their crops: "BEGINNING: Hamburg (H); Porto (O)." `places` gives those of the crop at a
+// place among the crops.
 template <class Places> void Note_Places(Report& report, std::string_view beginning, Places places)
 {
     std::string note;
@@ -227,14 +238,16 @@ void Note_Problems(Report& report)
         }
     }
     for (const auto& problem : problems)
-        Note_Runs(report, problem.substr(0, problem.size() - 1), [&](const Report_Run& run) { return run.Problem == problem; });
+        Note_Runs(report, problem.substr(0, problem.size() - 1),
+                  [&](const Report_Run& run) { return run.Problem == problem; });
 }
 
 // The engine is known by the file of the installation: one that is newer than a run cannot have made it.
 void Note_Engine(const Session& session, const std::vector<Summary_Request>& crops, Report& report)
 {
     std::error_code missing;
-    const auto engine_time = fs::last_write_time(Found_Or_New(session.Program.App_Path, Path_Of(session.Program.Engine_Exe)), missing);
+    const auto engine_time =
+        fs::last_write_time(Found_Or_New(session.Program.App_Path, Path_Of(session.Program.Engine_Exe)), missing);
     const bool no_engine = session.Program.Engine_Exe.empty() || missing || report.Engine_File.Sha256.empty();
     if (no_engine)
         report.Notes.push_back("The engine is not in the installation any more: its checksum cannot be given.");
@@ -246,28 +259,38 @@ void Note_Engine(const Session& session, const std::vector<Summary_Request>& cro
         }
     }
     if (newer)
-        report.Notes.push_back("The engine's file is newer than some of the simulations: its checksum need not be that of the engine that computed them.");
+        report.Notes.push_back("The engine's file is newer than some of the simulations: its checksum need not be that "
+                               "of the engine that computed them.");
 }
 
 void Note_Inputs(const Session& session, Report& report)
 {
     const auto present = Checked(session.Program.App_Path, Path_Of(report.Pesticide + ".psm"));
     Note_Runs(report, "The pesticide file of the installation differs from the one that was simulated",
-              [&](const Report_Run& run) { return !present.Sha256.empty() && !run.Pesticide.Sha256.empty() && run.Pesticide.Sha256 != present.Sha256; });
+              [&](const Report_Run& run) {
+                  return !present.Sha256.empty() && !run.Pesticide.Sha256.empty() &&
+                         run.Pesticide.Sha256 != present.Sha256;
+              });
     Note_Runs(report, "The pesticide file that was simulated is missing",
               [](const Report_Run& run) { return !run.Pesticide.Name.empty() && run.Pesticide.Sha256.empty(); });
-    Note_Runs(report, "No year was evaluated, since the six years of warm-up do not count",
-              [](const Report_Run& run) { return run.Problem.empty() && run.Years <= static_cast<int>(Warm_Up_Years); });
-    Note_Runs(report, "Data of these simulations are marked \"" + std::string(Not_Regulatory) + "\"", [](const Report_Run& run) {
-        return std::ranges::any_of(run.Titles, [](const std::string& title) { return Contains(Lower(title), Not_Regulatory); });
+    Note_Runs(report, "No year was evaluated, since the six years of warm-up do not count", [](const Report_Run& run) {
+        return run.Problem.empty() && run.Years <= static_cast<int>(Warm_Up_Years);
     });
+    Note_Runs(report, "Data of these simulations are marked \"" + std::string(Not_Regulatory) + "\"",
+              [](const Report_Run& run) {
+                  return std::ranges::any_of(
+                      run.Titles, [](const std::string& title) { return Contains(Lower(title), Not_Regulatory); });
+              });
 }
 
 } // namespace
 
-std::optional<Report> Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made, const Progress& progress)
+std::optional<Report> Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made,
+                                    const Progress& progress)
 {
-    Report report{.Title = "Leaching to groundwater: summary report", .Program = session.Program.Aktuelle_ORVELSUITE_Version, .Made = Date_Text(made)};
+    Report report{.Title = "Leaching to groundwater: summary report",
+                  .Program = session.Program.Aktuelle_ORVELSUITE_Version,
+                  .Made = Date_Text(made)};
     for (std::size_t i = 0; i < crops.size(); ++i) {
         report.Engine = crops[i].Model_Version;
         report.Pesticide = crops[i].Pesticide;
@@ -280,7 +303,8 @@ std::optional<Report> Gather_Report(const Session& session, const std::vector<Su
     if (!session.Program.Engine_Exe.empty())
         report.Engine_File = Checked(session.Program.App_Path, Path_Of(session.Program.Engine_Exe));
     Note_Problems(report);
-    Note_Places(report, "Further locations of the crop, not simulated", [&](std::size_t crop) { return List_Of(crops[crop].Absent); });
+    Note_Places(report, "Further locations of the crop, not simulated",
+                [&](std::size_t crop) { return List_Of(crops[crop].Absent); });
     Note_Engine(session, crops, report);
     Note_Inputs(session, report);
     return report;

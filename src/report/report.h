@@ -1,9 +1,9 @@
 #pragma once
 
 #include "charts/chart.h"
-#include "tables/leachate_tables.h"
 #include "report/report_uses.h"
 #include "report/summary_report.h"
+#include "tables/leachate_tables.h"
 
 #include <ctime>
 #include <filesystem>
@@ -13,8 +13,9 @@
 
 namespace orvel {
 
-// Everything that a dossier asks of a pesticide's simulations: who computed it out of what, the uses, the tables with their limit, the diagrams,
-// and what is missing. One record, and a writer for each form. Texts are bytes of Windows-1252.
+// Everything that a dossier asks of a pesticide's simulations: who computed it out of what, the uses, the tables with
+// their limit, the diagrams, and what is missing. One record, and a writer for each form. Texts are bytes of
+// Windows-1252.
 
 struct Checked_File {
     std::string Name, Sha256; // no digest: the file could not be read
@@ -70,9 +71,11 @@ struct Report {
     std::vector<std::string> Notes; // what a reader must know before relying on the figures, sentences
 };
 
-// Gathers the report of the summaries' simulations, one request a crop; tables that are missing are built and kept first. A simulation that failed, is at
-// work or was never run has a problem in place of its results. Nothing: the user stopped it.
-std::optional<Report> Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made, const Progress& progress = {});
+// Gathers the report of the summaries' simulations, one request a crop; tables that are missing are built and kept
+// first. A simulation that failed, is at work or was never run has a problem in place of its results. Nothing: the user
+// stopped it.
+std::optional<Report> Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made,
+                                    const Progress& progress = {});
 
 // The result of a crop's run in a table, or nullptr.
 const Report_Result* Result_Of(const Report_Table& table, std::size_t run);
@@ -81,7 +84,8 @@ const Report_Result* Result_Of(const Report_Table& table, std::size_t run);
 std::string Years_Of_Period(int period, int period_index);
 
 // What all forms of the report say.
-constexpr std::string_view Report_Depth_Text = "80th percentile of the concentration in the percolate at 1 m soil depth";
+constexpr std::string_view Report_Depth_Text =
+    "80th percentile of the concentration in the percolate at 1 m soil depth";
 constexpr std::string_view Above_Limit_Text = "above 0.1 \xB5g/L";
 
 } // namespace orvel

@@ -23,7 +23,8 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
     if (substance >= report.Substances.size())
         return chart;
     const Summary_Substance& drawn = report.Substances[substance];
-    chart.Title = "80th Percentile Conc. of " + std::string(Name_Of_Substance(drawn.Result_Name)) + " in leachate [\xB5g/L]";
+    chart.Title =
+        "80th Percentile Conc. of " + std::string(Name_Of_Substance(drawn.Result_Name)) + " in leachate [\xB5g/L]";
     for (std::size_t i = 0; i < report.Location_Short.size(); ++i)
         chart.X.Ticks.push_back({static_cast<double>(i + 1), Tick_Rank::Big, report.Location_Short[i]});
     bool below = false, above = false;
@@ -31,7 +32,8 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
         const auto at = static_cast<double>(row.Location + 1);
         const bool exceeds = row.P80.Conc > Drinking_Water_Limit;
         (exceeds ? above : below) = true;
-        chart.Boxes.push_back({exceeds ? Colour::Marked : Colour::Series, at - Half_Width, at + Half_Width, row.P80.Conc, row.Name});
+        chart.Boxes.push_back(
+            {exceeds ? Colour::Marked : Colour::Series, at - Half_Width, at + Half_Width, row.P80.Conc, row.Name});
     }
     if (below)
         chart.Key.push_back({Colour::Series, "up to 0.1 \xB5g/L"});

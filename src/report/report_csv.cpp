@@ -38,7 +38,9 @@ std::vector<std::string> Figures(const Report_Result* result)
 {
     if (result == nullptr)
         return std::vector<std::string>(10);
-    const auto period = [](const Selected_Period& selected) { return selected.Number == 0 ? "" : std::to_string(selected.Number); };
+    const auto period = [](const Selected_Period& selected) {
+        return selected.Number == 0 ? "" : std::to_string(selected.Number);
+    };
     return {Fixed_Text(result->P80.Conc, Conc_Decimals),
             result->Above_Limit ? "yes" : "no",
             period(result->A),
@@ -86,8 +88,10 @@ std::string Report_Csv(const Report& report)
                 std::vector<std::string> fields = {crop.Name, table.Substance, run.Location};
                 for (const auto& figure : Figures(Result_Of(table, r)))
                     fields.push_back(figure);
-                for (const auto& field : {run.Problem, Uses_Text(run.Uses), run.Date, run.Years > 0 ? std::to_string(run.Years) : "", run.Pesticide.Name,
-                                          run.Pesticide.Sha256, report.Engine_File.Name, report.Engine_File.Sha256, report.Program})
+                for (const auto& field :
+                     {run.Problem, Uses_Text(run.Uses), run.Date, run.Years > 0 ? std::to_string(run.Years) : "",
+                      run.Pesticide.Name, run.Pesticide.Sha256, report.Engine_File.Name, report.Engine_File.Sha256,
+                      report.Program})
                     fields.push_back(field);
                 csv += Line_Of(fields);
             }

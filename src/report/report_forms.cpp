@@ -6,12 +6,14 @@
 
 namespace orvel {
 
-std::optional<std::string> Report_Text(Session& session, const std::vector<Summary_Request>& requests, const Progress& progress)
+std::optional<std::string> Report_Text(Session& session, const std::vector<Summary_Request>& requests,
+                                       const Progress& progress)
 {
     std::string text;
     for (const auto& request : requests) {
         if (!request.Missing.empty())
-            throw File_Error("There is no simulation of " + To_Utf8(request.Crop) + " at " + To_Utf8(request.Missing.front()) + ".");
+            throw File_Error("There is no simulation of " + To_Utf8(request.Crop) + " at " +
+                             To_Utf8(request.Missing.front()) + ".");
         const auto summary = Build_Summary(session, request, progress);
         if (!summary)
             return std::nullopt;

@@ -49,10 +49,13 @@ std::string Cell_Of(const Report_Grid& grid, const Report_Line& line, std::size_
 {
     const Report_Column& column = grid.Columns[i];
     if (line.Cells.size() < grid.Columns.size() && i + 1 == line.Cells.size())
-        return Element("td", " class=\"problem\" colspan=\"" + std::to_string(grid.Columns.size() - i) + "\"", Xml_Text(line.Cells[i]));
+        return Element("td", " class=\"problem\" colspan=\"" + std::to_string(grid.Columns.size() - i) + "\"",
+                       Xml_Text(line.Cells[i]));
     if (!Has_Heads(grid) && i == 0)
         return Element("th", " scope=\"row\"", Xml_Text(line.Cells[i]));
-    const std::string_view kind = column.Is_Number ? " class=\"number\"" : column.Head == "SHA-256" ? " class=\"digest\"" : "";
+    const std::string_view kind = column.Is_Number           ? " class=\"number\""
+                                  : column.Head == "SHA-256" ? " class=\"digest\""
+                                                             : "";
     return Element("td", kind, Xml_Text(line.Cells[i]));
 }
 
@@ -60,7 +63,8 @@ std::string Table_Of(const Report_Grid& grid)
 {
     std::string heads, rows;
     for (const auto& column : grid.Columns)
-        heads += Element("th", column.Is_Number ? " scope=\"col\" class=\"number\"" : " scope=\"col\"", Xml_Text(column.Head));
+        heads += Element("th", column.Is_Number ? " scope=\"col\" class=\"number\"" : " scope=\"col\"",
+                         Xml_Text(column.Head));
     for (const auto& line : grid.Lines) {
         std::string cells;
         for (std::size_t i = 0; i < line.Cells.size(); ++i)
@@ -81,11 +85,15 @@ std::string Sentences_Of(const Report_Section& section)
 
 std::string Html_Of(const Report_Section& section)
 {
-    std::string text = Element("h" + std::to_string(section.Level), "", Xml_Text(section.Heading)) + "\n" + Sentences_Of(section);
+    std::string text =
+        Element("h" + std::to_string(section.Level), "", Xml_Text(section.Heading)) + "\n" + Sentences_Of(section);
     if (!section.Grid.Lines.empty())
         text += Table_Of(section.Grid);
     if (section.Diagram != nullptr)
-        text += Element("figure", "", "\n" + Chart_Svg(*section.Diagram) + Element("figcaption", "", Xml_Text(section.Diagram->Title)) + "\n") + "\n";
+        text += Element("figure", "",
+                        "\n" + Chart_Svg(*section.Diagram) +
+                            Element("figcaption", "", Xml_Text(section.Diagram->Title)) + "\n") +
+                "\n";
     return Element("section", section.Begins_A_Page ? " class=\"page\"" : "", "\n" + text) + "\n";
 }
 
@@ -97,9 +105,11 @@ std::string Report_Html(const Report& report)
     for (const auto& section : Sections_Of(report))
         body += Html_Of(section);
     const std::string title = Xml_Text(report.Title + ": " + report.Pesticide);
-    return "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"en\" xml:lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
+    return "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"en\" xml:lang=\"en\">\n<head>\n<meta "
+           "charset=\"utf-8\"/>\n"
            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n<title>" +
-           title + "</title>\n<style>" + std::string(Style) + "</style>\n</head>\n<body>\n" + Element("main", "", "\n" + body) + "\n</body>\n</html>\n";
+           title + "</title>\n<style>" + std::string(Style) + "</style>\n</head>\n<body>\n" +
+           Element("main", "", "\n" + body) + "\n</body>\n</html>\n";
 }
 
 } // namespace orvel

@@ -37,18 +37,22 @@ Report_Grid Facts_Of(const Report& report)
 // The highest concentration of a substance and where it stands.
 Report_Line Overview_Line(const Report_Crop& crop, const Report_Table& table)
 {
-    const auto highest = std::ranges::max_element(table.Results, {}, [](const Report_Result& result) { return result.P80.Conc; });
+    const auto highest =
+        std::ranges::max_element(table.Results, {}, [](const Report_Result& result) { return result.P80.Conc; });
     const auto above = std::ranges::count_if(table.Results, &Report_Result::Above_Limit);
     const std::string of = std::to_string(above) + " of " + std::to_string(table.Results.size());
     if (highest == table.Results.end())
         return {{crop.Name, table.Substance, "", "", of}};
-    return {{crop.Name, table.Substance, Conc_Text(highest->P80.Conc), crop.Runs[highest->Run].Location, of}, above > 0};
+    return {{crop.Name, table.Substance, Conc_Text(highest->P80.Conc), crop.Runs[highest->Run].Location, of},
+            above > 0};
 }
 
 Report_Section Overview(const Report& report)
 {
-    Report_Section section{.Level = 2, .Heading = "Overview", .Sentences = {std::string(Report_Depth_Text) + ", limit 0.1 \xB5g/L."}};
-    section.Grid.Columns = {{"Crop"}, {"Substance"}, {"Highest (\xB5g/L)", true}, {"Location"}, {"Locations above the limit", true}};
+    Report_Section section{
+        .Level = 2, .Heading = "Overview", .Sentences = {std::string(Report_Depth_Text) + ", limit 0.1 \xB5g/L."}};
+    section.Grid.Columns = {
+        {"Crop"}, {"Substance"}, {"Highest (\xB5g/L)", true}, {"Location"}, {"Locations above the limit", true}};
     for (const auto& crop : report.Crops) {
         for (const auto& table : crop.Tables)
             section.Grid.Lines.push_back(Overview_Line(crop, table));
@@ -74,19 +78,23 @@ Report_Section Uses(const Report_Crop& crop)
 
 Report_Line Result_Line(const Report_Run& run, const Report_Result& result)
 {
-    return {{run.Location, Conc_Text(result.P80.Conc), result.Above_Limit ? "exceeded" : "kept", Period_Text(result.A), Conc_Text(result.A.Conc),
-             Period_Text(result.B), Conc_Text(result.B.Conc), General_Text(result.P80.Flux), General_Text(result.P80.Percolate)},
+    return {{run.Location, Conc_Text(result.P80.Conc), result.Above_Limit ? "exceeded" : "kept", Period_Text(result.A),
+             Conc_Text(result.A.Conc), Period_Text(result.B), Conc_Text(result.B.Conc), General_Text(result.P80.Flux),
+             General_Text(result.P80.Percolate)},
             result.Above_Limit};
 }
 
 Report_Section Results(const Report_Crop& crop, const Report_Table& table)
 {
-    Report_Section section{.Level = 3, .Heading = "Results for " + table.Substance, .Diagram = &table.Diagram, .Begins_A_Page = true};
+    Report_Section section{
+        .Level = 3, .Heading = "Results for " + table.Substance, .Diagram = &table.Diagram, .Begins_A_Page = true};
     section.Sentences = {std::string(Report_Depth_Text) +
-                         ": the mean concentration of two periods A and B, named with the years of the simulation in brackets. Flux and percolate are the "
+                         ": the mean concentration of two periods A and B, named with the years of the simulation in "
+                         "brackets. Flux and percolate are the "
                          "sums of both."};
-    section.Grid.Columns = {{"Location"},         {"Percentile (\xB5g/L)", true}, {"Limit 0.1 \xB5g/L"}, {"Period A (years)"},         {"A (\xB5g/L)", true},
-                            {"Period B (years)"}, {"B (\xB5g/L)", true},          {"Flux (g/ha)", true}, {"Percolate (L/m\xB2)", true}};
+    section.Grid.Columns = {{"Location"},          {"Percentile (\xB5g/L)", true}, {"Limit 0.1 \xB5g/L"},
+                            {"Period A (years)"},  {"A (\xB5g/L)", true},          {"Period B (years)"},
+                            {"B (\xB5g/L)", true}, {"Flux (g/ha)", true},          {"Percolate (L/m\xB2)", true}};
     for (std::size_t run = 0; run < crop.Runs.size(); ++run) {
         if (const auto* result = Result_Of(table, run))
             section.Grid.Lines.push_back(Result_Line(crop.Runs[run], *result));
@@ -103,8 +111,9 @@ Report_Section Simulations(const Report_Crop& crop)
     section.Grid.Columns = {{"Location"}, {"Simulated on"}, {"Years", true}, {"Scenario"}};
     for (const auto& run : crop.Runs) {
         const std::string scenario = run.Titles.size() > Scenario_Title ? run.Titles[Scenario_Title] : "";
-        section.Grid.Lines.push_back(run.Problem.empty() ? Report_Line{{run.Location, run.Date, std::to_string(run.Years), scenario}}
-                                                         : Report_Line{{run.Location, run.Problem}});
+        section.Grid.Lines.push_back(run.Problem.empty()
+                                         ? Report_Line{{run.Location, run.Date, std::to_string(run.Years), scenario}}
+                                         : Report_Line{{run.Location, run.Problem}});
     }
     return section;
 }
@@ -132,7 +141,8 @@ bool Is_Shared(const Report& report, Checked_File Report_Run::*file)
         for (const auto& run : crop.Runs)
             files.push_back(run.*file);
     }
-    return files.size() > 1 && std::ranges::all_of(files, [&](const Checked_File& other) { return other == files.front(); });
+    return files.size() > 1 &&
+           std::ranges::all_of(files, [&](const Checked_File& other) { return other == files.front(); });
 }
 
 Report_Section Files(const Report& report)

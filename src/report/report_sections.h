@@ -7,7 +7,8 @@
 
 namespace orvel {
 
-// The report in its order, as headings, sentences, tables and diagrams: what every form with a page shows, so that no two of them differ.
+// The report in its order, as headings, sentences, tables and diagrams: what every form with a page shows, so that no
+// two of them differ.
 
 struct Report_Column {
     std::string Head;
@@ -15,8 +16,9 @@ struct Report_Column {
 };
 
 struct Report_Line {
-    std::vector<std::string> Cells; // as many as the table has columns, or one that takes the place of all behind the first
-    bool Marked = false;            // above the limit
+    std::vector<std::string>
+        Cells;           // as many as the table has columns, or one that takes the place of all behind the first
+    bool Marked = false; // above the limit
 };
 
 struct Report_Grid {

@@ -32,18 +32,24 @@ std::string Place_Text(const Pesticide_Document& document, double depth, double 
 
 Dated_Use Relative_Use(const Pesticide_Document& document, const Relative_Application& application)
 {
-    const auto stage = static_cast<std::size_t>(std::clamp<int>(application.Abs9_Month, 0, Crop_Event_Label.size() - 1));
+    const auto stage =
+        static_cast<std::size_t>(std::clamp<int>(application.Abs9_Month, 0, Crop_Event_Label.size() - 1));
     const int days = application.Abs9_Day;
     const std::string side = days < 0 ? " before " : " after ";
-    const std::string date = std::to_string(std::abs(days)) + (std::abs(days) == 1 ? " day" : " days") + side + std::string(Crop_Event_Label[stage]);
-    return {{General_Text(application.Abs9_Rate) + " kg/ha", date, {}, Place_Text(document, application.Abs9_Depth, application.Abs9_Frpex)},
+    const std::string date = std::to_string(std::abs(days)) + (std::abs(days) == 1 ? " day" : " days") + side +
+                             std::string(Crop_Event_Label[stage]);
+    return {{General_Text(application.Abs9_Rate) + " kg/ha",
+             date,
+             {},
+             Place_Text(document, application.Abs9_Depth, application.Abs9_Frpex)},
             {application.Abs9_Year}};
 }
 
 Dated_Use Absolute_Use(const Pesticide_Document& document, const Application& application)
 {
     const bool is_month = application.App_Month >= 1 && application.App_Month <= 12;
-    const std::string month = is_month ? std::string(Month_Name[static_cast<std::size_t>(application.App_Month)]) : std::to_string(application.App_Month);
+    const std::string month = is_month ? std::string(Month_Name[static_cast<std::size_t>(application.App_Month)])
+                                       : std::to_string(application.App_Month);
     return {{General_Text(application.App_Rate) + " kg/ha",
              std::to_string(application.App_Day) + " " + month,
              {},
@@ -90,7 +96,9 @@ std::string Years_Text(const std::vector<int>& years)
     const int step = years.size() < Fewest_Regular ? 0 : Step_Of(years);
     if (step <= 0)
         return years.empty() ? "" : List_Text(years);
-    const std::string every = step == 1 ? "every year, " : step == 2 ? "every other year, " : "every " + Ordinal(step) + " year, ";
+    const std::string every = step == 1   ? "every year, "
+                              : step == 2 ? "every other year, "
+                                          : "every " + Ordinal(step) + " year, ";
     return every + std::to_string(years.front()) + " to " + std::to_string(years.back());
 }
 
@@ -103,8 +111,8 @@ std::vector<Report_Use> Uses_Of(const Pesticide_Document& document, std::string_
     std::vector<Dated_Use> dated;
     const int count = Applications_Of(document, block);
     for (std::size_t a = 1; a <= static_cast<std::size_t>(count); ++a) {
-        const auto next =
-            relative ? Relative_Use(document, document.Relative[a]) : Absolute_Use(document, document.Applications[static_cast<std::size_t>(block)][a]);
+        const auto next = relative ? Relative_Use(document, document.Relative[a])
+                                   : Absolute_Use(document, document.Applications[static_cast<std::size_t>(block)][a]);
         const auto same = std::ranges::find(dated, next.Use, &Dated_Use::Use);
         if (same == dated.end())
             dated.push_back(next);

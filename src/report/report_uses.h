@@ -17,8 +17,8 @@ struct Report_Use {
     bool operator==(const Report_Use&) const = default;
 };
 
-// The uses of a location's text ("Hamburg (H)") in a pesticide document, in the order of their first application. None if the document has no applications
-// for it; relative dates are those of all locations.
+// The uses of a location's text ("Hamburg (H)") in a pesticide document, in the order of their first application. None
+// if the document has no applications for it; relative dates are those of all locations.
 std::vector<Report_Use> Uses_Of(const Pesticide_Document& document, std::string_view location);
 
 // Years in words; they are sorted.

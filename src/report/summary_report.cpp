@@ -1,14 +1,14 @@
 #include "report/summary_report.h"
 
-#include "output/table_lines.h"
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/locations.h"
 #include "core/text.h"
-#include "output/echo_file.h"
-#include "tables/leachate_text.h"
 #include "jobs/run_tree.h"
+#include "output/echo_file.h"
+#include "output/table_lines.h"
 #include "runs/crops.h"
+#include "tables/leachate_text.h"
 
 #include <algorithm>
 
@@ -87,10 +87,12 @@ std::string Short_Name(std::string_view text)
 Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop)
 {
     const auto directory = Level(Level(Mode_Directory(session, mode), stem), crop);
-    Summary_Request request{session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}};
+    Summary_Request request{
+        session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}};
     for (const auto& name : List_Directories(directory, "*" + std::string(Directory_End))) {
         const auto text = To_Code_Page(name);
-        request.Locations.push_back({Name_Decode(text.substr(0, text.size() - Directory_End.size())), directory / name});
+        request.Locations.push_back(
+            {Name_Decode(text.substr(0, text.size() - Directory_End.size())), directory / name});
     }
     if (!request.Locations.empty())
         request.Date = Date_Of_Simulation(request.Locations.front().Directory);
@@ -130,8 +132,8 @@ void Choose_Locations(Summary_Request& request, const std::vector<std::string>& 
     request = std::move(chosen);
 }
 
-std::vector<Summary_Request> Request_Summaries(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop,
-                                               const std::vector<std::string>& codes)
+std::vector<Summary_Request> Request_Summaries(const Session& session, const Mode& mode, std::string_view stem,
+                                               std::string_view crop, const std::vector<std::string>& codes)
 {
     const auto crops = crop == All_Crops ? Crops_Of_Runs(session, mode, stem) : std::vector{std::string(crop)};
     std::vector<Summary_Request> requests;
@@ -154,7 +156,8 @@ std::vector<std::string> Codes_In(std::string_view list)
     return codes;
 }
 
-std::vector<std::string> Absent_Locations(const Session& session, const Mode& mode, std::string_view crop, const std::vector<Summary_Location>& run)
+std::vector<std::string> Absent_Locations(const Session& session, const Mode& mode, std::string_view crop,
+                                          const std::vector<Summary_Location>& run)
 {
     std::vector<std::string> absent;
     const auto index = Crop_Index(crop);
@@ -192,8 +195,9 @@ std::optional<Summary> Build_Summary(Session& session, const Summary_Request& re
 std::string Summary_Text(const Summary& report)
 {
     const std::string rule(Rule_Length, '-');
-    std::string text = "FOCUS Summary Output File\r\n\r\nModel Version:          \t" + report.Model_Version + "\r\nDate of this simulation:\t" + report.Date +
-                       "\r\nPesticide input file:   \t" + report.Pesticide + "\r\nSimulated crop:         \t" + report.Crop + "\r\n\r\n\r\n";
+    std::string text = "FOCUS Summary Output File\r\n\r\nModel Version:          \t" + report.Model_Version +
+                       "\r\nDate of this simulation:\t" + report.Date + "\r\nPesticide input file:   \t" +
+                       report.Pesticide + "\r\nSimulated crop:         \t" + report.Crop + "\r\n\r\n\r\n";
     for (const auto& substance : report.Substances) {
         text.append(substance.Result_Name).append(CrLf).append(rule).append(CrLf);
         text += " Location        \tSelected\tFlux\t    Percolate\tConc.\r\n";
@@ -205,7 +209,8 @@ std::string Summary_Text(const Summary& report)
     return text;
 }
 
-void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text, std::string_view period_bytes)
+void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text,
+                        std::string_view period_bytes)
 {
     std::size_t s = 0;
     for (Line_Reader lines(period_bytes); !lines.At_End() && s < report.Substances.size();) {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tables/leachate_tables.h"
 #include "core/progress.h"
 #include "runs/mode.h"
+#include "tables/leachate_tables.h"
 
 #include <filesystem>
 #include <optional>
@@ -12,7 +12,8 @@
 
 namespace orvel {
 
-// The summary of one pesticide and crop over all locations: a table per substance of the 80th percentile rows of the period tables at 1 m.
+// The summary of one pesticide and crop over all locations: a table per substance of the 80th percentile rows of the
+// period tables at 1 m.
 
 constexpr std::size_t Most_Summary_Locations = 10;
 
@@ -49,27 +50,30 @@ struct Summary {
     std::vector<Summary_Substance> Substances;
 };
 
-// The locations that were run for a pesticide (stem of its file) and a crop, with what a report on them says at its head: the engine's
-// version and the first location's date. Throws File_Error if there is no such directory.
+// The locations that were run for a pesticide (stem of its file) and a crop, with what a report on them says at its
+// head: the engine's version and the first location's date. Throws File_Error if there is no such directory.
 Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop);
 
 // The crops that were run for a pesticide. Throws File_Error if there are none.
 std::vector<std::string> Crops_Of_Runs(const Session& session, const Mode& mode, std::string_view stem);
 
-// Keeps the locations of these codes ("H", "T_N") alone; those without a simulation are missing then. Without any code nothing changes.
+// Keeps the locations of these codes ("H", "T_N") alone; those without a simulation are missing then. Without any code
+// nothing changes.
 void Choose_Locations(Summary_Request& request, const std::vector<std::string>& codes);
 
 // The locations of a crop that were not run.
-std::vector<std::string> Absent_Locations(const Session& session, const Mode& mode, std::string_view crop, const std::vector<Summary_Location>& run);
+std::vector<std::string> Absent_Locations(const Session& session, const Mode& mode, std::string_view crop,
+                                          const std::vector<Summary_Location>& run);
 
 // The requests for one crop, or for all that were run ("all"), limited to locations of these codes.
-std::vector<Summary_Request> Request_Summaries(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop,
-                                               const std::vector<std::string>& codes);
+std::vector<Summary_Request> Request_Summaries(const Session& session, const Mode& mode, std::string_view stem,
+                                               std::string_view crop, const std::vector<std::string>& codes);
 
 // The codes in a list that commas part: "C,H,K".
 std::vector<std::string> Codes_In(std::string_view list);
 
-// Makes sure that the tables of all locations exist, then gathers their percentile rows. Nothing: the user has been told, or stopped it.
+// Makes sure that the tables of all locations exist, then gathers their percentile rows. Nothing: the user has been
+// told, or stopped it.
 std::optional<Summary> Build_Summary(Session& session, const Summary_Request& request, const Progress& progress = {});
 
 // The report as text, lines end in CR LF.
@@ -79,6 +83,7 @@ std::string Summary_Text(const Summary& report);
 std::string Short_Name(std::string_view text);
 
 // Adds the percentile rows at 1 m of a location's period.orv to the report's substances.
-void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text, std::string_view period_bytes);
+void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text,
+                        std::string_view period_bytes);
 
 } // namespace orvel

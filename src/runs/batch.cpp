@@ -1,14 +1,14 @@
 #include "runs/batch.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
-#include "core/system/lock.h"
 #include "core/locations.h"
+#include "core/system/lock.h"
+#include "core/system/spawn.h"
 #include "core/text.h"
 #include "jobs/job.h"
 #include "jobs/job_log.h"
 #include "jobs/job_status.h"
-#include "core/code_page.h"
-#include "core/system/spawn.h"
 
 #include <chrono>
 #include <sys/wait.h>
@@ -65,10 +65,11 @@ int Start_Job(const Session& session, const Mode& mode, int jobs, const fs::path
 
 } // namespace
 
-const std::string_view Run_Button_Notice = "INFORMATION:\r\n"
-                                           "The Run button is disabled as long as the current ORVEL simulation is running.\r\n"
-                                           " If the Run button will not become active after the ORVEL simulation finished, please first close this form "
-                                           "and then directly reopen it.";
+const std::string_view Run_Button_Notice =
+    "INFORMATION:\r\n"
+    "The Run button is disabled as long as the current ORVEL simulation is running.\r\n"
+    " If the Run button will not become active after the ORVEL simulation finished, please first close this form "
+    "and then directly reopen it.";
 
 bool Batch_Pending(const Session& session, const Mode& mode)
 {
@@ -101,7 +102,8 @@ std::optional<Lock> Acquire_Batch_Lock(const Session& session)
         return std::nullopt;
     auto turn = Lock::Take_Within(token, Most);
     if (!turn)
-        throw File_Error("Another program is preparing simulations in this installation. Please try again when it has finished.");
+        throw File_Error(
+            "Another program is preparing simulations in this installation. Please try again when it has finished.");
     return turn;
 }
 
@@ -109,7 +111,8 @@ std::string Run_Directory(std::string_view pesticide, std::string_view crop, std
 {
     constexpr std::size_t Ending = 4;
     const auto stem = pesticide.substr(0, pesticide.size() - std::min(pesticide.size(), Ending));
-    return Name_Encode(std::string(stem) + ".run") + Name_Encode("\\" + std::string(crop) + ".run") + Name_Encode("\\" + std::string(location) + ".run");
+    return Name_Encode(std::string(stem) + ".run") + Name_Encode("\\" + std::string(crop) + ".run") +
+           Name_Encode("\\" + std::string(location) + ".run");
 }
 
 fs::path Run_Path(const fs::path& mode_directory, std::string_view run_directory)

@@ -30,7 +30,8 @@ void Add_Letters(std::vector<std::string>& entries, std::string_view letters)
     }
 }
 
-std::vector<std::string> Locations_With_Files(const Session& session, const Mode& mode, const Crop& crop, std::string_view stem)
+std::vector<std::string> Locations_With_Files(const Session& session, const Mode& mode, const Crop& crop,
+                                              std::string_view stem)
 {
     std::vector<std::string> entries;
     for (const auto& file : List_Files(Mode_Directory(session, mode), "?" + std::string(stem))) {

@@ -40,7 +40,8 @@ std::string Code_Of_Location(const Mode& mode, std::string_view text);
 // The entries of the location list for a crop, in order. An index outside the list and a separator give none.
 std::vector<std::string> Locations_Of_Crop(const Session& session, const Mode& mode, int crop);
 
-// The crop that a scenario name of orvel.inp belongs to: what stands behind code and underscore, as "APPLES.SZE". -1 if none.
+// The crop that a scenario name of orvel.inp belongs to: what stands behind code and underscore, as "APPLES.SZE". -1 if
+// none.
 int Crop_Of_Part(const Mode& mode, std::string_view code, std::string_view part);
 
 // The scenario's file name: code and stem.

@@ -45,14 +45,16 @@ bool Is_Run_Directory(std::string_view directory)
 {
     const auto levels = Split_Directory(directory);
     return levels.size() == Levels && std::ranges::all_of(levels, [](std::string_view level) {
-               const bool clean = std::ranges::none_of(level, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '/'; });
+               const bool clean =
+                   std::ranges::none_of(level, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '/'; });
                return clean && level.size() > 4 && Same_Text(level.substr(level.size() - 4), ".run");
            });
 }
 
 bool Is_Engine(std::string_view name)
 {
-    const bool clean = std::ranges::none_of(name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '/' || c == '\\'; });
+    const bool clean =
+        std::ranges::none_of(name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '/' || c == '\\'; });
     return clean && Matches(name, "orvel*.exe");
 }
 

@@ -1,10 +1,10 @@
-#include "core/files.h"
-#include "core/system/lock.h"
-#include "core/numbers.h"
-#include "runs/batch.h"
-#include "jobs/job.h"
-#include "runs/run_directory.h"
 #include "core/code_page.h"
+#include "core/files.h"
+#include "core/numbers.h"
+#include "core/system/lock.h"
+#include "jobs/job.h"
+#include "runs/batch.h"
+#include "runs/run_directory.h"
 
 #include <algorithm>
 
@@ -17,7 +17,8 @@ namespace {
 constexpr std::string_view Starting = "Starting ORVEL Simulations";
 constexpr std::string_view Already_Selected_Text = "You already selected this combination in your batch job!";
 constexpr std::string_view Already_Performed_Text =
-    "You already performed a ORVEL-Simulation using this combination.If you continue the previous simulation will be removed!";
+    "You already performed a ORVEL-Simulation using this combination.If you continue the previous simulation will be "
+    "removed!";
 constexpr int Batch_Stage = 8;
 
 void Tell(const Session& session, std::string_view text)
@@ -27,7 +28,8 @@ void Tell(const Session& session, std::string_view text)
 
 void Tell_Stage(const Session& session, int stage, const std::string& text)
 {
-    Tell(session, "An error occured when preparing this simulation (errorcode " + General_Text(stage) + ").\r\n" + text);
+    Tell(session,
+         "An error occured when preparing this simulation (errorcode " + General_Text(stage) + ").\r\n" + text);
 }
 
 bool Write_Run_Control(const Session& session, const Mode& mode, const std::string& text)
@@ -78,7 +80,11 @@ bool May_Replace(const Session& session, const fs::path& place)
 {
     if (!Find_File(place, "echo.orv"))
         return true;
-    return session.Ask({std::string(Starting), std::string(Already_Performed_Text), Icon::Warning, {Button::Ok, Button::Cancel}, Button::Cancel}) == Button::Ok;
+    return session.Ask({std::string(Starting),
+                        std::string(Already_Performed_Text),
+                        Icon::Warning,
+                        {Button::Ok, Button::Cancel},
+                        Button::Cancel}) == Button::Ok;
 }
 
 bool Has_Place_In_Batch(const Session& session)
@@ -94,7 +100,8 @@ Mark_Result Mark_In_Turn(Session& session, const Mode& mode, const Run_Choice& c
     if (!Write_Run_Control(session, mode, Format_Run(session, mode, choice)))
         return Mark_Result::Failed;
     Load_Batch(session, mode);
-    const std::string run = Run_Directory(choice.Pesticide, Crops[static_cast<std::size_t>(choice.Crop)].Text, choice.Location);
+    const std::string run =
+        Run_Directory(choice.Pesticide, Crops[static_cast<std::size_t>(choice.Crop)].Text, choice.Location);
     if (std::ranges::find(session.Run.Job_Dir, run) != session.Run.Job_Dir.end()) {
         Tell(session, Already_Selected_Text);
         return Mark_Result::Already_Selected;
@@ -150,7 +157,8 @@ void Take_Out_Of_Batch(Session& session, const Mode& mode, const std::vector<fs:
     Load_Batch(session, mode);
 }
 
-Mark_All_Result Mark_All(Session& session, const Mode& mode, const Run_Choice& choice, const std::function<void(int, int)>& progress)
+Mark_All_Result Mark_All(Session& session, const Mode& mode, const Run_Choice& choice,
+                         const std::function<void(int, int)>& progress)
 {
     Mark_All_Result result;
     const auto locations = Locations_Of_Crop(session, mode, choice.Crop);

@@ -13,10 +13,11 @@ enum class Header_Tail { None, Kept_Number, Scaling };
 // What differs between the three regulatory run forms; everything else is the same code.
 struct Mode {
     Mode_Kind Kind;
-    std::string_view Name;            // on the command line: focus, efsa, efsa_t4
-    std::string_view Form, Caption;   // of the mode\'s run form
-    std::string_view Directory;       // below the installation directory
-    std::string_view Version_Source;  // scenario file whose first line holds the scenario version; the form opens only if it exists
+    std::string_view Name;          // on the command line: focus, efsa, efsa_t4
+    std::string_view Form, Caption; // of the mode\'s run form
+    std::string_view Directory;     // below the installation directory
+    std::string_view
+        Version_Source; // scenario file whose first line holds the scenario version; the form opens only if it exists
     std::string_view Individual_Stem; // scenario stem of "Individual crop"
     std::string_view Probe_File;      // must be there for a form to show the idle state
     std::string_view Missing_Text;    // told where Version_Source is missing

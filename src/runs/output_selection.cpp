@@ -8,10 +8,35 @@ constexpr int Leachate = 23;
 constexpr int One_Metre = 100;
 constexpr int First_Substance_Variable = 8;
 
-constexpr Output_Selection Start_Slots = {
-    {{1, 0}, {2, 0}, {3, 100}, {4, 0}, {6, 0}, {6, 30}, {7, 0}, {7, 30}, {8, 0}, {9, 0}, {12, 0}, {20, 100}, {21, 0}, {23, 100}}};
-constexpr Output_Selection Recommended_Slots = {
-    {{1, 0}, {2, 0}, {3, 100}, {4, 0}, {6, 0}, {6, 30}, {7, 0}, {7, 30}, {8, 0}, {9, 0}, {12, 0}, {14, 5}, {20, 100}, {21, 0}, {23, 100}}};
+constexpr Output_Selection Start_Slots = {{{1, 0},
+                                           {2, 0},
+                                           {3, 100},
+                                           {4, 0},
+                                           {6, 0},
+                                           {6, 30},
+                                           {7, 0},
+                                           {7, 30},
+                                           {8, 0},
+                                           {9, 0},
+                                           {12, 0},
+                                           {20, 100},
+                                           {21, 0},
+                                           {23, 100}}};
+constexpr Output_Selection Recommended_Slots = {{{1, 0},
+                                                 {2, 0},
+                                                 {3, 100},
+                                                 {4, 0},
+                                                 {6, 0},
+                                                 {6, 30},
+                                                 {7, 0},
+                                                 {7, 30},
+                                                 {8, 0},
+                                                 {9, 0},
+                                                 {12, 0},
+                                                 {14, 5},
+                                                 {20, 100},
+                                                 {21, 0},
+                                                 {23, 100}}};
 
 // Only the depths that are not 0 in the recommended table are looked at, and no substance.
 bool Is_Recommended(const Output_Selection& output)
@@ -57,7 +82,8 @@ bool Substance_Visible(int variable)
 
 bool Depth_Visible(int variable)
 {
-    const bool without = variable <= 2 || variable == 4 || variable == 5 || (variable >= 8 && variable <= 13) || variable == 21 || variable == 22;
+    const bool without = variable <= 2 || variable == 4 || variable == 5 || (variable >= 8 && variable <= 13) ||
+                         variable == 21 || variable == 22;
     return !without;
 }
 

@@ -12,7 +12,8 @@ Output_Selection Start_Output(); // at the start of the program: not the recomme
 Output_Selection Minimum_Output();
 Output_Selection Recommended_Output();
 
-// The option that a selection shows as: Recommended only for the whole table, Minimum for any selection whose first slot is the leachate at 1 m.
+// The option that a selection shows as: Recommended only for the whole table, Minimum for any selection whose first
+// slot is the leachate at 1 m.
 Output_Option Option_Of_Output(const Output_Selection& output);
 
 // Whether a variable, 0 to 28, belongs to a substance and to a depth, so that a row with it shows them.

@@ -32,8 +32,8 @@ std::string Line(std::string_view text)
 std::string Output_Row(int variable, int depth, int substance)
 {
     const auto& entry = Variable_Of(variable);
-    return Line("    " + std::string(entry.Out_Code) + std::string(Series) + Format_Pattern(depth, "  000") + ".0 " + std::string(entry.Out_Scale) +
-                Format_Pattern(substance, "00000000"));
+    return Line("    " + std::string(entry.Out_Code) + std::string(Series) + Format_Pattern(depth, "  000") + ".0 " +
+                std::string(entry.Out_Scale) + Format_Pattern(substance, "00000000"));
 }
 
 int Count_Of_Slots(const Output_Selection& output)
@@ -67,8 +67,8 @@ std::string Profile_Rows(const Session& session, std::string_view code)
 
 std::string Header(const Session& session, const Mode& mode, const Run_Choice& choice)
 {
-    std::string header =
-        Format_Pattern(Years_Of_Run(session, mode, choice), "000") + std::string(Whole_Years) + " Version " + General_Text(session.Program.Suite_Minor);
+    std::string header = Format_Pattern(Years_Of_Run(session, mode, choice), "000") + std::string(Whole_Years) +
+                         " Version " + General_Text(session.Program.Suite_Minor);
     if (mode.Tail == Header_Tail::Kept_Number)
         header += std::string(Soil) + Print_Form(choice.Kept_Number);
     if (mode.Tail == Header_Tail::Scaling)
@@ -161,7 +161,8 @@ void Parse_Single_Into(Session& session, std::string_view bytes)
 bool Fits_A_Line(std::string_view name)
 {
     constexpr std::size_t Ending = 4;
-    return name.size() > Ending && std::ranges::none_of(name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
+    return name.size() > Ending &&
+           std::ranges::none_of(name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
 }
 
 std::string Format_Single_Run(const Session& session)
@@ -169,7 +170,8 @@ std::string Format_Single_Run(const Session& session)
     const auto& run = session.Run;
     const int years = Parse_Years(run.Sim_Years.Text());
     std::string text = Format_Pattern(years, "000");
-    for (const double part : {run.Start_Day.Number(), run.Start_Month.Number(), run.End_Day.Number(), static_cast<double>(run.End_Month)})
+    for (const double part :
+         {run.Start_Day.Number(), run.Start_Month.Number(), run.End_Day.Number(), static_cast<double>(run.End_Month)})
         text += " " + Format_Pattern(part, "00");
     text += Line("") + Line(run.Run_Scenario_File.Text()) + Line(run.Run_PSM_File.Text());
     for (std::size_t year = 0; year < static_cast<std::size_t>(years); ++year) {
@@ -188,10 +190,12 @@ int Years_Of_Run(const Session& session, const Mode& mode, const Run_Choice& cho
 
 std::string Format_Run(Session& session, const Mode& mode, const Run_Choice& choice)
 {
-    session.Run.Till_Depth = static_cast<std::uint8_t>(choice.Tillage_Visible ? std::clamp(Val(choice.Tillage), 0.0, 255.0) : 0);
+    session.Run.Till_Depth =
+        static_cast<std::uint8_t>(choice.Tillage_Visible ? std::clamp(Val(choice.Tillage), 0.0, 255.0) : 0);
     const std::string code = Code_Of_Location(mode, choice.Location);
     const std::string above(Up_To_Mode);
-    std::string text = Line(Header(session, mode, choice)) + Line(above + code + std::string(Crop_Stem(mode, choice.Crop))) + Line(choice.Pesticide);
+    std::string text = Line(Header(session, mode, choice)) +
+                       Line(above + code + std::string(Crop_Stem(mode, choice.Crop))) + Line(choice.Pesticide);
     for (int year = 1; year <= Years_Of_Run(session, mode, choice); ++year)
         text += Line(above + code + "_" + Format_Pattern(year, "00") + ".cli");
     text += Line(Count_Line(session, mode, choice)) + Output_Rows(session.Output);
@@ -218,7 +222,8 @@ try {
 
 int Tillage_List_Index(const Mode& mode, int till_depth)
 {
-    // The soil modes take the depth itself as the index; only where the list begins with a blank entry is that the entry of this depth.
+    // The soil modes take the depth itself as the index; only where the list begins with a blank entry is that the
+    // entry of this depth.
     const int index = mode.Profile_Rows ? till_depth : till_depth - 1;
     return index < static_cast<int>(Tillage_List(mode).size()) ? index : -1;
 }

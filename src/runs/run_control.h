@@ -23,11 +23,12 @@ struct Run_Choice {
     std::string Scaling = "0"; // text of the list Scaling
 };
 
-// Whether a file name with an ending of four characters can stand in a line of orvel.inp and of a job: a stem, no control character, no backslash.
+// Whether a file name with an ending of four characters can stand in a line of orvel.inp and of a job: a stem, no
+// control character, no backslash.
 bool Fits_A_Line(std::string_view name);
 
-// The single run: period, files and climate list of the run settings and the output slots. A list of climate files that is shorter than the run
-// repeats its last entry; an empty one gives empty lines.
+// The single run: period, files and climate list of the run settings and the output slots. A list of climate files that
+// is shorter than the run repeats its last entry; an empty one gives empty lines.
 std::string Format_Single_Run(const Session& session);
 
 // A regulatory run: App_Pattern, the output slots and the metabolites present come from the session. Sets Till_Depth.
@@ -59,8 +60,10 @@ std::vector<std::string> Tillage_List(const Mode& mode);
 std::vector<std::string> Scaling_List();
 constexpr int Scaling_Index = 50;
 
-// Restores period, files, climate list and output slots of a single run. A text that ends early leaves the rest as it was.
+// Restores period, files, climate list and output slots of a single run. A text that ends early leaves the rest as it
+// was.
 void Parse_Single_Run(Session& session, std::string_view bytes);
-bool Read_Single_Run(Session& session, const std::filesystem::path& directory); // false: no readable orvel.inp there, which is not told
+bool Read_Single_Run(Session& session,
+                     const std::filesystem::path& directory); // false: no readable orvel.inp there, which is not told
 
 } // namespace orvel

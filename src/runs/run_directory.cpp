@@ -1,8 +1,8 @@
 #include "runs/run_directory.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/system/lock.h"
-#include "core/code_page.h"
 
 #include <cerrno>
 #include <cstring>
@@ -22,19 +22,22 @@ constexpr int New_Directory = 3;
 
 std::string Rights_Text()
 {
-    return "If you are using Windows NT or Windows 2000, please check whether you have sufficient rights to create or delete directories.";
+    return "If you are using Windows NT or Windows 2000, please check whether you have sufficient rights to create or "
+           "delete directories.";
 }
 
 [[noreturn]] void Refuse_Old_Directory(const fs::path& place)
 {
-    throw Stage_Error(Old_Directory, "ORVEL could not delete the following directory (previous simulation): \r\n" + Path_Text(place) +
-                                         ".\r\n\r\nPlease Check whether there are still files left in the directory. " + Rights_Text());
+    throw Stage_Error(Old_Directory, "ORVEL could not delete the following directory (previous simulation): \r\n" +
+                                         Path_Text(place) +
+                                         ".\r\n\r\nPlease Check whether there are still files left in the directory. " +
+                                         Rights_Text());
 }
 
 [[noreturn]] void Refuse_New_Directory(const fs::path& place)
 {
-    throw Stage_Error(New_Directory,
-                      "ORVEL could not create the following directory for the new simulation.\r\n" + Path_Text(place) + ".\r\n\r\n" + Rights_Text());
+    throw Stage_Error(New_Directory, "ORVEL could not create the following directory for the new simulation.\r\n" +
+                                         Path_Text(place) + ".\r\n\r\n" + Rights_Text());
 }
 
 void Check_Replaceable(const fs::path& place)
@@ -109,19 +112,23 @@ std::string With_Rights_Of_A_New_Directory(const std::string& path)
 
 void Refuse_Old_Output(const fs::path& place)
 {
-    throw Stage_Error(Old_Output, "ORVEL could not delete the output files of the following (previous) simulation: \r\n" + Path_Text(place) +
-                                      ".\r\n\r\n"
-                                      "You are eventually running a ORVEL-Simulation using this combination. "
-                                      "Please wait until the current simulation has finished.\r\n"
-                                      "If you are not running a ORVEL simulation, please check whether you opened any ORVEL output files (extension ORV.)"
-                                      "\r\n\r\n");
+    throw Stage_Error(Old_Output,
+                      "ORVEL could not delete the output files of the following (previous) simulation: \r\n" +
+                          Path_Text(place) +
+                          ".\r\n\r\n"
+                          "You are eventually running a ORVEL-Simulation using this combination. "
+                          "Please wait until the current simulation has finished.\r\n"
+                          "If you are not running a ORVEL simulation, please check whether you opened any ORVEL output "
+                          "files (extension ORV.)"
+                          "\r\n\r\n");
 }
 
 Run_Sources Sources_Of_Run(const Session& session, const Mode& mode, const Run_Choice& choice)
 {
     const fs::path& installation = session.Program.App_Path;
     const fs::path directory = Mode_Directory(session, mode);
-    const std::string last = mode.Last_Copy.empty() ? Scenario_Name(mode, choice.Crop, choice.Location) : std::string(mode.Last_Copy);
+    const std::string last =
+        mode.Last_Copy.empty() ? Scenario_Name(mode, choice.Crop, choice.Location) : std::string(mode.Last_Copy);
     return {.Pesticide = Found_Or_New(installation, Path_Of(choice.Pesticide)),
             .Engine = Found_Or_New(installation, Path_Of(session.Program.Engine_Exe)),
             .Haude = Found_Or_New(installation, "Haude.dat"),

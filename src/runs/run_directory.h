@@ -9,13 +9,14 @@
 
 namespace orvel {
 
-// A run directory is made complete beside its place and then put there, so that neither a half-made one nor the loss of earlier results can
-// be the end of a failure.
+// A run directory is made complete beside its place and then put there, so that neither a half-made one nor the loss of
+// earlier results can be the end of a failure.
 
 // A failure with the stage of the preparation that it happened in; the text is what follows the head of the box.
 struct Stage_Error : File_Error {
     Stage_Error(int stage, const std::string& text) : File_Error(text), Stage(stage) {}
-    int Stage; // 1 old output in use, 2 old directory, 3 new directory, 4 pesticide file, 5 engine, 6 Haude.dat, 7 orvel.inp, 8 batch, 9 scenario
+    int Stage; // 1 old output in use, 2 old directory, 3 new directory, 4 pesticide file, 5 engine, 6 Haude.dat, 7
+               // orvel.inp, 8 batch, 9 scenario
 };
 
 // Throws the error of stage 1: the earlier run at this place is at work or waits for its turn.
@@ -31,7 +32,8 @@ Run_Sources Sources_Of_Run(const Session& session, const Mode& mode, const Run_C
 
 class New_Run_Directory {
 public:
-    // Checks that the directory can be replaced and makes the new one beside it. Throws Stage_Error; then nothing is left of it.
+    // Checks that the directory can be replaced and makes the new one beside it. Throws Stage_Error; then nothing is
+    // left of it.
     New_Run_Directory(const std::filesystem::path& place, const Run_Sources& sources);
     New_Run_Directory(const New_Run_Directory&) = delete;
     New_Run_Directory& operator=(const New_Run_Directory&) = delete;

@@ -1,12 +1,12 @@
 #include "runs/selection.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/locations.h"
 #include "core/text.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 #include "runs/run_control.h"
-#include "core/code_page.h"
 #include "substance/application_pattern.h"
 
 #include <algorithm>
@@ -18,10 +18,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Old_Format_Text = "ORVEL 3 PSM-Format! Please convert to the new format by doubleclicking followed by saving.";
+constexpr std::string_view Old_Format_Text =
+    "ORVEL 3 PSM-Format! Please convert to the new format by doubleclicking followed by saving.";
 constexpr std::string_view Irregular_Text = "No regular application pattern defined for this location!";
-constexpr std::string_view No_Crop_Text = "Relative application pattern not possible!\r\nNo crop defined in your individal crop file.";
-constexpr std::array<std::string_view, 4> Pattern_Text = {"Irregular", "Every year", "Every other year", "Every 3rd year"};
+constexpr std::string_view No_Crop_Text =
+    "Relative application pattern not possible!\r\nNo crop defined in your individal crop file.";
+constexpr std::array<std::string_view, 4> Pattern_Text = {"Irregular", "Every year", "Every other year",
+                                                          "Every 3rd year"};
 
 std::string No_Pattern_Text(std::string_view what)
 {
@@ -97,11 +100,13 @@ std::string First_Application(const Session& session)
     if (document.App_Mode == App_Mode_Relative) {
         const auto& first = document.Relative[1];
         const auto stage = static_cast<std::size_t>(std::clamp<int>(first.Abs9_Month, 0, Crop_Event_Label.size() - 1));
-        return General_Text(first.Abs9_Rate) + " kg/ha " + General_Text(first.Abs9_Day) + " days after " + std::string(Crop_Event_Label[stage]);
+        return General_Text(first.Abs9_Rate) + " kg/ha " + General_Text(first.Abs9_Day) + " days after " +
+               std::string(Crop_Event_Label[stage]);
     }
     const auto& first = document.Applications[static_cast<std::size_t>(session.Run.App_Current_Location)][1];
     const bool month = first.App_Month >= 1 && first.App_Month <= 12;
-    return General_Text(first.App_Rate) + " kg/ha on " + std::string(month ? Month_Name[static_cast<std::size_t>(first.App_Month)] : "") + " " +
+    return General_Text(first.App_Rate) + " kg/ha on " +
+           std::string(month ? Month_Name[static_cast<std::size_t>(first.App_Month)] : "") + " " +
            General_Text(first.App_Day);
 }
 
@@ -126,7 +131,8 @@ std::vector<std::string> Pesticide_List(const Session& session)
     return names;
 }
 
-Selection Evaluate_Selection(Session& session, const Mode& mode, std::string_view pesticide, int crop, std::string_view location)
+Selection Evaluate_Selection(Session& session, const Mode& mode, std::string_view pesticide, int crop,
+                             std::string_view location)
 {
     Selection selected{.Pesticide = std::string(pesticide), .Crop = crop, .Location = std::string(location)};
     if (Crop_Stem(mode, crop).empty() || location.empty())

@@ -23,12 +23,14 @@ struct Selection {
     bool Buttons_Enabled() const { return Usable && Warnung.empty(); }
 };
 
-// The pesticide files of the installation directory, as the list shows them. Names that the code page or a run cannot hold are left out.
+// The pesticide files of the installation directory, as the list shows them. Names that the code page or a run cannot
+// hold are left out.
 std::vector<std::string> Pesticide_List(const Session& session);
 
-// Everything that a click on one of the three lists decides. Reads the pesticide file and the scenario file into the session, finds
-// the application block (App_Current_Location) and its pattern (App_Pattern).
-Selection Evaluate_Selection(Session& session, const Mode& mode, std::string_view pesticide, int crop, std::string_view location);
+// Everything that a click on one of the three lists decides. Reads the pesticide file and the scenario file into the
+// session, finds the application block (App_Current_Location) and its pattern (App_Pattern).
+Selection Evaluate_Selection(Session& session, const Mode& mode, std::string_view pesticide, int crop,
+                             std::string_view location);
 
 // Whether the crop number of a pesticide file (App_Rel_Flag) fits a crop of the list; 0 and below fit every crop.
 bool Crop_Fits(int number, int crop);

@@ -1,8 +1,8 @@
 #include "runs/single_run.h"
 
 #include "core/files.h"
-#include "core/system/lock.h"
 #include "core/numbers.h"
+#include "core/system/lock.h"
 #include "core/text.h"
 #include "jobs/engine_start.h"
 #include "jobs/job_status.h"
@@ -66,7 +66,9 @@ std::optional<Refusal> Check_Files(const Session& session, const fs::path& direc
         at_hand = entry.Scenario;
         Walk_Scenario(Read_Whole(Found_Or_New(directory, Path_Of(entry.Scenario))));
         if (head.Horizons > 0 && head.Horizons != session.Scenario.SZE_Horizons.Number())
-            return Refusal{{std::string(Data_Check), "Number of horizons in PSM file and scenariofile should be the same"}, "File_sce"};
+            return Refusal{
+                {std::string(Data_Check), "Number of horizons in PSM file and scenariofile should be the same"},
+                "File_sce"};
     } catch (const File_Error&) {
         return File_Refusal(at_hand + " not found", at_hand == entry.Pesticide ? "File_psm" : "File_sce");
     }
@@ -90,7 +92,8 @@ std::optional<Refusal> Check_Boxes(const Single_Run_Entry& entry)
     if (entry.End_Month_Index < 0)
         return File_Refusal("Select ending month", "Combo_endm");
     const bool ends_before =
-        entry.End_Month_Index < entry.Start_Month_Index || (entry.End_Month_Index == entry.Start_Month_Index && Val(entry.End_Day) < Val(entry.Start_Day));
+        entry.End_Month_Index < entry.Start_Month_Index ||
+        (entry.End_Month_Index == entry.Start_Month_Index && Val(entry.End_Day) < Val(entry.Start_Day));
     if (Val(entry.Years) == 1 && ends_before)
         return Refusal{{std::string(Data_Check), "Simulation time must be at least 1 day"}, "Text_years"};
     if (entry.Climates.empty())
@@ -143,7 +146,8 @@ bool Has_Output(const fs::path& directory)
     return !List_Files(directory, "*.orv").empty();
 }
 
-std::optional<Refusal> Check_Single_Run(const Session& session, const fs::path& directory, const Single_Run_Entry& entry)
+std::optional<Refusal> Check_Single_Run(const Session& session, const fs::path& directory,
+                                        const Single_Run_Entry& entry)
 {
     if (auto refusal = Check_Files(session, directory, entry))
         return refusal;
@@ -201,7 +205,8 @@ Single_Run_State State_Of_Single_Run(const fs::path& directory, int years)
     if (!state.Running)
         return state;
     state.Years_Done = static_cast<int>(Years_Done(directory, years));
-    state.Text = "The engine is at work: " + std::to_string(state.Years_Done) + " of " + std::to_string(years) + " years.";
+    state.Text =
+        "The engine is at work: " + std::to_string(state.Years_Done) + " of " + std::to_string(years) + " years.";
     return state;
 }
 

@@ -1,11 +1,11 @@
 #include "runs/start_up.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
-#include "ui/help_texts.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "runs/output_selection.h"
-#include "core/code_page.h"
+#include "ui/help_texts.h"
 
 #include <cmath>
 
@@ -79,8 +79,8 @@ void Find_Engine(Session& session)
     program.Engine_Version = Val(Columns(program.Engine_Exe, 6, 3)) / 100;
     program.Aktuelle_ORVEL_Version = "ORVEL " + General_Text(program.Engine_Version);
     const double suite = std::floor(program.Engine_Version * 100 - First_Suite + 0.5);
-    program.Aktuelle_ORVELSUITE_Version =
-        "ORVELSUITE " + General_Text(suite) + "." + General_Text(program.Suite_Minor) + "." + Scenario_Version(session, Focus());
+    program.Aktuelle_ORVELSUITE_Version = "ORVELSUITE " + General_Text(suite) + "." +
+                                          General_Text(program.Suite_Minor) + "." + Scenario_Version(session, Focus());
 }
 
 bool Start_Up(Session& session)
@@ -103,8 +103,10 @@ void Check_Decimal_Separator(Session& session, std::string_view printed)
 {
     if (!Contains(printed, ","))
         return;
-    session.Ask({"System check", "ORVEL SUITE noticed that the 'komma' is used for decimal numbers in your system (see your regional settings).\r\n"
-                                 "As long as you do not select the 'point' as decimal separator you are not able to create valid input data files."});
+    session.Ask({"System check", "ORVEL SUITE noticed that the 'komma' is used for decimal numbers in your system (see "
+                                 "your regional settings).\r\n"
+                                 "As long as you do not select the 'point' as decimal separator you are not able to "
+                                 "create valid input data files."});
 }
 
 std::string Scenario_Version(const Session& session, const Mode& mode)

@@ -10,12 +10,13 @@ namespace orvel {
 
 // The rules of the start form's Load and first Activate.
 
-// Sets the program up in App_Path: write test, pending batch files deleted, engine and versions, orvel.bat, start values. False: the directory
-// cannot be written, and the program ends without a message. A job that has been started is not touched: its locks tell of it.
+// Sets the program up in App_Path: write test, pending batch files deleted, engine and versions, orvel.bat, start
+// values. False: the directory cannot be written, and the program ends without a message. A job that has been started
+// is not touched: its locks tell of it.
 bool Start_Up(Session& session);
 
-// The first engine of the directory, its version, 4.01 for orvel401.exe, and the labels of engine and program. Without one the name is empty and the
-// version 0.
+// The first engine of the directory, its version, 4.01 for orvel401.exe, and the labels of engine and program. Without
+// one the name is empty and the version 0.
 void Find_Engine(Session& session);
 
 // Warns where the system's print of 3.5 holds a comma.
@@ -30,8 +31,9 @@ bool Mode_Available(Session& session, const Mode& mode);
 // Whether the shipped files are read-only already: one scenario file stands for all.
 bool Files_Protected(const Session& session);
 
-// Makes the scenario files of the focus directory read-only, those of individual crops apart, and all its climate files. `progress` is called
-// before each file with the number done and the number of all. False: a file could not be changed, and the user has been told.
+// Makes the scenario files of the focus directory read-only, those of individual crops apart, and all its climate
+// files. `progress` is called before each file with the number done and the number of all. False: a file could not be
+// changed, and the user has been told.
 bool Protect_Files(Session& session, const std::function<void(int, int)>& progress);
 
 } // namespace orvel

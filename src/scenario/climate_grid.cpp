@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::size_t Hour_Column = 3;
 constexpr std::array<std::string_view, Climate_Grid::Text_Columns> Text_Headings = {"Day", "Mon", "Year", "hour"};
-constexpr std::array<std::string Climate_Row::*, Climate_Grid::Text_Columns> Texts = {&Climate_Row::Cli_Day, &Climate_Row::Cli_Month, &Climate_Row::Cli_Year,
-                                                                                      &Climate_Row::Cli_Hour};
+constexpr std::array<std::string Climate_Row::*, Climate_Grid::Text_Columns> Texts = {
+    &Climate_Row::Cli_Day, &Climate_Row::Cli_Month, &Climate_Row::Cli_Year, &Climate_Row::Cli_Hour};
 
 std::string Two_Characters(const std::string& cell)
 {

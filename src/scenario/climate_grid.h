@@ -12,8 +12,8 @@
 
 namespace orvel {
 
-// The grid of the climate editor: the texts of its cells are what a save writes. Texts of untouched cells are made when they are asked for, so
-// that a file of thousands of days shows at once.
+// The grid of the climate editor: the texts of its cells are what a save writes. Texts of untouched cells are made when
+// they are asked for, so that a file of thousands of days shows at once.
 class Climate_Grid {
 public:
     static constexpr std::size_t Text_Columns = 4; // day, month, year, hour
@@ -32,7 +32,8 @@ public:
     // The numbers of a number column (0 rainfall ... 6 radiation) as the grid shows them, for the chart.
     std::vector<double> Values(std::size_t column) const;
 
-    // What is saved: dates are the first two characters of their cells, a single digit with a zero before it; a number is what its cell begins with.
+    // What is saved: dates are the first two characters of their cells, a single digit with a zero before it; a number
+    // is what its cell begins with.
     Climate_Table Table() const;
 
 private:

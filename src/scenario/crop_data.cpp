@@ -24,13 +24,14 @@ private:
 Rotation_Row Parse_Dates(Token_Reader& words)
 {
     Rotation_Row dates;
-    for (const auto date :
-         {&Rotation_Row::SZE_Eme_Day, &Rotation_Row::SZE_Eme_Month, &Rotation_Row::SZE_Eme_Year, &Rotation_Row::SZE_Mat_Day, &Rotation_Row::SZE_Mat_Month,
-          &Rotation_Row::SZE_Mat_Year, &Rotation_Row::SZE_Har_Day, &Rotation_Row::SZE_Har_Month, &Rotation_Row::SZE_Har_Year})
+    for (const auto date : {&Rotation_Row::SZE_Eme_Day, &Rotation_Row::SZE_Eme_Month, &Rotation_Row::SZE_Eme_Year,
+                            &Rotation_Row::SZE_Mat_Day, &Rotation_Row::SZE_Mat_Month, &Rotation_Row::SZE_Mat_Year,
+                            &Rotation_Row::SZE_Har_Day, &Rotation_Row::SZE_Har_Month, &Rotation_Row::SZE_Har_Year})
         dates.*date = words.Integer();
     dates.SZE_Sen_Day = words.Integer();
     dates.SZE_Sen_Month = words.Integer();
-    for (const auto date : {&Rotation_Row::SZE_Sen_Year, &Rotation_Row::SZE_Til_Day, &Rotation_Row::SZE_Til_Month, &Rotation_Row::SZE_Til_Year})
+    for (const auto date : {&Rotation_Row::SZE_Sen_Year, &Rotation_Row::SZE_Til_Day, &Rotation_Row::SZE_Til_Month,
+                            &Rotation_Row::SZE_Til_Year})
         dates.*date = words.Integer();
     return dates;
 }
@@ -47,7 +48,8 @@ Crop_Data Parse_Crop(std::string_view line)
     defaults.SZE_Rot_Residue = words.Integer();
     defaults.SZE_Rot_Dry_Mass = words.Number();
     crop.Default_Dates = Parse_Dates(words);
-    for (const auto rate : {&Crop_Row::SZE_Rot_RR_Photo, &Crop_Row::SZE_Rot_RR_Pen, &Crop_Row::SZE_Rot_RR_Vol, &Crop_Row::SZE_Rot_RR_Wash})
+    for (const auto rate : {&Crop_Row::SZE_Rot_RR_Photo, &Crop_Row::SZE_Rot_RR_Pen, &Crop_Row::SZE_Rot_RR_Vol,
+                            &Crop_Row::SZE_Rot_RR_Wash})
         defaults.*rate = words.Number();
     defaults.SZE_Rot_Irrigated = words.Integer();
     defaults.SZE_Rot_Perennial = words.Integer();

@@ -11,13 +11,15 @@ namespace orvel {
 // A crop of the crop data base, the plain text file input.dat.
 struct Crop_Data {
     std::string DB_Crop_Name;
-    Crop_Row Defaults;           // SZE_Rot_Crop_No is the place in the file, from 1; curve numbers and USLE factors are not in the file
+    Crop_Row Defaults; // SZE_Rot_Crop_No is the place in the file, from 1; curve numbers and USLE factors are not in
+                       // the file
     Rotation_Row Default_Dates;  // SZE_Rot_Crop_Index as SZE_Rot_Crop_No
     std::int16_t DB_Tillage = 0; // 1: tilled before emergence
     bool operator==(const Crop_Data&) const = default;
 };
 
-// The crops in the order of the file. Throws File_Error for a file with fewer lines than it declares, or more than Most_Crops.
+// The crops in the order of the file. Throws File_Error for a file with fewer lines than it declares, or more than
+// Most_Crops.
 constexpr int Most_Crops = 1000;
 std::vector<Crop_Data> Parse_Crop_Data(std::string_view bytes);
 

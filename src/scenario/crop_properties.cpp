@@ -1,7 +1,7 @@
 #include "scenario/crop_properties.h"
 
-#include "ui/number_field.h"
 #include "scenario/crop_rotation.h"
+#include "ui/number_field.h"
 
 #include <algorithm>
 
@@ -14,8 +14,9 @@ struct Mixed_Box {
     Variant Crop_Row::*Field;
 };
 constexpr std::array Mixed_Boxes = {
-    Mixed_Box{"Text1", &Crop_Row::SZE_Rot_Text1},       Mixed_Box{"Text2", &Crop_Row::SZE_Rot_Text2},       Mixed_Box{"Text3", &Crop_Row::SZE_Rot_Interception},
-    Mixed_Box{"Text_uslec1", &Crop_Row::SZE_Rot_USLE1}, Mixed_Box{"Text_uslec2", &Crop_Row::SZE_Rot_USLE2}, Mixed_Box{"Text_uslec3", &Crop_Row::SZE_Rot_USLE3},
+    Mixed_Box{"Text1", &Crop_Row::SZE_Rot_Text1},        Mixed_Box{"Text2", &Crop_Row::SZE_Rot_Text2},
+    Mixed_Box{"Text3", &Crop_Row::SZE_Rot_Interception}, Mixed_Box{"Text_uslec1", &Crop_Row::SZE_Rot_USLE1},
+    Mixed_Box{"Text_uslec2", &Crop_Row::SZE_Rot_USLE2},  Mixed_Box{"Text_uslec3", &Crop_Row::SZE_Rot_USLE3},
 };
 
 struct Number_Box {

@@ -23,7 +23,8 @@ struct Crop_Editor {
     bool Tillage_Modified = false;
 };
 
-constexpr std::array<std::string_view, 3> Conditions_After_Harvest = {"Fallow", "Cropping", "Residues"}; // the list of Combo1
+constexpr std::array<std::string_view, 3> Conditions_After_Harvest = {"Fallow", "Cropping",
+                                                                      "Residues"}; // the list of Combo1
 
 // Load: each crop of the rotation once, in the order of its rows.
 Crop_Editor Edit_Crops(const Rotation_Work& work);
@@ -42,14 +43,15 @@ void Set_Crop_Text(Crop_Row& crop, std::string_view control, std::string_view te
 // A warning of the value that a box holds; it stays there.
 std::optional<Refusal> Check_Crop_Text(std::string_view control, std::string_view text);
 
-// Clicks by the user: the condition's list index, and the options' index (1 "Yes"). Setting the same tillage flag again counts as modified.
+// Clicks by the user: the condition's list index, and the options' index (1 "Yes"). Setting the same tillage flag again
+// counts as modified.
 void Choose_Condition(Crop_Row& crop, int item);
 void Choose_Irrigated(Crop_Row& crop, int option);
 void Choose_Perennial(Crop_Row& crop, int option);
 void Choose_Tillage(Crop_Editor& editor, std::size_t crop, int option);
 
-// The confirmation. A modified tillage flag costs the rotation, since its dates rest on the flag: the user is asked. False: nothing is taken
-// over, and the form stays open.
+// The confirmation. A modified tillage flag costs the rotation, since its dates rest on the flag: the user is asked.
+// False: nothing is taken over, and the form stays open.
 bool Confirm_Crops(const Session& session, const Crop_Editor& editor, Rotation_Work& work);
 
 } // namespace orvel

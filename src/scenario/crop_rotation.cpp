@@ -2,9 +2,9 @@
 
 #include "core/error.h"
 #include "core/files.h"
-#include "ui/number_field.h"
 #include "scenario/crop_properties.h"
 #include "scenario/saving.h"
+#include "ui/number_field.h"
 
 #include <algorithm>
 
@@ -19,7 +19,9 @@ constexpr int Rows_Checked_Always = 3; // below it all rows are checked
 const Crop_Row* Crop_Of(const Rotation_Work& work, std::size_t row)
 {
     const int number = work.Rows[row].SZE_Rot_Crop_Index;
-    return number >= 1 && static_cast<std::size_t>(number) <= work.Crops.size() ? &work.Crops[static_cast<std::size_t>(number) - 1] : nullptr;
+    return number >= 1 && static_cast<std::size_t>(number) <= work.Crops.size()
+               ? &work.Crops[static_cast<std::size_t>(number) - 1]
+               : nullptr;
 }
 
 Rotation_Row New_Row(const Rotation_Work& work, std::size_t crop)
@@ -29,7 +31,8 @@ Rotation_Row New_Row(const Rotation_Work& work, std::size_t crop)
     return row;
 }
 
-// The year that the row's crop is tilled in by the data base: there a rotation begins, whether its years count from 0 or from 1.
+// The year that the row's crop is tilled in by the data base: there a rotation begins, whether its years count from 0
+// or from 1.
 int First_Tillage_Year(const Rotation_Work& work, std::size_t row)
 {
     const auto* crop = Crop_Of(work, row);
@@ -79,7 +82,8 @@ Rotation_Work Load_Rotation(const Scenario_Document& document, std::vector<Crop_
 std::string Rotation_Name(const Rotation_Work& work, std::size_t row)
 {
     const int number = work.Rows[row].SZE_Rot_Crop_Index;
-    return Crop_Of(work, row) ? work.Data_Base[static_cast<std::size_t>(number) - 1].DB_Crop_Name : "Crop " + std::to_string(number);
+    return Crop_Of(work, row) ? work.Data_Base[static_cast<std::size_t>(number) - 1].DB_Crop_Name
+                              : "Crop " + std::to_string(number);
 }
 
 bool Is_Tilled(const Rotation_Work& work, std::size_t row)
@@ -123,7 +127,8 @@ void Rot_Close_Gap(Rotation_Work& work, std::size_t row)
     if (shift <= 0)
         return;
     for (auto r = row; r < work.Rows.size(); ++r) {
-        for (const auto stage : {Crop_Stage::Tillage, Crop_Stage::Emergence, Crop_Stage::Maturation, Crop_Stage::Harvest}) {
+        for (const auto stage :
+             {Crop_Stage::Tillage, Crop_Stage::Emergence, Crop_Stage::Maturation, Crop_Stage::Harvest}) {
             auto date = Date_Of(work.Rows[r], stage);
             date.Year -= shift;
             Set_Date(work.Rows[r], stage, date);
@@ -184,7 +189,8 @@ std::optional<Refusal> Check_Rotation(const Rotation_Work& work)
         return Refusal{{File_Check, No_Data_Base}, "List_dat"};
     for (std::size_t r = 0; r < work.Rows.size(); ++r) {
         if (!Crop_Of(work, r))
-            return Refusal{{File_Check, "The crop data base does not hold crop " + std::to_string(work.Rows[r].SZE_Rot_Crop_Index) + " of row " +
+            return Refusal{{File_Check, "The crop data base does not hold crop " +
+                                            std::to_string(work.Rows[r].SZE_Rot_Crop_Index) + " of row " +
                                             std::to_string(r + 1) + "."},
                            "List_rot"};
     }

@@ -4,8 +4,9 @@ namespace orvel {
 
 namespace {
 
-constexpr std::array<Variant Scenario_Document::*, 4> Mixed_Factors = {&Scenario_Document::SZE_Eros_K, &Scenario_Document::SZE_Eros_2,
-                                                                       &Scenario_Document::SZE_Eros_3, &Scenario_Document::SZE_Eros_4};
+constexpr std::array<Variant Scenario_Document::*, 4> Mixed_Factors = {
+    &Scenario_Document::SZE_Eros_K, &Scenario_Document::SZE_Eros_2, &Scenario_Document::SZE_Eros_3,
+    &Scenario_Document::SZE_Eros_4};
 
 std::string Text_Of(double factor)
 {

@@ -7,7 +7,8 @@
 
 namespace orvel {
 
-// The factors of the MUSLE: soil erodibility, slope, management, area, duration of the rain storm, in the order Text1_er to Text5_er.
+// The factors of the MUSLE: soil erodibility, slope, management, area, duration of the rain storm, in the order
+// Text1_er to Text5_er.
 using Erosion_Texts = std::array<std::string, 5>;
 
 // A factor of 0 shows an empty box.

@@ -1,7 +1,7 @@
 #include "scenario/horizon_grid.h"
 
-#include "ui/number_field.h"
 #include "scenario/scenario_options.h"
+#include "ui/number_field.h"
 
 #include <algorithm>
 
@@ -103,14 +103,17 @@ std::string Profile_Caption(const Scenario_Document& document, const Horizon_Gri
     for (const auto& cells : grid.Cells)
         sum += Val(cells[Thickness_Column]);
     const std::string caption = "Sum of thickness: " + General_Text(sum) + " cm";
-    return sum == document.SZE_Core_Depth ? caption : caption + ", core depth: " + General_Text(document.SZE_Core_Depth) + " cm";
+    return sum == document.SZE_Core_Depth ? caption
+                                          : caption + ", core depth: " + General_Text(document.SZE_Core_Depth) + " cm";
 }
 
 std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, const Horizon_Grid& grid)
 {
     for (std::size_t h = 0; h < grid.Cells.size() && Direct_Input(document); ++h) {
         if (Val(grid.Cells[h][Wilting_Column]) > Val(grid.Cells[h][Capacity_Column]))
-            return Refusal{{"Data Check", "Horizon " + std::to_string(h + 1) + ": Wilting point must not exceed field capacity"}, "Grid_nhor"};
+            return Refusal{
+                {"Data Check", "Horizon " + std::to_string(h + 1) + ": Wilting point must not exceed field capacity"},
+                "Grid_nhor"};
     }
     return std::nullopt;
 }

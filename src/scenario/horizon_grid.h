@@ -8,7 +8,8 @@
 
 namespace orvel {
 
-// The table of the soil horizons: one row a horizon, cells as texts. Which columns there are follows from the document's options.
+// The table of the soil horizons: one row a horizon, cells as texts. Which columns there are follows from the
+// document's options.
 struct Horizon_Grid {
     std::vector<std::string> Headings;
     std::vector<std::string> Row_Titles;         // "Horizon 1" ...
@@ -19,7 +20,8 @@ struct Horizon_Grid {
 // The document's horizons; a horizon that it does not hold yet is a row of empty cells.
 Horizon_Grid Show_Horizons(const Scenario_Document& document);
 
-// The horizons to scale, one a row: depths in cm, organic carbon in %. A thickness that is not above 0 gives a layer without height.
+// The horizons to scale, one a row: depths in cm, organic carbon in %. A thickness that is not above 0 gives a layer
+// without height.
 struct Profile_Layer {
     double Top = 0, Bottom = 0, Organic_Carbon = 0;
     bool operator==(const Profile_Layer&) const = default;
@@ -32,8 +34,8 @@ std::string Profile_Caption(const Scenario_Document& document, const Horizon_Gri
 // With direct input, a wilting point above the field capacity; equal ones pass.
 std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, const Horizon_Grid& grid);
 
-// Takes a checked grid over. The result is the sum of thickness (cm) if it differs from the core depth: the editor shows it in the box of
-// the core depth, and the document keeps its own depth until that box is left.
+// Takes a checked grid over. The result is the sum of thickness (cm) if it differs from the core depth: the editor
+// shows it in the box of the core depth, and the document keeps its own depth until that box is left.
 std::optional<double> Take_Over_Horizons(Session& session, const Horizon_Grid& grid);
 
 } // namespace orvel

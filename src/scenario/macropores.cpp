@@ -13,7 +13,8 @@ constexpr double Whole_Excess = 1;
 
 Macropore_Texts Show_Macropores(const Scenario_Document& document)
 {
-    return {General_Text(document.SZE_Macro_Threshold), General_Text(document.SZE_Macro_Fraction), General_Text(document.SZE_Macro_Depth)};
+    return {General_Text(document.SZE_Macro_Threshold), General_Text(document.SZE_Macro_Fraction),
+            General_Text(document.SZE_Macro_Depth)};
 }
 
 Macropore_Texts Default_Macropores()

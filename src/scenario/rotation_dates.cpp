@@ -88,7 +88,8 @@ void Raise_To(Rotation_Row& row, Crop_Stage stage, Crop_Date not_before)
     Crop_Date date = Date_Of(row, stage);
     const double key = Date_Key(not_before);
     // With two digits in day and month every year before the other date's is too early.
-    const bool regular = Is_Two_Digits(date.Day) && Is_Two_Digits(date.Month) && Is_Two_Digits(not_before.Day) && Is_Two_Digits(not_before.Month);
+    const bool regular = Is_Two_Digits(date.Day) && Is_Two_Digits(date.Month) && Is_Two_Digits(not_before.Day) &&
+                         Is_Two_Digits(not_before.Month);
     if (regular && date.Year >= 0)
         date.Year = std::max(date.Year, not_before.Year);
     while (key > Date_Key(date) && date.Year < Last_Year)

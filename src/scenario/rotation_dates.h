@@ -12,7 +12,8 @@ namespace orvel {
 
 enum class Crop_Stage { Emergence, Maturation, Harvest, Senescence, Tillage };
 
-// The stages in the order of their controls: the label, and the end of the control names (Combo1_eme day, Combo2_eme month, Text_eme year).
+// The stages in the order of their controls: the label, and the end of the control names (Combo1_eme day, Combo2_eme
+// month, Text_eme year).
 struct Crop_Stage_Controls {
     Crop_Stage Stage;
     std::string_view Label, Suffix;

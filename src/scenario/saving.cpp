@@ -1,9 +1,9 @@
 #include "scenario/saving.h"
 
-#include "ui/number_field.h"
 #include "files/scenario_lines.h"
 #include "scenario/macropores.h"
 #include "scenario/rotation_dates.h"
+#include "ui/number_field.h"
 
 #include <algorithm>
 
@@ -30,7 +30,8 @@ std::string Date_Without_Room(const Rotation_Row& row, bool with_tillage)
         const auto date = Date_Of(row, stage.Stage);
         if (Fits_Two_Digits(date) || (stage.Stage == Crop_Stage::Tillage && !with_tillage))
             continue;
-        return std::string(stage.Label) + " " + std::to_string(date.Day) + "." + std::to_string(date.Month) + "." + std::to_string(date.Year);
+        return std::string(stage.Label) + " " + std::to_string(date.Day) + "." + std::to_string(date.Month) + "." +
+               std::to_string(date.Year);
     }
     return {};
 }
@@ -43,15 +44,17 @@ bool Uses_Tillage(const Scenario_Document& document)
     });
 }
 
-// The layout counts tillage over as many crops as there are rows in the rotation: a tilled crop behind them leaves its dates unwritten.
+// The layout counts tillage over as many crops as there are rows in the rotation: a tilled crop behind them leaves its
+// dates unwritten.
 void Tell_Unwritten_Tillage(const Session& session)
 {
     const auto& document = session.Scenario;
     if (!Uses_Tillage(document) || Has_Tillage(document))
         return;
     const auto rows = std::to_string(document.SZE_Rot_Count);
-    session.Ask({"Data Check", "A rotation of " + rows + " rows is saved with its dates of tillage and senescence only if one of the first " + rows +
-                                   " crops of the data base is tilled. They will not be in the file."});
+    session.Ask({"Data Check", "A rotation of " + rows +
+                                   " rows is saved with its dates of tillage and senescence only if one of the first " +
+                                   rows + " crops of the data base is tilled. They will not be in the file."});
 }
 
 } // namespace
@@ -62,7 +65,8 @@ std::optional<Refusal> Prepare_Save(Session& session, std::string_view horizons)
     document.SZE_Horizons = Typed_Number(horizons);
     if (document.SZE_Horizons.Number() <= 0)
         return Refusal{{"Data Check", "Insert soil horizon parameters"}, Horizons_Box};
-    if (document.SZE_Horizons.Number() > static_cast<double>(document.Horizons.size()) || Thickness_Of(document) != document.SZE_Core_Depth)
+    if (document.SZE_Horizons.Number() > static_cast<double>(document.Horizons.size()) ||
+        Thickness_Of(document) != document.SZE_Core_Depth)
         return Refusal{{"Data Check", "Core depth and horizon thickness are not consistent"}, "Text_cor"};
     if (const auto refusal = Check_Rotation_Digits(document.Rotation, document.Crops))
         return refusal;
@@ -80,13 +84,16 @@ std::optional<Refusal> Check_Open_Horizons(std::string_view horizons)
 
 std::optional<Refusal> Check_Rotation_Digits(const std::vector<Rotation_Row>& rows, const std::vector<Crop_Row>& crops)
 {
-    const bool with_tillage = std::ranges::any_of(crops, [](const Crop_Row& crop) { return crop.SZE_Rot_Tillage != 0; });
+    const bool with_tillage =
+        std::ranges::any_of(crops, [](const Crop_Row& crop) { return crop.SZE_Rot_Tillage != 0; });
     for (std::size_t r = 0; r < rows.size(); ++r) {
         const auto date = Date_Without_Room(rows[r], with_tillage);
         if (!date.empty())
-            return Refusal{{"Data Check", "Row " + std::to_string(r + 1) + " of the crop rotation: the scenario file has no room for \"" + date +
-                                              "\". Its days, months and years have two digits, so year 99 is the last one."},
-                           Rotation_Button};
+            return Refusal{
+                {"Data Check", "Row " + std::to_string(r + 1) +
+                                   " of the crop rotation: the scenario file has no room for \"" + date +
+                                   "\". Its days, months and years have two digits, so year 99 is the last one."},
+                Rotation_Button};
     }
     return std::nullopt;
 }
@@ -95,9 +102,11 @@ bool May_Close(const Session& session, bool changed)
 {
     if (!changed)
         return true;
-    return session.Ask(
-               {"Saving Input File", "Parameters were changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No}) ==
-           Button::Yes;
+    return session.Ask({"Saving Input File",
+                        "Parameters were changed. Do you want to exit without saving ?",
+                        Icon::Question,
+                        {Button::Yes, Button::No},
+                        Button::No}) == Button::Yes;
 }
 
 } // namespace orvel

@@ -1,7 +1,7 @@
 #include "scenario/scenario_fields.h"
 
-#include "ui/number_field.h"
 #include "core/text.h"
+#include "ui/number_field.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +13,8 @@ namespace {
 using Document = Scenario_Document;
 constexpr std::string_view Data_Check = "Data Check";
 
-constexpr std::string_view Title_Box = "Text_tit", Depth_Box = "Text_cor", Layers_Box = "Text_num", Horizons_Box = "Text_nhor";
+constexpr std::string_view Title_Box = "Text_tit", Depth_Box = "Text_cor", Layers_Box = "Text_num",
+                           Horizons_Box = "Text_nhor";
 
 struct Number_Box {
     std::string_view Control;
@@ -85,11 +86,13 @@ std::optional<Refusal> Check(const Document& document, std::string_view control)
         return std::nullopt;
     const double every = Val(Field_Text(document, control));
     if (every < 1 || every > document.SZE_Layers)
-        return Refuse("Value must be between 0 and " + General_Text(document.SZE_Layers), control); // 0 is named and refused
+        return Refuse("Value must be between 0 and " + General_Text(document.SZE_Layers),
+                      control); // 0 is named and refused
     return std::nullopt;
 }
 
-// The rows of the horizons grow with their number; what a smaller number leaves out stays until the horizon grid is accepted.
+// The rows of the horizons grow with their number; what a smaller number leaves out stays until the horizon grid is
+// accepted.
 void Make_Room(Document& document)
 {
     const double horizons = std::min<double>(document.SZE_Horizons.Number(), Most_Horizons);

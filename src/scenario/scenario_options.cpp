@@ -17,13 +17,14 @@ struct Frequency {
 // Each is followed by the one that a click switches to. The daily word has a leading blank in the file.
 constexpr std::array<Frequency, 3> Frequencies = {{{"MNTH", "Monthly"}, {"YEAR", "Yearly"}, {" DAY", "Daily"}}};
 
-constexpr std::array<Variant Scenario_Document::*, 3> Frequency_Fields = {&Scenario_Document::SZE_Freq_Water, &Scenario_Document::SZE_Freq_Solute,
-                                                                          &Scenario_Document::SZE_Freq_Conc};
+constexpr std::array<Variant Scenario_Document::*, 3> Frequency_Fields = {
+    &Scenario_Document::SZE_Freq_Water, &Scenario_Document::SZE_Freq_Solute, &Scenario_Document::SZE_Freq_Conc};
 
 std::size_t Frequency_Index(const Scenario_Document& document, Output_Of output)
 {
     const std::string text = (document.*Frequency_Fields[static_cast<std::size_t>(output)]).Text();
-    const auto found = std::ranges::find_if(Frequencies, [&](const Frequency& f) { return Trim(f.Word) == Trim(text); });
+    const auto found =
+        std::ranges::find_if(Frequencies, [&](const Frequency& f) { return Trim(f.Word) == Trim(text); });
     return found == Frequencies.end() ? 0 : static_cast<std::size_t>(found - Frequencies.begin());
 }
 

@@ -4,7 +4,8 @@
 
 namespace orvel {
 
-// What a click on an option, a check box or a switch of the scenario editor does. Each marks the scenario document changed.
+// What a click on an option, a check box or a switch of the scenario editor does. Each marks the scenario document
+// changed.
 
 // Compartments dependent on soil depth (0) or constant (1), the numbers of the file and of Button_Delxflg alike.
 void Choose_Compartments(Session& session, int option);

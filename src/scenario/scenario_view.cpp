@@ -32,7 +32,8 @@ Scenario_View View_Of(const Scenario_Document& document)
     view.Hydraulics = Item(document.SZE_Hydraulic_Flag.Number(), 2);
     view.Drainage = Drainage_Option(document);
     view.Erosion = document.SZE_Erosion == 1;
-    view.Processes = {view.Erosion ? Box::Greyed : State_Of(document.SZE_Runoff != 0), State_Of(Has_Macropore_Flow(document))};
+    view.Processes = {view.Erosion ? Box::Greyed : State_Of(document.SZE_Runoff != 0),
+                      State_Of(Has_Macropore_Flow(document))};
     for (std::size_t x = 0; x < view.Processes.size(); ++x)
         view.Process_Depth_Visible[x] = view.Processes[x] != Box::Clear;
     view.Macropore_Button_Visible = Has_Macropore_Flow(document);

@@ -10,7 +10,8 @@ namespace orvel {
 
 enum class Box { Clear, Set, Greyed };
 
-// What the scenario editor shows beside its text boxes: visibility, states of options and boxes, captions. Every handler ends with it.
+// What the scenario editor shows beside its text boxes: visibility, states of options and boxes, captions. Every
+// handler ends with it.
 struct Scenario_View {
     int Compartments = 0;                        // Button_Delxflg that is on
     bool Layers_Visible = false;                 // Text_num, Label2 and their labels: with constant compartments
@@ -31,8 +32,8 @@ struct Scenario_View {
 Scenario_View View_Of(const Scenario_Document& document);
 
 // The list of Combo_et.
-constexpr std::array<std::string_view, 4> Evapotranspiration_Methods = {"Pot. evaporation data", "Hamon equation", "Pot. evaporation data/Hamon",
-                                                                        "Haude equation"};
+constexpr std::array<std::string_view, 4> Evapotranspiration_Methods = {
+    "Pot. evaporation data", "Hamon equation", "Pot. evaporation data/Hamon", "Haude equation"};
 
 // The thickness of a layer in cm with two decimals; empty without layers.
 std::string Thickness_Text(const Scenario_Document& document);

@@ -25,7 +25,8 @@ Active_Entry Load_Active(const Pesticide_Document& document)
 {
     Active_Entry entry{.Substance = Load_Substance(document, Active),
                        .Text_comment = document.PSM_Title,
-                       .App_Flag = static_cast<Application_Method>(std::clamp(static_cast<int>(std::clamp(document.App_Method.Number(), 1.0, 4.0)), 1, 4)),
+                       .App_Flag = static_cast<Application_Method>(
+                           std::clamp(static_cast<int>(std::clamp(document.App_Method.Number(), 1.0, 4.0)), 1, 4)),
                        .Henry_Direct = document.Henry_Flag.Number() == 0,
                        .Pairs = Load_Volatilisation(document),
                        .Text_vol3 = General_Text(document.Diff_Air),

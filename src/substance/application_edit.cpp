@@ -26,7 +26,8 @@ int Cycles(const Session& session)
 // Applications a year by the count of a location, rounded as an i16 is.
 int Per_Year(const Session& session, int location)
 {
-    return static_cast<int>(std::nearbyint(static_cast<double>(Applications_Of(session.Pesticide, location)) / Cycles(session)));
+    return static_cast<int>(
+        std::nearbyint(static_cast<double>(Applications_Of(session.Pesticide, location)) / Cycles(session)));
 }
 
 // The position shown in each year: k x n + App_Current.
@@ -42,12 +43,14 @@ template <class Edit> void For_All_Years(const Session& session, int per_year, E
 template <class Field, class Value> void Edit_Absolute(Session& session, Field field, Value value)
 {
     const int location = Current_Location(session);
-    For_All_Years(session, Per_Year(session, location), [&](int a) { session.Pesticide.Applications[location][a].*field = value; });
+    For_All_Years(session, Per_Year(session, location),
+                  [&](int a) { session.Pesticide.Applications[location][a].*field = value; });
 }
 
 template <class Field, class Value> void Edit_Relative(Session& session, int count_location, Field field, Value value)
 {
-    For_All_Years(session, Per_Year(session, count_location), [&](int a) { session.Pesticide.Relative[a].*field = value; });
+    For_All_Years(session, Per_Year(session, count_location),
+                  [&](int a) { session.Pesticide.Relative[a].*field = value; });
 }
 
 } // namespace
@@ -94,7 +97,8 @@ void Edit_Relative_Interception(Session& session, std::string_view typed)
 
 void Edit_Reference_Point(Session& session, int list_index)
 {
-    Edit_Relative(session, Reference_Location, &Relative_Application::Abs9_Month, static_cast<std::int16_t>(list_index));
+    Edit_Relative(session, Reference_Location, &Relative_Application::Abs9_Month,
+                  static_cast<std::int16_t>(list_index));
 }
 
 Day_List Relative_Days(const Session& session)
@@ -125,7 +129,9 @@ std::optional<Refusal> Leave_Number_Of_Applications(Session& session, std::strin
 {
     const double count = std::nearbyint(Val(typed));
     if (count > Last_Application)
-        return Refusal{{"Data check", "More than " + std::to_string(Last_Application) + " applications are not possible"}, "Text_naps"};
+        return Refusal{
+            {"Data check", "More than " + std::to_string(Last_Application) + " applications are not possible"},
+            "Text_naps"};
     if (count > 0)
         session.Pesticide.App_Count[Current_Location(session)] = count;
     return std::nullopt;

@@ -1,9 +1,9 @@
 #include "substance/application_grid.h"
 
-#include "ui/grid_keys.h"
-#include "ui/number_field.h"
 #include "substance/application_list.h"
 #include "substance/application_state.h"
+#include "ui/grid_keys.h"
+#include "ui/number_field.h"
 
 #include <algorithm>
 #include <tuple>
@@ -15,14 +15,17 @@ namespace {
 struct Bound {
     int Column, Largest;
 };
-constexpr std::array<Bound, 4> Whole_Columns = {{{Grid_Column::Day, 31}, {Grid_Column::Month, 12}, {Grid_Column::Year, 9999}, {Grid_Column::Hour, 24}}};
+constexpr std::array<Bound, 4> Whole_Columns = {
+    {{Grid_Column::Day, 31}, {Grid_Column::Month, 12}, {Grid_Column::Year, 9999}, {Grid_Column::Hour, 24}}};
 
 struct Needed {
     int Column;
     std::string_view Name;
 };
-constexpr std::array<Needed, 4> Needed_Columns = {
-    {{Grid_Column::Day, "Day"}, {Grid_Column::Month, "Month"}, {Grid_Column::Year, "Year"}, {Grid_Column::App_Rate, "App. rate"}}};
+constexpr std::array<Needed, 4> Needed_Columns = {{{Grid_Column::Day, "Day"},
+                                                   {Grid_Column::Month, "Month"},
+                                                   {Grid_Column::Year, "Year"},
+                                                   {Grid_Column::App_Rate, "App. rate"}}};
 
 int Location_Of(const Session& session)
 {
@@ -33,12 +36,14 @@ int Location_Of(const Session& session)
 bool Is_Within_Bounds(int column, std::string_view text)
 {
     const auto whole = std::ranges::find(Whole_Columns, column, &Bound::Column);
-    return whole == Whole_Columns.end() || (text.find_first_not_of("0123456789") == std::string_view::npos && Val(text) <= whole->Largest);
+    return whole == Whole_Columns.end() ||
+           (text.find_first_not_of("0123456789") == std::string_view::npos && Val(text) <= whole->Largest);
 }
 
 Application_Row Row_Of(const Application& application, Application_Method method)
 {
-    const double depth_or_interception = method == Application_Method::Soil ? application.App_Depth : application.App_Frpex;
+    const double depth_or_interception =
+        method == Application_Method::Soil ? application.App_Depth : application.App_Frpex;
     return {"",
             std::to_string(application.App_Day),
             std::to_string(application.App_Month),
@@ -56,7 +61,8 @@ void Store_Row(Application& application, const Application_Row& row, Application
     application.App_Year = Typed_Integer(row[Grid_Column::Year]);
     application.App_Crop_Flag = Typed_Integer(row[Grid_Column::Hour]);
     application.App_Rate = Val(row[Grid_Column::App_Rate]);
-    (method == Application_Method::Soil ? application.App_Depth : application.App_Frpex) = Val(row[Grid_Column::Depth_Or_Interception]);
+    (method == Application_Method::Soil ? application.App_Depth : application.App_Frpex) =
+        Val(row[Grid_Column::Depth_Or_Interception]);
     application.App_Time = Val(row[Grid_Column::Fraction]);
 }
 
@@ -64,7 +70,8 @@ std::optional<Grid_Refusal> Check_Values(const Application_Row& row, std::size_t
 {
     for (const auto& [column, name] : Needed_Columns) {
         if (Val(row[column]) == 0)
-            return Grid_Refusal{{"Application Value Check", "Application " + std::to_string(number) + " - " + std::string(name) + " -  has no value."},
+            return Grid_Refusal{{"Application Value Check", "Application " + std::to_string(number) + " - " +
+                                                                std::string(name) + " -  has no value."},
                                 static_cast<int>(number) - 1,
                                 column};
     }
@@ -74,7 +81,8 @@ std::optional<Grid_Refusal> Check_Values(const Application_Row& row, std::size_t
 bool Is_Earlier(const Application_Row& before, const Application_Row& row)
 {
     const auto date = [](const Application_Row& of) {
-        return std::tuple(Typed_Integer(of[Grid_Column::Year]), Typed_Integer(of[Grid_Column::Month]), Typed_Integer(of[Grid_Column::Day]));
+        return std::tuple(Typed_Integer(of[Grid_Column::Year]), Typed_Integer(of[Grid_Column::Month]),
+                          Typed_Integer(of[Grid_Column::Day]));
     };
     return date(before) < date(row);
 }
@@ -136,15 +144,17 @@ std::optional<Grid_Refusal> Check_Application_Grid(const Application_Grid& grid)
     for (std::size_t a = 2; a <= grid.size(); ++a) {
         if (Is_Earlier(grid[a - 2], grid[a - 1]))
             continue;
-        return Grid_Refusal{{"Application Date Check", "Application dates must be in chronological order.\r\n     Check Application " + std::to_string(a - 1) +
-                                                           " and " + std::to_string(a) + "."},
-                            static_cast<int>(a) - 1,
-                            Grid_Column::Day};
+        return Grid_Refusal{
+            {"Application Date Check", "Application dates must be in chronological order.\r\n     Check Application " +
+                                           std::to_string(a - 1) + " and " + std::to_string(a) + "."},
+            static_cast<int>(a) - 1,
+            Grid_Column::Day};
     }
     return std::nullopt;
 }
 
-std::optional<Grid_Refusal> Accept_Application_Grid(Session& session, const Application_Grid& grid, Application_Method method)
+std::optional<Grid_Refusal> Accept_Application_Grid(Session& session, const Application_Grid& grid,
+                                                    Application_Method method)
 {
     if (auto refusal = Check_Application_Grid(grid))
         return refusal;

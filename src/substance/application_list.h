@@ -6,10 +6,12 @@
 
 namespace orvel {
 
-// The applications of a location that can be walked over: its count without decimals, within the slots there are. A text counts as its number.
+// The applications of a location that can be walked over: its count without decimals, within the slots there are. A
+// text counts as its number.
 inline int Applications_Of(const Pesticide_Document& document, int location)
 {
-    return static_cast<int>(std::clamp(document.App_Count.at(static_cast<std::size_t>(location)).Number(), 0.0, static_cast<double>(Last_Application)));
+    return static_cast<int>(std::clamp(document.App_Count.at(static_cast<std::size_t>(location)).Number(), 0.0,
+                                       static_cast<double>(Last_Application)));
 }
 
 } // namespace orvel

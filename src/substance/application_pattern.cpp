@@ -32,7 +32,8 @@ bool Repeats_Itself(const Pesticide_Document& document, std::size_t location, in
     for (int a = 1; a <= count; ++a) {
         const auto at = static_cast<std::size_t>(a);
         const auto master = static_cast<std::size_t>((a - 1) % per_year + 1);
-        if (Part_Of(document, location, at) != Part_Of(document, location, master) || document.Applications[location][at].App_Time != 0)
+        if (Part_Of(document, location, at) != Part_Of(document, location, master) ||
+            document.Applications[location][at].App_Time != 0)
             return false;
     }
     return true;

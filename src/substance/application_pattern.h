@@ -16,9 +16,10 @@ constexpr int Years_Of_Pattern(int pattern)
     return 20 * pattern + 6;
 }
 
-// Finds the pattern of a location from its list of applications, 0 to 9, and sets App_Pattern and App_Per_Year of that location. In relative mode
-// the shared list counts. A location without 22 applications, or whose years differ in date, rate or depth, is irregular (0); the years
-// themselves and the interception are not compared, and a fraction poorly exposed other than 0 makes any list irregular.
+// Finds the pattern of a location from its list of applications, 0 to 9, and sets App_Pattern and App_Per_Year of that
+// location. In relative mode the shared list counts. A location without 22 applications, or whose years differ in date,
+// rate or depth, is irregular (0); the years themselves and the interception are not compared, and a fraction poorly
+// exposed other than 0 makes any list irregular.
 void Check_Pattern(Session& session, int location);
 
 } // namespace orvel

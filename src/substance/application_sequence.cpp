@@ -25,7 +25,8 @@ int Day_Of_Simulation(const Relative_Application& application)
 
 bool In_Sequence(const Application& before, const Application& application)
 {
-    return std::max(before.App_Year, application.App_Year) <= Last_Checked_Year && Day_Of_Simulation(application) > Day_Of_Simulation(before);
+    return std::max(before.App_Year, application.App_Year) <= Last_Checked_Year &&
+           Day_Of_Simulation(application) > Day_Of_Simulation(before);
 }
 
 bool In_Sequence(const Relative_Application& before, const Relative_Application& application)
@@ -57,7 +58,8 @@ void Show_Application(Session& session, int location, int a)
 
 std::string Date_Text(const Application& application)
 {
-    return std::to_string(application.App_Day) + "." + std::to_string(application.App_Month) + "." + Format_Pattern(application.App_Year, "00");
+    return std::to_string(application.App_Day) + "." + std::to_string(application.App_Month) + "." +
+           Format_Pattern(application.App_Year, "00");
 }
 
 } // namespace
@@ -70,7 +72,8 @@ std::optional<Refusal> Check_Sequence(Session& session, const Location_Lists& li
         if (a == 0)
             return std::nullopt;
         Show_Application(session, 0, a);
-        return Refusal{{"Data check", "Error in application sequence (application no. " + std::to_string(a) + ")"}, "Tage"};
+        return Refusal{{"Data check", "Error in application sequence (application no. " + std::to_string(a) + ")"},
+                       "Tage"};
     }
     const auto& list = lists.Visible();
     for (int l = 1; l <= Last_Location && l < static_cast<int>(list.size()); ++l) {
@@ -79,7 +82,9 @@ std::optional<Refusal> Check_Sequence(Session& session, const Location_Lists& li
         if (a == 0)
             continue;
         Show_Application(session, l, a);
-        return Refusal{{"Data check", "Error in application sequence (" + Date_Text(applications[a - 1]) + ", location: " + list[l] + ")"}, "App_Tag"};
+        return Refusal{{"Data check", "Error in application sequence (" + Date_Text(applications[a - 1]) +
+                                          ", location: " + list[l] + ")"},
+                       "App_Tag"};
     }
     return std::nullopt;
 }

@@ -59,7 +59,8 @@ void Choose_Date_Kind(Session& session, Date_Kind kind)
     const int pattern = run.App_Pattern;
     if (pattern > 0) {
         run.App_Cycles = static_cast<std::uint8_t>(Cycles_Of_Pattern(pattern));
-        run.App_Per_Year[0] = static_cast<std::int16_t>(std::clamp<int>(run.App_Per_Year[0], 0, Last_Application / run.App_Cycles));
+        run.App_Per_Year[0] =
+            static_cast<std::int16_t>(std::clamp<int>(run.App_Per_Year[0], 0, Last_Application / run.App_Cycles));
         document.App_Count[0] = run.App_Per_Year[0] * run.App_Cycles;
         Choose_Pattern(session, pattern);
     } else {
@@ -76,7 +77,8 @@ void Return_From_Grid(Session& session)
 
 Editor_Copy Keep_Copy(const Session& session)
 {
-    return {std::make_unique<Pesticide_Document>(session.Pesticide), session.Run.App_Per_Year, session.Run.App_Pattern, session.Run.App_Cycles};
+    return {std::make_unique<Pesticide_Document>(session.Pesticide), session.Run.App_Per_Year, session.Run.App_Pattern,
+            session.Run.App_Cycles};
 }
 
 void Restore_Copy(Session& session, const Editor_Copy& copy)

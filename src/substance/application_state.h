@@ -12,17 +12,19 @@ enum class Date_Kind { Absolute, Relative }; // the index of Applikationsverfahr
 
 Date_Kind Date_Kind_Of(const Pesticide_Document& document);
 
-// The form loads: finds the applications a year of all locations, and the pattern of the location under edit, the shared one of relative dates.
+// The form loads: finds the applications a year of all locations, and the pattern of the location under edit, the
+// shared one of relative dates.
 void Load_Applications(Session& session);
 
 // Another location of the visible list. The first application of the year shows.
 void Choose_Location(Session& session, int list_index);
 
-// The form is activated for the first time: outside relative mode the location is cut down to the last of `entries` and chosen.
+// The form is activated for the first time: outside relative mode the location is cut down to the last of `entries` and
+// chosen.
 void Activate_Applications(Session& session, int entries);
 
-// Another kind of dates. Relative ones are no conversion of absolute ones: they take the pattern over, never the dates. Absolute ones begin at the
-// user-specific location with one application a year.
+// Another kind of dates. Relative ones are no conversion of absolute ones: they take the pattern over, never the dates.
+// Absolute ones begin at the user-specific location with one application a year.
 void Choose_Date_Kind(Session& session, Date_Kind kind);
 
 // After the grid of single applications.

@@ -8,7 +8,8 @@
 
 namespace orvel {
 
-const std::string_view Irregular_Note = "As long as the selected \r\napplication mode is irregular, \r\nyou have to enter the \r\napplication data manually!";
+const std::string_view Irregular_Note = "As long as the selected \r\napplication mode is irregular, \r\nyou have to "
+                                        "enter the \r\napplication data manually!";
 
 namespace {
 
@@ -22,7 +23,8 @@ int List_Index(int value, int entries)
 
 std::string Year_Sentence(int per_year, int pattern)
 {
-    return std::to_string(per_year) + (per_year <= 1 ? " application  " : " applications ") + std::string(Frequency[pattern]);
+    return std::to_string(per_year) + (per_year <= 1 ? " application  " : " applications ") +
+           std::string(Frequency[pattern]);
 }
 
 void Show_Application(Application_View& view, const Application& application)

@@ -10,8 +10,8 @@ namespace orvel {
 // The kind of application, as numbered in the file.
 enum class Application_Method { Soil = 1, Linear = 2, Exponential = 3, Manually = 4 };
 
-// What the application half of the substance form shows: the texts of the location and application under edit, and what is visible and enabled.
-// The form applies it whole after every rule that changed something.
+// What the application half of the substance form shows: the texts of the location and application under edit, and what
+// is visible and enabled. The form applies it whole after every rule that changed something.
 struct Application_View {
     bool Relative = false; // which of the two frames shows; S_Anwendung shows with the absolute one
     int App_Modus = 0;     // the pattern found in the list
@@ -34,20 +34,23 @@ struct Application_View {
     int Bezugspunkt = -1; // list index
     std::string Relative_Rate, Relative_Tiefe, Relative_Interception;
 
-    std::string Label_Tag, Label_Monat, Label_Tag_Rel; // "2nd application day:", "2nd application month:", "2nd application:"
+    std::string Label_Tag, Label_Monat,
+        Label_Tag_Rel; // "2nd application day:", "2nd application month:", "2nd application:"
 };
 
 Application_View View_Of_Applications(const Session& session, Application_Method method);
 
-// After a choice in App_Modus the list keeps the choice whatever pattern was found: a user who chooses "Irregular" for a regular list sees the note
-// Hinweis and may type the number of applications.
+// After a choice in App_Modus the list keeps the choice whatever pattern was found: a user who chooses "Irregular" for
+// a regular list sees the note Hinweis and may type the number of applications.
 void Show_Chosen_Pattern(Application_View& view, int list_index);
 
 // The text of Hinweis, in four lines.
 extern const std::string_view Irregular_Note;
 
-constexpr std::array<std::string_view, 4> Pattern_Names = {"Irregular", "Every Year", "Every other Year", "Every 3rd Year"};
-constexpr std::array<std::string_view, 2> Date_Kind_Names = {"absolute applications dates", "relative applications dates"};
+constexpr std::array<std::string_view, 4> Pattern_Names = {"Irregular", "Every Year", "Every other Year",
+                                                           "Every 3rd Year"};
+constexpr std::array<std::string_view, 2> Date_Kind_Names = {"absolute applications dates",
+                                                             "relative applications dates"};
 
 // "1st", "2nd", "3rd", "4th" and so on.
 std::string Ordinal(int n);

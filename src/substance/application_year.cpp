@@ -44,7 +44,8 @@ template <class List, class Copy> void Repeat(List& list, int per_year, int patt
     }
 }
 
-// One application on 1 January, and the crop stage itself. Of the reference points it is that of slot 0 that is put back.
+// One application on 1 January, and the crop stage itself. Of the reference points it is that of slot 0 that is put
+// back.
 void Begin_List(Session& session, int location)
 {
     auto& document = session.Pesticide;
@@ -57,7 +58,8 @@ void Begin_List(Session& session, int location)
     document.Relative[0].Abs9_Month = 0;
 }
 
-// The applications of the first year as far as it is known: those of an irregular list that was never regular, at most 10; 0 of an empty one.
+// The applications of the first year as far as it is known: those of an irregular list that was never regular, at most
+// 10; 0 of an empty one.
 int Known_Year(const Session& session, int location)
 {
     const int count = Applications_Of(session.Pesticide, location);
@@ -101,16 +103,18 @@ void Expand_Year(Session& session, int location, int pattern, Dates dates)
     session.Run.App_Per_Year[location] = static_cast<std::int16_t>(per_year);
     document.App_Count[location] = cycles * per_year;
     if (dates != Dates::Relative) {
-        Repeat(document.Applications[location], per_year, pattern, [](Application& to, const Application& from, std::int16_t year) {
-            Copy_Absolute(to, from);
-            to.App_Year = year;
-        });
+        Repeat(document.Applications[location], per_year, pattern,
+               [](Application& to, const Application& from, std::int16_t year) {
+                   Copy_Absolute(to, from);
+                   to.App_Year = year;
+               });
     }
     if (dates != Dates::Absolute) {
-        Repeat(document.Relative, per_year, pattern, [](Relative_Application& to, const Relative_Application& from, std::int16_t year) {
-            to = from;
-            to.Abs9_Year = year;
-        });
+        Repeat(document.Relative, per_year, pattern,
+               [](Relative_Application& to, const Relative_Application& from, std::int16_t year) {
+                   to = from;
+                   to.Abs9_Year = year;
+               });
     }
 }
 
@@ -123,7 +127,9 @@ std::optional<Refusal> Choose_Pattern(Session& session, int list_index)
     const int location = Location_Of(session);
     const int known = Known_Year(session, location);
     if (known * Cycles_Of_Pattern(list_index) > Last_Application)
-        return Refusal{{"Data check", "More than " + std::to_string(Last_Application) + " applications are not possible"}, "App_Modus"};
+        return Refusal{
+            {"Data check", "More than " + std::to_string(Last_Application) + " applications are not possible"},
+            "App_Modus"};
     if (known == 0)
         Begin_List(session, location);
     session.Run.App_Per_Year[location] = static_cast<std::int16_t>(std::max(known, 1));

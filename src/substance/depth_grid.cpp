@@ -1,7 +1,7 @@
 #include "substance/depth_grid.h"
 
-#include "ui/number_field.h"
 #include "substance/horizon_table.h"
+#include "ui/number_field.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +12,8 @@ namespace {
 
 constexpr std::size_t Kd_Column = 0, Exponent_Column = 1, First_Target_Column = 2;
 
-constexpr std::array<Target_Column, 5> Targets_AS = {{{"MET. A1", 1}, {"MET. B1", 2}, {"MET. C1", 3}, {"MET. D1", 4}, {"CO2/B.RES.", 5}}};
+constexpr std::array<Target_Column, 5> Targets_AS = {
+    {{"MET. A1", 1}, {"MET. B1", 2}, {"MET. C1", 3}, {"MET. D1", 4}, {"CO2/B.RES.", 5}}};
 constexpr std::array<Target_Column, 4> Targets_A1 = {{{"MET. B1", 1}, {"MET. A2", 2}, {"MET. B2", 3}, {"CO2/BRes", 4}}};
 constexpr std::array<Target_Column, 4> Targets_B1 = {{{"MET. C1", 1}, {"MET. B2", 2}, {"MET. C2", 3}, {"CO2/BRes", 4}}};
 constexpr std::array<Target_Column, 4> Targets_C1 = {{{"MET. D1", 1}, {"MET. C2", 2}, {"MET. D2", 3}, {"CO2/BRes", 4}}};
@@ -63,7 +64,8 @@ Depth_Grid Load_Depth_Grid(const Pesticide_Document& document, int i, int rows)
     const auto targets = Target_Columns(i);
     const int stored = Horizons_Of(document);
     Depth_Grid grid;
-    grid.Rows.assign(static_cast<std::size_t>(std::clamp(rows, 0, Most_Horizons)), std::vector<std::string>(First_Target_Column + targets.size()));
+    grid.Rows.assign(static_cast<std::size_t>(std::clamp(rows, 0, Most_Horizons)),
+                     std::vector<std::string>(First_Target_Column + targets.size()));
     for (std::size_t row = 0; row < grid.Rows.size() && static_cast<int>(row) < stored; ++row) {
         const auto& horizon = document.Horizons[row + 1];
         auto& cells = grid.Rows[row];

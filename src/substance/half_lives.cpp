@@ -45,7 +45,9 @@ void Leave_Rate_Field(Rate_Texts& texts, Rate_Field left)
 {
     const double ln_2 = -std::log(0.5);
     const double ln_10 = -std::log(0.1);
-    const auto computed = [](double value, double by, std::string (*text)(double)) { return value == 0 ? "0" : text(Over(by, value)); };
+    const auto computed = [](double value, double by, std::string (*text)(double)) {
+        return value == 0 ? "0" : text(Over(by, value));
+    };
     if (left == Rate_Field::Rate) {
         const double rate = Val(texts.Rate);
         texts.DT50 = computed(rate, ln_2, Half_Life_Text);

@@ -9,7 +9,8 @@ namespace orvel {
 // The horizons of the document that have a row: N_Horizons without decimals, within the rows there are.
 int Horizons_Of(const Pesticide_Document& document);
 
-// Allocates the table for n horizons anew: Kf 0, Freundlich exponent 0.9, all factors 1. Erases what was there, also for the same n.
+// Allocates the table for n horizons anew: Kf 0, Freundlich exponent 0.9, all factors 1. Erases what was there, also
+// for the same n.
 void Reset_Horizon_Table(Pesticide_Document& document, int n);
 
 // Makes room for n horizons and keeps what is there; new rows have the values of a reset one.

@@ -8,8 +8,9 @@
 
 namespace orvel {
 
-// Slow sorption at non-equilibrium sites in two notations: PEARL with f_ne (fraction of non-equilibrium to equilibrium sites) and kd (1/d),
-// STRECK with f_eq (fraction of equilibrium to all sites) and alpha (1/d). Only the PEARL values are stored.
+// Slow sorption at non-equilibrium sites in two notations: PEARL with f_ne (fraction of non-equilibrium to equilibrium
+// sites) and kd (1/d), STRECK with f_eq (fraction of equilibrium to all sites) and alpha (1/d). Only the PEARL values
+// are stored.
 //   f_ne = (1 - f_eq) / f_eq, kd = alpha / (1 - f_eq); f_eq = 1 / (1 + f_ne), alpha = kd (1 - f_eq)
 // (two-site models of Leistra et al., 2001, Alterra-rapport 013, and Streck et al., 1995, Water Resources Research 31)
 
@@ -28,7 +29,8 @@ struct Kinetic_Captions {
 };
 
 // The captions until the first change of the option, and those of a model.
-constexpr Kinetic_Captions Designed_Kinetic_Captions = {"Fraction  of non-eq sites to eq-sites", "Desorption rate (1/d):"};
+constexpr Kinetic_Captions Designed_Kinetic_Captions = {"Fraction  of non-eq sites to eq-sites",
+                                                        "Desorption rate (1/d):"};
 Kinetic_Captions Captions_Of(Kinetic_Model model);
 
 // The form always opens in the PEARL notation.
@@ -38,12 +40,12 @@ Kinetic_Entry Load_Kinetic(const Pesticide_Document& document, int i);
 std::optional<Refusal> Check_Kinetic_Fraction(const Kinetic_Entry& entry);
 std::optional<Refusal> Check_Kinetic_Rate(const Kinetic_Entry& entry);
 
-// Turns the entry into the other notation; nothing changes if it is in it. A STRECK fraction of 1 leaves both texts as they are, whose
-// meaning so changes silently. What is refused on leaving is refused here too.
+// Turns the entry into the other notation; nothing changes if it is in it. A STRECK fraction of 1 leaves both texts as
+// they are, whose meaning so changes silently. What is refused on leaving is refused here too.
 std::optional<Refusal> Choose_Kinetic_Model(Kinetic_Entry& entry, Kinetic_Model model);
 
-// Stores the PEARL values; at a STRECK fraction of 1 the stored rate stays. Refuses what the fields refuse on leaving, and a STRECK fraction
-// above 1, whose PEARL fraction is below 0.
+// Stores the PEARL values; at a STRECK fraction of 1 the stored rate stays. Refuses what the fields refuse on leaving,
+// and a STRECK fraction above 1, whose PEARL fraction is below 0.
 std::optional<Refusal> Accept_Kinetic(Pesticide_Document& document, int i, const Kinetic_Entry& entry);
 
 // The substance form's note "kin. Sorption".

@@ -30,7 +30,8 @@ void Copy_Location(Session& session, std::size_t to, std::size_t from)
     session.Pesticide.Applications[to] = session.Pesticide.Applications[from];
 }
 
-// A location without a name has the applications of a new document, so that a later one does not meet those of the removed.
+// A location without a name has the applications of a new document, so that a later one does not meet those of the
+// removed.
 void Empty_Location(Session& session, std::size_t location)
 {
     static const Pesticide_Document fresh = [] {
@@ -67,7 +68,8 @@ std::vector<std::string> Offered_Soil_Locations(std::string_view crop)
     return Names_Of(Leaching_Locations, Locations.size());
 }
 
-std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::string>& list, const std::vector<std::string>& offered,
+std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::string>& list,
+                                            const std::vector<std::string>& offered,
                                             const std::vector<std::string>& selected)
 {
     bool changed = false;

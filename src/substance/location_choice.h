@@ -8,8 +8,8 @@
 
 namespace orvel {
 
-// The choice of the locations for which the pesticide document holds applications. A list is that of the substance form: item 0 is
-// " User specific", item l the location l of the document.
+// The choice of the locations for which the pesticide document holds applications. A list is that of the substance
+// form: item 0 is " User specific", item l the location l of the document.
 
 // The nine leaching locations.
 std::vector<std::string> Offered_Locations();
@@ -18,10 +18,12 @@ std::vector<std::string> Offered_Locations();
 constexpr std::array<std::string_view, 4> Soil_Crops = {"Sugar beets", "Winter cereals", "Sunflower", "Tobacco"};
 std::vector<std::string> Offered_Soil_Locations(std::string_view crop);
 
-// "Done". An offered location that is no longer selected leaves the list, and the applications of those behind it move one index down; a
-// selected one that is not in the list is appended with one application a year. The result is the item to be selected, nothing if the list
-// did not change. The document has room for nine locations: what does not fit is not appended.
-std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::string>& list, const std::vector<std::string>& offered,
+// "Done". An offered location that is no longer selected leaves the list, and the applications of those behind it move
+// one index down; a selected one that is not in the list is appended with one application a year. The result is the
+// item to be selected, nothing if the list did not change. The document has room for nine locations: what does not fit
+// is not appended.
+std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::string>& list,
+                                            const std::vector<std::string>& offered,
                                             const std::vector<std::string>& selected);
 
 } // namespace orvel

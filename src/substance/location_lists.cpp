@@ -54,7 +54,8 @@ bool Is_Soil_Zone(std::string_view name)
 Location_Lists Load_Location_Lists(Session& session)
 {
     auto& names = session.Pesticide.App_Location;
-    const auto last = std::find_if(names.rbegin(), names.rend() - 1, [](const std::string& name) { return !name.empty(); });
+    const auto last =
+        std::find_if(names.rbegin(), names.rend() - 1, [](const std::string& name) { return !name.empty(); });
     const bool efsa = last != names.rend() - 1 && Is_Soil_Zone(*last);
     if (const auto order = Block_Order(session.Pesticide, efsa); !std::ranges::is_sorted(order))
         Order_Blocks(session, order);
@@ -82,7 +83,8 @@ void Store_Location_Names(Pesticide_Document& document, const Location_Lists& li
         document.App_Location[l] = l < static_cast<int>(list.size()) ? list[l] : "";
 }
 
-int Take_Chosen_Locations(Session& session, Location_Lists& lists, bool efsa, const std::vector<std::string>& offered, const std::vector<std::string>& selected)
+int Take_Chosen_Locations(Session& session, Location_Lists& lists, bool efsa, const std::vector<std::string>& offered,
+                          const std::vector<std::string>& selected)
 {
     auto& list = efsa ? lists.Standort_EFSA : lists.Standort;
     const auto before = lists.Visible();

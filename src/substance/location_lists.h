@@ -9,8 +9,9 @@
 
 namespace orvel {
 
-// The two lists of locations of the substance form: leaching locations, and soil zones, which are told by the "_" in their names. An entry's
-// index is the number of its block of applications; entry 0 is " User specific". One of the two is visible.
+// The two lists of locations of the substance form: leaching locations, and soil zones, which are told by the "_" in
+// their names. An entry's index is the number of its block of applications; entry 0 is " User specific". One of the two
+// is visible.
 struct Location_Lists {
     std::vector<std::string> Standort, Standort_EFSA;
     bool EFSA_Visible = false;
@@ -24,8 +25,9 @@ constexpr std::string_view User_Specific = " User specific";
 
 bool Is_Soil_Zone(std::string_view name);
 
-// Fills both lists from the names of the document; the kind of the last name decides which is visible. A document that mixes both kinds, or
-// leaves a name out, gets its blocks in the order of the visible list, with the others behind, so that no list entry shows a strange block.
+// Fills both lists from the names of the document; the kind of the last name decides which is visible. A document that
+// mixes both kinds, or leaves a name out, gets its blocks in the order of the visible list, with the others behind, so
+// that no list entry shows a strange block.
 Location_Lists Load_Location_Lists(Session& session);
 
 // The entry to select: the location under edit, nothing if the list is too short for it.
@@ -34,8 +36,9 @@ std::optional<int> Selected_Location(const Session& session, const Location_List
 // The names of the visible list become those of blocks 1 to 9; the others are emptied.
 void Store_Location_Names(Pesticide_Document& document, const Location_Lists& lists);
 
-// "Done" of a choice of leaching locations or soil zones: changes the list of that kind and its blocks, and makes it the visible one if it grew.
-// Gives the entry of the visible list to select: its last one if it changed, else the location under edit.
+// "Done" of a choice of leaching locations or soil zones: changes the list of that kind and its blocks, and makes it
+// the visible one if it grew. Gives the entry of the visible list to select: its last one if it changed, else the
+// location under edit.
 int Take_Chosen_Locations(Session& session, Location_Lists& lists, bool efsa, const std::vector<std::string>& offered,
                           const std::vector<std::string>& selected);
 

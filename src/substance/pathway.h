@@ -6,11 +6,12 @@
 
 namespace orvel {
 
-// The degradation scheme: an arrow t leads from its source substance (row i) by a row j of the transformation table to a target.
+// The degradation scheme: an arrow t leads from its source substance (row i) by a row j of the transformation table to
+// a target.
 struct Arrow {
-    int Source = 0; // substance i, 1 to 9
-    int Row = 0;    // row j of the substance's transformation table
-    int Target = 0; // substance formed, 0 for CO2 and bound residues and for the reserved arrows
+    int Source = 0;         // substance i, 1 to 9
+    int Row = 0;            // row j of the substance's transformation table
+    int Target = 0;         // substance formed, 0 for CO2 and bound residues and for the reserved arrows
     std::string_view Label; // empty for the reserved arrows 18, 20, 28
 };
 

@@ -26,7 +26,8 @@ Arrow_Look Look_Of_Arrow(const Pesticide_Document& document, int t)
 
 Box_Look Look_Of_Box(const Pesticide_Document& document, int i)
 {
-    return document.Met_Present.at(static_cast<std::size_t>(i)) ? Box_Look{Present_Box, false} : Box_Look{Absent_Box, true};
+    return document.Met_Present.at(static_cast<std::size_t>(i)) ? Box_Look{Present_Box, false}
+                                                                : Box_Look{Absent_Box, true};
 }
 
 std::string Arrow_Label(int t)
@@ -59,7 +60,8 @@ std::string Box_Caption(const Pesticide_Document& document, int i)
 Twips Transformation_Spot(int t, Twips arrow, int arrow_width, int window_width)
 {
     const bool to_the_left = std::ranges::find(Opens_To_The_Left, t) != std::end(Opens_To_The_Left);
-    return {to_the_left ? arrow.Left - window_width : arrow.Left + arrow_width, t <= Last_Level_Arrow ? arrow.Top : arrow.Top - Raised_By};
+    return {to_the_left ? arrow.Left - window_width : arrow.Left + arrow_width,
+            t <= Last_Level_Arrow ? arrow.Top : arrow.Top - Raised_By};
 }
 
 bool Shows_Photolysis(int t)

@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-// What the picture of the degradation scheme shows: captions, colours, pens, what can be clicked, and where the window of an arrow opens.
-// The flags come from Update_Pathway.
+// What the picture of the degradation scheme shows: captions, colours, pens, what can be clicked, and where the window
+// of an arrow opens. The flags come from Update_Pathway.
 
 struct Scheme_Colour {
     std::uint8_t Red = 0, Green = 0, Blue = 0;
@@ -42,14 +42,15 @@ bool Arrow_Is_Clickable(int t);
 // The caption of the transformation window.
 std::string Transformation_Caption(int t);
 
-// The caption of a box when the scheme opens: the substance's name, or the designed caption, which begins with a blank for a metabolite.
+// The caption of a box when the scheme opens: the substance's name, or the designed caption, which begins with a blank
+// for a metabolite.
 std::string Opening_Box_Caption(const Pesticide_Document& document, int i);
 
 // The caption of a box after an edit: the name, or the default name if it was emptied.
 std::string Box_Caption(const Pesticide_Document& document, int i);
 
-// The window of an arrow, in twips relative to the arrow that was clicked: beside it, raised for the second generation, and to the left
-// where it would leave the picture.
+// The window of an arrow, in twips relative to the arrow that was clicked: beside it, raised for the second generation,
+// and to the left where it would leave the picture.
 struct Twips {
     int Left = 0, Top = 0;
     bool operator==(const Twips&) const = default;

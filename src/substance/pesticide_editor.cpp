@@ -69,8 +69,11 @@ bool May_Leave_Editor(const Session& session)
 {
     if (!session.Program.PSM_Changed)
         return true;
-    const Message question = {
-        "Saving Input File", "Parameters were changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No};
+    const Message question = {"Saving Input File",
+                              "Parameters were changed. Do you want to exit without saving ?",
+                              Icon::Question,
+                              {Button::Yes, Button::No},
+                              Button::No};
     return session.Ask(question) == Button::Yes;
 }
 

@@ -4,7 +4,8 @@
 
 namespace orvel {
 
-// Opening, leaving and saving of the pesticide editor, and what a click in the scheme prepares before a detail form shows.
+// Opening, leaving and saving of the pesticide editor, and what a click in the scheme prepares before a detail form
+// shows.
 
 // A new document: defaults, the pathway, the file name "*.psm" and the pattern "Every Year".
 void New_PSM(Session& session);

@@ -6,8 +6,8 @@
 
 namespace orvel {
 
-// Sorption of a substance that dissociates: its pKa and one or two pairs of Koc and pH. A pKa of 20 means that it does not dissociate,
-// a second pH of -99 that there is one pair only. Texts as typed.
+// Sorption of a substance that dissociates: its pKa and one or two pairs of Koc and pH. A pKa of 20 means that it does
+// not dissociate, a second pH of -99 that there is one pair only. Texts as typed.
 
 struct PH_Entry {
     std::string s_KOC, s_pH;   // L/kg, the first pair

@@ -4,8 +4,8 @@
 
 namespace orvel {
 
-// The conditions under which a rate was measured, and the presets over them. Texts as typed; the choice of a preset is not stored but
-// recognised from the values.
+// The conditions under which a rate was measured, and the presets over them. Texts as typed; the choice of a preset is
+// not stored but recognised from the values.
 
 enum class Correction { Recommended, None, Individual }; // the index of Korrektur
 
@@ -34,7 +34,8 @@ Correction Recognise_Correction(const Correction_Texts& texts);
 // When the form shows: a preset locks all, an individual correction locks the moisture field that is not in use.
 Correction_Enabled Enabled_On_Activation(const Correction_Texts& texts);
 
-// A click on a preset puts its values; an individual correction keeps what is there and opens all fields, both moistures too.
+// A click on a preset puts its values; an individual correction keeps what is there and opens all fields, both
+// moistures too.
 Correction_Enabled Choose_Correction(Correction_Texts& texts, Correction preset);
 
 // A click on one of the two moisture options: opens its field and locks the other, with an individual correction only.

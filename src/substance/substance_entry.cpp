@@ -1,8 +1,8 @@
 #include "substance/substance_entry.h"
 
-#include "ui/number_field.h"
 #include "core/text.h"
 #include "substance/horizon_table.h"
+#include "ui/number_field.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +13,8 @@ namespace {
 
 constexpr int Individual = 2;
 
-// The typed number of horizons as the document keeps it: the text itself while it is a whole number that the table can have.
+// The typed number of horizons as the document keeps it: the text itself while it is a whole number that the table can
+// have.
 Variant Horizons_Variant(const Substance_Entry& entry)
 {
     const int n = Horizons_Typed(entry);
@@ -54,7 +55,8 @@ std::optional<Refusal> Leave_Number_Of_Horizons(Pesticide_Document& document, Su
 {
     const double n = Val(entry.Text_nhor);
     if (n > Most_Horizons)
-        return Refusal{{"Data check", "Number of horizons must not exceed " + std::to_string(Most_Horizons)}, "Text_nhor"};
+        return Refusal{{"Data check", "Number of horizons must not exceed " + std::to_string(Most_Horizons)},
+                       "Text_nhor"};
     if (n == 0) {
         entry.Kf_Enabled = false;
         entry.Kd_Direct = false;

@@ -7,7 +7,8 @@
 
 namespace orvel {
 
-// What the forms of the active substance and of a metabolite share, as typed. Numbers are read with a decimal point; a text that is none is 0.
+// What the forms of the active substance and of a metabolite share, as typed. Numbers are read with a decimal point; a
+// text that is none is 0.
 struct Substance_Entry {
     std::string Name;         // Text_AS, metcom
     std::string Text_mol;     // g/mol
@@ -31,8 +32,8 @@ Substance_Entry Load_Substance(const Pesticide_Document& document, int i);
 // A click on tiefenabhaengig: all but "Individual" sets the number of horizons to 0 and the Kf to calculated.
 void Choose_Depth_Mode(Substance_Entry& entry, int mode);
 
-// After Text_nhor was typed in and left: 0 sets the Kf to calculated, a number above 0 resets the table of depth dependent values of all substances,
-// even for the number it had. Refused above Most_Horizons; nothing is reset then.
+// After Text_nhor was typed in and left: 0 sets the Kf to calculated, a number above 0 resets the table of depth
+// dependent values of all substances, even for the number it had. Refused above Most_Horizons; nothing is reset then.
 std::optional<Refusal> Leave_Number_Of_Horizons(Pesticide_Document& document, Substance_Entry& entry);
 
 // The rows that the grid of depth dependent values opens with.

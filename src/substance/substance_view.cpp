@@ -31,7 +31,9 @@ Volatilisation_View View_Of_Volatilisation(const Active_Entry& entry)
 
 Sorption_Notes Notes_Of(const Pesticide_Document& document, int i)
 {
-    return {.label_pH = Shows_PH_Note(document, i), .Label_kinSorp = Shows_Kinetic_Note(document, i), .Label_Sorption = document.Koc_Change[i] != 1};
+    return {.label_pH = Shows_PH_Note(document, i),
+            .Label_kinSorp = Shows_Kinetic_Note(document, i),
+            .Label_Sorption = document.Koc_Change[i] != 1};
 }
 
 std::string_view Command4_Caption(bool all_shown)

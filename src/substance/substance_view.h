@@ -6,11 +6,12 @@
 
 namespace orvel {
 
-// What is visible and enabled in the forms of a substance, from the entry alone: the form applies it whole after every click.
+// What is visible and enabled in the forms of a substance, from the entry alone: the form applies it whole after every
+// click.
 
 // Sorption and depth dependence, in both forms.
 struct Sorption_View {
-    bool Koc_Visible = true;       // Label_koc, Text_koc0, and the exponent: with a direct Kf both are given per horizon
+    bool Koc_Visible = true; // Label_koc, Text_koc0, and the exponent: with a direct Kf both are given per horizon
     bool Horizons_Visible = false; // Label1_4, Text_nhor
     bool Command_hor_Visible = false;
     bool Kf_Enabled = false; // Option_koc1, Option_koc2
@@ -18,8 +19,8 @@ struct Sorption_View {
 };
 Sorption_View View_Of_Sorption(const Substance_Entry& entry);
 
-// Volatilisation and the way to the plant surface, in the form of the active substance. What the kind of application shows of depth and interception stands in
-// the Application_View.
+// Volatilisation and the way to the plant surface, in the form of the active substance. What the kind of application
+// shows of depth and interception stands in the Application_View.
 struct Volatilisation_View {
     bool Henry_Visible = false;      // Label_vol_0, Text_vol0
     bool Vap_Press_Visible = false;  // Label_vol_1, Text_vol1: not for a direct Henry constant of a soil application
@@ -36,8 +37,8 @@ struct Sorption_Notes {
 };
 Sorption_Notes Notes_Of(const Pesticide_Document& document, int i);
 
-// Command4 shows and hides Label_vol_3, Label_vol_4, Label_koc_4 to Label_koc_6, Text_vol3, Text_vol4, Text_koc4 and Text_koc5; its caption names what a
-// click would show.
+// Command4 shows and hides Label_vol_3, Label_vol_4, Label_koc_4 to Label_koc_6, Text_vol3, Text_vol4, Text_koc4 and
+// Text_koc5; its caption names what a click would show.
 std::string_view Command4_Caption(bool all_shown);
 
 // The caption of a metabolite's form.

@@ -1,7 +1,7 @@
 #include "substance/transformation.h"
 
-#include "ui/number_field.h"
 #include "substance/pathway.h"
+#include "ui/number_field.h"
 
 namespace orvel {
 

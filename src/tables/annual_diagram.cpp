@@ -1,10 +1,10 @@
 #include "tables/annual_diagram.h"
 
 #include "charts/scale.h"
-#include "output/table_lines.h"
 #include "core/code_page.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "output/table_lines.h"
 
 #include <algorithm>
 
@@ -77,13 +77,15 @@ std::optional<Period_Table> Read_Period_Table(std::string_view bytes, std::size_
 Chart Annual_Diagram(const Period_Table& table, std::size_t depth, std::string_view substance)
 {
     Chart chart;
-    chart.Title = "Average " + std::string(substance) + " concentration in leachate " + (depth == 0 ? "(1m depth)" : "(soil bottom)") + " [\xB5g/L]";
+    chart.Title = "Average " + std::string(substance) + " concentration in leachate " +
+                  (depth == 0 ? "(1m depth)" : "(soil bottom)") + " [\xB5g/L]";
     chart.Legend = table.Head;
     double high = 0;
     for (int p = 1; p <= Periods; ++p) {
         const double concentration = table.Concentrations[static_cast<std::size_t>(p) - 1];
         const bool marked = p == table.Period_A || p == table.Period_B;
-        chart.Boxes.push_back({marked ? Colour::Marked : Colour::Series, p - Half_Width, p + Half_Width, concentration});
+        chart.Boxes.push_back(
+            {marked ? Colour::Marked : Colour::Series, p - Half_Width, p + Half_Width, concentration});
         chart.X.Ticks.push_back({static_cast<double>(p), Tick_Rank::Big, std::to_string(p)});
         high = std::max(high, concentration);
     }

@@ -10,7 +10,8 @@
 
 namespace orvel {
 
-// The annual diagram: the concentrations of the 20 periods of one substance at one depth, out of the cached period table period.orv.
+// The annual diagram: the concentrations of the 20 periods of one substance at one depth, out of the cached period
+// table period.orv.
 
 constexpr int Periods = 20;
 

@@ -1,10 +1,10 @@
 #include "tables/balance_chart.h"
 
 #include "charts/scale.h"
-#include "output/table_lines.h"
 #include "core/code_page.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "output/table_lines.h"
 
 #include <algorithm>
 
@@ -39,7 +39,8 @@ void Draw_Year(Chart& chart, const Balance_Row& row, const std::vector<std::stri
     const auto terms = static_cast<double>(row.Terms.size());
     for (std::size_t t = 0; t < row.Terms.size(); ++t) {
         const double left = middle - Year_Width / 2 + Year_Width * static_cast<double>(t) / terms;
-        chart.Boxes.push_back({Term_Colour(t), left, left + Year_Width / terms, row.Terms[t], std::to_string(row.Year) + ", " + names[t]});
+        chart.Boxes.push_back({Term_Colour(t), left, left + Year_Width / terms, row.Terms[t],
+                               std::to_string(row.Year) + ", " + names[t]});
     }
 }
 

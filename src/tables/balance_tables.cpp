@@ -1,11 +1,11 @@
 #include "tables/balance_tables.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "output/balance_rows.h"
 #include "output/run_files.h"
-#include "core/code_page.h"
 
 #include <initializer_list>
 #include <span>
@@ -91,13 +91,16 @@ private:
     void Read_Water()
     {
         Begin(Water, "Water Balance (L/m\xB2)");
-        Water.Line(std::string(Labels.Water_Head) + "Precipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage");
+        Water.Line(std::string(Labels.Water_Head) +
+                   "Precipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage");
         Line_Scanner wasser(Wasser);
         Scan_Water_Balance(wasser, View, [&](const Water_Balance_Row& row) {
             Tables.Water.push_back(row);
             const auto number = Tables.Water.size();
-            Water.Line(
-                Row_Text(number, {row.Precipitation, row.Irrigation, row.Runoff, row.Evapotranspiration, row.Percolate, row.Diff_Storage}, Figure_Width));
+            Water.Line(Row_Text(number,
+                                {row.Precipitation, row.Irrigation, row.Runoff, row.Evapotranspiration, row.Percolate,
+                                 row.Diff_Storage},
+                                Figure_Width));
             Report_Progress.Tell(Message("wasser", number), wasser.Bytes_Read());
         });
         Done += wasser.Bytes_Read();
@@ -115,7 +118,8 @@ private:
         Scan_Pesticide_Balance(file, View, active_substance, [&](const Pesticide_Balance_Row& row) {
             rows.push_back(row);
             Pesticide.Line(Row_Text(rows.size(),
-                                    {row.Application, row.Volatilisation, row.Runoff, row.Plant_Uptake, row.Degradation, row.Percolate, row.Diff_Storage},
+                                    {row.Application, row.Volatilisation, row.Runoff, row.Plant_Uptake, row.Degradation,
+                                     row.Percolate, row.Diff_Storage},
                                     Last_Pesticide_Width));
             Report_Progress.Tell(Message("chem" + chem.Suffix, rows.size()), Done + file.Bytes_Read());
         });
@@ -156,7 +160,8 @@ void Build(const fs::path& run_directory, Balance_View view, const Progress& pro
         tables.Not_Cached = Why_No_Cache(run_directory, head);
     const auto& words = Labels_Of(view);
     if (tables.Not_Cached.empty())
-        tables.Not_Cached = Write_Caches(run_directory, words.Water_Cache, words.Pesticide_Cache, {builder.Water.File, builder.Pesticide.File});
+        tables.Not_Cached = Write_Caches(run_directory, words.Water_Cache, words.Pesticide_Cache,
+                                         {builder.Water.File, builder.Pesticide.File});
     tables.Cached = tables.Not_Cached.empty();
 }
 

@@ -24,8 +24,10 @@ constexpr std::array<Unit, 3> Units = {{{365.25, "Year "}, {30.44, "Month "}, {1
 std::string Daily_Title(const Daily_Request& request, std::string_view item)
 {
     const bool sum = request.Cumulative && Is_Flow(request.Variable);
-    const auto& units = Output_Variables[static_cast<std::size_t>(std::clamp(request.Variable, 0, Last_Output_Variable))].Out_Unit;
-    return (sum ? "Cumulative " : "") + std::string(item) + (item.ends_with(' ') ? "" : " ") + std::string(units[sum ? 1 : 0]);
+    const auto& units =
+        Output_Variables[static_cast<std::size_t>(std::clamp(request.Variable, 0, Last_Output_Variable))].Out_Unit;
+    return (sum ? "Cumulative " : "") + std::string(item) + (item.ends_with(' ') ? "" : " ") +
+           std::string(units[sum ? 1 : 0]);
 }
 
 Chart Daily_Diagram(const Daily_Series& series, const Daily_Request& request, std::string_view item, X_Unit unit)
@@ -53,7 +55,8 @@ std::string Data_Text(const Chart& chart)
     std::string text = chart.X.Title + std::string(Tab_Char) + chart.Title + std::string(CrLf);
     for (const auto& line : chart.Lines) {
         for (const auto& point : line.Points)
-            text += General_Text(std::trunc(1000 * (chart.X.First + point.X) + 0.5) / 1000) + std::string(Tab_Char) + General_Text(point.Y) + std::string(CrLf);
+            text += General_Text(std::trunc(1000 * (chart.X.First + point.X) + 0.5) / 1000) + std::string(Tab_Char) +
+                    General_Text(point.Y) + std::string(CrLf);
     }
     return text;
 }

@@ -17,7 +17,8 @@ std::string Daily_Title(const Daily_Request& request, std::string_view item);
 // The diagram of a series, `item` being the text of the list from which it was chosen. The unit changes positions only.
 Chart Daily_Diagram(const Daily_Series& series, const Daily_Request& request, std::string_view item, X_Unit unit);
 
-// The diagram's points as lines of two columns for the clipboard, positions with three decimals, below a line with both titles.
+// The diagram's points as lines of two columns for the clipboard, positions with three decimals, below a line with both
+// titles.
 std::string Data_Text(const Chart& chart);
 
 } // namespace orvel

@@ -27,8 +27,11 @@ struct Day_Span {
 Day_Span Span_Of(std::span<const Run_Day> calendar, const Daily_Request& request)
 {
     const auto number = [](const Run_Day& day) { return Month_Number(day.Month, day.Year); };
-    const auto first = std::ranges::find_if(calendar, [&](const auto& day) { return number(day) >= Month_Number(request.From.Month, request.From.Year); });
-    const auto end = std::find_if(first, calendar.end(), [&](const auto& day) { return number(day) > Month_Number(request.To.Month, request.To.Year); });
+    const auto first = std::ranges::find_if(
+        calendar, [&](const auto& day) { return number(day) >= Month_Number(request.From.Month, request.From.Year); });
+    const auto end = std::find_if(first, calendar.end(), [&](const auto& day) {
+        return number(day) > Month_Number(request.To.Month, request.To.Year);
+    });
     if (first == end)
         return {};
     return {first->Number, std::prev(end)->Number + 1};
@@ -41,7 +44,8 @@ bool Is_Flow(int variable)
     return (variable >= 1 && variable <= 5) || (variable >= 8 && variable <= 13) || (variable >= 17 && variable <= 22);
 }
 
-Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Run_Day> calendar, const Daily_Request& request)
+Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Run_Day> calendar,
+                               const Daily_Request& request)
 {
     Daily_Series series;
     series.Days = std::max(1, Months_Between(request.From, request.To)) * Days_Of_Month;
@@ -60,7 +64,8 @@ Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<con
             average += part * line->Value;
             sum += part * line->Value;
             if (flow)
-                series.Points.push_back({before + static_cast<double>(line->Hour) / Hours, request.Cumulative ? sum : line->Value});
+                series.Points.push_back(
+                    {before + static_cast<double>(line->Hour) / Hours, request.Cumulative ? sum : line->Value});
         }
         if (!flow)
             series.Points.push_back({before + 1, average});

@@ -39,9 +39,11 @@ struct Daily_Series {
 // A flow is a rate per day, which can be cumulated; a state is an average over the lines of a day.
 bool Is_Flow(int variable);
 
-// A day's lines are equal intervals of it. A rate gives one point a line; cumulated, a line adds its rate times its part of the day, so that
-// the sum over a year is the year's amount, in kg/ha for the flows of a substance. A state gives one point a day. Lines of
-// days that the calendar does not have in the span are left out, so that an empty calendar gives no points.
-Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Run_Day> calendar, const Daily_Request& request);
+// A day's lines are equal intervals of it. A rate gives one point a line; cumulated, a line adds its rate times its
+// part of the day, so that the sum over a year is the year's amount, in kg/ha for the flows of a substance. A state
+// gives one point a day. Lines of days that the calendar does not have in the span are left out, so that an empty
+// calendar gives no points.
+Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Run_Day> calendar,
+                               const Daily_Request& request);
 
 } // namespace orvel

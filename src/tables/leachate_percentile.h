@@ -10,8 +10,9 @@ namespace orvel {
 // Concentration in ug/L of a flux in g/ha in a percolate in L/m2; 0 unless both are above 0.
 double Leachate_Conc(double flux, double percolate);
 
-// The total and the 80th percentile of the rows from `first` on (0-based): the concentration is the mean of two neighbouring ranks, found by
-// picking the largest one again and again. Of equal concentrations the earliest is picked first. A and B are 1-based positions in `rows`.
+// The total and the 80th percentile of the rows from `first` on (0-based): the concentration is the mean of two
+// neighbouring ranks, found by picking the largest one again and again. Of equal concentrations the earliest is picked
+// first. A and B are 1-based positions in `rows`.
 Leachate_Result Evaluate_Leachate(std::span<const Leachate_Row> rows, std::size_t first);
 
 } // namespace orvel

@@ -4,8 +4,9 @@
 
 namespace orvel {
 
-// The 20 application periods of `period_index` + 1 years each, summed out of the printed figures of a year table: a period's concentration is its leached
-// mass over its percolate, no mean of the yearly ones. Years behind the last period do not count; periods without years are 0.
+// The 20 application periods of `period_index` + 1 years each, summed out of the printed figures of a year table: a
+// period's concentration is its leached mass over its percolate, no mean of the yearly ones. Years behind the last
+// period do not count; periods without years are 0.
 Leachate_Table Periods_Of(const Leachate_Table& years, int period_index);
 
 struct Period_Tables {

@@ -1,13 +1,13 @@
 #include "tables/leachate_tables.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/session.h"
 #include "core/text.h"
 #include "output/echo_file.h"
+#include "output/yearly_values.h"
 #include "tables/leachate_percentile.h"
 #include "tables/leachate_periods.h"
-#include "output/yearly_values.h"
-#include "core/code_page.h"
 
 #include <algorithm>
 #include <cmath>
@@ -64,7 +64,8 @@ private:
         Yearly_Values leached(Line_Scanner(chem.File), Chem_Layout, Layers);
         for (std::size_t y = 1; Read_Year(y, water, leached, read); ++y) {
             if (y > Most_Years)
-                throw File_Error("A simulation of more than " + std::to_string(Most_Years) + " years cannot be evaluated.");
+                throw File_Error("A simulation of more than " + std::to_string(Most_Years) +
+                                 " years cannot be evaluated.");
             Report_Progress.Tell(Message(chem, y, Depth::One_Metre), Done + water.Bytes_Read() + leached.Bytes_Read());
         }
         Done += leached.Bytes_Read();
@@ -84,7 +85,8 @@ private:
                 continue;
             any = true;
             if (y <= Most_Years)
-                read.Rows[static_cast<std::size_t>(depth)].push_back({flux[y - 1], percolate[y - 1], Leachate_Conc(flux[y - 1], percolate[y - 1])});
+                read.Rows[static_cast<std::size_t>(depth)].push_back(
+                    {flux[y - 1], percolate[y - 1], Leachate_Conc(flux[y - 1], percolate[y - 1])});
         }
         return any;
     }
@@ -103,7 +105,8 @@ private:
 };
 
 // Prints a table; one whose reading failed ends with its last row.
-Leachate_Table Print_Year_Table(Table_Text& text, Depth depth, std::string_view result_name, const Substance_Years& years, bool whole)
+Leachate_Table Print_Year_Table(Table_Text& text, Depth depth, std::string_view result_name,
+                                const Substance_Years& years, bool whole)
 {
     Leachate_Table table{years.Rows[static_cast<std::size_t>(depth)], {}};
     Print_Year_Head(text, depth, result_name, years.Label);
@@ -122,7 +125,8 @@ void Print_Years(Table_Text& text, const std::vector<Substance_Years>& read, Lea
     for (const auto depth : Depths) {
         for (std::size_t s = 0; s < read.size(); ++s) {
             const bool whole = tables.Failure.empty() || s + 1 < read.size();
-            const std::string_view name = s < tables.Result_Name.size() ? std::string_view(tables.Result_Name[s]) : std::string_view();
+            const std::string_view name =
+                s < tables.Result_Name.size() ? std::string_view(tables.Result_Name[s]) : std::string_view();
             tables.Year[static_cast<std::size_t>(depth)].push_back(Print_Year_Table(text, depth, name, read[s], whole));
         }
         if (!tables.Failure.empty())
@@ -151,7 +155,8 @@ void Load(Leachate_Tables& tables, const Cache_Pair& caches)
 }
 
 // Reads and prints the year tables; gives the bytes of their cache.
-Table_Text Build_Years(const fs::path& run_directory, const Plot_Head& head, const Progress& progress, Leachate_Tables& tables)
+Table_Text Build_Years(const fs::path& run_directory, const Plot_Head& head, const Progress& progress,
+                       Leachate_Tables& tables)
 {
     std::vector<Substance_Years> read;
     try {

@@ -9,7 +9,8 @@
 
 namespace orvel {
 
-// The average concentrations in the leachate of a run: a table by year and a table by application period, of each substance at two depths.
+// The average concentrations in the leachate of a run: a table by year and a table by application period, of each
+// substance at two depths.
 
 constexpr int Warm_Up_Years = 6;
 constexpr int Leachate_Periods = 20;
@@ -24,8 +25,8 @@ struct Leachate_Row {
     bool operator==(const Leachate_Row&) const = default;
 };
 
-// The total and the 80th percentile of a table. The percentile's concentration is the mean of those of the years (or periods) A and B, its
-// flux and percolate are their sums. A and B are 0 where no year was evaluated.
+// The total and the 80th percentile of a table. The percentile's concentration is the mean of those of the years (or
+// periods) A and B, its flux and percolate are their sums. A and B are 0 where no year was evaluated.
 struct Leachate_Result {
     Leachate_Row Total, P80;
     int A = 0, B = 0;
@@ -53,9 +54,10 @@ struct Leachate_Tables {
     std::string Failure;    // why the texts end early, a sentence; empty if they are complete
 };
 
-// Reads the caches year.orv and period.orv of a run directory if both are there; else builds the tables out of the engine's files and writes
-// the caches, but not for a run that is at work or has no plot.orv. Never throws for what a file holds: the texts then end early.
-// `period_index` is kept for a run of other than 26, 46 or 66 years.
-Leachate_Tables Build_Or_Load(const std::filesystem::path& run_directory, const Progress& progress = {}, int period_index = 0);
+// Reads the caches year.orv and period.orv of a run directory if both are there; else builds the tables out of the
+// engine's files and writes the caches, but not for a run that is at work or has no plot.orv. Never throws for what a
+// file holds: the texts then end early. `period_index` is kept for a run of other than 26, 46 or 66 years.
+Leachate_Tables Build_Or_Load(const std::filesystem::path& run_directory, const Progress& progress = {},
+                              int period_index = 0);
 
 } // namespace orvel

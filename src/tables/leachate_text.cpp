@@ -1,9 +1,9 @@
 #include "tables/leachate_text.h"
 
-#include "output/table_lines.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "output/quick_val.h"
+#include "output/table_lines.h"
 
 #include <array>
 
@@ -17,12 +17,14 @@ constexpr int Conc_Decimals = 3;
 constexpr std::size_t Title_Count = 4;
 constexpr std::size_t Title_Head = 4; // two blank lines, the title, a blank line
 
-constexpr std::array<std::string_view, 2> Depth_Titles = {" in the percolate at 1 m soil depth", " in the percolate at the bottom of the simulated soil core"};
+constexpr std::array<std::string_view, 2> Depth_Titles = {" in the percolate at 1 m soil depth",
+                                                          " in the percolate at the bottom of the simulated soil core"};
 constexpr std::array<std::string_view, 2> Flux_Heads = {" Flux", "  Flux"};
 
 std::string Figures(const Leachate_Row& row)
 {
-    return "\t" + Number_Text('F', row.Flux, Figure_Width) + "\t" + Number_Text('F', row.Percolate, Figure_Width) + "\t" + Fixed_Text(row.Conc, Conc_Decimals);
+    return "\t" + Number_Text('F', row.Flux, Figure_Width) + "\t" + Number_Text('F', row.Percolate, Figure_Width) +
+           "\t" + Fixed_Text(row.Conc, Conc_Decimals);
 }
 
 // Flux, percolate and concentration from a cell on.

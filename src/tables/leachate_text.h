@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tables/leachate_tables.h"
 #include "output/run_files.h"
+#include "tables/leachate_tables.h"
 
 #include <string>
 #include <string_view>
@@ -13,7 +13,8 @@ namespace orvel {
 
 constexpr std::string_view Leachate_Dashes = "\t------------------------------------------------------------";
 
-// The seven lines above the rows of a year table, less the rule: two blank lines, the title, a blank line, the column heads, the units.
+// The seven lines above the rows of a year table, less the rule: two blank lines, the title, a blank line, the column
+// heads, the units.
 void Print_Year_Head(Table_Text& text, Depth depth, std::string_view result_name, std::string_view label);
 // A row with its number; after the last warm-up year a rule follows.
 void Print_Year_Row(Table_Text& text, std::size_t year, const Leachate_Row& row);
@@ -36,8 +37,8 @@ struct Printed_Tables {
     std::vector<Printed_Table> Tables;
 };
 
-// Reads a year.orv or period.orv. A table ends with its percentile row; rules and words part its rows from the rest, so that the
-// number of rows does not matter.
+// Reads a year.orv or period.orv. A table ends with its percentile row; rules and words part its rows from the rest, so
+// that the number of rows does not matter.
 Printed_Tables Parse_Leachate(std::string_view bytes);
 
 // The figures and positions of a percentile row, the total left at 0.

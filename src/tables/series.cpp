@@ -1,11 +1,11 @@
 #include "tables/series.h"
 
-#include "output/table_lines.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "output/plot_file.h"
 #include "output/quick_val.h"
+#include "output/table_lines.h"
 #include "runs/mode.h"
 
 #include <algorithm>
@@ -46,7 +46,8 @@ std::vector<Plot_Value> Read_Plot_Column(const std::filesystem::path& file, int 
             values.reserve(static_cast<std::size_t>(size / static_cast<double>(plot.Line().size() + CrLf.size())) + 1);
         if (const auto value = Value_Of(plot.Line(), first); value.Day > 0)
             values.push_back(value);
-        if (progress && line % Lines_Between_Progress == 0 && !progress("Please wait! Reading file plot.orv", static_cast<double>(plot.Bytes_Read()) / size))
+        if (progress && line % Lines_Between_Progress == 0 &&
+            !progress("Please wait! Reading file plot.orv", static_cast<double>(plot.Bytes_Read()) / size))
             return values;
     }
     return values;
@@ -79,11 +80,12 @@ std::filesystem::path Calendar_File(const Session& session, const std::filesyste
     return Found_Or_New(directory, "datum.dat");
 }
 
-Daily_Series Read_Daily_Series(const Session& session, const std::filesystem::path& run_directory, bool single_run, int column, const Daily_Request& request,
-                               const Progress& progress)
+Daily_Series Read_Daily_Series(const Session& session, const std::filesystem::path& run_directory, bool single_run,
+                               int column, const Daily_Request& request, const Progress& progress)
 try {
     const auto calendar = Parse_Calendar(Read_Whole(Calendar_File(session, run_directory, single_run)));
-    return Make_Daily_Series(Read_Plot_Column(Found_Or_New(run_directory, "plot.orv"), column, progress), calendar, request);
+    return Make_Daily_Series(Read_Plot_Column(Found_Or_New(run_directory, "plot.orv"), column, progress), calendar,
+                             request);
 } catch (const File_Error&) {
     return Make_Daily_Series({}, {}, request);
 }

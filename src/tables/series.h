@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tables/daily_series.h"
-#include "core/session.h"
 #include "core/progress.h"
+#include "core/session.h"
+#include "tables/daily_series.h"
 
 #include <filesystem>
 #include <string_view>
@@ -12,18 +12,21 @@ namespace orvel {
 
 // Where the daily diagram's series come from: plot.orv of a run directory, and the calendar datum.dat.
 
-// A column, 1 to the number of value columns, of all lines behind the head that have a day number. A line that ends before it has 0. What was
-// read until the progress stops it is the result. Throws File_Error for a file that cannot be read.
+// A column, 1 to the number of value columns, of all lines behind the head that have a day number. A line that ends
+// before it has 0. What was read until the progress stops it is the result. Throws File_Error for a file that cannot be
+// read.
 std::vector<Plot_Value> Read_Plot_Column(const std::filesystem::path& file, int column, const Progress& progress = {});
 
 // A line a day: running number, day of the month, month, year.
 std::vector<Run_Day> Parse_Calendar(std::string_view bytes);
 
-// The calendar of a run: that of the installation for a single run, else that of the mode which the run directory lies in.
-std::filesystem::path Calendar_File(const Session& session, const std::filesystem::path& run_directory, bool single_run);
+// The calendar of a run: that of the installation for a single run, else that of the mode which the run directory lies
+// in.
+std::filesystem::path Calendar_File(const Session& session, const std::filesystem::path& run_directory,
+                                    bool single_run);
 
 // The series that the diagram draws. A missing file gives one without points.
-Daily_Series Read_Daily_Series(const Session& session, const std::filesystem::path& run_directory, bool single_run, int column, const Daily_Request& request,
-                               const Progress& progress = {});
+Daily_Series Read_Daily_Series(const Session& session, const std::filesystem::path& run_directory, bool single_run,
+                               int column, const Daily_Request& request, const Progress& progress = {});
 
 } // namespace orvel

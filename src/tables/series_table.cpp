@@ -5,8 +5,8 @@
 #include "core/output_variables.h"
 #include "core/text.h"
 #include "output/parameter_list.h"
-#include "tables/series.h"
 #include "output/series_days.h"
+#include "tables/series.h"
 
 #include <array>
 
@@ -101,13 +101,19 @@ std::string Rule()
 
 bool Is_Same_Period(Utility period, const Run_Day& a, const Run_Day& b)
 {
-    return a.Year == b.Year && (period == Utility::Year || a.Month == b.Month) && (period != Utility::Day || a.Day == b.Day);
+    return a.Year == b.Year && (period == Utility::Year || a.Month == b.Month) &&
+           (period != Utility::Day || a.Day == b.Day);
 }
 
 // Rows out of days that come one by one.
 class Rows {
 public:
-    Rows(Utility period, const Items& items, std::string& text) : Kind(period), Columns(items), Text(text), Sums(items.size()) {}
+    Rows(Utility period, const Items& items, std::string& text)
+        : Kind(period),
+          Columns(items),
+          Text(text),
+          Sums(items.size())
+    {}
 
     void Add(const Run_Day& day, std::span<const double> values)
     {
@@ -126,7 +132,8 @@ public:
             Text += Count_Cell(First.Month);
         Text += Count_Cell(Kind == Utility::Day ? First.Day : Days);
         for (std::size_t i = 0; i < Columns.size(); ++i)
-            Text.append(Tab_Char).append(Number_Text('F', Is_Flow(Columns[i].Variable) ? Sums[i] : Sums[i] / Days, Cell_Width));
+            Text.append(Tab_Char).append(
+                Number_Text('F', Is_Flow(Columns[i].Variable) ? Sums[i] : Sums[i] / Days, Cell_Width));
         Text.append(CrLf);
         Days = 0;
         Sums.assign(Sums.size(), 0);
@@ -196,7 +203,8 @@ std::string Series_Table(Utility period, const fs::path& directory, std::span<co
 void Make_Utility_Table(Utility period, const fs::path& directory, const fs::path& programs)
 {
     if (Is_Of_A_Batch(directory))
-        throw File_Error("These tables are those of a single run: a simulation of a batch keeps another table under the same name.");
+        throw File_Error(
+            "These tables are those of a single run: a simulation of a batch keeps another table under the same name.");
     const auto calendar = Parse_Calendar(Read_Whole(Calendar_Of(directory, programs)));
     const std::string table = Series_Table(period, directory, calendar);
     Write_Whole(Found_Or_New(directory, Names_Of(period).Output), table);

@@ -1,12 +1,12 @@
 #include "tables/soil_concentrations.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "output/echo_file.h"
 #include "output/run_files.h"
 #include "output/soil_averages.h"
-#include "core/code_page.h"
 
 #include <stdexcept>
 
@@ -19,13 +19,15 @@ namespace {
 constexpr int Figure_Width = 12;
 constexpr std::size_t Name_Width = 15;
 
-void Print_Substance(Table_Text& text, std::string_view name, bool pore_water, const std::array<TWA_Maximum, TWA_Window.size()>& maxima)
+void Print_Substance(Table_Text& text, std::string_view name, bool pore_water,
+                     const std::array<TWA_Maximum, TWA_Window.size()>& maxima)
 {
     text.Line("        Substance: \t" + std::string(Columns(name, 1, Name_Width)));
     text.Line("");
     text.Line(std::string("\t        TWA(d)\t") + (pore_water ? "PEC(mg/L)" : "PEC(mg/kg)") + "\tBegin TWA(d)");
     for (std::size_t w = 0; w < TWA_Window.size(); ++w) {
-        const std::string row = Number_Text('I', TWA_Window[w], Figure_Width) + "\t" + Number_Text('F', maxima[w].Value, Figure_Width) + "\t";
+        const std::string row = Number_Text('I', TWA_Window[w], Figure_Width) + "\t" +
+                                Number_Text('F', maxima[w].Value, Figure_Width) + "\t";
         text.Line(row + Number_Text('I', maxima[w].Begin, Figure_Width), row + Simulation_Date(maxima[w].Begin));
     }
 }
@@ -39,15 +41,18 @@ void Read(const fs::path& file, int depth, const Progress& progress, Soil_Concen
     text.Line("");
     const Reading_Progress told(progress, {file});
     const auto averages = Scan_Soil_Profile(plot, head, depth, [&](int days) {
-        told.Tell("Please wait! Reading file plot, day " + std::to_string(First_Evaluated_Day - 1 + days) + ".", plot.Bytes_Read());
+        told.Tell("Please wait! Reading file plot, day " + std::to_string(First_Evaluated_Day - 1 + days) + ".",
+                  plot.Bytes_Read());
     });
     for (std::size_t s = 0; s < averages.size(); ++s) {
         soil.Maximum.push_back(averages[s].Maxima());
-        const std::string_view name = s < soil.Substance_Name.size() ? std::string_view(soil.Substance_Name[s]) : std::string_view();
+        const std::string_view name =
+            s < soil.Substance_Name.size() ? std::string_view(soil.Substance_Name[s]) : std::string_view();
         Print_Substance(text, name, Contains(head.Titles[3], "Pore"), soil.Maximum.back());
     }
-    soil.Not_Written =
-        averages.empty() ? "The output of the run has no profile of the soil: there is nothing to evaluate." : Why_No_Cache(file.parent_path(), head);
+    soil.Not_Written = averages.empty()
+                           ? "The output of the run has no profile of the soil: there is nothing to evaluate."
+                           : Why_No_Cache(file.parent_path(), head);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "ui/grid_block.h"
 
+#include "core/text.h"
 #include "ui/grid_keys.h"
 #include "ui/number_field.h"
-#include "core/text.h"
 
 #include <algorithm>
 
@@ -40,12 +40,14 @@ std::string Typed_In(const std::string& text, int column, const Grid_Rule& rule)
     return cell;
 }
 
-std::optional<std::string> Pasted_Cell(const std::string& text, const Number_Column& column, int number, const Grid_Rule& rule)
+std::optional<std::string> Pasted_Cell(const std::string& text, const Number_Column& column, int number,
+                                       const Grid_Rule& rule)
 {
     if (!column.Editable)
         return text;
     if (!column.Choices.empty()) {
-        const auto choice = std::find_if(column.Choices.begin(), column.Choices.end(), [&](const auto& one) { return Same_Text(one, text); });
+        const auto choice = std::find_if(column.Choices.begin(), column.Choices.end(),
+                                         [&](const auto& one) { return Same_Text(one, text); });
         return choice == column.Choices.end() ? std::nullopt : std::optional(*choice);
     }
     auto cell = Typed_In(text, number, rule);
@@ -59,8 +61,10 @@ Pasted_Block Refuse(const std::string& why)
 
 } // namespace
 
-const Grid_Rule Number_Grid_Rule = {[](std::string cell, int, int code) { return After_Key(std::move(cell), Number_Grid_Key(code)); }, Is_Number};
-const Grid_Rule Climate_Grid_Rule = {[](std::string cell, int, int code) { return After_Key(std::move(cell), Climate_Grid_Key(code)); }, Is_Number};
+const Grid_Rule Number_Grid_Rule = {
+    [](std::string cell, int, int code) { return After_Key(std::move(cell), Number_Grid_Key(code)); }, Is_Number};
+const Grid_Rule Climate_Grid_Rule = {
+    [](std::string cell, int, int code) { return After_Key(std::move(cell), Climate_Grid_Key(code)); }, Is_Number};
 
 std::string Heading_Lines(std::string_view heading)
 {
@@ -90,7 +94,8 @@ std::string Print_Block(const Grid_Block& block)
     return text;
 }
 
-Pasted_Block Read_Block(std::string_view text, std::size_t rows, const std::vector<Number_Column>& columns, std::size_t first_column, const Grid_Rule& rule)
+Pasted_Block Read_Block(std::string_view text, std::size_t rows, const std::vector<Number_Column>& columns,
+                        std::size_t first_column, const Grid_Rule& rule)
 {
     Pasted_Block block;
     for (const auto line : Split_Lines(text)) {
@@ -98,7 +103,8 @@ Pasted_Block Read_Block(std::string_view text, std::size_t rows, const std::vect
         if (block.Cells.size() == rows || first_column + cells.size() > columns.size())
             return Refuse("The block does not fit into the grid from this cell on.");
         for (std::size_t c = 0; c < cells.size(); ++c) {
-            const auto cell = Pasted_Cell(cells[c], columns[first_column + c], static_cast<int>(first_column + c), rule);
+            const auto cell =
+                Pasted_Cell(cells[c], columns[first_column + c], static_cast<int>(first_column + c), rule);
             if (!cell)
                 return Refuse("\"" + cells[c] + "\" cannot stand in this column.");
             cells[c] = *cell;

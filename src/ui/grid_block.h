@@ -9,7 +9,8 @@
 
 namespace orvel {
 
-// Blocks of cells on their way between a grid and a spreadsheet: cells parted by tabs, rows by line ends. All texts are bytes of Windows-1252.
+// Blocks of cells on their way between a grid and a spreadsheet: cells parted by tabs, rows by line ends. All texts are
+// bytes of Windows-1252.
 
 // A column of a grid. A cell of a column with choices is one of them.
 struct Number_Column {
@@ -24,7 +25,8 @@ struct Grid_Rule {
     bool (*Takes)(int column, std::string_view text) = nullptr;
 };
 
-// The rule of the grids of numbers, and that of the climate grid. A text must be a number from end to end: part of it would be another number.
+// The rule of the grids of numbers, and that of the climate grid. A text must be a number from end to end: part of it
+// would be another number.
 extern const Grid_Rule Number_Grid_Rule, Climate_Grid_Rule;
 
 // A text as a heading: lines end where blanks part it widely, and before a unit in brackets.
@@ -34,13 +36,15 @@ using Grid_Block = std::vector<std::vector<std::string>>;
 
 std::string Print_Block(const Grid_Block& block);
 
-// A block for the cells from a place on, with `rows` rows and the columns from `first_column` on. A cell gets what its characters give as keys, so that
-// a comma becomes a point where the comma key writes one. A block that does not fit, or has a text that its cell does not take, is refused as a
-// whole: the message says why. What lies over columns that are not editable is not looked at.
+// A block for the cells from a place on, with `rows` rows and the columns from `first_column` on. A cell gets what its
+// characters give as keys, so that a comma becomes a point where the comma key writes one. A block that does not fit,
+// or has a text that its cell does not take, is refused as a whole: the message says why. What lies over columns that
+// are not editable is not looked at.
 struct Pasted_Block {
     Grid_Block Cells;
     std::optional<Message> Refused;
 };
-Pasted_Block Read_Block(std::string_view text, std::size_t rows, const std::vector<Number_Column>& columns, std::size_t first_column, const Grid_Rule& rule);
+Pasted_Block Read_Block(std::string_view text, std::size_t rows, const std::vector<Number_Column>& columns,
+                        std::size_t first_column, const Grid_Rule& rule);
 
 } // namespace orvel

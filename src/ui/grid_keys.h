@@ -4,8 +4,9 @@
 
 namespace orvel {
 
-// The key rules of the grids whose cells are edited by keys, as functions from a key to an action. Key codes are those of the grids' rules:
-// 48 to 57 the digits, 96 to 105 those of the number pad, 69 E, 190 and 110 point, 188 comma, 189 and 109 minus, 187 and 107 plus.
+// The key rules of the grids whose cells are edited by keys, as functions from a key to an action. Key codes are those
+// of the grids' rules: 48 to 57 the digits, 96 to 105 those of the number pad, 69 E, 190 and 110 point, 188 comma, 189
+// and 109 minus, 187 and 107 plus.
 
 constexpr int Key_Backspace = 8;
 constexpr int Key_Delete = 46;
@@ -20,7 +21,8 @@ struct Key_Action {
     bool operator==(const Key_Action&) const = default;
 };
 
-// The grids of numbers (horizons, depth dependence, applications): digits, minus, point and E; the delete key takes the last character.
+// The grids of numbers (horizons, depth dependence, applications): digits, minus, point and E; the delete key takes the
+// last character.
 Key_Action Number_Grid_Key(int code);
 
 // The climate grid: codes 47 to 57, E, point (the comma key too), plus and minus; backspace takes the last character.

@@ -55,7 +55,9 @@ try {
 std::string_view Help_Text_Of(const Session& session, int number)
 {
     const auto& texts = session.Program.Help_Text;
-    return number >= 0 && static_cast<std::size_t>(number) < texts.size() ? std::string_view(texts[static_cast<std::size_t>(number)]) : std::string_view();
+    return number >= 0 && static_cast<std::size_t>(number) < texts.size()
+               ? std::string_view(texts[static_cast<std::size_t>(number)])
+               : std::string_view();
 }
 
 } // namespace orvel

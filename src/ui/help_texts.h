@@ -8,8 +8,9 @@
 
 namespace orvel {
 
-// The texts of the help assistant. In its file a record is a head line "XXX" and a number, then the lines of the text; a line that is exactly
-// "XXX" ends the file. Texts count by their position; of the numbers only the last one matters: it is the number of the last text.
+// The texts of the help assistant. In its file a record is a head line "XXX" and a number, then the lines of the text;
+// a line that is exactly "XXX" ends the file. Texts count by their position; of the numbers only the last one matters:
+// it is the number of the last text.
 
 // The texts, each line of theirs ended by CR LF.
 std::vector<std::string> Parse_Help_Texts(std::string_view bytes);

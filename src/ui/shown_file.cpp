@@ -1,9 +1,9 @@
 #include "ui/shown_file.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/text.h"
 #include "output/run_files.h"
-#include "core/code_page.h"
 
 #include <fstream>
 
@@ -39,7 +39,11 @@ constexpr std::string_view Saving_Title = "Saving Input File";
 
 bool Confirmed(const Session& session, std::string_view question)
 {
-    return session.Ask({std::string(Saving_Title), std::string(question), Icon::Question, {Button::Yes, Button::No}, Button::No}) == Button::Yes;
+    return session.Ask({std::string(Saving_Title),
+                        std::string(question),
+                        Icon::Question,
+                        {Button::Yes, Button::No},
+                        Button::No}) == Button::Yes;
 }
 
 } // namespace
@@ -50,7 +54,8 @@ try {
     const auto size = std::filesystem::file_size(file, missing);
     if (missing || size <= Largest_Shown_File)
         return Shown_Cache(Read_Whole(file));
-    session.Ask({"Size limit exceeded!", "The file " + Name_Shown(file) + " is too big! Only the first part is presented."});
+    session.Ask(
+        {"Size limit exceeded!", "The file " + Name_Shown(file) + " is too big! Only the first part is presented."});
     return Shown_Cache(Read_Begin(file, Largest_Shown_File));
 } catch (const File_Error& error) {
     session.Ask({"File check", To_Code_Page(error.what())});
@@ -77,9 +82,11 @@ try {
     return false;
 }
 
-bool Save_Shown(const Session& session, const std::filesystem::path& file, std::string_view was_shown, std::string_view edited)
+bool Save_Shown(const Session& session, const std::filesystem::path& file, std::string_view was_shown,
+                std::string_view edited)
 {
-    if (!Is_Shown_As_It_Is(was_shown, file) && !Confirmed(session, "The file was changed by another program since it was opened. Replace?"))
+    if (!Is_Shown_As_It_Is(was_shown, file) &&
+        !Confirmed(session, "The file was changed by another program since it was opened. Replace?"))
         return false;
     return Save_Shown_As(session, file, edited);
 }

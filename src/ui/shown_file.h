@@ -13,7 +13,8 @@ namespace orvel {
 
 constexpr std::size_t Largest_Shown_File = 32767;
 
-// The text of a file. Of a larger one only the first part, and the user is told. Nothing: it cannot be read, and the user has been told.
+// The text of a file. Of a larger one only the first part, and the user is told. Nothing: it cannot be read, and the
+// user has been told.
 std::optional<std::string> Shown_File(const Session& session, const std::filesystem::path& file);
 
 // The same without a limit.
@@ -22,12 +23,14 @@ std::optional<std::string> Shown_Whole(const Session& session, const std::filesy
 // The whole echo of the input of a run. Nothing: it cannot be read, and the user has been told.
 std::optional<std::string> Shown_Echo(const Session& session, const std::filesystem::path& run_directory);
 
-// Whether a text that is shown is that of the whole file but for the ends of its lines: only then may an edited text take the file's place.
+// Whether a text that is shown is that of the whole file but for the ends of its lines: only then may an edited text
+// take the file's place.
 bool Is_Shown_As_It_Is(std::string_view text, const std::filesystem::path& file);
 
-// Writes a text that was edited in a window, lines ending in CR LF, the last one too. A file that is no longer as it was shown is replaced only if the
-// user says so. false: nothing was written, and the user has been told or asked.
-bool Save_Shown(const Session& session, const std::filesystem::path& file, std::string_view was_shown, std::string_view edited);
+// Writes a text that was edited in a window, lines ending in CR LF, the last one too. A file that is no longer as it
+// was shown is replaced only if the user says so. false: nothing was written, and the user has been told or asked.
+bool Save_Shown(const Session& session, const std::filesystem::path& file, std::string_view was_shown,
+                std::string_view edited);
 
 // The same to another place, where the dialog has asked before it replaces.
 bool Save_Shown_As(const Session& session, const std::filesystem::path& file, std::string_view edited);

@@ -74,7 +74,8 @@ TEST(Value_Axis, Holds_The_Largest_Numbers_That_A_File_Can_Have)
 
 TEST(Value_Axis, Labels_Tiny_Values_With_An_Exponent)
 {
-    EXPECT_EQ(Labels(Value_Axis(0, 0.0004)), (std::vector<std::string>{"0", "1.0E-04", "2.0E-04", "3.0E-04", "4.0E-04"}));
+    EXPECT_EQ(Labels(Value_Axis(0, 0.0004)),
+              (std::vector<std::string>{"0", "1.0E-04", "2.0E-04", "3.0E-04", "4.0E-04"}));
 }
 
 TEST(Position_Axis, Ends_At_Its_Length_And_Labels_Nothing_Beyond)

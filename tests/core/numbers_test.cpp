@@ -85,8 +85,8 @@ TEST(General_Text, Is_Rounded_Exactly_For_Values_Of_Every_Size)
         check(static_cast<double>(random() >> 11U) * 0x1p-53 * size);
         check(static_cast<double>(random() % 2000000) / 24);
     }
-    for (const double value :
-         {1234567890123.125, 1234567890123.375, 999999999999999.5, 999999999999999.4, 99999999999999.95, 1.0, 9.9999999999999991, 0.3, 1e15, 1e-5, 0.1 + 0.2})
+    for (const double value : {1234567890123.125, 1234567890123.375, 999999999999999.5, 999999999999999.4,
+                               99999999999999.95, 1.0, 9.9999999999999991, 0.3, 1e15, 1e-5, 0.1 + 0.2})
         check(value);
 }
 

@@ -22,7 +22,8 @@ TEST(Print_Line, Tab_Starts_A_New_Line_Where_As_Many_Characters_Stand_Already)
 
 TEST(Print_Line, Counts_Columns_From_The_Line_It_Is_On)
 {
-    EXPECT_EQ(Print_Line().Text("long first line").End().Text("a").Tab(3).Text("b").Printed(), "long first line\r\na b");
+    EXPECT_EQ(Print_Line().Text("long first line").End().Text("a").Tab(3).Text("b").Printed(),
+              "long first line\r\na b");
 }
 
 TEST(Print_Line, Goes_To_The_Next_Zone_Even_When_It_Stands_At_One)

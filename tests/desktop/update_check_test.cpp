@@ -24,7 +24,8 @@ TEST(Update_Check, Tells_A_Newer_An_Older_And_The_Same_Release)
 
 TEST(Update_Check, Joins_The_Lines_Of_The_Page)
 {
-    EXPECT_EQ(Evaluate_Update_Page("a long text before the name 2012\r\n0312.z\nip").Text, "You have the latest version of the software.");
+    EXPECT_EQ(Evaluate_Update_Page("a long text before the name 2012\r\n0312.z\nip").Text,
+              "You have the latest version of the software.");
 }
 
 TEST(Update_Check, A_Page_Without_A_Package_Is_A_Connection_Problem)
@@ -39,13 +40,15 @@ TEST(Update_Check, A_Package_Within_The_First_Characters_Has_No_Name_And_Is_A_Co
 {
     EXPECT_EQ(Evaluate_Update_Page("20120313.zip"), Connection_Problem());
     EXPECT_EQ(Evaluate_Update_Page(".zip"), Connection_Problem());
-    EXPECT_EQ(Evaluate_Update_Page(std::string(17, 'x') + "20120313.zip"), Connection_Problem());      // 25 characters before it
+    EXPECT_EQ(Evaluate_Update_Page(std::string(17, 'x') + "20120313.zip"),
+              Connection_Problem()); // 25 characters before it
     EXPECT_EQ(Evaluate_Update_Page(std::string(18, 'x') + "20120313.zip").Title, "Update available!"); // 26
 }
 
 TEST(Update_Check, Only_The_First_Package_Counts)
 {
-    EXPECT_EQ(Evaluate_Update_Page(Page("20120312") + Page("20990101")).Text, "You have the latest version of the software.");
+    EXPECT_EQ(Evaluate_Update_Page(Page("20120312") + Page("20990101")).Text,
+              "You have the latest version of the software.");
 }
 
 } // namespace orvel

@@ -4,8 +4,8 @@
 #include "files/parsed.h"
 #include "files/pesticide_example.h"
 #include "files/scenario_example.h"
-#include "temporary_directory.h"
 #include "recording_user.h"
+#include "temporary_directory.h"
 
 #include <gtest/gtest.h>
 
@@ -66,7 +66,8 @@ TEST_F(Documents, Opening_A_Pesticide_File_Counts_The_Applications_Per_Year_Of_A
         applications += "01  01  01   1    0    0    0    0 \r\n";
     The_Session->Run.App_Pattern = 2;
 
-    EXPECT_TRUE(Open_Document(*The_Session, File("demo.psm", With(Example_File(), Example_Applications, applications))));
+    EXPECT_TRUE(
+        Open_Document(*The_Session, File("demo.psm", With(Example_File(), Example_Applications, applications))));
 
     EXPECT_EQ(The_Session->Run.App_Per_Year[0], 2); // 46 in 23 years
 }
@@ -76,8 +77,9 @@ TEST_F(Documents, A_File_That_Is_No_Document_Is_Refused_Both_Ways)
     EXPECT_FALSE(Open_Document(*The_Session, File("notes.txt", "x")));
     EXPECT_FALSE(Save_Document(*The_Session, Directory / "notes.doc"));
 
-    EXPECT_EQ(The_User.Messages, (std::vector{Message{"Readin check", "notes.txt does not end in .psm, .sze or .cli."},
-                                              Message{"Saving Input File", "notes.doc does not end in .psm, .sze or .cli."}}));
+    EXPECT_EQ(The_User.Messages,
+              (std::vector{Message{"Readin check", "notes.txt does not end in .psm, .sze or .cli."},
+                           Message{"Saving Input File", "notes.doc does not end in .psm, .sze or .cli."}}));
     EXPECT_FALSE(std::filesystem::exists(Directory / "notes.doc"));
 }
 
@@ -98,13 +100,16 @@ TEST_F(Documents, Converting_Drops_A_Metabolite_That_Nothing_Forms_And_Writes_On
 
 TEST_F(Documents, Converting_A_Scenario_File_Writes_Its_Present_Form)
 {
-    EXPECT_EQ(Converted("demo.sze", Scenario_File()), With(Scenario_File(), "WATR     DAY    0001", "WATR    DAY     0001"));
+    EXPECT_EQ(Converted("demo.sze", Scenario_File()),
+              With(Scenario_File(), "WATR     DAY    0001", "WATR    DAY     0001"));
 }
 
 TEST_F(Documents, Converting_A_Climate_File_Rounds_Its_Numbers_As_The_Grid_Shows_Them)
 {
-    EXPECT_EQ(Converted("demo.cli", "T\r\n 0201811.2550000 0.15400   18.2500   14.26     6.0000000 99.96     15230.04        12\r\n"),
-              "T\r\n 0201811.2600000 0.1500000 18.3000   14.3000   6.0000000 100.000   15230.0               12\r\n\r\n");
+    EXPECT_EQ(
+        Converted("demo.cli",
+                  "T\r\n 0201811.2550000 0.15400   18.2500   14.26     6.0000000 99.96     15230.04        12\r\n"),
+        "T\r\n 0201811.2600000 0.1500000 18.3000   14.3000   6.0000000 100.000   15230.0               12\r\n\r\n");
 }
 
 TEST_F(Documents, Converting_Tells_A_Field_That_Is_Lost_And_Goes_On)
@@ -112,7 +117,9 @@ TEST_F(Documents, Converting_Tells_A_Field_That_Is_Lost_And_Goes_On)
     const auto text = Converted("demo.sze", With(Scenario_File(), " 100    1       40 ", " 1234.567 1 40 "));
 
     EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{"Saving Input File", "\"Core depth\" is too long for its column, or empty: the file cannot be read back as it is."})});
+              std::vector{(Message{
+                  "Saving Input File",
+                  "\"Core depth\" is too long for its column, or empty: the file cannot be read back as it is."})});
     EXPECT_NE(text.find("\r\n 1234.567 \r\n        1       40 "), std::string::npos);
 }
 
@@ -120,7 +127,8 @@ TEST_F(Documents, Converting_To_Another_Kind_Is_Refused)
 {
     EXPECT_FALSE(Convert_Document(*The_Session, File("demo.psm", Example_File()), Directory / "demo.sze"));
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Saving Input File", "demo.sze does not have the ending of demo.psm."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Saving Input File", "demo.sze does not have the ending of demo.psm."})});
     EXPECT_FALSE(std::filesystem::exists(Directory / "demo.sze"));
 }
 
@@ -136,7 +144,9 @@ TEST_F(Documents, Converting_A_Bad_File_Leaves_The_Target_As_It_Was)
 
 TEST_F(Documents, Showing_A_Pesticide_File_Names_The_Fields_With_The_Session_S_Indices)
 {
-    const auto text = Show_Document(*The_Session, File("demo.psm", With(Example_File(), "Demo compound", "Demo comp\xF6und"))).value();
+    const auto text =
+        Show_Document(*The_Session, File("demo.psm", With(Example_File(), "Demo compound", "Demo comp\xF6und")))
+            .value();
 
     EXPECT_NE(text.find("\"PSM_Title\": \"Demo comp\xC3\xB6und\""), std::string::npos);
     EXPECT_NE(text.find("\"Substance_Name\": [\"\", \"Alpha\", \"Beta\", \"Metabolite B1\""), std::string::npos);
@@ -152,7 +162,8 @@ TEST_F(Documents, Showing_Relative_Applications_Gives_Their_Table)
 {
     const auto lines = With(Example_Applications, " 2    0    1 ", " 2    0    9 ");
 
-    const auto text = Show_Document(*The_Session, File("demo.psm", With(Example_File(), Example_Applications, lines))).value();
+    const auto text =
+        Show_Document(*The_Session, File("demo.psm", With(Example_File(), Example_Applications, lines))).value();
 
     EXPECT_NE(text.find("\"Relative\": [null,\n    {\n      \"Abs9_Day\": 5,"), std::string::npos);
     EXPECT_NE(text.find("\"Abs9_Month\": 11,"), std::string::npos);

@@ -41,13 +41,14 @@ Output_Row Row_Of(std::string_view code, double depth, int substance)
 
 std::string Engine_Case::Control() const
 {
-    std::string text = Format_Pattern(Years, "000") + " " + Start + " " + End + Header_Tail + "\r\n" + Scenario_Name + "\r\ntest.psm\r\n";
+    std::string text = Format_Pattern(Years, "000") + " " + Start + " " + End + Header_Tail + "\r\n" + Scenario_Name +
+                       "\r\ntest.psm\r\n";
     for (int y = 1; y <= Years; ++y)
         text += "climate_" + Two_Digits(y) + ".cli\r\n";
     text += Format_Pattern(static_cast<double>(Rows.size()) - Profile_Rows, "00000000") + Count_Tail + "\r\n";
     for (const Output_Row& row : Rows)
-        text +=
-            "    " + row.Code + "    TSER" + Format_Pattern(row.Depth, "  000") + ".0 " + row.Scale_Text + Format_Pattern(row.Substance, "00000000") + "\r\n";
+        text += "    " + row.Code + "    TSER" + Format_Pattern(row.Depth, "  000") + ".0 " + row.Scale_Text +
+                Format_Pattern(row.Substance, "00000000") + "\r\n";
     return text;
 }
 
@@ -55,7 +56,8 @@ std::map<std::string, std::string> Engine_Case::Files() const
 {
     Pesticide_Document pesticide = Pesticide;
     Scenario_Document scenario = Scenario;
-    std::map<std::string, std::string> files{{"orvel.inp", Control()}, {"test.psm", Format_PSM(pesticide)}, {Scenario_Name, Format_SZE(scenario)}};
+    std::map<std::string, std::string> files{
+        {"orvel.inp", Control()}, {"test.psm", Format_PSM(pesticide)}, {Scenario_Name, Format_SZE(scenario)}};
     for (int y = 1; y <= Years; ++y)
         files["climate_" + Two_Digits(y) + ".cli"] = Climates[static_cast<std::size_t>(y - 1)];
     return files;
@@ -66,7 +68,8 @@ Engine_Case Demo_Case(std::string_view site, std::string_view stem, std::string_
     Engine_Case run;
     const auto& place = *std::ranges::find(Tables().Sites, site, &Demo_Site::Code);
     const auto& crop = *std::ranges::find(Tables().Crops, stem, &Demo_Crop::Stem);
-    run.Scenario = Demo_Scenario_Document(place, crop, place.Is_Zone() ? Demo_Purpose::Soil_Content : Demo_Purpose::Leaching);
+    run.Scenario =
+        Demo_Scenario_Document(place, crop, place.Is_Zone() ? Demo_Purpose::Soil_Content : Demo_Purpose::Leaching);
     const auto all = Demo_Pesticides();
     run.Pesticide = std::ranges::find(all, pesticide, &Demo_Pesticide::Name)->Document;
     run.Years = years;

@@ -9,18 +9,20 @@
 
 namespace orvel::engine {
 
-// A uniform column of four equal slots for the kernel alone: steady water, an inlet concentration, coefficients by hand.
+// A uniform column of four equal slots for the kernel alone: steady water, an inlet concentration, coefficients by
+// hand.
 struct Steady_Column {
     static constexpr int Lanes = 4;
     int N;
     double Theta, Rho, K, Exponent, Q, Lambda, Dz;
     const Solute_Kernel& Kernel;
-    std::vector<double> M, W, C, G, Thickness, Rho_K, N_Exponent, Limit, Limit_Power, Psi, Flux, Conductance, Weight, One, Zero, Inlet;
+    std::vector<double> M, W, C, G, Thickness, Rho_K, N_Exponent, Limit, Limit_Power, Psi, Flux, Conductance, Weight,
+        One, Zero, Inlet;
     std::vector<double> Scratch[4], Moved, Volatilised;
     Kernel_Column Column;
 
-    Steady_Column(const Solute_Kernel& kernel, int n, double dz, double theta, double rho, double k, double exponent, double q, double lambda,
-                  double diffusion = 0)
+    Steady_Column(const Solute_Kernel& kernel, int n, double dz, double theta, double rho, double k, double exponent,
+                  double q, double lambda, double diffusion = 0)
         : N(n),
           Theta(theta),
           Rho(rho),

@@ -7,7 +7,8 @@
 
 namespace orvel::engine {
 
-// What a reader that goes by anchors and columns finds in the balance files: written for tests, apart from the engine and from the rules.
+// What a reader that goes by anchors and columns finds in the balance files: written for tests, apart from the engine
+// and from the rules.
 
 struct Water_Year {
     double Precipitation = 0, Irrigation = 0, Canopy_Loss = 0, Melt = 0, Snowfall = 0, Runoff = 0;

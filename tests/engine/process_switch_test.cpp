@@ -39,7 +39,8 @@ Totals Run_Of(const Engine_Case& run, const std::string& name)
     Temporary_Directory directory;
     EXPECT_EQ(Run_Case(run, directory.Path()).Exit_Code, 0) << name;
     Totals totals{.Water = File_Of(directory.Path(), "Wasser.orv"), .Solute = File_Of(directory.Path(), "chem.orv")};
-    for (const Solute_Year& year : Solute_Blocks(totals.Solute, "ANNUAL", Top_Layers(File_Of(directory.Path(), "echo.orv")))) {
+    for (const Solute_Year& year :
+         Solute_Blocks(totals.Solute, "ANNUAL", Top_Layers(File_Of(directory.Path(), "echo.orv")))) {
         totals.Uptake += year.Uptake;
         totals.Volatilised += year.Volatilised;
         totals.Runoff += year.Runoff;
@@ -104,13 +105,16 @@ const std::vector<Process> Processes = {
          },
      .Appear = {&Totals::Volatilised},
      .Decay = Goes::Down},
-    {.Name = "runoff", .Switch_On = [](Engine_Case& run) { run.Scenario.SZE_Runoff_Depth = 2; }, .Appear = {&Totals::Runoff}, .Water = Water_Is::Other},
+    {.Name = "runoff",
+     .Switch_On = [](Engine_Case& run) { run.Scenario.SZE_Runoff_Depth = 2; },
+     .Appear = {&Totals::Runoff},
+     .Water = Water_Is::Other},
     {.Name = "erosion",
      .Switch_On =
          [](Engine_Case& run) {
              run.Scenario.SZE_Erosion = 1;
-             run.Scenario.SZE_Eros_K = 0.35, run.Scenario.SZE_Eros_2 = 0.6, run.Scenario.SZE_Eros_3 = 1, run.Scenario.SZE_Eros_4 = 1,
-             run.Scenario.SZE_Eros_5 = 6;
+             run.Scenario.SZE_Eros_K = 0.35, run.Scenario.SZE_Eros_2 = 0.6, run.Scenario.SZE_Eros_3 = 1,
+             run.Scenario.SZE_Eros_4 = 1, run.Scenario.SZE_Eros_5 = 6;
          },
      .Appear = {&Totals::Runoff, &Totals::Sediment},
      .Water = Water_Is::Other},
@@ -124,7 +128,10 @@ const std::vector<Process> Processes = {
          },
      .Appear = {},
      .Water = Water_Is::Other},
-    {.Name = "restricted drainage", .Switch_On = [](Engine_Case& run) { run.Scenario.SZE_Water_Flag = 1; }, .Appear = {}, .Water = Water_Is::Other},
+    {.Name = "restricted drainage",
+     .Switch_On = [](Engine_Case& run) { run.Scenario.SZE_Water_Flag = 1; },
+     .Appear = {},
+     .Water = Water_Is::Other},
     {.Name = "slow sorption sites",
      .Switch_On =
          [](Engine_Case& run) {
@@ -157,8 +164,13 @@ const std::vector<Process> Processes = {
      .Appear = {},
      .Decay = Goes::Down,
      .Leached = Goes::Up},
-    {.Name = "more sorption in air-dry soil", .Switch_On = [](Engine_Case& run) { run.Pesticide.Koc_Change[1] = 100; }, .Appear = {}},
-    {.Name = "sorption that grows with the years", .Switch_On = [](Engine_Case& run) { run.Pesticide.Ann_Incr[1] = 50; }, .Appear = {}, .Leached = Goes::Down},
+    {.Name = "more sorption in air-dry soil",
+     .Switch_On = [](Engine_Case& run) { run.Pesticide.Koc_Change[1] = 100; },
+     .Appear = {}},
+    {.Name = "sorption that grows with the years",
+     .Switch_On = [](Engine_Case& run) { run.Pesticide.Ann_Incr[1] = 50; },
+     .Appear = {},
+     .Leached = Goes::Down},
     {.Name = "sorption by pH",
      .Switch_On =
          [](Engine_Case& run) {
@@ -169,8 +181,13 @@ const std::vector<Process> Processes = {
          },
      .Appear = {},
      .Leached = Goes::Up},
-    {.Name = "a dispersion coefficient", .Switch_On = [](Engine_Case& run) { run.Scenario.SZE_Dispersion_Flag = 0; }, .Appear = {}},
-    {.Name = "compartments by soil depth", .Switch_On = [](Engine_Case& run) { run.Scenario.SZE_Delxflg = 0; }, .Appear = {}, .Water = Water_Is::Other},
+    {.Name = "a dispersion coefficient",
+     .Switch_On = [](Engine_Case& run) { run.Scenario.SZE_Dispersion_Flag = 0; },
+     .Appear = {}},
+    {.Name = "compartments by soil depth",
+     .Switch_On = [](Engine_Case& run) { run.Scenario.SZE_Delxflg = 0; },
+     .Appear = {},
+     .Water = Water_Is::Other},
     {.Name = "tillage", .Switch_On = Till, .Appear = {}},
     {.Name = "warmer soil",
      .Switch_On = [](Engine_Case& run) { run.Header_Tail = " Version 5          SOIL5"; },
@@ -228,7 +245,8 @@ TEST_P(Process_Switch, Changes_What_It_Should_And_Nothing_Else)
     const Totals off = Run_Of(without, process.Name), on = Run_Of(with, process.Name);
 
     EXPECT_NE(on.Solute, off.Solute) << process.Name << " changed nothing";
-    const std::array<double Totals::*, 4> losses = {&Totals::Uptake, &Totals::Volatilised, &Totals::Runoff, &Totals::Sediment};
+    const std::array<double Totals::*, 4> losses = {&Totals::Uptake, &Totals::Volatilised, &Totals::Runoff,
+                                                    &Totals::Sediment};
     for (const auto loss : losses) {
         EXPECT_EQ(off.*loss, 0) << process.Name;
         const bool appears = std::find(process.Appear.begin(), process.Appear.end(), loss) != process.Appear.end();
@@ -263,7 +281,8 @@ TEST(Demonstration_Substances, Leach_In_The_Order_Of_Their_Sorption_And_Half_Liv
             run.Pesticide.Molmass = other.Pesticide.Molmass;
             return Run_Of(run, std::string(site) + " " + substance).Leached;
         };
-        const double a = leached("demo_A.psm"), b = leached("demo_B.psm"), c = leached("demo_C.psm"), d = leached("demo_D.psm");
+        const double a = leached("demo_A.psm"), b = leached("demo_B.psm"), c = leached("demo_C.psm"),
+                     d = leached("demo_D.psm");
 
         EXPECT_GE(b, d) << site << ": sorbed less, the same half-life";
         EXPECT_GE(d, c) << site << ": sorbed less, the same half-life";

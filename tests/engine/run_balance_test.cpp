@@ -21,7 +21,8 @@ void Give_All_Water_Processes(Scenario_Document& scenario, int water_flag)
     scenario.SZE_Water_Flag = water_flag;
     scenario.SZE_Runoff_Depth = 2;
     scenario.SZE_Erosion = 1;
-    scenario.SZE_Eros_K = 0.35, scenario.SZE_Eros_2 = 0.6, scenario.SZE_Eros_3 = 1, scenario.SZE_Eros_4 = 1, scenario.SZE_Eros_5 = 6;
+    scenario.SZE_Eros_K = 0.35, scenario.SZE_Eros_2 = 0.6, scenario.SZE_Eros_3 = 1, scenario.SZE_Eros_4 = 1,
+    scenario.SZE_Eros_5 = 6;
     scenario.SZE_Macropore = 1;
     scenario.SZE_Macro_Depth = 60;
     scenario.SZE_Macro_Threshold = 1;
@@ -58,8 +59,8 @@ TEST(Run_Verification, Case_25_Water_Balance_Of_Nine_Sites)
             for (const Water_Year& year : years) {
                 check = std::max(check, std::fabs(year.Check));
                 supply += year.Precipitation + year.Melt + year.Irrigation;
-                sums = std::max(sums, std::fabs(year.Precipitation + year.Melt + year.Irrigation - year.Canopy_Loss - year.Evapotranspiration - year.Runoff -
-                                                year.Recharge - year.Change));
+                sums = std::max(sums, std::fabs(year.Precipitation + year.Melt + year.Irrigation - year.Canopy_Loss -
+                                                year.Evapotranspiration - year.Runoff - year.Recharge - year.Change));
             }
             Verify(25, name + ": closure of a year, relative to its supply", check / (supply / run_years), 0, 1e-9);
             Verify(25, name + ": printed amounts against the change of storage (cm)", sums, 0, 1e-3);
@@ -72,7 +73,8 @@ TEST(Run_Verification, Case_25_Water_Balance_Of_Nine_Sites)
                     above = std::max(above, line.Values[k] - grid.Porosity[i]);
                 }
             }
-            Verify(25, name + ": water content outside half the wilting point to porosity", std::max(below, above), 0, 1e-5);
+            Verify(25, name + ": water content outside half the wilting point to porosity", std::max(below, above), 0,
+                   1e-5);
         }
     }
 }
@@ -96,8 +98,16 @@ TEST(Run_Verification, Case_26_All_Arrows)
     Verify(26, "moles not found again, relative to those applied", Worst_Closure(echo).Moles, 0, 1e-9);
     Verify(26, "mass not found again, worst substance", Worst_Closure(echo).Solute, 0, 1e-9);
     std::array<Solute_Year, Substances + 1> total;
-    constexpr std::array<const char*, Substances + 1> names = {
-        "", "chem.orv", "chem_A1.orv", "chem_B1.orv", "chem_C1.orv", "chem_D1.orv", "chem_A2.orv", "chem_B2.orv", "chem_C2.orv", "chem_D2.orv"};
+    constexpr std::array<const char*, Substances + 1> names = {"",
+                                                               "chem.orv",
+                                                               "chem_A1.orv",
+                                                               "chem_B1.orv",
+                                                               "chem_C1.orv",
+                                                               "chem_D1.orv",
+                                                               "chem_A2.orv",
+                                                               "chem_B2.orv",
+                                                               "chem_C2.orv",
+                                                               "chem_D2.orv"};
     for (std::size_t s = 1; s <= Substances; ++s) {
         const auto years = Solute_Blocks(File_Of(directory.Path(), names[s]), "ANNUAL", Top_Layers(echo));
         ASSERT_EQ(years.size(), 6U) << names[s];
@@ -106,16 +116,19 @@ TEST(Run_Verification, Case_26_All_Arrows)
             total[s].Decay += year.Decay;
         }
     }
-    // All rows of a substance have one rate, so each takes the same part of its decay; what is formed follows from the arrows and the molar masses.
+    // All rows of a substance have one rate, so each takes the same part of its decay; what is formed follows from the
+    // arrows and the molar masses.
     for (std::size_t s = 2; s <= Substances; ++s) {
         double formed = 0;
         for (int t = 1; t <= Last_Transformation; ++t) {
             const Arrow& arrow = Arrow_Of(t);
             const auto from = static_cast<std::size_t>(arrow.Source);
             if (arrow.Target == static_cast<int>(s))
-                formed += total[from].Decay / Rows_Of_Substance(arrow.Source) * pesticide.Molmass[s].Number() / pesticide.Molmass[from].Number();
+                formed += total[from].Decay / Rows_Of_Substance(arrow.Source) * pesticide.Molmass[s].Number() /
+                          pesticide.Molmass[from].Number();
         }
-        Verify_Relative(26, std::string(names[s]) + ": formed (kg/ha) against the decay of its sources", total[s].Gained, formed, 1e-4);
+        Verify_Relative(26, std::string(names[s]) + ": formed (kg/ha) against the decay of its sources",
+                        total[s].Gained, formed, 1e-4);
     }
 }
 
@@ -163,8 +176,8 @@ TEST(Run_Verification, Case_27_All_Processes)
         const auto years = Solute_Blocks(File_Of(directory.Path(), name), "ANNUAL", Top_Layers(echo));
         ASSERT_EQ(years.size(), run_years);
         for (const Solute_Year& year : years) {
-            residual = std::max(
-                residual, std::fabs(year.Gained - year.Uptake - year.Decay - year.Volatilised - year.Runoff - year.Leached_Core - (year.Stored - stored)));
+            residual = std::max(residual, std::fabs(year.Gained - year.Uptake - year.Decay - year.Volatilised -
+                                                    year.Runoff - year.Leached_Core - (year.Stored - stored)));
             scale = std::max(scale, year.Gained + year.Stored);
             lowest = std::min(lowest, *std::ranges::min_element(year.Stores));
             stored = year.Stored;

@@ -17,7 +17,8 @@ using Files = std::map<std::string, std::string>;
 File_Source Source_Of(const Files& files)
 {
     return [&files](std::string_view name) -> std::optional<std::string> {
-        const auto found = std::ranges::find_if(files, [name](const auto& file) { return Same_Text(file.first, name); });
+        const auto found =
+            std::ranges::find_if(files, [name](const auto& file) { return Same_Text(file.first, name); });
         return found == files.end() ? std::nullopt : std::optional(found->second);
     };
 }
@@ -38,7 +39,8 @@ Engine_Case Full_Case()
 {
     Engine_Case run = Demo_Case("H", "_maize", "demo_C.psm", 1);
     run.Scenario.SZE_Erosion = 1;
-    run.Scenario.SZE_Eros_K = 0.3, run.Scenario.SZE_Eros_2 = 1, run.Scenario.SZE_Eros_3 = 1, run.Scenario.SZE_Eros_4 = 1, run.Scenario.SZE_Eros_5 = 6;
+    run.Scenario.SZE_Eros_K = 0.3, run.Scenario.SZE_Eros_2 = 1, run.Scenario.SZE_Eros_3 = 1,
+    run.Scenario.SZE_Eros_4 = 1, run.Scenario.SZE_Eros_5 = 6;
     run.Scenario.SZE_Macropore = 1;
     run.Scenario.SZE_Macro_Depth = 50;
     run.Rows = {Row_Of("LEAC", 100)};
@@ -66,12 +68,17 @@ std::vector<Damage> Damages()
     const auto horizon = [](auto change) { return [change](Engine_Case& run) { change(run.Scenario.Horizons[1]); }; };
     const auto scenario = [](auto change) { return [change](Engine_Case& run) { change(run.Scenario); }; };
     const auto pesticide = [](auto change) { return [change](Engine_Case& run) { change(run.Pesticide); }; };
-    const auto climate = [](std::size_t line, std::string_view row) { return [line, row](Files& files) { Cut_Line(files["climate_01.cli"], line, row); }; };
+    const auto climate = [](std::size_t line, std::string_view row) {
+        return [line, row](Files& files) { Cut_Line(files["climate_01.cli"], line, row); };
+    };
     return {
         {11, "run control file empty", {}, [](Files& files) { files["orvel.inp"].clear(); }},
         {11, "no run control file", {}, [](Files& files) { files.erase("orvel.inp"); }},
         {12, "no years", {}, [](Files& files) { files["orvel.inp"].replace(0, 3, "000"); }},
-        {13, "depth no number", {}, [](Files& files) { files["orvel.inp"] = Replace_All(files["orvel.inp"], "100.0", "abc.d"); }},
+        {13,
+         "depth no number",
+         {},
+         [](Files& files) { files["orvel.inp"] = Replace_All(files["orvel.inp"], "100.0", "abc.d"); }},
         {21, "no scenario file", {}, [](Files& files) { files.erase("H_maize.sze"); }},
         {22, "no pesticide file", {}, [](Files& files) { files.erase("test.psm"); }},
         {23, "no climate file", {}, [](Files& files) { files.erase("climate_01.cli"); }},
@@ -102,8 +109,14 @@ std::vector<Damage> Damages()
         {46, "molar mass", pesticide([](Pesticide_Document& p) { p.Molmass[1] = 0; }), {}},
         {47, "horizons of the pesticide file", pesticide([](Pesticide_Document& p) { p.Kd_Flag[1] = 0; }), {}},
         {48, "negative rate", pesticide([](Pesticide_Document& p) { p.Degradation[1][5].Deg_Rate = -0.1; }), {}},
-        {51, "climate row without a date", {}, climate(10, " xx01010.1       0.1       5         5         5         5         5         ")},
-        {52, "temperature", {}, climate(10, " 1001010.1       0.1       5         99        5         5         5         ")},
+        {51,
+         "climate row without a date",
+         {},
+         climate(10, " xx01010.1       0.1       5         5         5         5         5         ")},
+        {52,
+         "temperature",
+         {},
+         climate(10, " 1001010.1       0.1       5         99        5         5         5         ")},
         {53, "climate day missing", {}, climate(10, "")},
     };
 }
@@ -125,11 +138,14 @@ TEST(Run_Verification, Case_30_Relative_Dates_Stand_In_The_Echo)
         return File_Of(directory.Path(), "echo.orv");
     };
 
-    Verify(30, "20 days before the emergence on 5 May of year 2: 15.4.2 in the echo", Contains(echo_of(-20, 0), "\r\n  15.4.2  "), 1, 0);
+    Verify(30, "20 days before the emergence on 5 May of year 2: 15.4.2 in the echo",
+           Contains(echo_of(-20, 0), "\r\n  15.4.2  "), 1, 0);
     Verify(30, "on the day of emergence: 5.5.2", Contains(echo_of(0, 0), "\r\n  5.5.2  "), 1, 0);
     Verify(30, "400 days later: 9.6.3", Contains(echo_of(400, 0), "\r\n  9.6.3  "), 1, 0);
-    Verify(30, "a rotation of one row is repeated", Contains(echo_of(0, 0), "NOTE 12: ROTATION REPEATED WITH A PERIOD OF 1 YEAR(S)"), 1, 0);
-    Verify(30, "a second harvest that no year has: ERROR 43", Contains(Last_Line(echo_of(0, 5)), " *** ERROR 43: "), 1, 0);
+    Verify(30, "a rotation of one row is repeated",
+           Contains(echo_of(0, 0), "NOTE 12: ROTATION REPEATED WITH A PERIOD OF 1 YEAR(S)"), 1, 0);
+    Verify(30, "a second harvest that no year has: ERROR 43", Contains(Last_Line(echo_of(0, 5)), " *** ERROR 43: "), 1,
+           0);
 }
 
 TEST(Run_Verification, Case_31_Each_Damaged_Input_Has_Its_Error)
@@ -152,7 +168,8 @@ TEST(Run_Verification, Case_31_Each_Damaged_Input_Has_Its_Error)
         const std::string last = Last_Line(File_Of(directory.Path(), "echo.orv"));
         EXPECT_EQ(result.Exit_Code, 1) << damage.What;
         EXPECT_TRUE(last.starts_with(" *** ERROR ")) << damage.What << ": " << last;
-        EXPECT_TRUE(Contains(result.Output, "ERROR " + std::to_string(damage.Number) + ":")) << damage.What << ": " << result.Output;
+        EXPECT_TRUE(Contains(result.Output, "ERROR " + std::to_string(damage.Number) + ":"))
+            << damage.What << ": " << result.Output;
         EXPECT_FALSE(std::filesystem::exists(directory / "Wasser.orv")) << damage.What;
         right += Contains(result.Output, "ERROR " + std::to_string(damage.Number) + ":");
     }
@@ -172,7 +189,8 @@ TEST(Run_Verification, Case_31_A_Document_Cut_At_Any_Line_Is_Refused)
             refused += std::ranges::count(Errors_Of(files), number) > 0;
             kept += std::string(lines[n]) + "\r\n";
         }
-        Verify(31, std::string(name) + ": refused of all cuts behind a line", refused, static_cast<double>(lines.size() - 1), 0);
+        Verify(31, std::string(name) + ": refused of all cuts behind a line", refused,
+               static_cast<double>(lines.size() - 1), 0);
     }
 }
 
@@ -191,7 +209,8 @@ TEST(Run_Verification, Case_31_Random_Bytes_Crash_Nothing)
         Files files = whole;
         std::string& bytes = files[names[random() % names.size()]];
         for (int k = 0; k <= change % 3; ++k)
-            bytes[random() % bytes.size()] = change % 2 ? "0123456789 .-E\n"[random() % 15] : static_cast<char>(random() % 256);
+            bytes[random() % bytes.size()] =
+                change % 2 ? "0123456789 .-E\n"[random() % 15] : static_cast<char>(random() % 256);
         Findings findings;
         const Engine_Input input = Read_Input(Source_Of(files), findings);
         std::string echo;
@@ -274,8 +293,10 @@ TEST(Run_Input, Evaporation_That_The_Scenario_Asks_For_Must_Be_There)
     auto lines = Split_Lines(run.Climates[0]);
     std::string bare;
     for (const auto line : lines)
-        bare +=
-            (line.size() > 30 && line[0] == ' ' ? std::string(line.substr(0, 17)) + "          " + std::string(line.substr(27)) : std::string(line)) + "\r\n";
+        bare += (line.size() > 30 && line[0] == ' '
+                     ? std::string(line.substr(0, 17)) + "          " + std::string(line.substr(27))
+                     : std::string(line)) +
+                "\r\n";
     run.Climates[0] = bare;
 
     EXPECT_EQ(Errors_Of(run.Files()), std::vector<int>{52});

@@ -22,8 +22,9 @@ Engine_Case Layout_Case(int every)
     run.Pesticide.Substance_Name[1] = "ERROR WATR";
     run.Scenario.SZE_Freq_Water = run.Scenario.SZE_Freq_Solute = "MNTH";
     run.Scenario.SZE_Out_Every_Water = run.Scenario.SZE_Out_Every_Solute = run.Scenario.SZE_Out_Every_Conc = every;
-    run.Rows = {Row_Of("INFL", 100), Row_Of("PFLX", 100, 1), Row_Of("PFLX", 100, 2), Row_Of("TDKF", 0, 1), Row_Of("PRSN", 0),
-                Row_Of("TETD", 0),   Row_Of("TPAP", 0, 2),   Row_Of("TVOX", 0, 1),   Row_Of("LEAC", 100)};
+    run.Rows = {Row_Of("INFL", 100),  Row_Of("PFLX", 100, 1), Row_Of("PFLX", 100, 2),
+                Row_Of("TDKF", 0, 1), Row_Of("PRSN", 0),      Row_Of("TETD", 0),
+                Row_Of("TPAP", 0, 2), Row_Of("TVOX", 0, 1),   Row_Of("LEAC", 100)};
     return run;
 }
 
@@ -63,11 +64,15 @@ TEST(Run_Verification, Case_29_Readers_By_Column_Find_The_Engines_Own_Sums)
             const auto i = static_cast<std::size_t>(y - 1);
             const std::string year = name + "year " + std::to_string(y) + ", ";
             Verify_Relative(29, year + "percolate (cm)", water[i].Percolate, Sum_Of_Year(plot, y, 0), 1e-4);
-            Verify(29, year + "leached (kg/ha)", active[i].Leached, Sum_Of_Year(plot, y, 1), 1e-3 * std::fabs(active[i].Leached) + 1e-12);
-            Verify(29, year + "metabolite leached", formed[i].Leached, Sum_Of_Year(plot, y, 2), 1e-3 * std::fabs(formed[i].Leached) + 1e-12);
+            Verify(29, year + "leached (kg/ha)", active[i].Leached, Sum_Of_Year(plot, y, 1),
+                   1e-3 * std::fabs(active[i].Leached) + 1e-12);
+            Verify(29, year + "metabolite leached", formed[i].Leached, Sum_Of_Year(plot, y, 2),
+                   1e-3 * std::fabs(formed[i].Leached) + 1e-12);
             Verify_Relative(29, year + "decay (kg/ha)", active[i].Decay, Sum_Of_Year(plot, y, 3), 1e-4);
-            Verify_Relative(29, year + "rain and snow (cm)", water[i].Precipitation + water[i].Snowfall, Sum_Of_Year(plot, y, 4), 1e-4);
-            Verify_Relative(29, year + "evapotranspiration (cm)", water[i].Evapotranspiration + water[i].Canopy_Loss, Sum_Of_Year(plot, y, 5), 1e-3);
+            Verify_Relative(29, year + "rain and snow (cm)", water[i].Precipitation + water[i].Snowfall,
+                            Sum_Of_Year(plot, y, 4), 1e-4);
+            Verify_Relative(29, year + "evapotranspiration (cm)", water[i].Evapotranspiration + water[i].Canopy_Loss,
+                            Sum_Of_Year(plot, y, 5), 1e-3);
             Verify_Relative(29, year + "formed (kg/ha)", formed[i].Gained, Sum_Of_Year(plot, y, 6), 1e-4);
             Verify(29, year + "volatilised (kg/ha)", active[i].Volatilised, Sum_Of_Year(plot, y, 7), 1e-6);
             Verify(29, year + "applied (kg/ha)", active[i].Gained, 1, 1e-6);
@@ -107,9 +112,11 @@ TEST(Run_Layout, The_Echo_Has_The_Lines_And_Columns_That_Are_Looked_For)
     const std::string echo = File_Of(directory.Path(), "echo.orv");
     const auto lines = Split_Lines(echo);
     const auto at = [&lines](std::string_view anchor) {
-        return std::ranges::find_if(lines, [anchor](std::string_view line) { return Contains(line, anchor); }) - lines.begin();
+        return std::ranges::find_if(lines, [anchor](std::string_view line) { return Contains(line, anchor); }) -
+               lines.begin();
     };
-    const auto total = at("TOTAL COMPARTMENTS IN CORE"), frequency = at("WATR"), top = at(" Total number of layers in the top meter:");
+    const auto total = at("TOTAL COMPARTMENTS IN CORE"), frequency = at("WATR"),
+               top = at(" Total number of layers in the top meter:");
 
     EXPECT_EQ(lines[static_cast<std::size_t>(total)], " TOTAL COMPARTMENTS IN CORE" + std::string(27, ' ') + "80");
     EXPECT_EQ(lines[static_cast<std::size_t>(frequency)], " OUTPUT    WATR    MNTH    LAYER STEP     7");
@@ -117,7 +124,8 @@ TEST(Run_Layout, The_Echo_Has_The_Lines_And_Columns_That_Are_Looked_For)
     EXPECT_EQ(lines[static_cast<std::size_t>(top)], " Total number of layers in the top meter:                   40");
     EXPECT_LT(total, frequency);
     EXPECT_LT(frequency + 1, top);
-    EXPECT_EQ(std::ranges::count_if(lines, [](std::string_view line) { return Contains(line, "*** PARAMETERS OF "); }), 2);
+    EXPECT_EQ(std::ranges::count_if(lines, [](std::string_view line) { return Contains(line, "*** PARAMETERS OF "); }),
+              2);
     EXPECT_EQ(lines.back(), " *** SIMULATION COMPLETED ***");
 }
 
@@ -153,14 +161,18 @@ TEST(Run_Layout, Daily_Blocks_Stand_Before_Their_Month_And_Year)
         std::string order;
         const std::string text = File_Of(directory.Path(), name);
         for (const auto line : Split_Lines(text))
-            order += Contains(line, "*** DAILY") ? "d" : Contains(line, "*** MONTHLY") ? "m" : Contains(line, "*** ANNUAL") ? "y" : "";
+            order += Contains(line, "*** DAILY")     ? "d"
+                     : Contains(line, "*** MONTHLY") ? "m"
+                     : Contains(line, "*** ANNUAL")  ? "y"
+                                                     : "";
         EXPECT_EQ(order.size(), 365U + 12 + 1) << name;
         EXPECT_EQ(order.substr(0, 33), std::string(31, 'd') + "md") << name;
         EXPECT_EQ(order.substr(order.size() - 3), "dmy") << name;
     }
     const auto days = Water_Blocks(File_Of(directory.Path(), "Wasser.orv"), "DAILY", 40),
                year = Water_Blocks(File_Of(directory.Path(), "Wasser.orv"), "ANNUAL", 40);
-    const double percolate = std::accumulate(days.begin(), days.end(), 0.0, [](double sum, const Water_Year& day) { return sum + day.Percolate; });
+    const double percolate = std::accumulate(days.begin(), days.end(), 0.0,
+                                             [](double sum, const Water_Year& day) { return sum + day.Percolate; });
     EXPECT_NEAR(percolate, year[0].Percolate, 365 * 1e-5);
 }
 
@@ -168,8 +180,9 @@ TEST(Run_Layout, Every_Code_Gives_A_Column_And_What_Is_Not_There_A_Column_Of_Zer
 {
     Temporary_Directory directory;
     Engine_Case run = Demo_Case("H", "_maize", "demo_C.psm", 2);
-    for (const char* code : {"PRSN", "TETD", "INFL", "RUNF", "ESLS", "THET", "TEMP", "TPAP", "TDKF", "TDKQ", "TDKN", "TUPF", "TVOX", "TPST",
-                             "QPST", "NPST", "DKFX", "DKFQ", "DKFN", "PFLX", "RFLX", "EFLX", "LEAC", "SPST", "TPSC", "QPSC", "NPSC", "SPSC"})
+    for (const char* code : {"PRSN", "TETD", "INFL", "RUNF", "ESLS", "THET", "TEMP", "TPAP", "TDKF", "TDKQ",
+                             "TDKN", "TUPF", "TVOX", "TPST", "QPST", "NPST", "DKFX", "DKFQ", "DKFN", "PFLX",
+                             "RFLX", "EFLX", "LEAC", "SPST", "TPSC", "QPSC", "NPSC", "SPSC"})
         run.Rows.push_back(Row_Of(code, 2));
     run.Rows.push_back(Row_Of("LEAC", 100, 7)); // a substance that is not in the run
     run.Rows.push_back(Row_Of("    ", 0));
@@ -191,7 +204,8 @@ TEST(Run_Layout, Every_Code_Gives_A_Column_And_What_Is_Not_There_A_Column_Of_Zer
     EXPECT_NEAR(state(13), state(24) * grid.Density[0], 1e-3 * state(13)); // per volume, per mass
     EXPECT_NEAR(state(23), state(27) * state(5), 1e-3 * state(23));        // per soil, per water
     EXPECT_EQ(state(13), state(14));
-    EXPECT_TRUE(Contains(File_Of(directory.Path(), "echo.orv"), "NOTE 14: SUBSTANCE 7 OF LEAC IS NOT IN THE RUN: COLUMN OF ZEROS"));
+    EXPECT_TRUE(Contains(File_Of(directory.Path(), "echo.orv"),
+                         "NOTE 14: SUBSTANCE 7 OF LEAC IS NOT IN THE RUN: COLUMN OF ZEROS"));
 }
 
 TEST(Run_Verification, Case_35_Content_Right_After_An_Application)
@@ -223,7 +237,8 @@ TEST(Run_Verification, Case_35_Content_Right_After_An_Application)
         EXPECT_EQ(first->Hour, 12);
         const Grid grid = Build_Grid(run.Scenario);
         if (std::string_view(code) == "TPSC") {
-            Verify_Relative(35, "content of the first centimetre (mg/kg)", first->Values[1], 10 / (grid.Density[0] * 1), 1e-3);
+            Verify_Relative(35, "content of the first centimetre (mg/kg)", first->Values[1], 10 / (grid.Density[0] * 1),
+                            1e-3);
             Verify(35, "content of the second centimetre", first->Values[2], 0, 0);
         }
         const auto hours = std::ranges::count_if(plot.Lines, [day](const Plot_Line& line) { return line.Day == day; });

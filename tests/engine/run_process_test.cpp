@@ -17,7 +17,8 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr std::string_view Not_Completed = " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***";
+constexpr std::string_view Not_Completed =
+    " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***";
 
 // A run that takes long enough to be disturbed.
 Engine_Case Long_Case()
@@ -86,7 +87,8 @@ TEST(Run_Verification, Case_32_A_Killed_Run_Shows_As_Failed)
     engine.Stop(SIGKILL);
 
     Verify(32, "the lock is gone with a killed engine", Is_Locked(directory / "echo.orv"), 0, 0);
-    Verify(32, "ERROR 99 ends the echo of a run killed in year 3", Last_Line(File_Of(directory.Path(), "echo.orv")) == Not_Completed, 1, 0);
+    Verify(32, "ERROR 99 ends the echo of a run killed in year 3",
+           Last_Line(File_Of(directory.Path(), "echo.orv")) == Not_Completed, 1, 0);
 }
 
 TEST(Run_Verification, Case_32_A_Stopped_Run_Has_Exit_Code_2)
@@ -151,8 +153,11 @@ TEST(Run_Verification, Case_34_A_Run_Of_26_Years_Takes_Less_Than_A_Second)
     ASSERT_EQ(Run_Engine(directory.Path()).Exit_Code, 0);
 
     ::getrusage(RUSAGE_CHILDREN, &after);
-    const auto seconds = [](const rusage& usage) { return static_cast<double>(usage.ru_utime.tv_sec) + 1e-6 * static_cast<double>(usage.ru_utime.tv_usec); };
-    Verify(34, "processor time of 26 years, 200 compartments, 4 substances (s)", seconds(after) - seconds(before), 0, 1);
+    const auto seconds = [](const rusage& usage) {
+        return static_cast<double>(usage.ru_utime.tv_sec) + 1e-6 * static_cast<double>(usage.ru_utime.tv_usec);
+    };
+    Verify(34, "processor time of 26 years, 200 compartments, 4 substances (s)", seconds(after) - seconds(before), 0,
+           1);
 }
 #endif
 

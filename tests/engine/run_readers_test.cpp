@@ -1,7 +1,7 @@
 #include "engine_process.h"
+#include "output/echo_file.h"
 #include "output_blocks.h"
 #include "tables/balance_tables.h"
-#include "output/echo_file.h"
 #include "tables/leachate_tables.h"
 #include "tables/soil_concentrations.h"
 #include "verification.h"
@@ -34,16 +34,18 @@ TEST(Run_Verification, Case_29_Leachate_Tables_Read_Real_Output)
         EXPECT_TRUE(tables.Cached);
         ASSERT_EQ(tables.Year[0].size(), 2U);
         for (const std::size_t substance : {std::size_t{0}, std::size_t{1}}) {
-            const auto solute = Solute_Blocks(File_Of(directory.Path(), substance == 0 ? "chem.orv" : "chem_A1.orv"), "ANNUAL", 40);
+            const auto solute =
+                Solute_Blocks(File_Of(directory.Path(), substance == 0 ? "chem.orv" : "chem_A1.orv"), "ANNUAL", 40);
             const auto& metre = tables.Year[0][substance].Rows;
             const auto& bottom = tables.Year[1][substance].Rows;
             Verify(29, name + "years of the leachate table", static_cast<double>(metre.size()), 26, 0);
             ASSERT_EQ(metre.size(), 26U);
             double flux = 0, percolate = 0;
             for (std::size_t y = 0; y < 26; ++y) {
-                flux = std::max({flux, std::fabs(metre[y].Flux - 1000 * solute[y].Leached), std::fabs(bottom[y].Flux - 1000 * solute[y].Leached_Core)});
-                percolate =
-                    std::max({percolate, std::fabs(metre[y].Percolate - 10 * water[y].Percolate), std::fabs(bottom[y].Percolate - 10 * water[y].Recharge)});
+                flux = std::max({flux, std::fabs(metre[y].Flux - 1000 * solute[y].Leached),
+                                 std::fabs(bottom[y].Flux - 1000 * solute[y].Leached_Core)});
+                percolate = std::max({percolate, std::fabs(metre[y].Percolate - 10 * water[y].Percolate),
+                                      std::fabs(bottom[y].Percolate - 10 * water[y].Recharge)});
             }
             Verify(29, name + "leached mass by the table (g/ha)", flux, 0, 1e-9);
             Verify(29, name + "percolate by the table (L/m2)", percolate, 0, 1e-9);
@@ -62,7 +64,8 @@ TEST(Run_Verification, Case_29_Balance_Tables_Read_Real_Output)
     EXPECT_TRUE(Read_Echo_Layers(directory.Path()).Has_Monthly_Output);
     EXPECT_FALSE(Simulation_Failed(directory.Path()));
     EXPECT_EQ(Read_Substance_Names(directory.Path()).size(), 2U);
-    for (const auto& [view, title, rows] : {std::tuple{Balance_View::Annual, "ANNUAL", 8}, std::tuple{Balance_View::Monthly, "MONTHLY", 96}}) {
+    for (const auto& [view, title, rows] :
+         {std::tuple{Balance_View::Annual, "ANNUAL", 8}, std::tuple{Balance_View::Monthly, "MONTHLY", 96}}) {
         const auto water = Water_Blocks(File_Of(directory.Path(), "Wasser.orv"), title, 40);
         const Balance_Tables tables = Build_Or_Load_Balance(directory.Path(), view);
 
@@ -73,7 +76,8 @@ TEST(Run_Verification, Case_29_Balance_Tables_Read_Real_Output)
         for (std::size_t k = 0; k < tables.Water.size(); ++k) {
             const Water_Balance_Row& row = tables.Water[k];
             const Water_Year& block = water[k];
-            worst = std::max({worst, std::fabs(row.Precipitation - 10 * (block.Precipitation + block.Melt)), std::fabs(row.Runoff - 10 * block.Runoff),
+            worst = std::max({worst, std::fabs(row.Precipitation - 10 * (block.Precipitation + block.Melt)),
+                              std::fabs(row.Runoff - 10 * block.Runoff),
                               std::fabs(row.Evapotranspiration - 10 * (block.Evapotranspiration + block.Canopy_Loss)),
                               std::fabs(row.Percolate - 10 * block.Recharge)});
             storage = std::max(storage, std::fabs(row.Diff_Storage - 10 * block.Change));
@@ -81,11 +85,13 @@ TEST(Run_Verification, Case_29_Balance_Tables_Read_Real_Output)
         Verify(29, std::string(title) + " water balance by the table (L/m2)", worst, 0, 1e-9);
         Verify(29, std::string(title) + " change of storage that the table finds (L/m2)", storage, 0, 5e-3);
         for (const std::size_t substance : {std::size_t{0}, std::size_t{1}}) {
-            const auto solute = Solute_Blocks(File_Of(directory.Path(), substance == 0 ? "chem.orv" : "chem_A1.orv"), title, 40);
+            const auto solute =
+                Solute_Blocks(File_Of(directory.Path(), substance == 0 ? "chem.orv" : "chem_A1.orv"), title, 40);
             double stored = 0, mass = 0;
             for (std::size_t k = 0; k < solute.size(); ++k) {
                 const Pesticide_Balance_Row& row = tables.Pesticide[substance][k];
-                mass = std::max({mass, std::fabs(row.Application - 1000 * solute[k].Gained), std::fabs(row.Degradation - 1000 * solute[k].Decay)});
+                mass = std::max({mass, std::fabs(row.Application - 1000 * solute[k].Gained),
+                                 std::fabs(row.Degradation - 1000 * solute[k].Decay)});
                 mass = std::max(mass, std::fabs(row.Diff_Storage - 1000 * (solute[k].Stored - stored)));
                 stored = solute[k].Stored;
             }

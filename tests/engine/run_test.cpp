@@ -62,7 +62,9 @@ TEST(Engine_Run, Tillage_Of_The_Demonstration_Pair_Is_Done_At_The_Depth_Of_The_R
     // Applied on 9 May; on 20 May, day 140, the top 20 cm are mixed, and what moves within that day is little.
     const std::string plot = File_Of(directory.Path(), "plot.orv");
     const auto lines = Split_Lines(plot);
-    const auto value = [&lines](std::size_t day, std::size_t column) { return Val(Columns(lines[10 + day], 11 + 10 * column, 10)); };
+    const auto value = [&lines](std::size_t day, std::size_t column) {
+        return Val(Columns(lines[10 + day], 11 + 10 * column, 10));
+    };
     EXPECT_GT(value(139, 0), 5 * value(139, 1));
     EXPECT_NEAR(value(140, 0), value(140, 1), 0.1 * value(140, 1));
     EXPECT_LT(value(140, 2), 0.2 * value(140, 1));

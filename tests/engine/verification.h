@@ -14,8 +14,10 @@ namespace orvel::engine {
 inline void Verify(int number, const std::string& what, double figure, double expected, double tolerance)
 {
     const bool passed = std::abs(figure - expected) <= tolerance;
-    std::printf("VERIFY\t%d\t%s\t%.12g\t%.12g\t%.3g\t%s\n", number, what.c_str(), figure, expected, tolerance, passed ? "passed" : "FAILED");
-    EXPECT_TRUE(passed) << "case " << number << ", " << what << ": " << figure << " instead of " << expected << " +- " << tolerance;
+    std::printf("VERIFY\t%d\t%s\t%.12g\t%.12g\t%.3g\t%s\n", number, what.c_str(), figure, expected, tolerance,
+                passed ? "passed" : "FAILED");
+    EXPECT_TRUE(passed) << "case " << number << ", " << what << ": " << figure << " instead of " << expected << " +- "
+                        << tolerance;
 }
 
 // The same with a tolerance relative to the expected value.

@@ -3,9 +3,9 @@
 #include "core/files.h"
 #include "core/system/lock.h"
 #include "output/engine_files.h"
+#include "recording_user.h"
 #include "runs/batch.h"
 #include "temporary_directory.h"
-#include "recording_user.h"
 
 #include <algorithm>
 #include <chrono>
@@ -55,11 +55,12 @@ protected:
 
 TEST_F(Utility_Table_Test, The_Batch_File_Copies_The_Series_And_Runs_The_Utility_There)
 {
-    EXPECT_EQ(Format_Utility_Batch(Utility::Month, "/runs/a", "/home/orvel"), "copy  \"/runs/a\\plot.orv\" \"/runs/a\\grw.orv\"\r\n"
-                                                                              "\r\n"
-                                                                              "CD \"/runs/a\"\r\n"
-                                                                              "\"/home/orvel\\wmonth.exe\"\r\n"
-                                                                              "quit\r\n");
+    EXPECT_EQ(Format_Utility_Batch(Utility::Month, "/runs/a", "/home/orvel"),
+              "copy  \"/runs/a\\plot.orv\" \"/runs/a\\grw.orv\"\r\n"
+              "\r\n"
+              "CD \"/runs/a\"\r\n"
+              "\"/home/orvel\\wmonth.exe\"\r\n"
+              "quit\r\n");
 }
 
 TEST_F(Utility_Table_Test, A_Table_Is_Due_While_It_Or_The_Copy_Is_Missing_Or_The_Series_Are_Newer)

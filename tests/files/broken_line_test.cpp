@@ -2,8 +2,8 @@
 #include "files/climate_file.h"
 #include "parsed.h"
 #include "pesticide_example.h"
-#include "scenario_example.h"
 #include "recording_user.h"
+#include "scenario_example.h"
 
 #include <gtest/gtest.h>
 
@@ -54,7 +54,8 @@ TEST(Broken_Line, What_The_Layout_Itself_Changes_Is_Not_Lost)
     EXPECT_EQ(Lost_In_PSM([](auto& d) { d.Sorp_pH[1] = 6; }), Nothing); // a pKa of 20 takes it
     EXPECT_EQ(Lost_In_PSM([](auto& d) { d.PSM_Title = "  blanks around "; }), Nothing);
     EXPECT_EQ(Lost_In_PSM([](auto& d) { d.Met_Present[2] = false; }), Nothing);
-    EXPECT_EQ(Lost_In_SZE([](auto& d) { d.Crops[1].SZE_Rot_Tillage = 0; }), Nothing); // then no date of senescence is read
+    EXPECT_EQ(Lost_In_SZE([](auto& d) { d.Crops[1].SZE_Rot_Tillage = 0; }),
+              Nothing); // then no date of senescence is read
 }
 
 TEST(Broken_Line, Relative_Applications_Share_A_Reference_Point)
@@ -102,7 +103,10 @@ TEST(Broken_Line, Names_A_Title_With_A_Bracket_And_A_Text_With_A_Line_End)
 
 TEST(Broken_Line, Names_A_Climate_Number_Wider_Than_Ten_Characters)
 {
-    Climate_Table table{"T", {{.Cli_Day = "00"}, {.Cli_Day = "01", .Cli_Month = "01", .Cli_Year = "81", .Cli_Temp_14 = -9.99999999, .Cli_Temp_Mean = -1.5}}};
+    Climate_Table table{
+        "T",
+        {{.Cli_Day = "00"},
+         {.Cli_Day = "01", .Cli_Month = "01", .Cli_Year = "81", .Cli_Temp_14 = -9.99999999, .Cli_Temp_Mean = -1.5}}};
 
     EXPECT_EQ(Broken_By_Layout(table), "Temperature at 14.00 of day 1");
 }

@@ -17,20 +17,25 @@ constexpr std::string_view Example =
 
 Climate_Table Example_Table()
 {
-    return {
-        "Demo climate ",
-        {{.Cli_Day = "02",
-          .Cli_Month = "01",
-          .Cli_Year = "81",
-          .Cli_Rain = 1.25,
-          .Cli_Evap = 0.15,
-          .Cli_Temp_14 = 18.5,
-          .Cli_Temp_Mean = 14.25,
-          .Cli_Temp_Diff = 6,
-          .Cli_Rel_Hum = 78.5,
-          .Cli_Radiation = 15230,
-          .Cli_Hour = "12"},
-         {.Cli_Day = "03", .Cli_Month = "01", .Cli_Year = "81", .Cli_Temp_14 = -2.5, .Cli_Temp_Mean = -4.75, .Cli_Rel_Hum = 100, .Cli_Radiation = -99999.9}}};
+    return {"Demo climate ",
+            {{.Cli_Day = "02",
+              .Cli_Month = "01",
+              .Cli_Year = "81",
+              .Cli_Rain = 1.25,
+              .Cli_Evap = 0.15,
+              .Cli_Temp_14 = 18.5,
+              .Cli_Temp_Mean = 14.25,
+              .Cli_Temp_Diff = 6,
+              .Cli_Rel_Hum = 78.5,
+              .Cli_Radiation = 15230,
+              .Cli_Hour = "12"},
+             {.Cli_Day = "03",
+              .Cli_Month = "01",
+              .Cli_Year = "81",
+              .Cli_Temp_14 = -2.5,
+              .Cli_Temp_Mean = -4.75,
+              .Cli_Rel_Hum = 100,
+              .Cli_Radiation = -99999.9}}};
 }
 
 std::string Days(int count)
@@ -71,7 +76,8 @@ TEST(Climate_File, Writes_The_Hour_Behind_Six_Blanks_With_Those_It_Already_Has)
 {
     const auto again = Format_CLI(Parse_CLI(Example));
 
-    EXPECT_EQ(Line_Of(again, 2), " 0201811.2500000 0.1500000 18.5000   14.2500   6.0000000 78.5000   15230.0               12");
+    EXPECT_EQ(Line_Of(again, 2),
+              " 0201811.2500000 0.1500000 18.5000   14.2500   6.0000000 78.5000   15230.0               12");
 }
 
 TEST(Climate_File, Takes_An_Hour_Only_From_A_Line_Longer_Than_78_Characters)
@@ -117,7 +123,11 @@ TEST(Climate_File, A_Short_Line_Is_No_Error_And_Its_Date_Is_Filled_With_Blanks)
 TEST(Climate_File, Leaves_Out_Rows_Whose_Day_Is_Blank_Or_Zero)
 {
     Climate_Table table{"T",
-                        {{.Cli_Day = "  "}, {.Cli_Day = "0 "}, {.Cli_Day = "00"}, {.Cli_Day = "01", .Cli_Month = "02", .Cli_Year = "03"}, {.Cli_Day = ""}}};
+                        {{.Cli_Day = "  "},
+                         {.Cli_Day = "0 "},
+                         {.Cli_Day = "00"},
+                         {.Cli_Day = "01", .Cli_Month = "02", .Cli_Year = "03"},
+                         {.Cli_Day = ""}}};
 
     const auto text = Format_CLI(table);
 
@@ -127,7 +137,9 @@ TEST(Climate_File, Leaves_Out_Rows_Whose_Day_Is_Blank_Or_Zero)
 
 TEST(Climate_File, Fills_A_Date_Of_One_Character_So_That_The_Columns_Stand)
 {
-    EXPECT_EQ(Line_Of(Format_CLI({"T", {{.Cli_Day = "1", .Cli_Month = "234", .Cli_Year = "", .Cli_Rain = 1}}}), 2).substr(0, 16), " 1 23  1.0000000");
+    EXPECT_EQ(Line_Of(Format_CLI({"T", {{.Cli_Day = "1", .Cli_Month = "234", .Cli_Year = "", .Cli_Rain = 1}}}), 2)
+                  .substr(0, 16),
+              " 1 23  1.0000000");
 }
 
 TEST(Climate_File, Is_Never_Cut_But_Refused_Beyond_Its_Bound)
@@ -139,7 +151,12 @@ TEST(Climate_File, Is_Never_Cut_But_Refused_Beyond_Its_Bound)
 
 TEST(Climate_Grid, Shows_Rain_And_Evaporation_With_Two_Decimals_And_The_Rest_With_One)
 {
-    const Climate_Row row{.Cli_Rain = 1.255, .Cli_Evap = 0.005, .Cli_Temp_14 = 18.25, .Cli_Temp_Mean = -0.05, .Cli_Temp_Diff = 6, .Cli_Rel_Hum = 99.96};
+    const Climate_Row row{.Cli_Rain = 1.255,
+                          .Cli_Evap = 0.005,
+                          .Cli_Temp_14 = 18.25,
+                          .Cli_Temp_Mean = -0.05,
+                          .Cli_Temp_Diff = 6,
+                          .Cli_Rel_Hum = 99.96};
 
     EXPECT_EQ(Cell_Text(row, Climate_Columns[0]), "1.26");
     EXPECT_EQ(Cell_Text(row, Climate_Columns[1]), "0.01");

@@ -2,9 +2,9 @@
 #include "files/climate_file.h"
 #include "parsed.h"
 #include "pesticide_example.h"
+#include "recording_user.h"
 #include "scenario_example.h"
 #include "temporary_directory.h"
-#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -29,7 +29,9 @@ protected:
 };
 
 const Message Not_Demo{"Readin check", "demo.psm is not a ORVEL 4.01 PSM file"};
-const Message Protected{"Saving Input File", "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes."};
+const Message Protected{
+    "Saving Input File",
+    "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes."};
 
 } // namespace
 
@@ -71,7 +73,8 @@ TEST_F(Document_Files, A_Bad_Pesticide_File_Gives_The_Box_And_Nothing_Else)
     std::string binary(5000, '\0');
     for (std::size_t i = 0; i < binary.size(); ++i)
         binary[i] = static_cast<char>(i * 7);
-    for (const auto& bytes : {std::string(), std::string("\n"), Example_File().substr(0, 1000), binary, std::string(1 << 20, '\n')}) {
+    for (const auto& bytes :
+         {std::string(), std::string("\n"), Example_File().substr(0, 1000), binary, std::string(1 << 20, '\n')}) {
         The_User.Messages.clear();
         const auto file = File("demo.psm", bytes);
 
@@ -125,7 +128,8 @@ TEST_F(Document_Files, A_Climate_File_Beyond_Its_Bound_Is_Refused_And_The_Table_
 
     EXPECT_FALSE(Read_CLI(*The_Session, file));
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Readin check", "long.cli: The file has more than 25000 days."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Readin check", "long.cli: The file has more than 25000 days."})});
     EXPECT_EQ(The_Session->Climate.Cli_Title, "before");
 }
 

@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-// A pesticide document as a user would have made it, and its file written out by the layout. One soil horizon, one application at the first
-// location, A1 formed from the active substance.
+// A pesticide document as a user would have made it, and its file written out by the layout. One soil horizon, one
+// application at the first location, A1 formed from the active substance.
 
 inline std::unique_ptr<Pesticide_Document> Example_Document()
 {
@@ -29,8 +29,14 @@ inline std::unique_ptr<Pesticide_Document> Example_Document()
     d.App_Count[0] = 0;
     d.App_Count[1] = 1;
     d.App_Location[1] = "Hamburg (H)";
-    d.Applications[1][1] = {
-        .App_Day = 5, .App_Month = 11, .App_Year = 1, .App_Rate = 0.75, .App_Depth = 2, .App_Frpex = 90, .App_Time = 0.25, .App_Crop_Flag = 12};
+    d.Applications[1][1] = {.App_Day = 5,
+                            .App_Month = 11,
+                            .App_Year = 1,
+                            .App_Rate = 0.75,
+                            .App_Depth = 2,
+                            .App_Frpex = 90,
+                            .App_Time = 0.25,
+                            .App_Crop_Flag = 12};
     d.Henry_Flag = 1;
     d.Molmass[1] = 300;
     d.Henry = {0, 0};
@@ -147,8 +153,8 @@ constexpr std::string_view Example_End = "<END PSM>\r\n";
 inline std::string Example_File()
 {
     std::string text;
-    for (const auto part :
-         {Example_Head, Example_Applications, Example_Method, Example_Volatilisation, Example_Degradation, Example_Sorption, Example_A1, Example_End})
+    for (const auto part : {Example_Head, Example_Applications, Example_Method, Example_Volatilisation,
+                            Example_Degradation, Example_Sorption, Example_A1, Example_End})
         text += part;
     return text;
 }

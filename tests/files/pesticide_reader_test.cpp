@@ -10,7 +10,8 @@ namespace {
 
 constexpr std::string_view Comment = "Demo compound     <Alpha>";
 constexpr std::string_view Depth_Mode_Line =
-    " 5                 <0 = degradation according to degradation factors, 1 = constant with depth,2 individual,3 = degradation "
+    " 5                 <0 = degradation according to degradation factors, 1 = constant with depth,2 individual,3 = "
+    "degradation "
     "according to degradation factors, 4 = constant with depth,5 individual, >2 deg in liquid phase only)\r\n";
 
 std::string With_Comment(std::string_view comment)
@@ -27,15 +28,17 @@ std::string Name_Read_From(std::string_view comment)
 std::string Without_Temperature()
 {
     auto text = With(Example_File(), "  Hv        Temperature>", ">");
-    text = With(text, "0.00E+00     100    300   1.00E-05     0.05    0.1    98400    20 \r\n", "3.50E-02     100    300   1.00E-05     0.05    0.1 \r\n");
+    text = With(text, "0.00E+00     100    300   1.00E-05     0.05    0.1    98400    20 \r\n",
+                "3.50E-02     100    300   1.00E-05     0.05    0.1 \r\n");
     return With(text, "0.00E+00     200    300   4.00E-05     0.05    0.1    98400    30 \r\n", "");
 }
 
 // The still older form: neither a depth mode nor photodegradation.
 std::string Without_Depth_Mode()
 {
-    return With(With(Example_File(), Depth_Mode_Line, ""),
-                "<PHOTODEGRADATION>\r\n<rate 1/n>  <I_Ref W/m\xB2>\r\n 0   500  0   500  0   500  0   500  0   500 \r\n", "");
+    return With(
+        With(Example_File(), Depth_Mode_Line, ""),
+        "<PHOTODEGRADATION>\r\n<rate 1/n>  <I_Ref W/m\xB2>\r\n 0   500  0   500  0   500  0   500  0   500 \r\n", "");
 }
 
 } // namespace
@@ -87,7 +90,8 @@ TEST(Pesticide_Reader, Reads_Lines_That_End_In_LF_Alone)
 TEST(Pesticide_Reader, Does_Not_Depend_On_Tags_Or_Columns)
 {
     auto text = With(Example_File(), "<END PLANT UPTAKE>", "anything");
-    text = With(text, "05  11  01   0.75    2    90    0.25    12   <day month year app_rate app_depth frpex time>", "5 11 1 .75 2 90 0.25 12");
+    text = With(text, "05  11  01   0.75    2    90    0.25    12   <day month year app_rate app_depth frpex time>",
+                "5 11 1 .75 2 90 0.25 12");
 
     EXPECT_EQ(Format_PSM(*Parsed_PSM(text)), Example_File());
 }
@@ -150,7 +154,8 @@ TEST(Pesticide_Reader, Reads_A_File_Without_Depth_Mode_And_Photodegradation)
 TEST(Pesticide_Reader, Reads_A_Metabolite_Without_Depth_Mode)
 {
     const auto section = Example_A1.find(" 0                 <0 = ");
-    const auto a1 = std::string(Example_A1.substr(0, section)) + std::string(Example_A1.substr(Example_A1.find("\r\n", section) + 2));
+    const auto a1 = std::string(Example_A1.substr(0, section)) +
+                    std::string(Example_A1.substr(Example_A1.find("\r\n", section) + 2));
 
     const auto document = Parsed_PSM(With(Example_File(), Example_A1, a1));
 
@@ -160,7 +165,9 @@ TEST(Pesticide_Reader, Reads_A_Metabolite_Without_Depth_Mode)
 
 TEST(Pesticide_Reader, Reads_A_Depth_Mode_Without_Photodegradation)
 {
-    const auto text = With(Example_File(), "<PHOTODEGRADATION>\r\n<rate 1/n>  <I_Ref W/m\xB2>\r\n 0   500  0   500  0   500  0   500  0   500 \r\n", "");
+    const auto text = With(
+        Example_File(),
+        "<PHOTODEGRADATION>\r\n<rate 1/n>  <I_Ref W/m\xB2>\r\n 0   500  0   500  0   500  0   500  0   500 \r\n", "");
 
     EXPECT_EQ(Format_PSM(*Parsed_PSM(text)), Example_File());
 }
@@ -180,7 +187,8 @@ TEST(Pesticide_Reader, Splits_The_Depth_Mode_Into_Mode_And_Liquid_Flag)
         std::string_view Text;
         int Mode, Liquid;
     };
-    for (const auto& [text, mode, liquid] : {Case{" 0 ", 0, 0}, Case{" 2 ", 2, 0}, Case{" 3 ", 0, 1}, Case{" 4 ", 1, 1}}) {
+    for (const auto& [text, mode, liquid] :
+         {Case{" 0 ", 0, 0}, Case{" 2 ", 2, 0}, Case{" 3 ", 0, 1}, Case{" 4 ", 1, 1}}) {
         const auto document = Parsed_PSM(With(Example_File(), " 5                 <0 =", std::string(text) + "<0 ="));
         EXPECT_EQ(document->Deg_Depth_Mode[1], mode) << text;
         EXPECT_EQ(document->Deg_Liquid_Only[1], liquid) << text;
@@ -189,9 +197,10 @@ TEST(Pesticide_Reader, Splits_The_Depth_Mode_Into_Mode_And_Liquid_Flag)
 
 TEST(Pesticide_Reader, Repairs_A_Change_Of_0_And_A_Second_pH_Of_0)
 {
-    const auto text =
-        With(Example_File(), " 0.01             0      0     1    -99    -99     0     0 ", " 0.01             0      0     0    -99    0     0     0 ");
-    const auto document = Parsed_PSM(With(text, " 0.01             0      0     1     60     9     0     0 ", " 0.01 0 0 0 60"));
+    const auto text = With(Example_File(), " 0.01             0      0     1    -99    -99     0     0 ",
+                           " 0.01             0      0     0    -99    0     0     0 ");
+    const auto document =
+        Parsed_PSM(With(text, " 0.01             0      0     1     60     9     0     0 ", " 0.01 0 0 0 60"));
 
     EXPECT_EQ(document->Koc_Change[1], 1);
     EXPECT_EQ(document->Sorp_pH2[1], Variant(-99));
@@ -215,7 +224,8 @@ TEST(Pesticide_Reader, Reads_Tokens_Missing_At_A_Lines_End_As_0_And_Not_As_The_D
 TEST(Pesticide_Reader, Takes_The_Filtration_Parameter_With_The_Exponential_Method_Alone)
 {
     const auto foliar = [](std::string_view number) {
-        return Parsed_PSM(With(Example_File(), Example_Method, std::string(number) + " <method>\r\n 1  2  3  4  5  6  7 \r\n<END APPLICATION>\r\n"));
+        return Parsed_PSM(With(Example_File(), Example_Method,
+                               std::string(number) + " <method>\r\n 1  2  3  4  5  6  7 \r\n<END APPLICATION>\r\n"));
     };
 
     const auto linear = foliar("2");
@@ -262,8 +272,9 @@ TEST(Pesticide_Reader, A_Formed_Metabolite_Without_A_Section_Is_Written_With_Def
     Update_Pathway(*document);
     const auto text = Format_PSM(*document);
     EXPECT_EQ(Line_Behind(text, "METABOLITE A1"), "<END COMMENT>");
-    EXPECT_EQ(Line_Behind(text.substr(text.find("METABOLITE A1")), "<Koc-value"),
-              " 0.7         0.9        -99          20          0.01             0      0     1    -99    -99     0     0 ");
+    EXPECT_EQ(
+        Line_Behind(text.substr(text.find("METABOLITE A1")), "<Koc-value"),
+        " 0.7         0.9        -99          20          0.01             0      0     1    -99    -99     0     0 ");
 }
 
 TEST(Pesticide_Reader, Keeps_Nothing_Of_The_Document_Before)
@@ -310,7 +321,10 @@ TEST(Pesticide_Reader, Refuses_Counts_Beyond_The_Arrays_With_All_Their_Lines_Pre
     EXPECT_THROW(Parsed_PSM(file(" 11    0    1 \r\n" + locations)), File_Error);
     EXPECT_THROW(Parsed_PSM(file(" 1    0    1 \r\n522 \r\n" + applications)), File_Error);
     EXPECT_NO_THROW(Parsed_PSM(file(" 10    0    1 \r\n" + locations.substr(0, 10 * locations.size() / 11))));
-    EXPECT_EQ(Parsed_PSM(file(" 1    0    1 \r\n521 \r\n" + applications.substr(0, 521 * applications.size() / 522)))->Applications[0][521].App_Rate, 1);
+    EXPECT_EQ(Parsed_PSM(file(" 1    0    1 \r\n521 \r\n" + applications.substr(0, 521 * applications.size() / 522)))
+                  ->Applications[0][521]
+                  .App_Rate,
+              1);
     EXPECT_THROW(Parsed_PSM(file("-1    0    1 \r\n")), File_Error);
 }
 

@@ -8,7 +8,8 @@ namespace orvel {
 namespace {
 
 constexpr std::string_view Horizons_Tag = "<DEPTH DEPENDENT SORPTION AND TRANSFORMATION VALUES>";
-constexpr std::string_view Plant_Labels = "<plant decay rate;washoff parameter;penetration;photdegradation;reference radiation;laminar layer>";
+constexpr std::string_view Plant_Labels =
+    "<plant decay rate;washoff parameter;penetration;photdegradation;reference radiation;laminar layer>";
 
 std::string Plant_Line_Of(double method)
 {
@@ -46,7 +47,8 @@ TEST(Pesticide_Writer, Writes_No_Plant_Line_For_Soil_Applications)
 
 TEST(Pesticide_Writer, Writes_The_Plant_Line_Of_A_Linear_Or_Manual_Method_In_Print_Zones)
 {
-    // " 0.0693 ", 2 blanks, " 0.5 ", then " 0.0693 ", 2, " 0 ", 2, " 500 ", 2, " 0.03 ", 2 are 45 characters: the next zone begins at 57.
+    // " 0.0693 ", 2 blanks, " 0.5 ", then " 0.0693 ", 2, " 0 ", 2, " 500 ", 2, " 0.03 ", 2 are 45 characters: the next
+    // zone begins at 57.
     const std::string values = " 0.0693    0.5  0.0693    0    500    0.03   ";
     ASSERT_EQ(values.size(), 45U);
 
@@ -56,7 +58,8 @@ TEST(Pesticide_Writer, Writes_The_Plant_Line_Of_A_Linear_Or_Manual_Method_In_Pri
 
 TEST(Pesticide_Writer, Writes_The_Filtration_Parameter_For_The_Exponential_Method_Alone)
 {
-    EXPECT_EQ(Plant_Line_Of(3), " 0.0693    0.5     2    0.0693    0    500    0.03     <plant decay rate;washoff parameter;filtration parameter;penetration;"
+    EXPECT_EQ(Plant_Line_Of(3), " 0.0693    0.5     2    0.0693    0    500    0.03     <plant decay rate;washoff "
+                                "parameter;filtration parameter;penetration;"
                                 "photdegradation;reference radiation;laminar layer>");
 }
 
@@ -83,15 +86,18 @@ TEST(Pesticide_Writer, Writes_The_First_Reference_Point_In_All_Lines_Of_Relative
     document->App_Loc_Count = 1;
     document->App_Count[0] = 10;
     for (std::int16_t a = 1; a <= 10; ++a)
-        document->Relative[static_cast<std::size_t>(a)] = {.Abs9_Day = a, .Abs9_Month = static_cast<std::int16_t>(a % 6), .Abs9_Year = 2, .Abs9_Rate = 1.5};
+        document->Relative[static_cast<std::size_t>(a)] = {
+            .Abs9_Day = a, .Abs9_Month = static_cast<std::int16_t>(a % 6), .Abs9_Year = 2, .Abs9_Rate = 1.5};
     document->Applications[0][10].App_Crop_Flag = 6;
 
     const auto text = Format_PSM(*document);
     const auto read = Parsed_PSM(text);
 
     EXPECT_EQ(Line_Of(text, 8), " 1    0    9    <number of locations absolute app/relative app>");
-    EXPECT_EQ(Line_Of(text, 10), "01  01  02   1.5    0    0    0    0   <day month year app_rate app_depth frpex time>");
-    EXPECT_EQ(Line_Of(text, 19), "10  01  02   1.5    0    0    0    6   <day month year app_rate app_depth frpex time>");
+    EXPECT_EQ(Line_Of(text, 10),
+              "01  01  02   1.5    0    0    0    0   <day month year app_rate app_depth frpex time>");
+    EXPECT_EQ(Line_Of(text, 19),
+              "10  01  02   1.5    0    0    0    6   <day month year app_rate app_depth frpex time>");
     for (std::size_t a = 1; a <= 10; ++a)
         EXPECT_EQ(read->Relative[a].Abs9_Month, 1);
     EXPECT_EQ(read->Relative[10].Abs9_Day, 10);
@@ -112,7 +118,9 @@ TEST(Pesticide_Writer, A_pKa_Of_20_Takes_The_Second_Point_Out_Of_File_And_Docume
     EXPECT_EQ(document->Sorp_pH[1], Variant(-99));
     EXPECT_EQ(document->Sorp_pH2[1], Variant(-99));
     EXPECT_EQ(document->Koc2[2], Variant(60)); // A1 has a pKa of 4.5
-    EXPECT_EQ(Line_Behind(text, "<Koc-value"), " 120.5       0.9        -99         20           0.01             0      0     1    -99    -99     0     0 ");
+    EXPECT_EQ(
+        Line_Behind(text, "<Koc-value"),
+        " 120.5       0.9        -99         20           0.01             0      0     1    -99    -99     0     0 ");
 }
 
 TEST(Pesticide_Writer, Clears_The_Henry_Flag_Without_A_Solubility)
@@ -138,7 +146,8 @@ TEST(Pesticide_Writer, Prints_A_Typed_Field_As_It_Was_Typed_Without_Blanks)
     const auto text = Format_PSM(*document);
 
     EXPECT_EQ(Line_Behind(text, "<Koc-value").substr(0, 28), "120.50      .9          -99 ");
-    EXPECT_EQ(Line_Behind(text, "0.0231049 "), "0.0500000    20          2.58        0           100         0.7       0        <Met B1>");
+    EXPECT_EQ(Line_Behind(text, "0.0231049 "),
+              "0.0500000    20          2.58        0           100         0.7       0        <Met B1>");
 }
 
 TEST(Pesticide_Writer, A_Value_Wider_Than_Its_Column_Breaks_The_Line)
@@ -164,7 +173,8 @@ TEST(Pesticide_Writer, Writes_Metabolites_Of_The_Second_Generation_With_Two_Rows
     const auto section = text.substr(text.find("METABOLITE D2"));
 
     EXPECT_EQ(Line_Of(section, 1), "METABOLITE D2     Metabolite D2");
-    EXPECT_EQ(Line_Of(section, 14), "0.00E+00     20          2.58        0           100         0.7       0        <BR/CO2>");
+    EXPECT_EQ(Line_Of(section, 14),
+              "0.00E+00     20          2.58        0           100         0.7       0        <BR/CO2>");
     EXPECT_EQ(Line_Of(section, 15), Line_Of(section, 14));
     EXPECT_EQ(Line_Of(section, 16).substr(0, 24), " 0                 <0 = ");
     EXPECT_EQ(Line_Behind(section, Horizons_Tag), "<Kd          Fr.exp.     BR/CO2   BR/CO2 >");
@@ -178,7 +188,9 @@ TEST(Pesticide_Writer, Labels_The_Rows_Of_Every_Metabolite_By_Where_They_Lead)
     document->Met_Present.fill(true);
 
     const auto text = Format_PSM(*document);
-    const auto header = [&](const std::string& name) { return Line_Behind(text.substr(text.find("METABOLITE " + name)), Horizons_Tag); };
+    const auto header = [&](const std::string& name) {
+        return Line_Behind(text.substr(text.find("METABOLITE " + name)), Horizons_Tag);
+    };
 
     EXPECT_EQ(header("A1"), "<Kd          Fr.exp.     Met B1   Met A2   Met B2   BR/CO2 >");
     EXPECT_EQ(header("B1"), "<Kd          Fr.exp.     Met C1   Met B2   Met C2   BR/CO2 >");

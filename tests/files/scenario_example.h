@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-// A scenario document as a user would have made it, and its file written out by the layout: erosion, two crops of which the second has
-// tillage, two rotation rows, two horizons with values for a pedotransfer function.
+// A scenario document as a user would have made it, and its file written out by the layout: erosion, two crops of which
+// the second has tillage, two rotation rows, two horizons with values for a pedotransfer function.
 
 inline Scenario_Document Example_Scenario()
 {
@@ -48,7 +48,8 @@ inline Scenario_Document Example_Scenario()
                 .SZE_Rot_Kc_Mid = 1.05,
                 .SZE_Rot_Kc_Late = 0.75}};
     d.SZE_Rot_Count = 2;
-    d.Rotation = {{12, 4, 1, 3, 6, 1, 9, 8, 1, 1, 20, 7, 1, 11, 4, 1}, {1, 10, 1, 15, 5, 2, 1, 8, 2, 2, 2, 7, 2, 15, 9, 1}};
+    d.Rotation = {{12, 4, 1, 3, 6, 1, 9, 8, 1, 1, 20, 7, 1, 11, 4, 1},
+                  {1, 10, 1, 15, 5, 2, 1, 8, 2, 2, 2, 7, 2, 15, 9, 1}};
     d.SZE_Layers = 40;
     d.SZE_Dispersion_Flag = 1;
     d.SZE_Field_4216 = 0;
@@ -113,7 +114,8 @@ constexpr std::string_view Scenario_Output =
     "   52.5 \r\n";
 // clang-format on
 
-inline std::string Scenario_File(std::string_view marker = "ORVEL400TILLAGE", std::string_view rotation = Scenario_Rotation)
+inline std::string Scenario_File(std::string_view marker = "ORVEL400TILLAGE",
+                                 std::string_view rotation = Scenario_Rotation)
 {
     std::string text(Scenario_Head);
     text += Scenario_Line_2;

@@ -13,7 +13,8 @@ constexpr std::string_view Crop_With_Tillage = "    0.1    0.3    0.4    0.5    
 // The older form: crop rows end with the dry mass, rotation rows with the crop.
 std::string Old_Form(std::string_view marker)
 {
-    auto text = Scenario_File(marker, "    2 \r\n  120401  030601  090801      01\r\n  011001  150502  010802      02\r\n");
+    auto text =
+        Scenario_File(marker, "    2 \r\n  120401  030601  090801      01\r\n  011001  150502  010802      02\r\n");
     text = With(text, "    0.2    0.2    0.2    0.2    1    0    0    1    1 \r\n", "\r\n");
     return With(text, Crop_With_Tillage, "\r\n");
 }
@@ -33,9 +34,12 @@ TEST(Scenario_Writer, Writes_No_Date_Of_Tillage_And_The_Other_Marker_Without_A_C
     auto document = Example_Scenario();
     document.Crops[1].SZE_Rot_Tillage = 0;
 
-    EXPECT_EQ(Format_SZE(document),
-              With(Scenario_File("ORVEL401", "    2 \r\n  120401  030601  090801      01  200701\r\n  011001  150502  010802      02  020702\r\n"),
-                   Crop_With_Tillage, Crop_Without_Tillage));
+    EXPECT_EQ(
+        Format_SZE(document),
+        With(Scenario_File(
+                 "ORVEL401",
+                 "    2 \r\n  120401  030601  090801      01  200701\r\n  011001  150502  010802      02  020702\r\n"),
+             Crop_With_Tillage, Crop_Without_Tillage));
 }
 
 TEST(Scenario_Writer, Sums_Tillage_Over_As_Many_Crop_Rows_As_There_Are_Rotation_Rows)
@@ -120,7 +124,8 @@ TEST(Scenario_Writer, An_Empty_Frequency_Becomes_Daily_With_Its_Leading_Blank)
 
     const auto text = Format_SZE(document);
 
-    EXPECT_NE(text.find("    WATR     DAY    0001    PEST    MNTH    0001    CONC     DAY    0010\r\n"), std::string::npos);
+    EXPECT_NE(text.find("    WATR     DAY    0001    PEST    MNTH    0001    CONC     DAY    0010\r\n"),
+              std::string::npos);
     EXPECT_EQ(document.SZE_Freq_Water, Variant::Verbatim(" DAY"));
     EXPECT_EQ(document.SZE_Freq_Solute, Variant("MNTH"));
     EXPECT_EQ(Format_SZE(document), text); // the blank is kept as long as the document is open
@@ -128,8 +133,9 @@ TEST(Scenario_Writer, An_Empty_Frequency_Becomes_Daily_With_Its_Leading_Blank)
 
 TEST(Scenario_Writer, Refuses_Counts_Beyond_What_The_Document_Holds)
 {
-    for (const auto change : {+[](Scenario_Document& d) { d.SZE_Crop_Count = 3; }, +[](Scenario_Document& d) { d.SZE_Rot_Count = 3; },
-                              +[](Scenario_Document& d) { d.SZE_Horizons = 3; }, +[](Scenario_Document& d) { d.SZE_Rot_Count = -1; }}) {
+    for (const auto change :
+         {+[](Scenario_Document& d) { d.SZE_Crop_Count = 3; }, +[](Scenario_Document& d) { d.SZE_Rot_Count = 3; },
+          +[](Scenario_Document& d) { d.SZE_Horizons = 3; }, +[](Scenario_Document& d) { d.SZE_Rot_Count = -1; }}) {
         auto document = Example_Scenario();
         change(document);
         EXPECT_THROW(Format_SZE(document), File_Error);
@@ -220,7 +226,8 @@ TEST(Scenario_Reader, Reads_The_Older_Form_With_The_Defaults_Of_The_Extended_Fie
 TEST(Scenario_Reader, Takes_A_Dispersion_Flag_With_A_Fraction_As_0)
 {
     const auto flag = [](std::string_view text) {
-        return Parsed_SZE(With(Scenario_File(), " 100    1 ", " 100    " + std::string(text) + " ")).SZE_Dispersion_Flag;
+        return Parsed_SZE(With(Scenario_File(), " 100    1 ", " 100    " + std::string(text) + " "))
+            .SZE_Dispersion_Flag;
     };
 
     EXPECT_EQ(flag("1"), 1);
@@ -239,7 +246,8 @@ TEST(Scenario_Reader, Takes_Runoff_From_The_Water_Flag)
 TEST(Scenario_Reader, Drops_The_Tags_Of_The_Output_Line)
 {
     const auto document =
-        Parsed_SZE(With(Scenario_File(), "    WATR     DAY    0001    PEST    MNTH    0001    CONC    MNTH    0010", "x YEAR 3 y MNTH 4 z DAY 5"));
+        Parsed_SZE(With(Scenario_File(), "    WATR     DAY    0001    PEST    MNTH    0001    CONC    MNTH    0010",
+                        "x YEAR 3 y MNTH 4 z DAY 5"));
 
     EXPECT_EQ(document.SZE_Freq_Water, Variant("YEAR"));
     EXPECT_EQ(document.SZE_Out_Every_Solute, Variant(4));
@@ -261,7 +269,9 @@ TEST(Scenario_Reader, Refuses_A_File_Cut_Behind_Any_Line_And_Keeps_What_It_Has_R
 
 TEST(Scenario_Reader, Refuses_Counts_Below_0_Or_Without_Their_Lines)
 {
-    const auto count = [](std::string_view before, std::string_view text) { return With(Scenario_File(), before, text); };
+    const auto count = [](std::string_view before, std::string_view text) {
+        return With(Scenario_File(), before, text);
+    };
 
     EXPECT_THROW(Parsed_SZE(count("    2 \r\n  12", "   -1 \r\n  12")), File_Error);
     EXPECT_THROW(Parsed_SZE(count("    2 \r\n  12", "    32767 \r\n  12")), File_Error);

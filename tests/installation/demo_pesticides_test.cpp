@@ -62,8 +62,10 @@ TEST(Demo_Pesticide_Files, Are_Read_Back_As_They_Were_Meant)
 
 TEST(Demo_Pesticide_Files, Say_That_They_Are_No_Products)
 {
-    EXPECT_EQ(Document("demo_A.psm").PSM_Title, "Demonstration substance A, not a product - demonstration data, not for regulatory use");
-    EXPECT_EQ(Document("demo_D3.psm").PSM_Title, "Demonstration substance D, not a product - demonstration data, not for regulatory use");
+    EXPECT_EQ(Document("demo_A.psm").PSM_Title,
+              "Demonstration substance A, not a product - demonstration data, not for regulatory use");
+    EXPECT_EQ(Document("demo_D3.psm").PSM_Title,
+              "Demonstration substance D, not a product - demonstration data, not for regulatory use");
 }
 
 TEST(Demo_Pesticide_Files, Rates_Are_Those_Of_The_Half_Lives)
@@ -80,7 +82,8 @@ TEST(Demo_Pesticide_Files, C_Alone_Has_A_Metabolite)
 {
     for (const auto& pesticide : Pesticides) {
         const auto& present = pesticide.Document.Met_Present;
-        EXPECT_EQ(std::count(present.begin() + 1, present.end(), true), pesticide.Name == "demo_C.psm" ? 2 : 1) << pesticide.Name;
+        EXPECT_EQ(std::count(present.begin() + 1, present.end(), true), pesticide.Name == "demo_C.psm" ? 2 : 1)
+            << pesticide.Name;
     }
     const auto& c = Document("demo_C.psm");
     EXPECT_TRUE(c.Met_Present[2]);
@@ -98,7 +101,8 @@ TEST(Demo_Pesticide_Files, A_Is_Applied_The_Day_Before_The_First_Emergence_Of_Ev
     EXPECT_EQ(a.App_Loc_Count, 1);
     EXPECT_EQ(a.App_Count[0].Number(), 26);
     for (std::int16_t year = 1; year <= 26; ++year)
-        EXPECT_EQ(a.Relative[static_cast<std::size_t>(year)], (Relative_Application{.Abs9_Day = -1, .Abs9_Month = 0, .Abs9_Year = year, .Abs9_Rate = 1}));
+        EXPECT_EQ(a.Relative[static_cast<std::size_t>(year)],
+                  (Relative_Application{.Abs9_Day = -1, .Abs9_Month = 0, .Abs9_Year = year, .Abs9_Rate = 1}));
 }
 
 TEST(Demo_Pesticide_Files, B_Is_Sprayed_On_The_Crop_On_15_May_At_Nine_Locations)
@@ -113,7 +117,8 @@ TEST(Demo_Pesticide_Files, B_Is_Sprayed_On_The_Crop_On_15_May_At_Nine_Locations)
     EXPECT_EQ(b.App_Location[9], "Thiva (T)");
     for (std::size_t block = 0; block < 10; ++block) {
         EXPECT_EQ(b.App_Count[block].Number(), 26);
-        EXPECT_EQ(b.Applications[block][26], (Application{.App_Day = 15, .App_Month = 5, .App_Year = 26, .App_Rate = 1}));
+        EXPECT_EQ(b.Applications[block][26],
+                  (Application{.App_Day = 15, .App_Month = 5, .App_Year = 26, .App_Rate = 1}));
     }
 }
 

@@ -24,7 +24,8 @@ const Scenario_Document& Document(const std::vector<Demo_Scenario>& scenarios, s
     return found->Document;
 }
 
-// What a reader makes of the rows of a file without tillage dates: senescence at harvest, tillage the day before emergence.
+// What a reader makes of the rows of a file without tillage dates: senescence at harvest, tillage the day before
+// emergence.
 void Derive_Dates(Scenario_Document& document)
 {
     for (auto& row : document.Rotation) {
@@ -78,8 +79,10 @@ TEST(Demo_Scenarios, Are_Read_Back_As_They_Were_Meant)
 
 TEST(Demo_Scenarios, Titles_Carry_The_Scenario_Version_And_The_Warning)
 {
-    EXPECT_EQ(Document(Leaching, "C_apples.sze").SZE_Title, "DEM 1 Ch\xE2teaudun - Apples - demonstration data, not for regulatory use");
-    EXPECT_EQ(Document(Zones, "T_N_wcerea.sze").SZE_Title, "DEM 1 Total content - North - Winter cereals - demonstration data, not for regulatory use");
+    EXPECT_EQ(Document(Leaching, "C_apples.sze").SZE_Title,
+              "DEM 1 Ch\xE2teaudun - Apples - demonstration data, not for regulatory use");
+    EXPECT_EQ(Document(Zones, "T_N_wcerea.sze").SZE_Title,
+              "DEM 1 Total content - North - Winter cereals - demonstration data, not for regulatory use");
     for (const auto* scenarios : {&Leaching, &Content, &Zones}) {
         for (const auto& scenario : *scenarios)
             EXPECT_EQ(Columns(scenario.Document.SZE_Title, 4, 2), " 1") << scenario.Name;
@@ -167,7 +170,9 @@ TEST(Demo_Scenarios, Maize_At_Okehampton_Is_The_Example_Of_Erosion)
     EXPECT_EQ(document.SZE_Eros_5, 6);
     EXPECT_EQ(document.SZE_Runoff_Depth, 2);
     EXPECT_EQ(document.Crops[0].SZE_Rot_USLE2.Number(), 0.4);
-    EXPECT_EQ(std::ranges::count_if(Leaching, [](const Demo_Scenario& scenario) { return scenario.Document.SZE_Erosion != 0; }), 1);
+    EXPECT_EQ(std::ranges::count_if(Leaching,
+                                    [](const Demo_Scenario& scenario) { return scenario.Document.SZE_Erosion != 0; }),
+              1);
 }
 
 TEST(Demo_Scenarios, A_Zone_Takes_The_Crop_Dates_Of_Its_Location_Or_Else_The_First_Of_The_Crop)
@@ -197,7 +202,8 @@ TEST(Demo_Scenarios, Hamburg_With_Winter_Cereals_Is_Written_In_These_Lines)
     EXPECT_EQ(lines[1], " 1    0.46    0    10    5    1    1    1   ORVEL401");
     EXPECT_EQ(lines[2], " 0 ");
     EXPECT_EQ(lines[3], " 1 ");
-    EXPECT_EQ(lines[4], " 5    0.15    100    90    3    78    70    74    1    1    1    1.4    0.2    0.2    0.2    0.2    0    0    0    1.15    0.35 ");
+    EXPECT_EQ(lines[4], " 5    0.15    100    90    3    78    70    74    1    1    1    1.4    0.2    0.2    0.2    "
+                        "0.2    0    0    0    1.15    0.35 ");
     EXPECT_EQ(lines[5], "    66 ");
     EXPECT_EQ(lines[6], "  011100  010601  100801      01  150701");
     EXPECT_EQ(lines[72], " 200    1       80      0       0       0 ");

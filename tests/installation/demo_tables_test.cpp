@@ -24,8 +24,9 @@ const Demo_Site& Site(std::string_view code)
 
 double Depth(const Demo_Site& site)
 {
-    return std::accumulate(site.Horizons.begin(), site.Horizons.end(), 0.0,
-                           [](double sum, const Scenario_Horizon& horizon) { return sum + horizon.SZE_Hor_Thickness.Number(); });
+    return std::accumulate(
+        site.Horizons.begin(), site.Horizons.end(), 0.0,
+        [](double sum, const Scenario_Horizon& horizon) { return sum + horizon.SZE_Hor_Thickness.Number(); });
 }
 
 TEST(Demo_Sites, Stand_In_The_Order_Of_The_Locations_With_The_Zones_Behind)
@@ -51,8 +52,9 @@ TEST(Demo_Sites, Four_Locations_Are_Irrigated)
 
 TEST(Demo_Sites, Horizons_Reach_Down_To_The_Depth_Of_The_Core)
 {
-    const std::map<std::string, double> depths = {{"C", 260}, {"H", 200},   {"J", 150},   {"K", 200},   {"N", 150},   {"P", 170},   {"O", 120},  {"S", 180},
-                                                  {"T", 200}, {"T_N", 100}, {"T_C", 100}, {"T_S", 100}, {"P_N", 100}, {"P_C", 100}, {"P_S", 100}};
+    const std::map<std::string, double> depths = {{"C", 260},   {"H", 200},   {"J", 150},   {"K", 200},   {"N", 150},
+                                                  {"P", 170},   {"O", 120},   {"S", 180},   {"T", 200},   {"T_N", 100},
+                                                  {"T_C", 100}, {"T_S", 100}, {"P_N", 100}, {"P_C", 100}, {"P_S", 100}};
     for (const auto& site : Tables.Sites)
         EXPECT_EQ(Depth(site), depths.at(site.Code)) << site.Code;
 }

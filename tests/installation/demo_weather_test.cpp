@@ -31,11 +31,14 @@ struct Figures {
 };
 
 constexpr Figures Expected[] = {
-    {"C", 656, 130, 67, 11.31, 827, 59, -11, 33},  {"H", 786, 170, 52, 8.99, 636, 66, -15, 33},   {"J", 645, 151, 48, 4.04, 550, 58, -21, 31},
-    {"K", 907, 155, 71, 8.61, 752, 59, -16, 35},   {"N", 1058, 175, 70, 10.18, 635, 68, -10, 28}, {"P", 891, 97, 150, 13.18, 974, 57, -13, 39},
-    {"O", 1130, 126, 105, 14.78, 961, 59, -5, 36}, {"S", 487, 62, 88, 17.85, 1413, 44, -7, 45},   {"T", 488, 66, 99, 16.18, 1224, 52, -8, 43},
-    {"T_N", 647, 153, 66, 5.64, 602, 58, -22, 31}, {"T_C", 621, 107, 80, 7.36, 698, 58, -17, 32}, {"T_S", 671, 135, 56, 10.20, 807, 59, -12, 34},
-    {"P_N", 595, 132, 58, 7.98, 611, 64, -17, 31}, {"P_C", 597, 104, 65, 9.30, 785, 58, -16, 34}, {"P_S", 508, 66, 108, 15.46, 1306, 44, -9, 43},
+    {"C", 656, 130, 67, 11.31, 827, 59, -11, 33},   {"H", 786, 170, 52, 8.99, 636, 66, -15, 33},
+    {"J", 645, 151, 48, 4.04, 550, 58, -21, 31},    {"K", 907, 155, 71, 8.61, 752, 59, -16, 35},
+    {"N", 1058, 175, 70, 10.18, 635, 68, -10, 28},  {"P", 891, 97, 150, 13.18, 974, 57, -13, 39},
+    {"O", 1130, 126, 105, 14.78, 961, 59, -5, 36},  {"S", 487, 62, 88, 17.85, 1413, 44, -7, 45},
+    {"T", 488, 66, 99, 16.18, 1224, 52, -8, 43},    {"T_N", 647, 153, 66, 5.64, 602, 58, -22, 31},
+    {"T_C", 621, 107, 80, 7.36, 698, 58, -17, 32},  {"T_S", 671, 135, 56, 10.20, 807, 59, -12, 34},
+    {"P_N", 595, 132, 58, 7.98, 611, 64, -17, 31},  {"P_C", 597, 104, 65, 9.30, 785, 58, -16, 34},
+    {"P_S", 508, 66, 108, 15.46, 1306, 44, -9, 43},
 };
 
 void PrintTo(const Figures& figures, std::ostream* out)
@@ -73,7 +76,8 @@ TEST_P(Weather_Figures, Sixty_Six_Years_Have_The_Rain_Temperatures_And_Evaporati
     EXPECT_NEAR(maximum(std::ranges::max(days, {}, maximum)), expected.Highest, 0.5001);
 }
 
-INSTANTIATE_TEST_SUITE_P(All_Sites, Weather_Figures, testing::ValuesIn(Expected), [](const auto& one) { return std::string(one.param.Code); });
+INSTANTIATE_TEST_SUITE_P(All_Sites, Weather_Figures, testing::ValuesIn(Expected),
+                         [](const auto& one) { return std::string(one.param.Code); });
 
 TEST(Weather_Random_Numbers, Hamburg_Begins_With_The_Published_Number)
 {
@@ -128,10 +132,11 @@ TEST(Weather_Files, Hamburg_Begins_With_These_Rows)
     const auto files = Format_Weather(Site("H"), Weather("H", 1));
 
     ASSERT_EQ(files.size(), 1U);
-    EXPECT_TRUE(files[0].starts_with("DEM Hamburg year 1, generated weather, demonstration data, not for regulatory use\r\n"
-                                     " 0101010.000     0.029     5.3       2.1       7.5       58.9      2477      \r\n"
-                                     " 0201010.000     0.025     5.0       2.9       5.1       69.9      2063      \r\n"
-                                     " 0301010.000     0.029     7.8       5.6       5.4       69.2      2139      \r\n"))
+    EXPECT_TRUE(
+        files[0].starts_with("DEM Hamburg year 1, generated weather, demonstration data, not for regulatory use\r\n"
+                             " 0101010.000     0.029     5.3       2.1       7.5       58.9      2477      \r\n"
+                             " 0201010.000     0.025     5.0       2.9       5.1       69.9      2063      \r\n"
+                             " 0301010.000     0.029     7.8       5.6       5.4       69.2      2139      \r\n"))
         << files[0].substr(0, 400);
 }
 

@@ -155,8 +155,9 @@ TEST_F(Installation, Has_Six_Pesticide_Files_And_The_Data_Files_Of_The_Programs)
         pesticides += path.ends_with(".psm") ? 1 : 0;
 
     EXPECT_EQ(pesticides, 6U);
-    for (const auto* const path : {"demo_D3.psm", "input.dat", "Haude.dat", "Assystant.txt", "datum.dat", "focus/Focuscheck.dat", "EFSA/focuscheck.dat",
-                                   "EFSA/run.bat", "EFSA_T4/focuscheck.dat", "EFSA_T4/run.bat"})
+    for (const auto* const path :
+         {"demo_D3.psm", "input.dat", "Haude.dat", "Assystant.txt", "datum.dat", "focus/Focuscheck.dat",
+          "EFSA/focuscheck.dat", "EFSA/run.bat", "EFSA_T4/focuscheck.dat", "EFSA_T4/run.bat"})
         EXPECT_TRUE(Files.contains(path)) << path;
 }
 
@@ -244,7 +245,8 @@ TEST(Laying_Out, Refuses_A_Directory_That_Is_Not_Empty_And_Leaves_It_Alone)
     const Temporary_Directory directory;
     Write_Whole(directory / "mine.psm", "mine");
 
-    EXPECT_EQ(What_Is_Told(directory.Path(), Parts().Found()), "The directory " + directory.Path().string() + " is not empty.");
+    EXPECT_EQ(What_Is_Told(directory.Path(), Parts().Found()),
+              "The directory " + directory.Path().string() + " is not empty.");
 
     EXPECT_EQ(Read_Whole(directory / "mine.psm"), "mine");
     EXPECT_EQ(std::distance(fs::directory_iterator(directory.Path()), fs::directory_iterator()), 1);
@@ -287,7 +289,8 @@ TEST(Laying_Out, Refuses_A_Directory_That_Another_Program_Is_Laying_Out)
     const auto other = Lock::Take(directory.Path());
     ASSERT_TRUE(other);
 
-    EXPECT_EQ(What_Is_Told(directory.Path(), Parts().Found()), "The directory " + directory.Path().string() + " is in use by another program.");
+    EXPECT_EQ(What_Is_Told(directory.Path(), Parts().Found()),
+              "The directory " + directory.Path().string() + " is in use by another program.");
 }
 
 TEST(Laying_Out, Tells_Of_A_Full_Disk_And_Leaves_Nothing_Behind)
@@ -318,7 +321,8 @@ TEST(Laying_Out, Leaves_An_Empty_Directory_Empty_When_It_Fails)
 
 TEST(Laying_Out, Looks_For_Its_Parts_Beside_The_Program_First)
 {
-    const std::vector<fs::path> expected = {"/opt/suite/bin", "/opt/suite/libexec/orvelsuite", "/opt/suite/share/orvelsuite"};
+    const std::vector<fs::path> expected = {"/opt/suite/bin", "/opt/suite/libexec/orvelsuite",
+                                            "/opt/suite/share/orvelsuite"};
 
     EXPECT_EQ(Parts_Beside("/opt/suite/bin/orvelctl"), expected);
 }

@@ -1,9 +1,9 @@
 #include "core/system/lock.h"
-#include "runs/run_fixture.h"
-#include "runs/batch.h"
 #include "jobs/job.h"
 #include "jobs/job_status.h"
 #include "jobs/run_commands.h"
+#include "runs/batch.h"
+#include "runs/run_fixture.h"
 
 namespace orvel {
 
@@ -71,9 +71,12 @@ TEST_F(Job_Status_Test, The_List_Gives_Names_As_They_Were_Chosen_In_Order)
     EXPECT_EQ(list[1].Crop, "Winter cereals");
     EXPECT_EQ(list[1].Location, "Ch\xE2teaudun (C), no irrigation");
     EXPECT_EQ(list[1].Status, Run_Status::Scheduled);
-    EXPECT_EQ(Simulation_Lines(list), "Alpha\tMaize\tHamburg (H)\t" + Date_Text(list[0].Date) + "\tData available\tERROR\n" +
-                                          "my,file 1\tWinter cereals\tCh\xE2teaudun (C), no irrigation\t" + Date_Text(list[1].Date) + "\tScheduled\n");
-    EXPECT_NE(Simulation_Json(list).find("\"location\": \"Ch\u00E2teaudun (C), no irrigation\""), std::string::npos) << Simulation_Json(list);
+    EXPECT_EQ(Simulation_Lines(list), "Alpha\tMaize\tHamburg (H)\t" + Date_Text(list[0].Date) +
+                                          "\tData available\tERROR\n" +
+                                          "my,file 1\tWinter cereals\tCh\xE2teaudun (C), no irrigation\t" +
+                                          Date_Text(list[1].Date) + "\tScheduled\n");
+    EXPECT_NE(Simulation_Json(list).find("\"location\": \"Ch\u00E2teaudun (C), no irrigation\""), std::string::npos)
+        << Simulation_Json(list);
 }
 
 TEST_F(Job_Status_Test, An_Empty_Tree_Gives_An_Empty_List)
@@ -95,7 +98,8 @@ TEST_F(Job_Status_Test, The_Probe_File_Must_Be_There_And_No_Lock_Be_Held_For_The
 {
     EXPECT_FALSE(Job_Running(The_Session, Focus()));
     const auto run = Add_Run("test", "Maize", "Hamburg (H)");
-    Put(Home / "focus" / "orveljob.bat", Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
+    Put(Home / "focus" / "orveljob.bat",
+        Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
     EXPECT_FALSE(Job_Running(The_Session, Focus()));
     {
         const auto engine = Lock::Take(run);
@@ -115,9 +119,12 @@ TEST_F(Job_Status_Test, Years_Come_From_The_Water_Balance_Where_The_Engine_Says_
 {
     const auto run = Add_Run("test", "Maize", "Hamburg (H)");
     Put(run / "orvel.inp", "046 01 01 31 12\r\n");
-    Put(run / "WASSER.ORV", "*** ANNUAL WATER BALANCE ***     YEAR   6\r\n*** ANNUAL WATER BALANCE ***     YEAR   7\r\n x\r\n");
-    Put(Home / "focus" / "orveljob.bat", Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
-    Put(Home / "focus" / "orveljob.log", "2024-05-31 14:05:00\tbegin\t\t\n2024-05-31 14:05:00\tstarted\ttest.run/Maize.run/Hamburg_-_(H).run\t\n");
+    Put(run / "WASSER.ORV",
+        "*** ANNUAL WATER BALANCE ***     YEAR   6\r\n*** ANNUAL WATER BALANCE ***     YEAR   7\r\n x\r\n");
+    Put(Home / "focus" / "orveljob.bat",
+        Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
+    Put(Home / "focus" / "orveljob.log",
+        "2024-05-31 14:05:00\tbegin\t\t\n2024-05-31 14:05:00\tstarted\ttest.run/Maize.run/Hamburg_-_(H).run\t\n");
     const auto engine = Lock::Take(run);
 
     const auto progress = Progress_Of_Job(The_Session, Focus());
@@ -131,7 +138,8 @@ TEST_F(Job_Status_Test, Years_Come_From_The_Water_Balance_Where_The_Engine_Says_
 TEST_F(Job_Status_Test, A_Run_Whose_Job_Was_Killed_Counts_As_Failed)
 {
     Add_Run("test", "Maize", "Hamburg (H)");
-    Put(Home / "focus" / "orveljob.bat", Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
+    Put(Home / "focus" / "orveljob.bat",
+        Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
     Put(Home / "focus" / "orveljob.log", "2024-05-31 14:05:00\tstarted\ttest.run/Maize.run/Hamburg_-_(H).run\t\n");
 
     const auto progress = Progress_Of_Job(The_Session, Focus());
@@ -144,7 +152,8 @@ TEST_F(Job_Status_Test, A_Run_Whose_Job_Was_Killed_Counts_As_Failed)
 TEST_F(Job_Status_Test, The_Log_Tells_Of_A_Run_That_Left_Nothing_Behind)
 {
     Add_Run("test", "Maize", "Hamburg (H)");
-    Put(Home / "focus" / "orveljob.log", "2024-05-31 14:05:00\tkilled\ttest.run/Maize.run/Hamburg_-_(H).run\tsignal 9\n");
+    Put(Home / "focus" / "orveljob.log",
+        "2024-05-31 14:05:00\tkilled\ttest.run/Maize.run/Hamburg_-_(H).run\tsignal 9\n");
 
     const auto list = Simulation_List(The_Session, Focus());
 
@@ -154,10 +163,13 @@ TEST_F(Job_Status_Test, The_Log_Tells_Of_A_Run_That_Left_Nothing_Behind)
 
 TEST(Progress_Line, It_Tells_Runs_Percent_And_The_Time_Left)
 {
-    EXPECT_EQ(Progress_Text({.Runs = 12, .Done = 3, .Running = 2, .Years = 100, .Years_Done = 41.9, .Seconds_Left = 125}),
-              "3 of 12 runs, 2 running, 41 %, 3 min left");
-    EXPECT_EQ(Progress_Text({.Runs = 2, .Done = 2, .Failed = 1, .Years = 52, .Years_Done = 52, .Seconds_Left = 0}), "2 of 2 runs, 1 failed, 100 %");
-    EXPECT_EQ(Progress_Text({.Runs = 1, .Running = 1, .Years = 66, .Years_Done = 1, .Seconds_Left = 5400}), "0 of 1 runs, 1 running, 1 %, 1.5 h left");
+    EXPECT_EQ(
+        Progress_Text({.Runs = 12, .Done = 3, .Running = 2, .Years = 100, .Years_Done = 41.9, .Seconds_Left = 125}),
+        "3 of 12 runs, 2 running, 41 %, 3 min left");
+    EXPECT_EQ(Progress_Text({.Runs = 2, .Done = 2, .Failed = 1, .Years = 52, .Years_Done = 52, .Seconds_Left = 0}),
+              "2 of 2 runs, 1 failed, 100 %");
+    EXPECT_EQ(Progress_Text({.Runs = 1, .Running = 1, .Years = 66, .Years_Done = 1, .Seconds_Left = 5400}),
+              "0 of 1 runs, 1 running, 1 %, 1.5 h left");
     EXPECT_EQ(Progress_Text({}), "0 of 0 runs");
 }
 

@@ -1,10 +1,10 @@
 #include "core/system/lock.h"
 #include "core/text.h"
-#include "runs/run_fixture.h"
-#include "runs/batch.h"
 #include "jobs/job.h"
 #include "jobs/job_log.h"
 #include "jobs/job_status.h"
+#include "runs/batch.h"
+#include "runs/run_fixture.h"
 
 #include <chrono>
 #include <csignal>
@@ -18,7 +18,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const std::string One_Block = "cd a.run\\b.run\\c.run\r\nif exist *.orv del *.orv\r\norvel401.exe\r\nif exist orvel401.exe del orvel401.exe\r\n";
+const std::string One_Block =
+    "cd a.run\\b.run\\c.run\r\nif exist *.orv del *.orv\r\norvel401.exe\r\nif exist orvel401.exe del orvel401.exe\r\n";
 
 // Waits until something holds, at most ten seconds.
 template <class Condition> bool Soon(Condition condition)
@@ -35,9 +36,9 @@ template <class Condition> bool Soon(Condition condition)
 
 TEST(Job_File, Its_Five_Kinds_Of_Line_Give_The_Runs)
 {
-    const auto runs =
-        Parse_Job("echo off\r\n" + One_Block +
-                  "cd ..\\..\\..\\\r\ncd x y.run\\$(rm).run\\;&%.run\r\nif exist *.orv del *.orv\r\norvel5.exe\r\nif exist orvel5.exe del orvel5.exe\r\n");
+    const auto runs = Parse_Job("echo off\r\n" + One_Block +
+                                "cd ..\\..\\..\\\r\ncd x y.run\\$(rm).run\\;&%.run\r\nif exist *.orv del "
+                                "*.orv\r\norvel5.exe\r\nif exist orvel5.exe del orvel5.exe\r\n");
 
     ASSERT_EQ(runs.size(), 2u);
     EXPECT_EQ(runs[0].Directory, "a.run\\b.run\\c.run");
@@ -58,7 +59,9 @@ TEST(Job_File, Anything_Else_Is_Refused_With_Its_Line)
             return std::string(error.what());
         }
     };
-    const auto in_line = [](int line) { return "The job file holds something else than a job in line " + std::to_string(line) + "."; };
+    const auto in_line = [](int line) {
+        return "The job file holds something else than a job in line " + std::to_string(line) + ".";
+    };
 
     EXPECT_EQ(refused_in("echo off\r\nformat c:\r\n"), in_line(2));
     EXPECT_EQ(refused_in(One_Block + One_Block), in_line(5)); // does not climb back
@@ -76,8 +79,8 @@ TEST(Job_File, Anything_Else_Is_Refused_With_Its_Line)
 
 TEST(Job_File, What_Is_Written_Is_Read_Back)
 {
-    const std::string text =
-        Format_Job(Format_Job_Run("a.run\\b.run\\Ch\xE2teau.run", "orvel401.exe", true) + Format_Job_Run("\xFC.run\\b.run\\\xDF.run", "orvel401.exe", false));
+    const std::string text = Format_Job(Format_Job_Run("a.run\\b.run\\Ch\xE2teau.run", "orvel401.exe", true) +
+                                        Format_Job_Run("\xFC.run\\b.run\\\xDF.run", "orvel401.exe", false));
 
     const auto runs = Parse_Job(text);
 
@@ -94,8 +97,9 @@ TEST(Job_Log, Its_Times_Are_Read_Back_And_Foreign_Lines_Passed_Over)
     EXPECT_EQ(Time_Text(now).size(), 19u);
     EXPECT_EQ(Time_Of_Text("yesterday"), 0);
 
-    const auto history = Parse_Job_Log(Time_Text(now) + "\tbegin\t\t2 runs\nnonsense\n" + Time_Text(now) + "\tstarted\ta/b/c\t\n" + Time_Text(now) +
-                                       "\tkilled\ta/b/c\tsignal 9\n\tstarted\td\n");
+    const auto history =
+        Parse_Job_Log(Time_Text(now) + "\tbegin\t\t2 runs\nnonsense\n" + Time_Text(now) + "\tstarted\ta/b/c\t\n" +
+                      Time_Text(now) + "\tkilled\ta/b/c\tsignal 9\n\tstarted\td\n");
     EXPECT_EQ(history.Begin, now);
     EXPECT_FALSE(history.Ended);
     EXPECT_EQ(history.Runs.at("a/b/c"), Job_Event::Killed);
@@ -233,7 +237,8 @@ TEST_F(Job_Test, As_Many_Runs_Work_At_A_Time_As_Asked_For)
 {
     // Each engine notes how many are at work; it leaves when a second one has come or after two seconds.
     Engine("mkdir ../../../at_work_$$; for i in 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20; do "
-           "n=$(ls -d ../../../at_work_* | wc -l); [ $n -gt 1 ] && break; sleep 0.1; done; echo $n > plot.orv; sleep 0.3; rmdir ../../../at_work_$$");
+           "n=$(ls -d ../../../at_work_* | wc -l); [ $n -gt 1 ] && break; sleep 0.1; done; echo $n > plot.orv; sleep "
+           "0.3; rmdir ../../../at_work_$$");
     const auto first = Add_Run("1");
     const auto second = Add_Run("2");
 
@@ -245,12 +250,15 @@ TEST_F(Job_Test, As_Many_Runs_Work_At_A_Time_As_Asked_For)
 TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
 {
     Engine("echo done > echo.orv");
-    const std::string names[] = {"two words.psm", "a,b.psm",   "\xE4\xF6\xFC\xDF\xE2\xE1.psm", "it's.psm",    "\"quoted\".psm", "a;b&c%PATH%$HOME`x`|y>z.psm",
-                                 "-rf.psm",       "*?[a].psm", std::string(200, 'n') + ".psm", "\x81\x83.psm"};
+    const std::string names[] = {"two words.psm", "a,b.psm",        "\xE4\xF6\xFC\xDF\xE2\xE1.psm",
+                                 "it's.psm",      "\"quoted\".psm", "a;b&c%PATH%$HOME`x`|y>z.psm",
+                                 "-rf.psm",       "*?[a].psm",      std::string(200, 'n') + ".psm",
+                                 "\x81\x83.psm"};
     Scenario(Home / "focus" / "H_maize.sze");
     for (const auto& name : names) {
         Pesticide(name);
-        ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), {.Pesticide = name, .Crop = Maize, .Location = "Hamburg (H)"}), Mark_Result::Marked)
+        ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), {.Pesticide = name, .Crop = Maize, .Location = "Hamburg (H)"}),
+                  Mark_Result::Marked)
             << name << The_User.Messages.back().Text;
     }
 
@@ -279,7 +287,8 @@ TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
 
 TEST_F(Job_Test, A_Started_Job_Makes_The_Batch_Its_File_Outlives_The_Caller_And_Is_Seen_By_Its_Lock)
 {
-    Engine("cut -d' ' -f6 /proc/$$/stat > session.txt; echo YEAR 13 OF 26; while [ ! -e ../../../go ]; do sleep 0.02; done; echo done > echo.orv");
+    Engine("cut -d' ' -f6 /proc/$$/stat > session.txt; echo YEAR 13 OF 26; while [ ! -e ../../../go ]; do sleep 0.02; "
+           "done; echo done > echo.orv");
     ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
     const auto batch = Read_Whole(Home / "focus" / "batch.bat");
     EXPECT_FALSE(Job_Running(The_Session, Focus()));

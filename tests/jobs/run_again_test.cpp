@@ -1,7 +1,7 @@
-#include "runs/run_fixture.h"
+#include "jobs/run_again.h"
 #include "runs/batch.h"
 #include "runs/output_selection.h"
-#include "jobs/run_again.h"
+#include "runs/run_fixture.h"
 
 #include <chrono>
 
@@ -36,7 +36,8 @@ TEST_F(Run_Again_Test, A_Failed_Simulation_Is_Marked_With_Its_Own_Output_After_O
     EXPECT_EQ(Again(), 1);
 
     EXPECT_EQ(The_User.Messages.size(), 1u);
-    EXPECT_EQ(The_User.Messages.at(0).Text, "Do you want to mark the failed simulation for the batch again? What they wrote so far will be removed.");
+    EXPECT_EQ(The_User.Messages.at(0).Text,
+              "Do you want to mark the failed simulation for the batch again? What they wrote so far will be removed.");
     EXPECT_EQ(Read_Whole(Place() / "orvel.inp"), before);
     EXPECT_FALSE(fs::exists(Place() / "echo.orv"));
     EXPECT_TRUE(Batch_Pending(The_Session, Focus()));
@@ -81,7 +82,8 @@ TEST_F(Run_Again_Test, One_Without_Its_Pesticide_File_Is_Told_And_Keeps_What_It_
 TEST_F(Run_Again_Test, The_Tillage_Depth_Is_That_Of_The_Failed_Run)
 {
     auto choice = Maize_At_Hamburg();
-    Scenario(Home / "focus" / "H_maize.sze", [](Scenario_Document& scenario) { scenario.Crops[0].SZE_Rot_Tillage = 1; });
+    Scenario(Home / "focus" / "H_maize.sze",
+             [](Scenario_Document& scenario) { scenario.Crops[0].SZE_Rot_Tillage = 1; });
     choice.Tillage = "17";
     choice.Tillage_Visible = true;
     ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);

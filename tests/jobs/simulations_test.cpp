@@ -1,9 +1,9 @@
 #include "core/files.h"
 #include "core/system/lock.h"
 #include "core/text.h"
-#include "runs/run_fixture.h"
-#include "runs/batch.h"
 #include "jobs/simulations.h"
+#include "runs/batch.h"
+#include "runs/run_fixture.h"
 
 namespace orvel {
 
@@ -80,8 +80,11 @@ TEST_F(Simulations_Test, Deleting_The_Last_Location_Takes_Crop_And_Pesticide_Dir
     EXPECT_EQ(Delete_Simulations(The_Session, Focus(), {list[1]}), 1);
 
     EXPECT_FALSE(fs::exists(Home / "focus" / "a.run"));
-    EXPECT_EQ(The_User.Messages.at(0),
-              (Message{"Deleting simulations", "Do you really want to remove this simulation?", Icon::Question, {Button::Yes, Button::No}, Button::Yes}));
+    EXPECT_EQ(The_User.Messages.at(0), (Message{"Deleting simulations",
+                                                "Do you really want to remove this simulation?",
+                                                Icon::Question,
+                                                {Button::Yes, Button::No},
+                                                Button::Yes}));
 }
 
 TEST_F(Simulations_Test, A_No_Keeps_Everything)
@@ -105,8 +108,9 @@ TEST_F(Simulations_Test, A_Simulation_At_Work_Stays_And_The_Others_Go)
 
     EXPECT_EQ(Delete_Simulations(The_Session, Focus(), Simulation_List(The_Session, Focus())), 1);
 
-    EXPECT_EQ(The_User.Messages.at(1), (Message{"Deleting simulations", "You are currently running a simulation using the directory\r\n" + busy.string() +
-                                                                            ".\r\n\r\nDelete operation failed!\r\n\r\n"}));
+    EXPECT_EQ(The_User.Messages.at(1),
+              (Message{"Deleting simulations", "You are currently running a simulation using the directory\r\n" +
+                                                   busy.string() + ".\r\n\r\nDelete operation failed!\r\n\r\n"}));
     EXPECT_TRUE(fs::exists(busy / "echo.orv"));
     EXPECT_FALSE(fs::exists(Home / "focus" / "b.run"));
 }
@@ -121,7 +125,8 @@ TEST_F(Simulations_Test, A_Deleted_Simulation_Is_No_Longer_Part_Of_The_Pending_B
     const std::string first_alone = Read_Whole(batch);
     ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), other), Mark_Result::Marked);
     auto list = Simulation_List(The_Session, Focus());
-    const auto second = std::ranges::find(list, "other", &Simulation::Pesticide), first = std::ranges::find(list, "test", &Simulation::Pesticide);
+    const auto second = std::ranges::find(list, "other", &Simulation::Pesticide),
+               first = std::ranges::find(list, "test", &Simulation::Pesticide);
     The_User.Answers = {Button::Yes, Button::Yes};
 
     EXPECT_EQ(Delete_Simulations(The_Session, Focus(), {*second}), 1);

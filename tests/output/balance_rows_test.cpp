@@ -8,7 +8,8 @@ namespace orvel {
 
 namespace {
 
-std::vector<Water_Balance_Row> Water(const std::string& bytes, Balance_View view = Balance_View::Annual, std::size_t window = Scan_Window)
+std::vector<Water_Balance_Row> Water(const std::string& bytes, Balance_View view = Balance_View::Annual,
+                                     std::size_t window = Scan_Window)
 {
     std::vector<Water_Balance_Row> rows;
     auto wasser = Line_Scanner::Of_Bytes(bytes, window);
@@ -16,7 +17,8 @@ std::vector<Water_Balance_Row> Water(const std::string& bytes, Balance_View view
     return rows;
 }
 
-std::vector<Pesticide_Balance_Row> Pesticide(const std::string& bytes, bool active = true, Balance_View view = Balance_View::Annual)
+std::vector<Pesticide_Balance_Row> Pesticide(const std::string& bytes, bool active = true,
+                                             Balance_View view = Balance_View::Annual)
 {
     std::vector<Pesticide_Balance_Row> rows;
     auto chem = Line_Scanner::Of_Bytes(bytes);
@@ -77,7 +79,8 @@ TEST(Balance_Rows, A_Snow_Year_Adds_Its_Snow_Term_To_The_Precipitation_Of_That_Y
 TEST(Balance_Rows, Evapotranspiration_Is_Summed_From_The_Third_Line_Below_Its_Anchor)
 {
     const auto with_rows = [](const std::vector<std::string>& below) {
-        return Water("ANNUAL\r\nPRECIPITATION\r\n\r\n\r\nRUNOFF\r\n\r\n\r\nTRANSPIRATION\r\n" + Lines(below) + "SUMMARY FLUXES\r\nRECHARGE BELOW CORE\r\n")[0]
+        return Water("ANNUAL\r\nPRECIPITATION\r\n\r\n\r\nRUNOFF\r\n\r\n\r\nTRANSPIRATION\r\n" + Lines(below) +
+                     "SUMMARY FLUXES\r\nRECHARGE BELOW CORE\r\n")[0]
             .Evapotranspiration;
     };
     const std::string one = Line_At({{58, "             1.0"}});
@@ -91,7 +94,8 @@ TEST(Balance_Rows, Evapotranspiration_Is_Summed_From_The_Third_Line_Below_Its_An
 TEST(Balance_Rows, Application_Is_Summed_From_The_Second_Line_Below_Its_Anchor)
 {
     const auto with_rows = [](const std::vector<std::string>& below) {
-        return Pesticide("ANNUAL\r\nRIZON PARTMENT\r\n" + Lines(below) + "* DECAY FOR COMPARTMENT 1\r\n\r\n")[0].Application;
+        return Pesticide("ANNUAL\r\nRIZON PARTMENT\r\n" + Lines(below) + "* DECAY FOR COMPARTMENT 1\r\n\r\n")[0]
+            .Application;
     };
     const std::string one = Line_At({{19, " 1.00000E+00"}});
 
@@ -104,7 +108,8 @@ TEST(Balance_Rows, Columns_End_Where_They_End)
 {
     const std::string line = Line_At({{40, "123456789"}, {49, "1"}, {50, "9"}});
 
-    EXPECT_EQ(Water("ANNUAL\r\nPRECIPITATION\r\n\r\n\r\nRUNOFF\r\n\r\n\r\nTRANSPIRATION\r\n\r\n\r\nSUMMARY FLUXES\r\n" + line + " RECHARGE BELOW CORE\r\n")[0]
+    EXPECT_EQ(Water("ANNUAL\r\nPRECIPITATION\r\n\r\n\r\nRUNOFF\r\n\r\n\r\nTRANSPIRATION\r\n\r\n\r\nSUMMARY FLUXES\r\n" +
+                    line + " RECHARGE BELOW CORE\r\n")[0]
                   .Percolate,
               12345678910);
 }

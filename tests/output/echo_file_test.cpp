@@ -108,12 +108,14 @@ TEST(Echo_File, An_Empty_File_Has_No_Layers_And_No_Names)
 
 TEST(Echo_File, Names_Stand_In_Their_Order_Less_The_Mark_Of_Three_Characters)
 {
-    EXPECT_EQ(Names_Of(Echo_File({.Names = {"Substance D", "Metabolite A1", "M*2"}})), (std::vector<std::string>{"Substance D", "Metabolite A1", "M*2"}));
+    EXPECT_EQ(Names_Of(Echo_File({.Names = {"Substance D", "Metabolite A1", "M*2"}})),
+              (std::vector<std::string>{"Substance D", "Metabolite A1", "M*2"}));
 }
 
 TEST(Echo_File, A_Name_Ends_With_Its_Hundred_Columns_And_A_Short_One_Is_Empty)
 {
-    EXPECT_EQ(Names_Of("*** PARAMETERS OF " + std::string(200, 'x') + "\r\n*** PARAMETERS OF ab\r\n"), (std::vector<std::string>{std::string(97, 'x'), ""}));
+    EXPECT_EQ(Names_Of("*** PARAMETERS OF " + std::string(200, 'x') + "\r\n*** PARAMETERS OF ab\r\n"),
+              (std::vector<std::string>{std::string(97, 'x'), ""}));
 }
 
 TEST(Echo_File, At_Most_Ten_Names_Are_Read)

@@ -44,7 +44,10 @@ std::string Water_Block(const Water_Year& year)
         "",
         Line_At({{2, "WATER SUPPLY"}, {39, "PRECIPITATION"}, {59, "IRRIGATION"}, {76, "CANOPY LOSS"}}),
         Line_At({{47, "(CM)"}, {65, "(CM)"}, {83, "(CM)"}}),
-        Line_At({{2, "SUM OF THE PERIOD"}, {43, Right(year.Precipitation, 9)}, {61, Right(year.Irrigation, 9)}, {79, Right(year.Loss, 9)}}),
+        Line_At({{2, "SUM OF THE PERIOD"},
+                 {43, Right(year.Precipitation, 9)},
+                 {61, Right(year.Irrigation, 9)},
+                 {79, Right(year.Loss, 9)}}),
         "",
     };
     if (!year.Snow.empty()) {
@@ -57,7 +60,8 @@ std::string Water_Block(const Water_Year& year)
     lines.push_back(Line_At({{64, "(CM)"}}));
     lines.push_back(Line_At({{2, "SUM OF THE PERIOD"}, {60, Right(year.Runoff, 9)}, {79, "   0.0412"}}));
     lines.push_back("");
-    lines.push_back(Line_At({{2, "HORIZON   COMPARTMENT TO"}, {30, "INITIAL"}, {59, "TRANSPIRATION"}, {76, "PERCOLATE"}}));
+    lines.push_back(
+        Line_At({{2, "HORIZON   COMPARTMENT TO"}, {30, "INITIAL"}, {59, "TRANSPIRATION"}, {76, "PERCOLATE"}}));
     lines.push_back(Line_At({{22, "BOTTOM"}, {57, "+ EVAPORATION"}, {78, "BELOW"}}));
     lines.push_back(Line_At({{22, "(CM)"}, {68, "(CM)"}, {80, "(CM)"}}));
     lines.push_back("");
@@ -162,7 +166,8 @@ std::string Plot_Head_Of(int columns, int profile, std::string_view line_6)
         scales += "1.0E05    ";
     }
     return Lines({"Engine   ", "", "  Scenario", " Pesticide ", "", std::string(line_6),
-                  Right("312", 6) + Right(std::to_string(columns), 6) + Right(std::to_string(profile), 6), codes, depths, scales, "     1 01        0.0"});
+                  Right("312", 6) + Right(std::to_string(columns), 6) + Right(std::to_string(profile), 6), codes,
+                  depths, scales, "     1 01        0.0"});
 }
 
 std::string Plot_Line(int day, int hour, const std::vector<std::string>& values)

@@ -55,7 +55,8 @@ struct Echo_Text {
 std::string Echo_File(const Echo_Text& echo = {});
 
 // The head of plot.orv, with the texts "Engine", "Scenario", "Pesticide" and `line_6` as its titles.
-std::string Plot_Head_Of(int columns, int profile, std::string_view line_6 = "Soil concentrations: total content (mg/kg)");
+std::string Plot_Head_Of(int columns, int profile,
+                         std::string_view line_6 = "Soil concentrations: total content (mg/kg)");
 
 // A data line; values are put right-aligned in columns of ten.
 std::string Plot_Line(int day, int hour, const std::vector<std::string>& values);

@@ -21,7 +21,8 @@ std::vector<std::string> All_Lines(Line_Scanner scanner)
 
 TEST(Line_Scanner, Lines_End_In_Cr_Lf_Or_Lf_And_The_Last_One_May_Lack_Its_End)
 {
-    EXPECT_EQ(All_Lines(Line_Scanner::Of_Bytes("one\r\ntwo\n\r\n\nlast")), (std::vector<std::string>{"one", "two", "", "", "last"}));
+    EXPECT_EQ(All_Lines(Line_Scanner::Of_Bytes("one\r\ntwo\n\r\n\nlast")),
+              (std::vector<std::string>{"one", "two", "", "", "last"}));
 }
 
 TEST(Line_Scanner, An_Empty_File_Has_No_Line_And_Is_At_Its_End)
@@ -80,7 +81,8 @@ TEST(Line_Scanner, Borders_Of_The_Window_Make_No_Difference)
 {
     std::string bytes;
     for (int year = 1; year <= 5; ++year)
-        bytes += Water_Block({.Kind = "DAILY", .Transpiration = {{1, "1.0"}}}) + Water_Block("1.5", "2." + std::to_string(year));
+        bytes += Water_Block({.Kind = "DAILY", .Transpiration = {{1, "1.0"}}}) +
+                 Water_Block("1.5", "2." + std::to_string(year));
     const Anchor block("ANNUAL"), recharge("RECHARGE BELOW CORE");
     const auto found = [&](std::size_t window) {
         std::vector<std::string> lines;
@@ -103,7 +105,8 @@ TEST(Line_Scanner, Borders_Of_The_Window_Make_No_Difference)
 
 TEST(Line_Scanner, A_Line_Beyond_All_Bounds_Is_Cut_And_The_Next_One_Is_Whole)
 {
-    const std::string bytes = std::string(3 * Largest_Line + 17, 'x') + "\nANNUAL\n" + std::string(2 * Largest_Line, 'y');
+    const std::string bytes =
+        std::string(3 * Largest_Line + 17, 'x') + "\nANNUAL\n" + std::string(2 * Largest_Line, 'y');
     auto scanner = Line_Scanner::Of_Bytes(bytes);
 
     ASSERT_TRUE(scanner.Next());

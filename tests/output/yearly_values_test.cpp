@@ -26,21 +26,25 @@ Values Read(const std::string& bytes, const Leachate_Layout& layout, std::size_t
 
 TEST(Yearly_Values, The_Percolate_In_Litres_Stands_In_The_Row_Of_The_Metre_And_At_The_Recharge)
 {
-    EXPECT_EQ(Read(Water_Block("1.5", "2.5") + Water_Block("3.5", "4.5") + End_Of_Output(), Water_Layout), (Values{{15, 35}, {25, 45}}));
+    EXPECT_EQ(Read(Water_Block("1.5", "2.5") + Water_Block("3.5", "4.5") + End_Of_Output(), Water_Layout),
+              (Values{{15, 35}, {25, 45}}));
 }
 
 TEST(Yearly_Values, The_Leached_Mass_In_Grams_Stands_In_The_Row_Of_The_Metre_And_In_The_Total)
 {
-    EXPECT_EQ(Read(Chem_Block("1.5000E+00", "2.50000E+00") + Chem_Block("3.5000E+00", "4.50000E+00") + End_Of_Output(), Chem_Layout),
+    EXPECT_EQ(Read(Chem_Block("1.5000E+00", "2.50000E+00") + Chem_Block("3.5000E+00", "4.50000E+00") + End_Of_Output(),
+                   Chem_Layout),
               (Values{{1500, 3500}, {2500, 4500}}));
 }
 
 TEST(Yearly_Values, Monthly_And_Daily_Blocks_Are_Passed_Over)
 {
-    const std::string other = Water_Block({.Kind = "MONTHLY", .Transpiration = {{40, "0"}}, .Percolate = {"9"}, .Recharge = "9"}) +
-                              Water_Block({.Kind = "DAILY", .Transpiration = {{40, "0"}}, .Percolate = {"9"}, .Recharge = "9"});
+    const std::string other =
+        Water_Block({.Kind = "MONTHLY", .Transpiration = {{40, "0"}}, .Percolate = {"9"}, .Recharge = "9"}) +
+        Water_Block({.Kind = "DAILY", .Transpiration = {{40, "0"}}, .Percolate = {"9"}, .Recharge = "9"});
 
-    EXPECT_EQ(Read(other + Water_Block("1", "2") + other + Water_Block("3", "4") + other, Water_Layout), (Values{{10, 30}, {20, 40}}));
+    EXPECT_EQ(Read(other + Water_Block("1", "2") + other + Water_Block("3", "4") + other, Water_Layout),
+              (Values{{10, 30}, {20, 40}}));
 }
 
 TEST(Yearly_Values, A_Year_That_The_End_Of_The_File_Cuts_Short_Is_Dropped)
@@ -69,7 +73,8 @@ TEST(Yearly_Values, A_Table_That_One_Year_Lacks_Is_Found_In_The_Next_At_That_Dep
     std::string first = Water_Block("1", "2");
     first.replace(first.find("HORIZON"), 7, "horizon");
 
-    EXPECT_EQ(Read(first + Water_Block("3", "4") + Water_Block("5", "6"), Water_Layout), (Values{{30, 50}, {20, 40, 60}}));
+    EXPECT_EQ(Read(first + Water_Block("3", "4") + Water_Block("5", "6"), Water_Layout),
+              (Values{{30, 50}, {20, 40, 60}}));
 }
 
 TEST(Yearly_Values, A_Row_That_One_Year_Lacks_Is_Found_In_The_Next_Block_Of_Any_Kind)
@@ -90,7 +95,8 @@ TEST(Yearly_Values, A_Value_May_Start_Anywhere_Inside_Its_Columns)
 
 TEST(Yearly_Values, One_Pass_Through_Any_Window_Gives_The_Same)
 {
-    const std::string bytes = Chem_Block("1.0000E+00", "2.00000E+00") + Chem_Block({.Kind = "DAILY"}) + Chem_Block("3.0000E+00", "4.00000E+00");
+    const std::string bytes = Chem_Block("1.0000E+00", "2.00000E+00") + Chem_Block({.Kind = "DAILY"}) +
+                              Chem_Block("3.0000E+00", "4.00000E+00");
     for (std::size_t window = 1; window < 300; window += 7)
         EXPECT_EQ(Read(bytes, Chem_Layout, window), (Values{{1000, 3000}, {2000, 4000}})) << window;
 }

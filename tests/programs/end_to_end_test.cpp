@@ -46,8 +46,10 @@ double Column(const std::string& line, std::size_t first, std::size_t width)
     return first <= line.size() ? std::strtod(line.substr(first - 1, width).c_str(), nullptr) : 0;
 }
 
-// The figure of each year in an annual block's row of the compartment at 1 m, found by counting lines, not by the program's reader.
-std::vector<double> Annual_Figures(const fs::path& file, const std::string& head, std::size_t layer_column, int layer, std::size_t column, std::size_t width)
+// The figure of each year in an annual block's row of the compartment at 1 m, found by counting lines, not by the
+// program's reader.
+std::vector<double> Annual_Figures(const fs::path& file, const std::string& head, std::size_t layer_column, int layer,
+                                   std::size_t column, std::size_t width)
 {
     std::vector<double> figures;
     bool annual = false, table = false;
@@ -83,7 +85,8 @@ protected:
         const auto laid = Orvelctl("init " + Installation().string());
         ASSERT_EQ(laid.Exit, 0) << laid.Printed;
         const std::string at = "-C " + Installation().string();
-        const auto marked = Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
+        const auto marked =
+            Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
         ASSERT_EQ(marked.Exit, 0) << marked.Printed;
         const auto run = Orvelctl(at + " start --mode focus --wait");
         ASSERT_EQ(run.Exit, 0) << run.Printed;
@@ -102,7 +105,8 @@ Temporary_Directory* End_To_End::Place = nullptr;
 TEST_F(End_To_End, The_Installation_Has_The_Engine_And_The_Utilities)
 {
     for (const auto* name : {"orvel401.exe", "wyear.exe", "wmonth.exe", "wday.exe"})
-        EXPECT_EQ(fs::status(Installation() / name).permissions() & fs::perms::owner_exec, fs::perms::owner_exec) << name;
+        EXPECT_EQ(fs::status(Installation() / name).permissions() & fs::perms::owner_exec, fs::perms::owner_exec)
+            << name;
 }
 
 TEST_F(End_To_End, The_Engine_Completes_The_Run)
@@ -144,7 +148,8 @@ TEST_F(End_To_End, The_Percentile_Is_The_Mean_Of_The_Fourth_And_Fifth_Highest_Ye
     const auto leached = Annual_Figures(Run() / "chem.orv", "RIZON PARTMENT", 10, 40, 98, 11);
     std::vector<double> concentrations;
     for (std::size_t year = 6; year < 26; ++year)
-        concentrations.push_back(percolate[year] > 0 && leached[year] > 0 ? leached[year] * 1000 * 100 / (percolate[year] * 10) : 0);
+        concentrations.push_back(
+            percolate[year] > 0 && leached[year] > 0 ? leached[year] * 1000 * 100 / (percolate[year] * 10) : 0);
     std::sort(concentrations.rbegin(), concentrations.rend());
 
     Orvelctl("tables '" + Run().string() + "'");
@@ -157,7 +162,8 @@ TEST_F(End_To_End, The_Percentile_Is_The_Mean_Of_The_Fourth_And_Fifth_Highest_Ye
 
 TEST_F(End_To_End, The_Report_Names_The_Location_With_Its_Percentile)
 {
-    const auto report = Orvelctl("-C " + Installation().string() + " report --mode focus --pesticide demo_D --crop 'Winter cereals'");
+    const auto report =
+        Orvelctl("-C " + Installation().string() + " report --mode focus --pesticide demo_D --crop 'Winter cereals'");
 
     EXPECT_EQ(report.Exit, 0) << report.Printed;
     EXPECT_NE(report.Printed.find("FOCUS Summary Output File"), std::string::npos);
@@ -168,7 +174,8 @@ TEST_F(End_To_End, The_List_Shows_The_Run_As_Finished)
 {
     const std::string at = "-C " + Installation().string();
 
-    EXPECT_NE(Orvelctl(at + " status --mode focus").Printed.find("demo_D\tWinter cereals\tHamburg (H)\t"), std::string::npos);
+    EXPECT_NE(Orvelctl(at + " status --mode focus").Printed.find("demo_D\tWinter cereals\tHamburg (H)\t"),
+              std::string::npos);
     const auto status = Orvelctl(at + " status --mode focus --json");
     EXPECT_NE(status.Printed.find("\"Data available\""), std::string::npos) << status.Printed;
     EXPECT_NE(status.Printed.find("\"finished\""), std::string::npos) << status.Printed;
@@ -184,11 +191,13 @@ TEST_F(End_To_End, A_Single_Run_Of_Three_Years_Is_Run_And_Archived)
     const fs::path before = fs::current_path();
     fs::current_path(place);
     const std::string single =
-        "-C " + Installation().string() + " single --pesticide demo_D.psm --scenario H_wcerea.sze --climate H_01.cli,H_02.cli --years 3 --wait";
+        "-C " + Installation().string() +
+        " single --pesticide demo_D.psm --scenario H_wcerea.sze --climate H_01.cli,H_02.cli --years 3 --wait";
 
     const auto first = Orvelctl(single);
     const auto second = Orvelctl(single);
-    const auto wrong = Orvelctl("-C " + Installation().string() + " single --pesticide gone.psm --scenario H_wcerea.sze --climate H_01.cli --years 3");
+    const auto wrong = Orvelctl("-C " + Installation().string() +
+                                " single --pesticide gone.psm --scenario H_wcerea.sze --climate H_01.cli --years 3");
     fs::current_path(before);
 
     EXPECT_EQ(first.Exit, 0) << first.Printed;
@@ -244,8 +253,8 @@ TEST_F(End_To_End, Soil_Runs_Of_Both_Tiers_Reach_Their_Concentration_Tables)
         ASSERT_EQ(marked.Exit, 0) << marked.Printed;
         const auto run = Orvelctl(at + " start --mode " + mode + " --wait");
         ASSERT_EQ(run.Exit, 0) << run.Printed;
-        const fs::path place =
-            Installation() / (mode == "efsa" ? "EFSA" : "EFSA_T4") / "demo_S.run/Winter_-_cereals.run/Total_-_content_-_-_-_North_-_(T_N).run";
+        const fs::path place = Installation() / (mode == "efsa" ? "EFSA" : "EFSA_T4") /
+                               "demo_S.run/Winter_-_cereals.run/Total_-_content_-_-_-_North_-_(T_N).run";
 
         const auto table = Orvelctl("pecsoil '" + place.string() + "' --depth 5");
 
@@ -270,7 +279,8 @@ TEST_F(End_To_End, A_Series_Is_Printed_Summed_And_Painted)
 {
     const std::string series = "-C " + Installation().string() + " series '" + Run().string() + "' --column 3";
 
-    const auto rate = Orvelctl(series + " --from 7-01 --to 7-12"), sum = Orvelctl(series + " --from 7-01 --to 7-12 --cumulative");
+    const auto rate = Orvelctl(series + " --from 7-01 --to 7-12"),
+               sum = Orvelctl(series + " --from 7-01 --to 7-12 --cumulative");
     const fs::path picture = Place->Path() / "percolate.png";
     const auto painted = Orvelctl(series + " --to-file " + picture.string());
     const auto beyond = Orvelctl("-C " + Installation().string() + " series '" + Run().string() + "' --column 99");

@@ -22,8 +22,9 @@ protected:
     int Run(const std::string& words)
     {
         const auto out = Home / "out", told = Home / "told";
-        const int status =
-            std::system((std::string("'" ORVELCTL "' -C '") + Home.Path().string() + "' " + words + " >" + out.string() + " 2>" + told.string()).c_str());
+        const int status = std::system((std::string("'" ORVELCTL "' -C '") + Home.Path().string() + "' " + words +
+                                        " >" + out.string() + " 2>" + told.string())
+                                           .c_str());
         Out = Read_File(out);
         Standard_Error = Read_File(told);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -86,7 +87,8 @@ TEST_F(Orvelctl_Results, What_A_Failed_Run_Left_Is_Printed_Told_And_Exits_With_1
 
     for (const std::string command : {"tables ", "balance ", "pecsoil --depth 5 "}) {
         EXPECT_EQ(Run(command + Run_Path()), 1);
-        EXPECT_EQ(Standard_Error, "File check: The simulation failed: its echo file, echo.orv, tells why.\n") << command;
+        EXPECT_EQ(Standard_Error, "File check: The simulation failed: its echo file, echo.orv, tells why.\n")
+            << command;
         EXPECT_NE(Out.find("Engine"), std::string::npos);
     }
 }
@@ -104,7 +106,8 @@ TEST_F(Orvelctl_Results, Balance_Prints_The_Water_Table_First_By_Year_Or_By_Mont
 
 TEST_F(Orvelctl_Results, Pecsoil_Prints_The_Text_And_Writes_The_File_Of_Its_Depth)
 {
-    Write_File(Run_Files / "plot.orv", Plot_Head_Of(20, 20) + Plot_Line(2190, 24, {}) + Plot_Line(2191, 24, std::vector<std::string>(20, "2.0")));
+    Write_File(Run_Files / "plot.orv", Plot_Head_Of(20, 20) + Plot_Line(2190, 24, {}) +
+                                           Plot_Line(2191, 24, std::vector<std::string>(20, "2.0")));
 
     EXPECT_EQ(Run("pecsoil " + Run_Path() + " --depth 5"), 0);
 
@@ -125,7 +128,8 @@ TEST_F(Orvelctl_Results, Report_Finds_The_Mode_Directory_In_Any_Case_And_Names_T
 
     EXPECT_TRUE(Out.starts_with("FOCUS Summary Output File\n\nModel Version:          \tORVEL 4.01\n")) << Out;
     EXPECT_NE(Out.find("Results for Substance D\n"), std::string::npos);
-    EXPECT_NE(Out.find("\nCh\xC3\xA2teaudun (C)   \t(4/5)\t0.00E+00    \t0.00E+00    \t0.000\n"), std::string::npos) << Out;
+    EXPECT_NE(Out.find("\nCh\xC3\xA2teaudun (C)   \t(4/5)\t0.00E+00    \t0.00E+00    \t0.000\n"), std::string::npos)
+        << Out;
 }
 
 TEST_F(Orvelctl_Results, Report_Is_Saved_By_The_Ending_Of_The_File_And_Tells_What_Is_Missing)
@@ -138,7 +142,9 @@ TEST_F(Orvelctl_Results, Report_Is_Saved_By_The_Ending_Of_The_File_And_Tells_Wha
     EXPECT_EQ(Run(report + ".txt"), 0) << Standard_Error;
     EXPECT_TRUE(Read_File(Home / "r.txt").starts_with("FOCUS Summary Output File\r\n"));
     EXPECT_EQ(Run(report + ".csv --locations H,C"), 0);
-    EXPECT_NE(Standard_Error.find("Report: The location was not simulated: Ch\xC3\xA2teaudun (C).\n"), std::string::npos) << Standard_Error;
+    EXPECT_NE(Standard_Error.find("Report: The location was not simulated: Ch\xC3\xA2teaudun (C).\n"),
+              std::string::npos)
+        << Standard_Error;
     EXPECT_NE(Read_File(Home / "r.csv").find("\r\nMaize,Substance D,Ch\xC3\xA2teaudun (C),,"), std::string::npos);
     EXPECT_EQ(Run(report + ".html"), 0);
     EXPECT_TRUE(Read_File(Home / "r.html").starts_with("<!DOCTYPE html>"));

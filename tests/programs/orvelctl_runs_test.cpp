@@ -18,7 +18,8 @@ protected:
     Outcome Do(const std::string& words)
     {
         const std::string out = (Home / "printed").string(), told = (Home / "told").string();
-        const std::string command = std::string(ORVELCTL) + " -C '" + Home.Path().string() + "' " + words + " >" + out + " 2>" + told;
+        const std::string command =
+            std::string(ORVELCTL) + " -C '" + Home.Path().string() + "' " + words + " >" + out + " 2>" + told;
         const int status = std::system(command.c_str());
         return {WEXITSTATUS(status), Read_Whole(out), Read_Whole(told)};
     }
@@ -34,7 +35,8 @@ protected:
             Scenario(Home / "focus" / name);
     }
 
-    static constexpr auto Mark_Hamburg = "mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Hamburg (H)'";
+    static constexpr auto Mark_Hamburg =
+        "mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Hamburg (H)'";
 };
 
 TEST_F(Orvelctl_Runs, A_Batch_Is_Marked_Started_Waited_For_And_Listed)
@@ -44,7 +46,8 @@ TEST_F(Orvelctl_Runs, A_Batch_Is_Marked_Started_Waited_For_And_Listed)
 
     const auto marked = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --all --output minimum");
     EXPECT_EQ(marked.Code, 0) << marked.Standard_Error;
-    EXPECT_EQ(marked.Printed, "focus/my_-_test.run/Maize.run/Ch\u00E2teaudun_-_(C)--_-_irrigated.run\nfocus/my_-_test.run/Maize.run/Hamburg_-_(H).run\n");
+    EXPECT_EQ(marked.Printed, "focus/my_-_test.run/Maize.run/Ch\u00E2teaudun_-_(C)--_-_irrigated.run\nfocus/"
+                              "my_-_test.run/Maize.run/Hamburg_-_(H).run\n");
 
     const auto started = Do("start --mode focus --jobs 2 --wait");
     EXPECT_EQ(started.Code, 0) << started.Standard_Error;
@@ -63,7 +66,8 @@ TEST_F(Orvelctl_Runs, A_Location_Is_Given_In_The_Letters_Of_The_Terminal)
 {
     Three_Locations();
 
-    const auto marked = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Ch\u00E2teaudun (C), irrigated'");
+    const auto marked =
+        Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Ch\u00E2teaudun (C), irrigated'");
 
     EXPECT_EQ(marked.Code, 0) << marked.Standard_Error;
     EXPECT_TRUE(fs::exists(Home / "focus" / "batch.bat"));
@@ -78,8 +82,9 @@ TEST_F(Orvelctl_Runs, A_Combination_Already_Run_Is_Refused_Unless_It_Shall_Be_Re
 
     const auto refused = Do(Mark_Hamburg);
     EXPECT_EQ(refused.Code, 1);
-    EXPECT_EQ(refused.Standard_Error, "Starting ORVEL Simulations: You already performed a ORVEL-Simulation using this combination.If you continue the previous "
-                            "simulation will be removed!\n");
+    EXPECT_EQ(refused.Standard_Error, "Starting ORVEL Simulations: You already performed a ORVEL-Simulation using this "
+                                      "combination.If you continue the previous "
+                                      "simulation will be removed!\n");
 
     const auto replaced = Do(std::string(Mark_Hamburg) + " --replace");
     EXPECT_EQ(replaced.Code, 0);
@@ -90,9 +95,12 @@ TEST_F(Orvelctl_Runs, What_The_Form_Warns_Of_Is_Refused_With_Its_Text)
 {
     Three_Locations();
 
-    const auto refused = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Thiva (T), irrigated'");
+    const auto refused =
+        Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Thiva (T), irrigated'");
     EXPECT_EQ(refused.Code, 1);
-    EXPECT_EQ(refused.Standard_Error, "Starting ORVEL Simulations: No application pattern for Thiva (T) defined in the selected pesticide file\n");
+    EXPECT_EQ(
+        refused.Standard_Error,
+        "Starting ORVEL Simulations: No application pattern for Thiva (T) defined in the selected pesticide file\n");
     EXPECT_EQ(Do("mark --mode focus --pesticide none.psm --crop Maize --all").Code, 1);
     EXPECT_EQ(Do("mark --mode focus --pesticide 'my test.psm' --crop Corn --all").Code, 1);
     EXPECT_EQ(Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location Nowhere").Code, 1);
@@ -127,8 +135,10 @@ TEST_F(Orvelctl_Runs, The_Scaling_And_The_Kept_Number_Reach_The_Soil_Modes)
     EXPECT_EQ(Do("mark --mode efsa_t4 --scaling -0.5" + rest).Code, 0);
     EXPECT_EQ(Do("mark --mode efsa_t4 --scaling 5.05" + rest).Code, 1);
 
-    EXPECT_TRUE(Read_Whole(Home / "EFSA" / "orvel.inp").starts_with("026 01 01 31 12 Version 5          SOIL 1.5 \r\n"));
-    EXPECT_TRUE(Read_Whole(Home / "EFSA_T4" / "orvel.inp").starts_with("026 01 01 31 12 Version 5          SOIL-0.5\r\n"));
+    EXPECT_TRUE(
+        Read_Whole(Home / "EFSA" / "orvel.inp").starts_with("026 01 01 31 12 Version 5          SOIL 1.5 \r\n"));
+    EXPECT_TRUE(
+        Read_Whole(Home / "EFSA_T4" / "orvel.inp").starts_with("026 01 01 31 12 Version 5          SOIL-0.5\r\n"));
 }
 
 TEST_F(Orvelctl_Runs, A_Run_That_Fails_Is_The_Exit_Code_Of_The_Waiting_Start)
@@ -140,7 +150,9 @@ TEST_F(Orvelctl_Runs, A_Run_That_Fails_Is_The_Exit_Code_Of_The_Waiting_Start)
     const auto started = Do("start --mode focus --wait");
 
     EXPECT_EQ(started.Code, 1);
-    EXPECT_NE(started.Standard_Error.find("Starting ORVEL Simulations: Not every simulation has finished."), std::string::npos) << started.Standard_Error;
+    EXPECT_NE(started.Standard_Error.find("Starting ORVEL Simulations: Not every simulation has finished."),
+              std::string::npos)
+        << started.Standard_Error;
     EXPECT_TRUE(Do("status --mode focus").Printed.ends_with("\tScheduled\tERROR\n"));
     EXPECT_EQ(Do("start --mode focus").Code, 1); // nothing is pending any more
 }
@@ -151,7 +163,8 @@ TEST_F(Orvelctl_Runs, A_Second_Start_Is_Refused_While_A_Job_Is_At_Work)
     ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
     const auto job = Lock::Take(Home / "focus");
 
-    EXPECT_EQ(Do("start --mode focus").Standard_Error, "Starting ORVEL Simulations: The current ORVEL simulation is still running.\n");
+    EXPECT_EQ(Do("start --mode focus").Standard_Error,
+              "Starting ORVEL Simulations: The current ORVEL simulation is still running.\n");
 }
 
 TEST_F(Orvelctl_Runs, A_Wrong_Command_Line_Has_Exit_Code_2)

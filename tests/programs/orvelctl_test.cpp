@@ -16,7 +16,8 @@ protected:
     int Run(const std::string& arguments)
     {
         const std::string out = (Directory / "out").string(), error = (Directory / "error").string();
-        const int status = std::system((std::string("'" ORVELCTL "' ") + arguments + " >" + out + " 2>" + error).c_str());
+        const int status =
+            std::system((std::string("'" ORVELCTL "' ") + arguments + " >" + out + " 2>" + error).c_str());
         Out = Read_Whole(out);
         Error = Read_Whole(error);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;

@@ -30,7 +30,8 @@ TEST(Report_Chart_Rule, A_Value_Of_The_Limit_Has_The_First_Colour_And_One_Above_
 
     EXPECT_EQ(chart.Title, "80th Percentile Conc. of Demoxyl in leachate [\xB5g/L]");
     EXPECT_EQ(chart.X.Title, "Location");
-    EXPECT_EQ(chart.Boxes, (std::vector<Chart_Box>{{Colour::Series, 0.8, 1.2, 0.1}, {Colour::Marked, 1.8, 2.2, 0.101}}));
+    EXPECT_EQ(chart.Boxes,
+              (std::vector<Chart_Box>{{Colour::Series, 0.8, 1.2, 0.1}, {Colour::Marked, 1.8, 2.2, 0.101}}));
     EXPECT_EQ(chart.X.Ticks, (std::vector<Chart_Tick>{{1, Tick_Rank::Big, "H"}, {2, Tick_Rank::Big, "T"}}));
     EXPECT_EQ(chart.Y.High, 0.2);
 }

@@ -7,14 +7,20 @@ namespace orvel {
 
 namespace {
 
-// A report with everything in it that a form could stumble over: names with < & " ; and umlauts, a value of exactly the limit, a run without result.
+// A report with everything in it that a form could stumble over: names with < & " ; and umlauts, a value of exactly the
+// limit, a run without result.
 Report Small_Report()
 {
-    Report report{.Title = "Report", .Program = "ORVELSUITE 5.5", .Engine = "ORVEL 4.01", .Pesticide = "d\xF6mo; \"x\"", .Made = "2026-01-02 03:04"};
+    Report report{.Title = "Report",
+                  .Program = "ORVELSUITE 5.5",
+                  .Engine = "ORVEL 4.01",
+                  .Pesticide = "d\xF6mo; \"x\"",
+                  .Made = "2026-01-02 03:04"};
     report.Engine_File = {"orvel401.exe", "e1"};
     report.Notes = {"A note & <more>."};
     Report_Crop crop{.Name = "Maize"};
-    crop.Runs.push_back({.Location = "Kremsm\xFCnster (K)", .Date = "2026-01-01 00:00", .Years = 26, .Pesticide = {"d.psm", "p1"}});
+    crop.Runs.push_back(
+        {.Location = "Kremsm\xFCnster (K)", .Date = "2026-01-01 00:00", .Years = 26, .Pesticide = {"d.psm", "p1"}});
     crop.Runs.back().Uses = {{"1 kg/ha", "1 May", "every year, 1 to 26", "soil surface"}};
     crop.Runs.push_back({.Location = "Porto (O)", .Problem = "It failed; \"really\"."});
     Report_Table table{.Substance = "P & <Q>"};
@@ -37,18 +43,21 @@ bool Has(const std::string& text, const std::string& part)
 TEST(Report_As_Csv, A_Line_For_Each_Substance_And_Location_With_Fields_In_Quotes_Where_Needed)
 {
     const std::string engine = ",orvel401.exe,e1,ORVELSUITE 5.5\r\n";
-    const std::string run = ",,\"1 kg/ha, 1 May, every year, 1 to 26, soil surface\",2026-01-01 00:00,26,d.psm,p1" + engine;
+    const std::string run =
+        ",,\"1 kg/ha, 1 May, every year, 1 to 26, soil surface\",2026-01-01 00:00,26,d.psm,p1" + engine;
     const std::string failed = ",,,,,,,,,,,\"It failed; \"\"really\"\".\",,,,," + engine;
 
-    EXPECT_EQ(
-        Report_Csv(Small_Report()),
-        "\xEF\xBB\xBF"
-        "Crop,Substance,Location,80th percentile (\xC2\xB5g/L),Above 0.1 \xC2\xB5g/L,Period A,Years of A,Concentration of A (\xC2\xB5g/L),Period B,Years of B,"
-        "Concentration of B (\xC2\xB5g/L),Flux (g/ha),Percolate (L/m\xC2\xB2),Problem,Uses,Simulated on,Years,Pesticide file,SHA-256 of the pesticide file,"
-        "Engine,SHA-256 of the engine,Program\r\n"
-        "Maize,P & <Q>,Kremsm\xC3\xBCnster (K),0.100,no,17,23,0.120,16,22,0.080,0.2,200" +
-            run + "Maize,P & <Q>,Porto (O)" + failed + "Maize,M,Kremsm\xC3\xBCnster (K),0.101,yes,3,9,0.122,4,10,0.080,0.202,200" + run + "Maize,M,Porto (O)" +
-            failed);
+    EXPECT_EQ(Report_Csv(Small_Report()),
+              "\xEF\xBB\xBF"
+              "Crop,Substance,Location,80th percentile (\xC2\xB5g/L),Above 0.1 \xC2\xB5g/L,Period A,Years of "
+              "A,Concentration of A (\xC2\xB5g/L),Period B,Years of B,"
+              "Concentration of B (\xC2\xB5g/L),Flux (g/ha),Percolate (L/m\xC2\xB2),Problem,Uses,Simulated "
+              "on,Years,Pesticide file,SHA-256 of the pesticide file,"
+              "Engine,SHA-256 of the engine,Program\r\n"
+              "Maize,P & <Q>,Kremsm\xC3\xBCnster (K),0.100,no,17,23,0.120,16,22,0.080,0.2,200" +
+                  run + "Maize,P & <Q>,Porto (O)" + failed +
+                  "Maize,M,Kremsm\xC3\xBCnster (K),0.101,yes,3,9,0.122,4,10,0.080,0.202,200" + run +
+                  "Maize,M,Porto (O)" + failed);
 }
 
 TEST(Report_As_Csv, A_Crop_Without_Any_Result_Still_Tells_The_Problems_Of_Its_Locations)
@@ -75,14 +84,19 @@ TEST(Report_As_Html, The_Mark_Of_The_Limit_Stands_In_Words_And_Exactly_The_Limit
 {
     const std::string html = Report_Html(Small_Report());
 
-    EXPECT_TRUE(Has(html, "<tr><td>Kremsm\xC3\xBCnster (K)</td><td class=\"number\">0.100</td><td>kept</td><td>17 (23)</td><td class=\"number\">0.120</td>"
-                          "<td>16 (22)</td><td class=\"number\">0.080</td><td class=\"number\">0.2</td><td class=\"number\">200</td></tr>"));
-    EXPECT_TRUE(Has(html, "<tr class=\"above\"><td>Kremsm\xC3\xBCnster (K)</td><td class=\"number\">0.101</td><td>exceeded</td>"));
+    EXPECT_TRUE(Has(html, "<tr><td>Kremsm\xC3\xBCnster (K)</td><td class=\"number\">0.100</td><td>kept</td><td>17 "
+                          "(23)</td><td class=\"number\">0.120</td>"
+                          "<td>16 (22)</td><td class=\"number\">0.080</td><td class=\"number\">0.2</td><td "
+                          "class=\"number\">200</td></tr>"));
+    EXPECT_TRUE(Has(
+        html, "<tr class=\"above\"><td>Kremsm\xC3\xBCnster (K)</td><td class=\"number\">0.101</td><td>exceeded</td>"));
 }
 
 TEST(Report_As_Html, A_Run_Without_Result_Has_Its_Problem_In_Place_Of_Figures)
 {
-    EXPECT_TRUE(Has(Report_Html(Small_Report()), "<tr><td>Porto (O)</td><td class=\"problem\" colspan=\"8\">It failed; &quot;really&quot;.</td></tr>"));
+    EXPECT_TRUE(
+        Has(Report_Html(Small_Report()),
+            "<tr><td>Porto (O)</td><td class=\"problem\" colspan=\"8\">It failed; &quot;really&quot;.</td></tr>"));
 }
 
 TEST(Report_As_Html, Nothing_Is_Fetched_From_Elsewhere_And_The_Diagrams_Stand_In_The_Page)
@@ -115,7 +129,8 @@ TEST_F(Report_Session, The_Text_Is_That_Of_The_Summaries_In_Utf_8_One_Crop_Behin
 
     ASSERT_TRUE(text);
     EXPECT_TRUE(text->starts_with("FOCUS Summary Output File\r\n\r\nModel Version:          \tORVEL 4.01\r\n"));
-    EXPECT_LT(text->find("Simulated crop:         \tMaize\r\n"), text->find("Simulated crop:         \tWinter cereals\r\n"));
+    EXPECT_LT(text->find("Simulated crop:         \tMaize\r\n"),
+              text->find("Simulated crop:         \tWinter cereals\r\n"));
     EXPECT_TRUE(Has(*text, "\r\nKremsm\xC3\xBCnster (K) \t(17/16)\t45.0000     \t200.000     \t22.500\r\n")) << *text;
 }
 

@@ -2,17 +2,18 @@
 
 #include "core/files.h"
 #include "files/pesticide_file.h"
-#include "tables/leachate_run.h"
-#include "report/report.h"
 #include "recording_user.h"
+#include "report/report.h"
+#include "tables/leachate_run.h"
 
 #include <gtest/gtest.h>
 
 namespace orvel {
 
-// An installation with finished runs of the substances "P & <Q>" and "M", made up so that the percentile of a run with factor f is f times 22.5 ug/L for
-// the first one: the fluxes 1 to 26 g/ha times f in 100 L/m2 give concentrations that rise from year to year, 23 f and 22 f are the fourth and fifth
-// highest of the years 7 to 26, and the second substance has none.
+// An installation with finished runs of the substances "P & <Q>" and "M", made up so that the percentile of a run with
+// factor f is f times 22.5 ug/L for the first one: the fluxes 1 to 26 g/ha times f in 100 L/m2 give concentrations that
+// rise from year to year, 23 f and 22 f are the fourth and fifth highest of the years 7 to 26, and the second substance
+// has none.
 class Report_Session : public testing::Test {
 protected:
     Report_Session()
@@ -23,11 +24,15 @@ protected:
         The_Session.Program.Aktuelle_ORVELSUITE_Version = "ORVELSUITE 5.5.5";
         The_Session.Ask = std::ref(The_User);
         Write_Whole(Installation / "orvel401.exe", "abc");
-        std::filesystem::last_write_time(Installation / "orvel401.exe", std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+        std::filesystem::last_write_time(Installation / "orvel401.exe",
+                                         std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
         Write_Pesticide(Installation.Path(), 1);
     }
 
-    static std::filesystem::path Run_Of(const std::string& crop, const std::string& location) { return "focus/demo.run/" + crop + ".run/" + location + ".run"; }
+    static std::filesystem::path Run_Of(const std::string& crop, const std::string& location)
+    {
+        return "focus/demo.run/" + crop + ".run/" + location + ".run";
+    }
 
     // One application a year on 1 November at both locations.
     static void Write_Pesticide(const std::filesystem::path& directory, double rate)
@@ -47,7 +52,8 @@ protected:
         Write_Whole(directory / "demo.psm", Format_PSM(*document));
     }
 
-    std::filesystem::path Add_Run(const std::string& crop, const std::string& location, int factor, const std::vector<std::string>& names = {"P & <Q>", "M"})
+    std::filesystem::path Add_Run(const std::string& crop, const std::string& location, int factor,
+                                  const std::vector<std::string>& names = {"P & <Q>", "M"})
     {
         Leachate_Run run({.Names = names});
         auto fluxes = Rising(26);
@@ -66,7 +72,8 @@ protected:
         return place;
     }
 
-    std::vector<Summary_Request> Requests(const std::string& crop = "all", const std::vector<std::string>& codes = {}) const
+    std::vector<Summary_Request> Requests(const std::string& crop = "all",
+                                          const std::vector<std::string>& codes = {}) const
     {
         return Request_Summaries(The_Session, Mode_Of(Mode_Kind::Focus), "demo", crop, codes);
     }

@@ -41,7 +41,8 @@ TEST_F(Report_Session, A_Result_Holds_Percentile_And_Both_Years_That_It_Is_Made_
     EXPECT_EQ(crop.Tables[0].Results[1].P80.Conc, 45);
     EXPECT_FALSE(crop.Tables[1].Results[0].Above_Limit); // nothing leached
     EXPECT_EQ(crop.Runs[0].Years, 26);
-    EXPECT_EQ(crop.Runs[0].Titles, (std::vector<std::string>{"Engine", "Scenario", "Pesticide", "Soil concentrations: total content (mg/kg)"}));
+    EXPECT_EQ(crop.Runs[0].Titles, (std::vector<std::string>{"Engine", "Scenario", "Pesticide",
+                                                             "Soil concentrations: total content (mg/kg)"}));
     EXPECT_EQ(crop.Tables[0].Diagram.Boxes.size(), 2U);
 }
 
@@ -78,7 +79,8 @@ TEST_F(Report_Session, The_Files_Are_Named_With_The_Digest_Of_Their_Bytes)
 
     const Report report = Gathered();
 
-    EXPECT_EQ(report.Engine_File, (Checked_File{"orvel401.exe", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"}));
+    EXPECT_EQ(report.Engine_File,
+              (Checked_File{"orvel401.exe", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"}));
     const auto& gathered = report.Crops[0].Runs[0];
     EXPECT_EQ(gathered.Pesticide, (Checked_File{"demo.psm", Sha256(Read_File(run / "demo.psm"))}));
     EXPECT_EQ(gathered.Scenario, (Checked_File{"H_test.sze", Sha256("scenario")}));
@@ -94,14 +96,17 @@ TEST_F(Report_Session, The_Uses_Are_Those_Of_The_File_That_Was_Simulated)
 
     const Report report = Gathered();
 
-    EXPECT_EQ(report.Crops[0].Runs[0].Uses, (std::vector<Report_Use>{{"1 kg/ha", "1 November", "every year, 1 to 26", "soil surface"}}));
-    EXPECT_TRUE(Holds(report.Notes, "The pesticide file of the installation differs from the one that was simulated: Hamburg (H)."));
+    EXPECT_EQ(report.Crops[0].Runs[0].Uses,
+              (std::vector<Report_Use>{{"1 kg/ha", "1 November", "every year, 1 to 26", "soil surface"}}));
+    EXPECT_TRUE(Holds(report.Notes,
+                      "The pesticide file of the installation differs from the one that was simulated: Hamburg (H)."));
 }
 
 TEST_F(Report_Session, A_Failed_A_Missing_And_A_Scheduled_Simulation_Have_A_Problem_And_No_Figures)
 {
     Add_Run("Maize", Hamburg, 1);
-    Write_Whole(Add_Run("Maize", Kremsmuenster, 1) / "echo.orv", Echo_File({.Names = {"P & <Q>", "M"}, .Last = " *** ERROR 12 ***"}));
+    Write_Whole(Add_Run("Maize", Kremsmuenster, 1) / "echo.orv",
+                Echo_File({.Names = {"P & <Q>", "M"}, .Last = " *** ERROR 12 ***"}));
     fs::remove(Add_Run("Maize", "Porto_-_(O)", 1) / "echo.orv");
     fs::remove(Add_Run("Maize", "Thiva_-_(T)", 1) / "Wasser.orv");
 
@@ -112,7 +117,8 @@ TEST_F(Report_Session, A_Failed_A_Missing_And_A_Scheduled_Simulation_Have_A_Prob
     EXPECT_EQ(runs[0].Problem, "");
     EXPECT_EQ(runs[1].Problem, "The simulation failed: the engine reports an error.");
     EXPECT_EQ(runs[2].Problem, "The simulation has not been run yet.");
-    EXPECT_TRUE(runs[3].Problem.starts_with("The file ")) << runs[3].Problem; // Wasser.orv, behind the locations that have a directory stands Sevilla
+    EXPECT_TRUE(runs[3].Problem.starts_with("The file "))
+        << runs[3].Problem; // Wasser.orv, behind the locations that have a directory stands Sevilla
     EXPECT_EQ(runs[4].Location, "Sevilla (S)");
     EXPECT_EQ(runs[4].Problem, "The location was not simulated.");
     ASSERT_EQ(report.Crops[0].Tables[0].Results.size(), 1U);
@@ -177,9 +183,11 @@ TEST_F(Report_Session, An_Engine_That_Is_Newer_Than_A_Run_Or_Gone_Is_Noted)
 TEST_F(Report_Session, Runs_Of_Data_That_Are_Marked_So_Are_Noted_As_Not_For_Regulatory_Use)
 {
     const auto run = Add_Run("Maize", Hamburg, 1);
-    Write_Whole(run / "plot.orv", Replace_All(Read_File(run / "plot.orv"), "Scenario", "Made up, NOT for regulatory use"));
+    Write_Whole(run / "plot.orv",
+                Replace_All(Read_File(run / "plot.orv"), "Scenario", "Made up, NOT for regulatory use"));
 
-    EXPECT_EQ(Gathered().Notes, std::vector<std::string>{"Data of these simulations are marked \"not for regulatory use\": Hamburg (H)."});
+    EXPECT_EQ(Gathered().Notes, std::vector<std::string>{
+                                    "Data of these simulations are marked \"not for regulatory use\": Hamburg (H)."});
 }
 
 TEST_F(Report_Session, The_User_May_Stop_The_Gathering)

@@ -41,8 +41,9 @@ TEST_F(Uses_Of_A_Location, Applications_That_Differ_In_Their_Year_Alone_Are_One_
     }
     Apply(applications);
 
-    EXPECT_EQ(Uses_Of(Document, "Hamburg (H)"), (std::vector<Report_Use>{{"0.75 kg/ha", "1 November", "every year, 1 to 26", "soil surface"},
-                                                                         {"0.5 kg/ha", "15 November", "every year, 1 to 26", "5 cm deep"}}));
+    EXPECT_EQ(Uses_Of(Document, "Hamburg (H)"),
+              (std::vector<Report_Use>{{"0.75 kg/ha", "1 November", "every year, 1 to 26", "soil surface"},
+                                       {"0.5 kg/ha", "15 November", "every year, 1 to 26", "5 cm deep"}}));
 }
 
 TEST_F(Uses_Of_A_Location, The_Text_Of_A_List_May_Say_More_Behind_The_Code)
@@ -73,8 +74,10 @@ TEST_F(Uses_Of_A_Location, Relative_Dates_Are_Those_Of_All_Locations)
     Document.Relative[2] = {-1, 0, 3, 1};
     Document.Relative[3] = {14, 2, 1, 0.25};
 
-    EXPECT_EQ(Uses_Of(Document, "Porto (O)"), (std::vector<Report_Use>{{"1 kg/ha", "1 day before 1st emergence in the year", "years 1 and 3", "soil surface"},
-                                                                       {"0.25 kg/ha", "14 days after 1st harvest in the year", "year 1", "soil surface"}}));
+    EXPECT_EQ(
+        Uses_Of(Document, "Porto (O)"),
+        (std::vector<Report_Use>{{"1 kg/ha", "1 day before 1st emergence in the year", "years 1 and 3", "soil surface"},
+                                 {"0.25 kg/ha", "14 days after 1st harvest in the year", "year 1", "soil surface"}}));
 }
 
 TEST(Years_In_Words, Equal_Steps_Are_Named_And_Others_Listed)

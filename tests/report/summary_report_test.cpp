@@ -1,8 +1,8 @@
 #include "report/summary_report.h"
 
 #include "core/error.h"
-#include "tables/leachate_run.h"
 #include "recording_user.h"
+#include "tables/leachate_run.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A run of 26 years with the fluxes 1, 2, 3 ... times a factor, so that the fourth and fifth highest are the periods 17 and 16 with 23 and 22 times it.
+// A run of 26 years with the fluxes 1, 2, 3 ... times a factor, so that the fourth and fifth highest are the periods 17
+// and 16 with 23 and 22 times it.
 void Write_Run(const fs::path& directory, int factor)
 {
     Leachate_Run run({.Names = {"P", "M"}});
@@ -38,7 +39,10 @@ protected:
         The_Session.Ask = std::ref(The_User);
     }
 
-    Summary_Request Request() const { return Request_Summary(The_Session, Mode_Of(Mode_Kind::Focus), "test", "Winter cereals"); }
+    Summary_Request Request() const
+    {
+        return Request_Summary(The_Session, Mode_Of(Mode_Kind::Focus), "test", "Winter cereals");
+    }
 
     Temporary_Directory Installation;
     Session The_Session;
@@ -131,7 +135,9 @@ TEST_F(Summary_Report, A_Location_Without_Period_Table_Shows_The_Box_And_No_Text
 
     EXPECT_FALSE(Build_Summary(The_Session, request));
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Problem with output files. Probably, one of the simulations failed!"})});
+    EXPECT_EQ(
+        The_User.Messages,
+        std::vector{(Message{"File check", "Problem with output files. Probably, one of the simulations failed!"})});
 }
 
 TEST_F(Summary_Report, Ten_Locations_Are_Taken_And_An_Eleventh_Is_Not)
@@ -168,7 +174,8 @@ TEST_F(Summary_Report, A_Location_Text_Without_Brackets_Has_An_Empty_Name_And_On
 
     ASSERT_TRUE(report);
     EXPECT_EQ(report->Location_Short, std::vector<std::string>{""});
-    EXPECT_EQ(Lines_With(Summary_Text(*report), "(17/16)")[0], "          \t(17/16)\t45.0000     \t200.000     \t22.500");
+    EXPECT_EQ(Lines_With(Summary_Text(*report), "(17/16)")[0],
+              "          \t(17/16)\t45.0000     \t200.000     \t22.500");
 }
 
 TEST_F(Summary_Report, A_Name_Below_Seven_Characters_Is_Padded_Only_To_Ten_More)
@@ -177,7 +184,8 @@ TEST_F(Summary_Report, A_Name_Below_Seven_Characters_Is_Padded_Only_To_Ten_More)
     request.Locations.resize(1);
     request.Locations[0].Text = "X (H) and more";
 
-    EXPECT_EQ(Lines_With(Summary_Text(*Build_Summary(The_Session, request)), "(17/16)")[0], "X (H)          \t(17/16)\t45.0000     \t200.000     \t22.500");
+    EXPECT_EQ(Lines_With(Summary_Text(*Build_Summary(The_Session, request)), "(17/16)")[0],
+              "X (H)          \t(17/16)\t45.0000     \t200.000     \t22.500");
 }
 
 TEST(Gather_Percentiles, Only_The_Part_At_1_M_Is_Read)
@@ -187,7 +195,8 @@ TEST(Gather_Percentiles, Only_The_Part_At_1_M_Is_Read)
 
     Gather_Percentiles(report, 0, "Hamburg (H)",
                        Percentile("17/16", "22.500") + Percentile("4/5", "1.250") +
-                           "\tResults for P in the percolate at the bottom of the simulated soil core\r\n" + Percentile("1/2", "99.000"));
+                           "\tResults for P in the percolate at the bottom of the simulated soil core\r\n" +
+                           Percentile("1/2", "99.000"));
 
     EXPECT_EQ(report.Substances[0].Rows.size(), 1U);
     EXPECT_EQ(report.Substances[1].Rows.size(), 1U);

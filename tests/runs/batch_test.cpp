@@ -1,8 +1,8 @@
 #include "core/system/lock.h"
 #include "core/text.h"
+#include "jobs/job.h"
 #include "run_fixture.h"
 #include "runs/batch.h"
-#include "jobs/job.h"
 
 #include <chrono>
 #include <csignal>
@@ -42,9 +42,13 @@ TEST_F(Batch_Test, A_Marked_Combination_Has_Its_Directory_With_All_Files_And_Fiv
     ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
 
     const fs::path run = Home / "focus" / "test.run" / "Maize.run" / "Hamburg_-_(H).run";
-    EXPECT_EQ(Names_In(run), (std::vector<std::string>{"Haude.dat", "H_maize.sze", "orvel.inp", "orvel401.exe", "test.psm"}));
+    EXPECT_EQ(Names_In(run),
+              (std::vector<std::string>{"Haude.dat", "H_maize.sze", "orvel.inp", "orvel401.exe", "test.psm"}));
     EXPECT_EQ(Read_Whole(run / "orvel.inp"), Read_Whole(Home / "focus" / "orvel.inp"));
-    EXPECT_TRUE(Read_Whole(run / "orvel.inp").starts_with("026 01 01 31 12 Version 5\r\n..\\..\\..\\H_maize.sze\r\ntest.psm\r\n..\\..\\..\\H_01.cli\r\n"));
+    EXPECT_TRUE(
+        Read_Whole(run / "orvel.inp")
+            .starts_with(
+                "026 01 01 31 12 Version 5\r\n..\\..\\..\\H_maize.sze\r\ntest.psm\r\n..\\..\\..\\H_01.cli\r\n"));
     EXPECT_EQ(::access((run / "orvel401.exe").c_str(), X_OK), 0);
     EXPECT_EQ(Read_Whole(Home / "focus" / "batch.bat"), "cd test.run\\Maize.run\\Hamburg_-_(H).run\r\n"
                                                         "if exist *.orv del *.orv\r\n"
@@ -71,7 +75,8 @@ TEST_F(Batch_Test, A_Second_Combination_Climbs_Back_First_And_Its_Path_Is_In_The
                                "orvel401.exe\r\n"
                                "if exist orvel401.exe del orvel401.exe\r\n"));
     EXPECT_EQ(The_Session.Run.Job_Dir.at(1), "test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run");
-    EXPECT_TRUE(fs::is_directory(Home / "focus" / "test.run" / "Maize.run" / "Ch\u00E2teaudun_-_(C)--_-_irrigated.run"));
+    EXPECT_TRUE(
+        fs::is_directory(Home / "focus" / "test.run" / "Maize.run" / "Ch\u00E2teaudun_-_(C)--_-_irrigated.run"));
 }
 
 TEST_F(Batch_Test, Marking_The_Same_Combination_Twice_Is_Told_And_Keeps_One_Block)
@@ -82,7 +87,8 @@ TEST_F(Batch_Test, Marking_The_Same_Combination_Twice_Is_Told_And_Keeps_One_Bloc
 
     EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Already_Selected);
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{std::string(Title), "You already selected this combination in your batch job!"})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{std::string(Title), "You already selected this combination in your batch job!"})});
     EXPECT_EQ(Read_Whole(Home / "focus" / "batch.bat"), batch);
 }
 
@@ -138,8 +144,10 @@ TEST_F(Batch_Test, A_Run_At_Work_Cannot_Be_Replaced)
               "An error occured when preparing this simulation (errorcode 1).\r\n"
               "ORVEL could not delete the output files of the following (previous) simulation: \r\n" +
                   Run_Of(Hamburg).string() +
-                  ".\r\n\r\nYou are eventually running a ORVEL-Simulation using this combination. Please wait until the current simulation has "
-                  "finished.\r\nIf you are not running a ORVEL simulation, please check whether you opened any ORVEL output files (extension "
+                  ".\r\n\r\nYou are eventually running a ORVEL-Simulation using this combination. Please wait until "
+                  "the current simulation has "
+                  "finished.\r\nIf you are not running a ORVEL simulation, please check whether you opened any ORVEL "
+                  "output files (extension "
                   "ORV.)\r\n\r\n");
     EXPECT_TRUE(fs::exists(Run_Of(Hamburg) / "plot.orv"));
     EXPECT_FALSE(Pending());
@@ -195,7 +203,8 @@ TEST_F(Batch_Test, A_Directory_That_Holds_A_Directory_Is_Not_Replaced)
               "An error occured when preparing this simulation (errorcode 2).\r\n"
               "ORVEL could not delete the following directory (previous simulation): \r\n" +
                   Run_Of(Hamburg).string() +
-                  ".\r\n\r\nPlease Check whether there are still files left in the directory. If you are using Windows NT or Windows 2000, please check "
+                  ".\r\n\r\nPlease Check whether there are still files left in the directory. If you are using Windows "
+                  "NT or Windows 2000, please check "
                   "whether you have sufficient rights to create or delete directories.");
     EXPECT_TRUE(fs::exists(Run_Of(Hamburg) / "kept results"));
 }
@@ -212,7 +221,8 @@ TEST_F(Batch_Test, A_Name_That_Is_Too_Long_For_A_Directory_Is_Told)
               "An error occured when preparing this simulation (errorcode 3).\r\n"
               "ORVEL could not create the following directory for the new simulation.\r\n" +
                   place.string() +
-                  ".\r\n\r\nIf you are using Windows NT or Windows 2000, please check whether you have sufficient rights to create "
+                  ".\r\n\r\nIf you are using Windows NT or Windows 2000, please check whether you have sufficient "
+                  "rights to create "
                   "or delete directories.");
     EXPECT_FALSE(Pending());
 }
@@ -226,16 +236,19 @@ TEST_F(Batch_Test, A_Copy_That_Fails_Marks_Nothing_And_Keeps_The_Earlier_Simulat
 
     EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
 
-    EXPECT_EQ(The_User.Messages.at(0).Text, "An error occured when preparing this simulation (errorcode 6).\r\nCannot read " + (Home / "Haude.dat").string() +
-                                                ": No such file or directory.");
+    EXPECT_EQ(The_User.Messages.at(0).Text,
+              "An error occured when preparing this simulation (errorcode 6).\r\nCannot read " +
+                  (Home / "Haude.dat").string() + ": No such file or directory.");
     EXPECT_EQ(Names_In(Run_Of(Hamburg)), std::vector<std::string>{"old.txt"});
     EXPECT_FALSE(Pending());
 }
 
 TEST_F(Batch_Test, Each_Copy_Has_Its_Stage_And_Leaves_No_Half_Made_Directory)
 {
-    const std::pair<const char*, const char*> cases[] = {
-        {"test.psm", "(errorcode 4)"}, {"orvel401.exe", "(errorcode 5)"}, {"Haude.dat", "(errorcode 6)"}, {"focus/H_maize.sze", "(errorcode 9)"}};
+    const std::pair<const char*, const char*> cases[] = {{"test.psm", "(errorcode 4)"},
+                                                         {"orvel401.exe", "(errorcode 5)"},
+                                                         {"Haude.dat", "(errorcode 6)"},
+                                                         {"focus/H_maize.sze", "(errorcode 9)"}};
     for (const auto& [missing, stage] : cases) {
         const auto choice = Maize_At_Hamburg();
         fs::rename(Home / missing, Home / "aside");
@@ -278,7 +291,8 @@ TEST_F(Batch_Test, A_Disk_That_Takes_No_More_Is_Told_With_Its_Stage_And_Leaves_N
     std::signal(SIGXFSZ, handler);
     EXPECT_EQ(result, Mark_Result::Failed);
     EXPECT_EQ(The_User.Messages.at(0).Text,
-              "An error occured when preparing this simulation (errorcode 5).\r\nCannot copy " + (Home / "orvel401.exe").string() + ": File too large.");
+              "An error occured when preparing this simulation (errorcode 5).\r\nCannot copy " +
+                  (Home / "orvel401.exe").string() + ": File too large.");
     EXPECT_TRUE(List_Directories(Home / "focus", "*").empty());
     EXPECT_FALSE(Pending());
 }
@@ -334,7 +348,8 @@ TEST_F(Batch_Test, The_Soil_Modes_Copy_Run_Bat_As_Stage_8_And_No_Scenario)
     Put(Home / "EFSA" / "run.bat", "rem\r\n");
     EXPECT_EQ(Mark_For_Batch(The_Session, Tier_2(), choice), Mark_Result::Marked);
     const fs::path run = Home / "EFSA" / "test.run" / "Maize.run" / "Total_-_content_-_-_-_North_-_(T_N).run";
-    EXPECT_EQ(Names_In(run), (std::vector<std::string>{"Haude.dat", "orvel.inp", "orvel401.exe", "run.bat", "test.psm"}));
+    EXPECT_EQ(Names_In(run),
+              (std::vector<std::string>{"Haude.dat", "orvel.inp", "orvel401.exe", "run.bat", "test.psm"}));
     EXPECT_TRUE(fs::exists(Home / "EFSA" / "batch.bat"));
     EXPECT_FALSE(Pending());
 }
@@ -391,8 +406,10 @@ TEST_F(Batch_Test, The_Combination_Behind_The_500th_Is_Refused_With_A_Message)
 
     EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{std::string(Title), "A batch holds at most 500 combinations. Please start it before you select further "
-                                                                          "ones."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{std::string(Title),
+                                   "A batch holds at most 500 combinations. Please start it before you select further "
+                                   "ones."})});
     EXPECT_EQ(Read_Whole(Home / "focus" / "batch.bat"), batch);
 }
 
@@ -410,12 +427,14 @@ TEST_F(Batch_Test, Mark_All_Marks_The_Locations_With_Application_Data_And_Passes
         Scenario(Home / "focus" / name);
     std::vector<int> steps;
 
-    const auto result = Mark_All(The_Session, Focus(), {.Pesticide = "test.psm", .Crop = Maize}, [&](int i, int) { steps.push_back(i); });
+    const auto result = Mark_All(The_Session, Focus(), {.Pesticide = "test.psm", .Crop = Maize},
+                                 [&](int i, int) { steps.push_back(i); });
 
     EXPECT_EQ(result.Marked, 2);
     EXPECT_EQ(result.Passed_Over, 2);
     EXPECT_EQ(result.Failed, 0);
-    EXPECT_EQ(The_Session.Run.Job_Dir, (std::vector<std::string>{"test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run", Hamburg}));
+    EXPECT_EQ(The_Session.Run.Job_Dir,
+              (std::vector<std::string>{"test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run", Hamburg}));
     EXPECT_EQ(steps, (std::vector{0, 1, 2, 3}));
     EXPECT_TRUE(The_User.Messages.empty());
 }
@@ -457,7 +476,8 @@ TEST_F(Batch_Test, A_Batch_With_Foreign_Lines_Is_Told_And_Not_Started)
 
     EXPECT_EQ(Start_Batch(The_Session, Focus(), 1, ORVELJOB).Result, Start_Result::Failed);
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{std::string(Title), "The job file holds something else than a job in line 1."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{std::string(Title), "The job file holds something else than a job in line 1."})});
     EXPECT_FALSE(fs::exists(Home / "focus" / "orveljob.bat"));
 }
 

@@ -13,7 +13,8 @@ TEST_F(Crops_Test, Locations_Are_Those_With_A_Scenario_File_In_The_Class_Of_The_
     Scenario(Home / "focus" / "S_maize.sze");
     Scenario(Home / "focus" / "S_wcerea.sze");
 
-    EXPECT_EQ(Locations_Of_Crop(The_Session, Focus(), Maize), (Texts{"Ch\xE2teaudun (C), irrigated", "Hamburg (H)", "Sevilla (S), irrigated"}));
+    EXPECT_EQ(Locations_Of_Crop(The_Session, Focus(), Maize),
+              (Texts{"Ch\xE2teaudun (C), irrigated", "Hamburg (H)", "Sevilla (S), irrigated"}));
     EXPECT_EQ(Locations_Of_Crop(The_Session, Focus(), Winter_Cereals), (Texts{"Sevilla (S), no irrigation"}));
 }
 
@@ -34,10 +35,15 @@ TEST_F(Crops_Test, A_Separator_Has_No_Locations_In_Any_Mode)
 
 TEST_F(Crops_Test, The_Soil_Modes_Add_The_Letters_Of_Their_Table_Behind_The_Six_Zones)
 {
-    const Texts zones{"Total content - North (T_N)",           "Total content - Central (T_C)",           "Total content - South (T_S)",
-                      "Porewater concentration - North (P_N)", "Porewater concentration - Central (P_C)", "Porewater concentration - South (P_S)"};
+    const Texts zones{"Total content - North (T_N)",
+                      "Total content - Central (T_C)",
+                      "Total content - South (T_S)",
+                      "Porewater concentration - North (P_N)",
+                      "Porewater concentration - Central (P_C)",
+                      "Porewater concentration - South (P_S)"};
     Texts onions_4 = zones, individual_2 = zones;
-    onions_4.insert(onions_4.end(), {"Ch\xE2teaudun (C), irrigated", "Hamburg (H)", "Jokioinen (J)", "Kremsm\xFCnster (K)", "Porto (O), irrigated"});
+    onions_4.insert(onions_4.end(), {"Ch\xE2teaudun (C), irrigated", "Hamburg (H)", "Jokioinen (J)",
+                                     "Kremsm\xFCnster (K)", "Porto (O), irrigated"});
 
     EXPECT_EQ(Locations_Of_Crop(The_Session, Tier_4(), 17), onions_4);
     EXPECT_EQ(Locations_Of_Crop(The_Session, Tier_2(), 17).size(), 10u);

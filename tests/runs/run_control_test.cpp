@@ -23,7 +23,8 @@ TEST_F(Run_Control_Test, A_Focus_Run_With_The_Minimum_Output_Is_Laid_Out_Line_By
     The_Session.Run.App_Pattern = 1;
     The_Session.Output = Minimum_Output();
 
-    const auto text = Format_Run(The_Session, Focus(), {.Pesticide = "test.psm", .Crop = Apples, .Location = "Ch\xE2teaudun (C), irrigated"});
+    const auto text = Format_Run(The_Session, Focus(),
+                                 {.Pesticide = "test.psm", .Crop = Apples, .Location = "Ch\xE2teaudun (C), irrigated"});
 
     EXPECT_EQ(text, "026 01 01 31 12 Version 5\r\n"
                     "..\\..\\..\\C_apples.sze\r\n"
@@ -37,7 +38,8 @@ TEST_F(Run_Control_Test, Applications_Every_Other_Year_Take_46_Climate_Files)
 {
     The_Session.Run.App_Pattern = 2;
 
-    const auto text = Format_Run(The_Session, Focus(), {.Pesticide = "t.psm", .Crop = Apples, .Location = "Ch\xE2teaudun (C), irrigated"});
+    const auto text = Format_Run(The_Session, Focus(),
+                                 {.Pesticide = "t.psm", .Crop = Apples, .Location = "Ch\xE2teaudun (C), irrigated"});
 
     EXPECT_TRUE(text.starts_with("046 01 01 31 12 Version 5\r\n"));
     EXPECT_NE(text.find("t.psm\r\n" + Years_Of_Climate("C", 46) + "00000000 00.\r\n"), std::string::npos);
@@ -58,7 +60,8 @@ TEST_F(Run_Control_Test, An_Irregular_Pattern_Runs_The_Years_Asked_For_In_Focus_
 TEST_F(Run_Control_Test, The_Tillage_Depth_Stands_Before_A_Point_And_Is_Zero_While_Its_Frame_Is_Hidden)
 {
     The_Session.Output = Minimum_Output();
-    Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)", .Tillage = "20", .Tillage_Visible = true};
+    Run_Choice choice{
+        .Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)", .Tillage = "20", .Tillage_Visible = true};
 
     EXPECT_NE(Format_Run(The_Session, Focus(), choice).find("\r\n00000001 20.\r\n"), std::string::npos);
     EXPECT_EQ(The_Session.Run.Till_Depth, 20);
@@ -76,7 +79,8 @@ TEST_F(Run_Control_Test, A_Gap_In_The_Slots_Gives_A_Row_Without_A_Code_And_Loses
     The_Session.Output[1] = {.Out_Var = 6, .Out_Depth = 5};
     The_Session.Output[3] = {.Out_Var = 23, .Out_Depth = 100, .Out_Depth2 = 2};
 
-    const auto text = Format_Run(The_Session, Focus(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)"});
+    const auto text =
+        Format_Run(The_Session, Focus(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)"});
 
     EXPECT_TRUE(text.ends_with("00000003 00.\r\n"
                                "    PRSN    TSER  000.0     1.0 00000001\r\n"
@@ -109,14 +113,17 @@ TEST_F(Run_Control_Test, The_Soil_Modes_Ask_For_The_Profile_Of_Each_Substance_Pr
     The_Session.Pesticide.Met_Present[1] = true;
     The_Session.Pesticide.Met_Present[4] = true;
 
-    const auto text = Format_Run(The_Session, Tier_2(), {.Pesticide = "t.psm", .Crop = Winter_Cereals, .Location = "Total content - North (T_N)", .Tillage = "5"});
+    const auto text = Format_Run(
+        The_Session, Tier_2(),
+        {.Pesticide = "t.psm", .Crop = Winter_Cereals, .Location = "Total content - North (T_N)", .Tillage = "5"});
 
     EXPECT_NE(text.find("..\\..\\..\\T_N_wcerea.sze\r\nt.psm\r\n..\\..\\..\\T_N_01.cli\r\n"), std::string::npos);
     EXPECT_NE(text.find("\r\n00000001    5.000000040\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n"
                         "    TPSC    TSER  001.0  1.0E06 00000001\r\n"
                         "    TPSC    TSER  002.0  1.0E06 00000001\r\n"),
               std::string::npos);
-    EXPECT_NE(text.find("    TPSC    TSER  020.0  1.0E06 00000001\r\n    TPSC    TSER  001.0  1.0E06 00000004\r\n"), std::string::npos);
+    EXPECT_NE(text.find("    TPSC    TSER  020.0  1.0E06 00000001\r\n    TPSC    TSER  001.0  1.0E06 00000004\r\n"),
+              std::string::npos);
     EXPECT_TRUE(text.ends_with("    TPSC    TSER  020.0  1.0E06 00000004\r\n"));
     EXPECT_EQ(std::ranges::count(text, '\n'), 3 + 26 + 1 + 1 + 40);
 }
@@ -127,9 +134,11 @@ TEST_F(Run_Control_Test, Porewater_Zones_Ask_For_The_Dissolved_Concentration_And
     The_Session.Pesticide.Met_Present[1] = true;
     Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Porewater concentration - South (P_S)"};
 
-    EXPECT_NE(Format_Run(The_Session, Tier_4(), choice).find("    SPSC    TSER  001.0  1.0E06 00000001"), std::string::npos);
+    EXPECT_NE(Format_Run(The_Session, Tier_4(), choice).find("    SPSC    TSER  001.0  1.0E06 00000001"),
+              std::string::npos);
     choice.Location = "Piacenza (P), irrigated";
-    EXPECT_NE(Format_Run(The_Session, Tier_4(), choice).find("    TPSC    TSER  001.0  1.0E06 00000001"), std::string::npos);
+    EXPECT_NE(Format_Run(The_Session, Tier_4(), choice).find("    TPSC    TSER  001.0  1.0E06 00000001"),
+              std::string::npos);
 }
 
 TEST_F(Run_Control_Test, A_Focus_Location_Has_Its_Letter_In_Tier_4_And_No_Code_In_Tier_2)
@@ -144,7 +153,8 @@ TEST_F(Run_Control_Test, A_Blank_Tillage_Depth_Leaves_The_Two_Counts_Side_By_Sid
 {
     The_Session.Output = Minimum_Output();
 
-    const auto text = Format_Run(The_Session, Tier_4(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)", .Tillage = ""});
+    const auto text = Format_Run(The_Session, Tier_4(),
+                                 {.Pesticide = "t.psm", .Crop = Maize, .Location = "Hamburg (H)", .Tillage = ""});
 
     EXPECT_NE(text.find("\r\n0000000100000020\r\n"), std::string::npos);
 }
@@ -162,15 +172,16 @@ TEST_F(Run_Control_Test, A_Single_Run_Repeats_Its_Last_Climate_File)
     run.Run_Cli_Files = {"wet.cli"};
     The_Session.Output = Minimum_Output();
 
-    EXPECT_EQ(Format_Single_Run(The_Session), "003 01 01 31 12\r\nsoil.sze\r\nmy file.psm\r\nwet.cli\r\nwet.cli\r\nwet.cli\r\n00000001\r\n"
-                                         "    LEAC    TSER  100.0  1.0E09 00000001\r\n");
+    EXPECT_EQ(Format_Single_Run(The_Session),
+              "003 01 01 31 12\r\nsoil.sze\r\nmy file.psm\r\nwet.cli\r\nwet.cli\r\nwet.cli\r\n00000001\r\n"
+              "    LEAC    TSER  100.0  1.0E09 00000001\r\n");
 }
 
 TEST_F(Run_Control_Test, A_Single_Run_Is_Restored_With_Its_Slots)
 {
     Parse_Single_Run(The_Session, "002 05 03 30 11\r\nsoil.sze\r\nmy file.psm\r\na.cli\r\nb.cli\r\n00000002\r\n"
-                             "    THET    TSER  030.0     1.0 00000001\r\n"
-                             "    NONE    TSER  007.0     1.0 00000003\r\n");
+                                  "    THET    TSER  030.0     1.0 00000001\r\n"
+                                  "    NONE    TSER  007.0     1.0 00000003\r\n");
 
     EXPECT_EQ(The_Session.Run.Sim_Years.Number(), 2);
     EXPECT_EQ(The_Session.Run.Start_Day.Number(), 5);
@@ -197,8 +208,12 @@ TEST_F(Run_Control_Test, A_Focus_Template_Gives_Back_What_Was_Written)
 {
     The_Session.Run.App_Pattern = 2;
     The_Session.Output = Recommended_Output();
-    Put(Home / "focus" / "orvel.inp",
-        Format_Run(The_Session, Focus(), {.Pesticide = "My Test.psm", .Crop = Apples, .Location = "Hamburg (H)", .Tillage = "7", .Tillage_Visible = true}));
+    Put(Home / "focus" / "orvel.inp", Format_Run(The_Session, Focus(),
+                                                 {.Pesticide = "My Test.psm",
+                                                  .Crop = Apples,
+                                                  .Location = "Hamburg (H)",
+                                                  .Tillage = "7",
+                                                  .Tillage_Visible = true}));
 
     const auto restored = Read_Template(The_Session, Focus());
 
@@ -215,8 +230,12 @@ TEST_F(Run_Control_Test, A_Focus_Template_Gives_Back_What_Was_Written)
 TEST_F(Run_Control_Test, A_Tier_2_Template_Keeps_The_Number_Behind_Soil_And_Restores_One_Depth_More_Than_It_Holds)
 {
     The_Session.Run.App_Pattern = 1;
-    const auto text = Format_Run(
-        The_Session, Tier_2(), {.Pesticide = "t.psm", .Crop = Maize, .Location = "Porewater concentration - Central (P_C)", .Tillage = "5", .Kept_Number = 2.5});
+    const auto text = Format_Run(The_Session, Tier_2(),
+                                 {.Pesticide = "t.psm",
+                                  .Crop = Maize,
+                                  .Location = "Porewater concentration - Central (P_C)",
+                                  .Tillage = "5",
+                                  .Kept_Number = 2.5});
 
     const auto restored = Parse_Template(Tier_2(), text);
 
@@ -231,7 +250,8 @@ TEST_F(Run_Control_Test, A_Tier_2_Template_Keeps_The_Number_Behind_Soil_And_Rest
 TEST_F(Run_Control_Test, A_Tier_4_Template_Restores_Soil_Zones_And_Letters)
 {
     The_Session.Run.App_Pattern = 1;
-    Run_Choice choice{.Pesticide = "t.psm", .Crop = Individual_Crop, .Location = "Total content - South (T_S)", .Tillage = "5"};
+    Run_Choice choice{
+        .Pesticide = "t.psm", .Crop = Individual_Crop, .Location = "Total content - South (T_S)", .Tillage = "5"};
 
     EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(The_Session, Tier_4(), choice)).Code, "T_S");
     EXPECT_EQ(Parse_Template(Tier_4(), Format_Run(The_Session, Tier_4(), choice)).Crop_Part, "INDIVT4.SZE");
@@ -243,7 +263,8 @@ TEST_F(Run_Control_Test, A_Tier_4_Template_Restores_Soil_Zones_And_Letters)
 
 TEST_F(Run_Control_Test, A_Template_That_Ends_Early_Restores_What_It_Holds)
 {
-    const auto restored = Parse_Template(Focus(), "026 01 01 31 12 Version 5\n..\\..\\..\\h_Maize.sze\n test.psm \n..\\..\\..\\H_01.cli\n");
+    const auto restored = Parse_Template(
+        Focus(), "026 01 01 31 12 Version 5\n..\\..\\..\\h_Maize.sze\n test.psm \n..\\..\\..\\H_01.cli\n");
 
     EXPECT_EQ(restored.Code, "H");
     EXPECT_EQ(restored.Crop_Part, "MAIZE.SZE");

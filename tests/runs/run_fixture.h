@@ -3,10 +3,10 @@
 #include "core/files.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
+#include "recording_user.h"
 #include "runs/mode.h"
 #include "runs/run_control.h"
 #include "temporary_directory.h"
-#include "recording_user.h"
 
 #include <algorithm>
 #include <fstream>
@@ -75,7 +75,8 @@ protected:
         document->App_Count[0] = 0;
         document->App_Location[1] = "Hamburg (H)";
         for (std::size_t a = 1; a <= 26; ++a)
-            document->Applications[1][a] = {.App_Day = 5, .App_Month = 11, .App_Year = static_cast<std::int16_t>(a), .App_Rate = 0.75};
+            document->Applications[1][a] = {
+                .App_Day = 5, .App_Month = 11, .App_Year = static_cast<std::int16_t>(a), .App_Rate = 0.75};
         if (change)
             change(*document);
         Put(Home / Path_Of(name), Format_PSM(*document));

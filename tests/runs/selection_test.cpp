@@ -67,7 +67,8 @@ TEST_F(Selection_Test, A_File_In_The_Old_Format_Is_Refused_Before_Any_Other_Test
 
     const auto selected = Selected();
 
-    EXPECT_EQ(selected.Warnung, "ORVEL 3 PSM-Format! Please convert to the new format by doubleclicking followed by saving.");
+    EXPECT_EQ(selected.Warnung,
+              "ORVEL 3 PSM-Format! Please convert to the new format by doubleclicking followed by saving.");
     EXPECT_TRUE(selected.Old_Format);
     EXPECT_FALSE(selected.Buttons_Enabled());
 }
@@ -112,7 +113,8 @@ TEST_F(Selection_Test, A_Different_Number_Of_Horizons_Is_Told_In_The_Words_Of_Th
     });
     Scenario(Home / "EFSA" / "T_N_maize.sze");
 
-    EXPECT_EQ(Selected(Maize, "Total content - North (T_N)", Tier_2()).Warnung, "Number of horizons in PSM file do not match!");
+    EXPECT_EQ(Selected(Maize, "Total content - North (T_N)", Tier_2()).Warnung,
+              "Number of horizons in PSM file do not match!");
     Pesticide("test.psm", [](auto& document) {
         document.N_Horizons = 2;
         document.Horizons.assign(4, {});
@@ -128,7 +130,8 @@ TEST_F(Selection_Test, Relative_Dates_Fit_Every_Location_Of_A_Focus_Crop)
         document.App_Loc_Count = 1;
         document.App_Count[0] = 46;
         for (std::size_t a = 1; a <= 46; ++a)
-            document.Relative[a] = {.Abs9_Day = static_cast<std::int16_t>(a % 2 == 1 ? -7 : 3), .Abs9_Month = 1, .Abs9_Rate = 0.5};
+            document.Relative[a] = {
+                .Abs9_Day = static_cast<std::int16_t>(a % 2 == 1 ? -7 : 3), .Abs9_Month = 1, .Abs9_Rate = 0.5};
     });
 
     const auto selected = Selected(Maize, "Ch\xE2teaudun (C), irrigated");
@@ -150,7 +153,8 @@ TEST_F(Selection_Test, Relative_Dates_Need_A_Crop_In_The_Individual_Crop_File)
 
     const auto selected = Selected(Individual_Crop);
 
-    EXPECT_EQ(selected.Warnung, "Relative application pattern not possible!\r\nNo crop defined in your individal crop file.");
+    EXPECT_EQ(selected.Warnung,
+              "Relative application pattern not possible!\r\nNo crop defined in your individal crop file.");
     EXPECT_FALSE(selected.Buttons_Enabled());
     Scenario(Home / "focus" / "H_indiv.sze", [&](auto& document) {
         without_crop(document);
@@ -182,7 +186,8 @@ TEST_F(Selection_Test, Tillage_Shows_Where_The_First_Crop_Row_Has_The_Flag)
     Scenario(Home / "focus" / "H_maize.sze", [](auto& document) { document.Crops[0].SZE_Rot_Tillage = 1; });
     EXPECT_TRUE(Selected().Tillage_Visible);
 
-    Put(Home / "focus" / "H_maize.sze", "t\r\n2\r\n0\r\n1\r\n  1 2  3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18   1  \r\n");
+    Put(Home / "focus" / "H_maize.sze",
+        "t\r\n2\r\n0\r\n1\r\n  1 2  3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18   1  \r\n");
     EXPECT_TRUE(Has_Tillage(Home / "focus" / "H_maize.sze"));
     Put(Home / "focus" / "H_maize.sze", "t\r\n2\r\n0\r\n1\r\n1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 1\r\n");
     EXPECT_FALSE(Has_Tillage(Home / "focus" / "H_maize.sze"));

@@ -2,8 +2,8 @@
 
 #include "core/system/lock.h"
 #include "full_disk.h"
-#include "small_installation.h"
 #include "recording_user.h"
+#include "small_installation.h"
 
 #include <gtest/gtest.h>
 
@@ -86,7 +86,8 @@ TEST_F(Single_Run_Test, Horizons_Are_Compared_With_The_Scenario_Document_Of_The_
     bytes.replace(bytes.find("<NUMBER OF SOIL HORIZONS>\r\n") + 27, 3, " 2 ");
     Write_Whole(Place / "test.psm", bytes);
     The_Session.Scenario.SZE_Horizons = 3;
-    EXPECT_EQ(Told_Of(Entry()), "Data check: Number of horizons in PSM file and scenariofile should be the same -> File_sce");
+    EXPECT_EQ(Told_Of(Entry()),
+              "Data check: Number of horizons in PSM file and scenariofile should be the same -> File_sce");
 
     The_Session.Scenario.SZE_Horizons = 2; // not the count of the file named
     EXPECT_EQ(Told_Of(Entry()), "");
@@ -130,7 +131,8 @@ TEST_F(Single_Run_Test, Starting_Writes_The_Run_Control_And_Deletes_Old_Output)
     EXPECT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
 
     const std::string control = Read_Whole(Place / "orvel.inp");
-    EXPECT_TRUE(control.starts_with("003 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\none.cli\r\none.cli\r\n")) << control;
+    EXPECT_TRUE(control.starts_with("003 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\none.cli\r\none.cli\r\n"))
+        << control;
     EXPECT_FALSE(fs::exists(Place / "old.orv"));
 }
 
@@ -144,7 +146,8 @@ TEST_F(Single_Run_Test, While_The_Engine_Is_At_Work_Starting_Tells_And_Touches_N
 
     EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
 
-    EXPECT_EQ(The_User.Messages.back().Text, "An engine is still at work in this directory. Please wait until it has finished.");
+    EXPECT_EQ(The_User.Messages.back().Text,
+              "An engine is still at work in this directory. Please wait until it has finished.");
     EXPECT_TRUE(fs::exists(Place / "kept.orv"));
 }
 
@@ -234,7 +237,9 @@ TEST_F(Single_Run_Test, Nothing_Is_Archived_While_The_Engine_Is_At_Work)
 
     EXPECT_FALSE(Archive_Run(The_Session, Place.Path(), "Run_1"));
 
-    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "An engine is still at work in this directory. Please wait until it has finished."}));
+    EXPECT_EQ(
+        The_User.Messages.back(),
+        (Message{"File check", "An engine is still at work in this directory. Please wait until it has finished."}));
     EXPECT_TRUE(fs::exists(Place / "echo.orv"));
     EXPECT_FALSE(fs::exists(Place / "Run_1"));
 }

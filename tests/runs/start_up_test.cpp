@@ -88,10 +88,13 @@ TEST_F(Start_Up_Test, A_Decimal_Comma_Is_Warned_Of)
     EXPECT_TRUE(The_User.Messages.empty());
 
     Check_Decimal_Separator(The_Session, "3,5");
-    EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{"System check", "ORVEL SUITE noticed that the 'komma' is used for decimal numbers in your system (see your regional "
-                                                   "settings).\r\nAs long as you do not select the 'point' as decimal separator you are not able to create "
-                                                   "valid input data files."})});
+    EXPECT_EQ(
+        The_User.Messages,
+        std::vector{(Message{
+            "System check",
+            "ORVEL SUITE noticed that the 'komma' is used for decimal numbers in your system (see your regional "
+            "settings).\r\nAs long as you do not select the 'point' as decimal separator you are not able to create "
+            "valid input data files."})});
 }
 
 TEST_F(Start_Up_Test, A_Soil_Mode_Without_Its_Data_Does_Not_Open)
@@ -101,7 +104,9 @@ TEST_F(Start_Up_Test, A_Soil_Mode_Without_Its_Data_Does_Not_Open)
     EXPECT_TRUE(Mode_Available(The_Session, Focus()));
     EXPECT_TRUE(Mode_Available(The_Session, Tier_2()));
     EXPECT_FALSE(Mode_Available(The_Session, Tier_4()));
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data error!", "EFSA Tier 4 scenario data not available in this installation!\r\n", Icon::Stop})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data error!", "EFSA Tier 4 scenario data not available in this installation!\r\n",
+                                   Icon::Stop})});
 }
 
 TEST_F(Start_Up_Test, Shipped_Files_Become_Read_Only_And_Individual_Crops_Stay_Writable)

@@ -11,7 +11,13 @@ constexpr std::size_t Day = 0, Month = 1, Year = 2, Hour = 3, Rain = 4, Temp_Mea
 Climate_Table Two_Days()
 {
     return {"Demo",
-            {{.Cli_Day = "01", .Cli_Month = "02", .Cli_Year = "81", .Cli_Rain = 1.256, .Cli_Temp_Mean = -0.04, .Cli_Radiation = 12345.67, .Cli_Hour = "12"},
+            {{.Cli_Day = "01",
+              .Cli_Month = "02",
+              .Cli_Year = "81",
+              .Cli_Rain = 1.256,
+              .Cli_Temp_Mean = -0.04,
+              .Cli_Radiation = 12345.67,
+              .Cli_Hour = "12"},
              {.Cli_Day = "02", .Cli_Month = "02", .Cli_Year = "81"}}};
 }
 
@@ -95,9 +101,10 @@ TEST(Climate_Editor, A_Date_Is_Saved_With_Two_Characters)
 
     EXPECT_EQ(table.Rows[0].Cli_Day, "07");
     EXPECT_EQ(table.Rows[0].Cli_Month, "12");
-    EXPECT_EQ(Format_CLI(table), "Demo\r\n"
-                                 " 0712811.2600000 0.00E+00  0.00E+00  0.00E+00  0.00E+00  0.00E+00  12345.7         12\r\n"
-                                 "\r\n"); // the row without a day is left out
+    EXPECT_EQ(Format_CLI(table),
+              "Demo\r\n"
+              " 0712811.2600000 0.00E+00  0.00E+00  0.00E+00  0.00E+00  0.00E+00  12345.7         12\r\n"
+              "\r\n"); // the row without a day is left out
 }
 
 TEST(Climate_Editor, The_Title_Can_Be_Edited)

@@ -11,7 +11,8 @@ namespace {
 constexpr std::string_view Two_Crops =
     "2\r\n"
     "name          root storage ...\r\n"
-    "Apples          100  0.25   80  2  1.00  15  4  1   1  7  1  30 10  1   1 11  2  10  3  1  0.2 0.3 0.4 0.5  0 1 0  1.20 0.85\r\n"
+    "Apples          100  0.25   80  2  1.00  15  4  1   1  7  1  30 10  1   1 11  2  10  3  1  0.2 0.3 0.4 0.5  0 1 0 "
+    " 1.20 0.85\r\n"
     "Beans, in rows60 0.15 80 1 0.8 10 5 1 20 7 1 15 9 1 31 8 1 5 5 1 0.2 0.2 0.2 0.2 1 0 1 1.15 0.75\r\n";
 
 TEST(Crop_Data_Base, A_Crop_Has_Its_Properties_In_The_Order_Of_The_Line)

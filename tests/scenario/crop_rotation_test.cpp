@@ -1,9 +1,9 @@
 #include "scenario/crop_rotation.h"
 
 #include "files/scenario_file.h"
+#include "recording_user.h"
 #include "scenario/saving.h"
 #include "temporary_directory.h"
-#include "recording_user.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,8 @@ namespace {
 using enum Crop_Stage;
 
 // Emergence, maturation, harvest, senescence, tillage.
-Rotation_Row Row_Of(Crop_Date emergence, Crop_Date maturation, Crop_Date harvest, Crop_Date senescence, Crop_Date tillage, std::int16_t crop)
+Rotation_Row Row_Of(Crop_Date emergence, Crop_Date maturation, Crop_Date harvest, Crop_Date senescence,
+                    Crop_Date tillage, std::int16_t crop)
 {
     Rotation_Row row;
     Set_Date(row, Emergence, emergence);
@@ -372,7 +373,8 @@ TEST(Crop_Rotation, A_Rotation_Beyond_Year_99_Is_Told_And_Nothing_Is_Lost)
 
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->Control, "List_rot");
-    EXPECT_TRUE(refusal->Text.Text.starts_with("Row 100 of the crop rotation: the scenario file has no room for \"Emergence 5.5.100\"."));
+    EXPECT_TRUE(refusal->Text.Text.starts_with(
+        "Row 100 of the crop rotation: the scenario file has no room for \"Emergence 5.5.100\"."));
     EXPECT_EQ(work.Rows.size(), 100U);
 
     Rot_Remove(work, 99);
@@ -445,7 +447,8 @@ TEST(Crop_Rotation, A_Crop_That_The_Data_Base_Lacks_Is_Shown_By_Number_And_Not_T
 
     EXPECT_EQ(Rotation_Name(loaded, 0), "Crop 30");
     EXPECT_FALSE(Is_Tilled(loaded, 0));
-    EXPECT_EQ(Check_Rotation(loaded), (Refusal{{"File check", "The crop data base does not hold crop 30 of row 1."}, "List_rot"}));
+    EXPECT_EQ(Check_Rotation(loaded),
+              (Refusal{{"File check", "The crop data base does not hold crop 30 of row 1."}, "List_rot"}));
 }
 
 struct Crop_Data_Reader : testing::Test {
@@ -473,7 +476,8 @@ TEST_F(Crop_Data_Reader, A_File_That_Is_Cut_Short_Is_Told_With_The_Line_Where_It
     Write("input.dat", "2\r\nhead\r\nApples          100  0.25\r\n");
 
     EXPECT_TRUE(Read_Crop_Data(The_Session, Directory.Path()).empty());
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Cannot read INPUT.DAT. The file ends behind line 3."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"File check", "Cannot read INPUT.DAT. The file ends behind line 3."})});
 }
 
 TEST_F(Crop_Data_Reader, The_Case_Of_The_Name_Does_Not_Matter)

@@ -79,14 +79,17 @@ TEST_F(Scenario_Saving, Macropores_End_Above_The_Last_Layer)
 TEST_F(Scenario_Saving, Year_100_Is_Told_Before_It_Would_Be_Cut_In_The_File)
 {
     Horizons({100});
-    The_Session.Scenario.Rotation = {{.SZE_Har_Day = 1, .SZE_Har_Month = 9, .SZE_Har_Year = 99}, {.SZE_Har_Day = 1, .SZE_Har_Month = 9, .SZE_Har_Year = 100}};
+    The_Session.Scenario.Rotation = {{.SZE_Har_Day = 1, .SZE_Har_Month = 9, .SZE_Har_Year = 99},
+                                     {.SZE_Har_Day = 1, .SZE_Har_Month = 9, .SZE_Har_Year = 100}};
 
     const auto refusal = Prepare_Save(The_Session, "1");
 
     ASSERT_TRUE(refusal);
     EXPECT_EQ(refusal->Control, "Command3");
-    EXPECT_EQ(refusal->Text, (Message{"Data Check", "Row 2 of the crop rotation: the scenario file has no room for \"Harvest 1.9.100\". Its days, "
-                                                    "months and years have two digits, so year 99 is the last one."}));
+    EXPECT_EQ(refusal->Text,
+              (Message{"Data Check",
+                       "Row 2 of the crop rotation: the scenario file has no room for \"Harvest 1.9.100\". Its days, "
+                       "months and years have two digits, so year 99 is the last one."}));
     EXPECT_EQ(The_Session.Scenario.Rotation[1].SZE_Har_Year, 100);
 }
 
@@ -109,7 +112,8 @@ TEST_F(Scenario_Saving, Dates_Of_Tillage_That_The_Layout_Does_Not_Write_Are_Told
     EXPECT_EQ(Prepare_Save(The_Session, "1"), std::nullopt);
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_EQ(The_User.Messages[0].Text, "A rotation of 1 rows is saved with its dates of tillage and senescence only if one of the first 1 crops of the "
+    EXPECT_EQ(The_User.Messages[0].Text, "A rotation of 1 rows is saved with its dates of tillage and senescence only "
+                                         "if one of the first 1 crops of the "
                                          "data base is tilled. They will not be in the file.");
 }
 
@@ -144,10 +148,11 @@ TEST_F(Scenario_Saving, A_Form_Without_Changes_Closes_At_Once)
 TEST_F(Scenario_Saving, A_Form_With_Changes_Asks_And_Stays_By_Default)
 {
     EXPECT_FALSE(May_Close(The_Session, true));
-    EXPECT_EQ(
-        The_User.Messages,
-        std::vector{(Message{
-            "Saving Input File", "Parameters were changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No})});
+    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Saving Input File",
+                                                      "Parameters were changed. Do you want to exit without saving ?",
+                                                      Icon::Question,
+                                                      {Button::Yes, Button::No},
+                                                      Button::No})});
 
     The_User.Answers = {Button::Yes};
     EXPECT_TRUE(May_Close(The_Session, true));

@@ -15,7 +15,10 @@ struct Scenario_Fields : testing::Test {
         The_Session.Scenario.SZE_Horizons = 3;
         The_Session.Scenario.Horizons.resize(3);
     }
-    std::optional<Refusal> Leave(std::string_view control, std::string_view text) { return Leave_Field(The_Session, control, text); }
+    std::optional<Refusal> Leave(std::string_view control, std::string_view text)
+    {
+        return Leave_Field(The_Session, control, text);
+    }
 
     Session The_Session;
 };

@@ -80,16 +80,18 @@ TEST_F(Soil_Forms, An_Erosion_Factor_Of_0_Shows_An_Empty_Box_And_Comes_Back_As_0
 TEST_F(Soil_Forms, The_Horizon_Grid_Has_Its_Columns_By_The_Documents_Options)
 {
     EXPECT_EQ(Show_Horizons(Document).Headings,
-              (std::vector<std::string>{"Horizon Number", "Thickness      [cm]", "Bulk Density     [kg/L]", "Dispersion coeff.  [cm2/d]",
-                                        "Initial Soil Water (m\xB3/m\xB3)", "Field        Capacity (m\xB3/m\xB3)", "Wilting        Point (m\xB3/m\xB3)",
+              (std::vector<std::string>{"Horizon Number", "Thickness      [cm]", "Bulk Density     [kg/L]",
+                                        "Dispersion coeff.  [cm2/d]", "Initial Soil Water (m\xB3/m\xB3)",
+                                        "Field        Capacity (m\xB3/m\xB3)", "Wilting        Point (m\xB3/m\xB3)",
                                         "Organic Carbon [%]", " pH-Value          ", " Biodeg. factor [-]"}));
 
     Document.SZE_Dispersion_Flag = 1;
     Document.SZE_Hydraulic_Flag = 1;
     Document.SZE_Water_Flag = 3;
     EXPECT_EQ(Show_Horizons(Document).Headings,
-              (std::vector<std::string>{"Horizon Number", "Thickness      [cm]", "Bulk Density     [kg/L]", "Dispersion length  [cm]",
-                                        "Initial Soil Water (m\xB3/m\xB3)", "Sand      Fraction [%]", "Clay      Fraction [%]", "Organic Carbon [%]",
+              (std::vector<std::string>{"Horizon Number", "Thickness      [cm]", "Bulk Density     [kg/L]",
+                                        "Dispersion length  [cm]", "Initial Soil Water (m\xB3/m\xB3)",
+                                        "Sand      Fraction [%]", "Clay      Fraction [%]", "Organic Carbon [%]",
                                         " pH-Value          ", " Biodeg. factor [-]", "Drainage Value [1/day]"}));
 }
 
@@ -147,7 +149,8 @@ TEST_F(Soil_Forms, A_Cell_That_Was_Not_Touched_Keeps_The_Documents_Number)
 TEST_F(Soil_Forms, The_Profile_Lays_The_Horizons_Under_Each_Other)
 {
     Horizon_Grid grid;
-    grid.Cells = {{"30", "", "", "", "", "", "1.5"}, {"-5", "", "", "", "", "", ""}, {"70.5", "", "", "", "", "", "0.2"}};
+    grid.Cells = {
+        {"30", "", "", "", "", "", "1.5"}, {"-5", "", "", "", "", "", ""}, {"70.5", "", "", "", "", "", "0.2"}};
 
     EXPECT_EQ(Soil_Profile(grid), (std::vector<Profile_Layer>{{0, 30, 1.5}, {30, 30, 0}, {30, 100.5, 0.2}}));
     EXPECT_EQ(Profile_Caption(Document, grid), "Sum of thickness: 95.5 cm, core depth: 100 cm");

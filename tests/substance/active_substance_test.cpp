@@ -60,7 +60,8 @@ TEST_F(Active_Substance, Refuses_A_Molar_Mass_Of_Zero_Yet_Counts_As_Changed)
     entry.Substance.Text_mol = "0";
     entry.Text_comment = "Not stored";
 
-    EXPECT_EQ(Accept_Active(The_Session, entry, Lists), (Refusal{{"Data check", "Molmass must be greater than 0"}, "Text_mol"}));
+    EXPECT_EQ(Accept_Active(The_Session, entry, Lists),
+              (Refusal{{"Data check", "Molmass must be greater than 0"}, "Text_mol"}));
 
     EXPECT_EQ(Document.PSM_Title, "Insert Title");
     EXPECT_TRUE(The_Session.Program.PSM_Changed);
@@ -70,7 +71,8 @@ TEST_F(Active_Substance, Refuses_A_Negative_Number_Of_Horizons_But_Not_Zero)
 {
     auto entry = Load_Active(Document);
     entry.Substance.Text_nhor = "-1";
-    EXPECT_EQ(Accept_Active(The_Session, entry, Lists), (Refusal{{"Data check", "Number of horizons must be greater than 0"}, "Text_nhor"}));
+    EXPECT_EQ(Accept_Active(The_Session, entry, Lists),
+              (Refusal{{"Data check", "Number of horizons must be greater than 0"}, "Text_nhor"}));
 
     entry.Substance.Text_nhor = "0";
     EXPECT_EQ(Accept_Active(The_Session, entry, Lists), std::nullopt);
@@ -106,7 +108,8 @@ TEST_F(Active_Substance, An_Error_In_The_Sequence_Keeps_The_Form_Open_And_The_Co
     Document.Applications[1][5].App_Year = 3;
     auto entry = Load_Active(Document);
 
-    EXPECT_EQ(Accept_Active(The_Session, entry, Lists), (Refusal{{"Data check", "Error in application sequence (1.1.04, location: Hamburg (H))"}, "App_Tag"}));
+    EXPECT_EQ(Accept_Active(The_Session, entry, Lists),
+              (Refusal{{"Data check", "Error in application sequence (1.1.04, location: Hamburg (H))"}, "App_Tag"}));
 
     EXPECT_EQ(Document.App_Loc_Count, 9);
 }

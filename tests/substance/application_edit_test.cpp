@@ -134,7 +134,8 @@ TEST_F(Application_Edit, The_Number_Of_Applications_Is_Taken_If_Above_Zero)
 TEST_F(Application_Edit, A_Number_Of_Applications_Beyond_The_Slots_Is_Refused)
 {
     EXPECT_EQ(Leave_Number_Of_Applications(The_Session, "521"), std::nullopt);
-    EXPECT_EQ(Leave_Number_Of_Applications(The_Session, "522"), (Refusal{{"Data check", "More than 521 applications are not possible"}, "Text_naps"}));
+    EXPECT_EQ(Leave_Number_Of_Applications(The_Session, "522"),
+              (Refusal{{"Data check", "More than 521 applications are not possible"}, "Text_naps"}));
     EXPECT_EQ(Document.App_Count[1], Variant(521));
 }
 

@@ -9,7 +9,8 @@ namespace {
 constexpr auto Soil = Application_Method::Soil;
 constexpr int Key_3 = 51, Key_1 = 49, Key_Point_Code = 190, Key_Minus_Code = 189, Key_Back = 8;
 
-Application_Row Row(const char* day, const char* month, const char* year, const char* rate = "0.5", const char* fraction = "0")
+Application_Row Row(const char* day, const char* month, const char* year, const char* rate = "0.5",
+                    const char* fraction = "0")
 {
     return {"", day, month, year, "0", rate, "2", fraction};
 }
@@ -25,8 +26,9 @@ using Single_Applications = Application_Session;
 
 TEST_F(Single_Applications, Have_The_Depth_Of_A_Soil_Application_And_The_Interception_Of_Any_Other_In_Column_6)
 {
-    EXPECT_EQ(Application_Grid_Headers(Soil), (std::array<std::string_view, 8>{"App. Number", "Day", "Month", "Year", "hour", "App. Rate [kg/ha]",
-                                                                               "App. Depth [cm]", "Frac. Poorly Exposed[-]"}));
+    EXPECT_EQ(Application_Grid_Headers(Soil),
+              (std::array<std::string_view, 8>{"App. Number", "Day", "Month", "Year", "hour", "App. Rate [kg/ha]",
+                                               "App. Depth [cm]", "Frac. Poorly Exposed[-]"}));
     EXPECT_EQ(Application_Grid_Headers(Application_Method::Linear)[6], "Interception [%]");
 }
 
@@ -94,11 +96,14 @@ TEST_F(Single_Applications, Take_The_Fraction_Of_The_First_For_All)
 
 TEST_F(Single_Applications, Need_A_Day_Month_Year_And_Rate)
 {
-    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1"), Row("", "5", "2")}), No_Value("Application 2 - Day -  has no value.", 1, 1));
+    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1"), Row("", "5", "2")}),
+              No_Value("Application 2 - Day -  has no value.", 1, 1));
     EXPECT_EQ(Check_Application_Grid({Row("1", "0", "1")}), No_Value("Application 1 - Month -  has no value.", 0, 2));
     EXPECT_EQ(Check_Application_Grid({Row("1", "5", "")}), No_Value("Application 1 - Year -  has no value.", 0, 3));
-    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1", "0")}), No_Value("Application 1 - App. rate -  has no value.", 0, 5));
-    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1", "abc")}), No_Value("Application 1 - App. rate -  has no value.", 0, 5));
+    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1", "0")}),
+              No_Value("Application 1 - App. rate -  has no value.", 0, 5));
+    EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1", "abc")}),
+              No_Value("Application 1 - App. rate -  has no value.", 0, 5));
     EXPECT_EQ(Check_Application_Grid({Row("1", "5", "1")}), std::nullopt); // the hour may be 0
 }
 
@@ -110,7 +115,8 @@ TEST_F(Single_Applications, Lie_Behind_One_Another)
     EXPECT_EQ(Check_Application_Grid({Row("1", "5", "2"), Row("2", "6", "1")}), wrong(pair));
     EXPECT_EQ(Check_Application_Grid({Row("1", "6", "1"), Row("2", "5", "1")}), wrong(pair));
     EXPECT_EQ(Check_Application_Grid({Row("2", "5", "1"), Row("1", "5", "1")}), wrong(pair));
-    EXPECT_EQ(Check_Application_Grid({Row("9", "9", "1"), Row("1", "1", "2"), Row("2", "1", "2"), Row("1", "2", "2")}), std::nullopt);
+    EXPECT_EQ(Check_Application_Grid({Row("9", "9", "1"), Row("1", "1", "2"), Row("2", "1", "2"), Row("1", "2", "2")}),
+              std::nullopt);
 }
 
 TEST_F(Single_Applications, On_The_Same_Day_Fail_The_Date_Check)
@@ -139,7 +145,8 @@ TEST_F(Single_Applications, Of_26_Equal_Years_Become_Every_Year_Unless_A_Fractio
 TEST_F(Single_Applications, Are_Stored_Row_By_Row)
 {
     Document.Applications[1][1].App_Depth = 8;
-    const Application_Grid grid = {{"", "3", "4", "5", "9", "0.25", "60", "0.5"}, {"", "4", "4", "5", "10", "0.75", "70", ""}};
+    const Application_Grid grid = {{"", "3", "4", "5", "9", "0.25", "60", "0.5"},
+                                   {"", "4", "4", "5", "10", "0.75", "70", ""}};
 
     EXPECT_EQ(Accept_Application_Grid(The_Session, grid, Application_Method::Manually), std::nullopt);
 

@@ -16,7 +16,10 @@ std::unique_ptr<Session> With_Applications(int count, int per_year = 1)
     session->Pesticide.App_Count[1] = count;
     for (int a = 1; a <= count; ++a) {
         session->Pesticide.Applications[1][static_cast<std::size_t>(a)] = {
-            .App_Day = static_cast<std::int16_t>((a - 1) % per_year + 1), .App_Month = 5, .App_Year = static_cast<std::int16_t>(a), .App_Rate = 1};
+            .App_Day = static_cast<std::int16_t>((a - 1) % per_year + 1),
+            .App_Month = 5,
+            .App_Year = static_cast<std::int16_t>(a),
+            .App_Rate = 1};
     }
     return session;
 }
@@ -61,7 +64,8 @@ TEST(Application_Pattern, Years_And_Interception_Are_Not_Compared)
 
 TEST(Application_Pattern, The_Count_Is_Divided_By_26_Then_23_Then_22)
 {
-    const std::pair<int, int> cases[] = {{22, 3}, {44, 3}, {66, 3}, {46, 2}, {52, 1}, {25, 0}, {286, 1}, {506, 2}, {520, 1}};
+    const std::pair<int, int> cases[] = {{22, 3}, {44, 3},  {66, 3},  {46, 2}, {52, 1},
+                                         {25, 0}, {286, 1}, {506, 2}, {520, 1}};
     for (const auto& [count, pattern] : cases)
         EXPECT_EQ(Pattern_Of(*With_Applications(count, 1)), pattern) << count;
 }

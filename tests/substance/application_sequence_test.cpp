@@ -33,10 +33,12 @@ TEST_F(Application_Sequence, Of_A_New_Document_Is_Right)
 TEST_F(Application_Sequence, An_Application_On_The_Same_Or_An_Earlier_Day_Is_Told_With_The_Date_Before_It)
 {
     List_At(2, {{1, 5, 1}, {15, 5, 1}, {15, 5, 1}});
-    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (15.5.01, location: Sevilla (S))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists),
+              Wrong("Error in application sequence (15.5.01, location: Sevilla (S))", "App_Tag"));
 
     List_At(2, {{1, 5, 2}, {30, 4, 2}});
-    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.5.02, location: Sevilla (S))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists),
+              Wrong("Error in application sequence (1.5.02, location: Sevilla (S))", "App_Tag"));
     EXPECT_EQ(The_Session.Run.App_Current_Location, 2);
 }
 
@@ -44,7 +46,8 @@ TEST_F(Application_Sequence, The_Application_In_Error_Is_The_One_Shown)
 {
     Regular(1, 1, {{1, 5, 1, 0.5}, {1, 6, 1, 0.5}, {20, 5, 1, 0.5}});
 
-    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.6.01, location: Hamburg (H))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists),
+              Wrong("Error in application sequence (1.6.01, location: Hamburg (H))", "App_Tag"));
     EXPECT_EQ(The_Session.Run.App_Current_Location, 1);
     EXPECT_EQ(The_Session.Run.App_Current, 3);
 }
@@ -54,7 +57,8 @@ TEST_F(Application_Sequence, A_Month_13_Counts_As_Its_Day_And_So_Is_Out_Of_Seque
     Regular(1, 1, {{31, 12, 1, 0.5}});
     Add_In_Year(The_Session);
 
-    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (31.12.01, location: Hamburg (H))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists),
+              Wrong("Error in application sequence (31.12.01, location: Hamburg (H))", "App_Tag"));
 }
 
 TEST_F(Application_Sequence, A_Year_Above_89_Is_Told_As_An_Error_Of_The_Sequence)
@@ -63,10 +67,12 @@ TEST_F(Application_Sequence, A_Year_Above_89_Is_Told_As_An_Error_Of_The_Sequence
     EXPECT_EQ(Check_Sequence(The_Session, Lists), std::nullopt);
 
     List_At(1, {{1, 1, 89}, {1, 1, 90}});
-    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.1.89, location: Hamburg (H))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists),
+              Wrong("Error in application sequence (1.1.89, location: Hamburg (H))", "App_Tag"));
 
     List_At(1, {{1, 1, 32766}, {1, 1, 32767}});
-    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.1.32766, location: Hamburg (H))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists),
+              Wrong("Error in application sequence (1.1.32766, location: Hamburg (H))", "App_Tag"));
 }
 
 TEST_F(Application_Sequence, Neither_The_User_Specific_Location_Nor_An_Unlisted_Block_Is_Checked)
@@ -82,7 +88,8 @@ TEST_F(Application_Sequence, Of_Soil_Zones_Is_Checked_In_Their_List)
     Lists = {{" User specific"}, {" User specific", "Total content - North (T_N)"}, true};
     List_At(1, {{1, 5, 2}, {1, 5, 1}});
 
-    EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (1.5.02, location: Total content - North (T_N))", "App_Tag"));
+    EXPECT_EQ(Check_Sequence(The_Session, Lists),
+              Wrong("Error in application sequence (1.5.02, location: Total content - North (T_N))", "App_Tag"));
 }
 
 TEST_F(Application_Sequence, Of_Relative_Dates_Is_That_Of_The_Shared_List)

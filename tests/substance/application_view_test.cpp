@@ -32,10 +32,12 @@ TEST_F(Application_Half, Shows_A_Regular_List_In_A_Sentence_And_By_Its_Position)
 TEST_F(Application_Half, Says_Application_With_Two_Blanks_For_One_A_Year)
 {
     Regular(1, 2, {{1, 5, 1, 0.5, 2, 30}});
-    EXPECT_EQ(View_Of_Applications(The_Session, Application_Method::Soil).Applikationen_pro_Jahr, "1 application  every other year");
+    EXPECT_EQ(View_Of_Applications(The_Session, Application_Method::Soil).Applikationen_pro_Jahr,
+              "1 application  every other year");
 
     Regular(1, 3, {{1, 5, 1, 0.5, 2, 30}});
-    EXPECT_EQ(View_Of_Applications(The_Session, Application_Method::Soil).Applikationen_pro_Jahr, "1 application  every 3rd year");
+    EXPECT_EQ(View_Of_Applications(The_Session, Application_Method::Soil).Applikationen_pro_Jahr,
+              "1 application  every 3rd year");
 }
 
 TEST_F(Application_Half, Hides_Year_Date_And_Rate_Of_An_Irregular_List)
@@ -51,7 +53,8 @@ TEST_F(Application_Half, Hides_Year_Date_And_Rate_Of_An_Irregular_List)
     EXPECT_FALSE(view.Tiefe_Visible);
     EXPECT_TRUE(view.Text_naps_Enabled);
     EXPECT_TRUE(view.Hinweis_Visible);
-    EXPECT_EQ(Irregular_Note, "As long as the selected \r\napplication mode is irregular, \r\nyou have to enter the \r\napplication data manually!");
+    EXPECT_EQ(Irregular_Note, "As long as the selected \r\napplication mode is irregular, \r\nyou have to enter the "
+                              "\r\napplication data manually!");
 }
 
 TEST_F(Application_Half, Shows_The_Depth_Of_A_Soil_Application_And_The_Interception_Of_A_Manual_One)
@@ -70,7 +73,8 @@ TEST_F(Application_Half, Shows_The_Depth_Of_A_Soil_Application_And_The_Intercept
 
     for (const auto method : {Application_Method::Linear, Application_Method::Exponential}) {
         const auto foliar = View_Of_Applications(The_Session, method);
-        EXPECT_FALSE(foliar.Tiefe_Visible || foliar.Interception_Visible || foliar.Relative_Tiefe_Visible || foliar.Relative_Interception_Visible);
+        EXPECT_FALSE(foliar.Tiefe_Visible || foliar.Interception_Visible || foliar.Relative_Tiefe_Visible ||
+                     foliar.Relative_Interception_Visible);
         EXPECT_EQ(foliar.Depth_Caption, "");
     }
 }

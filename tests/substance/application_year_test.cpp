@@ -111,7 +111,8 @@ TEST_F(Application_Year, More_Applications_Than_There_Are_Slots_Are_Refused_And_
 {
     Regular(1, 2, std::vector<Application>(22, {1, 5, 1, 0.5, 2, 30})); // 506: 22 every other year
 
-    EXPECT_EQ(Choose_Pattern(The_Session, 1), (Refusal{{"Data check", "More than 521 applications are not possible"}, "App_Modus"}));
+    EXPECT_EQ(Choose_Pattern(The_Session, 1),
+              (Refusal{{"Data check", "More than 521 applications are not possible"}, "App_Modus"}));
 
     EXPECT_EQ(Document.App_Count[1], Variant(506));
 }

@@ -77,11 +77,14 @@ TEST_F(Depth_Dependence, A_Number_Of_Horizons_Never_Leads_Out_Of_The_Table)
 
 TEST_F(Depth_Dependence, The_Targets_Follow_The_Arrow_Table)
 {
-    EXPECT_EQ(Depth_Grid_Headers(1),
-              (std::vector<std::string>{"Hor. Number", "   [mL/g]", "  Fr-Exponent", "MET. A1", "MET. B1", "MET. C1", "MET. D1", "CO2/B.RES."}));
-    EXPECT_EQ(Depth_Grid_Headers(2), (std::vector<std::string>{"Hor. Number", "   [mL/g]", "Fr-Exponent", "MET. B1", "MET. A2", "MET. B2", "CO2/BRes"}));
-    EXPECT_EQ(Depth_Grid_Headers(4), (std::vector<std::string>{"Hor. Number", "   [mL/g]", "Fr-Exponent", "MET. D1", "MET. C2", "MET. D2", "CO2/BRes"}));
-    EXPECT_EQ(Depth_Grid_Headers(8), (std::vector<std::string>{"Hor. Number", "   [mL/g]", "Fr-Exponent", "MET. D2", "CO2/BRes"}));
+    EXPECT_EQ(Depth_Grid_Headers(1), (std::vector<std::string>{"Hor. Number", "   [mL/g]", "  Fr-Exponent", "MET. A1",
+                                                               "MET. B1", "MET. C1", "MET. D1", "CO2/B.RES."}));
+    EXPECT_EQ(Depth_Grid_Headers(2), (std::vector<std::string>{"Hor. Number", "   [mL/g]", "Fr-Exponent", "MET. B1",
+                                                               "MET. A2", "MET. B2", "CO2/BRes"}));
+    EXPECT_EQ(Depth_Grid_Headers(4), (std::vector<std::string>{"Hor. Number", "   [mL/g]", "Fr-Exponent", "MET. D1",
+                                                               "MET. C2", "MET. D2", "CO2/BRes"}));
+    EXPECT_EQ(Depth_Grid_Headers(8),
+              (std::vector<std::string>{"Hor. Number", "   [mL/g]", "Fr-Exponent", "MET. D2", "CO2/BRes"}));
     EXPECT_EQ(Factors_Of(1), (std::vector{1, 2, 3, 4, 5}));
     EXPECT_EQ(Factors_Of(3), (std::vector{1, 2, 3, 4}));
     EXPECT_EQ(Factors_Of(7), (std::vector{1, 2}));

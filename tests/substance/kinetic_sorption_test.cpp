@@ -60,9 +60,12 @@ TEST_F(Kinetic_Sorption, A_Second_Click_On_The_Same_Notation_Converts_Nothing)
 
 TEST_F(Kinetic_Sorption, The_Captions_Change_With_The_Notation)
 {
-    EXPECT_EQ(Captions_Of(PEARL), (Kinetic_Captions{"PEARL fraction of non-eq.-sites to eq.-sites (f_ne):", "PEARL desorption rate 'kd' (1/d):"}));
-    EXPECT_EQ(Captions_Of(STRECK), (Kinetic_Captions{"STRECK fraction of eq.-sites to all-sites (f_eq):", "STRECK sorption rate 'alpha' (1/d):"}));
-    EXPECT_EQ(Designed_Kinetic_Captions, (Kinetic_Captions{"Fraction  of non-eq sites to eq-sites", "Desorption rate (1/d):"}));
+    EXPECT_EQ(Captions_Of(PEARL), (Kinetic_Captions{"PEARL fraction of non-eq.-sites to eq.-sites (f_ne):",
+                                                    "PEARL desorption rate 'kd' (1/d):"}));
+    EXPECT_EQ(Captions_Of(STRECK), (Kinetic_Captions{"STRECK fraction of eq.-sites to all-sites (f_eq):",
+                                                     "STRECK sorption rate 'alpha' (1/d):"}));
+    EXPECT_EQ(Designed_Kinetic_Captions,
+              (Kinetic_Captions{"Fraction  of non-eq sites to eq-sites", "Desorption rate (1/d):"}));
 }
 
 TEST_F(Kinetic_Sorption, Refuses_A_STRECK_Fraction_Of_Zero_But_Not_A_PEARL_One)
@@ -73,8 +76,10 @@ TEST_F(Kinetic_Sorption, Refuses_A_STRECK_Fraction_Of_Zero_But_Not_A_PEARL_One)
 
 TEST_F(Kinetic_Sorption, Refuses_A_Negative_Fraction_Under_Both_Notations)
 {
-    EXPECT_EQ(Check_Kinetic_Fraction({"-0.1", "0.1", STRECK}), Wrong("This fraction cannot be smaller than 0.", "s_f_neq"));
-    EXPECT_EQ(Check_Kinetic_Fraction({"-0.1", "0.1", PEARL}), Wrong("This fraction cannot be smaller than 0.", "s_f_neq"));
+    EXPECT_EQ(Check_Kinetic_Fraction({"-0.1", "0.1", STRECK}),
+              Wrong("This fraction cannot be smaller than 0.", "s_f_neq"));
+    EXPECT_EQ(Check_Kinetic_Fraction({"-0.1", "0.1", PEARL}),
+              Wrong("This fraction cannot be smaller than 0.", "s_f_neq"));
 }
 
 TEST_F(Kinetic_Sorption, Calls_A_Negative_Rate_A_Fraction_Too)
@@ -113,9 +118,12 @@ TEST_F(Kinetic_Sorption, Done_At_A_STRECK_Fraction_Of_1_Keeps_The_Old_Rate)
 
 TEST_F(Kinetic_Sorption, Done_Refuses_What_Would_Be_Stored_As_A_Negative_Fraction_Or_Rate)
 {
-    EXPECT_EQ(Accept_Kinetic(Document, 2, {"1.5", "0.3", STRECK}), Wrong("This fraction cannot be smaller than 0.", "s_f_neq"));
-    EXPECT_EQ(Accept_Kinetic(Document, 2, {"0", "0.3", STRECK}), Wrong("This fraction must be greater than 0.", "s_f_neq"));
-    EXPECT_EQ(Accept_Kinetic(Document, 2, {"1", "-0.3", PEARL}), Wrong("This fraction cannot be smaller than 0.", "s_kdes"));
+    EXPECT_EQ(Accept_Kinetic(Document, 2, {"1.5", "0.3", STRECK}),
+              Wrong("This fraction cannot be smaller than 0.", "s_f_neq"));
+    EXPECT_EQ(Accept_Kinetic(Document, 2, {"0", "0.3", STRECK}),
+              Wrong("This fraction must be greater than 0.", "s_f_neq"));
+    EXPECT_EQ(Accept_Kinetic(Document, 2, {"1", "-0.3", PEARL}),
+              Wrong("This fraction cannot be smaller than 0.", "s_kdes"));
     EXPECT_EQ(Document.F_neq[2], 0);
 }
 

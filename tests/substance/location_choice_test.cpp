@@ -15,10 +15,14 @@ struct Location_Choice : testing::Test {
             const auto number = static_cast<std::int16_t>(l);
             The_Session.Run.App_Per_Year[l] = number;
             The_Session.Pesticide.App_Count[l] = 26 * number;
-            The_Session.Pesticide.Applications[l][1] = {number, number, number, 0.1 * number, 2.0 * number, 10.0 * number, 0.01 * number, number};
+            The_Session.Pesticide.Applications[l][1] = {number,       number,        number,        0.1 * number,
+                                                        2.0 * number, 10.0 * number, 0.01 * number, number};
         }
     }
-    std::optional<std::size_t> Choose(const std::vector<std::string>& selected) { return Choose_Locations(The_Session, List, Offered_Locations(), selected); }
+    std::optional<std::size_t> Choose(const std::vector<std::string>& selected)
+    {
+        return Choose_Locations(The_Session, List, Offered_Locations(), selected);
+    }
 
     Session The_Session;
     std::vector<std::string> List;
@@ -26,8 +30,9 @@ struct Location_Choice : testing::Test {
 
 TEST_F(Location_Choice, Nine_Leaching_Locations_Are_Offered)
 {
-    EXPECT_EQ(Offered_Locations(), (std::vector<std::string>{"Ch\xE2teaudun (C)", "Hamburg (H)", "Jokioinen (J)", "Kremsm\xFCnster (K)", "Okehampton (N)",
-                                                             "Piacenza (P)", "Porto (O)", "Sevilla (S)", "Thiva (T)"}));
+    EXPECT_EQ(Offered_Locations(),
+              (std::vector<std::string>{"Ch\xE2teaudun (C)", "Hamburg (H)", "Jokioinen (J)", "Kremsm\xFCnster (K)",
+                                        "Okehampton (N)", "Piacenza (P)", "Porto (O)", "Sevilla (S)", "Thiva (T)"}));
 }
 
 TEST_F(Location_Choice, Six_Soil_Locations_Are_Offered_For_Every_Crop)

@@ -39,7 +39,8 @@ TEST_F(Location_Lists_Of_A_Document, Tell_Soil_Zones_By_Their_Underscore)
 {
     Named({North, Central});
 
-    EXPECT_EQ(Load_Location_Lists(The_Session), (Location_Lists{{" User specific"}, {" User specific", North, Central}, true}));
+    EXPECT_EQ(Load_Location_Lists(The_Session),
+              (Location_Lists{{" User specific"}, {" User specific", North, Central}, true}));
 }
 
 TEST_F(Location_Lists_Of_A_Document, That_Mixes_Both_Show_The_Kind_Of_The_Last_Name_And_Keep_Every_Block_With_Its_Entry)
@@ -48,7 +49,8 @@ TEST_F(Location_Lists_Of_A_Document, That_Mixes_Both_Show_The_Kind_Of_The_Last_N
 
     const auto lists = Load_Location_Lists(The_Session);
 
-    EXPECT_EQ(lists, (Location_Lists{{" User specific", "Hamburg (H)", "Sevilla (S)"}, {" User specific", North}, false}));
+    EXPECT_EQ(lists,
+              (Location_Lists{{" User specific", "Hamburg (H)", "Sevilla (S)"}, {" User specific", North}, false}));
     EXPECT_EQ(Rate(2), 3);
     EXPECT_EQ(Document.App_Count[2], Variant(29));
     EXPECT_EQ(The_Session.Run.App_Per_Year[2], 3);
@@ -61,7 +63,8 @@ TEST_F(Location_Lists_Of_A_Document, Leave_No_Gap_Where_A_Name_Is_Missing)
 {
     Named({"Hamburg (H)", "", "Sevilla (S)"});
 
-    EXPECT_EQ(Load_Location_Lists(The_Session).Standort, (std::vector<std::string>{" User specific", "Hamburg (H)", "Sevilla (S)"}));
+    EXPECT_EQ(Load_Location_Lists(The_Session).Standort,
+              (std::vector<std::string>{" User specific", "Hamburg (H)", "Sevilla (S)"}));
     EXPECT_EQ(Rate(2), 3);
 }
 

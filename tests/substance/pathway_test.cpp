@@ -14,7 +14,8 @@ std::unique_ptr<Pesticide_Document> With_Arrows(std::initializer_list<int> arrow
     Reset_PSM(*document);
     for (const int t : arrows) {
         const auto& arrow = Arrow_Of(t);
-        document->Degradation[static_cast<std::size_t>(arrow.Source)][static_cast<std::size_t>(arrow.Row)].Deg_Rate = 0.1;
+        document->Degradation[static_cast<std::size_t>(arrow.Source)][static_cast<std::size_t>(arrow.Row)].Deg_Rate =
+            0.1;
     }
     Update_Pathway(*document);
     return document;
@@ -64,10 +65,12 @@ TEST(Pathway, Every_Metabolite_Is_Formed_By_Each_Of_Its_Arrows)
         std::initializer_list<int> Arrows;
         std::size_t Formed;
     };
-    for (const auto& [arrows, formed] : {Way{{1}, 2}, Way{{2}, 3}, Way{{3}, 4}, Way{{2, 10}, 4}, Way{{4}, 5}, Way{{3, 14}, 5}, Way{{1, 7}, 6},
-                                         Way{{1, 7, 22}, 7}, Way{{1, 8}, 7}, Way{{2, 11}, 7}, Way{{2, 12}, 8}, Way{{3, 15}, 8}, Way{{1, 8, 24}, 8},
-                                         Way{{3, 16}, 9}, Way{{4, 19}, 9}, Way{{2, 12, 26}, 9}, Way{{1, 6, 10}, 4}, Way{{1, 6, 10, 14}, 5}})
-        EXPECT_TRUE(With_Arrows(arrows)->Met_Present[formed]) << "metabolite " << formed << " by arrow " << *(arrows.end() - 1);
+    for (const auto& [arrows, formed] :
+         {Way{{1}, 2}, Way{{2}, 3}, Way{{3}, 4}, Way{{2, 10}, 4}, Way{{4}, 5}, Way{{3, 14}, 5}, Way{{1, 7}, 6},
+          Way{{1, 7, 22}, 7}, Way{{1, 8}, 7}, Way{{2, 11}, 7}, Way{{2, 12}, 8}, Way{{3, 15}, 8}, Way{{1, 8, 24}, 8},
+          Way{{3, 16}, 9}, Way{{4, 19}, 9}, Way{{2, 12, 26}, 9}, Way{{1, 6, 10}, 4}, Way{{1, 6, 10, 14}, 5}})
+        EXPECT_TRUE(With_Arrows(arrows)->Met_Present[formed])
+            << "metabolite " << formed << " by arrow " << *(arrows.end() - 1);
 }
 
 TEST(Pathway, Reserved_Arrows_Form_Nothing)
@@ -110,13 +113,14 @@ TEST(Arrow_Table, Follows_The_Thresholds_And_Leaves_Reserved_Numbers_Without_A_L
 
 TEST(Arrow_Table, The_Label_Names_The_Target)
 {
-    constexpr Per_Substance<std::string_view> names = {"CO2/BR", "AS", "MET A1", "MET B1", "MET C1", "MET D1", "MET A2", "MET B2", "MET C2", "MET D2"};
+    constexpr Per_Substance<std::string_view> names = {"CO2/BR", "AS",     "MET A1", "MET B1", "MET C1",
+                                                       "MET D1", "MET A2", "MET B2", "MET C2", "MET D2"};
     for (int t = 1; t <= Last_Transformation; ++t) {
         const auto& arrow = Arrow_Of(t);
         if (arrow.Label.empty())
             continue;
-        EXPECT_EQ(arrow.Label,
-                  std::string(names[static_cast<std::size_t>(arrow.Source)]) + " to " + std::string(names[static_cast<std::size_t>(arrow.Target)]));
+        EXPECT_EQ(arrow.Label, std::string(names[static_cast<std::size_t>(arrow.Source)]) + " to " +
+                                   std::string(names[static_cast<std::size_t>(arrow.Target)]));
     }
 }
 

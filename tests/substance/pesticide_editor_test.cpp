@@ -111,9 +111,11 @@ TEST_F(Pesticide_Editor, Asks_Before_Changes_Are_Given_Up)
     The_User.Answers = {Button::No, Button::Yes};
     EXPECT_FALSE(May_Leave_Editor(The_Session));
     EXPECT_TRUE(May_Leave_Editor(The_Session));
-    EXPECT_EQ(
-        The_User.Messages[0],
-        (Message{"Saving Input File", "Parameters were changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No}));
+    EXPECT_EQ(The_User.Messages[0], (Message{"Saving Input File",
+                                             "Parameters were changed. Do you want to exit without saving ?",
+                                             Icon::Question,
+                                             {Button::Yes, Button::No},
+                                             Button::No}));
 }
 
 TEST_F(Pesticide_Editor, Walks_Over_No_More_Applications_Than_There_Are_Slots)

@@ -27,8 +27,10 @@ TEST(Rate_Correction, Is_Individual_For_Any_Other_Values)
 TEST(Rate_Correction, Locks_All_On_Activation_Of_A_Preset_And_One_Moisture_Of_An_Individual_One)
 {
     EXPECT_EQ(Enabled_On_Activation({}), (Correction_Enabled{false, false, false, false}));
-    EXPECT_EQ(Enabled_On_Activation({.Q10 = "2", .By_Relative_Moisture = true}), (Correction_Enabled{true, false, true, true}));
-    EXPECT_EQ(Enabled_On_Activation({.Q10 = "2", .By_Relative_Moisture = false}), (Correction_Enabled{true, true, false, true}));
+    EXPECT_EQ(Enabled_On_Activation({.Q10 = "2", .By_Relative_Moisture = true}),
+              (Correction_Enabled{true, false, true, true}));
+    EXPECT_EQ(Enabled_On_Activation({.Q10 = "2", .By_Relative_Moisture = false}),
+              (Correction_Enabled{true, true, false, true}));
 }
 
 TEST(Rate_Correction, A_Preset_Puts_Its_Values_And_Relative_Moisture)

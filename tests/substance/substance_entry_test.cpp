@@ -16,7 +16,8 @@ TEST_F(Substance_Form, Shows_The_Fields_Of_Its_Substance)
     Document.Deg_Liquid_Only[3] = 1;
     Document.N_Horizons = 4;
 
-    EXPECT_EQ(Load_Substance(Document, 3), (Substance_Entry{"Metabolite B1", "250.5", "0.5", "0.7", "0.9", "0.01", "0", "12", "1", "4", true, 2, true, true}));
+    EXPECT_EQ(Load_Substance(Document, 3), (Substance_Entry{"Metabolite B1", "250.5", "0.5", "0.7", "0.9", "0.01", "0",
+                                                            "12", "1", "4", true, 2, true, true}));
 }
 
 TEST_F(Substance_Form, Of_A_Metabolite_Passes_With_A_Molar_Mass_Of_Zero)
@@ -61,7 +62,8 @@ TEST_F(Substance_Form, All_But_Individual_Depth_Dependence_Sets_The_Horizons_To_
 
         Choose_Depth_Mode(entry, mode);
 
-        EXPECT_EQ(entry, (Substance_Entry{.Text_nhor = "0", .Kd_Direct = false, .Depth_Mode = mode, .Kf_Enabled = false}));
+        EXPECT_EQ(entry,
+                  (Substance_Entry{.Text_nhor = "0", .Kd_Direct = false, .Depth_Mode = mode, .Kf_Enabled = false}));
     }
 }
 
@@ -108,7 +110,8 @@ TEST_F(Substance_Form, Refuses_More_Horizons_Than_A_Soil_Can_Have)
     Reset_Horizon_Table(Document, 3);
     Substance_Entry entry = {.Text_nhor = "1E9"};
 
-    EXPECT_EQ(Leave_Number_Of_Horizons(Document, entry), (Refusal{{"Data check", "Number of horizons must not exceed 400"}, "Text_nhor"}));
+    EXPECT_EQ(Leave_Number_Of_Horizons(Document, entry),
+              (Refusal{{"Data check", "Number of horizons must not exceed 400"}, "Text_nhor"}));
     EXPECT_EQ(Document.Horizons.size(), 5U);
     EXPECT_EQ(Horizons_Typed(entry), 400);
 }

@@ -8,18 +8,22 @@ using Substance_View = Pesticide_Session;
 
 TEST_F(Substance_View, A_Direct_Henry_Constant_Of_A_Soil_Application_Needs_No_Vapour_Pressure)
 {
-    EXPECT_EQ(View_Of_Volatilisation({.App_Flag = Application_Method::Soil, .Henry_Direct = true}), (Volatilisation_View{true, false, false, false}));
+    EXPECT_EQ(View_Of_Volatilisation({.App_Flag = Application_Method::Soil, .Henry_Direct = true}),
+              (Volatilisation_View{true, false, false, false}));
 }
 
 TEST_F(Substance_View, A_Foliar_Application_Shows_The_Vapour_Pressure_And_The_Plant_Surface)
 {
-    for (const auto method : {Application_Method::Linear, Application_Method::Exponential, Application_Method::Manually})
-        EXPECT_EQ(View_Of_Volatilisation({.App_Flag = method, .Henry_Direct = true}), (Volatilisation_View{true, true, false, true}));
+    for (const auto method :
+         {Application_Method::Linear, Application_Method::Exponential, Application_Method::Manually})
+        EXPECT_EQ(View_Of_Volatilisation({.App_Flag = method, .Henry_Direct = true}),
+                  (Volatilisation_View{true, true, false, true}));
 }
 
 TEST_F(Substance_View, A_Calculated_Henry_Constant_Shows_What_It_Is_Calculated_From)
 {
-    EXPECT_EQ(View_Of_Volatilisation({.App_Flag = Application_Method::Soil, .Henry_Direct = false}), (Volatilisation_View{false, true, true, false}));
+    EXPECT_EQ(View_Of_Volatilisation({.App_Flag = Application_Method::Soil, .Henry_Direct = false}),
+              (Volatilisation_View{false, true, true, false}));
 }
 
 TEST_F(Substance_View, A_Direct_Kf_Hides_Koc_And_Exponent)
@@ -30,8 +34,10 @@ TEST_F(Substance_View, A_Direct_Kf_Hides_Koc_And_Exponent)
 
 TEST_F(Substance_View, Individual_Depth_Dependence_Shows_The_Horizons_And_Their_Button_From_One_On)
 {
-    EXPECT_EQ(View_Of_Sorption({.Text_nhor = "0", .Depth_Mode = 2, .Kf_Enabled = true}), (Sorption_View{true, true, false, true}));
-    EXPECT_EQ(View_Of_Sorption({.Text_nhor = "2", .Depth_Mode = 2, .Kf_Enabled = true}), (Sorption_View{true, true, true, true}));
+    EXPECT_EQ(View_Of_Sorption({.Text_nhor = "0", .Depth_Mode = 2, .Kf_Enabled = true}),
+              (Sorption_View{true, true, false, true}));
+    EXPECT_EQ(View_Of_Sorption({.Text_nhor = "2", .Depth_Mode = 2, .Kf_Enabled = true}),
+              (Sorption_View{true, true, true, true}));
     EXPECT_EQ(View_Of_Sorption({.Text_nhor = "0", .Depth_Mode = 1}), (Sorption_View{true, false, false, false}));
 }
 

@@ -20,7 +20,8 @@ using Volatilisation_Pairs = Pesticide_Session;
 
 TEST_F(Volatilisation_Pairs, A_Direct_Henry_Constant_Doubles_10_Degrees_Higher)
 {
-    EXPECT_EQ(Filled({.Volat_Temp = {20, 20}, .Henry = {1E-4, 0}}, Direct), (Volatilisation{.Volat_Temp = {20, 30}, .Henry = {1E-4, 2E-4}}));
+    EXPECT_EQ(Filled({.Volat_Temp = {20, 20}, .Henry = {1E-4, 0}}, Direct),
+              (Volatilisation{.Volat_Temp = {20, 30}, .Henry = {1E-4, 2E-4}}));
 }
 
 TEST_F(Volatilisation_Pairs, A_Calculated_One_Gets_4_Times_The_Vapour_Pressure_And_2_Times_The_Solubility)

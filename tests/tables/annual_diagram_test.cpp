@@ -10,18 +10,22 @@ namespace {
 std::string Table(const std::string& name, const std::string& depth, double first, const std::string& percentile)
 {
     std::string text = " \r\n \r\n\tResults for " + name + " in the percolate at " + depth +
-                       "\r\n \r\n\t     Period \tPesticide Flux\t   Percolate\tPesticide Conc.\r\n\t         \t     (g/ha)\t    (L/m\xB2)\t     (\xB5g/L)  "
+                       "\r\n \r\n\t     Period \tPesticide Flux\t   Percolate\tPesticide Conc.\r\n\t         \t     "
+                       "(g/ha)\t    (L/m\xB2)\t     (\xB5g/L)  "
                        "\r\n\t------------------------------------------------------------\r\n";
     for (int p = 1; p <= 20; ++p)
-        text += "\t" + std::to_string(p) + "   \t0.12345     \t234.500     \t" + std::to_string(first + p / 10.0) + "\r\n";
-    return text + "\t------------------------------------------------------------\r\n\tTotal    \t1\t2\t3\r\n\t" + percentile + "\r\n";
+        text +=
+            "\t" + std::to_string(p) + "   \t0.12345     \t234.500     \t" + std::to_string(first + p / 10.0) + "\r\n";
+    return text + "\t------------------------------------------------------------\r\n\tTotal    \t1\t2\t3\r\n\t" +
+           percentile + "\r\n";
 }
 
 std::string Period_File()
 {
     const std::string bottom = "the bottom of the simulated soil core", top = "1 m soil depth";
     return "ORVEL engine 4.01\r\nHamburg\r\nD mit \x81\r\nSoil concentrations\r\n" +
-           Table("Parent in the percolate at home", top, 1, "80 Perc.(16/17)\t1\t2\t2.65") + Table("A1", top, 10, "80 Perc.(5/20)\t1\t2\t11.5") +
+           Table("Parent in the percolate at home", top, 1, "80 Perc.(16/17)\t1\t2\t2.65") +
+           Table("A1", top, 10, "80 Perc.(5/20)\t1\t2\t11.5") +
            Table("Parent in the percolate at home", bottom, 100, "80 Perc.(1/2)\t1\t2\t100.15") +
            Table("A1", bottom, 0, "80 Perc.(0/0)\t0.00E+00\t0.00E+00\t0.000");
 }
@@ -37,7 +41,8 @@ TEST(Annual_Diagram_Rule, Reads_The_Table_Of_A_Substance_At_A_Depth)
     const auto table = Read_Period_Table(Period_File(), 1, 0);
 
     ASSERT_TRUE(table);
-    EXPECT_EQ(table->Head, (std::vector<std::string>{"ORVEL engine 4.01", "Hamburg", "D mit \xFC", "Soil concentrations"}));
+    EXPECT_EQ(table->Head,
+              (std::vector<std::string>{"ORVEL engine 4.01", "Hamburg", "D mit \xFC", "Soil concentrations"}));
     ASSERT_EQ(table->Concentrations.size(), 20U);
     EXPECT_DOUBLE_EQ(table->Concentrations[0], 100.1);
     EXPECT_DOUBLE_EQ(table->Concentrations[19], 102);
@@ -67,7 +72,9 @@ TEST(Annual_Diagram_Rule, Draws_A_Box_For_Every_Period_And_Marks_Those_Of_The_Pe
     ASSERT_EQ(chart.Boxes.size(), 20U);
     EXPECT_EQ(chart.Boxes[0], (Chart_Box{Colour::Series, 0.8, 1.2, 1.1}));
     for (int p = 1; p <= 20; ++p)
-        EXPECT_EQ(chart.Boxes[static_cast<std::size_t>(p) - 1].Drawn_In, p == 16 || p == 17 ? Colour::Marked : Colour::Series) << p;
+        EXPECT_EQ(chart.Boxes[static_cast<std::size_t>(p) - 1].Drawn_In,
+                  p == 16 || p == 17 ? Colour::Marked : Colour::Series)
+            << p;
     ASSERT_EQ(chart.Lines.size(), 1U);
     EXPECT_EQ(chart.Lines[0].Drawn_In, Colour::Marked);
     EXPECT_EQ(chart.Lines[0].Points, (std::vector<Chart_Point>{{0, 2.65}, {20, 2.65}}));
@@ -80,7 +87,8 @@ TEST(Annual_Diagram_Rule, Draws_A_Box_For_Every_Period_And_Marks_Those_Of_The_Pe
 
 TEST(Annual_Diagram_Rule, The_Soil_Bottom_Has_A_Title_Of_Its_Own)
 {
-    EXPECT_EQ(Annual_Diagram(*Read_Period_Table(Period_File(), 1, 1), 1, "A1").Title, "Average A1 concentration in leachate (soil bottom) [\xB5g/L]");
+    EXPECT_EQ(Annual_Diagram(*Read_Period_Table(Period_File(), 1, 1), 1, "A1").Title,
+              "Average A1 concentration in leachate (soil bottom) [\xB5g/L]");
 }
 
 TEST(Annual_Diagram_Rule, A_Period_With_Concentration_0_Has_A_Box_Of_Height_0_And_The_Axis_Goes_To_1)

@@ -6,20 +6,23 @@ namespace orvel {
 
 namespace {
 
-constexpr std::string_view Water = "ORVEL engine 4.01\r\nAnnual Rain Balance (demo)\r\n1997\r\n4\r\n\r\n\r\n\tAnnual Water Balance (L/m\xB2)\r\n\r\n"
-                                   "\tYear  \tPrecipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage\r\n"
-                                   "\t1   \t    643.102   \t0.00E+00 \t12.077   \t396.730  \t234.188  \t0.1070000\r\n"
-                                   "\t2   \t    500.000   \t0.00E+00 \t12.077   \t396.730  \t234.188  \t-142.995\r\n";
+constexpr std::string_view Water =
+    "ORVEL engine 4.01\r\nAnnual Rain Balance (demo)\r\n1997\r\n4\r\n\r\n\r\n\tAnnual Water Balance (L/m\xB2)\r\n\r\n"
+    "\tYear  \tPrecipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage\r\n"
+    "\t1   \t    643.102   \t0.00E+00 \t12.077   \t396.730  \t234.188  \t0.1070000\r\n"
+    "\t2   \t    500.000   \t0.00E+00 \t12.077   \t396.730  \t234.188  \t-142.995\r\n";
 
 constexpr std::string_view Substances_File =
     "1\r\n2\r\n3\r\n4\r\n\r\n\r\n\tAnnual Pesticide Balance (g/ha)\r\n\r\n"
     "\tYear  \tApplication\tVolatilisation\t  Runoff\tPlant uptake\tDegradation\t Percolate\tDiff. Storage\r\n"
-    "\t---------------------------------------------------------------------------------------------------------------------\r\n"
+    "\t----------------------------------------------------------------------------------------------------------------"
+    "-----\r\n"
     "\t1   \t    1000.00\t2.1\t0.9\t12.3\t765.1\t0.00E+00\t219.6\r\n"
     "\t2   \t    1000.00\t2.1\r\n"
     "\r\n\r\n\tAnnual  Metab.A1 Balance (g/ha)\r\n\r\n"
     "\tYear  \tFormation\tVolatilisation\t  Runoff\tPlant uptake\tDegradation\t Percolate\tDiff. Storage\r\n"
-    "\t---------------------------------------------------------------------------------------------------------------------\r\n"
+    "\t----------------------------------------------------------------------------------------------------------------"
+    "-----\r\n"
     "\t1   \t300.0\t0.00E+00\t0.1\t0.2\t100.0\t1.5\t198.2\r\n";
 
 TEST(Balance_Charts, Read_The_Water_Table_And_Search_Nothing_In_The_Users_Titles)
@@ -28,7 +31,8 @@ TEST(Balance_Charts, Read_The_Water_Table_And_Search_Nothing_In_The_Users_Titles
 
     ASSERT_EQ(tables.size(), 1U);
     EXPECT_EQ(tables[0].Label, "Water");
-    EXPECT_EQ(tables[0].Terms, (std::vector<std::string>{"Precipitation", "Irrigation", "Runoff", "Evapotransp.", "Percolate", "Diff. Storage"}));
+    EXPECT_EQ(tables[0].Terms, (std::vector<std::string>{"Precipitation", "Irrigation", "Runoff", "Evapotransp.",
+                                                         "Percolate", "Diff. Storage"}));
     ASSERT_EQ(tables[0].Rows.size(), 2U);
     EXPECT_EQ(tables[0].Rows[1].Year, 2);
     EXPECT_EQ(tables[0].Rows[0].Terms, (std::vector{643.102, 0.0, 12.077, 396.73, 234.188, 0.107}));

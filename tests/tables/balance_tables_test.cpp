@@ -48,7 +48,8 @@ protected:
 };
 
 const std::string Titles = "Engine\r\nScenario\r\nPesticide\r\nSoil concentrations: total content (mg/kg)\r\n";
-const std::string Shown_Titles = "          Engine\r\n          Scenario\r\n          Pesticide\r\n          Soil concentrations: total content (mg/kg)\r\n";
+const std::string Shown_Titles = "          Engine\r\n          Scenario\r\n          Pesticide\r\n          Soil "
+                                 "concentrations: total content (mg/kg)\r\n";
 
 // The tables of the run, whose view says "Annual" and "Year  " or the like.
 std::string Water_Table(const std::string& word, const std::string& first)
@@ -60,7 +61,8 @@ std::string Water_Table(const std::string& word, const std::string& first)
 
 std::string Pesticide_Tables(const std::string& word, const std::string& first)
 {
-    const std::string heads = "\tVolatilisation\t  Runoff\tPlant uptake\tDegradation\t Percolate\tDiff. Storage\r\n\t" + std::string(117, '-') + "\r\n";
+    const std::string heads = "\tVolatilisation\t  Runoff\tPlant uptake\tDegradation\t Percolate\tDiff. Storage\r\n\t" +
+                              std::string(117, '-') + "\r\n";
     return "\r\n\r\n\t" + word + " Pesticide Balance (g/ha)\r\n\r\n\t" + first + "\tApplication" + heads +
            "\t1       \t1000.00  \t2.1000000\t0.9000000\t12.3000  \t765.100  \t9.80E-04 \t219.599   \r\n"
            "\r\n\r\n\t" +
@@ -169,10 +171,12 @@ TEST_F(Balance_Tables_Test, Each_Row_Is_Told_And_The_User_May_Stop)
         told.push_back(message);
         return true;
     });
-    EXPECT_EQ(told, (std::vector<std::string>{"Please wait! Reading file wasser, year 1.", "Please wait! Reading file chem.orv, year 1.",
+    EXPECT_EQ(told, (std::vector<std::string>{"Please wait! Reading file wasser, year 1.",
+                                              "Please wait! Reading file chem.orv, year 1.",
                                               "Please wait! Reading file chem_B1.orv, year 1."}));
 
-    const auto stopped = Build_Or_Load_Balance(Run.Path(), Balance_View::Annual, [](const std::string&, double) { return false; });
+    const auto stopped =
+        Build_Or_Load_Balance(Run.Path(), Balance_View::Annual, [](const std::string&, double) { return false; });
     EXPECT_EQ(stopped.Failure, "The reading was stopped.");
     EXPECT_FALSE(Has_Cache());
 }

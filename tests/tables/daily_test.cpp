@@ -160,7 +160,8 @@ TEST(Daily_Series, A_File_That_Is_Cut_Short_Gives_What_It_Holds)
 
 TEST(Daily_Series, A_Span_Behind_The_Simulation_Gives_No_Points)
 {
-    EXPECT_TRUE(Make_Daily_Series(Daily_Lines(365), Calendar(1), {Precipitation, false, {1, 2}, {12, 2}}).Points.empty());
+    EXPECT_TRUE(
+        Make_Daily_Series(Daily_Lines(365), Calendar(1), {Precipitation, false, {1, 2}, {12, 2}}).Points.empty());
 }
 
 TEST(Daily_Diagram_Rule, The_Unit_Changes_Positions_Only_And_Resamples_Nothing)
@@ -187,10 +188,13 @@ TEST(Daily_Diagram_Rule, The_Unit_Changes_Positions_Only_And_Resamples_Nothing)
 
 TEST(Daily_Diagram_Rule, The_Title_Tells_The_Item_And_The_Unit_Of_Rate_Or_Sum)
 {
-    EXPECT_EQ(Daily_Diagram({{}, 30}, Whole(Leaching, false, 1), "Leaching output at 100 cm  for D", X_Unit::Years).Title,
-              "Leaching output at 100 cm  for D (kg/ha/d)");
-    EXPECT_EQ(Daily_Diagram({{}, 30}, Whole(Volatilisation, true, 1), "Volatilisation for D", X_Unit::Years).Title, "Cumulative Volatilisation for D (kg/ha)");
-    EXPECT_EQ(Daily_Diagram({{}, 30}, Whole(Soil_Moisture, true, 1), "Soil moisture ", X_Unit::Years).Title, "Soil moisture (m\xB3/m\xB3)");
+    EXPECT_EQ(
+        Daily_Diagram({{}, 30}, Whole(Leaching, false, 1), "Leaching output at 100 cm  for D", X_Unit::Years).Title,
+        "Leaching output at 100 cm  for D (kg/ha/d)");
+    EXPECT_EQ(Daily_Diagram({{}, 30}, Whole(Volatilisation, true, 1), "Volatilisation for D", X_Unit::Years).Title,
+              "Cumulative Volatilisation for D (kg/ha)");
+    EXPECT_EQ(Daily_Diagram({{}, 30}, Whole(Soil_Moisture, true, 1), "Soil moisture ", X_Unit::Years).Title,
+              "Soil moisture (m\xB3/m\xB3)");
 }
 
 TEST(Daily_Diagram_Rule, Without_Points_The_Axis_Goes_To_1)

@@ -139,7 +139,8 @@ TEST_F(Leachate_Cache, A_Run_Without_Plot_File_Is_Shown_But_Not_Cached)
     const auto tables = Build_Or_Load(Run.Path());
 
     EXPECT_EQ(tables.Not_Cached, "The run has no complete plot.orv.");
-    EXPECT_TRUE(tables.Year_Text.starts_with("          \r\n          \r\n          \r\n          \r\n \r\n \r\n\tResults for Substance D"));
+    EXPECT_TRUE(tables.Year_Text.starts_with(
+        "          \r\n          \r\n          \r\n          \r\n \r\n \r\n\tResults for Substance D"));
     EXPECT_EQ(Lines_With(tables.Year_Text, "Perc.").size(), 2U);
     EXPECT_FALSE(Has_Cache());
 }
@@ -171,7 +172,8 @@ TEST_F(Leachate_Cache, Nothing_But_The_Two_Caches_Is_Left_In_The_Run_Directory)
 {
     Build_Or_Load(Run.Path());
 
-    EXPECT_EQ(List_Files(Run.Path(), "*"), (std::vector<std::string>{"chem.orv", "echo.orv", "period.orv", "plot.orv", "Wasser.orv", "year.orv"}));
+    EXPECT_EQ(List_Files(Run.Path(), "*"),
+              (std::vector<std::string>{"chem.orv", "echo.orv", "period.orv", "plot.orv", "Wasser.orv", "year.orv"}));
 }
 
 } // namespace orvel

@@ -9,11 +9,13 @@ namespace orvel {
 
 namespace {
 
-// A year table as it stands in year.orv, with a percolate of 100 L/m2 and the given fluxes, g/ha; title and result rows are plain.
+// A year table as it stands in year.orv, with a percolate of 100 L/m2 and the given fluxes, g/ha; title and result rows
+// are plain.
 std::string Year_Table(const std::string& title, int years)
 {
     Table_Text text;
-    for (const auto* line : {" ", " ", title.c_str(), " ", "\t  Year  \tPesticide Flux\t   Percolate\tPesticide Conc.", "\t         \t     (g/ha)"})
+    for (const auto* line : {" ", " ", title.c_str(), " ", "\t  Year  \tPesticide Flux\t   Percolate\tPesticide Conc.",
+                             "\t         \t     (g/ha)"})
         text.Line(line);
     for (int y = 1; y <= years; ++y)
         Print_Year_Row(text, static_cast<std::size_t>(y), {static_cast<double>(y), 100, static_cast<double>(y)});
@@ -33,12 +35,15 @@ TEST(Leachate_Periods, The_Period_Cache_Is_Laid_Out_To_The_Byte)
 
     std::string rows;
     for (const auto* row :
-         {"1       \t7.0000000   \t100.000     \t7.000",  "2       \t8.0000000   \t100.000     \t8.000",  "3       \t9.0000000   \t100.000     \t9.000",
-          "4       \t10.0000     \t100.000     \t10.000", "5       \t11.0000     \t100.000     \t11.000", "6       \t12.0000     \t100.000     \t12.000",
-          "7       \t13.0000     \t100.000     \t13.000", "8       \t14.0000     \t100.000     \t14.000", "9       \t15.0000     \t100.000     \t15.000",
-          "10      \t16.0000     \t100.000     \t16.000", "11      \t17.0000     \t100.000     \t17.000", "12      \t18.0000     \t100.000     \t18.000",
-          "13      \t19.0000     \t100.000     \t19.000", "14      \t20.0000     \t100.000     \t20.000", "15      \t21.0000     \t100.000     \t21.000",
-          "16      \t22.0000     \t100.000     \t22.000", "17      \t23.0000     \t100.000     \t23.000", "18      \t24.0000     \t100.000     \t24.000",
+         {"1       \t7.0000000   \t100.000     \t7.000",  "2       \t8.0000000   \t100.000     \t8.000",
+          "3       \t9.0000000   \t100.000     \t9.000",  "4       \t10.0000     \t100.000     \t10.000",
+          "5       \t11.0000     \t100.000     \t11.000", "6       \t12.0000     \t100.000     \t12.000",
+          "7       \t13.0000     \t100.000     \t13.000", "8       \t14.0000     \t100.000     \t14.000",
+          "9       \t15.0000     \t100.000     \t15.000", "10      \t16.0000     \t100.000     \t16.000",
+          "11      \t17.0000     \t100.000     \t17.000", "12      \t18.0000     \t100.000     \t18.000",
+          "13      \t19.0000     \t100.000     \t19.000", "14      \t20.0000     \t100.000     \t20.000",
+          "15      \t21.0000     \t100.000     \t21.000", "16      \t22.0000     \t100.000     \t22.000",
+          "17      \t23.0000     \t100.000     \t23.000", "18      \t24.0000     \t100.000     \t24.000",
           "19      \t25.0000     \t100.000     \t25.000", "20      \t26.0000     \t100.000     \t26.000"})
         rows += std::string("\t") + row + "\r\n";
     const std::string rule = "\t------------------------------------------------------------\r\n";
@@ -56,9 +61,12 @@ TEST(Leachate_Periods, The_Window_Has_Ten_Blanks_Before_The_Titles_And_A_Narrow_
 {
     const auto periods = Build_Periods(Titles + Year_Table(Metre, 26), 0);
 
-    EXPECT_TRUE(periods.Text.Screen.starts_with("          one\r\n          two\r\n          three\r\n          four\r\n \r\n"));
-    EXPECT_EQ(Lines_With(periods.Text.Screen, "Period"), std::vector<std::string>{"\t Period \tPesticide Flux\t   Percolate\tPesticide Conc."});
-    EXPECT_EQ(Lines_With(periods.Text.Screen, "Perc.("), std::vector<std::string>{"\t80 Perc.(17/16)\t45.0000     \t200.000     \t22.500"});
+    EXPECT_TRUE(periods.Text.Screen.starts_with(
+        "          one\r\n          two\r\n          three\r\n          four\r\n \r\n"));
+    EXPECT_EQ(Lines_With(periods.Text.Screen, "Period"),
+              std::vector<std::string>{"\t Period \tPesticide Flux\t   Percolate\tPesticide Conc."});
+    EXPECT_EQ(Lines_With(periods.Text.Screen, "Perc.("),
+              std::vector<std::string>{"\t80 Perc.(17/16)\t45.0000     \t200.000     \t22.500"});
 }
 
 TEST(Leachate_Periods, A_Period_Of_Two_Years_Has_Their_Mass_In_Their_Percolate)
@@ -116,9 +124,11 @@ TEST(Leachate_Periods, Periods_Without_Years_Are_0_And_Equal_Ones_Are_Picked_In_
 {
     const auto periods = Build_Periods(Titles + Year_Table(Metre, 8), 0);
 
-    EXPECT_EQ(Lines_With(periods.Text.File, "\t3   "), std::vector<std::string>{"\t3       \t0.00E+00    \t0.00E+00    \t0.000"});
+    EXPECT_EQ(Lines_With(periods.Text.File, "\t3   "),
+              std::vector<std::string>{"\t3       \t0.00E+00    \t0.00E+00    \t0.000"});
     // Two periods have values; the third and fourth selections are the periods 3 and 4, the further one is 5.
-    EXPECT_EQ(Lines_With(periods.Text.File, "Perc."), std::vector<std::string>{"\t80 Perc.(4/5)\t0.00E+00    \t0.00E+00    \t0.000"});
+    EXPECT_EQ(Lines_With(periods.Text.File, "Perc."),
+              std::vector<std::string>{"\t80 Perc.(4/5)\t0.00E+00    \t0.00E+00    \t0.000"});
 }
 
 TEST(Leachate_Periods, What_Is_No_Year_Table_Gives_None)

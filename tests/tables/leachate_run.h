@@ -13,7 +13,8 @@ class Leachate_Run {
 public:
     explicit Leachate_Run(const Echo_Text& echo = {}); // with echo.orv and plot.orv
 
-    // Writes Wasser.orv and chem<suffix>.orv. At 1 m the percolate of each year is 100 L/m2, at the core bottom 50 L/m2; the fluxes are those given, g/ha.
+    // Writes Wasser.orv and chem<suffix>.orv. At 1 m the percolate of each year is 100 L/m2, at the core bottom 50
+    // L/m2; the fluxes are those given, g/ha.
     void Write_Water(std::size_t years);
     void Write_Chem(const std::string& suffix, const std::vector<int>& metre, const std::vector<int>& bottom);
 

@@ -70,7 +70,9 @@ TEST(Leachate_Tables, The_Year_Cache_Is_Laid_Out_To_The_Byte)
 
     Build_Or_Load(run.Path());
 
-    EXPECT_EQ(Read_File(run / "year.orv"), "Engine\r\nScenario\r\nPesticide\r\nSoil concentrations: total content (mg/kg)\r\n" + Eight_Years("80 Perc."));
+    EXPECT_EQ(Read_File(run / "year.orv"),
+              "Engine\r\nScenario\r\nPesticide\r\nSoil concentrations: total content (mg/kg)\r\n" +
+                  Eight_Years("80 Perc."));
 }
 
 TEST(Leachate_Tables, The_Window_Right_After_A_Build_Has_Ten_Blanks_Before_The_Titles_And_No_80_At_1_M)
@@ -80,7 +82,8 @@ TEST(Leachate_Tables, The_Window_Right_After_A_Build_Has_Ten_Blanks_Before_The_T
 
     const auto tables = Build_Or_Load(run.Path());
 
-    EXPECT_EQ(tables.Year_Text, "          Engine\r\n          Scenario\r\n          Pesticide\r\n          Soil concentrations: total content (mg/kg)\r\n" +
+    EXPECT_EQ(tables.Year_Text, "          Engine\r\n          Scenario\r\n          Pesticide\r\n          Soil "
+                                "concentrations: total content (mg/kg)\r\n" +
                                     Eight_Years("Perc."));
     EXPECT_FALSE(tables.From_Cache);
     EXPECT_TRUE(tables.Cached);
@@ -107,7 +110,8 @@ TEST(Leachate_Tables, Metabolites_Are_Walked_A1_B1_C1_D1_A2_B2_C2_D2)
 {
     Leachate_Run run({.Names = {"P", "a1", "b1", "c1", "d1", "a2", "b2", "c2", "d2"}});
     run.Write_Water(1);
-    for (const std::string suffix : {".orv", "_D2.orv", "_A2.orv", "_B2.orv", "_C2.orv", "_A1.orv", "_C1.orv", "_B1.orv", "_D1.orv"})
+    for (const std::string suffix :
+         {".orv", "_D2.orv", "_A2.orv", "_B2.orv", "_C2.orv", "_A1.orv", "_C1.orv", "_B1.orv", "_D1.orv"})
         run.Write_Chem(suffix, {1}, {1});
 
     const auto text = Build_Or_Load(run.Path()).Year_Text;
@@ -115,7 +119,8 @@ TEST(Leachate_Tables, Metabolites_Are_Walked_A1_B1_C1_D1_A2_B2_C2_D2)
     std::vector<std::string> titles, heads;
     for (const std::string name : {"P", "a1", "b1", "c1", "d1", "a2", "b2", "c2", "d2"})
         titles.push_back("\tResults for " + name + " in the percolate at 1 m soil depth");
-    for (const std::string label : {"Pesticide", " Metab.A1", " Metab.B1", " Metab.C1", " Metab.D1", " Metab.A2", " Metab.B2", " Metab.C2", " Metab.D2"})
+    for (const std::string label : {"Pesticide", " Metab.A1", " Metab.B1", " Metab.C1", " Metab.D1", " Metab.A2",
+                                    " Metab.B2", " Metab.C2", " Metab.D2"})
         heads.push_back("\t  Year  \t" + label + " Flux\t   Percolate\tPesticide Conc.");
     EXPECT_EQ(Lines_With(text, "1 m soil depth"), titles);
     EXPECT_EQ(Lines_With(text.substr(0, text.find("at the bottom")), " Flux"), heads);
@@ -182,8 +187,10 @@ TEST(Leachate_Tables, With_Six_Years_Or_Fewer_The_Total_Is_Zero_And_The_Percenti
         const auto tables = Build_Or_Load(run.Path());
 
         const std::string bytes = Read_File(run / "year.orv");
-        EXPECT_EQ(Lines_With(bytes, "Perc."), std::vector<std::string>(2, "\t80 Perc.(0/0)\t0.00E+00    \t0.00E+00    \t0.000"));
-        EXPECT_EQ(Lines_With(bytes, "Total"), std::vector<std::string>(2, "\tTotal    \t0.00E+00    \t0.00E+00    \t0.000"));
+        EXPECT_EQ(Lines_With(bytes, "Perc."),
+                  std::vector<std::string>(2, "\t80 Perc.(0/0)\t0.00E+00    \t0.00E+00    \t0.000"));
+        EXPECT_EQ(Lines_With(bytes, "Total"),
+                  std::vector<std::string>(2, "\tTotal    \t0.00E+00    \t0.00E+00    \t0.000"));
         EXPECT_EQ(Lines_With(Read_File(run / "period.orv"), "1 m soil depth").size(), 1U);
         EXPECT_EQ(tables.Period[0][0].Rows, std::vector<Leachate_Row>(20));
     }

@@ -31,7 +31,8 @@ std::string Calendar()
         const std::array<int, 12> days = {31, year % 4 == 0 ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
         for (int month = 1; month <= 12; ++month) {
             for (int day = 1; day <= days[static_cast<std::size_t>(month) - 1]; ++day)
-                text += std::to_string(++number) + " " + std::to_string(day) + " " + std::to_string(month) + " " + std::to_string(year) + "\r\n";
+                text += std::to_string(++number) + " " + std::to_string(day) + " " + std::to_string(month) + " " +
+                        std::to_string(year) + "\r\n";
         }
     }
     return text;
@@ -126,7 +127,8 @@ TEST_F(Series_Of_A_Run, Sums_Of_A_Year_Are_The_Totals_Of_The_Balances_In_Kg_Per_
     for (int substance = 1; substance <= 2; ++substance) {
         const auto file = File_Of(Directory->Path(), files[static_cast<std::size_t>(substance) - 1]);
         for (int year = 1; year <= Years; ++year) {
-            SCOPED_TRACE(std::string(files[static_cast<std::size_t>(substance) - 1]) + ", year " + std::to_string(year));
+            SCOPED_TRACE(std::string(files[static_cast<std::size_t>(substance) - 1]) + ", year " +
+                         std::to_string(year));
             const auto block = Block(file, year);
             ASSERT_FALSE(block.empty());
 
@@ -145,7 +147,8 @@ TEST_F(Series_Of_A_Run, Sums_Of_A_Year_Are_The_Totals_Of_The_Balances_In_Kg_Per_
 
 TEST_F(Series_Of_A_Run, The_Run_Holds_Applications_And_Hourly_Days_To_Be_Compared)
 {
-    EXPECT_EQ(Read_Plot_Column(Directory->Path() / "plot.orv", 1).size(), 4U * 365 + 1 + 4 * 23); // one application a year
+    EXPECT_EQ(Read_Plot_Column(Directory->Path() / "plot.orv", 1).size(),
+              4U * 365 + 1 + 4 * 23); // one application a year
     EXPECT_GT(Applied(Block(File_Of(Directory->Path(), "chem.orv"), 1)), 0.5);
     EXPECT_GT(Applied(Block(File_Of(Directory->Path(), "chem_A1.orv"), 1)), 0.01);
 }
@@ -188,14 +191,17 @@ TEST_F(Series_Of_A_Run, The_Table_By_Year_Has_The_Totals_Of_The_Balances)
             const auto block = Block(File_Of(Directory->Path(), substance == 0 ? "chem.orv" : "chem_A1.orv"), year);
             const auto* at = &row[First + Per_Substance * substance];
             // Three digits remain of an amount below 0.001 kg/ha.
-            const auto expect_same = [](double cell, double total) { EXPECT_NEAR(cell, total, 6e-3 * std::abs(total) + 1e-12); };
+            const auto expect_same = [](double cell, double total) {
+                EXPECT_NEAR(cell, total, 6e-3 * std::abs(total) + 1e-12);
+            };
             expect_same(at[0], Applied(block));
             expect_same(at[1], Total(block, "TOTAL DECAY OF "));
             expect_same(at[2], Total(block, "TOTAL PLANT UPTAKE OF"));
             expect_same(at[4] + at[5], Total(block, "TOTAL RUNOFF"));
             expect_same(at[8], Total(block, "LEACHED BELOW CORE"));
         }
-        EXPECT_NEAR(row.back(), Total(Block(File_Of(Directory->Path(), "Wasser.orv"), year), "RECHARGE BELOW CORE"), 1e-3);
+        EXPECT_NEAR(row.back(), Total(Block(File_Of(Directory->Path(), "Wasser.orv"), year), "RECHARGE BELOW CORE"),
+                    1e-3);
     }
 }
 
@@ -214,7 +220,8 @@ TEST_F(Series_Of_A_Run, Months_And_Days_Sum_To_The_Years)
         }
         for (std::size_t year = 0; year < years.size(); ++year) {
             for (std::size_t i = 0; i < Case->Rows.size(); ++i)
-                EXPECT_NEAR(years[year][i + 2], sums[year][i], 6e-3 * std::abs(sums[year][i]) + 1e-12) << "year " << year + 1 << ", column " << i + 1;
+                EXPECT_NEAR(years[year][i + 2], sums[year][i], 6e-3 * std::abs(sums[year][i]) + 1e-12)
+                    << "year " << year + 1 << ", column " << i + 1;
         }
     }
 }

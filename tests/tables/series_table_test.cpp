@@ -28,8 +28,8 @@ std::string Head(int months, int profile = 0)
         scales += "    1.0E06";
     }
     const auto count = [](int value) { return Line_At({{7 - std::to_string(value).size(), std::to_string(value)}}); };
-    return Lines({"Engine", "", "Scenario", "Pesticide", "", "total content (mg/kg)", count(months) + count(3 + profile) + count(profile), codes, depths,
-                  scales}) +
+    return Lines({"Engine", "", "Scenario", "Pesticide", "", "total content (mg/kg)",
+                  count(months) + count(3 + profile) + count(profile), codes, depths, scales}) +
            Plot_Line(1, 1, {"0.0", "0.0", "0.3"});
 }
 
@@ -41,7 +41,8 @@ std::string Calendar(int years)
     for (int year = 1; year <= years; ++year) {
         for (std::size_t month = 0; month < Days.size(); ++month) {
             for (int day = 1; day <= Days[month]; ++day)
-                text += std::to_string(++number) + " " + std::to_string(day) + " " + std::to_string(month + 1) + " " + std::to_string(year) + "\r\n";
+                text += std::to_string(++number) + " " + std::to_string(day) + " " + std::to_string(month + 1) + " " +
+                        std::to_string(year) + "\r\n";
         }
     }
     return text;
@@ -66,7 +67,10 @@ class Series_Table_Test : public testing::Test {
 protected:
     Series_Table_Test() { Write_File(Place / "datum.dat", Calendar(2)); }
 
-    std::string Table(Utility period) { return Series_Table(period, Place.Path(), Parse_Calendar(Read_Whole(Place / "datum.dat"))); }
+    std::string Table(Utility period)
+    {
+        return Series_Table(period, Place.Path(), Parse_Calendar(Read_Whole(Place / "datum.dat")));
+    }
 
     std::string Table_Of(const std::string& plot, Utility period = Utility::Year)
     {
@@ -120,14 +124,16 @@ using Cells = std::vector<std::vector<std::string>>;
 
 TEST_F(Series_Table_Test, A_Year_Has_The_Amounts_Of_Its_Flows_And_The_Means_Of_Its_States)
 {
-    EXPECT_EQ(Rows(Table_Of(Two_Years())), (Cells{{"1", "365", "182.500", "0.3650000", "0.2000000"}, {"2", "365", "91.2500", "0.00E+00", "0.4000000"}}));
+    EXPECT_EQ(Rows(Table_Of(Two_Years())), (Cells{{"1", "365", "182.500", "0.3650000", "0.2000000"},
+                                                  {"2", "365", "91.2500", "0.00E+00", "0.4000000"}}));
 }
 
 TEST_F(Series_Table_Test, The_Table_Names_The_Run_And_Its_Columns_With_The_Units_Of_Amounts)
 {
     const std::string table = Table_Of(Two_Years());
 
-    EXPECT_TRUE(table.starts_with("Engine\r\nScenario\r\nPesticide\r\ntotal content (mg/kg)\r\n\r\n\tSeries by year\r\n"));
+    EXPECT_TRUE(
+        table.starts_with("Engine\r\nScenario\r\nPesticide\r\ntotal content (mg/kg)\r\n\r\n\tSeries by year\r\n"));
     EXPECT_TRUE(Contains(table, "\t1       \tPrecipitation (cm), amount\r\n"));
     EXPECT_TRUE(Contains(table, "\t2       \tLeaching output at 100 cm for unknown (kg/ha), amount\r\n"));
     EXPECT_TRUE(Contains(table, "\t3       \tSoil moisture at 30 cm (m\xB3/m\xB3), mean of the days\r\n"));
@@ -159,7 +165,8 @@ TEST_F(Series_Table_Test, A_Run_From_March_To_March_Has_The_Days_Of_Each_Year_Be
 {
     const auto rows = Rows(Table_Of(Head(24) + Days(60, 400, {"0.1", "0.0", "0.2"})));
 
-    EXPECT_EQ(rows, (Cells{{"1", "306", "30.6000", "0.00E+00", "0.2000000"}, {"2", "35", "3.5000000", "0.00E+00", "0.2000000"}}));
+    EXPECT_EQ(rows, (Cells{{"1", "306", "30.6000", "0.00E+00", "0.2000000"},
+                           {"2", "35", "3.5000000", "0.00E+00", "0.2000000"}}));
 }
 
 TEST_F(Series_Table_Test, The_Columns_Of_The_Soil_Profile_Are_Left_Out)
@@ -202,8 +209,10 @@ TEST_F(Series_Table_Test, Series_That_End_Early_Are_Refused_Wherever_They_Are_Cu
 {
     const std::string plot = Two_Years();
 
-    EXPECT_EQ(Refusal_Of(plot.substr(0, plot.size() - 4)), "The file plot.orv is damaged in line 741: it has not the 3 values of the head.");
-    EXPECT_EQ(Refusal_Of(Head(24) + Days(1, 365, {"0.5", "0.0", "0.2"})), "The file plot.orv ends on 31.12.1, which is not the end of its run of 2 years.");
+    EXPECT_EQ(Refusal_Of(plot.substr(0, plot.size() - 4)),
+              "The file plot.orv is damaged in line 741: it has not the 3 values of the head.");
+    EXPECT_EQ(Refusal_Of(Head(24) + Days(1, 365, {"0.5", "0.0", "0.2"})),
+              "The file plot.orv ends on 31.12.1, which is not the end of its run of 2 years.");
     EXPECT_EQ(Refusal_Of(Head(12) + Plot_Line(1, 1, {"0.0", "0.0", "0.2"})), "The file plot.orv ends within day 1.");
 }
 
@@ -228,15 +237,21 @@ TEST_F(Series_Table_Test, Damaged_Lines_Are_Refused_With_Their_Number)
 {
     const std::string first = Head(12) + Days(1, 1, {"0.5", "0.0", "0.2"});
 
-    EXPECT_EQ(Refusal_Of(first + Plot_Line(2, 24, {"0.5", "0.x", "0.2"})), "The file plot.orv is damaged in line 13: value 2 is no number.");
-    EXPECT_EQ(Refusal_Of(first + Plot_Line(2, 24, {"0.5", "nan", "0.2"})), "The file plot.orv is damaged in line 13: value 2 is no number.");
-    EXPECT_EQ(Refusal_Of(first + Plot_Line(2, 24, {"0.5", "0.0"})), "The file plot.orv is damaged in line 13: it has not the 3 values of the head.");
+    EXPECT_EQ(Refusal_Of(first + Plot_Line(2, 24, {"0.5", "0.x", "0.2"})),
+              "The file plot.orv is damaged in line 13: value 2 is no number.");
+    EXPECT_EQ(Refusal_Of(first + Plot_Line(2, 24, {"0.5", "nan", "0.2"})),
+              "The file plot.orv is damaged in line 13: value 2 is no number.");
+    EXPECT_EQ(Refusal_Of(first + Plot_Line(2, 24, {"0.5", "0.0"})),
+              "The file plot.orv is damaged in line 13: it has not the 3 values of the head.");
     EXPECT_EQ(Refusal_Of(first + Plot_Line(2, 24, {"0.5", "0.0", "0.1", "9.9"})),
               "The file plot.orv is damaged in line 13: it has not the 3 values of the head.");
-    EXPECT_EQ(Refusal_Of(first + Plot_Line(3, 24, {"0.5", "0.0", "0.1"})), "The file plot.orv jumps from day 1 to day 3 in line 13.");
-    EXPECT_EQ(Refusal_Of(first + Plot_Line(1, 24, {"0.5", "0.0", "0.1"})), "The file plot.orv jumps from day 1 to day 1 in line 13.");
+    EXPECT_EQ(Refusal_Of(first + Plot_Line(3, 24, {"0.5", "0.0", "0.1"})),
+              "The file plot.orv jumps from day 1 to day 3 in line 13.");
+    EXPECT_EQ(Refusal_Of(first + Plot_Line(1, 24, {"0.5", "0.0", "0.1"})),
+              "The file plot.orv jumps from day 1 to day 1 in line 13.");
     EXPECT_EQ(Refusal_Of(first + "\r\n"), "The file plot.orv jumps from day 1 to day 0 in line 13.");
-    EXPECT_EQ(Refusal_Of(first + Plot_Line(2, 30, {"0.5", "0.0", "0.1"})), "The file plot.orv is damaged in line 13: its hours do not follow each other.");
+    EXPECT_EQ(Refusal_Of(first + Plot_Line(2, 30, {"0.5", "0.0", "0.1"})),
+              "The file plot.orv is damaged in line 13: its hours do not follow each other.");
 }
 
 TEST_F(Series_Table_Test, Days_That_The_Calendar_Does_Not_Have_Are_Refused)
@@ -247,7 +262,8 @@ TEST_F(Series_Table_Test, Days_That_The_Calendar_Does_Not_Have_Are_Refused)
 
 TEST_F(Series_Table_Test, A_Head_Whose_Counts_Do_Not_Fit_Is_Refused)
 {
-    const std::string head = Lines({"", "", "", "", "", "", "    12     1     5", "            PRSN", "                 0.0", "           1.0", ""});
+    const std::string head = Lines({"", "", "", "", "", "", "    12     1     5", "            PRSN",
+                                    "                 0.0", "           1.0", ""});
 
     EXPECT_EQ(Refusal_Of(head), "The file plot.orv has a damaged head: more columns of the soil profile than columns.");
 }

@@ -64,7 +64,8 @@ TEST_F(Series_Reader, Lines_Across_The_Borders_Of_The_Window_Are_Read_Whole)
     std::string lines = Head();
     for (int day = 1; day <= 40000; ++day) {
         const std::string number = std::to_string(day);
-        lines += std::string(6 - number.size(), ' ') + number + " 24" + std::string(11 - number.size(), ' ') + number + "\r\n";
+        lines += std::string(6 - number.size(), ' ') + number + " 24" + std::string(11 - number.size(), ' ') + number +
+                 "\r\n";
     }
     ASSERT_GT(lines.size(), 600000U);
     Write("plot.orv", lines.substr(0, lines.size() - 2)); // the last line lacks its end
@@ -130,7 +131,8 @@ TEST_F(Series_Reader, The_Calendar_Is_That_Of_The_Mode_And_For_A_Single_Run_That
 
     EXPECT_EQ(Calendar_File(The_Session, Directory / "focus/a.run/b.run/c.run", false), Directory / "FOCUS/Datum.dat");
     EXPECT_EQ(Calendar_File(The_Session, Directory / "efsa/a.run/b.run/c.run", false), Directory / "EFSA/datum.dat");
-    EXPECT_EQ(Calendar_File(The_Session, Directory / "EFSA_T4/a.run/b.run/c.run", false), Directory / "EFSA_T4/datum.dat");
+    EXPECT_EQ(Calendar_File(The_Session, Directory / "EFSA_T4/a.run/b.run/c.run", false),
+              Directory / "EFSA_T4/datum.dat");
     EXPECT_EQ(Calendar_File(The_Session, Directory.Path(), true), Directory / "datum.dat");
 }
 
@@ -143,7 +145,8 @@ TEST_F(Series_Reader, A_Missing_Calendar_Or_Series_Gives_An_Empty_Diagram)
     EXPECT_TRUE(Read_Daily_Series(The_Session, Directory.Path(), true, 1, request).Points.empty());
 
     Write("datum.dat", "1 1 1 1\r\n");
-    EXPECT_EQ(Read_Daily_Series(The_Session, Directory.Path(), true, 1, request).Points, (std::vector<Chart_Point>{{1, 0.31}}));
+    EXPECT_EQ(Read_Daily_Series(The_Session, Directory.Path(), true, 1, request).Points,
+              (std::vector<Chart_Point>{{1, 0.31}}));
 }
 
 } // namespace

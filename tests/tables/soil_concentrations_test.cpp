@@ -20,7 +20,8 @@ std::string Profile_Line(int day, int hour, const std::string& first, const std:
 }
 
 const std::string Head = Plot_Head_Of(21, 20);
-const std::string Warm_Up = Profile_Line(2189, 24, "500.0", "500.0") + Profile_Line(2190, 1, "500.0", "500.0") + Profile_Line(2190, 24, "500.0", "500.0");
+const std::string Warm_Up = Profile_Line(2189, 24, "500.0", "500.0") + Profile_Line(2190, 1, "500.0", "500.0") +
+                            Profile_Line(2190, 24, "500.0", "500.0");
 
 Soil_Averages Scan(const std::string& lines, int depth, const std::string& head = Head)
 {
@@ -48,7 +49,8 @@ TEST(Soil_Averages, The_Six_Warm_Up_Years_Are_Not_Evaluated)
 
 TEST(Soil_Averages, Without_The_Line_That_Closes_The_Warm_Up_Nothing_Is_Evaluated)
 {
-    const auto averages = Scan(Profile_Line(2189, 24, "5.0") + Profile_Line(2190, 23, "5.0") + Profile_Line(2191, 24, "5.0"), 1);
+    const auto averages =
+        Scan(Profile_Line(2189, 24, "5.0") + Profile_Line(2190, 23, "5.0") + Profile_Line(2191, 24, "5.0"), 1);
 
     EXPECT_EQ(averages.Days(), 0);
     EXPECT_EQ(averages.Maxima()[0].Value, 0);
@@ -73,7 +75,9 @@ TEST(Soil_Averages, A_Depth_Above_20_Sums_20_Values_And_Divides_By_Its_Own_Numbe
 
 TEST(Soil_Averages, The_Actual_Maximum_Counts_Every_Hour_And_The_Averages_Only_Hour_24)
 {
-    const auto maxima = Scan(Warm_Up + Profile_Line(2191, 12, "8.0") + Profile_Line(2191, 24, "2.0") + Profile_Line(2192, 24, "3.0"), 1).Maxima();
+    const auto maxima =
+        Scan(Warm_Up + Profile_Line(2191, 12, "8.0") + Profile_Line(2191, 24, "2.0") + Profile_Line(2192, 24, "3.0"), 1)
+            .Maxima();
 
     EXPECT_EQ(maxima[0].Value, 8);
     EXPECT_EQ(maxima[0].Begin, 2191);
@@ -95,7 +99,9 @@ TEST(Soil_Averages, A_Window_May_Begin_In_The_Warm_Up_Whose_Days_Count_As_Zeros)
 
 TEST(Soil_Averages, Of_Equal_Averages_The_Earlier_Start_Stays)
 {
-    const auto maxima = Scan(Warm_Up + Profile_Line(2191, 24, "4.0") + Profile_Line(2192, 24, "1.0") + Profile_Line(2193, 24, "4.0"), 1).Maxima();
+    const auto maxima =
+        Scan(Warm_Up + Profile_Line(2191, 24, "4.0") + Profile_Line(2192, 24, "1.0") + Profile_Line(2193, 24, "4.0"), 1)
+            .Maxima();
 
     EXPECT_EQ(maxima[0].Begin, 2191);
     EXPECT_EQ(maxima[1].Begin, 2191);
@@ -180,18 +186,24 @@ TEST_F(Soil_Concentrations_Test, File_And_Text_Are_Laid_Out_To_The_Byte)
 
     const auto soil = Build_Soil_Concentrations(Run.Path(), 1);
 
-    // The windows end with day 2192; those of more than two days begin in the warm-up. The last evaluated day is day 2193 less the window.
+    // The windows end with day 2192; those of more than two days begin in the warm-up. The last evaluated day is day
+    // 2193 less the window.
     const std::vector<std::array<std::string, 3>> rows = {
-        {"            ", "4.0000000   ", "2191        "}, {"1           ", "4.0000000   ", "2191        "}, {"2           ", "4.0000000   ", "2191        "},
-        {"4           ", "2.0000000   ", "2189        "}, {"7           ", "1.1428571   ", "2186        "}, {"14          ", "0.5714286   ", "2179        "},
-        {"21          ", "0.3809524   ", "2172        "}, {"28          ", "0.2857143   ", "2165        "}, {"42          ", "0.1904762   ", "2151        "},
-        {"56          ", "0.1428571   ", "2137        "}, {"100         ", "0.0800000   ", "2093        "}};
+        {"            ", "4.0000000   ", "2191        "}, {"1           ", "4.0000000   ", "2191        "},
+        {"2           ", "4.0000000   ", "2191        "}, {"4           ", "2.0000000   ", "2189        "},
+        {"7           ", "1.1428571   ", "2186        "}, {"14          ", "0.5714286   ", "2179        "},
+        {"21          ", "0.3809524   ", "2172        "}, {"28          ", "0.2857143   ", "2165        "},
+        {"42          ", "0.1904762   ", "2151        "}, {"56          ", "0.1428571   ", "2137        "},
+        {"100         ", "0.0800000   ", "2093        "}};
     // Day 2191 is the 365th of year 6 and so day 0 of year 7; day 2189 is the 29th of December.
-    const std::vector<std::string> dates = {"0 January 7",   "0 January 7",  "0 January 7",   "29 December 6", "26 December 6", "19 December 6",
-                                            "12 December 6", "5 December 6", "21 November 6", "7 November 6",  "24 September 6"};
+    const std::vector<std::string> dates = {"0 January 7",   "0 January 7",   "0 January 7",   "29 December 6",
+                                            "26 December 6", "19 December 6", "12 December 6", "5 December 6",
+                                            "21 November 6", "7 November 6",  "24 September 6"};
     std::string file = "Engine\r\nScenario\r\nPesticide\r\nSoil concentrations: total content (mg/kg)\r\n";
-    std::string text = "          Engine\r\n          Scenario\r\n          Pesticide\r\n          Soil concentrations: total content (mg/kg)\r\n";
-    const std::string heads = "\r\n\r\n        Substance: \tActive Substanc\r\n\r\n\t        TWA(d)\tPEC(mg/kg)\tBegin TWA(d)\r\n";
+    std::string text = "          Engine\r\n          Scenario\r\n          Pesticide\r\n          Soil "
+                       "concentrations: total content (mg/kg)\r\n";
+    const std::string heads =
+        "\r\n\r\n        Substance: \tActive Substanc\r\n\r\n\t        TWA(d)\tPEC(mg/kg)\tBegin TWA(d)\r\n";
     file += heads;
     text += heads;
     for (std::size_t w = 0; w < rows.size(); ++w) {
@@ -211,13 +223,15 @@ TEST_F(Soil_Concentrations_Test, A_Begin_Of_0_Prints_As_Blanks_In_The_File_And_A
 
     const auto soil = Build_Soil_Concentrations(Run.Path(), 5);
 
-    EXPECT_EQ(Lines_With(Read_File(Run / "PECsoil_5.orv"), "100 "), std::vector<std::string>{"100         \t0.00E+00    \t            "});
+    EXPECT_EQ(Lines_With(Read_File(Run / "PECsoil_5.orv"), "100 "),
+              std::vector<std::string>{"100         \t0.00E+00    \t            "});
     EXPECT_EQ(Lines_With(soil.Text, "100 "), std::vector<std::string>{"100         \t0.00E+00    \t0 January 1"});
 }
 
 TEST_F(Soil_Concentrations_Test, Pore_Water_Changes_The_Head_Alone)
 {
-    Write_Plot(Plot_Head_Of(21, 20, "Soil concentrations: in soil Pore water (mg/L)") + Warm_Up + Profile_Line(2191, 24, "4.0"));
+    Write_Plot(Plot_Head_Of(21, 20, "Soil concentrations: in soil Pore water (mg/L)") + Warm_Up +
+               Profile_Line(2191, 24, "4.0"));
 
     const auto soil = Build_Soil_Concentrations(Run.Path(), 1);
 

@@ -1,5 +1,5 @@
-#include "tables/balance_tables.h"
 #include "output/echo_file.h"
+#include "tables/balance_tables.h"
 #include "tables/leachate_tables.h"
 #include "tables/soil_concentrations.h"
 
@@ -39,7 +39,8 @@ struct Tables_Of_A_Run : testing::Test {
     // Figures out of a cache are printed ones.
     void SetUp() override
     {
-        for (const auto* cache : {"year.orv", "period.orv", "MBalance.orv", "PBalance.orv", "MBalance_M.orv", "PBalance_M.orv"})
+        for (const auto* cache :
+             {"year.orv", "period.orv", "MBalance.orv", "PBalance.orv", "MBalance_M.orv", "PBalance_M.orv"})
             std::filesystem::remove(*Directory / cache);
     }
     static void TearDownTestSuite() { delete Directory; }
@@ -121,7 +122,8 @@ TEST_F(Tables_Of_A_Run, The_Changes_Of_Storage_Add_Up_To_What_Is_Stored_At_The_E
     for (const auto& row : balance.Pesticide[0])
         stored += row.Diff_Storage;
 
-    EXPECT_NEAR(stored, 1000 * Last_Total(File_Of(Directory->Path(), "chem.orv"), "STORED IN SOIL"), 0.05); // six digits a term
+    EXPECT_NEAR(stored, 1000 * Last_Total(File_Of(Directory->Path(), "chem.orv"), "STORED IN SOIL"),
+                0.05); // six digits a term
     EXPECT_GT(balance.Pesticide[0][6].Application, 0);
 }
 

@@ -6,9 +6,11 @@ namespace orvel {
 
 namespace {
 
-const std::vector<Number_Column> Columns = {{"Horizon Number", false}, {"Thickness"}, {"pH"}, {"Kind", true, {"sand", "Clay"}}};
+const std::vector<Number_Column> Columns = {
+    {"Horizon Number", false}, {"Thickness"}, {"pH"}, {"Kind", true, {"sand", "Clay"}}};
 
-Pasted_Block Read(std::string_view text, std::size_t rows = 2, std::size_t first_column = 1, const Grid_Rule& rule = Number_Grid_Rule)
+Pasted_Block Read(std::string_view text, std::size_t rows = 2, std::size_t first_column = 1,
+                  const Grid_Rule& rule = Number_Grid_Rule)
 {
     return Read_Block(text, rows, Columns, first_column, rule);
 }

@@ -16,7 +16,8 @@ TEST(Help_Texts, A_File_In_Order_Gives_One_Text_For_Each_Number)
 
 TEST(Help_Texts, Heads_Out_Of_Order_Count_By_Position)
 {
-    EXPECT_EQ(Parse_Help_Texts("XXX1\r\na\r\nXXX0\r\nb\r\nXXX2\r\nc\r\nXXX\r\n"), (std::vector<std::string>{"a\r\n", "b\r\n", "c\r\n"}));
+    EXPECT_EQ(Parse_Help_Texts("XXX1\r\na\r\nXXX0\r\nb\r\nXXX2\r\nc\r\nXXX\r\n"),
+              (std::vector<std::string>{"a\r\n", "b\r\n", "c\r\n"}));
 }
 
 TEST(Help_Texts, The_Last_Head_Sets_Their_Number)

@@ -1,8 +1,8 @@
 #include "ui/shown_file.h"
 
 #include "core/files.h"
-#include "temporary_directory.h"
 #include "recording_user.h"
+#include "temporary_directory.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +45,9 @@ TEST_F(Shown_File_Test, Of_A_Larger_File_The_First_Part_Is_Shown_And_The_User_Is
     Write_Whole(Place / "big.orv", std::string(32767, 'x') + "y");
 
     EXPECT_EQ(Shown_File(*The_Session, Place / "big.orv"), std::string(32767, 'x') + "\r\n");
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Size limit exceeded!", "The file big.orv is too big! Only the first part is presented."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{
+                  (Message{"Size limit exceeded!", "The file big.orv is too big! Only the first part is presented."})});
 }
 
 TEST_F(Shown_File_Test, The_Echo_Has_No_Limit_For_Its_Errors_Stand_Last)

@@ -34,8 +34,8 @@ protected:
 
     static std::string Head()
     {
-        return Lines({"Engine", "", "Scenario", "Pesticide", "", "line 6", "    24     1     0", "            PRSN", "                 0.0",
-                      "           1.0   "}) +
+        return Lines({"Engine", "", "Scenario", "Pesticide", "", "line 6", "    24     1     0", "            PRSN",
+                      "                 0.0", "           1.0   "}) +
                Plot_Line(1, 1, {"0.0"});
     }
 
@@ -60,7 +60,8 @@ std::vector<std::string> First_Cells(const std::string& table)
 
 TEST_F(Utilities, Each_Makes_Its_Table_In_The_Working_Directory)
 {
-    Write_File(Place / "plot.orv", Head() + Plot_Line(1, 24, {"0.25"}) + Plot_Line(2, 24, {"0.5"}) + Plot_Line(3, 24, {"2.0"}));
+    Write_File(Place / "plot.orv",
+               Head() + Plot_Line(1, 24, {"0.25"}) + Plot_Line(2, 24, {"0.5"}) + Plot_Line(3, 24, {"2.0"}));
 
     for (const auto* name : {"wyear.exe", "wmonth.exe", "wday.exe"}) {
         const auto outcome = Run(name);
@@ -68,9 +69,12 @@ TEST_F(Utilities, Each_Makes_Its_Table_In_The_Working_Directory)
         EXPECT_EQ(outcome.Printed, "");
     }
 
-    EXPECT_EQ(First_Cells(Read_File(Place / "year.orv")), (std::vector<std::string>{" 1 2 0.7500000", " 2 1 2.0000000"}));
-    EXPECT_EQ(First_Cells(Read_File(Place / "month.orv")), (std::vector<std::string>{" 1 12 2 0.7500000", " 2 1 1 2.0000000"}));
-    EXPECT_EQ(First_Cells(Read_File(Place / "day.orv")), (std::vector<std::string>{" 1 12 30 0.2500000", " 1 12 31 0.5000000", " 2 1 1 2.0000000"}));
+    EXPECT_EQ(First_Cells(Read_File(Place / "year.orv")),
+              (std::vector<std::string>{" 1 2 0.7500000", " 2 1 2.0000000"}));
+    EXPECT_EQ(First_Cells(Read_File(Place / "month.orv")),
+              (std::vector<std::string>{" 1 12 2 0.7500000", " 2 1 1 2.0000000"}));
+    EXPECT_EQ(First_Cells(Read_File(Place / "day.orv")),
+              (std::vector<std::string>{" 1 12 30 0.2500000", " 1 12 31 0.5000000", " 2 1 1 2.0000000"}));
 }
 
 TEST_F(Utilities, Without_Whole_Series_They_Fail_With_A_Sentence_And_Leave_No_File)
@@ -82,7 +86,8 @@ TEST_F(Utilities, Without_Whole_Series_They_Fail_With_A_Sentence_And_Leave_No_Fi
             EXPECT_EQ(outcome.Printed, sentence + "\n");
         }
         for (const auto& entry : fs::directory_iterator(Place.Path()))
-            EXPECT_TRUE(entry.path().filename() == "plot.orv" || entry.path().filename() == "datum.dat") << entry.path();
+            EXPECT_TRUE(entry.path().filename() == "plot.orv" || entry.path().filename() == "datum.dat")
+                << entry.path();
     };
 
     expect_failure("The file plot.orv is missing.");

@@ -96,7 +96,8 @@ void Chart_View::mouseReleaseEvent(QMouseEvent* event)
     Pressed_At.reset();
     update();
     if (Zooms && std::fabs(event->position().x() - from.x()) >= QApplication::startDragDistance())
-        emit Span_Chosen(std::min(X_Under(from), X_Under(event->position())), std::max(X_Under(from), X_Under(event->position())));
+        emit Span_Chosen(std::min(X_Under(from), X_Under(event->position())),
+                         std::max(X_Under(from), X_Under(event->position())));
     else
         emit Clicked();
 }

@@ -7,7 +7,8 @@
 
 namespace orvel {
 
-// Shows a chart in the colours of the window. It tells the value under the mouse, and can be asked for a span by dragging.
+// Shows a chart in the colours of the window. It tells the value under the mouse, and can be asked for a span by
+// dragging.
 class Chart_View : public QWidget {
     Q_OBJECT
 

@@ -9,7 +9,9 @@
 
 namespace orvel {
 
-Diagram_Form::Diagram_Form(const QString& name, Ask_Function ask, QWidget* parent) : QDialog(parent), Ask(std::move(ask))
+Diagram_Form::Diagram_Form(const QString& name, Ask_Function ask, QWidget* parent)
+    : QDialog(parent),
+      Ask(std::move(ask))
 {
     setObjectName(name);
     setWindowFlag(Qt::WindowMaximizeButtonHint);

@@ -13,7 +13,8 @@ namespace orvel {
 
 class Chart_View;
 
-// What all diagram forms have: the diagram, and buttons that copy, print and save it. A form adds its choices above the buttons.
+// What all diagram forms have: the diagram, and buttons that copy, print and save it. A form adds its choices above the
+// buttons.
 class Diagram_Form : public QDialog {
     Q_OBJECT
 

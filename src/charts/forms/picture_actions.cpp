@@ -28,7 +28,8 @@ void Print_Picture(QWidget& parent, const Picture& picture)
     picture.Paint(painter, page.translated(-page.topLeft()));
 }
 
-void Save_Picture_As(QWidget& parent, const Ask_Function& ask, const Picture& picture, const QString& title, const QString& name)
+void Save_Picture_As(QWidget& parent, const Ask_Function& ask, const Picture& picture, const QString& title,
+                     const QString& name)
 try {
     QFileDialog dialog(&parent, title, {}, "Pictures (*.png *.svg *.pdf)");
     dialog.setAcceptMode(QFileDialog::AcceptSave);

@@ -68,7 +68,8 @@ QByteArray As_Pdf(const Picture& picture)
 
 Picture Picture_Of(const Chart& chart)
 {
-    return {chart.Title, Chart_Drawing_Size, [chart](QPainter& painter, const QRectF& area) { Paint_Chart(painter, area, chart, Paper_Palette()); }};
+    return {chart.Title, Chart_Drawing_Size,
+            [chart](QPainter& painter, const QRectF& area) { Paint_Chart(painter, area, chart, Paper_Palette()); }};
 }
 
 QImage Picture_Image(const Picture& picture)

@@ -26,8 +26,8 @@ QImage Picture_Image(const Picture& picture, QSize size);
 QImage Chart_Image(const Chart& chart);
 QImage Chart_Image(const Chart& chart, QSize size);
 
-// Writes a picture by the ending of the file: .png, .svg or .pdf (PDF/A). Throws File_Error for another ending or a failure; then the old
-// file is as it was.
+// Writes a picture by the ending of the file: .png, .svg or .pdf (PDF/A). Throws File_Error for another ending or a
+// failure; then the old file is as it was.
 void Save_Picture(const Picture& picture, const std::filesystem::path& file);
 void Save_Chart(const Chart& chart, const std::filesystem::path& file);
 

@@ -71,7 +71,9 @@ private:
     QFont Fitting(QFont font, const std::vector<std::string>& lines) const
     {
         for (const std::string& line : lines) {
-            const auto needed = [&] { return Metrics_Of(font, Painter.device()).horizontalAdvance(Chart_Text(line)) + Line * Margin; };
+            const auto needed = [&] {
+                return Metrics_Of(font, Painter.device()).horizontalAdvance(Chart_Text(line)) + Line * Margin;
+            };
             while (needed() > Area.width() && font.pointSizeF() > Least_Points)
                 font.setPointSizeF(font.pointSizeF() - Least_Points / 8);
         }
@@ -81,7 +83,8 @@ private:
     void Draw_Boxes()
     {
         for (const Chart_Box& box : Source.Boxes)
-            Painter.fillRect(QRectF(Plane.At(box.Left, box.Y), Plane.At(box.Right, 0)).normalized(), Colour_Of(box.Drawn_In, Palette));
+            Painter.fillRect(QRectF(Plane.At(box.Left, box.Y), Plane.At(box.Right, 0)).normalized(),
+                             Colour_Of(box.Drawn_In, Palette));
     }
 
     void Draw_Lines()
@@ -90,7 +93,8 @@ private:
             QPen pen(Colour_Of(line.Drawn_In, Palette), Line_Width * Line / 16);
             pen.setJoinStyle(Qt::RoundJoin);
             const QPolygonF polygon = Thinned(line.Points);
-            // Filling the outline of a line that crosses the plane hundreds of times takes seconds; as a hairline it is the same band.
+            // Filling the outline of a line that crosses the plane hundreds of times takes seconds; as a hairline it is
+            // the same band.
             const bool is_dense = Way_Up_And_Down(polygon) > Most_Crossings * Plane.Area().height();
             if (is_dense)
                 pen.setWidth(0);
@@ -99,7 +103,8 @@ private:
             Painter.drawPolyline(polygon);
             Painter.setRenderHint(QPainter::Antialiasing);
             if (polygon.size() == 1) // a line of one point has no length
-                Painter.fillRect(QRectF(polygon.front(), QSizeF()).marginsAdded(Dot_Margins * pen.widthF()), pen.color());
+                Painter.fillRect(QRectF(polygon.front(), QSizeF()).marginsAdded(Dot_Margins * pen.widthF()),
+                                 pen.color());
         }
     }
 
@@ -127,7 +132,8 @@ private:
                 high = next.y() < high.y() ? next : high;
                 last = next;
             }
-            for (const QPointF& point : {first, low.x() < high.x() ? low : high, low.x() < high.x() ? high : low, last}) {
+            for (const QPointF& point :
+                 {first, low.x() < high.x() ? low : high, low.x() < high.x() ? high : low, last}) {
                 if (polygon.isEmpty() || polygon.back() != point)
                     polygon << point;
             }
@@ -142,11 +148,14 @@ private:
         Painter.drawLine(Plane.At(Source.X.Low, 0), Plane.At(Source.X.High, 0));
         constexpr std::array<double, 3> lengths = {Big_X_Tick, Small_X_Tick, Tiny_X_Tick};
         for (const Chart_Tick& tick : Source.X.Ticks)
-            Painter.drawLine(Plane.At(tick.At, 0), Plane.At(tick.At, -size * lengths[static_cast<std::size_t>(tick.Rank)]));
+            Painter.drawLine(Plane.At(tick.At, 0),
+                             Plane.At(tick.At, -size * lengths[static_cast<std::size_t>(tick.Rank)]));
         const double labels_end = Draw_X_Labels(Plane.At(0, size * X_Label_Below).y());
-        const double below = std::max(labels_end, Plane.At(0, Source.Y.Ticks.empty() ? 0 : Source.Y.Ticks.front().At).y());
+        const double below =
+            std::max(labels_end, Plane.At(0, Source.Y.Ticks.empty() ? 0 : Source.Y.Ticks.front().At).y());
         const double left = Plane.At(Source.X.Low, 0).x();
-        Painter.drawText(QRectF(left, below, Plane.At(Source.X.High, 0).x() - left, Line * 1.2), Qt::AlignCenter, Chart_Text(Source.X.Title));
+        Painter.drawText(QRectF(left, below, Plane.At(Source.X.High, 0).x() - left, Line * 1.2), Qt::AlignCenter,
+                         Chart_Text(Source.X.Title));
     }
 
     // Gives where the labels end. What is drawn below zero shines through behind them.
@@ -160,7 +169,8 @@ private:
         double widest = 0;
         for (const Chart_Tick& tick : Source.X.Ticks)
             widest = std::max(widest, metrics.horizontalAdvance(Chart_Text(tick.Label)));
-        for (const Chart_Tick* tick : Shown_Labels(Source.X, widest + metrics.averageCharWidth(), Plane.At(1, 0).x() - Plane.At(0, 0).x())) {
+        for (const Chart_Tick* tick :
+             Shown_Labels(Source.X, widest + metrics.averageCharWidth(), Plane.At(1, 0).x() - Plane.At(0, 0).x())) {
             if (covers && tick->At == Source.X.Low) // the value axis runs there
                 continue;
             const QString label = Chart_Text(tick->Label);
@@ -182,15 +192,16 @@ private:
         for (const Chart_Tick& tick : Source.Y.Ticks) {
             last = std::max(last, tick.At);
             first = std::min(first, tick.At);
-            Painter.drawLine(Plane.At(0, tick.At), Plane.At(-length * lengths[static_cast<std::size_t>(tick.Rank)], tick.At));
+            Painter.drawLine(Plane.At(0, tick.At),
+                             Plane.At(-length * lengths[static_cast<std::size_t>(tick.Rank)], tick.At));
         }
         const double height = Metrics_Of(Sized(Plain, Label_Points), Painter.device()).height();
         for (const Chart_Tick* tick : Shown_Labels(Source.Y, height, Plane.At(0, 0).y() - Plane.At(0, 1).y()))
             Draw_Y_Label(*tick, length);
         Painter.drawLine(Plane.At(0, first), Plane.At(0, last));
         const QPointF top = Plane.At(0, last);
-        Painter.drawText(QRectF(Area.left() + Line * Margin, top.y() - 1.6 * Line, Area.width(), Line * 1.2), Qt::AlignLeft | Qt::AlignVCenter,
-                         Chart_Text(Source.Y.Title));
+        Painter.drawText(QRectF(Area.left() + Line * Margin, top.y() - 1.6 * Line, Area.width(), Line * 1.2),
+                         Qt::AlignLeft | Qt::AlignVCenter, Chart_Text(Source.Y.Title));
     }
 
     // At its place left of the axis, or as much further to the left as it needs to end before the tick.
@@ -199,9 +210,11 @@ private:
         const QString label = Chart_Text(tick.Label);
         Painter.setFont(Value_Label_Font(Plain, tick.Label));
         const double width = Metrics_Of(Painter.font(), Painter.device()).horizontalAdvance(label);
-        const double place = Plane.At(length * (tick.Label.size() >= Long_Label ? Long_Y_Label_Left : Y_Label_Left), 0).x();
+        const double place =
+            Plane.At(length * (tick.Label.size() >= Long_Label ? Long_Y_Label_Left : Y_Label_Left), 0).x();
         const double left = std::min(place, Plane.At(-length * Big_Y_Tick, 0).x() - Line * Margin / 2 - width);
-        Painter.drawText(QRectF(left, Plane.At(0, tick.At).y() - Line / 2, width, Line), Qt::AlignVCenter | Qt::TextDontClip, label);
+        Painter.drawText(QRectF(left, Plane.At(0, tick.At).y() - Line / 2, width, Line),
+                         Qt::AlignVCenter | Qt::TextDontClip, label);
         Painter.setFont(Plain);
     }
 
@@ -210,7 +223,8 @@ private:
         const auto keys = Placed_Keys(Source, Area.width(), Metrics_Of(Plain, Painter.device()));
         for (const auto& [key, left, row] : keys) {
             const double top = Plane.Area().top() - (keys.back().Row - row) * Line;
-            Painter.fillRect(QRectF(Area.left() + left, top, Line * Key_Square, Line * Key_Square), Colour_Of(key->Drawn_In, Palette));
+            Painter.fillRect(QRectF(Area.left() + left, top, Line * Key_Square, Line * Key_Square),
+                             Colour_Of(key->Drawn_In, Palette));
             Painter.drawText(QPointF(Area.left() + left + Line, top + Line * 0.65), Chart_Text(key->Text));
         }
     }

@@ -30,17 +30,20 @@ double Left_Margin(const Chart& chart, double width, const QFont& font, const QP
 {
     double widest = 0;
     for (const Chart_Tick& tick : chart.Y.Ticks)
-        widest = std::max(widest, Metrics_Of(Value_Label_Font(font, tick.Label), device).horizontalAdvance(Chart_Text(tick.Label)));
+        widest = std::max(
+            widest, Metrics_Of(Value_Label_Font(font, tick.Label), device).horizontalAdvance(Chart_Text(tick.Label)));
     const double gaps = Margin * Metrics_Of(font, device).lineSpacing();
     const auto& frame = chart.Frame;
-    const double free = (chart.X.Low - Big_Y_Tick * (chart.X.High - chart.X.Low) - frame.Left) / (frame.Right - frame.Left);
+    const double free =
+        (chart.X.Low - Big_Y_Tick * (chart.X.High - chart.X.Low) - frame.Left) / (frame.Right - frame.Left);
     return Taken_Off(widest + gaps, free, width);
 }
 
 // The labels of the positions and, below them and the lowest value, the axis' title.
 double Bottom_Margin(const Chart& chart, double height, const QFont& font, const QPaintDevice* device)
 {
-    const double label = Metrics_Of(Sized(font, Label_Points), device).lineSpacing(), title = 1.2 * Metrics_Of(font, device).lineSpacing();
+    const double label = Metrics_Of(Sized(font, Label_Points), device).lineSpacing(),
+                 title = 1.2 * Metrics_Of(font, device).lineSpacing();
     const auto& frame = chart.Frame;
     const auto free = [&](double y) { return (y - frame.Bottom) / (frame.Top - frame.Bottom); };
     return std::max({Margin * label, Taken_Off(label + title, free(X_Label_Below * Value_Size(chart.Y)), height),
@@ -100,15 +103,18 @@ std::vector<const Chart_Tick*> Shown_Labels(const Chart_Axis& axis, double neede
         return shown;
     const double apart = shown[1]->At - shown[0]->At;
     const auto every = std::max(1L, static_cast<long>(std::ceil(needed / (apart * pixels_of_unit))));
-    std::erase_if(shown, [&](const Chart_Tick* tick) { return std::lround((axis.First + tick->At) / apart) % every != 0; });
+    std::erase_if(shown,
+                  [&](const Chart_Tick* tick) { return std::lround((axis.First + tick->At) / apart) % every != 0; });
     return shown;
 }
 
-Chart_Plane::Chart_Plane(const Chart& chart, const QRectF& area, const QFont& font, const QPaintDevice* device) : Frame(chart.Frame)
+Chart_Plane::Chart_Plane(const Chart& chart, const QRectF& area, const QFont& font, const QPaintDevice* device)
+    : Frame(chart.Frame)
 {
     const auto metrics = Metrics_Of(font, device);
     Plane = area.adjusted(0, metrics.lineSpacing() * Lines_Above(chart, area.width(), metrics), 0, 0);
-    Plane.adjust(Left_Margin(chart, Plane.width(), font, device), 0, 0, -Bottom_Margin(chart, Plane.height(), font, device));
+    Plane.adjust(Left_Margin(chart, Plane.width(), font, device), 0, 0,
+                 -Bottom_Margin(chart, Plane.height(), font, device));
 }
 
 QPointF Chart_Plane::At(double x, double y) const

@@ -12,7 +12,8 @@ class QPaintDevice;
 
 namespace orvel {
 
-// Where the parts of a chart lie in a picture of any size: nothing that is written on it is cut, and no label covers another.
+// Where the parts of a chart lie in a picture of any size: nothing that is written on it is cut, and no label covers
+// another.
 
 constexpr double Title_Scale = 1.15; // of the text's size
 
@@ -33,11 +34,12 @@ struct Placed_Key {
 // The keys of a chart in as many rows as they need.
 std::vector<Placed_Key> Placed_Keys(const Chart& chart, double width, const QFontMetricsF& metrics);
 
-// The labelled ticks of an axis, or every second of them, every third ..., so that labels which need so many pixels along the axis do not touch.
+// The labelled ticks of an axis, or every second of them, every third ..., so that labels which need so many pixels
+// along the axis do not touch.
 std::vector<const Chart_Tick*> Shown_Labels(const Chart_Axis& axis, double needed, double pixels_of_unit);
 
-// A chart's plane of coordinates in a picture, below its title and legend. It is made smaller where the labels of the axes need more room than the
-// drawing convention leaves them. The font is that of the picture's text.
+// A chart's plane of coordinates in a picture, below its title and legend. It is made smaller where the labels of the
+// axes need more room than the drawing convention leaves them. The font is that of the picture's text.
 class Chart_Plane {
 public:
     Chart_Plane(const Chart& chart, const QRectF& area, const QFont& font, const QPaintDevice* device = nullptr);

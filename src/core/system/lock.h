@@ -6,12 +6,12 @@
 
 namespace orvel {
 
-// An advisory lock on a file or directory: the sign of life of a job, a run, an engine. The system drops it when the last process that
-// holds it ends, so no sign outlives a crash.
+// An advisory lock on a file or directory: the sign of life of a job, a run, an engine. The system drops it when the
+// last process that holds it ends, so no sign outlives a crash.
 class Lock {
 public:
-    // Takes the lock, or gives nothing if another process holds it or the path cannot be opened. An inherited lock stays
-    // with the programs that this one starts.
+    // Takes the lock, or gives nothing if another process holds it or the path cannot be opened. An inherited lock
+    // stays with the programs that this one starts.
     static std::optional<Lock> Take(const std::filesystem::path& path, bool inherited = false);
     // The same, waiting for it: a look at a lock from outside holds it for an instant.
     static std::optional<Lock> Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most);

@@ -47,7 +47,8 @@ void Set_Descriptors(const Program_Start& start, posix_spawn_file_actions_t* act
     if (start.Output.empty())
         ::posix_spawn_file_actions_addopen(actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     else
-        ::posix_spawn_file_actions_addopen(actions, STDOUT_FILENO, start.Output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND, New_File);
+        ::posix_spawn_file_actions_addopen(actions, STDOUT_FILENO, start.Output.c_str(),
+                                           O_WRONLY | O_CREAT | O_TRUNC | O_APPEND, New_File);
     ::posix_spawn_file_actions_adddup2(actions, STDOUT_FILENO, STDERR_FILENO);
     if (start.Kept_Descriptor >= 0)
         ::posix_spawn_file_actions_adddup2(actions, start.Kept_Descriptor, Kept_As);
@@ -83,7 +84,8 @@ int Start_Program(const Program_Start& start)
     pointers.push_back(nullptr);
 
     pid_t process = 0;
-    const int error = ::posix_spawn(&process, start.Program.c_str(), actions.Get(), attributes.Get(), pointers.data(), environ);
+    const int error =
+        ::posix_spawn(&process, start.Program.c_str(), actions.Get(), attributes.Get(), pointers.data(), environ);
     if (error != 0)
         throw File_Error("Cannot start " + start.Program.string() + ": " + std::strerror(error) + ".");
     return process;

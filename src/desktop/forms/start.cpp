@@ -1,13 +1,13 @@
 #include "desktop/forms/start.h"
 
 #include "desktop/forms/form_name.h"
-#include "ui/forms/help_assistant.h"
 #include "desktop/forms/versionsinfo.h"
-#include "ui/forms/widgets.h"
+#include "documents/forms/form_psm_open.h"
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "runs/start_up.h"
-#include "documents/forms/form_psm_open.h"
+#include "ui/forms/help_assistant.h"
+#include "ui/forms/widgets.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -100,9 +100,12 @@ QLayout* Start::Banner()
 QLayout* Start::Pictures()
 {
     Image1 = Picture_Button("Image1", "single_run.svg", "&Single run", "One simulation with files of your choice");
-    Image2 = Picture_Button("Image2", "focus.svg", "&FOCUS groundwater", "Batches over the nine FOCUS groundwater locations and their crops");
-    Image3 = Picture_Button("Image3", "efsa.svg", "&EFSA soil, Tier 2", "Batches over the EFSA soil scenarios of Tier 2");
-    Image4 = Picture_Button("Image4", "efsa_t4.svg", "EFSA soil, Tier &4", "Batches over the EFSA soil scenarios of Tier 4");
+    Image2 = Picture_Button("Image2", "focus.svg", "&FOCUS groundwater",
+                            "Batches over the nine FOCUS groundwater locations and their crops");
+    Image3 =
+        Picture_Button("Image3", "efsa.svg", "&EFSA soil, Tier 2", "Batches over the EFSA soil scenarios of Tier 2");
+    Image4 =
+        Picture_Button("Image4", "efsa_t4.svg", "EFSA soil, Tier &4", "Batches over the EFSA soil scenarios of Tier 4");
     connect(Image1, &QToolButton::clicked, this, &Start::Open_Single_Run);
     connect(Image2, &QToolButton::clicked, this, &Start::Open_FOCUS);
     connect(Image3, &QToolButton::clicked, this, &Start::Open_EFSA);
@@ -141,7 +144,8 @@ QLayout* Start::Foot()
 {
     auto* version = Named(new QGroupBox("Version"), "Frame1");
     Aktuelle_ORVEL_Version = Version_Label("Aktuelle_ORVEL_Version", The_Session.Program.Aktuelle_ORVEL_Version);
-    Aktuelle_ORVELSUITE_Version = Version_Label("Aktuelle_ORVELSUITE_Version", The_Session.Program.Aktuelle_ORVELSUITE_Version);
+    Aktuelle_ORVELSUITE_Version =
+        Version_Label("Aktuelle_ORVELSUITE_Version", The_Session.Program.Aktuelle_ORVELSUITE_Version);
     auto* labels = new QHBoxLayout(version);
     labels->addWidget(Aktuelle_ORVEL_Version);
     labels->addSpacing(fontMetrics().averageCharWidth() * 4);
@@ -185,7 +189,9 @@ void Start::Activate()
     const Hourglass waiting;
     const QSize before = size();
     Nachricht->show();
-    Protected_In_Vain = !Protect_Files(The_Session, [](int, int) { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }) || !Files_Protected(The_Session);
+    Protected_In_Vain = !Protect_Files(The_Session, [](int, int) {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }) || !Files_Protected(The_Session);
     Nachricht->hide();
     layout()->activate();
     resize(before);

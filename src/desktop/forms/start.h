@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desktop/forms/update_fetch.h"
 #include "core/session.h"
+#include "desktop/forms/update_fetch.h"
 
 #include <QWidget>
 

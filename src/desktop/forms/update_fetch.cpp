@@ -52,7 +52,8 @@ void Update_Fetch::Finish()
     Reply->deleteLater();
     Reply = nullptr;
     const bool read = error == QNetworkReply::NoError || Page.contains(".zip");
-    emit Finished(read ? Evaluate_Update_Page({Page.constData(), static_cast<std::size_t>(Page.size())}) : Connection_Problem());
+    emit Finished(read ? Evaluate_Update_Page({Page.constData(), static_cast<std::size_t>(Page.size())})
+                       : Connection_Problem());
 }
 
 QUrl Update_Address()

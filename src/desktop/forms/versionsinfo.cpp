@@ -1,8 +1,8 @@
 #include "desktop/forms/versionsinfo.h"
 
+#include "desktop/release_notes.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
-#include "desktop/release_notes.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>

@@ -1,12 +1,12 @@
 #include "documents/forms/form_psm_open.h"
 
 #include "core/files.h"
-#include "ui/forms/widgets.h"
 #include "core/text.h"
 #include "documents/documents.h"
-#include "files/forms/directory_files.h"
 #include "documents/forms/edit_document.h"
+#include "files/forms/directory_files.h"
 #include "substance/pesticide_editor.h"
+#include "ui/forms/widgets.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,7 +15,9 @@
 
 namespace orvel {
 
-Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent) : QDialog(parent), The_Session(session)
+Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session)
 {
     setObjectName("Form_PSM_Open");
     setWindowTitle("Open PSM file");

@@ -1,15 +1,15 @@
 #include "evaluation/forms/analyse.h"
 
-#include "ui/forms/widgets.h"
+#include "evaluation/forms/series_choice.h"
+#include "evaluation/forms/simulationsliste.h"
 #include "output/echo_file.h"
 #include "report/evaluated_pesticide.h"
+#include "report/forms/zusammenfassung_orv.h"
 #include "tables/forms/jahr_orv.h"
 #include "tables/forms/mass_balance.h"
 #include "tables/forms/pecsoil.h"
-#include "evaluation/forms/series_choice.h"
-#include "evaluation/forms/simulationsliste.h"
 #include "tables/forms/text_viewer.h"
-#include "report/forms/zusammenfassung_orv.h"
+#include "ui/forms/widgets.h"
 #include "ui/shown_file.h"
 
 #include <QComboBox>
@@ -56,7 +56,10 @@ QString Name_Of(const Mode& mode)
 
 } // namespace
 
-Analyse::Analyse(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), The_Session(session), The_Mode(mode)
+Analyse::Analyse(Session& session, const Mode& mode, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      The_Mode(mode)
 {
     setObjectName(Name_Of(mode));
     setWindowTitle("Evaluation of Simulation");
@@ -88,8 +91,9 @@ void Analyse::Szenarioverzeichnis_Click()
     Failed = false;
     if (run.empty())
         return Series->Clear();
-    The_Session.Run.Last_Simulation = {Bytes_Of(Pestizidverzeichnis->currentText()), Bytes_Of(Kulturverzeichnis->currentText()),
-                                  Bytes_Of(Szenarioverzeichnis->currentText())};
+    The_Session.Run.Last_Simulation = {Bytes_Of(Pestizidverzeichnis->currentText()),
+                                       Bytes_Of(Kulturverzeichnis->currentText()),
+                                       Bytes_Of(Szenarioverzeichnis->currentText())};
     Series->Show_Run(run);
     Look_For_Failure();
 }
@@ -176,10 +180,11 @@ void Analyse::Zusammenfassung_Click()
                             Bytes_Of(Pestizidverzeichnis->currentText()),
                             Bytes_Of(Kulturverzeichnis->currentText()),
                             {},
-                           {},
-                           {}};
+                            {},
+                            {}};
     for (int i = 0; i < Szenarioverzeichnis->count(); ++i)
-        request.Locations.push_back({Bytes_Of(Szenarioverzeichnis->itemText(i)), Szenarioverzeichnis->itemData(i).toString().toStdString()});
+        request.Locations.push_back(
+            {Bytes_Of(Szenarioverzeichnis->itemText(i)), Szenarioverzeichnis->itemData(i).toString().toStdString()});
     request.Absent = Absent_Locations(The_Session, The_Mode, request.Crop, request.Locations);
     Zusammenfassung_orv(The_Session, std::move(request), this).exec();
 }

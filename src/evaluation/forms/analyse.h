@@ -52,10 +52,12 @@ private:
     Session& The_Session;
     const Mode& The_Mode;
     Help_Assistant* Assistant = nullptr;
-    QComboBox *Pestizidverzeichnis = nullptr, *Kulturverzeichnis = nullptr, *Szenarioverzeichnis = nullptr, *ERC = nullptr;
+    QComboBox *Pestizidverzeichnis = nullptr, *Kulturverzeichnis = nullptr, *Szenarioverzeichnis = nullptr,
+              *ERC = nullptr;
     QLabel *Label1 = nullptr, *Label4 = nullptr, *Label6 = nullptr, *Datum = nullptr;
     Series_Choice* Series = nullptr;
-    QPushButton *Liste = nullptr, *Grafik = nullptr, *Konzentration = nullptr, *Balance = nullptr, *Echo = nullptr, *Zusammenfassung = nullptr;
+    QPushButton *Liste = nullptr, *Grafik = nullptr, *Konzentration = nullptr, *Balance = nullptr, *Echo = nullptr,
+                *Zusammenfassung = nullptr;
     QPushButton* OK = nullptr;
     bool Failed = false; // the chosen simulation, and the user has not seen the report yet
 };

@@ -1,8 +1,8 @@
-#include "ui/forms/help_assistant.h"
-#include "ui/forms/widgets.h"
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/series_choice.h"
 #include "tables/soil_concentrations.h"
+#include "ui/forms/help_assistant.h"
+#include "ui/forms/widgets.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -88,10 +88,12 @@ QLayout* Analyse::Buttons()
         ++place;
         return button;
     };
-    Konzentration = add("Konzentration", focus ? "&Ann.  Av. Conc. in Leachate" : "PEC &soil", &Analyse::Konzentration_Click);
+    Konzentration =
+        add("Konzentration", focus ? "&Ann.  Av. Conc. in Leachate" : "PEC &soil", &Analyse::Konzentration_Click);
     Balance = add("Balance", "&Mass Balance", &Analyse::Balance_Click);
     Echo = add("Echo", "&Echo of Input data", &Analyse::Echo_Click);
-    Zusammenfassung = add("Zusammenfassung", focus ? "&FOCUS Summary Report" : "&Write Summary Report", &Analyse::Zusammenfassung_Click);
+    Zusammenfassung = add("Zusammenfassung", focus ? "&FOCUS Summary Report" : "&Write Summary Report",
+                          &Analyse::Zusammenfassung_Click);
     Grafik = add("Grafik", "S&how Diagram", &Analyse::Grafik_Click);
     Liste = add("Liste", "&Browse", &Analyse::Liste_Click);
     buttons->addWidget(Assistant->Switch(), 2, 0, Qt::AlignLeft);

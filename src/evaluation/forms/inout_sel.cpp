@@ -1,12 +1,12 @@
 #include "evaluation/forms/inout_sel.h"
 
 #include "core/files.h"
-#include "ui/forms/widgets.h"
-#include "output/echo_file.h"
 #include "evaluation/forms/series_choice.h"
-#include "tables/forms/text_viewer.h"
-#include "ui/shown_file.h"
+#include "output/echo_file.h"
 #include "runs/batch.h"
+#include "tables/forms/text_viewer.h"
+#include "ui/forms/widgets.h"
+#include "ui/shown_file.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -196,7 +196,8 @@ void inout_sel::Show_Utility_Table(Utility utility)
         Utility_At_Work = Start_Utility(The_Session, utility, Directory);
         if (Utility_At_Work) {
             Utility_Place = Directory;
-            Nachricht->setText(Shown("Please wait! " + std::string(Names_Of(utility).Program) + " is making the table."));
+            Nachricht->setText(
+                Shown("Please wait! " + std::string(Names_Of(utility).Program) + " is making the table."));
             Timer1.start(Poll_Interval);
         }
         return;
@@ -215,7 +216,8 @@ void inout_sel::Tick()
     const std::string told = Take_Utility_Log(Utility_Place);
     if (Utility_Place != Directory)
         return;
-    Nachricht->setText(*code == 0 ? "The table is ready. Please click again to see it." : Shown("The table could not be made. " + told));
+    Nachricht->setText(*code == 0 ? "The table is ready. Please click again to see it."
+                                  : Shown("The table could not be made. " + told));
     List_Files_Of_Directory();
 }
 

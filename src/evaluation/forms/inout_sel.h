@@ -51,7 +51,8 @@ private:
     QListWidget* Verzeichnisliste = nullptr;
     std::array<QListWidget*, 4> Files{}; // File_psm, File_sze, File_cli, File_orv
     Series_Choice* Series = nullptr;
-    QPushButton *S_Jaehrlich = nullptr, *S_Monatlich = nullptr, *S_Taeglich = nullptr, *s_Echo = nullptr, *Grafik = nullptr;
+    QPushButton *S_Jaehrlich = nullptr, *S_Monatlich = nullptr, *S_Taeglich = nullptr, *s_Echo = nullptr,
+                *Grafik = nullptr;
     QTimer Timer1;
 };
 

@@ -55,7 +55,8 @@ QGroupBox* Series_Choice::Period_Box()
         auto* list = Named(new QComboBox, QString("Zeitintervall_%1").arg(i));
         list->setAccessibleName(Purposes[i]);
         const auto end = i == Begin_Month || i == Begin_Year ? Period_End::Begin : Period_End::End;
-        connect(list, &QComboBox::activated, this, [this, end] { Show_Period(Uncrossed(Chosen_Period(), end, Years)); });
+        connect(list, &QComboBox::activated, this,
+                [this, end] { Show_Period(Uncrossed(Chosen_Period(), end, Years)); });
         Zeitintervall[i] = list;
     }
     for (const std::size_t month : {Begin_Month, End_Month}) {
@@ -68,8 +69,10 @@ QGroupBox* Series_Choice::Period_Box()
     from->setBuddy(Zeitintervall[Begin_Month]);
     to->setBuddy(Zeitintervall[End_Month]);
     int column = 0;
-    for (QWidget* cell : {static_cast<QWidget*>(from), static_cast<QWidget*>(Zeitintervall[Begin_Month]), static_cast<QWidget*>(Zeitintervall[Begin_Year]),
-                          static_cast<QWidget*>(to), static_cast<QWidget*>(Zeitintervall[End_Month]), static_cast<QWidget*>(Zeitintervall[End_Year])})
+    for (QWidget* cell :
+         {static_cast<QWidget*>(from), static_cast<QWidget*>(Zeitintervall[Begin_Month]),
+          static_cast<QWidget*>(Zeitintervall[Begin_Year]), static_cast<QWidget*>(to),
+          static_cast<QWidget*>(Zeitintervall[End_Month]), static_cast<QWidget*>(Zeitintervall[End_Year])})
         cells->addWidget(cell, 0, column++);
     cells->setColumnStretch(1, 1);
     cells->setColumnStretch(4, 1);
@@ -123,11 +126,13 @@ Daily_Choice Series_Choice::Choice(const std::filesystem::path& run_directory, b
     const int index = Parameter->currentIndex();
     const Parameter_Item item = index < 0 ? Parameter_Item{{}, 1, 1} : Items[static_cast<std::size_t>(index)];
     const Period period = Chosen_Period();
-    return {.Run_Directory = run_directory,
-            .Single_Run = single_run,
-            .Column = item.Column,
-            .Item = item.Text,
-            .Request = {.Variable = item.Variable, .Cumulative = Cumulative->isChecked(), .From = period.From, .To = period.To}};
+    return {
+        .Run_Directory = run_directory,
+        .Single_Run = single_run,
+        .Column = item.Column,
+        .Item = item.Text,
+        .Request = {
+            .Variable = item.Variable, .Cumulative = Cumulative->isChecked(), .From = period.From, .To = period.To}};
 }
 
 } // namespace orvel

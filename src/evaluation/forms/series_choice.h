@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tables/forms/taegliches_diagramm_neu.h"
-#include "output/parameter_list.h"
 #include "evaluation/period_choice.h"
+#include "output/parameter_list.h"
+#include "tables/forms/taegliches_diagramm_neu.h"
 
 #include <array>
 #include <QWidget>
@@ -20,7 +20,8 @@ class Series_Choice : public QWidget {
 public:
     explicit Series_Choice(QWidget* parent = nullptr);
 
-    // Fills the lists for a run directory; the whole simulation is chosen. Without a plot.orv there is no period to choose from.
+    // Fills the lists for a run directory; the whole simulation is chosen. Without a plot.orv there is no period to
+    // choose from.
     void Show_Run(const std::filesystem::path& run_directory);
     void Clear();
 

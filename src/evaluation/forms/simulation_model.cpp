@@ -1,7 +1,7 @@
 #include "evaluation/forms/simulation_model.h"
 
-#include "ui/forms/widgets.h"
 #include "jobs/run_again.h"
+#include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -132,7 +132,8 @@ QVariant Simulation_Model::data(const QModelIndex& index, int role) const
 
 QVariant Simulation_Model::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    constexpr std::array<const char*, Columns> Headings = {"", "Pesticide File", "Crop", "Location", "Date", "Status", "Result"};
+    constexpr std::array<const char*, Columns> Headings = {"",     "Pesticide File", "Crop",  "Location",
+                                                           "Date", "Status",         "Result"};
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
     return Headings[static_cast<std::size_t>(section)];

@@ -1,10 +1,10 @@
 #include "evaluation/forms/simulationsliste.h"
 
 #include "core/files.h"
-#include "ui/forms/help_assistant.h"
-#include "ui/forms/widgets.h"
 #include "jobs/run_again.h"
 #include "jobs/simulations.h"
+#include "ui/forms/help_assistant.h"
+#include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QHBoxLayout>
@@ -24,7 +24,10 @@ constexpr int Lines_Shown = 24;
 
 } // namespace
 
-Simulationsliste::Simulationsliste(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), The_Session(session), The_Mode(mode)
+Simulationsliste::Simulationsliste(Session& session, const Mode& mode, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      The_Mode(mode)
 {
     setObjectName("Simulationsliste");
     setWindowTitle(mode.Kind == Mode_Kind::Focus ? "Table of all FOCUS-Simulations" : "Table of all EFSA-Simulations");
@@ -55,7 +58,8 @@ void Simulationsliste::Lay_Out()
     Grid1->horizontalHeader()->setHighlightSections(false);
     Grid1->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Grid1->horizontalHeader()->setStretchLastSection(true);
-    connect(Grid1->selectionModel(), &QItemSelectionModel::selectionChanged, this, &Simulationsliste::Selection_Changed);
+    connect(Grid1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &Simulationsliste::Selection_Changed);
     connect(Grid1, &QTableView::doubleClicked, this, &Simulationsliste::Auswaehlen_Click);
 
     auto* all = new QVBoxLayout(this);
@@ -70,7 +74,8 @@ void Simulationsliste::Lay_Out()
 QSize Simulationsliste::sizeHint() const
 {
     const auto margins = layout()->contentsMargins();
-    const int around = margins.left() + margins.right() + 2 * Grid1->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const int around =
+        margins.left() + margins.right() + 2 * Grid1->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     int columns = 0;
     for (int column = 0; column < Simulation_Model::Columns; ++column)
         columns += Column_Width(column);
@@ -120,7 +125,8 @@ int Simulationsliste::Column_Width(int column) const
 {
     const int picture = Grid1->verticalHeader()->defaultSectionSize();
     const bool has_picture = column == Simulation_Model::Marker || column == Simulation_Model::Status;
-    return QFontMetrics(Grid1->font()).horizontalAdvance(Simulations.Longest_Text(column)) + picture * (has_picture ? 2 : 1);
+    return QFontMetrics(Grid1->font()).horizontalAdvance(Simulations.Longest_Text(column)) +
+           picture * (has_picture ? 2 : 1);
 }
 
 void Simulationsliste::Select_Again(const std::vector<std::filesystem::path>& runs)
@@ -186,8 +192,9 @@ void Simulationsliste::Nochmals_Click()
     const int marked = Mark_Failed_Again(The_Session, The_Mode, Simulations.Simulations());
     if (marked > 0) {
         The_Session.Ask({"Starting ORVEL Simulations",
-                    std::to_string(marked) + (marked == 1 ? " simulation is" : " simulations are") + " marked. \"Start Batch\" starts them.",
-                    Icon::Information});
+                         std::to_string(marked) + (marked == 1 ? " simulation is" : " simulations are") +
+                             " marked. \"Start Batch\" starts them.",
+                         Icon::Information});
     }
     Refresh();
     Timer1.start(Refresh_Interval);

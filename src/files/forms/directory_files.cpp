@@ -1,8 +1,8 @@
 #include "files/forms/directory_files.h"
 
 #include "core/files.h"
-#include "ui/forms/widgets.h"
 #include "core/text.h"
+#include "ui/forms/widgets.h"
 
 #include <QFileDialog>
 #include <QHBoxLayout>

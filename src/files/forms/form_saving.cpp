@@ -1,11 +1,11 @@
 #include "files/forms/form_saving.h"
 
 #include "core/files.h"
-#include "ui/forms/widgets.h"
 #include "core/text.h"
 #include "files/broken_line.h"
 #include "files/file_messages.h"
 #include "files/forms/directory_files.h"
+#include "ui/forms/widgets.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,7 +23,9 @@ std::string Ending_Of(Document_Kind kind)
 
 bool& Changed_Flag(Program_State& program, Document_Kind kind)
 {
-    return kind == Document_Kind::Pesticide ? program.PSM_Changed : kind == Document_Kind::Scenario ? program.SZE_Changed : program.CLI_Changed;
+    return kind == Document_Kind::Pesticide  ? program.PSM_Changed
+           : kind == Document_Kind::Scenario ? program.SZE_Changed
+                                             : program.CLI_Changed;
 }
 
 } // namespace
@@ -89,15 +91,22 @@ bool Form_Saving::Name_Is_Usable(const std::string& name)
     const bool is_mask = name.find_first_of("*?/\\") != std::string::npos || name.size() <= Ending_Of(Kind).size();
     if (!is_mask && Kind_Of(Path_Of(name)) == Kind)
         return true;
-    The_Session.Ask({std::string(Saving_Input_File), "\"" + name + "\" cannot be the name of this file. Please enter a name that ends in " + Ending_Of(Kind) + "."});
+    The_Session.Ask({std::string(Saving_Input_File),
+                     "\"" + name + "\" cannot be the name of this file. Please enter a name that ends in " +
+                         Ending_Of(Kind) + "."});
     return false;
 }
 
 bool Form_Saving::May_Write()
 {
-    if (const auto field = Broken_Field(The_Session, Kind); field && The_Session.Ask(Broken_Line_Question(*field)) != Button::Yes)
+    if (const auto field = Broken_Field(The_Session, Kind);
+        field && The_Session.Ask(Broken_Line_Question(*field)) != Button::Yes)
         return false;
-    const Message replace{std::string(Saving_Input_File), "File already exists. Replace?", Icon::Question, {Button::Yes, Button::No}, Button::No};
+    const Message replace{std::string(Saving_Input_File),
+                          "File already exists. Replace?",
+                          Icon::Question,
+                          {Button::Yes, Button::No},
+                          Button::No};
     return !std::filesystem::exists(Target) || The_Session.Ask(replace) == Button::Yes;
 }
 

@@ -12,12 +12,14 @@ namespace orvel {
 
 class Directory_Files;
 
-// The save dialog of all documents. It is accepted when the document is written; the session's file name is then that of the file.
+// The save dialog of all documents. It is accepted when the document is written; the session's file name is then that
+// of the file.
 class Form_Saving : public QDialog {
     Q_OBJECT
 
 public:
-    Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent = nullptr);
+    Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory,
+                QWidget* parent = nullptr);
 
     const std::filesystem::path& Save_Target() const { return Target; } // where the document was written
 

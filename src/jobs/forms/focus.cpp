@@ -1,15 +1,15 @@
 #include "jobs/forms/focus.h"
 
 #include "core/files.h"
-#include "ui/forms/widgets.h"
 #include "core/text.h"
+#include "documents/forms/edit_document.h"
 #include "evaluation/forms/analyse.h"
+#include "jobs/job_status.h"
 #include "runs/crops.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/forms/dialog.h"
-#include "jobs/job_status.h"
 #include "runs/output_selection.h"
-#include "documents/forms/edit_document.h"
+#include "ui/forms/widgets.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -47,7 +47,10 @@ std::string Text_Of(const QListWidget& list)
 
 } // namespace
 
-FOCUS::FOCUS(Session& session, const Mode& mode, QWidget* parent) : QDialog(parent), The_Session(session), The_Mode(mode)
+FOCUS::FOCUS(Session& session, const Mode& mode, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      The_Mode(mode)
 {
     setObjectName(Shown(mode.Form));
     setWindowTitle(Shown(mode.Caption));
@@ -252,7 +255,8 @@ void FOCUS::Show_Progress()
 void FOCUS::Evaluation()
 {
     Timer1.stop();
-    The_Session.Run.Last_Simulation = {Last_PSM.substr(0, Last_PSM.rfind('.')), Text_Of(*Crop_List), Text_Of(*Location_List)};
+    The_Session.Run.Last_Simulation = {Last_PSM.substr(0, Last_PSM.rfind('.')), Text_Of(*Crop_List),
+                                       Text_Of(*Location_List)};
     Analyse(The_Session, The_Mode, this).exec();
     Timer1.start(Tick_Interval);
     Activate();
@@ -275,7 +279,8 @@ void FOCUS::Edit_Scenario()
     if (location.empty())
         return;
     Timer1.stop();
-    Open_And_Edit(The_Session, Found_Or_New(directory, Scenario_Name(The_Mode, Crop_List->currentRow(), location)), this);
+    Open_And_Edit(The_Session, Found_Or_New(directory, Scenario_Name(The_Mode, Crop_List->currentRow(), location)),
+                  this);
     Timer1.start(Tick_Interval);
     Activate();
 }

@@ -19,7 +19,8 @@ namespace orvel {
 
 class Help_Assistant;
 
-// Sets up the runs of a regulatory mode: pesticide file, crop and location, the pending batch, and the state of the job.
+// Sets up the runs of a regulatory mode: pesticide file, crop and location, the pending batch, and the state of the
+// job.
 class FOCUS : public QDialog {
     Q_OBJECT
 
@@ -84,7 +85,8 @@ private:
     QComboBox* L_tildepth = nullptr;
     QComboBox* Scaling = nullptr; // of the temperatures, in Tier 4 alone
     std::array<QRadioButton*, 3> Ausgabe{};
-    QPushButton *s_run = nullptr, *Batchdatei = nullptr, *Multi_batch = nullptr, *Command1 = nullptr, *Command2 = nullptr;
+    QPushButton *s_run = nullptr, *Batchdatei = nullptr, *Multi_batch = nullptr, *Command1 = nullptr,
+                *Command2 = nullptr;
     QWidget* Job_Box = nullptr;
     QProgressBar* Job_Bar = nullptr;
     QLabel* Job_Text = nullptr;

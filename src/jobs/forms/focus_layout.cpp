@@ -1,8 +1,8 @@
 // The controls of the run form and their places.
-#include "ui/forms/help_assistant.h"
-#include "ui/forms/widgets.h"
 #include "jobs/forms/focus.h"
 #include "runs/start_up.h"
+#include "ui/forms/help_assistant.h"
+#include "ui/forms/widgets.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -57,8 +57,9 @@ void FOCUS::Lay_Out()
 
 void FOCUS::Attach_Help()
 {
-    const std::initializer_list<std::pair<QWidget*, int>> controls = {{Crop_List, 3}, {Location_List, 4}, {Pesticide, 7},   {App_Modus, 8},
-                                                                      {app_Date, 9},  {s_run, 11},        {Batchdatei, 13}, {Command1, 14}};
+    const std::initializer_list<std::pair<QWidget*, int>> controls = {
+        {Crop_List, 3}, {Location_List, 4}, {Pesticide, 7},   {App_Modus, 8},
+        {app_Date, 9},  {s_run, 11},        {Batchdatei, 13}, {Command1, 14}};
     for (const auto& [control, number] : controls)
         Assistant->Attach(control, number);
 }
@@ -172,10 +173,15 @@ QLayout* FOCUS::Versions()
 {
     auto* version = Named(new QGroupBox("Version"), "Frame3");
     auto* labels = new QVBoxLayout(version);
-    labels->addWidget(Named(new QLabel(Shown(The_Session.Program.Aktuelle_ORVELSUITE_Version)), "Aktuelle_ORVELSUITE_Version"));
-    labels->addWidget(Named(new QLabel(Shown("ORVEL Version Number: " + General_Text(The_Session.Program.Engine_Version))), "Version_Model"));
+    labels->addWidget(
+        Named(new QLabel(Shown(The_Session.Program.Aktuelle_ORVELSUITE_Version)), "Aktuelle_ORVELSUITE_Version"));
+    labels->addWidget(
+        Named(new QLabel(Shown("ORVEL Version Number: " + General_Text(The_Session.Program.Engine_Version))),
+              "Version_Model"));
     if (The_Mode.Tail == Header_Tail::Scaling)
-        labels->addWidget(Named(new QLabel(Shown("Scenario version number: " + Scenario_Version(The_Session, The_Mode))), "Version_Szenarien"));
+        labels->addWidget(
+            Named(new QLabel(Shown("Scenario version number: " + Scenario_Version(The_Session, The_Mode))),
+                  "Version_Szenarien"));
     auto* versions = new QVBoxLayout;
     versions->addWidget(version);
     return versions;

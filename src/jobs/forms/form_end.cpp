@@ -1,11 +1,11 @@
 #include "jobs/forms/form_end.h"
 
 #include "core/files.h"
-#include "ui/forms/widgets.h"
 #include "core/numbers.h"
+#include "documents/forms/edit_document.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/output_selection.h"
-#include "documents/forms/edit_document.h"
+#include "ui/forms/widgets.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -39,7 +39,10 @@ void Fill(QListWidget& list, const std::filesystem::path& directory, std::string
 
 } // namespace
 
-form_end::form_end(Session& session, QWidget* parent) : QDialog(parent), The_Session(session), Directory(session.Program.App_Path)
+form_end::form_end(Session& session, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Directory(session.Program.App_Path)
 {
     setObjectName("form_end");
     setWindowTitle("Parameters for Simulation");
@@ -149,11 +152,12 @@ void form_end::Start()
         The_Session.Ask({"File check", std::string(Still_At_Work)});
         return;
     }
-    const Message question{"File check",
-                           "There are already output files in the current directory. Do you want to move them into an archive?",
-                           Icon::Question,
-                           {Button::Yes, Button::No},
-                           Button::Yes};
+    const Message question{
+        "File check",
+        "There are already output files in the current directory. Do you want to move them into an archive?",
+        Icon::Question,
+        {Button::Yes, Button::No},
+        Button::Yes};
     if (Has_Output(Directory) && The_Session.Ask(question) == Button::Yes)
         return Open_Archive();
     const Single_Run_Entry entry = Entry();

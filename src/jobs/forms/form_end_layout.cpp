@@ -1,8 +1,8 @@
 // The controls of the single-run form and their places.
-#include "ui/forms/date_boxes.h"
-#include "ui/forms/widgets.h"
 #include "evaluation/forms/inout_sel.h"
 #include "jobs/forms/form_end.h"
+#include "ui/forms/date_boxes.h"
+#include "ui/forms/widgets.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -28,7 +28,8 @@ QListWidget* File_List(const QString& name, const QString& purpose)
     auto* list = Named(new QListWidget, name);
     list->setAccessibleName(purpose);
     list->setUniformItemSizes(true);
-    list->setMinimumSize(list->fontMetrics().averageCharWidth() * List_Columns, list->fontMetrics().lineSpacing() * List_Rows);
+    list->setMinimumSize(list->fontMetrics().averageCharWidth() * List_Columns,
+                         list->fontMetrics().lineSpacing() * List_Rows);
     return list;
 }
 
@@ -74,7 +75,8 @@ QLayout* form_end::Directory_Row()
 QLayout* form_end::Files()
 {
     auto* files = new QGridLayout;
-    const auto add = [&](int column, const QString& caption, QListWidget*& list, const QString& name, std::size_t label) {
+    const auto add = [&](int column, const QString& caption, QListWidget*& list, const QString& name,
+                         std::size_t label) {
         list = File_List(name, QString(caption).remove('&'));
         auto* title = new QLabel(caption);
         title->setBuddy(list);
@@ -86,8 +88,10 @@ QLayout* form_end::Files()
         files->addWidget(title, 0, column);
         files->addWidget(Label2[label], 1, column);
         files->addWidget(list, 2, column);
-        connect(list, &QListWidget::itemClicked, this, [this, label](QListWidgetItem* item) { Label2[label]->setText(item->text()); });
-        connect(list, &QListWidget::itemActivated, this, [this, label](QListWidgetItem* item) { Label2[label]->setText(item->text()); });
+        connect(list, &QListWidget::itemClicked, this,
+                [this, label](QListWidgetItem* item) { Label2[label]->setText(item->text()); });
+        connect(list, &QListWidget::itemActivated, this,
+                [this, label](QListWidgetItem* item) { Label2[label]->setText(item->text()); });
     };
     add(0, "&Pesticide file", File_psm, "File_psm", 0);
     add(1, "&Scenario file", File_sce, "File_sce", 1);
@@ -104,7 +108,9 @@ QLayout* form_end::Climate_List()
     auto* title = new QLabel("C&limate files");
     title->setBuddy(File_cli);
     auto* buttons = new QHBoxLayout;
-    const auto add = [&](const QString& name, const QString& text, auto handler) { buttons->addWidget(Push_Button(name, text, this, handler)); };
+    const auto add = [&](const QString& name, const QString& text, auto handler) {
+        buttons->addWidget(Push_Button(name, text, this, handler));
+    };
     add("Command1", "&Insert", &form_end::Insert_Climate);
     add("Command2", "A&ppend", &form_end::Append_Climate);
     add("Command3", "&Remove", &form_end::Remove_Climate);
@@ -176,7 +182,8 @@ QLayout* form_end::Buttons()
     auto* buttons = new QHBoxLayout;
     auto* start = Push_Button("Command4", "S&tart ORVEL Simulation", this, &form_end::Start);
     auto* move = Push_Button("Command7", "Move &Output to Archive", this, &form_end::Open_Archive);
-    auto* browse = Push_Button("Command6", "Input/Output &files", this, [this] { inout_sel(The_Session, this).exec(); });
+    auto* browse =
+        Push_Button("Command6", "Input/Output &files", this, [this] { inout_sel(The_Session, this).exec(); });
     auto* exit = Push_Button("Command5", "E&xit", this, &QDialog::accept);
     start->setDefault(true);
     for (auto* button : {start, move, browse})

@@ -3,10 +3,10 @@
 #include "charts/forms/chart_view.h"
 #include "charts/forms/picture_actions.h"
 #include "core/error.h"
-#include "ui/forms/text_output.h"
-#include "ui/forms/widgets.h"
 #include "report/painting/report_files.h"
 #include "report/report_chart.h"
+#include "ui/forms/text_output.h"
+#include "ui/forms/widgets.h"
 
 #include <QFileDialog>
 #include <QPlainTextEdit>
@@ -98,7 +98,9 @@ try {
     QFileDialog dialog(this, "Save report", {}, "Document (*.pdf);;Page (*.html);;Table (*.csv);;Text (*.txt)");
     dialog.setObjectName("Save_Report");
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    const auto complete = [&dialog](const QString& filter) { dialog.setDefaultSuffix(filter.section("*.", 1).chopped(1)); };
+    const auto complete = [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(filter.section("*.", 1).chopped(1));
+    };
     connect(&dialog, &QFileDialog::filterSelected, complete);
     complete(dialog.selectedNameFilter());
     dialog.selectFile(Shown(Request.Pesticide + " " + Request.Crop));

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/session.h"
-#include "tables/forms/building_form.h"
 #include "report/summary_report.h"
+#include "tables/forms/building_form.h"
 
 class QPlainTextEdit;
 

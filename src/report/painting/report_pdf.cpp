@@ -61,7 +61,8 @@ public:
         return {Width, Width * Diagram_Height_Share};
     }
 
-    void drawObject(QPainter* painter, const QRectF& rect, QTextDocument* document, int /*position*/, const QTextFormat& format) override
+    void drawObject(QPainter* painter, const QRectF& rect, QTextDocument* document, int /*position*/,
+                    const QTextFormat& format) override
     {
         const auto* chart = static_cast<const Chart*>(format.property(Diagram_Property).value<void*>());
         painter->save();
@@ -98,7 +99,8 @@ private:
     {
         Heading(section);
         for (const auto& sentence : section.Sentences)
-            Paragraph((section.Is_Warning ? QString::fromUtf8("•  ") : QString()) + Text(sentence), section.Is_Warning ? Dots(9) : 0);
+            Paragraph((section.Is_Warning ? QString::fromUtf8("•  ") : QString()) + Text(sentence),
+                      section.Is_Warning ? Dots(9) : 0);
         if (!section.Grid.Lines.empty())
             Table(section.Grid);
         if (section.Diagram != nullptr)
@@ -160,7 +162,8 @@ private:
         if (heads)
             Spread(format, grid);
         Begin_Block({}, Letters(2)); // what keeps the table off the paragraph before it
-        auto* table = Cursor.insertTable(static_cast<int>(grid.Lines.size()) + first, static_cast<int>(grid.Columns.size()), format);
+        auto* table = Cursor.insertTable(static_cast<int>(grid.Lines.size()) + first,
+                                         static_cast<int>(grid.Columns.size()), format);
         for (int column = 0; heads && column < table->columns(); ++column)
             Head_Cell(table->cellAt(0, column), grid.Columns[static_cast<std::size_t>(column)]);
         for (int row = 0; row < static_cast<int>(grid.Lines.size()); ++row)
@@ -187,7 +190,8 @@ private:
                     Measure(row.Cells[i], Cell_Letters(grid.Columns[i], true), word[i], line[i]);
             }
         }
-        const double words = std::accumulate(word.begin(), word.end(), 0.0), lines = std::accumulate(line.begin(), line.end(), 0.0);
+        const double words = std::accumulate(word.begin(), word.end(), 0.0),
+                     lines = std::accumulate(line.begin(), line.end(), 0.0);
         const double share = lines > words ? std::clamp((Width - words) / (lines - words), 0.0, 1.0) : 0;
         const double sum = words + share * (lines - words);
         QList<QTextLength> widths;
@@ -216,7 +220,8 @@ private:
     static void Head_Cell(QTextTableCell cell, const Report_Column& column)
     {
         // The unit goes below the name: a line would otherwise break behind its stroke.
-        Write(cell.firstCursorPosition(), Text(column.Head).replace(" (", "\u2028("), Letters(Table_Points, true), column.Is_Number);
+        Write(cell.firstCursorPosition(), Text(column.Head).replace(" (", "\u2028("), Letters(Table_Points, true),
+              column.Is_Number);
         QTextCharFormat ground = cell.format();
         ground.setBackground(Head_Ground);
         cell.setFormat(ground);
@@ -270,7 +275,8 @@ bool Is_Heading(const QTextBlock& block)
 // How far down what belongs to a heading reaches: to the end of its table, or as far as a heading must not stand alone.
 double Needed_By_Heading(const QTextDocument& document, QTextBlock heading)
 {
-    const double height = document.pageSize().height(), top = document.documentLayout()->blockBoundingRect(heading).top();
+    const double height = document.pageSize().height(),
+                 top = document.documentLayout()->blockBoundingRect(heading).top();
     QTextBlock block = heading;
     while (block.isValid() && Is_Heading(block))
         block = block.next();
@@ -283,7 +289,8 @@ double Needed_By_Heading(const QTextDocument& document, QTextBlock heading)
     return Least_Behind_Heading * height;
 }
 
-// Breaks pages before a diagram that would be cut, and before a heading whose table would be, or that would stand alone at the foot of its page.
+// Breaks pages before a diagram that would be cut, and before a heading whose table would be, or that would stand alone
+// at the foot of its page.
 void Keep_Together(QTextDocument& document)
 {
     const double height = document.pageSize().height();
@@ -312,7 +319,8 @@ void Paint_Pages(QPdfWriter& writer, QTextDocument& document, const QSizeF& page
         painter.save();
         painter.translate(0, -i * page.height());
         QAbstractTextDocumentLayout::PaintContext context;
-        context.clip = QRectF(0, i * page.height(), page.width(), page.height() - 1); // not the line that begins the next page
+        context.clip =
+            QRectF(0, i * page.height(), page.width(), page.height() - 1); // not the line that begins the next page
         context.palette = Paper_Palette();
         painter.setClipRect(context.clip);
         document.documentLayout()->draw(&painter, context);
@@ -340,7 +348,8 @@ QByteArray Report_Pdf(const Report& report)
         writer.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
         writer.setResolution(Resolution);
         writer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait,
-                              QMarginsF(Margin_Millimetres, Margin_Millimetres, Margin_Millimetres, Margin_Millimetres), QPageLayout::Millimeter});
+                              QMarginsF(Margin_Millimetres, Margin_Millimetres, Margin_Millimetres, Margin_Millimetres),
+                              QPageLayout::Millimeter});
         writer.setTitle(name);
         writer.setCreator(Text(report.Program));
         const double foot = Pixels(24);

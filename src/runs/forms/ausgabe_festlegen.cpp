@@ -1,8 +1,8 @@
 #include "runs/forms/ausgabe_festlegen.h"
 
-#include "ui/forms/widgets.h"
 #include "core/output_variables.h"
 #include "runs/output_selection.h"
+#include "ui/forms/widgets.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -17,9 +17,10 @@ namespace orvel {
 namespace {
 
 constexpr int Deepest = 200; // cm
-constexpr const char* Nothing = "------------------------------Please select----------------------------------------------------";
-constexpr std::array<const char*, Substances> Substance_Choices = {"Active compound", "Met A1", "Met B1", "Met C1", "Met D1",
-                                                                   "Met A2",          "Met B2", "Met C2", "Met D2"};
+constexpr const char* Nothing =
+    "------------------------------Please select----------------------------------------------------";
+constexpr std::array<const char*, Substances> Substance_Choices = {
+    "Active compound", "Met A1", "Met B1", "Met C1", "Met D1", "Met A2", "Met B2", "Met C2", "Met D2"};
 
 QComboBox* Combo(const QString& name, const QString& purpose, const QStringList& items, int width)
 {
@@ -56,7 +57,9 @@ void Keep_Place(QWidget& widget)
 
 } // namespace
 
-Ausgabe_festlegen::Ausgabe_festlegen(Output_Selection& selection, QWidget* parent) : QDialog(parent), Selection(selection)
+Ausgabe_festlegen::Ausgabe_festlegen(Output_Selection& selection, QWidget* parent)
+    : QDialog(parent),
+      Selection(selection)
 {
     setObjectName("Ausgabe_festlegen");
     setWindowTitle("Output control");
@@ -107,7 +110,8 @@ void Ausgabe_festlegen::Lay_Out_Row(QGridLayout& rows, int i)
 
     int column = 0;
     rows.addWidget(new QLabel(number + "."), i, column++, Qt::AlignRight | Qt::AlignVCenter);
-    for (QWidget* widget : std::initializer_list<QWidget*>{row.Parameter, row.Label1, row.Tiefe, row.Unit, row.Label2, row.Substanz}) {
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{row.Parameter, row.Label1, row.Tiefe, row.Unit, row.Label2, row.Substanz}) {
         Keep_Place(*widget);
         rows.addWidget(widget, i, column++);
     }

@@ -14,7 +14,10 @@ std::vector<Number_Column> Headings()
 
 } // namespace
 
-Climate_Model::Climate_Model(const Climate_Table& table, QObject* parent) : Grid_Model(Headings(), parent), Shown_Grid(table) {}
+Climate_Model::Climate_Model(const Climate_Table& table, QObject* parent)
+    : Grid_Model(Headings(), parent),
+      Shown_Grid(table)
+{}
 
 void Climate_Model::Show(const Climate_Table& table)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/forms/grid_model.h"
 #include "scenario/climate_grid.h"
+#include "ui/forms/grid_model.h"
 
 namespace orvel {
 

@@ -1,8 +1,8 @@
 #include "scenario/forms/form_difcrop.h"
 
+#include "scenario/crop_rotation.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
-#include "scenario/crop_rotation.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -22,7 +22,11 @@ constexpr int List_Width = 20; // in characters
 
 } // namespace
 
-Form_DifCrop::Form_DifCrop(Session& session, Rotation_Work& work, QWidget* parent) : QDialog(parent), The_Session(session), Work(work), Editor(Edit_Crops(work))
+Form_DifCrop::Form_DifCrop(Session& session, Rotation_Work& work, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Work(work),
+      Editor(Edit_Crops(work))
 {
     setObjectName("Form_DifCrop");
     setWindowTitle("Different Crops in Simulation");
@@ -57,7 +61,8 @@ void Form_DifCrop::Lay_Out()
     columns->addLayout(right, 1);
 
     auto* buttons = Done_And_Cancel(*this, &Form_DifCrop::Accept, "Command1", "&OK");
-    buttons->addButton(Push_Button("Command3", "Default &Values", this, &Form_DifCrop::Defaults), QDialogButtonBox::ResetRole);
+    buttons->addButton(Push_Button("Command3", "Default &Values", this, &Form_DifCrop::Defaults),
+                       QDialogButtonBox::ResetRole);
     auto* all = new QVBoxLayout(this);
     all->addLayout(columns, 1);
     all->addWidget(buttons);
@@ -105,7 +110,8 @@ QGroupBox* Form_DifCrop::Crop_Group()
     return group;
 }
 
-void Form_DifCrop::Add_Flag(QGridLayout& rows, const QString& caption, const QString& name, std::int16_t Crop_Row::*field, void (Form_DifCrop::*chosen)(int))
+void Form_DifCrop::Add_Flag(QGridLayout& rows, const QString& caption, const QString& name,
+                            std::int16_t Crop_Row::*field, void (Form_DifCrop::*chosen)(int))
 {
     auto* options = new QButtonGroup(this);
     auto* line = new QHBoxLayout;
@@ -127,7 +133,8 @@ QGroupBox* Form_DifCrop::Runoff_Group()
 {
     auto* group = new QGroupBox("Runoff and erosion");
     auto* grid = new QGridLayout(group);
-    const std::array<QString, 2> captions = {"Curve numbers", "Management factors (USLE)"}, names = {"Text_cn", "Text_uslec"};
+    const std::array<QString, 2> captions = {"Curve numbers", "Management factors (USLE)"},
+                                 names = {"Text_cn", "Text_uslec"};
     for (int row = 0; row < 2; ++row) {
         const auto kind = static_cast<std::size_t>(row);
         grid->addWidget(new QLabel(captions[kind]), row + 1, 0);
@@ -135,7 +142,8 @@ QGroupBox* Form_DifCrop::Runoff_Group()
             const QString condition = Shown(Conditions_After_Harvest[static_cast<std::size_t>(stage) - 1]);
             if (row == 0)
                 grid->addWidget(new QLabel(condition), 0, stage);
-            grid->addWidget(Box(names[kind] + QString::number(stage), captions[kind] + ", " + condition), row + 1, stage);
+            grid->addWidget(Box(names[kind] + QString::number(stage), captions[kind] + ", " + condition), row + 1,
+                            stage);
         }
     }
     Groups.push_back(group);

@@ -16,7 +16,8 @@ namespace orvel {
 
 class Number_Edit;
 
-// The properties of the crops of a rotation. Accepted, they are in `work`; a changed tillage flag has cost the rotation then.
+// The properties of the crops of a rotation. Accepted, they are in `work`; a changed tillage flag has cost the rotation
+// then.
 class Form_DifCrop : public QDialog {
     Q_OBJECT
 
@@ -38,7 +39,8 @@ private:
     QGroupBox* Surface_Group();
     QGroupBox* Kc_Group();
     Number_Edit* Box(const QString& name, const QString& purpose, const QString& unit = {});
-    void Add_Flag(QGridLayout& rows, const QString& caption, const QString& name, std::int16_t Crop_Row::*field, void (Form_DifCrop::*chosen)(int));
+    void Add_Flag(QGridLayout& rows, const QString& caption, const QString& name, std::int16_t Crop_Row::*field,
+                  void (Form_DifCrop::*chosen)(int));
     void Show_Crop();
     Edited_Crop* Selected();
     void Irrigated(int option);

@@ -1,8 +1,8 @@
 #include "scenario/forms/form_eros.h"
 
+#include "scenario/erosion.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
-#include "scenario/erosion.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -14,7 +14,8 @@ Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), The_S
 {
     setObjectName("Form_eros");
     setWindowTitle("Erosion parameters");
-    constexpr std::array<const char*, 5> captions = {"Soil &erodibility:", "&Slope:", "&Management:", "&Area:", "&Duration of rain storm:"};
+    constexpr std::array<const char*, 5> captions = {
+        "Soil &erodibility:", "&Slope:", "&Management:", "&Area:", "&Duration of rain storm:"};
     constexpr std::array<const char*, 5> units = {"", "", "", "ha", "h"};
     auto* group = new QGroupBox("Factors of the MUSLE");
     auto* rows = new QFormLayout(group);

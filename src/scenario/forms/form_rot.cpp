@@ -1,9 +1,9 @@
 #include "scenario/forms/form_rot.h"
 
+#include "scenario/forms/form_difcrop.h"
 #include "ui/forms/date_boxes.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
-#include "scenario/forms/form_difcrop.h"
 
 #include <QFocusEvent>
 #include <QGridLayout>
@@ -23,7 +23,8 @@ constexpr int List_Width = 22, Year_Width = 6, Rows_Shown = 16; // in characters
 QListWidget* List(const QString& name)
 {
     auto* list = Named(new QListWidget, name);
-    list->setMinimumSize(list->fontMetrics().averageCharWidth() * List_Width, list->fontMetrics().lineSpacing() * Rows_Shown);
+    list->setMinimumSize(list->fontMetrics().averageCharWidth() * List_Width,
+                         list->fontMetrics().lineSpacing() * Rows_Shown);
     return list;
 }
 
@@ -94,7 +95,8 @@ QGroupBox* Form_rot::Dates()
     for (std::size_t i = 0; i < Boxes.size(); ++i) {
         const QString label = Shown(Crop_Stages[i].Label), suffix = Shown(Crop_Stages[i].Suffix);
         auto& boxes = Boxes[i];
-        boxes = {Day_Box("Combo1_" + suffix, label + ", day"), Month_Box("Combo2_" + suffix, label + ", month"), Named(new Number_Edit, "Text_" + suffix)};
+        boxes = {Day_Box("Combo1_" + suffix, label + ", day"), Month_Box("Combo2_" + suffix, label + ", month"),
+                 Named(new Number_Edit, "Text_" + suffix)};
         boxes.Day->setCompleter(nullptr); // "1" is the first, not the beginning of the tenth
         boxes.Day->setInsertPolicy(QComboBox::NoInsert);
         boxes.Year->setAccessibleName(label + ", year");
@@ -113,11 +115,15 @@ void Form_rot::Connect_Date(std::size_t stage)
 {
     const auto& boxes = Boxes[stage];
     const auto which = Crop_Stages[stage].Stage;
-    const auto set_day = [this, which, day = boxes.Day] { Set_Day(Work, Selected_Row(), which, Bytes_Of(day->currentText())); };
+    const auto set_day = [this, which, day = boxes.Day] {
+        Set_Day(Work, Selected_Row(), which, Bytes_Of(day->currentText()));
+    };
     connect(boxes.Day, &QComboBox::activated, this, set_day);
     connect(boxes.Day->lineEdit(), &QLineEdit::textEdited, this, set_day);
-    connect(boxes.Month, &QComboBox::activated, this, [this, which](int item) { Set_Month(Work, Selected_Row(), which, item); });
-    connect(boxes.Year, &QLineEdit::textEdited, this, [this, which, year = boxes.Year] { Set_Year(Work, Selected_Row(), which, year->Typed()); });
+    connect(boxes.Month, &QComboBox::activated, this,
+            [this, which](int item) { Set_Month(Work, Selected_Row(), which, item); });
+    connect(boxes.Year, &QLineEdit::textEdited, this,
+            [this, which, year = boxes.Year] { Set_Year(Work, Selected_Row(), which, year->Typed()); });
     for (QWidget* box : std::initializer_list<QWidget*>{boxes.Day, boxes.Month, boxes.Year})
         box->installEventFilter(this);
 }

@@ -15,8 +15,8 @@ namespace orvel {
 
 class Number_Edit;
 
-// The crop rotation: the data base's crops on the left, the rows of the rotation with their dates on the right. The years of a rotation that is out
-// of order move forward when a date is left.
+// The crop rotation: the data base's crops on the left, the rows of the rotation with their dates on the right. The
+// years of a rotation that is out of order move forward when a date is left.
 class Form_rot : public QDialog {
     Q_OBJECT
 

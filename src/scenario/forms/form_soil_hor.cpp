@@ -1,8 +1,8 @@
 #include "scenario/forms/form_soil_hor.h"
 
+#include "scenario/forms/soil_profile.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_grid.h"
-#include "scenario/forms/soil_profile.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -33,7 +33,10 @@ Grid_Block Cells_Of(const Horizon_Grid& grid)
 
 } // namespace
 
-form_soil_hor::form_soil_hor(Session& session, QWidget* parent) : QDialog(parent), The_Session(session), Loaded(Show_Horizons(session.Scenario))
+form_soil_hor::form_soil_hor(Session& session, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Loaded(Show_Horizons(session.Scenario))
 {
     setObjectName("form_soil_hor");
     setWindowTitle("Soil Horizon Parameters");
@@ -55,7 +58,8 @@ void form_soil_hor::Lay_Out()
     Caption->setWordWrap(true);
     connect(Model, &QAbstractItemModel::dataChanged, this, &form_soil_hor::Show_Profile);
     connect(Grid_nhor, &Number_Grid::Cell_Entered, Profile, &Profile_View::Mark);
-    connect(Profile, &Profile_View::Horizon_Clicked, this, [this](int horizon) { Grid_nhor->Go_To(horizon, std::max(1, Grid_nhor->currentIndex().column())); });
+    connect(Profile, &Profile_View::Horizon_Clicked, this,
+            [this](int horizon) { Grid_nhor->Go_To(horizon, std::max(1, Grid_nhor->currentIndex().column())); });
 
     auto* picture = new QVBoxLayout;
     picture->addWidget(Profile, 1);

@@ -1,12 +1,12 @@
 #include "scenario/forms/klima.h"
 
-#include "ui/forms/byte_edit.h"
-#include "ui/forms/number_grid.h"
-#include "ui/forms/widgets.h"
 #include "files/forms/form_saving.h"
 #include "scenario/forms/climate_model.h"
 #include "scenario/forms/klimagrafik.h"
 #include "scenario/saving.h"
+#include "ui/forms/byte_edit.h"
+#include "ui/forms/number_grid.h"
+#include "ui/forms/widgets.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -22,7 +22,10 @@ constexpr int Rows_Shown = 24;
 
 } // namespace
 
-Klima::Klima(Session& session, std::filesystem::path directory, QWidget* parent) : QDialog(parent), The_Session(session), Directory(std::move(directory))
+Klima::Klima(Session& session, std::filesystem::path directory, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Directory(std::move(directory))
 {
     setObjectName("Klima");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -55,7 +58,9 @@ void Klima::Lay_Out()
     connect(Model, &QAbstractItemModel::dataChanged, this, &Klima::Show_Cell);
 
     auto* buttons = new QHBoxLayout;
-    const auto add = [&](const QString& name, const QString& text, auto handler) { buttons->addWidget(Push_Button(name, text, this, handler)); };
+    const auto add = [&](const QString& name, const QString& text, auto handler) {
+        buttons->addWidget(Push_Button(name, text, this, handler));
+    };
     add("Grafik", "D&iagram", &Klima::Grafik_Click);
     add("Command1", "&Save", &Klima::Save);
     buttons->addStretch(1);
@@ -71,7 +76,8 @@ void Klima::Lay_Out()
 void Klima::lade_klimadatei()
 {
     const auto& name = The_Session.Program.PSM_File;
-    setWindowTitle(name.empty() || name.starts_with('*') ? "Climatic Data Files" : "Climatic Data Files - " + Shown(name));
+    setWindowTitle(name.empty() || name.starts_with('*') ? "Climatic Data Files"
+                                                         : "Climatic Data Files - " + Shown(name));
     Model->Show(The_Session.Climate);
     Cli_Title->setText(Shown(Model->Grid().Title()));
     Grid1->setCurrentIndex(Model->index(0, 0));

@@ -14,7 +14,8 @@ Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), The_Session(s
     setWindowTitle("Macropore Parameters");
     constexpr std::array<const char*, 3> names = {"S_Ic", "S_fmac", "S_depma"};
     constexpr std::array<const char*, 3> captions = {
-        "&Threshould rainflow that generates macropore flow (cm): ", "&Fraction of excess rainflow routed into macropores:", "&Macropore depth (cm):"};
+        "&Threshould rainflow that generates macropore flow (cm): ",
+        "&Fraction of excess rainflow routed into macropores:", "&Macropore depth (cm):"};
     auto* rows = new QFormLayout;
     for (std::size_t i = 0; i < Fields.size(); ++i)
         rows->addRow(captions[i], Fields[i] = Named(new Number_Edit, names[i]));

@@ -1,7 +1,7 @@
 #include "scenario/forms/soil_profile.h"
 
-#include "ui/forms/widgets.h"
 #include "core/numbers.h"
+#include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,7 +18,8 @@ constexpr int Gap = 6;
 QColor Mixed(const QColor& ground, const QColor& text, double share)
 {
     const auto mix = [share](double a, double b) { return static_cast<float>(a + (b - a) * share); };
-    return QColor::fromRgbF(mix(ground.redF(), text.redF()), mix(ground.greenF(), text.greenF()), mix(ground.blueF(), text.blueF()));
+    return QColor::fromRgbF(mix(ground.redF(), text.redF()), mix(ground.greenF(), text.greenF()),
+                            mix(ground.blueF(), text.blueF()));
 }
 
 double Most_Carbon(const std::vector<Profile_Layer>& layers)
@@ -83,7 +84,8 @@ void Profile_View::paintEvent(QPaintEvent*)
         if (y < last_depth)
             return;
         painter.setPen(colours.color(QPalette::WindowText));
-        painter.drawText(QRect(0, y - line / 2, Place_Of(Layers[0]).left() - Gap, line), Qt::AlignRight | Qt::AlignVCenter, Shown(General_Text(depth)) + " cm");
+        painter.drawText(QRect(0, y - line / 2, Place_Of(Layers[0]).left() - Gap, line),
+                         Qt::AlignRight | Qt::AlignVCenter, Shown(General_Text(depth)) + " cm");
         last_depth = y + line;
     };
     depth_text(0, Place_Of(Layers[0]).top());
@@ -98,7 +100,8 @@ void Profile_View::paintEvent(QPaintEvent*)
         painter.setBrush(Mixed(ground, ink, darkness));
         painter.drawRect(place.adjusted(0, 0, -1, 0));
         const int room = width() - place.right() - 2 * Gap;
-        painter.fillRect(QRect(place.right() + Gap, place.top() + 1, static_cast<int>(room * share), std::min(place.height() - 1, line / 3)),
+        painter.fillRect(QRect(place.right() + Gap, place.top() + 1, static_cast<int>(room * share),
+                               std::min(place.height() - 1, line / 3)),
                          colours.color(QPalette::Highlight));
         depth_text(layer.Bottom, place.bottom() + 1);
         if (place.height() < line)
@@ -107,8 +110,8 @@ void Profile_View::paintEvent(QPaintEvent*)
         painter.drawText(place, Qt::AlignCenter, QString::number(h + 1));
         painter.setPen(colours.color(QPalette::WindowText));
         if (place.height() >= 3 * line / 2)
-            painter.drawText(QRect(place.right() + Gap, place.top() + line / 3 + 2, room, line), Qt::AlignLeft | Qt::AlignTop,
-                             Shown(General_Text(layer.Organic_Carbon)) + " % OC");
+            painter.drawText(QRect(place.right() + Gap, place.top() + line / 3 + 2, room, line),
+                             Qt::AlignLeft | Qt::AlignTop, Shown(General_Text(layer.Organic_Carbon)) + " % OC");
     }
     if (Marked < 0 || static_cast<std::size_t>(Marked) >= Layers.size())
         return;

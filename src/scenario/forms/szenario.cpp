@@ -1,7 +1,5 @@
 #include "scenario/forms/szenario.h"
 
-#include "ui/forms/byte_edit.h"
-#include "ui/forms/widgets.h"
 #include "files/forms/form_saving.h"
 #include "scenario/forms/form_eros.h"
 #include "scenario/forms/form_rot.h"
@@ -10,6 +8,8 @@
 #include "scenario/saving.h"
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_view.h"
+#include "ui/forms/byte_edit.h"
+#include "ui/forms/widgets.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -30,7 +30,10 @@ void Show_All(const std::vector<QWidget*>& widgets, bool visible)
 
 } // namespace
 
-Szenario::Szenario(Session& session, std::filesystem::path directory, QWidget* parent) : QDialog(parent), The_Session(session), Directory(std::move(directory))
+Szenario::Szenario(Session& session, std::filesystem::path directory, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Directory(std::move(directory))
 {
     setObjectName("Szenario");
     setWindowTitle("Scenariofile");
@@ -58,7 +61,9 @@ void Szenario::Show_View()
     for (std::size_t x = 0; x < view.Processes.size(); ++x) {
         const bool greyed = view.Processes[x] == Box::Greyed;
         schnelle_Prozesse[x]->setTristate(greyed);
-        schnelle_Prozesse[x]->setCheckState(greyed ? Qt::PartiallyChecked : view.Processes[x] == Box::Set ? Qt::Checked : Qt::Unchecked);
+        schnelle_Prozesse[x]->setCheckState(greyed                          ? Qt::PartiallyChecked
+                                            : view.Processes[x] == Box::Set ? Qt::Checked
+                                                                            : Qt::Unchecked);
         schnelle_Prozesse[x]->setEnabled(!greyed);
         Show_All(Depth_Widgets[x], view.Process_Depth_Visible[x]);
     }
@@ -165,7 +170,8 @@ void Szenario::Save()
 void Szenario::done(int result)
 {
     if (const auto* box = qobject_cast<Byte_Edit*>(focusWidget()); box && Boxes.contains(box->objectName()))
-        Leave_Field(The_Session, Bytes_Of(box->objectName()), box->Typed()); // a value that is refused holds nobody back from leaving
+        Leave_Field(The_Session, Bytes_Of(box->objectName()),
+                    box->Typed()); // a value that is refused holds nobody back from leaving
     if (!May_Close(The_Session, The_Session.Program.SZE_Changed))
         return;
     QDialog::done(result);

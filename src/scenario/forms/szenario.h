@@ -21,7 +21,8 @@ namespace orvel {
 
 class Byte_Edit;
 
-// The editor of the session's scenario document. Each change goes into the document when its field is left or its option chosen.
+// The editor of the session's scenario document. Each change goes into the document when its field is left or its
+// option chosen.
 class Szenario : public QDialog {
     Q_OBJECT
 
@@ -46,7 +47,8 @@ private:
     Byte_Edit* Register(Byte_Edit* box, const QString& purpose);
     Byte_Edit* Number_Box(const QString& name, const QString& purpose, const QString& unit = {});
     void Add_Row(QFormLayout& rows, const QString& caption, const QString& name, const QString& unit = {});
-    QButtonGroup* Options(QFormLayout& rows, const QStringList& names, const QStringList& captions, void (*choose)(Session&, int));
+    QButtonGroup* Options(QFormLayout& rows, const QStringList& names, const QStringList& captions,
+                          void (*choose)(Session&, int));
     QPushButton* Command(const QString& name, const QString& caption, void (Szenario::*handler)());
 
     void Load();

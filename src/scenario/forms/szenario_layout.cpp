@@ -1,7 +1,7 @@
-#include "ui/forms/number_edit.h"
-#include "ui/forms/widgets.h"
 #include "scenario/forms/szenario.h"
 #include "scenario/scenario_view.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -56,7 +56,8 @@ void Szenario::Add_Row(QFormLayout& rows, const QString& caption, const QString&
     }
 }
 
-QButtonGroup* Szenario::Options(QFormLayout& rows, const QStringList& names, const QStringList& captions, void (*choose)(Session&, int))
+QButtonGroup* Szenario::Options(QFormLayout& rows, const QStringList& names, const QStringList& captions,
+                                void (*choose)(Session&, int))
 {
     auto* group = new QButtonGroup(this);
     for (int i = 0; i < names.size(); ++i) {
@@ -117,13 +118,15 @@ QGroupBox* Szenario::Compartments()
 {
     auto* group = new QGroupBox("Compartment size");
     auto* rows = new QFormLayout(group);
-    Button_Delxflg = Options(*rows, {"Button_Delxflg_0", "Button_Delxflg_1"}, {"Dependent on soil depth", "Constant"}, Choose_Compartments);
+    Button_Delxflg = Options(*rows, {"Button_Delxflg_0", "Button_Delxflg_1"}, {"Dependent on soil depth", "Constant"},
+                             Choose_Compartments);
     Add_Row(*rows, "Number of &Layers:", "Text_num");
     auto* caption = new QLabel("Thickness of Layers:");
     Label2 = Named(new QLabel, "Label2");
     rows->addRow(caption, Label2);
     Layer_Widgets.insert(Layer_Widgets.end(), {caption, Label2});
-    Dispersion = Options(*rows, {"Dispersion_0", "Dispersion_1"}, {"Dispersion coeff.", "Dispersion length"}, Choose_Dispersion);
+    Dispersion =
+        Options(*rows, {"Dispersion_0", "Dispersion_1"}, {"Dispersion coeff.", "Dispersion length"}, Choose_Dispersion);
     return group;
 }
 
@@ -131,13 +134,15 @@ QGroupBox* Szenario::Hydraulics()
 {
     auto* group = new QGroupBox("Hydraulics");
     auto* rows = new QFormLayout(group);
-    Hydraulic_Options =
-        Options(*rows, {"Option1_th", "Option2_th", "Option3_th"},
-                {"Direct Input of Field Capacity and Wilting Point", "Pedotransfer Function of PRZM I", "Pedotransfer Function of ORVEL"}, Choose_Hydraulics);
+    Hydraulic_Options = Options(*rows, {"Option1_th", "Option2_th", "Option3_th"},
+                                {"Direct Input of Field Capacity and Wilting Point", "Pedotransfer Function of PRZM I",
+                                 "Pedotransfer Function of ORVEL"},
+                                Choose_Hydraulics);
     auto* line = new QFrame;
     line->setFrameShape(QFrame::HLine);
     rows->addRow(line);
-    Wasserfluss = Options(*rows, {"Wasserfluss_0", "Wasserfluss_1"}, {"Free drainage ", "Exponentially restricted drainage"}, Choose_Drainage);
+    Wasserfluss = Options(*rows, {"Wasserfluss_0", "Wasserfluss_1"},
+                          {"Free drainage ", "Exponentially restricted drainage"}, Choose_Drainage);
     return group;
 }
 
@@ -167,9 +172,11 @@ QGroupBox* Szenario::Processes()
 {
     auto* group = new QGroupBox("Fast processes");
     auto* rows = new QFormLayout(group);
-    const std::array<QString, 2> captions = {"&Runoff", "&Macropore Flow"}, depths = {"Runoff depth (cm):", "Macropore depth (cm)"};
+    const std::array<QString, 2> captions = {"&Runoff", "&Macropore Flow"},
+                                 depths = {"Runoff depth (cm):", "Macropore depth (cm)"};
     for (std::size_t x = 0; x < 2; ++x) {
-        auto* process = schnelle_Prozesse[x] = Named(new QCheckBox(captions[x]), "schnelle_Prozesse_" + QString::number(x));
+        auto* process = schnelle_Prozesse[x] =
+            Named(new QCheckBox(captions[x]), "schnelle_Prozesse_" + QString::number(x));
         rows->addRow(process);
         Add_Row(*rows, depths[x], "schnelle_Prozesse_Tiefe_" + QString::number(x));
         connect(process, &QCheckBox::clicked, this, [this, x](bool on) {
@@ -199,7 +206,8 @@ QGroupBox* Szenario::Output()
     auto* grid = new QGridLayout(group);
     grid->addWidget(new QLabel("Frequency of Output:"), 0, 1);
     grid->addWidget(new QLabel("Output for Every  ... th Layer:"), 0, 2);
-    const std::array<QString, 3> kinds = {"Water", "Solute", "Concentration"}, labels = {"Label_wat", "Label_chem", "Label_conc"};
+    const std::array<QString, 3> kinds = {"Water", "Solute", "Concentration"},
+                                 labels = {"Label_wat", "Label_chem", "Label_conc"};
     for (int i = 0; i < 3; ++i) {
         const auto kind = static_cast<std::size_t>(i);
         auto* frequency = Frequencies[kind] = Named(new QPushButton, labels[kind]);
@@ -207,7 +215,9 @@ QGroupBox* Szenario::Output()
         frequency->setAccessibleName("Frequency of Output: " + kinds[kind]);
         grid->addWidget(new QLabel(kinds[kind]), i + 1, 0);
         grid->addWidget(frequency, i + 1, 1);
-        grid->addWidget(Number_Box(QString("Text%1_freq").arg(i + 1), "Output for every how many layers: " + kinds[kind]), i + 1, 2);
+        grid->addWidget(
+            Number_Box(QString("Text%1_freq").arg(i + 1), "Output for every how many layers: " + kinds[kind]), i + 1,
+            2);
         connect(frequency, &QPushButton::clicked, this, [this, i] {
             Switch_Frequency(The_Session, static_cast<Output_Of>(i));
             Show_View();

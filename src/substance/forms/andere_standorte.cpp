@@ -1,8 +1,8 @@
 #include "substance/forms/andere_standorte.h"
 
+#include "substance/location_choice.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/widgets.h"
-#include "substance/location_choice.h"
 
 #include <algorithm>
 #include <QHBoxLayout>
@@ -29,7 +29,8 @@ QVBoxLayout* Captioned(const QString& caption, QListWidget* list)
 
 } // namespace
 
-andere_Standorte::andere_Standorte(Location_Kind kind, const std::vector<std::string>& list, QWidget* parent) : QDialog(parent)
+andere_Standorte::andere_Standorte(Location_Kind kind, const std::vector<std::string>& list, QWidget* parent)
+    : QDialog(parent)
 {
     setObjectName(kind == Location_Kind::Leaching ? "andere_Standorte" : "andere_Standorte_soil");
     setWindowTitle("Select a suitable location");
@@ -65,8 +66,9 @@ QWidget* andere_Standorte::Crops()
     for (const auto name : Soil_Crops)
         Crop->addItem(Shown(name));
     Crop->setCurrentRow(0);
-    connect(Crop, &QListWidget::currentRowChanged, this,
-            [this](int row) { Offer(Offered_Soil_Locations(Soil_Crops.at(static_cast<std::size_t>(row))), Loc_Selected()); });
+    connect(Crop, &QListWidget::currentRowChanged, this, [this](int row) {
+        Offer(Offered_Soil_Locations(Soil_Crops.at(static_cast<std::size_t>(row))), Loc_Selected());
+    });
     auto* place = new QWidget;
     auto* column = Captioned("Cr&op", Crop);
     column->setContentsMargins(0, 0, 0, 0);

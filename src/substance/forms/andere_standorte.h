@@ -10,8 +10,8 @@ namespace orvel {
 
 enum class Location_Kind { Leaching, Soil };
 
-// The choice of the locations for which the pesticide document holds applications: the leaching locations, or the soil zones that are recommended for a
-// crop. It changes nothing itself.
+// The choice of the locations for which the pesticide document holds applications: the leaching locations, or the soil
+// zones that are recommended for a crop. It changes nothing itself.
 class andere_Standorte : public QDialog {
     Q_OBJECT
 

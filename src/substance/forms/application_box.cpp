@@ -1,12 +1,12 @@
 #include "substance/forms/application_box.h"
 
-#include "ui/forms/number_edit.h"
-#include "ui/forms/widgets.h"
 #include "substance/application_state.h"
 #include "substance/application_year.h"
 #include "substance/forms/andere_standorte.h"
 #include "substance/forms/form_appgrid.h"
 #include "substance/forms/plant_app.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QComboBox>
@@ -64,7 +64,8 @@ void Application_Box::Show_View()
 
 void Application_Box::Show_Absolute(const Application_View& view)
 {
-    for (QWidget* field : {static_cast<QWidget*>(App_Tag), static_cast<QWidget*>(App_Monat), static_cast<QWidget*>(Rate)})
+    for (QWidget* field :
+         {static_cast<QWidget*>(App_Tag), static_cast<QWidget*>(App_Monat), static_cast<QWidget*>(Rate)})
         Absolute_Rows->setRowVisible(field, view.Date_And_Rate_Visible);
     Absolute_Rows->setRowVisible(Tiefe, view.Tiefe_Visible);
     Absolute_Rows->setRowVisible(Interception, view.Interception_Visible);
@@ -167,7 +168,8 @@ void Application_Box::Tell_Left_Out(const std::vector<std::string>& selected)
             left_out += "\r\n" + name;
     }
     if (!left_out.empty())
-        The_Session.Ask({"Data check", "No more than " + std::to_string(Last_Location) + " locations are possible. Not added:" + left_out});
+        The_Session.Ask({"Data check", "No more than " + std::to_string(Last_Location) +
+                                           " locations are possible. Not added:" + left_out});
 }
 
 void Application_Box::Edit_Plant_Surface()

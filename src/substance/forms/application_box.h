@@ -17,7 +17,8 @@ namespace orvel {
 
 class Number_Edit;
 
-// The applications of the active substance: their kind, their locations, and the year that is repeated over the simulation. All is stored as it is edited.
+// The applications of the active substance: their kind, their locations, and the year that is repeated over the
+// simulation. All is stored as it is edited.
 class Application_Box : public QGroupBox {
     Q_OBJECT
 
@@ -42,7 +43,8 @@ private:
     QGroupBox* Absolute();
     QGroupBox* Relative();
     QComboBox* Combo(const QString& name, const QString& purpose);
-    Number_Edit* Number(QFormLayout& rows, const QString& caption, const QString& name, void (*edit)(Session&, std::string_view));
+    Number_Edit* Number(QFormLayout& rows, const QString& caption, const QString& name,
+                        void (*edit)(Session&, std::string_view));
     void Show_Locations();
     void Show_Absolute(const Application_View& view);
     void Show_Relative(const Application_View& view);
@@ -67,8 +69,8 @@ private:
     QComboBox *App_Tag = nullptr, *App_Monat = nullptr, *Tage = nullptr, *Bezugspunkt = nullptr;
     Number_Edit *Text_naps = nullptr, *Rate = nullptr, *Tiefe = nullptr, *Interception = nullptr;
     Number_Edit *relative_Rate = nullptr, *relative_Tiefe = nullptr, *relative_Interception = nullptr;
-    QLabel *Hinweis = nullptr, *Applikationen_pro_Jahr = nullptr, *label_Anzahl = nullptr, *Label_Tag = nullptr, *Label_Monat = nullptr,
-           *label_Tag_rel = nullptr;
+    QLabel *Hinweis = nullptr, *Applikationen_pro_Jahr = nullptr, *label_Anzahl = nullptr, *Label_Tag = nullptr,
+           *Label_Monat = nullptr, *label_Tag_rel = nullptr;
     std::vector<QWidget*> Year_Widgets;
     QGroupBox *absolute_Applikationen = nullptr, *relative_Applikationen = nullptr;
     QFormLayout *Absolute_Rows = nullptr, *Relative_Rows = nullptr;

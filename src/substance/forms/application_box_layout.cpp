@@ -1,10 +1,10 @@
 // The controls of the applications and their places.
-#include "ui/forms/number_edit.h"
-#include "ui/forms/widgets.h"
 #include "core/session.h"
 #include "substance/application_state.h"
 #include "substance/application_year.h"
 #include "substance/forms/application_box.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -20,8 +20,8 @@ namespace {
 
 constexpr int Days_In_List = 31;
 
-constexpr std::array<const char*, 4> Kind_Names = {"Soil Application", "Plant Application - Linear", "Plant Application - Exponential",
-                                                   "Plant Application - Manually"};
+constexpr std::array<const char*, 4> Kind_Names = {"Soil Application", "Plant Application - Linear",
+                                                   "Plant Application - Exponential", "Plant Application - Manually"};
 
 QWidget* In_A_Row(std::initializer_list<QWidget*> widgets)
 {
@@ -43,7 +43,8 @@ Application_Box::Application_Box(Session& session, Application_Method method, QW
 {
     auto* rows = new QFormLayout(this);
     rows->addRow(Kinds(method));
-    rows->addRow("Application dates", Applikationsverfahren = Combo("Applikationsverfahren", "Kind of application dates"));
+    rows->addRow("Application dates",
+                 Applikationsverfahren = Combo("Applikationsverfahren", "Kind of application dates"));
     rows->addRow("Location", Location_Row());
     rows->addRow(Location_Buttons());
     rows->addRow("Application mode", App_Modus = Combo("App_Modus", "Application mode"));
@@ -123,7 +124,8 @@ QWidget* Application_Box::Location_Buttons()
 // Plus and minus, the sentence that tells what they make of the year, and the way through its applications.
 QWidget* Application_Box::Year_Row()
 {
-    const auto small_button = [this](const QString& name, const QString& sign, const QString& purpose, void (*change)(Session&)) {
+    const auto small_button = [this](const QString& name, const QString& sign, const QString& purpose,
+                                     void (*change)(Session&)) {
         auto* button = Named(new QToolButton, name);
         button->setText(sign);
         button->setAccessibleName(purpose);
@@ -134,9 +136,11 @@ QWidget* Application_Box::Year_Row()
     };
     label_Anzahl = Named(new QLabel, "label_Anzahl_Applikationen_im_Jahr");
     auto* more = small_button("mehr_Applikationen_im_Jahr", "+", "One application more in the year", Add_In_Year);
-    auto* fewer = small_button("weniger_Applikationen_im_Jahr", QString::fromUtf8("−"), "One application less in the year", Remove_In_Year);
+    auto* fewer = small_button("weniger_Applikationen_im_Jahr", QString::fromUtf8("−"),
+                               "One application less in the year", Remove_In_Year);
     Applikationen_pro_Jahr = Named(new QLabel, "Applikationen_pro_Jahr");
-    auto* previous = small_button("vorhergehende_Applikation_im_Jahr", "<", "Previous application of the year", Previous_In_Year);
+    auto* previous =
+        small_button("vorhergehende_Applikation_im_Jahr", "<", "Previous application of the year", Previous_In_Year);
     auto* next = small_button("naechste_Applikation_im_Jahr", ">", "Next application of the year", Next_In_Year);
     auto* walk = Named(new QLabel("previous / next application"), "previous_next");
     auto* in_year = new QLabel("Applications per year");
@@ -150,7 +154,8 @@ QWidget* Application_Box::Year_Row()
     return all;
 }
 
-Number_Edit* Application_Box::Number(QFormLayout& rows, const QString& caption, const QString& name, void (*edit)(Session&, std::string_view))
+Number_Edit* Application_Box::Number(QFormLayout& rows, const QString& caption, const QString& name,
+                                     void (*edit)(Session&, std::string_view))
 {
     auto* field = Named(new Number_Edit, name);
     rows.addRow(caption, field);
@@ -184,7 +189,8 @@ QGroupBox* Application_Box::Relative()
 {
     relative_Applikationen = Named(new QGroupBox("relative application dates"), "relative_Applikationen");
     auto& rows = *(Relative_Rows = new QFormLayout(relative_Applikationen));
-    rows.addRow(label_Tag_rel = Named(new QLabel, "label_Tag_rel"), Tage = Combo("Tage", "Days after the reference point"));
+    rows.addRow(label_Tag_rel = Named(new QLabel, "label_Tag_rel"),
+                Tage = Combo("Tage", "Days after the reference point"));
     rows.addRow("days after", Bezugspunkt = Combo("Bezugspunkt", "Reference point"));
     for (const auto name : Crop_Event_Label)
         Bezugspunkt->addItem(Shown(name));

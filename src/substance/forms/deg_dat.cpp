@@ -1,10 +1,10 @@
 #include "substance/forms/deg_dat.h"
 
+#include "substance/forms/rate_box.h"
+#include "substance/pathway_picture.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
-#include "substance/forms/rate_box.h"
-#include "substance/pathway_picture.h"
 
 #include <QButtonGroup>
 #include <QFormLayout>
@@ -46,7 +46,9 @@ void deg_dat::Lay_Out()
 
 Rate_Box* deg_dat::Photolysis_Box()
 {
-    Photolysis = Named(new Rate_Box("Soil photolysis", {"Option8", "Option7", "Option6"}, {"Text10", "Text11", "Text12"}), "Photolysis");
+    Photolysis =
+        Named(new Rate_Box("Soil photolysis", {"Option8", "Option7", "Option6"}, {"Text10", "Text11", "Text12"}),
+              "Photolysis");
     Text13 = Named(new Number_Edit, "Text13");
     Photolysis->Add_Row(QString::fromUtf8("Reference radiation (W/m²)"), Text13);
     return Photolysis;
@@ -57,7 +59,8 @@ QGroupBox* deg_dat::Correction_Box()
     auto* group = new QGroupBox("Rate correction in soil");
     auto* rows = new QFormLayout(group);
     auto* presets = new QButtonGroup(this);
-    constexpr std::array<const char*, 3> captions = {"&Recommended correction", "&No correction", "&Individual correction"};
+    constexpr std::array<const char*, 3> captions = {"&Recommended correction", "&No correction",
+                                                     "&Individual correction"};
     for (std::size_t i = 0; i < Korrektur.size(); ++i) {
         Korrektur[i] = Named(new QRadioButton(captions[i]), QString("Korrektur_%1").arg(i));
         presets->addButton(Korrektur[i], static_cast<int>(i));
@@ -65,8 +68,10 @@ QGroupBox* deg_dat::Correction_Box()
     }
     rows->addRow(QString::fromUtf8("&Temp. during study (°C): "), Text4 = Named(new Number_Edit, "Text4"));
     rows->addRow("&Q10-Value", Text8 = Named(new Number_Edit, "Text8"));
-    rows->addRow(Option4 = Named(new QRadioButton("rel. moisture during study"), "Option4"), Text6 = Named(new Number_Edit("% FC"), "Text6"));
-    rows->addRow(Option5 = Named(new QRadioButton("abs. moisture during study"), "Option5"), Text5 = Named(new Number_Edit("Vol %"), "Text5"));
+    rows->addRow(Option4 = Named(new QRadioButton("rel. moisture during study"), "Option4"),
+                 Text6 = Named(new Number_Edit("% FC"), "Text6"));
+    rows->addRow(Option5 = Named(new QRadioButton("abs. moisture during study"), "Option5"),
+                 Text5 = Named(new Number_Edit("Vol %"), "Text5"));
     rows->addRow("&Moisture exponent", Text7 = Named(new Number_Edit, "Text7"));
     rows->addRow("rel. deg. at neq. &sites:", Text9 = Named(new Number_Edit, "Text9"));
     Text6->setAccessibleName(Option4->text());
@@ -75,7 +80,8 @@ QGroupBox* deg_dat::Correction_Box()
     moistures->addButton(Option4);
     moistures->addButton(Option5);
 
-    connect(presets, &QButtonGroup::idClicked, this, [this](int preset) { Choose_Preset(static_cast<Correction>(preset)); });
+    connect(presets, &QButtonGroup::idClicked, this,
+            [this](int preset) { Choose_Preset(static_cast<Correction>(preset)); });
     connect(Option4, &QRadioButton::clicked, this, [this] { Choose_Moisture_Option(true); });
     connect(Option5, &QRadioButton::clicked, this, [this] { Choose_Moisture_Option(false); });
     connect(Text5, &QLineEdit::editingFinished, this, &deg_dat::Leave_Moistures);

@@ -13,8 +13,8 @@ namespace orvel {
 class Number_Edit;
 class Rate_Box;
 
-// One arrow of the degradation scheme, that of Transformation_Index: its rate in soil with the conditions of the study, and, for the active
-// substance, its soil photolysis.
+// One arrow of the degradation scheme, that of Transformation_Index: its rate in soil with the conditions of the study,
+// and, for the active substance, its soil photolysis.
 class deg_dat : public QDialog {
     Q_OBJECT
 
@@ -38,7 +38,8 @@ private:
     Session& The_Session;
     Rate_Box *Soil = nullptr, *Photolysis = nullptr;
     std::array<QRadioButton*, 3> Korrektur{};
-    Number_Edit *Text4 = nullptr, *Text8 = nullptr, *Text5 = nullptr, *Text6 = nullptr, *Text7 = nullptr, *Text9 = nullptr, *Text13 = nullptr;
+    Number_Edit *Text4 = nullptr, *Text8 = nullptr, *Text5 = nullptr, *Text6 = nullptr, *Text7 = nullptr,
+                *Text9 = nullptr, *Text13 = nullptr;
     QRadioButton *Option4 = nullptr, *Option5 = nullptr;
 };
 

@@ -45,7 +45,8 @@ void Form_appgrid::Lay_Out()
     Model = new Text_Grid_Model(this);
     AppGrid = Named(new Number_Grid(Model, Application_Grid_Rule, The_Session.Ask, "Applications"), "AppGrid");
     auto* below = new QHBoxLayout;
-    below->addWidget(Push_Button("Command1", "&Same Fractions for all applications", this, &Form_appgrid::Take_Same_Fractions));
+    below->addWidget(
+        Push_Button("Command1", "&Same Fractions for all applications", this, &Form_appgrid::Take_Same_Fractions));
     below->addStretch(1);
     auto* all = new QVBoxLayout(this);
     all->addWidget(AppGrid, 1);

@@ -1,11 +1,11 @@
 #include "substance/forms/form_as.h"
 
-#include "ui/forms/byte_edit.h"
-#include "ui/forms/done_cancel.h"
-#include "ui/forms/widgets.h"
 #include "substance/forms/application_box.h"
 #include "substance/forms/substance_fields.h"
 #include "substance/forms/volatilisation_box.h"
+#include "ui/forms/byte_edit.h"
+#include "ui/forms/done_cancel.h"
+#include "ui/forms/widgets.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -70,7 +70,8 @@ void Form_AS::Accept()
     const auto substance = Fields->Entered();
     if (!substance)
         return;
-    Active_Entry entry{.Substance = *substance, .Text_comment = Text_comment->Typed(), .App_Flag = Applications->Method()};
+    Active_Entry entry{
+        .Substance = *substance, .Text_comment = Text_comment->Typed(), .App_Flag = Applications->Method()};
     Volatility->Take(entry);
     if (const auto refusal = Accept_Active(The_Session, entry, Applications->Lists())) {
         Volatility->Show_Pairs(entry.Pairs);

@@ -20,7 +20,10 @@ constexpr int Kf_Column = 1, First_Factor_Column = 3;
 
 } // namespace
 
-Form_hor::Form_hor(Session& session, int i, int rows, QWidget* parent) : QDialog(parent), The_Session(session), Substance(i)
+Form_hor::Form_hor(Session& session, int i, int rows, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Substance(i)
 {
     setObjectName("Form_hor");
     setWindowTitle("Depth Dependend Data");
@@ -35,7 +38,8 @@ void Form_hor::Lay_Out()
 {
     Model = new Text_Grid_Model(this);
     GridHor = Named(new Number_Grid(Model, Number_Grid_Rule, The_Session.Ask, "Depth dependent values"), "GridHor");
-    auto* defaults = Push_Button("Command1", "&Trans.Factors from AS to MET A1 as Default", this, &Form_hor::Take_Default);
+    auto* defaults =
+        Push_Button("Command1", "&Trans.Factors from AS to MET A1 as Default", this, &Form_hor::Take_Default);
     defaults->setVisible(Substance == 1);
     Default_Note = Named(new QLabel("On OK all transformations of all substances take these factors."), "Default_Note");
     Default_Note->hide();
@@ -75,7 +79,8 @@ void Form_hor::Place_Headings()
     const auto left = [&](int column) { return columns->x() + columns->sectionViewportPosition(column); };
     Kf_Heading->move(left(Kf_Column), 0);
     Factor_Heading->move(left(First_Factor_Column), 0);
-    Kf_Heading->parentWidget()->setMinimumWidth(left(First_Factor_Column) + columns->offset() + Factor_Heading->width());
+    Kf_Heading->parentWidget()->setMinimumWidth(left(First_Factor_Column) + columns->offset() +
+                                                Factor_Heading->width());
 }
 
 bool Form_hor::event(QEvent* event)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/grid_block.h"
 #include "substance/depth_grid.h"
+#include "ui/grid_block.h"
 
 #include <QDialog>
 

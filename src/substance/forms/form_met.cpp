@@ -1,8 +1,8 @@
 #include "substance/forms/form_met.h"
 
+#include "substance/forms/substance_fields.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/widgets.h"
-#include "substance/forms/substance_fields.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>

@@ -1,15 +1,15 @@
 #include "substance/forms/form_psm_1.h"
 
 #include "charts/forms/picture_actions.h"
-#include "ui/forms/widgets.h"
 #include "documents/documents.h"
+#include "files/forms/form_saving.h"
 #include "substance/forms/deg_dat.h"
 #include "substance/forms/form_as.h"
 #include "substance/forms/form_met.h"
-#include "files/forms/form_saving.h"
 #include "substance/forms/pathway_view.h"
 #include "substance/pathway_picture.h"
 #include "substance/pesticide_editor.h"
+#include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QHBoxLayout>
@@ -25,8 +25,8 @@ void Place_Beside(QWidget& window, int t, const QRect& head)
 {
     constexpr int twips_per_pixel = 15;
     const QSize size = window.sizeHint();
-    const Twips spot =
-        Transformation_Spot(t, {head.left() * twips_per_pixel, head.top() * twips_per_pixel}, head.width() * twips_per_pixel, size.width() * twips_per_pixel);
+    const Twips spot = Transformation_Spot(t, {head.left() * twips_per_pixel, head.top() * twips_per_pixel},
+                                           head.width() * twips_per_pixel, size.width() * twips_per_pixel);
     const QRect room = window.screen()->availableGeometry();
     const auto within = [](int wished, int first, int last) { return std::max(first, std::min(wished, last)); };
     window.move(within(spot.Left / twips_per_pixel, room.left(), room.right() - size.width()),
@@ -35,7 +35,10 @@ void Place_Beside(QWidget& window, int t, const QRect& head)
 
 } // namespace
 
-Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory, QWidget* parent) : QDialog(parent), The_Session(session), Directory(directory)
+Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Directory(directory)
 {
     setObjectName("Form_PSM_1");
     setWindowTitle("Metabolization Scheme");
@@ -57,8 +60,9 @@ void Form_PSM_1::Lay_Out()
     auto* exit = Push_Button("Command1", "Save and &Exit", this, &Form_PSM_1::Save_And_Exit);
     auto* save = Push_Button("ComSave", "&Save", this, &Form_PSM_1::Save);
     auto* copy = Push_Button("Kopieren", "Copy &Picture", this, [this] { Copy_Picture(View->As_Picture()); });
-    auto* keep =
-        Push_Button("Speichern", "Save P&icture", this, [this] { Save_Picture_As(*this, The_Session.Ask, View->As_Picture(), "Save Picture", "scheme.png"); });
+    auto* keep = Push_Button("Speichern", "Save P&icture", this, [this] {
+        Save_Picture_As(*this, The_Session.Ask, View->As_Picture(), "Save Picture", "scheme.png");
+    });
     auto* print = Push_Button("Drucken", "P&rint Picture", this, [this] { Print_Picture(*this, View->As_Picture()); });
     auto* cancel = Push_Button("Com_Exit1", "&Cancel", this, &Form_PSM_1::reject);
 

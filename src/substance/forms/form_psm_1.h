@@ -9,7 +9,8 @@ namespace orvel {
 
 class Pathway_View;
 
-// The editor of the pesticide document: its degradation scheme, and the way to the forms of substances and transformations.
+// The editor of the pesticide document: its degradation scheme, and the way to the forms of substances and
+// transformations.
 class Form_PSM_1 : public QDialog {
     Q_OBJECT
 

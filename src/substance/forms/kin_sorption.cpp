@@ -17,7 +17,10 @@ constexpr int Converted_Digits = 20; // of a quotient in full
 
 } // namespace
 
-kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent) : QDialog(parent), The_Session(session), Substance(i)
+kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Substance(i)
 {
     setObjectName("kin_Sorption");
     setWindowTitle("Kinetic sorption");
@@ -85,7 +88,8 @@ void kin_Sorption::Choose(Kinetic_Model model)
     Show_Captions(Captions_Of(model));
 }
 
-// A field is tested when it is left for the other one: options and Done test both by themselves, and Cancel is always free.
+// A field is tested when it is left for the other one: options and Done test both by themselves, and Cancel is always
+// free.
 bool kin_Sorption::eventFilter(QObject* watched, QEvent* event)
 {
     const bool to_other = event->type() == QEvent::FocusOut && !Refusing && (s_f_neq->hasFocus() || s_kdes->hasFocus());

@@ -10,7 +10,11 @@
 
 namespace orvel {
 
-KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent) : QDialog(parent), The_Session(session), Substance(i), The_Koc(std::move(text_koc0))
+KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Substance(i),
+      The_Koc(std::move(text_koc0))
 {
     setObjectName("KOC_PH");
     setWindowTitle("pH-dependent sorption");
@@ -49,7 +53,8 @@ void KOC_PH::Lay_Out()
     all->addWidget(Done_And_Cancel(*this, &KOC_PH::Accept));
 }
 
-Number_Edit* KOC_PH::Field(QGridLayout& grid, int row, int column, const QString& name, const QString& label, const QString& label_name)
+Number_Edit* KOC_PH::Field(QGridLayout& grid, int row, int column, const QString& name, const QString& label,
+                           const QString& label_name)
 {
     auto* caption = Named(new QLabel(label, this), label_name);
     auto* field = Named(new Number_Edit, name);

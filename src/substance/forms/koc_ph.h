@@ -25,7 +25,8 @@ public:
 
 private:
     void Lay_Out();
-    Number_Edit* Field(QGridLayout& grid, int row, int column, const QString& name, const QString& label, const QString& label_name);
+    Number_Edit* Field(QGridLayout& grid, int row, int column, const QString& name, const QString& label,
+                       const QString& label_name);
     PH_Entry Entry() const;
     void Show_View();
     void Accept();

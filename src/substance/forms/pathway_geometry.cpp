@@ -39,7 +39,8 @@ QPointF Sink_Way(int i)
 QLineF Sink_Line(int i)
 {
     if (i == 1)
-        return {{Box_Of_Substance(1).right(), Box_Of_Substance(1).center().y()}, {Sink_Of_Substance(1).left(), Sink_Of_Substance(1).center().y()}};
+        return {{Box_Of_Substance(1).right(), Box_Of_Substance(1).center().y()},
+                {Sink_Of_Substance(1).left(), Sink_Of_Substance(1).center().y()}};
     return {Sink_Way(i), Sink_Way(i) + QPointF(0, Sink_Drop)};
 }
 
@@ -70,7 +71,8 @@ QRectF Box_Of_Substance(int i)
 {
     if (i == 1)
         return Around({Drawing_Size.width() / 2, 60}, Active_Size);
-    return Around({First_Column + Column_Of(i) * Column_Step, i < First_Of_Second_Row ? First_Row : Second_Row}, Box_Size);
+    return Around({First_Column + Column_Of(i) * Column_Step, i < First_Of_Second_Row ? First_Row : Second_Row},
+                  Box_Size);
 }
 
 QRectF Sink_Of_Substance(int i)

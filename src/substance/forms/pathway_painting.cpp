@@ -1,7 +1,7 @@
 #include "substance/forms/pathway_painting.h"
 
-#include "ui/forms/widgets.h"
 #include "substance/forms/pathway_geometry.h"
+#include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QFontInfo>
@@ -30,7 +30,8 @@ void Write_In(QPainter& painter, const QRectF& box, const QString& text)
     const double room = box.width() - 2 * std::min(Corner, box.width() * Narrow_Margin);
     const QFont font = painter.font();
     painter.setFont(Fitting_Font(font, text, room));
-    painter.drawText(box, Qt::AlignCenter, painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room)));
+    painter.drawText(box, Qt::AlignCenter,
+                     painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room)));
     painter.setFont(font);
 }
 
@@ -38,7 +39,8 @@ void Write_In(QPainter& painter, const QRectF& box, const QString& text)
 
 QColor Line_Colour(const Arrow_Look& look, const QPalette& palette)
 {
-    return look.Pen == Scheme_Colour{} ? palette.color(QPalette::WindowText) : QColor(look.Pen.Red, look.Pen.Green, look.Pen.Blue);
+    return look.Pen == Scheme_Colour{} ? palette.color(QPalette::WindowText)
+                                       : QColor(look.Pen.Red, look.Pen.Green, look.Pen.Blue);
 }
 
 void Paint_Box(QPainter& painter, const QRectF& box, const Box_Look& look, const QString& text, const QPen& frame)
@@ -57,7 +59,8 @@ void Paint_Arrow_Line(QPainter& painter, const QLineF& line, const Arrow_Look& l
     painter.drawLine(line);
 }
 
-void Paint_Arrow_Head(QPainter& painter, const QRectF& square, double angle, const Arrow_Look& look, const QPalette& palette)
+void Paint_Arrow_Head(QPainter& painter, const QRectF& square, double angle, const Arrow_Look& look,
+                      const QPalette& palette)
 {
     const double side = std::min(square.width(), square.height());
     painter.save();
@@ -79,8 +82,8 @@ void Paint_Sink(QPainter& painter, const QRectF& sink, const QPalette& palette)
     Write_In(painter, sink, "B.RES");
 }
 
-void Paint_Scheme(QPainter& painter, const QRectF& area, const Pesticide_Document& document, const Per_Substance<std::string>& captions,
-                  const QPalette& palette)
+void Paint_Scheme(QPainter& painter, const QRectF& area, const Pesticide_Document& document,
+                  const Per_Substance<std::string>& captions, const QPalette& palette)
 {
     const double scale = std::min(area.width() / Drawing_Size.width(), area.height() / Drawing_Size.height());
     painter.save();
@@ -103,7 +106,8 @@ void Paint_Scheme(QPainter& painter, const QRectF& area, const Pesticide_Documen
     for (int i = 1; i <= Substances; ++i) {
         if (document.Bound_Active[static_cast<std::size_t>(i)])
             Paint_Sink(painter, Sink_Of_Substance(i), palette);
-        Paint_Box(painter, Box_Of_Substance(i), Look_Of_Box(document, i), Shown(captions[static_cast<std::size_t>(i)]), QPen(palette.windowText(), 1));
+        Paint_Box(painter, Box_Of_Substance(i), Look_Of_Box(document, i), Shown(captions[static_cast<std::size_t>(i)]),
+                  QPen(palette.windowText(), 1));
     }
     painter.restore();
 }

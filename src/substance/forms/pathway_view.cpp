@@ -1,13 +1,13 @@
 #include "substance/forms/pathway_view.h"
 
 #include "charts/painting/chart_painter.h"
-#include "ui/forms/widgets.h"
 #include "core/numbers.h"
 #include "substance/forms/pathway_geometry.h"
 #include "substance/forms/pathway_painting.h"
 #include "substance/forms/scheme_button.h"
 #include "substance/half_lives.h"
 #include "substance/pathway.h"
+#include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QHelpEvent>
@@ -23,7 +23,8 @@ QString Box_Name(int i)
 {
     if (i == 1)
         return "Label_AS";
-    return i < First_Of_Second_Row ? QString("Label_1_%1").arg(i - 1) : QString("Label_2_%1").arg(i - First_Of_Second_Row + 1);
+    return i < First_Of_Second_Row ? QString("Label_1_%1").arg(i - 1)
+                                   : QString("Label_2_%1").arg(i - First_Of_Second_Row + 1);
 }
 
 // The arrow's label with its rate and half-life.
@@ -33,11 +34,13 @@ QString Arrow_Tip(const Pesticide_Document& document, int t)
     const auto& row = document.Degradation[static_cast<std::size_t>(arrow.Source)][static_cast<std::size_t>(arrow.Row)];
     QString tip = Shown(Arrow_Label(t));
     if (row.Deg_Rate.Number() != 0)
-        tip += QString(": %1 1/d, DT 50 %2 d").arg(Shown(row.Deg_Rate.Text()), Shown(Texts_Of_Rate(row.Deg_Rate.Text()).DT50));
+        tip += QString(": %1 1/d, DT 50 %2 d")
+                   .arg(Shown(row.Deg_Rate.Text()), Shown(Texts_Of_Rate(row.Deg_Rate.Text()).DT50));
     else
         tip += ": no transformation in soil";
     if (Shows_Photolysis(t) && document.Photo_Rate[static_cast<std::size_t>(t)] != 0)
-        tip += QString("; soil photolysis %1 1/d").arg(Shown(General_Text(document.Photo_Rate[static_cast<std::size_t>(t)])));
+        tip += QString("; soil photolysis %1 1/d")
+                   .arg(Shown(General_Text(document.Photo_Rate[static_cast<std::size_t>(t)])));
     return tip;
 }
 
@@ -68,7 +71,8 @@ void Pathway_View::Show(const Pesticide_Document& document, const Per_Substance<
         auto* box = Boxes[static_cast<std::size_t>(i)];
         box->setText(Shown(captions[static_cast<std::size_t>(i)]));
         box->setAccessibleName(box->text().trimmed());
-        box->setToolTip(box->text().trimmed() + (document.Met_Present[static_cast<std::size_t>(i)] ? "" : ": nothing forms it"));
+        box->setToolTip(box->text().trimmed() +
+                        (document.Met_Present[static_cast<std::size_t>(i)] ? "" : ": nothing forms it"));
         box->Show(Look_Of_Box(document, i));
     }
     for (int t = 1; t <= Last_Transformation; ++t) {
@@ -135,7 +139,8 @@ void Pathway_View::paintEvent(QPaintEvent*)
     const auto scaled = [this](QPointF of_drawing) { return Scaled({of_drawing, QSizeF()}).topLeft(); };
     for (int t = 1; t <= Last_Transformation; ++t) {
         if (Arrow_Is_Clickable(t))
-            Paint_Arrow_Line(painter, {scaled(Line_Of_Arrow(t).p1()), scaled(Head_Of_Arrow(t).center())}, Look_Of_Arrow(Document, t), palette());
+            Paint_Arrow_Line(painter, {scaled(Line_Of_Arrow(t).p1()), scaled(Head_Of_Arrow(t).center())},
+                             Look_Of_Arrow(Document, t), palette());
     }
     for (int i = 1; i <= Substances; ++i) {
         if (Document.Bound_Active[static_cast<std::size_t>(i)])

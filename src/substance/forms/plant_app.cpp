@@ -9,7 +9,9 @@
 
 namespace orvel {
 
-Plant_App::Plant_App(Session& session, Application_Method method, QWidget* parent) : QDialog(parent), The_Session(session)
+Plant_App::Plant_App(Session& session, Application_Method method, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session)
 {
     setObjectName("Plant_App");
     setWindowTitle("Pesticide Fate on Crops");
@@ -33,7 +35,8 @@ void Plant_App::Lay_Out(bool filtration)
     rows->addRow("&Washoff-coefficient (1/cm)", S_plt_washoff = Named(new Number_Edit, "S_plt_washoff"));
     rows->addRow("&Filtration Parameter (1/cm)", S_plt_filtr = Named(new Number_Edit, "S_plt_filtr"));
     rows->addRow("Rate for &penetration (1/d)", S_plt_penet = Named(new Number_Edit, "S_plt_penet"));
-    rows->addRow("Rate for P&hotodegrad. at ref. conditions", S_plt_photo = Named(new Number_Edit("1/d"), "S_plt_photo"));
+    rows->addRow("Rate for P&hotodegrad. at ref. conditions",
+                 S_plt_photo = Named(new Number_Edit("1/d"), "S_plt_photo"));
     rows->addRow(QString::fromUtf8("&Reference radiation (W/m²)"), S_RefRad = Named(new Number_Edit, "S_RefRad"));
     rows->addRow("&Laminar layer for volatilisation (cm)", S_dlam = Named(new Number_Edit, "S_dlam"));
     rows->addRow("Volatilisation &Enthalpy (J/mol)", S_Hv = Named(new Number_Edit, "S_Hv"));
@@ -49,13 +52,13 @@ void Plant_App::Lay_Out(bool filtration)
 void Plant_App::Accept()
 {
     Accept_Plant(The_Session, {.S_plt_dk = S_plt_dk->Typed(),
-                          .S_plt_washoff = S_plt_washoff->Typed(),
-                          .S_plt_filtr = S_plt_filtr->Typed(),
-                          .S_plt_penet = S_plt_penet->Typed(),
-                          .S_plt_photo = S_plt_photo->Typed(),
-                          .S_RefRad = S_RefRad->Typed(),
-                          .S_dlam = S_dlam->Typed(),
-                          .S_Hv = S_Hv->Typed()});
+                               .S_plt_washoff = S_plt_washoff->Typed(),
+                               .S_plt_filtr = S_plt_filtr->Typed(),
+                               .S_plt_penet = S_plt_penet->Typed(),
+                               .S_plt_photo = S_plt_photo->Typed(),
+                               .S_RefRad = S_RefRad->Typed(),
+                               .S_dlam = S_dlam->Typed(),
+                               .S_Hv = S_Hv->Typed()});
     accept();
 }
 

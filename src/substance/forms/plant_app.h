@@ -23,7 +23,8 @@ private:
     void Accept();
 
     Session& The_Session;
-    Number_Edit *S_plt_dk = nullptr, *S_plt_washoff = nullptr, *S_plt_filtr = nullptr, *S_plt_penet = nullptr, *S_plt_photo = nullptr;
+    Number_Edit *S_plt_dk = nullptr, *S_plt_washoff = nullptr, *S_plt_filtr = nullptr, *S_plt_penet = nullptr,
+                *S_plt_photo = nullptr;
     Number_Edit *S_RefRad = nullptr, *S_dlam = nullptr, *S_Hv = nullptr;
 };
 

@@ -14,12 +14,14 @@ struct Rate_Row {
     Rate_Field Field;
     const char *Caption, *Unit;
 };
-constexpr std::array<Rate_Row, 3> Rate_Rows = {
-    {{Rate_Field::Rate, "Transformation rate", "1/d"}, {Rate_Field::DT50, "DT 50", "d"}, {Rate_Field::DT90, "DT 90", "d"}}};
+constexpr std::array<Rate_Row, 3> Rate_Rows = {{{Rate_Field::Rate, "Transformation rate", "1/d"},
+                                                {Rate_Field::DT50, "DT 50", "d"},
+                                                {Rate_Field::DT90, "DT 90", "d"}}};
 
 } // namespace
 
-Rate_Box::Rate_Box(const QString& caption, const Names& options, const Names& fields, QWidget* parent) : QGroupBox(caption, parent)
+Rate_Box::Rate_Box(const QString& caption, const Names& options, const Names& fields, QWidget* parent)
+    : QGroupBox(caption, parent)
 {
     Rows = new QFormLayout(this);
     for (std::size_t row = 0; row < Rate_Rows.size(); ++row) {

@@ -12,7 +12,8 @@ namespace orvel {
 
 class Number_Edit;
 
-// A first-order rate with its two half-lives, of which the chosen one can be typed in; the two others follow when it is left.
+// A first-order rate with its two half-lives, of which the chosen one can be typed in; the two others follow when it is
+// left.
 class Rate_Box : public QGroupBox {
     Q_OBJECT
 

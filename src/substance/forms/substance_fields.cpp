@@ -1,10 +1,10 @@
 #include "substance/forms/substance_fields.h"
 
-#include "ui/forms/number_edit.h"
-#include "ui/forms/widgets.h"
 #include "substance/forms/form_hor.h"
 #include "substance/forms/kin_sorption.h"
 #include "substance/forms/koc_ph.h"
+#include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -25,9 +25,13 @@ constexpr int Name_Columns = 26;
 struct Captions {
     const char *Name_Control, *Name, *Molmass, *Moisture, *PH, *Kinetics, *Horizons;
 };
-constexpr Captions Of_Active = {
-    "Text_AS",           "&Name:",       "&Mol Mass [g/mol]:", "Increase of sorption when soil is air dried (-)", "&ph-dependent sorption",
-    "kine&tic sorption", "&Edit numbers"};
+constexpr Captions Of_Active = {"Text_AS",
+                                "&Name:",
+                                "&Mol Mass [g/mol]:",
+                                "Increase of sorption when soil is air dried (-)",
+                                "&ph-dependent sorption",
+                                "kine&tic sorption",
+                                "&Edit numbers"};
 constexpr Captions Of_Metabolite = {"metcom",
                                     "&Name of Metabolite:",
                                     "&Molmass [g/mol]:",
@@ -61,7 +65,11 @@ void Show_Text(QLineEdit& field, std::string_view text)
 
 } // namespace
 
-Substance_Fields::Substance_Fields(Session& session, int i, QDialog& form) : QObject(&form), The_Session(session), Substance(i), Form(form)
+Substance_Fields::Substance_Fields(Session& session, int i, QDialog& form)
+    : QObject(&form),
+      The_Session(session),
+      Substance(i),
+      Form(form)
 {
     Lay_Out_General();
     Lay_Out_Sorption();
@@ -70,7 +78,8 @@ Substance_Fields::Substance_Fields(Session& session, int i, QDialog& form) : QOb
     Show_Notes();
 }
 
-Number_Edit* Substance_Fields::Add_Number(QFormLayout& rows, const QString& label, const QString& name, const QString& label_name)
+Number_Edit* Substance_Fields::Add_Number(QFormLayout& rows, const QString& label, const QString& name,
+                                          const QString& label_name)
 {
     auto* field = Named(new Number_Edit, name);
     auto* caption = Named(new QLabel(label), label_name);
@@ -121,7 +130,8 @@ void Substance_Fields::Lay_Out_Depth()
     Depth_Group = new QGroupBox("Dependence on depth");
     auto& rows = *(Rows_Of_Depth = new QFormLayout(Depth_Group));
     auto* modes = new QButtonGroup(this);
-    constexpr std::array<const char*, 3> captions = {"&Standard values (Tier 1)", "Constant degradation with depth", "Indi&vidual"};
+    constexpr std::array<const char*, 3> captions = {"&Standard values (Tier 1)", "Constant degradation with depth",
+                                                     "Indi&vidual"};
     for (std::size_t mode = 0; mode < captions.size(); ++mode) {
         tiefenabhaengig[mode] = Named(new QRadioButton(captions[mode]), QString("tiefenabhaengig_%1").arg(mode));
         modes->addButton(tiefenabhaengig[mode], static_cast<int>(mode));

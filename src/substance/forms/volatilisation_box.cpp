@@ -11,7 +11,9 @@
 
 namespace orvel {
 
-Volatilisation_Box::Volatilisation_Box(const Active_Entry& entry, QWidget* parent) : QGroupBox("Volatilisation", parent), Method(entry.App_Flag)
+Volatilisation_Box::Volatilisation_Box(const Active_Entry& entry, QWidget* parent)
+    : QGroupBox("Volatilisation", parent),
+      Method(entry.App_Flag)
 {
     Lay_Out();
     (entry.Henry_Direct ? Option_hen1 : Option_hen2)->setChecked(true);
@@ -35,7 +37,8 @@ void Volatilisation_Box::Lay_Out()
     options->addWidget(Option_hen2);
     options->addStretch(1);
     Rows->addRow("Henry Constant", options);
-    S_Temperatur = Add_Pair(QString::fromUtf8("Temperature (°C)"), "S_Temperatur", "Label_Temperatur", &Volatilisation::Volat_Temp);
+    S_Temperatur = Add_Pair(QString::fromUtf8("Temperature (°C)"), "S_Temperatur", "Label_Temperatur",
+                            &Volatilisation::Volat_Temp);
     Text_vol0 = Add_Pair("Henry Constant [J / mol]", "Text_vol0", "Label_vol_0", &Volatilisation::Henry);
     Text_vol1 = Add_Pair("Vapor Pressure [Pa]", "Text_vol1", "Label_vol_1", &Volatilisation::Vap_Press);
     Text_vol2 = Add_Pair("Aquaeus Solubility [mg / L]", "Text_vol2", "Label_vol_2", &Volatilisation::Solubility);
@@ -44,7 +47,8 @@ void Volatilisation_Box::Lay_Out()
 }
 
 // Only what is typed reaches the values: a scientific text shows fewer digits than they have.
-Volatilisation_Box::Pair Volatilisation_Box::Add_Pair(const QString& caption, const QString& name, const QString& label_name,
+Volatilisation_Box::Pair Volatilisation_Box::Add_Pair(const QString& caption, const QString& name,
+                                                      const QString& label_name,
                                                       std::array<double, 2> Volatilisation::*values)
 {
     Pair pair{};
@@ -55,7 +59,8 @@ Volatilisation_Box::Pair Volatilisation_Box::Add_Pair(const QString& caption, co
         pair[i] = Named(new Number_Edit, QString("%1_%2").arg(name).arg(i));
         pair[i]->setAccessibleName(QString("%1, %2. temperature").arg(caption).arg(i + 1));
         row->addWidget(pair[i]);
-        connect(pair[i], &QLineEdit::textEdited, this, [this, field = pair[i], values, i] { (Pairs.*values)[i] = Val(field->Typed()); });
+        connect(pair[i], &QLineEdit::textEdited, this,
+                [this, field = pair[i], values, i] { (Pairs.*values)[i] = Val(field->Typed()); });
     }
     Rows->addRow(Named(new QLabel(caption), label_name), fields);
     return pair;

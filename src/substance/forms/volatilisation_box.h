@@ -12,7 +12,8 @@ namespace orvel {
 
 class Number_Edit;
 
-// Volatilisation of the active substance: two values, for two temperatures, of each quantity, and how the Henry constant is known.
+// Volatilisation of the active substance: two values, for two temperatures, of each quantity, and how the Henry
+// constant is known.
 class Volatilisation_Box : public QGroupBox {
     Q_OBJECT
 
@@ -27,7 +28,8 @@ public:
 private:
     using Pair = std::array<Number_Edit*, 2>;
     void Lay_Out();
-    Pair Add_Pair(const QString& caption, const QString& name, const QString& label_name, std::array<double, 2> Volatilisation::*values);
+    Pair Add_Pair(const QString& caption, const QString& name, const QString& label_name,
+                  std::array<double, 2> Volatilisation::*values);
     Number_Edit* Add_Number(const QString& caption, const QString& name, const QString& label_name);
     void Show_View();
 

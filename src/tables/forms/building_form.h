@@ -15,7 +15,8 @@ namespace orvel {
 
 constexpr int Columns_Shown = 92; // of a text, as long as the form keeps its first size
 
-// A form that builds what it shows out of big files, behind its first paint: with a message and a bar, the buttons off, and closing it stops the work.
+// A form that builds what it shows out of big files, behind its first paint: with a message and a bar, the buttons off,
+// and closing it stops the work.
 class Building_Form : public QDialog {
     Q_OBJECT
 

@@ -8,7 +8,8 @@
 
 namespace orvel {
 
-Jahresbilanz::Jahresbilanz(const std::filesystem::path& run_directory, const std::vector<std::string>& substances, Ask_Function ask, QWidget* parent)
+Jahresbilanz::Jahresbilanz(const std::filesystem::path& run_directory, const std::vector<std::string>& substances,
+                           Ask_Function ask, QWidget* parent)
     : Diagram_Form("Jahresbilanz", std::move(ask), parent),
       Water(Read_Balances(Read_If_There(run_directory, "MBalance.orv"))),
       Pesticides(Read_Balances(Read_If_There(run_directory, "PBalance.orv")))

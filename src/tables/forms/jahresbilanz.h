@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tables/balance_chart.h"
 #include "charts/forms/diagram_form.h"
+#include "tables/balance_chart.h"
 
 #include <filesystem>
 
@@ -14,7 +14,8 @@ class Jahresbilanz : public Diagram_Form {
     Q_OBJECT
 
 public:
-    Jahresbilanz(const std::filesystem::path& run_directory, const std::vector<std::string>& substances, Ask_Function ask, QWidget* parent = nullptr);
+    Jahresbilanz(const std::filesystem::path& run_directory, const std::vector<std::string>& substances,
+                 Ask_Function ask, QWidget* parent = nullptr);
 
 private:
     void Draw();

@@ -1,7 +1,7 @@
 #include "tables/forms/jahresdiagramm.h"
 
-#include "tables/annual_diagram.h"
 #include "core/files.h"
+#include "tables/annual_diagram.h"
 #include "ui/forms/widgets.h"
 
 #include <QComboBox>

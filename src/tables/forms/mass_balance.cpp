@@ -1,7 +1,7 @@
 #include "tables/forms/mass_balance.h"
 
-#include "tables/forms/jahresbilanz.h"
 #include "output/echo_file.h"
+#include "tables/forms/jahresbilanz.h"
 
 namespace orvel {
 
@@ -33,8 +33,9 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
     kind.Columns = Line_Columns;
     kind.First_Caption = "Table of " + period + " Water Balance";
     kind.First_Switch_Caption = "Pesticide Balance";
-    kind.Views = {{"Ergebnis_0", "Water balance", kind.First_Caption, "Pesticide Balance"},
-                  {"Ergebnis_1", "Pesticide balance", "Table of " + period + " Pesticide Mass Balance", "Water Balance"}};
+    kind.Views = {
+        {"Ergebnis_0", "Water balance", kind.First_Caption, "Pesticide Balance"},
+        {"Ergebnis_1", "Pesticide balance", "Table of " + period + " Pesticide Mass Balance", "Water Balance"}};
     kind.Build = [run, view](const Progress& progress) -> Built_Tables {
         const auto tables = Build_Or_Load_Balance(run, view, progress);
         return {{tables.Water_Text, tables.Pesticide_Text}, Note_Of(tables.Failure, tables.Not_Cached)};
@@ -45,13 +46,16 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
         Jahresbilanz(run, Names_Of(run), ask, &form).exec();
     };
     if (view == Balance_View::Annual && Has_Months(run))
-        kind.Open_Months = [run, &session](QWidget& form) { Mass_Balance(session, run, &form, Balance_View::Monthly).exec(); };
+        kind.Open_Months = [run, &session](QWidget& form) {
+            Mass_Balance(session, run, &form, Balance_View::Monthly).exec();
+        };
     return kind;
 }
 
 } // namespace
 
-Mass_Balance::Mass_Balance(Session& session, const std::filesystem::path& run_directory, QWidget* parent, Balance_View view)
+Mass_Balance::Mass_Balance(Session& session, const std::filesystem::path& run_directory, QWidget* parent,
+                           Balance_View view)
     : Table_Form(Kind_Of(session, run_directory, view), parent)
 {}
 

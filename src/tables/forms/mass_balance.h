@@ -7,13 +7,14 @@
 
 namespace orvel {
 
-// The balance tables of one run: that of the water and those of its substances, by year. From there the tables by month are opened
-// if the run has monthly output.
+// The balance tables of one run: that of the water and those of its substances, by year. From there the tables by month
+// are opened if the run has monthly output.
 class Mass_Balance : public Table_Form {
     Q_OBJECT
 
 public:
-    Mass_Balance(Session& session, const std::filesystem::path& run_directory, QWidget* parent = nullptr, Balance_View view = Balance_View::Annual);
+    Mass_Balance(Session& session, const std::filesystem::path& run_directory, QWidget* parent = nullptr,
+                 Balance_View view = Balance_View::Annual);
 };
 
 } // namespace orvel

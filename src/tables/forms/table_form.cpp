@@ -7,14 +7,17 @@
 
 namespace orvel {
 
-Table_Form::Table_Form(Table_Kind kind, QWidget* parent) : Building_Form(kind.Name, parent, kind.Columns), Kind(std::move(kind))
+Table_Form::Table_Form(Table_Kind kind, QWidget* parent)
+    : Building_Form(kind.Name, parent, kind.Columns),
+      Kind(std::move(kind))
 {
     setWindowTitle(Kind.First_Caption);
     for (const Table_View& view : Kind.Views) {
         Ergebnis.push_back(Fixed_Pitch_Text(view.Control, view.Purpose));
         Add_Page(Ergebnis.back());
     }
-    Umschalter = Add_Button("Umschalter", Kind.First_Switch_Caption, [this] { Show_View((In_View + 1) % Kind.Views.size()); });
+    Umschalter =
+        Add_Button("Umschalter", Kind.First_Switch_Caption, [this] { Show_View((In_View + 1) % Kind.Views.size()); });
     Umschalter->setVisible(Kind.Views.size() > 1);
     Add_Button("Kopieren", "&Copy", [this] { Copy_Text(All_Texts()); });
     Add_Button("Drucken", "&Print", [this] { Print_Text(*this, windowTitle(), All_Texts()); });

@@ -2,9 +2,9 @@
 
 #include "charts/forms/chart_view.h"
 #include "charts/value_at.h"
+#include "tables/series.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
-#include "tables/series.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -50,7 +50,9 @@ void taegliches_Diagramm_neu::Lay_Out()
 
 void taegliches_Diagramm_neu::Draw()
 {
-    const X_Unit unit = Option1[0]->isChecked() ? X_Unit::Years : Option1[1]->isChecked() ? X_Unit::Months : X_Unit::Days;
+    const X_Unit unit = Option1[0]->isChecked()   ? X_Unit::Years
+                        : Option1[1]->isChecked() ? X_Unit::Months
+                                                  : X_Unit::Days;
     Show_Chart(Daily_Diagram(Series, Choice.Request, Choice.Item, unit));
     Whole_Span->setEnabled(false);
 }

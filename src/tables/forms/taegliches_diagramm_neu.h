@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tables/daily_diagram.h"
 #include "charts/forms/diagram_form.h"
 #include "core/session.h"
+#include "tables/daily_diagram.h"
 
 #include <array>
 #include <filesystem>

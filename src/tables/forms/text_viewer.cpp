@@ -2,9 +2,9 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/text.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
-#include "core/text.h"
 #include "ui/shown_file.h"
 
 #include <QFileDialog>
@@ -22,7 +22,8 @@ constexpr const char* Echo_Caption = "Echo of Input Data";
 
 } // namespace
 
-Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::string_view text, QWidget* parent) : QDialog(parent)
+Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::string_view text, QWidget* parent)
+    : QDialog(parent)
 {
     setObjectName(name);
     setWindowTitle(caption);
@@ -67,7 +68,8 @@ Echo_ORV::Echo_ORV(std::string_view echo, QWidget* parent) : Text_Viewer("Echo_O
     Add_Done("OK", "&OK");
 }
 
-Fehler_in_Simulation::Fehler_in_Simulation(std::string_view echo, QWidget* parent) : Text_Viewer("Fehler_in_Simulation", Echo_Caption, echo, parent)
+Fehler_in_Simulation::Fehler_in_Simulation(std::string_view echo, QWidget* parent)
+    : Text_Viewer("Fehler_in_Simulation", Echo_Caption, echo, parent)
 {
     Add_Copy_And_Print();
     Add_Done("OK", "&OK");
@@ -105,7 +107,10 @@ void Form_filetext::Show_State()
     setWindowModified(edited);
     auto* save = findChild<QPushButton*>("Save");
     save->setEnabled(edited);
-    save->setToolTip(Text().isReadOnly() ? "Only a part of the file, or its text with other letters, is shown: it can be copied but not edited." : "");
+    save->setToolTip(
+        Text().isReadOnly()
+            ? "Only a part of the file, or its text with other letters, is shown: it can be copied but not edited."
+            : "");
 }
 
 // Nothing where the code page lacks a character: it is selected, and the user is told.

@@ -45,7 +45,8 @@ public:
     explicit Fehler_in_Simulation(std::string_view echo, QWidget* parent = nullptr);
 };
 
-// Any input or output file; `text` is what is shown of it. What is shown as it stands in the file can be edited and saved.
+// Any input or output file; `text` is what is shown of it. What is shown as it stands in the file can be edited and
+// saved.
 class Form_filetext : public Text_Viewer {
 public:
     Form_filetext(const Session& session, std::filesystem::path file, std::string text, QWidget* parent = nullptr);

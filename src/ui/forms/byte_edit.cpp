@@ -14,7 +14,10 @@ namespace {
 // Takes every text, less the characters that the code page lacks.
 class Code_Page_Validator : public QValidator {
 public:
-    Code_Page_Validator(std::function<void(const QString&)> leave_out, QObject* parent) : QValidator(parent), Leave_Out(std::move(leave_out)) {}
+    Code_Page_Validator(std::function<void(const QString&)> leave_out, QObject* parent)
+        : QValidator(parent),
+          Leave_Out(std::move(leave_out))
+    {}
 
     State validate(QString& input, int& cursor) const override
     {

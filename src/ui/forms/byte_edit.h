@@ -4,8 +4,8 @@
 
 namespace orvel {
 
-// A field whose text goes into a file of the documents' code page. A character that the code page lacks is left out as it is typed or pasted, and
-// a sentence below the field says so.
+// A field whose text goes into a file of the documents' code page. A character that the code page lacks is left out as
+// it is typed or pasted, and a sentence below the field says so.
 class Byte_Edit : public QLineEdit {
     Q_OBJECT
 

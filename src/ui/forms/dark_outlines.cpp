@@ -20,7 +20,8 @@ template <class Option> Option Outlined(const Option& option)
 
 class Outlined_Style : public QProxyStyle {
 public:
-    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
     {
         if (option->palette.color(QPalette::Window).lightness() < 128) {
             const bool is_indicator = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
@@ -28,7 +29,8 @@ public:
                 const auto outlined = Outlined(*button);
                 return QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
             }
-            if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option); frame && element == PE_FrameLineEdit) {
+            if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+                frame && element == PE_FrameLineEdit) {
                 const auto outlined = Outlined(*frame);
                 return QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
             }

@@ -7,9 +7,11 @@
 
 namespace orvel {
 
-// The button row of a detail form: its own acceptance, which the Enter key presses too, and Cancel, which leaves the document as it is.
-template <class Form> QDialogButtonBox* Done_And_Cancel(Form& form, void (Form::*accept)(), const QString& accept_name = "Command1",
-                                                        const QString& accept_text = "&Done", const QString& cancel_name = "Command2")
+// The button row of a detail form: its own acceptance, which the Enter key presses too, and Cancel, which leaves the
+// document as it is.
+template <class Form>
+QDialogButtonBox* Done_And_Cancel(Form& form, void (Form::*accept)(), const QString& accept_name = "Command1",
+                                  const QString& accept_text = "&Done", const QString& cancel_name = "Command2")
 {
     auto* buttons = new QDialogButtonBox;
     auto* done = Named(buttons->addButton(accept_text, QDialogButtonBox::AcceptRole), accept_name);

@@ -1,8 +1,8 @@
 #include "ui/forms/grid_model.h"
 
+#include "core/text.h"
 #include "ui/forms/widgets.h"
 #include "ui/number_field.h"
-#include "core/text.h"
 
 #include <QApplication>
 #include <QStyle>
@@ -20,7 +20,10 @@ std::optional<std::string> Hint_Of(const std::string& text, const Number_Column&
 
 } // namespace
 
-Grid_Model::Grid_Model(std::vector<Number_Column> columns, QObject* parent) : QAbstractTableModel(parent), All_Columns(std::move(columns)) {}
+Grid_Model::Grid_Model(std::vector<Number_Column> columns, QObject* parent)
+    : QAbstractTableModel(parent),
+      All_Columns(std::move(columns))
+{}
 
 int Grid_Model::columnCount(const QModelIndex& parent) const
 {

@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-// The texts of a grid's cells for a Number_Grid, as bytes of the documents' code page. A cell that is read as something else than it looks wears a sign
-// and tells the number that is read.
+// The texts of a grid's cells for a Number_Grid, as bytes of the documents' code page. A cell that is read as something
+// else than it looks wears a sign and tells the number that is read.
 class Grid_Model : public QAbstractTableModel {
     Q_OBJECT
 
@@ -19,7 +19,10 @@ public:
 
     // Stores a text; who changes cells tells it with Tell_Changed.
     virtual void Set_Cell(int row, int column, const std::string& text) = 0;
-    void Tell_Changed(const QRect& cells) { emit dataChanged(index(cells.top(), cells.left()), index(cells.bottom(), cells.right())); }
+    void Tell_Changed(const QRect& cells)
+    {
+        emit dataChanged(index(cells.top(), cells.left()), index(cells.bottom(), cells.right()));
+    }
 
     const std::vector<Number_Column>& Columns() const { return All_Columns; }
     const Number_Column& Column(int column) const { return All_Columns[static_cast<std::size_t>(column)]; }

@@ -83,7 +83,8 @@ bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
         if (The_Session.Program.Online_Help)
             Show_Help(*control, Shown(Help_Text_Of(The_Session, found->second)).remove('\r').trimmed());
     } else {
-        Show_Help(*control, The_Session.Program.Online_Help ? On_Hint : Off_Hint); // needs no file and works with the help off
+        Show_Help(*control,
+                  The_Session.Program.Online_Help ? On_Hint : Off_Hint); // needs no file and works with the help off
     }
     return false;
 }
@@ -111,7 +112,8 @@ void Help_Assistant::Show_Help(const QWidget& control, const QString& text)
     Kurzinfo->adjustSize();
     QPoint place = control.mapTo(&Form, QPoint(0, control.height()));
     if (place.y() + Kurzinfo->height() > Form.height())
-        place = control.mapTo(&Form, QPoint(control.width() / 2, std::min(control.height() / 2, control.fontMetrics().height() * 2)));
+        place = control.mapTo(
+            &Form, QPoint(control.width() / 2, std::min(control.height() / 2, control.fontMetrics().height() * 2)));
     place.setX(std::clamp(place.x(), 0, std::max(0, Form.width() - Kurzinfo->width())));
     place.setY(std::clamp(place.y(), 0, std::max(0, Form.height() - Kurzinfo->height())));
     Kurzinfo->move(place);

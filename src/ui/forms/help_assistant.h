@@ -10,8 +10,8 @@
 
 namespace orvel {
 
-// The online help of a form: a box of text beside the control that the mouse moves over, and a pair of pictures that switches it on and off for
-// all forms. Attach controls by the numbers of their texts.
+// The online help of a form: a box of text beside the control that the mouse moves over, and a pair of pictures that
+// switches it on and off for all forms. Attach controls by the numbers of their texts.
 class Help_Assistant : public QObject {
     Q_OBJECT
 

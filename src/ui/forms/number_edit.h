@@ -1,12 +1,13 @@
 #pragma once
 
-#include "ui/forms/byte_edit.h"
 #include "core/variant.h"
+#include "ui/forms/byte_edit.h"
 
 namespace orvel {
 
-// A field of numbers. It shows its unit at its right end and, while a text stands in it that is read as something else than it looks ("1,5", "abc"),
-// a sign before the unit and a sentence below the field that tells the number that is read. It never refuses a text.
+// A field of numbers. It shows its unit at its right end and, while a text stands in it that is read as something else
+// than it looks ("1,5", "abc"), a sign before the unit and a sentence below the field that tells the number that is
+// read. It never refuses a text.
 class Number_Edit : public Byte_Edit {
     Q_OBJECT
 

@@ -30,9 +30,12 @@ struct Grid_Command {
 const std::vector<Grid_Command>& Commands()
 {
     static const std::vector<Grid_Command> commands = {
-        {QKeySequence("Ctrl+Z"), "&Undo", &Number_Grid::Undo},   {QKeySequence("Ctrl+Y"), "&Redo", &Number_Grid::Redo},
-        {QKeySequence("Ctrl+X"), "Cu&t", &Number_Grid::Cut},     {QKeySequence("Ctrl+C"), "&Copy", &Number_Grid::Copy},
-        {QKeySequence("Ctrl+V"), "&Paste", &Number_Grid::Paste}, {QKeySequence("Ctrl+D"), "Copy &down", &Number_Grid::Fill_Down},
+        {QKeySequence("Ctrl+Z"), "&Undo", &Number_Grid::Undo},
+        {QKeySequence("Ctrl+Y"), "&Redo", &Number_Grid::Redo},
+        {QKeySequence("Ctrl+X"), "Cu&t", &Number_Grid::Cut},
+        {QKeySequence("Ctrl+C"), "&Copy", &Number_Grid::Copy},
+        {QKeySequence("Ctrl+V"), "&Paste", &Number_Grid::Paste},
+        {QKeySequence("Ctrl+D"), "Copy &down", &Number_Grid::Fill_Down},
     };
     return commands;
 }
@@ -88,7 +91,11 @@ private:
 // Keys pressed one after another in a cell are one step of undo.
 class Number_Grid::Change_Command : public QUndoCommand {
 public:
-    Change_Command(Number_Grid& grid, std::vector<Change> changes, bool typed) : Grid(grid), Changes(std::move(changes)), Typed(typed) {}
+    Change_Command(Number_Grid& grid, std::vector<Change> changes, bool typed)
+        : Grid(grid),
+          Changes(std::move(changes)),
+          Typed(typed)
+    {}
 
     void undo() override { Grid.Put(Changes, &Change::Before); }
     void redo() override { Grid.Put(Changes, &Change::After); }
@@ -110,7 +117,8 @@ private:
     bool Typed;
 };
 
-Number_Grid::Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Function& ask, const QString& purpose, QWidget* parent)
+Number_Grid::Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Function& ask, const QString& purpose,
+                         QWidget* parent)
     : QTableView(parent),
       Model(*model),
       Rule(rule),
@@ -130,7 +138,8 @@ void Number_Grid::Fit_Columns(int characters)
 {
     const int wanted = characters * fontMetrics().averageCharWidth();
     for (int c = 0; c < Model.columnCount(); ++c)
-        setColumnWidth(c, std::max({wanted, horizontalHeader()->sectionSizeHint(c), Model.Column(c).Editable ? 0 : sizeHintForColumn(c)}));
+        setColumnWidth(c, std::max({wanted, horizontalHeader()->sectionSizeHint(c),
+                                    Model.Column(c).Editable ? 0 : sizeHintForColumn(c)}));
 }
 
 QSize Number_Grid::sizeHint() const
@@ -142,7 +151,8 @@ QSize Number_Grid::sizeHint() const
             horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() + frame};
 }
 
-// Where a cell is left by a click, the view selects the clicked cell behind the handler: the way back is gone once more after it.
+// Where a cell is left by a click, the view selects the clicked cell behind the handler: the way back is gone once more
+// after it.
 void Number_Grid::Go_To(int row, int column)
 {
     const auto go = [this, row, column] { setCurrentIndex(Model.index(row, column)); };
@@ -177,7 +187,8 @@ void Number_Grid::Press(int key_code, const QString& typed)
     if (!Model.Column(cell.column()).Choices.empty())
         return Choose_By_Letter(cell, typed);
     std::vector<Change> changes;
-    Add_Change(changes, cell.row(), cell.column(), Rule.Cell_After_Key(Model.Cell(cell.row(), cell.column()), cell.column(), key_code));
+    Add_Change(changes, cell.row(), cell.column(),
+               Rule.Cell_After_Key(Model.Cell(cell.row(), cell.column()), cell.column(), key_code));
     Apply(std::move(changes), true);
 }
 
@@ -281,13 +292,15 @@ void Number_Grid::Paste()
     if (block.isEmpty())
         return;
     const auto rows = static_cast<std::size_t>(Model.rowCount() - block.top());
-    const auto pasted = Read_Block(Bytes_Of(QApplication::clipboard()->text()), rows, Model.Columns(), static_cast<std::size_t>(block.left()), Rule);
+    const auto pasted = Read_Block(Bytes_Of(QApplication::clipboard()->text()), rows, Model.Columns(),
+                                   static_cast<std::size_t>(block.left()), Rule);
     if (pasted.Refused) {
         Ask(*pasted.Refused);
         return;
     }
     const bool single = pasted.Cells.size() == 1 && pasted.Cells[0].size() == 1 && block.width() == 1;
-    Change_Block(block.top(), block.left(), single ? Grid_Block(static_cast<std::size_t>(block.height()), pasted.Cells[0]) : pasted.Cells);
+    Change_Block(block.top(), block.left(),
+                 single ? Grid_Block(static_cast<std::size_t>(block.height()), pasted.Cells[0]) : pasted.Cells);
 }
 
 void Number_Grid::Fill_Down()
@@ -314,8 +327,11 @@ void Number_Grid::contextMenuEvent(QContextMenuEvent* event)
 {
     QMenu menu(this);
     for (const auto& command : Commands()) {
-        auto* action = menu.addAction(command.Caption + "\t" + command.Keys.toString(QKeySequence::NativeText), this, command.Does);
-        action->setEnabled(command.Does == &Number_Grid::Undo ? Changes.canUndo() : command.Does != &Number_Grid::Redo || Changes.canRedo());
+        auto* action = menu.addAction(command.Caption + "\t" + command.Keys.toString(QKeySequence::NativeText), this,
+                                      command.Does);
+        action->setEnabled(command.Does == &Number_Grid::Undo
+                               ? Changes.canUndo()
+                               : command.Does != &Number_Grid::Redo || Changes.canRedo());
     }
     menu.exec(event->globalPos());
 }

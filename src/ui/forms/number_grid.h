@@ -1,22 +1,24 @@
 #pragma once
 
-#include "ui/forms/grid_model.h"
 #include "core/session.h"
+#include "ui/forms/grid_model.h"
 
 #include <QTableView>
 #include <QUndoStack>
 
 namespace orvel {
 
-// A grid whose cells are edited by keys, as its rule lays down. Beyond them: arrow keys, return for the cell below, a block copied to a spreadsheet
-// (Ctrl+C), cut (Ctrl+X) and pasted from one (Ctrl+V), the first row of a selection or the cell above copied down (Ctrl+D), undo and redo (Ctrl+Z, Ctrl+Y).
-// Every change can be undone as long as the model is not shown anew.
+// A grid whose cells are edited by keys, as its rule lays down. Beyond them: arrow keys, return for the cell below, a
+// block copied to a spreadsheet (Ctrl+C), cut (Ctrl+X) and pasted from one (Ctrl+V), the first row of a selection or
+// the cell above copied down (Ctrl+D), undo and redo (Ctrl+Z, Ctrl+Y). Every change can be undone as long as the model
+// is not shown anew.
 class Number_Grid : public QTableView {
     Q_OBJECT
 
 public:
     // Tells with `ask` what cannot be pasted. The grid names itself to those who cannot see it by `purpose`.
-    Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Function& ask, const QString& purpose, QWidget* parent = nullptr);
+    Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Function& ask, const QString& purpose,
+                QWidget* parent = nullptr);
 
     // Makes each column wide enough for its heading and for `characters` characters.
     void Fit_Columns(int characters);

@@ -68,7 +68,8 @@ std::string Bytes_Of(const QString& text)
 
 Button Ask_In_Box(const Message& message)
 {
-    QMessageBox box(QApplication::activeModalWidget() ? QApplication::activeModalWidget() : QApplication::activeWindow());
+    QMessageBox box(QApplication::activeModalWidget() ? QApplication::activeModalWidget()
+                                                      : QApplication::activeWindow());
     box.setWindowTitle(Shown(message.Title));
     box.setText(Shown(message.Text).trimmed());
     box.setTextFormat(Qt::PlainText);

@@ -10,7 +10,8 @@
 
 namespace orvel {
 
-// What all forms share: names of controls, the way between Unicode and the documents' code page, boxes, small models of waiting.
+// What all forms share: names of controls, the way between Unicode and the documents' code page, boxes, small models of
+// waiting.
 
 // Sets the object's name: code and tests find a control by that and by nothing else.
 template <class T> T* Named(T* object, const QString& name)
@@ -22,7 +23,8 @@ template <class T> T* Named(T* object, const QString& name)
 // A button that the return key presses only where it has the focus or is made the default one.
 QPushButton* Push_Button(const QString& name, const QString& text);
 
-template <class Receiver, class Handler> QPushButton* Push_Button(const QString& name, const QString& text, Receiver* receiver, Handler handler)
+template <class Receiver, class Handler>
+QPushButton* Push_Button(const QString& name, const QString& text, Receiver* receiver, Handler handler)
 {
     auto* button = Push_Button(name, text);
     QObject::connect(button, &QPushButton::clicked, receiver, handler);

@@ -25,7 +25,8 @@ Chart Sample(std::size_t points = 50)
     chart.Frame = Frame_Around(chart.X, chart.Y);
     chart.Lines.push_back({Colour::Series, {}});
     for (std::size_t i = 0; i < points; ++i)
-        chart.Lines[0].Points.push_back({10.0 * static_cast<double>(i) / static_cast<double>(points), i % 2 == 0 ? 1.0 : 7.0});
+        chart.Lines[0].Points.push_back(
+            {10.0 * static_cast<double>(i) / static_cast<double>(points), i % 2 == 0 ? 1.0 : 7.0});
     chart.Boxes.push_back({Colour::Marked, 4, 5, 6});
     return chart;
 }
@@ -37,7 +38,9 @@ double Share(const QImage& image, const QColor& colour)
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QColor pixel = image.pixelColor(x, y);
-            found += std::abs(pixel.red() - colour.red()) + std::abs(pixel.green() - colour.green()) + std::abs(pixel.blue() - colour.blue()) < 30;
+            found += std::abs(pixel.red() - colour.red()) + std::abs(pixel.green() - colour.green()) +
+                         std::abs(pixel.blue() - colour.blue()) <
+                     30;
         }
     }
     return found / static_cast<double>(image.width() * image.height());
@@ -93,7 +96,8 @@ TEST(Paint_Chart, A_Line_Of_One_Point_Is_A_Dot)
 
 TEST(Paint_Chart, Nothing_Is_Cut_At_The_Edges_Of_A_Small_Picture)
 {
-    for (const auto& [low, high] : {std::pair(0.0, 2e14), std::pair(-3e-13, 1e-12), std::pair(0.0, 0.0123), std::pair(-5.0, 0.0)}) {
+    for (const auto& [low, high] :
+         {std::pair(0.0, 2e14), std::pair(-3e-13, 1e-12), std::pair(0.0, 0.0123), std::pair(-5.0, 0.0)}) {
         Chart chart = Sample();
         chart.Title = "Dissolved concentration in soil water at 100 cm  for a substance with a long name (mg/L)";
         chart.Legend = {"Here stands more: " + chart.Title};
@@ -106,9 +110,11 @@ TEST(Paint_Chart, Nothing_Is_Cut_At_The_Edges_Of_A_Small_Picture)
         painter.end();
 
         for (int x = 0; x < image.width(); ++x)
-            EXPECT_TRUE(image.pixelColor(x, 0) == Qt::white && image.pixelColor(x, image.height() - 1) == Qt::white) << x << ", to " << high;
+            EXPECT_TRUE(image.pixelColor(x, 0) == Qt::white && image.pixelColor(x, image.height() - 1) == Qt::white)
+                << x << ", to " << high;
         for (int y = 0; y < image.height(); ++y)
-            EXPECT_TRUE(image.pixelColor(0, y) == Qt::white && image.pixelColor(image.width() - 1, y) == Qt::white) << y << ", to " << high;
+            EXPECT_TRUE(image.pixelColor(0, y) == Qt::white && image.pixelColor(image.width() - 1, y) == Qt::white)
+                << y << ", to " << high;
     }
 }
 

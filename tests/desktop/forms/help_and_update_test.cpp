@@ -1,6 +1,6 @@
-#include "ui/forms/help_assistant.h"
 #include "desktop/forms/update_fetch.h"
 #include "desktop/forms/versionsinfo.h"
+#include "ui/forms/help_assistant.h"
 #include "window_test.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +33,8 @@ protected:
     QLabel& Box() { return *Find<QLabel>(Form, "Kurzinfo"); }
     void Move_Over(QWidget* control)
     {
-        QMouseEvent move(QEvent::MouseMove, QPointF(2, 2), control->mapToGlobal(QPointF(2, 2)), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(2, 2), control->mapToGlobal(QPointF(2, 2)), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(control, &move);
     }
 
@@ -79,7 +80,8 @@ Message Finished(const QUrl& address, int patience = 8000)
 
 QByteArray Page(const QByteArray& text)
 {
-    return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(text.size()) + "\r\nConnection: close\r\n\r\n" + text;
+    return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(text.size()) + "\r\nConnection: close\r\n\r\n" +
+           text;
 }
 
 constexpr const char* Problem = "Connection to the internet not successfull!\r\n";
@@ -152,7 +154,8 @@ TEST_F(Help_Assistant_Test, A_Number_Without_A_Text_Is_Silent)
 
 TEST(Update_Fetch, Judges_The_Page_Of_A_Server)
 {
-    Small_Server newer(Page("<a href=\"ORVELSUITE_release_20990101.zip\">")), same(Page("<a href=\"ORVELSUITE_release_20120312.zip\">")),
+    Small_Server newer(Page("<a href=\"ORVELSUITE_release_20990101.zip\">")),
+        same(Page("<a href=\"ORVELSUITE_release_20120312.zip\">")),
         older(Page("<a href=\"ORVELSUITE_release_20010101.zip\">")), at_the_begin(Page("20990101.zip"));
     EXPECT_EQ(Finished(newer.Address()).Title, "Update available!");
     EXPECT_EQ(Finished(same.Address()).Text, "You have the latest version of the software.");
@@ -162,7 +165,8 @@ TEST(Update_Fetch, Judges_The_Page_Of_A_Server)
 
 TEST(Update_Fetch, Takes_A_Page_Without_A_Package_And_A_404_As_A_Connection_Problem)
 {
-    Small_Server without(Page("nothing here")), missing("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+    Small_Server without(Page("nothing here")),
+        missing("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
 
     EXPECT_EQ(Finished(without.Address()).Text, Problem);
     EXPECT_EQ(Finished(missing.Address()).Text, Problem);

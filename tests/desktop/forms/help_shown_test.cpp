@@ -1,11 +1,11 @@
 #include "core/code_page.h"
 #include "desktop/forms/start.h"
-#include "ui/help_texts.h"
-#include "installation/installation_files.h"
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/simulationsliste.h"
+#include "installation/installation_files.h"
 #include "jobs/forms/focus.h"
 #include "small_installation.h"
+#include "ui/help_texts.h"
 #include "window_test.h"
 
 #include <QApplication>
@@ -31,8 +31,14 @@ std::vector<Shown_Text> All_Texts()
 {
     std::vector<Shown_Text> all = {{Opened::Start, "Image1", 1}, {Opened::Start, "Image2", 2}};
     for (const auto mode : {Mode_Kind::Focus, Mode_Kind::Efsa, Mode_Kind::Efsa_T4}) {
-        for (const auto& [control, number] : std::initializer_list<std::pair<const char*, int>>{
-                 {"Crop", 3}, {"Location", 4}, {"Pesticide", 7}, {"App_Modus", 8}, {"app_Date", 9}, {"s_run", 11}, {"Batchdatei", 13}, {"Command1", 14}})
+        for (const auto& [control, number] : std::initializer_list<std::pair<const char*, int>>{{"Crop", 3},
+                                                                                                {"Location", 4},
+                                                                                                {"Pesticide", 7},
+                                                                                                {"App_Modus", 8},
+                                                                                                {"app_Date", 9},
+                                                                                                {"s_run", 11},
+                                                                                                {"Batchdatei", 13},
+                                                                                                {"Command1", 14}})
             all.push_back({Opened::Run_Form, control, number, mode});
         for (const auto& [control, number] : std::initializer_list<std::pair<const char*, int>>{{"Label1", 15},
                                                                                                 {"Label4", 16},
@@ -49,7 +55,8 @@ std::vector<Shown_Text> All_Texts()
                                                                                                 {"Zeitintervall_0", 25},
                                                                                                 {"Grafik", 26}})
             all.push_back({Opened::Browser, control, number, mode});
-        for (const auto& [control, number] : std::initializer_list<std::pair<const char*, int>>{{"Grid1", 27}, {"Auswaehlen", 28}, {"Loeschen", 29}})
+        for (const auto& [control, number] :
+             std::initializer_list<std::pair<const char*, int>>{{"Grid1", 27}, {"Auswaehlen", 28}, {"Loeschen", 29}})
             all.push_back({Opened::List, control, number, mode});
     }
     return all;
@@ -105,7 +112,8 @@ protected:
 std::string Name_Of_Case(const testing::TestParamInfo<Shown_Text>& info)
 {
     const std::string mode(Mode_Of(info.param.Mode).Directory);
-    return "Text_" + std::to_string(info.param.Number) + "_On_" + info.param.Control + (info.param.Form == Opened::Start ? "" : "_" + mode);
+    return "Text_" + std::to_string(info.param.Number) + "_On_" + info.param.Control +
+           (info.param.Form == Opened::Start ? "" : "_" + mode);
 }
 
 } // namespace
@@ -120,7 +128,8 @@ TEST_P(Help_Shown, When_The_Mouse_Comes_Over_The_Control)
     QTest::mouseMove(control, QPoint(5, std::min(5, control->height() / 2)));
 
     ASSERT_TRUE(QTest::qWaitFor([&] { return box->isVisible(); }, 1000));
-    const QString expected = QString::fromStdString(To_Utf8(Help_Text_Of(The_Session, GetParam().Number))).remove('\r').trimmed();
+    const QString expected =
+        QString::fromStdString(To_Utf8(Help_Text_Of(The_Session, GetParam().Number))).remove('\r').trimmed();
     EXPECT_FALSE(expected.isEmpty());
     EXPECT_EQ(box->text().toStdString(), expected.toStdString());
     EXPECT_TRUE(form->rect().contains(box->geometry()));
@@ -146,7 +155,8 @@ TEST_P(Help_Switched, Off_On_The_Start_Form_Is_Off_Here)
 }
 
 INSTANTIATE_TEST_SUITE_P(Each_Form, Help_Switched,
-                         testing::Values(Shown_Text{Opened::Run_Form, "s_run", 11}, Shown_Text{Opened::Browser, "Liste", 19},
+                         testing::Values(Shown_Text{Opened::Run_Form, "s_run", 11},
+                                         Shown_Text{Opened::Browser, "Liste", 19},
                                          Shown_Text{Opened::List, "Loeschen", 29}),
                          Name_Of_Case);
 INSTANTIATE_TEST_SUITE_P(Every_Text, Help_Shown, testing::ValuesIn(All_Texts()), Name_Of_Case);

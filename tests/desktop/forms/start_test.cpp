@@ -108,10 +108,14 @@ TEST_F(Start_Test, Every_Button_Opens_Its_Form_Over_Itself)
         QString Control, Form, Caption;
         std::string Mask;
     };
-    for (const auto& way : {Way{"Command1", "Form_PSM_Open", "Open PSM file", "*.psm"}, Way{"Command2", "Form_PSM_Open", "Open Scenario File", "*.sze"},
-                            Way{"Command6", "Form_PSM_Open", "Open Climate File", "*.cli"}, Way{"Command3", "Versionsinfo", "Release info", "*.cli"},
-                            Way{"Image1", "form_end", "Parameters for Simulation", "*.cli"}, Way{"Image2", "FOCUS", "Focus Scenarios", "*.cli"},
-                            Way{"Image3", "EFSA", "EFSA Scenarios", "*.cli"}, Way{"Image4", "EFSA_T4", "EFSA Scenarios", "*.cli"}}) {
+    for (const auto& way :
+         {Way{"Command1", "Form_PSM_Open", "Open PSM file", "*.psm"},
+          Way{"Command2", "Form_PSM_Open", "Open Scenario File", "*.sze"},
+          Way{"Command6", "Form_PSM_Open", "Open Climate File", "*.cli"},
+          Way{"Command3", "Versionsinfo", "Release info", "*.cli"},
+          Way{"Image1", "form_end", "Parameters for Simulation", "*.cli"},
+          Way{"Image2", "FOCUS", "Focus Scenarios", "*.cli"}, Way{"Image3", "EFSA", "EFSA Scenarios", "*.cli"},
+          Way{"Image4", "EFSA_T4", "EFSA Scenarios", "*.cli"}}) {
         QString form, caption;
         In_Modal([&](const QWidget& opened) {
             form = opened.objectName();

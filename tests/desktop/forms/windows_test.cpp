@@ -1,30 +1,22 @@
-// Every window as it opens in an installation with one finished run. With ORVEL_PICTURES=DIR it leaves a picture of each there, light and dark;
-// QT_SCALE_FACTOR=2 draws them for a fine screen.
-#include "tables/forms/jahresbilanz.h"
-#include "tables/forms/jahresdiagramm.h"
-#include "tables/forms/taegliches_diagramm_neu.h"
+// Every window as it opens in an installation with one finished run. With ORVEL_PICTURES=DIR it leaves a picture of
+// each there, light and dark; QT_SCALE_FACTOR=2 draws them for a fine screen.
 #include "core/files.h"
-#include "ui/forms/dark_outlines.h"
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/start.h"
 #include "desktop/forms/versionsinfo.h"
-#include "ui/forms/widgets.h"
+#include "documents/forms/form_psm_open.h"
+#include "evaluation/forms/analyse.h"
+#include "evaluation/forms/inout_sel.h"
+#include "evaluation/forms/simulationsliste.h"
 #include "files/climate_file.h"
 #include "files/forms/form_saving.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
-#include "evaluation/forms/analyse.h"
-#include "evaluation/forms/inout_sel.h"
-#include "tables/forms/jahr_orv.h"
-#include "tables/forms/mass_balance.h"
-#include "tables/forms/pecsoil.h"
-#include "evaluation/forms/simulationsliste.h"
-#include "tables/forms/text_viewer.h"
+#include "jobs/forms/focus.h"
+#include "jobs/forms/form_end.h"
 #include "report/forms/zusammenfassung_orv.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/forms/dialog.h"
-#include "jobs/forms/focus.h"
-#include "jobs/forms/form_end.h"
 #include "runs/start_up.h"
 #include "scenario/forms/form_difcrop.h"
 #include "scenario/forms/form_eros.h"
@@ -41,13 +33,21 @@
 #include "substance/forms/form_hor.h"
 #include "substance/forms/form_met.h"
 #include "substance/forms/form_psm_1.h"
-#include "documents/forms/form_psm_open.h"
 #include "substance/forms/kin_sorption.h"
 #include "substance/forms/koc_ph.h"
 #include "substance/forms/plant_app.h"
 #include "substance/horizon_table.h"
 #include "substance/pesticide_editor.h"
+#include "tables/forms/jahr_orv.h"
+#include "tables/forms/jahresbilanz.h"
+#include "tables/forms/jahresdiagramm.h"
+#include "tables/forms/mass_balance.h"
+#include "tables/forms/pecsoil.h"
+#include "tables/forms/taegliches_diagramm_neu.h"
+#include "tables/forms/text_viewer.h"
 #include "temporary_directory.h"
+#include "ui/forms/dark_outlines.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <cstdlib>
@@ -74,7 +74,8 @@ struct Opened_Window {
 
 template <class Window, class... Rest> Opened_Window Plain(const QString& name, Rest... rest)
 {
-    return {name, [=](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Window>(session, rest...); }};
+    return {name,
+            [=](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Window>(session, rest...); }};
 }
 
 Opened_Window Plain_Transformation(const QString& name, int t)
@@ -143,26 +144,39 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa))),
         Plain<FOCUS>("efsa_t4", std::cref(Mode_Of(Mode_Kind::Efsa_T4))),
         Plain<form_end>("form_end"),
-        {"ausgabe_festlegen", [](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Ausgabe_festlegen>(session.Output); }},
+        {"ausgabe_festlegen",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Ausgabe_festlegen>(session.Output);
+         }},
         {"dialog", [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Dialog>(); }},
         Plain<Analyse>("analyse", std::cref(focus)),
         Plain<Simulationsliste>("simulationsliste", std::cref(focus)),
         Plain<Jahr_ORV>("jahr_orv", Run()),
         Plain<Mass_Balance>("mass_balance", Run()),
         Plain<PECsoil>("pecsoil", Run(), 5),
-        Plain<Zusammenfassung_orv>("zusammenfassung", Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}}),
+        Plain<Zusammenfassung_orv>(
+            "zusammenfassung",
+            Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}}),
         Plain<inout_sel>("inout_sel"),
-        {"form_filetext", [echo](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Form_filetext>(session, Run() / "echo.orv", echo); }},
+        {"form_filetext",
+         [echo](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Form_filetext>(session, Run() / "echo.orv", echo);
+         }},
         {"echo_orv", [echo](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Echo_ORV>(echo); }},
         {"jahresbilanz",
          [](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Jahresbilanz>(Run(), std::vector<std::string>{"Substance D"}, session.Ask);
          }},
-        {"jahresdiagramm", [](Session& session) -> std::unique_ptr<QWidget> { return std::make_unique<Jahresdiagramm>(Run(), session.Ask); }},
-        Plain<taegliches_Diagramm_neu>("taegliches_diagramm", Daily_Choice{.Run_Directory = Run(),
-                                                                           .Column = 1,
-                                                                           .Item = "Percolate at 100.0 cm ",
-                                                                           .Request = {.Variable = 3, .Cumulative = true, .From = {1, 1}, .To = {12, 3}}}),
+        {"jahresdiagramm",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Jahresdiagramm>(Run(), session.Ask);
+         }},
+        Plain<taegliches_Diagramm_neu>(
+            "taegliches_diagramm",
+            Daily_Choice{.Run_Directory = Run(),
+                         .Column = 1,
+                         .Item = "Percolate at 100.0 cm ",
+                         .Request = {.Variable = 3, .Cumulative = true, .From = {1, 1}, .To = {12, 3}}}),
         Plain<Form_PSM_Open>("form_psm_open", Installation()),
         Plain<Form_PSM_1>("form_psm_1", Installation()),
         Plain_Transformation("deg_dat_active_substance", 1),
@@ -190,9 +204,13 @@ std::vector<Opened_Window> Windows_Test::All() const
              return Opened_Substance(session);
          }},
         {"andere_standorte",
-         [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<andere_Standorte>(Location_Kind::Leaching, Names{"Hamburg (H)"}); }},
+         [](Session&) -> std::unique_ptr<QWidget> {
+             return std::make_unique<andere_Standorte>(Location_Kind::Leaching, Names{"Hamburg (H)"});
+         }},
         {"andere_standorte_soil",
-         [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<andere_Standorte>(Location_Kind::Soil, Names{"Total content - North (T_N)"}); }},
+         [](Session&) -> std::unique_ptr<QWidget> {
+             return std::make_unique<andere_Standorte>(Location_Kind::Soil, Names{"Total content - North (T_N)"});
+         }},
         {"form_met",
          [](Session& session) -> std::unique_ptr<QWidget> {
              session.Program.Substance_Index = 2;
@@ -245,7 +263,8 @@ QStringList Cut_In(const QWidget& window)
         if (const auto* table = qobject_cast<const QTableView*>(control); table && table->model()) {
             const auto* heads = table->horizontalHeader();
             for (int column = 0; column < table->model()->columnCount(); ++column)
-                if (heads->isVisible() && !heads->isSectionHidden(column) && heads->sectionSize(column) < heads->sectionSizeHint(column))
+                if (heads->isVisible() && !heads->isSectionHidden(column) &&
+                    heads->sectionSize(column) < heads->sectionSizeHint(column))
                     cut << table->objectName() + ": " + table->model()->headerData(column, Qt::Horizontal).toString();
         }
     }

@@ -26,7 +26,8 @@ struct Metabolite {
 // Eight metabolites that differ in every field.
 std::vector<Metabolite> All_Metabolites()
 {
-    const QStringList boxes = {"Label_1_1", "Label_1_2", "Label_1_3", "Label_1_4", "Label_2_1", "Label_2_2", "Label_2_3", "Label_2_4"};
+    const QStringList boxes = {"Label_1_1", "Label_1_2", "Label_1_3", "Label_1_4",
+                               "Label_2_1", "Label_2_2", "Label_2_3", "Label_2_4"};
     const QStringList names = {"A1", "B1", "C1", "D1", "A2", "B2", "C2", "D2"};
     std::vector<Metabolite> all;
     for (int k = 0; k < boxes.size(); ++k) {
@@ -68,7 +69,9 @@ struct Place_Plan {
 const std::vector<Place_Plan> Absolute_Plan = {
     {QString::fromUtf8("Châteaudun (C)"), "Every Year", {{"10", "March", "0.5", "0"}, {"25", "October", "0.25", "2"}}},
     {"Hamburg (H)", "Every Year", {{"20", "April", "1.5", "0"}}},
-    {"Piacenza (P)", "Every other Year", {{"5", "May", "0.75", "1"}, {"6", "May", "0.7", "1"}, {"1", "June", "0.6", "3"}}}};
+    {"Piacenza (P)",
+     "Every other Year",
+     {{"5", "May", "0.75", "1"}, {"6", "May", "0.7", "1"}, {"1", "June", "0.6", "3"}}}};
 
 struct Planned_Day {
     QString Days, Rate, Depth;
@@ -197,7 +200,8 @@ void Build_Relative_Applications(QWidget& form)
 void Document_By_Hand::Build()
 {
     In_Editor("", [](QWidget& scheme) {
-        Build_Transformations([&](const QString& control, const std::function<void(QWidget&)>& use) { In_Form(scheme, control, use); });
+        Build_Transformations(
+            [&](const QString& control, const std::function<void(QWidget&)>& use) { In_Form(scheme, control, use); });
         for (const auto& met : All_Metabolites())
             In_Form(scheme, met.Box, [&met](QWidget& form) { Build_Metabolite(form, met); });
         In_Form(scheme, "Label_AS", [](QWidget& form) {
@@ -217,7 +221,8 @@ void Document_By_Hand::Build()
 void Document_By_Hand::Run(const std::string& file, const std::string& location)
 {
     const std::string at = "-C " + Installation().string();
-    Orvelctl(at + " mark --mode focus --pesticide " + file + ".psm --crop 'Winter cereals' --location '" + location + "'");
+    Orvelctl(at + " mark --mode focus --pesticide " + file + ".psm --crop 'Winter cereals' --location '" + location +
+             "'");
     Orvelctl(at + " start --mode focus --wait");
 }
 
@@ -231,12 +236,14 @@ void Expect_Active_Substance(QWidget& form)
 }
 
 // Both files hold these; `applications` looks at the rest of the form of the active substance.
-void Expect_Document(QWidget& scheme, const std::function<void(const QString&, const std::function<void(QWidget&)>&)>& in_form,
+void Expect_Document(QWidget& scheme,
+                     const std::function<void(const QString&, const std::function<void(QWidget&)>&)>& in_form,
                      const std::function<void(QWidget&)>& applications)
 {
     for (int t = 1; t <= Last_Transformation; ++t) {
         if (Is_Arrow(t))
-            in_form(QString("Image2_%1").arg(t), [t](QWidget& form) { EXPECT_EQ(Text(form, "Text1"), Rate_Of(t)) << t; });
+            in_form(QString("Image2_%1").arg(t),
+                    [t](QWidget& form) { EXPECT_EQ(Text(form, "Text1"), Rate_Of(t)) << t; });
     }
     for (const auto& met : All_Metabolites()) {
         EXPECT_EQ(Find<QAbstractButton>(scheme, met.Box)->text(), met.Texts.front().second);
@@ -259,7 +266,8 @@ void Expect_Absolute_Applications(QWidget& form)
         SCOPED_TRACE(plan.Location.toStdString());
         Pick(form, "Standort", plan.Location);
         EXPECT_EQ(Item(form, "App_Modus"), plan.Mode);
-        EXPECT_EQ(Find<QLabel>(form, "label_Anzahl_Applikationen_im_Jahr")->text().toInt(), static_cast<int>(plan.Year.size()));
+        EXPECT_EQ(Find<QLabel>(form, "label_Anzahl_Applikationen_im_Jahr")->text().toInt(),
+                  static_cast<int>(plan.Year.size()));
         for (const auto& planned : plan.Year) {
             EXPECT_EQ(Item(form, "App_Tag"), planned.Day);
             EXPECT_EQ(Item(form, "App_Monat"), planned.Month);
@@ -296,7 +304,9 @@ TEST_F(Document_By_Hand, With_Absolute_Dates_Is_Found_Again_Value_For_Value)
 {
     In_Editor("hand_abs.psm", [](QWidget& scheme) {
         Expect_Document(
-            scheme, [&](const QString& control, const std::function<void(QWidget&)>& use) { In_Form(scheme, control, use); }, Expect_Absolute_Applications);
+            scheme,
+            [&](const QString& control, const std::function<void(QWidget&)>& use) { In_Form(scheme, control, use); },
+            Expect_Absolute_Applications);
     });
 }
 
@@ -304,16 +314,20 @@ TEST_F(Document_By_Hand, With_Relative_Dates_Is_Found_Again_Value_For_Value)
 {
     In_Editor("hand_rel.psm", [](QWidget& scheme) {
         Expect_Document(
-            scheme, [&](const QString& control, const std::function<void(QWidget&)>& use) { In_Form(scheme, control, use); }, Expect_Relative_Applications);
+            scheme,
+            [&](const QString& control, const std::function<void(QWidget&)>& use) { In_Form(scheme, control, use); },
+            Expect_Relative_Applications);
     });
 }
 
 TEST_F(Document_By_Hand, Has_The_Applications_Of_Every_Location_In_Its_File)
 {
     const std::string line = "<day month year app_rate app_depth frpex time>";
-    const auto absolute = Read_Whole(Installation() / "hand_abs.psm"), relative = Read_Whole(Installation() / "hand_rel.psm");
+    const auto absolute = Read_Whole(Installation() / "hand_abs.psm"),
+               relative = Read_Whole(Installation() / "hand_rel.psm");
 
-    // The user-specific list of 26, two and one in 26 years, three in 23 years. The shared list of relative dates is the first one.
+    // The user-specific list of 26, two and one in 26 years, three in 23 years. The shared list of relative dates is
+    // the first one.
     EXPECT_EQ(Count_Of(absolute, line), 26 + 2 * 26 + 26 + 3 * 23);
     EXPECT_EQ(Count_Of(relative, line), 2 * 26 + 2 * 26 + 26 + 3 * 23);
     EXPECT_EQ(Count_Of(absolute, "METABOLITE "), 8);
@@ -349,8 +363,12 @@ TEST_F(Document_By_Hand, Keeps_Names_Of_Ten_Thousand_Characters)
     });
 
     In_Editor("long.psm", [&](QWidget& scheme) {
-        In_Form(scheme, "Label_AS", [&](QWidget& form) { Expect_All(form, {{"Text_AS", active}, {"Text_mol", "301.5"}}); });
-        In_Form(scheme, "Label_2_4", [&](QWidget& form) { Expect_All(form, {{"metcom", metabolite}, {"Text_mol", "158"}}); });
+        In_Form(scheme, "Label_AS", [&](QWidget& form) {
+            Expect_All(form, {{"Text_AS", active}, {"Text_mol", "301.5"}});
+        });
+        In_Form(scheme, "Label_2_4", [&](QWidget& form) {
+            Expect_All(form, {{"metcom", metabolite}, {"Text_mol", "158"}});
+        });
     });
     fs::remove(Installation() / "long.psm");
 }

@@ -37,7 +37,8 @@ std::string Whole_Year(bool leap)
     for (int day = 1; day <= dates.Days_In(1); ++day) {
         const Date date = dates.Date_Of(day);
         const auto two = [](int n) { return (n < 10 ? "0" : "") + std::to_string(n); };
-        text += Line(two(date.Day) + two(date.Month) + "01", {"0.1", "0.2", "11", std::to_string(day % 30), "5", "60", "9000"});
+        text += Line(two(date.Day) + two(date.Month) + "01",
+                     {"0.1", "0.2", "11", std::to_string(day % 30), "5", "60", "9000"});
     }
     return text;
 }
@@ -109,8 +110,11 @@ TEST(Climate_Days, Rows_Of_One_Date_With_Different_Hours_Are_One_Day)
 
 TEST(Climate_Days, Values_Out_Of_Range_Are_Error_52_With_Their_Line)
 {
-    for (const auto& fields : std::vector<std::vector<std::string>>{
-             {"-0.1", "", "", "5"}, {"101", "", "", "5"}, {"0", "", "", "61"}, {"0", "", "", "-61"}, {"0", "", "", "5", "", "101"}}) {
+    for (const auto& fields : std::vector<std::vector<std::string>>{{"-0.1", "", "", "5"},
+                                                                    {"101", "", "", "5"},
+                                                                    {"0", "", "", "61"},
+                                                                    {"0", "", "", "-61"},
+                                                                    {"0", "", "", "5", "", "101"}}) {
         Findings findings;
         Days_Of(Line("010101", {"0", "", "", "5"}) + Line("020101", fields), findings);
         ASSERT_EQ(findings.Errors.size(), 1U);
@@ -176,7 +180,8 @@ TEST(Climate_Days, A_Missing_Day_And_A_Day_Twice_Are_Error_53)
 
 TEST(Haude_Factors, Rows_Are_Found_By_Crop_Number_With_Built_In_Ones_For_The_Rest)
 {
-    const Haude_Table table = Read_Haude("comment\r\n0 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1\r\n14 1 2 3 4 5 6 7 8 9 10 11 12 maize\r\n");
+    const Haude_Table table =
+        Read_Haude("comment\r\n0 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1\r\n14 1 2 3 4 5 6 7 8 9 10 11 12 maize\r\n");
 
     EXPECT_EQ(table.size(), 2U);
     EXPECT_EQ(Haude_Row(table, 14)[3], 4);

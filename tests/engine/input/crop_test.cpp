@@ -1,5 +1,5 @@
-#include "engine/solute/applications.h"
 #include "engine/input/crop.h"
+#include "engine/solute/applications.h"
 
 #include "core/locations.h"
 #include "files/scenario_file.h"
@@ -47,7 +47,10 @@ struct Field {
         Scenario.Rotation = {Maize_Row(1)};
     }
     std::vector<Crop_Period> Rotation() { return Build_Rotation(Scenario, Dates, 4 * 365, Found); }
-    Crop_State On(int year, int month, int day) { return Crop_On(Scenario, Rotation(), Dates.Number({year, month, day})); }
+    Crop_State On(int year, int month, int day)
+    {
+        return Crop_On(Scenario, Rotation(), Dates.Number({year, month, day}));
+    }
 };
 
 } // namespace
@@ -68,7 +71,8 @@ TEST(Crop, Grows_To_Maturity_Stays_And_Falls_By_Half_To_Harvest)
 TEST(Crop, Its_State_Follows_The_Stages)
 {
     Field field;
-    const Crop_State before = field.On(1, 5, 4), halfway = field.On(1, 6, 17), ripe = field.On(1, 8, 10), harvest = field.On(1, 9, 20);
+    const Crop_State before = field.On(1, 5, 4), halfway = field.On(1, 6, 17), ripe = field.On(1, 8, 10),
+                     harvest = field.On(1, 9, 20);
 
     EXPECT_FALSE(before.Present);
     EXPECT_EQ(before.Field, Stage::Fallow);
@@ -219,7 +223,10 @@ struct Spraying : Field {
         Pesticide.App_Count[0] = 1;
         Pesticide.Applications[0][1] = {.App_Day = 1, .App_Month = 6, .App_Year = 2, .App_Rate = 0.5};
     }
-    std::vector<Planned_Application> Plan(int last_day = 4 * 365) { return Plan_Applications(Pesticide, 0, Scenario, Rotation(), Dates, 1, last_day, Found); }
+    std::vector<Planned_Application> Plan(int last_day = 4 * 365)
+    {
+        return Plan_Applications(Pesticide, 0, Scenario, Rotation(), Dates, 1, last_day, Found);
+    }
     void Relative(std::int16_t days, std::int16_t reference, std::int16_t year)
     {
         Pesticide.App_Mode = App_Mode_Relative;
@@ -296,8 +303,8 @@ TEST(Applications, The_Plants_Share_Follows_The_Method)
 
 TEST(Applications, A_Relative_Date_Counts_From_Its_Event)
 {
-    for (const auto& [days, reference, expected] :
-         std::vector<std::tuple<int, int, Date>>{{-20, 0, {2, 4, 15}}, {0, 0, {2, 5, 5}}, {0, 1, {2, 7, 30}}, {10, 2, {2, 9, 30}}, {400, 0, {3, 6, 9}}}) {
+    for (const auto& [days, reference, expected] : std::vector<std::tuple<int, int, Date>>{
+             {-20, 0, {2, 4, 15}}, {0, 0, {2, 5, 5}}, {0, 1, {2, 7, 30}}, {10, 2, {2, 9, 30}}, {400, 0, {3, 6, 9}}}) {
         Spraying spraying;
         spraying.Relative(static_cast<std::int16_t>(days), static_cast<std::int16_t>(reference), 2);
         const auto plan = spraying.Plan();

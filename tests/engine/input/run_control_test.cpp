@@ -57,14 +57,14 @@ TEST(Run_Control, The_Longest_Location_Code_Counts)
 
 TEST(Run_Control, A_Short_File_And_Wrong_Numbers_Are_Told)
 {
-    for (const auto& [text, number] :
-         std::vector<std::pair<std::string, int>>{{"", 11},
-                                                  {"003 01 01 31 12\r\nx.sze\r\n", 11},
-                                                  {"067 01 01 31 12\r\n", 12},
-                                                  {"000 01 01 31 12\r\n", 12},
-                                                  {"001 31 02 31 12\r\n", 12},
-                                                  {"001 01 06 31 05\r\n", 12},
-                                                  {"001 01 01 31 12\r\na\r\nb\r\nc\r\n00000001\r\n    PRSN    TSER  xxx.0     1.0 00000001\r\n", 13}}) {
+    for (const auto& [text, number] : std::vector<std::pair<std::string, int>>{
+             {"", 11},
+             {"003 01 01 31 12\r\nx.sze\r\n", 11},
+             {"067 01 01 31 12\r\n", 12},
+             {"000 01 01 31 12\r\n", 12},
+             {"001 31 02 31 12\r\n", 12},
+             {"001 01 06 31 05\r\n", 12},
+             {"001 01 01 31 12\r\na\r\nb\r\nc\r\n00000001\r\n    PRSN    TSER  xxx.0     1.0 00000001\r\n", 13}}) {
         Findings findings;
         Read_Run_Control(text, findings);
         ASSERT_TRUE(findings.Failed()) << text;
@@ -75,8 +75,9 @@ TEST(Run_Control, A_Short_File_And_Wrong_Numbers_Are_Told)
 TEST(Run_Control, An_Unknown_Code_Is_A_Column_Of_Zeros_With_A_Note)
 {
     Findings findings;
-    const auto control = Read_Run_Control(
-        "001 01 01 31 12\r\na\r\nb\r\nc\r\n00000002\r\n            TSER  000.0     1.0 00000001\r\n    XXXX    TSER  000.0     1.0 00000001\r\n", findings);
+    const auto control = Read_Run_Control("001 01 01 31 12\r\na\r\nb\r\nc\r\n00000002\r\n            TSER  000.0     "
+                                          "1.0 00000001\r\n    XXXX    TSER  000.0     1.0 00000001\r\n",
+                                          findings);
 
     EXPECT_FALSE(findings.Failed());
     EXPECT_EQ(findings.Notes.size(), 2U);

@@ -10,7 +10,8 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr std::string_view Not_Completed = " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***\r\n";
+constexpr std::string_view Not_Completed =
+    " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***\r\n";
 
 } // namespace
 

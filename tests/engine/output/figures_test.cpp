@@ -74,7 +74,8 @@ TEST(Figures, A_Series_Value_Leaves_A_Blank_Before_It)
     EXPECT_EQ(Series_Text(-3.08e-10), " -3.08E-10");
 }
 
-// The C library rounds the exact binary value, so it is the judge of the short way, ties and neighbours of ties included.
+// The C library rounds the exact binary value, so it is the judge of the short way, ties and neighbours of ties
+// included.
 TEST(Figures, Every_Figure_Is_The_C_Librarys)
 {
     std::mt19937_64 random(7);

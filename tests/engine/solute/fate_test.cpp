@@ -50,7 +50,8 @@ TEST(Fate, Two_Site_Sorption_Follows_The_Closed_Solution_Of_A_Batch)
     for (int k = 0, now = 0; k < 4; now = days[k++]) {
         batch.Run(days[k] - now);
         const double slow = batch.Column->Slow_Mass()[0];
-        Verify(7, "two-site batch, W/total after " + std::to_string(days[k]) + " d", slow / (slow + batch.Column->Mass()[0]), expected[k], 1e-5);
+        Verify(7, "two-site batch, W/total after " + std::to_string(days[k]) + " d",
+               slow / (slow + batch.Column->Mass()[0]), expected[k], 1e-5);
     }
     EXPECT_NEAR(batch.Column->Slow_Mass()[0] + batch.Column->Mass()[0], 10, 1e-12);
 }
@@ -90,7 +91,8 @@ TEST(Fate, A_Chain_Of_Three_Follows_Bateman)
     for (int k = 0, now = 0; k < 3; now = days[k++]) {
         chain.Run(days[k] - now);
         for (int s = 0; s < 3; ++s) {
-            const std::string name = "substance " + std::to_string(s + 1) + " after " + std::to_string(days[k]) + " d, kg/ha";
+            const std::string name =
+                "substance " + std::to_string(s + 1) + " after " + std::to_string(days[k]) + " d, kg/ha";
             Verify_Relative(8, name, chain.Column->Mass()[s] / Ug_Cm2_Per_Kg_Ha, expected[k][s], 2e-3);
         }
     }
@@ -120,20 +122,24 @@ TEST(Fate, Moisture_Follows_Walker_Up_To_Field_Capacity)
     }
     arrow.Moist_Rel = 0;
     arrow.Moist_Abs = 20;
-    Verify(10, "moisture factor, reference 20 Vol%, theta 0.10", Moisture_Factor(0.1, 0.3, Reference_Moisture(arrow, 0.3), 0.7), 0.615572, 1e-6);
+    Verify(10, "moisture factor, reference 20 Vol%, theta 0.10",
+           Moisture_Factor(0.1, 0.3, Reference_Moisture(arrow, 0.3), 0.7), 0.615572, 1e-6);
     arrow.Moist_Abs = 0;
     EXPECT_EQ(Moisture_Factor(0.1, 0.3, Reference_Moisture(arrow, 0.3), 0.7), 1);
 }
 
 TEST(Fate, The_Kernel_Gives_The_Same_Factors_Four_At_A_Time)
 {
-    const double temperature[] = {-0.1, 0, 10, 25}, theta[] = {0.1, 0.2, 0.3, 0.4}, cap[] = {0.3, 0.3, 0.3, 0.3}, reference[] = {0.3, 0.15, 0.2, 0.3};
+    const double temperature[] = {-0.1, 0, 10, 25}, theta[] = {0.1, 0.2, 0.3, 0.4}, cap[] = {0.3, 0.3, 0.3, 0.3},
+                 reference[] = {0.3, 0.15, 0.2, 0.3};
     double out[4];
 
     Best_Kernel().Rate_Factors(4, temperature, 20, std::log(2.58) / 10, theta, cap, reference, 0.7, out);
 
     for (int k = 0; k < 4; ++k)
-        EXPECT_NEAR(out[k], Temperature_Factor(temperature[k], 20, 2.58) * Moisture_Factor(theta[k], cap[k], reference[k], 0.7), 1e-14);
+        EXPECT_NEAR(out[k],
+                    Temperature_Factor(temperature[k], 20, 2.58) * Moisture_Factor(theta[k], cap[k], reference[k], 0.7),
+                    1e-14);
 }
 
 TEST(Fate, Depth_Acts_By_The_Scenario_Or_Not_Or_By_The_Substance)
@@ -150,8 +156,8 @@ TEST(Fate, Depth_Acts_By_The_Scenario_Or_Not_Or_By_The_Substance)
         soil.Run(5);
 
         const double factor[] = {0.3, 1, 0.7};
-        Verify(11, "depth mode " + std::to_string(mode) + ": decayed in 5 d, ug/cm2", soil.Sums.Decay_Eq[0], 10 * (1 - std::exp(-0.02 * factor[mode] * 5)),
-               1e-9);
+        Verify(11, "depth mode " + std::to_string(mode) + ": decayed in 5 d, ug/cm2", soil.Sums.Decay_Eq[0],
+               10 * (1 - std::exp(-0.02 * factor[mode] * 5)), 1e-9);
     }
 }
 
@@ -165,7 +171,8 @@ TEST(Fate, Decay_In_The_Liquid_Phase_Alone_Acts_On_The_Dissolved_Share)
 
     soil.Run(5);
 
-    Verify(11, "liquid phase only, share 1/6: decayed in 5 d, ug/cm2", soil.Sums.Decay_Eq[0], 10 * (1 - std::exp(-0.12 / 6 * 5)), 1e-9);
+    Verify(11, "liquid phase only, share 1/6: decayed in 5 d, ug/cm2", soil.Sums.Decay_Eq[0],
+           10 * (1 - std::exp(-0.12 / 6 * 5)), 1e-9);
 }
 
 TEST(Fate, Equal_Decay_At_Slow_Sites_Makes_The_Whole_First_Order)
@@ -180,7 +187,8 @@ TEST(Fate, Equal_Decay_At_Slow_Sites_Makes_The_Whole_First_Order)
     soil.Start(10);
     soil.Run(60);
 
-    Verify(11, "relative decay 1 at slow sites: left in 60 d, ug/cm2", soil.Column->Stores().Soil[0], 10 * std::exp(-0.04 * 60), 1e-9);
+    Verify(11, "relative decay 1 at slow sites: left in 60 d, ug/cm2", soil.Column->Stores().Soil[0],
+           10 * std::exp(-0.04 * 60), 1e-9);
 }
 
 TEST(Fate, Decay_At_Slow_Sites_Has_Its_Own_Rate)
@@ -202,13 +210,15 @@ TEST(Fate, Decay_At_Slow_Sites_Has_Its_Own_Rate)
     const auto exchange = [](double fast, double slow) { return 0.05 * (0.5 * 1.5 / 1.8 * fast - slow); };
     for (int k = 0; k < steps; ++k) {
         const double h = 60.0 / steps;
-        const double m_half = m + h / 2 * (-0.04 * m - exchange(m, w)), w_half = w + h / 2 * (exchange(m, w) - 0.02 * w);
+        const double m_half = m + h / 2 * (-0.04 * m - exchange(m, w)),
+                     w_half = w + h / 2 * (exchange(m, w) - 0.02 * w);
         m += h * (-0.04 * m_half - exchange(m_half, w_half));
         w += h * (exchange(m_half, w_half) - 0.02 * w_half);
         lost_slow += h * 0.02 * w_half;
         formed += h * (0.03 * m_half + 0.015 * w_half);
     }
-    Verify_Relative(11, "relative decay 0.5 at slow sites: decayed there in 60 d, ug/cm2", soil.Sums.Decay_Neq[0], lost_slow, 1e-3);
+    Verify_Relative(11, "relative decay 0.5 at slow sites: decayed there in 60 d, ug/cm2", soil.Sums.Decay_Neq[0],
+                    lost_slow, 1e-3);
     Verify_Relative(11, "relative decay 0.5 at slow sites: formed in 60 d, ug/cm2", soil.Sums.Formed[1], formed, 1e-3);
     EXPECT_NEAR(soil.Column->Mass()[1], soil.Sums.Formed[1], 1e-12);
 }
@@ -305,7 +315,8 @@ TEST(Fate, Nine_Substances_Form_Each_Other_Across_The_Vectors)
         EXPECT_NEAR(soil.Column->Mass()[s], expected, 1e-4 * expected) << s;
         expected /= s + 1;
     }
-    const Solute_Closure closure = soil.Column->Closure(soil.Sums, Solute_Stores{std::vector<double>(9, 0.0), std::vector<double>(9, 0.0)});
+    const Solute_Closure closure =
+        soil.Column->Closure(soil.Sums, Solute_Stores{std::vector<double>(9, 0.0), std::vector<double>(9, 0.0)});
     EXPECT_NEAR(closure.Moles_Found, closure.Moles_Applied, 1e-15);
 }
 

@@ -51,8 +51,8 @@ TEST(Plant_Surface, Two_Pools_Are_Penetrated_And_Washed_Off_At_Their_Own_Rates)
     column.Step_Day(day, sums);
     const double washed = well * (1 - std::exp(-1)) + poor * (1 - std::exp(-0.2));
     Verify(22, "washed off by 2 cm of rain, ug/cm2", sums.Flux[0], washed, 1e-9);
-    Verify(22, "on the plants after the rain, ug/cm2", column.Plant_Mass(), well * std::exp(-1) * std::exp(-0.1) + poor * std::exp(-0.2) * std::exp(-0.02),
-           1e-9);
+    Verify(22, "on the plants after the rain, ug/cm2", column.Plant_Mass(),
+           well * std::exp(-1) * std::exp(-0.1) + poor * std::exp(-0.2) * std::exp(-0.02), 1e-9);
     Verify(22, "in the soil after the rain, ug/cm2", column.Stores().Soil[0], washed, 1e-9);
 }
 
@@ -69,7 +69,8 @@ TEST(Plant_Surface, A_Deposit_Of_1_Kg_Volatilises_Through_The_Laminar_Layer)
 TEST(Plant_Surface, The_Rates_Share_A_Days_Loss)
 {
     double pool = 8;
-    const Leaf_Losses losses = Step_Leaf(pool, {.Decay = 0.1, .Photodegradation = 0.2, .Penetration = 0.3, .Volatilisation = 0.4, .Washed_Off = 0.25});
+    const Leaf_Losses losses = Step_Leaf(
+        pool, {.Decay = 0.1, .Photodegradation = 0.2, .Penetration = 0.3, .Volatilisation = 0.4, .Washed_Off = 0.25});
 
     EXPECT_DOUBLE_EQ(losses.Washed_Off, 2);
     EXPECT_NEAR(pool, 6 * std::exp(-1), 1e-12);

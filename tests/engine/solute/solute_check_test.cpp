@@ -46,7 +46,10 @@ TEST(Solute_Check, A_Missing_Molar_Mass_Or_Vapour_Value_Is_46)
 {
     EXPECT_EQ(Faults([](auto&, auto& s) { s.Molmass = 0; }), std::vector{46});
     EXPECT_EQ(Faults([](auto& setup, auto&) { setup.Substances[1].Molmass = 0; }), std::vector{46});
-    EXPECT_EQ(Faults([](auto& setup, auto&) { setup.Volatilisation = {.Henry_Calculated = true, .Vapour_Pressure = {1e-4, 0}}; }), std::vector{46});
+    EXPECT_EQ(Faults([](auto& setup, auto&) {
+                  setup.Volatilisation = {.Henry_Calculated = true, .Vapour_Pressure = {1e-4, 0}};
+              }),
+              std::vector{46});
     // Nothing is converted: no molar mass is needed.
     EXPECT_EQ(Faults([](auto& setup, auto& s) {
                   s.Molmass = 0;

@@ -24,8 +24,14 @@ Solute_Setup Busy_Setup(int substances)
     setup.Dispersion.assign(N, 5);
     setup.Doc = 20;
     setup.Runoff_Depth = 2;
-    setup.Volatilisation = {.Henry = {1e-3, 2e-3}, .Vapour_Pressure = {1e-3, 4e-3}, .Diffusion_Air = 0.05, .Boundary_Layer = 0.1};
-    setup.Plant = {.Decay = 0.05, .Washoff = 0.5, .Penetration = 0.05, .Photodegradation = 0.1, .Reference_Radiation = 500, .Laminar_Layer = 0.03};
+    setup.Volatilisation = {
+        .Henry = {1e-3, 2e-3}, .Vapour_Pressure = {1e-3, 4e-3}, .Diffusion_Air = 0.05, .Boundary_Layer = 0.1};
+    setup.Plant = {.Decay = 0.05,
+                   .Washoff = 0.5,
+                   .Penetration = 0.05,
+                   .Photodegradation = 0.1,
+                   .Reference_Radiation = 500,
+                   .Laminar_Layer = 0.03};
     for (int i = 1; i <= substances; ++i) {
         Solute_Substance substance = Substance_With(i, 0.1 * i, i == 2 ? 1.1 : i == 3 ? 1.0 : 0.9);
         substance.Molmass = 310 - 10 * i;
@@ -157,8 +163,9 @@ TEST(Solute_Column, Every_Process_Of_The_Busy_Run_Moves_Something)
     };
 
     for (const auto* rows :
-         {&run.Sums.Applied, &run.Sums.Formed, &run.Sums.Decay_Eq, &run.Sums.Decay_Neq, &run.Sums.Uptake, &run.Sums.Plant_Applied, &run.Sums.Plant_Decay,
-          &run.Sums.Plant_Penetration, &run.Sums.Plant_Volatilised, &run.Sums.Soil_Volatilised, &run.Sums.Runoff, &run.Sums.Sediment, &run.Sums.Bypass})
+         {&run.Sums.Applied, &run.Sums.Formed, &run.Sums.Decay_Eq, &run.Sums.Decay_Neq, &run.Sums.Uptake,
+          &run.Sums.Plant_Applied, &run.Sums.Plant_Decay, &run.Sums.Plant_Penetration, &run.Sums.Plant_Volatilised,
+          &run.Sums.Soil_Volatilised, &run.Sums.Runoff, &run.Sums.Sediment, &run.Sums.Bypass})
         EXPECT_GT(total(*rows), 1e-4);
     EXPECT_GT(run.Sums.Flux[static_cast<std::size_t>(N) * run.Column.Lanes()], 1e-4);
 }
@@ -233,8 +240,8 @@ TEST(Solute_Column, Each_Compartment_Closes_By_The_Sums)
     for (int i = 0; i < N; ++i) {
         for (int s = 0; s < 4; ++s) {
             const int at = i * lanes + s;
-            double expected =
-                sums.Applied[at] + sums.Formed[at] - sums.Decay_Eq[at] - sums.Decay_Neq[at] - sums.Uptake[at] + sums.Flux[at] - sums.Flux[at + lanes];
+            double expected = sums.Applied[at] + sums.Formed[at] - sums.Decay_Eq[at] - sums.Decay_Neq[at] -
+                              sums.Uptake[at] + sums.Flux[at] - sums.Flux[at + lanes];
             if (i == 0)
                 expected -= sums.Soil_Volatilised[s] + sums.Sediment[s];
             EXPECT_NEAR(column.Mass()[at] + column.Slow_Mass()[at], expected, 1e-11) << i << " " << s;
@@ -255,7 +262,9 @@ TEST(Solute_Column, Both_Kernels_Give_The_Same_Bits)
             ASSERT_EQ(plain.Column.Mass()[at], fast.Column.Mass()[at]);
             ASSERT_EQ(plain.Column.Slow_Mass()[at], fast.Column.Slow_Mass()[at]);
         }
-        Verify(33, std::to_string(substances) + " substances, kernel with AVX2 against the one for every processor: equal bits",
+        Verify(33,
+               std::to_string(substances) +
+                   " substances, kernel with AVX2 against the one for every processor: equal bits",
                plain.Sums.Flux == fast.Sums.Flux && plain.Sums.Sink_Moles == fast.Sums.Sink_Moles, 1, 0);
     }
 }

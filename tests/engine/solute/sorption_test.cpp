@@ -8,7 +8,8 @@ namespace orvel::engine {
 
 namespace {
 
-double Inverted(const Solute_Kernel& kernel, double u, double theta, double rho, double k, double exponent, double guess = 0)
+double Inverted(const Solute_Kernel& kernel, double u, double theta, double rho, double k, double exponent,
+                double guess = 0)
 {
     Steady_Column column(kernel, 1, 1, theta, rho, k, exponent, 0, 0);
     column.C.assign(4, guess);
@@ -45,7 +46,8 @@ TEST(Sorption, Finds_The_Concentration_From_Any_Guess_And_For_Any_Exponent)
         for (const double c : {2e-5, 1e-3, 1.0, 50.0, 5000.0}) {
             for (const double guess : {0.0, 1e-8, 1.0, 1e6}) {
                 const double u = 0.25 * c + 1.4 * 2 * std::pow(c, exponent);
-                EXPECT_NEAR(Inverted(Best_Kernel(), u, 0.25, 1.4, 2, exponent, guess), c, 1e-10 * c) << exponent << " " << guess;
+                EXPECT_NEAR(Inverted(Best_Kernel(), u, 0.25, 1.4, 2, exponent, guess), c, 1e-10 * c)
+                    << exponent << " " << guess;
             }
         }
     }
@@ -135,7 +137,8 @@ TEST(Sorption, Puts_Henry_Constant_And_Vapour_Pressure_To_A_Temperature)
     Verify_Relative(20, "Henry constant at 10 degC from two points", Henry_Constant(given, 300, 10), 1.58703e-4, 1e-5);
 
     Solute_Volatilisation single{.Vapour_Pressure = {1e-4, 0}, .Enthalpy = 98400};
-    Verify_Relative(20, "vapour pressure 10 to 20 degC, Hv 98400", Vapour_Pressure(single, 10) / Vapour_Pressure(single, 20), 0.240300, 1e-5);
+    Verify_Relative(20, "vapour pressure 10 to 20 degC, Hv 98400",
+                    Vapour_Pressure(single, 10) / Vapour_Pressure(single, 20), 0.240300, 1e-5);
 }
 
 TEST(Sorption, Ages_With_The_Time_A_Mass_Has_Spent_In_The_Soil)

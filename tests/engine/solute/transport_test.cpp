@@ -45,7 +45,8 @@ TEST(Transport, Follows_The_Closed_Solution_Of_The_Convection_Dispersion_Equatio
 
         column.Run(kd == 0 ? 25 : 150, Step);
 
-        const std::string name = kd == 0 ? "resident concentration, R = 1, t = 25 d, z = " : "resident concentration, R = 6, t = 150 d, z = ";
+        const std::string name = kd == 0 ? "resident concentration, R = 1, t = 25 d, z = "
+                                         : "resident concentration, R = 6, t = 150 d, z = ";
         Verify(2, name + "24.5 cm", column.Concentration(24), 0.88271, 0.003);
         Verify(2, name + "49.5 cm", column.Concentration(49), 0.50228, 0.003);
         Verify(2, name + "74.5 cm", column.Concentration(74), 0.12739, 0.003);
@@ -60,7 +61,8 @@ TEST(Transport, Carries_The_Flux_Concentration_Of_Ogata_And_Banks)
     column.Run(25 - Step, Step);
     const double before = column.Through(50);
     column.Run(2 * Step, Step);
-    Verify(3, "flux concentration at 50 cm, t = 25 d", (column.Through(50) - before) / (0.6 * 2 * Step), 0.58529, 0.005);
+    Verify(3, "flux concentration at 50 cm, t = 25 d", (column.Through(50) - before) / (0.6 * 2 * Step), 0.58529,
+           0.005);
 
     column.Run(25 - Step, Step);
     Verify_Relative(3, "mass through 50 cm after 50 d, ug/cm2", column.Through(50), 15.188, 0.005);
@@ -169,9 +171,11 @@ TEST(Transport, Carries_With_Dissolved_Organic_Carbon_What_Sorbs_To_It)
         EXPECT_DOUBLE_EQ(column.Doc_Factor(0), with ? 21 : 1);
         leached[with] = sums.Flux[column.Lanes()]; // through the interface below compartment 1
     }
-    // Capacity 150.3 without, 0.3 x 21 + 150 = 156.3 with; small outflow, so nearly in proportion. Diffusion is the same for both.
+    // Capacity 150.3 without, 0.3 x 21 + 150 = 156.3 with; small outflow, so nearly in proportion. Diffusion is the
+    // same for both.
     const double diffusion = 0.43 * std::pow(0.3, 10.0 / 3) / 0.25;
-    EXPECT_NEAR(leached[1] / leached[0], (0.1 * 21 + diffusion) / (0.1 + diffusion) * 150.3 / 156.3, 0.02 * leached[1] / leached[0]);
+    EXPECT_NEAR(leached[1] / leached[0], (0.1 * 21 + diffusion) / (0.1 + diffusion) * 150.3 / 156.3,
+                0.02 * leached[1] / leached[0]);
 }
 
 } // namespace orvel::engine

@@ -69,7 +69,8 @@ TEST(Soil_Heat, Snow_Keeps_The_Frost_Out)
 TEST(Soil_Heat, Conduction_Keeps_All_Heat_That_Enters)
 {
     std::vector<double> temperature = {5, 10, 0, 8};
-    const std::vector<double> thickness = {0.1, 0.2, 0.1, 0.4}, conductivity = {1, 0.5, 2, 1}, capacity = {2e6, 3e6, 1e6, 2e6};
+    const std::vector<double> thickness = {0.1, 0.2, 0.1, 0.4}, conductivity = {1, 0.5, 2, 1},
+                              capacity = {2e6, 3e6, 1e6, 2e6};
     const auto heat = [&] {
         double sum = 0;
         for (std::size_t i = 0; i < 4; ++i)

@@ -1,7 +1,7 @@
+#include "engine/output/water_report.h"
 #include "engine/water/soil_water.h"
 #include "engine/water/surface_water.h"
 #include "engine/water/water.h"
-#include "engine/output/water_report.h"
 
 #include <algorithm>
 #include <cmath>
@@ -49,7 +49,8 @@ TEST(Grid, Equal_Compartments_Take_The_Horizons_By_Overlap)
     scenario.SZE_Hydraulic_Flag = 0;
     const auto horizon = [](double thickness, double density, double carbon, double capacity) {
         Scenario_Horizon h;
-        h.SZE_Hor_Thickness = thickness, h.SZE_Hor_Bulk_Density = density, h.SZE_Hor_OC = carbon, h.SZE_Hor_FC = capacity, h.SZE_Hor_WP = 0.1;
+        h.SZE_Hor_Thickness = thickness, h.SZE_Hor_Bulk_Density = density, h.SZE_Hor_OC = carbon,
+        h.SZE_Hor_FC = capacity, h.SZE_Hor_WP = 0.1;
         return h;
     };
     scenario.Horizons = {horizon(15, 1.0, 2.0, 0.3), horizon(15, 1.5, 0.5, 0.4)};
@@ -92,7 +93,8 @@ TEST(Grid, Graded_Compartments_Meet_Every_Break_And_Stay_Below_401)
     EXPECT_NEAR(thickness[0], 0.5, 1e-12);
     EXPECT_NEAR(thickness[10], 1, 1e-12); // below 5 cm
     for (const double wanted : {5.0, 27.0, 30.0, 60.0, 100.0, 150.0})
-        EXPECT_TRUE(std::ranges::any_of(bottoms, [wanted](double b) { return std::fabs(b - wanted) < 1e-9; })) << wanted;
+        EXPECT_TRUE(std::ranges::any_of(bottoms, [wanted](double b) { return std::fabs(b - wanted) < 1e-9; }))
+            << wanted;
     EXPECT_EQ(thickness.size(), 10U + 22 + 3 + 12 + 16 + 10);
     EXPECT_LE(Graded_Compartments({100000}, 100000).size(), 400U);
     EXPECT_EQ(Equal_Compartments(200, 80), std::vector<double>(80, 2.5));

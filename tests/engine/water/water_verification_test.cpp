@@ -1,9 +1,9 @@
 #include "engine/input/climate.h"
+#include "engine/verification.h"
 #include "engine/water/grid.h"
 #include "engine/water/heat.h"
 #include "engine/water/soil_water.h"
 #include "engine/water/surface_water.h"
-#include "engine/verification.h"
 
 #include <algorithm>
 #include <array>
@@ -34,10 +34,13 @@ TEST(Water_Verification, Case_13_Runoff_Follows_The_Curve_Number_And_The_Moistur
 
 TEST(Water_Verification, Case_14_Vapour_Pressure_And_Day_Length)
 {
-    constexpr std::array<std::pair<double, double>, 4> pressures = {{{0, 6.108}, {10, 12.2796}, {20, 23.3828}, {25, 31.6778}}};
+    constexpr std::array<std::pair<double, double>, 4> pressures = {
+        {{0, 6.108}, {10, 12.2796}, {20, 23.3828}, {25, 31.6778}}};
     for (const auto& [temperature, expected] : pressures)
-        Verify(14, "vapour pressure (hPa) at " + std::to_string(static_cast<int>(temperature)) + " degC", Saturation_Pressure(temperature), expected, 1e-3);
-    constexpr std::array<std::pair<int, double>, 4> lengths = {{{15, 8.3266}, {80, 11.9521}, {172, 16.1469}, {355, 7.8533}}};
+        Verify(14, "vapour pressure (hPa) at " + std::to_string(static_cast<int>(temperature)) + " degC",
+               Saturation_Pressure(temperature), expected, 1e-3);
+    constexpr std::array<std::pair<int, double>, 4> lengths = {
+        {{15, 8.3266}, {80, 11.9521}, {172, 16.1469}, {355, 7.8533}}};
     for (const auto& [day, expected] : lengths)
         Verify(14, "day length (h) at 50 N, day " + std::to_string(day), Day_Length(50, day), expected, 1e-3);
 }
@@ -62,9 +65,11 @@ TEST(Water_Verification, Case_17_Snow_Melt_And_Restricted_Drainage)
 {
     Verify(17, "3 degC on 5 cm of snow (cm)", Snow_Melt(5, 0.46, 3), 1.38, 1e-6);
     Verify(17, "3 degC on 1 cm of snow", Snow_Melt(1, 0.46, 3), 1, 1e-6);
-    constexpr std::array<std::pair<double, double>, 4> drained = {{{0.1, 0.004758}, {0.5, 0.019673}, {1, 0.031606}, {5, 0.049663}}};
+    constexpr std::array<std::pair<double, double>, 4> drained = {
+        {{0.1, 0.004758}, {0.5, 0.019673}, {1, 0.031606}, {5, 0.049663}}};
     for (const auto& [parameter, expected] : drained)
-        Verify(17, "0.05 above field capacity, 1 cm, parameter " + std::to_string(parameter), Drained(0.35, 0.30, 1, true, parameter), expected, 1e-6);
+        Verify(17, "0.05 above field capacity, 1 cm, parameter " + std::to_string(parameter),
+               Drained(0.35, 0.30, 1, true, parameter), expected, 1e-6);
 }
 
 TEST(Water_Verification, Case_18_Pedotransfer)
@@ -94,7 +99,8 @@ TEST(Water_Verification, Case_21_Heat_Wave)
     constexpr int nodes = static_cast<int>(bottom / step + 0.5), years = 6, days = 365 * years;
     std::vector<double> temperature(nodes, mean);
     const std::vector<double> thickness(nodes, step), conductivity(nodes, 1.2), capacity(nodes, 2.0e6);
-    constexpr std::array<double, 3> depths = {0.25, 0.5, 1}, amplitudes = {7.225, 6.525, 5.323}, delays = {5.9, 11.8, 23.7};
+    constexpr std::array<double, 3> depths = {0.25, 0.5, 1}, amplitudes = {7.225, 6.525, 5.323},
+                                    delays = {5.9, 11.8, 23.7};
     std::array<double, 3> highest{}, day_of_highest{};
     for (int day = 1; day <= days; ++day) {
         const double surface = mean + amplitude * std::sin(2 * std::numbers::pi * day / 365);

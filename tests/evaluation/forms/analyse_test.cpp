@@ -37,10 +37,13 @@ protected:
     // A plot file of two years with percolate and leachate at 1 m, and the run's control file.
     void Put_Plot(const std::filesystem::path& run)
     {
-        Write_Whole(Place / "focus" / run / "orvel.inp", "001 01 01 31 12\r\ns.sze\r\nnone.psm\r\nc.cli\r\n00000002 00.\r\n"
-                                                         "    INFL    TSER  100.0  1.0    00000001\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n");
-        Write_Whole(Place / "focus" / run / "plot.orv", "engine\r\n\r\nscenario\r\npesticide\r\n\r\nSoil\r\n    24     2     0\r\n"
-                                                        "            INFL      LEAC\r\n               100.0     100.0\r\n           1.0       1.0E09\r\n\r\n");
+        Write_Whole(Place / "focus" / run / "orvel.inp",
+                    "001 01 01 31 12\r\ns.sze\r\nnone.psm\r\nc.cli\r\n00000002 00.\r\n"
+                    "    INFL    TSER  100.0  1.0    00000001\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n");
+        Write_Whole(
+            Place / "focus" / run / "plot.orv",
+            "engine\r\n\r\nscenario\r\npesticide\r\n\r\nSoil\r\n    24     2     0\r\n"
+            "            INFL      LEAC\r\n               100.0     100.0\r\n           1.0       1.0E09\r\n\r\n");
     }
 
     // What the window that a click opens is called; it is closed at once.

@@ -1,5 +1,6 @@
-// From a batch of three locations on the engine's output through list, browser, all tables and diagrams to the report, by the windows as a hand uses them.
-// Every figure is counted anew out of the engine's files, by words and not by the columns that the program reads.
+// From a batch of three locations on the engine's output through list, browser, all tables and diagrams to the report,
+// by the windows as a hand uses them. Every figure is counted anew out of the engine's files, by words and not by the
+// columns that the program reads.
 #include "charts/forms/chart_view.h"
 #include "evaluation/forms/analyse.h"
 #include "runs/start_up.h"
@@ -57,7 +58,8 @@ bool Has(const std::string& text, const std::string& part)
 
 // What one year's blocks of the engine say, in the units of the tables: L/m2 and g/ha.
 struct Counted_Year {
-    double Rain = 0, Irrigation = 0, Canopy = 0, Snow = 0, Runoff = 0, Transpiration = 0, Percolate = 0, Percolate_1m = 0;
+    double Rain = 0, Irrigation = 0, Canopy = 0, Snow = 0, Runoff = 0, Transpiration = 0, Percolate = 0,
+           Percolate_1m = 0;
     double Application = 0, Uptake = 0, Decay = 0, Volatilised = 0, Washed = 0, Leached = 0, Leached_1m = 0;
 };
 
@@ -78,7 +80,8 @@ std::vector<Counted_Year> Count_Years(const fs::path& run, const std::string& ch
         for (const char* head : {"WATER SUPPLY", "SNOWPACK", "SURFACE", "HORIZON   COMPARTMENT", "SUMMARY FLUXES"})
             part = Has(line, head) ? head : part;
         if (words[0] == "SUM" && part == "WATER SUPPLY")
-            year.Rain = Litres * Number(words[4]), year.Irrigation = Litres * Number(words[5]), year.Canopy = Litres * Number(words[6]);
+            year.Rain = Litres * Number(words[4]), year.Irrigation = Litres * Number(words[5]),
+            year.Canopy = Litres * Number(words[6]);
         else if (words[0] == "SUM" && part == "SNOWPACK")
             year.Snow = Litres * Number(words[4]);
         else if (words[0] == "SUM" && part == "SURFACE")
@@ -104,11 +107,12 @@ std::vector<Counted_Year> Count_Years(const fs::path& run, const std::string& ch
             if (words[1] == Layer_At_1m)
                 year.Leached_1m = Grams * Number(words.back());
         }
-        for (const auto& [begin, sum] : std::map<std::string, double*>{{"TOTAL PLANT UPTAKE", &year.Uptake},
-                                                                       {"TOTAL DECAY", &year.Decay},
-                                                                       {"TOTAL VOLATILIZATION", &year.Volatilised},
-                                                                       {"TOTAL RUNOFF", &year.Washed},
-                                                                       {"PESTICIDE LEACHED BELOW CORE", &year.Leached}}) {
+        for (const auto& [begin, sum] :
+             std::map<std::string, double*>{{"TOTAL PLANT UPTAKE", &year.Uptake},
+                                            {"TOTAL DECAY", &year.Decay},
+                                            {"TOTAL VOLATILIZATION", &year.Volatilised},
+                                            {"TOTAL RUNOFF", &year.Washed},
+                                            {"PESTICIDE LEACHED BELOW CORE", &year.Leached}}) {
             if (Has(line, begin))
                 *sum = Grams * Number(words.back());
         }
@@ -160,7 +164,8 @@ protected:
         const std::string at = " -C " + Installation().string();
         Orvelctl("init " + Installation().string());
         for (const char* location : {"Hamburg (H)", "Jokioinen (J)", "Kremsm\xC3\xBCnster (K)"})
-            Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location '" + location + "'");
+            Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location '" + location +
+                     "'");
         Orvelctl(at + " start --mode focus --wait");
     }
     static void TearDownTestSuite() { delete Place; }
@@ -177,7 +182,10 @@ protected:
     }
 
     static fs::path Installation() { return Place->Path() / "installation"; }
-    static fs::path Run(const std::string& location) { return Installation() / "focus/demo_D.run/Winter_-_cereals.run" / (location + ".run"); }
+    static fs::path Run(const std::string& location)
+    {
+        return Installation() / "focus/demo_D.run/Winter_-_cereals.run" / (location + ".run");
+    }
     static Words Locations() { return {"Hamburg_-_(H)", "Jokioinen_-_(J)", "Kremsm\xC3\xBCnster_-_(K)"}; }
 
     void Open(Mode_Kind mode = Mode_Kind::Focus)
@@ -203,7 +211,10 @@ protected:
         EXPECT_TRUE(used) << button.toStdString();
     }
 
-    static QString Text_Of(QWidget& window, const QString& name) { return Find<QPlainTextEdit>(window, name)->toPlainText(); }
+    static QString Text_Of(QWidget& window, const QString& name)
+    {
+        return Find<QPlainTextEdit>(window, name)->toPlainText();
+    }
     static const Chart& Chart_Of(QWidget& window) { return Find<Chart_View>(window, "Diagramm")->Shown_Chart(); }
 
     std::unique_ptr<Analyse> Browser;
@@ -233,7 +244,8 @@ TEST_F(Evaluation_Walk, The_List_Shows_The_Batch_As_Finished_And_Picks_A_Simulat
 
     EXPECT_EQ(Find<QComboBox>(*Browser, "Pestizidverzeichnis")->currentText(), "demo_D");
     EXPECT_EQ(Find<QComboBox>(*Browser, "Kulturverzeichnis")->currentText(), "Winter cereals");
-    EXPECT_EQ(Find<QComboBox>(*Browser, "Szenarioverzeichnis")->currentText(), QString::fromUtf8("Kremsm\xC3\xBCnster (K)"));
+    EXPECT_EQ(Find<QComboBox>(*Browser, "Szenarioverzeichnis")->currentText(),
+              QString::fromUtf8("Kremsm\xC3\xBCnster (K)"));
 }
 
 TEST_F(Evaluation_Walk, The_Leachate_Tables_And_Their_Diagram_Agree_With_The_Engines_Files_At_All_Locations)
@@ -245,10 +257,12 @@ TEST_F(Evaluation_Walk, The_Leachate_Tables_And_Their_Diagram_Agree_With_The_Eng
         Choose_Location(location);
         In_Window(*Browser, "Konzentration", [&](QWidget& tables) {
             for (const bool at_1m : {true, false}) {
-                const auto rows = Rows_Behind(Text_Of(tables, "Ergebnis_0"), at_1m ? "in the percolate at 1 m" : "in the percolate at the bottom");
+                const auto rows = Rows_Behind(Text_Of(tables, "Ergebnis_0"),
+                                              at_1m ? "in the percolate at 1 m" : "in the percolate at the bottom");
                 ASSERT_EQ(rows.size(), 26U);
                 for (std::size_t y = 0; y < 26; ++y) {
-                    const double flux = at_1m ? years[y].Leached_1m : years[y].Leached, percolate = at_1m ? years[y].Percolate_1m : years[y].Percolate;
+                    const double flux = at_1m ? years[y].Leached_1m : years[y].Leached,
+                                 percolate = at_1m ? years[y].Percolate_1m : years[y].Percolate;
                     Expect_Printed(rows[y][0], flux, "flux");
                     Expect_Printed(rows[y][1], percolate, "percolate");
                     Expect_Printed(rows[y][2], flux > 0 && percolate > 0 ? flux * 100 / percolate : 0, "concentration");
@@ -259,7 +273,9 @@ TEST_F(Evaluation_Walk, The_Leachate_Tables_And_Their_Diagram_Agree_With_The_Eng
                 ASSERT_EQ(boxes.size(), 20U);
                 for (std::size_t p = 0; p < 20; ++p)
                     Expect_Printed(boxes[p].Y, years[6 + p].Leached_1m * 100 / years[6 + p].Percolate_1m, "box");
-                EXPECT_EQ(std::count_if(boxes.begin(), boxes.end(), [](const Chart_Box& box) { return box.Drawn_In == Colour::Marked; }), 2);
+                EXPECT_EQ(std::count_if(boxes.begin(), boxes.end(),
+                                        [](const Chart_Box& box) { return box.Drawn_In == Colour::Marked; }),
+                          2);
             });
         });
     }
@@ -280,10 +296,13 @@ TEST_F(Evaluation_Walk, The_Balances_And_Their_Chart_Agree_With_The_Engines_File
                 const auto& year = years[y];
                 const double supply = year.Rain + year.Snow + year.Irrigation, loss = year.Canopy + year.Transpiration;
                 const std::vector<double> expected_water = {
-                    year.Rain + year.Snow, year.Irrigation, year.Runoff, loss, year.Percolate, supply - loss - year.Runoff - year.Percolate};
+                    year.Rain + year.Snow, year.Irrigation,
+                    year.Runoff,           loss,
+                    year.Percolate,        supply - loss - year.Runoff - year.Percolate};
                 const double lost = year.Volatilised + year.Washed + year.Uptake + year.Decay + year.Leached;
-                const std::vector<double> expected = {year.Application, year.Volatilised,       year.Washed, year.Uptake, year.Decay,
-                                                      year.Leached,     year.Application - lost};
+                const std::vector<double> expected = {
+                    year.Application, year.Volatilised,       year.Washed, year.Uptake, year.Decay,
+                    year.Leached,     year.Application - lost};
                 ASSERT_EQ(water[y].size(), expected_water.size());
                 ASSERT_EQ(pesticide[y].size(), expected.size());
                 for (std::size_t i = 0; i < expected_water.size(); ++i)
@@ -333,7 +352,8 @@ TEST_F(Evaluation_Walk, The_Report_Holds_The_Percentile_Of_Every_Location_And_Sa
         ASSERT_EQ(rows.size(), 4); // the head of the units and three locations
         for (int i = 0; i < 3; ++i) {
             const QString row = rows[i + 1];
-            Expect_Printed(row.section('\t', -1).trimmed().toDouble(), Percentile(Count_Years(Run(Locations()[static_cast<std::size_t>(i)]), "chem.orv")),
+            Expect_Printed(row.section('\t', -1).trimmed().toDouble(),
+                           Percentile(Count_Years(Run(Locations()[static_cast<std::size_t>(i)]), "chem.orv")),
                            row.toUtf8().constData());
         }
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
@@ -362,13 +382,16 @@ TEST_F(Evaluation_Walk, The_Report_Holds_The_Percentile_Of_Every_Location_And_Sa
 TEST_F(Evaluation_Walk, The_Concentrations_In_Soil_Agree_With_The_Profile_Rows_Of_The_Engine)
 {
     const std::string at = " -C " + Installation().string();
-    Orvelctl(at + " mark --mode efsa --pesticide demo_S.psm --crop 'Winter cereals' --location 'Total content - North (T_N)'");
+    Orvelctl(
+        at +
+        " mark --mode efsa --pesticide demo_S.psm --crop 'Winter cereals' --location 'Total content - North (T_N)'");
     Orvelctl(at + " start --mode efsa --wait");
     Open(Mode_Kind::Efsa);
     Find<QComboBox>(*Browser, "ERC")->setCurrentText("5");
 
     // The mean of the top five rows, of every line and of the days' ends, behind the warm-up.
-    const fs::path run = Installation() / "EFSA/demo_S.run/Winter_-_cereals.run/Total_-_content_-_-_-_North_-_(T_N).run";
+    const fs::path run =
+        Installation() / "EFSA/demo_S.run/Winter_-_cereals.run/Total_-_content_-_-_-_North_-_(T_N).run";
     const auto lines = Lines_Of(run / "plot.orv");
     const Words counts = Words_Of(lines[6]);
     const auto first = static_cast<std::size_t>(2 + Number(counts[1]) - Number(counts[2]));
@@ -399,7 +422,8 @@ TEST_F(Evaluation_Walk, The_Concentrations_In_Soil_Agree_With_The_Profile_Rows_O
     ASSERT_GT(actual, 0);
 
     In_Window(*Browser, "Konzentration", [&](QWidget& soil) {
-        const QStringList rows = Text_Of(soil, "Ergebnis_1").split('\n').filter(QRegularExpression("^ *[0-9]* *\t[0-9.E+-]+ *\t"));
+        const QStringList rows =
+            Text_Of(soil, "Ergebnis_1").split('\n').filter(QRegularExpression("^ *[0-9]* *\t[0-9.E+-]+ *\t"));
         ASSERT_GE(rows.size(), 11);
         Expect_Printed(rows[0].section('\t', 1, 1).trimmed().toDouble(), actual, "actual");
         EXPECT_EQ(rows[4].section('\t', 0, 0).trimmed(), "7");

@@ -210,7 +210,8 @@ TEST_F(inout_sel_Test, Yearly_Makes_The_Table_First_And_Shows_It_At_The_Next_Cli
     Open();
 
     Click<QPushButton>(*Form, "S_Jaehrlich");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QLabel>(*Form, "Nachricht")->text().startsWith("The table is ready"); }));
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return Find<QLabel>(*Form, "Nachricht")->text().startsWith("The table is ready"); }));
     const auto [name, text] = Opened_By([&] { Click<QPushButton>(*Form, "S_Jaehrlich"); });
 
     EXPECT_EQ(name, "Form_filetext");

@@ -44,7 +44,8 @@ protected:
     bool Enabled(const QString& name) { return Find<QPushButton>(*Form, name)->isEnabled(); }
     void Click_Row(int row, Qt::KeyboardModifiers keys = {})
     {
-        QTest::mouseClick(Grid().viewport(), Qt::LeftButton, keys, Grid().visualRect(Grid().model()->index(row, 2)).center());
+        QTest::mouseClick(Grid().viewport(), Qt::LeftButton, keys,
+                          Grid().visualRect(Grid().model()->index(row, 2)).center());
     }
 
     Temporary_Directory Place;
@@ -95,19 +96,24 @@ TEST_F(Simulationsliste_Test, Tells_The_Three_States_And_The_Result)
 TEST_F(Simulationsliste_Test, Opens_Wide_Enough_For_All_Columns)
 {
     Write_File(Place / "focus" / "orveljob.bat", "echo off\r\n");
-    Put_Run("a_-_pesticide_-_file_-_with_-_a_-_long_-_name.run/Oil_-_seed_-_rape_-_(summer).run/Ch\xC3\xA2teaudun_-_(C)--_-_no_-_irrigation.run", "ERROR\r\n");
+    Put_Run("a_-_pesticide_-_file_-_with_-_a_-_long_-_name.run/Oil_-_seed_-_rape_-_(summer).run/"
+            "Ch\xC3\xA2teaudun_-_(C)--_-_no_-_irrigation.run",
+            "ERROR\r\n");
     Open();
 
     const int last = Grid().model()->columnCount() - 1;
     const int needed = Grid().columnViewportPosition(last) + Grid().fontMetrics().horizontalAdvance("finished");
-    EXPECT_TRUE(needed <= Grid().viewport()->width() || Form->width() == Form->screen()->availableSize().width()) << needed << " " << Form->width();
+    EXPECT_TRUE(needed <= Grid().viewport()->width() || Form->width() == Form->screen()->availableSize().width())
+        << needed << " " << Form->width();
 }
 
 TEST_F(Simulationsliste_Test, A_Deleted_Row_Of_The_Pending_Batch_Is_Taken_Out_Of_It)
 {
     const std::string run = "a.run\\Maize.run\\Hamburg_-_(H).run";
     Put_Run("a.run/Maize.run/Hamburg_-_(H).run", "");
-    Write_File(Place / "focus" / "batch.bat", "cd " + run + "\r\nif exist *.orv del *.orv\r\norvel401.exe\r\nif exist orvel401.exe del orvel401.exe\r\n");
+    Write_File(Place / "focus" / "batch.bat",
+               "cd " + run +
+                   "\r\nif exist *.orv del *.orv\r\norvel401.exe\r\nif exist orvel401.exe del orvel401.exe\r\n");
     Open();
     ASSERT_EQ(Cell(0, 5), "Scheduled");
     Click_Row(0);
@@ -201,7 +207,8 @@ TEST_F(Simulationsliste_Test, Five_Thousand_Runs_Are_Shown_At_Once)
     for (int pesticide = 0; pesticide < 50; ++pesticide) {
         for (int crop = 0; crop < 10; ++crop) {
             for (int location = 0; location < 10; ++location)
-                Put_Run("p" + std::to_string(pesticide) + ".run/c" + std::to_string(crop) + ".run/l" + std::to_string(location) + ".run");
+                Put_Run("p" + std::to_string(pesticide) + ".run/c" + std::to_string(crop) + ".run/l" +
+                        std::to_string(location) + ".run");
         }
     }
     const auto begin = std::chrono::steady_clock::now();

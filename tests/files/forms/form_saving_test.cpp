@@ -34,7 +34,10 @@ protected:
         Click<QPushButton>(*Form, "SaveNow");
     }
 
-    bool Holds_The_Document(const std::string& name) { return Read_Whole(Place / name).find("Saved here") != std::string::npos; }
+    bool Holds_The_Document(const std::string& name)
+    {
+        return Read_Whole(Place / name).find("Saved here") != std::string::npos;
+    }
 
     Small_Installation Place;
     std::unique_ptr<Form_Saving> Form;
@@ -92,7 +95,9 @@ TEST_F(Form_Saving_Test, A_Read_Only_File_Is_Told_And_The_Dialog_Stays)
 
     ASSERT_EQ(The_User.Messages.size(), 2U);
     EXPECT_EQ(The_User.Messages[1].Title, "Saving Input File");
-    EXPECT_EQ(The_User.Messages[1].Text, "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes.");
+    EXPECT_EQ(
+        The_User.Messages[1].Text,
+        "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes.");
     EXPECT_TRUE(Form->isVisible());
     EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
@@ -117,7 +122,8 @@ TEST_F(Form_Saving_Test, A_Name_Of_Another_Kind_And_The_Mask_Are_No_Names)
         Save_As(name);
 
     ASSERT_EQ(The_User.Messages.size(), 6U);
-    EXPECT_EQ(The_User.Messages[0].Text, "\"*.psm\" cannot be the name of this file. Please enter a name that ends in .psm.");
+    EXPECT_EQ(The_User.Messages[0].Text,
+              "\"*.psm\" cannot be the name of this file. Please enter a name that ends in .psm.");
     EXPECT_TRUE(Form->isVisible());
 }
 

@@ -160,7 +160,8 @@ TEST_F(FOCUS_Test, Marking_The_Same_Combination_Twice_Is_Told)
     Click<QPushButton>(*Form, "Batchdatei");
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_EQ(The_User.Messages[0], (Message{"Starting ORVEL Simulations", "You already selected this combination in your batch job!"}));
+    EXPECT_EQ(The_User.Messages[0],
+              (Message{"Starting ORVEL Simulations", "You already selected this combination in your batch job!"}));
 }
 
 TEST_F(FOCUS_Test, Mark_All_Passes_Over_Locations_Without_Applications)
@@ -266,8 +267,9 @@ TEST_F(FOCUS_Test, Cancel_In_The_Output_Dialog_Keeps_The_Slots_And_Goes_Back_To_
 TEST_F(FOCUS_Test, Takes_The_Output_Of_The_Last_Run_Only_When_It_Opens_And_The_Tillage_Depth_Each_Time)
 {
     Place.Put_Pesticide("another.psm", {"H"});
-    Write_Whole(Place / "focus/orvel.inp", "001 01 01 31 12 Version 5\r\n..\\..\\..\\H_maize.sze\r\ntest.psm\r\n..\\..\\..\\H_01.cli\r\n"
-                                           "00000001 07.\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n");
+    Write_Whole(Place / "focus/orvel.inp",
+                "001 01 01 31 12 Version 5\r\n..\\..\\..\\H_maize.sze\r\ntest.psm\r\n..\\..\\..\\H_01.cli\r\n"
+                "00000001 07.\r\n    LEAC    TSER  100.0  1.0E09 00000001\r\n");
     Open();
     EXPECT_EQ(The_Session.Output, Minimum_Output());
     EXPECT_EQ(Find<QComboBox>(*Form, "L_tildepth")->currentText(), "7");
@@ -286,7 +288,8 @@ TEST_F(FOCUS_Test, A_Job_At_Work_Disables_Run_And_Its_Progress_Is_Followed)
 {
     const std::string run = "test.run/Maize.run/Hamburg_-_(H).run";
     std::filesystem::create_directories(Place / "focus" / run);
-    Write_Whole(Place / "focus/orveljob.bat", Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
+    Write_Whole(Place / "focus/orveljob.bat",
+                Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
     Write_Whole(Place / "focus/orveljob.log", "2024-05-31 14:05:00\tstarted\t" + run + "\t\n");
     Write_Whole(Place / "focus" / run / "orvel.inp", "026 01 01 31 12 Version 5\r\n");
     Write_Whole(Place / "focus" / run / "progress.orv", "YEAR 3 OF 26\n");

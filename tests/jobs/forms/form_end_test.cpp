@@ -98,7 +98,8 @@ TEST_F(form_end_Test, Shows_The_Files_Of_The_Directory_And_What_Was_Chosen)
 
 TEST_F(form_end_Test, A_Double_Click_On_A_Chosen_File_Opens_Its_Editor)
 {
-    Write_Whole(Place / "a.cli", "Demo\r\n 0101811.2500000 0.00E+00  0.00E+00  0.00E+00  0.00E+00  0.00E+00  0.00E+00        \r\n\r\n");
+    Write_Whole(Place / "a.cli",
+                "Demo\r\n 0101811.2500000 0.00E+00  0.00E+00  0.00E+00  0.00E+00  0.00E+00  0.00E+00        \r\n\r\n");
     Open();
     Fill_In();
     auto* climates = Find<QListWidget>(*Form, "List_cli");
@@ -199,7 +200,8 @@ TEST_F(form_end_Test, Starts_The_Engine_With_What_Is_On_The_Form)
     Click<QPushButton>(*Form, "Command4");
 
     EXPECT_TRUE(The_User.Messages.empty());
-    EXPECT_TRUE(Read_Whole(Place / "orvel.inp").starts_with("003 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\na.cli\r\na.cli\r\na.cli\r\n"));
+    EXPECT_TRUE(Read_Whole(Place / "orvel.inp")
+                    .starts_with("003 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\na.cli\r\na.cli\r\na.cli\r\n"));
 }
 
 TEST_F(form_end_Test, A_Refused_Start_Goes_Back_To_Its_Control)
@@ -267,12 +269,14 @@ TEST_F(form_end_Test, Shows_That_The_Engine_Is_At_Work_And_Start_Tells_Instead_O
     Open();
     Fill_In();
     Click<QPushButton>(*Form, "Command4");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QLabel>(*Form, "Run_Text")->text() == "The engine is at work: 2 of 3 years."; }));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return Find<QLabel>(*Form, "Run_Text")->text() == "The engine is at work: 2 of 3 years."; }));
     EXPECT_TRUE(Find<QProgressBar>(*Form, "Run_Bar")->isVisible());
 
     Click<QPushButton>(*Form, "Command4");
 
-    EXPECT_EQ(The_User.Messages.back().Text, "An engine is still at work in this directory. Please wait until it has finished.");
+    EXPECT_EQ(The_User.Messages.back().Text,
+              "An engine is still at work in this directory. Please wait until it has finished.");
 }
 
 } // namespace orvel

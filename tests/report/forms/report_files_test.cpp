@@ -46,7 +46,8 @@ TEST_F(Report_Session, The_Pdf_Is_An_Archive_Document_With_Its_Title_And_A_Page_
     const auto pages = pdf.indexOf("/Type /Pages");
     ASSERT_GE(pages, 0);
     const auto count = pdf.indexOf("/Count ", pages);
-    EXPECT_EQ(pdf.mid(count + 7, 2).trimmed().toInt(), 3); // the head with notes and uses, then one for each of both substances
+    EXPECT_EQ(pdf.mid(count + 7, 2).trimmed().toInt(),
+              3); // the head with notes and uses, then one for each of both substances
 }
 
 TEST_F(Report_Session, The_Ending_Of_The_File_Decides_What_Is_Saved)

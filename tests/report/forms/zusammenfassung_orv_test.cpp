@@ -31,7 +31,11 @@ protected:
     void Open()
     {
         Form = std::make_unique<Zusammenfassung_orv>(
-            The_Session, Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_A", "Maize", {{"Hamburg (H)", Hamburg.Path()}, {"Thiva (T)", Thiva.Path()}}});
+            The_Session, Summary_Request{"ORVEL 4.01",
+                                         "2026-01-02 03:04",
+                                         "demo_A",
+                                         "Maize",
+                                         {{"Hamburg (H)", Hamburg.Path()}, {"Thiva (T)", Thiva.Path()}}});
         Form->show();
         ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>(*Form, "Ende")->isEnabled(); }));
     }
@@ -54,7 +58,8 @@ TEST_F(Zusammenfassung_Test, Builds_The_Tables_Of_All_Locations_And_Shows_The_Te
     EXPECT_TRUE(std::filesystem::exists(Hamburg / "period.orv"));
     EXPECT_TRUE(std::filesystem::exists(Thiva / "period.orv"));
     EXPECT_EQ(Form->windowTitle(), "FOCUS Summary Output File");
-    EXPECT_TRUE(Text().startsWith("FOCUS Summary Output File\n\nModel Version:          \tORVEL 4.01\n")) << Text().toStdString();
+    EXPECT_TRUE(Text().startsWith("FOCUS Summary Output File\n\nModel Version:          \tORVEL 4.01\n"))
+        << Text().toStdString();
     EXPECT_TRUE(Text().contains("Results for Metabolite"));
     EXPECT_EQ(Caption(), "Diagram");
 }
@@ -113,7 +118,8 @@ TEST_F(Zusammenfassung_Test, Saves_The_Report_In_The_Kind_That_The_Filter_Names)
         auto* dialog = qobject_cast<QFileDialog*>(&window);
         ASSERT_NE(dialog, nullptr);
         EXPECT_EQ(dialog->windowTitle(), "Save report");
-        EXPECT_EQ(dialog->nameFilters(), (QStringList{"Document (*.pdf)", "Page (*.html)", "Table (*.csv)", "Text (*.txt)"}));
+        EXPECT_EQ(dialog->nameFilters(),
+                  (QStringList{"Document (*.pdf)", "Page (*.html)", "Table (*.csv)", "Text (*.txt)"}));
         dialog->setDirectory(QString::fromStdString(place.Path().string()));
         QTest::keyClick(dialog->findChild<QComboBox*>("fileTypeCombo"), Qt::Key_Down);
         auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
@@ -142,7 +148,9 @@ TEST_F(Zusammenfassung_Test, A_Report_Of_An_Unknown_Kind_Is_Refused)
     });
     Click<QPushButton>(*Form, "Speichern");
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Save report", "A report is saved as .txt, .csv, .html or .pdf, not as report.doc."})});
+    EXPECT_EQ(
+        The_User.Messages,
+        std::vector{(Message{"Save report", "A report is saved as .txt, .csv, .html or .pdf, not as report.doc."})});
 }
 
 TEST_F(Zusammenfassung_Test, A_Failed_Location_Is_Told_And_Nothing_Is_Shown)

@@ -1,9 +1,9 @@
 #include "core/files.h"
-#include "ui/forms/widgets.h"
 #include "scenario/forms/form_difcrop.h"
 #include "scenario/forms/form_rot.h"
 #include "scenario/forms/szenario.h"
 #include "temporary_directory.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <QComboBox>
@@ -15,12 +15,14 @@ namespace orvel {
 namespace {
 
 // A summer crop without tillage, one with it, and a winter crop without.
-constexpr std::string_view Three_Crops =
-    "3  crops\r\n"
-    "name          root storage ...\r\n"
-    "Maize            80  0.15   90  3  1.80   5  5  1  30  7  1  20  9  1   1  9  1  30  4  1  0.2 0.3 0.4 0.5  0 0 0  1.20 0.60\r\n"
-    "Potatoes         60  0.15   80  1  0.80  10  5  1  20  7  1  15  9  1  31  8  1   5  5  1  0.2 0.2 0.2 0.2  0 0 1  1.15 0.75\r\n"
-    "Winter cereals  100  0.15   90  3  1.40   1 11  1   1  6  2  10  8  2  15  7  2  27 10  1  0.2 0.2 0.2 0.2  0 0 0  1.15 0.35\r\n";
+constexpr std::string_view Three_Crops = "3  crops\r\n"
+                                         "name          root storage ...\r\n"
+                                         "Maize            80  0.15   90  3  1.80   5  5  1  30  7  1  20  9  1   1  9 "
+                                         " 1  30  4  1  0.2 0.3 0.4 0.5  0 0 0  1.20 0.60\r\n"
+                                         "Potatoes         60  0.15   80  1  0.80  10  5  1  20  7  1  15  9  1  31  8 "
+                                         " 1   5  5  1  0.2 0.2 0.2 0.2  0 0 1  1.15 0.75\r\n"
+                                         "Winter cereals  100  0.15   90  3  1.40   1 11  1   1  6  2  10  8  2  15  7 "
+                                         " 2  27 10  1  0.2 0.2 0.2 0.2  0 0 0  1.15 0.35\r\n";
 
 class Crop_Forms_Test : public Window_Test {
 protected:
@@ -64,7 +66,8 @@ protected:
     // "day MONTH year" as its three controls show it.
     QString Date(const QString& stage) const
     {
-        return Find<QComboBox>(*Form, "Combo1_" + stage)->currentText() + " " + Find<QComboBox>(*Form, "Combo2_" + stage)->currentText() + " " +
+        return Find<QComboBox>(*Form, "Combo1_" + stage)->currentText() + " " +
+               Find<QComboBox>(*Form, "Combo2_" + stage)->currentText() + " " +
                Find<QLineEdit>(*Form, "Text_" + stage)->text();
     }
 
@@ -341,7 +344,8 @@ TEST_F(Crop_Forms_Test, A_Modified_Tillage_Flag_Costs_The_Rotation_If_The_User_A
     Click<QPushButton>(*Form, "Command6");
 
     ASSERT_EQ(The_User.Messages.size(), 2U);
-    EXPECT_EQ(The_User.Messages[0].Text, "You modified the tillage flag. The crop rotation will be removed. Do you agree?");
+    EXPECT_EQ(The_User.Messages[0].Text,
+              "You modified the tillage flag. The crop rotation will be removed. Do you agree?");
     EXPECT_EQ(Rotation(), QStringList());
     Append("Maize");
     EXPECT_EQ(Date("til"), "30 APR 1");

@@ -1,9 +1,9 @@
 #include "scenario/forms/klima.h"
 
 #include "core/files.h"
-#include "ui/forms/widgets.h"
 #include "scenario/forms/klimagrafik.h"
 #include "temporary_directory.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <QApplication>
@@ -24,10 +24,11 @@ class Klima_Test : public Window_Test {
 protected:
     Klima_Test()
     {
-        The_Session.Climate = {"Demo",
-                          {{.Cli_Day = "01", .Cli_Month = "02", .Cli_Year = "81", .Cli_Rain = 1.256, .Cli_Temp_14 = -3},
-                           {.Cli_Day = "02", .Cli_Month = "02", .Cli_Year = "81", .Cli_Temp_14 = 4},
-                           {.Cli_Day = "  ", .Cli_Month = "  ", .Cli_Year = "  "}}};
+        The_Session.Climate = {
+            "Demo",
+            {{.Cli_Day = "01", .Cli_Month = "02", .Cli_Year = "81", .Cli_Rain = 1.256, .Cli_Temp_14 = -3},
+             {.Cli_Day = "02", .Cli_Month = "02", .Cli_Year = "81", .Cli_Temp_14 = 4},
+             {.Cli_Day = "  ", .Cli_Month = "  ", .Cli_Year = "  "}}};
         The_Session.Program.PSM_File = "C_01.cli";
     }
 
@@ -44,7 +45,8 @@ protected:
     void Go_To(int row, int column)
     {
         Grid->scrollTo(Grid->model()->index(row, column));
-        QTest::mouseClick(Grid->viewport(), Qt::LeftButton, {}, Grid->visualRect(Grid->model()->index(row, column)).center());
+        QTest::mouseClick(Grid->viewport(), Qt::LeftButton, {},
+                          Grid->visualRect(Grid->model()->index(row, column)).center());
     }
 
     Temporary_Directory Place;
@@ -52,8 +54,11 @@ protected:
     QTableView* Grid = nullptr;
 };
 
-const Message Exit_Question{
-    "Saving Input File", "Parameters were changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No};
+const Message Exit_Question{"Saving Input File",
+                            "Parameters were changed. Do you want to exit without saving ?",
+                            Icon::Question,
+                            {Button::Yes, Button::No},
+                            Button::No};
 
 // Saves under a name in the dialog that opens next.
 void Save_In_Dialog(const QString& file, QString& caption)
@@ -173,7 +178,8 @@ TEST_F(Klima_Test, Copies_And_Pastes_A_Block)
 {
     Open();
     Go_To(0, Rain);
-    Grid->selectionModel()->select(QItemSelection(Grid->model()->index(0, Rain), Grid->model()->index(1, Rain + 1)), QItemSelectionModel::ClearAndSelect);
+    Grid->selectionModel()->select(QItemSelection(Grid->model()->index(0, Rain), Grid->model()->index(1, Rain + 1)),
+                                   QItemSelectionModel::ClearAndSelect);
 
     QTest::keyClick(Grid, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "1.26\t0.00\n0.00\t0.00\n");

@@ -1,7 +1,6 @@
 // From the forms to the real engine's output: what a user enters by hand is what is simulated.
 #include "core/files.h"
-#include "ui/forms/number_grid.h"
-#include "ui/forms/widgets.h"
+#include "documents/documents.h"
 #include "files/climate_file.h"
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
@@ -9,8 +8,9 @@
 #include "runs/start_up.h"
 #include "scenario/forms/klima.h"
 #include "scenario/forms/szenario.h"
-#include "documents/documents.h"
 #include "temporary_directory.h"
+#include "ui/forms/number_grid.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <cstdlib>
@@ -77,11 +77,13 @@ protected:
         Choose_Option(editor, "Button_Delxflg_1");
         Click<QPushButton>(editor, "Label_wat"); // monthly becomes yearly
         QTest::keyClick(Find<QComboBox>(editor, "Combo_et"), Qt::Key_Home);
-        for (const auto& [box, text] : std::map<QString, QString>{{"Text_tit", "Made by hand"}, {"Text_cor", "120"}, {"Text_num", "48"}, {"Text_nhor", "2"}})
+        for (const auto& [box, text] : std::map<QString, QString>{
+                 {"Text_tit", "Made by hand"}, {"Text_cor", "120"}, {"Text_num", "48"}, {"Text_nhor", "2"}})
             Retype(editor, box, text);
         In_Modal([](QWidget& form) {
             auto* grid = Find<Number_Grid>(form, "Grid_nhor");
-            const char* cells[2][6] = {{"30", "1.5", "5", "0.29", "0.29", "0.06"}, {"90", "1.6", "5", "0.23", "0.23", "0.04"}};
+            const char* cells[2][6] = {{"30", "1.5", "5", "0.29", "0.29", "0.06"},
+                                       {"90", "1.6", "5", "0.23", "0.23", "0.04"}};
             for (int row = 0; row < 2; ++row) {
                 for (int column = 0; column < 6; ++column)
                     Type_Over(*grid, row, column + 1, cells[row][column]);
@@ -147,13 +149,17 @@ TEST_F(Scenario_By_Hand, Two_Crops_Saved_As_An_Individual_File_Are_Simulated_As_
     Click<QPushButton>(form, "s_run");
     ASSERT_TRUE(The_User.Messages.empty()) << The_User.Messages[0].Text;
     const auto run = Installation() / "focus/demo_D.run/Individual_-_crop.run/Hamburg_-_(H).run";
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !Job_Running(The_Session, Mode_Of(Mode_Kind::Focus)) && fs::exists(run / "echo.orv"); }, Most_Waiting));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return !Job_Running(The_Session, Mode_Of(Mode_Kind::Focus)) && fs::exists(run / "echo.orv"); },
+        Most_Waiting));
 
     const std::string echo = Read_Whole(run / "echo.orv");
     EXPECT_NE(echo.find("*** SIMULATION COMPLETED ***"), std::string::npos);
     EXPECT_NE(echo.find(" Made by hand\r\n"), std::string::npos);
-    // Emergence, maturation, senescence, harvest, crop row: the dates of input.dat, the second crop a year later, and both again.
-    EXPECT_NE(echo.find("\r\n  5.5.1  30.7.1  1.9.1  20.9.1  14\r\n  10.5.2  20.7.2  31.8.2  15.9.2  3\r\n  5.5.3  30.7.3  1.9.3  20.9.3  14\r\n"),
+    // Emergence, maturation, senescence, harvest, crop row: the dates of input.dat, the second crop a year later, and
+    // both again.
+    EXPECT_NE(echo.find("\r\n  5.5.1  30.7.1  1.9.1  20.9.1  14\r\n  10.5.2  20.7.2  31.8.2  15.9.2  3\r\n  5.5.3  "
+                        "30.7.3  1.9.3  20.9.3  14\r\n"),
               std::string::npos)
         << echo.substr(echo.find(" ROTATION"), 400);
 }
@@ -185,12 +191,15 @@ TEST_F(Scenario_By_Hand, A_Climate_File_Edited_In_The_Grid_Reaches_The_Run)
 
     Click<QPushButton>(form, "Command4");
     ASSERT_TRUE(The_User.Messages.empty()) << The_User.Messages[0].Text;
-    ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(Installation() / "echo.orv") && !State_Of_Single_Run(Installation(), 1).Running; }, Most_Waiting));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return fs::exists(Installation() / "echo.orv") && !State_Of_Single_Run(Installation(), 1).Running; },
+        Most_Waiting));
 
     const std::string echo = Read_Whole(Installation() / "echo.orv");
     EXPECT_NE(echo.find("wet.cli   Rain by hand\r\n"), std::string::npos);
-    EXPECT_NEAR(Precipitation_Of_The_First_Year(*Find_File(Installation(), "Wasser.orv")), other_days + 7.5, 0.005 * 365); // the grid shows two decimals
-    EXPECT_GT(std::abs(before.Rows[9].Cli_Rain - 7.5), 0.005 * 365);                                                       // the change is more than that
+    EXPECT_NEAR(Precipitation_Of_The_First_Year(*Find_File(Installation(), "Wasser.orv")), other_days + 7.5,
+                0.005 * 365);                                        // the grid shows two decimals
+    EXPECT_GT(std::abs(before.Rows[9].Cli_Rain - 7.5), 0.005 * 365); // the change is more than that
 }
 
 } // namespace

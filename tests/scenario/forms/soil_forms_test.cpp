@@ -1,10 +1,10 @@
-#include "ui/forms/number_grid.h"
-#include "ui/forms/widgets.h"
 #include "scenario/forms/form_eros.h"
 #include "scenario/forms/form_soil_hor.h"
 #include "scenario/forms/macro.h"
 #include "scenario/forms/soil_profile.h"
 #include "scenario/forms/szenario.h"
+#include "ui/forms/number_grid.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <QCheckBox>
@@ -39,7 +39,10 @@ protected:
 
     Number_Grid* Grid(const QWidget& form) { return Find<Number_Grid>(form, "Grid_nhor"); }
 
-    std::string Cell(const QWidget& form, int row, int column) { return Bytes_Of(Grid(form)->model()->index(row, column).data().toString()); }
+    std::string Cell(const QWidget& form, int row, int column)
+    {
+        return Bytes_Of(Grid(form)->model()->index(row, column).data().toString());
+    }
 
     // Goes to a cell by a click and types another text over it.
     void Type(const QWidget& form, int row, int column, const QString& text)
@@ -94,7 +97,8 @@ TEST_F(Soil_Forms_Test, A_Wilting_Point_Above_Field_Capacity_Is_Refused_And_An_E
     Type(form, 1, Wilting, "0.4");
 
     Click<QPushButton>(form, "Command2");
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data Check", "Horizon 2: Wilting point must not exceed field capacity"})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data Check", "Horizon 2: Wilting point must not exceed field capacity"})});
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(Grid(form)->currentIndex(), Grid(form)->model()->index(1, Wilting));
     EXPECT_EQ(The_Session.Scenario.Horizons[1].SZE_Hor_WP.Number(), 0.1);
@@ -122,7 +126,8 @@ TEST_F(Soil_Forms_Test, A_Click_Into_The_Profile_Goes_To_The_Horizon)
     form.show();
     auto* profile = Find<Profile_View>(form, "Profile");
 
-    QTest::mouseClick(profile, Qt::LeftButton, {}, QPoint(profile->width() / 2, profile->height() * 3 / 4)); // the lower half
+    QTest::mouseClick(profile, Qt::LeftButton, {},
+                      QPoint(profile->width() / 2, profile->height() * 3 / 4)); // the lower half
 
     EXPECT_EQ(Grid(form)->currentIndex().row(), 1);
 }

@@ -24,8 +24,9 @@ TEST(andere_Standorte, Offers_The_Nine_Locations_And_Selects_Those_Of_The_List)
 {
     andere_Standorte form(Location_Kind::Leaching, {" User specific", "Sevilla (S)", "Elsewhere", "Hamburg (H)"});
 
-    EXPECT_EQ(Offered(form), (QStringList{QString::fromUtf8("Châteaudun (C)"), "Hamburg (H)", "Jokioinen (J)", QString::fromUtf8("Kremsmünster (K)"),
-                                          "Okehampton (N)", "Piacenza (P)", "Porto (O)", "Sevilla (S)", "Thiva (T)"}));
+    EXPECT_EQ(Offered(form), (QStringList{QString::fromUtf8("Châteaudun (C)"), "Hamburg (H)", "Jokioinen (J)",
+                                          QString::fromUtf8("Kremsmünster (K)"), "Okehampton (N)", "Piacenza (P)",
+                                          "Porto (O)", "Sevilla (S)", "Thiva (T)"}));
     EXPECT_EQ(form.Loc_Selected(), (Names{"Hamburg (H)", "Sevilla (S)"}));
     EXPECT_EQ(form.Loc_Available().size(), 9U);
     EXPECT_EQ(form.Loc_Available()[0], "Ch\xE2teaudun (C)"); // in the documents' code page
@@ -47,8 +48,9 @@ TEST(andere_Standorte_soil, Offers_The_Zones_Of_A_Crop_And_Keeps_The_Selection_W
     andere_Standorte form(Location_Kind::Soil, {"Total content - North (T_N)"});
     form.show();
     EXPECT_EQ(Offered(form),
-              (QStringList{"Total content - North (T_N)", "Total content - Central (T_C)", "Total content - South (T_S)",
-                           "Porewater concentration - North (P_N)", "Porewater concentration - Central (P_C)", "Porewater concentration - South (P_S)"}));
+              (QStringList{"Total content - North (T_N)", "Total content - Central (T_C)",
+                           "Total content - South (T_S)", "Porewater concentration - North (P_N)",
+                           "Porewater concentration - Central (P_C)", "Porewater concentration - South (P_S)"}));
     Choose(form, "Location", "Total content - North (T_N)");
     Choose(form, "Location", "Total content - South (T_S)");
 

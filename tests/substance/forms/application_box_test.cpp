@@ -1,9 +1,9 @@
 // The applications in the form of the active substance.
-#include "ui/forms/number_grid.h"
-#include "ui/forms/widgets.h"
 #include "substance/application_year.h"
 #include "substance/forms/form_as.h"
 #include "substance/pesticide_editor.h"
+#include "ui/forms/number_grid.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <QLabel>
@@ -49,8 +49,14 @@ protected:
     QString Focused() { return Form->focusWidget() ? Form->focusWidget()->objectName() : QString(); }
     void Press(const QString& name) { Click<QAbstractButton>(*Form, name); }
     void Done() { Press("Command_ok1"); }
-    int Count(int location) const { return static_cast<int>(Document.App_Count[static_cast<std::size_t>(location)].Number()); }
-    const Application& At(int location, int a) const { return Document.Applications[static_cast<std::size_t>(location)][static_cast<std::size_t>(a)]; }
+    int Count(int location) const
+    {
+        return static_cast<int>(Document.App_Count[static_cast<std::size_t>(location)].Number());
+    }
+    const Application& At(int location, int a) const
+    {
+        return Document.Applications[static_cast<std::size_t>(location)][static_cast<std::size_t>(a)];
+    }
 
     Pesticide_Document& Document = The_Session.Pesticide;
     std::unique_ptr<Form_AS> Form;
@@ -67,8 +73,10 @@ TEST_F(Application_Box_Test, Opens_At_The_First_Location_With_The_Pattern_Found_
     EXPECT_EQ(Item("App_Modus"), "Irregular");
     EXPECT_EQ(Text("Text_naps"), "26");
     EXPECT_TRUE(Visible("Hinweis"));
-    EXPECT_EQ(Label("Hinweis"), "As long as the selected \napplication mode is irregular, \nyou have to enter the \napplication data manually!");
-    for (const char* name : {"Rate", "App_Tag", "App_Monat", "Tiefe", "mehr_Applikationen_im_Jahr", "previous_next", "Applikationen_pro_Jahr"})
+    EXPECT_EQ(Label("Hinweis"), "As long as the selected \napplication mode is irregular, \nyou have to enter the "
+                                "\napplication data manually!");
+    for (const char* name : {"Rate", "App_Tag", "App_Monat", "Tiefe", "mehr_Applikationen_im_Jahr", "previous_next",
+                             "Applikationen_pro_Jahr"})
         EXPECT_FALSE(Visible(name)) << name;
 }
 
@@ -284,7 +292,8 @@ TEST_F(Application_Box_Test, An_Error_Of_The_Sequence_Shows_The_Location_And_Tel
     Done();
 
     // In the first year the application of 20 March stands before that of 2 January.
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data check", "Error in application sequence (20.3.01, location: Piacenza (P))"})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data check", "Error in application sequence (20.3.01, location: Piacenza (P))"})});
     EXPECT_TRUE(Form->isVisible());
     EXPECT_EQ(Item("Standort"), "Piacenza (P)");
     EXPECT_EQ(Focused(), "App_Tag");
@@ -301,7 +310,8 @@ TEST_F(Application_Box_Test, A_Month_Behind_December_Reaches_The_Check_Of_The_Se
     Done();
 
     // Day 1 of month 13 counts as day 1 of the year.
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data check", "Error in application sequence (28.12.01, location: Hamburg (H))"})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data check", "Error in application sequence (28.12.01, location: Hamburg (H))"})});
 }
 
 TEST_F(Application_Box_Test, A_Year_Above_89_Is_An_Error_Of_The_Sequence_And_Leads_To_The_Grid)
@@ -313,7 +323,8 @@ TEST_F(Application_Box_Test, A_Year_Above_89_Is_An_Error_Of_The_Sequence_And_Lea
 
     Done();
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data check", "Error in application sequence (1.1.89, location: Hamburg (H))"})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data check", "Error in application sequence (1.1.89, location: Hamburg (H))"})});
     EXPECT_TRUE(Form->isVisible());
     EXPECT_EQ(Focused(), "S_Anwendung"); // the day is hidden in an irregular list
 }
@@ -332,8 +343,9 @@ TEST_F(Application_Box_Test, Relative_Dates_Hold_For_All_Locations_And_Keep_The_
     EXPECT_FALSE(Enabled("Standort"));
     EXPECT_EQ(Item("App_Modus"), "Every Year");
     EXPECT_EQ(Label("label_Tag_rel"), "1st application:");
-    EXPECT_EQ(Items("Bezugspunkt"), (QStringList{"1st emergence in the year", "1st maturation in the year", "1st harvest in the year",
-                                                 "2nd emergence in the year", "2nd maturation in the year", "2nd harvest in the year"}));
+    EXPECT_EQ(Items("Bezugspunkt"),
+              (QStringList{"1st emergence in the year", "1st maturation in the year", "1st harvest in the year",
+                           "2nd emergence in the year", "2nd maturation in the year", "2nd harvest in the year"}));
 }
 
 TEST_F(Application_Box_Test, Relative_Days_Rise_Within_The_Year_And_The_Reference_Point_Is_That_Of_One_Application)
@@ -379,7 +391,8 @@ TEST_F(Application_Box_Test, An_Error_Of_The_Relative_Sequence_Tells_The_Number_
 
     Done();
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data check", "Error in application sequence (application no. 2)"})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data check", "Error in application sequence (application no. 2)"})});
     EXPECT_EQ(Focused(), "Tage");
     EXPECT_TRUE(Form->isVisible());
 }
@@ -433,7 +446,8 @@ TEST_F(Application_Box_Test, A_Location_For_Which_The_Document_Has_No_Room_Is_To
     });
     Press("neue_Standort");
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data check", "No more than 9 locations are possible. Not added:\r\nThiva (T)"})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data check", "No more than 9 locations are possible. Not added:\r\nThiva (T)"})});
     EXPECT_EQ(Items("Standort").size(), 10);
 }
 

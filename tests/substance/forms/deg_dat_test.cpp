@@ -22,7 +22,10 @@ protected:
         QApplication::setActiveWindow(Form.get());
     }
 
-    Degradation_Row& Row(int i, int j) { return The_Session.Pesticide.Degradation[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)]; }
+    Degradation_Row& Row(int i, int j)
+    {
+        return The_Session.Pesticide.Degradation[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)];
+    }
     QString Text(const QString& name) { return Find<QLineEdit>(*Form, name)->text(); }
     bool Enabled(const QString& name) { return Find<QWidget>(*Form, name)->isEnabled(); }
     bool Chosen(const QString& name) { return Find<QRadioButton>(*Form, name)->isChecked(); }

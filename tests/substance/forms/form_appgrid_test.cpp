@@ -126,7 +126,9 @@ TEST_F(Form_appgrid_Test, A_Missing_Value_Is_Refused_And_Its_Cell_Gets_The_Focus
 
         Click<QPushButton>(*Form, "CommandOK");
 
-        EXPECT_EQ(The_User.Messages, std::vector{(Message{"Application Value Check", "Application 2 - " + std::string(name) + " -  has no value."})});
+        EXPECT_EQ(The_User.Messages,
+                  std::vector{(Message{"Application Value Check",
+                                       "Application 2 - " + std::string(name) + " -  has no value."})});
         EXPECT_TRUE(Form->isVisible());
         EXPECT_EQ(Current(), std::pair(1, column));
         EXPECT_EQ(Form->focusWidget(), &Grid());
@@ -142,8 +144,10 @@ TEST_F(Form_appgrid_Test, Two_Applications_On_The_Same_Day_Are_Refused)
 
     Click<QPushButton>(*Form, "CommandOK");
 
-    EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{"Application Date Check", "Application dates must be in chronological order.\r\n     Check Application 2 and 3."})});
+    EXPECT_EQ(
+        The_User.Messages,
+        std::vector{(Message{"Application Date Check",
+                             "Application dates must be in chronological order.\r\n     Check Application 2 and 3."})});
     EXPECT_EQ(Current(), std::pair(2, 1));
     EXPECT_EQ(At(3).App_Year, 3);
 }

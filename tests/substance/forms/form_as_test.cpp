@@ -1,8 +1,8 @@
 #include "substance/forms/form_as.h"
 
-#include "ui/forms/widgets.h"
 #include "substance/horizon_table.h"
 #include "substance/pesticide_editor.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <QCheckBox>
@@ -195,7 +195,8 @@ TEST_F(Form_AS_Test, Temperatures_That_Are_Equal_Part_By_Ten_Degrees_And_Show_So
     Done();
 
     EXPECT_TRUE(Form->isVisible());
-    EXPECT_EQ(Texts({"S_Temperatur_0", "S_Temperatur_1", "Text_vol2_0", "Text_vol2_1"}), (QStringList{"20", "30", "10", "12"}));
+    EXPECT_EQ(Texts({"S_Temperatur_0", "S_Temperatur_1", "Text_vol2_0", "Text_vol2_1"}),
+              (QStringList{"20", "30", "10", "12"}));
 }
 
 TEST_F(Form_AS_Test, A_Value_That_Was_Not_Typed_Keeps_The_Digits_That_Its_Scientific_Text_Lacks)

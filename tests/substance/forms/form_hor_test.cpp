@@ -1,7 +1,7 @@
 #include "substance/forms/form_hor.h"
 
-#include "ui/forms/number_grid.h"
 #include "substance/horizon_table.h"
+#include "ui/forms/number_grid.h"
 #include "window_test.h"
 
 #include <QHeaderView>
@@ -45,7 +45,11 @@ protected:
             cells << Model().index(row, column).data().toString();
         return cells;
     }
-    void Click_Cell(int row, int column) { QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, Grid().visualRect(Model().index(row, column)).center()); }
+    void Click_Cell(int row, int column)
+    {
+        QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {},
+                          Grid().visualRect(Model().index(row, column)).center());
+    }
     // Clears a cell by the delete key and types into it.
     void Type(int row, int column, const QString& text)
     {
@@ -66,7 +70,8 @@ TEST_F(Form_hor_Test, Shows_A_Row_A_Horizon_With_The_Targets_Of_The_Active_Subst
     Open(1);
 
     EXPECT_EQ(Form->windowTitle(), "Depth Dependend Data");
-    EXPECT_EQ(Headers(), (QStringList{"Hor. Number", "[mL/g]", "Fr-Exponent", "MET. A1", "MET. B1", "MET. C1", "MET. D1", "CO2/B.RES."}));
+    EXPECT_EQ(Headers(), (QStringList{"Hor. Number", "[mL/g]", "Fr-Exponent", "MET. A1", "MET. B1", "MET. C1",
+                                      "MET. D1", "CO2/B.RES."}));
     EXPECT_EQ(Row(0), (QStringList{"Horizon 1", "0", "0.9", "1", "1", "1", "1", "1"}));
     EXPECT_EQ(Row(1), (QStringList{"Horizon 2", "1.25", "0.9", "1", "1", "1", "1", "0.3"}));
 }
@@ -91,7 +96,9 @@ TEST_F(Form_hor_Test, The_Headings_Stand_Over_Their_Columns)
     Open(1);
 
     const auto* columns = Grid().horizontalHeader();
-    const auto left = [&](int column) { return columns->mapToGlobal(QPoint(columns->sectionViewportPosition(column), 0)).x(); };
+    const auto left = [&](int column) {
+        return columns->mapToGlobal(QPoint(columns->sectionViewportPosition(column), 0)).x();
+    };
     EXPECT_EQ(Find<QLabel>(*Form, "Label_Kf")->mapToGlobal(QPoint()).x(), left(1));
     EXPECT_EQ(Find<QLabel>(*Form, "Label_Factors")->mapToGlobal(QPoint()).x(), left(3));
     EXPECT_EQ(Find<QLabel>(*Form, "Label_Factors")->text(), "Transformation Factors for Degradation to");

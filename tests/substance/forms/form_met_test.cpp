@@ -1,8 +1,8 @@
 #include "substance/forms/form_met.h"
 
-#include "ui/forms/widgets.h"
 #include "substance/horizon_table.h"
 #include "substance/pathway.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <QCheckBox>
@@ -56,7 +56,8 @@ TEST_F(Form_MET_Test, Shows_The_Fields_Of_Its_Substance)
 
     EXPECT_EQ(Form->windowTitle(), "Metabolite C1");
     QStringList texts;
-    for (const char* name : {"metcom", "Text_mol", "text_uptkf", "Text_koc0", "Text_koc1", "Text_koc4", "Text_koc5", "text_kdoc", "Text_KOC_MOI"})
+    for (const char* name : {"metcom", "Text_mol", "text_uptkf", "Text_koc0", "Text_koc1", "Text_koc4", "Text_koc5",
+                             "text_kdoc", "Text_KOC_MOI"})
         texts << Text(name);
     EXPECT_EQ(texts, (QStringList{"Acid", "211.5", "0.4", "12", "0.85", "0.02", "3", "4", "5"}));
     EXPECT_TRUE(Chosen("tiefenabhaengig_1"));
@@ -71,8 +72,8 @@ TEST_F(Form_MET_Test, Carries_The_Default_Name_Of_Each_Metabolite_In_Its_Caption
         Open(i);
         captions << Form->windowTitle();
     }
-    EXPECT_EQ(captions, (QStringList{"Metabolite A1", "Metabolite B1", "Metabolite C1", "Metabolite D1", "Metabolite A2", "Metabolite B2", "Metabolite C2",
-                                     "Metabolite D2"}));
+    EXPECT_EQ(captions, (QStringList{"Metabolite A1", "Metabolite B1", "Metabolite C1", "Metabolite D1",
+                                     "Metabolite A2", "Metabolite B2", "Metabolite C2", "Metabolite D2"}));
 }
 
 TEST_F(Form_MET_Test, Done_Stores_What_Was_Typed_In_The_Fields_Of_Its_Substance_Alone)
@@ -130,7 +131,8 @@ TEST_F(Form_MET_Test, A_Field_Tells_At_Once_What_Is_Read_From_A_Comma)
     Open(2);
     Retype(*Form, "Text_koc0", "1,5");
 
-    EXPECT_EQ(Find<QLineEdit>(*Form, "Text_koc0")->toolTip(), Find<QLineEdit>(*Form, "Text_koc0")->accessibleDescription());
+    EXPECT_EQ(Find<QLineEdit>(*Form, "Text_koc0")->toolTip(),
+              Find<QLineEdit>(*Form, "Text_koc0")->accessibleDescription());
     EXPECT_FALSE(Find<QLineEdit>(*Form, "Text_koc0")->toolTip().isEmpty());
     Done();
     EXPECT_EQ(Document.Koc[2].Number(), 1);

@@ -1,11 +1,11 @@
 #include "substance/forms/form_psm_1.h"
 
 #include "core/files.h"
-#include "ui/forms/widgets.h"
 #include "small_installation.h"
 #include "substance/forms/pathway_geometry.h"
 #include "substance/forms/pathway_view.h"
 #include "substance/pathway_picture.h"
+#include "ui/forms/widgets.h"
 #include "window_test.h"
 
 #include <QAbstractButton>
@@ -28,7 +28,10 @@ protected:
         Form->show();
     }
 
-    void Rate(int i, int row, double rate) { The_Session.Pesticide.Degradation[static_cast<std::size_t>(i)][static_cast<std::size_t>(row)].Deg_Rate = rate; }
+    void Rate(int i, int row, double rate)
+    {
+        The_Session.Pesticide.Degradation[static_cast<std::size_t>(i)][static_cast<std::size_t>(row)].Deg_Rate = rate;
+    }
 
     QString Caption(const QString& name) { return Find<QAbstractButton>(*Form, name)->text(); }
     QString Tip(const QString& name) { return Find<QAbstractButton>(*Form, name)->toolTip(); }
@@ -252,18 +255,21 @@ TEST_F(Form_PSM_1_Test, Copies_The_Scheme_As_A_Picture_On_Paper_In_A_Dark_Window
     const auto at = [&image](QPointF of_drawing) { return image.pixelColor((of_drawing * 2).toPoint()); };
     EXPECT_EQ(image.size(), (Drawing_Size * 2).toSize());
     EXPECT_EQ(at({2, 2}), QColor(Qt::white));
-    const auto present = Look_Of_Box(The_Session.Pesticide, 1).Back, absent = Look_Of_Box(The_Session.Pesticide, 9).Back;
+    const auto present = Look_Of_Box(The_Session.Pesticide, 1).Back,
+               absent = Look_Of_Box(The_Session.Pesticide, 9).Back;
     EXPECT_EQ(at(Box_Of_Substance(1).topLeft() + QPointF(15, 10)), QColor(present.Red, present.Green, present.Blue));
     EXPECT_EQ(at(Box_Of_Substance(9).topLeft() + QPointF(15, 10)), QColor(absent.Red, absent.Green, absent.Blue));
     const auto active = Look_Of_Arrow(The_Session.Pesticide, 1).Pen;
     EXPECT_EQ(at(Line_Of_Arrow(1).pointAt(0.5)), QColor(active.Red, active.Green, active.Blue));
-    EXPECT_LT(at(Line_Of_Arrow(29).pointAt(0.3)).lightness(), 128); // a thin line is black, not the light text of the window
+    EXPECT_LT(at(Line_Of_Arrow(29).pointAt(0.3)).lightness(),
+              128); // a thin line is black, not the light text of the window
 }
 
 TEST_F(Form_PSM_1_Test, Saves_The_Scheme_As_A_Picture_By_The_Ending_Of_The_File)
 {
     Open();
-    const std::pair<const char*, const char*> kinds[] = {{"a.png", "\x89PNG"}, {"a.svg", "<?xml"}, {"a.pdf", "%PDF"}, {"plain", "\x89PNG"}};
+    const std::pair<const char*, const char*> kinds[] = {
+        {"a.png", "\x89PNG"}, {"a.svg", "<?xml"}, {"a.pdf", "%PDF"}, {"plain", "\x89PNG"}};
     for (const auto& [name, begin] : kinds) {
         In_Modal([file = Place.Path() / name](QWidget& dialog) {
             auto* field = Find<QLineEdit>(dialog, "fileNameEdit");
@@ -288,7 +294,8 @@ TEST_F(Form_PSM_1_Test, Tells_A_Picture_That_Cannot_Be_Saved)
     });
     Click<QPushButton>(*Form, "Speichern");
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Save Picture", "A picture is saved as .png, .svg or .pdf, not as a.bmp."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Save Picture", "A picture is saved as .png, .svg or .pdf, not as a.bmp."})});
 }
 
 } // namespace orvel

@@ -23,13 +23,21 @@ protected:
         QApplication::setActiveWindow(Form.get());
     }
 
-    QStringList Texts() const { return {Find<QLineEdit>(*Form, "s_f_neq")->text(), Find<QLineEdit>(*Form, "s_kdes")->text()}; }
-    QStringList Captions() const { return {Find<QLabel>(*Form, "Bezeichnung_Anteil")->text(), Find<QLabel>(*Form, "Bezeichnung_Sorptionsrate")->text()}; }
+    QStringList Texts() const
+    {
+        return {Find<QLineEdit>(*Form, "s_f_neq")->text(), Find<QLineEdit>(*Form, "s_kdes")->text()};
+    }
+    QStringList Captions() const
+    {
+        return {Find<QLabel>(*Form, "Bezeichnung_Anteil")->text(),
+                Find<QLabel>(*Form, "Bezeichnung_Sorptionsrate")->text()};
+    }
     bool Chosen(const QString& name) const { return Find<QRadioButton>(*Form, name)->isChecked(); }
     QString Focused() const { return Form->focusWidget()->objectName(); }
     static Message Warning(const char* text) { return {"Wrong input parameter selection", text}; }
 
-    const Message Not_Zero = Warning("This fraction must be greater than 0."), Not_Negative = Warning("This fraction cannot be smaller than 0.");
+    const Message Not_Zero = Warning("This fraction must be greater than 0."),
+                  Not_Negative = Warning("This fraction cannot be smaller than 0.");
     std::unique_ptr<kin_Sorption> Form;
 };
 
@@ -48,11 +56,13 @@ TEST_F(kin_Sorption_Test, Turns_Both_Texts_Into_The_Other_Notation_And_Back)
 
     Choose_Option(*Form, "kin_Modell_1");
     EXPECT_EQ(Texts(), (QStringList{"0.5", "0.05"}));
-    EXPECT_EQ(Captions(), (QStringList{"STRECK fraction of eq.-sites to all-sites (f_eq):", "STRECK sorption rate 'alpha' (1/d):"}));
+    EXPECT_EQ(Captions(), (QStringList{"STRECK fraction of eq.-sites to all-sites (f_eq):",
+                                       "STRECK sorption rate 'alpha' (1/d):"}));
 
     Choose_Option(*Form, "kin_Modell_0");
     EXPECT_EQ(Texts(), (QStringList{"1", "0.1"}));
-    EXPECT_EQ(Captions(), (QStringList{"PEARL fraction of non-eq.-sites to eq.-sites (f_ne):", "PEARL desorption rate 'kd' (1/d):"}));
+    EXPECT_EQ(Captions(), (QStringList{"PEARL fraction of non-eq.-sites to eq.-sites (f_ne):",
+                                       "PEARL desorption rate 'kd' (1/d):"}));
 }
 
 TEST_F(kin_Sorption_Test, A_STRECK_Fraction_Of_1_Does_Not_Turn_Back_And_Changes_Its_Meaning)

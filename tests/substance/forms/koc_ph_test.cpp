@@ -26,7 +26,8 @@ protected:
     QStringList Visible() const
     {
         QStringList visible;
-        for (const auto* name : {"s_KOC", "s_pH", "Label3", "s_Dataset", "s_KOC2", "Label2", "s_pH2", "Label4", "s_pKa"}) {
+        for (const auto* name :
+             {"s_KOC", "s_pH", "Label3", "s_Dataset", "s_KOC2", "Label2", "s_pH2", "Label4", "s_pKa"}) {
             if (Find<QWidget>(*Form, name)->isVisible())
                 visible << name;
         }

@@ -28,15 +28,17 @@ TEST_F(Plant_App_Test, Shows_The_Defaults_Of_A_New_Document)
     Open();
 
     EXPECT_EQ(Form->windowTitle(), "Pesticide Fate on Crops");
-    const std::pair<const char*, const char*> fields[] = {{"S_plt_dk", "0.0693"}, {"S_plt_washoff", "0.5"}, {"S_plt_filtr", "0"}, {"S_plt_penet", "0.0693"},
-                                                          {"S_plt_photo", "0"},   {"S_RefRad", "500"},      {"S_dlam", "0.03"},   {"S_Hv", "98400"}};
+    const std::pair<const char*, const char*> fields[] = {
+        {"S_plt_dk", "0.0693"}, {"S_plt_washoff", "0.5"}, {"S_plt_filtr", "0"}, {"S_plt_penet", "0.0693"},
+        {"S_plt_photo", "0"},   {"S_RefRad", "500"},      {"S_dlam", "0.03"},   {"S_Hv", "98400"}};
     for (const auto& [name, text] : fields)
         EXPECT_EQ(Find<QLineEdit>(*Form, name)->text().toStdString(), text) << name;
 }
 
 TEST_F(Plant_App_Test, The_Filtration_Parameter_Shows_For_Exponential_Interception_Only)
 {
-    for (const auto method : {Application_Method::Soil, Application_Method::Linear, Application_Method::Exponential, Application_Method::Manually}) {
+    for (const auto method : {Application_Method::Soil, Application_Method::Linear, Application_Method::Exponential,
+                              Application_Method::Manually}) {
         Open(method);
         const bool exponential = method == Application_Method::Exponential;
         EXPECT_EQ(Find<QLineEdit>(*Form, "S_plt_filtr")->isVisible(), exponential);
@@ -47,7 +49,8 @@ TEST_F(Plant_App_Test, The_Filtration_Parameter_Shows_For_Exponential_Intercepti
 TEST_F(Plant_App_Test, OK_Stores_Each_Field_And_Marks_The_Document)
 {
     Open(Application_Method::Exponential);
-    const char* names[] = {"S_plt_dk", "S_plt_washoff", "S_plt_filtr", "S_plt_penet", "S_plt_photo", "S_RefRad", "S_dlam", "S_Hv"};
+    const char* names[] = {"S_plt_dk",    "S_plt_washoff", "S_plt_filtr", "S_plt_penet",
+                           "S_plt_photo", "S_RefRad",      "S_dlam",      "S_Hv"};
     for (int i = 0; i < 8; ++i)
         Retype(*Form, names[i], QString::number(i + 1));
 

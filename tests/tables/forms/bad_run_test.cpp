@@ -1,13 +1,13 @@
-#include "tables/forms/jahresbilanz.h"
-#include "tables/forms/jahresdiagramm.h"
 #include "core/files.h"
 #include "core/text.h"
-#include "tables/balance_tables.h"
 #include "evaluation/forms/analyse.h"
-#include "tables/forms/jahr_orv.h"
-#include "tables/forms/mass_balance.h"
 #include "evaluation/forms/simulationsliste.h"
 #include "report/forms/zusammenfassung_orv.h"
+#include "tables/balance_tables.h"
+#include "tables/forms/jahr_orv.h"
+#include "tables/forms/jahresbilanz.h"
+#include "tables/forms/jahresdiagramm.h"
+#include "tables/forms/mass_balance.h"
 #include "tables/leachate_run.h"
 #include "tables/leachate_tables.h"
 #include "window_test.h"
@@ -21,7 +21,8 @@
 
 namespace orvel {
 
-// Runs whose files are not what they should be: caches that somebody changed, directories that go away while they are shown.
+// Runs whose files are not what they should be: caches that somebody changed, directories that go away while they are
+// shown.
 
 namespace fs = std::filesystem;
 
@@ -120,7 +121,9 @@ TEST_P(Tampered_Cache, Is_Shown_As_It_Stands_And_Never_Overwritten)
     Show(diagram);
     Jahresbilanz chart(Run.Path(), {"Parent"}, The_Session.Ask);
     Show(chart);
-    Zusammenfassung_orv report(The_Session, Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_A", "Maize", {{"Hamburg (H)", Run.Path()}}});
+    Zusammenfassung_orv report(
+        The_Session,
+        Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_A", "Maize", {{"Hamburg (H)", Run.Path()}}});
     report.show();
     QTest::qWait(50);
     report.close();
@@ -129,7 +132,9 @@ TEST_P(Tampered_Cache, Is_Shown_As_It_Stands_And_Never_Overwritten)
         EXPECT_EQ(Read_Whole(Run / Caches[i]), changed[i]) << Caches[i];
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, Tampered_Cache, testing::Values("Empty", "Cut_In_The_Middle", "Without_Ends_Of_Lines", "With_Huge_Numbers", "Noise"),
+INSTANTIATE_TEST_SUITE_P(Each, Tampered_Cache,
+                         testing::Values("Empty", "Cut_In_The_Middle", "Without_Ends_Of_Lines", "With_Huge_Numbers",
+                                         "Noise"),
                          [](const auto& tampered) { return tampered.param; });
 
 TEST_F(Gone_Directory, Every_Button_Of_The_Browser_Is_Safe_And_Makes_Nothing_Anew)

@@ -1,8 +1,8 @@
 #include "charts/forms/chart_view.h"
+#include "core/files.h"
 #include "tables/forms/jahresbilanz.h"
 #include "tables/forms/jahresdiagramm.h"
 #include "tables/forms/taegliches_diagramm_neu.h"
-#include "core/files.h"
 #include "temporary_directory.h"
 #include "window_test.h"
 
@@ -26,8 +26,8 @@ protected:
         std::filesystem::create_directories(Place / "focus");
         The_Session.Program.App_Path = Place.Path();
         Write_Whole(Place / "focus/datum.dat", "1 1 1 1\r\n2 2 1 1\r\n3 3 1 1\r\n");
-        std::string plot =
-            "engine\r\n\r\nscenario\r\npesticide\r\n\r\nSoil\r\n    12     1     0\r\n            INFL\r\n               100.0\r\n           1.0\r\n";
+        std::string plot = "engine\r\n\r\nscenario\r\npesticide\r\n\r\nSoil\r\n    12     1     0\r\n            "
+                           "INFL\r\n               100.0\r\n           1.0\r\n";
         plot += "     1 01        0.0\r\n     1 24        1.0\r\n     2 24        3.0\r\n";
         Write_Whole(Place / "focus/plot.orv", plot);
     }
@@ -46,12 +46,16 @@ protected:
 std::string Period_File()
 {
     std::string text = "engine\r\nscenario\r\npesticide\r\nSoil\r\n";
-    for (const char* depth : {" in the percolate at 1 m soil depth", " in the percolate at the bottom of the simulated soil core"}) {
+    for (const char* depth :
+         {" in the percolate at 1 m soil depth", " in the percolate at the bottom of the simulated soil core"}) {
         text += " \r\n \r\n\tResults for Demo" + std::string(depth) +
-                "\r\n \r\n\t     Period \tPesticide Flux\t   Percolate\tPesticide Conc.\r\n\t\t(g/ha)\t(L/m)\t(ug/L)\r\n\t-----\r\n";
+                "\r\n \r\n\t     Period \tPesticide Flux\t   Percolate\tPesticide "
+                "Conc.\r\n\t\t(g/ha)\t(L/m)\t(ug/L)\r\n\t-----\r\n";
         for (int p = 1; p <= 20; ++p)
-            text += "\t" + std::to_string(p) + "       \t1.0000000   \t100.000     \t0." + std::to_string(100 + p) + "\r\n";
-        text += "\t-----\r\n\tTotal    \t20.0000     \t2000.00     \t1.000\r\n\t80 Perc.(17/16)\t2.0000000   \t200.000     \t0.117\r\n";
+            text +=
+                "\t" + std::to_string(p) + "       \t1.0000000   \t100.000     \t0." + std::to_string(100 + p) + "\r\n";
+        text += "\t-----\r\n\tTotal    \t20.0000     \t2000.00     \t1.000\r\n\t80 Perc.(17/16)\t2.0000000   \t200.000 "
+                "    \t0.117\r\n";
     }
     return text;
 }

@@ -70,13 +70,17 @@ TEST_F(Mass_Balance_Test, The_Months_Can_Be_Opened_Only_Where_The_Echo_Tells_Of_
 TEST_F(Mass_Balance_Test, By_Month_Opens_The_Monthly_Tables_Of_The_Same_Run)
 {
     const Leachate_Run run(With_Output("MNTH"));
-    Write_File(run / "Wasser.orv", Water_Block({.Kind = "MONTHLY", .Precipitation = "7.5000", .Irrigation = "0.5000", .Recharge = "2.00000"}) +
-                                       Water_Block({.Kind = "MONTHLY", .Precipitation = "4.0000", .Recharge = "1.50000"}) +
-                                       Water_Block({.Precipitation = "99.0000"}) + End_Of_Output());
     Write_File(
-        run / "chem.orv",
-        Chem_Block({.Kind = "MONTHLY", .Application = {{1, "5.00000E-01"}}, .Decay = "2.00000E-01", .Volatilization = "0.00000E+00", .Bottom = "1.00000E-01"}) +
-            Chem_Block({.Application = {{1, "9.90000E+01"}}}) + End_Of_Output());
+        run / "Wasser.orv",
+        Water_Block({.Kind = "MONTHLY", .Precipitation = "7.5000", .Irrigation = "0.5000", .Recharge = "2.00000"}) +
+            Water_Block({.Kind = "MONTHLY", .Precipitation = "4.0000", .Recharge = "1.50000"}) +
+            Water_Block({.Precipitation = "99.0000"}) + End_Of_Output());
+    Write_File(run / "chem.orv", Chem_Block({.Kind = "MONTHLY",
+                                             .Application = {{1, "5.00000E-01"}},
+                                             .Decay = "2.00000E-01",
+                                             .Volatilization = "0.00000E+00",
+                                             .Bottom = "1.00000E-01"}) +
+                                     Chem_Block({.Application = {{1, "9.90000E+01"}}}) + End_Of_Output());
     Open(run);
     QString name, caption, water, pesticide;
     QTimer::singleShot(0, [&] {
@@ -94,13 +98,16 @@ TEST_F(Mass_Balance_Test, By_Month_Opens_The_Monthly_Tables_Of_The_Same_Run)
     EXPECT_EQ(name, "Mass_Balance_USER");
     EXPECT_EQ(caption, "Table of Monthly Water Balance");
     // The rows of the two months and nothing of the year: storage is what is left of 75 + 5 - 20 and of 40 - 15 L/m2.
-    EXPECT_TRUE(water.endsWith("\tMonthly Water Balance (L/m²)\n\n"
-                               "\tMonth  \tPrecipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage\n"
-                               "\t1       \t75.0000  \t5.0000000\t0.00E+00 \t0.00E+00 \t20.0000  \t60.0000  \n"
-                               "\t2       \t40.0000  \t0.00E+00 \t0.00E+00 \t0.00E+00 \t15.0000  \t25.0000  \n"))
+    EXPECT_TRUE(
+        water.endsWith("\tMonthly Water Balance (L/m²)\n\n"
+                       "\tMonth  \tPrecipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage\n"
+                       "\t1       \t75.0000  \t5.0000000\t0.00E+00 \t0.00E+00 \t20.0000  \t60.0000  \n"
+                       "\t2       \t40.0000  \t0.00E+00 \t0.00E+00 \t0.00E+00 \t15.0000  \t25.0000  \n"))
         << water.toStdString();
     EXPECT_TRUE(pesticide.contains("\tMonthly Pesticide Balance (g/ha)\n")) << pesticide.toStdString();
-    EXPECT_TRUE(pesticide.contains("\t1       \t500.000  \t0.00E+00 \t0.00E+00 \t0.00E+00 \t200.000  \t100.000  \t200.000   \n")) << pesticide.toStdString();
+    EXPECT_TRUE(pesticide.contains(
+        "\t1       \t500.000  \t0.00E+00 \t0.00E+00 \t0.00E+00 \t200.000  \t100.000  \t200.000   \n"))
+        << pesticide.toStdString();
     EXPECT_FALSE(pesticide.contains("\t2   ")) << pesticide.toStdString();
     EXPECT_TRUE(std::filesystem::exists(run / "MBalance_M.orv"));
     EXPECT_TRUE(std::filesystem::exists(run / "PBalance_M.orv"));

@@ -20,9 +20,11 @@ protected:
     {
         std::vector<std::string> values;
         for (int layer = 1; layer <= 20; ++layer)
-            values.push_back(layer < 10 ? "0." + std::to_string(layer) : std::to_string(layer / 10) + "." + std::to_string(layer % 10));
+            values.push_back(layer < 10 ? "0." + std::to_string(layer)
+                                        : std::to_string(layer / 10) + "." + std::to_string(layer % 10));
         Write_File(Place / "echo.orv", Echo_File());
-        Write_File(Place / "plot.orv", Plot_Head_Of(20, 20) + Plot_Line(2190, 24, values) + Plot_Line(2191, 24, values) + Plot_Line(2192, 24, values));
+        Write_File(Place / "plot.orv", Plot_Head_Of(20, 20) + Plot_Line(2190, 24, values) +
+                                           Plot_Line(2191, 24, values) + Plot_Line(2192, 24, values));
     }
 
     void Open(int depth)
@@ -46,7 +48,8 @@ TEST_F(PECsoil_Test, Shows_The_Mean_Of_The_Chosen_Layers_And_Keeps_It_By_The_Dep
 
     EXPECT_EQ(Form->windowTitle(), "Table of actual and time weighted average concentrations in soil");
     EXPECT_TRUE(Text().contains("PEC(mg/kg)"));
-    // The layers are 0.1, 0.2, 0.3 on both days. A longer window begins in the warm-up, whose days count as zeros: 0.4 over its days.
+    // The layers are 0.1, 0.2, 0.3 on both days. A longer window begins in the warm-up, whose days count as zeros: 0.4
+    // over its days.
     EXPECT_TRUE(Text().endsWith("            \t0.2000000   \t0 January 7\n"
                                 "1           \t0.2000000   \t0 January 7\n"
                                 "2           \t0.2000000   \t0 January 7\n"

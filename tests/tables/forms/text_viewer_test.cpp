@@ -1,8 +1,8 @@
 #include "tables/forms/text_viewer.h"
 
 #include "core/files.h"
-#include "ui/shown_file.h"
 #include "temporary_directory.h"
+#include "ui/shown_file.h"
 #include "window_test.h"
 
 #include <QApplication>
@@ -140,7 +140,8 @@ TEST_F(Text_Viewer_Test, A_Character_That_The_File_Cannot_Hold_Is_Told_And_Marke
 
     Click<QPushButton>(*Form, "Save");
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Saving Input File", "The file cannot hold the character that is marked."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Saving Input File", "The file cannot hold the character that is marked."})});
     EXPECT_EQ(Text(*Form).textCursor().selectedText(), QString::fromUtf8("Ω"));
     EXPECT_EQ(Read_Whole(File), "text\r\n");
 }
@@ -167,11 +168,12 @@ TEST_F(Text_Viewer_Test, A_File_That_Was_Changed_Meanwhile_Is_Replaced_Only_If_T
 
     Click<QPushButton>(*Form, "Save");
     EXPECT_EQ(Read_Whole(File), "other\r\n");
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Saving Input File",
-                                                      "The file was changed by another program since it was opened. Replace?",
-                                                      Icon::Question,
-                                                      {Button::Yes, Button::No},
-                                                      Button::No})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Saving Input File",
+                                   "The file was changed by another program since it was opened. Replace?",
+                                   Icon::Question,
+                                   {Button::Yes, Button::No},
+                                   Button::No})});
 
     The_User.Answers = {Button::Yes};
     Click<QPushButton>(*Form, "Save");
@@ -185,9 +187,11 @@ TEST_F(Text_Viewer_Test, An_Edited_Text_Is_Not_Given_Up_Without_A_Question)
 
     Click<QPushButton>(*Form, "Done");
     EXPECT_TRUE(Form->isVisible());
-    EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{
-                  "Saving Input File", "The text was changed. Do you want to exit without saving ?", Icon::Question, {Button::Yes, Button::No}, Button::No})});
+    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Saving Input File",
+                                                      "The text was changed. Do you want to exit without saving ?",
+                                                      Icon::Question,
+                                                      {Button::Yes, Button::No},
+                                                      Button::No})});
 
     The_User.Answers = {Button::Yes};
     QTest::keyClick(Form.get(), Qt::Key_Escape);

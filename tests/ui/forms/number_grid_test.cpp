@@ -18,8 +18,9 @@ protected:
     Number_Grid_Test()
     {
         Model = new Text_Grid_Model(&Window);
-        Model->Show({{"Horizon", false}, {"Thickness      [cm]"}, {"pH"}, {"Soil", true, {"clay", "sand", "silt"}}},
-                    {{"Horizon 1", "30", "7.5", "sand"}, {"Horizon 2", "40", "", "clay"}, {"Horizon 3", "50", "6", "clay"}});
+        Model->Show(
+            {{"Horizon", false}, {"Thickness      [cm]"}, {"pH"}, {"Soil", true, {"clay", "sand", "silt"}}},
+            {{"Horizon 1", "30", "7.5", "sand"}, {"Horizon 2", "40", "", "clay"}, {"Horizon 3", "50", "6", "clay"}});
         Grid = new Number_Grid(Model, Number_Grid_Rule, The_Session.Ask, "Horizons");
         auto* all = new QVBoxLayout(&Window);
         all->addWidget(Grid);
@@ -131,7 +132,8 @@ TEST_F(Number_Grid_Test, A_Block_That_Cannot_Be_Pasted_Is_Told_And_Changes_Nothi
 
     Command(Qt::Key_V);
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data Check", "\"loam\" cannot stand in this column. Nothing was pasted."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data Check", "\"loam\" cannot stand in this column. Nothing was pasted."})});
     EXPECT_EQ(Cell(0, 1), "30");
 }
 
@@ -149,7 +151,8 @@ TEST_F(Number_Grid_Test, A_Whole_Table_Comes_Back_From_A_Spreadsheet_With_Its_Ti
 {
     Grid->selectAll();
     Command(Qt::Key_C);
-    QApplication::clipboard()->setText(QApplication::clipboard()->text().replace("40", "45").replace("Horizon", "Layer"));
+    QApplication::clipboard()->setText(
+        QApplication::clipboard()->text().replace("40", "45").replace("Horizon", "Layer"));
 
     Command(Qt::Key_V);
 

@@ -1,8 +1,8 @@
 #include "ui/forms/text_output.h"
 
 #include "core/files.h"
-#include "ui/forms/widgets.h"
 #include "temporary_directory.h"
+#include "ui/forms/widgets.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>
@@ -25,7 +25,8 @@ TEST(Ask_In_Box, Shows_The_Message_And_Returns_The_Button_Pressed)
         QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
     });
 
-    const Button pressed = Ask_In_Box({"Saving Input File", "Kremsm\xFCnster exists.\r\n", Icon::Question, {Button::Yes, Button::No}, Button::No});
+    const Button pressed = Ask_In_Box(
+        {"Saving Input File", "Kremsm\xFCnster exists.\r\n", Icon::Question, {Button::Yes, Button::No}, Button::No});
 
     EXPECT_EQ(pressed, Button::Yes);
     EXPECT_EQ(text, "Kremsmünster exists.");
