@@ -146,11 +146,11 @@ void Daily_Loop::Step_Day(int day)
     const Crop_State crop = Crop_On(Input.Scenario, Input.Rotation, day);
     const Water_Day& water = Water.Step_Day(climate, Input.Weather.Dates.Day_Of_Year(day), crop, Heat.Temperature());
     if (!(std::fabs(water.Closure) < Water_Tolerance))
-        throw Engine_Failure(Closure_Violated, "WATER BALANCE NOT CLOSED ON DAY " + std::to_string(day));
+        throw Engine_Failure(Fault::Closure_Violated, "WATER BALANCE NOT CLOSED ON DAY " + std::to_string(day));
     Heat.Step_Day(water.Theta_End, climate.Temperature, Water.Snow());
     Step_Solute(day, climate, Hand_Over(day, climate, crop));
     if (!Column.Finite())
-        throw Engine_Failure(Not_A_Number, "A SUBSTANCE'S STATE IS NOT A NUMBER ON DAY " + std::to_string(day));
+        throw Engine_Failure(Fault::Not_A_Number, "A SUBSTANCE'S STATE IS NOT A NUMBER ON DAY " + std::to_string(day));
     if (Daily)
         Day_Sums.Water.Add(water, Heat.Temperature());
     else
@@ -188,7 +188,8 @@ void Daily_Loop::Check_Closure(int year)
     closed.Moles = moles > 0 ? std::fabs(closure.Moles_Found - moles) / moles : 0;
     Closed.push_back(closed);
     if (!(closed.Solute <= Solute_Tolerance) || !(closed.Moles <= Solute_Tolerance))
-        throw Engine_Failure(Closure_Violated, "MASS BALANCE NOT CLOSED AT THE END OF YEAR " + std::to_string(year));
+        throw Engine_Failure(Fault::Closure_Violated,
+                             "MASS BALANCE NOT CLOSED AT THE END OF YEAR " + std::to_string(year));
 }
 
 void Daily_Loop::Run(const std::function<void(int year, int percent)>& progress)

@@ -166,9 +166,9 @@ int Run(const Options& options)
     } catch (const Engine_Failure& failure) {
         return Fail(echo ? &*echo : nullptr, failure);
     } catch (const std::bad_alloc&) {
-        return Fail(echo ? &*echo : nullptr, {Internal_Failure, "OUT OF MEMORY"});
+        return Fail(echo ? &*echo : nullptr, {Fault::Internal_Failure, "OUT OF MEMORY"});
     } catch (const std::exception& error) {
-        return Fail(echo ? &*echo : nullptr, {Internal_Failure, error.what()});
+        return Fail(echo ? &*echo : nullptr, {Fault::Internal_Failure, error.what()});
     }
 }
 

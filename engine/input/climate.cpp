@@ -42,26 +42,26 @@ struct Reader {
     std::string Name;
     Findings& Found;
 
-    void Error(int number, int line, const std::string& text)
+    void Error(Fault fault, int line, const std::string& text)
     {
-        Found.Error(number, text + " IN LINE " + std::to_string(line) + " OF " + Name);
+        Found.Error(fault, text + " IN LINE " + std::to_string(line) + " OF " + Name);
     }
 
     void Check(const Row& row)
     {
         const auto within = [](double value, double low, double high) { return value >= low && value <= high; };
         if (!within(row.Temperature, -60, 60) || (row.Temperature_14 && !within(*row.Temperature_14, -60, 60)))
-            Error(52, row.Line, "TEMPERATURE NOT WITHIN -60 TO 60 DEGREES");
+            Error(Fault::Climate_Value, row.Line, "TEMPERATURE NOT WITHIN -60 TO 60 DEGREES");
         if (!within(row.Rain, 0, 100))
-            Error(52, row.Line, "RAIN NOT WITHIN 0 TO 100 CM");
+            Error(Fault::Climate_Value, row.Line, "RAIN NOT WITHIN 0 TO 100 CM");
         if (row.Humidity && !within(*row.Humidity, 0, 100))
-            Error(52, row.Line, "HUMIDITY NOT WITHIN 0 TO 100 %");
+            Error(Fault::Climate_Value, row.Line, "HUMIDITY NOT WITHIN 0 TO 100 %");
         if (row.Evaporation && !(*row.Evaporation <= 100))
-            Error(52, row.Line, "EVAPORATION ABOVE 100 CM");
+            Error(Fault::Climate_Value, row.Line, "EVAPORATION ABOVE 100 CM");
         if (row.Difference && !within(*row.Difference, -1e-9, 80))
-            Error(52, row.Line, "DAILY TEMPERATURE DIFFERENCE NOT WITHIN 0 TO 80 DEGREES");
+            Error(Fault::Climate_Value, row.Line, "DAILY TEMPERATURE DIFFERENCE NOT WITHIN 0 TO 80 DEGREES");
         if (row.Radiation && !within(*row.Radiation, 0, 100000))
-            Error(52, row.Line, "RADIATION NOT WITHIN 0 TO 100000 KJ/M2");
+            Error(Fault::Climate_Value, row.Line, "RADIATION NOT WITHIN 0 TO 100000 KJ/M2");
     }
 };
 
@@ -91,7 +91,7 @@ std::vector<Row> Read_Rows(std::string_view bytes, const Climate_Table& table, R
         const bool date = Is_Number(from.Cli_Day) && Is_Number(from.Cli_Month) && row.Month >= 1 && row.Month <= 12 &&
                           row.Day <= Days_Of_Month(row.Month) + (row.Month == 2 ? 1 : 0);
         if (!date || Is_Blank(line, Temperature) || Is_Blank(line, Rain)) {
-            reader.Error(51, number, date ? "RAIN OR TEMPERATURE MISSING" : "NO DATE");
+            reader.Error(Fault::Climate_Unreadable, number, date ? "RAIN OR TEMPERATURE MISSING" : "NO DATE");
             continue;
         }
         row.Hour = Val(from.Cli_Hour);
@@ -166,7 +166,8 @@ std::vector<Climate_Day> Read_Climate_Days(std::string_view bytes, std::string_v
     try {
         table = Parse_CLI(bytes);
     } catch (const File_Error& error) {
-        findings.Error(51, "CLIMATE FILE " + std::string(name) + " NOT READABLE: " + error.what());
+        findings.Error(Fault::Climate_Unreadable,
+                       "CLIMATE FILE " + std::string(name) + " NOT READABLE: " + error.what());
         return {};
     }
     title = table.Cli_Title;
@@ -209,9 +210,9 @@ Climate Assemble_Climate(const Run_Control& control, const std::vector<const std
         }
         if (next <= year_end) {
             const Date date = climate.Dates.Date_Of(next);
-            findings.Error(53, "DAY " + std::to_string(date.Day) + "." + std::to_string(date.Month) +
-                                   " MISSING OR OUT OF ORDER IN CLIMATE YEAR " + std::to_string(y) + " (" +
-                                   control.Climate_Files[static_cast<std::size_t>(y - 1)] + ")");
+            findings.Error(Fault::Climate_Gap, "DAY " + std::to_string(date.Day) + "." + std::to_string(date.Month) +
+                                                   " MISSING OR OUT OF ORDER IN CLIMATE YEAR " + std::to_string(y) +
+                                                   " (" + control.Climate_Files[static_cast<std::size_t>(y - 1)] + ")");
             next = year_end + 1;
         }
     }

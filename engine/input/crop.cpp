@@ -67,13 +67,13 @@ public:
 private:
     void Error(std::size_t row, const std::string& text)
     {
-        Found.Error(36, text + " IN ROTATION ROW " + std::to_string(row + 1));
+        Found.Error(Fault::Crop, text + " IN ROTATION ROW " + std::to_string(row + 1));
     }
 
     void Read_Rows()
     {
         if (Scenario.Rotation.size() > Most_Rows) {
-            Found.Error(36, "MORE THAN 2000 ROTATION ROWS");
+            Found.Error(Fault::Crop, "MORE THAN 2000 ROTATION ROWS");
             return;
         }
         for (std::size_t r = 0; r < Scenario.Rotation.size(); ++r) {

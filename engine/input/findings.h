@@ -13,16 +13,44 @@ constexpr int Exit_Refused = 1; // input refused
 constexpr int Exit_Failed = 2;  // numerical or internal failure
 constexpr int Exit_No_File = 3; // a file cannot be opened, locked or written
 
-constexpr int Closure_Violated = 91;
-constexpr int Not_A_Number = 92;
-constexpr int Disk_Failure = 93;
-constexpr int Internal_Failure = 94;
+// What refuses or ends a run: the number of the ERROR line. docs/engine.md explains each.
+enum class Fault {
+    Run_Control_Unreadable = 11,
+    Run_Control_Value = 12,
+    Output_Row = 13,
+    Scenario_Missing = 21,
+    Pesticide_Missing = 22,
+    Climate_Missing = 23,
+    Scenario_Unreadable = 31,
+    Compartments = 32,
+    Horizon_Thickness = 33,
+    Soil_Property = 34,
+    Water_Content = 35,
+    Crop = 36,
+    Scenario_Value = 37,
+    Pesticide_Unreadable = 41,
+    Application_Date = 42,
+    Crop_Event_Missing = 43,
+    Application_Value = 44,
+    Sorption = 45,
+    Volatility = 46,
+    Horizon_Tables = 47,
+    Rate = 48,
+    Climate_Unreadable = 51,
+    Climate_Value = 52,
+    Climate_Gap = 53,
+    Closure_Violated = 91,
+    Not_A_Number = 92,
+    Disk_Failure = 93,
+    Internal_Failure = 94,
+    Not_Completed = 99, // stands in the echo from the start until the run has ended
+};
 
 // A failure that ends the run: number and text of its line, and the exit code.
 struct Engine_Failure : std::runtime_error {
-    Engine_Failure(int number, const std::string& text, int exit_code = Exit_Failed)
+    Engine_Failure(Fault fault, const std::string& text, int exit_code = Exit_Failed)
         : std::runtime_error(text),
-          Number(number),
+          Number(static_cast<int>(fault)),
           Exit_Code(exit_code)
     {}
     int Number, Exit_Code;
@@ -56,17 +84,8 @@ struct Findings {
     static constexpr std::size_t Most_Errors = 50;
     static constexpr std::size_t Most_Notes = 200;
 
-    void Error(int number, std::string text)
-    {
-        if (Errors.size() < Most_Errors)
-            Errors.push_back({number, std::move(text)});
-    }
-    void Tell(Note note, std::string text)
-    {
-        const Entry entry{static_cast<int>(note), std::move(text)};
-        if (Notes.size() < Most_Notes && (Notes.empty() || Notes.back() != entry))
-            Notes.push_back(entry);
-    }
+    void Error(Fault fault, std::string text);
+    void Tell(Note note, std::string text); // the same note twice running counts once
     bool Failed() const { return !Errors.empty(); }
 
     std::vector<Entry> Errors, Notes;

@@ -67,16 +67,16 @@ void Read_Header(std::string_view line, Run_Control& control, Findings& findings
         control.Soil_Mode = true;
         control.Temperature_Shift = Val(line.substr(soil + 4));
         if (!(std::abs(control.Temperature_Shift) <= 20))
-            findings.Error(12, "TEMPERATURE SHIFT OF ORVEL.INP NOT WITHIN -20 TO 20 DEGREES");
+            findings.Error(Fault::Run_Control_Value, "TEMPERATURE SHIFT OF ORVEL.INP NOT WITHIN -20 TO 20 DEGREES");
     }
     if (control.Years < 1 || control.Years > Most_Years)
-        findings.Error(12, "NUMBER OF YEARS NOT 1 TO 66");
+        findings.Error(Fault::Run_Control_Value, "NUMBER OF YEARS NOT 1 TO 66");
     if (!Is_Date(control.Start_Day, control.Start_Month))
-        findings.Error(12, "START DATE IS NO DATE");
+        findings.Error(Fault::Run_Control_Value, "START DATE IS NO DATE");
     if (!Is_Date(control.End_Day, control.End_Month))
-        findings.Error(12, "END DATE IS NO DATE");
+        findings.Error(Fault::Run_Control_Value, "END DATE IS NO DATE");
     if (control.Years == 1 && 100 * control.End_Month + control.End_Day < 100 * control.Start_Month + control.Start_Day)
-        findings.Error(12, "END DATE BEFORE START DATE");
+        findings.Error(Fault::Run_Control_Value, "END DATE BEFORE START DATE");
 }
 
 Output_Row Read_Row(std::string_view line, int number, Findings& findings)
@@ -92,7 +92,7 @@ Output_Row Read_Row(std::string_view line, int number, Findings& findings)
     row.Substance = Whole(substance);
     if (!Holds_Number(depth) || !Holds_Number(scale) || !(row.Depth >= 0 && row.Depth <= Deepest) ||
         !(std::abs(row.Scale) <= 1e15)) {
-        findings.Error(13,
+        findings.Error(Fault::Output_Row,
                        "SCALE OR DEPTH IN OUTPUT ROW " + std::to_string(number) + " OF ORVEL.INP IS NO USABLE NUMBER");
         row.Depth = row.Scale = 0;
     }
@@ -117,9 +117,10 @@ void Read_Lines(Line_Reader& lines, Run_Control& control, Findings& findings)
     control.Tillage_Depth = count.Tillage_Depth;
     control.Profile_Rows = count.Profile_Rows;
     if (count.Rows < 0 || count.Profile_Rows < 0 || count.Rows > Most_Columns || count.Profile_Rows > Most_Columns)
-        return findings.Error(11, "COUNT LINE OF ORVEL.INP ASKS FOR TOO MANY ROWS");
+        return findings.Error(Fault::Run_Control_Unreadable, "COUNT LINE OF ORVEL.INP ASKS FOR TOO MANY ROWS");
     if (!(control.Tillage_Depth >= 0 && control.Tillage_Depth <= Deepest))
-        return findings.Error(11, "TILLAGE DEPTH IN THE COUNT LINE OF ORVEL.INP OUT OF RANGE");
+        return findings.Error(Fault::Run_Control_Unreadable,
+                              "TILLAGE DEPTH IN THE COUNT LINE OF ORVEL.INP OUT OF RANGE");
     for (int i = 1; i <= count.Rows + count.Profile_Rows; ++i)
         control.Rows.push_back(Read_Row(lines.Next(), i, findings));
 }
@@ -170,7 +171,8 @@ Run_Control Read_Run_Control(std::string_view bytes, Findings& findings)
     try {
         Read_Lines(lines, control, findings);
     } catch (const File_Error&) {
-        findings.Error(11, "ORVEL.INP IS TOO SHORT, IT ENDS BEHIND LINE " + std::to_string(lines.Line_Number()));
+        findings.Error(Fault::Run_Control_Unreadable,
+                       "ORVEL.INP IS TOO SHORT, IT ENDS BEHIND LINE " + std::to_string(lines.Line_Number()));
     }
     return control;
 }

@@ -24,7 +24,7 @@ constexpr std::array<std::string_view, 5> Tamed = {"ERROR", "E R R O R", "*** PA
 
 [[noreturn]] void Fail(const std::string& what, int error)
 {
-    throw Engine_Failure(Disk_Failure, what + ": " + std::strerror(error), Exit_No_File);
+    throw Engine_Failure(Fault::Disk_Failure, what + ": " + std::strerror(error), Exit_No_File);
 }
 
 std::string Today()
@@ -51,7 +51,7 @@ Echo::Echo(const std::filesystem::path& directory)
     Hold = Lock::Take(file);
     if (!Hold) {
         ::close(Descriptor);
-        throw Engine_Failure(Disk_Failure, "ECHO.ORV IS LOCKED: ANOTHER ENGINE IS AT WORK IN THIS DIRECTORY",
+        throw Engine_Failure(Fault::Disk_Failure, "ECHO.ORV IS LOCKED: ANOTHER ENGINE IS AT WORK IN THIS DIRECTORY",
                              Exit_No_File);
     }
     if (::ftruncate(Descriptor, 0) != 0)

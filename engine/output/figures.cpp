@@ -90,7 +90,7 @@ Decimal Decimal_Of(double a, int digits)
 double Checked(double value)
 {
     if (!std::isfinite(value))
-        throw Engine_Failure(Not_A_Number, "A RESULT IS NOT A NUMBER");
+        throw Engine_Failure(Fault::Not_A_Number, "A RESULT IS NOT A NUMBER");
     return std::fabs(value) < Zero_Below ? 0 : value;
 }
 
@@ -273,7 +273,7 @@ Out_File::Out_File(const std::filesystem::path& file) : Name(file.filename().str
 {
     Descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (Descriptor < 0)
-        throw Engine_Failure(Disk_Failure, "CANNOT CREATE " + Name + ": " + std::strerror(errno), Exit_No_File);
+        throw Engine_Failure(Fault::Disk_Failure, "CANNOT CREATE " + Name + ": " + std::strerror(errno), Exit_No_File);
     Buffer.reserve(Full + (Full >> 2U));
 }
 
@@ -300,7 +300,7 @@ Out_File::~Out_File()
 void Out_File::Flush()
 {
     if (Descriptor >= 0 && !Write_All(Descriptor, Buffer))
-        throw Engine_Failure(Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
+        throw Engine_Failure(Fault::Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
     Buffer.clear();
 }
 
@@ -309,7 +309,7 @@ void Out_File::Close()
     Flush();
     const int descriptor = std::exchange(Descriptor, -1);
     if (descriptor >= 0 && ::close(descriptor) != 0)
-        throw Engine_Failure(Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
+        throw Engine_Failure(Fault::Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
 }
 
 } // namespace orvel::engine

@@ -35,36 +35,39 @@ public:
     }
 
 private:
-    void Need(bool good, int number, const std::string& text)
+    void Require(bool good, Fault fault, const std::string& text)
     {
         if (!good)
-            Found.Error(number, text);
+            Found.Error(fault, text);
     }
 
     void Check_Core()
     {
         const auto horizons = static_cast<int>(Scenario.Horizons.size());
-        Need(Within(Scenario.SZE_Core_Depth, 1e-3, 100000), 32, "CORE DEPTH NOT ABOVE 0");
-        Need(horizons >= 1, 31, "NO SOIL HORIZON");
+        Require(Within(Scenario.SZE_Core_Depth, 1e-3, 100000), Fault::Compartments, "CORE DEPTH NOT ABOVE 0");
+        Require(horizons >= 1, Fault::Scenario_Unreadable, "NO SOIL HORIZON");
         if (Scenario.SZE_Delxflg != 0) {
-            Need(Within(Scenario.SZE_Layers, 1, Most_Compartments), 32, "NUMBER OF COMPARTMENTS NOT 1 TO 400");
-            Need(horizons <= Scenario.SZE_Layers, 32, "MORE HORIZONS THAN COMPARTMENTS");
+            Require(Within(Scenario.SZE_Layers, 1, Most_Compartments), Fault::Compartments,
+                    "NUMBER OF COMPARTMENTS NOT 1 TO 400");
+            Require(horizons <= Scenario.SZE_Layers, Fault::Compartments, "MORE HORIZONS THAN COMPARTMENTS");
         } else {
-            Need(horizons <= Most_Compartments, 32, "MORE THAN 400 HORIZONS");
+            Require(horizons <= Most_Compartments, Fault::Compartments, "MORE THAN 400 HORIZONS");
         }
         double sum = 0;
         for (const auto& horizon : Scenario.Horizons)
             sum += horizon.SZE_Hor_Thickness.Number();
-        Need(std::fabs(sum - Scenario.SZE_Core_Depth) <= 0.01, 33, "SUM OF HORIZON THICKNESS DIFFERS FROM CORE DEPTH");
-        Need(Within(Scenario.SZE_Latitude, -90, 90), 37, "LATITUDE NOT WITHIN -90 TO 90 DEGREES");
-        Need(Within(Scenario.SZE_ET_Method, 0, 3), 37, "EVAPOTRANSPIRATION METHOD NOT 0 TO 3");
-        Need(Within(Scenario.SZE_ET_Depth, 0, 10000), 37, "EVAPORATION DEPTH NEGATIVE");
-        Need(Within(Scenario.SZE_Snow_Factor.Number(), 0, 100), 37, "SNOW FACTOR NEGATIVE");
-        Need(Within(Scenario.SZE_Hydraulic_Flag.Number(), 0, 2), 37, "HYDRAULIC FLAG NOT 0 TO 2");
-        Need(Within(Scenario.SZE_Water_Flag.Number(), 0, 1000), 37, "WATER FLAG NEGATIVE");
+        Require(std::fabs(sum - Scenario.SZE_Core_Depth) <= 0.01, Fault::Horizon_Thickness,
+                "SUM OF HORIZON THICKNESS DIFFERS FROM CORE DEPTH");
+        Require(Within(Scenario.SZE_Latitude, -90, 90), Fault::Scenario_Value, "LATITUDE NOT WITHIN -90 TO 90 DEGREES");
+        Require(Within(Scenario.SZE_ET_Method, 0, 3), Fault::Scenario_Value, "EVAPOTRANSPIRATION METHOD NOT 0 TO 3");
+        Require(Within(Scenario.SZE_ET_Depth, 0, 10000), Fault::Scenario_Value, "EVAPORATION DEPTH NEGATIVE");
+        Require(Within(Scenario.SZE_Snow_Factor.Number(), 0, 100), Fault::Scenario_Value, "SNOW FACTOR NEGATIVE");
+        Require(Within(Scenario.SZE_Hydraulic_Flag.Number(), 0, 2), Fault::Scenario_Value, "HYDRAULIC FLAG NOT 0 TO 2");
+        Require(Within(Scenario.SZE_Water_Flag.Number(), 0, 1000), Fault::Scenario_Value, "WATER FLAG NEGATIVE");
         for (const auto& stage : Scenario.SZE_Kc)
-            Need(Within(stage[0], 0, 10), 37, "CROP FACTOR OF LINE 2 NOT WITHIN 0 TO 10");
-        Need(Control.Tillage_Depth <= Scenario.SZE_Core_Depth, 37, "TILLAGE DEPTH BELOW THE CORE");
+            Require(Within(stage[0], 0, 10), Fault::Scenario_Value, "CROP FACTOR OF LINE 2 NOT WITHIN 0 TO 10");
+        Require(Control.Tillage_Depth <= Scenario.SZE_Core_Depth, Fault::Scenario_Value,
+                "TILLAGE DEPTH BELOW THE CORE");
     }
 
     void Check_Horizon(const Scenario_Horizon& horizon, const std::string& where)
@@ -72,67 +75,78 @@ private:
         const double density = horizon.SZE_Hor_Bulk_Density.Number(), carbon = horizon.SZE_Hor_OC.Number();
         const double sand = horizon.SZE_Hor_Sand.Number(), clay = horizon.SZE_Hor_Clay;
         const double capacity = horizon.SZE_Hor_FC.Number(), wilting = horizon.SZE_Hor_WP.Number();
-        Need(Within(horizon.SZE_Hor_Thickness.Number(), 1e-3, 100000), 33, "THICKNESS NOT ABOVE 0" + where);
-        Need(Within(density, 0.05, 2.6), 34, "BULK DENSITY NOT WITHIN 0.05 TO 2.6" + where);
-        Need(Within(carbon, 0, 60), 34, "ORGANIC CARBON NOT WITHIN 0 TO 60 %" + where);
+        Require(Within(horizon.SZE_Hor_Thickness.Number(), 1e-3, 100000), Fault::Horizon_Thickness,
+                "THICKNESS NOT ABOVE 0" + where);
+        Require(Within(density, 0.05, 2.6), Fault::Soil_Property, "BULK DENSITY NOT WITHIN 0.05 TO 2.6" + where);
+        Require(Within(carbon, 0, 60), Fault::Soil_Property, "ORGANIC CARBON NOT WITHIN 0 TO 60 %" + where);
         if (Scenario.SZE_Hydraulic_Flag.Number() == 0)
-            Need(wilting > 0 && wilting < capacity && capacity < 1, 35,
-                 "NOT 0 < WILTING POINT < FIELD CAPACITY < 1" + where);
+            Require(wilting > 0 && wilting < capacity && capacity < 1, Fault::Water_Content,
+                    "NOT 0 < WILTING POINT < FIELD CAPACITY < 1" + where);
         else
-            Need(Within(sand, 0, 100) && Within(clay, 0, 100) && sand + clay <= 100.5, 34,
-                 "SAND AND CLAY NOT WITHIN 0 TO 100 %" + where);
-        Need(Within(horizon.SZE_Hor_Soil_Water.Number(), 0, 1), 35, "SOIL WATER NOT WITHIN 0 TO 1" + where);
-        Need(Within(horizon.SZE_Hor_Dispersion.Number(), 0, 10000), 37, "DISPERSION NEGATIVE" + where);
-        Need(Within(horizon.SZE_Hor_Drainage.Number(), 0, 1e6), 37, "DRAINAGE PARAMETER NEGATIVE" + where);
-        Need(Within(horizon.SZE_Hor_Biodeg, 0, 1000), 37, "DEGRADATION FACTOR NEGATIVE" + where);
-        Need(Within(horizon.SZE_Hor_pH.Number(), -99, 14), 37, "PH ABOVE 14" + where);
+            Require(Within(sand, 0, 100) && Within(clay, 0, 100) && sand + clay <= 100.5, Fault::Soil_Property,
+                    "SAND AND CLAY NOT WITHIN 0 TO 100 %" + where);
+        Require(Within(horizon.SZE_Hor_Soil_Water.Number(), 0, 1), Fault::Water_Content,
+                "SOIL WATER NOT WITHIN 0 TO 1" + where);
+        Require(Within(horizon.SZE_Hor_Dispersion.Number(), 0, 10000), Fault::Scenario_Value,
+                "DISPERSION NEGATIVE" + where);
+        Require(Within(horizon.SZE_Hor_Drainage.Number(), 0, 1e6), Fault::Scenario_Value,
+                "DRAINAGE PARAMETER NEGATIVE" + where);
+        Require(Within(horizon.SZE_Hor_Biodeg, 0, 1000), Fault::Scenario_Value, "DEGRADATION FACTOR NEGATIVE" + where);
+        Require(Within(horizon.SZE_Hor_pH.Number(), -99, 14), Fault::Scenario_Value, "PH ABOVE 14" + where);
     }
 
     void Check_Crop(const Crop_Row& crop, const std::string& where)
     {
         if (Runoff_Is_On(Scenario)) {
             for (const std::int16_t number : {crop.SZE_Rot_CN1, crop.SZE_Rot_CN2, crop.SZE_Rot_CN3})
-                Need(Within(number, 1, 100), 36, "CURVE NUMBER NOT WITHIN 1 TO 100" + where);
+                Require(Within(number, 1, 100), Fault::Crop, "CURVE NUMBER NOT WITHIN 1 TO 100" + where);
         }
         for (const Variant& factor : {crop.SZE_Rot_USLE1, crop.SZE_Rot_USLE2, crop.SZE_Rot_USLE3})
-            Need(Within(factor.Number(), 0, 100), 37, "COVER FACTOR OF THE SOIL LOSS EQUATION NEGATIVE" + where);
-        Need(Within(crop.SZE_Rot_Residue, 0, 3), 36, "CONDITION AFTER HARVEST NOT 1 TO 3" + where);
-        Need(Within(crop.SZE_Rot_Interception.Number(), 0, 100), 36, "CROP INTERCEPTION NOT WITHIN 0 TO 100 %" + where);
-        Need(Within(crop.SZE_Rot_Text1.Number(), 0, 10000), 36, "ROOT DEPTH NEGATIVE" + where);
-        Need(Within(crop.SZE_Rot_Text2.Number(), 0, 10), 36, "INTERCEPTION STORAGE NOT WITHIN 0 TO 10 CM" + where);
-        Need(Within(crop.SZE_Rot_Dry_Mass, 0, 1000), 36, "DRY MASS NEGATIVE" + where);
-        Need(Within(crop.SZE_Rot_Kc_Mid, 0, 10) && Within(crop.SZE_Rot_Kc_Late, 0, 10), 36,
-             "CROP FACTOR NOT WITHIN 0 TO 10" + where);
+            Require(Within(factor.Number(), 0, 100), Fault::Scenario_Value,
+                    "COVER FACTOR OF THE SOIL LOSS EQUATION NEGATIVE" + where);
+        Require(Within(crop.SZE_Rot_Residue, 0, 3), Fault::Crop, "CONDITION AFTER HARVEST NOT 1 TO 3" + where);
+        Require(Within(crop.SZE_Rot_Interception.Number(), 0, 100), Fault::Crop,
+                "CROP INTERCEPTION NOT WITHIN 0 TO 100 %" + where);
+        Require(Within(crop.SZE_Rot_Text1.Number(), 0, 10000), Fault::Crop, "ROOT DEPTH NEGATIVE" + where);
+        Require(Within(crop.SZE_Rot_Text2.Number(), 0, 10), Fault::Crop,
+                "INTERCEPTION STORAGE NOT WITHIN 0 TO 10 CM" + where);
+        Require(Within(crop.SZE_Rot_Dry_Mass, 0, 1000), Fault::Crop, "DRY MASS NEGATIVE" + where);
+        Require(Within(crop.SZE_Rot_Kc_Mid, 0, 10) && Within(crop.SZE_Rot_Kc_Late, 0, 10), Fault::Crop,
+                "CROP FACTOR NOT WITHIN 0 TO 10" + where);
         for (const double rate :
              {crop.SZE_Rot_RR_Photo, crop.SZE_Rot_RR_Pen, crop.SZE_Rot_RR_Vol, crop.SZE_Rot_RR_Wash})
-            Need(Within(rate, 0, 1000), 36, "RELATIVE RATE OF POORLY EXPOSED DEPOSITS NEGATIVE" + where);
+            Require(Within(rate, 0, 1000), Fault::Crop, "RELATIVE RATE OF POORLY EXPOSED DEPOSITS NEGATIVE" + where);
     }
 
     void Check_Surface()
     {
         if (Scenario.SZE_Erosion == 1) {
-            Need(Within(Scenario.SZE_Eros_K.Number(), 0, 100) && Within(Scenario.SZE_Eros_2.Number(), 0, 1000) &&
-                     Within(Scenario.SZE_Eros_3.Number(), 0, 100),
-                 37, "EROSION FACTOR NEGATIVE");
-            Need(Within(Scenario.SZE_Eros_4.Number(), 1e-6, 1e6), 37, "AREA OF THE EROSION LINE NOT ABOVE 0");
-            Need(Within(Scenario.SZE_Eros_5, 0, 24 * 366), 37, "STORM DURATION NEGATIVE");
+            Require(Within(Scenario.SZE_Eros_K.Number(), 0, 100) && Within(Scenario.SZE_Eros_2.Number(), 0, 1000) &&
+                        Within(Scenario.SZE_Eros_3.Number(), 0, 100),
+                    Fault::Scenario_Value, "EROSION FACTOR NEGATIVE");
+            Require(Within(Scenario.SZE_Eros_4.Number(), 1e-6, 1e6), Fault::Scenario_Value,
+                    "AREA OF THE EROSION LINE NOT ABOVE 0");
+            Require(Within(Scenario.SZE_Eros_5, 0, 24 * 366), Fault::Scenario_Value, "STORM DURATION NEGATIVE");
         }
         if (Scenario.SZE_Macropore == 1) {
-            Need(Within(Scenario.SZE_Macro_Depth, 0, Scenario.SZE_Core_Depth), 37,
-                 "MACROPORE DEPTH NOT WITHIN THE CORE");
-            Need(Within(Scenario.SZE_Macro_Threshold, 0, 1e6), 37, "MACROPORE THRESHOLD NEGATIVE");
-            Need(Within(Scenario.SZE_Macro_Fraction, 0, 1), 37, "MACROPORE FRACTION NOT WITHIN 0 TO 1");
+            Require(Within(Scenario.SZE_Macro_Depth, 0, Scenario.SZE_Core_Depth), Fault::Scenario_Value,
+                    "MACROPORE DEPTH NOT WITHIN THE CORE");
+            Require(Within(Scenario.SZE_Macro_Threshold, 0, 1e6), Fault::Scenario_Value,
+                    "MACROPORE THRESHOLD NEGATIVE");
+            Require(Within(Scenario.SZE_Macro_Fraction, 0, 1), Fault::Scenario_Value,
+                    "MACROPORE FRACTION NOT WITHIN 0 TO 1");
         }
-        Need(Within(Scenario.SZE_Runoff_Depth, 0, Scenario.SZE_Core_Depth), 37, "RUNOFF DEPTH NOT WITHIN THE CORE");
+        Require(Within(Scenario.SZE_Runoff_Depth, 0, Scenario.SZE_Core_Depth), Fault::Scenario_Value,
+                "RUNOFF DEPTH NOT WITHIN THE CORE");
         if (Scenario.SZE_DOC_Flag != 0)
-            Need(Within(Scenario.SZE_DOC_Content, 0, 1e6), 37, "DOC CONTENT NEGATIVE");
+            Require(Within(Scenario.SZE_DOC_Content, 0, 1e6), Fault::Scenario_Value, "DOC CONTENT NEGATIVE");
     }
 
     void Check_Output()
     {
         for (const Variant& step :
              {Scenario.SZE_Out_Every_Water, Scenario.SZE_Out_Every_Solute, Scenario.SZE_Out_Every_Conc})
-            Need(Within(step.Number(), 0, 10000), 31, "OUTPUT STEP OF LAYERS NEGATIVE");
+            Require(Within(step.Number(), 0, 10000), Fault::Scenario_Unreadable, "OUTPUT STEP OF LAYERS NEGATIVE");
     }
 
     const Scenario_Document& Scenario;

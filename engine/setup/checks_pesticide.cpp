@@ -4,7 +4,6 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr int Sorption = 45, Volatility = 46, Horizon_Tables = 47, Rates = 48;
 constexpr double Largest_Rate = 1e4;     // 1/d
 constexpr double Largest_Sorption = 1e9; // L/kg
 constexpr double No_Second_Point = -99;
@@ -34,44 +33,47 @@ public:
     }
 
 private:
-    void Need(bool good, int number, const std::string& text)
+    void Require(bool good, Fault fault, const std::string& text)
     {
         if (!good)
-            Found.Error(number, text);
+            Found.Error(fault, text);
     }
 
     void Check_Plant()
     {
         if (Pesticide.App_Method.Number() <= 1)
             return;
-        Need(Within(Pesticide.Plant_Decay.Number(), 0, Largest_Rate) &&
-                 Within(Pesticide.Plant_Washoff.Number(), 0, Largest_Rate) &&
-                 Within(Pesticide.Plant_Penetration, 0, Largest_Rate) &&
-                 Within(Pesticide.Plant_Photodeg, 0, Largest_Rate),
-             Rates, "RATE ON THE PLANT SURFACE NOT WITHIN 0 TO 10000");
-        Need(Within(Pesticide.Plant_Filtration, 0, 1e6), 44, "FILTRATION PARAMETER NEGATIVE");
-        Need(Within(Pesticide.Plant_Laminar, 0, 1e6), Volatility, "LAMINAR LAYER NEGATIVE");
-        Need(Pesticide.Plant_Photodeg == 0 || Within(Pesticide.Plant_Ref_Rad, 1e-3, 1e6), Rates,
-             "REFERENCE RADIATION OF THE PLANT SURFACE MISSING");
+        Require(Within(Pesticide.Plant_Decay.Number(), 0, Largest_Rate) &&
+                    Within(Pesticide.Plant_Washoff.Number(), 0, Largest_Rate) &&
+                    Within(Pesticide.Plant_Penetration, 0, Largest_Rate) &&
+                    Within(Pesticide.Plant_Photodeg, 0, Largest_Rate),
+                Fault::Rate, "RATE ON THE PLANT SURFACE NOT WITHIN 0 TO 10000");
+        Require(Within(Pesticide.Plant_Filtration, 0, 1e6), Fault::Application_Value, "FILTRATION PARAMETER NEGATIVE");
+        Require(Within(Pesticide.Plant_Laminar, 0, 1e6), Fault::Volatility, "LAMINAR LAYER NEGATIVE");
+        Require(Pesticide.Plant_Photodeg == 0 || Within(Pesticide.Plant_Ref_Rad, 1e-3, 1e6), Fault::Rate,
+                "REFERENCE RADIATION OF THE PLANT SURFACE MISSING");
     }
 
     void Check_Volatilisation()
     {
         for (std::size_t k = 0; k < 2; ++k) {
-            Need(Within(Pesticide.Henry[k], 0, 1e9), Volatility, "HENRY CONSTANT NOT WITHIN 0 TO 1E9 PA M3/MOL");
-            Need(Within(Pesticide.Vap_Press[k], 0, 1e7), Volatility, "VAPOUR PRESSURE NOT WITHIN 0 TO 1E7 PA");
-            Need(Within(Pesticide.Solubility[k], 0, 1e9), Volatility, "SOLUBILITY NOT WITHIN 0 TO 1E9 MG/L");
-            Need(Within(Pesticide.Volat_Temp[k], -50, 100), Volatility,
-                 "TEMPERATURE OF VOLATILISATION NOT WITHIN -50 TO 100 DEGREES");
+            Require(Within(Pesticide.Henry[k], 0, 1e9), Fault::Volatility,
+                    "HENRY CONSTANT NOT WITHIN 0 TO 1E9 PA M3/MOL");
+            Require(Within(Pesticide.Vap_Press[k], 0, 1e7), Fault::Volatility,
+                    "VAPOUR PRESSURE NOT WITHIN 0 TO 1E7 PA");
+            Require(Within(Pesticide.Solubility[k], 0, 1e9), Fault::Volatility, "SOLUBILITY NOT WITHIN 0 TO 1E9 MG/L");
+            Require(Within(Pesticide.Volat_Temp[k], -50, 100), Fault::Volatility,
+                    "TEMPERATURE OF VOLATILISATION NOT WITHIN -50 TO 100 DEGREES");
         }
-        Need(Within(Pesticide.Hv, 0, 1e6), Volatility, "ENTHALPY OF VAPORISATION NOT WITHIN 0 TO 1E6 J/MOL");
-        Need(Within(Pesticide.Diff_Air, 0, 100), Volatility, "DIFFUSION COEFFICIENT IN AIR NOT WITHIN 0 TO 100 CM2/S");
-        Need(Within(Pesticide.Depth_Volat, 0, 1000), Volatility, "BOUNDARY LAYER NOT WITHIN 0 TO 1000 CM");
+        Require(Within(Pesticide.Hv, 0, 1e6), Fault::Volatility, "ENTHALPY OF VAPORISATION NOT WITHIN 0 TO 1E6 J/MOL");
+        Require(Within(Pesticide.Diff_Air, 0, 100), Fault::Volatility,
+                "DIFFUSION COEFFICIENT IN AIR NOT WITHIN 0 TO 100 CM2/S");
+        Require(Within(Pesticide.Depth_Volat, 0, 1000), Fault::Volatility, "BOUNDARY LAYER NOT WITHIN 0 TO 1000 CM");
         for (std::size_t j = 1; j <= Degradation_Rows; ++j) {
-            Need(Within(Pesticide.Photo_Rate[j], 0, Largest_Rate), Rates,
-                 "PHOTODEGRADATION RATE NOT WITHIN 0 TO 10000");
-            Need(Pesticide.Photo_Rate[j] == 0 || Within(Pesticide.Photo_I_Ref[j], 1e-3, 1e6), Rates,
-                 "REFERENCE RADIATION OF PHOTODEGRADATION MISSING");
+            Require(Within(Pesticide.Photo_Rate[j], 0, Largest_Rate), Fault::Rate,
+                    "PHOTODEGRADATION RATE NOT WITHIN 0 TO 10000");
+            Require(Pesticide.Photo_Rate[j] == 0 || Within(Pesticide.Photo_I_Ref[j], 1e-3, 1e6), Fault::Rate,
+                    "REFERENCE RADIATION OF PHOTODEGRADATION MISSING");
         }
     }
 
@@ -79,20 +81,22 @@ private:
     {
         const auto s = static_cast<std::size_t>(i);
         const std::string of = " OF SUBSTANCE " + std::to_string(i);
-        Need(Within(Pesticide.Molmass[s].Number(), 0, 1e6), Volatility, "MOLAR MASS NOT WITHIN 0 TO 1E6 G/MOL" + of);
-        Need(Within(Pesticide.Koc[s].Number(), 0, Largest_Sorption) &&
-                 Within(Pesticide.Koc2[s].Number(), No_Second_Point, Largest_Sorption),
-             Sorption, "KOC NOT WITHIN 0 TO 1E9 L/KG" + of);
+        Require(Within(Pesticide.Molmass[s].Number(), 0, 1e6), Fault::Volatility,
+                "MOLAR MASS NOT WITHIN 0 TO 1E6 G/MOL" + of);
+        Require(Within(Pesticide.Koc[s].Number(), 0, Largest_Sorption) &&
+                    Within(Pesticide.Koc2[s].Number(), No_Second_Point, Largest_Sorption),
+                Fault::Sorption, "KOC NOT WITHIN 0 TO 1E9 L/KG" + of);
         for (const Variant* value : {&Pesticide.Sorp_pH[s], &Pesticide.Sorp_pH2[s], &Pesticide.Sorp_pKa[s]})
-            Need(Within(value->Number(), No_Second_Point, 100), Sorption, "PH OR PKA OUT OF RANGE" + of);
-        Need(Within(Pesticide.Freundl_Limit[s].Number(), 0, 1e9), Sorption,
-             "LIMIT OF THE FREUNDLICH EQUATION NEGATIVE" + of);
-        Need(Within(Pesticide.Ann_Incr[s], 0, 1e4) && Within(Pesticide.K_doc[s], 0, 1e9) &&
-                 Within(Pesticide.Koc_Change[s], 0, 1e6),
-             Sorption, "ANNUAL INCREASE, KDOC OR CHANGE IN DRY SOIL OUT OF RANGE" + of);
-        Need(Within(Pesticide.F_neq[s], 0, 1e6) && Within(Pesticide.K_des[s], 0, Largest_Rate), Rates,
-             "F NEQ OR K DES OUT OF RANGE" + of);
-        Need(Within(Pesticide.Plant_Uptake[s].Number(), 0, 100), Rates, "PLANT UPTAKE FACTOR NOT WITHIN 0 TO 100" + of);
+            Require(Within(value->Number(), No_Second_Point, 100), Fault::Sorption, "PH OR PKA OUT OF RANGE" + of);
+        Require(Within(Pesticide.Freundl_Limit[s].Number(), 0, 1e9), Fault::Sorption,
+                "LIMIT OF THE FREUNDLICH EQUATION NEGATIVE" + of);
+        Require(Within(Pesticide.Ann_Incr[s], 0, 1e4) && Within(Pesticide.K_doc[s], 0, 1e9) &&
+                    Within(Pesticide.Koc_Change[s], 0, 1e6),
+                Fault::Sorption, "ANNUAL INCREASE, KDOC OR CHANGE IN DRY SOIL OUT OF RANGE" + of);
+        Require(Within(Pesticide.F_neq[s], 0, 1e6) && Within(Pesticide.K_des[s], 0, Largest_Rate), Fault::Rate,
+                "F NEQ OR K DES OUT OF RANGE" + of);
+        Require(Within(Pesticide.Plant_Uptake[s].Number(), 0, 100), Fault::Rate,
+                "PLANT UPTAKE FACTOR NOT WITHIN 0 TO 100" + of);
         for (int j = 1; j <= Rows_Of_Substance(i); ++j)
             Check_Row(Pesticide.Degradation[s][static_cast<std::size_t>(j)], " IN ROW " + std::to_string(j) + of);
         Check_Tables(s, of);
@@ -100,15 +104,15 @@ private:
 
     void Check_Row(const Degradation_Row& row, const std::string& where)
     {
-        Need(Within(row.Deg_Rate.Number(), 0, Largest_Rate), Rates,
-             "TRANSFORMATION RATE NOT WITHIN 0 TO 10000" + where);
-        Need(Within(row.Deg_Temp.Number(), -50, 100) && Within(row.Deg_Q10.Number(), -1e6, 100), Rates,
-             "STUDY TEMPERATURE OR Q10 OUT OF RANGE" + where);
-        Need(Within(row.Deg_Moist_Abs.Number(), 0, 1000) && Within(row.Deg_Moist_Rel.Number(), 0, 1e5) &&
-                 Within(row.Deg_Moist_Exp.Number(), -10, 10),
-             Rates, "STUDY MOISTURE OUT OF RANGE" + where);
-        Need(Within(row.Deg_Neq, 0, Largest_Rate), Rates,
-             "RELATIVE RATE OF NON-EQUILIBRIUM SITES OUT OF RANGE" + where);
+        Require(Within(row.Deg_Rate.Number(), 0, Largest_Rate), Fault::Rate,
+                "TRANSFORMATION RATE NOT WITHIN 0 TO 10000" + where);
+        Require(Within(row.Deg_Temp.Number(), -50, 100) && Within(row.Deg_Q10.Number(), -1e6, 100), Fault::Rate,
+                "STUDY TEMPERATURE OR Q10 OUT OF RANGE" + where);
+        Require(Within(row.Deg_Moist_Abs.Number(), 0, 1000) && Within(row.Deg_Moist_Rel.Number(), 0, 1e5) &&
+                    Within(row.Deg_Moist_Exp.Number(), -10, 10),
+                Fault::Rate, "STUDY MOISTURE OUT OF RANGE" + where);
+        Require(Within(row.Deg_Neq, 0, Largest_Rate), Fault::Rate,
+                "RELATIVE RATE OF NON-EQUILIBRIUM SITES OUT OF RANGE" + where);
     }
 
     void Check_Tables(std::size_t s, const std::string& of)
@@ -117,15 +121,15 @@ private:
         if (!sorption && !factors)
             return;
         if (Pesticide.N_Horizons.Number() != static_cast<double>(Scenario.Horizons.size()))
-            return Found.Error(Horizon_Tables,
+            return Found.Error(Fault::Horizon_Tables,
                                "NUMBER OF HORIZONS IN PESTICIDE AND SCENARIO FILE DIFFER, TABLES" + of + " NEEDED");
         for (std::size_t h = 1; h <= Scenario.Horizons.size(); ++h) {
             const std::string where = " IN HORIZON " + std::to_string(h) + of;
-            Need(!sorption || Within(Pesticide.Horizons[h].Hor_Kd[s].Number(), 0, Largest_Sorption), Sorption,
-                 "KD NOT WITHIN 0 TO 1E9 L/KG" + where);
+            Require(!sorption || Within(Pesticide.Horizons[h].Hor_Kd[s].Number(), 0, Largest_Sorption), Fault::Sorption,
+                    "KD NOT WITHIN 0 TO 1E9 L/KG" + where);
             for (std::size_t j = 1; factors && j <= Degradation_Rows; ++j)
-                Need(Within(Pesticide.Horizons[h].Hor_Deg[s][j].Number(), 0, Largest_Rate), Rates,
-                     "TRANSFORMATION FACTOR OUT OF RANGE" + where);
+                Require(Within(Pesticide.Horizons[h].Hor_Deg[s][j].Number(), 0, Largest_Rate), Fault::Rate,
+                        "TRANSFORMATION FACTOR OUT OF RANGE" + where);
         }
     }
 

@@ -23,7 +23,7 @@ public:
     {
         const auto control = Source(Control_Name);
         if (!control) {
-            Found.Error(11, "ORVEL.INP NOT FOUND");
+            Found.Error(Fault::Run_Control_Unreadable, "ORVEL.INP NOT FOUND");
             return std::move(Input);
         }
         Input.Control = Read_Run_Control(*control, Found);
@@ -45,12 +45,12 @@ private:
     {
         const auto bytes = Source(Input.Control.Scenario_File);
         if (!bytes)
-            return Found.Error(21, "SCENARIO FILE " + Input.Control.Scenario_File + " NOT FOUND");
+            return Found.Error(Fault::Scenario_Missing, "SCENARIO FILE " + Input.Control.Scenario_File + " NOT FOUND");
         Reset_SZE(Input.Scenario);
         try {
             Parse_SZE(*bytes, Input.Scenario);
         } catch (const std::exception& error) {
-            return Found.Error(31,
+            return Found.Error(Fault::Scenario_Unreadable,
                                "SCENARIO FILE " + Input.Control.Scenario_File + " NOT IN ITS FORMAT: " + error.what());
         }
         Restore_Senescence(*bytes, Input.Scenario);
@@ -64,12 +64,13 @@ private:
     {
         const auto bytes = Source(Input.Control.Pesticide_File);
         if (!bytes)
-            return Found.Error(22, "PESTICIDE FILE " + Input.Control.Pesticide_File + " NOT FOUND");
+            return Found.Error(Fault::Pesticide_Missing,
+                               "PESTICIDE FILE " + Input.Control.Pesticide_File + " NOT FOUND");
         try {
             Parse_PSM(*bytes, Input.Pesticide);
         } catch (const std::exception& error) {
-            return Found.Error(41, "PESTICIDE FILE " + Input.Control.Pesticide_File +
-                                       " NOT IN ITS FORMAT: " + error.what());
+            return Found.Error(Fault::Pesticide_Unreadable, "PESTICIDE FILE " + Input.Control.Pesticide_File +
+                                                                " NOT IN ITS FORMAT: " + error.what());
         }
         for (int i = 1; i <= Substances; ++i) {
             if (i == 1 || Input.Pesticide.Met_Present[static_cast<std::size_t>(i)])
@@ -89,7 +90,7 @@ private:
                 if (const auto bytes = Source(name))
                     files[name] = Read_Climate_Days(*bytes, name, Input.Scenario.SZE_Latitude, titles[name], Found);
                 else
-                    Found.Error(23, "CLIMATE FILE " + name + " NOT FOUND");
+                    Found.Error(Fault::Climate_Missing, "CLIMATE FILE " + name + " NOT FOUND");
             }
             years.push_back(&files[name]);
             Input.Weather.Titles.push_back(titles[name]);
@@ -105,7 +106,7 @@ private:
         }
         if (Input.Scenario.SZE_ET_Method == 0 &&
             std::ranges::any_of(Input.Weather.Days, [](const Climate_Day& day) { return day.Evaporation < 0; }))
-            Found.Error(52, "THE CLIMATE FILES LACK EVAPORATION, WHICH THE SCENARIO ASKS FOR");
+            Found.Error(Fault::Climate_Value, "THE CLIMATE FILES LACK EVAPORATION, WHICH THE SCENARIO ASKS FOR");
     }
 
     void Check_Documents()
@@ -151,7 +152,7 @@ private:
         if (Found.Failed())
             return;
         for (const Solute_Fault& fault : Check_Solute_Setup(Input.Solute))
-            Found.Error(fault.Number, fault.Text);
+            Found.Error(fault.Kind, fault.Text);
         Note_Compartments();
     }
 

@@ -39,7 +39,7 @@ public:
     {
         const int count = std::clamp(static_cast<int>(Pesticide.App_Count[Block].Number()), 0, Last_Application);
         if (Method < 1 || Method > 4)
-            Found.Error(44, "APPLICATION METHOD NOT 1 TO 4");
+            Found.Error(Fault::Application_Value, "APPLICATION METHOD NOT 1 TO 4");
         for (int a = 1; a <= count && !Found.Failed(); ++a) {
             Number = a;
             if (Pesticide.App_Mode == App_Mode_Relative)
@@ -58,13 +58,13 @@ private:
     {
         const auto within = [](double value, double low, double high) { return value >= low && value <= high; };
         if (!within(entry.Rate, 0, Largest_Rate))
-            Found.Error(44, "RATE OF " + Name() + " NOT WITHIN 0 TO 10000 KG/HA");
+            Found.Error(Fault::Application_Value, "RATE OF " + Name() + " NOT WITHIN 0 TO 10000 KG/HA");
         else if (!within(entry.Depth, 0, Scenario.SZE_Core_Depth))
-            Found.Error(44, "DEPTH OF " + Name() + " NOT WITHIN THE CORE");
+            Found.Error(Fault::Application_Value, "DEPTH OF " + Name() + " NOT WITHIN THE CORE");
         else if (!within(entry.Interception, 0, 100))
-            Found.Error(44, "INTERCEPTION OF " + Name() + " NOT WITHIN 0 TO 100 %");
+            Found.Error(Fault::Application_Value, "INTERCEPTION OF " + Name() + " NOT WITHIN 0 TO 100 %");
         else if (!within(entry.Poorly_Exposed, 0, 1))
-            Found.Error(44, "POORLY EXPOSED FRACTION OF " + Name() + " NOT WITHIN 0 TO 1");
+            Found.Error(Fault::Application_Value, "POORLY EXPOSED FRACTION OF " + Name() + " NOT WITHIN 0 TO 1");
         else
             return true;
         return false;
@@ -95,7 +95,7 @@ private:
         if (entry.Rate == 0 || !In_Range(entry))
             return;
         if (from.App_Month < 1 || from.App_Month > 12 || from.App_Year < 1 || from.App_Day < 1 || from.App_Day > 99)
-            return Found.Error(42, "IMPOSSIBLE DATE OF " + Name());
+            return Found.Error(Fault::Application_Date, "IMPOSSIBLE DATE OF " + Name());
         const int last = Dates.Days_In(from.App_Year, from.App_Month);
         if (from.App_Day > last)
             Found.Tell(Note::Application_Day, Name() + " MOVED TO THE LAST DAY OF ITS MONTH");
@@ -110,7 +110,7 @@ private:
         if (entry.Rate == 0 || !In_Range(entry))
             return;
         if (from.Abs9_Year < 1 || from.Abs9_Month < 0 || from.Abs9_Month > 5)
-            return Found.Error(42, "IMPOSSIBLE YEAR OR REFERENCE POINT OF " + Name());
+            return Found.Error(Fault::Application_Date, "IMPOSSIBLE YEAR OR REFERENCE POINT OF " + Name());
         if (from.Abs9_Year > Dates.Years()) {
             Found.Tell(Note::Application_Skipped, Name() + " LIES OUTSIDE THE SIMULATED PERIOD AND IS LEFT OUT");
             return;
@@ -118,7 +118,7 @@ private:
         bool moved = false;
         const int event = Events.Day_Of(from.Abs9_Month, from.Abs9_Year, moved);
         if (event == No_Day)
-            return Found.Error(43, "NO CROP EVENT FOR " + Name());
+            return Found.Error(Fault::Crop_Event_Missing, "NO CROP EVENT FOR " + Name());
         if (moved)
             Found.Tell(Note::Application_Event_Moved, Name() + " USES THE CROP EVENT OF A LATER YEAR");
         Add(entry, event + from.Abs9_Day);

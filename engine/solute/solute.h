@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/input/findings.h"
+
 #include <array>
 #include <functional>
 #include <memory>
@@ -150,12 +152,11 @@ struct Solute_Closure {
 
 // One thing wrong with a setup: the number of the error line and its text.
 struct Solute_Fault {
-    int Number = 0;
+    Fault Kind;
     std::string Text;
 };
 
-// What is outside its range (45 sorption, 46 molar mass, Henry constant or vapour pressure, 47 horizon tables, 48
-// rates). Empty: run it.
+// What is outside its range. Empty: run it.
 std::vector<Solute_Fault> Check_Solute_Setup(const Solute_Setup& setup);
 
 struct Solute_Kernel;

@@ -7,7 +7,6 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr int Sorption = 45, Molar_Mass = 46, Horizon_Tables = 47, Rates = 48;
 constexpr double Least_Exponent = 0.1, Largest_Exponent = 1.5;
 
 bool In_Run(const Solute_Setup& setup, int index)
@@ -98,27 +97,28 @@ std::string Volatilisation_Fault(const Solute_Setup& setup)
 std::vector<Solute_Fault> Check_Solute_Setup(const Solute_Setup& setup)
 {
     std::vector<Solute_Fault> faults;
-    const auto add = [&](int number, const Solute_Substance& substance, const std::string& text) {
+    const auto add = [&](Fault fault, const Solute_Substance& substance, const std::string& text) {
         if (!text.empty())
-            faults.push_back({number, "substance " + std::to_string(substance.Index) + ": " + text});
+            faults.push_back({fault, "substance " + std::to_string(substance.Index) + ": " + text});
     };
     for (const auto& substance : setup.Substances) {
         const std::string table = Missing_Table(setup, substance);
-        add(Horizon_Tables, substance,
+        add(Fault::Horizon_Tables, substance,
             table.empty() ? "" : table + " table does not have the scenario's number of horizons");
         if (substance.Kd_From_Koc || table.empty())
-            add(Sorption, substance, Sorption_Fault(setup, substance));
-        add(Rates, substance, Rate_Fault(substance));
-        add(Molar_Mass, substance, Molmass_Missing(setup, substance) ? "molar mass missing for a conversion" : "");
+            add(Fault::Sorption, substance, Sorption_Fault(setup, substance));
+        add(Fault::Rate, substance, Rate_Fault(substance));
+        add(Fault::Volatility, substance,
+            Molmass_Missing(setup, substance) ? "molar mass missing for a conversion" : "");
         for (const auto& arrow : substance.Arrows) {
             if (Acts(arrow) && In_Run(setup, arrow.Target) && arrow.Target <= substance.Index)
-                add(Rates, substance, "a transformation leads back in the scheme");
+                add(Fault::Rate, substance, "a transformation leads back in the scheme");
         }
     }
-    add(Molar_Mass, setup.Substances.front(), Volatilisation_Fault(setup));
+    add(Fault::Volatility, setup.Substances.front(), Volatilisation_Fault(setup));
     const auto& plant = setup.Plant;
     if (std::min({plant.Decay, plant.Washoff, plant.Penetration, plant.Photodegradation}) < 0)
-        add(Rates, setup.Substances.front(), "a rate on the plant surface is negative");
+        add(Fault::Rate, setup.Substances.front(), "a rate on the plant surface is negative");
     return faults;
 }
 

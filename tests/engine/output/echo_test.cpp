@@ -67,7 +67,7 @@ TEST(Echo, Notes_Never_Hold_The_Word_For_A_Failed_Run)
     Findings findings;
     findings.Tell(Note::Value_Clamped, "ERROR of the user");
     findings.Tell(Note::Value_Clamped, "ERROR of the user"); // told once
-    findings.Error(31, "x.sze is short");
+    findings.Error(Fault::Scenario_Unreadable, "x.sze is short");
     std::string notes, errors;
     Put_Notes(notes, findings);
     Put_Errors(errors, findings);

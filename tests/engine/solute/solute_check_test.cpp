@@ -23,7 +23,7 @@ std::vector<int> Faults(const std::function<void(Solute_Setup&, Solute_Substance
     damage(setup, setup.Substances[0]);
     std::vector<int> numbers;
     for (const auto& fault : Check_Solute_Setup(setup))
-        numbers.push_back(fault.Number);
+        numbers.push_back(static_cast<int>(fault.Kind));
     return numbers;
 }
 
