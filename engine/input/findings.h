@@ -64,7 +64,6 @@ enum class Note {
     Application_Skipped = 4,
     Application_Day = 5,
     Application_Event_Moved = 6,
-    No_Runoff_Depth = 7,
     Dispersion_Small = 8,
     Irrigation_Assumed = 9,
     Haude_Factors = 10,
