@@ -2,11 +2,11 @@
 
 #include "scenario/crop_rotation.h"
 #include "ui/forms/done_cancel.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
-#include <QFocusEvent>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -30,6 +30,7 @@ Form_DifCrop::Form_DifCrop(Session& session, Rotation_Work& work, QWidget* paren
 {
     setObjectName("Form_DifCrop");
     setWindowTitle("Different Crops in Simulation");
+    Guard = new Leave_Guard(*this, [this](QWidget& box) { Leave(static_cast<Number_Edit&>(box)); });
     Lay_Out();
     for (const auto& crop : Editor.Crops)
         List_crop->addItem(Shown(crop.Name));
@@ -60,7 +61,7 @@ void Form_DifCrop::Lay_Out()
     columns->addLayout(middle);
     columns->addLayout(right, 1);
 
-    auto* buttons = Done_And_Cancel(*this, &Form_DifCrop::Accept, "Command1", "&OK");
+    auto* buttons = Done_And_Cancel(*this, &Form_DifCrop::Done, "Command1", "&OK");
     buttons->addButton(Push_Button("Command3", "Default &Values", this, &Form_DifCrop::Defaults),
                        QDialogButtonBox::ResetRole);
     auto* all = new QVBoxLayout(this);
@@ -72,7 +73,7 @@ Number_Edit* Form_DifCrop::Box(const QString& name, const QString& purpose, cons
 {
     auto* box = Named(new Number_Edit(unit), name);
     box->setAccessibleName(QString(purpose).remove("&"));
-    box->installEventFilter(this);
+    Guard->Watch(*box);
     connect(box, &QLineEdit::textEdited, this, [this, box] {
         if (auto* crop = Selected())
             Set_Crop_Text(crop->Properties, Bytes_Of(box->objectName()), box->Typed());
@@ -224,29 +225,15 @@ void Form_DifCrop::Defaults()
 bool Form_DifCrop::Leave(Number_Edit& box)
 {
     const auto refusal = Check_Crop_Text(Bytes_Of(box.objectName()), box.Typed());
-    if (!refusal || !box.isModified() || Refusing)
+    if (!refusal || !box.isModified())
         return true;
-    Refusing = true;
     box.setModified(false);
-    The_Session.Ask(refusal->Text);
-    box.setFocus();
-    Refusing = false;
+    Guard->Refuse(The_Session.Ask, *refusal);
     return false;
 }
 
-bool Form_DifCrop::eventFilter(QObject* watched, QEvent* event)
-{
-    auto* box = qobject_cast<Number_Edit*>(watched);
-    if (box && event->type() == QEvent::FocusOut && isVisible()) {
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-            Leave(*box);
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
 // A box under edit is left first: the return key does not take the focus away.
-void Form_DifCrop::Accept()
+void Form_DifCrop::Done()
 {
     auto* box = qobject_cast<Number_Edit*>(focusWidget());
     if ((!box || Leave(*box)) && Confirm_Crops(The_Session, Editor, Work))

@@ -14,6 +14,7 @@ class QListWidget;
 
 namespace orvel {
 
+class Leave_Guard;
 class Number_Edit;
 
 // The properties of the crops of a rotation. Accepted, they are in `work`; a changed tillage flag has cost the rotation
@@ -23,9 +24,6 @@ class Form_DifCrop : public QDialog {
 
 public:
     Form_DifCrop(Session& session, Rotation_Work& work, QWidget* parent = nullptr);
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Flag {
@@ -48,7 +46,7 @@ private:
     void Tillage(int option);
     void Defaults();
     bool Leave(Number_Edit& box);
-    void Accept();
+    void Done();
 
     Session& The_Session;
     Rotation_Work& Work;
@@ -58,7 +56,7 @@ private:
     std::map<QString, Number_Edit*> Boxes;
     std::vector<Flag> Flags;
     std::vector<QWidget*> Groups;
-    bool Refusing = false;
+    Leave_Guard* Guard = nullptr;
 };
 
 } // namespace orvel

@@ -28,10 +28,10 @@ Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), The_S
     auto* all = new QVBoxLayout(this);
     all->addWidget(group);
     all->addStretch(1);
-    all->addWidget(Done_And_Cancel(*this, &Form_eros::Accept, "Command1", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, &Form_eros::Done, "Command1", "&OK"));
 }
 
-void Form_eros::Accept()
+void Form_eros::Done()
 {
     Erosion_Texts texts;
     for (std::size_t i = 0; i < Factors.size(); ++i)

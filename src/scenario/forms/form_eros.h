@@ -17,7 +17,7 @@ public:
     explicit Form_eros(Session& session, QWidget* parent = nullptr);
 
 private:
-    void Accept();
+    void Done();
 
     Session& The_Session;
     std::array<Number_Edit*, 5> Factors{}; // Text1_er to Text5_er

@@ -3,9 +3,9 @@
 #include "scenario/forms/form_difcrop.h"
 #include "ui/forms/date_boxes.h"
 #include "ui/forms/done_cancel.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 
-#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -47,6 +47,7 @@ Form_rot::Form_rot(Session& session, const std::filesystem::path& directory, QWi
 {
     setObjectName("Form_rot");
     setWindowTitle("Crop Rotation Information");
+    Guard = new Leave_Guard(*this, [this](QWidget&) { Leave_Dates(); });
     Lay_Out();
     for (const auto& crop : Work.Data_Base)
         List_dat->addItem(Shown(crop.DB_Crop_Name));
@@ -82,7 +83,7 @@ void Form_rot::Lay_Out()
     columns->addLayout(right);
     auto* all = new QVBoxLayout(this);
     all->addLayout(columns, 1);
-    all->addWidget(Done_And_Cancel(*this, &Form_rot::Accept, "Command5", "&OK", "Command4"));
+    all->addWidget(Done_And_Cancel(*this, &Form_rot::Done, "Command5", "&OK", "Command4"));
 }
 
 QGroupBox* Form_rot::Dates()
@@ -125,7 +126,7 @@ void Form_rot::Connect_Date(std::size_t stage)
     connect(boxes.Year, &QLineEdit::textEdited, this,
             [this, which, year = boxes.Year] { Set_Year(Work, Selected_Row(), which, year->Typed()); });
     for (QWidget* box : std::initializer_list<QWidget*>{boxes.Day, boxes.Month, boxes.Year})
-        box->installEventFilter(this);
+        Guard->Watch(*box);
 }
 
 std::optional<std::size_t> Form_rot::Selected_Row() const
@@ -171,16 +172,6 @@ void Form_rot::Leave_Dates()
     Rot_Show();
 }
 
-bool Form_rot::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::FocusOut && isVisible()) {
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-            Leave_Dates();
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
 void Form_rot::Insert()
 {
     if (const auto crop = Selected_Crop())
@@ -206,7 +197,7 @@ void Form_rot::Change_Crops()
 }
 
 // A date under edit is left first: the return key does not take the focus away.
-void Form_rot::Accept()
+void Form_rot::Done()
 {
     if (focusWidget() && focusWidget()->parentWidget() == Croping_Dates)
         Leave_Dates();

@@ -13,6 +13,7 @@ class QPushButton;
 
 namespace orvel {
 
+class Leave_Guard;
 class Number_Edit;
 
 // The crop rotation: the data base's crops on the left, the rows of the rotation with their dates on the right. The
@@ -24,9 +25,6 @@ public:
     // `directory` is that of the crop data base.
     Form_rot(Session& session, const std::filesystem::path& directory, QWidget* parent = nullptr);
     ~Form_rot() override { hide(); } // a box that is left by closing still finds the rotation
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Date_Boxes {
@@ -46,13 +44,14 @@ private:
     void Append();
     void Remove();
     void Change_Crops();
-    void Accept();
+    void Done();
 
     Session& The_Session;
     Rotation_Work Work;
     QListWidget *List_dat = nullptr, *List_rot = nullptr;
     QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr, *Command6 = nullptr;
     QGroupBox* Croping_Dates = nullptr;
+    Leave_Guard* Guard = nullptr;
     std::array<Date_Boxes, Crop_Stages.size()> Boxes;
 };
 

@@ -69,7 +69,7 @@ void form_soil_hor::Lay_Out()
     columns->addLayout(picture);
     auto* all = new QVBoxLayout(this);
     all->addLayout(columns, 1);
-    all->addWidget(Done_And_Cancel(*this, &form_soil_hor::Accept, "Command2", "&OK", "Command1"));
+    all->addWidget(Done_And_Cancel(*this, &form_soil_hor::Done, "Command2", "&OK", "Command1"));
 }
 
 Horizon_Grid form_soil_hor::Entered() const
@@ -88,7 +88,7 @@ void form_soil_hor::Show_Profile()
     Caption->setText(QString::fromStdString(Profile_Caption(The_Session.Scenario, grid)));
 }
 
-void form_soil_hor::Accept()
+void form_soil_hor::Done()
 {
     const auto grid = Entered();
     if (const auto refusal = Check_Horizon_Cells(The_Session.Scenario, grid)) {

@@ -28,7 +28,7 @@ private:
     void Lay_Out();
     Horizon_Grid Entered() const;
     void Show_Profile();
-    void Accept();
+    void Done();
 
     Session& The_Session;
     Horizon_Grid Loaded;

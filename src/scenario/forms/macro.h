@@ -18,7 +18,7 @@ public:
 
 private:
     void Show_Texts(const Macropore_Texts& texts);
-    void Accept();
+    void Done();
 
     Session& The_Session;
     std::array<Number_Edit*, 3> Fields{}; // S_Ic, S_fmac, S_depma

@@ -9,12 +9,12 @@
 #include "scenario/scenario_fields.h"
 #include "scenario/scenario_view.h"
 #include "ui/forms/byte_edit.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/widgets.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFocusEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -37,6 +37,7 @@ Szenario::Szenario(Session& session, std::filesystem::path directory, QWidget* p
 {
     setObjectName("Szenario");
     setWindowTitle("Scenariofile");
+    Guard = new Leave_Guard(*this, [this](QWidget& box) { Leave(box.objectName()); });
     Lay_Out();
     The_Session.Program.SZE_Changed = false;
     Load();
@@ -86,7 +87,7 @@ bool Szenario::Leave(const QString& name)
     const auto refusal = Leave_Field(The_Session, control, box->Typed());
     Show_View();
     if (refusal) {
-        Refuse(*refusal);
+        Guard->Refuse(The_Session.Ask, *refusal);
         return false;
     }
     box->setText(Shown(Field_Text(The_Session.Scenario, control)));
@@ -100,32 +101,12 @@ bool Szenario::Leave_Current()
     return !box || !Boxes.contains(box->objectName()) || Leave(box->objectName());
 }
 
-// Going back leaves another box, which is not tested for that.
-void Szenario::Refuse(const Refusal& refusal)
-{
-    Refusing = true;
-    The_Session.Ask(refusal.Text);
-    if (auto* control = findChild<QWidget*>(Shown(refusal.Control)))
-        control->setFocus();
-    Refusing = false;
-}
-
-bool Szenario::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() != QEvent::FocusOut || Refusing || !isVisible())
-        return QDialog::eventFilter(watched, event);
-    const auto reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-        Leave(watched->objectName());
-    return QDialog::eventFilter(watched, event);
-}
-
 void Szenario::Horizons()
 {
     if (!Leave_Current())
         return;
     if (const auto refusal = Check_Open_Horizons(Boxes.at("Text_nhor")->Typed()))
-        return Refuse(*refusal);
+        return Guard->Refuse(The_Session.Ask, *refusal);
     form_soil_hor form(The_Session, this);
     if (form.exec() != Accepted)
         return;
@@ -160,7 +141,7 @@ void Szenario::Save()
     if (!Leave_Current())
         return;
     if (const auto refusal = Prepare_Save(The_Session, Boxes.at("Text_nhor")->Typed()))
-        return Refuse(*refusal);
+        return Guard->Refuse(The_Session.Ask, *refusal);
     Form_Saving dialog(The_Session, Document_Kind::Scenario, Directory, this);
     dialog.setWindowTitle(Shown(Scenario_Save_Caption));
     if (dialog.exec() == Accepted)

@@ -20,6 +20,7 @@ class QPushButton;
 namespace orvel {
 
 class Byte_Edit;
+class Leave_Guard;
 
 // The editor of the session's scenario document. Each change goes into the document when its field is left or its
 // option chosen.
@@ -31,9 +32,6 @@ public:
     Szenario(Session& session, std::filesystem::path directory, QWidget* parent = nullptr);
 
     void done(int result) override;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Lay_Out();
@@ -55,7 +53,6 @@ private:
     void Show_View();
     bool Leave(const QString& name);
     bool Leave_Current();
-    void Refuse(const Refusal& refusal);
     void Horizons();
     void Macropores();
     void Erosion_Parameters();
@@ -74,7 +71,7 @@ private:
     QLabel* Label2 = nullptr;
     std::array<QPushButton*, 3> Frequencies{}; // Label_wat, Label_chem, Label_conc
     QPushButton *Command_macro = nullptr, *Command_er = nullptr;
-    bool Refusing = false;
+    Leave_Guard* Guard = nullptr;
 };
 
 } // namespace orvel

@@ -1,5 +1,6 @@
 #include "scenario/forms/szenario.h"
 #include "scenario/scenario_view.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
 
@@ -24,7 +25,7 @@ constexpr int Box_Width = 12; // in characters
 Byte_Edit* Szenario::Register(Byte_Edit* box, const QString& purpose)
 {
     box->setAccessibleName(purpose);
-    box->installEventFilter(this);
+    Guard->Watch(*box);
     Boxes[box->objectName()] = box;
     return box;
 }

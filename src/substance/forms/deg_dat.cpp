@@ -41,7 +41,7 @@ void deg_dat::Lay_Out()
     boxes->addWidget(Correction_Box(), 1);
     auto* all = new QVBoxLayout(this);
     all->addLayout(boxes, 1);
-    all->addWidget(Done_And_Cancel(*this, &deg_dat::Accept, "Command1", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, &deg_dat::Done, "Command1", "&OK"));
 }
 
 Rate_Box* deg_dat::Photolysis_Box()
@@ -157,7 +157,7 @@ void deg_dat::Leave_Moisture(Number_Edit& field, void (*leave)(Correction_Texts&
     Text6->setText(Shown(texts.Moisture_Rel));
 }
 
-void deg_dat::Accept()
+void deg_dat::Done()
 {
     Leave_Moistures();
     Accept_Transformation(The_Session, {Soil->Entered(), Photolysis->Entered(), Text13->Typed(), Correction_Typed()});

@@ -33,7 +33,7 @@ private:
     void Choose_Moisture_Option(bool relative);
     void Leave_Moisture(Number_Edit& field, void (*leave)(Correction_Texts&));
     void Leave_Moistures();
-    void Accept();
+    void Done();
 
     Session& The_Session;
     Rate_Box *Soil = nullptr, *Photolysis = nullptr;

@@ -51,7 +51,7 @@ void Form_appgrid::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addWidget(AppGrid, 1);
     all->addLayout(below);
-    all->addWidget(Done_And_Cancel(*this, &Form_appgrid::Accept, "CommandOK", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, &Form_appgrid::Done, "CommandOK", "&OK"));
 }
 
 void Form_appgrid::Show_Grid(const Application_Grid& grid)
@@ -77,7 +77,7 @@ void Form_appgrid::Take_Same_Fractions()
     AppGrid->Change_Block(0, 0, Cells_Of(grid));
 }
 
-void Form_appgrid::Accept()
+void Form_appgrid::Done()
 {
     const auto refusal = Accept_Application_Grid(The_Session, Grid(), Method);
     if (!refusal)

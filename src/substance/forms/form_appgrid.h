@@ -22,7 +22,7 @@ private:
     void Show_Grid(const Application_Grid& grid);
     Application_Grid Grid() const;
     void Take_Same_Fractions();
-    void Accept();
+    void Done();
 
     Session& The_Session;
     Application_Method Method;

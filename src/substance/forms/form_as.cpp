@@ -48,7 +48,7 @@ void Form_AS::Lay_Out()
         places->setColumnStretch(column, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(Command4);
-    buttons->addWidget(Done_And_Cancel(*this, &Form_AS::Accept, "Command_ok1", "D&one", "Command_cancel"), 1);
+    buttons->addWidget(Done_And_Cancel(*this, &Form_AS::Done, "Command_ok1", "D&one", "Command_cancel"), 1);
     auto* all = new QVBoxLayout(this);
     all->addLayout(places);
     all->addStretch(1);
@@ -63,7 +63,7 @@ void Form_AS::Show_Minor(bool visible)
     Volatility->Show_Minor(visible);
 }
 
-void Form_AS::Accept()
+void Form_AS::Done()
 {
     if (!Applications->Leave())
         return;

@@ -24,7 +24,7 @@ public:
 
 private:
     void Lay_Out();
-    void Accept();
+    void Done();
     void Refuse(const Refusal& refusal);
     void Show_Minor(bool visible);
 

@@ -56,7 +56,7 @@ void Form_hor::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addLayout(grid, 1);
     all->addLayout(below);
-    all->addWidget(Done_And_Cancel(*this, &Form_hor::Accept, "Command_OK", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, &Form_hor::Done, "Command_OK", "&OK"));
 }
 
 // The headings over groups of columns, which follow them.
@@ -140,7 +140,7 @@ void Form_hor::Show_Default(bool taken)
     Default_Note->setVisible(taken);
 }
 
-void Form_hor::Accept()
+void Form_hor::Done()
 {
     Accept_Depth_Grid(The_Session.Pesticide, Substance, Grid());
     The_Session.Program.PSM_Changed = true;

@@ -32,7 +32,7 @@ private:
     void Take_Default();
     void Follow_Undo();
     void Show_Default(bool taken);
-    void Accept();
+    void Done();
 
     Session& The_Session;
     int Substance;

@@ -20,7 +20,7 @@ public:
 
 private:
     void Lay_Out();
-    void Accept();
+    void Done();
 
     Session& The_Session;
     const int Substance;

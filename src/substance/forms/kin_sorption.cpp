@@ -1,10 +1,10 @@
 #include "substance/forms/kin_sorption.h"
 
 #include "ui/forms/done_cancel.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
 
-#include <QFocusEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QRadioButton>
@@ -24,6 +24,7 @@ kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent)
 {
     setObjectName("kin_Sorption");
     setWindowTitle("Kinetic sorption");
+    Guard = new Leave_Guard(*this, [this](QWidget& field) { Leave(field); });
     Lay_Out();
     Show_Captions(Designed_Kinetic_Captions);
     Show_Entry(Load_Kinetic(The_Session.Pesticide, Substance));
@@ -48,13 +49,13 @@ void kin_Sorption::Lay_Out()
     Bezeichnung_Sorptionsrate->setBuddy(s_kdes);
     for (auto* field : {s_f_neq, s_kdes}) {
         field->setMinimumWidth(fontMetrics().horizontalAdvance(u'0') * Converted_Digits);
-        field->installEventFilter(this);
+        Guard->Watch(*field);
     }
 
     auto* all = new QVBoxLayout(this);
     all->addLayout(grid);
     all->addStretch(1);
-    all->addWidget(Done_And_Cancel(*this, &kin_Sorption::Accept));
+    all->addWidget(Done_And_Cancel(*this, &kin_Sorption::Done));
 }
 
 Kinetic_Entry kin_Sorption::Entry() const
@@ -84,35 +85,24 @@ void kin_Sorption::Choose(Kinetic_Model model)
     const auto refusal = Choose_Kinetic_Model(entry, model);
     Show_Entry(entry);
     if (refusal)
-        return Refuse(*refusal);
+        return Guard->Refuse(The_Session.Ask, *refusal);
     Show_Captions(Captions_Of(model));
 }
 
 // A field is tested when it is left for the other one: options and Done test both by themselves, and Cancel is always
 // free.
-bool kin_Sorption::eventFilter(QObject* watched, QEvent* event)
+void kin_Sorption::Leave(const QWidget& field)
 {
-    const bool to_other = event->type() == QEvent::FocusOut && !Refusing && (s_f_neq->hasFocus() || s_kdes->hasFocus());
-    if (to_other) {
-        const auto refusal = watched == s_f_neq ? Check_Kinetic_Fraction(Entry()) : Check_Kinetic_Rate(Entry());
-        if (refusal)
-            Refuse(*refusal);
-    }
-    return QDialog::eventFilter(watched, event);
+    if (!s_f_neq->hasFocus() && !s_kdes->hasFocus())
+        return;
+    if (const auto refusal = &field == s_f_neq ? Check_Kinetic_Fraction(Entry()) : Check_Kinetic_Rate(Entry()))
+        Guard->Refuse(The_Session.Ask, *refusal);
 }
 
-void kin_Sorption::Refuse(const Refusal& refusal)
-{
-    Refusing = true;
-    The_Session.Ask(refusal.Text);
-    findChild<QWidget*>(Shown(refusal.Control))->setFocus();
-    Refusing = false;
-}
-
-void kin_Sorption::Accept()
+void kin_Sorption::Done()
 {
     if (const auto refusal = Accept_Kinetic(The_Session.Pesticide, Substance, Entry()))
-        return Refuse(*refusal);
+        return Guard->Refuse(The_Session.Ask, *refusal);
     The_Session.Program.PSM_Changed = true;
     accept();
 }

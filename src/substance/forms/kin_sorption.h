@@ -10,6 +10,7 @@ class QRadioButton;
 
 namespace orvel {
 
+class Leave_Guard;
 class Number_Edit;
 
 // Slow sorption of a substance at non-equilibrium sites, in either of two notations.
@@ -19,17 +20,14 @@ class kin_Sorption : public QDialog {
 public:
     kin_Sorption(Session& session, int i, QWidget* parent = nullptr); // substance i, 1 to 9
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void Lay_Out();
     Kinetic_Entry Entry() const;
     void Show_Captions(const Kinetic_Captions& captions);
     void Show_Entry(const Kinetic_Entry& entry);
     void Choose(Kinetic_Model model);
-    void Refuse(const Refusal& refusal);
-    void Accept();
+    void Leave(const QWidget& field);
+    void Done();
 
     Session& The_Session;
     int Substance;
@@ -37,7 +35,7 @@ private:
     std::array<QRadioButton*, 2> kin_Modell{};
     QLabel *Bezeichnung_Anteil = nullptr, *Bezeichnung_Sorptionsrate = nullptr;
     Number_Edit *s_f_neq = nullptr, *s_kdes = nullptr;
-    bool Refusing = false;
+    Leave_Guard* Guard = nullptr;
 };
 
 } // namespace orvel

@@ -50,7 +50,7 @@ void KOC_PH::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addLayout(grid);
     all->addStretch(1);
-    all->addWidget(Done_And_Cancel(*this, &KOC_PH::Accept));
+    all->addWidget(Done_And_Cancel(*this, &KOC_PH::Done));
 }
 
 Number_Edit* KOC_PH::Field(QGridLayout& grid, int row, int column, const QString& name, const QString& label,
@@ -78,7 +78,7 @@ void KOC_PH::Show_View()
         widget->setVisible(view.Second_Pair);
 }
 
-void KOC_PH::Accept()
+void KOC_PH::Done()
 {
     Accept_PH(The_Session.Pesticide, Substance, Entry(), The_Koc);
     The_Session.Program.PSM_Changed = true;

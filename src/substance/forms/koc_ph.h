@@ -29,7 +29,7 @@ private:
                        const QString& label_name);
     PH_Entry Entry() const;
     void Show_View();
-    void Accept();
+    void Done();
 
     Session& The_Session;
     int Substance;

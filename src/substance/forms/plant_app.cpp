@@ -46,10 +46,10 @@ void Plant_App::Lay_Out(bool filtration)
     auto* all = new QVBoxLayout(this);
     all->addLayout(rows);
     all->addStretch(1);
-    all->addWidget(Done_And_Cancel(*this, &Plant_App::Accept, "Command1", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, &Plant_App::Done, "Command1", "&OK"));
 }
 
-void Plant_App::Accept()
+void Plant_App::Done()
 {
     Accept_Plant(The_Session, {.S_plt_dk = S_plt_dk->Typed(),
                                .S_plt_washoff = S_plt_washoff->Typed(),

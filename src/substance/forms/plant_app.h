@@ -20,7 +20,7 @@ public:
 
 private:
     void Lay_Out(bool filtration);
-    void Accept();
+    void Done();
 
     Session& The_Session;
     Number_Edit *S_plt_dk = nullptr, *S_plt_washoff = nullptr, *S_plt_filtr = nullptr, *S_plt_penet = nullptr,
