@@ -1,32 +1,32 @@
 #include "substance/plant_surface.h"
 
-#include "ui/number_field.h"
-
 namespace orvel {
+
+using Document = Pesticide_Document;
+using Entry = Plant_Entry;
+
+const std::array<Entry_Field<Entry, Document>, 8> Plant_Fields = {{
+    {"S_plt_dk", "&Decay rate on the plant (1/d)", &Entry::S_plt_dk, &Document::Plant_Decay},
+    {"S_plt_washoff", "&Washoff-coefficient (1/cm)", &Entry::S_plt_washoff, &Document::Plant_Washoff},
+    {"S_plt_filtr", "&Filtration Parameter (1/cm)", &Entry::S_plt_filtr, &Document::Plant_Filtration, "",
+     "Label_plt_filtr"},
+    {"S_plt_penet", "Rate for &penetration (1/d)", &Entry::S_plt_penet, &Document::Plant_Penetration},
+    {"S_plt_photo", "Rate for P&hotodegrad. at ref. conditions", &Entry::S_plt_photo, &Document::Plant_Photodeg, "1/d"},
+    {"S_RefRad", "&Reference radiation (W/m\u00B2)", &Entry::S_RefRad, &Document::Plant_Ref_Rad},
+    {"S_dlam", "&Laminar layer for volatilisation (cm)", &Entry::S_dlam, &Document::Plant_Laminar},
+    {"S_Hv", "Volatilisation &Enthalpy (J/mol)", &Entry::S_Hv, &Document::Hv},
+}};
 
 Plant_Entry Load_Plant(const Pesticide_Document& document)
 {
-    return {.S_plt_dk = document.Plant_Decay.Text(),
-            .S_plt_washoff = document.Plant_Washoff.Text(),
-            .S_plt_filtr = General_Text(document.Plant_Filtration),
-            .S_plt_penet = General_Text(document.Plant_Penetration),
-            .S_plt_photo = General_Text(document.Plant_Photodeg),
-            .S_RefRad = General_Text(document.Plant_Ref_Rad),
-            .S_dlam = General_Text(document.Plant_Laminar),
-            .S_Hv = General_Text(document.Hv)};
+    Plant_Entry entry;
+    Load_Fields<Entry, Document>(Plant_Fields, document, 0, entry);
+    return entry;
 }
 
 void Accept_Plant(Session& session, const Plant_Entry& entry)
 {
-    auto& document = session.Pesticide;
-    document.Plant_Decay = Typed_Number(entry.S_plt_dk);
-    document.Plant_Washoff = Typed_Number(entry.S_plt_washoff);
-    document.Plant_Filtration = Val(entry.S_plt_filtr);
-    document.Plant_Penetration = Val(entry.S_plt_penet);
-    document.Plant_Photodeg = Val(entry.S_plt_photo);
-    document.Plant_Ref_Rad = Val(entry.S_RefRad);
-    document.Plant_Laminar = Val(entry.S_dlam);
-    document.Hv = Val(entry.S_Hv);
+    Store_Fields<Entry, Document>(Plant_Fields, entry, 0, session.Pesticide);
     session.Program.PSM_Changed = true;
 }
 

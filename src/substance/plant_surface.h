@@ -2,7 +2,9 @@
 
 #include "core/session.h"
 #include "substance/application_view.h"
+#include "ui/entry_fields.h"
 
+#include <array>
 #include <string>
 
 namespace orvel {
@@ -19,6 +21,9 @@ struct Plant_Entry {
     std::string S_Hv;          // enthalpy of volatilisation, J/mol
     bool operator==(const Plant_Entry&) const = default;
 };
+
+// The boxes in the order of the form.
+extern const std::array<Entry_Field<Plant_Entry, Pesticide_Document>, 8> Plant_Fields;
 
 Plant_Entry Load_Plant(const Pesticide_Document& document);
 

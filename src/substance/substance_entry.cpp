@@ -23,22 +23,31 @@ Variant Horizons_Variant(const Substance_Entry& entry)
 
 } // namespace
 
+using Document = Pesticide_Document;
+using Entry = Substance_Entry;
+
+const std::array<Entry_Field<Entry, Document>, 8> Number_Fields_Of_Substance = {{
+    {"Text_mol", "&Mol Mass [g/mol]:", &Entry::Text_mol, &Document::Molmass},
+    {"text_uptkf", "Plant &uptake factor:", &Entry::text_uptkf, &Document::Plant_Uptake},
+    {"Text_koc0", "&Koc Value [mL / g]", &Entry::Text_koc0, &Document::Koc, "", "Label_koc"},
+    {"Text_koc1", "&Freundlich Exponent", &Entry::Text_koc1, &Document::Fr_Exp, "", "Label_koc_1"},
+    {"Text_koc4", "&Limit for Freundlich [\u00B5g / L]", &Entry::Text_koc4, &Document::Freundl_Limit, "",
+     "Label_koc_4"},
+    {"Text_koc5", "&Annual Increase  [%]", &Entry::Text_koc5, &Document::Ann_Incr, "", "Label_koc_5"},
+    {"text_kdoc", "E&quilibrium constant for DOC (L/kg)", &Entry::text_kdoc, &Document::K_doc, "", "Label_koc_6"},
+    {"Text_KOC_MOI", "Increase of sorption when soil is air dried (-)", &Entry::Text_KOC_MOI, &Document::Koc_Change},
+}};
+
 Substance_Entry Load_Substance(const Pesticide_Document& document, int i)
 {
-    return {.Name = document.Substance_Name[i],
-            .Text_mol = document.Molmass[i].Text(),
-            .text_uptkf = document.Plant_Uptake[i].Text(),
-            .Text_koc0 = document.Koc[i].Text(),
-            .Text_koc1 = document.Fr_Exp[i].Text(),
-            .Text_koc4 = document.Freundl_Limit[i].Text(),
-            .Text_koc5 = General_Text(document.Ann_Incr[i]),
-            .text_kdoc = General_Text(document.K_doc[i]),
-            .Text_KOC_MOI = General_Text(document.Koc_Change[i]),
-            .Text_nhor = document.N_Horizons.Text(),
-            .Kd_Direct = document.Kd_Flag[i].Number() == 0,
-            .Depth_Mode = std::min<int>(document.Deg_Depth_Mode[i], Individual),
-            .Liquid_Only = document.Deg_Liquid_Only[i] != 0,
-            .Kf_Enabled = document.N_Horizons.Number() != 0};
+    Substance_Entry entry{.Name = document.Substance_Name[i],
+                          .Text_nhor = document.N_Horizons.Text(),
+                          .Kd_Direct = document.Kd_Flag[i].Number() == 0,
+                          .Depth_Mode = std::min<int>(document.Deg_Depth_Mode[i], Individual),
+                          .Liquid_Only = document.Deg_Liquid_Only[i] != 0,
+                          .Kf_Enabled = document.N_Horizons.Number() != 0};
+    Load_Fields<Entry, Document>(Number_Fields_Of_Substance, document, static_cast<std::size_t>(i), entry);
+    return entry;
 }
 
 void Choose_Depth_Mode(Substance_Entry& entry, int mode)
@@ -77,14 +86,7 @@ void Store_Substance(Pesticide_Document& document, int i, const Substance_Entry&
     document.N_Horizons = Horizons_Variant(entry);
     Grow_Horizon_Table(document, Horizons_Typed(entry));
     document.Substance_Name[i] = entry.Name;
-    document.Molmass[i] = Typed_Number(entry.Text_mol);
-    document.Plant_Uptake[i] = Typed_Number(entry.text_uptkf);
-    document.Koc[i] = Typed_Number(entry.Text_koc0);
-    document.Fr_Exp[i] = Typed_Number(entry.Text_koc1);
-    document.Freundl_Limit[i] = Typed_Number(entry.Text_koc4);
-    document.Ann_Incr[i] = Val(entry.Text_koc5);
-    document.K_doc[i] = Val(entry.text_kdoc);
-    document.Koc_Change[i] = Val(entry.Text_KOC_MOI);
+    Store_Fields<Entry, Document>(Number_Fields_Of_Substance, entry, static_cast<std::size_t>(i), document);
     document.Kd_Flag[i] = entry.Kd_Direct ? 0 : 1;
     document.Deg_Depth_Mode[i] = static_cast<std::uint8_t>(std::clamp(entry.Depth_Mode, 0, Individual));
     document.Deg_Liquid_Only[i] = entry.Liquid_Only ? 1 : 0;

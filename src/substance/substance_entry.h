@@ -1,7 +1,9 @@
 #pragma once
 
 #include "core/session.h"
+#include "ui/entry_fields.h"
 
+#include <array>
 #include <optional>
 #include <string>
 
@@ -26,6 +28,11 @@ struct Substance_Entry {
     bool Kf_Enabled = false;  // whether Option_koc1 and Option_koc2 can be chosen
     bool operator==(const Substance_Entry&) const = default;
 };
+
+// The number boxes but for Text_nhor, in the order of the forms: what the substance is, and from First_Sorption_Field
+// on its sorption.
+extern const std::array<Entry_Field<Substance_Entry, Pesticide_Document>, 8> Number_Fields_Of_Substance;
+constexpr std::size_t First_Sorption_Field = 2;
 
 Substance_Entry Load_Substance(const Pesticide_Document& document, int i);
 

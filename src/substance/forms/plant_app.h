@@ -1,14 +1,11 @@
 #pragma once
 
 #include "substance/plant_surface.h"
+#include "ui/forms/entry_boxes.h"
 
 #include <QDialog>
 
-class QFormLayout;
-
 namespace orvel {
-
-class Number_Edit;
 
 // The fate of the substance on the plant surface.
 class Plant_App : public QDialog {
@@ -23,9 +20,7 @@ private:
     void Done();
 
     Session& The_Session;
-    Number_Edit *S_plt_dk = nullptr, *S_plt_washoff = nullptr, *S_plt_filtr = nullptr, *S_plt_penet = nullptr,
-                *S_plt_photo = nullptr;
-    Number_Edit *S_RefRad = nullptr, *S_dlam = nullptr, *S_Hv = nullptr;
+    Entry_Boxes Boxes;
 };
 
 } // namespace orvel

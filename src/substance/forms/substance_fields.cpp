@@ -54,15 +54,6 @@ QHBoxLayout* Side_By_Side(std::initializer_list<QWidget*> widgets)
     return row;
 }
 
-// A text that stands there already keeps what is known of it: whether it was typed, and the cursor.
-void Show_Text(QLineEdit& field, std::string_view text)
-{
-    if (field.text() == Shown(text))
-        return;
-    field.setText(Shown(text));
-    field.setCursorPosition(0);
-}
-
 } // namespace
 
 Substance_Fields::Substance_Fields(Session& session, int i, QDialog& form)
@@ -78,16 +69,6 @@ Substance_Fields::Substance_Fields(Session& session, int i, QDialog& form)
     Show_Notes();
 }
 
-Number_Edit* Substance_Fields::Add_Number(QFormLayout& rows, const QString& label, const QString& name,
-                                          const QString& label_name)
-{
-    auto* field = Named(new Number_Edit, name);
-    auto* caption = Named(new QLabel(label), label_name);
-    caption->setBuddy(field);
-    rows.addRow(caption, field);
-    return field;
-}
-
 void Substance_Fields::Lay_Out_General()
 {
     const auto& captions = Captions_For(Substance);
@@ -95,8 +76,8 @@ void Substance_Fields::Lay_Out_General()
     auto& rows = *(Rows_Of_General = new QFormLayout(General_Group));
     rows.addRow(captions.Name, Name = Named(new Byte_Edit, captions.Name_Control));
     Name->setMinimumWidth(Name->fontMetrics().averageCharWidth() * Name_Columns);
-    Text_mol = Add_Number(rows, captions.Molmass, "Text_mol");
-    text_uptkf = Add_Number(rows, "Plant &uptake factor:", "text_uptkf");
+    for (const auto& field : std::span(Number_Fields_Of_Substance).first(First_Sorption_Field))
+        Boxes.Add(rows, field, field.Control == "Text_mol" ? captions.Molmass : "");
 }
 
 void Substance_Fields::Lay_Out_Sorption()
@@ -111,12 +92,8 @@ void Substance_Fields::Lay_Out_Sorption()
     ways->addButton(Option_koc2);
     connect(ways, &QButtonGroup::idClicked, this, &Substance_Fields::Show_View);
     rows.addRow(Side_By_Side({new QLabel("Kf-Value"), Option_koc1, Option_koc2}));
-    Text_koc0 = Add_Number(rows, "&Koc Value [mL / g]", "Text_koc0", "Label_koc");
-    Text_koc1 = Add_Number(rows, "&Freundlich Exponent", "Text_koc1", "Label_koc_1");
-    Text_koc4 = Add_Number(rows, QString::fromUtf8("&Limit for Freundlich [µg / L]"), "Text_koc4", "Label_koc_4");
-    Text_koc5 = Add_Number(rows, "&Annual Increase  [%]", "Text_koc5", "Label_koc_5");
-    text_kdoc = Add_Number(rows, "E&quilibrium constant for DOC (L/kg)", "text_kdoc", "Label_koc_6");
-    Text_KOC_MOI = Add_Number(rows, captions.Moisture, "Text_KOC_MOI");
+    for (const auto& field : std::span(Number_Fields_Of_Substance).subspan(First_Sorption_Field))
+        Boxes.Add(rows, field, field.Control == "Text_KOC_MOI" ? captions.Moisture : "");
     auto* ph = Push_Button("Command2", captions.PH, this, &Substance_Fields::Edit_PH);
     auto* kinetics = Push_Button("Command3", captions.Kinetics, this, &Substance_Fields::Edit_Kinetics);
     rows.addRow(Side_By_Side({ph, kinetics}));
@@ -138,7 +115,10 @@ void Substance_Fields::Lay_Out_Depth()
         rows.addRow(tiefenabhaengig[mode]);
     }
     connect(modes, &QButtonGroup::idClicked, this, &Substance_Fields::Choose_Depth);
-    Text_nhor = Add_Number(rows, "Number of &Horizons", "Text_nhor", "Label1_4");
+    Text_nhor = Named(new Number_Edit, "Text_nhor");
+    auto* label = Named(new QLabel("Number of &Horizons"), "Label1_4");
+    label->setBuddy(Text_nhor);
+    rows.addRow(label, Text_nhor);
     connect(Text_nhor, &QLineEdit::editingFinished, this, [this] {
         if (!Text_nhor->hasFocus()) // the return key leaves it by way of "Done"
             Leave_Horizons();
@@ -151,18 +131,11 @@ void Substance_Fields::Lay_Out_Depth()
 Substance_Entry Substance_Fields::Entry() const
 {
     Substance_Entry entry{.Name = Name->Typed(),
-                          .Text_mol = Text_mol->Typed(),
-                          .text_uptkf = text_uptkf->Typed(),
-                          .Text_koc0 = Text_koc0->Typed(),
-                          .Text_koc1 = Text_koc1->Typed(),
-                          .Text_koc4 = Text_koc4->Typed(),
-                          .Text_koc5 = Text_koc5->Typed(),
-                          .text_kdoc = text_kdoc->Typed(),
-                          .Text_KOC_MOI = Text_KOC_MOI->Typed(),
                           .Text_nhor = Text_nhor->Typed(),
                           .Kd_Direct = Option_koc1->isChecked(),
                           .Liquid_Only = Check_Hydrolysis->isChecked(),
                           .Kf_Enabled = Kf_Enabled};
+    Boxes.Read(Number_Fields_Of_Substance, entry);
     for (std::size_t mode = 0; mode < tiefenabhaengig.size(); ++mode) {
         if (tiefenabhaengig[mode]->isChecked())
             entry.Depth_Mode = static_cast<int>(mode);
@@ -172,16 +145,9 @@ Substance_Entry Substance_Fields::Entry() const
 
 void Substance_Fields::Show_Entry(const Substance_Entry& entry)
 {
-    Show_Text(*Name, entry.Name);
-    Show_Text(*Text_mol, entry.Text_mol);
-    Show_Text(*text_uptkf, entry.text_uptkf);
-    Show_Text(*Text_koc0, entry.Text_koc0);
-    Show_Text(*Text_koc1, entry.Text_koc1);
-    Show_Text(*Text_koc4, entry.Text_koc4);
-    Show_Text(*Text_koc5, entry.Text_koc5);
-    Show_Text(*text_kdoc, entry.text_kdoc);
-    Show_Text(*Text_KOC_MOI, entry.Text_KOC_MOI);
-    Show_Text(*Text_nhor, entry.Text_nhor);
+    Entry_Boxes::Show_Text(*Name, entry.Name);
+    Boxes.Show(Number_Fields_Of_Substance, entry);
+    Entry_Boxes::Show_Text(*Text_nhor, entry.Text_nhor);
     (entry.Kd_Direct ? Option_koc1 : Option_koc2)->setChecked(true);
     tiefenabhaengig.at(static_cast<std::size_t>(entry.Depth_Mode))->setChecked(true);
     Check_Hydrolysis->setChecked(entry.Liquid_Only);
@@ -192,8 +158,8 @@ void Substance_Fields::Show_Entry(const Substance_Entry& entry)
 void Substance_Fields::Show_View()
 {
     const auto view = View_Of_Sorption(Entry());
-    Rows_Of_Sorption->setRowVisible(Text_koc0, view.Koc_Visible);
-    Rows_Of_Sorption->setRowVisible(Text_koc1, view.Koc_Visible);
+    Rows_Of_Sorption->setRowVisible(Boxes["Text_koc0"], view.Koc_Visible);
+    Rows_Of_Sorption->setRowVisible(Boxes["Text_koc1"], view.Koc_Visible);
     Rows_Of_Depth->setRowVisible(Text_nhor, view.Horizons_Visible);
     Rows_Of_Depth->setRowVisible(Command_hor, view.Command_hor_Visible);
     Option_koc1->setEnabled(view.Kf_Enabled);
@@ -211,8 +177,8 @@ void Substance_Fields::Show_Notes()
 
 void Substance_Fields::Show_Minor(bool visible)
 {
-    for (auto* field : {Text_koc4, Text_koc5, text_kdoc})
-        Rows_Of_Sorption->setRowVisible(field, visible);
+    for (const char* field : {"Text_koc4", "Text_koc5", "text_kdoc"})
+        Rows_Of_Sorption->setRowVisible(Boxes[field], visible);
 }
 
 void Substance_Fields::Choose_Depth(int mode)
@@ -247,10 +213,12 @@ std::optional<Substance_Entry> Substance_Fields::Entered()
 
 void Substance_Fields::Edit_PH()
 {
-    KOC_PH form(The_Session, Substance, Text_koc0->Typed(), &Form);
+    KOC_PH form(The_Session, Substance, Boxes["Text_koc0"]->Typed(), &Form);
     if (form.exec() != QDialog::Accepted)
         return;
-    Show_Text(*Text_koc0, form.Text_koc0());
+    auto entry = Entry();
+    entry.Text_koc0 = form.Text_koc0();
+    Show_Entry(entry);
     Show_Notes();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "substance/substance_view.h"
+#include "ui/forms/entry_boxes.h"
 
 #include <array>
 #include <QDialog>
@@ -15,7 +16,6 @@ class QRadioButton;
 namespace orvel {
 
 class Byte_Edit;
-class Number_Edit;
 
 // The controls that the forms of the active substance and of a metabolite share, in three groups that the form puts
 // where it wants them: what the substance is, its sorption, and what depends on depth. The buttons among them open
@@ -44,8 +44,6 @@ private:
     void Lay_Out_General();
     void Lay_Out_Sorption();
     void Lay_Out_Depth();
-    Number_Edit* Add_Number(QFormLayout& rows, const QString& label, const QString& name,
-                            const QString& label_name = {});
     void Show_View();
     void Show_Notes();
     void Choose_Depth(int mode);
@@ -61,9 +59,8 @@ private:
     QGroupBox *General_Group = nullptr, *Sorption_Group = nullptr, *Depth_Group = nullptr;
     QFormLayout *Rows_Of_General = nullptr, *Rows_Of_Sorption = nullptr, *Rows_Of_Depth = nullptr;
     Byte_Edit* Name = nullptr;
-    Number_Edit *Text_mol = nullptr, *text_uptkf = nullptr, *Text_koc0 = nullptr, *Text_koc1 = nullptr,
-                *Text_koc4 = nullptr, *Text_koc5 = nullptr;
-    Number_Edit *text_kdoc = nullptr, *Text_KOC_MOI = nullptr, *Text_nhor = nullptr;
+    Entry_Boxes Boxes;
+    Number_Edit* Text_nhor = nullptr;
     QRadioButton *Option_koc1 = nullptr, *Option_koc2 = nullptr;
     std::array<QRadioButton*, 3> tiefenabhaengig{};
     QCheckBox* Check_Hydrolysis = nullptr;
