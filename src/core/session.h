@@ -214,13 +214,6 @@ struct Run_Settings {
     Variant Sim_Years, Start_Day, Start_Month, End_Day;
     std::int16_t End_Month = 0;
 
-    // The pattern of the location under edit, found from its list of applications
-    std::uint8_t App_Pattern = 0; // 0 irregular, 1 every year, 2 every other year, 3 every third year
-    std::uint8_t App_Cycles = 0;  // 26, 23 or 22
-    Per_Location<std::int16_t> App_Per_Year{};
-    std::int16_t App_Current_Location = 0;
-    std::uint8_t App_Current = 0;
-    std::uint8_t App_Loc_Index = 0;
     std::uint8_t Till_Depth = 0;
 
     // The batch
@@ -243,7 +236,19 @@ struct Program_State {
     std::string PSM_File; // file of the open document
     bool PSM_Read_OK = false;
     bool PSM_Changed = false, SZE_Changed = false, CLI_Changed = false;
+};
+
+// What the substance editor has open; none of it is in the document.
+struct Editor_State {
     std::int16_t Substance_Index = 0, Transformation_Index = 0;
+
+    // The pattern of the location under edit, found from its list of applications
+    std::uint8_t App_Pattern = 0; // 0 irregular, 1 every year, 2 every other year, 3 every third year
+    std::uint8_t App_Cycles = 0;  // 26, 23 or 22
+    Per_Location<std::int16_t> App_Per_Year{};
+    std::int16_t App_Current_Location = 0;
+    std::uint8_t App_Current = 0;
+    std::uint8_t App_Loc_Index = 0;
 };
 
 struct Session {
@@ -253,7 +258,25 @@ struct Session {
     Run_Settings Run;
     Output_Selection Output;
     Program_State Program;
+    Editor_State Editor;
     Ask_Function Ask;
+};
+
+// What an edit of a document needs: the document, the mark that it was changed, and what the editor has open.
+struct Pesticide_Edit {
+    Pesticide_Edit(Session& session)
+        : Document(session.Pesticide),
+          Editor(session.Editor),
+          Changed(session.Program.PSM_Changed)
+    {}
+    Pesticide_Document& Document;
+    Editor_State& Editor;
+    bool& Changed;
+};
+struct Scenario_Edit {
+    Scenario_Edit(Session& session) : Document(session.Scenario), Changed(session.Program.SZE_Changed) {}
+    Scenario_Document& Document;
+    bool& Changed;
 };
 
 // English names of the months, 1 to 12, whatever the system's language is.

@@ -19,10 +19,10 @@ namespace {
 bool Open_Pesticide(Session& session, const fs::path& file)
 {
     const bool read = Read_PSM(session, file);
-    session.Run.App_Current_Location = 0;
-    if (session.Run.App_Pattern > 0)
-        session.Run.App_Per_Year[0] =
-            To_I16(session.Pesticide.App_Count[0].Number() / Cycles_Of_Pattern(session.Run.App_Pattern));
+    session.Editor.App_Current_Location = 0;
+    if (session.Editor.App_Pattern > 0)
+        session.Editor.App_Per_Year[0] =
+            To_I16(session.Pesticide.App_Count[0].Number() / Cycles_Of_Pattern(session.Editor.App_Pattern));
     if (read)
         Update_Pathway(session.Pesticide);
     return read;

@@ -39,7 +39,7 @@ std::string Format_Template(const Mode& mode, const std::vector<Demo_Pesticide>&
     const auto session = std::make_unique<Session>();
     session->Pesticide = pesticide.Document;
     session->Output = Recommended_Output();
-    session->Run.App_Pattern = 1;
+    session->Editor.App_Pattern = 1;
     Run_Choice choice{.Pesticide = pesticide.Name, .Crop = 0, .Location = Location_Text(soil ? "T_N" : "C", true)};
     choice.Tillage = Tillage_List(mode).at(static_cast<std::size_t>(mode.Tillage_Index));
     return Format_Run(*session, mode, choice);

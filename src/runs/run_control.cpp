@@ -183,9 +183,9 @@ std::string Format_Single_Run(const Session& session)
 
 int Years_Of_Run(const Session& session, const Mode& mode, const Run_Choice& choice)
 {
-    if (session.Run.App_Pattern == 0 && mode.Asks_Irregular_Years)
+    if (session.Editor.App_Pattern == 0 && mode.Asks_Irregular_Years)
         return choice.Irregular_Years;
-    return Years_Of_Pattern(session.Run.App_Pattern);
+    return Years_Of_Pattern(session.Editor.App_Pattern);
 }
 
 std::string Format_Run(Session& session, const Mode& mode, const Run_Choice& choice)

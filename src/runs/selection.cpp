@@ -47,7 +47,7 @@ bool Read_Pesticide(Session& session, const Selection& selected)
 {
     const fs::path file = Found_Or_New(session.Program.App_Path, Path_Of(selected.Pesticide));
     session.Program.PSM_File = Path_Text(file);
-    session.Run.App_Current_Location = 0;
+    session.Editor.App_Current_Location = 0;
     return Read_PSM(session, file);
 }
 
@@ -66,20 +66,20 @@ try {
 
 std::string Relative_Warning(Session& session, const Mode& mode, const Selection& selected)
 {
-    Check_Pattern(session, 0);
+    Check_Pattern(session.Pesticide, session.Editor, 0);
     const bool possible = selected.Crop != Individual_Crop || Defines_A_Crop(Scenario_File(session, mode, selected));
     return std::string(possible ? std::string_view() : No_Crop_Text);
 }
 
 std::string Location_Warning(Session& session, const Selection& selected)
 {
-    session.Run.App_Pattern = 0;
+    session.Editor.App_Pattern = 0;
     const int block = Block_Of_Location(session.Pesticide, selected.Location);
     if (block < 0)
         return No_Pattern_Text(Plain_Location(selected.Location));
-    session.Run.App_Current_Location = static_cast<std::int16_t>(block);
-    Check_Pattern(session, block);
-    return std::string(session.Run.App_Pattern == 0 ? Irregular_Text : std::string_view());
+    session.Editor.App_Current_Location = static_cast<std::int16_t>(block);
+    Check_Pattern(session.Pesticide, session.Editor, block);
+    return std::string(session.Editor.App_Pattern == 0 ? Irregular_Text : std::string_view());
 }
 
 // The tests that stand behind those of the applications; the last one that fails is shown.
@@ -95,7 +95,7 @@ void Test_Crop_And_Horizons(const Session& session, const Mode& mode, bool scena
 std::string First_Application(const Session& session)
 {
     const auto& document = session.Pesticide;
-    if (session.Run.App_Pattern == 0)
+    if (session.Editor.App_Pattern == 0)
         return {};
     if (document.App_Mode == App_Mode_Relative) {
         const auto& first = document.Relative[1];
@@ -103,7 +103,7 @@ std::string First_Application(const Session& session)
         return General_Text(first.Abs9_Rate) + " kg/ha " + General_Text(first.Abs9_Day) + " days after " +
                std::string(Crop_Event_Label[stage]);
     }
-    const auto& first = document.Applications[static_cast<std::size_t>(session.Run.App_Current_Location)][1];
+    const auto& first = document.Applications[static_cast<std::size_t>(session.Editor.App_Current_Location)][1];
     const bool month = first.App_Month >= 1 && first.App_Month <= 12;
     return General_Text(first.App_Rate) + " kg/ha on " +
            std::string(month ? Month_Name[static_cast<std::size_t>(first.App_Month)] : "") + " " +
@@ -112,7 +112,7 @@ std::string First_Application(const Session& session)
 
 void Describe_Pattern(const Session& session, Selection& selected)
 {
-    const auto pattern = session.Run.App_Pattern;
+    const auto pattern = session.Editor.App_Pattern;
     if (pattern != 0 || selected.Warnung.empty())
         selected.App_Modus = Pattern_Text[pattern];
     selected.app_Date = First_Application(session);

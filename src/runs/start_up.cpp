@@ -94,7 +94,7 @@ bool Start_Up(Session& session)
     Write_Launcher(session);
     program.Online_Help = false;
     Load_Help_Texts(session);
-    session.Run.App_Loc_Index = 1;
+    session.Editor.App_Loc_Index = 1;
     session.Output = Start_Output();
     return true;
 }

@@ -200,10 +200,10 @@ std::optional<Refusal> Check_Rotation(const Rotation_Work& work)
     return refusal;
 }
 
-void Take_Over_Rotation(Session& session, const Rotation_Work& work)
+void Take_Over_Rotation(Scenario_Edit edit, const Rotation_Work& work)
 {
-    session.Program.SZE_Changed = true;
-    auto& document = session.Scenario;
+    edit.Changed = true;
+    auto& document = edit.Document;
     document.Rotation = work.Rows;
     document.SZE_Rot_Count = static_cast<std::int16_t>(work.Rows.size());
     document.Crops = work.Crops;

@@ -64,6 +64,6 @@ void Set_Year(Rotation_Work& work, std::optional<std::size_t> row, Crop_Stage st
 std::optional<Refusal> Check_Rotation(const Rotation_Work& work);
 
 // "OK": the rotation and the whole crop table go into the scenario document.
-void Take_Over_Rotation(Session& session, const Rotation_Work& work);
+void Take_Over_Rotation(Scenario_Edit edit, const Rotation_Work& work);
 
 } // namespace orvel

@@ -24,12 +24,12 @@ Erosion_Texts Show_Erosion(const Scenario_Document& document)
     return texts;
 }
 
-void Take_Over_Erosion(Session& session, const Erosion_Texts& texts)
+void Take_Over_Erosion(Scenario_Edit edit, const Erosion_Texts& texts)
 {
-    session.Program.SZE_Changed = true;
+    edit.Changed = true;
     for (std::size_t i = 0; i < Mixed_Factors.size(); ++i)
-        session.Scenario.*Mixed_Factors[i] = Val(texts[i]);
-    session.Scenario.SZE_Eros_5 = Val(texts.back());
+        edit.Document.*Mixed_Factors[i] = Val(texts[i]);
+    edit.Document.SZE_Eros_5 = Val(texts.back());
 }
 
 } // namespace orvel

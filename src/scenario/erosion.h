@@ -15,6 +15,6 @@ using Erosion_Texts = std::array<std::string, 5>;
 Erosion_Texts Show_Erosion(const Scenario_Document& document);
 
 // "OK". All five become numbers; an empty box is 0 again.
-void Take_Over_Erosion(Session& session, const Erosion_Texts& texts);
+void Take_Over_Erosion(Scenario_Edit edit, const Erosion_Texts& texts);
 
 } // namespace orvel

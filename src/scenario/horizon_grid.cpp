@@ -118,9 +118,9 @@ std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, co
     return std::nullopt;
 }
 
-std::optional<double> Take_Over_Horizons(Session& session, const Horizon_Grid& grid)
+std::optional<double> Take_Over_Horizons(Scenario_Edit edit, const Horizon_Grid& grid)
 {
-    auto& document = session.Scenario;
+    auto& document = edit.Document;
     const auto columns = Columns_Of(document);
     document.SZE_Horizons = grid.Cells.size();
     document.Horizons.resize(grid.Cells.size());
@@ -130,7 +130,7 @@ std::optional<double> Take_Over_Horizons(Session& session, const Horizon_Grid& g
             Store(document.Horizons[h], columns[c], grid.Cells[h][c]);
         sum += document.Horizons[h].SZE_Hor_Thickness.Number();
     }
-    session.Program.SZE_Changed = true;
+    edit.Changed = true;
     return sum == document.SZE_Core_Depth ? std::nullopt : std::optional(sum);
 }
 

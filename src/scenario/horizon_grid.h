@@ -36,6 +36,6 @@ std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, co
 
 // Takes a checked grid over. The result is the sum of thickness (cm) if it differs from the core depth: the editor
 // shows it in the box of the core depth, and the document keeps its own depth until that box is left.
-std::optional<double> Take_Over_Horizons(Session& session, const Horizon_Grid& grid);
+std::optional<double> Take_Over_Horizons(Scenario_Edit edit, const Horizon_Grid& grid);
 
 } // namespace orvel

@@ -149,13 +149,13 @@ std::string Field_Text(const Scenario_Document& document, std::string_view contr
     return {};
 }
 
-std::optional<Refusal> Leave_Field(Session& session, std::string_view control, std::string_view text)
+std::optional<Refusal> Leave_Field(Scenario_Edit edit, std::string_view control, std::string_view text)
 {
-    if (Trim(text) != Field_Text(session.Scenario, control)) {
-        session.Program.SZE_Changed = true;
-        Store(session.Scenario, control, text);
+    if (Trim(text) != Field_Text(edit.Document, control)) {
+        edit.Changed = true;
+        Store(edit.Document, control, text);
     }
-    return Check(session.Scenario, control);
+    return Check(edit.Document, control);
 }
 
 } // namespace orvel

@@ -22,6 +22,6 @@ std::string Field_Text(const Scenario_Document& document, std::string_view contr
 
 // What leaving a box does: a text other than the one shown marks the document changed and is stored, and the value is
 // tested. A refused value stays in the document and in the box.
-std::optional<Refusal> Leave_Field(Session& session, std::string_view control, std::string_view text);
+std::optional<Refusal> Leave_Field(Scenario_Edit edit, std::string_view control, std::string_view text);
 
 } // namespace orvel

@@ -28,38 +28,38 @@ std::size_t Frequency_Index(const Scenario_Document& document, Output_Of output)
     return found == Frequencies.end() ? 0 : static_cast<std::size_t>(found - Frequencies.begin());
 }
 
-Scenario_Document& Changed(Session& session)
+Scenario_Document& Changed(Scenario_Edit edit)
 {
-    session.Program.SZE_Changed = true;
-    return session.Scenario;
+    edit.Changed = true;
+    return edit.Document;
 }
 
 } // namespace
 
-void Choose_Compartments(Session& session, int option)
+void Choose_Compartments(Scenario_Edit edit, int option)
 {
-    Changed(session).SZE_Delxflg = static_cast<std::int16_t>(option);
+    Changed(edit).SZE_Delxflg = static_cast<std::int16_t>(option);
 }
 
-void Choose_Dispersion(Session& session, int option)
+void Choose_Dispersion(Scenario_Edit edit, int option)
 {
-    Changed(session).SZE_Dispersion_Flag = static_cast<std::int16_t>(option);
+    Changed(edit).SZE_Dispersion_Flag = static_cast<std::int16_t>(option);
 }
 
-void Choose_Hydraulics(Session& session, int option)
+void Choose_Hydraulics(Scenario_Edit edit, int option)
 {
-    Changed(session).SZE_Hydraulic_Flag = option;
+    Changed(edit).SZE_Hydraulic_Flag = option;
 }
 
-void Choose_Evapotranspiration(Session& session, int item)
+void Choose_Evapotranspiration(Scenario_Edit edit, int item)
 {
-    Changed(session).SZE_ET_Method = static_cast<std::int16_t>(item);
+    Changed(edit).SZE_ET_Method = static_cast<std::int16_t>(item);
 }
 
-void Choose_Drainage(Session& session, int option)
+void Choose_Drainage(Scenario_Edit edit, int option)
 {
-    const bool macropores = Has_Macropore_Flow(session.Scenario);
-    Changed(session).SZE_Water_Flag = option + (macropores ? Macropore_Part : 0);
+    const bool macropores = Has_Macropore_Flow(edit.Document);
+    Changed(edit).SZE_Water_Flag = option + (macropores ? Macropore_Part : 0);
 }
 
 bool Has_Macropore_Flow(const Scenario_Document& document)
@@ -73,9 +73,9 @@ int Drainage_Option(const Scenario_Document& document)
     return flag >= 1 ? 1 : 0;
 }
 
-void Switch_Process(Session& session, Fast_Process process, bool on)
+void Switch_Process(Scenario_Edit edit, Fast_Process process, bool on)
 {
-    auto& document = Changed(session);
+    auto& document = Changed(edit);
     if (process == Fast_Process::Runoff) {
         document.SZE_Runoff = on;
         return;
@@ -85,17 +85,17 @@ void Switch_Process(Session& session, Fast_Process process, bool on)
     document.SZE_Water_Flag = option + (on ? Macropore_Part : 0);
 }
 
-void Switch_Erosion(Session& session, bool on)
+void Switch_Erosion(Scenario_Edit edit, bool on)
 {
-    auto& document = Changed(session);
+    auto& document = Changed(edit);
     document.SZE_Erosion = on;
     if (on)
         document.SZE_Runoff = 1;
 }
 
-void Switch_DOC(Session& session, bool on)
+void Switch_DOC(Scenario_Edit edit, bool on)
 {
-    Changed(session).SZE_DOC_Flag = on;
+    Changed(edit).SZE_DOC_Flag = on;
 }
 
 std::string_view Frequency_Caption(const Scenario_Document& document, Output_Of output)
@@ -103,10 +103,10 @@ std::string_view Frequency_Caption(const Scenario_Document& document, Output_Of 
     return Frequencies[Frequency_Index(document, output)].Caption;
 }
 
-void Switch_Frequency(Session& session, Output_Of output)
+void Switch_Frequency(Scenario_Edit edit, Output_Of output)
 {
-    const auto next = (Frequency_Index(session.Scenario, output) + 1) % Frequencies.size();
-    Changed(session).*Frequency_Fields[static_cast<std::size_t>(output)] = Variant::Verbatim(Frequencies[next].Word);
+    const auto next = (Frequency_Index(edit.Document, output) + 1) % Frequencies.size();
+    Changed(edit).*Frequency_Fields[static_cast<std::size_t>(output)] = Variant::Verbatim(Frequencies[next].Word);
 }
 
 } // namespace orvel

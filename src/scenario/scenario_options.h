@@ -8,29 +8,29 @@ namespace orvel {
 // changed.
 
 // Compartments dependent on soil depth (0) or constant (1), the numbers of the file and of Button_Delxflg alike.
-void Choose_Compartments(Session& session, int option);
+void Choose_Compartments(Scenario_Edit edit, int option);
 
 // 0 dispersion coefficient, 1 dispersion length.
-void Choose_Dispersion(Session& session, int option);
+void Choose_Dispersion(Scenario_Edit edit, int option);
 
 // 0 direct input, 1 and 2 pedotransfer functions.
-void Choose_Hydraulics(Session& session, int option);
+void Choose_Hydraulics(Scenario_Edit edit, int option);
 
 // 0 potential evaporation data, 1 Hamon, 2 both, 3 Haude.
-void Choose_Evapotranspiration(Session& session, int item);
+void Choose_Evapotranspiration(Scenario_Edit edit, int item);
 
 // The water flow flag is the drainage option, and 2 more with macropore flow.
-void Choose_Drainage(Session& session, int option);
+void Choose_Drainage(Scenario_Edit edit, int option);
 int Drainage_Option(const Scenario_Document& document);
 bool Has_Macropore_Flow(const Scenario_Document& document);
 
 enum class Fast_Process { Runoff, Macropore_Flow };
-void Switch_Process(Session& session, Fast_Process process, bool on);
+void Switch_Process(Scenario_Edit edit, Fast_Process process, bool on);
 
 // Erosion forces runoff on in the document; cleared, it leaves runoff as it is.
-void Switch_Erosion(Session& session, bool on);
+void Switch_Erosion(Scenario_Edit edit, bool on);
 
-void Switch_DOC(Session& session, bool on);
+void Switch_DOC(Scenario_Edit edit, bool on);
 
 enum class Output_Of { Water, Solute, Concentration };
 
@@ -38,6 +38,6 @@ enum class Output_Of { Water, Solute, Concentration };
 std::string_view Frequency_Caption(const Scenario_Document& document, Output_Of output);
 
 // Monthly becomes yearly, yearly daily, daily monthly.
-void Switch_Frequency(Session& session, Output_Of output);
+void Switch_Frequency(Scenario_Edit edit, Output_Of output);
 
 } // namespace orvel

@@ -36,11 +36,11 @@ Active_Entry Load_Active(const Pesticide_Document& document)
     return entry;
 }
 
-std::optional<Refusal> Accept_Active(Session& session, Active_Entry& entry, const Location_Lists& lists)
+std::optional<Refusal> Accept_Active(Pesticide_Edit edit, Active_Entry& entry, const Location_Lists& lists)
 {
-    auto& document = session.Pesticide;
+    auto& document = edit.Document;
     Fill_Second_Point(entry.Pairs, entry.Henry_Direct);
-    session.Program.PSM_Changed = true;
+    edit.Changed = true;
     if (auto refusal = Check_Substance(entry.Substance))
         return refusal;
     Store_Substance(document, Active, entry.Substance);
@@ -51,7 +51,7 @@ std::optional<Refusal> Accept_Active(Session& session, Active_Entry& entry, cons
     document.Diff_Air = Val(entry.Text_vol3);
     document.Depth_Volat = Val(entry.Text_vol4);
     Store_Location_Names(document, lists);
-    if (auto refusal = Check_Sequence(session, lists))
+    if (auto refusal = Check_Sequence(edit, lists))
         return refusal;
     document.App_Loc_Count = static_cast<std::int16_t>(lists.Visible().size());
     return std::nullopt;

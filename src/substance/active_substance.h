@@ -28,6 +28,6 @@ Active_Entry Load_Active(const Pesticide_Document& document);
 // "Done": fills the second point of the entry's volatilisation, checks molar mass and number of horizons, stores all,
 // takes the names of the visible list and checks the sequence of the applications. On a refusal the form stays open;
 // the document counts as changed in any case.
-std::optional<Refusal> Accept_Active(Session& session, Active_Entry& entry, const Location_Lists& lists);
+std::optional<Refusal> Accept_Active(Pesticide_Edit edit, Active_Entry& entry, const Location_Lists& lists);
 
 } // namespace orvel

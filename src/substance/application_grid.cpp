@@ -27,9 +27,9 @@ constexpr std::array<Needed, 4> Needed_Columns = {{{Grid_Column::Day, "Day"},
                                                    {Grid_Column::Year, "Year"},
                                                    {Grid_Column::App_Rate, "App. rate"}}};
 
-int Location_Of(const Session& session)
+int Location_Of(const Editor_State& editor)
 {
-    return std::clamp<int>(session.Run.App_Current_Location, 0, Last_Location);
+    return std::clamp<int>(editor.App_Current_Location, 0, Last_Location);
 }
 
 // Whether a whole number may stand in a cell so far; true for the columns of other numbers.
@@ -101,16 +101,17 @@ std::array<std::string_view, Grid_Columns> Application_Grid_Headers(Application_
             "Frac. Poorly Exposed[-]"};
 }
 
-Application_Grid Load_Application_Grid(const Session& session, std::string_view text_naps, Application_Method method)
+Application_Grid Load_Application_Grid(const Pesticide_Document& document, const Editor_State& editor,
+                                       std::string_view text_naps, Application_Method method)
 {
-    const int location = Location_Of(session);
+    const int location = Location_Of(editor);
     const int rows = std::clamp<int>(Typed_Integer(text_naps), 0, Last_Application);
-    const int stored = Applications_Of(session.Pesticide, location);
+    const int stored = Applications_Of(document, location);
     Application_Grid grid(static_cast<std::size_t>(rows));
     for (int a = 1; a <= rows; ++a) {
         auto& row = grid[a - 1];
         if (a <= stored)
-            row = Row_Of(session.Pesticide.Applications[location][a], method);
+            row = Row_Of(document.Applications[location][a], method);
         row[Grid_Column::App_Number] = "Application " + std::to_string(a);
     }
     return grid;
@@ -153,18 +154,18 @@ std::optional<Grid_Refusal> Check_Application_Grid(const Application_Grid& grid)
     return std::nullopt;
 }
 
-std::optional<Grid_Refusal> Accept_Application_Grid(Session& session, const Application_Grid& grid,
+std::optional<Grid_Refusal> Accept_Application_Grid(Pesticide_Edit edit, const Application_Grid& grid,
                                                     Application_Method method)
 {
     if (auto refusal = Check_Application_Grid(grid))
         return refusal;
-    const int location = Location_Of(session);
+    const int location = Location_Of(edit.Editor);
     const auto rows = std::min<std::size_t>(grid.size(), Last_Application);
-    session.Pesticide.App_Count[location] = rows;
+    edit.Document.App_Count[location] = rows;
     for (std::size_t a = 1; a <= rows; ++a)
-        Store_Row(session.Pesticide.Applications[location][a], grid[a - 1], method);
-    session.Program.PSM_Changed = true;
-    Return_From_Grid(session);
+        Store_Row(edit.Document.Applications[location][a], grid[a - 1], method);
+    edit.Changed = true;
+    Return_From_Grid(edit);
     return std::nullopt;
 }
 

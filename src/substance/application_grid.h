@@ -27,7 +27,8 @@ using Application_Grid = std::vector<Application_Row>;
 std::array<std::string_view, Grid_Columns> Application_Grid_Headers(Application_Method method);
 
 // As many rows as Text_naps says; rows beyond the stored applications are empty but for their title.
-Application_Grid Load_Application_Grid(const Session& session, std::string_view text_naps, Application_Method method);
+Application_Grid Load_Application_Grid(const Pesticide_Document& document, const Editor_State& editor,
+                                       std::string_view text_naps, Application_Method method);
 
 // The cell after a key, for keys as grids have them: Key_Delete clears it, and a key is not taken that would make a day
 // exceed 31, a month 12 or a year 9999. Day, month, year and hour take digits only.
@@ -52,7 +53,7 @@ std::optional<Grid_Refusal> Check_Application_Grid(const Application_Grid& grid)
 
 // "OK": checks, stores all rows in the location under edit, marks the document as changed, and finds the location's
 // pattern.
-std::optional<Grid_Refusal> Accept_Application_Grid(Session& session, const Application_Grid& grid,
+std::optional<Grid_Refusal> Accept_Application_Grid(Pesticide_Edit edit, const Application_Grid& grid,
                                                     Application_Method method);
 
 } // namespace orvel

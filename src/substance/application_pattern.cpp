@@ -41,12 +41,11 @@ bool Repeats_Itself(const Pesticide_Document& document, std::size_t location, in
 
 } // namespace
 
-void Check_Pattern(Session& session, int location)
+void Check_Pattern(const Pesticide_Document& document, Editor_State& editor, int location)
 {
     const auto l = static_cast<std::size_t>(std::clamp(location, 0, Last_Location));
-    const auto& document = session.Pesticide;
     const int count = Applications_Of(document, static_cast<int>(l));
-    session.Run.App_Pattern = 0;
+    editor.App_Pattern = 0;
     if (count < Fewest_Regular)
         return;
     for (std::uint8_t pattern = 1; pattern <= 3; ++pattern) {
@@ -54,10 +53,10 @@ void Check_Pattern(Session& session, int location)
         if (count % cycles != 0)
             continue;
         const int per_year = count / cycles;
-        session.Run.App_Per_Year[l] = static_cast<std::int16_t>(per_year);
+        editor.App_Per_Year[l] = static_cast<std::int16_t>(per_year);
         if (Repeats_Itself(document, l, count, per_year)) {
-            session.Run.App_Pattern = pattern;
-            session.Run.App_Cycles = static_cast<std::uint8_t>(cycles);
+            editor.App_Pattern = pattern;
+            editor.App_Cycles = static_cast<std::uint8_t>(cycles);
         }
         return;
     }

@@ -20,6 +20,6 @@ constexpr int Years_Of_Pattern(int pattern)
 // location. In relative mode the shared list counts. A location without 22 applications, or whose years differ in date,
 // rate or depth, is irregular (0); the years themselves and the interception are not compared, and a fraction poorly
 // exposed other than 0 makes any list irregular.
-void Check_Pattern(Session& session, int location);
+void Check_Pattern(const Pesticide_Document& document, Editor_State& editor, int location);
 
 } // namespace orvel

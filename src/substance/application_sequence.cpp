@@ -47,13 +47,13 @@ template <class List> int First_Out_Of_Sequence(const List& list, int count)
 }
 
 // The application of the year that the form shows for an error at a.
-void Show_Application(Session& session, int location, int a)
+void Show_Application(Pesticide_Edit edit, int location, int a)
 {
-    auto& run = session.Run;
-    run.App_Current_Location = static_cast<std::int16_t>(location);
-    Check_Pattern(session, location);
-    const int per_year = run.App_Pattern > 0 ? std::max<int>(run.App_Per_Year[location], 1) : 1;
-    run.App_Current = static_cast<std::uint8_t>((a - 1) % per_year + 1);
+    auto& editor = edit.Editor;
+    editor.App_Current_Location = static_cast<std::int16_t>(location);
+    Check_Pattern(edit.Document, edit.Editor, location);
+    const int per_year = editor.App_Pattern > 0 ? std::max<int>(editor.App_Per_Year[location], 1) : 1;
+    editor.App_Current = static_cast<std::uint8_t>((a - 1) % per_year + 1);
 }
 
 std::string Date_Text(const Application& application)
@@ -64,14 +64,14 @@ std::string Date_Text(const Application& application)
 
 } // namespace
 
-std::optional<Refusal> Check_Sequence(Session& session, const Location_Lists& lists)
+std::optional<Refusal> Check_Sequence(Pesticide_Edit edit, const Location_Lists& lists)
 {
-    const auto& document = session.Pesticide;
+    const auto& document = edit.Document;
     if (document.App_Mode == App_Mode_Relative) {
         const int a = First_Out_Of_Sequence(document.Relative, Applications_Of(document, 0));
         if (a == 0)
             return std::nullopt;
-        Show_Application(session, 0, a);
+        Show_Application(edit, 0, a);
         return Refusal{{"Data check", "Error in application sequence (application no. " + std::to_string(a) + ")"},
                        "Tage"};
     }
@@ -81,7 +81,7 @@ std::optional<Refusal> Check_Sequence(Session& session, const Location_Lists& li
         const int a = First_Out_Of_Sequence(applications, Applications_Of(document, l));
         if (a == 0)
             continue;
-        Show_Application(session, l, a);
+        Show_Application(edit, l, a);
         return Refusal{{"Data check", "Error in application sequence (" + Date_Text(applications[a - 1]) +
                                           ", location: " + list[l] + ")"},
                        "App_Tag"};

@@ -14,6 +14,6 @@ constexpr int Last_Checked_Year = 89;
 // list but the user-specific one, which is cut at its first undefined date when it is saved; relative ones in the
 // shared list, as far as neighbours share their reference point. On an error the location and the application that is
 // too late in the list are those under edit, and the refusal names the control of the day.
-std::optional<Refusal> Check_Sequence(Session& session, const Location_Lists& lists);
+std::optional<Refusal> Check_Sequence(Pesticide_Edit edit, const Location_Lists& lists);
 
 } // namespace orvel

@@ -13,81 +13,80 @@ Date_Kind Date_Kind_Of(const Pesticide_Document& document)
     return document.App_Mode == App_Mode_Relative ? Date_Kind::Relative : Date_Kind::Absolute;
 }
 
-void Load_Applications(Session& session)
+void Load_Applications(Pesticide_Edit edit)
 {
-    auto& run = session.Run;
+    auto& editor = edit.Editor;
     for (int l = 0; l <= Last_Location; ++l) {
-        Check_Pattern(session, l);
-        if (run.App_Pattern == 0)
+        Check_Pattern(edit.Document, edit.Editor, l);
+        if (editor.App_Pattern == 0)
             continue;
-        run.App_Cycles = static_cast<std::uint8_t>(Cycles_Of_Pattern(run.App_Pattern));
-        run.App_Per_Year[l] = static_cast<std::int16_t>(Applications_Of(session.Pesticide, l) / run.App_Cycles);
+        editor.App_Cycles = static_cast<std::uint8_t>(Cycles_Of_Pattern(editor.App_Pattern));
+        editor.App_Per_Year[l] = static_cast<std::int16_t>(Applications_Of(edit.Document, l) / editor.App_Cycles);
     }
-    if (Date_Kind_Of(session.Pesticide) == Date_Kind::Relative)
-        run.App_Current_Location = 0;
-    run.App_Current = 1;
-    Find_Pattern(session);
+    if (Date_Kind_Of(edit.Document) == Date_Kind::Relative)
+        editor.App_Current_Location = 0;
+    editor.App_Current = 1;
+    Find_Pattern(edit);
 }
 
-void Choose_Location(Session& session, int list_index)
+void Choose_Location(Pesticide_Edit edit, int list_index)
 {
-    session.Run.App_Current_Location = static_cast<std::int16_t>(std::clamp(list_index, 0, Last_Location));
-    session.Run.App_Current = 1;
-    Find_Pattern(session);
+    edit.Editor.App_Current_Location = static_cast<std::int16_t>(std::clamp(list_index, 0, Last_Location));
+    edit.Editor.App_Current = 1;
+    Find_Pattern(edit);
 }
 
-void Activate_Applications(Session& session, int entries)
+void Activate_Applications(Pesticide_Edit edit, int entries)
 {
-    if (Date_Kind_Of(session.Pesticide) == Date_Kind::Absolute)
-        Choose_Location(session, std::min<int>(session.Run.App_Current_Location, entries - 1));
-    Previous_In_Year(session);
+    if (Date_Kind_Of(edit.Document) == Date_Kind::Absolute)
+        Choose_Location(edit, std::min<int>(edit.Editor.App_Current_Location, entries - 1));
+    Previous_In_Year(edit);
 }
 
-void Choose_Date_Kind(Session& session, Date_Kind kind)
+void Choose_Date_Kind(Pesticide_Edit edit, Date_Kind kind)
 {
-    auto& run = session.Run;
-    auto& document = session.Pesticide;
-    run.App_Current_Location = 0;
+    auto& editor = edit.Editor;
+    auto& document = edit.Document;
+    editor.App_Current_Location = 0;
     if (kind == Date_Kind::Absolute) {
         document.App_Mode = 0;
-        for (int shown = Per_Year_Now(session); shown > 0; --shown)
-            Remove_In_Year(session);
-        run.App_Current = 1;
+        for (int shown = Per_Year_Now(edit.Document, edit.Editor); shown > 0; --shown)
+            Remove_In_Year(edit);
+        editor.App_Current = 1;
         return;
     }
     document.App_Mode = App_Mode_Relative;
-    const int pattern = run.App_Pattern;
+    const int pattern = editor.App_Pattern;
     if (pattern > 0) {
-        run.App_Cycles = static_cast<std::uint8_t>(Cycles_Of_Pattern(pattern));
-        run.App_Per_Year[0] =
-            static_cast<std::int16_t>(std::clamp<int>(run.App_Per_Year[0], 0, Last_Application / run.App_Cycles));
-        document.App_Count[0] = run.App_Per_Year[0] * run.App_Cycles;
-        Choose_Pattern(session, pattern);
+        editor.App_Cycles = static_cast<std::uint8_t>(Cycles_Of_Pattern(pattern));
+        editor.App_Per_Year[0] =
+            static_cast<std::int16_t>(std::clamp<int>(editor.App_Per_Year[0], 0, Last_Application / editor.App_Cycles));
+        document.App_Count[0] = editor.App_Per_Year[0] * editor.App_Cycles;
+        Choose_Pattern(edit, pattern);
     } else {
-        Find_Pattern(session);
+        Find_Pattern(edit);
     }
-    run.App_Current = 1;
+    editor.App_Current = 1;
 }
 
-void Return_From_Grid(Session& session)
+void Return_From_Grid(Pesticide_Edit edit)
 {
-    session.Run.App_Current = 1;
-    Find_Pattern(session);
+    edit.Editor.App_Current = 1;
+    Find_Pattern(edit);
 }
 
-Editor_Copy Keep_Copy(const Session& session)
+Editor_Copy Keep_Copy(const Pesticide_Document& document, const Editor_State& editor)
 {
-    return {std::make_unique<Pesticide_Document>(session.Pesticide), session.Run.App_Per_Year, session.Run.App_Pattern,
-            session.Run.App_Cycles};
+    return {std::make_unique<Pesticide_Document>(document), editor.App_Per_Year, editor.App_Pattern, editor.App_Cycles};
 }
 
-void Restore_Copy(Session& session, const Editor_Copy& copy)
+void Restore_Copy(Pesticide_Edit edit, const Editor_Copy& copy)
 {
-    session.Pesticide = *copy.Document;
-    session.Run.App_Per_Year = copy.App_Per_Year;
-    session.Run.App_Pattern = copy.App_Pattern;
-    session.Run.App_Cycles = copy.App_Cycles;
-    session.Program.PSM_Changed = false;
+    edit.Document = *copy.Document;
+    edit.Editor.App_Per_Year = copy.App_Per_Year;
+    edit.Editor.App_Pattern = copy.App_Pattern;
+    edit.Editor.App_Cycles = copy.App_Cycles;
+    edit.Changed = false;
 }
 
 } // namespace orvel

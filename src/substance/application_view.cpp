@@ -65,13 +65,13 @@ std::string Ordinal(int n)
     return std::to_string(n) + (n == 1 ? "st" : n == 2 ? "nd" : n == 3 ? "rd" : "th");
 }
 
-Application_View View_Of_Applications(const Session& session, Application_Method method)
+Application_View View_Of_Applications(const Pesticide_Document& document, const Editor_State& editor,
+                                      Application_Method method)
 {
-    const auto& document = session.Pesticide;
-    const int location = std::clamp<int>(session.Run.App_Current_Location, 0, Last_Location);
-    const int pattern = session.Run.App_Pattern;
-    const int per_year = Per_Year_Now(session);
-    const int current = std::clamp<int>(session.Run.App_Current, 1, Last_Application);
+    const int location = std::clamp<int>(editor.App_Current_Location, 0, Last_Location);
+    const int pattern = editor.App_Pattern;
+    const int per_year = Per_Year_Now(document, editor);
+    const int current = std::clamp<int>(editor.App_Current, 1, Last_Application);
 
     Application_View view;
     view.Relative = document.App_Mode == App_Mode_Relative;
@@ -85,7 +85,7 @@ Application_View View_Of_Applications(const Session& session, Application_Method
     Show_Visibility(view, method, pattern > 0);
     Show_Application(view, document.Applications[location][current]);
     Show_Relative_Application(view, document.Relative[current]);
-    view.Tage = Relative_Days(session);
+    view.Tage = Relative_Days(document, editor);
     view.Label_Tag = Ordinal(current) + " application day:";
     view.Label_Monat = Ordinal(current) + " application month:";
     view.Label_Tag_Rel = Ordinal(current) + " application:";

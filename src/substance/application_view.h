@@ -38,7 +38,8 @@ struct Application_View {
         Label_Tag_Rel; // "2nd application day:", "2nd application month:", "2nd application:"
 };
 
-Application_View View_Of_Applications(const Session& session, Application_Method method);
+Application_View View_Of_Applications(const Pesticide_Document& document, const Editor_State& editor,
+                                      Application_Method method);
 
 // After a choice in App_Modus the list keeps the choice whatever pattern was found: a user who chooses "Irregular" for
 // a regular list sees the note Hinweis and may type the number of applications.

@@ -14,14 +14,14 @@ namespace {
 constexpr int Most_At_First_Choice = 10; // of an irregular list of which no year is known
 constexpr int Last_Common_Day = 28;      // every month has it
 
-bool Is_Relative(const Session& session)
+bool Is_Relative(const Pesticide_Document& document)
 {
-    return session.Pesticide.App_Mode == App_Mode_Relative;
+    return document.App_Mode == App_Mode_Relative;
 }
 
-int Location_Of(const Session& session)
+int Location_Of(const Editor_State& editor)
 {
-    return std::clamp<int>(session.Run.App_Current_Location, 0, Last_Location);
+    return std::clamp<int>(editor.App_Current_Location, 0, Last_Location);
 }
 
 // A year's applications without hour and fraction, which stay where they stand.
@@ -46,10 +46,10 @@ template <class List, class Copy> void Repeat(List& list, int per_year, int patt
 
 // One application on 1 January, and the crop stage itself. Of the reference points it is that of slot 0 that is put
 // back.
-void Begin_List(Session& session, int location)
+void Begin_List(Pesticide_Edit edit, int location)
 {
-    auto& document = session.Pesticide;
-    session.Run.App_Per_Year[location] = 1;
+    auto& document = edit.Document;
+    edit.Editor.App_Per_Year[location] = 1;
     auto& first = document.Applications[location][1];
     first.App_Day = first.App_Month = 1;
     first.App_Depth = first.App_Rate = 0;
@@ -60,10 +60,10 @@ void Begin_List(Session& session, int location)
 
 // The applications of the first year as far as it is known: those of an irregular list that was never regular, at most
 // 10; 0 of an empty one.
-int Known_Year(const Session& session, int location)
+int Known_Year(const Pesticide_Edit& edit, int location)
 {
-    const int count = Applications_Of(session.Pesticide, location);
-    const int per_year = session.Run.App_Per_Year[location];
+    const int count = Applications_Of(edit.Document, location);
+    const int per_year = edit.Editor.App_Per_Year[location];
     return std::min(count, per_year > 0 ? per_year : Most_At_First_Choice);
 }
 
@@ -80,27 +80,27 @@ void Append_Day_Later(Application& next, const Application& last)
 
 } // namespace
 
-void Find_Pattern(Session& session)
+void Find_Pattern(Pesticide_Edit edit)
 {
-    Check_Pattern(session, Location_Of(session));
-    if (session.Run.App_Pattern > 0)
-        session.Run.App_Cycles = static_cast<std::uint8_t>(Cycles_Of_Pattern(session.Run.App_Pattern));
+    Check_Pattern(edit.Document, edit.Editor, Location_Of(edit.Editor));
+    if (edit.Editor.App_Pattern > 0)
+        edit.Editor.App_Cycles = static_cast<std::uint8_t>(Cycles_Of_Pattern(edit.Editor.App_Pattern));
 }
 
-int Per_Year_Now(const Session& session)
+int Per_Year_Now(const Pesticide_Document& document, const Editor_State& editor)
 {
-    const int location = Location_Of(session);
-    if (session.Run.App_Pattern == 0)
-        return session.Run.App_Per_Year[location];
-    return Applications_Of(session.Pesticide, location) / Cycles_Of_Pattern(session.Run.App_Pattern);
+    const int location = Location_Of(editor);
+    if (editor.App_Pattern == 0)
+        return editor.App_Per_Year[location];
+    return Applications_Of(document, location) / Cycles_Of_Pattern(editor.App_Pattern);
 }
 
-void Expand_Year(Session& session, int location, int pattern, Dates dates)
+void Expand_Year(Pesticide_Edit edit, int location, int pattern, Dates dates)
 {
-    auto& document = session.Pesticide;
+    auto& document = edit.Document;
     const int cycles = Cycles_Of_Pattern(pattern);
-    const int per_year = std::clamp<int>(session.Run.App_Per_Year[location], 0, Last_Application / cycles);
-    session.Run.App_Per_Year[location] = static_cast<std::int16_t>(per_year);
+    const int per_year = std::clamp<int>(edit.Editor.App_Per_Year[location], 0, Last_Application / cycles);
+    edit.Editor.App_Per_Year[location] = static_cast<std::int16_t>(per_year);
     document.App_Count[location] = cycles * per_year;
     if (dates != Dates::Relative) {
         Repeat(document.Applications[location], per_year, pattern,
@@ -118,72 +118,72 @@ void Expand_Year(Session& session, int location, int pattern, Dates dates)
     }
 }
 
-std::optional<Refusal> Choose_Pattern(Session& session, int list_index)
+std::optional<Refusal> Choose_Pattern(Pesticide_Edit edit, int list_index)
 {
     if (list_index < 1 || list_index > 3) {
-        Find_Pattern(session);
+        Find_Pattern(edit);
         return std::nullopt;
     }
-    const int location = Location_Of(session);
-    const int known = Known_Year(session, location);
+    const int location = Location_Of(edit.Editor);
+    const int known = Known_Year(edit, location);
     if (known * Cycles_Of_Pattern(list_index) > Last_Application)
         return Refusal{
             {"Data check", "More than " + std::to_string(Last_Application) + " applications are not possible"},
             "App_Modus"};
     if (known == 0)
-        Begin_List(session, location);
-    session.Run.App_Per_Year[location] = static_cast<std::int16_t>(std::max(known, 1));
-    Expand_Year(session, location, list_index, Dates::Both);
-    Find_Pattern(session);
+        Begin_List(edit, location);
+    edit.Editor.App_Per_Year[location] = static_cast<std::int16_t>(std::max(known, 1));
+    Expand_Year(edit, location, list_index, Dates::Both);
+    Find_Pattern(edit);
     return std::nullopt;
 }
 
-void Add_In_Year(Session& session)
+void Add_In_Year(Pesticide_Edit edit)
 {
-    auto& run = session.Run;
-    auto& document = session.Pesticide;
-    if (Is_Relative(session))
-        run.App_Current_Location = 0;
-    const int location = Location_Of(session);
-    const int last = run.App_Per_Year[location];
-    if (run.App_Pattern == 0 || last < 1 || last >= Most_Per_Year)
+    auto& editor = edit.Editor;
+    auto& document = edit.Document;
+    if (Is_Relative(edit.Document))
+        editor.App_Current_Location = 0;
+    const int location = Location_Of(edit.Editor);
+    const int last = editor.App_Per_Year[location];
+    if (editor.App_Pattern == 0 || last < 1 || last >= Most_Per_Year)
         return;
-    ++run.App_Per_Year[location];
-    if (Is_Relative(session)) {
+    ++editor.App_Per_Year[location];
+    if (Is_Relative(edit.Document)) {
         document.Relative[last + 1] = document.Relative[last];
         ++document.Relative[last + 1].Abs9_Day;
     } else {
         Append_Day_Later(document.Applications[location][last + 1], document.Applications[location][last]);
     }
-    Expand_Year(session, location, run.App_Pattern, Is_Relative(session) ? Dates::Relative : Dates::Absolute);
-    Find_Pattern(session);
+    Expand_Year(edit, location, editor.App_Pattern, Is_Relative(edit.Document) ? Dates::Relative : Dates::Absolute);
+    Find_Pattern(edit);
 }
 
-void Remove_In_Year(Session& session)
+void Remove_In_Year(Pesticide_Edit edit)
 {
-    auto& run = session.Run;
-    if (Is_Relative(session))
-        run.App_Current_Location = 0;
-    const int location = Location_Of(session);
-    if (run.App_Pattern == 0 || run.App_Per_Year[location] <= 1)
+    auto& editor = edit.Editor;
+    if (Is_Relative(edit.Document))
+        editor.App_Current_Location = 0;
+    const int location = Location_Of(edit.Editor);
+    if (editor.App_Pattern == 0 || editor.App_Per_Year[location] <= 1)
         return;
-    --run.App_Per_Year[location];
-    Expand_Year(session, location, run.App_Pattern, Is_Relative(session) ? Dates::Relative : Dates::Absolute);
-    if (run.App_Current > run.App_Per_Year[location])
-        Previous_In_Year(session);
-    Find_Pattern(session);
+    --editor.App_Per_Year[location];
+    Expand_Year(edit, location, editor.App_Pattern, Is_Relative(edit.Document) ? Dates::Relative : Dates::Absolute);
+    if (editor.App_Current > editor.App_Per_Year[location])
+        Previous_In_Year(edit);
+    Find_Pattern(edit);
 }
 
-void Next_In_Year(Session& session)
+void Next_In_Year(Pesticide_Edit edit)
 {
-    if (session.Run.App_Current < Per_Year_Now(session))
-        ++session.Run.App_Current;
+    if (edit.Editor.App_Current < Per_Year_Now(edit.Document, edit.Editor))
+        ++edit.Editor.App_Current;
 }
 
-void Previous_In_Year(Session& session)
+void Previous_In_Year(Pesticide_Edit edit)
 {
-    if (session.Run.App_Current > 1)
-        --session.Run.App_Current;
+    if (edit.Editor.App_Current > 1)
+        --edit.Editor.App_Current;
 }
 
 } // namespace orvel

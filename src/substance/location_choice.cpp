@@ -23,34 +23,34 @@ bool Holds(const std::vector<std::string>& names, const std::string& name)
     return std::ranges::find(names, name) != names.end();
 }
 
-void Copy_Location(Session& session, std::size_t to, std::size_t from)
+void Copy_Location(Pesticide_Edit edit, std::size_t to, std::size_t from)
 {
-    session.Run.App_Per_Year[to] = session.Run.App_Per_Year[from];
-    session.Pesticide.App_Count[to] = session.Pesticide.App_Count[from];
-    session.Pesticide.Applications[to] = session.Pesticide.Applications[from];
+    edit.Editor.App_Per_Year[to] = edit.Editor.App_Per_Year[from];
+    edit.Document.App_Count[to] = edit.Document.App_Count[from];
+    edit.Document.Applications[to] = edit.Document.Applications[from];
 }
 
 // A location without a name has the applications of a new document, so that a later one does not meet those of the
 // removed.
-void Empty_Location(Session& session, std::size_t location)
+void Empty_Location(Pesticide_Edit edit, std::size_t location)
 {
     static const Pesticide_Document fresh = [] {
         Pesticide_Document document;
         Reset_PSM(document);
         return document;
     }();
-    session.Run.App_Per_Year[location] = 1;
-    session.Pesticide.App_Count[location] = fresh.App_Count[location];
-    session.Pesticide.Applications[location] = fresh.Applications[location];
+    edit.Editor.App_Per_Year[location] = 1;
+    edit.Document.App_Count[location] = fresh.App_Count[location];
+    edit.Document.Applications[location] = fresh.Applications[location];
 }
 
-void Remove_Location(Session& session, std::vector<std::string>& list, std::size_t location)
+void Remove_Location(Pesticide_Edit edit, std::vector<std::string>& list, std::size_t location)
 {
     const auto last = std::min<std::size_t>(list.size() - 1, Last_Location);
     for (auto l = location; l < last; ++l)
-        Copy_Location(session, l, l + 1);
+        Copy_Location(edit, l, l + 1);
     if (location <= last)
-        Empty_Location(session, last);
+        Empty_Location(edit, last);
     list.erase(list.begin() + static_cast<std::ptrdiff_t>(location));
 }
 
@@ -68,14 +68,14 @@ std::vector<std::string> Offered_Soil_Locations(std::string_view crop)
     return Names_Of(Leaching_Locations, Locations.size());
 }
 
-std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::string>& list,
+std::optional<std::size_t> Choose_Locations(Pesticide_Edit edit, std::vector<std::string>& list,
                                             const std::vector<std::string>& offered,
                                             const std::vector<std::string>& selected)
 {
     bool changed = false;
     for (std::size_t l = 1; l < list.size();) {
         if (Holds(offered, list[l]) && !Holds(selected, list[l])) {
-            Remove_Location(session, list, l);
+            Remove_Location(edit, list, l);
             changed = true;
         } else {
             ++l;
@@ -84,13 +84,13 @@ std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::s
     for (const auto& name : selected) {
         if (Holds(list, name) || list.size() > Last_Location)
             continue;
-        session.Run.App_Per_Year[list.size()] = 1;
+        edit.Editor.App_Per_Year[list.size()] = 1;
         list.push_back(name);
         changed = true;
     }
     if (!changed)
         return std::nullopt;
-    session.Program.PSM_Changed = true;
+    edit.Changed = true;
     return list.size() - 1;
 }
 

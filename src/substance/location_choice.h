@@ -22,7 +22,7 @@ std::vector<std::string> Offered_Soil_Locations(std::string_view crop);
 // one index down; a selected one that is not in the list is appended with one application a year. The result is the
 // item to be selected, nothing if the list did not change. The document has room for nine locations: what does not fit
 // is not appended.
-std::optional<std::size_t> Choose_Locations(Session& session, std::vector<std::string>& list,
+std::optional<std::size_t> Choose_Locations(Pesticide_Edit edit, std::vector<std::string>& list,
                                             const std::vector<std::string>& offered,
                                             const std::vector<std::string>& selected);
 

@@ -28,10 +28,10 @@ bool Is_Soil_Zone(std::string_view name);
 // Fills both lists from the names of the document; the kind of the last name decides which is visible. A document that
 // mixes both kinds, or leaves a name out, gets its blocks in the order of the visible list, with the others behind, so
 // that no list entry shows a strange block.
-Location_Lists Load_Location_Lists(Session& session);
+Location_Lists Load_Location_Lists(Pesticide_Edit edit);
 
 // The entry to select: the location under edit, nothing if the list is too short for it.
-std::optional<int> Selected_Location(const Session& session, const Location_Lists& lists);
+std::optional<int> Selected_Location(const Editor_State& editor, const Location_Lists& lists);
 
 // The names of the visible list become those of blocks 1 to 9; the others are emptied.
 void Store_Location_Names(Pesticide_Document& document, const Location_Lists& lists);
@@ -39,7 +39,7 @@ void Store_Location_Names(Pesticide_Document& document, const Location_Lists& li
 // "Done" of a choice of leaching locations or soil zones: changes the list of that kind and its blocks, and makes it
 // the visible one if it grew. Gives the entry of the visible list to select: its last one if it changed, else the
 // location under edit.
-int Take_Chosen_Locations(Session& session, Location_Lists& lists, bool efsa, const std::vector<std::string>& offered,
-                          const std::vector<std::string>& selected);
+int Take_Chosen_Locations(Pesticide_Edit edit, Location_Lists& lists, bool efsa,
+                          const std::vector<std::string>& offered, const std::vector<std::string>& selected);
 
 } // namespace orvel

@@ -13,7 +13,7 @@ void New_PSM(Session& session)
     Reset_PSM(session.Pesticide);
     Update_Pathway(session.Pesticide);
     session.Program.PSM_File = "*.psm";
-    session.Run.App_Pattern = 1;
+    session.Editor.App_Pattern = 1;
 }
 
 void Open_Editor(Session& session)
@@ -28,14 +28,14 @@ void Open_Editor(Session& session)
 
 void Open_Active_Substance(Session& session)
 {
-    session.Program.Substance_Index = 1;
-    session.Run.App_Current_Location = session.Pesticide.App_Mode == App_Mode_Relative ? 0 : 1;
-    Check_Pattern(session, session.Run.App_Current_Location);
+    session.Editor.Substance_Index = 1;
+    session.Editor.App_Current_Location = session.Pesticide.App_Mode == App_Mode_Relative ? 0 : 1;
+    Check_Pattern(session.Pesticide, session.Editor, session.Editor.App_Current_Location);
 }
 
 bool Open_Metabolite(Session& session, int i)
 {
-    session.Program.Substance_Index = static_cast<std::int16_t>(i);
+    session.Editor.Substance_Index = static_cast<std::int16_t>(i);
     return session.Pesticide.Met_Present.at(static_cast<std::size_t>(i));
 }
 
@@ -43,7 +43,7 @@ bool Open_Transformation(Session& session, int t)
 {
     if (!Arrow_Is_Clickable(t))
         return false;
-    session.Program.Transformation_Index = static_cast<std::int16_t>(t);
+    session.Editor.Transformation_Index = static_cast<std::int16_t>(t);
     return true;
 }
 

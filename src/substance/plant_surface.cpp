@@ -24,10 +24,10 @@ Plant_Entry Load_Plant(const Pesticide_Document& document)
     return entry;
 }
 
-void Accept_Plant(Session& session, const Plant_Entry& entry)
+void Accept_Plant(Pesticide_Edit edit, const Plant_Entry& entry)
 {
-    Store_Fields<Entry, Document>(Plant_Fields, entry, 0, session.Pesticide);
-    session.Program.PSM_Changed = true;
+    Store_Fields<Entry, Document>(Plant_Fields, entry, 0, edit.Document);
+    edit.Changed = true;
 }
 
 bool Shows_Filtration(Application_Method method)

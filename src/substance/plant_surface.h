@@ -28,7 +28,7 @@ extern const std::array<Entry_Field<Plant_Entry, Pesticide_Document>, 8> Plant_F
 Plant_Entry Load_Plant(const Pesticide_Document& document);
 
 // "OK": stores all and marks the document as changed.
-void Accept_Plant(Session& session, const Plant_Entry& entry);
+void Accept_Plant(Pesticide_Edit edit, const Plant_Entry& entry);
 
 // S_plt_filtr and its label show for exponential interception only.
 bool Shows_Filtration(Application_Method method);

@@ -92,10 +92,10 @@ void Store_Substance(Pesticide_Document& document, int i, const Substance_Entry&
     document.Deg_Liquid_Only[i] = entry.Liquid_Only ? 1 : 0;
 }
 
-void Accept_Metabolite(Session& session, int i, const Substance_Entry& entry)
+void Accept_Metabolite(Pesticide_Edit edit, int i, const Substance_Entry& entry)
 {
-    session.Program.PSM_Changed = true;
-    Store_Substance(session.Pesticide, i, entry);
+    edit.Changed = true;
+    Store_Substance(edit.Document, i, entry);
 }
 
 } // namespace orvel

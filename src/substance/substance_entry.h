@@ -50,6 +50,6 @@ int Horizons_Typed(const Substance_Entry& entry);
 void Store_Substance(Pesticide_Document& document, int i, const Substance_Entry& entry);
 
 // "Done" of a metabolite: nothing is refused, a molar mass of 0 neither.
-void Accept_Metabolite(Session& session, int i, const Substance_Entry& entry);
+void Accept_Metabolite(Pesticide_Edit edit, int i, const Substance_Entry& entry);
 
 } // namespace orvel

@@ -28,10 +28,10 @@ Transformation_Entry Load_Transformation(const Pesticide_Document& document, int
                            .By_Relative_Moisture = row.Deg_Moist_Rel.Number() != 0}};
 }
 
-void Accept_Transformation(Session& session, const Transformation_Entry& entry)
+void Accept_Transformation(Pesticide_Edit edit, const Transformation_Entry& entry)
 {
-    auto& document = session.Pesticide;
-    const auto& arrow = Arrow_Of(session.Program.Transformation_Index);
+    auto& document = edit.Document;
+    const auto& arrow = Arrow_Of(edit.Editor.Transformation_Index);
     document.Degradation[arrow.Source][arrow.Row] = {.Deg_Rate = Typed_Number(entry.Soil.Rate),
                                                      .Deg_Temp = Typed_Number(entry.Correction.Temperature),
                                                      .Deg_Q10 = Typed_Number(entry.Correction.Q10),
@@ -41,7 +41,7 @@ void Accept_Transformation(Session& session, const Transformation_Entry& entry)
                                                      .Deg_Neq = Val(entry.Correction.Neq)};
     document.Photo_Rate[arrow.Row] = Val(entry.Photolysis.Rate);
     document.Photo_I_Ref[arrow.Row] = Val(entry.Reference_Radiation);
-    session.Program.PSM_Changed = true;
+    edit.Changed = true;
     Update_Pathway(document);
 }
 

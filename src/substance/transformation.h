@@ -24,6 +24,6 @@ Transformation_Entry Load_Transformation(const Pesticide_Document& document, int
 
 // Stores the entry at the arrow of Transformation_Index, marks the document as changed and derives the pathway anew. A
 // rate of 0 without photolysis removes the arrow, and with it the substances that only it forms.
-void Accept_Transformation(Session& session, const Transformation_Entry& entry);
+void Accept_Transformation(Pesticide_Edit edit, const Transformation_Entry& entry);
 
 } // namespace orvel

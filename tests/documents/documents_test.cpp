@@ -49,14 +49,14 @@ TEST_F(Documents, The_Ending_Says_The_Kind_In_Any_Case)
 
 TEST_F(Documents, Opening_A_Pesticide_File_Derives_Its_Pathway_And_Keeps_Its_Name)
 {
-    The_Session->Run.App_Pattern = 2;
+    The_Session->Editor.App_Pattern = 2;
 
     EXPECT_TRUE(Open_Document(*The_Session, File("demo.psm", Example_File())));
 
     EXPECT_EQ(The_Session->Program.PSM_File, "demo.psm");
     EXPECT_TRUE(The_Session->Pesticide.Trans_Active[1]);
     EXPECT_TRUE(The_Session->Pesticide.Bound_Active[2]);
-    EXPECT_EQ(The_Session->Run.App_Per_Year[0], 0);
+    EXPECT_EQ(The_Session->Editor.App_Per_Year[0], 0);
 }
 
 TEST_F(Documents, Opening_A_Pesticide_File_Counts_The_Applications_Per_Year_Of_A_Known_Pattern)
@@ -64,12 +64,12 @@ TEST_F(Documents, Opening_A_Pesticide_File_Counts_The_Applications_Per_Year_Of_A
     std::string applications = " 1    0    1 \r\n046\r\n";
     for (int a = 0; a < 46; ++a)
         applications += "01  01  01   1    0    0    0    0 \r\n";
-    The_Session->Run.App_Pattern = 2;
+    The_Session->Editor.App_Pattern = 2;
 
     EXPECT_TRUE(
         Open_Document(*The_Session, File("demo.psm", With(Example_File(), Example_Applications, applications))));
 
-    EXPECT_EQ(The_Session->Run.App_Per_Year[0], 2); // 46 in 23 years
+    EXPECT_EQ(The_Session->Editor.App_Per_Year[0], 2); // 46 in 23 years
 }
 
 TEST_F(Documents, A_File_That_Is_No_Document_Is_Refused_Both_Ways)

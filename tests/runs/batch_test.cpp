@@ -37,7 +37,7 @@ protected:
 TEST_F(Batch_Test, A_Marked_Combination_Has_Its_Directory_With_All_Files_And_Five_Lines_In_The_Batch)
 {
     const auto choice = Maize_At_Hamburg();
-    The_Session.Run.App_Pattern = 1;
+    The_Session.Editor.App_Pattern = 1;
 
     ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
 

@@ -20,7 +20,7 @@ std::string Years_Of_Climate(const std::string& code, int years)
 
 TEST_F(Run_Control_Test, A_Focus_Run_With_The_Minimum_Output_Is_Laid_Out_Line_By_Line)
 {
-    The_Session.Run.App_Pattern = 1;
+    The_Session.Editor.App_Pattern = 1;
     The_Session.Output = Minimum_Output();
 
     const auto text = Format_Run(The_Session, Focus(),
@@ -36,7 +36,7 @@ TEST_F(Run_Control_Test, A_Focus_Run_With_The_Minimum_Output_Is_Laid_Out_Line_By
 
 TEST_F(Run_Control_Test, Applications_Every_Other_Year_Take_46_Climate_Files)
 {
-    The_Session.Run.App_Pattern = 2;
+    The_Session.Editor.App_Pattern = 2;
 
     const auto text = Format_Run(The_Session, Focus(),
                                  {.Pesticide = "t.psm", .Crop = Apples, .Location = "Ch\xE2teaudun (C), irrigated"});
@@ -47,7 +47,7 @@ TEST_F(Run_Control_Test, Applications_Every_Other_Year_Take_46_Climate_Files)
 
 TEST_F(Run_Control_Test, An_Irregular_Pattern_Runs_The_Years_Asked_For_In_Focus_And_Six_In_The_Soil_Modes)
 {
-    The_Session.Run.App_Pattern = 0;
+    The_Session.Editor.App_Pattern = 0;
     Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Total content - North (T_N)"};
 
     EXPECT_EQ(Years_Of_Run(The_Session, Focus(), choice), 26);
@@ -73,7 +73,7 @@ TEST_F(Run_Control_Test, The_Tillage_Depth_Stands_Before_A_Point_And_Is_Zero_Whi
 
 TEST_F(Run_Control_Test, A_Gap_In_The_Slots_Gives_A_Row_Without_A_Code_And_Loses_The_Last_Slot)
 {
-    The_Session.Run.App_Pattern = 1;
+    The_Session.Editor.App_Pattern = 1;
     The_Session.Output = {};
     The_Session.Output[0] = {.Out_Var = 1};
     The_Session.Output[1] = {.Out_Var = 6, .Out_Depth = 5};
@@ -91,7 +91,7 @@ TEST_F(Run_Control_Test, A_Gap_In_The_Slots_Gives_A_Row_Without_A_Code_And_Loses
 
 TEST_F(Run_Control_Test, The_Tier_2_Header_Ends_In_The_Kept_Number_As_A_Number_And_Tier_4_In_The_Text_Of_The_List)
 {
-    The_Session.Run.App_Pattern = 1;
+    The_Session.Editor.App_Pattern = 1;
     Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Total content - North (T_N)"};
     const auto first_line = [&](const Mode& mode) {
         const auto text = Format_Run(The_Session, mode, choice);
@@ -108,7 +108,7 @@ TEST_F(Run_Control_Test, The_Tier_2_Header_Ends_In_The_Kept_Number_As_A_Number_A
 
 TEST_F(Run_Control_Test, The_Soil_Modes_Ask_For_The_Profile_Of_Each_Substance_Present)
 {
-    The_Session.Run.App_Pattern = 1;
+    The_Session.Editor.App_Pattern = 1;
     The_Session.Output = Minimum_Output();
     The_Session.Pesticide.Met_Present[1] = true;
     The_Session.Pesticide.Met_Present[4] = true;
@@ -130,7 +130,7 @@ TEST_F(Run_Control_Test, The_Soil_Modes_Ask_For_The_Profile_Of_Each_Substance_Pr
 
 TEST_F(Run_Control_Test, Porewater_Zones_Ask_For_The_Dissolved_Concentration_And_Other_Codes_For_The_Content)
 {
-    The_Session.Run.App_Pattern = 1;
+    The_Session.Editor.App_Pattern = 1;
     The_Session.Pesticide.Met_Present[1] = true;
     Run_Choice choice{.Pesticide = "t.psm", .Crop = Maize, .Location = "Porewater concentration - South (P_S)"};
 
@@ -206,7 +206,7 @@ TEST_F(Run_Control_Test, A_Missing_File_Leaves_A_Single_Run_As_It_Is_And_Is_Not_
 
 TEST_F(Run_Control_Test, A_Focus_Template_Gives_Back_What_Was_Written)
 {
-    The_Session.Run.App_Pattern = 2;
+    The_Session.Editor.App_Pattern = 2;
     The_Session.Output = Recommended_Output();
     Put(Home / "focus" / "orvel.inp", Format_Run(The_Session, Focus(),
                                                  {.Pesticide = "My Test.psm",
@@ -229,7 +229,7 @@ TEST_F(Run_Control_Test, A_Focus_Template_Gives_Back_What_Was_Written)
 
 TEST_F(Run_Control_Test, A_Tier_2_Template_Keeps_The_Number_Behind_Soil_And_Restores_One_Depth_More_Than_It_Holds)
 {
-    The_Session.Run.App_Pattern = 1;
+    The_Session.Editor.App_Pattern = 1;
     const auto text = Format_Run(The_Session, Tier_2(),
                                  {.Pesticide = "t.psm",
                                   .Crop = Maize,
@@ -249,7 +249,7 @@ TEST_F(Run_Control_Test, A_Tier_2_Template_Keeps_The_Number_Behind_Soil_And_Rest
 
 TEST_F(Run_Control_Test, A_Tier_4_Template_Restores_Soil_Zones_And_Letters)
 {
-    The_Session.Run.App_Pattern = 1;
+    The_Session.Editor.App_Pattern = 1;
     Run_Choice choice{
         .Pesticide = "t.psm", .Crop = Individual_Crop, .Location = "Total content - South (T_S)", .Tillage = "5"};
 

@@ -26,8 +26,8 @@ TEST_F(Selection_Test, A_Regular_Pattern_At_The_Location_Enables_The_Buttons_And
     EXPECT_TRUE(selected.Buttons_Enabled());
     EXPECT_EQ(selected.App_Modus, "Every year");
     EXPECT_EQ(selected.app_Date, "0.75 kg/ha on November 5");
-    EXPECT_EQ(The_Session.Run.App_Current_Location, 1);
-    EXPECT_EQ(The_Session.Run.App_Pattern, 1);
+    EXPECT_EQ(The_Session.Editor.App_Current_Location, 1);
+    EXPECT_EQ(The_Session.Editor.App_Pattern, 1);
 }
 
 TEST_F(Selection_Test, A_Location_Without_A_Block_Is_Told_By_Its_Name_Without_The_Irrigation)

@@ -19,7 +19,7 @@ TEST_F(Start_Up_Test, The_Versions_Come_From_The_Engine_And_The_Scenario_Files)
     EXPECT_EQ(Read_Whole(Home / "orvel.bat"), "ORVEL401.exe\r\nexit\r\n");
     EXPECT_EQ(Read_Whole(Home / "worvel2.tmp"), "This is ORVEL\r\n");
     EXPECT_EQ(The_Session.Output, Start_Output());
-    EXPECT_EQ(The_Session.Run.App_Loc_Index, 1);
+    EXPECT_EQ(The_Session.Editor.App_Loc_Index, 1);
     EXPECT_TRUE(The_User.Messages.empty());
 }
 

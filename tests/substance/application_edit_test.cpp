@@ -9,7 +9,7 @@ using Application_Edit = Application_Session;
 TEST_F(Application_Edit, Goes_To_The_Same_Position_Of_All_Years)
 {
     Regular(1, 1, {{1, 5, 1, 0.5, 2, 30}, {15, 5, 1, 0.25, 3, 40}});
-    The_Session.Run.App_Current = 2;
+    The_Session.Editor.App_Current = 2;
 
     Edit_Day(The_Session, 19);
     Edit_Month(The_Session, 5);
@@ -38,7 +38,7 @@ TEST_F(Application_Edit, Of_An_Irregular_List_Changes_The_Application_Shown_Alon
 {
     Document.App_Count[1] = 100;
     Document.Applications[1][40].App_Rate = 7;
-    The_Session.Run.App_Cycles = 26;
+    The_Session.Editor.App_Cycles = 26;
     Find_Pattern(The_Session);
 
     Edit_Rate(The_Session, "0.75");
@@ -51,7 +51,7 @@ TEST_F(Application_Edit, Of_An_Irregular_List_Changes_The_Application_Shown_Alon
 TEST_F(Application_Edit, Of_Relative_Dates_Goes_To_All_Years_Of_The_Shared_List)
 {
     Relative(2, {-10, 5});
-    The_Session.Run.App_Current = 2;
+    The_Session.Editor.App_Current = 2;
 
     Edit_Relative_Rate(The_Session, "0.75");
     Edit_Relative_Depth(The_Session, "4");
@@ -82,17 +82,17 @@ TEST_F(Application_Edit, The_First_Relative_Application_Offers_The_Days_Minus_36
 {
     Relative(1, {-10, 5});
 
-    EXPECT_EQ(Relative_Days(The_Session), (Day_List{-365, 365, 355}));
+    EXPECT_EQ(Relative_Days(The_Session.Pesticide, The_Session.Editor), (Day_List{-365, 365, 355}));
 }
 
 TEST_F(Application_Edit, A_Later_Relative_Application_Offers_Days_Behind_The_One_Before_It_Only)
 {
     Relative(1, {-10, 5});
-    The_Session.Run.App_Current = 2;
-    EXPECT_EQ(Relative_Days(The_Session), (Day_List{-9, 365, 14}));
+    The_Session.Editor.App_Current = 2;
+    EXPECT_EQ(Relative_Days(The_Session.Pesticide, The_Session.Editor), (Day_List{-9, 365, 14}));
 
     Document.Relative[2].Abs9_Day = -20;
-    EXPECT_EQ(Relative_Days(The_Session), (Day_List{-9, 365, -1}));
+    EXPECT_EQ(Relative_Days(The_Session.Pesticide, The_Session.Editor), (Day_List{-9, 365, -1}));
 }
 
 TEST_F(Application_Edit, A_Day_Pushes_The_Applications_Behind_It_In_Every_Year)
@@ -112,7 +112,7 @@ TEST_F(Application_Edit, A_Day_Pushes_The_Applications_Behind_It_In_Every_Year)
 TEST_F(Application_Edit, A_Day_Of_A_Later_Application_Counts_From_Its_Own_List)
 {
     Relative(1, {-10, 5});
-    The_Session.Run.App_Current = 2;
+    The_Session.Editor.App_Current = 2;
 
     Edit_Relative_Day(The_Session, 0);
 

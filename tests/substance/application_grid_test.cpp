@@ -37,15 +37,16 @@ TEST_F(Single_Applications, Are_Loaded_As_Far_As_They_Are_Stored)
     Document.App_Count[1] = 2;
     Document.Applications[1][2] = {3, 4, 5, 0.25, 6, 70, 0.5, 9};
 
-    const auto grid = Load_Application_Grid(The_Session, "3", Soil);
+    const auto grid = Load_Application_Grid(The_Session.Pesticide, The_Session.Editor, "3", Soil);
     ASSERT_EQ(grid.size(), 3U);
     EXPECT_EQ(grid[1], (Application_Row{"Application 2", "3", "4", "5", "9", "0.25", "6", "0.5"}));
     EXPECT_EQ(grid[2], (Application_Row{"Application 3", "", "", "", "", "", "", ""}));
 
-    EXPECT_EQ(Load_Application_Grid(The_Session, "1", Soil).size(), 1U);
-    EXPECT_EQ(Load_Application_Grid(The_Session, "2", Application_Method::Manually)[1][6], "70");
-    EXPECT_EQ(Load_Application_Grid(The_Session, "1E9", Soil).size(), 521U);
-    EXPECT_TRUE(Load_Application_Grid(The_Session, "abc", Soil).empty());
+    EXPECT_EQ(Load_Application_Grid(The_Session.Pesticide, The_Session.Editor, "1", Soil).size(), 1U);
+    EXPECT_EQ(Load_Application_Grid(The_Session.Pesticide, The_Session.Editor, "2", Application_Method::Manually)[1][6],
+              "70");
+    EXPECT_EQ(Load_Application_Grid(The_Session.Pesticide, The_Session.Editor, "1E9", Soil).size(), 521U);
+    EXPECT_TRUE(Load_Application_Grid(The_Session.Pesticide, The_Session.Editor, "abc", Soil).empty());
 }
 
 TEST_F(Single_Applications, Take_No_Key_That_Makes_A_Day_Month_Or_Year_Too_Large)
@@ -135,11 +136,11 @@ TEST_F(Single_Applications, Of_26_Equal_Years_Become_Every_Year_Unless_A_Fractio
         grid.push_back(Row("1", "5", std::to_string(year).c_str()));
 
     EXPECT_EQ(Accept_Application_Grid(The_Session, grid, Soil), std::nullopt);
-    EXPECT_EQ(The_Session.Run.App_Pattern, 1);
+    EXPECT_EQ(The_Session.Editor.App_Pattern, 1);
 
     grid[7][7] = "0.1";
     EXPECT_EQ(Accept_Application_Grid(The_Session, grid, Soil), std::nullopt);
-    EXPECT_EQ(The_Session.Run.App_Pattern, 0);
+    EXPECT_EQ(The_Session.Editor.App_Pattern, 0);
 }
 
 TEST_F(Single_Applications, Are_Stored_Row_By_Row)

@@ -26,8 +26,8 @@ std::unique_ptr<Session> With_Applications(int count, int per_year = 1)
 
 int Pattern_Of(Session& session)
 {
-    Check_Pattern(session, 1);
-    return session.Run.App_Pattern;
+    Check_Pattern(session.Pesticide, session.Editor, 1);
+    return session.Editor.App_Pattern;
 }
 
 } // namespace
@@ -37,8 +37,8 @@ TEST(Application_Pattern, Twenty_Six_Equal_Applications_Are_One_Every_Year)
     const auto session = With_Applications(26);
 
     EXPECT_EQ(Pattern_Of(*session), 1);
-    EXPECT_EQ(session->Run.App_Per_Year[1], 1);
-    EXPECT_EQ(session->Run.App_Cycles, 26);
+    EXPECT_EQ(session->Editor.App_Per_Year[1], 1);
+    EXPECT_EQ(session->Editor.App_Cycles, 26);
 }
 
 TEST(Application_Pattern, A_Fraction_Poorly_Exposed_Makes_The_List_Irregular_Even_If_All_Share_It)
@@ -73,17 +73,17 @@ TEST(Application_Pattern, The_Count_Is_Divided_By_26_Then_23_Then_22)
 TEST(Application_Pattern, Fewer_Than_22_Applications_Are_Irregular_Without_A_Division)
 {
     const auto session = With_Applications(21);
-    session->Run.App_Per_Year[1] = 9;
+    session->Editor.App_Per_Year[1] = 9;
 
     EXPECT_EQ(Pattern_Of(*session), 0);
-    EXPECT_EQ(session->Run.App_Per_Year[1], 9);
+    EXPECT_EQ(session->Editor.App_Per_Year[1], 9);
 }
 
 TEST(Application_Pattern, Several_Applications_A_Year_Are_Compared_By_Position)
 {
     const auto session = With_Applications(52, 2);
     EXPECT_EQ(Pattern_Of(*session), 1);
-    EXPECT_EQ(session->Run.App_Per_Year[1], 2);
+    EXPECT_EQ(session->Editor.App_Per_Year[1], 2);
 
     session->Pesticide.Applications[1][52].App_Rate = 2;
     EXPECT_EQ(Pattern_Of(*session), 0);

@@ -39,7 +39,7 @@ TEST_F(Application_Sequence, An_Application_On_The_Same_Or_An_Earlier_Day_Is_Tol
     List_At(2, {{1, 5, 2}, {30, 4, 2}});
     EXPECT_EQ(Check_Sequence(The_Session, Lists),
               Wrong("Error in application sequence (1.5.02, location: Sevilla (S))", "App_Tag"));
-    EXPECT_EQ(The_Session.Run.App_Current_Location, 2);
+    EXPECT_EQ(The_Session.Editor.App_Current_Location, 2);
 }
 
 TEST_F(Application_Sequence, The_Application_In_Error_Is_The_One_Shown)
@@ -48,8 +48,8 @@ TEST_F(Application_Sequence, The_Application_In_Error_Is_The_One_Shown)
 
     EXPECT_EQ(Check_Sequence(The_Session, Lists),
               Wrong("Error in application sequence (1.6.01, location: Hamburg (H))", "App_Tag"));
-    EXPECT_EQ(The_Session.Run.App_Current_Location, 1);
-    EXPECT_EQ(The_Session.Run.App_Current, 3);
+    EXPECT_EQ(The_Session.Editor.App_Current_Location, 1);
+    EXPECT_EQ(The_Session.Editor.App_Current, 3);
 }
 
 TEST_F(Application_Sequence, A_Month_13_Counts_As_Its_Day_And_So_Is_Out_Of_Sequence)
@@ -100,7 +100,7 @@ TEST_F(Application_Sequence, Of_Relative_Dates_Is_That_Of_The_Shared_List)
 
     Relative(1, {-10, -10});
     EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (application no. 2)", "Tage"));
-    EXPECT_EQ(The_Session.Run.App_Current, 2);
+    EXPECT_EQ(The_Session.Editor.App_Current, 2);
 }
 
 TEST_F(Application_Sequence, Of_Relative_Dates_Goes_On_Over_The_End_Of_A_Year)
@@ -108,7 +108,7 @@ TEST_F(Application_Sequence, Of_Relative_Dates_Goes_On_Over_The_End_Of_A_Year)
     Relative(1, {-365, 365});
 
     EXPECT_EQ(Check_Sequence(The_Session, Lists), Wrong("Error in application sequence (application no. 3)", "Tage"));
-    EXPECT_EQ(The_Session.Run.App_Current, 1);
+    EXPECT_EQ(The_Session.Editor.App_Current, 1);
 }
 
 TEST_F(Application_Sequence, Relative_Dates_Of_Different_Reference_Points_Are_Not_Compared)

@@ -11,14 +11,14 @@ protected:
     Application_Session()
     {
         Document.App_Mode = 0;
-        The_Session.Run.App_Current_Location = 1;
-        The_Session.Run.App_Current = 1;
+        The_Session.Editor.App_Current_Location = 1;
+        The_Session.Editor.App_Current = 1;
     }
 
     // A location with the given master copy, repeated by a pattern.
     void Regular(int location, int pattern, const std::vector<Application>& master)
     {
-        The_Session.Run.App_Per_Year[location] = static_cast<std::int16_t>(master.size());
+        The_Session.Editor.App_Per_Year[location] = static_cast<std::int16_t>(master.size());
         for (std::size_t p = 1; p <= master.size(); ++p)
             Document.Applications[location][p] = master[p - 1];
         Expand_Year(The_Session, location, pattern, Dates::Absolute);
@@ -29,8 +29,8 @@ protected:
     void Relative(int pattern, const std::vector<int>& days)
     {
         Document.App_Mode = App_Mode_Relative;
-        The_Session.Run.App_Current_Location = 0;
-        The_Session.Run.App_Per_Year[0] = static_cast<std::int16_t>(days.size());
+        The_Session.Editor.App_Current_Location = 0;
+        The_Session.Editor.App_Per_Year[0] = static_cast<std::int16_t>(days.size());
         for (std::size_t p = 1; p <= days.size(); ++p)
             Document.Relative[p] = {static_cast<std::int16_t>(days[p - 1]), 0, 1, 1, 0, 0};
         Expand_Year(The_Session, 0, pattern, Dates::Relative);

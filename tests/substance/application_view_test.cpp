@@ -9,9 +9,9 @@ using Application_Half = Application_Session;
 TEST_F(Application_Half, Shows_A_Regular_List_In_A_Sentence_And_By_Its_Position)
 {
     Regular(1, 1, {{1, 5, 1, 0.5, 2, 30}, {15, 6, 1, 0.25, 3, 40}});
-    The_Session.Run.App_Current = 2;
+    The_Session.Editor.App_Current = 2;
 
-    const auto view = View_Of_Applications(The_Session, Application_Method::Soil);
+    const auto view = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil);
 
     EXPECT_EQ(view.Applikationen_pro_Jahr, "2 applications every year");
     EXPECT_EQ(view.Anzahl_Im_Jahr, "2");
@@ -32,11 +32,13 @@ TEST_F(Application_Half, Shows_A_Regular_List_In_A_Sentence_And_By_Its_Position)
 TEST_F(Application_Half, Says_Application_With_Two_Blanks_For_One_A_Year)
 {
     Regular(1, 2, {{1, 5, 1, 0.5, 2, 30}});
-    EXPECT_EQ(View_Of_Applications(The_Session, Application_Method::Soil).Applikationen_pro_Jahr,
+    EXPECT_EQ(View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil)
+                  .Applikationen_pro_Jahr,
               "1 application  every other year");
 
     Regular(1, 3, {{1, 5, 1, 0.5, 2, 30}});
-    EXPECT_EQ(View_Of_Applications(The_Session, Application_Method::Soil).Applikationen_pro_Jahr,
+    EXPECT_EQ(View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil)
+                  .Applikationen_pro_Jahr,
               "1 application  every 3rd year");
 }
 
@@ -45,7 +47,7 @@ TEST_F(Application_Half, Hides_Year_Date_And_Rate_Of_An_Irregular_List)
     Document.App_Count[1] = 25;
     Find_Pattern(The_Session);
 
-    const auto view = View_Of_Applications(The_Session, Application_Method::Soil);
+    const auto view = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil);
 
     EXPECT_EQ(view.App_Modus, 0);
     EXPECT_FALSE(view.Year_Visible);
@@ -61,18 +63,18 @@ TEST_F(Application_Half, Shows_The_Depth_Of_A_Soil_Application_And_The_Intercept
 {
     Regular(1, 1, {{1, 5, 1, 0.5, 2, 30}});
 
-    const auto soil = View_Of_Applications(The_Session, Application_Method::Soil);
+    const auto soil = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil);
     EXPECT_TRUE(soil.Tiefe_Visible && soil.Relative_Tiefe_Visible);
     EXPECT_FALSE(soil.Interception_Visible || soil.Relative_Interception_Visible);
     EXPECT_EQ(soil.Depth_Caption, "Application depth (cm)");
 
-    const auto manual = View_Of_Applications(The_Session, Application_Method::Manually);
+    const auto manual = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Manually);
     EXPECT_FALSE(manual.Tiefe_Visible || manual.Relative_Tiefe_Visible);
     EXPECT_TRUE(manual.Interception_Visible && manual.Relative_Interception_Visible);
     EXPECT_EQ(manual.Depth_Caption, "Crop interception (%)");
 
     for (const auto method : {Application_Method::Linear, Application_Method::Exponential}) {
-        const auto foliar = View_Of_Applications(The_Session, method);
+        const auto foliar = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, method);
         EXPECT_FALSE(foliar.Tiefe_Visible || foliar.Interception_Visible || foliar.Relative_Tiefe_Visible ||
                      foliar.Relative_Interception_Visible);
         EXPECT_EQ(foliar.Depth_Caption, "");
@@ -85,7 +87,7 @@ TEST_F(Application_Half, Shows_A_Relative_Application_And_Locks_The_Reference_Po
     Document.Relative[1].Abs9_Month = 2;
     Document.Relative[1].Abs9_Frpex = 12.5;
 
-    const auto one = View_Of_Applications(The_Session, Application_Method::Soil);
+    const auto one = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil);
     EXPECT_TRUE(one.Relative);
     EXPECT_EQ(one.Tage.Index, 355);
     EXPECT_EQ(one.Bezugspunkt, 2);
@@ -93,7 +95,8 @@ TEST_F(Application_Half, Shows_A_Relative_Application_And_Locks_The_Reference_Po
     EXPECT_TRUE(one.Bezugspunkt_Enabled);
 
     Relative(1, {-10, 5});
-    EXPECT_FALSE(View_Of_Applications(The_Session, Application_Method::Soil).Bezugspunkt_Enabled);
+    EXPECT_FALSE(
+        View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil).Bezugspunkt_Enabled);
 }
 
 TEST_F(Application_Half, Selects_Nothing_For_A_Month_Of_13)
@@ -102,7 +105,7 @@ TEST_F(Application_Half, Selects_Nothing_For_A_Month_Of_13)
     Add_In_Year(The_Session);
     Next_In_Year(The_Session);
 
-    const auto view = View_Of_Applications(The_Session, Application_Method::Soil);
+    const auto view = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil);
 
     EXPECT_EQ(view.App_Tag, 0);
     EXPECT_EQ(view.App_Monat, -1);
@@ -112,8 +115,8 @@ TEST_F(Application_Half, Counts_Its_Captions_1st_2nd_3rd_And_Then_Th)
 {
     Regular(1, 1, std::vector<Application>(20, {1, 5, 1, 0.5, 2, 30}));
     const auto at = [&](int current) {
-        The_Session.Run.App_Current = static_cast<std::uint8_t>(current);
-        return View_Of_Applications(The_Session, Application_Method::Soil);
+        The_Session.Editor.App_Current = static_cast<std::uint8_t>(current);
+        return View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil);
     };
 
     EXPECT_EQ(at(1).Label_Tag, "1st application day:");
@@ -127,7 +130,7 @@ TEST_F(Application_Half, Counts_Its_Captions_1st_2nd_3rd_And_Then_Th)
 TEST_F(Application_Half, Irregular_Chosen_For_A_Regular_List_Shows_The_Note_And_Opens_The_Number)
 {
     Regular(1, 1, {{1, 5, 1, 0.5, 2, 30}});
-    auto view = View_Of_Applications(The_Session, Application_Method::Soil);
+    auto view = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil);
 
     Show_Chosen_Pattern(view, 0);
 
@@ -141,7 +144,7 @@ TEST_F(Application_Half, A_Pattern_Chosen_For_A_List_With_Fractions_Stays_Chosen
 {
     Document.Applications[1][2].App_Time = 0.5;
     Choose_Pattern(The_Session, 1);
-    auto view = View_Of_Applications(The_Session, Application_Method::Soil);
+    auto view = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Application_Method::Soil);
 
     Show_Chosen_Pattern(view, 1);
 

@@ -13,8 +13,8 @@ TEST_F(Application_Year, Is_Repeated_Over_The_Years_Of_The_Pattern)
     EXPECT_EQ(Document.App_Count[1], Variant(46));
     EXPECT_EQ(At(3), (Application{1, 5, 3, 0.5, 2, 30}));
     EXPECT_EQ(At(46), (Application{15, 5, 45, 0.25, 3, 40}));
-    EXPECT_EQ(The_Session.Run.App_Pattern, 2);
-    EXPECT_EQ(The_Session.Run.App_Cycles, 23);
+    EXPECT_EQ(The_Session.Editor.App_Pattern, 2);
+    EXPECT_EQ(The_Session.Editor.App_Cycles, 23);
 }
 
 TEST_F(Application_Year, Leaves_Hour_And_Fraction_Where_They_Stand)
@@ -23,7 +23,7 @@ TEST_F(Application_Year, Leaves_Hour_And_Fraction_Where_They_Stand)
     Document.Applications[1][2].App_Crop_Flag = 14;
     Document.Applications[1][3].App_Time = 0.5;
 
-    The_Session.Run.App_Per_Year[1] = 1;
+    The_Session.Editor.App_Per_Year[1] = 1;
     Expand_Year(The_Session, 1, 1, Dates::Both);
 
     EXPECT_EQ(At(2).App_Crop_Flag, 14);
@@ -38,10 +38,10 @@ TEST_F(Application_Year, Every_Other_Year_Of_An_Empty_List_Begins_With_One_Appli
     EXPECT_EQ(Choose_Pattern(The_Session, 2), std::nullopt);
 
     EXPECT_EQ(Document.App_Count[1], Variant(23));
-    EXPECT_EQ(The_Session.Run.App_Per_Year[1], 1);
+    EXPECT_EQ(The_Session.Editor.App_Per_Year[1], 1);
     EXPECT_EQ(At(1), (Application{1, 1, 1, 0, 0, 9}));
     EXPECT_EQ(At(23), (Application{1, 1, 45, 0, 0, 9}));
-    EXPECT_EQ(The_Session.Run.App_Pattern, 2);
+    EXPECT_EQ(The_Session.Editor.App_Pattern, 2);
 }
 
 TEST_F(Application_Year, An_Empty_List_Puts_Back_The_Reference_Point_Of_Slot_0_And_Not_Of_The_First_Application)
@@ -61,13 +61,13 @@ TEST_F(Application_Year, An_Empty_List_Puts_Back_The_Reference_Point_Of_Slot_0_A
 TEST_F(Application_Year, A_List_Of_Which_No_Year_Is_Known_Gives_At_Most_10_Applications_To_It)
 {
     Document.App_Count[1] = 17;
-    The_Session.Run.App_Per_Year[1] = 0;
+    The_Session.Editor.App_Per_Year[1] = 0;
     Choose_Pattern(The_Session, 1);
     EXPECT_EQ(Document.App_Count[1], Variant(260));
 
     Document.App_Count[2] = 3;
-    The_Session.Run.App_Per_Year[2] = 0;
-    The_Session.Run.App_Current_Location = 2;
+    The_Session.Editor.App_Per_Year[2] = 0;
+    The_Session.Editor.App_Current_Location = 2;
     Choose_Pattern(The_Session, 3);
     EXPECT_EQ(Document.App_Count[2], Variant(66));
 }
@@ -75,7 +75,7 @@ TEST_F(Application_Year, A_List_Of_Which_No_Year_Is_Known_Gives_At_Most_10_Appli
 TEST_F(Application_Year, A_Year_Known_From_Another_Document_Does_Not_Reach_Beyond_The_List)
 {
     Document.App_Count[1] = 2;
-    The_Session.Run.App_Per_Year[1] = 5;
+    The_Session.Editor.App_Per_Year[1] = 5;
 
     Choose_Pattern(The_Session, 1);
 
@@ -104,7 +104,7 @@ TEST_F(Application_Year, Irregular_Changes_Nothing_And_The_Data_Tell_The_Pattern
     EXPECT_EQ(Choose_Pattern(The_Session, 0), std::nullopt);
 
     EXPECT_EQ(Document, *before);
-    EXPECT_EQ(The_Session.Run.App_Pattern, 1);
+    EXPECT_EQ(The_Session.Editor.App_Pattern, 1);
 }
 
 TEST_F(Application_Year, More_Applications_Than_There_Are_Slots_Are_Refused_And_Nothing_Changes)
@@ -127,7 +127,7 @@ TEST_F(Application_Year, Plus_Appends_A_Copy_A_Day_Later_To_Every_Year)
     EXPECT_EQ(At(2), (Application{2, 5, 1, 0.5, 2, 30}));
     EXPECT_EQ(At(51), (Application{1, 5, 26, 0.5, 2, 30}));
     EXPECT_EQ(At(52), (Application{2, 5, 26, 0.5, 2, 30}));
-    EXPECT_EQ(The_Session.Run.App_Per_Year[1], 2);
+    EXPECT_EQ(The_Session.Editor.App_Per_Year[1], 2);
 }
 
 TEST_F(Application_Year, Plus_Behind_A_28th_Goes_On_To_The_1st_Of_The_Next_Month)
@@ -159,7 +159,7 @@ TEST_F(Application_Year, Plus_Does_And_Says_Nothing_At_20_A_Year)
     for (int n = 1; n < 25; ++n)
         Add_In_Year(The_Session);
 
-    EXPECT_EQ(The_Session.Run.App_Per_Year[1], 20);
+    EXPECT_EQ(The_Session.Editor.App_Per_Year[1], 20);
     EXPECT_EQ(Document.App_Count[1], Variant(520));
     EXPECT_TRUE(The_User.Messages.empty());
 
@@ -175,12 +175,12 @@ TEST_F(Application_Year, Plus_In_Relative_Mode_Works_On_The_Shared_List_Alone)
 {
     Regular(1, 1, {{1, 5, 1, 0.5, 2, 30}});
     Relative(1, {-10});
-    The_Session.Run.App_Current_Location = 1;
+    The_Session.Editor.App_Current_Location = 1;
     const auto absolute = std::make_unique<decltype(Document.Applications)>(Document.Applications);
 
     Add_In_Year(The_Session);
 
-    EXPECT_EQ(The_Session.Run.App_Current_Location, 0);
+    EXPECT_EQ(The_Session.Editor.App_Current_Location, 0);
     EXPECT_EQ(Document.App_Count[0], Variant(52));
     EXPECT_EQ(Document.App_Count[1], Variant(26));
     EXPECT_EQ(Document.Relative[52].Abs9_Day, -9);
@@ -191,13 +191,13 @@ TEST_F(Application_Year, Plus_In_Relative_Mode_Works_On_The_Shared_List_Alone)
 TEST_F(Application_Year, Minus_Takes_The_Last_One_From_Every_Year_And_Shows_One_That_Is_Left)
 {
     Regular(1, 1, {{1, 5, 1, 0.5, 2, 30}, {15, 5, 1, 0.25, 3, 40}});
-    The_Session.Run.App_Current = 2;
+    The_Session.Editor.App_Current = 2;
 
     Remove_In_Year(The_Session);
 
     EXPECT_EQ(Document.App_Count[1], Variant(26));
     EXPECT_EQ(At(2), (Application{1, 5, 2, 0.5, 2, 30}));
-    EXPECT_EQ(The_Session.Run.App_Current, 1);
+    EXPECT_EQ(The_Session.Editor.App_Current, 1);
 }
 
 TEST_F(Application_Year, Minus_Does_And_Says_Nothing_At_1_A_Year)
@@ -226,12 +226,12 @@ TEST_F(Application_Year, Is_Walked_From_Its_First_To_Its_Last_Application)
     Regular(1, 3, {{1, 5, 1, 0.5, 2, 30}, {15, 5, 1, 0.25, 3, 40}});
 
     Previous_In_Year(The_Session);
-    EXPECT_EQ(The_Session.Run.App_Current, 1);
+    EXPECT_EQ(The_Session.Editor.App_Current, 1);
     Next_In_Year(The_Session);
     Next_In_Year(The_Session);
-    EXPECT_EQ(The_Session.Run.App_Current, 2);
+    EXPECT_EQ(The_Session.Editor.App_Current, 2);
     Previous_In_Year(The_Session);
-    EXPECT_EQ(The_Session.Run.App_Current, 1);
+    EXPECT_EQ(The_Session.Editor.App_Current, 1);
 }
 
 } // namespace orvel

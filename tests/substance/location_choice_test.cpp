@@ -13,7 +13,7 @@ struct Location_Choice : testing::Test {
         List = {" User specific", "Hamburg (H)", "Piacenza (P)", "Porto (O)"};
         for (std::size_t l = 1; l <= 3; ++l) {
             const auto number = static_cast<std::int16_t>(l);
-            The_Session.Run.App_Per_Year[l] = number;
+            The_Session.Editor.App_Per_Year[l] = number;
             The_Session.Pesticide.App_Count[l] = 26 * number;
             The_Session.Pesticide.Applications[l][1] = {number,       number,        number,        0.1 * number,
                                                         2.0 * number, 10.0 * number, 0.01 * number, number};
@@ -53,7 +53,7 @@ TEST_F(Location_Choice, Deleting_The_Second_Of_Three_Locations_Moves_The_Third_T
     EXPECT_EQ(Choose({"Hamburg (H)", "Porto (O)"}), 2U);
 
     EXPECT_EQ(List, (std::vector<std::string>{" User specific", "Hamburg (H)", "Porto (O)"}));
-    EXPECT_EQ(The_Session.Run.App_Per_Year[2], 3);
+    EXPECT_EQ(The_Session.Editor.App_Per_Year[2], 3);
     EXPECT_EQ(The_Session.Pesticide.App_Count[2], Variant(78));
     EXPECT_EQ(The_Session.Pesticide.Applications[2][1], (Application{3, 3, 3, 0.1 * 3, 6, 30, 0.01 * 3, 3}));
     EXPECT_EQ(The_Session.Pesticide.Applications[1][1].App_Day, 1);
@@ -66,20 +66,20 @@ TEST_F(Location_Choice, A_Later_Location_Does_Not_Meet_The_Applications_Of_A_Rem
     EXPECT_EQ(Choose({"Hamburg (H)", "Piacenza (P)", "Thiva (T)"}), 3U);
 
     EXPECT_EQ(List.back(), "Thiva (T)");
-    EXPECT_EQ(The_Session.Run.App_Per_Year[3], 1);
+    EXPECT_EQ(The_Session.Editor.App_Per_Year[3], 1);
     EXPECT_EQ(The_Session.Pesticide.App_Count[3], Variant(26));
     EXPECT_EQ(The_Session.Pesticide.Applications[3][1].App_Rate, 0);
 }
 
 TEST_F(Location_Choice, New_Locations_Are_Appended_With_One_Application_A_Year_And_The_Last_Is_Selected)
 {
-    The_Session.Run.App_Per_Year[4] = 7;
+    The_Session.Editor.App_Per_Year[4] = 7;
 
     EXPECT_EQ(Choose({"Ch\xE2teaudun (C)", "Hamburg (H)", "Piacenza (P)", "Porto (O)", "Sevilla (S)"}), 5U);
 
     EXPECT_EQ(List[4], "Ch\xE2teaudun (C)");
     EXPECT_EQ(List[5], "Sevilla (S)");
-    EXPECT_EQ(The_Session.Run.App_Per_Year[4], 1);
+    EXPECT_EQ(The_Session.Editor.App_Per_Year[4], 1);
 }
 
 TEST_F(Location_Choice, Add_All_And_Delete_All_Reach_Both_Ends)

@@ -20,7 +20,7 @@ protected:
             Document.App_Location[l] = name;
             Document.Applications[l][1].App_Rate = l;
             Document.App_Count[l] = 26 + l;
-            The_Session.Run.App_Per_Year[l] = static_cast<std::int16_t>(l);
+            The_Session.Editor.App_Per_Year[l] = static_cast<std::int16_t>(l);
             ++l;
         }
     }
@@ -53,7 +53,7 @@ TEST_F(Location_Lists_Of_A_Document, That_Mixes_Both_Show_The_Kind_Of_The_Last_N
               (Location_Lists{{" User specific", "Hamburg (H)", "Sevilla (S)"}, {" User specific", North}, false}));
     EXPECT_EQ(Rate(2), 3);
     EXPECT_EQ(Document.App_Count[2], Variant(29));
-    EXPECT_EQ(The_Session.Run.App_Per_Year[2], 3);
+    EXPECT_EQ(The_Session.Editor.App_Per_Year[2], 3);
     EXPECT_EQ(Document.App_Location[2], "Sevilla (S)");
     EXPECT_EQ(Rate(3), 2); // the soil zone's block stands behind
     EXPECT_EQ(Document.App_Location[3], North);
@@ -73,9 +73,9 @@ TEST_F(Location_Lists_Of_A_Document, Select_The_Location_Under_Edit_If_They_Are_
     Named({"Hamburg (H)"});
     const auto lists = Load_Location_Lists(The_Session);
 
-    EXPECT_EQ(Selected_Location(The_Session, lists), 1);
-    The_Session.Run.App_Current_Location = 2;
-    EXPECT_EQ(Selected_Location(The_Session, lists), std::nullopt);
+    EXPECT_EQ(Selected_Location(The_Session.Editor, lists), 1);
+    The_Session.Editor.App_Current_Location = 2;
+    EXPECT_EQ(Selected_Location(The_Session.Editor, lists), std::nullopt);
 }
 
 TEST_F(Location_Lists_Of_A_Document, Give_It_The_Names_Of_The_Visible_One)
@@ -109,7 +109,7 @@ TEST_F(Location_Lists_Of_A_Document, Show_The_Kind_That_Grew)
 
     EXPECT_TRUE(lists.EFSA_Visible);
     EXPECT_EQ(lists.Standort_EFSA, (std::vector<std::string>{" User specific", North}));
-    EXPECT_EQ(The_Session.Run.App_Per_Year[1], 1);
+    EXPECT_EQ(The_Session.Editor.App_Per_Year[1], 1);
 }
 
 TEST_F(Location_Lists_Of_A_Document, Stay_As_They_Are_When_Nothing_Is_Chosen_Anew)

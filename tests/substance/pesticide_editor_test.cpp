@@ -14,7 +14,7 @@ TEST_F(Pesticide_Editor, Starts_A_New_Document_With_One_Application_Every_Year)
     New_PSM(The_Session);
 
     EXPECT_EQ(The_Session.Program.PSM_File, "*.psm");
-    EXPECT_EQ(The_Session.Run.App_Pattern, 1);
+    EXPECT_EQ(The_Session.Editor.App_Pattern, 1);
     EXPECT_FALSE(Document.Trans_Active[1]);
 }
 
@@ -55,12 +55,12 @@ TEST_F(Pesticide_Editor, Opens_Unchanged_And_Turns_A_Change_Of_Koc_Of_Zero_Into_
 TEST_F(Pesticide_Editor, Opens_The_Active_Substance_At_Location_1_Or_At_The_Shared_List)
 {
     Open_Active_Substance(The_Session);
-    EXPECT_EQ(The_Session.Program.Substance_Index, 1);
-    EXPECT_EQ(The_Session.Run.App_Current_Location, 1);
+    EXPECT_EQ(The_Session.Editor.Substance_Index, 1);
+    EXPECT_EQ(The_Session.Editor.App_Current_Location, 1);
 
     Document.App_Mode = App_Mode_Relative;
     Open_Active_Substance(The_Session);
-    EXPECT_EQ(The_Session.Run.App_Current_Location, 0);
+    EXPECT_EQ(The_Session.Editor.App_Current_Location, 0);
 }
 
 TEST_F(Pesticide_Editor, Opens_No_Form_For_An_Absent_Metabolite)
@@ -68,7 +68,7 @@ TEST_F(Pesticide_Editor, Opens_No_Form_For_An_Absent_Metabolite)
     Document.Met_Present[4] = true;
 
     EXPECT_TRUE(Open_Metabolite(The_Session, 4));
-    EXPECT_EQ(The_Session.Program.Substance_Index, 4);
+    EXPECT_EQ(The_Session.Editor.Substance_Index, 4);
     EXPECT_FALSE(Open_Metabolite(The_Session, 5));
 }
 
@@ -77,7 +77,7 @@ TEST_F(Pesticide_Editor, Opens_No_Form_For_The_Reserved_Arrows)
     EXPECT_TRUE(Open_Transformation(The_Session, 29));
     for (const int t : {18, 20, 28})
         EXPECT_FALSE(Open_Transformation(The_Session, t)) << t;
-    EXPECT_EQ(The_Session.Program.Transformation_Index, 29);
+    EXPECT_EQ(The_Session.Editor.Transformation_Index, 29);
 }
 
 TEST_F(Pesticide_Editor, Cuts_The_User_Specific_Location_At_The_First_Undefined_Date_On_Save_And_Exit)

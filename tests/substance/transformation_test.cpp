@@ -23,7 +23,7 @@ TEST_F(Transformation, Shows_The_Row_Of_Its_Arrow)
 TEST_F(Transformation, A_Temperature_Of_Zero_Shows_As_20_And_Is_Stored_As_20)
 {
     Document.Degradation[1][1].Deg_Temp = 0;
-    The_Session.Program.Transformation_Index = 1;
+    The_Session.Editor.Transformation_Index = 1;
 
     const auto entry = Load_Transformation(Document, 1);
     EXPECT_EQ(entry.Correction.Temperature, "20");
@@ -42,7 +42,7 @@ TEST_F(Transformation, A_Relative_Moisture_Of_Zero_Opens_With_The_Absolute_One)
 
 TEST_F(Transformation, An_Accepted_Entry_Is_Stored_Marks_The_Document_And_Derives_The_Pathway)
 {
-    The_Session.Program.Transformation_Index = 2;
+    The_Session.Editor.Transformation_Index = 2;
     auto entry = Load_Transformation(Document, 2);
     entry.Soil.Rate = "0.0693";
     entry.Photolysis.Rate = "0.01";
@@ -62,7 +62,7 @@ TEST_F(Transformation, A_DT_50_Of_Zero_Removes_The_Arrow_Unless_Photolysis_Appli
 {
     Document.Degradation[1][1].Deg_Rate = 0.1;
     Update_Pathway(Document);
-    The_Session.Program.Transformation_Index = 1;
+    The_Session.Editor.Transformation_Index = 1;
     auto entry = Load_Transformation(Document, 1);
     entry.Soil.DT50 = "0";
     Leave_Rate_Field(entry.Soil, Rate_Field::DT50);
@@ -77,7 +77,7 @@ TEST_F(Transformation, A_DT_50_Of_Zero_Removes_The_Arrow_Unless_Photolysis_Appli
 
 TEST_F(Transformation, A_Text_That_Is_No_Number_Is_Zero_In_The_Document_And_In_The_Pathway)
 {
-    The_Session.Program.Transformation_Index = 1;
+    The_Session.Editor.Transformation_Index = 1;
     auto entry = Load_Transformation(Document, 1);
     entry.Soil.Rate = "0,05";
     entry.Correction.Q10 = "abc";
@@ -93,7 +93,7 @@ TEST_F(Transformation, The_Parameters_Of_A_Substance_That_Falls_Out_Of_The_Schem
 {
     Document.Degradation[1][1].Deg_Rate = 0.1;
     Document.Degradation[2][1].Deg_Rate = 0.2;
-    The_Session.Program.Transformation_Index = 1;
+    The_Session.Editor.Transformation_Index = 1;
     auto entry = Load_Transformation(Document, 1);
     entry.Soil.Rate = "0";
 

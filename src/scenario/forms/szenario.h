@@ -46,7 +46,7 @@ private:
     Byte_Edit* Number_Box(const QString& name, const QString& purpose, const QString& unit = {});
     void Add_Row(QFormLayout& rows, const QString& caption, const QString& name, const QString& unit = {});
     QButtonGroup* Options(QFormLayout& rows, const QStringList& names, const QStringList& captions,
-                          void (*choose)(Session&, int));
+                          void (*choose)(Scenario_Edit, int));
     QPushButton* Command(const QString& name, const QString& caption, void (Szenario::*handler)());
 
     void Load();

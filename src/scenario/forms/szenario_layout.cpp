@@ -58,7 +58,7 @@ void Szenario::Add_Row(QFormLayout& rows, const QString& caption, const QString&
 }
 
 QButtonGroup* Szenario::Options(QFormLayout& rows, const QStringList& names, const QStringList& captions,
-                                void (*choose)(Session&, int))
+                                void (*choose)(Scenario_Edit, int))
 {
     auto* group = new QButtonGroup(this);
     for (int i = 0; i < names.size(); ++i) {

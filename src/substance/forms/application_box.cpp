@@ -38,13 +38,13 @@ void Application_Box::Show_Locations()
 
 void Application_Box::Show_View()
 {
-    auto view = View_Of_Applications(The_Session, Method());
+    auto view = View_Of_Applications(The_Session.Pesticide, The_Session.Editor, Method());
     if (Chosen_Mode >= 0)
         Show_Chosen_Pattern(view, Chosen_Mode);
     Command1->setVisible(Method() != Application_Method::Soil);
     Applikationsverfahren->setCurrentIndex(view.Relative ? 1 : 0);
     for (auto* list : {Standort, Standort_EFSA}) {
-        list->setCurrentIndex(The_Session.Run.App_Current_Location);
+        list->setCurrentIndex(The_Session.Editor.App_Current_Location);
         list->setEnabled(!view.Relative);
         list->setToolTip(view.Relative ? "Relative dates hold for all locations." : "");
     }
@@ -138,7 +138,7 @@ void Application_Box::Choose_Mode(int index)
     Show_View();
 }
 
-void Application_Box::Change_Year(void (*change)(Session&))
+void Application_Box::Change_Year(void (*change)(Pesticide_Edit))
 {
     change(The_Session);
     Show_View();

@@ -44,7 +44,7 @@ private:
     QGroupBox* Relative();
     QComboBox* Combo(const QString& name, const QString& purpose);
     Number_Edit* Number(QFormLayout& rows, const QString& caption, const QString& name,
-                        void (*edit)(Session&, std::string_view));
+                        void (*edit)(Pesticide_Edit, std::string_view));
     void Show_Locations();
     void Show_Absolute(const Application_View& view);
     void Show_Relative(const Application_View& view);
@@ -53,7 +53,7 @@ private:
     void Choose_Dates(int index);
     void Choose_Place(int index);
     void Choose_Mode(int index);
-    void Change_Year(void (*change)(Session&));
+    void Change_Year(void (*change)(Pesticide_Edit));
     void Edit_Day_Behind(int index);
     void Edit_Locations(bool efsa);
     void Tell_Left_Out(const std::vector<std::string>& selected);

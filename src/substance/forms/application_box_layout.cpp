@@ -125,7 +125,7 @@ QWidget* Application_Box::Location_Buttons()
 QWidget* Application_Box::Year_Row()
 {
     const auto small_button = [this](const QString& name, const QString& sign, const QString& purpose,
-                                     void (*change)(Session&)) {
+                                     void (*change)(Pesticide_Edit)) {
         auto* button = Named(new QToolButton, name);
         button->setText(sign);
         button->setAccessibleName(purpose);
@@ -155,7 +155,7 @@ QWidget* Application_Box::Year_Row()
 }
 
 Number_Edit* Application_Box::Number(QFormLayout& rows, const QString& caption, const QString& name,
-                                     void (*edit)(Session&, std::string_view))
+                                     void (*edit)(Pesticide_Edit, std::string_view))
 {
     auto* field = Named(new Number_Edit, name);
     rows.addRow(caption, field);

@@ -15,7 +15,7 @@ namespace orvel {
 
 deg_dat::deg_dat(Session& session, QWidget* parent) : QDialog(parent), The_Session(session)
 {
-    const int t = The_Session.Program.Transformation_Index;
+    const int t = The_Session.Editor.Transformation_Index;
     setObjectName("deg_dat");
     setWindowTitle(Shown(Transformation_Caption(t)));
     Lay_Out();

@@ -34,7 +34,7 @@ Form_appgrid::Form_appgrid(Session& session, const std::string& text_naps, Appli
     setWindowTitle("Application Data");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
-    Show_Grid(Load_Application_Grid(The_Session, text_naps, Method));
+    Show_Grid(Load_Application_Grid(The_Session.Pesticide, The_Session.Editor, text_naps, Method));
     AppGrid->Fit_Columns(Characters);
     AppGrid->Go_To(0, Grid_Column::Day);
     resize(sizeHint().boundedTo(screen()->availableSize())); // all columns, on a small screen too

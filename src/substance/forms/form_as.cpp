@@ -14,7 +14,10 @@
 
 namespace orvel {
 
-Form_AS::Form_AS(Session& session, QWidget* parent) : QDialog(parent), The_Session(session), Before(Keep_Copy(session))
+Form_AS::Form_AS(Session& session, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      Before(Keep_Copy(session.Pesticide, session.Editor))
 {
     setObjectName("Form_AS");
     setWindowTitle("Active Substance");
@@ -25,7 +28,7 @@ Form_AS::Form_AS(Session& session, QWidget* parent) : QDialog(parent), The_Sessi
 void Form_AS::Lay_Out()
 {
     const auto entry = Load_Active(The_Session.Pesticide);
-    Fields = new Substance_Fields(The_Session, The_Session.Program.Substance_Index, *this);
+    Fields = new Substance_Fields(The_Session, The_Session.Editor.Substance_Index, *this);
     Volatility = new Volatilisation_Box(entry);
     Applications = new Application_Box(The_Session, entry.App_Flag);
     connect(Applications, &Application_Box::Method_Chosen, Volatility, &Volatilisation_Box::Show_Method);

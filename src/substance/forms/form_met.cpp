@@ -12,7 +12,7 @@ namespace orvel {
 Form_MET::Form_MET(Session& session, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Substance(session.Program.Substance_Index),
+      Substance(session.Editor.Substance_Index),
       Before(std::make_unique<const Pesticide_Document>(session.Pesticide)),
       Changed_Before(session.Program.PSM_Changed)
 {

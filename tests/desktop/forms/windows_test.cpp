@@ -190,7 +190,7 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<Form_hor>("form_hor_d2", 9, 3),
         {"form_appgrid",
          [](Session& session) -> std::unique_ptr<QWidget> {
-             session.Run.App_Current_Location = 1;
+             session.Editor.App_Current_Location = 1;
              return std::make_unique<Form_appgrid>(session, "26", Application_Method::Soil);
          }},
         Plain<KOC_PH>("koc_ph", 1, "120"),
@@ -213,7 +213,7 @@ std::vector<Opened_Window> Windows_Test::All() const
          }},
         {"form_met",
          [](Session& session) -> std::unique_ptr<QWidget> {
-             session.Program.Substance_Index = 2;
+             session.Editor.Substance_Index = 2;
              return std::make_unique<Form_MET>(session);
          }},
         Plain<Form_Saving>("form_saving", Document_Kind::Pesticide, Installation()),

@@ -16,7 +16,7 @@ protected:
 
     void Open(int t)
     {
-        The_Session.Program.Transformation_Index = static_cast<std::int16_t>(t);
+        The_Session.Editor.Transformation_Index = static_cast<std::int16_t>(t);
         Form = std::make_unique<deg_dat>(The_Session);
         Form->show();
         QApplication::setActiveWindow(Form.get());

@@ -15,7 +15,7 @@ protected:
     Form_appgrid_Test()
     {
         Reset_PSM(The_Session.Pesticide);
-        The_Session.Run.App_Current_Location = 3;
+        The_Session.Editor.App_Current_Location = 3;
         Yearly(0);
     }
 
@@ -165,7 +165,7 @@ TEST_F(Form_appgrid_Test, OK_Stores_All_Rows_In_The_Location_Under_Edit_And_Find
     EXPECT_FALSE(Form->isVisible());
     EXPECT_EQ(The_Session.Pesticide.App_Count[3].Number(), 26);
     EXPECT_EQ(At(26), (Application{1, 5, 26, 0.5, 2, 0, 0, 9}));
-    EXPECT_EQ(The_Session.Run.App_Pattern, 1);
+    EXPECT_EQ(The_Session.Editor.App_Pattern, 1);
     EXPECT_TRUE(The_Session.Program.PSM_Changed);
 }
 

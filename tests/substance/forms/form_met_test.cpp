@@ -21,7 +21,7 @@ protected:
 
     void Open(int i)
     {
-        The_Session.Program.Substance_Index = static_cast<std::int16_t>(i);
+        The_Session.Editor.Substance_Index = static_cast<std::int16_t>(i);
         Form = std::make_unique<Form_MET>(The_Session);
         Form->show();
         QApplication::setActiveWindow(Form.get());
