@@ -15,10 +15,10 @@ Line_Fields Fields_Of(const Climate_Table& table)
         if (Is_Left_Out(row))
             continue;
         fields.About("day " + std::to_string(++number));
-        int column = Climate_Number_First;
-        fields.Words(row.Cli_Day, "Day").Words(row.Cli_Month, "Month").Words(row.Cli_Year, "Year").Tab(column);
-        for (const auto& [value, heading, heading_below, name, shown_with] : Climate_Columns)
-            fields.Scientific(row.*value, name).Tab(column += Scientific_Width);
+        fields.Words(row.Cli_Day, "Day").Words(row.Cli_Month, "Month").Words(row.Cli_Year, "Year");
+        for (const auto& column : Climate_Columns)
+            fields.Tab(static_cast<int>(column.First)).Scientific(Number_Of(row, column), column.Name);
+        fields.Tab(static_cast<int>(Climate_Columns.back().First + Climate_Number_Width));
         fields.Words(row.Cli_Hour, "Hour").End();
     }
     return fields;

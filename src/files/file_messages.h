@@ -13,9 +13,9 @@ namespace orvel {
 constexpr std::string_view Readin_Check = "Readin check";
 constexpr std::string_view Saving_Input_File = "Saving Input File";
 
-// A file that cannot be read as a pesticide or scenario document: the scenario reader deliberately shares the text.
-// Sets PSM_Read_OK to false.
-void Refuse_Document(Session& session);
+// A file that cannot be read as a pesticide or scenario document; both kinds have the same text. Place and reason stand
+// below it. Sets PSM_Read_OK to false.
+void Refuse_Document(Session& session, const File_Error& error);
 
 // A climate file that cannot be read.
 void Refuse_Climate(Session& session, const File_Error& error);

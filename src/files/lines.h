@@ -23,15 +23,29 @@ namespace orvel {
 // Numbers in the scientific text of a file have this width.
 constexpr int Scientific_Width = 10;
 
+// A place in a file, 1-based; 0 where it is not known.
+struct Place {
+    int Line = 0, Column = 0;
+};
+
+// The column in which a part of a line begins; 0 for an empty one.
+inline int Column_Of(std::string_view part, std::string_view line)
+{
+    return part.empty() ? 0 : static_cast<int>(part.data() - line.data()) + 1;
+}
+
 // Takes the fields of a line word by word; one that is missing is 0. Columns, blanks and fixed texts do not matter to
-// it.
+// it. A number that its field cannot hold throws a File_Error with its place.
 class Line_In {
 public:
-    explicit Line_In(std::string_view line) : Rest(line) {}
+    explicit Line_In(std::string_view line, int line_number = 0) : Line(line), Rest(line), Line_Number(line_number) {}
 
-    double Number() { return Val(Next_Token(Rest)); }
-    std::string_view Word() { return Trim(Next_Token(Rest)); }
+    double Number() { return Val(Next()); }
+    std::string_view Word() { return Trim(Next()); }
+    std::int16_t Integer() { return Checked(Number()); }
     std::string_view Remainder() const { return Rest; }
+    Place Place_Of_Last() const { return {Line_Number, Column_Of(Last, Line)}; } // of the word taken last
+    void Skip_To(std::size_t column) { Rest = Columns(Line, column); }           // what follows is taken from there
 
     template <class Value> Line_In& Field(Value& value, std::string_view)
     {
@@ -53,7 +67,7 @@ public:
     {
         const double number = Number();
         const double whole = std::floor(number);
-        value = number - whole < 0.01 ? To_I16(whole) : std::int16_t{0};
+        value = number - whole < 0.01 ? Checked(whole) : std::int16_t{0};
         return *this;
     }
     Line_In& Tag(std::string_view)
@@ -70,10 +84,24 @@ public:
 private:
     void Take(double& value) { value = Number(); }
     void Take(Variant& value) { value = Number(); }
-    void Take(std::int16_t& value) { value = To_I16(Number()); }
+    void Take(std::int16_t& value) { value = Integer(); }
     void Take(std::string& value) { value = Word(); }
 
-    std::string_view Rest;
+    std::int16_t Checked(double number) const
+    try {
+        return To_I16(number);
+    } catch (const File_Error& error) {
+        throw File_Error(error.Reason, Line_Number, Column_Of(Last, Line));
+    }
+
+    std::string_view Next()
+    {
+        Last = Next_Token(Rest);
+        return Last;
+    }
+
+    std::string_view Line, Rest, Last;
+    int Line_Number;
 };
 
 // Prints the fields of lines.
@@ -142,11 +170,12 @@ private:
 };
 
 // A count read from a file or held in a document. Throws File_Error unless it is 0 to `most`.
-inline int Checked_Count(double count, int most, std::string_view of_what)
+inline int Checked_Count(double count, int most, std::string_view of_what, Place place = {})
 {
     if (!(count >= 0 && count <= most))
         throw File_Error("The number of " + std::string(of_what) + " is not between 0 and " + std::to_string(most) +
-                         ".");
+                             ".",
+                         place.Line, place.Column);
     return static_cast<int>(count);
 }
 

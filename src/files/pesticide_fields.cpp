@@ -1,3 +1,4 @@
+#include "core/pesticide_constants.h"
 #include "files/broken_line.h"
 #include "files/line_fields.h"
 #include "files/pesticide_file.h"
@@ -17,7 +18,7 @@ void Change_As_Read(Pesticide_Document& document)
         if (document.Koc_Change[i] == 0)
             document.Koc_Change[i] = 1;
         if (document.Sorp_pH2[i].Number() == 0)
-            document.Sorp_pH2[i] = -99;
+            document.Sorp_pH2[i] = No_Value;
     }
     for (auto& application : document.Relative)
         application.Abs9_Month = document.Relative[1].Abs9_Month;

@@ -11,6 +11,7 @@ namespace orvel {
 // The lines of a scenario file, each stated once for reading, printing and listing. Tabs are 1-based columns.
 
 // The marker words at the end of the second line.
+constexpr std::string_view Marker_Of_Extended_Rows = "ORVEL40"; // what all markers of extended crop rows have in common
 constexpr std::string_view Marker_Extended = "ORVEL401";
 constexpr std::string_view Marker_Tillage = "ORVEL400TILLAGE";
 constexpr std::string_view Marker_Derived_Tillage =

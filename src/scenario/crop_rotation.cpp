@@ -56,7 +56,7 @@ std::vector<Crop_Data> Read_Crop_Data(const Session& session, const std::filesys
     try {
         return Parse_Crop_Data(Read_Whole(*file));
     } catch (const File_Error& error) {
-        session.Ask({File_Check, "Cannot read INPUT.DAT. " + std::string(error.what())});
+        session.Ask({File_Check, "Cannot read INPUT.DAT.\n" + Located(Crop_Data_File, error)});
         return {};
     }
 }
