@@ -12,8 +12,8 @@
 
 namespace orvel {
 
-// The records that all rules and forms share. Names of fields are those of the file formats' documentation; array
-// bounds are inclusive as the comments give them, and index 0 of a substance is not in use.
+// The records that all rules and forms share. docs/formats.md says where each field stands in its file. Array bounds
+// are inclusive as the comments give them, and index 0 of a substance is not in use.
 
 constexpr int Substances = 9;         // 1 active substance, 2 to 5 metabolites A1 to D1, 6 to 9 A2 to D2
 constexpr int Last_Location = 9;      // location blocks 0 to 9; 0 is " User specific"

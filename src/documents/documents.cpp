@@ -28,11 +28,11 @@ bool Open_Pesticide(Session& session, const fs::path& file)
     return read;
 }
 
-// What opening, making and converting a kind takes beyond its file.
+// Opening, making and converting a kind, as far as the editors' rules take part.
 struct Document_Rules {
     bool (*Open)(Session& session, const fs::path& file);
     void (*Make_New)(Session& session);
-    void (*Pass_Editor)(Session& session); // what a save does to a document that nobody edited
+    void (*Pass_Editor)(Session& session); // what loading and saving in the editor changes
 };
 
 void Keep(Session&) {}
@@ -57,7 +57,7 @@ bool Open_Document(Session& session, const fs::path& file)
     session.Program.PSM_File = Shown_Name(file);
     if (const auto kind = Kind_Of(file))
         return Rules_Of(*kind).Open(session, file);
-    session.Ask({std::string(Readin_Check), No_Document(file)});
+    session.Ask({std::string(Readin_Check), Unknown_Ending(file)});
     return false;
 }
 
@@ -79,7 +79,7 @@ bool Convert_Document(Session& session, const fs::path& from, const fs::path& to
     }
     Rules_Of(kind).Pass_Editor(session);
     if (const auto field = Type_Of(kind).Broken_Field(session))
-        session.Ask(Broken_Line_Told(*field));
+        session.Ask(Broken_Line_Message(*field));
     return Save_Document(session, to);
 }
 

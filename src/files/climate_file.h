@@ -45,7 +45,7 @@ std::string Cell_Text(const Climate_Row& row, const Climate_Column& column);
 // Rounds every number as the grid shows it: what a save of an unedited grid writes.
 void Round_As_Shown(Climate_Table& table);
 
-// A row whose day is blank or zero is no day: it is not shown and not saved.
+// A row whose day is blank or zero is neither saved nor simulated.
 bool Is_Left_Out(const Climate_Row& row);
 
 // A short line is no error, and a column of blanks no number. Throws File_Error for more rows than Most_Climate_Rows or

@@ -41,7 +41,7 @@ std::string Shown_Name(const std::filesystem::path& file)
     return Name_Of(file.filename()).value_or(file.filename().string());
 }
 
-std::string No_Document(const std::filesystem::path& file)
+std::string Unknown_Ending(const std::filesystem::path& file)
 {
     std::string text = Shown_Name(file) + " does not end in ";
     for (const auto& type : Document_Types) {
@@ -56,7 +56,7 @@ bool Save_Document(Session& session, const std::filesystem::path& file)
 {
     if (const auto kind = Kind_Of(file))
         return Type_Of(*kind).Write(session, file);
-    session.Ask({std::string(Saving_Input_File), No_Document(file)});
+    session.Ask({std::string(Saving_Input_File), Unknown_Ending(file)});
     return false;
 }
 

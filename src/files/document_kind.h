@@ -34,7 +34,7 @@ std::optional<Document_Kind> Kind_Of(const std::filesystem::path& file);
 
 // A file's name as the user is shown it, and the message for an unknown extension.
 std::string Shown_Name(const std::filesystem::path& file);
-std::string No_Document(const std::filesystem::path& file);
+std::string Unknown_Ending(const std::filesystem::path& file);
 
 // Writes the session's document of the kind that the ending says. Asks nothing: Broken_Field comes before.
 // False: it failed, and the user has been told.

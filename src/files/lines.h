@@ -13,12 +13,16 @@
 
 namespace orvel {
 
-// Field is a value in print form, Value_Of a field that prints as a number whatever it holds, Scientific a number in
-// scientific text, Pattern one in a format pattern, Words a text without blanks, Whole a flag that reads as 0 where the
-// file has a fraction, Tag a fixed word that stands where a field could.
-//
-// The layout of a line is one function template over these: Line_In reads a line's fields by it, Line_Out prints them,
+// The layout of a line is one function template over a "line": Line_In reads the fields by it, Line_Out prints them,
 // and Line_Fields (line_fields.h) lists them. Every field carries the name that a user knows it by.
+//
+// Field       a value in print form
+// Value_Of    a value that prints as a number, also where a text was typed
+// Scientific  a number ten characters wide
+// Pattern     a number in a format pattern
+// Text_Field  a word without blanks
+// Whole       a flag that reads as 0 where the file has a fraction
+// Tag         a fixed word that takes the place of a field
 
 // Numbers in the scientific text of a file have this width.
 constexpr int Scientific_Width = 10;
@@ -58,7 +62,7 @@ public:
         return Field(value, name);
     }
     template <class Value> Line_In& Value_Of(Value& value, std::string_view name) { return Field(value, name); }
-    Line_In& Words(Variant& value, std::string_view)
+    Line_In& Text_Field(Variant& value, std::string_view)
     {
         value = Word();
         return *this;
@@ -132,7 +136,7 @@ public:
     }
 
     Line_Out& Value_Of(const Variant& value, std::string_view name) { return Field(value.Number(), name); }
-    Line_Out& Words(const Variant& value, std::string_view) { return Text(value.Print()); }
+    Line_Out& Text_Field(const Variant& value, std::string_view) { return Text(value.Print()); }
     Line_Out& Whole(std::int16_t value, std::string_view name) { return Field(value, name); }
     Line_Out& Tag(std::string_view text) { return Text(text); }
 

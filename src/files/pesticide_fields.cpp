@@ -11,7 +11,7 @@ namespace orvel {
 
 namespace {
 
-// What reading changes in every file, and the one reference point that a table of relative applications has.
+// Applies what any reading changes, and the one reference point that all relative applications share.
 void Change_As_Read(Pesticide_Document& document)
 {
     for (std::size_t i = 1; i <= Substances; ++i) {
@@ -30,8 +30,8 @@ public:
 
     Line_Fields List()
     {
-        Fields.Words(Document.PSM_Title, "Title")
-            .Words(Document.Substance_Name[1], "Name of the active substance")
+        Fields.Text_Field(Document.PSM_Title, "Title")
+            .Text_Field(Document.Substance_Name[1], "Name of the active substance")
             .End();
         Horizon_Count_Line(Fields, Document);
         Fields.End();
@@ -70,7 +70,7 @@ private:
         Fields.About(place);
         Fields.Pattern(Document.App_Count[location], "000", "Number of applications").Tab(Location_Code_Tab);
         if (location > 0)
-            Fields.Words(Document.App_Location[location], "Name");
+            Fields.Text_Field(Document.App_Location[location], "Name");
         Fields.End();
         const double count = std::clamp<double>(Document.App_Count[location].Number(), 0, Last_Application);
         for (std::size_t a = 1; a <= static_cast<std::size_t>(count); ++a) {
@@ -123,7 +123,7 @@ private:
         Fields.Field(Document.Met_Present[i], "Section").End();
         if (!Document.Met_Present[i])
             return false;
-        Fields.Words(Document.Substance_Name[i], "Name").End();
+        Fields.Text_Field(Document.Substance_Name[i], "Name").End();
         Metabolite_Flags_Line(Fields, Document, i);
         Fields.End();
         Molmass_Line(Fields, Document, i);

@@ -13,7 +13,7 @@ namespace {
 constexpr int Most_Sections = Substances - 1;
 constexpr std::size_t Code_Width = 3;
 
-// Reads a document line by line, as the file stands: what was read before an error stays.
+// Fills the document line by line; what was read before an error stays in it.
 class Reader {
 public:
     Reader(std::string_view bytes, Pesticide_Document& document) : Lines(bytes), Document(document) {}
@@ -145,7 +145,7 @@ private:
         }
     }
 
-    // False for the older form without this line: then the line that ends the section has been read instead.
+    // False for the older form, which lacks this line: the line read instead is the end of the section.
     bool Depth_Mode(std::size_t i)
     {
         const auto text = Lines.Next();
@@ -242,7 +242,7 @@ private:
 
 void Parse_PSM(std::string_view bytes, Pesticide_Document& document)
 {
-    // Nothing of the document read before stays, not even what a new document leaves alone.
+    // Nothing of a document read before may stay, not even fields that Reset_PSM leaves alone.
     document = Pesticide_Document();
     Reset_PSM(document);
     Reader(bytes, document).Read();

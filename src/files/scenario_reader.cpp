@@ -20,8 +20,8 @@ Date Next_Date(Line_In& line)
     return {To_I16(Val(Columns(word, 1, 2))), To_I16(Val(Columns(word, 3, 2))), To_I16(Val(Columns(word, 5, 2)))};
 }
 
-// Tillage of files that hold none: the day before emergence, or the 15th of the month before, which for January is
-// month 0.
+// Tillage where the file has none: the day before emergence, or the 15th of the month before; the month before January
+// is 0.
 Date Derived_Tillage(const Rotation_Row& row)
 {
     Date date{static_cast<std::int16_t>(row.SZE_Eme_Day - 1), row.SZE_Eme_Month, row.SZE_Eme_Year};
@@ -32,7 +32,7 @@ Date Derived_Tillage(const Rotation_Row& row)
     return date;
 }
 
-// Reads a document line by line, as the file stands: what was read before an error stays.
+// Fills the document line by line; what was read before an error stays in it.
 class Reader {
 public:
     Reader(std::string_view bytes, Scenario_Document& document) : Lines(bytes), Document(document) {}
@@ -101,8 +101,8 @@ private:
         row.SZE_Har_Day = harvest.Day, row.SZE_Har_Month = harvest.Month, row.SZE_Har_Year = harvest.Year;
         row.SZE_Rot_Crop_Index = line.Integer();
 
-        // Only a marker with "ORVEL400" makes the dates behind count; a senescence written under "ORVEL401" is not that
-        // of the document, but kept for the engine.
+        // The dates behind count only under a marker with "ORVEL400". A senescence under "ORVEL401" is kept for the
+        // engine; editors take the harvest in its place.
         Line_In behind = line;
         if (const auto date = behind.Word(); Drops_Senescence && date.size() >= Date_Width)
             row.SZE_Sen_In_File =
