@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/pesticide_constants.h"
 #include "engine/input/findings.h"
 
 #include <array>
@@ -37,20 +38,21 @@ struct Solute_Arrow {
 };
 
 struct Solute_Substance {
-    int Index = 1;                      // 1 to 9
-    std::string Name;                   // for messages alone
-    double Molmass = 0;                 // g/mol
-    bool Kd_From_Koc = true;            // else the horizon tables
-    double Koc = 0, Koc2 = -99;         // L/kg, at pH and pH2
-    double pH = 7, pH2 = -99, pKa = 20; // pH2 -99: no second point; pKa 20 and above or 0 and below: no dissociation
-    double Freundlich_Exponent = 1;     // with Koc
-    double Freundlich_Limit = 0.01;     // ug/L, linear below
-    double Annual_Increase = 0;         // % a year
-    double K_Doc = 0;                   // L/kg
-    double Koc_Change = 1;              // factor for air-dry soil
-    double F_Neq = 0, K_Des = 0;        // slow sites: ratio to the fast ones; 1/d
-    double Plant_Uptake = 0;            // transpiration stream factor
-    int Depth_Mode = 0;                 // 0 scenario's factors, 1 constant, 2 individual
+    int Index = 1;                   // 1 to 9
+    std::string Name;                // for messages alone
+    double Molmass = 0;              // g/mol
+    bool Kd_From_Koc = true;         // else the horizon tables
+    double Koc = 0, Koc2 = No_Value; // L/kg, at pH and pH2
+    double pH = 7, pH2 = No_Value;
+    double pKa = No_Dissociation;   // this and above, or 0 and below: no dissociation
+    double Freundlich_Exponent = 1; // with Koc
+    double Freundlich_Limit = 0.01; // ug/L, linear below
+    double Annual_Increase = 0;     // % a year
+    double K_Doc = 0;               // L/kg
+    double Koc_Change = 1;          // factor for air-dry soil
+    double F_Neq = 0, K_Des = 0;    // slow sites: ratio to the fast ones; 1/d
+    double Plant_Uptake = 0;        // transpiration stream factor
+    int Depth_Mode = 0;             // 0 scenario's factors, 1 constant, 2 individual
     bool Liquid_Only = false;
     std::vector<double> Horizon_Kd, Horizon_Exponent; // by horizon of the scenario, L/kg and -, without Kd_From_Koc
     std::array<Solute_Arrow, Arrows_Of_Substance + 1> Arrows; // 1 to 5
@@ -63,9 +65,9 @@ struct Solute_Volatilisation {
     std::array<double, 2> Vapour_Pressure{}; // Pa
     std::array<double, 2> Solubility{};      // mg/L
     std::array<double, 2> Temperature{{20, 30}};
-    double Enthalpy = 98400;   // J/mol, where there is one point alone
-    double Diffusion_Air = 0;  // cm2/s at 20 degC
-    double Boundary_Layer = 0; // cm
+    double Enthalpy = Default_Enthalpy; // J/mol, where there is one point alone
+    double Diffusion_Air = 0;           // cm2/s at 20 degC
+    double Boundary_Layer = 0;          // cm
 };
 
 struct Solute_Plant {

@@ -6,13 +6,14 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace orvel {
 
-// The records that all rules and forms share. Names of fields are those of the file formats' documentation; array
-// bounds are inclusive as the comments give them, and index 0 of a substance is not in use.
+// The records that all rules and forms share. docs/formats.md says where each field stands in its file. Array bounds
+// are inclusive as the comments give them, and index 0 of a substance is not in use.
 
 constexpr int Substances = 9;         // 1 active substance, 2 to 5 metabolites A1 to D1, 6 to 9 A2 to D2
 constexpr int Last_Location = 9;      // location blocks 0 to 9; 0 is " User specific"
@@ -123,6 +124,11 @@ struct Crop_Row {
     bool operator==(const Crop_Row&) const = default;
 };
 
+struct Rotation_Date {
+    int Day = 0, Month = 0, Year = 0;
+    bool operator==(const Rotation_Date&) const = default;
+};
+
 struct Rotation_Row {
     std::int16_t SZE_Eme_Day = 0, SZE_Eme_Month = 0, SZE_Eme_Year = 0;
     std::int16_t SZE_Mat_Day = 0, SZE_Mat_Month = 0, SZE_Mat_Year = 0;
@@ -131,6 +137,8 @@ struct Rotation_Row {
     Variant SZE_Sen_Day, SZE_Sen_Month;
     std::int16_t SZE_Sen_Year = 0;
     std::int16_t SZE_Til_Day = 0, SZE_Til_Month = 0, SZE_Til_Year = 0;
+    std::optional<Rotation_Date>
+        SZE_Sen_In_File; // the senescence that a file of marker "ORVEL401" has and no editor shows
     bool operator==(const Rotation_Row&) const = default;
 };
 
@@ -172,17 +180,19 @@ struct Scenario_Document {
     std::int16_t SZE_DOC_Flag = 0;
     double SZE_Runoff_Depth = 0, SZE_Macro_Threshold = 0, SZE_Macro_Fraction = 0;
     double SZE_Latitude = 0;
-    std::int16_t SZE_Runoff = 0; // derived: SZE_Water_Flag is 2 or above
+    std::int16_t SZE_Runoff = 0;   // derived: SZE_Water_Flag is 2 or above
+    bool SZE_Legacy_Crops = false; // the file read had crop rows of the older form
 
     bool operator==(const Scenario_Document&) const = default;
 };
 
 struct Climate_Row {
     std::string Cli_Day, Cli_Month, Cli_Year; // two characters each
-    double Cli_Rain = 0, Cli_Evap = 0;        // cm
-    double Cli_Temp_14 = 0, Cli_Temp_Mean = 0, Cli_Temp_Diff = 0;
-    double Cli_Rel_Hum = 0;   // %
-    double Cli_Radiation = 0; // kJ/m2
+    // Nothing where the file has blanks; such a number is shown and written as 0.
+    std::optional<double> Cli_Rain = 0, Cli_Evap = 0;                            // cm
+    std::optional<double> Cli_Temp_14 = 0, Cli_Temp_Mean = 0, Cli_Temp_Diff = 0; // degC
+    std::optional<double> Cli_Rel_Hum = 0;                                       // %
+    std::optional<double> Cli_Radiation = 0;                                     // kJ/m2
     std::string Cli_Hour;
     bool operator==(const Climate_Row&) const = default;
 };

@@ -13,8 +13,8 @@ try {
     Parse_PSM(Read_Whole(file), session.Pesticide);
     session.Program.PSM_Read_OK = true;
     return true;
-} catch (const File_Error&) {
-    Refuse_Document(session);
+} catch (const File_Error& error) {
+    Refuse_Document(session, error);
     return false;
 }
 
@@ -33,8 +33,8 @@ try {
     Parse_SZE(Read_Whole(file), session.Scenario);
     session.Program.PSM_Read_OK = true;
     return true;
-} catch (const File_Error&) {
-    Refuse_Document(session);
+} catch (const File_Error& error) {
+    Refuse_Document(session, error);
     return false;
 }
 

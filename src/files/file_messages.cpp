@@ -13,12 +13,6 @@ constexpr std::string_view Not_A_Document = " is not a ORVEL 4.01 PSM file";
 constexpr std::string_view Read_Protected =
     "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes.";
 
-// A reason names paths in the system's encoding.
-std::string Error_Text(const File_Error& error)
-{
-    return From_Utf8(error.what()).value_or(error.what());
-}
-
 bool Is_Protected(const std::filesystem::path& file)
 {
     const auto directory = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
@@ -27,20 +21,27 @@ bool Is_Protected(const std::filesystem::path& file)
 
 } // namespace
 
-void Refuse_Document(Session& session)
+std::string Place_And_Reason(std::string_view name, const File_Error& error)
+{
+    return Located(name, File_Error(To_Code_Page(error.Reason), error.Line, error.Column));
+}
+
+void Refuse_Document(Session& session, const File_Error& error)
 {
     session.Program.PSM_Read_OK = false;
-    session.Ask({std::string(Readin_Check), session.Program.PSM_File + std::string(Not_A_Document)});
+    session.Ask({std::string(Readin_Check), session.Program.PSM_File + std::string(Not_A_Document) + "\n" +
+                                                Place_And_Reason(session.Program.PSM_File, error)});
 }
 
 void Refuse_Climate(Session& session, const File_Error& error)
 {
-    session.Ask({std::string(Readin_Check), session.Program.PSM_File + ": " + Error_Text(error)});
+    session.Ask({std::string(Readin_Check), Place_And_Reason(session.Program.PSM_File, error)});
 }
 
 void Tell_Not_Saved(Session& session, const std::filesystem::path& file, const File_Error& error)
 {
-    session.Ask({std::string(Saving_Input_File), Is_Protected(file) ? std::string(Read_Protected) : Error_Text(error)});
+    session.Ask({std::string(Saving_Input_File),
+                 Is_Protected(file) ? std::string(Read_Protected) : To_Code_Page(error.what())});
 }
 
 } // namespace orvel

@@ -31,7 +31,7 @@ public:
 
     Line_Fields List()
     {
-        Fields.Words(Document.SZE_Title, "Title").End();
+        Fields.Text_Field(Document.SZE_Title, "Title").End();
         Evapotranspiration_Line(Fields, Document);
         Fields.End();
         Fields.Field(Document.SZE_Erosion, "Erosion flag").End();

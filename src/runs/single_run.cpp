@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "core/system/lock.h"
 #include "core/text.h"
+#include "files/file_messages.h"
 #include "jobs/engine_start.h"
 #include "jobs/job_status.h"
 #include "runs/run_control.h"
@@ -14,7 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view File_Check = "File check", Data_Check = "Data check", Readin_Check = "Readin check";
+constexpr std::string_view File_Check = "File check", Data_Check = "Data check";
 constexpr double Last_Day = 31;
 
 Refusal File_Refusal(std::string text, std::string control)
@@ -69,8 +70,9 @@ std::optional<Refusal> Check_Files(const Session& session, const fs::path& direc
             return Refusal{
                 {std::string(Data_Check), "Number of horizons in PSM file and scenariofile should be the same"},
                 "File_sce"};
-    } catch (const File_Error&) {
-        return File_Refusal(at_hand + " not found", at_hand == entry.Pesticide ? "File_psm" : "File_sce");
+    } catch (const File_Error& error) {
+        return File_Refusal(at_hand + " not found\n" + Place_And_Reason(at_hand, error),
+                            at_hand == entry.Pesticide ? "File_psm" : "File_sce");
     }
     return std::nullopt;
 }

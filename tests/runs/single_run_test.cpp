@@ -69,8 +69,21 @@ TEST_F(Single_Run_Test, Each_Check_Names_What_Is_Missing_And_Where_To_Go_Back_To
     EXPECT_EQ(with([](auto& e) { e.Start_Month_Index = -1; }), "File check: Select starting month -> Combo_stam");
     EXPECT_EQ(with([](auto& e) { e.End_Month_Index = -1; }), "File check: Select ending month -> Combo_endm");
     EXPECT_EQ(with([](auto& e) { e.Climates.clear(); }), "File check: No climatic files available -> File_cli");
-    EXPECT_EQ(with([](auto& e) { e.Pesticide = "gone.psm"; }), "File check: gone.psm not found -> File_psm");
-    EXPECT_EQ(with([](auto& e) { e.Scenario = "gone.sze"; }), "File check: gone.sze not found -> File_sce");
+}
+
+TEST_F(Single_Run_Test, A_File_That_Cannot_Be_Read_Is_Told_With_The_Reason)
+{
+    auto entry = Entry();
+    entry.Pesticide = "gone.psm";
+    const std::string gone = Told_Of(entry);
+    EXPECT_TRUE(gone.starts_with("File check: gone.psm not found\ngone.psm: Cannot ")) << gone;
+    EXPECT_TRUE(gone.ends_with("No such file or directory. -> File_psm")) << gone;
+
+    entry = Entry();
+    entry.Scenario = "short.sze";
+    Write_Whole(Place / "short.sze", "title\r\nsettings\r\n");
+    EXPECT_EQ(Told_Of(entry), "File check: short.sze not found\n"
+                              "short.sze, line 2: The file ends behind this line. -> File_sce");
 }
 
 TEST_F(Single_Run_Test, A_File_That_Is_No_Pesticide_File_Is_Refused)

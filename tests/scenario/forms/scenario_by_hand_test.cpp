@@ -170,7 +170,7 @@ TEST_F(Scenario_By_Hand, A_Climate_File_Edited_In_The_Grid_Reaches_The_Run)
     const Climate_Table before = Parse_CLI(Read_Whole(original));
     double other_days = 0;
     for (std::size_t day = 0; day < before.Rows.size(); ++day)
-        other_days += day == 9 || before.Rows[day].Cli_Day == "  " ? 0 : before.Rows[day].Cli_Rain;
+        other_days += day == 9 || before.Rows[day].Cli_Day == "  " ? 0 : before.Rows[day].Cli_Rain.value();
     Change_Climate(original, Installation(), "wet.cli", "7.5");
     Make_Scenario(Installation(), "mine.sze");
     form_end form(The_Session);
@@ -198,8 +198,8 @@ TEST_F(Scenario_By_Hand, A_Climate_File_Edited_In_The_Grid_Reaches_The_Run)
     const std::string echo = Read_Whole(Installation() / "echo.orv");
     EXPECT_NE(echo.find("wet.cli   Rain by hand\r\n"), std::string::npos);
     EXPECT_NEAR(Precipitation_Of_The_First_Year(*Find_File(Installation(), "Wasser.orv")), other_days + 7.5,
-                0.005 * 365);                                        // the grid shows two decimals
-    EXPECT_GT(std::abs(before.Rows[9].Cli_Rain - 7.5), 0.005 * 365); // the change is more than that
+                0.005 * 365);                                                // the grid shows two decimals
+    EXPECT_GT(std::abs(before.Rows[9].Cli_Rain.value() - 7.5), 0.005 * 365); // the change is more than that
 }
 
 } // namespace
