@@ -1,16 +1,11 @@
 #include "engine/output/echo.h"
 
-#include "core/files.h"
 #include "core/text.h"
 #include "engine/output/figures.h"
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <chrono>
-#include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace orvel::engine {
 
@@ -22,9 +17,9 @@ constexpr std::string_view At_Work =
 constexpr std::array<std::string_view, 5> Tamed = {"ERROR", "E R R O R", "*** PARAMETERS OF ", "WATR",
                                                    "TOTAL COMPARTMENTS IN CORE"};
 
-[[noreturn]] void Fail(const std::string& what, int error)
+[[noreturn]] void Fail(const std::string& what, const std::error_code& error)
 {
-    throw Engine_Failure(Fault::Disk_Failure, what + ": " + std::strerror(error), Exit_No_File);
+    throw Engine_Failure(Fault::Disk_Failure, what + ": " + error.message(), Exit_No_File);
 }
 
 std::string Today()
@@ -45,45 +40,43 @@ std::string Today()
 Echo::Echo(const std::filesystem::path& directory)
 {
     const auto file = directory / File_Name;
-    Descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-    if (Descriptor < 0)
-        Fail("CANNOT OPEN ECHO.ORV", errno);
+    std::error_code error;
+    File = File_Handle(file, File_Handle::Use::Update, error);
+    if (error)
+        Fail("CANNOT OPEN ECHO.ORV", error);
     Hold = Lock::Take(file);
-    if (!Hold) {
-        ::close(Descriptor);
+    if (!Hold)
         throw Engine_Failure(Fault::Disk_Failure, "ECHO.ORV IS LOCKED: ANOTHER ENGINE IS AT WORK IN THIS DIRECTORY",
                              Exit_No_File);
-    }
-    if (::ftruncate(Descriptor, 0) != 0)
-        Fail("CANNOT EMPTY ECHO.ORV", errno);
+    error = File.Resize(0);
+    if (error)
+        Fail("CANNOT EMPTY ECHO.ORV", error);
     Text = " *** ORVEL ENGINE 4.01 - ECHO OF INPUT DATA ***\r\n DATE OF THE RUN: " + Today() + "\r\n\r\n";
     Flush();
-}
-
-Echo::~Echo()
-{
-    if (Descriptor >= 0)
-        ::close(Descriptor);
 }
 
 void Echo::Flush()
 {
     const std::string all = Text + std::string(At_Work);
-    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, all))
-        Fail("CANNOT WRITE ECHO.ORV", errno);
-    Written += static_cast<long>(Text.size());
+    if (const auto error = File.Write_At(Written, all))
+        Fail("CANNOT WRITE ECHO.ORV", error);
+    Written += Text.size();
     Text.clear();
 }
 
 void Echo::Finish(std::string_view ending)
 {
     Text += ending;
-    const long size = Written + static_cast<long>(Text.size());
+    const std::size_t size = Written + Text.size();
     // The new ending goes over the old line and is cut to its size: a full disk leaves the line of error 99, or the
     // ending in part.
-    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, Text) ||
-        ::ftruncate(Descriptor, size) != 0 || ::fsync(Descriptor) != 0)
-        Fail("CANNOT WRITE ECHO.ORV", errno);
+    std::error_code error = File.Write_At(Written, Text);
+    if (!error)
+        error = File.Resize(size);
+    if (!error)
+        error = File.Flush();
+    if (error)
+        Fail("CANNOT WRITE ECHO.ORV", error);
     Written = size;
     Text.clear();
 }

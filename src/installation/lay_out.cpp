@@ -1,16 +1,14 @@
 #include "installation/lay_out.h"
 
 #include "core/files.h"
+#include "core/system/file_handle.h"
+#include "core/system/flush.h"
 #include "core/system/lock.h"
 #include "installation/installation_files.h"
 
 #include <array>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <optional>
 #include <string>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -46,11 +44,14 @@ bool Is_Empty(const fs::path& directory)
 void Write_New(const fs::path& file, std::string_view bytes)
 {
     fs::create_directories(file.parent_path());
-    std::ofstream out(file, std::ios::binary);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    if (!out)
-        throw File_Error("Cannot write " + file.string() + ": " + std::strerror(errno) + ".");
+    std::error_code error;
+    File_Handle out(file, File_Handle::Use::Write, error);
+    if (!error)
+        error = out.Write(bytes);
+    if (!error)
+        error = out.Close();
+    if (error)
+        throw File_Error("Cannot write " + file.string() + ": " + error.message() + ".");
 }
 
 // The directory that becomes an installation. Unless it is kept, everything goes away again: what it holds, the
@@ -128,8 +129,8 @@ void Lay_Out(const fs::path& directory, const std::vector<fs::path>& parts)
     made.Own();
     fs::remove_all(directory / Staging);
     Fill(directory / Staging, *engine, parts);
-    if (::syncfs(lock->Descriptor()) != 0)
-        throw File_Error("Cannot write " + directory.string() + ": " + std::strerror(errno) + ".");
+    if (const auto error = Flush_File_System(directory))
+        throw File_Error("Cannot write " + directory.string() + ": " + error.message() + ".");
     Move_Up(directory / Staging, directory);
     made.Keep();
 }

@@ -38,7 +38,4 @@ std::vector<std::filesystem::path> Resolve_Runs(const std::filesystem::path& mod
 // mode directory. A run that fails does not stop the others. Throws File_Error if the job file cannot be read.
 Job_Result Run_Job(const std::filesystem::path& mode_directory, int jobs);
 
-// Processors that this process may use, at least 1.
-int Processors();
-
 } // namespace orvel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/system/file_handle.h"
+
 #include <ctime>
 #include <filesystem>
 #include <map>
@@ -20,14 +22,11 @@ class Job_Log {
 public:
     // Begins an empty log. Throws File_Error if it cannot be written.
     explicit Job_Log(const std::filesystem::path& mode_directory);
-    Job_Log(const Job_Log&) = delete;
-    Job_Log& operator=(const Job_Log&) = delete;
-    ~Job_Log();
 
-    void Add(Job_Event event, std::string_view run, std::string_view detail) const;
+    void Add(Job_Event event, std::string_view run, std::string_view detail);
 
 private:
-    int Number;
+    File_Handle File;
 };
 
 struct Job_History {

@@ -4,14 +4,14 @@
 
 #include "core/code_page.h"
 #include "core/error.h"
+#include "core/system/program_path.h"
 #include "core/system/spawn.h"
+#include "core/system/terminal.h"
 #include "documents/documents.h"
 #include "installation/lay_out.h"
 
 #include <iostream>
 #include <memory>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -38,7 +38,7 @@ void Add_Mode(CLI::App* command, std::string& mode)
 
 Progress Shown_Progress()
 {
-    if (::isatty(STDERR_FILENO) == 0)
+    if (!Error_Is_Terminal())
         return {};
     return [](const std::string& message, double) {
         std::cerr << '\r' << message << "\033[K" << std::flush;
@@ -48,7 +48,7 @@ Progress Shown_Progress()
 
 void Clear_Progress()
 {
-    if (::isatty(STDERR_FILENO) != 0)
+    if (Error_Is_Terminal())
         std::cerr << "\r\033[K" << std::flush;
 }
 
@@ -56,9 +56,8 @@ int Paint(const std::vector<std::string>& words)
 {
     const int process = Start_Program(
         {.Program = Program_Beside("orvelpaint"), .Arguments = words, .Directory = std::filesystem::current_path()});
-    int status = 0;
-    ::waitpid(process, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Done : Refused;
+    const Program_End end = Wait_For_Program(process);
+    return end.Signal == 0 && end.Exit_Code == 0 ? Done : Refused;
 }
 
 namespace {
@@ -81,12 +80,6 @@ try {
 } catch (const File_Error& error) {
     std::cerr << "File check: " << error.what() << '\n';
     return Refused;
-}
-
-// Where this program stands, whatever name it was started by.
-std::filesystem::path Own_Path()
-{
-    return std::filesystem::read_symlink("/proc/self/exe");
 }
 
 void Add_Init(CLI::App& app, Command& command)

@@ -1,11 +1,11 @@
 #include "core/code_page.h"
+#include "core/system/terminal.h"
 #include "jobs/run_commands.h"
 #include "programs/orvelctl.h"
 
 #include <cstdio>
 #include <iostream>
 #include <memory>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -79,7 +79,7 @@ int Do_Start(Session& session, const Mode& mode, int jobs, bool wait)
     if (!wait)
         return Start(session, mode, jobs) ? Done : Refused;
     // On a terminal the progress stays on one line; a log gets a line from time to time.
-    const bool terminal = ::isatty(STDERR_FILENO) != 0;
+    const bool terminal = Error_Is_Terminal();
     const Progress_Report report{.Tell =
                                      [terminal](const std::string& text) {
                                          std::cerr << (terminal ? "\r" : "") << text << (terminal ? "\033[K" : "\n");

@@ -6,7 +6,6 @@
 
 #include <charconv>
 #include <cstdio>
-#include <fcntl.h>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -55,15 +54,10 @@ std::optional<Command_Line> Parse(int count, char** arguments)
 int Work(const Command_Line& line)
 try {
     const auto directory = std::filesystem::canonical(line.Directory);
-    std::optional<Lock> lock;
-    if (line.Lock_Number >= 0) {
-        ::fcntl(line.Lock_Number, F_SETFD, FD_CLOEXEC); // no engine shall hold the job's lock
-    } else {
-        lock = Lock::Take(directory);
-        if (!lock) {
-            std::fprintf(stderr, "A job is running in %s already.\n", directory.c_str());
-            return Already_Running;
-        }
+    const auto lock = line.Lock_Number >= 0 ? Lock::Adopt(line.Lock_Number) : Lock::Take(directory);
+    if (!lock) {
+        std::fprintf(stderr, "A job is running in %s already.\n", directory.c_str());
+        return Already_Running;
     }
     return Run_Job(directory, line.Jobs).Failed == 0 ? All_Finished : A_Run_Failed;
 } catch (const std::exception& error) {
