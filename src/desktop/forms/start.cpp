@@ -2,6 +2,7 @@
 
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/versionsinfo.h"
+#include "desktop/forms/windows.h"
 #include "documents/forms/form_psm_open.h"
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
@@ -237,24 +238,29 @@ void Start::Open_Climate()
 
 void Start::Open_Single_Run()
 {
-    form_end(The_Session, this).exec();
+    form_end(The_Session, Windows_Of_Runs(The_Session), this).exec();
+}
+
+void Start::Open_Runs(Mode_Kind kind)
+{
+    FOCUS(The_Session, Mode_Of(kind), Windows_Of_Runs(The_Session), this).exec();
 }
 
 void Start::Open_FOCUS()
 {
-    FOCUS(The_Session, Mode_Of(Mode_Kind::Focus), this).exec();
+    Open_Runs(Mode_Kind::Focus);
 }
 
 void Start::Open_EFSA()
 {
     if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa)))
-        FOCUS(The_Session, Mode_Of(Mode_Kind::Efsa), this).exec();
+        Open_Runs(Mode_Kind::Efsa);
 }
 
 void Start::Open_EFSA_T4()
 {
     if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa_T4)))
-        FOCUS(The_Session, Mode_Of(Mode_Kind::Efsa_T4), this).exec();
+        Open_Runs(Mode_Kind::Efsa_T4);
 }
 
 void Start::Release_Notes()

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "desktop/forms/update_fetch.h"
+#include "runs/mode.h"
 
 #include <QWidget>
 
@@ -41,6 +42,7 @@ private:
     void Open_Scenario();
     void Open_Climate();
     void Open_Single_Run();
+    void Open_Runs(Mode_Kind kind);
     void Open_FOCUS();
     void Open_EFSA();
     void Open_EFSA_T4();

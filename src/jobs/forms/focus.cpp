@@ -3,7 +3,6 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "documents/forms/edit_document.h"
-#include "evaluation/forms/analyse.h"
 #include "jobs/job_status.h"
 #include "runs/crops.h"
 #include "runs/forms/ausgabe_festlegen.h"
@@ -47,10 +46,11 @@ std::string Text_Of(const QListWidget& list)
 
 } // namespace
 
-FOCUS::FOCUS(Session& session, const Mode& mode, QWidget* parent)
+FOCUS::FOCUS(Session& session, const Mode& mode, Run_Windows windows, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      The_Mode(mode)
+      The_Mode(mode),
+      Windows(std::move(windows))
 {
     setObjectName(Shown(mode.Form));
     setWindowTitle(Shown(mode.Caption));
@@ -257,7 +257,7 @@ void FOCUS::Evaluation()
     Timer1.stop();
     The_Session.Run.Last_Simulation = {Last_PSM.substr(0, Last_PSM.rfind('.')), Text_Of(*Crop_List),
                                        Text_Of(*Location_List)};
-    Analyse(The_Session, The_Mode, this).exec();
+    Windows.Open_Evaluation(The_Mode, this);
     Timer1.start(Tick_Interval);
     Activate();
 }

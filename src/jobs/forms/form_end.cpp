@@ -39,9 +39,10 @@ void Fill(QListWidget& list, const std::filesystem::path& directory, std::string
 
 } // namespace
 
-form_end::form_end(Session& session, QWidget* parent)
+form_end::form_end(Session& session, Run_Windows windows, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
+      Windows(std::move(windows)),
       Directory(session.Program.App_Path)
 {
     setObjectName("form_end");
