@@ -2,8 +2,11 @@
 #include "core/system/signals.h"
 #include "core/system/terminal.h"
 #include "core/text.h"
+#include "core/version.h"
 #include "engine/daily_loop.h"
 #include "engine/output/echo.h"
+#include "engine/output/figures.h"
+#include "engine/output/titles.h"
 
 #include <array>
 #include <cstdio>
@@ -16,7 +19,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Usage = "usage: orvel401.exe [--version] [--check] [--dir DIRECTORY]\n";
+void Print_Usage(std::FILE* to)
+{
+    const std::string usage = "usage: " + std::string(Engine_File_Name) + " [--version] [--check] [--dir DIRECTORY]\n";
+    std::fputs(usage.c_str(), to);
+}
 
 struct Options {
     bool Check_Only = false;
@@ -31,11 +38,11 @@ std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
     for (int i = 1; i < count; ++i) {
         const std::string_view argument = arguments[i];
         if (argument == "--version") {
-            std::fputs("ORVEL engine 4.01\n", stdout);
+            std::puts(Engine_Title().c_str());
             return std::nullopt;
         }
         if (argument == "--help") {
-            std::fputs(Usage.data(), stdout);
+            Print_Usage(stdout);
             return std::nullopt;
         }
         if (argument == "--check") {
@@ -43,7 +50,7 @@ std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
         } else if (argument == "--dir" && i + 1 < count) {
             options.Directory = arguments[++i];
         } else {
-            std::fputs(Usage.data(), stderr);
+            Print_Usage(stderr);
             code = Exit_Refused;
             return std::nullopt;
         }

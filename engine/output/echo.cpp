@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "engine/output/figures.h"
+#include "engine/output/titles.h"
 
 #include <algorithm>
 #include <array>
@@ -51,7 +52,7 @@ Echo::Echo(const std::filesystem::path& directory)
     error = File.Resize(0);
     if (error)
         Fail("CANNOT EMPTY ECHO.ORV", error);
-    Text = " *** ORVEL ENGINE 4.01 - ECHO OF INPUT DATA ***\r\n DATE OF THE RUN: " + Today() + "\r\n\r\n";
+    Text = " *** " + File_Title("ECHO OF INPUT DATA") + " ***\r\n DATE OF THE RUN: " + Today() + "\r\n\r\n";
     Flush();
 }
 

@@ -4,6 +4,7 @@
 #include "core/system/file_handle.h"
 #include "core/system/flush.h"
 #include "core/system/lock.h"
+#include "core/version.h"
 #include "installation/installation_files.h"
 
 #include <array>
@@ -16,12 +17,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* Engine = "orvel401.exe";
 constexpr std::array<const char*, 3> Utilities = {"wyear.exe", "wmonth.exe", "wday.exe"};
 constexpr const char* Staging = ".orvel-init"; // below the new installation, until all is there
 
 // The first of the directories' files of this name, without regard to case.
-std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, const char* name)
+std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, std::string_view name)
 {
     for (const auto& directory : parts) {
         auto found = Find_File(directory, name);
@@ -94,7 +94,7 @@ void Fill(const fs::path& staging, const fs::path& engine, const std::vector<fs:
         if (const auto found = Find_Part(parts, name))
             Copy_Whole(*found, staging / name);
     }
-    Copy_Whole(engine, staging / Engine);
+    Copy_Whole(engine, staging / Engine_File_Name);
 }
 
 // The engine goes last: without it the directory is no installation.
@@ -104,18 +104,18 @@ void Move_Up(const fs::path& staging, const fs::path& directory)
     for (const auto& entry : fs::directory_iterator(staging))
         names.push_back(entry.path().filename());
     for (const auto& name : names) {
-        if (name != Engine)
+        if (name != Engine_File_Name)
             fs::rename(staging / name, directory / name);
     }
-    fs::rename(staging / Engine, directory / Engine);
+    fs::rename(staging / Engine_File_Name, directory / Engine_File_Name);
     fs::remove(staging);
 }
 
 void Lay_Out(const fs::path& directory, const std::vector<fs::path>& parts)
 {
-    const auto engine = Find_Part(parts, Engine);
+    const auto engine = Find_Part(parts, Engine_File_Name);
     if (!engine)
-        throw File_Error(std::string("The engine ") + Engine +
+        throw File_Error("The engine " + std::string(Engine_File_Name) +
                          " does not stand beside this program, so that no installation can be laid out.");
     if (fs::exists(directory) && !fs::is_directory(directory))
         throw File_Error(directory.string() + " is no directory.");

@@ -1,64 +1,20 @@
 // The same system without windows, for scripts, batch servers and tests: every command is a call of the rules and a
 // print.
-#include "programs/orvelctl.h"
-
-#include "core/code_page.h"
 #include "core/error.h"
 #include "core/system/program_path.h"
-#include "core/system/spawn.h"
-#include "core/system/terminal.h"
 #include "documents/documents.h"
 #include "installation/lay_out.h"
+#include "programs/orvelctl_report.h"
+#include "programs/orvelctl_results.h"
+#include "programs/orvelctl_runs.h"
+#include "programs/orvelctl_series.h"
+#include "programs/orvelctl_single.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 
 namespace orvel {
-
-void Tell(std::string_view title, std::string_view text)
-{
-    std::cerr << To_Utf8(title) << ": " << To_Utf8(text) << '\n';
-}
-
-std::string Bytes_Of(const std::string& word)
-{
-    const auto bytes = From_Utf8(word);
-    if (!bytes)
-        throw CLI::ValidationError("'" + word + "' holds a character that no file of this system can hold.");
-    return *bytes;
-}
-
-void Add_Mode(CLI::App* command, std::string& mode)
-{
-    command->add_option("--mode", mode)
-        ->required()
-        ->check(CLI::IsMember({"focus", "efsa", "efsa_t4"}))
-        ->option_text("focus|efsa|efsa_t4");
-}
-
-Progress Shown_Progress()
-{
-    if (!Error_Is_Terminal())
-        return {};
-    return [](const std::string& message, double) {
-        std::cerr << '\r' << message << "\033[K" << std::flush;
-        return true;
-    };
-}
-
-void Clear_Progress()
-{
-    if (Error_Is_Terminal())
-        std::cerr << "\r\033[K" << std::flush;
-}
-
-int Paint(const std::vector<std::string>& words)
-{
-    const int process = Start_Program(
-        {.Program = Program_Beside("orvelpaint"), .Arguments = words, .Directory = std::filesystem::current_path()});
-    const Program_End end = Wait_For_Program(process);
-    return end.Signal == 0 && end.Exit_Code == 0 ? Done : Refused;
-}
 
 namespace {
 
