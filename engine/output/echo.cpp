@@ -15,8 +15,9 @@ namespace {
 constexpr std::string_view File_Name = "echo.orv";
 constexpr std::string_view At_Work =
     " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***\r\n";
-constexpr std::array<std::string_view, 5> Tamed = {"ERROR", "E R R O R", "*** PARAMETERS OF ", "WATR",
-                                                   "TOTAL COMPARTMENTS IN CORE"};
+// What readers of the echo search for.
+constexpr std::array<std::string_view, 5> Searched_Words = {"ERROR", "E R R O R", "*** PARAMETERS OF ", "WATR",
+                                                            "TOTAL COMPARTMENTS IN CORE"};
 
 [[noreturn]] void Fail(const std::string& what, const std::error_code& error)
 {
@@ -84,12 +85,12 @@ void Echo::Finish(std::string_view ending)
 
 std::string Sanitize(std::string_view text)
 {
-    std::string tame(text);
+    std::string sanitized(text);
     std::ranges::replace_if(
-        tame, [](unsigned char c) { return c < ' '; }, ' ');
-    for (const auto word : Tamed)
-        tame = Replace_All(tame, word, Lower(word));
-    return tame;
+        sanitized, [](unsigned char c) { return c < ' '; }, ' ');
+    for (const auto word : Searched_Words)
+        sanitized = Replace_All(sanitized, word, Lower(word));
+    return sanitized;
 }
 
 std::string Error_Line(int number, std::string_view text)

@@ -7,11 +7,11 @@
 
 namespace orvel {
 
-// What to tell of the page that lists the current package: its file name ends in the release's date, YYYYMMDD, before
-// ".zip". A page without such a name, or an empty one, is a connection problem. `own` is this release.
+// The answer to a page that lists the current package, whose file name ends in its release date, YYYYMMDD, and ".zip".
+// `own` is the date of this program. A page without such a name, or an empty one, is a connection problem.
 Message Evaluate_Update_Page(std::string_view page, std::string_view own = Release_Date);
 
-// The message for a fetch that failed, and for a build without an address.
+// For a fetch that failed, and for a build without an address.
 Message Connection_Problem();
 Message No_Update_Address();
 

@@ -18,9 +18,9 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::array<const char*, 3> Utilities = {"wyear.exe", "wmonth.exe", "wday.exe"};
-constexpr const char* Staging = ".orvel-init"; // below the new installation, until all is there
+constexpr const char* Staging = ".orvel-init"; // within the new installation, until it is complete
 
-// The first of the directories' files of this name, without regard to case.
+// The file in the first directory that has it, whatever its case.
 std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, std::string_view name)
 {
     for (const auto& directory : parts) {
@@ -31,7 +31,7 @@ std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, std::strin
     return std::nullopt;
 }
 
-// Nothing in it, but what an earlier attempt may have left.
+// Apart from the remains of an earlier attempt.
 bool Is_Empty(const fs::path& directory)
 {
     for (const auto& entry : fs::directory_iterator(directory)) {
@@ -54,8 +54,8 @@ void Write_New(const fs::path& file, std::string_view bytes)
         throw File_Error("Cannot write " + file.string() + ": " + error.message() + ".");
 }
 
-// The directory that becomes an installation. Unless it is kept, everything goes away again: what it holds, the
-// directory and the parents that were made for it.
+// The directory that becomes an installation. Unless Keep is called, the destructor removes everything again: its
+// content, the directory, and the parents that were made for it.
 class New_Directory {
 public:
     explicit New_Directory(const fs::path& directory) : Path(directory)
@@ -97,7 +97,7 @@ void Fill(const fs::path& staging, const fs::path& engine, const std::vector<fs:
     Copy_Whole(engine, staging / Engine_File_Name);
 }
 
-// The engine goes last: without it the directory is no installation.
+// The engine is moved last: a directory without one is not an installation.
 void Move_Up(const fs::path& staging, const fs::path& directory)
 {
     std::vector<fs::path> names;

@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::chrono::seconds Patience(1);
+constexpr std::chrono::seconds Longest_Wait(1); // for a lock: who looks at it holds it for an instant
 
 struct Running_Engine {
     std::size_t Run;
@@ -64,7 +64,7 @@ private:
         std::error_code ignored;
         if (!fs::is_directory(path, ignored))
             throw Run_Refused("The run directory is missing.");
-        auto lock = Lock::Take_Within(path, Patience);
+        auto lock = Lock::Take_Within(path, Longest_Wait);
         if (!lock)
             throw Run_Refused("Another engine is at work in the run directory.");
         Delete_Output(path);

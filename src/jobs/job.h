@@ -29,8 +29,8 @@ std::string Format_Job_Run(std::string_view run_directory, std::string_view engi
 // The job file of a batch.
 std::string Format_Job(std::string_view batch);
 
-// The directories of the runs below the mode directory. The code page of the cd lines is not one to one: a line that
-// fits several directories takes them in turn.
+// The directories of the runs below the mode directory. The code page of the cd lines is ambiguous: lines that match
+// several directories get one each, in order.
 std::vector<std::filesystem::path> Resolve_Runs(const std::filesystem::path& mode_directory,
                                                 const std::vector<Job_Run>& runs);
 

@@ -23,16 +23,16 @@ constexpr int Wrong_Command_Line = 2;
 // What the chosen command does once the command line is understood; gives the exit code.
 using Command = std::function<int(Session&)>;
 
-// Prints a box's title and text, bytes of Windows-1252, on standard error.
+// Prints a message, bytes of Windows-1252, on standard error.
 void Tell(std::string_view title, std::string_view text);
 
-// An argument in bytes of Windows-1252. Throws CLI::ValidationError for one that these lack.
+// An argument in bytes of Windows-1252. Throws CLI::ValidationError for a character that the code page lacks.
 std::string Bytes_Of(const std::string& argument);
 
 // The option --mode, which a command needs.
 void Add_Mode(CLI::App* command, std::string& mode);
 
-// Shows what is being read, where a person can see it, and takes that away again.
+// Progress on standard error, if that is a terminal, and removing it again.
 Progress Shown_Progress();
 void Clear_Progress();
 

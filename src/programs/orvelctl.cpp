@@ -1,5 +1,4 @@
-// The same system without windows, for scripts, batch servers and tests: every command is a call of the rules and a
-// print.
+// The program without windows, for scripts, servers and tests: each command calls the rules and prints.
 #include "core/error.h"
 #include "core/system/program_path.h"
 #include "documents/documents.h"
@@ -18,7 +17,7 @@ namespace orvel {
 
 namespace {
 
-// Prints the box that the desktop program would show and takes its default button.
+// Prints the message that the desktop program would show and answers with its default button.
 Button Ask_On_Standard_Error(const Message& message)
 {
     Tell(message.Title, message.Text);

@@ -20,7 +20,7 @@ struct Mark_Options {
     double Scaling = 0;
 };
 
-// Prints a box; the question about an earlier run is answered with OK where the user has said so beforehand.
+// Prints messages; with --replace the question about an earlier run is answered with OK.
 Ask_Function Answering(bool replace)
 {
     return [replace](const Message& message) {
@@ -80,7 +80,7 @@ int Do_Start(Session& session, const Mode& mode, int jobs, bool wait)
 {
     if (!wait)
         return Start(session, mode, jobs) ? Done : Refused;
-    // On a terminal the progress stays on one line; a log gets a line from time to time.
+    // A terminal gets one line that is updated, a log a line from time to time.
     const bool terminal = Error_Is_Terminal();
     const Progress_Report report{.Tell =
                                      [terminal](const std::string& text) {

@@ -25,7 +25,7 @@ struct Single_Options {
     bool Wait = false;
 };
 
-// "DD.MM" as a day's text and a month's list index; an index of -1 for a text that is none.
+// "DD.MM" as the text of the day and the list index of the month, -1 if there is none.
 void Take_Date(const std::string& text, std::string& day, int& month_index)
 {
     const auto point = text.find('.');
@@ -63,8 +63,7 @@ int Wait_For_End(const std::filesystem::path& directory, int years)
     return Refused;
 }
 
-// Runs in the current directory with the installation's engine. Earlier output goes to an archive, so that nothing is
-// lost.
+// Runs in the current directory with the installation's engine. Earlier output is moved to an archive first.
 int Do_Single(Session& session, const Single_Options& options)
 {
     const auto directory = std::filesystem::current_path();

@@ -172,7 +172,7 @@ QLayout* Start::Foot()
 void Start::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    QTimer::singleShot(0, this, &Start::Activate); // behind the first paint
+    QTimer::singleShot(0, this, &Start::Activate); // after the first paint
 }
 
 void Start::changeEvent(QEvent* event)
@@ -182,7 +182,7 @@ void Start::changeEvent(QEvent* event)
         QTimer::singleShot(0, this, &Start::Activate);
 }
 
-// Makes the shipped scenario and climate files read-only; a file itself tells whether that was done.
+// Makes the shipped scenario and climate files read-only, unless the file of the version (c_apples.sze) already is.
 void Start::Activate()
 {
     if (Protected_In_Vain || Files_Protected(The_Session))

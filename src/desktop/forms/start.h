@@ -21,7 +21,7 @@ class Start : public QWidget {
     Q_OBJECT
 
 public:
-    // The session has been started up (Start_Up) before.
+    // Start_Up has been called for the session.
     explicit Start(Session& session);
 
 protected:
@@ -56,7 +56,7 @@ private:
     QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command6 = nullptr, *Command3 = nullptr, *Command4 = nullptr;
     QLabel *Aktuelle_ORVEL_Version = nullptr, *Aktuelle_ORVELSUITE_Version = nullptr;
     QGroupBox* Nachricht = nullptr;
-    bool Protected_In_Vain = false; // once is enough: the user knows
+    bool Protected_In_Vain = false; // protecting failed once; do not try again
 };
 
 } // namespace orvel

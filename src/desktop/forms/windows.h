@@ -4,7 +4,7 @@
 
 namespace orvel {
 
-// Who opens which window: what lower rooms leave open is tied here. The session outlives it.
+// Which window opens which: the functions that forms of lower rooms are handed. The session outlives them.
 Run_Windows Windows_Of_Runs(Session& session);
 
 } // namespace orvel

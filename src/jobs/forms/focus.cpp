@@ -85,7 +85,7 @@ void FOCUS::List_Pesticides()
     Select_Text(*Pesticide, Last_PSM);
 }
 
-// Selects what the last run control file was written for.
+// Selects the combination of the last run control file.
 void FOCUS::Restore(const Run_Template& saved)
 {
     const QSignalBlocker quiet_pesticide(Pesticide), quiet_crop(Crop_List);
@@ -101,7 +101,7 @@ void FOCUS::Restore(const Run_Template& saved)
     Fill_Locations(saved.Code);
 }
 
-// Fills the locations of the crop and selects the one of a code, or the one that was selected before.
+// Lists the crop's locations and selects the one with this code, or else the one that was selected before.
 void FOCUS::Fill_Locations(std::string_view code)
 {
     const QSignalBlocker quiet(Location_List);
@@ -207,7 +207,7 @@ void FOCUS::Run()
     Timer1.start(started ? Interval_At_Start : Tick_Interval);
 }
 
-// The only way to run an irregular pattern: the user tells for how many years.
+// The only way to run an irregular pattern: the user enters the number of years.
 void FOCUS::Run_Anyway()
 {
     Timer1.stop();
@@ -291,7 +291,7 @@ void FOCUS::Delete_Selected()
         Activate();
 }
 
-// The keys that act from every list and from the form itself; false for any other.
+// Keys that work in every list and in the form itself; false for any other key.
 bool FOCUS::Key(int key)
 {
     if (key == Qt::Key_Delete)
