@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "engine/output/solute_report.h"
+#include "engine/output/titles.h"
 
 #include <algorithm>
 
@@ -103,7 +104,7 @@ void Series::Put_Head(const Engine_Input& input, const Series_Moment& start)
     std::string& text = File.Buffer;
     const auto& rows = input.Control.Rows;
     const bool pore_water = input.Control.Profile_Rows > 0 && rows.back().Variable == SPSC;
-    text += "ORVEL engine 4.01\r\n\r\n" + One_Line(input.Scenario.SZE_Title) + "\r\n" +
+    text += Engine_Title() + "\r\n\r\n" + One_Line(input.Scenario.SZE_Title) + "\r\n" +
             One_Line(input.Pesticide.PSM_Title) + "\r\n\r\n";
     text += pore_water ? "Soil concentrations: in soil Pore water (mg/L)\r\n"
                        : "Soil concentrations: total content (mg/kg)\r\n";

@@ -1,5 +1,7 @@
 #include "core/code_page.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -103,6 +105,14 @@ std::string Dos_To_Ansi(std::string_view bytes)
         }
     }
     return result;
+}
+
+std::string Dos_Lines_To_Ansi(std::string_view bytes)
+{
+    std::string text;
+    for (const auto line : Split_Lines(bytes))
+        text.append(line).append(CrLf);
+    return Dos_To_Ansi(text);
 }
 
 std::string Ansi_To_Dos(std::string_view bytes)

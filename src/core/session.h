@@ -2,6 +2,7 @@
 
 #include "core/message.h"
 #include "core/variant.h"
+#include "core/version.h"
 
 #include <array>
 #include <cstdint>
@@ -238,7 +239,7 @@ struct Program_State {
     std::filesystem::path App_Path; // the installation directory
     std::string Engine_Exe;
     double Engine_Version = 0; // 4.01 for orvel401.exe
-    std::int16_t Suite_Minor = 5;
+    std::int16_t Suite_Minor = Program_Version_Minor;
     std::string Aktuelle_ORVEL_Version, Aktuelle_ORVELSUITE_Version; // captions of the version labels
     bool Online_Help = false;
     std::vector<std::string> Help_Text;

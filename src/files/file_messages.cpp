@@ -2,8 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
-
-#include <unistd.h>
+#include "core/system/rights.h"
 
 namespace orvel {
 
@@ -16,7 +15,7 @@ constexpr std::string_view Read_Protected =
 bool Is_Protected(const std::filesystem::path& file)
 {
     const auto directory = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
-    return Is_Read_Only(file) || (std::filesystem::is_directory(directory) && ::access(directory.c_str(), W_OK) != 0);
+    return Is_Read_Only(file) || (std::filesystem::is_directory(directory) && !May_Write(directory));
 }
 
 } // namespace

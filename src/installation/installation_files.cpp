@@ -67,7 +67,7 @@ void Write_Mode(const Mode& mode, const std::vector<Demo_Pesticide>& pesticides,
 {
     write(In_Mode(mode, Calendar_File), Format_Calendar(Demo_Years));
     write(In_Mode(mode, "orvel.inp"), Format_Template(mode, pesticides));
-    // The run form shows the idle state only where it can read this file.
+    // Without this file the run form takes the mode for one that is running.
     write(In_Mode(mode, mode.Probe_File), "Probe file of the run form; its content has no meaning.\r\n");
     if (!mode.Last_Copy.empty())
         write(In_Mode(mode, mode.Last_Copy),

@@ -29,16 +29,13 @@ std::string Format_Job_Run(std::string_view run_directory, std::string_view engi
 // The job file of a batch.
 std::string Format_Job(std::string_view batch);
 
-// The directories of the runs below the mode directory. The code page of the cd lines is not one to one: a line that
-// fits several directories takes them in turn.
+// The directories of the runs below the mode directory. The code page of the cd lines is ambiguous: lines that match
+// several directories get one each, in order.
 std::vector<std::filesystem::path> Resolve_Runs(const std::filesystem::path& mode_directory,
                                                 const std::vector<Job_Run>& runs);
 
 // Runs the job of a mode directory, `jobs` runs at a time, and keeps orveljob.log. The caller holds the lock of the
 // mode directory. A run that fails does not stop the others. Throws File_Error if the job file cannot be read.
 Job_Result Run_Job(const std::filesystem::path& mode_directory, int jobs);
-
-// Processors that this process may use, at least 1.
-int Processors();
 
 } // namespace orvel

@@ -5,6 +5,8 @@
 #include "core/locations.h"
 #include "core/numbers.h"
 #include "core/system/lock.h"
+#include "core/system/rights.h"
+#include "core/system/times.h"
 #include "core/text.h"
 #include "jobs/job.h"
 #include "jobs/job_log.h"
@@ -12,10 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <fcntl.h>
 #include <optional>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -24,24 +23,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t Tail = 64U << 10U; // an engine writes its errors and its last year at the end
-
-// The last bytes of a file; empty if it cannot be read.
-std::string Read_Tail(const fs::path& file, std::size_t most)
-{
-    const int opened = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    if (opened < 0)
-        return {};
-    struct stat about {};
-    std::string bytes;
-    if (::fstat(opened, &about) == 0 && about.st_size > 0) {
-        const auto size = static_cast<std::size_t>(about.st_size);
-        bytes.resize(std::min(size, most));
-        const auto got = ::pread(opened, bytes.data(), bytes.size(), static_cast<off_t>(size - bytes.size()));
-        bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-    }
-    ::close(opened);
-    return bytes;
-}
 
 bool Holds_Error(std::string_view text)
 {
@@ -58,14 +39,9 @@ try {
 
 double Years_Of_Run(const fs::path& run)
 {
-    constexpr std::size_t Head = 3;
-    const int opened = ::open(Found_Or_New(run, "orvel.inp").c_str(), O_RDONLY | O_CLOEXEC);
-    std::array<char, Head> digits{};
-    const auto got = opened < 0 ? 0 : ::read(opened, digits.data(), digits.size());
-    if (opened >= 0)
-        ::close(opened);
-    return std::clamp(Val({digits.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0))}), 0.0,
-                      static_cast<double>(Most_Years));
+    constexpr std::size_t Years_Width = 3; // the first field of the file
+    const std::string years = Read_Head(Found_Or_New(run, "orvel.inp"), Years_Width);
+    return std::clamp(Val(years), 0.0, static_cast<double>(Most_Years));
 }
 
 // The number behind the last "YEAR" of a text.
@@ -132,12 +108,6 @@ Run_Result Result_With_Log(Run_Result result, const Job_History& history, const 
     return event->second == Job_Event::Killed   ? Run_Result::Killed
            : event->second == Job_Event::Failed ? Run_Result::Error
                                                 : result;
-}
-
-std::time_t Last_Change(const fs::path& path)
-{
-    struct stat about {};
-    return ::stat(path.c_str(), &about) == 0 ? about.st_mtime : 0;
 }
 
 Simulation Look_At(const fs::path& run)
@@ -211,7 +181,7 @@ std::string_view Result_Text(Run_Result result)
 Run_Status Status_Of_Run(const fs::path& run)
 {
     const auto echo = Find_File(run, "echo.orv");
-    if (!echo || ::access(echo->c_str(), R_OK) != 0)
+    if (!echo || !May_Read(*echo))
         return Run_Status::Scheduled;
     // The run's lock is asked first: as long as a job holds it, the engine's own is left in peace.
     return Is_Locked(run) || Is_Locked(*echo) ? Run_Status::Running : Run_Status::Data_Available;

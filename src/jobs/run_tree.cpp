@@ -2,9 +2,8 @@
 
 #include "core/files.h"
 #include "core/locations.h"
+#include "core/system/times.h"
 #include "jobs/job_status.h"
-
-#include <sys/stat.h>
 
 namespace orvel {
 
@@ -28,10 +27,8 @@ std::vector<Run_Entry> Run_Entries(const std::filesystem::path& parent)
 std::string Date_Of_Simulation(const std::filesystem::path& run_directory)
 {
     const auto echo = Find_File(run_directory, "echo.orv");
-    struct stat about {};
-    if (!echo || ::stat(echo->c_str(), &about) != 0)
-        return {};
-    return Date_Text(about.st_mtime);
+    const std::time_t changed = echo ? Last_Change(*echo) : 0;
+    return changed == 0 ? std::string() : Date_Text(changed);
 }
 
 } // namespace orvel

@@ -3,10 +3,10 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/system/lock.h"
+#include "core/system/rights.h"
 #include "runs/batch.h"
 
 #include <algorithm>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -66,7 +66,7 @@ void Remove_If_Empty(const fs::path& level)
 bool Has_Readable_Echo(const fs::path& run)
 {
     const auto echo = Find_File(run, "echo.orv");
-    return echo && ::access(echo->c_str(), R_OK) == 0;
+    return echo && May_Read(*echo);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/error.h"
+#include "core/system/file_handle.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -51,10 +52,6 @@ public:
     static Line_Scanner Of_Bytes(std::string_view bytes,
                                  std::size_t window = Scan_Window); // the bytes outlive the scanner
 
-    Line_Scanner(Line_Scanner&& other) noexcept;
-    Line_Scanner& operator=(Line_Scanner&&) = delete;
-    ~Line_Scanner();
-
     // To the next line. False at the end of the file: the line at hand stays.
     bool Next();
     // To the next line that holds the anchor. False at the end of the file: there is no line at hand then.
@@ -75,7 +72,7 @@ private:
     void Drop_Cut_Line();
 
     std::filesystem::path Name;
-    int Descriptor = -1;
+    File_Handle File;        // not open in a scanner of bytes
     std::string_view Source; // what is left of a scanner's bytes
     std::unique_ptr<char[]> Buffer;
     std::size_t Capacity, Rest = 0, End = 0, Line_First = 0, Line_Size = 0;

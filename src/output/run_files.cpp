@@ -57,10 +57,7 @@ try {
 
 std::string Shown_Cache(std::string_view bytes)
 {
-    std::string text;
-    for (const auto line : Split_Lines(bytes))
-        text.append(line).append(CrLf);
-    return Dos_To_Ansi(text);
+    return Dos_Lines_To_Ansi(bytes);
 }
 
 void Table_Text::Line(std::string_view file, std::string_view screen)

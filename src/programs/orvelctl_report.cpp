@@ -1,9 +1,11 @@
+#include "programs/orvelctl_report.h"
+
 #include "core/files.h"
 #include "core/text.h"
-#include "programs/orvelctl.h"
 #include "report/report_forms.h"
 #include "runs/start_up.h"
 
+#include <CLI/CLI.hpp>
 #include <ctime>
 #include <iostream>
 #include <memory>

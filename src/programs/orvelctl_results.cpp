@@ -1,11 +1,13 @@
+#include "programs/orvelctl_results.h"
+
 #include "core/code_page.h"
 #include "core/text.h"
 #include "output/echo_file.h"
-#include "programs/orvelctl.h"
 #include "tables/balance_tables.h"
 #include "tables/leachate_tables.h"
 #include "tables/soil_concentrations.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 

@@ -1,13 +1,15 @@
+#include "programs/orvelctl_series.h"
+
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/output_variables.h"
 #include "core/text.h"
 #include "evaluation/utility_table.h"
 #include "output/parameter_list.h"
-#include "programs/orvelctl.h"
 #include "tables/daily_diagram.h"
 #include "tables/series.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <optional>

@@ -4,6 +4,8 @@
 #include "core/files.h"
 #include "core/locations.h"
 #include "core/system/lock.h"
+#include "core/system/program_path.h"
+#include "core/system/rights.h"
 #include "core/system/spawn.h"
 #include "core/text.h"
 #include "jobs/job.h"
@@ -11,8 +13,6 @@
 #include "jobs/job_status.h"
 
 #include <chrono>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -98,7 +98,7 @@ std::optional<Lock> Acquire_Batch_Lock(const Session& session)
     constexpr std::chrono::seconds Most(10);
     // A file that every run takes a copy of: the directories' own locks tell of runs and jobs at work.
     const fs::path token = Found_Or_New(session.Program.App_Path, "Haude.dat");
-    if (::access(token.c_str(), R_OK) != 0)
+    if (!May_Read(token))
         return std::nullopt;
     auto turn = Lock::Take_Within(token, Most);
     if (!turn)
@@ -153,13 +153,10 @@ Started_Job Run_Batch(Session& session, const Mode& mode, const Run_Choice& choi
 std::optional<int> Job_Exit_Code(int process)
 {
     constexpr int Killed = 128;
-    int status = 0;
-    const pid_t ended = ::waitpid(process, &status, WNOHANG);
-    if (ended == 0)
+    const auto end = End_Of_Program(process);
+    if (!end)
         return std::nullopt;
-    if (ended < 0)
-        return Killed;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : Killed + WTERMSIG(status);
+    return end->Signal == 0 ? end->Exit_Code : Killed + end->Signal;
 }
 
 bool Delete_Pesticide(Session& session, std::string_view pesticide)

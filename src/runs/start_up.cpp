@@ -4,6 +4,7 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "core/version.h"
 #include "runs/output_selection.h"
 #include "ui/help_texts.h"
 
@@ -89,7 +90,7 @@ bool Start_Up(Session& session)
     if (!Write_Test(program.App_Path))
         return false;
     Delete_Pending_Batch(session);
-    program.Suite_Minor = 5;
+    program.Suite_Minor = Program_Version_Minor;
     Find_Engine(session);
     Write_Launcher(session);
     program.Online_Help = false;

@@ -3,7 +3,6 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "documents/forms/edit_document.h"
-#include "evaluation/forms/analyse.h"
 #include "jobs/job_status.h"
 #include "runs/crops.h"
 #include "runs/forms/ausgabe_festlegen.h"
@@ -47,10 +46,11 @@ std::string Text_Of(const QListWidget& list)
 
 } // namespace
 
-FOCUS::FOCUS(Session& session, const Mode& mode, QWidget* parent)
+FOCUS::FOCUS(Session& session, const Mode& mode, Run_Windows windows, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      The_Mode(mode)
+      The_Mode(mode),
+      Windows(std::move(windows))
 {
     setObjectName(Shown(mode.Form));
     setWindowTitle(Shown(mode.Caption));
@@ -85,7 +85,7 @@ void FOCUS::List_Pesticides()
     Select_Text(*Pesticide, Last_PSM);
 }
 
-// Selects what the last run control file was written for.
+// Selects the combination of the last run control file.
 void FOCUS::Restore(const Run_Template& saved)
 {
     const QSignalBlocker quiet_pesticide(Pesticide), quiet_crop(Crop_List);
@@ -101,7 +101,7 @@ void FOCUS::Restore(const Run_Template& saved)
     Fill_Locations(saved.Code);
 }
 
-// Fills the locations of the crop and selects the one of a code, or the one that was selected before.
+// Lists the crop's locations and selects the one with this code, or else the one that was selected before.
 void FOCUS::Fill_Locations(std::string_view code)
 {
     const QSignalBlocker quiet(Location_List);
@@ -207,7 +207,7 @@ void FOCUS::Run()
     Timer1.start(started ? Interval_At_Start : Tick_Interval);
 }
 
-// The only way to run an irregular pattern: the user tells for how many years.
+// The only way to run an irregular pattern: the user enters the number of years.
 void FOCUS::Run_Anyway()
 {
     Timer1.stop();
@@ -257,7 +257,7 @@ void FOCUS::Evaluation()
     Timer1.stop();
     The_Session.Run.Last_Simulation = {Last_PSM.substr(0, Last_PSM.rfind('.')), Text_Of(*Crop_List),
                                        Text_Of(*Location_List)};
-    Analyse(The_Session, The_Mode, this).exec();
+    Windows.Open_Evaluation(The_Mode, this);
     Timer1.start(Tick_Interval);
     Activate();
 }
@@ -291,7 +291,7 @@ void FOCUS::Delete_Selected()
         Activate();
 }
 
-// The keys that act from every list and from the form itself; false for any other.
+// Keys that work in every list and in the form itself; false for any other key.
 bool FOCUS::Key(int key)
 {
     if (key == Qt::Key_Delete)

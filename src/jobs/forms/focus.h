@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jobs/forms/run_windows.h"
 #include "runs/batch.h"
 
 #include <array>
@@ -25,7 +26,7 @@ class FOCUS : public QDialog {
     Q_OBJECT
 
 public:
-    FOCUS(Session& session, const Mode& mode, QWidget* parent = nullptr);
+    FOCUS(Session& session, const Mode& mode, Run_Windows windows, QWidget* parent = nullptr);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -70,6 +71,7 @@ private:
 
     Session& The_Session;
     const Mode& The_Mode;
+    Run_Windows Windows;
     Selection Selected;
     Help_Assistant* Assistant = nullptr;
     int Crop_Step = 0;

@@ -39,9 +39,10 @@ void Fill(QListWidget& list, const std::filesystem::path& directory, std::string
 
 } // namespace
 
-form_end::form_end(Session& session, QWidget* parent)
+form_end::form_end(Session& session, Run_Windows windows, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
+      Windows(std::move(windows)),
       Directory(session.Program.App_Path)
 {
     setObjectName("form_end");
@@ -143,7 +144,7 @@ void form_end::Ausgabe_Click(int option)
     else if (option == static_cast<int>(Output_Option::Recommended))
         The_Session.Output = Recommended_Output();
     else
-        Ausgabe_festlegen(The_Session.Output, this).exec(); // the option stays at the user's own choice
+        Ausgabe_festlegen(The_Session.Output, this).exec(); // the choice stays at "User Specific"
 }
 
 void form_end::Start()
@@ -192,14 +193,14 @@ void form_end::Move_To_Archive()
         Close_Archive();
 }
 
-// A file of the directory in its editor; a blank name does nothing.
+// Opens a file of the directory in its editor; a blank name does nothing.
 void form_end::Edit(const QString& name)
 {
     if (!name.trimmed().isEmpty())
         Open_And_Edit(The_Session, Found_Or_New(Directory, Path_Of(Bytes_Of(name))), this);
 }
 
-// Tells what is wrong and goes back to the control that it is about.
+// Shows what is wrong and returns the focus to the control in question.
 void form_end::Refuse(const Refusal& refusal)
 {
     The_Session.Ask(refusal.Text);
@@ -228,7 +229,7 @@ bool form_end::eventFilter(QObject* watched, QEvent* event)
     return QDialog::eventFilter(watched, event);
 }
 
-// What another window or program has changed in the directory shows when the user comes back.
+// Other windows and programs may have changed the directory meanwhile.
 bool form_end::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate)

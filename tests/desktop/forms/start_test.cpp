@@ -130,6 +130,25 @@ TEST_F(Start_Test, Every_Button_Opens_Its_Form_Over_Itself)
     }
 }
 
+TEST_F(Start_Test, The_Run_Forms_Open_The_Windows_Of_The_Evaluation)
+{
+    Open();
+    struct Way {
+        QString Picture, Button, Form;
+    };
+    for (const auto& way : {Way{"Image1", "Command6", "inout_sel"}, Way{"Image2", "Command1", "Analyse"}}) {
+        QString form;
+        In_Modal([&](const QWidget& run_form) {
+            In_Modal([&](const QWidget& opened) { form = opened.objectName(); });
+            Click<QPushButton>(run_form, way.Button);
+        });
+
+        Click<QAbstractButton>(*Form, way.Picture);
+
+        EXPECT_EQ(form, way.Form);
+    }
+}
+
 TEST_F(Start_Test, A_Double_Click_On_A_Version_Shows_The_Details)
 {
     Open();

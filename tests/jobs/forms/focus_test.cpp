@@ -28,7 +28,10 @@ protected:
     void Open()
     {
         ASSERT_TRUE(Start_Up(The_Session));
-        Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus));
+        const Run_Windows windows{.Open_Evaluation = [this](const Mode& mode, QWidget* parent) {
+            Opened << QString::fromLatin1(mode.Form.data()) + " from " + parent->objectName();
+        }};
+        Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus), windows);
         Form->show();
         Choose(*Form, "Crop", "Maize");
     }
@@ -49,6 +52,7 @@ protected:
 
     Small_Installation Place;
     std::unique_ptr<FOCUS> Form;
+    QStringList Opened; // windows of higher rooms
 };
 
 } // namespace
@@ -317,11 +321,22 @@ TEST_F(FOCUS_Test, Restores_The_Last_Selection_When_It_Opens_Again)
     Choose(*Form, "Location", "Châteaudun (C), irrigated");
     Click<QPushButton>(*Form, "Batchdatei");
 
-    Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus));
+    Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus), Run_Windows());
 
     EXPECT_EQ(Chosen("Pesticide"), "test.psm");
     EXPECT_EQ(Chosen("Crop"), "Maize");
     EXPECT_EQ(Chosen("Location"), "Châteaudun (C), irrigated");
+}
+
+TEST_F(FOCUS_Test, Opens_The_Evaluation_Of_Its_Mode_With_What_Is_Chosen)
+{
+    Open();
+    Choose(*Form, "Location", "Hamburg (H)");
+
+    Click<QPushButton>(*Form, "Command1");
+
+    EXPECT_EQ(Opened, QStringList{"FOCUS from FOCUS"});
+    EXPECT_EQ(The_Session.Run.Last_Simulation.Location, "Hamburg (H)");
 }
 
 TEST_F(FOCUS_Test, A_Double_Click_On_A_Location_Opens_Its_Scenario)

@@ -140,7 +140,7 @@ protected:
 TEST_F(Scenario_By_Hand, Two_Crops_Saved_As_An_Individual_File_Are_Simulated_As_Individual_Crop)
 {
     Make_Scenario(Installation() / "focus", "H_indiv.sze");
-    FOCUS form(The_Session, Mode_Of(Mode_Kind::Focus));
+    FOCUS form(The_Session, Mode_Of(Mode_Kind::Focus), Run_Windows());
     Show(form);
     Choose(form, "Pesticide", "demo_D.psm");
     Choose(form, "Crop", "Individual crop");
@@ -173,7 +173,7 @@ TEST_F(Scenario_By_Hand, A_Climate_File_Edited_In_The_Grid_Reaches_The_Run)
         other_days += day == 9 || before.Rows[day].Cli_Day == "  " ? 0 : before.Rows[day].Cli_Rain.value();
     Change_Climate(original, Installation(), "wet.cli", "7.5");
     Make_Scenario(Installation(), "mine.sze");
-    form_end form(The_Session);
+    form_end form(The_Session, Run_Windows());
     Show(form);
     Choose(form, "File_psm", "demo_D.psm");
     Choose(form, "File_sce", "mine.sze");
