@@ -1,3 +1,4 @@
+// Checks the pesticide document before a run.
 #include "engine/setup/input.h"
 
 namespace orvel::engine {
