@@ -1,3 +1,4 @@
+// The engine: reads the input of a run directory, simulates day by day and writes the output there.
 #include "core/files.h"
 #include "core/system/signals.h"
 #include "core/system/terminal.h"

@@ -2,6 +2,7 @@
 
 #include "engine/output/figures.h"
 #include "engine/setup/input.h"
+#include "engine/solute/solute.h"
 #include "engine/water/water.h"
 
 #include <string>

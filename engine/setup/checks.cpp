@@ -1,3 +1,4 @@
+// Checks the scenario and the run control before a run.
 #include "core/pesticide_constants.h"
 #include "engine/setup/input.h"
 #include "engine/water/surface_water.h"

@@ -1,3 +1,4 @@
+// Checks the pesticide document before a run.
 #include "core/pesticide_constants.h"
 #include "engine/setup/input.h"
 

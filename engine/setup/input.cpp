@@ -1,6 +1,7 @@
 #include "engine/setup/input.h"
 
 #include "core/text.h"
+#include "engine/solute/solute_check.h"
 #include "engine/water/water.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"

@@ -1,3 +1,4 @@
+// The documents as a new one begins: declared with their records in session.h.
 #include "core/pesticide_constants.h"
 #include "core/session.h"
 

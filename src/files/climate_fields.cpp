@@ -1,3 +1,4 @@
+// The fields of a climate file in order, to find what its layout would lose.
 #include "files/broken_line.h"
 #include "files/climate_file.h"
 #include "files/line_fields.h"

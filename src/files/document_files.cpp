@@ -1,3 +1,4 @@
+// Reading and writing documents of the session, with the messages when that fails.
 #include "core/files.h"
 #include "files/climate_file.h"
 #include "files/file_messages.h"

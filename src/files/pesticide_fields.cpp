@@ -1,3 +1,4 @@
+// The fields of a pesticide file in order, to find what its layout would lose.
 #include "core/pesticide_constants.h"
 #include "files/broken_line.h"
 #include "files/line_fields.h"

@@ -1,3 +1,4 @@
+// Parses the bytes of a pesticide file.
 #include "core/locations.h"
 #include "core/pesticide_constants.h"
 #include "files/pesticide_file.h"

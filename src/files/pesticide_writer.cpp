@@ -1,3 +1,4 @@
+// Formats a pesticide document as the bytes of its file.
 #include "files/pesticide_file.h"
 
 #include "core/locations.h"

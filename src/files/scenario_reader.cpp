@@ -1,3 +1,4 @@
+// Parses the bytes of a scenario file.
 #include "files/scenario_file.h"
 #include "files/scenario_lines.h"
 

@@ -1,3 +1,4 @@
+// The report as a table of comma-separated values.
 #include "core/code_page.h"
 #include "core/numbers.h"
 #include "core/text.h"

@@ -1,3 +1,4 @@
+// The report as an HTML page.
 #include "charts/chart_svg.h"
 #include "core/xml.h"
 #include "report/report_forms.h"

@@ -68,4 +68,14 @@ std::vector<Crop_Data> Parse_Crop_Data(std::string_view bytes)
     return crops;
 }
 
+Crop_Row Crop_Defaults(const Crop_Data& crop)
+{
+    Crop_Row row = crop.Defaults;
+    row.SZE_Rot_CN1 = 78;
+    row.SZE_Rot_CN2 = 70;
+    row.SZE_Rot_CN3 = 74;
+    row.SZE_Rot_USLE1 = row.SZE_Rot_USLE2 = row.SZE_Rot_USLE3 = 1;
+    return row;
+}
+
 } // namespace orvel

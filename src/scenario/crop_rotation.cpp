@@ -3,7 +3,6 @@
 #include "core/error.h"
 #include "core/files.h"
 #include "files/file_messages.h"
-#include "scenario/crop_properties.h"
 #include "scenario/saving.h"
 #include "ui/number_field.h"
 
