@@ -15,11 +15,6 @@
 
 namespace orvel {
 
-void Tell(std::string_view title, std::string_view text)
-{
-    std::cerr << To_Utf8(title) << ": " << To_Utf8(text) << '\n';
-}
-
 std::string Bytes_Of(const std::string& word)
 {
     const auto bytes = From_Utf8(word);
@@ -36,26 +31,12 @@ void Add_Mode(CLI::App* command, std::string& mode)
         ->option_text("focus|efsa|efsa_t4");
 }
 
-Progress Shown_Progress()
+int Paint(const std::vector<std::string>& arguments)
 {
-    if (::isatty(STDERR_FILENO) == 0)
-        return {};
-    return [](const std::string& message, double) {
-        std::cerr << '\r' << message << "\033[K" << std::flush;
-        return true;
-    };
-}
-
-void Clear_Progress()
-{
-    if (::isatty(STDERR_FILENO) != 0)
-        std::cerr << "\r\033[K" << std::flush;
-}
-
-int Paint(const std::vector<std::string>& words)
-{
-    const int process = Start_Program(
-        {.Program = Program_Beside("orvelpaint"), .Arguments = words, .Directory = std::filesystem::current_path()});
+    const int process = Start_Program({.Program = Program_Beside("orvelpaint"),
+                                       .Arguments = arguments,
+                                       .Directory = std::filesystem::current_path(),
+                                       .Keeps_Standard_Error = true});
     int status = 0;
     ::waitpid(process, &status, 0);
     return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Done : Refused;

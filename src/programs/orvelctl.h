@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/progress.h"
 #include "core/session.h"
+#include "programs/console.h"
 
 #include <CLI/CLI.hpp>
 #include <functional>
@@ -20,22 +20,14 @@ constexpr int Wrong_Command_Line = 2;
 // What the chosen command does once the command line is understood; gives the exit code.
 using Command = std::function<int(Session&)>;
 
-// Prints a box's title and text, bytes of Windows-1252, on standard error.
-void Tell(std::string_view title, std::string_view text);
-
 // A word of the command line in bytes of Windows-1252. Throws CLI::ValidationError for one that these lack.
 std::string Bytes_Of(const std::string& word);
 
 // The option --mode, which a command needs.
 void Add_Mode(CLI::App* command, std::string& mode);
 
-// Shows what is being read, where a person can see it, and takes that away again.
-Progress Shown_Progress();
-void Clear_Progress();
-
-// Lets orvelpaint, a program of its own, paint what its words say, so that this one starts without a window system's
-// libraries. It tells its failures.
-int Paint(const std::vector<std::string>& words);
+// Runs orvelpaint with these arguments, so that orvelctl loads no GUI library; orvelpaint reports errors itself.
+int Paint(const std::vector<std::string>& arguments);
 
 // tables, balance, pecsoil
 void Add_Result_Commands(CLI::App& app, Command& command);
