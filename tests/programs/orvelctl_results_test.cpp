@@ -154,7 +154,7 @@ TEST_F(Orvelctl_Results, Report_Is_Saved_By_The_Ending_Of_The_File_And_Tells_Wha
     EXPECT_TRUE(Read_File(Home / "r.pdf").starts_with("%PDF-"));
     EXPECT_EQ(Standard_Error, notes); // those of the page, once
     EXPECT_EQ(Run("report --mode focus --pesticide test --crop all --to nowhere/r.pdf"), 1);
-    EXPECT_NE(Standard_Error.find("File check: The file "), std::string::npos) << Standard_Error;
+    EXPECT_NE(Standard_Error.find("File check: Cannot write nowhere/r.pdf"), std::string::npos) << Standard_Error;
 }
 
 TEST_F(Orvelctl_Results, Report_Refuses_Another_Ending_And_A_Text_Without_One_Of_Its_Locations)
