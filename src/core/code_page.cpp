@@ -107,14 +107,6 @@ std::string Dos_To_Ansi(std::string_view bytes)
     return result;
 }
 
-std::string Dos_Lines_To_Ansi(std::string_view bytes)
-{
-    std::string text;
-    for (const auto line : Split_Lines(bytes))
-        text.append(line).append(CrLf);
-    return Dos_To_Ansi(text);
-}
-
 std::string Ansi_To_Dos(std::string_view bytes)
 {
     std::string result(bytes);
@@ -147,6 +139,14 @@ std::string To_Code_Page(std::string_view utf8)
 std::string Path_Text(const std::filesystem::path& path)
 {
     return To_Code_Page(std::string_view(path.native()));
+}
+
+std::string Window_Text(std::string_view bytes)
+{
+    std::string text;
+    for (const auto line : Split_Lines(bytes))
+        text.append(line).append(CrLf);
+    return Dos_To_Ansi(text);
 }
 
 } // namespace orvel

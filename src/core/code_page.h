@@ -22,7 +22,8 @@ std::string Path_Text(const std::filesystem::path& path);
 // The three letters that files of the older DOS form and the lines of a job write in another code page.
 std::string Dos_To_Ansi(std::string_view bytes);
 std::string Ansi_To_Dos(std::string_view bytes);
-// A text as a window shows it: these letters turned, and every line ends in CR LF.
-std::string Dos_Lines_To_Ansi(std::string_view bytes);
+
+// The text of a result file as a window shows it: those letters mapped, every line ended by CR LF.
+std::string Window_Text(std::string_view bytes);
 
 } // namespace orvel

@@ -125,7 +125,7 @@ Pesticide_Balance_Row Pesticide_Block(Line_Scanner& chem, bool active_substance)
     row.Degradation = Value_At(chem, Decay_Anchor, Total_Span) * To_Grams;
     if (active_substance)
         row.Volatilisation = Value_At(chem, Volatilization_Anchor, Total_Span) * To_Grams;
-    // Water that ran through large pores before the runoff is told of is not counted as runoff.
+    // A macropore line in front of the runoff line leaves the runoff at 0.
     if (Find_Either(chem, Macropore_Anchor, Total_Runoff_Anchor) && !Macropore_Anchor.In(chem.Line()))
         row.Runoff = Number(chem, Total_Span) * To_Grams;
     row.Percolate = Value_At(chem, Leached_Anchor, Total_Span) * To_Grams;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "output/line_scanner.h"
-#include "tables/balance_tables.h"
+#include "output/run_records.h"
 
 #include <functional>
 

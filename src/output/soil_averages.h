@@ -1,7 +1,7 @@
 #pragma once
 
 #include "output/plot_file.h"
-#include "tables/soil_concentrations.h"
+#include "output/run_records.h"
 
 #include <functional>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/progress.h"
 #include "core/session.h"
+#include "programs/console.h"
 
 #include <functional>
 #include <string>
@@ -23,18 +23,11 @@ constexpr int Wrong_Command_Line = 2;
 // What the chosen command does once the command line is understood; gives the exit code.
 using Command = std::function<int(Session&)>;
 
-// Prints a message, bytes of Windows-1252, on standard error.
-void Tell(std::string_view title, std::string_view text);
-
 // An argument in bytes of Windows-1252. Throws CLI::ValidationError for a character that the code page lacks.
 std::string Bytes_Of(const std::string& argument);
 
 // The option --mode, which a command needs.
 void Add_Mode(CLI::App* command, std::string& mode);
-
-// Progress on standard error, if that is a terminal, and removing it again.
-Progress Shown_Progress();
-void Clear_Progress();
 
 // Runs orvelpaint with these arguments, so that orvelctl loads no GUI library; orvelpaint reports errors itself.
 int Paint(const std::vector<std::string>& arguments);

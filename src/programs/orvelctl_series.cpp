@@ -4,10 +4,11 @@
 #include "core/files.h"
 #include "core/output_variables.h"
 #include "core/text.h"
-#include "evaluation/utility_table.h"
 #include "output/parameter_list.h"
+#include "runs/calendar_file.h"
 #include "tables/daily_diagram.h"
 #include "tables/series.h"
+#include "tables/utilities.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
@@ -58,7 +59,7 @@ template <class Take> void Write_Csv(const Daily_Series& series, const std::stri
 // The column as the list of series names it; by its code where the run's files do not tell.
 std::string Item_Of(const std::string& run, const Plot_Column& column, int number)
 {
-    const auto& name = Output_Variables[static_cast<std::size_t>(Output_Variable_Number(column.Plot_Code))].Out_Label;
+    const auto& name = Output_Variable_Of(Output_Variable_Number(column.Plot_Code)).Out_Label;
     for (const Parameter_Item& item : Parameters_Of_Run(run)) {
         if (item.Column == number && item.Text.starts_with(name))
             return item.Text;
@@ -91,8 +92,8 @@ int Do_Series(const Session& session, const Series_Words& words)
                                       : "The run has no plot.orv.");
         return Refused;
     }
-    const bool single = !Is_Of_A_Batch(words.Run);
-    if (!std::filesystem::exists(Calendar_File(session, words.Run, single))) {
+    const auto calendar = Calendar_File(session, words.Run, !Is_Of_A_Batch(words.Run));
+    if (!std::filesystem::exists(calendar)) {
         Tell("File check", "The calendar datum.dat is missing: name the installation of the run with -C DIR.");
         return Refused;
     }
@@ -109,7 +110,7 @@ int Do_Series(const Session& session, const Series_Words& words)
     const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
     if (ending == ".svg" || ending == ".png" || ending == ".pdf")
         return Paint(Paint_Words(session, words, request, item));
-    const auto series = Read_Daily_Series(session, words.Run, single, words.Column, request);
+    const auto series = Read_Daily_Series(calendar, words.Run, words.Column, request);
     const std::string title = Daily_Title(request, item);
     if (words.File.empty()) {
         Write_Csv(series, title, [](const std::string& piece) {

@@ -5,10 +5,8 @@
 #include "core/locations.h"
 #include "core/text.h"
 #include "jobs/run_tree.h"
-#include "output/echo_file.h"
-#include "output/table_lines.h"
+#include "output/run_files.h"
 #include "runs/crops.h"
-#include "tables/leachate_text.h"
 
 #include <algorithm>
 
@@ -20,16 +18,11 @@ namespace {
 
 constexpr std::string_view Directory_End = ".run";
 constexpr std::string_view All_Crops = "all";
-constexpr std::string_view Bottom_Title = "percolate at the bottom of the simulated soil core";
-constexpr std::string_view Percentile_Mark = "80 Perc";
-constexpr std::size_t Figures_First = 10; // of a percentile row, 1-based
-constexpr std::size_t Figures_Width = 100;
-constexpr std::size_t Conc_First = 42;
 constexpr std::size_t Name_Width = 17;
 constexpr std::size_t Most_Padding = 10;
 constexpr std::size_t Rule_Length = 82;
 
-const Message Output_Problem = {"File check", "Problem with output files. Probably, one of the simulations failed!"};
+constexpr std::string_view Output_Problem = "Problem with output files. Probably, one of the simulations failed!";
 
 // The directory of the next level: its name encodes the text.
 fs::path Level(const fs::path& above, std::string_view text)
@@ -46,34 +39,6 @@ std::string Padded(std::string name)
     if (name.size() < Name_Width)
         name.append(std::min(Most_Padding, Name_Width - name.size()), ' ');
     return name;
-}
-
-Summary_Row Row_Of(std::size_t location, std::string_view location_text, std::string_view line)
-{
-    Summary_Row row{.Location = location};
-    row.Name = location_text.substr(0, location_text.find(')') + 1); // npos + 1 is 0: no name
-    row.Figures = Dos_To_Ansi(Columns(line, Figures_First, Figures_Width));
-    const auto result = Parse_Percentile(line);
-    row.P80 = result.P80;
-    row.P80.Conc = Val(Columns(line, Conc_First, Figures_Width));
-    row.A = result.A;
-    row.B = result.B;
-    return row;
-}
-
-Summary Collect(const Summary_Request& request)
-{
-    if (request.Locations.empty() || request.Locations.size() > Most_Summary_Locations)
-        throw File_Error("A report takes one to ten locations.");
-    Summary report{request.Model_Version, request.Date, request.Pesticide, request.Crop, {}, {}};
-    for (const auto& name : Read_Substance_Names(request.Locations.front().Directory))
-        report.Substances.push_back({"Results for " + name, {}, 0});
-    for (std::size_t i = 0; i < request.Locations.size(); ++i) {
-        const auto& location = request.Locations[i];
-        report.Location_Short.push_back(Short_Name(location.Text));
-        Gather_Percentiles(report, i, location.Text, Read_Whole(Found_Or_New(location.Directory, "period.orv")));
-    }
-    return report;
 }
 
 } // namespace
@@ -170,26 +135,37 @@ std::vector<std::string> Absent_Locations(const Session& session, const Mode& mo
     return absent;
 }
 
-std::optional<Summary> Build_Summary(Session& session, const Summary_Request& request, const Progress& progress)
+Summary Build_Summary(const Summary_Request& request, const Progress& progress)
 {
-    bool stopped = false;
+    Summary summary{.Model_Version = request.Model_Version,
+                    .Date = request.Date,
+                    .Pesticide = request.Pesticide,
+                    .Crop = request.Crop};
+    const auto count = request.Locations.size();
+    bool complete = count > 0 && count <= Most_Summary_Locations;
     int period_index = 0;
-    for (std::size_t i = 0; i < request.Locations.size() && !stopped; ++i) {
-        const auto tell = [&](const std::string& message, double share) {
-            const auto done = (static_cast<double>(i) + share) / static_cast<double>(request.Locations.size());
-            stopped = progress && !progress(message, done);
-            return !stopped;
-        };
-        period_index = Build_Or_Load(request.Locations[i].Directory, tell, period_index).Period_Index;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto& location = request.Locations[i];
+        bool stopped = false;
+        const auto tables = Build_Or_Load(
+            location.Directory,
+            [&](const std::string& message, double share) {
+                stopped = progress && !progress(message, (static_cast<double>(i) + share) / static_cast<double>(count));
+                return !stopped;
+            },
+            period_index);
+        if (stopped)
+            return {.Failure = Reading_Stopped().what()};
+        period_index = tables.Period_Index;
+        complete = complete && tables.Kept && (i > 0 || tables.Has_Echo);
+        if (i == 0) {
+            for (const auto& name : tables.Result_Name)
+                summary.Substances.push_back({name, {}, 0});
+        }
+        summary.Location_Short.push_back(Short_Name(location.Text));
+        Add_Percentiles(summary, i, location.Text, tables);
     }
-    if (stopped)
-        return std::nullopt;
-    try {
-        return Collect(request);
-    } catch (const File_Error&) {
-        session.Ask(Output_Problem);
-        return std::nullopt;
-    }
+    return complete ? summary : Summary{.Failure = std::string(Output_Problem)};
 }
 
 std::string Summary_Text(const Summary& report)
@@ -209,19 +185,20 @@ std::string Summary_Text(const Summary& report)
     return text;
 }
 
-void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text,
-                        std::string_view period_bytes)
+void Add_Percentiles(Summary& summary, std::size_t location, std::string_view location_text,
+                     const Leachate_Tables& tables)
 {
-    std::size_t s = 0;
-    for (Line_Reader lines(period_bytes); !lines.At_End() && s < report.Substances.size();) {
-        const auto line = lines.Next();
-        if (Contains(line, Bottom_Title))
+    auto substance = summary.Substances.begin();
+    for (const auto& table : tables.Period[static_cast<std::size_t>(Depth::One_Metre)]) {
+        if (substance == summary.Substances.end())
             return;
-        if (!Contains(line, Percentile_Mark))
+        if (table.P80_Text.empty())
             continue;
-        auto& substance = report.Substances[s++];
-        substance.Rows.push_back(Row_Of(location, location_text, line));
-        substance.Location_Max = std::max(substance.Location_Max, substance.Rows.back().P80.Conc);
+        const auto name = location_text.substr(0, location_text.find(')') + 1); // npos + 1 is 0: no name
+        const auto& [total, p80, a, b] = table.Result;
+        substance->Rows.push_back({location, std::string(name), Dos_To_Ansi(table.P80_Text), p80, a, b});
+        substance->Location_Max = std::max(substance->Location_Max, p80.Conc);
+        ++substance;
     }
 }
 

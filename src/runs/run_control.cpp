@@ -16,13 +16,6 @@ constexpr std::string_view Whole_Years = " 01 01 31 12";
 constexpr std::string_view Soil = "          SOIL";
 constexpr std::string_view Series = "    TSER";
 constexpr int Profile_Depth = 20; // cm, in steps of 1
-constexpr int Dissolved_Profile = 28;
-constexpr int Content_Profile = 25;
-
-const Output_Variable& Variable_Of(int number)
-{
-    return Output_Variables[static_cast<std::size_t>(std::clamp(number, 0, Last_Output_Variable))];
-}
 
 std::string Line(std::string_view text)
 {
@@ -31,7 +24,7 @@ std::string Line(std::string_view text)
 
 std::string Output_Row(int variable, int depth, int substance)
 {
-    const auto& entry = Variable_Of(variable);
+    const auto& entry = Output_Variable_Of(variable);
     return Line("    " + std::string(entry.Out_Code) + std::string(Series) + Format_Pattern(depth, "  000") + ".0 " +
                 std::string(entry.Out_Scale) + Format_Pattern(substance, "00000000"));
 }
@@ -54,7 +47,7 @@ std::string Output_Rows(const Output_Selection& output)
 
 std::string Profile_Rows(const Session& session, std::string_view code)
 {
-    const int variable = Contains(code, "P_") ? Dissolved_Profile : Content_Profile;
+    const int variable = Contains(code, "P_") ? Variable::SPSC : Variable::TPSC;
     std::string rows;
     for (int substance = 1; substance <= Substances; ++substance) {
         if (!session.Pesticide.Met_Present[static_cast<std::size_t>(substance)])
@@ -260,6 +253,20 @@ try {
     return true;
 } catch (const File_Error&) {
     return false;
+}
+
+std::optional<Run_End> Read_Run_End(const std::filesystem::path& directory)
+try {
+    const std::string bytes = Read_Whole(Found_Or_New(directory, "orvel.inp"));
+    std::string_view header = Line_Reader(bytes).Next();
+    for (int i = 0; i < 3; ++i)
+        Next_Token(header); // the years, the day and month of the begin
+    const double day = Val(Next_Token(header)), month = Val(Next_Token(header));
+    if (day < 1 || month < 1 || month >= 13)
+        return std::nullopt;
+    return Run_End{static_cast<int>(std::min(day, 31.0)), static_cast<int>(month)};
+} catch (const File_Error&) {
+    return std::nullopt;
 }
 
 } // namespace orvel

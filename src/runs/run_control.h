@@ -3,6 +3,7 @@
 #include "runs/crops.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -65,5 +66,12 @@ constexpr int Scaling_Index = 50;
 void Parse_Single_Run(Session& session, std::string_view bytes);
 bool Read_Single_Run(Session& session,
                      const std::filesystem::path& directory); // false: no readable orvel.inp there, which is not told
+
+// The day and month on which the run control file of a directory ends its run; nothing where it names none. The day may
+// be one that the month lacks.
+struct Run_End {
+    int Day = 0, Month = 0;
+};
+std::optional<Run_End> Read_Run_End(const std::filesystem::path& directory);
 
 } // namespace orvel

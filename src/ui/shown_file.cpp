@@ -52,10 +52,10 @@ try {
     std::error_code missing;
     const auto size = std::filesystem::file_size(file, missing);
     if (missing || size <= Largest_Shown_File)
-        return Dos_Lines_To_Ansi(Read_Whole(file));
+        return Window_Text(Read_Whole(file));
     session.Ask(
         {"Size limit exceeded!", "The file " + Name_Shown(file) + " is too big! Only the first part is presented."});
-    return Dos_Lines_To_Ansi(Read_Begin(file, Largest_Shown_File));
+    return Window_Text(Read_Begin(file, Largest_Shown_File));
 } catch (const File_Error& error) {
     session.Ask({"File check", To_Code_Page(error.what())});
     return std::nullopt;
@@ -63,7 +63,7 @@ try {
 
 std::optional<std::string> Shown_Whole(const Session& session, const std::filesystem::path& file)
 try {
-    return Dos_Lines_To_Ansi(Read_Whole(file));
+    return Window_Text(Read_Whole(file));
 } catch (const File_Error& error) {
     session.Ask({"File check", To_Code_Page(error.what())});
     return std::nullopt;

@@ -31,7 +31,7 @@ TEST(Run_Verification, Case_29_Leachate_Tables_Read_Real_Output)
         const Leachate_Tables tables = Build_Or_Load(directory.Path());
 
         EXPECT_EQ(tables.Failure, "");
-        EXPECT_TRUE(tables.Cached);
+        EXPECT_TRUE(tables.Kept);
         ASSERT_EQ(tables.Year[0].size(), 2U);
         for (const std::size_t substance : {std::size_t{0}, std::size_t{1}}) {
             const auto solute =
@@ -61,9 +61,9 @@ TEST(Run_Verification, Case_29_Balance_Tables_Read_Real_Output)
     run.Scenario.SZE_Freq_Water = run.Scenario.SZE_Freq_Solute = "MNTH";
     run.Scenario.SZE_Title = Hostile;
     ASSERT_EQ(Run_Case(run, directory.Path()).Exit_Code, 0);
-    EXPECT_TRUE(Read_Echo_Layers(directory.Path()).Has_Monthly_Output);
+    EXPECT_TRUE(Read_Echo(directory.Path()).Layers().Has_Monthly_Output);
     EXPECT_FALSE(Simulation_Failed(directory.Path()));
-    EXPECT_EQ(Read_Substance_Names(directory.Path()).size(), 2U);
+    EXPECT_EQ(Read_Echo(directory.Path()).Substance_Names.size(), 2U);
     for (const auto& [view, title, rows] :
          {std::tuple{Balance_View::Annual, "ANNUAL", 8}, std::tuple{Balance_View::Monthly, "MONTHLY", 96}}) {
         const auto water = Water_Blocks(File_Of(directory.Path(), "Wasser.orv"), title, 40);

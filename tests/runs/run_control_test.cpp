@@ -296,4 +296,23 @@ TEST_F(Run_Control_Test, A_Name_That_Would_Break_A_Line_Is_Not_Fit_For_A_Run)
     EXPECT_FALSE(Fits_A_Line(".psm"));
 }
 
+TEST(Run_End_Test, Is_The_Fourth_And_Fifth_Number_Of_The_First_Line)
+{
+    const Temporary_Directory home;
+    EXPECT_FALSE(Read_Run_End(home.Path()));
+    const auto end_of = [&](const std::string& text) {
+        Write_Whole(home / "orvel.inp", text);
+        const auto end = Read_Run_End(home.Path());
+        return end ? std::to_string(end->Day) + "." + std::to_string(end->Month) : "";
+    };
+
+    EXPECT_EQ(end_of("026 01 01 31 12 Version 5.5          SOIL 0 \r\n..\\H_maize.sze\r\n"), "31.12");
+    EXPECT_EQ(end_of("002 15 03 30 02"), "30.2"); // February has no such day: the reader of the series minds that
+    EXPECT_EQ(end_of("002 15 03 77 06"), "31.6");
+    EXPECT_EQ(end_of("002 15 03 00 06"), "");
+    EXPECT_EQ(end_of("002 15 03 30 13"), "");
+    EXPECT_EQ(end_of("002 15 03"), "");
+    EXPECT_EQ(end_of(""), "");
+}
+
 } // namespace orvel

@@ -14,6 +14,7 @@ struct Program_Start {
     std::vector<std::string> Arguments; // without the program's own name
     std::filesystem::path Directory;    // working directory
     std::filesystem::path Output;       // takes what it prints; empty: nothing is kept. Relative to the directory.
+    bool Keeps_Standard_Error = false;  // prints its errors where this program does, not into the output
     int Kept_Descriptor = -1;           // stays open in the program, as number Kept_As
     bool Own_Session = false;           // outlives this program and its terminal
 };

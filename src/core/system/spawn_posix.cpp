@@ -47,7 +47,8 @@ void Set_Descriptors(const Program_Start& start, posix_spawn_file_actions_t* act
     else
         ::posix_spawn_file_actions_addopen(actions, STDOUT_FILENO, start.Output.c_str(),
                                            O_WRONLY | O_CREAT | O_TRUNC | O_APPEND, New_File);
-    ::posix_spawn_file_actions_adddup2(actions, STDOUT_FILENO, STDERR_FILENO);
+    if (!start.Keeps_Standard_Error)
+        ::posix_spawn_file_actions_adddup2(actions, STDOUT_FILENO, STDERR_FILENO);
     if (start.Kept_Descriptor >= 0)
         ::posix_spawn_file_actions_adddup2(actions, start.Kept_Descriptor, Kept_As);
     ::posix_spawn_file_actions_addclosefrom_np(actions, start.Kept_Descriptor >= 0 ? Kept_As + 1 : Kept_As);

@@ -5,6 +5,7 @@
 #include "output/echo_file.h"
 #include "report/evaluated_pesticide.h"
 #include "report/forms/zusammenfassung_orv.h"
+#include "runs/calendar_file.h"
 #include "tables/forms/jahr_orv.h"
 #include "tables/forms/mass_balance.h"
 #include "tables/forms/pecsoil.h"
@@ -191,7 +192,8 @@ void Analyse::Zusammenfassung_Click()
 
 void Analyse::Grafik_Click()
 {
-    taegliches_Diagramm_neu(The_Session, Series->Choice(Run_Directory(), false), this).exec();
+    const auto calendar = Calendar_File(The_Session, Run_Directory(), false);
+    taegliches_Diagramm_neu(The_Session.Ask, Series->Choice(Run_Directory(), calendar), this).exec();
 }
 
 } // namespace orvel
