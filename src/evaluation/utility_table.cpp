@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/run_name.h"
 #include "core/system/lock.h"
 #include "core/text.h"
 #include "jobs/engine_start.h"
@@ -65,7 +66,7 @@ bool Is_Of_A_Batch(const fs::path& directory)
 {
     const fs::path place =
         fs::absolute(directory / "").lexically_normal().parent_path(); // with its name, also where it was given as "."
-    return Matches(place.filename().string(), "*.run");
+    return Is_Run_Level(place.filename().string());
 }
 
 bool Is_Due(Utility utility, const fs::path& directory)

@@ -27,10 +27,15 @@ bool Is_Protected(const std::filesystem::path& file)
 
 } // namespace
 
+void Refuse_Document(const Ask_Function& ask, std::string_view file)
+{
+    Tell(ask, Readin_Check, std::string(file) + std::string(Not_A_Document));
+}
+
 void Refuse_Document(Session& session)
 {
     session.Program.PSM_Read_OK = false;
-    session.Ask({std::string(Readin_Check), session.Program.PSM_File + std::string(Not_A_Document)});
+    Refuse_Document(session.Ask, session.Program.PSM_File);
 }
 
 void Refuse_Climate(Session& session, const File_Error& error)

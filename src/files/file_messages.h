@@ -14,7 +14,8 @@ constexpr std::string_view Readin_Check = "Readin check";
 constexpr std::string_view Saving_Input_File = "Saving Input File";
 
 // A file that cannot be read as a pesticide or scenario document: the scenario reader deliberately shares the text.
-// Sets PSM_Read_OK to false.
+void Refuse_Document(const Ask_Function& ask, std::string_view file);
+// The same of the document under edit, PSM_File. Sets PSM_Read_OK to false.
 void Refuse_Document(Session& session);
 
 // A climate file that cannot be read.

@@ -9,7 +9,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <memory>
 #include <optional>
 
 namespace orvel {
@@ -37,11 +36,11 @@ std::optional<double> Number_In(std::string_view column)
 // The day and month on which the directory's run control ends its run, the day within the month's length.
 std::optional<Run_Day> End_Of_Run(const std::filesystem::path& directory)
 {
-    const auto session = std::make_unique<Session>();
-    if (!Read_Single_Run(*session, directory))
+    const auto control = Read_Single_Run(directory);
+    if (!control)
         return std::nullopt;
-    const Run_Day end{0, static_cast<int>(std::clamp(session->Run.End_Day.Number(), 0.0, 31.0)), session->Run.End_Month,
-                      0};
+    const auto& run = control->Settings;
+    const Run_Day end{0, static_cast<int>(std::clamp(run.End_Day.Number(), 0.0, 31.0)), run.End_Month, 0};
     return end.Day >= 1 && end.Month >= 1 && end.Month <= Months_Of_Year ? std::optional(end) : std::nullopt;
 }
 

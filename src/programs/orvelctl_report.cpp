@@ -32,7 +32,7 @@ int Do_Text(Session& session, const std::vector<Summary_Request>& requests, cons
 
 int Do_Report(Session& session, const Report_Words& words)
 {
-    Find_Engine(session);
+    Find_Engine(session.Program);
     const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
     const auto requests = Request_Summaries(session, *Mode_Named(words.Mode), Bytes_Of(words.Stem),
                                             Bytes_Of(words.Crop), Codes_In(words.Codes));

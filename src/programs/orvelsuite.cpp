@@ -22,7 +22,7 @@ int main(int argc, char** argv)
         std::cerr << "ORVELSUITE cannot write in " << session->Program.App_Path.string() << ".\n";
         return 1;
     }
-    Check_Decimal_Separator(*session, General_Text(3.5)); // as this program prints numbers, whatever the locale
+    Check_Decimal_Separator(session->Ask, General_Text(3.5)); // as this program prints numbers, whatever the locale
     Start start(*session);
     start.show();
     return QApplication::exec();

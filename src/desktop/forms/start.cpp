@@ -184,14 +184,14 @@ void Start::changeEvent(QEvent* event)
 // Makes the shipped scenario and climate files read-only; a file itself tells whether that was done.
 void Start::Activate()
 {
-    if (Protected_In_Vain || Files_Protected(The_Session))
+    if (Protected_In_Vain || Files_Protected(The_Session.Program))
         return;
     const Hourglass waiting;
     const QSize before = size();
     Nachricht->show();
-    Protected_In_Vain = !Protect_Files(The_Session, [](int, int) {
+    Protected_In_Vain = !Protect_Files(The_Session.Program, The_Session.Ask, [](int, int) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    }) || !Files_Protected(The_Session);
+    }) || !Files_Protected(The_Session.Program);
     Nachricht->hide();
     layout()->activate();
     resize(before);
@@ -214,8 +214,7 @@ bool Start::eventFilter(QObject* watched, QEvent* event)
 
 void Start::Open_Documents(const std::string& mask, const QString& caption, const std::filesystem::path& directory)
 {
-    The_Session.Program.File_Mask = mask;
-    Form_PSM_Open open(The_Session, directory, this);
+    Form_PSM_Open open(The_Session, mask, directory, this);
     open.setWindowTitle(caption);
     open.exec();
 }
@@ -247,13 +246,13 @@ void Start::Open_FOCUS()
 
 void Start::Open_EFSA()
 {
-    if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa)))
+    if (Mode_Available(The_Session.Program, The_Session.Ask, Mode_Of(Mode_Kind::Efsa)))
         FOCUS(The_Session, Mode_Of(Mode_Kind::Efsa), this).exec();
 }
 
 void Start::Open_EFSA_T4()
 {
-    if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa_T4)))
+    if (Mode_Available(The_Session.Program, The_Session.Ask, Mode_Of(Mode_Kind::Efsa_T4)))
         FOCUS(The_Session, Mode_Of(Mode_Kind::Efsa_T4), this).exec();
 }
 

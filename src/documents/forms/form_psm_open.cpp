@@ -15,9 +15,11 @@
 
 namespace orvel {
 
-Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent)
+Form_PSM_Open::Form_PSM_Open(Session& session, std::string mask, const std::filesystem::path& directory,
+                             QWidget* parent)
     : QDialog(parent),
-      The_Session(session)
+      The_Session(session),
+      Mask(std::move(mask))
 {
     setObjectName("Form_PSM_Open");
     setWindowTitle("Open PSM file");
@@ -27,7 +29,7 @@ Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& dire
 
 void Form_PSM_Open::Lay_Out(const std::filesystem::path& directory)
 {
-    Files = new Directory_Files(directory, The_Session.Program.File_Mask);
+    Files = new Directory_Files(directory, Mask);
     connect(Files, &Directory_Files::File_Double_Clicked, this, &Form_PSM_Open::Open_File);
 
     auto* search = Named(new QLineEdit, "FileSearch");
@@ -68,7 +70,7 @@ void Form_PSM_Open::Open_File()
 
 void Form_PSM_Open::Open_New()
 {
-    const auto kind = Kind_Of("new" + The_Session.Program.File_Mask.substr(The_Session.Program.File_Mask.rfind('.')));
+    const auto kind = Kind_Of("new" + Mask.substr(Mask.rfind('.')));
     if (kind == Document_Kind::Pesticide) {
         New_PSM(The_Session);
     } else if (kind == Document_Kind::Scenario) {
