@@ -5,6 +5,7 @@
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "jobs/job_status.h"
+#include "jobs/single_run_start.h"
 #include "runs/start_up.h"
 #include "scenario/forms/klima.h"
 #include "scenario/forms/szenario.h"
