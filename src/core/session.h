@@ -218,19 +218,16 @@ struct Simulation_Choice {
     bool operator==(const Simulation_Choice&) const = default;
 };
 
-struct Run_Settings {
-    // The single run
+// Files and period of the single run.
+struct Single_Run_Settings {
     Variant Run_Scenario_File, Run_PSM_File;
     std::vector<std::string> Run_Cli_Files; // one a year, from 0
     Variant Sim_Years, Start_Day, Start_Month, End_Day;
     std::int16_t End_Month = 0;
+};
 
-    std::uint8_t Till_Depth = 0;
-
-    // The batch
-    std::vector<std::string>
-        Job_Dir; // run directories of the pending batch, below the mode directory; Job_Count is their number
-    bool Run_Pending_Flag = false;
+struct Run_Settings {
+    Single_Run_Settings Single;
 
     Simulation_Choice Last_Simulation; // chosen last on a run form, in the result browser or in the list of simulations
 };
@@ -243,7 +240,6 @@ struct Program_State {
     std::string Aktuelle_ORVEL_Version, Aktuelle_ORVELSUITE_Version; // captions of the version labels
     bool Online_Help = false;
     std::vector<std::string> Help_Text;
-    std::string File_Mask;
     std::string PSM_File; // file of the open document
     bool PSM_Read_OK = false;
     bool PSM_Changed = false, SZE_Changed = false, CLI_Changed = false;

@@ -1,4 +1,5 @@
 // Reading and writing documents of the session, with the messages when that fails.
+#include "core/code_page.h"
 #include "core/files.h"
 #include "files/climate_file.h"
 #include "files/file_messages.h"
@@ -19,6 +20,15 @@ try {
     return false;
 }
 
+bool Read_PSM(Pesticide_Document& document, const fs::path& file, const Ask_Function& ask)
+try {
+    Parse_PSM(Read_Whole(file), document);
+    return true;
+} catch (const File_Error& error) {
+    Refuse_Document(ask, Path_Text(file), error);
+    return false;
+}
+
 bool Write_PSM(Session& session, const fs::path& file)
 try {
     Write_Whole(file, Format_PSM(session.Pesticide));
@@ -36,6 +46,16 @@ try {
     return true;
 } catch (const File_Error& error) {
     Refuse_Document(session, error);
+    return false;
+}
+
+bool Read_SZE(Scenario_Document& document, const fs::path& file, const Ask_Function& ask)
+try {
+    Reset_SZE(document);
+    Parse_SZE(Read_Whole(file), document);
+    return true;
+} catch (const File_Error& error) {
+    Refuse_Document(ask, Path_Text(file), error);
     return false;
 }
 

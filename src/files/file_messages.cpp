@@ -25,11 +25,15 @@ std::string Place_And_Reason(std::string_view name, const File_Error& error)
     return Located(name, File_Error(To_Code_Page(error.Reason), error.Line, error.Column));
 }
 
+void Refuse_Document(const Ask_Function& ask, std::string_view name, const File_Error& error)
+{
+    Tell(ask, Readin_Check, std::string(name) + std::string(Not_A_Document) + "\n" + Place_And_Reason(name, error));
+}
+
 void Refuse_Document(Session& session, const File_Error& error)
 {
     session.Program.PSM_Read_OK = false;
-    session.Ask({std::string(Readin_Check), session.Program.PSM_File + std::string(Not_A_Document) + "\n" +
-                                                Place_And_Reason(session.Program.PSM_File, error)});
+    Refuse_Document(session.Ask, session.Program.PSM_File, error);
 }
 
 void Refuse_Climate(Session& session, const File_Error& error)

@@ -19,7 +19,9 @@ constexpr std::string_view Saving_Input_File = "Saving Input File";
 std::string Place_And_Reason(std::string_view name, const File_Error& error);
 
 // A file that cannot be read as a pesticide or scenario document; both kinds have the same text. Place and reason stand
-// below it. Sets PSM_Read_OK to false.
+// below it.
+void Refuse_Document(const Ask_Function& ask, std::string_view name, const File_Error& error);
+// The same of the document under edit, PSM_File. Sets PSM_Read_OK to false.
 void Refuse_Document(Session& session, const File_Error& error);
 
 // A climate file that cannot be read.

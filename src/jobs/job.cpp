@@ -8,6 +8,7 @@
 #include "jobs/engine_start.h"
 #include "jobs/job_log.h"
 #include "jobs/job_status.h"
+#include "runs/job_file.h"
 
 #include <chrono>
 #include <map>
@@ -35,7 +36,7 @@ class Job {
 public:
     explicit Job(const fs::path& mode_directory)
         : Directory(mode_directory),
-          Runs(Parse_Job(Read_Whole(Found_Or_New(mode_directory, "orveljob.bat")))),
+          Runs(Parse_Job(Read_Whole(Found_Or_New(mode_directory, Job_File_Name)))),
           Paths(Resolve_Runs(mode_directory, Runs)),
           Log(mode_directory)
     {}

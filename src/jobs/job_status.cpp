@@ -2,14 +2,14 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
-#include "core/locations.h"
 #include "core/numbers.h"
+#include "core/run_name.h"
 #include "core/system/lock.h"
 #include "core/system/rights.h"
 #include "core/system/times.h"
 #include "core/text.h"
-#include "jobs/job.h"
 #include "jobs/job_log.h"
+#include "runs/job_file.h"
 
 #include <algorithm>
 #include <array>
@@ -32,7 +32,7 @@ bool Holds_Error(std::string_view text)
 // The runs that the job file names; none if it cannot be read.
 std::vector<fs::path> Runs_Of_Job(const fs::path& directory)
 try {
-    return Resolve_Runs(directory, Parse_Job(Read_Whole(Found_Or_New(directory, "orveljob.bat"))));
+    return Read_Job_Runs(directory);
 } catch (const File_Error&) {
     return {};
 }
@@ -81,17 +81,16 @@ std::string Left_Text(double seconds)
     return Format_Pattern(seconds / Hour, "0.0") + " h left";
 }
 
-// A list name: the directory's name without its ending ".run" and its encoding.
 std::string List_Name(const std::string& directory)
 {
-    const std::string name = To_Code_Page(directory);
-    return Name_Decode(name.substr(0, name.size() - 4));
+    return Decode_Level(To_Code_Page(directory));
 }
 
-std::vector<std::string> Run_Levels(const fs::path& directory)
+// The crops of a pesticide, or the locations of a crop.
+std::vector<std::string> First_Levels(const fs::path& directory)
 {
     constexpr std::size_t Most = 31;
-    auto names = List_Directories(directory, "*.run");
+    auto names = List_Run_Levels(directory);
     if (names.size() > Most)
         names.resize(Most);
     return names;
@@ -130,21 +129,20 @@ double Years_Done(const fs::path& run, double years)
     return std::clamp(done, 0.0, years);
 }
 
-bool Job_Running(const Session& session, const Mode& mode)
+bool Job_Running(const Program_State& program, const Mode& mode)
 {
-    const fs::path directory = Mode_Directory(session, mode);
+    const fs::path directory = Mode_Directory(program, mode);
     if (!Find_File(directory, mode.Probe_File) || Is_Locked(directory))
         return true;
     return std::ranges::any_of(Runs_Of_Job(directory), Is_Locked);
 }
 
-Job_Progress Progress_Of_Job(const Session& session, const Mode& mode)
+Job_Progress Progress_Of_Job(const fs::path& mode_directory)
 {
-    const fs::path directory = Mode_Directory(session, mode);
-    const Job_History history = Read_Job_Log(directory);
+    const Job_History history = Read_Job_Log(mode_directory);
     Job_Progress progress;
-    for (const auto& run : Runs_Of_Job(directory)) {
-        const auto event = history.Runs.find(run.lexically_relative(directory).string());
+    for (const auto& run : Runs_Of_Job(mode_directory)) {
+        const auto event = history.Runs.find(run.lexically_relative(mode_directory).string());
         Count_Run(run, event == history.Runs.end() ? std::nullopt : std::optional(event->second), progress);
     }
     if (history.Begin > 0 && progress.Years_Done > 0) {
@@ -200,22 +198,23 @@ bool Echo_Holds_Error(const fs::path& run)
     return Holds_Error(Read_Tail(Found_Or_New(run, "echo.orv"), Tail));
 }
 
-std::vector<Simulation> Simulation_List(const Session& session, const Mode& mode)
+std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
 {
     std::vector<Simulation> simulations;
-    const fs::path root = Mode_Directory(session, mode);
-    const Job_History history = Read_Job_Log(root);
-    const std::time_t end_of_log = Last_Change(root / Job_Log_Name); // a run marked anew behind it is none of the log's
-    for (const auto& pesticide : List_Directories(root, "*.run")) {
-        for (const auto& crop : Run_Levels(root / pesticide)) {
-            for (const auto& location : Run_Levels(root / pesticide / crop)) {
-                auto& simulation = simulations.emplace_back(Look_At(root / pesticide / crop / location));
+    const Job_History history = Read_Job_Log(mode_directory);
+    const std::time_t end_of_log =
+        Last_Change(mode_directory / Job_Log_Name); // the log knows nothing of a run marked later
+    for (const auto& pesticide : List_Run_Levels(mode_directory)) {
+        for (const auto& crop : First_Levels(mode_directory / pesticide)) {
+            for (const auto& location : First_Levels(mode_directory / pesticide / crop)) {
+                auto& simulation = simulations.emplace_back(Look_At(mode_directory / pesticide / crop / location));
                 simulation.Pesticide = List_Name(pesticide);
                 simulation.Crop = List_Name(crop);
                 simulation.Location = List_Name(location);
                 const bool marked_since = simulation.Status == Run_Status::Scheduled && simulation.Date > end_of_log;
                 if (simulation.Status != Run_Status::Running && !marked_since)
-                    simulation.Result = Result_With_Log(simulation.Result, history, root, simulation.Directory);
+                    simulation.Result =
+                        Result_With_Log(simulation.Result, history, mode_directory, simulation.Directory);
             }
         }
     }

@@ -36,7 +36,7 @@ int Do_Text(const std::vector<Summary_Request>& requests, const std::string& fil
 
 int Do_Report(Session& session, const Report_Arguments& arguments)
 {
-    Find_Engine(session);
+    Find_Engine(session.Program);
     const auto requests = Request_Summaries(session, *Mode_Named(arguments.Mode), Bytes_Of(arguments.Stem),
                                             Bytes_Of(arguments.Crop), Codes_In(arguments.Codes));
     if (arguments.File.empty())

@@ -116,7 +116,7 @@ void Add_Start(CLI::App& app, Command& command)
 
 int Do_Status(const Session& session, const Mode& mode, bool json)
 {
-    const auto simulations = Simulation_List(session, mode);
+    const auto simulations = Simulation_List(Mode_Directory(session.Program, mode));
     std::cout << (json ? Simulation_Json(simulations) : To_Utf8(Simulation_Lines(simulations)));
     return std::cout.flush() ? Done : Refused;
 }

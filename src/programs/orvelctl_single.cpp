@@ -1,8 +1,9 @@
 #include "programs/orvelctl_single.h"
 
 #include "files/scenario_file.h"
+#include "jobs/single_run_archive.h"
+#include "jobs/single_run_start.h"
 #include "output/echo_file.h"
-#include "runs/single_run.h"
 #include "runs/start_up.h"
 
 #include "core/files.h"
@@ -68,17 +69,17 @@ int Do_Single(Session& session, const Single_Options& options)
 {
     const auto directory = std::filesystem::current_path();
     const Single_Run_Entry entry = Entry_Of(options);
-    Find_Engine(session);
+    Find_Engine(session.Program);
     if (Find_File(directory, Path_Of(entry.Scenario)) &&
         !Read_SZE(session, Found_Or_New(directory, Path_Of(entry.Scenario))))
         return Refused;
-    if (const auto refusal = Check_Single_Run(session, directory, entry)) {
+    if (const auto refusal = Check_Single_Run(directory, entry, session.Scenario.SZE_Horizons.Number())) {
         session.Ask(refusal->Text);
         return Refused;
     }
     if (Has_Output(directory) && Find_File(directory, "orvel.inp")) {
         const std::string archive = Free_Archive_Name(directory);
-        if (!Archive_Run(session, directory, archive))
+        if (!Archive_Run(session.Ask, directory, archive))
             return Refused;
         std::cerr << "Earlier output is in " << archive << ".\n";
     }

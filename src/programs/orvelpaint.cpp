@@ -45,7 +45,7 @@ void Paint_Series(Session& session, const Arguments& arguments)
 
 void Paint_Report(Session& session, const Arguments& arguments)
 {
-    Find_Engine(session);
+    Find_Engine(session.Program);
     const auto bytes = [](const std::string& text) { return From_Utf8(text).value_or(""); };
     const auto requests = Request_Summaries(session, *Mode_Named(arguments[1]), bytes(arguments[2]),
                                             bytes(arguments[3]), Codes_In(arguments[4]));

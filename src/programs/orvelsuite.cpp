@@ -22,7 +22,7 @@ int main(int argc, char** argv)
         std::cerr << "ORVELSUITE cannot write in " << session->Program.App_Path.string() << ".\n";
         return 1;
     }
-    Check_Decimal_Separator(*session, General_Text(3.5)); // numbers are printed without regard to the locale
+    Check_Decimal_Separator(session->Ask, General_Text(3.5)); // numbers are printed without regard to the locale
     Start start(*session);
     start.show();
     return QApplication::exec();

@@ -3,6 +3,7 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/locations.h"
+#include "core/run_name.h"
 #include "core/text.h"
 #include "jobs/run_tree.h"
 #include "output/run_files.h"
@@ -16,7 +17,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Directory_End = ".run";
 constexpr std::string_view All_Crops = "all";
 constexpr std::size_t Name_Width = 17;
 constexpr std::size_t Most_Padding = 10;
@@ -27,7 +27,7 @@ constexpr std::string_view Output_Problem = "Problem with output files. Probably
 // The directory of the next level: its name encodes the text.
 fs::path Level(const fs::path& above, std::string_view text)
 {
-    const auto found = Find_File(above, Path_Of(Name_Encode(std::string(text).append(Directory_End))));
+    const auto found = Find_File(above, Path_Of(Encode_Level(text)));
     if (!found || !fs::is_directory(*found))
         throw File_Error("There are no simulations of " + To_Utf8(text) + " in " + above.string() + ".");
     return *found;
@@ -51,14 +51,11 @@ std::string Short_Name(std::string_view text)
 
 Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop)
 {
-    const auto directory = Level(Level(Mode_Directory(session, mode), stem), crop);
+    const auto directory = Level(Level(Mode_Directory(session.Program, mode), stem), crop);
     Summary_Request request{
         session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}};
-    for (const auto& name : List_Directories(directory, "*" + std::string(Directory_End))) {
-        const auto text = To_Code_Page(name);
-        request.Locations.push_back(
-            {Name_Decode(text.substr(0, text.size() - Directory_End.size())), directory / name});
-    }
+    for (const auto& name : List_Run_Levels(directory))
+        request.Locations.push_back({Decode_Level(To_Code_Page(name)), directory / name});
     if (!request.Locations.empty())
         request.Date = Date_Of_Simulation(request.Locations.front().Directory);
     request.Absent = Absent_Locations(session, mode, crop, request.Locations);
@@ -68,7 +65,7 @@ Summary_Request Request_Summary(const Session& session, const Mode& mode, std::s
 std::vector<std::string> Crops_Of_Runs(const Session& session, const Mode& mode, std::string_view stem)
 {
     std::vector<std::string> crops;
-    for (const auto& entry : Run_Entries(Level(Mode_Directory(session, mode), stem)))
+    for (const auto& entry : Run_Entries(Level(Mode_Directory(session.Program, mode), stem)))
         crops.push_back(entry.Name);
     if (crops.empty())
         throw File_Error("There are no simulations of " + To_Utf8(stem) + ".");
@@ -125,10 +122,7 @@ std::vector<std::string> Absent_Locations(const Session& session, const Mode& mo
                                           const std::vector<Summary_Location>& run)
 {
     std::vector<std::string> absent;
-    const auto index = Crop_Index(crop);
-    if (!index)
-        return absent;
-    for (const auto& text : Locations_Of_Crop(session, mode, *index)) {
+    for (const auto& text : Locations_Of_Crop(session.Program, mode, Crop_Named(crop))) {
         if (std::ranges::find(run, text, &Summary_Location::Text) == run.end())
             absent.push_back(text);
     }

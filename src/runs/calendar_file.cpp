@@ -28,7 +28,7 @@ std::filesystem::path Calendar_File(const Session& session, const std::filesyste
             if (Lies_In(below.empty() ? run_directory : below, Mode_Of(other).Directory))
                 kind = other;
         }
-        directory = Mode_Directory(session, Mode_Of(kind));
+        directory = Mode_Directory(session.Program, Mode_Of(kind));
     }
     return Found_Or_New(directory, "datum.dat");
 }

@@ -92,18 +92,17 @@ void Refuse_Old_Output(const fs::path& place)
                           "\r\n\r\n");
 }
 
-Run_Sources Sources_Of_Run(const Session& session, const Mode& mode, const Run_Choice& choice)
+Run_Sources Sources_Of_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice)
 {
-    const fs::path& installation = session.Program.App_Path;
-    const fs::path directory = Mode_Directory(session, mode);
-    const std::string last =
-        mode.Last_Copy.empty() ? Scenario_Name(mode, choice.Crop, choice.Location) : std::string(mode.Last_Copy);
+    const fs::path& installation = program.App_Path;
+    const fs::path directory = Mode_Directory(program, mode);
+    const std::string last = mode.Last_Copy.empty() ? choice.Scenario : std::string(mode.Last_Copy);
     return {.Pesticide = Found_Or_New(installation, Path_Of(choice.Pesticide)),
-            .Engine = Found_Or_New(installation, Path_Of(session.Program.Engine_Exe)),
+            .Engine = Found_Or_New(installation, Path_Of(program.Engine_Exe)),
             .Haude = Found_Or_New(installation, "Haude.dat"),
             .Run_Control = Found_Or_New(directory, "orvel.inp"),
             .Last = Found_Or_New(directory, Path_Of(last)),
-            .Engine_Name = session.Program.Engine_Exe,
+            .Engine_Name = program.Engine_Exe,
             .Last_Stage = mode.Last_Copy_Stage};
 }
 

@@ -1,6 +1,6 @@
 #include "tables/utilities.h"
 
-#include "core/files.h"
+#include "core/run_name.h"
 
 #include <array>
 
@@ -18,7 +18,7 @@ bool Is_Of_A_Batch(const std::filesystem::path& directory)
 {
     // With its name, also where it was given as ".".
     const auto place = std::filesystem::absolute(directory / "").lexically_normal().parent_path();
-    return Matches(place.filename().string(), "*.run");
+    return Is_Run_Level(place.filename().string());
 }
 
 } // namespace orvel

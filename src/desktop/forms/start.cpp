@@ -185,14 +185,14 @@ void Start::changeEvent(QEvent* event)
 // Makes the shipped scenario and climate files read-only, unless the file of the version (c_apples.sze) already is.
 void Start::Activate()
 {
-    if (Protected_In_Vain || Files_Protected(The_Session))
+    if (Protected_In_Vain || Files_Protected(The_Session.Program))
         return;
     const Hourglass waiting;
     const QSize before = size();
     Nachricht->show();
-    Protected_In_Vain = !Protect_Files(The_Session, [](int, int) {
+    Protected_In_Vain = !Protect_Files(The_Session.Program, The_Session.Ask, [](int, int) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    }) || !Files_Protected(The_Session);
+    }) || !Files_Protected(The_Session.Program);
     Nachricht->hide();
     layout()->activate();
     resize(before);
@@ -215,8 +215,7 @@ bool Start::eventFilter(QObject* watched, QEvent* event)
 
 void Start::Open_Documents(const std::string& mask, const QString& caption, const std::filesystem::path& directory)
 {
-    The_Session.Program.File_Mask = mask;
-    Form_PSM_Open open(The_Session, directory, this);
+    Form_PSM_Open open(The_Session, mask, directory, this);
     open.setWindowTitle(caption);
     open.exec();
 }
@@ -253,13 +252,13 @@ void Start::Open_FOCUS()
 
 void Start::Open_EFSA()
 {
-    if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa)))
+    if (Mode_Available(The_Session.Program, The_Session.Ask, Mode_Of(Mode_Kind::Efsa)))
         Open_Runs(Mode_Kind::Efsa);
 }
 
 void Start::Open_EFSA_T4()
 {
-    if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa_T4)))
+    if (Mode_Available(The_Session.Program, The_Session.Ask, Mode_Of(Mode_Kind::Efsa_T4)))
         Open_Runs(Mode_Kind::Efsa_T4);
 }
 

@@ -14,9 +14,11 @@
 
 namespace orvel {
 
-Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent)
+Form_PSM_Open::Form_PSM_Open(Session& session, std::string mask, const std::filesystem::path& directory,
+                             QWidget* parent)
     : QDialog(parent),
-      The_Session(session)
+      The_Session(session),
+      Mask(std::move(mask))
 {
     setObjectName("Form_PSM_Open");
     setWindowTitle("Open PSM file");
@@ -26,7 +28,7 @@ Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& dire
 
 void Form_PSM_Open::Lay_Out(const std::filesystem::path& directory)
 {
-    Files = new Directory_Files(directory, The_Session.Program.File_Mask);
+    Files = new Directory_Files(directory, Mask);
     connect(Files, &Directory_Files::File_Double_Clicked, this, &Form_PSM_Open::Open_File);
 
     auto* search = Named(new QLineEdit, "FileSearch");
@@ -67,7 +69,7 @@ void Form_PSM_Open::Open_File()
 
 void Form_PSM_Open::Open_New()
 {
-    const auto kind = Kind_Of(The_Session.Program.File_Mask).value_or(Document_Kind::Climate);
+    const auto kind = Kind_Of(Mask).value_or(Document_Kind::Climate);
     New_Document(The_Session, kind);
     Edit_Document(The_Session, kind, Files->Directory(), this);
     Files->Refresh(The_Session.Program.PSM_File);

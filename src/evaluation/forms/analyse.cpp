@@ -65,7 +65,8 @@ Analyse::Analyse(Session& session, const Mode& mode, QWidget* parent)
     setObjectName(Name_Of(mode));
     setWindowTitle("Evaluation of Simulation");
     Lay_Out();
-    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session, The_Mode), The_Session.Run.Last_Simulation.Pesticide);
+    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session.Program, The_Mode),
+         The_Session.Run.Last_Simulation.Pesticide);
     Pestizidverzeichnis_Click();
 }
 
@@ -133,7 +134,8 @@ void Analyse::Liste_Click()
 {
     Simulationsliste list(The_Session, The_Mode, this);
     list.exec();
-    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session, The_Mode), The_Session.Run.Last_Simulation.Pesticide);
+    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session.Program, The_Mode),
+         The_Session.Run.Last_Simulation.Pesticide);
     if (list.Chosen().empty())
         return Pestizidverzeichnis_Click();
     Select(list.Chosen());

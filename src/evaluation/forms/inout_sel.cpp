@@ -2,8 +2,8 @@
 
 #include "core/files.h"
 #include "evaluation/forms/series_choice.h"
+#include "jobs/start_batch.h"
 #include "output/echo_file.h"
-#include "runs/batch.h"
 #include "runs/calendar_file.h"
 #include "tables/forms/text_viewer.h"
 #include "ui/forms/widgets.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "jobs/forms/run_windows.h"
-#include "runs/batch.h"
+#include "runs/selection.h"
 
 #include <array>
 #include <QDialog>
@@ -54,6 +54,7 @@ private:
     void Show_Output_Option();
     void Ausgabe_Click(int option);
     Run_Choice Choice() const;
+    std::filesystem::path Directory() const;
 
     void Mark();
     void Mark_All_Locations();
@@ -66,6 +67,7 @@ private:
     void Evaluation();
     void Edit_Pesticide();
     void Edit_Scenario();
+    void Edit(const std::filesystem::path& document);
     void Delete_Selected();
     bool Key(int key);
 
@@ -76,7 +78,6 @@ private:
     Help_Assistant* Assistant = nullptr;
     int Crop_Step = 0;
     bool First_Open = true;
-    std::string Last_PSM;
     int Irregular_Years = 26;
     double Kept_Number = 0;
 

@@ -3,6 +3,8 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "documents/forms/edit_document.h"
+#include "jobs/single_run_archive.h"
+#include "jobs/single_run_start.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/output_selection.h"
 #include "ui/forms/widgets.h"
@@ -49,7 +51,8 @@ form_end::form_end(Session& session, Run_Windows windows, QWidget* parent)
     setWindowTitle("Parameters for Simulation");
     Lay_Out();
     Refresh_Files();
-    Load(Restore_Single_Run(The_Session, Directory));
+    Restore_Single_Run(Directory, The_Session.Run.Single, The_Session.Output);
+    Load(Entry_Of_Settings(The_Session.Run.Single));
     connect(&Timer1, &QTimer::timeout, this, &form_end::Show_State);
     Timer1.start(State_Interval);
     Show_State();
@@ -162,7 +165,7 @@ void form_end::Start()
     if (Has_Output(Directory) && The_Session.Ask(question) == Button::Yes)
         return Open_Archive();
     const Single_Run_Entry entry = Entry();
-    if (const auto refusal = Check_Single_Run(The_Session, Directory, entry))
+    if (const auto refusal = Check_Single_Run(Directory, entry, The_Session.Scenario.SZE_Horizons.Number()))
         return Refuse(*refusal);
     Start_Single_Run(The_Session, Directory, entry);
     Show_State();
@@ -188,7 +191,7 @@ void form_end::Move_To_Archive()
 {
     const Hourglass waiting;
     const bool has_output = Has_Output(Directory);
-    Archive_Run(The_Session, Directory, Bytes_Of(Text1->text()));
+    Archive_Run(The_Session.Ask, Directory, Bytes_Of(Text1->text()));
     if (has_output)
         Close_Archive();
 }

@@ -102,7 +102,6 @@ protected:
     {
         The_Session.Program.App_Path = Installation();
         Start_Up(The_Session);
-        The_Session.Program.File_Mask = "*.psm";
         Parse_PSM(Read_Whole(Installation() / "demo_D.psm"), The_Session.Pesticide);
         Reset_SZE(The_Session.Scenario);
         Parse_SZE(Read_Whole(Installation() / "focus/H_wcerea.sze"), The_Session.Scenario);
@@ -177,7 +176,7 @@ std::vector<Opened_Window> Windows_Test::All() const
                          .Column = 1,
                          .Item = "Percolate at 100.0 cm ",
                          .Request = {.Variable = 3, .Cumulative = true, .From = {1, 1}, .To = {12, 3}}}),
-        Plain<Form_PSM_Open>("form_psm_open", Installation()),
+        Plain<Form_PSM_Open>("form_psm_open", "*.psm", Installation()),
         Plain<Form_PSM_1>("form_psm_1", Installation()),
         Plain_Transformation("deg_dat_active_substance", 1),
         Plain_Transformation("deg_dat_metabolite", 6),

@@ -16,8 +16,7 @@ protected:
     void Open(const std::string& mask = "*.psm", const std::string& directory = {})
     {
         The_Session.Program.App_Path = Place.Path();
-        The_Session.Program.File_Mask = mask;
-        Form = std::make_unique<Form_PSM_Open>(The_Session, Place.Path() / directory);
+        Form = std::make_unique<Form_PSM_Open>(The_Session, mask, Place.Path() / directory);
         Form->show();
     }
 

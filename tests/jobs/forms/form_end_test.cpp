@@ -1,5 +1,6 @@
 #include "jobs/forms/form_end.h"
 
+#include "jobs/single_run_start.h"
 #include "small_installation.h"
 #include "window_test.h"
 

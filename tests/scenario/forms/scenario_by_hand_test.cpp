@@ -5,6 +5,7 @@
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "jobs/job_status.h"
+#include "jobs/single_run_start.h"
 #include "runs/start_up.h"
 #include "scenario/forms/klima.h"
 #include "scenario/forms/szenario.h"
@@ -150,7 +151,7 @@ TEST_F(Scenario_By_Hand, Two_Crops_Saved_As_An_Individual_File_Are_Simulated_As_
     ASSERT_TRUE(The_User.Messages.empty()) << The_User.Messages[0].Text;
     const auto run = Installation() / "focus/demo_D.run/Individual_-_crop.run/Hamburg_-_(H).run";
     ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return !Job_Running(The_Session, Mode_Of(Mode_Kind::Focus)) && fs::exists(run / "echo.orv"); },
+        [&] { return !Job_Running(The_Session.Program, Mode_Of(Mode_Kind::Focus)) && fs::exists(run / "echo.orv"); },
         Most_Waiting));
 
     const std::string echo = Read_Whole(run / "echo.orv");
