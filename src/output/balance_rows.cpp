@@ -62,7 +62,7 @@ double Value_At(Line_Scanner& file, const Anchor& anchor, Span span)
     return file.Find(anchor) ? Number(file, span) : 0;
 }
 
-// The sum of a table's column from the line `below` the one at hand up to the line with `end`.
+// The sum of a table's column: it begins `below` lines further down and ends before the line with `end`.
 double Sum_Of_Rows(Line_Scanner& file, int below, const Anchor& end, Span span)
 {
     double sum = 0;

@@ -81,7 +81,7 @@ bool Line_Scanner::Fill(std::size_t& keep)
     return !Ended;
 }
 
-// What stands behind a line's first Largest_Line bytes is passed over.
+// Skips the rest of a line that is longer than Largest_Line.
 void Line_Scanner::Drop_Cut_Line()
 {
     if (Cut)
@@ -114,7 +114,7 @@ bool Line_Scanner::Next()
     Rest = end ? stop + 1 : Line_First + Line_Size;
     if (Line_Size > 0 && Buffer[Line_First + Line_Size - 1] == '\r')
         --Line_Size;
-    // One byte ahead is always known, so that the end of the file is known with its last line.
+    // Reads one byte ahead, so that At_End is right on the last line.
     if (!Cut && Rest == End)
         Fill(Line_First);
     return true;

@@ -11,13 +11,12 @@
 
 namespace orvel {
 
-// Engine files run to hundreds of megabytes: they are read once, through one window, and searched for the texts that
-// mark what is wanted.
+// Engine files run to hundreds of megabytes: they are read once, through one window, and searched for marking texts.
 
 constexpr std::size_t Scan_Window = 512U << 10U;
 constexpr std::size_t Largest_Line = 512U << 10U; // a longer line is cut
 
-// A text that marks a line, wherever in it the text stands; the case counts. It is searched by its rarest letter.
+// A text anywhere in a line that marks it, case-sensitive. It is searched by its rarest letter.
 class Anchor {
 public:
     constexpr explicit Anchor(std::string_view text) : Text(text), Rare(Rarest(text)) {}
@@ -43,8 +42,7 @@ private:
     std::size_t Rare;
 };
 
-// Walks forward over the lines of a file, which end in CR LF or LF. Where the window's borders fall makes no
-// difference.
+// Walks forward over the lines of a file, which end in CR LF or LF.
 class Line_Scanner {
 public:
     // Throws File_Error if the file cannot be opened; so do the functions below if it cannot be read.
@@ -67,7 +65,7 @@ public:
 
 private:
     explicit Line_Scanner(std::size_t window);
-    bool Fill(std::size_t& keep); // gets more bytes behind those from `keep` on
+    bool Fill(std::size_t& keep); // reads more bytes, keeping those from `keep` on
     std::size_t Read_Some(char* to, std::size_t most);
     void Drop_Cut_Line();
 

@@ -86,7 +86,7 @@ std::vector<int> Substances_Of_Rows(std::string_view run_control)
 {
     Line_Reader lines(run_control);
     lines.Skip(static_cast<int>(std::clamp(Val(Columns(lines.Next(), 1, Years_Width)), 0.0, 999.0)) + 2);
-    lines.Next(); // the counts; the rows of the profile are more than the first of them
+    lines.Next(); // the counts: the first of them leaves out the rows of the profile
     std::vector<int> substances;
     while (!lines.At_End())
         substances.push_back(

@@ -17,11 +17,11 @@ struct Pesticide_Balance_Row { // g/ha; Application is the formation of a metabo
            Diff_Storage = 0;
 };
 
-// Where the leachate is looked at.
+// The two depths of the leachate tables.
 enum class Depth { One_Metre, Core_Bottom };
 constexpr std::array<Depth, 2> Depths = {Depth::One_Metre, Depth::Core_Bottom};
 
-constexpr int Warm_Up_Years = 6; // at the begin of a simulation; they are not evaluated
+constexpr int Warm_Up_Years = 6; // at the start of a simulation, not evaluated
 
 // Concentrations in the top layers of the soil: the actual maximum, and the maxima of averages over windows of days.
 constexpr std::array<int, 11> TWA_Window = {0, 1, 2, 4, 7, 14, 21, 28, 42, 56, 100}; // days; 0 is the actual maximum

@@ -21,7 +21,7 @@ std::string Date_Text(const Run_Day& day)
     return std::to_string(day.Day) + "." + std::to_string(day.Month) + "." + std::to_string(day.Year);
 }
 
-// A number that fills its column but for blanks.
+// The number of a column that holds nothing else but blanks.
 std::optional<double> Number_In(std::string_view column)
 {
     const auto text = Trim(column);

@@ -8,7 +8,7 @@
 
 namespace orvel {
 
-// The daily diagram's series: one column of the engine's time series over a span of months.
+// The series of the daily diagram: one column of plot.orv over a span of months.
 
 struct Run_Month {
     int Month = 1, Year = 1;
@@ -17,7 +17,7 @@ struct Run_Month {
 
 struct Daily_Request {
     int Variable = 1;        // 1 to 28 of the output variables
-    bool Cumulative = false; // matters to flows only
+    bool Cumulative = false; // ignored for states
     Run_Month From, To;
 };
 
