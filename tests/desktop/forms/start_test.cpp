@@ -103,7 +103,7 @@ TEST_F(Start_Test, Every_Button_Opens_Its_Form_Over_Itself)
         std::filesystem::create_directories((Place / name).parent_path());
         Write_Whole(Place / name, "DEM 3 demonstration data\r\n");
     }
-    for (const char* name : {"a.cli", "focus/a.cli"})
+    for (const char* name : {"a.psm", "a.sze", "a.cli", "focus/a.psm", "focus/a.sze", "focus/a.cli"})
         Write_Whole(Place / name, "Title\r\n");
     Open();
     struct Way {
