@@ -3,6 +3,7 @@
 #include "core/files.h"
 #include "floors/spawn_and_write.h"
 #include "jobs/job.h"
+#include "runs/job_file.h"
 
 #include <algorithm>
 #include <chrono>

@@ -5,6 +5,7 @@
 #include "engine/output/solute_report.h"
 #include "engine/output/water_report.h"
 #include "engine/setup/input.h"
+#include "engine/solute/solute.h"
 #include "engine/water/heat.h"
 
 #include <filesystem>

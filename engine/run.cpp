@@ -1,14 +1,18 @@
+// The engine: reads the input of a run directory, simulates day by day and writes the output there.
 #include "core/files.h"
+#include "core/system/signals.h"
+#include "core/system/terminal.h"
 #include "core/text.h"
+#include "core/version.h"
 #include "engine/daily_loop.h"
 #include "engine/output/echo.h"
+#include "engine/output/figures.h"
+#include "engine/output/titles.h"
 
 #include <array>
-#include <csignal>
 #include <cstdio>
 #include <new>
 #include <optional>
-#include <unistd.h>
 
 namespace orvel::engine {
 
@@ -16,7 +20,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Usage = "usage: orvel401.exe [--version] [--check] [--dir DIRECTORY]\n";
+void Print_Usage(std::FILE* to)
+{
+    const std::string usage = "usage: " + std::string(Engine_File_Name) + " [--version] [--check] [--dir DIRECTORY]\n";
+    std::fputs(usage.c_str(), to);
+}
 
 struct Options {
     bool Check_Only = false;
@@ -31,11 +39,11 @@ std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
     for (int i = 1; i < count; ++i) {
         const std::string_view argument = arguments[i];
         if (argument == "--version") {
-            std::fputs("ORVEL engine 4.01\n", stdout);
+            std::puts(Engine_Title().c_str());
             return std::nullopt;
         }
         if (argument == "--help") {
-            std::fputs(Usage.data(), stdout);
+            Print_Usage(stdout);
             return std::nullopt;
         }
         if (argument == "--check") {
@@ -43,7 +51,7 @@ std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
         } else if (argument == "--dir" && i + 1 < count) {
             options.Directory = arguments[++i];
         } else {
-            std::fputs(Usage.data(), stderr);
+            Print_Usage(stderr);
             code = Exit_Refused;
             return std::nullopt;
         }
@@ -85,12 +93,6 @@ File_Source Files_In(const fs::path& directory)
     };
 }
 
-// The line of error 99 stays in the echo.
-void Stop_From_Outside(int)
-{
-    ::_exit(Exit_Failed);
-}
-
 void Put_Closures(std::string& text, const std::vector<Daily_Loop::Year_Closure>& closures)
 {
     text += " CLOSURE BY YEAR: WATER (CM), SUBSTANCES AND MOLES (RELATIVE TO THE INPUT)\r\n";
@@ -106,7 +108,7 @@ void Put_Closures(std::string& text, const std::vector<Daily_Loop::Year_Closure>
 // A line a year; on a terminal the percent of the year as well, on the same line.
 void Tell_Progress(int year, int years, int percent)
 {
-    static const bool terminal = ::isatty(STDOUT_FILENO) == 1;
+    static const bool terminal = Output_Is_Terminal();
     if (percent == 100)
         std::printf(terminal ? "\rYEAR %d OF %d      \n" : "YEAR %d OF %d\n", year, years);
     else if (terminal)
@@ -179,10 +181,8 @@ int Run(const Options& options)
 int main(int count, char** arguments)
 {
     using namespace orvel::engine;
-    for (const int number : {SIGINT, SIGTERM, SIGHUP})
-        std::signal(number, Stop_From_Outside);
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN); // a file that grows too large fails as a full disk does
+    orvel::Exit_When_Stopped(Exit_Failed); // the line of error 99 stays in the echo
+    orvel::Report_Failed_Writes();
     int code = Exit_Complete;
     const auto options = Read_Arguments(count, arguments, code);
     return options ? Run(*options) : code;

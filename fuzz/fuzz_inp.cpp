@@ -4,7 +4,6 @@
 #include "runs/run_control.h"
 
 #include <algorithm>
-#include <memory>
 
 namespace orvel {
 
@@ -16,13 +15,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Tillage_List_Index(Mode_Of(kind), restored.Till_Depth);
         Crop_Of_Part(Mode_Of(kind), restored.Code, restored.Crop_Part);
     }
-    const auto session = std::make_unique<Session>();
-    Parse_Single_Run(*session, bytes);
-    for (auto& slot : session->Output)
+    auto control = Parse_Single_Run(bytes);
+    for (auto& slot : control.Output)
         slot.Out_Var = std::max<std::int16_t>(slot.Out_Var, 1); // a gap among the slots loses the last one by layout
-    const std::string printed = Format_Single_Run(*session);
-    Parse_Single_Run(*session, printed);
-    Demand_Same(Format_Single_Run(*session), printed);
+    const std::string printed = Format_Single_Run(control.Settings, control.Output);
+    const auto again = Parse_Single_Run(printed, control);
+    Demand_Same(Format_Single_Run(again.Settings, again.Output), printed);
     return 0;
 }
 

@@ -1,9 +1,9 @@
 // Any bytes as a job file and as a job's log; runs that were read are printed and read again.
 #include "core/code_page.h"
 #include "core/error.h"
-#include "jobs/job.h"
 #include "jobs/job_log.h"
 #include "round_trip.h"
+#include "runs/job_file.h"
 
 namespace orvel {
 

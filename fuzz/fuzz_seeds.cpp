@@ -3,8 +3,8 @@
 #include "engine/engine_case.h"
 #include "files/pesticide_example.h"
 #include "files/scenario_example.h"
-#include "jobs/job.h"
 #include "output/engine_files.h"
+#include "runs/job_file.h"
 
 #include <filesystem>
 #include <iostream>

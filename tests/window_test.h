@@ -84,8 +84,12 @@ inline void In_Modal(std::function<void(QWidget&)> use)
     QTimer::singleShot(0, [use = std::move(use)] {
         QPointer<QWidget> form = QApplication::activeModalWidget();
         if (!form)
-            throw std::runtime_error("no modal window");
-        use(*form);
+            return ADD_FAILURE() << "no modal window";
+        try { // no exception may leave a handler of Qt
+            use(*form);
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what();
+        }
         if (form)
             form->close();
     });

@@ -16,18 +16,9 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr int Numbers_First = 8;
-constexpr int Number_Width = 10;
 constexpr double Missing_Humidity = 70;
 constexpr double Temperature_14_Share = 0.42; // of the daily difference above the mean
 constexpr double Midday = 14;
-
-enum Field { Rain, Evaporation, Temperature_14, Temperature, Difference, Humidity, Radiation };
-
-bool Is_Blank(std::string_view line, Field field)
-{
-    return Trim(Columns(line, static_cast<std::size_t>(Numbers_First + Number_Width * field), Number_Width)).empty();
-}
 
 // A row of the file; what is blank is nothing.
 struct Row {
@@ -71,17 +62,14 @@ bool Is_Number(std::string_view text)
     return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
 }
 
-std::vector<Row> Read_Rows(std::string_view bytes, const Climate_Table& table, Reader& reader)
+std::vector<Row> Read_Rows(const Climate_Table& table, Reader& reader)
 {
-    const auto lines = Split_Lines(bytes);
     std::vector<Row> rows;
     rows.reserve(table.Rows.size());
-    for (std::size_t n = 0; n < table.Rows.size() && n + 1 < lines.size(); ++n) {
-        const Climate_Row& from = table.Rows[n];
-        const auto line = lines[n + 1];
-        const int number = static_cast<int>(n) + 2;
-        const auto day_text = Trim(from.Cli_Day);
-        if (day_text.empty() || day_text == "0" || day_text == "00")
+    int number = 1; // of the title's line
+    for (const Climate_Row& from : table.Rows) {
+        ++number;
+        if (Is_Left_Out(from))
             continue;
         Row row;
         row.Line = number;
@@ -90,21 +78,18 @@ std::vector<Row> Read_Rows(std::string_view bytes, const Climate_Table& table, R
         row.Year = static_cast<int>(Val(from.Cli_Year));
         const bool date = Is_Number(from.Cli_Day) && Is_Number(from.Cli_Month) && row.Month >= 1 && row.Month <= 12 &&
                           row.Day <= Days_Of_Month(row.Month) + (row.Month == 2 ? 1 : 0);
-        if (!date || Is_Blank(line, Temperature) || Is_Blank(line, Rain)) {
+        if (!date || !from.Cli_Temp_Mean || !from.Cli_Rain) {
             reader.Error(Fault::Climate_Unreadable, number, date ? "RAIN OR TEMPERATURE MISSING" : "NO DATE");
             continue;
         }
         row.Hour = Val(from.Cli_Hour);
-        row.Rain = from.Cli_Rain;
-        row.Temperature = from.Cli_Temp_Mean;
-        const auto present = [&line](Field field, double value) {
-            return Is_Blank(line, field) ? std::nullopt : std::optional(value);
-        };
-        row.Evaporation = present(Evaporation, from.Cli_Evap);
-        row.Temperature_14 = present(Temperature_14, from.Cli_Temp_14);
-        row.Difference = present(Difference, from.Cli_Temp_Diff);
-        row.Humidity = present(Humidity, from.Cli_Rel_Hum);
-        row.Radiation = present(Radiation, from.Cli_Radiation);
+        row.Rain = *from.Cli_Rain;
+        row.Temperature = *from.Cli_Temp_Mean;
+        row.Evaporation = from.Cli_Evap;
+        row.Temperature_14 = from.Cli_Temp_14;
+        row.Difference = from.Cli_Temp_Diff;
+        row.Humidity = from.Cli_Rel_Hum;
+        row.Radiation = from.Cli_Radiation;
         reader.Check(row);
         rows.push_back(row);
     }
@@ -171,7 +156,7 @@ std::vector<Climate_Day> Read_Climate_Days(std::string_view bytes, std::string_v
         return {};
     }
     title = table.Cli_Title;
-    const std::vector<Row> rows = Read_Rows(bytes, table, reader);
+    const std::vector<Row> rows = Read_Rows(table, reader);
     std::vector<Climate_Day> days;
     for (std::size_t first = 0; first < rows.size();) {
         const Row& row = rows[first];

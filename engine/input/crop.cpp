@@ -34,8 +34,11 @@ Row_Dates Dates_Of(const Rotation_Row& row)
     dates.Emergence = {row.SZE_Eme_Year, row.SZE_Eme_Month, row.SZE_Eme_Day};
     dates.Maturation = {row.SZE_Mat_Year, row.SZE_Mat_Month, row.SZE_Mat_Day};
     dates.Harvest = {row.SZE_Har_Year, row.SZE_Har_Month, row.SZE_Har_Day};
-    dates.Senescence = {row.SZE_Sen_Year, static_cast<int>(row.SZE_Sen_Month.Number()),
-                        static_cast<int>(row.SZE_Sen_Day.Number())};
+    if (const auto& in_file = row.SZE_Sen_In_File)
+        dates.Senescence = {in_file->Year, in_file->Month, in_file->Day};
+    else
+        dates.Senescence = {row.SZE_Sen_Year, static_cast<int>(row.SZE_Sen_Month.Number()),
+                            static_cast<int>(row.SZE_Sen_Day.Number())};
     dates.Tillage = {row.SZE_Til_Year, row.SZE_Til_Month, row.SZE_Til_Day};
     if (dates.Tillage.Month == 0 && dates.Tillage.Day > 0) { // a derived date may fall into the month before January
         dates.Tillage.Month = 12;
@@ -190,26 +193,6 @@ std::vector<Crop_Period> Build_Rotation(const Scenario_Document& scenario, const
                                         Findings& findings)
 {
     return Rotation_Builder(scenario, dates, last_day, findings).Build();
-}
-
-void Restore_Senescence(std::string_view bytes, Scenario_Document& document)
-{
-    const auto lines = Split_Lines(bytes);
-    if (lines.size() < 5 || lines[1].find("ORVEL401") == std::string_view::npos)
-        return;
-    const std::size_t head = document.SZE_Erosion == 1 ? 5 : 4; // title, settings, erosion and its values, crop count
-    const std::size_t first = head + document.Crops.size() + 1;
-    for (std::size_t r = 0; r < document.Rotation.size() && first + r < lines.size(); ++r) {
-        std::string_view rest = lines[first + r];
-        for (int token = 0; token < 4; ++token)
-            Next_Token(rest);
-        const auto date = Trim(Next_Token(rest));
-        if (date.size() < 6)
-            continue;
-        document.Rotation[r].SZE_Sen_Day = Val(date.substr(0, 2));
-        document.Rotation[r].SZE_Sen_Month = Val(date.substr(2, 2));
-        document.Rotation[r].SZE_Sen_Year = To_I16(Val(date.substr(4, 2)));
-    }
 }
 
 double Growth_Of(const Crop_Period& period, int day)

@@ -5,7 +5,6 @@
 #include "engine/input/findings.h"
 
 #include <limits>
-#include <string_view>
 #include <vector>
 
 namespace orvel::engine {
@@ -27,9 +26,6 @@ struct Crop_Period {
 // repeated. Crops that are cut by the next one end there. What is wrong goes to the findings (error 36).
 std::vector<Crop_Period> Build_Rotation(const Scenario_Document& scenario, const Calendar& dates, int last_day,
                                         Findings& findings);
-
-// Senescence dates as they stand in the file's rotation rows, which the document drops under the marker "ORVEL401".
-void Restore_Senescence(std::string_view bytes, Scenario_Document& document);
 
 // The crop on one day.
 struct Crop_State {

@@ -1,16 +1,12 @@
 #include "engine/output/echo.h"
 
-#include "core/files.h"
 #include "core/text.h"
 #include "engine/output/figures.h"
+#include "engine/output/titles.h"
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <chrono>
-#include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace orvel::engine {
 
@@ -19,12 +15,13 @@ namespace {
 constexpr std::string_view File_Name = "echo.orv";
 constexpr std::string_view At_Work =
     " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***\r\n";
-constexpr std::array<std::string_view, 5> Tamed = {"ERROR", "E R R O R", "*** PARAMETERS OF ", "WATR",
-                                                   "TOTAL COMPARTMENTS IN CORE"};
+// What readers of the echo search for.
+constexpr std::array<std::string_view, 5> Searched_Words = {"ERROR", "E R R O R", "*** PARAMETERS OF ", "WATR",
+                                                            "TOTAL COMPARTMENTS IN CORE"};
 
-[[noreturn]] void Fail(const std::string& what, int error)
+[[noreturn]] void Fail(const std::string& what, const std::error_code& error)
 {
-    throw Engine_Failure(Fault::Disk_Failure, what + ": " + std::strerror(error), Exit_No_File);
+    throw Engine_Failure(Fault::Disk_Failure, what + ": " + error.message(), Exit_No_File);
 }
 
 std::string Today()
@@ -45,57 +42,55 @@ std::string Today()
 Echo::Echo(const std::filesystem::path& directory)
 {
     const auto file = directory / File_Name;
-    Descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-    if (Descriptor < 0)
-        Fail("CANNOT OPEN ECHO.ORV", errno);
+    std::error_code error;
+    File = File_Handle(file, File_Handle::Use::Update, error);
+    if (error)
+        Fail("CANNOT OPEN ECHO.ORV", error);
     Hold = Lock::Take(file);
-    if (!Hold) {
-        ::close(Descriptor);
+    if (!Hold)
         throw Engine_Failure(Fault::Disk_Failure, "ECHO.ORV IS LOCKED: ANOTHER ENGINE IS AT WORK IN THIS DIRECTORY",
                              Exit_No_File);
-    }
-    if (::ftruncate(Descriptor, 0) != 0)
-        Fail("CANNOT EMPTY ECHO.ORV", errno);
-    Text = " *** ORVEL ENGINE 4.01 - ECHO OF INPUT DATA ***\r\n DATE OF THE RUN: " + Today() + "\r\n\r\n";
+    error = File.Resize(0);
+    if (error)
+        Fail("CANNOT EMPTY ECHO.ORV", error);
+    Text = " *** " + File_Title("ECHO OF INPUT DATA") + " ***\r\n DATE OF THE RUN: " + Today() + "\r\n\r\n";
     Flush();
-}
-
-Echo::~Echo()
-{
-    if (Descriptor >= 0)
-        ::close(Descriptor);
 }
 
 void Echo::Flush()
 {
     const std::string all = Text + std::string(At_Work);
-    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, all))
-        Fail("CANNOT WRITE ECHO.ORV", errno);
-    Written += static_cast<long>(Text.size());
+    if (const auto error = File.Write_At(Written, all))
+        Fail("CANNOT WRITE ECHO.ORV", error);
+    Written += Text.size();
     Text.clear();
 }
 
 void Echo::Finish(std::string_view ending)
 {
     Text += ending;
-    const long size = Written + static_cast<long>(Text.size());
+    const std::size_t size = Written + Text.size();
     // The new ending goes over the old line and is cut to its size: a full disk leaves the line of error 99, or the
     // ending in part.
-    if (::lseek(Descriptor, Written, SEEK_SET) < 0 || !Write_All(Descriptor, Text) ||
-        ::ftruncate(Descriptor, size) != 0 || ::fsync(Descriptor) != 0)
-        Fail("CANNOT WRITE ECHO.ORV", errno);
+    std::error_code error = File.Write_At(Written, Text);
+    if (!error)
+        error = File.Resize(size);
+    if (!error)
+        error = File.Flush();
+    if (error)
+        Fail("CANNOT WRITE ECHO.ORV", error);
     Written = size;
     Text.clear();
 }
 
 std::string Sanitize(std::string_view text)
 {
-    std::string tame(text);
+    std::string sanitized(text);
     std::ranges::replace_if(
-        tame, [](unsigned char c) { return c < ' '; }, ' ');
-    for (const auto word : Tamed)
-        tame = Replace_All(tame, word, Lower(word));
-    return tame;
+        sanitized, [](unsigned char c) { return c < ' '; }, ' ');
+    for (const auto word : Searched_Words)
+        sanitized = Replace_All(sanitized, word, Lower(word));
+    return sanitized;
 }
 
 std::string Error_Line(int number, std::string_view text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/system/file_handle.h"
 #include "core/system/lock.h"
 #include "engine/input/findings.h"
 #include "engine/output/water_report.h"
@@ -21,7 +22,6 @@ public:
     explicit Echo(const std::filesystem::path& directory);
     Echo(const Echo&) = delete;
     Echo& operator=(const Echo&) = delete;
-    ~Echo();
 
     std::string Text; // append here, then Flush
 
@@ -29,8 +29,8 @@ public:
     void Finish(std::string_view ending); // the text, then the true ending in place of that line
 
 private:
-    int Descriptor = -1;
-    long Written = 0; // bytes before the line of error 99
+    File_Handle File;
+    std::size_t Written = 0; // bytes before the line of error 99
     std::optional<Lock> Hold;
 };
 

@@ -1,3 +1,4 @@
+// The part of echo.orv that repeats the input.
 #include "core/text.h"
 #include "engine/output/echo.h"
 #include "engine/output/figures.h"

@@ -1,19 +1,14 @@
 #include "engine/output/figures.h"
 
-#include "core/files.h"
 #include "engine/input/findings.h"
 
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
-#include <utility>
 
 namespace orvel::engine {
 
@@ -271,45 +266,30 @@ void Put_Series(std::string& text, double value)
 
 Out_File::Out_File(const std::filesystem::path& file) : Name(file.filename().string())
 {
-    Descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (Descriptor < 0)
-        throw Engine_Failure(Fault::Disk_Failure, "CANNOT CREATE " + Name + ": " + std::strerror(errno), Exit_No_File);
+    std::error_code error;
+    File = File_Handle(file, File_Handle::Use::Write, error);
+    if (error)
+        throw Engine_Failure(Fault::Disk_Failure, "CANNOT CREATE " + Name + ": " + error.message(), Exit_No_File);
     Buffer.reserve(Full + (Full >> 2U));
 }
 
-Out_File::Out_File(Out_File&& other) noexcept
-    : Buffer(std::move(other.Buffer)),
-      Descriptor(std::exchange(other.Descriptor, -1)),
-      Name(std::move(other.Name))
-{}
-
-Out_File& Out_File::operator=(Out_File&& other) noexcept
+void Out_File::Check(const std::error_code& error) const
 {
-    std::swap(Buffer, other.Buffer);
-    std::swap(Descriptor, other.Descriptor);
-    std::swap(Name, other.Name);
-    return *this;
-}
-
-Out_File::~Out_File()
-{
-    if (Descriptor >= 0)
-        ::close(Descriptor);
+    if (error)
+        throw Engine_Failure(Fault::Disk_Failure, "CANNOT WRITE " + Name + ": " + error.message(), Exit_No_File);
 }
 
 void Out_File::Flush()
 {
-    if (Descriptor >= 0 && !Write_All(Descriptor, Buffer))
-        throw Engine_Failure(Fault::Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
+    if (Is_Open())
+        Check(File.Write(Buffer));
     Buffer.clear();
 }
 
 void Out_File::Close()
 {
     Flush();
-    const int descriptor = std::exchange(Descriptor, -1);
-    if (descriptor >= 0 && ::close(descriptor) != 0)
-        throw Engine_Failure(Fault::Disk_Failure, "CANNOT WRITE " + Name + ": " + std::strerror(errno), Exit_No_File);
+    Check(File.Close());
 }
 
 } // namespace orvel::engine

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/system/file_handle.h"
+
 #include <cstddef>
 #include <filesystem>
 #include <string>
@@ -26,9 +28,6 @@ class Out_File {
 public:
     Out_File() = default;
     explicit Out_File(const std::filesystem::path& file); // creates or empties it
-    Out_File(Out_File&& other) noexcept;
-    Out_File& operator=(Out_File&& other) noexcept;
-    ~Out_File();
 
     std::string Buffer; // append here, then call Flush_When_Full
 
@@ -39,11 +38,13 @@ public:
     }
     void Flush();
     void Close();
-    bool Is_Open() const { return Descriptor >= 0; }
+    bool Is_Open() const { return File.Is_Open(); }
 
 private:
     static constexpr std::size_t Full = 1U << 20U;
-    int Descriptor = -1;
+    void Check(const std::error_code& error) const;
+
+    File_Handle File;
     std::string Name;
 };
 

@@ -1,7 +1,9 @@
 #include "engine/output/series.h"
 
+#include "core/output_variables.h"
 #include "core/text.h"
 #include "engine/output/solute_report.h"
+#include "engine/output/titles.h"
 
 #include <algorithm>
 
@@ -13,48 +15,7 @@ constexpr double Gram = 1e-6;            // of a microgram
 constexpr double Least_Percolate = 1e-8; // cm/d, below it a percolate has no concentration of its own
 constexpr int Field = 10;
 
-// Numbers of the output variables.
-enum Variable {
-    None,
-    PRSN,
-    TETD,
-    INFL,
-    RUNF,
-    ESLS,
-    THET,
-    TEMP,
-    TPAP,
-    TDKF,
-    TDKQ,
-    TDKN,
-    TUPF,
-    TVOX,
-    TPST,
-    QPST,
-    NPST,
-    DKFX,
-    DKFQ,
-    DKFN,
-    PFLX,
-    RFLX,
-    EFLX,
-    LEAC,
-    SPST,
-    TPSC,
-    QPSC,
-    NPSC,
-    SPSC,
-};
-
-bool Is_Amount(int variable)
-{
-    return (variable >= TPAP && variable <= TVOX) || (variable >= DKFX && variable <= LEAC);
-}
-
-bool Is_Water(int variable)
-{
-    return variable >= PRSN && variable <= TEMP;
-}
+using namespace Variable;
 
 // Titles are the user's: a control character would break the line.
 std::string One_Line(std::string text)
@@ -72,7 +33,7 @@ Series::Series(const std::filesystem::path& file, const Engine_Input& input) : C
     for (std::size_t i = 0; i < input.Control.Rows.size(); ++i) {
         Plans.push_back(Plan(input.Control.Rows[i], i >= first_profile, input));
         const int variable = Plans.back().Variable;
-        With_Sums = With_Sums || Is_Amount(variable);
+        With_Sums = With_Sums || Plans.back().Is_Amount;
         With_Concentration = With_Concentration || variable == LEAC || variable == SPST || variable == SPSC;
     }
 }
@@ -83,7 +44,10 @@ Series::Column_Plan Series::Plan(const Output_Row& row, bool profile, const Engi
     const auto found = std::ranges::find(input.Substances, row.Substance);
     if (found == input.Substances.end())
         return plan;
+    const auto& variable = Output_Variable_Of(row.Variable);
     plan.Variable = row.Variable;
+    plan.Is_Water = !variable.Has_Substance;
+    plan.Is_Amount = variable.Has_Substance && variable.Kind != Quantity::State;
     plan.Scale = row.Scale;
     plan.Slot = static_cast<int>(found - input.Substances.begin());
     plan.Compartment = Core->Compartment_At(row.Depth);
@@ -103,7 +67,7 @@ void Series::Put_Head(const Engine_Input& input, const Series_Moment& start)
     std::string& text = File.Buffer;
     const auto& rows = input.Control.Rows;
     const bool pore_water = input.Control.Profile_Rows > 0 && rows.back().Variable == SPSC;
-    text += "ORVEL engine 4.01\r\n\r\n" + One_Line(input.Scenario.SZE_Title) + "\r\n" +
+    text += Engine_Title() + "\r\n\r\n" + One_Line(input.Scenario.SZE_Title) + "\r\n" +
             One_Line(input.Pesticide.PSM_Title) + "\r\n\r\n";
     text += pore_water ? "Soil concentrations: in soil Pore water (mg/L)\r\n"
                        : "Soil concentrations: total content (mg/kg)\r\n";
@@ -156,9 +120,9 @@ double Series::Value(Column_Plan& plan, const Series_Moment& moment)
 {
     if (plan.Variable == None)
         return 0;
-    if (Is_Water(plan.Variable))
+    if (plan.Is_Water)
         return Water_Value(plan, moment);
-    if (!Is_Amount(plan.Variable))
+    if (!plan.Is_Amount)
         return Gram * (plan.Is_Profile ? Profile(plan, moment) : State(plan, plan.Compartment, moment));
     const double amount = Amount(plan, moment);
     const double rate = moment.Share > 0 ? (amount - plan.Before) / moment.Share : 0;

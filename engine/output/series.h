@@ -2,6 +2,7 @@
 
 #include "engine/output/figures.h"
 #include "engine/setup/input.h"
+#include "engine/solute/solute.h"
 #include "engine/water/water.h"
 
 #include <string>
@@ -38,7 +39,8 @@ public:
 private:
     // One column, its places in the core looked up beforehand.
     struct Column_Plan {
-        int Variable = 0; // 0: zeros
+        int Variable = 0;                         // 0: zeros
+        bool Is_Water = false, Is_Amount = false; // of water; made of what passed or changed in the day
         double Scale = 1;
         int Slot = 0;
         int Compartment = 0, Interface = 0;

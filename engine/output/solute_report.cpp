@@ -1,6 +1,7 @@
 #include "engine/output/solute_report.h"
 
 #include "core/text.h"
+#include "engine/output/titles.h"
 
 #include <array>
 
@@ -63,7 +64,7 @@ Solute_Report::Solute_Report(const std::filesystem::path& directory, const Grid&
       Concentration_Groups(Row_Groups(grid.Count(), grid.Top_Layers, concentration_step)),
       File(directory / Solute_File_Name(index))
 {
-    File.Buffer += " ORVEL ENGINE 4.01 - BALANCE OF " + Solute_Label(index) +
+    File.Buffer += " " + File_Title("BALANCE OF ") + Solute_Label(index) +
                    "\r\n ALL MASSES IN KG/HA UNLESS OTHERWISE STATED\r\n\r\n";
 }
 

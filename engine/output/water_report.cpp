@@ -1,6 +1,7 @@
 #include "engine/output/water_report.h"
 
 #include "core/text.h"
+#include "engine/output/titles.h"
 
 #include <algorithm>
 
@@ -129,7 +130,7 @@ Water_Report::Water_Report(const std::filesystem::path& file, const Grid& grid, 
       Groups(Row_Groups(grid.Count(), grid.Top_Layers, step)),
       File(file)
 {
-    File.Buffer += " ORVEL ENGINE 4.01 - WATER BALANCE\r\n ALL AMOUNTS IN CM UNLESS OTHERWISE STATED\r\n\r\n";
+    File.Buffer += " " + File_Title("WATER BALANCE") + "\r\n ALL AMOUNTS IN CM UNLESS OTHERWISE STATED\r\n\r\n";
 }
 
 void Water_Report::Put_Surface(const Water_Sums& sums, const Water_Column& water)

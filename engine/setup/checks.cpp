@@ -1,3 +1,5 @@
+// Checks the scenario and the run control before a run.
+#include "core/pesticide_constants.h"
 #include "engine/setup/input.h"
 #include "engine/water/surface_water.h"
 #include "engine/water/water.h"
@@ -92,7 +94,7 @@ private:
         Require(Within(horizon.SZE_Hor_Drainage.Number(), 0, 1e6), Fault::Scenario_Value,
                 "DRAINAGE PARAMETER NEGATIVE" + where);
         Require(Within(horizon.SZE_Hor_Biodeg, 0, 1000), Fault::Scenario_Value, "DEGRADATION FACTOR NEGATIVE" + where);
-        Require(Within(horizon.SZE_Hor_pH.Number(), -99, 14), Fault::Scenario_Value, "PH ABOVE 14" + where);
+        Require(Within(horizon.SZE_Hor_pH.Number(), No_Value, 14), Fault::Scenario_Value, "PH ABOVE 14" + where);
     }
 
     void Check_Crop(const Crop_Row& crop, const std::string& where)

@@ -1,3 +1,5 @@
+// Checks the pesticide document before a run.
+#include "core/pesticide_constants.h"
 #include "engine/setup/input.h"
 
 namespace orvel::engine {
@@ -6,7 +8,6 @@ namespace {
 
 constexpr double Largest_Rate = 1e4;     // 1/d
 constexpr double Largest_Sorption = 1e9; // L/kg
-constexpr double No_Second_Point = -99;
 
 bool Within(double value, double low, double high)
 {
@@ -84,10 +85,10 @@ private:
         Require(Within(Pesticide.Molmass[s].Number(), 0, 1e6), Fault::Volatility,
                 "MOLAR MASS NOT WITHIN 0 TO 1E6 G/MOL" + of);
         Require(Within(Pesticide.Koc[s].Number(), 0, Largest_Sorption) &&
-                    Within(Pesticide.Koc2[s].Number(), No_Second_Point, Largest_Sorption),
+                    Within(Pesticide.Koc2[s].Number(), No_Value, Largest_Sorption),
                 Fault::Sorption, "KOC NOT WITHIN 0 TO 1E9 L/KG" + of);
         for (const Variant* value : {&Pesticide.Sorp_pH[s], &Pesticide.Sorp_pH2[s], &Pesticide.Sorp_pKa[s]})
-            Require(Within(value->Number(), No_Second_Point, 100), Fault::Sorption, "PH OR PKA OUT OF RANGE" + of);
+            Require(Within(value->Number(), No_Value, 100), Fault::Sorption, "PH OR PKA OUT OF RANGE" + of);
         Require(Within(Pesticide.Freundl_Limit[s].Number(), 0, 1e9), Fault::Sorption,
                 "LIMIT OF THE FREUNDLICH EQUATION NEGATIVE" + of);
         Require(Within(Pesticide.Ann_Incr[s], 0, 1e4) && Within(Pesticide.K_doc[s], 0, 1e9) &&

@@ -1,3 +1,4 @@
+// The soil column of water and heat, laid out from the scenario's horizons.
 #include "engine/setup/input.h"
 #include "engine/setup/solute_setup.h"
 #include "engine/water/water.h"

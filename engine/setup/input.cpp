@@ -1,6 +1,7 @@
 #include "engine/setup/input.h"
 
 #include "core/text.h"
+#include "engine/solute/solute_check.h"
 #include "engine/water/water.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
@@ -53,10 +54,8 @@ private:
             return Found.Error(Fault::Scenario_Unreadable,
                                "SCENARIO FILE " + Input.Control.Scenario_File + " NOT IN ITS FORMAT: " + error.what());
         }
-        Restore_Senescence(*bytes, Input.Scenario);
         Input.Location_Code = Location_Code_Of(Input.Control.Scenario_File);
-        const auto lines = Split_Lines(*bytes);
-        if (lines.size() > 1 && lines[1].find("ORVEL40") == std::string_view::npos)
+        if (Input.Scenario.SZE_Legacy_Crops)
             Found.Tell(Note::Irrigation_Assumed, "CROP ROWS OF THE OLD FORM: IRRIGATION IS ASSUMED");
     }
 

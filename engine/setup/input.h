@@ -6,7 +6,7 @@
 #include "engine/input/findings.h"
 #include "engine/input/run_control.h"
 #include "engine/solute/applications.h"
-#include "engine/solute/solute.h"
+#include "engine/solute/solute_records.h"
 #include "engine/water/grid.h"
 
 #include <functional>

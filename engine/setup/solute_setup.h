@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/session.h"
-#include "engine/solute/solute.h"
+#include "engine/solute/solute_records.h"
 
 namespace orvel::engine {
 

@@ -2,7 +2,7 @@
 
 #include "engine/math/aligned_row.h"
 #include "engine/solute/kernel.h"
-#include "engine/solute/solute.h"
+#include "engine/solute/solute_records.h"
 
 namespace orvel::engine {
 

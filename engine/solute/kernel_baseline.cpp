@@ -1,3 +1,4 @@
+// The kernel that every processor runs.
 #include "engine/solute/fate_lanes.h"
 #include "engine/solute/transport_lanes.h"
 

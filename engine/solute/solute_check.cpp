@@ -1,4 +1,5 @@
-#include "engine/solute/solute.h"
+#include "engine/solute/solute_check.h"
+
 #include "engine/solute/sorption.h"
 
 #include <algorithm>

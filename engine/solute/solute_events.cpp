@@ -1,3 +1,4 @@
+// What happens to solutes at once: tillage, harvest, plants, extraction, erosion, applications.
 #include "engine/solute/solute_state.h"
 
 #include "engine/solute/extraction.h"

@@ -1,5 +1,6 @@
 #include "engine/solute/sorption.h"
 
+#include "core/pesticide_constants.h"
 #include "engine/math/steady_math.h"
 
 #include <algorithm>
@@ -11,8 +12,6 @@ namespace {
 
 constexpr double Gas_Constant = 8.314; // J/(mol K)
 constexpr double Kelvin = 273.15;
-constexpr double No_Second_pH = -99;
-constexpr double No_Dissociation = 20;
 
 double Horizon_Mean(const Solute_Setup& setup, const std::vector<double>& table, int compartment)
 {
@@ -34,7 +33,7 @@ double Koc_At_pH(const Solute_Substance& substance, double ph)
     if (substance.pKa >= No_Dissociation || substance.pKa <= 0)
         return substance.Koc;
     const double here = Neutral_Share(ph, substance.pKa), first = Neutral_Share(substance.pH, substance.pKa);
-    if (substance.pH2 == No_Second_pH)
+    if (substance.pH2 == No_Value)
         return substance.Koc * here / first;
     const double second = Neutral_Share(substance.pH2, substance.pKa);
     if (std::abs(first - second) < 1e-6)

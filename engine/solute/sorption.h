@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/solute/solute.h"
+#include "engine/solute/solute_records.h"
 
 namespace orvel::engine {
 

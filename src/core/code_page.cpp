@@ -1,5 +1,7 @@
 #include "core/code_page.h"
 
+#include "core/text.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -137,6 +139,14 @@ std::string To_Code_Page(std::string_view utf8)
 std::string Path_Text(const std::filesystem::path& path)
 {
     return To_Code_Page(std::string_view(path.native()));
+}
+
+std::string Window_Text(std::string_view bytes)
+{
+    std::string text;
+    for (const auto line : Split_Lines(bytes))
+        text.append(line).append(CrLf);
+    return Dos_To_Ansi(text);
 }
 
 } // namespace orvel

@@ -23,4 +23,7 @@ std::string Path_Text(const std::filesystem::path& path);
 std::string Dos_To_Ansi(std::string_view bytes);
 std::string Ansi_To_Dos(std::string_view bytes);
 
+// The text of a result file as a window shows it: those letters mapped, every line ended by CR LF.
+std::string Window_Text(std::string_view bytes);
+
 } // namespace orvel

@@ -1,14 +1,13 @@
 #include "core/files.h"
 
 #include "core/code_page.h"
+#include "core/system/file_handle.h"
+#include "core/system/flush.h"
 #include "core/text.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <cstdint>
+#include <random>
 
 namespace orvel {
 
@@ -18,33 +17,9 @@ namespace {
 
 constexpr fs::perms Write_Bits = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
 
-// A file descriptor that closes itself.
-class Descriptor {
-public:
-    explicit Descriptor(int number) : Number(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor()
-    {
-        if (Number >= 0)
-            ::close(Number);
-    }
-    explicit operator bool() const { return Number >= 0; }
-    int Get() const { return Number; }
-    int Close()
-    {
-        const int result = ::close(Number);
-        Number = -1;
-        return result;
-    }
-
-private:
-    int Number;
-};
-
-[[noreturn]] void Fail(const std::string& what, const fs::path& file, int error)
+[[noreturn]] void Fail(const std::string& what, const fs::path& file, const std::error_code& error)
 {
-    throw File_Error(what + " " + file.string() + ": " + std::strerror(error) + ".");
+    throw File_Error(what + " " + file.string() + ": " + error.message() + ".");
 }
 
 std::vector<std::string> List(const fs::path& directory, std::string_view mask, bool directories)
@@ -67,53 +42,59 @@ std::vector<std::string> List(const fs::path& directory, std::string_view mask, 
     return names;
 }
 
-void Flush_Directory(const fs::path& directory)
+// The path with six letters behind it, at random.
+fs::path With_Random_Ending(const fs::path& path)
 {
-    const Descriptor opened(::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (opened)
-        ::fsync(opened.Get());
+    constexpr std::size_t Letters = 6;
+    std::random_device random;
+    std::uniform_int_distribution<int> letter('a', 'z');
+    std::string ending(Letters, ' ');
+    std::ranges::generate(ending, [&] { return static_cast<char>(letter(random)); });
+    return path.string() + ending;
 }
 
-void Write_Whole_As(const fs::path& file, std::string_view bytes, mode_t mode)
+constexpr int Most_Attempts = 100; // at a name that is not taken
+
+// A new file with such a name.
+File_Handle Create_Beside(const fs::path& file, fs::perms rights, fs::path& beside)
 {
+    File_Handle created;
+    std::error_code error = std::make_error_code(std::errc::file_exists);
+    for (int attempt = 0; attempt < Most_Attempts && error == std::errc::file_exists; ++attempt) {
+        beside = With_Random_Ending(file.string() + ".");
+        created = File_Handle(beside, File_Handle::Use::Write_New, error, rights);
+    }
+    if (error)
+        Fail("Cannot write", file, error);
+    return created;
+}
+
+// With these rights, or without them those of any new file.
+void Write_Whole_As(const fs::path& file, std::string_view bytes, std::optional<fs::perms> rights)
+{
+    constexpr fs::perms Owner = fs::perms::owner_read | fs::perms::owner_write;
     if (Is_Read_Only(file))
         throw File_Error("The file " + file.string() + " is read protected.");
-    std::string beside = file.string() + ".XXXXXX";
-    Descriptor opened(::mkostemp(beside.data(), O_CLOEXEC));
-    if (!opened)
-        Fail("Cannot write", file, errno);
-    const bool written =
-        Write_All(opened.Get(), bytes) && ::fchmod(opened.Get(), mode) == 0 && ::fsync(opened.Get()) == 0;
-    if (!written || opened.Close() != 0 || ::rename(beside.c_str(), file.c_str()) != 0) {
-        const int error = errno;
-        ::unlink(beside.c_str());
+    fs::path beside;
+    File_Handle created = Create_Beside(file, rights ? Owner : File_Handle::Usual_Rights, beside);
+    std::error_code error = created.Write(bytes);
+    if (!error && rights)
+        fs::permissions(beside, *rights, error);
+    if (!error)
+        error = created.Flush();
+    if (!error)
+        error = created.Close();
+    if (!error)
+        fs::rename(beside, file, error);
+    if (error) {
+        std::error_code ignored;
+        fs::remove(beside, ignored);
         Fail("Cannot write", file, error);
     }
     Flush_Directory(file.parent_path());
 }
 
-// The mode that a new file gets from the process's mask.
-mode_t New_File_Mode()
-{
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
-}
-
 } // namespace
-
-bool Write_All(int descriptor, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const auto written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
 
 fs::path Path_Of(std::string_view name)
 {
@@ -180,22 +161,19 @@ std::vector<std::string> List_Directories(const fs::path& directory, std::string
 
 std::string Read_Whole(const fs::path& file, std::size_t most)
 {
-    const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
-    struct stat about {};
-    if (!opened || ::fstat(opened.Get(), &about) != 0)
-        Fail("Cannot read", file, errno);
-    if (S_ISDIR(about.st_mode))
-        Fail("Cannot read", file, EISDIR);
+    std::error_code error;
+    File_Handle opened(file, File_Handle::Use::Read, error);
+    const std::uint64_t size = error ? 0 : opened.Size(error);
+    if (error)
+        Fail("Cannot read", file, error);
     std::string bytes;
-    bytes.resize(std::min(static_cast<std::size_t>(std::max<off_t>(about.st_size, 0)), most) + 1);
+    bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(size, most)) + 1);
     std::size_t filled = 0;
     while (true) {
-        const auto got = ::read(opened.Get(), bytes.data() + filled, bytes.size() - filled);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            Fail("Cannot read", file, errno);
-        filled += static_cast<std::size_t>(got);
+        const std::size_t got = opened.Read(bytes.data() + filled, bytes.size() - filled, error);
+        if (error)
+            Fail("Cannot read", file, error);
+        filled += got;
         if (filled > most)
             throw File_Error("The file " + file.string() + " is too large.");
         if (got == 0)
@@ -204,6 +182,26 @@ std::string Read_Whole(const fs::path& file, std::size_t most)
             bytes.resize(2 * bytes.size());
     }
     bytes.resize(filled);
+    return bytes;
+}
+
+std::string Read_Head(const fs::path& file, std::size_t most)
+{
+    std::error_code error;
+    File_Handle opened(file, File_Handle::Use::Read, error);
+    std::string bytes(most, '\0');
+    bytes.resize(error ? 0 : opened.Read(bytes.data(), most, error));
+    return bytes;
+}
+
+std::string Read_Tail(const fs::path& file, std::size_t most)
+{
+    std::error_code error;
+    File_Handle opened(file, File_Handle::Use::Read, error);
+    const std::uint64_t size = error ? 0 : opened.Size(error);
+    std::string bytes(static_cast<std::size_t>(std::min<std::uint64_t>(size, most)), '\0');
+    if (!bytes.empty())
+        bytes.resize(opened.Read_At(size - bytes.size(), bytes.data(), bytes.size(), error));
     return bytes;
 }
 
@@ -216,16 +214,31 @@ try {
 
 void Write_Whole(const fs::path& file, std::string_view bytes)
 {
-    struct stat about {};
-    Write_Whole_As(file, bytes, ::stat(file.c_str(), &about) == 0 ? about.st_mode & 07777U : New_File_Mode());
+    std::error_code missing;
+    const auto status = fs::status(file, missing);
+    Write_Whole_As(file, bytes, missing ? std::nullopt : std::optional(status.permissions()));
 }
 
 void Copy_Whole(const fs::path& from, const fs::path& to)
 {
-    struct stat about {};
-    if (::stat(from.c_str(), &about) != 0)
-        Fail("Cannot read", from, errno);
-    Write_Whole_As(to, Read_Whole(from), (about.st_mode & 07777U) | S_IWUSR);
+    std::error_code error;
+    const auto status = fs::status(from, error);
+    if (error)
+        Fail("Cannot read", from, error);
+    Write_Whole_As(to, Read_Whole(from), status.permissions() | fs::perms::owner_write);
+}
+
+std::optional<fs::path> Make_Unique_Directory(const fs::path& begin)
+{
+    for (int attempt = 0; attempt < Most_Attempts; ++attempt) {
+        fs::path directory = With_Random_Ending(begin);
+        std::error_code error;
+        if (fs::create_directory(directory, error))
+            return directory;
+        if (error && error != std::errc::file_exists)
+            return std::nullopt;
+    }
+    return std::nullopt;
 }
 
 bool Is_Read_Only(const fs::path& file)

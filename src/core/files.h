@@ -39,8 +39,9 @@ std::string Read_Whole(const std::filesystem::path& file, std::size_t most = Lar
 // The bytes of a directory's file, its name found without regard to case; empty where it is missing or cannot be read.
 std::string Read_If_There(const std::filesystem::path& directory, const std::filesystem::path& name);
 
-// All bytes to a file descriptor at its present place; false if the system refuses.
-bool Write_All(int descriptor, std::string_view bytes);
+// The first or the last bytes of a file; empty where it cannot be read.
+std::string Read_Head(const std::filesystem::path& file, std::size_t most);
+std::string Read_Tail(const std::filesystem::path& file, std::size_t most);
 
 // Writes a file whole: beside the target, flushed to disk, then renamed over it, the target's mode kept. A target
 // without write permission bits is refused, for root too. Throws File_Error; then the old file is as it was and nothing
@@ -49,6 +50,9 @@ void Write_Whole(const std::filesystem::path& file, std::string_view bytes);
 
 // Copies a file whole in the same manner, its permission bits with it but always writable for its owner.
 void Copy_Whole(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// A new directory whose name is this one with six letters behind it; nothing if none can be made.
+std::optional<std::filesystem::path> Make_Unique_Directory(const std::filesystem::path& begin);
 
 // The read-only attribute of this system: a file is read-only when it has no write permission bit at all.
 bool Is_Read_Only(const std::filesystem::path& file);

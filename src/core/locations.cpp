@@ -1,7 +1,5 @@
 #include "core/locations.h"
 
-#include "core/text.h"
-
 namespace orvel {
 
 std::string Location_Name(std::string_view code)
@@ -22,16 +20,6 @@ std::string Bracket_Text(std::string_view text)
     if (close == std::string_view::npos)
         return {};
     return std::string(text.substr(open + 1, close - open - 1));
-}
-
-std::string Name_Encode(std::string_view text)
-{
-    return Replace_All(Replace_All(std::string(text), " ", "_-_"), ",", "--");
-}
-
-std::string Name_Decode(std::string_view text)
-{
-    return Replace_All(Replace_All(std::string(text), "_-_", " "), "--", ",");
 }
 
 } // namespace orvel

@@ -36,9 +36,4 @@ std::string Location_Name(std::string_view code);
 // missing.
 std::string Bracket_Text(std::string_view text);
 
-// Blanks as "_-_" and commas as "--", for the names of run directories. A name that truly holds "--" does not survive
-// the way back.
-std::string Name_Encode(std::string_view text);
-std::string Name_Decode(std::string_view text);
-
 } // namespace orvel

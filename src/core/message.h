@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
@@ -27,5 +28,11 @@ struct Refusal {
 
 // Shows a message and returns the button pressed. Every session has one: a box, a printer, or a test's recorder.
 using Ask_Function = std::function<Button(const Message&)>;
+
+// A warning that needs no answer.
+inline void Tell(const Ask_Function& ask, std::string_view title, std::string_view text)
+{
+    ask({std::string(title), std::string(text)});
+}
 
 } // namespace orvel

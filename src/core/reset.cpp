@@ -1,3 +1,5 @@
+// The documents as a new one begins: declared with their records in session.h.
+#include "core/pesticide_constants.h"
 #include "core/session.h"
 
 namespace orvel {
@@ -5,8 +7,6 @@ namespace orvel {
 namespace {
 
 constexpr int Default_Applications = 26;
-constexpr double No_Second_Point = -99; // Koc2 and pH2 of a substance without a second sorption point
-constexpr double No_Dissociation = 20;  // pKa
 
 Degradation_Row Default_Degradation()
 {
@@ -29,10 +29,10 @@ void Reset_Substance(Pesticide_Document& document, int i)
     document.Molmass[s] = active ? 0 : 1;
     document.Plant_Uptake[s] = 0.5;
     document.Koc[s] = active ? 0 : 0.7;
-    document.Koc2[s] = No_Second_Point;
+    document.Koc2[s] = No_Value;
     document.Fr_Exp[s] = 0.9;
     document.Sorp_pH[s] = active ? 0 : 7;
-    document.Sorp_pH2[s] = No_Second_Point;
+    document.Sorp_pH2[s] = No_Value;
     document.Sorp_pKa[s] = No_Dissociation;
     document.Freundl_Limit[s] = 0.01;
     document.Ann_Incr[s] = 0;
@@ -75,7 +75,7 @@ void Reset_PSM(Pesticide_Document& document)
     document.Photo_I_Ref.fill(500);
     document.Photo_Rate.fill(0);
     document.Depth_Volat = 0.1;
-    document.Hv = 98400;
+    document.Hv = Default_Enthalpy;
     document.Plant_Laminar = 0.03;
     for (int i = 1; i <= Substances; ++i)
         Reset_Substance(document, i);

@@ -2,17 +2,19 @@
 
 #include "core/message.h"
 #include "core/variant.h"
+#include "core/version.h"
 
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace orvel {
 
-// The records that all rules and forms share. Names of fields are those of the file formats' documentation; array
-// bounds are inclusive as the comments give them, and index 0 of a substance is not in use.
+// The records that all rules and forms share. docs/formats.md says where each field stands in its file. Array bounds
+// are inclusive as the comments give them, and index 0 of a substance is not in use.
 
 constexpr int Substances = 9;         // 1 active substance, 2 to 5 metabolites A1 to D1, 6 to 9 A2 to D2
 constexpr int Last_Location = 9;      // location blocks 0 to 9; 0 is " User specific"
@@ -123,6 +125,11 @@ struct Crop_Row {
     bool operator==(const Crop_Row&) const = default;
 };
 
+struct Rotation_Date {
+    int Day = 0, Month = 0, Year = 0;
+    bool operator==(const Rotation_Date&) const = default;
+};
+
 struct Rotation_Row {
     std::int16_t SZE_Eme_Day = 0, SZE_Eme_Month = 0, SZE_Eme_Year = 0;
     std::int16_t SZE_Mat_Day = 0, SZE_Mat_Month = 0, SZE_Mat_Year = 0;
@@ -131,6 +138,8 @@ struct Rotation_Row {
     Variant SZE_Sen_Day, SZE_Sen_Month;
     std::int16_t SZE_Sen_Year = 0;
     std::int16_t SZE_Til_Day = 0, SZE_Til_Month = 0, SZE_Til_Year = 0;
+    std::optional<Rotation_Date>
+        SZE_Sen_In_File; // the senescence that a file of marker "ORVEL401" has and no editor shows
     bool operator==(const Rotation_Row&) const = default;
 };
 
@@ -172,17 +181,19 @@ struct Scenario_Document {
     std::int16_t SZE_DOC_Flag = 0;
     double SZE_Runoff_Depth = 0, SZE_Macro_Threshold = 0, SZE_Macro_Fraction = 0;
     double SZE_Latitude = 0;
-    std::int16_t SZE_Runoff = 0; // derived: SZE_Water_Flag is 2 or above
+    std::int16_t SZE_Runoff = 0;   // derived: SZE_Water_Flag is 2 or above
+    bool SZE_Legacy_Crops = false; // the file read had crop rows of the older form
 
     bool operator==(const Scenario_Document&) const = default;
 };
 
 struct Climate_Row {
     std::string Cli_Day, Cli_Month, Cli_Year; // two characters each
-    double Cli_Rain = 0, Cli_Evap = 0;        // cm
-    double Cli_Temp_14 = 0, Cli_Temp_Mean = 0, Cli_Temp_Diff = 0;
-    double Cli_Rel_Hum = 0;   // %
-    double Cli_Radiation = 0; // kJ/m2
+    // Nothing where the file has blanks; such a number is shown and written as 0.
+    std::optional<double> Cli_Rain = 0, Cli_Evap = 0;                            // cm
+    std::optional<double> Cli_Temp_14 = 0, Cli_Temp_Mean = 0, Cli_Temp_Diff = 0; // degC
+    std::optional<double> Cli_Rel_Hum = 0;                                       // %
+    std::optional<double> Cli_Radiation = 0;                                     // kJ/m2
     std::string Cli_Hour;
     bool operator==(const Climate_Row&) const = default;
 };
@@ -207,19 +218,16 @@ struct Simulation_Choice {
     bool operator==(const Simulation_Choice&) const = default;
 };
 
-struct Run_Settings {
-    // The single run
+// Files and period of the single run.
+struct Single_Run_Settings {
     Variant Run_Scenario_File, Run_PSM_File;
     std::vector<std::string> Run_Cli_Files; // one a year, from 0
     Variant Sim_Years, Start_Day, Start_Month, End_Day;
     std::int16_t End_Month = 0;
+};
 
-    std::uint8_t Till_Depth = 0;
-
-    // The batch
-    std::vector<std::string>
-        Job_Dir; // run directories of the pending batch, below the mode directory; Job_Count is their number
-    bool Run_Pending_Flag = false;
+struct Run_Settings {
+    Single_Run_Settings Single;
 
     Simulation_Choice Last_Simulation; // chosen last on a run form, in the result browser or in the list of simulations
 };
@@ -228,11 +236,10 @@ struct Program_State {
     std::filesystem::path App_Path; // the installation directory
     std::string Engine_Exe;
     double Engine_Version = 0; // 4.01 for orvel401.exe
-    std::int16_t Suite_Minor = 5;
+    std::int16_t Suite_Minor = Program_Version_Minor;
     std::string Aktuelle_ORVEL_Version, Aktuelle_ORVELSUITE_Version; // captions of the version labels
     bool Online_Help = false;
     std::vector<std::string> Help_Text;
-    std::string File_Mask;
     std::string PSM_File; // file of the open document
     bool PSM_Read_OK = false;
     bool PSM_Changed = false, SZE_Changed = false, CLI_Changed = false;

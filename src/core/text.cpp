@@ -82,7 +82,7 @@ bool Same_Text(std::string_view a, std::string_view b)
 std::string_view Line_Reader::Next()
 {
     if (Rest.empty())
-        throw File_Error("The file ends behind line " + std::to_string(Number) + ".");
+        throw File_Error(Number == 0 ? "The file is empty." : "The file ends behind this line.", Number);
     const auto end = Rest.find('\n');
     auto line = Rest.substr(0, end);
     Rest.remove_prefix(end == std::string_view::npos ? Rest.size() : end + 1);

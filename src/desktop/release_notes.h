@@ -4,8 +4,7 @@
 
 namespace orvel {
 
-// The program's release notes, newest first: blocks of lines headed by version and date and closed by a line of dashes;
-// lines end in CR LF.
+// Newest first: blocks headed by version and date and closed by a line of dashes; lines end in CR LF.
 std::string_view Release_Notes();
 
 } // namespace orvel

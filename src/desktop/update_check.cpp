@@ -31,17 +31,17 @@ Message No_Update_Address()
     return {"Connection problem!", "This build has no address to look for updates."};
 }
 
-Message Evaluate_Update_Page(std::string_view page)
+Message Evaluate_Update_Page(std::string_view page, std::string_view own)
 {
     const std::string text = Joined_Lines(page);
     const auto extension = text.find(".zip");
     if (extension == std::string::npos || extension < Name_Before_Extension)
         return Connection_Problem();
     const double offered = Val(std::string_view(text).substr(extension - Date_Width, Date_Width));
-    const double own = Val(Release_Date);
-    if (offered > own)
+    const double ours = Val(own);
+    if (offered > ours)
         return {"Update available!", "There is a new version of the software available.\r\n", Icon::Information};
-    if (offered < own)
+    if (offered < ours)
         return {std::string(Unofficial_Title), "You are using an unofficial version of the software.\r\n",
                 Icon::Information};
     return {std::string(Unofficial_Title), "You have the latest version of the software.", Icon::Information};

@@ -3,12 +3,12 @@
 #include "core/files.h"
 #include "files/broken_line.h"
 #include "files/climate_file.h"
-#include "files/document_json.h"
 #include "files/file_messages.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 #include "substance/application_pattern.h"
 #include "substance/pathway.h"
+#include "substance/pesticide_editor.h"
 
 namespace orvel {
 
@@ -28,20 +28,43 @@ bool Open_Pesticide(Session& session, const fs::path& file)
     return read;
 }
 
+// Opening, making and converting a kind, as far as the editors' rules take part.
+struct Document_Rules {
+    bool (*Open)(Session& session, const fs::path& file);
+    void (*Make_New)(Session& session);
+    void (*Pass_Editor)(Session& session); // what loading and saving in the editor changes
+};
+
+void Keep(Session&) {}
+
+// In the order of Document_Kind.
+const std::array<Document_Rules, 3> Rules = {{
+    {Open_Pesticide, New_PSM, Keep},
+    {Read_SZE, [](Session& session) { Reset_SZE(session.Scenario); }, Keep},
+    {Read_CLI, [](Session& session) { Clear_Climate(session.Climate, 0); },
+     [](Session& session) { Round_As_Shown(session.Climate); }},
+}};
+
+const Document_Rules& Rules_Of(Document_Kind kind)
+{
+    return Rules[static_cast<std::size_t>(kind)];
+}
+
 } // namespace
 
 bool Open_Document(Session& session, const fs::path& file)
 {
     session.Program.PSM_File = Shown_Name(file);
-    const auto kind = Kind_Of(file);
-    if (kind == Document_Kind::Pesticide)
-        return Open_Pesticide(session, file);
-    if (kind == Document_Kind::Scenario)
-        return Read_SZE(session, file);
-    if (kind == Document_Kind::Climate)
-        return Read_CLI(session, file);
-    session.Ask({std::string(Readin_Check), No_Document(file)});
+    if (const auto kind = Kind_Of(file))
+        return Rules_Of(*kind).Open(session, file);
+    session.Ask({std::string(Readin_Check), Unknown_Ending(file)});
     return false;
+}
+
+void New_Document(Session& session, Document_Kind kind)
+{
+    Rules_Of(kind).Make_New(session);
+    session.Program.PSM_File = Type_Of(kind).Mask;
 }
 
 bool Convert_Document(Session& session, const fs::path& from, const fs::path& to)
@@ -54,10 +77,9 @@ bool Convert_Document(Session& session, const fs::path& from, const fs::path& to
                      Shown_Name(to) + " does not have the ending of " + Shown_Name(from) + "."});
         return false;
     }
-    if (kind == Document_Kind::Climate)
-        Round_As_Shown(session.Climate);
-    if (const auto field = Broken_Field(session, kind))
-        session.Ask(Broken_Line_Told(*field));
+    Rules_Of(kind).Pass_Editor(session);
+    if (const auto field = Type_Of(kind).Broken_Field(session))
+        session.Ask(Broken_Line_Message(*field));
     return Save_Document(session, to);
 }
 
@@ -65,15 +87,7 @@ std::optional<std::string> Show_Document(Session& session, const fs::path& file)
 {
     if (!Open_Document(session, file))
         return std::nullopt;
-    switch (*Kind_Of(file)) {
-    case Document_Kind::Pesticide:
-        return Json_Of(session.Pesticide);
-    case Document_Kind::Scenario:
-        return Json_Of(session.Scenario);
-    case Document_Kind::Climate:
-        return Json_Of(session.Climate);
-    }
-    return std::nullopt;
+    return Type_Of(*Kind_Of(file)).Json(session);
 }
 
 } // namespace orvel

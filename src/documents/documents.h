@@ -13,9 +13,12 @@ namespace orvel {
 // is derived. False: it failed, and the user has been told.
 bool Open_Document(Session& session, const std::filesystem::path& file);
 
-// Opens a file and saves it under another name of the same kind, with no edit in between: a climate file's numbers go
-// the way through the grid. A field that is lost is told and the file written all the same. False: it failed, and the
-// user has been told.
+// Puts a new document of a kind into the session; its name is the mask until it is saved.
+void New_Document(Session& session, Document_Kind kind);
+
+// Opens a file and saves it under another name of the same kind without an edit; a climate file's numbers are rounded
+// as in the grid. A lost field is told, and the file is written nevertheless. False: it failed, and the user has been
+// told.
 bool Convert_Document(Session& session, const std::filesystem::path& from, const std::filesystem::path& to);
 
 // The document in a file as JSON; nothing: it failed, and the user has been told.

@@ -2,13 +2,10 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
-#include "core/system/lock.h"
 #include "core/text.h"
 #include "jobs/engine_start.h"
-#include "output/line_scanner.h"
+#include "output/echo_file.h"
 #include "ui/shown_file.h"
-
-#include <array>
 
 namespace orvel {
 
@@ -16,9 +13,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array<Utility_Names, 3> Names = {{{"wyear.exe", "wyear.bat", "year.orv"},
-                                                 {"wmonth.exe", "wmonth.bat", "month.orv"},
-                                                 {"wday.exe", "wday.bat", "day.orv"}}};
 constexpr std::string_view Title = "Output tables";
 
 std::string Quoted(std::string_view text)
@@ -45,11 +39,6 @@ std::optional<int> Tell(const Session& session, std::string text)
 
 } // namespace
 
-const Utility_Names& Names_Of(Utility utility)
-{
-    return Names[static_cast<std::size_t>(utility)];
-}
-
 std::string Format_Utility_Batch(Utility utility, const fs::path& directory, const fs::path& app_path)
 {
     const std::string place = Path_Text(directory);
@@ -59,13 +48,6 @@ std::string Format_Utility_Batch(Utility utility, const fs::path& directory, con
     text += "CD " + Quoted(place) + "\r\n";
     text += Quoted(Path_Text(app_path) + "\\" + std::string(Names_Of(utility).Program)) + "\r\n";
     return text + "quit\r\n";
-}
-
-bool Is_Of_A_Batch(const fs::path& directory)
-{
-    const fs::path place =
-        fs::absolute(directory / "").lexically_normal().parent_path(); // with its name, also where it was given as "."
-    return Matches(place.filename().string(), "*.run");
 }
 
 bool Is_Due(Utility utility, const fs::path& directory)
@@ -88,7 +70,7 @@ try {
     if (!program)
         return Tell(session,
                     "The program " + std::string(names.Program) + " is missing in the installation directory.");
-    if (Is_Locked(directory) || Is_Locked(Found_Or_New(directory, "echo.orv")))
+    if (Is_At_Work(directory))
         return Tell(session, "The simulation is still at work.");
     Write_Whole(Found_Or_New(session.Program.App_Path, names.Batch),
                 Format_Utility_Batch(utility, directory, session.Program.App_Path));
@@ -104,10 +86,10 @@ try {
 
 std::string Take_Utility_Log(const fs::path& directory)
 {
-    const std::string told = To_Code_Page(Read_If_There(directory, Utility_Log));
+    const std::string log = To_Code_Page(Read_If_There(directory, Utility_Log));
     std::error_code ignored;
     fs::remove(directory / Utility_Log, ignored);
-    return std::string(Trim(Replace_All(Replace_All(told, "\r", " "), "\n", " ")));
+    return std::string(Trim(Replace_All(Replace_All(log, "\r", " "), "\n", " ")));
 }
 
 std::optional<std::string> Shown_Table(const Session& session, Utility utility, const fs::path& directory)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "tables/utilities.h"
 
 #include <filesystem>
 #include <optional>
@@ -9,25 +10,12 @@
 
 namespace orvel {
 
-// The tables of a single run that three small programs of the installation make out of the run's series.
-
-enum class Utility { Year, Month, Day };
-
-struct Utility_Names {
-    std::string_view Program, Batch, Output;
-};
-const Utility_Names& Names_Of(Utility utility);
-
-// The utility's copy of plot.orv: whole where the batch file was run, else the first lines of its head.
-constexpr std::string_view Series_Copy = "grw.orv";
+// Starts the utilities that make the tables of a single run, and shows what they made.
 
 // The batch file for a directory: what a command interpreter would run there. The lines that name a path have no drive
 // letter here.
 std::string Format_Utility_Batch(Utility utility, const std::filesystem::path& directory,
                                  const std::filesystem::path& app_path);
-
-// Whether a directory belongs to a batch, whose year.orv is another table.
-bool Is_Of_A_Batch(const std::filesystem::path& directory);
 
 // Whether the table has to be made: it or the series' copy is missing, or the series are newer, and there are series.
 bool Is_Due(Utility utility, const std::filesystem::path& directory);
@@ -37,7 +25,7 @@ bool Is_Due(Utility utility, const std::filesystem::path& directory);
 // could not be started, the run is at work, or the directory belongs to a batch; the user has been told.
 std::optional<int> Start_Utility(const Session& session, Utility utility, const std::filesystem::path& directory);
 
-// What the utility told before it ended without a table; its log goes.
+// What the utility printed before it ended without a table; its log is removed.
 constexpr std::string_view Utility_Log = "utility.log";
 std::string Take_Utility_Log(const std::filesystem::path& directory);
 

@@ -4,7 +4,7 @@
 
 namespace orvel {
 
-Message Broken_Line_Told(const std::string& field)
+Message Broken_Line_Message(const std::string& field)
 {
     return {std::string(Saving_Input_File),
             "\"" + field + "\" is too long for its column, or empty: the file cannot be read back as it is."};
@@ -12,7 +12,7 @@ Message Broken_Line_Told(const std::string& field)
 
 Message Broken_Line_Question(const std::string& field)
 {
-    auto message = Broken_Line_Told(field);
+    auto message = Broken_Line_Message(field);
     message.Text += " Do you want to save it all the same?";
     message.Picture = Icon::Question;
     message.Buttons = {Button::Yes, Button::No};

@@ -1,3 +1,4 @@
+// The fields of a climate file in order, to find what its layout would lose.
 #include "files/broken_line.h"
 #include "files/climate_file.h"
 #include "files/line_fields.h"
@@ -9,17 +10,17 @@ namespace {
 Line_Fields Fields_Of(const Climate_Table& table)
 {
     Line_Fields fields;
-    fields.Words(table.Cli_Title, "Title").End();
+    fields.Text_Field(table.Cli_Title, "Title").End();
     int number = 0;
     for (const auto& row : table.Rows) {
         if (Is_Left_Out(row))
             continue;
         fields.About("day " + std::to_string(++number));
-        int column = Climate_Number_First;
-        fields.Words(row.Cli_Day, "Day").Words(row.Cli_Month, "Month").Words(row.Cli_Year, "Year").Tab(column);
-        for (const auto& [value, heading, heading_below, name, shown_with] : Climate_Columns)
-            fields.Scientific(row.*value, name).Tab(column += Scientific_Width);
-        fields.Words(row.Cli_Hour, "Hour").End();
+        fields.Text_Field(row.Cli_Day, "Day").Text_Field(row.Cli_Month, "Month").Text_Field(row.Cli_Year, "Year");
+        for (const auto& column : Climate_Columns)
+            fields.Tab(static_cast<int>(column.First)).Scientific(Number_Of(row, column), column.Name);
+        fields.Tab(static_cast<int>(Climate_Columns.back().First + Climate_Number_Width));
+        fields.Text_Field(row.Cli_Hour, "Hour").End();
     }
     return fields;
 }

@@ -9,7 +9,6 @@ namespace {
 
 constexpr std::size_t Date_First = 2;
 constexpr std::size_t Date_Width = 2;
-constexpr std::size_t Number_Width = 10;
 constexpr std::size_t Hour_First = 78;
 constexpr std::string_view Blanks_Before_Hour = "      ";
 
@@ -26,10 +25,9 @@ Climate_Row Parse_Row(std::string_view line)
     row.Cli_Day = Date_Part(Columns(line, Date_First));
     row.Cli_Month = Date_Part(Columns(line, Date_First + Date_Width));
     row.Cli_Year = Date_Part(Columns(line, Date_First + 2 * Date_Width));
-    std::size_t first = Climate_Number_First;
     for (const auto& column : Climate_Columns) {
-        row.*column.Number = Val(Columns(line, first, Number_Width));
-        first += Number_Width;
+        const auto number = Columns(line, column.First, Climate_Number_Width);
+        row.*column.Number = Trim(number).empty() ? std::nullopt : std::optional(Val(number));
     }
     if (line.size() > Hour_First)
         row.Cli_Hour = Columns(line, Hour_First);
@@ -54,7 +52,8 @@ Climate_Table Parse_CLI(std::string_view bytes)
         if (table.Rows.size() < Most_Climate_Rows)
             table.Rows.push_back(Parse_Row(line));
         else if (!line.empty()) // the empty line at the end takes no row
-            throw File_Error("The file has more than " + std::to_string(Most_Climate_Rows) + " days.");
+            throw File_Error("The file has more than " + std::to_string(Most_Climate_Rows) + " days.",
+                             lines.Line_Number());
     }
     return table;
 }
@@ -69,7 +68,7 @@ std::string Format_CLI(const Climate_Table& table)
         text += ' ';
         text += Date_Part(row.Cli_Day) + Date_Part(row.Cli_Month) + Date_Part(row.Cli_Year);
         for (const auto& column : Climate_Columns)
-            text += Number_Text('G', row.*column.Number, Number_Width);
+            text += Number_Text('G', Number_Of(row, column), Climate_Number_Width);
         text += Blanks_Before_Hour;
         text += row.Cli_Hour;
         text += CrLf;
@@ -80,7 +79,7 @@ std::string Format_CLI(const Climate_Table& table)
 
 std::string Cell_Text(const Climate_Row& row, const Climate_Column& column)
 {
-    return Format_Pattern(row.*column.Number, column.Shown_With);
+    return Format_Pattern(Number_Of(row, column), column.Shown_With);
 }
 
 void Round_As_Shown(Climate_Table& table)

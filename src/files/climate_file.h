@@ -4,6 +4,7 @@
 
 #include <array>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,24 +12,32 @@ namespace orvel {
 
 // A climate file is a title line, then one day per line in fixed columns.
 
-constexpr int Climate_Number_First = 8; // column of the first number, each ten wide
+constexpr std::size_t Climate_Number_Width = 10;
 
-// A number column: its heading in two lines, the name that a user knows it by, and the pattern it is shown with.
+// A number column of the file: where it begins (1-based), its heading in the grid in two lines, the name that a user
+// knows it by, the pattern that the grid shows it with, and its title in the chart; the chart has no radiation.
 struct Climate_Column {
-    double Climate_Row::*Number;
-    std::string_view Heading, Heading_Below, Name, Shown_With;
+    std::optional<double> Climate_Row::*Number;
+    std::size_t First;
+    std::string_view Heading, Heading_Below, Name, Shown_With, Chart_Title;
 };
 
 // In the order of the file, which is also that of the grid.
 constexpr std::array<Climate_Column, 7> Climate_Columns = {{
-    {&Climate_Row::Cli_Rain, "Rainfall", "[cm]", "Rainfall", "0.00"},
-    {&Climate_Row::Cli_Evap, "[cm]", "Evap", "Evaporation", "0.00"},
-    {&Climate_Row::Cli_Temp_14, "Temp", "14.00", "Temperature at 14.00", "0.0"},
-    {&Climate_Row::Cli_Temp_Mean, "mean", "Temp", "Mean temperature", "0.0"},
-    {&Climate_Row::Cli_Temp_Diff, "Diff", "", "Temperature difference", "0.0"},
-    {&Climate_Row::Cli_Rel_Hum, "Rel.hum.", "[%]", "Relative humidity", "0.0"},
-    {&Climate_Row::Cli_Radiation, "Radiation", "[kJ/m\xB2]", "Radiation", "0.0"},
+    {&Climate_Row::Cli_Rain, 8, "Rainfall", "[cm]", "Rainfall", "0.00", "Precipitation [cm]"},
+    {&Climate_Row::Cli_Evap, 18, "[cm]", "Evap", "Evaporation", "0.00", "pot. Evapotranspiration [cm/d]"},
+    {&Climate_Row::Cli_Temp_14, 28, "Temp", "14.00", "Temperature at 14.00", "0.0", "Temperature at 14.00[\xB0\x43]"},
+    {&Climate_Row::Cli_Temp_Mean, 38, "mean", "Temp", "Mean temperature", "0.0", "Mean Temperature [\xB0\x43]"},
+    {&Climate_Row::Cli_Temp_Diff, 48, "Diff", "", "Temperature difference", "0.0", "Tmax-Tmin [\xB0\x43]"},
+    {&Climate_Row::Cli_Rel_Hum, 58, "Rel.hum.", "[%]", "Relative humidity", "0.0", "rel. humidity [%] at 14.00"},
+    {&Climate_Row::Cli_Radiation, 68, "Radiation", "[kJ/m\xB2]", "Radiation", "0.0", ""},
 }};
+
+// A number as it is shown and written: a blank is 0.
+inline double Number_Of(const Climate_Row& row, const Climate_Column& column)
+{
+    return (row.*column.Number).value_or(0);
+}
 
 // A number as a cell of the grid shows it.
 std::string Cell_Text(const Climate_Row& row, const Climate_Column& column);
@@ -36,10 +45,11 @@ std::string Cell_Text(const Climate_Row& row, const Climate_Column& column);
 // Rounds every number as the grid shows it: what a save of an unedited grid writes.
 void Round_As_Shown(Climate_Table& table);
 
-// A row whose day is blank or zero is no day: it is not shown and not saved.
+// A row whose day is blank or zero is neither saved nor simulated.
 bool Is_Left_Out(const Climate_Row& row);
 
-// A short line is no error. Throws File_Error for more rows than Most_Climate_Rows or an empty file.
+// A short line is no error, and a column of blanks no number. Throws File_Error for more rows than Most_Climate_Rows or
+// an empty file.
 Climate_Table Parse_CLI(std::string_view bytes);
 
 // Rows whose day is blank or zero are left out; one empty line stands at the end.

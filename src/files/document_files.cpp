@@ -1,3 +1,5 @@
+// Reading and writing documents of the session, with the messages when that fails.
+#include "core/code_page.h"
 #include "core/files.h"
 #include "files/climate_file.h"
 #include "files/file_messages.h"
@@ -13,8 +15,17 @@ try {
     Parse_PSM(Read_Whole(file), session.Pesticide);
     session.Program.PSM_Read_OK = true;
     return true;
-} catch (const File_Error&) {
-    Refuse_Document(session);
+} catch (const File_Error& error) {
+    Refuse_Document(session, error);
+    return false;
+}
+
+bool Read_PSM(Pesticide_Document& document, const fs::path& file, const Ask_Function& ask)
+try {
+    Parse_PSM(Read_Whole(file), document);
+    return true;
+} catch (const File_Error& error) {
+    Refuse_Document(ask, Path_Text(file), error);
     return false;
 }
 
@@ -33,8 +44,18 @@ try {
     Parse_SZE(Read_Whole(file), session.Scenario);
     session.Program.PSM_Read_OK = true;
     return true;
-} catch (const File_Error&) {
-    Refuse_Document(session);
+} catch (const File_Error& error) {
+    Refuse_Document(session, error);
+    return false;
+}
+
+bool Read_SZE(Scenario_Document& document, const fs::path& file, const Ask_Function& ask)
+try {
+    Reset_SZE(document);
+    Parse_SZE(Read_Whole(file), document);
+    return true;
+} catch (const File_Error& error) {
+    Refuse_Document(ask, Path_Text(file), error);
     return false;
 }
 

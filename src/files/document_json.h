@@ -6,8 +6,8 @@
 
 namespace orvel {
 
-// A document as JSON: keys named as the fields of the session, arrays indexed as there (an index that is not in use is
-// null). Applications, horizons and rows as many as are in use.
+// A document as JSON. Keys are the names of the fields in the session, arrays have its indices (null where an index is
+// not in use) and hold the elements in use.
 std::string Json_Of(const Pesticide_Document& document);
 std::string Json_Of(const Scenario_Document& document);
 std::string Json_Of(const Climate_Table& table);

@@ -4,22 +4,36 @@
 #include "core/text.h"
 #include "files/broken_line.h"
 #include "files/climate_file.h"
+#include "files/document_json.h"
 #include "files/file_messages.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 
+#include <algorithm>
+
 namespace orvel {
+
+const std::array<Document_Type, 3> Document_Types = {{
+    {Document_Kind::Pesticide, ".psm", "*.psm", &Program_State::PSM_Changed, Read_PSM, Write_PSM,
+     [](const Session& session) { return Broken_By_Layout(session.Pesticide); },
+     [](const Session& session) { return Json_Of(session.Pesticide); }},
+    {Document_Kind::Scenario, ".sze", "*.sze", &Program_State::SZE_Changed, Read_SZE, Write_SZE,
+     [](const Session& session) { return Broken_By_Layout(session.Scenario); },
+     [](const Session& session) { return Json_Of(session.Scenario); }},
+    {Document_Kind::Climate, ".cli", "*.cli", &Program_State::CLI_Changed, Read_CLI, Write_CLI,
+     [](const Session& session) { return Broken_By_Layout(session.Climate); },
+     [](const Session& session) { return Json_Of(session.Climate); }},
+}};
+
+const Document_Type& Type_Of(Document_Kind kind)
+{
+    return Document_Types[static_cast<std::size_t>(kind)];
+}
 
 std::optional<Document_Kind> Kind_Of(const std::filesystem::path& file)
 {
-    const std::string ending = Lower(file.extension().string());
-    if (ending == ".psm")
-        return Document_Kind::Pesticide;
-    if (ending == ".sze")
-        return Document_Kind::Scenario;
-    if (ending == ".cli")
-        return Document_Kind::Climate;
-    return std::nullopt;
+    const auto type = std::ranges::find(Document_Types, Lower(file.extension().string()), &Document_Type::Ending);
+    return type == Document_Types.end() ? std::nullopt : std::optional(type->Kind);
 }
 
 std::string Shown_Name(const std::filesystem::path& file)
@@ -27,35 +41,23 @@ std::string Shown_Name(const std::filesystem::path& file)
     return Name_Of(file.filename()).value_or(file.filename().string());
 }
 
-std::string No_Document(const std::filesystem::path& file)
+std::string Unknown_Ending(const std::filesystem::path& file)
 {
-    return Shown_Name(file) + " does not end in .psm, .sze or .cli.";
+    std::string text = Shown_Name(file) + " does not end in ";
+    for (const auto& type : Document_Types) {
+        if (&type != &Document_Types.front())
+            text += &type == &Document_Types.back() ? " or " : ", ";
+        text += type.Ending;
+    }
+    return text + ".";
 }
 
 bool Save_Document(Session& session, const std::filesystem::path& file)
 {
-    const auto kind = Kind_Of(file);
-    if (kind == Document_Kind::Pesticide)
-        return Write_PSM(session, file);
-    if (kind == Document_Kind::Scenario)
-        return Write_SZE(session, file);
-    if (kind == Document_Kind::Climate)
-        return Write_CLI(session, file);
-    session.Ask({std::string(Saving_Input_File), No_Document(file)});
+    if (const auto kind = Kind_Of(file))
+        return Type_Of(*kind).Write(session, file);
+    session.Ask({std::string(Saving_Input_File), Unknown_Ending(file)});
     return false;
-}
-
-std::optional<std::string> Broken_Field(const Session& session, Document_Kind kind)
-{
-    switch (kind) {
-    case Document_Kind::Pesticide:
-        return Broken_By_Layout(session.Pesticide);
-    case Document_Kind::Scenario:
-        return Broken_By_Layout(session.Scenario);
-    case Document_Kind::Climate:
-        return Broken_By_Layout(session.Climate);
-    }
-    return std::nullopt;
 }
 
 } // namespace orvel

@@ -2,27 +2,42 @@
 
 #include "core/session.h"
 
+#include <array>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace orvel {
 
-// What the open dialog and the save dialog do with a file, by its ending.
 enum class Document_Kind { Pesticide, Scenario, Climate };
 
-// The kind that the ending says (.psm, .sze, .cli in any case), or nothing.
+// What the program knows of a kind of document. What needs the editors' rules is bound in documents/.
+struct Document_Type {
+    Document_Kind Kind;
+    std::string_view Ending; // selects the kind
+    std::string_view Mask;   // of its files, and the name of a new document
+    bool Program_State::*Changed;
+    bool (*Read)(Session& session, const std::filesystem::path& file);
+    bool (*Write)(Session& session, const std::filesystem::path& file);
+    std::optional<std::string> (*Broken_Field)(const Session& session); // the first field that a save would lose
+    std::string (*Json)(const Session& session);
+};
+
+// In the order of Document_Kind.
+extern const std::array<Document_Type, 3> Document_Types;
+
+const Document_Type& Type_Of(Document_Kind kind);
+
+// The kind that the ending says (in any case), or nothing.
 std::optional<Document_Kind> Kind_Of(const std::filesystem::path& file);
 
-// A file's name as the user is shown it, and what is told of one that is no document by its ending.
+// A file's name as the user is shown it, and the message for an unknown extension.
 std::string Shown_Name(const std::filesystem::path& file);
-std::string No_Document(const std::filesystem::path& file);
+std::string Unknown_Ending(const std::filesystem::path& file);
 
 // Writes the session's document of the kind that the ending says. Asks nothing: Broken_Field comes before.
 // False: it failed, and the user has been told.
 bool Save_Document(Session& session, const std::filesystem::path& file);
-
-// The name of the first field that a save would lose, or nothing.
-std::optional<std::string> Broken_Field(const Session& session, Document_Kind kind);
 
 } // namespace orvel

@@ -11,11 +11,11 @@
 
 namespace orvel {
 
-// The name of what is lost where a text cannot be read again although all fields that came back are right.
+// What is lost where every field compared equal and yet the text could not be parsed.
 constexpr std::string_view Unreadable = "A count or the end of the file";
 
-// Lists the fields of lines as they must come out of a file again: texts, and numbers to the digits that the file
-// keeps. Prints the lines as it goes, to see which field overruns the column behind it.
+// Lists the fields of lines as a file must return them: texts, and numbers to the digits that the file keeps. Prints
+// the lines as it goes, to find a field that runs into the column behind it.
 class Line_Fields {
 public:
     // What the fields that follow belong to; empty for the document itself.
@@ -44,8 +44,8 @@ public:
         Out.Text(text);
         return Keep(General_Text(Val(text)), name);
     }
-    Line_Fields& Words(const Variant& value, std::string_view name) { return Words(value.Print(), name); }
-    Line_Fields& Words(const std::string& text, std::string_view name)
+    Line_Fields& Text_Field(const Variant& value, std::string_view name) { return Text_Field(value.Print(), name); }
+    Line_Fields& Text_Field(const std::string& text, std::string_view name)
     {
         Out.Text(text);
         return Keep(std::string(Trim(text)), name);
@@ -77,8 +77,8 @@ public:
     }
     void End() { Out.End(); }
 
-    // The name of the first field that is lost in the other list, or of the one before it that is too wide for its
-    // column and so made it.
+    // The first field that the other list lacks; if a field before it is too wide for its column, that one, since it
+    // is the cause.
     std::optional<std::string> First_Not_In(const Line_Fields& other) const
     {
         const auto lost = std::ranges::mismatch(List, other.List, [](const Kept& a, const Kept& b) {
@@ -104,7 +104,7 @@ private:
         return *this;
     }
 
-    // What the user means by a text: a comma is a point, which the reader would not know.
+    // What the user means by a text: readers do not know the decimal comma.
     static double Meant(const Variant& value)
     {
         return value.Is_Text() ? Val(Comma_To_Point(value.Text())) : value.Number();

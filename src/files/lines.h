@@ -13,25 +13,43 @@
 
 namespace orvel {
 
-// Field is a value in print form, Value_Of a field that prints as a number whatever it holds, Scientific a number in
-// scientific text, Pattern one in a format pattern, Words a text without blanks, Whole a flag that reads as 0 where the
-// file has a fraction, Tag a fixed word that stands where a field could.
-//
-// The layout of a line is one function template over these: Line_In reads a line's fields by it, Line_Out prints them,
+// The layout of a line is one function template over a "line": Line_In reads the fields by it, Line_Out prints them,
 // and Line_Fields (line_fields.h) lists them. Every field carries the name that a user knows it by.
+//
+// Field       a value in print form
+// Value_Of    a value that prints as a number, also where a text was typed
+// Scientific  a number ten characters wide
+// Pattern     a number in a format pattern
+// Text_Field  a word without blanks
+// Whole       a flag that reads as 0 where the file has a fraction
+// Tag         a fixed word that takes the place of a field
 
 // Numbers in the scientific text of a file have this width.
 constexpr int Scientific_Width = 10;
 
+// A place in a file, 1-based; 0 where it is not known.
+struct Place {
+    int Line = 0, Column = 0;
+};
+
+// The column in which a part of a line begins; 0 for an empty one.
+inline int Column_Of(std::string_view part, std::string_view line)
+{
+    return part.empty() ? 0 : static_cast<int>(part.data() - line.data()) + 1;
+}
+
 // Takes the fields of a line word by word; one that is missing is 0. Columns, blanks and fixed texts do not matter to
-// it.
+// it. A number that its field cannot hold throws a File_Error with its place.
 class Line_In {
 public:
-    explicit Line_In(std::string_view line) : Rest(line) {}
+    explicit Line_In(std::string_view line, int line_number = 0) : Line(line), Rest(line), Line_Number(line_number) {}
 
-    double Number() { return Val(Next_Token(Rest)); }
-    std::string_view Word() { return Trim(Next_Token(Rest)); }
+    double Number() { return Val(Next()); }
+    std::string_view Word() { return Trim(Next()); }
+    std::int16_t Integer() { return Checked(Number()); }
     std::string_view Remainder() const { return Rest; }
+    Place Place_Of_Last() const { return {Line_Number, Column_Of(Last, Line)}; } // of the word taken last
+    void Skip_To(std::size_t column) { Rest = Columns(Line, column); }           // what follows is taken from there
 
     template <class Value> Line_In& Field(Value& value, std::string_view)
     {
@@ -44,7 +62,7 @@ public:
         return Field(value, name);
     }
     template <class Value> Line_In& Value_Of(Value& value, std::string_view name) { return Field(value, name); }
-    Line_In& Words(Variant& value, std::string_view)
+    Line_In& Text_Field(Variant& value, std::string_view)
     {
         value = Word();
         return *this;
@@ -53,7 +71,7 @@ public:
     {
         const double number = Number();
         const double whole = std::floor(number);
-        value = number - whole < 0.01 ? To_I16(whole) : std::int16_t{0};
+        value = number - whole < 0.01 ? Checked(whole) : std::int16_t{0};
         return *this;
     }
     Line_In& Tag(std::string_view)
@@ -70,10 +88,24 @@ public:
 private:
     void Take(double& value) { value = Number(); }
     void Take(Variant& value) { value = Number(); }
-    void Take(std::int16_t& value) { value = To_I16(Number()); }
+    void Take(std::int16_t& value) { value = Integer(); }
     void Take(std::string& value) { value = Word(); }
 
-    std::string_view Rest;
+    std::int16_t Checked(double number) const
+    try {
+        return To_I16(number);
+    } catch (const File_Error& error) {
+        throw File_Error(error.Reason, Line_Number, Column_Of(Last, Line));
+    }
+
+    std::string_view Next()
+    {
+        Last = Next_Token(Rest);
+        return Last;
+    }
+
+    std::string_view Line, Rest, Last;
+    int Line_Number;
 };
 
 // Prints the fields of lines.
@@ -104,7 +136,7 @@ public:
     }
 
     Line_Out& Value_Of(const Variant& value, std::string_view name) { return Field(value.Number(), name); }
-    Line_Out& Words(const Variant& value, std::string_view) { return Text(value.Print()); }
+    Line_Out& Text_Field(const Variant& value, std::string_view) { return Text(value.Print()); }
     Line_Out& Whole(std::int16_t value, std::string_view name) { return Field(value, name); }
     Line_Out& Tag(std::string_view text) { return Text(text); }
 
@@ -142,11 +174,12 @@ private:
 };
 
 // A count read from a file or held in a document. Throws File_Error unless it is 0 to `most`.
-inline int Checked_Count(double count, int most, std::string_view of_what)
+inline int Checked_Count(double count, int most, std::string_view of_what, Place place = {})
 {
     if (!(count >= 0 && count <= most))
         throw File_Error("The number of " + std::string(of_what) + " is not between 0 and " + std::to_string(most) +
-                         ".");
+                             ".",
+                         place.Line, place.Column);
     return static_cast<int>(count);
 }
 

@@ -1,3 +1,5 @@
+// The fields of a pesticide file in order, to find what its layout would lose.
+#include "core/pesticide_constants.h"
 #include "files/broken_line.h"
 #include "files/line_fields.h"
 #include "files/pesticide_file.h"
@@ -10,14 +12,14 @@ namespace orvel {
 
 namespace {
 
-// What reading changes in every file, and the one reference point that a table of relative applications has.
+// Applies what any reading changes, and the one reference point that all relative applications share.
 void Change_As_Read(Pesticide_Document& document)
 {
     for (std::size_t i = 1; i <= Substances; ++i) {
         if (document.Koc_Change[i] == 0)
             document.Koc_Change[i] = 1;
         if (document.Sorp_pH2[i].Number() == 0)
-            document.Sorp_pH2[i] = -99;
+            document.Sorp_pH2[i] = No_Value;
     }
     for (auto& application : document.Relative)
         application.Abs9_Month = document.Relative[1].Abs9_Month;
@@ -29,8 +31,8 @@ public:
 
     Line_Fields List()
     {
-        Fields.Words(Document.PSM_Title, "Title")
-            .Words(Document.Substance_Name[1], "Name of the active substance")
+        Fields.Text_Field(Document.PSM_Title, "Title")
+            .Text_Field(Document.Substance_Name[1], "Name of the active substance")
             .End();
         Horizon_Count_Line(Fields, Document);
         Fields.End();
@@ -69,7 +71,7 @@ private:
         Fields.About(place);
         Fields.Pattern(Document.App_Count[location], "000", "Number of applications").Tab(Location_Code_Tab);
         if (location > 0)
-            Fields.Words(Document.App_Location[location], "Name");
+            Fields.Text_Field(Document.App_Location[location], "Name");
         Fields.End();
         const double count = std::clamp<double>(Document.App_Count[location].Number(), 0, Last_Application);
         for (std::size_t a = 1; a <= static_cast<std::size_t>(count); ++a) {
@@ -122,7 +124,7 @@ private:
         Fields.Field(Document.Met_Present[i], "Section").End();
         if (!Document.Met_Present[i])
             return false;
-        Fields.Words(Document.Substance_Name[i], "Name").End();
+        Fields.Text_Field(Document.Substance_Name[i], "Name").End();
         Metabolite_Flags_Line(Fields, Document, i);
         Fields.End();
         Molmass_Line(Fields, Document, i);

@@ -21,6 +21,8 @@ std::string Format_PSM(Pesticide_Document& document);
 
 // Reads into the session and sets PSM_Read_OK; false: it failed, and the user has been told.
 bool Read_PSM(Session& session, const std::filesystem::path& file);
+// Reads a document that is only looked at; false: it failed, and the user has been told.
+bool Read_PSM(Pesticide_Document& document, const std::filesystem::path& file, const Ask_Function& ask);
 
 // Writes the session's document whole; false: it failed, and the user has been told.
 bool Write_PSM(Session& session, const std::filesystem::path& file);

@@ -41,7 +41,7 @@ constexpr Per_Substance<std::string_view> Section_Name = {"",
                                                           "METABOLITE C2",
                                                           "METABOLITE D2"};
 
-// What the reader looks for.
+// Lines and words that the reader recognises.
 constexpr std::string_view Photodegradation_Tag = "<PHOTODEGRADATION>";
 constexpr std::string_view End_Tag = "<END PSM>";
 constexpr std::string_view Second_Point_Mark = "Temperature";
@@ -86,7 +86,7 @@ template <class Line, class Application> void Relative_Line(Line& line, Applicat
     line.Spc(2).Field(application.Abs9_Frpex, "Interception");
 }
 
-// What ends both kinds of application line.
+// The end of both kinds of application line.
 template <class Line, class Application> void Application_Tail(Line& line, Application& application)
 {
     line.Spc(2).Field(application.App_Time, "Fraction poorly exposed").Spc(2).Field(application.App_Crop_Flag, "Hour");
@@ -100,7 +100,7 @@ template <class Line, class Document> void Method_Line(Line& line, Document& doc
         .Text("<pesticide appl. flag: 1=soil 2 =linear 3=exp. foliar 4=manually");
 }
 
-// Stands only with a foliar method.
+// Only with a foliar method.
 template <class Line, class Document> void Plant_Line(Line& line, Document& document)
 {
     const bool exponential = document.App_Method.Number() == Exponential_Method;
@@ -132,7 +132,7 @@ template <class Line, class Document> void Flags_Line(Line& line, Document& docu
 constexpr std::string_view Volatilisation_Header =
     "<henry       solub.      molmass     vap.press   diff air    depth volat.  Hv        Temperature>";
 
-// The older form of the line ends here.
+// The older form has these fields alone.
 template <class Line, class Document> void Volatilisation_Line(Line& line, Document& document, std::size_t k)
 {
     line.Scientific(document.Henry[k], "Henry constant").Spc(2).Field(document.Solubility[k], "Solubility").Spc(2);

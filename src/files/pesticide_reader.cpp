@@ -1,4 +1,6 @@
+// Parses the bytes of a pesticide file.
 #include "core/locations.h"
+#include "core/pesticide_constants.h"
 #include "files/pesticide_file.h"
 #include "files/pesticide_lines.h"
 
@@ -9,12 +11,10 @@ namespace orvel {
 
 namespace {
 
-constexpr double No_Second_pH = -99;
-constexpr double Default_Hv = 98400;
 constexpr int Most_Sections = Substances - 1;
 constexpr std::size_t Code_Width = 3;
 
-// Reads a document line by line, as the file stands: what was read before an error stays.
+// Fills the document line by line; what was read before an error stays in it.
 class Reader {
 public:
     Reader(std::string_view bytes, Pesticide_Document& document) : Lines(bytes), Document(document) {}
@@ -35,13 +35,17 @@ public:
         Horizons(1);
         for (int section = 0; !Is_End(); ++section) {
             if (section == Most_Sections)
-                throw File_Error("More than eight metabolites.");
+                throw File_Error("More than eight metabolites.", Lines.Line_Number());
             Read_Metabolite();
         }
     }
 
 private:
-    Line_In Next() { return Line_In(Lines.Next()); }
+    Line_In Next()
+    {
+        const auto line = Lines.Next();
+        return Line_In(line, Lines.Line_Number());
+    }
 
     void Read_Head()
     {
@@ -56,16 +60,18 @@ private:
         Lines.Skip(2);
         auto line = Next();
         Horizon_Count_Line(line, Document);
+        Horizon_Count = line.Place_Of_Last();
         Lines.Skip(2);
     }
 
     void Read_Applications()
     {
         auto count = Next();
-        Document.App_Loc_Count = To_I16(count.Number());
-        Document.App_Rel_Flag = To_I16(count.Number());
-        Document.App_Mode = To_I16(count.Number());
-        const int locations = Checked_Count(Document.App_Loc_Count, Last_Location + 1, "locations");
+        Document.App_Loc_Count = count.Integer();
+        const Place place = count.Place_Of_Last();
+        Document.App_Rel_Flag = count.Integer();
+        Document.App_Mode = count.Integer();
+        const int locations = Checked_Count(Document.App_Loc_Count, Last_Location + 1, "locations", place);
         for (int location = 0; location < locations; ++location)
             Read_Location(static_cast<std::size_t>(location));
         auto method = Next();
@@ -80,10 +86,11 @@ private:
     void Read_Location(std::size_t location)
     {
         auto line = Next();
-        Document.App_Count[location] = To_I16(line.Number());
+        Document.App_Count[location] = line.Integer();
+        const Place place = line.Place_Of_Last();
         if (location > 0)
             Document.App_Location[location] = Location_Name(Trim(Trim(line.Remainder()).substr(0, Code_Width)));
-        const int count = Checked_Count(Document.App_Count[location].Number(), Last_Application, "applications");
+        const int count = Checked_Count(Document.App_Count[location].Number(), Last_Application, "applications", place);
         for (std::size_t a = 1; a <= static_cast<std::size_t>(count); ++a) {
             auto application = Next();
             if (Document.App_Mode == App_Mode_Relative)
@@ -119,10 +126,10 @@ private:
         Document.Henry[1] = 2 * Document.Henry[0];
         Document.Solubility[1] = 2 * Document.Solubility[0];
         Document.Vap_Press[1] = 4 * Document.Vap_Press[0];
-        Document.Hv = Default_Hv;
+        Document.Hv = Default_Enthalpy;
         if (!std::isfinite(Document.Henry[1]) || !std::isfinite(Document.Solubility[1]) ||
             !std::isfinite(Document.Vap_Press[1]))
-            throw File_Error("A volatilisation value is too large.");
+            throw File_Error("A volatilisation value is too large.", Lines.Line_Number());
     }
 
     void Uptake(std::size_t i)
@@ -139,7 +146,7 @@ private:
         }
     }
 
-    // False for the older form without this line: then the line that ends the section has been read instead.
+    // False for the older form, which lacks this line: the line read instead is the end of the section.
     bool Depth_Mode(std::size_t i)
     {
         const auto text = Lines.Next();
@@ -147,11 +154,12 @@ private:
             Document.Deg_Depth_Mode[i] = 0;
             return false;
         }
-        const int mode = To_I16(Line_In(text).Number());
+        Line_In line(text, Lines.Line_Number());
+        const int mode = line.Integer();
         const bool liquid_only = mode >= Individual_Depth_Modes;
         const int depth_mode = liquid_only ? mode - Individual_Depth_Modes : mode;
-        Document.Deg_Depth_Mode[i] = static_cast<std::uint8_t>(
-            Checked_Count(depth_mode, std::numeric_limits<std::uint8_t>::max(), "the depth mode"));
+        Document.Deg_Depth_Mode[i] = static_cast<std::uint8_t>(Checked_Count(
+            depth_mode, std::numeric_limits<std::uint8_t>::max(), "the depth mode", line.Place_Of_Last()));
         Document.Deg_Liquid_Only[i] = liquid_only ? 1 : 0;
         return true;
     }
@@ -172,13 +180,13 @@ private:
         if (Document.Koc_Change[i] == 0)
             Document.Koc_Change[i] = 1;
         if (Document.Sorp_pH2[i].Number() == 0)
-            Document.Sorp_pH2[i] = No_Second_pH;
+            Document.Sorp_pH2[i] = No_Value;
         Lines.Skip(3);
     }
 
     void Size_Horizons()
     {
-        const int count = Checked_Count(Document.N_Horizons.Number(), Most_Horizons, "soil horizons");
+        const int count = Checked_Count(Document.N_Horizons.Number(), Most_Horizons, "soil horizons", Horizon_Count);
         Pesticide_Horizon horizon;
         horizon.Hor_Kd.fill(0);
         horizon.Hor_FrExp.fill(0.9);
@@ -201,11 +209,12 @@ private:
     void Read_Metabolite()
     {
         Lines.Skip(1);
-        const auto comment = Trim(Lines.Next());
+        const auto line = Lines.Next();
+        const auto comment = Trim(line);
         const auto found =
             std::find(Section_Name.begin() + 2, Section_Name.end(), comment.substr(0, Section_Name_Width));
         if (found == Section_Name.end())
-            throw File_Error("There is no such metabolite.");
+            throw File_Error("There is no such metabolite.", Lines.Line_Number(), Column_Of(comment, line));
         const auto i = static_cast<std::size_t>(found - Section_Name.begin());
         Document.Met_Present[i] = true;
         Document.Substance_Name[i] = Trim(comment.substr(Section_Name_Width));
@@ -227,13 +236,14 @@ private:
 
     Line_Reader Lines;
     Pesticide_Document& Document;
+    Place Horizon_Count;
 };
 
 } // namespace
 
 void Parse_PSM(std::string_view bytes, Pesticide_Document& document)
 {
-    // Nothing of the document read before stays, not even what a new document leaves alone.
+    // Nothing of a document read before may stay, not even fields that Reset_PSM leaves alone.
     document = Pesticide_Document();
     Reset_PSM(document);
     Reader(bytes, document).Read();

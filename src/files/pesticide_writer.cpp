@@ -1,14 +1,14 @@
+// Formats a pesticide document as the bytes of its file.
 #include "files/pesticide_file.h"
 
 #include "core/locations.h"
+#include "core/pesticide_constants.h"
 #include "files/pesticide_lines.h"
 
 namespace orvel {
 
 namespace {
 
-constexpr double No_Dissociation = 20; // pKa
-constexpr double No_Value = -99;
 constexpr std::string_view Section_Rule = "###############################################";
 
 class Writer {

@@ -1,3 +1,4 @@
+// The fields of a scenario file in order, to find what its layout would lose.
 #include "files/broken_line.h"
 #include "files/line_fields.h"
 #include "files/scenario_file.h"
@@ -31,7 +32,7 @@ public:
 
     Line_Fields List()
     {
-        Fields.Words(Document.SZE_Title, "Title").End();
+        Fields.Text_Field(Document.SZE_Title, "Title").End();
         Evapotranspiration_Line(Fields, Document);
         Fields.End();
         Fields.Field(Document.SZE_Erosion, "Erosion flag").End();

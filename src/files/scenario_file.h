@@ -22,6 +22,8 @@ std::string Format_SZE(Scenario_Document& document);
 // Resets the scenario document, reads into the session and sets PSM_Read_OK; false: it failed, and the user has been
 // told.
 bool Read_SZE(Session& session, const std::filesystem::path& file);
+// Reads a document that is only looked at; false: it failed, and the user has been told.
+bool Read_SZE(Scenario_Document& document, const std::filesystem::path& file, const Ask_Function& ask);
 bool Write_SZE(Session& session, const std::filesystem::path& file);
 
 } // namespace orvel

@@ -11,6 +11,7 @@ namespace orvel {
 // The lines of a scenario file, each stated once for reading, printing and listing. Tabs are 1-based columns.
 
 // The marker words at the end of the second line.
+constexpr std::string_view Marker_Of_Extended_Rows = "ORVEL40"; // in all markers of extended crop rows
 constexpr std::string_view Marker_Extended = "ORVEL401";
 constexpr std::string_view Marker_Tillage = "ORVEL400TILLAGE";
 constexpr std::string_view Marker_Derived_Tillage =
@@ -35,7 +36,7 @@ template <class Line, class Document> void Evapotranspiration_Line(Line& line, D
     line.Field(document.SZE_Kc[1][0], "Kc mid season").Spc(2).Field(document.SZE_Kc[2][0], "Kc late season").Spc(2);
 }
 
-// Stands only with erosion.
+// Only with erosion.
 template <class Line, class Document> void Erosion_Line(Line& line, Document& document)
 {
     line.Field(document.SZE_Eros_K, "Erosion factor 1").Spc(2).Field(document.SZE_Eros_2, "Erosion factor 2").Spc(2);
@@ -43,7 +44,7 @@ template <class Line, class Document> void Erosion_Line(Line& line, Document& do
     line.Field(document.SZE_Eros_5, "Erosion factor 5");
 }
 
-// The older form of the line ends here.
+// The older form has these fields alone.
 template <class Line, class Crop> void Crop_Line(Line& line, Crop& crop)
 {
     line.Field(crop.SZE_Rot_Crop_No, "Crop number").Spc(2).Field(crop.SZE_Rot_Text2, "Interception storage").Spc(2);
@@ -103,7 +104,7 @@ template <class Line> void Rotation_Line(Line& line, const Rotation_Row& row, bo
     line.Pattern(row.SZE_Til_Year, digits, "Tillage year");
 }
 
-// The sum runs over as many crop rows as there are rotation rows: tillage of a crop beyond does not count.
+// Required: only as many crop rows count as there are rotation rows.
 inline bool Has_Tillage(const Scenario_Document& document)
 {
     const int rows = std::min<int>(document.SZE_Rot_Count, document.SZE_Crop_Count);
@@ -168,11 +169,11 @@ template <class Line, class Document> void Bottom_Line(Line& line, Document& doc
 
 template <class Line, class Document> void Output_Line(Line& line, Document& document)
 {
-    line.Tag("    WATR").Tab(13).Words(document.SZE_Freq_Water, "Output frequency of hydrology").Tab(21);
+    line.Tag("    WATR").Tab(13).Text_Field(document.SZE_Freq_Water, "Output frequency of hydrology").Tab(21);
     line.Pattern(document.SZE_Out_Every_Water, "0000", "Output layers of hydrology").Tab(25);
-    line.Tag("    PEST").Tab(37).Words(document.SZE_Freq_Solute, "Output frequency of solute mass").Tab(45);
+    line.Tag("    PEST").Tab(37).Text_Field(document.SZE_Freq_Solute, "Output frequency of solute mass").Tab(45);
     line.Pattern(document.SZE_Out_Every_Solute, "0000", "Output layers of solute mass").Tab(49);
-    line.Tag("    CONC").Tab(61).Words(document.SZE_Freq_Conc, "Output frequency of concentration").Tab(69);
+    line.Tag("    CONC").Tab(61).Text_Field(document.SZE_Freq_Conc, "Output frequency of concentration").Tab(69);
     line.Pattern(document.SZE_Out_Every_Conc, "0000", "Output layers of concentration");
 }
 

@@ -1,3 +1,4 @@
+// Parses the bytes of a scenario file.
 #include "files/scenario_file.h"
 #include "files/scenario_lines.h"
 
@@ -6,6 +7,8 @@
 namespace orvel {
 
 namespace {
+
+constexpr std::size_t Date_Width = 6;
 
 struct Date {
     std::int16_t Day = 0, Month = 0, Year = 0;
@@ -18,8 +21,8 @@ Date Next_Date(Line_In& line)
     return {To_I16(Val(Columns(word, 1, 2))), To_I16(Val(Columns(word, 3, 2))), To_I16(Val(Columns(word, 5, 2)))};
 }
 
-// Tillage of files that hold none: the day before emergence, or the 15th of the month before, which for January is
-// month 0.
+// Tillage where the file has none: the day before emergence, or the 15th of the month before; the month before January
+// is 0.
 Date Derived_Tillage(const Rotation_Row& row)
 {
     Date date{static_cast<std::int16_t>(row.SZE_Eme_Day - 1), row.SZE_Eme_Month, row.SZE_Eme_Year};
@@ -30,7 +33,7 @@ Date Derived_Tillage(const Rotation_Row& row)
     return date;
 }
 
-// Reads a document line by line, as the file stands: what was read before an error stays.
+// Fills the document line by line; what was read before an error stays in it.
 class Reader {
 public:
     Reader(std::string_view bytes, Scenario_Document& document) : Lines(bytes), Document(document) {}
@@ -38,10 +41,13 @@ public:
     void Read()
     {
         Document.SZE_Title = Lines.Next();
-        auto second = Next();
+        const auto line = Lines.Next();
+        Line_In second(line, Lines.Line_Number());
         Evapotranspiration_Line(second, Document);
         Marker = Trim(second.Remainder());
-        Document.SZE_Erosion = To_I16(Next().Number());
+        Document.SZE_Legacy_Crops = !Contains(line, Marker_Of_Extended_Rows);
+        Drops_Senescence = Contains(line, Marker_Extended);
+        Document.SZE_Erosion = Next().Integer();
         if (Document.SZE_Erosion == 1) {
             auto erosion = Next();
             Erosion_Line(erosion, Document);
@@ -53,12 +59,18 @@ public:
     }
 
 private:
-    Line_In Next() { return Line_In(Lines.Next()); }
+    Line_In Next()
+    {
+        const auto line = Lines.Next();
+        return Line_In(line, Lines.Line_Number());
+    }
 
     void Read_Crops()
     {
-        Document.SZE_Crop_Count = To_I16(Next().Number());
-        const int count = Checked_Count(Document.SZE_Crop_Count, std::numeric_limits<std::int16_t>::max(), "crop rows");
+        auto head = Next();
+        Document.SZE_Crop_Count = head.Integer();
+        const int count = Checked_Count(Document.SZE_Crop_Count, std::numeric_limits<std::int16_t>::max(), "crop rows",
+                                        head.Place_Of_Last());
         const bool extended = Contains(Marker, Marker_Derived_Tillage) || Contains(Marker, Marker_Extended);
         Document.Crops.clear();
         for (int c = 0; c < count; ++c) {
@@ -72,9 +84,10 @@ private:
 
     void Read_Rotation()
     {
-        Document.SZE_Rot_Count = To_I16(Next().Number());
-        const int count =
-            Checked_Count(Document.SZE_Rot_Count, std::numeric_limits<std::int16_t>::max(), "rotation rows");
+        auto head = Next();
+        Document.SZE_Rot_Count = head.Integer();
+        const int count = Checked_Count(Document.SZE_Rot_Count, std::numeric_limits<std::int16_t>::max(),
+                                        "rotation rows", head.Place_Of_Last());
         Document.Rotation.clear();
         for (int r = 0; r < count; ++r)
             Read_Rotation_Row(Document.Rotation.emplace_back());
@@ -87,9 +100,15 @@ private:
         row.SZE_Eme_Day = emergence.Day, row.SZE_Eme_Month = emergence.Month, row.SZE_Eme_Year = emergence.Year;
         row.SZE_Mat_Day = maturation.Day, row.SZE_Mat_Month = maturation.Month, row.SZE_Mat_Year = maturation.Year;
         row.SZE_Har_Day = harvest.Day, row.SZE_Har_Month = harvest.Month, row.SZE_Har_Year = harvest.Year;
-        row.SZE_Rot_Crop_Index = To_I16(line.Number());
+        row.SZE_Rot_Crop_Index = line.Integer();
 
-        // Only a marker with "ORVEL400" makes the dates behind count; a senescence written under "ORVEL401" is dropped.
+        // The dates behind count only under a marker with "ORVEL400". A senescence under "ORVEL401" is kept for the
+        // engine; editors take the harvest in its place.
+        Line_In behind = line;
+        if (const auto date = behind.Word(); Drops_Senescence && date.size() >= Date_Width)
+            row.SZE_Sen_In_File =
+                Rotation_Date{static_cast<int>(Val(Columns(date, 1, 2))), static_cast<int>(Val(Columns(date, 3, 2))),
+                              To_I16(Val(Columns(date, 5, 2)))};
         const bool has_dates = Contains(Marker, Marker_Derived_Tillage);
         const Date senescence = has_dates ? Next_Date(line) : harvest;
         row.SZE_Sen_Day = senescence.Day, row.SZE_Sen_Month = senescence.Month, row.SZE_Sen_Year = senescence.Year;
@@ -103,9 +122,11 @@ private:
         auto soil = Next();
         Soil_Line(soil, Document);
         Document.SZE_Runoff = Document.SZE_Water_Flag.Number() >= 2 ? 1 : 0;
-        auto horizons = Next();
+        const auto line = Lines.Next();
+        Line_In horizons(line, Lines.Line_Number());
         Horizon_Head_Line(horizons, Document);
-        const int count = Checked_Count(Document.SZE_Horizons.Number(), Most_Horizons, "soil horizons");
+        const int count = Checked_Count(Document.SZE_Horizons.Number(), Most_Horizons, "soil horizons",
+                                        {Lines.Line_Number(), Column_Of(Trim(line), line)});
         Document.Horizons.clear();
         for (int h = 0; h < count; ++h)
             Read_Horizon(Document.Horizons.emplace_back());
@@ -135,6 +156,7 @@ private:
     Line_Reader Lines;
     Scenario_Document& Document;
     std::string_view Marker;
+    bool Drops_Senescence = false;
 };
 
 } // namespace

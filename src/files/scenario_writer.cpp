@@ -1,3 +1,4 @@
+// Formats a scenario document as the bytes of its file.
 #include "files/scenario_file.h"
 #include "files/scenario_lines.h"
 

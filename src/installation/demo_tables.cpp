@@ -18,7 +18,7 @@ constexpr double Drainage = 0.1;
 constexpr double OM_Per_OC = 1.724;
 constexpr double Zone_WP_Per_FC = 0.4;
 
-// A table that was compiled in and does not hold together is a fault of the program.
+// An inconsistent table is a fault of the program, since the tables are compiled in.
 void Expect(bool holds, std::string_view what)
 {
     if (!holds)

@@ -13,7 +13,7 @@ namespace orvel {
 
 // The demonstration data as the plain files of installation/ hold them.
 
-// The title of every file says it.
+// In the title of every file.
 constexpr std::string_view Title_Warning = "demonstration data, not for regulatory use";
 
 // A location or soil zone.
@@ -22,7 +22,7 @@ struct Demo_Site {
     double Latitude = 0;            // degrees
     double Mean_Temp = 0, Rain = 0; // degC; mm/a
     bool Irrigated = false;
-    std::string Climate_As, Dates_As; // codes of the locations that lend their months and crop dates
+    std::string Climate_As, Dates_As; // codes of the locations whose months and crop dates are used
     std::vector<Scenario_Horizon> Horizons;
 
     bool Is_Zone() const { return Code.size() > 1; }

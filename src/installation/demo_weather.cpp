@@ -1,6 +1,7 @@
 #include "installation/demo_weather.h"
 
 #include "core/text.h"
+#include "files/climate_file.h"
 #include "installation/weather_random.h"
 
 #include <algorithm>
@@ -126,24 +127,23 @@ std::string Two_Digits(int number)
     return Format_Pattern(number, "00");
 }
 
-void Append_Value(std::string& line, double value, std::string_view pattern)
-{
-    constexpr std::size_t width = 10;
-    const std::string text = Format_Pattern(value, pattern);
-    line += text;
-    line.append(width - std::min(width, text.size()), ' ');
-}
-
 std::string Format_Day(const Weather_Day& day)
 {
     std::string line = " " + Two_Digits(day.Day) + Two_Digits(day.Month) + Two_Digits(day.Year);
-    Append_Value(line, day.Rain / 10, "0.000");
-    Append_Value(line, day.Evaporation / 10, "0.000");
-    Append_Value(line, day.Temp_14, "0.0");
-    Append_Value(line, day.Temp_Mean, "0.0");
-    Append_Value(line, day.Temp_Diff, "0.0");
-    Append_Value(line, day.Humidity, "0.0");
-    Append_Value(line, 1000 * day.Radiation, "0");
+    const Climate_Row row{.Cli_Rain = day.Rain / 10,
+                          .Cli_Evap = day.Evaporation / 10,
+                          .Cli_Temp_14 = day.Temp_14,
+                          .Cli_Temp_Mean = day.Temp_Mean,
+                          .Cli_Temp_Diff = day.Temp_Diff,
+                          .Cli_Rel_Hum = day.Humidity,
+                          .Cli_Radiation = 1000 * day.Radiation};
+    constexpr std::array<std::string_view, Climate_Columns.size()> patterns = {"0.000", "0.000", "0.0", "0.0",
+                                                                               "0.0",   "0.0",   "0"};
+    for (std::size_t i = 0; i < patterns.size(); ++i) {
+        line.resize(Climate_Columns[i].First - 1, ' ');
+        line += Format_Pattern(Number_Of(row, Climate_Columns[i]), patterns[i]);
+    }
+    line.resize(Climate_Columns.back().First - 1 + Climate_Number_Width, ' ');
     return line.append(CrLf);
 }
 

@@ -36,13 +36,12 @@ std::string Format_Template(const Mode& mode, const std::vector<Demo_Pesticide>&
 {
     const bool soil = mode.Profile_Rows;
     const auto& pesticide = *std::ranges::find(pesticides, soil ? "demo_S.psm" : "demo_D.psm", &Demo_Pesticide::Name);
-    const auto session = std::make_unique<Session>();
-    session->Pesticide = pesticide.Document;
-    session->Output = Recommended_Output();
-    session->Editor.App_Pattern = 1;
-    Run_Choice choice{.Pesticide = pesticide.Name, .Crop = 0, .Location = Location_Text(soil ? "T_N" : "C", true)};
-    choice.Tillage = Tillage_List(mode).at(static_cast<std::size_t>(mode.Tillage_Index));
-    return Format_Run(*session, mode, choice);
+    Run_Choice choice = Choose_Run(mode, pesticide.Name, &Crops.front(), Location_Text(soil ? "T_N" : "C", true));
+    choice.Pattern = 1;
+    choice.Met_Present = pesticide.Document.Met_Present;
+    choice.Options.Output = Recommended_Output();
+    choice.Options.Tillage = Tillage_List(mode).at(static_cast<std::size_t>(mode.Tillage_Index));
+    return Format_Run(Program_State(), mode, choice);
 }
 
 void Write_Weather(const Demo_Tables& tables, const Write_Installation_File& write)
@@ -67,7 +66,7 @@ void Write_Mode(const Mode& mode, const std::vector<Demo_Pesticide>& pesticides,
 {
     write(In_Mode(mode, Calendar_File), Format_Calendar(Demo_Years));
     write(In_Mode(mode, "orvel.inp"), Format_Template(mode, pesticides));
-    // The run form shows the idle state only where it can read this file.
+    // Without this file the run form takes the mode for one that is running.
     write(In_Mode(mode, mode.Probe_File), "Probe file of the run form; its content has no meaning.\r\n");
     if (!mode.Last_Copy.empty())
         write(In_Mode(mode, mode.Last_Copy),

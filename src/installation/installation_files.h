@@ -6,8 +6,8 @@
 
 namespace orvel {
 
-// Gives every file of an installation but the programs to `write`, with its path below the installation directory;
-// directories stand before what is in them. What `write` throws comes through.
+// Calls `write` for every file of an installation except the programs, with its path below the installation directory.
+// Exceptions of `write` are passed on.
 using Write_Installation_File = std::function<void(const std::string& path, std::string_view bytes)>;
 void Make_Installation_Files(const Write_Installation_File& write);
 

@@ -1,16 +1,15 @@
 #include "installation/lay_out.h"
 
 #include "core/files.h"
+#include "core/system/file_handle.h"
+#include "core/system/flush.h"
 #include "core/system/lock.h"
+#include "core/version.h"
 #include "installation/installation_files.h"
 
 #include <array>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <optional>
 #include <string>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -18,12 +17,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* Engine = "orvel401.exe";
 constexpr std::array<const char*, 3> Utilities = {"wyear.exe", "wmonth.exe", "wday.exe"};
-constexpr const char* Staging = ".orvel-init"; // below the new installation, until all is there
+constexpr const char* Staging = ".orvel-init"; // within the new installation, until it is complete
 
-// The first of the directories' files of this name, without regard to case.
-std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, const char* name)
+// The file in the first directory that has it, whatever its case.
+std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, std::string_view name)
 {
     for (const auto& directory : parts) {
         auto found = Find_File(directory, name);
@@ -33,7 +31,7 @@ std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, const char
     return std::nullopt;
 }
 
-// Nothing in it, but what an earlier attempt may have left.
+// Apart from the remains of an earlier attempt.
 bool Is_Empty(const fs::path& directory)
 {
     for (const auto& entry : fs::directory_iterator(directory)) {
@@ -46,15 +44,18 @@ bool Is_Empty(const fs::path& directory)
 void Write_New(const fs::path& file, std::string_view bytes)
 {
     fs::create_directories(file.parent_path());
-    std::ofstream out(file, std::ios::binary);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    if (!out)
-        throw File_Error("Cannot write " + file.string() + ": " + std::strerror(errno) + ".");
+    std::error_code error;
+    File_Handle out(file, File_Handle::Use::Write, error);
+    if (!error)
+        error = out.Write(bytes);
+    if (!error)
+        error = out.Close();
+    if (error)
+        throw File_Error("Cannot write " + file.string() + ": " + error.message() + ".");
 }
 
-// The directory that becomes an installation. Unless it is kept, everything goes away again: what it holds, the
-// directory and the parents that were made for it.
+// The directory that becomes an installation. Unless Keep is called, the destructor removes everything again: its
+// content, the directory, and the parents that were made for it.
 class New_Directory {
 public:
     explicit New_Directory(const fs::path& directory) : Path(directory)
@@ -93,28 +94,28 @@ void Fill(const fs::path& staging, const fs::path& engine, const std::vector<fs:
         if (const auto found = Find_Part(parts, name))
             Copy_Whole(*found, staging / name);
     }
-    Copy_Whole(engine, staging / Engine);
+    Copy_Whole(engine, staging / Engine_File_Name);
 }
 
-// The engine goes last: without it the directory is no installation.
+// The engine is moved last: a directory without one is not an installation.
 void Move_Up(const fs::path& staging, const fs::path& directory)
 {
     std::vector<fs::path> names;
     for (const auto& entry : fs::directory_iterator(staging))
         names.push_back(entry.path().filename());
     for (const auto& name : names) {
-        if (name != Engine)
+        if (name != Engine_File_Name)
             fs::rename(staging / name, directory / name);
     }
-    fs::rename(staging / Engine, directory / Engine);
+    fs::rename(staging / Engine_File_Name, directory / Engine_File_Name);
     fs::remove(staging);
 }
 
 void Lay_Out(const fs::path& directory, const std::vector<fs::path>& parts)
 {
-    const auto engine = Find_Part(parts, Engine);
+    const auto engine = Find_Part(parts, Engine_File_Name);
     if (!engine)
-        throw File_Error(std::string("The engine ") + Engine +
+        throw File_Error("The engine " + std::string(Engine_File_Name) +
                          " does not stand beside this program, so that no installation can be laid out.");
     if (fs::exists(directory) && !fs::is_directory(directory))
         throw File_Error(directory.string() + " is no directory.");
@@ -128,8 +129,8 @@ void Lay_Out(const fs::path& directory, const std::vector<fs::path>& parts)
     made.Own();
     fs::remove_all(directory / Staging);
     Fill(directory / Staging, *engine, parts);
-    if (::syncfs(lock->Descriptor()) != 0)
-        throw File_Error("Cannot write " + directory.string() + ": " + std::strerror(errno) + ".");
+    if (const auto error = Flush_File_System(directory))
+        throw File_Error("Cannot write " + directory.string() + ": " + error.message() + ".");
     Move_Up(directory / Staging, directory);
     made.Keep();
 }

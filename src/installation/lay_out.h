@@ -12,8 +12,7 @@ namespace orvel {
 // directory is then as it was, and a power cut leaves nothing that looks like an installation.
 void Lay_Out_Installation(const std::filesystem::path& directory, const std::vector<std::filesystem::path>& parts);
 
-// Where the programs stand that come with a program of this system: beside it, or in the directories for helper
-// programs and data.
+// The directories that may hold engine and utilities: the program's own, libexec/orvelsuite and share/orvelsuite.
 std::vector<std::filesystem::path> Parts_Beside(const std::filesystem::path& program);
 
 } // namespace orvel

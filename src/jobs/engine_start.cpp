@@ -1,10 +1,8 @@
 #include "jobs/engine_start.h"
 
 #include "core/files.h"
+#include "core/system/program_path.h"
 #include "jobs/job_status.h"
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -14,12 +12,7 @@ namespace {
 
 bool Is_Windows_Program(const fs::path& file)
 {
-    const int opened = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    char start[2] = {};
-    const bool read = opened >= 0 && ::read(opened, start, sizeof start) == sizeof start;
-    if (opened >= 0)
-        ::close(opened);
-    return read && start[0] == 'M' && start[1] == 'Z';
+    return Read_Head(file, 2) == "MZ";
 }
 
 } // namespace

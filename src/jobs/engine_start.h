@@ -7,15 +7,15 @@
 
 namespace orvel {
 
-// How an engine is started in the directory of its run, by a job and by a single run alike.
+// Starting an engine in its run directory, for jobs and single runs.
 
 // A run that cannot be started; the text says why.
 struct Run_Refused : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// The start of an engine with what it prints kept in the directory. A Windows program goes through wine. Throws
-// Run_Refused if the engine is missing or wine is.
+// What the engine prints is kept in the directory. A Windows program is started through wine. Throws Run_Refused if the
+// engine or wine is missing.
 Program_Start Engine_Start(const std::filesystem::path& directory, const std::filesystem::path& engine);
 
 // Deletes all output files of a directory. Throws Run_Refused if one cannot be deleted.

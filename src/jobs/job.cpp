@@ -2,21 +2,17 @@
 
 #include "core/files.h"
 #include "core/system/lock.h"
+#include "core/system/processors.h"
 #include "core/system/spawn.h"
 #include "core/text.h"
 #include "jobs/engine_start.h"
 #include "jobs/job_log.h"
 #include "jobs/job_status.h"
+#include "runs/job_file.h"
 
-#include <cerrno>
 #include <chrono>
-#include <csignal>
-#include <fcntl.h>
 #include <map>
 #include <optional>
-#include <sched.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -24,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::chrono::seconds Patience(1);
+constexpr std::chrono::seconds Longest_Wait(1); // for a lock: who looks at it holds it for an instant
 
 struct Running_Engine {
     std::size_t Run;
@@ -40,7 +36,7 @@ class Job {
 public:
     explicit Job(const fs::path& mode_directory)
         : Directory(mode_directory),
-          Runs(Parse_Job(Read_Whole(Found_Or_New(mode_directory, "orveljob.bat")))),
+          Runs(Parse_Job(Read_Whole(Found_Or_New(mode_directory, Job_File_Name)))),
           Paths(Resolve_Runs(mode_directory, Runs)),
           Log(mode_directory)
     {}
@@ -69,7 +65,7 @@ private:
         std::error_code ignored;
         if (!fs::is_directory(path, ignored))
             throw Run_Refused("The run directory is missing.");
-        auto lock = Lock::Take_Within(path, Patience);
+        auto lock = Lock::Take_Within(path, Longest_Wait);
         if (!lock)
             throw Run_Refused("Another engine is at work in the run directory.");
         Delete_Output(path);
@@ -88,25 +84,22 @@ private:
 
     void Wait()
     {
-        int status = 0;
-        const pid_t process = ::waitpid(-1, &status, 0);
-        if (process < 0 && errno == EINTR)
-            return;
-        const auto engine = Engines.find(process);
+        const auto end = Wait_For_Any_Program();
+        const auto engine = end ? Engines.find(end->Process) : Engines.end();
         if (engine == Engines.end())
             return;
         const std::size_t run = engine->second.Run;
         Delete_Engine(run);
-        Record_Result(run, status);
+        Record_Result(run, *end);
         Engines.erase(engine);
     }
 
-    void Record_Result(std::size_t run, int status)
+    void Record_Result(std::size_t run, const Program_End& end)
     {
-        if (WIFSIGNALED(status))
-            return Fail(run, Job_Event::Killed, "signal " + std::to_string(WTERMSIG(status)));
-        if (WEXITSTATUS(status) != 0)
-            return Fail(run, Job_Event::Failed, "exit code " + std::to_string(WEXITSTATUS(status)));
+        if (end.Signal != 0)
+            return Fail(run, Job_Event::Killed, "signal " + std::to_string(end.Signal));
+        if (end.Exit_Code != 0)
+            return Fail(run, Job_Event::Failed, "exit code " + std::to_string(end.Exit_Code));
         if (Echo_Holds_Error(Paths[run]))
             return Fail(run, Job_Event::Failed, "errors in the engine's echo");
         std::error_code ignored;
@@ -139,15 +132,6 @@ private:
 Job_Result Run_Job(const fs::path& mode_directory, int jobs)
 {
     return Job(mode_directory).Work(jobs > 0 ? jobs : Processors());
-}
-
-int Processors()
-{
-    cpu_set_t set;
-    CPU_ZERO(&set);
-    if (::sched_getaffinity(0, sizeof set, &set) != 0)
-        return 1;
-    return std::max(1, CPU_COUNT(&set));
 }
 
 } // namespace orvel

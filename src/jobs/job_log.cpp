@@ -2,19 +2,16 @@
 
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/system/times.h"
 #include "core/text.h"
 
 #include <array>
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace orvel {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> Event_Words = {"begin", "started", "finished", "failed", "killed", "end"};
+constexpr std::array<std::string_view, 6> Event_Names = {"begin", "started", "finished", "failed", "killed", "end"};
 constexpr std::size_t Time_Width = 19;
 constexpr int First_Year = 1900;
 
@@ -37,32 +34,27 @@ void Add_Padded(std::string& text, int number, char behind)
 
 } // namespace
 
-std::string_view Event_Word(Job_Event event)
+std::string_view Event_Name(Job_Event event)
 {
-    return Event_Words[static_cast<std::size_t>(event)];
+    return Event_Names[static_cast<std::size_t>(event)];
 }
 
 Job_Log::Job_Log(const std::filesystem::path& mode_directory)
-    : Number(::open((mode_directory / Job_Log_Name).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666))
 {
-    if (Number < 0)
-        throw File_Error("Cannot write " + (mode_directory / Job_Log_Name).string() + ": " + std::strerror(errno) +
-                         ".");
+    std::error_code error;
+    File = File_Handle(mode_directory / Job_Log_Name, File_Handle::Use::Append, error);
+    if (error)
+        throw File_Error("Cannot write " + (mode_directory / Job_Log_Name).string() + ": " + error.message() + ".");
 }
 
-Job_Log::~Job_Log()
-{
-    ::close(Number);
-}
-
-void Job_Log::Add(Job_Event event, std::string_view run, std::string_view detail) const
+void Job_Log::Add(Job_Event event, std::string_view run, std::string_view detail)
 {
     std::string line = Time_Text(std::time(nullptr));
-    for (const auto field : {Event_Word(event), run, detail})
+    for (const auto field : {Event_Name(event), run, detail})
         line.append("\t").append(field);
     line += '\n';
-    // A full disk must not end the job: the runs tell of it themselves.
-    [[maybe_unused]] const auto written = ::write(Number, line.data(), line.size());
+    // A full disk must not end the job; the runs report it themselves.
+    [[maybe_unused]] const auto error = File.Write(line);
 }
 
 Job_History Parse_Job_Log(std::string_view text)
@@ -70,10 +62,10 @@ Job_History Parse_Job_Log(std::string_view text)
     Job_History history;
     for (auto line : Split_Lines(text)) {
         const auto time = Next_Field(line);
-        const auto word = Next_Field(line);
+        const auto name = Next_Field(line);
         const auto run = Next_Field(line);
-        for (std::size_t i = 0; i < Event_Words.size(); ++i) {
-            if (word != Event_Words[i])
+        for (std::size_t i = 0; i < Event_Names.size(); ++i) {
+            if (name != Event_Names[i])
                 continue;
             const auto event = static_cast<Job_Event>(i);
             if (event == Job_Event::Begin)
@@ -96,8 +88,7 @@ try {
 
 std::string Time_Text(std::time_t time)
 {
-    std::tm parts{};
-    ::localtime_r(&time, &parts);
+    const std::tm parts = Local_Time(time);
     std::string text = std::to_string(parts.tm_year + First_Year) + "-";
     Add_Padded(text, parts.tm_mon + 1, '-');
     Add_Padded(text, parts.tm_mday, ' ');

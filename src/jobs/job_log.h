@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/system/file_handle.h"
+
 #include <ctime>
 #include <filesystem>
 #include <map>
@@ -8,35 +10,32 @@
 
 namespace orvel {
 
-// orveljob.log in the mode directory: what the last job did. One line an event, UTF-8, its fields parted by tabs: local
-// time, word, run directory below the mode directory, detail.
+// orveljob.log in the mode directory: what the last job did. UTF-8, one line per event, fields separated by tabs: local
+// time, event, run directory below the mode directory, detail.
 
 constexpr std::string_view Job_Log_Name = "orveljob.log";
 
 enum class Job_Event { Begin, Started, Finished, Failed, Killed, End };
-std::string_view Event_Word(Job_Event event);
+std::string_view Event_Name(Job_Event event);
 
 class Job_Log {
 public:
-    // Begins an empty log. Throws File_Error if it cannot be written.
+    // Creates or empties the log. Throws File_Error if it cannot be written.
     explicit Job_Log(const std::filesystem::path& mode_directory);
-    Job_Log(const Job_Log&) = delete;
-    Job_Log& operator=(const Job_Log&) = delete;
-    ~Job_Log();
 
-    void Add(Job_Event event, std::string_view run, std::string_view detail) const;
+    void Add(Job_Event event, std::string_view run, std::string_view detail);
 
 private:
-    int Number;
+    File_Handle File;
 };
 
 struct Job_History {
-    std::time_t Begin = 0; // 0: no log
+    std::time_t Begin = 0; // 0: there is no log
     bool Ended = false;
-    std::map<std::string, Job_Event, std::less<>> Runs; // last event of a run directory
+    std::map<std::string, Job_Event, std::less<>> Runs; // run directory to its last event
 };
 
-// A line that is none is passed over.
+// Lines of any other form are ignored.
 Job_History Parse_Job_Log(std::string_view text);
 Job_History Read_Job_Log(const std::filesystem::path& mode_directory); // empty without a readable log
 

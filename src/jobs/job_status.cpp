@@ -2,20 +2,19 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
-#include "core/locations.h"
 #include "core/numbers.h"
+#include "core/run_name.h"
 #include "core/system/lock.h"
+#include "core/system/rights.h"
+#include "core/system/times.h"
 #include "core/text.h"
-#include "jobs/job.h"
 #include "jobs/job_log.h"
+#include "runs/job_file.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <fcntl.h>
 #include <optional>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -25,24 +24,6 @@ namespace {
 
 constexpr std::size_t Tail = 64U << 10U; // an engine writes its errors and its last year at the end
 
-// The last bytes of a file; empty if it cannot be read.
-std::string Read_Tail(const fs::path& file, std::size_t most)
-{
-    const int opened = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    if (opened < 0)
-        return {};
-    struct stat about {};
-    std::string bytes;
-    if (::fstat(opened, &about) == 0 && about.st_size > 0) {
-        const auto size = static_cast<std::size_t>(about.st_size);
-        bytes.resize(std::min(size, most));
-        const auto got = ::pread(opened, bytes.data(), bytes.size(), static_cast<off_t>(size - bytes.size()));
-        bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-    }
-    ::close(opened);
-    return bytes;
-}
-
 bool Holds_Error(std::string_view text)
 {
     return Contains(text, "ERROR") || Contains(text, "E R R O R");
@@ -51,21 +32,16 @@ bool Holds_Error(std::string_view text)
 // The runs that the job file names; none if it cannot be read.
 std::vector<fs::path> Runs_Of_Job(const fs::path& directory)
 try {
-    return Resolve_Runs(directory, Parse_Job(Read_Whole(Found_Or_New(directory, "orveljob.bat"))));
+    return Read_Job_Runs(directory);
 } catch (const File_Error&) {
     return {};
 }
 
 double Years_Of_Run(const fs::path& run)
 {
-    constexpr std::size_t Head = 3;
-    const int opened = ::open(Found_Or_New(run, "orvel.inp").c_str(), O_RDONLY | O_CLOEXEC);
-    std::array<char, Head> digits{};
-    const auto got = opened < 0 ? 0 : ::read(opened, digits.data(), digits.size());
-    if (opened >= 0)
-        ::close(opened);
-    return std::clamp(Val({digits.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0))}), 0.0,
-                      static_cast<double>(Most_Years));
+    constexpr std::size_t Years_Width = 3; // the first field of the file
+    const std::string years = Read_Head(Found_Or_New(run, "orvel.inp"), Years_Width);
+    return std::clamp(Val(years), 0.0, static_cast<double>(Most_Years));
 }
 
 // The number behind the last "YEAR" of a text.
@@ -105,17 +81,16 @@ std::string Left_Text(double seconds)
     return Format_Pattern(seconds / Hour, "0.0") + " h left";
 }
 
-// A list name: the directory's name without its ending ".run" and its encoding.
 std::string List_Name(const std::string& directory)
 {
-    const std::string name = To_Code_Page(directory);
-    return Name_Decode(name.substr(0, name.size() - 4));
+    return Decode_Level(To_Code_Page(directory));
 }
 
-std::vector<std::string> Run_Levels(const fs::path& directory)
+// The crops of a pesticide, or the locations of a crop.
+std::vector<std::string> First_Levels(const fs::path& directory)
 {
     constexpr std::size_t Most = 31;
-    auto names = List_Directories(directory, "*.run");
+    auto names = List_Run_Levels(directory);
     if (names.size() > Most)
         names.resize(Most);
     return names;
@@ -132,12 +107,6 @@ Run_Result Result_With_Log(Run_Result result, const Job_History& history, const 
     return event->second == Job_Event::Killed   ? Run_Result::Killed
            : event->second == Job_Event::Failed ? Run_Result::Error
                                                 : result;
-}
-
-std::time_t Last_Change(const fs::path& path)
-{
-    struct stat about {};
-    return ::stat(path.c_str(), &about) == 0 ? about.st_mtime : 0;
 }
 
 Simulation Look_At(const fs::path& run)
@@ -160,21 +129,20 @@ double Years_Done(const fs::path& run, double years)
     return std::clamp(done, 0.0, years);
 }
 
-bool Job_Running(const Session& session, const Mode& mode)
+bool Job_Running(const Program_State& program, const Mode& mode)
 {
-    const fs::path directory = Mode_Directory(session, mode);
+    const fs::path directory = Mode_Directory(program, mode);
     if (!Find_File(directory, mode.Probe_File) || Is_Locked(directory))
         return true;
     return std::ranges::any_of(Runs_Of_Job(directory), Is_Locked);
 }
 
-Job_Progress Progress_Of_Job(const Session& session, const Mode& mode)
+Job_Progress Progress_Of_Job(const fs::path& mode_directory)
 {
-    const fs::path directory = Mode_Directory(session, mode);
-    const Job_History history = Read_Job_Log(directory);
+    const Job_History history = Read_Job_Log(mode_directory);
     Job_Progress progress;
-    for (const auto& run : Runs_Of_Job(directory)) {
-        const auto event = history.Runs.find(run.lexically_relative(directory).string());
+    for (const auto& run : Runs_Of_Job(mode_directory)) {
+        const auto event = history.Runs.find(run.lexically_relative(mode_directory).string());
         Count_Run(run, event == history.Runs.end() ? std::nullopt : std::optional(event->second), progress);
     }
     if (history.Begin > 0 && progress.Years_Done > 0) {
@@ -211,7 +179,7 @@ std::string_view Result_Text(Run_Result result)
 Run_Status Status_Of_Run(const fs::path& run)
 {
     const auto echo = Find_File(run, "echo.orv");
-    if (!echo || ::access(echo->c_str(), R_OK) != 0)
+    if (!echo || !May_Read(*echo))
         return Run_Status::Scheduled;
     // The run's lock is asked first: as long as a job holds it, the engine's own is left in peace.
     return Is_Locked(run) || Is_Locked(*echo) ? Run_Status::Running : Run_Status::Data_Available;
@@ -230,22 +198,23 @@ bool Echo_Holds_Error(const fs::path& run)
     return Holds_Error(Read_Tail(Found_Or_New(run, "echo.orv"), Tail));
 }
 
-std::vector<Simulation> Simulation_List(const Session& session, const Mode& mode)
+std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
 {
     std::vector<Simulation> simulations;
-    const fs::path root = Mode_Directory(session, mode);
-    const Job_History history = Read_Job_Log(root);
-    const std::time_t end_of_log = Last_Change(root / Job_Log_Name); // a run marked anew behind it is none of the log's
-    for (const auto& pesticide : List_Directories(root, "*.run")) {
-        for (const auto& crop : Run_Levels(root / pesticide)) {
-            for (const auto& location : Run_Levels(root / pesticide / crop)) {
-                auto& simulation = simulations.emplace_back(Look_At(root / pesticide / crop / location));
+    const Job_History history = Read_Job_Log(mode_directory);
+    const std::time_t end_of_log =
+        Last_Change(mode_directory / Job_Log_Name); // the log knows nothing of a run marked later
+    for (const auto& pesticide : List_Run_Levels(mode_directory)) {
+        for (const auto& crop : First_Levels(mode_directory / pesticide)) {
+            for (const auto& location : First_Levels(mode_directory / pesticide / crop)) {
+                auto& simulation = simulations.emplace_back(Look_At(mode_directory / pesticide / crop / location));
                 simulation.Pesticide = List_Name(pesticide);
                 simulation.Crop = List_Name(crop);
                 simulation.Location = List_Name(location);
                 const bool marked_since = simulation.Status == Run_Status::Scheduled && simulation.Date > end_of_log;
                 if (simulation.Status != Run_Status::Running && !marked_since)
-                    simulation.Result = Result_With_Log(simulation.Result, history, root, simulation.Directory);
+                    simulation.Result =
+                        Result_With_Log(simulation.Result, history, mode_directory, simulation.Directory);
             }
         }
     }

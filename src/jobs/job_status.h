@@ -4,7 +4,6 @@
 
 #include <ctime>
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +16,7 @@ namespace orvel {
 constexpr std::string_view Progress_Name = "progress.orv";
 
 // Whether a job or an engine of the mode is at work. A missing probe file counts as running.
-bool Job_Running(const Session& session, const Mode& mode);
+bool Job_Running(const Program_State& program, const Mode& mode);
 
 // The years, at most `years`, that the engine of a run directory has behind it: as it says itself, else the last one in
 // its water balance.
@@ -28,7 +27,7 @@ struct Job_Progress {
     double Years = 0, Years_Done = 0;                // simulated years of the whole job
     double Seconds_Left = -1;                        // -1: not known yet
 };
-Job_Progress Progress_Of_Job(const Session& session, const Mode& mode);
+Job_Progress Progress_Of_Job(const std::filesystem::path& mode_directory);
 
 // One line for people: "3 of 12 runs, 2 running, 41 %, 3 min left".
 std::string Progress_Text(const Job_Progress& progress);
@@ -55,9 +54,9 @@ struct Simulation {
     Run_Result Result = Run_Result::None;
 };
 
-// All run directories of the mode, sorted by pesticide, crop and location. At most 31 crops of a pesticide and 31
+// All run directories of a mode, sorted by pesticide, crop and location. At most 31 crops of a pesticide and 31
 // locations of a crop.
-std::vector<Simulation> Simulation_List(const Session& session, const Mode& mode);
+std::vector<Simulation> Simulation_List(const std::filesystem::path& mode_directory);
 
 // The date as the list shows it, in local time: "2024-05-31 14:05".
 std::string Date_Text(std::time_t date);

@@ -3,9 +3,12 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/run_name.h"
 #include "core/text.h"
 #include "runs/batch.h"
+#include "runs/mark.h"
 #include "runs/output_selection.h"
+#include "runs/selection.h"
 
 #include <algorithm>
 
@@ -15,26 +18,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Starting = "Starting ORVEL Simulations";
 constexpr std::string_view Soil_Mark = "SOIL";
 
-// What a user who agreed once is not asked again.
-class Confirmation_Bypass {
-public:
-    explicit Confirmation_Bypass(Session& session) : The_Session(session), Before(session.Ask)
-    {
-        The_Session.Ask = [this](const Message& message) {
-            return message.Buttons == std::vector{Button::Ok, Button::Cancel} ? Button::Ok : Before(message);
-        };
-    }
-    Confirmation_Bypass(const Confirmation_Bypass&) = delete;
-    Confirmation_Bypass& operator=(const Confirmation_Bypass&) = delete;
-    ~Confirmation_Bypass() { The_Session.Ask = Before; }
-
-private:
-    Session& The_Session;
-    Ask_Function Before;
-};
+// A user who agreed once is not asked again, but still told.
+Ask_Function Agreeing(const Ask_Function& ask)
+{
+    return [&ask](const Message& message) {
+        return message.Buttons == std::vector{Button::Ok, Button::Cancel} ? Button::Ok : ask(message);
+    };
+}
 
 std::string Read_Control(const fs::path& run)
 try {
@@ -49,7 +41,7 @@ std::string Entry_Or(const std::vector<std::string>& entries, const std::string&
     return std::ranges::find(entries, entry) != entries.end() ? entry : other;
 }
 
-// The scaling stands behind the last word of the first line.
+// The scaling stands behind "SOIL" in the first line.
 std::string Scaling_Of(std::string_view control)
 {
     const auto header = control.substr(0, control.find('\r'));
@@ -64,47 +56,46 @@ std::string Tillage_Of(const Mode& mode, const Run_Template& control)
     return Entry_Or(depths, General_Text(control.Till_Depth), depths[static_cast<std::size_t>(mode.Tillage_Index)]);
 }
 
-Run_Choice Choice_Of(Session& session, const Mode& mode, const Simulation& simulation)
+// The options that a run was made with.
+Run_Options Options_Of(const Mode& mode, const Run_Template& control, std::string_view bytes)
+{
+    Run_Options options;
+    options.Output = control.Has_Rows ? control.Output : Recommended_Output();
+    options.Tillage = Tillage_Of(mode, control);
+    options.Irregular_Years = control.Years > 0 ? control.Years : options.Irregular_Years;
+    options.Kept_Number = control.Kept_Number;
+    options.Scaling = Scaling_Of(bytes);
+    return options;
+}
+
+bool Mark_Again(const Program_State& program, const Ask_Function& ask, const Mode& mode, const Simulation& simulation)
 {
     const std::string bytes = Read_Control(simulation.Directory);
     const Run_Template control = Parse_Template(mode, bytes);
-    session.Output = control.Has_Rows ? control.Output : Recommended_Output();
-    Run_Choice choice;
-    choice.Pesticide = control.Pesticide.empty() ? simulation.Pesticide + ".psm" : control.Pesticide;
-    choice.Crop = Crop_Index(simulation.Crop).value_or(-1);
-    choice.Location = simulation.Location;
-    choice.Tillage = Tillage_Of(mode, control);
-    choice.Irregular_Years = control.Years > 0 ? control.Years : choice.Irregular_Years;
-    choice.Kept_Number = control.Kept_Number;
-    choice.Scaling = Scaling_Of(bytes);
-    return choice;
-}
-
-bool Mark_Again(Session& session, const Mode& mode, const Simulation& simulation)
-{
-    Run_Choice choice = Choice_Of(session, mode, simulation);
-    const Selection selected = Evaluate_Selection(session, mode, choice.Pesticide, choice.Crop, choice.Location);
-    if (!selected.Buttons_Enabled() && !selected.May_Run_Anyway) {
+    const std::string pesticide = control.Pesticide.empty() ? simulation.Pesticide + ".psm" : control.Pesticide;
+    Selection selected =
+        Evaluate_Selection(program, ask, mode, pesticide, Crop_Named(simulation.Crop), simulation.Location);
+    if (!selected.Buttons_Enabled() && !selected.May_Run_Anyway()) {
         const std::string why =
             selected.Warnung.empty() ? "Its pesticide file or its scenario is missing." : selected.Warnung;
-        session.Ask({std::string(Starting),
-                     "The simulation in\r\n" + Path_Text(simulation.Directory) + "\r\ncannot be marked again. " + why});
+        Tell(ask, Starting,
+             "The simulation in\r\n" + Path_Text(simulation.Directory) + "\r\ncannot be marked again. " + why);
         return false;
     }
-    choice.Tillage_Visible = selected.Tillage_Visible;
-    return Mark_For_Batch(session, mode, choice) == Mark_Result::Marked;
+    selected.Choice.Options = Options_Of(mode, control, bytes);
+    return Mark_For_Batch(program, ask, mode, selected.Choice) == Mark_Result::Marked;
 }
 
-std::vector<Simulation> Failed_And_Not_Marked(Session& session, const Mode& mode,
+std::vector<Simulation> Failed_And_Not_Marked(const fs::path& mode_directory,
                                               const std::vector<Simulation>& simulations)
 {
-    Load_Batch(session, mode);
+    const auto pending = Read_Batch(mode_directory);
     std::vector<Simulation> failed;
     for (const Simulation& simulation : simulations) {
         const auto marked = [&](const std::string& run) {
-            return Run_Path(Mode_Directory(session, mode), run) == simulation.Directory;
+            return Run_Path(mode_directory, run) == simulation.Directory;
         };
-        if (Has_Failed(simulation) && std::ranges::none_of(session.Run.Job_Dir, marked))
+        if (Has_Failed(simulation) && std::ranges::none_of(pending, marked))
             failed.push_back(simulation);
     }
     return failed;
@@ -117,29 +108,23 @@ bool Has_Failed(const Simulation& simulation)
     return simulation.Result == Run_Result::Error || simulation.Result == Run_Result::Killed;
 }
 
-int Mark_Failed_Again(Session& session, const Mode& mode, const std::vector<Simulation>& simulations)
+int Mark_Failed_Again(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                      const std::vector<Simulation>& simulations)
 {
-    const auto failed = Failed_And_Not_Marked(session, mode, simulations);
+    const auto failed = Failed_And_Not_Marked(Mode_Directory(program, mode), simulations);
     if (failed.empty()) {
-        session.Ask({std::string(Starting), "There is no failed simulation that is not marked for the batch already.",
-                     Icon::Information});
+        ask({std::string(Starting), "There is no failed simulation that is not marked for the batch already.",
+             Icon::Information});
         return 0;
     }
     const std::string question =
         "Do you want to mark " +
         (failed.size() == 1 ? "the failed simulation" : std::to_string(failed.size()) + " failed simulations") +
         " for the batch again? What they wrote so far will be removed.";
-    if (session.Ask({std::string(Starting), question, Icon::Question, {Button::Yes, Button::No}, Button::No}) !=
-        Button::Yes)
+    if (ask({std::string(Starting), question, Icon::Question, {Button::Yes, Button::No}, Button::No}) != Button::Yes)
         return 0;
-    const Output_Selection output = session.Output;
-    const auto marked = [&] {
-        const Confirmation_Bypass no_more_questions(session);
-        return std::ranges::count_if(
-            failed, [&](const Simulation& simulation) { return Mark_Again(session, mode, simulation); });
-    }();
-    session.Output = output;
-    return static_cast<int>(marked);
+    return static_cast<int>(std::ranges::count_if(
+        failed, [&](const Simulation& simulation) { return Mark_Again(program, Agreeing(ask), mode, simulation); }));
 }
 
 } // namespace orvel

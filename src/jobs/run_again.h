@@ -14,6 +14,7 @@ bool Has_Failed(const Simulation& simulation);
 // Asks once, then marks those of the list that failed and are not marked already: with the present pesticide and
 // scenario files, but each with the output, the tillage depth, the years and the scaling of its own orvel.inp. What is
 // refused has been told. The number marked.
-int Mark_Failed_Again(Session& session, const Mode& mode, const std::vector<Simulation>& simulations);
+int Mark_Failed_Again(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                      const std::vector<Simulation>& simulations);
 
 } // namespace orvel

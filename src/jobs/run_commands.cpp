@@ -6,7 +6,10 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "jobs/job_log.h"
+#include "jobs/start_batch.h"
+#include "runs/batch.h"
 #include "runs/output_selection.h"
+#include "runs/selection.h"
 #include "runs/start_up.h"
 
 #include <algorithm>
@@ -17,11 +20,9 @@ namespace orvel {
 
 namespace {
 
-constexpr std::string_view Starting = "Starting ORVEL Simulations";
-
-bool Refuse(const Session& session, std::string text)
+bool Refuse(const Ask_Function& ask, std::string_view text)
 {
-    session.Ask({std::string(Starting), std::move(text)});
+    Tell(ask, Starting, text);
     return false;
 }
 
@@ -35,59 +36,79 @@ std::string Entry_Of(const std::vector<std::string>& entries, std::string_view t
     return found == entries.end() ? std::string() : *found;
 }
 
-bool Choose_Lists(const Session& session, const Mode& mode, const Mark_Request& request, Run_Choice& choice)
+// The entries of the run form's three lists that a request names; without a location where it asks for all.
+struct List_Entries {
+    std::string Pesticide;
+    const orvel::Crop* Crop = nullptr;
+    std::string Location;
+};
+
+std::optional<List_Entries> Choose_Entries(const Session& session, const Mode& mode, const Mark_Request& request)
 {
-    choice.Pesticide = Entry_Of(Pesticide_List(session), request.Pesticide);
-    if (choice.Pesticide.empty())
-        return Refuse(session, "There is no pesticide file '" + request.Pesticide + "' in the installation directory.");
-    const auto crop = Crop_Index(request.Crop);
-    if (!crop)
-        return Refuse(session, "There is no crop '" + request.Crop + "'.");
-    choice.Crop = *crop;
-    if (request.All)
-        return true;
-    choice.Location = Entry_Of(Locations_Of_Crop(session, mode, *crop), request.Location);
-    return !choice.Location.empty() ||
-           Refuse(session, "The crop '" + request.Crop + "' has no location '" + request.Location + "'.");
+    List_Entries chosen{.Pesticide = Entry_Of(Pesticide_List(session.Program.App_Path), request.Pesticide),
+                        .Crop = Crop_Named(request.Crop),
+                        .Location = {}};
+    std::string fault;
+    if (chosen.Pesticide.empty()) {
+        fault = "There is no pesticide file '" + request.Pesticide + "' in the installation directory.";
+    } else if (chosen.Crop == nullptr) {
+        fault = "There is no crop '" + request.Crop + "'.";
+    } else if (!request.All) {
+        chosen.Location = Entry_Of(Locations_Of_Crop(session.Program, mode, chosen.Crop), request.Location);
+        if (chosen.Location.empty())
+            fault = "The crop '" + request.Crop + "' has no location '" + request.Location + "'.";
+    }
+    if (fault.empty())
+        return chosen;
+    Tell(session.Ask, Starting, fault);
+    return std::nullopt;
 }
 
-bool Choose_Values(Session& session, const Mode& mode, const Mark_Request& request, Run_Choice& choice)
+Output_Selection Output_Of(const Mark_Request& request, const Run_Template& last)
 {
-    const Run_Template last = Read_Template(session, mode);
-    choice.Kept_Number = last.Kept_Number;
-    session.Output = last.Has_Rows ? last.Output : Start_Output();
-    if (request.Output)
-        session.Output = *request.Output == Output_Option::Minimum ? Minimum_Output() : Recommended_Output();
+    if (!request.Output)
+        return last.Has_Rows ? last.Output : Start_Output();
+    return *request.Output == Output_Option::Minimum ? Minimum_Output() : Recommended_Output();
+}
+
+std::optional<Run_Options> Choose_Options(const Session& session, const Mode& mode, const Mark_Request& request)
+{
+    const Run_Template last = Read_Template(session.Program, mode);
     const auto depths = Tillage_List(mode);
-    choice.Tillage = request.Tillage ? Entry_Of(depths, General_Text(*request.Tillage))
-                                     : depths[static_cast<std::size_t>(mode.Tillage_Index)];
-    if (choice.Tillage.empty())
-        return Refuse(session, "The tillage depth must be between 1 and 40 cm.");
+    Run_Options options{.Output = Output_Of(request, last),
+                        .Tillage = request.Tillage ? Entry_Of(depths, General_Text(*request.Tillage))
+                                                   : depths[static_cast<std::size_t>(mode.Tillage_Index)],
+                        .Kept_Number = last.Kept_Number};
     if (request.Scaling)
-        choice.Scaling = Entry_Of(Scaling_List(), General_Text(*request.Scaling));
-    return !choice.Scaling.empty() ||
-           Refuse(session, "The scaling of temperatures must be between -5 and 5 in tenths.");
+        options.Scaling = Entry_Of(Scaling_List(), General_Text(*request.Scaling));
+    if (!options.Tillage.empty() && !options.Scaling.empty())
+        return options;
+    Tell(session.Ask, Starting,
+         options.Tillage.empty() ? "The tillage depth must be between 1 and 40 cm."
+                                 : "The scaling of temperatures must be between -5 and 5 in tenths.");
+    return std::nullopt;
 }
 
-bool Mark_One(Session& session, const Mode& mode, Run_Choice& choice)
+bool Mark_One(const Session& session, const Mode& mode, const List_Entries& chosen, const Run_Options& options)
 {
-    const Selection selected = Evaluate_Selection(session, mode, choice.Pesticide, choice.Crop, choice.Location);
+    Selection selected =
+        Evaluate_Selection(session.Program, session.Ask, mode, chosen.Pesticide, chosen.Crop, chosen.Location);
     if (!selected.Buttons_Enabled())
-        return selected.Warnung.empty() ? false : Refuse(session, selected.Warnung);
-    choice.Tillage_Visible = selected.Tillage_Visible;
-    return Mark_For_Batch(session, mode, choice) == Mark_Result::Marked;
+        return selected.Warnung.empty() ? false : Refuse(session.Ask, selected.Warnung);
+    selected.Choice.Options = options;
+    return Mark_For_Batch(session.Program, session.Ask, mode, selected.Choice) == Mark_Result::Marked;
 }
 
-bool Mark_Every(Session& session, const Mode& mode, const Run_Choice& choice)
+bool Mark_Every(const Session& session, const Mode& mode, const List_Entries& chosen, const Run_Options& options)
 {
-    const auto result = Mark_All(session, mode, choice);
+    const auto result = Mark_All(session.Program, session.Ask, mode, chosen.Pesticide, chosen.Crop, options);
     if (result.Marked == 0 && result.Failed == 0)
-        return Refuse(session, "No location of this crop has application data in the pesticide file.");
+        return Refuse(session.Ask, "No location of this crop has application data in the pesticide file.");
     return result.Failed == 0;
 }
 
 // Waits for the end of the job; its exit code.
-int Wait_For_Job(const Session& session, const Mode& mode, int process, const Progress_Report& report)
+int Wait_For_Job(const std::filesystem::path& mode_directory, int process, const Progress_Report& report)
 {
     using Clock = std::chrono::steady_clock;
     constexpr std::chrono::milliseconds Pause(50);
@@ -95,7 +116,7 @@ int Wait_For_Job(const Session& session, const Mode& mode, int process, const Pr
     while (true) {
         const auto code = Job_Exit_Code(process);
         if (code || Clock::now() >= next) {
-            report.Tell(Progress_Text(Progress_Of_Job(session, mode)));
+            report.Tell(Progress_Text(Progress_Of_Job(mode_directory)));
             next = Clock::now() + report.Interval;
         }
         if (code)
@@ -109,32 +130,35 @@ int Wait_For_Job(const Session& session, const Mode& mode, int process, const Pr
 std::optional<std::vector<std::string>> Mark(Session& session, const Mark_Request& request)
 {
     const Mode& mode = Mode_Of(request.Kind);
-    Run_Choice choice;
-    if (!Mode_Available(session, mode))
+    if (!Mode_Available(session.Program, session.Ask, mode))
         return std::nullopt;
-    Find_Engine(session);
-    if (!Choose_Lists(session, mode, request, choice) || !Choose_Values(session, mode, request, choice))
+    Find_Engine(session.Program);
+    const auto chosen = Choose_Entries(session, mode, request);
+    const auto options = chosen ? Choose_Options(session, mode, request) : std::nullopt;
+    if (!options)
         return std::nullopt;
-    Load_Batch(session, mode);
-    const std::size_t before = session.Run.Job_Dir.size();
-    const bool marked = request.All ? Mark_Every(session, mode, choice) : Mark_One(session, mode, choice);
+    const auto directory = Mode_Directory(session.Program, mode);
+    const std::size_t before = Read_Batch(directory).size();
+    const bool marked =
+        request.All ? Mark_Every(session, mode, *chosen, *options) : Mark_One(session, mode, *chosen, *options);
     if (!marked)
         return std::nullopt;
+    const auto pending = Read_Batch(directory);
     std::vector<std::string> runs;
-    for (std::size_t i = before; i < session.Run.Job_Dir.size(); ++i)
-        runs.push_back(std::string(mode.Directory) + "/" + Replace_All(session.Run.Job_Dir[i], "\\", "/"));
+    for (std::size_t i = before; i < pending.size(); ++i)
+        runs.push_back(std::string(mode.Directory) + "/" + Replace_All(pending[i], "\\", "/"));
     return runs;
 }
 
-bool Start(Session& session, const Mode& mode, int jobs, const Progress_Report& report)
+bool Start(const Session& session, const Mode& mode, int jobs, const Progress_Report& report)
 {
-    const Started_Job job = Start_Batch(session, mode, jobs);
+    const Started_Job job = Start_Batch(session.Program, session.Ask, mode, jobs);
     if (job.Result != Start_Result::Started)
         return false;
-    if (!report.Tell || Wait_For_Job(session, mode, job.Process, report) == 0)
+    const auto directory = Mode_Directory(session.Program, mode);
+    if (!report.Tell || Wait_For_Job(directory, job.Process, report) == 0)
         return true;
-    const auto directory = Mode_Directory(session, mode);
-    return Refuse(session,
+    return Refuse(session.Ask,
                   "Not every simulation has finished. " + Path_Text(directory / Job_Log_Name) + " tells which.");
 }
 

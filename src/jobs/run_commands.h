@@ -1,7 +1,6 @@
 #pragma once
 
 #include "jobs/job_status.h"
-#include "runs/batch.h"
 #include "runs/output_selection.h"
 
 #include <chrono>
@@ -12,7 +11,7 @@
 
 namespace orvel {
 
-// What the command line asks of the run rules. Texts are bytes of Windows-1252.
+// Marking, starting and listing as the command line asks for them. Texts are bytes of Windows-1252.
 
 struct Mark_Request {
     Mode_Kind Kind = Mode_Kind::Focus;
@@ -34,7 +33,7 @@ struct Progress_Report {
 
 // Starts the job of the pending batch; with a report it waits for the end and tells the progress meanwhile. False:
 // refused, or a run failed, and the user has been told.
-bool Start(Session& session, const Mode& mode, int jobs, const Progress_Report& report = {});
+bool Start(const Session& session, const Mode& mode, int jobs, const Progress_Report& report = {});
 
 // The list as lines of columns parted by tabs: pesticide, crop, location, date, status, and the result of a run that
 // did not end well.

@@ -1,26 +1,18 @@
 #include "jobs/run_tree.h"
 
 #include "core/files.h"
-#include "core/locations.h"
+#include "core/run_name.h"
+#include "core/system/times.h"
 #include "jobs/job_status.h"
 
-#include <sys/stat.h>
-
 namespace orvel {
-
-namespace {
-
-constexpr std::string_view Extension = ".run";
-
-} // namespace
 
 std::vector<Run_Entry> Run_Entries(const std::filesystem::path& parent)
 {
     std::vector<Run_Entry> entries;
-    for (const std::string& directory : List_Directories(parent, "*.run")) {
+    for (const std::string& directory : List_Run_Levels(parent)) {
         if (const auto name = Name_Of(directory))
-            entries.push_back(
-                {Name_Decode(std::string_view(*name).substr(0, name->size() - Extension.size())), parent / directory});
+            entries.push_back({Decode_Level(*name), parent / directory});
     }
     return entries;
 }
@@ -28,10 +20,8 @@ std::vector<Run_Entry> Run_Entries(const std::filesystem::path& parent)
 std::string Date_Of_Simulation(const std::filesystem::path& run_directory)
 {
     const auto echo = Find_File(run_directory, "echo.orv");
-    struct stat about {};
-    if (!echo || ::stat(echo->c_str(), &about) != 0)
-        return {};
-    return Date_Text(about.st_mtime);
+    const std::time_t changed = echo ? Last_Change(*echo) : 0;
+    return changed == 0 ? std::string() : Date_Text(changed);
 }
 
 } // namespace orvel

@@ -2,11 +2,13 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/run_name.h"
 #include "core/system/lock.h"
+#include "core/system/rights.h"
 #include "runs/batch.h"
+#include "runs/job_file.h"
 
 #include <algorithm>
-#include <unistd.h>
 
 namespace orvel {
 
@@ -26,11 +28,10 @@ bool Is_At_Work(const fs::path& run)
 // this list's.
 bool Is_In_Place(const fs::path& run)
 {
-    constexpr int Levels = 3;
     fs::path level = run;
-    for (int i = 0; i < Levels; ++i, level = level.parent_path()) {
+    for (int i = 0; i < Run_Levels; ++i, level = level.parent_path()) {
         std::error_code error;
-        if (!Matches(level.filename().string(), "*.run") ||
+        if (!Is_Run_Level(level.filename().string()) ||
             fs::symlink_status(level, error).type() != fs::file_type::directory)
             return false;
     }
@@ -59,42 +60,41 @@ bool Remove_Run(const fs::path& run)
 void Remove_If_Empty(const fs::path& level)
 {
     std::error_code ignored;
-    if (!fs::is_symlink(level, ignored) && List_Directories(level, "*.run").empty())
+    if (!fs::is_symlink(level, ignored) && List_Run_Levels(level).empty())
         fs::remove(level, ignored);
 }
 
 bool Has_Readable_Echo(const fs::path& run)
 {
     const auto echo = Find_File(run, "echo.orv");
-    return echo && ::access(echo->c_str(), R_OK) == 0;
+    return echo && May_Read(*echo);
 }
 
 } // namespace
 
-void Clean_Leftovers(Session& session, const Mode& mode)
+void Clean_Leftovers(const fs::path& mode_directory)
 {
-    const fs::path root = Mode_Directory(session, mode);
-    if (Find_File(root, "orveljob.bat"))
+    if (Find_File(mode_directory, Job_File_Name))
         return;
-    Load_Batch(session, mode);
     std::vector<fs::path> pending;
-    for (const auto& run : session.Run.Job_Dir)
-        pending.push_back(Run_Path(root, run));
-    for (const auto& simulation : Simulation_List(session, mode)) {
+    for (const auto& run : Read_Batch(mode_directory))
+        pending.push_back(Run_Path(mode_directory, run));
+    for (const auto& simulation : Simulation_List(mode_directory)) {
         const fs::path& run = simulation.Directory;
         if (Has_Readable_Echo(run) || std::ranges::find(pending, run) != pending.end())
             continue;
         Remove_Run(run);
     }
-    for (const auto& pesticide : List_Directories(root, "*.run")) {
-        if (fs::is_symlink(root / pesticide))
+    for (const auto& pesticide : List_Run_Levels(mode_directory)) {
+        if (fs::is_symlink(mode_directory / pesticide))
             continue;
-        for (const auto& crop : List_Directories(root / pesticide, "*.run"))
-            Remove_If_Empty(root / pesticide / crop);
+        for (const auto& crop : List_Run_Levels(mode_directory / pesticide))
+            Remove_If_Empty(mode_directory / pesticide / crop);
     }
 }
 
-int Delete_Simulations(Session& session, const Mode& mode, const std::vector<Simulation>& simulations)
+int Delete_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                       const std::vector<Simulation>& simulations)
 try {
     const std::string what = simulations.size() > 1 ? "these simulations" : "this simulation";
     const Message question{std::string(Deleting),
@@ -102,30 +102,31 @@ try {
                            Icon::Question,
                            {Button::Yes, Button::No},
                            Button::Yes};
-    if (simulations.empty() || session.Ask(question) != Button::Yes)
+    if (simulations.empty() || ask(question) != Button::Yes)
         return 0;
     std::vector<fs::path> going;
     for (const auto& simulation : simulations) {
         if (May_Be_Removed(simulation.Directory))
             going.push_back(simulation.Directory);
     }
-    Take_Out_Of_Batch(session, mode, going); // first: a batch never names a directory that is gone
+    // First: a batch never names a directory that is gone.
+    Take_Out_Of_Batch(program.App_Path, Mode_Directory(program, mode), going);
     int removed = 0;
     for (const auto& simulation : simulations) {
         const fs::path& run = simulation.Directory;
         std::error_code unknown;
         if (Remove_Run(run))
             ++removed;
-        else if (fs::symlink_status(run, unknown).type() !=
-                 fs::file_type::not_found) // one that is gone already is what the user wants
-            session.Ask({std::string(Deleting), "You are currently running a simulation using the directory\r\n" +
-                                                    Path_Text(run) + ".\r\n\r\nDelete operation failed!\r\n\r\n"});
+        else if (fs::symlink_status(run, unknown).type() != fs::file_type::not_found) // one that is gone needs no word
+            Tell(ask, Deleting,
+                 "You are currently running a simulation using the directory\r\n" + Path_Text(run) +
+                     ".\r\n\r\nDelete operation failed!\r\n\r\n");
         Remove_If_Empty(run.parent_path());
         Remove_If_Empty(run.parent_path().parent_path());
     }
     return removed;
 } catch (const std::runtime_error& error) { // of the pending batch
-    session.Ask({std::string(Deleting), To_Code_Page(error.what())});
+    Tell(ask, Deleting, To_Code_Page(error.what()));
     return 0;
 }
 

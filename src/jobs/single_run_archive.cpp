@@ -1,9 +1,12 @@
+#include "jobs/single_run_archive.h"
+
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/session.h"
 #include "core/system/lock.h"
 #include "core/text.h"
-#include "runs/single_run.h"
+#include "jobs/single_run_start.h"
 
 #include <algorithm>
 
@@ -33,22 +36,27 @@ void Copy_Into(const fs::path& directory, const fs::path& archive, const fs::pat
     Copy_Whole(source, archive / source.filename());
 }
 
-bool Remove_Archived(const Session& session, const fs::path& directory, const std::vector<std::string>& output)
+bool Remove_Archived(const Ask_Function& ask, const fs::path& directory, const std::vector<std::string>& output)
 {
     for (const std::string& name : output) {
         std::error_code error;
         fs::remove(directory / name, error);
         if (!error)
             continue;
-        session.Ask({std::string(File_Check),
-                     "The file " + Path_Text(name) +
-                         " is in the archive, but cannot be deleted: " + To_Code_Page(error.message()) + "."});
+        Tell(ask, File_Check,
+             "The file " + Path_Text(name) +
+                 " is in the archive, but cannot be deleted: " + To_Code_Page(error.message()) + ".");
         return false;
     }
     return true;
 }
 
 } // namespace
+
+bool Has_Output(const fs::path& directory)
+{
+    return !List_Files(directory, "*.orv").empty();
+}
 
 std::string Free_Archive_Name(const fs::path& directory)
 {
@@ -59,16 +67,16 @@ std::string Free_Archive_Name(const fs::path& directory)
     }
 }
 
-bool Archive_Run(Session& session, const fs::path& directory, const std::string& folder)
+bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::string& folder)
 {
     const auto output = List_Files(directory, "*.orv");
     if (output.empty()) {
-        session.Ask({std::string(File_Check), "No output files in the current dirctory"});
+        Tell(ask, File_Check, "No output files in the current dirctory");
         return false;
     }
     const auto lock = Lock::Take(directory);
     if (!lock || Is_Locked(Found_Or_New(directory, "echo.orv"))) {
-        session.Ask({std::string(File_Check), std::string(Still_At_Work)});
+        Tell(ask, File_Check, Still_At_Work);
         return false;
     }
     const fs::path archive = directory / Path_Of(folder);
@@ -86,13 +94,12 @@ bool Archive_Run(Session& session, const fs::path& directory, const std::string&
     } catch (const std::exception&) {
         std::error_code ignored;
         if (made)
-            fs::remove_all(archive,
-                           ignored); // half of an archive helps nobody; nothing was taken from the directory yet
-        session.Ask({std::string(File_Check), "Cannot open " + Name_Of(archive).value_or(folder)});
+            fs::remove_all(archive, ignored); // nothing was taken from the directory yet
+        Tell(ask, File_Check, "Cannot open " + Name_Of(archive).value_or(folder));
         return false;
     }
     // The archive is whole: now the output may go, and the archive stays whatever happens.
-    return Remove_Archived(session, directory, output);
+    return Remove_Archived(ask, directory, output);
 }
 
 } // namespace orvel

@@ -62,7 +62,7 @@ double Value_At(Line_Scanner& file, const Anchor& anchor, Span span)
     return file.Find(anchor) ? Number(file, span) : 0;
 }
 
-// The sum of a table's column from the line `below` the one at hand up to the line with `end`.
+// The sum of a table's column: it begins `below` lines further down and ends before the line with `end`.
 double Sum_Of_Rows(Line_Scanner& file, int below, const Anchor& end, Span span)
 {
     double sum = 0;
@@ -125,7 +125,7 @@ Pesticide_Balance_Row Pesticide_Block(Line_Scanner& chem, bool active_substance)
     row.Degradation = Value_At(chem, Decay_Anchor, Total_Span) * To_Grams;
     if (active_substance)
         row.Volatilisation = Value_At(chem, Volatilization_Anchor, Total_Span) * To_Grams;
-    // Water that ran through large pores before the runoff is told of is not counted as runoff.
+    // A macropore line in front of the runoff line leaves the runoff at 0.
     if (Find_Either(chem, Macropore_Anchor, Total_Runoff_Anchor) && !Macropore_Anchor.In(chem.Line()))
         row.Runoff = Number(chem, Total_Span) * To_Grams;
     row.Percolate = Value_At(chem, Leached_Anchor, Total_Span) * To_Grams;

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "output/line_scanner.h"
-#include "tables/balance_tables.h"
+#include "output/run_records.h"
 
 #include <functional>
 
 namespace orvel {
 
 // Reads the rows of a balance out of the engine's files, a row per block: yearly or monthly. `row` is called for each.
-// A block that the end of the file cuts short gives a row with zeros for what is missing; a text that is missing inside
-// a block is found in a later one.
+// A block cut short by the end of the file gives a row with zeros for what is missing; a marking text that is missing
+// in a block is found in a later one.
 void Scan_Water_Balance(Line_Scanner& wasser, Balance_View view,
                         const std::function<void(const Water_Balance_Row&)>& row);
 

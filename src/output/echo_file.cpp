@@ -2,8 +2,8 @@
 
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/system/lock.h"
 #include "core/text.h"
-#include "jobs/job_status.h"
 
 namespace orvel {
 
@@ -16,47 +16,125 @@ constexpr Anchor Substance_Anchor("*** PARAMETERS OF ");
 constexpr Anchor Error_Anchor("ERROR");
 constexpr Anchor Spaced_Error_Anchor("E R R O R");
 
-constexpr std::size_t Total_First = 55;
-constexpr std::size_t Total_Width = 20;
-constexpr std::size_t Top_First = 53;
-constexpr std::size_t Top_Width = 10;
-constexpr std::size_t Name_First = 19;
-constexpr std::size_t Name_Width = 100;
+struct Span {
+    std::size_t First, Width;
+};
+constexpr Span Total_Span = {55, 20}, Top_Span = {53, 10}, Name_Span = {19, 100};
 constexpr std::size_t Name_Mark = 3; // characters behind the name
 
-// Reads on to a line with the anchor; at the end of the file the last line stays at hand.
-void Search(Line_Scanner& echo, const Anchor& anchor)
+std::string In(std::string_view line, Span span)
 {
-    while (echo.Next() && !anchor.In(echo.Line())) {
+    return std::string(Columns(line, span.First, span.Width));
+}
+
+// Takes the lines of an echo one by one. Each text of the layers is searched behind that of the one before.
+class Echo_Reader {
+public:
+    explicit Echo_Reader(Echo& echo) : Read(echo) {}
+
+    void Take(std::string_view line)
+    {
+        Take_Layers(line);
+        if (Substance_Anchor.In(line) && Read.Substance_Names.size() < Most_Result_Names) {
+            auto name = Columns(line, Name_Span.First, Name_Span.Width);
+            name.remove_suffix(std::min(Name_Mark, name.size()));
+            Read.Substance_Names.emplace_back(name);
+        }
+        Read.Holds_Error = Read.Holds_Error || Error_Anchor.In(line) || Spaced_Error_Anchor.In(line);
     }
-}
 
-int Count(std::string_view line, std::size_t first, std::size_t width)
-{
-    return To_I16(Val(Columns(line, first, width)));
-}
+    // What was not found is looked for in the last line.
+    void End(std::string_view last)
+    {
+        while (Next != Wanted::Nothing)
+            Keep(last);
+    }
 
-Line_Scanner Echo_Of(const std::filesystem::path& run_directory)
-{
-    return Line_Scanner(Found_Or_New(run_directory, "echo.orv"));
-}
+private:
+    enum class Wanted { Total, Water_Frequency, Solute_Frequency, Top, Nothing };
+
+    void Take_Layers(std::string_view line)
+    {
+        if (Next == Wanted::Nothing || (Next == Wanted::Total && !Total_Anchor.In(line)) ||
+            (Next == Wanted::Water_Frequency && !Frequency_Anchor.In(line)) ||
+            (Next == Wanted::Top && !Top_Anchor.In(line)))
+            return;
+        Keep(line);
+    }
+
+    void Keep(std::string_view line)
+    {
+        switch (Next) {
+        case Wanted::Total:
+            Read.Total = In(line, Total_Span);
+            break;
+        case Wanted::Water_Frequency:
+            Read.Water_Frequency = line;
+            break;
+        case Wanted::Solute_Frequency:
+            Read.Solute_Frequency = line;
+            break;
+        default:
+            Read.Top = In(line, Top_Span);
+        }
+        Next = static_cast<Wanted>(static_cast<int>(Next) + 1);
+    }
+
+    Echo& Read;
+    Wanted Next = Wanted::Total;
+};
 
 } // namespace
 
-Echo_Layers Scan_Echo_Layers(Line_Scanner& echo)
+Echo Scan_Echo(Line_Scanner& echo)
 {
-    Echo_Layers layers;
-    Search(echo, Total_Anchor);
-    layers.Total_Compartments = Count(echo.Line(), Total_First, Total_Width);
-    Search(echo, Frequency_Anchor);
-    const std::string first(echo.Line());
-    echo.Next();
-    const std::string second(echo.Line());
-    Search(echo, Top_Anchor);
-    layers.Top_Layers = Count(echo.Line(), Top_First, Top_Width);
+    Echo read;
+    Echo_Reader reader(read);
+    while (echo.Next())
+        reader.Take(echo.Line());
+    reader.End(echo.Line());
+    return read;
+}
 
-    const auto either = [&](std::string_view word) { return Contains(first, word) || Contains(second, word); };
-    const bool daily = Contains(first, "DAY") && Contains(second, "DAY");
+Echo Read_Echo(const std::filesystem::path& run_directory)
+{
+    const bool at_work = Is_At_Work(run_directory); // first: the engine may end while its echo is read
+    Echo echo;
+    try {
+        const auto file = Found_Or_New(run_directory, "echo.orv");
+        std::error_code missing;
+        const auto written = std::filesystem::last_write_time(file, missing);
+        Line_Scanner scanner(file);
+        echo = Scan_Echo(scanner);
+        echo.Written = written;
+    } catch (const File_Error& error) {
+        echo = {};
+        echo.Missing = error.what();
+    }
+    echo.At_Work = at_work;
+    return echo;
+}
+
+void Look_Again(Echo& echo, const std::filesystem::path& run_directory)
+{
+    std::error_code missing;
+    const auto written = std::filesystem::last_write_time(Found_Or_New(run_directory, "echo.orv"), missing);
+    echo.At_Work = Is_At_Work(run_directory);
+    if (missing || written != echo.Written)
+        echo = Read_Echo(run_directory);
+}
+
+Echo_Layers Echo::Layers() const
+{
+    if (!Missing.empty())
+        throw File_Error(Missing);
+    Echo_Layers layers;
+    layers.Total_Compartments = To_I16(Val(Total));
+    layers.Top_Layers = To_I16(Val(Top));
+    const auto either = [&](std::string_view word) {
+        return Contains(Water_Frequency, word) || Contains(Solute_Frequency, word);
+    };
+    const bool daily = Contains(Water_Frequency, "DAY") && Contains(Solute_Frequency, "DAY");
     if (either("YEAR"))
         return layers;
     layers.Has_Monthly_Output = either("MNTH") || daily;
@@ -64,46 +142,14 @@ Echo_Layers Scan_Echo_Layers(Line_Scanner& echo)
     return layers;
 }
 
-Echo_Layers Read_Echo_Layers(const std::filesystem::path& run_directory)
-{
-    auto echo = Echo_Of(run_directory);
-    return Scan_Echo_Layers(echo);
-}
-
-std::vector<std::string> Scan_Substance_Names(Line_Scanner& echo)
-{
-    std::vector<std::string> names;
-    while (names.size() < Most_Result_Names && echo.Find(Substance_Anchor)) {
-        auto name = Columns(echo.Line(), Name_First, Name_Width);
-        name.remove_suffix(std::min(Name_Mark, name.size()));
-        names.emplace_back(name);
-    }
-    return names;
-}
-
-std::vector<std::string> Read_Substance_Names(const std::filesystem::path& run_directory)
-{
-    auto echo = Echo_Of(run_directory);
-    return Scan_Substance_Names(echo);
-}
-
-bool Scan_For_Error(Line_Scanner& echo)
-{
-    while (echo.Next()) {
-        if (Error_Anchor.In(echo.Line()) || Spaced_Error_Anchor.In(echo.Line()))
-            return true;
-    }
-    return false;
-}
-
 bool Simulation_Failed(const std::filesystem::path& run_directory)
-try {
-    if (Status_Of_Run(run_directory) == Run_Status::Running)
-        return false; // until it ends, an engine says that it did not
-    auto echo = Echo_Of(run_directory);
-    return Scan_For_Error(echo);
-} catch (const File_Error&) {
-    return false;
+{
+    return Read_Echo(run_directory).Failed();
+}
+
+bool Is_At_Work(const std::filesystem::path& run_directory)
+{
+    return Is_Locked(run_directory) || Is_Locked(Found_Or_New(run_directory, "echo.orv"));
 }
 
 } // namespace orvel

@@ -1,11 +1,7 @@
 #include "output/line_scanner.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
-#include <utility>
 
 namespace orvel {
 
@@ -32,9 +28,10 @@ Line_Scanner::Line_Scanner(std::size_t window)
 Line_Scanner::Line_Scanner(const std::filesystem::path& file, std::size_t window) : Line_Scanner(window)
 {
     Name = file;
-    Descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    if (Descriptor < 0)
-        throw File_Error("The file " + file.string() + " cannot be opened: " + std::strerror(errno) + ".");
+    std::error_code error;
+    File = File_Handle(file, File_Handle::Use::Read, error);
+    if (error)
+        throw File_Error("The file " + file.string() + " cannot be opened: " + error.message() + ".");
     Fill(Line_First);
 }
 
@@ -46,42 +43,19 @@ Line_Scanner Line_Scanner::Of_Bytes(std::string_view bytes, std::size_t window)
     return scanner;
 }
 
-Line_Scanner::Line_Scanner(Line_Scanner&& other) noexcept
-    : Name(std::move(other.Name)),
-      Descriptor(std::exchange(other.Descriptor, -1)),
-      Source(other.Source),
-      Buffer(std::move(other.Buffer)),
-      Capacity(other.Capacity),
-      Rest(other.Rest),
-      End(other.End),
-      Line_First(other.Line_First),
-      Line_Size(other.Line_Size),
-      Total_Bytes(other.Total_Bytes),
-      Ended(other.Ended),
-      Cut(other.Cut)
-{}
-
-Line_Scanner::~Line_Scanner()
-{
-    if (Descriptor >= 0)
-        ::close(Descriptor);
-}
-
 std::size_t Line_Scanner::Read_Some(char* to, std::size_t most)
 {
-    if (Descriptor < 0) {
+    if (!File.Is_Open()) {
         const auto count = std::min(most, Source.size());
         std::copy_n(Source.data(), count, to);
         Source.remove_prefix(count);
         return count;
     }
-    for (;;) {
-        const auto got = ::read(Descriptor, to, most);
-        if (got >= 0)
-            return static_cast<std::size_t>(got);
-        if (errno != EINTR)
-            throw File_Error("The file " + Name.string() + " cannot be read: " + std::strerror(errno) + ".");
-    }
+    std::error_code error;
+    const std::size_t got = File.Read(to, most, error);
+    if (error)
+        throw File_Error("The file " + Name.string() + " cannot be read: " + error.message() + ".");
+    return got;
 }
 
 bool Line_Scanner::Fill(std::size_t& keep)
@@ -107,7 +81,7 @@ bool Line_Scanner::Fill(std::size_t& keep)
     return !Ended;
 }
 
-// What stands behind a line's first Largest_Line bytes is passed over.
+// Skips the rest of a line that is longer than Largest_Line.
 void Line_Scanner::Drop_Cut_Line()
 {
     if (Cut)
@@ -140,7 +114,7 @@ bool Line_Scanner::Next()
     Rest = end ? stop + 1 : Line_First + Line_Size;
     if (Line_Size > 0 && Buffer[Line_First + Line_Size - 1] == '\r')
         --Line_Size;
-    // One byte ahead is always known, so that the end of the file is known with its last line.
+    // Reads one byte ahead, so that At_End is right on the last line.
     if (!Cut && Rest == End)
         Fill(Line_First);
     return true;
@@ -152,10 +126,8 @@ bool Line_Scanner::Find(const Anchor& anchor)
     for (;;) {
         const char* const from = Buffer.get() + Rest;
         const char* const hit = anchor.In(from, Buffer.get() + End);
-        const auto* before = static_cast<const char*>(
-            ::memrchr(from, '\n', static_cast<std::size_t>((hit ? hit : Buffer.get() + End) - from)));
-        if (before)
-            Rest = static_cast<std::size_t>(before - Buffer.get()) + 1;
+        const std::string_view passed(from, static_cast<std::size_t>((hit ? hit : Buffer.get() + End) - from));
+        Rest += passed.rfind('\n') + 1; // to the start of the line; nothing if this is still the same line
         if (hit)
             return Next();
         Line_First = Rest;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/error.h"
+#include "core/system/file_handle.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,13 +11,12 @@
 
 namespace orvel {
 
-// Engine files run to hundreds of megabytes: they are read once, through one window, and searched for the texts that
-// mark what is wanted.
+// Engine files run to hundreds of megabytes: they are read once, through one window, and searched for marking texts.
 
 constexpr std::size_t Scan_Window = 512U << 10U;
 constexpr std::size_t Largest_Line = 512U << 10U; // a longer line is cut
 
-// A text that marks a line, wherever in it the text stands; the case counts. It is searched by its rarest letter.
+// A text anywhere in a line that marks it, case-sensitive. It is searched by its rarest letter.
 class Anchor {
 public:
     constexpr explicit Anchor(std::string_view text) : Text(text), Rare(Rarest(text)) {}
@@ -42,18 +42,13 @@ private:
     std::size_t Rare;
 };
 
-// Walks forward over the lines of a file, which end in CR LF or LF. Where the window's borders fall makes no
-// difference.
+// Walks forward over the lines of a file, which end in CR LF or LF.
 class Line_Scanner {
 public:
     // Throws File_Error if the file cannot be opened; so do the functions below if it cannot be read.
     explicit Line_Scanner(const std::filesystem::path& file, std::size_t window = Scan_Window);
     static Line_Scanner Of_Bytes(std::string_view bytes,
                                  std::size_t window = Scan_Window); // the bytes outlive the scanner
-
-    Line_Scanner(Line_Scanner&& other) noexcept;
-    Line_Scanner& operator=(Line_Scanner&&) = delete;
-    ~Line_Scanner();
 
     // To the next line. False at the end of the file: the line at hand stays.
     bool Next();
@@ -70,12 +65,12 @@ public:
 
 private:
     explicit Line_Scanner(std::size_t window);
-    bool Fill(std::size_t& keep); // gets more bytes behind those from `keep` on
+    bool Fill(std::size_t& keep); // reads more bytes, keeping those from `keep` on
     std::size_t Read_Some(char* to, std::size_t most);
     void Drop_Cut_Line();
 
     std::filesystem::path Name;
-    int Descriptor = -1;
+    File_Handle File;        // not open in a scanner of bytes
     std::string_view Source; // what is left of a scanner's bytes
     std::unique_ptr<char[]> Buffer;
     std::size_t Capacity, Rest = 0, End = 0, Line_First = 0, Line_Size = 0;

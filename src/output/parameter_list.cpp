@@ -5,7 +5,6 @@
 #include "core/output_variables.h"
 #include "core/text.h"
 #include "files/pesticide_file.h"
-#include "runs/output_selection.h"
 
 #include <algorithm>
 #include <memory>
@@ -18,7 +17,7 @@ constexpr std::size_t Years_Width = 3;
 constexpr std::size_t Substance_First = 33, Substance_Width = 8;
 constexpr std::size_t Shown_Name = 15; // characters of a substance's name
 
-// The limits of the four layers were never filled in; their items stand as they come out.
+// The gaps in "( cm)" are required: no layer depth is printed there.
 constexpr std::string_view Fixed_Texts[] = {"Actual evapotranspiration",
                                             "Percolate (1 m depth)",
                                             "Percolate (soil bottom)",
@@ -48,10 +47,11 @@ constexpr std::string_view Fixed_Texts[] = {"Actual evapotranspiration",
 
 std::string Item_Text(const Plot_Column& column, int variable, std::string_view substance)
 {
-    std::string text(Output_Variables[static_cast<std::size_t>(variable)].Out_Label);
-    if (Depth_Visible(variable))
+    const auto& output = Output_Variable_Of(variable);
+    std::string text(output.Out_Label);
+    if (output.Has_Depth)
         text += " at " + General_Text(column.Plot_Depth) + " cm ";
-    if (Substance_Visible(variable))
+    if (output.Has_Substance)
         text += " for " + std::string(Columns(substance, 1, Shown_Name));
     return text;
 }
@@ -86,7 +86,7 @@ std::vector<int> Substances_Of_Rows(std::string_view run_control)
 {
     Line_Reader lines(run_control);
     lines.Skip(static_cast<int>(std::clamp(Val(Columns(lines.Next(), 1, Years_Width)), 0.0, 999.0)) + 2);
-    lines.Next(); // the counts; the rows of the profile are more than the first of them
+    lines.Next(); // the counts: the first of them leaves out the rows of the profile
     std::vector<int> substances;
     while (!lines.At_End())
         substances.push_back(

@@ -11,7 +11,6 @@ namespace orvel {
 
 namespace {
 
-constexpr std::size_t Head_Lines = 11;
 constexpr std::array<std::size_t, 4> Title_Lines = {1, 3, 4, 6};
 constexpr std::size_t Count_Line = 7;
 constexpr std::size_t Count_Width = 6;
@@ -24,7 +23,7 @@ constexpr std::size_t Scale_Width = 6;
 constexpr std::size_t Day_First = 1, Day_Width = 6, Hour_First = 7, Hour_Width = 3;
 constexpr double Last_Day = 1e6;
 
-using Lines = std::array<std::string, Head_Lines + 1>; // from 1
+using Lines = std::array<std::string, Plot_Head_Lines + 1>; // from 1
 
 int Whole(std::string_view text)
 {
@@ -64,10 +63,10 @@ Plot_Head Scan_Plot_Head(Line_Scanner& plot)
 {
     Lines lines;
     std::size_t read = 0;
-    while (read < Head_Lines && plot.Next())
+    while (read < Plot_Head_Lines && plot.Next())
         lines[++read] = plot.Line();
     Plot_Head head;
-    head.Whole = read == Head_Lines;
+    head.Whole = read == Plot_Head_Lines;
     std::ranges::transform(Title_Lines, head.Titles.begin(),
                            [&](std::size_t line) { return std::string(Trim(lines[line])); });
     head.Months = Count(lines[Count_Line], 1);

@@ -11,6 +11,8 @@ namespace orvel {
 
 // The engine's time series, plot.orv: a head of eleven lines, then a line per output time.
 
+constexpr int Plot_Head_Lines = 11;
+constexpr int Closing_Hour = 24; // of a day
 constexpr std::size_t Plot_Value_Width = 10;
 constexpr std::size_t Plot_Series_First = 11; // 1-based column of the first value of a line
 

@@ -3,27 +3,25 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "runs/run_control.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <memory>
 #include <optional>
 
 namespace orvel {
 
 namespace {
 
-constexpr int Head_Lines = 11, Last_Hour = 24, Months_Of_Year = 12;
+constexpr int Months_Of_Year = 12;
 
 std::string Date_Text(const Run_Day& day)
 {
     return std::to_string(day.Day) + "." + std::to_string(day.Month) + "." + std::to_string(day.Year);
 }
 
-// A number that fills its column but for blanks.
+// The number of a column that holds nothing else but blanks.
 std::optional<double> Number_In(std::string_view column)
 {
     const auto text = Trim(column);
@@ -34,17 +32,6 @@ std::optional<double> Number_In(std::string_view column)
     return value;
 }
 
-// The day and month on which the directory's run control ends its run, the day within the month's length.
-std::optional<Run_Day> End_Of_Run(const std::filesystem::path& directory)
-{
-    const auto session = std::make_unique<Session>();
-    if (!Read_Single_Run(*session, directory))
-        return std::nullopt;
-    const Run_Day end{0, static_cast<int>(std::clamp(session->Run.End_Day.Number(), 0.0, 31.0)), session->Run.End_Month,
-                      0};
-    return end.Day >= 1 && end.Month >= 1 && end.Month <= Months_Of_Year ? std::optional(end) : std::nullopt;
-}
-
 } // namespace
 
 Series_Days::Series_Days(const std::filesystem::path& file, std::span<const Run_Day> calendar)
@@ -52,7 +39,7 @@ Series_Days::Series_Days(const std::filesystem::path& file, std::span<const Run_
       Calendar(calendar),
       Plot(file),
       Titles(Scan_Plot_Head(Plot)),
-      Line_Number(Head_Lines)
+      Line_Number(Plot_Head_Lines)
 {
     if (!Titles.Whole)
         Refuse("is empty or ends within its head");
@@ -113,20 +100,19 @@ bool Series_Days::Next()
         else if (Moment.Day != before.Day)
             Refuse("leaves day " + std::to_string(before.Day) + " before its hour 24 in line " +
                    std::to_string(Line_Number));
-        if (Moment.Hour <= before.Hour || Moment.Hour > Last_Hour)
+        if (Moment.Hour <= before.Hour || Moment.Hour > Closing_Hour)
             Refuse("is damaged in line " + std::to_string(Line_Number) + ": its hours do not follow each other");
         Take_Line();
         ++lines;
-    } while (Moment.Hour != Last_Hour);
+    } while (Moment.Hour != Closing_Hour);
     for (double& value : Means)
         value /= lines;
     return true;
 }
 
-void Series_Days::Expect_Last_Day(const std::filesystem::path& directory) const
+void Series_Days::Expect_Last_Day(const std::optional<Run_Day>& end) const
 {
     const int years = (Titles.Months + Months_Of_Year - 1) / Months_Of_Year;
-    const auto end = End_Of_Run(directory);
     const bool last_of_month = At + 1 == Calendar.data() + Calendar.size() || (At + 1)->Month != At->Month;
     const bool on_end =
         !end || (At->Month == end->Month && (At->Day == end->Day || (last_of_month && At->Day < end->Day)));

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "output/plot_file.h"
-#include "tables/daily_series.h"
+#include "output/run_records.h"
 
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -25,8 +26,9 @@ public:
     // Of all columns, the average over the day's lines: of a rate the amount of the day, of a state its mean.
     std::span<const double> Values() const { return Means; }
 
-    // To be called behind the last day: whether that is the one which the head and the directory's run control tell.
-    void Expect_Last_Day(const std::filesystem::path& directory) const;
+    // To be called behind the last day: refuses one that is not the last day of the run. That is in the last year of
+    // the head, on the day and month of `end` if these are known; a day that its month lacks is the month's last one.
+    void Expect_Last_Day(const std::optional<Run_Day>& end) const;
 
 private:
     void Take_Line();

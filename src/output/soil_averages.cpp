@@ -5,7 +5,6 @@
 #include "core/text.h"
 #include "output/quick_val.h"
 
-#include <cmath>
 #include <cstdint>
 
 namespace orvel {
@@ -13,29 +12,15 @@ namespace orvel {
 namespace {
 
 constexpr int Last_Warm_Up_Day = First_Evaluated_Day - 1;
-constexpr int Closing_Hour = 24;
-constexpr std::size_t Day_First = 1;
-constexpr std::size_t Day_Width = 6;
-constexpr std::size_t Hour_First = 7;
-constexpr std::size_t Hour_Width = 3;
 constexpr int Days_A_Year = 365;
 constexpr int Years_To_Leap = 4;
-
-double Day_Of(std::string_view line)
-{
-    return Quick_Val(Trim(Columns(line, Day_First, Day_Width)));
-}
-
-double Hour_Of(std::string_view line)
-{
-    return Quick_Val(Trim(Columns(line, Hour_First, Hour_Width)));
-}
 
 // To the line that closes the warm-up; false where the file has none.
 bool Pass_Warm_Up(Line_Scanner& plot)
 {
     while (plot.Next()) {
-        if (Hour_Of(plot.Line()) == Closing_Hour && Day_Of(plot.Line()) == Last_Warm_Up_Day)
+        const auto moment = Moment_Of(plot.Line());
+        if (moment.Hour == Closing_Hour && moment.Day == Last_Warm_Up_Day)
             return true;
     }
     return false;
@@ -101,7 +86,7 @@ std::vector<Soil_Averages> Scan_Soil_Profile(Line_Scanner& plot, const Plot_Head
         return averages;
     for (int days = 0; plot.Next();) {
         const auto line = plot.Line();
-        const bool closes_day = std::floor(Quick_Val(Columns(line, Hour_First, Hour_Width))) == Closing_Hour;
+        const bool closes_day = Moment_Of(line).Hour == Closing_Hour;
         auto first = profile;
         for (auto& substance : averages) {
             substance.Add(Sum_Of_Layers(line, first, layers) / depth, closes_day);

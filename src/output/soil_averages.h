@@ -1,7 +1,7 @@
 #pragma once
 
 #include "output/plot_file.h"
-#include "tables/soil_concentrations.h"
+#include "output/run_records.h"
 
 #include <functional>
 #include <string>
@@ -33,7 +33,7 @@ private:
 };
 
 // Reads the lines behind the head, from the one behind day 2190, hour 24, on: per substance the mean over `depth`
-// layers, of which the profile has 20. `year` is called with the days done every now and then. Throws File_Error for a
+// layers, of which the profile has 20. `year` is called with the days done, once a year. Throws File_Error for a
 // head or days out of bounds.
 std::vector<Soil_Averages> Scan_Soil_Profile(Line_Scanner& plot, const Plot_Head& head, int depth,
                                              const std::function<void(int)>& year);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "output/line_scanner.h"
-#include "tables/leachate_tables.h"
+#include "output/run_records.h"
 
 #include <array>
 #include <cstddef>

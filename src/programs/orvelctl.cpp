@@ -1,69 +1,23 @@
-// The same system without windows, for scripts, batch servers and tests: every command is a call of the rules and a
-// print.
-#include "programs/orvelctl.h"
-
-#include "core/code_page.h"
+// The program without windows, for scripts, servers and tests: each command calls the rules and prints.
 #include "core/error.h"
-#include "core/system/spawn.h"
+#include "core/system/program_path.h"
 #include "documents/documents.h"
 #include "installation/lay_out.h"
+#include "programs/orvelctl_report.h"
+#include "programs/orvelctl_results.h"
+#include "programs/orvelctl_runs.h"
+#include "programs/orvelctl_series.h"
+#include "programs/orvelctl_single.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace orvel {
 
-void Tell(std::string_view title, std::string_view text)
-{
-    std::cerr << To_Utf8(title) << ": " << To_Utf8(text) << '\n';
-}
-
-std::string Bytes_Of(const std::string& word)
-{
-    const auto bytes = From_Utf8(word);
-    if (!bytes)
-        throw CLI::ValidationError("'" + word + "' holds a character that no file of this system can hold.");
-    return *bytes;
-}
-
-void Add_Mode(CLI::App* command, std::string& mode)
-{
-    command->add_option("--mode", mode)
-        ->required()
-        ->check(CLI::IsMember({"focus", "efsa", "efsa_t4"}))
-        ->option_text("focus|efsa|efsa_t4");
-}
-
-Progress Shown_Progress()
-{
-    if (::isatty(STDERR_FILENO) == 0)
-        return {};
-    return [](const std::string& message, double) {
-        std::cerr << '\r' << message << "\033[K" << std::flush;
-        return true;
-    };
-}
-
-void Clear_Progress()
-{
-    if (::isatty(STDERR_FILENO) != 0)
-        std::cerr << "\r\033[K" << std::flush;
-}
-
-int Paint(const std::vector<std::string>& words)
-{
-    const int process = Start_Program(
-        {.Program = Program_Beside("orvelpaint"), .Arguments = words, .Directory = std::filesystem::current_path()});
-    int status = 0;
-    ::waitpid(process, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Done : Refused;
-}
-
 namespace {
 
-// Prints the box that the desktop program would show and takes its default button.
+// Prints the message that the desktop program would show and answers with its default button.
 Button Ask_On_Standard_Error(const Message& message)
 {
     Tell(message.Title, message.Text);
@@ -81,12 +35,6 @@ try {
 } catch (const File_Error& error) {
     std::cerr << "File check: " << error.what() << '\n';
     return Refused;
-}
-
-// Where this program stands, whatever name it was started by.
-std::filesystem::path Own_Path()
-{
-    return std::filesystem::read_symlink("/proc/self/exe");
 }
 
 void Add_Init(CLI::App& app, Command& command)

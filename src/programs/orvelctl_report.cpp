@@ -1,9 +1,11 @@
+#include "programs/orvelctl_report.h"
+
 #include "core/files.h"
 #include "core/text.h"
-#include "programs/orvelctl.h"
-#include "report/report_forms.h"
+#include "report/report_formats.h"
 #include "runs/start_up.h"
 
+#include <CLI/CLI.hpp>
 #include <ctime>
 #include <iostream>
 #include <memory>
@@ -12,43 +14,44 @@ namespace orvel {
 
 namespace {
 
-struct Report_Words {
+struct Report_Arguments {
     std::string Mode, Stem, Crop, Codes, File; // as they stand on the command line, in UTF-8
 };
 
-int Do_Text(Session& session, const std::vector<Summary_Request>& requests, const std::string& file)
+int Do_Text(const std::vector<Summary_Request>& requests, const std::string& file)
 {
-    const auto text = Report_Text(session, requests, Shown_Progress());
+    const auto summaries = Report_Text(requests, Shown_Progress());
     Clear_Progress();
-    if (!text)
+    if (!summaries.Failure.empty()) {
+        Tell("File check", summaries.Failure);
         return Refused;
+    }
     if (!file.empty()) {
-        Write_Whole(file, *text);
+        Write_Whole(file, summaries.Text);
         return Done;
     }
-    std::cout << Replace_All(*text, CrLf, "\n") << std::flush;
+    std::cout << Replace_All(summaries.Text, CrLf, "\n") << std::flush;
     return std::cout ? Done : Refused;
 }
 
-int Do_Report(Session& session, const Report_Words& words)
+int Do_Report(Session& session, const Report_Arguments& arguments)
 {
-    Find_Engine(session);
-    const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
-    const auto requests = Request_Summaries(session, *Mode_Named(words.Mode), Bytes_Of(words.Stem),
-                                            Bytes_Of(words.Crop), Codes_In(words.Codes));
-    if (words.File.empty() || ending == ".txt")
-        return Do_Text(session, requests, words.File);
-    const bool is_pdf = ending == ".pdf";
-    if (!is_pdf)
-        Report_In_Form({}, words.File); // refuses another ending before the work
+    Find_Engine(session.Program);
+    const auto requests = Request_Summaries(session, *Mode_Named(arguments.Mode), Bytes_Of(arguments.Stem),
+                                            Bytes_Of(arguments.Crop), Codes_In(arguments.Codes));
+    if (arguments.File.empty())
+        return Do_Text(requests, {});
+    const auto& format = Report_Format_Of(arguments.File);
+    if (format.Is_Text)
+        return Do_Text(requests, arguments.File);
+    if (format.Is_Painted)
+        return Paint({"report", session.Program.App_Path.string(), arguments.Mode, arguments.Stem, arguments.Crop,
+                      arguments.Codes, arguments.File});
     const auto report = Gather_Report(session, requests, std::time(nullptr), Shown_Progress());
     Clear_Progress();
-    for (const auto& note : report->Notes)
+    for (const auto& note : report.Notes)
         Tell("Report", note);
-    if (is_pdf)
-        return Paint(
-            {"report", session.Program.App_Path.string(), words.Mode, words.Stem, words.Crop, words.Codes, words.File});
-    Write_Whole(words.File, Report_In_Form(*report, words.File));
+    Write_Whole(arguments.File, format.Write(report));
     return Done;
 }
 
@@ -58,16 +61,16 @@ void Add_Report_Command(CLI::App& app, Command& command)
 {
     auto* report =
         app.add_subcommand("report", "Print or save the summary report over all locations of a pesticide and crop");
-    const auto words = std::make_shared<Report_Words>();
-    Add_Mode(report, words->Mode);
-    report->add_option("--pesticide", words->Stem)->required()->option_text("STEM");
-    report->add_option("--crop", words->Crop, "A crop, or 'all'")->required()->option_text("TEXT");
-    report->add_option("--locations", words->Codes, "Codes of locations: C,H,K")->option_text("CODES");
-    report->add_option("--to", words->File, ".txt, .csv, .html or .pdf")->option_text("FILE");
+    const auto arguments = std::make_shared<Report_Arguments>();
+    Add_Mode(report, arguments->Mode);
+    report->add_option("--pesticide", arguments->Stem)->required()->option_text("STEM");
+    report->add_option("--crop", arguments->Crop, "A crop, or 'all'")->required()->option_text("TEXT");
+    report->add_option("--locations", arguments->Codes, "Codes of locations: C,H,K")->option_text("CODES");
+    report->add_option("--to", arguments->File, Report_Endings())->option_text("FILE");
     report->callback([=, &command] {
-        for (const auto& word : {words->Stem, words->Crop, words->Codes})
-            Bytes_Of(word); // refuses what no file's name can hold
-        command = [=](Session& session) { return Do_Report(session, *words); };
+        for (const auto& text : {arguments->Stem, arguments->Crop, arguments->Codes})
+            Bytes_Of(text); // refuses what no file's name can hold
+        command = [=](Session& session) { return Do_Report(session, *arguments); };
     });
 }
 

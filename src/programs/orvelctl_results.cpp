@@ -1,11 +1,13 @@
+#include "programs/orvelctl_results.h"
+
 #include "core/code_page.h"
 #include "core/text.h"
 #include "output/echo_file.h"
-#include "programs/orvelctl.h"
 #include "tables/balance_tables.h"
 #include "tables/leachate_tables.h"
 #include "tables/soil_concentrations.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 
@@ -13,41 +15,37 @@ namespace orvel {
 
 namespace {
 
-// Prints the text that a window would show; a failure ends the text early, and is told.
-int Print_Text(std::string_view text, std::string_view failure, std::string_view not_kept)
+// Prints the text that a window would show, and what the user is to know of it. Tables that end early, and all that a
+// failed simulation left, are an error.
+int Print_Tables(const Table_Status& status, std::string_view text)
 {
     Clear_Progress();
     std::cout << To_Utf8(Replace_All(std::string(text), CrLf, "\n")) << std::flush;
-    if (!failure.empty() || !not_kept.empty())
-        Tell("File check", failure.empty() ? not_kept : failure);
-    return failure.empty() && std::cout ? Done : Refused;
-}
-
-// The same of a run: what a failed one left ends early too.
-int Print_Table(const std::string& directory, std::string_view text, std::string_view failure,
-                std::string_view not_kept)
-{
-    return Print_Text(text, failure.empty() && Simulation_Failed(directory) ? Simulation_Failed_Text : failure,
-                      not_kept);
+    const bool failed_run = status.Failure.empty() && status.Run_Failed;
+    if (failed_run)
+        Tell("File check", Simulation_Failed_Text);
+    else if (!status.Note().empty())
+        Tell("File check", status.Note());
+    return status.Failure.empty() && !failed_run && std::cout ? Done : Refused;
 }
 
 int Do_Tables(const std::string& directory)
 {
     const auto tables = Build_Or_Load(directory, Shown_Progress());
-    return Print_Table(directory, tables.Year_Text + tables.Period_Text, tables.Failure, tables.Not_Cached);
+    return Print_Tables(tables, tables.Year_Text + tables.Period_Text);
 }
 
 int Do_Balance(const std::string& directory, bool monthly)
 {
     const auto tables =
         Build_Or_Load_Balance(directory, monthly ? Balance_View::Monthly : Balance_View::Annual, Shown_Progress());
-    return Print_Table(directory, tables.Water_Text + tables.Pesticide_Text, tables.Failure, tables.Not_Cached);
+    return Print_Tables(tables, tables.Water_Text + tables.Pesticide_Text);
 }
 
 int Do_Pecsoil(const std::string& directory, int depth)
 {
     const auto soil = Build_Soil_Concentrations(directory, depth, Shown_Progress());
-    return Print_Table(directory, soil.Text, soil.Failure, soil.Not_Written);
+    return Print_Tables(soil, soil.Text);
 }
 
 void Add_Run_Directory(CLI::App* command, std::string& directory)

@@ -1,24 +1,26 @@
-#include "core/code_page.h"
-#include "jobs/run_commands.h"
-#include "programs/orvelctl.h"
+#include "programs/orvelctl_runs.h"
 
+#include "core/code_page.h"
+#include "core/system/terminal.h"
+#include "jobs/run_commands.h"
+
+#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <iostream>
 #include <memory>
-#include <unistd.h>
 
 namespace orvel {
 
 namespace {
 
-struct Mark_Words {
+struct Mark_Options {
     std::string Mode, Pesticide, Crop, Location, Output;
     bool All = false, Replace = false;
     int Tillage = 0;
     double Scaling = 0;
 };
 
-// Prints a box; the question about an earlier run is answered with OK where the user has said so beforehand.
+// Prints messages; with --replace the question about an earlier run is answered with OK.
 Ask_Function Answering(bool replace)
 {
     return [replace](const Message& message) {
@@ -43,34 +45,34 @@ int Do_Mark(Session& session, const Mark_Request& request, bool replace)
 void Add_Mark(CLI::App& app, Command& command)
 {
     auto* mark = app.add_subcommand("mark", "Mark a combination, or all locations of a crop, for the batch");
-    const auto words = std::make_shared<Mark_Words>();
-    Add_Mode(mark, words->Mode);
-    mark->add_option("--pesticide", words->Pesticide)->required()->option_text("NAME.psm");
-    mark->add_option("--crop", words->Crop)->required()->option_text("TEXT");
-    auto* location = mark->add_option("--location", words->Location)->option_text("TEXT");
-    auto* all = mark->add_flag("--all", words->All, "All locations that the crop offers")->excludes(location);
-    mark->add_option("--output", words->Output)
+    const auto options = std::make_shared<Mark_Options>();
+    Add_Mode(mark, options->Mode);
+    mark->add_option("--pesticide", options->Pesticide)->required()->option_text("NAME.psm");
+    mark->add_option("--crop", options->Crop)->required()->option_text("TEXT");
+    auto* location = mark->add_option("--location", options->Location)->option_text("TEXT");
+    auto* all = mark->add_flag("--all", options->All, "All locations that the crop offers")->excludes(location);
+    mark->add_option("--output", options->Output)
         ->check(CLI::IsMember({"minimum", "recommended"}))
         ->option_text("minimum|recommended");
-    auto* tillage = mark->add_option("--tillage", words->Tillage, "Tillage depth, 1 to 40")->option_text("CM");
+    auto* tillage = mark->add_option("--tillage", options->Tillage, "Tillage depth, 1 to 40")->option_text("CM");
     auto* scaling =
-        mark->add_option("--scaling", words->Scaling, "Added to the temperatures, -5 to 5")->option_text("VALUE");
-    mark->add_flag("--replace", words->Replace, "Replace the results of an earlier run");
+        mark->add_option("--scaling", options->Scaling, "Added to the temperatures, -5 to 5")->option_text("VALUE");
+    mark->add_flag("--replace", options->Replace, "Replace the results of an earlier run");
     mark->callback([=, &command] {
         if (location->count() + all->count() == 0)
             throw CLI::RequiredError("--location or --all");
-        Mark_Request request{.Kind = Mode_Named(words->Mode)->Kind,
-                             .Pesticide = Bytes_Of(words->Pesticide),
-                             .Crop = Bytes_Of(words->Crop),
-                             .Location = Bytes_Of(words->Location),
-                             .All = words->All};
-        if (!words->Output.empty())
-            request.Output = words->Output == "minimum" ? Output_Option::Minimum : Output_Option::Recommended;
+        Mark_Request request{.Kind = Mode_Named(options->Mode)->Kind,
+                             .Pesticide = Bytes_Of(options->Pesticide),
+                             .Crop = Bytes_Of(options->Crop),
+                             .Location = Bytes_Of(options->Location),
+                             .All = options->All};
+        if (!options->Output.empty())
+            request.Output = options->Output == "minimum" ? Output_Option::Minimum : Output_Option::Recommended;
         if (tillage->count() > 0)
-            request.Tillage = words->Tillage;
+            request.Tillage = options->Tillage;
         if (scaling->count() > 0)
-            request.Scaling = words->Scaling;
-        command = [=](Session& session) { return Do_Mark(session, request, words->Replace); };
+            request.Scaling = options->Scaling;
+        command = [=](Session& session) { return Do_Mark(session, request, options->Replace); };
     });
 }
 
@@ -78,8 +80,8 @@ int Do_Start(Session& session, const Mode& mode, int jobs, bool wait)
 {
     if (!wait)
         return Start(session, mode, jobs) ? Done : Refused;
-    // On a terminal the progress stays on one line; a log gets a line from time to time.
-    const bool terminal = ::isatty(STDERR_FILENO) != 0;
+    // A terminal gets one line that is updated, a log a line from time to time.
+    const bool terminal = Error_Is_Terminal();
     const Progress_Report report{.Tell =
                                      [terminal](const std::string& text) {
                                          std::cerr << (terminal ? "\r" : "") << text << (terminal ? "\033[K" : "\n");
@@ -114,7 +116,7 @@ void Add_Start(CLI::App& app, Command& command)
 
 int Do_Status(const Session& session, const Mode& mode, bool json)
 {
-    const auto simulations = Simulation_List(session, mode);
+    const auto simulations = Simulation_List(Mode_Directory(session.Program, mode));
     std::cout << (json ? Simulation_Json(simulations) : To_Utf8(Simulation_Lines(simulations)));
     return std::cout.flush() ? Done : Refused;
 }

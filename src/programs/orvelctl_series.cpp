@@ -1,13 +1,16 @@
+#include "programs/orvelctl_series.h"
+
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/output_variables.h"
 #include "core/text.h"
-#include "evaluation/utility_table.h"
 #include "output/parameter_list.h"
-#include "programs/orvelctl.h"
+#include "runs/calendar_file.h"
 #include "tables/daily_diagram.h"
 #include "tables/series.h"
+#include "tables/utilities.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -16,7 +19,7 @@ namespace orvel {
 
 namespace {
 
-struct Series_Words {
+struct Series_Arguments {
     std::string Run, From, To, File;
     int Column = 1;
     bool Cumulative = false;
@@ -56,7 +59,7 @@ template <class Take> void Write_Csv(const Daily_Series& series, const std::stri
 // The column as the list of series names it; by its code where the run's files do not tell.
 std::string Item_Of(const std::string& run, const Plot_Column& column, int number)
 {
-    const auto& name = Output_Variables[static_cast<std::size_t>(Output_Variable_Number(column.Plot_Code))].Out_Label;
+    const auto& name = Output_Variable_Of(Output_Variable_Number(column.Plot_Code)).Out_Label;
     for (const Parameter_Item& item : Parameters_Of_Run(run)) {
         if (item.Column == number && item.Text.starts_with(name))
             return item.Text;
@@ -64,52 +67,56 @@ std::string Item_Of(const std::string& run, const Plot_Column& column, int numbe
     return column.Plot_Code + " at " + General_Text(column.Plot_Depth) + " cm";
 }
 
-// The words by which the picture is painted.
-std::vector<std::string> Paint_Words(const Session& session, const Series_Words& words, const Daily_Request& request,
-                                     const std::string& item)
+// What orvelpaint needs to paint the picture.
+std::vector<std::string> Paint_Arguments(const Session& session, const Series_Arguments& arguments,
+                                         const Daily_Request& request, const std::string& item)
 {
     const auto month = [](const Run_Month& at) { return std::to_string(at.Year) + "-" + std::to_string(at.Month); };
     return {"series",
             session.Program.App_Path.string(),
-            words.Run,
-            std::to_string(words.Column),
+            arguments.Run,
+            std::to_string(arguments.Column),
             item,
             std::to_string(request.Variable),
             request.Cumulative ? "1" : "0",
             month(request.From),
             month(request.To),
-            words.File};
+            arguments.File};
 }
 
-int Do_Series(const Session& session, const Series_Words& words)
+int Do_Series(const Session& session, const Series_Arguments& arguments)
 {
-    const Plot_Head head = Read_Plot_Head(words.Run);
-    if (!head.Whole || words.Column > head.N_Columns || static_cast<std::size_t>(words.Column) > head.Columns.size()) {
+    const Plot_Head head = Read_Plot_Head(arguments.Run);
+    if (!head.Whole || arguments.Column > head.N_Columns ||
+        static_cast<std::size_t>(arguments.Column) > head.Columns.size()) {
         Tell("File check", head.Whole ? "The run has " + std::to_string(head.N_Columns) + " columns only."
                                       : "The run has no plot.orv.");
         return Refused;
     }
-    const bool single = !Is_Of_A_Batch(words.Run);
-    if (!std::filesystem::exists(Calendar_File(session, words.Run, single))) {
+    const auto calendar = Calendar_File(session, arguments.Run, !Is_Of_A_Batch(arguments.Run));
+    if (!std::filesystem::exists(calendar)) {
         Tell("File check", "The calendar datum.dat is missing: name the installation of the run with -C DIR.");
         return Refused;
     }
-    const auto from = Month_Of(words.From.empty() ? "1-1" : words.From);
-    const auto to = Month_Of(words.To.empty() ? std::to_string(std::max(1, head.Months / 12)) + "-12" : words.To);
+    const auto from = Month_Of(arguments.From.empty() ? "1-1" : arguments.From);
+    const auto to =
+        Month_Of(arguments.To.empty() ? std::to_string(std::max(1, head.Months / 12)) + "-12" : arguments.To);
     if (!from || !to) {
         Tell("File check", "A month is written as YYYY-MM, with the year of the simulation from 1.");
         return Refused;
     }
-    const Plot_Column& column = head.Columns[static_cast<std::size_t>(words.Column) - 1];
-    const Daily_Request request{
-        .Variable = Output_Variable_Number(column.Plot_Code), .Cumulative = words.Cumulative, .From = *from, .To = *to};
-    const std::string item = Item_Of(words.Run, column, words.Column);
-    const std::string ending = Lower(std::filesystem::path(words.File).extension().string());
+    const Plot_Column& column = head.Columns[static_cast<std::size_t>(arguments.Column) - 1];
+    const Daily_Request request{.Variable = Output_Variable_Number(column.Plot_Code),
+                                .Cumulative = arguments.Cumulative,
+                                .From = *from,
+                                .To = *to};
+    const std::string item = Item_Of(arguments.Run, column, arguments.Column);
+    const std::string ending = Lower(std::filesystem::path(arguments.File).extension().string());
     if (ending == ".svg" || ending == ".png" || ending == ".pdf")
-        return Paint(Paint_Words(session, words, request, item));
-    const auto series = Read_Daily_Series(session, words.Run, single, words.Column, request);
+        return Paint(Paint_Arguments(session, arguments, request, item));
+    const auto series = Read_Daily_Series(calendar, arguments.Run, arguments.Column, request);
     const std::string title = Daily_Title(request, item);
-    if (words.File.empty()) {
+    if (arguments.File.empty()) {
         Write_Csv(series, title, [](const std::string& piece) {
             std::cout.write(piece.data(), static_cast<std::streamsize>(piece.size()));
         });
@@ -117,7 +124,7 @@ int Do_Series(const Session& session, const Series_Words& words)
     }
     std::string csv;
     Write_Csv(series, title, [&](const std::string& piece) { csv += piece; });
-    Write_Whole(words.File, csv);
+    Write_Whole(arguments.File, csv);
     return Done;
 }
 
@@ -126,17 +133,17 @@ int Do_Series(const Session& session, const Series_Words& words)
 void Add_Series_Command(CLI::App& app, Command& command)
 {
     auto* series = app.add_subcommand("series", "Print one series of a run's plot.orv, or save it as a picture");
-    const auto words = std::make_shared<Series_Words>();
-    series->add_option("RUNDIR", words->Run)->required();
-    series->add_option("--column", words->Column, "Value column, from 1")
+    const auto arguments = std::make_shared<Series_Arguments>();
+    series->add_option("RUNDIR", arguments->Run)->required();
+    series->add_option("--column", arguments->Column, "Value column, from 1")
         ->required()
         ->check(CLI::Range(1, 10000))
         ->option_text("N");
-    series->add_flag("--cumulative", words->Cumulative);
-    series->add_option("--from", words->From)->option_text("YYYY-MM");
-    series->add_option("--to", words->To)->option_text("YYYY-MM");
-    series->add_option("--to-file", words->File, ".csv, .svg, .png or .pdf")->option_text("F");
-    series->callback([=, &command] { command = [=](Session& session) { return Do_Series(session, *words); }; });
+    series->add_flag("--cumulative", arguments->Cumulative);
+    series->add_option("--from", arguments->From)->option_text("YYYY-MM");
+    series->add_option("--to", arguments->To)->option_text("YYYY-MM");
+    series->add_option("--to-file", arguments->File, ".csv, .svg, .png or .pdf")->option_text("F");
+    series->callback([=, &command] { command = [=](Session& session) { return Do_Series(session, *arguments); }; });
 }
 
 } // namespace orvel

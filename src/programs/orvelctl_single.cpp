@@ -1,13 +1,16 @@
+#include "programs/orvelctl_single.h"
+
 #include "files/scenario_file.h"
+#include "jobs/single_run_archive.h"
+#include "jobs/single_run_start.h"
 #include "output/echo_file.h"
-#include "programs/orvelctl.h"
-#include "runs/single_run.h"
 #include "runs/start_up.h"
 
 #include "core/files.h"
 #include "core/text.h"
 
 #include <chrono>
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <thread>
@@ -16,14 +19,14 @@ namespace orvel {
 
 namespace {
 
-struct Single_Words {
+struct Single_Options {
     std::string Pesticide, Scenario, From = "01.01", To = "31.12";
     std::vector<std::string> Climates;
     int Years = 1;
     bool Wait = false;
 };
 
-// "DD.MM" as a day's text and a month's list index; an index of -1 for a text that is none.
+// "DD.MM" as the text of the day and the list index of the month, -1 if there is none.
 void Take_Date(const std::string& text, std::string& day, int& month_index)
 {
     const auto point = text.find('.');
@@ -32,26 +35,26 @@ void Take_Date(const std::string& text, std::string& day, int& month_index)
     month_index = month >= 1 && month <= 12 ? static_cast<int>(month) - 1 : -1;
 }
 
-Single_Run_Entry Entry_Of(const Single_Words& words)
+Single_Run_Entry Entry_Of(const Single_Options& options)
 {
-    Single_Run_Entry entry{.Pesticide = Bytes_Of(words.Pesticide),
-                           .Scenario = Bytes_Of(words.Scenario),
-                           .Years = std::to_string(words.Years)};
-    for (const std::string& climate : words.Climates)
+    Single_Run_Entry entry{.Pesticide = Bytes_Of(options.Pesticide),
+                           .Scenario = Bytes_Of(options.Scenario),
+                           .Years = std::to_string(options.Years)};
+    for (const std::string& climate : options.Climates)
         entry.Climates.push_back(Bytes_Of(climate));
-    Take_Date(words.From, entry.Start_Day, entry.Start_Month_Index);
-    Take_Date(words.To, entry.End_Day, entry.End_Month_Index);
+    Take_Date(options.From, entry.Start_Day, entry.Start_Month_Index);
+    Take_Date(options.To, entry.End_Day, entry.End_Month_Index);
     return entry;
 }
 
 int Wait_For_End(const std::filesystem::path& directory, int years)
 {
     constexpr std::chrono::milliseconds Pause(200);
-    std::string told;
+    std::string printed;
     for (auto state = State_Of_Single_Run(directory, years); state.Running;
          state = State_Of_Single_Run(directory, years)) {
-        if (state.Text != told)
-            std::cerr << (told = state.Text) << '\n';
+        if (state.Text != printed)
+            std::cerr << (printed = state.Text) << '\n';
         std::this_thread::sleep_for(Pause);
     }
     const bool begun = !Read_If_There(directory, "echo.orv").empty();
@@ -61,29 +64,28 @@ int Wait_For_End(const std::filesystem::path& directory, int years)
     return Refused;
 }
 
-// Runs in the current directory with the installation's engine. Earlier output goes to an archive, so that nothing is
-// lost.
-int Do_Single(Session& session, const Single_Words& words)
+// Runs in the current directory with the installation's engine. Earlier output is moved to an archive first.
+int Do_Single(Session& session, const Single_Options& options)
 {
     const auto directory = std::filesystem::current_path();
-    const Single_Run_Entry entry = Entry_Of(words);
-    Find_Engine(session);
+    const Single_Run_Entry entry = Entry_Of(options);
+    Find_Engine(session.Program);
     if (Find_File(directory, Path_Of(entry.Scenario)) &&
         !Read_SZE(session, Found_Or_New(directory, Path_Of(entry.Scenario))))
         return Refused;
-    if (const auto refusal = Check_Single_Run(session, directory, entry)) {
+    if (const auto refusal = Check_Single_Run(directory, entry, session.Scenario.SZE_Horizons.Number())) {
         session.Ask(refusal->Text);
         return Refused;
     }
     if (Has_Output(directory) && Find_File(directory, "orvel.inp")) {
         const std::string archive = Free_Archive_Name(directory);
-        if (!Archive_Run(session, directory, archive))
+        if (!Archive_Run(session.Ask, directory, archive))
             return Refused;
         std::cerr << "Earlier output is in " << archive << ".\n";
     }
     if (!Start_Single_Run(session, directory, entry))
         return Refused;
-    return words.Wait ? Wait_For_End(directory, words.Years) : Done;
+    return options.Wait ? Wait_For_End(directory, options.Years) : Done;
 }
 
 } // namespace
@@ -91,18 +93,18 @@ int Do_Single(Session& session, const Single_Words& words)
 void Add_Single_Command(CLI::App& app, Command& command)
 {
     auto* single = app.add_subcommand("single", "Run one simulation in the current directory");
-    const auto words = std::make_shared<Single_Words>();
-    single->add_option("--pesticide", words->Pesticide)->required()->option_text("FILE");
-    single->add_option("--scenario", words->Scenario)->required()->option_text("FILE");
-    single->add_option("--climate", words->Climates, "One file a year; the last one stands for the years beyond")
+    const auto options = std::make_shared<Single_Options>();
+    single->add_option("--pesticide", options->Pesticide)->required()->option_text("FILE");
+    single->add_option("--scenario", options->Scenario)->required()->option_text("FILE");
+    single->add_option("--climate", options->Climates, "One file a year; the last one stands for the years beyond")
         ->required()
         ->delimiter(',')
         ->option_text("FILE[,FILE...]");
-    single->add_option("--years", words->Years)->required()->check(CLI::Range(1, Most_Years))->option_text("N");
-    single->add_option("--from", words->From, "First day")->option_text("DD.MM");
-    single->add_option("--to", words->To, "Last day")->option_text("DD.MM");
-    single->add_flag("--wait", words->Wait, "Show progress and return when the run has ended");
-    single->callback([=, &command] { command = [=](Session& session) { return Do_Single(session, *words); }; });
+    single->add_option("--years", options->Years)->required()->check(CLI::Range(1, Most_Years))->option_text("N");
+    single->add_option("--from", options->From, "First day")->option_text("DD.MM");
+    single->add_option("--to", options->To, "Last day")->option_text("DD.MM");
+    single->add_flag("--wait", options->Wait, "Show progress and return when the run has ended");
+    single->callback([=, &command] { command = [=](Session& session) { return Do_Single(session, *options); }; });
 }
 
 } // namespace orvel

@@ -6,7 +6,6 @@
 
 #include <charconv>
 #include <cstdio>
-#include <fcntl.h>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,7 +18,7 @@ enum Exit_Code { All_Finished = 0, A_Run_Failed = 1, Wrong_Use = 2, Already_Runn
 
 struct Command_Line {
     int Jobs = 0;
-    int Lock_Number = -1; // a descriptor that already holds the lock of the directory
+    int Lock_Number = -1; // the inherited descriptor that holds the directory's lock
     std::filesystem::path Directory;
 };
 
@@ -36,15 +35,15 @@ std::optional<Command_Line> Parse(int count, char** arguments)
 {
     Command_Line line;
     for (int i = 1; i < count; ++i) {
-        const std::string_view word = arguments[i];
-        if (word == "--jobs" || word == "--lock") {
+        const std::string_view argument = arguments[i];
+        if (argument == "--jobs" || argument == "--lock") {
             const auto number = i + 1 < count ? Whole_Number(arguments[i + 1]) : std::nullopt;
             if (!number)
                 return std::nullopt;
-            (word == "--jobs" ? line.Jobs : line.Lock_Number) = *number;
+            (argument == "--jobs" ? line.Jobs : line.Lock_Number) = *number;
             ++i;
-        } else if (line.Directory.empty() && !word.starts_with("--")) {
-            line.Directory = word;
+        } else if (line.Directory.empty() && !argument.starts_with("--")) {
+            line.Directory = argument;
         } else {
             return std::nullopt;
         }
@@ -55,15 +54,10 @@ std::optional<Command_Line> Parse(int count, char** arguments)
 int Work(const Command_Line& line)
 try {
     const auto directory = std::filesystem::canonical(line.Directory);
-    std::optional<Lock> lock;
-    if (line.Lock_Number >= 0) {
-        ::fcntl(line.Lock_Number, F_SETFD, FD_CLOEXEC); // no engine shall hold the job's lock
-    } else {
-        lock = Lock::Take(directory);
-        if (!lock) {
-            std::fprintf(stderr, "A job is running in %s already.\n", directory.c_str());
-            return Already_Running;
-        }
+    const auto lock = line.Lock_Number >= 0 ? Lock::Adopt(line.Lock_Number) : Lock::Take(directory);
+    if (!lock) {
+        std::fprintf(stderr, "A job is running in %s already.\n", directory.c_str());
+        return Already_Running;
     }
     return Run_Job(directory, line.Jobs).Failed == 0 ? All_Finished : A_Run_Failed;
 } catch (const std::exception& error) {

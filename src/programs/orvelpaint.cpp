@@ -6,12 +6,15 @@
 #include "core/code_page.h"
 #include "core/error.h"
 #include "core/numbers.h"
-#include "evaluation/utility_table.h"
+#include "programs/console.h"
 #include "report/painting/report_files.h"
+#include "runs/calendar_file.h"
 #include "runs/start_up.h"
 #include "tables/daily_diagram.h"
 #include "tables/series.h"
+#include "tables/utilities.h"
 
+#include <ctime>
 #include <iostream>
 #include <memory>
 #include <QGuiApplication>
@@ -35,18 +38,22 @@ void Paint_Series(Session& session, const Arguments& arguments)
                                 .Cumulative = arguments[5] == "1",
                                 .From = Month_Of(arguments[6]),
                                 .To = Month_Of(arguments[7])};
-    const Daily_Series series = Read_Daily_Series(session, arguments[1], !Is_Of_A_Batch(arguments[1]),
-                                                  static_cast<int>(Val(arguments[2])), request);
+    const Daily_Series series = Read_Daily_Series(Calendar_File(session, arguments[1], !Is_Of_A_Batch(arguments[1])),
+                                                  arguments[1], static_cast<int>(Val(arguments[2])), request);
     Save_Chart(Daily_Diagram(series, request, arguments[3], X_Unit::Years), arguments[8]);
 }
 
 void Paint_Report(Session& session, const Arguments& arguments)
 {
-    Find_Engine(session);
-    const auto bytes = [](const std::string& word) { return From_Utf8(word).value_or(""); };
+    Find_Engine(session.Program);
+    const auto bytes = [](const std::string& text) { return From_Utf8(text).value_or(""); };
     const auto requests = Request_Summaries(session, *Mode_Named(arguments[1]), bytes(arguments[2]),
                                             bytes(arguments[3]), Codes_In(arguments[4]));
-    Save_Report(session, requests, arguments[5]);
+    const auto report = Gather_Report(session, requests, std::time(nullptr), Shown_Progress());
+    Clear_Progress();
+    for (const auto& note : report.Notes)
+        Tell("Report", note);
+    Write_Report(report, arguments[5]);
 }
 
 } // namespace
@@ -63,7 +70,8 @@ try {
     if (!is_series && !(what == "report" && arguments.size() == 7 && Mode_Named(arguments[2]) != nullptr))
         return 2;
     arguments.erase(arguments.begin());
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // no display is needed
+    qputenv("QT_QPA_PLATFORM", "offscreen");                                             // no display is needed
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {}); // the errors alone are told
     QGuiApplication application(argc, argv);
     const auto session = std::make_unique<Session>();
     session->Program.App_Path = arguments[0];

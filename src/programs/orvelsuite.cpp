@@ -1,4 +1,4 @@
-// The desktop program. It is started in its installation directory and takes no command line.
+// The desktop program, started in its installation directory; it takes no arguments.
 #include "desktop/forms/start.h"
 #include "runs/start_up.h"
 #include "ui/forms/dark_outlines.h"
@@ -22,7 +22,7 @@ int main(int argc, char** argv)
         std::cerr << "ORVELSUITE cannot write in " << session->Program.App_Path.string() << ".\n";
         return 1;
     }
-    Check_Decimal_Separator(*session, General_Text(3.5)); // as this program prints numbers, whatever the locale
+    Check_Decimal_Separator(session->Ask, General_Text(3.5)); // numbers are printed without regard to the locale
     Start start(*session);
     start.show();
     return QApplication::exec();

@@ -8,8 +8,8 @@
 #include "files/pesticide_file.h"
 #include "jobs/job_status.h"
 #include "jobs/run_tree.h"
+#include "output/run_files.h"
 #include "report/report_chart.h"
-#include "tables/leachate_text.h"
 
 #include <algorithm>
 #include <memory>
@@ -20,11 +20,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int Conc_Decimals = 3, Figure_Width = 12;
 constexpr std::string_view Not_Regulatory = "not for regulatory use";
 
-// A file of a directory, found in any case, with its digest. Nothing is left empty without being seen: a name without a
-// digest is told.
+// A file of a directory, found in any case, with its digest. An unreadable file keeps its name and has no digest; the
+// report says so.
 Checked_File Checked(const fs::path& directory, const fs::path& name)
 {
     const fs::path file = Found_Or_New(directory, name);
@@ -83,50 +82,39 @@ Report_Run Run_Of(const Summary_Location& location, const std::string& stem)
     return run;
 }
 
-// The substances' names of a run, in its order.
-std::vector<std::string> Names_Of(const Leachate_Tables& tables)
+// The substances of a run, in its order.
+std::vector<std::string> Substances_Of(const Leachate_Tables& tables)
 {
-    constexpr std::string_view Result_Begin = "Results for ";
     std::vector<std::string> names;
     for (const auto& name : tables.Result_Name)
-        names.push_back(name.substr(name.starts_with(Result_Begin) ? Result_Begin.size() : 0));
+        names.push_back(Substance_Of(name));
     return names;
 }
 
-// The figures as period.orv prints them, so that they do not depend on whether it was there before, and the limit's
-// mark never disagrees with the table.
-Leachate_Row Printed(const Leachate_Row& row)
-{
-    const auto figure = [](double value) { return Val(Number_Text('F', value, Figure_Width)); };
-    return {figure(row.Flux), figure(row.Percolate), Val(Fixed_Text(row.Conc, Conc_Decimals))};
-}
-
-// Gathers one crop. The summary goes with it, since the diagrams are drawn from that.
-class Crop_Gathering {
+// Fills the part of one crop.
+class Crop_Builder {
 public:
-    Crop_Gathering(const Summary_Request& asked, Report_Crop& gathered) : Request(asked), Crop(gathered)
+    Crop_Builder(const Summary_Request& request, Report_Crop& crop) : Request(request), Crop(crop)
     {
-        Crop.Name = asked.Crop;
+        Crop.Name = request.Crop;
     }
 
-    // False: the user stopped it.
-    bool Gather(const Progress& progress)
+    void Build(const Progress& progress)
     {
         for (const auto& location : Request.Locations) {
             Crop.Runs.push_back(Run_Of(location, Request.Pesticide));
-            Drawn.Location_Short.push_back(Short_Name(location.Text));
-            if (Crop.Runs.back().Problem.empty() && !Add_Results(location, progress))
-                return false;
+            Diagrams.Location_Short.push_back(Short_Name(location.Text));
+            if (Crop.Runs.back().Problem.empty())
+                Add_Results(location, progress);
         }
         for (const auto& missing : Request.Missing)
             Crop.Runs.push_back({.Location = missing, .Problem = "The location was not simulated."});
         for (std::size_t s = 0; s < Crop.Tables.size(); ++s)
-            Crop.Tables[s].Diagram = Report_Chart(Drawn, s);
-        return true;
+            Crop.Tables[s].Diagram = Report_Chart(Diagrams, s);
     }
 
 private:
-    bool Add_Results(const Summary_Location& location, const Progress& progress)
+    void Add_Results(const Summary_Location& location, const Progress& progress)
     {
         bool stopped = false;
         const auto tables = Build_Or_Load(
@@ -137,30 +125,32 @@ private:
                 return !stopped;
             },
             Period_Index);
+        if (stopped)
+            throw Reading_Stopped();
         Period_Index = tables.Period_Index;
         Report_Run& run = Crop.Runs.back();
         run.Problem = tables.Failure;
         if (run.Problem.empty())
             run.Problem = Take(tables, location.Text, run);
-        return !stopped;
     }
 
-    // Gives the problem of tables that cannot be taken.
+    // Adds the results of a run; gives its problem if its tables do not fit.
     std::string Take(const Leachate_Tables& tables, std::string_view location, Report_Run& run)
     {
         const auto& periods = tables.Period[static_cast<std::size_t>(Depth::One_Metre)];
-        const auto names = Names_Of(tables);
-        if (periods.empty() || names.size() != periods.size())
+        const auto& years = tables.Year[static_cast<std::size_t>(Depth::One_Metre)];
+        const auto names = Substances_Of(tables);
+        if (periods.empty() || years.empty() || names.size() != periods.size())
             return "The simulation's tables and its substances do not agree.";
         if (Crop.Tables.empty())
             Name_Substances(names, tables);
         if (!std::ranges::equal(names, Crop.Tables, {}, {}, &Report_Table::Substance))
             return "The simulation has other substances than that of the first location.";
-        run.Years = static_cast<int>(tables.Year[0].front().Rows.size());
-        run.Titles = Parse_Leachate(tables.Period_Bytes).Titles;
-        Gather_Percentiles(Drawn, Crop.Runs.size() - 1, location, tables.Period_Bytes);
+        run.Years = static_cast<int>(years.front().Rows.size());
+        run.Titles = tables.Titles;
+        Add_Percentiles(Diagrams, Crop.Runs.size() - 1, location, tables);
         for (std::size_t s = 0; s < periods.size(); ++s)
-            Crop.Tables[s].Results.push_back(Result_Out_Of(periods[s], tables.Period_Index));
+            Crop.Tables[s].Results.push_back(Result_Of_Run_In(periods[s], tables.Period_Index));
         return {};
     }
 
@@ -168,19 +158,19 @@ private:
     {
         for (std::size_t s = 0; s < names.size(); ++s) {
             Crop.Tables.push_back({names[s], {}, {}});
-            Drawn.Substances.push_back({tables.Result_Name[s], {}, 0});
+            Diagrams.Substances.push_back({tables.Result_Name[s], {}, 0});
         }
     }
 
-    Report_Result Result_Out_Of(const Leachate_Table& periods, int period_index) const
+    Report_Result Result_Of_Run_In(const Leachate_Table& periods, int period_index) const
     {
         const auto selected = [&](int number) {
             if (number < 1 || static_cast<std::size_t>(number) > periods.Rows.size())
                 return Selected_Period();
             return Selected_Period{number, Years_Of_Period(number, period_index),
-                                   Printed(periods.Rows[static_cast<std::size_t>(number) - 1]).Conc};
+                                   periods.Rows[static_cast<std::size_t>(number) - 1].Conc};
         };
-        Report_Result result{Crop.Runs.size() - 1, Printed(periods.Result.P80), selected(periods.Result.A),
+        Report_Result result{Crop.Runs.size() - 1, periods.Result.P80, selected(periods.Result.A),
                              selected(periods.Result.B)};
         result.Above_Limit = result.P80.Conc > Drinking_Water_Limit;
         return result;
@@ -188,7 +178,7 @@ private:
 
     const Summary_Request& Request;
     Report_Crop& Crop;
-    Summary Drawn;
+    Summary Diagrams; // what they are drawn from
     int Period_Index = 0;
 };
 
@@ -242,7 +232,7 @@ void Note_Problems(Report& report)
                   [&](const Report_Run& run) { return run.Problem == problem; });
 }
 
-// The engine is known by the file of the installation: one that is newer than a run cannot have made it.
+// The checksum is that of the installed engine; a run older than that file was made by another one.
 void Note_Engine(const Session& session, const std::vector<Summary_Request>& crops, Report& report)
 {
     std::error_code missing;
@@ -285,8 +275,8 @@ void Note_Inputs(const Session& session, Report& report)
 
 } // namespace
 
-std::optional<Report> Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made,
-                                    const Progress& progress)
+Report Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made,
+                     const Progress& progress)
 {
     Report report{.Title = "Leaching to groundwater: summary report",
                   .Program = session.Program.Aktuelle_ORVELSUITE_Version,
@@ -294,11 +284,9 @@ std::optional<Report> Gather_Report(const Session& session, const std::vector<Su
     for (std::size_t i = 0; i < crops.size(); ++i) {
         report.Engine = crops[i].Model_Version;
         report.Pesticide = crops[i].Pesticide;
-        const auto tell = [&](const std::string& message, double share) {
+        Crop_Builder(crops[i], report.Crops.emplace_back()).Build([&](const std::string& message, double share) {
             return !progress || progress(message, (static_cast<double>(i) + share) / static_cast<double>(crops.size()));
-        };
-        if (!Crop_Gathering(crops[i], report.Crops.emplace_back()).Gather(tell))
-            return std::nullopt;
+        });
     }
     if (!session.Program.Engine_Exe.empty())
         report.Engine_File = Checked(session.Program.App_Path, Path_Of(session.Program.Engine_Exe));

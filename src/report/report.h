@@ -13,8 +13,8 @@
 
 namespace orvel {
 
-// Everything that a dossier asks of a pesticide's simulations: who computed it out of what, the uses, the tables with
-// their limit, the diagrams, and what is missing. One record, and a writer for each form. Texts are bytes of
+// Everything that a dossier says about a pesticide's simulations: who computed it out of what, the uses, the tables
+// with their limit, the diagrams, and what is missing. One record, and a writer for each format. Texts are bytes of
 // Windows-1252.
 
 struct Checked_File {
@@ -72,10 +72,10 @@ struct Report {
 };
 
 // Gathers the report of the summaries' simulations, one request a crop; tables that are missing are built and kept
-// first. A simulation that failed, is at work or was never run has a problem in place of its results. Nothing: the user
-// stopped it.
-std::optional<Report> Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made,
-                                    const Progress& progress = {});
+// first. A simulation that failed, is at work or was never run has a problem in place of its results. Throws
+// Reading_Stopped if the user stopped it.
+Report Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made,
+                     const Progress& progress = {});
 
 // The result of a crop's run in a table, or nullptr.
 const Report_Result* Result_Of(const Report_Table& table, std::size_t run);
@@ -83,7 +83,7 @@ const Report_Result* Result_Of(const Report_Table& table, std::size_t run);
 // The years of the simulation that make up a period, which holds `period_index` + 1 of them.
 std::string Years_Of_Period(int period, int period_index);
 
-// What all forms of the report say.
+// What all formats of the report say.
 constexpr std::string_view Report_Depth_Text =
     "80th percentile of the concentration in the percolate at 1 m soil depth";
 constexpr std::string_view Above_Limit_Text = "above 0.1 \xB5g/L";

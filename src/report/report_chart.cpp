@@ -7,12 +7,6 @@ namespace orvel {
 namespace {
 
 constexpr double Half_Width = 0.2;
-constexpr std::string_view Result_Begin = "Results for ";
-
-std::string_view Name_Of_Substance(std::string_view result_name)
-{
-    return result_name.starts_with(Result_Begin) ? result_name.substr(Result_Begin.size()) : result_name;
-}
 
 } // namespace
 
@@ -23,8 +17,7 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
     if (substance >= report.Substances.size())
         return chart;
     const Summary_Substance& drawn = report.Substances[substance];
-    chart.Title =
-        "80th Percentile Conc. of " + std::string(Name_Of_Substance(drawn.Result_Name)) + " in leachate [\xB5g/L]";
+    chart.Title = "80th Percentile Conc. of " + Substance_Of(drawn.Result_Name) + " in leachate [\xB5g/L]";
     for (std::size_t i = 0; i < report.Location_Short.size(); ++i)
         chart.X.Ticks.push_back({static_cast<double>(i + 1), Tick_Rank::Big, report.Location_Short[i]});
     bool below = false, above = false;

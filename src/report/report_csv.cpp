@@ -1,7 +1,8 @@
+// The report as a table of comma-separated values.
 #include "core/code_page.h"
 #include "core/numbers.h"
 #include "core/text.h"
-#include "report/report_forms.h"
+#include "report/report_formats.h"
 
 namespace orvel {
 
@@ -10,7 +11,7 @@ namespace {
 constexpr int Conc_Decimals = 3;
 constexpr std::string_view Byte_Order_Mark = "\xEF\xBB\xBF"; // by which spreadsheets know UTF-8
 
-// A field in quotes where it holds what a reader could take for the end of one; some read semicolons so.
+// Quotes a field that holds a separator, quote or line break; some spreadsheets split at semicolons.
 std::string Field(std::string_view text)
 {
     const bool plain = text.find_first_of(",;\"\r\n\t") == std::string_view::npos && text == Trim(text);

@@ -1,6 +1,7 @@
+// The report as an HTML page.
 #include "charts/chart_svg.h"
 #include "core/xml.h"
-#include "report/report_forms.h"
+#include "report/report_formats.h"
 #include "report/report_sections.h"
 
 namespace orvel {

@@ -3,12 +3,11 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/locations.h"
+#include "core/run_name.h"
 #include "core/text.h"
 #include "jobs/run_tree.h"
-#include "output/echo_file.h"
-#include "output/table_lines.h"
+#include "output/run_files.h"
 #include "runs/crops.h"
-#include "tables/leachate_text.h"
 
 #include <algorithm>
 
@@ -18,23 +17,17 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Directory_End = ".run";
 constexpr std::string_view All_Crops = "all";
-constexpr std::string_view Bottom_Title = "percolate at the bottom of the simulated soil core";
-constexpr std::string_view Percentile_Mark = "80 Perc";
-constexpr std::size_t Figures_First = 10; // of a percentile row, 1-based
-constexpr std::size_t Figures_Width = 100;
-constexpr std::size_t Conc_First = 42;
 constexpr std::size_t Name_Width = 17;
 constexpr std::size_t Most_Padding = 10;
 constexpr std::size_t Rule_Length = 82;
 
-const Message Output_Problem = {"File check", "Problem with output files. Probably, one of the simulations failed!"};
+constexpr std::string_view Output_Problem = "Problem with output files. Probably, one of the simulations failed!";
 
 // The directory of the next level: its name encodes the text.
 fs::path Level(const fs::path& above, std::string_view text)
 {
-    const auto found = Find_File(above, Path_Of(Name_Encode(std::string(text).append(Directory_End))));
+    const auto found = Find_File(above, Path_Of(Encode_Level(text)));
     if (!found || !fs::is_directory(*found))
         throw File_Error("There are no simulations of " + To_Utf8(text) + " in " + above.string() + ".");
     return *found;
@@ -48,34 +41,6 @@ std::string Padded(std::string name)
     return name;
 }
 
-Summary_Row Row_Of(std::size_t location, std::string_view location_text, std::string_view line)
-{
-    Summary_Row row{.Location = location};
-    row.Name = location_text.substr(0, location_text.find(')') + 1); // npos + 1 is 0: no name
-    row.Figures = Dos_To_Ansi(Columns(line, Figures_First, Figures_Width));
-    const auto result = Parse_Percentile(line);
-    row.P80 = result.P80;
-    row.P80.Conc = Val(Columns(line, Conc_First, Figures_Width));
-    row.A = result.A;
-    row.B = result.B;
-    return row;
-}
-
-Summary Collect(const Summary_Request& request)
-{
-    if (request.Locations.empty() || request.Locations.size() > Most_Summary_Locations)
-        throw File_Error("A report takes one to ten locations.");
-    Summary report{request.Model_Version, request.Date, request.Pesticide, request.Crop, {}, {}};
-    for (const auto& name : Read_Substance_Names(request.Locations.front().Directory))
-        report.Substances.push_back({"Results for " + name, {}, 0});
-    for (std::size_t i = 0; i < request.Locations.size(); ++i) {
-        const auto& location = request.Locations[i];
-        report.Location_Short.push_back(Short_Name(location.Text));
-        Gather_Percentiles(report, i, location.Text, Read_Whole(Found_Or_New(location.Directory, "period.orv")));
-    }
-    return report;
-}
-
 } // namespace
 
 std::string Short_Name(std::string_view text)
@@ -86,14 +51,11 @@ std::string Short_Name(std::string_view text)
 
 Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop)
 {
-    const auto directory = Level(Level(Mode_Directory(session, mode), stem), crop);
+    const auto directory = Level(Level(Mode_Directory(session.Program, mode), stem), crop);
     Summary_Request request{
         session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}};
-    for (const auto& name : List_Directories(directory, "*" + std::string(Directory_End))) {
-        const auto text = To_Code_Page(name);
-        request.Locations.push_back(
-            {Name_Decode(text.substr(0, text.size() - Directory_End.size())), directory / name});
-    }
+    for (const auto& name : List_Run_Levels(directory))
+        request.Locations.push_back({Decode_Level(To_Code_Page(name)), directory / name});
     if (!request.Locations.empty())
         request.Date = Date_Of_Simulation(request.Locations.front().Directory);
     request.Absent = Absent_Locations(session, mode, crop, request.Locations);
@@ -103,7 +65,7 @@ Summary_Request Request_Summary(const Session& session, const Mode& mode, std::s
 std::vector<std::string> Crops_Of_Runs(const Session& session, const Mode& mode, std::string_view stem)
 {
     std::vector<std::string> crops;
-    for (const auto& entry : Run_Entries(Level(Mode_Directory(session, mode), stem)))
+    for (const auto& entry : Run_Entries(Level(Mode_Directory(session.Program, mode), stem)))
         crops.push_back(entry.Name);
     if (crops.empty())
         throw File_Error("There are no simulations of " + To_Utf8(stem) + ".");
@@ -160,36 +122,44 @@ std::vector<std::string> Absent_Locations(const Session& session, const Mode& mo
                                           const std::vector<Summary_Location>& run)
 {
     std::vector<std::string> absent;
-    const auto index = Crop_Index(crop);
-    if (!index)
-        return absent;
-    for (const auto& text : Locations_Of_Crop(session, mode, *index)) {
+    for (const auto& text : Locations_Of_Crop(session.Program, mode, Crop_Named(crop))) {
         if (std::ranges::find(run, text, &Summary_Location::Text) == run.end())
             absent.push_back(text);
     }
     return absent;
 }
 
-std::optional<Summary> Build_Summary(Session& session, const Summary_Request& request, const Progress& progress)
+Summary Build_Summary(const Summary_Request& request, const Progress& progress)
 {
-    bool stopped = false;
+    Summary summary{.Model_Version = request.Model_Version,
+                    .Date = request.Date,
+                    .Pesticide = request.Pesticide,
+                    .Crop = request.Crop};
+    const auto count = request.Locations.size();
+    bool complete = count > 0 && count <= Most_Summary_Locations;
     int period_index = 0;
-    for (std::size_t i = 0; i < request.Locations.size() && !stopped; ++i) {
-        const auto tell = [&](const std::string& message, double share) {
-            const auto done = (static_cast<double>(i) + share) / static_cast<double>(request.Locations.size());
-            stopped = progress && !progress(message, done);
-            return !stopped;
-        };
-        period_index = Build_Or_Load(request.Locations[i].Directory, tell, period_index).Period_Index;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto& location = request.Locations[i];
+        bool stopped = false;
+        const auto tables = Build_Or_Load(
+            location.Directory,
+            [&](const std::string& message, double share) {
+                stopped = progress && !progress(message, (static_cast<double>(i) + share) / static_cast<double>(count));
+                return !stopped;
+            },
+            period_index);
+        if (stopped)
+            return {.Failure = Reading_Stopped().what()};
+        period_index = tables.Period_Index;
+        complete = complete && tables.Kept && (i > 0 || tables.Has_Echo);
+        if (i == 0) {
+            for (const auto& name : tables.Result_Name)
+                summary.Substances.push_back({name, {}, 0});
+        }
+        summary.Location_Short.push_back(Short_Name(location.Text));
+        Add_Percentiles(summary, i, location.Text, tables);
     }
-    if (stopped)
-        return std::nullopt;
-    try {
-        return Collect(request);
-    } catch (const File_Error&) {
-        session.Ask(Output_Problem);
-        return std::nullopt;
-    }
+    return complete ? summary : Summary{.Failure = std::string(Output_Problem)};
 }
 
 std::string Summary_Text(const Summary& report)
@@ -209,19 +179,20 @@ std::string Summary_Text(const Summary& report)
     return text;
 }
 
-void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text,
-                        std::string_view period_bytes)
+void Add_Percentiles(Summary& summary, std::size_t location, std::string_view location_text,
+                     const Leachate_Tables& tables)
 {
-    std::size_t s = 0;
-    for (Line_Reader lines(period_bytes); !lines.At_End() && s < report.Substances.size();) {
-        const auto line = lines.Next();
-        if (Contains(line, Bottom_Title))
+    auto substance = summary.Substances.begin();
+    for (const auto& table : tables.Period[static_cast<std::size_t>(Depth::One_Metre)]) {
+        if (substance == summary.Substances.end())
             return;
-        if (!Contains(line, Percentile_Mark))
+        if (table.P80_Text.empty())
             continue;
-        auto& substance = report.Substances[s++];
-        substance.Rows.push_back(Row_Of(location, location_text, line));
-        substance.Location_Max = std::max(substance.Location_Max, substance.Rows.back().P80.Conc);
+        const auto name = location_text.substr(0, location_text.find(')') + 1); // npos + 1 is 0: no name
+        const auto& [total, p80, a, b] = table.Result;
+        substance->Rows.push_back({location, std::string(name), Dos_To_Ansi(table.P80_Text), p80, a, b});
+        substance->Location_Max = std::max(substance->Location_Max, p80.Conc);
+        ++substance;
     }
 }
 

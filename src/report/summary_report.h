@@ -22,7 +22,7 @@ struct Summary_Location {
     std::filesystem::path Directory;
 };
 
-// What a report is asked for; texts as the lists and labels of the result browser show them, bytes of Windows-1252.
+// What a report is to hold; texts as the lists and labels of the result browser show them, bytes of Windows-1252.
 struct Summary_Request {
     std::string Model_Version, Date, Pesticide, Crop;
     std::vector<Summary_Location> Locations;
@@ -45,6 +45,7 @@ struct Summary_Substance {
 };
 
 struct Summary {
+    std::string Failure; // why there is none, a sentence; empty if there is one
     std::string Model_Version, Date, Pesticide, Crop;
     std::vector<std::string> Location_Short; // one letter by location
     std::vector<Summary_Substance> Substances;
@@ -72,9 +73,9 @@ std::vector<Summary_Request> Request_Summaries(const Session& session, const Mod
 // The codes in a list that commas part: "C,H,K".
 std::vector<std::string> Codes_In(std::string_view list);
 
-// Makes sure that the tables of all locations exist, then gathers their percentile rows. Nothing: the user has been
-// told, or stopped it.
-std::optional<Summary> Build_Summary(Session& session, const Summary_Request& request, const Progress& progress = {});
+// The summary of all locations; tables that are missing are built and kept first. There is none if a location's tables
+// are not complete and kept, or if the user stopped it.
+Summary Build_Summary(const Summary_Request& request, const Progress& progress = {});
 
 // The report as text, lines end in CR LF.
 std::string Summary_Text(const Summary& report);
@@ -82,8 +83,8 @@ std::string Summary_Text(const Summary& report);
 // The letter of a location's text that a diagram shows; empty without a bracket.
 std::string Short_Name(std::string_view text);
 
-// Adds the percentile rows at 1 m of a location's period.orv to the report's substances.
-void Gather_Percentiles(Summary& report, std::size_t location, std::string_view location_text,
-                        std::string_view period_bytes);
+// Adds the percentile rows at 1 m of a location's period tables to the summary's substances.
+void Add_Percentiles(Summary& summary, std::size_t location, std::string_view location_text,
+                     const Leachate_Tables& tables);
 
 } // namespace orvel

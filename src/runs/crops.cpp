@@ -5,16 +5,48 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace orvel {
 
 namespace {
 
-constexpr std::string_view Separator = "--------------------------------------";
+constexpr Crop Separator{.Text = "--------------------------------------"};
 constexpr bool Plus = true;
 constexpr bool None = false;
 constexpr int Zones = 6;
 constexpr std::string_view Watered_Letters = "CPOST"; // locations whose text tells whether they are irrigated
+
+constexpr auto Table = std::to_array<Crop>({
+    {"Apples", 1, "_apples.sze", Plus, "", ""},
+    {"Grass and alfalfa", 0, "_grass.sze", Plus, "", ""},
+    {"Potatoes", 2, "_potato.sze", Plus, "", ""},
+    {"Sugar beets", 3, "_sbeets.sze", Plus, "", ""},
+    {"Winter cereals", 4, "_wcerea.sze", None, "C H J K N P O S T", "C H J K N P O S T"},
+    Separator,
+    {"Beans (field)", 5, "_beans.sze", None, "H K N", "H K N"},
+    {"Beans (vegetables)", 6, "_beans.sze", Plus, "O+", "O+", "TO"},
+    {"Bushberries", 7, "_bushb.sze", Plus, "J", "J"},
+    {"Cabbage", 8, "_cabbag.sze", Plus, "C+ H J K O+ S+", "C+ H J K"},
+    {"Carrots", 9, "_carrot.sze", Plus, "C+ H J K", "C+ H J K"},
+    {"Citrus", 0, "_citrus.sze", Plus, "P+ O+", "P+"},
+    {"Cotton", 10, "_cotton.sze", Plus, "", ""},
+    {"Linseed", 11, "_linse.sze", Plus, "", ""},
+    {"Maize", 12, "_maize.sze", Plus, "C+ H K N P+ O+ S+", "C+ H K N"},
+    {"Oil seed rape (summer)", 13, "_rapesu.sze", Plus, "J N O+", "J N O+"},
+    {"Oil seed rape (winter)", 14, "_rapewi.sze", None, "C H K N P O", "C H K N P O"},
+    {"Onions", 15, "_onions.sze", Plus, "C+ H J K", "C+ H J K O+"},
+    {"Peas (animals)", 16, "_peas.sze", None, "C H J", "C H J"},
+    {"Soybeans", 17, "_soyb.sze", Plus, "P+", "P+"},
+    {"Spring cereals", 18, "_scerea.sze", None, "C H J K N", "C H J K N"},
+    {"Strawberries", 19, "_strawb.sze", Plus, "H J K S+", "H J K S+"},
+    {"Sunflower", 20, "_sunflo.sze", Plus, "P+", "P+"},
+    {"Tobacco", 21, "_tobacc.sze", Plus, "P+", "P+"},
+    {"Tomatoes", 22, "_tomato.sze", Plus, "C+ P+ O+ S+ T+", "C+ P+ O+"},
+    {"Vines", 23, "_vines.sze", Plus, "C+ H K P+ O+ S+ T+", "C+ H K P+ O+ S+ T+"},
+    Separator,
+    {"Individual crop", 0, "_indiv.sze", Plus, "", "C+ H J K N P+ O+ S+ T+", "", true},
+});
 
 constexpr bool Is_Zone(std::string_view code)
 {
@@ -30,11 +62,10 @@ void Add_Letters(std::vector<std::string>& entries, std::string_view letters)
     }
 }
 
-std::vector<std::string> Locations_With_Files(const Session& session, const Mode& mode, const Crop& crop,
-                                              std::string_view stem)
+std::vector<std::string> Locations_With_Files(const Program_State& program, const Mode& mode, const Crop& crop)
 {
     std::vector<std::string> entries;
-    for (const auto& file : List_Files(Mode_Directory(session, mode), "?" + std::string(stem))) {
+    for (const auto& file : List_Files(Mode_Directory(program, mode), "?" + std::string(Crop_Stem(mode, crop)))) {
         std::string text = Location_Text(Upper(file.substr(0, 1)), crop.Irrigated);
         if (!text.empty() && std::ranges::find(entries, text) == entries.end())
             entries.push_back(std::move(text));
@@ -44,52 +75,37 @@ std::vector<std::string> Locations_With_Files(const Session& session, const Mode
 
 } // namespace
 
-const std::array<Crop, Crop_Entries> Crops = {{
-    {"Apples", "_apples.sze", Plus, "", ""},
-    {"Grass and alfalfa", "_grass.sze", Plus, "", ""},
-    {"Potatoes", "_potato.sze", Plus, "", ""},
-    {"Sugar beets", "_sbeets.sze", Plus, "", ""},
-    {"Winter cereals", "_wcerea.sze", None, "C H J K N P O S T", "C H J K N P O S T"},
-    {Separator, "", None, "", ""},
-    {"Beans (field)", "_beans.sze", None, "H K N", "H K N"},
-    {"Beans (vegetables)", "_beans.sze", Plus, "O+", "O+"},
-    {"Bushberries", "_bushb.sze", Plus, "J", "J"},
-    {"Cabbage", "_cabbag.sze", Plus, "C+ H J K O+ S+", "C+ H J K"},
-    {"Carrots", "_carrot.sze", Plus, "C+ H J K", "C+ H J K"},
-    {"Citrus", "_citrus.sze", Plus, "P+ O+", "P+"},
-    {"Cotton", "_cotton.sze", Plus, "", ""},
-    {"Linseed", "_linse.sze", Plus, "", ""},
-    {"Maize", "_maize.sze", Plus, "C+ H K N P+ O+ S+", "C+ H K N"},
-    {"Oil seed rape (summer)", "_rapesu.sze", Plus, "J N O+", "J N O+"},
-    {"Oil seed rape (winter)", "_rapewi.sze", None, "C H K N P O", "C H K N P O"},
-    {"Onions", "_onions.sze", Plus, "C+ H J K", "C+ H J K O+"},
-    {"Peas (animals)", "_peas.sze", None, "C H J", "C H J"},
-    {"Soybeans", "_soyb.sze", Plus, "P+", "P+"},
-    {"Spring cereals", "_scerea.sze", None, "C H J K N", "C H J K N"},
-    {"Strawberries", "_strawb.sze", Plus, "H J K S+", "H J K S+"},
-    {"Sunflower", "_sunflo.sze", Plus, "P+", "P+"},
-    {"Tobacco", "_tobacc.sze", Plus, "P+", "P+"},
-    {"Tomatoes", "_tomato.sze", Plus, "C+ P+ O+ S+ T+", "C+ P+ O+"},
-    {"Vines", "_vines.sze", Plus, "C+ H K P+ O+ S+ T+", "C+ H K P+ O+ S+ T+"},
-    {Separator, "", None, "", ""},
-    {"Individual crop", "_indiv.sze", Plus, "", "C+ H J K N P+ O+ S+ T+"},
-}};
+constinit const std::span<const Crop> Crops = Table;
 
-std::optional<int> Crop_Index(std::string_view text)
+int First_Separator()
 {
-    for (int index = 0; index < Crop_Entries; ++index) {
-        const auto& crop = Crops[static_cast<std::size_t>(index)];
-        if (!crop.Stem.empty() && Same_Text(crop.Text, text))
-            return index;
-    }
-    return std::nullopt;
+    const auto found = std::ranges::find_if(Table, [](const Crop& crop) { return crop.Stem.empty(); });
+    return static_cast<int>(found - Table.begin());
 }
 
-std::string_view Crop_Stem(const Mode& mode, int crop)
+const Crop* Crop_At(int index)
 {
-    if (crop < 0 || crop >= Crop_Entries)
-        return {};
-    return crop == Individual_Crop ? mode.Individual_Stem : Crops[static_cast<std::size_t>(crop)].Stem;
+    if (index < 0 || index >= std::ssize(Crops))
+        return nullptr;
+    const Crop& crop = Crops[static_cast<std::size_t>(index)];
+    return crop.Stem.empty() ? nullptr : &crop;
+}
+
+const Crop* Crop_Named(std::string_view text)
+{
+    const auto found = std::ranges::find_if(
+        Crops, [text](const Crop& crop) { return !crop.Stem.empty() && Same_Text(crop.Text, text); });
+    return found == Crops.end() ? nullptr : &*found;
+}
+
+std::string_view Crop_Stem(const Mode& mode, const Crop& crop)
+{
+    return crop.Individual ? mode.Individual_Stem : crop.Stem;
+}
+
+bool Crop_Fits(int number, const Crop& crop)
+{
+    return number <= 0 || number == crop.Number;
 }
 
 std::string Location_Text(std::string_view code, bool irrigated)
@@ -108,37 +124,31 @@ std::string Code_Of_Location(const Mode& mode, std::string_view text)
     return known && of_mode ? code : std::string();
 }
 
-std::vector<std::string> Locations_Of_Crop(const Session& session, const Mode& mode, int crop)
+std::vector<std::string> Locations_Of_Crop(const Program_State& program, const Mode& mode, const Crop* crop)
 {
-    const std::string_view stem = Crop_Stem(mode, crop);
-    if (stem.empty())
+    if (crop == nullptr)
         return {};
-    const auto& entry = Crops[static_cast<std::size_t>(crop)];
     if (mode.Locations_From_Files)
-        return Locations_With_Files(session, mode, entry, stem);
+        return Locations_With_Files(program, mode, *crop);
     std::vector<std::string> entries;
     for (std::size_t zone = Locations.size() - Zones; zone < Locations.size(); ++zone)
         entries.emplace_back(Locations[zone].Name);
-    Add_Letters(entries, mode.Kind == Mode_Kind::Efsa ? entry.Tier_2 : entry.Tier_4);
+    Add_Letters(entries, mode.Kind == Mode_Kind::Efsa ? crop->Tier_2 : crop->Tier_4);
     return entries;
 }
 
-int Crop_Of_Part(const Mode& mode, std::string_view code, std::string_view part)
+std::optional<int> Crop_Of_Part(const Mode& mode, std::string_view code, std::string_view part)
 {
-    constexpr int Field_Beans = 6;
-    constexpr int Vegetable_Beans = 7;
-    for (int crop = 0; crop < Crop_Entries; ++crop) {
-        const auto stem = Crop_Stem(mode, crop);
-        if (stem.empty() || !Same_Text(stem.substr(1), Trim(part)))
+    std::optional<int> found;
+    for (int index = 0; index < std::ssize(Crops); ++index) {
+        const Crop* crop = Crop_At(index);
+        if (crop == nullptr || !Same_Text(Crop_Stem(mode, *crop).substr(1), Trim(part)))
             continue;
-        return crop == Field_Beans && (code == "T" || code == "O") ? Vegetable_Beans : crop;
+        const bool only_here = code.size() == 1 && Contains(crop->Only_At, code);
+        if (only_here || (crop->Only_At.empty() && !found))
+            found = index;
     }
-    return -1;
-}
-
-std::string Scenario_Name(const Mode& mode, int crop, std::string_view location)
-{
-    return Code_Of_Location(mode, location) + std::string(Crop_Stem(mode, crop));
+    return found;
 }
 
 } // namespace orvel

@@ -2,34 +2,42 @@
 
 #include "runs/mode.h"
 
-#include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace orvel {
 
+// The crops of the run forms' list and the locations that each has in a mode.
+
 struct Crop {
-    std::string_view Text; // list entry
-    std::string_view Stem; // behind the location code in a scenario's file name; empty for a separator
+    std::string_view Text;      // list entry
+    int Number = 0;             // in pesticide files (App_Rel_Flag); 0: none
+    std::string_view Stem = {}; // behind the location code in a scenario's file name; empty for a separator
     bool Irrigated = false;
-    std::string_view Tier_2, Tier_4; // letters behind the soil zones in the two soil modes; irrigated where a + follows
+    std::string_view Tier_2 = {}, Tier_4 = {}; // letters behind the soil zones in the two soil modes; irrigated where
+                                               // a + follows
+    std::string_view Only_At = {};             // letters of the locations at which a stem of two crops means this one
+    bool Individual = false;                   // the user's own crop, for which each mode has a stem of its own
 };
 
-constexpr int Crop_Entries = 28;
-constexpr int First_Separator = 5;
-constexpr int Second_Separator = 26;
-constexpr int Individual_Crop = 27;
+// By their list index, both separators included.
+extern const std::span<const Crop> Crops;
 
-// The crops by their list index, both separators included.
-extern const std::array<Crop, Crop_Entries> Crops;
+// List index of the separator that the list steps over.
+int First_Separator();
 
-// The index of a list entry's text, letter case apart; nothing for an unknown text or a separator.
-std::optional<int> Crop_Index(std::string_view text);
+// A crop by its list index or by its text, letter case apart. nullptr: a separator, or none.
+const Crop* Crop_At(int index);
+const Crop* Crop_Named(std::string_view text);
 
-// The stem of a crop in a mode: the individual crop has one of its own in each.
-std::string_view Crop_Stem(const Mode& mode, int crop);
+// The stem of a crop in a mode.
+std::string_view Crop_Stem(const Mode& mode, const Crop& crop);
+
+// Whether the crop number of a pesticide file (App_Rel_Flag) fits a crop; 0 and below fit every crop.
+bool Crop_Fits(int number, const Crop& crop);
 
 // The list entry of a location code: "Sevilla (S), irrigated". Empty for an unknown code.
 std::string Location_Text(std::string_view code, bool irrigated);
@@ -37,14 +45,11 @@ std::string Location_Text(std::string_view code, bool irrigated);
 // The code of a list entry as the files of a mode use it; empty where the mode has none for it.
 std::string Code_Of_Location(const Mode& mode, std::string_view text);
 
-// The entries of the location list for a crop, in order. An index outside the list and a separator give none.
-std::vector<std::string> Locations_Of_Crop(const Session& session, const Mode& mode, int crop);
+// The entries of the location list for a crop, in order; nullptr has none.
+std::vector<std::string> Locations_Of_Crop(const Program_State& program, const Mode& mode, const Crop* crop);
 
-// The crop that a scenario name of orvel.inp belongs to: what stands behind code and underscore, as "APPLES.SZE". -1 if
-// none.
-int Crop_Of_Part(const Mode& mode, std::string_view code, std::string_view part);
-
-// The scenario's file name: code and stem.
-std::string Scenario_Name(const Mode& mode, int crop, std::string_view location);
+// The list index of the crop that a scenario name of orvel.inp belongs to: `part` stands behind code and underscore, as
+// "APPLES.SZE".
+std::optional<int> Crop_Of_Part(const Mode& mode, std::string_view code, std::string_view part);
 
 } // namespace orvel

@@ -1,7 +1,9 @@
+#include "runs/job_file.h"
+
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/run_name.h"
 #include "core/text.h"
-#include "jobs/job.h"
 
 #include <algorithm>
 #include <set>
@@ -16,7 +18,6 @@ constexpr std::string_view Echo_Off = "echo off";
 constexpr std::string_view Change = "cd ";
 constexpr std::string_view Climb = "cd ..\\..\\..\\";
 constexpr std::string_view Delete_Output = "if exist *.orv del *.orv";
-constexpr int Levels = 3; // pesticide, crop, location
 
 std::string Delete_Engine(std::string_view engine)
 {
@@ -26,29 +27,6 @@ std::string Delete_Engine(std::string_view engine)
 [[noreturn]] void Refuse(int line)
 {
     throw File_Error("The job file holds something else than a job in line " + std::to_string(line) + ".");
-}
-
-std::vector<std::string_view> Split_Directory(std::string_view directory)
-{
-    std::vector<std::string_view> levels;
-    while (true) {
-        const auto end = directory.find('\\');
-        levels.push_back(directory.substr(0, end));
-        if (end == std::string_view::npos)
-            return levels;
-        directory.remove_prefix(end + 1);
-    }
-}
-
-// Three names that end in ".run", so that a job never leaves its mode directory.
-bool Is_Run_Directory(std::string_view directory)
-{
-    const auto levels = Split_Directory(directory);
-    return levels.size() == Levels && std::ranges::all_of(levels, [](std::string_view level) {
-               const bool clean =
-                   std::ranges::none_of(level, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '/'; });
-               return clean && level.size() > 4 && Same_Text(level.substr(level.size() - 4), ".run");
-           });
 }
 
 bool Is_Engine(std::string_view name)
@@ -117,7 +95,7 @@ std::vector<fs::path> Matching_Directories(const fs::path& parent, std::string_v
     if (Ansi_To_Dos(name) == name && name == level)
         return {plain};
     std::vector<fs::path> found{plain};
-    for (const auto& entry : List_Directories(parent, "*.run")) {
+    for (const auto& entry : List_Run_Levels(parent)) {
         const auto bytes = Name_Of(entry);
         if (bytes && Ansi_To_Dos(*bytes) == level && parent / entry != plain)
             found.push_back(parent / entry);
@@ -181,6 +159,11 @@ std::vector<fs::path> Resolve_Runs(const fs::path& mode_directory, const std::ve
         taken.insert(paths.back());
     }
     return paths;
+}
+
+std::vector<fs::path> Read_Job_Runs(const fs::path& mode_directory)
+{
+    return Resolve_Runs(mode_directory, Parse_Job(Read_Whole(Found_Or_New(mode_directory, Job_File_Name))));
 }
 
 } // namespace orvel

@@ -87,9 +87,9 @@ const Mode* Mode_Named(std::string_view name)
     return nullptr;
 }
 
-std::filesystem::path Mode_Directory(const Session& session, const Mode& mode)
+std::filesystem::path Mode_Directory(const Program_State& program, const Mode& mode)
 {
-    return Found_Or_New(session.Program.App_Path, mode.Directory);
+    return Found_Or_New(program.App_Path, mode.Directory);
 }
 
 } // namespace orvel

@@ -14,29 +14,29 @@ enum class Header_Tail { None, Kept_Number, Scaling };
 struct Mode {
     Mode_Kind Kind;
     std::string_view Name;          // on the command line: focus, efsa, efsa_t4
-    std::string_view Form, Caption; // of the mode\'s run form
+    std::string_view Form, Caption; // object name and title of the run form
     std::string_view Directory;     // below the installation directory
-    std::string_view
-        Version_Source; // scenario file whose first line holds the scenario version; the form opens only if it exists
+    // The scenario file whose first line holds the scenario version. The form opens only if it exists.
+    std::string_view Version_Source;
     std::string_view Individual_Stem; // scenario stem of "Individual crop"
-    std::string_view Probe_File;      // must be there for a form to show the idle state
-    std::string_view Missing_Text;    // told where Version_Source is missing
-    std::string_view Horizons_Text;   // told where pesticide and scenario file differ in their horizons
+    std::string_view Probe_File;      // while it is missing, a form shows a job at work
+    std::string_view Missing_Text;    // message where Version_Source is missing
+    std::string_view Horizons_Text;   // message where pesticide and scenario file differ in their number of horizons
     std::string_view Last_Copy;       // copied last into a run directory; empty: the scenario file
-    int Last_Copy_Stage;
-    Header_Tail Tail;           // what stands behind the version in the first line of orvel.inp
-    bool Locations_From_Files;  // locations are those with a scenario file; else the soil zones and a fixed table
-    bool Letter_Codes;          // the nine letters are known as codes, beside the soil zones' codes
-    bool Asks_Irregular_Years;  // an irregular pattern runs as many years as the user was asked for; else 6
-    bool Relative_Any_Location; // relative application dates fit every location
-    bool Profile_Rows;          // orvel.inp asks for the profile of the top 20 cm
-    bool Blank_Tillage;         // the list of tillage depths begins with a blank entry
-    int Tillage_Index;          // default list index of the tillage depth
+    int Last_Copy_Stage;              // number of a failure of that copy
+    Header_Tail Tail;                 // behind the version in the first line of orvel.inp
+    bool Locations_From_Files;        // locations are those with a scenario file; else the soil zones and a fixed table
+    bool Letter_Codes;                // locations of one letter have scenario files
+    bool Asks_Irregular_Years;        // an irregular pattern runs as many years as the user asks for; else 6
+    bool Relative_Any_Location;       // relative application dates fit every location
+    bool Profile_Rows;                // orvel.inp asks for the profile of the top 20 cm
+    bool Blank_Tillage;               // the list of tillage depths begins with a blank entry
+    int Tillage_Index;                // default list index of the tillage depth
 };
 
 const Mode& Mode_Of(Mode_Kind kind);
 const Mode* Mode_Named(std::string_view name); // nullptr for an unknown name
 
-std::filesystem::path Mode_Directory(const Session& session, const Mode& mode);
+std::filesystem::path Mode_Directory(const Program_State& program, const Mode& mode);
 
 } // namespace orvel

@@ -1,12 +1,12 @@
 #include "runs/output_selection.h"
 
+#include "core/output_variables.h"
+
 namespace orvel {
 
 namespace {
 
-constexpr int Leachate = 23;
 constexpr int One_Metre = 100;
-constexpr int First_Substance_Variable = 8;
 
 constexpr Output_Selection Start_Slots = {{{1, 0},
                                            {2, 0},
@@ -58,7 +58,7 @@ Output_Selection Start_Output()
 
 Output_Selection Minimum_Output()
 {
-    return {{{Leachate, One_Metre}}};
+    return {{{Variable::LEAC, One_Metre}}};
 }
 
 Output_Selection Recommended_Output()
@@ -70,21 +70,19 @@ Output_Option Option_Of_Output(const Output_Selection& output)
 {
     if (Is_Recommended(output))
         return Output_Option::Recommended;
-    if (output[0].Out_Var == Leachate && output[0].Out_Depth == One_Metre)
+    if (output[0].Out_Var == Variable::LEAC && output[0].Out_Depth == One_Metre)
         return Output_Option::Minimum;
     return Output_Option::User_Specific;
 }
 
 bool Substance_Visible(int variable)
 {
-    return variable >= First_Substance_Variable;
+    return Output_Variable_Of(variable).Has_Substance;
 }
 
 bool Depth_Visible(int variable)
 {
-    const bool without = variable <= 2 || variable == 4 || variable == 5 || (variable >= 8 && variable <= 13) ||
-                         variable == 21 || variable == 22;
-    return !without;
+    return Output_Variable_Of(variable).Has_Depth;
 }
 
 } // namespace orvel

@@ -6,6 +6,7 @@
 #include "substance/application_pattern.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace orvel {
 
@@ -16,13 +17,6 @@ constexpr std::string_view Whole_Years = " 01 01 31 12";
 constexpr std::string_view Soil = "          SOIL";
 constexpr std::string_view Series = "    TSER";
 constexpr int Profile_Depth = 20; // cm, in steps of 1
-constexpr int Dissolved_Profile = 28;
-constexpr int Content_Profile = 25;
-
-const Output_Variable& Variable_Of(int number)
-{
-    return Output_Variables[static_cast<std::size_t>(std::clamp(number, 0, Last_Output_Variable))];
-}
 
 std::string Line(std::string_view text)
 {
@@ -31,7 +25,7 @@ std::string Line(std::string_view text)
 
 std::string Output_Row(int variable, int depth, int substance)
 {
-    const auto& entry = Variable_Of(variable);
+    const auto& entry = Output_Variable_Of(variable);
     return Line("    " + std::string(entry.Out_Code) + std::string(Series) + Format_Pattern(depth, "  000") + ".0 " +
                 std::string(entry.Out_Scale) + Format_Pattern(substance, "00000000"));
 }
@@ -52,12 +46,12 @@ std::string Output_Rows(const Output_Selection& output)
     return rows;
 }
 
-std::string Profile_Rows(const Session& session, std::string_view code)
+std::string Profile_Rows(const Run_Choice& choice)
 {
-    const int variable = Contains(code, "P_") ? Dissolved_Profile : Content_Profile;
+    const int variable = Contains(choice.Code, "P_") ? Variable::SPSC : Variable::TPSC;
     std::string rows;
     for (int substance = 1; substance <= Substances; ++substance) {
-        if (!session.Pesticide.Met_Present[static_cast<std::size_t>(substance)])
+        if (!choice.Met_Present[static_cast<std::size_t>(substance)])
             continue;
         for (int depth = 1; depth <= Profile_Depth; ++depth)
             rows += Output_Row(variable, depth, substance);
@@ -65,25 +59,28 @@ std::string Profile_Rows(const Session& session, std::string_view code)
     return rows;
 }
 
-std::string Header(const Session& session, const Mode& mode, const Run_Choice& choice)
+std::string Header(const Program_State& program, const Mode& mode, const Run_Choice& choice)
 {
-    std::string header = Format_Pattern(Years_Of_Run(session, mode, choice), "000") + std::string(Whole_Years) +
-                         " Version " + General_Text(session.Program.Suite_Minor);
+    std::string header = Format_Pattern(Years_To_Run(mode, choice), "000") + std::string(Whole_Years) + " Version " +
+                         General_Text(program.Suite_Minor);
     if (mode.Tail == Header_Tail::Kept_Number)
-        header += std::string(Soil) + Print_Form(choice.Kept_Number);
+        header += std::string(Soil) + Print_Form(choice.Options.Kept_Number);
     if (mode.Tail == Header_Tail::Scaling)
-        header += std::string(Soil) + choice.Scaling;
+        header += std::string(Soil) + choice.Options.Scaling;
     return header;
 }
 
-std::string Count_Line(const Session& session, const Mode& mode, const Run_Choice& choice)
+std::string Count_Line(const Mode& mode, const Run_Choice& choice)
 {
-    const std::string count = Format_Pattern(Count_Of_Slots(session.Output), "00000000");
-    if (!mode.Profile_Rows)
-        return count + " " + Format_Pattern(session.Run.Till_Depth, "00") + ".";
-    const auto& present = session.Pesticide.Met_Present;
+    const Run_Options& options = choice.Options;
+    const std::string count = Format_Pattern(Count_Of_Slots(options.Output), "00000000");
+    if (!mode.Profile_Rows) {
+        const double till_depth = choice.Tillage_Visible ? std::clamp(Val(options.Tillage), 0.0, 255.0) : 0;
+        return count + " " + Format_Pattern(std::trunc(till_depth), "00") + ".";
+    }
+    const auto& present = choice.Met_Present;
     const auto metabolites = std::count(present.begin() + 2, present.end(), true);
-    const std::string depth = choice.Tillage.empty() ? "" : Format_Pattern(Val(choice.Tillage), "    0.0");
+    const std::string depth = options.Tillage.empty() ? "" : Format_Pattern(Val(options.Tillage), "    0.0");
     return count + depth + Format_Pattern(static_cast<double>(Profile_Depth * (1 + metabolites)), "00000000");
 }
 
@@ -137,9 +134,9 @@ void Parse_Into(const Mode& mode, std::string_view bytes, Run_Template& restored
     Parse_Rows(lines, Val(Columns(count_line, 1, 8)), restored.Output);
 }
 
-void Parse_Single_Into(Session& session, std::string_view bytes)
+void Parse_Single_Into(Single_Run_Control& restored, std::string_view bytes)
 {
-    auto& run = session.Run;
+    auto& run = restored.Settings;
     Line_Reader lines(bytes);
     std::string_view header = lines.Next();
     run.Sim_Years = Val(Next_Token(header));
@@ -153,7 +150,7 @@ void Parse_Single_Into(Session& session, std::string_view bytes)
     for (double year = 0; year < run.Sim_Years.Number(); ++year)
         run.Run_Cli_Files.emplace_back(Trim(lines.Next()));
     const double rows = Val(lines.Next());
-    Parse_Rows(lines, rows, session.Output);
+    Parse_Rows(lines, rows, restored.Output);
 }
 
 } // namespace
@@ -165,41 +162,30 @@ bool Fits_A_Line(std::string_view name)
            std::ranges::none_of(name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
 }
 
-std::string Format_Single_Run(const Session& session)
+Run_Choice Choose_Run(const Mode& mode, std::string_view pesticide, const Crop* crop, std::string_view location)
 {
-    const auto& run = session.Run;
-    const int years = Parse_Years(run.Sim_Years.Text());
-    std::string text = Format_Pattern(years, "000");
-    for (const double part :
-         {run.Start_Day.Number(), run.Start_Month.Number(), run.End_Day.Number(), static_cast<double>(run.End_Month)})
-        text += " " + Format_Pattern(part, "00");
-    text += Line("") + Line(run.Run_Scenario_File.Text()) + Line(run.Run_PSM_File.Text());
-    for (std::size_t year = 0; year < static_cast<std::size_t>(years); ++year) {
-        const auto& files = run.Run_Cli_Files;
-        text += Line(files.empty() ? "" : files[std::min(year, files.size() - 1)]);
-    }
-    return text + Line(Format_Pattern(Count_Of_Slots(session.Output), "00000000")) + Output_Rows(session.Output);
+    Run_Choice choice{.Pesticide = std::string(pesticide), .Crop = crop, .Location = std::string(location)};
+    choice.Code = Code_Of_Location(mode, location);
+    if (crop != nullptr)
+        choice.Scenario = choice.Code + std::string(Crop_Stem(mode, *crop));
+    return choice;
 }
 
-int Years_Of_Run(const Session& session, const Mode& mode, const Run_Choice& choice)
+int Years_To_Run(const Mode& mode, const Run_Choice& choice)
 {
-    if (session.Editor.App_Pattern == 0 && mode.Asks_Irregular_Years)
-        return choice.Irregular_Years;
-    return Years_Of_Pattern(session.Editor.App_Pattern);
+    if (choice.Pattern == 0 && mode.Asks_Irregular_Years)
+        return choice.Options.Irregular_Years;
+    return Years_Of_Pattern(choice.Pattern);
 }
 
-std::string Format_Run(Session& session, const Mode& mode, const Run_Choice& choice)
+std::string Format_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice)
 {
-    session.Run.Till_Depth =
-        static_cast<std::uint8_t>(choice.Tillage_Visible ? std::clamp(Val(choice.Tillage), 0.0, 255.0) : 0);
-    const std::string code = Code_Of_Location(mode, choice.Location);
     const std::string above(Up_To_Mode);
-    std::string text = Line(Header(session, mode, choice)) +
-                       Line(above + code + std::string(Crop_Stem(mode, choice.Crop))) + Line(choice.Pesticide);
-    for (int year = 1; year <= Years_Of_Run(session, mode, choice); ++year)
-        text += Line(above + code + "_" + Format_Pattern(year, "00") + ".cli");
-    text += Line(Count_Line(session, mode, choice)) + Output_Rows(session.Output);
-    return mode.Profile_Rows ? text + Profile_Rows(session, code) : text;
+    std::string text = Line(Header(program, mode, choice)) + Line(above + choice.Scenario) + Line(choice.Pesticide);
+    for (int year = 1; year <= Years_To_Run(mode, choice); ++year)
+        text += Line(above + choice.Code + "_" + Format_Pattern(year, "00") + ".cli");
+    text += Line(Count_Line(mode, choice)) + Output_Rows(choice.Options.Output);
+    return mode.Profile_Rows ? text + Profile_Rows(choice) : text;
 }
 
 Run_Template Parse_Template(const Mode& mode, std::string_view bytes)
@@ -213,9 +199,9 @@ Run_Template Parse_Template(const Mode& mode, std::string_view bytes)
     return restored;
 }
 
-Run_Template Read_Template(const Session& session, const Mode& mode)
+Run_Template Read_Template(const Program_State& program, const Mode& mode)
 try {
-    return Parse_Template(mode, Read_Whole(Found_Or_New(Mode_Directory(session, mode), "orvel.inp")));
+    return Parse_Template(mode, Read_Whole(Found_Or_New(Mode_Directory(program, mode), "orvel.inp")));
 } catch (const File_Error&) {
     return {};
 }
@@ -247,19 +233,50 @@ std::vector<std::string> Scaling_List()
     return entries;
 }
 
-void Parse_Single_Run(Session& session, std::string_view bytes)
-try {
-    Parse_Single_Into(session, bytes);
-} catch (const File_Error&) {
-    // A text that ends early restores what it holds.
+std::string Format_Single_Run(const Single_Run_Settings& run, const Output_Selection& output)
+{
+    const int years = Parse_Years(run.Sim_Years.Text());
+    std::string text = Format_Pattern(years, "000");
+    for (const double part :
+         {run.Start_Day.Number(), run.Start_Month.Number(), run.End_Day.Number(), static_cast<double>(run.End_Month)})
+        text += " " + Format_Pattern(part, "00");
+    text += Line("") + Line(run.Run_Scenario_File.Text()) + Line(run.Run_PSM_File.Text());
+    for (std::size_t year = 0; year < static_cast<std::size_t>(years); ++year) {
+        const auto& files = run.Run_Cli_Files;
+        text += Line(files.empty() ? "" : files[std::min(year, files.size() - 1)]);
+    }
+    return text + Line(Format_Pattern(Count_Of_Slots(output), "00000000")) + Output_Rows(output);
 }
 
-bool Read_Single_Run(Session& session, const std::filesystem::path& directory)
+Single_Run_Control Parse_Single_Run(std::string_view bytes, Single_Run_Control before)
+{
+    try {
+        Parse_Single_Into(before, bytes);
+    } catch (const File_Error&) {
+        // A text that ends early restores what it holds.
+    }
+    return before;
+}
+
+std::optional<Single_Run_Control> Read_Single_Run(const std::filesystem::path& directory, Single_Run_Control before)
 try {
-    Parse_Single_Run(session, Read_Whole(Found_Or_New(directory, "orvel.inp")));
-    return true;
+    return Parse_Single_Run(Read_Whole(Found_Or_New(directory, "orvel.inp")), std::move(before));
 } catch (const File_Error&) {
-    return false;
+    return std::nullopt;
+}
+
+std::optional<Run_End> Read_Run_End(const std::filesystem::path& directory)
+try {
+    const std::string bytes = Read_Whole(Found_Or_New(directory, "orvel.inp"));
+    std::string_view header = Line_Reader(bytes).Next();
+    for (int i = 0; i < 3; ++i)
+        Next_Token(header); // the years, the day and month of the begin
+    const double day = Val(Next_Token(header)), month = Val(Next_Token(header));
+    if (day < 1 || month < 1 || month >= 13)
+        return std::nullopt;
+    return Run_End{static_cast<int>(std::min(day, 31.0)), static_cast<int>(month)};
+} catch (const File_Error&) {
+    return std::nullopt;
 }
 
 } // namespace orvel

@@ -2,13 +2,10 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/system/file_handle.h"
+#include "core/system/flush.h"
 #include "core/system/lock.h"
-
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "core/system/rights.h"
 
 namespace orvel {
 
@@ -19,6 +16,7 @@ namespace {
 constexpr int Old_Output = 1;
 constexpr int Old_Directory = 2;
 constexpr int New_Directory = 3;
+constexpr const char* Beside_Begin = "marked-"; // and six letters
 
 std::string Rights_Text()
 {
@@ -46,7 +44,7 @@ void Check_Replaceable(const fs::path& place)
     if (!fs::exists(place, error))
         return;
     const auto echo = Find_File(place, "echo.orv");
-    if (Is_Locked(place) || (echo && Is_Locked(*echo)) || ::access(place.c_str(), W_OK | X_OK) != 0)
+    if (Is_Locked(place) || (echo && Is_Locked(*echo)) || !May_Change_Entries(place))
         Refuse_Old_Output(place);
     for (fs::directory_iterator entry(place, error), end; !error && entry != end; entry.increment(error)) {
         std::error_code ignored;
@@ -70,42 +68,13 @@ void Clear_Leftovers(const fs::path& directory)
 void Copy(const fs::path& from, const fs::path& to)
 {
     const std::string bytes = Read_Whole(from);
-    struct stat about {};
-    ::stat(from.c_str(), &about);
-    const int copy = ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, (about.st_mode & 0777U) | S_IWUSR);
-    const bool written = copy >= 0 && Write_All(copy, bytes);
-    const int error = errno;
-    if (copy >= 0)
-        ::close(copy);
-    if (!written)
-        throw File_Error("Cannot copy " + from.string() + ": " + std::strerror(error) + ".");
-}
-
-// Flushes a new directory with its files: written first and waited for afterwards, they go to disk together.
-void Flush(const fs::path& directory)
-{
-    std::vector<int> opened;
-    std::error_code ignored;
-    for (const auto& entry : fs::directory_iterator(directory, ignored))
-        opened.push_back(::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC));
-    opened.push_back(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    for (const int file : opened)
-        ::sync_file_range(file, 0, 0, SYNC_FILE_RANGE_WRITE);
-    bool flushed = true;
-    for (const int file : opened) {
-        flushed = ::fsync(file) == 0 && flushed;
-        ::close(file);
-    }
-    if (!flushed)
-        throw File_Error("Cannot write to disk in " + directory.string() + ".");
-}
-
-std::string With_Rights_Of_A_New_Directory(const std::string& path)
-{
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    ::chmod(path.c_str(), 0777 & ~mask);
-    return path;
+    std::error_code error;
+    const fs::perms rights = fs::status(from, error).permissions() & fs::perms::all;
+    File_Handle copy(to, File_Handle::Use::Write_New, error, rights | fs::perms::owner_write);
+    if (!error)
+        error = copy.Write(bytes);
+    if (error)
+        throw File_Error("Cannot copy " + from.string() + ": " + error.message() + ".");
 }
 
 } // namespace
@@ -123,18 +92,17 @@ void Refuse_Old_Output(const fs::path& place)
                           "\r\n\r\n");
 }
 
-Run_Sources Sources_Of_Run(const Session& session, const Mode& mode, const Run_Choice& choice)
+Run_Sources Sources_Of_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice)
 {
-    const fs::path& installation = session.Program.App_Path;
-    const fs::path directory = Mode_Directory(session, mode);
-    const std::string last =
-        mode.Last_Copy.empty() ? Scenario_Name(mode, choice.Crop, choice.Location) : std::string(mode.Last_Copy);
+    const fs::path& installation = program.App_Path;
+    const fs::path directory = Mode_Directory(program, mode);
+    const std::string last = mode.Last_Copy.empty() ? choice.Scenario : std::string(mode.Last_Copy);
     return {.Pesticide = Found_Or_New(installation, Path_Of(choice.Pesticide)),
-            .Engine = Found_Or_New(installation, Path_Of(session.Program.Engine_Exe)),
+            .Engine = Found_Or_New(installation, Path_Of(program.Engine_Exe)),
             .Haude = Found_Or_New(installation, "Haude.dat"),
             .Run_Control = Found_Or_New(directory, "orvel.inp"),
             .Last = Found_Or_New(directory, Path_Of(last)),
-            .Engine_Name = session.Program.Engine_Exe,
+            .Engine_Name = program.Engine_Exe,
             .Last_Stage = mode.Last_Copy_Stage};
 }
 
@@ -161,16 +129,18 @@ void New_Run_Directory::Make()
     constexpr std::size_t Longest_Name = 255;
     const fs::path crop = Place.parent_path();
     for (const auto& level : {crop.parent_path(), crop}) {
-        if (::mkdir(level.c_str(), 0777) == 0)
+        std::error_code error;
+        if (fs::create_directory(level, error))
             Made_Above.push_back(level);
-        else if (errno != EEXIST)
+        else if (error)
             Refuse_New_Directory(Place);
     }
     Clear_Leftovers(crop);
-    std::string name = (crop / "marked-XXXXXX").string();
-    if (Place.filename().native().size() > Longest_Name || ::mkdtemp(name.data()) == nullptr)
+    const auto made =
+        Place.filename().native().size() > Longest_Name ? std::nullopt : Make_Unique_Directory(crop / Beside_Begin);
+    if (!made)
         Refuse_New_Directory(Place);
-    Beside = With_Rights_Of_A_New_Directory(name);
+    Beside = *made;
 }
 
 void New_Run_Directory::Fill(const Run_Sources& sources)
@@ -190,7 +160,8 @@ void New_Run_Directory::Fill(const Run_Sources& sources)
         copy(sources.Run_Control, "orvel.inp");
         stage = sources.Last_Stage;
         copy(sources.Last, sources.Last.filename());
-        Flush(Beside);
+        if (!Flush_Directory_And_Files(Beside))
+            throw File_Error("Cannot write to disk in " + Beside.string() + ".");
     } catch (const File_Error& error) {
         throw Stage_Error(stage, To_Code_Page(error.what()));
     }
@@ -200,12 +171,15 @@ void New_Run_Directory::Put_In_Place()
 {
     std::error_code error;
     if (fs::exists(Place, error)) {
-        std::string name = (Place.parent_path() / "marked-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr || ::rename(Place.c_str(), name.c_str()) != 0)
+        const auto aside = Make_Unique_Directory(Place.parent_path() / Beside_Begin);
+        if (aside)
+            fs::rename(Place, *aside, error);
+        if (!aside || error)
             Refuse_Old_Directory(Place);
-        Earlier = name;
+        Earlier = *aside;
     }
-    if (::rename(Beside.c_str(), Place.c_str()) != 0)
+    fs::rename(Beside, Place, error);
+    if (error)
         Refuse_New_Directory(Place);
     In_Place = true;
 }
@@ -223,7 +197,7 @@ void New_Run_Directory::Take_Back()
     std::error_code ignored;
     fs::remove_all(In_Place ? Place : Beside, ignored);
     if (!Earlier.empty())
-        ::rename(Earlier.c_str(), Place.c_str());
+        fs::rename(Earlier, Place, ignored);
     for (auto level = Made_Above.rbegin(); level != Made_Above.rend(); ++level)
         fs::remove(*level, ignored);
 }

@@ -15,8 +15,9 @@ namespace orvel {
 // A failure with the stage of the preparation that it happened in; the text is what follows the head of the box.
 struct Stage_Error : File_Error {
     Stage_Error(int stage, const std::string& text) : File_Error(text), Stage(stage) {}
-    int Stage; // 1 old output in use, 2 old directory, 3 new directory, 4 pesticide file, 5 engine, 6 Haude.dat, 7
-               // orvel.inp, 8 batch, 9 scenario
+    // 1 old output in use, 2 old directory, 3 new directory, 4 pesticide file, 5 engine, 6 Haude.dat, 7 orvel.inp,
+    // 8 batch, 9 scenario
+    int Stage;
 };
 
 // Throws the error of stage 1: the earlier run at this place is at work or waits for its turn.
@@ -28,7 +29,7 @@ struct Run_Sources {
     std::string Engine_Name;
     int Last_Stage = 9;
 };
-Run_Sources Sources_Of_Run(const Session& session, const Mode& mode, const Run_Choice& choice);
+Run_Sources Sources_Of_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice);
 
 class New_Run_Directory {
 public:

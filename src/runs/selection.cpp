@@ -6,11 +6,12 @@
 #include "core/text.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
-#include "runs/run_control.h"
 #include "substance/application_pattern.h"
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <optional>
 
 namespace orvel {
 
@@ -38,19 +39,6 @@ std::string_view Plain_Location(std::string_view text)
     return close == std::string_view::npos ? text : text.substr(0, close + 1);
 }
 
-fs::path Scenario_File(const Session& session, const Mode& mode, const Selection& selected)
-{
-    return Found_Or_New(Mode_Directory(session, mode), Scenario_Name(mode, selected.Crop, selected.Location));
-}
-
-bool Read_Pesticide(Session& session, const Selection& selected)
-{
-    const fs::path file = Found_Or_New(session.Program.App_Path, Path_Of(selected.Pesticide));
-    session.Program.PSM_File = Path_Text(file);
-    session.Editor.App_Current_Location = 0;
-    return Read_PSM(session, file);
-}
-
 // The count of crop rows stands behind the erosion flag, or behind the line of erosion factors if that flag is 1.
 bool Defines_A_Crop(const fs::path& scenario)
 try {
@@ -64,66 +52,70 @@ try {
     return false;
 }
 
-std::string Relative_Warning(Session& session, const Mode& mode, const Selection& selected)
+std::string Fault_Text(Selection_Fault fault, const Mode& mode, const Run_Choice& choice)
 {
-    Check_Pattern(session.Pesticide, session.Editor, 0);
-    const bool possible = selected.Crop != Individual_Crop || Defines_A_Crop(Scenario_File(session, mode, selected));
-    return std::string(possible ? std::string_view() : No_Crop_Text);
+    switch (fault) {
+    case Selection_Fault::Old_Format:
+        return std::string(Old_Format_Text);
+    case Selection_Fault::No_Crop_Defined:
+        return std::string(No_Crop_Text);
+    case Selection_Fault::No_Location:
+        return No_Pattern_Text(Plain_Location(choice.Location));
+    case Selection_Fault::Irregular:
+        return std::string(Irregular_Text);
+    case Selection_Fault::Other_Crop:
+        return No_Pattern_Text(choice.Crop->Text);
+    case Selection_Fault::Other_Horizons:
+        return std::string(mode.Horizons_Text);
+    case Selection_Fault::None:
+        break;
+    }
+    return {};
 }
 
-std::string Location_Warning(Session& session, const Selection& selected)
+// What is wrong with the applications at the location, whose block is -1 if the document has none. Relative ones may
+// be irregular.
+Selection_Fault Fault_Of_Applications(const Run_Choice& choice, int block, bool relative, const fs::path& scenario)
 {
-    session.Editor.App_Pattern = 0;
-    const int block = Block_Of_Location(session.Pesticide, selected.Location);
+    if (relative)
+        return choice.Crop->Individual && !Defines_A_Crop(scenario) ? Selection_Fault::No_Crop_Defined
+                                                                    : Selection_Fault::None;
     if (block < 0)
-        return No_Pattern_Text(Plain_Location(selected.Location));
-    session.Editor.App_Current_Location = static_cast<std::int16_t>(block);
-    Check_Pattern(session.Pesticide, session.Editor, block);
-    return std::string(session.Editor.App_Pattern == 0 ? Irregular_Text : std::string_view());
+        return Selection_Fault::No_Location;
+    return choice.Pattern == 0 ? Selection_Fault::Irregular : Selection_Fault::None;
 }
 
-// The tests that stand behind those of the applications; the last one that fails is shown.
-void Test_Crop_And_Horizons(const Session& session, const Mode& mode, bool scenario_read, Selection& selected)
+std::string First_Application(const Pesticide_Document& document, int block)
 {
-    if (!Crop_Fits(session.Pesticide.App_Rel_Flag, selected.Crop))
-        selected.Warnung = No_Pattern_Text(Crops[static_cast<std::size_t>(selected.Crop)].Text);
-    const double horizons = session.Pesticide.N_Horizons.Number();
-    if (scenario_read && horizons > 0 && horizons != session.Scenario.SZE_Horizons.Number())
-        selected.Warnung = mode.Horizons_Text;
-}
-
-std::string First_Application(const Session& session)
-{
-    const auto& document = session.Pesticide;
-    if (session.Editor.App_Pattern == 0)
-        return {};
     if (document.App_Mode == App_Mode_Relative) {
         const auto& first = document.Relative[1];
         const auto stage = static_cast<std::size_t>(std::clamp<int>(first.Abs9_Month, 0, Crop_Event_Label.size() - 1));
         return General_Text(first.Abs9_Rate) + " kg/ha " + General_Text(first.Abs9_Day) + " days after " +
                std::string(Crop_Event_Label[stage]);
     }
-    const auto& first = document.Applications[static_cast<std::size_t>(session.Editor.App_Current_Location)][1];
+    const auto& first = document.Applications[static_cast<std::size_t>(block)][1];
     const bool month = first.App_Month >= 1 && first.App_Month <= 12;
     return General_Text(first.App_Rate) + " kg/ha on " +
            std::string(month ? Month_Name[static_cast<std::size_t>(first.App_Month)] : "") + " " +
            General_Text(first.App_Day);
 }
 
-void Describe_Pattern(const Session& session, Selection& selected)
+// The number of horizons of a scenario file; nothing if there is none, or if it cannot be read, which has been told.
+std::optional<double> Horizons_Of(const fs::path& scenario, const Ask_Function& ask)
 {
-    const auto pattern = session.Editor.App_Pattern;
-    if (pattern != 0 || selected.Warnung.empty())
-        selected.App_Modus = Pattern_Text[pattern];
-    selected.app_Date = First_Application(session);
+    std::error_code ignored;
+    Scenario_Document document;
+    if (!fs::exists(scenario, ignored) || !Read_SZE(document, scenario, ask))
+        return std::nullopt;
+    return document.SZE_Horizons.Number();
 }
 
 } // namespace
 
-std::vector<std::string> Pesticide_List(const Session& session)
+std::vector<std::string> Pesticide_List(const fs::path& app_path)
 {
     std::vector<std::string> names;
-    for (const auto& file : List_Files(session.Program.App_Path, "*.psm")) {
+    for (const auto& file : List_Files(app_path, "*.psm")) {
         const auto name = Name_Of(file);
         if (name && Fits_A_Line(*name))
             names.push_back(*name);
@@ -131,30 +123,56 @@ std::vector<std::string> Pesticide_List(const Session& session)
     return names;
 }
 
-Selection Evaluate_Selection(Session& session, const Mode& mode, std::string_view pesticide, int crop,
-                             std::string_view location)
+bool Delete_Pesticide(const fs::path& app_path, const Ask_Function& ask, std::string_view pesticide)
 {
-    Selection selected{.Pesticide = std::string(pesticide), .Crop = crop, .Location = std::string(location)};
-    if (Crop_Stem(mode, crop).empty() || location.empty())
+    constexpr std::string_view Title = "Deleting pesticide input files";
+    const std::string question = "Are you sure that you want to delete the file '" + std::string(pesticide) + "'!";
+    if (ask({std::string(Title), question, Icon::Warning, {Button::Ok, Button::Cancel}, Button::Cancel}) != Button::Ok)
+        return false;
+    const fs::path file = Found_Or_New(app_path, Path_Of(pesticide));
+    std::error_code error;
+    if (!Is_Read_Only(file) && fs::remove(file, error))
+        return true;
+    Tell(ask, Title, "The file " + Path_Text(file) + " could not be deleted.");
+    return false;
+}
+
+Selection Evaluate_Selection(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                             std::string_view pesticide, const Crop* crop, std::string_view location)
+{
+    Selection selected{.Choice = Choose_Run(mode, pesticide, crop, location)};
+    Run_Choice& choice = selected.Choice;
+    if (crop == nullptr || location.empty())
         return selected;
-    const fs::path scenario = Scenario_File(session, mode, selected);
-    std::error_code ignored;
-    session.Program.PSM_File = Path_Text(scenario); // named if the scenario file cannot be read
-    const bool scenario_read = fs::exists(scenario, ignored) && Read_SZE(session, scenario);
-    selected.Tillage_Visible = Has_Tillage(scenario);
-    if (pesticide.empty() || !Read_Pesticide(session, selected))
+    const fs::path scenario = Found_Or_New(Mode_Directory(program, mode), choice.Scenario);
+    const auto scenario_horizons = Horizons_Of(scenario, ask);
+    choice.Tillage_Visible = Scenario_Tills(scenario);
+    const auto document = std::make_unique<Pesticide_Document>();
+    if (pesticide.empty() || !Read_PSM(*document, Found_Or_New(program.App_Path, Path_Of(pesticide)), ask))
         return selected;
     selected.Usable = true;
-    if (session.Pesticide.PSM_Legacy_Volat) {
-        selected.Warnung = Old_Format_Text;
-        selected.Old_Format = true;
+    choice.Met_Present = document->Met_Present;
+    if (document->PSM_Legacy_Volat) {
+        selected.Fault = Selection_Fault::Old_Format;
+        selected.Warnung = Fault_Text(selected.Fault, mode, choice);
         return selected;
     }
-    const bool relative = mode.Relative_Any_Location && session.Pesticide.App_Mode == App_Mode_Relative;
-    selected.Warnung = relative ? Relative_Warning(session, mode, selected) : Location_Warning(session, selected);
-    Test_Crop_And_Horizons(session, mode, scenario_read, selected);
-    selected.May_Run_Anyway = selected.Warnung == Irregular_Text;
-    Describe_Pattern(session, selected);
+    const bool relative = mode.Relative_Any_Location && document->App_Mode == App_Mode_Relative;
+    const int block = relative ? 0 : Block_Of_Location(*document, location);
+    choice.Pattern = block < 0 ? 0 : Pattern_Of_Location(*document, block).Pattern;
+
+    selected.Fault = Fault_Of_Applications(choice, block, relative, scenario);
+    if (!Crop_Fits(document->App_Rel_Flag, *crop))
+        selected.Fault = Selection_Fault::Other_Crop;
+    const double horizons = document->N_Horizons.Number();
+    if (scenario_horizons && horizons > 0 && horizons != *scenario_horizons)
+        selected.Fault = Selection_Fault::Other_Horizons;
+    selected.Warnung = Fault_Text(selected.Fault, mode, choice);
+
+    if (choice.Pattern != 0 || selected.Fault == Selection_Fault::None)
+        selected.App_Modus = Pattern_Text[static_cast<std::size_t>(choice.Pattern)];
+    if (choice.Pattern != 0)
+        selected.app_Date = First_Application(*document, block);
     return selected;
 }
 
@@ -169,20 +187,7 @@ int Block_Of_Location(const Pesticide_Document& document, std::string_view locat
     return -1;
 }
 
-bool Crop_Fits(int number, int crop)
-{
-    if (number <= 0)
-        return true;
-    if (number == 1)
-        return crop == 0;
-    if (number <= 4)
-        return crop == number;
-    if (number <= 9)
-        return crop - 1 == number;
-    return number <= 23 && crop - 2 == number;
-}
-
-bool Has_Tillage(const fs::path& scenario)
+bool Scenario_Tills(const fs::path& scenario)
 try {
     constexpr int Tillage_Field = 19;
     const std::string bytes = Read_Whole(scenario);
@@ -199,14 +204,14 @@ try {
 
 int Step_Over_Separator(int index, int crop_step)
 {
-    return index == First_Separator ? crop_step + First_Separator + 1 : index;
+    return index == First_Separator() ? crop_step + First_Separator() + 1 : index;
 }
 
 int Crop_Step_After(int index, int crop_step)
 {
-    if (index < First_Separator)
+    if (index < First_Separator())
         return 0;
-    return index > First_Separator ? -2 : crop_step;
+    return index > First_Separator() ? -2 : crop_step;
 }
 
 int Location_To_Select(const std::vector<std::string>& locations, std::string_view before)

@@ -2,10 +2,8 @@
 
 #include "core/files.h"
 #include "core/numbers.h"
-#include "core/system/lock.h"
 #include "core/text.h"
-#include "jobs/engine_start.h"
-#include "jobs/job_status.h"
+#include "files/file_messages.h"
 #include "runs/run_control.h"
 
 namespace orvel {
@@ -14,7 +12,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view File_Check = "File check", Data_Check = "Data check", Readin_Check = "Readin check";
+constexpr std::string_view File_Check = "File check", Data_Check = "Data check";
 constexpr double Last_Day = 31;
 
 Refusal File_Refusal(std::string text, std::string control)
@@ -56,7 +54,7 @@ Pesticide_Head Read_Pesticide_Head(const fs::path& directory, const std::string&
     return {Val(lines.Next()), std::nullopt};
 }
 
-std::optional<Refusal> Check_Files(const Session& session, const fs::path& directory, const Single_Run_Entry& entry)
+std::optional<Refusal> Check_Files(const fs::path& directory, const Single_Run_Entry& entry, double scenario_horizons)
 {
     std::string at_hand = entry.Pesticide;
     try {
@@ -65,12 +63,13 @@ std::optional<Refusal> Check_Files(const Session& session, const fs::path& direc
             return head.Fault;
         at_hand = entry.Scenario;
         Walk_Scenario(Read_Whole(Found_Or_New(directory, Path_Of(entry.Scenario))));
-        if (head.Horizons > 0 && head.Horizons != session.Scenario.SZE_Horizons.Number())
+        if (head.Horizons > 0 && head.Horizons != scenario_horizons)
             return Refusal{
                 {std::string(Data_Check), "Number of horizons in PSM file and scenariofile should be the same"},
                 "File_sce"};
-    } catch (const File_Error&) {
-        return File_Refusal(at_hand + " not found", at_hand == entry.Pesticide ? "File_psm" : "File_sce");
+    } catch (const File_Error& error) {
+        return File_Refusal(at_hand + " not found\n" + Place_And_Reason(at_hand, error),
+                            at_hand == entry.Pesticide ? "File_psm" : "File_sce");
     }
     return std::nullopt;
 }
@@ -101,36 +100,16 @@ std::optional<Refusal> Check_Boxes(const Single_Run_Entry& entry)
     return std::nullopt;
 }
 
-void Take_Over(Run_Settings& run, const Single_Run_Entry& entry)
-{
-    run.Run_PSM_File = entry.Pesticide;
-    run.Run_Scenario_File = entry.Scenario;
-    run.Run_Cli_Files = entry.Climates;
-    run.Sim_Years = entry.Years;
-    run.Start_Day = entry.Start_Day;
-    run.End_Day = entry.End_Day;
-    run.Start_Month = entry.Start_Month_Index + 1;
-    run.End_Month = static_cast<std::int16_t>(entry.End_Month_Index + 1);
-}
-
 // What a box shows of a setting; one that was never set shows nothing.
 std::string Box_Text(const Variant& setting)
 {
     return setting == Variant() ? std::string() : std::string(Trim(setting.Text()));
 }
 
-bool Tell(const Session& session, std::string_view text)
-{
-    session.Ask({std::string(File_Check), std::string(text)});
-    return false;
-}
-
 } // namespace
 
-Single_Run_Entry Restore_Single_Run(Session& session, const fs::path& directory)
+Single_Run_Entry Entry_Of_Settings(const Single_Run_Settings& run)
 {
-    Read_Single_Run(session, directory);
-    const Run_Settings& run = session.Run;
     return {.Pesticide = Box_Text(run.Run_PSM_File),
             .Scenario = Box_Text(run.Run_Scenario_File),
             .Climates = run.Run_Cli_Files,
@@ -141,15 +120,30 @@ Single_Run_Entry Restore_Single_Run(Session& session, const fs::path& directory)
             .End_Month_Index = run.End_Month - 1};
 }
 
-bool Has_Output(const fs::path& directory)
+Single_Run_Settings Settings_Of_Entry(const Single_Run_Entry& entry)
 {
-    return !List_Files(directory, "*.orv").empty();
+    return {.Run_Scenario_File = entry.Scenario,
+            .Run_PSM_File = entry.Pesticide,
+            .Run_Cli_Files = entry.Climates,
+            .Sim_Years = entry.Years,
+            .Start_Day = entry.Start_Day,
+            .Start_Month = entry.Start_Month_Index + 1,
+            .End_Day = entry.End_Day,
+            .End_Month = static_cast<std::int16_t>(entry.End_Month_Index + 1)};
 }
 
-std::optional<Refusal> Check_Single_Run(const Session& session, const fs::path& directory,
-                                        const Single_Run_Entry& entry)
+void Restore_Single_Run(const fs::path& directory, Single_Run_Settings& run, Output_Selection& output)
 {
-    if (auto refusal = Check_Files(session, directory, entry))
+    if (auto restored = Read_Single_Run(directory, {run, output})) {
+        run = std::move(restored->Settings);
+        output = restored->Output;
+    }
+}
+
+std::optional<Refusal> Check_Single_Run(const fs::path& directory, const Single_Run_Entry& entry,
+                                        double scenario_horizons)
+{
+    if (auto refusal = Check_Files(directory, entry, scenario_horizons))
         return refusal;
     return Check_Boxes(entry);
 }
@@ -166,48 +160,6 @@ std::optional<Refusal> Check_Years(const std::string& text)
     if (Val(text) < 1)
         return Refusal{{std::string(Data_Check), "Value must be greater than 0"}, "Text_years"};
     return std::nullopt;
-}
-
-bool Start_Single_Run(Session& session, const fs::path& directory, const Single_Run_Entry& entry)
-{
-    constexpr std::chrono::milliseconds Most(200);
-    const auto lock = Lock::Take_Within(directory, Most);
-    if (!lock || Is_Locked(Found_Or_New(directory, "echo.orv")))
-        return Tell(session, Still_At_Work);
-    Take_Over(session.Run, entry);
-    try {
-        Write_Whole(Found_Or_New(directory, "orvel.inp"), Format_Single_Run(session));
-    } catch (const File_Error&) {
-        return Tell(session, "Cannot write ORVEL.INP");
-    }
-    const fs::path engine = session.Program.App_Path / session.Program.Engine_Exe;
-    std::error_code ignored;
-    if (!fs::is_regular_file(engine, ignored))
-        return Tell(session, "Orvel not found"); // before any output is deleted for a run that cannot be
-    try {
-        Program_Start start = Engine_Start(directory, engine);
-        Delete_Output(directory);
-        start.Kept_Descriptor = lock->Descriptor();
-        start.Own_Session = true;
-        Start_Program(start);
-        return true;
-    } catch (const File_Error&) {
-        return Tell(session, "Orvel not found");
-    } catch (const Run_Refused& refused) {
-        return Tell(session, refused.what());
-    }
-}
-
-Single_Run_State State_Of_Single_Run(const fs::path& directory, int years)
-{
-    Single_Run_State state;
-    state.Running = Is_Locked(directory) || Is_Locked(Found_Or_New(directory, "echo.orv"));
-    if (!state.Running)
-        return state;
-    state.Years_Done = static_cast<int>(Years_Done(directory, years));
-    state.Text =
-        "The engine is at work: " + std::to_string(state.Years_Done) + " of " + std::to_string(years) + " years.";
-    return state;
 }
 
 } // namespace orvel

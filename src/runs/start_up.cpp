@@ -4,6 +4,7 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "core/version.h"
 #include "runs/output_selection.h"
 #include "ui/help_texts.h"
 
@@ -33,17 +34,17 @@ try {
     return false;
 }
 
-void Delete_Pending_Batch(const Session& session)
+void Delete_Pending_Batch(const Program_State& program)
 {
     std::error_code ignored;
-    if (const auto batch = Find_File(Mode_Directory(session, Focus()), "batch.bat"))
+    if (const auto batch = Find_File(Mode_Directory(program, Focus()), "batch.bat"))
         fs::remove(*batch, ignored);
 }
 
-void Write_Launcher(const Session& session)
+void Write_Launcher(const Program_State& program)
 try {
-    const std::string engine = "ORVEL" + General_Text(session.Program.Engine_Version * 100) + ".exe";
-    Write_Whole(Found_Or_New(session.Program.App_Path, "orvel.bat"), engine + "\r\nexit\r\n");
+    const std::string engine = "ORVEL" + General_Text(program.Engine_Version * 100) + ".exe";
+    Write_Whole(Found_Or_New(program.App_Path, "orvel.bat"), engine + "\r\nexit\r\n");
 } catch (const File_Error&) {
     // Start-up goes on: only a single run needs the launcher, and tells when it is missing.
 }
@@ -68,9 +69,8 @@ std::vector<fs::path> Files_To_Protect(const fs::path& directory)
 
 } // namespace
 
-void Find_Engine(Session& session)
+void Find_Engine(Program_State& program)
 {
-    auto& program = session.Program;
     program.Engine_Exe.clear();
     for (const auto& engine : List_Files(program.App_Path, "orvel*.exe")) {
         if (program.Engine_Exe.empty())
@@ -80,7 +80,7 @@ void Find_Engine(Session& session)
     program.Aktuelle_ORVEL_Version = "ORVEL " + General_Text(program.Engine_Version);
     const double suite = std::floor(program.Engine_Version * 100 - First_Suite + 0.5);
     program.Aktuelle_ORVELSUITE_Version = "ORVELSUITE " + General_Text(suite) + "." +
-                                          General_Text(program.Suite_Minor) + "." + Scenario_Version(session, Focus());
+                                          General_Text(program.Suite_Minor) + "." + Scenario_Version(program, Focus());
 }
 
 bool Start_Up(Session& session)
@@ -88,10 +88,10 @@ bool Start_Up(Session& session)
     auto& program = session.Program;
     if (!Write_Test(program.App_Path))
         return false;
-    Delete_Pending_Batch(session);
-    program.Suite_Minor = 5;
-    Find_Engine(session);
-    Write_Launcher(session);
+    Delete_Pending_Batch(program);
+    program.Suite_Minor = Program_Version_Minor;
+    Find_Engine(program);
+    Write_Launcher(program);
     program.Online_Help = false;
     Load_Help_Texts(session);
     session.Editor.App_Loc_Index = 1;
@@ -99,40 +99,41 @@ bool Start_Up(Session& session)
     return true;
 }
 
-void Check_Decimal_Separator(Session& session, std::string_view printed)
+void Check_Decimal_Separator(const Ask_Function& ask, std::string_view printed)
 {
     if (!Contains(printed, ","))
         return;
-    session.Ask({"System check", "ORVEL SUITE noticed that the 'komma' is used for decimal numbers in your system (see "
-                                 "your regional settings).\r\n"
-                                 "As long as you do not select the 'point' as decimal separator you are not able to "
-                                 "create valid input data files."});
+    Tell(ask, "System check",
+         "ORVEL SUITE noticed that the 'komma' is used for decimal numbers in your system (see "
+         "your regional settings).\r\n"
+         "As long as you do not select the 'point' as decimal separator you are not able to "
+         "create valid input data files.");
 }
 
-std::string Scenario_Version(const Session& session, const Mode& mode)
+std::string Scenario_Version(const Program_State& program, const Mode& mode)
 try {
-    const std::string bytes = Read_Whole(Found_Or_New(Mode_Directory(session, mode), mode.Version_Source));
+    const std::string bytes = Read_Whole(Found_Or_New(Mode_Directory(program, mode), mode.Version_Source));
     return std::string(Trim(Columns(Columns(Line_Reader(bytes).Next(), 4), 1, 2)));
 } catch (const File_Error&) {
     return {};
 }
 
-bool Mode_Available(Session& session, const Mode& mode)
+bool Mode_Available(const Program_State& program, const Ask_Function& ask, const Mode& mode)
 {
-    if (mode.Missing_Text.empty() || Find_File(Mode_Directory(session, mode), mode.Version_Source))
+    if (mode.Missing_Text.empty() || Find_File(Mode_Directory(program, mode), mode.Version_Source))
         return true;
-    session.Ask({"Data error!", std::string(mode.Missing_Text), Icon::Stop});
+    ask({"Data error!", std::string(mode.Missing_Text), Icon::Stop});
     return false;
 }
 
-bool Files_Protected(const Session& session)
+bool Files_Protected(const Program_State& program)
 {
-    return Is_Read_Only(Found_Or_New(Mode_Directory(session, Focus()), Focus().Version_Source));
+    return Is_Read_Only(Found_Or_New(Mode_Directory(program, Focus()), Focus().Version_Source));
 }
 
-bool Protect_Files(Session& session, const std::function<void(int, int)>& progress)
+bool Protect_Files(const Program_State& program, const Ask_Function& ask, const std::function<void(int, int)>& progress)
 try {
-    const auto files = Files_To_Protect(Mode_Directory(session, Focus()));
+    const auto files = Files_To_Protect(Mode_Directory(program, Focus()));
     for (std::size_t i = 0; i < files.size(); ++i) {
         if (progress)
             progress(static_cast<int>(i), static_cast<int>(files.size()));
@@ -140,7 +141,7 @@ try {
     }
     return true;
 } catch (const File_Error& error) {
-    session.Ask({"File check", To_Code_Page(error.what())});
+    Tell(ask, "File check", To_Code_Page(error.what()));
     return false;
 }
 

@@ -17,23 +17,24 @@ bool Start_Up(Session& session);
 
 // The first engine of the directory, its version, 4.01 for orvel401.exe, and the labels of engine and program. Without
 // one the name is empty and the version 0.
-void Find_Engine(Session& session);
+void Find_Engine(Program_State& program);
 
 // Warns where the system's print of 3.5 holds a comma.
-void Check_Decimal_Separator(Session& session, std::string_view printed);
+void Check_Decimal_Separator(const Ask_Function& ask, std::string_view printed);
 
 // Characters 4 and 5 of the first line of a mode's version source, trimmed; empty where the file is missing.
-std::string Scenario_Version(const Session& session, const Mode& mode);
+std::string Scenario_Version(const Program_State& program, const Mode& mode);
 
 // Whether the data of a soil mode are installed; false: the user has been told.
-bool Mode_Available(Session& session, const Mode& mode);
+bool Mode_Available(const Program_State& program, const Ask_Function& ask, const Mode& mode);
 
 // Whether the shipped files are read-only already: one scenario file stands for all.
-bool Files_Protected(const Session& session);
+bool Files_Protected(const Program_State& program);
 
 // Makes the scenario files of the focus directory read-only, those of individual crops apart, and all its climate
 // files. `progress` is called before each file with the number done and the number of all. False: a file could not be
 // changed, and the user has been told.
-bool Protect_Files(Session& session, const std::function<void(int, int)>& progress);
+bool Protect_Files(const Program_State& program, const Ask_Function& ask,
+                   const std::function<void(int, int)>& progress);
 
 } // namespace orvel

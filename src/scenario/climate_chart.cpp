@@ -1,6 +1,7 @@
 #include "scenario/climate_chart.h"
 
 #include "charts/scale.h"
+#include "files/climate_file.h"
 
 #include <algorithm>
 #include <string>
@@ -11,7 +12,7 @@ Chart Climate_Chart(std::size_t series, std::span<const double> values, int firs
 {
     const auto days = static_cast<int>(values.size());
     Chart chart;
-    chart.Title = Climate_Series[series];
+    chart.Title = Climate_Columns[series].Chart_Title;
     Chart_Line line;
     double low = 0, high = 0;
     for (int day = 1; day <= days; ++day) {

@@ -1,7 +1,6 @@
 #include "scenario/crop_data.h"
 
-#include "core/error.h"
-#include "core/text.h"
+#include "files/lines.h"
 
 namespace orvel {
 
@@ -9,19 +8,8 @@ namespace {
 
 constexpr std::size_t Name_Width = 14;
 
-// The words of a line one by one; a missing one is 0.
-class Token_Reader {
-public:
-    explicit Token_Reader(std::string_view line) : Rest(line) {}
-    double Number() { return Val(Next_Token(Rest)); }
-    std::int16_t Integer() { return To_I16(Number()); }
-
-private:
-    std::string_view Rest;
-};
-
 // Emergence, maturation, harvest, senescence, tillage.
-Rotation_Row Parse_Dates(Token_Reader& words)
+Rotation_Row Parse_Dates(Line_In& words)
 {
     Rotation_Row dates;
     for (const auto date : {&Rotation_Row::SZE_Eme_Day, &Rotation_Row::SZE_Eme_Month, &Rotation_Row::SZE_Eme_Year,
@@ -36,11 +24,12 @@ Rotation_Row Parse_Dates(Token_Reader& words)
     return dates;
 }
 
-Crop_Data Parse_Crop(std::string_view line)
+Crop_Data Parse_Crop(std::string_view line, int number)
 {
     Crop_Data crop;
     crop.DB_Crop_Name = Trim(Columns(line, 1, Name_Width));
-    Token_Reader words(Columns(line, Name_Width + 1));
+    Line_In words(line, number);
+    words.Skip_To(Name_Width + 1);
     auto& defaults = crop.Defaults;
     defaults.SZE_Rot_Text1 = words.Number();
     defaults.SZE_Rot_Text2 = words.Number();
@@ -64,16 +53,29 @@ Crop_Data Parse_Crop(std::string_view line)
 std::vector<Crop_Data> Parse_Crop_Data(std::string_view bytes)
 {
     Line_Reader lines(bytes);
-    const double count = Val(lines.Next());
+    Line_In head(lines.Next(), 1);
+    const double count = head.Number();
     if (count < 0 || count > Most_Crops)
-        throw File_Error("The crop data base cannot hold " + General_Text(count) + " crops.");
+        throw File_Error("The crop data base cannot hold " + General_Text(count) + " crops.", 1,
+                         head.Place_Of_Last().Column);
     lines.Skip(1);
     std::vector<Crop_Data> crops;
     for (int i = 1; i <= To_I16(count); ++i) {
-        auto& crop = crops.emplace_back(Parse_Crop(lines.Next()));
+        const auto line = lines.Next();
+        auto& crop = crops.emplace_back(Parse_Crop(line, lines.Line_Number()));
         crop.Defaults.SZE_Rot_Crop_No = crop.Default_Dates.SZE_Rot_Crop_Index = static_cast<std::int16_t>(i);
     }
     return crops;
+}
+
+Crop_Row Crop_Defaults(const Crop_Data& crop)
+{
+    Crop_Row row = crop.Defaults;
+    row.SZE_Rot_CN1 = 78;
+    row.SZE_Rot_CN2 = 70;
+    row.SZE_Rot_CN3 = 74;
+    row.SZE_Rot_USLE1 = row.SZE_Rot_USLE2 = row.SZE_Rot_USLE3 = 1;
+    return row;
 }
 
 } // namespace orvel

@@ -23,4 +23,7 @@ struct Crop_Data {
 constexpr int Most_Crops = 1000;
 std::vector<Crop_Data> Parse_Crop_Data(std::string_view bytes);
 
+// The defaults of a crop: its line of the data base, and fixed curve numbers and USLE factors.
+Crop_Row Crop_Defaults(const Crop_Data& crop);
+
 } // namespace orvel

@@ -61,16 +61,6 @@ Crop_Editor Edit_Crops(const Rotation_Work& work)
     return editor;
 }
 
-Crop_Row Crop_Defaults(const Crop_Data& crop)
-{
-    Crop_Row row = crop.Defaults;
-    row.SZE_Rot_CN1 = 78;
-    row.SZE_Rot_CN2 = 70;
-    row.SZE_Rot_CN3 = 74;
-    row.SZE_Rot_USLE1 = row.SZE_Rot_USLE2 = row.SZE_Rot_USLE3 = 1;
-    return row;
-}
-
 void Reset_Crop(Edited_Crop& edited, const Rotation_Work& work)
 {
     const auto tillage = edited.Properties.SZE_Rot_Tillage;

@@ -29,9 +29,6 @@ constexpr std::array<std::string_view, 3> Conditions_After_Harvest = {"Fallow", 
 // Load: each crop of the rotation once, in the order of its rows.
 Crop_Editor Edit_Crops(const Rotation_Work& work);
 
-// The defaults of a crop: its line of the data base, and fixed curve numbers and USLE factors.
-Crop_Row Crop_Defaults(const Crop_Data& crop);
-
 // "Default Values": all properties but the tillage flag.
 void Reset_Crop(Edited_Crop& edited, const Rotation_Work& work);
 

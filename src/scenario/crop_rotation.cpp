@@ -2,7 +2,7 @@
 
 #include "core/error.h"
 #include "core/files.h"
-#include "scenario/crop_properties.h"
+#include "files/file_messages.h"
 #include "scenario/saving.h"
 #include "ui/number_field.h"
 
@@ -56,7 +56,7 @@ std::vector<Crop_Data> Read_Crop_Data(const Session& session, const std::filesys
     try {
         return Parse_Crop_Data(Read_Whole(*file));
     } catch (const File_Error& error) {
-        session.Ask({File_Check, "Cannot read INPUT.DAT. " + std::string(error.what())});
+        session.Ask({File_Check, "Cannot read INPUT.DAT.\n" + Place_And_Reason(Crop_Data_File, error)});
         return {};
     }
 }

@@ -41,25 +41,32 @@ bool Repeats_Itself(const Pesticide_Document& document, std::size_t location, in
 
 } // namespace
 
-void Check_Pattern(const Pesticide_Document& document, Editor_State& editor, int location)
+Application_Pattern Pattern_Of_Location(const Pesticide_Document& document, int location)
 {
-    const auto l = static_cast<std::size_t>(std::clamp(location, 0, Last_Location));
-    const int count = Applications_Of(document, static_cast<int>(l));
-    editor.App_Pattern = 0;
+    const int l = std::clamp(location, 0, Last_Location);
+    const int count = Applications_Of(document, l);
     if (count < Fewest_Regular)
-        return;
-    for (std::uint8_t pattern = 1; pattern <= 3; ++pattern) {
+        return {};
+    for (int pattern = 1; pattern <= 3; ++pattern) {
         const int cycles = Cycles_Of_Pattern(pattern);
         if (count % cycles != 0)
             continue;
         const int per_year = count / cycles;
-        editor.App_Per_Year[l] = static_cast<std::int16_t>(per_year);
-        if (Repeats_Itself(document, l, count, per_year)) {
-            editor.App_Pattern = pattern;
-            editor.App_Cycles = static_cast<std::uint8_t>(cycles);
-        }
-        return;
+        const bool regular = Repeats_Itself(document, static_cast<std::size_t>(l), count, per_year);
+        return {regular ? pattern : 0, per_year};
     }
+    return {};
+}
+
+void Check_Pattern(const Pesticide_Document& document, Editor_State& editor, int location)
+{
+    const auto found = Pattern_Of_Location(document, location);
+    editor.App_Pattern = static_cast<std::uint8_t>(found.Pattern);
+    if (found.Pattern > 0)
+        editor.App_Cycles = static_cast<std::uint8_t>(Cycles_Of_Pattern(found.Pattern));
+    if (found.Per_Year > 0)
+        editor.App_Per_Year[static_cast<std::size_t>(std::clamp(location, 0, Last_Location))] =
+            static_cast<std::int16_t>(found.Per_Year);
 }
 
 } // namespace orvel

@@ -16,10 +16,17 @@ constexpr int Years_Of_Pattern(int pattern)
     return 20 * pattern + 6;
 }
 
-// Finds the pattern of a location from its list of applications, 0 to 9, and sets App_Pattern and App_Per_Year of that
-// location. In relative mode the shared list counts. A location without 22 applications, or whose years differ in date,
-// rate or depth, is irregular (0); the years themselves and the interception are not compared, and a fraction poorly
-// exposed other than 0 makes any list irregular.
+struct Application_Pattern {
+    int Pattern = 0;  // 0 irregular, 1 every year, 2 every other year, 3 every third year
+    int Per_Year = 0; // applications in an application year, 0: the list has no such number
+};
+
+// The pattern of a location, 0 to 9, by its list of applications. In relative mode the shared list counts. A location
+// without 22 applications, or whose years differ in date, rate or depth, is irregular; the years themselves and the
+// interception are not compared, and a fraction poorly exposed other than 0 makes any list irregular.
+Application_Pattern Pattern_Of_Location(const Pesticide_Document& document, int location);
+
+// Sets App_Pattern, App_Cycles and App_Per_Year of the location under edit by its pattern.
 void Check_Pattern(const Pesticide_Document& document, Editor_State& editor, int location);
 
 } // namespace orvel

@@ -1,13 +1,8 @@
 #include "substance/ph_sorption.h"
 
+#include "core/pesticide_constants.h"
+
 namespace orvel {
-
-namespace {
-
-constexpr double No_Dissociation = 20;
-constexpr double No_Second_Point = -99;
-
-} // namespace
 
 PH_Entry Load_PH(const Pesticide_Document& document, int i, const std::string& text_koc0)
 {
@@ -16,7 +11,7 @@ PH_Entry Load_PH(const Pesticide_Document& document, int i, const std::string& t
             .s_KOC2 = document.Koc2[i].Text(),
             .s_pH2 = document.Sorp_pH2[i].Text(),
             .s_pKa = document.Sorp_pKa[i].Text(),
-            .s_Dataset = document.Sorp_pH2[i].Number() == No_Second_Point};
+            .s_Dataset = document.Sorp_pH2[i].Number() == No_Value};
 }
 
 PH_View View_Of_PH(const PH_Entry& entry)
@@ -31,7 +26,7 @@ void Accept_PH(Pesticide_Document& document, int i, const PH_Entry& entry, std::
     document.Koc[i] = Val(entry.s_KOC);
     document.Koc2[i] = Val(entry.s_KOC2);
     document.Sorp_pH[i] = Val(entry.s_pH);
-    document.Sorp_pH2[i] = entry.s_Dataset ? No_Second_Point : Val(entry.s_pH2);
+    document.Sorp_pH2[i] = entry.s_Dataset ? No_Value : Val(entry.s_pH2);
     document.Sorp_pKa[i] = Val(entry.s_pKa);
     text_koc0 = document.Koc[i].Text();
 }

@@ -2,14 +2,14 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
-#include "core/numbers.h"
 #include "core/text.h"
 #include "output/balance_rows.h"
+#include "output/echo_file.h"
 #include "output/run_files.h"
+#include "tables/balance_text.h"
+#include "tables/table_cache.h"
 
-#include <initializer_list>
-#include <span>
-#include <stdexcept>
+#include <algorithm>
 
 namespace orvel {
 
@@ -17,38 +17,17 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int Number_Width = 4;
-constexpr int Figure_Width = 9;
-constexpr int Last_Pesticide_Width = 10;
-constexpr std::size_t Rule_Length = 117;
-
-// What differs between the views.
-struct View_Labels {
-    std::string_view Water_Cache, Pesticide_Cache;
-    std::string_view Title;                 // begins the titles of the tables
-    std::string_view Water_Head, Chem_Head; // the first column
-};
-constexpr View_Labels Annual_Words = {"MBalance.orv", "PBalance.orv", "\tAnnual ", "\tYear  \t", "\tYear  \t"};
-constexpr View_Labels Monthly_Words = {"MBalance_M.orv", "PBalance_M.orv", "\tMonthly ", "\tMonth  \t", "\tMonth\t"};
-
-const View_Labels& Labels_Of(Balance_View view)
+const Table_Cache& Cache_Of(Balance_View view)
 {
-    return view == Balance_View::Annual ? Annual_Words : Monthly_Words;
-}
-
-std::string Row_Text(std::size_t number, std::initializer_list<double> figures, int last_width)
-{
-    std::string line = "\t" + Number_Text('I', static_cast<double>(number), Number_Width) + "    ";
-    for (const double& figure : figures)
-        line += "\t" + Number_Text('F', figure, &figure + 1 == figures.end() ? last_width : Figure_Width);
-    return line;
+    static constexpr Table_Cache Annual = {"MBalance.orv", "PBalance.orv"};
+    static constexpr Table_Cache Monthly = {"MBalance_M.orv", "PBalance_M.orv"};
+    return view == Balance_View::Annual ? Annual : Monthly;
 }
 
 class Builder {
 public:
     Builder(const fs::path& run_directory, Balance_View view, const Progress& progress, Balance_Tables& tables)
         : View(view),
-          Labels(Labels_Of(view)),
           Wasser(Found_Or_New(run_directory, "Wasser.orv")),
           Chems(Chem_Files(run_directory)),
           Report_Progress(progress, Files()),
@@ -80,27 +59,13 @@ private:
         return files;
     }
 
-    void Begin(Table_Text& text, const std::string& title)
-    {
-        text.Line("");
-        text.Line("");
-        text.Line(std::string(Labels.Title) + title);
-        text.Line("");
-    }
-
     void Read_Water()
     {
-        Begin(Water, "Water Balance (L/m\xB2)");
-        Water.Line(std::string(Labels.Water_Head) +
-                   "Precipitation\tIrrigation\t  Runoff\tEvapotransp.\t Percolate\tDiff. Storage");
+        Print_Water_Head(Water, View);
         Line_Scanner wasser(Wasser);
         Scan_Water_Balance(wasser, View, [&](const Water_Balance_Row& row) {
-            Tables.Water.push_back(row);
-            const auto number = Tables.Water.size();
-            Water.Line(Row_Text(number,
-                                {row.Precipitation, row.Irrigation, row.Runoff, row.Evapotranspiration, row.Percolate,
-                                 row.Diff_Storage},
-                                Figure_Width));
+            const auto number = Tables.Water.size() + 1;
+            Tables.Water.push_back(Print_Row(Water, number, row));
             Report_Progress.Tell(Message("wasser", number), wasser.Bytes_Read());
         });
         Done += wasser.Bytes_Read();
@@ -110,17 +75,11 @@ private:
     {
         const bool active_substance = Tables.Pesticide.empty();
         auto& rows = Tables.Pesticide.emplace_back();
-        Begin(Pesticide, chem.Label + " Balance (g/ha)");
-        Pesticide.Line(std::string(Labels.Chem_Head) + (active_substance ? "Application" : "Formation") +
-                       "\tVolatilisation\t  Runoff\tPlant uptake\tDegradation\t Percolate\tDiff. Storage");
-        Pesticide.Line("\t" + std::string(Rule_Length, '-'));
+        Tables.Substance_Name.emplace_back(Trim(chem.Label));
+        Print_Pesticide_Head(Pesticide, View, chem.Label, active_substance);
         Line_Scanner file(chem.File);
         Scan_Pesticide_Balance(file, View, active_substance, [&](const Pesticide_Balance_Row& row) {
-            rows.push_back(row);
-            Pesticide.Line(Row_Text(rows.size(),
-                                    {row.Application, row.Volatilisation, row.Runoff, row.Plant_Uptake, row.Degradation,
-                                     row.Percolate, row.Diff_Storage},
-                                    Last_Pesticide_Width));
+            rows.push_back(Print_Row(Pesticide, rows.size() + 1, row));
             Report_Progress.Tell(Message("chem" + chem.Suffix, rows.size()), Done + file.Bytes_Read());
         });
         Done += file.Bytes_Read();
@@ -132,7 +91,6 @@ private:
     }
 
     Balance_View View;
-    const View_Labels& Labels;
     fs::path Wasser;
     std::vector<Chem_File> Chems;
     Reading_Progress Report_Progress;
@@ -140,50 +98,38 @@ private:
     std::uint64_t Done = 0; // bytes of the files that are done with
 };
 
-void Build(const fs::path& run_directory, Balance_View view, const Progress& progress, Balance_Tables& tables)
+void Build(const fs::path& run_directory, Balance_View view, const Echo& echo, const Progress& progress,
+           Balance_Tables& tables)
 {
     const auto head = Read_Plot_Head(run_directory);
-    tables.Not_Cached = Why_No_Cache(run_directory, head);
+    tables.Titles.assign(head.Titles.begin(), head.Titles.end());
     Builder builder(run_directory, view, progress, tables);
     builder.Heads(head);
-    try {
-        builder.Read();
-    } catch (const File_Error& error) {
-        tables.Failure = To_Code_Page(error.what());
-    }
+    Build_With(tables, [&] { builder.Read(); });
     tables.Water_Text = builder.Water.Screen;
     tables.Pesticide_Text = builder.Pesticide.Screen;
-    if (!tables.Failure.empty())
-        return;
-    // A run that was started while its files were read is at work now.
-    if (tables.Not_Cached.empty())
-        tables.Not_Cached = Why_No_Cache(run_directory, head);
-    const auto& words = Labels_Of(view);
-    if (tables.Not_Cached.empty())
-        tables.Not_Cached = Write_Caches(run_directory, words.Water_Cache, words.Pesticide_Cache,
-                                         {builder.Water.File, builder.Pesticide.File});
-    tables.Cached = tables.Not_Cached.empty();
+    if (tables.Failure.empty())
+        Cache_Of(view).Write(run_directory, echo, head, {builder.Water.File, builder.Pesticide.File}, tables);
 }
 
 } // namespace
 
 Balance_Tables Build_Or_Load_Balance(const fs::path& run_directory, Balance_View view, const Progress& progress)
 {
+    const Echo echo = Read_Echo(run_directory);
     Balance_Tables tables;
-    const auto& words = Labels_Of(view);
-    if (const auto caches = Read_Caches(run_directory, words.Water_Cache, words.Pesticide_Cache)) {
-        tables.From_Cache = tables.Cached = true;
-        tables.Water_Text = Shown_Cache(caches->First);
-        tables.Pesticide_Text = Shown_Cache(caches->Second);
-        return tables;
+    tables.Run_Failed = echo.Failed();
+    if (const auto bytes = Cache_Of(view).Read(run_directory)) {
+        tables.From_Cache = tables.Kept = true;
+        tables.Water_Text = Window_Text(bytes->First);
+        tables.Pesticide_Text = Window_Text(bytes->Second);
+        Parse_Water(bytes->First, view, tables);
+        Parse_Pesticides(bytes->Second, view, tables);
+    } else {
+        Build_With(tables, [&] { Build(run_directory, view, echo, progress, tables); });
     }
-    try {
-        Build(run_directory, view, progress, tables);
-    } catch (const File_Error& error) {
-        tables.Failure = To_Code_Page(error.what());
-    } catch (const std::domain_error& error) {
-        tables.Failure = error.what(); // figures whose sum no double holds
-    }
+    for (std::size_t s = 0; s < std::min(tables.Substance_Name.size(), echo.Substance_Names.size()); ++s)
+        tables.Substance_Name[s] = echo.Substance_Names[s];
     return tables;
 }
 

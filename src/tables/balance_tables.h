@@ -1,35 +1,23 @@
 #pragma once
 
 #include "core/progress.h"
+#include "output/run_records.h"
+#include "tables/table_status.h"
 
-#include <array>
 #include <filesystem>
 #include <string>
 #include <vector>
 
 namespace orvel {
 
-// The water balance of a run and the pesticide balance of each of its substances, by year or by month.
-
-enum class Balance_View { Annual, Monthly };
-
-struct Water_Balance_Row { // L/m2
-    double Precipitation = 0, Irrigation = 0, Runoff = 0, Evapotranspiration = 0, Percolate = 0, Diff_Storage = 0;
-};
-
-struct Pesticide_Balance_Row { // g/ha; Application is the formation of a metabolite
-    double Application = 0, Volatilisation = 0, Runoff = 0, Plant_Uptake = 0, Degradation = 0, Percolate = 0,
-           Diff_Storage = 0;
-};
-
-struct Balance_Tables {
+// The water balance of a run and the pesticide balance of each of its substances, by year or by month. Figures are
+// those printed, whether the tables were built or read from their cache.
+struct Balance_Tables : Table_Status {
     std::string Water_Text, Pesticide_Text; // as a window shows them, bytes of Windows-1252, lines end in CR LF
-    std::vector<Water_Balance_Row> Water;   // empty if the texts came from the caches
-    std::vector<std::vector<Pesticide_Balance_Row>> Pesticide; // by substance; empty if the texts came from the caches
-    bool From_Cache = false;
-    bool Cached = false;    // the cache files hold these tables now
-    std::string Not_Cached; // why a complete table was not kept, a sentence
-    std::string Failure;    // why the texts end early, a sentence; empty if they are complete
+    std::vector<std::string> Titles;        // the four lines above the tables
+    std::vector<Water_Balance_Row> Water;
+    std::vector<std::vector<Pesticide_Balance_Row>> Pesticide; // by substance
+    std::vector<std::string> Substance_Name; // of these: as echo.orv has it, else as the table's title says
 };
 
 // Reads the caches MBalance.orv and PBalance.orv (by month: MBalance_M.orv and PBalance_M.orv) of a run directory if

@@ -23,11 +23,10 @@ constexpr std::array<Unit, 3> Units = {{{365.25, "Year "}, {30.44, "Month "}, {1
 
 std::string Daily_Title(const Daily_Request& request, std::string_view item)
 {
-    const bool sum = request.Cumulative && Is_Flow(request.Variable);
-    const auto& units =
-        Output_Variables[static_cast<std::size_t>(std::clamp(request.Variable, 0, Last_Output_Variable))].Out_Unit;
+    const auto& variable = Output_Variable_Of(request.Variable);
+    const bool sum = request.Cumulative && variable.Is_Flow();
     return (sum ? "Cumulative " : "") + std::string(item) + (item.ends_with(' ') ? "" : " ") +
-           std::string(units[sum ? 1 : 0]);
+           std::string(variable.Out_Unit[sum ? 1 : 0]);
 }
 
 Chart Daily_Diagram(const Daily_Series& series, const Daily_Request& request, std::string_view item, X_Unit unit)

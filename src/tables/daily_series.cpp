@@ -1,5 +1,7 @@
 #include "tables/daily_series.h"
 
+#include "core/output_variables.h"
+
 #include <algorithm>
 
 namespace orvel {
@@ -39,18 +41,13 @@ Day_Span Span_Of(std::span<const Run_Day> calendar, const Daily_Request& request
 
 } // namespace
 
-bool Is_Flow(int variable)
-{
-    return (variable >= 1 && variable <= 5) || (variable >= 8 && variable <= 13) || (variable >= 17 && variable <= 22);
-}
-
 Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Run_Day> calendar,
                                const Daily_Request& request)
 {
     Daily_Series series;
     series.Days = std::max(1, Months_Between(request.From, request.To)) * Days_Of_Month;
     const auto span = Span_Of(calendar, request);
-    const bool flow = Is_Flow(request.Variable);
+    const bool flow = Output_Variable_Of(request.Variable).Is_Flow();
     double sum = 0;
     if (flow)
         series.Points.reserve(values.size());

@@ -1,18 +1,12 @@
 #pragma once
 
-#include "tables/leachate_text.h"
+#include "tables/leachate_tables.h"
 
 namespace orvel {
 
 // The 20 application periods of `period_index` + 1 years each, summed out of the printed figures of a year table: a
 // period's concentration is its leached mass over its percolate, no mean of the yearly ones. Years behind the last
-// period do not count; periods without years are 0.
+// period do not count; periods without years are 0. The figures are not rounded.
 Leachate_Table Periods_Of(const Leachate_Table& years, int period_index);
-
-struct Period_Tables {
-    Table_Text Text; // the bytes of period.orv, and the text of the window
-    Leachate_Set Set;
-};
-Period_Tables Build_Periods(std::string_view year_bytes, int period_index);
 
 } // namespace orvel

@@ -5,13 +5,14 @@
 #include "core/session.h"
 #include "core/text.h"
 #include "output/echo_file.h"
+#include "output/run_files.h"
 #include "output/yearly_values.h"
 #include "tables/leachate_percentile.h"
 #include "tables/leachate_periods.h"
+#include "tables/leachate_text.h"
+#include "tables/table_cache.h"
 
 #include <algorithm>
-#include <cmath>
-#include <stdexcept>
 
 namespace orvel {
 
@@ -19,8 +20,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Year_Cache = "year.orv";
-constexpr std::string_view Period_Cache = "period.orv";
+constexpr Table_Cache Cache = {"year.orv", "period.orv"};
+constexpr std::string_view Result_Begin = "Results for ";
 constexpr std::array<std::string_view, 2> Depth_Messages = {" at 1 m soil depth.", " at the soil bottom."};
 
 // The yearly rows of a substance, both depths.
@@ -32,11 +33,11 @@ struct Substance_Years {
 // Reads the engine's files of one run: the water balance once, in step with the first substance's file.
 class Year_Reader {
 public:
-    Year_Reader(const fs::path& run_directory, const Progress& progress)
+    Year_Reader(const fs::path& run_directory, const Echo& echo, const Progress& progress)
         : Chems(Chem_Files(run_directory)),
           Wasser(Found_Or_New(run_directory, "Wasser.orv")),
           Report_Progress(progress, Files()),
-          Layers(Read_Echo_Layers(run_directory).Top_Layers)
+          Layers(echo.Layers().Top_Layers)
     {}
 
     // Fills `read` file after file, so that what was read so far stays when it throws.
@@ -104,34 +105,38 @@ private:
     std::uint64_t Done = 0; // bytes of the files that are done with
 };
 
-// Prints a table; one whose reading failed ends with its last row.
-Leachate_Table Print_Year_Table(Table_Text& text, Depth depth, std::string_view result_name,
-                                const Substance_Years& years, bool whole)
-{
-    Leachate_Table table{years.Rows[static_cast<std::size_t>(depth)], {}};
-    Print_Year_Head(text, depth, result_name, years.Label);
-    for (std::size_t y = 1; y <= table.Rows.size(); ++y)
-        Print_Year_Row(text, y, table.Rows[y - 1]);
-    if (!whole)
-        return table;
-    table.Result = Evaluate_Leachate(table.Rows, Warm_Up_Years);
-    Print_Leachate_Result(text, table.Result, depth == Depth::One_Metre ? Short_Percentile_Label : Percentile_Label);
-    return table;
-}
-
 // A failure ends the text behind the last row read: the tables at 1 m come first.
-void Print_Years(Table_Text& text, const std::vector<Substance_Years>& read, Leachate_Tables& tables)
+Table_Text Print_Year_Tables(const Plot_Head& head, const std::vector<Substance_Years>& read, Leachate_Tables& tables)
 {
+    Table_Text text;
+    text.Head(head);
     for (const auto depth : Depths) {
+        const auto at = static_cast<std::size_t>(depth);
         for (std::size_t s = 0; s < read.size(); ++s) {
+            Leachate_Table years{.Rows = read[s].Rows[at], .Label = read[s].Label};
+            if (s < tables.Result_Name.size())
+                years.Result_Name = tables.Result_Name[s];
             const bool whole = tables.Failure.empty() || s + 1 < read.size();
-            const std::string_view name =
-                s < tables.Result_Name.size() ? std::string_view(tables.Result_Name[s]) : std::string_view();
-            tables.Year[static_cast<std::size_t>(depth)].push_back(Print_Year_Table(text, depth, name, read[s], whole));
+            if (whole)
+                years.Result = Evaluate_Leachate(years.Rows, Warm_Up_Years);
+            tables.Year[at].push_back(Print_Years(text, depth, std::move(years), whole));
         }
         if (!tables.Failure.empty())
-            return;
+            break;
     }
+    return text;
+}
+
+Table_Text Print_Period_Tables(const Plot_Head& head, Leachate_Tables& tables)
+{
+    Table_Text text;
+    text.Head(head);
+    for (const auto depth : Depths) {
+        const auto at = static_cast<std::size_t>(depth);
+        for (const auto& years : tables.Year[at])
+            tables.Period[at].push_back(Print_Periods(text, depth, Periods_Of(years, tables.Period_Index)));
+    }
+    return text;
 }
 
 // The years of a period less one, by the number of simulated years.
@@ -142,79 +147,56 @@ int Period_Index_Of(std::size_t years, int otherwise)
     return found == Years.end() ? otherwise : static_cast<int>(found - Years.begin());
 }
 
-void Load(Leachate_Tables& tables, const Cache_Pair& caches)
+void Load(const Table_Cache::Bytes& bytes, Leachate_Tables& tables)
 {
-    tables.From_Cache = tables.Cached = true;
-    tables.Year_Text = Shown_Cache(caches.First);
-    tables.Period_Text = Shown_Cache(caches.Second);
-    tables.Period_Bytes = caches.Second;
-    tables.Year = Set_Of(Parse_Leachate(caches.First));
-    tables.Period = Set_Of(Parse_Leachate(caches.Second));
+    tables.From_Cache = tables.Kept = true;
+    tables.Year_Text = Window_Text(bytes.First);
+    tables.Period_Text = Window_Text(bytes.Second);
+    auto periods = Parse_Leachate(bytes.Second);
+    tables.Titles = std::move(periods.Titles);
+    tables.Period = std::move(periods.Set);
+    tables.Year = Parse_Leachate(bytes.First).Set;
     if (!tables.Year[0].empty())
         tables.Period_Index = Period_Index_Of(tables.Year[0].back().Rows.size(), tables.Period_Index);
 }
 
-// Reads and prints the year tables; gives the bytes of their cache.
-Table_Text Build_Years(const fs::path& run_directory, const Plot_Head& head, const Progress& progress,
-                       Leachate_Tables& tables)
-{
-    std::vector<Substance_Years> read;
-    try {
-        Year_Reader(run_directory, progress).Read(read);
-    } catch (const File_Error& error) {
-        tables.Failure = To_Code_Page(error.what());
-    }
-    Table_Text text;
-    text.Head(head);
-    Print_Years(text, read, tables);
-    return text;
-}
-
-void Build(const fs::path& run_directory, const Progress& progress, Leachate_Tables& tables)
+void Build(const fs::path& run_directory, const Echo& echo, const Progress& progress, Leachate_Tables& tables)
 {
     const auto head = Read_Plot_Head(run_directory);
-    tables.Not_Cached = Why_No_Cache(run_directory, head);
-    const auto text = Build_Years(run_directory, head, progress, tables);
-    tables.Year_Text = text.Screen;
+    tables.Titles.assign(head.Titles.begin(), head.Titles.end());
+    std::vector<Substance_Years> read;
+    Build_With(tables, [&] { Year_Reader(run_directory, echo, progress).Read(read); });
+    const auto years = Print_Year_Tables(head, read, tables);
+    tables.Year_Text = years.Screen;
     if (!tables.Failure.empty())
         return;
     tables.Period_Index = Period_Index_Of(tables.Year[0].back().Rows.size(), tables.Period_Index);
-    auto periods = Build_Periods(text.File, tables.Period_Index);
-    tables.Period_Text = std::move(periods.Text.Screen);
-    tables.Period = std::move(periods.Set);
-    tables.Period_Bytes = periods.Text.File;
-    // A run that was started while its files were read is at work now.
-    if (tables.Not_Cached.empty())
-        tables.Not_Cached = Why_No_Cache(run_directory, head);
-    if (tables.Not_Cached.empty())
-        tables.Not_Cached = Write_Caches(run_directory, Year_Cache, Period_Cache, {text.File, periods.Text.File});
-    tables.Cached = tables.Not_Cached.empty();
+    const auto periods = Print_Period_Tables(head, tables);
+    tables.Period_Text = periods.Screen;
+    Cache.Write(run_directory, echo, head, {years.File, periods.File}, tables);
 }
 
 } // namespace
 
 Leachate_Tables Build_Or_Load(const fs::path& run_directory, const Progress& progress, int period_index)
 {
+    const Echo echo = Read_Echo(run_directory);
     Leachate_Tables tables;
     tables.Period_Index = period_index;
-    try {
-        for (const auto& name : Read_Substance_Names(run_directory))
-            tables.Result_Name.push_back("Results for " + name);
-    } catch (const File_Error&) {
-        tables.Result_Name.clear(); // the tables then have no names, or the builder tells what is missing
-    }
-    if (const auto caches = Read_Caches(run_directory, Year_Cache, Period_Cache)) {
-        Load(tables, *caches);
-        return tables;
-    }
-    try {
-        Build(run_directory, progress, tables);
-    } catch (const File_Error& error) {
-        tables.Failure = To_Code_Page(error.what());
-    } catch (const std::domain_error& error) {
-        tables.Failure = error.what(); // figures whose sum no double holds
-    }
+    tables.Run_Failed = echo.Failed();
+    tables.Has_Echo = echo.Missing.empty();
+    for (const auto& name : echo.Substance_Names)
+        tables.Result_Name.push_back(std::string(Result_Begin) + name);
+    if (const auto bytes = Cache.Read(run_directory))
+        Load(*bytes, tables);
+    else
+        Build_With(tables, [&] { Build(run_directory, echo, progress, tables); });
     return tables;
+}
+
+std::string Substance_Of(std::string_view result_name)
+{
+    return std::string(result_name.substr(result_name.starts_with(Result_Begin) ? Result_Begin.size() : 0));
 }
 
 } // namespace orvel

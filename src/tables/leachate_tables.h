@@ -1,10 +1,13 @@
 #pragma once
 
 #include "core/progress.h"
+#include "output/run_records.h"
+#include "tables/table_status.h"
 
 #include <array>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
@@ -12,11 +15,7 @@ namespace orvel {
 // The average concentrations in the leachate of a run: a table by year and a table by application period, of each
 // substance at two depths.
 
-constexpr int Warm_Up_Years = 6;
 constexpr int Leachate_Periods = 20;
-
-enum class Depth { One_Metre, Core_Bottom };
-constexpr std::array<Depth, 2> Depths = {Depth::One_Metre, Depth::Core_Bottom};
 
 struct Leachate_Row {
     double Flux = 0;      // g/ha
@@ -37,21 +36,22 @@ struct Leachate_Result {
 struct Leachate_Table {
     std::vector<Leachate_Row> Rows;
     Leachate_Result Result;
+    std::string P80_Text; // the percentile's positions and figures as printed; empty in a table that ends before them
+    std::string Result_Name; // "Results for ...", as its title says; empty without a name
+    std::string Label;       // of its substance's column: "Pesticide", " Metab.A1" ...
 };
 
 // The tables of one kind: [depth][substance], the active substance first, then the metabolites found.
 using Leachate_Set = std::array<std::vector<Leachate_Table>, 2>;
 
-struct Leachate_Tables {
+// Figures are those printed, whether the tables were built or read from their cache.
+struct Leachate_Tables : Table_Status {
     std::string Year_Text, Period_Text;   // as a window shows them, bytes of Windows-1252, lines end in CR LF
+    std::vector<std::string> Titles;      // the four lines above the tables
     std::vector<std::string> Result_Name; // "Results for ..." by substance, as echo.orv names them
-    Leachate_Set Year, Period;            // out of the cache, the figures are those printed there
-    int Period_Index = 0;                 // years of a period less one: 0, 1 or 2
-    std::string Period_Bytes;             // of period.orv, kept or not
-    bool From_Cache = false;
-    bool Cached = false;    // year.orv and period.orv hold these tables now
-    std::string Not_Cached; // why a complete table was not kept, a sentence
-    std::string Failure;    // why the texts end early, a sentence; empty if they are complete
+    bool Has_Echo = false;                // echo.orv was there to name them
+    Leachate_Set Year, Period;
+    int Period_Index = 0; // years of a period less one: 0, 1 or 2
 };
 
 // Reads the caches year.orv and period.orv of a run directory if both are there; else builds the tables out of the
@@ -59,5 +59,8 @@ struct Leachate_Tables {
 // file holds: the texts then end early. `period_index` is kept for a run of other than 26, 46 or 66 years.
 Leachate_Tables Build_Or_Load(const std::filesystem::path& run_directory, const Progress& progress = {},
                               int period_index = 0);
+
+// The substance of a "Results for ...".
+std::string Substance_Of(std::string_view result_name);
 
 } // namespace orvel

@@ -14,17 +14,78 @@ namespace {
 constexpr int Number_Width = 4;
 constexpr int Figure_Width = 12;
 constexpr int Conc_Decimals = 3;
+constexpr std::size_t P80_Width = 100; // the most columns of a percentile row that a report repeats
 constexpr std::size_t Title_Count = 4;
-constexpr std::size_t Title_Head = 4; // two blank lines, the title, a blank line
+constexpr std::size_t Title_Line = 2, Heads_Line = 4; // of a table, behind two blank lines and a blank line
 
+constexpr std::string_view Rule = "\t------------------------------------------------------------";
+constexpr std::string_view Total_Label = "Total    ";
+constexpr std::string_view Percentile_Label = "80 Perc.(", Short_Percentile_Label = "Perc.(";
+constexpr std::string_view Gap = "    "; // behind a row's number
+constexpr std::string_view Title_End = " in the percolate at ";
 constexpr std::array<std::string_view, 2> Depth_Titles = {" in the percolate at 1 m soil depth",
                                                           " in the percolate at the bottom of the simulated soil core"};
 constexpr std::array<std::string_view, 2> Flux_Heads = {" Flux", "  Flux"};
 
+// What differs between the two kinds of table; the heads of the first column in the file and on the screen.
+struct Table_Words {
+    std::string_view File_Head, Screen_Head, Units;
+};
+constexpr Table_Words Year_Words = {"\t  Year  \t", "\t  Year  \t",
+                                    "\t         \t     (g/ha)\t     (L/m\xB2)\t     (\xB5g/L)  "};
+constexpr Table_Words Period_Words = {"\t     Period \t", "\t Period \t",
+                                      "\t         \t     (g/ha)\t    (L/m\xB2)\t     (\xB5g/L)  "};
+
 std::string Figures(const Leachate_Row& row)
 {
-    return "\t" + Number_Text('F', row.Flux, Figure_Width) + "\t" + Number_Text('F', row.Percolate, Figure_Width) +
-           "\t" + Fixed_Text(row.Conc, Conc_Decimals);
+    std::string text;
+    for (const double figure : {row.Flux, row.Percolate})
+        text.append(Tab_Char).append(Number_Text('F', figure, Figure_Width));
+    return text.append(Tab_Char).append(Fixed_Text(row.Conc, Conc_Decimals));
+}
+
+Leachate_Row Rounded(const Leachate_Row& row)
+{
+    return {As_Printed(row.Flux), As_Printed(row.Percolate), Val(Fixed_Text(row.Conc, Conc_Decimals))};
+}
+
+void Print_Head(Table_Text& text, const Table_Words& words, Depth depth, const Leachate_Table& table)
+{
+    const auto at = static_cast<std::size_t>(depth);
+    text.Line(" ");
+    text.Line(" ");
+    text.Line("\t" + table.Result_Name + std::string(Depth_Titles[at]));
+    text.Line(" ");
+    const std::string heads = table.Label + std::string(Flux_Heads[at]) + "\t   Percolate\tPesticide Conc.";
+    text.Line(std::string(words.File_Head) + heads, std::string(words.Screen_Head) + heads);
+    text.Line(words.Units);
+}
+
+void Print_Row(Table_Text& text, std::size_t number, const Leachate_Row& row)
+{
+    std::string line(Tab_Char);
+    text.Line(
+        line.append(Number_Text('I', static_cast<double>(number), Number_Width)).append(Gap).append(Figures(row)));
+}
+
+void Print_Labelled(Table_Text& text, std::string_view label, std::string_view screen_label, const std::string& figures)
+{
+    const std::string tab(Tab_Char);
+    text.Line((tab + std::string(label)).append(figures), (tab + std::string(screen_label)).append(figures));
+}
+
+// The rule, the total and the percentile.
+void Print_Result(Table_Text& text, Leachate_Table& table, std::string_view screen_label)
+{
+    auto& result = table.Result;
+    std::string behind = std::to_string(result.A);
+    behind.append("/").append(std::to_string(result.B)).append(")").append(Figures(result.P80));
+    table.P80_Text = Columns(std::string("(").append(behind), 1, P80_Width);
+    text.Line(Rule);
+    Print_Labelled(text, Total_Label, Total_Label, Figures(result.Total));
+    Print_Labelled(text, Percentile_Label, screen_label, behind);
+    result.Total = Rounded(result.Total);
+    result.P80 = Rounded(result.P80);
 }
 
 // Flux, percolate and concentration from a cell on.
@@ -45,6 +106,18 @@ int To_Position(std::string_view text)
     return value >= 0 && value < 1000 ? static_cast<int>(value) : 0;
 }
 
+void Read_Percentile(std::string_view line, const std::vector<std::string_view>& cells, Leachate_Table& table)
+{
+    const auto label = cells[1];
+    const auto open = label.find('('), slash = label.find('/');
+    table.Result.P80 = Figures_From(cells, 2);
+    if (open != std::string_view::npos && slash != std::string_view::npos) {
+        table.Result.A = To_Position(label.substr(open + 1));
+        table.Result.B = To_Position(label.substr(slash + 1));
+    }
+    table.P80_Text = Columns(line, Percentile_Label.size() + 1, P80_Width);
+}
+
 // Reads a table's lines behind its column heads, to the percentile row.
 void Read_Rows(Line_Reader& lines, Leachate_Table& table)
 {
@@ -53,93 +126,79 @@ void Read_Rows(Line_Reader& lines, Leachate_Table& table)
         const auto cells = Line_Cells(line);
         if (cells.size() < 2 || Is_Rule(line))
             continue;
-        if (cells[1].starts_with("Total")) {
+        if (cells[1].starts_with("Total"))
             table.Result.Total = Figures_From(cells, 2);
-        } else if (cells[1].starts_with("80 Perc")) {
-            const auto total = table.Result.Total;
-            table.Result = Parse_Percentile(line);
-            table.Result.Total = total;
-            return;
-        } else if (!cells[1].empty()) { // the unit line begins with blanks
+        else if (cells[1].starts_with("80 Perc"))
+            return Read_Percentile(line, cells, table);
+        else if (!cells[1].empty()) // the unit line begins with blanks
             table.Rows.push_back(Figures_From(cells, 2));
-        }
     }
+}
+
+void Read_Head(const std::array<std::string_view, Heads_Line + 1>& head, Depth depth, Leachate_Table& table)
+{
+    auto title = head[Title_Line];
+    if (title.starts_with('\t'))
+        title.remove_prefix(1);
+    table.Result_Name = title.substr(0, title.rfind(Title_End));
+    auto label = head[Heads_Line];
+    for (int tab = 0; tab < 2; ++tab)
+        label.remove_prefix(Contains(label, Tab_Char) ? label.find('\t') + 1 : label.size());
+    label = label.substr(0, label.find('\t'));
+    const auto flux = Flux_Heads[static_cast<std::size_t>(depth)];
+    table.Label = label.substr(0, label.ends_with(flux) ? label.size() - flux.size() : label.size());
 }
 
 } // namespace
 
-void Print_Year_Head(Table_Text& text, Depth depth, std::string_view result_name, std::string_view label)
+Leachate_Table Print_Years(Table_Text& text, Depth depth, Leachate_Table years, bool whole)
 {
-    const auto at = static_cast<std::size_t>(depth);
-    text.Line(" ");
-    text.Line(" ");
-    text.Line("\t" + std::string(result_name).append(Depth_Titles[at]));
-    text.Line(" ");
-    text.Line("\t  Year  \t" + std::string(label).append(Flux_Heads[at]) + "\t   Percolate\tPesticide Conc.");
-    text.Line("\t         \t     (g/ha)\t     (L/m\xB2)\t     (\xB5g/L)  ");
+    Print_Head(text, Year_Words, depth, years);
+    for (std::size_t y = 1; y <= years.Rows.size(); ++y) {
+        auto& row = years.Rows[y - 1];
+        Print_Row(text, y, row);
+        row = Rounded(row);
+        if (y == Warm_Up_Years)
+            text.Line(Rule);
+    }
+    // On the screen the percentile at 1 m lacks its "80 ".
+    if (whole)
+        Print_Result(text, years, depth == Depth::One_Metre ? Short_Percentile_Label : Percentile_Label);
+    return years;
 }
 
-void Print_Year_Row(Table_Text& text, std::size_t year, const Leachate_Row& row)
+Leachate_Table Print_Periods(Table_Text& text, Depth depth, Leachate_Table periods)
 {
-    Print_Leachate_Row(text, year, row);
-    if (year == Warm_Up_Years)
-        text.Line(Leachate_Dashes);
+    Print_Head(text, Period_Words, depth, periods);
+    text.Line(Rule);
+    for (std::size_t p = 1; p <= periods.Rows.size(); ++p) {
+        auto& row = periods.Rows[p - 1];
+        Print_Row(text, p, row);
+        row = Rounded(row);
+    }
+    Print_Result(text, periods, Percentile_Label);
+    return periods;
 }
 
-void Print_Leachate_Row(Table_Text& text, std::size_t number, const Leachate_Row& row)
+Cached_Leachate Parse_Leachate(std::string_view bytes)
 {
-    text.Line("\t" + Number_Text('I', static_cast<double>(number), Number_Width) + "    " + Figures(row));
-}
-
-void Print_Leachate_Result(Table_Text& text, const Leachate_Result& result, std::string_view screen_label)
-{
-    const std::string behind = General_Text(result.A) + "/" + General_Text(result.B) + ")" + Figures(result.P80);
-    text.Line(Leachate_Dashes);
-    text.Line("\tTotal    " + Figures(result.Total));
-    text.Line("\t" + std::string(Percentile_Label) + behind, "\t" + std::string(screen_label) + behind);
-}
-
-Printed_Tables Parse_Leachate(std::string_view bytes)
-{
-    Printed_Tables printed;
+    Cached_Leachate cached;
     Line_Reader lines(bytes);
-    while (!lines.At_End() && printed.Titles.size() < Title_Count)
-        printed.Titles.emplace_back(Trim(lines.Next()));
+    while (!lines.At_End() && cached.Titles.size() < Title_Count)
+        cached.Titles.emplace_back(Trim(lines.Next()));
     while (!lines.At_End()) {
-        Printed_Table table;
-        while (!lines.At_End() && table.Head.size() <= Title_Head)
-            table.Head.emplace_back(lines.Next());
-        if (table.Head.size() <= Title_Head)
+        std::array<std::string_view, Heads_Line + 1> head;
+        std::size_t read = 0;
+        while (!lines.At_End() && read < head.size())
+            head[read++] = lines.Next();
+        if (read < head.size())
             break;
-        table.At = Contains(table.Head[2], Depth_Titles[1]) ? Depth::Core_Bottom : Depth::One_Metre;
-        Read_Rows(lines, table.Table);
-        printed.Tables.push_back(std::move(table));
+        const auto depth = Contains(head[Title_Line], Depth_Titles[1]) ? Depth::Core_Bottom : Depth::One_Metre;
+        auto& table = cached.Set[static_cast<std::size_t>(depth)].emplace_back();
+        Read_Head(head, depth, table);
+        Read_Rows(lines, table);
     }
-    return printed;
-}
-
-Leachate_Result Parse_Percentile(std::string_view line)
-{
-    const auto cells = Line_Cells(line);
-    Leachate_Result result;
-    if (cells.size() < 2)
-        return result;
-    result.P80 = Figures_From(cells, 2);
-    const auto label = cells[1];
-    const auto open = label.find('('), slash = label.find('/');
-    if (open != std::string_view::npos && slash != std::string_view::npos) {
-        result.A = To_Position(label.substr(open + 1));
-        result.B = To_Position(label.substr(slash + 1));
-    }
-    return result;
-}
-
-Leachate_Set Set_Of(const Printed_Tables& printed)
-{
-    Leachate_Set set;
-    for (const auto& table : printed.Tables)
-        set[static_cast<std::size_t>(table.At)].push_back(table.Table);
-    return set;
+    return cached;
 }
 
 } // namespace orvel

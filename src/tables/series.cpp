@@ -6,7 +6,6 @@
 #include "output/plot_file.h"
 #include "output/quick_val.h"
 #include "output/table_lines.h"
-#include "runs/mode.h"
 
 #include <algorithm>
 
@@ -14,7 +13,6 @@ namespace orvel {
 
 namespace {
 
-constexpr int Head_Lines = 11;
 constexpr double Last_Day = 1e6;
 constexpr int Lines_Between_Progress = 1 << 14;
 
@@ -22,12 +20,6 @@ Plot_Value Value_Of(std::string_view line, std::size_t first)
 {
     const auto [day, hour] = Moment_Of(line);
     return {day, hour, Quick_Val(Columns(line, first, Plot_Value_Width))};
-}
-
-// Whether a directory of this name, in any case, stands in the path.
-bool Lies_In(const std::filesystem::path& path, std::string_view directory)
-{
-    return std::ranges::any_of(path, [&](const auto& part) { return Same_Text(part.string(), directory); });
 }
 
 } // namespace
@@ -39,7 +31,7 @@ std::vector<Plot_Value> Read_Plot_Column(const std::filesystem::path& file, int 
     Line_Scanner plot(file);
     std::error_code unknown;
     const auto size = static_cast<double>(std::max<std::uintmax_t>(std::filesystem::file_size(file, unknown), 1));
-    if (!plot.Skip(Head_Lines))
+    if (!plot.Skip(Plot_Head_Lines))
         return values;
     for (int line = 1; plot.Next(); ++line) {
         if (line == 1)
@@ -65,26 +57,11 @@ std::vector<Run_Day> Parse_Calendar(std::string_view bytes)
     return days;
 }
 
-std::filesystem::path Calendar_File(const Session& session, const std::filesystem::path& run_directory, bool single_run)
-{
-    auto directory = session.Program.App_Path;
-    if (!single_run) {
-        const auto below = run_directory.lexically_relative(directory);
-        auto kind = Mode_Kind::Focus;
-        for (const auto other : {Mode_Kind::Efsa, Mode_Kind::Efsa_T4}) {
-            if (Lies_In(below.empty() ? run_directory : below, Mode_Of(other).Directory))
-                kind = other;
-        }
-        directory = Mode_Directory(session, Mode_Of(kind));
-    }
-    return Found_Or_New(directory, "datum.dat");
-}
-
-Daily_Series Read_Daily_Series(const Session& session, const std::filesystem::path& run_directory, bool single_run,
+Daily_Series Read_Daily_Series(const std::filesystem::path& calendar, const std::filesystem::path& run_directory,
                                int column, const Daily_Request& request, const Progress& progress)
 try {
-    const auto calendar = Parse_Calendar(Read_Whole(Calendar_File(session, run_directory, single_run)));
-    return Make_Daily_Series(Read_Plot_Column(Found_Or_New(run_directory, "plot.orv"), column, progress), calendar,
+    const auto days = Parse_Calendar(Read_Whole(calendar));
+    return Make_Daily_Series(Read_Plot_Column(Found_Or_New(run_directory, "plot.orv"), column, progress), days,
                              request);
 } catch (const File_Error&) {
     return Make_Daily_Series({}, {}, request);

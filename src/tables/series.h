@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/progress.h"
-#include "core/session.h"
 #include "tables/daily_series.h"
 
 #include <filesystem>
@@ -20,13 +19,8 @@ std::vector<Plot_Value> Read_Plot_Column(const std::filesystem::path& file, int 
 // A line a day: running number, day of the month, month, year.
 std::vector<Run_Day> Parse_Calendar(std::string_view bytes);
 
-// The calendar of a run: that of the installation for a single run, else that of the mode which the run directory lies
-// in.
-std::filesystem::path Calendar_File(const Session& session, const std::filesystem::path& run_directory,
-                                    bool single_run);
-
 // The series that the diagram draws. A missing file gives one without points.
-Daily_Series Read_Daily_Series(const Session& session, const std::filesystem::path& run_directory, bool single_run,
+Daily_Series Read_Daily_Series(const std::filesystem::path& calendar, const std::filesystem::path& run_directory,
                                int column, const Daily_Request& request, const Progress& progress = {});
 
 } // namespace orvel

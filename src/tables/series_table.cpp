@@ -6,6 +6,7 @@
 #include "core/text.h"
 #include "output/parameter_list.h"
 #include "output/series_days.h"
+#include "runs/run_control.h"
 #include "tables/series.h"
 
 #include <array>
@@ -39,9 +40,14 @@ std::string Count_Cell(int number)
     return std::string(Tab_Char) + Left(Number_Text('I', number, Number_Width), 2 * Number_Width);
 }
 
+bool Is_Flow(const Parameter_Item& item)
+{
+    return Output_Variable_Of(item.Variable).Is_Flow();
+}
+
 std::string_view Unit_Of(const Parameter_Item& item)
 {
-    return Output_Variables[static_cast<std::size_t>(item.Variable)].Out_Unit[Is_Flow(item.Variable) ? 1 : 0];
+    return Output_Variable_Of(item.Variable).Out_Unit[Is_Flow(item) ? 1 : 0];
 }
 
 // The parts of a date that name a row, and how many days it stands for where that is not plain.
@@ -70,7 +76,7 @@ void Put_Legend(std::string& text, Utility period, const Items& items)
     for (std::size_t i = 0; i < items.size(); ++i) {
         const std::string name = Replace_All(std::string(Trim(items[i].Text)), "  ", " ");
         Put_Line(text, Count_Cell(static_cast<int>(i) + 1) + "\t" + name + " " + std::string(Unit_Of(items[i])) +
-                           (Is_Flow(items[i].Variable) ? ", amount" : ", mean of the days"));
+                           (Is_Flow(items[i]) ? ", amount" : ", mean of the days"));
     }
 }
 
@@ -85,7 +91,7 @@ void Put_Heads(std::string& text, Utility period, const Items& items)
     }
     for (std::size_t i = 0; i < items.size(); ++i) {
         numbers += Cell(std::to_string(i + 1));
-        codes += Cell(Output_Variables[static_cast<std::size_t>(items[i].Variable)].Out_Code);
+        codes += Cell(Output_Variable_Of(items[i].Variable).Out_Code);
         units += Cell(Unit_Of(items[i]));
     }
     Put_Line(text, "");
@@ -132,8 +138,7 @@ public:
             Text += Count_Cell(First.Month);
         Text += Count_Cell(Kind == Utility::Day ? First.Day : Days);
         for (std::size_t i = 0; i < Columns.size(); ++i)
-            Text.append(Tab_Char).append(
-                Number_Text('F', Is_Flow(Columns[i].Variable) ? Sums[i] : Sums[i] / Days, Cell_Width));
+            Text.append(Tab_Char).append(Number_Text('F', Is_Flow(Columns[i]) ? Sums[i] : Sums[i] / Days, Cell_Width));
         Text.append(CrLf);
         Days = 0;
         Sums.assign(Sums.size(), 0);
@@ -194,7 +199,8 @@ std::string Series_Table(Utility period, const fs::path& directory, std::span<co
     Rows rows(period, items, text);
     while (days.Next())
         rows.Add(days.Date(), days.Values());
-    days.Expect_Last_Day(directory);
+    const auto end = Read_Run_End(directory);
+    days.Expect_Last_Day(end ? std::optional(Run_Day{.Day = end->Day, .Month = end->Month}) : std::nullopt);
     rows.Close();
     Put_Line(text, Rule());
     return text;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "evaluation/utility_table.h"
-#include "tables/daily_series.h"
+#include "output/run_records.h"
+#include "tables/utilities.h"
 
 #include <filesystem>
 #include <span>

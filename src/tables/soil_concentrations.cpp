@@ -7,8 +7,8 @@
 #include "output/echo_file.h"
 #include "output/run_files.h"
 #include "output/soil_averages.h"
-
-#include <stdexcept>
+#include "tables/table_cache.h"
+#include "tables/table_text.h"
 
 namespace orvel {
 
@@ -32,17 +32,18 @@ void Print_Substance(Table_Text& text, std::string_view name, bool pore_water,
     }
 }
 
-void Read(const fs::path& file, int depth, const Progress& progress, Soil_Concentrations& soil, Table_Text& text)
+// Fills the record and prints it into `text`; gives the head of plot.orv.
+Plot_Head Read(const fs::path& file, int depth, const Progress& progress, Soil_Concentrations& soil, Table_Text& text)
 {
     Line_Scanner plot(file);
-    const auto head = Scan_Plot_Head(plot);
+    auto head = Scan_Plot_Head(plot);
     text.Head(head);
     text.Line("");
     text.Line("");
-    const Reading_Progress told(progress, {file});
+    const Reading_Progress reading(progress, {file});
     const auto averages = Scan_Soil_Profile(plot, head, depth, [&](int days) {
-        told.Tell("Please wait! Reading file plot, day " + std::to_string(First_Evaluated_Day - 1 + days) + ".",
-                  plot.Bytes_Read());
+        reading.Tell("Please wait! Reading file plot, day " + std::to_string(First_Evaluated_Day - 1 + days) + ".",
+                     plot.Bytes_Read());
     });
     for (std::size_t s = 0; s < averages.size(); ++s) {
         soil.Maximum.push_back(averages[s].Maxima());
@@ -50,38 +51,47 @@ void Read(const fs::path& file, int depth, const Progress& progress, Soil_Concen
             s < soil.Substance_Name.size() ? std::string_view(soil.Substance_Name[s]) : std::string_view();
         Print_Substance(text, name, Contains(head.Titles[3], "Pore"), soil.Maximum.back());
     }
-    soil.Not_Written = averages.empty()
-                           ? "The output of the run has no profile of the soil: there is nothing to evaluate."
-                           : Why_No_Cache(file.parent_path(), head);
+    return head;
+}
+
+// Why the table is not written, a sentence; empty if it may be. `echo` is that from before it was read.
+std::string Why_Not_Written(const fs::path& run_directory, const Soil_Concentrations& soil, const Plot_Head& head,
+                            const Echo& echo)
+{
+    if (soil.Maximum.empty())
+        return "The output of the run has no profile of the soil: there is nothing to evaluate.";
+    Echo now = echo;
+    Look_Again(now, run_directory);
+    if (auto why = Why_Not_Kept(now, head); !why.empty())
+        return why;
+    return echo.At_Work || echo.Failed() ? "The simulation was still at work." : "";
 }
 
 } // namespace
 
 Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int depth, const Progress& progress)
 {
+    const Echo echo = Read_Echo(run_directory);
     Soil_Concentrations soil;
+    soil.Run_Failed = echo.Failed();
     Table_Text text;
-    try {
+    Build_With(soil, [&] {
         if (depth < 1)
             throw File_Error("The depth must be at least one layer.");
-        soil.Substance_Name = Read_Substance_Names(run_directory);
-        const bool at_work = !Why_No_Cache(run_directory, {.Whole = true}).empty();
-        Read(Found_Or_New(run_directory, "plot.orv"), depth, progress, soil, text);
-        if (at_work && soil.Not_Written.empty())
-            soil.Not_Written = "The simulation was still at work.";
-    } catch (const File_Error& error) {
-        soil.Failure = To_Code_Page(error.what());
-    } catch (const std::domain_error& error) {
-        soil.Failure = error.what(); // figures whose sum no double holds
-    }
+        if (!echo.Missing.empty())
+            throw File_Error(echo.Missing);
+        soil.Substance_Name = echo.Substance_Names;
+        const auto head = Read(Found_Or_New(run_directory, "plot.orv"), depth, progress, soil, text);
+        soil.Not_Kept = Why_Not_Written(run_directory, soil, head, echo);
+    });
     soil.Text = text.Screen;
-    if (!soil.Failure.empty() || !soil.Not_Written.empty())
+    if (!soil.Note().empty())
         return soil;
     try {
         Write_Whole(Found_Or_New(run_directory, "PECsoil_" + std::to_string(depth) + ".orv"), text.File);
-        soil.Written = true;
+        soil.Kept = true;
     } catch (const File_Error& error) {
-        soil.Not_Written = To_Code_Page(error.what());
+        soil.Not_Kept = To_Code_Page(error.what());
     }
     return soil;
 }

@@ -3,7 +3,6 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/text.h"
-#include "output/run_files.h"
 
 #include <fstream>
 
@@ -53,10 +52,10 @@ try {
     std::error_code missing;
     const auto size = std::filesystem::file_size(file, missing);
     if (missing || size <= Largest_Shown_File)
-        return Shown_Cache(Read_Whole(file));
+        return Window_Text(Read_Whole(file));
     session.Ask(
         {"Size limit exceeded!", "The file " + Name_Shown(file) + " is too big! Only the first part is presented."});
-    return Shown_Cache(Read_Begin(file, Largest_Shown_File));
+    return Window_Text(Read_Begin(file, Largest_Shown_File));
 } catch (const File_Error& error) {
     session.Ask({"File check", To_Code_Page(error.what())});
     return std::nullopt;
@@ -64,7 +63,7 @@ try {
 
 std::optional<std::string> Shown_Whole(const Session& session, const std::filesystem::path& file)
 try {
-    return Shown_Cache(Read_Whole(file));
+    return Window_Text(Read_Whole(file));
 } catch (const File_Error& error) {
     session.Ask({"File check", To_Code_Page(error.what())});
     return std::nullopt;

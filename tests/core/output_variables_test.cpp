@@ -31,6 +31,29 @@ TEST(Output_Variables, Keep_Their_Names_Letter_For_Letter)
                                                "C)");
 }
 
+TEST(Output_Variables, Have_The_Numbers_That_Their_Codes_Name)
+{
+    EXPECT_EQ(Output_Variables[Variable::PRSN].Out_Code, "PRSN");
+    EXPECT_EQ(Output_Variables[Variable::TPAP].Out_Code, "TPAP");
+    EXPECT_EQ(Output_Variables[Variable::LEAC].Out_Code, "LEAC");
+    EXPECT_EQ(Output_Variables[Variable::TPSC].Out_Code, "TPSC");
+    EXPECT_EQ(Output_Variables[Variable::SPSC].Out_Code, "SPSC");
+}
+
+TEST(Output_Variables, From_8_On_Belong_To_A_Substance_And_23_Is_The_Concentration_Of_A_Flow)
+{
+    for (int number = 0; number <= Last_Output_Variable; ++number) {
+        EXPECT_EQ(Output_Variable_Of(number).Has_Substance, number >= 8) << number;
+        EXPECT_EQ(Output_Variable_Of(number).Kind == Quantity::Flow_Concentration, number == 23) << number;
+    }
+}
+
+TEST(Output_Variables, A_Number_Beyond_The_Table_Counts_As_Its_Nearest)
+{
+    EXPECT_EQ(Output_Variable_Of(-1).Out_Code, "    ");
+    EXPECT_EQ(Output_Variable_Of(29).Out_Code, "SPSC");
+}
+
 TEST(Output_Variable_Number, Finds_A_Code_And_Gives_Zero_For_An_Unknown_One)
 {
     EXPECT_EQ(Output_Variable_Number("PRSN"), 1);

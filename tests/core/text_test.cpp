@@ -52,6 +52,31 @@ TEST(Line_Reader, Takes_Lines_That_End_In_CR_LF_Or_LF)
     EXPECT_THROW(lines.Next(), File_Error);
 }
 
+TEST(Line_Reader, Says_Where_A_Text_Ends)
+{
+    Line_Reader lines("one\ntwo\n"), nothing("");
+    lines.Skip(2);
+
+    for (auto& [reader, text] :
+         {std::pair{&lines, "Line 2: The file ends behind this line."}, std::pair{&nothing, "The file is empty."}}) {
+        try {
+            reader->Next();
+            FAIL();
+        } catch (const File_Error& error) {
+            EXPECT_STREQ(error.what(), text);
+        }
+    }
+}
+
+TEST(File_Error, Names_File_Line_And_Column_As_Far_As_They_Are_Known)
+{
+    EXPECT_EQ(Located("a.psm", File_Error("No.", 12, 5)), "a.psm, line 12, column 5: No.");
+    EXPECT_EQ(Located("a.psm", File_Error("No.", 12)), "a.psm, line 12: No.");
+    EXPECT_EQ(Located("a.psm", File_Error("No.")), "a.psm: No.");
+    EXPECT_STREQ(File_Error("No.", 12, 5).what(), "Line 12, column 5: No.");
+    EXPECT_STREQ(File_Error("No.").what(), "No.");
+}
+
 TEST(Replace_All, Does_Not_Look_Again_At_What_It_Wrote)
 {
     EXPECT_EQ(Replace_All("a--b", "-", "--"), "a----b");

@@ -138,7 +138,9 @@ TEST_F(Documents, Converting_A_Bad_File_Leaves_The_Target_As_It_Was)
 
     EXPECT_FALSE(Convert_Document(*The_Session, File("demo.psm", Example_File().substr(0, 900)), to));
 
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Readin check", "demo.psm is not a ORVEL 4.01 PSM file"})});
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_TRUE(The_User.Messages[0].Text.starts_with("demo.psm is not a ORVEL 4.01 PSM file\ndemo.psm, line "));
+    EXPECT_TRUE(The_User.Messages[0].Text.ends_with(": The file ends behind this line."));
     EXPECT_EQ(Read_Whole(to), "before");
 }
 
@@ -186,7 +188,9 @@ TEST_F(Documents, Showing_A_Scenario_And_A_Climate_File_Gives_Their_Rows)
 TEST_F(Documents, Showing_A_Bad_File_Tells_It)
 {
     EXPECT_EQ(Show_Document(*The_Session, File("demo.sze", "x")), std::nullopt);
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Readin check", "demo.sze is not a ORVEL 4.01 PSM file"})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Readin check", "demo.sze is not a ORVEL 4.01 PSM file\n"
+                                                   "demo.sze, line 1: The file ends behind this line."})});
 }
 
 } // namespace orvel

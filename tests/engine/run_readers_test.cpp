@@ -1,3 +1,4 @@
+#include "core/numbers.h"
 #include "engine_process.h"
 #include "output/echo_file.h"
 #include "output_blocks.h"
@@ -16,6 +17,21 @@ constexpr std::string_view Hostile = "ANNUAL ERROR MONTHLY RIZON PARTMENT";
 
 } // namespace
 
+namespace {
+
+// How far a figure of a table, which is held as printed, lies from the engine's, in units of its last printed digit.
+double Print_Units(double figure, double engine)
+{
+    const std::string text = Number_Text('F', engine, 0);
+    const auto point = text.find('.'), exponent = text.find('E');
+    const auto digits_end = std::min(exponent, text.find_last_of("0123456789") + 1);
+    const double decimals = point == std::string::npos ? 0 : static_cast<double>(digits_end - point - 1);
+    const double power = exponent == std::string::npos ? 0 : Val(text.substr(exponent + 1));
+    return std::fabs(figure - engine) / std::pow(10.0, power - decimals);
+}
+
+} // namespace
+
 TEST(Run_Verification, Case_29_Leachate_Tables_Read_Real_Output)
 {
     for (const int every : {1, 7}) {
@@ -31,7 +47,7 @@ TEST(Run_Verification, Case_29_Leachate_Tables_Read_Real_Output)
         const Leachate_Tables tables = Build_Or_Load(directory.Path());
 
         EXPECT_EQ(tables.Failure, "");
-        EXPECT_TRUE(tables.Cached);
+        EXPECT_TRUE(tables.Kept);
         ASSERT_EQ(tables.Year[0].size(), 2U);
         for (const std::size_t substance : {std::size_t{0}, std::size_t{1}}) {
             const auto solute =
@@ -42,14 +58,14 @@ TEST(Run_Verification, Case_29_Leachate_Tables_Read_Real_Output)
             ASSERT_EQ(metre.size(), 26U);
             double flux = 0, percolate = 0;
             for (std::size_t y = 0; y < 26; ++y) {
-                flux = std::max({flux, std::fabs(metre[y].Flux - 1000 * solute[y].Leached),
-                                 std::fabs(bottom[y].Flux - 1000 * solute[y].Leached_Core)});
-                percolate = std::max({percolate, std::fabs(metre[y].Percolate - 10 * water[y].Percolate),
-                                      std::fabs(bottom[y].Percolate - 10 * water[y].Recharge)});
+                flux = std::max({flux, Print_Units(metre[y].Flux, 1000 * solute[y].Leached),
+                                 Print_Units(bottom[y].Flux, 1000 * solute[y].Leached_Core)});
+                percolate = std::max({percolate, Print_Units(metre[y].Percolate, 10 * water[y].Percolate),
+                                      Print_Units(bottom[y].Percolate, 10 * water[y].Recharge)});
             }
-            Verify(29, name + "leached mass by the table (g/ha)", flux, 0, 1e-9);
-            Verify(29, name + "percolate by the table (L/m2)", percolate, 0, 1e-9);
-            EXPECT_GT(tables.Year[0][substance].Result.P80.Conc, 0);
+            Verify(29, name + "leached mass by the table (units of its last digit)", flux, 0, 0.501);
+            Verify(29, name + "percolate by the table (units of its last digit)", percolate, 0, 0.501);
+            EXPECT_GT(tables.Year[0][substance].Result.P80.Flux, 0);
         }
     }
 }
@@ -61,9 +77,9 @@ TEST(Run_Verification, Case_29_Balance_Tables_Read_Real_Output)
     run.Scenario.SZE_Freq_Water = run.Scenario.SZE_Freq_Solute = "MNTH";
     run.Scenario.SZE_Title = Hostile;
     ASSERT_EQ(Run_Case(run, directory.Path()).Exit_Code, 0);
-    EXPECT_TRUE(Read_Echo_Layers(directory.Path()).Has_Monthly_Output);
+    EXPECT_TRUE(Read_Echo(directory.Path()).Layers().Has_Monthly_Output);
     EXPECT_FALSE(Simulation_Failed(directory.Path()));
-    EXPECT_EQ(Read_Substance_Names(directory.Path()).size(), 2U);
+    EXPECT_EQ(Read_Echo(directory.Path()).Substance_Names.size(), 2U);
     for (const auto& [view, title, rows] :
          {std::tuple{Balance_View::Annual, "ANNUAL", 8}, std::tuple{Balance_View::Monthly, "MONTHLY", 96}}) {
         const auto water = Water_Blocks(File_Of(directory.Path(), "Wasser.orv"), title, 40);
@@ -76,13 +92,13 @@ TEST(Run_Verification, Case_29_Balance_Tables_Read_Real_Output)
         for (std::size_t k = 0; k < tables.Water.size(); ++k) {
             const Water_Balance_Row& row = tables.Water[k];
             const Water_Year& block = water[k];
-            worst = std::max({worst, std::fabs(row.Precipitation - 10 * (block.Precipitation + block.Melt)),
-                              std::fabs(row.Runoff - 10 * block.Runoff),
-                              std::fabs(row.Evapotranspiration - 10 * (block.Evapotranspiration + block.Canopy_Loss)),
-                              std::fabs(row.Percolate - 10 * block.Recharge)});
+            worst = std::max({worst, Print_Units(row.Precipitation, 10 * (block.Precipitation + block.Melt)),
+                              Print_Units(row.Runoff, 10 * block.Runoff),
+                              Print_Units(row.Evapotranspiration, 10 * (block.Evapotranspiration + block.Canopy_Loss)),
+                              Print_Units(row.Percolate, 10 * block.Recharge)});
             storage = std::max(storage, std::fabs(row.Diff_Storage - 10 * block.Change));
         }
-        Verify(29, std::string(title) + " water balance by the table (L/m2)", worst, 0, 1e-9);
+        Verify(29, std::string(title) + " water balance by the table (units of its last digit)", worst, 0, 0.501);
         Verify(29, std::string(title) + " change of storage that the table finds (L/m2)", storage, 0, 5e-3);
         for (const std::size_t substance : {std::size_t{0}, std::size_t{1}}) {
             const auto solute =

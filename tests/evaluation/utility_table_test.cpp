@@ -2,9 +2,9 @@
 
 #include "core/files.h"
 #include "core/system/lock.h"
+#include "jobs/start_batch.h"
 #include "output/engine_files.h"
 #include "recording_user.h"
-#include "runs/batch.h"
 #include "temporary_directory.h"
 
 #include <algorithm>

@@ -105,7 +105,10 @@ TEST(Climate_File, The_Empty_Last_Line_Reads_As_An_Empty_Row_That_The_Next_Save_
 {
     const auto table = Parse_CLI(Example);
 
-    EXPECT_EQ(table.Rows.at(2), (Climate_Row{.Cli_Day = "  ", .Cli_Month = "  ", .Cli_Year = "  "}));
+    Climate_Row blank{.Cli_Day = "  ", .Cli_Month = "  ", .Cli_Year = "  "};
+    for (const auto& column : Climate_Columns)
+        blank.*column.Number = std::nullopt;
+    EXPECT_EQ(table.Rows.at(2), blank);
     EXPECT_EQ(Split_Lines(Format_CLI(table)).size(), 4U);
 }
 
@@ -117,7 +120,21 @@ TEST(Climate_File, A_Short_Line_Is_No_Error_And_Its_Date_Is_Filled_With_Blanks)
     EXPECT_EQ(table.Rows[0].Cli_Month, "  ");
     EXPECT_EQ(table.Rows[1].Cli_Year, "8 ");
     EXPECT_EQ(table.Rows[2].Cli_Rain, 1.5);
-    EXPECT_EQ(table.Rows[2].Cli_Evap, 0);
+    EXPECT_EQ(table.Rows[2].Cli_Evap, std::nullopt);
+}
+
+TEST(Climate_File, A_Column_Of_Blanks_Is_No_Number_And_Is_Shown_And_Written_As_Zero)
+{
+    auto table = Parse_CLI("T\r\n 0101811.5                 18.5      0.0\r\n");
+
+    EXPECT_EQ(table.Rows[0].Cli_Rain, 1.5);
+    EXPECT_EQ(table.Rows[0].Cli_Evap, std::nullopt);
+    EXPECT_EQ(table.Rows[0].Cli_Temp_Mean, 0);
+    EXPECT_EQ(table.Rows[0].Cli_Radiation, std::nullopt);
+    EXPECT_EQ(Cell_Text(table.Rows[0], Climate_Columns[1]), "0.00");
+    EXPECT_EQ(Line_Of(Format_CLI(table), 2).substr(7, 20), "1.5000000 0.00E+00  ");
+    Round_As_Shown(table);
+    EXPECT_EQ(table.Rows[0].Cli_Evap, 0);
 }
 
 TEST(Climate_File, Leaves_Out_Rows_Whose_Day_Is_Blank_Or_Zero)

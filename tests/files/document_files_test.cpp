@@ -28,7 +28,16 @@ protected:
     std::unique_ptr<Session> The_Session = std::make_unique<Session>();
 };
 
-const Message Not_Demo{"Readin check", "demo.psm is not a ORVEL 4.01 PSM file"};
+Message Not_Demo(const std::string& reason)
+{
+    return {"Readin check", "demo.psm is not a ORVEL 4.01 PSM file\n" + reason};
+}
+
+std::string Ends_Behind_Its_Last_Line(std::string_view bytes)
+{
+    return "demo.psm, line " + std::to_string(Split_Lines(bytes).size()) + ": The file ends behind this line.";
+}
+
 const Message Protected{
     "Saving Input File",
     "All FOCUS-Scenario files are read protected!     Please select a new directory for saving your changes."};
@@ -73,26 +82,38 @@ TEST_F(Document_Files, A_Bad_Pesticide_File_Gives_The_Box_And_Nothing_Else)
     std::string binary(5000, '\0');
     for (std::size_t i = 0; i < binary.size(); ++i)
         binary[i] = static_cast<char>(i * 7);
-    for (const auto& bytes :
-         {std::string(), std::string("\n"), Example_File().substr(0, 1000), binary, std::string(1 << 20, '\n')}) {
+    // Of empty lines the reader takes 37 before the one that names a metabolite.
+    const std::string line_breaks(1 << 20, '\n'), cut = Example_File().substr(0, 1000);
+    const std::pair<std::string, std::string> cases[] = {
+        {"", "demo.psm: The file is empty."},
+        {"\n", "demo.psm, line 1: The file ends behind this line."},
+        {cut, Ends_Behind_Its_Last_Line(cut)},
+        {binary, Ends_Behind_Its_Last_Line(binary)},
+        {line_breaks, "demo.psm, line 38: There is no such metabolite."}};
+    for (const auto& [bytes, reason] : cases) {
         The_User.Messages.clear();
         const auto file = File("demo.psm", bytes);
 
         EXPECT_FALSE(Read_PSM(*The_Session, file));
         EXPECT_FALSE(The_Session->Program.PSM_Read_OK);
-        EXPECT_EQ(The_User.Messages, std::vector{Not_Demo});
+        EXPECT_EQ(The_User.Messages, std::vector{Not_Demo(reason)});
     }
 }
 
 TEST_F(Document_Files, A_Bad_Scenario_File_Gives_The_Same_Box_Word_For_Word)
 {
-    for (const auto& bytes : {std::string(), Scenario_File().substr(0, 300), std::string("\x00\xFF\n\x1A", 4)}) {
+    const std::string cut = Scenario_File().substr(0, 300);
+    const std::pair<std::string, std::string> cases[] = {
+        {"", "demo.psm: The file is empty."},
+        {cut, Ends_Behind_Its_Last_Line(cut)},
+        {std::string("\x00\xFF\n\x1A", 4), "demo.psm, line 2: The file ends behind this line."}};
+    for (const auto& [bytes, reason] : cases) {
         The_User.Messages.clear();
         const auto file = File("demo.psm", bytes);
 
         EXPECT_FALSE(Read_SZE(*The_Session, file));
         EXPECT_FALSE(The_Session->Program.PSM_Read_OK);
-        EXPECT_EQ(The_User.Messages, std::vector{Not_Demo});
+        EXPECT_EQ(The_User.Messages, std::vector{Not_Demo(reason)});
     }
 }
 
@@ -100,13 +121,34 @@ TEST_F(Document_Files, A_File_That_Is_Missing_Or_Too_Large_Gives_The_Box)
 {
     The_Session->Program.PSM_File = "demo.psm";
     EXPECT_FALSE(Read_PSM(*The_Session, Directory / "demo.psm"));
+    EXPECT_TRUE(The_User.Messages[0].Text.starts_with(Not_Demo("demo.psm: ").Text));
+    EXPECT_TRUE(The_User.Messages[0].Text.ends_with("No such file or directory."));
 
     const auto file = File("demo.psm", "x");
     std::filesystem::resize_file(file, Largest_Document + 1);
     EXPECT_FALSE(Read_PSM(*The_Session, file));
     EXPECT_FALSE(Read_SZE(*The_Session, file));
 
-    EXPECT_EQ(The_User.Messages, (std::vector{Not_Demo, Not_Demo, Not_Demo}));
+    ASSERT_EQ(The_User.Messages.size(), 3U);
+    const auto path = file.string();
+    EXPECT_EQ(The_User.Messages[1], Not_Demo("demo.psm: The file " + path + " is too large."));
+    EXPECT_EQ(The_User.Messages[2], The_User.Messages[1]);
+}
+
+TEST_F(Document_Files, A_Bad_Number_Is_Told_With_Its_Line_And_Column)
+{
+    // The application stands in line 11, behind the heads of two locations; its year begins in column 9.
+    EXPECT_FALSE(Read_PSM(*The_Session, File("demo.psm", With(Example_File(), "05  11  01 ", "05  11  32768 "))));
+    EXPECT_FALSE(Read_PSM(*The_Session, File("demo.psm", With(Example_File(), "METABOLITE A1", " METABOLITE A3"))));
+    // Behind title, settings, erosion and its values: the number of crops.
+    EXPECT_FALSE(Read_SZE(*The_Session, File("demo.psm", With(Scenario_File(), " 2 \r\n 3 ", " -1 \r\n 3 "))));
+
+    ASSERT_EQ(The_User.Messages.size(), 3U);
+    EXPECT_EQ(The_User.Messages[0],
+              Not_Demo("demo.psm, line 11, column 9: A number is outside the range of -32768 to 32767."));
+    EXPECT_TRUE(The_User.Messages[1].Text.ends_with(", column 2: There is no such metabolite."));
+    EXPECT_EQ(The_User.Messages[2],
+              Not_Demo("demo.psm, line 5, column 2: The number of crop rows is not between 0 and 32767."));
 }
 
 TEST_F(Document_Files, A_Failed_Read_Leaves_What_Was_Read_So_Far)
@@ -129,7 +171,7 @@ TEST_F(Document_Files, A_Climate_File_Beyond_Its_Bound_Is_Refused_And_The_Table_
     EXPECT_FALSE(Read_CLI(*The_Session, file));
 
     EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{"Readin check", "long.cli: The file has more than 25000 days."})});
+              std::vector{(Message{"Readin check", "long.cli, line 25002: The file has more than 25000 days."})});
     EXPECT_EQ(The_Session->Climate.Cli_Title, "before");
 }
 

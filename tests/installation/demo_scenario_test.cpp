@@ -24,11 +24,13 @@ const Scenario_Document& Document(const std::vector<Demo_Scenario>& scenarios, s
     return found->Document;
 }
 
-// What a reader makes of the rows of a file without tillage dates: senescence at harvest, tillage the day before
-// emergence.
+// What a reader makes of the rows of a file without tillage dates: senescence at harvest, that of the file kept beside
+// it, tillage the day before emergence.
 void Derive_Dates(Scenario_Document& document)
 {
     for (auto& row : document.Rotation) {
+        row.SZE_Sen_In_File = Rotation_Date{static_cast<int>(row.SZE_Sen_Day.Number()),
+                                            static_cast<int>(row.SZE_Sen_Month.Number()), row.SZE_Sen_Year};
         row.SZE_Sen_Day = row.SZE_Har_Day;
         row.SZE_Sen_Month = row.SZE_Har_Month;
         row.SZE_Sen_Year = row.SZE_Har_Year;

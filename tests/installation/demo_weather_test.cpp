@@ -185,13 +185,13 @@ TEST(Weather_Files, Rows_Are_Read_Back_With_The_Numbers_That_Were_Printed)
         ASSERT_EQ(Val(table.Rows[i].Cli_Day), days[i].Day);
         ASSERT_EQ(Val(table.Rows[i].Cli_Month), days[i].Month);
         ASSERT_EQ(table.Rows[i].Cli_Year, "01");
-        ASSERT_NEAR(table.Rows[i].Cli_Rain, days[i].Rain / 10, 0.00050001);
-        ASSERT_NEAR(table.Rows[i].Cli_Evap, days[i].Evaporation / 10, 0.00050001);
-        ASSERT_NEAR(table.Rows[i].Cli_Temp_14, days[i].Temp_14, 0.050001);
-        ASSERT_NEAR(table.Rows[i].Cli_Temp_Mean, days[i].Temp_Mean, 0.050001);
-        ASSERT_NEAR(table.Rows[i].Cli_Temp_Diff, days[i].Temp_Diff, 0.050001);
-        ASSERT_NEAR(table.Rows[i].Cli_Rel_Hum, days[i].Humidity, 0.050001);
-        ASSERT_NEAR(table.Rows[i].Cli_Radiation, 1000 * days[i].Radiation, 0.50001);
+        ASSERT_NEAR(table.Rows[i].Cli_Rain.value(), days[i].Rain / 10, 0.00050001);
+        ASSERT_NEAR(table.Rows[i].Cli_Evap.value(), days[i].Evaporation / 10, 0.00050001);
+        ASSERT_NEAR(table.Rows[i].Cli_Temp_14.value(), days[i].Temp_14, 0.050001);
+        ASSERT_NEAR(table.Rows[i].Cli_Temp_Mean.value(), days[i].Temp_Mean, 0.050001);
+        ASSERT_NEAR(table.Rows[i].Cli_Temp_Diff.value(), days[i].Temp_Diff, 0.050001);
+        ASSERT_NEAR(table.Rows[i].Cli_Rel_Hum.value(), days[i].Humidity, 0.050001);
+        ASSERT_NEAR(table.Rows[i].Cli_Radiation.value(), 1000 * days[i].Radiation, 0.50001);
     }
 }
 

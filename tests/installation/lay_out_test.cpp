@@ -7,7 +7,7 @@
 #include "full_disk.h"
 #include "installation/demo_weather.h"
 #include "installation/installation_files.h"
-#include "runs/crops.h"
+#include "runs/run_control.h"
 #include "temporary_directory.h"
 
 #include <ctime>
@@ -121,13 +121,14 @@ TEST_F(Installation, Has_The_Scenarios_That_The_Start_Form_Looks_For_And_None_Th
 
 TEST_F(Installation, Has_The_Scenario_Of_Every_Entry_That_The_Tier_4_Form_Offers)
 {
-    const auto session = std::make_unique<Session>();
     const Mode& mode = Mode_Of(Mode_Kind::Efsa_T4);
     int entries = 0;
-    for (int crop = 0; crop < Individual_Crop; ++crop) {
-        for (const auto& location : Locations_Of_Crop(*session, mode, crop)) {
+    for (const Crop& crop : Crops) {
+        if (crop.Stem.empty() || crop.Individual)
+            continue;
+        for (const auto& location : Locations_Of_Crop(Program_State(), mode, &crop)) {
             ++entries;
-            EXPECT_TRUE(Files.contains("EFSA_T4/" + Scenario_Name(mode, crop, location))) << location;
+            EXPECT_TRUE(Files.contains("EFSA_T4/" + Choose_Run(mode, "", &crop, location).Scenario)) << location;
         }
     }
     EXPECT_GT(entries, 25 * 6);
@@ -136,10 +137,9 @@ TEST_F(Installation, Has_The_Scenario_Of_Every_Entry_That_The_Tier_4_Form_Offers
 TEST_F(Installation, Agrees_With_The_Run_Forms_On_Stems_And_Irrigated_Crops)
 {
     std::multiset<std::pair<std::string, bool>> offered;
-    for (int crop = 0; crop < Individual_Crop; ++crop) {
-        const auto& entry = Crops[static_cast<std::size_t>(crop)];
-        if (!entry.Stem.empty())
-            offered.insert({std::string(entry.Stem), entry.Irrigated});
+    for (const Crop& crop : Crops) {
+        if (!crop.Stem.empty() && !crop.Individual)
+            offered.insert({std::string(crop.Stem), crop.Irrigated});
     }
     std::multiset<std::pair<std::string, bool>> laid_out;
     for (const auto& crop : Load_Demo_Tables().Crops)

@@ -1,8 +1,9 @@
+#include "core/run_name.h"
 #include "core/system/lock.h"
-#include "jobs/job.h"
 #include "jobs/job_status.h"
 #include "jobs/run_commands.h"
 #include "runs/batch.h"
+#include "runs/job_file.h"
 #include "runs/run_fixture.h"
 
 namespace orvel {
@@ -62,7 +63,7 @@ TEST_F(Job_Status_Test, The_List_Gives_Names_As_They_Were_Chosen_In_Order)
     Put(second / "echo.orv", "ERROR\r\n");
     fs::create_directories(Home / "focus" / "no run" / "x.run" / "y.run");
 
-    const auto list = Simulation_List(The_Session, Focus());
+    const auto list = Simulation_List(Home / "focus");
 
     ASSERT_EQ(list.size(), 2u);
     EXPECT_EQ(list[0].Pesticide, "Alpha");
@@ -81,9 +82,9 @@ TEST_F(Job_Status_Test, The_List_Gives_Names_As_They_Were_Chosen_In_Order)
 
 TEST_F(Job_Status_Test, An_Empty_Tree_Gives_An_Empty_List)
 {
-    EXPECT_TRUE(Simulation_List(The_Session, Focus()).empty());
+    EXPECT_TRUE(Simulation_List(Home / "focus").empty());
     fs::remove_all(Home / "EFSA");
-    EXPECT_TRUE(Simulation_List(The_Session, Tier_2()).empty());
+    EXPECT_TRUE(Simulation_List(Home / "EFSA").empty());
 }
 
 TEST_F(Job_Status_Test, At_Most_31_Locations_Of_A_Crop_Are_Listed)
@@ -91,28 +92,28 @@ TEST_F(Job_Status_Test, At_Most_31_Locations_Of_A_Crop_Are_Listed)
     for (int i = 10; i < 45; ++i)
         Add_Run("test", "Maize", std::to_string(i));
 
-    EXPECT_EQ(Simulation_List(The_Session, Focus()).size(), 31u);
+    EXPECT_EQ(Simulation_List(Home / "focus").size(), 31u);
 }
 
 TEST_F(Job_Status_Test, The_Probe_File_Must_Be_There_And_No_Lock_Be_Held_For_The_Idle_State)
 {
-    EXPECT_FALSE(Job_Running(The_Session, Focus()));
+    EXPECT_FALSE(Job_Running(The_Session.Program, Focus()));
     const auto run = Add_Run("test", "Maize", "Hamburg (H)");
     Put(Home / "focus" / "orveljob.bat",
         Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
-    EXPECT_FALSE(Job_Running(The_Session, Focus()));
+    EXPECT_FALSE(Job_Running(The_Session.Program, Focus()));
     {
         const auto engine = Lock::Take(run);
-        EXPECT_TRUE(Job_Running(The_Session, Focus()));
+        EXPECT_TRUE(Job_Running(The_Session.Program, Focus()));
     }
     {
         const auto job = Lock::Take(Home / "focus");
-        EXPECT_TRUE(Job_Running(The_Session, Focus()));
+        EXPECT_TRUE(Job_Running(The_Session.Program, Focus()));
     }
     fs::rename(Home / "EFSA" / "focuscheck.dat", Home / "EFSA" / "FocusCheck.DAT");
-    EXPECT_FALSE(Job_Running(The_Session, Tier_2())); // in any case
+    EXPECT_FALSE(Job_Running(The_Session.Program, Tier_2())); // in any case
     fs::remove(Home / "focus" / "Focuscheck.dat");
-    EXPECT_TRUE(Job_Running(The_Session, Focus()));
+    EXPECT_TRUE(Job_Running(The_Session.Program, Focus()));
 }
 
 TEST_F(Job_Status_Test, Years_Come_From_The_Water_Balance_Where_The_Engine_Says_Nothing)
@@ -127,7 +128,7 @@ TEST_F(Job_Status_Test, Years_Come_From_The_Water_Balance_Where_The_Engine_Says_
         "2024-05-31 14:05:00\tbegin\t\t\n2024-05-31 14:05:00\tstarted\ttest.run/Maize.run/Hamburg_-_(H).run\t\n");
     const auto engine = Lock::Take(run);
 
-    const auto progress = Progress_Of_Job(The_Session, Focus());
+    const auto progress = Progress_Of_Job(Home / "focus");
 
     EXPECT_EQ(progress.Running, 1);
     EXPECT_EQ(progress.Years, 46);
@@ -142,7 +143,7 @@ TEST_F(Job_Status_Test, A_Run_Whose_Job_Was_Killed_Counts_As_Failed)
         Format_Job(Format_Job_Run("test.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true)));
     Put(Home / "focus" / "orveljob.log", "2024-05-31 14:05:00\tstarted\ttest.run/Maize.run/Hamburg_-_(H).run\t\n");
 
-    const auto progress = Progress_Of_Job(The_Session, Focus());
+    const auto progress = Progress_Of_Job(Home / "focus");
 
     EXPECT_EQ(progress.Running, 0);
     EXPECT_EQ(progress.Done, 1);
@@ -155,7 +156,7 @@ TEST_F(Job_Status_Test, The_Log_Tells_Of_A_Run_That_Left_Nothing_Behind)
     Put(Home / "focus" / "orveljob.log",
         "2024-05-31 14:05:00\tkilled\ttest.run/Maize.run/Hamburg_-_(H).run\tsignal 9\n");
 
-    const auto list = Simulation_List(The_Session, Focus());
+    const auto list = Simulation_List(Home / "focus");
 
     EXPECT_EQ(list.at(0).Status, Run_Status::Scheduled);
     EXPECT_EQ(list.at(0).Result, Run_Result::Killed);

@@ -1,9 +1,12 @@
+#include "core/run_name.h"
 #include "core/system/lock.h"
 #include "core/text.h"
 #include "jobs/job.h"
 #include "jobs/job_log.h"
 #include "jobs/job_status.h"
+#include "jobs/start_batch.h"
 #include "runs/batch.h"
+#include "runs/job_file.h"
 #include "runs/run_fixture.h"
 
 #include <chrono>
@@ -18,9 +21,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const std::string One_Block =
-    "cd a.run\\b.run\\c.run\r\nif exist *.orv del *.orv\r\norvel401.exe\r\nif exist orvel401.exe del orvel401.exe\r\n";
-
 // Waits until something holds, at most ten seconds.
 template <class Condition> bool Soon(Condition condition)
 {
@@ -33,62 +33,6 @@ template <class Condition> bool Soon(Condition condition)
 }
 
 } // namespace
-
-TEST(Job_File, Its_Five_Kinds_Of_Line_Give_The_Runs)
-{
-    const auto runs = Parse_Job("echo off\r\n" + One_Block +
-                                "cd ..\\..\\..\\\r\ncd x y.run\\$(rm).run\\;&%.run\r\nif exist *.orv del "
-                                "*.orv\r\norvel5.exe\r\nif exist orvel5.exe del orvel5.exe\r\n");
-
-    ASSERT_EQ(runs.size(), 2u);
-    EXPECT_EQ(runs[0].Directory, "a.run\\b.run\\c.run");
-    EXPECT_EQ(runs[0].Engine, "orvel401.exe");
-    EXPECT_EQ(runs[1].Directory, "x y.run\\$(rm).run\\;&%.run");
-    EXPECT_EQ(runs[1].Engine, "orvel5.exe");
-    EXPECT_TRUE(Parse_Job("").empty());
-    EXPECT_EQ(Parse_Job(Replace_All(One_Block, "\r\n", "\n")).size(), 1u);
-}
-
-TEST(Job_File, Anything_Else_Is_Refused_With_Its_Line)
-{
-    const auto refused_in = [](const std::string& text) {
-        try {
-            Parse_Job(text);
-            return std::string("accepted");
-        } catch (const File_Error& error) {
-            return std::string(error.what());
-        }
-    };
-    const auto in_line = [](int line) {
-        return "The job file holds something else than a job in line " + std::to_string(line) + ".";
-    };
-
-    EXPECT_EQ(refused_in("echo off\r\nformat c:\r\n"), in_line(2));
-    EXPECT_EQ(refused_in(One_Block + One_Block), in_line(5)); // does not climb back
-    EXPECT_EQ(refused_in("cd ..\\..\\..\r\n"), in_line(1));
-    EXPECT_EQ(refused_in(Replace_All(One_Block, "a.run", "..")), in_line(1));
-    EXPECT_EQ(refused_in(Replace_All(One_Block, "a.run\\", "")), in_line(1));
-    EXPECT_EQ(refused_in(Replace_All(One_Block, "a.run", "/etc/a.run")), in_line(1));
-    EXPECT_EQ(refused_in(Replace_All(One_Block, "c.run", ".run")), in_line(1));
-    EXPECT_EQ(refused_in(Replace_All(One_Block, "*.orv del *.orv", "*.psm del *.psm")), in_line(2));
-    EXPECT_EQ(refused_in(Replace_All(One_Block, "orvel401.exe", "rm.exe")), in_line(3));
-    EXPECT_EQ(refused_in(Replace_All(One_Block, "orvel401.exe", "orvel/../x.exe")), in_line(3));
-    EXPECT_EQ(refused_in(Replace_All(One_Block, "del orvel401.exe", "del test.psm")), in_line(4));
-    EXPECT_EQ(refused_in("cd a.run\\b.run\\c.run\r\n"), in_line(1)); // ends within a run
-}
-
-TEST(Job_File, What_Is_Written_Is_Read_Back)
-{
-    const std::string text = Format_Job(Format_Job_Run("a.run\\b.run\\Ch\xE2teau.run", "orvel401.exe", true) +
-                                        Format_Job_Run("\xFC.run\\b.run\\\xDF.run", "orvel401.exe", false));
-
-    const auto runs = Parse_Job(text);
-
-    ASSERT_EQ(runs.size(), 2u);
-    EXPECT_EQ(runs[0].Directory, "a.run\\b.run\\Ch\x83teau.run");
-    EXPECT_EQ(runs[1].Directory, "\x81.run\\b.run\\\xE1.run");
-    EXPECT_TRUE(text.starts_with("echo off\r\ncd a.run"));
-}
 
 TEST(Job_Log, Its_Times_Are_Read_Back_And_Foreign_Lines_Passed_Over)
 {
@@ -257,12 +201,13 @@ TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
     Scenario(Home / "focus" / "H_maize.sze");
     for (const auto& name : names) {
         Pesticide(name);
-        ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), {.Pesticide = name, .Crop = Maize, .Location = "Hamburg (H)"}),
-                  Mark_Result::Marked)
+        ASSERT_EQ(
+            Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), Chosen(Focus(), Maize, "Hamburg (H)", name)),
+            Mark_Result::Marked)
             << name << The_User.Messages.back().Text;
     }
 
-    const auto started = Start_Batch(The_Session, Focus(), 2, ORVELJOB);
+    const auto started = Start_Batch(The_Session.Program, The_Session.Ask, Focus(), 2, ORVELJOB);
     ASSERT_EQ(started.Result, Start_Result::Started);
     int code = -1;
     ASSERT_TRUE(Soon([&] {
@@ -272,7 +217,7 @@ TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
     }));
 
     EXPECT_EQ(code, 0) << Log();
-    const auto list = Simulation_List(The_Session, Focus());
+    const auto list = Simulation_List(Home / "focus");
     EXPECT_EQ(list.size(), std::size(names));
     for (const auto& name : names) {
         const auto stem = name.substr(0, name.size() - 4);
@@ -289,41 +234,41 @@ TEST_F(Job_Test, A_Started_Job_Makes_The_Batch_Its_File_Outlives_The_Caller_And_
 {
     Engine("cut -d' ' -f6 /proc/$$/stat > session.txt; echo YEAR 13 OF 26; while [ ! -e ../../../go ]; do sleep 0.02; "
            "done; echo done > echo.orv");
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
     const auto batch = Read_Whole(Home / "focus" / "batch.bat");
-    EXPECT_FALSE(Job_Running(The_Session, Focus()));
+    EXPECT_FALSE(Job_Running(The_Session.Program, Focus()));
 
-    const auto started = Start_Batch(The_Session, Focus(), 1, ORVELJOB);
+    const auto started = Start_Batch(The_Session.Program, The_Session.Ask, Focus(), 1, ORVELJOB);
 
     ASSERT_EQ(started.Result, Start_Result::Started);
-    EXPECT_TRUE(Job_Running(The_Session, Focus())); // at once: the lock was taken before the start
+    EXPECT_TRUE(Job_Running(The_Session.Program, Focus())); // at once: the lock was taken before the start
     EXPECT_EQ(Read_Whole(Home / "focus" / "orveljob.bat"), "echo off\r\n" + batch);
     EXPECT_FALSE(fs::exists(Home / "focus" / "batch.bat"));
-    EXPECT_EQ(Run_Caption(The_Session, Focus()), "Run");
-    EXPECT_TRUE(The_Session.Run.Job_Dir.empty());
+    EXPECT_EQ(Run_Caption(Home / "focus"), "Run");
+    EXPECT_TRUE(Read_Batch(Home / "focus").empty());
     EXPECT_FALSE(Job_Exit_Code(started.Process));
 
     const auto other = std::make_unique<Session>(); // as a second shell sees it
     other->Program = The_Session.Program;
     const fs::path run = Home / "focus" / "test.run" / "Maize.run" / "Hamburg_-_(H).run";
-    ASSERT_TRUE(Soon([&] { return Progress_Of_Job(*other, Focus()).Years_Done == 13; }));
-    const auto progress = Progress_Of_Job(*other, Focus());
+    ASSERT_TRUE(Soon([&] { return Progress_Of_Job(Home / "focus").Years_Done == 13; }));
+    const auto progress = Progress_Of_Job(Home / "focus");
     EXPECT_EQ(progress.Runs, 1);
     EXPECT_EQ(progress.Running, 1);
     EXPECT_EQ(progress.Years, 26);
-    EXPECT_EQ(Simulation_List(*other, Focus()).at(0).Status, Run_Status::Scheduled);
+    EXPECT_EQ(Simulation_List(Home / "focus").at(0).Status, Run_Status::Scheduled);
     EXPECT_EQ(Val(Read_Whole(run / "session.txt")), started.Process); // a session of its own
 
     Put(Home / "focus" / "go", "");
-    ASSERT_TRUE(Soon([&] { return !Job_Running(*other, Focus()); }));
-    EXPECT_EQ(Progress_Of_Job(*other, Focus()).Done, 1);
+    ASSERT_TRUE(Soon([&] { return !Job_Running(other->Program, Focus()); }));
+    EXPECT_EQ(Progress_Of_Job(Home / "focus").Done, 1);
     EXPECT_TRUE(Soon([&] { return Job_Exit_Code(started.Process).has_value(); }));
-    EXPECT_EQ(Simulation_List(*other, Focus()).at(0).Status, Run_Status::Data_Available);
+    EXPECT_EQ(Simulation_List(Home / "focus").at(0).Status, Run_Status::Data_Available);
 }
 
 TEST_F(Job_Test, Run_With_Nothing_Marked_Runs_The_Selected_Combination_Alone)
 {
-    const auto started = Run_Batch(The_Session, Focus(), Maize_At_Hamburg(), 1, ORVELJOB);
+    const auto started = Run_Batch(The_Session.Program, The_Session.Ask, Focus(), Maize_At_Hamburg(), 1, ORVELJOB);
 
     ASSERT_EQ(started.Result, Start_Result::Started);
     EXPECT_TRUE(Soon([&] { return Job_Exit_Code(started.Process).has_value(); }));
@@ -338,10 +283,10 @@ TEST_F(Job_Test, Run_With_A_Batch_Leaves_The_Selected_Combination_Out)
 {
     auto choice = Maize_At_Hamburg();
     Scenario(Home / "focus" / "C_maize.sze");
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
-    choice.Location = "Ch\xE2teaudun (C), irrigated";
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
+    choice = Chosen(Focus(), Maize, "Ch\xE2teaudun (C), irrigated", "test.psm");
 
-    const auto started = Run_Batch(The_Session, Focus(), choice, 1, ORVELJOB);
+    const auto started = Run_Batch(The_Session.Program, The_Session.Ask, Focus(), choice, 1, ORVELJOB);
 
     ASSERT_EQ(started.Result, Start_Result::Started);
     EXPECT_TRUE(Soon([&] { return Job_Exit_Code(started.Process).has_value(); }));
@@ -354,7 +299,8 @@ TEST_F(Job_Test, Run_With_A_Combination_That_Is_Refused_Starts_Nothing)
     auto choice = Maize_At_Hamburg();
     std::filesystem::remove(Home / "Haude.dat");
 
-    EXPECT_EQ(Run_Batch(The_Session, Focus(), choice, 1, ORVELJOB).Result, Start_Result::Nothing_Pending);
+    EXPECT_EQ(Run_Batch(The_Session.Program, The_Session.Ask, Focus(), choice, 1, ORVELJOB).Result,
+              Start_Result::Nothing_Pending);
 
     EXPECT_EQ(The_User.Messages.size(), 1u);
     EXPECT_FALSE(fs::exists(Home / "focus" / "orveljob.bat"));
@@ -375,10 +321,10 @@ TEST_F(Job_Test, An_Engine_That_Outlives_Its_Job_Still_Counts_As_Running)
     ::waitpid(job, nullptr, 0);
 
     EXPECT_FALSE(Is_Locked(Home / "focus"));
-    EXPECT_TRUE(Job_Running(The_Session, Focus()));
+    EXPECT_TRUE(Job_Running(The_Session.Program, Focus()));
     EXPECT_EQ(Status_Of_Run(run), Run_Status::Running);
     Put(Home / "focus" / "go", "");
-    EXPECT_TRUE(Soon([&] { return !Job_Running(The_Session, Focus()); }));
+    EXPECT_TRUE(Soon([&] { return !Job_Running(The_Session.Program, Focus()); }));
     EXPECT_EQ(Status_Of_Run(run), Run_Status::Data_Available);
 }
 
@@ -419,7 +365,7 @@ TEST_F(Job_Test, A_Batch_Of_500_Runs_Finishes)
 
     EXPECT_EQ(result.Runs, 500);
     EXPECT_EQ(result.Failed, 0);
-    EXPECT_EQ(Progress_Of_Job(The_Session, Focus()).Done, 500);
+    EXPECT_EQ(Progress_Of_Job(Home / "focus").Done, 500);
     EXPECT_FALSE(fs::exists(crop / "500.run" / "orvel401.exe"));
 }
 

@@ -1,5 +1,7 @@
+#include "core/run_name.h"
 #include "jobs/run_again.h"
 #include "runs/batch.h"
+#include "runs/mark.h"
 #include "runs/output_selection.h"
 #include "runs/run_fixture.h"
 
@@ -14,23 +16,25 @@ protected:
     // A simulation that was marked, started and ended with an error.
     void Fail()
     {
-        The_Session.Output = Minimum_Output();
-        ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
+        auto choice = Maize_At_Hamburg();
+        choice.Pattern = 1;
+        choice.Options.Output = Minimum_Output();
+        ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
         fs::remove(Home / "focus" / "batch.bat");
-        The_Session.Run.Job_Dir.clear();
         Put(Place() / "echo.orv", " *** ERROR 21: BAD INPUT\r\n");
     }
 
     fs::path Place() { return Run_Path(Home / "focus", Run_Directory("test.psm", "Maize", "Hamburg (H)")); }
-    int Again() { return Mark_Failed_Again(The_Session, Focus(), Simulation_List(The_Session, Focus())); }
+    int Again()
+    {
+        return Mark_Failed_Again(The_Session.Program, The_Session.Ask, Focus(), Simulation_List(Home / "focus"));
+    }
 };
 
 TEST_F(Run_Again_Test, A_Failed_Simulation_Is_Marked_With_Its_Own_Output_After_One_Question)
 {
     Fail();
     const std::string before = Read_Whole(Place() / "orvel.inp");
-    The_Session.Output = Recommended_Output(); // what another run form chose meanwhile
-    const Output_Selection chosen = The_Session.Output;
     The_User.Answers = {Button::Yes};
 
     EXPECT_EQ(Again(), 1);
@@ -40,8 +44,7 @@ TEST_F(Run_Again_Test, A_Failed_Simulation_Is_Marked_With_Its_Own_Output_After_O
               "Do you want to mark the failed simulation for the batch again? What they wrote so far will be removed.");
     EXPECT_EQ(Read_Whole(Place() / "orvel.inp"), before);
     EXPECT_FALSE(fs::exists(Place() / "echo.orv"));
-    EXPECT_TRUE(Batch_Pending(The_Session, Focus()));
-    EXPECT_EQ(The_Session.Output, chosen);
+    EXPECT_TRUE(Batch_Pending(Home / "focus"));
 }
 
 TEST_F(Run_Again_Test, A_No_Keeps_What_The_Simulation_Wrote)
@@ -52,7 +55,7 @@ TEST_F(Run_Again_Test, A_No_Keeps_What_The_Simulation_Wrote)
     EXPECT_EQ(Again(), 0);
 
     EXPECT_TRUE(fs::exists(Place() / "echo.orv"));
-    EXPECT_FALSE(Batch_Pending(The_Session, Focus()));
+    EXPECT_FALSE(Batch_Pending(Home / "focus"));
 }
 
 TEST_F(Run_Again_Test, A_Simulation_That_Ended_Well_Is_Left_Alone)
@@ -84,9 +87,9 @@ TEST_F(Run_Again_Test, The_Tillage_Depth_Is_That_Of_The_Failed_Run)
     auto choice = Maize_At_Hamburg();
     Scenario(Home / "focus" / "H_maize.sze",
              [](Scenario_Document& scenario) { scenario.Crops[0].SZE_Rot_Tillage = 1; });
-    choice.Tillage = "17";
+    choice.Options.Tillage = "17";
     choice.Tillage_Visible = true;
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
     fs::remove(Home / "focus" / "batch.bat");
     Put(Place() / "echo.orv", "ERROR\r\n");
     const std::string before = Read_Whole(Place() / "orvel.inp");
@@ -109,7 +112,7 @@ TEST_F(Run_Again_Test, A_Simulation_Marked_Anew_Has_No_Result_Any_More_Whatever_
 
     ASSERT_EQ(Again(), 1);
 
-    const auto list = Simulation_List(The_Session, Focus());
+    const auto list = Simulation_List(Home / "focus");
     ASSERT_EQ(list.size(), 1u);
     EXPECT_EQ(list[0].Status, Run_Status::Scheduled);
     EXPECT_EQ(list[0].Result, Run_Result::None);
@@ -124,7 +127,7 @@ TEST_F(Run_Again_Test, A_Simulation_That_Failed_Before_Its_Echo_Is_Known_By_The_
     Put(log, "2024-05-31 14:05:09\tbegin\t\t1 run\n2024-05-31 14:05:10\tfailed\t" + run + "\texit code 1\n");
     fs::last_write_time(log, fs::last_write_time(log) + std::chrono::hours(1));
 
-    EXPECT_EQ(Simulation_List(The_Session, Focus()).at(0).Result, Run_Result::Error);
+    EXPECT_EQ(Simulation_List(Home / "focus").at(0).Result, Run_Result::Error);
     The_User.Answers = {Button::Yes};
     EXPECT_EQ(Again(), 1);
 }

@@ -1,8 +1,10 @@
 #include "core/files.h"
+#include "core/run_name.h"
 #include "core/system/lock.h"
 #include "core/text.h"
 #include "jobs/simulations.h"
 #include "runs/batch.h"
+#include "runs/mark.h"
 #include "runs/run_fixture.h"
 
 namespace orvel {
@@ -27,7 +29,7 @@ TEST_F(Simulations_Test, A_Run_Without_An_Echo_Is_Removed_As_Long_As_No_Job_Was_
     const auto never_run = Add_Run("a", "Hamburg (H)", false);
     const auto has_run = Add_Run("b", "Hamburg (H)", true);
 
-    Clean_Leftovers(The_Session, Focus());
+    Clean_Leftovers(Home / "focus");
 
     EXPECT_FALSE(fs::exists(never_run.parent_path()));
     EXPECT_TRUE(fs::exists(has_run));
@@ -42,7 +44,7 @@ TEST_F(Simulations_Test, A_Crop_Without_Any_Location_Is_A_Leftover_Too_But_Not_B
     fs::create_directory_symlink(Home / "elsewhere", Home / "focus" / "b.run");
     fs::create_directory_symlink(Home / "elsewhere", Home / "focus" / "a.run" / "Vines.run");
 
-    Clean_Leftovers(The_Session, Focus());
+    Clean_Leftovers(Home / "focus");
 
     EXPECT_FALSE(fs::exists(empty_crop));
     EXPECT_TRUE(fs::exists(Home / "elsewhere" / "Maize.run"));
@@ -54,30 +56,30 @@ TEST_F(Simulations_Test, A_Run_Without_An_Echo_Stays_Once_There_Is_A_Job_File)
     const auto scheduled = Add_Run("a", "Hamburg (H)", false);
     Put(Home / "focus" / "orveljob.bat", "echo off\r\n");
 
-    Clean_Leftovers(The_Session, Focus());
+    Clean_Leftovers(Home / "focus");
 
     EXPECT_TRUE(fs::exists(scheduled));
 }
 
 TEST_F(Simulations_Test, The_Directories_Of_A_Pending_Batch_Are_No_Leftovers)
 {
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
 
-    Clean_Leftovers(The_Session, Focus());
+    Clean_Leftovers(Home / "focus");
 
-    EXPECT_EQ(Simulation_List(The_Session, Focus()).size(), 1u);
+    EXPECT_EQ(Simulation_List(Home / "focus").size(), 1u);
 }
 
 TEST_F(Simulations_Test, Deleting_The_Last_Location_Takes_Crop_And_Pesticide_Directories_With_It)
 {
     Add_Run("a", "Hamburg (H)", true);
     Add_Run("a", "Thiva (T), irrigated", true);
-    auto list = Simulation_List(The_Session, Focus());
+    auto list = Simulation_List(Home / "focus");
     The_User.Answers = {Button::Yes, Button::Yes};
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), {list[0]}), 1);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), {list[0]}), 1);
     EXPECT_TRUE(fs::exists(Home / "focus" / "a.run" / "Maize.run"));
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), {list[1]}), 1);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), {list[1]}), 1);
 
     EXPECT_FALSE(fs::exists(Home / "focus" / "a.run"));
     EXPECT_EQ(The_User.Messages.at(0), (Message{"Deleting simulations",
@@ -93,9 +95,9 @@ TEST_F(Simulations_Test, A_No_Keeps_Everything)
     Add_Run("b", "Hamburg (H)", true);
     The_User.Answers = {Button::No};
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), Simulation_List(The_Session, Focus())), 0);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), Simulation_List(Home / "focus")), 0);
 
-    EXPECT_EQ(Simulation_List(The_Session, Focus()).size(), 2u);
+    EXPECT_EQ(Simulation_List(Home / "focus").size(), 2u);
     EXPECT_EQ(The_User.Messages.at(0).Text, "Do you really want to remove these simulations?");
 }
 
@@ -106,7 +108,7 @@ TEST_F(Simulations_Test, A_Simulation_At_Work_Stays_And_The_Others_Go)
     const auto engine = Lock::Take(busy);
     The_User.Answers = {Button::Yes, Button::Ok};
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), Simulation_List(The_Session, Focus())), 1);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), Simulation_List(Home / "focus")), 1);
 
     EXPECT_EQ(The_User.Messages.at(1),
               (Message{"Deleting simulations", "You are currently running a simulation using the directory\r\n" +
@@ -121,22 +123,22 @@ TEST_F(Simulations_Test, A_Deleted_Simulation_Is_No_Longer_Part_Of_The_Pending_B
     auto hamburg = Maize_At_Hamburg(), other = Maize_At_Hamburg();
     Pesticide("other.psm");
     other.Pesticide = "other.psm";
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), hamburg), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), hamburg), Mark_Result::Marked);
     const std::string first_alone = Read_Whole(batch);
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), other), Mark_Result::Marked);
-    auto list = Simulation_List(The_Session, Focus());
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), other), Mark_Result::Marked);
+    auto list = Simulation_List(Home / "focus");
     const auto second = std::ranges::find(list, "other", &Simulation::Pesticide),
                first = std::ranges::find(list, "test", &Simulation::Pesticide);
     The_User.Answers = {Button::Yes, Button::Yes};
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), {*second}), 1);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), {*second}), 1);
     EXPECT_EQ(Read_Whole(batch), first_alone);
-    EXPECT_EQ(The_Session.Run.Job_Dir.size(), 1u);
+    EXPECT_EQ(Read_Batch(Home / "focus").size(), 1u);
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), {*first}), 1);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), {*first}), 1);
     EXPECT_FALSE(fs::exists(batch));
-    EXPECT_TRUE(The_Session.Run.Job_Dir.empty());
-    EXPECT_EQ(Run_Caption(The_Session, Focus()), "Run");
+    EXPECT_TRUE(Read_Batch(Home / "focus").empty());
+    EXPECT_EQ(Run_Caption(Home / "focus"), "Run");
     EXPECT_EQ(The_User.Messages.size(), 2u);
 }
 
@@ -145,43 +147,45 @@ TEST_F(Simulations_Test, The_Block_Behind_A_Deleted_First_One_Begins_The_Batch)
     auto hamburg = Maize_At_Hamburg(), other = Maize_At_Hamburg();
     Pesticide("other.psm");
     other.Pesticide = "other.psm";
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), hamburg), Mark_Result::Marked);
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), other), Mark_Result::Marked);
-    const auto list = Simulation_List(The_Session, Focus());
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), hamburg), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), other), Mark_Result::Marked);
+    const auto list = Simulation_List(Home / "focus");
     The_User.Answers = {Button::Yes};
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), {*std::ranges::find(list, "test", &Simulation::Pesticide)}), 1);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(),
+                                 {*std::ranges::find(list, "test", &Simulation::Pesticide)}),
+              1);
 
     const std::string batch = Read_Whole(Home / "focus" / "batch.bat");
     EXPECT_TRUE(batch.starts_with("cd ")) << batch;
     EXPECT_FALSE(Contains(batch, "cd ..")) << batch;
-    EXPECT_EQ(The_Session.Run.Job_Dir.size(), 1u);
+    EXPECT_EQ(Read_Batch(Home / "focus").size(), 1u);
 }
 
 TEST_F(Simulations_Test, Nothing_Is_Deleted_Where_The_Pending_Batch_Cannot_Be_Changed)
 {
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
-    const auto list = Simulation_List(The_Session, Focus());
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
+    const auto list = Simulation_List(Home / "focus");
     Put(Home / "focus" / "batch.bat", "format c:\r\n");
     The_User.Answers = {Button::Yes};
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), list), 0);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), list), 0);
 
     EXPECT_EQ(The_User.Messages.back().Title, "Deleting simulations");
-    EXPECT_EQ(Simulation_List(The_Session, Focus()).size(), 1u);
+    EXPECT_EQ(Simulation_List(Home / "focus").size(), 1u);
     EXPECT_EQ(Read_Whole(Home / "focus" / "batch.bat"), "format c:\r\n");
 }
 
 TEST_F(Simulations_Test, A_Simulation_At_Work_Keeps_Its_Place_In_The_Pending_Batch)
 {
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
-    const auto list = Simulation_List(The_Session, Focus());
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
+    const auto list = Simulation_List(Home / "focus");
     const auto engine = Lock::Take(list.at(0).Directory);
     The_User.Answers = {Button::Yes};
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), list), 0);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), list), 0);
 
-    EXPECT_TRUE(Batch_Pending(The_Session, Focus()));
+    EXPECT_TRUE(Batch_Pending(Home / "focus"));
     EXPECT_TRUE(fs::exists(list.at(0).Directory));
 }
 
@@ -190,7 +194,7 @@ TEST_F(Simulations_Test, A_Name_That_Does_Not_Survive_Its_Encoding_Is_Deleted_By
     const auto run = Add_Run("a--b", "Hamburg (H)", true); // shown as "a,b"
     The_User.Answers = {Button::Yes};
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), Simulation_List(The_Session, Focus())), 1);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), Simulation_List(Home / "focus")), 1);
     EXPECT_FALSE(fs::exists(run));
 }
 
@@ -206,11 +210,11 @@ TEST_F(Simulations_Test, What_Is_Reached_Through_A_Link_Stays_And_Is_Told)
     fs::create_directory_symlink(elsewhere / "location", Home / "focus" / "a.run" / "Maize.run" / "Hamburg_-_(H).run");
     fs::create_directory_symlink(elsewhere / "crop", Home / "focus" / "b.run" / "Maize.run");
     fs::create_directory_symlink(elsewhere / "pesticide", Home / "focus" / "c.run");
-    const auto list = Simulation_List(The_Session, Focus());
+    const auto list = Simulation_List(Home / "focus");
     ASSERT_EQ(list.size(), 3u);
 
     The_User.Answers = {Button::Yes};
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), list), 0);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), list), 0);
 
     EXPECT_EQ(The_User.Messages.size(), 4u); // the question, then one a simulation
     for (const char* run : {"location", "crop/Hamburg_-_(H).run", "pesticide/Maize.run/Hamburg_-_(H).run"})
@@ -224,7 +228,7 @@ TEST_F(Simulations_Test, Cleaning_Follows_No_Link_Either)
     fs::create_directories(Home / "focus" / "a.run" / "Maize.run");
     fs::create_directory_symlink(Home / "elsewhere", Home / "focus" / "a.run" / "Maize.run" / "Hamburg_-_(H).run");
 
-    Clean_Leftovers(The_Session, Focus());
+    Clean_Leftovers(Home / "focus");
 
     EXPECT_TRUE(fs::exists(Home / "elsewhere" / "thesis.txt"));
 }
@@ -236,7 +240,7 @@ TEST_F(Simulations_Test, A_Link_Inside_A_Run_Is_Removed_And_Not_What_It_Leads_To
     fs::create_symlink(Home / "kept.txt", run / "link.txt");
     The_User.Answers = {Button::Yes};
 
-    EXPECT_EQ(Delete_Simulations(The_Session, Focus(), Simulation_List(The_Session, Focus())), 1);
+    EXPECT_EQ(Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), Simulation_List(Home / "focus")), 1);
 
     EXPECT_FALSE(fs::exists(run));
     EXPECT_TRUE(fs::exists(Home / "kept.txt"));

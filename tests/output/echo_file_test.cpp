@@ -10,22 +10,25 @@ namespace orvel {
 
 namespace {
 
-Echo_Layers Layers_Of(const std::string& bytes)
+Echo Scanned(const std::string& bytes)
 {
     auto echo = Line_Scanner::Of_Bytes(bytes);
-    return Scan_Echo_Layers(echo);
+    return Scan_Echo(echo);
+}
+
+Echo_Layers Layers_Of(const std::string& bytes)
+{
+    return Scanned(bytes).Layers();
 }
 
 std::vector<std::string> Names_Of(const std::string& bytes)
 {
-    auto echo = Line_Scanner::Of_Bytes(bytes);
-    return Scan_Substance_Names(echo);
+    return Scanned(bytes).Substance_Names;
 }
 
 bool Has_Error(const std::string& bytes)
 {
-    auto echo = Line_Scanner::Of_Bytes(bytes);
-    return Scan_For_Error(echo);
+    return Scanned(bytes).Holds_Error;
 }
 
 struct Flags {
@@ -136,8 +139,10 @@ TEST(Echo_File, The_File_Is_Found_In_Any_Case)
     const Temporary_Directory directory;
     Write_File(directory / "Echo.ORV", Echo_File({.Top = "25", .Last = "ERROR"}));
 
-    EXPECT_EQ(Read_Echo_Layers(directory.Path()).Top_Layers, 25);
-    EXPECT_EQ(Read_Substance_Names(directory.Path()), std::vector<std::string>{"Substance D"});
+    const auto echo = Read_Echo(directory.Path());
+    EXPECT_EQ(echo.Missing, "");
+    EXPECT_EQ(echo.Layers().Top_Layers, 25);
+    EXPECT_EQ(echo.Substance_Names, std::vector<std::string>{"Substance D"});
     EXPECT_TRUE(Simulation_Failed(directory.Path()));
 }
 
@@ -156,9 +161,40 @@ TEST(Echo_File, A_Missing_File_Is_An_Error)
 {
     const Temporary_Directory directory;
 
-    EXPECT_THROW(Read_Echo_Layers(directory.Path()), File_Error);
-    EXPECT_THROW(Read_Substance_Names(directory.Path()), File_Error);
+    EXPECT_NE(Read_Echo(directory.Path()).Missing, "");
+    EXPECT_THROW(Read_Echo(directory.Path()).Layers(), File_Error);
     EXPECT_FALSE(Simulation_Failed(directory.Path())); // it was not begun
+}
+
+TEST(Echo_File, A_Text_Of_The_Layers_Counts_Only_Behind_The_One_Before)
+{
+    const std::string top = Line_At({{2, "Total number of layers in the top meter:"}, {53, "        40"}});
+    const std::string total = Line_At({{2, "TOTAL COMPARTMENTS IN CORE"}, {55, "80"}});
+    const std::string last = Line_At({{1, "the end"}, {53, "         7"}});
+
+    const auto layers = Layers_Of(top + "\r\n" + total + "\r\nWATR YEAR\r\nPEST YEAR\r\n" + last + "\r\n");
+
+    EXPECT_EQ(layers.Total_Compartments, 80);
+    EXPECT_EQ(layers.Top_Layers, 7); // the first line does not count: that of the end of the file does
+}
+
+TEST(Echo_File, Another_Look_Reads_The_Echo_Of_A_Run_That_Was_Started_Anew)
+{
+    const Temporary_Directory directory;
+    Write_File(directory / "echo.orv", Echo_File());
+    auto echo = Read_Echo(directory.Path());
+    EXPECT_FALSE(echo.Failed());
+
+    Write_File(directory / "echo.orv", Echo_File({.Last = " *** ERROR 52: no such file"}));
+    std::filesystem::last_write_time(directory / "echo.orv", echo.Written + std::chrono::seconds(1));
+    {
+        const auto engine = Lock::Take(directory / "echo.orv");
+        Look_Again(echo, directory.Path());
+        EXPECT_TRUE(echo.At_Work);
+        EXPECT_FALSE(echo.Failed());
+    }
+    Look_Again(echo, directory.Path());
+    EXPECT_TRUE(echo.Failed());
 }
 
 } // namespace orvel

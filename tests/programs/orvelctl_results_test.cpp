@@ -148,8 +148,13 @@ TEST_F(Orvelctl_Results, Report_Is_Saved_By_The_Ending_Of_The_File_And_Tells_Wha
     EXPECT_NE(Read_File(Home / "r.csv").find("\r\nMaize,Substance D,Ch\xC3\xA2teaudun (C),,"), std::string::npos);
     EXPECT_EQ(Run(report + ".html"), 0);
     EXPECT_TRUE(Read_File(Home / "r.html").starts_with("<!DOCTYPE html>"));
+    const std::string notes = Standard_Error;
+    EXPECT_NE(notes, "");
     EXPECT_EQ(Run(report + ".pdf"), 0) << Standard_Error;
     EXPECT_TRUE(Read_File(Home / "r.pdf").starts_with("%PDF-"));
+    EXPECT_EQ(Standard_Error, notes); // those of the page, once
+    EXPECT_EQ(Run("report --mode focus --pesticide test --crop all --to nowhere/r.pdf"), 1);
+    EXPECT_NE(Standard_Error.find("File check: Cannot write nowhere/r.pdf"), std::string::npos) << Standard_Error;
 }
 
 TEST_F(Orvelctl_Results, Report_Refuses_Another_Ending_And_A_Text_Without_One_Of_Its_Locations)

@@ -57,7 +57,8 @@ TEST_F(Orvelctl, Tells_A_Bad_File_As_The_Box_Would_And_Exits_With_1)
     Write_Whole(In_Directory("bad.psm"), "no document");
 
     EXPECT_EQ(Run("show " + In_Directory("bad.psm")), 1);
-    EXPECT_EQ(Error, "Readin check: bad.psm is not a ORVEL 4.01 PSM file\n");
+    EXPECT_EQ(Error, "Readin check: bad.psm is not a ORVEL 4.01 PSM file\n"
+                     "bad.psm, line 1: The file ends behind this line.\n");
     EXPECT_EQ(Out, "");
 
     EXPECT_EQ(Run("convert " + In_Directory("bad.psm") + " " + In_Directory("out.psm")), 1);

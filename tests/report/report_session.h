@@ -77,9 +77,9 @@ protected:
     {
         return Request_Summaries(The_Session, Mode_Of(Mode_Kind::Focus), "demo", crop, codes);
     }
-    Report Gathered(const std::string& crop = "all", const std::vector<std::string>& codes = {}) const
+    Report Gather(const std::string& crop = "all", const std::vector<std::string>& codes = {}) const
     {
-        return *Gather_Report(The_Session, Requests(crop, codes), 0);
+        return Gather_Report(The_Session, Requests(crop, codes), 0);
     }
 
     Temporary_Directory Installation;

@@ -3,6 +3,7 @@
 #include "core/error.h"
 #include "core/sha256.h"
 #include "core/text.h"
+#include "output/run_files.h"
 #include "report_session.h"
 
 namespace orvel {
@@ -25,7 +26,7 @@ TEST_F(Report_Session, A_Result_Holds_Percentile_And_Both_Years_That_It_Is_Made_
     Add_Run("Maize", Hamburg, 1);
     Add_Run("Maize", Kremsmuenster, 2);
 
-    const Report report = Gathered();
+    const Report report = Gather();
 
     ASSERT_EQ(report.Crops.size(), 1U);
     const auto& crop = report.Crops[0];
@@ -49,7 +50,7 @@ TEST_F(Report_Session, A_Result_Holds_Percentile_And_Both_Years_That_It_Is_Made_
 TEST_F(Report_Session, The_Figures_Are_The_Same_Out_Of_The_Cache)
 {
     Add_Run("Maize", Hamburg, 7);
-    const auto first = Gathered(), second = Gathered();
+    const auto first = Gather(), second = Gather();
 
     EXPECT_EQ(first.Crops[0].Tables[0].Results[0].P80, second.Crops[0].Tables[0].Results[0].P80);
     EXPECT_EQ(first.Crops[0].Tables[0].Results[0].A, second.Crops[0].Tables[0].Results[0].A);
@@ -58,7 +59,7 @@ TEST_F(Report_Session, The_Figures_Are_The_Same_Out_Of_The_Cache)
 TEST_F(Report_Session, A_Percentile_Of_Exactly_The_Limit_Keeps_It_And_The_Next_Printed_Figure_Does_Not)
 {
     const auto run = Add_Run("Maize", Hamburg, 1);
-    Gathered();
+    Gather();
     for (const auto& [figure, above] : {std::pair("0.100", false), std::pair("0.101", true)}) {
         std::string periods = Read_File(run / "period.orv");
         const auto row = periods.find("80 Perc.(17/16)");
@@ -67,7 +68,7 @@ TEST_F(Report_Session, A_Percentile_Of_Exactly_The_Limit_Keeps_It_And_The_Next_P
         periods.replace(last + 1, end - last - 1, figure);
         Write_Whole(run / "period.orv", periods);
 
-        const auto result = Gathered().Crops[0].Tables[0].Results[0];
+        const auto result = Gather().Crops[0].Tables[0].Results[0];
         EXPECT_EQ(result.P80.Conc, std::stod(figure));
         EXPECT_EQ(result.Above_Limit, above) << figure;
     }
@@ -77,7 +78,7 @@ TEST_F(Report_Session, The_Files_Are_Named_With_The_Digest_Of_Their_Bytes)
 {
     const auto run = Add_Run("Maize", Hamburg, 1);
 
-    const Report report = Gathered();
+    const Report report = Gather();
 
     EXPECT_EQ(report.Engine_File,
               (Checked_File{"orvel401.exe", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"}));
@@ -94,7 +95,7 @@ TEST_F(Report_Session, The_Uses_Are_Those_Of_The_File_That_Was_Simulated)
     Add_Run("Maize", Hamburg, 1);
     Write_Pesticide(Installation.Path(), 9);
 
-    const Report report = Gathered();
+    const Report report = Gather();
 
     EXPECT_EQ(report.Crops[0].Runs[0].Uses,
               (std::vector<Report_Use>{{"1 kg/ha", "1 November", "every year, 1 to 26", "soil surface"}}));
@@ -110,7 +111,7 @@ TEST_F(Report_Session, A_Failed_A_Missing_And_A_Scheduled_Simulation_Have_A_Prob
     fs::remove(Add_Run("Maize", "Porto_-_(O)", 1) / "echo.orv");
     fs::remove(Add_Run("Maize", "Thiva_-_(T)", 1) / "Wasser.orv");
 
-    const Report report = Gathered("Maize", {"H", "K", "O", "S", "T"});
+    const Report report = Gather("Maize", {"H", "K", "O", "S", "T"});
 
     const auto& runs = report.Crops[0].Runs;
     ASSERT_EQ(runs.size(), 5U);
@@ -135,7 +136,7 @@ TEST_F(Report_Session, A_Run_Of_Other_Substances_Than_The_First_Is_Not_Put_Under
     Add_Run("Maize", Hamburg, 1);
     Add_Run("Maize", Kremsmuenster, 2, {"P & <Q>", "Other"});
 
-    const Report report = Gathered();
+    const Report report = Gather();
 
     EXPECT_EQ(report.Crops[0].Runs[1].Problem, "The simulation has other substances than that of the first location.");
     EXPECT_EQ(report.Crops[0].Tables[1].Results.size(), 1U);
@@ -148,7 +149,7 @@ TEST_F(Report_Session, All_Crops_That_Were_Run_Are_Gathered_And_A_Choice_Of_Loca
     Add_Run("Maize", Kremsmuenster, 1);
     Add_Run("Winter_-_cereals", Kremsmuenster, 3);
 
-    const Report all = Gathered(), chosen = Gathered("all", {"K"});
+    const Report all = Gather(), chosen = Gather("all", {"K"});
 
     ASSERT_EQ(all.Crops.size(), 2U);
     EXPECT_EQ(all.Crops[0].Runs.size(), 2U);
@@ -165,19 +166,19 @@ TEST_F(Report_Session, Locations_Of_The_Crop_That_Were_Not_Run_Are_Noted)
     Write_Whole(Installation / "focus/H_maize.sze", "");
     Write_Whole(Installation / "focus/K_maize.sze", "");
 
-    EXPECT_TRUE(Holds(Gathered().Notes, "Further locations of the crop, not simulated: Kremsm\xFCnster (K)."));
+    EXPECT_TRUE(Holds(Gather().Notes, "Further locations of the crop, not simulated: Kremsm\xFCnster (K)."));
 }
 
 TEST_F(Report_Session, An_Engine_That_Is_Newer_Than_A_Run_Or_Gone_Is_Noted)
 {
     Add_Run("Maize", Hamburg, 1);
-    EXPECT_TRUE(Gathered().Notes.empty());
+    EXPECT_TRUE(Gather().Notes.empty());
 
     fs::last_write_time(Installation / "orvel401.exe", fs::file_time_type::clock::now() + std::chrono::hours(1));
-    EXPECT_TRUE(Gathered().Notes[0].starts_with("The engine's file is newer than some of the simulations"));
+    EXPECT_TRUE(Gather().Notes[0].starts_with("The engine's file is newer than some of the simulations"));
 
     fs::remove(Installation / "orvel401.exe");
-    EXPECT_TRUE(Gathered().Notes[0].starts_with("The engine is not in the installation any more"));
+    EXPECT_TRUE(Gather().Notes[0].starts_with("The engine is not in the installation any more"));
 }
 
 TEST_F(Report_Session, Runs_Of_Data_That_Are_Marked_So_Are_Noted_As_Not_For_Regulatory_Use)
@@ -186,15 +187,16 @@ TEST_F(Report_Session, Runs_Of_Data_That_Are_Marked_So_Are_Noted_As_Not_For_Regu
     Write_Whole(run / "plot.orv",
                 Replace_All(Read_File(run / "plot.orv"), "Scenario", "Made up, NOT for regulatory use"));
 
-    EXPECT_EQ(Gathered().Notes, std::vector<std::string>{
-                                    "Data of these simulations are marked \"not for regulatory use\": Hamburg (H)."});
+    EXPECT_EQ(Gather().Notes, std::vector<std::string>{
+                                  "Data of these simulations are marked \"not for regulatory use\": Hamburg (H)."});
 }
 
 TEST_F(Report_Session, The_User_May_Stop_The_Gathering)
 {
     Add_Run("Maize", Hamburg, 1);
 
-    EXPECT_FALSE(Gather_Report(The_Session, Requests(), 0, [](const std::string&, double) { return false; }));
+    EXPECT_THROW(Gather_Report(The_Session, Requests(), 0, [](const std::string&, double) { return false; }),
+                 Reading_Stopped);
 }
 
 TEST_F(Report_Session, A_Pesticide_Without_Simulations_Is_Told)

@@ -30,9 +30,19 @@ inline const Mode& Tier_4()
     return Mode_Of(Mode_Kind::Efsa_T4);
 }
 
-constexpr int Apples = 0;
-constexpr int Winter_Cereals = 4;
-constexpr int Maize = 14;
+inline const Crop* const Apples = Crop_Named("Apples");
+inline const Crop* const Winter_Cereals = Crop_Named("Winter cereals");
+inline const Crop* const Maize = Crop_Named("Maize");
+inline const Crop* const Individual_Crop = Crop_Named("Individual crop");
+
+// A combination with the given options.
+inline Run_Choice Chosen(const Mode& mode, const Crop* crop, std::string_view location,
+                         std::string_view pesticide = "t.psm", const Run_Options& options = {})
+{
+    Run_Choice choice = Choose_Run(mode, pesticide, crop, location);
+    choice.Options = options;
+    return choice;
+}
 
 // An installation small enough to see through: three mode directories, an engine of one line, and whatever a test adds.
 class Run_Test : public testing::Test {
@@ -101,7 +111,7 @@ protected:
     {
         Pesticide("test.psm");
         Scenario(Home / "focus" / "H_maize.sze");
-        return {.Pesticide = "test.psm", .Crop = Maize, .Location = "Hamburg (H)"};
+        return Chosen(Focus(), Maize, "Hamburg (H)", "test.psm");
     }
 
     Temporary_Directory Home;

@@ -10,9 +10,9 @@ protected:
         for (const auto* name : {"H_maize.sze", "H_apples.sze", "H_wcerea.sze", "C_maize.sze"})
             Scenario(Home / "focus" / name);
     }
-    Selection Selected(int crop = Maize, std::string_view location = "Hamburg (H)", const Mode& mode = Focus())
+    Selection Selected(const Crop* crop = Maize, std::string_view location = "Hamburg (H)", const Mode& mode = Focus())
     {
-        return Evaluate_Selection(The_Session, mode, "test.psm", crop, location);
+        return Evaluate_Selection(The_Session.Program, The_Session.Ask, mode, "test.psm", crop, location);
     }
 };
 
@@ -26,8 +26,7 @@ TEST_F(Selection_Test, A_Regular_Pattern_At_The_Location_Enables_The_Buttons_And
     EXPECT_TRUE(selected.Buttons_Enabled());
     EXPECT_EQ(selected.App_Modus, "Every year");
     EXPECT_EQ(selected.app_Date, "0.75 kg/ha on November 5");
-    EXPECT_EQ(The_Session.Editor.App_Current_Location, 1);
-    EXPECT_EQ(The_Session.Editor.App_Pattern, 1);
+    EXPECT_EQ(selected.Choice.Pattern, 1);
 }
 
 TEST_F(Selection_Test, A_Location_Without_A_Block_Is_Told_By_Its_Name_Without_The_Irrigation)
@@ -38,7 +37,7 @@ TEST_F(Selection_Test, A_Location_Without_A_Block_Is_Told_By_Its_Name_Without_Th
 
     EXPECT_EQ(selected.Warnung, "No application pattern for Ch\xE2teaudun (C) defined in the selected pesticide file");
     EXPECT_FALSE(selected.Buttons_Enabled());
-    EXPECT_FALSE(selected.May_Run_Anyway);
+    EXPECT_FALSE(selected.May_Run_Anyway());
     EXPECT_EQ(selected.App_Modus, "");
     EXPECT_EQ(selected.app_Date, "");
 }
@@ -51,7 +50,7 @@ TEST_F(Selection_Test, An_Irregular_Pattern_May_Run_Only_On_Demand)
 
     EXPECT_EQ(selected.Warnung, "No regular application pattern defined for this location!");
     EXPECT_FALSE(selected.Buttons_Enabled());
-    EXPECT_TRUE(selected.May_Run_Anyway);
+    EXPECT_TRUE(selected.May_Run_Anyway());
     EXPECT_EQ(selected.App_Modus, "");
 }
 
@@ -69,7 +68,7 @@ TEST_F(Selection_Test, A_File_In_The_Old_Format_Is_Refused_Before_Any_Other_Test
 
     EXPECT_EQ(selected.Warnung,
               "ORVEL 3 PSM-Format! Please convert to the new format by doubleclicking followed by saving.");
-    EXPECT_TRUE(selected.Old_Format);
+    EXPECT_TRUE(selected.Old_Format());
     EXPECT_FALSE(selected.Buttons_Enabled());
 }
 
@@ -84,24 +83,6 @@ TEST_F(Selection_Test, A_Crop_Number_In_The_Pesticide_File_Fits_Its_Crop_Only)
 
     EXPECT_EQ(Selected(Apples).Warnung, "");
     EXPECT_EQ(Selected(Maize).Warnung, "No application pattern for Maize defined in the selected pesticide file");
-}
-
-TEST_F(Selection_Test, Crop_Numbers_Map_To_List_Entries_And_Leave_Grass_Without_One)
-{
-    for (int crop = 0; crop < Crop_Entries; ++crop) {
-        EXPECT_TRUE(Crop_Fits(0, crop));
-        EXPECT_TRUE(Crop_Fits(-3, crop));
-        EXPECT_EQ(Crop_Fits(1, crop), crop == 0);
-        EXPECT_EQ(Crop_Fits(2, crop), crop == 2);
-        EXPECT_EQ(Crop_Fits(4, crop), crop == 4);
-        EXPECT_EQ(Crop_Fits(5, crop), crop == 6);
-        EXPECT_EQ(Crop_Fits(9, crop), crop == 10);
-        EXPECT_EQ(Crop_Fits(10, crop), crop == 12);
-        EXPECT_EQ(Crop_Fits(23, crop), crop == 25);
-        EXPECT_FALSE(Crop_Fits(24, crop));
-    }
-    for (int number = 1; number <= 30; ++number)
-        EXPECT_FALSE(Crop_Fits(number, 1)) << number;
 }
 
 TEST_F(Selection_Test, A_Different_Number_Of_Horizons_Is_Told_In_The_Words_Of_The_Mode)
@@ -181,17 +162,17 @@ TEST_F(Selection_Test, The_Soil_Modes_Compare_The_Location_Of_Relative_Dates_Too
 TEST_F(Selection_Test, Tillage_Shows_Where_The_First_Crop_Row_Has_The_Flag)
 {
     Pesticide("test.psm");
-    EXPECT_FALSE(Selected().Tillage_Visible);
+    EXPECT_FALSE(Selected().Choice.Tillage_Visible);
 
     Scenario(Home / "focus" / "H_maize.sze", [](auto& document) { document.Crops[0].SZE_Rot_Tillage = 1; });
-    EXPECT_TRUE(Selected().Tillage_Visible);
+    EXPECT_TRUE(Selected().Choice.Tillage_Visible);
 
     Put(Home / "focus" / "H_maize.sze",
         "t\r\n2\r\n0\r\n1\r\n  1 2  3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18   1  \r\n");
-    EXPECT_TRUE(Has_Tillage(Home / "focus" / "H_maize.sze"));
+    EXPECT_TRUE(Scenario_Tills(Home / "focus" / "H_maize.sze"));
     Put(Home / "focus" / "H_maize.sze", "t\r\n2\r\n0\r\n1\r\n1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 1\r\n");
-    EXPECT_FALSE(Has_Tillage(Home / "focus" / "H_maize.sze"));
-    EXPECT_FALSE(Has_Tillage(Home / "focus" / "missing.sze"));
+    EXPECT_FALSE(Scenario_Tills(Home / "focus" / "H_maize.sze"));
+    EXPECT_FALSE(Scenario_Tills(Home / "focus" / "missing.sze"));
 }
 
 TEST_F(Selection_Test, Without_A_Location_Nothing_Is_Read_And_Nothing_Can_Run)
@@ -201,7 +182,7 @@ TEST_F(Selection_Test, Without_A_Location_Nothing_Is_Read_And_Nothing_Can_Run)
     EXPECT_FALSE(selected.Buttons_Enabled());
     EXPECT_EQ(selected.Warnung, "");
     EXPECT_TRUE(The_User.Messages.empty());
-    EXPECT_FALSE(Selected(First_Separator).Buttons_Enabled());
+    EXPECT_FALSE(Selected(Crop_At(First_Separator())).Buttons_Enabled());
 }
 
 TEST_F(Selection_Test, A_Pesticide_File_That_Cannot_Be_Read_Is_Told_And_Cannot_Run)
@@ -215,9 +196,9 @@ TEST_F(Selection_Test, A_Pesticide_File_That_Cannot_Be_Read_Is_Told_And_Cannot_R
 
 TEST_F(Selection_Test, The_First_Separator_Is_Stepped_Over_In_The_Direction_Of_Travel)
 {
-    EXPECT_EQ(Step_Over_Separator(First_Separator, Crop_Step_After(4, 0)), 6);
-    EXPECT_EQ(Step_Over_Separator(First_Separator, Crop_Step_After(6, 0)), 4);
-    EXPECT_EQ(Step_Over_Separator(Second_Separator, -2), Second_Separator);
+    EXPECT_EQ(Step_Over_Separator(First_Separator(), Crop_Step_After(4, 0)), 6);
+    EXPECT_EQ(Step_Over_Separator(First_Separator(), Crop_Step_After(6, 0)), 4);
+    EXPECT_EQ(Step_Over_Separator(26, -2), 26);
     EXPECT_EQ(Step_Over_Separator(14, 0), 14);
 }
 
@@ -236,7 +217,21 @@ TEST_F(Selection_Test, The_List_Of_Pesticide_Files_Leaves_Out_Names_That_No_Run_
     Put(Home / "\u4E2D.psm", "");
     Put(Home / "two\nlines.psm", "");
 
-    EXPECT_EQ(Pesticide_List(The_Session), (std::vector<std::string>{"A.PSM", "b.psm", "\xE4 file,1;&.psm"}));
+    EXPECT_EQ(Pesticide_List(Home.Path()), (std::vector<std::string>{"A.PSM", "b.psm", "\xE4 file,1;&.psm"}));
+}
+
+TEST_F(Selection_Test, A_Pesticide_File_Is_Deleted_Only_With_OK)
+{
+    Pesticide("test.psm");
+
+    EXPECT_FALSE(Delete_Pesticide(Home.Path(), The_Session.Ask, "test.psm"));
+    EXPECT_TRUE(std::filesystem::exists(Home / "test.psm"));
+    EXPECT_EQ(The_User.Messages.at(0).Text, "Are you sure that you want to delete the file 'test.psm'!");
+    EXPECT_EQ(The_User.Messages.at(0).Title, "Deleting pesticide input files");
+
+    The_User.Answers = {Button::Ok};
+    EXPECT_TRUE(Delete_Pesticide(Home.Path(), The_Session.Ask, "test.psm"));
+    EXPECT_FALSE(std::filesystem::exists(Home / "test.psm"));
 }
 
 } // namespace orvel

@@ -56,7 +56,7 @@ TEST_F(Start_Up_Test, The_First_Of_Several_Engines_Is_Taken)
     Put(Home / "ORVEL399.EXE", "");
     Put(Home / "orvel500.exe", "");
 
-    Find_Engine(The_Session);
+    Find_Engine(The_Session.Program);
 
     EXPECT_EQ(The_Session.Program.Engine_Exe, "ORVEL399.EXE");
     EXPECT_DOUBLE_EQ(The_Session.Program.Engine_Version, 3.99);
@@ -67,7 +67,7 @@ TEST_F(Start_Up_Test, A_Short_Engine_Name_Gives_The_Number_That_Stands_There)
     std::filesystem::remove(Home / "orvel401.exe");
     Put(Home / "orvel4.exe", "");
 
-    Find_Engine(The_Session);
+    Find_Engine(The_Session.Program);
 
     EXPECT_DOUBLE_EQ(The_Session.Program.Engine_Version, 0.04); // "4.e" reads as 4
 }
@@ -84,10 +84,10 @@ TEST_F(Start_Up_Test, Without_An_Engine_The_Start_Goes_On)
 
 TEST_F(Start_Up_Test, A_Decimal_Comma_Is_Warned_Of)
 {
-    Check_Decimal_Separator(The_Session, "3.5");
+    Check_Decimal_Separator(The_Session.Ask, "3.5");
     EXPECT_TRUE(The_User.Messages.empty());
 
-    Check_Decimal_Separator(The_Session, "3,5");
+    Check_Decimal_Separator(The_Session.Ask, "3,5");
     EXPECT_EQ(
         The_User.Messages,
         std::vector{(Message{
@@ -101,9 +101,9 @@ TEST_F(Start_Up_Test, A_Soil_Mode_Without_Its_Data_Does_Not_Open)
 {
     Scenario(Home / "EFSA" / "T_N_wcerea.sze");
 
-    EXPECT_TRUE(Mode_Available(The_Session, Focus()));
-    EXPECT_TRUE(Mode_Available(The_Session, Tier_2()));
-    EXPECT_FALSE(Mode_Available(The_Session, Tier_4()));
+    EXPECT_TRUE(Mode_Available(The_Session.Program, The_Session.Ask, Focus()));
+    EXPECT_TRUE(Mode_Available(The_Session.Program, The_Session.Ask, Tier_2()));
+    EXPECT_FALSE(Mode_Available(The_Session.Program, The_Session.Ask, Tier_4()));
     EXPECT_EQ(The_User.Messages,
               std::vector{(Message{"Data error!", "EFSA Tier 4 scenario data not available in this installation!\r\n",
                                    Icon::Stop})});
@@ -113,12 +113,13 @@ TEST_F(Start_Up_Test, Shipped_Files_Become_Read_Only_And_Individual_Crops_Stay_W
 {
     for (const auto* name : {"c_apples.sze", "H_indiv.sze", "My_Indiv2.SZE", "C_01.cli", "indiv.cli"})
         Put(Home / "focus" / name, "x\r\n");
-    EXPECT_FALSE(Files_Protected(The_Session));
+    EXPECT_FALSE(Files_Protected(The_Session.Program));
     std::vector<std::pair<int, int>> steps;
 
-    EXPECT_TRUE(Protect_Files(The_Session, [&](int done, int all) { steps.emplace_back(done, all); }));
+    EXPECT_TRUE(
+        Protect_Files(The_Session.Program, The_Session.Ask, [&](int done, int all) { steps.emplace_back(done, all); }));
 
-    EXPECT_TRUE(Files_Protected(The_Session));
+    EXPECT_TRUE(Files_Protected(The_Session.Program));
     EXPECT_TRUE(Is_Read_Only(Home / "focus" / "C_01.cli"));
     EXPECT_TRUE(Is_Read_Only(Home / "focus" / "indiv.cli"));
     EXPECT_FALSE(Is_Read_Only(Home / "focus" / "H_indiv.sze"));

@@ -86,4 +86,14 @@ TEST(Crop_Data_Base, A_Count_Beyond_All_Reason_Is_Refused_Before_Anything_Is_Rea
 
 } // namespace
 
+TEST(Crop_Data_Base, A_Number_That_No_Field_Holds_Is_Told_With_Its_Line_And_Column)
+{
+    try {
+        Parse_Crop_Data("1\r\nhead\r\nMaize         80  0.2  90  40000\r\n"); // the name takes columns 1 to 14
+        FAIL();
+    } catch (const File_Error& error) {
+        EXPECT_STREQ(error.what(), "Line 3, column 28: A number is outside the range of -32768 to 32767.");
+    }
+}
+
 } // namespace orvel

@@ -477,7 +477,8 @@ TEST_F(Crop_Data_Reader, A_File_That_Is_Cut_Short_Is_Told_With_The_Line_Where_It
 
     EXPECT_TRUE(Read_Crop_Data(The_Session, Directory.Path()).empty());
     EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{"File check", "Cannot read INPUT.DAT. The file ends behind line 3."})});
+              std::vector{(Message{"File check", "Cannot read INPUT.DAT.\n"
+                                                 "input.dat, line 3: The file ends behind this line."})});
 }
 
 TEST_F(Crop_Data_Reader, The_Case_Of_The_Name_Does_Not_Matter)

@@ -1,5 +1,7 @@
 #include "tables/balance_chart.h"
 
+#include "tables/balance_text.h"
+
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -25,35 +27,50 @@ constexpr std::string_view Substances_File =
     "-----\r\n"
     "\t1   \t300.0\t0.00E+00\t0.1\t0.2\t100.0\t1.5\t198.2\r\n";
 
-TEST(Balance_Charts, Read_The_Water_Table_And_Search_Nothing_In_The_Users_Titles)
+// Both texts read back.
+Balance_Tables Tables_Of(std::string_view water, std::string_view pesticides, Balance_View view = Balance_View::Annual)
 {
-    const auto tables = Read_Balances(Water);
-
-    ASSERT_EQ(tables.size(), 1U);
-    EXPECT_EQ(tables[0].Label, "Water");
-    EXPECT_EQ(tables[0].Terms, (std::vector<std::string>{"Precipitation", "Irrigation", "Runoff", "Evapotransp.",
-                                                         "Percolate", "Diff. Storage"}));
-    ASSERT_EQ(tables[0].Rows.size(), 2U);
-    EXPECT_EQ(tables[0].Rows[1].Year, 2);
-    EXPECT_EQ(tables[0].Rows[0].Terms, (std::vector{643.102, 0.0, 12.077, 396.73, 234.188, 0.107}));
+    Balance_Tables tables;
+    Parse_Water(water, view, tables);
+    Parse_Pesticides(pesticides, view, tables);
+    return tables;
 }
 
-TEST(Balance_Charts, Read_A_Table_For_Every_Substance_And_Leave_Out_A_Row_That_Is_Cut_Short)
+TEST(Balance_Text, The_Water_Table_Is_Read_And_Nothing_Is_Searched_In_The_Users_Titles)
 {
-    const auto tables = Read_Balances(Substances_File);
+    const auto tables = Tables_Of(Water, "");
 
-    ASSERT_EQ(tables.size(), 2U);
-    EXPECT_EQ(tables[0].Label, "Pesticide");
-    EXPECT_EQ(tables[0].Terms.front(), "Application");
-    EXPECT_EQ(tables[0].Rows.size(), 1U);
-    EXPECT_EQ(tables[1].Label, "Metab.A1");
-    EXPECT_EQ(tables[1].Terms.front(), "Formation");
-    EXPECT_EQ(tables[1].Rows[0].Terms.back(), 198.2);
+    EXPECT_EQ(tables.Titles,
+              (std::vector<std::string>{"ORVEL engine 4.01", "Annual Rain Balance (demo)", "1997", "4"}));
+    ASSERT_EQ(tables.Water.size(), 2U);
+    EXPECT_EQ(tables.Water[0].Precipitation, 643.102);
+    EXPECT_EQ(tables.Water[0].Irrigation, 0);
+    EXPECT_EQ(tables.Water[0].Runoff, 12.077);
+    EXPECT_EQ(tables.Water[0].Evapotranspiration, 396.73);
+    EXPECT_EQ(tables.Water[0].Percolate, 234.188);
+    EXPECT_EQ(tables.Water[1].Diff_Storage, -142.995);
+}
+
+TEST(Balance_Text, A_Table_Is_Read_For_Every_Substance_And_A_Row_That_Is_Cut_Short_Is_Left_Out)
+{
+    const auto tables = Tables_Of(Water, Substances_File);
+
+    EXPECT_EQ(tables.Substance_Name, (std::vector<std::string>{"Pesticide", "Metab.A1"}));
+    ASSERT_EQ(tables.Pesticide.size(), 2U);
+    EXPECT_EQ(tables.Pesticide[0].size(), 1U);
+    EXPECT_EQ(tables.Pesticide[0][0].Application, 1000);
+    EXPECT_EQ(tables.Pesticide[1][0].Diff_Storage, 198.2);
+}
+
+TEST(Balance_Text, A_Text_Of_The_Other_View_Has_No_Tables)
+{
+    EXPECT_TRUE(Tables_Of(Water, Substances_File, Balance_View::Monthly).Water.empty());
+    EXPECT_TRUE(Tables_Of(Water, Substances_File, Balance_View::Monthly).Pesticide.empty());
 }
 
 TEST(Balance_Charts, A_Year_Has_A_Box_For_Every_Term_In_The_Colours_Of_The_Key)
 {
-    const auto chart = Water_Balance_Chart(Read_Balances(Water)[0]);
+    const auto chart = Water_Balance_Chart(Tables_Of(Water, ""));
 
     EXPECT_EQ(chart.Title, "Annual Water Balance (mm)");
     EXPECT_EQ(chart.X.Title, "Year ");
@@ -72,7 +89,10 @@ TEST(Balance_Charts, A_Year_Has_A_Box_For_Every_Term_In_The_Colours_Of_The_Key)
 
 TEST(Balance_Charts, A_Single_Year_Has_All_Its_Boxes_On_The_Axis)
 {
-    const auto chart = Water_Balance_Chart({"Water", {"Precipitation", "Percolate"}, {{1, {700, 200}}}});
+    Balance_Tables tables;
+    tables.Water = {{.Precipitation = 700, .Percolate = 200}};
+
+    const auto chart = Water_Balance_Chart(tables);
 
     EXPECT_EQ(chart.X.High, 1);
     EXPECT_GE(chart.Boxes.front().Left, 0);
@@ -81,7 +101,7 @@ TEST(Balance_Charts, A_Single_Year_Has_All_Its_Boxes_On_The_Axis)
 
 TEST(Balance_Charts, The_Largest_Value_Of_Either_Sign_Scales_The_Axis)
 {
-    const auto chart = Water_Balance_Chart(Read_Balances(Water)[0]);
+    const auto chart = Water_Balance_Chart(Tables_Of(Water, ""));
 
     EXPECT_EQ(chart.Y.High, 700);
     EXPECT_EQ(chart.Y.Low, -200);
@@ -90,20 +110,24 @@ TEST(Balance_Charts, The_Largest_Value_Of_Either_Sign_Scales_The_Axis)
 
 TEST(Balance_Charts, A_Substance_Stands_In_The_Title_By_Its_Name)
 {
-    const auto chart = Substance_Balance_Chart(Read_Balances(Substances_File)[1], "Metabolite M-44");
+    auto tables = Tables_Of(Water, Substances_File);
+    tables.Substance_Name[1] = "Metabolite M-44";
+
+    const auto chart = Substance_Balance_Chart(tables, 1);
 
     EXPECT_EQ(chart.Title, "Annual Metabolite M-44 Balance (g/ha)");
-    EXPECT_EQ(chart.Key.size(), 7U);
+    ASSERT_EQ(chart.Key.size(), 7U);
+    EXPECT_EQ(chart.Key[0].Text, "Formation");
+    EXPECT_EQ(Substance_Balance_Chart(tables, 0).Key[0].Text, "Application");
     EXPECT_EQ(chart.Boxes.back().Drawn_In, Colour::Term_7);
 }
 
 TEST(Balance_Charts, Every_Year_Has_Its_Tick_And_66_Years_Have_A_Label_At_Every_Third)
 {
-    Balance_Table table{"Water", {"Precipitation"}, {}};
-    for (int year = 1; year <= 66; ++year)
-        table.Rows.push_back({year, {100}});
+    Balance_Tables tables;
+    tables.Water.assign(66, {.Precipitation = 100});
 
-    const auto chart = Water_Balance_Chart(table);
+    const auto chart = Water_Balance_Chart(tables);
 
     ASSERT_EQ(chart.X.Ticks.size(), 66U);
     EXPECT_EQ(chart.X.Ticks[0].Label, "1");
@@ -113,9 +137,9 @@ TEST(Balance_Charts, Every_Year_Has_Its_Tick_And_66_Years_Have_A_Label_At_Every_
 
 TEST(Balance_Charts, An_Empty_File_Gives_No_Tables_And_An_Empty_Table_An_Empty_Diagram)
 {
-    EXPECT_TRUE(Read_Balances("").empty());
+    EXPECT_TRUE(Tables_Of("", "").Pesticide.empty());
 
-    const auto chart = Water_Balance_Chart({"Water", {}, {}});
+    const auto chart = Water_Balance_Chart({});
     EXPECT_TRUE(chart.Boxes.empty());
     EXPECT_EQ(chart.Y.High, 1);
 }

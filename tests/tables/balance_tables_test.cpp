@@ -78,7 +78,7 @@ TEST_F(Balance_Tables_Test, Both_Caches_Are_Laid_Out_To_The_Byte)
 
     EXPECT_EQ(Read_File(Run / "MBalance.orv"), Titles + Water_Table("Annual", "Year  "));
     EXPECT_EQ(Read_File(Run / "PBalance.orv"), Titles + Pesticide_Tables("Annual", "Year  "));
-    EXPECT_TRUE(tables.Cached);
+    EXPECT_TRUE(tables.Kept);
     EXPECT_EQ(tables.Failure, "");
 }
 
@@ -138,7 +138,7 @@ TEST_F(Balance_Tables_Test, No_Cache_Is_Written_From_A_Run_Whose_Lock_Is_Held)
 
     const auto tables = Build_Or_Load_Balance(Run.Path(), Balance_View::Annual);
 
-    EXPECT_EQ(tables.Not_Cached, "The simulation is still at work.");
+    EXPECT_EQ(tables.Not_Kept, "The simulation is still at work.");
     EXPECT_EQ(tables.Failure, "");
     EXPECT_EQ(tables.Water.size(), 1U);
     EXPECT_FALSE(Has_Cache());

@@ -101,7 +101,7 @@ TEST(Daily_Series, The_Yearly_Sum_Of_Every_Flow_Is_The_Amount_Of_The_Year)
     }
 
     for (int k = 1; k <= Last_Output_Variable; ++k) {
-        if (!Is_Flow(k))
+        if (!Output_Variable_Of(k).Is_Flow())
             continue;
         const auto series = Make_Daily_Series(lines, Calendar(2), {k, true, {1, 2}, {12, 2}});
         EXPECT_NEAR(series.Points.back().Y, amount[2], 1e-12) << k;
@@ -141,7 +141,7 @@ TEST(Daily_Series, Flows_Are_1_To_5_8_To_13_And_17_To_22)
 {
     std::vector<int> flows;
     for (int k = 0; k <= Last_Output_Variable; ++k) {
-        if (Is_Flow(k))
+        if (Output_Variable_Of(k).Is_Flow())
             flows.push_back(k);
     }
     EXPECT_EQ(flows, (std::vector{1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, 17, 18, 19, 20, 21, 22}));

@@ -100,8 +100,8 @@ TEST_F(Leachate_Cache, No_Cache_Is_Written_From_A_Run_Whose_Lock_Is_Held)
         const auto tables = Build_Or_Load(Run.Path());
 
         EXPECT_EQ(tables.Failure, "");
-        EXPECT_EQ(tables.Not_Cached, "The simulation is still at work.");
-        EXPECT_FALSE(tables.Cached);
+        EXPECT_EQ(tables.Not_Kept, "The simulation is still at work.");
+        EXPECT_FALSE(tables.Kept);
         EXPECT_FALSE(Has_Cache());
         EXPECT_EQ(Lines_With(tables.Period_Text, "Perc.").size(), 2U);
     }
@@ -127,7 +127,7 @@ TEST_F(Leachate_Cache, A_Failed_Run_Is_Shown_But_Not_Cached)
 
     const auto tables = Build_Or_Load(Run.Path());
 
-    EXPECT_EQ(tables.Not_Cached, "The simulation failed: its echo file, echo.orv, tells why.");
+    EXPECT_EQ(tables.Not_Kept, "The simulation failed: its echo file, echo.orv, tells why.");
     EXPECT_EQ(Lines_With(tables.Year_Text, "Perc.").size(), 2U);
     EXPECT_FALSE(Has_Cache());
 }
@@ -138,7 +138,7 @@ TEST_F(Leachate_Cache, A_Run_Without_Plot_File_Is_Shown_But_Not_Cached)
 
     const auto tables = Build_Or_Load(Run.Path());
 
-    EXPECT_EQ(tables.Not_Cached, "The run has no complete plot.orv.");
+    EXPECT_EQ(tables.Not_Kept, "The run has no complete plot.orv.");
     EXPECT_TRUE(tables.Year_Text.starts_with(
         "          \r\n          \r\n          \r\n          \r\n \r\n \r\n\tResults for Substance D"));
     EXPECT_EQ(Lines_With(tables.Year_Text, "Perc.").size(), 2U);
@@ -160,8 +160,8 @@ TEST_F(Leachate_Cache, A_Cache_That_Cannot_Be_Written_Leaves_The_Old_File_And_Sh
 
     const auto tables = Build_Or_Load(Run.Path());
 
-    EXPECT_FALSE(tables.Cached);
-    EXPECT_NE(tables.Not_Cached, "");
+    EXPECT_FALSE(tables.Kept);
+    EXPECT_NE(tables.Not_Kept, "");
     EXPECT_EQ(tables.Failure, "");
     EXPECT_EQ(Lines_With(tables.Period_Text, "Perc.").size(), 2U);
     EXPECT_EQ(Read_File(Run / "year.orv"), "old");

@@ -1,6 +1,7 @@
 #include "tables/leachate_periods.h"
 
 #include "leachate_run.h"
+#include "tables/leachate_text.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -9,21 +10,31 @@ namespace orvel {
 
 namespace {
 
-// A year table as it stands in year.orv, with a percolate of 100 L/m2 and the given fluxes, g/ha; title and result rows
-// are plain.
-std::string Year_Table(const std::string& title, int years)
+const Plot_Head Head = {.Titles = {"one", "two", "three", "four"}};
+
+// Years with a percolate of 100 L/m2 and the fluxes 1, 2, 3 ... g/ha.
+Leachate_Table Rising_Years(int years)
 {
-    Table_Text text;
-    for (const auto* line : {" ", " ", title.c_str(), " ", "\t  Year  \tPesticide Flux\t   Percolate\tPesticide Conc.",
-                             "\t         \t     (g/ha)"})
-        text.Line(line);
+    Leachate_Table table{.Result_Name = "Results for P", .Label = "Pesticide"};
     for (int y = 1; y <= years; ++y)
-        Print_Year_Row(text, static_cast<std::size_t>(y), {static_cast<double>(y), 100, static_cast<double>(y)});
-    Print_Leachate_Result(text, {}, Percentile_Label);
-    return text.File;
+        table.Rows.push_back({static_cast<double>(y), 100, static_cast<double>(y)});
+    return table;
 }
 
-const std::string Titles = "one\r\n  two \r\nthree\r\nfour\r\n";
+// The period tables of those years, one after the other at the depths.
+struct Printed_Periods {
+    Table_Text Text;
+    std::vector<Leachate_Table> Tables;
+};
+Printed_Periods Printed(int years, std::initializer_list<Depth> depths = {Depth::One_Metre})
+{
+    Printed_Periods printed;
+    printed.Text.Head(Head);
+    for (const auto depth : depths)
+        printed.Tables.push_back(Print_Periods(printed.Text, depth, Periods_Of(Rising_Years(years), 0)));
+    return printed;
+}
+
 const std::string Metre = "\tResults for P in the percolate at 1 m soil depth";
 const std::string Bottom = "\tResults for P in the percolate at the bottom of the simulated soil core";
 
@@ -31,7 +42,7 @@ const std::string Bottom = "\tResults for P in the percolate at the bottom of th
 
 TEST(Leachate_Periods, The_Period_Cache_Is_Laid_Out_To_The_Byte)
 {
-    const auto periods = Build_Periods(Titles + Year_Table(Metre, 26), 0);
+    const auto periods = Printed(26);
 
     std::string rows;
     for (const auto* row :
@@ -59,7 +70,7 @@ TEST(Leachate_Periods, The_Period_Cache_Is_Laid_Out_To_The_Byte)
 
 TEST(Leachate_Periods, The_Window_Has_Ten_Blanks_Before_The_Titles_And_A_Narrow_Period_Head)
 {
-    const auto periods = Build_Periods(Titles + Year_Table(Metre, 26), 0);
+    const auto periods = Printed(26);
 
     EXPECT_TRUE(periods.Text.Screen.starts_with(
         "          one\r\n          two\r\n          three\r\n          four\r\n \r\n"));
@@ -103,26 +114,40 @@ TEST(Leachate_Periods, Only_The_Rows_Of_20_Periods_Are_Used)
 
 TEST(Leachate_Periods, A_Run_Of_27_Years_Does_Not_Shift_The_Tables_Behind)
 {
-    const auto periods = Build_Periods(Titles + Year_Table(Metre, 27) + Year_Table(Bottom, 27), 0);
+    const auto periods = Printed(27, {Depth::One_Metre, Depth::Core_Bottom});
 
-    ASSERT_EQ(periods.Set[0].size(), 1U);
-    ASSERT_EQ(periods.Set[1].size(), 1U);
-    EXPECT_EQ(periods.Set[1][0].Rows, periods.Set[0][0].Rows);
-    EXPECT_EQ(periods.Set[1][0].Rows[0], (Leachate_Row{7, 100, 7}));
+    EXPECT_EQ(periods.Tables[1].Rows, periods.Tables[0].Rows);
+    EXPECT_EQ(periods.Tables[1].Rows[0], (Leachate_Row{7, 100, 7}));
     EXPECT_EQ(Lines_With(periods.Text.File, "percolate"), (std::vector<std::string>{Metre, Bottom}));
+}
+
+TEST(Leachate_Text, A_Year_Table_Of_27_Years_Does_Not_Shift_The_One_Behind)
+{
+    Table_Text text;
+    text.Head(Head);
+    const auto metre = Print_Years(text, Depth::One_Metre, Rising_Years(27));
+    Print_Years(text, Depth::Core_Bottom, Rising_Years(3));
+
+    const auto cached = Parse_Leachate(text.File);
+
+    EXPECT_EQ(cached.Titles, (std::vector<std::string>{"one", "two", "three", "four"}));
+    ASSERT_EQ(cached.Set[0].size(), 1U);
+    ASSERT_EQ(cached.Set[1].size(), 1U);
+    EXPECT_EQ(cached.Set[0][0].Rows, metre.Rows);
+    EXPECT_EQ(cached.Set[1][0].Rows.size(), 3U);
 }
 
 TEST(Leachate_Periods, Every_Table_Takes_30_Lines)
 {
     for (const int years : {3, 6, 8, 26, 27}) {
-        const auto bytes = Build_Periods(Titles + Year_Table(Metre, years) + Year_Table(Bottom, years), 0).Text.File;
+        const auto bytes = Printed(years, {Depth::One_Metre, Depth::Core_Bottom}).Text.File;
         EXPECT_EQ(std::ranges::count(bytes, '\n'), 4 + 2 * 30) << years;
     }
 }
 
 TEST(Leachate_Periods, Periods_Without_Years_Are_0_And_Equal_Ones_Are_Picked_In_Their_Order)
 {
-    const auto periods = Build_Periods(Titles + Year_Table(Metre, 8), 0);
+    const auto periods = Printed(8);
 
     EXPECT_EQ(Lines_With(periods.Text.File, "\t3   "),
               std::vector<std::string>{"\t3       \t0.00E+00    \t0.00E+00    \t0.000"});
@@ -131,22 +156,42 @@ TEST(Leachate_Periods, Periods_Without_Years_Are_0_And_Equal_Ones_Are_Picked_In_
               std::vector<std::string>{"\t80 Perc.(4/5)\t0.00E+00    \t0.00E+00    \t0.000"});
 }
 
-TEST(Leachate_Periods, What_Is_No_Year_Table_Gives_None)
+TEST(Leachate_Text, What_Is_No_Table_Gives_None)
 {
-    EXPECT_TRUE(Build_Periods("", 0).Set[0].empty());
-    EXPECT_TRUE(Build_Periods(Titles, 0).Set[0].empty());
-    EXPECT_TRUE(Build_Periods(Titles + " \r\n \r\n", 2).Set[0].empty());
+    const std::string titles = "one\r\n  two \r\nthree\r\nfour\r\n";
+
+    EXPECT_TRUE(Parse_Leachate("").Set[0].empty());
+    EXPECT_TRUE(Parse_Leachate(titles).Set[0].empty());
+    EXPECT_TRUE(Parse_Leachate(titles + " \r\n \r\n").Set[0].empty());
+    EXPECT_EQ(Parse_Leachate(titles).Titles[1], "two");
 }
 
-TEST(Leachate_Periods, Tables_Are_Read_Back_With_Their_Printed_Figures)
+TEST(Leachate_Text, Tables_Are_Read_Back_As_They_Were_Printed)
 {
-    const auto periods = Build_Periods(Titles + Year_Table(Metre, 26), 0);
+    const auto printed = Printed(26, {Depth::One_Metre, Depth::Core_Bottom});
 
-    const auto set = Set_Of(Parse_Leachate(periods.Text.File));
+    const auto set = Parse_Leachate(printed.Text.File).Set;
 
-    ASSERT_EQ(set[0].size(), 1U);
-    EXPECT_EQ(set[0][0].Rows, periods.Set[0][0].Rows);
-    EXPECT_EQ(set[0][0].Result, (Leachate_Result{{330, 2000, 16.5}, {45, 200, 22.5}, 17, 16}));
+    for (const std::size_t depth : {0, 1}) {
+        ASSERT_EQ(set[depth].size(), 1U);
+        EXPECT_EQ(set[depth][0].Rows, printed.Tables[depth].Rows);
+        EXPECT_EQ(set[depth][0].Result, (Leachate_Result{{330, 2000, 16.5}, {45, 200, 22.5}, 17, 16}));
+        EXPECT_EQ(set[depth][0].P80_Text, "(17/16)\t45.0000     \t200.000     \t22.500");
+        EXPECT_EQ(printed.Tables[depth].P80_Text, set[depth][0].P80_Text);
+        EXPECT_EQ(set[depth][0].Result_Name, "Results for P");
+        EXPECT_EQ(set[depth][0].Label, "Pesticide");
+    }
+}
+
+TEST(Leachate_Text, A_Printed_Table_Holds_The_Figures_That_Were_Printed)
+{
+    Table_Text text;
+
+    const auto table = Print_Years(text, Depth::One_Metre, {.Rows = {{9.99999999, 123.4567, 0.00049}}}, false);
+
+    EXPECT_EQ(Lines_With(text.File, "\t1  "),
+              std::vector<std::string>{"\t1       \t10.0000000  \t123.457     \t0.000"});
+    EXPECT_EQ(table.Rows[0], (Leachate_Row{10, 123.457, 0}));
 }
 
 } // namespace orvel

@@ -86,7 +86,7 @@ TEST(Leachate_Tables, The_Window_Right_After_A_Build_Has_Ten_Blanks_Before_The_T
                                 "concentrations: total content (mg/kg)\r\n" +
                                     Eight_Years("Perc."));
     EXPECT_FALSE(tables.From_Cache);
-    EXPECT_TRUE(tables.Cached);
+    EXPECT_TRUE(tables.Kept);
     EXPECT_EQ(tables.Failure, "");
 }
 

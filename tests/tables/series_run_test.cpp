@@ -101,13 +101,12 @@ struct Series_Of_A_Run : testing::Test {
     // The sum of a year by the diagram's rule.
     static double Sum(std::string_view code, int substance, int year)
     {
-        Session session;
-        session.Program.App_Path = Directory->Path();
         for (std::size_t c = 0; c < Case->Rows.size(); ++c) {
             if (Case->Rows[c].Code != code || Case->Rows[c].Substance != substance)
                 continue;
             const Daily_Request request{Output_Variable_Number(code), true, {1, year}, {12, year}};
-            const auto series = Read_Daily_Series(session, Directory->Path(), true, static_cast<int>(c) + 1, request);
+            const auto series =
+                Read_Daily_Series(*Directory / "datum.dat", Directory->Path(), static_cast<int>(c) + 1, request);
             return series.Points.empty() ? NAN : series.Points.back().Y;
         }
         ADD_FAILURE() << "no column " << code;

@@ -13,14 +13,12 @@ namespace orvel {
 namespace {
 
 struct Series_Reader : testing::Test {
-    Series_Reader() { The_Session.Program.App_Path = Directory.Path(); }
     void Write(const std::filesystem::path& name, std::string_view bytes)
     {
         std::filesystem::create_directories((Directory / name).parent_path());
         std::ofstream(Directory / name, std::ios::binary) << bytes;
     }
     Temporary_Directory Directory;
-    Session The_Session;
 };
 
 // Eleven lines of head, the last of them the initial state.
@@ -124,28 +122,16 @@ TEST_F(Series_Reader, A_Calendar_Has_Four_Free_Fields_A_Line)
     EXPECT_EQ(calendar[2].Year, 1);
 }
 
-TEST_F(Series_Reader, The_Calendar_Is_That_Of_The_Mode_And_For_A_Single_Run_That_Of_The_Installation)
-{
-    for (const auto* name : {"datum.dat", "FOCUS/Datum.dat", "EFSA/datum.dat", "EFSA_T4/datum.dat"})
-        Write(name, "");
-
-    EXPECT_EQ(Calendar_File(The_Session, Directory / "focus/a.run/b.run/c.run", false), Directory / "FOCUS/Datum.dat");
-    EXPECT_EQ(Calendar_File(The_Session, Directory / "efsa/a.run/b.run/c.run", false), Directory / "EFSA/datum.dat");
-    EXPECT_EQ(Calendar_File(The_Session, Directory / "EFSA_T4/a.run/b.run/c.run", false),
-              Directory / "EFSA_T4/datum.dat");
-    EXPECT_EQ(Calendar_File(The_Session, Directory.Path(), true), Directory / "datum.dat");
-}
-
 TEST_F(Series_Reader, A_Missing_Calendar_Or_Series_Gives_An_Empty_Diagram)
 {
     const Daily_Request request{1, false, {1, 1}, {12, 1}};
-    EXPECT_TRUE(Read_Daily_Series(The_Session, Directory.Path(), true, 1, request).Points.empty());
+    EXPECT_TRUE(Read_Daily_Series(Directory / "datum.dat", Directory.Path(), 1, request).Points.empty());
 
     Write("plot.orv", Head() + "     1 24       0.31\r\n");
-    EXPECT_TRUE(Read_Daily_Series(The_Session, Directory.Path(), true, 1, request).Points.empty());
+    EXPECT_TRUE(Read_Daily_Series(Directory / "datum.dat", Directory.Path(), 1, request).Points.empty());
 
     Write("datum.dat", "1 1 1 1\r\n");
-    EXPECT_EQ(Read_Daily_Series(The_Session, Directory.Path(), true, 1, request).Points,
+    EXPECT_EQ(Read_Daily_Series(Directory / "datum.dat", Directory.Path(), 1, request).Points,
               (std::vector<Chart_Point>{{1, 0.31}}));
 }
 

@@ -1,5 +1,7 @@
 #include "output/soil_averages.h"
 
+#include "tables/soil_concentrations.h"
+
 #include "core/system/lock.h"
 #include "leachate_run.h"
 
@@ -212,7 +214,7 @@ TEST_F(Soil_Concentrations_Test, File_And_Text_Are_Laid_Out_To_The_Byte)
     }
     EXPECT_EQ(Read_File(Run / "PECsoil_1.orv"), file);
     EXPECT_EQ(soil.Text, text);
-    EXPECT_TRUE(soil.Written);
+    EXPECT_TRUE(soil.Kept);
     ASSERT_EQ(soil.Maximum.size(), 1U);
     EXPECT_EQ(soil.Maximum[0][2].Value, 4);
 }
@@ -258,8 +260,8 @@ TEST_F(Soil_Concentrations_Test, No_File_Is_Written_From_A_Run_Whose_Lock_Is_Hel
 
     EXPECT_EQ(soil.Failure, "");
     EXPECT_EQ(soil.Maximum.size(), 1U);
-    EXPECT_FALSE(soil.Written);
-    EXPECT_NE(soil.Not_Written, "");
+    EXPECT_FALSE(soil.Kept);
+    EXPECT_NE(soil.Not_Kept, "");
     EXPECT_FALSE(fs::exists(Run / "PECsoil_1.orv"));
 }
 
@@ -269,7 +271,7 @@ TEST_F(Soil_Concentrations_Test, A_Run_Without_A_Soil_Profile_Says_Why_Its_Table
 
     const auto soil = Build_Soil_Concentrations(Run.Path(), 5);
 
-    EXPECT_EQ(soil.Not_Written, "The output of the run has no profile of the soil: there is nothing to evaluate.");
+    EXPECT_EQ(soil.Not_Kept, "The output of the run has no profile of the soil: there is nothing to evaluate.");
     EXPECT_EQ(soil.Failure, "");
     EXPECT_FALSE(fs::exists(Run / "PECsoil_5.orv"));
 }

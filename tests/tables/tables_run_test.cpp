@@ -36,7 +36,7 @@ struct Tables_Of_A_Run : testing::Test {
         run.Count_Tail = "    5.000000020"; // a depth of 5.0 cm, then the number of profile rows
         ASSERT_EQ(Run_Case(run, Directory->Path()).Exit_Code, 0);
     }
-    // Figures out of a cache are printed ones.
+    // Each test builds its tables.
     void SetUp() override
     {
         for (const auto* cache :
@@ -66,7 +66,7 @@ TEST_F(Tables_Of_A_Run, Every_Substance_Has_All_Years_At_Both_Depths)
     const auto tables = Build_Or_Load(Directory->Path());
 
     EXPECT_EQ(tables.Failure, "");
-    EXPECT_TRUE(tables.Cached);
+    EXPECT_TRUE(tables.Kept);
     ASSERT_GE(tables.Result_Name.size(), 2U);
     for (const auto& depth : tables.Year) {
         ASSERT_EQ(depth.size(), tables.Result_Name.size());
@@ -74,7 +74,7 @@ TEST_F(Tables_Of_A_Run, Every_Substance_Has_All_Years_At_Both_Depths)
             EXPECT_EQ(table.Rows.size(), static_cast<std::size_t>(Years));
     }
     EXPECT_FALSE(Simulation_Failed(Directory->Path()));
-    EXPECT_TRUE(Read_Echo_Layers(Directory->Path()).Has_Monthly_Output);
+    EXPECT_TRUE(Read_Echo(Directory->Path()).Layers().Has_Monthly_Output);
 }
 
 TEST_F(Tables_Of_A_Run, The_Core_Bottom_Is_That_Of_The_Balances)

@@ -15,6 +15,9 @@ public:
     static std::optional<Lock> Take(const std::filesystem::path& path, bool inherited = false);
     // The same, waiting for it: a look at a lock from outside holds it for an instant.
     static std::optional<Lock> Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most);
+    // The lock that the program which started this one has handed over as `Kept_Descriptor` (spawn.h). The programs
+    // that this one starts do not get it.
+    static Lock Adopt(int descriptor);
 
     Lock(Lock&& other) noexcept;
     Lock& operator=(Lock&& other) noexcept;

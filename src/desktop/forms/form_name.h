@@ -6,7 +6,7 @@
 
 namespace orvel {
 
-// What is running here: the versions, the engine's file and the installation, to be quoted in a report.
+// About: versions, engine file and installation directory, to be quoted in a report.
 class Form_name : public QDialog {
     Q_OBJECT
 

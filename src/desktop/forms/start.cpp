@@ -2,6 +2,7 @@
 
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/versionsinfo.h"
+#include "desktop/forms/windows.h"
 #include "documents/forms/form_psm_open.h"
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
@@ -171,7 +172,7 @@ QLayout* Start::Foot()
 void Start::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    QTimer::singleShot(0, this, &Start::Activate); // behind the first paint
+    QTimer::singleShot(0, this, &Start::Activate); // after the first paint
 }
 
 void Start::changeEvent(QEvent* event)
@@ -181,17 +182,17 @@ void Start::changeEvent(QEvent* event)
         QTimer::singleShot(0, this, &Start::Activate);
 }
 
-// Makes the shipped scenario and climate files read-only; a file itself tells whether that was done.
+// Makes the shipped scenario and climate files read-only, unless the file of the version (c_apples.sze) already is.
 void Start::Activate()
 {
-    if (Protected_In_Vain || Files_Protected(The_Session))
+    if (Protected_In_Vain || Files_Protected(The_Session.Program))
         return;
     const Hourglass waiting;
     const QSize before = size();
     Nachricht->show();
-    Protected_In_Vain = !Protect_Files(The_Session, [](int, int) {
+    Protected_In_Vain = !Protect_Files(The_Session.Program, The_Session.Ask, [](int, int) {
         QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    }) || !Files_Protected(The_Session);
+    }) || !Files_Protected(The_Session.Program);
     Nachricht->hide();
     layout()->activate();
     resize(before);
@@ -214,8 +215,7 @@ bool Start::eventFilter(QObject* watched, QEvent* event)
 
 void Start::Open_Documents(const std::string& mask, const QString& caption, const std::filesystem::path& directory)
 {
-    The_Session.Program.File_Mask = mask;
-    Form_PSM_Open open(The_Session, directory, this);
+    Form_PSM_Open open(The_Session, mask, directory, this);
     open.setWindowTitle(caption);
     open.exec();
 }
@@ -237,24 +237,29 @@ void Start::Open_Climate()
 
 void Start::Open_Single_Run()
 {
-    form_end(The_Session, this).exec();
+    form_end(The_Session, Windows_Of_Runs(The_Session), this).exec();
+}
+
+void Start::Open_Runs(Mode_Kind kind)
+{
+    FOCUS(The_Session, Mode_Of(kind), Windows_Of_Runs(The_Session), this).exec();
 }
 
 void Start::Open_FOCUS()
 {
-    FOCUS(The_Session, Mode_Of(Mode_Kind::Focus), this).exec();
+    Open_Runs(Mode_Kind::Focus);
 }
 
 void Start::Open_EFSA()
 {
-    if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa)))
-        FOCUS(The_Session, Mode_Of(Mode_Kind::Efsa), this).exec();
+    if (Mode_Available(The_Session.Program, The_Session.Ask, Mode_Of(Mode_Kind::Efsa)))
+        Open_Runs(Mode_Kind::Efsa);
 }
 
 void Start::Open_EFSA_T4()
 {
-    if (Mode_Available(The_Session, Mode_Of(Mode_Kind::Efsa_T4)))
-        FOCUS(The_Session, Mode_Of(Mode_Kind::Efsa_T4), this).exec();
+    if (Mode_Available(The_Session.Program, The_Session.Ask, Mode_Of(Mode_Kind::Efsa_T4)))
+        Open_Runs(Mode_Kind::Efsa_T4);
 }
 
 void Start::Release_Notes()

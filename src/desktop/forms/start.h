@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "desktop/forms/update_fetch.h"
+#include "runs/mode.h"
 
 #include <QWidget>
 
@@ -20,7 +21,7 @@ class Start : public QWidget {
     Q_OBJECT
 
 public:
-    // The session has been started up (Start_Up) before.
+    // Start_Up has been called for the session.
     explicit Start(Session& session);
 
 protected:
@@ -41,6 +42,7 @@ private:
     void Open_Scenario();
     void Open_Climate();
     void Open_Single_Run();
+    void Open_Runs(Mode_Kind kind);
     void Open_FOCUS();
     void Open_EFSA();
     void Open_EFSA_T4();
@@ -54,7 +56,7 @@ private:
     QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command6 = nullptr, *Command3 = nullptr, *Command4 = nullptr;
     QLabel *Aktuelle_ORVEL_Version = nullptr, *Aktuelle_ORVELSUITE_Version = nullptr;
     QGroupBox* Nachricht = nullptr;
-    bool Protected_In_Vain = false; // once is enough: the user knows
+    bool Protected_In_Vain = false; // protecting failed once; do not try again
 };
 
 } // namespace orvel

@@ -32,7 +32,7 @@ void Update_Fetch::Start(const QUrl& address)
     }
     Page.clear();
     Reply = Network.get(QNetworkRequest(address));
-    Limit.start(Time_Limit); // of the whole: a server that sends a byte now and then does not hold it up
+    Limit.start(Time_Limit); // in all, however slowly a server sends
     connect(Reply, &QNetworkReply::readyRead, this, &Update_Fetch::Take);
     connect(Reply, &QNetworkReply::finished, this, &Update_Fetch::Finish);
 }

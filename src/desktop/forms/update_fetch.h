@@ -13,16 +13,16 @@ class QNetworkReply;
 
 namespace orvel {
 
-// Asks a server for the page that lists the current package: one GET with a time limit, beside the event loop. A page
-// is read no further than its first package or a megabyte.
+// Fetches the page that lists the current package: one asynchronous GET with a time limit. Reading stops at the first
+// package or after a megabyte.
 class Update_Fetch : public QObject {
     Q_OBJECT
 
 public:
     explicit Update_Fetch(QObject* parent = nullptr);
 
-    // Ends with Finished, also for an address that is empty or a server that does not answer. One at a time: a second
-    // call while one is under way does nothing.
+    // Ends with Finished, also for an empty address or a server that does not answer. Does nothing while a fetch is
+    // under way.
     void Start(const QUrl& address);
 
 signals:
@@ -38,7 +38,7 @@ private:
     QTimer Limit;
 };
 
-// The address that this build was made with; empty by default.
+// Set when the build is configured; empty by default.
 QUrl Update_Address();
 
 } // namespace orvel

@@ -6,14 +6,23 @@
 
 namespace orvel {
 
+namespace {
+
+using Editor = void (*)(Session& session, const std::filesystem::path& directory, QWidget* parent);
+
+template <class Form> void Edit(Session& session, const std::filesystem::path& directory, QWidget* parent)
+{
+    Form(session, directory, parent).exec();
+}
+
+// In the order of Document_Kind.
+constexpr std::array<Editor, 3> Editors = {Edit<Form_PSM_1>, Edit<Szenario>, Edit<Klima>};
+
+} // namespace
+
 void Edit_Document(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
 {
-    if (kind == Document_Kind::Pesticide)
-        Form_PSM_1(session, directory, parent).exec();
-    else if (kind == Document_Kind::Scenario)
-        Szenario(session, directory, parent).exec();
-    else
-        Klima(session, directory, parent).exec();
+    Editors[static_cast<std::size_t>(kind)](session, directory, parent);
 }
 
 void Open_And_Edit(Session& session, const std::filesystem::path& file, QWidget* parent)

@@ -5,7 +5,6 @@
 #include "documents/documents.h"
 #include "documents/forms/edit_document.h"
 #include "files/forms/directory_files.h"
-#include "substance/pesticide_editor.h"
 #include "ui/forms/widgets.h"
 
 #include <QHBoxLayout>
@@ -15,9 +14,11 @@
 
 namespace orvel {
 
-Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent)
+Form_PSM_Open::Form_PSM_Open(Session& session, std::string mask, const std::filesystem::path& directory,
+                             QWidget* parent)
     : QDialog(parent),
-      The_Session(session)
+      The_Session(session),
+      Mask(std::move(mask))
 {
     setObjectName("Form_PSM_Open");
     setWindowTitle("Open PSM file");
@@ -27,7 +28,7 @@ Form_PSM_Open::Form_PSM_Open(Session& session, const std::filesystem::path& dire
 
 void Form_PSM_Open::Lay_Out(const std::filesystem::path& directory)
 {
-    Files = new Directory_Files(directory, The_Session.Program.File_Mask);
+    Files = new Directory_Files(directory, Mask);
     connect(Files, &Directory_Files::File_Double_Clicked, this, &Form_PSM_Open::Open_File);
 
     auto* search = Named(new QLineEdit, "FileSearch");
@@ -68,17 +69,9 @@ void Form_PSM_Open::Open_File()
 
 void Form_PSM_Open::Open_New()
 {
-    const auto kind = Kind_Of("new" + The_Session.Program.File_Mask.substr(The_Session.Program.File_Mask.rfind('.')));
-    if (kind == Document_Kind::Pesticide) {
-        New_PSM(The_Session);
-    } else if (kind == Document_Kind::Scenario) {
-        Reset_SZE(The_Session.Scenario);
-        The_Session.Program.PSM_File = "*.sze";
-    } else {
-        Clear_Climate(The_Session.Climate, 0);
-        The_Session.Program.PSM_File = "*.cli";
-    }
-    Edit_Document(The_Session, kind.value_or(Document_Kind::Climate), Files->Directory(), this);
+    const auto kind = Kind_Of(Mask).value_or(Document_Kind::Climate);
+    New_Document(The_Session, kind);
+    Edit_Document(The_Session, kind, Files->Directory(), this);
     Files->Refresh(The_Session.Program.PSM_File);
 }
 

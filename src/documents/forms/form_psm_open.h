@@ -9,12 +9,13 @@ namespace orvel {
 
 class Directory_Files;
 
-// The open dialog of all documents: the files of the session's mask, or a new one.
+// The open dialog of all documents: the files of a mask such as "*.psm", or a new one.
 class Form_PSM_Open : public QDialog {
     Q_OBJECT
 
 public:
-    Form_PSM_Open(Session& session, const std::filesystem::path& directory, QWidget* parent = nullptr);
+    Form_PSM_Open(Session& session, std::string mask, const std::filesystem::path& directory,
+                  QWidget* parent = nullptr);
 
 private:
     void Lay_Out(const std::filesystem::path& directory);
@@ -22,6 +23,7 @@ private:
     void Open_New();
 
     Session& The_Session;
+    std::string Mask;
     Directory_Files* Files = nullptr;
 };
 

@@ -5,6 +5,7 @@
 #include "output/echo_file.h"
 #include "report/evaluated_pesticide.h"
 #include "report/forms/zusammenfassung_orv.h"
+#include "runs/calendar_file.h"
 #include "tables/forms/jahr_orv.h"
 #include "tables/forms/mass_balance.h"
 #include "tables/forms/pecsoil.h"
@@ -64,7 +65,8 @@ Analyse::Analyse(Session& session, const Mode& mode, QWidget* parent)
     setObjectName(Name_Of(mode));
     setWindowTitle("Evaluation of Simulation");
     Lay_Out();
-    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session, The_Mode), The_Session.Run.Last_Simulation.Pesticide);
+    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session.Program, The_Mode),
+         The_Session.Run.Last_Simulation.Pesticide);
     Pestizidverzeichnis_Click();
 }
 
@@ -132,7 +134,8 @@ void Analyse::Liste_Click()
 {
     Simulationsliste list(The_Session, The_Mode, this);
     list.exec();
-    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session, The_Mode), The_Session.Run.Last_Simulation.Pesticide);
+    Fill(*Pestizidverzeichnis, Mode_Directory(The_Session.Program, The_Mode),
+         The_Session.Run.Last_Simulation.Pesticide);
     if (list.Chosen().empty())
         return Pestizidverzeichnis_Click();
     Select(list.Chosen());
@@ -191,7 +194,8 @@ void Analyse::Zusammenfassung_Click()
 
 void Analyse::Grafik_Click()
 {
-    taegliches_Diagramm_neu(The_Session, Series->Choice(Run_Directory(), false), this).exec();
+    const auto calendar = Calendar_File(The_Session, Run_Directory(), false);
+    taegliches_Diagramm_neu(The_Session.Ask, Series->Choice(Run_Directory(), calendar), this).exec();
 }
 
 } // namespace orvel

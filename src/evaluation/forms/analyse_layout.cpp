@@ -1,3 +1,4 @@
+// The controls of the result browser and their places.
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/series_choice.h"
 #include "tables/soil_concentrations.h"

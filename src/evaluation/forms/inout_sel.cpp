@@ -2,8 +2,9 @@
 
 #include "core/files.h"
 #include "evaluation/forms/series_choice.h"
+#include "jobs/start_batch.h"
 #include "output/echo_file.h"
-#include "runs/batch.h"
+#include "runs/calendar_file.h"
 #include "tables/forms/text_viewer.h"
 #include "ui/forms/widgets.h"
 #include "ui/shown_file.h"
@@ -25,7 +26,7 @@ constexpr int Poll_Interval = 300; // ms
 
 Echo_Layers Layers_Of(const std::filesystem::path& directory)
 try {
-    return Read_Echo_Layers(directory);
+    return Read_Echo(directory).Layers();
 } catch (const File_Error&) {
     return {};
 }
@@ -213,11 +214,11 @@ void inout_sel::Tick()
         return;
     Timer1.stop();
     Utility_At_Work.reset();
-    const std::string told = Take_Utility_Log(Utility_Place);
+    const std::string log = Take_Utility_Log(Utility_Place);
     if (Utility_Place != Directory)
         return;
     Nachricht->setText(*code == 0 ? "The table is ready. Please click again to see it."
-                                  : Shown("The table could not be made. " + told));
+                                  : Shown("The table could not be made. " + log));
     List_Files_Of_Directory();
 }
 
@@ -229,7 +230,8 @@ void inout_sel::Echo_Click()
 
 void inout_sel::Grafik_Click()
 {
-    taegliches_Diagramm_neu(The_Session, Series->Choice(Directory, true), this).exec();
+    const auto calendar = Calendar_File(The_Session, Directory, true);
+    taegliches_Diagramm_neu(The_Session.Ask, Series->Choice(Directory, calendar), this).exec();
 }
 
 } // namespace orvel

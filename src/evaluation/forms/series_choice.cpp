@@ -121,14 +121,15 @@ void Series_Choice::Show_Period(const Period& period)
     Zeitintervall[End_Year]->setCurrentIndex(period.To.Year - 1);
 }
 
-Daily_Choice Series_Choice::Choice(const std::filesystem::path& run_directory, bool single_run) const
+Daily_Choice Series_Choice::Choice(const std::filesystem::path& run_directory,
+                                   const std::filesystem::path& calendar) const
 {
     const int index = Parameter->currentIndex();
     const Parameter_Item item = index < 0 ? Parameter_Item{{}, 1, 1} : Items[static_cast<std::size_t>(index)];
     const Period period = Chosen_Period();
     return {
         .Run_Directory = run_directory,
-        .Single_Run = single_run,
+        .Calendar = calendar,
         .Column = item.Column,
         .Item = item.Text,
         .Request = {

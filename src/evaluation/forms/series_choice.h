@@ -25,7 +25,7 @@ public:
     void Show_Run(const std::filesystem::path& run_directory);
     void Clear();
 
-    Daily_Choice Choice(const std::filesystem::path& run_directory, bool single_run) const;
+    Daily_Choice Choice(const std::filesystem::path& run_directory, const std::filesystem::path& calendar) const;
 
 private:
     QGroupBox* Series_Box();

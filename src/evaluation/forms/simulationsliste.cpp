@@ -34,7 +34,7 @@ Simulationsliste::Simulationsliste(Session& session, const Mode& mode, QWidget* 
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Assistant = new Help_Assistant(The_Session, *this);
     Lay_Out();
-    Clean_Leftovers(The_Session, The_Mode);
+    Clean_Leftovers(Mode_Directory(The_Session.Program, The_Mode));
     Refresh();
     resize(sizeHint());
     connect(&Timer1, &QTimer::timeout, this, &Simulationsliste::Tick);
@@ -106,7 +106,7 @@ void Simulationsliste::Refresh()
     std::vector<std::filesystem::path> selected;
     for (const Simulation& simulation : Selected())
         selected.push_back(simulation.Directory);
-    if (Simulations.Show(Simulation_List(The_Session, The_Mode))) {
+    if (Simulations.Show(Simulation_List(Mode_Directory(The_Session.Program, The_Mode)))) {
         Size_Columns();
         Select_Again(selected);
     }
@@ -164,7 +164,7 @@ std::vector<Simulation> Simulationsliste::Selected() const
 // States change only where a job was started.
 void Simulationsliste::Tick()
 {
-    if (Find_File(Mode_Directory(The_Session, The_Mode), "orveljob.bat"))
+    if (Find_File(Mode_Directory(The_Session.Program, The_Mode), "orveljob.bat"))
         Refresh();
 }
 
@@ -181,7 +181,7 @@ void Simulationsliste::Auswaehlen_Click()
 void Simulationsliste::Loeschen_Click()
 {
     Timer1.stop();
-    Delete_Simulations(The_Session, The_Mode, Selected());
+    Delete_Simulations(The_Session.Program, The_Session.Ask, The_Mode, Selected());
     Refresh();
     Timer1.start(Refresh_Interval);
 }
@@ -189,7 +189,7 @@ void Simulationsliste::Loeschen_Click()
 void Simulationsliste::Nochmals_Click()
 {
     Timer1.stop();
-    const int marked = Mark_Failed_Again(The_Session, The_Mode, Simulations.Simulations());
+    const int marked = Mark_Failed_Again(The_Session.Program, The_Session.Ask, The_Mode, Simulations.Simulations());
     if (marked > 0) {
         The_Session.Ask({"Starting ORVEL Simulations",
                          std::to_string(marked) + (marked == 1 ? " simulation is" : " simulations are") +

@@ -14,26 +14,10 @@
 
 namespace orvel {
 
-namespace {
-
-std::string Ending_Of(Document_Kind kind)
-{
-    return kind == Document_Kind::Pesticide ? ".psm" : kind == Document_Kind::Scenario ? ".sze" : ".cli";
-}
-
-bool& Changed_Flag(Program_State& program, Document_Kind kind)
-{
-    return kind == Document_Kind::Pesticide  ? program.PSM_Changed
-           : kind == Document_Kind::Scenario ? program.SZE_Changed
-                                             : program.CLI_Changed;
-}
-
-} // namespace
-
 Form_Saving::Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Kind(kind)
+      Type(Type_Of(kind))
 {
     setObjectName("Form_Saving");
     setWindowTitle("Save ORVEL 3.20 Input File");
@@ -48,7 +32,7 @@ void Form_Saving::Lay_Out(const std::filesystem::path& directory)
     TextSave = Named(new QLineEdit, "TextSave");
     auto* title = new QLabel("&File name:");
     title->setBuddy(TextSave);
-    Files = new Directory_Files(directory, "*" + Ending_Of(Kind));
+    Files = new Directory_Files(directory, std::string(Type.Mask));
     connect(Files, &Directory_Files::File_Clicked, this, [this] { TextSave->setText(Shown(Files->Selected_Name())); });
     connect(Files, &Directory_Files::File_Double_Clicked, this, [this] {
         TextSave->setText(Shown(Files->Selected_Name()));
@@ -81,25 +65,25 @@ void Form_Saving::Save()
     if (!May_Write() || !Save_Document(The_Session, Target))
         return;
     The_Session.Program.PSM_File = name;
-    Changed_Flag(The_Session.Program, Kind) = false;
+    The_Session.Program.*Type.Changed = false;
     accept();
 }
 
-// The ending selects the writer: another one would write a document that is not the one under edit.
+// The extension selects the writer, so it must match the document.
 bool Form_Saving::Name_Is_Usable(const std::string& name)
 {
-    const bool is_mask = name.find_first_of("*?/\\") != std::string::npos || name.size() <= Ending_Of(Kind).size();
-    if (!is_mask && Kind_Of(Path_Of(name)) == Kind)
+    const bool is_mask = name.find_first_of("*?/\\") != std::string::npos || name.size() <= Type.Ending.size();
+    if (!is_mask && Kind_Of(Path_Of(name)) == Type.Kind)
         return true;
     The_Session.Ask({std::string(Saving_Input_File),
                      "\"" + name + "\" cannot be the name of this file. Please enter a name that ends in " +
-                         Ending_Of(Kind) + "."});
+                         std::string(Type.Ending) + "."});
     return false;
 }
 
 bool Form_Saving::May_Write()
 {
-    if (const auto field = Broken_Field(The_Session, Kind);
+    if (const auto field = Type.Broken_Field(The_Session);
         field && The_Session.Ask(Broken_Line_Question(*field)) != Button::Yes)
         return false;
     const Message replace{std::string(Saving_Input_File),

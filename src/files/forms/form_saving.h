@@ -30,7 +30,7 @@ private:
     bool May_Write();
 
     Session& The_Session;
-    Document_Kind Kind;
+    const Document_Type& Type;
     std::filesystem::path Target;
     Directory_Files* Files = nullptr;
     QLineEdit* TextSave = nullptr;

@@ -3,9 +3,9 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "documents/forms/edit_document.h"
-#include "evaluation/forms/analyse.h"
 #include "jobs/job_status.h"
-#include "runs/crops.h"
+#include "jobs/start_batch.h"
+#include "runs/batch.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/forms/dialog.h"
 #include "runs/output_selection.h"
@@ -47,15 +47,15 @@ std::string Text_Of(const QListWidget& list)
 
 } // namespace
 
-FOCUS::FOCUS(Session& session, const Mode& mode, QWidget* parent)
+FOCUS::FOCUS(Session& session, const Mode& mode, Run_Windows windows, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      The_Mode(mode)
+      The_Mode(mode),
+      Windows(std::move(windows))
 {
     setObjectName(Shown(mode.Form));
     setWindowTitle(Shown(mode.Caption));
     Lay_Out();
-    Load_Batch(The_Session, The_Mode);
     connect(&Timer1, &QTimer::timeout, this, &FOCUS::Tick);
     connect(&Progress_Timer, &QTimer::timeout, this, &FOCUS::Show_Progress);
     Activate();
@@ -67,7 +67,7 @@ void FOCUS::Activate()
 {
     const Hourglass waiting;
     List_Pesticides();
-    const Run_Template saved = Read_Template(The_Session, The_Mode);
+    const Run_Template saved = Read_Template(The_Session.Program, The_Mode);
     Restore(saved);
     if (First_Open && saved.Has_Rows)
         The_Session.Output = saved.Output;
@@ -80,12 +80,12 @@ void FOCUS::List_Pesticides()
 {
     const QSignalBlocker quiet(Pesticide);
     Pesticide->clear();
-    for (const std::string& name : Pesticide_List(The_Session))
+    for (const std::string& name : Pesticide_List(The_Session.Program.App_Path))
         Pesticide->addItem(Shown(name));
-    Select_Text(*Pesticide, Last_PSM);
+    Select_Text(*Pesticide, Selected.Choice.Pesticide);
 }
 
-// Selects what the last run control file was written for.
+// Selects the combination of the last run control file.
 void FOCUS::Restore(const Run_Template& saved)
 {
     const QSignalBlocker quiet_pesticide(Pesticide), quiet_crop(Crop_List);
@@ -96,17 +96,17 @@ void FOCUS::Restore(const Run_Template& saved)
         Pesticide->setCurrentRow(0);
     const int tillage = saved.Has_Count_Line ? Tillage_List_Index(The_Mode, saved.Till_Depth) : -1;
     L_tildepth->setCurrentIndex(tillage >= 0 ? tillage : The_Mode.Tillage_Index);
-    const int crop = Crop_Of_Part(The_Mode, saved.Code, saved.Crop_Part);
-    Crop_List->setCurrentRow(crop >= 0 ? crop : std::max(0, Crop_List->currentRow()));
+    const auto crop = Crop_Of_Part(The_Mode, saved.Code, saved.Crop_Part);
+    Crop_List->setCurrentRow(crop ? *crop : std::max(0, Crop_List->currentRow()));
     Fill_Locations(saved.Code);
 }
 
-// Fills the locations of the crop and selects the one of a code, or the one that was selected before.
+// Lists the crop's locations and selects the one with this code, or else the one that was selected before.
 void FOCUS::Fill_Locations(std::string_view code)
 {
     const QSignalBlocker quiet(Location_List);
     const std::string before = Text_Of(*Location_List);
-    const auto locations = Locations_Of_Crop(The_Session, The_Mode, Crop_List->currentRow());
+    const auto locations = Locations_Of_Crop(The_Session.Program, The_Mode, Crop_At(Crop_List->currentRow()));
     Location_List->clear();
     for (const std::string& location : locations)
         Location_List->addItem(Shown(location));
@@ -132,8 +132,8 @@ void FOCUS::Crop_Click()
 void FOCUS::Evaluate()
 {
     const Hourglass waiting;
-    Last_PSM = Text_Of(*Pesticide);
-    Selected = Evaluate_Selection(The_Session, The_Mode, Last_PSM, Crop_List->currentRow(), Text_Of(*Location_List));
+    Selected = Evaluate_Selection(The_Session.Program, The_Session.Ask, The_Mode, Text_Of(*Pesticide),
+                                  Crop_At(Crop_List->currentRow()), Text_Of(*Location_List));
     Show_Selection();
 }
 
@@ -143,8 +143,8 @@ void FOCUS::Show_Selection()
     Warning_Box->setVisible(!Selected.Warnung.empty());
     App_Modus->setText(Shown(Selected.App_Modus));
     app_Date->setText(Shown(Selected.app_Date));
-    Frame4->setVisible(Selected.Tillage_Visible);
-    Show_Job(Job_Running(The_Session, The_Mode));
+    Frame4->setVisible(Selected.Choice.Tillage_Visible);
+    Show_Job(Job_Running(The_Session.Program, The_Mode));
 }
 
 void FOCUS::Show_Output_Option()
@@ -165,20 +165,24 @@ void FOCUS::Ausgabe_Click(int option)
 
 Run_Choice FOCUS::Choice() const
 {
-    return {.Pesticide = Last_PSM,
-            .Crop = Crop_List->currentRow(),
-            .Location = Text_Of(*Location_List),
-            .Tillage = Bytes_Of(L_tildepth->currentText()),
-            .Tillage_Visible = Selected.Tillage_Visible,
-            .Irregular_Years = Irregular_Years,
-            .Kept_Number = Kept_Number,
-            .Scaling = Scaling ? Bytes_Of(Scaling->currentText()) : std::string()};
+    Run_Choice choice = Selected.Choice;
+    choice.Options = {.Output = The_Session.Output,
+                      .Tillage = Bytes_Of(L_tildepth->currentText()),
+                      .Irregular_Years = Irregular_Years,
+                      .Kept_Number = Kept_Number,
+                      .Scaling = Scaling ? Bytes_Of(Scaling->currentText()) : std::string()};
+    return choice;
+}
+
+std::filesystem::path FOCUS::Directory() const
+{
+    return Mode_Directory(The_Session.Program, The_Mode);
 }
 
 void FOCUS::Mark()
 {
     const Hourglass waiting;
-    Mark_For_Batch(The_Session, The_Mode, Choice());
+    Mark_For_Batch(The_Session.Program, The_Session.Ask, The_Mode, Choice());
     Show_Selection();
 }
 
@@ -189,11 +193,14 @@ void FOCUS::Mark_All_Locations()
     setEnabled(false);
     Job_Box->show();
     Job_Text->setText("Preparing the runs ...");
-    Mark_All(The_Session, The_Mode, Choice(), [this](int location, int locations) {
+    const auto show_progress = [this](int location, int locations) {
         Job_Bar->setRange(0, locations);
         Job_Bar->setValue(location);
         QApplication::processEvents();
-    });
+    };
+    const Run_Choice choice = Choice();
+    Mark_All(The_Session.Program, The_Session.Ask, The_Mode, choice.Pesticide, choice.Crop, choice.Options,
+             show_progress);
     setEnabled(true);
     Timer1.start(Tick_Interval);
     Evaluate();
@@ -202,12 +209,13 @@ void FOCUS::Mark_All_Locations()
 void FOCUS::Run()
 {
     Timer1.stop();
-    const bool started = Run_Batch(The_Session, The_Mode, Choice()).Result == Start_Result::Started;
+    const auto job = Run_Batch(The_Session.Program, The_Session.Ask, The_Mode, Choice());
+    const bool started = job.Result == Start_Result::Started;
     Show_Job(started);
     Timer1.start(started ? Interval_At_Start : Tick_Interval);
 }
 
-// The only way to run an irregular pattern: the user tells for how many years.
+// The only way to run an irregular pattern: the user enters the number of years.
 void FOCUS::Run_Anyway()
 {
     Timer1.stop();
@@ -223,14 +231,14 @@ void FOCUS::Tick()
 {
     if (Timer1.interval() == Interval_At_Start)
         return Timer1.start(Tick_Interval);
-    if (!Selected.Old_Format)
-        Show_Job(Job_Running(The_Session, The_Mode));
+    if (!Selected.Old_Format())
+        Show_Job(Job_Running(The_Session.Program, The_Mode));
 }
 
 void FOCUS::Show_Job(bool running)
 {
     const bool usable = Selected.Buttons_Enabled();
-    s_run->setText("&" + Shown(Run_Caption(The_Session, The_Mode)));
+    s_run->setText("&" + Shown(Run_Caption(Directory())));
     s_run->setEnabled(usable && !running);
     Batchdatei->setEnabled(usable);
     Multi_batch->setEnabled(usable);
@@ -246,7 +254,7 @@ void FOCUS::Show_Job(bool running)
 
 void FOCUS::Show_Progress()
 {
-    const Job_Progress progress = Progress_Of_Job(The_Session, The_Mode);
+    const Job_Progress progress = Progress_Of_Job(Directory());
     Job_Bar->setRange(0, std::max(1, static_cast<int>(progress.Years)));
     Job_Bar->setValue(static_cast<int>(progress.Years_Done));
     Job_Text->setText(Shown(Progress_Text(progress)));
@@ -255,48 +263,47 @@ void FOCUS::Show_Progress()
 void FOCUS::Evaluation()
 {
     Timer1.stop();
-    The_Session.Run.Last_Simulation = {Last_PSM.substr(0, Last_PSM.rfind('.')), Text_Of(*Crop_List),
+    const std::string& pesticide = Selected.Choice.Pesticide;
+    The_Session.Run.Last_Simulation = {pesticide.substr(0, pesticide.rfind('.')), Text_Of(*Crop_List),
                                        Text_Of(*Location_List)};
-    Analyse(The_Session, The_Mode, this).exec();
+    Windows.Open_Evaluation(The_Mode, this);
     Timer1.start(Tick_Interval);
     Activate();
 }
 
 void FOCUS::Edit_Pesticide()
 {
-    if (Last_PSM.empty())
-        return;
-    Timer1.stop();
-    Open_And_Edit(The_Session, The_Session.Program.App_Path / Path_Of(Last_PSM), this);
-    Timer1.start(Tick_Interval);
-    Activate();
+    if (!Selected.Choice.Pesticide.empty())
+        Edit(The_Session.Program.App_Path / Path_Of(Selected.Choice.Pesticide));
 }
 
 void FOCUS::Edit_Scenario()
 {
-    const auto directory = Mode_Directory(The_Session, The_Mode);
-    const std::string location = Text_Of(*Location_List);
-    if (location.empty())
-        return;
+    if (!Selected.Choice.Location.empty())
+        Edit(Found_Or_New(Directory(), Selected.Choice.Scenario));
+}
+
+void FOCUS::Edit(const std::filesystem::path& document)
+{
     Timer1.stop();
-    Open_And_Edit(The_Session, Found_Or_New(directory, Scenario_Name(The_Mode, Crop_List->currentRow(), location)),
-                  this);
+    Open_And_Edit(The_Session, document, this);
     Timer1.start(Tick_Interval);
     Activate();
 }
 
 void FOCUS::Delete_Selected()
 {
-    if (!Last_PSM.empty() && Delete_Pesticide(The_Session, Last_PSM))
+    const std::string& pesticide = Selected.Choice.Pesticide;
+    if (!pesticide.empty() && Delete_Pesticide(The_Session.Program.App_Path, The_Session.Ask, pesticide))
         Activate();
 }
 
-// The keys that act from every list and from the form itself; false for any other.
+// Keys that work in every list and in the form itself; false for any other key.
 bool FOCUS::Key(int key)
 {
     if (key == Qt::Key_Delete)
         Delete_Selected();
-    else if (key == Qt::Key_R && Selected.May_Run_Anyway)
+    else if (key == Qt::Key_R && Selected.May_Run_Anyway())
         Run_Anyway();
     else
         return false;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "runs/batch.h"
+#include "jobs/forms/run_windows.h"
+#include "runs/selection.h"
 
 #include <array>
 #include <QDialog>
@@ -25,7 +26,7 @@ class FOCUS : public QDialog {
     Q_OBJECT
 
 public:
-    FOCUS(Session& session, const Mode& mode, QWidget* parent = nullptr);
+    FOCUS(Session& session, const Mode& mode, Run_Windows windows, QWidget* parent = nullptr);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -53,6 +54,7 @@ private:
     void Show_Output_Option();
     void Ausgabe_Click(int option);
     Run_Choice Choice() const;
+    std::filesystem::path Directory() const;
 
     void Mark();
     void Mark_All_Locations();
@@ -65,16 +67,17 @@ private:
     void Evaluation();
     void Edit_Pesticide();
     void Edit_Scenario();
+    void Edit(const std::filesystem::path& document);
     void Delete_Selected();
     bool Key(int key);
 
     Session& The_Session;
     const Mode& The_Mode;
+    Run_Windows Windows;
     Selection Selected;
     Help_Assistant* Assistant = nullptr;
     int Crop_Step = 0;
     bool First_Open = true;
-    std::string Last_PSM;
     int Irregular_Years = 26;
     double Kept_Number = 0;
 

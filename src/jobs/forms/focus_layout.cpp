@@ -23,6 +23,11 @@ namespace {
 
 constexpr int List_Columns = 32;
 constexpr int List_Rows = 17;
+constexpr std::string_view Run_Button_Notice =
+    "INFORMATION:\r\n"
+    "The Run button is disabled as long as the current ORVEL simulation is running.\r\n"
+    " If the Run button will not become active after the ORVEL simulation finished, please first close this form "
+    "and then directly reopen it.";
 
 QLabel* Caption(const QString& name, const QString& text, QWidget* buddy)
 {
@@ -180,7 +185,7 @@ QLayout* FOCUS::Versions()
               "Version_Model"));
     if (The_Mode.Tail == Header_Tail::Scaling)
         labels->addWidget(
-            Named(new QLabel(Shown("Scenario version number: " + Scenario_Version(The_Session, The_Mode))),
+            Named(new QLabel(Shown("Scenario version number: " + Scenario_Version(The_Session.Program, The_Mode))),
                   "Version_Szenarien"));
     auto* versions = new QVBoxLayout;
     versions->addWidget(version);

@@ -3,6 +3,8 @@
 #include "core/files.h"
 #include "core/numbers.h"
 #include "documents/forms/edit_document.h"
+#include "jobs/single_run_archive.h"
+#include "jobs/single_run_start.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/output_selection.h"
 #include "ui/forms/widgets.h"
@@ -39,16 +41,18 @@ void Fill(QListWidget& list, const std::filesystem::path& directory, std::string
 
 } // namespace
 
-form_end::form_end(Session& session, QWidget* parent)
+form_end::form_end(Session& session, Run_Windows windows, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
+      Windows(std::move(windows)),
       Directory(session.Program.App_Path)
 {
     setObjectName("form_end");
     setWindowTitle("Parameters for Simulation");
     Lay_Out();
     Refresh_Files();
-    Load(Restore_Single_Run(The_Session, Directory));
+    Restore_Single_Run(Directory, The_Session.Run.Single, The_Session.Output);
+    Load(Entry_Of_Settings(The_Session.Run.Single));
     connect(&Timer1, &QTimer::timeout, this, &form_end::Show_State);
     Timer1.start(State_Interval);
     Show_State();
@@ -143,7 +147,7 @@ void form_end::Ausgabe_Click(int option)
     else if (option == static_cast<int>(Output_Option::Recommended))
         The_Session.Output = Recommended_Output();
     else
-        Ausgabe_festlegen(The_Session.Output, this).exec(); // the option stays at the user's own choice
+        Ausgabe_festlegen(The_Session.Output, this).exec(); // the choice stays at "User Specific"
 }
 
 void form_end::Start()
@@ -161,7 +165,7 @@ void form_end::Start()
     if (Has_Output(Directory) && The_Session.Ask(question) == Button::Yes)
         return Open_Archive();
     const Single_Run_Entry entry = Entry();
-    if (const auto refusal = Check_Single_Run(The_Session, Directory, entry))
+    if (const auto refusal = Check_Single_Run(Directory, entry, The_Session.Scenario.SZE_Horizons.Number()))
         return Refuse(*refusal);
     Start_Single_Run(The_Session, Directory, entry);
     Show_State();
@@ -187,19 +191,19 @@ void form_end::Move_To_Archive()
 {
     const Hourglass waiting;
     const bool has_output = Has_Output(Directory);
-    Archive_Run(The_Session, Directory, Bytes_Of(Text1->text()));
+    Archive_Run(The_Session.Ask, Directory, Bytes_Of(Text1->text()));
     if (has_output)
         Close_Archive();
 }
 
-// A file of the directory in its editor; a blank name does nothing.
+// Opens a file of the directory in its editor; a blank name does nothing.
 void form_end::Edit(const QString& name)
 {
     if (!name.trimmed().isEmpty())
         Open_And_Edit(The_Session, Found_Or_New(Directory, Path_Of(Bytes_Of(name))), this);
 }
 
-// Tells what is wrong and goes back to the control that it is about.
+// Shows what is wrong and returns the focus to the control in question.
 void form_end::Refuse(const Refusal& refusal)
 {
     The_Session.Ask(refusal.Text);
@@ -228,7 +232,7 @@ bool form_end::eventFilter(QObject* watched, QEvent* event)
     return QDialog::eventFilter(watched, event);
 }
 
-// What another window or program has changed in the directory shows when the user comes back.
+// Other windows and programs may have changed the directory meanwhile.
 bool form_end::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate)

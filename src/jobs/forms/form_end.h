@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jobs/forms/run_windows.h"
 #include "runs/single_run.h"
 
 #include <array>
@@ -23,7 +24,7 @@ class form_end : public QDialog {
     Q_OBJECT
 
 public:
-    explicit form_end(Session& session, QWidget* parent = nullptr);
+    form_end(Session& session, Run_Windows windows, QWidget* parent = nullptr);
 
 protected:
     bool event(QEvent* event) override;
@@ -58,6 +59,7 @@ private:
     void Show_State();
 
     Session& The_Session;
+    Run_Windows Windows;
     std::filesystem::path Directory;
     QLabel* Dir1 = nullptr;
     QListWidget *File_psm = nullptr, *File_sce = nullptr, *File_cli = nullptr, *List_cli = nullptr;

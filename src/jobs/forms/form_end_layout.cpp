@@ -1,5 +1,4 @@
 // The controls of the single-run form and their places.
-#include "evaluation/forms/inout_sel.h"
 #include "jobs/forms/form_end.h"
 #include "ui/forms/date_boxes.h"
 #include "ui/forms/widgets.h"
@@ -182,8 +181,7 @@ QLayout* form_end::Buttons()
     auto* buttons = new QHBoxLayout;
     auto* start = Push_Button("Command4", "S&tart ORVEL Simulation", this, &form_end::Start);
     auto* move = Push_Button("Command7", "Move &Output to Archive", this, &form_end::Open_Archive);
-    auto* browse =
-        Push_Button("Command6", "Input/Output &files", this, [this] { inout_sel(The_Session, this).exec(); });
+    auto* browse = Push_Button("Command6", "Input/Output &files", this, [this] { Windows.Open_Run_Files(this); });
     auto* exit = Push_Button("Command5", "E&xit", this, &QDialog::accept);
     start->setDefault(true);
     for (auto* button : {start, move, browse})

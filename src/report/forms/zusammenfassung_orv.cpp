@@ -5,6 +5,7 @@
 #include "core/error.h"
 #include "report/painting/report_files.h"
 #include "report/report_chart.h"
+#include "report/report_formats.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
 
@@ -45,16 +46,17 @@ Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request reque
 
 void Zusammenfassung_orv::Build(const Progress& progress)
 {
-    Built_Report = Build_Summary(The_Session, Request, progress);
+    Built_Summary = Build_Summary(Request, progress);
 }
 
-// A report that could not be built was told, and nothing of it is shown.
 void Zusammenfassung_orv::Show_Built()
 {
     Show_Page(Text_Page);
-    S_Diagramm->setEnabled(Built_Report && !Built_Report->Substances.empty());
-    if (Built_Report)
-        Ergebnis->setPlainText(Shown(Summary_Text(*Built_Report)));
+    S_Diagramm->setEnabled(!Built_Summary.Substances.empty());
+    if (Built_Summary.Failure.empty())
+        Ergebnis->setPlainText(Shown(Summary_Text(Built_Summary)));
+    else
+        The_Session.Ask({"File check", Built_Summary.Failure});
 }
 
 // The caption names the view that a click leads to.
@@ -75,13 +77,13 @@ void Zusammenfassung_orv::S_Diagramm_Click()
 
 void Zusammenfassung_orv::Next_Substance()
 {
-    Substance = (Substance + 1) % Built_Report->Substances.size();
+    Substance = (Substance + 1) % Built_Summary.Substances.size();
     Draw();
 }
 
 void Zusammenfassung_orv::Draw()
 {
-    Diagramm->Show(Report_Chart(*Built_Report, Substance));
+    Diagramm->Show(Report_Chart(Built_Summary, Substance));
 }
 
 void Zusammenfassung_orv::Copy()
@@ -92,10 +94,10 @@ void Zusammenfassung_orv::Copy()
         Copy_Text(Ergebnis->toPlainText());
 }
 
-// The kind goes by the ending, which the chosen filter completes.
+// The format goes by the ending, which the chosen filter completes.
 void Zusammenfassung_orv::Speichern()
 try {
-    QFileDialog dialog(this, "Save report", {}, "Document (*.pdf);;Page (*.html);;Table (*.csv);;Text (*.txt)");
+    QFileDialog dialog(this, "Save report", {}, Shown(Report_Filters()));
     dialog.setObjectName("Save_Report");
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     const auto complete = [&dialog](const QString& filter) {

@@ -32,7 +32,7 @@ private:
 
     Session& The_Session;
     const Summary_Request Request;
-    std::optional<Summary> Built_Report;
+    Summary Built_Summary;
     std::size_t Substance = 0;
     QPlainTextEdit* Ergebnis = nullptr;
     Chart_View* Diagramm = nullptr;

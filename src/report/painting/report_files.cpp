@@ -1,8 +1,7 @@
 #include "report/painting/report_files.h"
 
 #include "core/files.h"
-#include "core/text.h"
-#include "report/report_forms.h"
+#include "report/report_formats.h"
 
 namespace orvel {
 
@@ -18,18 +17,25 @@ std::string Pdf_Bytes(const Report& report, const std::filesystem::path& file)
 
 } // namespace
 
-bool Save_Report(Session& session, const std::vector<Summary_Request>& requests, const std::filesystem::path& file)
+void Write_Report(const Report& report, const std::filesystem::path& file)
 {
-    const std::string ending = Lower(file.extension().string());
-    if (ending == ".txt") {
-        const auto text = Report_Text(session, requests);
-        if (text)
-            Write_Whole(file, *text);
-        return text.has_value();
+    const auto& format = Report_Format_Of(file);
+    Write_Whole(file, format.Is_Painted ? Pdf_Bytes(report, file) : format.Write(report));
+}
+
+bool Save_Report(const Session& session, const std::vector<Summary_Request>& requests,
+                 const std::filesystem::path& file)
+{
+    if (!Report_Format_Of(file).Is_Text) {
+        Write_Report(Gather_Report(session, requests, std::time(nullptr)), file);
+        return true;
     }
-    const auto report = Gather_Report(session, requests, std::time(nullptr));
-    Write_Whole(file, ending == ".pdf" ? Pdf_Bytes(*report, file) : Report_In_Form(*report, file));
-    return true;
+    const auto summaries = Report_Text(requests);
+    if (summaries.Failure.empty())
+        Write_Whole(file, summaries.Text);
+    else
+        session.Ask({"File check", summaries.Failure});
+    return summaries.Failure.empty();
 }
 
 } // namespace orvel

@@ -11,8 +11,13 @@ namespace orvel {
 // could not be made.
 QByteArray Report_Pdf(const Report& report);
 
-// Gathers the report and writes it whole as .txt, .csv, .html or .pdf, by the ending. False: the user has been told.
-// Throws File_Error for another ending or a failure; then the old file is as it was.
-bool Save_Report(Session& session, const std::vector<Summary_Request>& requests, const std::filesystem::path& file);
+// Writes a gathered report whole in the format that the file's ending names, but for .txt. Throws File_Error; then the
+// old file is as it was.
+void Write_Report(const Report& report, const std::filesystem::path& file);
+
+// The same in all formats, gathering the report first. False: the user has been told why there is no text. Throws
+// File_Error for another ending or a failure.
+bool Save_Report(const Session& session, const std::vector<Summary_Request>& requests,
+                 const std::filesystem::path& file);
 
 } // namespace orvel

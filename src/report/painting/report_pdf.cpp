@@ -1,3 +1,4 @@
+// The report as a PDF document.
 #include "charts/painting/chart_painter.h"
 #include "core/code_page.h"
 #include "report/painting/report_files.h"

@@ -15,8 +15,8 @@ Klimagrafik::Klimagrafik(const Climate_Grid& grid, std::size_t series, Ask_Funct
 {
     findChild<QPushButton*>("Done")->setObjectName("Ende");
     Reihe = Named(new QComboBox, "Reihe");
-    for (const auto title : Climate_Series)
-        Reihe->addItem(Shown(title));
+    for (std::size_t i = 0; i < Climate_Series; ++i)
+        Reihe->addItem(Shown(Climate_Columns[i].Chart_Title));
     Reihe->setCurrentIndex(static_cast<int>(series));
     auto* choices = new QFormLayout;
     choices->addRow("Se&ries:", Reihe);
@@ -28,14 +28,14 @@ Klimagrafik::Klimagrafik(const Climate_Grid& grid, std::size_t series, Ask_Funct
 void Klimagrafik::Draw()
 {
     const auto series = static_cast<std::size_t>(std::max(0, Reihe->currentIndex()));
-    setWindowTitle(Shown(Climate_Series[series]));
+    setWindowTitle(Shown(Climate_Columns[series].Chart_Title));
     Show_Chart(Climate_Chart(series, Grid.Values(series)));
 }
 
 std::size_t Series_Of_Column(int column)
 {
     const auto series = static_cast<std::size_t>(std::max(0, column)) - Climate_Grid::Text_Columns;
-    return series < Climate_Series.size() ? series : 0;
+    return series < Climate_Series ? series : 0;
 }
 
 } // namespace orvel

@@ -1,3 +1,4 @@
+// The controls of the scenario form and their places.
 #include "scenario/forms/szenario.h"
 #include "scenario/scenario_view.h"
 #include "ui/forms/leave_guard.h"

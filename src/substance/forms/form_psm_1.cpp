@@ -1,7 +1,6 @@
 #include "substance/forms/form_psm_1.h"
 
 #include "charts/forms/picture_actions.h"
-#include "documents/documents.h"
 #include "files/forms/form_saving.h"
 #include "substance/forms/deg_dat.h"
 #include "substance/forms/form_as.h"

@@ -13,7 +13,6 @@ namespace orvel {
 
 namespace {
 
-constexpr int Columns_Shown = 108;
 constexpr int Lines_Shown = 36;
 
 } // namespace

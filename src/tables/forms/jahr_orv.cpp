@@ -3,12 +3,13 @@
 #include "tables/forms/jahresdiagramm.h"
 #include "tables/leachate_tables.h"
 
+#include <memory>
+
 namespace orvel {
 
 namespace {
 
-// The switch's caption names the table in view, and the word "Annual" stands on the period table; both stay as they
-// are.
+// The captions are required as they are: the switch names the table in view, and "Annual" stands over the periods.
 Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run)
 {
     Table_Kind kind;
@@ -18,11 +19,12 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run)
     kind.Views = {{"Ergebnis_0", "Leachate table by year", "Table of Average Concentrations in Leachate", "Year"},
                   {"Ergebnis_1", "Leachate table by application period",
                    "Table of Annual Average Concentrations in Leachate", "Period"}};
-    kind.Build = [run](const Progress& progress) -> Built_Tables {
-        const auto tables = Build_Or_Load(run, progress);
-        return {{tables.Year_Text, tables.Period_Text}, Note_Of(tables.Failure, tables.Not_Cached)};
+    const auto tables = std::make_shared<Leachate_Tables>();
+    kind.Build = [run, tables](const Progress& progress) -> Built_Tables {
+        *tables = Build_Or_Load(run, progress);
+        return {{tables->Year_Text, tables->Period_Text}, tables->Note()};
     };
-    kind.Open_Diagram = [run, ask = session.Ask](QWidget& form) { Jahresdiagramm(run, ask, &form).exec(); };
+    kind.Open_Diagram = [tables, ask = session.Ask](QWidget& form) { Jahresdiagramm(*tables, ask, &form).exec(); };
     return kind;
 }
 

@@ -1,6 +1,5 @@
 #include "tables/forms/jahresdiagramm.h"
 
-#include "core/files.h"
 #include "tables/annual_diagram.h"
 #include "ui/forms/widgets.h"
 
@@ -9,14 +8,14 @@
 
 namespace orvel {
 
-Jahresdiagramm::Jahresdiagramm(const std::filesystem::path& run_directory, Ask_Function ask, QWidget* parent)
+Jahresdiagramm::Jahresdiagramm(Leachate_Tables tables, Ask_Function ask, QWidget* parent)
     : Diagram_Form("Jahresdiagramm", std::move(ask), parent),
-      Period_File(Read_If_There(run_directory, "period.orv"))
+      Tables(std::move(tables))
 {
     setWindowTitle("Annual Diagram");
     Substanz = Named(new QComboBox, "Substanz");
     Tiefe = Named(new QComboBox, "Tiefe");
-    for (const std::string& substance : Period_Substances(Period_File))
+    for (const std::string& substance : Annual_Substances(Tables))
         Substanz->addItem(Shown(substance));
     for (const auto depth : Annual_Depths)
         Tiefe->addItem(Shown(depth));
@@ -33,8 +32,8 @@ void Jahresdiagramm::Draw()
 {
     const auto depth = static_cast<std::size_t>(std::max(0, Tiefe->currentIndex()));
     const auto substance = static_cast<std::size_t>(std::max(0, Substanz->currentIndex()));
-    if (const auto table = Read_Period_Table(Period_File, depth, substance))
-        Show_Chart(Annual_Diagram(*table, depth, Bytes_Of(Substanz->currentText())));
+    if (auto chart = Annual_Diagram(Tables, depth, substance))
+        Show_Chart(std::move(*chart));
 }
 
 } // namespace orvel

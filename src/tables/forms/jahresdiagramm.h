@@ -1,24 +1,23 @@
 #pragma once
 
 #include "charts/forms/diagram_form.h"
-
-#include <filesystem>
+#include "tables/leachate_tables.h"
 
 class QComboBox;
 
 namespace orvel {
 
-// The concentrations of the application periods of one substance at one depth, out of the cached period table.
+// The concentrations of the application periods of one substance at one depth.
 class Jahresdiagramm : public Diagram_Form {
     Q_OBJECT
 
 public:
-    Jahresdiagramm(const std::filesystem::path& run_directory, Ask_Function ask, QWidget* parent = nullptr);
+    Jahresdiagramm(Leachate_Tables tables, Ask_Function ask, QWidget* parent = nullptr);
 
 private:
     void Draw();
 
-    std::string Period_File;
+    const Leachate_Tables Tables;
     QComboBox *Substanz = nullptr, *Tiefe = nullptr;
 };
 

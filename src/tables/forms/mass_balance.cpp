@@ -3,23 +3,17 @@
 #include "output/echo_file.h"
 #include "tables/forms/jahresbilanz.h"
 
+#include <memory>
+
 namespace orvel {
 
 namespace {
 
 constexpr int Line_Columns = 130; // the rule of the pesticide tables behind its tab, and the scroll bar
 
-// A run whose echo cannot be read has no names: the diagram then shows the labels of the tables.
-std::vector<std::string> Names_Of(const std::filesystem::path& run)
-try {
-    return Read_Substance_Names(run);
-} catch (const File_Error&) {
-    return {};
-}
-
 bool Has_Months(const std::filesystem::path& run)
 try {
-    return Read_Echo_Layers(run).Has_Monthly_Output;
+    return Read_Echo(run).Layers().Has_Monthly_Output;
 } catch (const File_Error&) {
     return false;
 }
@@ -36,14 +30,17 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
     kind.Views = {
         {"Ergebnis_0", "Water balance", kind.First_Caption, "Pesticide Balance"},
         {"Ergebnis_1", "Pesticide balance", "Table of " + period + " Pesticide Mass Balance", "Water Balance"}};
-    kind.Build = [run, view](const Progress& progress) -> Built_Tables {
-        const auto tables = Build_Or_Load_Balance(run, view, progress);
-        return {{tables.Water_Text, tables.Pesticide_Text}, Note_Of(tables.Failure, tables.Not_Cached)};
+    const auto tables = std::make_shared<Balance_Tables>();
+    kind.Build = [run, view, tables](const Progress& progress) -> Built_Tables {
+        *tables = Build_Or_Load_Balance(run, view, progress);
+        return {{tables->Water_Text, tables->Pesticide_Text}, tables->Note()};
     };
-    kind.Open_Diagram = [run, view, ask = session.Ask](QWidget& form) {
-        if (view == Balance_View::Monthly)
-            Build_Or_Load_Balance(run, Balance_View::Annual, Stay_Painted); // the diagram reads the caches of the years
-        Jahresbilanz(run, Names_Of(run), ask, &form).exec();
+    // The diagram is that of the years in either view.
+    kind.Open_Diagram = [run, view, tables, ask = session.Ask](QWidget& form) {
+        Jahresbilanz(view == Balance_View::Annual ? *tables
+                                                  : Build_Or_Load_Balance(run, Balance_View::Annual, Stay_Painted),
+                     ask, &form)
+            .exec();
     };
     if (view == Balance_View::Annual && Has_Months(run))
         kind.Open_Months = [run, &session](QWidget& form) {

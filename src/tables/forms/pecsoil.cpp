@@ -16,11 +16,10 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run, int
     kind.Views = {{"Ergebnis_1", "Concentrations in soil", kind.First_Caption, ""}};
     kind.Build = [run, depth](const Progress& progress) -> Built_Tables {
         const auto soil = Build_Soil_Concentrations(run, depth, progress);
-        return {{soil.Text}, Note_Of(soil.Failure, soil.Not_Written)};
+        return {{soil.Text}, soil.Note()};
     };
     kind.Open_Diagram = [run, ask = session.Ask](QWidget& form) {
-        Build_Or_Load(run, Stay_Painted); // the diagram reads the cache of the leachate's periods
-        Jahresdiagramm(run, ask, &form).exec();
+        Jahresdiagramm(Build_Or_Load(run, Stay_Painted), ask, &form).exec(); // that of the leachate
     };
     return kind;
 }

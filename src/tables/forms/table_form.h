@@ -15,7 +15,7 @@ struct Table_View {
     QString Form_Caption, Switch_Caption;
 };
 
-// What a builder gives: a text per table, and the sentence to tell if they end early or could not be kept.
+// A text per table, and what the user is to know of them.
 struct Built_Tables {
     std::vector<std::string> Texts;
     std::string Note;
@@ -52,11 +52,5 @@ private:
     QPushButton* Umschalter = nullptr;
     std::size_t In_View = 0;
 };
-
-// The sentence of a builder's result: why the texts end early, else why they were not kept.
-inline std::string Note_Of(const std::string& failure, const std::string& not_kept)
-{
-    return failure.empty() ? not_kept : failure;
-}
 
 } // namespace orvel

@@ -13,14 +13,14 @@
 
 namespace orvel {
 
-taegliches_Diagramm_neu::taegliches_Diagramm_neu(const Session& session, Daily_Choice choice, QWidget* parent)
-    : Diagram_Form("taegliches_Diagramm_neu", session.Ask, parent),
+taegliches_Diagramm_neu::taegliches_Diagramm_neu(Ask_Function ask, Daily_Choice choice, QWidget* parent)
+    : Diagram_Form("taegliches_Diagramm_neu", std::move(ask), parent),
       Choice(std::move(choice))
 {
     setWindowTitle("Result of ORVEL Simulation (Daily Resolution)");
     Lay_Out();
     const Hourglass waiting;
-    Series = Read_Daily_Series(session, Choice.Run_Directory, Choice.Single_Run, Choice.Column, Choice.Request);
+    Series = Read_Daily_Series(Choice.Calendar, Choice.Run_Directory, Choice.Column, Choice.Request);
     Draw();
 }
 

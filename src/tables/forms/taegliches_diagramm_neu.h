@@ -1,7 +1,6 @@
 #pragma once
 
 #include "charts/forms/diagram_form.h"
-#include "core/session.h"
 #include "tables/daily_diagram.h"
 
 #include <array>
@@ -14,8 +13,7 @@ namespace orvel {
 
 // What the daily diagram draws: a column of a run's plot.orv over a span of months.
 struct Daily_Choice {
-    std::filesystem::path Run_Directory;
-    bool Single_Run = false;
+    std::filesystem::path Run_Directory, Calendar;
     int Column = 1;   // value column of plot.orv, from 1
     std::string Item; // text of the list that it was chosen from
     Daily_Request Request;
@@ -26,7 +24,7 @@ class taegliches_Diagramm_neu : public Diagram_Form {
     Q_OBJECT
 
 public:
-    taegliches_Diagramm_neu(const Session& session, Daily_Choice choice, QWidget* parent = nullptr);
+    taegliches_Diagramm_neu(Ask_Function ask, Daily_Choice choice, QWidget* parent = nullptr);
 
 private:
     void Lay_Out();

@@ -155,7 +155,7 @@ TEST_F(Help_Assistant_Test, A_Number_Without_A_Text_Is_Silent)
 TEST(Update_Fetch, Judges_The_Page_Of_A_Server)
 {
     Small_Server newer(Page("<a href=\"ORVELSUITE_release_20990101.zip\">")),
-        same(Page("<a href=\"ORVELSUITE_release_20120312.zip\">")),
+        same(Page("<a href=\"ORVELSUITE_release_" + QByteArray(Release_Date.data()) + ".zip\">")),
         older(Page("<a href=\"ORVELSUITE_release_20010101.zip\">")), at_the_begin(Page("20990101.zip"));
     EXPECT_EQ(Finished(newer.Address()).Title, "Update available!");
     EXPECT_EQ(Finished(same.Address()).Text, "You have the latest version of the software.");
@@ -216,7 +216,9 @@ TEST(Versionsinfo, Shows_The_Notes_With_Their_Own_Words)
 
     EXPECT_EQ(form.windowTitle(), "Release info");
     EXPECT_EQ(Find<QLabel>(form, "Label2")->text(), "Pestcidie Leaching Model");
-    EXPECT_TRUE(Find<QPlainTextEdit>(form, "Text1")->toPlainText().startsWith("ORVELSUITE 5.5"));
+    EXPECT_TRUE(Find<QPlainTextEdit>(form, "Text1")
+                    ->toPlainText()
+                    .startsWith("ORVELSUITE " + QString::fromLatin1(Program_Version.data())));
     EXPECT_TRUE(Find<QPlainTextEdit>(form, "Text1")->isReadOnly());
 }
 

@@ -93,7 +93,7 @@ protected:
             form = std::make_unique<Start>(The_Session);
             break;
         case Opened::Run_Form:
-            form = std::make_unique<FOCUS>(The_Session, mode);
+            form = std::make_unique<FOCUS>(The_Session, mode, Run_Windows());
             break;
         case Opened::Browser:
             form = std::make_unique<Analyse>(The_Session, mode);

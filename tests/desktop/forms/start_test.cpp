@@ -103,30 +103,52 @@ TEST_F(Start_Test, Every_Button_Opens_Its_Form_Over_Itself)
         std::filesystem::create_directories((Place / name).parent_path());
         Write_Whole(Place / name, "DEM 3 demonstration data\r\n");
     }
+    for (const char* name : {"a.psm", "a.sze", "a.cli", "focus/a.psm", "focus/a.sze", "focus/a.cli"})
+        Write_Whole(Place / name, "Title\r\n");
     Open();
     struct Way {
         QString Control, Form, Caption;
-        std::string Mask;
+        QString Ending; // of the files listed
     };
     for (const auto& way :
-         {Way{"Command1", "Form_PSM_Open", "Open PSM file", "*.psm"},
-          Way{"Command2", "Form_PSM_Open", "Open Scenario File", "*.sze"},
-          Way{"Command6", "Form_PSM_Open", "Open Climate File", "*.cli"},
-          Way{"Command3", "Versionsinfo", "Release info", "*.cli"},
-          Way{"Image1", "form_end", "Parameters for Simulation", "*.cli"},
-          Way{"Image2", "FOCUS", "Focus Scenarios", "*.cli"}, Way{"Image3", "EFSA", "EFSA Scenarios", "*.cli"},
-          Way{"Image4", "EFSA_T4", "EFSA Scenarios", "*.cli"}}) {
-        QString form, caption;
+         {Way{"Command1", "Form_PSM_Open", "Open PSM file", ".psm"},
+          Way{"Command2", "Form_PSM_Open", "Open Scenario File", ".sze"},
+          Way{"Command6", "Form_PSM_Open", "Open Climate File", ".cli"},
+          Way{"Command3", "Versionsinfo", "Release info", ""},
+          Way{"Image1", "form_end", "Parameters for Simulation", ""}, Way{"Image2", "FOCUS", "Focus Scenarios", ""},
+          Way{"Image3", "EFSA", "EFSA Scenarios", ""}, Way{"Image4", "EFSA_T4", "EFSA Scenarios", ""}}) {
+        QString form, caption, listed;
         In_Modal([&](const QWidget& opened) {
             form = opened.objectName();
             caption = opened.windowTitle();
+            const auto* files = opened.findChild<QListWidget*>("File1");
+            listed = files ? files->item(0)->text().right(4).toLower() : QString();
         });
 
         Click<QAbstractButton>(*Form, way.Control);
 
         EXPECT_EQ(form, way.Form) << way.Control.toStdString();
         EXPECT_EQ(caption, way.Caption) << way.Control.toStdString();
-        EXPECT_EQ(The_Session.Program.File_Mask, way.Mask) << way.Control.toStdString();
+        EXPECT_EQ(listed, way.Ending) << way.Control.toStdString();
+    }
+}
+
+TEST_F(Start_Test, The_Run_Forms_Open_The_Windows_Of_The_Evaluation)
+{
+    Open();
+    struct Way {
+        QString Picture, Button, Form;
+    };
+    for (const auto& way : {Way{"Image1", "Command6", "inout_sel"}, Way{"Image2", "Command1", "Analyse"}}) {
+        QString form;
+        In_Modal([&](const QWidget& run_form) {
+            In_Modal([&](const QWidget& opened) { form = opened.objectName(); });
+            Click<QPushButton>(run_form, way.Button);
+        });
+
+        Click<QAbstractButton>(*Form, way.Picture);
+
+        EXPECT_EQ(form, way.Form);
     }
 }
 

@@ -102,7 +102,6 @@ protected:
     {
         The_Session.Program.App_Path = Installation();
         Start_Up(The_Session);
-        The_Session.Program.File_Mask = "*.psm";
         Parse_PSM(Read_Whole(Installation() / "demo_D.psm"), The_Session.Pesticide);
         Reset_SZE(The_Session.Scenario);
         Parse_SZE(Read_Whole(Installation() / "focus/H_wcerea.sze"), The_Session.Scenario);
@@ -140,10 +139,10 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<Start>("start"),
         Plain<Form_name>("form_name"),
         Plain<Versionsinfo>("versionsinfo"),
-        Plain<FOCUS>("focus", std::cref(focus)),
-        Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa))),
-        Plain<FOCUS>("efsa_t4", std::cref(Mode_Of(Mode_Kind::Efsa_T4))),
-        Plain<form_end>("form_end"),
+        Plain<FOCUS>("focus", std::cref(focus), Run_Windows()),
+        Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa)), Run_Windows()),
+        Plain<FOCUS>("efsa_t4", std::cref(Mode_Of(Mode_Kind::Efsa_T4)), Run_Windows()),
+        Plain<form_end>("form_end", Run_Windows()),
         {"ausgabe_festlegen",
          [](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Ausgabe_festlegen>(session.Output);
@@ -165,19 +164,23 @@ std::vector<Opened_Window> Windows_Test::All() const
         {"echo_orv", [echo](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Echo_ORV>(echo); }},
         {"jahresbilanz",
          [](Session& session) -> std::unique_ptr<QWidget> {
-             return std::make_unique<Jahresbilanz>(Run(), std::vector<std::string>{"Substance D"}, session.Ask);
+             return std::make_unique<Jahresbilanz>(Build_Or_Load_Balance(Run(), Balance_View::Annual), session.Ask);
          }},
         {"jahresdiagramm",
          [](Session& session) -> std::unique_ptr<QWidget> {
-             return std::make_unique<Jahresdiagramm>(Run(), session.Ask);
+             return std::make_unique<Jahresdiagramm>(Build_Or_Load(Run()), session.Ask);
          }},
-        Plain<taegliches_Diagramm_neu>(
-            "taegliches_diagramm",
-            Daily_Choice{.Run_Directory = Run(),
-                         .Column = 1,
-                         .Item = "Percolate at 100.0 cm ",
-                         .Request = {.Variable = 3, .Cumulative = true, .From = {1, 1}, .To = {12, 3}}}),
-        Plain<Form_PSM_Open>("form_psm_open", Installation()),
+        {"taegliches_diagramm",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<taegliches_Diagramm_neu>(
+                 session.Ask,
+                 Daily_Choice{.Run_Directory = Run(),
+                              .Calendar = Installation() / "focus" / "datum.dat",
+                              .Column = 1,
+                              .Item = "Percolate at 100.0 cm ",
+                              .Request = {.Variable = 3, .Cumulative = true, .From = {1, 1}, .To = {12, 3}}});
+         }},
+        Plain<Form_PSM_Open>("form_psm_open", "*.psm", Installation()),
         Plain<Form_PSM_1>("form_psm_1", Installation()),
         Plain_Transformation("deg_dat_active_substance", 1),
         Plain_Transformation("deg_dat_metabolite", 6),

@@ -16,8 +16,7 @@ protected:
     void Open(const std::string& mask = "*.psm", const std::string& directory = {})
     {
         The_Session.Program.App_Path = Place.Path();
-        The_Session.Program.File_Mask = mask;
-        Form = std::make_unique<Form_PSM_Open>(The_Session, Place.Path() / directory);
+        Form = std::make_unique<Form_PSM_Open>(The_Session, mask, Place.Path() / directory);
         Form->show();
     }
 
@@ -101,7 +100,8 @@ TEST_F(Form_PSM_Open_Test, A_File_That_Cannot_Be_Read_Is_Told_And_Opens_No_Edito
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
     EXPECT_EQ(The_User.Messages[0].Title, "Readin check");
-    EXPECT_EQ(The_User.Messages[0].Text, "broken.psm is not a ORVEL 4.01 PSM file");
+    EXPECT_EQ(The_User.Messages[0].Text,
+              "broken.psm is not a ORVEL 4.01 PSM file\nbroken.psm, line 1: The file ends behind this line.");
 }
 
 TEST_F(Form_PSM_Open_Test, Done_Closes_The_Dialog)

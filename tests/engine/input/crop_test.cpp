@@ -205,10 +205,9 @@ TEST(Rotation, A_Senescence_Date_Under_The_Newest_Marker_Is_Used)
     ASSERT_EQ(read.Rotation[0].SZE_Sen_Month.Number(), 9);
     ASSERT_EQ(read.Rotation[0].SZE_Sen_Day.Number(), 20); // the document has the day of harvest
 
-    Restore_Senescence(bytes, read);
+    field.Scenario = read;
 
-    EXPECT_EQ(read.Rotation[0].SZE_Sen_Day.Number(), 1);
-    EXPECT_EQ(read.Rotation[0].SZE_Sen_Year, 1);
+    EXPECT_EQ(field.Rotation()[0].Senescence, field.Dates.Number({1, 9, 1}));
 }
 
 namespace {

@@ -1,3 +1,4 @@
+#include "engine/solute/solute_check.h"
 #include "engine/solute_setups.h"
 
 #include <gtest/gtest.h>

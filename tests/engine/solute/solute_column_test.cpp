@@ -1,4 +1,5 @@
 #include "engine/solute/kernel.h"
+#include "engine/solute/solute_check.h"
 #include "engine/solute_setups.h"
 #include "engine/verification.h"
 

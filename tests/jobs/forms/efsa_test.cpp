@@ -31,7 +31,7 @@ protected:
     void Open(Mode_Kind kind)
     {
         ASSERT_TRUE(Start_Up(The_Session));
-        Form = std::make_unique<FOCUS>(The_Session, Mode_Of(kind));
+        Form = std::make_unique<FOCUS>(The_Session, Mode_Of(kind), Run_Windows());
         Form->show();
         Choose(*Form, "Crop", "Winter cereals");
         Choose(*Form, "Location", "Total content - North (T_N)");

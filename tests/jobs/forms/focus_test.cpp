@@ -1,7 +1,9 @@
 #include "jobs/forms/focus.h"
 
 #include "core/system/lock.h"
-#include "jobs/job.h"
+#include "documents/documents.h"
+#include "runs/batch.h"
+#include "runs/job_file.h"
 #include "runs/output_selection.h"
 #include "runs/start_up.h"
 #include "small_installation.h"
@@ -28,7 +30,10 @@ protected:
     void Open()
     {
         ASSERT_TRUE(Start_Up(The_Session));
-        Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus));
+        const Run_Windows windows{.Open_Evaluation = [this](const Mode& mode, QWidget* parent) {
+            Opened << QString::fromLatin1(mode.Form.data()) + " from " + parent->objectName();
+        }};
+        Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus), windows);
         Form->show();
         Choose(*Form, "Crop", "Maize");
     }
@@ -49,6 +54,7 @@ protected:
 
     Small_Installation Place;
     std::unique_ptr<FOCUS> Form;
+    QStringList Opened; // windows of higher rooms
 };
 
 } // namespace
@@ -118,6 +124,40 @@ TEST_F(FOCUS_Test, Steps_Over_The_Separator_In_The_Direction_Of_Travel)
     EXPECT_EQ(Chosen("Crop"), "Winter cereals");
 }
 
+TEST_F(FOCUS_Test, Leaves_The_Documents_Under_Edit_Alone_Whatever_Is_Clicked_Or_Marked)
+{
+    Place.Put_Pesticide("another.psm", {"H"});
+    ASSERT_TRUE(Open_Document(The_Session, Place / "another.psm"));
+    ASSERT_TRUE(Open_Document(The_Session, Place / "focus/H_beans.sze"));
+    The_Session.Pesticide.PSM_Title = "not saved yet";
+    The_Session.Scenario.SZE_Title = "not saved yet either";
+    The_Session.Program.PSM_Changed = true;
+    The_Session.Editor.App_Pattern = 2;
+    The_Session.Editor.App_Current_Location = 1;
+    const auto pesticide = std::make_unique<Pesticide_Document>(The_Session.Pesticide);
+    const Scenario_Document scenario = The_Session.Scenario;
+    const std::string file = The_Session.Program.PSM_File;
+
+    Open();
+    for (const char* name : {"test.psm", "another.psm"})
+        Choose(*Form, "Pesticide", name);
+    Choose(*Form, "Crop", "Winter cereals");
+    Choose(*Form, "Crop", "Maize");
+    for (const char* name : {"Sevilla (S), irrigated", "Châteaudun (C), irrigated", "Hamburg (H)"})
+        Choose(*Form, "Location", name);
+    Click<QPushButton>(*Form, "Batchdatei");
+    Click<QPushButton>(*Form, "Multi_batch");
+
+    ASSERT_EQ(Read_Batch(Place / "focus").size(), 1U);
+    EXPECT_TRUE(The_Session.Pesticide == *pesticide);
+    EXPECT_TRUE(The_Session.Scenario == scenario);
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
+    EXPECT_FALSE(The_Session.Program.SZE_Changed);
+    EXPECT_EQ(The_Session.Program.PSM_File, file);
+    EXPECT_EQ(The_Session.Editor.App_Pattern, 2);
+    EXPECT_EQ(The_Session.Editor.App_Current_Location, 1);
+}
+
 TEST_F(FOCUS_Test, A_Crop_Without_Scenario_Files_Has_No_Location)
 {
     Open();
@@ -171,7 +211,7 @@ TEST_F(FOCUS_Test, Mark_All_Passes_Over_Locations_Without_Applications)
 
     Click<QPushButton>(*Form, "Multi_batch");
 
-    EXPECT_EQ(The_Session.Run.Job_Dir.size(), 2U); // Sevilla has none
+    EXPECT_EQ(Read_Batch(Place / "focus").size(), 2U); // Sevilla has none
     EXPECT_TRUE(The_User.Messages.empty());
     EXPECT_EQ(Chosen("Location"), "Hamburg (H)");
     EXPECT_TRUE(Enabled("s_run"));
@@ -317,11 +357,22 @@ TEST_F(FOCUS_Test, Restores_The_Last_Selection_When_It_Opens_Again)
     Choose(*Form, "Location", "Châteaudun (C), irrigated");
     Click<QPushButton>(*Form, "Batchdatei");
 
-    Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus));
+    Form = std::make_unique<FOCUS>(The_Session, Mode_Of(Mode_Kind::Focus), Run_Windows());
 
     EXPECT_EQ(Chosen("Pesticide"), "test.psm");
     EXPECT_EQ(Chosen("Crop"), "Maize");
     EXPECT_EQ(Chosen("Location"), "Châteaudun (C), irrigated");
+}
+
+TEST_F(FOCUS_Test, Opens_The_Evaluation_Of_Its_Mode_With_What_Is_Chosen)
+{
+    Open();
+    Choose(*Form, "Location", "Hamburg (H)");
+
+    Click<QPushButton>(*Form, "Command1");
+
+    EXPECT_EQ(Opened, QStringList{"FOCUS from FOCUS"});
+    EXPECT_EQ(The_Session.Run.Last_Simulation.Location, "Hamburg (H)");
 }
 
 TEST_F(FOCUS_Test, A_Double_Click_On_A_Location_Opens_Its_Scenario)

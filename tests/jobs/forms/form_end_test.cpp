@@ -1,5 +1,6 @@
 #include "jobs/forms/form_end.h"
 
+#include "jobs/single_run_start.h"
 #include "small_installation.h"
 #include "window_test.h"
 
@@ -30,7 +31,8 @@ protected:
 
     void Open()
     {
-        Form = std::make_unique<form_end>(The_Session);
+        const Run_Windows windows{.Open_Run_Files = [this](QWidget* parent) { Opened << parent->objectName(); }};
+        Form = std::make_unique<form_end>(The_Session, windows);
         Form->show();
     }
 
@@ -82,6 +84,7 @@ protected:
 
     Small_Installation Place;
     std::unique_ptr<form_end> Form;
+    QStringList Opened; // from where the files of a run were opened
 };
 
 } // namespace
@@ -260,6 +263,15 @@ TEST_F(form_end_Test, A_Day_Out_Of_Range_Is_Told_When_Its_Box_Is_Left)
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
     EXPECT_EQ(The_User.Messages[0].Text, "Value must be betwen 0 and 31");
+}
+
+TEST_F(form_end_Test, Opens_The_Files_Of_A_Run_Over_Itself)
+{
+    Open();
+
+    Click<QPushButton>(*Form, "Command6");
+
+    EXPECT_EQ(Opened, QStringList{"form_end"});
 }
 
 TEST_F(form_end_Test, Shows_That_The_Engine_Is_At_Work_And_Start_Tells_Instead_Of_Failing)

@@ -1,7 +1,7 @@
 #include "report/painting/report_files.h"
 
 #include "core/error.h"
-#include "report/report_forms.h"
+#include "report/report_formats.h"
 #include "report/report_session.h"
 
 #include <QTextDocument>
@@ -27,7 +27,7 @@ TEST_F(Report_Session, The_Html_Is_Well_Formed_Whatever_The_Names_Hold)
     Add_Run("Maize", "Kremsm\xC3\xBCnster_-_(K)", 1, {"P & <Q> \"r\" '\x01\x80", "]]> --"});
     Add_Run("Winter_-_cereals", "Hamburg_-_(H)", 1);
 
-    const std::string html = Report_Html(Gathered("all", {"K", "H"}));
+    const std::string html = Report_Html(Gather("all", {"K", "H"}));
 
     EXPECT_EQ(Xml_Error(html), "");
     EXPECT_NE(html.find("P &amp; &lt;Q&gt; &quot;r&quot; &#39; \xE2\x82\xAC"), std::string::npos);
@@ -37,7 +37,7 @@ TEST_F(Report_Session, The_Pdf_Is_An_Archive_Document_With_Its_Title_And_A_Page_
 {
     Add_Run("Maize", "Hamburg_-_(H)", 1);
 
-    const QByteArray pdf = Report_Pdf(Gathered());
+    const QByteArray pdf = Report_Pdf(Gather());
 
     EXPECT_TRUE(pdf.startsWith("%PDF-1.4"));
     EXPECT_TRUE(pdf.contains("pdfaid:part=\"1\" pdfaid:conformance=\"B\""));

@@ -5,6 +5,7 @@
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "jobs/job_status.h"
+#include "jobs/single_run_start.h"
 #include "runs/start_up.h"
 #include "scenario/forms/klima.h"
 #include "scenario/forms/szenario.h"
@@ -140,7 +141,7 @@ protected:
 TEST_F(Scenario_By_Hand, Two_Crops_Saved_As_An_Individual_File_Are_Simulated_As_Individual_Crop)
 {
     Make_Scenario(Installation() / "focus", "H_indiv.sze");
-    FOCUS form(The_Session, Mode_Of(Mode_Kind::Focus));
+    FOCUS form(The_Session, Mode_Of(Mode_Kind::Focus), Run_Windows());
     Show(form);
     Choose(form, "Pesticide", "demo_D.psm");
     Choose(form, "Crop", "Individual crop");
@@ -150,7 +151,7 @@ TEST_F(Scenario_By_Hand, Two_Crops_Saved_As_An_Individual_File_Are_Simulated_As_
     ASSERT_TRUE(The_User.Messages.empty()) << The_User.Messages[0].Text;
     const auto run = Installation() / "focus/demo_D.run/Individual_-_crop.run/Hamburg_-_(H).run";
     ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return !Job_Running(The_Session, Mode_Of(Mode_Kind::Focus)) && fs::exists(run / "echo.orv"); },
+        [&] { return !Job_Running(The_Session.Program, Mode_Of(Mode_Kind::Focus)) && fs::exists(run / "echo.orv"); },
         Most_Waiting));
 
     const std::string echo = Read_Whole(run / "echo.orv");
@@ -170,10 +171,10 @@ TEST_F(Scenario_By_Hand, A_Climate_File_Edited_In_The_Grid_Reaches_The_Run)
     const Climate_Table before = Parse_CLI(Read_Whole(original));
     double other_days = 0;
     for (std::size_t day = 0; day < before.Rows.size(); ++day)
-        other_days += day == 9 || before.Rows[day].Cli_Day == "  " ? 0 : before.Rows[day].Cli_Rain;
+        other_days += day == 9 || before.Rows[day].Cli_Day == "  " ? 0 : before.Rows[day].Cli_Rain.value();
     Change_Climate(original, Installation(), "wet.cli", "7.5");
     Make_Scenario(Installation(), "mine.sze");
-    form_end form(The_Session);
+    form_end form(The_Session, Run_Windows());
     Show(form);
     Choose(form, "File_psm", "demo_D.psm");
     Choose(form, "File_sce", "mine.sze");
@@ -198,8 +199,8 @@ TEST_F(Scenario_By_Hand, A_Climate_File_Edited_In_The_Grid_Reaches_The_Run)
     const std::string echo = Read_Whole(Installation() / "echo.orv");
     EXPECT_NE(echo.find("wet.cli   Rain by hand\r\n"), std::string::npos);
     EXPECT_NEAR(Precipitation_Of_The_First_Year(*Find_File(Installation(), "Wasser.orv")), other_days + 7.5,
-                0.005 * 365);                                        // the grid shows two decimals
-    EXPECT_GT(std::abs(before.Rows[9].Cli_Rain - 7.5), 0.005 * 365); // the change is more than that
+                0.005 * 365);                                                // the grid shows two decimals
+    EXPECT_GT(std::abs(before.Rows[9].Cli_Rain.value() - 7.5), 0.005 * 365); // the change is more than that
 }
 
 } // namespace

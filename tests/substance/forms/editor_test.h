@@ -46,8 +46,7 @@ protected:
         Recording_User user;
         session->Ask = [&user](const Message& message) { return user(message); };
         session->Program.App_Path = Installation();
-        session->Program.File_Mask = "*.psm";
-        Form_PSM_Open dialog(*session, Installation());
+        Form_PSM_Open dialog(*session, "*.psm", Installation());
         dialog.show();
         In_Modal(use);
         if (file.isEmpty()) {

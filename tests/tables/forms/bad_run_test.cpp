@@ -117,9 +117,9 @@ TEST_P(Tampered_Cache, Is_Shown_As_It_Stands_And_Never_Overwritten)
     Mass_Balance balance(The_Session, Run.Path());
     Show(balance);
     EXPECT_EQ(Find<QPlainTextEdit>(balance, "Ergebnis_0")->toPlainText().isEmpty(), changed[2].empty());
-    Jahresdiagramm diagram(Run.Path(), The_Session.Ask);
+    Jahresdiagramm diagram(Build_Or_Load(Run.Path()), The_Session.Ask);
     Show(diagram);
-    Jahresbilanz chart(Run.Path(), {"Parent"}, The_Session.Ask);
+    Jahresbilanz chart(Build_Or_Load_Balance(Run.Path(), Balance_View::Annual), The_Session.Ask);
     Show(chart);
     Zusammenfassung_orv report(
         The_Session,

@@ -3,6 +3,7 @@
 #include "tables/forms/jahresbilanz.h"
 #include "tables/forms/jahresdiagramm.h"
 #include "tables/forms/taegliches_diagramm_neu.h"
+#include "tables/leachate_text.h"
 #include "temporary_directory.h"
 #include "window_test.h"
 
@@ -24,7 +25,6 @@ protected:
     void Put_Plot()
     {
         std::filesystem::create_directories(Place / "focus");
-        The_Session.Program.App_Path = Place.Path();
         Write_Whole(Place / "focus/datum.dat", "1 1 1 1\r\n2 2 1 1\r\n3 3 1 1\r\n");
         std::string plot = "engine\r\n\r\nscenario\r\npesticide\r\n\r\nSoil\r\n    12     1     0\r\n            "
                            "INFL\r\n               100.0\r\n           1.0\r\n";
@@ -35,6 +35,7 @@ protected:
     Daily_Choice Choice(bool cumulative)
     {
         return {.Run_Directory = Place / "focus",
+                .Calendar = Place / "focus/datum.dat",
                 .Column = 1,
                 .Item = "Percolate at 100.0 cm ",
                 .Request = {.Variable = 3, .Cumulative = cumulative, .From = {1, 1}, .To = {12, 1}}};
@@ -43,7 +44,8 @@ protected:
     Temporary_Directory Place;
 };
 
-std::string Period_File()
+// Two tables of 20 periods, as a cache holds them.
+Leachate_Tables Periods()
 {
     std::string text = "engine\r\nscenario\r\npesticide\r\nSoil\r\n";
     for (const char* depth :
@@ -57,7 +59,9 @@ std::string Period_File()
         text += "\t-----\r\n\tTotal    \t20.0000     \t2000.00     \t1.000\r\n\t80 Perc.(17/16)\t2.0000000   \t200.000 "
                 "    \t0.117\r\n";
     }
-    return text;
+    Leachate_Tables tables;
+    tables.Period = Parse_Leachate(text).Set;
+    return tables;
 }
 
 } // namespace
@@ -65,7 +69,7 @@ std::string Period_File()
 TEST_F(Diagrams_Test, The_Daily_Diagram_Draws_A_Rate_Or_Its_Sum)
 {
     Put_Plot();
-    taegliches_Diagramm_neu rate(The_Session, Choice(false)), sum(The_Session, Choice(true));
+    taegliches_Diagramm_neu rate(The_Session.Ask, Choice(false)), sum(The_Session.Ask, Choice(true));
 
     ASSERT_FALSE(Drawn(rate).Lines.empty());
     EXPECT_EQ(Drawn(rate).Lines[0].Points.back().Y, 3);
@@ -77,7 +81,7 @@ TEST_F(Diagrams_Test, The_Daily_Diagram_Draws_A_Rate_Or_Its_Sum)
 TEST_F(Diagrams_Test, The_Unit_Of_The_X_Axis_Moves_Positions_Only)
 {
     Put_Plot();
-    taegliches_Diagramm_neu form(The_Session, Choice(false));
+    taegliches_Diagramm_neu form(The_Session.Ask, Choice(false));
     form.show();
     const auto in_years = Drawn(form).Lines[0].Points;
     EXPECT_EQ(Drawn(form).X.Title, "Year ");
@@ -93,7 +97,7 @@ TEST_F(Diagrams_Test, The_Unit_Of_The_X_Axis_Moves_Positions_Only)
 TEST_F(Diagrams_Test, Copy_Data_Puts_Two_Columns_On_The_Clipboard)
 {
     Put_Plot();
-    taegliches_Diagramm_neu form(The_Session, Choice(false));
+    taegliches_Diagramm_neu form(The_Session.Ask, Choice(false));
     form.show();
 
     Click<QPushButton>(form, "Daten_Kopieren");
@@ -105,8 +109,7 @@ TEST_F(Diagrams_Test, Copy_Data_Puts_Two_Columns_On_The_Clipboard)
 
 TEST_F(Diagrams_Test, A_Run_Without_A_Plot_File_Gives_An_Empty_Diagram)
 {
-    The_Session.Program.App_Path = Place.Path();
-    taegliches_Diagramm_neu form(The_Session, Choice(false));
+    taegliches_Diagramm_neu form(The_Session.Ask, Choice(false));
 
     EXPECT_TRUE(Drawn(form).Lines.empty() || Drawn(form).Lines[0].Points.empty());
     EXPECT_TRUE(The_User.Messages.empty());
@@ -114,8 +117,7 @@ TEST_F(Diagrams_Test, A_Run_Without_A_Plot_File_Gives_An_Empty_Diagram)
 
 TEST_F(Diagrams_Test, The_Annual_Diagram_Follows_Substance_And_Depth)
 {
-    Write_Whole(Place / "period.orv", Period_File());
-    Jahresdiagramm form(Place.Path(), The_Session.Ask);
+    Jahresdiagramm form(Periods(), The_Session.Ask);
     form.show();
     EXPECT_EQ(Drawn(form).Boxes.size(), 20U);
     EXPECT_EQ(Drawn(form).Title, "Average Demo concentration in leachate (1m depth) [\xB5g/L]");
@@ -127,8 +129,7 @@ TEST_F(Diagrams_Test, The_Annual_Diagram_Follows_Substance_And_Depth)
 
 TEST_F(Diagrams_Test, Copy_Graph_Puts_The_Picture_On_The_Clipboard)
 {
-    Write_Whole(Place / "period.orv", Period_File());
-    Jahresdiagramm form(Place.Path(), The_Session.Ask);
+    Jahresdiagramm form(Periods(), The_Session.Ask);
     form.show();
 
     Click<QPushButton>(form, "Kopieren");
@@ -138,7 +139,7 @@ TEST_F(Diagrams_Test, Copy_Graph_Puts_The_Picture_On_The_Clipboard)
 
 TEST_F(Diagrams_Test, A_Run_Without_Balances_Leaves_The_Balance_Chart_Empty)
 {
-    Jahresbilanz form(Place.Path(), {}, The_Session.Ask);
+    Jahresbilanz form({}, The_Session.Ask);
     form.show();
 
     EXPECT_EQ(Find<QComboBox>(form, "Substanz")->count(), 1);

@@ -33,6 +33,12 @@ std::optional<Lock> Lock::Take_Within(const std::filesystem::path& path, std::ch
     }
 }
 
+Lock Lock::Adopt(int descriptor)
+{
+    ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+    return Lock(descriptor);
+}
+
 Lock::Lock(Lock&& other) noexcept : Number(std::exchange(other.Number, -1)) {}
 
 Lock& Lock::operator=(Lock&& other) noexcept

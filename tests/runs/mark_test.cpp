@@ -1,8 +1,11 @@
+#include "runs/mark.h"
+
+#include "core/run_name.h"
 #include "core/system/lock.h"
 #include "core/text.h"
-#include "jobs/job.h"
 #include "run_fixture.h"
 #include "runs/batch.h"
+#include "runs/job_file.h"
 
 #include <chrono>
 #include <csignal>
@@ -23,7 +26,7 @@ constexpr std::string_view Title = "Starting ORVEL Simulations";
 
 } // namespace
 
-class Batch_Test : public Run_Test {
+class Mark_Test : public Run_Test {
 protected:
     fs::path Run_Of(const std::string& directory) const { return Run_Path(Home / "focus", directory); }
     bool Pending() const { return fs::exists(Home / "focus" / "batch.bat"); }
@@ -34,12 +37,12 @@ protected:
     }
 };
 
-TEST_F(Batch_Test, A_Marked_Combination_Has_Its_Directory_With_All_Files_And_Five_Lines_In_The_Batch)
+TEST_F(Mark_Test, A_Marked_Combination_Has_Its_Directory_With_All_Files_And_Five_Lines_In_The_Batch)
 {
-    const auto choice = Maize_At_Hamburg();
-    The_Session.Editor.App_Pattern = 1;
+    auto choice = Maize_At_Hamburg();
+    choice.Pattern = 1;
 
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
 
     const fs::path run = Home / "focus" / "test.run" / "Maize.run" / "Hamburg_-_(H).run";
     EXPECT_EQ(Names_In(run),
@@ -54,19 +57,19 @@ TEST_F(Batch_Test, A_Marked_Combination_Has_Its_Directory_With_All_Files_And_Fiv
                                                         "if exist *.orv del *.orv\r\n"
                                                         "orvel401.exe\r\n"
                                                         "if exist orvel401.exe del orvel401.exe\r\n");
-    EXPECT_EQ(The_Session.Run.Job_Dir, std::vector{Hamburg});
-    EXPECT_EQ(Run_Caption(The_Session, Focus()), "Start Batch");
+    EXPECT_EQ(Read_Batch(Home / "focus"), std::vector{Hamburg});
+    EXPECT_EQ(Run_Caption(Home / "focus"), "Start Batch");
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
-TEST_F(Batch_Test, A_Second_Combination_Climbs_Back_First_And_Its_Path_Is_In_The_Code_Page_Of_The_Job)
+TEST_F(Mark_Test, A_Second_Combination_Climbs_Back_First_And_Its_Path_Is_In_The_Code_Page_Of_The_Job)
 {
     auto choice = Maize_At_Hamburg();
     Scenario(Home / "focus" / "C_maize.sze");
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
-    choice.Location = "Ch\xE2teaudun (C), irrigated";
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
+    choice = Chosen(Focus(), Maize, "Ch\xE2teaudun (C), irrigated", "test.psm");
 
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
 
     EXPECT_TRUE(Read_Whole(Home / "focus" / "batch.bat")
                     .ends_with("cd ..\\..\\..\\\r\n"
@@ -74,32 +77,32 @@ TEST_F(Batch_Test, A_Second_Combination_Climbs_Back_First_And_Its_Path_Is_In_The
                                "if exist *.orv del *.orv\r\n"
                                "orvel401.exe\r\n"
                                "if exist orvel401.exe del orvel401.exe\r\n"));
-    EXPECT_EQ(The_Session.Run.Job_Dir.at(1), "test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run");
+    EXPECT_EQ(Read_Batch(Home / "focus").at(1), "test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run");
     EXPECT_TRUE(
         fs::is_directory(Home / "focus" / "test.run" / "Maize.run" / "Ch\u00E2teaudun_-_(C)--_-_irrigated.run"));
 }
 
-TEST_F(Batch_Test, Marking_The_Same_Combination_Twice_Is_Told_And_Keeps_One_Block)
+TEST_F(Mark_Test, Marking_The_Same_Combination_Twice_Is_Told_And_Keeps_One_Block)
 {
     const auto choice = Maize_At_Hamburg();
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
     const auto batch = Read_Whole(Home / "focus" / "batch.bat");
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Already_Selected);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Already_Selected);
 
     EXPECT_EQ(The_User.Messages,
               std::vector{(Message{std::string(Title), "You already selected this combination in your batch job!"})});
     EXPECT_EQ(Read_Whole(Home / "focus" / "batch.bat"), batch);
 }
 
-TEST_F(Batch_Test, An_Earlier_Simulation_Is_Replaced_Only_If_The_User_Agrees)
+TEST_F(Mark_Test, An_Earlier_Simulation_Is_Replaced_Only_If_The_User_Agrees)
 {
     const auto choice = Maize_At_Hamburg();
     fs::create_directories(Run_Of(Hamburg));
     Put(Run_Of(Hamburg) / "Echo.orv", "done\r\n");
     Put(Run_Of(Hamburg) / "notes.txt", "mine\r\n");
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Cancelled);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Cancelled);
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{std::string(Title),
                                                       "You already performed a ORVEL-Simulation using this combination."
@@ -111,32 +114,32 @@ TEST_F(Batch_Test, An_Earlier_Simulation_Is_Replaced_Only_If_The_User_Agrees)
     EXPECT_FALSE(Pending());
 
     The_User.Answers = {Button::Ok};
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
     EXPECT_FALSE(fs::exists(Run_Of(Hamburg) / "notes.txt"));
     EXPECT_TRUE(fs::exists(Run_Of(Hamburg) / "orvel.inp"));
     EXPECT_EQ(List_Directories(Home / "focus" / "test.run" / "Maize.run", "*").size(), 1u);
 }
 
-TEST_F(Batch_Test, A_Directory_Without_An_Echo_Is_Cleared_Without_A_Question)
+TEST_F(Mark_Test, A_Directory_Without_An_Echo_Is_Cleared_Without_A_Question)
 {
     const auto choice = Maize_At_Hamburg();
     fs::create_directories(Run_Of(Hamburg));
     Put(Run_Of(Hamburg) / "old.psm", "x");
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
 
     EXPECT_TRUE(The_User.Messages.empty());
     EXPECT_FALSE(fs::exists(Run_Of(Hamburg) / "old.psm"));
 }
 
-TEST_F(Batch_Test, A_Run_At_Work_Cannot_Be_Replaced)
+TEST_F(Mark_Test, A_Run_At_Work_Cannot_Be_Replaced)
 {
     const auto choice = Maize_At_Hamburg();
     fs::create_directories(Run_Of(Hamburg));
     Put(Run_Of(Hamburg) / "plot.orv", "half");
     const auto engine = Lock::Take(Run_Of(Hamburg));
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
 
     ASSERT_EQ(The_User.Messages.size(), 1u);
     EXPECT_EQ(The_User.Messages[0].Title, Title);
@@ -153,29 +156,29 @@ TEST_F(Batch_Test, A_Run_At_Work_Cannot_Be_Replaced)
     EXPECT_FALSE(Pending());
 }
 
-TEST_F(Batch_Test, A_Run_That_Waits_In_The_Job_At_Work_Cannot_Be_Replaced)
+TEST_F(Mark_Test, A_Run_That_Waits_In_The_Job_At_Work_Cannot_Be_Replaced)
 {
     const auto choice = Maize_At_Hamburg();
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
     fs::rename(Home / "focus" / "batch.bat", Home / "focus" / "orveljob.bat");
     const auto job = Lock::Take(Home / "focus");
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
     EXPECT_NE(The_User.Messages.at(0).Text.find("(errorcode 1)"), std::string::npos);
 
     fs::remove(Run_Of(Hamburg) / "orvel401.exe"); // as the job does behind the run
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
 }
 
-TEST_F(Batch_Test, A_Single_Run_At_Work_In_The_Installation_Directory_Keeps_No_One_From_Marking)
+TEST_F(Mark_Test, A_Single_Run_At_Work_In_The_Installation_Directory_Keeps_No_One_From_Marking)
 {
     const auto choice = Maize_At_Hamburg();
     const auto single_run = Lock::Take(Home.Path());
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
 }
 
-TEST_F(Batch_Test, Another_Program_That_Marks_Is_Waited_For)
+TEST_F(Mark_Test, Another_Program_That_Marks_Is_Waited_For)
 {
     const auto choice = Maize_At_Hamburg();
     auto other = Lock::Take(Home / "Haude.dat");
@@ -186,18 +189,18 @@ TEST_F(Batch_Test, Another_Program_That_Marks_Is_Waited_For)
         other.reset();
     });
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
 
     end.join();
     EXPECT_TRUE(ended);
 }
 
-TEST_F(Batch_Test, A_Directory_That_Holds_A_Directory_Is_Not_Replaced)
+TEST_F(Mark_Test, A_Directory_That_Holds_A_Directory_Is_Not_Replaced)
 {
     const auto choice = Maize_At_Hamburg();
     fs::create_directories(Run_Of(Hamburg) / "kept results");
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
 
     EXPECT_EQ(The_User.Messages.at(0).Text,
               "An error occured when preparing this simulation (errorcode 2).\r\n"
@@ -209,12 +212,12 @@ TEST_F(Batch_Test, A_Directory_That_Holds_A_Directory_Is_Not_Replaced)
     EXPECT_TRUE(fs::exists(Run_Of(Hamburg) / "kept results"));
 }
 
-TEST_F(Batch_Test, A_Name_That_Is_Too_Long_For_A_Directory_Is_Told)
+TEST_F(Mark_Test, A_Name_That_Is_Too_Long_For_A_Directory_Is_Told)
 {
     auto choice = Maize_At_Hamburg();
     choice.Pesticide = std::string(249, 'x') + " .psm"; // the blank takes three characters of the directory's name
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
 
     const auto place = Run_Of(Run_Directory(choice.Pesticide, "Maize", "Hamburg (H)"));
     EXPECT_EQ(The_User.Messages.at(0).Text,
@@ -227,14 +230,14 @@ TEST_F(Batch_Test, A_Name_That_Is_Too_Long_For_A_Directory_Is_Told)
     EXPECT_FALSE(Pending());
 }
 
-TEST_F(Batch_Test, A_Copy_That_Fails_Marks_Nothing_And_Keeps_The_Earlier_Simulation)
+TEST_F(Mark_Test, A_Copy_That_Fails_Marks_Nothing_And_Keeps_The_Earlier_Simulation)
 {
     const auto choice = Maize_At_Hamburg();
     fs::create_directories(Run_Of(Hamburg));
     Put(Run_Of(Hamburg) / "old.txt", "x");
     fs::remove(Home / "Haude.dat");
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
 
     EXPECT_EQ(The_User.Messages.at(0).Text,
               "An error occured when preparing this simulation (errorcode 6).\r\nCannot read " +
@@ -243,7 +246,7 @@ TEST_F(Batch_Test, A_Copy_That_Fails_Marks_Nothing_And_Keeps_The_Earlier_Simulat
     EXPECT_FALSE(Pending());
 }
 
-TEST_F(Batch_Test, Each_Copy_Has_Its_Stage_And_Leaves_No_Half_Made_Directory)
+TEST_F(Mark_Test, Each_Copy_Has_Its_Stage_And_Leaves_No_Half_Made_Directory)
 {
     const std::pair<const char*, const char*> cases[] = {{"test.psm", "(errorcode 4)"},
                                                          {"orvel401.exe", "(errorcode 5)"},
@@ -253,7 +256,7 @@ TEST_F(Batch_Test, Each_Copy_Has_Its_Stage_And_Leaves_No_Half_Made_Directory)
         const auto choice = Maize_At_Hamburg();
         fs::rename(Home / missing, Home / "aside");
 
-        EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
+        EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
         EXPECT_NE(The_User.Messages.back().Text.find(stage), std::string::npos) << missing;
         EXPECT_TRUE(List_Directories(Home / "focus", "*").empty()) << missing;
         fs::rename(Home / "aside", Home / missing);
@@ -261,21 +264,21 @@ TEST_F(Batch_Test, Each_Copy_Has_Its_Stage_And_Leaves_No_Half_Made_Directory)
     EXPECT_FALSE(Pending());
 }
 
-TEST_F(Batch_Test, A_Batch_File_That_Cannot_Be_Written_Takes_Everything_Back)
+TEST_F(Mark_Test, A_Batch_File_That_Cannot_Be_Written_Takes_Everything_Back)
 {
     const auto choice = Maize_At_Hamburg();
     fs::create_directories(Run_Of(Hamburg));
     Put(Run_Of(Hamburg) / "old.txt", "x");
     fs::create_directory(Home / "focus" / "batch.bat"); // nothing can be renamed over a directory
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
 
     EXPECT_NE(The_User.Messages.at(0).Text.find("(errorcode 8)"), std::string::npos);
     EXPECT_EQ(Names_In(Run_Of(Hamburg)), std::vector<std::string>{"old.txt"});
     EXPECT_EQ(List_Directories(Home / "focus" / "test.run" / "Maize.run", "*").size(), 1u);
 }
 
-TEST_F(Batch_Test, A_Disk_That_Takes_No_More_Is_Told_With_Its_Stage_And_Leaves_Nothing)
+TEST_F(Mark_Test, A_Disk_That_Takes_No_More_Is_Told_With_Its_Stage_And_Leaves_Nothing)
 {
     const auto choice = Maize_At_Hamburg();
     Put(Home / "orvel401.exe", std::string(1 << 20, 'x'));
@@ -285,7 +288,7 @@ TEST_F(Batch_Test, A_Disk_That_Takes_No_More_Is_Told_With_Its_Stage_And_Leaves_N
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     ::setrlimit(RLIMIT_FSIZE, &small);
 
-    const auto result = Mark_For_Batch(The_Session, Focus(), choice);
+    const auto result = Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice);
 
     ::setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
@@ -297,7 +300,7 @@ TEST_F(Batch_Test, A_Disk_That_Takes_No_More_Is_Told_With_Its_Stage_And_Leaves_N
     EXPECT_FALSE(Pending());
 }
 
-TEST_F(Batch_Test, A_Mode_Directory_Without_The_Right_To_Write_Is_Told)
+TEST_F(Mark_Test, A_Mode_Directory_Without_The_Right_To_Write_Is_Told)
 {
     constexpr uid_t Nobody = 65534;
     const auto choice = Maize_At_Hamburg();
@@ -306,7 +309,7 @@ TEST_F(Batch_Test, A_Mode_Directory_Without_The_Right_To_Write_Is_Told)
     const uid_t user = ::geteuid();
     ASSERT_TRUE(user != 0 || ::seteuid(Nobody) == 0);
 
-    const auto result = Mark_For_Batch(The_Session, Focus(), choice);
+    const auto result = Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice);
 
     ASSERT_EQ(::seteuid(user), 0);
     fs::permissions(Home / "focus", fs::perms(0755));
@@ -315,38 +318,38 @@ TEST_F(Batch_Test, A_Mode_Directory_Without_The_Right_To_Write_Is_Told)
     EXPECT_FALSE(Pending());
 }
 
-TEST_F(Batch_Test, A_Run_Control_File_That_Is_Read_Only_Is_Told)
+TEST_F(Mark_Test, A_Run_Control_File_That_Is_Read_Only_Is_Told)
 {
     const auto choice = Maize_At_Hamburg();
     Put(Home / "focus" / "orvel.inp", "x");
     Set_Read_Only(Home / "focus" / "orvel.inp", true);
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Cannot write ORVEL.INP"})});
 }
 
-TEST_F(Batch_Test, What_A_Killed_Attempt_Left_Is_Cleared_Away_By_The_Next)
+TEST_F(Mark_Test, What_A_Killed_Attempt_Left_Is_Cleared_Away_By_The_Next)
 {
     const auto choice = Maize_At_Hamburg();
     const fs::path crop = Home / "focus" / "test.run" / "Maize.run";
     fs::create_directories(crop / "marked-aB3xYz");
     Put(crop / "marked-aB3xYz" / "test.psm", "half");
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
     EXPECT_EQ(List_Directories(crop, "*"), std::vector<std::string>{"Hamburg_-_(H).run"});
 }
 
-TEST_F(Batch_Test, The_Soil_Modes_Copy_Run_Bat_As_Stage_8_And_No_Scenario)
+TEST_F(Mark_Test, The_Soil_Modes_Copy_Run_Bat_As_Stage_8_And_No_Scenario)
 {
     Pesticide("test.psm");
     Scenario(Home / "EFSA" / "T_N_maize.sze");
-    const Run_Choice choice{.Pesticide = "test.psm", .Crop = Maize, .Location = "Total content - North (T_N)"};
+    const auto choice = Chosen(Tier_2(), Maize, "Total content - North (T_N)", "test.psm");
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Tier_2(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Tier_2(), choice), Mark_Result::Failed);
     EXPECT_NE(The_User.Messages.at(0).Text.find("(errorcode 8)"), std::string::npos);
 
     Put(Home / "EFSA" / "run.bat", "rem\r\n");
-    EXPECT_EQ(Mark_For_Batch(The_Session, Tier_2(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Tier_2(), choice), Mark_Result::Marked);
     const fs::path run = Home / "EFSA" / "test.run" / "Maize.run" / "Total_-_content_-_-_-_North_-_(T_N).run";
     EXPECT_EQ(Names_In(run),
               (std::vector<std::string>{"Haude.dat", "orvel.inp", "orvel401.exe", "run.bat", "test.psm"}));
@@ -354,39 +357,29 @@ TEST_F(Batch_Test, The_Soil_Modes_Copy_Run_Bat_As_Stage_8_And_No_Scenario)
     EXPECT_FALSE(Pending());
 }
 
-TEST_F(Batch_Test, Blanks_And_Commas_Of_A_Name_Are_Encoded)
-{
-    EXPECT_EQ(Run_Directory("my,file 1.psm", "Winter cereals", "Ch\xE2teaudun (C), no irrigation"),
-              "my--file_-_1.run\\Winter_-_cereals.run\\Ch\xE2teaudun_-_(C)--_-_no_-_irrigation.run");
-}
-
-TEST_F(Batch_Test, A_Pending_Batch_Is_Found_Again_By_Another_Session_And_Continued)
+TEST_F(Mark_Test, A_Pending_Batch_Is_Found_Again_By_Another_Program_And_Continued)
 {
     auto choice = Maize_At_Hamburg();
     Scenario(Home / "focus" / "C_maize.sze");
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
-    auto other = std::make_unique<Session>();
-    other->Program = The_Session.Program;
-    other->Ask = The_Session.Ask;
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
+    const Program_State other = The_Session.Program;
 
-    Load_Batch(*other, Focus());
-    EXPECT_EQ(other->Run.Job_Dir, std::vector{Hamburg});
-    choice.Location = "Ch\xE2teaudun (C), irrigated";
-    EXPECT_EQ(Mark_For_Batch(*other, Focus(), choice), Mark_Result::Marked);
+    EXPECT_EQ(Read_Batch(Home / "focus"), std::vector{Hamburg});
+    choice = Chosen(Focus(), Maize, "Ch\xE2teaudun (C), irrigated", "test.psm");
+    EXPECT_EQ(Mark_For_Batch(other, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
 
     EXPECT_EQ(Parse_Job(Read_Whole(Home / "focus" / "batch.bat")).size(), 2u);
-    Load_Batch(The_Session, Tier_2());
-    EXPECT_TRUE(The_Session.Run.Job_Dir.empty());
+    EXPECT_TRUE(Read_Batch(Home / "EFSA").empty());
 }
 
-TEST_F(Batch_Test, Names_That_The_Code_Page_Of_The_Job_Confuses_Stay_Apart)
+TEST_F(Mark_Test, Names_That_The_Code_Page_Of_The_Job_Confuses_Stay_Apart)
 {
     // The job writes the sharp s as the byte that is an a with acute here.
     for (const auto* name : {"\xE1.psm", "\xDF.psm"}) {
         auto choice = Maize_At_Hamburg();
         choice.Pesticide = name;
         Pesticide(name);
-        EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Marked);
+        EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
     }
 
     const auto runs = Resolve_Runs(Home / "focus", Parse_Job(Read_Whole(Home / "focus" / "batch.bat")));
@@ -396,7 +389,7 @@ TEST_F(Batch_Test, Names_That_The_Code_Page_Of_The_Job_Confuses_Stay_Apart)
         EXPECT_TRUE(fs::is_directory(run));
 }
 
-TEST_F(Batch_Test, The_Combination_Behind_The_500th_Is_Refused_With_A_Message)
+TEST_F(Mark_Test, The_Combination_Behind_The_500th_Is_Refused_With_A_Message)
 {
     const auto choice = Maize_At_Hamburg();
     std::string batch;
@@ -404,7 +397,7 @@ TEST_F(Batch_Test, The_Combination_Behind_The_500th_Is_Refused_With_A_Message)
         batch += Format_Job_Run("a.run\\b.run\\" + std::to_string(i) + ".run", "orvel401.exe", i == 1);
     Put(Home / "focus" / "batch.bat", batch);
 
-    EXPECT_EQ(Mark_For_Batch(The_Session, Focus(), choice), Mark_Result::Failed);
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
 
     EXPECT_EQ(The_User.Messages,
               std::vector{(Message{std::string(Title),
@@ -413,7 +406,7 @@ TEST_F(Batch_Test, The_Combination_Behind_The_500th_Is_Refused_With_A_Message)
     EXPECT_EQ(Read_Whole(Home / "focus" / "batch.bat"), batch);
 }
 
-TEST_F(Batch_Test, Mark_All_Marks_The_Locations_With_Application_Data_And_Passes_Over_The_Others)
+TEST_F(Mark_Test, Mark_All_Marks_The_Locations_With_Application_Data_And_Passes_Over_The_Others)
 {
     Pesticide("test.psm", [](auto& document) {
         document.App_Loc_Count = 4;
@@ -427,72 +420,16 @@ TEST_F(Batch_Test, Mark_All_Marks_The_Locations_With_Application_Data_And_Passes
         Scenario(Home / "focus" / name);
     std::vector<int> steps;
 
-    const auto result = Mark_All(The_Session, Focus(), {.Pesticide = "test.psm", .Crop = Maize},
+    const auto result = Mark_All(The_Session.Program, The_Session.Ask, Focus(), "test.psm", Maize, {},
                                  [&](int i, int) { steps.push_back(i); });
 
     EXPECT_EQ(result.Marked, 2);
     EXPECT_EQ(result.Passed_Over, 2);
     EXPECT_EQ(result.Failed, 0);
-    EXPECT_EQ(The_Session.Run.Job_Dir,
+    EXPECT_EQ(Read_Batch(Home / "focus"),
               (std::vector<std::string>{"test.run\\Maize.run\\Ch\xE2teaudun_-_(C)--_-_irrigated.run", Hamburg}));
     EXPECT_EQ(steps, (std::vector{0, 1, 2, 3}));
     EXPECT_TRUE(The_User.Messages.empty());
-}
-
-TEST_F(Batch_Test, Starting_Without_A_Batch_Is_Told)
-{
-    EXPECT_EQ(Start_Batch(The_Session, Focus()).Result, Start_Result::Nothing_Pending);
-    EXPECT_EQ(The_User.Messages.size(), 1u);
-}
-
-TEST_F(Batch_Test, A_Job_At_Work_Or_A_Missing_Probe_File_Refuses_The_Start_And_Keeps_The_Batch)
-{
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
-    {
-        const auto job = Lock::Take(Home / "focus");
-        EXPECT_EQ(Start_Batch(The_Session, Focus()).Result, Start_Result::Already_Running);
-    }
-    fs::remove(Home / "focus" / "Focuscheck.dat");
-    EXPECT_EQ(Start_Batch(The_Session, Focus()).Result, Start_Result::Already_Running);
-
-    EXPECT_EQ(The_User.Messages.at(0).Text, "The current ORVEL simulation is still running.");
-    EXPECT_EQ(The_User.Messages.at(1).Text, "The file Focuscheck.dat of the installation is missing.");
-    EXPECT_TRUE(Pending());
-    EXPECT_FALSE(fs::exists(Home / "focus" / "orveljob.bat"));
-}
-
-TEST_F(Batch_Test, A_Runner_That_Cannot_Be_Started_Is_Told_And_Keeps_The_Batch)
-{
-    ASSERT_EQ(Mark_For_Batch(The_Session, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
-
-    EXPECT_EQ(Start_Batch(The_Session, Focus(), 1, Home / "no runner").Result, Start_Result::Failed);
-    EXPECT_TRUE(Pending());
-    EXPECT_NE(The_User.Messages.at(0).Text.find("Cannot start"), std::string::npos);
-}
-
-TEST_F(Batch_Test, A_Batch_With_Foreign_Lines_Is_Told_And_Not_Started)
-{
-    Put(Home / "focus" / "batch.bat", "format c:\r\n");
-
-    EXPECT_EQ(Start_Batch(The_Session, Focus(), 1, ORVELJOB).Result, Start_Result::Failed);
-
-    EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{std::string(Title), "The job file holds something else than a job in line 1."})});
-    EXPECT_FALSE(fs::exists(Home / "focus" / "orveljob.bat"));
-}
-
-TEST_F(Batch_Test, A_Pesticide_File_Is_Deleted_Only_With_OK)
-{
-    Pesticide("test.psm");
-
-    EXPECT_FALSE(Delete_Pesticide(The_Session, "test.psm"));
-    EXPECT_TRUE(fs::exists(Home / "test.psm"));
-    EXPECT_EQ(The_User.Messages.at(0).Text, "Are you sure that you want to delete the file 'test.psm'!");
-    EXPECT_EQ(The_User.Messages.at(0).Title, "Deleting pesticide input files");
-
-    The_User.Answers = {Button::Ok};
-    EXPECT_TRUE(Delete_Pesticide(The_Session, "test.psm"));
-    EXPECT_FALSE(fs::exists(Home / "test.psm"));
 }
 
 } // namespace orvel

@@ -2,17 +2,15 @@
 
 #include "core/error.h"
 
+#include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <spawn.h>
-#include <string_view>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace orvel {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -49,7 +47,8 @@ void Set_Descriptors(const Program_Start& start, posix_spawn_file_actions_t* act
     else
         ::posix_spawn_file_actions_addopen(actions, STDOUT_FILENO, start.Output.c_str(),
                                            O_WRONLY | O_CREAT | O_TRUNC | O_APPEND, New_File);
-    ::posix_spawn_file_actions_adddup2(actions, STDOUT_FILENO, STDERR_FILENO);
+    if (!start.Keeps_Standard_Error)
+        ::posix_spawn_file_actions_adddup2(actions, STDOUT_FILENO, STDERR_FILENO);
     if (start.Kept_Descriptor >= 0)
         ::posix_spawn_file_actions_adddup2(actions, start.Kept_Descriptor, Kept_As);
     ::posix_spawn_file_actions_addclosefrom_np(actions, start.Kept_Descriptor >= 0 ? Kept_As + 1 : Kept_As);
@@ -64,6 +63,15 @@ void Set_Signals(bool own_session, posix_spawnattr_t* attributes)
     ::posix_spawnattr_setsigdefault(attributes, &all);
     const int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | (own_session ? POSIX_SPAWN_SETSID : 0);
     ::posix_spawnattr_setflags(attributes, static_cast<short>(flags));
+}
+
+Program_End End_Of(pid_t process, int status)
+{
+    if (process < 0)
+        return {.Process = process, .Exit_Code = Unknown_Program};
+    if (WIFEXITED(status))
+        return {.Process = process, .Exit_Code = WEXITSTATUS(status)};
+    return {.Process = process, .Signal = WTERMSIG(status)};
 }
 
 } // namespace
@@ -91,24 +99,28 @@ int Start_Program(const Program_Start& start)
     return process;
 }
 
-fs::path Program_Beside(const std::string& name)
+Program_End Wait_For_Program(int process)
 {
-    std::error_code ignored;
-    return fs::read_symlink("/proc/self/exe", ignored).parent_path() / name;
+    int status = 0;
+    pid_t ended = -1;
+    do
+        ended = ::waitpid(process, &status, 0);
+    while (ended < 0 && errno == EINTR);
+    return End_Of(ended, status);
 }
 
-fs::path Program_In_Path(const std::string& name)
+std::optional<Program_End> Wait_For_Any_Program()
 {
-    const char* const variable = std::getenv("PATH");
-    std::string_view rest = variable == nullptr ? "" : variable;
-    while (!rest.empty()) {
-        const auto end = rest.find(':');
-        const fs::path candidate = fs::path(rest.substr(0, end)) / name;
-        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-        if (candidate.is_absolute() && ::access(candidate.c_str(), X_OK) == 0)
-            return candidate;
-    }
-    return {};
+    int status = 0;
+    const pid_t process = ::waitpid(-1, &status, 0);
+    return process < 0 ? std::nullopt : std::optional(End_Of(process, status));
+}
+
+std::optional<Program_End> End_Of_Program(int process)
+{
+    int status = 0;
+    const pid_t ended = ::waitpid(process, &status, WNOHANG);
+    return ended == 0 ? std::nullopt : std::optional(End_Of(ended, status));
 }
 
 } // namespace orvel

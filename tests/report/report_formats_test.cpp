@@ -1,4 +1,4 @@
-#include "report/report_forms.h"
+#include "report/report_formats.h"
 
 #include "core/error.h"
 #include "report_session.h"
@@ -110,14 +110,28 @@ TEST(Report_As_Html, Nothing_Is_Fetched_From_Elsewhere_And_The_Diagrams_Stand_In
     EXPECT_TRUE(Has(html, "prefers-color-scheme: dark"));
 }
 
-TEST(Report_In_A_Form, The_Ending_Decides_And_Others_Are_Refused)
+TEST(Report_Formats_Test, The_Ending_Decides_And_Others_Are_Refused)
 {
     const Report report = Small_Report();
 
-    EXPECT_EQ(Report_In_Form(report, "a.CSV"), Report_Csv(report));
-    EXPECT_EQ(Report_In_Form(report, "a.html"), Report_Html(report));
-    EXPECT_THROW(Report_In_Form(report, "a.doc"), File_Error);
-    EXPECT_THROW(Report_In_Form(report, "csv"), File_Error);
+    EXPECT_EQ(Report_Format_Of("a.CSV").Write(report), Report_Csv(report));
+    EXPECT_EQ(Report_Format_Of("a.html").Write(report), Report_Html(report));
+    EXPECT_TRUE(Report_Format_Of("a.TXT").Is_Text);
+    EXPECT_TRUE(Report_Format_Of("a.pdf").Is_Painted);
+    EXPECT_THROW(Report_Format_Of("a.doc"), File_Error);
+    EXPECT_THROW(Report_Format_Of("csv"), File_Error);
+}
+
+TEST(Report_Formats_Test, Every_Format_Has_One_Way_To_Be_Made)
+{
+    for (const auto& format : Report_Formats)
+        EXPECT_EQ((format.Write ? 1 : 0) + (format.Is_Text ? 1 : 0) + (format.Is_Painted ? 1 : 0), 1) << format.Ending;
+}
+
+TEST(Report_Formats_Test, Help_And_Dialog_Name_All_Of_Them)
+{
+    EXPECT_EQ(Report_Endings(), ".txt, .csv, .html or .pdf");
+    EXPECT_EQ(Report_Filters(), "Document (*.pdf);;Page (*.html);;Table (*.csv);;Text (*.txt)");
 }
 
 TEST_F(Report_Session, The_Text_Is_That_Of_The_Summaries_In_Utf_8_One_Crop_Behind_The_Other)
@@ -125,21 +139,21 @@ TEST_F(Report_Session, The_Text_Is_That_Of_The_Summaries_In_Utf_8_One_Crop_Behin
     Add_Run("Maize", "Kremsm\xC3\xBCnster_-_(K)", 1);
     Add_Run("Winter_-_cereals", "Hamburg_-_(H)", 1);
 
-    const auto text = Report_Text(The_Session, Requests());
+    const auto [text, failure] = Report_Text(Requests());
 
-    ASSERT_TRUE(text);
-    EXPECT_TRUE(text->starts_with("FOCUS Summary Output File\r\n\r\nModel Version:          \tORVEL 4.01\r\n"));
-    EXPECT_LT(text->find("Simulated crop:         \tMaize\r\n"),
-              text->find("Simulated crop:         \tWinter cereals\r\n"));
-    EXPECT_TRUE(Has(*text, "\r\nKremsm\xC3\xBCnster (K) \t(17/16)\t45.0000     \t200.000     \t22.500\r\n")) << *text;
+    EXPECT_EQ(failure, "");
+    EXPECT_TRUE(text.starts_with("FOCUS Summary Output File\r\n\r\nModel Version:          \tORVEL 4.01\r\n"));
+    EXPECT_LT(text.find("Simulated crop:         \tMaize\r\n"),
+              text.find("Simulated crop:         \tWinter cereals\r\n"));
+    EXPECT_TRUE(Has(text, "\r\nKremsm\xC3\xBCnster (K) \t(17/16)\t45.0000     \t200.000     \t22.500\r\n")) << text;
 }
 
 TEST_F(Report_Session, The_Text_Refuses_A_Location_That_Was_Asked_For_And_Not_Run)
 {
     Add_Run("Maize", "Hamburg_-_(H)", 1);
 
-    EXPECT_TRUE(Report_Text(The_Session, Requests("Maize", {"H"})));
-    EXPECT_THROW(Report_Text(The_Session, Requests("Maize", {"H", "C"})), File_Error);
+    EXPECT_EQ(Report_Text(Requests("Maize", {"H"})).Failure, "");
+    EXPECT_THROW(Report_Text(Requests("Maize", {"H", "C"})), File_Error);
 }
 
 } // namespace orvel

@@ -1,4 +1,4 @@
-#include "engine/solute/solute.h"
+#include "engine/solute/solute_records.h"
 
 #include <algorithm>
 

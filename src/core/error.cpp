@@ -1,0 +1,40 @@
+#include "core/error.h"
+
+namespace orvel {
+
+namespace {
+
+// "line 12, column 5", as far as it is known.
+std::string Place(int line, int column)
+{
+    if (line <= 0)
+        return {};
+    const std::string text = "line " + std::to_string(line);
+    return column > 0 ? text + ", column " + std::to_string(column) : text;
+}
+
+std::string Sentence(const std::string& reason, int line, int column)
+{
+    std::string place = Place(line, column);
+    if (place.empty())
+        return reason;
+    place.front() = 'L';
+    return place + ": " + reason;
+}
+
+} // namespace
+
+File_Error::File_Error(const std::string& reason, int line, int column)
+    : std::runtime_error(Sentence(reason, line, column)),
+      Reason(reason),
+      Line(line),
+      Column(column)
+{}
+
+std::string Located(std::string_view file, const File_Error& error)
+{
+    const std::string place = Place(error.Line, error.Column);
+    return std::string(file) + (place.empty() ? "" : ", " + place) + ": " + error.Reason;
+}
+
+} // namespace orvel

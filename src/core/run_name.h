@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvel {
+
+// The name of a run directory: three levels below the directory of a mode, for pesticide file, crop and location. This
+// unit alone knows how they are spelled. Texts are bytes of Windows-1252.
+
+constexpr int Run_Levels = 3;
+
+// One level: "Winter cereals" is "Winter_-_cereals.run". A blank is "_-_", a comma "--"; a text that truly holds "--"
+// does not survive the way back.
+std::string Encode_Level(std::string_view text);
+std::string Decode_Level(std::string_view directory); // a name that Is_Run_Level
+bool Is_Run_Level(std::string_view directory);
+
+// The directories of one level below `parent`, sorted.
+std::vector<std::string> List_Run_Levels(const std::filesystem::path& parent);
+
+// The run directory of a combination below the mode directory, its levels parted by backslashes as in a job file. The
+// pesticide is the name of its file.
+std::string Run_Directory(std::string_view pesticide, std::string_view crop, std::string_view location);
+
+// The levels of such a directory, and whether they are those of a run: three of them that lead nowhere else.
+std::vector<std::string_view> Split_Directory(std::string_view run_directory);
+bool Is_Run_Directory(std::string_view run_directory);
+
+// The path of such a directory, and back.
+std::filesystem::path Run_Path(const std::filesystem::path& mode_directory, std::string_view run_directory);
+std::string Run_Directory_Of(const std::filesystem::path& mode_directory, const std::filesystem::path& run);
+
+} // namespace orvel

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cerrno>
+#include <system_error>
+
+namespace orvel {
+
+// Why the last call of the system failed.
+inline std::error_code Last_Error()
+{
+    return {errno, std::generic_category()};
+}
+
+} // namespace orvel

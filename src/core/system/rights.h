@@ -1,0 +1,15 @@
+#pragma once
+
+#include <filesystem>
+
+namespace orvel {
+
+// What this process may do with a file or directory; false also where there is none.
+
+bool May_Read(const std::filesystem::path& path);
+bool May_Write(const std::filesystem::path& path);
+
+// Whether entries of the directory can be created and deleted.
+bool May_Change_Entries(const std::filesystem::path& directory);
+
+} // namespace orvel

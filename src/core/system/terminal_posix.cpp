@@ -1,0 +1,17 @@
+#include "core/system/terminal.h"
+
+#include <unistd.h>
+
+namespace orvel {
+
+bool Output_Is_Terminal()
+{
+    return ::isatty(STDOUT_FILENO) == 1;
+}
+
+bool Error_Is_Terminal()
+{
+    return ::isatty(STDERR_FILENO) == 1;
+}
+
+} // namespace orvel

@@ -1,0 +1,37 @@
+#include "programs/command_line.h"
+
+#include "core/code_page.h"
+#include "core/system/program_path.h"
+#include "core/system/spawn.h"
+
+#include <CLI/CLI.hpp>
+
+namespace orvel {
+
+std::string Bytes_Of(const std::string& argument)
+{
+    const auto bytes = From_Utf8(argument);
+    if (!bytes)
+        throw CLI::ValidationError("'" + argument + "' holds a character that no file of this system can hold.");
+    return *bytes;
+}
+
+void Add_Mode(CLI::App* command, std::string& mode)
+{
+    command->add_option("--mode", mode)
+        ->required()
+        ->check(CLI::IsMember({"focus", "efsa", "efsa_t4"}))
+        ->option_text("focus|efsa|efsa_t4");
+}
+
+int Paint(const std::vector<std::string>& arguments)
+{
+    const int process = Start_Program({.Program = Program_Beside("orvelpaint"),
+                                       .Arguments = arguments,
+                                       .Directory = std::filesystem::current_path(),
+                                       .Keeps_Standard_Error = true});
+    const Program_End end = Wait_For_Program(process);
+    return end.Signal == 0 && end.Exit_Code == 0 ? Done : Refused;
+}
+
+} // namespace orvel

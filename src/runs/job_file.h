@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvel {
+
+// The job file orveljob.bat, and the pending batch that becomes one. It has five kinds of line: "echo off", "cd",
+// deleting old output, the engine, deleting the engine's copy.
+
+constexpr std::string_view Job_File_Name = "orveljob.bat";
+
+struct Job_Run {
+    std::string Directory; // run directory below the mode directory, in the bytes of the cd line
+    std::string Engine;
+};
+
+// The runs of a job file or a pending batch file, in order. Throws File_Error with the line number for any other line
+// or order.
+std::vector<Job_Run> Parse_Job(std::string_view bytes);
+
+// The lines that a combination adds to the pending batch.
+std::string Format_Job_Run(std::string_view run_directory, std::string_view engine, bool first);
+
+// The job file of a batch.
+std::string Format_Job(std::string_view batch);
+
+// The directories of the runs below the mode directory. The code page of the cd lines is not one to one: a line that
+// fits several directories takes them in turn.
+std::vector<std::filesystem::path> Resolve_Runs(const std::filesystem::path& mode_directory,
+                                                const std::vector<Job_Run>& runs);
+
+// The directories of the runs in the job file of a mode directory. Throws File_Error.
+std::vector<std::filesystem::path> Read_Job_Runs(const std::filesystem::path& mode_directory);
+
+} // namespace orvel

@@ -1,0 +1,143 @@
+#include "tables/balance_text.h"
+
+#include "core/numbers.h"
+#include "core/text.h"
+#include "output/table_lines.h"
+
+namespace orvel {
+
+namespace {
+
+constexpr int Number_Width = 4;
+constexpr int Figure_Width = 9;
+constexpr int Last_Pesticide_Width = 10;
+constexpr std::size_t Rule_Length = 117;
+constexpr std::size_t Title_Count = 4; // texts of the run above the tables, not to be searched
+constexpr std::string_view Balance = " Balance (";
+
+// What differs between the views: the begin of the tables' titles, and the heads of the first column.
+struct View_Words {
+    std::string_view Title, Water_Head, Pesticide_Head;
+};
+constexpr View_Words Annual_Words = {"\tAnnual ", "\tYear  ", "\tYear  "};
+constexpr View_Words Monthly_Words = {"\tMonthly ", "\tMonth  ", "\tMonth"};
+
+const View_Words& Words_Of(Balance_View view)
+{
+    return view == Balance_View::Annual ? Annual_Words : Monthly_Words;
+}
+
+void Print_Title(Table_Text& text, Balance_View view, const std::string& title)
+{
+    text.Line("");
+    text.Line("");
+    text.Line(std::string(Words_Of(view).Title) + title);
+    text.Line("");
+}
+
+template <class Row, std::size_t Count> Row Print_Figures(Table_Text& text, std::size_t number, Row row,
+                                                          const std::array<Balance_Column<Row>, Count>& columns,
+                                                          int last_width)
+{
+    std::string line(Tab_Char);
+    line.append(Number_Text('I', static_cast<double>(number), Number_Width)).append("    ");
+    for (const auto& column : columns) {
+        auto& figure = row.*column.Figure;
+        const bool last = &column == &columns.back();
+        line.append(Tab_Char).append(Number_Text('F', figure, last ? last_width : Figure_Width));
+        figure = As_Printed(figure);
+    }
+    text.Line(line);
+    return row;
+}
+
+bool Is_Row(std::string_view line)
+{
+    return !line.empty() && line[0] >= '0' && line[0] <= '9';
+}
+
+// Walks over the tables of a text: `table` is called with the label of each, `row` with the numbers of each of its
+// rows.
+template <class On_Table, class On_Row>
+void Parse_Tables(std::string_view bytes, Balance_View view, On_Table table, On_Row row)
+{
+    const auto title = Words_Of(view).Title.substr(1);
+    const auto lines = Split_Lines(bytes);
+    bool any = false;
+    for (std::size_t i = Title_Count; i < lines.size(); ++i) {
+        const auto line = Trim_Tabs(lines[i]);
+        if (line.starts_with(title) && Contains(line, Balance)) {
+            table(Trim(line.substr(title.size(), line.rfind(Balance) - title.size())));
+            any = true;
+        } else if (any && Is_Row(line)) {
+            row(Line_Numbers(line));
+        }
+    }
+}
+
+template <class Row, std::size_t Count> void Add_Row(const std::vector<double>& numbers,
+                                                     const std::array<Balance_Column<Row>, Count>& columns,
+                                                     std::vector<Row>& rows)
+{
+    if (numbers.size() != Count + 1)
+        return;
+    auto& row = rows.emplace_back();
+    for (std::size_t c = 0; c < Count; ++c)
+        row.*columns[c].Figure = numbers[c + 1];
+}
+
+} // namespace
+
+void Print_Water_Head(Table_Text& text, Balance_View view)
+{
+    Print_Title(text, view, "Water Balance (L/m\xB2)");
+    std::string heads(Words_Of(view).Water_Head);
+    for (const auto& column : Water_Columns)
+        heads.append(Tab_Char).append(column.Head);
+    text.Line(heads);
+}
+
+void Print_Pesticide_Head(Table_Text& text, Balance_View view, std::string_view label, bool active_substance)
+{
+    Print_Title(text, view, std::string(label) + std::string(Balance) + "g/ha)");
+    std::string heads(Words_Of(view).Pesticide_Head);
+    for (const auto& column : Pesticide_Columns) {
+        const bool formation = &column == &Pesticide_Columns.front() && !active_substance;
+        heads.append(Tab_Char).append(formation ? Formation_Head : column.Head);
+    }
+    text.Line(heads);
+    text.Line("\t" + std::string(Rule_Length, '-'));
+}
+
+Water_Balance_Row Print_Row(Table_Text& text, std::size_t number, Water_Balance_Row row)
+{
+    return Print_Figures(text, number, row, Water_Columns, Figure_Width);
+}
+
+Pesticide_Balance_Row Print_Row(Table_Text& text, std::size_t number, Pesticide_Balance_Row row)
+{
+    return Print_Figures(text, number, row, Pesticide_Columns, Last_Pesticide_Width);
+}
+
+void Parse_Water(std::string_view bytes, Balance_View view, Balance_Tables& tables)
+{
+    Line_Reader lines(bytes);
+    while (!lines.At_End() && tables.Titles.size() < Title_Count)
+        tables.Titles.emplace_back(Trim(lines.Next()));
+    Parse_Tables(
+        bytes, view, [](std::string_view) {},
+        [&](const std::vector<double>& numbers) { Add_Row(numbers, Water_Columns, tables.Water); });
+}
+
+void Parse_Pesticides(std::string_view bytes, Balance_View view, Balance_Tables& tables)
+{
+    Parse_Tables(
+        bytes, view,
+        [&](std::string_view label) {
+            tables.Pesticide.emplace_back();
+            tables.Substance_Name.emplace_back(label);
+        },
+        [&](const std::vector<double>& numbers) { Add_Row(numbers, Pesticide_Columns, tables.Pesticide.back()); });
+}
+
+} // namespace orvel

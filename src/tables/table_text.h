@@ -1,0 +1,23 @@
+#pragma once
+
+#include "output/plot_file.h"
+
+#include <string>
+#include <string_view>
+
+namespace orvel {
+
+// A table's text in its two forms: as written to a file and as shown.
+struct Table_Text {
+    std::string File, Screen;
+
+    void Line(std::string_view line) { Line(line, line); }
+    void Line(std::string_view file, std::string_view screen);
+    void Head(const Plot_Head& head); // the four title lines, ten blanks before them on the screen
+};
+
+// A figure of a table, as it is printed and read back. The records of tables hold their figures so: window, diagram,
+// report and command line have the same ones whether a table was built just now or read from its cache.
+double As_Printed(double figure);
+
+} // namespace orvel

@@ -1,0 +1,143 @@
+#include "jobs/single_run_start.h"
+
+#include "core/system/lock.h"
+#include "full_disk.h"
+#include "jobs/single_run_archive.h"
+#include "runs/single_run_fixture.h"
+
+namespace orvel {
+
+namespace fs = std::filesystem;
+
+using Single_Run_Start_Test = Single_Run_Fixture;
+
+TEST_F(Single_Run_Start_Test, Starting_Writes_The_Run_Control_And_Deletes_Old_Output)
+{
+    Write_Whole(Place / "old.orv", "old");
+    ASSERT_TRUE(Has_Output(Place.Path()));
+
+    EXPECT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+
+    const std::string control = Read_Whole(Place / "orvel.inp");
+    EXPECT_TRUE(control.starts_with("003 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\none.cli\r\none.cli\r\n"))
+        << control;
+    EXPECT_FALSE(fs::exists(Place / "old.orv"));
+}
+
+TEST_F(Single_Run_Start_Test, While_The_Engine_Is_At_Work_Starting_Tells_And_Touches_Nothing)
+{
+    Write_Whole(Place / "orvel401.exe", "#!/bin/sh\nsleep 5\n");
+    fs::permissions(Place / "orvel401.exe", fs::perms::owner_all);
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+    EXPECT_TRUE(State_Of_Single_Run(Place.Path(), 3).Running);
+    Write_Whole(Place / "kept.orv", "output");
+
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+
+    EXPECT_EQ(The_User.Messages.back().Text,
+              "An engine is still at work in this directory. Please wait until it has finished.");
+    EXPECT_TRUE(fs::exists(Place / "kept.orv"));
+}
+
+TEST_F(Single_Run_Start_Test, A_Missing_Engine_Is_Told)
+{
+    Write_Whole(Place / "old.orv", "old");
+    fs::remove(Place / "orvel401.exe");
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Orvel not found"}));
+    EXPECT_TRUE(fs::exists(Place / "old.orv")); // for a run that cannot be, nothing is given up
+    The_Session.Program.Engine_Exe.clear();
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+
+    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Orvel not found"}));
+}
+
+TEST_F(Single_Run_Start_Test, The_Proposed_Archive_Is_The_First_Free_One)
+{
+    EXPECT_EQ(Free_Archive_Name(Place.Path()), "Run_1");
+    fs::create_directory(Place / "Run_1");
+    fs::create_directory(Place / "Run_2");
+    EXPECT_EQ(Free_Archive_Name(Place.Path()), "Run_3");
+}
+
+TEST_F(Single_Run_Start_Test, An_Archive_Takes_The_Output_And_Copies_The_Input)
+{
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+    Write_Whole(Place / "echo.orv", "echo");
+    Write_Whole(Place / "chem.orv", "chem");
+
+    EXPECT_TRUE(Archive_Run(The_Session.Ask, Place.Path(), "Run_1"));
+
+    for (const char* name : {"echo.orv", "chem.orv", "orvel.inp", "test.psm", "H_maize.sze", "one.cli"})
+        EXPECT_TRUE(fs::exists(Place / "Run_1" / name)) << name;
+    EXPECT_FALSE(Has_Output(Place.Path()));
+    for (const char* name : {"orvel.inp", "test.psm", "H_maize.sze", "one.cli"})
+        EXPECT_TRUE(fs::exists(Place / name)) << name;
+}
+
+TEST_F(Single_Run_Start_Test, An_Archive_That_Fails_Takes_Nothing_And_Leaves_Nothing)
+{
+    Write_Whole(Place / "echo.orv", "echo");
+    Write_Whole(Place / "orvel.inp", "001 01 01 31 12\r\ngone.sze\r\ntest.psm\r\none.cli\r\n");
+
+    EXPECT_FALSE(Archive_Run(The_Session.Ask, Place.Path(), "Run_1"));
+
+    EXPECT_TRUE(fs::exists(Place / "echo.orv"));
+    EXPECT_FALSE(fs::exists(Place / "Run_1"));
+    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Cannot open " + (Place / "Run_1").string()}));
+}
+
+TEST_F(Single_Run_Start_Test, An_Archive_Never_Goes_Over_An_Existing_Folder)
+{
+    Write_Whole(Place / "echo.orv", "echo");
+    fs::create_directory(Place / "Run_1");
+    Write_Whole(Place / "Run_1/echo.orv", "earlier");
+
+    EXPECT_FALSE(Archive_Run(The_Session.Ask, Place.Path(), "Run_1"));
+    EXPECT_FALSE(Archive_Run(The_Session.Ask, Place.Path(), "../elsewhere"));
+
+    EXPECT_EQ(Read_Whole(Place / "Run_1/echo.orv"), "earlier");
+    EXPECT_TRUE(fs::exists(Place / "echo.orv"));
+}
+
+TEST_F(Single_Run_Start_Test, An_Archive_On_A_Full_Disk_Is_Told_And_Takes_Nothing)
+{
+    Write_Whole(Place / "orvel.inp", "001 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\n");
+    Write_Whole(Place / "chem.orv", "small");
+    Write_Whole(Place / "plot.orv", std::string(300000, 'x'));
+    bool archived = true;
+    {
+        const Full_Disk full(100000);
+        archived = Archive_Run(The_Session.Ask, Place.Path(), "Run_1");
+    }
+
+    EXPECT_FALSE(archived);
+    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Cannot open " + (Place / "Run_1").string()}));
+    EXPECT_FALSE(fs::exists(Place / "Run_1"));
+    EXPECT_EQ(Read_Whole(Place / "chem.orv"), "small");
+    EXPECT_EQ(fs::file_size(Place / "plot.orv"), 300000U);
+}
+
+TEST_F(Single_Run_Start_Test, Nothing_Is_Archived_While_The_Engine_Is_At_Work)
+{
+    Write_Whole(Place / "echo.orv", "echo");
+    const auto engine = Lock::Take(Place.Path());
+
+    EXPECT_FALSE(Archive_Run(The_Session.Ask, Place.Path(), "Run_1"));
+
+    EXPECT_EQ(
+        The_User.Messages.back(),
+        (Message{"File check", "An engine is still at work in this directory. Please wait until it has finished."}));
+    EXPECT_TRUE(fs::exists(Place / "echo.orv"));
+    EXPECT_FALSE(fs::exists(Place / "Run_1"));
+}
+
+TEST_F(Single_Run_Start_Test, Without_Output_There_Is_Nothing_To_Archive)
+{
+    EXPECT_FALSE(Archive_Run(The_Session.Ask, Place.Path(), "Run_1"));
+
+    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "No output files in the current dirctory"}));
+    EXPECT_FALSE(fs::exists(Place / "Run_1"));
+}
+
+} // namespace orvel
