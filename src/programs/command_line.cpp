@@ -18,7 +18,7 @@ std::string Bytes_Of(const std::string& argument)
 
 void Add_Mode(CLI::App* command, std::string& mode)
 {
-    command->add_option("--mode", mode)
+    command->add_option("--mode", mode, "Regulatory mode")
         ->required()
         ->check(CLI::IsMember({"focus", "efsa", "efsa_t4"}))
         ->option_text("focus|efsa|efsa_t4");

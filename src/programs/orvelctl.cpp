@@ -41,7 +41,7 @@ void Add_Init(CLI::App& app, Command& command)
 {
     auto* init = app.add_subcommand("init", "Makes DIR an installation directory");
     const auto directory = std::make_shared<std::string>();
-    init->add_option("DIR", *directory)->required();
+    init->add_option("DIR", *directory, "A directory that is empty or does not exist yet")->required();
     init->callback([=, &command] {
         command = [directory](Session&) {
             Lay_Out_Installation(*directory, Parts_Beside(Own_Path()));
@@ -55,8 +55,8 @@ void Add_Convert(CLI::App& app, Command& command)
     auto* convert =
         app.add_subcommand("convert", "Opens a document (.psm, .sze, .cli) and saves it, with no edit in between");
     const auto from = std::make_shared<std::string>(), to = std::make_shared<std::string>();
-    convert->add_option("IN", *from)->required();
-    convert->add_option("OUT", *to)->required();
+    convert->add_option("IN", *from, "The document to open")->required();
+    convert->add_option("OUT", *to, "The file to save it to, with the same ending")->required();
     convert->callback([=, &command] {
         command = [=](Session& session) { return Convert_Document(session, *from, *to) ? Done : Refused; };
     });
@@ -66,7 +66,7 @@ void Add_Show(CLI::App& app, Command& command)
 {
     auto* show = app.add_subcommand("show", "Prints a document (.psm, .sze, .cli) as JSON");
     const auto file = std::make_shared<std::string>();
-    show->add_option("FILE", *file)->required();
+    show->add_option("FILE", *file, "The document")->required();
     show->callback([=, &command] {
         command = [=](Session& session) {
             const auto text = Show_Document(session, *file);

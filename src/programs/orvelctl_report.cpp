@@ -63,7 +63,9 @@ void Add_Report_Command(CLI::App& app, Command& command)
         app.add_subcommand("report", "Print or save the summary report over all locations of a pesticide and crop");
     const auto arguments = std::make_shared<Report_Arguments>();
     Add_Mode(report, arguments->Mode);
-    report->add_option("--pesticide", arguments->Stem)->required()->option_text("STEM");
+    report->add_option("--pesticide", arguments->Stem, "Name of the pesticide file without its ending")
+        ->required()
+        ->option_text("STEM");
     report->add_option("--crop", arguments->Crop, "A crop, or 'all'")->required()->option_text("TEXT");
     report->add_option("--locations", arguments->Codes, "Codes of locations: C,H,K")->option_text("CODES");
     report->add_option("--to", arguments->File, Report_Endings())->option_text("FILE");

@@ -50,7 +50,7 @@ int Do_Pecsoil(const std::string& directory, int depth)
 
 void Add_Run_Directory(CLI::App* command, std::string& directory)
 {
-    command->add_option("RUNDIR", directory)->required();
+    command->add_option("RUNDIR", directory, "The run directory")->required();
 }
 
 void Add_Tables(CLI::App& app, Command& command)

@@ -47,11 +47,16 @@ void Add_Mark(CLI::App& app, Command& command)
     auto* mark = app.add_subcommand("mark", "Mark a combination, or all locations of a crop, for the batch");
     const auto options = std::make_shared<Mark_Options>();
     Add_Mode(mark, options->Mode);
-    mark->add_option("--pesticide", options->Pesticide)->required()->option_text("NAME.psm");
-    mark->add_option("--crop", options->Crop)->required()->option_text("TEXT");
-    auto* location = mark->add_option("--location", options->Location)->option_text("TEXT");
+    mark->add_option("--pesticide", options->Pesticide, "Pesticide file of the installation")
+        ->required()
+        ->option_text("NAME.psm");
+    mark->add_option("--crop", options->Crop, "Text of the entry in the list of crops")
+        ->required()
+        ->option_text("TEXT");
+    auto* location = mark->add_option("--location", options->Location, "Text of the entry in the list of locations")
+                         ->option_text("TEXT");
     auto* all = mark->add_flag("--all", options->All, "All locations that the crop offers")->excludes(location);
-    mark->add_option("--output", options->Output)
+    mark->add_option("--output", options->Output, "Time series, as in the last run if not given")
         ->check(CLI::IsMember({"minimum", "recommended"}))
         ->option_text("minimum|recommended");
     auto* tillage = mark->add_option("--tillage", options->Tillage, "Tillage depth, 1 to 40")->option_text("CM");
@@ -127,7 +132,7 @@ void Add_Status(CLI::App& app, Command& command)
     const auto mode = std::make_shared<std::string>();
     const auto json = std::make_shared<bool>(false);
     Add_Mode(status, *mode);
-    status->add_flag("--json", *json);
+    status->add_flag("--json", *json, "Print the list as JSON");
     status->callback(
         [=, &command] { command = [=](Session& session) { return Do_Status(session, *Mode_Named(*mode), *json); }; });
 }

@@ -134,14 +134,14 @@ void Add_Series_Command(CLI::App& app, Command& command)
 {
     auto* series = app.add_subcommand("series", "Print one series of a run's plot.orv, or save it as a picture");
     const auto arguments = std::make_shared<Series_Arguments>();
-    series->add_option("RUNDIR", arguments->Run)->required();
+    series->add_option("RUNDIR", arguments->Run, "The run directory")->required();
     series->add_option("--column", arguments->Column, "Value column, from 1")
         ->required()
         ->check(CLI::Range(1, 10000))
         ->option_text("N");
-    series->add_flag("--cumulative", arguments->Cumulative);
-    series->add_option("--from", arguments->From)->option_text("YYYY-MM");
-    series->add_option("--to", arguments->To)->option_text("YYYY-MM");
+    series->add_flag("--cumulative", arguments->Cumulative, "Sum a flow up from the first day");
+    series->add_option("--from", arguments->From, "First month, year 1 is the first simulated")->option_text("YYYY-MM");
+    series->add_option("--to", arguments->To, "Last month")->option_text("YYYY-MM");
     series->add_option("--to-file", arguments->File, ".csv, .svg, .png or .pdf")->option_text("F");
     series->callback([=, &command] { command = [=](Session& session) { return Do_Series(session, *arguments); }; });
 }

@@ -94,13 +94,18 @@ void Add_Single_Command(CLI::App& app, Command& command)
 {
     auto* single = app.add_subcommand("single", "Run one simulation in the current directory");
     const auto options = std::make_shared<Single_Options>();
-    single->add_option("--pesticide", options->Pesticide)->required()->option_text("FILE");
-    single->add_option("--scenario", options->Scenario)->required()->option_text("FILE");
+    single->add_option("--pesticide", options->Pesticide, "Pesticide file in the current directory")
+        ->required()
+        ->option_text("FILE");
+    single->add_option("--scenario", options->Scenario, "Scenario file")->required()->option_text("FILE");
     single->add_option("--climate", options->Climates, "One file a year; the last one stands for the years beyond")
         ->required()
         ->delimiter(',')
         ->option_text("FILE[,FILE...]");
-    single->add_option("--years", options->Years)->required()->check(CLI::Range(1, Most_Years))->option_text("N");
+    single->add_option("--years", options->Years, "Simulated years")
+        ->required()
+        ->check(CLI::Range(1, Most_Years))
+        ->option_text("N");
     single->add_option("--from", options->From, "First day")->option_text("DD.MM");
     single->add_option("--to", options->To, "Last day")->option_text("DD.MM");
     single->add_flag("--wait", options->Wait, "Show progress and return when the run has ended");

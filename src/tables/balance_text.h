@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tables/balance_tables.h"
+#include "tables/balance_records.h"
 #include "tables/table_text.h"
 
 #include <array>

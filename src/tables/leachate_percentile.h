@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tables/leachate_tables.h"
+#include "tables/leachate_records.h"
 
 #include <cstddef>
 #include <span>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/variant.h"
+#include "core/session.h"
 #include "ui/number_field.h"
 
 #include <span>
@@ -14,10 +14,8 @@ namespace orvel {
 // A text box of a form, stated once: its control, its caption, the member of the form's entry that holds its text, and
 // the field of the document behind it. A field of nine substances is taken at the index of the form's substance.
 template <class Entry, class Document> struct Entry_Field {
-    using Per_Substance_Variant = decltype(Document::Koc);
-    using Per_Substance_Double = decltype(Document::K_doc);
-    using Place = std::variant<Variant Document::*, double Document::*, Per_Substance_Variant Document::*,
-                               Per_Substance_Double Document::*>;
+    using Place = std::variant<Variant Document::*, double Document::*, Per_Substance<Variant> Document::*,
+                               Per_Substance<double> Document::*>;
 
     std::string_view Control, Caption; // UTF-8
     std::string Entry::*Text;
