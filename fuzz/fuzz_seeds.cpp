@@ -22,7 +22,7 @@ void Seed(const std::filesystem::path& directory, std::string_view bytes, std::s
 // The first byte is the file's number among those of the engine.
 void Seed_Engine(const std::filesystem::path& directory)
 {
-    const auto files = Demo_Case("H", "_maize", "demo_C.psm", 1).Files();
+    const auto files = engine::Demo_Case("H", "_maize", "demo_C.psm", 1).Files();
     char number = 0;
     for (const char* name : {"orvel.inp", "H_maize.sze", "test.psm", "climate_01.cli"})
         Seed(directory, std::string(1, number++) + files.at(name), name);

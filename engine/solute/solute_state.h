@@ -4,6 +4,8 @@
 #include "engine/solute/day_storage.h"
 #include "engine/solute/plant_surface.h"
 
+#include <functional>
+
 namespace orvel::engine {
 
 // What a column keeps from day to day, and the steps of a day.

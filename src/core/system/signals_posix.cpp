@@ -1,6 +1,7 @@
 #include "core/system/signals.h"
 
 #include <csignal>
+#include <initializer_list>
 #include <unistd.h>
 
 namespace orvel {
