@@ -1,18 +1,19 @@
 #include "report/evaluated_pesticide.h"
 
-#include "core/code_page.h"
 #include "core/files.h"
 #include "files/pesticide_file.h"
 
+#include <memory>
+
 namespace orvel {
 
-bool Read_Evaluated_Pesticide(Session& session, std::string_view stem)
+bool Check_Evaluated_Pesticide(const Program_State& program, const Ask_Function& ask, std::string_view stem)
 {
-    const auto file = Find_File(session.Program.App_Path, Path_Of(std::string(stem) + ".psm"));
+    const auto file = Find_File(program.App_Path, Path_Of(std::string(stem) + ".psm"));
     if (!file)
         return false;
-    session.Program.PSM_File = Path_Text(*file);
-    return Read_PSM(session, *file);
+    const auto document = std::make_unique<Pesticide_Document>();
+    return Read_PSM(*document, *file, ask);
 }
 
 } // namespace orvel

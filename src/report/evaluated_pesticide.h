@@ -6,9 +6,9 @@
 
 namespace orvel {
 
-// Makes the pesticide file of an evaluated simulation the session's document; `stem` is the entry of the list, bytes of
-// Windows-1252. A file that is not in the installation any more leaves the session as it is: its simulations outlive
-// it. False: not read.
-bool Read_Evaluated_Pesticide(Session& session, std::string_view stem);
+// Whether the pesticide file of an evaluated simulation can be read; `stem` is the entry of the list, bytes of
+// Windows-1252. One that cannot be read is told. One that is not in the installation any more is not: its simulations
+// outlive it. The document under edit stays as it is.
+bool Check_Evaluated_Pesticide(const Program_State& program, const Ask_Function& ask, std::string_view stem);
 
 } // namespace orvel

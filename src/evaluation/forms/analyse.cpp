@@ -73,7 +73,7 @@ Analyse::Analyse(Session& session, const Mode& mode, QWidget* parent)
 void Analyse::Pestizidverzeichnis_Click()
 {
     if (Pestizidverzeichnis->count() > 0)
-        Read_Evaluated_Pesticide(The_Session, Bytes_Of(Pestizidverzeichnis->currentText()));
+        Check_Evaluated_Pesticide(The_Session.Program, The_Session.Ask, Bytes_Of(Pestizidverzeichnis->currentText()));
     Fill(*Kulturverzeichnis, Directory_Of(*Pestizidverzeichnis), The_Session.Run.Last_Simulation.Crop);
     Kulturverzeichnis_Click();
 }
@@ -149,7 +149,7 @@ void Analyse::Select(const std::filesystem::path& run)
         combo.setCurrentIndex(std::max(0, combo.findData(QString::fromStdString(directory.string()))));
     };
     set(*Pestizidverzeichnis, run.parent_path().parent_path());
-    Read_Evaluated_Pesticide(The_Session, Bytes_Of(Pestizidverzeichnis->currentText()));
+    Check_Evaluated_Pesticide(The_Session.Program, The_Session.Ask, Bytes_Of(Pestizidverzeichnis->currentText()));
     Fill(*Kulturverzeichnis, Directory_Of(*Pestizidverzeichnis), {});
     set(*Kulturverzeichnis, run.parent_path());
     Fill(*Szenarioverzeichnis, Directory_Of(*Kulturverzeichnis), {});

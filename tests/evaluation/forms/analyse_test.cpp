@@ -1,3 +1,4 @@
+#include "core/text.h"
 #include "evaluation/forms/analyse.h"
 
 #include "core/files.h"
@@ -248,18 +249,36 @@ TEST_F(Analyse_Test, The_List_Of_Simulations_Hands_Its_Choice_Back_By_The_Direct
     EXPECT_EQ(Chosen("Kulturverzeichnis"), "Maize");
 }
 
-TEST_F(Analyse_Test, Reads_The_Pesticide_File_Of_The_Selected_Entry)
+TEST_F(Analyse_Test, The_Pesticide_File_Of_The_Selected_Entry_Leaves_The_Document_Under_Edit_Alone)
 {
     const auto document = std::make_unique<Pesticide_Document>();
     Reset_PSM(*document);
     document->PSM_Title = "Title of A";
     Write_Whole(Place / "demo_A.psm", Format_PSM(*document));
     Put_Run("demo_A.run/Apples.run/Hamburg_-_(H).run");
+    The_Session.Pesticide.PSM_Title = "Under edit";
+    The_Session.Program.PSM_File = "mine.psm";
+    The_Session.Program.PSM_Changed = true;
 
     Open();
 
-    EXPECT_EQ(The_Session.Pesticide.PSM_Title, "Title of A");
+    EXPECT_EQ(The_Session.Pesticide.PSM_Title, "Under edit");
+    EXPECT_EQ(The_Session.Program.PSM_File, "mine.psm");
+    EXPECT_TRUE(The_Session.Program.PSM_Changed);
     EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(Analyse_Test, A_Pesticide_File_That_Cannot_Be_Read_Is_Told)
+{
+    Write_Whole(Place / "demo_A.psm", "no document\r\n");
+    Put_Run("demo_A.run/Apples.run/Hamburg_-_(H).run");
+
+    Open();
+
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(The_User.Messages[0].Title, "Readin check");
+    EXPECT_TRUE(Contains(The_User.Messages[0].Text, "demo_A.psm is not a ORVEL 4.01 PSM file"))
+        << The_User.Messages[0].Text;
 }
 
 } // namespace orvel
