@@ -101,8 +101,8 @@ std::optional<double> Sum_Of(const std::vector<Row>& rows, std::size_t first, st
 {
     std::optional<double> sum;
     for (std::size_t i = first; i < last; ++i) {
-        if (get(rows[i]))
-            sum = sum.value_or(0) + *get(rows[i]);
+        if (const auto value = get(rows[i]))
+            sum = sum.value_or(0) + *value;
     }
     return sum;
 }
@@ -175,6 +175,7 @@ Climate Assemble_Climate(const Run_Control& control, const std::vector<const std
 {
     Climate climate;
     std::vector<bool> leap;
+    leap.reserve(years.size());
     for (const auto* days : years)
         leap.push_back(Has_29_February(*days));
     climate.Dates = Calendar(leap);

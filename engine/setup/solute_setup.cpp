@@ -81,6 +81,7 @@ Solute_Substance Substance_Of(const Pesticide_Document& document, int i)
 std::vector<Solute_Substance> Substances_Of(const Pesticide_Document& document, const std::vector<int>& indices)
 {
     std::vector<Solute_Substance> substances;
+    substances.reserve(indices.size());
     for (const int i : indices)
         substances.push_back(Substance_Of(document, i));
     return substances;

@@ -172,6 +172,7 @@ Grid Build_Grid(const Scenario_Document& scenario)
     const std::vector<Layer> layers = Layers_Of(scenario);
     Grid grid;
     std::vector<double> bottoms;
+    bottoms.reserve(layers.size());
     for (const Layer& layer : layers)
         bottoms.push_back(layer.Bottom);
     grid.Thickness = scenario.SZE_Delxflg == 0 ? Graded_Compartments(bottoms, scenario.SZE_Core_Depth)

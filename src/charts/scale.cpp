@@ -28,7 +28,8 @@ std::vector<Chart_Tick> Ticks_Between(double low, double high, const Axis_Steps&
     std::vector<Chart_Tick> ticks;
     for (auto i = begin; i <= end; ++i) {
         if (i % Tiny_In_Step == 0) {
-            const double label = static_cast<double>(i / Tiny_In_Step) * steps.Step;
+            const auto whole_steps = i / Tiny_In_Step;
+            const double label = static_cast<double>(whole_steps) * steps.Step;
             ticks.push_back({label - first, Tick_Rank::Big, Axis_Label(label)});
         } else {
             ticks.push_back({static_cast<double>(i) * steps.Tiny_Tick - first,

@@ -69,25 +69,26 @@ void New_Document(Session& session, Document_Kind kind)
 
 bool Convert_Document(Session& session, const fs::path& from, const fs::path& to)
 {
-    if (!Open_Document(session, from))
+    const auto kind = Kind_Of(from);
+    if (!Open_Document(session, from) || !kind)
         return false;
-    const auto kind = *Kind_Of(from);
     if (Kind_Of(to) != kind) {
         session.Ask({std::string(Saving_Input_File),
                      Shown_Name(to) + " does not have the ending of " + Shown_Name(from) + "."});
         return false;
     }
-    Rules_Of(kind).Pass_Editor(session);
-    if (const auto field = Type_Of(kind).Broken_Field(session))
+    Rules_Of(*kind).Pass_Editor(session);
+    if (const auto field = Type_Of(*kind).Broken_Field(session))
         session.Ask(Broken_Line_Message(*field));
     return Save_Document(session, to);
 }
 
 std::optional<std::string> Show_Document(Session& session, const fs::path& file)
 {
-    if (!Open_Document(session, file))
+    const auto kind = Kind_Of(file);
+    if (!Open_Document(session, file) || !kind)
         return std::nullopt;
-    return Type_Of(*Kind_Of(file)).Json(session);
+    return Type_Of(*kind).Json(session);
 }
 
 } // namespace orvel

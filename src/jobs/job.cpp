@@ -85,7 +85,9 @@ private:
     void Wait()
     {
         const auto end = Wait_For_Any_Program();
-        const auto engine = end ? Engines.find(end->Process) : Engines.end();
+        if (!end)
+            return;
+        const auto engine = Engines.find(end->Process);
         if (engine == Engines.end())
             return;
         const std::size_t run = engine->second.Run;

@@ -134,7 +134,9 @@ std::optional<std::vector<std::string>> Mark(Session& session, const Mark_Reques
         return std::nullopt;
     Find_Engine(session.Program);
     const auto chosen = Choose_Entries(session, mode, request);
-    const auto options = chosen ? Choose_Options(session, mode, request) : std::nullopt;
+    if (!chosen)
+        return std::nullopt;
+    const auto options = Choose_Options(session, mode, request);
     if (!options)
         return std::nullopt;
     const auto directory = Mode_Directory(session.Program, mode);

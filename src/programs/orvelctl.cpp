@@ -81,7 +81,7 @@ void Add_Show(CLI::App& app, Command& command)
 } // namespace orvel
 
 int main(int argc, char** argv)
-{
+try {
     using namespace orvel;
     CLI::App app("ORVELSUITE without windows");
     std::string directory = ".";
@@ -105,4 +105,7 @@ int main(int argc, char** argv)
         return Wrong_Command_Line;
     }
     return command ? Run(command, directory) : Wrong_Command_Line;
+} catch (const std::exception& error) {
+    std::cerr << "File check: " << error.what() << '\n';
+    return orvel::Refused;
 }

@@ -2,41 +2,41 @@
 
 #include "core/output_variables.h"
 
+#include <algorithm>
+
 namespace orvel {
 
 namespace {
 
 constexpr int One_Metre = 100;
 
-constexpr Output_Selection Start_Slots = {{{1, 0},
-                                           {2, 0},
-                                           {3, 100},
-                                           {4, 0},
-                                           {6, 0},
-                                           {6, 30},
-                                           {7, 0},
-                                           {7, 30},
-                                           {8, 0},
-                                           {9, 0},
-                                           {12, 0},
-                                           {20, 100},
-                                           {21, 0},
-                                           {23, 100}}};
-constexpr Output_Selection Recommended_Slots = {{{1, 0},
-                                                 {2, 0},
-                                                 {3, 100},
-                                                 {4, 0},
-                                                 {6, 0},
-                                                 {6, 30},
-                                                 {7, 0},
-                                                 {7, 30},
-                                                 {8, 0},
-                                                 {9, 0},
-                                                 {12, 0},
-                                                 {14, 5},
-                                                 {20, 100},
-                                                 {21, 0},
-                                                 {23, 100}}};
+constexpr Output_Selection Recommended_Slots = {{
+    {Variable::PRSN, 0},
+    {Variable::TETD, 0},
+    {Variable::INFL, One_Metre},
+    {Variable::RUNF, 0},
+    {Variable::THET, 0},
+    {Variable::THET, 30},
+    {Variable::TEMP, 0},
+    {Variable::TEMP, 30},
+    {Variable::TPAP, 0},
+    {Variable::TDKF, 0},
+    {Variable::TUPF, 0},
+    {Variable::TPST, 5},
+    {Variable::PFLX, One_Metre},
+    {Variable::RFLX, 0},
+    {Variable::LEAC, One_Metre},
+}};
+
+constexpr Output_Selection Without(Output_Selection slots, int variable)
+{
+    const auto rest = std::remove_if(slots.begin(), slots.end(),
+                                     [variable](const Output_Slot& slot) { return slot.Out_Var == variable; });
+    std::fill(rest, slots.end(), Output_Slot{});
+    return slots;
+}
+
+constexpr Output_Selection Start_Slots = Without(Recommended_Slots, Variable::TPST);
 
 // Only the depths that are not 0 in the recommended table are looked at, and no substance.
 bool Is_Recommended(const Output_Selection& output)

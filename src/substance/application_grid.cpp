@@ -127,7 +127,7 @@ std::string Application_Cell_After_Key(std::string cell, int column, int key_cod
     if (key_code == Key_Delete)
         return "";
     auto after = After_Key(cell, Number_Grid_Key(key_code));
-    return Is_Within_Bounds(column, after) ? after : cell;
+    return Is_Within_Bounds(column, after) ? after : std::move(cell);
 }
 
 void Same_Fractions(Application_Grid& grid)

@@ -111,10 +111,11 @@ void Szenario::Horizons()
     if (form.exec() != Accepted)
         return;
     Load();
-    if (!form.New_Depth())
+    const auto new_depth = form.New_Depth();
+    if (!new_depth)
         return;
     auto* depth = Boxes.at("Text_cor");
-    depth->setText(Shown(General_Text(*form.New_Depth())));
+    depth->setText(Shown(General_Text(*new_depth)));
     depth->setFocus(); // left, it becomes the core depth
 }
 
