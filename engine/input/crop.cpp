@@ -40,7 +40,7 @@ Row_Dates Dates_Of(const Rotation_Row& row)
         dates.Senescence = {row.SZE_Sen_Year, static_cast<int>(row.SZE_Sen_Month.Number()),
                             static_cast<int>(row.SZE_Sen_Day.Number())};
     dates.Tillage = {row.SZE_Til_Year, row.SZE_Til_Month, row.SZE_Til_Day};
-    if (dates.Tillage.Month == 0 && dates.Tillage.Day > 0) { // a derived date may fall into the month before January
+    if (dates.Tillage.Month == 0 && dates.Tillage.Day > 0) { // a derived date may be in the December before
         dates.Tillage.Month = 12;
         dates.Tillage.Year = std::max(0, dates.Tillage.Year - 1);
     }
@@ -136,7 +136,7 @@ private:
         const auto by_year = [](const Row_Dates& a, const Row_Dates& b) { return a.Emergence.Year < b.Emergence.Year; };
         const auto [first, last] = std::ranges::minmax_element(Rows, by_year);
         const int cycle = last->Emergence.Year - first->Emergence.Year + 1;
-        // One year more than the simulation has, for events that are looked up in a later year.
+        // One year beyond the simulation, for events that are looked up in a later year.
         for (int years = 0; first->Emergence.Year + years <= Dates.Years() + 1; years += cycle) {
             for (std::size_t r = 0; r < Rows.size(); ++r) {
                 Crop_Period period = Shifted(Rows[r], Crops[r], years);

@@ -14,7 +14,7 @@ constexpr int Most_Compartments = 400;
 
 bool Within(double value, double low, double high)
 {
-    return value >= low && value <= high; // false for no number
+    return value >= low && value <= high; // false for NaN
 }
 
 class Scenario_Check {

@@ -11,10 +11,10 @@ constexpr double Largest_Sorption = 1e9; // L/kg
 
 bool Within(double value, double low, double high)
 {
-    return value >= low && value <= high; // false for no number
+    return value >= low && value <= high; // false for NaN
 }
 
-// Ranges far beyond any substance: what lies outside would only end in figures that are no numbers.
+// The ranges are far wider than any substance needs: values outside them would only produce NaN or infinity.
 class Pesticide_Check {
 public:
     Pesticide_Check(const Pesticide_Document& pesticide, const Scenario_Document& scenario, Findings& findings)

@@ -77,7 +77,7 @@ private:
         }
     }
 
-    // Each file once, though it may stand for several years.
+    // Reads each file once, even if it is used for several years.
     void Read_Climates()
     {
         std::map<std::string, std::vector<Climate_Day>> files;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double Largest_Rate = 10000; // kg/ha
 
-// What both kinds of date share.
+// What absolute and relative dates have in common.
 struct Entry {
     double Rate = 0, Depth = 0, Interception = 0, Poorly_Exposed = 0;
     int Hour = 0;
