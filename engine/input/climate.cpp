@@ -31,11 +31,11 @@ struct Row {
 
 struct Reader {
     std::string Name;
-    Findings& Found;
+    Findings& The_Findings;
 
     void Error(Fault fault, int line, const std::string& text)
     {
-        Found.Error(fault, text + " IN LINE " + std::to_string(line) + " OF " + Name);
+        The_Findings.Error(fault, text + " IN LINE " + std::to_string(line) + " OF " + Name);
     }
 
     void Check(const Row& row)

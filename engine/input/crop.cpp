@@ -53,13 +53,13 @@ public:
         : Scenario(scenario),
           Dates(dates),
           Last_Day(last_day),
-          Found(findings)
+          The_Findings(findings)
     {}
 
     std::vector<Crop_Period> Build()
     {
         Read_Rows();
-        if (Found.Failed() || Rows.empty())
+        if (The_Findings.Failed() || Rows.empty())
             return {};
         Repeat();
         std::ranges::stable_sort(Periods, {}, &Crop_Period::Emergence);
@@ -70,13 +70,13 @@ public:
 private:
     void Error(std::size_t row, const std::string& text)
     {
-        Found.Error(Fault::Crop, text + " IN ROTATION ROW " + std::to_string(row + 1));
+        The_Findings.Error(Fault::Crop, text + " IN ROTATION ROW " + std::to_string(row + 1));
     }
 
     void Read_Rows()
     {
         if (Scenario.Rotation.size() > Most_Rows) {
-            Found.Error(Fault::Crop, "MORE THAN 2000 ROTATION ROWS");
+            The_Findings.Error(Fault::Crop, "MORE THAN 2000 ROTATION ROWS");
             return;
         }
         for (std::size_t r = 0; r < Scenario.Rotation.size(); ++r) {
@@ -106,8 +106,9 @@ private:
                 continue;
             }
             if (period.Senescence < period.Maturation || period.Senescence > period.Harvest)
-                Found.Tell(Note::Value_Clamped, "SENESCENCE NOT BETWEEN MATURATION AND HARVEST IN ROTATION ROW " +
-                                                    std::to_string(r + 1) + ", MOVED THERE");
+                The_Findings.Tell(Note::Value_Clamped,
+                                  "SENESCENCE NOT BETWEEN MATURATION AND HARVEST IN ROTATION ROW " +
+                                      std::to_string(r + 1) + ", MOVED THERE");
             Rows.push_back(dates);
             Crops.push_back(row.SZE_Rot_Crop_Index - 1);
         }
@@ -142,8 +143,8 @@ private:
                 Crop_Period period = Shifted(Rows[r], Crops[r], years);
                 period.Senescence = std::clamp(period.Senescence, period.Maturation, period.Harvest);
                 if (years > 0 && period.Emergence <= Last_Day)
-                    Found.Tell(Note::Rotation_Repeated,
-                               "ROTATION REPEATED WITH A PERIOD OF " + std::to_string(cycle) + " YEAR(S)");
+                    The_Findings.Tell(Note::Rotation_Repeated,
+                                      "ROTATION REPEATED WITH A PERIOD OF " + std::to_string(cycle) + " YEAR(S)");
                 Periods.push_back(period);
             }
         }
@@ -157,9 +158,9 @@ private:
                 continue;
             if (next <= Last_Day) {
                 const Date date = Dates.Date_Of(next);
-                Found.Tell(Note::Crop_Ended_Early, "THE CROP BEFORE ENDS WITH THE EMERGENCE ON " +
-                                                       std::to_string(date.Day) + "." + std::to_string(date.Month) +
-                                                       " OF YEAR " + std::to_string(date.Year));
+                The_Findings.Tell(Note::Crop_Ended_Early,
+                                  "THE CROP BEFORE ENDS WITH THE EMERGENCE ON " + std::to_string(date.Day) + "." +
+                                      std::to_string(date.Month) + " OF YEAR " + std::to_string(date.Year));
             }
             Periods[i].Harvest = next;
             Periods[i].Senescence = std::min(Periods[i].Senescence, next);
@@ -170,7 +171,7 @@ private:
     const Scenario_Document& Scenario;
     const Calendar& Dates;
     int Last_Day;
-    Findings& Found;
+    Findings& The_Findings;
     std::vector<Row_Dates> Rows;
     std::vector<int> Crops;
     std::vector<Crop_Period> Periods;
