@@ -8,10 +8,10 @@ namespace orvel::engine {
 namespace {
 
 constexpr double Water_Tolerance = 1e-10; // cm a day
-constexpr double Solute_Tolerance = 1e-9; // of the cumulated input
+constexpr double Solute_Tolerance = 1e-9; // of the cumulative input
 constexpr double Least_Input = 1e-6 * Ug_Cm2_Per_Kg_Ha;
 
-// A balance that an earlier run left would show a metabolite that this run lacks.
+// Removes the balance files of an earlier run, which would show metabolites that this run does not have.
 void Remove_Stale(const std::filesystem::path& directory, const std::vector<int>& substances)
 {
     for (int index = 1; index <= Substances; ++index) {
@@ -60,7 +60,7 @@ Solute_Sums& Daily_Loop::Finest()
     return Daily ? Day_Sums.Solute : Monthly ? Month_Sums.Solute : Year_Sums.Solute;
 }
 
-// The first climate year for temperature alone, from its mean, at field capacity.
+// Spins up the soil temperature over the first climate year: mean start temperature, soil at field capacity.
 void Daily_Loop::Warm_Up_Soil()
 {
     const auto& days = Input.Weather.Days;
@@ -157,7 +157,7 @@ void Daily_Loop::Step_Day(int day)
         (Monthly ? Month_Sums : Year_Sums).Water.Add(water, Heat.Temperature());
 }
 
-// Writes what is due for the span and hands its amounts to the next longer one.
+// Writes the blocks that are due at the end of the span and adds its amounts to the next longer one.
 void Daily_Loop::End_Span(Span span, const Date& date, Span_Sums& sums)
 {
     if (Is_Due(Water_Frequency, span))

@@ -14,17 +14,17 @@
 
 namespace orvel::engine {
 
-// The daily loop from the first to the last day with all its output files but the echo.
+// Runs the simulation day by day and writes all output files except the echo.
 class Daily_Loop {
 public:
     // Opens the output files in `directory`. The input must be free of errors and outlive the simulation.
     Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory);
 
-    // Runs to the end and closes the files. `progress` is called behind each month with the year and the percent of it
-    // that are done, 100 behind its last day. Throws Engine_Failure.
+    // Runs to the end and closes the files. `progress` is called after each month with the year and the percentage of
+    // it that is done, 100 after its last day. Throws Engine_Failure.
     void Run(const std::function<void(int year, int percent)>& progress);
 
-    // The closure of the water (cm) and of the substances (relative) at the end of each year, for the echo.
+    // The balance closure errors at the end of each year, for the echo: water in cm, substances relative.
     struct Year_Closure {
         int Year = 0;
         double Water = 0, Solute = 0, Moles = 0;
@@ -32,7 +32,7 @@ public:
     const std::vector<Year_Closure>& Closures() const { return Closed; }
 
 private:
-    // Amounts of one span for water and solute.
+    // Water and solute amounts of one span.
     struct Span_Sums {
         Water_Sums Water;
         Solute_Sums Solute;

@@ -31,7 +31,7 @@ struct Options {
     fs::path Directory = ".";
 };
 
-// What the arguments ask for; nothing if the program has answered already, with the exit code in `code`.
+// The options from the command line; nothing if the program has already answered and should exit with `code`.
 std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
 {
     Options options;
@@ -59,7 +59,7 @@ std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
     return options;
 }
 
-// The file that a name of orvel.inp means: backslashes lead into directories, and no part looks at the case.
+// Finds the file named in orvel.inp: backslashes separate directories, and case does not matter.
 std::optional<fs::path> Find_Named(const fs::path& directory, std::string_view name)
 {
     const std::string slashed = Replace_All(std::string(Trim(name)), "\\", "/");
@@ -105,7 +105,7 @@ void Put_Closures(std::string& text, const std::vector<Daily_Loop::Year_Closure>
     text += CrLf;
 }
 
-// A line a year; on a terminal the percent of the year as well, on the same line.
+// Prints a line for each year; on a terminal also the percentage of the year, on the same line.
 void Tell_Progress(int year, int years, int percent)
 {
     static const bool terminal = Output_Is_Terminal();
@@ -143,7 +143,7 @@ int Run_In(const Options& options, Echo& echo)
     return Exit_Complete;
 }
 
-// Tells a failure on standard error and, as far as the disk lets it, in the echo.
+// Reports a failure on standard error and, if the disk allows it, in the echo. Returns the exit code.
 int Fail(Echo* echo, const Engine_Failure& failure)
 {
     const std::string line = Error_Line(failure.Number, failure.what());

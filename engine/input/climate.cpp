@@ -20,7 +20,7 @@ constexpr double Missing_Humidity = 70;
 constexpr double Temperature_14_Share = 0.42; // of the daily difference above the mean
 constexpr double Midday = 14;
 
-// A row of the file; what is blank is nothing.
+// A row of the file; blank fields are empty.
 struct Row {
     int Month = 0, Day = 0, Year = 0;
     double Hour = 0;
@@ -31,11 +31,11 @@ struct Row {
 
 struct Reader {
     std::string Name;
-    Findings& Found;
+    Findings& The_Findings;
 
     void Error(Fault fault, int line, const std::string& text)
     {
-        Found.Error(fault, text + " IN LINE " + std::to_string(line) + " OF " + Name);
+        The_Findings.Error(fault, text + " IN LINE " + std::to_string(line) + " OF " + Name);
     }
 
     void Check(const Row& row)
@@ -66,7 +66,7 @@ std::vector<Row> Read_Rows(const Climate_Table& table, Reader& reader)
 {
     std::vector<Row> rows;
     rows.reserve(table.Rows.size());
-    int number = 1; // of the title's line
+    int number = 1; // line number of the title
     for (const Climate_Row& from : table.Rows) {
         ++number;
         if (Is_Left_Out(from))
@@ -107,7 +107,7 @@ std::optional<double> Sum_Of(const std::vector<Row>& rows, std::size_t first, st
     return sum;
 }
 
-// Rows first to last - 1 have one date.
+// Merges rows [first, last), which all have the same date.
 Climate_Day Merge(const std::vector<Row>& rows, std::size_t first, std::size_t last, double latitude)
 {
     const auto count = static_cast<double>(last - first);
@@ -128,7 +128,7 @@ Climate_Day Merge(const std::vector<Row>& rows, std::size_t first, std::size_t l
     day.Humidity = midday->Humidity.value_or(Missing_Humidity);
     day.Radiation = Sum_Of(rows, first, last, [](const Row& r) { return r.Radiation; }).value_or(0);
     if (day.Radiation <= 0) {
-        // Hargreaves & Samani 1982, J. Irrig. Drain. 108:225.
+        // Missing radiation, Hargreaves & Samani 1982, J. Irrig. Drain. 108:225.
         const int day_of_year =
             Calendar(std::vector<bool>{day.Month == 2 && day.Day == 29}).Number({1, day.Month, day.Day});
         day.Radiation = 0.16 * std::sqrt(day.Difference) * Extraterrestrial_Radiation(latitude, day_of_year) * 1000;
@@ -221,7 +221,7 @@ double Declination(int day_of_year)
 
 namespace {
 
-// Hour angle of sunset, rad (FAO-56 eq. 25), cut for polar day and night.
+// Hour angle of sunset, rad (FAO-56 eq. 25), clamped for polar day and night.
 double Sunset_Angle(double latitude_rad, double declination)
 {
     const double across = std::max(Steady_Cosine(latitude_rad) * Steady_Cosine(declination), 1e-12);

@@ -40,7 +40,7 @@ Row_Dates Dates_Of(const Rotation_Row& row)
         dates.Senescence = {row.SZE_Sen_Year, static_cast<int>(row.SZE_Sen_Month.Number()),
                             static_cast<int>(row.SZE_Sen_Day.Number())};
     dates.Tillage = {row.SZE_Til_Year, row.SZE_Til_Month, row.SZE_Til_Day};
-    if (dates.Tillage.Month == 0 && dates.Tillage.Day > 0) { // a derived date may fall into the month before January
+    if (dates.Tillage.Month == 0 && dates.Tillage.Day > 0) { // a derived date may be in the December before
         dates.Tillage.Month = 12;
         dates.Tillage.Year = std::max(0, dates.Tillage.Year - 1);
     }
@@ -53,13 +53,13 @@ public:
         : Scenario(scenario),
           Dates(dates),
           Last_Day(last_day),
-          Found(findings)
+          The_Findings(findings)
     {}
 
     std::vector<Crop_Period> Build()
     {
         Read_Rows();
-        if (Found.Failed() || Rows.empty())
+        if (The_Findings.Failed() || Rows.empty())
             return {};
         Repeat();
         std::ranges::stable_sort(Periods, {}, &Crop_Period::Emergence);
@@ -70,13 +70,13 @@ public:
 private:
     void Error(std::size_t row, const std::string& text)
     {
-        Found.Error(Fault::Crop, text + " IN ROTATION ROW " + std::to_string(row + 1));
+        The_Findings.Error(Fault::Crop, text + " IN ROTATION ROW " + std::to_string(row + 1));
     }
 
     void Read_Rows()
     {
         if (Scenario.Rotation.size() > Most_Rows) {
-            Found.Error(Fault::Crop, "MORE THAN 2000 ROTATION ROWS");
+            The_Findings.Error(Fault::Crop, "MORE THAN 2000 ROTATION ROWS");
             return;
         }
         for (std::size_t r = 0; r < Scenario.Rotation.size(); ++r) {
@@ -106,8 +106,9 @@ private:
                 continue;
             }
             if (period.Senescence < period.Maturation || period.Senescence > period.Harvest)
-                Found.Tell(Note::Value_Clamped, "SENESCENCE NOT BETWEEN MATURATION AND HARVEST IN ROTATION ROW " +
-                                                    std::to_string(r + 1) + ", MOVED THERE");
+                The_Findings.Tell(Note::Value_Clamped,
+                                  "SENESCENCE NOT BETWEEN MATURATION AND HARVEST IN ROTATION ROW " +
+                                      std::to_string(r + 1) + ", MOVED THERE");
             Rows.push_back(dates);
             Crops.push_back(row.SZE_Rot_Crop_Index - 1);
         }
@@ -136,14 +137,14 @@ private:
         const auto by_year = [](const Row_Dates& a, const Row_Dates& b) { return a.Emergence.Year < b.Emergence.Year; };
         const auto [first, last] = std::ranges::minmax_element(Rows, by_year);
         const int cycle = last->Emergence.Year - first->Emergence.Year + 1;
-        // One year more than the simulation has, for events that are looked up in a later year.
+        // One year beyond the simulation, for events that are looked up in a later year.
         for (int years = 0; first->Emergence.Year + years <= Dates.Years() + 1; years += cycle) {
             for (std::size_t r = 0; r < Rows.size(); ++r) {
                 Crop_Period period = Shifted(Rows[r], Crops[r], years);
                 period.Senescence = std::clamp(period.Senescence, period.Maturation, period.Harvest);
                 if (years > 0 && period.Emergence <= Last_Day)
-                    Found.Tell(Note::Rotation_Repeated,
-                               "ROTATION REPEATED WITH A PERIOD OF " + std::to_string(cycle) + " YEAR(S)");
+                    The_Findings.Tell(Note::Rotation_Repeated,
+                                      "ROTATION REPEATED WITH A PERIOD OF " + std::to_string(cycle) + " YEAR(S)");
                 Periods.push_back(period);
             }
         }
@@ -157,9 +158,9 @@ private:
                 continue;
             if (next <= Last_Day) {
                 const Date date = Dates.Date_Of(next);
-                Found.Tell(Note::Crop_Ended_Early, "THE CROP BEFORE ENDS WITH THE EMERGENCE ON " +
-                                                       std::to_string(date.Day) + "." + std::to_string(date.Month) +
-                                                       " OF YEAR " + std::to_string(date.Year));
+                The_Findings.Tell(Note::Crop_Ended_Early,
+                                  "THE CROP BEFORE ENDS WITH THE EMERGENCE ON " + std::to_string(date.Day) + "." +
+                                      std::to_string(date.Month) + " OF YEAR " + std::to_string(date.Year));
             }
             Periods[i].Harvest = next;
             Periods[i].Senescence = std::min(Periods[i].Senescence, next);
@@ -170,7 +171,7 @@ private:
     const Scenario_Document& Scenario;
     const Calendar& Dates;
     int Last_Day;
-    Findings& Found;
+    Findings& The_Findings;
     std::vector<Row_Dates> Rows;
     std::vector<int> Crops;
     std::vector<Crop_Period> Periods;

@@ -9,12 +9,12 @@
 
 namespace orvel::engine {
 
-// The stage that picks the curve number and the soil cover factor.
+// The stage that selects the curve number and the soil cover factor.
 enum class Stage { Fallow = 1, Cropping = 2, Residues = 3 };
 
 constexpr int No_Day = std::numeric_limits<int>::min();
 
-// A crop on the field: the numbers of its days. It stands from the day of emergence to the day before harvest.
+// A crop on the field, by day numbers. It stands from the day of emergence to the day before harvest.
 struct Crop_Period {
     int Emergence = 0, Maturation = 0, Senescence = 0, Harvest = 0;
     int Tillage = No_Day;
@@ -22,15 +22,15 @@ struct Crop_Period {
     bool operator==(const Crop_Period&) const = default;
 };
 
-// The crops of the whole simulation in the order of their emergence. A list that ends before the simulation is
-// repeated. Crops that are cut by the next one end there. What is wrong goes to the findings (error 36).
+// The crops of the whole simulation in the order of their emergence. A rotation that ends before the simulation is
+// repeated. A crop still standing when the next one emerges ends there. Faults go to the findings (error 36).
 std::vector<Crop_Period> Build_Rotation(const Scenario_Document& scenario, const Calendar& dates, int last_day,
                                         Findings& findings);
 
 // The crop on one day.
 struct Crop_State {
     bool Present = false;
-    const Crop_Row* Row = nullptr; // of the crop, or of the one whose residues lie there; nothing without any crop row
+    const Crop_Row* Row = nullptr; // of the crop that stands or left the residues; null without any crop row
     Stage Field = Stage::Fallow;
     double Growth = 0;      // 0 to 1
     double Cover = 0;       // 0 to 1
@@ -47,7 +47,7 @@ struct Crop_State {
 
 Crop_State Crop_On(const Scenario_Document& scenario, const std::vector<Crop_Period>& rotation, int day);
 
-// Growth from 0 at emergence over 1 at maturation to a half at harvest, linear in between.
+// Relative growth: rises linearly from 0 at emergence to 1 at maturation, then falls linearly to 0.5 at harvest.
 double Growth_Of(const Crop_Period& period, int day);
 
 } // namespace orvel::engine

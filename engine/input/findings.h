@@ -7,13 +7,13 @@
 
 namespace orvel::engine {
 
-// How the engine ends.
+// Exit codes of the engine.
 constexpr int Exit_Complete = 0;
 constexpr int Exit_Refused = 1; // input refused
 constexpr int Exit_Failed = 2;  // numerical or internal failure
 constexpr int Exit_No_File = 3; // a file cannot be opened, locked or written
 
-// What refuses or ends a run: the number of the ERROR line. docs/engine.md explains each.
+// Why a run is refused or ends early; the value is the number of the ERROR line. docs/engine.md explains each.
 enum class Fault {
     Run_Control_Unreadable = 11,
     Run_Control_Value = 12,
@@ -43,10 +43,10 @@ enum class Fault {
     Not_A_Number = 92,
     Disk_Failure = 93,
     Internal_Failure = 94,
-    Not_Completed = 99, // stands in the echo from the start until the run has ended
+    Not_Completed = 99, // in the echo from the start until the run ends
 };
 
-// A failure that ends the run: number and text of its line, and the exit code.
+// A failure that ends the run: number and text of its ERROR line, and the exit code.
 struct Engine_Failure : std::runtime_error {
     Engine_Failure(Fault fault, const std::string& text, int exit_code = Exit_Failed)
         : std::runtime_error(text),
@@ -56,7 +56,7 @@ struct Engine_Failure : std::runtime_error {
     int Number, Exit_Code;
 };
 
-// What is told about the input without refusing it. The number is that of the line.
+// Remarks on input that is accepted; the value is the number of the NOTE line.
 enum class Note {
     Location_Block = 1,
     Column_Of_Zeros = 2,
@@ -73,7 +73,7 @@ enum class Note {
     Substance_Missing = 14,
 };
 
-// The ERROR and NOTE lines of a run. Of the errors the first 50 are kept.
+// The ERROR and NOTE lines of a run; only the first Most_Errors and Most_Notes are kept.
 struct Findings {
     struct Entry {
         int Number;
@@ -84,7 +84,7 @@ struct Findings {
     static constexpr std::size_t Most_Notes = 200;
 
     void Error(Fault fault, std::string text);
-    void Tell(Note note, std::string text); // the same note twice running counts once
+    void Tell(Note note, std::string text); // a repeat of the last note is dropped
     bool Failed() const { return !Errors.empty(); }
 
     std::vector<Entry> Errors, Notes;

@@ -19,7 +19,7 @@ struct Output_Row {
     bool operator==(const Output_Row&) const = default;
 };
 
-// What orvel.inp asks for.
+// The contents of orvel.inp.
 struct Run_Control {
     int Years = 0;
     int Start_Day = 1, Start_Month = 1, End_Day = 31, End_Month = 12;
@@ -28,14 +28,14 @@ struct Run_Control {
     std::string Scenario_File, Pesticide_File;
     std::vector<std::string> Climate_Files; // one a year
     double Tillage_Depth = 0;               // cm
-    std::vector<Output_Row> Rows;           // output rows, then the profile rows
+    std::vector<Output_Row> Rows;           // output rows first, then the profile rows
     int Profile_Rows = 0;
 };
 
-// Reads the run control file; what is wrong goes to the findings (errors 11, 12, 13).
+// Reads the run control file; faults go to the findings (errors 11, 12, 13).
 Run_Control Read_Run_Control(std::string_view bytes, Findings& findings);
 
-// What a count line says behind its first eight columns.
+// The fields of a count line after its first eight columns.
 struct Count_Line {
     int Rows = 0, Profile_Rows = 0;
     double Tillage_Depth = 0;
@@ -43,11 +43,10 @@ struct Count_Line {
 };
 Count_Line Read_Count_Line(std::string_view line);
 
-// The location code of a scenario file: the longest one that stands before "_" at the front of its name; empty for
-// none.
+// The longest known location code that starts the file name and is followed by "_"; empty if there is none.
 std::string Location_Code_Of(std::string_view scenario_file);
 
-// The file name behind the last slash or backslash.
+// The file name after the last slash or backslash.
 std::string_view Bare_Name(std::string_view name);
 
 } // namespace orvel::engine

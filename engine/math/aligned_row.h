@@ -6,7 +6,7 @@
 
 namespace orvel::engine {
 
-// Doubles that begin on a cache line.
+// An allocator for arrays that begin on a cache line.
 template <class T> struct Cache_Line_Allocator {
     using value_type = T;
     static constexpr std::align_val_t Line{64};
@@ -20,7 +20,7 @@ template <class T> struct Cache_Line_Allocator {
 
 using Aligned_Row = std::vector<double, Cache_Line_Allocator<double>>;
 
-// Compartments, slots, and both rounded up to a multiple of 4.
+// N compartments, the slots, and both rounded up to a multiple of 4.
 struct Solute_Layout {
     int N = 0, Slots = 0, Padded = 0, Lanes = 0;
 

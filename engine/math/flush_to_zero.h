@@ -7,8 +7,8 @@
 
 namespace orvel::engine {
 
-// While it lives, numbers too small for a normal double are 0: below a front masses fade to nothing, and arithmetic on
-// what is left is slow.
+// While an instance lives, subnormal numbers are flushed to 0: ahead of a solute front masses fade into the subnormal
+// range, where arithmetic is slow.
 class Flush_To_Zero {
 public:
 #if defined(__SSE2__)

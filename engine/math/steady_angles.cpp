@@ -7,7 +7,7 @@ namespace orvel::engine {
 
 namespace {
 
-// The series of the sine, terms up to x^27: from -pi to pi the rest is below 1e-15.
+// Taylor series of the sine up to x^27: the remainder is below 1e-15 from -pi to pi.
 double Series(double x)
 {
     const double square = x * x;

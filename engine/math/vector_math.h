@@ -66,7 +66,7 @@ LANES_INLINE V4 Log(V4 x)
     V4 m = (V4)((bits & 0x000FFFFFFFFFFFFF) | 0x3FF0000000000000);
     const V4_Bits high = m > 1.4142135623730951;
     m = high ? m * 0.5 : m;
-    // The exponent field is below 2^11: glued into the mantissa of 2^52 it becomes a double without a conversion.
+    // The exponent field is below 2^11: placed in the mantissa of 2^52 it becomes a double without a conversion.
     const V4 field =
         (V4)(((V4_Bits)((__attribute__((vector_size(32))) std::uint64_t)bits >> 52)) | 0x4330000000000000) -
         4503599627370496.0;
@@ -82,12 +82,12 @@ LANES_INLINE V4 Log(V4 x)
     return e * 6.93147180369123816490e-01 + (twice + (twice * tail + e * 1.90821492927058770002e-10));
 }
 
-// e^x with relative error below 1e-14; x is cut to -708..709.
+// e^x with relative error below 1e-14; x is clamped to -708..709.
 LANES_INLINE V4 Exp(V4 x)
 {
     x = Min(Max(x, All(-708.0)), All(709.0));
     const V4 magic =
-        All(6755399441055744.0); // 1.5 * 2^52: the sum's low bits are the integer nearest to the other summand
+        All(6755399441055744.0); // 1.5 * 2^52: the low bits of the sum are the other operand rounded to an integer
     const V4 shifted = x * 1.4426950408889634 + magic;
     const V4 n = shifted - magic;
     const V4 r = (x - n * 6.93147180369123816490e-01) - n * 1.90821492927058770002e-10;
@@ -102,7 +102,7 @@ LANES_INLINE V4 Exp(V4 x)
     return p * (V4)scale;
 }
 
-// (1 - e^-x) / x for x from 0 to 0.8, by its series; exact to the last bits where 1 - e^-x alone would cancel.
+// (1 - e^-x) / x for x from 0 to 0.8, by its series: full precision where 1 - e^-x would cancel.
 LANES_INLINE V4 Mean_Decay(V4 x)
 {
     constexpr double inverse_factorial[] = {1.0,

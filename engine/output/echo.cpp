@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view File_Name = "echo.orv";
 constexpr std::string_view At_Work =
     " *** ERROR 99: RUN NOT COMPLETED (ENGINE STILL AT WORK OR STOPPED FROM OUTSIDE) ***\r\n";
-// What readers of the echo search for.
+// The words that readers of the echo search for.
 constexpr std::array<std::string_view, 5> Searched_Words = {"ERROR", "E R R O R", "*** PARAMETERS OF ", "WATR",
                                                             "TOTAL COMPARTMENTS IN CORE"};
 
@@ -70,8 +70,8 @@ void Echo::Finish(std::string_view ending)
 {
     Text += ending;
     const std::size_t size = Written + Text.size();
-    // The new ending goes over the old line and is cut to its size: a full disk leaves the line of error 99, or the
-    // ending in part.
+    // The ending overwrites the placeholder line and is cut to its size: on a full disk the line of error 99 or part of
+    // the ending remains.
     std::error_code error = File.Write_At(Written, Text);
     if (!error)
         error = File.Resize(size);

@@ -13,20 +13,20 @@
 
 namespace orvel::engine {
 
-// echo.orv: the echo of the input, the findings and how the run ended. As long as the engine works the file ends in the
-// line of error 99, so that a run that is killed shows as failed. The file is locked from the start to the end.
+// echo.orv: the echo of the input, the findings and the outcome of the run. While the engine is working the file ends
+// in the line of error 99, so that a killed run counts as failed. The file stays locked from start to end.
 class Echo {
 public:
-    // Takes the lock, empties the file and writes its head. Throws Engine_Failure (93, exit 3) if it is locked or
-    // cannot be written.
+    // Locks and empties the file and writes its head. Throws Engine_Failure (93, exit 3) if it is locked or cannot be
+    // written.
     explicit Echo(const std::filesystem::path& directory);
     Echo(const Echo&) = delete;
     Echo& operator=(const Echo&) = delete;
 
     std::string Text; // append here, then Flush
 
-    void Flush();                         // puts the text before the line of error 99
-    void Finish(std::string_view ending); // the text, then the true ending in place of that line
+    void Flush();                         // writes the text before the line of error 99
+    void Finish(std::string_view ending); // writes the text, then the real ending in place of that line
 
 private:
     File_Handle File;
@@ -37,7 +37,7 @@ private:
 constexpr std::string_view Completed_Line = " *** SIMULATION COMPLETED ***\r\n";
 constexpr std::string_view Checked_Line = " *** INPUT CHECKED, NOTHING SIMULATED ***\r\n";
 
-// A text of the user with the words that readers look for in lower case, and without control characters.
+// A user's text with the words that readers search for in lower case and without control characters.
 std::string Sanitize(std::string_view text);
 
 void Put_Input(std::string& text, const Engine_Input& input);
@@ -45,7 +45,7 @@ void Put_Notes(std::string& text, const Findings& findings);
 void Put_Errors(std::string& text, const Findings& findings);
 std::string Error_Line(int number, std::string_view text);
 
-// The output frequency of a scenario's text: DAY, MNTH, anything else is YEAR.
+// The output frequency from the scenario's text: DAY or MNTH; anything else means YEAR.
 Frequency Frequency_Of(const Variant& text);
 std::string_view Frequency_Word(Frequency frequency);
 

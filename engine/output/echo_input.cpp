@@ -44,7 +44,7 @@ private:
     void Line(std::string_view label, double value) { Line(label, General_Text(value)); }
     void User(std::string_view label, std::string_view value) { Line(label, Sanitize(value)); }
 
-    // A row of numbers, twelve columns each.
+    // A row of numbers, each in 12 columns.
     template <class... T> void Row(T... values)
     {
         (Put_Number(values), ...);
@@ -56,7 +56,7 @@ private:
         if (static_cast<int>(text.size()) >= Number_Width) {
             std::string short_text;
             Put_Exponent(short_text, value, 1, 5);
-            text = General_Text(Val(short_text)); // six digits of it
+            text = General_Text(Val(short_text)); // six significant digits
         }
         Put_Blanks(Out, Number_Width - static_cast<int>(text.size()));
         Out += text;
@@ -175,7 +175,7 @@ private:
         Out += CrLf;
     }
 
-    // The lines that readers look for: their order and columns count.
+    // Programs search for these lines: their order and columns matter.
     void Print_Counts()
     {
         Put_Left(Out, " TOTAL COMPARTMENTS IN CORE", 54);

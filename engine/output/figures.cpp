@@ -17,11 +17,11 @@ namespace {
 constexpr double Zero_Below = 1e-30;
 constexpr int Series_Width = 10;
 constexpr int Series_Digits = 5;
-constexpr double Plain_Above = 0.9e-4; // what is smaller cannot round to 0.0001
+constexpr double Plain_Above = 0.9e-4; // smaller values cannot round to 0.0001
 constexpr int Largest_Power = 45;
-constexpr double Near_Tie = 1e-8; // closer to a half than this, the exact way decides
+constexpr double Near_Tie = 1e-8; // closer to a tie than this, the exact conversion decides
 
-// Powers of ten, correctly rounded.
+// Correctly rounded powers of ten.
 struct Powers {
     std::array<double, 2 * Largest_Power + 1> Value{};
     Powers()
@@ -39,7 +39,7 @@ double Power_Of_Ten(int k)
     return powers.Value[static_cast<std::size_t>(k + Largest_Power)];
 }
 
-// A positive value as a whole number of `digits` digits times ten to the exponent of its first digit.
+// A positive value as `digits` decimal digits times a power of ten, given by the exponent of the first digit.
 struct Decimal {
     std::uint64_t Digits = 0;
     int Exponent = 0;
@@ -60,7 +60,7 @@ Decimal Exact_Decimal(double a, int digits)
     return decimal;
 }
 
-// One multiplication and a rounding, which is exact except near a half or a power of ten.
+// One multiplication and one rounding, exact except near a tie or a power of ten.
 Decimal Decimal_Of(double a, int digits)
 {
     const auto binary = static_cast<int>(std::bit_cast<std::uint64_t>(a) >> 52U) - 1023;
@@ -89,7 +89,7 @@ double Checked(double value)
     return std::fabs(value) < Zero_Below ? 0 : value;
 }
 
-// The digits of a number two by two.
+// The decimal digits of 0 to 99, in pairs.
 struct Digit_Pairs {
     std::array<char, 200> Text{};
     constexpr Digit_Pairs()
@@ -120,7 +120,7 @@ char* Put_Digits(char* to, std::uint64_t digits, int count)
     return to + count;
 }
 
-// d.dddE+dd without a field.
+// Writes d.dddE+dd without padding; returns the end.
 char* Scientific(char* to, bool negative, Decimal decimal, int digits)
 {
     if (negative)
@@ -137,7 +137,7 @@ char* Scientific(char* to, bool negative, Decimal decimal, int digits)
     return Put_Digits(to, static_cast<std::uint64_t>(size), size > 99 ? 3 : 2);
 }
 
-// The same digits as a plain number, trailing zeros behind the point cut.
+// Writes the same digits in plain notation, without trailing zeros; returns the end.
 char* Plain(char* to, bool negative, Decimal decimal, int digits)
 {
     if (negative)
@@ -158,7 +158,7 @@ char* Plain(char* to, bool negative, Decimal decimal, int digits)
     return std::copy_n(all + before, decimals, to);
 }
 
-// A figure under way: the blanks of its field stand in front of it, so that one piece goes into the text.
+// A figure being printed, with room for padding in front, so that the text is appended in one piece.
 struct Figure {
     static constexpr int Most_Blanks = 24;
     std::array<char, Most_Blanks + 64> Room;
@@ -174,7 +174,7 @@ struct Figure {
     }
 };
 
-// A value with n decimals; the length, or 0 where it does not fit the room.
+// Writes a value with n decimals; returns the end, or null if it does not fit.
 char* Fixed(char* to, char* end, double value, int decimals)
 {
     const double a = std::fabs(value);

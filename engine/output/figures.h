@@ -9,18 +9,18 @@
 
 namespace orvel::engine {
 
-// The engine's printer of numbers. Figures are rounded from the exact binary value to the digits shown; |value| < 1E-30
-// prints as zero. A value that is not finite throws Engine_Failure (92), so that none reaches a file. Text is appended;
-// a figure that is too wide for its field loses decimals rather than shift the columns behind it.
+// Number printing of the engine. Values are rounded from the exact binary value to the digits shown; |value| < 1E-30
+// prints as zero. A value that is not finite throws Engine_Failure (92), so that no file ever contains one. Text is
+// appended; a figure that is too wide for its field loses decimals so that the following columns do not shift.
 
 void Put_Integer(std::string& text, long value, int width);
 void Put_Fixed(std::string& text, double value, int width, int decimals);    // 12.3456
 void Put_Exponent(std::string& text, double value, int width, int decimals); // 1.2345E-06
-void Put_Series(std::string& text, double value); // a blank at least, then up to five digits: ten characters
+void Put_Series(std::string& text, double value); // ten characters: at least one blank, then up to five digits
 void Put_Blanks(std::string& text, int count);
-void Put_Left(std::string& text, std::string_view what, int width); // left in its field, cut there
+void Put_Left(std::string& text, std::string_view what, int width); // left-aligned, truncated to the field
 
-// Blanks up to the 1-based column: the next character of this line stands there.
+// Pads with blanks up to the 1-based column, where the next character goes.
 void To_Column(std::string& text, std::size_t line_start, int column);
 
 // An output file of the run, written through one buffer. Throws Engine_Failure (93) when writing fails.

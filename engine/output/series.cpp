@@ -11,13 +11,13 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr double Gram = 1e-6;            // of a microgram
-constexpr double Least_Percolate = 1e-8; // cm/d, below it a percolate has no concentration of its own
+constexpr double Gram = 1e-6;            // g per ug
+constexpr double Least_Percolate = 1e-8; // cm/d, smaller percolate has no concentration
 constexpr int Field = 10;
 
 using namespace Variable;
 
-// Titles are the user's: a control character would break the line.
+// Titles come from the user: a control character would break the line.
 std::string One_Line(std::string text)
 {
     std::ranges::replace_if(
@@ -162,7 +162,7 @@ double Series::Water_Value(const Column_Plan& plan, const Series_Moment& moment)
     }
 }
 
-// What has passed or changed since the day began, ug/cm2.
+// Amount moved or changed since the start of the day, ug/cm2.
 double Series::Amount(const Column_Plan& plan, const Series_Moment& moment) const
 {
     const Solute_Sums& sums = moment.Sums;
@@ -225,7 +225,7 @@ double Series::State(const Column_Plan& plan, int compartment, const Series_Mome
     }
 }
 
-// The same over a slice of 1 cm, whatever the compartments are: contents over its soil, solution over its water.
+// Like State, but over a 1 cm slice, regardless of the compartments: contents by its soil, solution by its water.
 double Series::Profile(const Column_Plan& plan, const Series_Moment& moment) const
 {
     double sum = 0, length = 0, soil = 0, water = 0;

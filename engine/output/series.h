@@ -10,43 +10,43 @@
 
 namespace orvel::engine {
 
-// What a line of plot.orv is made from.
+// The state and sums behind one line of plot.orv.
 struct Series_Moment {
     const Water_Day& Water;
-    const std::vector<double>& Theta; // at the line's time
+    const std::vector<double>& Theta; // at the time of the line
     const std::vector<double>& Temperature;
     const Solute_Column& Column;
-    const Solute_Sums& Sums; // of the day so far
+    const Solute_Sums& Sums; // since the start of the day
     double Rain = 0;         // rain and snowfall, cm/d
-    double Share = 1;        // of the day that the line stands for
+    double Share = 1;        // part of the day that the line covers
 };
 
-// plot.orv: one line a day, hour 24, or 24 lines on a day of applications in soil mode.
+// plot.orv: one line a day at hour 24, or 24 lines on a day with an application in soil mode.
 class Series {
 public:
     Series(const std::filesystem::path& file, const Engine_Input& input);
 
-    // The head with the initial state; call it once.
+    // Writes the head with the initial state; call it once.
     void Put_Head(const Engine_Input& input, const Series_Moment& start);
-    void Begin_Day(); // sums start at zero again
+    void Begin_Day(); // resets the sums
     void Put_Line(int day, int hour, const Series_Moment& moment);
     void Flush() { File.Flush(); }
     void Close() { File.Close(); }
 
-    // Whether a column needs the day's solute amounts, or concentrations.
+    // Whether a column needs the day's solute amounts or concentrations.
     bool Needs_Sums() const { return With_Sums; }
 
 private:
-    // One column, its places in the core looked up beforehand.
+    // One column, with its position in the core looked up in advance.
     struct Column_Plan {
         int Variable = 0;                         // 0: zeros
-        bool Is_Water = false, Is_Amount = false; // of water; made of what passed or changed in the day
+        bool Is_Water = false, Is_Amount = false; // about water; an amount moved or changed during the day
         double Scale = 1;
         int Slot = 0;
         int Compartment = 0, Interface = 0;
         bool Is_Profile = false;
         std::vector<std::pair<int, double>> Slice; // compartments of a profile row with their lengths, cm
-        double Before = 0;                         // amount of the day up to the line before
+        double Before = 0;                         // amount of the day up to the previous line
     };
 
     Column_Plan Plan(const Output_Row& row, bool profile, const Engine_Input& input) const;

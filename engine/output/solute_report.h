@@ -10,7 +10,7 @@
 
 namespace orvel::engine {
 
-// What a block of a substance is made from: the amounts of the span, the stores at its start, the state at its end.
+// The data behind one substance's block: the amounts of the span, the stores at its start, the state at its end.
 struct Solute_Block {
     const Solute_Column& Column;
     const Solute_Sums& Sums;
@@ -29,7 +29,7 @@ public:
                   int concentration_step);
     void Put_Block(Span span, const Date& date, const Solute_Block& block);
     void Put_Concentrations(const Solute_Block& block);                         // below a block
-    void Put_Dated_Concentrations(const Date& date, const Solute_Block& block); // where no block is due
+    void Put_Dated_Concentrations(const Date& date, const Solute_Block& block); // when no block is due
     void Flush() { File.Flush(); }
     void Close();
 
@@ -45,7 +45,7 @@ private:
     Out_File File;
 };
 
-// Sum of one slot over all rows of an array of sums.
+// Sum of one slot over all rows.
 double Total_Of(const std::vector<double>& values, int lanes, int slot);
 
 } // namespace orvel::engine

@@ -8,7 +8,7 @@
 
 namespace orvel::engine {
 
-// What the engine calls itself in the series and when it is asked: "ORVEL engine 4.01".
+// Name and version of the engine, as in the series and for --version: "ORVEL engine 4.01".
 inline std::string Engine_Title()
 {
     return "ORVEL engine " + std::string(Engine_Version_Text);

@@ -14,7 +14,7 @@ constexpr int Most_Compartments = 400;
 
 bool Within(double value, double low, double high)
 {
-    return value >= low && value <= high; // false for no number
+    return value >= low && value <= high; // false for NaN
 }
 
 class Scenario_Check {
@@ -22,7 +22,7 @@ public:
     Scenario_Check(const Scenario_Document& scenario, const Run_Control& control, Findings& findings)
         : Scenario(scenario),
           Control(control),
-          Found(findings)
+          The_Findings(findings)
     {}
 
     void Check()
@@ -40,7 +40,7 @@ private:
     void Require(bool good, Fault fault, const std::string& text)
     {
         if (!good)
-            Found.Error(fault, text);
+            The_Findings.Error(fault, text);
     }
 
     void Check_Core()
@@ -153,7 +153,7 @@ private:
 
     const Scenario_Document& Scenario;
     const Run_Control& Control;
-    Findings& Found;
+    Findings& The_Findings;
 };
 
 } // namespace

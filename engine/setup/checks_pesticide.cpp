@@ -11,16 +11,16 @@ constexpr double Largest_Sorption = 1e9; // L/kg
 
 bool Within(double value, double low, double high)
 {
-    return value >= low && value <= high; // false for no number
+    return value >= low && value <= high; // false for NaN
 }
 
-// Ranges far beyond any substance: what lies outside would only end in figures that are no numbers.
+// The ranges are far wider than any substance needs: values outside them would only produce NaN or infinity.
 class Pesticide_Check {
 public:
     Pesticide_Check(const Pesticide_Document& pesticide, const Scenario_Document& scenario, Findings& findings)
         : Pesticide(pesticide),
           Scenario(scenario),
-          Found(findings)
+          The_Findings(findings)
     {}
 
     void Check()
@@ -37,7 +37,7 @@ private:
     void Require(bool good, Fault fault, const std::string& text)
     {
         if (!good)
-            Found.Error(fault, text);
+            The_Findings.Error(fault, text);
     }
 
     void Check_Plant()
@@ -122,8 +122,9 @@ private:
         if (!sorption && !factors)
             return;
         if (Pesticide.N_Horizons.Number() != static_cast<double>(Scenario.Horizons.size()))
-            return Found.Error(Fault::Horizon_Tables,
-                               "NUMBER OF HORIZONS IN PESTICIDE AND SCENARIO FILE DIFFER, TABLES" + of + " NEEDED");
+            return The_Findings.Error(Fault::Horizon_Tables,
+                                      "NUMBER OF HORIZONS IN PESTICIDE AND SCENARIO FILE DIFFER, TABLES" + of +
+                                          " NEEDED");
         for (std::size_t h = 1; h <= Scenario.Horizons.size(); ++h) {
             const std::string where = " IN HORIZON " + std::to_string(h) + of;
             Require(!sorption || Within(Pesticide.Horizons[h].Hor_Kd[s].Number(), 0, Largest_Sorption), Fault::Sorption,
@@ -136,7 +137,7 @@ private:
 
     const Pesticide_Document& Pesticide;
     const Scenario_Document& Scenario;
-    Findings& Found;
+    Findings& The_Findings;
 };
 
 } // namespace

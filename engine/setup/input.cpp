@@ -18,25 +18,25 @@ constexpr std::string_view Haude_Name = "Haude.dat";
 
 class Input_Reader {
 public:
-    Input_Reader(const File_Source& source, Findings& findings) : Source(source), Found(findings) {}
+    Input_Reader(const File_Source& source, Findings& findings) : Source(source), The_Findings(findings) {}
 
     Engine_Input Read()
     {
         const auto control = Source(Control_Name);
         if (!control) {
-            Found.Error(Fault::Run_Control_Unreadable, "ORVEL.INP NOT FOUND");
+            The_Findings.Error(Fault::Run_Control_Unreadable, "ORVEL.INP NOT FOUND");
             return std::move(Input);
         }
-        Input.Control = Read_Run_Control(*control, Found);
-        if (Found.Failed())
+        Input.Control = Read_Run_Control(*control, The_Findings);
+        if (The_Findings.Failed())
             return std::move(Input);
         Read_Scenario();
         Read_Pesticide();
-        const bool documents = !Found.Failed();
+        const bool documents = !The_Findings.Failed();
         Read_Climates();
         if (documents)
             Check_Documents();
-        if (!Found.Failed())
+        if (!The_Findings.Failed())
             Prepare();
         return std::move(Input);
     }
@@ -46,30 +46,31 @@ private:
     {
         const auto bytes = Source(Input.Control.Scenario_File);
         if (!bytes)
-            return Found.Error(Fault::Scenario_Missing, "SCENARIO FILE " + Input.Control.Scenario_File + " NOT FOUND");
+            return The_Findings.Error(Fault::Scenario_Missing,
+                                      "SCENARIO FILE " + Input.Control.Scenario_File + " NOT FOUND");
         Reset_SZE(Input.Scenario);
         try {
             Parse_SZE(*bytes, Input.Scenario);
         } catch (const std::exception& error) {
-            return Found.Error(Fault::Scenario_Unreadable,
-                               "SCENARIO FILE " + Input.Control.Scenario_File + " NOT IN ITS FORMAT: " + error.what());
+            return The_Findings.Error(Fault::Scenario_Unreadable, "SCENARIO FILE " + Input.Control.Scenario_File +
+                                                                      " NOT IN ITS FORMAT: " + error.what());
         }
         Input.Location_Code = Location_Code_Of(Input.Control.Scenario_File);
         if (Input.Scenario.SZE_Legacy_Crops)
-            Found.Tell(Note::Irrigation_Assumed, "CROP ROWS OF THE OLD FORM: IRRIGATION IS ASSUMED");
+            The_Findings.Tell(Note::Irrigation_Assumed, "CROP ROWS OF THE OLD FORM: IRRIGATION IS ASSUMED");
     }
 
     void Read_Pesticide()
     {
         const auto bytes = Source(Input.Control.Pesticide_File);
         if (!bytes)
-            return Found.Error(Fault::Pesticide_Missing,
-                               "PESTICIDE FILE " + Input.Control.Pesticide_File + " NOT FOUND");
+            return The_Findings.Error(Fault::Pesticide_Missing,
+                                      "PESTICIDE FILE " + Input.Control.Pesticide_File + " NOT FOUND");
         try {
             Parse_PSM(*bytes, Input.Pesticide);
         } catch (const std::exception& error) {
-            return Found.Error(Fault::Pesticide_Unreadable, "PESTICIDE FILE " + Input.Control.Pesticide_File +
-                                                                " NOT IN ITS FORMAT: " + error.what());
+            return The_Findings.Error(Fault::Pesticide_Unreadable, "PESTICIDE FILE " + Input.Control.Pesticide_File +
+                                                                       " NOT IN ITS FORMAT: " + error.what());
         }
         for (int i = 1; i <= Substances; ++i) {
             if (i == 1 || Input.Pesticide.Met_Present[static_cast<std::size_t>(i)])
@@ -77,27 +78,28 @@ private:
         }
     }
 
-    // Each file once, though it may stand for several years.
+    // Reads each file once, even if it is used for several years.
     void Read_Climates()
     {
         std::map<std::string, std::vector<Climate_Day>> files;
         std::map<std::string, std::string> titles;
         std::vector<const std::vector<Climate_Day>*> years;
-        const std::size_t errors = Found.Errors.size();
+        const std::size_t errors = The_Findings.Errors.size();
         for (const std::string& name : Input.Control.Climate_Files) {
             if (!files.contains(name)) {
                 if (const auto bytes = Source(name))
-                    files[name] = Read_Climate_Days(*bytes, name, Input.Scenario.SZE_Latitude, titles[name], Found);
+                    files[name] =
+                        Read_Climate_Days(*bytes, name, Input.Scenario.SZE_Latitude, titles[name], The_Findings);
                 else
-                    Found.Error(Fault::Climate_Missing, "CLIMATE FILE " + name + " NOT FOUND");
+                    The_Findings.Error(Fault::Climate_Missing, "CLIMATE FILE " + name + " NOT FOUND");
             }
             years.push_back(&files[name]);
             Input.Weather.Titles.push_back(titles[name]);
         }
-        if (Found.Errors.size() > errors)
+        if (The_Findings.Errors.size() > errors)
             return;
         auto kept = std::move(Input.Weather.Titles);
-        Input.Weather = Assemble_Climate(Input.Control, years, Found);
+        Input.Weather = Assemble_Climate(Input.Control, years, The_Findings);
         Input.Weather.Titles = std::move(kept);
         for (Climate_Day& day : Input.Weather.Days) {
             day.Temperature += Input.Control.Temperature_Shift;
@@ -105,20 +107,20 @@ private:
         }
         if (Input.Scenario.SZE_ET_Method == 0 &&
             std::ranges::any_of(Input.Weather.Days, [](const Climate_Day& day) { return day.Evaporation < 0; }))
-            Found.Error(Fault::Climate_Value, "THE CLIMATE FILES LACK EVAPORATION, WHICH THE SCENARIO ASKS FOR");
+            The_Findings.Error(Fault::Climate_Value, "THE CLIMATE FILES LACK EVAPORATION, WHICH THE SCENARIO ASKS FOR");
     }
 
     void Check_Documents()
     {
-        Check_Scenario(Input.Scenario, Input.Control, Found);
-        Check_Pesticide(Input.Pesticide, Input.Scenario, Found);
+        Check_Scenario(Input.Scenario, Input.Control, The_Findings);
+        Check_Pesticide(Input.Pesticide, Input.Scenario, The_Findings);
         for (const Output_Row& row : Input.Control.Rows) {
             if (row.Variable != 0 && !std::ranges::count(Input.Substances, row.Substance))
-                Found.Tell(Note::Substance_Missing, "SUBSTANCE " + std::to_string(row.Substance) + " OF " + row.Code +
-                                                        " IS NOT IN THE RUN: COLUMN OF ZEROS");
+                The_Findings.Tell(Note::Substance_Missing, "SUBSTANCE " + std::to_string(row.Substance) + " OF " +
+                                                               row.Code + " IS NOT IN THE RUN: COLUMN OF ZEROS");
             if (row.Depth > Input.Scenario.SZE_Core_Depth)
-                Found.Tell(Note::Depth_Clamped,
-                           "DEPTH OF " + row.Code + " BELOW THE CORE: THE LAST COMPARTMENT IS USED");
+                The_Findings.Tell(Note::Depth_Clamped,
+                                  "DEPTH OF " + row.Code + " BELOW THE CORE: THE LAST COMPARTMENT IS USED");
         }
     }
 
@@ -129,12 +131,12 @@ private:
         if (const auto bytes = Source(Haude_Name))
             Input.Haude = engine::Read_Haude(*bytes);
         else
-            Found.Tell(Note::Haude_Factors, "NO HAUDE.DAT: BUILT-IN FACTORS ARE USED");
+            The_Findings.Tell(Note::Haude_Factors, "NO HAUDE.DAT: BUILT-IN FACTORS ARE USED");
         for (const auto& period : Input.Rotation) {
             const int crop = Input.Scenario.Crops[static_cast<std::size_t>(period.Row)].SZE_Rot_Crop_No;
             if (!Input.Haude.contains(crop))
-                Found.Tell(Note::Haude_Factors,
-                           "NO HAUDE FACTORS FOR CROP " + std::to_string(crop) + ": THOSE OF GRASS ARE USED");
+                The_Findings.Tell(Note::Haude_Factors,
+                                  "NO HAUDE FACTORS FOR CROP " + std::to_string(crop) + ": THOSE OF GRASS ARE USED");
         }
     }
 
@@ -142,16 +144,16 @@ private:
     {
         const Climate& weather = Input.Weather;
         Input.Core = Build_Grid(Input.Scenario);
-        Input.Rotation = Build_Rotation(Input.Scenario, weather.Dates, weather.Last_Day, Found);
-        Input.Application_Block = engine::Application_Block(Input.Pesticide, Input.Location_Code, Found);
+        Input.Rotation = Build_Rotation(Input.Scenario, weather.Dates, weather.Last_Day, The_Findings);
+        Input.Application_Block = engine::Application_Block(Input.Pesticide, Input.Location_Code, The_Findings);
         Input.Applications = Plan_Applications(Input.Pesticide, Input.Application_Block, Input.Scenario, Input.Rotation,
-                                               weather.Dates, weather.First_Day, weather.Last_Day, Found);
+                                               weather.Dates, weather.First_Day, weather.Last_Day, The_Findings);
         Read_Haude_Factors();
         Input.Solute = Build_Solute_Setup(Input.Pesticide, Input.Scenario, Input.Core, Input.Substances);
-        if (Found.Failed())
+        if (The_Findings.Failed())
             return;
         for (const Solute_Fault& fault : Check_Solute_Setup(Input.Solute))
-            Found.Error(fault.Kind, fault.Text);
+            The_Findings.Error(fault.Kind, fault.Text);
         Note_Compartments();
     }
 
@@ -161,15 +163,15 @@ private:
         for (std::size_t i = 0; i < core.Thickness.size(); ++i) {
             const std::string where = " IN HORIZON " + std::to_string(core.Horizon[i]);
             if (Input.Scenario.SZE_Dispersion_Flag == 1 && core.Dispersion[i] < core.Thickness[i] / 10)
-                Found.Tell(Note::Dispersion_Small, "DISPERSION LENGTH BELOW A TENTH OF THE COMPARTMENT" + where);
+                The_Findings.Tell(Note::Dispersion_Small, "DISPERSION LENGTH BELOW A TENTH OF THE COMPARTMENT" + where);
             if (core.Initial_Water[i] > core.Porosity[i] || core.Initial_Water[i] < 0.5 * core.Wilting_Point[i])
-                Found.Tell(Note::Value_Clamped,
-                           "SOIL WATER AT THE START CUT TO HALF THE WILTING POINT TO POROSITY" + where);
+                The_Findings.Tell(Note::Value_Clamped,
+                                  "SOIL WATER AT THE START CUT TO HALF THE WILTING POINT TO POROSITY" + where);
         }
     }
 
     const File_Source& Source;
-    Findings& Found;
+    Findings& The_Findings;
     Engine_Input Input;
 };
 

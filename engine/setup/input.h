@@ -17,10 +17,10 @@
 
 namespace orvel::engine {
 
-// The bytes of a file by the name that stands in orvel.inp, nothing where it cannot be read.
+// Returns the bytes of a file by its name in orvel.inp, nothing if it cannot be read.
 using File_Source = std::function<std::optional<std::string>(std::string_view name)>;
 
-// All input of a run, checked.
+// The complete, checked input of a run.
 struct Engine_Input {
     Run_Control Control;
     Scenario_Document Scenario;
@@ -32,15 +32,15 @@ struct Engine_Input {
     std::vector<Planned_Application> Applications;
     std::string Location_Code;
     int Application_Block = 0;
-    std::vector<int> Substances; // indices in the run, ascending
+    std::vector<int> Substances; // indices of the simulated substances, ascending
     Solute_Setup Solute;
 };
 
-// Reads everything that orvel.inp names. What is wrong is in the findings; then the input may be incomplete and must
-// not be run.
+// Reads every file that orvel.inp names. If the findings contain errors, the input may be incomplete and must not be
+// run.
 Engine_Input Read_Input(const File_Source& source, Findings& findings);
 
-// The checks of one document: every range that the engine relies on (errors 32 to 37 and 41 to 48).
+// Check one document against the ranges that the engine relies on (errors 32 to 37 and 41 to 48).
 void Check_Scenario(const Scenario_Document& scenario, const Run_Control& control, Findings& findings);
 void Check_Pesticide(const Pesticide_Document& pesticide, const Scenario_Document& scenario, Findings& findings);
 

@@ -32,7 +32,7 @@ Solute_Arrow Arrow_Values(const Pesticide_Document& document, const Arrow& arrow
     return values;
 }
 
-// Rows 1 to N_Horizons, as many as there are.
+// Number of rows from 1 to N_Horizons that exist.
 std::size_t Horizon_Count(const Pesticide_Document& document)
 {
     const double named = std::max(document.N_Horizons.Number(), 0.0);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double Largest_Rate = 10000; // kg/ha
 
-// What both kinds of date share.
+// What absolute and relative dates have in common.
 struct Entry {
     double Rate = 0, Depth = 0, Interception = 0, Poorly_Exposed = 0;
     int Hour = 0;
@@ -29,7 +29,7 @@ public:
           Dates(dates),
           First_Day(first_day),
           Last_Day(last_day),
-          Found(findings),
+          The_Findings(findings),
           Block(static_cast<std::size_t>(block)),
           Events(rotation, dates),
           Method(static_cast<int>(pesticide.App_Method.Number()))
@@ -39,8 +39,8 @@ public:
     {
         const int count = std::clamp(static_cast<int>(Pesticide.App_Count[Block].Number()), 0, Last_Application);
         if (Method < 1 || Method > 4)
-            Found.Error(Fault::Application_Value, "APPLICATION METHOD NOT 1 TO 4");
-        for (int a = 1; a <= count && !Found.Failed(); ++a) {
+            The_Findings.Error(Fault::Application_Value, "APPLICATION METHOD NOT 1 TO 4");
+        for (int a = 1; a <= count && !The_Findings.Failed(); ++a) {
             Number = a;
             if (Pesticide.App_Mode == App_Mode_Relative)
                 Plan_Relative(static_cast<std::size_t>(a));
@@ -58,13 +58,13 @@ private:
     {
         const auto within = [](double value, double low, double high) { return value >= low && value <= high; };
         if (!within(entry.Rate, 0, Largest_Rate))
-            Found.Error(Fault::Application_Value, "RATE OF " + Name() + " NOT WITHIN 0 TO 10000 KG/HA");
+            The_Findings.Error(Fault::Application_Value, "RATE OF " + Name() + " NOT WITHIN 0 TO 10000 KG/HA");
         else if (!within(entry.Depth, 0, Scenario.SZE_Core_Depth))
-            Found.Error(Fault::Application_Value, "DEPTH OF " + Name() + " NOT WITHIN THE CORE");
+            The_Findings.Error(Fault::Application_Value, "DEPTH OF " + Name() + " NOT WITHIN THE CORE");
         else if (!within(entry.Interception, 0, 100))
-            Found.Error(Fault::Application_Value, "INTERCEPTION OF " + Name() + " NOT WITHIN 0 TO 100 %");
+            The_Findings.Error(Fault::Application_Value, "INTERCEPTION OF " + Name() + " NOT WITHIN 0 TO 100 %");
         else if (!within(entry.Poorly_Exposed, 0, 1))
-            Found.Error(Fault::Application_Value, "POORLY EXPOSED FRACTION OF " + Name() + " NOT WITHIN 0 TO 1");
+            The_Findings.Error(Fault::Application_Value, "POORLY EXPOSED FRACTION OF " + Name() + " NOT WITHIN 0 TO 1");
         else
             return true;
         return false;
@@ -80,7 +80,7 @@ private:
     void Add(const Entry& entry, int day)
     {
         if (day < First_Day || day > Last_Day) {
-            Found.Tell(Note::Application_Skipped, Name() + " LIES OUTSIDE THE SIMULATED PERIOD AND IS LEFT OUT");
+            The_Findings.Tell(Note::Application_Skipped, Name() + " LIES OUTSIDE THE SIMULATED PERIOD AND IS LEFT OUT");
             return;
         }
         const double hour = entry.Hour >= 0 && entry.Hour <= 24 ? entry.Hour : 0;
@@ -95,10 +95,10 @@ private:
         if (entry.Rate == 0 || !In_Range(entry))
             return;
         if (from.App_Month < 1 || from.App_Month > 12 || from.App_Year < 1 || from.App_Day < 1 || from.App_Day > 99)
-            return Found.Error(Fault::Application_Date, "IMPOSSIBLE DATE OF " + Name());
+            return The_Findings.Error(Fault::Application_Date, "IMPOSSIBLE DATE OF " + Name());
         const int last = Dates.Days_In(from.App_Year, from.App_Month);
         if (from.App_Day > last)
-            Found.Tell(Note::Application_Day, Name() + " MOVED TO THE LAST DAY OF ITS MONTH");
+            The_Findings.Tell(Note::Application_Day, Name() + " MOVED TO THE LAST DAY OF ITS MONTH");
         Add(entry, Dates.Number({from.App_Year, from.App_Month, std::min<int>(from.App_Day, last)}));
     }
 
@@ -110,17 +110,17 @@ private:
         if (entry.Rate == 0 || !In_Range(entry))
             return;
         if (from.Abs9_Year < 1 || from.Abs9_Month < 0 || from.Abs9_Month > 5)
-            return Found.Error(Fault::Application_Date, "IMPOSSIBLE YEAR OR REFERENCE POINT OF " + Name());
+            return The_Findings.Error(Fault::Application_Date, "IMPOSSIBLE YEAR OR REFERENCE POINT OF " + Name());
         if (from.Abs9_Year > Dates.Years()) {
-            Found.Tell(Note::Application_Skipped, Name() + " LIES OUTSIDE THE SIMULATED PERIOD AND IS LEFT OUT");
+            The_Findings.Tell(Note::Application_Skipped, Name() + " LIES OUTSIDE THE SIMULATED PERIOD AND IS LEFT OUT");
             return;
         }
         bool moved = false;
         const int event = Events.Day_Of(from.Abs9_Month, from.Abs9_Year, moved);
         if (event == No_Day)
-            return Found.Error(Fault::Crop_Event_Missing, "NO CROP EVENT FOR " + Name());
+            return The_Findings.Error(Fault::Crop_Event_Missing, "NO CROP EVENT FOR " + Name());
         if (moved)
-            Found.Tell(Note::Application_Event_Moved, Name() + " USES THE CROP EVENT OF A LATER YEAR");
+            The_Findings.Tell(Note::Application_Event_Moved, Name() + " USES THE CROP EVENT OF A LATER YEAR");
         Add(entry, event + from.Abs9_Day);
     }
 
@@ -129,7 +129,7 @@ private:
     const std::vector<Crop_Period>& Rotation;
     const Calendar& Dates;
     int First_Day, Last_Day;
-    Findings& Found;
+    Findings& The_Findings;
     std::size_t Block;
     Crop_Events Events;
     int Method;

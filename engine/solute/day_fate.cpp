@@ -10,12 +10,12 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr double Largest_Loss = 0.7; // k h of one part of a step
+constexpr double Largest_Loss = 0.7; // limit of k h in a part of a step
 constexpr int Most_Parts = 24;
 
 double Molar_Mass(const Solute_Substance& substance)
 {
-    return substance.Molmass > 0 ? substance.Molmass : 1; // any will do where nothing is converted
+    return substance.Molmass > 0 ? substance.Molmass : 1; // any value works if nothing is converted
 }
 
 bool Has_Slow_Sites(const Solute_Substance& substance)
@@ -144,14 +144,14 @@ void Day_Fate::Make_Ready(int slot)
             arrow.Yield *= Molar_Mass(Setup.Substances[t]);
             Link_To(slot, t, arrow);
         }
-        // Arrows with one correction and depth factors in one ratio keep their shares.
+        // Arrows with the same correction and proportional depth factors keep their shares.
         ready.Uniform =
             ready.Uniform && !photolysis && (ready.Arrows.empty() || ready.Arrows[0].Correction == arrow.Correction);
         ready.Arrows.push_back(std::move(arrow));
     }
 }
 
-// Yields and sinks of a compartment from the rates of a slot's arrows.
+// Sets the yields and sinks of a compartment from the rates of the arrows of a slot.
 void Day_Fate::Share_Out(int slot, int compartment, const double* rate, const double* slow_rate)
 {
     const auto& arrows = Slots[slot].Arrows;

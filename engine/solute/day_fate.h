@@ -8,40 +8,40 @@
 
 namespace orvel::engine {
 
-// Rates of transformation of a column, renewed each day, and what they form.
+// Transformation rates of a column, updated daily, and their products.
 class Day_Fate {
 public:
     Day_Fate(const Solute_Setup& setup, const Solute_Layout& layout);
 
     void Prepare(const Solute_Kernel& kernel, const Solute_Day& day, const Aligned_Row& theta_mean);
 
-    // Number of equal parts that a step is split into, so that no substance loses more than half of its mass in one (at
-    // most 24).
+    // Number of equal parts (at most 24) to split a step into, so that no substance loses more than half of its mass in
+    // one.
     int Parts(double step) const;
 
-    // The kernel's view for steps of a length. The tables of the two lengths used last are kept through the day.
+    // The kernel's data for steps of a given length. The tables of the two most recent lengths are kept for the day.
     const Kernel_Fate& Of_Step(const Solute_Kernel& kernel, double step);
 
-    const Kernel_Fate& Today() const { return View; } // without loss tables
+    const Kernel_Fate& Today() const { return View; } // the loss tables are not set
 
 private:
-    // Arrows with equal correction share one evaluation a day.
+    // Arrows with the same correction share one evaluation per day.
     struct Correction {
         double Temperature, Q10, Moist_Abs, Moist_Rel, Moist_Exp;
         Aligned_Row Reference, Factor;
     };
     struct Ready_Arrow {
         int Correction = 0;
-        int Link = -1, Lane = 0;  // where its yield stands; -1: a sink
+        int Link = -1, Lane = 0;  // where its yield is stored; -1: a sink
         double Yield = 0;         // ug formed, or umol into the sink, per ug lost
-        std::vector<double> Rate; // with the depth's factor, by compartment
+        std::vector<double> Rate; // 1/d with the depth factor, by compartment
         double Neq = 0;
         Solute_Arrow Given;
     };
     struct Ready_Slot {
         std::vector<Ready_Arrow> Arrows;
-        std::vector<double> Rate, Slow_Rate; // sums of a slot whose arrows keep their shares
-        bool Uniform = true;                 // the shares of the arrows are the same each day
+        std::vector<double> Rate, Slow_Rate; // sums over the arrows, if the shares are constant
+        bool Uniform = true;                 // the shares of the arrows never change
     };
     struct Loss_Table {
         double Step = 0; // 0: empty
@@ -65,7 +65,7 @@ private:
         Temperature;
     std::array<Loss_Table, 2> Tables;
     std::size_t Next = 0;
-    double Fastest = 0; // largest rate of the day
+    double Fastest = 0; // largest rate of the day, 1/d
     bool Any_Uptake = false;
     Kernel_Fate View;
 };

@@ -6,16 +6,16 @@
 
 namespace orvel::engine {
 
-// Sorption and transport coefficients of a column, renewed each day.
+// Sorption and transport coefficients of a column, updated daily.
 class Day_Storage {
 public:
     Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout);
 
-    // For a day; ages are mean residence times in years, rows as everywhere. True if concentrations must be sought
-    // anew, since sorption or the water at the day's start differs from the end of the day before.
+    // Prepares a day; ages are mean residence times in years, in rows of Lanes. True if concentrations must be
+    // recomputed, since sorption or the water at the start of the day differs from the end of the previous day.
     bool Prepare(const Solute_Kernel& kernel, const Solute_Day& day, const Aligned_Row& ages);
 
-    // Lays the arrays into a kernel's column.
+    // Points the column of a kernel at the arrays.
     void Show(Kernel_Column& column) const;
 
     double Doc_Factor(int slot) const { return Doc[slot]; }
@@ -30,7 +30,7 @@ private:
     const Solute_Setup& Setup;
     Solute_Layout Layout;
     bool Volatile = false;
-    std::vector<bool> Moving; // by slot: K changes from day to day
+    std::vector<bool> Moving; // by slot: whether K changes from day to day
     Aligned_Row Base_Rho_K, Rho_K, Exponent, Limit, Limit_Power, Psi_Start, Psi_End, Conductance, Doc, Escape, Inflow;
     Aligned_Row Thickness, Upwind_Weight, Inverse_Phi2, Theta, Air, Water_Tortuosity, Air_Tortuosity, Kaw,
         Air_Diffusivity;

@@ -4,8 +4,7 @@
 
 namespace orvel::engine {
 
-// Decay with formation and uptake, slow sorption, and the factors of a day. Included only by the sources of the
-// kernels.
+// Decay with formation and uptake, slow sorption and daily rate factors. Include only from the kernel sources.
 
 namespace {
 
@@ -15,7 +14,7 @@ struct Lost {
     V4 Share, Formed_Share;
 };
 
-// e^-x and (1 - e^-x) / x: over a step a mass loses the share 1 - e^-x, what is formed evenly during it loses 1 - (1 -
+// e^-x and (1 - e^-x) / x: over a step a mass loses the share 1 - e^-x, and mass formed evenly during it loses 1 - (1 -
 // e^-x) / x.
 LANES_INLINE Lost Lost_Shares(V4 x)
 {
@@ -50,8 +49,8 @@ LANES_INLINE double Lane(const V4* v, int slot)
     return x;
 }
 
-// What the losses form, from the first slot to the last: a source's own formation is complete when its turn comes,
-// since targets stand behind it.
+// Adds the products of the losses from the first slot to the last: all formation of a source is complete when its turn
+// comes, since targets come after sources.
 template <int Blocks> LANES_INLINE void Form(Cell& cell, const Kernel_Fate& fate, const double* yield)
 {
     for (int l = 0; l < fate.Links; ++l) {
@@ -105,7 +104,7 @@ LANES_INLINE Lost Decay_Shares(const Kernel_Column& column, const Kernel_Fate& f
     return Lost_Shares(Load(fate.Rate + at) * h * acting);
 }
 
-// C after a small change of mass along the slope, after a large one anew.
+// Updates C along the slope after a small change of mass, and recomputes it after a large one.
 LANES_INLINE void Follow(const Kernel_Column& column, int at, double dz, V4 before, V4 mass, double t)
 {
     const V4 change = mass - before, c = Load(column.C + at), capacity = Load(column.G + at);
@@ -120,7 +119,7 @@ LANES_INLINE void Follow(const Kernel_Column& column, int at, double dz, V4 befo
     Store(column.G + at, large ? found.G * dz : capacity);
 }
 
-// Concentration per mass; without mass that of the linear foot.
+// Ratio of concentration to mass; without mass that of the linear foot.
 LANES_INLINE V4 Ratio(const Kernel_Column& column, int at, double dz, V4 mass)
 {
     const V4 foot = dz * (Load(column.Psi_Start + at) + Load(column.Rho_K + at) * Load(column.Limit_Power + at));

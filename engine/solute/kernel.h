@@ -13,21 +13,21 @@ struct Kernel_Column {
     double* M = nullptr; // mass, equilibrium domain
     double* W = nullptr; // mass, non-equilibrium domain
     double* C = nullptr; // concentration in solution
-    double* G = nullptr; // capacity dM/dC; the chord M/C for an exponent above 1
+    double* G = nullptr; // capacity dM/dC; the secant M/C for an exponent above 1
 
     const double* Thickness = nullptr;     // dz, one number a row
     const double* Rho_K = nullptr;         // rho K of the day
     const double* Exponent = nullptr;      // n
-    const double* Limit = nullptr;         // concentration below which sorption is linear; huge where it always is
+    const double* Limit = nullptr;         // concentration below which sorption is linear; huge if it always is
     const double* Limit_Power = nullptr;   // Limit^(n - 1)
-    const double* Psi_Start = nullptr;     // solution and vapour per concentration at the day's start
-    const double* Psi_End = nullptr;       // at its end; linear between
+    const double* Psi_Start = nullptr;     // solution and vapour per concentration at the start of the day
+    const double* Psi_End = nullptr;       // at its end; linear in between
     const double* Flux = nullptr;          // q, cm/d by interface, one number a row
     const double* Conductance = nullptr;   // Gd, cm/d by interface; 0 at the surface and at the bottom
     const double* Upwind_Weight = nullptr; // dz_i / (dz_i + dz_i+1), one number a row; 0 for the last
     const double* Doc = nullptr;           // 1 + b, one row
     const double* Escape = nullptr;        // gv Kaw, cm/d: volatilisation from compartment 0, one row
-    const double* Inflow = nullptr;        // concentration of the water that enters, one row
+    const double* Inflow = nullptr;        // concentration of the inflowing water, one row
 
     // Scratch: Lanes * (N + 1) each
     double* Sweep_C = nullptr;
@@ -36,7 +36,7 @@ struct Kernel_Column {
     double* Step_M = nullptr;
 };
 
-// Mass that one sub-step of transport moved. Rows are added to.
+// Mass moved in one transport sub-step. Values are added.
 struct Kernel_Moved {
     double* Flux = nullptr;        // by interface
     double* Volatilised = nullptr; // one row
@@ -45,11 +45,11 @@ struct Kernel_Moved {
 struct Kernel_Fate {
     // Loss and formation over one step of length h, made by Decay_Factors
     const double* Loss = nullptr;        // 1 - e^(-kh)
-    const double* Formed_Loss = nullptr; // share of what is formed during the step that is lost in it
+    const double* Formed_Loss = nullptr; // share of mass formed during the step that is lost within it
     const double* Slow_Loss = nullptr;   // of the non-equilibrium domain; null if nothing decays there
 
     // Formation: link l leads from slot Source[l] to the four slots from Block[l] * 4; its yields (ug formed per ug
-    // lost) stand at Yield[compartment * Yield_Stride + 4 l]. Links are ordered by source.
+    // lost) are at Yield[compartment * Yield_Stride + 4 l]. Links are ordered by source.
     int Links = 0;
     const int* Source = nullptr;
     const int* Block = nullptr;
@@ -62,7 +62,7 @@ struct Kernel_Fate {
 
     bool Liquid_Only = false;            // any; then Loss comes from Rate, by the share in solution
     const double* Rate = nullptr;        // k, 1/d
-    const double* Liquid = nullptr;      // 1 for slots that decay in solution alone, one row
+    const double* Liquid = nullptr;      // 1 for slots that decay only in solution, one row
     const double* Theta_Start = nullptr; // one number a row
     const double* Theta_End = nullptr;
 
@@ -74,7 +74,7 @@ struct Kernel_Fate {
     const double* K_Des = nullptr; // one row
 };
 
-// Amounts of one step of fate. Rows are added to.
+// Amounts of one step of fate. Values are added.
 struct Kernel_Fate_Sums {
     double* Formed = nullptr;
     double* Decay_Eq = nullptr;
@@ -86,16 +86,15 @@ struct Kernel_Fate_Sums {
 struct Solute_Kernel {
     const char* Name;
 
-    // C and G from M for the compartments first to last - 1; t is the time of the day, 0 to 1. C is where the search
-    // begins.
+    // Computes C and G from M for compartments [first, last); t is the time of day, 0 to 1. C is the initial guess.
     void (*Invert)(const Kernel_Column& column, int first, int last, double t);
 
-    // One sub-step of length h from t on, for the four slots from 4 * block. If may_refuse and a mass would come out
-    // below -1e-12 of the largest one: false, and nothing was changed.
+    // One transport sub-step of length h from time t, for the four slots from 4 * block. With may_refuse, returns false
+    // and changes nothing if a mass would fall below -1e-12 of the largest one.
     bool (*Transport)(const Kernel_Column& column, int block, double t, double h, bool may_refuse,
                       const Kernel_Moved& moved);
 
-    // Loss and formed loss for `count` (a multiple of 4) rates over a step of length h.
+    // Computes loss and formed loss for `count` (a multiple of 4) rates over a step of length h.
     void (*Decay_Factors)(const double* rate, int count, double h, double* loss, double* formed_loss);
 
     // One step of length h of decay, formation and uptake at time t.
@@ -115,7 +114,7 @@ struct Solute_Kernel {
 };
 
 const Solute_Kernel& Baseline_Kernel();
-const Solute_Kernel* Avx2_Kernel(); // null if it was not built or the processor lacks AVX2
+const Solute_Kernel* Avx2_Kernel(); // null if not built or not supported by the processor
 const Solute_Kernel& Best_Kernel();
 
 } // namespace orvel::engine

@@ -1,5 +1,5 @@
-// Compiled with AVX2. Nothing here may instantiate a function that another source shares, or the linker could keep the
-// one that old processors lack.
+// Compiled with AVX2. Do not instantiate functions here that other sources share: the linker could keep this copy,
+// which older processors cannot run.
 #include "engine/solute/fate_lanes.h"
 #include "engine/solute/transport_lanes.h"
 

@@ -1,4 +1,4 @@
-// The kernel that every processor runs.
+// The kernel for processors without AVX2.
 #include "engine/solute/fate_lanes.h"
 #include "engine/solute/transport_lanes.h"
 

@@ -12,8 +12,8 @@ struct Solute_State;
 
 class Solute_Column {
 public:
-    // The setup must have passed Check_Solute_Setup. The column starts clean. A kernel (kernel.h) is given by tests
-    // alone: all give the same bits.
+    // The setup must have passed Check_Solute_Setup. The column starts clean. Only tests choose a kernel (kernel.h):
+    // all give the same bits.
     explicit Solute_Column(const Solute_Setup& setup, const Solute_Kernel* kernel = nullptr);
     ~Solute_Column();
     Solute_Column(Solute_Column&&) noexcept;
@@ -29,19 +29,19 @@ public:
     int Lanes() const;
     int Slot_Of(int index) const; // -1: not in the run
     int Index_Of(int slot) const;
-    double Doc_Factor(int slot) const; // 1 + b: solution with its DOC is (1 + b) C
+    double Doc_Factor(int slot) const; // 1 + b: the concentration including DOC is (1 + b) C
 
     const double* Mass() const;                        // M, equilibrium domain, ug/cm2 [compartment * Lanes + slot]
-    const double* Slow_Mass() const;                   // W, non-equilibrium domain
-    double Plant_Mass() const;                         // active substance on the plants
-    void Concentrations(std::vector<double>& c) const; // C, ug/cm3, to full precision; leaves the state alone
+    const double* Slow_Mass() const;                   // W, non-equilibrium domain, ug/cm2 like Mass
+    double Plant_Mass() const;                         // active substance on the plants, ug/cm2
+    void Concentrations(std::vector<double>& c) const; // C, ug/cm3, to full precision; does not change the state
     Solute_Stores Stores() const;
-    bool Finite() const; // no NaN and no infinity in the state
+    bool Finite() const; // whether the state has neither NaN nor infinity
 
-    // Balance of a span: its sums, the stores at its start, the stores now.
+    // Mass balance of a span from its sums and the stores at its start and now.
     Solute_Closure Closure(const Solute_Sums& sums, const Solute_Stores& start) const;
 
-    // Sub-steps since the start, for the bench and the curious.
+    // Sub-steps since the start, for benchmarks.
     long long Sub_Steps() const;
 
 private:

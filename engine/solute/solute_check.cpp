@@ -21,7 +21,7 @@ bool Acts(const Solute_Arrow& arrow)
     return arrow.Rate > 0 || arrow.Photo_Rate > 0;
 }
 
-// The first horizon table that is needed and has not a row for each horizon.
+// The first required horizon table that lacks a row for some horizon; empty if there is none.
 std::string Missing_Table(const Solute_Setup& setup, const Solute_Substance& substance)
 {
     const auto needed = static_cast<std::size_t>(setup.Horizons);

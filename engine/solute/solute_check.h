@@ -5,13 +5,13 @@
 
 namespace orvel::engine {
 
-// One thing wrong with a setup: the number of the error line and its text.
+// A fault in a setup: number and text of the ERROR line.
 struct Solute_Fault {
     Fault Kind;
     std::string Text;
 };
 
-// What is outside its range. Empty: run it.
+// Returns every value out of range; empty if the setup may run.
 std::vector<Solute_Fault> Check_Solute_Setup(const Solute_Setup& setup);
 
 } // namespace orvel::engine

@@ -1,4 +1,4 @@
-// What happens to solutes at once: tillage, harvest, plants, extraction, erosion, applications.
+// Events that act on the solutes instantaneously: tillage, harvest, plants, extraction, erosion, applications.
 #include "engine/solute/solute_state.h"
 
 #include "engine/solute/extraction.h"
@@ -8,15 +8,12 @@
 
 namespace orvel::engine {
 
-// What happens to a column at once: tillage, harvest, the plants' day, losses by runoff, erosion and bypass,
-// applications.
-
 void Solute_State::Till(double depth, Solute_Sums& sums)
 {
     Drop_Plants(sums);
     for (int k = 0; k < Layout.Slots; ++k) {
         if (Ageing) {
-            // Age times mass is spread as mass is.
+            // Mixing conserves mass times age, like mass.
             Aligned_Row product(Layout.N);
             for (int i = 0; i < Layout.N; ++i)
                 product[i] = Age[Layout.At(i, k)] * M[Layout.At(i, k)];
@@ -39,7 +36,8 @@ void Solute_State::Drop_Plants(Solute_Sums& sums)
     sums.Flux[0] += mass;
 }
 
-// The mass arrives at the outlet when all compartments have given theirs.
+// Books the mass through the interfaces from the source to the outlet; the caller adds it to the outlet after all
+// sources.
 void Solute_State::Into_Bypass(int slot, int from, int outlet, double mass, Solute_Sums& sums)
 {
     sums.Bypass[slot] += mass;
@@ -78,7 +76,7 @@ void Solute_State::Act_On_Plants(const Solute_Day& day, Solute_Sums& sums)
         Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, 0);
 }
 
-// The ratio of concentration to mass is held while runoff, erosion and bypass take their shares one after another.
+// The ratio of concentration to mass is held constant while runoff, erosion and bypass take their shares in turn.
 void Solute_State::Extract(const Solute_Day& day, Solute_Sums& sums)
 {
     const double runoff = Setup.Runoff_Depth > 0 ? day.Runoff : 0;
@@ -114,7 +112,7 @@ void Solute_State::Extract(const Solute_Day& day, Solute_Sums& sums)
     Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, 0);
 }
 
-// Sediment (g/cm2) takes what is sorbed in the first compartment, at both kinds of sites.
+// Erosion: the sediment (g/cm2) takes sorbed substance from the first compartment, from both kinds of sites.
 void Solute_State::Erode(int slot, double sediment, double ratio, Solute_Sums& sums)
 {
     const double dz = Setup.Thickness[0], rho = Setup.Density[0];

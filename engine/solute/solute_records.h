@@ -24,7 +24,7 @@ struct Solute_Arrow {
         0; // index of the substance formed, above the source's; 0 or a substance that is not in the run: a sink
     double Rate = 0;                  // 1/d
     double Temperature = 20, Q10 = 1; // of the study
-    double Moist_Abs = 0;             // Vol%, in use if Moist_Rel is 0
+    double Moist_Abs = 0;             // vol %, used if Moist_Rel is 0
     double Moist_Rel = 100;           // % of field capacity
     double Moist_Exp = 0;
     double Neq = 0;                     // rate in the non-equilibrium domain, relative to Rate
@@ -35,12 +35,12 @@ struct Solute_Arrow {
 
 struct Solute_Substance {
     int Index = 1;                   // 1 to 9
-    std::string Name;                // for messages alone
+    std::string Name;                // only for messages
     double Molmass = 0;              // g/mol
     bool Kd_From_Koc = true;         // else the horizon tables
     double Koc = 0, Koc2 = No_Value; // L/kg, at pH and pH2
     double pH = 7, pH2 = No_Value;
-    double pKa = No_Dissociation;   // this and above, or 0 and below: no dissociation
+    double pKa = No_Dissociation;   // at or above this, or 0 and below: no dissociation
     double Freundlich_Exponent = 1; // with Koc
     double Freundlich_Limit = 0.01; // ug/L, linear below
     double Annual_Increase = 0;     // % a year
@@ -54,14 +54,14 @@ struct Solute_Substance {
     std::array<Solute_Arrow, Arrows_Of_Substance + 1> Arrows; // 1 to 5
 };
 
-// Volatilisation of the active substance; pairs belong to the two temperatures.
+// Volatilisation of the active substance; each pair belongs to the two temperatures.
 struct Solute_Volatilisation {
     bool Henry_Calculated = false;           // from molar mass, vapour pressure and solubility
     std::array<double, 2> Henry{};           // Pa m3/mol
     std::array<double, 2> Vapour_Pressure{}; // Pa
     std::array<double, 2> Solubility{};      // mg/L
     std::array<double, 2> Temperature{{20, 30}};
-    double Enthalpy = Default_Enthalpy; // J/mol, where there is one point alone
+    double Enthalpy = Default_Enthalpy; // J/mol, used if only one point is given
     double Diffusion_Air = 0;           // cm2/s at 20 degC
     double Boundary_Layer = 0;          // cm
 };
@@ -83,7 +83,7 @@ struct Solute_Setup {
     int Horizons = 0;
 
     bool Dispersion_Is_Length = true;
-    double Doc = 0;                           // mg/L, 0 if it is switched off
+    double Doc = 0;                           // mg/L, 0 if switched off
     double Runoff_Depth = 0;                  // cm, 0: no extraction by runoff
     std::vector<Solute_Substance> Substances; // ascending index, the first is 1
     Solute_Volatilisation Volatilisation;
@@ -91,14 +91,14 @@ struct Solute_Setup {
 };
 
 struct Solute_Application {
-    double Hour = 0;           // 0 to 24; outside: 0
+    double Hour = 0;           // 0 to 24; otherwise 0
     double Mass = 0;           // ug/cm2
-    double Depth = 0;          // cm, the soil's share; 0: onto the first compartment
+    double Depth = 0;          // cm, of the soil share; 0: into the first compartment
     double Plant_Share = 0;    // 0 to 1, see Plant_Fraction
-    double Poorly_Exposed = 0; // share of the plant's deposit
+    double Poorly_Exposed = 0; // share of the deposit on the plants
 };
 
-// One day, as water, crop and heat have settled it.
+// One day, as computed by water, crop and heat.
 struct Solute_Day {
     std::vector<double> Theta_Start, Theta_End; // by compartment
     std::vector<double> Flux;                   // by interface, cm/d downwards, never negative, without bypass
@@ -108,20 +108,20 @@ struct Solute_Day {
     double Radiation = 0;                       // kJ/m2 in the day
     double Cover = 0;                           // 0 to 1
     double Runoff = 0, Bypass = 0;              // cm
-    int Bypass_Outlet = -1;                     // compartment that the bypass reaches
+    int Bypass_Outlet = -1;                     // compartment that receives the bypass
     double Sediment = 0;                        // erosion x enrichment, g/cm2
     double Plant_Water = 0;                     // rain and irrigation on the crop, cm
     double Poor_Photo = 0.2, Poor_Penetration = 0.2, Poor_Volatilisation = 0.2,
            Poor_Washoff = 0.2; // of the crop, relative to well exposed
     double Tillage_Depth = 0;  // cm, 0: no tillage today
-    bool Harvest = false;      // what is on the plants goes to the first compartment
+    bool Harvest = false;      // the plant deposit goes to the first compartment
     bool Hourly = false;       // 24 segments (soil mode, day of an application)
     std::vector<Solute_Application> Applications;
 };
 
-// Amounts since the last Clear. The caller chooses the span: Step_Day adds, Add puts days into months and years.
-// A compartment's balance: change of M + W = Applied + Formed - Decay_Eq - Decay_Neq - Uptake + Flux above - Flux
-// below, for the first one also - Soil_Volatilised and - Sediment; runoff and tillage are not kept by compartment.
+// Amounts since the last Clear. The caller chooses the span: Step_Day adds, Add sums days into months and years. A
+// compartment's balance: change of M + W = Applied + Formed - Decay_Eq - Decay_Neq - Uptake + Flux above - Flux below,
+// for the first one also - Soil_Volatilised and - Sediment; runoff and tillage are not kept by compartment.
 struct Solute_Sums {
     Solute_Sums() = default;
     Solute_Sums(int compartments, int lanes);

@@ -19,7 +19,7 @@ double Time_Of(const Solute_Application& application)
     return application.Hour >= 0 && application.Hour <= 24 ? application.Hour / 24 : 0;
 }
 
-// 0, the hours of the applications, every hour if the day is hourly, 1.
+// Times of the day that bound the segments: 0, the hours of applications, every hour if the day is hourly, and 1.
 std::vector<double> Boundaries(const Solute_Day& day)
 {
     std::vector<double> times{0, 1};
@@ -121,8 +121,8 @@ void Solute_State::Run_Segment(double start, double end, const Solute_Day& day, 
     const int count = Sub_Step_Count(length, Layout.N, day.Flux.data(), Setup.Thickness.data(), day.Theta_Start.data(),
                                      day.Theta_End.data());
     const double h = length / count;
-    // Symmetric about each sub-step: fate, slow sites, transport, slow sites, fate; half steps of fate that meet are
-    // one.
+    // Symmetric splitting of each sub-step: fate, slow sites, transport, slow sites, fate; adjacent half steps of fate
+    // are merged.
     React(start, h / 2, sums);
     for (int step = 1; step <= count; ++step) {
         const double before = start + (step - 1) * h, after = start + step * h;
@@ -169,7 +169,7 @@ void Solute_State::Note_Inflow(const Solute_Sums& sums, double sign)
     }
 }
 
-// Bottom to top, so that the age above is still that of the day before.
+// Bottom to top, so that the age above is still that of the previous day.
 void Solute_State::Grow_Older()
 {
     for (int i = Layout.N - 1; i >= 0; --i) {

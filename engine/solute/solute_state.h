@@ -8,7 +8,7 @@
 
 namespace orvel::engine {
 
-// What a column keeps from day to day, and the steps of a day.
+// The state that a column keeps from day to day, and the steps of a day.
 struct Solute_State {
     Solute_State(const Solute_Setup& setup, const Solute_Kernel& kernel);
     Solute_State(const Solute_State&) = delete;
@@ -18,12 +18,12 @@ struct Solute_State {
 
     // Events at the start of the day
     void Till(double depth, Solute_Sums& sums);
-    void Drop_Plants(Solute_Sums& sums); // what is on the plants goes to the first compartment
+    void Drop_Plants(Solute_Sums& sums); // moves the plant deposit to the first compartment
     void Act_On_Plants(const Solute_Day& day, Solute_Sums& sums);
     void Extract(const Solute_Day& day, Solute_Sums& sums);
     void Erode(int slot, double sediment, double ratio, Solute_Sums& sums);
     void Into_Bypass(int slot, int from, int outlet, double mass,
-                     Solute_Sums& sums); // interface `from` lies below the source
+                     Solute_Sums& sums); // interface `from` is below the source
 
     // The day itself
     void Run_Segment(double start, double end, const Solute_Day& day, Solute_Sums& sums);
@@ -31,7 +31,7 @@ struct Solute_State {
     void React(double t, double h, Solute_Sums& sums);
     void Exchange(double t, double h);
     void Apply(const Solute_Application& application, double t, Solute_Sums& sums);
-    void Seek(int first, int last, double t); // concentrations of compartments whose mass was changed
+    void Seek(int first, int last, double t); // recomputes concentrations after a change of mass
 
     // Residence time
     void Note_Inflow(const Solute_Sums& sums, double sign);
@@ -47,13 +47,13 @@ struct Solute_State {
     Aligned_Row M, W, C, G;
     Aligned_Row Age; // mean residence time, years
     Leaf_Pools Leaf;
-    double Now = 0; // time of the day that C belongs to
+    double Now = 0; // time of day, 0 to 1, that C belongs to
     long long Steps = 0;
 
     bool Ageing = false;
-    Aligned_Row Day_In, Day_New; // of the day: through the upper interface; applied and formed
+    Aligned_Row Day_In, Day_New; // of the day: inflow through the upper interface; applied and formed
     Aligned_Row Sweep_C, Sweep_D, Step_Flux, Step_M;
-    Kernel_Column Column; // a view on all that
+    Kernel_Column Column; // a view of all this
 };
 
 } // namespace orvel::engine

@@ -5,7 +5,7 @@
 
 namespace orvel::engine {
 
-// Mass to concentration, four substances at a time. Included only by the sources of the kernels.
+// Mass to concentration, four substances at a time. Include only from the kernel sources.
 
 namespace {
 
@@ -17,10 +17,10 @@ struct Solution {
     V4 C, G; // G per thickness
 };
 
-// A lane that has arrived stands still while others go on, so that no substance's figures depend on those beside it.
+// A lane that has converged is frozen while others continue, so that no substance's result depends on its neighbours.
 
-// Newton's method for ln g(e^y) = ln u: the slope lies between n and 1 and the function is convex, so it finds the root
-// from anywhere.
+// Newton's method for ln g(e^y) = ln u: the slope is between n and 1 and the function is convex, so it converges from
+// any starting point.
 [[gnu::noinline]] V4 Search_From_Afar(V4 u, const Isotherm& s)
 {
     V4 y = Min(Log(u / s.Psi), Log(u / Max(s.Rho_K, All(1e-300))) / s.Exponent);
@@ -35,8 +35,8 @@ struct Solution {
     return Exp(y);
 }
 
-// The concentration x with psi x + rho K f(x) = u, and the slope there, from a guess. Halley's method: an error of 1e-4
-// becomes one below 1e-12.
+// The concentration x with psi x + rho K f(x) = u, and the slope there, from an initial guess. Halley's method: an
+// error of 1e-4 falls below 1e-12.
 LANES_INLINE Solution Invert_Content(V4 u, const Isotherm& s, V4 guess)
 {
     const V4 foot_slope = s.Psi + s.Rho_K * s.Limit_Power;
@@ -53,14 +53,14 @@ LANES_INLINE Solution Invert_Content(V4 u, const Isotherm& s, V4 guess)
         const V4 slope = s.Psi + s.Exponent * p;
         const V4 rest = u - (s.Psi + p) * x;
         const V4 newton = slope * slope * x;
-        // Twice Newton's step is the most that the correction may make of it.
+        // The correction may at most double Newton's step.
         const V4 step = 2.0 * rest * slope * x / Max(2.0 * newton + rest * bend * p, newton);
         x = far ? Max(x + step, s.Limit) : x;
         far &= Magnitude(step) > 1e-4 * x;
     }
     if (Any(far)) [[unlikely]]
         x = far ? Max(Search_From_Afar(Max(u, foot_slope * Min(s.Limit, All(1.0))), s), s.Limit) : x;
-    // rho K f = u - psi x at the root: no further power.
+    // rho K f = u - psi x at the root: no further power is needed.
     const V4 slope = s.Psi + Min(s.Exponent, All(1.0)) * (u / x - s.Psi);
     return {curved ? x : foot, curved ? slope : foot_slope};
 }

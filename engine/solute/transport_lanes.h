@@ -6,13 +6,13 @@
 
 namespace orvel::engine {
 
-// One sub-step of transport: limited advection from the state at its start, implicit dispersion, conservative update.
-// Included only by the sources of the kernels.
+// One transport sub-step: limited advection from the state at its start, implicit dispersion, conservative update.
+// Include only from the kernel sources.
 
 namespace {
 
-// Concentration at the lower interface of a compartment: the limiter of van Leer in the form of Sweby (1984), with
-// courant the share of the compartment's capacity that flows out.
+// Concentration at the lower interface of a compartment: van Leer's limiter in the form of Sweby (1984); courant is the
+// share of the compartment's capacity that flows out.
 LANES_INLINE V4 Face_Concentration(V4 before, V4 here, V4 next, double weight, V4 courant)
 {
     const V4 a = here - before, c = next - here;
@@ -91,8 +91,8 @@ LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, V4&
     return {Min(found.Least, mass), Max(found.Most, mass)};
 }
 
-// What rounding left below nothing is taken out of the flux to the compartment below, so that mass stays positive and
-// none is made.
+// Mass below zero after rounding is taken from the flux to the compartment below, so that mass stays positive and is
+// conserved.
 LANES_INLINE void Lift_To_Zero(const Kernel_Column& column, int b)
 {
     V4 debt = All(0.0);

@@ -12,10 +12,9 @@ namespace {
 constexpr double Solid_Density = 2.65; // g/cm3
 constexpr double Residual_Water = 0.01;
 constexpr double Carbon_To_Matter = 1.724;
-constexpr double Topsoil_Depth = 25; // cm: horizons that begin above it
+constexpr double Topsoil_Depth = 25; // cm; a horizon that begins above it is topsoil
 constexpr int Most_Compartments = 400;
 
-// One horizon in numbers.
 struct Layer {
     double Top = 0, Bottom = 0;
     double Density = 0, Water = 0, Sand = 0, Clay = 0, pH = 0, Carbon = 0, Dispersion = 0, Drainage = 0,
@@ -67,11 +66,11 @@ std::vector<Layer> Layers_Of(const Scenario_Document& scenario)
         top = layer.Bottom;
     }
     if (!layers.empty())
-        layers.back().Bottom = scenario.SZE_Core_Depth; // their sum may differ by a hundredth of a centimetre
+        layers.back().Bottom = scenario.SZE_Core_Depth; // the sum of the thicknesses may be off by 0.01 cm
     return layers;
 }
 
-// Cuts the stretch between two break points into equal parts near the target thickness for its depth.
+// Thickness to aim for, cm, in the part of the core that ends at depth `bottom` (cm).
 double Target_Thickness(double bottom)
 {
     if (bottom <= 5)

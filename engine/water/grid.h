@@ -6,23 +6,22 @@
 
 namespace orvel::engine {
 
-// The compartments of the core, counted from 0 at the top.
+// The compartments of the core, numbered from 0 at the top.
 struct Grid {
     std::vector<double> Thickness, Bottom; // cm
-    std::vector<int> Horizon;              // 1-based horizon of the compartment's middle, for the tables
+    std::vector<int> Horizon;              // 1-based horizon at the middle of the compartment, for the tables
     std::vector<double> Horizon_Share;     // [compartment * horizons + horizon]: share of the soil mass
     std::vector<double> Density, Porosity, Field_Capacity, Wilting_Point, Initial_Water;
     std::vector<double> Sand, Clay, pH, Organic_Carbon, Dispersion, Drainage, Biodegradation;
-    int Top_Layers = 0; // number of the compartment that ends nearest to 1 m, 1-based
+    int Top_Layers = 0; // 1-based number of the compartment that ends nearest to 1 m
 
     int Count() const { return static_cast<int>(Thickness.size()); }
     double Top(int i) const { return Bottom[static_cast<std::size_t>(i)] - Thickness[static_cast<std::size_t>(i)]; }
-    int
-    Compartment_At(double depth) const; // the one with top < depth <= bottom; the first for 0, the last below the core
+    int Compartment_At(double depth) const;    // top < depth <= bottom; the first for 0, the last below the core
     int Interface_Nearest(double depth) const; // 0 to Count()
 };
 
-// Properties of a horizon after the pedotransfer functions.
+// Water contents of a horizon, given or from the pedotransfer functions.
 struct Horizon_Water {
     double Field_Capacity = 0, Wilting_Point = 0; // cm3/cm3
 };
@@ -31,22 +30,23 @@ struct Horizon_Water {
 // in %.
 Horizon_Water Rawls_Functions(double sand, double clay, double organic_matter);
 
-// Woesten et al. 1999 (Geoderma 90:169), continuous functions: parameters of van Genuchten 1980 (SSSAJ 44:892),
-// residual water 0.01.
+// Woesten et al. 1999 (Geoderma 90:169), continuous functions: parameters of van Genuchten 1980 (SSSAJ 44:892), with a
+// residual water content of 0.01. Texture and organic matter in %, density in g/cm3, suction in cm, water content in
+// cm3/cm3.
 struct Van_Genuchten {
     double Saturated = 0, Alpha = 0, N = 1; // alpha in 1/cm
 };
 Van_Genuchten Woesten_Functions(double clay, double silt, double organic_matter, double density, bool topsoil);
 double Water_Content(const Van_Genuchten& curve, double suction_cm);
 
-// Porosity from the bulk density, at least 0.01 above field capacity.
+// Porosity (cm3/cm3) from the bulk density (g/cm3), at least 0.01 above field capacity.
 double Porosity(double density, double field_capacity);
 
-// Thicknesses of the compartments: equal ones, or by depth. Horizon boundaries are in cm and end with the core's depth.
+// Thicknesses of the compartments, cm: equal ones, or ones that increase with depth. The depths are in cm; the last
+// horizon ends at the core depth.
 std::vector<double> Equal_Compartments(double core_depth, int count);
 std::vector<double> Graded_Compartments(const std::vector<double>& horizon_bottoms, double core_depth);
 
-// The whole grid of a checked scenario.
 Grid Build_Grid(const Scenario_Document& scenario);
 
 } // namespace orvel::engine

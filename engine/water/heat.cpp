@@ -10,10 +10,10 @@ namespace orvel::engine {
 namespace {
 
 constexpr double Deepest = 10;             // m
-constexpr double Growth = 1.3;             // of the nodes below the core
+constexpr double Growth = 1.3;             // factor between successive nodes below the core
 constexpr double Day = 86400;              // s
 constexpr double Snow_Conductivity = 0.2;  // W/(m K)
-constexpr double Snow_Depth_Per_Water = 4; // fresh and old snow together
+constexpr double Snow_Depth_Per_Water = 4; // one value for fresh and old snow
 constexpr double Unknown_Clay = 0.2, Least_Clay = 0.02;
 constexpr double Cm = 0.01;
 

@@ -9,12 +9,12 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr double Dry_Limit = 0.5;       // evaporation dries down to this share of the wilting point
-constexpr double Readily_Share = 0.4;   // of the water that evaporation can take
-constexpr double Stress_Share = 0.5;    // of the plant available water (FAO-56, p)
+constexpr double Dry_Limit = 0.5;       // share of the wilting point that evaporation leaves
+constexpr double Readily_Share = 0.4;   // share of the evaporable water
+constexpr double Stress_Share = 0.5;    // share of the plant-available water (FAO-56, p)
 constexpr double Antecedent_Depth = 20; // cm
 
-// Length of a compartment within 0 to depth.
+// The length of compartment i that is above `depth`, cm.
 double Within(const Grid& grid, int i, double depth)
 {
     return std::clamp(depth - grid.Top(i), 0.0, grid.Thickness[static_cast<std::size_t>(i)]);
@@ -84,7 +84,7 @@ std::vector<double> Linear_Shares(const Grid& grid, double depth)
         shares[static_cast<std::size_t>(i)] = std::max(share, 0.0);
         sum += shares[static_cast<std::size_t>(i)];
     }
-    for (double& share : shares) // a zone deeper than the core
+    for (double& share : shares) // the zone may reach below the core
         share = sum > 0 ? share / sum : 0;
     return shares;
 }

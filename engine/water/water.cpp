@@ -16,7 +16,7 @@ constexpr double Usual_Evaporation_Depth = 10; // cm
 constexpr double Irrigation_Threshold = 1.5;   // cm of deficit
 constexpr int Irrigation_Interval = 7;         // days from emergence
 constexpr double Frost_Depth = 5;              // cm
-constexpr double Hectares_Per_Ton_Cm2 = 0.01;  // t/ha in g/cm2
+constexpr double Hectares_Per_Ton_Cm2 = 0.01;  // g/cm2 per t/ha
 
 } // namespace
 
@@ -86,8 +86,8 @@ double Water_Column::Potential(const Climate_Day& climate, int day_of_year, cons
            Hamon_Evapotranspiration(climate.Temperature, Day_Length(Scenario->SZE_Latitude, day_of_year));
 }
 
-// The deficit of the rooted zone, every seventh day (FOCUS groundwater scenarios as restated in EFSA 2020, J. 18:6119,
-// Table D.1).
+// Irrigation of the day, cm: the deficit of the rooted zone, every seventh day (FOCUS groundwater scenarios as restated
+// in EFSA 2020, J. 18:6119, Table D.1).
 double Water_Column::Irrigation(const Crop_State& crop) const
 {
     if (!crop.Irrigated || crop.Days_Since_Emergence == 0 || crop.Days_Since_Emergence % Irrigation_Interval != 0)

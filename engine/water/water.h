@@ -8,7 +8,7 @@
 
 namespace orvel::engine {
 
-// The day's water balance, cm.
+// The water balance of one day, cm.
 struct Water_Day {
     double Rain = 0, Snowfall = 0, Melt = 0, Irrigation = 0;
     double Canopy_Loss = 0, Throughfall = 0, Runoff = 0, Bypass = 0;
@@ -21,16 +21,17 @@ struct Water_Day {
     std::vector<double> Evaporation, Transpiration;
     double Closure = 0; // supply - losses - change of storage
 
-    double Percolate(int interface) const; // with bypass above its outlet
+    double Percolate(int interface) const; // including bypass above its outlet
     double Evapotranspiration() const;     // canopy, soil and plants
 };
 
-// The water of the column and what lies on it.
+// The water in the column, in the canopy and as snow.
 class Water_Column {
 public:
     Water_Column(const Scenario_Document& scenario, const Grid& grid, const Haude_Table& haude);
 
-    // One day; `soil_temperature` is that of the evening before. The result stays until the next call.
+    // Advances one day; `soil_temperature` (degC) is that of the evening before. The result stays valid until the next
+    // call.
     const Water_Day& Step_Day(const Climate_Day& climate, int day_of_year, const Crop_State& crop,
                               const std::vector<double>& soil_temperature);
 
@@ -59,7 +60,7 @@ private:
     Water_Day Day;
 };
 
-// Whether runoff is calculated, and the depth that it extracts substance from (cm, 0 without runoff).
+// Whether runoff is simulated, and the depth from which it extracts substance (cm, 0 without runoff).
 bool Runoff_Is_On(const Scenario_Document& scenario);
 double Runoff_Depth_Of(const Scenario_Document& scenario);
 

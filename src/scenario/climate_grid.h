@@ -12,14 +12,14 @@
 
 namespace orvel {
 
-// The grid of the climate editor: the texts of its cells are what a save writes. Texts of untouched cells are made when
-// they are asked for, so that a file of thousands of days shows at once.
+// The grid of the climate editor: a save writes the texts of its cells. Texts of untouched cells are created on demand,
+// so that a file of thousands of days opens at once.
 class Climate_Grid {
 public:
     static constexpr std::size_t Text_Columns = 4; // day, month, year, hour
     static constexpr std::size_t Columns = Text_Columns + Climate_Columns.size();
 
-    // A row without a day is not shown.
+    // Rows without a day are hidden.
     explicit Climate_Grid(const Climate_Table& table);
 
     std::size_t Rows() const { return Shown.Rows.size(); }
@@ -29,11 +29,11 @@ public:
     const std::string& Title() const { return Shown.Cli_Title; }
     void Set_Title(std::string_view title) { Shown.Cli_Title = title; }
 
-    // The numbers of a number column (0 rainfall ... 6 radiation) as the grid shows them, for the chart.
+    // The numbers of a column (0 rainfall ... 6 radiation) as the grid shows them, for the chart.
     std::vector<double> Values(std::size_t column) const;
 
-    // What is saved: dates are the first two characters of their cells, a single digit with a zero before it; a number
-    // is what its cell begins with.
+    // The table to save: dates are the first two characters of their cells, with a leading zero for a single digit; a
+    // number is the leading number of its cell.
     Climate_Table Table() const;
 
 private:
@@ -42,10 +42,10 @@ private:
     std::map<Place, std::string> Edited;
 };
 
-// The heading of a column in two lines.
+// The two-line heading of a column.
 std::string Climate_Heading(std::size_t column);
 
-// "Save": hands the grid's rows to the session, from where they are written.
+// "Save": copies the grid's rows to the session, which the writer saves.
 void Take_Over_Climate(Session& session, const Climate_Grid& grid);
 
 } // namespace orvel

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t Name_Width = 14;
 
-// Emergence, maturation, harvest, senescence, tillage.
+// The columns are emergence, maturation, harvest, senescence, tillage.
 Rotation_Row Parse_Dates(Line_In& words)
 {
     Rotation_Row dates;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* File_Check = "File check";
 constexpr const char* No_Data_Base = "Cannot open INPUT.DAT";
-constexpr int Rows_Checked_Always = 3; // below it all rows are checked
+constexpr int Rows_Checked_Always = 3; // for fewer, all rows are checked
 
 const Crop_Row* Crop_Of(const Rotation_Work& work, std::size_t row)
 {
@@ -31,8 +31,7 @@ Rotation_Row New_Row(const Rotation_Work& work, std::size_t crop)
     return row;
 }
 
-// The year that the row's crop is tilled in by the data base: there a rotation begins, whether its years count from 0
-// or from 1.
+// The tillage year of the row's crop in the database: a rotation starts there, whether years count from 0 or 1.
 int First_Tillage_Year(const Rotation_Work& work, std::size_t row)
 {
     const auto* crop = Crop_Of(work, row);

@@ -11,7 +11,7 @@ namespace {
 
 using Horizon = Scenario_Horizon;
 
-// A column edits a field that holds text or number, or a plain number.
+// A column edits either a field that holds text or a number, or a plain number.
 struct Column {
     std::string_view Heading;
     Variant Horizon::*Mixed = nullptr;
@@ -55,7 +55,7 @@ std::string Cell_Of(const Horizon& horizon, const Column& column)
     return column.Mixed ? (horizon.*column.Mixed).Text() : General_Text(horizon.*column.Number);
 }
 
-// A cell that was not touched keeps the document's number.
+// An untouched cell keeps the document's number.
 void Store(Horizon& horizon, const Column& column, const std::string& cell)
 {
     if (cell == Cell_Of(horizon, column))

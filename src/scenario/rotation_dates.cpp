@@ -19,7 +19,7 @@ struct Fields {
     std::int16_t Rotation_Row::*Day, Rotation_Row::*Month, Rotation_Row::*Year;
 };
 
-// Senescence apart, whose day and month are variants.
+// All stages except senescence, whose day and month are variants.
 Fields Fields_Of(Crop_Stage stage)
 {
     using Row = Rotation_Row;
@@ -87,7 +87,7 @@ void Raise_To(Rotation_Row& row, Crop_Stage stage, Crop_Date not_before)
 {
     Crop_Date date = Date_Of(row, stage);
     const double key = Date_Key(not_before);
-    // With two digits in day and month every year before the other date's is too early.
+    // If day and month have two digits, every year before that of the other date is too early.
     const bool regular = Is_Two_Digits(date.Day) && Is_Two_Digits(date.Month) && Is_Two_Digits(not_before.Day) &&
                          Is_Two_Digits(not_before.Month);
     if (regular && date.Year >= 0)

@@ -8,11 +8,11 @@
 
 namespace orvel {
 
-// The five dates of a rotation row. Years are counted from the scenario's start.
+// The five dates of a rotation row. Years are counted from the start of the scenario.
 
 enum class Crop_Stage { Emergence, Maturation, Harvest, Senescence, Tillage };
 
-// The stages in the order of their controls: the label, and the end of the control names (Combo1_eme day, Combo2_eme
+// The stages in the order of their controls: the label, and the suffix of the control names (Combo1_eme day, Combo2_eme
 // month, Text_eme year).
 struct Crop_Stage_Controls {
     Crop_Stage Stage;
@@ -32,15 +32,15 @@ struct Crop_Date {
 };
 
 Crop_Date Date_Of(const Rotation_Row& row, Crop_Stage stage);
-void Set_Date(Rotation_Row& row, Crop_Stage stage, Crop_Date date); // parts beyond an i16 become its end
+void Set_Date(Rotation_Row& row, Crop_Stage stage, Crop_Date date); // parts are clamped to int16
 
-// The date as a number, to be compared: year, month and day in two digits each, joined.
+// The date as a number for comparison: year, month and day, two digits each.
 double Date_Key(Crop_Date date);
 
-// Whether each part fits the two digits of the scenario file.
+// Whether all parts fit the two digits of the scenario file.
 bool Fits_Two_Digits(Crop_Date date);
 
-// Adds years until the date is not before the other one; equal dates are in order.
+// Adds years until the date is not before the other one; equal dates are accepted.
 void Raise_To(Rotation_Row& row, Crop_Stage stage, Crop_Date not_before);
 
 } // namespace orvel

@@ -23,7 +23,7 @@ double Thickness_Of(const Scenario_Document& document)
     return sum;
 }
 
-// The first date of a row that its two digits cannot hold, as the user is told of it; empty if all fit.
+// The first date of a row that does not fit two digits, as shown to the user; empty if all fit.
 std::string Date_Without_Room(const Rotation_Row& row, bool with_tillage)
 {
     for (const auto& stage : Crop_Stages) {
@@ -44,7 +44,7 @@ bool Uses_Tillage(const Scenario_Document& document)
     });
 }
 
-// The layout counts tillage over as many crops as there are rows in the rotation: a tilled crop behind them leaves its
+// The layout looks for tillage only among as many crops as there are rotation rows: a tilled crop after them leaves its
 // dates unwritten.
 void Tell_Unwritten_Tillage(const Session& session)
 {

@@ -57,7 +57,7 @@ std::optional<Refusal> Check_Horizons(const Document& document)
 {
     const double horizons = document.SZE_Horizons.Number();
     if (horizons < 1)
-        return Refuse("Value must be greater than 1", Horizons_Box); // the wording stays, for a limit of 1
+        return Refuse("Value must be greater than 1", Horizons_Box); // required text; the limit is 1
     if (horizons > Most_Horizons)
         return Refuse(Too_Many, Horizons_Box);
     if (horizons > document.SZE_Layers)
@@ -87,12 +87,11 @@ std::optional<Refusal> Check(const Document& document, std::string_view control)
     const double every = Val(Field_Text(document, control));
     if (every < 1 || every > document.SZE_Layers)
         return Refuse("Value must be between 0 and " + General_Text(document.SZE_Layers),
-                      control); // 0 is named and refused
+                      control); // the text names 0, but it is refused
     return std::nullopt;
 }
 
-// The rows of the horizons grow with their number; what a smaller number leaves out stays until the horizon grid is
-// accepted.
+// Grows the horizons to their number; a smaller number keeps the surplus until the horizon grid is accepted.
 void Make_Room(Document& document)
 {
     const double horizons = std::min<double>(document.SZE_Horizons.Number(), Most_Horizons);

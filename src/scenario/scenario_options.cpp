@@ -8,13 +8,13 @@ namespace orvel {
 
 namespace {
 
-constexpr int Macropore_Part = 2; // of the water flow flag
+constexpr int Macropore_Part = 2; // in the water flow flag
 
 struct Frequency {
     std::string_view Word, Caption;
 };
 
-// Each is followed by the one that a click switches to. The daily word has a leading blank in the file.
+// In cyclic order: a click switches to the next. The daily word has a leading blank in the file.
 constexpr std::array<Frequency, 3> Frequencies = {{{"MNTH", "Monthly"}, {"YEAR", "Yearly"}, {" DAY", "Daily"}}};
 
 constexpr std::array<Variant Scenario_Document::*, 3> Frequency_Fields = {

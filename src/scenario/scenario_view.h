@@ -10,15 +10,15 @@ namespace orvel {
 
 enum class Box { Clear, Set, Greyed };
 
-// What the scenario editor shows beside its text boxes: visibility, states of options and boxes, captions. Every
-// handler ends with it.
+// What the scenario editor shows besides its text boxes: visibility, states of options and boxes, captions. Every
+// handler ends by applying it.
 struct Scenario_View {
-    int Compartments = 0;                        // Button_Delxflg that is on
+    int Compartments = 0;                        // the selected Button_Delxflg
     bool Layers_Visible = false;                 // Text_num, Label2 and their labels: with constant compartments
     std::string Thickness;                       // Label2
-    int Dispersion = 0;                          // Dispersion that is on
+    int Dispersion = 0;                          // the selected Dispersion
     int Hydraulics = 0;                          // 0 Option1_th, 1 Option2_th, 2 Option3_th
-    int Drainage = 0;                            // Wasserfluss that is on
+    int Drainage = 0;                            // the selected Wasserfluss
     std::array<Box, 2> Processes{};              // schnelle_Prozesse: runoff (greyed with erosion), macropore flow
     std::array<bool, 2> Process_Depth_Visible{}; // schnelle_Prozesse_Tiefe and L_Schneller_Prozess
     bool Macropore_Button_Visible = false;       // Command_macro

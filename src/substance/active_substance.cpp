@@ -15,7 +15,7 @@ std::optional<Refusal> Check_Substance(const Substance_Entry& entry)
     if (Val(entry.Text_mol) <= 0)
         return Refusal{{"Data check", "Molmass must be greater than 0"}, "Text_mol"};
     if (Val(entry.Text_nhor) < 0)
-        return Refusal{{"Data check", "Number of horizons must be greater than 0"}, "Text_nhor"}; // yet 0 passes
+        return Refusal{{"Data check", "Number of horizons must be greater than 0"}, "Text_nhor"}; // 0 is accepted
     return std::nullopt;
 }
 

@@ -10,7 +10,7 @@
 
 namespace orvel {
 
-// The form of the active substance apart from its applications, which are stored as they are edited.
+// The form of the active substance without its applications, which are stored as they are edited.
 struct Active_Entry {
     Substance_Entry Substance;
     std::string Text_comment;
@@ -22,12 +22,12 @@ struct Active_Entry {
     bool operator==(const Active_Entry&) const = default;
 };
 
-// What the form shows when it opens, a calculated Henry constant included.
+// What the form shows on opening, including a calculated Henry constant.
 Active_Entry Load_Active(const Pesticide_Document& document);
 
-// "Done": fills the second point of the entry's volatilisation, checks molar mass and number of horizons, stores all,
-// takes the names of the visible list and checks the sequence of the applications. On a refusal the form stays open;
-// the document counts as changed in any case.
+// "Done": fills in the second volatilisation point of the entry, checks the molar mass and the number of horizons,
+// stores the entry and the names of the visible list, and checks the sequence of the applications. On a refusal the
+// form stays open; the document is marked as changed in any case.
 std::optional<Refusal> Accept_Active(Pesticide_Edit edit, Active_Entry& entry, const Location_Lists& lists);
 
 } // namespace orvel

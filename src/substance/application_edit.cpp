@@ -11,7 +11,7 @@ namespace orvel {
 namespace {
 
 constexpr int First_Day = -365, Last_Day = 365;
-constexpr int Reference_Location = 1; // whose count tells the applications a year of a reference point
+constexpr int Reference_Location = 1; // its count gives the applications per year of a reference point
 
 int Current_Location(const Editor_State& editor)
 {
@@ -23,14 +23,14 @@ int Cycles(const Editor_State& editor)
     return editor.App_Pattern == 0 ? 1 : std::max<int>(editor.App_Cycles, 1);
 }
 
-// Applications a year by the count of a location, rounded as an i16 is.
+// Applications per year from the count of a location, rounded half to even.
 int Per_Year(const Pesticide_Edit& edit, int location)
 {
     return static_cast<int>(
         std::nearbyint(static_cast<double>(Applications_Of(edit.Document, location)) / Cycles(edit.Editor)));
 }
 
-// The position shown in each year: k x n + App_Current.
+// Stores at the position shown in each year: k x n + App_Current.
 template <class Store> void For_All_Years(const Editor_State& editor, int per_year, Store store)
 {
     for (int k = 0; k < Cycles(editor); ++k) {

@@ -32,7 +32,7 @@ int Location_Of(const Editor_State& editor)
     return std::clamp<int>(editor.App_Current_Location, 0, Last_Location);
 }
 
-// Whether a whole number may stand in a cell so far; true for the columns of other numbers.
+// Whether the text typed so far can be a whole number within bounds; always true in columns of decimals.
 bool Is_Within_Bounds(int column, std::string_view text)
 {
     const auto whole = std::ranges::find(Whole_Columns, column, &Bound::Column);

@@ -11,7 +11,7 @@
 
 namespace orvel {
 
-// The grid of single applications: every application of the location under edit is a row, whatever its year.
+// The grid of single applications: one row per application of the location under edit, whatever its year.
 
 constexpr int Grid_Columns = 8;
 struct Grid_Column {
@@ -19,40 +19,39 @@ struct Grid_Column {
                          Depth_Or_Interception = 6, Fraction = 7;
 };
 
-// Cells by column; column 0 is the row's title. The header row is apart.
+// Cells by column; column 0 is the title of the row. The header row is separate.
 using Application_Row = std::array<std::string, Grid_Columns>;
 using Application_Grid = std::vector<Application_Row>;
 
 // Column 6 is the depth of a soil application and the interception of any other.
 std::array<std::string_view, Grid_Columns> Application_Grid_Headers(Application_Method method);
 
-// As many rows as Text_naps says; rows beyond the stored applications are empty but for their title.
+// As many rows as Text_naps says; rows beyond the stored applications are empty except for the title.
 Application_Grid Load_Application_Grid(const Pesticide_Document& document, const Editor_State& editor,
                                        std::string_view text_naps, Application_Method method);
 
-// The cell after a key, for keys as grids have them: Key_Delete clears it, and a key is not taken that would make a day
-// exceed 31, a month 12 or a year 9999. Day, month, year and hour take digits only.
+// The cell after a key press: Key_Delete clears it, and a key that would make a day exceed 31, a month 12 or a year
+// 9999 is ignored. Day, month, year and hour accept digits only.
 std::string Application_Cell_After_Key(std::string cell, int column, int key_code);
 
-// Whether a cell takes a text that comes in one piece: empty, or a number from end to end within the bounds of the
-// keys.
+// Whether a cell accepts pasted text: empty, or entirely a number within the bounds of Application_Cell_After_Key.
 bool Application_Cell_Takes(int column, std::string_view text);
 
-// "Same Fractions for all applications": that of the first row.
+// "Same Fractions for all applications": copies that of the first row.
 void Same_Fractions(Application_Grid& grid);
 
-// What is wrong with a grid, and the cell to go back to.
+// What is wrong with a grid, and the cell to return to.
 struct Grid_Refusal {
     Message Text;
     int Row = 0, Column = 0;
     bool operator==(const Grid_Refusal&) const = default;
 };
 
-// Every application has a day, month, year and rate, and lies behind the one before it.
+// Every application needs a day, month, year and rate, and must come after the one before it. Nothing if all is well.
 std::optional<Grid_Refusal> Check_Application_Grid(const Application_Grid& grid);
 
-// "OK": checks, stores all rows in the location under edit, marks the document as changed, and finds the location's
-// pattern.
+// "OK": checks the grid, stores all rows at the location under edit, marks the document as changed and determines the
+// location's pattern.
 std::optional<Grid_Refusal> Accept_Application_Grid(Pesticide_Edit edit, const Application_Grid& grid,
                                                     Application_Method method);
 

@@ -6,8 +6,7 @@
 
 namespace orvel {
 
-// The applications of a location that can be walked over: its count without decimals, within the slots there are. A
-// text counts as its number.
+// The number of applications of a location: its count truncated and limited to the slots. A text counts as its number.
 inline int Applications_Of(const Pesticide_Document& document, int location)
 {
     return static_cast<int>(std::clamp(document.App_Count.at(static_cast<std::size_t>(location)).Number(), 0.0,

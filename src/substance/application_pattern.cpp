@@ -10,7 +10,7 @@ namespace {
 
 constexpr int Fewest_Regular = 22;
 
-// What two applications of a pattern must share.
+// What applications of a pattern must have in common.
 struct Shared_Part {
     int Day, Month;
     double Rate, Depth;

@@ -36,7 +36,7 @@ bool In_Sequence(const Relative_Application& before, const Relative_Application&
     return before.Abs9_Month != application.Abs9_Month || Day_Of_Simulation(application) > Day_Of_Simulation(before);
 }
 
-// The first application that is not behind the one before it, 0 if all are.
+// The first application not later than its predecessor, 0 if there is none.
 template <class List> int First_Out_Of_Sequence(const List& list, int count)
 {
     for (int a = 2; a <= count; ++a) {
@@ -46,7 +46,7 @@ template <class List> int First_Out_Of_Sequence(const List& list, int count)
     return 0;
 }
 
-// The application of the year that the form shows for an error at a.
+// Selects application a of the location, as its position in the year.
 void Show_Application(Pesticide_Edit edit, int location, int a)
 {
     auto& editor = edit.Editor;

@@ -11,7 +11,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Most_At_First_Choice = 10; // of an irregular list of which no year is known
+constexpr int Most_At_First_Choice = 10; // for an irregular list without a known year
 constexpr int Last_Common_Day = 28;      // every month has it
 
 bool Is_Relative(const Pesticide_Document& document)
@@ -24,7 +24,7 @@ int Location_Of(const Editor_State& editor)
     return std::clamp<int>(editor.App_Current_Location, 0, Last_Location);
 }
 
-// A year's applications without hour and fraction, which stay where they stand.
+// Copies an application except its hour and poorly exposed fraction, which keep their values.
 void Copy_Absolute(Application& to, const Application& from)
 {
     to.App_Day = from.App_Day;
@@ -44,8 +44,7 @@ template <class List, class Copy> void Repeat(List& list, int per_year, int patt
     }
 }
 
-// One application on 1 January, and the crop stage itself. Of the reference points it is that of slot 0 that is put
-// back.
+// One application on 1 January, and the crop stage itself. Only the reference point of slot 0 is reset.
 void Begin_List(Pesticide_Edit edit, int location)
 {
     auto& document = edit.Document;
@@ -58,8 +57,8 @@ void Begin_List(Pesticide_Edit edit, int location)
     document.Relative[0].Abs9_Month = 0;
 }
 
-// The applications of the first year as far as it is known: those of an irregular list that was never regular, at most
-// 10; 0 of an empty one.
+// The number of applications of the first year as far as it is known: at most 10 for a list that was never regular, 0
+// for an empty one.
 int Known_Year(const Pesticide_Edit& edit, int location)
 {
     const int count = Applications_Of(edit.Document, location);

@@ -2,9 +2,9 @@
 
 namespace orvel {
 
-// Days of a year without leap days.
+// The calendar of a year without leap days.
 
-// The day of year of a date; for a month that is none, the day itself.
+// The day of the year, 1 to 365, of a date; for an invalid month the day itself.
 int Day_Of_Year(int day, int month);
 
 struct Calendar_Day {
@@ -12,7 +12,7 @@ struct Calendar_Day {
     bool operator==(const Calendar_Day&) const = default;
 };
 
-// The date of a day of year; a day beyond the 365th counts on from January.
+// The date of a day of the year; days after the 365th continue in January.
 Calendar_Day Datum_Im_Jahr(int day_of_year);
 
 } // namespace orvel

@@ -9,10 +9,10 @@
 
 namespace orvel {
 
-// The grid of the depth dependent values of one substance: a row a horizon, with Kf, Freundlich exponent and a factor
-// on each of the substance's transformations.
+// The grid of depth-dependent values of one substance: one row per horizon, with Kf, Freundlich exponent and a factor
+// for each transformation of the substance.
 
-// A target of a substance, and the index of its factor: the column of the arrow table, so that D1 has 2 and 4 and D2
+// A target of a substance, and the index of its factor: the column in the arrow table, so that D1 has 2 and 4 and D2
 // has 2.
 struct Target_Column {
     std::string_view Header;
@@ -23,7 +23,7 @@ std::span<const Target_Column> Target_Columns(int i);
 // The header row. The exponent's header is indented in the form of the active substance.
 std::vector<std::string> Depth_Grid_Headers(int i);
 
-// Cells without header row and title column: Kf, exponent, factors.
+// Cells without the header row and title column: Kf, exponent, factors.
 struct Depth_Grid {
     std::vector<std::vector<std::string>> Rows;
     // Set by Default_From_First_Target: the factor of each horizon that all transformations of all substances take on
@@ -34,14 +34,14 @@ struct Depth_Grid {
 
 std::string Horizon_Title(std::size_t row); // "Horizon 1" for row 0
 
-// The grid of substance i with as many rows as the substance form asks for; rows beyond the stored ones stay empty.
+// The grid of substance i with as many rows as the substance form asks for; rows beyond the stored ones are empty.
 Depth_Grid Load_Depth_Grid(const Pesticide_Document& document, int i, int rows);
 
-// "Trans.Factors from AS to MET A1 as Default", for the active substance only: the first target's factors for all other
-// targets.
+// "Trans.Factors from AS to MET A1 as Default", only for the active substance: copies the factors of the first target
+// to all other targets.
 void Default_From_First_Target(Depth_Grid& grid);
 
-// Stores the grid and its number of rows; the table grows and keeps what it holds. An empty cell is 0.
+// Stores the grid and its number of rows; the table grows and keeps its contents. An empty cell is 0.
 void Accept_Depth_Grid(Pesticide_Document& document, int i, const Depth_Grid& grid);
 
 } // namespace orvel

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int Fewest_Decimals = 1;
 
-// ln 2 or ln 10 over a rate or a half-life; 0 where the quotient leaves the range of a number.
+// The logarithm divided by a rate or half-life; 0 if the quotient is not finite.
 double Over(double logarithm, double value)
 {
     const double quotient = logarithm / value;
@@ -22,7 +22,7 @@ std::string Half_Life_Text(double days)
     return Format_Pattern(days, "0.0");
 }
 
-// Six decimals without their trailing zeros, the first one apart.
+// Six decimals without trailing zeros, but at least one decimal.
 std::string Rate_Text(double rate)
 {
     auto text = Format_Pattern(rate, "0.000000");

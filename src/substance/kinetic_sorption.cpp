@@ -12,10 +12,10 @@ Refusal Wrong_Input(std::string text, std::string control)
     return {{"Wrong input parameter selection", std::move(text)}, std::move(control)};
 }
 
-constexpr std::string_view Below_Zero = "This fraction cannot be smaller than 0."; // told of the rate too
+constexpr std::string_view Below_Zero = "This fraction cannot be smaller than 0."; // also for the rate
 constexpr std::string_view Fraction_Control = "s_f_neq", Rate_Control = "s_kdes";
 
-// The largest number in place of one beyond the range, which no field can show.
+// The quotient, or the largest finite number if it overflows, which no field can show.
 double Over(double dividend, double divisor)
 {
     const double quotient = dividend / divisor;

@@ -28,7 +28,7 @@ struct Kinetic_Captions {
     bool operator==(const Kinetic_Captions&) const = default;
 };
 
-// The captions until the first change of the option, and those of a model.
+// The captions before the option first changes, and those of a model.
 constexpr Kinetic_Captions Designed_Kinetic_Captions = {"Fraction  of non-eq sites to eq-sites",
                                                         "Desorption rate (1/d):"};
 Kinetic_Captions Captions_Of(Kinetic_Model model);
@@ -36,19 +36,19 @@ Kinetic_Captions Captions_Of(Kinetic_Model model);
 // The form always opens in the PEARL notation.
 Kinetic_Entry Load_Kinetic(const Pesticide_Document& document, int i);
 
-// On leaving s_f_neq and s_kdes: a fraction or rate below 0 is refused, and a STRECK fraction of 0.
+// On leaving s_f_neq or s_kdes: refuses a fraction or rate below 0, and a STRECK fraction of 0.
 std::optional<Refusal> Check_Kinetic_Fraction(const Kinetic_Entry& entry);
 std::optional<Refusal> Check_Kinetic_Rate(const Kinetic_Entry& entry);
 
-// Turns the entry into the other notation; nothing changes if it is in it. A STRECK fraction of 1 leaves both texts as
-// they are, whose meaning so changes silently. What is refused on leaving is refused here too.
+// Converts the entry to the given notation. A STRECK fraction of 1 leaves both texts unconverted, so that their meaning
+// changes silently. Refuses what Check_Kinetic_* refuses.
 std::optional<Refusal> Choose_Kinetic_Model(Kinetic_Entry& entry, Kinetic_Model model);
 
-// Stores the PEARL values; at a STRECK fraction of 1 the stored rate stays. Refuses what the fields refuse on leaving,
-// and a STRECK fraction above 1, whose PEARL fraction is below 0.
+// Stores the PEARL values; for a STRECK fraction of 1 the stored rate is kept. Refuses what Check_Kinetic_* refuses,
+// and a STRECK fraction above 1, whose PEARL fraction is negative.
 std::optional<Refusal> Accept_Kinetic(Pesticide_Document& document, int i, const Kinetic_Entry& entry);
 
-// The substance form's note "kin. Sorption".
+// Whether the substance form shows the note "kin. Sorption".
 bool Shows_Kinetic_Note(const Pesticide_Document& document, int i);
 
 } // namespace orvel

@@ -8,7 +8,7 @@ namespace orvel {
 
 namespace {
 
-constexpr std::size_t Leaching_Locations = 9; // of the table of all locations; the soil zones follow
+constexpr std::size_t Leaching_Locations = 9; // in the table of all locations; the soil zones follow
 
 std::vector<std::string> Names_Of(std::size_t first, std::size_t last)
 {
@@ -30,8 +30,8 @@ void Copy_Location(Pesticide_Edit edit, std::size_t to, std::size_t from)
     edit.Document.Applications[to] = edit.Document.Applications[from];
 }
 
-// A location without a name has the applications of a new document, so that a later one does not meet those of the
-// removed.
+// A location without a name gets the applications of a new document, so that a later one does not inherit those of the
+// removed one.
 void Empty_Location(Pesticide_Edit edit, std::size_t location)
 {
     static const Pesticide_Document fresh = [] {

@@ -10,7 +10,7 @@ namespace orvel {
 
 namespace {
 
-// The blocks 1 to 9 by the place they get: those of the visible kind, then the other kind, then those without a name.
+// The blocks 1 to 9 in their new order: those of the visible kind, then the other kind, then those without a name.
 std::vector<int> Block_Order(const Pesticide_Document& document, bool efsa)
 {
     std::vector<int> blocks;
@@ -88,7 +88,7 @@ int Take_Chosen_Locations(Pesticide_Edit edit, Location_Lists& lists, bool efsa,
 {
     auto& list = efsa ? lists.Standort_EFSA : lists.Standort;
     const auto before = lists.Visible();
-    // The blocks belong to the visible list: an entry of the other one goes without them.
+    // The blocks belong to the visible list: an entry of the other one is dropped without them.
     if (lists.EFSA_Visible != efsa)
         std::erase_if(list, [&](const std::string& name) { return Holds(offered, name) && !Holds(selected, name); });
     const bool grows = std::ranges::any_of(selected, [&](const std::string& name) { return !Holds(list, name); });

@@ -10,7 +10,7 @@ constexpr int A1 = 2, B1 = 3, C1 = 4, D1 = 5, A2 = 6, B2 = 7, C2 = 8, D2 = 9;
 constexpr int Sink = 0;
 constexpr int Arrows_Of_The_Active_Substance = 5;
 
-// By the number of the arrow; 0 is not in use.
+// Indexed by arrow number; 0 is unused.
 constexpr std::array<Arrow, Last_Transformation + 1> Arrows = {{
     {},
     {1, 1, A1, "AS to MET A1"},
@@ -48,7 +48,7 @@ bool Has_Rate(const Pesticide_Document& document, std::size_t t)
 {
     const auto& arrow = Arrows[t];
     const auto& row = document.Degradation[static_cast<std::size_t>(arrow.Source)][static_cast<std::size_t>(arrow.Row)];
-    // Photodegradation alone keeps an arrow of the active substance.
+    // For the active substance, photodegradation alone keeps an arrow.
     return row.Deg_Rate.Number() != 0 || (t <= Arrows_Of_The_Active_Substance && document.Photo_Rate[t] != 0);
 }
 
@@ -61,7 +61,7 @@ const Arrow& Arrow_Of(int t)
 
 void Update_Pathway(Pesticide_Document& document)
 {
-    // Arrows stand in the order of their sources, and every substance is formed by ones before it: one pass decides.
+    // Arrows are ordered by source, and every substance is formed by earlier ones: one pass suffices.
     document.Met_Present.fill(false);
     document.Met_Present[1] = true;
     document.Trans_Active.fill(false);

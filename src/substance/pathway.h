@@ -6,7 +6,7 @@
 
 namespace orvel {
 
-// The degradation scheme: an arrow t leads from its source substance (row i) by a row j of the transformation table to
+// The degradation scheme: arrow t leads from its source substance (row i) through row j of the transformation table to
 // a target.
 struct Arrow {
     int Source = 0;         // substance i, 1 to 9

@@ -9,7 +9,7 @@ namespace orvel {
 
 void New_PSM(Session& session)
 {
-    session.Pesticide = Pesticide_Document(); // nothing of the document before stays
+    session.Pesticide = Pesticide_Document(); // nothing remains of the previous document
     Reset_PSM(session.Pesticide);
     Update_Pathway(session.Pesticide);
     session.Program.PSM_File = "*.psm";

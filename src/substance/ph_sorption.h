@@ -6,8 +6,8 @@
 
 namespace orvel {
 
-// Sorption of a substance that dissociates: its pKa and one or two pairs of Koc and pH. A pKa of 20 means that it does
-// not dissociate, a second pH of -99 that there is one pair only. Texts as typed.
+// Sorption of a dissociating substance: its pKa and one or two pairs of Koc and pH. A pKa of 20 means no dissociation,
+// a second pH of -99 means there is only one pair. Texts are as typed.
 
 struct PH_Entry {
     std::string s_KOC, s_pH;   // L/kg, the first pair
@@ -23,16 +23,16 @@ struct PH_View {
     bool operator==(const PH_View&) const = default;
 };
 
-// What the form shows for substance i; text_koc0 is the text of the substance form's field of the Koc.
+// What the form shows for substance i; text_koc0 is the Koc text of the substance form.
 PH_Entry Load_PH(const Pesticide_Document& document, int i, const std::string& text_koc0);
 
-// What is visible: no pH for a pKa of 20 or 0, no second pair with a single pH.
+// What is visible: no pH for a pKa of 20 or 0, and no second pair with a single pH.
 PH_View View_Of_PH(const PH_Entry& entry);
 
-// Stores all five as numbers, -99 as the second pH with a single pH; the substance form's field shows the Koc again.
+// Stores all five numbers, with -99 as the second pH for a single pH, and writes the Koc back to text_koc0.
 void Accept_PH(Pesticide_Document& document, int i, const PH_Entry& entry, std::string& text_koc0);
 
-// The substance form's note "pH dependent Sorption considered!": for every pKa below 20, 0 too.
+// Whether the substance form shows "pH dependent Sorption considered!": for every pKa below 20, even 0.
 bool Shows_PH_Note(const Pesticide_Document& document, int i);
 
 } // namespace orvel

@@ -9,7 +9,7 @@
 
 namespace orvel {
 
-// The fate of the substance on the plant surface, as typed.
+// The fate of the substance on the plant surface. Texts are as typed.
 struct Plant_Entry {
     std::string S_plt_dk;      // decay rate, 1/d
     std::string S_plt_washoff; // 1/cm
@@ -17,7 +17,7 @@ struct Plant_Entry {
     std::string S_plt_penet;   // 1/d
     std::string S_plt_photo;   // 1/d at reference conditions
     std::string S_RefRad;      // W/m2
-    std::string S_dlam;        // laminar layer, cm
+    std::string S_dlam;        // thickness of the laminar layer, cm
     std::string S_Hv;          // enthalpy of volatilisation, J/mol
     bool operator==(const Plant_Entry&) const = default;
 };
@@ -27,10 +27,10 @@ extern const std::array<Entry_Field<Plant_Entry, Pesticide_Document>, 8> Plant_F
 
 Plant_Entry Load_Plant(const Pesticide_Document& document);
 
-// "OK": stores all and marks the document as changed.
+// "OK": stores everything and marks the document as changed.
 void Accept_Plant(Pesticide_Edit edit, const Plant_Entry& entry);
 
-// S_plt_filtr and its label show for exponential interception only.
+// S_plt_filtr and its label are shown for exponential interception only.
 bool Shows_Filtration(Application_Method method);
 
 } // namespace orvel

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int Individual = 2;
 
-// The typed number of horizons as the document keeps it: the text itself while it is a whole number that the table can
+// The typed number of horizons as stored in the document: the text itself if it is a whole number that the table can
 // have.
 Variant Horizons_Variant(const Substance_Entry& entry)
 {

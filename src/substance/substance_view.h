@@ -6,8 +6,8 @@
 
 namespace orvel {
 
-// What is visible and enabled in the forms of a substance, from the entry alone: the form applies it whole after every
-// click.
+// What is visible and enabled in the substance forms, derived from the entry alone; the form applies all of it after
+// every click.
 
 // Sorption and depth dependence, in both forms.
 struct Sorption_View {
@@ -19,8 +19,8 @@ struct Sorption_View {
 };
 Sorption_View View_Of_Sorption(const Substance_Entry& entry);
 
-// Volatilisation and the way to the plant surface, in the form of the active substance. What the kind of application
-// shows of depth and interception stands in the Application_View.
+// Volatilisation and the button to the plant surface, in the form of the active substance. Depth and interception by
+// the kind of application are in Application_View.
 struct Volatilisation_View {
     bool Henry_Visible = false;      // Label_vol_0, Text_vol0
     bool Vap_Press_Visible = false;  // Label_vol_1, Text_vol1: not for a direct Henry constant of a soil application
@@ -30,7 +30,7 @@ struct Volatilisation_View {
 };
 Volatilisation_View View_Of_Volatilisation(const Active_Entry& entry);
 
-// The notes of both forms, by the document. "Moisture dependent Sorption considered!" is the metabolite form's alone.
+// The notes of both forms, from the document. Only the metabolite form has "Moisture dependent Sorption considered!".
 struct Sorption_Notes {
     bool label_pH = false, Label_kinSorp = false, Label_Sorption = false;
     bool operator==(const Sorption_Notes&) const = default;

@@ -8,8 +8,8 @@
 
 namespace orvel {
 
-// One arrow of the scheme under edit. No field is refused: a text that is no number is 0. Nothing binds the rates of a
-// substance to each other: its loss splits over its arrows by their rates.
+// One arrow of the scheme under edit. No field is refused: a text that is not a number counts as 0. The rates of a
+// substance are independent: its loss is split over its arrows in proportion to their rates.
 struct Transformation_Entry {
     Rate_Texts Soil;                 // Text1, Text2, Text3
     Rate_Texts Photolysis;           // Text10, Text11, Text12
@@ -18,8 +18,8 @@ struct Transformation_Entry {
     bool operator==(const Transformation_Entry&) const = default;
 };
 
-// What the form of arrow t, 1 to 29, shows: the rate is the field to type in, a temperature of 0 shows as 20, and a
-// relative moisture of 0 means that the absolute one counts.
+// What the form of arrow t, 1 to 29, shows: the rate is the editable field, a temperature of 0 shows as 20, and a
+// relative moisture of 0 means the absolute one applies.
 Transformation_Entry Load_Transformation(const Pesticide_Document& document, int t);
 
 // Stores the entry at the arrow of Transformation_Index, marks the document as changed and derives the pathway anew. A

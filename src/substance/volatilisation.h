@@ -7,9 +7,9 @@
 
 namespace orvel {
 
-// Volatilisation of the active substance at two temperatures: the form's own copy, which reaches the document on "Done"
-// only. The form puts what is typed into the copy and shows Henry constant and vapour pressure as scientific text, so
-// that a value that was not typed keeps all its digits.
+// Volatilisation of the active substance at two temperatures: the form's own copy, which reaches the document only on
+// "Done". The form writes only typed texts into the copy and shows the Henry constant and vapour pressure in scientific
+// notation, so that values not typed keep all their digits.
 struct Volatilisation {
     std::array<double, 2> Volat_Temp{}; // degrees Celsius
     std::array<double, 2> Henry{};      // J/mol
@@ -21,20 +21,19 @@ struct Volatilisation {
 Volatilisation Load_Volatilisation(const Pesticide_Document& document);
 void Store_Volatilisation(Pesticide_Document& document, const Volatilisation& pairs);
 
-// After load: a Henry constant that is missing and not given directly is molar mass (g/mol) times vapour pressure over
-// solubility (Schwarzenbach et al., Environmental Organic Chemistry, 1993).
+// Fills in Henry constants (J/mol) that are missing and not given directly: molar mass (g/mol) times vapour pressure
+// over solubility (Schwarzenbach et al., Environmental Organic Chemistry, 1993).
 void Calculate_Henry(Volatilisation& pairs, double molmass, bool henry_direct);
 
-// A substance without a solubility at one of the temperatures opens with a direct Henry constant.
+// Whether the solubility is missing at one of the temperatures, so that the form opens with a direct Henry constant.
 bool Needs_Direct_Henry(const Volatilisation& pairs);
 
-// Gives a substance that is known at one temperature a second point 10 degrees higher: vapour pressure times 4,
-// solubility and Henry constant times
-// 2. For a calculated constant the solubility alone decides whether the second point is missing. Two equal temperatures
-// part by 10 degrees.
+// Adds a second point 10 degrees higher for a substance known at one temperature: vapour pressure times 4, solubility
+// and Henry constant times 2. For a calculated constant the solubility alone decides whether the second point is
+// missing. Two equal temperatures are separated by 10 degrees.
 void Fill_Second_Point(Volatilisation& pairs, bool henry_direct);
 
-// 0.00E+00
+// The value as 0.00E+00.
 std::string Scientific_Text(double value);
 
 } // namespace orvel

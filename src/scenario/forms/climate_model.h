@@ -5,7 +5,7 @@
 
 namespace orvel {
 
-// The climate grid for a table view: a cell's text is made when it comes into view.
+// The climate grid for a table view: cell texts are created when they come into view.
 class Climate_Model : public Grid_Model {
     Q_OBJECT
 

@@ -221,7 +221,7 @@ void Form_DifCrop::Defaults()
     Show_Crop();
 }
 
-// A value out of its range is told once, when its box is left after an edit, and stays. False: it was told.
+// A value out of range is reported once, when its box is left after an edit, and kept. False: it was reported.
 bool Form_DifCrop::Leave(Number_Edit& box)
 {
     const auto refusal = Check_Crop_Text(Bytes_Of(box.objectName()), box.Typed());
@@ -232,7 +232,7 @@ bool Form_DifCrop::Leave(Number_Edit& box)
     return false;
 }
 
-// A box under edit is left first: the return key does not take the focus away.
+// Accepts a box under edit first: Return does not move the focus away from it.
 void Form_DifCrop::Done()
 {
     auto* box = qobject_cast<Number_Edit*>(focusWidget());

@@ -17,8 +17,8 @@ namespace orvel {
 class Leave_Guard;
 class Number_Edit;
 
-// The properties of the crops of a rotation. Accepted, they are in `work`; a changed tillage flag has cost the rotation
-// then.
+// The properties of the crops of a rotation. On acceptance they are in `work`, where a changed tillage flag has removed
+// the rotation.
 class Form_DifCrop : public QDialog {
     Q_OBJECT
 

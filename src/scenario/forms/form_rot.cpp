@@ -98,7 +98,7 @@ QGroupBox* Form_rot::Dates()
         auto& boxes = Boxes[i];
         boxes = {Day_Box("Combo1_" + suffix, label + ", day"), Month_Box("Combo2_" + suffix, label + ", month"),
                  Named(new Number_Edit, "Text_" + suffix)};
-        boxes.Day->setCompleter(nullptr); // "1" is the first, not the beginning of the tenth
+        boxes.Day->setCompleter(nullptr); // "1" must not complete to 10
         boxes.Day->setInsertPolicy(QComboBox::NoInsert);
         boxes.Year->setAccessibleName(label + ", year");
         boxes.Year->setMinimumWidth(fontMetrics().averageCharWidth() * Year_Width);
@@ -196,7 +196,7 @@ void Form_rot::Change_Crops()
         Show_Rotation(Work.Rows.empty() ? std::nullopt : Selected_Row());
 }
 
-// A date under edit is left first: the return key does not take the focus away.
+// Accepts a date under edit first: Return does not move the focus away from it.
 void Form_rot::Done()
 {
     if (focusWidget() && focusWidget()->parentWidget() == Croping_Dates)

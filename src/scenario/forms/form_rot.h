@@ -16,15 +16,15 @@ namespace orvel {
 class Leave_Guard;
 class Number_Edit;
 
-// The crop rotation: the data base's crops on the left, the rows of the rotation with their dates on the right. The
-// years of a rotation that is out of order move forward when a date is left.
+// The crop rotation: the crops of the database on the left, the rows of the rotation with their dates on the right.
+// Leaving a date moves a rotation that is out of order forward in years.
 class Form_rot : public QDialog {
     Q_OBJECT
 
 public:
-    // `directory` is that of the crop data base.
+    // `directory` contains the crop database.
     Form_rot(Session& session, const std::filesystem::path& directory, QWidget* parent = nullptr);
-    ~Form_rot() override { hide(); } // a box that is left by closing still finds the rotation
+    ~Form_rot() override { hide(); } // a box left by closing the form still needs the rotation
 
 private:
     struct Date_Boxes {

@@ -19,7 +19,7 @@ std::vector<Number_Column> Columns_Of(const Horizon_Grid& grid)
 {
     std::vector<Number_Column> columns;
     for (const auto& heading : grid.Headings)
-        columns.push_back({heading, !columns.empty()}); // the first column holds the titles
+        columns.push_back({heading, !columns.empty()}); // the first column has the titles
     return columns;
 }
 

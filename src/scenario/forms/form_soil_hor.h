@@ -14,14 +14,14 @@ class Number_Grid;
 class Profile_View;
 class Text_Grid_Model;
 
-// The table of the soil horizons with the profile beside it.
+// The soil horizon table with the profile beside it.
 class form_soil_hor : public QDialog {
     Q_OBJECT
 
 public:
     explicit form_soil_hor(Session& session, QWidget* parent = nullptr);
 
-    // After its acceptance: the sum of thickness (cm) if it differs from the core depth.
+    // After acceptance: the sum of the thicknesses (cm) if it differs from the core depth.
     std::optional<double> New_Depth() const { return Sum; }
 
 private:

@@ -13,12 +13,12 @@ class Byte_Edit;
 class Climate_Model;
 class Number_Grid;
 
-// The editor of the session's climate table. Its grid is what is saved.
+// The editor of the session's climate table.
 class Klima : public QDialog {
     Q_OBJECT
 
 public:
-    // `directory` is that of the file shown.
+    // `directory` is that of the open file.
     Klima(Session& session, std::filesystem::path directory, QWidget* parent = nullptr);
 
     void lade_klimadatei();

@@ -7,12 +7,12 @@ class QComboBox;
 
 namespace orvel {
 
-// One series of the climate grid as a line over its days.
+// A line chart of one series of the climate grid over its days.
 class Klimagrafik : public Diagram_Form {
     Q_OBJECT
 
 public:
-    // The grid outlives the form; `series` is the one shown first.
+    // The grid must outlive the form; `series` is shown first.
     Klimagrafik(const Climate_Grid& grid, std::size_t series, Ask_Function ask, QWidget* parent = nullptr);
 
 private:
@@ -22,7 +22,7 @@ private:
     QComboBox* Reihe = nullptr;
 };
 
-// The series of a column of the grid; that of rainfall for a column without one.
+// The series of a grid column; that of rainfall for a column without one.
 std::size_t Series_Of_Column(int column);
 
 } // namespace orvel

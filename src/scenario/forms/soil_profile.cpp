@@ -12,7 +12,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Lightest = 0.08, Darkest = 0.75; // shares of the dark colour in the light one
+constexpr double Lightest = 0.08, Darkest = 0.75; // share of the dark colour in the light one
 constexpr int Gap = 6;
 
 QColor Mixed(const QColor& ground, const QColor& text, double share)
@@ -56,7 +56,7 @@ QSize Profile_View::sizeHint() const
     return {fontMetrics().horizontalAdvance("0000 cm") * 5, fontMetrics().lineSpacing() * 18};
 }
 
-// The column of the profile stands between the depths at its left and the bars at its right.
+// The place of a layer: the profile is between the depth labels on the left and the bars on the right.
 QRect Profile_View::Place_Of(const Profile_Layer& layer) const
 {
     const int line = fontMetrics().lineSpacing();
@@ -76,7 +76,7 @@ void Profile_View::paintEvent(QPaintEvent*)
     const auto& colours = palette();
     QColor ground = colours.color(QPalette::Base), ink = colours.color(QPalette::Text);
     if (ground.lightness() < ink.lightness())
-        std::swap(ground, ink); // soil with carbon is dark on a dark screen too
+        std::swap(ground, ink); // carbon-rich soil is dark even on a dark screen
     const double most = Most_Carbon(Layers);
     const int line = fontMetrics().lineSpacing();
     int last_depth = 0;

@@ -6,7 +6,7 @@
 
 namespace orvel {
 
-// The soil profile to scale: the darker a horizon the more organic carbon, which its bar shows too.
+// The soil profile to scale: darker horizons have more organic carbon, as their bars show.
 class Profile_View : public QWidget {
     Q_OBJECT
 
@@ -14,7 +14,7 @@ public:
     explicit Profile_View(QWidget* parent = nullptr);
 
     void Show(std::vector<Profile_Layer> layers);
-    void Mark(int horizon); // a frame around it; -1 for none
+    void Mark(int horizon); // draws a frame around it; -1 for none
     QSize sizeHint() const override;
 
 signals:

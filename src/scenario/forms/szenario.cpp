@@ -79,7 +79,7 @@ void Szenario::Show_View()
         Frequencies[i]->setText(Shown(view.Frequencies[i]));
 }
 
-// Takes over what stands in a box; false if it was refused.
+// Stores the text of a box; false if it was refused.
 bool Szenario::Leave(const QString& name)
 {
     const std::string control = Bytes_Of(name);
@@ -94,7 +94,7 @@ bool Szenario::Leave(const QString& name)
     return true;
 }
 
-// A button reached by its mnemonic leaves the focus in the box.
+// Stores the box that has the focus: a button triggered by its mnemonic does not take it away.
 bool Szenario::Leave_Current()
 {
     const auto* box = qobject_cast<Byte_Edit*>(focusWidget());
@@ -116,7 +116,7 @@ void Szenario::Horizons()
         return;
     auto* depth = Boxes.at("Text_cor");
     depth->setText(Shown(General_Text(*new_depth)));
-    depth->setFocus(); // left, it becomes the core depth
+    depth->setFocus(); // its text becomes the core depth when it is left
 }
 
 void Szenario::Macropores()
@@ -153,7 +153,7 @@ void Szenario::done(int result)
 {
     if (const auto* box = qobject_cast<Byte_Edit*>(focusWidget()); box && Boxes.contains(box->objectName()))
         Leave_Field(The_Session, Bytes_Of(box->objectName()),
-                    box->Typed()); // a value that is refused holds nobody back from leaving
+                    box->Typed()); // a refused value does not keep the user in the form
     if (!May_Close(The_Session, The_Session.Program.SZE_Changed))
         return;
     QDialog::done(result);

@@ -22,13 +22,12 @@ namespace orvel {
 class Byte_Edit;
 class Leave_Guard;
 
-// The editor of the session's scenario document. Each change goes into the document when its field is left or its
-// option chosen.
+// The editor of the session's scenario document. A change is stored when its field is left or its option chosen.
 class Szenario : public QDialog {
     Q_OBJECT
 
 public:
-    // `directory` is that of the file shown.
+    // `directory` is that of the open file.
     Szenario(Session& session, std::filesystem::path directory, QWidget* parent = nullptr);
 
     void done(int result) override;

@@ -1,4 +1,4 @@
-// The controls of the scenario form and their places.
+// Layout of the scenario form.
 #include "scenario/forms/szenario.h"
 #include "scenario/scenario_view.h"
 #include "ui/forms/leave_guard.h"
@@ -36,7 +36,7 @@ Byte_Edit* Szenario::Number_Box(const QString& name, const QString& purpose, con
     return Register(Named(new Number_Edit(unit), name), purpose);
 }
 
-// A row of a caption and a box. Its widgets are found by the box again where the row can be hidden.
+// A row with a caption and a box. Its widgets are found through the box so that the row can be hidden.
 void Szenario::Add_Row(QFormLayout& rows, const QString& caption, const QString& name, const QString& unit)
 {
     auto* label = new QLabel(caption);

@@ -10,17 +10,17 @@ namespace orvel {
 
 enum class Location_Kind { Leaching, Soil };
 
-// The choice of the locations for which the pesticide document holds applications: the leaching locations, or the soil
-// zones that are recommended for a crop. It changes nothing itself.
+// Selects the locations for which the pesticide document holds applications: the leaching locations, or the soil zones
+// recommended for a crop. The dialog itself changes nothing.
 class andere_Standorte : public QDialog {
     Q_OBJECT
 
 public:
-    // The list is that of the substance form; what it holds is selected.
+    // The entries of the list of the substance form are selected.
     andere_Standorte(Location_Kind kind, const std::vector<std::string>& list, QWidget* parent = nullptr);
 
     std::vector<std::string> Loc_Available() const; // offered
-    std::vector<std::string> Loc_Selected() const;  // of these, in their order
+    std::vector<std::string> Loc_Selected() const;  // the selected ones of these, in the same order
 
 private:
     void Lay_Out(Location_Kind kind);

@@ -101,7 +101,7 @@ void Application_Box::Fill_Days(const Day_List& days)
     Tage->setCurrentIndex(days.Index);
 }
 
-// Only a number that was typed counts.
+// Accepts only a number that was typed.
 bool Application_Box::Leave()
 {
     if (!Text_naps->isModified())
@@ -111,7 +111,7 @@ bool Application_Box::Leave()
     if (!refusal)
         return true;
     Show_Refusal(The_Session.Ask, *window(), *refusal);
-    Text_naps->setModified(true); // left again it is refused again
+    Text_naps->setModified(true); // leaving it again is refused again
     return false;
 }
 
@@ -159,7 +159,7 @@ void Application_Box::Edit_Locations(bool efsa)
     Show_View();
 }
 
-// A document has nine locations; a list with names of its own may have no room for all.
+// A document holds nine locations; a list with names of its own may not have room for all.
 void Application_Box::Tell_Left_Out(const std::vector<std::string>& selected)
 {
     std::string left_out;

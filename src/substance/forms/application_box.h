@@ -18,19 +18,19 @@ namespace orvel {
 class Number_Edit;
 
 // The applications of the active substance: their kind, their locations, and the year that is repeated over the
-// simulation. All is stored as it is edited.
+// simulation. Every edit is stored immediately.
 class Application_Box : public QGroupBox {
     Q_OBJECT
 
 public:
-    // The kind of application is that of the entry, stored on "Done" only.
+    // The method comes from the entry and is stored only on "Done".
     Application_Box(Session& session, Application_Method method, QWidget* parent = nullptr);
 
     Application_Method Method() const;
     const Location_Lists& Lists() const { return Locations; }
     void Show_View();
 
-    bool Leave(); // takes over a number of applications that is still being typed; false: it was refused
+    bool Leave(); // accepts a number of applications still being typed; false if it was refused
 
 signals:
     void Method_Chosen(Application_Method method);
@@ -62,7 +62,7 @@ private:
 
     Session& The_Session;
     Location_Lists Locations;
-    int Chosen_Mode = -1; // the choice in App_Modus while it stays whatever pattern is found
+    int Chosen_Mode = -1; // the choice in App_Modus while it overrides the pattern detected
     std::array<QRadioButton*, 4> App_Flag{};
     QPushButton *Command1 = nullptr, *S_Anwendung = nullptr;
     QComboBox *Applikationsverfahren = nullptr, *Standort = nullptr, *Standort_EFSA = nullptr, *App_Modus = nullptr;

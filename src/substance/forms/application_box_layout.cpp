@@ -1,4 +1,4 @@
-// The controls of the applications and their places.
+// Layout of the application controls.
 #include "core/session.h"
 #include "substance/application_state.h"
 #include "substance/application_year.h"
@@ -60,7 +60,7 @@ Application_Box::Application_Box(Session& session, Application_Method method, QW
     connect(Applikationsverfahren, &QComboBox::activated, this, &Application_Box::Choose_Dates);
     connect(App_Modus, &QComboBox::activated, this, &Application_Box::Choose_Mode);
     connect(Text_naps, &QLineEdit::editingFinished, this, [this] {
-        if (!Text_naps->hasFocus()) // the return key leaves it by way of "Done"
+        if (!Text_naps->hasFocus()) // Return triggers "Done", which leaves the box itself
             Leave();
     });
 
@@ -121,7 +121,7 @@ QWidget* Application_Box::Location_Buttons()
     return In_A_Row({leaching, soil});
 }
 
-// Plus and minus, the sentence that tells what they make of the year, and the way through its applications.
+// Plus and minus, the sentence that describes the year, and the buttons through its applications.
 QWidget* Application_Box::Year_Row()
 {
     const auto small_button = [this](const QString& name, const QString& sign, const QString& purpose,

@@ -139,7 +139,7 @@ void deg_dat::Choose_Moisture_Option(bool relative)
     Show_Correction(texts, enabled);
 }
 
-// Only a moisture that was typed clears the other one.
+// Only a typed moisture clears the other one.
 void deg_dat::Leave_Moistures()
 {
     Leave_Moisture(*Text5, Leave_Absolute_Moisture);

@@ -13,7 +13,7 @@ namespace orvel {
 class Number_Edit;
 class Rate_Box;
 
-// One arrow of the degradation scheme, that of Transformation_Index: its rate in soil with the conditions of the study,
+// One arrow of the degradation scheme, selected by Transformation_Index: its rate in soil with the study conditions,
 // and, for the active substance, its soil photolysis.
 class deg_dat : public QDialog {
     Q_OBJECT

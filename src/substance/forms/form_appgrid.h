@@ -14,7 +14,7 @@ class Form_appgrid : public QDialog {
     Q_OBJECT
 
 public:
-    // As many rows as Text_naps says. Accepted: the applications are stored and their pattern is found.
+    // As many rows as Text_naps says. On acceptance the applications are stored and their pattern is determined.
     Form_appgrid(Session& session, const std::string& text_naps, Application_Method method, QWidget* parent = nullptr);
 
 private:

@@ -78,7 +78,7 @@ void Form_AS::Done()
     Volatility->Take(entry);
     if (const auto refusal = Accept_Active(The_Session, entry, Applications->Lists())) {
         Volatility->Show_Pairs(entry.Pairs);
-        Applications->Show_View(); // the location and application that were refused
+        Applications->Show_View(); // shows the location and application refused
         return Refuse(*refusal);
     }
     accept();
@@ -87,7 +87,7 @@ void Form_AS::Done()
 void Form_AS::Refuse(const Refusal& refusal)
 {
     Show_Refusal(The_Session.Ask, *this, refusal);
-    if (!findChild<QWidget*>(Shown(refusal.Control))->isVisible()) // the days of an irregular list are in its grid
+    if (!findChild<QWidget*>(Shown(refusal.Control))->isVisible()) // days of an irregular list are only in the grid
         findChild<QPushButton*>("S_Anwendung")->setFocus();
 }
 

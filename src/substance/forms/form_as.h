@@ -20,7 +20,7 @@ class Form_AS : public QDialog {
 public:
     explicit Form_AS(Session& session, QWidget* parent = nullptr);
 
-    void reject() override; // puts back the document as it was when the form opened
+    void reject() override; // restores the document as it was when the form opened
 
 private:
     void Lay_Out();

@@ -15,7 +15,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Characters = 11; // of a column
+constexpr int Characters = 11; // width of a column
 constexpr int Kf_Column = 1, First_Factor_Column = 3;
 
 } // namespace
@@ -31,7 +31,7 @@ Form_hor::Form_hor(Session& session, int i, int rows, QWidget* parent)
     Show_Grid(Load_Depth_Grid(The_Session.Pesticide, Substance, rows));
     GridHor->Fit_Columns(Characters);
     GridHor->Go_To(0, Kf_Column);
-    resize(sizeHint().boundedTo(screen()->availableSize())); // all columns, on a small screen too
+    resize(sizeHint().boundedTo(screen()->availableSize())); // show all columns, if the screen allows
 }
 
 void Form_hor::Lay_Out()
@@ -59,7 +59,7 @@ void Form_hor::Lay_Out()
     all->addWidget(Done_And_Cancel(*this, &Form_hor::Done, "Command_OK", "&OK"));
 }
 
-// The headings over groups of columns, which follow them.
+// Headings above groups of columns; they follow the column widths.
 QWidget* Form_hor::Headings()
 {
     auto* headings = new QWidget;
@@ -123,7 +123,7 @@ void Form_hor::Take_Default()
     Show_Default(true);
 }
 
-// An undo of the default gives it up for the other substances too, and a redo takes it again.
+// Undoing the default also withdraws it from the other substances, and redoing applies it again.
 void Form_hor::Follow_Undo()
 {
     if (Before_Default == After_Default)

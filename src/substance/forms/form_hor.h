@@ -12,7 +12,7 @@ namespace orvel {
 class Number_Grid;
 class Text_Grid_Model;
 
-// The depth dependent values of a substance: a row a horizon.
+// The depth-dependent values of a substance: one row per horizon.
 class Form_hor : public QDialog {
     Q_OBJECT
 
@@ -36,7 +36,7 @@ private:
 
     Session& The_Session;
     int Substance;
-    std::vector<std::string> Default_Factors; // taken, as long as that is not undone
+    std::vector<std::string> Default_Factors; // of the first target, until the default is undone
     Grid_Block Before_Default, After_Default; // cells of the grid
     bool Default_Taken = false;
     QLabel *Kf_Heading = nullptr, *Factor_Heading = nullptr, *Default_Note = nullptr;

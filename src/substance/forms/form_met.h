@@ -9,14 +9,14 @@ namespace orvel {
 
 class Substance_Fields;
 
-// One metabolite, that of Substance_Index: its name, sorption and plant uptake.
+// The metabolite selected by Substance_Index: its name, sorption and plant uptake.
 class Form_MET : public QDialog {
     Q_OBJECT
 
 public:
     explicit Form_MET(Session& session, QWidget* parent = nullptr);
 
-    void reject() override; // what the forms below it stored goes too
+    void reject() override; // also discards what the forms opened from it stored
 
 private:
     void Lay_Out();

@@ -47,7 +47,7 @@ Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory,
     for (int i = 1; i <= Substances; ++i)
         Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
     Show_Scheme();
-    resize(sizeHint().boundedTo(screen()->availableSize())); // names of substances in full, on a small screen too
+    resize(sizeHint().boundedTo(screen()->availableSize())); // show full substance names, if the screen allows
 }
 
 void Form_PSM_1::Lay_Out()
@@ -117,7 +117,7 @@ bool Form_PSM_1::Save()
     return true;
 }
 
-// A save that was given up gives up the changes only if the user says so.
+// A cancelled save discards the changes only if the user agrees.
 void Form_PSM_1::Save_And_Exit()
 {
     Prepare_Save_And_Exit(The_Session);

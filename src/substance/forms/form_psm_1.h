@@ -9,16 +9,15 @@ namespace orvel {
 
 class Pathway_View;
 
-// The editor of the pesticide document: its degradation scheme, and the way to the forms of substances and
-// transformations.
+// The editor of the pesticide document: its degradation scheme, with access to the substance and transformation forms.
 class Form_PSM_1 : public QDialog {
     Q_OBJECT
 
 public:
-    // The directory is that of the save dialog.
+    // `directory` is where the save dialog opens.
     Form_PSM_1(Session& session, const std::filesystem::path& directory, QWidget* parent = nullptr);
 
-    void reject() override; // asks before changes are given up
+    void reject() override; // asks before discarding changes
 
 private:
     void Lay_Out();

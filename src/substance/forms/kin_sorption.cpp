@@ -13,7 +13,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Converted_Digits = 20; // of a quotient in full
+constexpr int Converted_Digits = 20; // enough for a full quotient
 
 } // namespace
 
@@ -76,7 +76,7 @@ void kin_Sorption::Show_Entry(const Kinetic_Entry& entry)
     s_f_neq->setText(Shown(entry.s_f_neq));
     s_kdes->setText(Shown(entry.s_kdes));
     for (auto* field : {s_f_neq, s_kdes})
-        field->setCursorPosition(0); // the begin of a long quotient counts
+        field->setCursorPosition(0); // show the start of a long quotient
 }
 
 void kin_Sorption::Choose(Kinetic_Model model)
@@ -89,8 +89,8 @@ void kin_Sorption::Choose(Kinetic_Model model)
     Show_Captions(Captions_Of(model));
 }
 
-// A field is tested when it is left for the other one: options and Done test both by themselves, and Cancel is always
-// free.
+// A field is checked when the focus moves to the other field: the options and "Done" check both themselves, and
+// "Cancel" always works.
 void kin_Sorption::Leave(const QWidget& field)
 {
     if (!s_f_neq->hasFocus() && !s_kdes->hasFocus())

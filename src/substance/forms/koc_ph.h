@@ -12,15 +12,15 @@ namespace orvel {
 
 class Number_Edit;
 
-// Sorption of a substance that dissociates: its pKa, and its Koc at one or two pH.
+// Sorption of a dissociating substance: its pKa and its Koc at one or two pH values.
 class KOC_PH : public QDialog {
     Q_OBJECT
 
 public:
-    // Substance i, 1 to 9; text_koc0 is the text of the substance form's field of the Koc.
+    // Substance i, 1 to 9; text_koc0 is the Koc text of the substance form.
     KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent = nullptr);
 
-    // The text that the field shows again after the form was accepted.
+    // The Koc text after the form was accepted.
     const std::string& Text_koc0() const { return The_Koc; }
 
 private:

@@ -14,10 +14,10 @@ namespace {
 constexpr double First_Column = 130, Column_Step = 246;
 constexpr double First_Row = 250, Second_Row = 470;
 constexpr QSizeF Box_Size(170, 66), Active_Size(240, 66), Sink_Size(66, 28);
-constexpr double Side_Way = 52;   // how far from a box's middle an arrow leaves or enters beside the vertical one
+constexpr double Side_Way = 52;   // horizontal offset of arrows next to the vertical one
 constexpr double Sink_Drop = 40;  // length of the arrow to a sink
-constexpr double Head_Size = 22;  // of the square that is clicked
-constexpr double Near_Enough = 7; // to a line
+constexpr double Head_Size = 22;  // side of the clickable square
+constexpr double Near_Enough = 7; // distance to a line
 
 QRectF Around(QPointF middle, QSizeF size)
 {
@@ -29,7 +29,7 @@ int Column_Of(int i)
     return i < First_Of_Second_Row ? i - 2 : i - First_Of_Second_Row;
 }
 
-// Where the arrow to a sink leaves the box: left of the middle, out of the way of the arrows to other substances.
+// Where the arrow to a sink leaves the box: left of the middle, clear of the arrows to other substances.
 QPointF Sink_Way(int i)
 {
     const QRectF box = Box_Of_Substance(i);

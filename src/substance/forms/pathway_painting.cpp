@@ -14,9 +14,9 @@ constexpr double Corner = 6;
 constexpr double Head_Half_Width = 0.3; // of the square's side
 constexpr double Narrow_Margin = 0.05;  // of a narrow box's width
 constexpr double Least_Shrinking = 0.7;
-constexpr int Text_Height = 15; // of a drawing that is not a window's
+constexpr int Text_Height = 15; // font height in print
 
-// The font, smaller where the text needs it, but never too small to read.
+// Shrinks the font to fit the text, but not below a readable size.
 QFont Fitting_Font(QFont font, const QString& text, double room)
 {
     const double needed = QFontMetricsF(font).horizontalAdvance(text);
@@ -49,7 +49,7 @@ void Paint_Box(QPainter& painter, const QRectF& box, const Box_Look& look, const
     painter.setPen(frame);
     painter.setBrush(QColor(look.Back.Red, look.Back.Green, look.Back.Blue));
     painter.drawRoundedRect(box.adjusted(wide, wide, -wide, -wide), Corner, Corner);
-    painter.setPen(Qt::black); // both backs are light in every palette
+    painter.setPen(Qt::black); // both backgrounds are light in every palette
     Write_In(painter, box, text.trimmed());
 }
 

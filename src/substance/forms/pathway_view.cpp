@@ -27,7 +27,7 @@ QString Box_Name(int i)
                                    : QString("Label_2_%1").arg(i - First_Of_Second_Row + 1);
 }
 
-// The arrow's label with its rate and half-life.
+// Tooltip: the label of the arrow with its rate and half-life.
 QString Arrow_Tip(const Pesticide_Document& document, int t)
 {
     const Arrow& arrow = Arrow_Of(t);
@@ -156,7 +156,7 @@ Picture Pathway_View::As_Picture() const
     return {Document.PSM_Title, Drawing_Size, paint};
 }
 
-// The line of an arrow is as good as its head.
+// A click on an arrow's line counts as one on its head.
 void Pathway_View::mousePressEvent(QMouseEvent* event)
 {
     if (const int t = Arrow_At(In_Drawing(event->position())); t != 0 && event->button() == Qt::LeftButton)

@@ -18,12 +18,12 @@ class Pathway_View : public QWidget {
 public:
     explicit Pathway_View(QWidget* parent = nullptr);
 
-    // Paints what the document's flags and rates say; the captions are those of the boxes, from 1.
+    // Shows the document's flags and rates; the captions are those of the boxes, from index 1.
     void Show(const Pesticide_Document& document, const Per_Substance<std::string>& captions);
 
-    QRect Head_On_Screen(int t) const; // of an arrow that can be clicked
+    QRect Head_On_Screen(int t) const; // of a clickable arrow
 
-    Picture As_Picture() const; // of what is shown, on paper
+    Picture As_Picture() const; // the current view for paper
 
     QSize sizeHint() const override;
 

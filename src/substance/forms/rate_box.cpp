@@ -71,7 +71,7 @@ void Rate_Box::Enable_Chosen()
     }
 }
 
-// Only a text that was typed counts: a half-life is shown rounded, and passing over it must not change the rate.
+// Only typed text counts: a half-life is shown rounded, and merely passing through it must not change the rate.
 void Rate_Box::Leave(Rate_Field field)
 {
     auto* left = Fields[static_cast<std::size_t>(field)];

@@ -12,22 +12,22 @@ namespace orvel {
 
 class Number_Edit;
 
-// A first-order rate with its two half-lives, of which the chosen one can be typed in; the two others follow when it is
+// A first-order rate with its two half-lives: the selected one is editable, and the other two are updated when it is
 // left.
 class Rate_Box : public QGroupBox {
     Q_OBJECT
 
 public:
-    // Names of controls, in the order rate, DT 50, DT 90.
+    // Control names, in the order rate, DT 50, DT 90.
     using Names = std::array<const char*, 3>;
     Rate_Box(const QString& caption, const Names& options, const Names& fields, QWidget* parent = nullptr);
 
-    // Shows a rate with its half-lives, the rate being the field to type in.
+    // Shows a rate with its half-lives; the rate becomes editable.
     void Show_Rate(const Rate_Texts& texts);
 
     void Select_Rate(); // for typing
 
-    // What stands in the three fields after a text that is still being typed was taken over.
+    // The three fields, after accepting text that is still being typed.
     Rate_Texts Entered();
 
     // Below the three fields.

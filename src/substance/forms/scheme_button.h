@@ -7,7 +7,7 @@
 
 namespace orvel {
 
-// A part of the degradation scheme that can be clicked, by mouse or keyboard.
+// A clickable part of the degradation scheme, for mouse and keyboard.
 class Scheme_Button : public QAbstractButton {
 public:
     using QAbstractButton::QAbstractButton;
@@ -29,7 +29,7 @@ private:
     Box_Look Look;
 };
 
-// The head of an arrow, painted in the direction of its line.
+// The head of an arrow, pointing along its line.
 class Arrow_Head : public Scheme_Button {
 public:
     using Scheme_Button::Scheme_Button;

@@ -21,7 +21,7 @@ namespace {
 constexpr int Active = 1;
 constexpr int Name_Columns = 26;
 
-// The two forms name the same fields differently.
+// The captions differ between the two forms.
 struct Captions {
     const char *Name_Control, *Name, *Molmass, *Moisture, *PH, *Kinetics, *Horizons;
 };
@@ -120,7 +120,7 @@ void Substance_Fields::Lay_Out_Depth()
     label->setBuddy(Text_nhor);
     rows.addRow(label, Text_nhor);
     connect(Text_nhor, &QLineEdit::editingFinished, this, [this] {
-        if (!Text_nhor->hasFocus()) // the return key leaves it by way of "Done"
+        if (!Text_nhor->hasFocus()) // Return triggers "Done", which leaves the box itself
             Leave_Horizons();
     });
     Command_hor = Push_Button("Command_hor", Captions_For(Substance).Horizons, this, &Substance_Fields::Edit_Horizons);
@@ -166,7 +166,7 @@ void Substance_Fields::Show_View()
     Option_koc2->setEnabled(view.Kf_Enabled);
 }
 
-// The note on moisture belongs to the form of a metabolite alone.
+// Only the metabolite form shows the note on moisture.
 void Substance_Fields::Show_Notes()
 {
     const auto notes = Notes_Of(The_Session.Pesticide, Substance);
@@ -188,7 +188,7 @@ void Substance_Fields::Choose_Depth(int mode)
     Show_Entry(entry);
 }
 
-// Only a number that was typed resets the table of depth dependent values.
+// Only a typed number resets the table of depth-dependent values.
 bool Substance_Fields::Leave_Horizons()
 {
     if (!Text_nhor->isModified())
@@ -197,7 +197,7 @@ bool Substance_Fields::Leave_Horizons()
     auto entry = Entry();
     if (const auto refusal = Leave_Number_Of_Horizons(The_Session.Pesticide, entry)) {
         Show_Refusal(The_Session.Ask, Form, *refusal);
-        Text_nhor->setModified(true); // left again it is refused again
+        Text_nhor->setModified(true); // leaving it again is refused again
         return false;
     }
     Show_Entry(entry);

@@ -17,9 +17,8 @@ namespace orvel {
 
 class Byte_Edit;
 
-// The controls that the forms of the active substance and of a metabolite share, in three groups that the form puts
-// where it wants them: what the substance is, its sorption, and what depends on depth. The buttons among them open
-// their forms.
+// The controls shared by the forms of the active substance and of a metabolite, in three groups for the form to
+// arrange: substance properties, sorption and depth dependence. The buttons among them open their own forms.
 class Substance_Fields : public QObject {
     Q_OBJECT
 
@@ -31,13 +30,12 @@ public:
     QGroupBox* Sorption() const { return Sorption_Group; }
     QGroupBox* Depth() const { return Depth_Group; }
 
-    // What stands in the controls after a number of horizons that is still being typed was taken over; nothing if that
-    // was refused.
+    // The entry, after accepting a number of horizons still being typed; nothing if that was refused.
     std::optional<Substance_Entry> Entered();
     Substance_Entry Entry() const;
     void Show_Entry(const Substance_Entry& entry);
 
-    // The fields that the form of the active substance keeps back: Text_koc4, Text_koc5 and text_kdoc.
+    // The fields that the form of the active substance hides at first: Text_koc4, Text_koc5 and text_kdoc.
     void Show_Minor(bool visible);
 
 private:

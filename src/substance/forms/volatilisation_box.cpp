@@ -46,7 +46,7 @@ void Volatilisation_Box::Lay_Out()
     Text_vol4 = Add_Number("Thickness of Boundary layer (cm)", "Text_vol4", "Label_vol_4");
 }
 
-// Only what is typed reaches the values: a scientific text shows fewer digits than they have.
+// Only typed text changes the values: scientific notation shows fewer digits than they have.
 Volatilisation_Box::Pair Volatilisation_Box::Add_Pair(const QString& caption, const QString& name,
                                                       const QString& label_name,
                                                       std::array<double, 2> Volatilisation::*values)

@@ -12,15 +12,14 @@ namespace orvel {
 
 class Number_Edit;
 
-// Volatilisation of the active substance: two values, for two temperatures, of each quantity, and how the Henry
-// constant is known.
+// Volatilisation of the active substance: each quantity at two temperatures, and the source of the Henry constant.
 class Volatilisation_Box : public QGroupBox {
     Q_OBJECT
 
 public:
     explicit Volatilisation_Box(const Active_Entry& entry, QWidget* parent = nullptr);
 
-    void Take(Active_Entry& entry) const; // what stands in the controls, into the entry
+    void Take(Active_Entry& entry) const; // reads the controls into the entry
     void Show_Pairs(const Volatilisation& pairs);
     void Show_Method(Application_Method method);
     void Show_Minor(bool visible); // Text_vol3 and Text_vol4
