@@ -3,17 +3,23 @@
 #include "charts/chart.h"
 #include "output/run_records.h"
 
+#include <optional>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
 
 // The series of the daily diagram: one column of plot.orv over a span of months.
 
+// A month of the simulation, whose years count from 1.
 struct Run_Month {
     int Month = 1, Year = 1;
     bool operator==(const Run_Month&) const = default;
 };
+
+// "YYYY-MM", also with fewer digits, as a month; nothing for any other text, month or year.
+std::optional<Run_Month> Parse_Month(std::string_view text);
 
 struct Daily_Request {
     int Variable = 1;        // 1 to 28 of the output variables
