@@ -24,7 +24,7 @@ int Months_Between(const Run_Month& from, const Run_Month& to)
     return Months_Of_Year * (to.Year - from.Year) + to.Month - from.Month + 1;
 }
 
-// The span's first day number, and the first one behind it; equal without a day.
+// The span's first day number and the first one after it; equal if it has no day.
 struct Day_Span {
     int First = 0, End = 0;
 };
