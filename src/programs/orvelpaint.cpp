@@ -1,7 +1,7 @@
-// Paints what orvelctl was asked for: a series of a run as a picture, or the report as a document.
-//   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE    with months as YEAR-MONTH
-//   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE                              with codes parted by commas,
-//   or none
+// Paints for orvelctl: a series of a run as a picture, or the report as a document.
+//   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE
+//   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE
+// FROM and TO are months as YYYY-MM; CODES are separated by commas and may be empty.
 #include "charts/painting/chart_files.h"
 #include "core/code_page.h"
 #include "core/error.h"
