@@ -1,6 +1,5 @@
-// Writes the run directory of the engine's speed: 26 years, 200 compartments of 1 cm, a parent and three metabolites,
-// monthly output. Run the engine there beside `leach_column scalar 200 26`.
-//   engine_case_bench DIR
+// Writes the run directory for timing the engine: 26 years, 200 compartments of 1 cm, a parent and three metabolites,
+// monthly output. Run the engine there beside `leach_column scalar 200 26`.   engine_case_bench DIR
 #include "engine/engine_case.h"
 
 #include <cstdio>

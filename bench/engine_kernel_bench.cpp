@@ -70,7 +70,7 @@ Solute_Setup Setup(int compartments, int substances)
     return setup;
 }
 
-// Days of the bucket: rain, drainage of what exceeds field capacity, uptake above 60 cm.
+// The bucket's days: rain, drainage of what exceeds field capacity, uptake above 60 cm.
 struct Bucket {
     Weather Sky;
     Solute_Day Day;
@@ -142,7 +142,7 @@ BENCHMARK(Years_26)
     ->ArgNames({"compartments", "substances", "avx2"})
     ->ArgsProduct({{200}, {1, 4, 9}, {0, 1}});
 
-// The same with everything switched on that costs: two-site sorption, vapour, DOC, photolysis, ageing, decay in
+// The same with every costly process switched on: two-site sorption, vapour, DOC, photolysis, ageing, decay in
 // solution.
 void Years_26_All_Processes(benchmark::State& state)
 {

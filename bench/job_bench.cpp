@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int Runs = 500;
-constexpr std::size_t Written = 160; // two lines of the log a run
+constexpr std::size_t Written = 160; // two log lines per run
 
 struct Cost {
     double Wall, Cpu;
@@ -76,8 +76,8 @@ using namespace orvel;
 int main(int argc, char** argv)
 try {
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 7;
-    std::string name =
-        (fs::path(NOTHING_ENGINE).parent_path() / "job_bench.XXXXXX").string(); // hard links need one file system
+    // Beside the engine, since hard links must stay on one file system.
+    std::string name = (fs::path(NOTHING_ENGINE).parent_path() / "job_bench.XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr)
         return 1;
     const fs::path directory = name;

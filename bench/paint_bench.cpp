@@ -1,5 +1,5 @@
-// The time to paint the daily diagram anew, as after a resize, and to make it out of a series. Exits with 1 if 50,000
-// points take 50 ms or more.
+// The time to repaint the daily diagram, as after a resize, and to make it from a series. Exits with 1 if 50,000 points
+// take 50 ms or more.
 #include "charts/painting/chart_painter.h"
 #include "tables/daily_diagram.h"
 
@@ -20,7 +20,7 @@ constexpr QSize Window(1600, 900);
 constexpr std::size_t Days_And_Hours = 50000, Sixty_Years_Of_Hours = 60 * 365 * 24;
 constexpr double Most_Milliseconds = 50;
 
-// A rate that jumps with every point: nothing in it can be thinned by luck.
+// A rate that jumps at every point, so that thinning cannot be lucky.
 Daily_Series Noise(std::size_t points)
 {
     std::mt19937 random(1);

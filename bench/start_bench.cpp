@@ -1,5 +1,5 @@
-// The start form from main to its first paint and the memory then, to be set against floors/qt_floor start.
-//   start_bench DIR    DIR is an installation
+//  The start form's time from main to its first paint and its memory use then, for comparison with floors/qt_floor
+// start.   start_bench DIR    DIR is an installation
 #include "desktop/forms/start.h"
 #include "runs/start_up.h"
 #include "ui/forms/widgets.h"

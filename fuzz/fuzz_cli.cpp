@@ -9,7 +9,7 @@ namespace orvel {
 
 namespace {
 
-// The hour gets six blanks more with each save.
+// The hour gains six blanks with each save.
 std::string Without_Hours(Climate_Table table)
 {
     for (auto& row : table.Rows)
@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         auto table = Parse_CLI({reinterpret_cast<const char*>(data), size});
         Json_Of(table);
         const bool whole = !Broken_By_Layout(table);
-        // A number that rounds up to one digit more (9.99999999 to 10.0000000) has a narrower pattern from then on.
+        // A number that rounds up to one more digit (9.99999999 to 10.0000000) has a narrower pattern from then on.
         const auto again = Parse_CLI(Format_CLI(table));
         if (whole)
             Demand_Same(Without_Hours(again), Without_Hours(Parse_CLI(Format_CLI(again))));

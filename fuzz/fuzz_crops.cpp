@@ -1,5 +1,5 @@
-// Any bytes as the crop data base: its first crops make a rotation, whose dates in order stay as they are, and which is
-// taken apart again.
+// Any bytes as the crop database: its first crops make a rotation; dates in order must stay unchanged, and the rotation
+// is split up again.
 #include "core/error.h"
 #include "round_trip.h"
 #include "scenario/crop_rotation.h"

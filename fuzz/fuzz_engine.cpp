@@ -1,5 +1,5 @@
-// Any bytes as one of the engine's input files (the first byte says which), the others those of a demonstration run:
-// read, echo, and let the water of what was accepted run for a month.
+// Any bytes as one of the engine's input files (the first byte says which), with the other files from a demonstration
+// run: read it, echo it, and if it is accepted simulate a month of water.
 #include "engine/engine_case.h"
 #include "engine/output/echo.h"
 #include "engine/setup/input.h"

@@ -1,4 +1,4 @@
-// Any bytes as a job file and as a job's log; runs that were read are printed and read again.
+// Any bytes as a job file and as a job's log; runs read from it are printed and read again.
 #include "core/code_page.h"
 #include "core/error.h"
 #include "jobs/job_log.h"

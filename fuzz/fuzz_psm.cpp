@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Update_Pathway(*document);
         Json_Of(*document);
         const bool whole = !Broken_By_Layout(*document);
-        // A number that rounds up to one digit more (9.99999999 to 10.0000000) has a narrower pattern from then on.
+        // A number that rounds up to one more digit (9.99999999 to 10.0000000) has a narrower pattern from then on.
         Parse_PSM(Format_PSM(*document), *document);
         const std::string first = Format_PSM(*document);
         Parse_PSM(first, *document);

@@ -1,4 +1,4 @@
-// Writes a seed for each fuzz target: fuzz_seeds DIR makes DIR/fuzz_psm and so on.
+// Writes seeds for the fuzz targets: fuzz_seeds DIR makes DIR/fuzz_psm and so on.
 #include "core/files.h"
 #include "engine/engine_case.h"
 #include "files/pesticide_example.h"
@@ -19,7 +19,7 @@ void Seed(const std::filesystem::path& directory, std::string_view bytes, std::s
     Write_Whole(directory / name, bytes);
 }
 
-// The first byte is the file's number among those of the engine.
+// The first byte is the number of the file among the engine's input files.
 void Seed_Engine(const std::filesystem::path& directory)
 {
     const auto files = engine::Demo_Case("H", "_maize", "demo_C.psm", 1).Files();
@@ -30,7 +30,7 @@ void Seed_Engine(const std::filesystem::path& directory)
          "Haude.dat");
 }
 
-// The first byte is the size of a window.
+// The first byte is the window size.
 void Seed_Output(const std::filesystem::path& directory)
 {
     const std::string window = "@";

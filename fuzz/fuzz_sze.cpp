@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Parse_SZE({reinterpret_cast<const char*>(data), size}, document);
         Json_Of(document);
         const bool whole = !Broken_By_Layout(document);
-        // The first save can drop dates of senescence; what is read from it is the document.
+        // The first save can drop senescence dates, so the document to compare is the one read back from it.
         Parse_SZE(Format_SZE(document), document);
         const std::string first = Format_SZE(document);
         Parse_SZE(first, document);

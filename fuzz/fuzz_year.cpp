@@ -1,4 +1,4 @@
-// Any bytes as a cache of the leachate tables: read back, printed anew, turned into periods, drawn and put into a
+// Any bytes as a cache of the leachate tables: read back, printed again, turned into periods, drawn and put into a
 // report.
 #include "core/code_page.h"
 #include "report/summary_report.h"
@@ -30,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             const auto again = Parse_Leachate(text.File).Set;
             Demand_Same(std::to_string(again[0].size() + again[1].size()), std::to_string(tables));
         }
-    } catch (const std::domain_error&) { // a sum that no double holds
+    } catch (const std::domain_error&) { // a sum beyond the range of a double
     }
     Leachate_Tables tables;
     tables.Titles = cached.Titles;

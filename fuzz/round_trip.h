@@ -6,7 +6,7 @@
 
 namespace orvel {
 
-// A text that was printed from a document as it was read must come out the same once more.
+// Aborts unless a document, printed after it was read back, gives the same text again.
 inline void Demand_Same(const std::string& first, const std::string& second)
 {
     if (first == second)

@@ -10,8 +10,8 @@
 
 namespace orvel {
 
-// Reads the bytes through windows of several sizes, the first byte's among them: what `read` makes of them must not
-// differ.
+// Reads the bytes through windows of several sizes, one of them given by the first byte; the result of `read` must not
+// depend on the size.
 template <class Read> void Read_Through_Windows(const std::uint8_t* data, std::size_t size, const Read& read)
 {
     if (size == 0)
@@ -22,7 +22,7 @@ template <class Read> void Read_Through_Windows(const std::uint8_t* data, std::s
         Demand_Same(read([&] { return Line_Scanner::Of_Bytes(bytes, window); }), expected);
 }
 
-// Numbers as text, to be compared.
+// Numbers as text, for comparison.
 inline std::string Number_Texts(std::span<const double> numbers)
 {
     std::string text;

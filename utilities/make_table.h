@@ -4,8 +4,8 @@
 
 namespace orvel {
 
-// Makes the table of the working directory's series there: 0. It fails with a sentence on standard error, the table as
-// it was: 1.
+// Makes the table from the series in the working directory, and writes it there. Returns the exit code: 0, or 1 after a
+// sentence on standard error; the table is then unchanged.
 int Make_Table(Utility period);
 
 } // namespace orvel

@@ -1,4 +1,4 @@
-// wday.exe: the table by day of a single run out of its series, in the working directory.
+// wday.exe: makes the daily table of a single run from its series, in the working directory.
 #include "make_table.h"
 
 int main()

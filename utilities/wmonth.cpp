@@ -1,4 +1,4 @@
-// wmonth.exe: the table by month of a single run out of its series, in the working directory.
+// wmonth.exe: makes the monthly table of a single run from its series, in the working directory.
 #include "make_table.h"
 
 int main()

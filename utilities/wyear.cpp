@@ -1,4 +1,4 @@
-// wyear.exe: the table by year of a single run out of its series, in the working directory.
+// wyear.exe: makes the annual table of a single run from its series, in the working directory.
 #include "make_table.h"
 
 int main()

@@ -44,7 +44,7 @@ struct Out {
         std::fputc('\n', f);
     }
     void blank() { line.assign(160, ' '); }
-    // Puts text at 1-based column.
+    // Puts text at a 1-based column.
     void at(int column, const char* text)
     {
         const std::size_t n = std::strlen(text);
@@ -61,7 +61,7 @@ struct Out {
     }
 };
 
-// A right-justified number with exponent, "%*.*E" made cheap: mantissa 1.000 to 9.999, exponent -12 to +1.
+// A right-justified number with exponent, "%*.*E" made fast: mantissa 1.000 to 9.999, exponent -12 to +1.
 void sci(char* to, int width)
 {
     const std::uint32_t r = rng.next();

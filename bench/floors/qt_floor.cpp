@@ -1,9 +1,10 @@
-// The least a Qt 6 Widgets program costs: process start to first paint, and resident memory then.
+// The minimum cost of a Qt 6 Widgets program: time to its first paint, and resident memory then.
 //
-//   qt_floor empty|start       empty: a window with a label; start: a window as busy as a start form (menu bar, 40
-//   buttons,
-//                              a table of 60 rows, two combo boxes, a multi-line text box)
-// Prints milliseconds from main to the first paint event and to the first idle turn after it, and VmRSS, VmHWM, then
+//   qt_floor empty    a window with a label
+//   qt_floor start    a window as busy as a start form: a menu bar, 40 buttons, a table of 60 rows, two combo boxes, a
+//                     multi-line text box
+//
+// Prints milliseconds from main to the first paint event and to the first idle turn after it, and VmRSS and VmHWM, then
 // quits.
 
 #include <chrono>

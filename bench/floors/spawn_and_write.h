@@ -11,7 +11,7 @@
 
 namespace orvel {
 
-// The least that a job can cost: starting its programs, and writing a small file whole for each.
+// The minimum cost of a job: starting its programs and writing a small file for each.
 
 inline void Spawn_And_Wait(const std::filesystem::path& program, char* const arguments[])
 {
@@ -30,7 +30,7 @@ inline void Spawn_Floor(int count, const std::filesystem::path& program)
         Spawn_And_Wait(program, arguments);
 }
 
-// Beside the target, then renamed over it; not flushed, since a job's log is not either.
+// Writes beside the target, then renames over it; not flushed, since a job's log is not either.
 inline void Write_Floor(int count, std::size_t bytes, const std::filesystem::path& directory)
 {
     const std::string text(bytes, 'x');

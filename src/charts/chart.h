@@ -8,7 +8,7 @@ namespace orvel {
 // A diagram as plain data in its own coordinates; a painter only maps them to its surface. Texts are bytes of
 // Windows-1252.
 
-// What is drawn in which colour. The painter owns the colours; they must differ from each other and from the frame.
+// The roles of colours. The painter owns the colours; they must differ from each other and from the frame.
 enum class Colour { Series, Marked, Term_1, Term_2, Term_3, Term_4, Term_5, Term_6, Term_7 };
 
 struct Chart_Point {
@@ -25,7 +25,7 @@ struct Chart_Line {
 struct Chart_Box {
     Colour Drawn_In = Colour::Series;
     double Left = 0, Right = 0, Y = 0;
-    std::string Name; // what its value is told as; empty: by its position
+    std::string Name; // label of its value; empty: its position is the label
     bool operator==(const Chart_Box&) const = default;
 };
 
@@ -34,14 +34,14 @@ enum class Tick_Rank { Big, Small, Tiny };
 struct Chart_Tick {
     double At = 0;
     Tick_Rank Rank = Tick_Rank::Big;
-    std::string Label; // only big ones have one
+    std::string Label; // only big ticks have one
     bool operator==(const Chart_Tick&) const = default;
 };
 
 struct Chart_Axis {
     std::string Title;
     double Low = 0, High = 1;
-    double First = 0; // what positions count from: it is in the labels already
+    double First = 0; // where positions count from; the labels already include it
     std::vector<Chart_Tick> Ticks;
 };
 
@@ -71,7 +71,7 @@ struct Chart {
 constexpr double Big_Y_Tick = 1.0 / 50, Small_Y_Tick = 1.0 / 100, Tiny_Y_Tick = 1.0 / 200; // of L
 constexpr double Big_X_Tick = 1.0 / 30, Small_X_Tick = 1.0 / 60, Tiny_X_Tick = 1.0 / 120;  // of T
 constexpr double Y_Label_Left = -1.0 / 10, Long_Y_Label_Left = -1.0 / 9;                   // of L
-constexpr std::size_t Long_Label = 6;       // characters from which a label is long and in the smaller font
+constexpr std::size_t Long_Label = 6;       // characters; from here on a label is long and has the smaller font
 constexpr double X_Label_Below = -1.0 / 20; // of T
 constexpr double Label_Points = 9.75, Long_Label_Points = 8;
 

@@ -30,7 +30,6 @@ std::string Fill(Colour role)
     return text;
 }
 
-// Draws by the convention of all diagrams.
 class Svg_Drawing {
 public:
     explicit Svg_Drawing(const Chart& chart)

@@ -7,7 +7,7 @@
 
 namespace orvel {
 
-// Hues that people of every colour vision tell apart, as 0xRRGGBB; a dark ground takes them lighter.
+// Hues that can be told apart with any colour vision, as 0xRRGGBB; on a dark background they are drawn lighter.
 constexpr std::uint32_t Hue_Of(Colour role)
 {
     constexpr std::array<std::uint32_t, 9> hues = {0x2F6FB5, 0xD1492E, 0x2F6FB5, 0x56B4E9, 0xE69F00,

@@ -18,7 +18,7 @@ double End_Of_Axis(double value)
     return std::fabs(value) < Smallest ? 0 : Round_Up_Axis(std::clamp(value, -Largest, Largest));
 }
 
-// Ticks from `low` to `high` at every tiny step of what is labelled: `first` at position 0.
+// Ticks from `low` to `high` at every tiny step of the labelled values; position 0 has the label `first`.
 std::vector<Chart_Tick> Ticks_Between(double low, double high, const Axis_Steps& steps, double first)
 {
     constexpr double slack = 1e-9;

@@ -4,17 +4,17 @@
 
 namespace orvel {
 
-// Axes and frame of a diagram out of the extent of its data, by the one drawing convention.
+// A diagram's axes and frame from the extent of its data, by the drawing convention.
 
 // The axis of values from `low` to `high`, both rounded away from zero to one significant digit. Zero always lies on
-// the axis; without any extent it goes to 1. Ticks are drawn up to 1.05 times each end.
+// the axis; without any extent the axis goes to 1. Ticks are drawn up to 1.05 times each end.
 Chart_Axis Value_Axis(double low, double high);
 
 // The axis of positions from 0 to `length`, a positive number, which is not rounded. Labels count from `first_label`;
-// ticks stand where they are round.
+// ticks are placed where they are round.
 Chart_Axis Position_Axis(double length, double first_label = 0);
 
-// The larger magnitude of the axis' ends: what sizes of the convention are shares of.
+// The larger magnitude of the axis' two ends; sizes of the drawing convention are shares of it.
 double Value_Size(const Chart_Axis& values);
 
 // The edges around both axes.

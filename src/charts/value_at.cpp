@@ -24,10 +24,10 @@ std::string Position_Text(double x)
     return General_Text(std::round(x * 1000) / 1000);
 }
 
-// How far a span may lie from the nearest point, as a share of the axis, to be still about it.
+// How far the mouse may be from the nearest point, as a share of the axis, for its value to be shown.
 constexpr double Reach = 0.02;
 
-constexpr std::size_t Fewest_Points = 2; // that make a line
+constexpr std::size_t Fewest_Points = 2; // of a line
 
 } // namespace
 

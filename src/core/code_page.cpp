@@ -38,7 +38,7 @@ std::optional<char> Byte_Of(char32_t code)
     return std::nullopt;
 }
 
-// Takes the first character off a UTF-8 text; nothing where it is malformed, or a character beyond three bytes.
+// Takes the first character off a UTF-8 text; nothing if it is malformed or longer than three bytes.
 std::optional<char32_t> Take_Character(std::string_view& text)
 {
     const auto lead = static_cast<unsigned char>(text[0]);

@@ -4,7 +4,7 @@ namespace orvel {
 
 namespace {
 
-// "line 12, column 5", as far as it is known.
+// "line 12, column 5", as far as the place is known.
 std::string Place(int line, int column)
 {
     if (line <= 0)

@@ -5,7 +5,7 @@
 
 namespace orvel {
 
-// Takes the place of any field in a braced list.
+// Converts to a field of any type in a braced list.
 struct Any_Field {
     template <class T> operator T() const;
 };

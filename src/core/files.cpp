@@ -42,7 +42,7 @@ std::vector<std::string> List(const fs::path& directory, std::string_view mask, 
     return names;
 }
 
-// The path with six letters behind it, at random.
+// The path with six random letters appended.
 fs::path With_Random_Ending(const fs::path& path)
 {
     constexpr std::size_t Letters = 6;
@@ -53,7 +53,7 @@ fs::path With_Random_Ending(const fs::path& path)
     return path.string() + ending;
 }
 
-constexpr int Most_Attempts = 100; // at a name that is not taken
+constexpr int Most_Attempts = 100; // at finding a name that is not taken
 
 // A new file with such a name.
 File_Handle Create_Beside(const fs::path& file, fs::perms rights, fs::path& beside)
@@ -69,7 +69,7 @@ File_Handle Create_Beside(const fs::path& file, fs::perms rights, fs::path& besi
     return created;
 }
 
-// With these rights, or without them those of any new file.
+// With these rights, or those of any new file if none are given.
 void Write_Whole_As(const fs::path& file, std::string_view bytes, std::optional<fs::perms> rights)
 {
     constexpr fs::perms Owner = fs::perms::owner_read | fs::perms::owner_write;

@@ -64,7 +64,7 @@ void Json_Writer::Close(char bracket)
     }
     Out += bracket;
     Is_First = false;
-    Has_Lines = true; // whatever holds this stands on lines of its own
+    Has_Lines = true; // so the enclosing array or object has them, too
 }
 
 void Json_Writer::Scalar(std::string_view text)

@@ -11,8 +11,8 @@
 
 namespace orvel {
 
-// Writes JSON in UTF-8 from texts in the bytes of Windows-1252. Numbers have the general form. Members of an object
-// stand on lines of their own, and so do objects and arrays in an array; single values in an array share a line.
+// Writes JSON in UTF-8 from texts in the bytes of Windows-1252. Numbers have the general form. Each member of an object
+// has a line of its own, and so has each object or array in an array; single values in an array share a line.
 class Json_Writer {
 public:
     void Value(std::string_view text);
@@ -29,7 +29,7 @@ public:
 
     void Key(std::string_view key);
 
-    // The body writes the members, or the elements.
+    // `body` writes the members or the elements.
     template <class Body> void Object(Body body)
     {
         Open('{');

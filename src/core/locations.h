@@ -29,11 +29,10 @@ constexpr std::array<Location, 15> Locations = {{
     {"P_S", "Porewater concentration - South (P_S)"},
 }};
 
-// The long name of a location code, empty for any other text. The case counts.
+// The long name of a location code, empty for any other text. Case-sensitive.
 std::string Location_Name(std::string_view code);
 
-// What stands between the first "(" and the first ")" behind it: the reverse of Location_Name. Empty where one is
-// missing.
+// The text between the first "(" and the next ")": the reverse of Location_Name. Empty if either is missing.
 std::string Bracket_Text(std::string_view text);
 
 } // namespace orvel

@@ -19,7 +19,7 @@ struct Message {
     bool operator==(const Message&) const = default;
 };
 
-// What is wrong with an entry, and the name of the control to go back to.
+// What is wrong with an entry, and the name of the control to return to.
 struct Refusal {
     Message Text;
     std::string Control;

@@ -24,8 +24,8 @@ bool Is_Digit(char c)
     return c >= '0' && c <= '9';
 }
 
-// A value's significant decimal digits without trailing zeros, and the power of ten of the first one. Zero has the one
-// digit "0".
+// A value's significant decimal digits without trailing zeros, and the power of ten of the first one. Zero has the
+// single digit "0".
 struct Decimal {
     bool Negative = false;
     std::string Digits = "0";
@@ -42,8 +42,7 @@ struct Fifteen_Digits {
     int Exponent;
 };
 
-// Those of a value from 1 to below 1E15 by whole numbers: exact, halves to even, and several times faster than the
-// library's way, which is made for any count of digits.
+// The digits of a value in [1, 1e15) by integer arithmetic: exact, halves to even, several times faster than to_chars.
 Fifteen_Digits Digits_Of_Whole(double value)
 {
     __extension__ using Wide = unsigned __int128;
@@ -72,8 +71,8 @@ Decimal Decimal_Of_Whole(double value)
     return {false, std::to_string(digits), exponent};
 }
 
-// The general form of a value by the short way, where there is one: from 1 to below 1E15, and below 1 where its
-// shortest digits end in time.
+// The general form of a positive value by a fast path: for values in [1, 1e15), and for those below 1 whose shortest
+// digits fit the decimals allowed; else nothing.
 std::optional<std::string> Short_Way(double size)
 {
     char text[32];
@@ -91,7 +90,7 @@ std::optional<std::string> Short_Way(double size)
             result.append(1, '.').append(text + whole, last - whole);
         return result;
     }
-    constexpr double Smallest = 1e-5; // below it the text outgrows its room
+    constexpr double Smallest = 1e-5; // below it the text might not fit the buffer
     if (size >= Smallest && size < 1) {
         const auto end = std::to_chars(text, text + sizeof text, size, std::chars_format::fixed).ptr;
         if (end - text <= 2 + Most_Decimals)
@@ -103,7 +102,7 @@ std::optional<std::string> Short_Way(double size)
 Decimal Decimal_Of_Any(double value)
 {
     char buffer[40];
-    // The shortest digits that name the value are its fifteen ones where they are no more.
+    // If the shortest digits that identify the value are at most fifteen, they are its fifteen digits.
     auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific).ptr;
     if (std::find(buffer, end, 'e') - buffer > Significant_Digits + 1)
         end =
@@ -160,7 +159,7 @@ std::string Fixed(const Decimal& decimal, int whole_digits, int decimals)
     std::string text(static_cast<std::size_t>(whole + (decimals > 0 ? 1 + decimals : 0)), '0');
     const std::string_view digits = decimal.Digits;
     const auto first =
-        static_cast<std::size_t>(whole - 1 - decimal.Exponent); // place of the first digit, were there no point
+        static_cast<std::size_t>(whole - 1 - decimal.Exponent); // index of the first digit, not counting the point
     const auto before_point = std::min(static_cast<std::size_t>(std::max(decimal.Exponent + 1, 0)), digits.size());
     if (before_point > 0)
         digits.copy(text.data() + first, before_point);
@@ -182,7 +181,7 @@ bool Is_Zero(const Decimal& decimal)
     return decimal.Digits == "0";
 }
 
-// Zeros at the front that do not stand directly before the point become blanks; blanks at both ends go.
+// Leading zeros that do not directly precede the point become blanks; blanks at both ends are cut.
 std::string Without_Leading_Zeros(std::string text)
 {
     for (std::size_t i = 0; i < text.size() && text[i] == '0' && !(i + 1 < text.size() && text[i + 1] == '.'); ++i)
@@ -226,14 +225,14 @@ double Val(std::string_view text)
     const bool negative = text[0] == '-';
     if (negative || text[0] == '+')
         text.remove_prefix(1);
-    // What from_chars would take beyond digits, a point and an exponent (nan, inf) is no number here.
+    // from_chars would also accept nan and inf, which are no numbers here.
     if (text.empty() || !(Is_Digit(text[0]) || (text[0] == '.' && text.size() > 1 && Is_Digit(text[1]))))
         return 0;
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // The sign of an exponent tells an overflow from an underflow; a number without one is tiny only if it begins
-        // with the point.
+        // The sign of the exponent distinguishes overflow from underflow; a number without an exponent is tiny only if
+        // it begins with the point.
         const std::string_view number(text.data(), static_cast<std::size_t>(result.ptr - text.data()));
         const auto e = number.find_first_of("eE");
         const bool tiny =

@@ -6,13 +6,13 @@
 
 namespace orvel {
 
-// The only readers and printers of numbers in files. The point is the decimal sign, whatever the system's locale is.
+// The only readers and printers of numbers in files. The decimal sign is the point, whatever the locale.
 
-// The number that the text begins with, blanks and tabs before it skipped; 0 where there is none. Never fails:
-// a number beyond the range of a double gives the largest one.
+// The number at the beginning of the text, after any blanks and tabs; 0 if there is none. Never fails: a number beyond
+// the range of a double gives the largest one.
 double Val(std::string_view text);
 
-// The general form: at most 15 significant digits, fixed as long as that needs at most 15 decimals and at most 15
+// The general form: at most 15 significant digits, in fixed notation if that needs at most 15 decimals and at most 15
 // digits before the point, else like 1.5E-16. No blanks around it. Throws std::domain_error for a value that is not
 // finite.
 std::string General_Text(double value);
@@ -24,11 +24,11 @@ std::string Print_Form(double value);
 // "0.00E+00". Rounds the 15 significant decimal digits of the value, halves away from zero.
 std::string Format_Pattern(double value, std::string_view pattern);
 
-// The fixed scheme for numbers in files. Kind "I" is the general form, any other letter goes by the size of the value.
-// Leading zeros that do not stand before the point become blanks and are cut; blanks fill up to `width`.
+// The fixed scheme for numbers in files. Kind "I" is the general form; for any other letter the pattern depends on the
+// size of the value. Leading zeros that do not directly precede the point are cut; blanks fill up to `width`.
 std::string Number_Text(char kind, double value, int width);
 
-// The value with n decimals, and the same steps behind it as in Number_Text.
+// The value with `decimals` decimals, then treated as in Number_Text.
 std::string Fixed_Text(double value, int decimals);
 
 // The value rounded to an i16, halves to the even number. Throws File_Error outside its range.

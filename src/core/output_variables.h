@@ -17,12 +17,12 @@ struct Output_Variable {
     std::array<std::string_view, 2> Out_Unit;
     std::string_view Out_Scale;
     Quantity Kind = Quantity::State;
-    bool Has_Depth = false, Has_Substance = false; // it is asked for at a depth, for a substance
+    bool Has_Depth = false, Has_Substance = false; // a request names a depth, a substance
 
     bool Is_Flow() const { return Kind == Quantity::Flow; }
 };
 
-// The numbers of the variables, by their codes.
+// The numbers of the variables, named by their codes.
 namespace Variable {
 enum Number : int {
     None,
@@ -59,13 +59,13 @@ enum Number : int {
 
 constexpr int Last_Output_Variable = Variable::SPSC;
 
-// The variables by their number, 1 to 28; number 0 is an empty slot.
+// The variables by number, 1 to 28; number 0 is an empty slot.
 extern const std::array<Output_Variable, Last_Output_Variable + 1> Output_Variables;
 
-// The same for any number: one beyond the table counts as its nearest.
+// The variable of any number; one outside the table counts as the nearest in it.
 const Output_Variable& Output_Variable_Of(int number);
 
-// The number of the variable with this code, 0 for an unknown one. The case counts.
+// The number of the variable with this code, 0 for an unknown one. Case-sensitive.
 int Output_Variable_Number(std::string_view code);
 
 } // namespace orvel

@@ -7,16 +7,15 @@
 
 namespace orvel {
 
-// Builds the lines of a text file as a print statement does: items one behind the other, blanks, columns and print
-// zones.
+// Builds the lines of a text file as a print statement does: items in sequence, blanks, columns and print zones.
 class Print_Line {
 public:
     Print_Line& Text(std::string_view text);
     Print_Line& Number(double number);        // in print form
     Print_Line& Item(const Variant& variant); // in print form, or the text
     Print_Line& Spc(int blanks);
-    Print_Line& Tab(int column); // on a new line if `column` or more characters stand there already
-    Print_Line& Zone();          // to the next of columns 1, 15, 29 ..., also when the line stands at one
+    Print_Line& Tab(int column); // 1-based; on a new line if the line already has `column` or more characters
+    Print_Line& Zone();          // to the next of columns 15, 29, 43 ..., even if the line is at one already
     Print_Line& End();           // ends the line
 
     const std::string& Printed() const { return Bytes; }

@@ -1,4 +1,4 @@
-// The documents as a new one begins: declared with their records in session.h.
+// The default values of documents; the functions are declared with the records in session.h.
 #include "core/pesticide_constants.h"
 #include "core/session.h"
 

@@ -22,7 +22,7 @@ std::string Without_Extension(std::string_view file)
     return std::string(file.substr(0, file.size() - std::min(file.size(), Extension)));
 }
 
-// A level that a job may change to: no way out of its mode directory.
+// Whether a job may change into this level: it must not lead out of the mode directory.
 bool Is_Clean_Level(std::string_view level)
 {
     const bool clean =

@@ -12,20 +12,20 @@ namespace orvel {
 
 constexpr int Run_Levels = 3;
 
-// One level: "Winter cereals" is "Winter_-_cereals.run". A blank is "_-_", a comma "--"; a text that truly holds "--"
-// does not survive the way back.
+// One level: "Winter cereals" is "Winter_-_cereals.run". A blank is "_-_", a comma "--"; a text that itself contains
+// "--" is not decoded to the same text.
 std::string Encode_Level(std::string_view text);
-std::string Decode_Level(std::string_view directory); // a name that Is_Run_Level
+std::string Decode_Level(std::string_view directory); // `directory` must satisfy Is_Run_Level
 bool Is_Run_Level(std::string_view directory);
 
-// The directories of one level below `parent`, sorted.
+// The names of the run levels directly below `parent`, sorted.
 std::vector<std::string> List_Run_Levels(const std::filesystem::path& parent);
 
-// The run directory of a combination below the mode directory, its levels parted by backslashes as in a job file. The
-// pesticide is the name of its file.
+// The run directory of a combination below the mode directory, its levels separated by backslashes as in a job file.
+// `pesticide` is the name of its file.
 std::string Run_Directory(std::string_view pesticide, std::string_view crop, std::string_view location);
 
-// The levels of such a directory, and whether they are those of a run: three of them that lead nowhere else.
+// The levels of such a directory, and whether they are those of a run: three, none of which leads elsewhere.
 std::vector<std::string_view> Split_Directory(std::string_view run_directory);
 bool Is_Run_Directory(std::string_view run_directory);
 

@@ -249,7 +249,7 @@ struct Program_State {
 struct Editor_State {
     std::int16_t Substance_Index = 0, Transformation_Index = 0;
 
-    // The pattern of the location under edit, found from its list of applications
+    // The pattern of the location under edit, derived from its list of applications
     std::uint8_t App_Pattern = 0; // 0 irregular, 1 every year, 2 every other year, 3 every third year
     std::uint8_t App_Cycles = 0;  // 26, 23 or 22
     Per_Location<std::int16_t> App_Per_Year{};
@@ -308,8 +308,7 @@ constexpr std::array<std::string_view, Substances + 1> Default_Substance_Name = 
                                                                                  "Metabolite C2",
                                                                                  "Metabolite D2"};
 
-// Puts a document to its defaults. What they do not name stays: the counts of a pesticide document's pattern live in
-// the run settings.
+// Set a document to its defaults. Fields without a default keep their value.
 void Reset_PSM(Pesticide_Document& document);
 void Reset_SZE(Scenario_Document& document);
 

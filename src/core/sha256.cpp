@@ -6,7 +6,8 @@
 #include <cstdio>
 #include <memory>
 
-// The plain routines: the newer interface would bring most of the library, and its start-up, into every program.
+// The plain routines, although deprecated: the newer interface would pull most of the library, and its initialisation,
+// into every program.
 #define OPENSSL_SUPPRESS_DEPRECATED
 #include <openssl/sha.h>
 

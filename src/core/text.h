@@ -14,11 +14,11 @@ constexpr std::string_view Tab_Char = "\t";
 // The text without blanks at both ends. Only the blank counts, as everywhere in the formats.
 std::string_view Trim(std::string_view text);
 
-// `width` characters from the 1-based column `first` on; less, or nothing, where the line ends before.
+// `width` characters from the 1-based column `first` on; fewer, or none, if the line ends before that.
 std::string_view Columns(std::string_view line, std::size_t first, std::size_t width = std::string_view::npos);
 
-// The first word of the line with the blank behind it; the line keeps the rest, that blank included. A tab does not
-// separate.
+// Removes the first word from the line and returns it with one trailing blank; the line keeps the rest, including that
+// blank. A tab does not separate words.
 std::string Next_Token(std::string& line);
 std::string_view Next_Token(std::string_view& line);
 
@@ -30,20 +30,20 @@ inline bool Contains(std::string_view text, std::string_view part)
     return text.find(part) != std::string_view::npos;
 }
 
-// Letters A to Z only: no locale takes part.
+// Letters A to Z only, independent of the locale.
 std::string Upper(std::string_view text);
 std::string Lower(std::string_view text);
-bool Same_Text(std::string_view a, std::string_view b); // without regard to the case of A to Z
+bool Same_Text(std::string_view a, std::string_view b); // ignoring the case of A to Z
 
-// Walks over the lines of a text; lines end in CR LF or LF, and the last one may lack its end.
+// Iterates over the lines of a text; lines end in CR LF or LF, and the last line may lack its end.
 class Line_Reader {
 public:
     explicit Line_Reader(std::string_view text) : Rest(text) {}
 
     bool At_End() const { return Rest.empty(); }
-    std::string_view Next();                   // the next line without its end; throws File_Error behind the last one
-    void Skip(int lines);                      // throws File_Error behind the last line
-    int Line_Number() const { return Number; } // 1-based number of the line read last, 0 before the first
+    std::string_view Next();                   // the next line without its end; throws File_Error after the last one
+    void Skip(int lines);                      // throws File_Error after the last line
+    int Line_Number() const { return Number; } // of the last line read, 1-based; 0 before the first
 
 private:
     std::string_view Rest;

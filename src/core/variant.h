@@ -17,12 +17,12 @@ public:
     Variant(std::string_view text);
     Variant(const char* text) : Variant(std::string_view(text)) {}
     Variant(const std::string& text) : Variant(std::string_view(text)) {}
-    static Variant Verbatim(std::string_view text); // keeps the blanks around the text, for the frequency " DAY"
+    static Variant Verbatim(std::string_view text); // keeps surrounding blanks, for the frequency " DAY"
 
     bool Is_Text() const { return Holds_Text; }
     double Number() const { return Value; } // the number, or Val of the text
-    std::string Print() const; // the print form of a number; a text as it was typed, without blanks around it
-    std::string Text() const;  // the general form of a number; a text as it was typed
+    std::string Print() const;              // the print form of a number; a text as typed, without surrounding blanks
+    std::string Text() const;               // the general form of a number; a text as it was typed
 
     bool operator==(const Variant&) const = default;
 
@@ -32,7 +32,7 @@ private:
     bool Holds_Text = false;
 };
 
-// Number_Text of a field: a typed text is read with its commas as points.
+// Number_Text for a field; commas in a typed text are read as points.
 std::string Number_Text(char kind, const Variant& value, int width);
 
 } // namespace orvel

@@ -5,8 +5,8 @@
 
 namespace orvel {
 
-// Bytes of Windows-1252 as text of an XML document in UTF-8, fit for elements and for attributes in either quotes.
-// Control characters, which no such document may hold, become blanks.
+// Bytes of Windows-1252 as XML text in UTF-8, escaped for elements and for attributes in either kind of quotes. Control
+// characters, which XML does not allow, become blanks.
 std::string Xml_Text(std::string_view bytes);
 
 } // namespace orvel

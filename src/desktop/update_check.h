@@ -7,11 +7,11 @@
 
 namespace orvel {
 
-// The answer to a page that lists the current package, whose file name ends in its release date, YYYYMMDD, and ".zip".
-// `own` is the date of this program. A page without such a name, or an empty one, is a connection problem.
+// The message for a page that lists the current package, whose file name ends in its release date, YYYYMMDD, and
+// ".zip". `own` is the date of this program. An empty page or one without such a name counts as a connection problem.
 Message Evaluate_Update_Page(std::string_view page, std::string_view own = Release_Date);
 
-// For a fetch that failed, and for a build without an address.
+// The messages for a failed fetch and for a build without an address.
 Message Connection_Problem();
 Message No_Update_Address();
 

@@ -28,11 +28,11 @@ bool Open_Pesticide(Session& session, const fs::path& file)
     return read;
 }
 
-// Opening, making and converting a kind, as far as the editors' rules take part.
+// How documents of one kind are opened, created and converted.
 struct Document_Rules {
     bool (*Open)(Session& session, const fs::path& file);
     void (*Make_New)(Session& session);
-    void (*Pass_Editor)(Session& session); // what loading and saving in the editor changes
+    void (*Pass_Editor)(Session& session); // applies what loading and saving in the editor would change
 };
 
 void Keep(Session&) {}

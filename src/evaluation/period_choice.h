@@ -5,7 +5,7 @@
 
 namespace orvel {
 
-// The period of a diagram, chosen by a month and a year for its begin and for its end.
+// The period of a diagram, chosen by month and year for both its start and its end.
 
 struct Period {
     Run_Month From, To;
@@ -14,11 +14,11 @@ struct Period {
 
 enum class Period_End { Begin, End };
 
-// The years of a simulation by the months that its plot.orv names; 0 without any.
+// The years of a simulation, from the number of months in the head of its plot.orv; 0 if there are none.
 int Years_Of_Plot(const Plot_Head& head);
 
-// Moves the end that was not changed so that the period is not crossed: the begin goes to the new end, the end to the
-// month behind the new begin, or to the begin's own month at the end of the simulation.
+// Moves the bound that was not changed if the start would lie after the end: the start moves to the new end; the end
+// moves to the month after the new start, or to the start's own month at the end of the simulation.
 Period Uncrossed(const Period& chosen, Period_End changed, int years);
 
 } // namespace orvel

@@ -20,7 +20,7 @@ std::string Quoted(std::string_view text)
     return "\"" + std::string(text) + "\"";
 }
 
-// The copy is no larger than it must be: the series of a long run are a gigabyte.
+// The copy is kept small: the series of a long run take a gigabyte.
 std::string First_Lines(const fs::path& plot)
 {
     constexpr int Copied_Lines = 7;
@@ -44,7 +44,7 @@ std::string Format_Utility_Batch(Utility utility, const fs::path& directory, con
     const std::string place = Path_Text(directory);
     std::string text =
         "copy  " + Quoted(place + "\\plot.orv") + " " + Quoted(place + "\\" + std::string(Series_Copy)) + "\r\n";
-    text += "\r\n"; // the drive's letter
+    text += "\r\n"; // where the drive letter would be
     text += "CD " + Quoted(place) + "\r\n";
     text += Quoted(Path_Text(app_path) + "\\" + std::string(Names_Of(utility).Program)) + "\r\n";
     return text + "quit\r\n";
@@ -80,7 +80,7 @@ try {
     Program_Start start = Engine_Start(directory, *program);
     start.Output = Utility_Log;
     return Start_Program(start);
-} catch (const std::runtime_error& error) { // of a file, or of a program that cannot be started
+} catch (const std::runtime_error& error) { // from a file, or a program that cannot be started
     return Tell(session, To_Code_Page(error.what()));
 }
 

@@ -33,7 +33,7 @@ void Set_Substance(Pesticide_Document& document, int i, const Row& row)
     document.Degradation[s][static_cast<std::size_t>(Rows_Of_Substance(i))].Deg_Rate = Val(row.at(5));
 }
 
-// The second point, ten degrees higher, by the rule for a substance that is known at one temperature.
+// The second point, ten degrees higher, follows from the rule for a substance that is known at one temperature.
 void Set_Volatilisation(Pesticide_Document& document, const Row& row)
 {
     const double solubility = Val(row.at(6));
@@ -51,7 +51,7 @@ const Row& Substance_Row(const std::vector<Row>& substances, std::string_view le
     return *found;
 }
 
-// 26 applications every year, or 22 every third year: what the run forms take for a regular pattern.
+// 26 applications every year, or 22 every third year: what the run forms recognise as a regular pattern.
 int Cycles(int every)
 {
     return 20 + 6 / every;
@@ -69,7 +69,7 @@ void Set_Relative_Dates(Pesticide_Document& document, int days, int every)
                                                               .Abs9_Rate = Rate};
 }
 
-// Block 0, which is the user specific one, and a block for each of the locations.
+// Sets block 0, the user-specific one, and a block for each of the locations.
 void Set_Dates(Pesticide_Document& document, Day_Of_Year date, int every, std::size_t first, std::size_t last)
 {
     document.App_Mode = 0;

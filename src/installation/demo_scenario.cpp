@@ -17,7 +17,7 @@ constexpr double Content_Compartment = 1;    // cm
 constexpr int Tillage_Days_Before_Emergence = 5;
 constexpr std::int16_t Curve_Number_Fallow = 78, Curve_Number_Crop = 70, Curve_Number_Residue = 74;
 
-// Examples of what most scenarios do not have.
+// Which scenarios serve as examples of features that most do not have.
 bool Has_Erosion(const Demo_Site& site, const Demo_Crop& crop)
 {
     return site.Code == "N" && crop.Stem == "_maize";
@@ -50,8 +50,8 @@ std::int16_t I16(int value)
     return static_cast<std::int16_t>(value);
 }
 
-// Dates in the year of harvest; those later in the calendar than the harvest belong to the year before, 0 for the
-// first.
+// Dates in the year of harvest; those later in the calendar than the harvest belong to the previous year, which is 0
+// for the first.
 Rotation_Row Cropping_Of_Year(const Demo_Cropping& cropping, int year)
 {
     const Day_Of_Year tillage = Days_Earlier(cropping.Emergence, Tillage_Days_Before_Emergence);
@@ -95,7 +95,7 @@ void Set_Soil(Scenario_Document& document, const Demo_Site& site, Demo_Purpose p
             break;
         document.SZE_Core_Depth += horizon.SZE_Hor_Thickness.Number();
         document.Horizons.push_back(horizon);
-        // With field capacity and wilting point the file has no field for the texture.
+        // A file with field capacity and wilting point has no field for the texture.
         document.Horizons.back().SZE_Hor_Sand = 0;
         document.Horizons.back().SZE_Hor_Clay = 0;
     }

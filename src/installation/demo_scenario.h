@@ -20,14 +20,14 @@ struct Demo_Scenario {
     Scenario_Document Document;
 };
 
-// The scenario of a crop at a site. Where the site has no dates of its own for the crop, those of the crop's first
-// location are taken.
+// The scenario of a crop at a site. If the site has no dates of its own for the crop, those of the crop's first
+// location are used.
 Scenario_Document Demo_Scenario_Document(const Demo_Site& site, const Demo_Crop& crop, Demo_Purpose purpose);
 
 // All combinations of the nine locations with the crops that they offer.
 std::vector<Demo_Scenario> Location_Scenarios(const Demo_Tables& tables, Demo_Purpose purpose);
 
-// Every crop at every soil zone. The two crops that share a file stem have one file there: that of the first.
+// Every crop at every soil zone. The two crops that share a file stem have one file: that of the first.
 std::vector<Demo_Scenario> Zone_Scenarios(const Demo_Tables& tables);
 
 } // namespace orvel

@@ -18,7 +18,7 @@ constexpr double Drainage = 0.1;
 constexpr double OM_Per_OC = 1.724;
 constexpr double Zone_WP_Per_FC = 0.4;
 
-// An inconsistent table is a fault of the program, since the tables are compiled in.
+// An inconsistent table is a programming error, since the tables are compiled in.
 void Expect(bool holds, std::string_view what)
 {
     if (!holds)
@@ -76,7 +76,7 @@ std::vector<Scenario_Horizon> Location_Horizons(std::string_view code)
     return horizons;
 }
 
-// Three horizons down to 1 m from the data of the top layer.
+// Three horizons down to 1 m, derived from the data of the top layer.
 std::vector<Scenario_Horizon> Zone_Horizons(std::string_view code)
 {
     struct Step {
@@ -132,8 +132,7 @@ void Add_Croppings(Demo_Crop& crop, const Row& row)
         crop.Croppings.push_back({row[i], date(4), date(3), date(2), date(1)});
 }
 
-// A crop's line begins with its name, of the width that it has in the crop data base; lines that begin with a blank
-// hold its dates.
+// A crop's line begins with its name, as wide as in the crop database; lines that begin with a blank hold its dates.
 std::vector<Demo_Crop> Load_Crops()
 {
     constexpr std::size_t name_width = 14;

@@ -11,9 +11,9 @@
 
 namespace orvel {
 
-// The demonstration data as the plain files of installation/ hold them.
+// The demonstration data, as held by the plain files of installation/.
 
-// In the title of every file.
+// Part of every file's title.
 constexpr std::string_view Title_Warning = "demonstration data, not for regulatory use";
 
 // A location or soil zone.
@@ -59,7 +59,7 @@ struct Demo_Crop {
 struct Demo_Tables {
     std::vector<Demo_Site> Sites; // the nine locations, then the six soil zones
     std::map<std::string, Monthly_Climate> Climates;
-    std::vector<Demo_Crop> Crops; // as in the crop data base
+    std::vector<Demo_Crop> Crops; // as in the crop database
 };
 
 Demo_Tables Load_Demo_Tables();

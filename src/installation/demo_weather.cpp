@@ -16,11 +16,11 @@ namespace {
 constexpr std::array<int, 12> Month_Days = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 constexpr std::array<double, 12> Temp_Deviation = {3.6, 3.5, 3.2, 2.8, 2.8, 2.6, 2.3, 2.3, 2.4, 2.8, 3.2, 3.6}; // degC
 constexpr int Year_Days = 365;
-constexpr double Persistence = 0.72; // of the temperature's deviation from day to day
+constexpr double Persistence = 0.72; // day-to-day autocorrelation of the temperature's deviation
 constexpr double Largest_Rain = 150; // mm/d
 constexpr double Two_Pi = 2 * std::numbers::pi;
 
-// The chances and amounts of rain in a month.
+// The probabilities and amounts of rain in a month.
 struct Rain_Month {
     double Wet_After_Dry = 0, Wet_After_Wet = 0;
     double Shape = 0, Scale = 0; // of the gamma distribution; mm
@@ -69,7 +69,7 @@ double Saturation_Pressure(double temp)
     return 6.108 * std::exp(17.27 * temp / (temp + 237.3));
 }
 
-// Draws a site's days in order; the order of the draws is part of the data.
+// Draws a site's days in order; changing the order of the draws would change the data.
 class Generator {
 public:
     Generator(const Demo_Site& site, const Monthly_Climate& climate) : Random(site.Code), Site(site), Climate(climate)

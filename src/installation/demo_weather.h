@@ -10,7 +10,7 @@ namespace orvel {
 // Generated weather: wet days by a two-state Markov chain with gamma amounts (Richardson 1981, Water Resour. Res.
 // 17:182; parameters from the month's rain by Geng et al. 1986, Agric. For. Meteorol. 36:363), temperature by a
 // first-order autoregression, evaporation and radiation from temperatures (Hargreaves & Samani 1982, 1985). It
-// resembles the site's climate and is no measurement.
+// resembles the site's climate but is not measured.
 
 struct Weather_Day {
     int Day = 0, Month = 0, Year = 0;  // the year counts from 1; every fourth has a 29 February
@@ -22,16 +22,16 @@ struct Weather_Day {
     bool operator==(const Weather_Day&) const = default;
 };
 
-// The days of all years from 1 to `years`: the same for the same site, whatever `years` is.
+// The days of the years 1 to `years`. A day's weather depends only on the site, not on `years`.
 std::vector<Weather_Day> Demo_Weather(const Demo_Site& site, const Monthly_Climate& climate, int years);
 
 // Days of a month of the demonstration's calendar.
 int Days_In_Month(int month, int year);
 
-// The climate files of the years in turn.
+// The bytes of the climate files, one per year.
 std::vector<std::string> Format_Weather(const Demo_Site& site, const std::vector<Weather_Day>& days);
 
-// The calendar of the daily diagram: running number, day, month and year of every day of `years` years.
+// The bytes of the daily diagram's calendar: running number, day, month and year of every day of `years` years.
 std::string Format_Calendar(int years);
 
 } // namespace orvel

@@ -30,7 +30,7 @@ std::string In_Mode(const Mode& mode, std::string_view name)
     return std::string(mode.Directory) + "/" + std::string(name);
 }
 
-// The run control file that a run form restores when it opens for the first time: the first crop at the first site,
+// The bytes of the run control file that a run form restores when it first opens: the first crop at the first site,
 // with the recommended output.
 std::string Format_Template(const Mode& mode, const std::vector<Demo_Pesticide>& pesticides)
 {
@@ -66,7 +66,7 @@ void Write_Mode(const Mode& mode, const std::vector<Demo_Pesticide>& pesticides,
 {
     write(In_Mode(mode, Calendar_File), Format_Calendar(Demo_Years));
     write(In_Mode(mode, "orvel.inp"), Format_Template(mode, pesticides));
-    // Without this file the run form takes the mode for one that is running.
+    // Without this file the run form would consider the mode's job to be running.
     write(In_Mode(mode, mode.Probe_File), "Probe file of the run form; its content has no meaning.\r\n");
     if (!mode.Last_Copy.empty())
         write(In_Mode(mode, mode.Last_Copy),

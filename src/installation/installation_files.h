@@ -11,7 +11,7 @@ namespace orvel {
 using Write_Installation_File = std::function<void(const std::string& path, std::string_view bytes)>;
 void Make_Installation_Files(const Write_Installation_File& write);
 
-// The same without the climate files, which are most of it.
+// The same without the climate files, which are by far the largest part.
 void Make_Data_Files(const Write_Installation_File& write);
 
 } // namespace orvel

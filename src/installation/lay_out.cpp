@@ -20,7 +20,7 @@ namespace {
 constexpr std::array<const char*, 3> Utilities = {"wyear.exe", "wmonth.exe", "wday.exe"};
 constexpr const char* Staging = ".orvel-init"; // within the new installation, until it is complete
 
-// The file in the first directory that has it, whatever its case.
+// The file in the first directory that has it, ignoring case.
 std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, std::string_view name)
 {
     for (const auto& directory : parts) {
@@ -31,7 +31,7 @@ std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, std::strin
     return std::nullopt;
 }
 
-// Apart from the remains of an earlier attempt.
+// Ignores the remains of an earlier attempt.
 bool Is_Empty(const fs::path& directory)
 {
     for (const auto& entry : fs::directory_iterator(directory)) {
@@ -55,7 +55,7 @@ void Write_New(const fs::path& file, std::string_view bytes)
 }
 
 // The directory that becomes an installation. Unless Keep is called, the destructor removes everything again: its
-// content, the directory, and the parents that were made for it.
+// contents, the directory itself, and the parents created for it.
 class New_Directory {
 public:
     explicit New_Directory(const fs::path& directory) : Path(directory)
@@ -83,7 +83,7 @@ public:
 
 private:
     fs::path Path;
-    std::vector<fs::path> Made; // the innermost first
+    std::vector<fs::path> Made; // innermost first
     bool Emptied = false, Kept = false;
 };
 

@@ -6,7 +6,7 @@
 
 namespace orvel {
 
-// The random numbers of the demonstration weather: the same everywhere and for ever for the same site.
+// The random numbers of the demonstration weather: always the same for the same site, on every system.
 class Weather_Random {
 public:
     // The start state is the FNV-1a hash (64 bits) of "ORVEL-DEMO-" and the site's code.

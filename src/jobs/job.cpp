@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::chrono::seconds Longest_Wait(1); // for a lock: who looks at it holds it for an instant
+constexpr std::chrono::seconds Longest_Wait(1); // for a lock: testing it from outside holds it for an instant
 
 struct Running_Engine {
     std::size_t Run;
@@ -125,7 +125,7 @@ private:
     std::vector<Job_Run> Runs;
     std::vector<fs::path> Paths;
     Job_Log Log;
-    std::map<int, Running_Engine> Engines; // by process
+    std::map<int, Running_Engine> Engines; // by process id
     int Failed = 0;
 };
 

@@ -32,7 +32,7 @@ private:
 struct Job_History {
     std::time_t Begin = 0; // 0: there is no log
     bool Ended = false;
-    std::map<std::string, Job_Event, std::less<>> Runs; // run directory to its last event
+    std::map<std::string, Job_Event, std::less<>> Runs; // last event by run directory
 };
 
 // Lines of any other form are ignored.

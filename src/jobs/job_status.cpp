@@ -44,7 +44,7 @@ double Years_Of_Run(const fs::path& run)
     return std::clamp(Val(years), 0.0, static_cast<double>(Most_Years));
 }
 
-// The number behind the last "YEAR" of a text.
+// The number after the last "YEAR" in a text.
 double Last_Year(std::string_view text)
 {
     constexpr std::string_view Word = "YEAR";
@@ -96,7 +96,7 @@ std::vector<std::string> First_Levels(const fs::path& directory)
     return names;
 }
 
-// What the job's log knows of a run that the engine's own files do not tell.
+// Adds what only the job's log knows about a run: that it failed or was killed.
 Run_Result Result_With_Log(Run_Result result, const Job_History& history, const fs::path& root, const fs::path& run)
 {
     if (history.Runs.empty() || result == Run_Result::Error || result == Run_Result::Killed)
@@ -181,7 +181,7 @@ Run_Status Status_Of_Run(const fs::path& run)
     const auto echo = Find_File(run, "echo.orv");
     if (!echo || !May_Read(*echo))
         return Run_Status::Scheduled;
-    // The run's lock is asked first: as long as a job holds it, the engine's own is left in peace.
+    // The run's lock is tested first: while a job holds it, the engine's own lock is left alone.
     return Is_Locked(run) || Is_Locked(*echo) ? Run_Status::Running : Run_Status::Data_Available;
 }
 
@@ -202,8 +202,7 @@ std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
 {
     std::vector<Simulation> simulations;
     const Job_History history = Read_Job_Log(mode_directory);
-    const std::time_t end_of_log =
-        Last_Change(mode_directory / Job_Log_Name); // the log knows nothing of a run marked later
+    const std::time_t end_of_log = Last_Change(mode_directory / Job_Log_Name); // runs marked later are not in the log
     for (const auto& pesticide : List_Run_Levels(mode_directory)) {
         for (const auto& crop : First_Levels(mode_directory / pesticide)) {
             for (const auto& location : First_Levels(mode_directory / pesticide / crop)) {

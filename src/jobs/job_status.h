@@ -10,32 +10,32 @@
 
 namespace orvel {
 
-// What can be seen of a job from outside: by locks and files, without waiting and without disturbing it.
+// The state of a job seen from outside: by locks and files, without waiting and without disturbing it.
 
-// What an engine prints while it runs: "YEAR 3 OF 26". It stands in the run directory and stays there if the run fails.
+// File in the run directory that takes what an engine prints while it runs: "YEAR 3 OF 26". It is kept if the run
+// fails.
 constexpr std::string_view Progress_Name = "progress.orv";
 
 // Whether a job or an engine of the mode is at work. A missing probe file counts as running.
 bool Job_Running(const Program_State& program, const Mode& mode);
 
-// The years, at most `years`, that the engine of a run directory has behind it: as it says itself, else the last one in
-// its water balance.
+// The years, at most `years`, that the engine of a run directory has completed: by its own progress, else by the last
+// year in its water balance.
 double Years_Done(const std::filesystem::path& run, double years);
 
 struct Job_Progress {
-    int Runs = 0, Done = 0, Running = 0, Failed = 0; // runs; those failed are among those done
+    int Runs = 0, Done = 0, Running = 0, Failed = 0; // failed runs count as done, too
     double Years = 0, Years_Done = 0;                // simulated years of the whole job
     double Seconds_Left = -1;                        // -1: not known yet
 };
 Job_Progress Progress_Of_Job(const std::filesystem::path& mode_directory);
 
-// One line for people: "3 of 12 runs, 2 running, 41 %, 3 min left".
+// One line for the user: "3 of 12 runs, 2 running, 41 %, 3 min left".
 std::string Progress_Text(const Job_Progress& progress);
 
 enum class Run_Status { Scheduled, Running, Data_Available };
 std::string_view Status_Text(Run_Status status); // "Scheduled", "Running", "Data available"
 
-// The status of a run directory.
 Run_Status Status_Of_Run(const std::filesystem::path& run);
 
 enum class Run_Result { None, Finished, Error, Killed }; // None: not run yet, or at work
@@ -43,7 +43,7 @@ std::string_view Result_Text(Run_Result result);         // "", "finished", "ERR
 
 // The result of a run whose data are available: ERROR if the echo holds one, killed if the engine could not finish it.
 Run_Result Result_Of_Run(const std::filesystem::path& run);
-// Whether the end of the echo file of a run, if it has one, holds an error.
+// Whether the end of a run's echo file holds an error; false without an echo file.
 bool Echo_Holds_Error(const std::filesystem::path& run);
 
 struct Simulation {

@@ -20,7 +20,8 @@ namespace {
 
 constexpr std::string_view Soil_Mark = "SOIL";
 
-// A user who agreed once is not asked again, but still told.
+// Answers a question that can be confirmed or cancelled by confirming it: the user has agreed once. All other messages
+// still reach the user.
 Ask_Function Agreeing(const Ask_Function& ask)
 {
     return [&ask](const Message& message) {
@@ -35,13 +36,13 @@ try {
     return {};
 }
 
-// The entry of a list, or another one where the list lacks it.
+// `entry` if the list has it, else `other`.
 std::string Entry_Or(const std::vector<std::string>& entries, const std::string& entry, const std::string& other)
 {
     return std::ranges::find(entries, entry) != entries.end() ? entry : other;
 }
 
-// The scaling stands behind "SOIL" in the first line.
+// The scaling follows "SOIL" in the first line.
 std::string Scaling_Of(std::string_view control)
 {
     const auto header = control.substr(0, control.find('\r'));
@@ -56,7 +57,7 @@ std::string Tillage_Of(const Mode& mode, const Run_Template& control)
     return Entry_Or(depths, General_Text(control.Till_Depth), depths[static_cast<std::size_t>(mode.Tillage_Index)]);
 }
 
-// The options that a run was made with.
+// The options that a run was prepared with.
 Run_Options Options_Of(const Mode& mode, const Run_Template& control, std::string_view bytes)
 {
     Run_Options options;

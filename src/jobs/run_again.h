@@ -6,14 +6,14 @@
 
 namespace orvel {
 
-// Simulations that failed can be marked for the pending batch anew.
+// Marks failed simulations for the pending batch again.
 
 // Whether a simulation ended with an error or was killed.
 bool Has_Failed(const Simulation& simulation);
 
-// Asks once, then marks those of the list that failed and are not marked already: with the present pesticide and
-// scenario files, but each with the output, the tillage depth, the years and the scaling of its own orvel.inp. What is
-// refused has been told. The number marked.
+// Asks once, then marks the simulations of the list that failed and are not yet marked: with the present pesticide and
+// scenario files, but each with the output, the tillage depth, the years and the scaling of its own orvel.inp. The user
+// has been told of any refusal. Returns the number marked.
 int Mark_Failed_Again(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                       const std::vector<Simulation>& simulations);
 

@@ -26,7 +26,7 @@ bool Refuse(const Ask_Function& ask, std::string_view text)
     return false;
 }
 
-// The entry of a list that equals a text, letter case apart; empty if there is none.
+// The entry of a list that equals a text regardless of case; empty if there is none.
 std::string Entry_Of(const std::vector<std::string>& entries, std::string_view text)
 {
     const auto exact = std::ranges::find(entries, text);
@@ -36,7 +36,7 @@ std::string Entry_Of(const std::vector<std::string>& entries, std::string_view t
     return found == entries.end() ? std::string() : *found;
 }
 
-// The entries of the run form's three lists that a request names; without a location where it asks for all.
+// The entries of the run form's three lists that a request names; no location if it asks for all.
 struct List_Entries {
     std::string Pesticide;
     const orvel::Crop* Crop = nullptr;
@@ -107,7 +107,7 @@ bool Mark_Every(const Session& session, const Mode& mode, const List_Entries& ch
     return result.Failed == 0;
 }
 
-// Waits for the end of the job; its exit code.
+// Waits for the job to end and returns its exit code.
 int Wait_For_Job(const std::filesystem::path& mode_directory, int process, const Progress_Report& report)
 {
     using Clock = std::chrono::steady_clock;

@@ -11,7 +11,7 @@
 
 namespace orvel {
 
-// Marking, starting and listing as the command line asks for them. Texts are bytes of Windows-1252.
+// Marking, starting and listing for the command line. Texts are bytes of Windows-1252.
 
 struct Mark_Request {
     Mode_Kind Kind = Mode_Kind::Focus;
@@ -22,8 +22,8 @@ struct Mark_Request {
     std::optional<double> Scaling;         // degrees, else 0
 };
 
-// Marks as the run form of the mode does. The run directories marked, below the installation directory; nothing if
-// anything was refused, which has been told.
+// Marks as the run form of the mode does. Returns the run directories marked, below the installation directory; nothing
+// if anything was refused, and the user has been told.
 std::optional<std::vector<std::string>> Mark(Session& session, const Mark_Request& request);
 
 struct Progress_Report {
@@ -31,11 +31,11 @@ struct Progress_Report {
     std::chrono::milliseconds Interval{500};
 };
 
-// Starts the job of the pending batch; with a report it waits for the end and tells the progress meanwhile. False:
+// Starts the job of the pending batch; with a report it waits for the end and reports progress meanwhile. False:
 // refused, or a run failed, and the user has been told.
 bool Start(const Session& session, const Mode& mode, int jobs, const Progress_Report& report = {});
 
-// The list as lines of columns parted by tabs: pesticide, crop, location, date, status, and the result of a run that
+// One line for each simulation, separated by tabs: pesticide, crop, location, date, status, and the result if the run
 // did not end well.
 std::string Simulation_Lines(const std::vector<Simulation>& simulations);
 

@@ -24,8 +24,8 @@ bool Is_At_Work(const fs::path& run)
     return Is_Locked(run) || (echo && Is_Locked(*echo));
 }
 
-// The three levels of a run below its mode's directory. One that is a link leads elsewhere: what lies there is none of
-// this list's.
+// Whether none of the three levels of a run below its mode's directory is a link: a link leads elsewhere, and what lies
+// there is not ours to delete.
 bool Is_In_Place(const fs::path& run)
 {
     fs::path level = run;
@@ -43,7 +43,7 @@ bool May_Be_Removed(const fs::path& run)
     return Is_In_Place(run) && !Is_At_Work(run);
 }
 
-// Deletes the files, then the directory: one that holds another directory stays. False: it is still there.
+// Deletes the files, then the directory; a directory that holds another one stays. False: it is still there.
 bool Remove_Run(const fs::path& run)
 {
     if (!May_Be_Removed(run))
@@ -56,7 +56,7 @@ bool Remove_Run(const fs::path& run)
     return fs::remove(run, error);
 }
 
-// Removes a level that holds no run any more; whatever else a user has put there keeps it.
+// Removes a level that no longer holds a run, unless the user has put something else there.
 void Remove_If_Empty(const fs::path& level)
 {
     std::error_code ignored;
@@ -109,7 +109,7 @@ try {
         if (May_Be_Removed(simulation.Directory))
             going.push_back(simulation.Directory);
     }
-    // First: a batch never names a directory that is gone.
+    // Done first, so that a batch never names a directory that is gone.
     Take_Out_Of_Batch(program.App_Path, Mode_Directory(program, mode), going);
     int removed = 0;
     for (const auto& simulation : simulations) {
@@ -117,7 +117,7 @@ try {
         std::error_code unknown;
         if (Remove_Run(run))
             ++removed;
-        else if (fs::symlink_status(run, unknown).type() != fs::file_type::not_found) // one that is gone needs no word
+        else if (fs::symlink_status(run, unknown).type() != fs::file_type::not_found) // already gone: nothing to report
             Tell(ask, Deleting,
                  "You are currently running a simulation using the directory\r\n" + Path_Text(run) +
                      ".\r\n\r\nDelete operation failed!\r\n\r\n");
@@ -125,7 +125,7 @@ try {
         Remove_If_Empty(run.parent_path().parent_path());
     }
     return removed;
-} catch (const std::runtime_error& error) { // of the pending batch
+} catch (const std::runtime_error& error) { // from changing the pending batch
     Tell(ask, Deleting, To_Code_Page(error.what()));
     return 0;
 }

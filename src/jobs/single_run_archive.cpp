@@ -19,7 +19,7 @@ namespace {
 constexpr std::string_view File_Check = "File check";
 constexpr std::string_view Archive_Stem = "Run_";
 
-// The input files that an orvel.inp names, itself last.
+// The input files that an orvel.inp names, then orvel.inp itself.
 std::vector<std::string> Input_Files(std::string_view control)
 {
     Line_Reader lines(control);
@@ -94,11 +94,11 @@ bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::
     } catch (const std::exception&) {
         std::error_code ignored;
         if (made)
-            fs::remove_all(archive, ignored); // nothing was taken from the directory yet
+            fs::remove_all(archive, ignored); // nothing has been moved out of the directory yet
         Tell(ask, File_Check, "Cannot open " + Name_Of(archive).value_or(folder));
         return false;
     }
-    // The archive is whole: now the output may go, and the archive stays whatever happens.
+    // The archive is complete: the output may be deleted now, and the archive stays whatever happens.
     return Remove_Archived(ask, directory, output);
 }
 

@@ -37,7 +37,7 @@ bool Start_Single_Run(Session& session, const fs::path& directory, const Single_
     const fs::path engine = session.Program.App_Path / session.Program.Engine_Exe;
     std::error_code ignored;
     if (!fs::is_regular_file(engine, ignored))
-        return Tell_Failed(session.Ask, "Orvel not found"); // before any output is deleted for a run that cannot be
+        return Tell_Failed(session.Ask, "Orvel not found"); // checked before any output is deleted
     try {
         Program_Start start = Engine_Start(directory, engine);
         Delete_Output(directory);

@@ -8,21 +8,21 @@
 
 namespace orvel {
 
-// Starting a single run, and what can be seen of it meanwhile.
+// Starting a single run and watching its progress.
 
 constexpr std::string_view Still_At_Work =
     "An engine is still at work in this directory. Please wait until it has finished.";
 
-// Takes the entry over, writes orvel.inp, deletes old output and starts the engine in the directory, without waiting.
-// The engine's process holds the directory's lock as long as it works. False: the user has been told. A run that is at
-// work there is left alone, and told.
+// Applies the entry, writes orvel.inp, deletes old output and starts the engine in the directory, without waiting. The
+// engine's process holds the directory's lock while it works. False: nothing was started, and the user has been told; a
+// run already at work there is left alone.
 bool Start_Single_Run(Session& session, const std::filesystem::path& directory, const Single_Run_Entry& entry);
 
 // Years done of years to do and whether the engine is at work in a directory.
 struct Single_Run_State {
     bool Running = false;
     int Years_Done = 0;
-    std::string Text; // one line for people
+    std::string Text; // one line for the user
 };
 Single_Run_State State_Of_Single_Run(const std::filesystem::path& directory, int years);
 

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The lock of the job, unless one is at work.
+// Takes the job lock; nothing if a job is at work.
 std::optional<Lock> Take_Job_Lock(const Program_State& program, const Mode& mode)
 {
     constexpr std::chrono::milliseconds Most(200);
@@ -38,7 +38,7 @@ int Start_Job(const fs::path& mode_directory, int jobs, const fs::path& runner, 
     Parse_Job(batch);
     Write_Whole(Found_Or_New(mode_directory, Job_File_Name), Format_Job(batch));
     std::error_code ignored;
-    fs::remove(mode_directory / Job_Log_Name, ignored); // that of the job before
+    fs::remove(mode_directory / Job_Log_Name, ignored); // of the previous job
     Program_Start start{.Program = runner,
                         .Arguments = {"--jobs", std::to_string(jobs), "--lock", std::to_string(Kept_As), "."},
                         .Directory = mode_directory,

@@ -17,16 +17,16 @@ struct Started_Job {
 };
 
 // Makes the pending batch the job file and starts the job, which outlives this program. `jobs` runs at a time, 0: one
-// per processor. Whatever is not Started has been told. `runner` is the job runner; without one it is the program
-// orveljob beside the running one.
+// per processor. Unless the result is Started, the user has been told. `runner` is the job runner; without one it is
+// the program orveljob beside the running one.
 Started_Job Start_Batch(const Program_State& program, const Ask_Function& ask, const Mode& mode, int jobs = 0,
                         const std::filesystem::path& runner = {});
 
-// Run: starts the pending batch; where none is pending, the choice alone is marked before.
+// Starts the pending batch; if none is pending, the choice is marked first and runs alone.
 Started_Job Run_Batch(const Program_State& program, const Ask_Function& ask, const Mode& mode, const Run_Choice& choice,
                       int jobs = 0, const std::filesystem::path& runner = {});
 
-// Whether a job of this program has ended, and how; does not wait. Nothing while it runs.
+// The exit code of a job that this program started, without waiting; nothing while it runs.
 std::optional<int> Job_Exit_Code(int process);
 
 } // namespace orvel

@@ -25,16 +25,6 @@ struct Series_Arguments {
     bool Cumulative = false;
 };
 
-// "YYYY-MM" as a month of the simulation, whose years count from 1; nothing for a text that is none.
-std::optional<Run_Month> Month_Of(const std::string& text)
-{
-    const auto dash = text.find('-');
-    const Run_Month month{dash == std::string::npos ? 0
-                                                    : static_cast<int>(Val(std::string_view(text).substr(dash + 1))),
-                          static_cast<int>(Val(text))};
-    return month.Month >= 1 && month.Month <= 12 && month.Year >= 1 ? std::optional(month) : std::nullopt;
-}
-
 // A cell of a table with commas, where the text may hold some.
 std::string Csv_Cell(const std::string& text)
 {
@@ -98,9 +88,9 @@ int Do_Series(const Session& session, const Series_Arguments& arguments)
         Tell("File check", "The calendar datum.dat is missing: name the installation of the run with -C DIR.");
         return Refused;
     }
-    const auto from = Month_Of(arguments.From.empty() ? "1-1" : arguments.From);
+    const auto from = Parse_Month(arguments.From.empty() ? "1-1" : arguments.From);
     const auto to =
-        Month_Of(arguments.To.empty() ? std::to_string(std::max(1, head.Months / 12)) + "-12" : arguments.To);
+        Parse_Month(arguments.To.empty() ? std::to_string(std::max(1, head.Months / 12)) + "-12" : arguments.To);
     if (!from || !to) {
         Tell("File check", "A month is written as YYYY-MM, with the year of the simulation from 1.");
         return Refused;

@@ -1,7 +1,7 @@
-// Paints what orvelctl was asked for: a series of a run as a picture, or the report as a document.
-//   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE    with months as YEAR-MONTH
-//   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE                              with codes parted by commas,
-//   or none
+// Paints for orvelctl: a series of a run as a picture, or the report as a document.
+//   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE
+//   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE
+// FROM and TO are months as YYYY-MM; CODES are separated by commas and may be empty.
 #include "charts/painting/chart_files.h"
 #include "core/code_page.h"
 #include "core/error.h"
@@ -27,17 +27,12 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-Run_Month Month_Of(const std::string& text)
-{
-    return {static_cast<int>(Val(std::string_view(text).substr(text.find('-') + 1))), static_cast<int>(Val(text))};
-}
-
 void Paint_Series(Session& session, const Arguments& arguments)
 {
     const Daily_Request request{.Variable = static_cast<int>(Val(arguments[4])),
                                 .Cumulative = arguments[5] == "1",
-                                .From = Month_Of(arguments[6]),
-                                .To = Month_Of(arguments[7])};
+                                .From = *Parse_Month(arguments[6]),
+                                .To = *Parse_Month(arguments[7])};
     const Daily_Series series = Read_Daily_Series(Calendar_File(session, arguments[1], !Is_Of_A_Batch(arguments[1])),
                                                   arguments[1], static_cast<int>(Val(arguments[2])), request);
     Save_Chart(Daily_Diagram(series, request, arguments[3], X_Unit::Years), arguments[8]);
@@ -66,7 +61,8 @@ int main(int argc, char** argv)
 try {
     Arguments arguments(argv + 1, argv + argc);
     const std::string what = arguments.empty() ? "" : arguments.front();
-    const bool is_series = what == "series" && arguments.size() == 10;
+    const bool is_series =
+        what == "series" && arguments.size() == 10 && Parse_Month(arguments[7]) && Parse_Month(arguments[8]);
     if (!is_series && !(what == "report" && arguments.size() == 7 && Mode_Named(arguments[2]) != nullptr))
         return 2;
     arguments.erase(arguments.begin());

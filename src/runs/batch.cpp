@@ -35,7 +35,7 @@ try {
         runs.push_back(Run_Directory_Of(mode_directory, path));
     return runs;
 } catch (const File_Error&) {
-    return {}; // none, or damaged: the next combination begins a new one
+    return {}; // no batch, or a damaged one: the next combination begins a new one
 }
 
 void Add_To_Batch(const fs::path& mode_directory, std::string_view run_directory, std::string_view engine, bool first)
@@ -67,7 +67,7 @@ void Take_Out_Of_Batch(const fs::path& app_path, const fs::path& mode_directory,
 std::optional<Lock> Acquire_Batch_Lock(const fs::path& app_path)
 {
     constexpr std::chrono::seconds Most(10);
-    // A file that every run takes a copy of: the directories' own locks tell of runs and jobs at work.
+    // A file that every run needs a copy of; locks on the directories themselves already mean a run or job at work.
     const fs::path token = Found_Or_New(app_path, "Haude.dat");
     if (!May_Read(token))
         return std::nullopt;

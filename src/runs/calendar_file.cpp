@@ -10,7 +10,7 @@ namespace orvel {
 
 namespace {
 
-// Whether a directory of this name, in any case, stands in the path.
+// Whether the path contains a directory of this name, ignoring case.
 bool Lies_In(const std::filesystem::path& path, std::string_view directory)
 {
     return std::ranges::any_of(path, [&](const auto& part) { return Same_Text(part.string(), directory); });

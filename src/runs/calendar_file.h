@@ -6,8 +6,7 @@
 
 namespace orvel {
 
-// The calendar of a run: that of the installation for a single run, else that of the mode which the run directory lies
-// in.
+// The calendar of a run: the installation's for a single run, else that of the mode the run directory belongs to.
 std::filesystem::path Calendar_File(const Session& session, const std::filesystem::path& run_directory,
                                     bool single_run);
 

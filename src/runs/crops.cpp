@@ -15,7 +15,7 @@ constexpr Crop Separator{.Text = "--------------------------------------"};
 constexpr bool Plus = true;
 constexpr bool None = false;
 constexpr int Zones = 6;
-constexpr std::string_view Watered_Letters = "CPOST"; // locations whose text tells whether they are irrigated
+constexpr std::string_view Watered_Letters = "CPOST"; // locations whose text says whether they are irrigated
 
 constexpr auto Table = std::to_array<Crop>({
     {"Apples", 1, "_apples.sze", Plus, "", ""},

@@ -36,7 +36,7 @@ bool Is_Engine(std::string_view name)
     return clean && Matches(name, "orvel*.exe");
 }
 
-// The lines of a job file with their numbers; empty ones say nothing.
+// Iterates over the lines of a job file, counting them; empty lines are skipped.
 class Job_Lines {
 public:
     explicit Job_Lines(std::string_view bytes) : Lines(bytes) { Advance(); }
@@ -87,7 +87,7 @@ Job_Run Parse_Run(Job_Lines& lines, bool first)
     return run;
 }
 
-// The directories below `parent` whose name is written as `level` in a job: first the one that the code page gives.
+// The directories below `parent` whose name a job writes as `level`; the one that the code page yields comes first.
 std::vector<fs::path> Matching_Directories(const fs::path& parent, std::string_view level)
 {
     const std::string name = Dos_To_Ansi(level);

@@ -13,22 +13,23 @@ namespace orvel {
 constexpr std::string_view Job_File_Name = "orveljob.bat";
 
 struct Job_Run {
-    std::string Directory; // run directory below the mode directory, in the bytes of the cd line
+    std::string
+        Directory; // run directory below the mode directory, in the bytes of the cd line, that is, the DOS code page
     std::string Engine;
 };
 
-// The runs of a job file or a pending batch file, in order. Throws File_Error with the line number for any other line
-// or order.
+// The runs of a job file or a pending batch file, in order. Throws File_Error with the line number for any other kind
+// or order of lines.
 std::vector<Job_Run> Parse_Job(std::string_view bytes);
 
 // The lines that a combination adds to the pending batch.
 std::string Format_Job_Run(std::string_view run_directory, std::string_view engine, bool first);
 
-// The job file of a batch.
+// The bytes of the job file made from those of a pending batch.
 std::string Format_Job(std::string_view batch);
 
-// The directories of the runs below the mode directory. The code page of the cd lines is not one to one: a line that
-// fits several directories takes them in turn.
+// The directories of the runs below the mode directory. The code page of the cd lines is not one to one: lines that fit
+// several directories take them in turn.
 std::vector<std::filesystem::path> Resolve_Runs(const std::filesystem::path& mode_directory,
                                                 const std::vector<Job_Run>& runs);
 

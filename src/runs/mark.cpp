@@ -43,7 +43,7 @@ try {
     return false;
 }
 
-// A run that a job at work has still to do: its engine's copy is there.
+// Whether a running job has yet to do this run: its copy of the engine is still there.
 bool Is_Waiting_In_Job(const fs::path& mode_directory, const fs::path& place, const std::string& engine)
 try {
     if (!Is_Locked(mode_directory) || !Find_File(place, Path_Of(engine)))
@@ -54,7 +54,7 @@ try {
     return false;
 }
 
-// Whether the user wants the results of an earlier run replaced, if there are any.
+// Whether earlier results may be replaced: asks the user if there are any.
 bool May_Replace(const Ask_Function& ask, const fs::path& place)
 {
     if (!Find_File(place, "echo.orv"))
@@ -66,7 +66,7 @@ bool May_Replace(const Ask_Function& ask, const fs::path& place)
                 Button::Cancel}) == Button::Ok;
 }
 
-// Makes the run directory and the batch's lines, both or neither. Throws Stage_Error.
+// Makes the run directory and adds its lines to the batch, both or neither. Throws Stage_Error.
 void Prepare(const fs::path& mode_directory, const std::string& run, const Run_Sources& sources, bool first)
 {
     const fs::path place = Run_Path(mode_directory, run);
@@ -139,7 +139,7 @@ Mark_All_Result Mark_All(const Program_State& program, const Ask_Function& ask, 
             progress(static_cast<int>(i), static_cast<int>(locations.size()));
         Selection selected = Evaluate_Selection(program, ask, mode, pesticide, crop, locations[i]);
         if (!selected.Usable)
-            break; // the pesticide file cannot be read, and the user knows
+            break; // the pesticide file cannot be read, and the user has been told
         if (!selected.Buttons_Enabled()) {
             ++result.Passed_Over;
             continue;

@@ -38,7 +38,7 @@ constexpr Output_Selection Without(Output_Selection slots, int variable)
 
 constexpr Output_Selection Start_Slots = Without(Recommended_Slots, Variable::TPST);
 
-// Only the depths that are not 0 in the recommended table are looked at, and no substance.
+// Compares only the depths that are not 0 in the recommended table, and no substances.
 bool Is_Recommended(const Output_Selection& output)
 {
     for (std::size_t i = 0; i < output.size(); ++i) {

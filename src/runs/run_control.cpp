@@ -35,7 +35,7 @@ int Count_Of_Slots(const Output_Selection& output)
     return static_cast<int>(std::ranges::count_if(output, [](const Output_Slot& slot) { return slot.Out_Var > 0; }));
 }
 
-// As many slots from the first one on as are in use: a gap gives a row without a code, and the last slot is lost.
+// Prints as many slots, from the first on, as are in use: a gap gives a row without a code, and the last slot is lost.
 std::string Output_Rows(const Output_Selection& output)
 {
     std::string rows;
@@ -105,7 +105,7 @@ int Parse_Years(std::string_view text)
     return static_cast<int>(std::clamp(Val(text), 0.0, Most_Printed));
 }
 
-// The second line behind "..\..\..\": a code of one or of three characters, an underscore and the crop part.
+// The second line after "..\..\..\": a code of one or three characters, an underscore and the crop part.
 void Parse_Scenario(const Mode& mode, std::string_view line, Run_Template& restored)
 {
     constexpr std::size_t Code_Column = 10;
@@ -208,8 +208,8 @@ try {
 
 int Tillage_List_Index(const Mode& mode, int till_depth)
 {
-    // The soil modes take the depth itself as the index; only where the list begins with a blank entry is that the
-    // entry of this depth.
+    // The soil modes use the depth itself as the index; that is the entry of this depth only if the list begins with a
+    // blank entry.
     const int index = mode.Profile_Rows ? till_depth : till_depth - 1;
     return index < static_cast<int>(Tillage_List(mode).size()) ? index : -1;
 }
@@ -270,7 +270,7 @@ try {
     const std::string bytes = Read_Whole(Found_Or_New(directory, "orvel.inp"));
     std::string_view header = Line_Reader(bytes).Next();
     for (int i = 0; i < 3; ++i)
-        Next_Token(header); // the years, the day and month of the begin
+        Next_Token(header); // the years, the start day and month
     const double day = Val(Next_Token(header)), month = Val(Next_Token(header));
     if (day < 1 || month < 1 || month >= 13)
         return std::nullopt;

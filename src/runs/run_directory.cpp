@@ -16,7 +16,7 @@ namespace {
 constexpr int Old_Output = 1;
 constexpr int Old_Directory = 2;
 constexpr int New_Directory = 3;
-constexpr const char* Beside_Begin = "marked-"; // and six letters
+constexpr const char* Beside_Begin = "marked-"; // followed by six letters
 
 std::string Rights_Text()
 {
@@ -55,7 +55,7 @@ void Check_Replaceable(const fs::path& place)
         Refuse_Old_Directory(place);
 }
 
-// What an attempt that was killed half-way has left; invisible to all lists, since it does not end in ".run".
+// Removes what an attempt killed half-way has left behind; no list shows it, since it does not end in ".run".
 void Clear_Leftovers(const fs::path& directory)
 {
     for (const auto& name : List_Directories(directory, "marked-??????")) {
@@ -64,7 +64,7 @@ void Clear_Leftovers(const fs::path& directory)
     }
 }
 
-// Flushed later, with all others.
+// The copy is flushed later, together with all others.
 void Copy(const fs::path& from, const fs::path& to)
 {
     const std::string bytes = Read_Whole(from);

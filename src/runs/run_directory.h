@@ -9,10 +9,10 @@
 
 namespace orvel {
 
-// A run directory is made complete beside its place and then put there, so that neither a half-made one nor the loss of
-// earlier results can be the end of a failure.
+// A run directory is completed beside its place and then moved there, so that no failure can leave a half-made one or
+// lose earlier results.
 
-// A failure with the stage of the preparation that it happened in; the text is what follows the head of the box.
+// A failure and the stage of the preparation at which it happened; the text follows the heading in the message box.
 struct Stage_Error : File_Error {
     Stage_Error(int stage, const std::string& text) : File_Error(text), Stage(stage) {}
     // 1 old output in use, 2 old directory, 3 new directory, 4 pesticide file, 5 engine, 6 Haude.dat, 7 orvel.inp,
@@ -20,7 +20,7 @@ struct Stage_Error : File_Error {
     int Stage;
 };
 
-// Throws the error of stage 1: the earlier run at this place is at work or waits for its turn.
+// Throws the error of stage 1: the earlier run at this place is running or waiting to run.
 [[noreturn]] void Refuse_Old_Output(const std::filesystem::path& place);
 
 // The files of a run.
@@ -33,12 +33,12 @@ Run_Sources Sources_Of_Run(const Program_State& program, const Mode& mode, const
 
 class New_Run_Directory {
 public:
-    // Checks that the directory can be replaced and makes the new one beside it. Throws Stage_Error; then nothing is
-    // left of it.
+    // Checks that the directory can be replaced and makes the new one beside it. Throws Stage_Error; nothing of the new
+    // one is then left.
     New_Run_Directory(const std::filesystem::path& place, const Run_Sources& sources);
     New_Run_Directory(const New_Run_Directory&) = delete;
     New_Run_Directory& operator=(const New_Run_Directory&) = delete;
-    ~New_Run_Directory(); // takes back everything that was not kept
+    ~New_Run_Directory(); // undoes everything unless Keep was called
 
     void Put_In_Place(); // throws Stage_Error
     void Keep();         // removes the earlier run
@@ -49,7 +49,7 @@ private:
     void Take_Back();
 
     std::filesystem::path Place, Beside, Earlier;
-    std::vector<std::filesystem::path> Made_Above; // levels that were not there before
+    std::vector<std::filesystem::path> Made_Above; // levels that did not exist before
     bool In_Place = false, Kept = false;
 };
 

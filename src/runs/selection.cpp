@@ -39,7 +39,7 @@ std::string_view Plain_Location(std::string_view text)
     return close == std::string_view::npos ? text : text.substr(0, close + 1);
 }
 
-// The count of crop rows stands behind the erosion flag, or behind the line of erosion factors if that flag is 1.
+// The count of crop rows follows the erosion flag, or the line of erosion factors if that flag is 1.
 bool Defines_A_Crop(const fs::path& scenario)
 try {
     const std::string bytes = Read_Whole(scenario);
@@ -100,7 +100,8 @@ std::string First_Application(const Pesticide_Document& document, int block)
            General_Text(first.App_Day);
 }
 
-// The number of horizons of a scenario file; nothing if there is none, or if it cannot be read, which has been told.
+// The number of horizons of a scenario file; nothing if there is no file, or if it cannot be read and the user has been
+// told.
 std::optional<double> Horizons_Of(const fs::path& scenario, const Ask_Function& ask)
 {
     std::error_code ignored;

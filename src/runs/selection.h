@@ -8,7 +8,7 @@
 
 namespace orvel {
 
-// What keeps a combination from being marked. The last one that applies is shown.
+// Why a combination cannot be marked. The last one that applies is shown.
 enum class Selection_Fault { None, Old_Format, No_Crop_Defined, No_Location, Irregular, Other_Crop, Other_Horizons };
 
 // What a run form shows for its selected pesticide file, crop and location. Texts are bytes of Windows-1252.
@@ -21,20 +21,20 @@ struct Selection {
     std::string App_Modus, app_Date;
 
     bool Buttons_Enabled() const { return Usable && Fault == Selection_Fault::None; }
-    bool Old_Format() const { return Fault == Selection_Fault::Old_Format; }    // the timer leaves the form as it is
-    bool May_Run_Anyway() const { return Fault == Selection_Fault::Irregular; } // key R asks for the years and runs
+    bool Old_Format() const { return Fault == Selection_Fault::Old_Format; }    // the timer leaves the form alone
+    bool May_Run_Anyway() const { return Fault == Selection_Fault::Irregular; } // key R asks for the years and runs it
 };
 
 // The pesticide files of the installation directory, as the list shows them. Names that the code page or a run cannot
 // hold are left out.
 std::vector<std::string> Pesticide_List(const std::filesystem::path& app_path);
 
-// Deletes a pesticide file of the installation directory after asking. False: kept, or it could not be deleted and the
-// user has been told.
+// Deletes a pesticide file of the installation directory after asking. False: the user kept it, or it could not be
+// deleted and the user has been told.
 bool Delete_Pesticide(const std::filesystem::path& app_path, const Ask_Function& ask, std::string_view pesticide);
 
-// Everything that a click on one of the three lists decides, by the pesticide file and the scenario file. One that
-// cannot be read has been told.
+// Everything that follows from a click on one of the three lists, by the pesticide and the scenario file. The user has
+// been told of a file that cannot be read.
 Selection Evaluate_Selection(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                              std::string_view pesticide, const Crop* crop, std::string_view location);
 
@@ -44,7 +44,7 @@ int Block_Of_Location(const Pesticide_Document& document, std::string_view locat
 // Whether the first crop row of a scenario file has the tillage flag set. A missing file has no tillage.
 bool Scenario_Tills(const std::filesystem::path& scenario);
 
-// The list index after a click on entry `index`: the first separator is stepped over in the direction of travel.
+// The list index after a click on entry `index`: the first separator is skipped in the direction of movement.
 int Step_Over_Separator(int index, int crop_step);
 // The new Crop_Step after a click on crop `index`; on the separator it stays.
 int Crop_Step_After(int index, int crop_step);

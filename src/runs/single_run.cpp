@@ -20,14 +20,14 @@ Refusal File_Refusal(std::string text, std::string control)
     return {{std::string(File_Check), std::move(text)}, std::move(control)};
 }
 
-// Skips a block of lines whose number stands at its head.
+// Skips a block of lines that begins with their number.
 void Skip_Block(Line_Reader& lines)
 {
     for (double count = Val(lines.Next()); count >= 1; --count)
         lines.Skip(1);
 }
 
-// Walks the scenario file; throws File_Error where it ends too early. What it holds does not matter.
+// Walks through the lines of a scenario file, whatever they hold; throws File_Error if it ends too early.
 void Walk_Scenario(std::string_view bytes)
 {
     Line_Reader lines(bytes);
@@ -100,7 +100,7 @@ std::optional<Refusal> Check_Boxes(const Single_Run_Entry& entry)
     return std::nullopt;
 }
 
-// What a box shows of a setting; one that was never set shows nothing.
+// The text that a box shows for a setting; empty if it was never set.
 std::string Box_Text(const Variant& setting)
 {
     return setting == Variant() ? std::string() : std::string(Trim(setting.Text()));

@@ -10,13 +10,13 @@
 
 namespace orvel {
 
-// The free-hand run: one pesticide file, one scenario file and a list of climate files of a directory, run in that
+// The free-hand run: one pesticide file, one scenario file and a list of climate files of a directory, run in the same
 // directory.
 
 // What the form holds: names of files in the directory, and the texts of its boxes. Bytes of Windows-1252.
 struct Single_Run_Entry {
     std::string Pesticide, Scenario;
-    std::vector<std::string> Climates; // one a year; the last one stands for the years beyond
+    std::vector<std::string> Climates; // one per year; the last one serves all further years
     std::string Start_Day, End_Day, Years;
     int Start_Month_Index = -1, End_Month_Index = -1; // list indices, -1: none chosen
 };
@@ -25,15 +25,16 @@ struct Single_Run_Entry {
 Single_Run_Entry Entry_Of_Settings(const Single_Run_Settings& run);
 Single_Run_Settings Settings_Of_Entry(const Single_Run_Entry& entry);
 
-// Takes over what the directory's orvel.inp restores. Without a readable file everything stays.
+// Applies what the directory's orvel.inp restores. Without a readable file nothing changes.
 void Restore_Single_Run(const std::filesystem::path& directory, Single_Run_Settings& run, Output_Selection& output);
 
-// The first thing that forbids the run, in the order of the checks: the pesticide file, the scenario file, their
-// horizons, the form's boxes. The horizons are compared with `scenario_horizons`, those of the open document.
+// The first thing that rules out the run, or nothing, in the order of the checks: the pesticide file, the scenario
+// file, their horizons, the form's boxes. The horizons are compared with `scenario_horizons`, those of the open
+// document.
 std::optional<Refusal> Check_Single_Run(const std::filesystem::path& directory, const Single_Run_Entry& entry,
                                         double scenario_horizons);
 
-// A day box that is left: 1 to 31. The years box: above 0.
+// Checks of a box that is left: a day must be 1 to 31, the years above 0.
 std::optional<Refusal> Check_Day(const std::string& text, const std::string& control);
 std::optional<Refusal> Check_Years(const std::string& text);
 

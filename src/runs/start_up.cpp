@@ -46,7 +46,7 @@ try {
     const std::string engine = "ORVEL" + General_Text(program.Engine_Version * 100) + ".exe";
     Write_Whole(Found_Or_New(program.App_Path, "orvel.bat"), engine + "\r\nexit\r\n");
 } catch (const File_Error&) {
-    // Start-up goes on: only a single run needs the launcher, and tells when it is missing.
+    // Start-up goes on: only a single run needs the launcher, and it reports a missing one.
 }
 
 bool Is_Individual(std::string_view name)

@@ -11,7 +11,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Year_Width = 0.8; // of a year's place, the rest parts it from the next
+constexpr double Year_Width = 0.8; // of a year's slot; the rest separates it from the next
 constexpr std::size_t Most_Labels = 26;
 
 Colour Term_Colour(std::size_t term)
@@ -19,7 +19,7 @@ Colour Term_Colour(std::size_t term)
     return static_cast<Colour>(static_cast<std::size_t>(Colour::Term_1) + term);
 }
 
-// A year's boxes stand side by side around the middle of its place.
+// A year's boxes are drawn side by side around the middle of its slot.
 template <class Row, std::size_t Count> void Draw_Year(Chart& chart, const Row& row,
                                                        const std::array<Balance_Column<Row>, Count>& columns,
                                                        const std::string& year, double middle)

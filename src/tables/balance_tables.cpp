@@ -40,7 +40,7 @@ public:
         Pesticide.Head(head);
     }
 
-    // Each table's head stands before its file is opened, so that it is shown where the reading fails.
+    // Each table's head is printed before its file is opened, so that it appears even if reading fails.
     void Read()
     {
         Read_Water();
@@ -95,7 +95,7 @@ private:
     std::vector<Chem_File> Chems;
     Reading_Progress Report_Progress;
     Balance_Tables& Tables;
-    std::uint64_t Done = 0; // bytes of the files that are done with
+    std::uint64_t Done = 0; // bytes in the files already read
 };
 
 void Build(const fs::path& run_directory, Balance_View view, const Echo& echo, const Progress& progress,

@@ -12,10 +12,10 @@ constexpr int Number_Width = 4;
 constexpr int Figure_Width = 9;
 constexpr int Last_Pesticide_Width = 10;
 constexpr std::size_t Rule_Length = 117;
-constexpr std::size_t Title_Count = 4; // texts of the run above the tables, not to be searched
+constexpr std::size_t Title_Count = 4; // titles above the tables, which are not searched
 constexpr std::string_view Balance = " Balance (";
 
-// What differs between the views: the begin of the tables' titles, and the heads of the first column.
+// What differs between the views: the beginning of the tables' titles, and the heading of the first column.
 struct View_Words {
     std::string_view Title, Water_Head, Pesticide_Head;
 };

@@ -10,7 +10,7 @@ namespace orvel {
 
 // The lines of the balance tables, as printed and as read back.
 
-// The columns behind the year or month, in their order: the head and the figure of a row.
+// A column after the year or month: its heading and the figure of a row.
 template <class Row> struct Balance_Column {
     std::string_view Head;
     double Row::*Figure;
@@ -32,18 +32,17 @@ constexpr std::array<Balance_Column<Pesticide_Balance_Row>, 7> Pesticide_Columns
     {" Percolate", &Pesticide_Balance_Row::Percolate},
     {"Diff. Storage", &Pesticide_Balance_Row::Diff_Storage},
 }};
-constexpr std::string_view Formation_Head = "Formation"; // in place of the application for a metabolite
+constexpr std::string_view Formation_Head = "Formation"; // replaces the application for a metabolite
 
 // The lines above the rows of a table. `label` is that of the substance: "Pesticide", " Metab.A1" ...
 void Print_Water_Head(Table_Text& text, Balance_View view);
 void Print_Pesticide_Head(Table_Text& text, Balance_View view, std::string_view label, bool active_substance);
 
-// Print a row of unrounded figures and give it with those printed.
+// Print a row of unrounded figures and return it with the figures as printed.
 Water_Balance_Row Print_Row(Table_Text& text, std::size_t number, Water_Balance_Row row);
 Pesticide_Balance_Row Print_Row(Table_Text& text, std::size_t number, Pesticide_Balance_Row row);
 
-// Read a cached text back, with the titles of the tables as their substances' names. A row that is cut short is left
-// out.
+// Read a cached text back, with the titles of the tables as their substances' names. A truncated row is left out.
 void Parse_Water(std::string_view bytes, Balance_View view, Balance_Tables& tables);
 void Parse_Pesticides(std::string_view bytes, Balance_View view, Balance_Tables& tables);
 

@@ -1,5 +1,6 @@
 #include "tables/daily_series.h"
 
+#include "core/numbers.h"
 #include "core/output_variables.h"
 
 #include <algorithm>
@@ -10,6 +11,8 @@ namespace {
 
 constexpr double Days_Of_Month = 30.4375;
 constexpr int Hours = 24;
+constexpr int Months_Of_Year = 12;
+constexpr int Last_Year = 9999; // the last of four digits
 
 int Month_Number(int month, int year)
 {
@@ -18,10 +21,10 @@ int Month_Number(int month, int year)
 
 int Months_Between(const Run_Month& from, const Run_Month& to)
 {
-    return 12 * (to.Year - from.Year) + to.Month - from.Month + 1;
+    return Months_Of_Year * (to.Year - from.Year) + to.Month - from.Month + 1;
 }
 
-// The span's first day number, and the first one behind it; equal without a day.
+// The span's first day number and the first one after it; equal if it has no day.
 struct Day_Span {
     int First = 0, End = 0;
 };
@@ -40,6 +43,17 @@ Day_Span Span_Of(std::span<const Run_Day> calendar, const Daily_Request& request
 }
 
 } // namespace
+
+std::optional<Run_Month> Parse_Month(std::string_view text)
+{
+    const auto dash = text.find('-');
+    if (dash == std::string_view::npos)
+        return std::nullopt;
+    const double year = Val(text), month = Val(text.substr(dash + 1));
+    if (year < 1 || year > Last_Year || month < 1 || month > Months_Of_Year)
+        return std::nullopt;
+    return Run_Month{static_cast<int>(month), static_cast<int>(year)};
+}
 
 Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<const Run_Day> calendar,
                                const Daily_Request& request)

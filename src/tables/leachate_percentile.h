@@ -11,7 +11,7 @@ namespace orvel {
 double Leachate_Conc(double flux, double percolate);
 
 // The total and the 80th percentile of the rows from `first` on (0-based): the concentration is the mean of two
-// neighbouring ranks, found by picking the largest one again and again. Of equal concentrations the earliest is picked
+// neighbouring ranks, found by repeatedly picking the largest one. Of equal concentrations the earliest is picked
 // first. A and B are 1-based positions in `rows`.
 Leachate_Result Evaluate_Leachate(std::span<const Leachate_Row> rows, std::size_t first);
 

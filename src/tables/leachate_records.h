@@ -21,8 +21,8 @@ struct Leachate_Row {
     bool operator==(const Leachate_Row&) const = default;
 };
 
-// The total and the 80th percentile of a table. The percentile's concentration is the mean of those of the years (or
-// periods) A and B, its flux and percolate are their sums. A and B are 0 where no year was evaluated.
+// The total and the 80th percentile of a table. The percentile's concentration is the mean, its flux and percolate the
+// sums of those of the years (or periods) A and B. A and B are 0 if no year was evaluated.
 struct Leachate_Result {
     Leachate_Row Total, P80;
     int A = 0, B = 0;
@@ -33,22 +33,22 @@ struct Leachate_Result {
 struct Leachate_Table {
     std::vector<Leachate_Row> Rows;
     Leachate_Result Result;
-    std::string P80_Text; // the percentile's positions and figures as printed; empty in a table that ends before them
-    std::string Result_Name; // "Results for ...", as its title says; empty without a name
-    std::string Label;       // of its substance's column: "Pesticide", " Metab.A1" ...
+    std::string P80_Text;    // the percentile's positions and figures as printed; empty if the table ends before them
+    std::string Result_Name; // "Results for ..." from its title; empty without a name
+    std::string Label;       // its substance's column heading: "Pesticide", " Metab.A1" ...
 };
 
 // The tables of one kind: [depth][substance], the active substance first, then the metabolites found.
 using Leachate_Set = std::array<std::vector<Leachate_Table>, 2>;
 
-// Figures are those printed, whether the tables were built or read from their cache.
+// Figures are rounded as printed, whether the tables were built or read from their cache.
 struct Leachate_Tables : Table_Status {
     std::string Year_Text, Period_Text;   // as a window shows them, bytes of Windows-1252, lines end in CR LF
     std::vector<std::string> Titles;      // the four lines above the tables
     std::vector<std::string> Result_Name; // "Results for ..." by substance, as echo.orv names them
-    bool Has_Echo = false;                // echo.orv was there to name them
+    bool Has_Echo = false;                // echo.orv existed to name them
     Leachate_Set Year, Period;
-    int Period_Index = 0; // years of a period less one: 0, 1 or 2
+    int Period_Index = 0; // years per period minus one: 0, 1 or 2
 };
 
 } // namespace orvel

@@ -73,7 +73,7 @@ private:
         Report_Progress.Tell(Message(chem, read.Rows[1].size() + 1, Depth::Core_Bottom), Done + water.Bytes_Read());
     }
 
-    // Whether either depth has the year.
+    // Adds the year's rows to `read`; false if neither depth has the year.
     static bool Read_Year(std::size_t y, Yearly_Values& water, Yearly_Values& leached, Substance_Years& read)
     {
         water.Read_To(y);
@@ -102,10 +102,10 @@ private:
     fs::path Wasser;
     Reading_Progress Report_Progress;
     int Layers;
-    std::uint64_t Done = 0; // bytes of the files that are done with
+    std::uint64_t Done = 0; // bytes in the files already read
 };
 
-// A failure ends the text behind the last row read: the tables at 1 m come first.
+// After a failure the text ends with the last row read; the tables at 1 m come first.
 Table_Text Print_Year_Tables(const Plot_Head& head, const std::vector<Substance_Years>& read, Leachate_Tables& tables)
 {
     Table_Text text;
@@ -139,7 +139,7 @@ Table_Text Print_Period_Tables(const Plot_Head& head, Leachate_Tables& tables)
     return text;
 }
 
-// The years of a period less one, by the number of simulated years.
+// The years per period minus one, from the number of simulated years; `otherwise` for any other number.
 int Period_Index_Of(std::size_t years, int otherwise)
 {
     constexpr std::array<std::size_t, 3> Years = {26, 46, 66};

@@ -8,13 +8,13 @@
 
 namespace orvel {
 
-// Reads the caches year.orv and period.orv of a run directory if both are there; else builds the tables out of the
-// engine's files and writes the caches, but not for a run that is at work or has no plot.orv. Never throws for what a
-// file holds: the texts then end early. `period_index` is kept for a run of other than 26, 46 or 66 years.
+// Reads the caches year.orv and period.orv of a run directory if both exist; else builds the tables from the engine's
+// files and writes the caches, unless the run is at work or has no plot.orv. Never throws because of a file's contents:
+// the texts then end early. `period_index` is kept for a run of other than 26, 46 or 66 years.
 Leachate_Tables Build_Or_Load(const std::filesystem::path& run_directory, const Progress& progress = {},
                               int period_index = 0);
 
-// The substance of a "Results for ...".
+// The substance named in a "Results for ..." text.
 std::string Substance_Of(std::string_view result_name);
 
 } // namespace orvel

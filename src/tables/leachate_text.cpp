@@ -16,18 +16,19 @@ constexpr int Figure_Width = 12;
 constexpr int Conc_Decimals = 3;
 constexpr std::size_t P80_Width = 100; // the most columns of a percentile row that a report repeats
 constexpr std::size_t Title_Count = 4;
-constexpr std::size_t Title_Line = 2, Heads_Line = 4; // of a table, behind two blank lines and a blank line
+constexpr std::size_t Title_Line = 2, Heads_Line = 4; // within a table, after two blank lines and after one more
 
 constexpr std::string_view Rule = "\t------------------------------------------------------------";
 constexpr std::string_view Total_Label = "Total    ";
 constexpr std::string_view Percentile_Label = "80 Perc.(", Short_Percentile_Label = "Perc.(";
-constexpr std::string_view Gap = "    "; // behind a row's number
+constexpr std::string_view Gap = "    "; // after a row's number
 constexpr std::string_view Title_End = " in the percolate at ";
 constexpr std::array<std::string_view, 2> Depth_Titles = {" in the percolate at 1 m soil depth",
                                                           " in the percolate at the bottom of the simulated soil core"};
 constexpr std::array<std::string_view, 2> Flux_Heads = {" Flux", "  Flux"};
 
-// What differs between the two kinds of table; the heads of the first column in the file and on the screen.
+// What differs between the two kinds of table: among others the headings of the first column, in the file and on the
+// screen.
 struct Table_Words {
     std::string_view File_Head, Screen_Head, Units;
 };
@@ -74,7 +75,7 @@ void Print_Labelled(Table_Text& text, std::string_view label, std::string_view s
     text.Line((tab + std::string(label)).append(figures), (tab + std::string(screen_label)).append(figures));
 }
 
-// The rule, the total and the percentile.
+// Prints the rule, the total and the percentile, and rounds both results as printed.
 void Print_Result(Table_Text& text, Leachate_Table& table, std::string_view screen_label)
 {
     auto& result = table.Result;
@@ -88,7 +89,7 @@ void Print_Result(Table_Text& text, Leachate_Table& table, std::string_view scre
     result.P80 = Rounded(result.P80);
 }
 
-// Flux, percolate and concentration from a cell on.
+// Flux, percolate and concentration from three cells, beginning with `first`.
 Leachate_Row Figures_From(const std::vector<std::string_view>& cells, std::size_t first)
 {
     const auto number = [&](std::size_t cell) { return cell < cells.size() ? Quick_Val(cells[cell]) : 0; };
@@ -118,7 +119,7 @@ void Read_Percentile(std::string_view line, const std::vector<std::string_view>&
     table.P80_Text = Columns(line, Percentile_Label.size() + 1, P80_Width);
 }
 
-// Reads a table's lines behind its column heads, to the percentile row.
+// Reads a table's lines after its column headings, up to and including the percentile row.
 void Read_Rows(Line_Reader& lines, Leachate_Table& table)
 {
     while (!lines.At_End()) {

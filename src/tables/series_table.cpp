@@ -50,7 +50,7 @@ std::string_view Unit_Of(const Parameter_Item& item)
     return Output_Variable_Of(item.Variable).Out_Unit[Is_Flow(item) ? 1 : 0];
 }
 
-// The parts of a date that name a row, and how many days it stands for where that is not plain.
+// The headings of the date columns and, for years and months, of the number of days.
 std::vector<std::string_view> Date_Heads(Utility period)
 {
     switch (period) {
@@ -111,7 +111,7 @@ bool Is_Same_Period(Utility period, const Run_Day& a, const Run_Day& b)
            (period != Utility::Day || a.Day == b.Day);
 }
 
-// Rows out of days that come one by one.
+// Collects rows from days that arrive one by one.
 class Rows {
 public:
     Rows(Utility period, const Items& items, std::string& text)

@@ -32,7 +32,7 @@ void Print_Substance(Table_Text& text, std::string_view name, bool pore_water,
     }
 }
 
-// Fills the record and prints it into `text`; gives the head of plot.orv.
+// Fills the record, prints it into `text` and returns the head of plot.orv.
 Plot_Head Read(const fs::path& file, int depth, const Progress& progress, Soil_Concentrations& soil, Table_Text& text)
 {
     Line_Scanner plot(file);
@@ -54,7 +54,7 @@ Plot_Head Read(const fs::path& file, int depth, const Progress& progress, Soil_C
     return head;
 }
 
-// Why the table is not written, a sentence; empty if it may be. `echo` is that from before it was read.
+// A sentence that says why the table is not written; empty if it may be. `echo` was read before the series.
 std::string Why_Not_Written(const fs::path& run_directory, const Soil_Concentrations& soil, const Plot_Head& head,
                             const Echo& echo)
 {

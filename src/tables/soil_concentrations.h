@@ -11,8 +11,8 @@
 
 namespace orvel {
 
-// Concentrations in the top layers of the soil: the actual maximum and the maxima of averages over windows of days, out
-// of plot.orv.
+// Concentrations in the top layers of the soil: the actual maximum and the maxima of averages over windows of days,
+// from plot.orv.
 
 struct Soil_Concentrations : Table_Status {
     std::string Text;                        // as a window shows it, bytes of Windows-1252, lines end in CR LF
@@ -21,7 +21,7 @@ struct Soil_Concentrations : Table_Status {
 };
 
 // Builds the table for a depth in layers (1 or more) and writes it to the file PECsoil_<depth>.orv of the run
-// directory, but not for a run that is at work. Never throws for what a file holds: the text then ends early.
+// directory, unless the run is at work. Never throws because of a file's contents: the text then ends early.
 Soil_Concentrations Build_Soil_Concentrations(const std::filesystem::path& run_directory, int depth,
                                               const Progress& progress = {});
 

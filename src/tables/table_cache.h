@@ -11,7 +11,7 @@
 
 namespace orvel {
 
-// The two files of a run directory that keep tables, so that they need not be built again. Only the builders of these
+// The two files of a run directory that store tables, so that they need not be built again. Only the builders of these
 // tables read them.
 struct Table_Cache {
     std::string_view First, Second; // names of the files
@@ -19,16 +19,16 @@ struct Table_Cache {
         std::string First, Second;
     };
 
-    // Nothing unless both files are there and can be read.
+    // Nothing unless both files exist and can be read.
     std::optional<Bytes> Read(const std::filesystem::path& run_directory) const;
 
-    // Writes both files whole, but not from a run that is at work, has failed or has no whole plot.orv; the status says
-    // so. `echo` is that from before the tables were built: a run that was started since is at work now.
+    // Writes both files whole, unless the run is at work, has failed or has no complete plot.orv; the status then says
+    // so. `echo` was read before the tables were built, so a run started since then is noticed as being at work.
     void Write(const std::filesystem::path& run_directory, Echo echo, const Plot_Head& head, const Bytes& bytes,
                Table_Status& status) const;
 };
 
-// Why no table of a run may be kept, a sentence; empty if it may.
+// A sentence that says why no table of a run may be kept; empty if it may.
 std::string Why_Not_Kept(const Echo& echo, const Plot_Head& head);
 
 } // namespace orvel

@@ -13,11 +13,11 @@ struct Table_Text {
 
     void Line(std::string_view line) { Line(line, line); }
     void Line(std::string_view file, std::string_view screen);
-    void Head(const Plot_Head& head); // the four title lines, ten blanks before them on the screen
+    void Head(const Plot_Head& head); // the four title lines, indented by ten blanks on the screen
 };
 
-// A figure of a table, as it is printed and read back. The records of tables hold their figures so: window, diagram,
-// report and command line have the same ones whether a table was built just now or read from its cache.
+// A figure as it is printed and read back. Table records hold their figures in this form, so that window, diagram,
+// report and command line agree whether a table was just built or read from its cache.
 double As_Printed(double figure);
 
 } // namespace orvel

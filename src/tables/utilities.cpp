@@ -16,7 +16,7 @@ const Utility_Names& Names_Of(Utility utility)
 
 bool Is_Of_A_Batch(const std::filesystem::path& directory)
 {
-    // With its name, also where it was given as ".".
+    // Made absolute, so that a directory given as "." has its name.
     const auto place = std::filesystem::absolute(directory / "").lexically_normal().parent_path();
     return Is_Run_Level(place.filename().string());
 }

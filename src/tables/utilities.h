@@ -5,7 +5,7 @@
 
 namespace orvel {
 
-// The tables of a single run that three small programs of the installation make out of the run's series.
+// The tables of a single run that three small programs of the installation make from the run's series.
 
 enum class Utility { Year, Month, Day };
 
@@ -14,7 +14,7 @@ struct Utility_Names {
 };
 const Utility_Names& Names_Of(Utility utility);
 
-// The utility's copy of plot.orv: whole where the batch file was run, else the first lines of its head.
+// The utility's copy of plot.orv: the whole file if the batch file was run, else the first lines of its head.
 constexpr std::string_view Series_Copy = "grw.orv";
 
 // Whether a directory belongs to a batch, whose year.orv is another table.

@@ -12,7 +12,8 @@
 namespace orvel {
 
 // A text box of a form, stated once: its control, its caption, the member of the form's entry that holds its text, and
-// the field of the document behind it. A field of nine substances is taken at the index of the form's substance.
+// the field of the document behind it. A field with one value per substance is taken at the index of the form's
+// substance.
 template <class Entry, class Document> struct Entry_Field {
     using Place = std::variant<Variant Document::*, double Document::*, Per_Substance<Variant> Document::*,
                                Per_Substance<double> Document::*>;
@@ -21,10 +22,10 @@ template <class Entry, class Document> struct Entry_Field {
     std::string Entry::*Text;
     Place Where;
     std::string_view Unit{};
-    std::string_view Label{}; // name of the caption's control, if it has one
+    std::string_view Label{}; // control name of the caption, if it has one
 };
 
-// Calls `use` with the value that a row stands for in a document.
+// Calls `use` with the value in a document that a row stands for.
 template <class Row, class Document, class Use>
 void Use_Field(const Row& row, Document& document, std::size_t substance, Use use)
 {

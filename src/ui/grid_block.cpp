@@ -27,7 +27,7 @@ std::vector<std::string> Split_Cells(std::string_view line)
     }
 }
 
-// What the characters of a text give as keys; the text itself if one of them gives nothing.
+// The text that results from typing these characters as keys; the text itself if one of them is not accepted.
 std::string Typed_In(const std::string& text, int column, const Grid_Rule& rule)
 {
     std::string cell;

@@ -9,7 +9,7 @@
 
 namespace orvel {
 
-// Blocks of cells on their way between a grid and a spreadsheet: cells parted by tabs, rows by line ends. All texts are
+// Blocks of cells copied between a grid and a spreadsheet: cells separated by tabs, rows by line ends. All texts are
 // bytes of Windows-1252.
 
 // A column of a grid. A cell of a column with choices is one of them.
@@ -19,27 +19,27 @@ struct Number_Column {
     std::vector<std::string> Choices;
 };
 
-// What a grid does with keys and texts: the cell after a key, and whether a cell takes a text that comes in one piece.
+// What a grid does with keys and texts: the cell after a key, and whether a cell accepts a whole text that is pasted.
 struct Grid_Rule {
     std::string (*Cell_After_Key)(std::string cell, int column, int key_code) = nullptr;
     bool (*Takes)(int column, std::string_view text) = nullptr;
 };
 
-// The rule of the grids of numbers, and that of the climate grid. A text must be a number from end to end: part of it
+// The rules of the number grids and of the climate grid. A pasted text must be a number from end to end: part of it
 // would be another number.
 extern const Grid_Rule Number_Grid_Rule, Climate_Grid_Rule;
 
-// A text as a heading: lines end where blanks part it widely, and before a unit in brackets.
+// A text broken into heading lines: at wide gaps, and before a unit in brackets.
 std::string Heading_Lines(std::string_view heading);
 
 using Grid_Block = std::vector<std::vector<std::string>>;
 
 std::string Print_Block(const Grid_Block& block);
 
-// A block for the cells from a place on, with `rows` rows and the columns from `first_column` on. A cell gets what its
-// characters give as keys, so that a comma becomes a point where the comma key writes one. A block that does not fit,
-// or has a text that its cell does not take, is refused as a whole: the message says why. What lies over columns that
-// are not editable is not looked at.
+// A pasted block for `rows` rows and the columns from `first_column` on. A cell gets what typing its characters would
+// give, so that a comma becomes a point where the comma key writes one. A block that does not fit, or has a text that
+// its cell does not accept, is refused as a whole, with a message that says why. Texts over columns that are not
+// editable are ignored.
 struct Pasted_Block {
     Grid_Block Cells;
     std::optional<Message> Refused;

@@ -21,14 +21,14 @@ struct Key_Action {
     bool operator==(const Key_Action&) const = default;
 };
 
-// The grids of numbers (horizons, depth dependence, applications): digits, minus, point and E; the delete key takes the
-// last character.
+// The grids of numbers (horizons, depth dependence, applications): digits, minus, point and E; Delete removes the last
+// character.
 Key_Action Number_Grid_Key(int code);
 
-// The climate grid: codes 47 to 57, E, point (the comma key too), plus and minus; backspace takes the last character.
+// The climate grid: codes 47 to 57, E, point (the comma key too), plus and minus; Backspace removes the last character.
 Key_Action Climate_Grid_Key(int code);
 
-// The text of a cell after an action; an empty cell stays empty when its last character is to go.
+// The text of a cell after an action; removing the last character of an empty cell leaves it empty.
 std::string After_Key(std::string cell, Key_Action action);
 
 } // namespace orvel

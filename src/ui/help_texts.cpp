@@ -15,7 +15,7 @@ constexpr std::size_t Number_Column = 4;
 constexpr std::size_t Number_Width = 100;
 constexpr double Most_Texts = 1000;
 
-// The number of the last head line before the end mark.
+// The number in the last head line before the end mark.
 std::size_t Last_Number(const std::vector<std::string_view>& lines)
 {
     double last = 0;
@@ -49,7 +49,7 @@ try {
     session.Program.Help_Text.clear();
     session.Program.Help_Text = Parse_Help_Texts(Read_Whole(Found_Or_New(session.Program.App_Path, "Assystant.txt")));
 } catch (const File_Error&) {
-    // Without its file the assistant has nothing to say.
+    // Without its file the assistant has no texts.
 }
 
 std::string_view Help_Text_Of(const Session& session, int number)

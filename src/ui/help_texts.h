@@ -12,10 +12,10 @@ namespace orvel {
 // a line that is exactly "XXX" ends the file. Texts count by their position; of the numbers only the last one matters:
 // it is the number of the last text.
 
-// The texts, each line of theirs ended by CR LF.
+// The texts, each of their lines ended by CR LF.
 std::vector<std::string> Parse_Help_Texts(std::string_view bytes);
 
-// Reads Assystant.txt of the installation. A missing or unreadable file gives no texts and is not told.
+// Reads Assystant.txt of the installation. A missing or unreadable file gives no texts and no message.
 void Load_Help_Texts(Session& session);
 
 // The text of a number; empty beyond the last one.

@@ -41,7 +41,7 @@ bool Is_Number(std::string_view text)
     return at == text.size();
 }
 
-// A number beyond the range is read as the largest one.
+// A number beyond the range is read as the largest double.
 bool Is_Read_As_It_Looks(std::string_view trimmed)
 {
     return Is_Number(trimmed) && std::abs(Val(trimmed)) < std::numeric_limits<double>::max();

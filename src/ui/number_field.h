@@ -9,17 +9,17 @@
 
 namespace orvel {
 
-// Number fields are read by Val and never refuse a text: what is no number is 0, what begins with one is that number.
+// Number fields are read by Val and accept any text: the leading number counts, otherwise 0.
 
-// What a field of numbers tells at once while a text stands in it that is read as something else than it looks: "1,5"
-// is 1, "abc" and an empty field are 0. Nothing for a text that is a number from end to end, blanks around it apart.
+// The hint shown while a number field's text is read as another number than it shows: "1,5" is 1, "abc" and an empty
+// field are 0. Nothing for a text that is a number from end to end, surrounding blanks aside.
 std::optional<std::string> Reading_Hint(std::string_view typed);
 
-// What a document keeps of a field of numbers: the text as typed if it is a number from end to end, else the number
-// that is read from it, so that no blank, comma or gap reaches a file that is split on blanks.
+// What a document stores for a number field: the text as typed if it is a number from end to end, else the number read
+// from it, so that no blank or comma gets into a file that is split at blanks.
 Variant Typed_Number(std::string_view typed);
 
-// The whole number of a field of whole numbers: halves to the even one, what is beyond an i16 to its end.
+// The value of a field of whole numbers: rounded, halves to even, and clamped to the range of an i16.
 std::int16_t Typed_Integer(std::string_view typed);
 
 } // namespace orvel

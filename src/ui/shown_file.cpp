@@ -25,7 +25,7 @@ std::string Name_Shown(const std::filesystem::path& file)
     return To_Code_Page(file.filename().string());
 }
 
-// Each line ended by CR LF, the last one too.
+// With CR LF at the end of each line, including the last.
 std::string With_Ends(std::string_view text)
 {
     std::string lines;

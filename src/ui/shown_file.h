@@ -13,8 +13,8 @@ namespace orvel {
 
 constexpr std::size_t Largest_Shown_File = 32767;
 
-// The text of a file. Of a larger one only the first part, and the user is told. Nothing: it cannot be read, and the
-// user has been told.
+// The text of a file. Only the first part of a very large one, and the user is told. Nothing: it cannot be read, and
+// the user has been told.
 std::optional<std::string> Shown_File(const Session& session, const std::filesystem::path& file);
 
 // The same without a limit.
@@ -23,19 +23,18 @@ std::optional<std::string> Shown_Whole(const Session& session, const std::filesy
 // The whole echo of the input of a run. Nothing: it cannot be read, and the user has been told.
 std::optional<std::string> Shown_Echo(const Session& session, const std::filesystem::path& run_directory);
 
-// Whether a text that is shown is that of the whole file but for the ends of its lines: only then may an edited text
-// take the file's place.
+// Whether a shown text is that of the whole file, line ends aside: only then may an edited text replace the file.
 bool Is_Shown_As_It_Is(std::string_view text, const std::filesystem::path& file);
 
-// Writes a text that was edited in a window, lines ending in CR LF, the last one too. A file that is no longer as it
-// was shown is replaced only if the user says so. false: nothing was written, and the user has been told or asked.
+// Writes a text that was edited in a window, lines ending in CR LF, the last one too. A file that has changed since it
+// was shown is replaced only if the user agrees. False: nothing was written, and the user has been told or asked.
 bool Save_Shown(const Session& session, const std::filesystem::path& file, std::string_view was_shown,
                 std::string_view edited);
 
-// The same to another place, where the dialog has asked before it replaces.
+// The same to another file; the dialog has already asked before replacing one.
 bool Save_Shown_As(const Session& session, const std::filesystem::path& file, std::string_view edited);
 
-// Asks before an edited text is given up; true: the window may close.
+// Asks before an edited text is discarded; true: the window may close.
 bool May_Give_Up_Text(const Session& session);
 
 } // namespace orvel

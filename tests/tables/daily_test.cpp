@@ -41,6 +41,19 @@ Daily_Request Whole(int variable, bool cumulative, int years)
     return {variable, cumulative, {1, 1}, {12, years}};
 }
 
+TEST(Parse_Month, Reads_A_Year_Of_The_Simulation_And_A_Month)
+{
+    EXPECT_EQ(Parse_Month("1-1"), (Run_Month{1, 1}));
+    EXPECT_EQ(Parse_Month("0026-12"), (Run_Month{12, 26}));
+    EXPECT_EQ(Parse_Month("9999-03"), (Run_Month{3, 9999}));
+}
+
+TEST(Parse_Month, Gives_Nothing_For_A_Text_That_Is_No_Month)
+{
+    for (const auto* text : {"", "12", "-", "1-", "-5", "1-0", "1-13", "0-1", "-1-1", "10000-1", "1E300-1", "year-1"})
+        EXPECT_EQ(Parse_Month(text), std::nullopt) << text;
+}
+
 TEST(Daily_Series, A_Rate_Has_A_Point_At_The_End_Of_Every_Day)
 {
     const auto series = Make_Daily_Series(Daily_Lines(365), Calendar(1), Whole(Precipitation, false, 1));

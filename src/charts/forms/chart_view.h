@@ -7,8 +7,7 @@
 
 namespace orvel {
 
-// Shows a chart in the colours of the window. It tells the value under the mouse, and can be asked for a span by
-// dragging.
+// Shows a chart in the window's colours and the value under the mouse; dragging selects a span of the x axis.
 class Chart_View : public QWidget {
     Q_OBJECT
 
@@ -22,8 +21,8 @@ public:
     QSize sizeHint() const override;
 
 signals:
-    void Clicked(); // or the space bar pressed
-    // A span of the x axis that was dragged over, from left to right.
+    void Clicked(); // or the space bar was pressed
+    // The span of the x axis that was dragged over; `from` is the left end.
     void Span_Chosen(double from, double to);
 
 protected:
@@ -40,7 +39,7 @@ private:
     void Show_Value(const QPointF& position, const QPoint& global);
 
     Chart Source;
-    QPixmap Picture; // of the chart alone, so that the mouse moves quickly over it
+    QPixmap Picture; // the chart alone, cached so that following the mouse is fast
     std::optional<QPointF> Pressed_At;
     QPointF Dragged_To;
     bool Zooms = false;

@@ -13,8 +13,8 @@ namespace orvel {
 
 class Chart_View;
 
-// What all diagram forms have: the diagram, and buttons that copy, print and save it. A form adds its choices above the
-// buttons.
+// The base of all diagram forms: the diagram, and buttons that copy, print and save it. A form adds its choices above
+// the buttons.
 class Diagram_Form : public QDialog {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ protected:
     Chart_View& View() { return *Diagramm; }
     QVBoxLayout& Choices() { return *Above; }
 
-    void Add_Button(QPushButton* button); // behind those of every diagram
+    void Add_Button(QPushButton* button); // after the common buttons
 
 private:
     void Kopieren();

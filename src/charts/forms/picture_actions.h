@@ -7,15 +7,15 @@ class QWidget;
 
 namespace orvel {
 
-// What a window does with a picture that it shows.
+// Copying, printing and saving a picture that a window shows.
 
 void Copy_Picture(const Picture& picture); // to the clipboard
 
-// Lets the user choose a printer and prints on a page across.
+// Lets the user choose a printer and prints in landscape.
 void Print_Picture(QWidget& parent, const Picture& picture);
 
-// Lets the user choose a file, .png where no ending is given. The title is that of the dialog and of a failure's
-// message.
+// Lets the user choose a file and saves the picture there, as .png if no extension is given. `title` heads the dialog
+// and the message about a failure.
 void Save_Picture_As(QWidget& parent, const Ask_Function& ask, const Picture& picture, const QString& title,
                      const QString& name);
 

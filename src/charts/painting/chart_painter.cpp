@@ -12,7 +12,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Most_Crossings = 50; // of the plane, by a line that is drawn wide and smooth
+constexpr double Most_Crossings = 50; // heights of the plane that a line may cover and still be drawn wide and smooth
 constexpr double Line_Width = 1.3;
 constexpr double Margin = 0.6;     // of a line of text
 constexpr double Key_Square = 0.7; // of a line of text
@@ -37,7 +37,7 @@ public:
         Painter.fillRect(Area, Palette.base());
         Painter.setRenderHint(QPainter::Antialiasing);
         Draw_Title();
-        if (!(Source.Frame.Right > Source.Frame.Left)) // nothing to draw was found
+        if (!(Source.Frame.Right > Source.Frame.Left)) // nothing to draw
             return;
         Draw_Key();
         Painter.save();
@@ -93,7 +93,7 @@ private:
             QPen pen(Colour_Of(line.Drawn_In, Palette), Line_Width * Line / 16);
             pen.setJoinStyle(Qt::RoundJoin);
             const QPolygonF polygon = Thinned(line.Points);
-            // Filling the outline of a line that crosses the plane hundreds of times takes seconds; as a hairline it is
+            // Filling the outline of a line that crosses the plane hundreds of times takes seconds; a hairline gives
             // the same band.
             const bool is_dense = Way_Up_And_Down(polygon) > Most_Crossings * Plane.Area().height();
             if (is_dense)
@@ -116,7 +116,7 @@ private:
         return way;
     }
 
-    // Of the points in one column of pixels, the first, the lowest, the highest and the last stand for all.
+    // Keeps the first, lowest, highest and last of the points in each column of pixels.
     QPolygonF Thinned(const std::vector<Chart_Point>& points) const
     {
         QPolygonF polygon;
@@ -158,7 +158,7 @@ private:
                          Chart_Text(Source.X.Title));
     }
 
-    // Gives where the labels end. What is drawn below zero shines through behind them.
+    // Returns where the labels end. What is drawn below zero shows through behind them.
     double Draw_X_Labels(double top)
     {
         Painter.setFont(Sized(Plain, Label_Points));
@@ -171,7 +171,7 @@ private:
             widest = std::max(widest, metrics.horizontalAdvance(Chart_Text(tick.Label)));
         for (const Chart_Tick* tick :
              Shown_Labels(Source.X, widest + metrics.averageCharWidth(), Plane.At(1, 0).x() - Plane.At(0, 0).x())) {
-            if (covers && tick->At == Source.X.Low) // the value axis runs there
+            if (covers && tick->At == Source.X.Low) // the value axis is there
                 continue;
             const QString label = Chart_Text(tick->Label);
             const double width = metrics.horizontalAdvance(label);
@@ -204,7 +204,7 @@ private:
                          Qt::AlignLeft | Qt::AlignVCenter, Chart_Text(Source.Y.Title));
     }
 
-    // At its place left of the axis, or as much further to the left as it needs to end before the tick.
+    // At its usual place left of the axis, or far enough to the left to end before the tick.
     void Draw_Y_Label(const Chart_Tick& tick, double length)
     {
         const QString label = Chart_Text(tick.Label);

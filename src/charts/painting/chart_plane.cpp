@@ -20,7 +20,7 @@ double Lines_Above(const Chart& chart, double width, const QFontMetricsF& metric
     return Title_Lines * Title_Scale + static_cast<double>(chart.Legend.size()) + (keys.empty() ? 0 : keys.back().Row);
 }
 
-// What has to be taken off an edge so that `needed` pixels are left there, a share of what remains being free already.
+// What to take off an edge so that `needed` pixels are free there, given that a share of what remains is free already.
 double Taken_Off(double needed, double share, double size)
 {
     return std::max(0.0, (needed - share * size) / (1 - share));
@@ -39,7 +39,7 @@ double Left_Margin(const Chart& chart, double width, const QFont& font, const QP
     return Taken_Off(widest + gaps, free, width);
 }
 
-// The labels of the positions and, below them and the lowest value, the axis' title.
+// The height of the position labels and of the axis title below them and below the lowest value.
 double Bottom_Margin(const Chart& chart, double height, const QFont& font, const QPaintDevice* device)
 {
     const double label = Metrics_Of(Sized(font, Label_Points), device).lineSpacing(),

@@ -8,22 +8,21 @@
 
 namespace orvel {
 
-// An open file. Nothing is buffered: each call is one of the system, repeated until all is done. No program that this
-// one starts inherits it.
+// An open file, unbuffered: each call is a system call, repeated until all is done. Child programs do not inherit it.
 class File_Handle {
 public:
     enum class Use {
         Read,
         Write,     // created, or emptied
-        Append,    // the same, and every write goes to the end
+        Append,    // created, or kept; every write goes to the end
         Update,    // created, or kept as it is
-        Write_New, // created; an error if there is one of this name
+        Write_New, // created; an error if the file exists
     };
 
     static constexpr std::filesystem::perms Usual_Rights{0666};
 
     File_Handle() = default;
-    // A new file gets the rights less those that the process's mask takes away. On an error nothing is open.
+    // A new file gets `rights` less those that the process's umask removes. On an error nothing is open.
     File_Handle(const std::filesystem::path& file, Use use, std::error_code& error,
                 std::filesystem::perms rights = Usual_Rights);
     File_Handle(File_Handle&& other) noexcept;
@@ -32,9 +31,10 @@ public:
 
     bool Is_Open() const { return Number >= 0; }
 
-    // At most `most` bytes from here on; 0 at the end of the file and on an error.
+    // Reads at most `most` bytes from the current position and returns their number; 0 at the end of the file and on an
+    // error.
     std::size_t Read(char* to, std::size_t most, std::error_code& error);
-    // The same from a place in the file.
+    // The same from the position `place`, in bytes from the start of the file.
     std::size_t Read_At(std::uint64_t place, char* to, std::size_t most, std::error_code& error);
     std::uint64_t Size(std::error_code& error) const;
 
@@ -42,7 +42,7 @@ public:
     [[nodiscard]] std::error_code Write_At(std::uint64_t place, std::string_view bytes);
     [[nodiscard]] std::error_code Resize(std::uint64_t size);
     void Begin_Flush();                    // starts writing to the disk without waiting for it
-    [[nodiscard]] std::error_code Flush(); // waits until all is on the disk
+    [[nodiscard]] std::error_code Flush(); // waits until everything is on the disk
     std::error_code Close();               // some systems report a full disk only here
 
 private:

@@ -29,7 +29,7 @@ int Flags_Of(File_Handle::Use use)
     return O_RDONLY;
 }
 
-// Calls until no signal comes in between.
+// Repeats a call that a signal interrupted.
 template <class Call> std::size_t Bytes_Got(Call call, std::error_code& error)
 {
     error.clear();

@@ -7,13 +7,13 @@ namespace orvel {
 
 // Waiting until what was written is on the disk.
 
-// The entries of a directory: what was created or renamed in it. The current directory for an empty path.
+// Flushes the entries of a directory: what was created or renamed in it. An empty path is the current directory.
 void Flush_Directory(const std::filesystem::path& directory);
 
-// A directory and its files together: one wait instead of one for each. False: not all of it is safe.
+// Flushes a directory and its files together: one wait instead of one for each. False: not all of it is on the disk.
 bool Flush_Directory_And_Files(const std::filesystem::path& directory);
 
-// The whole file system that a directory lies on: the fastest way for many new files.
+// Flushes the whole file system that a directory lies on: the fastest way for many new files.
 [[nodiscard]] std::error_code Flush_File_System(const std::filesystem::path& directory);
 
 } // namespace orvel

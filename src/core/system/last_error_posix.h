@@ -5,7 +5,7 @@
 
 namespace orvel {
 
-// Why the last call of the system failed.
+// Why the last system call failed.
 inline std::error_code Last_Error()
 {
     return {errno, std::generic_category()};

@@ -10,13 +10,13 @@ namespace orvel {
 // last process that holds it ends, so no sign outlives a crash.
 class Lock {
 public:
-    // Takes the lock, or gives nothing if another process holds it or the path cannot be opened. An inherited lock
-    // stays with the programs that this one starts.
+    // Takes the lock, or gives nothing if another process holds it or the path cannot be opened. An inherited lock is
+    // passed on to the programs that this one starts.
     static std::optional<Lock> Take(const std::filesystem::path& path, bool inherited = false);
-    // The same, waiting for it: a look at a lock from outside holds it for an instant.
+    // The same, but waits up to `most`: testing a lock from outside holds it for an instant.
     static std::optional<Lock> Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most);
-    // The lock that the program which started this one has handed over as `Kept_Descriptor` (spawn.h). The programs
-    // that this one starts do not get it.
+    // Takes over the lock that the parent program passed on as `Kept_Descriptor` (spawn.h). Child programs of this one
+    // do not inherit it.
     static Lock Adopt(int descriptor);
 
     Lock(Lock&& other) noexcept;

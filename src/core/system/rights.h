@@ -4,7 +4,7 @@
 
 namespace orvel {
 
-// What this process may do with a file or directory; false also where there is none.
+// What this process may do with a file or directory; false if it does not exist.
 
 bool May_Read(const std::filesystem::path& path);
 bool May_Write(const std::filesystem::path& path);

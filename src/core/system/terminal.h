@@ -2,7 +2,7 @@
 
 namespace orvel {
 
-// Whether a person reads along, and not a file or another program.
+// Whether standard output is a terminal rather than a file or a pipe.
 bool Output_Is_Terminal();
 bool Error_Is_Terminal();
 

@@ -6,7 +6,7 @@
 
 namespace orvel {
 
-// About: versions, engine file and installation directory, to be quoted in a report.
+// The About box: versions, engine file and installation directory, for quoting in a report.
 class Form_name : public QDialog {
     Q_OBJECT
 

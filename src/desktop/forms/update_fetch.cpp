@@ -32,7 +32,7 @@ void Update_Fetch::Start(const QUrl& address)
     }
     Page.clear();
     Reply = Network.get(QNetworkRequest(address));
-    Limit.start(Time_Limit); // in all, however slowly a server sends
+    Limit.start(Time_Limit); // for the whole fetch, however slowly the server sends
     connect(Reply, &QNetworkReply::readyRead, this, &Update_Fetch::Take);
     connect(Reply, &QNetworkReply::finished, this, &Update_Fetch::Finish);
 }

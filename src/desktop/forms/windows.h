@@ -4,7 +4,7 @@
 
 namespace orvel {
 
-// Which window opens which: the functions that forms of lower rooms are handed. The session outlives them.
+// Which window opens which: the functions passed to forms of lower rooms. The session must outlive them.
 Run_Windows Windows_Of_Runs(Session& session);
 
 } // namespace orvel

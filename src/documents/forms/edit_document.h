@@ -9,10 +9,10 @@ class QWidget;
 
 namespace orvel {
 
-// Shows the editor of the session's document; the directory is where it is saved by default.
+// Shows the editor of the session's document of this kind; `directory` is where it is saved by default.
 void Edit_Document(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent);
 
-// Reads a file and shows its editor; a file that cannot be read is told and opens none.
+// Reads a file and shows its editor; if it cannot be read, the user is told and no editor opens.
 void Open_And_Edit(Session& session, const std::filesystem::path& file, QWidget* parent);
 
 } // namespace orvel

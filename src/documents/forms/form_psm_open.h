@@ -9,7 +9,7 @@ namespace orvel {
 
 class Directory_Files;
 
-// The open dialog of all documents: the files of a mask such as "*.psm", or a new one.
+// The open dialog of all documents: lists the files that match a mask such as "*.psm", or creates a new one.
 class Form_PSM_Open : public QDialog {
     Q_OBJECT
 

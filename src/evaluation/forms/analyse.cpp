@@ -100,7 +100,7 @@ void Analyse::Szenarioverzeichnis_Click()
     Look_For_Failure();
 }
 
-// The report comes behind all else, so that the lists have closed and the form stands below it.
+// The report is deferred to the event loop, so that the lists have closed and the form is visible behind it.
 void Analyse::Look_For_Failure()
 {
     Failed = Simulation_Failed(Run_Directory());
@@ -129,7 +129,7 @@ std::filesystem::path Analyse::Run_Directory() const
     return Szenarioverzeichnis->count() > 0 ? Directory_Of(*Szenarioverzeichnis) : std::filesystem::path();
 }
 
-// Fills the lists anew, since simulations may have been deleted, and selects what was picked.
+// Refills the lists, since simulations may have been deleted, and selects the one picked.
 void Analyse::Liste_Click()
 {
     Simulationsliste list(The_Session, The_Mode, this);
@@ -141,7 +141,7 @@ void Analyse::Liste_Click()
     Select(list.Chosen());
 }
 
-// By directories: two of them may have one name.
+// Compares directories, since two of them may have the same name.
 void Analyse::Select(const std::filesystem::path& run)
 {
     const auto set = [](QComboBox& combo, const std::filesystem::path& directory) {

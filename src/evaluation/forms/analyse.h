@@ -47,7 +47,7 @@ private:
     void Zusammenfassung_Click();
     void Grafik_Click();
 
-    std::filesystem::path Run_Directory() const; // empty while none is chosen
+    std::filesystem::path Run_Directory() const; // empty if none is chosen
 
     Session& The_Session;
     const Mode& The_Mode;
@@ -59,7 +59,7 @@ private:
     QPushButton *Liste = nullptr, *Grafik = nullptr, *Konzentration = nullptr, *Balance = nullptr, *Echo = nullptr,
                 *Zusammenfassung = nullptr;
     QPushButton* OK = nullptr;
-    bool Failed = false; // the chosen simulation, and the user has not seen the report yet
+    bool Failed = false; // the chosen simulation failed, and the user has not seen the report yet
 };
 
 } // namespace orvel

@@ -1,4 +1,4 @@
-// The controls of the result browser and their places.
+// The result browser's controls and layout.
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/series_choice.h"
 #include "tables/soil_concentrations.h"
@@ -68,7 +68,7 @@ QLayout* Analyse::Lists()
     return rows;
 }
 
-// A layer of the profile is a centimetre.
+// The profile's layers are one centimetre thick.
 void Analyse::Add_ERC(QFormLayout& rows)
 {
     ERC = Named(new QComboBox, "ERC");

@@ -100,7 +100,7 @@ QLayout* inout_sel::Directory_Lists()
     return rows;
 }
 
-// A click shows a file, so does Return.
+// A click or Return shows a file.
 QLayout* inout_sel::File_Lists()
 {
     auto* cells = new QGridLayout;
@@ -188,7 +188,7 @@ void inout_sel::Show_Chosen(const QListWidget& list)
         Form_filetext(The_Session, file, *text, this).exec();
 }
 
-// A table that is not there yet is made beside the program; the next click shows it.
+// A missing table is made by the utility in the background; the next click shows it.
 void inout_sel::Show_Utility_Table(Utility utility)
 {
     if (Utility_At_Work)

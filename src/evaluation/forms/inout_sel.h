@@ -44,8 +44,8 @@ private:
 
     Session& The_Session;
     std::filesystem::path Directory;
-    std::optional<int> Utility_At_Work;  // its process
-    std::filesystem::path Utility_Place; // where it works: the user may have gone elsewhere
+    std::optional<int> Utility_At_Work;  // its process id
+    std::filesystem::path Utility_Place; // its directory: the user may have gone to another one
     QComboBox* Laufwerk = nullptr;
     QLabel *Pfad = nullptr, *Nachricht = nullptr;
     QListWidget* Verzeichnisliste = nullptr;

@@ -21,7 +21,7 @@ public:
     explicit Series_Choice(QWidget* parent = nullptr);
 
     // Fills the lists for a run directory; the whole simulation is chosen. Without a plot.orv there is no period to
-    // choose from.
+    // choose.
     void Show_Run(const std::filesystem::path& run_directory);
     void Clear();
 
@@ -38,7 +38,7 @@ private:
     int Years = 0;
     QComboBox* Parameter = nullptr;
     QCheckBox* Cumulative = nullptr;
-    std::array<QComboBox*, 4> Zeitintervall{}; // months of begin and end, years of begin and end
+    std::array<QComboBox*, 4> Zeitintervall{}; // start and end month, start and end year
 };
 
 } // namespace orvel

@@ -18,7 +18,7 @@ constexpr double Pen_Width = 5;
 
 const QColor Rot(205, 60, 50), Gelb(225, 165, 20), Gruen(50, 150, 75);
 
-// A dot with a rim in the colour of the text, so that it shows on light and dark.
+// A dot outlined in the text colour, so that it is visible on light and dark backgrounds.
 QIcon Dot(const QBrush& fill)
 {
     QPixmap picture(Picture_Pixels, Picture_Pixels);

@@ -18,9 +18,9 @@ public:
 
     explicit Simulation_Model(QObject* parent = nullptr);
 
-    // Takes a new list. True: its rows are others than before, so that a selection is lost.
+    // Shows a new list. True: its rows differ from the previous ones, so that the selection is lost.
     bool Show(std::vector<Simulation> simulations);
-    void Mark(const std::vector<int>& rows); // and no others
+    void Mark(const std::vector<int>& rows); // unmarks all others
     const std::vector<Simulation>& Simulations() const { return Rows; }
 
     QString Longest_Text(int column) const; // of the heading and all rows

@@ -70,7 +70,7 @@ void Simulationsliste::Lay_Out()
     Assistant->Attach(Loeschen, 29);
 }
 
-// As wide as its columns need, as far as the screen goes.
+// Wide enough for all columns, but no wider than the screen.
 QSize Simulationsliste::sizeHint() const
 {
     const auto margins = layout()->contentsMargins();
@@ -141,7 +141,7 @@ void Simulationsliste::Select_Again(const std::vector<std::filesystem::path>& ru
     Grid1->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
 }
 
-// The marker follows the selection.
+// Markers follow the selection.
 void Simulationsliste::Selection_Changed()
 {
     std::vector<int> rows;
@@ -161,7 +161,7 @@ std::vector<Simulation> Simulationsliste::Selected() const
     return selected;
 }
 
-// States change only where a job was started.
+// States change only if a job has been started.
 void Simulationsliste::Tick()
 {
     if (Find_File(Mode_Directory(The_Session.Program, The_Mode), "orveljob.bat"))

@@ -14,7 +14,7 @@ namespace orvel {
 
 class Help_Assistant;
 
-// All simulations of a mode with their state: one can be picked for evaluation, any number deleted.
+// All simulations of a mode with their state; one can be picked for evaluation, any number can be deleted.
 class Simulationsliste : public QDialog {
     Q_OBJECT
 

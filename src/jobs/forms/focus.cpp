@@ -27,7 +27,7 @@ namespace orvel {
 namespace {
 
 constexpr int Tick_Interval = 300;      // ms
-constexpr int Interval_At_Start = 5000; // ms: a job's time to take its lock
+constexpr int Interval_At_Start = 5000; // ms; time for a job to take its lock
 constexpr int Progress_Interval = 1000; // ms
 
 void Select_Text(QListWidget& list, std::string_view text)

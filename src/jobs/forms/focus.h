@@ -86,7 +86,7 @@ private:
     QWidget* Warning_Box = nullptr;
     QGroupBox* Frame4 = nullptr;
     QComboBox* L_tildepth = nullptr;
-    QComboBox* Scaling = nullptr; // of the temperatures, in Tier 4 alone
+    QComboBox* Scaling = nullptr; // of the temperatures; Tier 4 only
     std::array<QRadioButton*, 3> Ausgabe{};
     QPushButton *s_run = nullptr, *Batchdatei = nullptr, *Multi_batch = nullptr, *Command1 = nullptr,
                 *Command2 = nullptr;
@@ -94,7 +94,7 @@ private:
     QProgressBar* Job_Bar = nullptr;
     QLabel* Job_Text = nullptr;
     QTimer Timer1;
-    QTimer Progress_Timer; // on its own, so that the bar moves while Timer1 waits for the job to begin
+    QTimer Progress_Timer; // separate, so that the bar moves while Timer1 waits for the job to start
 };
 
 } // namespace orvel

@@ -1,4 +1,4 @@
-// The controls of the run form and their places.
+// The run form's controls and layout.
 #include "jobs/forms/focus.h"
 #include "runs/start_up.h"
 #include "ui/forms/help_assistant.h"

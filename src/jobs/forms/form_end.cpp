@@ -147,7 +147,7 @@ void form_end::Ausgabe_Click(int option)
     else if (option == static_cast<int>(Output_Option::Recommended))
         The_Session.Output = Recommended_Output();
     else
-        Ausgabe_festlegen(The_Session.Output, this).exec(); // the choice stays at "User Specific"
+        Ausgabe_festlegen(The_Session.Output, this).exec(); // "User Specific" stays selected, whatever was entered
 }
 
 void form_end::Start()
@@ -203,7 +203,7 @@ void form_end::Edit(const QString& name)
         Open_And_Edit(The_Session, Found_Or_New(Directory, Path_Of(Bytes_Of(name))), this);
 }
 
-// Shows what is wrong and returns the focus to the control in question.
+// Shows the message and returns the focus to the control in question.
 void form_end::Refuse(const Refusal& refusal)
 {
     The_Session.Ask(refusal.Text);

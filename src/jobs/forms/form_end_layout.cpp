@@ -1,4 +1,4 @@
-// The controls of the single-run form and their places.
+// The single-run form's controls and layout.
 #include "jobs/forms/form_end.h"
 #include "ui/forms/date_boxes.h"
 #include "ui/forms/widgets.h"

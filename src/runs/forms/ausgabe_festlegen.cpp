@@ -40,14 +40,14 @@ QStringList Parameters()
     return items;
 }
 
-// The depth is the index of its entry. A deeper one of a run control file is kept, and so has an entry too.
+// The depth is the index of its entry. A greater depth from a run control file is kept, so it needs an entry too.
 void Add_Depths(QComboBox& combo, int deepest)
 {
     for (int depth = combo.count(); depth <= deepest; ++depth)
         combo.addItem(QString::number(depth));
 }
 
-// A hidden control keeps its place, so that the rows do not jump.
+// A hidden control keeps its space, so that the rows do not jump.
 void Keep_Place(QWidget& widget)
 {
     QSizePolicy policy = widget.sizePolicy();

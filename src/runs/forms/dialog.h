@@ -11,7 +11,7 @@ class Dialog : public QDialog {
 public:
     explicit Dialog(QWidget* parent = nullptr);
 
-    // The years chosen, or nothing while none was.
+    // The number of years chosen; 0 if none was.
     int Years() const { return Chosen; }
 
 private:

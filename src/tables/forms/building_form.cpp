@@ -113,7 +113,7 @@ void Building_Form::Note(const std::string& sentence)
     Nachricht->setVisible(!sentence.empty());
 }
 
-// Closing during the work stops that first.
+// Closing the form while it works first stops the work.
 void Building_Form::done(int result)
 {
     if (Busy) {

@@ -13,10 +13,10 @@ class QStackedWidget;
 
 namespace orvel {
 
-constexpr int Columns_Shown = 92; // of a text, as long as the form keeps its first size
+constexpr int Columns_Shown = 92; // of a text, at the form's initial size
 
-// A form that builds what it shows out of big files, behind its first paint: with a message and a bar, the buttons off,
-// and closing it stops the work.
+// A form that builds its content from big files after its first paint, with a message, a progress bar and the buttons
+// disabled; closing it stops the work.
 class Building_Form : public QDialog {
     Q_OBJECT
 
@@ -32,7 +32,7 @@ protected:
     void Add_Page(QWidget* page);
     void Show_Page(std::size_t page);
 
-    // A button of the row below, in the order of the calls; off during the work.
+    // Adds a button to the row below, in the order of the calls; disabled during the work.
     template <class Handler> QPushButton* Add_Button(const QString& name, const QString& caption, Handler handler)
     {
         auto* button = New_Button(name, caption);
@@ -41,7 +41,7 @@ protected:
     }
     void Add_Done(); // the last button
 
-    void Note(const std::string& sentence); // below the pages; none for an empty one
+    void Note(const std::string& sentence); // shown below the pages; an empty one is not shown
 
     void showEvent(QShowEvent* event) override;
 
@@ -61,7 +61,7 @@ private:
     bool Busy = false;
 };
 
-// A progress that gives the windows a turn to paint themselves, but not the user.
+// A progress callback that lets windows repaint but does not process user input.
 bool Stay_Painted(const std::string& message, double share);
 
 } // namespace orvel

@@ -9,7 +9,8 @@ namespace orvel {
 
 namespace {
 
-// The captions are required as they are: the switch names the table in view, and "Annual" stands over the periods.
+// The captions are required as they are: the switch names the table in view, and "Annual" is the caption of the
+// periods.
 Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run)
 {
     Table_Kind kind;

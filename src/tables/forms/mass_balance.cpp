@@ -9,7 +9,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Line_Columns = 130; // the rule of the pesticide tables behind its tab, and the scroll bar
+constexpr int Line_Columns = 130; // the rule of the pesticide tables with its leading tab, and the scroll bar
 
 bool Has_Months(const std::filesystem::path& run)
 try {
@@ -35,7 +35,7 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
         *tables = Build_Or_Load_Balance(run, view, progress);
         return {{tables->Water_Text, tables->Pesticide_Text}, tables->Note()};
     };
-    // The diagram is that of the years in either view.
+    // In either view the diagram is the annual one.
     kind.Open_Diagram = [run, view, tables, ask = session.Ask](QWidget& form) {
         Jahresbilanz(view == Balance_View::Annual ? *tables
                                                   : Build_Or_Load_Balance(run, Balance_View::Annual, Stay_Painted),

@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-// The balance tables of one run: that of the water and those of its substances, by year. From there the tables by month
-// are opened if the run has monthly output.
+// The balance tables of one run: for water and for each substance, by year. A button opens the tables by month if the
+// run has monthly output.
 class Mass_Balance : public Table_Form {
     Q_OBJECT
 

@@ -6,7 +6,8 @@
 
 namespace orvel {
 
-// The actual and time-weighted average concentrations in the top layers of the soil; `depth` layers, 1 or more.
+// The actual and time-weighted average concentrations in the top layers of the soil; `depth` is their number, 1 or
+// more.
 class PECsoil : public Table_Form {
     Q_OBJECT
 

@@ -9,13 +9,13 @@ class QPlainTextEdit;
 
 namespace orvel {
 
-// One of the tables of a form; both captions stand while it is in view. A form of one table has no switch.
+// One of a form's tables; both captions apply while it is in view. A form with one table has no switch.
 struct Table_View {
     QString Control, Purpose; // name and accessible name of its text
     QString Form_Caption, Switch_Caption;
 };
 
-// A text per table, and what the user is to know of them.
+// A text per table, and what the user should know about them.
 struct Built_Tables {
     std::vector<std::string> Texts;
     std::string Note;
@@ -23,15 +23,15 @@ struct Built_Tables {
 
 struct Table_Kind {
     QString Name;                                // of the form
-    int Columns = Columns_Shown;                 // that a whole line takes
-    QString First_Caption, First_Switch_Caption; // until the tables are there
+    int Columns = Columns_Shown;                 // needed for a whole line
+    QString First_Caption, First_Switch_Caption; // until the tables are built
     std::vector<Table_View> Views;               // the first one is shown first
     std::function<Built_Tables(const Progress&)> Build;
     std::function<void(QWidget&)> Open_Diagram;
-    std::function<void(QWidget&)> Open_Months; // empty: there is no button for that
+    std::function<void(QWidget&)> Open_Months; // empty: no such button
 };
 
-// Tables of one run as texts, one in front of the other.
+// The tables of one run as texts, one visible at a time.
 class Table_Form : public Building_Form {
     Q_OBJECT
 

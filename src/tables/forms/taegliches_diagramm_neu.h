@@ -15,7 +15,7 @@ namespace orvel {
 struct Daily_Choice {
     std::filesystem::path Run_Directory, Calendar;
     int Column = 1;   // value column of plot.orv, from 1
-    std::string Item; // text of the list that it was chosen from
+    std::string Item; // its text in the list that it was chosen from
     Daily_Request Request;
 };
 

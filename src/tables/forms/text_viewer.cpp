@@ -96,7 +96,7 @@ void Form_filetext::Make_Editable()
 {
     Text().setReadOnly(false);
     Text().setTextInteractionFlags(Qt::TextEditorInteraction);
-    findChild<QPushButton*>("Done")->setDefault(false); // the return key writes a line
+    findChild<QPushButton*>("Done")->setDefault(false); // Return starts a new line
     connect(Text().document(), &QTextDocument::modificationChanged, this, &Form_filetext::Show_State);
 }
 
@@ -113,7 +113,7 @@ void Form_filetext::Show_State()
             : "");
 }
 
-// Nothing where the code page lacks a character: it is selected, and the user is told.
+// Nothing if the code page lacks a character: it is then selected, and the user has been told.
 std::optional<std::string> Form_filetext::Bytes()
 {
     const QString shown = Text().toPlainText();
@@ -138,7 +138,7 @@ void Form_filetext::Save()
         Saved(std::move(*bytes));
 }
 
-// Of a file that is not edited all goes to the other place, also where only its first part is shown.
+// A file that was not edited is copied whole, even if only its first part is shown.
 void Form_filetext::Save_As()
 try {
     const QString chosen = QFileDialog::getSaveFileName(this, "Save as", QString::fromStdString(File.string()));

@@ -12,17 +12,17 @@ class QPlainTextEdit;
 
 namespace orvel {
 
-// One text of the system's files, to read, copy and print. Its text is bytes of Windows-1252.
+// A text, given as bytes of Windows-1252, to read, copy and print.
 class Text_Viewer : public QDialog {
     Q_OBJECT
 
 public:
     Text_Viewer(const QString& name, const QString& caption, std::string_view text, QWidget* parent);
 
-    void Go_To_End(); // as Ctrl+End does
+    void Go_To_End(); // like Ctrl+End
 
 protected:
-    // A button in the row below the text, in the order of the calls.
+    // Adds a button to the row below the text, in the order of the calls.
     template <class Handler> void Add_Button(const QString& name, const QString& caption, Handler handler);
     void Add_Copy_And_Print();
     void Add_Done(const QString& name, const QString& caption); // the last one
@@ -39,14 +39,14 @@ public:
     explicit Echo_ORV(std::string_view echo, QWidget* parent = nullptr);
 };
 
-// The same for a run that failed: the engine writes its errors last, so the end is shown if there is one.
+// The same for a run that failed: the engine writes its errors last, so the end is shown if the echo holds one.
 class Fehler_in_Simulation : public Text_Viewer {
 public:
     explicit Fehler_in_Simulation(std::string_view echo, QWidget* parent = nullptr);
 };
 
-// Any input or output file; `text` is what is shown of it. What is shown as it stands in the file can be edited and
-// saved.
+// Any input or output file; `text` is what is shown of it. It can be edited and saved if it is the file's whole text,
+// unchanged.
 class Form_filetext : public Text_Viewer {
 public:
     Form_filetext(const Session& session, std::filesystem::path file, std::string text, QWidget* parent = nullptr);
@@ -63,7 +63,7 @@ private:
 
     const Session& The_Session;
     std::filesystem::path File;
-    std::string Stands_There; // in the file, as far as this window knows
+    std::string Stands_There; // the file's text, as far as this window knows
 };
 
 } // namespace orvel

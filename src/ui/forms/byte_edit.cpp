@@ -11,7 +11,7 @@ namespace orvel {
 
 namespace {
 
-// Takes every text, less the characters that the code page lacks.
+// Accepts any text, dropping characters that the code page lacks.
 class Code_Page_Validator : public QValidator {
 public:
     Code_Page_Validator(std::function<void(const QString&)> leave_out, QObject* parent)
@@ -65,7 +65,7 @@ void Byte_Edit::Tell(const QString& sentence)
         QToolTip::showText(mapToGlobal(rect().bottomLeft()), sentence, this);
 }
 
-// The text is not yet that of the field: the sentence is told when it is.
+// The field does not hold the new text yet, so the hint is shown from the event loop.
 void Byte_Edit::Leave_Out(const QString& characters)
 {
     const QString sentence = "The file cannot hold \"" + characters + "\": left out.";

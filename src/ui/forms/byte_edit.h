@@ -12,10 +12,10 @@ class Byte_Edit : public QLineEdit {
 public:
     explicit Byte_Edit(QWidget* parent = nullptr);
 
-    // What stands in the field, in the documents' code page.
+    // The field's text in the documents' code page.
     std::string Typed() const;
 
-    // The sentence that the field shows; empty where there is nothing to tell.
+    // The sentence that the field shows; empty if there is none.
     virtual QString Hint() const { return Left_Out; }
 
 protected:

@@ -8,7 +8,7 @@ namespace orvel {
 
 namespace {
 
-// Styles take an outline from the window's colour, made darker: from this one it is a middle grey.
+// Styles draw outlines in a darker shade of the window colour; with this one they come out medium grey.
 constexpr QRgb Ground_Of_Outlines = 0xFFC0C4C8;
 
 template <class Option> Option Outlined(const Option& option)

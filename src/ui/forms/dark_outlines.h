@@ -2,9 +2,9 @@
 
 namespace orvel {
 
-// Draws boxes, round buttons and fields with outlines that are seen on a dark ground, where the desktop's own style
-// makes them darker than the ground. A light palette is drawn as ever. To be called once, when the application is
-// there.
+// Gives check boxes, radio buttons and fields outlines that are visible on a dark background, where the desktop's own
+// style draws them darker than the background. With a light palette nothing changes. Call once, after the application
+// object exists.
 void Show_Outlines_In_The_Dark();
 
 } // namespace orvel

@@ -4,10 +4,10 @@
 
 namespace orvel {
 
-// The days 1 to 31, or any other number typed.
+// Offers the days 1 to 31; any other text can be typed.
 QComboBox* Day_Box(const QString& name, const QString& purpose);
 
-// "JAN" to "DEC": a month is its index + 1.
+// "JAN" to "DEC": the month is the index + 1.
 QComboBox* Month_Box(const QString& name, const QString& purpose);
 
 } // namespace orvel

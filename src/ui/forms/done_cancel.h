@@ -7,8 +7,7 @@
 
 namespace orvel {
 
-// The button row of a detail form: its own acceptance, which the Enter key presses too, and Cancel, which leaves the
-// document as it is.
+// The button row of a detail form: Done, which Enter presses too, and Cancel, which leaves the document as it is.
 template <class Form>
 QDialogButtonBox* Done_And_Cancel(Form& form, void (Form::*accept)(), const QString& accept_name = "Command1",
                                   const QString& accept_text = "&Done", const QString& cancel_name = "Command2")

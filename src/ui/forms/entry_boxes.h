@@ -13,7 +13,7 @@ namespace orvel {
 // The number boxes of a form, made from the rows of its field table and found by the names of their controls.
 class Entry_Boxes {
 public:
-    // Adds a row with the caption and the box; `caption` in place of the table's where a form words it differently.
+    // Adds a row with the caption and the box; `caption` replaces the table's where a form words it differently.
     template <class Row> Number_Edit* Add(QFormLayout& rows, const Row& row, const QString& caption = {})
     {
         auto* box = Named(new Number_Edit(QString::fromUtf8(row.Unit)), QString::fromUtf8(row.Control));
@@ -33,7 +33,7 @@ public:
             Show_Text(*Boxes.at(row.Control), entry.*row.Text);
     }
 
-    // A text that stands there already keeps what is known of it: whether it was typed, and the cursor.
+    // If the box shows this text already, it is left alone, so that cursor and modified flag survive.
     static void Show_Text(QLineEdit& box, std::string_view bytes)
     {
         if (const QString text = Shown(bytes); box.text() != text) {
@@ -42,7 +42,7 @@ public:
         }
     }
 
-    // Takes what stands in the boxes into an entry.
+    // Stores the texts of the boxes in an entry.
     template <class Rows, class Entry> void Read(const Rows& rows, Entry& entry) const
     {
         for (const auto& row : rows)

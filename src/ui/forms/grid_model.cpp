@@ -11,7 +11,7 @@ namespace orvel {
 
 namespace {
 
-// What a cell of numbers tells of its reading; nothing for an empty one.
+// The hint on how a number cell's text is read; nothing for an empty cell.
 std::optional<std::string> Hint_Of(const std::string& text, const Number_Column& column)
 {
     const bool number = column.Editable && column.Choices.empty() && !Trim(text).empty();

@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-// The texts of a grid's cells for a Number_Grid, as bytes of the documents' code page. A cell that is read as something
-// else than it looks wears a sign and tells the number that is read.
+// The texts of a grid's cells for a Number_Grid, as bytes of the documents' code page. A cell whose text is read as
+// another number than it shows has a warning icon and states the number read.
 class Grid_Model : public QAbstractTableModel {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
 
     virtual std::string Cell(int row, int column) const = 0;
 
-    // Stores a text; who changes cells tells it with Tell_Changed.
+    // Stores a text; the caller then notifies the views with Tell_Changed.
     virtual void Set_Cell(int row, int column, const std::string& text) = 0;
     void Tell_Changed(const QRect& cells)
     {
@@ -39,7 +39,7 @@ private:
     std::vector<Number_Column> All_Columns;
 };
 
-// A grid that holds its own texts, one for each column in every row.
+// A grid model that holds its own texts.
 class Text_Grid_Model : public Grid_Model {
     Q_OBJECT
 

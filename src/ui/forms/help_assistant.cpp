@@ -53,7 +53,7 @@ void Help_Assistant::Attach(QWidget* control, int number)
 {
     Numbers[control] = number;
     Watch(*control);
-    // The inside of a list and the controls in a frame get the mouse in its place.
+    // The viewport of a list and the controls in a frame receive the mouse in its place.
     for (auto* inside : control->findChildren<QWidget*>()) {
         if (Numbers.try_emplace(inside, number).second)
             Watch(*inside);
@@ -69,13 +69,13 @@ void Help_Assistant::Watch(QWidget& widget)
 bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == &Form && event->type() == QEvent::WindowActivate)
-        Show_Switches(); // another form may have switched the help
+        Show_Switches(); // another form may have switched the help on or off
     if (watched == &Form && !Numbers.contains(watched))
         return false;
     if (event->type() != QEvent::MouseMove && event->type() != QEvent::Enter)
         return false;
     const auto* control = static_cast<const QWidget*>(watched);
-    // A move that a control leaves alone, because it is off or a label, comes to its frame as well.
+    // A mouse move that a control ignores, being disabled or a label, also reaches its frame.
     const auto* inside = control->childAt(static_cast<QSinglePointEvent*>(event)->position().toPoint());
     if (inside && Numbers.contains(inside))
         return false;
@@ -84,12 +84,13 @@ bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
             Show_Help(*control, Shown(Help_Text_Of(The_Session, found->second)).remove('\r').trimmed());
     } else {
         Show_Help(*control,
-                  The_Session.Program.Online_Help ? On_Hint : Off_Hint); // needs no file and works with the help off
+                  The_Session.Program.Online_Help ? On_Hint
+                                                  : Off_Hint); // needs no help file and works with the help off
     }
     return false;
 }
 
-// The choice holds on all forms.
+// Switches the help for all forms.
 void Help_Assistant::Flip()
 {
     The_Session.Program.Online_Help = !The_Session.Program.Online_Help;

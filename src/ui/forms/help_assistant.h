@@ -11,14 +11,14 @@
 namespace orvel {
 
 // The online help of a form: a box of text beside the control that the mouse moves over, and a pair of pictures that
-// switches it on and off for all forms. Attach controls by the numbers of their texts.
+// switches it on and off for all forms. Controls are attached with the numbers of their texts.
 class Help_Assistant : public QObject {
     Q_OBJECT
 
 public:
     Help_Assistant(Session& session, QWidget& form);
 
-    // What stands in a frame has the frame's text, unless it is attached itself.
+    // Controls inside a frame have the frame's text unless they are attached themselves.
     void Attach(QWidget* control, int number);
     QWidget* Switch() { return Switches; } // to be laid out by the form
 

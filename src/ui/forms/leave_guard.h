@@ -9,8 +9,8 @@ class QWidget;
 
 namespace orvel {
 
-// Watches the boxes of a window and reports each that is left, while the window is visible. A box is not left when its
-// own list opens, when another window comes to the front, or when a refusal leads back to a control.
+// Watches the boxes of a visible window and calls `leave` for each one that loses the focus, but not when its own list
+// opens, when another window comes to the front, or when a refusal returns the focus to a control.
 class Leave_Guard : public QObject {
 public:
     // The window owns the guard.
@@ -18,7 +18,7 @@ public:
 
     void Watch(QWidget& box);
 
-    // Tells what is wrong and goes back to the control that it is about.
+    // Shows the refusal and returns the focus to its control.
     void Refuse(const Ask_Function& ask, const Refusal& refusal);
 
 protected:

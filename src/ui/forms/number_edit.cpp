@@ -44,7 +44,7 @@ Variant Number_Edit::Value() const
     return Typed_Number(Typed());
 }
 
-// An empty field in which nobody has typed is no slip.
+// No hint for an empty field that nobody has typed in.
 QString Number_Edit::Hint() const
 {
     if (!Byte_Edit::Hint().isEmpty())
@@ -67,7 +67,7 @@ void Number_Edit::Show_Hint()
     update();
 }
 
-// The text ends before the unit and the sign.
+// Keeps the text clear of the unit and the warning icon.
 void Number_Edit::Make_Room()
 {
     const int unit = The_Unit.isEmpty() ? 0 : fontMetrics().horizontalAdvance(The_Unit) + Gap;

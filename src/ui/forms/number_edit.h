@@ -5,9 +5,9 @@
 
 namespace orvel {
 
-// A field of numbers. It shows its unit at its right end and, while a text stands in it that is read as something else
-// than it looks ("1,5", "abc"), a sign before the unit and a sentence below the field that tells the number that is
-// read. It never refuses a text.
+// A field of numbers. It shows its unit at its right end and, while its text is read as another number than it shows
+// ("1,5", "abc"), a warning icon before the unit and a sentence below the field with the number read. It accepts any
+// text.
 class Number_Edit : public Byte_Edit {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
     const QString& Unit() const { return The_Unit; }
     void Set_Unit(const QString& unit);
 
-    // Shows a value of a document as a text, without the blanks of a printed number.
+    // Shows a value of a document, without the blanks of a printed number.
     void Show_Value(const Variant& value);
 
     // What a document keeps of the text: see Typed_Number.
@@ -25,7 +25,7 @@ public:
 
     QString Hint() const override;
 
-    QSize minimumSizeHint() const override; // a rate with its decimals stays readable
+    QSize minimumSizeHint() const override; // wide enough for a rate with its decimals
 
 protected:
     void paintEvent(QPaintEvent* event) override;

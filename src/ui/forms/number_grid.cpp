@@ -40,7 +40,7 @@ const std::vector<Grid_Command>& Commands()
     return commands;
 }
 
-// The code of a key of the grids; 0 for any other.
+// The key code that the grids' rules use; 0 for any other key.
 int Code_Of(const QKeyEvent& key)
 {
     if (key.key() == Qt::Key_Backspace)
@@ -88,7 +88,7 @@ private:
 
 } // namespace
 
-// Keys pressed one after another in a cell are one step of undo.
+// Consecutive key presses in one cell are a single undo step.
 class Number_Grid::Change_Command : public QUndoCommand {
 public:
     Change_Command(Number_Grid& grid, std::vector<Change> changes, bool typed)
@@ -129,7 +129,7 @@ Number_Grid::Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Fun
     setAccessibleName(purpose);
     setEditTriggers(DoubleClicked | EditKeyPressed);
     setTabKeyNavigation(false);
-    horizontalHeader()->setHighlightSections(false); // bold ones would not fit
+    horizontalHeader()->setHighlightSections(false); // bold headings would not fit
     verticalHeader()->hide();
     connect(model, &QAbstractItemModel::modelReset, &Changes, &QUndoStack::clear);
 }
@@ -151,8 +151,8 @@ QSize Number_Grid::sizeHint() const
             horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() + frame};
 }
 
-// Where a cell is left by a click, the view selects the clicked cell behind the handler: the way back is gone once more
-// after it.
+// If a click leaves the cell, the view selects the clicked cell after the handler returns, so the cell is selected once
+// more after that.
 void Number_Grid::Go_To(int row, int column)
 {
     const auto go = [this, row, column] { setCurrentIndex(Model.index(row, column)); };
@@ -192,7 +192,7 @@ void Number_Grid::Press(int key_code, const QString& typed)
     Apply(std::move(changes), true);
 }
 
-// The next choice that begins with the letter, from the present one on and round.
+// Selects the next choice that begins with the letter, wrapping around from the present one.
 void Number_Grid::Choose_By_Letter(const QModelIndex& cell, const QString& typed)
 {
     const auto& choices = Model.Column(cell.column()).Choices;
@@ -285,7 +285,7 @@ void Number_Grid::Cut()
     Apply(std::move(changes), false);
 }
 
-// Into the cells from the upper left one of those selected on; a single text goes into all of them.
+// Pastes from the upper left selected cell on; a single text goes into all selected cells.
 void Number_Grid::Paste()
 {
     const QRect block = Selected();

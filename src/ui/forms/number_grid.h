@@ -8,15 +8,14 @@
 
 namespace orvel {
 
-// A grid whose cells are edited by keys, as its rule lays down. Beyond them: arrow keys, return for the cell below, a
-// block copied to a spreadsheet (Ctrl+C), cut (Ctrl+X) and pasted from one (Ctrl+V), the first row of a selection or
-// the cell above copied down (Ctrl+D), undo and redo (Ctrl+Z, Ctrl+Y). Every change can be undone as long as the model
-// is not shown anew.
+// A grid whose cells are edited by keys, as its rule lays down. Also: arrow keys, Return for the cell below, a block
+// copied to a spreadsheet (Ctrl+C), cut (Ctrl+X) and pasted from one (Ctrl+V), the first row of a selection or the cell
+// above copied down (Ctrl+D), undo and redo (Ctrl+Z, Ctrl+Y). Every change can be undone until the model is reset.
 class Number_Grid : public QTableView {
     Q_OBJECT
 
 public:
-    // Tells with `ask` what cannot be pasted. The grid names itself to those who cannot see it by `purpose`.
+    // Reports through `ask` what cannot be pasted. `purpose` is the accessible name.
     Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Function& ask, const QString& purpose,
                 QWidget* parent = nullptr);
 
@@ -29,7 +28,7 @@ public:
     // Stores a text in a cell as a change that can be undone.
     void Change_Cell(int row, int column, const std::string& text);
 
-    // The same for the cells from a place on: one change.
+    // The same for the block of cells whose upper left corner is given: one change.
     void Change_Block(int row, int column, const Grid_Block& cells);
 
     void Undo() { Changes.undo(); }
@@ -41,7 +40,7 @@ public:
 
 signals:
     void Cell_Changed(int row, int column); // by hand, undo or redo
-    void Cell_Left(int row, int column);    // for another cell or control; Go_To leads back
+    void Cell_Left(int row, int column);    // for another cell or control; Go_To returns to it
     void Cell_Entered(int row, int column);
 
 protected:
@@ -57,7 +56,7 @@ private:
     };
     class Change_Command;
 
-    QRect Selected() const; // columns and rows of the block around all cells selected
+    QRect Selected() const; // bounding block of the selected cells, in columns and rows
     void Press(int key_code, const QString& typed);
     void Choose_By_Letter(const QModelIndex& cell, const QString& typed);
     void Apply(std::vector<Change> changes, bool typed);

@@ -65,7 +65,7 @@ void Print_Text_On(QPrinter& printer, const QString& text)
     const QRectF page = printer.pageRect(QPrinter::Point);
     QFont font = Fixed_Pitch_Font();
     font.setPointSizeF(Largest_Point_Size);
-    // A fixed-pitch character is 0.6 of its point size wide, or a little more.
+    // A fixed-pitch character is about 0.6 of its point size wide, or slightly more.
     const double fitting = page.width() / (Longest_Line(text) * 0.61);
     font.setPointSizeF(std::min(Largest_Point_Size, fitting));
     document.setDefaultFont(font);

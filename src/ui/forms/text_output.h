@@ -8,13 +8,13 @@ class QWidget;
 
 namespace orvel {
 
-// A read-only text in a fixed-pitch font, wide lines scrolled and never wrapped, tabs at every eighth column.
+// A read-only text view in a fixed-pitch font: long lines scroll instead of wrapping, tab stops every eight columns.
 QPlainTextEdit* Fixed_Pitch_Text(const QString& name, const QString& purpose);
 
-// Puts a text on the clipboard; its tabs make the columns of a spreadsheet.
+// Puts a text on the clipboard; tabs separate columns when pasted into a spreadsheet.
 void Copy_Text(const QString& text);
 
-// Prints a text in a fixed-pitch font, scaled down so that its longest line fits the page.
+// Prints a text in a fixed-pitch font, reduced if need be so that its longest line fits the page.
 void Print_Text_On(QPrinter& printer, const QString& text);
 
 // Lets the user choose a printer, or a PDF file, and prints.

@@ -82,7 +82,7 @@ Button Ask_In_Box(const Message& message)
         if (Standard(button) == pressed)
             return button;
     }
-    return message.Buttons.back(); // closed without a button: the one that changes nothing stands last
+    return message.Buttons.back(); // closed without a button: the last one changes nothing
 }
 
 void Show_Refusal(const Ask_Function& ask, const QWidget& window, const Refusal& refusal)

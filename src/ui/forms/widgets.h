@@ -10,8 +10,8 @@
 
 namespace orvel {
 
-// What all forms share: names of controls, the way between Unicode and the documents' code page, boxes, small models of
-// waiting.
+// What all forms share: names of controls, conversion between Unicode and the documents' code page, message boxes, a
+// wait cursor.
 
 // Sets the object's name: code and tests find a control by that and by nothing else.
 template <class T> T* Named(T* object, const QString& name)
@@ -20,7 +20,7 @@ template <class T> T* Named(T* object, const QString& name)
     return object;
 }
 
-// A button that the return key presses only where it has the focus or is made the default one.
+// A button that Return presses only if it has the focus or is made the default one.
 QPushButton* Push_Button(const QString& name, const QString& text);
 
 template <class Receiver, class Handler>
@@ -34,19 +34,19 @@ QPushButton* Push_Button(const QString& name, const QString& text, Receiver* rec
 // Bytes of the documents' code page as text for the window.
 QString Shown(std::string_view bytes);
 
-// A text of the window as bytes; characters that the code page lacks do not get here, since fields refuse them.
+// A text of the window as bytes; characters that the code page lacks do not occur, since fields drop them.
 std::string Bytes_Of(const QString& text);
 
 // Shows a message as a modal box over the active window and returns the button pressed.
 Button Ask_In_Box(const Message& message);
 
-// Tells what is wrong with an entry and goes back to its control.
+// Shows what is wrong with an entry and returns the focus to its control.
 void Show_Refusal(const Ask_Function& ask, const QWidget& window, const Refusal& refusal);
 
 // A fixed-pitch font of the system in the size of the window's font.
 QFont Fixed_Pitch_Font();
 
-// The hourglass over the whole program while it lives.
+// Shows the wait cursor over the whole program during its lifetime.
 class Hourglass {
 public:
     Hourglass();
