@@ -53,26 +53,12 @@ std::vector<int> Ends_Of_Years(const fs::path& run, const Run_Request& request, 
     return ends;
 }
 
-// The years of a balance file: a block counts once a line follows the one that ends its reading.
-int Years_Of_Balance(const fs::path& file, const Anchor& last_anchor)
+// Whether a file of the bundled engine lacks its closing line.
+bool Lacks_Closing_Line(const fs::path& file)
 {
-    constexpr Anchor Annual("ANNUAL");
-    Line_Scanner lines(file);
-    int years = 0;
-    bool in_year = false, bundled = false, closed = false, first = true;
-    while (lines.Next()) {
-        const auto line = lines.Line();
-        bundled = bundled || (first && Bundled_Head.In(line));
-        first = false;
-        closed = line == Closing_Line;
-        if (Annual.In(line)) {
-            in_year = true;
-        } else if (in_year && last_anchor.In(line) && !lines.At_End()) {
-            ++years;
-            in_year = false;
-        }
-    }
-    return bundled && !closed ? std::max(0, years - 1) : years;
+    constexpr std::size_t Enough = 64;
+    const std::string end = Read_Tail(file, Enough);
+    return Bundled_Head.In(Read_Head(file, Enough)) && !end.ends_with(std::string(Closing_Line) + std::string(CrLf));
 }
 
 // The years of plot.orv: whole lines in order of their days, up to each year's last.
@@ -152,6 +138,16 @@ int Day_Or_Month(std::string_view& header, int most, int otherwise)
 }
 
 } // namespace
+
+int Years_In_Balance(const fs::path& file)
+{
+    constexpr Anchor Annual("ANNUAL"), Bottom("BELOW CORE");
+    Line_Scanner lines(file);
+    int years = 0;
+    while (lines.Find(Annual) && lines.Find(Bottom) && !lines.At_End())
+        ++years;
+    return Lacks_Closing_Line(file) ? std::max(0, years - 1) : years;
+}
 
 Run_Request Parse_Run_Request(std::string_view control)
 {
@@ -249,11 +245,11 @@ Run_Outputs Find_Outputs(const fs::path& run_directory, const Run_Request& reque
                 gaps.Add("The output echo.orv ends early.");
         } else if (Same_Text(name, "Wasser.orv")) {
             has_water = true;
-            add_years(output, Years_Of_Balance(file, Anchor("RECHARGE BELOW CORE")));
+            add_years(output, Years_In_Balance(file));
         } else if (Matches(name, "chem.orv") || Matches(name, "chem_??.orv")) {
             ++balances;
             has_chem = has_chem || Same_Text(name, "chem.orv");
-            add_years(output, Years_Of_Balance(file, Anchor("LEACHED BELOW CORE")));
+            add_years(output, Years_In_Balance(file));
         } else if (Same_Text(name, "plot.orv")) {
             has_series = true;
             if (request.Series)

@@ -48,6 +48,10 @@ struct Run_Outputs {
 Run_Outputs Find_Outputs(const std::filesystem::path& run_directory, const Run_Request& request,
                          const Leap_Day_Function& has_leap_day = Has_Leap_Day);
 
+// The years of Wasser.orv or a chem*.orv: a block counts once a line follows the one that closes its totals. Throws
+// File_Error.
+int Years_In_Balance(const std::filesystem::path& file);
+
 // Whether a file of a run directory was written by an engine: *.orv, but neither a stored table nor the progress.
 bool Is_Engine_Output(const std::filesystem::path& file);
 bool Has_Engine_Output(const std::filesystem::path& run_directory);

@@ -135,7 +135,7 @@ private:
             throw Reading_Stopped();
         Period_Index = tables.Period_Index;
         Report_Run& run = Crop.Runs.back();
-        run.Problem = tables.Failure;
+        run.Problem = tables.Failure.empty() ? tables.Gap : tables.Failure;
         if (run.Problem.empty())
             run.Problem = Take(tables, location.Text, run);
     }
