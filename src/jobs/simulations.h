@@ -1,6 +1,7 @@
 #pragma once
 
 #include "jobs/job_status.h"
+#include "runs/bin.h"
 
 #include <vector>
 
@@ -18,5 +19,13 @@ void Clean_Leftovers(const std::filesystem::path& mode_directory);
 // the pending batch cannot be changed.
 int Delete_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                        const std::vector<Simulation>& simulations);
+
+// A run in the bin as the list would show it.
+Simulation Simulation_In_Bin(const Binned_Run& binned);
+
+// Puts runs back to their places; what is there now goes to the bin. Returns their number; what was refused has been
+// told.
+int Put_Back_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                         const std::vector<Binned_Run>& runs);
 
 } // namespace orvel

@@ -46,12 +46,13 @@ bool Simulation_Model::Show(std::vector<Simulation> simulations)
     if (Same_Runs(simulations)) {
         Rows = std::move(simulations);
         if (!Rows.empty())
-            emit dataChanged(index(0, Date), index(rowCount() - 1, Result));
+            emit dataChanged(index(0, Date), index(rowCount() - 1, Changes));
         return false;
     }
     beginResetModel();
     Rows = std::move(simulations);
     Marked.assign(Rows.size(), false);
+    Changed.assign(Rows.size(), {});
     endResetModel();
     return true;
 }
@@ -73,8 +74,8 @@ void Simulation_Model::Mark(const std::vector<int>& rows)
 QString Simulation_Model::Longest_Text(int column) const
 {
     QString longest = headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    for (const Simulation& simulation : Rows) {
-        QString text = Text(simulation, column);
+    for (std::size_t row = 0; row < Rows.size(); ++row) {
+        QString text = Text(row, column);
         if (text.size() > longest.size())
             longest = std::move(text);
     }
@@ -91,8 +92,26 @@ int Simulation_Model::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : Columns;
 }
 
-QString Simulation_Model::Text(const Simulation& simulation, int column) const
+void Simulation_Model::Show_Changes(std::vector<std::vector<std::string>> changed_inputs)
 {
+    Changed = std::move(changed_inputs);
+    Changed.resize(Rows.size());
+    if (!Rows.empty())
+        emit dataChanged(index(0, Changes), index(rowCount() - 1, Changes));
+}
+
+// One input by its name, several by their number.
+QString Simulation_Model::Changes_Text(std::size_t row) const
+{
+    const auto& changed = Changed[row];
+    if (changed.size() > 1)
+        return QString("%1 inputs").arg(changed.size());
+    return changed.empty() ? QString() : Shown(changed.front());
+}
+
+QString Simulation_Model::Text(std::size_t row, int column) const
+{
+    const Simulation& simulation = Rows[row];
     switch (column) {
     case Pesticide:
         return Shown(simulation.Pesticide);
@@ -106,6 +125,8 @@ QString Simulation_Model::Text(const Simulation& simulation, int column) const
         return Shown(Status_Text(simulation.Status));
     case Result:
         return Shown(Result_Text(simulation));
+    case Changes:
+        return Changes_Text(row);
     default:
         return {};
     }
@@ -118,7 +139,7 @@ QVariant Simulation_Model::data(const QModelIndex& index, int role) const
         return {};
     const Simulation& simulation = Rows[row];
     if (role == Qt::DisplayRole)
-        return Text(simulation, index.column());
+        return Text(row, index.column());
     if (role == Qt::DecorationRole && index.column() == Marker)
         return Markers[Marked[row] ? 1 : 0];
     if (role == Qt::DecorationRole && index.column() == Status)
@@ -127,13 +148,19 @@ QVariant Simulation_Model::data(const QModelIndex& index, int role) const
         return Marked[row] ? "selected" : "not selected";
     if (role == Qt::ToolTipRole && index.column() == Result)
         return Shown(Explanation(simulation));
+    if (role == Qt::ToolTipRole && index.column() == Changes) {
+        QStringList names;
+        for (const auto& name : Changed[row])
+            names << Shown(name);
+        return names.join("\n");
+    }
     return {};
 }
 
 QVariant Simulation_Model::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    constexpr std::array<const char*, Columns> Headings = {"",     "Pesticide File", "Crop",  "Location",
-                                                           "Date", "Status",         "Result"};
+    constexpr std::array<const char*, Columns> Headings = {"",     "Pesticide File", "Crop",   "Location",
+                                                           "Date", "Status",         "Result", "Changed since"};
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
     return Headings[static_cast<std::size_t>(section)];

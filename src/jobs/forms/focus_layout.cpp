@@ -202,6 +202,8 @@ QLayout* FOCUS::Job_State()
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(Job_Bar, 1);
     row->addWidget(Job_Text, 1);
+    row->addWidget(Anhalten = Push_Button("Anhalten", "S&top", this, &FOCUS::Stop));
+    Anhalten->setToolTip("Ends the job and the simulations that are running");
     QSizePolicy keeps_its_place = Job_Box->sizePolicy();
     keeps_its_place.setRetainSizeWhenHidden(true);
     Job_Box->setSizePolicy(keeps_its_place);
@@ -214,6 +216,9 @@ QLayout* FOCUS::Job_State()
     auto* state = new QVBoxLayout;
     state->addWidget(Job_Box);
     state->addWidget(Hinweis);
+    Start_Text = Named(new QLabel, "Start_Text");
+    Start_Text->setWordWrap(true);
+    state->addWidget(Start_Text);
     return state;
 }
 

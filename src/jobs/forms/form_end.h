@@ -57,6 +57,7 @@ private:
     void Refuse(const Refusal& refusal);
     void Leave(const std::optional<Refusal>& refusal);
     void Show_State();
+    void Stop();
 
     Session& The_Session;
     Run_Windows Windows;
@@ -71,6 +72,7 @@ private:
     QPushButton* Command8 = nullptr;
     QProgressBar* Run_Bar = nullptr;
     QLabel* Run_Text = nullptr;
+    QPushButton* Anhalten = nullptr;
     QTimer Timer1;
 };
 
