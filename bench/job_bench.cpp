@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int Runs = 500;
-constexpr std::size_t Written = 1900; // the record of a run with four inputs
+constexpr std::size_t Written = 1200; // the record of a run with four inputs
 constexpr int Not_Complete = 1;       // exit code of a job whose engines leave nothing
 
 struct Cost {
@@ -49,8 +49,7 @@ template <class Work> Cost Cost_Of(Work work)
 
 void Prepare(const fs::path& mode_directory)
 {
-    fs::remove_all(mode_directory / "p.run");
-    fs::remove_all(mode_directory / "bin");
+    fs::create_directories(mode_directory);
     for (const char* shared : {"H_maize.sze", "H_01.cli"})
         Write_Whole(mode_directory / shared, std::string(28'000, ' '));
     std::string batch;
@@ -90,15 +89,18 @@ try {
     if (::mkdtemp(name.data()) == nullptr)
         return 1;
     const fs::path directory = name;
-    std::string runner = ORVELJOB, jobs = "--jobs", one = "1", mode = directory.string();
-    char* arguments[] = {runner.data(), jobs.data(), one.data(), mode.data(), nullptr};
+    // A directory of its own for each round, all removed at the end: files that were just deleted make new ones dear.
     std::vector<Cost> floor, job;
     for (int round = 0; round < rounds; ++round) {
+        const fs::path written = directory / ("floor" + std::to_string(round)), mode = written / "focus";
+        fs::create_directories(written);
         floor.push_back(Cost_Of([&] {
             Spawn_Floor(Runs, NOTHING_ENGINE);
-            Write_Floor(Runs, Written, directory);
+            Write_Floor(Runs, Written, written);
         }));
-        Prepare(directory);
+        Prepare(mode);
+        std::string runner = ORVELJOB, jobs = "--jobs", one = "1", place = mode.string();
+        char* arguments[] = {runner.data(), jobs.data(), one.data(), place.data(), nullptr};
         job.push_back(Cost_Of([&] { Spawn_And_Wait(runner, arguments, Not_Complete); }));
     }
     fs::remove_all(directory);

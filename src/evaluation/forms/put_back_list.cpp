@@ -74,6 +74,8 @@ void Put_Back_List::Refresh()
             Bin_Grid->setItem(row, column++, new QTableWidgetItem(Shown(text)));
     }
     Bin_Grid->resizeColumnsToContents();
+    for (int column = 0; column < Bin_Grid->columnCount(); ++column)
+        Bin_Grid->setColumnWidth(column, Bin_Grid->columnWidth(column) + fontMetrics().averageCharWidth() * 2);
     if (!Runs.empty())
         Bin_Grid->selectRow(0);
     Selection_Changed();

@@ -257,6 +257,7 @@ void FOCUS::Show_Job(bool running)
     Multi_batch->setEnabled(usable);
     Hinweis->setVisible(running && The_Session.Program.Online_Help);
     Job_Box->setVisible(running);
+    Start_Text->setVisible(!running);
     if (!running)
         return Progress_Timer.stop();
     if (!Progress_Timer.isActive()) {

@@ -218,6 +218,9 @@ QLayout* FOCUS::Job_State()
     state->addWidget(Hinweis);
     Start_Text = Named(new QLabel, "Start_Text");
     Start_Text->setWordWrap(true);
+    keeps_its_place = Start_Text->sizePolicy();
+    keeps_its_place.setRetainSizeWhenHidden(true);
+    Start_Text->setSizePolicy(keeps_its_place);
     state->addWidget(Start_Text);
     return state;
 }
