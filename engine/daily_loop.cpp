@@ -1,5 +1,7 @@
 #include "engine/daily_loop.h"
 
+#include "core/numbers.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -19,6 +21,12 @@ void Remove_Stale(const std::filesystem::path& directory, const std::vector<int>
         if (std::ranges::find(substances, index) == substances.end())
             std::filesystem::remove(directory / Solute_File_Name(index), ignored);
     }
+}
+
+// An amount to four decimals.
+std::string Amount_Text(double amount)
+{
+    return General_Text(std::round(amount * 1e4) / 1e4);
 }
 
 int Step_Of(const Variant& value)
@@ -190,6 +198,20 @@ void Daily_Loop::Check_Closure(int year)
     if (!(closed.Solute <= Solute_Tolerance) || !(closed.Moles <= Solute_Tolerance))
         throw Engine_Failure(Fault::Closure_Violated,
                              "MASS BALANCE NOT CLOSED AT THE END OF YEAR " + std::to_string(year));
+}
+
+Findings Daily_Loop::Remarks() const
+{
+    Findings remarks;
+    const auto& full = Water.Saturated();
+    if (full.Days > 0)
+        remarks.Tell(Note::Profile_Saturated,
+                     "THE PROFILE WAS SATURATED ON " + std::to_string(full.Days) +
+                         " DAYS: " + Amount_Text(full.Held_Back) + " CM FOUND NO ROOM AND " +
+                         (Water.Ponds()
+                              ? "WAITED ON THE SURFACE, " + Amount_Text(full.Deepest) + " CM AT MOST AT A TIME"
+                              : std::string("RAN OFF")));
+    return remarks;
 }
 
 void Daily_Loop::Run(const std::function<void(int year, int percent)>& progress)

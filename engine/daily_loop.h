@@ -31,6 +31,9 @@ public:
     };
     const std::vector<Year_Closure>& Closures() const { return Closed; }
 
+    // What the run has to tell about its results, for the echo.
+    Findings Remarks() const;
+
 private:
     // Water and solute amounts of one span.
     struct Span_Sums {

@@ -138,6 +138,7 @@ int Run_In(const Options& options, Echo& echo)
     }
     Daily_Loop loop(input, options.Directory);
     loop.Run([&input](int year, int percent) { Tell_Progress(year, input.Control.Years, percent); });
+    Put_Notes(echo.Text, loop.Remarks());
     Put_Closures(echo.Text, loop.Closures());
     echo.Finish(Completed_Line);
     return Exit_Complete;
