@@ -7,6 +7,7 @@
 #include "core/system/lock.h"
 #include "core/text.h"
 #include "jobs/single_run_start.h"
+#include "output/run_record.h"
 
 #include <algorithm>
 
@@ -70,7 +71,7 @@ std::string Free_Archive_Name(const fs::path& directory)
 
 bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::string& folder)
 {
-    const auto output = List_Files(directory, "*.orv");
+    auto output = List_Files(directory, "*.orv");
     if (output.empty()) {
         Tell(ask, File_Check, "No output files in the current dirctory");
         return false;
@@ -80,6 +81,9 @@ bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::
         Tell(ask, File_Check, Still_At_Work);
         return false;
     }
+    std::error_code ignored;
+    if (fs::exists(directory / Run_Record_Name, ignored))
+        output.insert(output.begin(), std::string(Run_Record_Name)); // deleted first: no output is left to it
     const fs::path archive = directory / Path_Of(folder);
     bool made = false;
     try {
@@ -93,7 +97,6 @@ bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::
             Copy_Into(directory, archive, Path_Of(name));
         Write_Whole(archive / "orvel.inp", control);
     } catch (const std::exception&) {
-        std::error_code ignored;
         if (made)
             fs::remove_all(archive, ignored); // nothing has been moved out of the directory yet
         Tell(ask, File_Check, "Cannot open " + Name_Of(archive).value_or(folder));

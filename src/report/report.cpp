@@ -8,7 +8,10 @@
 #include "files/pesticide_file.h"
 #include "jobs/job_status.h"
 #include "jobs/run_tree.h"
+#include "output/echo_file.h"
 #include "output/run_files.h"
+#include "output/run_outputs.h"
+#include "output/run_state.h"
 #include "report/report_chart.h"
 
 #include <algorithm>
@@ -60,14 +63,17 @@ std::string Problem_Of(const fs::path& directory)
     case Run_Status::Data_Available:
         break;
     }
-    switch (Result_Of_Run(directory)) {
-    case Run_Result::Error:
-        return "The simulation failed: the engine reports an error.";
-    case Run_Result::Killed:
+    const Run_State state = State_Of_Run(directory);
+    const Echo echo = Read_Echo(directory);
+    if (echo.Engine_Stopped)
         return "The simulation failed: the engine was ended before it had finished.";
-    default:
-        return {};
-    }
+    if (echo.Failed())
+        return "The simulation failed: the engine reports an error.";
+    if (state.Record && state.Verdict == Verdict::Incomplete &&
+        state.Record->Years_Found < state.Record->Years_Expected)
+        return "The simulation is incomplete: " + Years_Text(state.Record->Years_Found, state.Record->Years_Expected) +
+               ".";
+    return state.Is_Finished() ? "" : "The simulation is not complete: " + state.Reason;
 }
 
 Report_Run Run_Of(const Summary_Location& location, const std::string& stem)
@@ -129,7 +135,7 @@ private:
             throw Reading_Stopped();
         Period_Index = tables.Period_Index;
         Report_Run& run = Crop.Runs.back();
-        run.Problem = tables.Failure;
+        run.Problem = tables.Failure.empty() ? tables.Gap : tables.Failure;
         if (run.Problem.empty())
             run.Problem = Take(tables, location.Text, run);
     }
