@@ -26,6 +26,7 @@ std::vector<std::string> Input_Files(std::string_view control)
     Line_Reader lines(control);
     const int years = static_cast<int>(std::clamp(Val(lines.Next()), 0.0, static_cast<double>(Most_Years)));
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(years) + 2);
     for (int i = 0; i < years + 2; ++i)
         names.emplace_back(Trim(lines.Next()));
     return names;

@@ -1,5 +1,8 @@
 // The desktop program, started in its installation directory; it takes no arguments.
+#include "core/system/program_path.h"
+#include "desktop/first_start.h"
 #include "desktop/forms/start.h"
+#include "installation/lay_out.h"
 #include "runs/start_up.h"
 #include "ui/forms/dark_outlines.h"
 #include "ui/forms/widgets.h"
@@ -7,6 +10,8 @@
 #include <iostream>
 #include <memory>
 #include <QApplication>
+#include <QDir>
+#include <QFileDialog>
 
 int main(int argc, char** argv)
 {
@@ -16,8 +21,18 @@ int main(int argc, char** argv)
     Show_Outlines_In_The_Dark();
 
     const auto session = std::make_unique<Session>();
-    session->Program.App_Path = std::filesystem::current_path();
     session->Ask = Ask_In_Box;
+    const auto choose = [] {
+        return std::filesystem::path(
+            QFileDialog::getExistingDirectory(nullptr, "Directory of the new installation", QDir::homePath())
+                .toStdString());
+    };
+    const auto place =
+        Find_Installation(std::filesystem::current_path(), Parts_Beside(Own_Path()), session->Ask, choose);
+    if (!place)
+        return 1;
+    std::filesystem::current_path(*place);
+    session->Program.App_Path = *place;
     if (!Start_Up(*session)) {
         std::cerr << "ORVELSUITE cannot write in " << session->Program.App_Path.string() << ".\n";
         return 1;

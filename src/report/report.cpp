@@ -154,6 +154,8 @@ private:
             return "The simulation has other substances than that of the first location.";
         run.Years = static_cast<int>(years.front().Rows.size());
         run.Titles = tables.Titles;
+        run.Dry_Periods = static_cast<int>(
+            std::ranges::count_if(periods.front().Rows, [](const Leachate_Row& row) { return row.Percolate <= 0; }));
         Add_Percentiles(Diagrams, Crop.Runs.size() - 1, location, tables);
         for (std::size_t s = 0; s < periods.size(); ++s)
             Crop.Tables[s].Results.push_back(Result_Of_Run_In(periods[s], tables.Period_Index));
@@ -259,6 +261,18 @@ void Note_Engine(const Session& session, const std::vector<Summary_Request>& cro
                                "of the engine that computed them.");
 }
 
+void Note_Dry_Periods(Report& report)
+{
+    Note_Places(report, "Periods without percolate, which count as 0 in the percentile", [&](std::size_t crop) {
+        std::vector<std::string> names;
+        for (const auto& run : report.Crops[crop].Runs) {
+            if (run.Dry_Periods > 0)
+                names.push_back(run.Location + " " + std::to_string(run.Dry_Periods));
+        }
+        return List_Of(names);
+    });
+}
+
 void Note_Inputs(const Session& session, Report& report)
 {
     const auto present = Checked(session.Program.App_Path, Path_Of(report.Pesticide + ".psm"));
@@ -299,6 +313,7 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
     Note_Problems(report);
     Note_Places(report, "Further locations of the crop, not simulated",
                 [&](std::size_t crop) { return List_Of(crops[crop].Absent); });
+    Note_Dry_Periods(report);
     Note_Engine(session, crops, report);
     Note_Inputs(session, report);
     return report;

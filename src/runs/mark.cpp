@@ -156,6 +156,17 @@ Mark_Result Mark_For_Batch(const Program_State& program, const Ask_Function& ask
     return Mark_Result::Failed;
 }
 
+std::string Marked_Text(const Mark_All_Result& result)
+{
+    std::string text =
+        std::to_string(result.Marked) + (result.Marked == 1 ? " combination marked" : " combinations marked");
+    if (result.Passed_Over > 0)
+        text += ", " + std::to_string(result.Passed_Over) + " without valid application data";
+    if (result.Failed > 0)
+        text += ", " + std::to_string(result.Failed) + " not marked";
+    return text;
+}
+
 Mark_All_Result Mark_All(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                          std::string_view pesticide, const Crop* crop, const Run_Options& options,
                          const std::function<void(int, int)>& progress)
