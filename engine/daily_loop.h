@@ -58,6 +58,8 @@ private:
     void Check_Closure(int year);
     void Note_Year(int year);
     Span_Sums& Finest();
+    void Divide(const Water_Day& water, Solute_Day& solute) const;
+    int At_Metre() const { return Input.Fine.Interface_Below(Input.Fine.Top_Layers); } // interface of the substances
 
     const Engine_Input& Input;
     Water_Column Water;
