@@ -40,11 +40,11 @@ int Step_Of(const Variant& value)
 
 } // namespace
 
-Daily_Loop::Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory)
+Daily_Loop::Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory, const Solute_Kernel* kernel)
     : Input(input),
       Water(input.Scenario, input.Core, input.Haude),
       Heat(input.Core, input.Weather.First_Year_Mean + input.Control.Temperature_Shift),
-      Column(input.Solute),
+      Column(input.Solute, kernel),
       Water_File(directory / "Wasser.orv", input.Core, Step_Of(input.Scenario.SZE_Out_Every_Water)),
       Plot(directory / "plot.orv", input),
       Water_Frequency(Frequency_Of(input.Scenario.SZE_Freq_Water)),
