@@ -128,8 +128,8 @@ TEST(Run_Verification, Case_26_All_Arrows)
                 formed += total[from].Decay / Rows_Of_Substance(arrow.Source) * pesticide.Molmass[s].Number() /
                           pesticide.Molmass[from].Number();
         }
-        Verify_Relative(26, std::string(names[s]) + ": formed (kg/ha) against the decay of its sources",
-                        total[s].Gained, formed, 1e-4);
+        Compare_Relative(26, std::string(names[s]) + ": formed (kg/ha) against the decay of its sources",
+                         total[s].Gained, formed, 1e-4);
     }
 }
 
@@ -273,8 +273,8 @@ TEST(Run_Verification, Case_28_Finer_Compartments_Give_The_Same_Percentile)
             concentrations.push_back(solute[y].Leached / water[y].Percolate * 1e4);
         percentiles.push_back(Percentile_80(concentrations));
     }
-    Verify_Relative(28, "80th percentile (ug/L), 2.5 cm against 0.5 cm", percentiles[0], percentiles[2], 0.10);
-    Verify_Relative(28, "80th percentile (ug/L), 1 cm against 0.5 cm", percentiles[1], percentiles[2], 0.03);
+    Compare_Relative(28, "80th percentile (ug/L), 2.5 cm against 0.5 cm", percentiles[0], percentiles[2], 0.10);
+    Compare_Relative(28, "80th percentile (ug/L), 1 cm against 0.5 cm", percentiles[1], percentiles[2], 0.03);
 }
 
 } // namespace orvel::engine
