@@ -94,7 +94,7 @@ void Clean_Leftovers(const fs::path& mode_directory)
 }
 
 int Delete_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
-                       const std::vector<Simulation>& simulations)
+                       const std::vector<Simulation>& simulations, const Progress& progress)
 try {
     const std::string what = simulations.size() > 1 ? "these simulations" : "this simulation";
     const Message question{std::string(Deleting),
@@ -104,16 +104,21 @@ try {
                            Button::Yes};
     if (simulations.empty() || ask(question) != Button::Yes)
         return 0;
-    std::vector<fs::path> going;
-    for (const auto& simulation : simulations) {
-        if (May_Be_Removed(simulation.Directory))
-            going.push_back(simulation.Directory);
-    }
-    // Done first, so that a batch never names a directory that is gone.
-    Take_Out_Of_Batch(program.App_Path, Mode_Directory(program, mode), going);
-    int removed = 0;
+    const fs::path mode_directory = Mode_Directory(program, mode);
+    std::vector<fs::path> pending;
+    for (const auto& run : Read_Batch(mode_directory))
+        pending.push_back(Run_Path(mode_directory, run));
+    if (pending.empty() && Batch_Pending(mode_directory)) // damaged: it may name any of them
+        Take_Out_Of_Batch(program.App_Path, mode_directory, {simulations.front().Directory});
+    int removed = 0, done = 0;
     for (const auto& simulation : simulations) {
         const fs::path& run = simulation.Directory;
+        if (progress &&
+            !progress(simulation.Location, static_cast<double>(done++) / static_cast<double>(simulations.size())))
+            break;
+        // Done first, so that a batch never names a directory that is gone.
+        if (std::ranges::find(pending, run) != pending.end() && May_Be_Removed(run))
+            Take_Out_Of_Batch(program.App_Path, mode_directory, {run});
         std::error_code unknown;
         if (Remove_Run(run))
             ++removed;

@@ -41,8 +41,40 @@ Simulation_Model::Simulation_Model(QObject* parent)
       Status_Dot{Dot(Rot), Dot(Gelb), Dot(Gruen)}
 {}
 
+bool Simulation_Model::Matches(const Simulation& simulation) const
+{
+    for (int column = Pesticide; column < Columns; ++column) {
+        if (Text(simulation, column).contains(Part, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
+void Simulation_Model::Arrange(std::vector<Simulation>& simulations) const
+{
+    if (Sorted_By < 0)
+        return;
+    const bool down = Order == Qt::DescendingOrder;
+    std::ranges::stable_sort(simulations, [&](const Simulation& a, const Simulation& b) {
+        const auto& first = down ? b : a;
+        const auto& second = down ? a : b;
+        if (Sorted_By == Date)
+            return first.Date < second.Date;
+        return QString::compare(Text(first, Sorted_By), Text(second, Sorted_By), Qt::CaseInsensitive) < 0;
+    });
+}
+
+void Simulation_Model::sort(int column, Qt::SortOrder order)
+{
+    Sorted_By = column == Marker ? -1 : column;
+    Order = order;
+    Show(Rows);
+}
+
 bool Simulation_Model::Show(std::vector<Simulation> simulations)
 {
+    std::erase_if(simulations, [this](const Simulation& simulation) { return !Matches(simulation); });
+    Arrange(simulations);
     if (Same_Runs(simulations)) {
         Rows = std::move(simulations);
         if (!Rows.empty())

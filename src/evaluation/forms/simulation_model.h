@@ -20,6 +20,9 @@ public:
 
     // Shows a new list. True: its rows differ from the previous ones, so that the selection is lost.
     bool Show(std::vector<Simulation> simulations);
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+    void Filter(const QString& part) { Part = part; } // what follows is shown if one of its texts has the part
+
     void Mark(const std::vector<int>& rows); // unmarks all others
     const std::vector<Simulation>& Simulations() const { return Rows; }
 
@@ -34,6 +37,12 @@ private:
     QString Text(const Simulation& simulation, int column) const;
     bool Same_Runs(const std::vector<Simulation>& simulations) const;
 
+    bool Matches(const Simulation& simulation) const;
+    void Arrange(std::vector<Simulation>& simulations) const;
+
+    QString Part;
+    int Sorted_By = -1; // column; -1: as the directories come
+    Qt::SortOrder Order = Qt::AscendingOrder;
     std::vector<Simulation> Rows;
     std::vector<bool> Marked;
     std::array<QIcon, 2> Markers;    // Nicht_Markiert, Markiert
