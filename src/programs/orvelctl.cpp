@@ -3,6 +3,7 @@
 #include "core/system/program_path.h"
 #include "documents/documents.h"
 #include "installation/lay_out.h"
+#include "programs/orvelctl_records.h"
 #include "programs/orvelctl_report.h"
 #include "programs/orvelctl_results.h"
 #include "programs/orvelctl_runs.h"
@@ -92,6 +93,7 @@ try {
     Add_Convert(app, command);
     Add_Show(app, command);
     Add_Run_Commands(app, command);
+    Add_Record_Commands(app, command);
     Add_Result_Commands(app, command);
     Add_Report_Command(app, command);
     Add_Series_Command(app, command);

@@ -37,6 +37,7 @@ int main(int argc, char** argv)
         std::cerr << "ORVELSUITE cannot write in " << session->Program.App_Path.string() << ".\n";
         return 1;
     }
+    const auto sign_of_life = Sign_Of_Shell(session->Program);
     Check_Decimal_Separator(session->Ask, General_Text(3.5)); // numbers are printed without regard to the locale
     Start start(*session);
     start.show();

@@ -74,7 +74,7 @@ std::optional<Refusal> Prepare_Save(Session& session, std::string_view horizons)
     if (document.SZE_Horizons.Number() > static_cast<double>(document.Horizons.size()) ||
         Thickness_Of(document) != document.SZE_Core_Depth)
         return Refusal{{"Data Check", "Core depth and horizon thickness are not consistent"}, "Text_cor"};
-    if (const auto refusal = Check_Rotation_Digits(document.Rotation, document.Crops))
+    if (auto refusal = Check_Rotation_Digits(document.Rotation, document.Crops))
         return refusal;
     Limit_Macropore_Depth(document);
     Tell_Unwritten_Tillage(session);

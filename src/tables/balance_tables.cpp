@@ -119,7 +119,8 @@ Balance_Tables Build_Or_Load_Balance(const fs::path& run_directory, Balance_View
     const Echo echo = Read_Echo(run_directory);
     Balance_Tables tables;
     tables.Run_Failed = echo.Failed();
-    if (const auto bytes = Cache_Of(view).Read(run_directory)) {
+    tables.Gap = Gap_Of(run_directory);
+    if (const auto bytes = tables.Gap.empty() ? Cache_Of(view).Read(run_directory) : std::nullopt) {
         tables.From_Cache = tables.Kept = true;
         tables.Water_Text = Window_Text(bytes->First);
         tables.Pesticide_Text = Window_Text(bytes->Second);

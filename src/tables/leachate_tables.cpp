@@ -184,10 +184,11 @@ Leachate_Tables Build_Or_Load(const fs::path& run_directory, const Progress& pro
     Leachate_Tables tables;
     tables.Period_Index = period_index;
     tables.Run_Failed = echo.Failed();
+    tables.Gap = Gap_Of(run_directory);
     tables.Has_Echo = echo.Missing.empty();
     for (const auto& name : echo.Substance_Names)
         tables.Result_Name.push_back(std::string(Result_Begin) + name);
-    if (const auto bytes = Cache.Read(run_directory))
+    if (const auto bytes = tables.Gap.empty() ? Cache.Read(run_directory) : std::nullopt)
         Load(*bytes, tables);
     else
         Build_With(tables, [&] { Build(run_directory, echo, progress, tables); });

@@ -74,6 +74,7 @@ Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int
     const Echo echo = Read_Echo(run_directory);
     Soil_Concentrations soil;
     soil.Run_Failed = echo.Failed();
+    soil.Gap = Gap_Of(run_directory);
     Table_Text text;
     Build_With(soil, [&] {
         if (depth < 1)
@@ -82,7 +83,7 @@ Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int
             throw File_Error(echo.Missing);
         soil.Substance_Name = echo.Substance_Names;
         const auto head = Read(Found_Or_New(run_directory, "plot.orv"), depth, progress, soil, text);
-        soil.Not_Kept = Why_Not_Written(run_directory, soil, head, echo);
+        soil.Not_Kept = soil.Gap.empty() ? Why_Not_Written(run_directory, soil, head, echo) : soil.Gap;
     });
     soil.Text = text.Screen;
     if (!soil.Note().empty())

@@ -28,6 +28,10 @@ struct Table_Cache {
                Table_Status& status) const;
 };
 
+// What a run lacks to be complete, a sentence: by its record or, without one, by the years of its balances. Empty if it
+// is complete, at work or not known to lack anything.
+std::string Gap_Of(const std::filesystem::path& run_directory);
+
 // A sentence that says why no table of a run may be kept; empty if it may.
 std::string Why_Not_Kept(const Echo& echo, const Plot_Head& head);
 

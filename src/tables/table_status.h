@@ -15,6 +15,7 @@ struct Table_Status {
     bool Kept = false;       // the stored files hold these tables now
     bool From_Cache = false; // the tables were read from those files
     bool Run_Failed = false; // the simulation failed, whatever its tables hold
+    std::string Gap;         // why the run is not complete: what there is of it is shown, but never stored
 
     // What the user should know.
     const std::string& Note() const { return Failure.empty() ? Not_Kept : Failure; }

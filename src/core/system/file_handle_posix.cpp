@@ -20,7 +20,7 @@ int Flags_Of(File_Handle::Use use)
     case Use::Write:
         return O_WRONLY | O_CREAT | O_TRUNC;
     case Use::Append:
-        return O_WRONLY | O_CREAT | O_TRUNC | O_APPEND;
+        return O_WRONLY | O_CREAT | O_APPEND;
     case Use::Update:
         return O_RDWR | O_CREAT;
     case Use::Write_New:
