@@ -18,9 +18,14 @@ void Table_Text::Head(const Plot_Head& head)
         Line(title, std::string(Margin) + title);
 }
 
+std::string Figure_Text(double figure)
+{
+    return Number_Text('F', figure, 0);
+}
+
 double As_Printed(double figure)
 {
-    return Val(Number_Text('F', figure, 0));
+    return Val(Figure_Text(figure));
 }
 
 } // namespace orvel
