@@ -156,7 +156,7 @@ TEST(Program_End, Is_Unknown_As_Long_As_The_Program_Is_At_Work)
 
     EXPECT_EQ(Wait_For_Program(process).Exit_Code, 0);
     EXPECT_EQ(End_Of_Program(process).value().Exit_Code, Unknown_Program); // it has been waited for
-    EXPECT_FALSE(Wait_For_Any_Program());
+    EXPECT_FALSE(Wait_For_Any_Program(std::chrono::seconds(30)));
 }
 
 TEST(Program_Path, Finds_This_Program_And_What_Lies_Beside_It)

@@ -86,9 +86,9 @@ TEST_F(Simulationsliste_Test, Tells_The_Three_States_And_The_Result)
     EXPECT_EQ(Cell(1, 3), "Hamburg (H)");
     EXPECT_EQ(Cell(1, 5), "Running");
     EXPECT_EQ(Cell(2, 5), "Data available");
-    EXPECT_EQ(Cell(2, 6), "finished");
+    EXPECT_EQ(Cell(2, 6), "unrecorded");
     EXPECT_EQ(Cell(3, 5), "Data available");
-    EXPECT_EQ(Cell(3, 6), "ERROR");
+    EXPECT_EQ(Cell(3, 6), "unrecorded: ERROR");
     EXPECT_FALSE(Cell(0, 4).isEmpty());
     EXPECT_TRUE(Enabled("Nochmals"));
 }
