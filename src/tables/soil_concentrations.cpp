@@ -37,7 +37,7 @@ Plot_Head Read(const fs::path& file, int depth, const Progress& progress, Soil_C
 {
     Line_Scanner plot(file);
     auto head = Scan_Plot_Head(plot);
-    text.Head(head);
+    text.Head(head.Titles);
     text.Line("");
     text.Line("");
     const Reading_Progress reading(progress, {file});
@@ -74,6 +74,7 @@ Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int
     const Echo echo = Read_Echo(run_directory);
     Soil_Concentrations soil;
     soil.Run_Failed = echo.Failed();
+    soil.Run_Changed = Output_Changed(run_directory);
     Table_Text text;
     Build_With(soil, [&] {
         if (depth < 1)

@@ -3,10 +3,14 @@
 #include "core/code_page.h"
 #include "core/error.h"
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
 namespace orvel {
+
+// What was found of a table's stored files.
+enum class Stored { Missing, Good, Damaged, Older, Unreadable };
 
 // How building a run's tables ended. Sentences are bytes of Windows-1252.
 struct Table_Status {
@@ -16,8 +20,11 @@ struct Table_Status {
     bool From_Cache = false; // the tables were read from those files
     bool Run_Failed = false; // the simulation failed, whatever its tables hold
 
-    // What the user should know.
-    const std::string& Note() const { return Failure.empty() ? Not_Kept : Failure; }
+    Stored Found = Stored::Missing;
+    std::filesystem::file_time_type Run_Changed = {}; // when the output was last changed; the least time without any
+
+    // What the user should know, sentences; empty if there is nothing to say.
+    std::string Note() const;
 };
 
 // Runs a builder's work. An error that ends it becomes the failure: a file that cannot be read, or a figure too large

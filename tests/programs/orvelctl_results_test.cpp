@@ -59,6 +59,46 @@ TEST_F(Orvelctl_Results, A_Second_Call_Prints_The_Cache)
     EXPECT_TRUE(Out.starts_with("Engine\nScenario\n"));
 }
 
+TEST_F(Orvelctl_Results, A_Damaged_Or_Older_Table_Is_Told_And_Built_Anew)
+{
+    Run("tables " + Run_Path());
+    Write_File(Run_Files / "year.orv", "");
+    EXPECT_EQ(Run("tables " + Run_Path()), 0);
+    EXPECT_EQ(Standard_Error, "File check: The stored table was damaged: it has been built anew.\n");
+    EXPECT_TRUE(Out.starts_with("          Engine\n"));
+
+    Run_Files.Write_Chem(".orv", std::vector<int>(8, 3), Rising(8));
+    fs::last_write_time(Run_Files / "chem.orv",
+                        fs::last_write_time(Run_Files / "period.orv") + std::chrono::seconds(1));
+    EXPECT_EQ(Run("tables " + Run_Path()), 0);
+    EXPECT_EQ(Standard_Error, "File check: The stored table was older than its run: it has been built anew.\n");
+    EXPECT_NE(Out.find("\t8       \t3.0000000"), std::string::npos);
+}
+
+TEST_F(Orvelctl_Results, A_Report_Over_Damaged_Tables_Has_Their_True_Figures)
+{
+    const auto run = Home / "focus/test.run/Maize.run/Hamburg_-_(H).run";
+    fs::create_directories(run.parent_path());
+    fs::copy(Run_Files.Path(), run);
+    Write_File(Home / "orvel401.exe", "");
+    const std::string command = "report --mode focus --pesticide test --crop Maize";
+    ASSERT_EQ(Run(command), 0) << Standard_Error;
+    const std::string whole = Out, year = Read_File(run / "year.orv"), period = Read_File(run / "period.orv");
+
+    for (const auto& [bad_year, bad_period] : std::vector<std::pair<std::string, std::string>>{
+             {"", period}, {year, ""}, {year, period.substr(0, 300)}, {"", ""}, {"noise", "noise"}}) {
+        Write_File(run / "year.orv", bad_year);
+        Write_File(run / "period.orv", bad_period);
+
+        EXPECT_EQ(Run(command), 0) << Standard_Error;
+        EXPECT_EQ(Out, whole);
+        Write_File(run / "year.orv", bad_year);
+        Write_File(run / "period.orv", bad_period);
+        EXPECT_EQ(Run(command + " --to '" + (Home / "r.csv").string() + "'"), 0) << Standard_Error;
+        EXPECT_NE(Read_File(Home / "r.csv").find(",0.000,no,"), std::string::npos) << Read_File(Home / "r.csv");
+    }
+}
+
 TEST_F(Orvelctl_Results, A_Failure_Is_Told_Behind_The_Text_So_Far_And_Exits_With_1)
 {
     fs::remove(Run_Files / "chem.orv");
