@@ -82,7 +82,8 @@ Job_History Parse_Job_Log(std::string_view text)
 Job_History Read_Job_Log(const std::filesystem::path& mode_directory)
 try {
     return Parse_Job_Log(Read_Whole(mode_directory / Job_Log_Name));
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 

@@ -121,6 +121,9 @@ void Add_Start(CLI::App& app, Command& command)
 
 int Do_Status(const Session& session, const Mode& mode, bool json)
 {
+    std::error_code error;
+    if (!std::filesystem::is_directory(Mode_Directory(session.Program, mode), error) && (!error || Is_Missing(error)))
+        throw File_Error("The directory " + Mode_Directory(session.Program, mode).string() + " does not exist.");
     const auto simulations = Simulation_List(Mode_Directory(session.Program, mode));
     std::cout << (json ? Simulation_Json(simulations) : To_Utf8(Simulation_Lines(simulations)));
     return std::cout.flush() ? Done : Refused;

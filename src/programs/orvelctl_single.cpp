@@ -57,7 +57,7 @@ int Wait_For_End(const std::filesystem::path& directory, int years)
             std::cerr << (printed = state.Text) << '\n';
         std::this_thread::sleep_for(Pause);
     }
-    const bool begun = !Read_If_There(directory, "echo.orv").empty();
+    const bool begun = Find_File(directory, "echo.orv").has_value();
     if (begun && !Simulation_Failed(directory))
         return Done;
     Tell("File check", begun ? Simulation_Failed_Text : "The engine left no echo of its input.");

@@ -2,6 +2,7 @@
 // keeps its log.
 #include "core/error.h"
 #include "core/system/lock.h"
+#include "core/system/standard_channels.h"
 #include "jobs/job.h"
 
 #include <charconv>
@@ -72,6 +73,7 @@ try {
 int main(int argc, char** argv)
 {
     using namespace orvel;
+    Open_Standard_Channels();
     const auto line = Parse(argc, argv);
     if (line)
         return Work(*line);

@@ -28,7 +28,11 @@ constexpr std::string_view Output_Problem = "Problem with output files. Probably
 fs::path Level(const fs::path& above, std::string_view text)
 {
     const auto found = Find_File(above, Path_Of(Encode_Level(text)));
-    if (!found || !fs::is_directory(*found))
+    std::error_code error;
+    const bool is_there = found && fs::is_directory(*found, error);
+    if (error && !Is_Missing(error))
+        throw File_Error("Cannot read the directory " + found->string() + ": " + error.message() + ".");
+    if (!is_there)
         throw File_Error("There are no simulations of " + To_Utf8(text) + " in " + above.string() + ".");
     return *found;
 }

@@ -137,8 +137,11 @@ void Build(const fs::path& run_directory, Balance_View view, const Echo& echo, c
 
 Balance_Tables Build_Or_Load_Balance(const fs::path& run_directory, Balance_View view, const Progress& progress)
 {
-    const Echo echo = Read_Echo(run_directory);
     Balance_Tables tables;
+    Echo echo;
+    Build_With(tables, [&] { echo = Read_Echo(run_directory); });
+    if (!tables.Failure.empty())
+        return tables;
     tables.Run_Failed = echo.Failed();
     Cache_Of(view).Load_Or_Build(
         run_directory, tables,

@@ -186,9 +186,12 @@ void Build(const fs::path& run_directory, const Echo& echo, const Progress& prog
 
 Leachate_Tables Build_Or_Load(const fs::path& run_directory, const Progress& progress, int period_index)
 {
-    const Echo echo = Read_Echo(run_directory);
     Leachate_Tables tables;
     tables.Period_Index = period_index;
+    Echo echo;
+    Build_With(tables, [&] { echo = Read_Echo(run_directory); });
+    if (!tables.Failure.empty())
+        return tables;
     tables.Run_Failed = echo.Failed();
     tables.Has_Echo = echo.Missing.empty();
     for (const auto& name : echo.Substance_Names)

@@ -63,7 +63,8 @@ try {
     const auto days = Parse_Calendar(Read_Whole(calendar));
     return Make_Daily_Series(Read_Plot_Column(Found_Or_New(run_directory, "plot.orv"), column, progress), days,
                              request);
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return Make_Daily_Series({}, {}, request);
 }
 

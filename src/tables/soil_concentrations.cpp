@@ -71,8 +71,11 @@ std::string Why_Not_Written(const fs::path& run_directory, const Soil_Concentrat
 
 Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int depth, const Progress& progress)
 {
-    const Echo echo = Read_Echo(run_directory);
     Soil_Concentrations soil;
+    Echo echo;
+    Build_With(soil, [&] { echo = Read_Echo(run_directory); });
+    if (!soil.Failure.empty())
+        return soil;
     soil.Run_Failed = echo.Failed();
     soil.Run_Changed = Output_Changed(run_directory);
     Table_Text text;

@@ -68,6 +68,8 @@ fs::file_time_type Output_Changed(const fs::path& run_directory)
     const auto look = [&](const fs::path& file) {
         std::error_code missing;
         const auto written = fs::last_write_time(file, missing);
+        if (missing && !Is_Missing(missing))
+            throw File_Error("Cannot read " + file.string() + ": " + missing.message() + ".");
         if (!missing)
             changed = std::max(changed, written);
     };

@@ -121,6 +121,40 @@ TEST_F(Orvelctl_Results, A_Table_That_Is_Not_Kept_Is_Told_And_Exits_With_0)
     EXPECT_EQ(Standard_Error, "File check: The run has no complete plot.orv.\n");
 }
 
+TEST_F(Orvelctl_Results, A_File_That_Cannot_Be_Read_Is_Told_With_The_Reason_And_Exits_With_1)
+{
+    for (const std::string name : {"echo.orv", "Wasser.orv", "chem.orv", "plot.orv"}) {
+        const std::string bytes = Read_File(Run_Files / name);
+        fs::remove(Run_Files / name);
+        fs::create_directory(Run_Files / name);
+
+        for (const std::string command : {"tables ", "balance "}) {
+            EXPECT_EQ(Run(command + Run_Path()), 1) << command << name;
+            EXPECT_NE(Standard_Error.find(name), std::string::npos) << Standard_Error;
+            EXPECT_NE(Standard_Error.find("directory"), std::string::npos) << Standard_Error;
+            EXPECT_FALSE(fs::exists(Run_Files / "year.orv"));
+        }
+        fs::remove(Run_Files / name);
+        Write_File(Run_Files / name, bytes);
+    }
+    EXPECT_EQ(Run("tables " + Run_Path()), 0);
+}
+
+TEST_F(Orvelctl_Results, A_Mode_Directory_That_Cannot_Be_Read_Is_No_Empty_List)
+{
+    EXPECT_EQ(Run("status --mode focus"), 1);
+    EXPECT_NE(Standard_Error.find("does not exist"), std::string::npos) << Standard_Error;
+
+    fs::create_symlink("focus", Home / "focus");
+    EXPECT_EQ(Run("status --mode focus"), 1);
+    EXPECT_NE(Standard_Error.find("Too many levels of symbolic links"), std::string::npos) << Standard_Error;
+
+    fs::remove(Home / "focus");
+    Write_File(Home / "focus", "");
+    EXPECT_EQ(Run("status --mode focus"), 1);
+    EXPECT_NE(Standard_Error, "");
+}
+
 TEST_F(Orvelctl_Results, What_A_Failed_Run_Left_Is_Printed_Told_And_Exits_With_1)
 {
     Write_File(Run_Files / "echo.orv", Echo_File({.Last = "*** ERROR 99: RUN NOT COMPLETED"}));

@@ -15,7 +15,7 @@ bool Has_Months(const std::filesystem::path& run)
 try {
     return Read_Echo(run).Layers().Has_Monthly_Output;
 } catch (const File_Error&) {
-    return false;
+    return false; // the form itself tells what is wrong with the echo
 }
 
 // The caption of the switch names the table that it leads to.
