@@ -126,6 +126,8 @@ private:
             Period_Index);
         if (stopped)
             throw Reading_Stopped();
+        if (tables.Unreadable) // whether the run has a result is not known
+            throw File_Error(To_Utf8(tables.Failure));
         Period_Index = tables.Period_Index;
         Report_Run& run = Crop.Runs.back();
         run.Problem = tables.Failure;

@@ -140,6 +140,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
                     .Pesticide = request.Pesticide,
                     .Crop = request.Crop};
     const auto count = request.Locations.size();
+    std::string note;
     bool complete = count > 0 && count <= Most_Summary_Locations;
     int period_index = 0;
     for (std::size_t i = 0; i < count; ++i) {
@@ -155,6 +156,8 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         if (stopped)
             return {.Failure = Reading_Stopped().what()};
         period_index = tables.Period_Index;
+        if (note.empty() && !tables.Kept)
+            note = tables.Note();
         complete = complete && tables.Kept && (i > 0 || tables.Has_Echo);
         if (i == 0) {
             for (const auto& name : tables.Result_Name)
@@ -163,7 +166,9 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         summary.Location_Short.push_back(Short_Name(location.Text));
         Add_Percentiles(summary, i, location.Text, tables);
     }
-    return complete ? summary : Summary{.Failure = std::string(Output_Problem)};
+    if (!note.empty())
+        note.insert(0, CrLf);
+    return complete ? summary : Summary{.Failure = std::string(Output_Problem) + note};
 }
 
 std::string Summary_Text(const Summary& report)

@@ -19,6 +19,7 @@ struct Table_Status {
     bool Kept = false;       // the stored files hold these tables now
     bool From_Cache = false; // the tables were read from those files
     bool Run_Failed = false; // the simulation failed, whatever its tables hold
+    bool Unreadable = false; // the failure is that of a file that is there and cannot be read
 
     Stored Found = Stored::Missing;
     std::filesystem::file_time_type Run_Changed = {}; // when the output was last changed; the least time without any
@@ -34,6 +35,7 @@ try {
     work();
 } catch (const File_Error& error) {
     status.Failure = To_Code_Page(error.what());
+    status.Unreadable = error.Code && !Is_Missing(error.Code);
 } catch (const std::domain_error& error) {
     status.Failure = error.what();
 }

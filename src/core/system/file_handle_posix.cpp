@@ -106,6 +106,14 @@ std::error_code Result_Of(int result)
     return result == 0 ? std::error_code() : Last_Error();
 }
 
+template <class Call> std::error_code Uninterrupted(Call call)
+{
+    auto error = Result_Of(call());
+    while (error == std::errc::interrupted)
+        error = Result_Of(call());
+    return error;
+}
+
 } // namespace
 
 std::error_code make_error_code(Not_Ordinary reason)
@@ -192,12 +200,13 @@ std::error_code File_Handle::Write_At(std::uint64_t place, std::string_view byte
 
 std::error_code File_Handle::Resize(std::uint64_t size)
 {
-    return Result_Of(::ftruncate(Number, static_cast<off_t>(size)));
+    return Uninterrupted([=, this] { return ::ftruncate(Number, static_cast<off_t>(size)); });
 }
 
 void File_Handle::Take_Owner_Of(const std::filesystem::path& file)
 {
-    struct stat wanted {}, present {};
+    struct stat wanted {
+    }, present{};
     if (::stat(file.c_str(), &wanted) != 0 || ::fstat(Number, &present) != 0 ||
         (wanted.st_uid == present.st_uid && wanted.st_gid == present.st_gid))
         return;
@@ -218,10 +227,7 @@ void File_Handle::Begin_Flush()
 
 std::error_code File_Handle::Flush()
 {
-    auto error = Result_Of(::fsync(Number));
-    while (error == std::errc::interrupted)
-        error = Result_Of(::fsync(Number));
-    return error;
+    return Uninterrupted([this] { return ::fsync(Number); });
 }
 
 std::error_code File_Handle::Close()
