@@ -48,7 +48,7 @@ Line_Scanner::Line_Scanner(const std::filesystem::path& file, std::size_t window
 
 Line_Scanner Line_Scanner::Of_Bytes(std::string_view bytes, std::size_t window)
 {
-    Line_Scanner scanner(window);
+    Line_Scanner scanner(std::min(window, bytes.size() + 1));
     scanner.Source = bytes;
     scanner.Fill(scanner.Line_First);
     return scanner;

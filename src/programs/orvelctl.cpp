@@ -129,6 +129,9 @@ try {
         return code;
     std::cerr << "File check: Cannot write to standard output.\n";
     return orvel::Refused;
+} catch (const std::filesystem::filesystem_error& error) {
+    std::cerr << "File check: Cannot read " << error.path1().string() << ": " << error.code().message() << ".\n";
+    return orvel::Refused;
 } catch (const std::exception& error) {
     std::cerr << "File check: " << error.what() << '\n';
     return orvel::Refused;

@@ -25,7 +25,7 @@ struct Table_Cache {
     {
         Bytes bytes;
         status.Found = Read(run_directory, status, bytes);
-        if (status.Found == Stored::Good && !load(bytes))
+        if (status.Found == Stored::Good && !Takes(load, bytes))
             status.Found = Stored::Damaged;
         if (status.Found == Stored::Good) {
             status.From_Cache = status.Kept = true;
@@ -42,6 +42,14 @@ struct Table_Cache {
                Table_Status& status) const;
 
 private:
+    // A figure whose sums no number holds was not written by the builder.
+    template <class Load> static bool Takes(Load& load, const Bytes& bytes)
+    try {
+        return load(bytes);
+    } catch (const std::domain_error&) {
+        return false;
+    }
+
     Stored Read(const std::filesystem::path& run_directory, Table_Status& status, Bytes& bytes) const;
 };
 

@@ -14,6 +14,14 @@ namespace orvel {
 
 namespace {
 
+[[noreturn]] void Fail(const std::filesystem::path& path)
+{
+    const auto reason = Last_Error();
+    File_Error failure("Cannot tell whether " + path.string() + " is in use: " + reason.message() + ".");
+    failure.Code = reason;
+    throw failure;
+}
+
 // The path's descriptor; -1 if it is not there.
 int Open(const std::filesystem::path& path, int flags)
 {
@@ -22,7 +30,7 @@ int Open(const std::filesystem::path& path, int flags)
         number = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | flags);
     while (number < 0 && errno == EINTR);
     if (number < 0 && !Is_Missing(Last_Error()))
-        throw File_Error("Cannot tell whether " + path.string() + " is in use: " + Last_Error().message() + ".");
+        Fail(path);
     return number;
 }
 
@@ -34,7 +42,7 @@ bool Try(int number, int kind, const std::filesystem::path& path)
         result = ::flock(number, kind | LOCK_NB);
     while (result != 0 && errno == EINTR);
     if (result != 0 && errno != EWOULDBLOCK)
-        throw File_Error("Cannot tell whether " + path.string() + " is in use: " + Last_Error().message() + ".");
+        Fail(path);
     return result == 0;
 }
 
