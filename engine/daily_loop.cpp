@@ -1,5 +1,7 @@
 #include "engine/daily_loop.h"
 
+#include "core/numbers.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -20,6 +22,16 @@ void Remove_Stale(const std::filesystem::path& directory, const std::vector<int>
             std::filesystem::remove(directory / Solute_File_Name(index), ignored);
     }
 }
+
+// An amount to four decimals.
+std::string Amount_Text(double amount)
+{
+    return General_Text(std::round(amount * 1e4) / 1e4);
+}
+
+// Smaller amounts print as 0 in their columns.
+constexpr double Least_Printed_Percolate = 0.5e-5; // cm
+constexpr double Least_Printed_Mass = 1e-30 * Ug_Cm2_Per_Kg_Ha;
 
 int Step_Of(const Variant& value)
 {
@@ -51,13 +63,14 @@ Daily_Loop::Daily_Loop(const Engine_Input& input, const std::filesystem::path& d
                                   Step_Of(input.Scenario.SZE_Out_Every_Conc));
     for (Span_Sums* sums : {&Day_Sums, &Month_Sums, &Year_Sums})
         sums->Solute = Solute_Sums(Column.Compartments(), Column.Lanes());
+    Negative_Years.resize(static_cast<std::size_t>(Column.Slots()));
     Run_Sums = Solute_Sums(Column.Compartments(), Column.Lanes());
     Run_Start = Column.Stores();
 }
 
-Solute_Sums& Daily_Loop::Finest()
+Daily_Loop::Span_Sums& Daily_Loop::Finest()
 {
-    return Daily ? Day_Sums.Solute : Monthly ? Month_Sums.Solute : Year_Sums.Solute;
+    return Daily ? Day_Sums : Monthly ? Month_Sums : Year_Sums;
 }
 
 // Spins up the soil temperature over the first climate year: mean start temperature, soil at field capacity.
@@ -74,6 +87,7 @@ void Daily_Loop::Begin(Span_Sums& sums)
     sums.Water.Begin(Water);
     sums.Solute.Clear();
     sums.Start = Column.Stores();
+    sums.Upward.assign(static_cast<std::size_t>(Column.Slots()), 0.0);
 }
 
 Solute_Day Daily_Loop::Hand_Over(int day, const Climate_Day& climate, const Crop_State& crop) const
@@ -122,20 +136,25 @@ void Daily_Loop::Put_Day_Line(int day, int hour, const Climate_Day& climate)
     const bool hourly = Input.Control.Soil_Mode && Next_Application < Input.Applications.size() &&
                         Input.Applications[Next_Application].Day == day;
     Plot.Put_Line(day, hour,
-                  {water, whole ? water.Theta_End : Theta_Now, Heat.Temperature(), Column, Finest(), climate.Rain,
-                   hourly ? 1.0 / 24 : 1.0});
+                  {water, whole ? water.Theta_End : Theta_Now, Heat.Temperature(), Column, Finest().Solute,
+                   climate.Rain, hourly ? 1.0 / 24 : 1.0});
 }
 
 void Daily_Loop::Step_Solute(int day, const Climate_Day& climate, const Solute_Day& solute_day)
 {
     if (Daily)
         Plot.Begin_Day();
+    Span_Sums& finest = Finest();
+    const double* at_metre = finest.Solute.Flux.data() + Input.Core.Top_Layers * Column.Lanes();
+    const std::vector<double> before(at_metre, at_metre + Column.Slots());
     if (solute_day.Hourly) {
-        Column.Step_Day(solute_day, Finest(), [&](int hour) { Put_Day_Line(day, hour, climate); });
+        Column.Step_Day(solute_day, finest.Solute, [&](int hour) { Put_Day_Line(day, hour, climate); });
     } else {
-        Column.Step_Day(solute_day, Finest());
+        Column.Step_Day(solute_day, finest.Solute);
         Put_Day_Line(day, 24, climate);
     }
+    for (std::size_t slot = 0; slot < before.size(); ++slot)
+        finest.Upward[slot] += std::max(before[slot] - at_metre[slot], 0.0);
     while (Next_Application < Input.Applications.size() && Input.Applications[Next_Application].Day == day)
         ++Next_Application;
 }
@@ -151,10 +170,7 @@ void Daily_Loop::Step_Day(int day)
     Step_Solute(day, climate, Hand_Over(day, climate, crop));
     if (!Column.Finite())
         throw Engine_Failure(Fault::Not_A_Number, "A SUBSTANCE'S STATE IS NOT A NUMBER ON DAY " + std::to_string(day));
-    if (Daily)
-        Day_Sums.Water.Add(water, Heat.Temperature());
-    else
-        (Monthly ? Month_Sums : Year_Sums).Water.Add(water, Heat.Temperature());
+    Finest().Water.Add(water, Heat.Temperature());
 }
 
 // Writes the blocks that are due at the end of the span and adds its amounts to the next longer one.
@@ -166,7 +182,7 @@ void Daily_Loop::End_Span(Span span, const Date& date, Span_Sums& sums)
     if (balance || state)
         Column.Concentrations(Concentration);
     for (Solute_Report& report : Solute_Files) {
-        const Solute_Block block{Column, sums.Solute, sums.Start, Concentration};
+        const Solute_Block block{Column, sums.Solute, sums.Start, Concentration, sums.Upward};
         if (balance)
             report.Put_Block(span, date, block);
         if (state && balance)
@@ -192,12 +208,55 @@ void Daily_Loop::Check_Closure(int year)
                              "MASS BALANCE NOT CLOSED AT THE END OF YEAR " + std::to_string(year));
 }
 
+void Daily_Loop::Span_Sums::Add(const Span_Sums& later)
+{
+    Water.Add(later.Water);
+    Solute.Add(later.Solute);
+    for (std::size_t slot = 0; slot < Upward.size(); ++slot)
+        Upward[slot] += later.Upward[slot];
+}
+
+void Daily_Loop::Note_Year(int year)
+{
+    const auto metre = static_cast<std::size_t>(Input.Core.Top_Layers);
+    if (Year_Sums.Water.Percolate[metre] < Least_Printed_Percolate)
+        Dry_At_Metre.push_back(year);
+    if (Year_Sums.Water.Percolate.back() < Least_Printed_Percolate)
+        Dry_At_Bottom.push_back(year);
+    for (std::size_t slot = 0; slot < Negative_Years.size(); ++slot) {
+        if (Year_Sums.Solute.Flux[metre * static_cast<std::size_t>(Column.Lanes()) + slot] < -Least_Printed_Mass)
+            Negative_Years[slot].push_back(year);
+    }
+}
+
+Findings Daily_Loop::Remarks() const
+{
+    Findings remarks;
+    Plot.Put_Remarks(remarks);
+    for (std::size_t slot = 0; slot < Negative_Years.size(); ++slot) {
+        if (!Negative_Years[slot].empty())
+            remarks.Tell(Note::Negative_Mean,
+                         "MORE OF " + Solute_Label(Column.Index_Of(static_cast<int>(slot))) +
+                             " DIFFUSED UP THROUGH 1 M THAN THE WATER CARRIED DOWN, THE MEAN IS NEGATIVE: YEAR" +
+                             Years_Text(Negative_Years[slot]));
+    }
+    const auto& full = Water.Saturated();
+    if (full.Days > 0)
+        remarks.Tell(Note::Profile_Saturated,
+                     "THE PROFILE WAS SATURATED ON " + std::to_string(full.Days) +
+                         " DAYS: " + Amount_Text(full.Held_Back) + " CM FOUND NO ROOM AND " +
+                         (Water.Ponds()
+                              ? "WAITED ON THE SURFACE, " + Amount_Text(full.Deepest) + " CM AT MOST AT A TIME"
+                              : std::string("RAN OFF")));
+    return remarks;
+}
+
 void Daily_Loop::Run(const std::function<void(int year, int percent)>& progress)
 {
     const Climate& weather = Input.Weather;
     Warm_Up_Soil();
     Theta_Now = Water.Theta();
-    Plot.Put_Head(Input, {Water.Today(), Theta_Now, Heat.Temperature(), Column, Finest(), 0, 0});
+    Plot.Put_Head(Input, {Water.Today(), Theta_Now, Heat.Temperature(), Column, Finest().Solute, 0, 0});
     for (Span_Sums* sums : {&Day_Sums, &Month_Sums, &Year_Sums})
         Begin(*sums);
     for (int day = weather.First_Day; day <= weather.Last_Day; ++day) {
@@ -211,13 +270,11 @@ void Daily_Loop::Run(const std::function<void(int year, int percent)>& progress)
         if (Daily) {
             End_Span(Span::Day, date, Day_Sums);
             Span_Sums& longer = Monthly ? Month_Sums : Year_Sums;
-            longer.Water.Add(Day_Sums.Water);
-            longer.Solute.Add(Day_Sums.Solute);
+            longer.Add(Day_Sums);
         }
         if (month_ends && Monthly) {
             End_Span(Span::Month, date, Month_Sums);
-            Year_Sums.Water.Add(Month_Sums.Water);
-            Year_Sums.Solute.Add(Month_Sums.Solute);
+            Year_Sums.Add(Month_Sums);
             Begin(Month_Sums);
         }
         if (month_ends && !year_ends)
@@ -226,6 +283,7 @@ void Daily_Loop::Run(const std::function<void(int year, int percent)>& progress)
             continue;
         End_Span(Span::Year, date, Year_Sums);
         Check_Closure(date.Year);
+        Note_Year(date.Year);
         Begin(Year_Sums);
         Water_File.Flush();
         Plot.Flush();

@@ -31,12 +31,21 @@ public:
     };
     const std::vector<Year_Closure>& Closures() const { return Closed; }
 
+    // What the run has to tell about its results, for the echo.
+    Findings Remarks() const;
+
+    // Years whose percolate prints as 0, below 1 m and below the core: their mean concentration counts as 0.
+    const std::vector<int>& Dry_Years_At_Metre() const { return Dry_At_Metre; }
+    const std::vector<int>& Dry_Years_At_Bottom() const { return Dry_At_Bottom; }
+
 private:
     // Water and solute amounts of one span.
     struct Span_Sums {
         Water_Sums Water;
         Solute_Sums Solute;
         Solute_Stores Start;
+        void Add(const Span_Sums& later);
+        std::vector<double> Upward; // by slot: net amounts of days on which more diffused up through 1 m than came down
     };
 
     void Warm_Up_Soil();
@@ -47,7 +56,8 @@ private:
     void Begin(Span_Sums& sums);
     void End_Span(Span span, const Date& date, Span_Sums& sums);
     void Check_Closure(int year);
-    Solute_Sums& Finest();
+    void Note_Year(int year);
+    Span_Sums& Finest();
 
     const Engine_Input& Input;
     Water_Column Water;
@@ -64,6 +74,8 @@ private:
     std::vector<double> Theta_Now, Concentration;
     std::size_t Next_Application = 0;
     std::vector<Year_Closure> Closed;
+    std::vector<int> Dry_At_Metre, Dry_At_Bottom;
+    std::vector<std::vector<int>> Negative_Years; // by slot: the leached mass at 1 m is negative
 };
 
 } // namespace orvel::engine

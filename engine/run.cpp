@@ -140,6 +140,9 @@ int Run_In(const Options& options, Echo& echo)
     }
     Daily_Loop loop(input, options.Directory);
     loop.Run([&input](int year, int percent) { Tell_Progress(year, input.Control.Years, percent); });
+    Put_Dry_Years(echo.Text, "at 1 m", loop.Dry_Years_At_Metre());
+    Put_Dry_Years(echo.Text, "at the core's bottom", loop.Dry_Years_At_Bottom());
+    Put_Notes(echo.Text, loop.Remarks());
     Put_Closures(echo.Text, loop.Closures());
     echo.Finish(Completed_Line);
     return Exit_Complete;

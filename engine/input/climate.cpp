@@ -56,12 +56,6 @@ struct Reader {
     }
 };
 
-bool Is_Number(std::string_view text)
-{
-    text = Trim(text);
-    return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
-}
-
 std::vector<Row> Read_Rows(const Climate_Table& table, Reader& reader)
 {
     std::vector<Row> rows;
@@ -76,7 +70,7 @@ std::vector<Row> Read_Rows(const Climate_Table& table, Reader& reader)
         row.Day = static_cast<int>(Val(from.Cli_Day));
         row.Month = static_cast<int>(Val(from.Cli_Month));
         row.Year = static_cast<int>(Val(from.Cli_Year));
-        const bool date = Is_Number(from.Cli_Day) && Is_Number(from.Cli_Month) && row.Month >= 1 && row.Month <= 12 &&
+        const bool date = Is_Digits(from.Cli_Day) && Is_Digits(from.Cli_Month) && row.Month >= 1 && row.Month <= 12 &&
                           row.Day <= Days_Of_Month(row.Month) + (row.Month == 2 ? 1 : 0);
         if (!date || !from.Cli_Temp_Mean || !from.Cli_Rain) {
             reader.Error(Fault::Climate_Unreadable, number, date ? "RAIN OR TEMPERATURE MISSING" : "NO DATE");
@@ -148,14 +142,16 @@ std::vector<Climate_Day> Read_Climate_Days(std::string_view bytes, std::string_v
 {
     Reader reader{std::string(name), findings};
     Climate_Table table;
+    Misreads misreads;
     try {
-        table = Parse_CLI(bytes);
+        table = Parse_CLI(bytes, &misreads);
     } catch (const File_Error& error) {
         findings.Error(Fault::Climate_Unreadable,
                        "CLIMATE FILE " + std::string(name) + " NOT READABLE: " + error.what());
         return {};
     }
     title = table.Cli_Title;
+    findings.Tell_Misreads(Fault::Climate_Unreadable, name, misreads);
     const std::vector<Row> rows = Read_Rows(table, reader);
     std::vector<Climate_Day> days;
     for (std::size_t first = 0; first < rows.size();) {
@@ -259,21 +255,29 @@ double Haude_Evapotranspiration(double factor, double temperature_14, double hum
     return std::min(largest, 0.1 * factor * Saturation_Pressure(temperature_14) * (1 - humidity / 100));
 }
 
-Haude_Table Read_Haude(std::string_view bytes)
+Haude_Table Read_Haude(std::string_view bytes, Findings& findings)
 {
     Haude_Table table;
+    Misreads misreads;
     const auto lines = Split_Lines(bytes);
     for (std::size_t n = 1; n < lines.size(); ++n) {
         std::string_view rest = lines[n];
         if (Trim(rest).empty())
             continue;
-        const double number = Val(Next_Token(rest));
+        const auto next = [&] {
+            const auto word = Trim(Next_Token(rest));
+            if (!Is_One_Number(word))
+                misreads.push_back({{static_cast<int>(n) + 1, Column_Of(word, lines[n])}, std::string(word), {}});
+            return Val(word);
+        };
+        const double number = next();
         std::array<double, 12> factors{};
         for (double& factor : factors)
-            factor = std::clamp(Val(Next_Token(rest)), 0.0, 10.0);
+            factor = std::clamp(next(), 0.0, 10.0);
         if (number >= 0 && number < 10000)
             table[static_cast<int>(number)] = factors;
     }
+    findings.Tell_Misreads(Fault::Haude_Unreadable, "HAUDE.DAT", misreads);
     return table;
 }
 

@@ -60,7 +60,7 @@ double Haude_Evapotranspiration(double factor, double temperature_14, double hum
 
 // Monthly factors of the Haude equation, mm/hPa, by crop number; 0 for no crop.
 using Haude_Table = std::map<int, std::array<double, 12>>;
-Haude_Table Read_Haude(std::string_view bytes);
+Haude_Table Read_Haude(std::string_view bytes, Findings& findings);
 const std::array<double, 12>& Haude_Row(const Haude_Table& table,
                                         int crop_number); // built-in grass or bare-soil factors if the row is missing
 

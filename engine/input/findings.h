@@ -1,5 +1,7 @@
 #pragma once
 
+#include "files/misread.h"
+
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -39,6 +41,7 @@ enum class Fault {
     Climate_Unreadable = 51,
     Climate_Value = 52,
     Climate_Gap = 53,
+    Haude_Unreadable = 54,
     Closure_Violated = 91,
     Not_A_Number = 92,
     Disk_Failure = 93,
@@ -71,6 +74,10 @@ enum class Note {
     Rotation_Repeated = 12,
     Value_Clamped = 13,
     Substance_Missing = 14,
+    Depth_Moved = 15,
+    Little_Water = 16,
+    Negative_Mean = 17,
+    Profile_Saturated = 18,
 };
 
 // The ERROR and NOTE lines of a run; only the first Most_Errors and Most_Notes are kept.
@@ -85,6 +92,8 @@ struct Findings {
 
     void Error(Fault fault, std::string text);
     void Tell(Note note, std::string text); // a repeat of the last note is dropped
+    // One error for each word of a file that is no number, with its place.
+    void Tell_Misreads(Fault fault, std::string_view file, const Misreads& words);
     bool Failed() const { return !Errors.empty(); }
 
     std::vector<Entry> Errors, Notes;

@@ -34,14 +34,14 @@ int Whole(std::string_view text)
     return static_cast<int>(std::clamp(Val(text), -1.0, 1e6));
 }
 
-bool Holds_Number(std::string_view text)
+// Lists the part of a line as misread unless it is one number.
+void Require_Number(std::string_view line, std::string_view part, int line_number, std::string_view field,
+                    Findings& findings)
 {
-    text = Trim(text);
-    if (text.starts_with('-') || text.starts_with('+'))
-        text.remove_prefix(1);
-    if (text.starts_with('.'))
-        text.remove_prefix(1);
-    return !text.empty() && Is_Digit(text[0]);
+    const auto word = Trim(part);
+    if (!Is_One_Number(word))
+        findings.Tell_Misreads(Fault::Output_Row, "ORVEL.INP",
+                               {{{line_number, Column_Of(part, line)}, std::string(word), std::string(field)}});
 }
 
 int Days_Of_Month(int month)
@@ -58,17 +58,28 @@ bool Is_Date(int day, int month)
 void Read_Header(std::string_view line, Run_Control& control, Findings& findings)
 {
     std::string_view rest = line;
-    control.Years = Whole(Next_Token(rest));
-    control.Start_Day = Whole(Next_Token(rest));
-    control.Start_Month = Whole(Next_Token(rest));
-    control.End_Day = Whole(Next_Token(rest));
-    control.End_Month = Whole(Next_Token(rest));
+    Misreads misreads;
+    const auto next = [&](std::string_view field) {
+        const auto word = Trim(Next_Token(rest));
+        if (!Is_Digits(word))
+            misreads.push_back({{1, Column_Of(word, line)}, std::string(word), std::string(field)});
+        return Whole(word);
+    };
+    control.Years = next("YEARS");
+    control.Start_Day = next("START DAY");
+    control.Start_Month = next("START MONTH");
+    control.End_Day = next("END DAY");
+    control.End_Month = next("END MONTH");
     if (const auto soil = line.find("SOIL"); soil != std::string_view::npos) {
         control.Soil_Mode = true;
-        control.Temperature_Shift = Val(line.substr(soil + 4));
+        const auto shift = Trim(line.substr(soil + 4));
+        if (!shift.empty() && !Is_One_Number(shift))
+            misreads.push_back({{1, Column_Of(shift, line)}, std::string(shift), "TEMPERATURE SHIFT"});
+        control.Temperature_Shift = Val(shift);
         if (!(std::abs(control.Temperature_Shift) <= 20))
             findings.Error(Fault::Run_Control_Value, "TEMPERATURE SHIFT OF ORVEL.INP NOT WITHIN -20 TO 20 DEGREES");
     }
+    findings.Tell_Misreads(Fault::Run_Control_Value, "ORVEL.INP", misreads);
     if (control.Years < 1 || control.Years > Most_Years)
         findings.Error(Fault::Run_Control_Value, "NUMBER OF YEARS NOT 1 TO 66");
     if (!Is_Date(control.Start_Day, control.Start_Month))
@@ -79,7 +90,7 @@ void Read_Header(std::string_view line, Run_Control& control, Findings& findings
         findings.Error(Fault::Run_Control_Value, "END DATE BEFORE START DATE");
 }
 
-Output_Row Read_Row(std::string_view line, int number, Findings& findings)
+Output_Row Read_Row(std::string_view line, int number, int line_number, Findings& findings)
 {
     Output_Row row;
     row.Code = std::string(Columns(line, 5, 4));
@@ -90,8 +101,10 @@ Output_Row Read_Row(std::string_view line, int number, Findings& findings)
     row.Scale = Val(scale);
     row.Scale_Text = std::string(Trim(scale).substr(0, Scale_Width));
     row.Substance = Whole(substance);
-    if (!Holds_Number(depth) || !Holds_Number(scale) || !(row.Depth >= 0 && row.Depth <= Deepest) ||
-        !(std::abs(row.Scale) <= 1e15)) {
+    Require_Number(line, depth, line_number, "DEPTH", findings);
+    Require_Number(line, scale, line_number, "SCALE", findings);
+    Require_Number(line, substance, line_number, "SUBSTANCE", findings);
+    if (!(row.Depth >= 0 && row.Depth <= Deepest) || !(std::abs(row.Scale) <= 1e15)) {
         findings.Error(Fault::Output_Row,
                        "SCALE OR DEPTH IN OUTPUT ROW " + std::to_string(number) + " OF ORVEL.INP IS NO USABLE NUMBER");
         row.Depth = row.Scale = 0;
@@ -113,7 +126,13 @@ void Read_Lines(Line_Reader& lines, Run_Control& control, Findings& findings)
     control.Pesticide_File = std::string(Trim(lines.Next()));
     for (int y = 0; y < control.Years; ++y)
         control.Climate_Files.emplace_back(Trim(lines.Next()));
-    const Count_Line count = Read_Count_Line(lines.Next());
+    const auto count_line = lines.Next();
+    const auto is_part = [](char c) { return Is_Digit(c) || c == ' ' || c == '.'; };
+    if (!Is_Digits(Columns(count_line, 1, Count_Digits)) || !std::ranges::all_of(count_line, is_part))
+        return findings.Tell_Misreads(
+            Fault::Run_Control_Unreadable, "ORVEL.INP",
+            {{{lines.Line_Number(), 1}, std::string(Trim(count_line)), "NUMBER OF ROWS, TILLAGE DEPTH, PROFILE ROWS"}});
+    const Count_Line count = Read_Count_Line(count_line);
     control.Tillage_Depth = count.Tillage_Depth;
     control.Profile_Rows = count.Profile_Rows;
     if (count.Rows < 0 || count.Profile_Rows < 0 || count.Rows > Most_Columns || count.Profile_Rows > Most_Columns)
@@ -121,8 +140,10 @@ void Read_Lines(Line_Reader& lines, Run_Control& control, Findings& findings)
     if (!(control.Tillage_Depth >= 0 && control.Tillage_Depth <= Deepest))
         return findings.Error(Fault::Run_Control_Unreadable,
                               "TILLAGE DEPTH IN THE COUNT LINE OF ORVEL.INP OUT OF RANGE");
-    for (int i = 1; i <= count.Rows + count.Profile_Rows; ++i)
-        control.Rows.push_back(Read_Row(lines.Next(), i, findings));
+    for (int i = 1; i <= count.Rows + count.Profile_Rows; ++i) {
+        const auto line = lines.Next();
+        control.Rows.push_back(Read_Row(line, i, lines.Line_Number(), findings));
+    }
 }
 
 } // namespace

@@ -104,6 +104,25 @@ void Put_Notes(std::string& text, const Findings& findings)
         text += " NOTE " + std::to_string(note.Number) + ": " + Sanitize(note.Text) + "\r\n";
 }
 
+std::string Years_Text(const std::vector<int>& years)
+{
+    std::string text;
+    for (const int year : years)
+        text += (text.empty() ? " " : ", ") + std::to_string(year);
+    return text;
+}
+
+void Put_Dry_Years(std::string& text, std::string_view where, const std::vector<int>& years)
+{
+    constexpr int number_column = 53, number_width = 10;
+    const std::size_t start = text.size();
+    text += " Years without percolate " + std::string(where) + ":";
+    To_Column(text, start, number_column);
+    Put_Integer(text, static_cast<long>(years.size()), number_width);
+    text += years.empty() ? "" : "  " + Years_Text(years);
+    text += CrLf;
+}
+
 void Put_Errors(std::string& text, const Findings& findings)
 {
     for (const auto& error : findings.Errors)

@@ -43,6 +43,8 @@ std::string Sanitize(std::string_view text);
 void Put_Input(std::string& text, const Engine_Input& input);
 void Put_Notes(std::string& text, const Findings& findings);
 void Put_Errors(std::string& text, const Findings& findings);
+std::string Years_Text(const std::vector<int>& years); // " 3, 7, 12"
+void Put_Dry_Years(std::string& text, std::string_view where, const std::vector<int>& years);
 std::string Error_Line(int number, std::string_view text);
 
 // The output frequency from the scenario's text: DAY or MNTH; anything else means YEAR.

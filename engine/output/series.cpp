@@ -1,18 +1,20 @@
 #include "engine/output/series.h"
 
+#include "core/numbers.h"
 #include "core/output_variables.h"
 #include "core/text.h"
 #include "engine/output/solute_report.h"
 #include "engine/output/titles.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace orvel::engine {
 
 namespace {
 
 constexpr double Gram = 1e-6;            // g per ug
-constexpr double Least_Percolate = 1e-8; // cm/d, smaller percolate has no concentration
+constexpr double Least_Percolate = 1e-3; // cm/d, smaller percolate has no mean concentration
 constexpr int Field = 10;
 
 using namespace Variable;
@@ -34,7 +36,7 @@ Series::Series(const std::filesystem::path& file, const Engine_Input& input) : C
         Plans.push_back(Plan(input.Control.Rows[i], i >= first_profile, input));
         const int variable = Plans.back().Variable;
         With_Sums = With_Sums || Plans.back().Is_Amount;
-        With_Concentration = With_Concentration || variable == LEAC || variable == SPST || variable == SPSC;
+        With_Concentration = With_Concentration || variable == SPST || variable == SPSC;
     }
 }
 
@@ -60,6 +62,18 @@ Series::Column_Plan Series::Plan(const Output_Row& row, bool profile, const Engi
             plan.Slice.emplace_back(i, length);
     }
     return plan;
+}
+
+void Series::Put_Remarks(Findings& remarks) const
+{
+    for (const Column_Plan& plan : Plans) {
+        const long days = std::lround(plan.Dry_Days);
+        if (days == 0)
+            continue;
+        const double depth = plan.Interface == 0 ? 0 : Core->Bottom[static_cast<std::size_t>(plan.Interface - 1)];
+        remarks.Tell(Note::Little_Water, "LEAC AT " + General_Text(std::round(depth * 100) / 100) + " CM IS 0 ON " +
+                                             std::to_string(days) + " DAYS WITH LESS THAN 0.001 CM OF PERCOLATE");
+    }
 }
 
 void Series::Put_Head(const Engine_Input& input, const Series_Moment& start)
@@ -132,11 +146,8 @@ double Series::Value(Column_Plan& plan, const Series_Moment& moment)
     const double percolate = moment.Share > 0 ? moment.Water.Percolate(plan.Interface) : 0;
     if (percolate >= Least_Percolate)
         return Gram * rate / percolate;
-    const auto above = static_cast<std::size_t>(std::max(plan.Interface - 1, 0));
-    return Gram *
-           Concentration[above * static_cast<std::size_t>(moment.Column.Lanes()) +
-                         static_cast<std::size_t>(plan.Slot)] *
-           moment.Column.Doc_Factor(plan.Slot);
+    plan.Dry_Days += moment.Share;
+    return 0;
 }
 
 double Series::Water_Value(const Column_Plan& plan, const Series_Moment& moment) const

@@ -33,6 +33,9 @@ public:
     void Flush() { File.Flush(); }
     void Close() { File.Close(); }
 
+    // Notes on figures that were left out.
+    void Put_Remarks(Findings& remarks) const;
+
     // Whether a column needs the day's solute amounts or concentrations.
     bool Needs_Sums() const { return With_Sums; }
 
@@ -47,6 +50,7 @@ private:
         bool Is_Profile = false;
         std::vector<std::pair<int, double>> Slice; // compartments of a profile row with their lengths, cm
         double Before = 0;                         // amount of the day up to the previous line
+        double Dry_Days = 0;                       // with too little percolate for a mean concentration
     };
 
     Column_Plan Plan(const Output_Row& row, bool profile, const Engine_Input& input) const;

@@ -124,6 +124,7 @@ void Solute_Report::Put_Totals(const Solute_Block& block)
     Put_Total(text, " PESTICIDE LEACHED BELOW CORE",
               Kg_Ha(sums.Flux[static_cast<std::size_t>(Core->Count() * lanes) + Slot]));
     Put_Total(text, " MACROPORE TRANSPORT IN THE CORE", Kg_Ha(sums.Bypass[Slot]));
+    Put_Total(text, " DIFFUSION UP THROUGH 1 M", Kg_Ha(block.Upward[Slot]));
     const Solute_Stores stores = block.Column.Stores();
     Put_Total(text, " STORED IN SOIL AND ON PLANTS", Kg_Ha(stores.Soil[Slot] + stores.Plant[Slot]));
     Put_Left(text, " BALANCE CHECK", 39);

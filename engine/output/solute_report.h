@@ -16,6 +16,7 @@ struct Solute_Block {
     const Solute_Sums& Sums;
     const Solute_Stores& Start;
     const std::vector<double>& Concentration; // [compartment * lanes + slot]
+    const std::vector<double>& Upward;        // through 1 m, by slot
 };
 
 // "chem.orv", "chem_A1.orv" ... "chem_D2.orv" by substance index.

@@ -204,6 +204,7 @@ void Water_Report::Put_Block(Span span, const Date& date, const Water_Sums& sums
     text += "\r\n SUMMARY FLUXES\r\n";
     Put_Total(text, " RECHARGE BELOW CORE (CM)", sums.Percolate.back());
     Put_Total(text, " BYPASS IN LARGE PORES (CM)", sums.Bypass);
+    Put_Total(text, " WATER ON THE SURFACE (CM)", water.Pond());
     Put_Total(text, " CHANGE OF STORAGE (CM)", water.Storage() - water.Snow() - (sums.Storage_Start - sums.Snow_Start));
     Put_Left(text, " BALANCE CHECK (CM)", 39);
     Put_Exponent(text, sums.Closure(water), 10, 2);

@@ -1,12 +1,17 @@
 #include "engine/setup/input.h"
 
+#include "core/numbers.h"
+#include "core/output_variables.h"
 #include "core/text.h"
 #include "engine/solute/solute_check.h"
 #include "engine/water/water.h"
 #include "files/pesticide_file.h"
+#include "files/pesticide_lines.h"
 #include "files/scenario_file.h"
+#include "substance/pathway.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 namespace orvel::engine {
@@ -15,6 +20,15 @@ namespace {
 
 constexpr std::string_view Control_Name = "orvel.inp";
 constexpr std::string_view Haude_Name = "Haude.dat";
+
+// A depth to a hundredth of a centimetre.
+std::string Depth_Text(double depth)
+{
+    return General_Text(std::round(depth * 100) / 100);
+}
+
+constexpr double Depth_Tolerance = 0.005; // cm
+constexpr double Metre = 100;             // cm
 
 class Input_Reader {
 public:
@@ -49,12 +63,15 @@ private:
             return The_Findings.Error(Fault::Scenario_Missing,
                                       "SCENARIO FILE " + Input.Control.Scenario_File + " NOT FOUND");
         Reset_SZE(Input.Scenario);
+        Misreads misreads;
         try {
-            Parse_SZE(*bytes, Input.Scenario);
+            Parse_SZE(*bytes, Input.Scenario, &misreads);
         } catch (const std::exception& error) {
+            The_Findings.Tell_Misreads(Fault::Scenario_Unreadable, Bare_Name(Input.Control.Scenario_File), misreads);
             return The_Findings.Error(Fault::Scenario_Unreadable, "SCENARIO FILE " + Input.Control.Scenario_File +
                                                                       " NOT IN ITS FORMAT: " + error.what());
         }
+        The_Findings.Tell_Misreads(Fault::Scenario_Unreadable, Bare_Name(Input.Control.Scenario_File), misreads);
         Input.Location_Code = Location_Code_Of(Input.Control.Scenario_File);
         if (Input.Scenario.SZE_Legacy_Crops)
             The_Findings.Tell(Note::Irrigation_Assumed, "CROP ROWS OF THE OLD FORM: IRRIGATION IS ASSUMED");
@@ -66,15 +83,43 @@ private:
         if (!bytes)
             return The_Findings.Error(Fault::Pesticide_Missing,
                                       "PESTICIDE FILE " + Input.Control.Pesticide_File + " NOT FOUND");
+        Misreads misreads;
         try {
-            Parse_PSM(*bytes, Input.Pesticide);
+            Parse_PSM(*bytes, Input.Pesticide, &misreads);
         } catch (const std::exception& error) {
+            The_Findings.Tell_Misreads(Fault::Pesticide_Unreadable, Bare_Name(Input.Control.Pesticide_File), misreads);
             return The_Findings.Error(Fault::Pesticide_Unreadable, "PESTICIDE FILE " + Input.Control.Pesticide_File +
                                                                        " NOT IN ITS FORMAT: " + error.what());
         }
+        The_Findings.Tell_Misreads(Fault::Pesticide_Unreadable, Bare_Name(Input.Control.Pesticide_File), misreads);
         for (int i = 1; i <= Substances; ++i) {
             if (i == 1 || Input.Pesticide.Met_Present[static_cast<std::size_t>(i)])
                 Input.Substances.push_back(i);
+        }
+        Check_Targets(*bytes);
+    }
+
+    // An arrow must not lead to a metabolite that the file has no section for: its mass would be lost from sight.
+    void Check_Targets(std::string_view bytes)
+    {
+        Rate_Places places{};
+        for (int t = 1; t <= Last_Transformation; ++t) {
+            const Arrow& arrow = Arrow_Of(t);
+            if (arrow.Target == 0 || std::ranges::count(Input.Substances, arrow.Target) ||
+                !std::ranges::count(Input.Substances, arrow.Source))
+                continue;
+            const auto source = static_cast<std::size_t>(arrow.Source), row = static_cast<std::size_t>(arrow.Row);
+            if (Input.Pesticide.Degradation[source][row].Deg_Rate.Number() <= 0 &&
+                (arrow.Source != 1 || Input.Pesticide.Photo_Rate[row] <= 0))
+                continue;
+            if (places[1][1].Line == 0)
+                places = Places_Of_Rates(bytes);
+            const Place& place = places[source][row];
+            The_Findings.Error(Fault::Rate, std::string(Bare_Name(Input.Control.Pesticide_File)) + ", LINE " +
+                                                std::to_string(place.Line) + ", COLUMN " +
+                                                std::to_string(place.Column) + ": " +
+                                                std::string(Section_Name[static_cast<std::size_t>(arrow.Target)]) +
+                                                " IS FORMED, AND THE FILE HAS NO SECTION FOR IT");
         }
     }
 
@@ -129,7 +174,7 @@ private:
         if (Input.Scenario.SZE_ET_Method != 3)
             return;
         if (const auto bytes = Source(Haude_Name))
-            Input.Haude = engine::Read_Haude(*bytes);
+            Input.Haude = engine::Read_Haude(*bytes, The_Findings);
         else
             The_Findings.Tell(Note::Haude_Factors, "NO HAUDE.DAT: BUILT-IN FACTORS ARE USED");
         for (const auto& period : Input.Rotation) {
@@ -155,6 +200,41 @@ private:
         for (const Solute_Fault& fault : Check_Solute_Setup(Input.Solute))
             The_Findings.Error(fault.Kind, fault.Text);
         Note_Compartments();
+        Note_Depths();
+    }
+
+    void Note_Moved(const std::string& what, double asked, double used)
+    {
+        if (std::fabs(asked - used) > Depth_Tolerance)
+            The_Findings.Tell(Note::Depth_Moved, what + " " + Depth_Text(asked) + " CM IS TAKEN AT " +
+                                                     Depth_Text(used) + " CM, THE NEAREST BORDER OF COMPARTMENTS");
+    }
+
+    // Depths that the compartments do not meet.
+    void Note_Depths()
+    {
+        const Grid& core = Input.Core;
+        const auto border = [&core](int interface) {
+            return interface == 0 ? 0 : core.Bottom[static_cast<std::size_t>(interface - 1)];
+        };
+        Note_Moved("THE DEPTH OF 1 M,", Metre, border(core.Top_Layers));
+        for (const Output_Row& row : Input.Control.Rows) {
+            const bool at_border =
+                row.Variable == Variable::INFL || row.Variable == Variable::PFLX || row.Variable == Variable::LEAC;
+            if (at_border && row.Depth <= Input.Scenario.SZE_Core_Depth)
+                Note_Moved(row.Code + " AT", row.Depth, border(core.Interface_Nearest(row.Depth)));
+        }
+        double bottom = 0;
+        for (std::size_t h = 0; h + 1 < Input.Scenario.Horizons.size(); ++h) {
+            bottom += Input.Scenario.Horizons[h].SZE_Hor_Thickness.Number();
+            if (std::fabs(bottom - border(core.Interface_Nearest(bottom))) <= Depth_Tolerance)
+                continue;
+            const int across = core.Compartment_At(bottom);
+            The_Findings.Tell(Note::Depth_Moved, "THE LOWER BORDER OF HORIZON " + std::to_string(h + 1) + " AT " +
+                                                     Depth_Text(bottom) + " CM LIES WITHIN THE COMPARTMENT FROM " +
+                                                     Depth_Text(core.Top(across)) + " TO " +
+                                                     Depth_Text(border(across + 1)) + " CM, WHICH TAKES MEANS");
+        }
     }
 
     void Note_Compartments()

@@ -26,7 +26,7 @@ double Leaf_Volatilisation(const Solute_Volatilisation& volatilisation, double m
     return Air_Diffusion(volatilisation, t) / laminar_layer * saturated / Ug_Cm2_Per_Kg_Ha;
 }
 
-Leaf_Rates Rates_Of_Leaf(const Solute_Setup& setup, const Solute_Day& day, bool poorly_exposed)
+Leaf_Rates Rates_Of_Leaf(const Solute_Setup& setup, const Solute_Day& day, bool poorly_exposed, double length)
 {
     const auto& plant = setup.Plant;
     const auto relative = [&](double poor) { return poorly_exposed ? poor : 1.0; };
@@ -39,11 +39,11 @@ Leaf_Rates Rates_Of_Leaf(const Solute_Setup& setup, const Solute_Day& day, bool 
     rates.Volatilisation =
         relative(day.Poor_Volatilisation) * Leaf_Volatilisation(setup.Volatilisation, setup.Substances.front().Molmass,
                                                                 plant.Laminar_Layer, day.Air_Temperature);
-    rates.Washed_Off = Steady_Lost(relative(day.Poor_Washoff) * plant.Washoff * day.Plant_Water);
+    rates.Washed_Off = Steady_Lost(relative(day.Poor_Washoff) * plant.Washoff * day.Plant_Water * length);
     return rates;
 }
 
-Leaf_Losses Step_Leaf(double& pool, const Leaf_Rates& rates)
+Leaf_Losses Step_Leaf(double& pool, const Leaf_Rates& rates, double length)
 {
     Leaf_Losses losses;
     losses.Washed_Off = pool * rates.Washed_Off;
@@ -51,7 +51,7 @@ Leaf_Losses Step_Leaf(double& pool, const Leaf_Rates& rates)
     const double all = rates.Decay + rates.Photodegradation + rates.Penetration + rates.Volatilisation;
     if (all <= 0)
         return losses;
-    const double lost = pool * Steady_Lost(all);
+    const double lost = pool * Steady_Lost(all * length);
     losses.Decayed = lost * (rates.Decay + rates.Photodegradation) / all;
     losses.Penetrated = lost * rates.Penetration / all;
     losses.Volatilised = lost * rates.Volatilisation / all;

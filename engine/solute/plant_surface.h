@@ -18,7 +18,7 @@ struct Leaf_Losses {
     double Washed_Off = 0, Decayed = 0, Penetrated = 0, Volatilised = 0; // ug/cm2; photodegradation counts as decay
 };
 
-// Loss rates of a pool on one day.
+// Loss rates of a pool over a part of a day.
 struct Leaf_Rates {
     double Decay = 0, Photodegradation = 0, Penetration = 0, Volatilisation = 0; // 1/d
     double Washed_Off = 0;                                                       // share, taken first
@@ -28,10 +28,11 @@ struct Leaf_Rates {
 // kg/ha, at t degC. [form of Leistra et al. 2006]
 double Leaf_Volatilisation(const Solute_Volatilisation& volatilisation, double molmass, double laminar_layer, double t);
 
-// The loss rates of the well exposed or the poorly exposed deposit on a day.
-Leaf_Rates Rates_Of_Leaf(const Solute_Setup& setup, const Solute_Day& day, bool poorly_exposed);
+// The loss rates of the well exposed or the poorly exposed deposit over `length` days of a day, with that share of its
+// water.
+Leaf_Rates Rates_Of_Leaf(const Solute_Setup& setup, const Solute_Day& day, bool poorly_exposed, double length = 1);
 
-// Advances a pool by one day: wash-off first, then the four rates at the same time.
-Leaf_Losses Step_Leaf(double& pool, const Leaf_Rates& rates);
+// Advances a pool by `length` days: wash-off first, then the four rates at the same time.
+Leaf_Losses Step_Leaf(double& pool, const Leaf_Rates& rates, double length = 1);
 
 } // namespace orvel::engine

@@ -47,13 +47,14 @@ void Solute_State::Into_Bypass(int slot, int from, int outlet, double mass, Solu
         sums.Flux[Layout.At(i, slot)] -= mass;
 }
 
-void Solute_State::Act_On_Plants(const Solute_Day& day, Solute_Sums& sums)
+void Solute_State::Act_On_Plants(const Solute_Day& day, double t, double length, Solute_Sums& sums)
 {
     if (Leaf.Well <= 0 && Leaf.Poor <= 0)
         return;
     double washed = 0;
     for (const bool poor : {false, true}) {
-        const Leaf_Losses losses = Step_Leaf(poor ? Leaf.Poor : Leaf.Well, Rates_Of_Leaf(Setup, day, poor));
+        const Leaf_Losses losses =
+            Step_Leaf(poor ? Leaf.Poor : Leaf.Well, Rates_Of_Leaf(Setup, day, poor, length), length);
         washed += losses.Washed_Off;
         sums.Plant_Decay[0] += losses.Decayed;
         sums.Plant_Penetration[0] += losses.Penetrated;
@@ -71,17 +72,18 @@ void Solute_State::Act_On_Plants(const Solute_Day& day, Solute_Sums& sums)
     const double rest = washed - run_off - deep;
     M[0] += rest;
     sums.Flux[0] += rest;
-    Seek(0, 1, 0);
+    Seek(0, 1, t);
     if (deep > 0)
-        Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, 0);
+        Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, t);
 }
 
 // The ratio of concentration to mass is held constant while runoff, erosion and bypass take their shares in turn.
-void Solute_State::Extract(const Solute_Day& day, Solute_Sums& sums)
+void Solute_State::Extract(const Solute_Day& day, double t, double length, Solute_Sums& sums)
 {
-    const double runoff = Setup.Runoff_Depth > 0 ? day.Runoff : 0;
-    const double bypass = day.Bypass_Outlet >= 0 ? day.Bypass : 0;
-    if (runoff <= 0 && bypass <= 0 && day.Sediment <= 0)
+    const double runoff = Setup.Runoff_Depth > 0 ? day.Runoff * length : 0;
+    const double bypass = day.Bypass_Outlet >= 0 ? day.Bypass * length : 0;
+    const double sediment = day.Sediment * length;
+    if (runoff <= 0 && bypass <= 0 && sediment <= 0)
         return;
     Aligned_Row arriving = Layout.One_Row(0);
     int touched = 0;
@@ -97,26 +99,27 @@ void Solute_State::Extract(const Solute_Day& day, Solute_Sums& sums)
             };
             sums.Runoff[k] += lose(Runoff_Weights[touched] * runoff);
             if (touched == 0)
-                Erode(k, day.Sediment, ratio, sums);
+                Erode(k, sediment, ratio, t, sums);
             const double lost = lose(Bypass_Weights[touched] * bypass);
             arriving[k] += lost;
             if (lost > 0)
                 Into_Bypass(k, touched + 1, day.Bypass_Outlet, lost, sums);
         }
     }
-    Seek(0, touched, 0);
+    Seek(0, touched, t);
     if (bypass <= 0)
         return;
     for (int k = 0; k < Layout.Slots; ++k)
         M[Layout.At(day.Bypass_Outlet, k)] += arriving[k];
-    Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, 0);
+    Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, t);
 }
 
 // Erosion: the sediment (g/cm2) takes sorbed substance from the first compartment, from both kinds of sites.
-void Solute_State::Erode(int slot, double sediment, double ratio, Solute_Sums& sums)
+void Solute_State::Erode(int slot, double sediment, double ratio, double t, Solute_Sums& sums)
 {
     const double dz = Setup.Thickness[0], rho = Setup.Density[0];
-    const double sorbed = std::max(1 / dz - Column.Psi_Start[slot] * ratio, 0.0) / rho * M[slot]; // ug/g
+    const double psi = Column.Psi_Start[slot] + t * (Column.Psi_End[slot] - Column.Psi_Start[slot]);
+    const double sorbed = std::max(1 / dz - psi * ratio, 0.0) / rho * M[slot]; // ug/g
     const double fast = Carried_Loss(M[slot], sediment * sorbed);
     const double slow = Carried_Loss(W[slot], sediment * W[slot] / (rho * dz));
     M[slot] -= fast;

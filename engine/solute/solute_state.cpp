@@ -82,31 +82,42 @@ void Solute_State::Step_Day(const Solute_Day& day, Solute_Sums& sums, const std:
     Fate.Prepare(Kernel, day, Storage.Theta_Mean());
     Column.Flux = day.Flux.data();
     Seek(0, moved ? Layout.N : 1, 0);
-    Act_On_Plants(day, sums);
-    Extract(day, sums);
 
+    // An application meets the rain that falls after it, from hour 0 on all of the day's.
     const std::vector<double> times = Boundaries(day);
     for (std::size_t k = 0; k < times.size(); ++k) {
+        const double t = times[k];
         if (k > 0)
-            Run_Segment(times[k - 1], times[k], day, sums);
+            Run_Segment(times[k - 1], t, day, sums);
         for (const auto& application : day.Applications) {
-            if (Time_Of(application) == times[k])
-                Apply(application, times[k], sums);
+            if (Time_Of(application) == t)
+                Apply(application, t, sums);
         }
-        const double hour = std::round(times[k] * 24);
-        if (!day.Hourly || k == 0 || hour / 24 != times[k])
-            continue;
-        if (Ageing)
-            Note_Inflow(sums, 1);
-        if (after_hour)
-            after_hour(static_cast<int>(hour));
-        if (Ageing)
-            Note_Inflow(sums, -1);
+        if (day.Hourly && k > 0)
+            Tell_Hour(t, sums, after_hour);
+        if (k + 1 == times.size())
+            break;
+        Act_On_Plants(day, t, times[k + 1] - t, sums);
+        Extract(day, t, times[k + 1] - t, sums);
     }
     if (Ageing) {
         Note_Inflow(sums, 1);
         Grow_Older();
     }
+}
+
+// Calls after_hour where the time of day is a whole hour.
+void Solute_State::Tell_Hour(double t, Solute_Sums& sums, const std::function<void(int hour)>& after_hour)
+{
+    const double hour = std::round(t * 24);
+    if (hour / 24 != t)
+        return;
+    if (Ageing)
+        Note_Inflow(sums, 1);
+    if (after_hour)
+        after_hour(static_cast<int>(hour));
+    if (Ageing)
+        Note_Inflow(sums, -1);
 }
 
 void Solute_State::Seek(int first, int last, double t)

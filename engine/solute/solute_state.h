@@ -19,13 +19,17 @@ struct Solute_State {
     // Events at the start of the day
     void Till(double depth, Solute_Sums& sums);
     void Drop_Plants(Solute_Sums& sums); // moves the plant deposit to the first compartment
-    void Act_On_Plants(const Solute_Day& day, Solute_Sums& sums);
-    void Extract(const Solute_Day& day, Solute_Sums& sums);
-    void Erode(int slot, double sediment, double ratio, Solute_Sums& sums);
+
+    // Rain and wind at the beginning of a segment of the day, which lasts from t for `length` days and has that share
+    // of the day's water and sediment
+    void Act_On_Plants(const Solute_Day& day, double t, double length, Solute_Sums& sums);
+    void Extract(const Solute_Day& day, double t, double length, Solute_Sums& sums);
+    void Erode(int slot, double sediment, double ratio, double t, Solute_Sums& sums);
     void Into_Bypass(int slot, int from, int outlet, double mass,
                      Solute_Sums& sums); // interface `from` is below the source
 
     // The day itself
+    void Tell_Hour(double t, Solute_Sums& sums, const std::function<void(int hour)>& after_hour);
     void Run_Segment(double start, double end, const Solute_Day& day, Solute_Sums& sums);
     void Transport(int block, double t, double h, int depth, Solute_Sums& sums);
     void React(double t, double h, Solute_Sums& sums);

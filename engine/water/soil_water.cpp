@@ -13,6 +13,7 @@ constexpr double Dry_Limit = 0.5;       // share of the wilting point that evapo
 constexpr double Readily_Share = 0.4;   // share of the evaporable water
 constexpr double Stress_Share = 0.5;    // share of the plant-available water (FAO-56, p)
 constexpr double Antecedent_Depth = 20; // cm
+constexpr double Drainage_Length = 100; // cm of soil for which the drainage parameter is the share of a day
 
 // The length of compartment i that is above `depth`, cm.
 double Within(const Grid& grid, int i, double depth)
@@ -22,10 +23,20 @@ double Within(const Grid& grid, int i, double depth)
 
 } // namespace
 
-double Drained(double water, double field_capacity, double thickness, bool restricted, double drainage)
+double Free_Outflow(double inflow, double excess, double thickness)
 {
-    const double excess = std::max(water - field_capacity, 0.0) * thickness;
-    return restricted ? excess * Steady_Lost(drainage) : excess;
+    const double out = inflow + excess * thickness;
+    return out < Least_Flux ? 0 : out;
+}
+
+double Restricted_Outflow(double inflow, double excess, double thickness, double drainage, double room)
+{
+    const double speed = drainage * Drainage_Length; // cm/d
+    if (speed <= 0)
+        return 0;
+    // dq/dz = (excess - q / speed) / day from the upper border: the flux nears speed * excess.
+    const double out = inflow + (speed * excess - inflow) * Steady_Lost(thickness / speed);
+    return out < Least_Flux ? 0 : std::min(out, speed * room);
 }
 
 Percolation_Result Percolate(const Grid& grid, const Percolation& supply, std::vector<double>& theta,
@@ -37,9 +48,12 @@ Percolation_Result Percolate(const Grid& grid, const Percolation& supply, std::v
     for (int k = 0; k < n; ++k) {
         const auto i = static_cast<std::size_t>(k);
         const double dz = grid.Thickness[i];
-        const double water = theta[i] + (flux[i] + (k == supply.Outlet ? supply.Bypass : 0)) / dz;
-        flux[i + 1] = Drained(water, grid.Field_Capacity[i], dz, supply.Restricted, grid.Drainage[i]);
-        theta[i] = water - flux[i + 1] / dz;
+        const double here = theta[i] + (k == supply.Outlet ? supply.Bypass : 0) / dz;
+        const double excess = here - grid.Field_Capacity[i];
+        flux[i + 1] = supply.Restricted ? Restricted_Outflow(flux[i], excess, dz, grid.Drainage[i],
+                                                             grid.Porosity[i] - grid.Field_Capacity[i])
+                                        : Free_Outflow(flux[i], excess, dz);
+        theta[i] = here + (flux[i] - flux[i + 1]) / dz;
     }
     if (!supply.Restricted)
         return result;

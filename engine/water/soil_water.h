@@ -8,7 +8,7 @@ namespace orvel::engine {
 
 // Soil water, one day at a time: free functions over plain arrays; cm, cm3/cm3 and days.
 
-// Capacity cascade from the top: `theta` is that of the start of the day, afterwards that after percolation; `flux` (N
+// Water moves down from the top: `theta` is that of the start of the day, afterwards that after percolation; `flux` (N
 // + 1) receives the fluxes through the interfaces. With restricted drainage, water above the porosity is pushed up and
 // leaves the top as Excess; at the bypass outlet it also reduces the bypass taken.
 struct Percolation {
@@ -24,9 +24,18 @@ struct Percolation_Result {
 Percolation_Result Percolate(const Grid& grid, const Percolation& supply, std::vector<double>& theta,
                              std::vector<double>& flux);
 
-// The water that a compartment above field capacity releases in a day, cm: all of the excess, or the share 1 -
-// exp(-drainage).
-double Drained(double water, double field_capacity, double thickness, bool restricted, double drainage);
+// Smaller fluxes are rounding: the water stays where it is, cm/d.
+constexpr double Least_Flux = 1e-9;
+
+// The flux out of a compartment of free drainage in a day, cm: what enters and what lies above field capacity; `excess`
+// is water content less field capacity, negative in dry soil.
+double Free_Outflow(double inflow, double excess, double thickness);
+
+// The same for restricted drainage: the flux is K = drainage * 100 cm times the water content above field capacity
+// (unit gradient with a linear conductivity: Sisson, Ferguson & van Genuchten 1980, Soil Sci. Soc. Am. J. 44:1147),
+// implicit over the day and exact over the compartment's depth, so that it does not depend on the compartments. It is
+// K at saturation at most; `room` is porosity less field capacity.
+double Restricted_Outflow(double inflow, double excess, double thickness, double drainage, double room);
 
 // Reduction factor of soil evaporation, 0 to 1 (Allen et al. 1998, FAO-56 eq. 74); arguments in cm.
 double Evaporation_Factor(double depletion, double total, double readily);

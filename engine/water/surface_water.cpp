@@ -7,6 +7,12 @@
 
 namespace orvel::engine {
 
+namespace {
+
+constexpr double Least_Amount = 1e-12; // cm
+
+} // namespace
+
 double Snow_Melt(double snow, double factor, double temperature)
 {
     return std::min(snow, factor * std::max(temperature, 0.0));
@@ -65,6 +71,10 @@ Canopy_Step Canopy_Day(double store, double rain, double cover, double capacity,
     Canopy_Step step;
     step.Store = std::min(store + cover * rain, capacity);
     step.Throughfall = rain - (step.Store - store);
+    if (step.Throughfall < Least_Amount) { // rounding
+        step.Store = store + rain;
+        step.Throughfall = 0;
+    }
     step.Evaporated = std::min(demand, step.Store);
     step.Store -= step.Evaporated;
     return step;

@@ -66,7 +66,7 @@ Water_Column::Water_Column(const Scenario_Document& scenario, const Grid& grid, 
 
 double Water_Column::Storage() const
 {
-    double sum = Snow_Store + Canopy_Store;
+    double sum = Snow_Store + Canopy_Store + Pond_Store;
     for (std::size_t i = 0; i < Moisture.size(); ++i)
         sum += Moisture[i] * Core->Thickness[i];
     return sum;
@@ -117,6 +117,20 @@ void Water_Column::Erode(const Crop_State& crop)
     Day.Sediment = Hectares_Per_Ton_Cm2 * loss.Loss / area * loss.Enrichment;
 }
 
+// What the soil has no room for runs off, or waits on the surface where runoff is not simulated.
+void Water_Column::Hold_Back(double excess)
+{
+    Day.Held_Back = std::max(excess - Pond_Store, 0.0);
+    if (excess > 0) {
+        ++Full.Days;
+        Full.Held_Back += Day.Held_Back;
+    }
+    Pond_Store = With_Runoff ? 0 : excess;
+    if (With_Runoff)
+        Day.Runoff += excess;
+    Full.Deepest = std::max(Full.Deepest, Pond_Store);
+}
+
 const Water_Day& Water_Column::Step_Day(const Climate_Day& climate, int day_of_year, const Crop_State& crop,
                                         const std::vector<double>& soil_temperature)
 {
@@ -134,9 +148,11 @@ const Water_Day& Water_Column::Step_Day(const Climate_Day& climate, int day_of_y
     const double capacity = crop.Present ? crop.Row->SZE_Rot_Text2.Number() * crop.Growth : 0;
     const Canopy_Step canopy = Canopy_Day(Canopy_Store, water, crop.Cover, capacity, Day.Potential);
     Canopy_Store = canopy.Store;
-    Day.Canopy_Loss = canopy.Evaporated;
+    const double from_pond = std::min(Day.Potential - canopy.Evaporated, Pond_Store);
+    Pond_Store -= from_pond;
+    Day.Canopy_Loss = canopy.Evaporated + from_pond;
     Day.Throughfall = canopy.Throughfall;
-    const double demand = Day.Potential - canopy.Evaporated;
+    const double demand = Day.Potential - Day.Canopy_Loss;
 
     const double rain_through = water > 0 ? Day.Throughfall * Day.Rain / water : 0;
     const bool frozen = soil_temperature[static_cast<std::size_t>(Frost_Node)] < 0;
@@ -147,10 +163,11 @@ const Water_Day& Water_Column::Step_Day(const Climate_Day& climate, int day_of_y
                                       : 0;
 
     Day.Theta_Start = Moisture;
-    const auto percolation = Percolate(*Core, {Restricted, infiltration - bypass, bypass, Outlet}, Moisture, Day.Flux);
+    const auto percolation =
+        Percolate(*Core, {Restricted, infiltration - bypass + Pond_Store, bypass, Outlet}, Moisture, Day.Flux);
     Day.Bypass = percolation.Bypass;
     Day.Bypass_Outlet = Day.Bypass > 0 ? Outlet : -1;
-    Day.Runoff += percolation.Excess;
+    Hold_Back(percolation.Excess);
     Erode(crop);
 
     Evaporate(*Core, demand * (1 - crop.Cover), Evaporation_Depth, Evaporation_Shares, Moisture, Day.Evaporation);

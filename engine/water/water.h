@@ -11,11 +11,13 @@ namespace orvel::engine {
 // The water balance of one day, cm.
 struct Water_Day {
     double Rain = 0, Snowfall = 0, Melt = 0, Irrigation = 0;
-    double Canopy_Loss = 0, Throughfall = 0, Runoff = 0, Bypass = 0;
+    double Canopy_Loss = 0; // evaporated from the canopy and from water on the surface
+    double Throughfall = 0, Runoff = 0, Bypass = 0;
     int Bypass_Outlet = -1;
     double Soil_Loss = 0; // t from the field
     double Sediment = 0;  // soil loss x enrichment, g/cm2
     double Potential = 0; // potential evapotranspiration
+    double Held_Back = 0; // found no room in the soil: on the surface, or part of the runoff
     std::vector<double> Theta_Start, Theta_End;
     std::vector<double> Flux; // by interface, without bypass
     std::vector<double> Evaporation, Transpiration;
@@ -39,12 +41,23 @@ public:
     const std::vector<double>& Theta() const { return Moisture; }
     double Snow() const { return Snow_Store; }
     double Canopy() const { return Canopy_Store; }
-    double Storage() const; // soil, canopy and snow, cm
+    double Pond() const { return Pond_Store; }
+    double Storage() const; // soil, canopy, pond and snow, cm
+
+    // What a saturated profile did to the water since the start; all 0 without restricted drainage.
+    struct Saturation {
+        int Days = 0;         // on which water found no room
+        double Held_Back = 0; // in the first place, cm
+        double Deepest = 0;   // that stood on the surface, cm
+    };
+    const Saturation& Saturated() const { return Full; }
+    bool Ponds() const { return Restricted && !With_Runoff; }
 
 private:
     double Potential(const Climate_Day& climate, int day_of_year, const Crop_State& crop) const;
     double Irrigation(const Crop_State& crop) const;
     double Runoff(double supply, const Crop_State& crop, bool frozen) const;
+    void Hold_Back(double excess);
     void Erode(const Crop_State& crop);
 
     const Scenario_Document* Scenario;
@@ -56,7 +69,8 @@ private:
     std::vector<double> Evaporation_Shares, Root_Shares;
     double Root_Shares_Depth = -1;
     std::vector<double> Moisture;
-    double Snow_Store = 0, Canopy_Store = 0;
+    double Snow_Store = 0, Canopy_Store = 0, Pond_Store = 0;
+    Saturation Full;
     Water_Day Day;
 };
 

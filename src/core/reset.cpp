@@ -118,6 +118,7 @@ void Reset_SZE(Scenario_Document& document)
 
 void Clear_Climate(Climate_Table& table, int rows)
 {
+    table.Cli_Title.clear();
     table.Rows.assign(static_cast<std::size_t>(rows),
                       {.Cli_Day = "00", .Cli_Month = "00", .Cli_Year = "00", .Cli_Rel_Hum = 100});
 }

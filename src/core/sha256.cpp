@@ -1,9 +1,9 @@
 #include "core/sha256.h"
 
 #include "core/error.h"
+#include "core/system/file_handle.h"
 
 #include <array>
-#include <cstdio>
 #include <memory>
 
 // The plain routines, although deprecated: the newer interface would pull most of the library, and its initialisation,
@@ -15,7 +15,7 @@ namespace orvel {
 
 namespace {
 
-constexpr std::size_t Window = 64U << 10U;
+constexpr std::size_t Window = 128U << 10U;
 
 class Digest {
 public:
@@ -49,18 +49,40 @@ std::string Sha256(std::string_view bytes)
     return digest.Hexadecimal();
 }
 
+File_Digest Digest_Of_File(const std::filesystem::path& file)
+{
+    std::error_code error;
+    File_Handle opened(file, File_Handle::Use::Read, error);
+    Digest digest;
+    File_Digest read;
+    const std::unique_ptr<char[]> window = std::make_unique_for_overwrite<char[]>(Window);
+    while (!error) {
+        const std::size_t got = opened.Read(window.get(), Window, error);
+        if (got == 0)
+            break;
+        digest.Add({window.get(), got});
+        read.Size += got;
+    }
+    if (error)
+        throw File_Error("The file " + file.string() + " cannot be read: " + error.message() + ".");
+    read.Sha256 = digest.Hexadecimal();
+    return read;
+}
+
 std::string Sha256_Of_File(const std::filesystem::path& file)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> opened(std::fopen(file.c_str(), "rb"), &std::fclose);
-    if (!opened)
-        throw File_Error("The file " + file.string() + " cannot be read.");
-    Digest digest;
-    std::string window(Window, '\0');
-    while (const auto got = std::fread(window.data(), 1, window.size(), opened.get()))
-        digest.Add(std::string_view(window).substr(0, got));
-    if (std::ferror(opened.get()) != 0)
-        throw File_Error("The file " + file.string() + " cannot be read.");
-    return digest.Hexadecimal();
+    return Digest_Of_File(file).Sha256;
+}
+
+const File_Digest& File_Digests::Of(const std::filesystem::path& file)
+{
+    const auto identity = Identity_Of(file);
+    if (!identity)
+        throw File_Error("The file " + file.string() + " cannot be read: it is not there.");
+    const auto known = Known.find(*identity);
+    if (known != Known.end())
+        return known->second;
+    return Known.emplace(*identity, Digest_Of_File(file)).first->second;
 }
 
 } // namespace orvel

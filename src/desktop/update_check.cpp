@@ -1,5 +1,6 @@
 #include "desktop/update_check.h"
 
+#include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
 
@@ -9,6 +10,7 @@ namespace {
 
 constexpr std::size_t Name_Before_Extension = 26; // characters of the package's file name before ".zip"
 constexpr std::size_t Date_Width = 8;
+constexpr std::string_view Secure = "https://";
 constexpr std::string_view Unofficial_Title = "ORVELSUITE";
 
 std::string Joined_Lines(std::string_view page)
@@ -26,9 +28,18 @@ Message Connection_Problem()
     return {"Connection problem!", "Connection to the internet not successfull!\r\n"};
 }
 
-Message No_Update_Address()
-{
-    return {"Connection problem!", "This build has no address to look for updates."};
+std::string Update_Address(const std::filesystem::path& installation)
+try {
+    const auto file = Find_File(installation, Update_File);
+    if (!file)
+        return {};
+    const std::string bytes = Read_Whole(*file);
+    const auto address = Trim(Line_Reader(bytes).Next());
+    const bool trusted = Lower(address.substr(0, Secure.size())) == Secure && address.size() > Secure.size() &&
+                         address.find_first_of(" \t\"<>") == std::string_view::npos;
+    return trusted ? std::string(address) : std::string();
+} catch (const File_Error&) {
+    return {};
 }
 
 Message Evaluate_Update_Page(std::string_view page, std::string_view own)

@@ -4,13 +4,13 @@
 
 namespace orvel {
 
-Message Broken_Line_Message(const std::string& field)
+Message Broken_Line_Message(const Lost_Field& field)
 {
     return {std::string(Saving_Input_File),
-            "\"" + field + "\" is too long for its column, or empty: the file cannot be read back as it is."};
+            "\"" + field.Name + "\" " + field.Cause + ": the file cannot be read back as it is."};
 }
 
-Message Broken_Line_Question(const std::string& field)
+Message Broken_Line_Question(const Lost_Field& field)
 {
     auto message = Broken_Line_Message(field);
     message.Text += " Do you want to save it all the same?";

@@ -27,7 +27,7 @@ Line_Fields Fields_Of(const Climate_Table& table)
 
 } // namespace
 
-std::optional<std::string> Broken_By_Layout(const Climate_Table& table)
+std::optional<Lost_Field> Broken_By_Layout(const Climate_Table& table)
 {
     Climate_Table read;
     bool complete = true;
@@ -37,7 +37,7 @@ std::optional<std::string> Broken_By_Layout(const Climate_Table& table)
         complete = false;
     }
     const auto lost = Fields_Of(table).First_Not_In(Fields_Of(read));
-    return lost || complete ? lost : std::string(Unreadable);
+    return lost || complete ? lost : Unreadable();
 }
 
 } // namespace orvel

@@ -36,6 +36,20 @@ Climate_Row Parse_Row(std::string_view line)
     return row;
 }
 
+void List_Misreads(std::string_view line, int number, Misreads& found)
+{
+    for (const auto& column : Climate_Columns) {
+        const auto word = Trim(Columns(line, column.First, Climate_Number_Width));
+        if (!word.empty() && !Is_One_Number(word))
+            found.push_back({{number, Column_Of(word, line)}, std::string(word), std::string(column.Name)});
+    }
+    const auto date = Columns(line, Date_First, 3 * Date_Width), hour = Trim(Columns(line, Hour_First));
+    if (!std::ranges::all_of(date, [](char c) { return c == ' ' || (c >= '0' && c <= '9'); }))
+        found.push_back({{number, Column_Of(date, line)}, std::string(date), "Date"});
+    if (!hour.empty() && !Is_One_Number(hour))
+        found.push_back({{number, Column_Of(hour, line)}, std::string(hour), "Hour"});
+}
+
 } // namespace
 
 bool Is_Left_Out(const Climate_Row& row)
@@ -44,16 +58,18 @@ bool Is_Left_Out(const Climate_Row& row)
     return day.empty() || day == "0" || day == "00";
 }
 
-Climate_Table Parse_CLI(std::string_view bytes)
+Climate_Table Parse_CLI(std::string_view bytes, Misreads* misreads)
 {
     Line_Reader lines(bytes);
     Climate_Table table;
     table.Cli_Title = lines.Next();
     while (!lines.At_End()) {
         const auto line = lines.Next();
-        if (table.Rows.size() < Most_Climate_Rows)
+        if (table.Rows.size() < Most_Climate_Rows) {
             table.Rows.push_back(Parse_Row(line));
-        else if (!line.empty()) // the empty line at the end takes no row
+            if (misreads && !Is_Left_Out(table.Rows.back()))
+                List_Misreads(line, lines.Line_Number(), *misreads);
+        } else if (!line.empty()) // the empty line at the end takes no row
             throw File_Error("The file has more than " + std::to_string(Most_Climate_Rows) + " days.",
                              lines.Line_Number());
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/misread.h"
 
 #include <array>
 #include <filesystem>
@@ -49,8 +50,8 @@ void Round_As_Shown(Climate_Table& table);
 bool Is_Left_Out(const Climate_Row& row);
 
 // A short line is no error, and a column of blanks no number. Throws File_Error for more rows than Most_Climate_Rows or
-// an empty file.
-Climate_Table Parse_CLI(std::string_view bytes);
+// an empty file. Fields that are no numbers are listed where the caller asks for them, except those of rows left out.
+Climate_Table Parse_CLI(std::string_view bytes, Misreads* misreads = nullptr);
 
 // Why a climate file seems to have been cut, a sentence: its last line is short, or it begins on 1 January and does not
 // end on 31 December. Empty if it is whole.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/lost_field.h"
 
 #include <array>
 #include <filesystem>
@@ -20,7 +21,7 @@ struct Document_Type {
     bool Program_State::*Changed;
     bool (*Read)(Session& session, const std::filesystem::path& file);
     bool (*Write)(Session& session, const std::filesystem::path& file);
-    std::optional<std::string> (*Broken_Field)(const Session& session); // the first field that a save would lose
+    std::optional<Lost_Field> (*Broken_Field)(const Session& session); // the first field that a save would lose
     std::string (*Json)(const Session& session);
 };
 

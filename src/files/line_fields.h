@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/lines.h"
+#include "files/lost_field.h"
 
 #include <algorithm>
 #include <optional>
@@ -12,7 +13,10 @@
 namespace orvel {
 
 // What is lost where every field compared equal and yet the text could not be parsed.
-constexpr std::string_view Unreadable = "A count or the end of the file";
+inline Lost_Field Unreadable()
+{
+    return {"A count or the end of the file", "cannot be found"};
+}
 
 // Lists the fields of lines as a file must return them: texts, and numbers to the digits that the file keeps. Prints
 // the lines as it goes, to find a field that runs into the column behind it.
@@ -29,7 +33,9 @@ public:
     Line_Fields& Field(const Variant& value, std::string_view name)
     {
         Out.Field(value, name);
-        return Keep(General_Text(Meant(value)), name);
+        Keep(General_Text(Meant(value)), name);
+        List.back().Is_Empty = value.Is_Text() && Trim(value.Text()).empty();
+        return *this;
     }
     Line_Fields& Value_Of(const Variant& value, std::string_view name) { return Field(value.Number(), name); }
     Line_Fields& Whole(std::int16_t value, std::string_view name) { return Field(value, name); }
@@ -79,7 +85,7 @@ public:
 
     // The first field that the other list lacks; if a field before it is too wide for its column, that one, since it
     // is the cause.
-    std::optional<std::string> First_Not_In(const Line_Fields& other) const
+    std::optional<Lost_Field> First_Not_In(const Line_Fields& other) const
     {
         const auto lost = std::ranges::mismatch(List, other.List, [](const Kept& a, const Kept& b) {
                               return a.Name == b.Name && a.Text == b.Text;
@@ -87,7 +93,7 @@ public:
         if (lost == List.end())
             return std::nullopt;
         const auto wide = std::find_if(List.begin(), lost, [](const Kept& kept) { return kept.Too_Wide; });
-        return Full_Name(*wide);
+        return Lost_Field{Full_Name(*wide), Cause(*wide)};
     }
 
 private:
@@ -95,7 +101,7 @@ private:
         std::string_view Name; // of a literal
         std::size_t Subject;
         std::string Text;
-        bool Too_Wide = false;
+        bool Too_Wide = false, Is_Empty = false;
     };
 
     Line_Fields& Keep(std::string text, std::string_view name)
@@ -114,6 +120,18 @@ private:
     {
         const auto& subject = Subjects[kept.Subject];
         return std::string(kept.Name) + (subject.empty() ? "" : " of " + subject);
+    }
+
+    // Only texts hold what ends or breaks them.
+    static std::string Cause(const Kept& kept)
+    {
+        if (kept.Is_Empty)
+            return "is empty";
+        if (kept.Text.find_first_of(CrLf) != std::string::npos)
+            return "holds a line break";
+        if (kept.Text.find('<') != std::string::npos)
+            return "holds a \"<\", which ends a text in the file";
+        return "is too long for its column";
     }
 
     std::vector<std::string> Subjects{""};

@@ -4,6 +4,7 @@
 #include "core/print_line.h"
 #include "core/text.h"
 #include "core/variant.h"
+#include "files/misread.h"
 
 #include <cmath>
 #include <cstdint>
@@ -27,32 +28,41 @@ namespace orvel {
 // Numbers in the scientific text of a file have this width.
 constexpr int Scientific_Width = 10;
 
-// A place in a file, 1-based; 0 where it is not known.
-struct Place {
-    int Line = 0, Column = 0;
-};
-
-// The column in which a part of a line begins; 0 for an empty one.
-inline int Column_Of(std::string_view part, std::string_view line)
-{
-    return part.empty() ? 0 : static_cast<int>(part.data() - line.data()) + 1;
-}
-
 // Takes the fields of a line word by word; one that is missing is 0. Columns, blanks and fixed texts do not matter to
-// it. A number that its field cannot hold throws a File_Error with its place.
+// it. A number that its field cannot hold throws a File_Error with its place; a word that is no number goes to the list
+// of misreads, where there is one. A label in pointed brackets ends the numbers of a line.
 class Line_In {
 public:
-    explicit Line_In(std::string_view line, int line_number = 0) : Line(line), Rest(line), Line_Number(line_number) {}
+    explicit Line_In(std::string_view line, int line_number = 0, Misreads* misreads = nullptr)
+        : Line(line),
+          Rest(line),
+          Line_Number(line_number),
+          Misread_Words(misreads)
+    {}
 
-    double Number() { return Val(Next()); }
+    double Number()
+    {
+        const auto word = Trim(Next());
+        if (Misread_Words && !word.empty() && word[0] != '<' && !Is_One_Number(word))
+            Complain(word);
+        return Val(word);
+    }
     std::string_view Word() { return Trim(Next()); }
     std::int16_t Integer() { return Checked(Number()); }
     std::string_view Remainder() const { return Rest; }
     Place Place_Of_Last() const { return {Line_Number, Column_Of(Last, Line)}; } // of the word taken last
     void Skip_To(std::size_t column) { Rest = Columns(Line, column); }           // what follows is taken from there
 
-    template <class Value> Line_In& Field(Value& value, std::string_view)
+    // Lists a word of the line as misread.
+    void Complain(std::string_view word) const
     {
+        if (Misread_Words)
+            Misread_Words->push_back({{Line_Number, Column_Of(word, Line)}, std::string(word), std::string(Name)});
+    }
+
+    template <class Value> Line_In& Field(Value& value, std::string_view name)
+    {
+        Name = name;
         Take(value);
         return *this;
     }
@@ -67,8 +77,9 @@ public:
         value = Word();
         return *this;
     }
-    Line_In& Whole(std::int16_t& value, std::string_view)
+    Line_In& Whole(std::int16_t& value, std::string_view name)
     {
+        Name = name;
         const double number = Number();
         const double whole = std::floor(number);
         value = number - whole < 0.01 ? Checked(whole) : std::int16_t{0};
@@ -104,8 +115,9 @@ private:
         return Last;
     }
 
-    std::string_view Line, Rest, Last;
+    std::string_view Line, Rest, Last, Name;
     int Line_Number;
+    Misreads* Misread_Words;
 };
 
 // Prints the fields of lines.

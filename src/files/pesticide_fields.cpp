@@ -138,7 +138,7 @@ private:
 
 } // namespace
 
-std::optional<std::string> Broken_By_Layout(const Pesticide_Document& document)
+std::optional<Lost_Field> Broken_By_Layout(const Pesticide_Document& document)
 {
     const auto written = std::make_unique<Pesticide_Document>(document);
     const auto read = std::make_unique<Pesticide_Document>();
@@ -151,7 +151,7 @@ std::optional<std::string> Broken_By_Layout(const Pesticide_Document& document)
     Change_As_Read(*written);
     Change_As_Read(*read);
     const auto lost = Lister(*written).List().First_Not_In(Lister(*read).List());
-    return lost || complete ? lost : std::string(Unreadable);
+    return lost || complete ? lost : Unreadable();
 }
 
 } // namespace orvel

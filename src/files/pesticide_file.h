@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/misread.h"
 
 #include <filesystem>
 #include <string>
@@ -12,8 +13,13 @@ namespace orvel {
 // each metabolite.
 
 // Resets the document and fills it as it goes. Throws File_Error (short file, foreign file, a count outside its range);
-// what was read until then stays in the document. The pathway (Met_Present and the arrows) is not derived here.
-void Parse_PSM(std::string_view bytes, Pesticide_Document& document);
+// what was read until then stays in the document. The pathway (Met_Present and the arrows) is not derived here. Words
+// that are no numbers are listed where the caller asks for them.
+void Parse_PSM(std::string_view bytes, Pesticide_Document& document, Misreads* misreads = nullptr);
+
+// Where the transformation rates stand in the file, by substance and row; a line of 0 where there is none.
+using Rate_Places = Per_Substance<std::array<Place, Degradation_Rows + 1>>;
+Rate_Places Places_Of_Rates(std::string_view bytes);
 
 // The file's bytes. Changes the document where the layout says so: Henry_Flag falls to 0 without a solubility, and a
 // substance whose Sorp_pKa is 20 gets -99 for its second Koc and both pH values.

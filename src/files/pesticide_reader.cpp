@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace orvel {
 
@@ -17,7 +18,11 @@ constexpr std::size_t Code_Width = 3;
 // Fills the document line by line; what was read before an error stays in it.
 class Reader {
 public:
-    Reader(std::string_view bytes, Pesticide_Document& document) : Lines(bytes), Document(document) {}
+    Reader(std::string_view bytes, Pesticide_Document& document, Misreads* misreads)
+        : Lines(bytes),
+          Document(document),
+          Misread_Words(misreads)
+    {}
 
     void Read()
     {
@@ -40,11 +45,13 @@ public:
         }
     }
 
+    Rate_Places Rates{};
+
 private:
     Line_In Next()
     {
         const auto line = Lines.Next();
-        return Line_In(line, Lines.Line_Number());
+        return Line_In(line, Lines.Line_Number(), Misread_Words);
     }
 
     void Read_Head()
@@ -142,6 +149,9 @@ private:
     {
         for (std::size_t j = 1; j <= static_cast<std::size_t>(Rows_Of_Substance(static_cast<int>(i))); ++j) {
             auto line = Next();
+            auto ahead = line;
+            ahead.Word();
+            Rates[i][j] = ahead.Place_Of_Last();
             Degradation_Line(line, Document.Degradation[i][j], {});
         }
     }
@@ -154,7 +164,7 @@ private:
             Document.Deg_Depth_Mode[i] = 0;
             return false;
         }
-        Line_In line(text, Lines.Line_Number());
+        Line_In line(text, Lines.Line_Number(), Misread_Words);
         const int mode = line.Integer();
         const bool liquid_only = mode >= Individual_Depth_Modes;
         const int depth_mode = liquid_only ? mode - Individual_Depth_Modes : mode;
@@ -236,17 +246,26 @@ private:
 
     Line_Reader Lines;
     Pesticide_Document& Document;
+    Misreads* Misread_Words;
     Place Horizon_Count;
 };
 
 } // namespace
 
-void Parse_PSM(std::string_view bytes, Pesticide_Document& document)
+void Parse_PSM(std::string_view bytes, Pesticide_Document& document, Misreads* misreads)
 {
     // Nothing of a document read before may stay, not even fields that Reset_PSM leaves alone.
     document = Pesticide_Document();
     Reset_PSM(document);
-    Reader(bytes, document).Read();
+    Reader(bytes, document, misreads).Read();
+}
+
+Rate_Places Places_Of_Rates(std::string_view bytes)
+{
+    const auto document = std::make_unique<Pesticide_Document>();
+    Reader reader(bytes, *document, nullptr);
+    reader.Read();
+    return reader.Rates;
 }
 
 } // namespace orvel

@@ -93,7 +93,7 @@ private:
 
 } // namespace
 
-std::optional<std::string> Broken_By_Layout(const Scenario_Document& document)
+std::optional<Lost_Field> Broken_By_Layout(const Scenario_Document& document)
 {
     Scenario_Document written = document, read;
     bool complete = true;
@@ -106,7 +106,7 @@ std::optional<std::string> Broken_By_Layout(const Scenario_Document& document)
     Change_As_Read(written);
     Change_As_Read(read);
     const auto lost = Lister(written).List().First_Not_In(Lister(read).List());
-    return lost || complete ? lost : std::string(Unreadable);
+    return lost || complete ? lost : Unreadable();
 }
 
 } // namespace orvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/misread.h"
 
 #include <filesystem>
 #include <string>
@@ -12,8 +13,8 @@ namespace orvel {
 // frequencies.
 
 // Fills the document as it goes; the caller resets it first. Throws File_Error; what was read until then stays in the
-// document.
-void Parse_SZE(std::string_view bytes, Scenario_Document& document);
+// document. Words that are no numbers are listed where the caller asks for them.
+void Parse_SZE(std::string_view bytes, Scenario_Document& document, Misreads* misreads = nullptr);
 
 // The file's bytes. Changes the document where the layout says so: SZE_First_Crop follows the first crop row, and an
 // empty output frequency becomes " DAY".

@@ -18,6 +18,8 @@ struct Date {
 Date Next_Date(Line_In& line)
 {
     const auto word = line.Word();
+    if (!word.empty() && (word.size() != Date_Width || !Is_Digits(word)))
+        line.Complain(word);
     return {To_I16(Val(Columns(word, 1, 2))), To_I16(Val(Columns(word, 3, 2))), To_I16(Val(Columns(word, 5, 2)))};
 }
 
@@ -36,13 +38,17 @@ Date Derived_Tillage(const Rotation_Row& row)
 // Fills the document line by line; what was read before an error stays in it.
 class Reader {
 public:
-    Reader(std::string_view bytes, Scenario_Document& document) : Lines(bytes), Document(document) {}
+    Reader(std::string_view bytes, Scenario_Document& document, Misreads* misreads)
+        : Lines(bytes),
+          Document(document),
+          Misread_Words(misreads)
+    {}
 
     void Read()
     {
         Document.SZE_Title = Lines.Next();
         const auto line = Lines.Next();
-        Line_In second(line, Lines.Line_Number());
+        Line_In second(line, Lines.Line_Number(), Misread_Words);
         Evapotranspiration_Line(second, Document);
         Marker = Trim(second.Remainder());
         Document.SZE_Legacy_Crops = !Contains(line, Marker_Of_Extended_Rows);
@@ -62,7 +68,7 @@ private:
     Line_In Next()
     {
         const auto line = Lines.Next();
-        return Line_In(line, Lines.Line_Number());
+        return Line_In(line, Lines.Line_Number(), Misread_Words);
     }
 
     void Read_Crops()
@@ -105,10 +111,14 @@ private:
         // The dates behind count only under a marker with "ORVEL400". A senescence under "ORVEL401" is kept for the
         // engine; editors take the harvest in its place.
         Line_In behind = line;
-        if (const auto date = behind.Word(); Drops_Senescence && date.size() >= Date_Width)
+        const auto date = behind.Word();
+        if (Drops_Senescence && !date.empty() && !Is_Digits(date))
+            behind.Complain(date);
+        if (Drops_Senescence && date.size() >= Date_Width) {
             row.SZE_Sen_In_File =
                 Rotation_Date{static_cast<int>(Val(Columns(date, 1, 2))), static_cast<int>(Val(Columns(date, 3, 2))),
                               To_I16(Val(Columns(date, 5, 2)))};
+        }
         const bool has_dates = Contains(Marker, Marker_Derived_Tillage);
         const Date senescence = has_dates ? Next_Date(line) : harvest;
         row.SZE_Sen_Day = senescence.Day, row.SZE_Sen_Month = senescence.Month, row.SZE_Sen_Year = senescence.Year;
@@ -123,7 +133,7 @@ private:
         Soil_Line(soil, Document);
         Document.SZE_Runoff = Document.SZE_Water_Flag.Number() >= 2 ? 1 : 0;
         const auto line = Lines.Next();
-        Line_In horizons(line, Lines.Line_Number());
+        Line_In horizons(line, Lines.Line_Number(), Misread_Words);
         Horizon_Head_Line(horizons, Document);
         const int count = Checked_Count(Document.SZE_Horizons.Number(), Most_Horizons, "soil horizons",
                                         {Lines.Line_Number(), Column_Of(Trim(line), line)});
@@ -155,15 +165,16 @@ private:
 
     Line_Reader Lines;
     Scenario_Document& Document;
+    Misreads* Misread_Words;
     std::string_view Marker;
     bool Drops_Senescence = false;
 };
 
 } // namespace
 
-void Parse_SZE(std::string_view bytes, Scenario_Document& document)
+void Parse_SZE(std::string_view bytes, Scenario_Document& document, Misreads* misreads)
 {
-    Reader(bytes, document).Read();
+    Reader(bytes, document, misreads).Read();
 }
 
 } // namespace orvel

@@ -15,6 +15,7 @@ constexpr double Top_Metre = 100;            // cm
 constexpr double Leaching_Compartment = 2.5; // cm
 constexpr double Content_Compartment = 1;    // cm
 constexpr int Tillage_Days_Before_Emergence = 5;
+constexpr double Bare_Crop_Factor = 0.5; // Haude's factors: 0.11 of bare soil to 0.20 to 0.29 of a meadow
 constexpr std::int16_t Curve_Number_Fallow = 78, Curve_Number_Crop = 70, Curve_Number_Residue = 74;
 
 // Which scenarios serve as examples of features that most do not have.
@@ -88,6 +89,13 @@ Crop_Row Demo_Crop_Row(const Demo_Site& site, const Demo_Crop& crop)
     return row;
 }
 
+// The share of a day that a metre of soil gives up of the water above field capacity, were its drainage restricted:
+// saturated conductivities of about 100, 20 and 10 cm/d (order of Carsel & Parrish 1988).
+double Drainage_Of(double clay)
+{
+    return clay < 10 ? 5 : clay < 20 ? 2 : 1;
+}
+
 void Set_Soil(Scenario_Document& document, const Demo_Site& site, Demo_Purpose purpose)
 {
     for (const auto& horizon : site.Horizons) {
@@ -95,6 +103,7 @@ void Set_Soil(Scenario_Document& document, const Demo_Site& site, Demo_Purpose p
             break;
         document.SZE_Core_Depth += horizon.SZE_Hor_Thickness.Number();
         document.Horizons.push_back(horizon);
+        document.Horizons.back().SZE_Hor_Drainage = Drainage_Of(horizon.SZE_Hor_Clay);
         // A file with field capacity and wilting point has no field for the texture.
         document.Horizons.back().SZE_Hor_Sand = 0;
         document.Horizons.back().SZE_Hor_Clay = 0;
@@ -128,6 +137,7 @@ Scenario_Document Demo_Scenario_Document(const Demo_Site& site, const Demo_Crop&
     Reset_SZE(document);
     // Characters 4 and 5 are the scenario version, which the start form shows.
     document.SZE_Title = "DEM 1 " + site.Name + " - " + crop.Data.DB_Crop_Name + " - " + std::string(Title_Warning);
+    document.SZE_Kc[0][0] = Bare_Crop_Factor;
     document.SZE_ET_Method = 0;
     document.SZE_ET_Depth = 10;
     document.SZE_First_Crop = crop.Data.Defaults.SZE_Rot_Crop_No;

@@ -2,7 +2,10 @@
 
 #include "core/files.h"
 #include "core/system/program_path.h"
-#include "jobs/job_status.h"
+#include "output/run_outputs.h"
+#include "output/run_record.h"
+
+#include <algorithm>
 
 namespace orvel {
 
@@ -21,7 +24,9 @@ Program_Start Engine_Start(const fs::path& directory, const fs::path& engine)
 {
     std::error_code ignored;
     if (!fs::exists(engine, ignored))
-        throw Run_Refused("The engine " + engine.filename().string() + " is missing in the run directory.");
+        throw Run_Refused(
+            "The engine " + engine.filename().string() + " is missing in " +
+            (engine.parent_path() == directory ? "the run directory." : engine.parent_path().string() + "."));
     Program_Start start{.Program = engine, .Arguments = {}, .Directory = directory, .Output = Progress_Name};
     if (!Is_Windows_Program(engine))
         return start;
@@ -35,7 +40,10 @@ Program_Start Engine_Start(const fs::path& directory, const fs::path& engine)
 
 void Delete_Output(const fs::path& directory)
 {
-    for (const auto& name : List_Files(directory, "*.orv")) {
+    // The record first: what remains without one is not taken for finished.
+    std::vector<std::string> names = {std::string(Run_Record_Name)};
+    std::ranges::move(List_Files(directory, "*.orv"), std::back_inserter(names));
+    for (const auto& name : names) {
         std::error_code error;
         fs::remove(directory / name, error);
         if (error)

@@ -14,11 +14,11 @@ struct Run_Refused : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// How an engine is started in its run directory; what it prints is kept there as Progress_Name (job_status.h). A
+// How an engine is started in its run directory; what it prints is kept there as Progress_Name (run_outputs.h). A
 // Windows program is started through wine. Throws Run_Refused if the engine or wine is missing.
 Program_Start Engine_Start(const std::filesystem::path& directory, const std::filesystem::path& engine);
 
-// Deletes all output files of a directory. Throws Run_Refused if one cannot be deleted.
+// Deletes all output files of a directory and their record. Throws Run_Refused if one cannot be deleted.
 void Delete_Output(const std::filesystem::path& directory);
 
 } // namespace orvel

@@ -11,7 +11,9 @@ namespace orvel {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> Event_Names = {"begin", "started", "finished", "failed", "killed", "end"};
+constexpr std::array<std::string_view, 9> Event_Names = {"begin",  "started", "finished", "incomplete", "failed",
+                                                         "killed", "stopped", "kept",     "end"};
+constexpr std::size_t Longest_Job = 1U << 20U; // bytes at the journal's end that hold its last job
 constexpr std::size_t Time_Width = 19;
 constexpr int First_Year = 1900;
 
@@ -43,6 +45,9 @@ Job_Log::Job_Log(const std::filesystem::path& mode_directory)
 {
     std::error_code error;
     File = File_Handle(mode_directory / Job_Log_Name, File_Handle::Use::Append, error);
+    const std::string end = Read_Tail(mode_directory / Job_Log_Name, 1);
+    if (!error && !end.empty() && end != "\n")
+        error = File.Write("\n"); // a job was killed within a line
     if (error)
         throw File_Error("Cannot write " + (mode_directory / Job_Log_Name).string() + ": " + error.message() + ".");
 }
@@ -69,7 +74,7 @@ Job_History Parse_Job_Log(std::string_view text)
                 continue;
             const auto event = static_cast<Job_Event>(i);
             if (event == Job_Event::Begin)
-                history.Begin = Time_Of_Text(time);
+                history = {.Begin = Time_Of_Text(time)};
             else if (event == Job_Event::End)
                 history.Ended = true;
             else
@@ -80,11 +85,8 @@ Job_History Parse_Job_Log(std::string_view text)
 }
 
 Job_History Read_Job_Log(const std::filesystem::path& mode_directory)
-try {
-    return Parse_Job_Log(Read_Whole(mode_directory / Job_Log_Name));
-} catch (const File_Error& error) {
-    Pass_On_If_Unreadable(error);
-    return {};
+{
+    return Parse_Job_Log(Read_Tail(mode_directory / Job_Log_Name, Longest_Job));
 }
 
 std::string Time_Text(std::time_t time)

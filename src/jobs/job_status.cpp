@@ -9,6 +9,8 @@
 #include "core/system/times.h"
 #include "core/text.h"
 #include "jobs/job_log.h"
+#include "output/echo_file.h"
+#include "output/run_outputs.h"
 #include "runs/job_file.h"
 
 #include <algorithm>
@@ -22,12 +24,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t Tail = 64U << 10U; // an engine writes its errors and its last year at the end
-
-bool Holds_Error(std::string_view text)
-{
-    return Contains(text, "ERROR") || Contains(text, "E R R O R");
-}
+constexpr std::size_t Tail = 64U << 10U; // an engine writes its last year at the end
 
 // The runs that the job file names; none if it cannot be read.
 std::vector<fs::path> Runs_Of_Job(const fs::path& directory)
@@ -55,9 +52,13 @@ double Last_Year(std::string_view text)
 
 void Count_Run(const fs::path& run, std::optional<Job_Event> event, Job_Progress& progress)
 {
+    ++progress.Runs;
+    if (event == Job_Event::Kept) {
+        ++progress.Done;
+        return;
+    }
     const double years = Years_Of_Run(run);
     progress.Years += years;
-    ++progress.Runs;
     if (!event)
         return;
     if (*event == Job_Event::Started && Is_Locked(run)) {
@@ -97,25 +98,12 @@ std::vector<std::string> First_Levels(const fs::path& directory)
     return names;
 }
 
-// Adds what only the job's log knows about a run: that it failed or was killed.
-Run_Result Result_With_Log(Run_Result result, const Job_History& history, const fs::path& root, const fs::path& run)
-{
-    if (history.Runs.empty() || result == Run_Result::Error || result == Run_Result::Killed)
-        return result;
-    const auto event = history.Runs.find(run.lexically_relative(root).string());
-    if (event == history.Runs.end())
-        return result;
-    return event->second == Job_Event::Killed   ? Run_Result::Killed
-           : event->second == Job_Event::Failed ? Run_Result::Error
-                                                : result;
-}
-
 Simulation Look_At(const fs::path& run)
 {
     Simulation simulation{.Pesticide = {}, .Crop = {}, .Location = {}, .Directory = run, .Date = Last_Change(run)};
     simulation.Status = Status_Of_Run(run);
-    if (simulation.Status == Run_Status::Data_Available)
-        simulation.Result = Result_Of_Run(run);
+    simulation.State = State_Of_Run(run);
+    simulation.Echo_Failed = simulation.State.Verdict == Verdict::Unrecorded && Simulation_Failed(run);
     return simulation;
 }
 
@@ -173,10 +161,25 @@ std::string_view Status_Text(Run_Status status)
     return Texts[static_cast<std::size_t>(status)];
 }
 
-std::string_view Result_Text(Run_Result result)
+std::string Result_Text(const Simulation& simulation)
 {
-    constexpr std::array<std::string_view, 4> Texts = {"", "finished", "ERROR", "killed"};
-    return Texts[static_cast<std::size_t>(result)];
+    const Run_State& state = simulation.State;
+    std::string text(Verdict_Text(state.Verdict));
+    if (state.Verdict == Verdict::Unrecorded)
+        return text + (simulation.Echo_Failed ? ": ERROR" : "");
+    if (state.Cut_Off)
+        return text + ": cut off";
+    if (state.Verdict == Verdict::Incomplete && state.Record &&
+        state.Record->Years_Found < state.Record->Years_Expected)
+        return text + ": " + Years_Text(state.Record->Years_Found, state.Record->Years_Expected);
+    return text;
+}
+
+std::string Explanation(const Simulation& simulation)
+{
+    if (simulation.Echo_Failed)
+        return std::string(Simulation_Failed_Text);
+    return simulation.State.Reason;
 }
 
 Run_Status Status_Of_Run(const fs::path& run)
@@ -188,24 +191,9 @@ Run_Status Status_Of_Run(const fs::path& run)
     return Is_Locked(run) || Is_Locked(*echo) ? Run_Status::Running : Run_Status::Data_Available;
 }
 
-Run_Result Result_Of_Run(const fs::path& run)
-{
-    const std::string echo = Read_Tail(Found_Or_New(run, "echo.orv"), Tail);
-    if (Contains(echo, "ERROR 99"))
-        return Run_Result::Killed;
-    return Holds_Error(echo) ? Run_Result::Error : Run_Result::Finished;
-}
-
-bool Echo_Holds_Error(const fs::path& run)
-{
-    return Holds_Error(Read_Tail(Found_Or_New(run, "echo.orv"), Tail));
-}
-
 std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
 {
     std::vector<Simulation> simulations;
-    const Job_History history = Read_Job_Log(mode_directory);
-    const std::time_t end_of_log = Last_Change(mode_directory / Job_Log_Name); // runs marked later are not in the log
     for (const auto& pesticide : List_Run_Levels(mode_directory)) {
         for (const auto& crop : First_Levels(mode_directory / pesticide)) {
             for (const auto& location : First_Levels(mode_directory / pesticide / crop)) {
@@ -213,10 +201,6 @@ std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
                 simulation.Pesticide = List_Name(pesticide);
                 simulation.Crop = List_Name(crop);
                 simulation.Location = List_Name(location);
-                const bool marked_since = simulation.Status == Run_Status::Scheduled && simulation.Date > end_of_log;
-                if (simulation.Status != Run_Status::Running && !marked_since)
-                    simulation.Result =
-                        Result_With_Log(simulation.Result, history, mode_directory, simulation.Directory);
             }
         }
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "output/run_state.h"
 #include "runs/mode.h"
 
 #include <ctime>
@@ -11,10 +12,6 @@
 namespace orvel {
 
 // The state of a job seen from outside: by locks and files, without waiting and without disturbing it.
-
-// File in the run directory that takes what an engine prints while it runs: "YEAR 3 OF 26". It is kept if the run
-// fails.
-constexpr std::string_view Progress_Name = "progress.orv";
 
 // Whether a job or an engine of the mode is at work. A missing probe file counts as running.
 bool Job_Running(const Program_State& program, const Mode& mode);
@@ -28,6 +25,7 @@ struct Job_Progress {
     double Years = 0, Years_Done = 0;                // simulated years of the whole job
     double Seconds_Left = -1;                        // -1: not known yet
 };
+// Runs that the job keeps count as done; their years are no part of it.
 Job_Progress Progress_Of_Job(const std::filesystem::path& mode_directory);
 
 // One line for the user: "3 of 12 runs, 2 running, 41 %, 3 min left".
@@ -38,21 +36,20 @@ std::string_view Status_Text(Run_Status status); // "Scheduled", "Running", "Dat
 
 Run_Status Status_Of_Run(const std::filesystem::path& run);
 
-enum class Run_Result { None, Finished, Error, Killed }; // None: not run yet, or at work
-std::string_view Result_Text(Run_Result result);         // "", "finished", "ERROR", "killed"
-
-// The result of a run whose data are available: ERROR if the echo holds one, killed if the engine could not finish it.
-Run_Result Result_Of_Run(const std::filesystem::path& run);
-// Whether the end of a run's echo file holds an error; false without an echo file.
-bool Echo_Holds_Error(const std::filesystem::path& run);
-
 struct Simulation {
     std::string Pesticide, Crop, Location; // as the list shows them, bytes of Windows-1252
     std::filesystem::path Directory;       // the run directory
     std::time_t Date = 0;                  // of the run directory
     Run_Status Status = Run_Status::Scheduled;
-    Run_Result Result = Run_Result::None;
+    Run_State State;
+    bool Echo_Failed = false; // of an unrecorded run: its echo holds an error
 };
+
+// What the list says beside the three texts: "complete", "incomplete: 12 of 26 years", "unrecorded: ERROR" ...
+std::string Result_Text(const Simulation& simulation);
+
+// The reason, or what a user should know of an unrecorded run: one sentence; empty if there is nothing to tell.
+std::string Explanation(const Simulation& simulation);
 
 // All run directories of a mode, sorted by pesticide, crop and location. At most 31 crops of a pesticide and 31
 // locations of a crop.

@@ -107,7 +107,15 @@ std::vector<Simulation> Failed_And_Not_Marked(const fs::path& mode_directory,
 
 bool Has_Failed(const Simulation& simulation)
 {
-    return simulation.Result == Run_Result::Error || simulation.Result == Run_Result::Killed;
+    switch (simulation.State.Verdict) {
+    case Verdict::Failed:
+    case Verdict::Incomplete:
+        return !simulation.State.Unreadable;
+    case Verdict::Unrecorded:
+        return simulation.Echo_Failed;
+    default:
+        return false;
+    }
 }
 
 int Mark_Failed_Again(const Program_State& program, const Ask_Function& ask, const Mode& mode,

@@ -8,7 +8,7 @@ namespace orvel {
 
 // Marks failed simulations for the pending batch again.
 
-// Whether a simulation ended with an error or was killed.
+// Whether a simulation failed or ended early, by its record or, without one, by its echo.
 bool Has_Failed(const Simulation& simulation);
 
 // Asks once, then marks the simulations of the list that failed and are not yet marked: with the present pesticide and

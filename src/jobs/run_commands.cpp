@@ -5,8 +5,10 @@
 #include "core/json.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "jobs/input_changes.h"
 #include "jobs/job_log.h"
 #include "jobs/start_batch.h"
+#include "output/run_outputs.h"
 #include "runs/batch.h"
 #include "runs/output_selection.h"
 #include "runs/selection.h"
@@ -107,6 +109,46 @@ bool Mark_Every(const Session& session, const Mode& mode, const List_Entries& ch
     return result.Failed == 0;
 }
 
+// The years asked for and found: by the record, else by the engine's files.
+std::pair<int, int> Years_Of(const Simulation& simulation)
+{
+    const Run_State& state = simulation.State;
+    if (state.Record)
+        return {state.Record->Years_Expected, state.Record->Years_Found};
+    const Run_Request request = Read_Run_Request(simulation.Directory);
+    if (state.Verdict == Verdict::Running)
+        return {request.Years, static_cast<int>(Years_Done(simulation.Directory, request.Years))};
+    if (state.Verdict == Verdict::Scheduled)
+        return {request.Years, 0};
+    return {request.Years, Find_Outputs(simulation.Directory, request).Years_Found};
+}
+
+void Put_Simulation(Json_Writer& json, const Simulation& simulation, Input_Changes& changes)
+{
+    const auto [expected, found] = Years_Of(simulation);
+    json.Object([&] {
+        json.Member("pesticide", simulation.Pesticide);
+        json.Member("crop", simulation.Crop);
+        json.Member("location", simulation.Location);
+        json.Member("directory", Path_Text(simulation.Directory));
+        json.Member("date", Date_Text(simulation.Date));
+        json.Member("status", Status_Text(simulation.Status));
+        json.Member("verdict", Verdict_Text(simulation.State.Verdict));
+        json.Member("years_expected", expected);
+        json.Member("years_found", found);
+        json.Key("exit");
+        if (simulation.State.Record && simulation.State.Record->Exit)
+            json.Value(*simulation.State.Record->Exit);
+        else
+            json.Null();
+        json.Key("changed_inputs");
+        json.Array([&] {
+            for (const auto& name : changes.Of(simulation))
+                json.Value(name);
+        });
+    });
+}
+
 // Waits for the job to end and returns its exit code.
 int Wait_For_Job(const std::filesystem::path& mode_directory, int process, const Progress_Report& report)
 {
@@ -152,16 +194,26 @@ std::optional<std::vector<std::string>> Mark(Session& session, const Mark_Reques
     return runs;
 }
 
-bool Start(const Session& session, const Mode& mode, int jobs, const Progress_Report& report)
+bool Start(const Session& session, const Mode& mode, const Job_Order& order, const Progress_Report& report)
 {
-    const Started_Job job = Start_Batch(session.Program, session.Ask, mode, jobs);
+    const Started_Job job = Start_Batch(session.Program, session.Ask, mode, order);
     if (job.Result != Start_Result::Started)
-        return false;
+        return job.Result == Start_Result::Nothing_Pending && order.Selection != Job_Selection::Fresh;
     const auto directory = Mode_Directory(session.Program, mode);
     if (!report.Tell || Wait_For_Job(directory, job.Process, report) == 0)
         return true;
     return Refuse(session.Ask,
                   "Not every simulation has finished. " + Path_Text(directory / Job_Log_Name) + " tells which.");
+}
+
+bool Stop(const Session& session, const Mode& mode, bool wait)
+{
+    constexpr std::chrono::milliseconds Pause(50);
+    if (!Stop_Job(session.Program, session.Ask, mode))
+        return false;
+    while (wait && Job_Running(session.Program, mode))
+        std::this_thread::sleep_for(Pause);
+    return true;
 }
 
 std::string Simulation_Lines(const std::vector<Simulation>& simulations)
@@ -170,28 +222,21 @@ std::string Simulation_Lines(const std::vector<Simulation>& simulations)
     for (const auto& simulation : simulations) {
         lines += simulation.Pesticide + "\t" + simulation.Crop + "\t" + simulation.Location + "\t" +
                  Date_Text(simulation.Date) + "\t" + std::string(Status_Text(simulation.Status));
-        if (simulation.Result == Run_Result::Error || simulation.Result == Run_Result::Killed)
-            lines += "\t" + std::string(Result_Text(simulation.Result));
+        const auto verdict = simulation.State.Verdict;
+        if (verdict != Verdict::Complete && verdict != Verdict::Running && verdict != Verdict::Scheduled)
+            lines += "\t" + Result_Text(simulation);
         lines += "\n";
     }
     return lines;
 }
 
-std::string Simulation_Json(const std::vector<Simulation>& simulations)
+std::string Simulation_Json(const Program_State& program, const std::vector<Simulation>& simulations)
 {
+    Input_Changes changes(program.App_Path);
     Json_Writer json;
     json.Array([&] {
-        for (const auto& simulation : simulations) {
-            json.Object([&] {
-                json.Member("pesticide", simulation.Pesticide);
-                json.Member("crop", simulation.Crop);
-                json.Member("location", simulation.Location);
-                json.Member("date", Date_Text(simulation.Date));
-                json.Member("status", Status_Text(simulation.Status));
-                json.Member("result", Result_Text(simulation.Result));
-                json.Member("directory", Path_Text(simulation.Directory));
-            });
-        }
+        for (const auto& simulation : simulations)
+            Put_Simulation(json, simulation, changes);
     });
     return json.Written();
 }

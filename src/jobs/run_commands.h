@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jobs/job.h"
 #include "jobs/job_status.h"
 #include "runs/output_selection.h"
 
@@ -33,13 +34,18 @@ struct Progress_Report {
 
 // Starts the job of the pending batch; with a report it waits for the end and reports progress meanwhile. False:
 // refused, or a run failed, and the user has been told.
-bool Start(const Session& session, const Mode& mode, int jobs, const Progress_Report& report = {});
+// A start of runs of the last job that finds none of them is no refusal.
+bool Start(const Session& session, const Mode& mode, const Job_Order& order, const Progress_Report& report = {});
 
-// One line for each simulation, separated by tabs: pesticide, crop, location, date, status, and the result if the run
-// did not end well.
+// Asks the job of a mode to end; if `wait`, returns when nothing is at work any more.
+bool Stop(const Session& session, const Mode& mode, bool wait);
+
+// One line for each simulation, separated by tabs: pesticide, crop, location, date, status, and the verdict of a run
+// that has ended but is not complete.
 std::string Simulation_Lines(const std::vector<Simulation>& simulations);
 
-// The same as a JSON array of objects, in UTF-8, with the result of every run and its directory.
-std::string Simulation_Json(const std::vector<Simulation>& simulations);
+// The same as a JSON array of objects, in UTF-8, with the verdict, the years, the exit code and the changed inputs of
+// every run and its directory. Throws File_Error if an output cannot be read.
+std::string Simulation_Json(const Program_State& program, const std::vector<Simulation>& simulations);
 
 } // namespace orvel

@@ -6,7 +6,9 @@
 #include "core/system/lock.h"
 #include "core/system/rights.h"
 #include "runs/batch.h"
+#include "runs/bin.h"
 #include "runs/job_file.h"
+#include "runs/run_place.h"
 
 #include <algorithm>
 
@@ -26,34 +28,43 @@ bool Is_At_Work(const fs::path& run)
 
 // Whether none of the three levels of a run below its mode's directory is a link: a link leads elsewhere, and what lies
 // there is not ours to delete.
-bool Is_In_Place(const fs::path& run)
-{
-    fs::path level = run;
-    for (int i = 0; i < Run_Levels; ++i, level = level.parent_path()) {
-        std::error_code error;
-        if (!Is_Run_Level(level.filename().string()) ||
-            fs::symlink_status(level, error).type() != fs::file_type::directory)
-            return false;
-    }
+bool Is_In_Place(const fs::path& mode_directory, const fs::path& run)
+try {
+    Check_No_Link(mode_directory, run);
     return true;
+} catch (const File_Error&) {
+    return false;
 }
 
-bool May_Be_Removed(const fs::path& run)
+bool May_Be_Removed(const fs::path& mode_directory, const fs::path& run)
 {
-    return Is_In_Place(run) && !Is_At_Work(run);
+    return Is_In_Place(mode_directory, run) && !Is_At_Work(run);
 }
 
-// Deletes the files, then the directory; a directory that holds another one stays. False: it is still there.
-bool Remove_Run(const fs::path& run)
-{
-    if (!May_Be_Removed(run))
+// Moves a run to the bin. False: it is still there.
+bool Remove_Run(const fs::path& mode_directory, const fs::path& run)
+try {
+    std::error_code ignored;
+    const bool is_there = fs::is_directory(run, ignored);
+    if (!is_there || !May_Be_Removed(mode_directory, run))
         return false;
+    Move_To_Bin(mode_directory, run);
+    return true;
+} catch (const File_Error&) {
+    return false;
+}
+
+// Deletes what was only prepared.
+void Delete_Leftover(const fs::path& mode_directory, const fs::path& run)
+{
+    if (!May_Be_Removed(mode_directory, run))
+        return;
     std::error_code error;
     for (const auto& file : List_Files(run, "*")) {
         if (!fs::remove(run / file, error))
-            return false;
+            return;
     }
-    return fs::remove(run, error);
+    fs::remove(run, error);
 }
 
 // Removes a level that no longer holds a run, unless the user has put something else there.
@@ -81,9 +92,11 @@ void Clean_Leftovers(const fs::path& mode_directory)
         pending.push_back(Run_Path(mode_directory, run));
     for (const auto& simulation : Simulation_List(mode_directory)) {
         const fs::path& run = simulation.Directory;
-        if (Has_Readable_Echo(run) || std::ranges::find(pending, run) != pending.end())
+        // A record or any output tells of a run, also one that left no echo.
+        if (simulation.State.Verdict != Verdict::Scheduled || Has_Readable_Echo(run) ||
+            std::ranges::find(pending, run) != pending.end())
             continue;
-        Remove_Run(run);
+        Delete_Leftover(mode_directory, run);
     }
     for (const auto& pesticide : List_Run_Levels(mode_directory)) {
         if (fs::is_symlink(mode_directory / pesticide))
@@ -104,18 +117,19 @@ try {
                            Button::Yes};
     if (simulations.empty() || ask(question) != Button::Yes)
         return 0;
+    const fs::path directory = Mode_Directory(program, mode);
     std::vector<fs::path> going;
     for (const auto& simulation : simulations) {
-        if (May_Be_Removed(simulation.Directory))
+        if (May_Be_Removed(directory, simulation.Directory))
             going.push_back(simulation.Directory);
     }
     // Done first, so that a batch never names a directory that is gone.
-    Take_Out_Of_Batch(program.App_Path, Mode_Directory(program, mode), going);
+    Take_Out_Of_Batch(program.App_Path, directory, going);
     int removed = 0;
     for (const auto& simulation : simulations) {
         const fs::path& run = simulation.Directory;
         std::error_code unknown;
-        if (Remove_Run(run))
+        if (Remove_Run(directory, run))
             ++removed;
         else if (fs::symlink_status(run, unknown).type() != fs::file_type::not_found) // already gone: nothing to report
             Tell(ask, Deleting,

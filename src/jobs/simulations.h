@@ -12,10 +12,10 @@ namespace orvel {
 // that the pending batch names stay. Crop directories left empty are removed too. Errors are not reported.
 void Clean_Leftovers(const std::filesystem::path& mode_directory);
 
-// Asks, then removes the simulations and any crop and pesticide directories that become empty; marked ones leave the
-// pending batch. One that is at work stays, and the user is told; so does one that is reached through a link, since
-// nothing outside the mode's directory is ever deleted. Returns the number removed; 0 if the pending batch cannot be
-// changed.
+// Asks, then moves the simulations into the bin (bin.h) and removes any crop and pesticide directories that become
+// empty; marked ones leave the pending batch. One that is at work stays, and the user is told; so does one that is
+// reached through a link, since nothing outside the mode's directory is ever deleted. Returns the number removed; 0 if
+// the pending batch cannot be changed.
 int Delete_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                        const std::vector<Simulation>& simulations);
 

@@ -7,6 +7,7 @@
 #include "core/system/lock.h"
 #include "core/text.h"
 #include "jobs/single_run_start.h"
+#include "output/run_record.h"
 
 #include <algorithm>
 
@@ -25,6 +26,7 @@ std::vector<std::string> Input_Files(std::string_view control)
     Line_Reader lines(control);
     const int years = static_cast<int>(std::clamp(Val(lines.Next()), 0.0, static_cast<double>(Most_Years)));
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(years) + 2);
     for (int i = 0; i < years + 2; ++i)
         names.emplace_back(Trim(lines.Next()));
     return names;
@@ -83,7 +85,7 @@ std::string Free_Archive_Name(const fs::path& directory)
 
 bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::string& folder)
 {
-    const auto output = List_Files(directory, "*.orv");
+    auto output = List_Files(directory, "*.orv");
     if (output.empty()) {
         Tell(ask, File_Check, "No output files in the current dirctory");
         return false;
@@ -93,6 +95,9 @@ bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::
         Tell(ask, File_Check, Still_At_Work);
         return false;
     }
+    std::error_code ignored;
+    if (fs::exists(directory / Run_Record_Name, ignored))
+        output.insert(output.begin(), std::string(Run_Record_Name)); // deleted first: no output is left to it
     const fs::path archive = directory / Path_Of(folder);
     bool made = false;
     try {
@@ -107,7 +112,6 @@ bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::
         if (!missing.empty())
             Tell(ask, File_Check, "The archive " + folder + " lacks input that is not there any more: " + missing + ".");
     } catch (const std::exception& error) {
-        std::error_code ignored;
         if (made)
             fs::remove_all(archive, ignored); // nothing has been moved out of the directory yet
         Tell(ask, File_Check,

@@ -1,10 +1,16 @@
 #include "jobs/single_run_start.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/system/lock.h"
+#include "core/system/program_path.h"
+#include "core/system/spawn.h"
 #include "jobs/engine_start.h"
+#include "jobs/job.h"
 #include "jobs/job_status.h"
+#include "jobs/run_recording.h"
 #include "runs/run_control.h"
+#include "runs/run_place.h"
 
 #include <chrono>
 
@@ -22,7 +28,8 @@ bool Tell_Failed(const Ask_Function& ask, std::string_view text)
 
 } // namespace
 
-bool Start_Single_Run(Session& session, const fs::path& directory, const Single_Run_Entry& entry)
+bool Start_Single_Run(Session& session, const fs::path& directory, const Single_Run_Entry& entry,
+                      const fs::path& runner)
 {
     constexpr std::chrono::milliseconds Most(200);
     const auto lock = Lock::Take_Within(directory, Most);
@@ -39,17 +46,35 @@ bool Start_Single_Run(Session& session, const fs::path& directory, const Single_
     if (!fs::is_regular_file(engine, ignored))
         return Tell_Failed(session.Ask, "Orvel not found"); // checked before any output is deleted
     try {
-        Program_Start start = Engine_Start(directory, engine);
-        Delete_Output(directory);
-        start.Kept_Descriptor = lock->Descriptor();
-        start.Own_Session = true;
-        Start_Program(start);
-        return true;
-    } catch (const File_Error&) {
-        return Tell_Failed(session.Ask, "Orvel not found");
-    } catch (const Run_Refused& refused) {
-        return Tell_Failed(session.Ask, refused.what());
+        for (const auto& place : {directory, session.Program.App_Path, engine})
+            Check_Not_Open_To_All(place);
+        Engine_Start(directory, engine);
+        Inputs_Of_Run(directory);
+        Remove_Stop_Request(directory);
+    } catch (const std::runtime_error& refused) { // Run_Refused and File_Error
+        return Tell_Failed(session.Ask, To_Code_Page(refused.what()));
     }
+    try {
+        Start_Program({.Program = runner.empty() ? Program_Beside("orveljob") : runner,
+                       .Arguments = {"--single", engine.string(), "--lock", std::to_string(Kept_As), "."},
+                       .Directory = directory,
+                       .Output = {},
+                       .Kept_Descriptor = lock->Descriptor(),
+                       .Own_Session = true});
+        return true;
+    } catch (const File_Error& error) {
+        return Tell_Failed(session.Ask, To_Code_Page(error.what()));
+    }
+}
+
+bool Stop_Single_Run(const Ask_Function& ask, const fs::path& directory)
+try {
+    if (!Is_Locked(directory))
+        return Tell_Failed(ask, "There is no engine at work in this directory.");
+    Write_Whole(directory / Stop_Name, "");
+    return true;
+} catch (const File_Error& error) {
+    return Tell_Failed(ask, To_Code_Page(error.what()));
 }
 
 Single_Run_State State_Of_Single_Run(const fs::path& directory, int years)

@@ -3,6 +3,10 @@
 #include "core/text.h"
 #include "output/quick_val.h"
 
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+
 namespace orvel {
 
 namespace {
@@ -49,6 +53,22 @@ constexpr int Chem_Rows_Below = 2;
 const Anchor& Block_Anchor(Balance_View view)
 {
     return view == Balance_View::Annual ? Year_Anchor : Month_Anchor;
+}
+
+// The sum of decimal figures as a decimal figure: what their binary forms add behind the last digit would turn a half
+// to the wrong side when it is printed.
+double Decimal_Sum(std::initializer_list<double> figures)
+{
+    constexpr int digits = 12;
+    double sum = 0, largest = 0;
+    for (const double figure : figures) {
+        sum += figure;
+        largest = std::max(largest, std::fabs(figure));
+    }
+    if (!(largest > 0) || !std::isfinite(sum))
+        return sum;
+    const double scale = std::pow(10, digits - std::floor(std::log10(largest)));
+    return std::isfinite(sum * scale) ? std::round(sum * scale) / scale : sum;
 }
 
 double Number(const Line_Scanner& file, Span span)
@@ -109,9 +129,10 @@ Water_Balance_Row Water_Block(Line_Scanner& wasser)
         wasser.Find(Water_Table_Anchor)
             ? Sum_Of_Rows(wasser, Water_Rows_Below, Water_Table_End, Transpiration_Span) * To_Litres
             : 0;
-    row.Evapotranspiration = transpiration + loss;
+    row.Evapotranspiration = Decimal_Sum({transpiration, loss});
     row.Percolate = Value_At(wasser, Recharge_Anchor, Recharge_Span) * To_Litres;
-    row.Diff_Storage = row.Precipitation + row.Irrigation - loss - transpiration - row.Percolate - row.Runoff;
+    row.Diff_Storage =
+        Decimal_Sum({row.Precipitation, row.Irrigation, -loss, -transpiration, -row.Percolate, -row.Runoff});
     return row;
 }
 
@@ -129,8 +150,8 @@ Pesticide_Balance_Row Pesticide_Block(Line_Scanner& chem, bool active_substance)
     if (Find_Either(chem, Macropore_Anchor, Total_Runoff_Anchor) && !Macropore_Anchor.In(chem.Line()))
         row.Runoff = Number(chem, Total_Span) * To_Grams;
     row.Percolate = Value_At(chem, Leached_Anchor, Total_Span) * To_Grams;
-    row.Diff_Storage =
-        row.Application - row.Volatilisation - row.Plant_Uptake - row.Percolate - row.Runoff - row.Degradation;
+    row.Diff_Storage = Decimal_Sum(
+        {row.Application, -row.Volatilisation, -row.Plant_Uptake, -row.Percolate, -row.Runoff, -row.Degradation});
     return row;
 }
 

@@ -15,6 +15,7 @@ constexpr Anchor Top_Anchor(" Total number of layers in the top meter:");
 constexpr Anchor Substance_Anchor("*** PARAMETERS OF ");
 constexpr Anchor Error_Anchor("ERROR");
 constexpr Anchor Spaced_Error_Anchor("E R R O R");
+constexpr Anchor Stopped_Anchor("ERROR 99");
 
 struct Span {
     std::size_t First, Width;
@@ -40,7 +41,10 @@ public:
             name.remove_suffix(std::min(Name_Mark, name.size()));
             Read.Substance_Names.emplace_back(name);
         }
-        Read.Holds_Error = Read.Holds_Error || Error_Anchor.In(line) || Spaced_Error_Anchor.In(line);
+        if (Error_Anchor.In(line) || Spaced_Error_Anchor.In(line)) {
+            Read.Holds_Error = true;
+            Read.Engine_Stopped = Read.Engine_Stopped || Stopped_Anchor.In(line);
+        }
     }
 
     // What was not found is looked for in the last line.

@@ -22,8 +22,9 @@ struct Echo_Layers {
 struct Echo {
     std::vector<std::string> Substance_Names; // the active substance first; at most ten
     bool Holds_Error = false;
-    bool At_Work = false; // an engine or a job held the run when the file was read
-    std::string Missing;  // why there is no echo, a sentence; empty if it was read
+    bool Engine_Stopped = false; // by its own last line: it did not come to its end
+    bool At_Work = false;        // an engine or a job held the run when the file was read
+    std::string Missing;         // why there is no echo, a sentence; empty if it was read
     std::filesystem::file_time_type Written;
     std::string Total, Top;                        // the counts of compartments as they stand in their columns
     std::string Water_Frequency, Solute_Frequency; // the lines that name the frequency of the output

@@ -123,10 +123,11 @@ try {
 
 std::vector<Parameter_Item> Parameters_Of_Run(const std::filesystem::path& run_directory)
 try {
+    if (!Find_File(run_directory, "plot.orv"))
+        return Fixed_Parameters();
     const Plot_Head head = Read_Plot_Head(run_directory);
     const std::string run_control = Read_Whole(Found_Or_New(run_directory, "orvel.inp"));
-    auto items = Parameters_Of(head, Substances_Of_Rows(run_control), Names_In_Run(run_directory, run_control));
-    return items.empty() ? Fixed_Parameters() : items;
+    return Parameters_Of(head, Substances_Of_Rows(run_control), Names_In_Run(run_directory, run_control));
 } catch (const File_Error& error) {
     Pass_On_If_Unreadable(error);
     return Fixed_Parameters();

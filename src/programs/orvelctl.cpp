@@ -5,6 +5,7 @@
 #include "core/system/standard_channels.h"
 #include "documents/documents.h"
 #include "installation/lay_out.h"
+#include "programs/orvelctl_records.h"
 #include "programs/orvelctl_report.h"
 #include "programs/orvelctl_results.h"
 #include "programs/orvelctl_runs.h"
@@ -33,8 +34,9 @@ try {
     session->Ask = Ask_On_Standard_Error;
     std::error_code error;
     if (!std::filesystem::is_directory(session->Program.App_Path, error))
-        throw File_Error("The directory " + session->Program.App_Path.string() +
-                         (error && !Is_Missing(error) ? " cannot be read: " + error.message() + "." : " does not exist."));
+        throw File_Error(
+            "The directory " + session->Program.App_Path.string() +
+            (error && !Is_Missing(error) ? " cannot be read: " + error.message() + "." : " does not exist."));
     if (!lays_out)
         Refuse_Unfinished(session->Program.App_Path);
     return command(*session);
@@ -101,6 +103,7 @@ int Do_Command_Line(int argc, char** argv)
     Add_Convert(app, command);
     Add_Show(app, command);
     Add_Run_Commands(app, command);
+    Add_Record_Commands(app, command);
     Add_Result_Commands(app, command);
     Add_Report_Command(app, command);
     Add_Series_Command(app, command);

@@ -2,8 +2,10 @@
 
 #include "core/files.h"
 #include "core/text.h"
+#include "output/run_state.h"
 #include "report/report_formats.h"
 #include "runs/start_up.h"
+#include "tables/table_cache.h"
 
 #include <CLI/CLI.hpp>
 #include <ctime>
@@ -34,11 +36,27 @@ int Do_Text(const std::vector<Summary_Request>& requests, const std::string& fil
     return std::cout ? Done : Refused;
 }
 
-int Do_Report(Session& session, const Report_Arguments& arguments)
+// Tells what every run lacks to be complete. Whether none lacks anything.
+bool All_Complete(const std::vector<Summary_Request>& requests)
 {
-    Find_Engine(session.Program);
-    const auto requests = Request_Summaries(session, *Mode_Named(arguments.Mode), Bytes_Of(arguments.Stem),
-                                            Bytes_Of(arguments.Crop), Codes_In(arguments.Codes));
+    bool complete = true;
+    for (const auto& request : requests) {
+        for (const auto& location : request.Locations) {
+            const auto verdict = State_Of_Run(location.Directory).Verdict;
+            std::string gap = Gap_Of(location.Directory);
+            if (gap.empty() && (verdict == Verdict::Running || verdict == Verdict::Scheduled))
+                gap = "The simulation is " + std::string(Verdict_Text(verdict)) + ".";
+            if (gap.empty())
+                continue;
+            Tell("Report", request.Crop + ", " + location.Text + ": " + gap);
+            complete = false;
+        }
+    }
+    return complete;
+}
+
+int Write_Report(Session& session, const Report_Arguments& arguments, const std::vector<Summary_Request>& requests)
+{
     if (arguments.File.empty())
         return Do_Text(requests, {});
     const auto& format = Report_Format_Of(arguments.File);
@@ -53,6 +71,15 @@ int Do_Report(Session& session, const Report_Arguments& arguments)
         Tell("Report", note);
     Write_Whole(arguments.File, format.Write(report));
     return Done;
+}
+
+int Do_Report(Session& session, const Report_Arguments& arguments)
+{
+    Find_Engine(session.Program);
+    const auto requests = Request_Summaries(session, *Mode_Named(arguments.Mode), Bytes_Of(arguments.Stem),
+                                            Bytes_Of(arguments.Crop), Codes_In(arguments.Codes));
+    const int code = Write_Report(session, arguments, requests);
+    return All_Complete(requests) ? code : Refused;
 }
 
 } // namespace

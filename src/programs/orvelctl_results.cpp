@@ -26,7 +26,10 @@ int Print_Tables(const Table_Status& status, std::string_view text)
         Tell("File check", Simulation_Failed_Text);
     else if (!status.Note().empty())
         Tell("File check", status.Note());
-    return status.Failure.empty() && !failed_run && std::cout ? Done : Refused;
+    const bool told = status.Note() == status.Gap && !failed_run;
+    if (!status.Gap.empty() && !told)
+        Tell("File check", status.Gap);
+    return status.Failure.empty() && status.Gap.empty() && !failed_run && std::cout ? Done : Refused;
 }
 
 int Do_Tables(const std::string& directory)

@@ -81,10 +81,10 @@ void Add_Mark(CLI::App& app, Command& command)
     });
 }
 
-int Do_Start(Session& session, const Mode& mode, int jobs, bool wait)
+int Do_Start(Session& session, const Mode& mode, const Job_Order& order, bool wait)
 {
     if (!wait)
-        return Start(session, mode, jobs) ? Done : Refused;
+        return Start(session, mode, order) ? Done : Refused;
     // A terminal gets one line that is updated, a log a line from time to time.
     const bool terminal = Error_Is_Terminal();
     const Progress_Report report{.Tell =
@@ -97,25 +97,55 @@ int Do_Start(Session& session, const Mode& mode, int jobs, bool wait)
             std::cerr << '\n';
             return ask(message);
         };
-    const bool all_well = Start(session, mode, jobs, report);
+    const bool all_well = Start(session, mode, order, report);
     if (terminal && all_well)
         std::cerr << '\n';
     return all_well ? Done : Refused;
 }
 
+struct Start_Options {
+    std::string Mode;
+    Job_Order Order;
+    int Limit = 0;
+    bool Wait = false, Resume = false, Failed = false;
+};
+
 void Add_Start(CLI::App& app, Command& command)
 {
-    auto* start = app.add_subcommand("start", "Start the job of the pending batch");
-    const auto mode = std::make_shared<std::string>();
-    const auto jobs = std::make_shared<int>(0);
-    const auto wait = std::make_shared<bool>(false);
-    Add_Mode(start, *mode);
-    start->add_option("--jobs", *jobs, "Runs at a time, one per processor if not given")
+    constexpr int Longest_Limit = 100'000'000; // seconds
+    auto* start = app.add_subcommand("start", "Start the job of the pending batch, or runs of the last job again");
+    const auto options = std::make_shared<Start_Options>();
+    Add_Mode(start, options->Mode);
+    start->add_option("--jobs", options->Order.Jobs, "Runs at a time, one per processor if not given")
         ->check(CLI::Range(1, 4096))
         ->option_text("N");
-    start->add_flag("--wait", *wait, "Show progress and return when the job has ended");
+    auto* limit = start->add_option("--limit", options->Limit, "End a run that takes longer; it counts as failed")
+                      ->check(CLI::Range(1, Longest_Limit))
+                      ->option_text("SECONDS");
+    start->add_flag("--wait", options->Wait, "Show progress and return when the job has ended");
+    auto* resume = start->add_flag("--resume", options->Resume,
+                                   "Run what the last job did not begin, or was cut off or stopped in");
+    start->add_flag("--failed", options->Failed, "Run what failed or is incomplete in the last job")->excludes(resume);
     start->callback([=, &command] {
-        command = [=](Session& session) { return Do_Start(session, *Mode_Named(*mode), *jobs, *wait); };
+        Job_Order order = options->Order;
+        if (limit->count() > 0)
+            order.Limit = options->Limit;
+        order.Selection = options->Resume   ? Job_Selection::Resume
+                          : options->Failed ? Job_Selection::Failed
+                                            : Job_Selection::Fresh;
+        command = [=](Session& session) { return Do_Start(session, *Mode_Named(options->Mode), order, options->Wait); };
+    });
+}
+
+void Add_Stop(CLI::App& app, Command& command)
+{
+    auto* stop = app.add_subcommand("stop", "End the job: running engines are ended, no further run starts");
+    const auto mode = std::make_shared<std::string>();
+    const auto wait = std::make_shared<bool>(false);
+    Add_Mode(stop, *mode);
+    stop->add_flag("--wait", *wait, "Return when the job has ended");
+    stop->callback([=, &command] {
+        command = [=](Session& session) { return Stop(session, *Mode_Named(*mode), *wait) ? Done : Refused; };
     });
 }
 
@@ -125,8 +155,14 @@ int Do_Status(const Session& session, const Mode& mode, bool json)
     if (!std::filesystem::is_directory(Mode_Directory(session.Program, mode), error) && (!error || Is_Missing(error)))
         throw File_Error("The directory " + Mode_Directory(session.Program, mode).string() + " does not exist.");
     const auto simulations = Simulation_List(Mode_Directory(session.Program, mode));
-    std::cout << (json ? Simulation_Json(simulations) : To_Utf8(Simulation_Lines(simulations)));
-    return std::cout.flush() ? Done : Refused;
+    std::cout << (json ? Simulation_Json(session.Program, simulations) : To_Utf8(Simulation_Lines(simulations)));
+    bool readable = true;
+    for (const auto& simulation : simulations) {
+        if (simulation.State.Unreadable)
+            session.Ask({"File check", simulation.State.Reason});
+        readable = readable && !simulation.State.Unreadable;
+    }
+    return std::cout.flush() && readable ? Done : Refused;
 }
 
 void Add_Status(CLI::App& app, Command& command)
@@ -146,6 +182,7 @@ void Add_Run_Commands(CLI::App& app, Command& command)
 {
     Add_Mark(app, command);
     Add_Start(app, command);
+    Add_Stop(app, command);
     Add_Status(app, command);
 }
 

@@ -4,6 +4,7 @@
 #include "jobs/single_run_archive.h"
 #include "jobs/single_run_start.h"
 #include "output/echo_file.h"
+#include "output/run_state.h"
 #include "runs/start_up.h"
 
 #include "core/files.h"
@@ -57,10 +58,13 @@ int Wait_For_End(const std::filesystem::path& directory, int years)
             std::cerr << (printed = state.Text) << '\n';
         std::this_thread::sleep_for(Pause);
     }
-    const bool begun = Find_File(directory, "echo.orv").has_value();
-    if (begun && !Simulation_Failed(directory))
+    const Run_State ended = State_Of_Run(directory);
+    if (ended.Verdict == Verdict::Complete)
         return Done;
-    Tell("File check", begun ? Simulation_Failed_Text : "The engine left no echo of its input.");
+    const bool begun = Find_File(directory, "echo.orv").has_value();
+    Tell("File check", !begun                         ? "The engine left no echo of its input."
+                       : Simulation_Failed(directory) ? std::string(Simulation_Failed_Text)
+                                                      : ended.Reason);
     return Refused;
 }
 

@@ -1,7 +1,8 @@
-// The job runner: orveljob [--jobs N] [--lock DESCRIPTOR] MODE_DIRECTORY runs the job file of a mode directory and
-// keeps its log.
+// The job runner: orveljob [--jobs N] [--limit SECONDS] [--resume | --failed] [--lock DESCRIPTOR] MODE_DIRECTORY runs
+// the job file of a mode directory and keeps its journal; orveljob --single ENGINE ... DIRECTORY runs one engine.
 #include "core/error.h"
 #include "core/system/lock.h"
+#include "core/system/signals.h"
 #include "core/system/standard_channels.h"
 #include "jobs/job.h"
 
@@ -18,8 +19,9 @@ namespace {
 enum Exit_Code { All_Finished = 0, A_Run_Failed = 1, Wrong_Use = 2, Already_Running = 3 };
 
 struct Command_Line {
-    int Jobs = 0;
-    int Lock_Number = -1; // the inherited descriptor that holds the directory's lock
+    Job_Order Order;
+    int Lock_Number = -1;         // the inherited descriptor that holds the directory's lock
+    std::filesystem::path Engine; // of a single run
     std::filesystem::path Directory;
 };
 
@@ -37,11 +39,18 @@ std::optional<Command_Line> Parse(int count, char** arguments)
     Command_Line line;
     for (int i = 1; i < count; ++i) {
         const std::string_view argument = arguments[i];
-        if (argument == "--jobs" || argument == "--lock") {
+        if (argument == "--resume" || argument == "--failed") {
+            line.Order.Selection = argument == "--resume" ? Job_Selection::Resume : Job_Selection::Failed;
+        } else if (argument == "--single" && i + 1 < count) {
+            line.Engine = arguments[++i];
+        } else if (argument == "--jobs" || argument == "--lock" || argument == "--limit") {
             const auto number = i + 1 < count ? Whole_Number(arguments[i + 1]) : std::nullopt;
-            if (!number)
+            if (!number || (argument == "--limit" && *number == 0))
                 return std::nullopt;
-            (argument == "--jobs" ? line.Jobs : line.Lock_Number) = *number;
+            if (argument == "--limit")
+                line.Order.Limit = number;
+            else
+                (argument == "--jobs" ? line.Order.Jobs : line.Lock_Number) = *number;
             ++i;
         } else if (line.Directory.empty() && !argument.starts_with("--")) {
             line.Directory = argument;
@@ -55,12 +64,20 @@ std::optional<Command_Line> Parse(int count, char** arguments)
 int Work(const Command_Line& line)
 try {
     const auto directory = std::filesystem::canonical(line.Directory);
-    const auto lock = line.Lock_Number >= 0 ? Lock::Adopt(line.Lock_Number) : Lock::Take(directory);
+    const bool adopted = line.Lock_Number >= 0;
+    auto lock = adopted ? Lock::Adopt(line.Lock_Number) : Lock::Take(directory);
     if (!lock) {
         std::fprintf(stderr, "A job is running in %s already.\n", directory.c_str());
         return Already_Running;
     }
-    return Run_Job(directory, line.Jobs).Failed == 0 ? All_Finished : A_Run_Failed;
+    if (!adopted)
+        Remove_Stop_Request(directory); // else the starter has done so, and a request that came since counts
+    Notice_When_Stopped();
+    Report_Failed_Writes();
+    const Job_Result result = line.Engine.empty() ? Run_Job(directory, line.Order)
+                                                  : Run_Single(directory, std::filesystem::absolute(line.Engine),
+                                                               lock->Descriptor(), line.Order.Limit);
+    return result.Failed == 0 ? All_Finished : A_Run_Failed;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return Wrong_Use;
@@ -77,6 +94,8 @@ int main(int argc, char** argv)
     const auto line = Parse(argc, argv);
     if (line)
         return Work(*line);
-    std::fputs("Usage: orveljob [--jobs N] MODE_DIRECTORY\n", stderr);
+    std::fputs("Usage: orveljob [--jobs N] [--limit SECONDS] [--resume | --failed] MODE_DIRECTORY\n"
+               "       orveljob --single ENGINE [--limit SECONDS] DIRECTORY\n",
+               stderr);
     return Wrong_Use;
 }

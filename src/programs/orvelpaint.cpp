@@ -32,8 +32,8 @@ void Paint_Series(Session& session, const Arguments& arguments)
 {
     const Daily_Request request{.Variable = static_cast<int>(Val(arguments[4])),
                                 .Cumulative = arguments[5] == "1",
-                                .From = *Parse_Month(arguments[6]),
-                                .To = *Parse_Month(arguments[7])};
+                                .From = Parse_Month(arguments[6]).value_or(Run_Month{}),
+                                .To = Parse_Month(arguments[7]).value_or(Run_Month{})};
     const Daily_Series series = Read_Daily_Series(Calendar_File(session, arguments[1], !Is_Of_A_Batch(arguments[1])),
                                                   arguments[1], static_cast<int>(Val(arguments[2])), request);
     Save_Chart(Daily_Diagram(series, request, arguments[3], X_Unit::Years), arguments[8]);

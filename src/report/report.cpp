@@ -8,7 +8,10 @@
 #include "files/pesticide_file.h"
 #include "jobs/job_status.h"
 #include "jobs/run_tree.h"
+#include "output/echo_file.h"
 #include "output/run_files.h"
+#include "output/run_outputs.h"
+#include "output/run_state.h"
 #include "report/report_chart.h"
 
 #include <algorithm>
@@ -59,14 +62,17 @@ std::string Problem_Of(const fs::path& directory)
     case Run_Status::Data_Available:
         break;
     }
-    switch (Result_Of_Run(directory)) {
-    case Run_Result::Error:
-        return "The simulation failed: the engine reports an error.";
-    case Run_Result::Killed:
+    const Run_State state = State_Of_Run(directory);
+    const Echo echo = Read_Echo(directory);
+    if (echo.Engine_Stopped)
         return "The simulation failed: the engine was ended before it had finished.";
-    default:
-        return {};
-    }
+    if (echo.Failed())
+        return "The simulation failed: the engine reports an error.";
+    if (state.Record && state.Verdict == Verdict::Incomplete &&
+        state.Record->Years_Found < state.Record->Years_Expected)
+        return "The simulation is incomplete: " + Years_Text(state.Record->Years_Found, state.Record->Years_Expected) +
+               ".";
+    return state.Is_Finished() ? "" : "The simulation is not complete: " + state.Reason;
 }
 
 Report_Run Run_Of(const Summary_Location& location, const std::string& stem)
@@ -130,7 +136,7 @@ private:
             throw File_Error(To_Utf8(tables.Failure));
         Period_Index = tables.Period_Index;
         Report_Run& run = Crop.Runs.back();
-        run.Problem = tables.Failure;
+        run.Problem = tables.Failure.empty() ? tables.Gap : tables.Failure;
         if (run.Problem.empty())
             run.Problem = Take(tables, location.Text, run);
     }
@@ -149,6 +155,8 @@ private:
             return "The simulation has other substances than that of the first location.";
         run.Years = static_cast<int>(years.front().Rows.size());
         run.Titles = tables.Titles;
+        run.Dry_Periods = static_cast<int>(
+            std::ranges::count_if(periods.front().Rows, [](const Leachate_Row& row) { return row.Percolate <= 0; }));
         Add_Percentiles(Diagrams, Crop.Runs.size() - 1, location, tables);
         for (std::size_t s = 0; s < periods.size(); ++s)
             Crop.Tables[s].Results.push_back(Result_Of_Run_In(periods[s], tables.Period_Index));
@@ -254,6 +262,18 @@ void Note_Engine(const Session& session, const std::vector<Summary_Request>& cro
                                "of the engine that computed them.");
 }
 
+void Note_Dry_Periods(Report& report)
+{
+    Note_Places(report, "Periods without percolate, which count as 0 in the percentile", [&](std::size_t crop) {
+        std::vector<std::string> names;
+        for (const auto& run : report.Crops[crop].Runs) {
+            if (run.Dry_Periods > 0)
+                names.push_back(run.Location + " " + std::to_string(run.Dry_Periods));
+        }
+        return List_Of(names);
+    });
+}
+
 void Note_Inputs(const Session& session, Report& report)
 {
     const auto present = Checked(session.Program.App_Path, Path_Of(report.Pesticide + ".psm"));
@@ -294,6 +314,7 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
     Note_Problems(report);
     Note_Places(report, "Further locations of the crop, not simulated",
                 [&](std::size_t crop) { return List_Of(crops[crop].Absent); });
+    Note_Dry_Periods(report);
     Note_Engine(session, crops, report);
     Note_Inputs(session, report);
     return report;

@@ -28,6 +28,7 @@ struct Report_Run {
     std::string Problem;             // why it has no result, a sentence; empty: it has one
     std::string Date;                // of the simulation
     int Years = 0;                   // simulated, warm-up included
+    int Dry_Periods = 0;             // evaluated ones without percolate at 1 m, which count as 0 in the percentile
     std::vector<std::string> Titles; // what the engine's output says of engine, scenario and pesticide
     Checked_File Pesticide, Scenario, Run_Control;
     std::vector<Report_Use> Uses;

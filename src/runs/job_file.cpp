@@ -115,6 +115,20 @@ std::vector<fs::path> Candidates(const fs::path& mode_directory, std::string_vie
     return found;
 }
 
+fs::path Only_Candidate(const fs::path& mode_directory, std::string_view directory)
+{
+    const auto candidates = Candidates(mode_directory, directory);
+    std::vector<fs::path> there;
+    std::ranges::copy_if(candidates, std::back_inserter(there), [](const fs::path& path) {
+        std::error_code ignored;
+        return fs::is_directory(path, ignored);
+    });
+    if (there.size() > 1)
+        throw File_Error("A line of the job file fits two directories, " + there[0].string() + " and " +
+                         there[1].string() + ": please rename the pesticide file of one of them.");
+    return there.empty() ? candidates.front() : there.front();
+}
+
 } // namespace
 
 std::vector<Job_Run> Parse_Job(std::string_view bytes)
@@ -150,15 +164,22 @@ std::vector<fs::path> Resolve_Runs(const fs::path& mode_directory, const std::ve
     std::vector<fs::path> paths;
     std::set<fs::path> taken;
     for (const auto& run : runs) {
-        const auto candidates = Candidates(mode_directory, run.Directory);
-        const auto free = std::ranges::find_if(candidates, [&](const fs::path& path) {
-            std::error_code ignored;
-            return !taken.contains(path) && (candidates.size() == 1 || fs::is_directory(path, ignored));
-        });
-        paths.push_back(free == candidates.end() ? candidates.front() : *free);
-        taken.insert(paths.back());
+        paths.push_back(Only_Candidate(mode_directory, run.Directory));
+        if (!taken.insert(paths.back()).second)
+            throw File_Error("The job file names the directory " + paths.back().string() + " twice.");
     }
     return paths;
+}
+
+std::optional<fs::path> Indistinct_Directory(const fs::path& mode_directory, std::string_view run_directory)
+{
+    const fs::path own = Run_Path(mode_directory, run_directory);
+    for (const auto& path : Candidates(mode_directory, Ansi_To_Dos(run_directory))) {
+        std::error_code ignored;
+        if (path != own && fs::is_directory(path, ignored))
+            return path;
+    }
+    return std::nullopt;
 }
 
 std::vector<fs::path> Read_Job_Runs(const fs::path& mode_directory)

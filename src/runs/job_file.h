@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,10 +29,14 @@ std::string Format_Job_Run(std::string_view run_directory, std::string_view engi
 // The bytes of the job file made from those of a pending batch.
 std::string Format_Job(std::string_view batch);
 
-// The directories of the runs below the mode directory. The code page of the cd lines is not one to one: lines that fit
-// several directories take them in turn.
+// The directories of the runs below the mode directory. The code page of the cd lines is not one to one: throws
+// File_Error for a line that fits several directories that are there, or the directory of another line.
 std::vector<std::filesystem::path> Resolve_Runs(const std::filesystem::path& mode_directory,
                                                 const std::vector<Job_Run>& runs);
+
+// A directory that is there and that a job could not tell from this run directory; nothing if there is none.
+std::optional<std::filesystem::path> Indistinct_Directory(const std::filesystem::path& mode_directory,
+                                                          std::string_view run_directory);
 
 // The directories of the runs in the job file of a mode directory. Throws File_Error.
 std::vector<std::filesystem::path> Read_Job_Runs(const std::filesystem::path& mode_directory);

@@ -6,9 +6,13 @@
 #include "core/numbers.h"
 #include "core/run_name.h"
 #include "core/system/lock.h"
+#include "core/text.h"
+#include "output/run_outputs.h"
 #include "runs/batch.h"
+#include "runs/bin.h"
 #include "runs/job_file.h"
 #include "runs/run_directory.h"
+#include "runs/run_place.h"
 #include "runs/selection.h"
 
 #include <algorithm>
@@ -71,6 +75,7 @@ bool May_Replace(const Ask_Function& ask, const fs::path& place)
 void Prepare(const fs::path& mode_directory, const std::string& run, const Run_Sources& sources, bool first)
 {
     const fs::path place = Run_Path(mode_directory, run);
+    Check_No_Link(mode_directory, place);
     if (Is_Waiting_In_Job(mode_directory, place, sources.Engine_Name))
         Refuse_Old_Output(place);
     New_Run_Directory made(place, sources);
@@ -81,6 +86,26 @@ void Prepare(const fs::path& mode_directory, const std::string& run, const Run_S
         throw Stage_Error(Batch_Stage, To_Code_Page(error.what()));
     }
     made.Keep();
+}
+
+// Two pesticide files may share a directory's name, or its line in a job: neither may take the place of the other.
+void Check_Own_Directory(const fs::path& mode_directory, const std::string& run, const std::string& pesticide)
+{
+    if (const auto other = Indistinct_Directory(mode_directory, run))
+        throw File_Error("A job could not tell this simulation from the one in " + other->string() +
+                         ": please rename the pesticide file.");
+    const std::string before = Read_Run_Request(Run_Path(mode_directory, run)).Pesticide;
+    if (!before.empty() && !Same_Text(before, pesticide))
+        throw File_Error("The directory of this simulation holds one of another pesticide file, " + To_Utf8(before) +
+                         ": please rename the pesticide file, or delete that simulation.");
+}
+
+// A batch that cannot be read is not lost when a new one begins.
+void Put_Damaged_Batch_Aside(const fs::path& mode_directory)
+{
+    std::error_code ignored;
+    if (fs::is_regular_file(Batch_File(mode_directory), ignored))
+        Move_To_Bin(mode_directory, Batch_File(mode_directory));
 }
 
 Mark_Result Mark_In_Turn(const Program_State& program, const Ask_Function& ask, const Mode& mode,
@@ -99,8 +124,11 @@ Mark_Result Mark_In_Turn(const Program_State& program, const Ask_Function& ask, 
         Tell(ask, Starting, Full_Text);
         return Mark_Result::Failed;
     }
+    Check_Own_Directory(directory, run, choice.Pesticide);
     if (!May_Replace(ask, Run_Path(directory, run)))
         return Mark_Result::Cancelled;
+    if (pending.empty())
+        Put_Damaged_Batch_Aside(directory);
     Prepare(directory, run, Sources_Of_Run(program, mode, choice), pending.empty());
     return Mark_Result::Marked;
 }
@@ -124,9 +152,20 @@ Mark_Result Mark_For_Batch(const Program_State& program, const Ask_Function& ask
     } catch (const Stage_Error& error) {
         Tell_Stage(ask, error);
     } catch (const File_Error& error) {
-        Tell(ask, Starting, error.what());
+        Tell(ask, Starting, To_Code_Page(error.what()));
     }
     return Mark_Result::Failed;
+}
+
+std::string Marked_Text(const Mark_All_Result& result)
+{
+    std::string text =
+        std::to_string(result.Marked) + (result.Marked == 1 ? " combination marked" : " combinations marked");
+    if (result.Passed_Over > 0)
+        text += ", " + std::to_string(result.Passed_Over) + " without valid application data";
+    if (result.Failed > 0)
+        text += ", " + std::to_string(result.Failed) + " not marked";
+    return text;
 }
 
 Mark_All_Result Mark_All(const Program_State& program, const Ask_Function& ask, const Mode& mode,

@@ -24,6 +24,9 @@ struct Mark_All_Result {
     int Failed = 0;      // refused by the user or by the system, each reported
 };
 
+// What marking did, as a form shows it: "3 combinations marked, 1 without valid application data".
+std::string Marked_Text(const Mark_All_Result& result);
+
 // Mark all for Batch: all locations of a pesticide file and a crop. Stops at the first refusal that would recur at
 // every location (a full batch). `progress` is called before each location with its index and the number of locations.
 Mark_All_Result Mark_All(const Program_State& program, const Ask_Function& ask, const Mode& mode,

@@ -6,6 +6,10 @@
 #include "core/system/flush.h"
 #include "core/system/lock.h"
 #include "core/system/rights.h"
+#include "output/run_outputs.h"
+#include "output/run_record.h"
+#include "runs/bin.h"
+#include "runs/run_place.h"
 
 namespace orvel {
 
@@ -170,7 +174,15 @@ void New_Run_Directory::Fill(const Run_Sources& sources)
 void New_Run_Directory::Put_In_Place()
 {
     std::error_code error;
-    if (fs::exists(Place, error)) {
+    const bool has_results = Has_Engine_Output(Place) || fs::exists(Place / Run_Record_Name, error);
+    if (has_results) {
+        try {
+            Earlier = Move_To_Bin(Place.parent_path().parent_path().parent_path(), Place);
+            Earlier_Is_Binned = true;
+        } catch (const File_Error& refusal) {
+            throw Stage_Error(Old_Directory, To_Code_Page(refusal.what()));
+        }
+    } else if (fs::exists(Place, error)) {
         const auto aside = Make_Unique_Directory(Place.parent_path() / Beside_Begin);
         if (aside)
             fs::rename(Place, *aside, error);
@@ -188,7 +200,7 @@ void New_Run_Directory::Keep()
 {
     Kept = true;
     std::error_code ignored;
-    if (!Earlier.empty())
+    if (!Earlier.empty() && !Earlier_Is_Binned)
         fs::remove_all(Earlier, ignored);
 }
 

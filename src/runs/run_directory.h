@@ -9,8 +9,8 @@
 
 namespace orvel {
 
-// A run directory is completed beside its place and then moved there, so that no failure can leave a half-made one or
-// lose earlier results.
+// A run directory is completed beside its place and then moved there, so that no failure can leave a half-made one.
+// Earlier results go to the bin first, where nothing but their age takes them away.
 
 // A failure and the stage of the preparation at which it happened; the text follows the heading in the message box.
 struct Stage_Error : File_Error {
@@ -41,7 +41,7 @@ public:
     ~New_Run_Directory(); // undoes everything unless Keep was called
 
     void Put_In_Place(); // throws Stage_Error
-    void Keep();         // removes the earlier run
+    void Keep();         // the earlier run stays in the bin; one without output is removed
 
 private:
     void Make();
@@ -49,6 +49,7 @@ private:
     void Take_Back();
 
     std::filesystem::path Place, Beside, Earlier;
+    bool Earlier_Is_Binned = false;
     std::vector<std::filesystem::path> Made_Above; // levels that did not exist before
     bool In_Place = false, Kept = false;
 };

@@ -74,6 +74,16 @@ std::string Fault_Text(Selection_Fault fault, const Mode& mode, const Run_Choice
     return {};
 }
 
+// Why nothing can be run with what the lists offer.
+std::string Missing_Text(const Mode& mode, std::string_view pesticide, const Crop* crop)
+{
+    if (pesticide.empty())
+        return "There is no pesticide file in the installation directory.";
+    return crop == nullptr ? std::string()
+                           : "There is no scenario file for " + std::string(crop->Text) + " in the directory " +
+                                 std::string(mode.Directory) + ".";
+}
+
 // What is wrong with the applications at the location, whose block is -1 if the document has none. Relative ones may
 // be irregular.
 Selection_Fault Fault_Of_Applications(const Run_Choice& choice, int block, bool relative, const fs::path& scenario)
@@ -144,14 +154,20 @@ Selection Evaluate_Selection(const Program_State& program, const Ask_Function& a
 {
     Selection selected{.Choice = Choose_Run(mode, pesticide, crop, location)};
     Run_Choice& choice = selected.Choice;
+    if (crop == nullptr || location.empty() || pesticide.empty())
+        selected.Warnung = Missing_Text(mode, pesticide, crop);
     if (crop == nullptr || location.empty())
         return selected;
     const fs::path scenario = Found_Or_New(Mode_Directory(program, mode), choice.Scenario);
     const auto scenario_horizons = Horizons_Of(scenario, ask);
     choice.Tillage_Visible = Scenario_Tills(scenario);
     const auto document = std::make_unique<Pesticide_Document>();
-    if (pesticide.empty() || !Read_PSM(*document, Found_Or_New(program.App_Path, Path_Of(pesticide)), ask))
+    if (pesticide.empty())
         return selected;
+    if (!Read_PSM(*document, Found_Or_New(program.App_Path, Path_Of(pesticide)), ask)) {
+        selected.Warnung = std::string(pesticide) + " cannot be read.";
+        return selected;
+    }
     selected.Usable = true;
     choice.Met_Present = document->Met_Present;
     if (document->PSM_Legacy_Volat) {

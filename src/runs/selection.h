@@ -17,7 +17,7 @@ struct Selection {
 
     bool Usable = false; // all three are selected and the pesticide file could be read
     Selection_Fault Fault = Selection_Fault::None;
-    std::string Warnung; // the text of the fault
+    std::string Warnung; // the text of the fault, or what is missing
     std::string App_Modus, app_Date;
 
     bool Buttons_Enabled() const { return Usable && Fault == Selection_Fault::None; }

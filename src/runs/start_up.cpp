@@ -5,6 +5,8 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "core/version.h"
+#include "runs/batch.h"
+#include "runs/bin.h"
 #include "runs/output_selection.h"
 #include "ui/help_texts.h"
 
@@ -34,11 +36,24 @@ try {
     return false;
 }
 
-void Delete_Pending_Batch(const Program_State& program)
+fs::path Probe_Of(const Program_State& program)
 {
-    std::error_code ignored;
-    if (const auto batch = Find_File(Mode_Directory(program, Focus()), "batch.bat"))
-        fs::remove(*batch, ignored);
+    return Found_Or_New(Mode_Directory(program, Focus()), Focus().Probe_File);
+}
+
+// A batch that was not started is dropped, into the bin: but not while a mark is at work, another shell is open or a
+// job runs, whose user may still want it.
+void Drop_Pending_Batch(const Program_State& program)
+try {
+    const fs::path directory = Mode_Directory(program, Focus());
+    if (!Batch_Pending(directory) || Is_Locked(directory))
+        return;
+    const auto alone = Lock::Take(Probe_Of(program));
+    const auto turn = alone ? Acquire_Batch_Lock(program.App_Path) : std::nullopt;
+    if (alone && Batch_Pending(directory))
+        Move_To_Bin(directory, Batch_File(directory));
+} catch (const File_Error&) {
+    // Then it stays, for the next start.
 }
 
 void Write_Launcher(const Program_State& program)
@@ -88,7 +103,7 @@ bool Start_Up(Session& session)
     auto& program = session.Program;
     if (!Write_Test(program.App_Path))
         return false;
-    Delete_Pending_Batch(program);
+    Drop_Pending_Batch(program);
     program.Suite_Minor = Program_Version_Minor;
     Find_Engine(program);
     Write_Launcher(program);
@@ -97,6 +112,11 @@ bool Start_Up(Session& session)
     session.Editor.App_Loc_Index = 1;
     session.Output = Start_Output();
     return true;
+}
+
+std::optional<Lock> Sign_Of_Shell(const Program_State& program)
+{
+    return Lock::Take_Shared(Probe_Of(program));
 }
 
 void Check_Decimal_Separator(const Ask_Function& ask, std::string_view printed)

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/system/lock.h"
 #include "runs/mode.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,10 +12,14 @@ namespace orvel {
 
 // The rules behind the start form's Load and first Activate.
 
-// Sets the program up in App_Path: write test, pending batch files deleted, engine and versions, orvel.bat, start
-// values. False: the directory cannot be written, and the program ends without a message. A job that has been started
-// is not touched: its locks identify it.
+// Sets the program up in App_Path: write test, pending batch to the bin, engine and versions, orvel.bat, start values.
+// False: the directory cannot be written, and the program ends without a message. A job that has been started is not
+// touched: its locks identify it.
 bool Start_Up(Session& session);
+
+// Held by each desktop program while it is open, so that no other one drops the pending batch. Nothing if the file that
+// carries it is missing.
+std::optional<Lock> Sign_Of_Shell(const Program_State& program);
 
 // Finds the first engine of the directory and sets its name, its version, 4.01 for orvel401.exe, and the version labels
 // of engine and program. Without an engine the name is empty and the version 0.

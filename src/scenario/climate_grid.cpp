@@ -2,6 +2,8 @@
 
 #include "core/text.h"
 
+#include <chrono>
+
 namespace orvel {
 
 namespace {
@@ -42,12 +44,36 @@ std::string Climate_Grid::Cell(std::size_t row, std::size_t column) const
     if (const auto edited = Edited.find({row, column}); edited != Edited.end())
         return edited->second;
     const auto& shown = Shown.Rows[row];
+    if (column >= Text_Columns && Trim(shown.Cli_Day).empty()) // a new row
+        return {};
     return column < Text_Columns ? shown.*Texts[column] : Cell_Text(shown, Climate_Columns[column - Text_Columns]);
 }
 
 void Climate_Grid::Set_Cell(std::size_t row, std::size_t column, std::string_view text)
 {
     Edited[{row, column}] = text;
+}
+
+void Climate_Grid::Append_Rows(std::size_t count)
+{
+    Shown.Rows.resize(Shown.Rows.size() + count);
+}
+
+void Climate_Grid::Append_Day()
+{
+    Climate_Row row{.Cli_Day = "01", .Cli_Month = "01", .Cli_Year = "01"};
+    if (Rows() > 0) {
+        const auto last = Rows() - 1;
+        const auto part = [&](std::size_t column) { return static_cast<unsigned>(Val(Cell(last, column))); };
+        using namespace std::chrono;
+        const sys_days day = year(2000 + static_cast<int>(part(2))) / month(part(1)) / part(0);
+        const year_month_day next = day + days(1);
+        row.Cli_Day = Format_Pattern(static_cast<unsigned>(next.day()), "00");
+        row.Cli_Month = Format_Pattern(static_cast<unsigned>(next.month()), "00");
+        row.Cli_Year = Format_Pattern(static_cast<int>(next.year()) % 100, "00");
+        row.Cli_Hour = Cell(last, Hour_Column);
+    }
+    Shown.Rows.push_back(std::move(row));
 }
 
 std::vector<double> Climate_Grid::Values(std::size_t column) const

@@ -26,6 +26,14 @@ public:
     std::string Cell(std::size_t row, std::size_t column) const;
     void Set_Cell(std::size_t row, std::size_t column, std::string_view text);
 
+    bool Is_Edited(std::size_t row, std::size_t column) const { return Edited.contains({row, column}); }
+
+    // Empty rows behind the last one; those that get no day are left out of the table.
+    void Append_Rows(std::size_t count);
+
+    // A row for the day after the last one, with its hour; 1 January of year 01 in an empty grid.
+    void Append_Day();
+
     const std::string& Title() const { return Shown.Cli_Title; }
     void Set_Title(std::string_view title) { Shown.Cli_Title = title; }
 

@@ -31,11 +31,32 @@ Rotation_Row New_Row(const Rotation_Work& work, std::size_t crop)
     return row;
 }
 
-// The tillage year of the row's crop in the database: a rotation starts there, whether years count from 0 or 1.
-int First_Tillage_Year(const Rotation_Work& work, std::size_t row)
+// The date that begins a row: an untilled crop begins with its emergence.
+Crop_Stage First_Stage(const Rotation_Work& work, std::size_t row)
+{
+    return Is_Tilled(work, row) ? Crop_Stage::Tillage : Crop_Stage::Emergence;
+}
+
+// The year in which the row's crop begins in the database: a rotation starts there, whether years count from 0 or 1.
+int First_Year(const Rotation_Work& work, std::size_t row)
 {
     const auto* crop = Crop_Of(work, row);
-    return crop ? work.Data_Base[static_cast<std::size_t>(crop - work.Crops.data())].Default_Dates.SZE_Til_Year : 0;
+    if (!crop)
+        return 0;
+    const auto& defaults = work.Data_Base[static_cast<std::size_t>(crop - work.Crops.data())].Default_Dates;
+    return Date_Of(defaults, First_Stage(work, row)).Year;
+}
+
+// Moves all dates of a row back, except a tillage that its crop does not have.
+void Move_Back(Rotation_Work& work, std::size_t row, int years)
+{
+    for (const auto& [stage, label, suffix] : Crop_Stages) {
+        if (stage == Crop_Stage::Tillage && !Is_Tilled(work, row))
+            continue;
+        auto date = Date_Of(work.Rows[row], stage);
+        date.Year -= years;
+        Set_Date(work.Rows[row], stage, date);
+    }
 }
 
 Rotation_Row* Selected(Rotation_Work& work, std::optional<std::size_t> row)
@@ -116,23 +137,15 @@ void Rot_Close_Gap(Rotation_Work& work, std::size_t row)
 {
     if (row >= work.Rows.size())
         return;
-    const auto tillage = Date_Of(work.Rows[row], Crop_Stage::Tillage);
-    int shift = tillage.Year - First_Tillage_Year(work, row);
+    const auto begin = Date_Of(work.Rows[row], First_Stage(work, row));
+    int shift = begin.Year - First_Year(work, row);
     if (row > 0) {
         const auto harvest = Date_Of(work.Rows[row - 1], Crop_Stage::Harvest);
-        const bool too_late = Date_Key(harvest) > Date_Key({tillage.Day, tillage.Month, harvest.Year});
-        shift = tillage.Year - harvest.Year - (too_late ? 1 : 0);
+        const bool too_late = Date_Key(harvest) > Date_Key({begin.Day, begin.Month, harvest.Year});
+        shift = begin.Year - harvest.Year - (too_late ? 1 : 0);
     }
-    if (shift <= 0)
-        return;
-    for (auto r = row; r < work.Rows.size(); ++r) {
-        for (const auto stage :
-             {Crop_Stage::Tillage, Crop_Stage::Emergence, Crop_Stage::Maturation, Crop_Stage::Harvest}) {
-            auto date = Date_Of(work.Rows[r], stage);
-            date.Year -= shift;
-            Set_Date(work.Rows[r], stage, date);
-        }
-    }
+    for (auto r = row; shift > 0 && r < work.Rows.size(); ++r)
+        Move_Back(work, r, shift);
 }
 
 void Check_Rotation_Dates(Rotation_Work& work, int k)
@@ -149,7 +162,7 @@ void Check_Rotation_Dates(Rotation_Work& work, int k)
         if (i + 1 == work.Rows.size())
             return;
         auto& next = work.Rows[i + 1];
-        const auto first = Is_Tilled(work, i + 1) ? Crop_Stage::Tillage : Crop_Stage::Emergence;
+        const auto first = First_Stage(work, i + 1);
         if (Date_Key(Date_Of(next, first)) != 0)
             Raise_To(next, first, Date_Of(row, Crop_Stage::Harvest));
     }

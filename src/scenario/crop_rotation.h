@@ -40,9 +40,9 @@ std::size_t Rot_Insert(Rotation_Work& work, std::size_t row, std::size_t crop);
 // Removes a row and closes the gap. Returns the row to select, nothing for an empty list.
 std::optional<std::size_t> Rot_Remove(Rotation_Work& work, std::size_t row);
 
-// Moves the rows from `row` on back by whole years, so that a removal leaves no empty years. The years of tillage,
-// emergence, maturation and harvest move; senescence does not. The tillage date decides even if the crop is not tilled;
-// for the first row it returns to its year in the database, so that no rotation begins before the scenario.
+// Moves the rows from `row` on back by whole years, so that a removal leaves no empty years. All five dates move. The
+// tillage date decides, or the emergence of a crop that is not tilled, whose tillage date stays as it is; for the first
+// row it returns to its year in the database, so that no rotation begins before the scenario.
 void Rot_Close_Gap(Rotation_Work& work, std::size_t row);
 
 // Rolls dates forward: through tillage, emergence, maturation, senescence and harvest, and on to the next row, every

@@ -4,6 +4,7 @@
 #include "ui/number_field.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace orvel {
 
@@ -102,6 +103,8 @@ std::string Profile_Caption(const Scenario_Document& document, const Horizon_Gri
     double sum = 0;
     for (const auto& cells : grid.Cells)
         sum += Val(cells[Thickness_Column]);
+    if (!std::isfinite(sum))
+        return {};
     const std::string caption = "Sum of thickness: " + General_Text(sum) + " cm";
     return sum == document.SZE_Core_Depth ? caption
                                           : caption + ", core depth: " + General_Text(document.SZE_Core_Depth) + " cm";

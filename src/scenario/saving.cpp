@@ -36,12 +36,16 @@ std::string Date_Without_Room(const Rotation_Row& row, bool with_tillage)
     return {};
 }
 
+bool Crop_Is_Tilled(const Rotation_Row& row, const std::vector<Crop_Row>& crops)
+{
+    const auto index = static_cast<std::size_t>(std::max<int>(row.SZE_Rot_Crop_Index, 1)) - 1;
+    return index < crops.size() && crops[index].SZE_Rot_Tillage != 0;
+}
+
 bool Uses_Tillage(const Scenario_Document& document)
 {
-    return std::ranges::any_of(document.Rotation, [&](const Rotation_Row& row) {
-        const auto index = static_cast<std::size_t>(std::max<int>(row.SZE_Rot_Crop_Index, 1)) - 1;
-        return index < document.Crops.size() && document.Crops[index].SZE_Rot_Tillage != 0;
-    });
+    return std::ranges::any_of(document.Rotation,
+                               [&](const Rotation_Row& row) { return Crop_Is_Tilled(row, document.Crops); });
 }
 
 // The layout looks for tillage only among as many crops as there are rotation rows: a tilled crop after them leaves its
@@ -51,10 +55,12 @@ void Tell_Unwritten_Tillage(const Session& session)
     const auto& document = session.Scenario;
     if (!Uses_Tillage(document) || Has_Tillage(document))
         return;
-    const auto rows = std::to_string(document.SZE_Rot_Count);
-    session.Ask({"Data Check", "A rotation of " + rows +
-                                   " rows is saved with its dates of tillage and senescence only if one of the first " +
-                                   rows + " crops of the data base is tilled. They will not be in the file."});
+    const int rows = document.SZE_Rot_Count;
+    session.Ask(
+        {"Data Check", "A rotation of " + std::to_string(rows) + (rows == 1 ? " row" : " rows") +
+                           " is saved with its dates of tillage and senescence only if " +
+                           (rows == 1 ? "the first crop" : "one of the first " + std::to_string(rows) + " crops") +
+                           " of the data base is tilled. They will not be in the file."});
 }
 
 } // namespace
@@ -68,7 +74,7 @@ std::optional<Refusal> Prepare_Save(Session& session, std::string_view horizons)
     if (document.SZE_Horizons.Number() > static_cast<double>(document.Horizons.size()) ||
         Thickness_Of(document) != document.SZE_Core_Depth)
         return Refusal{{"Data Check", "Core depth and horizon thickness are not consistent"}, "Text_cor"};
-    if (const auto refusal = Check_Rotation_Digits(document.Rotation, document.Crops))
+    if (auto refusal = Check_Rotation_Digits(document.Rotation, document.Crops))
         return refusal;
     Limit_Macropore_Depth(document);
     Tell_Unwritten_Tillage(session);
@@ -84,10 +90,8 @@ std::optional<Refusal> Check_Open_Horizons(std::string_view horizons)
 
 std::optional<Refusal> Check_Rotation_Digits(const std::vector<Rotation_Row>& rows, const std::vector<Crop_Row>& crops)
 {
-    const bool with_tillage =
-        std::ranges::any_of(crops, [](const Crop_Row& crop) { return crop.SZE_Rot_Tillage != 0; });
     for (std::size_t r = 0; r < rows.size(); ++r) {
-        const auto date = Date_Without_Room(rows[r], with_tillage);
+        const auto date = Date_Without_Room(rows[r], Crop_Is_Tilled(rows[r], crops));
         if (!date.empty())
             return Refusal{
                 {"Data Check", "Row " + std::to_string(r + 1) +

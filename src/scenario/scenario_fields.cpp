@@ -150,6 +150,10 @@ std::string Field_Text(const Scenario_Document& document, std::string_view contr
 
 std::optional<Refusal> Leave_Field(Scenario_Edit edit, std::string_view control, std::string_view text)
 {
+    if (control != Title_Box) {
+        if (auto refusal = Check_Size(text, std::string(control)))
+            return refusal;
+    }
     if (Trim(text) != Field_Text(edit.Document, control)) {
         edit.Changed = true;
         Store(edit.Document, control, text);

@@ -1,5 +1,6 @@
 #include "substance/depth_grid.h"
 
+#include "core/text.h"
 #include "substance/horizon_table.h"
 #include "ui/number_field.h"
 
@@ -31,11 +32,17 @@ std::string_view Cell(const std::vector<std::string>& row, std::size_t column)
     return column < row.size() ? std::string_view(row[column]) : std::string_view();
 }
 
+// An empty cell keeps what a new row of the table begins with, so that no exponent becomes 0 by an OK.
+Variant Stored(std::string_view cell, double of_new_row)
+{
+    return Trim(cell).empty() ? Variant(of_new_row) : Typed_Number(cell);
+}
+
 void Store_Default_Factors(Pesticide_Document& document, const std::vector<std::string>& factors)
 {
     for (std::size_t row = 0; row < factors.size() && row + 1 < document.Horizons.size(); ++row) {
         for (auto& of_substance : document.Horizons[row + 1].Hor_Deg)
-            std::fill(of_substance.begin() + 1, of_substance.end(), Typed_Number(factors[row]));
+            std::fill(of_substance.begin() + 1, of_substance.end(), Stored(factors[row], Default_Factor));
     }
 }
 
@@ -62,7 +69,7 @@ std::string Horizon_Title(std::size_t row)
 Depth_Grid Load_Depth_Grid(const Pesticide_Document& document, int i, int rows)
 {
     const auto targets = Target_Columns(i);
-    const int stored = Horizons_Of(document);
+    const int stored = Rows_Of_Table(document);
     Depth_Grid grid;
     grid.Rows.assign(static_cast<std::size_t>(std::clamp(rows, 0, Most_Horizons)),
                      std::vector<std::string>(First_Target_Column + targets.size()));
@@ -97,10 +104,10 @@ void Accept_Depth_Grid(Pesticide_Document& document, int i, const Depth_Grid& gr
     for (std::size_t row = 0; row < grid.Rows.size() && row + 1 < document.Horizons.size(); ++row) {
         const auto& cells = grid.Rows[row];
         auto& horizon = document.Horizons[row + 1];
-        horizon.Hor_Kd[i] = Typed_Number(Cell(cells, Kd_Column));
-        horizon.Hor_FrExp[i] = Typed_Number(Cell(cells, Exponent_Column));
+        horizon.Hor_Kd[i] = Stored(Cell(cells, Kd_Column), Default_Kd);
+        horizon.Hor_FrExp[i] = Stored(Cell(cells, Exponent_Column), Default_Exponent);
         for (std::size_t k = 0; k < targets.size(); ++k)
-            horizon.Hor_Deg[i][targets[k].Factor] = Typed_Number(Cell(cells, First_Target_Column + k));
+            horizon.Hor_Deg[i][targets[k].Factor] = Stored(Cell(cells, First_Target_Column + k), Default_Factor);
     }
 }
 

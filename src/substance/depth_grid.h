@@ -34,14 +34,15 @@ struct Depth_Grid {
 
 std::string Horizon_Title(std::size_t row); // "Horizon 1" for row 0
 
-// The grid of substance i with as many rows as the substance form asks for; rows beyond the stored ones are empty.
+// The grid of substance i with as many rows as the substance form asks for; rows beyond the table are empty.
 Depth_Grid Load_Depth_Grid(const Pesticide_Document& document, int i, int rows);
 
 // "Trans.Factors from AS to MET A1 as Default", only for the active substance: copies the factors of the first target
 // to all other targets.
 void Default_From_First_Target(Depth_Grid& grid);
 
-// Stores the grid and its number of rows; the table grows and keeps its contents. An empty cell is 0.
+// Stores the grid and its number of rows; the table grows and keeps its contents. An empty cell has the default of its
+// column.
 void Accept_Depth_Grid(Pesticide_Document& document, int i, const Depth_Grid& grid);
 
 } // namespace orvel

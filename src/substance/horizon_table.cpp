@@ -9,10 +9,10 @@ namespace {
 Pesticide_Horizon Default_Horizon()
 {
     Pesticide_Horizon horizon;
-    horizon.Hor_Kd.fill(0);
-    horizon.Hor_FrExp.fill(0.9);
+    horizon.Hor_Kd.fill(Default_Kd);
+    horizon.Hor_FrExp.fill(Default_Exponent);
     for (auto& factors : horizon.Hor_Deg)
-        factors.fill(1);
+        factors.fill(Default_Factor);
     return horizon;
 }
 
@@ -23,10 +23,9 @@ std::size_t Rows_For(int n)
 
 } // namespace
 
-int Horizons_Of(const Pesticide_Document& document)
+int Rows_Of_Table(const Pesticide_Document& document)
 {
-    const int rows = std::max(0, static_cast<int>(document.Horizons.size()) - 1);
-    return static_cast<int>(std::clamp(document.N_Horizons.Number(), 0.0, static_cast<double>(rows)));
+    return std::max(0, static_cast<int>(document.Horizons.size()) - 2);
 }
 
 void Reset_Horizon_Table(Pesticide_Document& document, int n)

@@ -11,7 +11,7 @@ namespace orvel {
 
 struct PH_Entry {
     std::string s_KOC, s_pH;   // L/kg, the first pair
-    std::string s_KOC2, s_pH2; // the second pair
+    std::string s_KOC2, s_pH2; // the second pair; blank if there is none
     std::string s_pKa;
     bool s_Dataset = false; // "KOC only at a single pH known", not stored
     bool operator==(const PH_Entry&) const = default;

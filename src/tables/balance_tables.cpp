@@ -139,7 +139,10 @@ Balance_Tables Build_Or_Load_Balance(const fs::path& run_directory, Balance_View
 {
     Balance_Tables tables;
     Echo echo;
-    Build_With(tables, [&] { echo = Read_Echo(run_directory); });
+    Build_With(tables, [&] {
+        echo = Read_Echo(run_directory);
+        tables.Gap = Gap_Of(run_directory);
+    });
     if (!tables.Failure.empty())
         return tables;
     tables.Run_Failed = echo.Failed();

@@ -189,7 +189,10 @@ Leachate_Tables Build_Or_Load(const fs::path& run_directory, const Progress& pro
     Leachate_Tables tables;
     tables.Period_Index = period_index;
     Echo echo;
-    Build_With(tables, [&] { echo = Read_Echo(run_directory); });
+    Build_With(tables, [&] {
+        echo = Read_Echo(run_directory);
+        tables.Gap = Gap_Of(run_directory);
+    });
     if (!tables.Failure.empty())
         return tables;
     tables.Run_Failed = echo.Failed();

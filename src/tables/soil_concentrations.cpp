@@ -73,7 +73,10 @@ Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int
 {
     Soil_Concentrations soil;
     Echo echo;
-    Build_With(soil, [&] { echo = Read_Echo(run_directory); });
+    Build_With(soil, [&] {
+        echo = Read_Echo(run_directory);
+        soil.Gap = Gap_Of(run_directory);
+    });
     if (!soil.Failure.empty())
         return soil;
     soil.Run_Failed = echo.Failed();
@@ -86,7 +89,7 @@ Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int
             throw File_Error(echo.Missing);
         soil.Substance_Name = echo.Substance_Names;
         const auto head = Read(Found_Or_New(run_directory, "plot.orv"), depth, progress, soil, text);
-        soil.Not_Kept = Why_Not_Written(run_directory, soil, head, echo);
+        soil.Not_Kept = soil.Gap.empty() ? Why_Not_Written(run_directory, soil, head, echo) : soil.Gap;
     });
     soil.Text = text.Screen;
     if (!soil.Note().empty())

@@ -1,7 +1,10 @@
 #include "tables/table_cache.h"
 
 #include "core/files.h"
+#include "core/text.h"
 #include "output/run_files.h"
+#include "output/run_outputs.h"
+#include "output/run_state.h"
 
 #include <algorithm>
 
@@ -39,7 +42,7 @@ void Table_Cache::Write(const fs::path& run_directory, Echo echo, const Plot_Hea
 try {
     if (!status.Not_Kept.empty())
         return;
-    status.Not_Kept = Why_Not_Kept(echo, head);
+    status.Not_Kept = status.Gap.empty() ? Why_Not_Kept(echo, head) : status.Gap;
     if (status.Not_Kept.empty()) {
         Look_Again(echo, run_directory);
         status.Not_Kept = Why_Not_Kept(echo, head);
@@ -51,6 +54,29 @@ try {
     status.Kept = true;
 } catch (const File_Error& error) {
     status.Not_Kept = To_Code_Page(error.what());
+}
+
+std::string Gap_Of(const fs::path& run_directory)
+{
+    const Run_State state = State_Of_Run(run_directory);
+    if (state.Verdict == Verdict::Complete || state.Verdict == Verdict::Running)
+        return {};
+    int expected = 0, found = 0;
+    if (state.Record) {
+        expected = state.Record->Years_Expected;
+        found = state.Record->Years_Found;
+    } else {
+        expected = found = Read_Run_Request(run_directory).Years;
+        for (const auto& name : List_Files(run_directory, "*.orv")) {
+            if (Same_Text(name, "Wasser.orv") || Matches(name, "chem.orv") || Matches(name, "chem_??.orv"))
+                found = std::min(found, Years_In_Balance(run_directory / name));
+        }
+    }
+    if (found < expected)
+        return "The simulation is incomplete: " + Years_Text(found, expected) + ".";
+    return state.Verdict == Verdict::Unrecorded || state.Verdict == Verdict::Scheduled
+               ? std::string()
+               : "The simulation is not complete. " + state.Reason;
 }
 
 std::string Why_Not_Kept(const Echo& echo, const Plot_Head& head)

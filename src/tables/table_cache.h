@@ -24,7 +24,7 @@ struct Table_Cache {
     void Load_Or_Build(const std::filesystem::path& run_directory, Table_Status& status, Load load, Build build) const
     {
         Bytes bytes;
-        status.Found = Read(run_directory, status, bytes);
+        status.Found = status.Gap.empty() ? Read(run_directory, status, bytes) : Stored::Missing;
         if (status.Found == Stored::Good && !Takes(load, bytes))
             status.Found = Stored::Damaged;
         if (status.Found == Stored::Good) {
@@ -52,6 +52,10 @@ private:
 
     Stored Read(const std::filesystem::path& run_directory, Table_Status& status, Bytes& bytes) const;
 };
+
+// What a run lacks to be complete, a sentence: by its record or, without one, by the years of its balances. Empty if it
+// is complete, at work or not known to lack anything.
+std::string Gap_Of(const std::filesystem::path& run_directory);
 
 // A sentence that says why no table of a run may be kept; empty if it may.
 std::string Why_Not_Kept(const Echo& echo, const Plot_Head& head);

@@ -20,6 +20,7 @@ struct Table_Status {
     bool From_Cache = false; // the tables were read from those files
     bool Run_Failed = false; // the simulation failed, whatever its tables hold
     bool Unreadable = false; // the failure is that of a file that is there and cannot be read
+    std::string Gap;         // why the run is not complete: what there is of it is shown, but never stored
 
     Stored Found = Stored::Missing;
     std::filesystem::file_time_type Run_Changed = {}; // when the output was last changed; the least time without any

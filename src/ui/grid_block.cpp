@@ -83,6 +83,24 @@ std::string Heading_Lines(std::string_view heading)
     return lines;
 }
 
+std::optional<std::string> Cell_Hint(std::string_view text, const Number_Column& column)
+{
+    if (!column.Editable || !column.Choices.empty() || Trim(text).empty())
+        return std::nullopt;
+    if (auto hint = Reading_Hint(text))
+        return hint;
+    const auto refusal = Check_Size(text, {});
+    return refusal ? std::optional(refusal->Text.Text) : std::nullopt;
+}
+
+Message Unread_Cell(std::string_view row, const Number_Column& column, std::string_view text)
+{
+    std::string heading = Heading_Lines(column.Heading);
+    std::ranges::replace(heading, '\n', ' ');
+    return {"Data Check", std::string(Trim(row)) + ", " + heading + ": \"" + std::string(Trim(text)) +
+                              "\" cannot be read as a number."};
+}
+
 std::string Print_Block(const Grid_Block& block)
 {
     std::string text;

@@ -32,6 +32,12 @@ extern const Grid_Rule Number_Grid_Rule, Climate_Grid_Rule;
 // A text broken into heading lines: at wide gaps, and before a unit in brackets.
 std::string Heading_Lines(std::string_view heading);
 
+// What is wrong with the text of a cell that wants a number; nothing for an empty one and for a title or choice.
+std::optional<std::string> Cell_Hint(std::string_view text, const Number_Column& column);
+
+// That the text of a cell cannot be read as a number; `row` names its row.
+Message Unread_Cell(std::string_view row, const Number_Column& column, std::string_view text);
+
 using Grid_Block = std::vector<std::vector<std::string>>;
 
 std::string Print_Block(const Grid_Block& block);

@@ -48,6 +48,7 @@ Key_Action Number_Grid_Key(int code)
     case Key_Minus:
         return Append('-');
     case Key_Point:
+    case Key_Comma:
     case Pad_Point:
         return Append('.');
     case Key_E:

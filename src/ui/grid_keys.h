@@ -21,8 +21,8 @@ struct Key_Action {
     bool operator==(const Key_Action&) const = default;
 };
 
-// The grids of numbers (horizons, depth dependence, applications): digits, minus, point and E; Delete removes the last
-// character.
+// The grids of numbers (horizons, depth dependence, applications): digits, minus, E, point (the comma key too); Delete
+// removes the last character.
 Key_Action Number_Grid_Key(int code);
 
 // The climate grid: codes 47 to 57, E, point (the comma key too), plus and minus; Backspace removes the last character.

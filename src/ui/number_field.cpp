@@ -10,6 +10,8 @@ namespace orvel {
 
 namespace {
 
+constexpr double Beyond_All_Measure = 1e300;
+
 std::size_t Digits_From(std::string_view text, std::size_t at)
 {
     const auto end = text.find_first_not_of("0123456789", at);
@@ -65,6 +67,13 @@ std::optional<std::string> Reading_Hint(std::string_view typed)
 Variant Typed_Number(std::string_view typed)
 {
     return Is_Read_As_It_Looks(Trim(typed)) ? Variant(typed) : Variant(Val(typed));
+}
+
+std::optional<Refusal> Check_Size(std::string_view typed, std::string control)
+{
+    if (std::abs(Val(typed)) < Beyond_All_Measure)
+        return std::nullopt;
+    return Refusal{{"Data check", "\"" + std::string(Trim(typed)) + "\" is too large a number."}, std::move(control)};
 }
 
 std::int16_t Typed_Integer(std::string_view typed)

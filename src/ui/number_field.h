@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/message.h"
 #include "core/variant.h"
 
 #include <cstdint>
@@ -18,6 +19,9 @@ std::optional<std::string> Reading_Hint(std::string_view typed);
 // What a document stores for a number field: the text as typed if it is a number from end to end, else the number read
 // from it, so that no blank or comma gets into a file that is split at blanks.
 Variant Typed_Number(std::string_view typed);
+
+// Refuses a number so large that sums and products of it leave the range of numbers.
+std::optional<Refusal> Check_Size(std::string_view typed, std::string control);
 
 // The value of a field of whole numbers: rounded, halves to even, and clamped to the range of an i16.
 std::int16_t Typed_Integer(std::string_view typed);

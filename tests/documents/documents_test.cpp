@@ -116,10 +116,10 @@ TEST_F(Documents, Converting_Tells_A_Field_That_Is_Lost_And_Goes_On)
 {
     const auto text = Converted("demo.sze", With(Scenario_File(), " 100    1       40 ", " 1234.567 1 40 "));
 
-    EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{
-                  "Saving Input File",
-                  "\"Core depth\" is too long for its column, or empty: the file cannot be read back as it is."})});
+    EXPECT_EQ(
+        The_User.Messages,
+        std::vector{(Message{"Saving Input File",
+                             "\"Core depth\" is too long for its column: the file cannot be read back as it is."})});
     EXPECT_NE(text.find("\r\n 1234.567 \r\n        1       40 "), std::string::npos);
 }
 

@@ -94,6 +94,8 @@ Solute_Year Solute_Block(Finder find, int top_layers)
     year.Leached_Core = find.Value_At("PESTICIDE LEACHED BELOW CORE", 37, 20);
     if (find.Value(40, 12) != year.Leached_Core)
         throw std::runtime_error("the leached mass reads differently from its two column ranges");
+    year.Bypass = find.Value_At("MACROPORE TRANSPORT", 40, 12);
+    year.Upward = find.Value_At("DIFFUSION UP THROUGH 1 M", 40, 12);
     year.Stored = find.Value_At("STORED IN SOIL", 40, 12);
     year.Check = find.Value_At("BALANCE CHECK", 40, 12);
     return year;

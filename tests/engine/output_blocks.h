@@ -22,6 +22,7 @@ struct Solute_Year {
     double Gained = 0;  // applied or formed, sum over the rows
     double Leached = 0; // below 1 m
     double Uptake = 0, Decay = 0, Volatilised = 0, Runoff = 0, Sediment = 0, Leached_Core = 0, Stored = 0, Check = 0;
+    double Bypass = 0, Upward = 0;
     std::vector<double> Stores; // both domains by row, the plant row first
 };
 

@@ -3,10 +3,13 @@
 #include "engine/output/echo.h"
 #include "engine/setup/input.h"
 #include "engine_process.h"
+#include "files/misread.h"
 #include "verification.h"
 
 #include <algorithm>
 #include <random>
+#include <set>
+#include <utility>
 
 namespace orvel::engine {
 
@@ -179,19 +182,23 @@ TEST(Run_Verification, Case_31_Each_Damaged_Input_Has_Its_Error)
 TEST(Run_Verification, Case_31_A_Document_Cut_At_Any_Line_Is_Refused)
 {
     const Files whole = Full_Case().Files();
+    Temporary_Directory directory;
     for (const auto& [name, number] : {std::pair{"H_maize.sze", 31}, std::pair{"test.psm", 41}}) {
+        Write_Files(whole, directory.Path());
         const auto lines = Split_Lines(whole.at(name));
         std::string kept;
         int refused = 0;
         for (std::size_t n = 0; n + 1 < lines.size(); ++n) {
-            Files files = whole;
-            files[name] = kept;
-            refused += std::ranges::count(Errors_Of(files), number) > 0;
+            Write_Files({{name, kept}}, directory.Path());
+            const Engine_Result result = Run_Engine(directory.Path());
+            refused += result.Exit_Code == 1 &&
+                       Contains(File_Of(directory.Path(), "echo.orv"), " *** ERROR " + std::to_string(number) + ": ");
             kept += std::string(lines[n]) + "\r\n";
         }
-        Verify(31, std::string(name) + ": refused of all cuts behind a line", refused,
+        Verify(31, std::string(name) + ": the executable refuses all cuts behind a line", refused,
                static_cast<double>(lines.size() - 1), 0);
     }
+    EXPECT_FALSE(std::filesystem::exists(directory / "Wasser.orv"));
 }
 
 constexpr int Changes = Sanitized ? 1000 : 10000;
@@ -224,29 +231,207 @@ TEST(Run_Verification, Case_31_Random_Bytes_Crash_Nothing)
     Verify(31, "share of changed inputs that are still read", static_cast<double>(read) / Changes, 0.5, 0.45);
 }
 
+constexpr int Runs = Sanitized ? 100 : 500;
+
+// The same through the executable: it ends by itself, and the last line of the echo agrees with the exit code.
 TEST(Run_Verification, Case_31_Random_Bytes_Through_The_Executable)
 {
     const Files whole = Full_Case().Files();
+    const std::string names[] = {"orvel.inp", "H_maize.sze", "test.psm", "climate_01.cli"};
     std::mt19937 random(32);
-    int good = 0, refused = 0;
-    for (int change = 0; change < 60; ++change) {
+    Temporary_Directory directory;
+    int good = 0, refused = 0, told = 0;
+    for (int change = 0; change < Runs; ++change) {
         Files files = whole;
-        std::string& bytes = files[change % 3 == 0 ? "orvel.inp" : change % 3 == 1 ? "H_maize.sze" : "test.psm"];
-        for (int k = 0; k < 3; ++k)
-            bytes[random() % bytes.size()] = "0123456789 .-E\n"[random() % 15];
-        Temporary_Directory directory;
+        std::string& bytes = files[names[change % 4]];
+        for (int k = 0; k < 1 + change % 3; ++k)
+            bytes[random() % bytes.size()] = "0123456789 .-E\n,x"[random() % 17];
         Write_Files(files, directory.Path());
 
-        const Engine_Result result = Run_Engine(directory.Path());
+        const Engine_Result result = Run_Engine(directory.Path(), change % 20 == 0 ? "" : "--check");
 
         const std::string last = Last_Line(File_Of(directory.Path(), "echo.orv"));
         good += result.Exit_Code == 0;
         refused += result.Exit_Code == 1;
+        told += Contains(last, "ERROR") == (result.Exit_Code != 0);
         EXPECT_TRUE(result.Exit_Code == 0 || result.Exit_Code == 1) << result.Exit_Code << ": " << result.Output;
-        EXPECT_EQ(Contains(last, "ERROR"), result.Exit_Code != 0) << last;
     }
+    Verify(31, "changed inputs through the executable that end with exit code 0 or 1", good + refused, Runs, 0);
+    Verify(31, "thereof with the matching last line of the echo", told, Runs, 0);
     EXPECT_GT(good, 0);
     EXPECT_GT(refused, 0);
+}
+
+// Words of a line that stand outside pointed brackets and read as numbers, by their 0-based place.
+std::vector<std::size_t> Number_Words(std::string_view line)
+{
+    std::vector<std::size_t> places;
+    bool label = false;
+    for (std::size_t at = 0; at < line.size();) {
+        const std::size_t end = std::min(line.find(' ', at), line.size());
+        const auto word = line.substr(at, end - at);
+        label = label || Contains(word, "<");
+        if (!label && Is_One_Number(word))
+            places.push_back(at);
+        label = label && !Contains(word, ">");
+        at = end + 1;
+    }
+    return places;
+}
+
+// Puts the word in place of the one that begins there; the columns behind may shift.
+std::string With_Word(std::string_view bytes, std::size_t at, std::string_view word)
+{
+    std::string changed(bytes);
+    const std::size_t end = std::min(changed.find_first_of(" \r", at), changed.size());
+    changed.replace(at, end - at, word);
+    return changed;
+}
+
+// Replaces every n-th number of a document by a word that is none, runs the engine, and counts the runs that end with
+// file, line, column and word. The first number of the lines told as `unread` is read by nobody.
+void Numbers_Are_Guarded(const Files& whole, const std::string& name, int number, int every,
+                         const std::set<int>& unread)
+{
+    Temporary_Directory directory;
+    Write_Files(whole, directory.Path());
+    constexpr std::string_view words[] = {"0,02", "abc", "3O", "nan", "n/a", "1.2.3", "inf", "--1"};
+    int told = 0, all = 0, line_number = 0, seen = 0;
+    std::size_t start = 0;
+    for (const auto line : Split_Lines(whole.at(name))) {
+        ++line_number;
+        bool skip = unread.contains(line_number);
+        for (const std::size_t at : Number_Words(line)) {
+            if (std::exchange(skip, false) || seen++ % every != 0)
+                continue;
+            const std::string_view word = words[all++ % std::size(words)];
+            Write_Files({{name, With_Word(whole.at(name), start + at, word)}}, directory.Path());
+            const Engine_Result result = Run_Engine(directory.Path(), "--check");
+            const std::string expected = "ERROR " + std::to_string(number) + ": " + name + ", LINE " +
+                                         std::to_string(line_number) + ", COLUMN " + std::to_string(at + 1) + ": \"" +
+                                         std::string(word) + "\" IS NO NUMBER";
+            const bool good = result.Exit_Code == 1 && Contains(result.Output, expected);
+            EXPECT_TRUE(good) << expected << " missing in " << result.Output;
+            told += good;
+        }
+        start += line.size() + 2;
+    }
+    Verify(36, name + ": numbers whose ruin is told with file, line and column", told, all, 0);
+    EXPECT_GT(all, 100);
+}
+
+TEST(Run_Verification, Case_36_Every_Number_Of_The_Documents_Is_Guarded)
+{
+    const Files whole = Full_Case().Files();
+    // Line 1 is the title with one number. Seven lines, 66 of the rotation and two of the soil stand above the
+    // horizons' pairs of lines, each of which begins with the number of the horizon.
+    Numbers_Are_Guarded(whole, "H_maize.sze", 31, 2, {1, 76, 78, 80, 82, 84, 86});
+    Numbers_Are_Guarded(whole, "test.psm", 41, 11, {});
+}
+
+TEST(Run_Verification, Case_36_No_Numbers_In_Run_Control_And_Climate)
+{
+    struct Ruin {
+        std::string File, Old, New, Told;
+    };
+    const std::vector<Ruin> ruins = {
+        {"orvel.inp", "001 01 01", "OO1 01 01", "ERROR 12: ORVEL.INP, LINE 1, COLUMN 1: \"OO1\" IS NO NUMBER (YEARS)"},
+        {"orvel.inp", "01 01 31 12", "01 01 31 l2", "ERROR 12: ORVEL.INP, LINE 1, COLUMN 14: \"l2\" IS NO NUMBER"},
+        {"orvel.inp", "  100.0 ", "  100,0 ", "ERROR 13: ORVEL.INP, LINE 6, COLUMN 17: \"100,0\" IS NO NUMBER (DEPTH)"},
+        {"orvel.inp", " 1.0E09 ", " 1.OE09 ",
+         "ERROR 13: ORVEL.INP, LINE 6, COLUMN 25: \"1.OE09\" IS NO NUMBER (SCALE)"},
+        {"orvel.inp", "00000001\r\n", "0000000x\r\n", "ERROR 1"},
+    };
+    const Files whole = Full_Case().Files();
+    int told = 0;
+    for (const Ruin& ruin : ruins) {
+        Files files = whole;
+        ASSERT_TRUE(Contains(files[ruin.File], ruin.Old)) << ruin.Old;
+        files[ruin.File] = Replace_All(files[ruin.File], ruin.Old, ruin.New);
+        Temporary_Directory directory;
+        Write_Files(files, directory.Path());
+        const Engine_Result result = Run_Engine(directory.Path(), "--check");
+        const bool good = result.Exit_Code == 1 && Contains(result.Output, ruin.Told);
+        EXPECT_TRUE(good) << ruin.Told << " missing in " << result.Output;
+        told += good;
+    }
+    Verify(36, "orvel.inp: numbers whose ruin is told", told, static_cast<double>(ruins.size()), 0);
+
+    // Columns of the second row of a climate file; the words are as wide as the fields.
+    const std::pair<std::size_t, std::string_view> columns[] = {{8, "Rainfall"},
+                                                                {18, "Evaporation"},
+                                                                {28, "Temperature at 14.00"},
+                                                                {38, "Mean temperature"},
+                                                                {48, "Temperature difference"},
+                                                                {58, "Relative humidity"},
+                                                                {68, "Radiation"},
+                                                                {84, "Hour"}};
+    told = 0;
+    for (const auto& [column, field] : columns) {
+        Files files = whole;
+        std::string row(Split_Lines(files["climate_01.cli"])[2]);
+        row.resize(90, ' ');
+        row.replace(column - 1, 4, column == 84 ? "14h " : "n/a ");
+        row.replace(column + 3, 6, "      ");
+        Cut_Line(files["climate_01.cli"], 2, row);
+        Temporary_Directory directory;
+        Write_Files(files, directory.Path());
+        const Engine_Result result = Run_Engine(directory.Path(), "--check");
+        const std::string expected = "ERROR 51: climate_01.cli, LINE 3, COLUMN " + std::to_string(column) + ": \"" +
+                                     (column == 84 ? "14h" : "n/a") + "\" IS NO NUMBER (" + Upper(field) + ")";
+        const bool good = result.Exit_Code == 1 && Contains(result.Output, expected);
+        EXPECT_TRUE(good) << expected << " missing in " << result.Output;
+        told += good;
+    }
+    Verify(36, "climate file: columns whose ruin is told", told, static_cast<double>(std::size(columns)), 0);
+}
+
+TEST(Run_Verification, Case_36_An_Arrow_Needs_A_Section)
+{
+    Engine_Case run = Full_Case();
+    run.Pesticide.Degradation[1][2].Deg_Rate = 0.01; // to metabolite B1, which the file does not have
+    const Files files = run.Files();
+    Temporary_Directory directory;
+    Write_Files(files, directory.Path());
+
+    const Engine_Result result = Run_Engine(directory.Path(), "--check");
+
+    const auto lines = Split_Lines(files.at("test.psm"));
+    const auto line = std::ranges::find_if(lines, [](std::string_view text) { return Contains(text, "<Met B1>"); });
+    const std::string expected = "ERROR 48: test.psm, LINE " + std::to_string(line - lines.begin() + 1) + ", COLUMN " +
+                                 std::to_string(line->find_first_not_of(' ') + 1) +
+                                 ": METABOLITE B1 IS FORMED, AND THE FILE HAS NO SECTION FOR IT";
+    Verify(36, "an arrow to a metabolite without a section: ERROR 48 with its line", Contains(result.Output, expected),
+           1, 0);
+    EXPECT_EQ(result.Exit_Code, 1) << result.Output;
+}
+
+// 200 cm in 36 compartments: a border at 100 cm. In 45: the nearest border to 1 m lies at 22 x 200/45 cm.
+TEST(Run_Verification, Case_37_A_Depth_That_Moves_Is_Noted)
+{
+    const auto echo_of = [](std::int16_t layers) {
+        Engine_Case run = Full_Case();
+        run.Scenario.SZE_Layers = layers;
+        run.Rows = {Row_Of("LEAC", 100), Row_Of("INFL", 30), Row_Of("TEMP", 31)};
+        Temporary_Directory directory;
+        Write_Files(run.Files(), directory.Path());
+        EXPECT_EQ(Run_Engine(directory.Path(), "--check").Exit_Code, 0);
+        return File_Of(directory.Path(), "echo.orv");
+    };
+
+    const std::string met = echo_of(80), missed = echo_of(45);
+
+    Verify(37, "80 compartments of 2.5 cm: nothing moves", Contains(met, "NOTE 15"), 0, 0);
+    Verify(37, "45 compartments: 1 m is taken at 97.78 cm",
+           Contains(missed, "NOTE 15: THE DEPTH OF 1 M, 100 CM IS TAKEN AT 97.78 CM"), 1, 0);
+    Verify(37, "45 compartments: LEAC at 100 cm at 97.78 cm",
+           Contains(missed, "NOTE 15: LEAC AT 100 CM IS TAKEN AT 97.78 CM"), 1, 0);
+    Verify(37, "45 compartments: INFL at 30 cm at 31.11 cm",
+           Contains(missed, "NOTE 15: INFL AT 30 CM IS TAKEN AT 31.11 CM"), 1, 0);
+    Verify(37, "45 compartments: the first horizon ends within the seventh",
+           Contains(missed, "NOTE 15: THE LOWER BORDER OF HORIZON 1 AT 30 CM LIES WITHIN THE COMPARTMENT FROM 26.67 TO "
+                            "31.11 CM"),
+           1, 0);
 }
 
 TEST(Run_Input, Up_To_Fifty_Errors_Are_Told)

@@ -1,6 +1,8 @@
+#include "core/numbers.h"
 #include "core/system/lock.h"
 #include "core/text.h"
 #include "engine_process.h"
+#include "output_blocks.h"
 #include "verification.h"
 
 #include <algorithm>
@@ -180,6 +182,70 @@ TEST(Engine_Run, A_Full_Disk_Is_Error_93_With_Exit_Code_3)
     EXPECT_EQ(result.Exit_Code, 3);
     EXPECT_TRUE(Contains(result.Output, "ERROR 93"));
     EXPECT_TRUE(Contains(Last_Line(File_Of(directory.Path(), "echo.orv")), " *** ERROR 93: CANNOT WRITE "));
+}
+
+// A dry site, so that little percolates, and a substance mixed into the whole core: it decays above 1 m alone, and
+// diffuses up.
+TEST(Run_Verification, Case_40_Water_That_Hardly_Flows)
+{
+    constexpr double limit = 1e-3; // cm a day
+    Temporary_Directory directory;
+    Engine_Case run = Demo_Case("S", "_wcerea", "demo_D.psm", 8);
+    for (Crop_Row& crop : run.Scenario.Crops)
+        crop.SZE_Rot_Text1 = 180; // roots to the bottom
+    for (int a = 1; a <= 522; ++a)
+        for (auto& location : run.Pesticide.Applications)
+            location[static_cast<std::size_t>(a)].App_Depth = 180;
+    run.Pesticide.Koc[1] = 1;
+    run.Rows = {Row_Of("INFL", 100), Row_Of("PFLX", 100), Row_Of("LEAC", 100)};
+    ASSERT_EQ(Run_Case(run, directory.Path()).Exit_Code, 0);
+
+    const std::string echo = File_Of(directory.Path(), "echo.orv");
+    int dry_days = 0, wrong = 0, rounding = 0;
+    double up = 0;
+    const auto lines = Read_Plot(File_Of(directory.Path(), "plot.orv")).Lines;
+    for (const Plot_Line& line : lines) {
+        if (line.Hour != 24)
+            continue;
+        const double percolate = line.Values[0], flux = line.Values[1], mean = line.Values[2];
+        dry_days += percolate < limit;
+        rounding += percolate > 0 && percolate < 1e-9;
+        up += std::max(-flux, 0.0);
+        // kg/ha over cm: 10,000 ug/L
+        wrong += percolate < limit ? mean != 0 : std::fabs(mean - flux / percolate * 1e4) > 1e-3 * std::fabs(mean);
+    }
+    EXPECT_GT(up, 0);
+    Verify(40, "days whose mean concentration is neither flux over water nor 0 below 0.001 cm", wrong, 0, 0);
+    Verify(40, "days with a percolate that is rounding", rounding, 0, 0);
+    Verify(
+        40, "the note has the number of days left out",
+        Contains(echo, "NOTE 16: LEAC AT 100 CM IS 0 ON " + std::to_string(dry_days) + " DAYS WITH LESS THAN 0.001 CM"),
+        1, 0);
+
+    const int top = Top_Layers(echo);
+    const auto water = Water_Blocks(File_Of(directory.Path(), "Wasser.orv"), "ANNUAL", top);
+    const auto solute = Solute_Blocks(File_Of(directory.Path(), "chem.orv"), "ANNUAL", top);
+    double told_up = 0;
+    std::string dry, negative;
+    int count = 0;
+    for (std::size_t y = 0; y < water.size(); ++y) {
+        told_up += solute[y].Upward;
+        if (water[y].Percolate == 0) {
+            dry += (dry.empty() ? " " : ", ") + std::to_string(y + 1);
+            ++count;
+        }
+        if (solute[y].Leached < 0)
+            negative += (negative.empty() ? " " : ", ") + std::to_string(y + 1);
+    }
+    ASSERT_FALSE(dry.empty());
+    ASSERT_FALSE(negative.empty());
+    Verify_Relative(40, "upward diffusion of the balances (kg/ha) against the daily fluxes", told_up, up, 1e-3);
+    std::string head = " Years without percolate at 1 m:";
+    head.resize(52, ' ');
+    Verify(40, "the years without percolate stand in the echo",
+           Contains(echo, head + Format_Pattern(count, "         0") + "  " + dry + "\r\n"), 1, 0);
+    Verify(40, "a note names the years of a negative mean",
+           Contains(echo, "THAN THE WATER CARRIED DOWN, THE MEAN IS NEGATIVE: YEAR" + negative + "\r\n"), 1, 0);
 }
 
 } // namespace orvel::engine

@@ -11,18 +11,23 @@ namespace orvel {
 
 namespace {
 
+std::optional<std::string> Name_Of_Lost(const std::optional<Lost_Field>& lost)
+{
+    return lost ? std::optional(lost->Name) : std::nullopt;
+}
+
 template <class Change> std::optional<std::string> Lost_In_PSM(Change change)
 {
     auto document = Example_Document();
     change(*document);
-    return Broken_By_Layout(*document);
+    return Name_Of_Lost(Broken_By_Layout(*document));
 }
 
 template <class Change> std::optional<std::string> Lost_In_SZE(Change change)
 {
     auto document = Example_Scenario();
     change(document);
-    return Broken_By_Layout(document);
+    return Name_Of_Lost(Broken_By_Layout(document));
 }
 
 constexpr std::optional<std::string> Nothing = std::nullopt;
@@ -31,9 +36,9 @@ constexpr std::optional<std::string> Nothing = std::nullopt;
 
 TEST(Broken_Line, Nothing_Is_Lost_From_The_Examples)
 {
-    EXPECT_EQ(Broken_By_Layout(*Example_Document()), Nothing);
-    EXPECT_EQ(Broken_By_Layout(Example_Scenario()), Nothing);
-    EXPECT_EQ(Broken_By_Layout(Parse_CLI("T\r\n 0101811.5\r\n\r\n")), Nothing);
+    EXPECT_EQ(Broken_By_Layout(*Example_Document()), std::nullopt);
+    EXPECT_EQ(Broken_By_Layout(Example_Scenario()), std::nullopt);
+    EXPECT_EQ(Broken_By_Layout(Parse_CLI("T\r\n 0101811.5\r\n\r\n")), std::nullopt);
 }
 
 TEST(Broken_Line, Leaves_The_Document_As_It_Is)
@@ -98,7 +103,7 @@ TEST(Broken_Line, Names_A_Title_With_A_Bracket_And_A_Text_With_A_Line_End)
     EXPECT_EQ(Lost_In_PSM([](auto& d) { d.PSM_Title = "Rate < 5"; }), "Title");
     EXPECT_EQ(Lost_In_PSM([](auto& d) { d.Substance_Name[2] = "Be\r\nta"; }), "Name of Metabolite A1");
     EXPECT_EQ(Lost_In_SZE([](auto& d) { d.SZE_Title = "a\nb"; }), "Title");
-    EXPECT_EQ(Broken_By_Layout(Climate_Table{"a\nb", {}}), "Title");
+    EXPECT_EQ(Name_Of_Lost(Broken_By_Layout(Climate_Table{"a\nb", {}})), "Title");
 }
 
 TEST(Broken_Line, Names_A_Climate_Number_Wider_Than_Ten_Characters)
@@ -108,7 +113,21 @@ TEST(Broken_Line, Names_A_Climate_Number_Wider_Than_Ten_Characters)
         {{.Cli_Day = "00"},
          {.Cli_Day = "01", .Cli_Month = "01", .Cli_Year = "81", .Cli_Temp_14 = -9.99999999, .Cli_Temp_Mean = -1.5}}};
 
-    EXPECT_EQ(Broken_By_Layout(table), "Temperature at 14.00 of day 1");
+    EXPECT_EQ(Name_Of_Lost(Broken_By_Layout(table)), "Temperature at 14.00 of day 1");
+}
+
+TEST(Broken_Line, Names_The_Cause)
+{
+    const auto cause = [](auto change) {
+        auto document = Example_Document();
+        change(*document);
+        return Broken_By_Layout(*document).value_or(Lost_Field{}).Cause;
+    };
+
+    EXPECT_EQ(cause([](auto& d) { d.PSM_Title = "Rate < 5"; }), "holds a \"<\", which ends a text in the file");
+    EXPECT_EQ(cause([](auto& d) { d.Substance_Name[2] = "Be\r\nta"; }), "holds a line break");
+    EXPECT_EQ(cause([](auto& d) { d.Koc[1] = ""; }), "is empty");
+    EXPECT_EQ(cause([](auto& d) { d.Koc[1] = "1234567890123"; }), "is too long for its column");
 }
 
 TEST(Broken_Line, A_Document_That_Cannot_Be_Printed_Is_Broken)

@@ -201,7 +201,7 @@ TEST(Demo_Scenarios, Hamburg_With_Winter_Cereals_Is_Written_In_These_Lines)
 
     ASSERT_EQ(lines.size(), 5U + 1 + 66 + 2 + 12 + 4);
     EXPECT_EQ(lines[0], "DEM 1 Hamburg - Winter cereals - demonstration data, not for regulatory use");
-    EXPECT_EQ(lines[1], " 1    0.46    0    10    5    1    1    1   ORVEL401");
+    EXPECT_EQ(lines[1], " 0.5    0.46    0    10    5    1    1    1   ORVEL401");
     EXPECT_EQ(lines[2], " 0 ");
     EXPECT_EQ(lines[3], " 1 ");
     EXPECT_EQ(lines[4], " 5    0.15    100    90    3    78    70    74    1    1    1    1.4    0.2    0.2    0.2    "
@@ -210,7 +210,7 @@ TEST(Demo_Scenarios, Hamburg_With_Winter_Cereals_Is_Written_In_These_Lines)
     EXPECT_EQ(lines[6], "  011100  010601  100801      01  150701");
     EXPECT_EQ(lines[72], " 200    1       80      0       0       0 ");
     EXPECT_EQ(lines[73], " 6             1 ");
-    EXPECT_EQ(lines[74], "    1   30      1.5     5       0.292   0.1 ");
+    EXPECT_EQ(lines[74], "    1   30      1.5     5       0.292   5 "); // 7.2 % clay
     EXPECT_EQ(lines[75], "        0.292   0.064   1.5     6.4     1 ");
     EXPECT_EQ(lines[86], " 1 ");
     EXPECT_EQ(lines[87], "    WATR    YEAR    0001    PEST    YEAR    0001    CONC    YEAR    0001");

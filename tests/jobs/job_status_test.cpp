@@ -41,19 +41,44 @@ TEST_F(Job_Status_Test, The_Status_Follows_The_Echo_File_And_The_Locks)
     EXPECT_EQ(Status_Text(Run_Status::Data_Available), "Data available");
 }
 
-TEST_F(Job_Status_Test, The_Result_Is_Read_From_The_End_Of_The_Echo)
+TEST_F(Job_Status_Test, A_Run_Without_A_Record_Is_Judged_By_Its_Whole_Echo_And_Said_To_Be_So)
 {
     const auto run = Add_Run("test", "Maize", "Hamburg (H)");
-    const std::string long_head(200000, 'x');
+    const auto result = [&](const std::string& echo) {
+        Put(run / "echo.orv", echo);
+        return Result_Text(Simulation_List(Home / "focus").at(0));
+    };
 
-    Put(run / "echo.orv", long_head + "\r\n*** END OF ECHO ***\r\n");
-    EXPECT_EQ(Result_Of_Run(run), Run_Result::Finished);
-    Put(run / "echo.orv", long_head + "\r\n*** ERROR 21: NO FILE\r\n");
-    EXPECT_EQ(Result_Of_Run(run), Run_Result::Error);
-    Put(run / "echo.orv", " E R R O R\r\n");
-    EXPECT_EQ(Result_Of_Run(run), Run_Result::Error);
-    Put(run / "echo.orv", " *** ERROR 99: RUN NOT COMPLETED\r\n");
-    EXPECT_EQ(Result_Of_Run(run), Run_Result::Killed);
+    EXPECT_EQ(result("*** END OF ECHO ***\r\n"), "unrecorded");
+    EXPECT_EQ(result("*** ERROR 21: NO FILE\r\n" + std::string(200000, 'x') + "\r\n"), "unrecorded: ERROR");
+    EXPECT_EQ(result(" E R R O R\r\n"), "unrecorded: ERROR");
+}
+
+TEST_F(Job_Status_Test, A_Run_That_Nobody_Recorded_But_That_Still_Has_Its_Engine_Was_Cut_Off)
+{
+    const auto run = Add_Run("test", "Maize", "Hamburg (H)");
+    Put(run / "orvel401.exe", "engine");
+    EXPECT_EQ(State_Of_Run(run).Verdict, Verdict::Scheduled);
+
+    Put(run / "echo.orv", "*** END OF ECHO ***\r\n");
+
+    EXPECT_EQ(State_Of_Run(run).Verdict, Verdict::Incomplete);
+    EXPECT_TRUE(State_Of_Run(run).Cut_Off);
+    const auto lock = Lock::Take(run);
+    EXPECT_EQ(State_Of_Run(run).Verdict, Verdict::Running);
+}
+
+TEST_F(Job_Status_Test, A_Damaged_Record_Is_Told_And_Never_Taken_For_None)
+{
+    const auto run = Add_Run("test", "Maize", "Hamburg (H)");
+    Put(run / "echo.orv", "*** END OF ECHO ***\r\n");
+    Put(run / "run.json", "{\"schema\": 1,\n  oops");
+
+    const auto state = State_Of_Run(run);
+
+    EXPECT_EQ(state.Verdict, Verdict::Incomplete);
+    EXPECT_TRUE(state.Unreadable);
+    EXPECT_EQ(state.Reason, (run / "run.json").string() + ", line 2, column 3: This is not JSON.");
 }
 
 TEST_F(Job_Status_Test, The_List_Gives_Names_As_They_Were_Chosen_In_Order)
@@ -67,17 +92,18 @@ TEST_F(Job_Status_Test, The_List_Gives_Names_As_They_Were_Chosen_In_Order)
 
     ASSERT_EQ(list.size(), 2u);
     EXPECT_EQ(list[0].Pesticide, "Alpha");
-    EXPECT_EQ(list[0].Result, Run_Result::Error);
+    EXPECT_TRUE(list[0].Echo_Failed);
     EXPECT_EQ(list[1].Pesticide, "my,file 1");
     EXPECT_EQ(list[1].Crop, "Winter cereals");
     EXPECT_EQ(list[1].Location, "Ch\xE2teaudun (C), no irrigation");
     EXPECT_EQ(list[1].Status, Run_Status::Scheduled);
     EXPECT_EQ(Simulation_Lines(list), "Alpha\tMaize\tHamburg (H)\t" + Date_Text(list[0].Date) +
-                                          "\tData available\tERROR\n" +
+                                          "\tData available\tunrecorded: ERROR\n" +
                                           "my,file 1\tWinter cereals\tCh\xE2teaudun (C), no irrigation\t" +
                                           Date_Text(list[1].Date) + "\tScheduled\n");
-    EXPECT_NE(Simulation_Json(list).find("\"location\": \"Ch\u00E2teaudun (C), no irrigation\""), std::string::npos)
-        << Simulation_Json(list);
+    EXPECT_NE(Simulation_Json(The_Session.Program, list).find("\"location\": \"Ch\u00E2teaudun (C), no irrigation\""),
+              std::string::npos)
+        << Simulation_Json(The_Session.Program, list);
 }
 
 TEST_F(Job_Status_Test, An_Empty_Tree_Gives_An_Empty_List)
@@ -150,16 +176,13 @@ TEST_F(Job_Status_Test, A_Run_Whose_Job_Was_Killed_Counts_As_Failed)
     EXPECT_EQ(progress.Failed, 1);
 }
 
-TEST_F(Job_Status_Test, The_Log_Tells_Of_A_Run_That_Left_Nothing_Behind)
+TEST_F(Job_Status_Test, The_Journal_Says_Nothing_About_What_A_Run_Is_Worth)
 {
-    Add_Run("test", "Maize", "Hamburg (H)");
-    Put(Home / "focus" / "orveljob.log",
-        "2024-05-31 14:05:00\tkilled\ttest.run/Maize.run/Hamburg_-_(H).run\tsignal 9\n");
+    const auto run = Add_Run("test", "Maize", "Hamburg (H)");
+    Put(run / "orvel401.exe", "engine");
+    Put(Home / "focus" / "orveljob.log", "2024-05-31 14:05:00\tfinished\ttest.run/Maize.run/Hamburg_-_(H).run\t\n");
 
-    const auto list = Simulation_List(Home / "focus");
-
-    EXPECT_EQ(list.at(0).Status, Run_Status::Scheduled);
-    EXPECT_EQ(list.at(0).Result, Run_Result::Killed);
+    EXPECT_EQ(Simulation_List(Home / "focus").at(0).State.Verdict, Verdict::Scheduled);
 }
 
 TEST(Progress_Line, It_Tells_Runs_Percent_And_The_Time_Left)

@@ -59,31 +59,43 @@ protected:
         const fs::path path = Run_Path(Home / "focus", run);
         fs::create_directories(path);
         Copy_Whole(Home / "orvel401.exe", path / "orvel401.exe");
-        Put(path / "orvel.inp", "026 01 01 31 12 Version 5\r\n");
+        Put(path / "orvel.inp", "002 01 01 31 12 Version "
+                                "5\r\n..\\..\\..\\H.sze\r\np.psm\r\n..\\..\\..\\H_01.cli\r\n..\\..\\..\\H_02.cli\r\n"
+                                "00000001 00.\r\n");
+        for (const auto& input :
+             {path / "p.psm", Home / "focus" / "H.sze", Home / "focus" / "H_01.cli", Home / "focus" / "H_02.cli"})
+            Put(input, "an input\r\n");
         Job += Format_Job_Run(run, "orvel401.exe", Job.empty());
         Put(Home / "focus" / "orveljob.bat", Format_Job(Job));
         return path;
     }
-    Job_Result Run(int jobs = 2) { return Run_Job(Home / "focus", jobs); }
+    Job_Result Run(int jobs = 2, Job_Selection selection = Job_Selection::Fresh)
+    {
+        return Run_Job(Home / "focus", {.Jobs = jobs, .Selection = selection});
+    }
+    static std::string Reason(const fs::path& run) { return Read_Run_Record(run).value().Reason; }
+    static orvel::Verdict Verdict_Of(const fs::path& run) { return Read_Run_Record(run).value().Verdict; }
     std::string Log() { return Read_Whole(Home / "focus" / "orveljob.log"); }
     std::string Job;
 };
 
 TEST_F(Job_Test, Every_Run_Works_In_Its_Directory_And_Loses_Its_Engine_Afterwards)
 {
-    Engine("pwd > plot.orv; echo done > echo.orv");
+    Good_Engine(2, "pwd > where.txt");
     const auto first = Add_Run("first");
     const auto second = Add_Run("second");
-    Put(first / "old.orv", "old");
+    Put(first / "old.orv", "old"); // of a job that was cut off
     Put(first / "OLD.ORV", "old");
 
     const auto result = Run();
 
     EXPECT_EQ(result.Runs, 2);
     EXPECT_EQ(result.Failed, 0);
-    EXPECT_EQ(Read_Whole(first / "plot.orv"), fs::canonical(first).string() + "\n");
-    EXPECT_EQ(Read_Whole(second / "plot.orv"), fs::canonical(second).string() + "\n");
-    EXPECT_EQ(List_Files(first, "*"), (std::vector<std::string>{"echo.orv", "orvel.inp", "plot.orv"}));
+    EXPECT_EQ(Read_Whole(first / "where.txt"), fs::canonical(first).string() + "\n");
+    EXPECT_EQ(Read_Whole(second / "where.txt"), fs::canonical(second).string() + "\n");
+    EXPECT_EQ(List_Files(first, "*"), (std::vector<std::string>{"chem.orv", "echo.orv", "orvel.inp", "p.psm",
+                                                                "plot.orv", "run.json", "Wasser.orv", "where.txt"}));
+    EXPECT_EQ(Verdict_Of(first), Verdict::Complete);
     EXPECT_NE(Log().find("\tfinished\tp.run/c.run/first.run\t"), std::string::npos);
     EXPECT_TRUE(Read_Job_Log(Home / "focus").Ended);
 }
@@ -96,7 +108,7 @@ TEST_F(Job_Test, A_Run_That_Fails_Does_Not_Stop_The_Others)
     Add_Run("dies");
     Engine("echo '*** ERROR 21: SCENARIO FILE NOT FOUND' > echo.orv");
     const auto wrong = Add_Run("wrong");
-    Engine("exit 0");
+    Good_Engine(2);
     Add_Run("works");
 
     EXPECT_EQ(Run(1).Failed, 3);
@@ -146,13 +158,14 @@ TEST_F(Job_Test, A_Windows_Engine_Is_Refused_Without_Wine_And_Goes_Through_It_Ot
     Run();
     EXPECT_NE(Log().find("is a Windows program, and wine, which could run it, is not installed."), std::string::npos);
 
-    Put(run / "orvel401.exe", "MZ\x90");
-    Put(Home / "bin" / "wine", "#!/bin/sh\necho \"$1\" > plot.orv\n");
-    fs::permissions(Home / "bin" / "wine", fs::perms::owner_all);
-    EXPECT_EQ(Run().Failed, 0);
+    Good_Engine(2, "echo \"$1\" > what.txt");
+    fs::rename(Home / "orvel401.exe", Home / "bin" / "wine");
+    Put(Home / "orvel401.exe", "MZ\x90");
+    ::setenv("PATH", (path + ":" + (Home / "bin").string()).c_str(), 1);
+    EXPECT_EQ(Run(1, Job_Selection::Failed).Failed, 0);
     ::setenv("PATH", path.c_str(), 1);
 
-    EXPECT_EQ(Read_Whole(run / "plot.orv"), (run / "orvel401.exe").string() + "\n");
+    EXPECT_EQ(Read_Whole(run / "what.txt"), (run / "orvel401.exe").string() + "\n");
 }
 
 TEST_F(Job_Test, A_Run_Whose_Lock_Another_Engine_Holds_Is_Left_Alone)
@@ -203,12 +216,13 @@ TEST_F(Job_Test, As_Many_Runs_Work_At_A_Time_As_Asked_For)
 
 TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
 {
-    Engine("echo done > echo.orv");
+    Good_Engine();
     const std::string names[] = {"two words.psm", "a,b.psm",        "\xE4\xF6\xFC\xDF\xE2\xE1.psm",
                                  "it's.psm",      "\"quoted\".psm", "a;b&c%PATH%$HOME`x`|y>z.psm",
                                  "-rf.psm",       "*?[a].psm",      std::string(200, 'n') + ".psm",
                                  "\x81\x83.psm"};
     Scenario(Home / "focus" / "H_maize.sze");
+    Climates("H");
     for (const auto& name : names) {
         Pesticide(name);
         ASSERT_EQ(
@@ -217,7 +231,7 @@ TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
             << name << The_User.Messages.back().Text;
     }
 
-    const auto started = Start_Batch(The_Session.Program, The_Session.Ask, Focus(), 2, ORVELJOB);
+    const auto started = Start_Batch(The_Session.Program, The_Session.Ask, Focus(), {.Jobs = 2}, ORVELJOB);
     ASSERT_EQ(started.Result, Start_Result::Started);
     int code = -1;
     ASSERT_TRUE(Soon([&] {
@@ -234,7 +248,7 @@ TEST_F(Job_Test, Names_With_Every_Kind_Of_Character_Run)
         const auto row = std::ranges::find(list, stem, &Simulation::Pesticide);
         ASSERT_NE(row, list.end()) << name;
         EXPECT_EQ(row->Status, Run_Status::Data_Available);
-        EXPECT_EQ(row->Result, Run_Result::Finished);
+        EXPECT_EQ(row->State.Verdict, Verdict::Complete);
         EXPECT_EQ(row->Location, "Hamburg (H)");
         EXPECT_TRUE(fs::exists(row->Directory / Path_Of(name)));
     }
@@ -248,7 +262,7 @@ TEST_F(Job_Test, A_Started_Job_Makes_The_Batch_Its_File_Outlives_The_Caller_And_
     const auto batch = Read_Whole(Home / "focus" / "batch.bat");
     EXPECT_FALSE(Job_Running(The_Session.Program, Focus()));
 
-    const auto started = Start_Batch(The_Session.Program, The_Session.Ask, Focus(), 1, ORVELJOB);
+    const auto started = Start_Batch(The_Session.Program, The_Session.Ask, Focus(), {.Jobs = 1}, ORVELJOB);
 
     ASSERT_EQ(started.Result, Start_Result::Started);
     EXPECT_TRUE(Job_Running(The_Session.Program, Focus())); // at once: the lock was taken before the start
@@ -278,7 +292,8 @@ TEST_F(Job_Test, A_Started_Job_Makes_The_Batch_Its_File_Outlives_The_Caller_And_
 
 TEST_F(Job_Test, Run_With_Nothing_Marked_Runs_The_Selected_Combination_Alone)
 {
-    const auto started = Run_Batch(The_Session.Program, The_Session.Ask, Focus(), Maize_At_Hamburg(), 1, ORVELJOB);
+    const auto started =
+        Run_Batch(The_Session.Program, The_Session.Ask, Focus(), Maize_At_Hamburg(), {.Jobs = 1}, ORVELJOB);
 
     ASSERT_EQ(started.Result, Start_Result::Started);
     EXPECT_TRUE(Soon([&] { return Job_Exit_Code(started.Process).has_value(); }));
@@ -296,7 +311,7 @@ TEST_F(Job_Test, Run_With_A_Batch_Leaves_The_Selected_Combination_Out)
     ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
     choice = Chosen(Focus(), Maize, "Ch\xE2teaudun (C), irrigated", "test.psm");
 
-    const auto started = Run_Batch(The_Session.Program, The_Session.Ask, Focus(), choice, 1, ORVELJOB);
+    const auto started = Run_Batch(The_Session.Program, The_Session.Ask, Focus(), choice, {.Jobs = 1}, ORVELJOB);
 
     ASSERT_EQ(started.Result, Start_Result::Started);
     EXPECT_TRUE(Soon([&] { return Job_Exit_Code(started.Process).has_value(); }));
@@ -309,7 +324,7 @@ TEST_F(Job_Test, Run_With_A_Combination_That_Is_Refused_Starts_Nothing)
     auto choice = Maize_At_Hamburg();
     std::filesystem::remove(Home / "Haude.dat");
 
-    EXPECT_EQ(Run_Batch(The_Session.Program, The_Session.Ask, Focus(), choice, 1, ORVELJOB).Result,
+    EXPECT_EQ(Run_Batch(The_Session.Program, The_Session.Ask, Focus(), choice, {.Jobs = 1}, ORVELJOB).Result,
               Start_Result::Nothing_Pending);
 
     EXPECT_EQ(The_User.Messages.size(), 1u);
@@ -322,7 +337,7 @@ TEST_F(Job_Test, An_Engine_That_Outlives_Its_Job_Still_Counts_As_Running)
     const auto run = Add_Run("orphan");
     const pid_t job = ::fork();
     if (job == 0) {
-        Run_Job(Home / "focus", 1);
+        Run_Job(Home / "focus", {.Jobs = 1});
         ::_exit(0);
     }
     ASSERT_TRUE(Soon([&] { return Status_Of_Run(run) == Run_Status::Running; }));
@@ -345,6 +360,7 @@ TEST_F(Job_Test, The_Program_Refuses_A_Second_Job_A_Damaged_File_And_Wrong_Words
         return WEXITSTATUS(status);
     };
     const std::string directory = (Home / "focus").string();
+    Good_Engine(2);
     Add_Run("one");
     {
         const auto job = Lock::Take(Home / "focus");
@@ -367,6 +383,7 @@ TEST_F(Job_Test, A_Batch_Of_500_Runs_Finishes)
         const std::string run = "p.run\\c.run\\" + std::to_string(i) + ".run";
         fs::create_directories(crop / (std::to_string(i) + ".run"));
         fs::create_hard_link(Home / "orvel401.exe", crop / (std::to_string(i) + ".run") / "orvel401.exe");
+        Put(crop / (std::to_string(i) + ".run") / "orvel.inp", "001 01 01 31 12\r\n");
         Job += Format_Job_Run(run, "orvel401.exe", i == 1);
     }
     Put(Home / "focus" / "orveljob.bat", Format_Job(Job));
@@ -374,7 +391,8 @@ TEST_F(Job_Test, A_Batch_Of_500_Runs_Finishes)
     const auto result = Run(4);
 
     EXPECT_EQ(result.Runs, 500);
-    EXPECT_EQ(result.Failed, 0);
+    EXPECT_EQ(result.Failed, 500); // an engine that does nothing leaves nothing
+    EXPECT_EQ(Reason(crop / "500.run"), "The output echo.orv is missing.");
     EXPECT_EQ(Progress_Of_Job(Home / "focus").Done, 500);
     EXPECT_FALSE(fs::exists(crop / "500.run" / "orvel401.exe"));
 }

@@ -5,8 +5,6 @@
 #include "runs/output_selection.h"
 #include "runs/run_fixture.h"
 
-#include <chrono>
-
 namespace orvel {
 
 namespace fs = std::filesystem;
@@ -62,6 +60,7 @@ TEST_F(Run_Again_Test, A_Simulation_That_Ended_Well_Is_Left_Alone)
 {
     Fail();
     Put(Place() / "echo.orv", "*** END OF ECHO ***\r\n");
+    fs::remove(Place() / "orvel401.exe"); // as its job did when it had ended
 
     EXPECT_EQ(Again(), 0);
 
@@ -101,13 +100,10 @@ TEST_F(Run_Again_Test, The_Tillage_Depth_Is_That_Of_The_Failed_Run)
     EXPECT_EQ(Read_Whole(Place() / "orvel.inp"), before);
 }
 
-TEST_F(Run_Again_Test, A_Simulation_Marked_Anew_Has_No_Result_Any_More_Whatever_The_Last_Job_Logged)
+TEST_F(Run_Again_Test, A_Simulation_Marked_Anew_Waits_Whatever_Its_Record_Said)
 {
     Fail();
-    const std::string run = fs::relative(Place(), Home / "focus").string();
-    const fs::path log = Home / "focus" / "orveljob.log";
-    Put(log, "2024-05-31 14:05:09\tbegin\t\t1 run\n2024-05-31 14:05:10\tfailed\t" + run + "\texit code 1\n");
-    fs::last_write_time(log, fs::last_write_time(log) - std::chrono::hours(1));
+    Put(Place() / "run.json", Format_Run_Record({.Years_Expected = 26, .Reason = "It failed."}));
     The_User.Answers = {Button::Yes};
 
     ASSERT_EQ(Again(), 1);
@@ -115,20 +111,18 @@ TEST_F(Run_Again_Test, A_Simulation_Marked_Anew_Has_No_Result_Any_More_Whatever_
     const auto list = Simulation_List(Home / "focus");
     ASSERT_EQ(list.size(), 1u);
     EXPECT_EQ(list[0].Status, Run_Status::Scheduled);
-    EXPECT_EQ(list[0].Result, Run_Result::None);
+    EXPECT_EQ(list[0].State.Verdict, Verdict::Scheduled);
+    EXPECT_TRUE(
+        fs::exists(Home / "focus" / "bin" / "0001" / "test.run" / "Maize.run" / "Hamburg_-_(H).run" / "run.json"));
 }
 
-TEST_F(Run_Again_Test, A_Simulation_That_Failed_Before_Its_Echo_Is_Known_By_The_Log)
+TEST_F(Run_Again_Test, A_Simulation_That_Failed_Before_Its_Echo_Is_Known_By_Its_Record)
 {
     Fail();
     fs::remove(Place() / "echo.orv");
-    const std::string run = fs::relative(Place(), Home / "focus").string();
-    const fs::path log = Home / "focus" / "orveljob.log";
-    Put(log, "2024-05-31 14:05:09\tbegin\t\t1 run\n2024-05-31 14:05:10\tfailed\t" + run + "\texit code 1\n");
-    fs::last_write_time(log, fs::last_write_time(log) + std::chrono::hours(1));
-
-    EXPECT_EQ(Simulation_List(Home / "focus").at(0).Result, Run_Result::Error);
+    Put(Place() / "run.json", Format_Run_Record({.Years_Expected = 26, .Reason = "It failed."}));
     The_User.Answers = {Button::Yes};
+
     EXPECT_EQ(Again(), 1);
 }
 

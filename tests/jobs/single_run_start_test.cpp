@@ -1,22 +1,94 @@
 #include "jobs/single_run_start.h"
 
+#include "complete_output.h"
 #include "core/system/lock.h"
 #include "full_disk.h"
 #include "jobs/single_run_archive.h"
+#include "output/run_state.h"
 #include "runs/single_run_fixture.h"
+
+#include <chrono>
+#include <thread>
 
 namespace orvel {
 
 namespace fs = std::filesystem;
 
-using Single_Run_Start_Test = Single_Run_Fixture;
+class Single_Run_Start_Test : public Single_Run_Fixture {
+protected:
+    void Engine(const std::string& script)
+    {
+        fs::remove(Place / "orvel401.exe");
+        Write_Whole(Place / "orvel401.exe", "#!/bin/sh\n" + script + "\n");
+        fs::permissions(Place / "orvel401.exe", fs::perms::owner_all);
+    }
+    void Wait_For_The_End()
+    {
+        while (State_Of_Single_Run(Place.Path(), 3).Running)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+};
+
+TEST_F(Single_Run_Start_Test, A_Run_Gets_Its_Record)
+{
+    Put_Complete_Output(Place / "model", 3);
+    Engine("cp model/*.orv .");
+
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
+    Wait_For_The_End();
+
+    const auto record = Read_Run_Record(Place.Path()).value();
+    EXPECT_EQ(record.Verdict, Verdict::Complete) << record.Reason;
+    EXPECT_EQ(record.Years_Expected, 3);
+    EXPECT_EQ(record.Inputs.at(1).Name, "H_maize.sze");
+    EXPECT_EQ(record.Inputs.at(3).Name, "one.cli");
+    EXPECT_TRUE(fs::exists(Place / "orvel401.exe")); // that of the installation is no copy
+}
+
+TEST_F(Single_Run_Start_Test, A_Run_That_Fails_Says_So_In_Its_Record_And_Not_Only_By_What_It_Left)
+{
+    Put_Complete_Output(Place / "model", 3);
+    Engine("cp model/*.orv .; exit 7");
+
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
+    Wait_For_The_End();
+
+    EXPECT_EQ(State_Of_Run(Place.Path()).Verdict, Verdict::Failed);
+    EXPECT_EQ(State_Of_Run(Place.Path()).Reason, "The engine ended with exit code 7.");
+}
+
+TEST_F(Single_Run_Start_Test, A_Run_At_Work_Can_Be_Stopped)
+{
+    Engine("echo > echo.orv; while true; do sleep 0.02; done");
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
+
+    EXPECT_TRUE(Stop_Single_Run(The_Session.Ask, Place.Path()));
+    Wait_For_The_End();
+
+    EXPECT_EQ(State_Of_Run(Place.Path()).Verdict, Verdict::Stopped);
+    EXPECT_FALSE(Stop_Single_Run(The_Session.Ask, Place.Path()));
+}
+
+TEST_F(Single_Run_Start_Test, An_Engine_That_Everyone_May_Change_Is_Refused_And_Old_Output_Stays)
+{
+    Write_Whole(Place / "old.orv", "old");
+    fs::permissions(Place / "orvel401.exe", fs::perms::others_write, fs::perm_options::add);
+
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
+
+    EXPECT_EQ(The_User.Messages.back().Text, "Every user of this computer may change " +
+                                                 (Place / "orvel401.exe").string() +
+                                                 ": no engine is started there until others may not write it.");
+    EXPECT_TRUE(fs::exists(Place / "old.orv"));
+}
 
 TEST_F(Single_Run_Start_Test, Starting_Writes_The_Run_Control_And_Deletes_Old_Output)
 {
     Write_Whole(Place / "old.orv", "old");
     ASSERT_TRUE(Has_Output(Place.Path()));
 
-    EXPECT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+    EXPECT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
+    Wait_For_The_End();
 
     const std::string control = Read_Whole(Place / "orvel.inp");
     EXPECT_TRUE(control.starts_with("003 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\none.cli\r\none.cli\r\n"))
@@ -28,11 +100,11 @@ TEST_F(Single_Run_Start_Test, While_The_Engine_Is_At_Work_Starting_Tells_And_Tou
 {
     Write_Whole(Place / "orvel401.exe", "#!/bin/sh\nsleep 5\n");
     fs::permissions(Place / "orvel401.exe", fs::perms::owner_all);
-    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
     EXPECT_TRUE(State_Of_Single_Run(Place.Path(), 3).Running);
     Write_Whole(Place / "kept.orv", "output");
 
-    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
 
     EXPECT_EQ(The_User.Messages.back().Text,
               "An engine is still at work in this directory. Please wait until it has finished.");
@@ -43,11 +115,11 @@ TEST_F(Single_Run_Start_Test, A_Missing_Engine_Is_Told)
 {
     Write_Whole(Place / "old.orv", "old");
     fs::remove(Place / "orvel401.exe");
-    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
     EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Orvel not found"}));
     EXPECT_TRUE(fs::exists(Place / "old.orv")); // for a run that cannot be, nothing is given up
     The_Session.Program.Engine_Exe.clear();
-    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+    EXPECT_FALSE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
 
     EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Orvel not found"}));
 }
@@ -62,15 +134,17 @@ TEST_F(Single_Run_Start_Test, The_Proposed_Archive_Is_The_First_Free_One)
 
 TEST_F(Single_Run_Start_Test, An_Archive_Takes_The_Output_And_Copies_The_Input)
 {
-    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry()));
+    ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
+    Wait_For_The_End();
     Write_Whole(Place / "echo.orv", "echo");
     Write_Whole(Place / "chem.orv", "chem");
 
     EXPECT_TRUE(Archive_Run(The_Session.Ask, Place.Path(), "Run_1"));
 
-    for (const char* name : {"echo.orv", "chem.orv", "orvel.inp", "test.psm", "H_maize.sze", "one.cli"})
+    for (const char* name : {"echo.orv", "chem.orv", "run.json", "orvel.inp", "test.psm", "H_maize.sze", "one.cli"})
         EXPECT_TRUE(fs::exists(Place / "Run_1" / name)) << name;
     EXPECT_FALSE(Has_Output(Place.Path()));
+    EXPECT_FALSE(fs::exists(Place / "run.json"));
     for (const char* name : {"orvel.inp", "test.psm", "H_maize.sze", "one.cli"})
         EXPECT_TRUE(fs::exists(Place / name)) << name;
 }

@@ -36,7 +36,7 @@ TEST_F(Start_Batch_Test, A_Runner_That_Cannot_Be_Started_Is_Told_And_Keeps_The_B
 {
     ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), Maize_At_Hamburg()), Mark_Result::Marked);
 
-    EXPECT_EQ(Start_Batch(The_Session.Program, The_Session.Ask, Focus(), 1, Home / "no runner").Result,
+    EXPECT_EQ(Start_Batch(The_Session.Program, The_Session.Ask, Focus(), {.Jobs = 1}, Home / "no runner").Result,
               Start_Result::Failed);
     EXPECT_TRUE(Batch_Pending(Home / "focus"));
     EXPECT_NE(The_User.Messages.at(0).Text.find("Cannot start"), std::string::npos);
@@ -46,7 +46,8 @@ TEST_F(Start_Batch_Test, A_Batch_With_Foreign_Lines_Is_Told_And_Not_Started)
 {
     Put(Home / "focus" / "batch.bat", "format c:\r\n");
 
-    EXPECT_EQ(Start_Batch(The_Session.Program, The_Session.Ask, Focus(), 1, ORVELJOB).Result, Start_Result::Failed);
+    EXPECT_EQ(Start_Batch(The_Session.Program, The_Session.Ask, Focus(), {.Jobs = 1}, ORVELJOB).Result,
+              Start_Result::Failed);
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"Starting ORVEL Simulations",
                                                       "The job file holds something else than a job in line 1."})});

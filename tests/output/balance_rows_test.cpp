@@ -1,5 +1,6 @@
 #include "output/balance_rows.h"
 
+#include "core/numbers.h"
 #include "engine_files.h"
 
 #include <gtest/gtest.h>
@@ -48,6 +49,20 @@ Chem_Year Plain_Mass()
 }
 
 } // namespace
+
+// 889.822 + 287.53 - 80.305 - 576.33005 - 397.4817 - 64.272 is 58.96325; summed in binary it falls just below.
+TEST(Balance_Rows, A_Difference_Ends_Where_Its_Decimal_Figures_End)
+{
+    const auto rows = Water(Water_Block({.Precipitation = "88.9822",
+                                         .Irrigation = "28.7530",
+                                         .Loss = "8.0305",
+                                         .Runoff = "6.4272",
+                                         .Transpiration = {{1, "57.633005"}},
+                                         .Recharge = "39.74817"}));
+
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(Number_Text('F', rows[0].Diff_Storage, 0), "58.9633");
+}
 
 TEST(Balance_Rows, The_Terms_Of_The_Water_Balance_Are_In_Litres)
 {

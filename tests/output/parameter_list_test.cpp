@@ -105,6 +105,10 @@ TEST(Parameter_List, A_Run_Without_A_Plot_File_Or_Control_File_Has_The_Fixed_Lis
 
     Write_Whole(run / "orvel.inp", Run_Control);
     EXPECT_EQ(Parameters_Of_Run(run.Path()), Fixed_Parameters());
+
+    Write_Whole(run / "plot.orv", "engine\r\n\r\nscenario\r\npesticide\r\n\r\nSoil\r\n    24     0     0\r\n\r\n"
+                                  "\r\n\r\n\r\n");
+    EXPECT_TRUE(Parameters_Of_Run(run.Path()).empty()); // it can be read, and has no columns
 }
 
 } // namespace orvel

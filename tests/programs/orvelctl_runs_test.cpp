@@ -2,6 +2,7 @@
 #include "runs/run_fixture.h"
 
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace orvel {
 
@@ -33,6 +34,8 @@ protected:
         });
         for (const auto* name : {"C_maize.sze", "H_maize.sze", "T_maize.sze"})
             Scenario(Home / "focus" / name);
+        for (const auto* code : {"C", "H"})
+            Climates(code);
     }
 
     static constexpr auto Mark_Hamburg =
@@ -42,7 +45,7 @@ protected:
 TEST_F(Orvelctl_Runs, A_Batch_Is_Marked_Started_Waited_For_And_Listed)
 {
     Three_Locations();
-    Engine("echo done > echo.orv");
+    Good_Engine();
 
     const auto marked = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --all --output minimum");
     EXPECT_EQ(marked.Code, 0) << marked.Standard_Error;
@@ -59,7 +62,11 @@ TEST_F(Orvelctl_Runs, A_Batch_Is_Marked_Started_Waited_For_And_Listed)
     EXPECT_TRUE(listed.Printed.ends_with("\tData available\n")) << listed.Printed;
     EXPECT_EQ(std::ranges::count(listed.Printed, '\n'), 2);
     const auto json = Do("status --mode focus --json");
-    EXPECT_NE(json.Printed.find("\"result\": \"finished\""), std::string::npos) << json.Printed;
+    EXPECT_NE(json.Printed.find("\"status\": \"Data available\",\n    \"verdict\": \"complete\",\n"
+                                "    \"years_expected\": 26,\n    \"years_found\": 26,\n    \"exit\": 0,\n"
+                                "    \"changed_inputs\": []\n"),
+              std::string::npos)
+        << json.Printed;
 }
 
 TEST_F(Orvelctl_Runs, A_Location_Is_Given_In_The_Letters_Of_The_Terminal)
@@ -153,8 +160,88 @@ TEST_F(Orvelctl_Runs, A_Run_That_Fails_Is_The_Exit_Code_Of_The_Waiting_Start)
     EXPECT_NE(started.Standard_Error.find("Starting ORVEL Simulations: Not every simulation has finished."),
               std::string::npos)
         << started.Standard_Error;
-    EXPECT_TRUE(Do("status --mode focus").Printed.ends_with("\tScheduled\tERROR\n"));
+    EXPECT_TRUE(Do("status --mode focus").Printed.ends_with("\tScheduled\tfailed\n"));
     EXPECT_EQ(Do("start --mode focus").Code, 1); // nothing is pending any more
+}
+
+TEST_F(Orvelctl_Runs, Failed_Runs_Are_Run_Again_And_Finished_Ones_Stay_As_They_Are)
+{
+    Three_Locations();
+    Engine("exit 2");
+    ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
+    ASSERT_EQ(Do("start --mode focus --wait --limit 100").Code, 1);
+    Good_Engine();
+
+    EXPECT_EQ(Do("start --mode focus --resume --wait").Standard_Error,
+              "Starting ORVEL Simulations: There is no such simulation in the last job.\n");
+    EXPECT_EQ(Do("start --mode focus --failed --wait").Code, 0);
+    EXPECT_EQ(Do("start --mode focus --failed --wait").Code, 0); // nothing is left to do
+    EXPECT_EQ(Do("start --mode focus --failed --resume").Code, 2);
+    EXPECT_EQ(Do("start --mode focus --limit 0").Code, 2);
+    EXPECT_TRUE(Do("status --mode focus").Printed.ends_with("\tData available\n"));
+}
+
+TEST_F(Orvelctl_Runs, A_Job_Is_Stopped_And_Resumed)
+{
+    Three_Locations();
+    Engine("echo > echo.orv; while true; do sleep 0.02; done");
+    ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
+    ASSERT_EQ(Do("start --mode focus").Code, 0);
+    const fs::path run = Home / "focus" / "my_-_test.run" / "Maize.run" / "Hamburg_-_(H).run";
+    for (int i = 0; i < 1000 && !fs::exists(run / "echo.orv"); ++i)
+        ::usleep(10'000);
+
+    EXPECT_EQ(Do("stop --mode focus --wait").Code, 0);
+
+    EXPECT_TRUE(Do("status --mode focus").Printed.ends_with("\tData available\tstopped\n"));
+    EXPECT_EQ(Do("stop --mode focus").Code, 1);
+    Good_Engine();
+    EXPECT_EQ(Do("start --mode focus --resume --wait").Code, 0);
+    EXPECT_EQ(Do("verify --mode focus").Code, 0);
+}
+
+TEST_F(Orvelctl_Runs, Verify_Prints_A_Line_A_Run_And_Status_Names_The_Inputs_That_Have_Changed)
+{
+    Three_Locations();
+    Good_Engine();
+    ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
+    ASSERT_EQ(Do("start --mode focus --wait").Code, 0);
+    const std::string run = (Home / "focus" / "my_-_test.run" / "Maize.run" / "Hamburg_-_(H).run").string();
+
+    EXPECT_EQ(Do("verify '" + run + "'").Printed, "ok\t" + run + "\t\n");
+    EXPECT_EQ(Do("verify").Code, 2);
+    Pesticide("my test.psm", [](auto& document) { document.PSM_Title = "Another title"; });
+    Put(Home / "focus" / "H_03.cli", "other weather");
+
+    const auto status = Do("status --mode focus --json");
+    EXPECT_NE(status.Printed.find("\"changed_inputs\": [\"my test.psm\", \"../../../H_03.cli\"]"), std::string::npos)
+        << status.Printed;
+    const auto verified = Do("verify --mode focus");
+    EXPECT_EQ(verified.Code, 1);
+    EXPECT_EQ(verified.Printed, "changed\t" + run + "\t../../../H_03.cli has changed.\n");
+}
+
+TEST_F(Orvelctl_Runs, Tables_Of_A_Run_That_Is_Not_Complete_Name_What_Is_Missing_And_Leave_No_Cache)
+{
+    Three_Locations();
+    Good_Engine(12); // of 26 years
+    ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
+    ASSERT_EQ(Do("start --mode focus --wait").Code, 1);
+    const fs::path run = Home / "focus" / "my_-_test.run" / "Maize.run" / "Hamburg_-_(H).run";
+
+    for (const std::string command : {"tables", "balance"}) {
+        const auto shown = Do(command + " '" + run.string() + "'");
+        EXPECT_EQ(shown.Code, 1);
+        EXPECT_NE(shown.Standard_Error.find("12 of 26 years"), std::string::npos) << shown.Standard_Error;
+        EXPECT_FALSE(shown.Printed.empty());
+    }
+    EXPECT_TRUE(List_Files(run, "*Balance.orv").empty());
+    EXPECT_FALSE(fs::exists(run / "year.orv"));
+    const auto report = Do("report --mode focus --pesticide 'my test' --crop Maize");
+    EXPECT_EQ(report.Code, 1);
+    EXPECT_NE(report.Standard_Error.find("Maize, Hamburg (H): The simulation is incomplete: 12 of 26 years."),
+              std::string::npos)
+        << report.Standard_Error;
 }
 
 TEST_F(Orvelctl_Runs, A_Second_Start_Is_Refused_While_A_Job_Is_At_Work)

@@ -56,6 +56,20 @@ TEST_F(Report_Session, The_Figures_Are_The_Same_Out_Of_The_Cache)
     EXPECT_EQ(first.Crops[0].Tables[0].Results[0].A, second.Crops[0].Tables[0].Results[0].A);
 }
 
+TEST_F(Report_Session, Periods_Without_Percolate_Are_Told_With_Their_Number)
+{
+    const auto run = Add_Run("Maize", Hamburg, 1);
+    Add_Run("Maize", Kremsmuenster, 1);
+    Gather();
+    std::string periods = Read_File(run / "period.orv");
+    // The first two of the first table, which is that of the active substance at 1 m.
+    for (int period = 1; period <= 2; ++period)
+        periods.replace(periods.find("100.000"), 7, "0.00E+00");
+    Write_Whole(run / "period.orv", periods);
+
+    EXPECT_TRUE(Holds(Gather().Notes, "Periods without percolate, which count as 0 in the percentile: Hamburg (H) 2."));
+}
+
 TEST_F(Report_Session, A_Percentile_Of_Exactly_The_Limit_Keeps_It_And_The_Next_Printed_Figure_Does_Not)
 {
     const auto run = Add_Run("Maize", Hamburg, 1);

@@ -383,21 +383,63 @@ TEST_F(Mark_Test, A_Pending_Batch_Is_Found_Again_By_Another_Program_And_Continue
     EXPECT_TRUE(Read_Batch(Home / "EFSA").empty());
 }
 
-TEST_F(Mark_Test, Names_That_The_Code_Page_Of_The_Job_Confuses_Stay_Apart)
+TEST_F(Mark_Test, A_Name_That_A_Job_Could_Not_Tell_From_Another_Is_Refused)
 {
     // The job writes the sharp s as the byte that is an a with acute here.
-    for (const auto* name : {"\xE1.psm", "\xDF.psm"}) {
-        auto choice = Maize_At_Hamburg();
+    auto choice = Maize_At_Hamburg();
+    const auto mark = [&](const char* name) {
         choice.Pesticide = name;
         Pesticide(name);
-        EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
-    }
+        return Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice);
+    };
+    ASSERT_EQ(mark("\xE1.psm"), Mark_Result::Marked);
 
-    const auto runs = Resolve_Runs(Home / "focus", Parse_Job(Read_Whole(Home / "focus" / "batch.bat")));
-    ASSERT_EQ(runs.size(), 2u);
-    EXPECT_NE(runs[0], runs[1]);
-    for (const auto& run : runs)
-        EXPECT_TRUE(fs::is_directory(run));
+    EXPECT_EQ(mark("\xDF.psm"), Mark_Result::Failed);
+
+    EXPECT_NE(The_User.Messages.back().Text.find("A job could not tell this simulation from the one in"),
+              std::string::npos);
+    EXPECT_EQ(Read_Batch(Home / "focus").size(), 1u);
+    EXPECT_FALSE(fs::exists(Home / "focus" / "\u00DF.run"));
+}
+
+TEST_F(Mark_Test, Two_Directories_That_One_Line_Fits_Are_An_Error_And_Never_Taken_For_Each_Other)
+{
+    for (const char* name : {"\u00E1.run", "\u00DF.run"})
+        fs::create_directories(Home / "focus" / name / "c.run" / "l.run");
+
+    EXPECT_THROW(Resolve_Runs(Home / "focus", {{.Directory = "\xE1.run\\c.run\\l.run", .Engine = "orvel401.exe"}}),
+                 File_Error);
+}
+
+TEST_F(Mark_Test, Two_Pesticide_Files_That_Share_A_Directory_Do_Not_Take_Each_Others_Place)
+{
+    auto choice = Maize_At_Hamburg();
+    const auto mark = [&](const char* name) {
+        choice.Pesticide = name;
+        Pesticide(name);
+        return Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice);
+    };
+    ASSERT_EQ(mark("a,b.psm"), Mark_Result::Marked);
+    fs::remove(Home / "focus" / "batch.bat");
+
+    EXPECT_EQ(mark("a--b.psm"), Mark_Result::Failed); // its directory is a--b.run, too
+
+    EXPECT_NE(The_User.Messages.back().Text.find("holds one of another pesticide file, a,b.psm"), std::string::npos);
+    EXPECT_EQ(mark("a,b.psm"), Mark_Result::Marked);
+}
+
+TEST_F(Mark_Test, A_Crop_That_Is_A_Link_Is_Refused)
+{
+    const auto choice = Maize_At_Hamburg();
+    fs::create_directories(Home / "elsewhere" / "Hamburg_-_(H).run");
+    Put(Home / "elsewhere" / "Hamburg_-_(H).run" / "thesis.txt", "x");
+    fs::create_directories(Home / "focus" / "test.run");
+    fs::create_directory_symlink(Home / "elsewhere", Home / "focus" / "test.run" / "Maize.run");
+
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
+
+    EXPECT_NE(The_User.Messages.back().Text.find("is a link, which leads elsewhere"), std::string::npos);
+    EXPECT_TRUE(fs::exists(Home / "elsewhere" / "Hamburg_-_(H).run" / "thesis.txt"));
 }
 
 TEST_F(Mark_Test, The_Combination_Behind_The_500th_Is_Refused_With_A_Message)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "complete_output.h"
 #include "core/files.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
@@ -75,6 +76,14 @@ protected:
         std::filesystem::permissions(Home / "orvel401.exe", std::filesystem::perms::owner_all);
     }
 
+    // An engine that works well: runs the script, then leaves the complete output of so many years.
+    void Good_Engine(int years = 26, const std::string& script = "true")
+    {
+        const auto model = Home / ("output of " + std::to_string(years));
+        Put_Complete_Output(model, years);
+        Engine(script + "\ncp '" + model.string() + "'/*.orv .");
+    }
+
     // A pesticide file with one application a year at Hamburg.
     void Pesticide(const std::string& name, const std::function<void(Pesticide_Document&)>& change = {})
     {
@@ -106,11 +115,19 @@ protected:
         Put(file, Format_SZE(document));
     }
 
+    // Climate files of a location for as many years as a run can have.
+    void Climates(const std::string& code)
+    {
+        for (int year = 1; year <= 66; ++year)
+            Put(Home / "focus" / (code + (year < 10 ? "_0" : "_") + std::to_string(year) + ".cli"), "climate\r\n");
+    }
+
     // The combination that most tests run.
     Run_Choice Maize_At_Hamburg()
     {
         Pesticide("test.psm");
         Scenario(Home / "focus" / "H_maize.sze");
+        Climates("H");
         return Chosen(Focus(), Maize, "Hamburg (H)", "test.psm");
     }
 

@@ -180,7 +180,7 @@ TEST_F(Selection_Test, Without_A_Location_Nothing_Is_Read_And_Nothing_Can_Run)
     const auto selected = Selected(Maize, "");
 
     EXPECT_FALSE(selected.Buttons_Enabled());
-    EXPECT_EQ(selected.Warnung, "");
+    EXPECT_EQ(selected.Warnung, "There is no scenario file for Maize in the directory focus.");
     EXPECT_TRUE(The_User.Messages.empty());
     EXPECT_FALSE(Selected(Crop_At(First_Separator())).Buttons_Enabled());
 }

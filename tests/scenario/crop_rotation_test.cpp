@@ -265,7 +265,7 @@ TEST(Crop_Rotation, Removing_The_Middle_Of_Three_Yearly_Crops_Pulls_The_Third_Ba
     EXPECT_EQ(Years(work, Harvest), (std::vector{1, 2}));
 }
 
-TEST(Crop_Rotation, A_Closed_Gap_Leaves_The_Year_Of_Senescence_Behind)
+TEST(Crop_Rotation, A_Closed_Gap_Takes_The_Year_Of_Senescence_Along)
 {
     auto work = Work();
     for (int i = 0; i < 3; ++i)
@@ -273,20 +273,35 @@ TEST(Crop_Rotation, A_Closed_Gap_Leaves_The_Year_Of_Senescence_Behind)
 
     Rot_Remove(work, 1);
 
-    EXPECT_EQ(Years(work, Senescence), (std::vector{1, 3}));
+    EXPECT_EQ(Years(work, Senescence), (std::vector{1, 2}));
 }
 
-TEST(Crop_Rotation, A_Gap_Is_Closed_Down_To_The_Year_Of_The_Harvest_If_The_Tillage_Is_Behind_It)
+TEST(Crop_Rotation, An_Untilled_Crop_Closes_The_Gap_By_Its_Emergence_And_Keeps_A_Tillage_That_Nobody_Sees)
+{
+    auto work = Work();
+    for (int i = 0; i < 3; ++i)
+        Rot_Append(work, Maize);
+    ASSERT_EQ(Years(work, Emergence), (std::vector{1, 2, 3}));
+    ASSERT_EQ(Years(work, Tillage), (std::vector{1, 1, 1}));
+
+    Rot_Remove(work, 1);
+    EXPECT_EQ(Years(work, Emergence), (std::vector{1, 2}));
+    EXPECT_EQ(Years(work, Harvest), (std::vector{1, 2}));
+
+    Rot_Remove(work, 0);
+    EXPECT_EQ(Years(work, Emergence), std::vector{1});
+    EXPECT_EQ(Years(work, Tillage), std::vector{1});
+}
+
+TEST(Crop_Rotation, A_Gap_Is_Closed_Down_To_The_Year_Of_The_Harvest_If_The_Next_Crop_Begins_Behind_It)
 {
     auto work = Work();
     Rot_Append(work, Maize); // harvest 20.9. of year 1
     Rot_Append(work, Maize);
-    Rot_Append(work, Winter_Cereals); // tillage 27.10. of year 1 by the data base, emergence 1.11. of year 2
-    Set_Date(work.Rows[2], Tillage, {27, 10, 2});
+    Rot_Append(work, Winter_Cereals); // emergence 1.11. of year 2
 
     Rot_Remove(work, 1);
 
-    EXPECT_EQ(Years(work, Tillage), (std::vector{1, 1}));
     EXPECT_EQ(Years(work, Emergence), (std::vector{1, 1}));
 }
 

@@ -93,11 +93,12 @@ TEST_F(Scenario_Saving, Year_100_Is_Told_Before_It_Would_Be_Cut_In_The_File)
     EXPECT_EQ(The_Session.Scenario.Rotation[1].SZE_Har_Year, 100);
 }
 
-TEST_F(Scenario_Saving, A_Tillage_Date_Counts_Only_If_A_Crop_Is_Tilled)
+TEST_F(Scenario_Saving, A_Tillage_Date_Counts_Only_If_The_Crop_Of_Its_Row_Is_Tilled)
 {
     const std::vector<Rotation_Row> rows = {{.SZE_Til_Month = -1}};
 
     EXPECT_EQ(Check_Rotation_Digits(rows, {{.SZE_Rot_Tillage = 0}}), std::nullopt);
+    EXPECT_EQ(Check_Rotation_Digits(rows, {{.SZE_Rot_Tillage = 0}, {.SZE_Rot_Tillage = 1}}), std::nullopt);
     EXPECT_TRUE(Check_Rotation_Digits(rows, {{.SZE_Rot_Tillage = 1}}));
 }
 
@@ -112,9 +113,8 @@ TEST_F(Scenario_Saving, Dates_Of_Tillage_That_The_Layout_Does_Not_Write_Are_Told
     EXPECT_EQ(Prepare_Save(The_Session, "1"), std::nullopt);
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_EQ(The_User.Messages[0].Text, "A rotation of 1 rows is saved with its dates of tillage and senescence only "
-                                         "if one of the first 1 crops of the "
-                                         "data base is tilled. They will not be in the file.");
+    EXPECT_EQ(The_User.Messages[0].Text, "A rotation of 1 row is saved with its dates of tillage and senescence only "
+                                         "if the first crop of the data base is tilled. They will not be in the file.");
 }
 
 TEST_F(Scenario_Saving, Dates_Of_Tillage_That_Are_Written_Or_Not_Used_Are_Not_Told)

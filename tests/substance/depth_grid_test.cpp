@@ -64,13 +64,10 @@ TEST_F(Depth_Dependence, A_Number_Of_Horizons_Never_Leads_Out_Of_The_Table)
 {
     Two_Horizons(1);
     Document.N_Horizons = "1E9";
-    EXPECT_EQ(Horizons_Of(Document), 3);
     EXPECT_EQ(Load_Depth_Grid(Document, 1, 2000000000).Rows.size(), 400U);
 
-    Document.N_Horizons = -1;
-    EXPECT_EQ(Horizons_Of(Document), 0);
     Document.Horizons.clear();
-    EXPECT_EQ(Horizons_Of(Document), 0);
+    EXPECT_EQ(Load_Depth_Grid(Document, 1, 1).Rows[0][0], "");
     Reset_Horizon_Table(Document, -5);
     EXPECT_EQ(Document.Horizons.size(), 2U);
 }
@@ -111,7 +108,7 @@ TEST_F(Depth_Dependence, D2_Has_The_Factor_2_Alone)
     EXPECT_EQ(Depth_Grid_Headers(9).back(), "CO2/BRes");
 }
 
-TEST_F(Depth_Dependence, Rows_Beyond_The_Stored_Table_Stay_Empty_And_Count_As_Zero)
+TEST_F(Depth_Dependence, Rows_Beyond_The_Table_Stay_Empty_And_Become_No_Zeros)
 {
     Two_Horizons(6);
 
@@ -121,9 +118,33 @@ TEST_F(Depth_Dependence, Rows_Beyond_The_Stored_Table_Stay_Empty_And_Count_As_Ze
 
     Accept_Depth_Grid(Document, 6, grid);
     EXPECT_EQ(Document.N_Horizons, Variant(3));
-    EXPECT_EQ(Document.Horizons[3].Hor_FrExp[6], Variant(0));
+    EXPECT_EQ(Document.Horizons[3].Hor_FrExp[6], Variant(0.9));
+    EXPECT_EQ(Document.Horizons[3].Hor_Deg[6][1], Variant(1));
     EXPECT_EQ(Document.Horizons[3].Hor_FrExp[1], Variant(0.9)); // another substance
     EXPECT_EQ(Document.Horizons[2].Hor_Deg[6][2].Number(), 22);
+}
+
+TEST_F(Depth_Dependence, A_Table_Just_Reset_Shows_Its_Defaults_Before_The_Document_Knows_Its_Number)
+{
+    Two_Horizons(1);
+    Reset_Horizon_Table(Document, 3); // Text_nhor was left with 3; N_Horizons is still 2
+
+    const auto grid = Load_Depth_Grid(Document, 2, 3);
+
+    EXPECT_EQ(grid.Rows, std::vector<std::vector<std::string>>(3, {"0", "0.9", "1", "1", "1", "1"}));
+}
+
+TEST_F(Depth_Dependence, A_Cell_That_Was_Emptied_Has_The_Default_Of_Its_Column)
+{
+    Two_Horizons(1);
+    auto grid = Load_Depth_Grid(Document, 1, 2);
+    grid.Rows[0] = {"", " ", "", "2", "2", "2", "2"};
+
+    Accept_Depth_Grid(Document, 1, grid);
+
+    EXPECT_EQ(Document.Horizons[1].Hor_Kd[1].Number(), 0);
+    EXPECT_EQ(Document.Horizons[1].Hor_FrExp[1].Number(), 0.9);
+    EXPECT_EQ(Document.Horizons[1].Hor_Deg[1][1].Number(), 1);
 }
 
 TEST_F(Depth_Dependence, The_Form_Itself_Never_Resets_The_Table)

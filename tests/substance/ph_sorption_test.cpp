@@ -14,7 +14,7 @@ TEST_F(PH_Sorption, With_A_Single_pH_Opens_With_The_Box_Checked_And_The_Second_P
 
     const auto entry = Load_PH(Document, 1, "120");
 
-    EXPECT_EQ(entry, (PH_Entry{"120", "6", "-99", "-99", "4.5", true}));
+    EXPECT_EQ(entry, (PH_Entry{"120", "6", "", "", "4.5", true}));
     EXPECT_EQ(View_Of_PH(entry), (PH_View{.First_pH = true, .Second_Pair = false}));
 }
 
@@ -52,6 +52,18 @@ TEST_F(PH_Sorption, A_pKa_Of_Zero_Hides_The_pH_Fields_Yet_Shows_The_Note)
     std::string text_koc0;
     Accept_PH(Document, 1, entry, text_koc0);
     EXPECT_TRUE(Shows_PH_Note(Document, 1));
+}
+
+TEST_F(PH_Sorption, A_Second_Pair_Left_Blank_Is_None)
+{
+    Document.Sorp_pKa[1] = 4.5;
+    auto entry = Load_PH(Document, 1, "120");
+    entry.s_Dataset = false; // shows the pair
+
+    Accept_PH(Document, 1, entry, entry.s_KOC);
+
+    EXPECT_EQ(Document.Koc2[1].Number(), -99);
+    EXPECT_EQ(Document.Sorp_pH2[1].Number(), -99);
 }
 
 TEST_F(PH_Sorption, Is_Stored_As_Numbers_And_Gives_The_Substance_Form_Its_Koc)

@@ -28,10 +28,26 @@ TEST(Grid_Block, Takes_The_Numbers_Of_A_Spreadsheet_With_Signs_And_Exponents)
     EXPECT_EQ(Read("1.2E+05\t-3").Cells, (Grid_Block{{"1.2E+05", "-3"}}));
 }
 
-TEST(Grid_Block, A_Comma_Is_A_Point_Where_The_Comma_Key_Writes_One_And_Else_Refused)
+TEST(Grid_Block, A_Comma_Is_A_Point)
 {
     EXPECT_EQ(Read("7,5", 1, 1, Climate_Grid_Rule).Cells, (Grid_Block{{"7.5"}}));
-    EXPECT_EQ(Read("7,5").Refused->Text, "\"7,5\" cannot stand in this column. Nothing was pasted.");
+    EXPECT_EQ(Read("7,5").Cells, (Grid_Block{{"7.5"}}));
+    EXPECT_EQ(Read("1.000,5").Refused->Text, "\"1.000,5\" cannot stand in this column. Nothing was pasted.");
+}
+
+TEST(Grid_Cell, That_Is_No_Number_Or_Too_Large_Has_A_Hint)
+{
+    EXPECT_EQ(Cell_Hint("0.90.85", {"Exponent"}), "\"0.90.85\" is read as 0.9.");
+    EXPECT_EQ(Cell_Hint("1E300", {"Thickness"}), "\"1E300\" is too large a number.");
+    EXPECT_EQ(Cell_Hint("7.5", {"pH"}), std::nullopt);
+    EXPECT_EQ(Cell_Hint(" ", {"pH"}), std::nullopt);
+    EXPECT_EQ(Cell_Hint("Horizon 1", {"Horizon", false}), std::nullopt);
+}
+
+TEST(Grid_Cell, That_Cannot_Be_Read_Is_Told_With_Its_Row_And_Heading)
+{
+    EXPECT_EQ(Unread_Cell("Horizon 2", {"Thickness      [cm]"}, "30-1"),
+              (Message{"Data Check", "Horizon 2, Thickness [cm]: \"30-1\" cannot be read as a number."}));
 }
 
 TEST(Grid_Block, A_Text_That_Is_A_Number_Only_In_Part_Is_Refused_With_The_Whole_Block)

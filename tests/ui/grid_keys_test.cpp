@@ -20,6 +20,11 @@ TEST(Number_Grid, Takes_Digits_Minus_Point_And_E)
     EXPECT_EQ(Typed(Number_Grid_Key, {189, 49, 190, 53, 110, 69, 57, 48}), "-1.5.E90");
 }
 
+TEST(Number_Grid, The_Comma_Key_Writes_A_Point)
+{
+    EXPECT_EQ(Typed(Number_Grid_Key, {49, 188, 53}), "1.5");
+}
+
 TEST(Number_Grid, The_Number_Pad_Writes_Digits)
 {
     EXPECT_EQ(Typed(Number_Grid_Key, {96, 97, 98, 99, 100, 101, 102, 103, 104, 105}), "0123456789");
@@ -33,7 +38,7 @@ TEST(Number_Grid, Delete_Takes_The_Last_Character)
 
 TEST(Number_Grid, Every_Other_Key_Is_Ignored)
 {
-    const std::set<int> taken = {46, 69, 110, 189, 190};
+    const std::set<int> taken = {46, 69, 110, 188, 189, 190};
     for (int code = 0; code < 256; ++code) {
         if (!taken.contains(code) && !(code >= 48 && code <= 57) && !(code >= 96 && code <= 105)) {
             EXPECT_EQ(Number_Grid_Key(code), Key_Action{}) << code;

@@ -48,6 +48,15 @@ TEST(A_Number_Field, Gives_The_Document_The_Text_As_Typed_Only_If_It_Is_A_Number
     EXPECT_EQ(Typed_Number("1 5").Print(), " 1 ");
 }
 
+TEST(A_Number_Field, Refuses_A_Number_Whose_Double_Could_Not_Be_Written)
+{
+    EXPECT_EQ(Check_Size(" 1e308 ", "Text_vol0_0"),
+              (Refusal{{"Data check", "\"1e308\" is too large a number."}, "Text_vol0_0"}));
+    EXPECT_TRUE(Check_Size("-1E999", ""));
+    EXPECT_FALSE(Check_Size("1e299", ""));
+    EXPECT_FALSE(Check_Size("abc", ""));
+}
+
 TEST(A_Number_Field, Of_Whole_Numbers_Rounds_Halves_To_Even_And_Ends_Where_An_I16_Ends)
 {
     EXPECT_EQ(Typed_Integer("12"), 12);

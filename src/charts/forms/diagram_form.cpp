@@ -2,6 +2,7 @@
 
 #include "charts/forms/chart_view.h"
 #include "charts/forms/picture_actions.h"
+#include "ui/forms/enter_key.h"
 #include "ui/forms/widgets.h"
 
 #include <QHBoxLayout>
@@ -31,7 +32,7 @@ Diagram_Form::Diagram_Form(const QString& name, Ask_Function ask, QWidget* paren
         Buttons->addWidget(button);
     Buttons->addStretch(1);
     Buttons->addWidget(done);
-    done->setDefault(true);
+    Enter_Leaves_Fields(*this);
 }
 
 void Diagram_Form::Add_Button(QPushButton* button)

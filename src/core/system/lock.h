@@ -15,6 +15,8 @@ public:
     static std::optional<Lock> Take(const std::filesystem::path& path, bool inherited = false);
     // The same, but waits up to `most`: testing a lock from outside holds it for an instant.
     static std::optional<Lock> Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most);
+    // Held by any number of programs at a time, but by none while one has taken it for itself.
+    static std::optional<Lock> Take_Shared(const std::filesystem::path& path);
     // Takes over the lock that the parent program passed on as `Kept_Descriptor` (spawn.h). Child programs of this one
     // do not inherit it.
     static Lock Adopt(int descriptor);
@@ -31,6 +33,10 @@ private:
     explicit Lock(int number) : Number(number) {}
     int Number;
 };
+
+// Ends the programs that were started in a directory and were given its lock (spawn.h), whoever started them: engines
+// whose job has gone. Whether there was one.
+bool End_Holders(const std::filesystem::path& directory);
 
 // Whether a process holds the lock of a path, tested without waiting. A path that is not there is not locked. Throws
 // File_Error for one whose lock cannot be tested: no answer is not "no".

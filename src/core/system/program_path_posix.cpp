@@ -31,7 +31,7 @@ fs::path Program_In_Path(const std::string& name)
     std::string_view rest = variable == nullptr ? "" : variable;
     while (!rest.empty()) {
         const auto end = rest.find(':');
-        const fs::path candidate = fs::path(rest.substr(0, end)) / name;
+        fs::path candidate = fs::path(rest.substr(0, end)) / name;
         rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
         if (candidate.is_absolute() && ::access(candidate.c_str(), X_OK) == 0)
             return candidate;

@@ -8,7 +8,12 @@ namespace orvel {
 
 namespace {
 
-volatile std::sig_atomic_t Code = 0;
+volatile std::sig_atomic_t Code = 0, Noticed = 0;
+
+void Notice(int)
+{
+    Noticed = 1;
+}
 
 void Exit_Now(int)
 {
@@ -22,6 +27,17 @@ void Exit_When_Stopped(int exit_code)
     Code = exit_code;
     for (const int number : {SIGINT, SIGTERM, SIGHUP})
         std::signal(number, Exit_Now);
+}
+
+void Notice_When_Stopped()
+{
+    for (const int number : {SIGINT, SIGTERM, SIGHUP})
+        std::signal(number, Notice);
+}
+
+bool Was_Stopped()
+{
+    return Noticed != 0;
 }
 
 void Report_Failed_Writes()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -17,6 +18,7 @@ struct Program_Start {
     bool Keeps_Standard_Error = false; // standard error goes where this program's goes, not into Output
     int Kept_Descriptor = -1;          // stays open in the program, as number Kept_As
     bool Own_Session = false;          // outlives this program and its terminal
+    bool Own_Group = false;            // can be ended together with what it starts: End_Group
 };
 constexpr int Kept_As = 3;
 
@@ -31,9 +33,12 @@ struct Program_End {
 };
 constexpr int Unknown_Program = 128; // the exit code of a process that this program has not started
 
-// The first two wait; the second returns nothing if a signal interrupted it, the third while the program is running.
+// The first two wait, the second at most as long as given and until a signal interrupts it; the third does not.
 Program_End Wait_For_Program(int process);
-std::optional<Program_End> Wait_For_Any_Program();
+std::optional<Program_End> Wait_For_Any_Program(std::chrono::milliseconds most);
 std::optional<Program_End> End_Of_Program(int process);
+
+// Asks a program that was started with a group of its own, and what it has started, to end; or ends them at once.
+void End_Group(int process, bool at_once);
 
 } // namespace orvel

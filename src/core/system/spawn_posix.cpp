@@ -54,14 +54,16 @@ void Set_Descriptors(const Program_Start& start, posix_spawn_file_actions_t* act
     ::posix_spawn_file_actions_addclosefrom_np(actions, start.Kept_Descriptor >= 0 ? Kept_As + 1 : Kept_As);
 }
 
-void Set_Signals(bool own_session, posix_spawnattr_t* attributes)
+void Set_Signals(const Program_Start& start, posix_spawnattr_t* attributes)
 {
     sigset_t none, all;
     ::sigemptyset(&none);
     ::sigfillset(&all);
     ::posix_spawnattr_setsigmask(attributes, &none);
     ::posix_spawnattr_setsigdefault(attributes, &all);
-    const int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | (own_session ? POSIX_SPAWN_SETSID : 0);
+    ::posix_spawnattr_setpgroup(attributes, 0);
+    const int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | (start.Own_Session ? POSIX_SPAWN_SETSID : 0) |
+                      (start.Own_Group ? POSIX_SPAWN_SETPGROUP : 0);
     ::posix_spawnattr_setflags(attributes, static_cast<short>(flags));
 }
 
@@ -82,7 +84,7 @@ int Start_Program(const Program_Start& start)
     ::posix_spawn_file_actions_addchdir_np(actions.Get(), start.Directory.c_str());
     Set_Descriptors(start, actions.Get());
     Attributes attributes;
-    Set_Signals(start.Own_Session, attributes.Get());
+    Set_Signals(start, attributes.Get());
 
     std::string name = start.Program.filename().string();
     std::vector<std::string> arguments = start.Arguments;
@@ -109,11 +111,28 @@ Program_End Wait_For_Program(int process)
     return End_Of(ended, status);
 }
 
-std::optional<Program_End> Wait_For_Any_Program()
+std::optional<Program_End> Wait_For_Any_Program(std::chrono::milliseconds most)
 {
-    int status = 0;
-    const pid_t process = ::waitpid(-1, &status, 0);
-    return process < 0 ? std::nullopt : std::optional(End_Of(process, status));
+    // Blocked first, so that an end between looking and waiting ends the wait.
+    sigset_t child, before;
+    ::sigemptyset(&child);
+    ::sigaddset(&child, SIGCHLD);
+    ::pthread_sigmask(SIG_BLOCK, &child, &before);
+    auto end = End_Of_Program(-1);
+    if (!end) {
+        const auto seconds = std::chrono::floor<std::chrono::seconds>(most);
+        const timespec time{.tv_sec = seconds.count(), .tv_nsec = std::chrono::nanoseconds(most - seconds).count()};
+        ::sigtimedwait(&child, nullptr, &time);
+        end = End_Of_Program(-1);
+    }
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return end && end->Process < 0 ? std::nullopt : end;
+}
+
+void End_Group(int process, bool at_once)
+{
+    if (process > 0)
+        ::kill(-process, at_once ? SIGKILL : SIGTERM);
 }
 
 std::optional<Program_End> End_Of_Program(int process)

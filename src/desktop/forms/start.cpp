@@ -3,6 +3,7 @@
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/versionsinfo.h"
 #include "desktop/forms/windows.h"
+#include "desktop/update_check.h"
 #include "documents/forms/form_psm_open.h"
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
@@ -158,7 +159,11 @@ QLayout* Start::Foot()
     connect(Command4, &QPushButton::clicked, this, &Start::close);
 
     auto* update = Named(new QPushButton("Check for &update"), "Suche_nach_Update");
-    connect(update, &QPushButton::clicked, this, [this] { Update.Start(Update_Address()); });
+    const QUrl address = QUrl(QString::fromStdString(Update_Address(The_Session.Program.App_Path)), QUrl::StrictMode);
+    update->setEnabled(address.isValid());
+    if (!address.isValid())
+        update->setToolTip("The distributor has left no address: " + Shown(Update_File) + " of the installation.");
+    connect(update, &QPushButton::clicked, this, [this, address] { Update.Start(address); });
 
     auto* foot = new QHBoxLayout;
     foot->addWidget(version);

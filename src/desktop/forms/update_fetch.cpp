@@ -26,10 +26,6 @@ void Update_Fetch::Start(const QUrl& address)
 {
     if (Reply)
         return;
-    if (address.isEmpty()) {
-        emit Finished(No_Update_Address());
-        return;
-    }
     Page.clear();
     Reply = Network.get(QNetworkRequest(address));
     Limit.start(Time_Limit); // for the whole fetch, however slowly the server sends
@@ -54,11 +50,6 @@ void Update_Fetch::Finish()
     const bool read = error == QNetworkReply::NoError || Page.contains(".zip");
     emit Finished(read ? Evaluate_Update_Page({Page.constData(), static_cast<std::size_t>(Page.size())})
                        : Connection_Problem());
-}
-
-QUrl Update_Address()
-{
-    return QUrl(QString::fromLatin1(ORVEL_UPDATE_ADDRESS));
 }
 
 } // namespace orvel

@@ -21,8 +21,7 @@ class Update_Fetch : public QObject {
 public:
     explicit Update_Fetch(QObject* parent = nullptr);
 
-    // Ends with Finished, also for an empty address or a server that does not answer. Does nothing while a fetch is
-    // under way.
+    // Ends with Finished, also for a server that does not answer. Does nothing while a fetch is under way.
     void Start(const QUrl& address);
 
 signals:
@@ -37,8 +36,5 @@ private:
     QByteArray Page;
     QTimer Limit;
 };
-
-// Set when the build is configured; empty by default.
-QUrl Update_Address();
 
 } // namespace orvel

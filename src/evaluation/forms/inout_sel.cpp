@@ -6,6 +6,7 @@
 #include "output/echo_file.h"
 #include "runs/calendar_file.h"
 #include "tables/forms/text_viewer.h"
+#include "ui/forms/enter_key.h"
 #include "ui/forms/widgets.h"
 #include "ui/shown_file.h"
 
@@ -66,6 +67,7 @@ void inout_sel::Lay_Out()
     all->addWidget(Series, 1, 0, 1, 2);
     all->addWidget(Nachricht, 2, 0, 1, 2);
     all->addLayout(Buttons(), 3, 0, 1, 2);
+    Enter_Leaves_Fields(*this);
     all->setColumnStretch(0, 1);
     all->setColumnStretch(1, 2);
 }
@@ -149,16 +151,12 @@ void inout_sel::Go_To(const std::filesystem::path& directory)
     List_Files_Of_Directory();
 
     const bool has_series = Find_File(Directory, "plot.orv").has_value();
-    if (has_series)
-        Series->Show_Run(Directory);
-    else
-        Series->Clear();
+    Grafik->setEnabled(Series->Show_Columns(Directory));
     const Echo_Layers layers = Layers_Of(Directory);
     S_Jaehrlich->setEnabled(has_series);
     S_Monatlich->setEnabled(has_series && layers.Has_Monthly_Output);
     S_Taeglich->setEnabled(has_series && layers.Has_Daily_Output);
     s_Echo->setEnabled(Find_File(Directory, "echo.orv").has_value());
-    Grafik->setEnabled(has_series);
     Nachricht->clear();
 }
 

@@ -83,7 +83,23 @@ QGroupBox* Series_Choice::Period_Box()
 void Series_Choice::Show_Run(const std::filesystem::path& run_directory)
 {
     Show_Items(Parameters_Of_Run(run_directory));
-    Years = Years_Of_Plot(Head_Of(run_directory));
+    Show_Years(Head_Of(run_directory));
+}
+
+bool Series_Choice::Show_Columns(const std::filesystem::path& run_directory)
+{
+    const Plot_Head head = Head_Of(run_directory);
+    Show_Items(Parameters_Of_Head(head, run_directory));
+    if (Items.empty())
+        Clear();
+    else
+        Show_Years(head);
+    return !Items.empty();
+}
+
+void Series_Choice::Show_Years(const Plot_Head& head)
+{
+    Years = Years_Of_Plot(head);
     for (const std::size_t year : {Begin_Year, End_Year}) {
         Zeitintervall[year]->clear();
         for (int y = 1; y <= Years; ++y)

@@ -23,6 +23,8 @@ public:
     // Fills the lists for a run directory; the whole simulation is chosen. Without a plot.orv there is no period to
     // choose.
     void Show_Run(const std::filesystem::path& run_directory);
+    // The same with the columns that its plot.orv has, and no others. False: it has none that can be shown.
+    bool Show_Columns(const std::filesystem::path& run_directory);
     void Clear();
 
     Daily_Choice Choice(const std::filesystem::path& run_directory, const std::filesystem::path& calendar) const;
@@ -33,6 +35,7 @@ private:
     Period Chosen_Period() const;
     void Show_Period(const Period& period);
     void Show_Items(std::vector<Parameter_Item> items);
+    void Show_Years(const Plot_Head& head);
 
     std::vector<Parameter_Item> Items;
     int Years = 0;

@@ -105,7 +105,7 @@ QString Simulation_Model::Text(const Simulation& simulation, int column) const
     case Status:
         return Shown(Status_Text(simulation.Status));
     case Result:
-        return Shown(Result_Text(simulation.Result));
+        return Shown(Result_Text(simulation));
     default:
         return {};
     }
@@ -125,8 +125,8 @@ QVariant Simulation_Model::data(const QModelIndex& index, int role) const
         return Status_Dot[static_cast<std::size_t>(simulation.Status)];
     if (role == Qt::AccessibleTextRole && index.column() == Marker)
         return Marked[row] ? "selected" : "not selected";
-    if (role == Qt::ToolTipRole && index.column() == Result && Has_Failed(simulation))
-        return "Select it to read the engine's report.";
+    if (role == Qt::ToolTipRole && index.column() == Result)
+        return Shown(Explanation(simulation));
     return {};
 }
 

@@ -3,6 +3,7 @@
 #include "core/files.h"
 #include "jobs/run_again.h"
 #include "jobs/simulations.h"
+#include "ui/forms/enter_key.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
 
@@ -60,11 +61,12 @@ void Simulationsliste::Lay_Out()
     Grid1->horizontalHeader()->setStretchLastSection(true);
     connect(Grid1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &Simulationsliste::Selection_Changed);
-    connect(Grid1, &QTableView::doubleClicked, this, &Simulationsliste::Auswaehlen_Click);
+    connect(Grid1, &QTableView::activated, this, &Simulationsliste::Auswaehlen_Click); // Return, or a double click
 
     auto* all = new QVBoxLayout(this);
     all->addWidget(Grid1, 1);
     all->addLayout(Buttons());
+    Enter_Leaves_Fields(*this);
     Assistant->Attach(Grid1, 27);
     Assistant->Attach(Auswaehlen, 28);
     Assistant->Attach(Loeschen, 29);
@@ -97,7 +99,6 @@ QLayout* Simulationsliste::Buttons()
     row->addWidget(Assistant->Switch());
     row->addStretch(1);
     Ende = add("Ende", "&Done", &QDialog::reject);
-    Auswaehlen->setDefault(true);
     return row;
 }
 

@@ -7,6 +7,8 @@
 #include "files/forms/directory_files.h"
 #include "ui/forms/widgets.h"
 
+#include <stdexcept>
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -56,8 +58,9 @@ void Form_Saving::Lay_Out(const std::filesystem::path& directory)
     all->addLayout(buttons);
 }
 
+// A number that no file can hold is told like any other failure, and nothing of the document is lost.
 void Form_Saving::Save()
-{
+try {
     const std::string name(Trim(Bytes_Of(TextSave->text())));
     if (!Name_Is_Usable(name))
         return TextSave->setFocus();
@@ -67,6 +70,8 @@ void Form_Saving::Save()
     The_Session.Program.PSM_File = name;
     The_Session.Program.*Type.Changed = false;
     accept();
+} catch (const std::domain_error& error) {
+    The_Session.Ask({std::string(Saving_Input_File), error.what()});
 }
 
 // The extension selects the writer, so it must match the document.

@@ -8,6 +8,7 @@
 #include "runs/batch.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/forms/dialog.h"
+#include "runs/mark.h"
 #include "runs/output_selection.h"
 #include "ui/forms/widgets.h"
 
@@ -131,6 +132,7 @@ void FOCUS::Crop_Click()
 
 void FOCUS::Evaluate()
 {
+    Marked->clear();
     const Hourglass waiting;
     Selected = Evaluate_Selection(The_Session.Program, The_Session.Ask, The_Mode, Text_Of(*Pesticide),
                                   Crop_At(Crop_List->currentRow()), Text_Of(*Location_List));
@@ -182,8 +184,9 @@ std::filesystem::path FOCUS::Directory() const
 void FOCUS::Mark()
 {
     const Hourglass waiting;
-    Mark_For_Batch(The_Session.Program, The_Session.Ask, The_Mode, Choice());
+    const bool marked = Mark_For_Batch(The_Session.Program, The_Session.Ask, The_Mode, Choice()) == Mark_Result::Marked;
     Show_Selection();
+    Marked->setText(Shown(Marked_Text({.Marked = marked ? 1 : 0})));
 }
 
 void FOCUS::Mark_All_Locations()
@@ -199,11 +202,12 @@ void FOCUS::Mark_All_Locations()
         QApplication::processEvents();
     };
     const Run_Choice choice = Choice();
-    Mark_All(The_Session.Program, The_Session.Ask, The_Mode, choice.Pesticide, choice.Crop, choice.Options,
-             show_progress);
+    const auto result = Mark_All(The_Session.Program, The_Session.Ask, The_Mode, choice.Pesticide, choice.Crop,
+                                 choice.Options, show_progress);
     setEnabled(true);
     Timer1.start(Tick_Interval);
     Evaluate();
+    Marked->setText(Shown(Marked_Text(result)));
 }
 
 void FOCUS::Run()

@@ -39,6 +39,7 @@ private:
     QLayout* Options();
     QWidget* Scaling_Choice();
     QLayout* Versions();
+    QLayout* Notices();
     QLayout* Job_State();
     QLayout* Buttons();
     void Attach_Help();
@@ -82,7 +83,7 @@ private:
     double Kept_Number = 0;
 
     QListWidget *Pesticide = nullptr, *Crop_List = nullptr, *Location_List = nullptr;
-    QLabel *App_Modus = nullptr, *app_Date = nullptr, *Warnung = nullptr, *Hinweis = nullptr;
+    QLabel *App_Modus = nullptr, *app_Date = nullptr, *Warnung = nullptr, *Hinweis = nullptr, *Marked = nullptr;
     QWidget* Warning_Box = nullptr;
     QGroupBox* Frame4 = nullptr;
     QComboBox* L_tildepth = nullptr;

@@ -1,6 +1,7 @@
 // The run form's controls and layout.
 #include "jobs/forms/focus.h"
 #include "runs/start_up.h"
+#include "ui/forms/enter_key.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
 
@@ -23,6 +24,7 @@ namespace {
 
 constexpr int List_Columns = 32;
 constexpr int List_Rows = 17;
+constexpr int Notice_Lines = 5;
 constexpr std::string_view Run_Button_Notice =
     "INFORMATION:\r\n"
     "The Run button is disabled as long as the current ORVEL simulation is running.\r\n"
@@ -53,9 +55,10 @@ void FOCUS::Lay_Out()
 
     auto* all = new QVBoxLayout(this);
     all->addLayout(top, 1);
+    all->addLayout(Notices());
     all->addLayout(Job_State());
     all->addLayout(Buttons());
-    s_run->setDefault(true);
+    Enter_Leaves_Fields(*this);
     Pesticide->setFocus();
     Attach_Help();
 }
@@ -114,6 +117,18 @@ QLayout* FOCUS::Application_Data()
     app_Date->setMinimumHeight(fontMetrics().lineSpacing() * 2);
     app_Date->setAlignment(Qt::AlignTop);
 
+    auto* rows = new QVBoxLayout;
+    rows->addWidget(Caption("Label2", "Application Mode", nullptr));
+    rows->addWidget(App_Modus);
+    rows->addSpacing(fontMetrics().lineSpacing() / 2);
+    rows->addWidget(Caption("Label1", "First Application", nullptr));
+    rows->addWidget(app_Date);
+    return rows;
+}
+
+// A warning and the notice of a running job, side by side in a place of their own, so that the form keeps its size.
+QLayout* FOCUS::Notices()
+{
     Warning_Box = Named(new QFrame, "Warning_Box");
     static_cast<QFrame*>(Warning_Box)->setFrameShape(QFrame::StyledPanel);
     auto* sign = new QLabel;
@@ -124,15 +139,15 @@ QLayout* FOCUS::Application_Data()
     auto* warning = new QHBoxLayout(Warning_Box);
     warning->addWidget(sign, 0, Qt::AlignTop);
     warning->addWidget(Warnung, 1);
+    Hinweis = Named(new QLabel(Shown(Run_Button_Notice)), "Hinweis");
+    Hinweis->setWordWrap(true);
+    Hinweis->hide();
 
-    auto* rows = new QVBoxLayout;
-    rows->addWidget(Caption("Label2", "Application Mode", nullptr));
-    rows->addWidget(App_Modus);
-    rows->addSpacing(fontMetrics().lineSpacing() / 2);
-    rows->addWidget(Caption("Label1", "First Application", nullptr));
-    rows->addWidget(app_Date);
-    rows->addWidget(Warning_Box);
-    return rows;
+    auto* notices = new QHBoxLayout;
+    notices->addWidget(Warning_Box, 1);
+    notices->addWidget(Hinweis, 1);
+    notices->addStrut(fontMetrics().lineSpacing() * Notice_Lines);
+    return notices;
 }
 
 QLayout* FOCUS::Options()
@@ -187,6 +202,12 @@ QLayout* FOCUS::Versions()
         labels->addWidget(
             Named(new QLabel(Shown("Scenario version number: " + Scenario_Version(The_Session.Program, The_Mode))),
                   "Version_Szenarien"));
+    if (The_Mode.Tail == Header_Tail::Scaling) {
+        const std::string& suite = The_Session.Program.Aktuelle_ORVELSUITE_Version;
+        labels->addWidget(
+            Named(new QLabel(Shown("Shell version number: " + suite.substr(suite.find(' ') + 1))), "Version_Shell"));
+        labels->addWidget(Named(new QLabel("EFSA ORVEL"), "Label6"));
+    }
     auto* versions = new QVBoxLayout;
     versions->addWidget(version);
     return versions;
@@ -207,13 +228,8 @@ QLayout* FOCUS::Job_State()
     Job_Box->setSizePolicy(keeps_its_place);
     Job_Box->hide();
 
-    Hinweis = Named(new QLabel(Shown(Run_Button_Notice)), "Hinweis");
-    Hinweis->setWordWrap(true);
-    Hinweis->hide();
-
     auto* state = new QVBoxLayout;
     state->addWidget(Job_Box);
-    state->addWidget(Hinweis);
     return state;
 }
 
@@ -228,6 +244,7 @@ QLayout* FOCUS::Buttons()
     s_run = add("s_run", "&Run", &FOCUS::Run);
     Batchdatei = add("Batchdatei", "&Mark for Batch", &FOCUS::Mark);
     Multi_batch = add("Multi_batch", "Mark &all for Batch", &FOCUS::Mark_All_Locations);
+    buttons->addWidget(Marked = Named(new QLabel, "Marked"));
     buttons->addStretch(1);
     buttons->addWidget(Assistant->Switch());
     Command1 = add("Command1", "E&valuation", &FOCUS::Evaluation);

@@ -1,13 +1,14 @@
 #include "jobs/forms/form_end.h"
 
 #include "core/files.h"
-#include "core/numbers.h"
 #include "documents/forms/edit_document.h"
 #include "jobs/single_run_archive.h"
 #include "jobs/single_run_start.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/output_selection.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/widgets.h"
+#include "ui/number_field.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -19,6 +20,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
 
 namespace orvel {
 
@@ -26,15 +28,16 @@ namespace {
 
 constexpr int State_Interval = 500; // ms
 
-void Fill(QListWidget& list, const std::filesystem::path& directory, std::string_view mask)
+// Lists the files of a directory; the one of the name given is selected.
+void Fill(QListWidget& list, const std::filesystem::path& directory, std::string_view mask, const QString& selected)
 {
-    const QString before = list.currentItem() ? list.currentItem()->text() : QString();
+    const QSignalBlocker quiet(list);
     list.clear();
     for (const std::string& name : List_Files(directory, mask)) {
         if (const auto bytes = Name_Of(name))
             list.addItem(Shown(*bytes));
     }
-    const auto found = list.findItems(before, Qt::MatchExactly);
+    const auto found = list.findItems(selected, Qt::MatchExactly);
     if (!found.isEmpty())
         list.setCurrentItem(found[0]);
 }
@@ -49,10 +52,13 @@ form_end::form_end(Session& session, Run_Windows windows, QWidget* parent)
 {
     setObjectName("form_end");
     setWindowTitle("Parameters for Simulation");
+    Guard = new Leave_Guard(*this, [this](QWidget& box) { Leave(box); });
+    Guard->Let_Pass({"Command4", "Command5", "Command6", "Command7"}); // "Start" checks all, the others need nothing
     Lay_Out();
-    Refresh_Files();
     Restore_Single_Run(Directory, The_Session.Run.Single, The_Session.Output);
     Load(Entry_Of_Settings(The_Session.Run.Single));
+    Refresh_Files();
+    File_psm->setFocus();
     connect(&Timer1, &QTimer::timeout, this, &form_end::Show_State);
     Timer1.start(State_Interval);
     Show_State();
@@ -61,9 +67,10 @@ form_end::form_end(Session& session, Run_Windows windows, QWidget* parent)
 void form_end::Refresh_Files()
 {
     Dir1->setText(QString::fromStdString(Directory.string()));
-    Fill(*File_psm, Directory, "*.psm");
-    Fill(*File_sce, Directory, "*.sze");
-    Fill(*File_cli, Directory, "*.cli");
+    const QString climate = File_cli->currentItem() ? File_cli->currentItem()->text() : QString();
+    Fill(*File_psm, Directory, "*.psm", Label2[0]->text());
+    Fill(*File_sce, Directory, "*.sze", Label2[1]->text());
+    Fill(*File_cli, Directory, "*.cli", climate);
     if (File_cli->currentRow() < 0)
         File_cli->setCurrentRow(0);
 }
@@ -166,7 +173,7 @@ void form_end::Start()
         return Open_Archive();
     const Single_Run_Entry entry = Entry();
     if (const auto refusal = Check_Single_Run(Directory, entry, The_Session.Scenario.SZE_Horizons.Number()))
-        return Refuse(*refusal);
+        return Guard->Refuse(The_Session.Ask, *refusal);
     Start_Single_Run(The_Session, Directory, entry);
     Show_State();
 }
@@ -203,28 +210,17 @@ void form_end::Edit(const QString& name)
         Open_And_Edit(The_Session, Found_Or_New(Directory, Path_Of(Bytes_Of(name))), this);
 }
 
-// Shows the message and returns the focus to the control in question.
-void form_end::Refuse(const Refusal& refusal)
+void form_end::Leave(const QWidget& box)
 {
-    The_Session.Ask(refusal.Text);
-    if (auto* control = findChild<QWidget*>(Shown(refusal.Control)))
-        control->setFocus();
-}
-
-void form_end::Leave(const std::optional<Refusal>& refusal)
-{
-    if (refusal && isVisible())
-        Refuse(*refusal);
+    const auto* day = qobject_cast<const QComboBox*>(&box);
+    const auto refusal = day ? Check_Day(Bytes_Of(day->currentText()), Bytes_Of(day->objectName()))
+                             : Check_Years(Bytes_Of(Text_years->text()));
+    if (refusal)
+        Guard->Refuse(The_Session.Ask, *refusal);
 }
 
 bool form_end::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::FocusOut) {
-        if (watched == Text_years)
-            Leave(Check_Years(Bytes_Of(Text_years->text())));
-        else if (auto* day = qobject_cast<QComboBox*>(watched))
-            Leave(Check_Day(Bytes_Of(day->currentText()), Bytes_Of(day->objectName())));
-    }
     if (event->type() == QEvent::MouseButtonDblClick) {
         if (const auto* label = qobject_cast<QLabel*>(watched))
             Edit(label->text());
@@ -242,7 +238,7 @@ bool form_end::event(QEvent* event)
 
 void form_end::Show_State()
 {
-    const int years = static_cast<int>(Val(Bytes_Of(Text_years->text())));
+    const int years = Typed_Integer(Bytes_Of(Text_years->text()));
     const Single_Run_State state = State_Of_Single_Run(Directory, years);
     Run_Bar->setVisible(state.Running);
     Run_Bar->setRange(0, std::max(1, years));

@@ -19,6 +19,8 @@ class QRadioButton;
 
 namespace orvel {
 
+class Leave_Guard;
+
 // The single run: its input files, its period, its output, the archive of earlier output.
 class form_end : public QDialog {
     Q_OBJECT
@@ -54,8 +56,7 @@ private:
     void Open_Archive();
     void Move_To_Archive();
     void Close_Archive();
-    void Refuse(const Refusal& refusal);
-    void Leave(const std::optional<Refusal>& refusal);
+    void Leave(const QWidget& box);
     void Show_State();
 
     Session& The_Session;
@@ -71,6 +72,7 @@ private:
     QPushButton* Command8 = nullptr;
     QProgressBar* Run_Bar = nullptr;
     QLabel* Run_Text = nullptr;
+    Leave_Guard* Guard = nullptr;
     QTimer Timer1;
 };
 

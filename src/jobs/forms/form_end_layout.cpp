@@ -1,6 +1,8 @@
 // The single-run form's controls and layout.
 #include "jobs/forms/form_end.h"
 #include "ui/forms/date_boxes.h"
+#include "ui/forms/enter_key.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/widgets.h"
 
 #include <QComboBox>
@@ -58,6 +60,7 @@ void form_end::Lay_Out()
     all->addWidget(Archive());
     all->addLayout(state);
     all->addLayout(Buttons());
+    Enter_Leaves_Fields(*this);
 }
 
 QLayout* form_end::Directory_Row()
@@ -89,8 +92,10 @@ QLayout* form_end::Files()
         files->addWidget(list, 2, column);
         connect(list, &QListWidget::itemClicked, this,
                 [this, label](QListWidgetItem* item) { Label2[label]->setText(item->text()); });
-        connect(list, &QListWidget::itemActivated, this,
-                [this, label](QListWidgetItem* item) { Label2[label]->setText(item->text()); });
+        connect(list, &QListWidget::itemSelectionChanged, this, [this, label, list] {
+            if (!list->selectedItems().isEmpty())
+                Label2[label]->setText(list->selectedItems().front()->text());
+        });
     };
     add(0, "&Pesticide file", File_psm, "File_psm", 0);
     add(1, "&Scenario file", File_sce, "File_sce", 1);
@@ -129,7 +134,7 @@ QLayout* form_end::Period()
     Combo_endm = Month_Box("Combo_endm", "Last month");
     Text_years = Named(new QLineEdit, "Text_years");
     for (QWidget* left : std::initializer_list<QWidget*>{Combo_stad, Combo_endd, Text_years})
-        left->installEventFilter(this);
+        Guard->Watch(*left);
 
     auto* period = new QFormLayout;
     period->addRow(new QLabel("Start Simulation on:"));
@@ -183,7 +188,6 @@ QLayout* form_end::Buttons()
     auto* move = Push_Button("Command7", "Move &Output to Archive", this, &form_end::Open_Archive);
     auto* browse = Push_Button("Command6", "Input/Output &files", this, [this] { Windows.Open_Run_Files(this); });
     auto* exit = Push_Button("Command5", "E&xit", this, &QDialog::accept);
-    start->setDefault(true);
     for (auto* button : {start, move, browse})
         buttons->addWidget(button);
     buttons->addStretch(1);

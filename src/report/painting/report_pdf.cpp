@@ -274,7 +274,7 @@ bool Is_Heading(const QTextBlock& block)
 }
 
 // How far down what belongs to a heading reaches: to the end of its table, or as far as a heading must not stand alone.
-double Needed_By_Heading(const QTextDocument& document, QTextBlock heading)
+double Needed_By_Heading(const QTextDocument& document, const QTextBlock& heading)
 {
     const double height = document.pageSize().height(),
                  top = document.documentLayout()->blockBoundingRect(heading).top();

@@ -41,4 +41,30 @@ void Climate_Model::Set_Cell(int row, int column, const std::string& text)
     Shown_Grid.Set_Cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column), text);
 }
 
+int Climate_Model::Most_Rows() const
+{
+    return static_cast<int>(Most_Climate_Rows);
+}
+
+void Climate_Model::Append_Rows(int rows)
+{
+    beginInsertRows({}, rowCount(), rowCount() + rows - 1);
+    Shown_Grid.Append_Rows(static_cast<std::size_t>(rows));
+    endInsertRows();
+}
+
+void Climate_Model::Append_Day()
+{
+    beginInsertRows({}, rowCount(), rowCount());
+    Shown_Grid.Append_Day();
+    endInsertRows();
+}
+
+std::optional<std::string> Climate_Model::Hint(int row, int column) const
+{
+    return Shown_Grid.Is_Edited(static_cast<std::size_t>(row), static_cast<std::size_t>(column))
+               ? Grid_Model::Hint(row, column)
+               : std::nullopt;
+}
+
 } // namespace orvel

@@ -18,6 +18,10 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     std::string Cell(int row, int column) const override;
     void Set_Cell(int row, int column, const std::string& text) override;
+    int Most_Rows() const override;
+    void Append_Rows(int rows) override;
+    void Append_Day();
+    std::optional<std::string> Hint(int row, int column) const override; // of edited cells
 
 private:
     Climate_Grid Shown_Grid;

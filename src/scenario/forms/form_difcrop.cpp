@@ -61,7 +61,7 @@ void Form_DifCrop::Lay_Out()
     columns->addLayout(middle);
     columns->addLayout(right, 1);
 
-    auto* buttons = Done_And_Cancel(*this, &Form_DifCrop::Done, "Command1", "&OK");
+    auto* buttons = Done_And_Cancel(*this, The_Session.Ask, &Form_DifCrop::Done, "Command1", "&OK");
     buttons->addButton(Push_Button("Command3", "Default &Values", this, &Form_DifCrop::Defaults),
                        QDialogButtonBox::ResetRole);
     auto* all = new QVBoxLayout(this);

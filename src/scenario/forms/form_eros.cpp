@@ -28,7 +28,7 @@ Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), The_S
     auto* all = new QVBoxLayout(this);
     all->addWidget(group);
     all->addStretch(1);
-    all->addWidget(Done_And_Cancel(*this, &Form_eros::Done, "Command1", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Form_eros::Done, "Command1", "&OK"));
 }
 
 void Form_eros::Done()

@@ -83,7 +83,7 @@ void Form_rot::Lay_Out()
     columns->addLayout(right);
     auto* all = new QVBoxLayout(this);
     all->addLayout(columns, 1);
-    all->addWidget(Done_And_Cancel(*this, &Form_rot::Done, "Command5", "&OK", "Command4"));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Form_rot::Done, "Command5", "&OK", "Command4"));
 }
 
 QGroupBox* Form_rot::Dates()
@@ -98,8 +98,6 @@ QGroupBox* Form_rot::Dates()
         auto& boxes = Boxes[i];
         boxes = {Day_Box("Combo1_" + suffix, label + ", day"), Month_Box("Combo2_" + suffix, label + ", month"),
                  Named(new Number_Edit, "Text_" + suffix)};
-        boxes.Day->setCompleter(nullptr); // "1" must not complete to 10
-        boxes.Day->setInsertPolicy(QComboBox::NoInsert);
         boxes.Year->setAccessibleName(label + ", year");
         boxes.Year->setMinimumWidth(fontMetrics().averageCharWidth() * Year_Width);
         const int row = static_cast<int>(i) + 1;

@@ -69,7 +69,7 @@ void form_soil_hor::Lay_Out()
     columns->addLayout(picture);
     auto* all = new QVBoxLayout(this);
     all->addLayout(columns, 1);
-    all->addWidget(Done_And_Cancel(*this, &form_soil_hor::Done, "Command2", "&OK", "Command1"));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &form_soil_hor::Done, "Command2", "&OK", "Command1"));
 }
 
 Horizon_Grid form_soil_hor::Entered() const
@@ -90,6 +90,8 @@ void form_soil_hor::Show_Profile()
 
 void form_soil_hor::Done()
 {
+    if (!Grid_nhor->Is_Readable())
+        return;
     const auto grid = Entered();
     if (const auto refusal = Check_Horizon_Cells(The_Session.Scenario, grid)) {
         The_Session.Ask(refusal->Text);

@@ -5,6 +5,7 @@
 #include "scenario/forms/klimagrafik.h"
 #include "scenario/saving.h"
 #include "ui/forms/byte_edit.h"
+#include "ui/forms/enter_key.h"
 #include "ui/forms/number_grid.h"
 #include "ui/forms/widgets.h"
 
@@ -19,6 +20,7 @@ namespace {
 
 constexpr int Number_Width = 11; // in characters
 constexpr int Rows_Shown = 24;
+constexpr int First_Number = static_cast<int>(Climate_Grid::Text_Columns); // column
 
 } // namespace
 
@@ -61,6 +63,7 @@ void Klima::Lay_Out()
     const auto add = [&](const QString& name, const QString& text, auto handler) {
         buttons->addWidget(Push_Button(name, text, this, handler));
     };
+    add("Append_Day", "&Append day", &Klima::Append_Day);
     add("Grafik", "D&iagram", &Klima::Grafik_Click);
     add("Command1", "&Save", &Klima::Save);
     buttons->addStretch(1);
@@ -70,6 +73,7 @@ void Klima::Lay_Out()
     all->addLayout(texts);
     all->addWidget(Grid1, 1);
     all->addLayout(buttons);
+    Enter_Leaves_Fields(*this);
     resize(sizeHint().width(), fontMetrics().lineSpacing() * Rows_Shown * 3 / 2);
 }
 
@@ -90,8 +94,19 @@ void Klima::Show_Cell()
     Text1->setText(Model->data(Grid1->currentIndex()).toString());
 }
 
+void Klima::Append_Day()
+{
+    if (Model->rowCount() >= Model->Most_Rows())
+        return;
+    Model->Append_Day();
+    The_Session.Program.CLI_Changed = true;
+    Grid1->Go_To(Model->rowCount() - 1, First_Number);
+}
+
 void Klima::Save()
 {
+    if (!Grid1->Is_Readable())
+        return;
     Take_Over_Climate(The_Session, Model->Grid());
     Form_Saving dialog(The_Session, Document_Kind::Climate, Directory, this);
     dialog.setWindowTitle(Shown(Climate_Save_Caption));

@@ -28,6 +28,7 @@ public:
 private:
     void Lay_Out();
     void Show_Cell();
+    void Append_Day();
     void Save();
     void Grafik_Click();
 

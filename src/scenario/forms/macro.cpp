@@ -21,7 +21,7 @@ Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), The_Session(s
         rows->addRow(captions[i], Fields[i] = Named(new Number_Edit, names[i]));
     Show_Texts(Show_Macropores(The_Session.Scenario));
 
-    auto* buttons = Done_And_Cancel(*this, &Macro::Done, "Command1", "&OK");
+    auto* buttons = Done_And_Cancel(*this, The_Session.Ask, &Macro::Done, "Command1", "&OK");
     auto* reset = Push_Button("Reset", "&Default Values", this, [this] { Show_Texts(Default_Macropores()); });
     buttons->addButton(reset, QDialogButtonBox::ResetRole);
     auto* all = new QVBoxLayout(this);

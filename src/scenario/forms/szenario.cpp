@@ -116,7 +116,8 @@ void Szenario::Horizons()
         return;
     auto* depth = Boxes.at("Text_cor");
     depth->setText(Shown(General_Text(*new_depth)));
-    depth->setFocus(); // its text becomes the core depth when it is left
+    Leave("Text_cor"); // the core depth follows
+    depth->setFocus();
 }
 
 void Szenario::Macropores()

@@ -5,6 +5,7 @@
 #include "substance/forms/andere_standorte.h"
 #include "substance/forms/form_appgrid.h"
 #include "substance/forms/plant_app.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
 
@@ -110,7 +111,7 @@ bool Application_Box::Leave()
     const auto refusal = Leave_Number_Of_Applications(The_Session, Text_naps->Typed());
     if (!refusal)
         return true;
-    Show_Refusal(The_Session.Ask, *window(), *refusal);
+    Guard->Refuse(The_Session.Ask, *refusal);
     Text_naps->setModified(true); // leaving it again is refused again
     return false;
 }

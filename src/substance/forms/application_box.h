@@ -15,6 +15,7 @@ class QRadioButton;
 
 namespace orvel {
 
+class Leave_Guard;
 class Number_Edit;
 
 // The applications of the active substance: their kind, their locations, and the year that is repeated over the
@@ -62,6 +63,7 @@ private:
 
     Session& The_Session;
     Location_Lists Locations;
+    Leave_Guard* Guard = nullptr;
     int Chosen_Mode = -1; // the choice in App_Modus while it overrides the pattern detected
     std::array<QRadioButton*, 4> App_Flag{};
     QPushButton *Command1 = nullptr, *S_Anwendung = nullptr;

@@ -3,6 +3,7 @@
 #include "substance/application_state.h"
 #include "substance/application_year.h"
 #include "substance/forms/application_box.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
 
@@ -59,10 +60,9 @@ Application_Box::Application_Box(Session& session, Application_Method method, QW
     rows->addRow(Relative());
     connect(Applikationsverfahren, &QComboBox::activated, this, &Application_Box::Choose_Dates);
     connect(App_Modus, &QComboBox::activated, this, &Application_Box::Choose_Mode);
-    connect(Text_naps, &QLineEdit::editingFinished, this, [this] {
-        if (!Text_naps->hasFocus()) // Return triggers "Done", which leaves the box itself
-            Leave();
-    });
+    Guard = new Leave_Guard(*this, [this](QWidget&) { Leave(); });
+    Guard->Watch(*Text_naps);
+    Guard->Let_Pass({"S_Anwendung", "Command_ok1", "Command_cancel"});
 
     Load_Applications(The_Session);
     Activate_Applications(The_Session, static_cast<int>(Locations.Visible().size()));

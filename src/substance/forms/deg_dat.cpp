@@ -41,7 +41,7 @@ void deg_dat::Lay_Out()
     boxes->addWidget(Correction_Box(), 1);
     auto* all = new QVBoxLayout(this);
     all->addLayout(boxes, 1);
-    all->addWidget(Done_And_Cancel(*this, &deg_dat::Done, "Command1", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &deg_dat::Done, "Command1", "&OK"));
 }
 
 Rate_Box* deg_dat::Photolysis_Box()

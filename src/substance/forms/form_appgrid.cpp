@@ -51,7 +51,7 @@ void Form_appgrid::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addWidget(AppGrid, 1);
     all->addLayout(below);
-    all->addWidget(Done_And_Cancel(*this, &Form_appgrid::Done, "CommandOK", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Form_appgrid::Done, "CommandOK", "&OK"));
 }
 
 void Form_appgrid::Show_Grid(const Application_Grid& grid)
@@ -79,6 +79,8 @@ void Form_appgrid::Take_Same_Fractions()
 
 void Form_appgrid::Done()
 {
+    if (!AppGrid->Is_Readable())
+        return;
     const auto refusal = Accept_Application_Grid(The_Session, Grid(), Method);
     if (!refusal)
         return accept();

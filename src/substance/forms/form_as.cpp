@@ -51,7 +51,8 @@ void Form_AS::Lay_Out()
         places->setColumnStretch(column, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(Command4);
-    buttons->addWidget(Done_And_Cancel(*this, &Form_AS::Done, "Command_ok1", "D&one", "Command_cancel"), 1);
+    buttons->addWidget(
+        Done_And_Cancel(*this, The_Session.Ask, &Form_AS::Done, "Command_ok1", "D&one", "Command_cancel"), 1);
     auto* all = new QVBoxLayout(this);
     all->addLayout(places);
     all->addStretch(1);

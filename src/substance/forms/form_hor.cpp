@@ -56,7 +56,7 @@ void Form_hor::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addLayout(grid, 1);
     all->addLayout(below);
-    all->addWidget(Done_And_Cancel(*this, &Form_hor::Done, "Command_OK", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Form_hor::Done, "Command_OK", "&OK"));
 }
 
 // Headings above groups of columns; they follow the column widths.
@@ -142,6 +142,8 @@ void Form_hor::Show_Default(bool taken)
 
 void Form_hor::Done()
 {
+    if (!GridHor->Is_Readable())
+        return;
     Accept_Depth_Grid(The_Session.Pesticide, Substance, Grid());
     The_Session.Program.PSM_Changed = true;
     accept();

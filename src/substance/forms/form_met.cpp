@@ -37,7 +37,7 @@ void Form_MET::Lay_Out()
     columns->addLayout(right, 1);
     auto* all = new QVBoxLayout(this);
     all->addLayout(columns, 1);
-    all->addWidget(Done_And_Cancel(*this, &Form_MET::Done, "Command_ok1", "D&one", "Command_cancel"));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Form_MET::Done, "Command_ok1", "D&one", "Command_cancel"));
 }
 
 void Form_MET::Done()

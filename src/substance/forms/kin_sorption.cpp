@@ -25,6 +25,7 @@ kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent)
     setObjectName("kin_Sorption");
     setWindowTitle("Kinetic sorption");
     Guard = new Leave_Guard(*this, [this](QWidget& field) { Leave(field); });
+    Guard->Let_Pass({"kin_Modell_0", "kin_Modell_1", "Command1", "Command2"});
     Lay_Out();
     Show_Captions(Designed_Kinetic_Captions);
     Show_Entry(Load_Kinetic(The_Session.Pesticide, Substance));
@@ -55,7 +56,7 @@ void kin_Sorption::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addLayout(grid);
     all->addStretch(1);
-    all->addWidget(Done_And_Cancel(*this, &kin_Sorption::Done));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &kin_Sorption::Done));
 }
 
 Kinetic_Entry kin_Sorption::Entry() const
@@ -89,12 +90,8 @@ void kin_Sorption::Choose(Kinetic_Model model)
     Show_Captions(Captions_Of(model));
 }
 
-// A field is checked when the focus moves to the other field: the options and "Done" check both themselves, and
-// "Cancel" always works.
 void kin_Sorption::Leave(const QWidget& field)
 {
-    if (!s_f_neq->hasFocus() && !s_kdes->hasFocus())
-        return;
     if (const auto refusal = &field == s_f_neq ? Check_Kinetic_Fraction(Entry()) : Check_Kinetic_Rate(Entry()))
         Guard->Refuse(The_Session.Ask, *refusal);
 }

@@ -50,7 +50,7 @@ void KOC_PH::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addLayout(grid);
     all->addStretch(1);
-    all->addWidget(Done_And_Cancel(*this, &KOC_PH::Done));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &KOC_PH::Done));
 }
 
 Number_Edit* KOC_PH::Field(QGridLayout& grid, int row, int column, const QString& name, const QString& label,

@@ -10,7 +10,9 @@
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
+#include <iterator>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -60,7 +62,67 @@ Pathway_View::Pathway_View(QWidget* parent) : QWidget(parent)
         head->setFocusPolicy(Qt::StrongFocus);
         connect(head, &Arrow_Head::clicked, this, [this, t] { emit Arrow_Clicked(t); });
     }
+    for (auto* part : Parts())
+        part->installEventFilter(this);
+    Make_Tab_Stop(*Boxes[1]);
     setMinimumSize(sizeHint() / 2);
+}
+
+// The boxes and the clickable arrows.
+std::vector<QWidget*> Pathway_View::Parts() const
+{
+    std::vector<QWidget*> parts(Boxes.begin() + 1, Boxes.end());
+    std::copy_if(Heads.begin(), Heads.end(), std::back_inserter(parts), [](const auto* head) { return head; });
+    return parts;
+}
+
+void Pathway_View::Make_Tab_Stop(const QWidget& stop)
+{
+    for (auto* part : Parts())
+        part->setFocusPolicy(part == &stop ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+// To the part that lies nearest in the direction of the key; what lies aside counts double.
+void Pathway_View::Step(const QWidget& from, int key)
+{
+    const bool upright = key == Qt::Key_Up || key == Qt::Key_Down;
+    const int sign = key == Qt::Key_Up || key == Qt::Key_Left ? -1 : 1;
+    QWidget* nearest = nullptr;
+    int least = 0;
+    for (auto* part : Parts()) {
+        const QPoint way = part->geometry().center() - from.geometry().center();
+        const int ahead = sign * (upright ? way.y() : way.x());
+        const int cost = ahead + 2 * std::abs(upright ? way.x() : way.y());
+        if (ahead > 0 && (!nearest || cost < least)) {
+            nearest = part;
+            least = cost;
+        }
+    }
+    if (nearest)
+        nearest->setFocus(Qt::OtherFocusReason);
+}
+
+bool Pathway_View::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* part = static_cast<QAbstractButton*>(watched);
+    if (event->type() == QEvent::FocusIn)
+        Make_Tab_Stop(*part);
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    switch (const int key = static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        part->click();
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        Step(*part, key);
+        return true;
+    default:
+        return QWidget::eventFilter(watched, event);
+    }
 }
 
 void Pathway_View::Show(const Pesticide_Document& document, const Per_Substance<std::string>& captions)

@@ -5,13 +5,15 @@
 
 #include <array>
 #include <QWidget>
+#include <vector>
 
 namespace orvel {
 
 class Arrow_Head;
 class Substance_Box;
 
-// The picture of the degradation scheme: boxes, arrows and sinks, scaled with the window.
+// The picture of the degradation scheme: boxes, arrows and sinks, scaled with the window. For the keyboard it is one
+// tab stop; the arrow keys step through its parts, and Return opens one.
 class Pathway_View : public QWidget {
     Q_OBJECT
 
@@ -36,8 +38,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    std::vector<QWidget*> Parts() const;
+    void Make_Tab_Stop(const QWidget& part);
+    void Step(const QWidget& from, int key);
     void Place();
     QRectF Scaled(const QRectF& of_drawing) const;
     QPointF In_Drawing(QPointF of_window) const;

@@ -27,7 +27,7 @@ void Plant_App::Lay_Out(bool filtration)
     auto* all = new QVBoxLayout(this);
     all->addLayout(rows);
     all->addStretch(1);
-    all->addWidget(Done_And_Cancel(*this, &Plant_App::Done, "Command1", "&OK"));
+    all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Plant_App::Done, "Command1", "&OK"));
 }
 
 void Plant_App::Done()

@@ -3,6 +3,7 @@
 #include "substance/forms/form_hor.h"
 #include "substance/forms/kin_sorption.h"
 #include "substance/forms/koc_ph.h"
+#include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
 
@@ -119,10 +120,9 @@ void Substance_Fields::Lay_Out_Depth()
     auto* label = Named(new QLabel("Number of &Horizons"), "Label1_4");
     label->setBuddy(Text_nhor);
     rows.addRow(label, Text_nhor);
-    connect(Text_nhor, &QLineEdit::editingFinished, this, [this] {
-        if (!Text_nhor->hasFocus()) // Return triggers "Done", which leaves the box itself
-            Leave_Horizons();
-    });
+    Guard = new Leave_Guard(Form, [this](QWidget&) { Leave_Horizons(); });
+    Guard->Watch(*Text_nhor);
+    Guard->Let_Pass({"Command_hor", "Command_ok1", "Command_cancel"});
     Command_hor = Push_Button("Command_hor", Captions_For(Substance).Horizons, this, &Substance_Fields::Edit_Horizons);
     rows.addRow(QString(), Command_hor);
     rows.addRow(Check_Hydrolysis = Named(new QCheckBox("De&gradation in liquid phase only"), "Check_Hydrolysis"));
@@ -196,7 +196,7 @@ bool Substance_Fields::Leave_Horizons()
     Text_nhor->setModified(false);
     auto entry = Entry();
     if (const auto refusal = Leave_Number_Of_Horizons(The_Session.Pesticide, entry)) {
-        Show_Refusal(The_Session.Ask, Form, *refusal);
+        Guard->Refuse(The_Session.Ask, *refusal);
         Text_nhor->setModified(true); // leaving it again is refused again
         return false;
     }

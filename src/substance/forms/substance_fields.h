@@ -16,6 +16,7 @@ class QRadioButton;
 namespace orvel {
 
 class Byte_Edit;
+class Leave_Guard;
 
 // The controls shared by the forms of the active substance and of a metabolite, in three groups for the form to
 // arrange: substance properties, sorption and depth dependence. The buttons among them open their own forms.
@@ -56,6 +57,7 @@ private:
     bool Kf_Enabled = false;
     QGroupBox *General_Group = nullptr, *Sorption_Group = nullptr, *Depth_Group = nullptr;
     QFormLayout *Rows_Of_General = nullptr, *Rows_Of_Sorption = nullptr, *Rows_Of_Depth = nullptr;
+    Leave_Guard* Guard = nullptr;
     Byte_Edit* Name = nullptr;
     Entry_Boxes Boxes;
     Number_Edit* Text_nhor = nullptr;

@@ -1,5 +1,6 @@
 #include "tables/forms/building_form.h"
 
+#include "ui/forms/enter_key.h"
 #include "ui/forms/widgets.h"
 
 #include <QApplication>
@@ -41,6 +42,7 @@ Building_Form::Building_Form(const QString& name, QWidget* parent, int columns_s
     all->addWidget(Pages, 1);
     all->addLayout(message);
     all->addLayout(Row);
+    Enter_Leaves_Fields(*this);
     const QFontMetrics metrics(Fixed_Pitch_Font());
     resize(metrics.averageCharWidth() * columns_shown, metrics.lineSpacing() * Lines_Shown);
 }
@@ -57,7 +59,7 @@ void Building_Form::Show_Page(std::size_t page)
 
 QPushButton* Building_Form::New_Button(const QString& name, const QString& caption)
 {
-    auto* button = Named(new QPushButton(caption), name);
+    auto* button = Push_Button(name, caption);
     Row->addWidget(button);
     Buttons.push_back(button);
     return button;

@@ -3,6 +3,7 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/text.h"
+#include "ui/forms/enter_key.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
 #include "ui/shown_file.h"
@@ -20,6 +21,26 @@ constexpr int Columns_Shown = 100;
 constexpr int Lines_Shown = 40;
 constexpr const char* Echo_Caption = "Echo of Input Data";
 
+// The characters that the code page lacks: where the first stands, and the numbers of all of them, as no box could show
+// the characters themselves.
+std::pair<int, QStringList> Not_Held(const QString& text)
+{
+    int first = -1;
+    QStringList names;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const qsizetype width = text[i].isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
+        const QString character = text.mid(i, width);
+        if (!From_Utf8(character.toStdString())) {
+            first = first < 0 ? static_cast<int>(i) : first;
+            const QString number = QString::number(character.toUcs4().value(0), 16).toUpper();
+            names << "U+" + number.rightJustified(4, u'0');
+        }
+        i += width - 1;
+    }
+    names.removeDuplicates();
+    return {first, names};
+}
+
 } // namespace
 
 Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::string_view text, QWidget* parent)
@@ -34,6 +55,7 @@ Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::strin
     auto* all = new QVBoxLayout(this);
     all->addWidget(Ergebnis, 1);
     all->addLayout(Row);
+    Enter_Leaves_Fields(*this);
     const QFontMetrics metrics(Ergebnis->font());
     resize(metrics.averageCharWidth() * Columns_Shown, metrics.lineSpacing() * Lines_Shown);
 }
@@ -59,7 +81,6 @@ void Text_Viewer::Add_Done(const QString& name, const QString& caption)
 {
     Row->addStretch(1);
     Add_Button(name, caption, [this] { accept(); });
-    findChild<QPushButton*>(name)->setDefault(true);
 }
 
 Echo_ORV::Echo_ORV(std::string_view echo, QWidget* parent) : Text_Viewer("Echo_ORV", Echo_Caption, echo, parent)
@@ -96,7 +117,6 @@ void Form_filetext::Make_Editable()
 {
     Text().setReadOnly(false);
     Text().setTextInteractionFlags(Qt::TextEditorInteraction);
-    findChild<QPushButton*>("Done")->setDefault(false); // Return starts a new line
     connect(Text().document(), &QTextDocument::modificationChanged, this, &Form_filetext::Show_State);
 }
 
@@ -113,21 +133,20 @@ void Form_filetext::Show_State()
             : "");
 }
 
-// Nothing if the code page lacks a character: it is then selected, and the user has been told.
+// Nothing if the code page lacks characters: the first is then selected, and the user has been told of all of them.
 std::optional<std::string> Form_filetext::Bytes()
 {
     const QString shown = Text().toPlainText();
     if (auto bytes = From_Utf8(shown.toStdString()))
         return Replace_All(std::move(*bytes), "\n", CrLf);
-    qsizetype at = 0;
-    while (From_Utf8(shown.first(at + 1).toStdString()))
-        ++at;
+    const auto [first, names] = Not_Held(shown);
     QTextCursor cursor(Text().document());
-    cursor.setPosition(static_cast<int>(at));
+    cursor.setPosition(first);
     cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
     Text().setTextCursor(cursor);
     Text().ensureCursorVisible();
-    The_Session.Ask({"Saving Input File", "The file cannot hold the character that is marked."});
+    The_Session.Ask({"Saving Input File", "The file cannot hold " + Bytes_Of(names.join(", ")) +
+                                              ". The first of these characters is marked."});
     return std::nullopt;
 }
 

@@ -3,21 +3,15 @@
 #include "core/code_page.h"
 #include "ui/forms/widgets.h"
 
-#include <functional>
 #include <QToolTip>
 #include <QValidator>
 
 namespace orvel {
 
-namespace {
-
 // Accepts any text, dropping characters that the code page lacks.
-class Code_Page_Validator : public QValidator {
+class Byte_Edit::Code_Page_Validator : public QValidator {
 public:
-    Code_Page_Validator(std::function<void(const QString&)> leave_out, QObject* parent)
-        : QValidator(parent),
-          Leave_Out(std::move(leave_out))
-    {}
+    explicit Code_Page_Validator(Byte_Edit& field) : QValidator(&field), Field(field) {}
 
     State validate(QString& input, int& cursor) const override
     {
@@ -34,20 +28,20 @@ public:
                 cursor -= static_cast<int>(width);
         }
         if (!left_out.isEmpty())
-            Leave_Out(left_out);
+            Field.Leave_Out(left_out);
+        input.replace(u'\n', u' ').replace(u'\r', u' '); // a field is one line, in its file too
+        Field.Adapt(input);
         return Acceptable;
     }
 
 private:
-    std::function<void(const QString&)> Leave_Out;
+    Byte_Edit& Field;
 };
-
-} // namespace
 
 Byte_Edit::Byte_Edit(QWidget* parent) : QLineEdit(parent)
 {
     connect(this, &QLineEdit::textEdited, this, [this] { Left_Out.clear(); });
-    setValidator(new Code_Page_Validator([this](const QString& characters) { Leave_Out(characters); }, this));
+    setValidator(new Code_Page_Validator(*this));
 }
 
 std::string Byte_Edit::Typed() const

@@ -20,8 +20,10 @@ public:
 
 protected:
     void Tell(const QString& sentence);
+    virtual void Adapt(QString& /*typed*/) const {} // what is typed or pasted, before it is shown; the length stays
 
 private:
+    class Code_Page_Validator;
     void Leave_Out(const QString& characters);
 
     QString Left_Out;

@@ -15,6 +15,8 @@ QComboBox* Day_Box(const QString& name, const QString& purpose)
     auto* combo = Named(new QComboBox, name);
     combo->setAccessibleName(purpose);
     combo->setEditable(true);
+    combo->setCompleter(nullptr); // "1" must not complete to 10
+    combo->setInsertPolicy(QComboBox::NoInsert);
     for (int day = 1; day <= 31; ++day)
         combo->addItem(QString::number(day));
     return combo;

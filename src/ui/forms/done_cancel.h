@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/forms/enter_key.h"
+#include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
 
 #include <QDialogButtonBox>
@@ -7,19 +9,32 @@
 
 namespace orvel {
 
-// The button row of a detail form: Done, which Enter presses too, and Cancel, which leaves the document as it is.
-template <class Form>
-QDialogButtonBox* Done_And_Cancel(Form& form, void (Form::*accept)(), const QString& accept_name = "Command1",
+// The button row of a detail form: Done, and Cancel, which leaves the document as it is. Enter presses neither, unless
+// it has the focus.
+template <class Form, class Accept>
+QDialogButtonBox* Done_And_Cancel(Form& form, Accept accept, const QString& accept_name = "Command1",
                                   const QString& accept_text = "&Done", const QString& cancel_name = "Command2")
 {
     auto* buttons = new QDialogButtonBox;
     auto* done = Named(buttons->addButton(accept_text, QDialogButtonBox::AcceptRole), accept_name);
     auto* cancel = Named(buttons->addButton("&Cancel", QDialogButtonBox::RejectRole), cancel_name);
-    done->setDefault(true);
-    cancel->setAutoDefault(false);
+    for (auto* button : {done, cancel})
+        button->setAutoDefault(false);
+    Enter_Leaves_Fields(form);
     QObject::connect(done, &QPushButton::clicked, &form, accept);
     QObject::connect(cancel, &QPushButton::clicked, &form, &Form::reject);
     return buttons;
+}
+
+// The same for a form with numbers: one that is too large to be held keeps the form open.
+template <class Form, class... Names>
+QDialogButtonBox* Done_And_Cancel(Form& form, const Ask_Function& ask, void (Form::*accept)(), const Names&... names)
+{
+    const auto accept_numbers = [&form, &ask, accept] {
+        if (Numbers_Are_Held(form, ask))
+            (form.*accept)();
+    };
+    return Done_And_Cancel(form, accept_numbers, names...);
 }
 
 } // namespace orvel

@@ -1,24 +1,11 @@
 #include "ui/forms/grid_model.h"
 
-#include "core/text.h"
 #include "ui/forms/widgets.h"
-#include "ui/number_field.h"
 
 #include <QApplication>
 #include <QStyle>
 
 namespace orvel {
-
-namespace {
-
-// The hint on how a number cell's text is read; nothing for an empty cell.
-std::optional<std::string> Hint_Of(const std::string& text, const Number_Column& column)
-{
-    const bool number = column.Editable && column.Choices.empty() && !Trim(text).empty();
-    return number ? Reading_Hint(text) : std::nullopt;
-}
-
-} // namespace
 
 Grid_Model::Grid_Model(std::vector<Number_Column> columns, QObject* parent)
     : QAbstractTableModel(parent),
@@ -46,11 +33,11 @@ QVariant Grid_Model::data(const QModelIndex& cell, int role) const
     case Qt::ForegroundRole:
         return column.Editable ? QVariant() : QApplication::palette().buttonText();
     case Qt::DecorationRole:
-        if (Hint_Of(Cell(cell.row(), cell.column()), column))
+        if (Hint(cell.row(), cell.column()))
             return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
         return {};
     case Qt::ToolTipRole:
-        if (const auto hint = Hint_Of(Cell(cell.row(), cell.column()), column))
+        if (const auto hint = Hint(cell.row(), cell.column()))
             return Shown(*hint);
         return {};
     default:

@@ -19,6 +19,16 @@ public:
 
     // Stores a text; the caller then notifies the views with Tell_Changed.
     virtual void Set_Cell(int row, int column, const std::string& text) = 0;
+    // How many rows a paste may lead to, and the empty ones that it needs.
+    virtual int Most_Rows() const { return rowCount(); }
+    virtual void Append_Rows(int /*rows*/) {}
+
+    // What is wrong with a cell's text; nothing for one that can be read or that nobody has edited.
+    virtual std::optional<std::string> Hint(int row, int column) const
+    {
+        return Cell_Hint(Cell(row, column), Column(column));
+    }
+
     void Tell_Changed(const QRect& cells)
     {
         emit dataChanged(index(cells.top(), cells.left()), index(cells.bottom(), cells.right()));

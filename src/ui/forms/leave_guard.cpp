@@ -2,6 +2,7 @@
 
 #include "ui/forms/widgets.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 
 namespace orvel {
@@ -29,7 +30,10 @@ bool Leave_Guard::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::FocusOut || Going_Back || !Window.isVisible())
         return QObject::eventFilter(watched, event);
     const auto reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+    const auto* next = QApplication::focusWidget();
+    const bool passes = reason == Qt::MouseFocusReason && next && Passing.contains(next->objectName());
+    const bool elsewhere = next && next->window() != Window.window(); // a list that opens is a window of its own
+    if (!passes && !elsewhere && reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
         Leave(*static_cast<QWidget*>(watched));
     return QObject::eventFilter(watched, event);
 }

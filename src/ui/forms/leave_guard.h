@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <QObject>
+#include <QStringList>
 
 class QWidget;
 
@@ -18,6 +19,10 @@ public:
 
     void Watch(QWidget& box);
 
+    // The names of controls that check what they need themselves, or need nothing: a box left for one of them by the
+    // mouse is not checked.
+    void Let_Pass(const QStringList& controls) { Passing = controls; }
+
     // Shows the refusal and returns the focus to its control.
     void Refuse(const Ask_Function& ask, const Refusal& refusal);
 
@@ -27,6 +32,7 @@ protected:
 private:
     QWidget& Window;
     std::function<void(QWidget& box)> Leave;
+    QStringList Passing;
     bool Going_Back = false;
 };
 

@@ -92,11 +92,28 @@ void Number_Edit::paintEvent(QPaintEvent* event)
     style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).paint(&painter, sign);
 }
 
+void Number_Edit::Adapt(QString& typed) const
+{
+    typed.replace(u',', u'.');
+}
+
 void Number_Edit::changeEvent(QEvent* event)
 {
     Byte_Edit::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         Make_Room();
+}
+
+bool Numbers_Are_Held(const QWidget& window, const Ask_Function& ask)
+{
+    for (const auto* box : window.findChildren<Number_Edit*>()) {
+        const auto refusal = Check_Size(box->Typed(), Bytes_Of(box->objectName()));
+        if (refusal && box->isVisible() && box->isEnabled()) {
+            Show_Refusal(ask, window, *refusal);
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace orvel

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "core/message.h"
 #include "core/variant.h"
 #include "ui/forms/byte_edit.h"
 
 namespace orvel {
 
 // A field of numbers. It shows its unit at its right end and, while its text is read as another number than it shows
-// ("1,5", "abc"), a warning icon before the unit and a sentence below the field with the number read. It accepts any
-// text.
+// ("12 cm", "abc"), a warning icon before the unit and a sentence below the field with the number read. It accepts any
+// text; a comma becomes a point.
 class Number_Edit : public Byte_Edit {
     Q_OBJECT
 
@@ -30,6 +31,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void Adapt(QString& typed) const override;
 
 private:
     void Show_Hint();
@@ -37,5 +39,8 @@ private:
 
     QString The_Unit;
 };
+
+// Whether all numbers shown in a window can be held; one that is too large is told and gets the focus.
+bool Numbers_Are_Held(const QWidget& window, const Ask_Function& ask);
 
 } // namespace orvel

@@ -172,6 +172,8 @@ void Number_Grid::keyPressEvent(QKeyEvent* event)
     }
     if (Is_Typed(*event))
         return Press(Code_Of(*event), event->text());
+    if (event->key() == Qt::Key_F2)
+        Fresh = false;
     const bool down = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!down)
         return QTableView::keyPressEvent(event);
@@ -186,10 +188,15 @@ void Number_Grid::Press(int key_code, const QString& typed)
         return;
     if (!Model.Column(cell.column()).Choices.empty())
         return Choose_By_Letter(cell, typed);
+    const std::string before = Model.Cell(cell.row(), cell.column());
+    const bool replaces = Fresh && key_code != Key_Delete && key_code != Key_Backspace;
+    const auto after = Rule.Cell_After_Key(replaces ? std::string() : before, cell.column(), key_code);
+    if (replaces && after.empty()) // no key of this cell
+        return;
     std::vector<Change> changes;
-    Add_Change(changes, cell.row(), cell.column(),
-               Rule.Cell_After_Key(Model.Cell(cell.row(), cell.column()), cell.column(), key_code));
+    Add_Change(changes, cell.row(), cell.column(), after);
     Apply(std::move(changes), true);
+    Fresh = false;
 }
 
 // Selects the next choice that begins with the letter, wrapping around from the present one.
@@ -236,6 +243,7 @@ void Number_Grid::Apply(std::vector<Change> changes, bool typed)
 
 void Number_Grid::Put(const std::vector<Change>& changes, std::string Change::*text)
 {
+    Fresh = true;
     QRect changed;
     for (const auto& change : changes) {
         Model.Set_Cell(change.Row, change.Column, change.*text);
@@ -246,6 +254,21 @@ void Number_Grid::Put(const std::vector<Change>& changes, std::string Change::*t
         setCurrentIndex(Model.index(changed.top(), changed.left()));
     for (const auto& change : changes)
         emit Cell_Changed(change.Row, change.Column);
+}
+
+bool Number_Grid::Is_Readable()
+{
+    for (int row = 0; row < Model.rowCount(); ++row) {
+        for (int column = 0; column < Model.columnCount(); ++column) {
+            if (!Model.Hint(row, column))
+                continue;
+            const std::string title = Model.Column(0).Editable ? "Row " + std::to_string(row + 1) : Model.Cell(row, 0);
+            Ask(Unread_Cell(title, Model.Column(column), Model.Cell(row, column)));
+            Go_To(row, column);
+            return false;
+        }
+    }
+    return true;
 }
 
 QRect Number_Grid::Selected() const
@@ -285,19 +308,22 @@ void Number_Grid::Cut()
     Apply(std::move(changes), false);
 }
 
-// Pastes from the upper left selected cell on; a single text goes into all selected cells.
+// Pastes from the upper left selected cell on, in an empty grid from its corner; a single text goes into all selected
+// cells.
 void Number_Grid::Paste()
 {
-    const QRect block = Selected();
+    QRect block = Selected();
     if (block.isEmpty())
-        return;
-    const auto rows = static_cast<std::size_t>(Model.rowCount() - block.top());
+        block = QRect(0, 0, 1, 1);
+    const auto rows = static_cast<std::size_t>(Model.Most_Rows() - block.top());
     const auto pasted = Read_Block(Bytes_Of(QApplication::clipboard()->text()), rows, Model.Columns(),
                                    static_cast<std::size_t>(block.left()), Rule);
     if (pasted.Refused) {
         Ask(*pasted.Refused);
         return;
     }
+    if (const int wanted = block.top() + static_cast<int>(pasted.Cells.size()); wanted > Model.rowCount())
+        Model.Append_Rows(wanted - Model.rowCount());
     const bool single = pasted.Cells.size() == 1 && pasted.Cells[0].size() == 1 && block.width() == 1;
     Change_Block(block.top(), block.left(),
                  single ? Grid_Block(static_cast<std::size_t>(block.height()), pasted.Cells[0]) : pasted.Cells);
@@ -313,6 +339,12 @@ void Number_Grid::Fill_Down()
             Add_Change(changes, row, column, Model.Cell(from, column));
     }
     Apply(std::move(changes), false);
+}
+
+void Number_Grid::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QTableView::mouseDoubleClickEvent(event);
+    Fresh = false;
 }
 
 void Number_Grid::focusOutEvent(QFocusEvent* event)
@@ -339,6 +371,7 @@ void Number_Grid::contextMenuEvent(QContextMenuEvent* event)
 void Number_Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous);
+    Fresh = true;
     if (previous.isValid())
         emit Cell_Left(previous.row(), previous.column());
     if (current.isValid() && currentIndex() == current)

@@ -8,7 +8,8 @@
 
 namespace orvel {
 
-// A grid whose cells are edited by keys, as its rule lays down. Also: arrow keys, Return for the cell below, a block
+// A grid whose cells are edited by keys, as its rule lays down: the first key replaces the text of a marked cell, F2 or
+// a double click goes on behind it. Also: arrow keys, Return for the cell below, a block
 // copied to a spreadsheet (Ctrl+C), cut (Ctrl+X) and pasted from one (Ctrl+V), the first row of a selection or the cell
 // above copied down (Ctrl+D), undo and redo (Ctrl+Z, Ctrl+Y). Every change can be undone until the model is reset.
 class Number_Grid : public QTableView {
@@ -31,6 +32,9 @@ public:
     // The same for the block of cells whose upper left corner is given: one change.
     void Change_Block(int row, int column, const Grid_Block& cells);
 
+    // Whether every cell can be read as the number that it should hold; the first that cannot is told and gone to.
+    bool Is_Readable();
+
     void Undo() { Changes.undo(); }
     void Redo() { Changes.redo(); }
     void Copy();
@@ -45,6 +49,7 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -67,6 +72,7 @@ private:
     Grid_Rule Rule;
     const Ask_Function& Ask;
     QUndoStack Changes;
+    bool Fresh = true; // the next key replaces the text of the cell
 };
 
 } // namespace orvel

@@ -19,24 +19,28 @@ namespace {
 constexpr int Tab_Columns = 8;
 constexpr double Largest_Point_Size = 10;
 
-int Longest_Line(const QString& text)
+// Blanks up to the next stop in place of each tab: in a fixed pitch the columns stay, whatever a printer's unit is.
+QString Without_Tabs(const QString& text)
 {
-    int longest = 1;
-    for (const auto& line : QStringView(text).split(u'\n')) {
-        int length = 0;
-        for (const QChar c : line)
-            length = c == u'\t' ? (length / Tab_Columns + 1) * Tab_Columns : length + 1;
-        longest = std::max(longest, length);
+    QString plain;
+    qsizetype line = 0; // where it begins
+    for (const QChar c : text) {
+        if (c == u'\t')
+            plain.append(QString(Tab_Columns - (plain.size() - line) % Tab_Columns, u' '));
+        else
+            plain.append(c);
+        if (c == u'\n')
+            line = plain.size();
     }
-    return longest;
+    return plain;
 }
 
-void Set_Tabs(QTextDocument& document, double distance)
+int Longest_Line(const QString& text)
 {
-    QTextOption option = document.defaultTextOption();
-    option.setWrapMode(QTextOption::NoWrap);
-    option.setTabStopDistance(distance);
-    document.setDefaultTextOption(option);
+    qsizetype longest = 1;
+    for (const auto& line : QStringView(text).split(u'\n'))
+        longest = std::max(longest, line.size());
+    return static_cast<int>(longest);
 }
 
 } // namespace
@@ -60,18 +64,21 @@ void Copy_Text(const QString& text)
 
 void Print_Text_On(QPrinter& printer, const QString& text)
 {
+    const QString plain = Without_Tabs(text);
     QTextDocument document;
     document.setDocumentMargin(0);
     const QRectF page = printer.pageRect(QPrinter::Point);
     QFont font = Fixed_Pitch_Font();
     font.setPointSizeF(Largest_Point_Size);
     // A fixed-pitch character is about 0.6 of its point size wide, or slightly more.
-    const double fitting = page.width() / (Longest_Line(text) * 0.61);
+    const double fitting = page.width() / (Longest_Line(plain) * 0.61);
     font.setPointSizeF(std::min(Largest_Point_Size, fitting));
     document.setDefaultFont(font);
     document.documentLayout()->setPaintDevice(&printer);
-    Set_Tabs(document, QFontMetricsF(font, &printer).horizontalAdvance(u'0') * Tab_Columns);
-    document.setPlainText(text);
+    QTextOption option = document.defaultTextOption();
+    option.setWrapMode(QTextOption::NoWrap);
+    document.setDefaultTextOption(option);
+    document.setPlainText(plain);
     document.print(&printer);
 }
 

@@ -204,11 +204,6 @@ TEST(Update_Fetch, Gives_Up_On_A_Server_That_Sends_A_Byte_Now_And_Then)
     EXPECT_EQ(Finished(QUrl(QString("http://127.0.0.1:%1/").arg(slow.serverPort()))).Text, Problem);
 }
 
-TEST(Update_Fetch, Says_That_A_Build_Has_No_Address)
-{
-    EXPECT_EQ(Finished(QUrl()).Text, "This build has no address to look for updates.");
-}
-
 TEST(Versionsinfo, Shows_The_Notes_With_Their_Own_Words)
 {
     const auto session = std::make_unique<Session>();

@@ -168,6 +168,22 @@ TEST_F(Start_Test, A_Double_Click_On_A_Version_Shows_The_Details)
     EXPECT_TRUE(details.contains("orvel401.exe")) << details.toStdString();
 }
 
+TEST_F(Start_Test, Offers_The_Update_Check_Only_With_The_Address_Of_A_Distributor)
+{
+    const auto usable = [this](const char* line) {
+        Write_Whole(Place / "update.txt", line);
+        Open();
+        return Find<QPushButton>(*Form, "Suche_nach_Update")->isEnabled();
+    };
+
+    Open();
+    EXPECT_FALSE(Find<QPushButton>(*Form, "Suche_nach_Update")->isEnabled());
+    EXPECT_TRUE(Find<QPushButton>(*Form, "Suche_nach_Update")->toolTip().contains("update.txt"));
+    EXPECT_TRUE(usable("https://updates.example/download/\r\n"));
+    EXPECT_FALSE(usable("http://updates.example/download/\r\n"));
+    EXPECT_FALSE(usable("\r\n"));
+}
+
 TEST_F(Start_Test, Exit_Closes_The_Window)
 {
     Open();

@@ -180,8 +180,9 @@ TEST(Climate_Days, A_Missing_Day_And_A_Day_Twice_Are_Error_53)
 
 TEST(Haude_Factors, Rows_Are_Found_By_Crop_Number_With_Built_In_Ones_For_The_Rest)
 {
-    const Haude_Table table =
-        Read_Haude("comment\r\n0 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1\r\n14 1 2 3 4 5 6 7 8 9 10 11 12 maize\r\n");
+    Findings findings;
+    const Haude_Table table = Read_Haude(
+        "comment\r\n0 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1 .1\r\n14 1 2 3 4 5 6 7 8 9 10 11 12 maize\r\n", findings);
 
     EXPECT_EQ(table.size(), 2U);
     EXPECT_EQ(Haude_Row(table, 14)[3], 4);

@@ -112,6 +112,39 @@ TEST(Extraction, Bypass_Takes_From_The_First_Centimetre_And_Arrives_At_Its_Outle
     EXPECT_NEAR(column.Stores().Soil[0], 10, 1e-12);
 }
 
+// An application at hour 0 meets all the water of its day, one at noon half of it, one at hour 24 none.
+TEST(Extraction, An_Application_Meets_The_Water_That_Comes_After_It)
+{
+    for (const double hour : {0.0, 12.0, 24.0}) {
+        const double rest = 1 - hour / 24;
+        const std::string at = ", application at hour " + std::to_string(static_cast<int>(hour)) + ", ug/cm2";
+        const auto run = [hour](Field& field) {
+            Solute_Column column(field.Setup);
+            field.Sums = Solute_Sums(static_cast<int>(field.Setup.Thickness.size()), column.Lanes());
+            field.Day.Applications = {Applied(10, 0, hour)};
+            column.Step_Day(field.Day, field.Sums);
+        };
+
+        Field runoff;
+        runoff.Setup.Runoff_Depth = 1;
+        runoff.Day.Runoff = 0.4;
+        run(runoff);
+        Verify(39, "runoff of 0.4 cm" + at, runoff.Sums.Runoff[0], 10 * (1 - std::exp(-0.4 * rest / 1.8)), 1e-9);
+
+        Field erosion;
+        erosion.Day.Sediment = 0.05;
+        run(erosion);
+        Verify(39, "erosion of 0.05 g/cm2" + at, erosion.Sums.Sediment[0], 10 * (1 - std::exp(-0.05 * rest / 1.8)),
+               1e-9);
+
+        Field bypass(10);
+        bypass.Day.Bypass = 0.4;
+        bypass.Day.Bypass_Outlet = 6;
+        run(bypass);
+        Verify(39, "bypass of 0.4 cm" + at, bypass.Sums.Bypass[0], 10 * (1 - std::exp(-0.4 * rest / 1.8)), 1e-9);
+    }
+}
+
 TEST(Extraction, Weights_Of_The_Mixing_Zone_Add_Up_To_1_And_Fall_With_Depth)
 {
     const std::vector<double> weights = Interaction_Weights({0.5, 0.5, 1, 1}, 1.7);

@@ -34,6 +34,7 @@ TEST(Plant_Surface, Two_Pools_Are_Penetrated_And_Washed_Off_At_Their_Own_Rates)
     Solute_Sums sums(10, column.Lanes());
     Solute_Day day = Still_Day(setup, 0.3);
     day.Applications = {Onto_Leaves(0.5)};
+    day.Applications[0].Hour = 24;
     column.Step_Day(day, sums);
     Verify(22, "deposit of the first day, ug/cm2", column.Plant_Mass(), 10, 1e-12);
 
@@ -54,6 +55,26 @@ TEST(Plant_Surface, Two_Pools_Are_Penetrated_And_Washed_Off_At_Their_Own_Rates)
     Verify(22, "on the plants after the rain, ug/cm2", column.Plant_Mass(),
            well * std::exp(-1) * std::exp(-0.1) + poor * std::exp(-0.2) * std::exp(-0.02), 1e-9);
     Verify(22, "in the soil after the rain, ug/cm2", column.Stores().Soil[0], washed, 1e-9);
+}
+
+TEST(Plant_Surface, A_Deposit_Meets_The_Rain_That_Falls_After_It)
+{
+    const Solute_Setup setup = Leafy_Setup();
+    // 2 cm of rain, wash-off 0.5/cm: an application at hour h meets the share 1 - h/24 of it.
+    for (const double hour : {0.0, 6.0, 12.0, 24.0}) {
+        Solute_Column column(setup);
+        Solute_Sums sums(10, column.Lanes());
+        Solute_Day day = Still_Day(setup, 0.3);
+        day.Plant_Water = 2;
+        day.Applications = {Onto_Leaves(0)};
+        day.Applications[0].Hour = hour;
+        column.Step_Day(day, sums);
+        const double rest = 1 - hour / 24;
+        Verify(39, "washed off on the day itself, application at hour " + std::to_string(static_cast<int>(hour)),
+               sums.Flux[0], 10 * (1 - std::exp(-0.5 * 2 * rest)), 1e-9);
+        Verify(39, "penetrated on the day itself", sums.Plant_Penetration[0],
+               10 * std::exp(-0.5 * 2 * rest) * (1 - std::exp(-0.1 * rest)), 1e-9);
+    }
 }
 
 TEST(Plant_Surface, A_Deposit_Of_1_Kg_Volatilises_Through_The_Laminar_Layer)

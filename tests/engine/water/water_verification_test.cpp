@@ -1,3 +1,4 @@
+#include "core/numbers.h"
 #include "engine/input/climate.h"
 #include "engine/verification.h"
 #include "engine/water/grid.h"
@@ -65,11 +66,20 @@ TEST(Water_Verification, Case_17_Snow_Melt_And_Restricted_Drainage)
 {
     Verify(17, "3 degC on 5 cm of snow (cm)", Snow_Melt(5, 0.46, 3), 1.38, 1e-6);
     Verify(17, "3 degC on 1 cm of snow", Snow_Melt(1, 0.46, 3), 1, 1e-6);
+    // AD 100 cm 0.05 (1 - exp(-1 / AD)), the water that 100 cm of soil give up in a day
     constexpr std::array<std::pair<double, double>, 4> drained = {
-        {{0.1, 0.004758}, {0.5, 0.019673}, {1, 0.031606}, {5, 0.049663}}};
-    for (const auto& [parameter, expected] : drained)
-        Verify(17, "0.05 above field capacity, 1 cm, parameter " + std::to_string(parameter),
-               Drained(0.35, 0.30, 1, true, parameter), expected, 1e-6);
+        {{0.1, 0.499977}, {0.5, 2.161662}, {1, 3.160603}, {5, 4.531731}}};
+    for (const auto& [parameter, expected] : drained) {
+        for (const int parts : {1, 20, 200}) {
+            double flux = 0;
+            for (int i = 0; i < parts; ++i)
+                flux = Restricted_Outflow(flux, 0.05, 100.0 / parts, parameter, 0.15);
+            Verify(17,
+                   "0.05 above field capacity in 100 cm, parameter " + General_Text(parameter) + ", " +
+                       std::to_string(parts) + " compartments",
+                   flux, expected, 1e-6);
+        }
+    }
 }
 
 TEST(Water_Verification, Case_18_Pedotransfer)

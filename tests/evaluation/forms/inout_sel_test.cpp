@@ -94,6 +94,16 @@ TEST_F(inout_sel_Test, A_Click_On_A_File_Shows_Its_Text)
     EXPECT_EQ(text, "pesticide\n");
 }
 
+TEST_F(inout_sel_Test, A_Run_Without_Columns_Has_No_Parameters_And_No_Diagram)
+{
+    Put_Run("MNTH");
+    Write_File(Place / "plot.orv", Plot_Head_Of(0, 0));
+    Open();
+
+    EXPECT_EQ(Find<QComboBox>(*Form, "Parameter")->count(), 0);
+    EXPECT_FALSE(Find<QPushButton>(*Form, "Grafik")->isEnabled());
+}
+
 TEST_F(inout_sel_Test, A_Directory_Without_Series_Leaves_The_Tables_And_The_Parameters_Empty)
 {
     Open();

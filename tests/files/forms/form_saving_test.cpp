@@ -114,6 +114,19 @@ TEST_F(Form_Saving_Test, A_Value_That_The_File_Would_Lose_Is_Told_First)
     EXPECT_FALSE(std::filesystem::exists(Place / "fresh.psm"));
 }
 
+TEST_F(Form_Saving_Test, A_Number_That_No_File_Can_Hold_Is_Told_And_The_Program_Goes_On)
+{
+    The_Session.Pesticide.Henry[1] = std::numeric_limits<double>::infinity();
+    Open();
+
+    Save_As("fresh.psm");
+
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Saving Input File", "A value that is not a number cannot be printed."})});
+    EXPECT_FALSE(std::filesystem::exists(Place / "fresh.psm"));
+    EXPECT_TRUE(Form->isVisible());
+}
+
 TEST_F(Form_Saving_Test, A_Name_Of_Another_Kind_And_The_Mask_Are_No_Names)
 {
     Open();

@@ -93,6 +93,64 @@ TEST_F(FOCUS_Test, Warns_Of_A_Location_Without_Applications_And_Lifts_It_With_An
     EXPECT_TRUE(Enabled("Multi_batch"));
 }
 
+TEST_F(FOCUS_Test, A_Warning_Has_Room_For_All_Its_Lines_And_The_Form_Keeps_Its_Size)
+{
+    Open();
+    Choose(*Form, "Location", "Hamburg (H)");
+    Form->resize(1240, 680);
+    QApplication::processEvents();
+    const QSize before = Form->size();
+
+    Choose(*Form, "Location", "Sevilla (S), irrigated");
+    QApplication::processEvents();
+
+    const auto* warning = Find<QLabel>(*Form, "Warnung");
+    EXPECT_GE(warning->height(), warning->heightForWidth(warning->width()));
+    EXPECT_EQ(Form->size(), before);
+}
+
+TEST_F(FOCUS_Test, Enter_In_A_List_Runs_Nothing)
+{
+    Open();
+    Choose(*Form, "Location", "Hamburg (H)");
+
+    for (const char* name : {"Crop", "Location"}) {
+        Find<QListWidget>(*Form, name)->setFocus();
+        QTest::keyClick(Find<QListWidget>(*Form, name), Qt::Key_Return);
+    }
+
+    EXPECT_FALSE(std::filesystem::exists(Place / "focus/test.run"));
+    EXPECT_TRUE(Form->isVisible());
+}
+
+TEST_F(FOCUS_Test, Says_What_Marking_Did)
+{
+    Open();
+    Choose(*Form, "Location", "Hamburg (H)");
+
+    Click<QPushButton>(*Form, "Batchdatei");
+    EXPECT_EQ(Caption("Marked"), "1 combination marked");
+    Choose(*Form, "Crop", "Winter cereals");
+    EXPECT_EQ(Caption("Marked"), "");
+    Choose(*Form, "Location", "Hamburg (H)");
+    Click<QPushButton>(*Form, "Multi_batch");
+    EXPECT_EQ(Caption("Marked"), "1 combination marked, 1 without valid application data");
+}
+
+TEST_F(FOCUS_Test, Says_Why_Nothing_Can_Be_Run_When_A_File_Is_Missing)
+{
+    std::filesystem::remove(Place / "test.psm");
+    Open();
+    EXPECT_EQ(Caption("Warnung"), "There is no pesticide file in the installation directory.");
+    EXPECT_TRUE(Warns());
+
+    Place.Put_Pesticide("test.psm", {"H"});
+    Open();
+    Choose(*Form, "Crop", "Tobacco");
+    EXPECT_EQ(Caption("Warnung"), "There is no scenario file for Tobacco in the directory focus.");
+    EXPECT_FALSE(Enabled("s_run"));
+}
+
 TEST_F(FOCUS_Test, Does_Not_Keep_An_Irrigated_Location_In_An_Unirrigated_List)
 {
     Open();

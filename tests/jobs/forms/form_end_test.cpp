@@ -265,6 +265,65 @@ TEST_F(form_end_Test, A_Day_Out_Of_Range_Is_Told_When_Its_Box_Is_Left)
     EXPECT_EQ(The_User.Messages[0].Text, "Value must be betwen 0 and 31");
 }
 
+TEST_F(form_end_Test, The_List_Of_An_Empty_Day_Opens_Without_A_Complaint)
+{
+    Open();
+    Form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Form.get()));
+    auto* day = Find<QComboBox>(*Form, "Combo_stad");
+    day->setFocus();
+
+    day->showPopup();
+    QTest::keyClick(day->view(), Qt::Key_Down);
+    QTest::keyClick(day->view(), Qt::Key_Return);
+
+    EXPECT_EQ(The_User.Messages, std::vector<Message>());
+    EXPECT_FALSE(day->currentText().isEmpty());
+}
+
+TEST_F(form_end_Test, The_Chosen_File_Follows_The_Arrow_Keys)
+{
+    Place.Put_Pesticide("other.psm", {"H"});
+    Open();
+    Choose(*Form, "File_psm", "other.psm");
+
+    QTest::keyClick(Find<QListWidget>(*Form, "File_psm"), Qt::Key_Down);
+
+    EXPECT_EQ(Find<QListWidget>(*Form, "File_psm")->currentItem()->text(), "test.psm");
+    EXPECT_EQ(Find<QLabel>(*Form, "Label2_0")->text(), "test.psm");
+}
+
+TEST_F(form_end_Test, Enter_In_A_List_Starts_Nothing)
+{
+    Open();
+    Fill_In();
+
+    for (const char* name : {"File_psm", "File_sce", "File_cli", "List_cli"}) {
+        Find<QListWidget>(*Form, name)->setFocus();
+        QTest::keyClick(Find<QListWidget>(*Form, name), Qt::Key_Return);
+    }
+
+    EXPECT_FALSE(std::filesystem::exists(Place / "orvel.inp"));
+    EXPECT_TRUE(Form->isVisible());
+}
+
+TEST_F(form_end_Test, Exit_Does_Not_Complain_Of_An_Empty_Field_And_Tab_Complains_Once)
+{
+    Open();
+    Form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Form.get()));
+    auto* years = Find<QLineEdit>(*Form, "Text_years");
+    years->setFocus();
+    QTest::keyClick(years, Qt::Key_Tab);
+    EXPECT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_TRUE(years->hasFocus());
+
+    QTest::mouseClick(Find<QPushButton>(*Form, "Command5"), Qt::LeftButton);
+
+    EXPECT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_FALSE(Form->isVisible());
+}
+
 TEST_F(form_end_Test, Opens_The_Files_Of_A_Run_Over_Itself)
 {
     Open();

@@ -212,7 +212,7 @@ TEST_F(Crop_Forms_Test, OK_Takes_The_Rotation_And_The_Whole_Crop_Table_Into_The_
     EXPECT_EQ(The_Session.Scenario.Rotation[0].SZE_Har_Year, 2);
 }
 
-TEST_F(Crop_Forms_Test, Return_Leaves_The_Date_Under_Edit_Before_The_Rotation_Is_Taken)
+TEST_F(Crop_Forms_Test, Return_Leaves_The_Date_Under_Edit_And_The_Form_Stays)
 {
     Open();
     Append("Maize");
@@ -223,6 +223,10 @@ TEST_F(Crop_Forms_Test, Return_Leaves_The_Date_Under_Edit_Before_The_Rotation_Is
 
     QTest::keyClick(year, Qt::Key_Return);
 
+    EXPECT_TRUE(Form->isVisible());
+    EXPECT_FALSE(year->hasFocus());
+    EXPECT_EQ(Find<QLineEdit>(*Form, "Text_har")->text(), "6");
+    Click<QPushButton>(*Form, "Command5");
     ASSERT_EQ(The_Session.Scenario.SZE_Rot_Count, 1);
     EXPECT_EQ(The_Session.Scenario.Rotation[0].SZE_Har_Year, 6);
 }

@@ -97,13 +97,55 @@ TEST_F(Klima_Test, Keys_Change_The_Cell_And_The_Comma_Writes_A_Point)
     Open();
     Go_To(1, Rain);
 
-    for (int i = 0; i < 5; ++i)
-        QTest::keyClick(Grid, Qt::Key_Backspace);
     QTest::keyClicks(Grid, "3,5e-2x/");
 
     EXPECT_EQ(Cell(1, Rain), "3.5E-2/");
     EXPECT_EQ(Find<QLineEdit>(*Form, "Text1")->text(), "3.5E-2/");
     EXPECT_TRUE(The_Session.Program.CLI_Changed);
+}
+
+TEST_F(Klima_Test, Append_Day_Adds_The_Day_After_The_Last_One)
+{
+    The_Session.Climate.Rows[1] = {.Cli_Day = "31", .Cli_Month = "12", .Cli_Year = "99", .Cli_Hour = "14"};
+    Open();
+
+    Click<QPushButton>(*Form, "Append_Day");
+    QTest::keyClicks(Grid, "2.5");
+
+    ASSERT_EQ(Grid->model()->rowCount(), 3);
+    EXPECT_EQ(Cell(2, 0) + Cell(2, 1) + Cell(2, 2) + Cell(2, 3), "01010014");
+    EXPECT_EQ(Cell(2, Rain), "2.5");
+    EXPECT_TRUE(The_Session.Program.CLI_Changed);
+}
+
+TEST_F(Klima_Test, An_Empty_File_Is_Filled_By_Days_Or_By_A_Paste_That_Grows_It)
+{
+    The_Session.Climate = {};
+    Open();
+
+    QApplication::clipboard()->setText("01\t02\t03\t\t1.5\n02\t02\t03\t\t0\n");
+    QTest::keyClick(Grid, Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(Grid->model()->rowCount(), 2);
+    EXPECT_EQ(Cell(0, Rain), "1.5");
+
+    Click<QPushButton>(*Form, "Append_Day");
+    EXPECT_EQ(Cell(2, 0), "03");
+    Go_To(2, 0);
+    QTest::keyClick(Grid, Qt::Key_V, Qt::ControlModifier); // one row below the last
+    EXPECT_EQ(Grid->model()->rowCount(), 4);
+    EXPECT_EQ(Cell(3, 0), "02");
+}
+
+TEST_F(Klima_Test, A_Cell_That_Cannot_Be_Read_Holds_The_Save_Back)
+{
+    Open();
+    Go_To(1, Rain);
+    QTest::keyClicks(Grid, "1.2.3");
+
+    Click<QPushButton>(*Form, "Command1");
+
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data Check", "Row 2, Rainfall [cm]: \"1.2.3\" cannot be read as a number."})});
 }
 
 TEST_F(Klima_Test, Done_Without_Edits_Closes_At_Once)
@@ -153,7 +195,7 @@ TEST_F(Klima_Test, Saves_What_The_Grid_Shows)
     Click<QPushButton>(*Form, "Command1");
 
     EXPECT_EQ(caption, "Save ORVEL 3.22 Climate File");
-    EXPECT_EQ(Read_Whole(Place / "mine.cli").substr(0, 27), "Demo\r\n 0102811.2650000 0.00");
+    EXPECT_EQ(Read_Whole(Place / "mine.cli").substr(0, 27), "Demo\r\n 0102815.0000000 0.00");
     EXPECT_FALSE(The_Session.Program.CLI_Changed);
     EXPECT_EQ(Form->windowTitle(), "Climatic Data Files - mine.cli");
 }
@@ -196,7 +238,7 @@ TEST_F(Klima_Test, A_Block_That_Does_Not_Fit_Or_Is_No_Number_Is_Refused_As_A_Who
     Open();
     Go_To(1, Rain);
 
-    QApplication::clipboard()->setText("7\n8\n");
+    QApplication::clipboard()->setText("1\t2\t3\t4\t5\t6\t7\t8");
     QTest::keyClick(Grid, Qt::Key_V, Qt::ControlModifier);
     QApplication::clipboard()->setText("7\twarm");
     QTest::keyClick(Grid, Qt::Key_V, Qt::ControlModifier);

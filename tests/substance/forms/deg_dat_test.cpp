@@ -239,7 +239,7 @@ TEST_F(deg_dat_Test, Accepting_Stores_All_Fields_And_Marks_The_Document)
     EXPECT_FALSE(Form->isVisible());
 }
 
-TEST_F(deg_dat_Test, The_Enter_Key_Takes_Over_What_Is_Being_Typed)
+TEST_F(deg_dat_Test, The_Enter_Key_Leaves_The_Field_And_Shows_What_Follows_From_It)
 {
     Open(1);
     Choose_Option(*Form, "Option2");
@@ -249,8 +249,9 @@ TEST_F(deg_dat_Test, The_Enter_Key_Takes_Over_What_Is_Being_Typed)
     QTest::keyClicks(field, "10");
     QTest::keyClick(field, Qt::Key_Enter);
 
-    EXPECT_FALSE(Form->isVisible());
-    EXPECT_EQ(Row(1, 1).Deg_Rate.Text(), "0.069315");
+    EXPECT_TRUE(Form->isVisible());
+    EXPECT_FALSE(field->hasFocus());
+    EXPECT_EQ(Find<QLineEdit>(*Form, "Text1")->text(), "0.069315");
 }
 
 TEST_F(deg_dat_Test, Half_Lives_Of_Zero_Remove_The_Arrow_And_The_Substance_That_Only_It_Forms)

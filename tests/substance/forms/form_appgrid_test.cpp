@@ -86,7 +86,7 @@ TEST_F(Form_appgrid_Test, A_Key_That_Makes_A_Date_Too_Large_Is_Not_Taken)
     Type(0, 1, "32");
     Type(0, 2, "13");
     Type(0, 3, "99991");
-    Type(0, 5, "-1.5e-3x,");
+    Type(0, 5, "-1,5e-3x");
 
     EXPECT_EQ(Row(0), (QStringList{"Application 1", "3", "1", "9999", "", "-1.5E-3", "", ""}));
 }

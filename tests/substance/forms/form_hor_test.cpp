@@ -151,7 +151,7 @@ TEST_F(Form_hor_Test, A_Default_That_Was_Undone_Leaves_The_Other_Substances_Alon
 TEST_F(Form_hor_Test, A_Cell_Takes_Digits_Minus_Point_And_E_And_The_Delete_Key_Takes_The_Last_One)
 {
     Open(2);
-    Type(0, 1, "x1,2.5e-3");
+    Type(0, 1, "x12,5e-3");
     EXPECT_EQ(Row(0)[1], "12.5E-3");
 
     QTest::keyClick(&Grid(), Qt::Key_Delete);
@@ -161,7 +161,20 @@ TEST_F(Form_hor_Test, A_Cell_Takes_Digits_Minus_Point_And_E_And_The_Delete_Key_T
     EXPECT_EQ(Row(0)[0], "Horizon 1");
 }
 
-TEST_F(Form_hor_Test, OK_Stores_The_Grid_And_An_Empty_Cell_Is_Zero)
+TEST_F(Form_hor_Test, A_Cell_That_Cannot_Be_Read_Holds_OK_Back)
+{
+    Open(2);
+    Type(1, 1, "0.90.85");
+
+    Click<QPushButton>(*Form, "Command_OK");
+
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data Check", "Horizon 2, [mL/g]: \"0.90.85\" cannot be read as a number."})});
+    EXPECT_TRUE(Form->isVisible());
+    EXPECT_EQ(Grid().currentIndex(), Model().index(1, 1));
+}
+
+TEST_F(Form_hor_Test, OK_Stores_The_Grid_And_An_Empty_Cell_Becomes_No_Zero)
 {
     Open(2, 3);
     EXPECT_EQ(Row(2), (QStringList{"Horizon 3", "", "", "", "", "", ""}));
@@ -173,9 +186,9 @@ TEST_F(Form_hor_Test, OK_Stores_The_Grid_And_An_Empty_Cell_Is_Zero)
 
     EXPECT_EQ(The_Session.Pesticide.N_Horizons.Number(), 3);
     EXPECT_EQ(Horizon(1).Hor_Kd[2].Number(), 2.5);
-    EXPECT_EQ(Horizon(2).Hor_FrExp[2].Number(), 0);
+    EXPECT_EQ(Horizon(2).Hor_FrExp[2].Number(), 0.9);
     EXPECT_EQ(Horizon(3).Hor_Deg[2][1].Number(), 0.7);
-    EXPECT_EQ(Horizon(3).Hor_Deg[2][2].Number(), 0);
+    EXPECT_EQ(Horizon(3).Hor_Deg[2][2].Number(), 1);
     EXPECT_TRUE(The_Session.Program.PSM_Changed);
     EXPECT_FALSE(Form->isVisible());
 }

@@ -126,16 +126,16 @@ TEST_F(Form_MET_Test, A_Molar_Mass_Of_Zero_Passes_And_A_Text_That_Is_No_Number_I
     EXPECT_FALSE(Form->isVisible());
 }
 
-TEST_F(Form_MET_Test, A_Field_Tells_At_Once_What_Is_Read_From_A_Comma)
+TEST_F(Form_MET_Test, A_Field_Tells_At_Once_That_It_Is_Read_As_Another_Number)
 {
     Open(2);
-    Retype(*Form, "Text_koc0", "1,5");
+    Retype(*Form, "Text_koc0", "1.5.2");
 
     EXPECT_EQ(Find<QLineEdit>(*Form, "Text_koc0")->toolTip(),
               Find<QLineEdit>(*Form, "Text_koc0")->accessibleDescription());
     EXPECT_FALSE(Find<QLineEdit>(*Form, "Text_koc0")->toolTip().isEmpty());
     Done();
-    EXPECT_EQ(Document.Koc[2].Number(), 1);
+    EXPECT_EQ(Document.Koc[2].Number(), 1.5);
 }
 
 TEST_F(Form_MET_Test, A_Direct_Kf_Hides_Koc_And_Exponent_Which_Are_Then_Given_Per_Horizon)
@@ -235,7 +235,7 @@ TEST_F(Form_MET_Test, More_Horizons_Than_A_Table_Can_Have_Are_Refused_And_The_Fo
     EXPECT_TRUE(Form->isVisible());
 }
 
-TEST_F(Form_MET_Test, The_Return_Key_In_A_Number_Of_Horizons_Takes_It_Over_Or_Refuses_It_Once)
+TEST_F(Form_MET_Test, The_Return_Key_In_A_Number_Of_Horizons_Leaves_It_Or_Refuses_It_Once)
 {
     Document.Deg_Depth_Mode[2] = 2;
     const auto type = [this](const QString& text) {
@@ -248,10 +248,12 @@ TEST_F(Form_MET_Test, The_Return_Key_In_A_Number_Of_Horizons_Takes_It_Over_Or_Re
     Open(2);
     type("401");
     EXPECT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_TRUE(Form->isVisible());
+    EXPECT_EQ(Form->focusWidget()->objectName(), "Text_nhor");
 
     type("4");
-    EXPECT_FALSE(Form->isVisible());
+    EXPECT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_NE(Form->focusWidget()->objectName(), "Text_nhor");
+    Click<QPushButton>(*Form, "Command_ok1");
     EXPECT_EQ(Document.N_Horizons.Number(), 4);
     EXPECT_EQ(Document.Horizons.size(), 6U);
 }

@@ -95,6 +95,33 @@ TEST_F(Form_PSM_1_Test, Has_An_Arrow_Head_For_Each_Arrow_But_The_Reserved_Ones)
         EXPECT_FALSE(Form->findChild<QAbstractButton*>(name)) << name;
 }
 
+TEST_F(Form_PSM_1_Test, The_Scheme_Is_One_Tab_Stop_With_Arrow_Keys_And_Return_Opens_A_Box)
+{
+    Rate(1, 1, 0.1);
+    Open();
+    Form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Form.get()));
+    const auto press = [this](Qt::Key key) {
+        QTest::keyClick(Form->focusWidget(), key);
+        return Form->focusWidget()->objectName();
+    };
+    Find<QAbstractButton>(*Form, "Label_AS")->setFocus();
+
+    EXPECT_EQ(press(Qt::Key_Tab), "Command1");
+    EXPECT_EQ(press(Qt::Key_Backtab), "Label_AS");
+    QString met;
+    for (int step = 0; step < 4 && met != "Label_1_2"; ++step)
+        met = press(Qt::Key_Down);
+    EXPECT_TRUE(met.startsWith("Label_1_") || met.startsWith("Image2_") || met.startsWith("Label_2_"));
+    Find<QAbstractButton>(*Form, "Label_1_1")->setFocus();
+    QString opened;
+    In_Modal([&](QWidget& form) { opened = form.windowTitle(); });
+    press(Qt::Key_Return);
+    EXPECT_EQ(opened, "Metabolite A1");
+    EXPECT_EQ(press(Qt::Key_Tab), "Command1");
+    EXPECT_EQ(press(Qt::Key_Backtab), "Label_1_1");
+}
+
 TEST_F(Form_PSM_1_Test, A_Click_On_An_Absent_Metabolite_Does_Nothing)
 {
     Rate(1, 1, 0);

@@ -132,7 +132,7 @@ TEST_F(kin_Sorption_Test, A_Refused_Value_Keeps_Its_Notation_And_Is_Told_Once)
     EXPECT_EQ(Focused(), "s_f_neq");
 }
 
-TEST_F(kin_Sorption_Test, The_Enter_Key_Is_Done_And_Tells_A_Refusal_Once)
+TEST_F(kin_Sorption_Test, The_Enter_Key_Leaves_The_Field_And_Tells_A_Refusal_Once)
 {
     Open(0.5, 0.02);
     auto* fraction = Find<QLineEdit>(*Form, "s_f_neq");
@@ -140,14 +140,38 @@ TEST_F(kin_Sorption_Test, The_Enter_Key_Is_Done_And_Tells_A_Refusal_Once)
     QTest::keyClicks(fraction, "-1");
     QTest::keyClick(fraction, Qt::Key_Enter);
     EXPECT_EQ(The_User.Messages, std::vector{Not_Negative});
-    EXPECT_TRUE(Form->isVisible());
+    EXPECT_EQ(Focused(), "s_f_neq");
 
     fraction->selectAll();
     QTest::keyClicks(fraction, "0.25");
     QTest::keyClick(fraction, Qt::Key_Enter);
-    EXPECT_FALSE(Form->isVisible());
-    EXPECT_EQ(The_Session.Pesticide.F_neq[3], 0.25);
-    EXPECT_TRUE(The_Session.Program.PSM_Changed);
+    EXPECT_TRUE(Form->isVisible());
+    EXPECT_EQ(Focused(), "s_kdes");
+}
+
+TEST_F(kin_Sorption_Test, A_Negative_Rate_Is_Refused_When_It_Is_Left_For_The_Buttons)
+{
+    Open(0.5, 0.02);
+
+    Retype(*Form, "s_kdes", "-1");
+
+    EXPECT_EQ(The_User.Messages, std::vector{Not_Negative});
+    EXPECT_EQ(Focused(), "s_kdes");
+    Click<QPushButton>(*Form, "Command1");
+    EXPECT_EQ(The_User.Messages.size(), 2U); // one complaint for the click, too
+    EXPECT_TRUE(Form->isVisible());
+}
+
+TEST_F(kin_Sorption_Test, A_Number_Too_Large_To_Be_Held_Keeps_The_Form_Open)
+{
+    Open(0.5, 0.02);
+    Retype(*Form, "s_kdes", "1e308");
+
+    Click<QPushButton>(*Form, "Command1");
+
+    EXPECT_EQ(The_User.Messages, std::vector{(Message{"Data check", "\"1e308\" is too large a number."})});
+    EXPECT_EQ(Focused(), "s_kdes");
+    EXPECT_TRUE(Form->isVisible());
 }
 
 TEST_F(kin_Sorption_Test, Done_Stores_The_PEARL_Values_Of_A_STRECK_Entry)

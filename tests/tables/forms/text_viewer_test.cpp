@@ -132,16 +132,18 @@ TEST_F(Text_Viewer_Test, What_Is_Not_Shown_As_It_Stands_In_The_File_Cannot_Be_Ed
     }
 }
 
-TEST_F(Text_Viewer_Test, A_Character_That_The_File_Cannot_Hold_Is_Told_And_Marked)
+TEST_F(Text_Viewer_Test, Characters_That_The_File_Cannot_Hold_Are_Told_And_The_First_Is_Marked)
 {
     Open("text\r\n");
     Text(*Form).moveCursor(QTextCursor::Start);
-    Text(*Form).insertPlainText(QString::fromUtf8("aΩ"));
+    Text(*Form).insertPlainText(QString::fromUtf8("aΩb\U0001F600Ω"));
 
     Click<QPushButton>(*Form, "Save");
 
     EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{"Saving Input File", "The file cannot hold the character that is marked."})});
+              std::vector{(Message{"Saving Input File",
+                                   "The file cannot hold U+03A9, U+1F600. The first of these characters is "
+                                   "marked."})});
     EXPECT_EQ(Text(*Form).textCursor().selectedText(), QString::fromUtf8("Ω"));
     EXPECT_EQ(Read_Whole(File), "text\r\n");
 }

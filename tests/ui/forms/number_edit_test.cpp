@@ -2,6 +2,7 @@
 
 #include "window_test.h"
 
+#include <QClipboard>
 #include <QToolTip>
 
 namespace orvel {
@@ -26,12 +27,24 @@ TEST_F(Number_Edit_Test, Says_Nothing_While_A_Number_Is_Read_As_It_Looks)
     EXPECT_EQ(Field.Value(), Variant("1.5"));
 }
 
-TEST_F(Number_Edit_Test, Tells_At_Once_That_A_Comma_Ends_The_Number)
+TEST_F(Number_Edit_Test, A_Comma_Is_A_Point_Typed_Or_Pasted)
 {
     Type("1,5");
-    EXPECT_EQ(Field.Hint(), "\"1,5\" is read as 1. The decimal sign is the point.");
+    EXPECT_EQ(Field.text(), "1.5");
+    EXPECT_EQ(Field.Value().Number(), 1.5);
+
+    QApplication::clipboard()->setText("0,25");
+    Field.selectAll();
+    Field.paste();
+    EXPECT_EQ(Field.text(), "0.25");
+    EXPECT_EQ(Field.Hint(), "");
+}
+
+TEST_F(Number_Edit_Test, Tells_At_Once_That_A_Number_Ends_Before_Its_Text)
+{
+    Type("1.5.2");
+    EXPECT_EQ(Field.Hint(), "\"1.5.2\" is read as 1.5.");
     EXPECT_EQ(Field.toolTip(), Field.Hint());
-    EXPECT_EQ(Field.Value().Number(), 1);
 }
 
 TEST_F(Number_Edit_Test, Tells_At_Once_That_Letters_Are_Zero)
@@ -82,6 +95,14 @@ TEST(Byte_Edit_Test, Leaves_Out_What_The_Code_Page_Lacks_And_Says_So)
 
     QTest::keyClicks(&field, "c");
     EXPECT_EQ(field.Hint(), "");
+}
+
+TEST(Byte_Edit_Test, A_Pasted_Line_Break_Is_A_Blank)
+{
+    Byte_Edit field;
+    QApplication::clipboard()->setText("Maize\r\nHamburg\n");
+    field.paste();
+    EXPECT_EQ(field.Typed(), "Maize  Hamburg ");
 }
 
 TEST(Byte_Edit_Test, Keeps_A_Text_Of_Ten_Thousand_Characters)

@@ -51,13 +51,51 @@ protected:
     Number_Grid* Grid = nullptr;
 };
 
-TEST_F(Number_Grid_Test, Digits_Minus_Point_And_E_Go_To_The_End_Of_The_Cell_And_Others_Are_Ignored)
+TEST_F(Number_Grid_Test, Takes_Digits_Minus_Point_Comma_And_E_And_Ignores_Others)
 {
     Go_To(1, 2);
 
-    QTest::keyClicks(Grid, "-1.5e-3,x +");
+    QTest::keyClicks(Grid, "x-1,5e-3x +");
 
     EXPECT_EQ(Cell(1, 2), "-1.5E-3");
+}
+
+TEST_F(Number_Grid_Test, The_First_Key_Replaces_The_Text_Of_A_Marked_Cell)
+{
+    QTest::keyClicks(Grid, "0.85");
+    EXPECT_EQ(Cell(0, 1), "0.85");
+
+    Go_To(1, 1);
+    QTest::keyClicks(Grid, "x"); // no key of a number
+    EXPECT_EQ(Cell(1, 1), "40");
+    Go_To(0, 1);
+    QTest::keyClicks(Grid, "7");
+    EXPECT_EQ(Cell(0, 1), "7");
+}
+
+TEST_F(Number_Grid_Test, F2_Or_A_Double_Click_Goes_On_Behind_The_Text)
+{
+    QTest::keyClick(Grid, Qt::Key_F2);
+    QTest::keyClicks(Grid, ".5");
+    EXPECT_EQ(Cell(0, 1), "30.5");
+
+    Go_To(1, 1);
+    QTest::mouseDClick(Grid->viewport(), Qt::LeftButton, {}, Center(1, 1));
+    QTest::keyClicks(Grid, "5");
+    EXPECT_EQ(Cell(1, 1), "405");
+}
+
+TEST_F(Number_Grid_Test, A_Cell_That_Cannot_Be_Read_Is_Told_And_Gone_To)
+{
+    EXPECT_TRUE(Grid->Is_Readable());
+    QTest::keyClicks(Grid, "30-1");
+    Go_To(2, 2);
+
+    EXPECT_FALSE(Grid->Is_Readable());
+
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Data Check", "Horizon 1, Thickness [cm]: \"30-1\" cannot be read as a number."})});
+    EXPECT_EQ(Grid->currentIndex(), Model->index(0, 1));
 }
 
 TEST_F(Number_Grid_Test, Delete_Takes_The_Last_Character_And_Backspace_None)
@@ -90,18 +128,18 @@ TEST_F(Number_Grid_Test, A_Title_Is_Not_Edited)
 
 TEST_F(Number_Grid_Test, Undo_Takes_The_Keys_Of_A_Cell_Back_As_One_Step_And_Redo_Brings_Them_Again)
 {
-    QTest::keyClicks(Grid, ".25");
+    QTest::keyClicks(Grid, "0.25");
     Go_To(1, 1);
     QTest::keyClicks(Grid, "9");
 
     Command(Qt::Key_Z);
     EXPECT_EQ(Cell(1, 1), "40");
-    EXPECT_EQ(Cell(0, 1), "30.25");
+    EXPECT_EQ(Cell(0, 1), "0.25");
     Command(Qt::Key_Z);
     EXPECT_EQ(Cell(0, 1), "30");
     Command(Qt::Key_Y);
 
-    EXPECT_EQ(Cell(0, 1), "30.25");
+    EXPECT_EQ(Cell(0, 1), "0.25");
     EXPECT_EQ(Grid->currentIndex(), Model->index(0, 1)); // where it happened
 }
 
@@ -231,7 +269,7 @@ TEST_F(Number_Grid_Test, Tells_A_Cell_That_Is_Changed_And_One_That_Is_Left)
 TEST_F(Number_Grid_Test, A_Form_Can_Go_Back_To_The_Cell_That_Is_Left)
 {
     QObject::connect(Grid, &Number_Grid::Cell_Left, Grid, [this](int row, int column) {
-        if (Cell(row, column) == "3099")
+        if (Cell(row, column) == "99")
             Grid->Go_To(row, column);
     });
     QTest::keyClicks(Grid, "99");
@@ -245,7 +283,7 @@ TEST_F(Number_Grid_Test, A_Form_Can_Go_Back_To_The_Cell_That_Is_Left)
 
 TEST_F(Number_Grid_Test, A_Cell_That_Is_Read_As_Something_Else_Tells_The_Number)
 {
-    QTest::keyClicks(Grid, "-1");
+    QTest::keyClicks(Grid, "30-1");
 
     EXPECT_EQ(Model->index(0, 1).data(Qt::ToolTipRole), "\"30-1\" is read as 30.");
     EXPECT_FALSE(Model->index(0, 1).data(Qt::DecorationRole).isNull());

@@ -1,6 +1,7 @@
 #include "ui/forms/text_output.h"
 
 #include "core/files.h"
+#include "pdf_text.h"
 #include "temporary_directory.h"
 #include "ui/forms/widgets.h"
 
@@ -44,6 +45,15 @@ TEST(Copy_Text, Puts_Tabs_And_Lines_On_The_Clipboard)
     Copy_Text("a\tb\nc\td\n");
 
     EXPECT_EQ(QApplication::clipboard()->text(), "a\tb\nc\td\n");
+}
+
+TEST(Print_Text_On, Keeps_What_Stands_Behind_A_Tab)
+{
+    Temporary_Directory place;
+
+    const QString read = Text_Of_Pdf(Printed(place / "out.pdf", "Year\t (g/ha)\t\tPercolate\n1\t2.5\t\t300.25\n"));
+
+    EXPECT_TRUE(read.simplified().startsWith("Year (g/ha) Percolate 1 2.5 300.25")) << read.toStdString();
 }
 
 TEST(Print_Text_On, Makes_Pages_Of_A_Long_Text)

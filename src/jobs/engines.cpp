@@ -1,0 +1,73 @@
+#include "jobs/engines.h"
+
+#include "core/error.h"
+#include "core/system/signals.h"
+
+namespace orvel {
+
+namespace {
+
+constexpr std::chrono::milliseconds Look_Interval(200); // for a request to stop and for limits
+constexpr std::chrono::seconds Patience(2);             // between asking an engine to end and ending it
+
+} // namespace
+
+void Engines::Add(Start start, Run_Record record, const Program_Start& program)
+{
+    const int process = Start_Program(program);
+    Running.emplace(process, Running_Engine{.From = std::move(start),
+                                            .Record = std::move(record),
+                                            .Begun = Clock::now(),
+                                            .Asked_To_End = std::nullopt,
+                                            .Interruption = {}});
+}
+
+void Engines::Look_For_Stop()
+{
+    std::error_code ignored;
+    Is_Stopped = Is_Stopped || Was_Stopped() || std::filesystem::exists(Stop_File, ignored);
+}
+
+void Engines::Wait()
+{
+    if (const auto end = Wait_For_Any_Program(Look_Interval))
+        Record_End(*end);
+    Look_For_Stop();
+    for (auto& [process, engine] : Running) {
+        const bool too_long =
+            engine.From.Limit && Clock::now() - engine.Begun > std::chrono::seconds(*engine.From.Limit);
+        engine.Interruption.Too_Long = engine.Interruption.Too_Long || (too_long && !engine.Asked_To_End);
+        engine.Interruption.Stopped = Is_Stopped && !engine.Interruption.Too_Long;
+        if (Is_Stopped || too_long)
+            Interrupt(process, engine);
+    }
+}
+
+void Engines::Interrupt(int process, Running_Engine& engine)
+{
+    if (!engine.Asked_To_End) {
+        engine.Asked_To_End = Clock::now();
+        End_Group(process, false);
+    } else if (Clock::now() - *engine.Asked_To_End > Patience) {
+        End_Group(process, true);
+    }
+}
+
+void Engines::Record_End(const Program_End& end)
+{
+    const auto found = Running.find(end.Process);
+    if (found == Running.end())
+        return;
+    Running_Engine& engine = found->second;
+    End_Group(end.Process, true); // what the engine has left behind would hold the run's lock
+    std::string error;
+    try {
+        Recorder.End(engine.From.Directory, engine.Record, end, engine.Interruption);
+    } catch (const File_Error& reason) {
+        error = reason.what();
+    }
+    Tell_End(engine.From.Run, engine.Record, error);
+    Running.erase(found);
+}
+
+} // namespace orvel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/sha256.h"
+#include "jobs/job_status.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace orvel {
+
+// Which inputs of recorded runs are no longer what they were when the engine read them. One is asked again and again
+// for a list: a file that keeps its identity is read once.
+class Input_Changes {
+public:
+    explicit Input_Changes(std::filesystem::path app_path) : App_Path(std::move(app_path)) {}
+
+    // The names of the inputs, as the record has them, whose file as reached from the run directory, or whose source in
+    // the installation, has another digest or cannot be read. Without a record nothing is known: none.
+    std::vector<std::string> Of(const Simulation& simulation);
+
+private:
+    bool Differs(const std::filesystem::path& file, const Recorded_File& recorded);
+
+    std::filesystem::path App_Path;
+    File_Digests Digests;
+};
+
+} // namespace orvel

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "programs/command_line.h"
+
+namespace orvel {
+
+// What can be proven about finished runs: verify.
+void Add_Record_Commands(CLI::App& app, Command& command);
+
+} // namespace orvel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/sha256.h"
+#include "output/run_record.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace orvel {
+
+// Whether finished runs are still what their records say.
+
+enum class Check { Ok, Changed, Incomplete, Failed, Unrecorded };
+std::string_view Check_Text(Check check); // "ok", "changed" ...
+
+struct Verified_Run {
+    Check Result = Check::Unrecorded;
+    std::string Detail; // what has changed, or why the run is not complete; bytes of Windows-1252
+};
+
+// Verifies one run after another; a file that they share is digested once.
+class Verifier {
+public:
+    // `app_path`: the installation, for the engine of a run that does not lie within one.
+    explicit Verifier(std::filesystem::path app_path) : App_Path(std::move(app_path)) {}
+
+    // Digests the engine, the inputs and the outputs of a run with a complete record. A file that cannot be read has
+    // changed, and the detail tells why.
+    Verified_Run Verify(const std::filesystem::path& run_directory);
+
+private:
+    std::string Changed_File(const std::filesystem::path& file, const Recorded_File& recorded, bool shared);
+    std::string Changed(const std::filesystem::path& run_directory, const Run_Record& record);
+    std::filesystem::path Engine_Of(const std::filesystem::path& run_directory, const Run_Record& record) const;
+
+    std::filesystem::path App_Path;
+    File_Digests Digests;
+};
+
+} // namespace orvel
