@@ -1,6 +1,7 @@
 // The engine: reads the input of a run directory, simulates day by day and writes the output there.
 #include "core/files.h"
 #include "core/system/signals.h"
+#include "core/system/standard_channels.h"
 #include "core/system/terminal.h"
 #include "core/text.h"
 #include "core/version.h"
@@ -92,7 +93,8 @@ File_Source Files_In(const fs::path& directory)
         try {
             const auto file = Find_Named(directory, name);
             return file ? std::optional(Read_Whole(*file)) : std::nullopt;
-        } catch (const File_Error&) {
+        } catch (const File_Error& error) {
+            Pass_On_If_Unreadable(error);
             return std::nullopt;
         }
     };
@@ -189,6 +191,7 @@ int Run(const Options& options)
 int main(int count, char** arguments)
 {
     using namespace orvel::engine;
+    orvel::Open_Standard_Channels();
     orvel::Exit_When_Stopped(Exit_Failed); // the line of error 99 stays in the echo
     orvel::Report_Failed_Writes();
     int code = Exit_Complete;
