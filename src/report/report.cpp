@@ -299,7 +299,8 @@ void Note_Inputs(const Session& session, Report& report)
 Report Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made,
                      const Progress& progress)
 {
-    Report report{.Title = "Leaching to groundwater: summary report",
+    const auto& mode = Mode_Of(crops.empty() ? Mode_Kind::Focus : crops.front().Mode);
+    Report report{.Title = std::string(mode.Report_Title),
                   .Program = session.Program.Aktuelle_ORVELSUITE_Version,
                   .Made = Date_Text(made)};
     for (std::size_t i = 0; i < crops.size(); ++i) {
@@ -311,6 +312,10 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
     }
     if (!session.Program.Engine_Exe.empty())
         report.Engine_File = Checked(session.Program.App_Path, Path_Of(session.Program.Engine_Exe));
+    if (mode.Kind != Mode_Kind::Focus)
+        report.Notes.push_back(
+            "The figures are those of the percolate of these scenarios; their concentrations in soil "
+            "are in the tables of each simulation.");
     Note_Problems(report);
     Note_Places(report, "Further locations of the crop, not simulated",
                 [&](std::size_t crop) { return List_Of(crops[crop].Absent); });

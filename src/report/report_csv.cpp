@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "report/report_formats.h"
+#include "tables/table_text.h"
 
 namespace orvel {
 
@@ -44,8 +45,8 @@ std::vector<std::string> Figures(const Report_Result* result)
             period(result->B),
             result->B.Years,
             Fixed_Text(result->B.Conc, Conc_Decimals),
-            General_Text(result->P80.Flux),
-            General_Text(result->P80.Percolate)};
+            Figure_Text(result->P80.Flux),
+            Figure_Text(result->P80.Percolate)};
 }
 
 } // namespace

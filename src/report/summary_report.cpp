@@ -49,15 +49,14 @@ std::string Padded(std::string name)
 
 std::string Short_Name(std::string_view text)
 {
-    const auto bracket = text.find('(');
-    return bracket == std::string_view::npos ? "" : std::string(text.substr(bracket + 1, 1));
+    return std::string(Bracket_Text(text));
 }
 
 Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop)
 {
     const auto directory = Level(Level(Mode_Directory(session.Program, mode), stem), crop);
     Summary_Request request{
-        session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}};
+        session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}, mode.Kind};
     for (const auto& name : List_Run_Levels(directory))
         request.Locations.push_back({Decode_Level(To_Code_Page(name)), directory / name});
     if (!request.Locations.empty())
@@ -140,8 +139,8 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
                     .Pesticide = request.Pesticide,
                     .Crop = request.Crop};
     const auto count = request.Locations.size();
-    std::string note;
     bool complete = count > 0 && count <= Most_Summary_Locations;
+    std::string failed; // the locations
     int period_index = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const auto& location = request.Locations[i];
@@ -156,9 +155,10 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         if (stopped)
             return {.Failure = Reading_Stopped().what()};
         period_index = tables.Period_Index;
-        if (note.empty() && !tables.Kept)
-            note = tables.Note();
-        complete = complete && tables.Kept && (i > 0 || tables.Has_Echo);
+        const bool kept = tables.Kept && (i > 0 || tables.Has_Echo);
+        complete = complete && kept;
+        if (!kept)
+            failed += "\r\n" + location.Text + (tables.Unreadable ? ": " + tables.Failure : "");
         if (i == 0) {
             for (const auto& name : tables.Result_Name)
                 summary.Substances.push_back({name, {}, 0});
@@ -166,9 +166,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         summary.Location_Short.push_back(Short_Name(location.Text));
         Add_Percentiles(summary, i, location.Text, tables);
     }
-    if (!note.empty())
-        note.insert(0, CrLf);
-    return complete ? summary : Summary{.Failure = std::string(Output_Problem) + note};
+    return complete ? summary : Summary{.Failure = std::string(Output_Problem) + failed};
 }
 
 std::string Summary_Text(const Summary& report)

@@ -1,5 +1,6 @@
 #include "tables/series.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -65,7 +66,9 @@ try {
                              request);
 } catch (const File_Error& error) {
     Pass_On_If_Unreadable(error);
-    return Make_Daily_Series({}, {}, request);
+    auto nothing = Make_Daily_Series({}, {}, request);
+    nothing.Nothing = To_Code_Page(error.what());
+    return nothing;
 }
 
 } // namespace orvel

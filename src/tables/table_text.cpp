@@ -37,9 +37,14 @@ void Table_Text::Line(std::string_view file, std::string_view screen)
     Screen.append(screen).append(CrLf);
 }
 
+std::string Figure_Text(double figure)
+{
+    return Number_Text('F', figure, 0);
+}
+
 double As_Printed(double figure)
 {
-    return Val(Number_Text('F', figure, 0));
+    return Val(Figure_Text(figure));
 }
 
 bool Holds_Text(std::string_view file, std::string_view text)

@@ -18,6 +18,9 @@ struct Table_Text {
     }
 };
 
+// A figure as the tables print it.
+std::string Figure_Text(double figure);
+
 // A figure as it is printed and read back. Table records hold their figures in this form, so that window, diagram,
 // report and command line agree whether a table was just built or read from its cache.
 double As_Printed(double figure);

@@ -41,12 +41,44 @@ Simulation_Model::Simulation_Model(QObject* parent)
       Status_Dot{Dot(Rot), Dot(Gelb), Dot(Gruen)}
 {}
 
+bool Simulation_Model::Matches(const Simulation& simulation) const
+{
+    for (int column = Pesticide; column < Columns; ++column) {
+        if (Text(simulation, column).contains(Part, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
+void Simulation_Model::Arrange(std::vector<Simulation>& simulations) const
+{
+    if (Sorted_By < 0)
+        return;
+    const bool down = Order == Qt::DescendingOrder;
+    std::ranges::stable_sort(simulations, [&](const Simulation& a, const Simulation& b) {
+        const auto& first = down ? b : a;
+        const auto& second = down ? a : b;
+        if (Sorted_By == Date)
+            return first.Date < second.Date;
+        return QString::compare(Text(first, Sorted_By), Text(second, Sorted_By), Qt::CaseInsensitive) < 0;
+    });
+}
+
+void Simulation_Model::sort(int column, Qt::SortOrder order)
+{
+    Sorted_By = column == Marker ? -1 : column;
+    Order = order;
+    Show(Rows);
+}
+
 bool Simulation_Model::Show(std::vector<Simulation> simulations)
 {
+    std::erase_if(simulations, [this](const Simulation& simulation) { return !Matches(simulation); });
+    Arrange(simulations);
     if (Same_Runs(simulations)) {
         Rows = std::move(simulations);
         if (!Rows.empty())
-            emit dataChanged(index(0, Date), index(rowCount() - 1, Result));
+            emit dataChanged(index(0, Date), index(rowCount() - 1, Changes));
         return false;
     }
     beginResetModel();
@@ -91,6 +123,29 @@ int Simulation_Model::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : Columns;
 }
 
+void Simulation_Model::Show_Changes(Changed_Inputs changed)
+{
+    Changed = std::move(changed);
+    if (!Rows.empty())
+        emit dataChanged(index(0, Changes), index(rowCount() - 1, Changes));
+}
+
+const std::vector<std::string>& Simulation_Model::Changes_Of(const Simulation& simulation) const
+{
+    static const std::vector<std::string> none;
+    const auto changed = Changed.find(simulation.Directory);
+    return changed == Changed.end() ? none : changed->second;
+}
+
+// One input by its name, several by their number.
+QString Simulation_Model::Changes_Text(const Simulation& simulation) const
+{
+    const auto& changed = Changes_Of(simulation);
+    if (changed.size() > 1)
+        return QString("%1 inputs").arg(changed.size());
+    return changed.empty() ? QString() : Shown(changed.front());
+}
+
 QString Simulation_Model::Text(const Simulation& simulation, int column) const
 {
     switch (column) {
@@ -106,6 +161,8 @@ QString Simulation_Model::Text(const Simulation& simulation, int column) const
         return Shown(Status_Text(simulation.Status));
     case Result:
         return Shown(Result_Text(simulation));
+    case Changes:
+        return Changes_Text(simulation);
     default:
         return {};
     }
@@ -127,13 +184,19 @@ QVariant Simulation_Model::data(const QModelIndex& index, int role) const
         return Marked[row] ? "selected" : "not selected";
     if (role == Qt::ToolTipRole && index.column() == Result)
         return Shown(Explanation(simulation));
+    if (role == Qt::ToolTipRole && index.column() == Changes) {
+        QStringList names;
+        for (const auto& name : Changes_Of(simulation))
+            names << Shown(name);
+        return names.join("\n");
+    }
     return {};
 }
 
 QVariant Simulation_Model::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    constexpr std::array<const char*, Columns> Headings = {"",     "Pesticide File", "Crop",  "Location",
-                                                           "Date", "Status",         "Result"};
+    constexpr std::array<const char*, Columns> Headings = {"",     "Pesticide File", "Crop",   "Location",
+                                                           "Date", "Status",         "Result", "Changed since"};
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
     return Headings[static_cast<std::size_t>(section)];

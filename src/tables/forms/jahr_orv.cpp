@@ -26,7 +26,11 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run)
         *tables = Build_Or_Load(run, progress);
         return {{tables->Year_Text, tables->Period_Text}, *tables};
     };
-    kind.Open_Diagram = [tables, ask = session.Ask](QWidget& form) { Jahresdiagramm(*tables, ask, &form).exec(); };
+    kind.Open_Diagram = [tables, run, ask = session.Ask](QWidget& form) {
+        Jahresdiagramm diagram(*tables, ask, &form);
+        diagram.Name_Run(run);
+        diagram.exec();
+    };
     return kind;
 }
 

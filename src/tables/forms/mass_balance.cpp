@@ -38,10 +38,11 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
     };
     // In either view the diagram is the annual one.
     kind.Open_Diagram = [run, view, tables, ask = session.Ask](QWidget& form) {
-        Jahresbilanz(view == Balance_View::Annual ? *tables
-                                                  : Build_Or_Load_Balance(run, Balance_View::Annual, Stay_Painted),
-                     ask, &form)
-            .exec();
+        Jahresbilanz diagram(
+            view == Balance_View::Annual ? *tables : Build_Or_Load_Balance(run, Balance_View::Annual, Stay_Painted),
+            ask, &form);
+        diagram.Name_Run(run);
+        diagram.exec();
     };
     if (view == Balance_View::Annual && Has_Months(run))
         kind.Open_Months = [run, &session](QWidget& form) {

@@ -20,7 +20,9 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run, int
         return {{soil.Text}, soil};
     };
     kind.Open_Diagram = [run, ask = session.Ask](QWidget& form) {
-        Jahresdiagramm(Build_Or_Load(run, Stay_Painted), ask, &form).exec(); // the leachate's diagram
+        Jahresdiagramm diagram(Build_Or_Load(run, Stay_Painted), ask, &form); // the leachate's diagram
+        diagram.Name_Run(run);
+        diagram.exec();
     };
     return kind;
 }
