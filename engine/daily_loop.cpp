@@ -95,6 +95,14 @@ void Daily_Loop::Begin(Span_Sums& sums)
 void Daily_Loop::Divide(const Water_Day& water, Solute_Day& solute) const
 {
     const Grid &core = Input.Core, &fine = Input.Fine;
+    if (fine.Surface == 0) {
+        solute.Theta_Start = water.Theta_Start;
+        solute.Theta_End = water.Theta_End;
+        solute.Flux = water.Flux;
+        solute.Transpiration = water.Transpiration;
+        solute.Temperature.assign(Heat.Temperature().begin(), Heat.Temperature().begin() + core.Count());
+        return;
+    }
     const auto count = static_cast<std::size_t>(fine.Count());
     for (auto* row : {&solute.Theta_Start, &solute.Theta_End, &solute.Transpiration, &solute.Temperature})
         row->resize(count);

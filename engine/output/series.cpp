@@ -219,7 +219,7 @@ double Series::Amount(const Column_Plan& plan, const Series_Moment& moment) cons
     }
 }
 
-template <class Get> double Series::Mean(const Compartment_Range& inside, Get get) const
+template <class Get> [[gnu::always_inline]] inline double Series::Mean(const Compartment_Range& inside, Get get) const
 {
     if (inside.First == inside.Last)
         return get(static_cast<std::size_t>(inside.First));

@@ -140,7 +140,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
                     .Crop = request.Crop};
     const auto count = request.Locations.size();
     bool complete = count > 0 && count <= Most_Summary_Locations;
-    std::string failed; // the locations
+    std::string failed; // the locations, and why
     int period_index = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const auto& location = request.Locations[i];
@@ -158,7 +158,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         const bool kept = tables.Kept && (i > 0 || tables.Has_Echo);
         complete = complete && kept;
         if (!kept)
-            failed += "\r\n" + location.Text + (tables.Unreadable ? ": " + tables.Failure : "");
+            failed += "\r\n" + location.Text + (tables.Kept ? "" : ": " + tables.Note());
         if (i == 0) {
             for (const auto& name : tables.Result_Name)
                 summary.Substances.push_back({name, {}, 0});

@@ -184,8 +184,9 @@ int Simulationsliste::Column_Width(int column) const
 {
     const int picture = Grid1->verticalHeader()->defaultSectionSize();
     const bool has_picture = column == Simulation_Model::Marker || column == Simulation_Model::Status;
-    return QFontMetrics(Grid1->font()).horizontalAdvance(Simulations.Longest_Text(column)) +
-           picture * (has_picture ? 2 : 1);
+    const int text = QFontMetrics(Grid1->font()).horizontalAdvance(Simulations.Longest_Text(column)) +
+                     picture * (has_picture ? 2 : 1);
+    return std::max(text, Grid1->horizontalHeader()->sectionSizeHint(column)); // which has the arrow of the order
 }
 
 void Simulationsliste::Select_Again(const std::vector<std::filesystem::path>& runs)
