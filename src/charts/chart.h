@@ -19,13 +19,16 @@ struct Chart_Point {
 struct Chart_Line {
     Colour Drawn_In = Colour::Series;
     std::vector<Chart_Point> Points; // joined in order
+    std::vector<std::string> Names;  // of the points, such as dates; empty: their positions name them
+    std::string Name;                // written above the line's right end
 };
 
 // A filled box between the x axis and Y, which may lie below it.
 struct Chart_Box {
     Colour Drawn_In = Colour::Series;
     double Left = 0, Right = 0, Y = 0;
-    std::string Name; // label of its value; empty: its position is the label
+    std::string Name;  // names it beside its value; empty: its position does
+    std::string Label; // written at its end
     bool operator==(const Chart_Box&) const = default;
 };
 
@@ -41,7 +44,8 @@ struct Chart_Tick {
 struct Chart_Axis {
     std::string Title;
     double Low = 0, High = 1;
-    double First = 0; // where positions count from; the labels already include it
+    double First = 0;   // where positions count from; the labels already include it
+    bool Whole = false; // of positions between which there is nothing, such as days: ticks stand at whole ones
     std::vector<Chart_Tick> Ticks;
 };
 
@@ -58,7 +62,9 @@ struct Chart_Key {
 
 struct Chart {
     std::string Title;
+    std::string Unit;                // of the values
     std::vector<std::string> Legend; // lines above the diagram
+    std::string Nothing;             // why there is nothing to see, written into the plane
     Chart_Frame Frame;
     Chart_Axis X, Y;
     std::vector<Chart_Box> Boxes; // below the lines

@@ -34,6 +34,7 @@ class Svg_Drawing {
 public:
     explicit Svg_Drawing(const Chart& chart)
         : Source(chart),
+          Frame(Drawn_Frame(chart)),
           Length(chart.X.High - chart.X.Low),
           Size(Value_Size(chart.Y))
     {}
@@ -51,25 +52,42 @@ private:
     void Plane()
     {
         Key();
+        for (const Chart_Tick& tick : Source.Y.Ticks) {
+            if (tick.Rank == Tick_Rank::Big)
+                Stroke(X(Source.X.Low), Y(tick.At), X(Source.X.High), Y(tick.At), " stroke-opacity=\"0.12\"");
+        }
         for (const Chart_Box& box : Source.Boxes)
             Rectangle(X(box.Left), std::min(Y(box.Y), Y(0)), X(box.Right) - X(box.Left), std::fabs(Y(box.Y) - Y(0)),
                       box.Drawn_In);
         for (const Chart_Line& line : Source.Lines)
             Polyline(line);
+        Names();
         X_Axis();
         Y_Axis();
     }
 
-    double X(double x) const { return (x - Source.Frame.Left) / (Source.Frame.Right - Source.Frame.Left) * Width; }
+    double X(double x) const { return (x - Frame.Left) / (Frame.Right - Frame.Left) * Width; }
     double Y(double y) const
     {
         return Height - (y - Source.Frame.Bottom) / (Source.Frame.Top - Source.Frame.Bottom) * (Height - Key_Height);
     }
 
-    void Stroke(double x1, double y1, double x2, double y2)
+    // The names of lines and the labels of boxes, close to them, and why there is nothing else.
+    void Names()
+    {
+        for (const Chart_Line& line : Source.Lines) {
+            if (!line.Points.empty())
+                Text(X(line.Points.back().X), Y(line.Points.back().Y) - 4, "end", line.Name);
+        }
+        for (const Chart_Box& box : Source.Boxes)
+            Text((X(box.Left) + X(box.Right)) / 2, Y(box.Y) + (box.Y < 0 ? Line : -4), "middle", box.Label);
+        Text(Width / 2, Height / 2, "middle", Source.Nothing);
+    }
+
+    void Stroke(double x1, double y1, double x2, double y2, std::string_view style = {})
     {
         Out += "<line x1=\"" + Place(x1) + "\" y1=\"" + Place(y1) + "\" x2=\"" + Place(x2) + "\" y2=\"" + Place(y2) +
-               "\" stroke=\"currentColor\"/>\n";
+               "\" stroke=\"currentColor\"" + std::string(style) + "/>\n";
     }
 
     void Text(double x, double y, std::string_view anchor, std::string_view text)
@@ -106,7 +124,7 @@ private:
     void X_Axis()
     {
         Stroke(X(Source.X.Low), Y(0), X(Source.X.High), Y(0));
-        const double below = Y(Size * X_Label_Below) + Line * 0.8;
+        const double below = Y(X_Labels_At(Source)) + Line * 0.8;
         for (const Chart_Tick& tick : Source.X.Ticks) {
             Stroke(X(tick.At), Y(0), X(tick.At),
                    Y(-Size * std::array{Big_X_Tick, Small_X_Tick, Tiny_X_Tick}[static_cast<std::size_t>(tick.Rank)]));
@@ -131,6 +149,7 @@ private:
     }
 
     const Chart& Source;
+    Chart_Frame Frame;
     double Length, Size;
     std::string Out;
 };

@@ -60,6 +60,19 @@ Chart_Axis Position_Axis(double length, double first_label)
             .Ticks = Ticks_Between(0, length, Axis_Step(length), first_label)};
 }
 
+Chart_Axis Whole_Axis(double length, double first_label)
+{
+    auto axis = Position_Axis(length, first_label);
+    axis.Whole = true;
+    constexpr double Slack = 1e-6;
+    const auto is_whole = [&](const Chart_Tick& tick) {
+        const double label = first_label + tick.At;
+        return std::fabs(label - std::round(label)) < Slack;
+    };
+    std::erase_if(axis.Ticks, [&](const Chart_Tick& tick) { return !is_whole(tick); });
+    return axis;
+}
+
 double Value_Size(const Chart_Axis& values)
 {
     return std::max(values.High, -values.Low);
@@ -69,6 +82,23 @@ Chart_Frame Frame_Around(const Chart_Axis& positions, const Chart_Axis& values)
 {
     const double length = positions.High;
     return {-length / 8, 1.2 * length, values.Low - Value_Size(values) / 8, values.High + 0.2 * Value_Size(values)};
+}
+
+Chart_Frame Drawn_Frame(const Chart& chart)
+{
+    constexpr double Behind = 0.02; // of the axis
+    const double length = chart.X.High - chart.X.Low;
+    double last = chart.X.High;
+    for (const auto& box : chart.Boxes)
+        last = std::max(last, box.Right);
+    auto frame = chart.Frame;
+    frame.Right = std::min(frame.Right, last + Behind * length);
+    return frame;
+}
+
+double X_Labels_At(const Chart& chart)
+{
+    return std::min(0.0, chart.Y.Low) + X_Label_Below * Value_Size(chart.Y);
 }
 
 } // namespace orvel

@@ -31,23 +31,35 @@ constexpr std::size_t Fewest_Points = 2; // of a line
 
 } // namespace
 
-std::string Value_Text_At(const Chart& chart, double x)
+std::optional<Chart_Hit> Hit_At(const Chart& chart, double x)
 {
+    const std::string unit = chart.Unit.empty() ? "" : " " + chart.Unit;
     for (const Chart_Box& box : chart.Boxes) {
+        const double middle = (box.Left + box.Right) / 2;
         if (x >= box.Left && x <= box.Right)
-            return (box.Name.empty() ? Position_Text(chart.X.First + (box.Left + box.Right) / 2) : box.Name) + ": " +
-                   Short_Number(box.Y);
+            return Chart_Hit{(box.Name.empty() ? Position_Text(chart.X.First + middle) : box.Name) + ": " +
+                                 Short_Number(box.Y) + unit,
+                             {middle, box.Y}};
     }
     if (chart.Lines.empty() || chart.Lines[0].Points.empty() || !chart.Boxes.empty())
-        return {};
-    const auto& points = chart.Lines[0].Points;
+        return std::nullopt;
+    const auto& [colour, points, names, name] = chart.Lines[0];
     const auto right = std::ranges::lower_bound(points, x, {}, &Chart_Point::X);
     auto nearest = right;
     if (right == points.end() || (right != points.begin() && x - std::prev(right)->X < right->X - x))
         nearest = std::prev(right);
     if (std::fabs(nearest->X - x) > Reach * (chart.X.High - chart.X.Low))
-        return {};
-    return Position_Text(chart.X.First + nearest->X) + ": " + Short_Number(nearest->Y);
+        return std::nullopt;
+    const auto at = static_cast<std::size_t>(nearest - points.begin());
+    return Chart_Hit{(at < names.size() ? names[at] : Position_Text(chart.X.First + nearest->X)) + ": " +
+                         Short_Number(nearest->Y) + unit,
+                     *nearest};
+}
+
+std::string Value_Text_At(const Chart& chart, double x)
+{
+    const auto hit = Hit_At(chart, x);
+    return hit ? hit->Text : std::string();
 }
 
 Chart Zoomed(const Chart& chart, double from, double to)
@@ -57,8 +69,12 @@ Chart Zoomed(const Chart& chart, double from, double to)
     if (chart.Lines.empty() || !(to > from))
         return chart;
     Chart zoomed = chart;
-    auto& points = zoomed.Lines[0].Points;
-    std::erase_if(points, [&](const Chart_Point& point) { return point.X < from || point.X > to; });
+    auto& [colour, points, names, name] = zoomed.Lines[0];
+    const auto outside = [&](const Chart_Point& point) { return point.X < from || point.X > to; };
+    std::size_t at = 0;
+    if (!names.empty())
+        std::erase_if(names, [&](const std::string&) { return outside(points[at++]); });
+    std::erase_if(points, outside);
     if (points.size() < Fewest_Points)
         return chart;
     double low = 0, high = 0;
@@ -67,7 +83,7 @@ Chart Zoomed(const Chart& chart, double from, double to)
         high = std::max(high, point.Y);
         point.X -= from;
     }
-    zoomed.X = Position_Axis(to - from, chart.X.First + from);
+    zoomed.X = (chart.X.Whole ? Whole_Axis : Position_Axis)(to - from, chart.X.First + from);
     zoomed.X.Title = chart.X.Title;
     zoomed.Y = Value_Axis(low, high);
     zoomed.Y.Title = chart.Y.Title;

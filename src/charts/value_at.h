@@ -2,12 +2,19 @@
 
 #include "charts/chart.h"
 
+#include <optional>
 #include <string>
 
 namespace orvel {
 
-// The text for the position under the mouse: the box that covers x, or the point of the first line nearest to it, as
-// "x: value". Empty where there is neither.
+// What lies under the mouse: the box that covers x, or the point of the first line nearest to it.
+struct Chart_Hit {
+    std::string Text; // "name: value unit"
+    Chart_Point Point;
+};
+std::optional<Chart_Hit> Hit_At(const Chart& chart, double x);
+
+// Its text; empty where there is nothing.
 std::string Value_Text_At(const Chart& chart, double x);
 
 // The points of the first line between two positions, on an axis of their own. A span with fewer than two points leaves

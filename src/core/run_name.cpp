@@ -87,4 +87,22 @@ std::string Run_Directory_Of(const fs::path& mode_directory, const fs::path& run
     return Replace_All(Path_Text(run.lexically_relative(mode_directory)), "/", "\\");
 }
 
+std::string Run_Title(const fs::path& directory)
+{
+    std::string title;
+    fs::path at = directory.has_filename() ? directory : directory.parent_path();
+    for (int level = 0; level < Run_Levels && Is_Run_Level(Path_Text(at.filename())); ++level) {
+        title = Decode_Level(Path_Text(at.filename())) + (title.empty() ? "" : ", " + title);
+        at = at.parent_path();
+    }
+    return title.empty() ? Path_Text(at.filename()) : title;
+}
+
+std::string Picture_Name(std::string_view run, std::string_view title)
+{
+    std::string name = std::string(run) + (run.empty() ? "" : " - ") + std::string(Trim(title));
+    std::erase_if(name, [](char c) { return std::string_view("/\\:*?\"<>|[]").find(c) != std::string_view::npos; });
+    return name + ".png";
+}
+
 } // namespace orvel

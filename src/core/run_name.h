@@ -33,4 +33,11 @@ bool Is_Run_Directory(std::string_view run_directory);
 std::filesystem::path Run_Path(const std::filesystem::path& mode_directory, std::string_view run_directory);
 std::string Run_Directory_Of(const std::filesystem::path& mode_directory, const std::filesystem::path& run);
 
+// A run directory as a user names it: "demo_D, Winter cereals, Hamburg (H)"; any other directory by its own name.
+std::string Run_Title(const std::filesystem::path& directory);
+
+// The name proposed for a picture of a run: "demo_D, Maize, Hamburg (H) - Percolate at 100 cm.png", without what no
+// file name may have.
+std::string Picture_Name(std::string_view run, std::string_view title);
+
 } // namespace orvel

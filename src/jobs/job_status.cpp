@@ -30,7 +30,8 @@ constexpr std::size_t Tail = 64U << 10U; // an engine writes its last year at th
 std::vector<fs::path> Runs_Of_Job(const fs::path& directory)
 try {
     return Read_Job_Runs(directory);
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 
@@ -109,12 +110,14 @@ Simulation Look_At_Run(const fs::path& run)
 }
 
 double Years_Done(const fs::path& run, double years)
-{
+try {
     const std::string said = Read_Tail(run / Progress_Name, 256);
     double done = Last_Year(said);
     if (done == 0)
         done = Last_Year(Read_Tail(Found_Or_New(run, "Wasser.orv"), Tail));
     return std::clamp(done, 0.0, years);
+} catch (const File_Error&) {
+    return 0; // nothing but the estimate of the time left rests on it
 }
 
 bool Job_Running(const Program_State& program, const Mode& mode)

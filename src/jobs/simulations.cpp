@@ -132,7 +132,7 @@ int Put_Back_Simulations(const Program_State& program, const Ask_Function& ask, 
 }
 
 int Delete_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
-                       const std::vector<Simulation>& simulations)
+                       const std::vector<Simulation>& simulations, const Progress& progress)
 try {
     const std::string what = simulations.size() > 1 ? "these simulations" : "this simulation";
     const Message question{std::string(Deleting),
@@ -143,16 +143,20 @@ try {
     if (simulations.empty() || ask(question) != Button::Yes)
         return 0;
     const fs::path directory = Mode_Directory(program, mode);
-    std::vector<fs::path> going;
-    for (const auto& simulation : simulations) {
-        if (May_Be_Removed(directory, simulation.Directory))
-            going.push_back(simulation.Directory);
-    }
-    // Done first, so that a batch never names a directory that is gone.
-    Take_Out_Of_Batch(program.App_Path, directory, going);
-    int removed = 0;
+    std::vector<fs::path> pending;
+    for (const auto& run : Read_Batch(directory))
+        pending.push_back(Run_Path(directory, run));
+    if (pending.empty() && Batch_Pending(directory)) // damaged: it may name any of them
+        Take_Out_Of_Batch(program.App_Path, directory, {simulations.front().Directory});
+    int removed = 0, done = 0;
     for (const auto& simulation : simulations) {
         const fs::path& run = simulation.Directory;
+        if (progress &&
+            !progress(simulation.Location, static_cast<double>(done++) / static_cast<double>(simulations.size())))
+            break;
+        // Done first, so that a batch never names a directory that is gone.
+        if (std::ranges::find(pending, run) != pending.end() && May_Be_Removed(directory, run))
+            Take_Out_Of_Batch(program.App_Path, directory, {run});
         std::error_code unknown;
         if (Remove_Run(directory, run))
             ++removed;

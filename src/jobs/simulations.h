@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/progress.h"
 #include "jobs/job_status.h"
 #include "runs/bin.h"
 
@@ -17,8 +18,9 @@ void Clean_Leftovers(const std::filesystem::path& mode_directory);
 // empty; marked ones leave the pending batch. One that is at work stays, and the user is told; so does one that is
 // reached through a link, since nothing outside the mode's directory is ever deleted. Returns the number removed; 0 if
 // the pending batch cannot be changed.
+// `progress` is called before each; if it says so, the rest stays.
 int Delete_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
-                       const std::vector<Simulation>& simulations);
+                       const std::vector<Simulation>& simulations, const Progress& progress = {});
 
 // A run in the bin as the list would show it.
 Simulation Simulation_In_Bin(const Binned_Run& binned);

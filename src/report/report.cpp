@@ -25,16 +25,14 @@ namespace {
 
 constexpr std::string_view Not_Regulatory = "not for regulatory use";
 
-// A file of a directory, found in any case, with its digest. An unreadable file keeps its name and has no digest; the
-// report says so.
+// A file of a directory, found in any case, with its digest; a missing one has none, and the report says so. Throws
+// File_Error for one that cannot be read.
 Checked_File Checked(const fs::path& directory, const fs::path& name)
 {
-    const fs::path file = Found_Or_New(directory, name);
-    try {
-        return {To_Code_Page(file.filename().string()), Sha256_Of_File(file)};
-    } catch (const File_Error&) {
-        return {To_Code_Page(file.filename().string()), {}};
-    }
+    const auto file = Find_File(directory, name);
+    if (!file)
+        return {To_Code_Page(name.string()), {}};
+    return {To_Code_Page(file->filename().string()), Sha256_Of_File(*file)};
 }
 
 Checked_File First_Checked(const fs::path& directory, std::string_view mask)
@@ -48,7 +46,8 @@ try {
     const auto document = std::make_unique<Pesticide_Document>();
     Parse_PSM(Read_Whole(Found_Or_New(directory, Path_Of(pesticide.Name))), *document);
     return Uses_Of(*document, location);
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 
@@ -133,6 +132,8 @@ private:
             Period_Index);
         if (stopped)
             throw Reading_Stopped();
+        if (tables.Unreadable) // whether the run has a result is not known
+            throw File_Error(To_Utf8(tables.Failure));
         Period_Index = tables.Period_Index;
         Report_Run& run = Crop.Runs.back();
         run.Problem = tables.Failure.empty() ? tables.Gap : tables.Failure;
@@ -298,7 +299,8 @@ void Note_Inputs(const Session& session, Report& report)
 Report Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made,
                      const Progress& progress)
 {
-    Report report{.Title = "Leaching to groundwater: summary report",
+    const auto& mode = Mode_Of(crops.empty() ? Mode_Kind::Focus : crops.front().Mode);
+    Report report{.Title = std::string(mode.Report_Title),
                   .Program = session.Program.Aktuelle_ORVELSUITE_Version,
                   .Made = Date_Text(made)};
     for (std::size_t i = 0; i < crops.size(); ++i) {
@@ -310,6 +312,10 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
     }
     if (!session.Program.Engine_Exe.empty())
         report.Engine_File = Checked(session.Program.App_Path, Path_Of(session.Program.Engine_Exe));
+    if (mode.Kind != Mode_Kind::Focus)
+        report.Notes.push_back(
+            "The figures are those of the percolate of these scenarios; their concentrations in soil "
+            "are in the tables of each simulation.");
     Note_Problems(report);
     Note_Places(report, "Further locations of the crop, not simulated",
                 [&](std::size_t crop) { return List_Of(crops[crop].Absent); });

@@ -1,6 +1,7 @@
 #include "report/report_chart.h"
 
 #include "charts/scale.h"
+#include "core/numbers.h"
 
 namespace orvel {
 
@@ -25,15 +26,23 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
         const auto at = static_cast<double>(row.Location + 1);
         const bool exceeds = row.P80.Conc > Drinking_Water_Limit;
         (exceeds ? above : below) = true;
-        chart.Boxes.push_back(
-            {exceeds ? Colour::Marked : Colour::Series, at - Half_Width, at + Half_Width, row.P80.Conc, row.Name});
+        chart.Boxes.push_back({exceeds ? Colour::Marked : Colour::Series, at - Half_Width, at + Half_Width,
+                               row.P80.Conc, row.Name, General_Text(row.P80.Conc)});
     }
     if (below)
         chart.Key.push_back({Colour::Series, "up to 0.1 \xB5g/L"});
     if (above)
         chart.Key.push_back({Colour::Marked, "above 0.1 \xB5g/L"});
+    chart.Unit = "\xB5g/L";
     chart.X.High = static_cast<double>(report.Location_Short.size());
     chart.Y = Value_Axis(0, drawn.Location_Max);
+    if (drawn.Rows.empty())
+        chart.Nothing = "No location has a result.";
+    if (Drinking_Water_Limit <= chart.Y.High)
+        chart.Lines.push_back({Colour::Marked,
+                               {{0, Drinking_Water_Limit}, {chart.X.High + Half_Width, Drinking_Water_Limit}},
+                               {},
+                               "limit: 0.1 " + chart.Unit});
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }

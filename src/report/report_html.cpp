@@ -18,7 +18,7 @@ body { margin: 2rem auto; max-width: 60rem; padding: 0 1rem; color: var(--ink); 
        font: 16px/1.45 system-ui, "Segoe UI", "DejaVu Sans", sans-serif; }
 h1 { font-size: 1.7rem; } h2 { font-size: 1.35rem; margin-top: 2.2rem; border-bottom: 1px solid var(--rule); } h3 { font-size: 1.1rem; margin-top: 1.6rem; }
 .wide { overflow-x: auto; }
-table { border-collapse: collapse; font-size: 0.9rem; font-variant-numeric: tabular-nums; }
+table { width: 100%; border-collapse: collapse; font-size: 0.9rem; font-variant-numeric: tabular-nums; }
 th, td { padding: 0.3rem 0.7rem; border-bottom: 1px solid var(--rule); text-align: left; vertical-align: top; }
 thead th { background: var(--soft); } td.number, th.number { text-align: right; white-space: nowrap; }
 tr.above td { color: var(--above); font-weight: 600; } td.problem { font-style: italic; }
@@ -31,7 +31,6 @@ figure { margin: 1.2rem 0; } figure svg { width: 100%; max-width: 47rem; height:
   body { margin: 0; padding: 0; max-width: none; font-size: 10pt; }
   table { font-size: 8.5pt; } th, td { padding: 1mm 1.5mm; } .wide { overflow: visible; }
   tr, figure, ul.notes { break-inside: avoid; } h2, h3 { break-after: avoid; } thead { display: table-header-group; }
-  section.page { break-before: page; }
 }
 )";
 
@@ -95,7 +94,7 @@ std::string Html_Of(const Report_Section& section)
                         "\n" + Chart_Svg(*section.Diagram) +
                             Element("figcaption", "", Xml_Text(section.Diagram->Title)) + "\n") +
                 "\n";
-    return Element("section", section.Begins_A_Page ? " class=\"page\"" : "", "\n" + text) + "\n";
+    return Element("section", "", "\n" + text) + "\n";
 }
 
 } // namespace

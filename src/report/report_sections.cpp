@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "report/report_chart.h"
+#include "tables/table_text.h"
 
 #include <algorithm>
 
@@ -43,6 +44,8 @@ Report_Line Overview_Line(const Report_Crop& crop, const Report_Table& table)
     const std::string of = std::to_string(above) + " of " + std::to_string(table.Results.size());
     if (highest == table.Results.end())
         return {{crop.Name, table.Substance, "", "", of}};
+    if (highest->P80.Conc == 0)
+        return {{crop.Name, table.Substance, "-", "-", of}};
     return {{crop.Name, table.Substance, Conc_Text(highest->P80.Conc), crop.Runs[highest->Run].Location, of},
             above > 0};
 }
@@ -79,15 +82,14 @@ Report_Section Uses(const Report_Crop& crop)
 Report_Line Result_Line(const Report_Run& run, const Report_Result& result)
 {
     return {{run.Location, Conc_Text(result.P80.Conc), result.Above_Limit ? "exceeded" : "kept", Period_Text(result.A),
-             Conc_Text(result.A.Conc), Period_Text(result.B), Conc_Text(result.B.Conc), General_Text(result.P80.Flux),
-             General_Text(result.P80.Percolate)},
+             Conc_Text(result.A.Conc), Period_Text(result.B), Conc_Text(result.B.Conc), Figure_Text(result.P80.Flux),
+             Figure_Text(result.P80.Percolate)},
             result.Above_Limit};
 }
 
 Report_Section Results(const Report_Crop& crop, const Report_Table& table)
 {
-    Report_Section section{
-        .Level = 3, .Heading = "Results for " + table.Substance, .Diagram = &table.Diagram, .Begins_A_Page = true};
+    Report_Section section{.Level = 3, .Heading = "Results for " + table.Substance, .Diagram = &table.Diagram};
     section.Sentences = {std::string(Report_Depth_Text) +
                          ": the mean concentration of two periods A and B, named with the years of the simulation in "
                          "brackets. Flux and percolate are the "

@@ -32,7 +32,6 @@ struct Report_Section {
     std::vector<std::string> Sentences;
     Report_Grid Grid;
     const Chart* Diagram = nullptr; // of the report, which must live as long
-    bool Begins_A_Page = false;
     bool Is_Warning = false;
 };
 

@@ -28,7 +28,11 @@ constexpr std::string_view Output_Problem = "Problem with output files. Probably
 fs::path Level(const fs::path& above, std::string_view text)
 {
     const auto found = Find_File(above, Path_Of(Encode_Level(text)));
-    if (!found || !fs::is_directory(*found))
+    std::error_code error;
+    const bool is_there = found && fs::is_directory(*found, error);
+    if (error && !Is_Missing(error))
+        throw File_Error("Cannot read the directory " + found->string() + ": " + error.message() + ".");
+    if (!is_there)
         throw File_Error("There are no simulations of " + To_Utf8(text) + " in " + above.string() + ".");
     return *found;
 }
@@ -45,15 +49,14 @@ std::string Padded(std::string name)
 
 std::string Short_Name(std::string_view text)
 {
-    const auto bracket = text.find('(');
-    return bracket == std::string_view::npos ? "" : std::string(text.substr(bracket + 1, 1));
+    return std::string(Bracket_Text(text));
 }
 
 Summary_Request Request_Summary(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop)
 {
     const auto directory = Level(Level(Mode_Directory(session.Program, mode), stem), crop);
     Summary_Request request{
-        session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}};
+        session.Program.Aktuelle_ORVEL_Version, {}, std::string(stem), std::string(crop), {}, {}, {}, mode.Kind};
     for (const auto& name : List_Run_Levels(directory))
         request.Locations.push_back({Decode_Level(To_Code_Page(name)), directory / name});
     if (!request.Locations.empty())
@@ -137,6 +140,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
                     .Crop = request.Crop};
     const auto count = request.Locations.size();
     bool complete = count > 0 && count <= Most_Summary_Locations;
+    std::string failed; // the locations, and why
     int period_index = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const auto& location = request.Locations[i];
@@ -151,7 +155,10 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         if (stopped)
             return {.Failure = Reading_Stopped().what()};
         period_index = tables.Period_Index;
-        complete = complete && tables.Kept && (i > 0 || tables.Has_Echo);
+        const bool kept = tables.Kept && (i > 0 || tables.Has_Echo);
+        complete = complete && kept;
+        if (!kept)
+            failed += "\r\n" + location.Text + (tables.Kept ? "" : ": " + tables.Note());
         if (i == 0) {
             for (const auto& name : tables.Result_Name)
                 summary.Substances.push_back({name, {}, 0});
@@ -159,7 +166,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         summary.Location_Short.push_back(Short_Name(location.Text));
         Add_Percentiles(summary, i, location.Text, tables);
     }
-    return complete ? summary : Summary{.Failure = std::string(Output_Problem)};
+    return complete ? summary : Summary{.Failure = std::string(Output_Problem) + failed};
 }
 
 std::string Summary_Text(const Summary& report)

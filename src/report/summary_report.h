@@ -28,6 +28,7 @@ struct Summary_Request {
     std::vector<Summary_Location> Locations;
     std::vector<std::string> Absent;  // texts of locations that the crop has beside them, without a simulation
     std::vector<std::string> Missing; // texts of locations that were asked for, without a simulation
+    Mode_Kind Mode = Mode_Kind::Focus;
 };
 
 struct Summary_Row {

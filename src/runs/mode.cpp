@@ -28,7 +28,8 @@ constexpr std::array<Mode, 3> Modes = {{
      .Relative_Any_Location = true,
      .Profile_Rows = false,
      .Blank_Tillage = false,
-     .Tillage_Index = 21},
+     .Tillage_Index = 21,
+     .Report_Title = "Leaching to groundwater: summary report"},
     {.Kind = Mode_Kind::Efsa,
      .Name = "efsa",
      .Form = "EFSA",
@@ -48,7 +49,8 @@ constexpr std::array<Mode, 3> Modes = {{
      .Relative_Any_Location = false,
      .Profile_Rows = true,
      .Blank_Tillage = false,
-     .Tillage_Index = 20},
+     .Tillage_Index = 20,
+     .Report_Title = "Organisms in soil, Tier 2: summary report"},
     {.Kind = Mode_Kind::Efsa_T4,
      .Name = "efsa_t4",
      .Form = "EFSA_T4",
@@ -68,7 +70,8 @@ constexpr std::array<Mode, 3> Modes = {{
      .Relative_Any_Location = false,
      .Profile_Rows = true,
      .Blank_Tillage = true,
-     .Tillage_Index = 20},
+     .Tillage_Index = 20,
+     .Report_Title = "Organisms in soil, Tier 4: summary report"},
 }};
 
 } // namespace

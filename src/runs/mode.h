@@ -32,6 +32,7 @@ struct Mode {
     bool Profile_Rows;                // orvel.inp asks for the profile of the top 20 cm
     bool Blank_Tillage;               // the list of tillage depths begins with a blank entry
     int Tillage_Index;                // default list index of the tillage depth
+    std::string_view Report_Title;    // names the protection goal
 };
 
 const Mode& Mode_Of(Mode_Kind kind);

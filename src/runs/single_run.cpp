@@ -1,9 +1,11 @@
 #include "runs/single_run.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "files/file_messages.h"
+#include "runs/mode.h"
 #include "runs/run_control.h"
 
 namespace orvel {
@@ -160,6 +162,22 @@ std::optional<Refusal> Check_Years(const std::string& text)
     if (Val(text) < 1)
         return Refusal{{std::string(Data_Check), "Value must be greater than 0"}, "Text_years"};
     return std::nullopt;
+}
+
+std::string Missing_Files_Text(const Program_State& program, const fs::path& directory)
+{
+    std::string kinds;
+    for (const auto& [mask, kind] : {std::pair("*.psm", "pesticide"), {"*.sze", "scenario"}, {"*.cli", "climate"}}) {
+        if (List_Files(directory, mask).empty())
+            kinds += std::string(kinds.empty() ? "" : " and no ") + kind;
+    }
+    if (kinds.empty())
+        return {};
+    const fs::path scenarios = Mode_Directory(program, Mode_Of(Mode_Kind::Focus));
+    return "This directory has no " + kinds + " files." +
+           (directory == scenarios
+                ? ""
+                : " Scenarios and climates of the installation lie in " + Path_Text(scenarios) + ".");
 }
 
 } // namespace orvel

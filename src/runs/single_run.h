@@ -38,4 +38,7 @@ std::optional<Refusal> Check_Single_Run(const std::filesystem::path& directory, 
 std::optional<Refusal> Check_Day(const std::string& text, const std::string& control);
 std::optional<Refusal> Check_Years(const std::string& text);
 
+// What a directory lacks for a single run, and where the scenarios of the installation lie; empty if it has all.
+std::string Missing_Files_Text(const Program_State& program, const std::filesystem::path& directory);
+
 } // namespace orvel

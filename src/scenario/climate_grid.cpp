@@ -84,6 +84,15 @@ std::vector<double> Climate_Grid::Values(std::size_t column) const
     return values;
 }
 
+std::vector<std::string> Climate_Grid::Dates() const
+{
+    std::vector<std::string> dates;
+    for (std::size_t row = 0; row < Rows(); ++row)
+        dates.push_back(Two_Characters(Cell(row, 0)) + "." + Two_Characters(Cell(row, 1)) + "." +
+                        Two_Characters(Cell(row, 2)));
+    return dates;
+}
+
 Climate_Table Climate_Grid::Table() const
 {
     Climate_Table table = Shown;

@@ -40,6 +40,9 @@ public:
     // The numbers of a column (0 rainfall ... 6 radiation) as the grid shows them, for the chart.
     std::vector<double> Values(std::size_t column) const;
 
+    // The dates of the rows: "31.12.81".
+    std::vector<std::string> Dates() const;
+
     // The table to save: dates are the first two characters of their cells, with a leading zero for a single digit; a
     // number is the leading number of its cell.
     Climate_Table Table() const;

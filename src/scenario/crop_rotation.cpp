@@ -4,6 +4,7 @@
 #include "core/files.h"
 #include "files/file_messages.h"
 #include "scenario/saving.h"
+#include "ui/date_hint.h"
 #include "ui/number_field.h"
 
 #include <algorithm>
@@ -110,6 +111,18 @@ bool Is_Tilled(const Rotation_Work& work, std::size_t row)
 {
     const auto* crop = Crop_Of(work, row);
     return crop && crop->SZE_Rot_Tillage == 1;
+}
+
+std::string Rotation_Date_Hints(const Rotation_Work& work, std::size_t row)
+{
+    std::string hints;
+    for (const auto& [stage, label, suffix] : Crop_Stages) {
+        const auto date = Date_Of(work.Rows[row], stage);
+        const auto hint = Date_Hint(date.Day, date.Month);
+        if (hint && (stage != Crop_Stage::Tillage || Is_Tilled(work, row)))
+            hints += (hints.empty() ? "" : "\n") + std::string(label) + ": " + *hint;
+    }
+    return hints;
 }
 
 std::size_t Rot_Append(Rotation_Work& work, std::size_t crop)

@@ -33,6 +33,9 @@ std::string Rotation_Name(const Rotation_Work& work, std::size_t row);
 // Whether the row's crop is tilled before emergence; only then are its tillage controls filled and enabled.
 bool Is_Tilled(const Rotation_Work& work, std::size_t row);
 
+// What is odd about the dates of a row, a line each: "Emergence: February has no day 30."
+std::string Rotation_Date_Hints(const Rotation_Work& work, std::size_t row);
+
 // Adds a crop (0-based) with its default dates: at the end, or before a row. Returns the new row, to be selected.
 std::size_t Rot_Append(Rotation_Work& work, std::size_t crop);
 std::size_t Rot_Insert(Rotation_Work& work, std::size_t row, std::size_t crop);

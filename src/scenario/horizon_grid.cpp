@@ -101,13 +101,19 @@ std::vector<Profile_Layer> Soil_Profile(const Horizon_Grid& grid)
 std::string Profile_Caption(const Scenario_Document& document, const Horizon_Grid& grid)
 {
     double sum = 0;
-    for (const auto& cells : grid.Cells)
-        sum += Val(cells[Thickness_Column]);
+    std::string empty;
+    for (std::size_t h = 0; h < grid.Cells.size(); ++h) {
+        const double thickness = Val(grid.Cells[h][Thickness_Column]);
+        sum += thickness;
+        if (thickness <= 0)
+            empty += "\n" + grid.Row_Titles[h] + " has no thickness.";
+    }
     if (!std::isfinite(sum))
         return {};
     const std::string caption = "Sum of thickness: " + General_Text(sum) + " cm";
-    return sum == document.SZE_Core_Depth ? caption
-                                          : caption + ", core depth: " + General_Text(document.SZE_Core_Depth) + " cm";
+    const std::string core =
+        sum == document.SZE_Core_Depth ? "" : ", core depth: " + General_Text(document.SZE_Core_Depth) + " cm";
+    return caption + core + empty;
 }
 
 std::optional<Refusal> Check_Horizon_Cells(const Scenario_Document& document, const Horizon_Grid& grid)

@@ -2,6 +2,7 @@
 
 #include "substance/application_list.h"
 #include "substance/application_state.h"
+#include "ui/date_hint.h"
 #include "ui/grid_keys.h"
 #include "ui/number_field.h"
 
@@ -166,6 +167,20 @@ std::optional<Grid_Refusal> Accept_Application_Grid(Pesticide_Edit edit, const A
         Store_Row(edit.Document.Applications[location][a], grid[a - 1], method);
     edit.Changed = true;
     Return_From_Grid(edit);
+    return std::nullopt;
+}
+
+std::optional<Message> Impossible_Date(const Application_Grid& grid)
+{
+    for (std::size_t a = 1; a <= grid.size(); ++a) {
+        const auto& row = grid[a - 1];
+        if (const auto hint = Date_Hint(Typed_Integer(row[Grid_Column::Day]), Typed_Integer(row[Grid_Column::Month])))
+            return Message{"Application Date Check",
+                           "Application " + std::to_string(a) + ": " + *hint + " Do you want to keep it?",
+                           Icon::Question,
+                           {Button::Yes, Button::No},
+                           Button::No};
+    }
     return std::nullopt;
 }
 

@@ -55,4 +55,7 @@ std::optional<Grid_Refusal> Check_Application_Grid(const Application_Grid& grid)
 std::optional<Grid_Refusal> Accept_Application_Grid(Pesticide_Edit edit, const Application_Grid& grid,
                                                     Application_Method method);
 
+// The first application on a day that no year has, as a question whether to keep it; nothing if all can be.
+std::optional<Message> Impossible_Date(const Application_Grid& grid);
+
 } // namespace orvel

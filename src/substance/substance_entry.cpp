@@ -92,6 +92,19 @@ void Store_Substance(Pesticide_Document& document, int i, const Substance_Entry&
     document.Deg_Liquid_Only[i] = entry.Liquid_Only ? 1 : 0;
 }
 
+std::optional<Message> Takes_Horizons_Away(const Pesticide_Document& document, const Substance_Entry& entry)
+{
+    constexpr std::size_t Active = 1;
+    if (document.N_Horizons.Number() <= 0 || Horizons_Typed(entry) > 0 || document.Deg_Depth_Mode[Active] != Individual)
+        return std::nullopt;
+    return Message{"Data check",
+                   "The number of horizons is that of all substances, and the active substance has values for its "
+                   "horizons. Do you want to take them away?",
+                   Icon::Question,
+                   {Button::Yes, Button::No},
+                   Button::No};
+}
+
 void Accept_Metabolite(Pesticide_Edit edit, int i, const Substance_Entry& entry)
 {
     edit.Changed = true;

@@ -49,6 +49,10 @@ int Horizons_Typed(const Substance_Entry& entry);
 // Stores the entry and grows the table to its number of horizons, limited to 0 to Most_Horizons.
 void Store_Substance(Pesticide_Document& document, int i, const Substance_Entry& entry);
 
+// The question before a metabolite's "Done" takes the active substance's horizons away, which all substances share;
+// nothing if it does not.
+std::optional<Message> Takes_Horizons_Away(const Pesticide_Document& document, const Substance_Entry& entry);
+
 // "Done" of a metabolite: refuses nothing, not even a molar mass of 0.
 void Accept_Metabolite(Pesticide_Edit edit, int i, const Substance_Entry& entry);
 

@@ -2,6 +2,7 @@
 
 #include "charts/scale.h"
 #include "core/code_page.h"
+#include "core/numbers.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -42,13 +43,19 @@ std::optional<Chart> Annual_Diagram(const Leachate_Tables& tables, std::size_t d
         const auto row = static_cast<std::size_t>(p) - 1;
         const double concentration = row < table.Rows.size() ? table.Rows[row].Conc : 0;
         const bool marked = p == table.Result.A || p == table.Result.B;
-        chart.Boxes.push_back(
-            {marked ? Colour::Marked : Colour::Series, p - Half_Width, p + Half_Width, concentration});
+        chart.Boxes.push_back({marked ? Colour::Marked : Colour::Series, p - Half_Width, p + Half_Width, concentration,
+                               "Period " + std::to_string(p)});
         chart.X.Ticks.push_back({static_cast<double>(p), Tick_Rank::Big, std::to_string(p)});
         high = std::max(high, concentration);
     }
     const double percentile = table.Result.P80.Conc;
-    chart.Lines.push_back({Colour::Marked, {{0, percentile}, {Leachate_Periods, percentile}}});
+    chart.Unit = "\xB5g/L";
+    chart.Lines.push_back({Colour::Marked,
+                           {{0, percentile}, {Leachate_Periods, percentile}},
+                           {},
+                           "80th percentile: " + General_Text(percentile) + " " + chart.Unit});
+    if (high == 0)
+        chart.Nothing = "All concentrations are 0.";
     chart.X.Title = "Period";
     chart.X.High = Leachate_Periods;
     chart.Y = Value_Axis(0, high);

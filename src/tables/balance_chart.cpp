@@ -11,7 +11,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Year_Width = 0.8; // of a year's slot; the rest separates it from the next
+constexpr double Year_Width = 0.94; // of a year's slot; the rest separates it from the next
 constexpr std::size_t Most_Labels = 26;
 
 Colour Term_Colour(std::size_t term)
@@ -27,17 +27,20 @@ template <class Row, std::size_t Count> void Draw_Year(Chart& chart, const Row& 
     constexpr auto Terms = static_cast<double>(Count);
     for (std::size_t t = 0; t < Count; ++t) {
         const double left = middle - Year_Width / 2 + Year_Width * static_cast<double>(t) / Terms;
-        chart.Boxes.push_back(
-            {Term_Colour(t), left, left + Year_Width / Terms, row.*columns[t].Figure, year + ", " + chart.Key[t].Text});
+        chart.Boxes.push_back({Term_Colour(t), left, left + Year_Width / Terms, row.*columns[t].Figure,
+                               "Year " + year + ", " + chart.Key[t].Text});
     }
 }
 
-template <class Row, std::size_t Count> Chart Balance_Chart(const std::vector<Row>& rows,
-                                                            const std::array<Balance_Column<Row>, Count>& columns,
-                                                            const std::vector<std::string>& titles, std::string title)
+template <class Row, std::size_t Count>
+Chart Balance_Chart(const std::vector<Row>& rows, const std::array<Balance_Column<Row>, Count>& columns,
+                    const std::vector<std::string>& titles, std::string title, std::string unit)
 {
     Chart chart;
     chart.Title = std::move(title);
+    chart.Unit = std::move(unit);
+    if (rows.empty())
+        chart.Nothing = "The run has no balance of a whole year.";
     for (const auto& line : titles)
         chart.Legend.push_back(Dos_To_Ansi(line));
     for (std::size_t t = 0; t < Count; ++t)
@@ -65,7 +68,7 @@ template <class Row, std::size_t Count> Chart Balance_Chart(const std::vector<Ro
 
 Chart Water_Balance_Chart(const Balance_Tables& tables)
 {
-    return Balance_Chart(tables.Water, Water_Columns, tables.Titles, "Annual Water Balance (mm)");
+    return Balance_Chart(tables.Water, Water_Columns, tables.Titles, "Annual Water Balance (mm)", "mm");
 }
 
 Chart Substance_Balance_Chart(const Balance_Tables& tables, std::size_t substance)
@@ -74,7 +77,7 @@ Chart Substance_Balance_Chart(const Balance_Tables& tables, std::size_t substanc
     if (substance > 0)
         columns.front().Head = Formation_Head;
     return Balance_Chart(tables.Pesticide[substance], columns, tables.Titles,
-                         "Annual " + tables.Substance_Name[substance] + " Balance (g/ha)");
+                         "Annual " + tables.Substance_Name[substance] + " Balance (g/ha)", "g/ha");
 }
 
 } // namespace orvel

@@ -19,6 +19,14 @@ struct Unit {
 };
 constexpr std::array<Unit, 3> Units = {{{365.25, "Year "}, {30.44, "Month "}, {1, "Day "}}};
 
+// Without the brackets of the title.
+std::string Unit_Of(const Daily_Request& request)
+{
+    const auto& variable = Output_Variable_Of(request.Variable);
+    const auto unit = variable.Out_Unit[request.Cumulative && variable.Is_Flow() ? 1 : 0];
+    return unit.size() < 2 ? std::string() : std::string(unit.substr(1, unit.size() - 2));
+}
+
 } // namespace
 
 std::string Daily_Title(const Daily_Request& request, std::string_view item)
@@ -29,19 +37,26 @@ std::string Daily_Title(const Daily_Request& request, std::string_view item)
            std::string(variable.Out_Unit[sum ? 1 : 0]);
 }
 
+double Days_Of(X_Unit unit)
+{
+    return Units[static_cast<std::size_t>(unit)].Days;
+}
+
 Chart Daily_Diagram(const Daily_Series& series, const Daily_Request& request, std::string_view item, X_Unit unit)
 {
     const auto& x_unit = Units[static_cast<std::size_t>(unit)];
     Chart chart;
     chart.Title = Daily_Title(request, item);
-    Chart_Line line{Colour::Series, series.Points};
+    chart.Unit = Unit_Of(request);
+    chart.Nothing = series.Nothing;
+    Chart_Line line{Colour::Series, series.Points, series.Dates};
     double low = 0, high = 0;
     for (auto& point : line.Points) {
         point.X /= x_unit.Days;
         low = std::min(low, point.Y);
         high = std::max(high, point.Y);
     }
-    chart.X = Position_Axis(series.Days / x_unit.Days);
+    chart.X = (unit == X_Unit::Days ? Whole_Axis : Position_Axis)(series.Days / x_unit.Days, 0);
     chart.X.Title = x_unit.Title;
     chart.Y = Value_Axis(low, high);
     chart.Frame = Frame_Around(chart.X, chart.Y);

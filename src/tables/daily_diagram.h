@@ -14,6 +14,8 @@ enum class X_Unit { Years, Months, Days };
 // The diagram's title: the quantity, its place and unit. `item` as below.
 std::string Daily_Title(const Daily_Request& request, std::string_view item);
 
+double Days_Of(X_Unit unit);
+
 // The diagram of a series, `item` being the text of the list from which it was chosen. `unit` affects only the X axis.
 Chart Daily_Diagram(const Daily_Series& series, const Daily_Request& request, std::string_view item, X_Unit unit);
 

@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/output_variables.h"
+#include "core/session.h"
 
 #include <algorithm>
 
@@ -42,6 +43,16 @@ Day_Span Span_Of(std::span<const Run_Day> calendar, const Daily_Request& request
     return {first->Number, std::prev(end)->Number + 1};
 }
 
+// Days of the calendar are in order.
+std::string Date_Text(std::span<const Run_Day> calendar, int number)
+{
+    const auto day = std::ranges::lower_bound(calendar, number, {}, &Run_Day::Number);
+    if (day == calendar.end() || day->Number != number || day->Month < 1 || day->Month > Months_Of_Year)
+        return "day " + std::to_string(number);
+    return std::to_string(day->Day) + " " + std::string(Month_Name[static_cast<std::size_t>(day->Month)]) + ", year " +
+           std::to_string(day->Year);
+}
+
 } // namespace
 
 std::optional<Run_Month> Parse_Month(std::string_view text)
@@ -65,6 +76,10 @@ Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<con
     double sum = 0;
     if (flow)
         series.Points.reserve(values.size());
+    const auto keep = [&](int day, const Chart_Point& point) {
+        series.Points.push_back(point);
+        series.Dates.push_back(Date_Text(calendar, day));
+    };
     auto line = std::ranges::find_if(values, [&](const Plot_Value& v) { return v.Day >= span.First; });
     while (line != values.end() && line->Day < span.End) {
         const auto day_end = std::find_if(line, values.end(), [&](const Plot_Value& v) { return v.Day != line->Day; });
@@ -75,12 +90,14 @@ Daily_Series Make_Daily_Series(std::span<const Plot_Value> values, std::span<con
             average += part * line->Value;
             sum += part * line->Value;
             if (flow)
-                series.Points.push_back(
-                    {before + static_cast<double>(line->Hour) / Hours, request.Cumulative ? sum : line->Value});
+                keep(line->Day,
+                     {before + static_cast<double>(line->Hour) / Hours, request.Cumulative ? sum : line->Value});
         }
         if (!flow)
-            series.Points.push_back({before + 1, average});
+            keep(std::prev(line)->Day, {before + 1, average});
     }
+    if (series.Points.empty())
+        series.Nothing = "The run has no values in this span.";
     return series;
 }
 

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -30,6 +31,8 @@ struct Daily_Request {
 struct Daily_Series {
     std::vector<Chart_Point> Points; // X in days since the start of the span
     double Days = 0;                 // length of the span, a month counting 30.4375 days
+    std::vector<std::string> Dates;  // of the points: "12 March, year 3"
+    std::string Nothing;             // why there are no points, a sentence
 };
 
 // A day's lines are equal intervals of it. A rate gives one point per line; cumulated, a line adds its rate times its

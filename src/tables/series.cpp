@@ -1,5 +1,6 @@
 #include "tables/series.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -63,8 +64,11 @@ try {
     const auto days = Parse_Calendar(Read_Whole(calendar));
     return Make_Daily_Series(Read_Plot_Column(Found_Or_New(run_directory, "plot.orv"), column, progress), days,
                              request);
-} catch (const File_Error&) {
-    return Make_Daily_Series({}, {}, request);
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
+    auto nothing = Make_Daily_Series({}, {}, request);
+    nothing.Nothing = To_Code_Page(error.what());
+    return nothing;
 }
 
 } // namespace orvel

@@ -107,4 +107,26 @@ TEST(Chart_Frame, Reaches_Below_A_Negative_Minimum)
 
 } // namespace
 
+TEST(Drawn_Frame_Rule, Ends_Close_Behind_The_Axis_And_Its_Last_Box)
+{
+    Chart chart;
+    chart.X = Position_Axis(20);
+    chart.Y = Value_Axis(0, 8);
+    chart.Frame = Frame_Around(chart.X, chart.Y);
+    EXPECT_DOUBLE_EQ(Drawn_Frame(chart).Right, 20.4);
+
+    chart.Boxes = {{Colour::Series, 19.8, 20.2, 5}};
+    EXPECT_DOUBLE_EQ(Drawn_Frame(chart).Right, 20.6);
+    EXPECT_EQ(Drawn_Frame(chart).Left, chart.Frame.Left);
+}
+
+TEST(X_Labels_Rule, Stand_Below_The_Lowest_Value)
+{
+    Chart chart;
+    chart.Y = Value_Axis(0, 8);
+    EXPECT_DOUBLE_EQ(X_Labels_At(chart), -0.4);
+    chart.Y = Value_Axis(-5, 8);
+    EXPECT_DOUBLE_EQ(X_Labels_At(chart), -5.4);
+}
+
 } // namespace orvel

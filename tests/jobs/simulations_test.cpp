@@ -117,6 +117,24 @@ TEST_F(Simulations_Test, A_Simulation_At_Work_Stays_And_The_Others_Go)
     EXPECT_FALSE(fs::exists(Home / "focus" / "b.run"));
 }
 
+TEST_F(Simulations_Test, A_Stop_Leaves_The_Rest)
+{
+    for (const char* location : {"Hamburg (H)", "Porto (O)", "Thiva (T)"})
+        Add_Run("a", location, true);
+    The_User.Answers = {Button::Yes};
+    std::string told;
+
+    const int removed = Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(),
+                                           Simulation_List(Home / "focus"), [&](const std::string& location, double) {
+                                               told += location + ";";
+                                               return told.size() < 20;
+                                           });
+
+    EXPECT_EQ(removed, 1);
+    EXPECT_EQ(told, "Hamburg (H);Porto (O);");
+    EXPECT_EQ(Simulation_List(Home / "focus").size(), 2U);
+}
+
 TEST_F(Simulations_Test, A_Deleted_Simulation_Is_No_Longer_Part_Of_The_Pending_Batch)
 {
     const fs::path batch = Home / "focus" / "batch.bat";

@@ -30,8 +30,11 @@ TEST(Report_Chart_Rule, A_Value_Of_The_Limit_Has_The_First_Colour_And_One_Above_
 
     EXPECT_EQ(chart.Title, "80th Percentile Conc. of Demoxyl in leachate [\xB5g/L]");
     EXPECT_EQ(chart.X.Title, "Location");
-    EXPECT_EQ(chart.Boxes,
-              (std::vector<Chart_Box>{{Colour::Series, 0.8, 1.2, 0.1}, {Colour::Marked, 1.8, 2.2, 0.101}}));
+    EXPECT_EQ(chart.Boxes, (std::vector<Chart_Box>{{Colour::Series, 0.8, 1.2, 0.1, "", "0.1"},
+                                                   {Colour::Marked, 1.8, 2.2, 0.101, "", "0.101"}}));
+    ASSERT_EQ(chart.Lines.size(), 1U);
+    EXPECT_EQ(chart.Lines[0].Points[1].Y, 0.1);
+    EXPECT_EQ(chart.Lines[0].Name, "limit: 0.1 \xB5g/L");
     EXPECT_EQ(chart.X.Ticks, (std::vector<Chart_Tick>{{1, Tick_Rank::Big, "H"}, {2, Tick_Rank::Big, "T"}}));
     EXPECT_EQ(chart.Y.High, 0.2);
 }
@@ -46,6 +49,11 @@ TEST(Report_Chart_Rule, The_Window_Is_An_Eighth_Of_The_Axes_Below_And_A_Fifth_Ab
     EXPECT_DOUBLE_EQ(chart.Frame.Right, 2.4);
     EXPECT_DOUBLE_EQ(chart.Frame.Bottom, -0.5);
     EXPECT_DOUBLE_EQ(chart.Frame.Top, 4.8);
+}
+
+TEST(Report_Chart_Rule, The_Limit_Is_Not_Drawn_Far_Above_The_Bars)
+{
+    EXPECT_TRUE(Report_Chart(Two_Locations(0.001, 0.002, 0.002), 0).Lines.empty());
 }
 
 TEST(Report_Chart_Rule, Without_Any_Concentration_The_Diagram_Is_One_High_And_Its_Boxes_Are_Flat)

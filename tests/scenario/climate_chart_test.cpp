@@ -1,5 +1,7 @@
 #include "scenario/climate_chart.h"
 
+#include "charts/value_at.h"
+
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -63,5 +65,23 @@ TEST(Climate_Chart_Rule, Without_Days_The_Diagram_Is_Empty)
 }
 
 } // namespace
+
+TEST(Climate_Chart_Rule, Names_Its_Points_By_Their_Dates_And_Tells_Of_Missing_Days)
+{
+    const std::vector<double> rain = {1, 2, 3};
+
+    const auto chart = Climate_Chart(0, rain, {"27.02.81", "28.02.81", "03.03.81"});
+
+    EXPECT_EQ(Value_Text_At(chart, 2), "28.02.81: 2 cm");
+    EXPECT_EQ(chart.Legend, std::vector<std::string>{"2 days are missing, the first behind 28.02.81"});
+}
+
+TEST(Climate_Chart_Rule, Days_In_A_Row_Have_No_Gap_Over_The_End_Of_A_Century_Either)
+{
+    EXPECT_EQ(Gap_Text(std::vector<std::string>{"31.12.99", "01.01.00", "02.01.00"}), "");
+    EXPECT_EQ(Gap_Text(std::vector<std::string>{"30.12.81", "01.01.82"}),
+              "1 day is missing, the first behind 30.12.81");
+    EXPECT_EQ(Climate_Chart(0, {}).Nothing, "The file has no days.");
+}
 
 } // namespace orvel

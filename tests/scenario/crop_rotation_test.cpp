@@ -331,6 +331,19 @@ TEST(Crop_Rotation, With_A_Data_Base_That_Counts_From_0_Removing_The_First_Row_T
     EXPECT_EQ(Years(work, Harvest), (std::vector{0, 1}));
 }
 
+TEST(Crop_Rotation, A_Date_That_No_Year_Has_Is_Hinted_At_Where_It_Is_Seen)
+{
+    auto work = Work();
+    Rot_Append(work, Maize);
+    EXPECT_EQ(Rotation_Date_Hints(work, 0), "");
+
+    Set_Date(work.Rows[0], Emergence, {30, 2, 1});
+    Set_Date(work.Rows[0], Harvest, {31, 9, 1});
+    Set_Date(work.Rows[0], Tillage, {31, 4, 1}); // not tilled
+
+    EXPECT_EQ(Rotation_Date_Hints(work, 0), "Emergence: February has no day 30.\nHarvest: September has no day 31.");
+}
+
 TEST(Crop_Rotation, Removing_The_Last_Row_Selects_The_Row_Before_It)
 {
     auto work = Work();

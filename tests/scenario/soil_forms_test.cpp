@@ -154,6 +154,8 @@ TEST_F(Soil_Forms, The_Profile_Lays_The_Horizons_Under_Each_Other)
 
     EXPECT_EQ(Soil_Profile(grid), (std::vector<Profile_Layer>{{0, 30, 1.5}, {30, 30, 0}, {30, 100.5, 0.2}}));
     EXPECT_EQ(Profile_Caption(Document, grid), "Sum of thickness: 95.5 cm, core depth: 100 cm");
+    grid.Cells[1][0] = "";
+    EXPECT_NE(Profile_Caption(Document, grid).find("\nHorizon 2 has no thickness."), std::string::npos);
 }
 
 TEST_F(Soil_Forms, A_Wilting_Point_Above_Field_Capacity_Is_Refused_And_An_Equal_One_Passes)

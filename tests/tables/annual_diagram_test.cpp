@@ -91,7 +91,7 @@ TEST(Annual_Diagram_Rule, Draws_A_Box_For_Every_Period_And_Marks_Those_Of_The_Pe
 
     EXPECT_EQ(chart.Title, "Average Parent in the percolate at home concentration in leachate (1m depth) [\xB5g/L]");
     ASSERT_EQ(chart.Boxes.size(), 20U);
-    EXPECT_EQ(chart.Boxes[0], (Chart_Box{Colour::Series, 0.8, 1.2, 1.1}));
+    EXPECT_EQ(chart.Boxes[0], (Chart_Box{Colour::Series, 0.8, 1.2, 1.1, "Period 1"}));
     for (int p = 1; p <= 20; ++p)
         EXPECT_EQ(chart.Boxes[static_cast<std::size_t>(p) - 1].Drawn_In,
                   p == 16 || p == 17 ? Colour::Marked : Colour::Series)

@@ -80,11 +80,11 @@ TEST(Balance_Charts, A_Year_Has_A_Box_For_Every_Term_In_The_Colours_Of_The_Key)
     for (std::size_t b = 0; b < chart.Boxes.size(); ++b)
         EXPECT_EQ(chart.Boxes[b].Drawn_In, chart.Key[b % 6].Drawn_In);
     EXPECT_EQ(chart.Key[0], (Chart_Key{Colour::Term_1, "Precipitation"}));
-    EXPECT_DOUBLE_EQ(chart.Boxes[0].Left, 0.1);
-    EXPECT_DOUBLE_EQ(chart.Boxes[5].Right, 0.9);
-    EXPECT_DOUBLE_EQ(chart.Boxes[6].Left, 1.1);
+    EXPECT_NEAR(chart.Boxes[0].Left, 0.03, 1e-9); // the boxes of a year fill it
+    EXPECT_NEAR(chart.Boxes[5].Right, 0.97, 1e-9);
+    EXPECT_NEAR(chart.Boxes[6].Left, 1.03, 1e-9);
     EXPECT_EQ(chart.Boxes[11].Y, -142.995);
-    EXPECT_EQ(chart.Boxes[11].Name, "2, " + chart.Key[5].Text);
+    EXPECT_EQ(chart.Boxes[11].Name, "Year 2, " + chart.Key[5].Text);
 }
 
 TEST(Balance_Charts, A_Single_Year_Has_All_Its_Boxes_On_The_Axis)

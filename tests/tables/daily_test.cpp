@@ -2,6 +2,7 @@
 
 #include "charts/value_at.h"
 #include "core/output_variables.h"
+#include "tables/series.h"
 
 #include <gtest/gtest.h>
 
@@ -213,6 +214,39 @@ TEST(Daily_Diagram_Rule, The_Title_Tells_The_Item_And_The_Unit_Of_Rate_Or_Sum)
 TEST(Daily_Diagram_Rule, Without_Points_The_Axis_Goes_To_1)
 {
     EXPECT_EQ(Daily_Diagram({{}, 30}, Whole(Leaching, false, 1), "x", X_Unit::Years).Y.High, 1);
+}
+
+TEST(Daily_Diagram_Rule, A_Point_Is_Named_By_Its_Date_And_Unit)
+{
+    const std::vector<Run_Day> calendar = {{1, 30, 4, 2}, {2, 1, 5, 2}};
+    const std::vector<Plot_Value> values = {{1, 24, 0.5}, {2, 24, 1.5}};
+    const auto series = Make_Daily_Series(values, calendar, {.Variable = Precipitation, .From = {4, 2}, .To = {5, 2}});
+
+    const auto chart =
+        Daily_Diagram(series, {.Variable = Precipitation, .From = {4, 2}, .To = {5, 2}}, "x", X_Unit::Days);
+
+    EXPECT_EQ(Value_Text_At(chart, 2.1), "1 May, year 2: 1.5 cm/d");
+    EXPECT_EQ(Value_Text_At(Zoomed(chart, 0.5, 2.5), 0.6), "30 April, year 2: 0.5 cm/d");
+}
+
+TEST(Daily_Diagram_Rule, An_Axis_Of_Days_Has_No_Tick_Between_Them)
+{
+    const Daily_Series series{{{1, 5}, {2, 6}, {3, 7}}, 3};
+
+    const auto chart = Daily_Diagram(series, Whole(Precipitation, false, 1), "x", X_Unit::Days);
+
+    for (const auto& tick : Zoomed(chart, 0.5, 3).X.Ticks)
+        EXPECT_EQ(tick.At + 0.5, std::round(tick.At + 0.5)) << tick.At;
+}
+
+TEST(Daily_Diagram_Rule, Without_Values_It_Says_Why)
+{
+    EXPECT_EQ(Daily_Diagram(Make_Daily_Series({}, {}, Whole(Leaching, false, 1)), Whole(Leaching, false, 1), "x",
+                            X_Unit::Years)
+                  .Nothing,
+              "The run has no values in this span.");
+    EXPECT_NE(Read_Daily_Series("missing/datum.dat", "missing", 1, Whole(Leaching, false, 1)).Nothing.find("datum.dat"),
+              std::string::npos);
 }
 
 TEST(Daily_Diagram_Rule, Copied_Data_Have_Both_Titles_And_Positions_With_Three_Decimals)

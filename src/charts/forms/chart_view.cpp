@@ -14,6 +14,12 @@
 
 namespace orvel {
 
+namespace {
+
+constexpr double Mark_Radius = 4;
+
+} // namespace
+
 Chart_View::Chart_View(QWidget* parent) : QWidget(parent)
 {
     setMouseTracking(true);
@@ -29,7 +35,15 @@ QSize Chart_View::sizeHint() const
 void Chart_View::Show(Chart chart)
 {
     Source = std::move(chart);
+    Painted = Source;
+    if (Texts_Elsewhere) {
+        Painted.Title.clear();
+        Painted.Legend.clear();
+        Painted.Key.clear();
+        Painted.X.Title.clear();
+    }
     Picture = {};
+    Marked.reset();
     setAccessibleName(Shown(Source.Title));
     update();
 }
@@ -41,10 +55,16 @@ void Chart_View::paintEvent(QPaintEvent*)
         Picture.setDevicePixelRatio(devicePixelRatioF());
         QPainter painter(&Picture);
         painter.setFont(font());
-        Paint_Chart(painter, rect(), Source, palette());
+        Paint_Chart(painter, rect(), Painted, palette());
     }
     QPainter painter(this);
     painter.drawPixmap(0, 0, Picture);
+    if (Marked) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawEllipse(Chart_Plane(Painted, rect(), font()).At(Marked->X, Marked->Y), Mark_Radius, Mark_Radius);
+        painter.setRenderHint(QPainter::Antialiasing, false);
+    }
     if (Pressed_At && Zooms) {
         QColor span = palette().color(QPalette::Highlight);
         span.setAlphaF(0.25F);
@@ -71,7 +91,7 @@ void Chart_View::changeEvent(QEvent* event)
 
 double Chart_View::X_Under(const QPointF& position) const
 {
-    return Chart_Plane(Source, rect(), font()).X_Of(position.x());
+    return Chart_Plane(Painted, rect(), font()).X_Of(position.x());
 }
 
 void Chart_View::mousePressEvent(QMouseEvent* event)
@@ -112,11 +132,26 @@ void Chart_View::keyPressEvent(QKeyEvent* event)
 
 void Chart_View::Show_Value(const QPointF& position, const QPoint& global)
 {
-    const std::string text = Value_Text_At(Source, X_Under(position));
-    if (text.empty())
-        QToolTip::hideText();
+    const auto hit = Hit_At(Painted, X_Under(position));
+    Mark(hit ? std::optional(hit->Point) : std::nullopt);
+    if (hit)
+        QToolTip::showText(global, Shown(hit->Text), this);
     else
-        QToolTip::showText(global, Shown(text), this);
+        QToolTip::hideText();
+}
+
+void Chart_View::Mark(std::optional<Chart_Point> point)
+{
+    if (Marked == point)
+        return;
+    Marked = point;
+    update();
+}
+
+void Chart_View::leaveEvent(QEvent* event)
+{
+    Mark(std::nullopt);
+    QWidget::leaveEvent(event);
 }
 
 } // namespace orvel

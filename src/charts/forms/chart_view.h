@@ -7,7 +7,7 @@
 
 namespace orvel {
 
-// Shows a chart in the window's colours and the value under the mouse; dragging selects a span of the x axis.
+// Shows a chart in the window's colours, and marks the value under the mouse; dragging selects a span of the x axis.
 class Chart_View : public QWidget {
     Q_OBJECT
 
@@ -17,6 +17,9 @@ public:
     void Show(Chart chart);
     const Chart& Shown_Chart() const { return Source; }
     void Allow_Zoom(bool allowed) { Zooms = allowed; }
+
+    // Leaves title, legend, key and the title of the x axis to labels of the form around it.
+    void Leave_Texts_Out() { Texts_Elsewhere = true; }
 
     QSize sizeHint() const override;
 
@@ -33,16 +36,20 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
 private:
     double X_Under(const QPointF& position) const;
     void Show_Value(const QPointF& position, const QPoint& global);
+    void Mark(std::optional<Chart_Point> point);
 
     Chart Source;
-    QPixmap Picture; // the chart alone, cached so that following the mouse is fast
+    Chart Painted;                     // Source, without the texts that stand elsewhere
+    QPixmap Picture;                   // the chart alone, cached so that following the mouse is fast
+    std::optional<Chart_Point> Marked; // under the mouse
     std::optional<QPointF> Pressed_At;
     QPointF Dragged_To;
-    bool Zooms = false;
+    bool Zooms = false, Texts_Elsewhere = false;
 };
 
 } // namespace orvel

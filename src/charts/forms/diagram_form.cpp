@@ -2,11 +2,15 @@
 
 #include "charts/forms/chart_view.h"
 #include "charts/forms/picture_actions.h"
-#include "ui/forms/enter_key.h"
+#include "charts/painting/chart_painter.h"
+#include "core/run_name.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
+#include <vector>
 
 namespace orvel {
 
@@ -17,11 +21,25 @@ Diagram_Form::Diagram_Form(const QString& name, Ask_Function ask, QWidget* paren
     setObjectName(name);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Diagramm = Named(new Chart_View, "Diagramm");
+    Diagramm->Leave_Texts_Out();
+    Diagrammtitel = Named(new QLabel, "Diagrammtitel");
+    Legende = Named(new QLabel, "Legende");
+    Name_x_Achse = Named(new QLabel, "Name_x_Achse");
+    for (auto* text : {Diagrammtitel, Legende, Name_x_Achse}) {
+        text->setAlignment(Qt::AlignCenter);
+        text->setWordWrap(true);
+    }
+    QFont bold = Diagrammtitel->font();
+    bold.setBold(true);
+    Diagrammtitel->setFont(bold);
     Above = new QVBoxLayout;
     Buttons = new QHBoxLayout;
     auto* all = new QVBoxLayout(this);
     all->addLayout(Above);
+    all->addWidget(Diagrammtitel);
+    all->addWidget(Legende);
     all->addWidget(Diagramm, 1);
+    all->addWidget(Name_x_Achse);
     all->addLayout(Buttons);
 
     auto* print = Push_Button("Drucken", "&Print Graph", this, &Diagram_Form::Drucken);
@@ -32,7 +50,7 @@ Diagram_Form::Diagram_Form(const QString& name, Ask_Function ask, QWidget* paren
         Buttons->addWidget(button);
     Buttons->addStretch(1);
     Buttons->addWidget(done);
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
 }
 
 void Diagram_Form::Add_Button(QPushButton* button)
@@ -41,8 +59,53 @@ void Diagram_Form::Add_Button(QPushButton* button)
     Buttons->insertWidget(Buttons->count() - 2, button);
 }
 
+void Diagram_Form::Name_Run(const std::filesystem::path& run_directory)
+{
+    Run = Run_Title(run_directory);
+}
+
+// What is chosen comes before the buttons, which were laid out first.
+void Diagram_Form::showEvent(QShowEvent* event)
+{
+    std::vector<QWidget*> order;
+    for (auto* at = nextInFocusChain(); at != this; at = at->nextInFocusChain()) {
+        if (at->window() == this && Buttons->indexOf(at) < 0 && at->focusPolicy() != Qt::NoFocus)
+            order.push_back(at);
+    }
+    const auto choices = order.size();
+    for (int i = 0; i < Buttons->count(); ++i) {
+        if (auto* button = Buttons->itemAt(i)->widget())
+            order.push_back(button);
+    }
+    for (std::size_t i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+    if (choices > 0)
+        order.front()->setFocus();
+    QDialog::showEvent(event);
+}
+
+void Diagram_Form::Show_Texts(const Chart& chart)
+{
+    QStringList legend;
+    for (const auto& line : chart.Legend)
+        legend << Shown(line);
+    Diagrammtitel->setText(Shown(chart.Title));
+    Legende->setText(legend.join('\n'));
+    Legende->setVisible(!legend.isEmpty());
+    Name_x_Achse->setText(Shown(chart.X.Title));
+    if (!Key)
+        return;
+    QString key;
+    for (const auto& [colour, text] : chart.Key)
+        key += QString("<span style=\"color:%1\">\u25A0</span>&nbsp;%2&nbsp;&nbsp; ")
+                   .arg(Colour_Of(colour, palette()).name(), Shown(text).toHtmlEscaped().replace(" ", "&nbsp;"));
+    Key->setTextFormat(Qt::RichText);
+    Key->setText(key);
+}
+
 void Diagram_Form::Show_Chart(Chart chart)
 {
+    Show_Texts(chart);
     Diagramm->Show(std::move(chart));
 }
 
@@ -63,7 +126,7 @@ void Diagram_Form::Drucken()
 
 void Diagram_Form::Speichern()
 {
-    Save_Picture_As(*this, Ask, Picture_Of(Shown_Chart()), "Save Graph", "diagram.png");
+    Save_Picture_As(*this, Ask, Picture_Of(Shown_Chart()), "Save Graph", Shown(Picture_Name(Run, Shown_Chart().Title)));
 }
 
 } // namespace orvel

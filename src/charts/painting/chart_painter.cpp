@@ -17,7 +17,7 @@ constexpr double Line_Width = 1.3;
 constexpr double Margin = 0.6;     // of a line of text
 constexpr double Key_Square = 0.7; // of a line of text
 constexpr double Least_Points = 4;
-constexpr double Label_Ground = 0.75;           // opacity
+constexpr float Grid_Strength = 0.12F;          // opacity
 constexpr QMarginsF Dot_Margins = {2, 2, 2, 2}; // in widths of a line
 
 class Chart_Drawing {
@@ -40,16 +40,71 @@ public:
         if (!(Source.Frame.Right > Source.Frame.Left)) // nothing to draw
             return;
         Draw_Key();
+        Draw_Grid();
         Painter.save();
         Painter.setClipRect(Plane.Area());
         Draw_Boxes();
         Draw_Lines();
         Painter.restore();
+        Draw_Names();
         Draw_X_Axis();
         Draw_Y_Axis();
+        Painter.drawText(Plane.Area(), Qt::AlignCenter | Qt::TextWordWrap, Chart_Text(Source.Nothing));
     }
 
 private:
+    // Pale lines at the labelled ticks; beside bars, which stand at every position, only those of the values.
+    void Draw_Grid()
+    {
+        QColor pale = Palette.color(QPalette::Text);
+        pale.setAlphaF(Grid_Strength);
+        Painter.setPen(QPen(pale, 0));
+        const double high = std::max(Source.Y.High, Source.Y.Ticks.empty() ? 0 : Source.Y.Ticks.back().At);
+        for (const Chart_Tick* tick : Y_Labels())
+            Painter.drawLine(Plane.At(Source.X.Low, tick->At), Plane.At(Source.X.High, tick->At));
+        for (const Chart_Tick* tick : X_Labels()) {
+            if (Source.Boxes.empty())
+                Painter.drawLine(Plane.At(tick->At, Source.Y.Low), Plane.At(tick->At, high));
+        }
+    }
+
+    // The names of lines and the labels of boxes, close to them.
+    void Draw_Names()
+    {
+        Painter.setFont(Sized(Plain, Long_Label_Points));
+        const double height = Metrics_Of(Painter.font(), Painter.device()).height();
+        for (const Chart_Line& line : Source.Lines) {
+            if (line.Name.empty() || line.Points.empty())
+                continue;
+            const QPointF end = Plane.At(line.Points.back().X, line.Points.back().Y);
+            Painter.setPen(Colour_Of(line.Drawn_In, Palette));
+            Painter.drawText(QRectF(Plane.Area().left(), end.y() - height, end.x() - Plane.Area().left(), height),
+                             Qt::AlignRight | Qt::AlignVCenter, Chart_Text(line.Name));
+        }
+        Painter.setPen(Palette.color(QPalette::Text));
+        for (const Chart_Box& box : Source.Boxes) {
+            const QPointF end = Plane.At((box.Left + box.Right) / 2, box.Y);
+            Painter.drawText(QRectF(end.x(), box.Y < 0 ? end.y() : end.y() - height, 0, height),
+                             Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label));
+        }
+        Painter.setFont(Plain);
+    }
+
+    std::vector<const Chart_Tick*> X_Labels() const
+    {
+        const auto metrics = Metrics_Of(Sized(Plain, Label_Points), Painter.device());
+        double widest = 0;
+        for (const Chart_Tick& tick : Source.X.Ticks)
+            widest = std::max(widest, metrics.horizontalAdvance(Chart_Text(tick.Label)));
+        return Shown_Labels(Source.X, widest + metrics.averageCharWidth(), Plane.At(1, 0).x() - Plane.At(0, 0).x());
+    }
+
+    std::vector<const Chart_Tick*> Y_Labels() const
+    {
+        const double height = Metrics_Of(Sized(Plain, Label_Points), Painter.device()).height();
+        return Shown_Labels(Source.Y, height, Plane.At(0, 0).y() - Plane.At(0, 1).y());
+    }
+
     void Draw_Title()
     {
         Painter.setPen(Palette.color(QPalette::Text));
@@ -150,7 +205,7 @@ private:
         for (const Chart_Tick& tick : Source.X.Ticks)
             Painter.drawLine(Plane.At(tick.At, 0),
                              Plane.At(tick.At, -size * lengths[static_cast<std::size_t>(tick.Rank)]));
-        const double labels_end = Draw_X_Labels(Plane.At(0, size * X_Label_Below).y());
+        const double labels_end = Draw_X_Labels(Plane.At(0, X_Labels_At(Source)).y());
         const double below =
             std::max(labels_end, Plane.At(0, Source.Y.Ticks.empty() ? 0 : Source.Y.Ticks.front().At).y());
         const double left = Plane.At(Source.X.Low, 0).x();
@@ -158,28 +213,14 @@ private:
                          Chart_Text(Source.X.Title));
     }
 
-    // Returns where the labels end. What is drawn below zero shows through behind them.
+    // Returns where the labels end.
     double Draw_X_Labels(double top)
     {
         Painter.setFont(Sized(Plain, Label_Points));
         const auto metrics = Metrics_Of(Painter.font(), Painter.device());
-        QColor ground = Palette.color(QPalette::Base);
-        ground.setAlphaF(Label_Ground);
-        const bool covers = Source.Y.Low < X_Label_Below * Value_Size(Source.Y);
-        double widest = 0;
-        for (const Chart_Tick& tick : Source.X.Ticks)
-            widest = std::max(widest, metrics.horizontalAdvance(Chart_Text(tick.Label)));
-        for (const Chart_Tick* tick :
-             Shown_Labels(Source.X, widest + metrics.averageCharWidth(), Plane.At(1, 0).x() - Plane.At(0, 0).x())) {
-            if (covers && tick->At == Source.X.Low) // the value axis is there
-                continue;
-            const QString label = Chart_Text(tick->Label);
-            const double width = metrics.horizontalAdvance(label);
-            const QRectF place(Plane.At(tick->At, 0).x() - width / 2, top, width, metrics.height());
-            if (covers)
-                Painter.fillRect(place, ground);
-            Painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, label);
-        }
+        for (const Chart_Tick* tick : X_Labels())
+            Painter.drawText(QRectF(Plane.At(tick->At, 0).x(), top, 0, metrics.height()),
+                             Qt::AlignCenter | Qt::TextDontClip, Chart_Text(tick->Label));
         Painter.setFont(Plain);
         return top + metrics.lineSpacing();
     }
@@ -195,8 +236,7 @@ private:
             Painter.drawLine(Plane.At(0, tick.At),
                              Plane.At(-length * lengths[static_cast<std::size_t>(tick.Rank)], tick.At));
         }
-        const double height = Metrics_Of(Sized(Plain, Label_Points), Painter.device()).height();
-        for (const Chart_Tick* tick : Shown_Labels(Source.Y, height, Plane.At(0, 0).y() - Plane.At(0, 1).y()))
+        for (const Chart_Tick* tick : Y_Labels())
             Draw_Y_Label(*tick, length);
         Painter.drawLine(Plane.At(0, first), Plane.At(0, last));
         const QPointF top = Plane.At(0, last);
@@ -204,17 +244,13 @@ private:
                          Qt::AlignLeft | Qt::AlignVCenter, Chart_Text(Source.Y.Title));
     }
 
-    // At its usual place left of the axis, or far enough to the left to end before the tick.
+    // Right-aligned at its tick.
     void Draw_Y_Label(const Chart_Tick& tick, double length)
     {
-        const QString label = Chart_Text(tick.Label);
         Painter.setFont(Value_Label_Font(Plain, tick.Label));
-        const double width = Metrics_Of(Painter.font(), Painter.device()).horizontalAdvance(label);
-        const double place =
-            Plane.At(length * (tick.Label.size() >= Long_Label ? Long_Y_Label_Left : Y_Label_Left), 0).x();
-        const double left = std::min(place, Plane.At(-length * Big_Y_Tick, 0).x() - Line * Margin / 2 - width);
-        Painter.drawText(QRectF(left, Plane.At(0, tick.At).y() - Line / 2, width, Line),
-                         Qt::AlignVCenter | Qt::TextDontClip, label);
+        const double right = Plane.At(-length * Big_Y_Tick, 0).x() - Line * Margin / 2;
+        Painter.drawText(QRectF(Area.left(), Plane.At(0, tick.At).y() - Line / 2, right - Area.left(), Line),
+                         Qt::AlignRight | Qt::AlignVCenter | Qt::TextDontClip, Chart_Text(tick.Label));
         Painter.setFont(Plain);
     }
 

@@ -17,7 +17,8 @@ constexpr double Lowest_Tick = 1.05; // of the axis' low end
 double Lines_Above(const Chart& chart, double width, const QFontMetricsF& metrics)
 {
     const auto keys = Placed_Keys(chart, width, metrics);
-    return Title_Lines * Title_Scale + static_cast<double>(chart.Legend.size()) + (keys.empty() ? 0 : keys.back().Row);
+    return (chart.Title.empty() ? 1 : Title_Lines * Title_Scale) + static_cast<double>(chart.Legend.size()) +
+           (keys.empty() ? 0 : keys.back().Row);
 }
 
 // What to take off an edge so that `needed` pixels are free there, given that a share of what remains is free already.
@@ -33,10 +34,20 @@ double Left_Margin(const Chart& chart, double width, const QFont& font, const QP
         widest = std::max(
             widest, Metrics_Of(Value_Label_Font(font, tick.Label), device).horizontalAdvance(Chart_Text(tick.Label)));
     const double gaps = Margin * Metrics_Of(font, device).lineSpacing();
-    const auto& frame = chart.Frame;
+    const auto frame = Drawn_Frame(chart);
     const double free =
         (chart.X.Low - Big_Y_Tick * (chart.X.High - chart.X.Low) - frame.Left) / (frame.Right - frame.Left);
     return Taken_Off(widest + gaps, free, width);
+}
+
+// Half of the widest position label, which may stand at the end of the axis.
+double Right_Margin(const Chart& chart, const QFont& font, const QPaintDevice* device)
+{
+    const auto metrics = Metrics_Of(Sized(font, Label_Points), device);
+    double widest = 0;
+    for (const Chart_Tick& tick : chart.X.Ticks)
+        widest = std::max(widest, metrics.horizontalAdvance(Chart_Text(tick.Label)));
+    return widest / 2 + Margin / 2 * metrics.lineSpacing();
 }
 
 // The height of the position labels and of the axis title below them and below the lowest value.
@@ -44,9 +55,9 @@ double Bottom_Margin(const Chart& chart, double height, const QFont& font, const
 {
     const double label = Metrics_Of(Sized(font, Label_Points), device).lineSpacing(),
                  title = 1.2 * Metrics_Of(font, device).lineSpacing();
-    const auto& frame = chart.Frame;
+    const auto frame = Drawn_Frame(chart);
     const auto free = [&](double y) { return (y - frame.Bottom) / (frame.Top - frame.Bottom); };
-    return std::max({Margin * label, Taken_Off(label + title, free(X_Label_Below * Value_Size(chart.Y)), height),
+    return std::max({Margin * label, Taken_Off(label + title, free(X_Labels_At(chart)), height),
                      Taken_Off(title, free(Lowest_Tick * chart.Y.Low), height)});
 }
 
@@ -76,7 +87,8 @@ QFont Value_Label_Font(const QFont& text, const std::string& label)
 std::vector<Placed_Key> Placed_Keys(const Chart& chart, double width, const QFontMetricsF& metrics)
 {
     const double line = metrics.lineSpacing();
-    const double indent = (chart.X.Low - chart.Frame.Left) / (chart.Frame.Right - chart.Frame.Left) * width;
+    const double indent =
+        (chart.X.Low - Drawn_Frame(chart).Left) / (Drawn_Frame(chart).Right - Drawn_Frame(chart).Left) * width;
     std::vector<Placed_Key> placed;
     double left = indent;
     int row = 0;
@@ -109,11 +121,11 @@ std::vector<const Chart_Tick*> Shown_Labels(const Chart_Axis& axis, double neede
 }
 
 Chart_Plane::Chart_Plane(const Chart& chart, const QRectF& area, const QFont& font, const QPaintDevice* device)
-    : Frame(chart.Frame)
+    : Frame(Drawn_Frame(chart))
 {
     const auto metrics = Metrics_Of(font, device);
     Plane = area.adjusted(0, metrics.lineSpacing() * Lines_Above(chart, area.width(), metrics), 0, 0);
-    Plane.adjust(Left_Margin(chart, Plane.width(), font, device), 0, 0,
+    Plane.adjust(Left_Margin(chart, Plane.width(), font, device), 0, -Right_Margin(chart, font, device),
                  -Bottom_Margin(chart, Plane.height(), font, device));
 }
 

@@ -1,5 +1,6 @@
 #include "desktop/forms/form_name.h"
 
+#include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 
 #include <QDialogButtonBox>
@@ -23,7 +24,9 @@ Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
     add("Program:", Shown(program.Aktuelle_ORVELSUITE_Version));
     add("Engine:", Shown(program.Aktuelle_ORVEL_Version));
     add("Engine file:", program.Engine_Exe.empty() ? "none found" : QString::fromStdString(program.Engine_Exe));
-    add("Installation:", QString::fromStdString(program.App_Path.string()));
+    auto* place = new Path_Label;
+    place->Show(program.App_Path);
+    rows->addRow("Installation:", place);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -38,6 +38,7 @@ QToolButton* Picture_Button(const QString& name, const QString& picture, const Q
     button->setCursor(Qt::PointingHandCursor);
     button->setFocusPolicy(Qt::StrongFocus);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    button->setMaximumSize(button->sizeHint() + Picture_Size / 2); // on a maximised form, too
     return button;
 }
 
@@ -75,6 +76,7 @@ void Start::Lay_Out()
     all->addLayout(Banner());
     all->addLayout(Pictures(), 1);
     all->addLayout(Documents());
+    all->addStretch(1);
     all->addWidget(Nachricht);
     all->addLayout(Foot());
 }

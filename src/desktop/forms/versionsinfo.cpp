@@ -1,6 +1,7 @@
 #include "desktop/forms/versionsinfo.h"
 
 #include "desktop/release_notes.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
 
@@ -35,6 +36,7 @@ Versionsinfo::Versionsinfo(const Session& session, QWidget* parent) : QDialog(pa
     auto* notes = Named(new QPlainTextEdit(Shown(Release_Notes())), "Text1");
     notes->setAccessibleName("Release notes");
     notes->setReadOnly(true);
+    notes->setTabChangesFocus(true);
     notes->setMinimumSize(fontMetrics().averageCharWidth() * 90, fontMetrics().lineSpacing() * 14);
 
     auto* buttons = new QDialogButtonBox;
@@ -44,6 +46,7 @@ Versionsinfo::Versionsinfo(const Session& session, QWidget* parent) : QDialog(pa
     all->addLayout(head);
     all->addWidget(notes, 1);
     all->addWidget(buttons);
+    Use_Form_Keys(*this);
 }
 
 } // namespace orvel

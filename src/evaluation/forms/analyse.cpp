@@ -184,7 +184,8 @@ void Analyse::Zusammenfassung_Click()
                             Bytes_Of(Kulturverzeichnis->currentText()),
                             {},
                             {},
-                            {}};
+                            {},
+                            The_Mode.Kind};
     for (int i = 0; i < Szenarioverzeichnis->count(); ++i)
         request.Locations.push_back(
             {Bytes_Of(Szenarioverzeichnis->itemText(i)), Szenarioverzeichnis->itemData(i).toString().toStdString()});

@@ -2,7 +2,7 @@
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/series_choice.h"
 #include "tables/soil_concentrations.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
 
@@ -46,7 +46,7 @@ void Analyse::Lay_Out()
     all->addWidget(Series);
     all->addStretch(1);
     all->addLayout(Buttons());
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
     Attach_Help();
 }
 

@@ -6,7 +6,8 @@
 #include "output/echo_file.h"
 #include "runs/calendar_file.h"
 #include "tables/forms/text_viewer.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
+#include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 #include "ui/shown_file.h"
 
@@ -28,13 +29,9 @@ constexpr int Poll_Interval = 300; // ms
 Echo_Layers Layers_Of(const std::filesystem::path& directory)
 try {
     return Read_Echo(directory).Layers();
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
-}
-
-QString Shown_As(const std::filesystem::path& path)
-{
-    return QString::fromStdString(path.string());
 }
 
 QShortcut* On_Return(QWidget& list)
@@ -66,7 +63,7 @@ void inout_sel::Lay_Out()
     all->addWidget(Series, 1, 0, 1, 2);
     all->addWidget(Nachricht, 2, 0, 1, 2);
     all->addLayout(Buttons(), 3, 0, 1, 2);
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
     all->setColumnStretch(0, 1);
     all->setColumnStretch(1, 2);
 }
@@ -89,8 +86,7 @@ QLayout* inout_sel::Directory_Lists()
     if (Laufwerk->count() == 0)
         Laufwerk->addItem("/");
     connect(Laufwerk, &QComboBox::activated, this, [this] { Go_To(Laufwerk->currentText().toStdString()); });
-    Pfad = Named(new QLabel, "Pfad");
-    Pfad->setWordWrap(true);
+    Pfad = Named(new Path_Label, "Pfad");
     Verzeichnisliste = List("Verzeichnisliste", "Directories");
     connect(Verzeichnisliste, &QListWidget::itemDoubleClicked, this, &inout_sel::Step_Into);
     connect(On_Return(*Verzeichnisliste), &QShortcut::activated, this, &inout_sel::Step_Into);
@@ -142,7 +138,7 @@ QLayout* inout_sel::Buttons()
 void inout_sel::Go_To(const std::filesystem::path& directory)
 {
     Directory = directory.lexically_normal();
-    Pfad->setText(Shown_As(Directory));
+    Pfad->Show(Directory);
     Verzeichnisliste->clear();
     Verzeichnisliste->addItem("..");
     for (const std::string& name : List_Directories(Directory, "*"))

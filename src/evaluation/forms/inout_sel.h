@@ -17,6 +17,7 @@ class QPushButton;
 
 namespace orvel {
 
+class Path_Label;
 class Series_Choice;
 
 // The input and output files of any directory, and the tables and diagrams of a single run there.
@@ -47,7 +48,8 @@ private:
     std::optional<int> Utility_At_Work;  // its process id
     std::filesystem::path Utility_Place; // its directory: the user may have gone to another one
     QComboBox* Laufwerk = nullptr;
-    QLabel *Pfad = nullptr, *Nachricht = nullptr;
+    Path_Label* Pfad = nullptr;
+    QLabel* Nachricht = nullptr;
     QListWidget* Verzeichnisliste = nullptr;
     std::array<QListWidget*, 4> Files{}; // File_psm, File_sze, File_cli, File_orv
     Series_Choice* Series = nullptr;

@@ -19,7 +19,8 @@ constexpr int Months_Of_Year = 12;
 Plot_Head Head_Of(const std::filesystem::path& run)
 try {
     return Read_Plot_Head(run);
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 
@@ -81,8 +82,14 @@ QGroupBox* Series_Choice::Period_Box()
 
 void Series_Choice::Show_Run(const std::filesystem::path& run_directory)
 {
+    const QString parameter = Parameter->currentText();
+    const Period before = Chosen_Period();
+    const bool all = Years == 0 || before == Period{{1, 1}, {Months_Of_Year, Years}};
     Show_Items(Parameters_Of_Run(run_directory));
     Show_Years(Head_Of(run_directory));
+    Parameter->setCurrentIndex(std::max(0, Parameter->findText(parameter)));
+    if (!all && before.To.Year <= Years)
+        Show_Period(before);
 }
 
 bool Series_Choice::Show_Columns(const std::filesystem::path& run_directory)

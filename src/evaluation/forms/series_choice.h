@@ -20,8 +20,8 @@ class Series_Choice : public QWidget {
 public:
     explicit Series_Choice(QWidget* parent = nullptr);
 
-    // Fills the lists for a run directory; the whole simulation is chosen. Without a plot.orv there is no period to
-    // choose.
+    // Fills the lists for a run directory. Parameter and period stay what they were, if the run has them; else its
+    // first parameter and the whole simulation are chosen. Without a plot.orv there is no period to choose.
     void Show_Run(const std::filesystem::path& run_directory);
     // The same with the columns that its plot.orv has, and no others. False: it has none that can be shown.
     bool Show_Columns(const std::filesystem::path& run_directory);

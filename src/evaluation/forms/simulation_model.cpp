@@ -41,8 +41,40 @@ Simulation_Model::Simulation_Model(QObject* parent)
       Status_Dot{Dot(Rot), Dot(Gelb), Dot(Gruen)}
 {}
 
+bool Simulation_Model::Matches(const Simulation& simulation) const
+{
+    for (int column = Pesticide; column < Columns; ++column) {
+        if (Text(simulation, column).contains(Part, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
+void Simulation_Model::Arrange(std::vector<Simulation>& simulations) const
+{
+    if (Sorted_By < 0)
+        return;
+    const bool down = Order == Qt::DescendingOrder;
+    std::ranges::stable_sort(simulations, [&](const Simulation& a, const Simulation& b) {
+        const auto& first = down ? b : a;
+        const auto& second = down ? a : b;
+        if (Sorted_By == Date)
+            return first.Date < second.Date;
+        return QString::compare(Text(first, Sorted_By), Text(second, Sorted_By), Qt::CaseInsensitive) < 0;
+    });
+}
+
+void Simulation_Model::sort(int column, Qt::SortOrder order)
+{
+    Sorted_By = column == Marker ? -1 : column;
+    Order = order;
+    Show(Rows);
+}
+
 bool Simulation_Model::Show(std::vector<Simulation> simulations)
 {
+    std::erase_if(simulations, [this](const Simulation& simulation) { return !Matches(simulation); });
+    Arrange(simulations);
     if (Same_Runs(simulations)) {
         Rows = std::move(simulations);
         if (!Rows.empty())
@@ -52,7 +84,6 @@ bool Simulation_Model::Show(std::vector<Simulation> simulations)
     beginResetModel();
     Rows = std::move(simulations);
     Marked.assign(Rows.size(), false);
-    Changed.assign(Rows.size(), {});
     endResetModel();
     return true;
 }
@@ -74,8 +105,8 @@ void Simulation_Model::Mark(const std::vector<int>& rows)
 QString Simulation_Model::Longest_Text(int column) const
 {
     QString longest = headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    for (std::size_t row = 0; row < Rows.size(); ++row) {
-        QString text = Text(row, column);
+    for (const Simulation& simulation : Rows) {
+        QString text = Text(simulation, column);
         if (text.size() > longest.size())
             longest = std::move(text);
     }
@@ -92,26 +123,31 @@ int Simulation_Model::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : Columns;
 }
 
-void Simulation_Model::Show_Changes(std::vector<std::vector<std::string>> changed_inputs)
+void Simulation_Model::Show_Changes(Changed_Inputs changed)
 {
-    Changed = std::move(changed_inputs);
-    Changed.resize(Rows.size());
+    Changed = std::move(changed);
     if (!Rows.empty())
         emit dataChanged(index(0, Changes), index(rowCount() - 1, Changes));
 }
 
-// One input by its name, several by their number.
-QString Simulation_Model::Changes_Text(std::size_t row) const
+const std::vector<std::string>& Simulation_Model::Changes_Of(const Simulation& simulation) const
 {
-    const auto& changed = Changed[row];
+    static const std::vector<std::string> none;
+    const auto changed = Changed.find(simulation.Directory);
+    return changed == Changed.end() ? none : changed->second;
+}
+
+// One input by its name, several by their number.
+QString Simulation_Model::Changes_Text(const Simulation& simulation) const
+{
+    const auto& changed = Changes_Of(simulation);
     if (changed.size() > 1)
         return QString("%1 inputs").arg(changed.size());
     return changed.empty() ? QString() : Shown(changed.front());
 }
 
-QString Simulation_Model::Text(std::size_t row, int column) const
+QString Simulation_Model::Text(const Simulation& simulation, int column) const
 {
-    const Simulation& simulation = Rows[row];
     switch (column) {
     case Pesticide:
         return Shown(simulation.Pesticide);
@@ -126,7 +162,7 @@ QString Simulation_Model::Text(std::size_t row, int column) const
     case Result:
         return Shown(Result_Text(simulation));
     case Changes:
-        return Changes_Text(row);
+        return Changes_Text(simulation);
     default:
         return {};
     }
@@ -139,7 +175,7 @@ QVariant Simulation_Model::data(const QModelIndex& index, int role) const
         return {};
     const Simulation& simulation = Rows[row];
     if (role == Qt::DisplayRole)
-        return Text(row, index.column());
+        return Text(simulation, index.column());
     if (role == Qt::DecorationRole && index.column() == Marker)
         return Markers[Marked[row] ? 1 : 0];
     if (role == Qt::DecorationRole && index.column() == Status)
@@ -150,7 +186,7 @@ QVariant Simulation_Model::data(const QModelIndex& index, int role) const
         return Shown(Explanation(simulation));
     if (role == Qt::ToolTipRole && index.column() == Changes) {
         QStringList names;
-        for (const auto& name : Changed[row])
+        for (const auto& name : Changes_Of(simulation))
             names << Shown(name);
         return names.join("\n");
     }

@@ -3,8 +3,11 @@
 #include "jobs/job_status.h"
 
 #include <array>
+#include <filesystem>
+#include <map>
 #include <QAbstractTableModel>
 #include <QIcon>
+#include <string>
 #include <vector>
 
 namespace orvel {
@@ -16,12 +19,18 @@ class Simulation_Model : public QAbstractTableModel {
 public:
     enum Column { Marker, Pesticide, Crop, Location, Date, Status, Result, Changes, Columns };
 
+    // The inputs that have changed since a run, by its directory.
+    using Changed_Inputs = std::map<std::filesystem::path, std::vector<std::string>>;
+
     explicit Simulation_Model(QObject* parent = nullptr);
 
     // Shows a new list. True: its rows differ from the previous ones, so that the selection is lost.
     bool Show(std::vector<Simulation> simulations);
-    void Show_Changes(std::vector<std::vector<std::string>> changed_inputs); // by row
-    void Mark(const std::vector<int>& rows);                                 // unmarks all others
+    void Show_Changes(Changed_Inputs changed);
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+    void Filter(const QString& part) { Part = part; } // what follows is shown if one of its texts has the part
+
+    void Mark(const std::vector<int>& rows); // unmarks all others
     const std::vector<Simulation>& Simulations() const { return Rows; }
 
     QString Longest_Text(int column) const; // of the heading and all rows
@@ -32,15 +41,21 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    QString Text(std::size_t row, int column) const;
-    QString Changes_Text(std::size_t row) const;
+    QString Text(const Simulation& simulation, int column) const;
+    const std::vector<std::string>& Changes_Of(const Simulation& simulation) const;
+    QString Changes_Text(const Simulation& simulation) const;
     bool Same_Runs(const std::vector<Simulation>& simulations) const;
+    bool Matches(const Simulation& simulation) const;
+    void Arrange(std::vector<Simulation>& simulations) const;
 
+    QString Part;
+    int Sorted_By = -1; // column; -1: as the directories come
+    Qt::SortOrder Order = Qt::AscendingOrder;
     std::vector<Simulation> Rows;
     std::vector<bool> Marked;
-    std::vector<std::vector<std::string>> Changed; // inputs that have changed since the run
-    std::array<QIcon, 2> Markers;                  // Nicht_Markiert, Markiert
-    std::array<QIcon, 3> Status_Dot;               // by Run_Status: rot, gelb, gruen
+    Changed_Inputs Changed;
+    std::array<QIcon, 2> Markers;    // Nicht_Markiert, Markiert
+    std::array<QIcon, 3> Status_Dot; // by Run_Status: rot, gelb, gruen
 };
 
 } // namespace orvel

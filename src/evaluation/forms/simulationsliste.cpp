@@ -5,15 +5,19 @@
 #include "jobs/run_again.h"
 #include "jobs/simulations.h"
 #include "jobs/start_batch.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QStyle>
 #include <QTableView>
 
@@ -21,6 +25,7 @@ namespace orvel {
 
 namespace {
 
+constexpr int Steps = 1000;            // of the bar while simulations are deleted
 constexpr int Refresh_Interval = 2000; // ms
 constexpr int Columns_Shown = 110;     // at least
 constexpr int Lines_Shown = 24;
@@ -67,10 +72,30 @@ void Simulationsliste::Lay_Out()
             &Simulationsliste::Selection_Changed);
     connect(Grid1, &QTableView::activated, this, &Simulationsliste::Auswaehlen_Click); // Return, or a double click
 
+    Grid1->setSortingEnabled(true);
+    Grid1->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    auto* deletes = new QShortcut(Qt::Key_Delete, Grid1);
+    deletes->setContext(Qt::WidgetShortcut);
+    connect(deletes, &QShortcut::activated, this, &Simulationsliste::Loeschen_Click);
+
+    auto* filter = Named(new QLineEdit, "Filter");
+    filter->setPlaceholderText("Part of a text");
+    filter->setClearButtonEnabled(true);
+    connect(filter, &QLineEdit::textChanged, this, [this](const QString& part) {
+        Simulations.Filter(part);
+        Refresh();
+    });
+    auto* label = new QLabel("&Find:");
+    label->setBuddy(filter);
+    auto* find = new QHBoxLayout;
+    find->addWidget(label);
+    find->addWidget(filter, 1);
+
     auto* all = new QVBoxLayout(this);
+    all->addLayout(find);
     all->addWidget(Grid1, 1);
     all->addLayout(Buttons());
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
     Assistant->Attach(Grid1, 27);
     Assistant->Attach(Auswaehlen, 28);
     Assistant->Attach(Loeschen, 29);
@@ -128,9 +153,9 @@ void Simulationsliste::Refresh()
 
 void Simulationsliste::Show_Changes()
 {
-    std::vector<std::vector<std::string>> changed;
+    Simulation_Model::Changed_Inputs changed;
     for (const Simulation& simulation : Simulations.Simulations())
-        changed.push_back(Changes_Of_Inputs.Of(simulation));
+        changed[simulation.Directory] = Changes_Of_Inputs.Of(simulation);
     Simulations.Show_Changes(std::move(changed));
 }
 
@@ -159,8 +184,9 @@ int Simulationsliste::Column_Width(int column) const
 {
     const int picture = Grid1->verticalHeader()->defaultSectionSize();
     const bool has_picture = column == Simulation_Model::Marker || column == Simulation_Model::Status;
-    return QFontMetrics(Grid1->font()).horizontalAdvance(Simulations.Longest_Text(column)) +
-           picture * (has_picture ? 2 : 1);
+    const int text = QFontMetrics(Grid1->font()).horizontalAdvance(Simulations.Longest_Text(column)) +
+                     picture * (has_picture ? 2 : 1);
+    return std::max(text, Grid1->horizontalHeader()->sectionSizeHint(column)); // which has the arrow of the order
 }
 
 void Simulationsliste::Select_Again(const std::vector<std::filesystem::path>& runs)
@@ -218,7 +244,15 @@ void Simulationsliste::Auswaehlen_Click()
 void Simulationsliste::Loeschen_Click()
 {
     Timer1.stop();
-    Delete_Simulations(The_Session.Program, The_Session.Ask, The_Mode, Selected());
+    QProgressDialog bar("Deleting simulations ...", "&Stop", 0, Steps, this);
+    bar.setWindowModality(Qt::WindowModal);
+    Delete_Simulations(The_Session.Program, The_Session.Ask, The_Mode, Selected(),
+                       [&](const std::string& location, double share) {
+                           bar.setLabelText(Shown(location));
+                           bar.setValue(static_cast<int>(share * Steps)); // lets the window take a click on "Stop"
+                           return !bar.wasCanceled();
+                       });
+    bar.reset();
     Refresh();
     Timer1.start(Refresh_Interval);
 }

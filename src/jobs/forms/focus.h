@@ -10,6 +10,7 @@
 class QComboBox;
 class QGroupBox;
 class QLabel;
+class QHBoxLayout;
 class QLayout;
 class QListWidget;
 class QProgressBar;
@@ -43,7 +44,8 @@ private:
     QLayout* Job_State();
     QLayout* Buttons();
     void Attach_Help();
-    QListWidget* List(const QString& name, const QString& caption, const QString& label_name, QLayout* into);
+    QListWidget* List(const QString& name, const QString& caption, const QString& label_name, int columns,
+                      QHBoxLayout* into);
 
     void Activate();
     void List_Pesticides();

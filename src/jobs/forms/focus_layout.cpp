@@ -1,7 +1,7 @@
 // The run form's controls and layout.
 #include "jobs/forms/focus.h"
 #include "runs/start_up.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
 
@@ -22,7 +22,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int List_Columns = 32;
+constexpr int Pesticide_Columns = 26, Crop_Columns = 28, Location_Columns = 46; // of their lists
 constexpr int List_Rows = 17;
 constexpr int Notice_Lines = 5;
 constexpr std::string_view Run_Button_Notice =
@@ -58,7 +58,7 @@ void FOCUS::Lay_Out()
     all->addLayout(Notices());
     all->addLayout(Job_State());
     all->addLayout(Buttons());
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
     Pesticide->setFocus();
     Attach_Help();
 }
@@ -75,9 +75,9 @@ void FOCUS::Attach_Help()
 QLayout* FOCUS::Lists()
 {
     auto* lists = new QHBoxLayout;
-    Pesticide = List("Pesticide", "&Pesticide file", "Label5", lists);
-    Crop_List = List("Crop", "&Crop", "Label4", lists);
-    Location_List = List("Location", "Recommended &Locations", "Label3", lists);
+    Pesticide = List("Pesticide", "&Pesticide file", "Label5", Pesticide_Columns, lists);
+    Crop_List = List("Crop", "&Crop", "Label4", Crop_Columns, lists);
+    Location_List = List("Location", "Recommended &Locations", "Label3", Location_Columns, lists);
     for (const Crop& crop : Crops)
         Crop_List->addItem(Shown(crop.Text));
     connect(Pesticide, &QListWidget::currentRowChanged, this, &FOCUS::Evaluate);
@@ -89,17 +89,18 @@ QLayout* FOCUS::Lists()
     return lists;
 }
 
-QListWidget* FOCUS::List(const QString& name, const QString& caption, const QString& label_name, QLayout* into)
+QListWidget* FOCUS::List(const QString& name, const QString& caption, const QString& label_name, int columns,
+                         QHBoxLayout* into)
 {
     auto* list = Named(new QListWidget, name);
     list->setAccessibleName(QString(caption).remove('&'));
-    list->setMinimumSize(fontMetrics().averageCharWidth() * List_Columns, fontMetrics().lineSpacing() * List_Rows);
+    list->setMinimumSize(fontMetrics().averageCharWidth() * columns, fontMetrics().lineSpacing() * List_Rows);
     list->setUniformItemSizes(true);
     list->installEventFilter(this);
     auto* column = new QVBoxLayout;
     column->addWidget(Caption(label_name, caption, list));
     column->addWidget(list, 1);
-    static_cast<QHBoxLayout*>(into)->addLayout(column, 1);
+    into->addLayout(column, columns);
     return list;
 }
 

@@ -7,6 +7,7 @@
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/output_selection.h"
 #include "ui/forms/leave_guard.h"
+#include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 #include "ui/number_field.h"
 
@@ -66,13 +67,16 @@ form_end::form_end(Session& session, Run_Windows windows, QWidget* parent)
 
 void form_end::Refresh_Files()
 {
-    Dir1->setText(QString::fromStdString(Directory.string()));
+    Dir1->Show(Directory);
     const QString climate = File_cli->currentItem() ? File_cli->currentItem()->text() : QString();
     Fill(*File_psm, Directory, "*.psm", Label2[0]->text());
     Fill(*File_sce, Directory, "*.sze", Label2[1]->text());
     Fill(*File_cli, Directory, "*.cli", climate);
     if (File_cli->currentRow() < 0)
         File_cli->setCurrentRow(0);
+    const std::string missing = Missing_Files_Text(The_Session.Program, Directory);
+    Missing->setText(Shown(missing));
+    Missing->setVisible(!missing.empty());
 }
 
 void form_end::Load(const Single_Run_Entry& entry)
@@ -106,7 +110,7 @@ Single_Run_Entry form_end::Entry() const
 
 void form_end::Choose_Directory()
 {
-    const QString chosen = QFileDialog::getExistingDirectory(this, "Directory of the run", Dir1->text());
+    const QString chosen = QFileDialog::getExistingDirectory(this, "Directory of the run", Dir1->Path());
     if (chosen.isEmpty())
         return;
     Directory = chosen.toStdString();

@@ -20,6 +20,7 @@ class QRadioButton;
 namespace orvel {
 
 class Leave_Guard;
+class Path_Label;
 
 // The single run: its input files, its period, its output, the archive of earlier output.
 class form_end : public QDialog {
@@ -63,7 +64,8 @@ private:
     Session& The_Session;
     Run_Windows Windows;
     std::filesystem::path Directory;
-    QLabel* Dir1 = nullptr;
+    Path_Label* Dir1 = nullptr;
+    QLabel* Missing = nullptr; // which files the directory lacks
     QListWidget *File_psm = nullptr, *File_sce = nullptr, *File_cli = nullptr, *List_cli = nullptr;
     std::array<QLabel*, 2> Label2{};
     QComboBox *Combo_stad = nullptr, *Combo_endd = nullptr, *Combo_stam = nullptr, *Combo_endm = nullptr;

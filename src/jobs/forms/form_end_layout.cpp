@@ -1,8 +1,9 @@
 // The single-run form's controls and layout.
 #include "jobs/forms/form_end.h"
 #include "ui/forms/date_boxes.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/leave_guard.h"
+#include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 
 #include <QComboBox>
@@ -61,18 +62,23 @@ void form_end::Lay_Out()
     all->addWidget(Archive());
     all->addLayout(state);
     all->addLayout(Buttons());
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
 }
 
 QLayout* form_end::Directory_Row()
 {
-    Dir1 = Named(new QLabel, "Dir1");
-    Dir1->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* choose = Push_Button("Choose_Directory", "&Directory ...", this, &form_end::Choose_Directory);
+    Dir1 = Named(new Path_Label, "Dir1");
+    auto* choose = Push_Button("Choose_Directory", "Director&y ...", this, &form_end::Choose_Directory);
+    Missing = Named(new QLabel, "Missing");
+    Missing->setWordWrap(true);
+    Missing->hide();
     auto* row = new QHBoxLayout;
     row->addWidget(choose);
     row->addWidget(Dir1, 1);
-    return row;
+    auto* rows = new QVBoxLayout;
+    rows->addLayout(row);
+    rows->addWidget(Missing);
+    return rows;
 }
 
 QLayout* form_end::Files()
@@ -117,7 +123,7 @@ QLayout* form_end::Climate_List()
         buttons->addWidget(Push_Button(name, text, this, handler));
     };
     add("Command1", "&Insert", &form_end::Insert_Climate);
-    add("Command2", "A&ppend", &form_end::Append_Climate);
+    add("Command2", "&Append", &form_end::Append_Climate);
     add("Command3", "&Remove", &form_end::Remove_Climate);
     auto* column = new QVBoxLayout;
     column->addWidget(title);
@@ -144,7 +150,7 @@ QLayout* form_end::Period()
     period->addRow(new QLabel("Terminate Simulation on:"));
     period->addRow("Day:", Combo_endd);
     period->addRow("Month:", Combo_endm);
-    period->addRow("End Simulation in &Year:", Text_years);
+    period->addRow("End Simulation in Year:", Text_years);
     return period;
 }
 

@@ -129,11 +129,9 @@ private:
     void Heading(const Report_Section& section)
     {
         QTextBlockFormat block;
-        block.setTopMargin(Dots(Is_First || section.Begins_A_Page ? 0 : 14));
+        block.setTopMargin(Dots(Is_First ? 0 : 14));
         block.setBottomMargin(Dots(5));
         block.setHeadingLevel(section.Level);
-        if (section.Begins_A_Page)
-            block.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
         Begin_Block(block, Letters(Heading_Points.at(static_cast<std::size_t>(section.Level)), true));
         Cursor.insertText(Text(section.Heading));
     }

@@ -2,7 +2,7 @@
 
 #include "core/output_variables.h"
 #include "runs/output_selection.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
 
 #include <QComboBox>
@@ -91,7 +91,7 @@ void Ausgabe_festlegen::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addWidget(scrolled, 1);
     all->addWidget(buttons);
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
     resize(sizeHint().width(), area->sizeHint().height() + buttons->sizeHint().height() * 3);
 }
 

@@ -43,7 +43,7 @@ void Form_DifCrop::Lay_Out()
     List_crop = Named(new QListWidget, "List_crop");
     List_crop->setMinimumWidth(fontMetrics().averageCharWidth() * List_Width);
     connect(List_crop, &QListWidget::currentRowChanged, this, &Form_DifCrop::Show_Crop);
-    auto* label = new QLabel("Different &Crops");
+    auto* label = new QLabel("Different C&rops");
     label->setBuddy(List_crop);
     auto* crops = new QVBoxLayout;
     crops->addWidget(label);
@@ -61,12 +61,12 @@ void Form_DifCrop::Lay_Out()
     columns->addLayout(middle);
     columns->addLayout(right, 1);
 
-    auto* buttons = Done_And_Cancel(*this, The_Session.Ask, &Form_DifCrop::Done, "Command1", "&OK");
-    buttons->addButton(Push_Button("Command3", "Default &Values", this, &Form_DifCrop::Defaults),
-                       QDialogButtonBox::ResetRole);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(Push_Button("Command3", "Default &Values", this, &Form_DifCrop::Defaults));
+    buttons->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Form_DifCrop::Done, "Command1", "&OK"), 1);
     auto* all = new QVBoxLayout(this);
     all->addLayout(columns, 1);
-    all->addWidget(buttons);
+    all->addLayout(buttons);
 }
 
 Number_Edit* Form_DifCrop::Box(const QString& name, const QString& purpose, const QString& unit)
@@ -92,7 +92,7 @@ QGroupBox* Form_DifCrop::Crop_Group()
         rows->addWidget(label, row, 0);
         rows->addWidget(field, row, 1);
     };
-    add("Maximum &root depth", Box("Text1", "Maximum root depth", "cm"));
+    add("Maximum root de&pth", Box("Text1", "Maximum root depth", "cm"));
     add("Max. interception &storage for water:", Box("Text2", "Max. interception storage for water", "cm"));
     add("Maximum crop &interception:", Box("Text3", "Maximum crop interception", "%"));
     add("Maximum dry &mass", Box("Text4", "Maximum dry mass", QString::fromUtf8("kg/m²")));

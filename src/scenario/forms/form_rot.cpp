@@ -107,6 +107,9 @@ QGroupBox* Form_rot::Dates()
         grid->addWidget(boxes.Year, row, 3);
         Connect_Date(i);
     }
+    Date_Note = Named(new QLabel, "Date_Note");
+    Date_Note->setWordWrap(true);
+    grid->addWidget(Date_Note, static_cast<int>(Boxes.size()) + 1, 0, 1, 4);
     return Croping_Dates;
 }
 
@@ -162,6 +165,7 @@ void Form_rot::Rot_Show()
         month->setCurrentIndex(date.Month - 1);
         year->setText(has_date ? QString::number(date.Year) : QString());
     }
+    Date_Note->setText(row ? Shown(Rotation_Date_Hints(Work, *row)) : QString());
 }
 
 void Form_rot::Leave_Dates()

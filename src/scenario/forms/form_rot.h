@@ -8,6 +8,7 @@
 
 class QComboBox;
 class QGroupBox;
+class QLabel;
 class QListWidget;
 class QPushButton;
 
@@ -51,6 +52,7 @@ private:
     QListWidget *List_dat = nullptr, *List_rot = nullptr;
     QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr, *Command6 = nullptr;
     QGroupBox* Croping_Dates = nullptr;
+    QLabel* Date_Note = nullptr; // of dates that no year has
     Leave_Guard* Guard = nullptr;
     std::array<Date_Boxes, Crop_Stages.size()> Boxes;
 };

@@ -5,7 +5,7 @@
 #include "scenario/forms/klimagrafik.h"
 #include "scenario/saving.h"
 #include "ui/forms/byte_edit.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/number_grid.h"
 #include "ui/forms/widgets.h"
 
@@ -73,7 +73,7 @@ void Klima::Lay_Out()
     all->addLayout(texts);
     all->addWidget(Grid1, 1);
     all->addLayout(buttons);
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
     resize(sizeHint().width(), fontMetrics().lineSpacing() * Rows_Shown * 3 / 2);
 }
 

@@ -29,7 +29,7 @@ void Klimagrafik::Draw()
 {
     const auto series = static_cast<std::size_t>(std::max(0, Reihe->currentIndex()));
     setWindowTitle(Shown(Climate_Columns[series].Chart_Title));
-    Show_Chart(Climate_Chart(series, Grid.Values(series)));
+    Show_Chart(Climate_Chart(series, Grid.Values(series), Grid.Dates()));
 }
 
 std::size_t Series_Of_Column(int column)

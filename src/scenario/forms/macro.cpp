@@ -4,7 +4,7 @@
 #include "ui/forms/number_edit.h"
 
 #include <QFormLayout>
-#include <QVBoxLayout>
+#include <QHBoxLayout>
 
 namespace orvel {
 
@@ -21,13 +21,13 @@ Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), The_Session(s
         rows->addRow(captions[i], Fields[i] = Named(new Number_Edit, names[i]));
     Show_Texts(Show_Macropores(The_Session.Scenario));
 
-    auto* buttons = Done_And_Cancel(*this, The_Session.Ask, &Macro::Done, "Command1", "&OK");
-    auto* reset = Push_Button("Reset", "&Default Values", this, [this] { Show_Texts(Default_Macropores()); });
-    buttons->addButton(reset, QDialogButtonBox::ResetRole);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(Push_Button("Reset", "&Default Values", this, [this] { Show_Texts(Default_Macropores()); }));
+    buttons->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Macro::Done, "Command1", "&OK"), 1);
     auto* all = new QVBoxLayout(this);
     all->addLayout(rows);
     all->addStretch(1);
-    all->addWidget(buttons);
+    all->addLayout(buttons);
 }
 
 void Macro::Show_Texts(const Macropore_Texts& texts)

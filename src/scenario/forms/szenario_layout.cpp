@@ -1,7 +1,7 @@
 // Layout of the scenario form.
 #include "scenario/forms/szenario.h"
 #include "scenario/scenario_view.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
@@ -99,7 +99,7 @@ void Szenario::Lay_Out()
     all->addLayout(title);
     all->addLayout(columns, 1);
     all->addLayout(Buttons());
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
 }
 
 QGroupBox* Szenario::Soil()

@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QStyle>
 
 namespace orvel {
 
@@ -60,6 +61,14 @@ void andere_Standorte::Lay_Out(Location_Kind kind)
     Location->setFocus();
 }
 
+// The widest name of the list, and a scroll bar beside it.
+void andere_Standorte::Show_Names_Whole()
+{
+    Location->setMinimumWidth(std::max(Location->minimumWidth(), Location->sizeHintForColumn(0) +
+                                                                     2 * Location->frameWidth() +
+                                                                     style()->pixelMetric(QStyle::PM_ScrollBarExtent)));
+}
+
 QWidget* andere_Standorte::Crops()
 {
     Crop = Named(new QListWidget, "Crop");
@@ -83,6 +92,7 @@ void andere_Standorte::Offer(const std::vector<std::string>& names, const std::v
         Location->addItem(Shown(name));
         Location->item(Location->count() - 1)->setSelected(std::ranges::find(selected, name) != selected.end());
     }
+    Show_Names_Whole();
 }
 
 std::vector<std::string> andere_Standorte::Loc_Available() const

@@ -24,6 +24,7 @@ public:
 
 private:
     void Lay_Out(Location_Kind kind);
+    void Show_Names_Whole();
     QWidget* Crops();
     void Offer(const std::vector<std::string>& names, const std::vector<std::string>& selected);
 

@@ -5,6 +5,7 @@
 #include "substance/forms/andere_standorte.h"
 #include "substance/forms/form_appgrid.h"
 #include "substance/forms/plant_app.h"
+#include "ui/date_hint.h"
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
@@ -77,6 +78,14 @@ void Application_Box::Show_Absolute(const Application_View& view)
     Rate->setText(Shown(view.Rate));
     Tiefe->setText(Shown(view.Tiefe));
     Interception->setText(Shown(view.Interception));
+    Show_Date_Hint();
+}
+
+void Application_Box::Show_Date_Hint()
+{
+    const auto hint = Date_Hint(App_Tag->currentIndex() + 1, App_Monat->currentIndex() + 1);
+    Datum_Hinweis->setText(hint ? Shown(*hint) : QString());
+    Absolute_Rows->setRowVisible(Datum_Hinweis, hint.has_value());
 }
 
 void Application_Box::Show_Relative(const Application_View& view)

@@ -49,6 +49,7 @@ private:
     void Show_Locations();
     void Show_Absolute(const Application_View& view);
     void Show_Relative(const Application_View& view);
+    void Show_Date_Hint();
     void Fill_Days(const Day_List& days);
 
     void Choose_Dates(int index);
@@ -72,7 +73,7 @@ private:
     Number_Edit *Text_naps = nullptr, *Rate = nullptr, *Tiefe = nullptr, *Interception = nullptr;
     Number_Edit *relative_Rate = nullptr, *relative_Tiefe = nullptr, *relative_Interception = nullptr;
     QLabel *Hinweis = nullptr, *Applikationen_pro_Jahr = nullptr, *label_Anzahl = nullptr, *Label_Tag = nullptr,
-           *Label_Monat = nullptr, *label_Tag_rel = nullptr;
+           *Label_Monat = nullptr, *label_Tag_rel = nullptr, *Datum_Hinweis = nullptr;
     std::vector<QWidget*> Year_Widgets;
     QGroupBox *absolute_Applikationen = nullptr, *relative_Applikationen = nullptr;
     QFormLayout *Absolute_Rows = nullptr, *Relative_Rows = nullptr;

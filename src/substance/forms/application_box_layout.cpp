@@ -175,8 +175,11 @@ QGroupBox* Application_Box::Absolute()
         App_Monat->addItem(Shown(Month_Name[month]));
     rows.addRow(Label_Tag = Named(new QLabel, "Label_Tag"), App_Tag);
     rows.addRow(Label_Monat = Named(new QLabel, "Label_Monat"), App_Monat);
+    rows.addRow(Datum_Hinweis = Named(new QLabel, "Datum_Hinweis"));
     connect(App_Tag, &QComboBox::activated, this, [this](int index) { Edit_Day(The_Session, index); });
     connect(App_Monat, &QComboBox::activated, this, [this](int index) { Edit_Month(The_Session, index); });
+    for (auto* part : {App_Tag, App_Monat})
+        connect(part, &QComboBox::currentIndexChanged, this, &Application_Box::Show_Date_Hint);
     Rate = Number(rows, "Application rate (kg/ha)", "Rate", Edit_Rate);
     Tiefe = Number(rows, "Application depth (cm)", "Tiefe", Edit_Depth);
     Interception = Number(rows, "Crop interception (%)", "Interception", Edit_Interception);

@@ -81,6 +81,8 @@ void Form_appgrid::Done()
 {
     if (!AppGrid->Is_Readable())
         return;
+    if (const auto question = Impossible_Date(Grid()); question && The_Session.Ask(*question) != Button::Yes)
+        return;
     const auto refusal = Accept_Application_Grid(The_Session, Grid(), Method);
     if (!refusal)
         return accept();

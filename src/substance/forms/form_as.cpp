@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QTimer>
 
 namespace orvel {
 
@@ -65,6 +66,10 @@ void Form_AS::Show_Minor(bool visible)
     Command4->setText(Shown(Command4_Caption(visible)));
     Fields->Show_Minor(visible);
     Volatility->Show_Minor(visible);
+    QTimer::singleShot(0, this, [this] { // when the rows have gone
+        if (isVisible() && !isMaximized())
+            resize(width(), minimumSizeHint().height());
+    });
 }
 
 void Form_AS::Done()

@@ -45,6 +45,9 @@ void Form_MET::Done()
     const auto entry = Fields->Entered();
     if (!entry)
         return;
+    if (const auto question = Takes_Horizons_Away(The_Session.Pesticide, *entry);
+        question && The_Session.Ask(*question) != Button::Yes)
+        return;
     Accept_Metabolite(The_Session, Substance, *entry);
     accept();
 }

@@ -8,7 +8,7 @@
 #include "substance/forms/pathway_view.h"
 #include "substance/pathway_picture.h"
 #include "substance/pesticide_editor.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
@@ -77,7 +77,7 @@ void Form_PSM_1::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addWidget(View, 1);
     all->addLayout(buttons);
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
 }
 
 void Form_PSM_1::Show_Scheme()

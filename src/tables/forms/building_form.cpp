@@ -1,6 +1,6 @@
 #include "tables/forms/building_form.h"
 
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
 
 #include <QApplication>
@@ -42,7 +42,7 @@ Building_Form::Building_Form(const QString& name, QWidget* parent, int columns_s
     all->addWidget(Pages, 1);
     all->addLayout(message);
     all->addLayout(Row);
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
     const QFontMetrics metrics(Fixed_Pitch_Font());
     resize(metrics.averageCharWidth() * columns_shown, metrics.lineSpacing() * Lines_Shown);
 }

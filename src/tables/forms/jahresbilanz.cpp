@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QFormLayout>
+#include <QLabel>
 
 namespace orvel {
 
@@ -20,6 +21,13 @@ Jahresbilanz::Jahresbilanz(Balance_Tables tables, Ask_Function ask, QWidget* par
     auto* choices = new QFormLayout;
     choices->addRow("Su&bstance:", Substanz);
     Choices().addLayout(choices);
+    Wasserlegende = Named(new QLabel, "Wasserlegende");
+    Pestizidlegende = Named(new QLabel, "Pestizidlegende");
+    for (auto* key : {Wasserlegende, Pestizidlegende}) {
+        key->setAlignment(Qt::AlignCenter);
+        key->setWordWrap(true);
+        Choices().addWidget(key);
+    }
     connect(Substanz, &QComboBox::currentIndexChanged, this, &Jahresbilanz::Draw);
     Draw();
 }
@@ -27,6 +35,9 @@ Jahresbilanz::Jahresbilanz(Balance_Tables tables, Ask_Function ask, QWidget* par
 void Jahresbilanz::Draw()
 {
     const int chosen = std::max(0, Substanz->currentIndex());
+    Key = chosen == 0 ? Wasserlegende : Pestizidlegende;
+    Wasserlegende->setVisible(chosen == 0);
+    Pestizidlegende->setVisible(chosen != 0);
     Show_Chart(chosen == 0 ? Water_Balance_Chart(Tables)
                            : Substance_Balance_Chart(Tables, static_cast<std::size_t>(chosen) - 1));
 }

@@ -4,6 +4,7 @@
 #include "tables/balance_tables.h"
 
 class QComboBox;
+class QLabel;
 
 namespace orvel {
 
@@ -19,6 +20,7 @@ private:
 
     const Balance_Tables Tables;
     QComboBox* Substanz = nullptr;
+    QLabel *Wasserlegende = nullptr, *Pestizidlegende = nullptr;
 };
 
 } // namespace orvel

@@ -5,6 +5,8 @@
 
 #include <array>
 #include <filesystem>
+#include <optional>
+#include <utility>
 
 class QPushButton;
 class QRadioButton;
@@ -28,6 +30,7 @@ public:
 
 private:
     void Lay_Out();
+    X_Unit Unit() const;
     void Draw();
     void Zoom(double from, double to);
 
@@ -35,6 +38,7 @@ private:
     Daily_Series Series;
     std::array<QRadioButton*, 3> Option1{};
     QPushButton* Whole_Span = nullptr;
+    std::optional<std::pair<double, double>> Span; // the days shown; empty: all
 };
 
 } // namespace orvel

@@ -3,7 +3,7 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/text.h"
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
 #include "ui/shown_file.h"
@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
 
 namespace orvel {
 
@@ -51,11 +52,12 @@ Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::strin
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Ergebnis = Fixed_Pitch_Text("Ergebnis", caption);
     Ergebnis->setPlainText(Shown(text));
+    Ergebnis->setTabChangesFocus(true);
     Row = new QHBoxLayout;
     auto* all = new QVBoxLayout(this);
     all->addWidget(Ergebnis, 1);
     all->addLayout(Row);
-    Enter_Leaves_Fields(*this);
+    Use_Form_Keys(*this);
     const QFontMetrics metrics(Ergebnis->font());
     resize(metrics.averageCharWidth() * Columns_Shown, metrics.lineSpacing() * Lines_Shown);
 }
@@ -64,6 +66,23 @@ void Text_Viewer::Go_To_End()
 {
     Ergebnis->moveCursor(QTextCursor::End);
     Ergebnis->ensureCursorVisible();
+}
+
+// Lines of the engine's errors stand out.
+void Text_Viewer::Mark_Errors()
+{
+    QList<QTextEdit::ExtraSelection> lines;
+    for (auto block = Ergebnis->document()->begin(); block.isValid(); block = block.next()) {
+        if (!block.text().contains("ERROR") && !block.text().contains("E R R O R"))
+            continue;
+        QTextEdit::ExtraSelection line;
+        line.cursor = QTextCursor(block);
+        line.format.setProperty(QTextFormat::FullWidthSelection, true);
+        line.format.setBackground(palette().highlight());
+        line.format.setForeground(palette().highlightedText());
+        lines << line;
+    }
+    Ergebnis->setExtraSelections(lines);
 }
 
 template <class Handler> void Text_Viewer::Add_Button(const QString& name, const QString& caption, Handler handler)
@@ -94,6 +113,7 @@ Fehler_in_Simulation::Fehler_in_Simulation(std::string_view echo, QWidget* paren
 {
     Add_Copy_And_Print();
     Add_Done("OK", "&OK");
+    Mark_Errors();
     if (Contains(echo, "ERROR"))
         Go_To_End();
 }

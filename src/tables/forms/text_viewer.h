@@ -20,6 +20,7 @@ public:
     Text_Viewer(const QString& name, const QString& caption, std::string_view text, QWidget* parent);
 
     void Go_To_End(); // like Ctrl+End
+    void Mark_Errors();
 
 protected:
     // Adds a button to the row below the text, in the order of the calls.

@@ -30,7 +30,7 @@ public:
                 return QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
             }
             if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-                frame && element == PE_FrameLineEdit) {
+                frame && (element == PE_FrameLineEdit || element == PE_Frame)) {
                 const auto outlined = Outlined(*frame);
                 return QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
             }

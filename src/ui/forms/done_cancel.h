@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
 
@@ -20,7 +20,7 @@ QDialogButtonBox* Done_And_Cancel(Form& form, Accept accept, const QString& acce
     auto* cancel = Named(buttons->addButton("&Cancel", QDialogButtonBox::RejectRole), cancel_name);
     for (auto* button : {done, cancel})
         button->setAutoDefault(false);
-    Enter_Leaves_Fields(form);
+    Use_Form_Keys(form);
     QObject::connect(done, &QPushButton::clicked, &form, accept);
     QObject::connect(cancel, &QPushButton::clicked, &form, &Form::reject);
     return buttons;

@@ -7,6 +7,15 @@
 
 namespace orvel {
 
+namespace {
+
+bool Holds_Numbers(const Number_Column& column)
+{
+    return column.Editable && column.Choices.empty();
+}
+
+} // namespace
+
 Grid_Model::Grid_Model(std::vector<Number_Column> columns, QObject* parent)
     : QAbstractTableModel(parent),
       All_Columns(std::move(columns))
@@ -22,12 +31,11 @@ QVariant Grid_Model::data(const QModelIndex& cell, int role) const
     if (!cell.isValid())
         return {};
     const auto& column = Column(cell.column());
-    const bool text = !column.Editable || !column.Choices.empty();
     switch (role) {
     case Qt::DisplayRole:
         return Shown(Cell(cell.row(), cell.column()));
     case Qt::TextAlignmentRole:
-        return QVariant((text ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+        return QVariant((Holds_Numbers(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     case Qt::BackgroundRole:
         return column.Editable ? QVariant() : QApplication::palette().button();
     case Qt::ForegroundRole:
@@ -47,7 +55,11 @@ QVariant Grid_Model::data(const QModelIndex& cell, int role) const
 
 QVariant Grid_Model::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::TextAlignmentRole && Holds_Numbers(Column(section)))
+        return QVariant(Qt::AlignRight | Qt::AlignVCenter); // over its numbers
+    if (role != Qt::DisplayRole)
         return {};
     return Shown(Heading_Lines(Column(section).Heading));
 }

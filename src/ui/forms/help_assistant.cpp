@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QSinglePointEvent>
-#include <QStyle>
 
 namespace orvel {
 
@@ -17,6 +17,27 @@ constexpr int Hide_After = 500; // ms after the mouse stopped moving over a cont
 constexpr const char* On_Hint = "Click to swith off the online help.";
 constexpr const char* Off_Hint = "Click to swith on the online help.";
 
+// A question mark in a circle, which is filled while the help is on.
+QIcon Question_Mark(const QWidget& form, bool on)
+{
+    constexpr int Size = 64;
+    QPixmap picture(Size, Size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const auto& palette = form.palette();
+    painter.setPen(QPen(palette.color(QPalette::Highlight), Size / 16.0));
+    painter.setBrush(on ? palette.highlight() : QBrush(Qt::NoBrush));
+    painter.drawEllipse(QRectF(picture.rect()).adjusted(4, 4, -4, -4));
+    QFont font = form.font();
+    font.setPixelSize(Size * 5 / 8);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(palette.color(on ? QPalette::HighlightedText : QPalette::WindowText));
+    painter.drawText(picture.rect(), Qt::AlignCenter, "?");
+    return QIcon(picture);
+}
+
 } // namespace
 
 Help_Assistant::Help_Assistant(Session& session, QWidget& form) : QObject(&form), The_Session(session), Form(form)
@@ -24,10 +45,9 @@ Help_Assistant::Help_Assistant(Session& session, QWidget& form) : QObject(&form)
     Switches = new QWidget;
     auto* row = new QHBoxLayout(Switches);
     row->setContentsMargins(0, 0, 0, 0);
-    const std::array<QStyle::StandardPixmap, 2> pictures = {QStyle::SP_MessageBoxQuestion, QStyle::SP_DialogHelpButton};
     for (std::size_t i = 0; i < Fragen.size(); ++i) {
         Fragen[i] = Named(new QToolButton, QString("Fragen_%1").arg(i));
-        Fragen[i]->setIcon(form.style()->standardIcon(pictures[i]));
+        Fragen[i]->setIcon(Question_Mark(form, i == 1));
         Fragen[i]->setAccessibleName(i == 0 ? "Switch the online help on" : "Switch the online help off");
         Fragen[i]->setAutoRaise(true);
         Watch(*Fragen[i]);
@@ -72,6 +92,8 @@ bool Help_Assistant::eventFilter(QObject* watched, QEvent* event)
         Show_Switches(); // another form may have switched the help on or off
     if (watched == &Form && !Numbers.contains(watched))
         return false;
+    if (event->type() == QEvent::ToolTip && The_Session.Program.Online_Help && Numbers.contains(watched))
+        return true; // the help box is enough
     if (event->type() != QEvent::MouseMove && event->type() != QEvent::Enter)
         return false;
     const auto* control = static_cast<const QWidget*>(watched);

@@ -12,7 +12,7 @@ namespace orvel {
 namespace {
 
 constexpr int Gap = 4;
-constexpr int Fewest_Digits = 9;
+constexpr int Fewest_Digits = 9, Most_Digits = 22; // of the widest and of any number
 
 int Sign_Size(const QWidget& field)
 {
@@ -73,6 +73,7 @@ void Number_Edit::Make_Room()
     const int unit = The_Unit.isEmpty() ? 0 : fontMetrics().horizontalAdvance(The_Unit) + Gap;
     const int sign = Hint().isEmpty() ? 0 : Sign_Size(*this) + Gap;
     setTextMargins(0, 0, unit + sign, 0);
+    setMaximumWidth(Byte_Edit::minimumSizeHint().width() + unit + fontMetrics().horizontalAdvance(u'0') * Most_Digits);
 }
 
 void Number_Edit::paintEvent(QPaintEvent* event)

@@ -130,6 +130,7 @@ Number_Grid::Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Fun
     setEditTriggers(DoubleClicked | EditKeyPressed);
     setTabKeyNavigation(false);
     horizontalHeader()->setHighlightSections(false); // bold headings would not fit
+    horizontalHeader()->setStretchLastSection(true); // no empty ground right of the cells
     verticalHeader()->hide();
     connect(model, &QAbstractItemModel::modelReset, &Changes, &QUndoStack::clear);
 }
@@ -137,9 +138,13 @@ Number_Grid::Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Fun
 void Number_Grid::Fit_Columns(int characters)
 {
     const int wanted = characters * fontMetrics().averageCharWidth();
-    for (int c = 0; c < Model.columnCount(); ++c)
-        setColumnWidth(c, std::max({wanted, horizontalHeader()->sectionSizeHint(c),
-                                    Model.Column(c).Editable ? 0 : sizeHintForColumn(c)}));
+    Fitted = 0;
+    for (int c = 0; c < Model.columnCount(); ++c) {
+        const int width = std::max(
+            {wanted, horizontalHeader()->sectionSizeHint(c), Model.Column(c).Editable ? 0 : sizeHintForColumn(c)});
+        setColumnWidth(c, width);
+        Fitted += width;
+    }
 }
 
 QSize Number_Grid::sizeHint() const
@@ -147,7 +152,8 @@ QSize Number_Grid::sizeHint() const
     const int rows = std::min(Model.rowCount(), Most_Rows_Hinted);
     const int frame = 2 * frameWidth() + 2;
     const bool scrolls = Model.rowCount() > rows;
-    return {horizontalHeader()->length() + frame + (scrolls ? verticalScrollBar()->sizeHint().width() : 0),
+    return {(Fitted > 0 ? Fitted : horizontalHeader()->length()) + frame +
+                (scrolls ? verticalScrollBar()->sizeHint().width() : 0),
             horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() + frame};
 }
 

@@ -72,6 +72,7 @@ private:
     Grid_Rule Rule;
     const Ask_Function& Ask;
     QUndoStack Changes;
+    int Fitted = 0;    // width of all columns, as Fit_Columns made them
     bool Fresh = true; // the next key replaces the text of the cell
 };
 

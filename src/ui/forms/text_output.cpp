@@ -18,6 +18,7 @@ namespace {
 
 constexpr int Tab_Columns = 8;
 constexpr double Largest_Point_Size = 10;
+constexpr double Print_Margin = 2 / 2.54 * 72; // points; a text document prints with 2 cm on each side
 
 // Blanks up to the next stop in place of each tab: in a fixed pitch the columns stay, whatever a printer's unit is.
 QString Without_Tabs(const QString& text)
@@ -71,7 +72,7 @@ void Print_Text_On(QPrinter& printer, const QString& text)
     QFont font = Fixed_Pitch_Font();
     font.setPointSizeF(Largest_Point_Size);
     // A fixed-pitch character is about 0.6 of its point size wide, or slightly more.
-    const double fitting = page.width() / (Longest_Line(plain) * 0.61);
+    const double fitting = (page.width() - 2 * Print_Margin) / (Longest_Line(plain) * 0.61);
     font.setPointSizeF(std::min(Largest_Point_Size, fitting));
     document.setDefaultFont(font);
     document.documentLayout()->setPaintDevice(&printer);

@@ -14,6 +14,7 @@
 #include "files/scenario_file.h"
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
+#include "pdf_text.h"
 #include "report/forms/zusammenfassung_orv.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/forms/dialog.h"
@@ -50,16 +51,21 @@
 #include "ui/forms/widgets.h"
 #include "window_test.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
+#include <map>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableView>
+#include <QToolButton>
 
 namespace orvel {
 
@@ -142,7 +148,11 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<FOCUS>("focus", std::cref(focus), Run_Windows()),
         Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa)), Run_Windows()),
         Plain<FOCUS>("efsa_t4", std::cref(Mode_Of(Mode_Kind::Efsa_T4)), Run_Windows()),
-        Plain<form_end>("form_end", Run_Windows()),
+        {"form_end",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Run.Single = {.Sim_Years = "3", .Start_Day = "1", .End_Day = "31"};
+             return std::make_unique<form_end>(session, Run_Windows());
+         }},
         {"ausgabe_festlegen",
          [](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Ausgabe_festlegen>(session.Output);
@@ -274,6 +284,120 @@ QStringList Cut_In(const QWidget& window)
     return cut;
 }
 
+// The least screen that every window is made for, without the title of the window.
+constexpr QSize Least_Screen(1280, 690);
+
+bool Can_Be_Tabbed_To(const QWidget& control)
+{
+    const auto* option = qobject_cast<const QRadioButton*>(&control);
+    return control.isVisible() && control.isEnabled() && !control.focusProxy() &&
+           (option ? option->isChecked() : (control.focusPolicy() & Qt::TabFocus) != 0);
+}
+
+// The key that a caption underlines: of a button, or of a label that leads to a control.
+QKeySequence Mnemonic_Of(const QWidget& control)
+{
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&control))
+        return QKeySequence::mnemonic(button->text());
+    if (const auto* label = qobject_cast<const QLabel*>(&control); label && label->buddy())
+        return QKeySequence::mnemonic(label->text());
+    if (const auto* group = qobject_cast<const QGroupBox*>(&control))
+        return QKeySequence::mnemonic(group->title());
+    return {};
+}
+
+QStringList Doubled_Mnemonics(const QWidget& window)
+{
+    std::map<QString, QStringList> places;
+    for (const auto* control : window.findChildren<QWidget*>()) {
+        if (const auto key = Mnemonic_Of(*control); control->isVisible() && !key.isEmpty())
+            places[key.toString()] << Place_Of(*control);
+    }
+    QStringList doubled;
+    for (const auto& [key, controls] : places) {
+        if (controls.size() > 1)
+            doubled << key + ": " + controls.join(", ");
+    }
+    return doubled;
+}
+
+// Controls in the order in which the Tab key meets them.
+std::vector<QWidget*> Tabbed(QWidget& window)
+{
+    std::vector<QWidget*> met;
+    for (auto* at = window.focusWidget(); at && std::ranges::find(met, at) == met.end() && met.size() < 300U;
+         at = window.focusWidget()) {
+        met.push_back(at);
+        QTest::keyClick(at, Qt::Key_Tab);
+    }
+    return met;
+}
+
+int Middle_Of(const QWidget& window, const QWidget& control)
+{
+    return control.mapTo(&window, control.rect().center()).y();
+}
+
+// The buttons of the lowest row: those that save, run and close.
+std::vector<QWidget*> Foot_Of(const QWidget& window)
+{
+    std::vector<QWidget*> foot;
+    int lowest = 0;
+    for (auto* button : window.findChildren<QPushButton*>()) {
+        if (button->isVisible())
+            lowest = std::max(lowest, Middle_Of(window, *button));
+    }
+    for (auto* button : window.findChildren<QAbstractButton*>()) {
+        if (button->isVisible() && lowest - Middle_Of(window, *button) < button->height())
+            foot.push_back(button);
+    }
+    return foot;
+}
+
+// What the Tab key does not reach, the first focus on a button of the foot, and what it reaches only behind the foot.
+QStringList Wrong_In_The_Tab_Order(QWidget& window)
+{
+    QStringList wrong;
+    const auto met = Tabbed(window);
+    const auto foot = Foot_Of(window);
+    const auto is_met = [&](const QWidget* control) { return std::ranges::find(met, control) != met.end(); };
+    const auto in_foot = [&](const QWidget* control) { return std::ranges::find(foot, control) != foot.end(); };
+    int others = 0;
+    for (auto* control : window.findChildren<QWidget*>()) {
+        if (!Can_Be_Tabbed_To(*control))
+            continue;
+        others += in_foot(control) ? 0 : 1;
+        if (!is_met(control))
+            wrong << "not met: " + Place_Of(*control) + " " + control->metaObject()->className();
+    }
+    if (!met.empty() && others > 0 && in_foot(met.front()))
+        wrong << "first: " + Place_Of(*met.front());
+    const auto first_of_foot = std::ranges::find_if(met, in_foot);
+    for (auto at = first_of_foot; at != met.end(); ++at) {
+        if (!in_foot(*at) && std::find_if(at, met.end(), in_foot) != met.end())
+            wrong << "behind the foot: " + Place_Of(**at);
+    }
+    return wrong;
+}
+
+// Controls in which Enter closes the window, opens another one or brings a message.
+QStringList Surprised_By_Enter(QWidget& window, const Recording_User& user)
+{
+    QStringList surprised;
+    for (auto* control : window.findChildren<QWidget*>()) {
+        if (!Can_Be_Tabbed_To(*control) || qobject_cast<QPushButton*>(control) || qobject_cast<QToolButton*>(control))
+            continue;
+        const auto told = user.Messages.size();
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_Return);
+        if (!window.isVisible() || user.Messages.size() > told) {
+            surprised << Place_Of(*control);
+            window.show();
+        }
+    }
+    return surprised;
+}
+
 bool Is_At_Work(const QWidget& window)
 {
     for (const auto* bar : window.findChildren<QProgressBar*>())
@@ -315,6 +439,58 @@ void Windows_Test::Look_At_All(const QString& picture_suffix)
 }
 
 } // namespace
+
+// A file dialog does what its list or name says: it opens or saves the file. A page of buttons has nothing but buttons.
+TEST_F(Windows_Test, Can_Be_Used_By_The_Keyboard_Alone_On_A_Small_Screen)
+{
+    const QStringList enter_does_what_it_says = {"form_saving", "form_psm_open", "simulationsliste", "form_psm_1",
+                                                 "focus",       "efsa",          "efsa_t4"};
+    for (const auto& opened : All()) {
+        SCOPED_TRACE(opened.Name.toStdString());
+        const auto window = opened.Open(The_Session);
+        window->show();
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));
+        window->resize(window->size().boundedTo(Least_Screen));
+        QTest::qWait(20);
+
+        EXPECT_LE(window->minimumSizeHint().width(), Least_Screen.width());
+        EXPECT_LE(window->height(), Least_Screen.height());
+        EXPECT_EQ(Cut_In(*window).join("; ").toStdString(), "");
+        EXPECT_EQ(Doubled_Mnemonics(*window).join("; ").toStdString(), "");
+        EXPECT_EQ(Wrong_In_The_Tab_Order(*window).join("; ").toStdString(), "");
+        if (!enter_does_what_it_says.contains(opened.Name)) {
+            EXPECT_EQ(Surprised_By_Enter(*window, The_User).join("; ").toStdString(), "");
+        }
+    }
+}
+
+// Every table and the report, printed and read back.
+TEST_F(Windows_Test, A_Printed_Table_Has_All_That_Its_Window_Shows)
+{
+    const Temporary_Directory place;
+    int tables = 0;
+    for (const auto& opened : All()) {
+        if (!QStringList{"jahr_orv", "mass_balance", "pecsoil", "zusammenfassung", "echo_orv"}.contains(opened.Name))
+            continue;
+        SCOPED_TRACE(opened.Name.toStdString());
+        const auto window = opened.Open(The_Session);
+        window->show();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !window->findChild<QPlainTextEdit*>()->toPlainText().isEmpty(); }));
+        for (const auto* text : window->findChildren<QPlainTextEdit*>()) {
+            const auto words = text->toPlainText().simplified().split(' ');
+            const QString read = Text_Of_Pdf(Printed(place / "table.pdf", text->toPlainText())).simplified() + " ";
+            qsizetype at = 0;
+            for (const auto& word : words) {
+                at = read.indexOf(word + " ", at);
+                ASSERT_GE(at, 0) << word.toStdString() << " is not on the pages";
+            }
+            tables += words.size() > 20 ? 1 : 0;
+        }
+    }
+    EXPECT_GE(tables, 6);
+}
 
 TEST_F(Windows_Test, Show_Every_Caption_Whole)
 {

@@ -150,7 +150,7 @@ TEST_F(inout_sel_Test, A_Double_Click_Goes_Into_A_Directory_And_Back)
 
     double_click(0);
     EXPECT_EQ(Entries("File_psm"), QStringList{});
-    EXPECT_EQ(Find<QLabel>(*Form, "Pfad")->text().toStdString(), Place.Path().string());
+    EXPECT_EQ(Find<QLabel>(*Form, "Pfad")->toolTip().toStdString(), Place.Path().string());
 }
 
 TEST_F(inout_sel_Test, Return_And_Enter_Act_As_A_Double_Click_On_The_Entry_At_Hand)

@@ -268,6 +268,47 @@ TEST_F(Simulationsliste_Test, Refreshes_By_Itself_While_There_Is_A_Job_File_And_
     EXPECT_TRUE(Marked(0));
 }
 
+TEST_F(Simulationsliste_Test, A_Click_On_A_Heading_Sorts_And_The_Field_Filters)
+{
+    for (const char* run : {"b.run/Maize.run/x.run", "a.run/Vines.run/y.run", "c.run/Maize.run/z.run"})
+        Put_Run(run);
+    Open();
+    const auto pesticides = [this] {
+        QString names;
+        for (int row = 0; row < Grid().model()->rowCount(); ++row)
+            names += Cell(row, 1);
+        return names;
+    };
+    EXPECT_EQ(pesticides(), "abc");
+
+    Grid().sortByColumn(1, Qt::DescendingOrder);
+    EXPECT_EQ(pesticides(), "cba");
+    QTest::keyClicks(Find<QLineEdit>(*Form, "Filter"), "maize");
+    EXPECT_EQ(pesticides(), "cb");
+    Click_Row(0);
+    Click<QPushButton>(*Form, "Auswaehlen");
+    EXPECT_EQ(Form->Chosen().filename(), "z.run"); // the row that is seen
+}
+
+TEST_F(Simulationsliste_Test, The_Delete_Key_Deletes_And_Return_Selects)
+{
+    Put_Run("a.run/Maize.run/x.run");
+    const auto kept = Put_Run("b.run/Maize.run/x.run");
+    Open();
+    Form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Form.get()));
+    The_User.Answers = {Button::Yes};
+    Click_Row(0);
+
+    QTest::keyClick(&Grid(), Qt::Key_Delete);
+    EXPECT_EQ(Grid().model()->rowCount(), 1);
+    Click_Row(0);
+    QTest::keyClick(&Grid(), Qt::Key_Return);
+
+    EXPECT_FALSE(Form->isVisible());
+    EXPECT_EQ(Form->Chosen(), kept);
+}
+
 TEST_F(Simulationsliste_Test, Five_Thousand_Runs_Are_Shown_At_Once)
 {
     for (int pesticide = 0; pesticide < 50; ++pesticide) {

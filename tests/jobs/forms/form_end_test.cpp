@@ -248,7 +248,7 @@ TEST_F(form_end_Test, Answering_No_Deletes_Old_Output_Without_Further_Asking)
     Click<QPushButton>(*Form, "Command4");
 
     EXPECT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_NE(Read_If_There(Place.Path(), "echo.orv"), "echo");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Read_If_There(Place.Path(), "echo.orv") != "echo"; }));
 }
 
 TEST_F(form_end_Test, A_Day_Out_Of_Range_Is_Told_When_Its_Box_Is_Left)

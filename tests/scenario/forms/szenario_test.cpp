@@ -107,6 +107,16 @@ TEST_F(Szenario_Test, A_Core_Depth_Of_Zero_Is_Refused_And_The_Focus_Goes_Back)
     EXPECT_EQ(Form->focusWidget(), Control<QLineEdit>("Text_cor"));
 }
 
+TEST_F(Szenario_Test, A_Number_Too_Large_To_Be_Held_Is_Refused)
+{
+    Open();
+
+    Retype("Text_geo", "1e308");
+
+    EXPECT_EQ(Told_Once(), "Data check: \"1e308\" is too large a number.");
+    EXPECT_EQ(Form->focusWidget(), Control<QLineEdit>("Text_geo"));
+}
+
 TEST_F(Szenario_Test, More_Horizons_Than_Layers_Send_The_Focus_To_The_Layers)
 {
     Open();

@@ -91,6 +91,22 @@ TEST_F(Form_appgrid_Test, A_Key_That_Makes_A_Date_Too_Large_Is_Not_Taken)
     EXPECT_EQ(Row(0), (QStringList{"Application 1", "3", "1", "9999", "", "-1.5E-3", "", ""}));
 }
 
+TEST_F(Form_appgrid_Test, A_Day_That_No_Year_Has_Is_Asked_About)
+{
+    Open("1");
+    for (const auto& [column, text] : {std::pair(1, "30"), {2, "2"}, {3, "1"}, {5, "0.5"}})
+        Type(0, column, text);
+    The_User.Answers = {Button::No, Button::Yes};
+
+    Click<QPushButton>(*Form, "CommandOK");
+    EXPECT_TRUE(Form->isVisible());
+    Click<QPushButton>(*Form, "CommandOK");
+
+    ASSERT_EQ(The_User.Messages.size(), 2U);
+    EXPECT_EQ(The_User.Messages[0].Text, "Application 1: February has no day 30. Do you want to keep it?");
+    EXPECT_FALSE(Form->isVisible());
+}
+
 TEST_F(Form_appgrid_Test, The_Delete_Key_Clears_A_Cell)
 {
     Yearly(1);

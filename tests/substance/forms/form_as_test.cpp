@@ -355,6 +355,25 @@ TEST_F(Form_AS_Test, Takes_Texts_Of_Ten_Thousand_Characters_Without_Growing)
     EXPECT_EQ(Form->size(), size);
 }
 
+TEST_F(Form_AS_Test, A_Value_Whose_Double_Overflows_Is_Refused_Where_It_Is_Entered)
+{
+    Document.Henry_Flag = 1;
+    Document.Vap_Press = {1e-4, 4e-4};
+    Document.Solubility = {90, 180};
+    Open();
+    for (const char* box : {"Text_vol1_0", "Text_vol2_0"}) {
+        Retype(*Form, box, "1e308");
+
+        Done();
+
+        EXPECT_TRUE(Form->isVisible());
+        EXPECT_EQ(Form->focusWidget()->objectName(), box);
+        EXPECT_EQ(The_User.Messages.back().Text, "\"1e308\" is too large a number.");
+        Retype(*Form, box, "1");
+    }
+    EXPECT_EQ(The_User.Messages.size(), 2U);
+}
+
 TEST_F(Form_AS_Test, A_Character_That_The_Code_Page_Lacks_Is_Left_Out_Of_The_Comment_And_Told)
 {
     Open();

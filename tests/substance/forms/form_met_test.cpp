@@ -258,6 +258,24 @@ TEST_F(Form_MET_Test, The_Return_Key_In_A_Number_Of_Horizons_Leaves_It_Or_Refuse
     EXPECT_EQ(Document.Horizons.size(), 6U);
 }
 
+TEST_F(Form_MET_Test, Done_Asks_Before_It_Takes_The_Horizons_Of_The_Active_Substance_Away)
+{
+    Document.N_Horizons = 3;
+    Document.Deg_Depth_Mode[1] = 2;
+    Document.Deg_Depth_Mode[2] = 2;
+    Open(2);
+    Choose_Option(*Form, "tiefenabhaengig_0");
+    The_User.Answers = {Button::No, Button::Yes};
+
+    Done();
+    EXPECT_TRUE(Form->isVisible());
+    EXPECT_EQ(Document.N_Horizons.Number(), 3);
+    Done();
+
+    EXPECT_EQ(The_User.Messages.size(), 2U);
+    EXPECT_EQ(Document.N_Horizons.Number(), 0);
+}
+
 TEST_F(Form_MET_Test, Notes_Tell_Of_Sorption_That_Depends_On_Moisture_PH_And_Time)
 {
     Open(3);

@@ -10,6 +10,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -92,6 +94,48 @@ TEST_F(Diagrams_Test, The_Unit_Of_The_X_Axis_Moves_Positions_Only)
     EXPECT_EQ(Drawn(form).X.Title, "Day ");
     EXPECT_NEAR(Drawn(form).Lines[0].Points.back().X, in_years.back().X * 365.25, 1e-9);
     EXPECT_EQ(Drawn(form).Lines[0].Points.back().Y, in_years.back().Y);
+}
+
+TEST_F(Diagrams_Test, The_Unit_Of_The_X_Axis_Keeps_The_Span_Shown)
+{
+    Put_Plot();
+    taegliches_Diagramm_neu form(The_Session.Ask, Choice(false));
+    form.show();
+    emit Find<Chart_View>(form, "Diagramm")->Span_Chosen(0, 2 / 365.25);
+    ASSERT_NEAR(Drawn(form).X.High, 2 / 365.25, 1e-9);
+
+    Choose_Option(form, "Option1_2");
+
+    EXPECT_NEAR(Drawn(form).X.High, 2, 1e-9);
+    EXPECT_TRUE(Find<QPushButton>(form, "Whole_Span")->isEnabled());
+    Click<QPushButton>(form, "Whole_Span");
+    EXPECT_GT(Drawn(form).X.High, 300);
+}
+
+TEST_F(Diagrams_Test, Its_Texts_Are_Labels_And_The_Picture_Has_Them_Too)
+{
+    Jahresdiagramm form(Periods(), The_Session.Ask);
+    form.show();
+
+    EXPECT_EQ(Find<QLabel>(form, "Diagrammtitel")->text(),
+              QString::fromUtf8("Average Demo concentration in leachate (1m depth) [µg/L]"));
+    EXPECT_EQ(Find<QLabel>(form, "Name_x_Achse")->text(), "Period");
+    EXPECT_EQ(Drawn(form).X.Title, "Period"); // what paper and clipboard show
+}
+
+TEST_F(Diagrams_Test, Save_Graph_Proposes_A_Name_Of_Run_And_Series)
+{
+    Jahresdiagramm form(Periods(), The_Session.Ask);
+    form.Name_Run("/home/focus/demo_D.run/Winter_-_cereals.run/Hamburg_-_(H).run");
+    form.show();
+    QString proposed;
+    In_Modal([&](QWidget& dialog) { proposed = Find<QLineEdit>(dialog, "fileNameEdit")->text(); });
+
+    Click<QPushButton>(form, "Speichern");
+
+    EXPECT_EQ(proposed,
+              QString::fromUtf8("demo_D, Winter cereals, Hamburg (H) - Average Demo concentration in leachate "
+                                "(1m depth) µgL.png"));
 }
 
 TEST_F(Diagrams_Test, Copy_Data_Puts_Two_Columns_On_The_Clipboard)

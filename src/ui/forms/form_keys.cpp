@@ -1,4 +1,4 @@
-#include "ui/forms/enter_key.h"
+#include "ui/forms/form_keys.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -7,21 +7,22 @@
 #include <QDialog>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QRadioButton>
 
 namespace orvel {
 
 namespace {
 
 // Sees the keys that no control of the dialog has taken.
-class Enter_Key : public QObject {
+class Form_Keys : public QObject {
 public:
-    explicit Enter_Key(QDialog& form) : QObject(&form), Form(form) {}
+    explicit Form_Keys(QDialog& form) : QObject(&form), Form(form) {}
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() == QEvent::Show)
-            Show_No_Default();
+            Set_Up();
         if (event->type() != QEvent::KeyPress)
             return QObject::eventFilter(watched, event);
         const int key = static_cast<QKeyEvent*>(event)->key();
@@ -41,11 +42,23 @@ private:
             Leave(*here);
     }
 
-    // A row of buttons makes its first one the default when it is shown.
-    void Show_No_Default()
+    // A row of buttons makes its first one the default when it is shown, and options take the Tab key whether chosen or
+    // not.
+    void Set_Up()
     {
         for (auto* button : Form.findChildren<QPushButton*>())
             button->setDefault(false);
+        for (auto* option : Form.findChildren<QRadioButton*>()) {
+            Take_Tab(*option, option->isChecked());
+            connect(option, &QRadioButton::toggled, this, &Form_Keys::Option_Toggled, Qt::UniqueConnection);
+        }
+    }
+
+    void Option_Toggled(bool chosen) { Take_Tab(*static_cast<QRadioButton*>(sender()), chosen); }
+
+    static void Take_Tab(QRadioButton& option, bool takes)
+    {
+        option.setFocusPolicy(takes ? Qt::StrongFocus : Qt::ClickFocus);
     }
 
     static void Leave(QWidget& field)
@@ -59,9 +72,9 @@ private:
 
 } // namespace
 
-void Enter_Leaves_Fields(QDialog& form)
+void Use_Form_Keys(QDialog& form)
 {
-    form.installEventFilter(new Enter_Key(form));
+    form.installEventFilter(new Form_Keys(form));
 }
 
 } // namespace orvel

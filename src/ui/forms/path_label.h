@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <QLabel>
+
+namespace orvel {
+
+// A path on one line, however long: its middle gives way where there is no room, and the tool tip has it whole.
+class Path_Label : public QLabel {
+public:
+    explicit Path_Label(QWidget* parent = nullptr);
+
+    void Show(const std::filesystem::path& path);
+    const QString& Path() const { return Whole; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void Fit();
+
+    QString Whole;
+};
+
+} // namespace orvel
