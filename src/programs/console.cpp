@@ -2,7 +2,6 @@
 
 #include "core/code_page.h"
 #include "core/system/terminal.h"
-#include "core/text.h"
 
 #include <iostream>
 
@@ -10,7 +9,7 @@ namespace orvel {
 
 void Tell(std::string_view title, std::string_view text)
 {
-    std::cerr << To_Utf8(title) << ": " << Replace_All(To_Utf8(text), CrLf, "\n") << '\n';
+    std::cerr << To_Utf8(title) << ": " << To_Utf8(text) << '\n';
 }
 
 Progress Shown_Progress()
