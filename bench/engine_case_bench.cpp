@@ -19,8 +19,10 @@ int main(int argc, char** argv)
         pesticide.Molmass[metabolite] = 150;
         pesticide.Koc[metabolite] = 20.0 + 10 * static_cast<double>(metabolite);
         pesticide.Fr_Exp[metabolite] = 0.9;
-        pesticide.Degradation[metabolite][1] = pesticide.Degradation[1][1];
-        pesticide.Degradation[metabolite][1].Deg_Rate = 0.005;
+        if (metabolite < 4) { // each into the next one
+            pesticide.Degradation[metabolite][1] = pesticide.Degradation[1][1];
+            pesticide.Degradation[metabolite][1].Deg_Rate = 0.005;
+        }
         pesticide.Degradation[metabolite][4] = pesticide.Degradation[1][1];
         pesticide.Degradation[metabolite][4].Deg_Rate = 0.005;
     }

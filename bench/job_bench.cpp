@@ -1,5 +1,5 @@
 // What a job costs around its engines: 500 runs of an engine that does nothing, against starting that engine 500 times
-// and writing 500 files of the size that the job writes. job_bench [ROUNDS]; prints medians a run and their ratio.
+// and writing 500 files of the size of a run's record, whole. job_bench [ROUNDS]; prints medians a run and their ratio.
 #include "core/files.h"
 #include "floors/spawn_and_write.h"
 #include "jobs/job.h"
@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <fstream>
 #include <sys/resource.h>
 #include <vector>
 
@@ -18,7 +19,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int Runs = 500;
-constexpr std::size_t Written = 160; // two log lines per run
+constexpr std::size_t Written = 1200; // the record of a run with four inputs
+constexpr int Not_Complete = 1;       // exit code of a job whose engines leave nothing
 
 struct Cost {
     double Wall, Cpu;
@@ -47,12 +49,18 @@ template <class Work> Cost Cost_Of(Work work)
 
 void Prepare(const fs::path& mode_directory)
 {
+    fs::create_directories(mode_directory);
+    for (const char* shared : {"H_maize.sze", "H_01.cli"})
+        Write_Whole(mode_directory / shared, std::string(28'000, ' '));
     std::string batch;
     for (int i = 0; i < Runs; ++i) {
         const std::string name = std::to_string(i) + ".run";
         const fs::path run = mode_directory / "p.run" / "c.run" / name;
         fs::create_directories(run);
         fs::create_hard_link(NOTHING_ENGINE, run / "orvel401.exe");
+        std::ofstream(run / "orvel.inp")
+            << "001 01 01 31 12\r\n..\\..\\..\\H_maize.sze\r\np.psm\r\n..\\..\\..\\H_01.cli\r\n";
+        std::ofstream(run / "p.psm") << std::string(20'000, ' ');
         batch += Format_Job_Run("p.run\\c.run\\" + name, "orvel401.exe", i == 0);
     }
     Write_Whole(mode_directory / "orveljob.bat", Format_Job(batch));
@@ -81,16 +89,19 @@ try {
     if (::mkdtemp(name.data()) == nullptr)
         return 1;
     const fs::path directory = name;
-    std::string runner = ORVELJOB, jobs = "--jobs", one = "1", mode = directory.string();
-    char* arguments[] = {runner.data(), jobs.data(), one.data(), mode.data(), nullptr};
+    // A directory of its own for each round, all removed at the end: files that were just deleted make new ones dear.
     std::vector<Cost> floor, job;
     for (int round = 0; round < rounds; ++round) {
+        const fs::path written = directory / ("floor" + std::to_string(round)), mode = written / "focus";
+        fs::create_directories(written);
         floor.push_back(Cost_Of([&] {
             Spawn_Floor(Runs, NOTHING_ENGINE);
-            Write_Floor(Runs, Written, directory);
+            Write_Floor(Runs, Written, written);
         }));
-        Prepare(directory);
-        job.push_back(Cost_Of([&] { Spawn_And_Wait(runner, arguments); }));
+        Prepare(mode);
+        std::string runner = ORVELJOB, jobs = "--jobs", one = "1", place = mode.string();
+        char* arguments[] = {runner.data(), jobs.data(), one.data(), place.data(), nullptr};
+        job.push_back(Cost_Of([&] { Spawn_And_Wait(runner, arguments, Not_Complete); }));
     }
     fs::remove_all(directory);
     const Cost least = Median(floor), is = Median(job);

@@ -40,11 +40,11 @@ int Step_Of(const Variant& value)
 
 } // namespace
 
-Daily_Loop::Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory)
+Daily_Loop::Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory, const Solute_Kernel* kernel)
     : Input(input),
       Water(input.Scenario, input.Core, input.Haude),
       Heat(input.Core, input.Weather.First_Year_Mean + input.Control.Temperature_Shift),
-      Column(input.Solute),
+      Column(input.Solute, kernel),
       Water_File(directory / "Wasser.orv", input.Core, Step_Of(input.Scenario.SZE_Out_Every_Water)),
       Plot(directory / "plot.orv", input),
       Water_Frequency(Frequency_Of(input.Scenario.SZE_Freq_Water)),
@@ -58,7 +58,7 @@ Daily_Loop::Daily_Loop(const Engine_Input& input, const std::filesystem::path& d
     Monthly = at_least(Frequency::Day) || at_least(Frequency::Month);
     Remove_Stale(directory, input.Substances);
     for (int slot = 0; slot < Column.Slots(); ++slot)
-        Solute_Files.emplace_back(directory, input.Core, Column.Index_Of(slot), slot,
+        Solute_Files.emplace_back(directory, input.Fine, Column.Index_Of(slot), slot,
                                   Step_Of(input.Scenario.SZE_Out_Every_Solute),
                                   Step_Of(input.Scenario.SZE_Out_Every_Conc));
     for (Span_Sums* sums : {&Day_Sums, &Month_Sums, &Year_Sums})
@@ -90,21 +90,52 @@ void Daily_Loop::Begin(Span_Sums& sums)
     sums.Upward.assign(static_cast<std::size_t>(Column.Slots()), 0.0);
 }
 
+// Hands water and temperature to the compartments of the substances: within one of the document's they are even, and
+// the flux runs linearly from its upper to its lower boundary.
+void Daily_Loop::Divide(const Water_Day& water, Solute_Day& solute) const
+{
+    const Grid &core = Input.Core, &fine = Input.Fine;
+    if (fine.Surface == 0) {
+        solute.Theta_Start = water.Theta_Start;
+        solute.Theta_End = water.Theta_End;
+        solute.Flux = water.Flux;
+        solute.Transpiration = water.Transpiration;
+        solute.Temperature.assign(Heat.Temperature().begin(), Heat.Temperature().begin() + core.Count());
+        return;
+    }
+    const auto count = static_cast<std::size_t>(fine.Count());
+    for (auto* row : {&solute.Theta_Start, &solute.Theta_End, &solute.Transpiration, &solute.Temperature})
+        row->resize(count);
+    solute.Flux.resize(count + 1);
+    solute.Flux[0] = water.Flux[0];
+    for (std::size_t k = 0; k < fine.Document.size(); ++k) {
+        const auto [first, last] = fine.Document[k];
+        const double top = core.Top(static_cast<int>(k));
+        for (auto i = static_cast<std::size_t>(first); i <= static_cast<std::size_t>(last); ++i) {
+            const bool whole = first == last;
+            solute.Theta_Start[i] = water.Theta_Start[k];
+            solute.Theta_End[i] = water.Theta_End[k];
+            solute.Temperature[i] = Heat.Temperature()[k];
+            solute.Transpiration[i] =
+                whole ? water.Transpiration[k] : water.Transpiration[k] * fine.Thickness[i] / core.Thickness[k];
+            const double share = (fine.Bottom[i] - top) / core.Thickness[k];
+            solute.Flux[i + 1] = whole ? water.Flux[k + 1] : std::lerp(water.Flux[k], water.Flux[k + 1], share);
+        }
+    }
+}
+
 Solute_Day Daily_Loop::Hand_Over(int day, const Climate_Day& climate, const Crop_State& crop) const
 {
     const Water_Day& water = Water.Today();
     Solute_Day solute;
-    solute.Theta_Start = water.Theta_Start;
-    solute.Theta_End = water.Theta_End;
-    solute.Flux = water.Flux;
-    solute.Transpiration = water.Transpiration;
-    solute.Temperature.assign(Heat.Temperature().begin(), Heat.Temperature().begin() + Input.Core.Count());
+    Divide(water, solute);
     solute.Air_Temperature = climate.Temperature;
     solute.Radiation = climate.Radiation;
     solute.Cover = crop.Cover;
     solute.Runoff = water.Runoff;
     solute.Bypass = water.Bypass;
-    solute.Bypass_Outlet = water.Bypass_Outlet;
+    solute.Bypass_Outlet = water.Bypass_Outlet < 0 ? -1 : Input.Fine.Interface_Below(water.Bypass_Outlet + 1) - 1;
+    solute.Bypass_Below = water.Bypass > 0 ? water.Bypass_Below / water.Bypass : 0;
     solute.Sediment = water.Sediment;
     solute.Plant_Water = water.Rain + water.Irrigation;
     if (crop.Row) {
@@ -145,7 +176,7 @@ void Daily_Loop::Step_Solute(int day, const Climate_Day& climate, const Solute_D
     if (Daily)
         Plot.Begin_Day();
     Span_Sums& finest = Finest();
-    const double* at_metre = finest.Solute.Flux.data() + Input.Core.Top_Layers * Column.Lanes();
+    const double* at_metre = finest.Solute.Flux.data() + At_Metre() * Column.Lanes();
     const std::vector<double> before(at_metre, at_metre + Column.Slots());
     if (solute_day.Hourly) {
         Column.Step_Day(solute_day, finest.Solute, [&](int hour) { Put_Day_Line(day, hour, climate); });
@@ -218,8 +249,8 @@ void Daily_Loop::Span_Sums::Add(const Span_Sums& later)
 
 void Daily_Loop::Note_Year(int year)
 {
-    const auto metre = static_cast<std::size_t>(Input.Core.Top_Layers);
-    if (Year_Sums.Water.Percolate[metre] < Least_Printed_Percolate)
+    const auto metre = static_cast<std::size_t>(At_Metre());
+    if (Year_Sums.Water.Percolate[static_cast<std::size_t>(Input.Core.Top_Layers)] < Least_Printed_Percolate)
         Dry_At_Metre.push_back(year);
     if (Year_Sums.Water.Percolate.back() < Least_Printed_Percolate)
         Dry_At_Bottom.push_back(year);

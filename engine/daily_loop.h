@@ -17,8 +17,10 @@ namespace orvel::engine {
 // Runs the simulation day by day and writes all output files except the echo.
 class Daily_Loop {
 public:
-    // Opens the output files in `directory`. The input must be free of errors and outlive the simulation.
-    Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory);
+    // Opens the output files in `directory`. The input must be free of errors and outlive the simulation. All kernels
+    // give the same bits; the best one is taken unless another is named.
+    Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory,
+               const Solute_Kernel* kernel = nullptr);
 
     // Runs to the end and closes the files. `progress` is called after each month with the year and the percentage of
     // it that is done, 100 after its last day. Throws Engine_Failure.
@@ -58,6 +60,8 @@ private:
     void Check_Closure(int year);
     void Note_Year(int year);
     Span_Sums& Finest();
+    void Divide(const Water_Day& water, Solute_Day& solute) const;
+    int At_Metre() const { return Input.Fine.Interface_Below(Input.Fine.Top_Layers); } // interface of the substances
 
     const Engine_Input& Input;
     Water_Column Water;

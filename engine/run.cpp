@@ -1,6 +1,7 @@
 // The engine: reads the input of a run directory, simulates day by day and writes the output there.
 #include "core/files.h"
 #include "core/system/signals.h"
+#include "core/system/standard_channels.h"
 #include "core/system/terminal.h"
 #include "core/text.h"
 #include "core/version.h"
@@ -8,6 +9,7 @@
 #include "engine/output/echo.h"
 #include "engine/output/figures.h"
 #include "engine/output/titles.h"
+#include "engine/solute/kernel.h"
 
 #include <array>
 #include <cstdio>
@@ -22,12 +24,14 @@ namespace {
 
 void Print_Usage(std::FILE* to)
 {
-    const std::string usage = "usage: " + std::string(Engine_File_Name) + " [--version] [--check] [--dir DIRECTORY]\n";
+    const std::string usage =
+        "usage: " + std::string(Engine_File_Name) + " [--version] [--check] [--dir DIRECTORY] [--baseline]\n";
     std::fputs(usage.c_str(), to);
 }
 
 struct Options {
     bool Check_Only = false;
+    bool Baseline = false; // the kernel that every processor runs, also where there is a faster one
     fs::path Directory = ".";
 };
 
@@ -48,6 +52,8 @@ std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
         }
         if (argument == "--check") {
             options.Check_Only = true;
+        } else if (argument == "--baseline") {
+            options.Baseline = true;
         } else if (argument == "--dir" && i + 1 < count) {
             options.Directory = arguments[++i];
         } else {
@@ -87,7 +93,8 @@ File_Source Files_In(const fs::path& directory)
         try {
             const auto file = Find_Named(directory, name);
             return file ? std::optional(Read_Whole(*file)) : std::nullopt;
-        } catch (const File_Error&) {
+        } catch (const File_Error& error) {
+            Pass_On_If_Unreadable(error);
             return std::nullopt;
         }
     };
@@ -136,7 +143,7 @@ int Run_In(const Options& options, Echo& echo)
         echo.Finish(Checked_Line);
         return Exit_Complete;
     }
-    Daily_Loop loop(input, options.Directory);
+    Daily_Loop loop(input, options.Directory, options.Baseline ? &Baseline_Kernel() : nullptr);
     loop.Run([&input](int year, int percent) { Tell_Progress(year, input.Control.Years, percent); });
     Put_Dry_Years(echo.Text, "at 1 m", loop.Dry_Years_At_Metre());
     Put_Dry_Years(echo.Text, "at the core's bottom", loop.Dry_Years_At_Bottom());
@@ -184,6 +191,7 @@ int Run(const Options& options)
 int main(int count, char** arguments)
 {
     using namespace orvel::engine;
+    orvel::Open_Standard_Channels();
     orvel::Exit_When_Stopped(Exit_Failed); // the line of error 99 stays in the echo
     orvel::Report_Failed_Writes();
     int code = Exit_Complete;

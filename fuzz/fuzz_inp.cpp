@@ -1,5 +1,6 @@
 // Any bytes as a run control file: restored in each variant, printed and restored again.
 #include "core/error.h"
+#include "output/parameter_list.h"
 #include "round_trip.h"
 #include "runs/run_control.h"
 
@@ -14,6 +15,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto restored = Parse_Template(Mode_Of(kind), bytes);
         Tillage_List_Index(Mode_Of(kind), restored.Till_Depth);
         Crop_Of_Part(Mode_Of(kind), restored.Code, restored.Crop_Part);
+    }
+    try {
+        Substances_Of_Rows(bytes);
+    } catch (const File_Error&) { // a short text
     }
     auto control = Parse_Single_Run(bytes);
     for (auto& slot : control.Output)

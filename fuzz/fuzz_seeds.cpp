@@ -5,6 +5,10 @@
 #include "files/scenario_example.h"
 #include "output/engine_files.h"
 #include "runs/job_file.h"
+#include "tables/balance_text.h"
+#include "tables/leachate_percentile.h"
+#include "tables/leachate_periods.h"
+#include "tables/leachate_text.h"
 
 #include <filesystem>
 #include <iostream>
@@ -51,6 +55,36 @@ void Seed_Output(const std::filesystem::path& directory)
          "\t80 Perc.(7/7)\t14.0000     \t200.000     \t7.000\r\n");
 }
 
+// Stored tables of eight years; the first byte is the kind, a byte 1 parts the two files.
+void Seed_Cache(const std::filesystem::path& directory)
+{
+    const std::vector<std::string> titles = {"Engine", "Scenario", "Pesticide", "Soil"};
+    Leachate_Table years{.Result_Name = "Results for P", .Label = "Pesticide"};
+    for (int year = 1; year <= 8; ++year)
+        years.Rows.push_back({static_cast<double>(year), 100, static_cast<double>(year)});
+    years.Result = Evaluate_Leachate(years.Rows, Warm_Up_Years);
+    Table_Text first, second, water, pesticide;
+    for (auto* text : {&first, &second, &water, &pesticide})
+        text->Head(titles);
+    for (const auto depth : Depths)
+        Print_Periods(second, depth, Periods_Of(Print_Years(first, depth, years), 0));
+    Seed(directory, std::string(1, '\0') + first.File + '\x01' + second.File, "leachate");
+    Print_Water_Head(water, Balance_View::Annual);
+    Print_Row(water, 1, Water_Balance_Row{.Precipitation = 677.512, .Percolate = 234.188});
+    Print_Pesticide_Head(pesticide, Balance_View::Annual, "Pesticide", true);
+    Print_Row(pesticide, 1, Pesticide_Balance_Row{.Application = 1000, .Degradation = 765.1});
+    Seed(directory, '\x01' + water.File + '\x01' + pesticide.File, "balance");
+}
+
+// The first byte is the number of the file in the run directory.
+void Seed_Report(const std::filesystem::path& directory)
+{
+    Seed(directory, std::string(1, '\0') + Echo_File(), "echo.orv");
+    Seed(directory, '\x01' + Plot_Head_Of(1, 0), "plot.orv");
+    Seed(directory, '\x02' + Water_Block("10.00000", "5.00000") + End_Of_Output(), "Wasser.orv");
+    Seed(directory, '\x03' + Chem_Block("1.E-03", "2.E-03") + End_Of_Output(), "chem.orv");
+}
+
 } // namespace
 
 } // namespace orvel
@@ -77,6 +111,13 @@ try {
                                    "30  4  1  0.2 0.2 0.2 0.2  0 0 0  1.20 0.60\r\n"
                                    "Potatoes         60  0.15   80  1  0.80  10  5  1  20  7  1  15  9  1  31  8  1   "
                                    "5  5  1  0.2 0.2 0.2 0.2  0 0 1  1.15 0.75\r\n");
+    Seed(directory / "fuzz_calendar", "1 1 1 1\r\n2 2 1 1\r\n366 1 1 2\r\n");
+    Seed(directory / "fuzz_journal",
+         "2024-05-31 14:05:09\tbegin\t\t2 runs, 1 at a time\n2024-05-31 14:05:10\tstarted\ta.run/b.run/"
+         "c.run\t\n2024-05-31 14:05:20\tkilled\ta.run/b.run/c.run\tsignal 9\n2024-05-31 "
+         "14:05:21\tend\t\t2 runs, 1 failed\n");
+    Seed_Cache(directory / "fuzz_cache");
+    Seed_Report(directory / "fuzz_report");
     Seed_Output(directory);
     Seed_Engine(directory / "fuzz_engine");
     return 0;

@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         for (int index = 0; index < 3; ++index) {
             Table_Text text;
-            text.Head({});
+            text.Head(cached.Titles);
             std::size_t tables = 0;
             for (const auto depth : Depths) {
                 for (const auto& years : cached.Set[static_cast<std::size_t>(depth)]) {

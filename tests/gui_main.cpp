@@ -1,5 +1,6 @@
+#include "ui/forms/guarded_application.h"
+
 #include <gtest/gtest.h>
-#include <QApplication>
 
 // Windows are tested without a display, also where the tests are only listed.
 int main(int argc, char** argv)
@@ -7,6 +8,6 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
+    orvel::Guarded_Application application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,5 +1,6 @@
 #include "make_table.h"
 
+#include "core/system/standard_channels.h"
 #include "tables/series_table.h"
 
 #include <cstdio>
@@ -9,6 +10,7 @@ namespace orvel {
 
 int Make_Table(Utility period)
 try {
+    Open_Standard_Channels();
     std::error_code unknown;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", unknown);
     Make_Utility_Table(period, std::filesystem::current_path(), program.parent_path());

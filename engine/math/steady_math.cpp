@@ -9,6 +9,12 @@ double Steady_Exp(double x)
     return Exp(All(x))[0];
 }
 
+void Steady_Exps(const double* x, int count, double* out)
+{
+    for (int at = 0; at < count; at += 4)
+        Store(out + at, Exp(Load(x + at)));
+}
+
 double Steady_Log(double x)
 {
     return Log(All(x))[0];

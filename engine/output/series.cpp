@@ -29,7 +29,10 @@ std::string One_Line(std::string text)
 
 } // namespace
 
-Series::Series(const std::filesystem::path& file, const Engine_Input& input) : Core(&input.Core), File(file)
+Series::Series(const std::filesystem::path& file, const Engine_Input& input)
+    : Core(&input.Core),
+      Fine(&input.Fine),
+      File(file)
 {
     const std::size_t first_profile = input.Control.Rows.size() - static_cast<std::size_t>(input.Control.Profile_Rows);
     for (std::size_t i = 0; i < input.Control.Rows.size(); ++i) {
@@ -54,6 +57,8 @@ Series::Column_Plan Series::Plan(const Output_Row& row, bool profile, const Engi
     plan.Slot = static_cast<int>(found - input.Substances.begin());
     plan.Compartment = Core->Compartment_At(row.Depth);
     plan.Interface = Core->Interface_Nearest(row.Depth);
+    plan.Inside = Fine->Document[static_cast<std::size_t>(plan.Compartment)];
+    plan.Solute_Interface = Fine->Interface_Below(plan.Interface);
     plan.Is_Profile = profile && row.Depth >= 1;
     for (int i = 0; plan.Is_Profile && i < Core->Count(); ++i) {
         const double length =
@@ -179,7 +184,12 @@ double Series::Amount(const Column_Plan& plan, const Series_Moment& moment) cons
     const Solute_Sums& sums = moment.Sums;
     const int lanes = moment.Column.Lanes();
     const auto slot = static_cast<std::size_t>(plan.Slot);
-    const std::size_t cell = static_cast<std::size_t>(plan.Compartment * lanes) + slot;
+    const auto here = [&](const std::vector<double>& values) {
+        double sum = 0;
+        for (int i = plan.Inside.First; i <= plan.Inside.Last; ++i)
+            sum += values[static_cast<std::size_t>(i * lanes) + slot];
+        return sum;
+    };
     const auto total = [&](const std::vector<double>& values) { return Total_Of(values, lanes, plan.Slot); };
     switch (plan.Variable) {
     case TPAP:
@@ -195,44 +205,62 @@ double Series::Amount(const Column_Plan& plan, const Series_Moment& moment) cons
     case TVOX:
         return sums.Soil_Volatilised[slot] + sums.Plant_Volatilised[slot];
     case DKFX:
-        return sums.Decay_Eq[cell] + sums.Decay_Neq[cell];
+        return here(sums.Decay_Eq) + here(sums.Decay_Neq);
     case DKFQ:
-        return sums.Decay_Eq[cell];
+        return here(sums.Decay_Eq);
     case DKFN:
-        return sums.Decay_Neq[cell];
+        return here(sums.Decay_Neq);
     case RFLX:
         return sums.Runoff[slot];
     case EFLX:
         return sums.Sediment[slot];
     default:
-        return sums.Flux[static_cast<std::size_t>(plan.Interface * lanes) + slot]; // PFLX, LEAC
+        return sums.Flux[static_cast<std::size_t>(plan.Solute_Interface * lanes) + slot]; // PFLX, LEAC
     }
+}
+
+template <class Get> [[gnu::always_inline]] inline double Series::Mean(const Compartment_Range& inside, Get get) const
+{
+    if (inside.First == inside.Last)
+        return get(static_cast<std::size_t>(inside.First));
+    double sum = 0, length = 0;
+    for (auto i = static_cast<std::size_t>(inside.First); i <= static_cast<std::size_t>(inside.Last); ++i) {
+        sum += get(i) * Fine->Thickness[i];
+        length += Fine->Thickness[i];
+    }
+    return sum / length;
 }
 
 // Contents in ug/cm3 or ug/g, concentrations in ug/cm3.
 double Series::State(const Column_Plan& plan, int compartment, const Series_Moment& moment) const
 {
-    const auto i = static_cast<std::size_t>(compartment);
-    const std::size_t cell = i * static_cast<std::size_t>(moment.Column.Lanes()) + static_cast<std::size_t>(plan.Slot);
-    const double dz = Core->Thickness[i], soil = dz * Core->Density[i];
-    const double mass = moment.Column.Mass()[cell], slow = moment.Column.Slow_Mass()[cell];
+    const auto lanes = static_cast<std::size_t>(moment.Column.Lanes()), slot = static_cast<std::size_t>(plan.Slot);
+    const auto document = static_cast<std::size_t>(compartment);
+    const Compartment_Range& inside = Fine->Document[document];
+    const double density = Core->Density[document];
+    const auto fast = [&](std::size_t i) { return moment.Column.Mass()[i * lanes + slot] / Fine->Thickness[i]; };
+    const auto slow = [&](std::size_t i) { return moment.Column.Slow_Mass()[i * lanes + slot] / Fine->Thickness[i]; };
+    const auto both = [&](std::size_t i) { return fast(i) + slow(i); };
+    const auto dissolved = [&](std::size_t i) {
+        return moment.Column.Doc_Factor(plan.Slot) * Concentration[i * lanes + slot];
+    };
     switch (plan.Variable) {
     case TPST:
-        return (mass + slow) / dz;
+        return Mean(inside, both);
     case QPST:
-        return mass / dz;
+        return Mean(inside, fast);
     case NPST:
-        return slow / dz;
+        return Mean(inside, slow);
     case TPSC:
-        return (mass + slow) / soil;
+        return Mean(inside, both) / density;
     case QPSC:
-        return mass / soil;
+        return Mean(inside, fast) / density;
     case NPSC:
-        return slow / soil;
+        return Mean(inside, slow) / density;
     case SPST:
-        return moment.Theta[i] * moment.Column.Doc_Factor(plan.Slot) * Concentration[cell];
+        return moment.Theta[document] * Mean(inside, dissolved);
     default:
-        return moment.Column.Doc_Factor(plan.Slot) * Concentration[cell]; // SPSC
+        return Mean(inside, dissolved); // SPSC
     }
 }
 

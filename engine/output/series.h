@@ -46,7 +46,9 @@ private:
         bool Is_Water = false, Is_Amount = false; // about water; an amount moved or changed during the day
         double Scale = 1;
         int Slot = 0;
-        int Compartment = 0, Interface = 0;
+        int Compartment = 0, Interface = 0; // of the document
+        Compartment_Range Inside;           // the substances' compartments there
+        int Solute_Interface = 0;
         bool Is_Profile = false;
         std::vector<std::pair<int, double>> Slice; // compartments of a profile row with their lengths, cm
         double Before = 0;                         // amount of the day up to the previous line
@@ -60,7 +62,11 @@ private:
     double State(const Column_Plan& column, int compartment, const Series_Moment& moment) const;
     double Profile(const Column_Plan& column, const Series_Moment& moment) const;
 
+    // Mean over the substances' compartments in one of the document's.
+    template <class Get> double Mean(const Compartment_Range& inside, Get get) const;
+
     const Grid* Core;
+    const Grid* Fine;
     std::vector<Column_Plan> Plans;
     std::vector<double> Concentration;
     bool With_Sums = false, With_Concentration = false;

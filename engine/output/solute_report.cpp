@@ -35,6 +35,15 @@ double Kg_Ha(double ug_cm2)
     return ug_cm2 / Ug_Cm2_Per_Kg_Ha;
 }
 
+std::vector<Numbered_Row> Numbered_Rows(const Grid& grid, int step)
+{
+    std::vector<Numbered_Row> rows;
+    for (const Row_Group& group : Row_Groups(grid.Document_Count(), grid.Top_Layers, step))
+        rows.push_back({group.Last + 1, grid.Document[static_cast<std::size_t>(group.First)].First,
+                        grid.Document[static_cast<std::size_t>(group.Last)].Last});
+    return rows;
+}
+
 } // namespace
 
 std::string Solute_File_Name(int index)
@@ -60,8 +69,8 @@ Solute_Report::Solute_Report(const std::filesystem::path& directory, const Grid&
     : Core(&grid),
       Index(index),
       Slot(static_cast<std::size_t>(slot)),
-      Groups(Row_Groups(grid.Count(), grid.Top_Layers, step)),
-      Concentration_Groups(Row_Groups(grid.Count(), grid.Top_Layers, concentration_step)),
+      Groups(Numbered_Rows(grid, step)),
+      Concentration_Groups(Numbered_Rows(grid, concentration_step)),
       File(directory / Solute_File_Name(index))
 {
     File.Buffer += " " + File_Title("BALANCE OF ") + Solute_Label(index) +
@@ -79,7 +88,7 @@ void Solute_Report::Put_Plant_Row(const Solute_Block& block)
                     Index == 1 ? Kg_Ha(block.Column.Plant_Mass()) : 0, 0, 0, 0});
 }
 
-void Solute_Report::Put_Row(const Row_Group& group, const Solute_Block& block)
+void Solute_Report::Put_Row(const Numbered_Row& group, const Solute_Block& block)
 {
     const auto lanes = static_cast<std::size_t>(block.Column.Lanes());
     const Solute_Sums& sums = block.Sums;
@@ -99,7 +108,7 @@ void Solute_Report::Put_Row(const Row_Group& group, const Solute_Block& block)
     const std::size_t start = text.size();
     Put_Integer(text, Core->Horizon[static_cast<std::size_t>(group.Last)], 5);
     To_Column(text, start, 10);
-    Put_Integer(text, group.Last + 1, 3);
+    Put_Integer(text, group.Number, 3);
     const double leached = sums.Flux[static_cast<std::size_t>(group.Last + 1) * lanes + Slot];
     Put_Row_Values(
         text, start,
@@ -145,7 +154,7 @@ void Solute_Report::Put_Block(Span span, const Date& date, const Solute_Block& b
             "BELOW\r\n"
             " (KG/HA, STATES AT THE END OF THE PERIOD)\r\n\r\n";
     Put_Plant_Row(block);
-    for (const Row_Group& group : Groups)
+    for (const Numbered_Row& group : Groups)
         Put_Row(group, block);
     Put_Totals(block);
     File.Flush_When_Full();
@@ -156,7 +165,7 @@ void Solute_Report::Put_Concentrations(const Solute_Block& block)
     const auto lanes = static_cast<std::size_t>(block.Column.Lanes());
     std::string& text = File.Buffer;
     text += " CONCENTRATIONS (TOTAL MG/KG, DISSOLVED MG/L, EQ. MG/KG, NON-EQ. MG/KG)\r\n";
-    for (const Row_Group& group : Concentration_Groups) {
+    for (const Numbered_Row& group : Concentration_Groups) {
         double soil = 0, mass = 0, slow = 0, dissolved = 0, length = 0;
         for (int k = group.First; k <= group.Last; ++k) {
             const auto i = static_cast<std::size_t>(k);
@@ -167,7 +176,7 @@ void Solute_Report::Put_Concentrations(const Solute_Block& block)
             dissolved += block.Concentration[i * lanes + Slot] * dz;
             length += dz;
         }
-        Put_Integer(text, group.Last + 1, 5);
+        Put_Integer(text, group.Number, 5);
         Put_Fixed(text, Core->Bottom[static_cast<std::size_t>(group.Last)], 10, 2);
         for (const double value : {(mass + slow) / soil, dissolved / length, mass / soil, slow / soil})
             Put_Exponent(text, value, 14, 5);

@@ -19,6 +19,12 @@ struct Solute_Block {
     const std::vector<double>& Upward;        // through 1 m, by slot
 };
 
+// A row of a balance: the number that it carries, and the compartments behind it.
+struct Numbered_Row {
+    int Number = 0; // of the document's compartment at its lower end, 1-based
+    int First = 0, Last = 0;
+};
+
 // "chem.orv", "chem_A1.orv" ... "chem_D2.orv" by substance index.
 std::string Solute_File_Name(int index);
 std::string Solute_Label(int index); // "PESTICIDE", "METABOLITE A1" ...
@@ -35,14 +41,14 @@ public:
     void Close();
 
 private:
-    void Put_Row(const Row_Group& group, const Solute_Block& block);
+    void Put_Row(const Numbered_Row& group, const Solute_Block& block);
     void Put_Plant_Row(const Solute_Block& block);
     void Put_Totals(const Solute_Block& block);
 
     const Grid* Core;
     int Index;
     std::size_t Slot;
-    std::vector<Row_Group> Groups, Concentration_Groups;
+    std::vector<Numbered_Row> Groups, Concentration_Groups;
     Out_File File;
 };
 

@@ -99,6 +99,8 @@ void Water_Sums::Add(const Water_Day& day, const std::vector<double>& temperatur
     Accumulate(Percolate, day.Flux);
     for (int i = 0; i <= day.Bypass_Outlet; ++i)
         Percolate[static_cast<std::size_t>(i)] += day.Bypass;
+    if (day.Bypass_Outlet >= 0)
+        Percolate[static_cast<std::size_t>(day.Bypass_Outlet + 1)] += day.Bypass_Below;
 }
 
 void Water_Sums::Add(const Water_Sums& later)

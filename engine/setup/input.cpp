@@ -189,12 +189,15 @@ private:
     {
         const Climate& weather = Input.Weather;
         Input.Core = Build_Grid(Input.Scenario);
+        Input.Fine = Acts_At_The_Surface(Input.Scenario, Input.Pesticide)
+                         ? Build_Grid(Input.Scenario, Surface_Layer::With)
+                         : Input.Core;
         Input.Rotation = Build_Rotation(Input.Scenario, weather.Dates, weather.Last_Day, The_Findings);
         Input.Application_Block = engine::Application_Block(Input.Pesticide, Input.Location_Code, The_Findings);
         Input.Applications = Plan_Applications(Input.Pesticide, Input.Application_Block, Input.Scenario, Input.Rotation,
                                                weather.Dates, weather.First_Day, weather.Last_Day, The_Findings);
         Read_Haude_Factors();
-        Input.Solute = Build_Solute_Setup(Input.Pesticide, Input.Scenario, Input.Core, Input.Substances);
+        Input.Solute = Build_Solute_Setup(Input.Pesticide, Input.Scenario, Input.Fine, Input.Substances);
         if (The_Findings.Failed())
             return;
         for (const Solute_Fault& fault : Check_Solute_Setup(Input.Solute))
@@ -214,26 +217,23 @@ private:
     void Note_Depths()
     {
         const Grid& core = Input.Core;
-        const auto border = [&core](int interface) {
-            return interface == 0 ? 0 : core.Bottom[static_cast<std::size_t>(interface - 1)];
-        };
-        Note_Moved("THE DEPTH OF 1 M,", Metre, border(core.Top_Layers));
+        Note_Moved("THE DEPTH OF 1 M,", Metre, core.Depth_Of(core.Interface_Below(core.Top_Layers)));
         for (const Output_Row& row : Input.Control.Rows) {
             const bool at_border =
                 row.Variable == Variable::INFL || row.Variable == Variable::PFLX || row.Variable == Variable::LEAC;
             if (at_border && row.Depth <= Input.Scenario.SZE_Core_Depth)
-                Note_Moved(row.Code + " AT", row.Depth, border(core.Interface_Nearest(row.Depth)));
+                Note_Moved(row.Code + " AT", row.Depth, core.Depth_Of(core.Interface_Nearest(row.Depth)));
         }
         double bottom = 0;
         for (std::size_t h = 0; h + 1 < Input.Scenario.Horizons.size(); ++h) {
             bottom += Input.Scenario.Horizons[h].SZE_Hor_Thickness.Number();
-            if (std::fabs(bottom - border(core.Interface_Nearest(bottom))) <= Depth_Tolerance)
+            if (std::fabs(bottom - core.Depth_Of(core.Interface_Nearest(bottom))) <= Depth_Tolerance)
                 continue;
-            const int across = core.Compartment_At(bottom);
-            The_Findings.Tell(Note::Depth_Moved, "THE LOWER BORDER OF HORIZON " + std::to_string(h + 1) + " AT " +
-                                                     Depth_Text(bottom) + " CM LIES WITHIN THE COMPARTMENT FROM " +
-                                                     Depth_Text(core.Top(across)) + " TO " +
-                                                     Depth_Text(border(across + 1)) + " CM, WHICH TAKES MEANS");
+            const Compartment_Range& across = core.Document_At(bottom);
+            The_Findings.Tell(Note::Depth_Moved,
+                              "THE LOWER BORDER OF HORIZON " + std::to_string(h + 1) + " AT " + Depth_Text(bottom) +
+                                  " CM LIES WITHIN THE COMPARTMENT FROM " + Depth_Text(core.Depth_Of(across.First)) +
+                                  " TO " + Depth_Text(core.Depth_Of(across.Last + 1)) + " CM, WHICH TAKES MEANS");
         }
     }
 

@@ -27,7 +27,8 @@ struct Engine_Input {
     Pesticide_Document Pesticide;
     Climate Weather;
     Haude_Table Haude;
-    Grid Core;
+    Grid Core; // of the document
+    Grid Fine; // of the substances: the same, or with a surface layer
     std::vector<Crop_Period> Rotation;
     std::vector<Planned_Application> Applications;
     std::string Location_Code;
@@ -43,6 +44,10 @@ Engine_Input Read_Input(const File_Source& source, Findings& findings);
 // Check one document against the ranges that the engine relies on (errors 32 to 37 and 41 to 48).
 void Check_Scenario(const Scenario_Document& scenario, const Run_Control& control, Findings& findings);
 void Check_Pesticide(const Pesticide_Document& pesticide, const Scenario_Document& scenario, Findings& findings);
+
+// Whether a process acts on what lies at the surface: runoff, erosion, macropores, volatilisation, photolysis. The
+// column then has a surface layer.
+bool Acts_At_The_Surface(const Scenario_Document& scenario, const Pesticide_Document& pesticide);
 
 // The kernel's setup from checked documents.
 Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scenario_Document& scenario,

@@ -7,8 +7,9 @@ namespace orvel::engine {
 // arrays of one number a row say so.
 
 struct Kernel_Column {
-    int N = 0;     // compartments
-    int Lanes = 0; // a multiple of 4
+    int N = 0;       // compartments
+    int Lanes = 0;   // a multiple of 4
+    int Surface = 0; // compartments at the top whose advection is implicit upwind, since they are thin; below N
 
     double* M = nullptr; // mass, equilibrium domain
     double* W = nullptr; // mass, non-equilibrium domain

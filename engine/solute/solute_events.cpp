@@ -36,15 +36,35 @@ void Solute_State::Drop_Plants(Solute_Sums& sums)
     sums.Flux[0] += mass;
 }
 
-// Books the mass through the interfaces from the source to the outlet; the caller adds it to the outlet after all
-// sources.
-void Solute_State::Into_Bypass(int slot, int from, int outlet, double mass, Solute_Sums& sums)
+void Solute_State::Into_Bypass(int slot, int from, double mass, const Solute_Day& day, Solute_Sums& sums)
 {
+    const double below = mass * day.Bypass_Below;
     sums.Bypass[slot] += mass;
+    Pass(slot, from, day.Bypass_Outlet, mass - below, sums);
+    if (below > 0)
+        Pass(slot, from, day.Bypass_Outlet + 1, below, sums);
+}
+
+void Solute_State::Pass(int slot, int from, int outlet, double mass, Solute_Sums& sums)
+{
     for (int i = from; i <= outlet; ++i)
         sums.Flux[Layout.At(i, slot)] += mass;
     for (int i = outlet + 1; i < from; ++i)
         sums.Flux[Layout.At(i, slot)] -= mass;
+}
+
+// What the bypass has taken arrives, after all its sources.
+void Solute_State::Arrive(int slot, double mass, const Solute_Day& day)
+{
+    const double below = mass * day.Bypass_Below;
+    M[Layout.At(day.Bypass_Outlet, slot)] += mass - below;
+    if (below > 0)
+        M[Layout.At(day.Bypass_Outlet + 1, slot)] += below;
+}
+
+void Solute_State::Seek_Outlets(const Solute_Day& day, double t)
+{
+    Seek(day.Bypass_Outlet, day.Bypass_Outlet + (day.Bypass_Below > 0 ? 2 : 1), t);
 }
 
 void Solute_State::Act_On_Plants(const Solute_Day& day, double t, double length, Solute_Sums& sums)
@@ -66,15 +86,15 @@ void Solute_State::Act_On_Plants(const Solute_Day& day, double t, double length,
     const double deep = water > 0 && bypass ? washed * day.Bypass / water : 0;
     sums.Runoff[0] += run_off;
     if (deep > 0) {
-        Into_Bypass(0, 0, day.Bypass_Outlet, deep, sums);
-        M[Layout.At(day.Bypass_Outlet, 0)] += deep;
+        Into_Bypass(0, 0, deep, day, sums);
+        Arrive(0, deep, day);
     }
     const double rest = washed - run_off - deep;
     M[0] += rest;
     sums.Flux[0] += rest;
     Seek(0, 1, t);
     if (deep > 0)
-        Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, t);
+        Seek_Outlets(day, t);
 }
 
 // The ratio of concentration to mass is held constant while runoff, erosion and bypass take their shares in turn.
@@ -82,13 +102,17 @@ void Solute_State::Extract(const Solute_Day& day, double t, double length, Solut
 {
     const double runoff = Setup.Runoff_Depth > 0 ? day.Runoff * length : 0;
     const double bypass = day.Bypass_Outlet >= 0 ? day.Bypass * length : 0;
-    const double sediment = day.Sediment * length;
-    if (runoff <= 0 && bypass <= 0 && sediment <= 0)
+    if (runoff <= 0 && bypass <= 0 && day.Sediment <= 0)
         return;
     Aligned_Row arriving = Layout.One_Row(0);
     int touched = 0;
-    for (; touched < Layout.N && (touched == 0 || Runoff_Weights[touched] > 0 || Bypass_Weights[touched] > 0);
+    // Sediment comes from the uppermost soil, as far down as its mass reaches.
+    double sediment_left = day.Sediment * length;
+    for (; touched < Layout.N &&
+           (touched == 0 || Runoff_Weights[touched] > 0 || Bypass_Weights[touched] > 0 || sediment_left > 0);
          ++touched) {
+        const double sediment = std::min(sediment_left, Setup.Thickness[touched] * Setup.Density[touched]);
+        sediment_left -= sediment;
         for (int k = 0; k < Layout.Slots; ++k) {
             const auto at = Layout.At(touched, k);
             const double ratio = M[at] > 0 ? C[at] / M[at] : 0;
@@ -98,32 +122,33 @@ void Solute_State::Extract(const Solute_Day& day, double t, double length, Solut
                 return lost;
             };
             sums.Runoff[k] += lose(Runoff_Weights[touched] * runoff);
-            if (touched == 0)
-                Erode(k, sediment, ratio, t, sums);
+            if (sediment > 0)
+                Erode(touched, k, sediment, ratio, t, sums);
             const double lost = lose(Bypass_Weights[touched] * bypass);
             arriving[k] += lost;
             if (lost > 0)
-                Into_Bypass(k, touched + 1, day.Bypass_Outlet, lost, sums);
+                Into_Bypass(k, touched + 1, lost, day, sums);
         }
     }
     Seek(0, touched, t);
     if (bypass <= 0)
         return;
     for (int k = 0; k < Layout.Slots; ++k)
-        M[Layout.At(day.Bypass_Outlet, k)] += arriving[k];
-    Seek(day.Bypass_Outlet, day.Bypass_Outlet + 1, t);
+        Arrive(k, arriving[k], day);
+    Seek_Outlets(day, t);
 }
 
-// Erosion: the sediment (g/cm2) takes sorbed substance from the first compartment, from both kinds of sites.
-void Solute_State::Erode(int slot, double sediment, double ratio, double t, Solute_Sums& sums)
+// Erosion: the sediment (g/cm2) takes sorbed substance from a compartment, from both kinds of sites.
+void Solute_State::Erode(int compartment, int slot, double sediment, double ratio, double t, Solute_Sums& sums)
 {
-    const double dz = Setup.Thickness[0], rho = Setup.Density[0];
-    const double psi = Column.Psi_Start[slot] + t * (Column.Psi_End[slot] - Column.Psi_Start[slot]);
-    const double sorbed = std::max(1 / dz - psi * ratio, 0.0) / rho * M[slot]; // ug/g
-    const double fast = Carried_Loss(M[slot], sediment * sorbed);
-    const double slow = Carried_Loss(W[slot], sediment * W[slot] / (rho * dz));
-    M[slot] -= fast;
-    W[slot] -= slow;
+    const double dz = Setup.Thickness[compartment], rho = Setup.Density[compartment];
+    const auto at = Layout.At(compartment, slot);
+    const double psi = Column.Psi_Start[at] + t * (Column.Psi_End[at] - Column.Psi_Start[at]);
+    const double sorbed = std::max(1 / dz - psi * ratio, 0.0) / rho * M[at]; // ug/g
+    const double fast = Carried_Loss(M[at], sediment * sorbed);
+    const double slow = Carried_Loss(W[at], sediment * W[at] / (rho * dz));
+    M[at] -= fast;
+    W[at] -= slow;
     sums.Sediment[slot] += fast + slow;
 }
 
@@ -137,7 +162,8 @@ void Solute_State::Apply(const Solute_Application& application, double t, Solute
 
     const double to_soil = application.Mass - on_plants;
     const double core = std::accumulate(Setup.Thickness.begin(), Setup.Thickness.end(), 0.0);
-    const double depth = application.Depth > 0 ? std::min(application.Depth, core) : std::min(1e-9, core);
+    const double depth =
+        std::min(application.Depth > 0 ? application.Depth : std::max(Setup.Deposit_Depth, 1e-9), core);
     double top = 0;
     int touched = 0;
     for (; touched < Layout.N && top < depth; ++touched) {

@@ -81,6 +81,8 @@ struct Solute_Setup {
     std::vector<double>
         Horizon_Share; // [compartment * Horizons + horizon]: share of the compartment's soil mass, sum 1
     int Horizons = 0;
+    int Surface = 0;          // compartments of the surface layer, in which advection is implicit
+    double Deposit_Depth = 0; // cm, of an application to the surface; 0: the first compartment
 
     bool Dispersion_Is_Length = true;
     double Doc = 0;                           // mg/L, 0 if switched off
@@ -109,6 +111,7 @@ struct Solute_Day {
     double Cover = 0;                           // 0 to 1
     double Runoff = 0, Bypass = 0;              // cm
     int Bypass_Outlet = -1;                     // compartment that receives the bypass
+    double Bypass_Below = 0;                    // share of it that the compartment below receives
     double Sediment = 0;                        // erosion x enrichment, g/cm2
     double Plant_Water = 0;                     // rain and irrigation on the crop, cm
     double Poor_Photo = 0.2, Poor_Penetration = 0.2, Poor_Volatilisation = 0.2,

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int Deepest_Halving = 12;
 constexpr double Days_In_Year = 365.25;
+constexpr double Surface_Step = 1; // cm
 
 double Time_Of(const Solute_Application& application)
 {
@@ -40,6 +41,7 @@ Solute_State::Solute_State(const Solute_Setup& setup, const Solute_Kernel& kerne
       Layout(static_cast<int>(setup.Thickness.size()), static_cast<int>(setup.Substances.size())),
       Storage(Setup, Layout),
       Fate(Setup, Layout),
+      Step_Thickness(setup.Thickness),
       Runoff_Weights(Interaction_Weights(setup.Thickness, setup.Runoff_Depth)),
       Bypass_Weights(Interaction_Weights(setup.Thickness, 1.0)),
       M(Layout.Rows(0)),
@@ -56,8 +58,13 @@ Solute_State::Solute_State(const Solute_Setup& setup, const Solute_Kernel& kerne
 {
     for (const auto& substance : setup.Substances)
         Ageing = Ageing || substance.Annual_Increase > 0;
+    // The surface layer's advection is implicit, and does not bound the step for stability: a centimetre keeps it
+    // sharp.
+    for (int i = 0; i < setup.Surface; ++i)
+        Step_Thickness[i] = std::max(Step_Thickness[i], Surface_Step);
     Column.N = Layout.N;
     Column.Lanes = Layout.Lanes;
+    Column.Surface = Setup.Surface;
     Column.M = M.data();
     Column.W = W.data();
     Column.C = C.data();
@@ -129,7 +136,7 @@ void Solute_State::Seek(int first, int last, double t)
 void Solute_State::Run_Segment(double start, double end, const Solute_Day& day, Solute_Sums& sums)
 {
     const double length = end - start;
-    const int count = Sub_Step_Count(length, Layout.N, day.Flux.data(), Setup.Thickness.data(), day.Theta_Start.data(),
+    const int count = Sub_Step_Count(length, Layout.N, day.Flux.data(), Step_Thickness.data(), day.Theta_Start.data(),
                                      day.Theta_End.data());
     const double h = length / count;
     // Symmetric splitting of each sub-step: fate, slow sites, transport, slow sites, fate; adjacent half steps of fate

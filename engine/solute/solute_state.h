@@ -24,9 +24,12 @@ struct Solute_State {
     // of the day's water and sediment
     void Act_On_Plants(const Solute_Day& day, double t, double length, Solute_Sums& sums);
     void Extract(const Solute_Day& day, double t, double length, Solute_Sums& sums);
-    void Erode(int slot, double sediment, double ratio, double t, Solute_Sums& sums);
-    void Into_Bypass(int slot, int from, int outlet, double mass,
-                     Solute_Sums& sums); // interface `from` is below the source
+    void Erode(int compartment, int slot, double sediment, double ratio, double t, Solute_Sums& sums);
+    // The bypass takes mass from a source, which lies above interface `from`
+    void Into_Bypass(int slot, int from, double mass, const Solute_Day& day, Solute_Sums& sums);
+    void Pass(int slot, int from, int outlet, double mass, Solute_Sums& sums);
+    void Arrive(int slot, double mass, const Solute_Day& day);
+    void Seek_Outlets(const Solute_Day& day, double t);
 
     // The day itself
     void Tell_Hour(double t, Solute_Sums& sums, const std::function<void(int hour)>& after_hour);
@@ -46,6 +49,7 @@ struct Solute_State {
     Solute_Layout Layout;
     Day_Storage Storage;
     Day_Fate Fate;
+    std::vector<double> Step_Thickness; // that the water of a sub-step must not cross, cm
     std::vector<double> Runoff_Weights, Bypass_Weights;
 
     Aligned_Row M, W, C, G;

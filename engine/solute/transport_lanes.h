@@ -23,7 +23,8 @@ LANES_INLINE V4 Face_Concentration(V4 before, V4 here, V4 next, double weight, V
     return here + weight * (1.0 - Min(courant, All(1.0))) * limited;
 }
 
-// Advection and the forward sweep of the tridiagonal solution. Step_Flux holds the advective part afterwards.
+// Advection and the forward sweep of the tridiagonal solution. Step_Flux holds the explicit advective part afterwards.
+// In the surface layer advection is implicit: the water that leaves a compartment carries its new concentration.
 LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 psi_share)
 {
     const int lanes = column.Lanes, n = column.N;
@@ -31,14 +32,17 @@ LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 ps
     V4 before = Load(column.Inflow + b), here = Load(column.C + b);
     V4 in = h * column.Flux[0] * doc * before;
     V4 above = All(0.0), up_c = All(0.0), up_d = All(0.0);
+    V4 carried = All(0.0); // water of the implicit advection from the compartment above
     V4 escape = h * Load(column.Escape + b);
     Store(column.Step_Flux + b, in);
     for (int i = 0; i < n; ++i) {
         const int at = i * lanes + b;
         const V4 next = i + 1 < n ? Load(column.C + at + lanes) : here;
         const V4 capacity = Load(column.G + at);
-        V4 out = All(0.0);
-        if (column.Flux[i + 1] > 0) {
+        V4 out = All(0.0), carries = All(0.0);
+        if (i < column.Surface) {
+            carries = h * column.Flux[i + 1] * doc;
+        } else if (column.Flux[i + 1] > 0) {
             const V4 water = h * column.Flux[i + 1] * doc;
             const V4 face = Face_Concentration(before, here, next, column.Upwind_Weight[i], water / capacity);
             out = Min(water * face, Load(column.M + at));
@@ -46,9 +50,10 @@ LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 ps
         const V4 right = Max(capacity * here + in - out, All(0.0));
         const V4 psi_change = (Load(column.Psi_End + at) - Load(column.Psi_Start + at)) * psi_share;
         const V4 below = h * Load(column.Conductance + at + lanes);
-        const V4 diagonal = capacity + column.Thickness[i] * psi_change + above + below + escape;
-        const V4 pivot = 1.0 / (diagonal - above * up_c);
-        up_d = (right + above * up_d) * pivot;
+        const V4 diagonal = capacity + column.Thickness[i] * psi_change + above + below + carries + escape;
+        const V4 gain = above + carried;
+        const V4 pivot = 1.0 / (diagonal - gain * up_c);
+        up_d = (right + gain * up_d) * pivot;
         up_c = below * pivot;
         Store(column.Sweep_C + at, up_c);
         Store(column.Sweep_D + at, up_d);
@@ -57,6 +62,7 @@ LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 ps
         here = next;
         in = out;
         above = below;
+        carried = carries;
         escape = All(0.0);
     }
 }
@@ -68,7 +74,8 @@ struct Extremes {
 // Back substitution, bottom to top: Sweep_D becomes the solution, Step_Flux the whole flux, Step_M the new mass.
 LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, V4& volatilised)
 {
-    const int lanes = column.Lanes;
+    const int lanes = column.Lanes, surface = column.Surface * lanes + b; // last place that implicit advection reaches
+    const V4 doc = Load(column.Doc + b);
     Extremes found{All(0.0), All(0.0)};
     int at = (column.N - 1) * lanes + b;
     V4 x = Load(column.Sweep_D + at);
@@ -76,7 +83,9 @@ LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, V4&
     for (; at >= lanes; at -= lanes) {
         const V4 x_above = Load(column.Sweep_D + at - lanes) + Load(column.Sweep_C + at - lanes) * x;
         Store(column.Sweep_D + at - lanes, x_above);
-        const V4 in = Load(column.Step_Flux + at) + h * Load(column.Conductance + at) * (x_above - x);
+        V4 in = Load(column.Step_Flux + at) + h * Load(column.Conductance + at) * (x_above - x);
+        if (at <= surface)
+            in += h * column.Flux[at / lanes] * doc * x_above;
         Store(column.Step_Flux + at, in);
         const V4 mass = Load(column.M + at) + (in - out);
         Store(column.Step_M + at, mass);

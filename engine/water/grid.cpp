@@ -15,6 +15,11 @@ constexpr double Carbon_To_Matter = 1.724;
 constexpr double Topsoil_Depth = 25; // cm; a horizon that begins above it is topsoil
 constexpr int Most_Compartments = 400;
 
+// Boundaries within the surface layer, cm: as fine as light, vapour and an applied film at the surface, coarser below.
+constexpr double Surface_Cuts[] = {0.05, 0.1, 0.2, 0.35, 0.5, 0.75, 1, 1.5, 2, 2.5, 3, 4, 5};
+constexpr double Least_Piece = 0.3; // of the distance between two cuts; a smaller piece is not cut off
+constexpr double Same_Depth = 1e-9; // cm
+
 struct Layer {
     double Top = 0, Bottom = 0;
     double Density = 0, Water = 0, Sand = 0, Clay = 0, pH = 0, Carbon = 0, Dispersion = 0, Drainage = 0,
@@ -93,12 +98,18 @@ int Grid::Compartment_At(double depth) const
 int Grid::Interface_Nearest(double depth) const
 {
     int best = 0;
-    for (int i = 1; i <= Count(); ++i) {
-        const double last = best == 0 ? 0 : Bottom[static_cast<std::size_t>(best - 1)];
-        if (std::fabs(Bottom[static_cast<std::size_t>(i - 1)] - depth) < std::fabs(last - depth) - 1e-9)
-            best = i;
+    for (int number = 1; number <= Document_Count(); ++number) {
+        const int interface = Interface_Below(number);
+        if (std::fabs(Depth_Of(interface) - depth) < std::fabs(Depth_Of(best) - depth) - Same_Depth)
+            best = interface;
     }
     return best;
+}
+
+const Compartment_Range& Grid::Document_At(double depth) const
+{
+    const int inner = Compartment_At(depth);
+    return *std::ranges::lower_bound(Document, inner, {}, &Compartment_Range::Last);
 }
 
 Horizon_Water Rawls_Functions(double sand, double clay, double organic_matter)
@@ -166,7 +177,61 @@ std::vector<double> Graded_Compartments(const std::vector<double>& horizon_botto
     }
 }
 
-Grid Build_Grid(const Scenario_Document& scenario)
+std::vector<double> Divide_Surface(const std::vector<double>& bottoms)
+{
+    std::vector<double> divided;
+    double top = 0;
+    for (const double bottom : bottoms) {
+        double cut_above = 0;
+        for (const double cut : Surface_Cuts) {
+            const double least = Least_Piece * (cut - cut_above);
+            cut_above = cut;
+            const double above = divided.empty() ? 0 : divided.back();
+            if (cut > top && cut - above >= least && bottom - cut >= least)
+                divided.push_back(cut);
+        }
+        divided.push_back(bottom);
+        top = bottom;
+    }
+    return divided;
+}
+
+namespace {
+
+// Lower boundaries of the document's compartments.
+std::vector<double> Document_Bottoms(const Scenario_Document& scenario, const std::vector<double>& horizon_bottoms)
+{
+    std::vector<double> bottoms;
+    if (scenario.SZE_Delxflg == 0) {
+        double bottom = 0;
+        for (const double dz : Graded_Compartments(horizon_bottoms, scenario.SZE_Core_Depth))
+            bottoms.push_back(bottom += dz);
+        return bottoms;
+    }
+    for (int i = 1; i <= scenario.SZE_Layers; ++i)
+        bottoms.push_back(scenario.SZE_Core_Depth * i / scenario.SZE_Layers);
+    return bottoms;
+}
+
+// Tells which compartments each of the document's holds, and how many belong to the surface layer.
+void Place_Document(Grid& grid, const std::vector<double>& document, bool layer)
+{
+    int first = 0;
+    for (const double bottom : document) {
+        int last = first;
+        while (grid.Bottom[static_cast<std::size_t>(last)] < bottom - Same_Depth)
+            ++last;
+        grid.Document.push_back({first, last});
+        if (layer && grid.Depth_Of(first) < Surface_Cuts[std::size(Surface_Cuts) - 1] - Same_Depth)
+            grid.Surface = last + 1;
+        first = last + 1;
+    }
+    grid.Surface = std::min(grid.Surface, static_cast<int>(grid.Bottom.size()) - 1);
+}
+
+} // namespace
+
+Grid Build_Grid(const Scenario_Document& scenario, Surface_Layer surface)
 {
     const std::vector<Layer> layers = Layers_Of(scenario);
     Grid grid;
@@ -174,13 +239,23 @@ Grid Build_Grid(const Scenario_Document& scenario)
     bottoms.reserve(layers.size());
     for (const Layer& layer : layers)
         bottoms.push_back(layer.Bottom);
-    grid.Thickness = scenario.SZE_Delxflg == 0 ? Graded_Compartments(bottoms, scenario.SZE_Core_Depth)
-                                               : Equal_Compartments(scenario.SZE_Core_Depth, scenario.SZE_Layers);
+    const std::vector<double> document = Document_Bottoms(scenario, bottoms);
+    grid.Bottom = surface == Surface_Layer::With ? Divide_Surface(document) : document;
+    // Equal compartments have one thickness to the last bit.
+    const std::vector<double> equal = scenario.SZE_Delxflg == 0
+                                          ? std::vector<double>()
+                                          : Equal_Compartments(scenario.SZE_Core_Depth, scenario.SZE_Layers);
+    Place_Document(grid, document, surface == Surface_Layer::With);
+    for (const Compartment_Range& range : grid.Document) {
+        for (int i = range.First; i <= range.Last; ++i)
+            grid.Thickness.push_back(range.First == range.Last && !equal.empty()
+                                         ? equal.front()
+                                         : grid.Bottom[static_cast<std::size_t>(i)] - grid.Depth_Of(i));
+    }
     double bottom = 0, best = 1e9;
     for (int i = 0; i < grid.Count(); ++i) {
         const double top = bottom, dz = grid.Thickness[static_cast<std::size_t>(i)];
-        bottom = scenario.SZE_Delxflg == 0 ? top + dz : scenario.SZE_Core_Depth * (i + 1) / scenario.SZE_Layers;
-        grid.Bottom.push_back(bottom);
+        bottom = grid.Bottom[static_cast<std::size_t>(i)];
         double length = 0, mass = 0;
         std::vector<double> overlap;
         for (std::size_t h = 0; h < layers.size(); ++h) {
@@ -220,9 +295,12 @@ Grid Build_Grid(const Scenario_Document& scenario)
         const double middle = (top + bottom) / 2;
         const auto at = std::ranges::find_if(layers, [middle](const Layer& l) { return middle <= l.Bottom; });
         grid.Horizon.push_back(1 + static_cast<int>(std::min(at, layers.end() - 1) - layers.begin()));
-        if (std::fabs(bottom - 100) < best - 1e-9) {
-            best = std::fabs(bottom - 100);
-            grid.Top_Layers = i + 1;
+    }
+    for (int number = 1; number <= grid.Document_Count(); ++number) {
+        const double away = std::fabs(grid.Depth_Of(grid.Interface_Below(number)) - 100);
+        if (away < best - Same_Depth) {
+            best = away;
+            grid.Top_Layers = number;
         }
     }
     return grid;

@@ -6,19 +6,39 @@
 
 namespace orvel::engine {
 
-// The compartments of the core, numbered from 0 at the top.
+// Compartments First to Last that stand for one of the document.
+struct Compartment_Range {
+    int First = 0, Last = 0;
+    bool operator==(const Compartment_Range&) const = default;
+};
+
+// The compartments of the core, numbered from 0 at the top. With a surface layer, those of the document that lie at the
+// surface are divided, always in the same way: the substances have it, water and heat keep the document's compartments.
 struct Grid {
     std::vector<double> Thickness, Bottom; // cm
     std::vector<int> Horizon;              // 1-based horizon at the middle of the compartment, for the tables
     std::vector<double> Horizon_Share;     // [compartment * horizons + horizon]: share of the soil mass
     std::vector<double> Density, Porosity, Field_Capacity, Wilting_Point, Initial_Water;
     std::vector<double> Sand, Clay, pH, Organic_Carbon, Dispersion, Drainage, Biodegradation;
-    int Top_Layers = 0; // 1-based number of the compartment that ends nearest to 1 m
+    std::vector<Compartment_Range> Document; // the compartments of the document
+    int Surface = 0;                         // number of compartments that a surface layer takes, 0 without one
+    int Top_Layers = 0;                      // 1-based number of the document's compartment that ends nearest to 1 m
+
+    int Document_Count() const { return static_cast<int>(Document.size()); }
+    int Interface_Below(int number) const // of the document's compartment, 1-based; the surface for 0
+    {
+        return number == 0 ? 0 : Document[static_cast<std::size_t>(number - 1)].Last + 1;
+    }
+    double Depth_Of(int interface) const
+    {
+        return interface == 0 ? 0 : Bottom[static_cast<std::size_t>(interface - 1)];
+    }
+    const Compartment_Range& Document_At(double depth) const; // as Compartment_At
 
     int Count() const { return static_cast<int>(Thickness.size()); }
     double Top(int i) const { return Bottom[static_cast<std::size_t>(i)] - Thickness[static_cast<std::size_t>(i)]; }
     int Compartment_At(double depth) const;    // top < depth <= bottom; the first for 0, the last below the core
-    int Interface_Nearest(double depth) const; // 0 to Count()
+    int Interface_Nearest(double depth) const; // of those between the document's compartments, 0 to Count()
 };
 
 // Water contents of a horizon, given or from the pedotransfer functions.
@@ -47,6 +67,10 @@ double Porosity(double density, double field_capacity);
 std::vector<double> Equal_Compartments(double core_depth, int count);
 std::vector<double> Graded_Compartments(const std::vector<double>& horizon_bottoms, double core_depth);
 
-Grid Build_Grid(const Scenario_Document& scenario);
+// Lower boundaries of compartments, of which those within the surface layer are divided.
+std::vector<double> Divide_Surface(const std::vector<double>& bottoms);
+
+enum class Surface_Layer { Without, With };
+Grid Build_Grid(const Scenario_Document& scenario, Surface_Layer layer = Surface_Layer::Without);
 
 } // namespace orvel::engine

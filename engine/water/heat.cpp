@@ -26,10 +26,25 @@ Conductivity Conductivity_Of(double density, double clay)
             0.03 + 0.1 * density * density};
 }
 
-double Conductivity_At(const Conductivity& p, double water)
+namespace {
+
+// The exponent of the conductivity's fall in dry soil, and the conductivity with e to that.
+double Fall(const Conductivity& p, double water)
 {
     const double x = p.C * water, x2 = x * x;
-    return p.A + p.B * water - (p.A - p.D) * Steady_Exp(-x2 * x2);
+    return -x2 * x2;
+}
+
+double Conductivity_With(const Conductivity& p, double water, double fallen)
+{
+    return p.A + p.B * water - (p.A - p.D) * fallen;
+}
+
+} // namespace
+
+double Conductivity_At(const Conductivity& p, double water)
+{
+    return Conductivity_With(p, water, Steady_Exp(Fall(p, water)));
 }
 
 double Heat_Capacity(double density, double water)
@@ -45,9 +60,11 @@ void Conduct_Heat(std::vector<double>& temperature, const std::vector<double>& t
     const std::size_t n = temperature.size();
     std::vector<double> ratio(n);
     double above = surface_conductance;
+    double half = 0.5 * thickness[0] / conductivity[0]; // resistance of half the node
     for (std::size_t i = 0; i < n; ++i) {
-        const double below =
-            i + 1 < n ? 1 / (0.5 * thickness[i] / conductivity[i] + 0.5 * thickness[i + 1] / conductivity[i + 1]) : 0;
+        const double next = i + 1 < n ? 0.5 * thickness[i + 1] / conductivity[i + 1] : 0;
+        const double below = i + 1 < n ? 1 / (half + next) : 0;
+        half = next;
         const double store = capacity[i] * thickness[i] / seconds;
         double diagonal = store + above + below, right = store * temperature[i];
         if (i == 0) {
@@ -86,8 +103,12 @@ Soil_Heat::Soil_Heat(const Grid& grid, double start_temperature) : Core(&grid)
 
 void Soil_Heat::Step_Day(const std::vector<double>& theta, double air_temperature, double snow)
 {
+    Dryness.resize((theta.size() + 3) / 4 * 4, 0.0);
+    for (std::size_t i = 0; i < theta.size(); ++i)
+        Dryness[i] = Fall(Parameters[i], theta[i]);
+    Steady_Exps(Dryness.data(), static_cast<int>(Dryness.size()), Dryness.data());
     for (std::size_t i = 0; i < theta.size(); ++i) {
-        Conducts[i] = Conductivity_At(Parameters[i], theta[i]);
+        Conducts[i] = Conductivity_With(Parameters[i], theta[i], Dryness[i]);
         Capacity[i] = Heat_Capacity(Core->Density[i], theta[i]);
     }
     const double resistance = 0.5 * Thickness[0] / Conducts[0] + Snow_Depth_Per_Water * snow * Cm / Snow_Conductivity;

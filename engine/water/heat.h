@@ -40,6 +40,8 @@ public:
 private:
     const Grid* Core;
     std::vector<double> Nodes, Thickness, Conducts, Capacity;
+    std::vector<double>
+        Dryness; // by compartment, padded: the exponent of the conductivity's fall in dry soil, then e to it
     std::vector<Conductivity> Parameters;
 };
 

@@ -43,12 +43,15 @@ Percolation_Result Percolate(const Grid& grid, const Percolation& supply, std::v
                              std::vector<double>& flux)
 {
     const int n = grid.Count();
-    Percolation_Result result{0, supply.Bypass};
+    Percolation_Result result{0, supply.Bypass, supply.Below};
+    const auto arrives = [&supply](int k) {
+        return k == supply.Outlet ? supply.Bypass - supply.Below : k == supply.Outlet + 1 ? supply.Below : 0;
+    };
     flux[0] = supply.Infiltration;
     for (int k = 0; k < n; ++k) {
         const auto i = static_cast<std::size_t>(k);
         const double dz = grid.Thickness[i];
-        const double here = theta[i] + (k == supply.Outlet ? supply.Bypass : 0) / dz;
+        const double here = theta[i] + arrives(k) / dz;
         const double excess = here - grid.Field_Capacity[i];
         flux[i + 1] = supply.Restricted ? Restricted_Outflow(flux[i], excess, dz, grid.Drainage[i],
                                                              grid.Porosity[i] - grid.Field_Capacity[i])
@@ -65,9 +68,11 @@ Percolation_Result Percolate(const Grid& grid, const Percolation& supply, std::v
         const double up = std::min(excess, flux[i]);
         flux[i] -= up;
         excess -= up;
-        if (k == supply.Outlet) {
-            const double back = std::min(excess, result.Bypass);
+        if (supply.Outlet >= 0 && (k == supply.Outlet || k == supply.Outlet + 1)) {
+            const bool below = k != supply.Outlet;
+            const double back = std::min(excess, below ? result.Below : result.Bypass - result.Below);
             result.Bypass -= back;
+            result.Below -= below ? back : 0;
             excess -= back;
             result.Excess += back;
         }

@@ -14,12 +14,14 @@ namespace orvel::engine {
 struct Percolation {
     bool Restricted = false; // exponentially restricted drainage
     double Infiltration = 0; // onto the soil, without the bypass
-    double Bypass = 0;       // into compartment Outlet
+    double Bypass = 0;       // into compartment Outlet and, with Below, into the one below it
     int Outlet = -1;
+    double Below = 0; // part of the bypass
 };
 struct Percolation_Result {
     double Excess = 0; // cm that left the top
     double Bypass = 0; // cm that the outlet took
+    double Below = 0;  // part of it
 };
 Percolation_Result Percolate(const Grid& grid, const Percolation& supply, std::vector<double>& theta,
                              std::vector<double>& flux);

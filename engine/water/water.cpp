@@ -33,7 +33,8 @@ double Runoff_Depth_Of(const Scenario_Document& scenario)
 
 double Water_Day::Percolate(int interface) const
 {
-    return Flux[static_cast<std::size_t>(interface)] + (interface <= Bypass_Outlet ? Bypass : 0);
+    const double bypass = interface <= Bypass_Outlet ? Bypass : interface == Bypass_Outlet + 1 ? Bypass_Below : 0;
+    return Flux[static_cast<std::size_t>(interface)] + bypass;
 }
 
 double Water_Day::Evapotranspiration() const
@@ -54,7 +55,8 @@ Water_Column::Water_Column(const Scenario_Document& scenario, const Grid& grid, 
     Evaporation_Depth =
         std::min(scenario.SZE_ET_Depth > 0 ? scenario.SZE_ET_Depth : Usual_Evaporation_Depth, scenario.SZE_Core_Depth);
     Evaporation_Shares = Linear_Shares(grid, Evaporation_Depth);
-    Outlet = With_Bypass ? std::min(grid.Compartment_At(scenario.SZE_Macro_Depth), std::max(0, grid.Count() - 2)) : -1;
+    if (With_Bypass)
+        Place_Outlet(scenario.SZE_Macro_Depth);
     Frost_Node = grid.Compartment_At(Frost_Depth);
     for (std::size_t i = 0; i < n; ++i)
         Moisture.push_back(std::clamp(grid.Initial_Water[i], 0.5 * grid.Wilting_Point[i], grid.Porosity[i]));
@@ -62,6 +64,18 @@ Water_Column::Water_Column(const Scenario_Document& scenario, const Grid& grid, 
     Day.Flux.assign(n + 1, 0.0);
     Day.Evaporation.assign(n, 0.0);
     Day.Transpiration.assign(n, 0.0);
+}
+
+// Shares the bypass between the compartments whose centres lie above and below the depth, so that its mean depth is the
+// one asked for.
+void Water_Column::Place_Outlet(double depth)
+{
+    const auto centre = [this](int i) { return Core->Top(i) + 0.5 * Core->Thickness[static_cast<std::size_t>(i)]; };
+    Outlet = 0;
+    while (Outlet < Core->Count() - 2 && centre(Outlet + 1) <= depth)
+        ++Outlet;
+    if (Outlet + 1 < Core->Count())
+        Below_Share = std::clamp((depth - centre(Outlet)) / (centre(Outlet + 1) - centre(Outlet)), 0.0, 1.0);
 }
 
 double Water_Column::Storage() const
@@ -164,8 +178,10 @@ const Water_Day& Water_Column::Step_Day(const Climate_Day& climate, int day_of_y
 
     Day.Theta_Start = Moisture;
     const auto percolation =
-        Percolate(*Core, {Restricted, infiltration - bypass + Pond_Store, bypass, Outlet}, Moisture, Day.Flux);
+        Percolate(*Core, {Restricted, infiltration - bypass + Pond_Store, bypass, Outlet, bypass * Below_Share},
+                  Moisture, Day.Flux);
     Day.Bypass = percolation.Bypass;
+    Day.Bypass_Below = percolation.Below;
     Day.Bypass_Outlet = Day.Bypass > 0 ? Outlet : -1;
     Hold_Back(percolation.Excess);
     Erode(crop);

@@ -14,10 +14,11 @@ struct Water_Day {
     double Canopy_Loss = 0; // evaporated from the canopy and from water on the surface
     double Throughfall = 0, Runoff = 0, Bypass = 0;
     int Bypass_Outlet = -1;
-    double Soil_Loss = 0; // t from the field
-    double Sediment = 0;  // soil loss x enrichment, g/cm2
-    double Potential = 0; // potential evapotranspiration
-    double Held_Back = 0; // found no room in the soil: on the surface, or part of the runoff
+    double Bypass_Below = 0; // part of the bypass that enters the compartment below the outlet
+    double Soil_Loss = 0;    // t from the field
+    double Sediment = 0;     // soil loss x enrichment, g/cm2
+    double Potential = 0;    // potential evapotranspiration
+    double Held_Back = 0;    // found no room in the soil: on the surface, or part of the runoff
     std::vector<double> Theta_Start, Theta_End;
     std::vector<double> Flux; // by interface, without bypass
     std::vector<double> Evaporation, Transpiration;
@@ -57,6 +58,7 @@ private:
     double Potential(const Climate_Day& climate, int day_of_year, const Crop_State& crop) const;
     double Irrigation(const Crop_State& crop) const;
     double Runoff(double supply, const Crop_State& crop, bool frozen) const;
+    void Place_Outlet(double depth);
     void Hold_Back(double excess);
     void Erode(const Crop_State& crop);
 
@@ -65,6 +67,7 @@ private:
     const Haude_Table* Haude;
     bool Restricted = false, With_Runoff = false, With_Bypass = false;
     int Outlet = -1, Frost_Node = 0;
+    double Below_Share = 0; // of the bypass, for the compartment below the outlet
     double Evaporation_Depth = 10;
     std::vector<double> Evaporation_Shares, Root_Shares;
     double Root_Shares_Depth = -1;

@@ -31,6 +31,18 @@ File_Error::File_Error(const std::string& reason, int line, int column)
       Column(column)
 {}
 
+bool Is_Missing(const std::error_code& error)
+{
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory ||
+           error == std::errc::filename_too_long;
+}
+
+void Pass_On_If_Unreadable(const File_Error& error)
+{
+    if (error.Code && !Is_Missing(error.Code))
+        throw; // the error at hand, whatever it is derived to
+}
+
 std::string Located(std::string_view file, const File_Error& error)
 {
     const std::string place = Place(error.Line, error.Column);

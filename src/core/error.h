@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace orvel {
 
@@ -13,7 +14,13 @@ struct File_Error : std::runtime_error {
 
     std::string Reason;       // without the place
     int Line = 0, Column = 0; // 1-based; 0 if unknown
+    std::error_code Code;     // why the system could not read or write the file; none if its contents are at fault
 };
+
+// For a handler of File_Error that takes a missing or damaged file for none: passes the error on if the file could not
+// be read. Nothing may be concluded from such a file, not even that it is not there.
+void Pass_On_If_Unreadable(const File_Error& error);
+bool Is_Missing(const std::error_code& error); // the file is not there
 
 // The error's text with the file's name, as every reader reports it: "demo.psm, line 12, column 5: There is no such
 // metabolite."

@@ -3,9 +3,11 @@
 #include "core/code_page.h"
 #include "core/system/file_handle.h"
 #include "core/system/flush.h"
+#include "core/system/lock.h"
 #include "core/text.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <random>
 
@@ -19,15 +21,22 @@ constexpr fs::perms Write_Bits = fs::perms::owner_write | fs::perms::group_write
 
 [[noreturn]] void Fail(const std::string& what, const fs::path& file, const std::error_code& error)
 {
-    throw File_Error(what + " " + file.string() + ": " + error.message() + ".");
+    File_Error failure(what + " " + file.string() + ": " + error.message() + ".");
+    failure.Code = error;
+    throw failure;
+}
+
+void Fail_If(const std::error_code& error, const std::string& what, const fs::path& file)
+{
+    if (error)
+        Fail(what, file, error);
 }
 
 std::vector<std::string> List(const fs::path& directory, std::string_view mask, bool directories)
 {
     std::vector<std::string> names;
     std::error_code error;
-    for (fs::directory_iterator entry(directory, fs::directory_options::skip_permission_denied, error), end;
-         !error && entry != end; entry.increment(error)) {
+    for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
         std::error_code ignored;
         if (entry->is_directory(ignored) != directories)
             continue;
@@ -35,6 +44,8 @@ std::vector<std::string> List(const fs::path& directory, std::string_view mask, 
         if (Matches(name, mask))
             names.push_back(std::move(name));
     }
+    if (!Is_Missing(error))
+        Fail_If(error, "Cannot read the directory", directory);
     std::ranges::sort(names, [](const std::string& a, const std::string& b) {
         const std::string upper_a = Upper(a), upper_b = Upper(b);
         return upper_a != upper_b ? upper_a < upper_b : a < b;
@@ -42,50 +53,96 @@ std::vector<std::string> List(const fs::path& directory, std::string_view mask, 
     return names;
 }
 
-// The path with six random letters appended.
-fs::path With_Random_Ending(const fs::path& path)
+std::string Random_Letters()
 {
     constexpr std::size_t Letters = 6;
     std::random_device random;
     std::uniform_int_distribution<int> letter('a', 'z');
-    std::string ending(Letters, ' ');
-    std::ranges::generate(ending, [&] { return static_cast<char>(letter(random)); });
-    return path.string() + ending;
+    std::string letters(Letters, ' ');
+    std::ranges::generate(letters, [&] { return static_cast<char>(letter(random)); });
+    return letters;
 }
 
 constexpr int Most_Attempts = 100; // at finding a name that is not taken
+constexpr std::string_view Unfinished_Begin = ".orvel-save-";
+constexpr std::string_view Unfinished_Mask = ".orvel-save-??????";
 
-// A new file with such a name.
+// A new file of such a name in the target's directory: a short one, whatever the length of the target's.
 File_Handle Create_Beside(const fs::path& file, fs::perms rights, fs::path& beside)
 {
     File_Handle created;
     std::error_code error = std::make_error_code(std::errc::file_exists);
     for (int attempt = 0; attempt < Most_Attempts && error == std::errc::file_exists; ++attempt) {
-        beside = With_Random_Ending(file.string() + ".");
+        beside = file.parent_path() / (std::string(Unfinished_Begin) + Random_Letters());
         created = File_Handle(beside, File_Handle::Use::Write_New, error, rights);
     }
-    if (error)
-        Fail("Cannot write", file, error);
+    Fail_If(error, "Cannot write", file);
+    created.Lock_While_Open();
     return created;
 }
 
-// With these rights, or those of any new file if none are given.
-void Write_Whole_As(const fs::path& file, std::string_view bytes, std::optional<fs::perms> rights)
+// Removes what writers that were killed have left. One at work holds a lock; the age covers the instant before it does.
+void Sweep(const fs::path& directory)
+{
+    constexpr std::chrono::seconds Least_Age(10);
+    const auto old = fs::file_time_type::clock::now() - Least_Age;
+    std::error_code error;
+    for (fs::directory_iterator entry(directory.empty() ? fs::path(".") : directory, error), end;
+         !error && entry != end; entry.increment(error)) {
+        std::error_code gone;
+        if (Matches(entry->path().filename().string(), Unfinished_Mask) && entry->last_write_time(gone) < old &&
+            !gone && !Is_Locked(entry->path()))
+            fs::remove(entry->path(), gone);
+    }
+}
+
+// The file that is really written: a link within its directory is followed. Refuses what is there and is none.
+fs::path Real_Target(const fs::path& file)
+{
+    std::error_code error;
+    const auto status = fs::symlink_status(file, error);
+    if (status.type() == fs::file_type::not_found)
+        return file;
+    Fail_If(error, "Cannot write", file);
+    if (status.type() == fs::file_type::directory)
+        Fail("Cannot write", file, std::make_error_code(std::errc::is_a_directory));
+    if (status.type() == fs::file_type::regular)
+        return file;
+    if (status.type() != fs::file_type::symlink)
+        Fail("Cannot write", file, Not_Ordinary::Device);
+    const auto target = fs::canonical(file, error);
+    Fail_If(error, "Cannot write", file);
+    if (target.parent_path() != fs::canonical(file.parent_path() / ".", error))
+        Fail("Cannot write", file, Not_Ordinary::Link_Elsewhere);
+    return Real_Target(target);
+}
+
+// With these rights; without them with those of the file that is replaced, or of any new file.
+template <class Write> void Write_Whole_As(const fs::path& given, std::optional<fs::perms> rights, Write write)
 {
     constexpr fs::perms Owner = fs::perms::owner_read | fs::perms::owner_write;
-    if (Is_Read_Only(file))
+    const fs::path file = Real_Target(given);
+    std::error_code error;
+    const auto present = fs::status(file, error);
+    const bool replaces = fs::exists(present);
+    if (replaces && (present.permissions() & Write_Bits) == fs::perms::none)
         throw File_Error("The file " + file.string() + " is read protected.");
+    if (replaces && !rights)
+        rights = present.permissions();
+    Sweep(file.parent_path());
     fs::path beside;
     File_Handle created = Create_Beside(file, rights ? Owner : File_Handle::Usual_Rights, beside);
-    std::error_code error = created.Write(bytes);
+    error = write(created);
+    if (replaces)
+        created.Take_Owner_Of(file);
     if (!error && rights)
         fs::permissions(beside, *rights, error);
     if (!error)
         error = created.Flush();
     if (!error)
-        error = created.Close();
-    if (!error)
         fs::rename(beside, file, error);
+    if (!error)
+        error = created.Close();
     if (error) {
         std::error_code ignored;
         fs::remove(beside, ignored);
@@ -129,16 +186,22 @@ bool Matches(std::string_view name, std::string_view mask)
 
 std::optional<fs::path> Find_File(const fs::path& directory, const fs::path& name)
 {
-    std::error_code ignored;
-    if (fs::path exact = directory / name; fs::exists(exact, ignored))
+    std::error_code error;
+    const fs::path exact = directory / name;
+    if (fs::symlink_status(exact, error).type() != fs::file_type::not_found && !error)
         return exact;
+    if (!Is_Missing(error))
+        Fail("Cannot read", exact, error);
     const std::string wanted = name.string();
     std::optional<std::string> best;
-    for (fs::directory_iterator entry(directory, ignored), end; !ignored && entry != end; entry.increment(ignored)) {
+    fs::directory_iterator entry(directory, error);
+    for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
         std::string found = entry->path().filename().string();
         if (Same_Text(found, wanted) && (!best || found < *best))
             best = std::move(found);
     }
+    if (!Is_Missing(error))
+        Fail_If(error, "Cannot read the directory", directory);
     if (!best)
         return std::nullopt;
     return directory / *best;
@@ -190,7 +253,9 @@ std::string Read_Head(const fs::path& file, std::size_t most)
     std::error_code error;
     File_Handle opened(file, File_Handle::Use::Read, error);
     std::string bytes(most, '\0');
-    bytes.resize(error ? 0 : opened.Read(bytes.data(), most, error));
+    bytes.resize(error ? 0 : opened.Read_At(0, bytes.data(), most, error));
+    if (!Is_Missing(error))
+        Fail_If(error, "Cannot read", file);
     return bytes;
 }
 
@@ -202,36 +267,55 @@ std::string Read_Tail(const fs::path& file, std::size_t most)
     std::string bytes(static_cast<std::size_t>(std::min<std::uint64_t>(size, most)), '\0');
     if (!bytes.empty())
         bytes.resize(opened.Read_At(size - bytes.size(), bytes.data(), bytes.size(), error));
+    if (!Is_Missing(error))
+        Fail_If(error, "Cannot read", file);
     return bytes;
 }
 
 std::string Read_If_There(const fs::path& directory, const fs::path& name)
 try {
     return Read_Whole(Found_Or_New(directory, name));
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    if (!Is_Missing(error.Code))
+        throw;
     return {};
 }
 
 void Write_Whole(const fs::path& file, std::string_view bytes)
 {
-    std::error_code missing;
-    const auto status = fs::status(file, missing);
-    Write_Whole_As(file, bytes, missing ? std::nullopt : std::optional(status.permissions()));
+    Write_Whole_As(file, std::nullopt, [bytes](File_Handle& created) { return created.Write(bytes); });
 }
 
 void Copy_Whole(const fs::path& from, const fs::path& to)
 {
+    constexpr std::size_t Window = 1U << 20U;
     std::error_code error;
-    const auto status = fs::status(from, error);
-    if (error)
-        Fail("Cannot read", from, error);
-    Write_Whole_As(to, Read_Whole(from), status.permissions() | fs::perms::owner_write);
+    File_Handle source(from, File_Handle::Use::Read, error);
+    const auto status = error ? fs::file_status() : fs::status(from, error);
+    Fail_If(error, "Cannot read", from);
+    const auto copy = [&](File_Handle& created) {
+        std::string window(Window, '\0');
+        std::error_code written;
+        while (!written) {
+            const std::size_t got = source.Read(window.data(), window.size(), error);
+            if (got == 0)
+                return error;
+            written = created.Write(std::string_view(window).substr(0, got));
+        }
+        return written;
+    };
+    try {
+        Write_Whole_As(to, status.permissions() | fs::perms::owner_write, copy);
+    } catch (const File_Error&) {
+        Fail_If(error, "Cannot read", from);
+        throw;
+    }
 }
 
 std::optional<fs::path> Make_Unique_Directory(const fs::path& begin)
 {
     for (int attempt = 0; attempt < Most_Attempts; ++attempt) {
-        fs::path directory = With_Random_Ending(begin);
+        fs::path directory = begin.string() + Random_Letters();
         std::error_code error;
         if (fs::create_directory(directory, error))
             return directory;

@@ -44,6 +44,7 @@ bool Is_Installation(const fs::path& directory)
 std::optional<fs::path> Find_Installation(const fs::path& directory, const std::vector<fs::path>& parts,
                                           const Ask_Function& ask, const std::function<fs::path()>& choose)
 try {
+    Refuse_Unfinished(directory);
     if (Is_Installation(directory))
         return directory;
     if (!Wants_A_New_One(directory, ask))

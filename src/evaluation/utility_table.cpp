@@ -31,6 +31,13 @@ std::string First_Lines(const fs::path& plot)
     return lines;
 }
 
+std::string Log_Of(const fs::path& directory)
+try {
+    return To_Code_Page(Read_If_There(directory, Utility_Log));
+} catch (const File_Error& error) {
+    return To_Code_Page(error.what());
+}
+
 std::optional<int> Tell(const Session& session, std::string text)
 {
     session.Ask({std::string(Title), std::move(text)});
@@ -56,8 +63,9 @@ bool Is_Due(Utility utility, const fs::path& directory)
     if (!plot)
         return false;
     const auto table = Find_File(directory, Names_Of(utility).Output), copy = Find_File(directory, Series_Copy);
-    std::error_code ignored;
-    return !table || !copy || fs::last_write_time(*plot, ignored) > fs::last_write_time(*table, ignored);
+    std::error_code of_plot, of_table;
+    return !table || !copy || fs::last_write_time(*plot, of_plot) > fs::last_write_time(*table, of_table) || of_plot ||
+           of_table;
 }
 
 std::optional<int> Start_Utility(const Session& session, Utility utility, const fs::path& directory)
@@ -86,7 +94,7 @@ try {
 
 std::string Take_Utility_Log(const fs::path& directory)
 {
-    const std::string log = To_Code_Page(Read_If_There(directory, Utility_Log));
+    const std::string log = Log_Of(directory);
     std::error_code ignored;
     fs::remove(directory / Utility_Log, ignored);
     return std::string(Trim(Replace_All(Replace_All(log, "\r", " "), "\n", " ")));

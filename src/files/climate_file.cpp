@@ -76,6 +76,23 @@ Climate_Table Parse_CLI(std::string_view bytes, Misreads* misreads)
     return table;
 }
 
+std::string Seems_Cut(std::string_view bytes, const Climate_Table& table)
+{
+    const auto lines = Split_Lines(bytes);
+    if (!bytes.ends_with('\n') && lines.size() > 2 && lines.back().size() < Trim(lines[1]).size())
+        return "The last line is shorter than the others: the file seems to have been cut.";
+    const auto last = std::find_if_not(table.Rows.rbegin(), table.Rows.rend(), Is_Left_Out);
+    const auto first = std::ranges::find_if_not(table.Rows, Is_Left_Out);
+    const auto is_day = [](const Climate_Row& row, double day, double month) {
+        return Val(row.Cli_Day) == day && Val(row.Cli_Month) == month;
+    };
+    const bool some = first != table.Rows.end() && &*first != &*last;
+    if (!some || !is_day(*first, 1, 1) || is_day(*last, 31, 12))
+        return {};
+    return "The file begins on 1 January and ends on " + std::string(Trim(last->Cli_Day)) + "." +
+           std::string(Trim(last->Cli_Month)) + ".: it seems to have been cut.";
+}
+
 std::string Format_CLI(const Climate_Table& table)
 {
     std::string text = table.Cli_Title;

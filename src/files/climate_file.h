@@ -53,6 +53,10 @@ bool Is_Left_Out(const Climate_Row& row);
 // an empty file. Fields that are no numbers are listed where the caller asks for them, except those of rows left out.
 Climate_Table Parse_CLI(std::string_view bytes, Misreads* misreads = nullptr);
 
+// Why a climate file seems to have been cut, a sentence: its last line is short, or it begins on 1 January and does not
+// end on 31 December. Empty if it is whole.
+std::string Seems_Cut(std::string_view bytes, const Climate_Table& table);
+
 // Rows whose day is blank or zero are left out; one empty line stands at the end.
 std::string Format_CLI(const Climate_Table& table);
 

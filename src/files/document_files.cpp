@@ -70,7 +70,10 @@ try {
 
 bool Read_CLI(Session& session, const fs::path& file)
 try {
-    session.Climate = Parse_CLI(Read_Whole(file));
+    const std::string bytes = Read_Whole(file);
+    session.Climate = Parse_CLI(bytes);
+    if (const auto cut = Seems_Cut(bytes, session.Climate); !cut.empty())
+        Tell(session.Ask, Readin_Check, Path_Text(file.filename()) + ": " + cut);
     return true;
 } catch (const File_Error& error) {
     Refuse_Climate(session, error);

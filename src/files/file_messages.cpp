@@ -15,7 +15,8 @@ constexpr std::string_view Read_Protected =
 bool Is_Protected(const std::filesystem::path& file)
 {
     const auto directory = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
-    return Is_Read_Only(file) || (std::filesystem::is_directory(directory) && !May_Write(directory));
+    std::error_code unknown; // then the save itself tells
+    return Is_Read_Only(file) || (std::filesystem::is_directory(directory, unknown) && !May_Write(directory));
 }
 
 } // namespace

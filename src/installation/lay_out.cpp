@@ -7,8 +7,10 @@
 #include "core/version.h"
 #include "installation/installation_files.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace orvel {
@@ -31,14 +33,31 @@ std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, std::strin
     return std::nullopt;
 }
 
-// Ignores the remains of an earlier attempt.
-bool Is_Empty(const fs::path& directory)
+// An attempt was killed: its files are there, and the engine, which is moved up last, is not.
+bool Is_Unfinished(const fs::path& directory)
 {
-    for (const auto& entry : fs::directory_iterator(directory)) {
-        if (entry.path().filename() != Staging)
-            return false;
-    }
-    return true;
+    return fs::exists(directory / Staging) && !fs::exists(directory / Engine_File_Name);
+}
+
+// What an installation has in its directory.
+std::set<fs::path> Names_Of_Installation()
+{
+    std::set<fs::path> names(Utilities.begin(), Utilities.end());
+    names.insert(Staging);
+    Make_Data_Files([&](const std::string& path, std::string_view) { names.insert(*fs::path(path).begin()); });
+    return names;
+}
+
+// Whether nothing is there but the remains of an attempt that was killed.
+bool Is_Free(const fs::path& directory)
+{
+    if (fs::is_empty(directory))
+        return true;
+    if (!Is_Unfinished(directory))
+        return false;
+    const auto names = Names_Of_Installation();
+    return std::ranges::all_of(fs::directory_iterator(directory),
+                               [&](const auto& entry) { return names.contains(entry.path().filename()); });
 }
 
 void Write_New(const fs::path& file, std::string_view bytes)
@@ -104,11 +123,14 @@ void Move_Up(const fs::path& staging, const fs::path& directory)
     for (const auto& entry : fs::directory_iterator(staging))
         names.push_back(entry.path().filename());
     for (const auto& name : names) {
-        if (name != Engine_File_Name)
-            fs::rename(staging / name, directory / name);
+        if (name == Engine_File_Name)
+            continue;
+        fs::remove_all(directory / name); // moved up by an attempt that was killed
+        fs::rename(staging / name, directory / name);
     }
     fs::rename(staging / Engine_File_Name, directory / Engine_File_Name);
     fs::remove(staging);
+    Flush_Directory(directory);
 }
 
 void Lay_Out(const fs::path& directory, const std::vector<fs::path>& parts)
@@ -124,7 +146,7 @@ void Lay_Out(const fs::path& directory, const std::vector<fs::path>& parts)
     const auto lock = Lock::Take(directory);
     if (!lock)
         throw File_Error("The directory " + directory.string() + " is in use by another program.");
-    if (!Is_Empty(directory))
+    if (!Is_Free(directory))
         throw File_Error("The directory " + directory.string() + " is not empty.");
     made.Own();
     fs::remove_all(directory / Staging);
@@ -143,6 +165,14 @@ try {
     Lay_Out(path.has_filename() ? path : path.parent_path(), parts);
 } catch (const fs::filesystem_error& error) {
     throw File_Error("Cannot lay out " + directory.string() + ": " + error.code().message() + ".");
+}
+
+void Refuse_Unfinished(const fs::path& directory)
+{
+    std::error_code unreadable; // which the first file that is read will tell
+    if (fs::exists(directory / Staging, unreadable) && !fs::exists(directory / Engine_File_Name, unreadable))
+        throw File_Error("The installation in " + directory.string() +
+                         " is not complete. Please lay it out again: orvelctl init " + directory.string());
 }
 
 std::vector<fs::path> Parts_Beside(const fs::path& program)

@@ -9,8 +9,11 @@ namespace orvel {
 // crop data base, help texts and the files that start and run forms expect. Programs are copied from the first of
 // `parts` that has them; only the engine is required. Creates the directory and its parents if need be. Throws
 // File_Error with a sentence for a directory that is not empty, a missing engine or a disk error; the directory is then
-// unchanged. A power failure leaves nothing that looks like an installation.
+// unchanged. An attempt that is killed leaves nothing that passes for an installation, and can be repeated.
 void Lay_Out_Installation(const std::filesystem::path& directory, const std::vector<std::filesystem::path>& parts);
+
+// Throws File_Error for a directory in which an attempt was killed and not repeated.
+void Refuse_Unfinished(const std::filesystem::path& directory);
 
 // The directories that may hold engine and utilities: the program's own, then libexec/orvelsuite and share/orvelsuite.
 std::vector<std::filesystem::path> Parts_Beside(const std::filesystem::path& program);

@@ -30,7 +30,8 @@ constexpr std::size_t Tail = 64U << 10U; // an engine writes its last year at th
 std::vector<fs::path> Runs_Of_Job(const fs::path& directory)
 try {
     return Read_Job_Runs(directory);
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 
@@ -97,7 +98,9 @@ std::vector<std::string> First_Levels(const fs::path& directory)
     return names;
 }
 
-Simulation Look_At(const fs::path& run)
+} // namespace
+
+Simulation Look_At_Run(const fs::path& run)
 {
     Simulation simulation{.Pesticide = {}, .Crop = {}, .Location = {}, .Directory = run, .Date = Last_Change(run)};
     simulation.Status = Status_Of_Run(run);
@@ -106,23 +109,26 @@ Simulation Look_At(const fs::path& run)
     return simulation;
 }
 
-} // namespace
-
 double Years_Done(const fs::path& run, double years)
-{
+try {
     const std::string said = Read_Tail(run / Progress_Name, 256);
     double done = Last_Year(said);
     if (done == 0)
         done = Last_Year(Read_Tail(Found_Or_New(run, "Wasser.orv"), Tail));
     return std::clamp(done, 0.0, years);
+} catch (const File_Error&) {
+    return 0; // nothing but the estimate of the time left rests on it
 }
 
 bool Job_Running(const Program_State& program, const Mode& mode)
 {
+    return !Find_File(Mode_Directory(program, mode), mode.Probe_File) || Is_Job_At_Work(program, mode);
+}
+
+bool Is_Job_At_Work(const Program_State& program, const Mode& mode)
+{
     const fs::path directory = Mode_Directory(program, mode);
-    if (!Find_File(directory, mode.Probe_File) || Is_Locked(directory))
-        return true;
-    return std::ranges::any_of(Runs_Of_Job(directory), Is_Locked);
+    return Is_Locked(directory) || std::ranges::any_of(Runs_Of_Job(directory), Is_Locked);
 }
 
 Job_Progress Progress_Of_Job(const fs::path& mode_directory)
@@ -161,6 +167,8 @@ std::string_view Status_Text(Run_Status status)
 std::string Result_Text(const Simulation& simulation)
 {
     const Run_State& state = simulation.State;
+    if (state.Verdict == Verdict::Running || state.Verdict == Verdict::Scheduled)
+        return {}; // the status says it
     std::string text(Verdict_Text(state.Verdict));
     if (state.Verdict == Verdict::Unrecorded)
         return text + (simulation.Echo_Failed ? ": ERROR" : "");
@@ -194,7 +202,7 @@ std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
     for (const auto& pesticide : List_Run_Levels(mode_directory)) {
         for (const auto& crop : First_Levels(mode_directory / pesticide)) {
             for (const auto& location : First_Levels(mode_directory / pesticide / crop)) {
-                auto& simulation = simulations.emplace_back(Look_At(mode_directory / pesticide / crop / location));
+                auto& simulation = simulations.emplace_back(Look_At_Run(mode_directory / pesticide / crop / location));
                 simulation.Pesticide = List_Name(pesticide);
                 simulation.Crop = List_Name(crop);
                 simulation.Location = List_Name(location);

@@ -16,6 +16,9 @@ namespace orvel {
 // Whether a job or an engine of the mode is at work. A missing probe file counts as running.
 bool Job_Running(const Program_State& program, const Mode& mode);
 
+// The same without the probe file, which says nothing about a job.
+bool Is_Job_At_Work(const Program_State& program, const Mode& mode);
+
 // The years, at most `years`, that the engine of a run directory has completed: by its own progress, else by the last
 // year in its water balance.
 double Years_Done(const std::filesystem::path& run, double years);
@@ -45,11 +48,15 @@ struct Simulation {
     bool Echo_Failed = false; // of an unrecorded run: its echo holds an error
 };
 
-// What the list says beside the three texts: "complete", "incomplete: 12 of 26 years", "unrecorded: ERROR" ...
+// What the list says beside the three texts: "complete", "incomplete: 12 of 26 years", "unrecorded: ERROR" ... Empty
+// for a run that waits or is at work.
 std::string Result_Text(const Simulation& simulation);
 
 // The reason, or what a user should know of an unrecorded run: one sentence; empty if there is nothing to tell.
 std::string Explanation(const Simulation& simulation);
+
+// The state of one run directory; its names are not filled in.
+Simulation Look_At_Run(const std::filesystem::path& run);
 
 // All run directories of a mode, sorted by pesticide, crop and location. At most 31 crops of a pesticide and 31
 // locations of a crop.

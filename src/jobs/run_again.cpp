@@ -32,7 +32,8 @@ Ask_Function Agreeing(const Ask_Function& ask)
 std::string Read_Control(const fs::path& run)
 try {
     return Read_Whole(Found_Or_New(run, "orvel.inp"));
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 

@@ -106,6 +106,31 @@ void Clean_Leftovers(const fs::path& mode_directory)
     }
 }
 
+Simulation Simulation_In_Bin(const Binned_Run& binned)
+{
+    Simulation simulation = Look_At_Run(binned.Directory);
+    const fs::path crop = binned.Run.parent_path();
+    simulation.Pesticide = Decode_Level(To_Code_Page(crop.parent_path().string()));
+    simulation.Crop = Decode_Level(To_Code_Page(crop.filename().string()));
+    simulation.Location = Decode_Level(To_Code_Page(binned.Run.filename().string()));
+    return simulation;
+}
+
+int Put_Back_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                         const std::vector<Binned_Run>& runs)
+{
+    int put_back = 0;
+    for (const auto& run : runs) {
+        try {
+            Put_Back(Mode_Directory(program, mode), run);
+            ++put_back;
+        } catch (const File_Error& error) {
+            Tell(ask, "Put back simulations", To_Code_Page(error.what()));
+        }
+    }
+    return put_back;
+}
+
 int Delete_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                        const std::vector<Simulation>& simulations, const Progress& progress)
 try {

@@ -2,6 +2,7 @@
 
 #include "core/progress.h"
 #include "jobs/job_status.h"
+#include "runs/bin.h"
 
 #include <vector>
 
@@ -20,5 +21,13 @@ void Clean_Leftovers(const std::filesystem::path& mode_directory);
 // `progress` is called before each; if it says so, the rest stays.
 int Delete_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                        const std::vector<Simulation>& simulations, const Progress& progress = {});
+
+// A run in the bin as the list would show it.
+Simulation Simulation_In_Bin(const Binned_Run& binned);
+
+// Puts runs back to their places; what is there now goes to the bin. Returns their number; what was refused has been
+// told.
+int Put_Back_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                         const std::vector<Binned_Run>& runs);
 
 } // namespace orvel

@@ -32,6 +32,20 @@ std::vector<std::string> Input_Files(std::string_view control)
     return names;
 }
 
+// Copies the input beside the archived output; gives the names that are missing.
+std::string Copy_Input(const fs::path& directory, const fs::path& archive, const std::string& control)
+{
+    std::string missing;
+    for (const std::string& name : Input_Files(control)) {
+        const auto source = Find_File(directory, Path_Of(name));
+        if (source)
+            Copy_Whole(*source, archive / source->filename());
+        else if (!Contains(missing, name))
+            missing += (missing.empty() ? "" : ", ") + name;
+    }
+    return missing;
+}
+
 void Copy_Into(const fs::path& directory, const fs::path& archive, const fs::path& name)
 {
     const fs::path source = Found_Or_New(directory, name);
@@ -93,13 +107,15 @@ bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::
         for (const std::string& name : output)
             Copy_Into(directory, archive, name);
         const std::string control = Read_Whole(Found_Or_New(directory, "orvel.inp"));
-        for (const std::string& name : Input_Files(control))
-            Copy_Into(directory, archive, Path_Of(name));
+        const std::string missing = Copy_Input(directory, archive, control);
         Write_Whole(archive / "orvel.inp", control);
-    } catch (const std::exception&) {
+        if (!missing.empty())
+            Tell(ask, File_Check, "The archive " + folder + " lacks input that is not there any more: " + missing + ".");
+    } catch (const std::exception& error) {
         if (made)
             fs::remove_all(archive, ignored); // nothing has been moved out of the directory yet
-        Tell(ask, File_Check, "Cannot open " + Name_Of(archive).value_or(folder));
+        Tell(ask, File_Check,
+             "Cannot open " + Name_Of(archive).value_or(folder) + "\r\n" + To_Code_Page(error.what()));
         return false;
     }
     // The archive is complete: the output may be deleted now, and the archive stays whatever happens.

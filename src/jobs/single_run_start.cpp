@@ -9,6 +9,7 @@
 #include "jobs/job.h"
 #include "jobs/job_status.h"
 #include "jobs/run_recording.h"
+#include "output/run_state.h"
 #include "runs/run_control.h"
 #include "runs/run_place.h"
 
@@ -81,8 +82,13 @@ Single_Run_State State_Of_Single_Run(const fs::path& directory, int years)
 {
     Single_Run_State state;
     state.Running = Is_Locked(directory) || Is_Locked(Found_Or_New(directory, "echo.orv"));
-    if (!state.Running)
+    if (!state.Running) {
+        const Run_State ended = State_Of_Run(directory);
+        if (ended.Record)
+            state.Text = ended.Verdict == Verdict::Complete ? "The simulation is complete."
+                                                            : "The simulation is not complete. " + ended.Reason;
         return state;
+    }
     state.Years_Done = static_cast<int>(Years_Done(directory, years));
     state.Text =
         "The engine is at work: " + std::to_string(state.Years_Done) + " of " + std::to_string(years) + " years.";

@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/run_name.h"
 #include "core/system/lock.h"
 #include "core/system/program_path.h"
 #include "core/system/spawn.h"
@@ -9,6 +10,7 @@
 #include "jobs/job_log.h"
 #include "jobs/job_status.h"
 #include "jobs/run_recording.h"
+#include "output/run_outputs.h"
 #include "runs/batch.h"
 #include "runs/job_file.h"
 #include "runs/run_place.h"
@@ -177,6 +179,28 @@ std::vector<fs::path> Runs_To_Start(const Program_State& program, const Mode& mo
             runs.push_back(path);
     }
     return runs;
+}
+
+std::string Start_Notice(const Program_State& program, const Mode& mode, const Run_Choice& choice)
+try {
+    const fs::path directory = Mode_Directory(program, mode);
+    if (Batch_Pending(directory)) {
+        const std::size_t all = Plan_Job(directory, Job_Selection::Fresh).Runs.size();
+        const std::size_t running = Runs_To_Start(program, mode, Job_Selection::Fresh).size();
+        std::string text =
+            "Start Batch runs " + std::to_string(running) + " marked simulation" + (running == 1 ? "." : "s.");
+        if (running < all)
+            text += " " + std::to_string(all - running) + " more " + (all - running == 1 ? "has" : "have") +
+                    " ended and will not be touched.";
+        return text;
+    }
+    if (choice.Pesticide.empty() || choice.Location.empty() || choice.Crop == nullptr)
+        return {};
+    const auto run = Run_Path(directory, Run_Directory(choice.Pesticide, choice.Crop->Text, choice.Location));
+    return std::string("Run starts the selected simulation alone.") +
+           (Has_Engine_Output(run) ? " Its present results go to the bin." : "");
+} catch (const File_Error& error) {
+    return To_Code_Page(error.what());
 }
 
 std::optional<int> Job_Exit_Code(int process)

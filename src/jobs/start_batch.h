@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace orvel {
@@ -32,6 +33,10 @@ Started_Job Run_Batch(const Program_State& program, const Ask_Function& ask, con
 // The runs that a start of this selection would run. Throws File_Error if the batch or the job file cannot be read.
 std::vector<std::filesystem::path> Runs_To_Start(const Program_State& program, const Mode& mode,
                                                  Job_Selection selection);
+
+// What a start will do, for the run form: how many marked simulations it runs and which stay as they are; without any,
+// what becomes of the selected combination.
+std::string Start_Notice(const Program_State& program, const Mode& mode, const Run_Choice& choice);
 
 // The exit code of a job that this program started, without waiting; nothing while it runs.
 std::optional<int> Job_Exit_Code(int process);

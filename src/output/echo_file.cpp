@@ -112,6 +112,7 @@ Echo Read_Echo(const std::filesystem::path& run_directory)
         echo = Scan_Echo(scanner);
         echo.Written = written;
     } catch (const File_Error& error) {
+        Pass_On_If_Unreadable(error);
         echo = {};
         echo.Missing = error.what();
     }

@@ -40,17 +40,18 @@ struct Echo {
 
 Echo Scan_Echo(Line_Scanner& echo);
 
-// The echo of a run directory; one that is missing or cannot be read is an empty one.
+// The echo of a run directory; a missing one is empty. Throws File_Error for one that cannot be read.
 Echo Read_Echo(const std::filesystem::path& run_directory);
 
 // Looks at the run again: whether it is at work, and its echo if that is another one by now.
 void Look_Again(Echo& echo, const std::filesystem::path& run_directory);
 
-// Whether a simulation has ended with an error. False without an echo: nothing else tells of one that was begun.
+// Whether a simulation has ended with an error. False without an echo: nothing else tells of one that was begun. Throws
+// File_Error.
 bool Simulation_Failed(const std::filesystem::path& run_directory);
 constexpr std::string_view Simulation_Failed_Text = "The simulation failed: its echo file, echo.orv, tells why.";
 
-// Whether a job or an engine holds a run directory.
+// Whether a job or an engine holds a run directory. Throws File_Error if that cannot be told.
 bool Is_At_Work(const std::filesystem::path& run_directory);
 
 } // namespace orvel

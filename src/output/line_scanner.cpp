@@ -5,6 +5,17 @@
 
 namespace orvel {
 
+namespace {
+
+[[noreturn]] void Fail(const std::filesystem::path& file, const std::string& what, const std::error_code& error)
+{
+    File_Error failure("The file " + file.string() + " cannot be " + what + ": " + error.message() + ".");
+    failure.Code = error;
+    throw failure;
+}
+
+} // namespace
+
 const char* Anchor::In(const char* first, const char* last) const
 {
     if (static_cast<std::size_t>(last - first) < Text.size())
@@ -31,13 +42,13 @@ Line_Scanner::Line_Scanner(const std::filesystem::path& file, std::size_t window
     std::error_code error;
     File = File_Handle(file, File_Handle::Use::Read, error);
     if (error)
-        throw File_Error("The file " + file.string() + " cannot be opened: " + error.message() + ".");
+        Fail(file, "opened", error);
     Fill(Line_First);
 }
 
 Line_Scanner Line_Scanner::Of_Bytes(std::string_view bytes, std::size_t window)
 {
-    Line_Scanner scanner(window);
+    Line_Scanner scanner(std::min(window, bytes.size() + 1));
     scanner.Source = bytes;
     scanner.Fill(scanner.Line_First);
     return scanner;
@@ -54,7 +65,7 @@ std::size_t Line_Scanner::Read_Some(char* to, std::size_t most)
     std::error_code error;
     const std::size_t got = File.Read(to, most, error);
     if (error)
-        throw File_Error("The file " + Name.string() + " cannot be read: " + error.message() + ".");
+        Fail(Name, "read", error);
     return got;
 }
 

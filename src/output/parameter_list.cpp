@@ -66,7 +66,8 @@ Per_Substance<std::string> Names_In_Run(const std::filesystem::path& run, std::s
         Line_Reader lines(run_control);
         lines.Skip(2);
         Parse_PSM(Read_Whole(Found_Or_New(run, Path_Of(Trim(lines.Next())))), *document);
-    } catch (const File_Error&) {
+    } catch (const File_Error& error) {
+        Pass_On_If_Unreadable(error);
         Reset_PSM(*document);
     }
     return document->Substance_Name;
@@ -113,7 +114,8 @@ std::vector<Parameter_Item> Parameters_Of_Head(const Plot_Head& head, const std:
 try {
     const std::string run_control = Read_Whole(Found_Or_New(directory, "orvel.inp"));
     return Parameters_Of(head, Substances_Of_Rows(run_control), Names_In_Run(directory, run_control));
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     Per_Substance<std::string> names;
     names.fill("unknown");
     return Parameters_Of(head, {}, names);
@@ -126,7 +128,8 @@ try {
     const Plot_Head head = Read_Plot_Head(run_directory);
     const std::string run_control = Read_Whole(Found_Or_New(run_directory, "orvel.inp"));
     return Parameters_Of(head, Substances_Of_Rows(run_control), Names_In_Run(run_directory, run_control));
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return Fixed_Parameters();
 }
 

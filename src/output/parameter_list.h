@@ -34,8 +34,8 @@ std::vector<Parameter_Item> Parameters_Of(const Plot_Head& head, const std::vect
 // directory; "unknown" without them.
 std::vector<Parameter_Item> Parameters_Of_Head(const Plot_Head& head, const std::filesystem::path& directory);
 
-// The list of a run directory, its substances named as in its own copy of the pesticide file. The fixed list where that
-// fails.
+// The list of a run directory, its substances named as in its own copy of the pesticide file. The fixed list where they
+// are missing or damaged; throws File_Error for one that cannot be read.
 std::vector<Parameter_Item> Parameters_Of_Run(const std::filesystem::path& run_directory);
 
 } // namespace orvel

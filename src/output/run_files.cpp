@@ -22,6 +22,13 @@ std::vector<Chem_File> Chem_Files(const fs::path& run_directory)
     return files;
 }
 
+bool Has_All_Substances(const fs::path& run_directory, std::size_t substances)
+{
+    const auto files = Chem_Files(run_directory);
+    std::error_code ignored;
+    return substances == files.size() || (files.size() == 1 && !fs::exists(files.front().File, ignored));
+}
+
 Reading_Progress::Reading_Progress(const Progress& progress, const std::vector<fs::path>& files)
     : Report_Progress(progress)
 {

@@ -23,6 +23,9 @@ struct Chem_File {
 // C2 D2.
 std::vector<Chem_File> Chem_Files(const std::filesystem::path& run_directory);
 
+// Whether there are as many balance files as substances; any number is right without any file.
+bool Has_All_Substances(const std::filesystem::path& run_directory, std::size_t substances);
+
 // The share of the files to read that has been read, for the user.
 class Reading_Progress {
 public:

@@ -7,11 +7,9 @@
 #include "output/echo_file.h"
 #include "output/line_scanner.h"
 #include "output/plot_file.h"
-#include "output/run_files.h"
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 
 namespace orvel {
 
@@ -117,18 +115,104 @@ Echo_End Read_Echo_End(const fs::path& file)
     return echo;
 }
 
-// The first reason why a run is not complete.
-class Gaps {
+// Looks through the outputs of a run and keeps the first reason why it is not complete.
+class Output_Finder {
 public:
-    explicit Gaps(std::string& reason) : Reason(reason) {}
-    void Add(const std::string& reason)
+    Output_Finder(const fs::path& run_directory, const Run_Request& request, const Leap_Day_Function& has_leap_day)
+        : Run(run_directory),
+          Request(request),
+          Has_Leap(has_leap_day)
     {
-        if (Reason.empty())
-            Reason = reason;
+        Found.Years_Expected = Found.Years_Found = request.Years;
+    }
+
+    Run_Outputs Find()
+    {
+        if (Request.Years == 0)
+            Miss("orvel.inp does not tell how many years were asked for.");
+        for (const auto& name : List_Files(Run, "*.orv")) {
+            if (Is_Engine_Output(name))
+                Look_At(name);
+        }
+        for (const char* name : {"echo.orv", "Wasser.orv", "chem.orv", "plot.orv"})
+            Require(name);
+        if (Balances < Substances)
+            Lack("The balance of " + std::to_string(Substances - Balances) + " of " + std::to_string(Substances) +
+                 " substances is missing.");
+        return std::move(Found);
     }
 
 private:
-    std::string& Reason;
+    void Miss(const std::string& reason)
+    {
+        if (Found.Missing.empty())
+            Found.Missing = reason;
+    }
+
+    // Something without which no year is whole.
+    void Lack(const std::string& reason)
+    {
+        Miss(reason);
+        Found.Years_Found = 0;
+    }
+
+    void Look_At(const std::string& name)
+    {
+        const fs::path file = Run / name;
+        std::error_code ignored;
+        if (fs::symlink_status(file, ignored).type() != fs::file_type::regular)
+            return Miss("The output " + name + " is not an ordinary file.");
+        Found.Files.push_back({file, std::nullopt});
+        if (Same_Text(name, "echo.orv"))
+            Look_At_Echo(file);
+        else if (Same_Text(name, "Wasser.orv"))
+            Add_Years(Years_In_Balance(file));
+        else if (Matches(name, "chem.orv") || Matches(name, "chem_??.orv"))
+            Look_At_Balance(file);
+        else if (Same_Text(name, "plot.orv") && Request.Series)
+            Add_Years(Years_Of_Series(file, Ends_Of_Years(Run, Request, Has_Leap)));
+    }
+
+    void Look_At_Echo(const fs::path& file)
+    {
+        const Echo_End echo = Read_Echo_End(file);
+        Found.Holds_Error = echo.Holds_Error;
+        Found.Engine_Version = echo.Engine_Version;
+        Substances = echo.Substances;
+        if (!echo.Whole && !echo.Holds_Error)
+            Miss("The output echo.orv ends early.");
+    }
+
+    void Look_At_Balance(const fs::path& file)
+    {
+        ++Balances;
+        Add_Years(Years_In_Balance(file));
+    }
+
+    // Of the file that was found last.
+    void Add_Years(int years)
+    {
+        Found_Output& output = Found.Files.back();
+        output.Years = years;
+        Found.Years_Found = std::min(Found.Years_Found, years);
+        if (years < Request.Years)
+            Miss("The output " + output.File.filename().string() + " holds " + Years_Text(years, Request.Years) + ".");
+    }
+
+    void Require(std::string_view name)
+    {
+        const bool needed = name != "plot.orv" || Request.Series;
+        const bool there = std::ranges::any_of(
+            Found.Files, [&](const Found_Output& output) { return Same_Text(output.File.filename().string(), name); });
+        if (needed && !there)
+            Lack("The output " + std::string(name) + " is missing.");
+    }
+
+    const fs::path& Run;
+    const Run_Request& Request;
+    const Leap_Day_Function& Has_Leap;
+    Run_Outputs Found;
+    std::size_t Balances = 0, Substances = 0;
 };
 
 int Day_Or_Month(std::string_view& header, int most, int otherwise)
@@ -212,66 +296,7 @@ bool Has_Leap_Day(const fs::path& climate)
 Run_Outputs Find_Outputs(const fs::path& run_directory, const Run_Request& request,
                          const Leap_Day_Function& has_leap_day)
 {
-    Run_Outputs outputs{.Files = {}, .Years_Expected = request.Years, .Years_Found = request.Years};
-    Gaps gaps(outputs.Missing);
-    std::size_t balances = 0, substances = 0;
-    bool has_echo = false, has_water = false, has_chem = false, has_series = false;
-    const auto add_years = [&](Found_Output& output, int years) {
-        output.Years = years;
-        outputs.Years_Found = std::min(outputs.Years_Found, years);
-        if (years < request.Years)
-            gaps.Add("The output " + output.File.filename().string() + " holds " + Years_Text(years, request.Years) +
-                     ".");
-    };
-    if (request.Years == 0)
-        gaps.Add("orvel.inp does not tell how many years were asked for.");
-    for (const auto& name : List_Files(run_directory, "*.orv")) {
-        const fs::path file = run_directory / name;
-        if (!Is_Engine_Output(file))
-            continue;
-        std::error_code ignored;
-        if (fs::symlink_status(file, ignored).type() != fs::file_type::regular) {
-            gaps.Add("The output " + name + " is not an ordinary file.");
-            continue;
-        }
-        Found_Output& output = outputs.Files.emplace_back(Found_Output{file, std::nullopt});
-        if (Same_Text(name, "echo.orv")) {
-            const Echo_End echo = Read_Echo_End(file);
-            has_echo = true;
-            outputs.Holds_Error = echo.Holds_Error;
-            outputs.Engine_Version = echo.Engine_Version;
-            substances = echo.Substances;
-            if (!echo.Whole && !echo.Holds_Error)
-                gaps.Add("The output echo.orv ends early.");
-        } else if (Same_Text(name, "Wasser.orv")) {
-            has_water = true;
-            add_years(output, Years_In_Balance(file));
-        } else if (Matches(name, "chem.orv") || Matches(name, "chem_??.orv")) {
-            ++balances;
-            has_chem = has_chem || Same_Text(name, "chem.orv");
-            add_years(output, Years_In_Balance(file));
-        } else if (Same_Text(name, "plot.orv")) {
-            has_series = true;
-            if (request.Series)
-                add_years(output, Years_Of_Series(file, Ends_Of_Years(run_directory, request, has_leap_day)));
-        }
-    }
-    const std::array<std::pair<bool, const char*>, 4> needed = {{{has_echo, "echo.orv"},
-                                                                 {has_water, "Wasser.orv"},
-                                                                 {has_chem, "chem.orv"},
-                                                                 {has_series || !request.Series, "plot.orv"}}};
-    for (const auto& [is_there, name] : needed) {
-        if (is_there)
-            continue;
-        gaps.Add("The output " + std::string(name) + " is missing.");
-        outputs.Years_Found = 0;
-    }
-    if (balances < substances) {
-        gaps.Add("The balance of " + std::to_string(substances - balances) + " of " + std::to_string(substances) +
-                 " substances is missing.");
-        outputs.Years_Found = 0;
-    }
-    return outputs;
+    return Output_Finder(run_directory, request, has_leap_day).Find();
 }
 
 bool Is_Engine_Output(const fs::path& file)

@@ -1,6 +1,7 @@
 #include "programs/command_line.h"
 
 #include "core/code_page.h"
+#include "core/error.h"
 #include "core/system/program_path.h"
 #include "core/system/spawn.h"
 
@@ -31,7 +32,13 @@ int Paint(const std::vector<std::string>& arguments)
                                        .Directory = std::filesystem::current_path(),
                                        .Keeps_Standard_Error = true});
     const Program_End end = Wait_For_Program(process);
-    return end.Signal == 0 && end.Exit_Code == 0 ? Done : Refused;
+    if (end.Signal != 0)
+        throw File_Error("The picture or document was not made: orvelpaint was ended by signal " +
+                         std::to_string(end.Signal) + ".");
+    if (end.Exit_Code != 0 && end.Exit_Code != Refused)
+        throw File_Error("The picture or document was not made: orvelpaint ended with " +
+                         std::to_string(end.Exit_Code) + ".");
+    return end.Exit_Code; // it has told why
 }
 
 } // namespace orvel

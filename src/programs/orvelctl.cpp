@@ -1,6 +1,8 @@
 // The program without windows, for scripts, servers and tests: each command calls the rules and prints.
 #include "core/error.h"
 #include "core/system/program_path.h"
+#include "core/system/signals.h"
+#include "core/system/standard_channels.h"
 #include "documents/documents.h"
 #include "installation/lay_out.h"
 #include "programs/orvelctl_records.h"
@@ -25,13 +27,18 @@ Button Ask_On_Standard_Error(const Message& message)
     return message.Default;
 }
 
-int Run(const Command& command, const std::filesystem::path& directory)
+int Run(const Command& command, const std::filesystem::path& directory, bool lays_out)
 try {
     const auto session = std::make_unique<Session>();
     session->Program.App_Path = std::filesystem::absolute(directory).lexically_normal();
     session->Ask = Ask_On_Standard_Error;
-    if (!std::filesystem::is_directory(session->Program.App_Path))
-        throw File_Error("The directory " + session->Program.App_Path.string() + " does not exist.");
+    std::error_code error;
+    if (!std::filesystem::is_directory(session->Program.App_Path, error))
+        throw File_Error(
+            "The directory " + session->Program.App_Path.string() +
+            (error && !Is_Missing(error) ? " cannot be read: " + error.message() + "." : " does not exist."));
+    if (!lays_out)
+        Refuse_Unfinished(session->Program.App_Path);
     return command(*session);
 } catch (const File_Error& error) {
     std::cerr << "File check: " << error.what() << '\n';
@@ -81,9 +88,12 @@ void Add_Show(CLI::App& app, Command& command)
 
 } // namespace orvel
 
-int main(int argc, char** argv)
-try {
-    using namespace orvel;
+namespace orvel {
+
+namespace {
+
+int Do_Command_Line(int argc, char** argv)
+{
     CLI::App app("ORVELSUITE without windows");
     std::string directory = ".";
     Command command;
@@ -106,7 +116,25 @@ try {
         std::cerr << error.what() << "\n\n" << app.help();
         return Wrong_Command_Line;
     }
-    return command ? Run(command, directory) : Wrong_Command_Line;
+    return command ? Run(command, directory, app.got_subcommand("init")) : Wrong_Command_Line;
+}
+
+} // namespace
+
+} // namespace orvel
+
+int main(int argc, char** argv)
+try {
+    orvel::Open_Standard_Channels();
+    orvel::Report_Failed_Writes();
+    const int code = orvel::Do_Command_Line(argc, argv);
+    if (std::cout.flush())
+        return code;
+    std::cerr << "File check: Cannot write to standard output.\n";
+    return orvel::Refused;
+} catch (const std::filesystem::filesystem_error& error) {
+    std::cerr << "File check: Cannot read " << error.path1().string() << ": " << error.code().message() << ".\n";
+    return orvel::Refused;
 } catch (const std::exception& error) {
     std::cerr << "File check: " << error.what() << '\n';
     return orvel::Refused;

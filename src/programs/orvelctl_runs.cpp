@@ -151,6 +151,9 @@ void Add_Stop(CLI::App& app, Command& command)
 
 int Do_Status(const Session& session, const Mode& mode, bool json)
 {
+    std::error_code error;
+    if (!std::filesystem::is_directory(Mode_Directory(session.Program, mode), error) && (!error || Is_Missing(error)))
+        throw File_Error("The directory " + Mode_Directory(session.Program, mode).string() + " does not exist.");
     const auto simulations = Simulation_List(Mode_Directory(session.Program, mode));
     std::cout << (json ? Simulation_Json(session.Program, simulations) : To_Utf8(Simulation_Lines(simulations)));
     bool readable = true;

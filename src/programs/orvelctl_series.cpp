@@ -1,6 +1,7 @@
 #include "programs/orvelctl_series.h"
 
 #include "core/code_page.h"
+#include "core/csv.h"
 #include "core/files.h"
 #include "core/output_variables.h"
 #include "core/text.h"
@@ -25,17 +26,11 @@ struct Series_Arguments {
     bool Cumulative = false;
 };
 
-// A cell of a table with commas, where the text may hold some.
-std::string Csv_Cell(const std::string& text)
-{
-    return text.find_first_of(",\"") == std::string::npos ? text : "\"" + Replace_All(text, "\"", "\"\"") + "\"";
-}
-
 // Days since the span's begin and value, a line each; `out` takes the text piece by piece.
 template <class Take> void Write_Csv(const Daily_Series& series, const std::string& title, Take out)
 {
     constexpr std::size_t Piece = 1U << 15U;
-    std::string text = "day," + Csv_Cell(To_Utf8(title)) + "\n";
+    std::string text = "day," + Csv_Field(To_Utf8(title)) + "\n";
     for (const Chart_Point& point : series.Points) {
         text.append(General_Text(point.X)).append(",").append(General_Text(point.Y)).append("\n");
         if (text.size() >= Piece) {
@@ -84,7 +79,7 @@ int Do_Series(const Session& session, const Series_Arguments& arguments)
         return Refused;
     }
     const auto calendar = Calendar_File(session, arguments.Run, !Is_Of_A_Batch(arguments.Run));
-    if (!std::filesystem::exists(calendar)) {
+    if (!Find_File(calendar.parent_path(), calendar.filename())) {
         Tell("File check", "The calendar datum.dat is missing: name the installation of the run with -C DIR.");
         return Refused;
     }

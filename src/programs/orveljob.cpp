@@ -3,6 +3,7 @@
 #include "core/error.h"
 #include "core/system/lock.h"
 #include "core/system/signals.h"
+#include "core/system/standard_channels.h"
 #include "jobs/job.h"
 
 #include <charconv>
@@ -89,6 +90,7 @@ try {
 int main(int argc, char** argv)
 {
     using namespace orvel;
+    Open_Standard_Channels();
     const auto line = Parse(argc, argv);
     if (line)
         return Work(*line);

@@ -6,6 +6,7 @@
 #include "core/code_page.h"
 #include "core/error.h"
 #include "core/numbers.h"
+#include "core/system/standard_channels.h"
 #include "programs/console.h"
 #include "report/painting/report_files.h"
 #include "runs/calendar_file.h"
@@ -59,6 +60,7 @@ using namespace orvel;
 
 int main(int argc, char** argv)
 try {
+    Open_Standard_Channels();
     Arguments arguments(argv + 1, argv + argc);
     const std::string what = arguments.empty() ? "" : arguments.front();
     const bool is_series =
@@ -76,7 +78,7 @@ try {
     else
         Paint_Report(*session, arguments);
     return 0;
-} catch (const File_Error& error) {
+} catch (const std::exception& error) {
     std::cerr << "File check: " << error.what() << '\n';
     return 1;
 }

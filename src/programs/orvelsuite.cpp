@@ -1,27 +1,29 @@
 // The desktop program, started in its installation directory; it takes no arguments.
 #include "core/system/program_path.h"
+#include "core/system/standard_channels.h"
 #include "desktop/first_start.h"
 #include "desktop/forms/start.h"
 #include "installation/lay_out.h"
 #include "runs/start_up.h"
 #include "ui/forms/dark_outlines.h"
+#include "ui/forms/guarded_application.h"
 #include "ui/forms/widgets.h"
 
 #include <iostream>
 #include <memory>
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 
 int main(int argc, char** argv)
-{
+try {
     using namespace orvel;
-    QApplication application(argc, argv);
+    Open_Standard_Channels();
+    Guarded_Application application(argc, argv);
     QApplication::setApplicationName("ORVELSUITE");
     Show_Outlines_In_The_Dark();
 
     const auto session = std::make_unique<Session>();
-    session->Ask = Ask_In_Box;
+    session->Ask = application.Ask = Ask_In_Box;
     const auto choose = [] {
         return std::filesystem::path(
             QFileDialog::getExistingDirectory(nullptr, "Directory of the new installation", QDir::homePath())
@@ -42,4 +44,7 @@ int main(int argc, char** argv)
     Start start(*session);
     start.show();
     return QApplication::exec();
+} catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return 1;
 }

@@ -25,16 +25,14 @@ namespace {
 
 constexpr std::string_view Not_Regulatory = "not for regulatory use";
 
-// A file of a directory, found in any case, with its digest. An unreadable file keeps its name and has no digest; the
-// report says so.
+// A file of a directory, found in any case, with its digest; a missing one has none, and the report says so. Throws
+// File_Error for one that cannot be read.
 Checked_File Checked(const fs::path& directory, const fs::path& name)
 {
-    const fs::path file = Found_Or_New(directory, name);
-    try {
-        return {To_Code_Page(file.filename().string()), Sha256_Of_File(file)};
-    } catch (const File_Error&) {
-        return {To_Code_Page(file.filename().string()), {}};
-    }
+    const auto file = Find_File(directory, name);
+    if (!file)
+        return {To_Code_Page(name.string()), {}};
+    return {To_Code_Page(file->filename().string()), Sha256_Of_File(*file)};
 }
 
 Checked_File First_Checked(const fs::path& directory, std::string_view mask)
@@ -48,7 +46,8 @@ try {
     const auto document = std::make_unique<Pesticide_Document>();
     Parse_PSM(Read_Whole(Found_Or_New(directory, Path_Of(pesticide.Name))), *document);
     return Uses_Of(*document, location);
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 
@@ -133,6 +132,8 @@ private:
             Period_Index);
         if (stopped)
             throw Reading_Stopped();
+        if (tables.Unreadable) // whether the run has a result is not known
+            throw File_Error(To_Utf8(tables.Failure));
         Period_Index = tables.Period_Index;
         Report_Run& run = Crop.Runs.back();
         run.Problem = tables.Failure.empty() ? tables.Gap : tables.Failure;

@@ -18,7 +18,7 @@ namespace orvel {
 // Windows-1252.
 
 struct Checked_File {
-    std::string Name, Sha256; // no digest: the file could not be read
+    std::string Name, Sha256; // no digest: the file is missing
     bool operator==(const Checked_File&) const = default;
 };
 

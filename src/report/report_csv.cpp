@@ -1,5 +1,6 @@
 // The report as a table of comma-separated values.
 #include "core/code_page.h"
+#include "core/csv.h"
 #include "core/numbers.h"
 #include "core/text.h"
 #include "report/report_formats.h"
@@ -12,18 +13,11 @@ namespace {
 constexpr int Conc_Decimals = 3;
 constexpr std::string_view Byte_Order_Mark = "\xEF\xBB\xBF"; // by which spreadsheets know UTF-8
 
-// Quotes a field that holds a separator, quote or line break; some spreadsheets split at semicolons.
-std::string Field(std::string_view text)
-{
-    const bool plain = text.find_first_of(",;\"\r\n\t") == std::string_view::npos && text == Trim(text);
-    return plain ? std::string(text) : "\"" + Replace_All(std::string(text), "\"", "\"\"") + "\"";
-}
-
 std::string Line_Of(const std::vector<std::string>& fields)
 {
     std::string line;
     for (std::size_t i = 0; i < fields.size(); ++i)
-        line += (i == 0 ? "" : ",") + Field(fields[i]);
+        line += (i == 0 ? "" : ",") + Csv_Field(fields[i]);
     return line.append(CrLf);
 }
 

@@ -28,7 +28,11 @@ constexpr std::string_view Output_Problem = "Problem with output files. Probably
 fs::path Level(const fs::path& above, std::string_view text)
 {
     const auto found = Find_File(above, Path_Of(Encode_Level(text)));
-    if (!found || !fs::is_directory(*found))
+    std::error_code error;
+    const bool is_there = found && fs::is_directory(*found, error);
+    if (error && !Is_Missing(error))
+        throw File_Error("Cannot read the directory " + found->string() + ": " + error.message() + ".");
+    if (!is_there)
         throw File_Error("There are no simulations of " + To_Utf8(text) + " in " + above.string() + ".");
     return *found;
 }
@@ -136,7 +140,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
                     .Crop = request.Crop};
     const auto count = request.Locations.size();
     bool complete = count > 0 && count <= Most_Summary_Locations;
-    std::string failed; // the locations
+    std::string failed; // the locations, and why
     int period_index = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const auto& location = request.Locations[i];
@@ -154,7 +158,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         const bool kept = tables.Kept && (i > 0 || tables.Has_Echo);
         complete = complete && kept;
         if (!kept)
-            failed += "\r\n" + location.Text;
+            failed += "\r\n" + location.Text + (tables.Kept ? "" : ": " + tables.Note());
         if (i == 0) {
             for (const auto& name : tables.Result_Name)
                 summary.Substances.push_back({name, {}, 0});

@@ -34,7 +34,8 @@ try {
     for (const auto& path : Resolve_Runs(mode_directory, Parse_Job(Read_Whole(Batch_File(mode_directory)))))
         runs.push_back(Run_Directory_Of(mode_directory, path));
     return runs;
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {}; // no batch, or a damaged one: the next combination begins a new one
 }
 

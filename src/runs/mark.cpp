@@ -54,7 +54,8 @@ try {
         return false;
     const auto runs = Read_Job_Runs(mode_directory);
     return std::ranges::find(runs, place) != runs.end();
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return false;
 }
 

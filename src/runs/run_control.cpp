@@ -202,7 +202,8 @@ Run_Template Parse_Template(const Mode& mode, std::string_view bytes)
 Run_Template Read_Template(const Program_State& program, const Mode& mode)
 try {
     return Parse_Template(mode, Read_Whole(Found_Or_New(Mode_Directory(program, mode), "orvel.inp")));
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 
@@ -261,7 +262,8 @@ Single_Run_Control Parse_Single_Run(std::string_view bytes, Single_Run_Control b
 std::optional<Single_Run_Control> Read_Single_Run(const std::filesystem::path& directory, Single_Run_Control before)
 try {
     return Parse_Single_Run(Read_Whole(Found_Or_New(directory, "orvel.inp")), std::move(before));
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return std::nullopt;
 }
 
@@ -275,7 +277,8 @@ try {
     if (day < 1 || month < 1 || month >= 13)
         return std::nullopt;
     return Run_End{static_cast<int>(std::min(day, 31.0)), static_cast<int>(month)};
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return std::nullopt;
 }
 

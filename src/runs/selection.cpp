@@ -48,7 +48,8 @@ try {
     if (Val(lines.Next()) == 1)
         lines.Skip(1);
     return Val(lines.Next()) != 0;
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return false;
 }
 
@@ -215,7 +216,8 @@ try {
     for (int i = 0; i < Tillage_Field; ++i)
         field = Trim(Next_Token(row));
     return field == "1";
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return false;
 }
 

@@ -134,7 +134,8 @@ std::string Scenario_Version(const Program_State& program, const Mode& mode)
 try {
     const std::string bytes = Read_Whole(Found_Or_New(Mode_Directory(program, mode), mode.Version_Source));
     return std::string(Trim(Columns(Columns(Line_Reader(bytes).Next(), 4), 1, 2)));
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 

@@ -36,8 +36,8 @@ public:
 
     void Heads(const Plot_Head& head)
     {
-        Water.Head(head);
-        Pesticide.Head(head);
+        Water.Head(head.Titles);
+        Pesticide.Head(head.Titles);
     }
 
     // Each table's head is printed before its file is opened, so that it appears even if reading fails.
@@ -98,6 +98,24 @@ private:
     std::uint64_t Done = 0; // bytes in the files already read
 };
 
+// False: the bytes are not those of whole tables.
+bool Load(const Table_Cache::Bytes& bytes, const fs::path& run_directory, Balance_View view, Balance_Tables& tables)
+{
+    Balance_Tables stored;
+    Parse_Water(bytes.First, view, stored);
+    Parse_Pesticides(bytes.Second, view, stored);
+    if (!Are_Balance_Files(bytes.First, bytes.Second, view, stored) ||
+        !Has_All_Substances(run_directory, stored.Pesticide.size()))
+        return false;
+    tables.Water_Text = Window_Text(bytes.First);
+    tables.Pesticide_Text = Window_Text(bytes.Second);
+    tables.Titles = std::move(stored.Titles);
+    tables.Water = std::move(stored.Water);
+    tables.Pesticide = std::move(stored.Pesticide);
+    tables.Substance_Name = std::move(stored.Substance_Name);
+    return true;
+}
+
 void Build(const fs::path& run_directory, Balance_View view, const Echo& echo, const Progress& progress,
            Balance_Tables& tables)
 {
@@ -108,27 +126,30 @@ void Build(const fs::path& run_directory, Balance_View view, const Echo& echo, c
     Build_With(tables, [&] { builder.Read(); });
     tables.Water_Text = builder.Water.Screen;
     tables.Pesticide_Text = builder.Pesticide.Screen;
-    if (tables.Failure.empty())
-        Cache_Of(view).Write(run_directory, echo, head, {builder.Water.File, builder.Pesticide.File}, tables);
+    if (!tables.Failure.empty())
+        return;
+    if (tables.Not_Kept.empty())
+        tables.Not_Kept = Why_Not_Whole(tables, view);
+    Cache_Of(view).Write(run_directory, echo, head, {builder.Water.File, builder.Pesticide.File}, tables);
 }
 
 } // namespace
 
 Balance_Tables Build_Or_Load_Balance(const fs::path& run_directory, Balance_View view, const Progress& progress)
 {
-    const Echo echo = Read_Echo(run_directory);
     Balance_Tables tables;
+    Echo echo;
+    Build_With(tables, [&] {
+        echo = Read_Echo(run_directory);
+        tables.Gap = Gap_Of(run_directory);
+    });
+    if (!tables.Failure.empty())
+        return tables;
     tables.Run_Failed = echo.Failed();
-    tables.Gap = Gap_Of(run_directory);
-    if (const auto bytes = tables.Gap.empty() ? Cache_Of(view).Read(run_directory) : std::nullopt) {
-        tables.From_Cache = tables.Kept = true;
-        tables.Water_Text = Window_Text(bytes->First);
-        tables.Pesticide_Text = Window_Text(bytes->Second);
-        Parse_Water(bytes->First, view, tables);
-        Parse_Pesticides(bytes->Second, view, tables);
-    } else {
-        Build_With(tables, [&] { Build(run_directory, view, echo, progress, tables); });
-    }
+    Cache_Of(view).Load_Or_Build(
+        run_directory, tables,
+        [&](const Table_Cache::Bytes& bytes) { return Load(bytes, run_directory, view, tables); },
+        [&] { Build(run_directory, view, echo, progress, tables); });
     for (std::size_t s = 0; s < std::min(tables.Substance_Name.size(), echo.Substance_Names.size()); ++s)
         tables.Substance_Name[s] = echo.Substance_Names[s];
     return tables;

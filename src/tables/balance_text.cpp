@@ -4,6 +4,8 @@
 #include "core/text.h"
 #include "output/table_lines.h"
 
+#include <algorithm>
+
 namespace orvel {
 
 namespace {
@@ -127,6 +129,36 @@ void Parse_Water(std::string_view bytes, Balance_View view, Balance_Tables& tabl
     Parse_Tables(
         bytes, view, [](std::string_view) {},
         [&](const std::vector<double>& numbers) { Add_Row(numbers, Water_Columns, tables.Water); });
+}
+
+bool Are_Balance_Files(std::string_view water, std::string_view pesticides, Balance_View view,
+                       const Balance_Tables& tables)
+{
+    if (tables.Titles.size() < Title_Count || tables.Pesticide.empty() || !Why_Not_Whole(tables, view).empty())
+        return false;
+    Table_Text first, second;
+    first.Head(tables.Titles);
+    second.Head(tables.Titles);
+    Print_Water_Head(first, view);
+    for (std::size_t row = 0; row < tables.Water.size(); ++row)
+        Print_Row(first, row + 1, tables.Water[row]);
+    for (std::size_t s = 0; s < tables.Pesticide.size(); ++s) {
+        const bool active_substance = s == 0;
+        Print_Pesticide_Head(second, view, (active_substance ? "" : " ") + tables.Substance_Name[s], active_substance);
+        for (std::size_t row = 0; row < tables.Pesticide[s].size(); ++row)
+            Print_Row(second, row + 1, tables.Pesticide[s][row]);
+    }
+    return Holds_Text(water, first.File) && Holds_Text(pesticides, second.File);
+}
+
+std::string Why_Not_Whole(const Balance_Tables& tables, Balance_View view)
+{
+    if (tables.Water.empty() && view == Balance_View::Annual) // a run without monthly output has no months
+        return "The output of the run has the balance of no year.";
+    const std::string unit = view == Balance_View::Annual ? "year" : "month";
+    const bool same =
+        std::ranges::all_of(tables.Pesticide, [&](const auto& rows) { return rows.size() == tables.Water.size(); });
+    return same ? "" : "The balances of water and substances do not have the same number of " + unit + "s.";
 }
 
 void Parse_Pesticides(std::string_view bytes, Balance_View view, Balance_Tables& tables)

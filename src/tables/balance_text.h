@@ -46,4 +46,12 @@ Pesticide_Balance_Row Print_Row(Table_Text& text, std::size_t number, Pesticide_
 void Parse_Water(std::string_view bytes, Balance_View view, Balance_Tables& tables);
 void Parse_Pesticides(std::string_view bytes, Balance_View view, Balance_Tables& tables);
 
+// Whether bytes are balance tables as they are printed, of these parts: each line in its place, and all tables of the
+// same length. They have no line that closes them.
+bool Are_Balance_Files(std::string_view water, std::string_view pesticides, Balance_View view,
+                       const Balance_Tables& tables);
+
+// A sentence that says why tables may not be kept, since a cut of them would not be noticed; empty if they may.
+std::string Why_Not_Whole(const Balance_Tables& tables, Balance_View view);
+
 } // namespace orvel

@@ -109,7 +109,7 @@ private:
 Table_Text Print_Year_Tables(const Plot_Head& head, const std::vector<Substance_Years>& read, Leachate_Tables& tables)
 {
     Table_Text text;
-    text.Head(head);
+    text.Head(head.Titles);
     for (const auto depth : Depths) {
         const auto at = static_cast<std::size_t>(depth);
         for (std::size_t s = 0; s < read.size(); ++s) {
@@ -130,7 +130,7 @@ Table_Text Print_Year_Tables(const Plot_Head& head, const std::vector<Substance_
 Table_Text Print_Period_Tables(const Plot_Head& head, Leachate_Tables& tables)
 {
     Table_Text text;
-    text.Head(head);
+    text.Head(head.Titles);
     for (const auto depth : Depths) {
         const auto at = static_cast<std::size_t>(depth);
         for (const auto& years : tables.Year[at])
@@ -147,17 +147,23 @@ int Period_Index_Of(std::size_t years, int otherwise)
     return found == Years.end() ? otherwise : static_cast<int>(found - Years.begin());
 }
 
-void Load(const Table_Cache::Bytes& bytes, Leachate_Tables& tables)
+// False: the bytes are not those of whole tables.
+bool Load(const Table_Cache::Bytes& bytes, const fs::path& run_directory, Leachate_Tables& tables)
 {
-    tables.From_Cache = tables.Kept = true;
+    auto years = Parse_Leachate(bytes.First);
+    if (!Is_Year_File(bytes.First, years) || !Has_All_Substances(run_directory, years.Set[0].size()))
+        return false;
+    const auto index = Index_Of_Period_File(bytes.Second, years,
+                                            Period_Index_Of(years.Set[0].back().Rows.size(), tables.Period_Index));
+    if (!index)
+        return false;
+    tables.Period_Index = *index;
     tables.Year_Text = Window_Text(bytes.First);
     tables.Period_Text = Window_Text(bytes.Second);
-    auto periods = Parse_Leachate(bytes.Second);
-    tables.Titles = std::move(periods.Titles);
-    tables.Period = std::move(periods.Set);
-    tables.Year = Parse_Leachate(bytes.First).Set;
-    if (!tables.Year[0].empty())
-        tables.Period_Index = Period_Index_Of(tables.Year[0].back().Rows.size(), tables.Period_Index);
+    tables.Period = Parse_Leachate(bytes.Second).Set;
+    tables.Titles = std::move(years.Titles);
+    tables.Year = std::move(years.Set);
+    return true;
 }
 
 void Build(const fs::path& run_directory, const Echo& echo, const Progress& progress, Leachate_Tables& tables)
@@ -180,18 +186,22 @@ void Build(const fs::path& run_directory, const Echo& echo, const Progress& prog
 
 Leachate_Tables Build_Or_Load(const fs::path& run_directory, const Progress& progress, int period_index)
 {
-    const Echo echo = Read_Echo(run_directory);
     Leachate_Tables tables;
     tables.Period_Index = period_index;
+    Echo echo;
+    Build_With(tables, [&] {
+        echo = Read_Echo(run_directory);
+        tables.Gap = Gap_Of(run_directory);
+    });
+    if (!tables.Failure.empty())
+        return tables;
     tables.Run_Failed = echo.Failed();
-    tables.Gap = Gap_Of(run_directory);
     tables.Has_Echo = echo.Missing.empty();
     for (const auto& name : echo.Substance_Names)
         tables.Result_Name.push_back(std::string(Result_Begin) + name);
-    if (const auto bytes = tables.Gap.empty() ? Cache.Read(run_directory) : std::nullopt)
-        Load(*bytes, tables);
-    else
-        Build_With(tables, [&] { Build(run_directory, echo, progress, tables); });
+    Cache.Load_Or_Build(
+        run_directory, tables, [&](const Table_Cache::Bytes& bytes) { return Load(bytes, run_directory, tables); },
+        [&] { Build(run_directory, echo, progress, tables); });
     return tables;
 }
 

@@ -4,8 +4,10 @@
 #include "core/text.h"
 #include "output/quick_val.h"
 #include "output/table_lines.h"
+#include "tables/leachate_periods.h"
 
 #include <array>
+#include <cmath>
 
 namespace orvel {
 
@@ -15,6 +17,7 @@ constexpr int Number_Width = 4;
 constexpr int Figure_Width = 12;
 constexpr int Conc_Decimals = 3;
 constexpr std::size_t P80_Width = 100; // the most columns of a percentile row that a report repeats
+constexpr int Period_Lengths = 3;
 constexpr std::size_t Title_Count = 4;
 constexpr std::size_t Title_Line = 2, Heads_Line = 4; // within a table, after two blank lines and after one more
 
@@ -150,6 +153,41 @@ void Read_Head(const std::array<std::string_view, Heads_Line + 1>& head, Depth d
     table.Label = label.substr(0, label.ends_with(flux) ? label.size() - flux.size() : label.size());
 }
 
+// Whether a sum of printed figures is another printed figure, which was rounded only at its end. The fewest digits are
+// those of "1.23E-04".
+bool Is_Sum(double printed, double sum, double magnitude)
+{
+    constexpr double Rounding = 0.01;
+    return std::abs(printed - sum) <= Rounding * magnitude;
+}
+
+bool Is_Total(const Leachate_Table& table)
+{
+    Leachate_Row sum, magnitude;
+    for (std::size_t y = Warm_Up_Years; y < table.Rows.size(); ++y) {
+        sum.Flux += table.Rows[y].Flux;
+        sum.Percolate += table.Rows[y].Percolate;
+        magnitude.Flux += std::abs(table.Rows[y].Flux);
+        magnitude.Percolate += std::abs(table.Rows[y].Percolate);
+    }
+    return Is_Sum(table.Result.Total.Flux, sum.Flux, magnitude.Flux) &&
+           Is_Sum(table.Result.Total.Percolate, sum.Percolate, magnitude.Percolate);
+}
+
+bool Is_Percentile(const Leachate_Table& table)
+{
+    const auto& [total, p80, a, b] = table.Result;
+    if (table.Rows.size() <= Warm_Up_Years)
+        return a == 0 && b == 0;
+    const auto is_year = [&](int year) { return year > Warm_Up_Years && year <= std::ssize(table.Rows); };
+    if (!is_year(a) || !is_year(b))
+        return false;
+    const auto& one = table.Rows[static_cast<std::size_t>(a) - 1];
+    const auto& other = table.Rows[static_cast<std::size_t>(b) - 1];
+    return Is_Sum(p80.Flux, one.Flux + other.Flux, std::abs(one.Flux) + std::abs(other.Flux)) &&
+           Is_Sum(p80.Percolate, one.Percolate + other.Percolate, std::abs(one.Percolate) + std::abs(other.Percolate));
+}
+
 } // namespace
 
 Leachate_Table Print_Years(Table_Text& text, Depth depth, Leachate_Table years, bool whole)
@@ -179,6 +217,38 @@ Leachate_Table Print_Periods(Table_Text& text, Depth depth, Leachate_Table perio
     }
     Print_Result(text, periods, Percentile_Label);
     return periods;
+}
+
+bool Is_Year_File(std::string_view bytes, const Cached_Leachate& years)
+{
+    if (years.Titles.size() < Title_Count || years.Set[0].empty() || years.Set[0].size() != years.Set[1].size())
+        return false;
+    Table_Text text;
+    text.Head(years.Titles);
+    for (const auto depth : Depths) {
+        for (const auto& table : years.Set[static_cast<std::size_t>(depth)]) {
+            if (!Is_Total(table) || !Is_Percentile(table))
+                return false;
+            Print_Years(text, depth, table);
+        }
+    }
+    return Holds_Text(bytes, text.File);
+}
+
+std::optional<int> Index_Of_Period_File(std::string_view bytes, const Cached_Leachate& years, int likely)
+{
+    for (int i = 0; i < Period_Lengths; ++i) {
+        const int index = (likely + i) % Period_Lengths;
+        Table_Text text;
+        text.Head(years.Titles);
+        for (const auto depth : Depths) {
+            for (const auto& table : years.Set[static_cast<std::size_t>(depth)])
+                Print_Periods(text, depth, Periods_Of(table, index));
+        }
+        if (bytes == text.File)
+            return index;
+    }
+    return std::nullopt;
 }
 
 Cached_Leachate Parse_Leachate(std::string_view bytes)

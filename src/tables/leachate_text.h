@@ -3,6 +3,7 @@
 #include "tables/leachate_records.h"
 #include "tables/table_text.h"
 
+#include <optional>
 #include <string_view>
 
 namespace orvel {
@@ -21,5 +22,13 @@ struct Cached_Leachate {
     Leachate_Set Set;
 };
 Cached_Leachate Parse_Leachate(std::string_view bytes);
+
+// Whether bytes are a year table as it is printed, of these parts: each line in its place, totals and percentiles those
+// of the rows.
+bool Is_Year_File(std::string_view bytes, const Cached_Leachate& years);
+
+// The length of the periods minus one, 0 to 2, with which the year tables give these bytes as period tables; nothing if
+// none does. The likely one is tried first: with few years more than one may fit.
+std::optional<int> Index_Of_Period_File(std::string_view bytes, const Cached_Leachate& years, int likely);
 
 } // namespace orvel

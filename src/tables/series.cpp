@@ -65,6 +65,7 @@ try {
     return Make_Daily_Series(Read_Plot_Column(Found_Or_New(run_directory, "plot.orv"), column, progress), days,
                              request);
 } catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     auto nothing = Make_Daily_Series({}, {}, request);
     nothing.Nothing = To_Code_Page(error.what());
     return nothing;

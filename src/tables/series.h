@@ -19,7 +19,8 @@ std::vector<Plot_Value> Read_Plot_Column(const std::filesystem::path& file, int 
 // One line per day: running number, day of the month, month, year.
 std::vector<Run_Day> Parse_Calendar(std::string_view bytes);
 
-// The series that the diagram draws. A missing file gives a series without points.
+// The series that the diagram draws. A missing file gives a series without points; one that
+// cannot be read throws File_Error.
 Daily_Series Read_Daily_Series(const std::filesystem::path& calendar, const std::filesystem::path& run_directory,
                                int column, const Daily_Request& request, const Progress& progress = {});
 

@@ -37,7 +37,7 @@ Plot_Head Read(const fs::path& file, int depth, const Progress& progress, Soil_C
 {
     Line_Scanner plot(file);
     auto head = Scan_Plot_Head(plot);
-    text.Head(head);
+    text.Head(head.Titles);
     text.Line("");
     text.Line("");
     const Reading_Progress reading(progress, {file});
@@ -71,10 +71,16 @@ std::string Why_Not_Written(const fs::path& run_directory, const Soil_Concentrat
 
 Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int depth, const Progress& progress)
 {
-    const Echo echo = Read_Echo(run_directory);
     Soil_Concentrations soil;
+    Echo echo;
+    Build_With(soil, [&] {
+        echo = Read_Echo(run_directory);
+        soil.Gap = Gap_Of(run_directory);
+    });
+    if (!soil.Failure.empty())
+        return soil;
     soil.Run_Failed = echo.Failed();
-    soil.Gap = Gap_Of(run_directory);
+    soil.Run_Changed = Output_Changed(run_directory);
     Table_Text text;
     Build_With(soil, [&] {
         if (depth < 1)

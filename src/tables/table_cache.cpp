@@ -2,6 +2,7 @@
 
 #include "core/files.h"
 #include "core/text.h"
+#include "output/run_files.h"
 #include "output/run_outputs.h"
 #include "output/run_state.h"
 
@@ -11,19 +12,36 @@ namespace orvel {
 
 namespace fs = std::filesystem;
 
-std::optional<Table_Cache::Bytes> Table_Cache::Read(const fs::path& run_directory) const
+std::string Table_Status::Note() const
+{
+    std::string note;
+    if (Failure.empty() && Found == Stored::Damaged)
+        note = "The stored table was damaged: it has been built anew.";
+    if (Failure.empty() && Found == Stored::Older)
+        note = "The stored table was older than its run: it has been built anew.";
+    const std::string& reason = Failure.empty() ? Not_Kept : Failure;
+    return note + (note.empty() || reason.empty() ? "" : " ") + reason;
+}
+
+Stored Table_Cache::Read(const fs::path& run_directory, Table_Status& status, Bytes& bytes) const
 try {
+    status.Run_Changed = Output_Changed(run_directory);
     const auto first = Find_File(run_directory, First), second = Find_File(run_directory, Second);
     if (!first || !second)
-        return std::nullopt;
-    return Bytes{Read_Whole(*first), Read_Whole(*second)};
-} catch (const File_Error&) {
-    return std::nullopt;
+        return Stored::Missing;
+    bytes = {Read_Whole(*first), Read_Whole(*second)};
+    const bool older = std::min(fs::last_write_time(*first), fs::last_write_time(*second)) < status.Run_Changed;
+    return older ? Stored::Older : Stored::Good;
+} catch (const std::exception& error) {
+    status.Not_Kept = To_Code_Page(error.what());
+    return Stored::Unreadable;
 }
 
 void Table_Cache::Write(const fs::path& run_directory, Echo echo, const Plot_Head& head, const Bytes& bytes,
                         Table_Status& status) const
 try {
+    if (!status.Not_Kept.empty())
+        return;
     status.Not_Kept = status.Gap.empty() ? Why_Not_Kept(echo, head) : status.Gap;
     if (status.Not_Kept.empty()) {
         Look_Again(echo, run_directory);
@@ -68,6 +86,29 @@ std::string Why_Not_Kept(const Echo& echo, const Plot_Head& head)
     if (echo.Failed())
         return std::string(Simulation_Failed_Text);
     return head.Whole ? "" : "The run has no complete plot.orv.";
+}
+
+fs::file_time_type Output_Changed(const fs::path& run_directory)
+{
+    auto changed = fs::file_time_type::min();
+    const auto look = [&](const fs::path& file) {
+        std::error_code missing;
+        const auto written = fs::last_write_time(file, missing);
+        if (missing && !Is_Missing(missing))
+            throw File_Error("Cannot read " + file.string() + ": " + missing.message() + ".");
+        if (!missing)
+            changed = std::max(changed, written);
+    };
+    for (const char* name : {"echo.orv", "plot.orv", "Wasser.orv"})
+        look(Found_Or_New(run_directory, name));
+    for (const auto& chem : Chem_Files(run_directory))
+        look(chem.File);
+    return changed;
+}
+
+bool Is_Older(const Table_Status& tables, const fs::path& run_directory)
+{
+    return Output_Changed(run_directory) > tables.Run_Changed;
 }
 
 } // namespace orvel

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "output/plot_file.h"
-
 #include <string>
 #include <string_view>
 
@@ -13,7 +11,11 @@ struct Table_Text {
 
     void Line(std::string_view line) { Line(line, line); }
     void Line(std::string_view file, std::string_view screen);
-    void Head(const Plot_Head& head); // the four title lines, indented by ten blanks on the screen
+    template <class Lines> void Head(const Lines& titles) // the title lines, indented by ten blanks on the screen
+    {
+        for (const auto& title : titles)
+            Line(title, std::string(10, ' ') + title);
+    }
 };
 
 // A figure as the tables print it.
@@ -22,5 +24,9 @@ std::string Figure_Text(double figure);
 // A figure as it is printed and read back. Table records hold their figures in this form, so that window, diagram,
 // report and command line agree whether a table was just built or read from its cache.
 double As_Printed(double figure);
+
+// Whether a file holds this text. A figure rounded up to the next power of ten is printed with one digit more than the
+// figure that is read back from it; that is no difference.
+bool Holds_Text(std::string_view file, std::string_view text);
 
 } // namespace orvel

@@ -1,5 +1,6 @@
 #include "ui/help_texts.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/text.h"
@@ -48,8 +49,9 @@ void Load_Help_Texts(Session& session)
 try {
     session.Program.Help_Text.clear();
     session.Program.Help_Text = Parse_Help_Texts(Read_Whole(Found_Or_New(session.Program.App_Path, "Assystant.txt")));
-} catch (const File_Error&) {
-    // Without its file the assistant has no texts.
+} catch (const File_Error& error) {
+    if (!Is_Missing(error.Code)) // without its file the assistant has no texts
+        Tell(session.Ask, "File check", To_Code_Page(error.what()));
 }
 
 std::string_view Help_Text_Of(const Session& session, int number)

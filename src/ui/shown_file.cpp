@@ -4,21 +4,9 @@
 #include "core/files.h"
 #include "core/text.h"
 
-#include <fstream>
-
 namespace orvel {
 
 namespace {
-
-// The first `most` bytes of a file.
-std::string Read_Begin(const std::filesystem::path& file, std::size_t most)
-{
-    std::ifstream stream(file, std::ios::binary);
-    std::string bytes(most, '\0');
-    stream.read(bytes.data(), static_cast<std::streamsize>(most));
-    bytes.resize(static_cast<std::size_t>(stream.gcount()));
-    return bytes;
-}
 
 std::string Name_Shown(const std::filesystem::path& file)
 {
@@ -55,7 +43,7 @@ try {
         return Window_Text(Read_Whole(file));
     session.Ask(
         {"Size limit exceeded!", "The file " + Name_Shown(file) + " is too big! Only the first part is presented."});
-    return Window_Text(Read_Begin(file, Largest_Shown_File));
+    return Window_Text(Read_Head(file, Largest_Shown_File));
 } catch (const File_Error& error) {
     session.Ask({"File check", To_Code_Page(error.what())});
     return std::nullopt;
@@ -77,17 +65,21 @@ std::optional<std::string> Shown_Echo(const Session& session, const std::filesys
 bool Is_Shown_As_It_Is(std::string_view text, const std::filesystem::path& file)
 try {
     return With_Ends(Read_Whole(file)) == With_Ends(text);
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return false;
 }
 
 bool Save_Shown(const Session& session, const std::filesystem::path& file, std::string_view was_shown,
                 std::string_view edited)
-{
+try {
     if (!Is_Shown_As_It_Is(was_shown, file) &&
         !Confirmed(session, "The file was changed by another program since it was opened. Replace?"))
         return false;
     return Save_Shown_As(session, file, edited);
+} catch (const File_Error& error) {
+    session.Ask({std::string(Saving_Title), To_Code_Page(error.what())});
+    return false;
 }
 
 bool Save_Shown_As(const Session& session, const std::filesystem::path& file, std::string_view edited)

@@ -24,6 +24,7 @@ std::optional<std::string> Shown_Whole(const Session& session, const std::filesy
 std::optional<std::string> Shown_Echo(const Session& session, const std::filesystem::path& run_directory);
 
 // Whether a shown text is that of the whole file, line ends aside: only then may an edited text replace the file.
+// Throws File_Error for a file that cannot be read.
 bool Is_Shown_As_It_Is(std::string_view text, const std::filesystem::path& file);
 
 // Writes a text that was edited in a window, lines ending in CR LF, the last one too. A file that has changed since it

@@ -59,6 +59,7 @@ struct Steady_Column {
         Volatilised = Zero;
         Column = {n,
                   Lanes,
+                  0,
                   M.data(),
                   W.data(),
                   C.data(),

@@ -57,37 +57,37 @@ TEST(Run_Verification, Case_29_Readers_By_Column_Find_The_Engines_Own_Sums)
         const Plot_File plot = Read_Plot(File_Of(directory.Path(), "plot.orv"));
         const std::string name = "every " + std::to_string(every) + ": ";
 
-        Verify(29, name + "years in Wasser.orv", static_cast<double>(water.size()), 8, 0);
-        Verify(29, name + "years in chem.orv", static_cast<double>(active.size()), 8, 0);
-        Verify(29, name + "months in Wasser.orv", static_cast<double>(months.size()), 96, 0);
+        Compare(29, name + "years in Wasser.orv", static_cast<double>(water.size()), 8, 0);
+        Compare(29, name + "years in chem.orv", static_cast<double>(active.size()), 8, 0);
+        Compare(29, name + "months in Wasser.orv", static_cast<double>(months.size()), 96, 0);
         for (int y = 1; y <= 8; ++y) {
             const auto i = static_cast<std::size_t>(y - 1);
             const std::string year = name + "year " + std::to_string(y) + ", ";
-            Verify_Relative(29, year + "percolate (cm)", water[i].Percolate, Sum_Of_Year(plot, y, 0), 1e-4);
-            Verify(29, year + "leached (kg/ha)", active[i].Leached, Sum_Of_Year(plot, y, 1),
-                   1e-3 * std::fabs(active[i].Leached) + 1e-12);
-            Verify(29, year + "metabolite leached", formed[i].Leached, Sum_Of_Year(plot, y, 2),
-                   1e-3 * std::fabs(formed[i].Leached) + 1e-12);
-            Verify_Relative(29, year + "decay (kg/ha)", active[i].Decay, Sum_Of_Year(plot, y, 3), 1e-4);
-            Verify_Relative(29, year + "rain and snow (cm)", water[i].Precipitation + water[i].Snowfall,
-                            Sum_Of_Year(plot, y, 4), 1e-4);
-            Verify_Relative(29, year + "evapotranspiration (cm)", water[i].Evapotranspiration + water[i].Canopy_Loss,
-                            Sum_Of_Year(plot, y, 5), 1e-3);
-            Verify_Relative(29, year + "formed (kg/ha)", formed[i].Gained, Sum_Of_Year(plot, y, 6), 1e-4);
-            Verify(29, year + "volatilised (kg/ha)", active[i].Volatilised, Sum_Of_Year(plot, y, 7), 1e-6);
-            Verify(29, year + "applied (kg/ha)", active[i].Gained, 1, 1e-6);
+            Compare_Relative(29, year + "percolate (cm)", water[i].Percolate, Sum_Of_Year(plot, y, 0), 1e-4);
+            Compare(29, year + "leached (kg/ha)", active[i].Leached, Sum_Of_Year(plot, y, 1),
+                    1e-3 * std::fabs(active[i].Leached) + 1e-12);
+            Compare(29, year + "metabolite leached", formed[i].Leached, Sum_Of_Year(plot, y, 2),
+                    1e-3 * std::fabs(formed[i].Leached) + 1e-12);
+            Compare_Relative(29, year + "decay (kg/ha)", active[i].Decay, Sum_Of_Year(plot, y, 3), 1e-4);
+            Compare_Relative(29, year + "rain and snow (cm)", water[i].Precipitation + water[i].Snowfall,
+                             Sum_Of_Year(plot, y, 4), 1e-4);
+            Compare_Relative(29, year + "evapotranspiration (cm)", water[i].Evapotranspiration + water[i].Canopy_Loss,
+                             Sum_Of_Year(plot, y, 5), 1e-3);
+            Compare_Relative(29, year + "formed (kg/ha)", formed[i].Gained, Sum_Of_Year(plot, y, 6), 1e-4);
+            Compare(29, year + "volatilised (kg/ha)", active[i].Volatilised, Sum_Of_Year(plot, y, 7), 1e-6);
+            Compare(29, year + "applied (kg/ha)", active[i].Gained, 1, 1e-6);
             double percolate = 0, rain = 0;
             for (std::size_t m = 12 * i; m < 12 * (i + 1); ++m) {
                 percolate += months[m].Percolate;
                 rain += months[m].Precipitation;
             }
-            Verify(29, year + "percolate of the months", percolate, water[i].Percolate, 1e-4);
-            Verify(29, year + "rain of the months", rain, water[i].Precipitation, 1e-3);
+            Compare(29, year + "percolate of the months", percolate, water[i].Percolate, 1e-4);
+            Compare(29, year + "rain of the months", rain, water[i].Precipitation, 1e-3);
             leached.push_back(active[i].Leached);
         }
     }
     for (std::size_t y = 0; y < 8; ++y)
-        Verify(29, "leached mass of a run with every seventh layer", leached[y + 8], leached[y], 0);
+        Compare(29, "leached mass of a run with every seventh layer", leached[y + 8], leached[y], 0);
 }
 
 TEST(Run_Layout, Hostile_Titles_Cannot_Fail_A_Run)

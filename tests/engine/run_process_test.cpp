@@ -132,7 +132,34 @@ TEST(Run_Verification, Case_33_The_Same_Input_Gives_The_Same_Bytes)
     ASSERT_EQ(Run_Case(run, two.Path()).Exit_Code, 0);
 
     for (const char* name : {"Wasser.orv", "chem.orv", "chem_A1.orv", "plot.orv"})
-        Verify(33, std::string(name) + ": equal bytes", File_Of(one.Path(), name) == File_Of(two.Path(), name), 1, 0);
+        Compare(33, std::string(name) + ": equal bytes", File_Of(one.Path(), name) == File_Of(two.Path(), name), 1, 0);
+}
+
+// A run with every process on, by the kernel that the processor allows and by the one that every processor has.
+TEST(Run_Verification, Case_33_Every_Kernel_Gives_The_Same_Bytes)
+{
+    Temporary_Directory best, baseline;
+    Engine_Case run = Demo_Case("N", "_maize", "demo_C.psm", 6);
+    run.Rows = {Row_Of("LEAC", 100), Row_Of("TPST", 5, 2), Row_Of("TVOX", 0), Row_Of("SPSC", 10)};
+    run.Scenario.SZE_Macropore = 1;
+    run.Scenario.SZE_Macro_Depth = 60;
+    run.Scenario.SZE_Macro_Threshold = 0.5;
+    run.Scenario.SZE_Macro_Fraction = 0.3;
+    run.Scenario.SZE_Water_Flag = 1;
+    run.Pesticide.Henry_Flag = 0;
+    run.Pesticide.Henry = {0.01, 0.02};
+    run.Pesticide.F_neq[1] = 0.5;
+    run.Pesticide.K_des[1] = 0.02;
+    run.Pesticide.Plant_Uptake[1] = 0.5;
+    Write_Files(run.Files(), best.Path());
+    Write_Files(run.Files(), baseline.Path());
+
+    ASSERT_EQ(Run_Engine(best.Path()).Exit_Code, 0);
+    ASSERT_EQ(Run_Engine(baseline.Path(), "--baseline").Exit_Code, 0);
+
+    for (const char* name : {"Wasser.orv", "chem.orv", "chem_A1.orv", "plot.orv"})
+        Compare(33, std::string(name) + ": bytes by the processor's kernel and the one for every processor are equal",
+                File_Of(best.Path(), name) == File_Of(baseline.Path(), name), 1, 0);
 }
 
 #if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__)
@@ -208,11 +235,18 @@ TEST(Run_Verification, Case_40_Water_That_Hardly_Flows)
         if (line.Hour != 24)
             continue;
         const double percolate = line.Values[0], flux = line.Values[1], mean = line.Values[2];
+        if (std::fabs(percolate - limit) < 1e-7) { // undecided as printed
+            dry_days += mean == 0;
+            continue;
+        }
         dry_days += percolate < limit;
         rounding += percolate > 0 && percolate < 1e-9;
         up += std::max(-flux, 0.0);
         // kg/ha over cm: 10,000 ug/L
-        wrong += percolate < limit ? mean != 0 : std::fabs(mean - flux / percolate * 1e4) > 1e-3 * std::fabs(mean);
+        const bool right =
+            percolate < limit ? mean == 0 : std::fabs(mean - flux / percolate * 1e4) <= 4e-3 * std::fabs(mean);
+        EXPECT_TRUE(right) << "day " << line.Day << ": " << flux << " / " << percolate << " is not " << mean;
+        wrong += !right;
     }
     EXPECT_GT(up, 0);
     Verify(40, "days whose mean concentration is neither flux over water nor 0 below 0.001 cm", wrong, 0, 0);

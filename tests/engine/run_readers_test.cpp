@@ -54,7 +54,7 @@ TEST(Run_Verification, Case_29_Leachate_Tables_Read_Real_Output)
                 Solute_Blocks(File_Of(directory.Path(), substance == 0 ? "chem.orv" : "chem_A1.orv"), "ANNUAL", 40);
             const auto& metre = tables.Year[0][substance].Rows;
             const auto& bottom = tables.Year[1][substance].Rows;
-            Verify(29, name + "years of the leachate table", static_cast<double>(metre.size()), 26, 0);
+            Compare(29, name + "years of the leachate table", static_cast<double>(metre.size()), 26, 0);
             ASSERT_EQ(metre.size(), 26U);
             double flux = 0, percolate = 0;
             for (std::size_t y = 0; y < 26; ++y) {
@@ -63,8 +63,8 @@ TEST(Run_Verification, Case_29_Leachate_Tables_Read_Real_Output)
                 percolate = std::max({percolate, Print_Units(metre[y].Percolate, 10 * water[y].Percolate),
                                       Print_Units(bottom[y].Percolate, 10 * water[y].Recharge)});
             }
-            Verify(29, name + "leached mass by the table (units of its last digit)", flux, 0, 0.501);
-            Verify(29, name + "percolate by the table (units of its last digit)", percolate, 0, 0.501);
+            Compare(29, name + "leached mass by the table (units of its last digit)", flux, 0, 0.501);
+            Compare(29, name + "percolate by the table (units of its last digit)", percolate, 0, 0.501);
             EXPECT_GT(tables.Year[0][substance].Result.P80.Flux, 0);
         }
     }
@@ -98,8 +98,8 @@ TEST(Run_Verification, Case_29_Balance_Tables_Read_Real_Output)
                               Print_Units(row.Percolate, 10 * block.Recharge)});
             storage = std::max(storage, std::fabs(row.Diff_Storage - 10 * block.Change));
         }
-        Verify(29, std::string(title) + " water balance by the table (units of its last digit)", worst, 0, 0.501);
-        Verify(29, std::string(title) + " change of storage that the table finds (L/m2)", storage, 0, 5e-3);
+        Compare(29, std::string(title) + " water balance by the table (units of its last digit)", worst, 0, 0.501);
+        Compare(29, std::string(title) + " change of storage that the table finds (L/m2)", storage, 0, 5e-3);
         for (const std::size_t substance : {std::size_t{0}, std::size_t{1}}) {
             const auto solute =
                 Solute_Blocks(File_Of(directory.Path(), substance == 0 ? "chem.orv" : "chem_A1.orv"), title, 40);
@@ -111,7 +111,7 @@ TEST(Run_Verification, Case_29_Balance_Tables_Read_Real_Output)
                 mass = std::max(mass, std::fabs(row.Diff_Storage - 1000 * (solute[k].Stored - stored)));
                 stored = solute[k].Stored;
             }
-            Verify(29, std::string(title) + " pesticide balance by the table (g/ha)", mass, 0, 0.05);
+            Compare(29, std::string(title) + " pesticide balance by the table (g/ha)", mass, 0, 0.05);
         }
     }
 }
@@ -140,7 +140,7 @@ TEST(Run_Verification, Case_29_Soil_Concentrations_Read_Real_Output)
 
     EXPECT_EQ(table.Failure, "");
     ASSERT_EQ(table.Maximum.size(), 1U);
-    Verify_Relative(29, "actual maximum of the top 5 cm (mg/kg)", table.Maximum[0][0].Value, highest, 1e-6);
+    Compare_Relative(29, "actual maximum of the top 5 cm (mg/kg)", table.Maximum[0][0].Value, highest, 1e-6);
     EXPECT_GT(highest, 1);
 }
 

@@ -13,9 +13,12 @@ namespace orvel::engine {
 
 namespace {
 
+// Means of the years behind the first two.
 struct Outcome {
-    double Percolate = 0; // cm a year below 1 m, mean of the years behind the first two
-    double Runoff = 0;    // cm a year
+    double Percolate = 0;                                                    // cm a year below 1 m
+    double Runoff = 0;                                                       // cm a year
+    double Volatilised = 0, Washed = 0, Sediment = 0, Bypass = 0, Decay = 0; // kg/ha a year
+    double Percentile = 0;                                                   // 80th, ug/L
     std::string Echo;
 };
 
@@ -31,6 +34,22 @@ Outcome Outcome_Of(Engine_Case run, double thickness)
         outcome.Percolate += years[y].Percolate / static_cast<double>(years.size() - 2);
         outcome.Runoff += years[y].Runoff / static_cast<double>(years.size() - 2);
     }
+    const auto solute = Solute_Blocks(File_Of(directory.Path(), "chem.orv"), "ANNUAL", Top_Layers(outcome.Echo));
+    std::vector<double> concentrations;
+    const std::size_t warm_up = solute.size() > 6 ? 6 : 2;
+    for (std::size_t y = 2; y < solute.size(); ++y) {
+        const double share = 1 / static_cast<double>(solute.size() - 2);
+        outcome.Volatilised += share * solute[y].Volatilised;
+        outcome.Washed += share * (solute[y].Runoff - solute[y].Sediment);
+        outcome.Sediment += share * solute[y].Sediment;
+        outcome.Bypass += share * solute[y].Bypass;
+        outcome.Decay += share * solute[y].Decay;
+        if (y >= warm_up)
+            concentrations.push_back(years[y].Percolate > 0 ? solute[y].Leached / years[y].Percolate * 1e4 : 0);
+    }
+    std::ranges::sort(concentrations);
+    const std::size_t rank = concentrations.size() * 4 / 5;
+    outcome.Percentile = (concentrations[rank - 1] + concentrations[rank]) / 2;
     return outcome;
 }
 
@@ -43,7 +62,62 @@ Engine_Case Restricted_Case(double drainage)
     return run;
 }
 
+constexpr int Surface_Years = Sanitized ? 4 : 26;
+
+// The figures that a surface process changes, on grids of 5, 2.5 and 1 cm against one of 0.5 cm.
+void Compare_Grids(const std::string& name, const Engine_Case& run,
+                   const std::vector<std::pair<std::string, double Outcome::*>>& figures)
+{
+    const Outcome fine = Outcome_Of(run, 0.5);
+    for (const double thickness : {2.5, 1.0}) {
+        const Outcome outcome = Outcome_Of(run, thickness);
+        for (const auto& [figure, member] : figures)
+            Compare_Relative(41, name + ": " + figure + " at " + General_Text(thickness) + " cm against 0.5 cm",
+                             outcome.*member, fine.*member, 0.05);
+    }
+}
+
 } // namespace
+
+TEST(Run_Verification, Case_41_Surface_Processes_On_Three_Grids)
+{
+    Engine_Case vapour = Demo_Case("H", "_maize", "demo_D.psm", Surface_Years);
+    vapour.Pesticide.Henry_Flag = 0;
+    vapour.Pesticide.Henry = {0.005, 0.01};
+    Compare_Grids("volatilisation", vapour,
+                  {{"volatilised (kg/ha a)", &Outcome::Volatilised}, {"80th percentile (ug/L)", &Outcome::Percentile}});
+
+    Engine_Case light = Demo_Case("H", "_maize", "demo_A.psm", Surface_Years);
+    light.Pesticide.Photo_Rate[5] = 0.5;
+    light.Pesticide.Photo_I_Ref[5] = 100;
+    Compare_Grids("soil photolysis", light, {{"decayed (kg/ha a)", &Outcome::Decay}});
+
+    Engine_Case pores = Demo_Case("H", "_maize", "demo_D.psm", Surface_Years);
+    pores.Scenario.SZE_Macropore = 1;
+    pores.Scenario.SZE_Macro_Depth = 60;
+    pores.Scenario.SZE_Macro_Threshold = 0.5;
+    pores.Scenario.SZE_Macro_Fraction = 0.5;
+    Compare_Grids("macropores", pores,
+                  {{"bypass (kg/ha a)", &Outcome::Bypass}, {"80th percentile (ug/L)", &Outcome::Percentile}});
+
+    const Engine_Case slope = Demo_Case("N", "_maize", "demo_D.psm", Surface_Years);
+    Compare_Grids("runoff and erosion", slope,
+                  {{"with runoff (kg/ha a)", &Outcome::Washed}, {"with sediment (kg/ha a)", &Outcome::Sediment}});
+}
+
+// A surface layer that nothing acts on changes next to nothing, and water not at all.
+TEST(Run_Verification, Case_41_The_Layer_Itself_Changes_Little)
+{
+    Engine_Case run = Demo_Case("H", "_maize", "demo_C.psm", Surface_Years);
+    const Outcome without = Outcome_Of(run, 2.5);
+    run.Pesticide.Photo_Rate[5] = 1e-12;
+    run.Pesticide.Photo_I_Ref[5] = 100;
+    const Outcome with = Outcome_Of(run, 2.5);
+
+    Compare_Relative(41, "80th percentile (ug/L), with the layer against without", with.Percentile, without.Percentile,
+                     0.05);
+    Compare(41, "percolate (cm/a), with the layer against without", with.Percolate, without.Percolate, 0);
+}
 
 TEST(Run_Verification, Case_38_Restricted_Drainage_On_Four_Grids)
 {

@@ -55,6 +55,28 @@ TEST_F(Document_Files, A_Pesticide_File_Is_Read_And_Written)
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
+TEST_F(Document_Files, A_Climate_File_That_Was_Cut_Is_Read_And_Told)
+{
+    Climate_Table year{"Demo", {}};
+    for (const auto& [day, month] : {std::pair("01", "01"), std::pair("02", "01"), std::pair("31", "12")})
+        year.Rows.push_back({.Cli_Day = day, .Cli_Month = month, .Cli_Year = "81", .Cli_Rain = 1});
+    const std::string whole = Format_CLI(year);
+    const auto told = [&](const std::string& bytes) {
+        The_User.Messages.clear();
+        EXPECT_TRUE(Read_CLI(*The_Session, File("demo.cli", bytes)));
+        return The_User.Messages.empty() ? "" : The_User.Messages.back().Text;
+    };
+
+    EXPECT_EQ(told(whole), "");
+    EXPECT_EQ(told(whole.substr(0, whole.size() - 2)), ""); // without the empty line at its end
+    EXPECT_EQ(told(whole.substr(0, whole.size() - 20)),
+              "demo.cli: The last line is shorter than the others: the file seems to have been cut.");
+    EXPECT_EQ(told(whole.substr(0, whole.find(" 311281"))),
+              "demo.cli: The file begins on 1 January and ends on 02.01.: it seems to have been cut.");
+    EXPECT_EQ(told("Demo\r\n"), "");
+    EXPECT_EQ(told("Demo\r\n 150681.2500000\r\n 160681.2500000\r\n"), ""); // some days of a summer
+}
+
 TEST_F(Document_Files, A_Scenario_File_Is_Read_Over_A_Reset_Document_And_Written)
 {
     const auto file = File("demo.sze", Scenario_File());

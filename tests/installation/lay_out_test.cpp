@@ -283,6 +283,34 @@ TEST(Laying_Out, Takes_An_Empty_Directory_With_A_Slash_Behind_It_And_What_A_Kill
     EXPECT_FALSE(fs::exists(directory / ".orvel-init"));
 }
 
+TEST(Laying_Out, Repeats_An_Attempt_That_Was_Killed_While_Files_Were_Moved_Up)
+{
+    const Temporary_Directory directory;
+    fs::create_directories(directory / ".orvel-init" / "EFSA");
+    Write_Whole(directory / ".orvel-init" / "orvel401.exe", "engine");
+    fs::create_directories(directory / "focus");
+    Write_Whole(directory / "focus" / "C_apples.sze", "half");
+    EXPECT_THROW(Refuse_Unfinished(directory.Path()), File_Error);
+
+    Lay_Out_Installation(directory.Path(), Parts().Found());
+
+    EXPECT_NE(Read_Whole(directory / "focus" / "C_apples.sze"), "half");
+    EXPECT_TRUE(fs::exists(directory / "orvel401.exe"));
+    EXPECT_FALSE(fs::exists(directory / ".orvel-init"));
+    EXPECT_NO_THROW(Refuse_Unfinished(directory.Path()));
+}
+
+TEST(Laying_Out, Leaves_Alone_What_A_User_Has_Put_Beside_A_Killed_Attempt)
+{
+    const Temporary_Directory directory;
+    fs::create_directories(directory / ".orvel-init");
+    Write_Whole(directory / "mine.psm", "mine");
+
+    EXPECT_NE(What_Is_Told(directory.Path(), Parts().Found()), "");
+
+    EXPECT_EQ(Read_Whole(directory / "mine.psm"), "mine");
+}
+
 TEST(Laying_Out, Refuses_A_Directory_That_Another_Program_Is_Laying_Out)
 {
     const Temporary_Directory directory;

@@ -190,6 +190,16 @@ TEST_F(Job_Test, The_Engine_Holds_The_Lock_Of_Its_Run_But_Not_That_Of_The_Job)
     EXPECT_EQ(Read_Whole(run / "plot.orv"), "1\n0\n");
 }
 
+TEST_F(Job_Test, With_Closed_Standard_Channels_Both_Locks_Are_Held_All_The_Same)
+{
+    Engine("flock -n . true; echo $? > plot.orv; flock -n ../../.. true; echo $? >> plot.orv");
+    const auto run = Add_Run("one");
+
+    EXPECT_EQ(std::system(("'" ORVELJOB "' '" + (Home / "focus").string() + "' <&- >&- 2>&-").c_str()), 0);
+
+    EXPECT_EQ(Read_Whole(run / "plot.orv"), "1\n1\n");
+}
+
 TEST_F(Job_Test, As_Many_Runs_Work_At_A_Time_As_Asked_For)
 {
     // Each engine notes how many are at work; it leaves when a second one has come or after two seconds.

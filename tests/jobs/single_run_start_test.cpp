@@ -152,13 +152,42 @@ TEST_F(Single_Run_Start_Test, An_Archive_Takes_The_Output_And_Copies_The_Input)
 TEST_F(Single_Run_Start_Test, An_Archive_That_Fails_Takes_Nothing_And_Leaves_Nothing)
 {
     Write_Whole(Place / "echo.orv", "echo");
-    Write_Whole(Place / "orvel.inp", "001 01 01 31 12\r\ngone.sze\r\ntest.psm\r\none.cli\r\n");
+    Write_Whole(Place / "orvel.inp", "001 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\n");
+    fs::create_directory(Place / "one.cli.d");
+    fs::remove(Place / "one.cli");
+    fs::rename(Place / "one.cli.d", Place / "one.cli");
 
     EXPECT_FALSE(Archive_Run(The_Session.Ask, Place.Path(), "Run_1"));
 
     EXPECT_TRUE(fs::exists(Place / "echo.orv"));
     EXPECT_FALSE(fs::exists(Place / "Run_1"));
-    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Cannot open " + (Place / "Run_1").string()}));
+    EXPECT_EQ(The_User.Messages.back(),
+              (Message{"File check", "Cannot open " + (Place / "Run_1").string() + "\r\nCannot read " +
+                                         (Place / "one.cli").string() + ": Is a directory."}));
+}
+
+TEST_F(Single_Run_Start_Test, An_Archive_Is_Made_Without_Input_That_Is_Gone_And_Names_It)
+{
+    Write_Whole(Place / "echo.orv", "echo");
+    Write_Whole(Place / "orvel.inp", "001 01 01 31 12\r\ngone.sze\r\ntest.psm\r\ngone.cli\r\n");
+
+    EXPECT_TRUE(Archive_Run(The_Session.Ask, Place.Path(), "Run_1"));
+
+    EXPECT_TRUE(fs::exists(Place / "Run_1/echo.orv"));
+    EXPECT_TRUE(fs::exists(Place / "Run_1/test.psm"));
+    EXPECT_EQ(The_User.Messages.back(),
+              (Message{"File check", "The archive Run_1 lacks input that is not there any more: gone.sze, gone.cli."}));
+}
+
+TEST_F(Single_Run_Start_Test, An_Archive_Takes_Output_Of_More_Than_64_Megabytes)
+{
+    constexpr std::size_t Size = (64U << 20U) + 1;
+    Write_Whole(Place / "orvel.inp", "001 01 01 31 12\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\n");
+    Write_Whole(Place / "plot.orv", std::string(Size, 'x'));
+
+    EXPECT_TRUE(Archive_Run(The_Session.Ask, Place.Path(), "Run_1"));
+
+    EXPECT_EQ(fs::file_size(Place / "Run_1/plot.orv"), Size);
 }
 
 TEST_F(Single_Run_Start_Test, An_Archive_Never_Goes_Over_An_Existing_Folder)
@@ -186,7 +215,7 @@ TEST_F(Single_Run_Start_Test, An_Archive_On_A_Full_Disk_Is_Told_And_Takes_Nothin
     }
 
     EXPECT_FALSE(archived);
-    EXPECT_EQ(The_User.Messages.back(), (Message{"File check", "Cannot open " + (Place / "Run_1").string()}));
+    EXPECT_TRUE(The_User.Messages.back().Text.starts_with("Cannot open " + (Place / "Run_1").string()));
     EXPECT_FALSE(fs::exists(Place / "Run_1"));
     EXPECT_EQ(Read_Whole(Place / "chem.orv"), "small");
     EXPECT_EQ(fs::file_size(Place / "plot.orv"), 300000U);

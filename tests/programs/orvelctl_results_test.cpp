@@ -59,6 +59,46 @@ TEST_F(Orvelctl_Results, A_Second_Call_Prints_The_Cache)
     EXPECT_TRUE(Out.starts_with("Engine\nScenario\n"));
 }
 
+TEST_F(Orvelctl_Results, A_Damaged_Or_Older_Table_Is_Told_And_Built_Anew)
+{
+    Run("tables " + Run_Path());
+    Write_File(Run_Files / "year.orv", "");
+    EXPECT_EQ(Run("tables " + Run_Path()), 0);
+    EXPECT_EQ(Standard_Error, "File check: The stored table was damaged: it has been built anew.\n");
+    EXPECT_TRUE(Out.starts_with("          Engine\n"));
+
+    Run_Files.Write_Chem(".orv", std::vector<int>(8, 3), Rising(8));
+    fs::last_write_time(Run_Files / "chem.orv",
+                        fs::last_write_time(Run_Files / "period.orv") + std::chrono::seconds(1));
+    EXPECT_EQ(Run("tables " + Run_Path()), 0);
+    EXPECT_EQ(Standard_Error, "File check: The stored table was older than its run: it has been built anew.\n");
+    EXPECT_NE(Out.find("\t8       \t3.0000000"), std::string::npos);
+}
+
+TEST_F(Orvelctl_Results, A_Report_Over_Damaged_Tables_Has_Their_True_Figures)
+{
+    const auto run = Home / "focus/test.run/Maize.run/Hamburg_-_(H).run";
+    fs::create_directories(run.parent_path());
+    fs::copy(Run_Files.Path(), run);
+    Write_File(Home / "orvel401.exe", "");
+    const std::string command = "report --mode focus --pesticide test --crop Maize";
+    ASSERT_EQ(Run(command), 0) << Standard_Error;
+    const std::string whole = Out, year = Read_File(run / "year.orv"), period = Read_File(run / "period.orv");
+
+    for (const auto& [bad_year, bad_period] : std::vector<std::pair<std::string, std::string>>{
+             {"", period}, {year, ""}, {year, period.substr(0, 300)}, {"", ""}, {"noise", "noise"}}) {
+        Write_File(run / "year.orv", bad_year);
+        Write_File(run / "period.orv", bad_period);
+
+        EXPECT_EQ(Run(command), 0) << Standard_Error;
+        EXPECT_EQ(Out, whole);
+        Write_File(run / "year.orv", bad_year);
+        Write_File(run / "period.orv", bad_period);
+        EXPECT_EQ(Run(command + " --to '" + (Home / "r.csv").string() + "'"), 0) << Standard_Error;
+        EXPECT_NE(Read_File(Home / "r.csv").find(",0.000,no,"), std::string::npos) << Read_File(Home / "r.csv");
+    }
+}
+
 TEST_F(Orvelctl_Results, A_Failure_Is_Told_Behind_The_Text_So_Far_And_Exits_With_1)
 {
     fs::remove(Run_Files / "chem.orv");
@@ -79,6 +119,40 @@ TEST_F(Orvelctl_Results, A_Table_That_Is_Not_Kept_Is_Told_And_Exits_With_0)
     EXPECT_EQ(Run("tables " + Run_Path()), 0);
 
     EXPECT_EQ(Standard_Error, "File check: The run has no complete plot.orv.\n");
+}
+
+TEST_F(Orvelctl_Results, A_File_That_Cannot_Be_Read_Is_Told_With_The_Reason_And_Exits_With_1)
+{
+    for (const std::string name : {"echo.orv", "Wasser.orv", "chem.orv", "plot.orv"}) {
+        const std::string bytes = Read_File(Run_Files / name);
+        fs::remove(Run_Files / name);
+        fs::create_directory(Run_Files / name);
+
+        for (const std::string command : {"tables ", "balance "}) {
+            EXPECT_EQ(Run(command + Run_Path()), 1) << command << name;
+            EXPECT_NE(Standard_Error.find(name), std::string::npos) << Standard_Error;
+            EXPECT_NE(Standard_Error.find("directory"), std::string::npos) << Standard_Error;
+            EXPECT_FALSE(fs::exists(Run_Files / "year.orv"));
+        }
+        fs::remove(Run_Files / name);
+        Write_File(Run_Files / name, bytes);
+    }
+    EXPECT_EQ(Run("tables " + Run_Path()), 0);
+}
+
+TEST_F(Orvelctl_Results, A_Mode_Directory_That_Cannot_Be_Read_Is_No_Empty_List)
+{
+    EXPECT_EQ(Run("status --mode focus"), 1);
+    EXPECT_NE(Standard_Error.find("does not exist"), std::string::npos) << Standard_Error;
+
+    fs::create_symlink("focus", Home / "focus");
+    EXPECT_EQ(Run("status --mode focus"), 1);
+    EXPECT_NE(Standard_Error.find("Too many levels of symbolic links"), std::string::npos) << Standard_Error;
+
+    fs::remove(Home / "focus");
+    Write_File(Home / "focus", "");
+    EXPECT_EQ(Run("status --mode focus"), 1);
+    EXPECT_NE(Standard_Error, "");
 }
 
 TEST_F(Orvelctl_Results, What_A_Failed_Run_Left_Is_Printed_Told_And_Exits_With_1)
@@ -176,8 +250,9 @@ TEST_F(Orvelctl_Results, A_Report_Without_Runs_Or_With_A_Failed_Run_Is_Refused)
 
     fs::create_directories(Home / "focus/test.run/Maize.run/Porto_-_(O).run");
     EXPECT_EQ(Run("report --mode focus --pesticide test --crop Maize"), 1);
-    EXPECT_EQ(Standard_Error,
-              "File check: Problem with output files. Probably, one of the simulations failed!\nPorto (O)\n");
+    EXPECT_TRUE(Standard_Error.starts_with(
+        "File check: Problem with output files. Probably, one of the simulations failed!\nPorto (O): "))
+        << Standard_Error;
     EXPECT_EQ(Out, "");
 }
 

@@ -6,7 +6,12 @@
 #include "output/run_record.h"
 #include "runs/batch.h"
 #include "runs/mark.h"
+#include "runs/run_directory.h"
 #include "runs/run_fixture.h"
+
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace orvel {
 
@@ -120,6 +125,29 @@ TEST_F(Bin_Test, What_A_Mark_Replaces_Goes_To_The_Bin_And_Comes_Back_When_The_Ma
 
     EXPECT_FALSE(fs::exists(Mode() / run / "echo.orv"));
     EXPECT_EQ(Read_Whole(Runs_In_Bin(Mode()).at(0).Directory / "echo.orv"), "results");
+}
+
+TEST_F(Bin_Test, A_Mark_Killed_Before_Its_Batch_Is_Written_Loses_Nothing_Nor_Does_The_Next)
+{
+    const auto choice = Maize_At_Hamburg();
+    const fs::path run = fs::path("test.run") / "Maize.run" / "Hamburg_-_(H).run";
+    fs::create_directories(Mode() / run);
+    Put(Mode() / run / "echo.orv", "results");
+    Put(Mode() / "orvel.inp", "control");
+    const pid_t mark = ::fork();
+    if (mark == 0) {
+        New_Run_Directory made(Mode() / run, Sources_Of_Run(The_Session.Program, Focus(), choice));
+        made.Put_In_Place();
+        ::kill(::getpid(), SIGKILL);
+    }
+    ::waitpid(mark, nullptr, 0);
+    ASSERT_EQ(Runs_In_Bin(Mode()).size(), 1u);
+
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
+
+    EXPECT_EQ(Read_Batch(Mode()).size(), 1u);
+    ASSERT_EQ(Runs_In_Bin(Mode()).size(), 1u);
+    EXPECT_EQ(Read_Whole(Runs_In_Bin(Mode())[0].Directory / "echo.orv"), "results");
 }
 
 } // namespace orvel

@@ -269,13 +269,24 @@ TEST_F(Mark_Test, A_Batch_File_That_Cannot_Be_Written_Takes_Everything_Back)
     const auto choice = Maize_At_Hamburg();
     fs::create_directories(Run_Of(Hamburg));
     Put(Run_Of(Hamburg) / "old.txt", "x");
-    fs::create_directory(Home / "focus" / "batch.bat"); // nothing can be renamed over a directory
+    Put(Home / "focus" / "batch.bat", "");
+    Set_Read_Only(Home / "focus" / "batch.bat", true);
 
     EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed);
 
     EXPECT_NE(The_User.Messages.at(0).Text.find("(errorcode 8)"), std::string::npos);
     EXPECT_EQ(Names_In(Run_Of(Hamburg)), std::vector<std::string>{"old.txt"});
     EXPECT_EQ(List_Directories(Home / "focus" / "test.run" / "Maize.run", "*").size(), 1u);
+}
+
+TEST_F(Mark_Test, A_Batch_That_Cannot_Be_Read_Is_Told_And_Nothing_Is_Marked)
+{
+    fs::create_directory(Home / "focus" / "batch.bat");
+
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), Maize_At_Hamburg()), Mark_Result::Failed);
+
+    EXPECT_NE(The_User.Messages.at(0).Text.find("batch.bat: Is a directory."), std::string::npos);
+    EXPECT_FALSE(fs::exists(Run_Of(Hamburg)));
 }
 
 TEST_F(Mark_Test, A_Disk_That_Takes_No_More_Is_Told_With_Its_Stage_And_Leaves_Nothing)

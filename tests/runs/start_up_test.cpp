@@ -40,7 +40,23 @@ TEST_F(Start_Up_Test, A_Directory_That_Cannot_Be_Written_Ends_The_Program_Withou
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
-TEST_F(Start_Up_Test, A_Pending_Batch_Is_Deleted_At_Start_And_A_Job_File_Stays)
+TEST_F(Start_Up_Test, A_Pending_Batch_Stays_While_Another_Shell_Or_A_Job_Is_Alive)
+{
+    const auto batch = Home / "focus" / "batch.bat";
+    Put(batch, "cd x\r\n");
+    {
+        const auto other_shell = Sign_Of_Shell(The_Session.Program);
+        ASSERT_TRUE(Start_Up(The_Session));
+        EXPECT_TRUE(std::filesystem::exists(batch));
+    }
+    {
+        const auto job = Lock::Take(Home / "focus");
+        ASSERT_TRUE(Start_Up(The_Session));
+        EXPECT_TRUE(std::filesystem::exists(batch));
+    }
+}
+
+TEST_F(Start_Up_Test, A_Pending_Batch_Goes_To_The_Bin_At_Start_And_A_Job_File_Stays)
 {
     Put(Home / "focus" / "batch.bat", "cd x\r\n");
     Put(Home / "focus" / "orveljob.bat", "echo off\r\n");
@@ -48,6 +64,7 @@ TEST_F(Start_Up_Test, A_Pending_Batch_Is_Deleted_At_Start_And_A_Job_File_Stays)
     ASSERT_TRUE(Start_Up(The_Session));
 
     EXPECT_FALSE(std::filesystem::exists(Home / "focus" / "batch.bat"));
+    EXPECT_EQ(Read_Whole(Home / "focus" / "bin" / "0001" / "batch.bat"), "cd x\r\n");
     EXPECT_TRUE(std::filesystem::exists(Home / "focus" / "orveljob.bat"));
 }
 

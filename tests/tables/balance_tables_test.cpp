@@ -112,16 +112,78 @@ TEST_F(Balance_Tables_Test, The_Monthly_View_Keeps_Its_Own_Cache_Files)
     EXPECT_EQ(Lines_With(Build_Or_Load_Balance(Run.Path(), Balance_View::Monthly).Water_Text, "Monthly").size(), 1U);
 }
 
-TEST_F(Balance_Tables_Test, Caches_Are_Shown_As_They_Stand_With_The_Older_Umlauts_Mapped)
+TEST_F(Balance_Tables_Test, Stored_Tables_Are_Shown_With_The_Older_Umlauts_Mapped)
 {
-    Write_File(Run / "mbalance.orv", "water \x81\r\n");
-    Write_File(Run / "PBALANCE.orv", "mass");
+    std::string plot = Plot_Head_Of(1, 0);
+    plot.replace(plot.find("Scenario"), 8, "Kremsm\x81nster");
+    Write_File(Run / "plot.orv", plot);
+    Build_Or_Load_Balance(Run.Path(), Balance_View::Annual);
+    fs::rename(Run / "MBalance.orv", Run / "mbalance.ORV");
 
     const auto tables = Build_Or_Load_Balance(Run.Path(), Balance_View::Annual);
 
     EXPECT_TRUE(tables.From_Cache);
-    EXPECT_EQ(tables.Water_Text, "water \xFC\r\n");
-    EXPECT_EQ(tables.Pesticide_Text, "mass\r\n");
+    EXPECT_EQ(Lines_With(tables.Water_Text, "Kremsm\xFCnster").size(), 1U);
+    EXPECT_EQ(Lines_With(tables.Pesticide_Text, "Kremsm\xFCnster").size(), 1U);
+}
+
+TEST_F(Balance_Tables_Test, A_Damaged_File_Is_Told_And_Both_Are_Built_Anew)
+{
+    const auto built = Build_Or_Load_Balance(Run.Path(), Balance_View::Annual);
+    const std::string water = Read_File(Run / "MBalance.orv"), pesticide = Read_File(Run / "PBalance.orv");
+    const auto second = pesticide.find("\r\n\r\n\tAnnual  Metab.B1");
+    std::string another = water;
+    another.replace(another.find("\t10.0000"), 8, "\t1O.0000");
+    const std::vector<std::pair<std::string, std::string>> damages = {
+        {"", pesticide},
+        {water, ""},
+        {"", ""},
+        {water.substr(0, water.size() - 30), pesticide},
+        {water.substr(0, water.find("\t1  ")), pesticide}, // without its row
+        {water, pesticide.substr(0, second)},              // without its second table
+        {water, pesticide.substr(0, pesticide.rfind("\t1  "))},
+        {another, pesticide},
+        {pesticide, water},
+        {std::string(1 << 16, '\0'), std::string(1 << 16, '\0')},
+        {"water", "mass"},
+    };
+
+    for (const auto& [bad_water, bad_pesticide] : damages) {
+        SCOPED_TRACE(bad_water.substr(0, 40) + "/" + bad_pesticide.substr(0, 40));
+        Write_File(Run / "MBalance.orv", bad_water);
+        Write_File(Run / "PBalance.orv", bad_pesticide);
+
+        const auto tables = Build_Or_Load_Balance(Run.Path(), Balance_View::Annual);
+
+        EXPECT_FALSE(tables.From_Cache);
+        EXPECT_EQ(tables.Note(), "The stored table was damaged: it has been built anew.");
+        EXPECT_EQ(tables.Water_Text, built.Water_Text);
+        EXPECT_EQ(Read_File(Run / "MBalance.orv"), water);
+        EXPECT_EQ(Read_File(Run / "PBalance.orv"), pesticide);
+    }
+    EXPECT_EQ(Build_Or_Load_Balance(Run.Path(), Balance_View::Annual).Note(), "");
+}
+
+TEST_F(Balance_Tables_Test, A_Table_Older_Than_The_Output_Is_Told_And_Built_Anew)
+{
+    Build_Or_Load_Balance(Run.Path(), Balance_View::Annual);
+    fs::last_write_time(Run / "chem_B1.orv", fs::last_write_time(Run / "PBalance.orv") + std::chrono::milliseconds(1));
+
+    const auto tables = Build_Or_Load_Balance(Run.Path(), Balance_View::Annual);
+
+    EXPECT_FALSE(tables.From_Cache);
+    EXPECT_EQ(tables.Note(), "The stored table was older than its run: it has been built anew.");
+}
+
+TEST_F(Balance_Tables_Test, Tables_Of_Unequal_Length_Are_Shown_And_Not_Kept)
+{
+    Write_File(Run / "chem_B1.orv", Chem_Block({}) + Chem_Block({}) + End_Of_Output());
+
+    const auto tables = Build_Or_Load_Balance(Run.Path(), Balance_View::Annual);
+
+    EXPECT_EQ(tables.Not_Kept, "The balances of water and substances do not have the same number of years.");
+    EXPECT_EQ(tables.Pesticide[1].size(), 2U);
+    EXPECT_FALSE(Has_Cache());
 }
 
 TEST_F(Balance_Tables_Test, A_Missing_Cache_Causes_A_Rebuild_Of_Both)

@@ -1,6 +1,7 @@
 #include "tables/leachate_periods.h"
 
 #include "leachate_run.h"
+#include "output/plot_file.h"
 #include "tables/leachate_text.h"
 
 #include <algorithm>
@@ -29,7 +30,7 @@ struct Printed_Periods {
 Printed_Periods Printed(int years, std::initializer_list<Depth> depths = {Depth::One_Metre})
 {
     Printed_Periods printed;
-    printed.Text.Head(Head);
+    printed.Text.Head(Head.Titles);
     for (const auto depth : depths)
         printed.Tables.push_back(Print_Periods(printed.Text, depth, Periods_Of(Rising_Years(years), 0)));
     return printed;
@@ -124,7 +125,7 @@ TEST(Leachate_Periods, A_Run_Of_27_Years_Does_Not_Shift_The_Tables_Behind)
 TEST(Leachate_Text, A_Year_Table_Of_27_Years_Does_Not_Shift_The_One_Behind)
 {
     Table_Text text;
-    text.Head(Head);
+    text.Head(Head.Titles);
     const auto metre = Print_Years(text, Depth::One_Metre, Rising_Years(27));
     Print_Years(text, Depth::Core_Bottom, Rising_Years(3));
 

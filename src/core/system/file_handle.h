@@ -8,7 +8,13 @@
 
 namespace orvel {
 
+// Why a file is neither read nor written although it is there: only ordinary files are. A link within its directory is
+// followed, one that leads elsewhere is not.
+enum class Not_Ordinary { Device = 1, Link_Elsewhere };
+std::error_code make_error_code(Not_Ordinary reason);
+
 // An open file, unbuffered: each call is a system call, repeated until all is done. Child programs do not inherit it.
+// Opening never waits, not even for the other end of a pipe.
 class File_Handle {
 public:
     enum class Use {
@@ -17,6 +23,7 @@ public:
         Append,    // created, or kept; every write goes to the end
         Update,    // created, or kept as it is
         Write_New, // created; an error if the file exists
+        Directory, // to flush it
     };
 
     static constexpr std::filesystem::perms Usual_Rights{0666};
@@ -34,13 +41,15 @@ public:
     // Reads at most `most` bytes from the current position and returns their number; 0 at the end of the file and on an
     // error.
     std::size_t Read(char* to, std::size_t most, std::error_code& error);
-    // The same from the position `place`, in bytes from the start of the file.
+    // The same from the position `place`, in bytes from the start of the file; fewer only at the end of the file.
     std::size_t Read_At(std::uint64_t place, char* to, std::size_t most, std::error_code& error);
     std::uint64_t Size(std::error_code& error) const;
 
     [[nodiscard]] std::error_code Write(std::string_view bytes);
     [[nodiscard]] std::error_code Write_At(std::uint64_t place, std::string_view bytes);
     [[nodiscard]] std::error_code Resize(std::uint64_t size);
+    void Take_Owner_Of(const std::filesystem::path& file); // as far as this process may
+    void Lock_While_Open();                                // a sign of life, see lock.h
     void Begin_Flush();                    // starts writing to the disk without waiting for it
     [[nodiscard]] std::error_code Flush(); // waits until everything is on the disk
     std::error_code Close();               // some systems report a full disk only here
@@ -50,3 +59,5 @@ private:
 };
 
 } // namespace orvel
+
+template <> struct std::is_error_code_enum<orvel::Not_Ordinary> : std::true_type {};

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 void Flush_Directory(const fs::path& directory)
 {
     std::error_code ignored;
-    File_Handle opened(directory.empty() ? fs::path(".") : directory, File_Handle::Use::Read, ignored);
+    File_Handle opened(directory.empty() ? fs::path(".") : directory, File_Handle::Use::Directory, ignored);
     if (opened.Is_Open())
         ignored = opened.Flush();
 }
@@ -22,10 +22,12 @@ void Flush_Directory(const fs::path& directory)
 bool Flush_Directory_And_Files(const fs::path& directory)
 {
     std::vector<File_Handle> opened;
-    std::error_code ignored;
-    for (const auto& entry : fs::directory_iterator(directory, ignored))
-        opened.emplace_back(entry.path(), File_Handle::Use::Read, ignored);
-    opened.emplace_back(directory, File_Handle::Use::Read, ignored);
+    std::error_code error, unopened; // a file that cannot be opened cannot be flushed
+    for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error))
+        opened.emplace_back(entry->path(), File_Handle::Use::Read, unopened);
+    opened.emplace_back(directory, File_Handle::Use::Directory, unopened);
+    if (error)
+        return false;
     for (auto& file : opened)
         file.Begin_Flush();
     bool flushed = true;

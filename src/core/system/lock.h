@@ -10,8 +10,8 @@ namespace orvel {
 // last process that holds it ends, so no sign outlives a crash.
 class Lock {
 public:
-    // Takes the lock, or gives nothing if another process holds it or the path cannot be opened. An inherited lock is
-    // passed on to the programs that this one starts.
+    // Takes the lock, or gives nothing if another process holds it or the path is not there. Throws File_Error if it
+    // cannot be opened. An inherited lock is passed on to the programs that this one starts.
     static std::optional<Lock> Take(const std::filesystem::path& path, bool inherited = false);
     // The same, but waits up to `most`: testing a lock from outside holds it for an instant.
     static std::optional<Lock> Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most);
@@ -38,7 +38,8 @@ private:
 // whose job has gone. Whether there was one.
 bool End_Holders(const std::filesystem::path& directory);
 
-// Whether a process holds the lock of a path, tested without waiting. A path that is not there is not locked.
+// Whether a process holds the lock of a path, tested without waiting. A path that is not there is not locked. Throws
+// File_Error for one whose lock cannot be tested: no answer is not "no".
 bool Is_Locked(const std::filesystem::path& path);
 
 } // namespace orvel

@@ -1,5 +1,7 @@
 #include "core/system/lock.h"
 
+#include "core/error.h"
+#include "core/system/last_error_posix.h"
 #include "core/system/spawn.h"
 
 #include <cerrno>
@@ -14,26 +16,58 @@
 
 namespace orvel {
 
+namespace {
+
+[[noreturn]] void Fail(const std::filesystem::path& path)
+{
+    const auto reason = Last_Error();
+    File_Error failure("Cannot tell whether " + path.string() + " is in use: " + reason.message() + ".");
+    failure.Code = reason;
+    throw failure;
+}
+
+// The path's descriptor; -1 if it is not there.
+int Open(const std::filesystem::path& path, int flags)
+{
+    int number = -1;
+    do
+        number = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | flags);
+    while (number < 0 && errno == EINTR);
+    if (number < 0 && !Is_Missing(Last_Error()))
+        Fail(path);
+    return number;
+}
+
+// Whether the lock was got; false: another process holds it.
+bool Try(int number, int kind, const std::filesystem::path& path)
+{
+    int result = 0;
+    do
+        result = ::flock(number, kind | LOCK_NB);
+    while (result != 0 && errno == EINTR);
+    if (result != 0 && errno != EWOULDBLOCK)
+        Fail(path);
+    return result == 0;
+}
+
+} // namespace
+
 std::optional<Lock> Lock::Take(const std::filesystem::path& path, bool inherited)
 {
-    const int number = ::open(path.c_str(), O_RDONLY | (inherited ? 0 : O_CLOEXEC));
+    const int number = Open(path, inherited ? 0 : O_CLOEXEC);
     if (number < 0)
         return std::nullopt;
     Lock lock(number);
-    if (::flock(number, LOCK_EX | LOCK_NB) != 0)
-        return std::nullopt;
-    return lock;
+    return Try(number, LOCK_EX, path) ? std::optional(std::move(lock)) : std::nullopt;
 }
 
 std::optional<Lock> Lock::Take_Shared(const std::filesystem::path& path)
 {
-    const int number = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int number = Open(path, O_CLOEXEC);
     if (number < 0)
         return std::nullopt;
     Lock lock(number);
-    if (::flock(number, LOCK_SH | LOCK_NB) != 0)
-        return std::nullopt;
-    return lock;
+    return Try(number, LOCK_SH, path) ? std::optional(std::move(lock)) : std::nullopt;
 }
 
 std::optional<Lock> Lock::Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most)
@@ -103,12 +137,11 @@ bool End_Holders(const std::filesystem::path& directory)
 
 bool Is_Locked(const std::filesystem::path& path)
 {
-    const int number = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int number = Open(path, O_CLOEXEC);
     if (number < 0)
         return false;
-    const bool locked = ::flock(number, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    ::close(number);
-    return locked;
+    const Lock closed_at_the_end = Lock::Adopt(number);
+    return !Try(number, LOCK_SH, path);
 }
 
 } // namespace orvel

@@ -29,7 +29,8 @@ constexpr int Poll_Interval = 300; // ms
 Echo_Layers Layers_Of(const std::filesystem::path& directory)
 try {
     return Read_Echo(directory).Layers();
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 

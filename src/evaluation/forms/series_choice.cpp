@@ -19,7 +19,8 @@ constexpr int Months_Of_Year = 12;
 Plot_Head Head_Of(const std::filesystem::path& run)
 try {
     return Read_Plot_Head(run);
-} catch (const File_Error&) {
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
     return {};
 }
 

@@ -78,7 +78,7 @@ bool Simulation_Model::Show(std::vector<Simulation> simulations)
     if (Same_Runs(simulations)) {
         Rows = std::move(simulations);
         if (!Rows.empty())
-            emit dataChanged(index(0, Date), index(rowCount() - 1, Result));
+            emit dataChanged(index(0, Date), index(rowCount() - 1, Changes));
         return false;
     }
     beginResetModel();
@@ -123,6 +123,29 @@ int Simulation_Model::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : Columns;
 }
 
+void Simulation_Model::Show_Changes(Changed_Inputs changed)
+{
+    Changed = std::move(changed);
+    if (!Rows.empty())
+        emit dataChanged(index(0, Changes), index(rowCount() - 1, Changes));
+}
+
+const std::vector<std::string>& Simulation_Model::Changes_Of(const Simulation& simulation) const
+{
+    static const std::vector<std::string> none;
+    const auto changed = Changed.find(simulation.Directory);
+    return changed == Changed.end() ? none : changed->second;
+}
+
+// One input by its name, several by their number.
+QString Simulation_Model::Changes_Text(const Simulation& simulation) const
+{
+    const auto& changed = Changes_Of(simulation);
+    if (changed.size() > 1)
+        return QString("%1 inputs").arg(changed.size());
+    return changed.empty() ? QString() : Shown(changed.front());
+}
+
 QString Simulation_Model::Text(const Simulation& simulation, int column) const
 {
     switch (column) {
@@ -138,6 +161,8 @@ QString Simulation_Model::Text(const Simulation& simulation, int column) const
         return Shown(Status_Text(simulation.Status));
     case Result:
         return Shown(Result_Text(simulation));
+    case Changes:
+        return Changes_Text(simulation);
     default:
         return {};
     }
@@ -159,13 +184,19 @@ QVariant Simulation_Model::data(const QModelIndex& index, int role) const
         return Marked[row] ? "selected" : "not selected";
     if (role == Qt::ToolTipRole && index.column() == Result)
         return Shown(Explanation(simulation));
+    if (role == Qt::ToolTipRole && index.column() == Changes) {
+        QStringList names;
+        for (const auto& name : Changes_Of(simulation))
+            names << Shown(name);
+        return names.join("\n");
+    }
     return {};
 }
 
 QVariant Simulation_Model::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    constexpr std::array<const char*, Columns> Headings = {"",     "Pesticide File", "Crop",  "Location",
-                                                           "Date", "Status",         "Result"};
+    constexpr std::array<const char*, Columns> Headings = {"",     "Pesticide File", "Crop",   "Location",
+                                                           "Date", "Status",         "Result", "Changed since"};
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
     return Headings[static_cast<std::size_t>(section)];

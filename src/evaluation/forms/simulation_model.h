@@ -3,8 +3,11 @@
 #include "jobs/job_status.h"
 
 #include <array>
+#include <filesystem>
+#include <map>
 #include <QAbstractTableModel>
 #include <QIcon>
+#include <string>
 #include <vector>
 
 namespace orvel {
@@ -14,12 +17,16 @@ class Simulation_Model : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    enum Column { Marker, Pesticide, Crop, Location, Date, Status, Result, Columns };
+    enum Column { Marker, Pesticide, Crop, Location, Date, Status, Result, Changes, Columns };
+
+    // The inputs that have changed since a run, by its directory.
+    using Changed_Inputs = std::map<std::filesystem::path, std::vector<std::string>>;
 
     explicit Simulation_Model(QObject* parent = nullptr);
 
     // Shows a new list. True: its rows differ from the previous ones, so that the selection is lost.
     bool Show(std::vector<Simulation> simulations);
+    void Show_Changes(Changed_Inputs changed);
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
     void Filter(const QString& part) { Part = part; } // what follows is shown if one of its texts has the part
 
@@ -35,8 +42,9 @@ public:
 
 private:
     QString Text(const Simulation& simulation, int column) const;
+    const std::vector<std::string>& Changes_Of(const Simulation& simulation) const;
+    QString Changes_Text(const Simulation& simulation) const;
     bool Same_Runs(const std::vector<Simulation>& simulations) const;
-
     bool Matches(const Simulation& simulation) const;
     void Arrange(std::vector<Simulation>& simulations) const;
 
@@ -45,6 +53,7 @@ private:
     Qt::SortOrder Order = Qt::AscendingOrder;
     std::vector<Simulation> Rows;
     std::vector<bool> Marked;
+    Changed_Inputs Changed;
     std::array<QIcon, 2> Markers;    // Nicht_Markiert, Markiert
     std::array<QIcon, 3> Status_Dot; // by Run_Status: rot, gelb, gruen
 };

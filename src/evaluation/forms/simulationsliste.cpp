@@ -1,8 +1,10 @@
 #include "evaluation/forms/simulationsliste.h"
 
 #include "core/files.h"
+#include "evaluation/forms/put_back_list.h"
 #include "jobs/run_again.h"
 #include "jobs/simulations.h"
+#include "jobs/start_batch.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
@@ -27,13 +29,15 @@ constexpr int Steps = 1000;            // of the bar while simulations are delet
 constexpr int Refresh_Interval = 2000; // ms
 constexpr int Columns_Shown = 110;     // at least
 constexpr int Lines_Shown = 24;
+constexpr int Ticks_Between_Changes = 10; // between looks at the inputs, of which a run has many
 
 } // namespace
 
 Simulationsliste::Simulationsliste(Session& session, const Mode& mode, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      The_Mode(mode)
+      The_Mode(mode),
+      Changes_Of_Inputs(session.Program.App_Path)
 {
     setObjectName("Simulationsliste");
     setWindowTitle(mode.Kind == Mode_Kind::Focus ? "Table of all FOCUS-Simulations" : "Table of all EFSA-Simulations");
@@ -121,6 +125,12 @@ QLayout* Simulationsliste::Buttons()
     Auswaehlen = add("Auswaehlen", "&Select", &Simulationsliste::Auswaehlen_Click);
     Loeschen = add("Loeschen", "D&elete", &Simulationsliste::Loeschen_Click);
     Nochmals = add("Nochmals", "&Run failed ones again", &Simulationsliste::Nochmals_Click);
+    Weiter = add("Weiter", "Res&ume", &Simulationsliste::Weiter_Click);
+    Weiter->setToolTip("Runs what the last job did not begin, or was cut off or stopped in");
+    Anhalten = add("Anhalten", "S&top", &Simulationsliste::Anhalten_Click);
+    Anhalten->setToolTip("Ends the job and the simulations that are running");
+    Zurueckholen = add("Zurueckholen", "&Put back ...", &Simulationsliste::Zurueckholen_Click);
+    Zurueckholen->setToolTip("Results that were replaced or deleted");
     row->addWidget(Assistant->Switch());
     row->addStretch(1);
     Ende = add("Ende", "&Done", &QDialog::reject);
@@ -133,12 +143,35 @@ void Simulationsliste::Refresh()
     for (const Simulation& simulation : Selected())
         selected.push_back(simulation.Directory);
     if (Simulations.Show(Simulation_List(Mode_Directory(The_Session.Program, The_Mode)))) {
+        Show_Changes();
         Size_Columns();
         Select_Again(selected);
     }
-    Loeschen->setEnabled(!Simulations.Simulations().empty());
-    Nochmals->setEnabled(std::ranges::any_of(Simulations.Simulations(), Has_Failed));
+    Enable_Buttons();
     Selection_Changed();
+}
+
+void Simulationsliste::Show_Changes()
+{
+    Simulation_Model::Changed_Inputs changed;
+    for (const Simulation& simulation : Simulations.Simulations())
+        changed[simulation.Directory] = Changes_Of_Inputs.Of(simulation);
+    Simulations.Show_Changes(std::move(changed));
+}
+
+void Simulationsliste::Enable_Buttons()
+{
+    const auto& simulations = Simulations.Simulations();
+    const auto can_resume = [](const Simulation& simulation) {
+        return Is_Selected(Job_Selection::Resume, simulation.State);
+    };
+    const auto directory = Mode_Directory(The_Session.Program, The_Mode);
+    const bool running = Is_Job_At_Work(The_Session.Program, The_Mode);
+    Loeschen->setEnabled(!simulations.empty());
+    Nochmals->setEnabled(std::ranges::any_of(simulations, Has_Failed));
+    Weiter->setEnabled(!running && Find_File(directory, "orveljob.bat") &&
+                       std::ranges::any_of(simulations, can_resume));
+    Anhalten->setEnabled(running);
 }
 
 void Simulationsliste::Size_Columns()
@@ -191,8 +224,11 @@ std::vector<Simulation> Simulationsliste::Selected() const
 // States change only if a job has been started.
 void Simulationsliste::Tick()
 {
-    if (Find_File(Mode_Directory(The_Session.Program, The_Mode), "orveljob.bat"))
-        Refresh();
+    if (!Find_File(Mode_Directory(The_Session.Program, The_Mode), "orveljob.bat"))
+        return;
+    Refresh();
+    if (++Ticks % Ticks_Between_Changes == 0)
+        Show_Changes();
 }
 
 void Simulationsliste::Auswaehlen_Click()
@@ -218,6 +254,27 @@ void Simulationsliste::Loeschen_Click()
                        });
     bar.reset();
     Refresh();
+    Timer1.start(Refresh_Interval);
+}
+
+void Simulationsliste::Weiter_Click()
+{
+    Start_Batch(The_Session.Program, The_Session.Ask, The_Mode, {.Selection = Job_Selection::Resume});
+    Refresh();
+}
+
+void Simulationsliste::Anhalten_Click()
+{
+    Stop_Job(The_Session.Program, The_Session.Ask, The_Mode);
+    Refresh();
+}
+
+void Simulationsliste::Zurueckholen_Click()
+{
+    Timer1.stop();
+    Put_Back_List(The_Session, The_Mode, this).exec();
+    Refresh();
+    Show_Changes();
     Timer1.start(Refresh_Interval);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "evaluation/forms/simulation_model.h"
+#include "jobs/input_changes.h"
 #include "runs/mode.h"
 
 #include <QDialog>
@@ -38,15 +39,23 @@ private:
     void Auswaehlen_Click();
     void Loeschen_Click();
     void Nochmals_Click();
+    void Weiter_Click();
+    void Anhalten_Click();
+    void Zurueckholen_Click();
+    void Show_Changes();
+    void Enable_Buttons();
     std::vector<Simulation> Selected() const;
 
     Session& The_Session;
     const Mode& The_Mode;
     Simulation_Model Simulations;
+    Input_Changes Changes_Of_Inputs;
+    int Ticks = 0;
     std::filesystem::path Picked;
     Help_Assistant* Assistant = nullptr;
     QTableView* Grid1 = nullptr;
-    QPushButton *Auswaehlen = nullptr, *Loeschen = nullptr, *Nochmals = nullptr, *Ende = nullptr;
+    QPushButton *Auswaehlen = nullptr, *Loeschen = nullptr, *Nochmals = nullptr, *Weiter = nullptr, *Anhalten = nullptr,
+                *Zurueckholen = nullptr, *Ende = nullptr;
     QTimer Timer1;
 };
 

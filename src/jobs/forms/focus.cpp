@@ -147,6 +147,18 @@ void FOCUS::Show_Selection()
     app_Date->setText(Shown(Selected.app_Date));
     Frame4->setVisible(Selected.Choice.Tillage_Visible);
     Show_Job(Job_Running(The_Session.Program, The_Mode));
+    Show_Start_Notice();
+}
+
+void FOCUS::Show_Start_Notice()
+{
+    Start_Text->setText(Selected.Buttons_Enabled() ? Shown(Start_Notice(The_Session.Program, The_Mode, Selected.Choice))
+                                                   : QString());
+}
+
+void FOCUS::Stop()
+{
+    Stop_Job(The_Session.Program, The_Session.Ask, The_Mode);
 }
 
 void FOCUS::Show_Output_Option()
@@ -216,6 +228,7 @@ void FOCUS::Run()
     const auto job = Run_Batch(The_Session.Program, The_Session.Ask, The_Mode, Choice());
     const bool started = job.Result == Start_Result::Started;
     Show_Job(started);
+    Show_Start_Notice();
     Timer1.start(started ? Interval_At_Start : Tick_Interval);
 }
 
@@ -248,6 +261,7 @@ void FOCUS::Show_Job(bool running)
     Multi_batch->setEnabled(usable);
     Hinweis->setVisible(running && The_Session.Program.Online_Help);
     Job_Box->setVisible(running);
+    Start_Text->setVisible(!running);
     if (!running)
         return Progress_Timer.stop();
     if (!Progress_Timer.isActive()) {

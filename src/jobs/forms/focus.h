@@ -65,6 +65,8 @@ private:
     void Run_Anyway();
     void Tick();
     void Show_Job(bool running);
+    void Show_Start_Notice();
+    void Stop();
     void Show_Progress();
 
     void Evaluation();
@@ -95,7 +97,8 @@ private:
                 *Command2 = nullptr;
     QWidget* Job_Box = nullptr;
     QProgressBar* Job_Bar = nullptr;
-    QLabel* Job_Text = nullptr;
+    QLabel *Job_Text = nullptr, *Start_Text = nullptr;
+    QPushButton* Anhalten = nullptr;
     QTimer Timer1;
     QTimer Progress_Timer; // separate, so that the bar moves while Timer1 waits for the job to start
 };

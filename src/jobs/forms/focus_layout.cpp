@@ -224,6 +224,8 @@ QLayout* FOCUS::Job_State()
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(Job_Bar, 1);
     row->addWidget(Job_Text, 1);
+    row->addWidget(Anhalten = Push_Button("Anhalten", "S&top", this, &FOCUS::Stop));
+    Anhalten->setToolTip("Ends the job and the simulations that are running");
     QSizePolicy keeps_its_place = Job_Box->sizePolicy();
     keeps_its_place.setRetainSizeWhenHidden(true);
     Job_Box->setSizePolicy(keeps_its_place);
@@ -231,6 +233,12 @@ QLayout* FOCUS::Job_State()
 
     auto* state = new QVBoxLayout;
     state->addWidget(Job_Box);
+    Start_Text = Named(new QLabel, "Start_Text");
+    Start_Text->setWordWrap(true);
+    keeps_its_place = Start_Text->sizePolicy();
+    keeps_its_place.setRetainSizeWhenHidden(true);
+    Start_Text->setSizePolicy(keeps_its_place);
+    state->addWidget(Start_Text);
     return state;
 }
 

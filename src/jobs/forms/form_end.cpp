@@ -240,11 +240,17 @@ bool form_end::event(QEvent* event)
     return QDialog::event(event);
 }
 
+void form_end::Stop()
+{
+    Stop_Single_Run(The_Session.Ask, Directory);
+}
+
 void form_end::Show_State()
 {
     const int years = Typed_Integer(Bytes_Of(Text_years->text()));
     const Single_Run_State state = State_Of_Single_Run(Directory, years);
     Run_Bar->setVisible(state.Running);
+    Anhalten->setVisible(state.Running);
     Run_Bar->setRange(0, std::max(1, years));
     Run_Bar->setValue(state.Years_Done);
     Run_Text->setText(Shown(state.Text));

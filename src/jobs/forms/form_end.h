@@ -59,6 +59,7 @@ private:
     void Close_Archive();
     void Leave(const QWidget& box);
     void Show_State();
+    void Stop();
 
     Session& The_Session;
     Run_Windows Windows;
@@ -74,6 +75,7 @@ private:
     QPushButton* Command8 = nullptr;
     QProgressBar* Run_Bar = nullptr;
     QLabel* Run_Text = nullptr;
+    QPushButton* Anhalten = nullptr;
     Leave_Guard* Guard = nullptr;
     QTimer Timer1;
 };

@@ -54,6 +54,7 @@ void form_end::Lay_Out()
     auto* state = new QHBoxLayout;
     state->addWidget(Run_Bar, 1);
     state->addWidget(Run_Text, 1);
+    state->addWidget(Anhalten = Push_Button("Anhalten", "Sto&p", this, &form_end::Stop));
 
     auto* all = new QVBoxLayout(this);
     all->addLayout(Directory_Row());

@@ -21,9 +21,10 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run)
                   {"Ergebnis_1", "Leachate table by application period",
                    "Table of Annual Average Concentrations in Leachate", "Period"}};
     const auto tables = std::make_shared<Leachate_Tables>();
+    kind.Run = run;
     kind.Build = [run, tables](const Progress& progress) -> Built_Tables {
         *tables = Build_Or_Load(run, progress);
-        return {{tables->Year_Text, tables->Period_Text}, tables->Note()};
+        return {{tables->Year_Text, tables->Period_Text}, *tables};
     };
     kind.Open_Diagram = [tables, run, ask = session.Ask](QWidget& form) {
         Jahresdiagramm diagram(*tables, ask, &form);

@@ -15,7 +15,7 @@ bool Has_Months(const std::filesystem::path& run)
 try {
     return Read_Echo(run).Layers().Has_Monthly_Output;
 } catch (const File_Error&) {
-    return false;
+    return false; // the form itself tells what is wrong with the echo
 }
 
 // The caption of the switch names the table that it leads to.
@@ -31,9 +31,10 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
         {"Ergebnis_0", "Water balance", kind.First_Caption, "Pesticide Balance"},
         {"Ergebnis_1", "Pesticide balance", "Table of " + period + " Pesticide Mass Balance", "Water Balance"}};
     const auto tables = std::make_shared<Balance_Tables>();
+    kind.Run = run;
     kind.Build = [run, view, tables](const Progress& progress) -> Built_Tables {
         *tables = Build_Or_Load_Balance(run, view, progress);
-        return {{tables->Water_Text, tables->Pesticide_Text}, tables->Note()};
+        return {{tables->Water_Text, tables->Pesticide_Text}, *tables};
     };
     // In either view the diagram is the annual one.
     kind.Open_Diagram = [run, view, tables, ask = session.Ask](QWidget& form) {

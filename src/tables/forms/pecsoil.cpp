@@ -14,9 +14,10 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run, int
     kind.Name = "PECsoil";
     kind.First_Caption = "Table of actual and time weighted average concentrations in soil";
     kind.Views = {{"Ergebnis_1", "Concentrations in soil", kind.First_Caption, ""}};
+    kind.Run = run;
     kind.Build = [run, depth](const Progress& progress) -> Built_Tables {
         const auto soil = Build_Soil_Concentrations(run, depth, progress);
-        return {{soil.Text}, soil.Note()};
+        return {{soil.Text}, soil};
     };
     kind.Open_Diagram = [run, ask = session.Ask](QWidget& form) {
         Jahresdiagramm diagram(Build_Or_Load(run, Stay_Painted), ask, &form); // the leachate's diagram

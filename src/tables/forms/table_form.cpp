@@ -1,8 +1,10 @@
 #include "tables/forms/table_form.h"
 
+#include "tables/table_cache.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
 
+#include <QEvent>
 #include <QPlainTextEdit>
 
 namespace orvel {
@@ -31,8 +33,16 @@ void Table_Form::Show_Built()
 {
     for (std::size_t i = 0; i < Ergebnis.size() && i < Tables.Texts.size(); ++i)
         Ergebnis[i]->setPlainText(Shown(Tables.Texts[i]));
-    Note(Tables.Note);
+    Note(Tables.Status.Note());
     Show_View(0);
+}
+
+// Whoever comes back to the form is told if the run has changed behind it.
+bool Table_Form::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && !Tables.Texts.empty() && Is_Older(Tables.Status, Kind.Run))
+        Note(std::string(Older_Text));
+    return Building_Form::event(event);
 }
 
 void Table_Form::Show_View(std::size_t view)

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "tables/forms/building_form.h"
+#include "tables/table_status.h"
 
 #include <functional>
 
@@ -18,7 +19,7 @@ struct Table_View {
 // A text per table, and what the user should know about them.
 struct Built_Tables {
     std::vector<std::string> Texts;
-    std::string Note;
+    Table_Status Status;
 };
 
 struct Table_Kind {
@@ -26,6 +27,7 @@ struct Table_Kind {
     int Columns = Columns_Shown;                 // needed for a whole line
     QString First_Caption, First_Switch_Caption; // until the tables are built
     std::vector<Table_View> Views;               // the first one is shown first
+    std::filesystem::path Run;                   // the run directory
     std::function<Built_Tables(const Progress&)> Build;
     std::function<void(QWidget&)> Open_Diagram;
     std::function<void(QWidget&)> Open_Months; // empty: no such button
@@ -41,6 +43,7 @@ public:
 protected:
     void Build(const Progress& progress) override { Tables = Kind.Build(progress); }
     void Show_Built() override;
+    bool event(QEvent* event) override;
 
 private:
     void Show_View(std::size_t view);

@@ -2,6 +2,7 @@
 #include "core/files.h"
 #include "core/system/file_handle.h"
 #include "core/system/flush.h"
+#include "core/system/lock.h"
 #include "core/system/processors.h"
 #include "core/system/program_path.h"
 #include "core/system/rights.h"
@@ -12,6 +13,7 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <set>
+#include <unistd.h>
 
 namespace orvel {
 
@@ -156,7 +158,66 @@ TEST(Program_End, Is_Unknown_As_Long_As_The_Program_Is_At_Work)
 
     EXPECT_EQ(Wait_For_Program(process).Exit_Code, 0);
     EXPECT_EQ(End_Of_Program(process).value().Exit_Code, Unknown_Program); // it has been waited for
-    EXPECT_FALSE(Wait_For_Any_Program(std::chrono::seconds(30)));
+    EXPECT_FALSE(Wait_For_Any_Program(std::chrono::milliseconds(1)));
+}
+
+TEST(Program_End, Is_Waited_For_No_Longer_Than_Asked_And_No_Longer_Than_Needed)
+{
+    const Temporary_Directory place;
+    const int process = Start_Shell(place, "while [ ! -e done ]; do sleep 0.01; done");
+    EXPECT_FALSE(Wait_For_Any_Program(std::chrono::milliseconds(20)));
+
+    Write_Whole(place / "done", "");
+    const auto end = Wait_For_Any_Program(std::chrono::minutes(1));
+
+    ASSERT_TRUE(end);
+    EXPECT_EQ(end->Process, process);
+}
+
+TEST(Program_End, Comes_To_A_Whole_Group_At_Once)
+{
+    const Temporary_Directory place;
+    Program_Start start{.Program = "/bin/sh",
+                        .Arguments = {"-c", "trap '' TERM; sleep 100 & echo $! > child; wait"},
+                        .Directory = place.Path(),
+                        .Output = {},
+                        .Own_Group = true};
+    const int process = Start_Program(start);
+    while (Read_If_There(place.Path(), "child").empty())
+        ::usleep(1000);
+
+    End_Group(process, true);
+
+    EXPECT_EQ(Wait_For_Program(process).Signal, SIGKILL);
+    const int child = std::stoi(Read_Whole(place / "child"));
+    for (int i = 0; i < 1000 && ::kill(child, 0) == 0; ++i)
+        ::usleep(1000);
+    EXPECT_NE(::kill(child, 0), 0);
+}
+
+TEST(Lock, May_Be_Shared_By_Many_But_Not_With_One_That_Is_Alone)
+{
+    const Temporary_Directory place;
+    auto first = Lock::Take_Shared(place.Path()), second = Lock::Take_Shared(place.Path());
+    EXPECT_TRUE(first && second);
+    EXPECT_FALSE(Lock::Take(place.Path()));
+    first.reset();
+    second.reset();
+
+    const auto alone = Lock::Take(place.Path());
+    EXPECT_TRUE(alone);
+    EXPECT_FALSE(Lock::Take_Shared(place.Path()));
+}
+
+TEST(File_Handle, Append_Keeps_What_Is_There)
+{
+    const Temporary_Directory place;
+    Write_Whole(place / "log", "before ");
+    std::error_code error;
+
+    EXPECT_FALSE(File_Handle(place / "log", Use::Append, error).Write("after"));
+
+    EXPECT_EQ(Read_Whole(place / "log"), "before after");
 }
 
 TEST(Program_Path, Finds_This_Program_And_What_Lies_Beside_It)

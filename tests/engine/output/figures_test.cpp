@@ -5,6 +5,9 @@
 
 #include <cmath>
 #include <cstdio>
+#include "full_disk.h"
+#include "temporary_directory.h"
+
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -112,8 +115,10 @@ TEST(Figures, What_Is_No_Number_Reaches_No_File)
 
 TEST(Figures, A_Full_Disk_Is_A_Failure_93_With_Exit_Code_3)
 {
+    const Temporary_Directory place;
+    const Full_Disk full(2);
     try {
-        Out_File file("/dev/full");
+        Out_File file(place / "chem.orv");
         file.Buffer = "text";
         file.Flush();
         FAIL() << "nothing thrown";

@@ -100,6 +100,48 @@ TEST(Grid, Graded_Compartments_Meet_Every_Break_And_Stay_Below_401)
     EXPECT_EQ(Equal_Compartments(200, 80), std::vector<double>(80, 2.5));
 }
 
+TEST(Grid, The_Surface_Layer_Is_The_Same_Below_Each_Kind_Of_Compartments)
+{
+    const std::vector<double> cuts = {0.05, 0.1, 0.2, 0.35, 0.5, 0.75, 1, 1.5, 2, 2.5};
+    for (const double thickness : {0.5, 2.5, 5.0, 10.0}) {
+        std::vector<double> bottoms;
+        for (int i = 1; i * thickness <= 10; ++i)
+            bottoms.push_back(i * thickness);
+        const auto divided = Divide_Surface(bottoms);
+        for (const double cut : cuts)
+            EXPECT_TRUE(std::ranges::count(divided, cut)) << thickness << ": " << cut;
+    }
+    // Nothing is cut off that is much smaller than the pieces around it, and nothing below 5 cm.
+    EXPECT_EQ(Divide_Surface({4.99, 20}),
+              (std::vector<double>{0.05, 0.1, 0.2, 0.35, 0.5, 0.75, 1, 1.5, 2, 2.5, 3, 4, 4.99, 20}));
+}
+
+TEST(Grid, A_Surface_Layer_Keeps_The_Compartments_Of_The_Document)
+{
+    Scenario_Document scenario;
+    Reset_SZE(scenario);
+    scenario.SZE_Delxflg = 1;
+    scenario.SZE_Core_Depth = 120;
+    scenario.SZE_Layers = 48;
+    scenario.SZE_Hydraulic_Flag = 0;
+    scenario.Horizons[0].SZE_Hor_Thickness = 120;
+    const Grid plain = Build_Grid(scenario), fine = Build_Grid(scenario, Surface_Layer::With);
+
+    EXPECT_EQ(plain.Surface, 0);
+    EXPECT_EQ(plain.Document_Count(), 48);
+    EXPECT_EQ(fine.Document_Count(), 48);
+    EXPECT_EQ(fine.Count(), 48 + 9 + 2); // nine cuts within the first compartment, 3 and 4 cm within the second
+    EXPECT_EQ(fine.Surface, 13);
+    EXPECT_EQ(fine.Top_Layers, plain.Top_Layers);
+    EXPECT_EQ(fine.Interface_Below(1), 10);
+    for (int number = 0; number <= 48; ++number)
+        EXPECT_EQ(fine.Depth_Of(fine.Interface_Below(number)), plain.Depth_Of(plain.Interface_Below(number)));
+    EXPECT_EQ(fine.Document_At(1.2), (Compartment_Range{0, 9}));
+    EXPECT_EQ(fine.Interface_Nearest(1.2), 0);
+    EXPECT_EQ(fine.Interface_Nearest(1.3), 10);
+    EXPECT_NEAR(std::accumulate(fine.Thickness.begin(), fine.Thickness.end(), 0.0), 120, 1e-12);
+}
+
 TEST(Grid, Pedotransfer_Keeps_Its_Distance_From_Porosity)
 {
     Scenario_Document scenario;

@@ -1,6 +1,8 @@
 #include "evaluation/forms/simulationsliste.h"
 
+#include "core/sha256.h"
 #include "core/system/lock.h"
+#include "evaluation/forms/put_back_list.h"
 #include "output/engine_files.h"
 #include "temporary_directory.h"
 #include "window_test.h"
@@ -9,6 +11,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTableView>
+#include <QTableWidget>
 
 namespace orvel {
 
@@ -63,7 +66,8 @@ TEST_F(Simulationsliste_Test, An_Empty_Tree_Gives_The_Headings_Only_And_The_Butt
     QStringList headings;
     for (int column = 0; column < Grid().model()->columnCount(); ++column)
         headings << Grid().model()->headerData(column, Qt::Horizontal).toString();
-    EXPECT_EQ(headings, (QStringList{"", "Pesticide File", "Crop", "Location", "Date", "Status", "Result"}));
+    EXPECT_EQ(headings,
+              (QStringList{"", "Pesticide File", "Crop", "Location", "Date", "Status", "Result", "Changed since"}));
     EXPECT_FALSE(Enabled("Auswaehlen"));
     EXPECT_FALSE(Enabled("Loeschen"));
     EXPECT_FALSE(Enabled("Nochmals"));
@@ -89,8 +93,70 @@ TEST_F(Simulationsliste_Test, Tells_The_Three_States_And_The_Result)
     EXPECT_EQ(Cell(2, 6), "unrecorded");
     EXPECT_EQ(Cell(3, 5), "Data available");
     EXPECT_EQ(Cell(3, 6), "unrecorded: ERROR");
+    EXPECT_EQ(Cell(0, 6), "");
     EXPECT_FALSE(Cell(0, 4).isEmpty());
     EXPECT_TRUE(Enabled("Nochmals"));
+}
+
+TEST_F(Simulationsliste_Test, Tells_The_Verdict_The_Reason_And_What_Has_Changed_Since)
+{
+    const auto run = Put_Run("a.run/Maize.run/Hamburg_-_(H).run");
+    Write_File(run / "a.psm", "before");
+    Run_Record record{.Inputs = {{"a.psm", 6, Sha256("before")}},
+                      .Years_Expected = 26,
+                      .Years_Found = 12,
+                      .Verdict = Verdict::Incomplete,
+                      .Reason = "The output chem.orv holds 12 of 26 years."};
+    Write_File(run / "run.json", Format_Run_Record(record));
+    Open();
+    EXPECT_EQ(Cell(0, 6), "incomplete: 12 of 26 years");
+    EXPECT_EQ(Grid().model()->index(0, 6).data(Qt::ToolTipRole).toString(),
+              "The output chem.orv holds 12 of 26 years.");
+    EXPECT_EQ(Cell(0, 7), "");
+    EXPECT_TRUE(Enabled("Nochmals"));
+
+    Write_File(run / "a.psm", "edited since");
+    Open();
+
+    EXPECT_EQ(Cell(0, 7), "a.psm");
+}
+
+TEST_F(Simulationsliste_Test, Stop_Asks_The_Job_To_End_And_Resume_Is_For_What_It_Left)
+{
+    const auto run = Put_Run("a.run/Maize.run/Hamburg_-_(H).run");
+    Write_File(Place / "focus" / "orveljob.bat", "echo off\r\n");
+    Write_File(run / "run.json", Format_Run_Record({.Verdict = Verdict::Stopped, .Reason = "It was stopped."}));
+    {
+        const auto job = Lock::Take(Place / "focus");
+        Open();
+        EXPECT_FALSE(Enabled("Weiter"));
+        Click<QPushButton>(*Form, "Anhalten");
+        EXPECT_TRUE(fs::exists(Place / "focus" / "orveljob.stop"));
+    }
+    Open();
+
+    EXPECT_EQ(Cell(0, 6), "stopped");
+    EXPECT_TRUE(Enabled("Weiter"));
+    EXPECT_FALSE(Enabled("Anhalten"));
+}
+
+TEST_F(Simulationsliste_Test, What_Was_Deleted_Is_Put_Back)
+{
+    const auto run = Put_Run("a.run/Maize.run/Hamburg_-_(H).run");
+    Open();
+    Click_Row(0);
+    The_User.Answers = {Button::Yes};
+    Click<QPushButton>(*Form, "Loeschen");
+    ASSERT_FALSE(fs::exists(run));
+
+    Put_Back_List bin(The_Session, Mode_Of(Mode_Kind::Focus));
+    bin.show();
+    EXPECT_EQ(Find<QTableWidget>(bin, "Bin_Grid")->item(0, 2)->text(), "Hamburg (H)");
+    Click<QPushButton>(bin, "Zurueck");
+
+    EXPECT_TRUE(fs::exists(run / "echo.orv"));
+    EXPECT_EQ(Find<QTableWidget>(bin, "Bin_Grid")->rowCount(), 0);
+    EXPECT_FALSE(Find<QPushButton>(bin, "Zurueck")->isEnabled());
 }
 
 TEST_F(Simulationsliste_Test, Opens_Wide_Enough_For_All_Columns)
@@ -102,7 +168,7 @@ TEST_F(Simulationsliste_Test, Opens_Wide_Enough_For_All_Columns)
     Open();
 
     const int last = Grid().model()->columnCount() - 1;
-    const int needed = Grid().columnViewportPosition(last) + Grid().fontMetrics().horizontalAdvance("finished");
+    const int needed = Grid().columnViewportPosition(last) + Grid().fontMetrics().horizontalAdvance("3 inputs");
     EXPECT_TRUE(needed <= Grid().viewport()->width() || Form->width() == Form->screen()->availableSize().width())
         << needed << " " << Form->width();
 }

@@ -382,6 +382,17 @@ TEST_F(FOCUS_Test, Takes_The_Output_Of_The_Last_Run_Only_When_It_Opens_And_The_T
     EXPECT_EQ(Find<QComboBox>(*Form, "L_tildepth")->currentText(), "7");
 }
 
+TEST_F(FOCUS_Test, Tells_What_A_Start_Will_Do)
+{
+    Open();
+    Choose(*Form, "Location", "Hamburg (H)");
+    EXPECT_EQ(Caption("Start_Text"), "Run starts the selected simulation alone.");
+
+    Click<QPushButton>(*Form, "Batchdatei");
+
+    EXPECT_EQ(Caption("Start_Text"), "Start Batch runs 1 marked simulation.");
+}
+
 TEST_F(FOCUS_Test, A_Job_At_Work_Disables_Run_And_Its_Progress_Is_Followed)
 {
     const std::string run = "test.run/Maize.run/Hamburg_-_(H).run";
@@ -403,6 +414,7 @@ TEST_F(FOCUS_Test, A_Job_At_Work_Disables_Run_And_Its_Progress_Is_Followed)
     Write_Whole(Place / "focus" / run / "progress.orv", "YEAR 13 OF 26\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return Caption("Job_Text").startsWith("0 of 1 runs, 1 running, 50 %"); }));
 
+    EXPECT_TRUE(Enabled("Anhalten"));
     engine.reset();
     EXPECT_TRUE(QTest::qWaitFor([&] { return Enabled("s_run") && !Find<QWidget>(*Form, "Job_Box")->isVisible(); }));
 }

@@ -1,11 +1,12 @@
 #include "tables/forms/jahr_orv.h"
 
-#include "core/files.h"
-#include "temporary_directory.h"
+#include "tables/leachate_run.h"
+#include "tables/leachate_tables.h"
 #include "window_test.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
@@ -19,10 +20,14 @@ class Jahr_ORV_Test : public Window_Test {
 protected:
     Jahr_ORV_Test()
     {
-        Write_Whole(Place / "echo.orv", "*** PARAMETERS OF Demo***\r\n");
-        Write_Whole(Place / "year.orv", "Kremsm\xFCnster by year\r\n\t80 Perc.(10/11)\t0\t0\t0.000\r\n");
-        Write_Whole(Place / "period.orv", "by period\r\n");
-        Form = std::make_unique<Jahr_ORV>(The_Session, Place.Path());
+        std::string plot = Plot_Head_Of(1, 0);
+        Write_File(Run / "plot.orv", plot.replace(plot.find("Engine"), 6, "Kremsm\xFCnster"));
+        Run.Write_Water(8);
+        Run.Write_Chem(".orv", Rising(8), Rising(8));
+        Build_Or_Load(Run.Path());
+        for (const char* name : {"Wasser.orv", "chem.orv", "plot.orv"})
+            std::filesystem::remove(Run / name);
+        Form = std::make_unique<Jahr_ORV>(The_Session, Run.Path());
     }
 
     void Open()
@@ -35,7 +40,7 @@ protected:
     bool In_Front(int index) { return Find<QPlainTextEdit>(*Form, QString("Ergebnis_%1").arg(index))->isVisible(); }
     QString Button_Caption() { return Find<QPushButton>(*Form, "Umschalter")->text(); }
 
-    Temporary_Directory Place;
+    Leachate_Run Run;
     std::unique_ptr<Jahr_ORV> Form;
 };
 
@@ -47,8 +52,9 @@ TEST_F(Jahr_ORV_Test, Shows_The_Year_Table_First)
 
     EXPECT_TRUE(In_Front(0));
     EXPECT_FALSE(In_Front(1));
-    EXPECT_TRUE(Text(0).startsWith("Kremsmünster by year")) << Text(0).toStdString();
-    EXPECT_TRUE(Text(1).startsWith("by period"));
+    EXPECT_TRUE(Text(0).startsWith("Kremsmünster\nScenario")) << Text(0).toStdString();
+    EXPECT_TRUE(Text(0).contains("\t  Year  \t"));
+    EXPECT_TRUE(Text(1).contains("\t     Period \t"));
 }
 
 TEST_F(Jahr_ORV_Test, Captions_Name_The_Table_In_View_And_The_Word_Annual_Stands_On_The_Period_Table)
@@ -75,7 +81,36 @@ TEST_F(Jahr_ORV_Test, Copies_Both_Tables_One_Behind_The_Other)
     Click<QPushButton>(*Form, "Kopieren");
 
     EXPECT_EQ(QApplication::clipboard()->text(), Text(0) + Text(1));
-    EXPECT_TRUE(QApplication::clipboard()->text().contains("\t80 Perc.(10/11)\t0"));
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("\t80 Perc.(8/7)\t15.0000"));
+}
+
+TEST_F(Jahr_ORV_Test, Says_When_The_Simulation_Was_Run_Again_Behind_It)
+{
+    Open();
+    EXPECT_FALSE(Find<QWidget>(*Form, "Nachricht")->isVisible());
+    std::filesystem::last_write_time(Run / "echo.orv",
+                                     std::filesystem::file_time_type::clock::now() + std::chrono::seconds(1));
+
+    QEvent back(QEvent::WindowActivate); // another window was in front, and was closed
+    QApplication::sendEvent(Form.get(), &back);
+
+    EXPECT_TRUE(Find<QWidget>(*Form, "Nachricht")->isVisible());
+    EXPECT_EQ(Find<QLabel>(*Form, "Nachricht")->text(),
+              "The simulation was run again after this table was made: it shows the run before.");
+}
+
+TEST_F(Jahr_ORV_Test, Says_That_A_Damaged_Table_Was_Built_Anew)
+{
+    Run.Write_Water(8);
+    Run.Write_Chem(".orv", Rising(8), Rising(8));
+    Write_File(Run / "plot.orv", Plot_Head_Of(1, 0));
+    Write_File(Run / "period.orv", "");
+    Write_File(Run / "year.orv", "");
+
+    Open();
+
+    EXPECT_EQ(Find<QLabel>(*Form, "Nachricht")->text(), "The stored table was damaged: it has been built anew.");
+    EXPECT_TRUE(Text(0).contains("\t80 Perc.(8/7)") || Text(0).contains("\tPerc.(8/7)"));
 }
 
 TEST_F(Jahr_ORV_Test, Disables_Its_Buttons_While_It_Builds)

@@ -80,6 +80,7 @@ TEST_F(Mass_Balance_Test, By_Month_Opens_The_Monthly_Tables_Of_The_Same_Run)
                                              .Decay = "2.00000E-01",
                                              .Volatilization = "0.00000E+00",
                                              .Bottom = "1.00000E-01"}) +
+                                     Chem_Block({.Kind = "MONTHLY", .Decay = "1.00000E-01"}) +
                                      Chem_Block({.Application = {{1, "9.90000E+01"}}}) + End_Of_Output());
     Open(run);
     QString name, caption, water, pesticide;
@@ -108,7 +109,10 @@ TEST_F(Mass_Balance_Test, By_Month_Opens_The_Monthly_Tables_Of_The_Same_Run)
     EXPECT_TRUE(pesticide.contains(
         "\t1       \t500.000  \t0.00E+00 \t0.00E+00 \t0.00E+00 \t200.000  \t100.000  \t200.000   \n"))
         << pesticide.toStdString();
-    EXPECT_FALSE(pesticide.contains("\t2   ")) << pesticide.toStdString();
+    EXPECT_TRUE(pesticide.contains(
+        "\t2       \t0.00E+00 \t0.00E+00 \t0.00E+00 \t0.00E+00 \t100.000  \t0.00E+00 \t-100.000  \n"))
+        << pesticide.toStdString();
+    EXPECT_FALSE(pesticide.contains("\t3   ")) << pesticide.toStdString();
     EXPECT_TRUE(std::filesystem::exists(run / "MBalance_M.orv"));
     EXPECT_TRUE(std::filesystem::exists(run / "PBalance_M.orv"));
 }
