@@ -178,7 +178,7 @@ TEST_F(End_To_End, The_List_Shows_The_Run_As_Finished)
               std::string::npos);
     const auto status = Orvelctl(at + " status --mode focus --json");
     EXPECT_NE(status.Printed.find("\"Data available\""), std::string::npos) << status.Printed;
-    EXPECT_NE(status.Printed.find("\"finished\""), std::string::npos) << status.Printed;
+    EXPECT_NE(status.Printed.find("\"verdict\": \"complete\""), std::string::npos) << status.Printed;
 }
 
 TEST_F(End_To_End, A_Single_Run_Of_Three_Years_Is_Run_And_Archived)

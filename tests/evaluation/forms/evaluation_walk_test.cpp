@@ -235,7 +235,7 @@ TEST_F(Evaluation_Walk, The_List_Shows_The_Batch_As_Finished_And_Picks_A_Simulat
         for (int row = 0; row < 3; ++row) {
             EXPECT_EQ(cell(row, 1), "demo_D");
             EXPECT_EQ(cell(row, 5), "Data available");
-            EXPECT_EQ(cell(row, 6), "finished");
+            EXPECT_EQ(cell(row, 6), "complete");
         }
         EXPECT_EQ(cell(2, 3), QString::fromUtf8("Kremsm\xC3\xBCnster (K)"));
         QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(grid.model()->index(2, 2)).center());
