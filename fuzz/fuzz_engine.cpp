@@ -1,5 +1,5 @@
 // Any bytes as one of the engine's input files (the first byte says which), with the other files from a demonstration
-// run: read it, echo it, and if it is accepted simulate a month of water.
+// run: read it, echo it, and if it is accepted simulate ten days of water.
 #include "engine/engine_case.h"
 #include "engine/output/echo.h"
 #include "engine/setup/input.h"
@@ -13,15 +13,32 @@ namespace orvel::engine {
 
 namespace {
 
+constexpr int Days = 10;
+
+// The first days of a demonstration run.
+std::map<std::string, std::string> Ten_Days()
+{
+    auto run = Demo_Case("H", "_maize", "demo_C.psm", 1);
+    run.End = "10 01";
+    for (auto& count : run.Pesticide.App_Count) {
+        if (count.Number() > 1)
+            count = 1;
+    }
+    std::size_t end = 0;
+    for (int line = 0; line <= Days; ++line) // behind the title
+        end = run.Climates.front().find('\n', end) + 1;
+    run.Climates.front().resize(end);
+    return run.Files();
+}
+
 const std::map<std::string, std::string>& Demonstration()
 {
-    static const auto files = Demo_Case("H", "_maize", "demo_C.psm", 1).Files();
+    static const auto files = Ten_Days();
     return files;
 }
 
 constexpr std::array<std::string_view, 5> Names = {"orvel.inp", "H_maize.sze", "test.psm", "climate_01.cli",
                                                    "Haude.dat"};
-constexpr int Days = 31;
 
 void Demand(bool good)
 {

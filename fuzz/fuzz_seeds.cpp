@@ -26,7 +26,14 @@ void Seed(const std::filesystem::path& directory, std::string_view bytes, std::s
 // The first byte is the number of the file among the engine's input files.
 void Seed_Engine(const std::filesystem::path& directory)
 {
-    const auto files = engine::Demo_Case("H", "_maize", "demo_C.psm", 1).Files();
+    auto run = engine::Demo_Case("H", "_maize", "demo_C.psm", 1);
+    run.End = "10 01";
+    for (auto& count : run.Pesticide.App_Count) {
+        if (count.Number() > 1)
+            count = 1;
+    }
+    run.Climates.front().resize(run.Climates.front().find("\n", 900) + 1); // the days that are needed
+    const auto files = run.Files();
     char number = 0;
     for (const char* name : {"orvel.inp", "H_maize.sze", "test.psm", "climate_01.cli"})
         Seed(directory, std::string(1, number++) + files.at(name), name);

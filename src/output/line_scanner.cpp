@@ -36,13 +36,39 @@ Line_Scanner::Line_Scanner(std::size_t window)
       Capacity(std::max<std::size_t>(window, 1))
 {}
 
-Line_Scanner::Line_Scanner(const std::filesystem::path& file, std::size_t window) : Line_Scanner(window)
+namespace {
+
+File_Handle Opened(const std::filesystem::path& file)
 {
-    Name = file;
     std::error_code error;
-    File = File_Handle(file, File_Handle::Use::Read, error);
+    File_Handle opened(file, File_Handle::Use::Read, error);
     if (error)
         Fail(file, "opened", error);
+    return opened;
+}
+
+// No larger than the file, which may still grow.
+std::size_t Fitting(std::size_t window, const File_Handle& file)
+{
+    constexpr std::size_t Least = 16U << 10U;
+    std::error_code unknown;
+    const auto size = file.Size(unknown);
+    return unknown
+               ? window
+               : static_cast<std::size_t>(std::min<std::uint64_t>(window, std::max<std::uint64_t>(size + 1, Least)));
+}
+
+} // namespace
+
+Line_Scanner::Line_Scanner(const std::filesystem::path& file, std::size_t window)
+    : Line_Scanner(file, Opened(file), window)
+{}
+
+Line_Scanner::Line_Scanner(const std::filesystem::path& file, File_Handle opened, std::size_t window)
+    : Line_Scanner(Fitting(window, opened))
+{
+    Name = file;
+    File = std::move(opened);
     Fill(Line_First);
 }
 

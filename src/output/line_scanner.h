@@ -65,6 +65,7 @@ public:
 
 private:
     explicit Line_Scanner(std::size_t window);
+    Line_Scanner(const std::filesystem::path& file, File_Handle opened, std::size_t window);
     bool Fill(std::size_t& keep); // reads more bytes, keeping those from `keep` on
     std::size_t Read_Some(char* to, std::size_t most);
     void Drop_Cut_Line();

@@ -86,10 +86,13 @@ std::string Count_Line(const Mode& mode, const Run_Choice& choice)
 
 Output_Slot Parse_Row(std::string_view row)
 {
-    const auto small = [](double value) { return static_cast<std::int16_t>(std::clamp(value, 0.0, 9999.0)); };
+    constexpr double Deepest = 999; // three digits of its column
+    const auto small = [](double value, double most) {
+        return static_cast<std::int16_t>(std::clamp(value, 0.0, most));
+    };
     return {.Out_Var = static_cast<std::int16_t>(Output_Variable_Number(Columns(row, 5, 4))),
-            .Out_Depth = small(Val(Columns(row, 17, 8))),
-            .Out_Depth2 = small(Val(Columns(row, 33, 8)) - 1)};
+            .Out_Depth = small(Val(Columns(row, 17, 8)), Deepest),
+            .Out_Depth2 = small(Val(Columns(row, 33, 8)) - 1, 9999)};
 }
 
 void Parse_Rows(Line_Reader& lines, double count, Output_Selection& output)

@@ -313,4 +313,16 @@ TEST(Run_End_Test, Is_The_Fourth_And_Fifth_Number_Of_The_First_Line)
     EXPECT_EQ(end_of(""), "");
 }
 
+TEST(Run_Control, A_Depth_Too_Wide_For_Its_Column_Does_Not_Shift_The_Substance)
+{
+    const auto read = Parse_Single_Run("001 01 01 31 12\r\ns.sze\r\np.psm\r\nc.cli\r\n00000001\r\n"
+                                       "    LEAC    TSER 9999.0  1.0E09 00000003\r\n");
+
+    const auto again = Parse_Single_Run(Format_Single_Run(read.Settings, read.Output));
+
+    EXPECT_EQ(read.Output[0].Out_Depth, 999);
+    EXPECT_EQ(again.Output[0].Out_Depth, 999);
+    EXPECT_EQ(again.Output[0].Out_Depth2, 2);
+}
+
 } // namespace orvel
