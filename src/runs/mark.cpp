@@ -104,7 +104,7 @@ void Check_Own_Directory(const fs::path& mode_directory, const std::string& run,
 void Put_Damaged_Batch_Aside(const fs::path& mode_directory)
 {
     std::error_code ignored;
-    if (fs::is_regular_file(Batch_File(mode_directory), ignored))
+    if (fs::is_regular_file(Batch_File(mode_directory), ignored) && !Is_Read_Only(Batch_File(mode_directory)))
         Move_To_Bin(mode_directory, Batch_File(mode_directory));
 }
 

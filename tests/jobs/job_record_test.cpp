@@ -5,6 +5,7 @@
 #include "core/text.h"
 #include "jobs/job.h"
 #include "jobs/job_log.h"
+#include "jobs/run_commands.h"
 #include "jobs/simulations.h"
 #include "jobs/start_batch.h"
 #include "output/run_outputs.h"
@@ -265,9 +266,9 @@ TEST_F(Job_Record_Test, A_Job_Killed_With_Its_Engine_Leaves_A_Run_That_Was_Cut_O
     ::kill(job, SIGKILL);
     ::waitpid(job, nullptr, 0);
     EXPECT_EQ(State_Of_Run(run).Verdict, Verdict::Running); // the engine goes on without its job
-    EXPECT_TRUE(Stop_Job(The_Session.Program, The_Session.Ask, Focus()));
-    ASSERT_TRUE(Soon([&] { return !Is_Locked(run); }));
+    EXPECT_TRUE(Stop(The_Session, Focus(), true));
 
+    EXPECT_FALSE(Is_Locked(run));
     EXPECT_TRUE(State_Of_Run(run).Cut_Off);
     EXPECT_EQ(Result_Text(Simulation_List(Focus_Directory()).at(1)), "incomplete: cut off");
     Good_Engine(2);
