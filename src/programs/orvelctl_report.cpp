@@ -25,7 +25,7 @@ int Do_Text(const std::vector<Summary_Request>& requests, const std::string& fil
     const auto summaries = Report_Text(requests, Shown_Progress());
     Clear_Progress();
     if (!summaries.Failure.empty()) {
-        Tell("File check", summaries.Failure);
+        Tell("File check", Replace_All(summaries.Failure, CrLf, "\n"));
         return Refused;
     }
     if (!file.empty()) {

@@ -158,7 +158,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         const bool kept = tables.Kept && (i > 0 || tables.Has_Echo);
         complete = complete && kept;
         if (!kept)
-            failed += "\r\n" + location.Text + (tables.Kept ? "" : ": " + tables.Note());
+            failed += "\n" + location.Text + (tables.Kept ? "" : ": " + tables.Note());
         if (i == 0) {
             for (const auto& name : tables.Result_Name)
                 summary.Substances.push_back({name, {}, 0});

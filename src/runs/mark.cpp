@@ -100,12 +100,13 @@ void Check_Own_Directory(const fs::path& mode_directory, const std::string& run,
                          ": please rename the pesticide file, or delete that simulation.");
 }
 
-// A batch that cannot be read is not lost when a new one begins.
+// A damaged batch is not lost when a new one begins. A read-only one stays; writing it is then refused.
 void Put_Damaged_Batch_Aside(const fs::path& mode_directory)
 {
     std::error_code ignored;
-    if (fs::is_regular_file(Batch_File(mode_directory), ignored) && !Is_Read_Only(Batch_File(mode_directory)))
-        Move_To_Bin(mode_directory, Batch_File(mode_directory));
+    const fs::path batch = Batch_File(mode_directory);
+    if (fs::is_regular_file(batch, ignored) && !Is_Read_Only(batch))
+        Move_To_Bin(mode_directory, batch);
 }
 
 Mark_Result Mark_In_Turn(const Program_State& program, const Ask_Function& ask, const Mode& mode,

@@ -105,8 +105,8 @@ std::string Profile_Caption(const Scenario_Document& document, const Horizon_Gri
     for (std::size_t h = 0; h < grid.Cells.size(); ++h) {
         const double thickness = Val(grid.Cells[h][Thickness_Column]);
         sum += thickness;
-        if (thickness <= 0)
-            empty += "\n" + grid.Row_Titles[h] + " has no thickness.";
+        if (thickness == 0)
+            empty += "\nHorizon " + std::to_string(h + 1) + " has no thickness.";
     }
     if (!std::isfinite(sum))
         return {};

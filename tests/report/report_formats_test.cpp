@@ -54,9 +54,9 @@ TEST(Report_As_Csv, A_Line_For_Each_Substance_And_Location_With_Fields_In_Quotes
               "Concentration of B (\xC2\xB5g/L),Flux (g/ha),Percolate (L/m\xC2\xB2),Problem,Uses,Simulated "
               "on,Years,Pesticide file,SHA-256 of the pesticide file,"
               "Engine,SHA-256 of the engine,Program\r\n"
-              "Maize,P & <Q>,Kremsm\xC3\xBCnster (K),0.100,no,17,23,0.120,16,22,0.080,0.2,200" +
+              "Maize,P & <Q>,Kremsm\xC3\xBCnster (K),0.100,no,17,23,0.120,16,22,0.080,0.2000000,200.000" +
                   run + "Maize,P & <Q>,Porto (O)" + failed +
-                  "Maize,M,Kremsm\xC3\xBCnster (K),0.101,yes,3,9,0.122,4,10,0.080,0.202,200" + run +
+                  "Maize,M,Kremsm\xC3\xBCnster (K),0.101,yes,3,9,0.122,4,10,0.080,0.2020000,200.000" + run +
                   "Maize,M,Porto (O)" + failed);
 }
 
@@ -86,8 +86,8 @@ TEST(Report_As_Html, The_Mark_Of_The_Limit_Stands_In_Words_And_Exactly_The_Limit
 
     EXPECT_TRUE(Has(html, "<tr><td>Kremsm\xC3\xBCnster (K)</td><td class=\"number\">0.100</td><td>kept</td><td>17 "
                           "(23)</td><td class=\"number\">0.120</td>"
-                          "<td>16 (22)</td><td class=\"number\">0.080</td><td class=\"number\">0.2</td><td "
-                          "class=\"number\">200</td></tr>"));
+                          "<td>16 (22)</td><td class=\"number\">0.080</td><td class=\"number\">0.2000000</td><td "
+                          "class=\"number\">200.000</td></tr>"));
     EXPECT_TRUE(Has(
         html, "<tr class=\"above\"><td>Kremsm\xC3\xBCnster (K)</td><td class=\"number\">0.101</td><td>exceeded</td>"));
 }

@@ -60,12 +60,10 @@ TEST_F(Report_Session, Periods_Without_Percolate_Are_Told_With_Their_Number)
 {
     const auto run = Add_Run("Maize", Hamburg, 1);
     Add_Run("Maize", Kremsmuenster, 1);
-    Gather();
-    std::string periods = Read_File(run / "period.orv");
-    // The first two of the first table, which is that of the active substance at 1 m.
-    for (int period = 1; period <= 2; ++period)
-        periods.replace(periods.find("100.000"), 7, "0.00E+00");
-    Write_Whole(run / "period.orv", periods);
+    std::string wasser;
+    for (int year = 1; year <= 26; ++year)
+        wasser += year == 7 || year == 8 ? Water_Block("0.00000", "0.00000") : Water_Block("10.00000", "5.00000");
+    Write_File(run / "Wasser.orv", wasser + End_Of_Output());
 
     EXPECT_TRUE(Holds(Gather().Notes, "Periods without percolate, which count as 0 in the percentile: Hamburg (H) 2."));
 }

@@ -143,7 +143,7 @@ TEST_F(Summary_Report, A_Location_Without_Period_Table_Leaves_No_Summary)
 
     const auto summary = Build_Summary(request);
 
-    EXPECT_TRUE(summary.Failure.starts_with("Problem with output files. Probably, one of the simulations failed!\r\n"))
+    EXPECT_TRUE(summary.Failure.starts_with("Problem with output files. Probably, one of the simulations failed!\n"))
         << summary.Failure;
     EXPECT_TRUE(summary.Substances.empty());
 }

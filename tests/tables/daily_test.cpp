@@ -226,7 +226,7 @@ TEST(Daily_Diagram_Rule, A_Point_Is_Named_By_Its_Date_And_Unit)
         Daily_Diagram(series, {.Variable = Precipitation, .From = {4, 2}, .To = {5, 2}}, "x", X_Unit::Days);
 
     EXPECT_EQ(Value_Text_At(chart, 2.1), "1 May, year 2: 1.5 cm/d");
-    EXPECT_EQ(Value_Text_At(Zoomed(chart, 0.5, 2.5), 0.6), "30 April, year 2: 0.5 cm/d");
+    EXPECT_EQ(Value_Text_At(Zoomed(chart, 0.5, 2.5), 0.52), "30 April, year 2: 0.5 cm/d");
 }
 
 TEST(Daily_Diagram_Rule, An_Axis_Of_Days_Has_No_Tick_Between_Them)

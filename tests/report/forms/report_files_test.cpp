@@ -79,7 +79,7 @@ TEST_F(Report_Session, A_Text_With_A_Failed_Simulation_Is_Told_And_Nothing_Is_Sa
     EXPECT_EQ(Read_File(Installation / "r.txt"), "old");
     ASSERT_EQ(The_User.Messages.size(), 1U);
     EXPECT_TRUE(The_User.Messages[0].Text.starts_with(
-        "Problem with output files. Probably, one of the simulations failed!\r\nThiva (T): "))
+        "Problem with output files. Probably, one of the simulations failed!\nThiva (T): "))
         << The_User.Messages[0].Text;
     EXPECT_NE(Read_File(Installation / "r.html").find("class=\"problem\""), std::string::npos);
 }
