@@ -98,9 +98,11 @@ TEST_F(Single_Run_Start_Test, Starting_Writes_The_Run_Control_And_Deletes_Old_Ou
 
 TEST_F(Single_Run_Start_Test, While_The_Engine_Is_At_Work_Starting_Tells_And_Touches_Nothing)
 {
-    Write_Whole(Place / "orvel401.exe", "#!/bin/sh\nsleep 5\n");
+    Write_Whole(Place / "orvel401.exe", "#!/bin/sh\ntouch begun\nsleep 5\n");
     fs::permissions(Place / "orvel401.exe", fs::perms::owner_all);
     ASSERT_TRUE(Start_Single_Run(The_Session, Place.Path(), Entry(), ORVELJOB));
+    for (int i = 0; i < 1000 && !fs::exists(Place / "begun"); ++i) // old output goes just before
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
     EXPECT_TRUE(State_Of_Single_Run(Place.Path(), 3).Running);
     Write_Whole(Place / "kept.orv", "output");
 
