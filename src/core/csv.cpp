@@ -19,7 +19,8 @@ bool Is_Number(std::string_view text)
 
 std::string Csv_Field(std::string_view text)
 {
-    constexpr std::string_view Formula_Begin = "=+-@\t\r", Quoted = ",;\"\r\n\t"; // some spreadsheets split at semicolons
+    constexpr std::string_view Formula_Begin = "=+-@\t\r",
+                               Quoted = ",;\"\r\n\t"; // some spreadsheets split at semicolons
     const bool formula = !text.empty() && Contains(Formula_Begin, text.substr(0, 1)) && !Is_Number(text);
     const std::string field = (formula ? "'" : "") + std::string(text);
     const bool plain = field.find_first_of(Quoted) == std::string::npos && field == Trim(field);

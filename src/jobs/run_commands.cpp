@@ -211,8 +211,10 @@ bool Stop(const Session& session, const Mode& mode, bool wait)
     constexpr std::chrono::milliseconds Pause(50);
     if (!Stop_Job(session.Program, session.Ask, mode))
         return false;
-    while (wait && Job_Running(session.Program, mode))
+    while (wait && Is_Job_At_Work(session.Program, mode)) {
+        End_Orphans(Mode_Directory(session.Program, mode)); // the job may have been killed meanwhile
         std::this_thread::sleep_for(Pause);
+    }
     return true;
 }
 

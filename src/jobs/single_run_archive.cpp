@@ -110,12 +110,12 @@ bool Archive_Run(const Ask_Function& ask, const fs::path& directory, const std::
         const std::string missing = Copy_Input(directory, archive, control);
         Write_Whole(archive / "orvel.inp", control);
         if (!missing.empty())
-            Tell(ask, File_Check, "The archive " + folder + " lacks input that is not there any more: " + missing + ".");
+            Tell(ask, File_Check,
+                 "The archive " + folder + " lacks input that is not there any more: " + missing + ".");
     } catch (const std::exception& error) {
         if (made)
             fs::remove_all(archive, ignored); // nothing has been moved out of the directory yet
-        Tell(ask, File_Check,
-             "Cannot open " + Name_Of(archive).value_or(folder) + "\r\n" + To_Code_Page(error.what()));
+        Tell(ask, File_Check, "Cannot open " + Name_Of(archive).value_or(folder) + "\r\n" + To_Code_Page(error.what()));
         return false;
     }
     // The archive is complete: the output may be deleted now, and the archive stays whatever happens.

@@ -212,6 +212,18 @@ std::optional<int> Job_Exit_Code(int process)
     return end->Signal == 0 ? end->Exit_Code : Killed + end->Signal;
 }
 
+bool End_Orphans(const fs::path& mode_directory)
+{
+    bool ended = false;
+    if (Is_Locked(mode_directory) || !Find_File(mode_directory, Job_File_Name))
+        return ended; // its job ends them, or there never was one
+    for (const auto& run : Read_Job_Runs(mode_directory)) {
+        if (Is_Locked(run))
+            ended = End_Holders(run) || ended;
+    }
+    return ended;
+}
+
 bool Stop_Job(const Program_State& program, const Ask_Function& ask, const Mode& mode)
 try {
     const fs::path directory = Mode_Directory(program, mode);
@@ -219,11 +231,7 @@ try {
         Write_Whole(directory / Stop_Name, "");
         return true;
     }
-    bool ended = false;
-    for (const auto& run : Find_File(directory, Job_File_Name) ? Read_Job_Runs(directory) : std::vector<fs::path>()) {
-        if (Is_Locked(run))
-            ended = End_Holders(run) || ended;
-    }
+    const bool ended = End_Orphans(directory);
     if (!ended)
         Tell(ask, Starting, "There is no job at work.");
     return ended;

@@ -45,4 +45,8 @@ std::optional<int> Job_Exit_Code(int process);
 // and the user has been told.
 bool Stop_Job(const Program_State& program, const Ask_Function& ask, const Mode& mode);
 
+// Ends the engines of the last job if that has gone without them; while a job is at work nothing happens. Whether there
+// was one. Throws File_Error.
+bool End_Orphans(const std::filesystem::path& mode_directory);
+
 } // namespace orvel

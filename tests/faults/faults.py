@@ -7,6 +7,7 @@ commands of orvelctl, the engine and what the desktop program does with files.
 After each fault every file is what it was or whole, the program has ended with a sentence and 1 (or as if nothing had
 happened, where the call does not matter), and the next try works. Runs in memory (/dev/shm)."""
 import argparse
+import json
 import mmap
 import os
 import shutil
@@ -31,6 +32,24 @@ HOW = {
 HARMLESS = {"EINTR", "SHORT"}
 
 
+NOT_COMPLETE = b"a record that is not of a complete run"
+
+
+def content(path):
+    """The bytes of a file; of a record of a run what does not depend on the time."""
+    with open(path, "rb") as file:
+        found = file.read()
+    if os.path.basename(path) != "run.json":
+        return found
+    try:
+        record = json.loads(found)
+    except ValueError:
+        return found
+    if record["verdict"] != "complete":
+        return NOT_COMPLETE
+    return json.dumps({name: value for name, value in record.items() if name not in ("start", "end")}).encode()
+
+
 def snapshot(directory, leave_out=lambda path: False):
     """The bytes of every file below a directory, by path."""
     files = {}
@@ -39,8 +58,7 @@ def snapshot(directory, leave_out=lambda path: False):
             path = os.path.join(place, name)
             relative = os.path.relpath(path, directory)
             if not leave_out(relative) and os.path.isfile(path):
-                with open(path, "rb") as file:
-                    files[relative] = file.read()
+                files[relative] = content(path)
     return files
 
 
@@ -102,6 +120,8 @@ class Runner:
             if is_leftover(path) or any(path.startswith(free) for free in case.free):
                 continue
             states = {after.get(path)} | ({before.get(path)} if may_be_old else set())
+            if may_be_old:
+                states.add(NOT_COMPLETE)
             if now.get(path) not in states:
                 state = "is gone" if path not in now else "is neither old nor new"
                 self.find(case, fault, f"{path} {state}")

@@ -5,6 +5,7 @@
 #include "core/text.h"
 #include "jobs/job.h"
 #include "jobs/job_log.h"
+#include "jobs/run_commands.h"
 #include "jobs/simulations.h"
 #include "jobs/start_batch.h"
 #include "output/run_outputs.h"
@@ -149,7 +150,7 @@ TEST_F(Job_Record_Test, A_Hung_Engine_Is_Ended_When_Its_Time_Is_Over_Also_One_Th
     EXPECT_EQ(Record(run).Verdict, Verdict::Failed);
     EXPECT_EQ(Record(run).Reason, "It took longer than 1 s.");
     EXPECT_EQ(Record(run).Signal, SIGKILL);
-    EXPECT_FALSE(Is_Locked(run)); // what it had started is gone, too
+    EXPECT_TRUE(Soon([&] { return !Is_Locked(run); })); // what it had started is gone, too
 }
 
 TEST_F(Job_Record_Test, The_Verdict_Outlives_The_Journal_And_The_Next_Job)
@@ -265,9 +266,9 @@ TEST_F(Job_Record_Test, A_Job_Killed_With_Its_Engine_Leaves_A_Run_That_Was_Cut_O
     ::kill(job, SIGKILL);
     ::waitpid(job, nullptr, 0);
     EXPECT_EQ(State_Of_Run(run).Verdict, Verdict::Running); // the engine goes on without its job
-    EXPECT_TRUE(Stop_Job(The_Session.Program, The_Session.Ask, Focus()));
-    ASSERT_TRUE(Soon([&] { return !Is_Locked(run); }));
+    EXPECT_TRUE(Stop(The_Session, Focus(), true));
 
+    EXPECT_FALSE(Is_Locked(run));
     EXPECT_TRUE(State_Of_Run(run).Cut_Off);
     EXPECT_EQ(Result_Text(Simulation_List(Focus_Directory()).at(1)), "incomplete: cut off");
     Good_Engine(2);

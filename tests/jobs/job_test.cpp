@@ -192,13 +192,13 @@ TEST_F(Job_Test, The_Engine_Holds_The_Lock_Of_Its_Run_But_Not_That_Of_The_Job)
 
 TEST_F(Job_Test, With_Closed_Standard_Channels_Both_Locks_Are_Held_All_The_Same)
 {
-    Engine("flock -n . true; echo $? > plot.orv; flock -n ../../.. true; echo $? >> plot.orv");
+    Good_Engine(2, "flock -n . true; echo $? > held.txt; flock -n ../../.. true; echo $? >> held.txt");
     const auto run = Add_Run("one");
 
     const int status = std::system(("'" ORVELJOB "' '" + (Home / "focus").string() + "' <&- >&- 2>&-").c_str());
     EXPECT_EQ(WEXITSTATUS(status), 1); // this engine leaves no whole output
 
-    EXPECT_EQ(Read_Whole(run / "plot.orv"), "1\n1\n");
+    EXPECT_EQ(Read_Whole(run / "held.txt"), "1\n1\n");
 }
 
 TEST_F(Job_Test, As_Many_Runs_Work_At_A_Time_As_Asked_For)

@@ -76,18 +76,18 @@ TEST_F(Orvelctl, Gives_The_Usage_For_A_Wrong_Command_Line_And_Exits_With_2)
 
 TEST_F(Orvelctl, A_Pipe_A_Loop_Of_Links_And_An_Overlong_Name_Are_Told_And_Never_Waited_For)
 {
-    const std::string pipe = In_Directory("pipe.psm"), loop = In_Directory("loop.psm"),
-                      good = In_Directory("good.psm"), longest = In_Directory(std::string(300, 'n') + ".psm");
+    const std::string pipe = In_Directory("pipe.psm"), loop = In_Directory("loop.psm"), good = In_Directory("good.psm"),
+                      longest = In_Directory(std::string(300, 'n') + ".psm");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     std::filesystem::create_symlink("loop.psm", loop);
     Write_Whole(good, Example_File());
 
     for (const auto& bad : {pipe, loop, longest}) {
-        for (const auto& command : {"show " + bad, "convert " + bad + " " + In_Directory("out.psm"),
-                                    "convert " + good + " " + bad, "tables " + bad, "balance " + bad,
-                                    "pecsoil --depth 5 " + bad, "series --column 1 " + bad,
-                                    "-C " + bad + " status --mode focus", "-C " + bad + " start --mode focus",
-                                    "-C " + bad + " report --mode focus --pesticide demo --crop Maize"}) {
+        for (const auto& command :
+             {"show " + bad, "convert " + bad + " " + In_Directory("out.psm"), "convert " + good + " " + bad,
+              "tables " + bad, "balance " + bad, "pecsoil --depth 5 " + bad, "series --column 1 " + bad,
+              "-C " + bad + " status --mode focus", "-C " + bad + " start --mode focus",
+              "-C " + bad + " report --mode focus --pesticide demo --crop Maize"}) {
             EXPECT_EQ(Run(command), 1) << command;
             EXPECT_NE(Error, "") << command;
             EXPECT_EQ(Error.find("terminate"), std::string::npos) << Error;
@@ -101,8 +101,8 @@ TEST_F(Orvelctl, A_Current_Directory_That_Vanished_Is_Told)
 {
     std::filesystem::create_directory(In_Directory("gone"));
     for (const std::string command : {"status --mode focus", "tables .", "init new", "start --mode focus"}) {
-        const int status = std::system(("cd " + In_Directory("gone") + " && rmdir ../gone && '" ORVELCTL "' " + command +
-                                        " 2>" + In_Directory("error"))
+        const int status = std::system(("cd " + In_Directory("gone") + " && rmdir ../gone && '" ORVELCTL "' " +
+                                        command + " 2>" + In_Directory("error"))
                                            .c_str());
         EXPECT_EQ(WEXITSTATUS(status), 1) << command;
         EXPECT_NE(Read_Whole(In_Directory("error")).find("No such file or directory."), std::string::npos);
@@ -115,8 +115,8 @@ TEST_F(Orvelctl, A_Standard_Output_That_Takes_Nothing_Is_Told_And_Exits_With_1)
     Write_Whole(In_Directory("in.psm"), Example_File());
     for (const std::string output : {">/dev/full", ">&-"}) {
         for (const auto& command : {"show " + In_Directory("in.psm"), std::string("--help")}) {
-            const int status = std::system(
-                ("'" ORVELCTL "' " + command + " " + output + " 2>" + In_Directory("error")).c_str());
+            const int status =
+                std::system(("'" ORVELCTL "' " + command + " " + output + " 2>" + In_Directory("error")).c_str());
             EXPECT_EQ(WEXITSTATUS(status), 1) << command << output;
             EXPECT_EQ(Read_Whole(In_Directory("error")), "File check: Cannot write to standard output.\n");
         }
@@ -127,9 +127,8 @@ TEST_F(Orvelctl, With_Closed_Standard_Channels_No_File_Is_Written_Over)
 {
     Write_Whole(In_Directory("in.psm"), Example_File());
 
-    const int status = std::system(("'" ORVELCTL "' convert " + In_Directory("in.psm") + " " +
-                                    In_Directory("out.psm") + " <&- >&- 2>&-")
-                                       .c_str());
+    const int status = std::system(
+        ("'" ORVELCTL "' convert " + In_Directory("in.psm") + " " + In_Directory("out.psm") + " <&- >&- 2>&-").c_str());
 
     EXPECT_EQ(WEXITSTATUS(status), 0);
     EXPECT_EQ(Read_Whole(In_Directory("out.psm")), Example_File());

@@ -68,9 +68,9 @@ TEST_F(Leachate_Cache, A_Damaged_File_Is_Told_And_Both_Are_Built_Anew)
         {swapped(year, seventh, ""), period},                          // a row is missing
         {swapped(year, "\t7.0000000", "\t7.1000000"), period},         // another figure
         {year, swapped(period, "\t7.0000000", "\t7.1000000")},
-        {swapped(year, "\t15.0000", "\t25.0000"), period}, // a total that is not the sum
-        {swapped(year, "(8/7)", "(9/7)"), period},         // a year that is not there
-        {swapped(year, "Engine", "engine"), period},       // tables of two different runs
+        {swapped(year, "\t15.0000", "\t25.0000"), period},        // a total that is not the sum
+        {swapped(year, "(8/7)", "(9/7)"), period},                // a year that is not there
+        {swapped(year, "Engine", "engine"), period},              // tables of two different runs
         {Replace_All(year, "\t7.0000000", "\t1.7E+308"), period}, // no number holds the sum
         {std::string(1 << 16, '\0'), std::string(1 << 16, '\0')},
         {"a year table\r\n", "a period table\r\n"},

@@ -50,9 +50,9 @@ public:
     [[nodiscard]] std::error_code Resize(std::uint64_t size);
     void Take_Owner_Of(const std::filesystem::path& file); // as far as this process may
     void Lock_While_Open();                                // a sign of life, see lock.h
-    void Begin_Flush();                    // starts writing to the disk without waiting for it
-    [[nodiscard]] std::error_code Flush(); // waits until everything is on the disk
-    std::error_code Close();               // some systems report a full disk only here
+    void Begin_Flush();                                    // starts writing to the disk without waiting for it
+    [[nodiscard]] std::error_code Flush();                 // waits until everything is on the disk
+    std::error_code Close();                               // some systems report a full disk only here
 
 private:
     int Number = -1;

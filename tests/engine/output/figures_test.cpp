@@ -3,10 +3,10 @@
 #include "engine/input/findings.h"
 #include "temporary_directory.h"
 
-#include <cmath>
-#include <cstdio>
 #include "full_disk.h"
 #include "temporary_directory.h"
+#include <cmath>
+#include <cstdio>
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -161,8 +161,8 @@ TEST_F(Zusammenfassung_Test, A_Failed_Location_Is_Told_And_Nothing_Is_Shown)
     Open();
 
     ASSERT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_TRUE(The_User.Messages[0].Text.starts_with(
-        "Problem with output files. Probably, one of the simulations failed!\n"))
+    EXPECT_TRUE(
+        The_User.Messages[0].Text.starts_with("Problem with output files. Probably, one of the simulations failed!\n"))
         << The_User.Messages[0].Text;
     EXPECT_EQ(Text(), "");
     EXPECT_FALSE(Find<QPushButton>(*Form, "S_Diagramm")->isEnabled());
