@@ -63,8 +63,11 @@ File_Digest Digest_Of_File(const std::filesystem::path& file)
         digest.Add({window.get(), got});
         read.Size += got;
     }
-    if (error)
-        throw File_Error("The file " + file.string() + " cannot be read: " + error.message() + ".");
+    if (error) {
+        File_Error failure("The file " + file.string() + " cannot be read: " + error.message() + ".");
+        failure.Code = error;
+        throw failure;
+    }
     read.Sha256 = digest.Hexadecimal();
     return read;
 }

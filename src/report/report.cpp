@@ -63,6 +63,8 @@ std::string Problem_Of(const fs::path& directory)
         break;
     }
     const Run_State state = State_Of_Run(directory);
+    if (state.Unreadable) // whether the run has a result is not known
+        throw File_Error(state.Reason);
     const Echo echo = Read_Echo(directory);
     if (echo.Engine_Stopped)
         return "The simulation failed: the engine was ended before it had finished.";

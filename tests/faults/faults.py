@@ -296,7 +296,7 @@ def cases(stock):
     single = ["single", "--pesticide", "demo_D.psm", "--scenario", "H_maize.sze", "--climate", "H_01.cli", "--years", "1",
               "--wait"]
     yield Case("single --wait", stock.lay(stock.single), lambda root: [ctl, *single], again_may_refuse=True,
-               free=("echo.orv", "plot.orv", "chem", "Wasser.orv", "progress.orv", "Run_"), output=False)
+               free=("echo.orv", "plot.orv", "chem", "Wasser.orv", "progress.orv", "Run_", "run.json"), output=False)
     yield Case("init", lambda root: None, lambda root: [ctl, "init", os.path.join(root, "new")], free=("new/.orvel-init",),
                once="new/orvel401.exe")
 
