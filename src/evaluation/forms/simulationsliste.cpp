@@ -1,5 +1,6 @@
 #include "evaluation/forms/simulationsliste.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "evaluation/forms/put_back_list.h"
 #include "jobs/run_again.h"
@@ -154,8 +155,13 @@ void Simulationsliste::Refresh()
 void Simulationsliste::Show_Changes()
 {
     Simulation_Model::Changed_Inputs changed;
-    for (const Simulation& simulation : Simulations.Simulations())
-        changed[simulation.Directory] = Changes_Of_Inputs.Of(simulation);
+    for (const Simulation& simulation : Simulations.Simulations()) {
+        try {
+            changed[simulation.Directory] = Changes_Of_Inputs.Of(simulation);
+        } catch (const File_Error& error) {
+            changed[simulation.Directory] = {To_Code_Page(error.what())}; // an input that cannot be read
+        }
+    }
     Simulations.Show_Changes(std::move(changed));
 }
 
