@@ -15,7 +15,6 @@ namespace orvel::engine {
 namespace {
 
 constexpr double Zero_Below = 1e-30;
-constexpr int Series_Width = 10;
 constexpr int Series_Digits = 5;
 constexpr double Plain_Above = 0.9e-4; // smaller values cannot round to 0.0001
 constexpr int Largest_Power = 45;
@@ -33,10 +32,15 @@ struct Powers {
     }
 };
 
-double Power_Of_Ten(int k)
+const double* Powers_Of_Ten() // the power k at index k, from -Largest_Power to Largest_Power
 {
     static const Powers powers;
-    return powers.Value[static_cast<std::size_t>(k + Largest_Power)];
+    return powers.Value.data() + Largest_Power;
+}
+
+double Power_Of_Ten(int k)
+{
+    return Powers_Of_Ten()[k];
 }
 
 // A positive value as `digits` decimal digits times a power of ten, given by the exponent of the first digit.
@@ -60,11 +64,17 @@ Decimal Exact_Decimal(double a, int digits)
     return decimal;
 }
 
+// The decimal exponent of a positive value, or one less.
+int Least_Exponent(double a)
+{
+    const auto binary = static_cast<int>(std::bit_cast<std::uint64_t>(a) >> 52U) - 1023;
+    return (binary * 1233) >> 12;
+}
+
 // One multiplication and one rounding, exact except near a tie or a power of ten.
 Decimal Decimal_Of(double a, int digits)
 {
-    const auto binary = static_cast<int>(std::bit_cast<std::uint64_t>(a) >> 52U) - 1023;
-    int e = (binary * 1233) >> 12; // the decimal exponent, or one less
+    int e = Least_Exponent(a);
     if (std::abs(e) > Largest_Power - 10)
         return Exact_Decimal(a, digits);
     const double low = Power_Of_Ten(digits - 1), high = 10 * low;
@@ -200,6 +210,65 @@ char* Fixed(char* to, char* end, double value, int decimals)
     return std::copy_n(all + count - decimals, decimals, to);
 }
 
+// Up to eight characters as a number, the first in the lowest byte.
+constexpr std::uint64_t Word(std::string_view text)
+{
+    std::uint64_t word = 0;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        word |= std::uint64_t{static_cast<unsigned char>(text[i])} << 8U * i;
+    return word;
+}
+
+void Put_Word(char* to, std::uint64_t word)
+{
+    for (unsigned i = 0; i < 8; ++i)
+        to[i] = static_cast<char>(word >> 8U * i);
+}
+
+// Fills the field for most values above 0 without a detour; false where another form or the exact conversion is needed.
+bool Put_Usual_Series(char* field, double value)
+{
+    if (!(value > 1e-28 && value < 99999 && (value >= 1e-3 || value < Plain_Above)))
+        return false;
+    const double* const power = Powers_Of_Ten();
+    int e = Least_Exponent(value);
+    e += value >= power[e + 1] ? 1 : 0;
+    const bool plain = value > Plain_Above;
+    const int digits = plain ? Series_Digits : Series_Digits - 1;
+    const double m = value * power[digits - 1 - e];
+    auto whole = static_cast<std::uint32_t>(m);
+    const double rest = m - whole;
+    if (std::fabs(rest - 0.5) < Near_Tie || m >= power[digits] - 1 || m < power[digits - 1])
+        return false;
+    whole += rest > 0.5 ? 1 : 0;
+    if (!plain) {
+        std::memcpy(field, " 0.000E-00", Series_Width);
+        field[1] = static_cast<char>('0' + whole / 1000);
+        field[3] = static_cast<char>('0' + whole / 100 % 10);
+        std::memcpy(field + 4, Pairs.Text.data() + std::size_t{2} * (whole % 100), 2);
+        std::memcpy(field + 8, Pairs.Text.data() - 2 * e, 2);
+        return true;
+    }
+    // Eight characters in one word, the first in its lowest byte, so that no character is stored and read again.
+    std::uint64_t text = Word({Pairs.Text.data() + std::size_t{2} * (whole / 10000) + 1, 1}) |
+                         Word({Pairs.Text.data() + std::size_t{2} * (whole / 100 % 100), 2}) << 8U |
+                         Word({Pairs.Text.data() + std::size_t{2} * (whole % 100), 2}) << 24U;
+    const int significant = 8 - std::countl_zero(text ^ Word("00000")) / 8; // without zeros at the end
+    if (e < 0) {
+        static constexpr std::array<std::uint64_t, 4> Before{0, Word("      0."), Word("     0.0"), Word("    0.00")};
+        text = Before[static_cast<std::size_t>(-e)] >> 8U * significant | text << 8U * (8 - significant);
+    } else {
+        const int before = e + 1, length = significant > before ? significant + 1 : before;
+        const std::uint64_t whole_part = (std::uint64_t{1} << 8U * before) - 1;
+        text = (text & whole_part) | Word(".") << 8U * before | (text & ~whole_part) << 8U;
+        text = Word("        ") >> 8U * length | text << 8U * (8 - length);
+    }
+    field[0] = ' ';
+    field[1] = e == -3 && significant == Series_Digits ? '0' : ' ';
+    Put_Word(field + 2, text);
+    return true;
+}
+
 } // namespace
 
 void Put_Blanks(std::string& text, int count)
@@ -245,23 +314,29 @@ void Put_Exponent(std::string& text, double value, int width, int decimals)
     figure.Append_To(text, Scientific(figure.Begin(), value < 0, decimal, decimals + 1), width);
 }
 
-void Put_Series(std::string& text, double value)
+void Put_Series(char* field, double value)
 {
-    value = Checked(value);
     if (value == 0) {
-        text.append("       0.0", Series_Width);
+        std::memcpy(field, "       0.0", Series_Width);
         return;
     }
-    Figure figure;
-    const char* end = figure.Begin() + Series_Width;
+    if (Put_Usual_Series(field, value))
+        return;
+    value = Checked(value);
+    if (value == 0)
+        return Put_Series(field, 0);
+    std::array<char, 64> figure{};
+    const char* end = figure.data() + Series_Width;
     if (std::fabs(value) > Plain_Above) {
         const Decimal decimal = Decimal_Of(std::fabs(value), Series_Digits);
         if (decimal.Exponent >= -4 && decimal.Exponent < Series_Digits)
-            end = Plain(figure.Begin(), value < 0, decimal, Series_Digits);
+            end = Plain(figure.data(), value < 0, decimal, Series_Digits);
     }
-    for (int digits = 4; end - figure.Begin() >= Series_Width && digits > 1; --digits)
-        end = Scientific(figure.Begin(), value < 0, Decimal_Of(std::fabs(value), digits), digits);
-    figure.Append_To(text, end, Series_Width);
+    for (int digits = 4; end - figure.data() >= Series_Width && digits > 1; --digits)
+        end = Scientific(figure.data(), value < 0, Decimal_Of(std::fabs(value), digits), digits);
+    const auto length = static_cast<int>(end - figure.data());
+    std::memset(field, ' ', Series_Width);
+    std::memcpy(field + Series_Width - length, figure.data(), static_cast<std::size_t>(length));
 }
 
 Out_File::Out_File(const std::filesystem::path& file) : Name(file.filename().string())

@@ -16,9 +16,12 @@ namespace orvel::engine {
 void Put_Integer(std::string& text, long value, int width);
 void Put_Fixed(std::string& text, double value, int width, int decimals);    // 12.3456
 void Put_Exponent(std::string& text, double value, int width, int decimals); // 1.2345E-06
-void Put_Series(std::string& text, double value); // ten characters: at least one blank, then up to five digits
 void Put_Blanks(std::string& text, int count);
 void Put_Left(std::string& text, std::string_view what, int width); // left-aligned, truncated to the field
+
+// A value of plot.orv, into a field of Series_Width characters: at least one blank, then up to five digits.
+constexpr int Series_Width = 10;
+void Put_Series(char* field, double value);
 
 // Pads with blanks up to the 1-based column, where the next character goes.
 void To_Column(std::string& text, std::size_t line_start, int column);

@@ -15,7 +15,6 @@ namespace {
 
 constexpr double Gram = 1e-6;            // g per ug
 constexpr double Least_Percolate = 1e-3; // cm/d, smaller percolate has no mean concentration
-constexpr int Field = 10;
 
 using namespace Variable;
 
@@ -37,10 +36,23 @@ Series::Series(const std::filesystem::path& file, const Engine_Input& input)
     const std::size_t first_profile = input.Control.Rows.size() - static_cast<std::size_t>(input.Control.Profile_Rows);
     for (std::size_t i = 0; i < input.Control.Rows.size(); ++i) {
         Plans.push_back(Plan(input.Control.Rows[i], i >= first_profile, input));
-        const int variable = Plans.back().Variable;
         With_Sums = With_Sums || Plans.back().Is_Amount;
-        With_Concentration = With_Concentration || variable == SPST || variable == SPSC;
+        Note_Dissolved(Plans.back());
     }
+}
+
+void Series::Note_Dissolved(const Column_Plan& plan)
+{
+    if (plan.Variable != SPST && plan.Variable != SPSC)
+        return;
+    Compartment_Range inside = plan.Inside;
+    if (plan.Is_Profile && !plan.Slice.empty()) {
+        inside.First = Fine->Document[static_cast<std::size_t>(plan.Slice.front().first)].First;
+        inside.Last = Fine->Document[static_cast<std::size_t>(plan.Slice.back().first)].Last;
+    }
+    if (!Dissolved)
+        Dissolved = inside;
+    Dissolved = {std::min(Dissolved->First, inside.First), std::max(Dissolved->Last, inside.Last)};
 }
 
 Series::Column_Plan Series::Plan(const Output_Row& row, bool profile, const Engine_Input& input) const
@@ -96,17 +108,17 @@ void Series::Put_Head(const Engine_Input& input, const Series_Moment& start)
     text += CrLf;
     std::size_t line = text.size();
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        To_Column(text, line, 13 + Field * static_cast<int>(i));
+        To_Column(text, line, 13 + Series_Width * static_cast<int>(i));
         text += One_Line(rows[i].Code);
     }
     text += CrLf;
-    Put_Blanks(text, Field);
+    Put_Blanks(text, Series_Width);
     for (const Output_Row& row : rows)
-        Put_Fixed(text, row.Depth, Field, 1);
+        Put_Fixed(text, row.Depth, Series_Width, 1);
     text += CrLf;
     line = text.size();
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        To_Column(text, line, 12 + Field * static_cast<int>(i));
+        To_Column(text, line, 12 + Series_Width * static_cast<int>(i));
         Put_Left(text, One_Line(rows[i].Scale_Text), 6);
     }
     text += CrLf;
@@ -121,16 +133,21 @@ void Series::Begin_Day()
 
 void Series::Put_Line(int day, int hour, const Series_Moment& moment)
 {
-    if (With_Concentration)
-        moment.Column.Concentrations(Concentration);
+    if (Dissolved)
+        moment.Column.Concentrations(Concentration, Dissolved->First, Dissolved->Last);
     std::string& text = File.Buffer;
     Put_Integer(text, day, 6);
     text += ' ';
     text += static_cast<char>('0' + hour / 10);
     text += static_cast<char>('0' + hour % 10);
     text += ' ';
-    for (Column_Plan& plan : Plans)
-        Put_Series(text, plan.Scale * Value(plan, moment));
+    const std::size_t figures = text.size();
+    text.resize(figures + Plans.size() * Series_Width, ' ');
+    char* field = text.data() + figures;
+    for (Column_Plan& plan : Plans) {
+        Put_Series(field, plan.Scale * Value(plan, moment));
+        field += Series_Width;
+    }
     text += CrLf;
     File.Flush_When_Full();
 }
@@ -267,6 +284,8 @@ double Series::State(const Column_Plan& plan, int compartment, const Series_Mome
 // Like State, but over a 1 cm slice, regardless of the compartments: contents by its soil, solution by its water.
 double Series::Profile(const Column_Plan& plan, const Series_Moment& moment) const
 {
+    if (plan.Slice.size() == 1)
+        return State(plan, plan.Slice.front().first, moment);
     double sum = 0, length = 0, soil = 0, water = 0;
     const bool by_soil = plan.Variable >= TPSC && plan.Variable <= NPSC;
     for (const auto& [compartment, within] : plan.Slice) {

@@ -5,6 +5,7 @@
 #include "engine/solute/solute.h"
 #include "engine/water/water.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,7 @@ private:
     };
 
     Column_Plan Plan(const Output_Row& row, bool profile, const Engine_Input& input) const;
+    void Note_Dissolved(const Column_Plan& column);
     double Value(Column_Plan& column, const Series_Moment& moment);
     double Water_Value(const Column_Plan& column, const Series_Moment& moment) const;
     double Amount(const Column_Plan& column, const Series_Moment& moment) const;
@@ -69,7 +71,8 @@ private:
     const Grid* Fine;
     std::vector<Column_Plan> Plans;
     std::vector<double> Concentration;
-    bool With_Sums = false, With_Concentration = false;
+    bool With_Sums = false;
+    std::optional<Compartment_Range> Dissolved; // where columns tell a concentration in solution
     Out_File File;
 };
 

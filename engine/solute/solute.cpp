@@ -71,12 +71,20 @@ double Solute_Column::Plant_Mass() const
 
 void Solute_Column::Concentrations(std::vector<double>& c) const
 {
+    Concentrations(c, 0, Self->Column.N - 1);
+}
+
+void Solute_Column::Concentrations(std::vector<double>& c, int first, int last) const
+{
     Aligned_Row exact = Self->C, slope = Self->G;
     Kernel_Column column = Self->Column;
     column.C = exact.data();
     column.G = slope.data();
-    Self->Kernel.Invert(column, 0, column.N, Self->Now);
-    c.assign(exact.begin(), exact.end());
+    Self->Kernel.Invert(column, first, last + 1, Self->Now);
+    c.resize(exact.size());
+    const auto from = static_cast<std::ptrdiff_t>(first) * Lanes(),
+               to = static_cast<std::ptrdiff_t>(last + 1) * Lanes();
+    std::copy(exact.begin() + from, exact.begin() + to, c.begin() + from);
 }
 
 Solute_Stores Solute_Column::Stores() const

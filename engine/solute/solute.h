@@ -31,10 +31,13 @@ public:
     int Index_Of(int slot) const;
     double Doc_Factor(int slot) const; // 1 + b: the concentration including DOC is (1 + b) C
 
-    const double* Mass() const;                        // M, equilibrium domain, ug/cm2 [compartment * Lanes + slot]
-    const double* Slow_Mass() const;                   // W, non-equilibrium domain, ug/cm2 like Mass
-    double Plant_Mass() const;                         // active substance on the plants, ug/cm2
-    void Concentrations(std::vector<double>& c) const; // C, ug/cm3, to full precision; does not change the state
+    const double* Mass() const;      // M, equilibrium domain, ug/cm2 [compartment * Lanes + slot]
+    const double* Slow_Mass() const; // W, non-equilibrium domain, ug/cm2 like Mass
+    double Plant_Mass() const;       // active substance on the plants, ug/cm2
+    // C, ug/cm3, to full precision; does not change the state. Those before the first and behind the last compartment
+    // are left as they were.
+    void Concentrations(std::vector<double>& c) const;
+    void Concentrations(std::vector<double>& c, int first, int last) const;
     Solute_Stores Stores() const;
     bool Finite() const; // whether the state has neither NaN nor infinity
 

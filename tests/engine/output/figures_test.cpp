@@ -32,8 +32,8 @@ std::string Exponent(double value, int width, int decimals)
 
 std::string Series_Text(double value)
 {
-    std::string text;
-    Put_Series(text, value);
+    std::string text(Series_Width, '?');
+    Put_Series(text.data(), value);
     return text;
 }
 
@@ -96,6 +96,40 @@ TEST(Figures, Every_Figure_Is_The_C_Librarys)
         if (std::string_view(buffer).size() == 12) {
             ASSERT_EQ(Fixed(value, 12, 5), buffer);
         }
+    }
+}
+
+// Five significant digits in plain notation where they leave a blank, without zeros at the end; else four with an
+// exponent.
+TEST(Figures, Every_Series_Value_Is_The_C_Librarys)
+{
+    std::mt19937_64 random(11);
+    std::uniform_real_distribution<double> exponent(-29.5, 5.2);
+    for (int i = 0; i < 300000; ++i) {
+        double value = std::pow(10.0, exponent(random));
+        if (i % 3 == 0)
+            value = std::round(value * 2e5) / 2e5 + (i % 2 == 0 ? 0.5e-5 : 0); // near a half, or with zeros at the end
+        if (i % 1000 == 0)
+            value = std::pow(10.0, std::round(std::log10(value)));
+        if (value < 1e-28)
+            continue;
+        char buffer[80];
+        std::snprintf(buffer, sizeof buffer, "%.4E", value);
+        const int power = std::atoi(std::string_view(buffer).substr(7).data());
+        std::string expected;
+        if (power >= -4 && power <= 4) {
+            std::snprintf(buffer, sizeof buffer, "%.*f", 4 - power, value);
+            expected = buffer;
+            while (power < 4 && expected.back() == '0')
+                expected.pop_back();
+            if (expected.back() == '.')
+                expected.pop_back();
+        }
+        if (expected.empty() || expected.size() > 9) {
+            std::snprintf(buffer, sizeof buffer, "%.3E", value);
+            expected = buffer;
+        }
+        ASSERT_EQ(Series_Text(value), std::string(10 - expected.size(), ' ') + expected);
     }
 }
 
