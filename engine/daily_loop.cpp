@@ -1,6 +1,7 @@
 #include "engine/daily_loop.h"
 
 #include "core/numbers.h"
+#include "engine/solute/kernel.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,7 +44,8 @@ int Step_Of(const Variant& value)
 Daily_Loop::Daily_Loop(const Engine_Input& input, const std::filesystem::path& directory, const Solute_Kernel* kernel)
     : Input(input),
       Water(input.Scenario, input.Core, input.Haude),
-      Heat(input.Core, input.Weather.First_Year_Mean + input.Control.Temperature_Shift),
+      Heat(input.Core, input.Weather.First_Year_Mean + input.Control.Temperature_Shift,
+           (kernel ? *kernel : Best_Kernel()).Exps),
       Column(input.Solute, kernel),
       Water_File(directory / "Wasser.orv", input.Core, Step_Of(input.Scenario.SZE_Out_Every_Water)),
       Plot(directory / "plot.orv", input),
@@ -212,8 +214,9 @@ void Daily_Loop::End_Span(Span span, const Date& date, Span_Sums& sums)
     const bool balance = Is_Due(Solute_Frequency, span), state = Is_Due(State_Frequency, span);
     if (balance || state)
         Column.Concentrations(Concentration);
+    const Solute_Closure closure = balance ? Column.Closure(sums.Solute, sums.Start) : Solute_Closure();
+    const Solute_Block block{Column, sums.Solute, closure, Concentration, sums.Upward};
     for (Solute_Report& report : Solute_Files) {
-        const Solute_Block block{Column, sums.Solute, sums.Start, Concentration, sums.Upward};
         if (balance)
             report.Put_Block(span, date, block);
         if (state && balance)

@@ -197,17 +197,16 @@ char* Fixed(char* to, char* end, double value, int decimals)
     auto digits = static_cast<std::uint64_t>(whole) + (rest > 0.5 ? 1 : 0);
     if (value < 0 && digits != 0)
         *to++ = '-';
+    const auto unit = static_cast<std::uint64_t>(Power_Of_Ten(decimals));
+    const std::uint64_t before = digits / unit;
     int count = 1;
-    for (std::uint64_t rest_digits = digits / 10; rest_digits != 0; rest_digits /= 10)
+    for (std::uint64_t left = before / 10; left != 0; left /= 10)
         ++count;
-    count = std::max(count, decimals + 1);
-    char all[24];
-    Put_Digits(all, digits, count);
-    to = std::copy_n(all, count - decimals, to);
+    to = Put_Digits(to, before, count);
     if (decimals == 0)
         return to;
     *to++ = '.';
-    return std::copy_n(all + count - decimals, decimals, to);
+    return Put_Digits(to, digits - before * unit, decimals);
 }
 
 // Up to eight characters as a number, the first in the lowest byte.
@@ -225,28 +224,69 @@ void Put_Word(char* to, std::uint64_t word)
         to[i] = static_cast<char>(word >> 8U * i);
 }
 
+// The first digits of a value of 1E-28 to 1E+28, or 0 where the exact conversion is needed.
+struct Quick_Digits {
+    std::uint32_t Whole;
+    int Exponent;
+};
+Quick_Digits Quick_Decimal(double value, int digits)
+{
+    const double* const power = Powers_Of_Ten();
+    int e = Least_Exponent(value);
+    e += value >= power[e + 1] ? 1 : 0;
+    const double m = value * power[digits - 1 - e];
+    const auto whole = static_cast<std::uint32_t>(m);
+    const double rest = m - whole;
+    const bool safe = std::fabs(rest - 0.5) >= Near_Tie && m < power[digits] - 1 && m >= power[digits - 1];
+    return {safe ? whole + (rest > 0.5 ? 1 : 0) : 0, e};
+}
+
+void Put_Pair(char* to, std::uint32_t number) // 0 to 99
+{
+    std::memcpy(to, Pairs.Text.data() + std::size_t{2} * number, 2);
+}
+
+// Appends most values above 0 without a detour; false where another form or the exact conversion is needed.
+bool Put_Usual_Exponent(std::string& text, double value, int width, int decimals)
+{
+    if (!(value > 1e-28 && value < 1e28 && (decimals == 4 || decimals == 5)))
+        return false;
+    auto [whole, e] = Quick_Decimal(value, decimals + 1);
+    if (whole == 0)
+        return false;
+    text.append(static_cast<std::size_t>(std::max(width, decimals + 6)), ' ');
+    char* at = text.data() + text.size();
+    Put_Pair(at - 2, static_cast<std::uint32_t>(std::abs(e)));
+    at[-3] = e < 0 ? '-' : '+';
+    at[-4] = 'E';
+    Put_Pair(at - 6, whole % 100);
+    Put_Pair(at - 8, whole / 100 % 100);
+    whole /= 10000;
+    if (decimals == 5) {
+        at[-9] = static_cast<char>('0' + whole % 10);
+        whole /= 10;
+        --at;
+    }
+    at[-9] = '.';
+    at[-10] = static_cast<char>('0' + whole);
+    return true;
+}
+
 // Fills the field for most values above 0 without a detour; false where another form or the exact conversion is needed.
 bool Put_Usual_Series(char* field, double value)
 {
     if (!(value > 1e-28 && value < 99999 && (value >= 1e-3 || value < Plain_Above)))
         return false;
-    const double* const power = Powers_Of_Ten();
-    int e = Least_Exponent(value);
-    e += value >= power[e + 1] ? 1 : 0;
     const bool plain = value > Plain_Above;
-    const int digits = plain ? Series_Digits : Series_Digits - 1;
-    const double m = value * power[digits - 1 - e];
-    auto whole = static_cast<std::uint32_t>(m);
-    const double rest = m - whole;
-    if (std::fabs(rest - 0.5) < Near_Tie || m >= power[digits] - 1 || m < power[digits - 1])
+    const auto [whole, e] = Quick_Decimal(value, plain ? Series_Digits : Series_Digits - 1);
+    if (whole == 0)
         return false;
-    whole += rest > 0.5 ? 1 : 0;
     if (!plain) {
         std::memcpy(field, " 0.000E-00", Series_Width);
         field[1] = static_cast<char>('0' + whole / 1000);
         field[3] = static_cast<char>('0' + whole / 100 % 10);
-        std::memcpy(field + 4, Pairs.Text.data() + std::size_t{2} * (whole % 100), 2);
-        std::memcpy(field + 8, Pairs.Text.data() - 2 * e, 2);
+        Put_Pair(field + 4, whole % 100);
+        Put_Pair(field + 8, static_cast<std::uint32_t>(-e));
         return true;
     }
     // Eight characters in one word, the first in its lowest byte, so that no character is stored and read again.
@@ -308,6 +348,8 @@ void Put_Fixed(std::string& text, double value, int width, int decimals)
 
 void Put_Exponent(std::string& text, double value, int width, int decimals)
 {
+    if (Put_Usual_Exponent(text, value, width, decimals))
+        return;
     value = Checked(value);
     Figure figure;
     const Decimal decimal = value == 0 ? Decimal{} : Decimal_Of(std::fabs(value), decimals + 1);

@@ -137,7 +137,7 @@ void Solute_Report::Put_Totals(const Solute_Block& block)
     const Solute_Stores stores = block.Column.Stores();
     Put_Total(text, " STORED IN SOIL AND ON PLANTS", Kg_Ha(stores.Soil[Slot] + stores.Plant[Slot]));
     Put_Left(text, " BALANCE CHECK", 39);
-    Put_Exponent(text, Kg_Ha(block.Column.Closure(sums, block.Start).Error[Slot]), 12, 2);
+    Put_Exponent(text, Kg_Ha(block.Closure.Error[Slot]), 12, 2);
     text += "\r\n\r\n";
 }
 

@@ -10,11 +10,11 @@
 
 namespace orvel::engine {
 
-// The data behind one substance's block: the amounts of the span, the stores at its start, the state at its end.
+// The data behind one substance's block: the amounts of the span, how they close and the state at its end.
 struct Solute_Block {
     const Solute_Column& Column;
     const Solute_Sums& Sums;
-    const Solute_Stores& Start;
+    const Solute_Closure& Closure; // empty where only concentrations are written
     const std::vector<double>& Concentration; // [compartment * lanes + slot]
     const std::vector<double>& Upward;        // through 1 m, by slot
 };

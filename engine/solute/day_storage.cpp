@@ -24,6 +24,7 @@ Day_Storage::Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout)
       Thickness(layout.Column(1)),
       Upwind_Weight(layout.Column(0)),
       Inverse_Phi2(layout.Column(0)),
+      Dispersion(layout.Column(0)),
       Theta(layout.Column(0.1)),
       Air(layout.Column(0)),
       Water_Tortuosity(layout.Column(0)),
@@ -50,6 +51,9 @@ Day_Storage::Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout)
         Inverse_Phi2[i] = 1 / (setup.Porosity[i] * setup.Porosity[i]);
         if (i + 1 < layout.N)
             Upwind_Weight[i] = setup.Thickness[i] / (setup.Thickness[i] + setup.Thickness[i + 1]);
+        if (i > 0)
+            Dispersion[i] = Interface_Mean(setup.Dispersion[i - 1], setup.Dispersion[i], setup.Thickness[i - 1],
+                                           setup.Thickness[i]);
     }
     const auto& first = setup.Substances.front();
     Volatile = setup.Volatilisation.Diffusion_Air > 0 && Henry_Constant(setup.Volatilisation, first.Molmass, 20) > 0;
@@ -126,12 +130,11 @@ void Day_Storage::Prepare_Conductance(const Solute_Kernel& kernel, const Solute_
         const auto between = [&](double upper, double lower) {
             return Interface_Mean(upper, lower, Thickness[i - 1], Thickness[i]);
         };
-        const double dispersion = between(Setup.Dispersion[i - 1], Setup.Dispersion[i]);
         const double distance = 0.5 * (Thickness[i - 1] + Thickness[i]);
         const double diffusion = Setup.Dispersion_Is_Length
                                      ? Water_Diffusion * between(Water_Tortuosity[i - 1], Water_Tortuosity[i])
                                      : between(Theta[i - 1] * Setup.Dispersion[i - 1], Theta[i] * Setup.Dispersion[i]);
-        const double spread = Setup.Dispersion_Is_Length ? dispersion * day.Flux[i] : 0;
+        const double spread = Setup.Dispersion_Is_Length ? Dispersion[i] * day.Flux[i] : 0;
         for (int k = 0; k < Layout.Lanes; ++k)
             Conductance[Layout.At(i, k)] = (spread * Doc[k] + diffusion) / distance;
         if (Volatile) {

@@ -32,7 +32,7 @@ private:
     bool Volatile = false;
     std::vector<bool> Moving; // by slot: whether K changes from day to day
     Aligned_Row Base_Rho_K, Rho_K, Exponent, Limit, Limit_Power, Psi_Start, Psi_End, Conductance, Doc, Escape, Inflow;
-    Aligned_Row Thickness, Upwind_Weight, Inverse_Phi2, Theta, Air, Water_Tortuosity, Air_Tortuosity, Kaw,
+    Aligned_Row Thickness, Upwind_Weight, Inverse_Phi2, Dispersion, Theta, Air, Water_Tortuosity, Air_Tortuosity, Kaw,
         Air_Diffusivity;
     std::vector<double> Last_Theta;
 };

@@ -221,6 +221,12 @@ void Rate_Factors_Lanes(int count, const double* temperature, double t0, double 
     }
 }
 
+void Exps_Lanes(const double* x, int count, double* out)
+{
+    for (int at = 0; at < count; at += 4)
+        Store(out + at, Exp(Load(x + at)));
+}
+
 void Powers_Lanes(int count, const double* x, double e, double* out)
 {
     for (int at = 0; at < count; at += 4) {

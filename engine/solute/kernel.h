@@ -110,6 +110,9 @@ struct Solute_Kernel {
     void (*Rate_Factors)(int count, const double* temperature, double t0, double a, const double* theta,
                          const double* cap, const double* reference, double b, double* out);
 
+    // out = e^x for `count` (a multiple of 4) values: Steady_Exps.
+    void (*Exps)(const double* x, int count, double* out);
+
     // out = x^e for `count` (a multiple of 4) values, 0 where x <= 0.
     void (*Powers)(int count, const double* x, double e, double* out);
 };

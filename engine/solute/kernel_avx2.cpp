@@ -7,6 +7,7 @@ namespace orvel::engine {
 
 extern const Solute_Kernel Avx2_Kernel_Table;
 constexpr Solute_Kernel Avx2_Kernel_Table = {"AVX2",      Invert_Lanes,   Transport_Lanes,    Decay_Factors_Lanes,
-                                             React_Lanes, Exchange_Lanes, Rate_Factors_Lanes, Powers_Lanes};
+                                             React_Lanes, Exchange_Lanes, Rate_Factors_Lanes, Exps_Lanes,
+                                             Powers_Lanes};
 
 } // namespace orvel::engine

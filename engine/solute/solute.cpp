@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <numeric>
 
 namespace orvel::engine {
 
@@ -103,9 +105,11 @@ Solute_Stores Solute_Column::Stores() const
 
 bool Solute_Column::Finite() const
 {
-    const auto finite = [](double x) { return std::isfinite(x); };
-    return std::all_of(Self->M.begin(), Self->M.end(), finite) && std::all_of(Self->W.begin(), Self->W.end(), finite) &&
-           std::isfinite(Plant_Mass());
+    const auto finite = [](const auto& row) { // without a branch for each value
+        return std::isfinite(
+            std::transform_reduce(row.begin(), row.end(), 0.0, std::plus(), [](double x) { return 0 * x; }));
+    };
+    return finite(Self->M) && finite(Self->W) && std::isfinite(Plant_Mass());
 }
 
 Solute_Closure Solute_Column::Closure(const Solute_Sums& sums, const Solute_Stores& start) const

@@ -5,11 +5,6 @@
 
 namespace orvel::engine {
 
-double Interface_Mean(double upper, double lower, double upper_thickness, double lower_thickness)
-{
-    return (upper * lower_thickness + lower * upper_thickness) / (upper_thickness + lower_thickness);
-}
-
 int Sub_Step_Count(double d, int compartments, const double* flux, const double* thickness, const double* theta_start,
                    const double* theta_end)
 {

@@ -8,7 +8,10 @@ constexpr double Water_Diffusion = 0.43; // cm2/d
 constexpr int Most_Sub_Steps = 500;
 
 // A value at the interface between two compartments, interpolated linearly between their centres.
-double Interface_Mean(double upper, double lower, double upper_thickness, double lower_thickness);
+inline double Interface_Mean(double upper, double lower, double upper_thickness, double lower_thickness)
+{
+    return (upper * lower_thickness + lower * upper_thickness) / (upper_thickness + lower_thickness);
+}
 
 // Number of sub-steps (at least 1, at most Most_Sub_Steps) of a segment of length d (days), so that no compartment
 // passes on more than 0.95 of its water in one.

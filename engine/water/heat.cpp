@@ -1,7 +1,5 @@
 #include "engine/water/heat.h"
 
-#include "engine/math/steady_math.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -81,7 +79,7 @@ void Conduct_Heat(std::vector<double>& temperature, const std::vector<double>& t
         temperature[i] += ratio[i] * temperature[i + 1];
 }
 
-Soil_Heat::Soil_Heat(const Grid& grid, double start_temperature) : Core(&grid)
+Soil_Heat::Soil_Heat(const Grid& grid, double start_temperature, Exps exps) : Core(&grid), Fast_Exps(exps)
 {
     double depth = 0;
     for (const double dz : grid.Thickness) {
@@ -106,7 +104,7 @@ void Soil_Heat::Step_Day(const std::vector<double>& theta, double air_temperatur
     Dryness.resize((theta.size() + 3) / 4 * 4, 0.0);
     for (std::size_t i = 0; i < theta.size(); ++i)
         Dryness[i] = Fall(Parameters[i], theta[i]);
-    Steady_Exps(Dryness.data(), static_cast<int>(Dryness.size()), Dryness.data());
+    Fast_Exps(Dryness.data(), static_cast<int>(Dryness.size()), Dryness.data());
     for (std::size_t i = 0; i < theta.size(); ++i) {
         Conducts[i] = Conductivity_With(Parameters[i], theta[i], Dryness[i]);
         Capacity[i] = Heat_Capacity(Core->Density[i], theta[i]);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/math/steady_math.h"
 #include "engine/water/grid.h"
 
 #include <vector>
@@ -27,7 +28,9 @@ void Conduct_Heat(std::vector<double>& temperature, const std::vector<double>& t
 // The soil temperature of the column from day to day.
 class Soil_Heat {
 public:
-    Soil_Heat(const Grid& grid, double start_temperature);
+    // `exps` is Steady_Exps or what gives the same bits faster.
+    using Exps = decltype(&Steady_Exps);
+    Soil_Heat(const Grid& grid, double start_temperature, Exps exps = Steady_Exps);
 
     // Advances one day from the air temperature (degC), water contents (cm3/cm3) and snow (cm of water).
     void Step_Day(const std::vector<double>& theta, double air_temperature, double snow);
@@ -39,6 +42,7 @@ public:
 
 private:
     const Grid* Core;
+    Exps Fast_Exps;
     std::vector<double> Nodes, Thickness, Conducts, Capacity;
     std::vector<double>
         Dryness; // by compartment, padded: the exponent of the conductivity's fall in dry soil, then e to it
