@@ -63,7 +63,12 @@ std::optional<Command_Line> Parse(int count, char** arguments)
 
 int Work(const Command_Line& line)
 try {
-    const auto directory = std::filesystem::canonical(line.Directory);
+    std::error_code error;
+    const auto directory = std::filesystem::canonical(line.Directory, error);
+    if (error || !std::filesystem::is_directory(directory, error)) {
+        std::fprintf(stderr, "%s: %s.\n", line.Directory.c_str(), error ? error.message().c_str() : "Not a directory");
+        return Wrong_Use;
+    }
     const bool adopted = line.Lock_Number >= 0;
     auto lock = adopted ? Lock::Adopt(line.Lock_Number) : Lock::Take(directory);
     if (!lock) {
@@ -80,7 +85,7 @@ try {
     return result.Failed == 0 ? All_Finished : A_Run_Failed;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
-    return Wrong_Use;
+    return A_Run_Failed;
 }
 
 } // namespace

@@ -412,4 +412,17 @@ TEST_F(Job_Record_Test, A_Batch_Left_Beside_Its_Job_By_A_Kill_Keeps_What_Has_Fin
     EXPECT_FALSE(Batch_Pending(Focus_Directory()));
 }
 
+TEST_F(Job_Record_Test, A_Directory_That_Is_None_Is_A_Sentence_And_Wrong_Use)
+{
+    const std::string told = (Home / "told").string();
+    const auto run = [&](const std::string& place) {
+        return WEXITSTATUS(std::system((std::string(ORVELJOB) + " '" + place + "' 2>'" + told + "'").c_str()));
+    };
+    EXPECT_EQ(run("/no/such/place"), 2);
+    EXPECT_EQ(Read_Whole(told), "/no/such/place: No such file or directory.\n");
+
+    EXPECT_EQ(run(told), 2);
+    EXPECT_EQ(Read_Whole(told), told + ": Not a directory.\n");
+}
+
 } // namespace orvel
