@@ -15,8 +15,12 @@
 #include "runs/job_file.h"
 #include "runs/run_fixture.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <map>
+#include <numeric>
+#include <random>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <thread>
@@ -410,6 +414,49 @@ TEST_F(Job_Record_Test, A_Batch_Left_Beside_Its_Job_By_A_Kill_Keeps_What_Has_Fin
     EXPECT_EQ(fs::last_write_time(run / "chem.orv"), written);
     EXPECT_EQ(State_Of_Run(run).Verdict, Verdict::Complete);
     EXPECT_FALSE(Batch_Pending(Focus_Directory()));
+}
+
+TEST_F(Job_Record_Test, Of_500_Runs_The_210_That_Fail_In_Seven_Ways_Are_Told_Exactly)
+{
+    constexpr std::size_t Runs = 500, Failing = 210;
+    const std::vector<std::pair<std::string, Outcome>> ways = {
+        {"rm *.orv", {Verdict::Incomplete, "The output echo.orv is missing."}},
+        {"rm plot.orv", {Verdict::Incomplete, "The output plot.orv is missing."}},
+        {"echo ECHO > echo.orv", {Verdict::Incomplete, "The output echo.orv ends early."}},
+        {"echo ' *** ERROR 21' | cat - echo.orv > e; mv e echo.orv",
+         {Verdict::Failed, "The engine's echo holds an error."}},
+        {"head -c -40 chem.orv > e; mv e chem.orv", {Verdict::Incomplete, "The output chem.orv holds 1 of 2 years."}},
+        {"exit 3", {Verdict::Failed, "The engine ended with exit code 3."}},
+        {"kill -9 $$", {Verdict::Failed, "The engine was ended by signal 9."}},
+    };
+    std::vector<std::size_t> order(Runs);
+    std::iota(order.begin(), order.end(), 0U);
+    std::ranges::shuffle(order, std::mt19937(210)); // NOLINT: the same each time
+    std::vector<Outcome> expected(Runs, Outcome{Verdict::Complete, ""});
+    std::string script = "case ${PWD##*/} in";
+    for (std::size_t i = 0; i < Failing; ++i) {
+        expected[order[i]] = ways[i % ways.size()].second;
+        script += "\n" + std::to_string(order[i]) + ".run) " + ways[i % ways.size()].first + ";;";
+    }
+    Good_Engine(2);
+    Engine(Read_Whole(Home / "orvel401.exe").substr(10) + script + "\nesac");
+    std::vector<fs::path> runs;
+    for (std::size_t i = 0; i < Runs; ++i)
+        runs.push_back(Add_Run(std::to_string(i)));
+
+    EXPECT_EQ(Orveljob("--jobs 2"), 1);
+
+    for (std::size_t i = 0; i < Runs; ++i) {
+        const Run_State state = State_Of_Run(runs[i]);
+        EXPECT_EQ((Outcome{state.Verdict, Record(runs[i]).Reason}), expected[i]) << runs[i];
+    }
+    std::map<Job_Event, std::size_t> ended;
+    for (const auto& [run, event] : Read_Job_Log(Focus_Directory()).Runs)
+        ++ended[event];
+    EXPECT_EQ(ended[Job_Event::Finished], Runs - Failing);
+    EXPECT_EQ(ended[Job_Event::Failed], Failing * 2 / 7);
+    EXPECT_EQ(ended[Job_Event::Killed], Failing / 7);
+    EXPECT_EQ(ended[Job_Event::Incomplete], Failing * 4 / 7);
 }
 
 TEST_F(Job_Record_Test, A_Directory_That_Is_None_Is_A_Sentence_And_Wrong_Use)
