@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "jobs/job_status.h"
+#include "records/compare.h"
 #include "records/verify.h"
 
 #include <CLI/CLI.hpp>
@@ -50,11 +51,42 @@ void Add_Verify(CLI::App& app, Command& command)
     });
 }
 
+int Do_Compare(const std::string& first, const std::string& second, double tolerance, bool json)
+{
+    const Comparison comparison = Compare(first, second, tolerance, Shown_Progress());
+    Clear_Progress();
+    std::cout << (json ? Comparison_Json(comparison) : To_Utf8(Comparison_Lines(comparison)));
+    return std::cout.flush() && comparison.Is_Same() ? Done : Refused;
+}
+
+void Add_Tolerance(CLI::App* command, double& tolerance)
+{
+    command->add_option("--tolerance", tolerance, "Numbers are the same within this share of the first: 0.01")
+        ->check(CLI::NonNegativeNumber)
+        ->option_text("R");
+}
+
+void Add_Compare(CLI::App& app, Command& command)
+{
+    auto* compare =
+        app.add_subcommand("compare", "What differs between two documents, run directories or installations");
+    const auto first = std::make_shared<std::string>(), second = std::make_shared<std::string>();
+    const auto tolerance = std::make_shared<double>(0);
+    const auto json = std::make_shared<bool>(false);
+    compare->add_option("A", *first, "A document, run directory or installation")->required();
+    compare->add_option("B", *second, "Another one of its kind")->required();
+    Add_Tolerance(compare, *tolerance);
+    compare->add_flag("--json", *json, "Print fields and figures as JSON");
+    compare->callback(
+        [=, &command] { command = [=](Session&) { return Do_Compare(*first, *second, *tolerance, *json); }; });
+}
+
 } // namespace
 
 void Add_Record_Commands(CLI::App& app, Command& command)
 {
     Add_Verify(app, command);
+    Add_Compare(app, command);
 }
 
 } // namespace orvel
