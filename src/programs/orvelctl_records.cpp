@@ -2,8 +2,11 @@
 
 #include "core/code_page.h"
 #include "jobs/job_status.h"
+#include "records/archive.h"
 #include "records/compare.h"
+#include "records/restore.h"
 #include "records/verify.h"
+#include "runs/start_up.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
@@ -13,6 +16,11 @@ namespace orvel {
 
 namespace {
 
+void Print(const Verified_Run& verified, const std::filesystem::path& run)
+{
+    std::cout << Check_Text(verified.Result) << '\t' << run.string() << '\t' << To_Utf8(verified.Detail) << '\n';
+}
+
 // A line a run; whether all are as their records say.
 int Do_Verify(const Session& session, const std::vector<std::filesystem::path>& runs)
 {
@@ -21,7 +29,7 @@ int Do_Verify(const Session& session, const std::vector<std::filesystem::path>& 
     for (const auto& run : runs) {
         const Verified_Run verified = verifier.Verify(run);
         all_ok = all_ok && verified.Result == Check::Ok;
-        std::cout << Check_Text(verified.Result) << '\t' << run.string() << '\t' << To_Utf8(verified.Detail) << '\n';
+        Print(verified, run);
     }
     return std::cout.flush() && all_ok ? Done : Refused;
 }
@@ -49,6 +57,58 @@ void Add_Verify(CLI::App& app, Command& command)
             return Do_Verify(session, paths);
         };
     });
+}
+
+struct Archive_Arguments {
+    std::string Mode, Stem, Crop, File; // as they stand on the command line, in UTF-8
+};
+
+int Do_Archive(Session& session, const Archive_Arguments& arguments)
+{
+    Find_Engine(session.Program);
+    const auto archived = Make_Archive(session, *Mode_Named(arguments.Mode), Bytes_Of(arguments.Stem),
+                                       Bytes_Of(arguments.Crop), arguments.File, Shown_Progress());
+    Clear_Progress();
+    for (const auto& note : archived.Notes)
+        Tell("Archive", note);
+    return archived.Notes.empty() ? Done : Refused;
+}
+
+void Add_Archive(CLI::App& app, Command& command)
+{
+    auto* archive = app.add_subcommand(
+        "archive", "Put the simulations of a pesticide into one file: inputs, records, outputs, engine and report");
+    const auto arguments = std::make_shared<Archive_Arguments>();
+    Add_Mode(archive, arguments->Mode);
+    archive->add_option("--pesticide", arguments->Stem, "Name of the pesticide file without its ending")
+        ->required()
+        ->option_text("STEM");
+    archive->add_option("--crop", arguments->Crop, "A crop, all if not given")->option_text("TEXT");
+    archive->add_option("--to", arguments->File, "The archive to write")->required()->option_text("F.zip");
+    archive->callback([=, &command] {
+        for (const auto& text : {arguments->Stem, arguments->Crop})
+            Bytes_Of(text); // refuses what no file's name can hold
+        command = [=](Session& session) { return Do_Archive(session, *arguments); };
+    });
+}
+
+// A line a run, as verify prints it.
+int Do_Restore(const std::string& archive, const std::string& directory)
+{
+    const auto restored = Restore(archive, directory, Shown_Progress());
+    Clear_Progress();
+    for (const auto& run : restored.Runs)
+        Print(run.Verified, run.Directory);
+    return std::cout.flush() && restored.Is_Ok() ? Done : Refused;
+}
+
+void Add_Restore(CLI::App& app, Command& command)
+{
+    auto* restore = app.add_subcommand("restore", "Lay out an archive again, replacing nothing, and verify its runs");
+    const auto archive = std::make_shared<std::string>(), directory = std::make_shared<std::string>();
+    restore->add_option("F.zip", *archive, "The archive")->required();
+    restore->add_option("DIR", *directory, "A new or empty directory, or an installation")->required();
+    restore->callback([=, &command] { command = [=](Session&) { return Do_Restore(*archive, *directory); }; });
 }
 
 int Do_Compare(const std::string& first, const std::string& second, double tolerance, bool json)
@@ -86,6 +146,8 @@ void Add_Compare(CLI::App& app, Command& command)
 void Add_Record_Commands(CLI::App& app, Command& command)
 {
     Add_Verify(app, command);
+    Add_Archive(app, command);
+    Add_Restore(app, command);
     Add_Compare(app, command);
 }
 
