@@ -1,9 +1,11 @@
 #include "programs/orvelctl_records.h"
 
 #include "core/code_page.h"
+#include "core/system/signals.h"
 #include "jobs/job_status.h"
 #include "records/archive.h"
 #include "records/compare.h"
+#include "records/reproduce.h"
 #include "records/restore.h"
 #include "records/verify.h"
 #include "runs/start_up.h"
@@ -129,16 +131,51 @@ void Add_Tolerance(CLI::App* command, double& tolerance)
 void Add_Compare(CLI::App& app, Command& command)
 {
     auto* compare =
-        app.add_subcommand("compare", "What differs between two documents, run directories or installations");
+        app.add_subcommand("compare", "What differs between two documents, run directories, archives or installations");
     const auto first = std::make_shared<std::string>(), second = std::make_shared<std::string>();
     const auto tolerance = std::make_shared<double>(0);
     const auto json = std::make_shared<bool>(false);
-    compare->add_option("A", *first, "A document, run directory or installation")->required();
+    compare->add_option("A", *first, "A document, run directory, archive or installation")->required();
     compare->add_option("B", *second, "Another one of its kind")->required();
     Add_Tolerance(compare, *tolerance);
     compare->add_flag("--json", *json, "Print fields and figures as JSON");
     compare->callback(
         [=, &command] { command = [=](Session&) { return Do_Compare(*first, *second, *tolerance, *json); }; });
+}
+
+struct Reproduce_Arguments {
+    std::string File, Engine;
+    double Tolerance = 0;
+    bool Json = false;
+};
+
+int Do_Reproduce(const Session& session, const Reproduce_Arguments& arguments)
+{
+    Notice_When_Stopped(); // engines and temporary files do not stay behind
+    const auto reproduction = Reproduce({.Archive = arguments.File,
+                                         .Engine = arguments.Engine,
+                                         .App_Path = session.Program.App_Path,
+                                         .Tolerance = arguments.Tolerance},
+                                        Shown_Progress());
+    Clear_Progress();
+    std::cout << (arguments.Json ? Reproduction_Json(reproduction) : To_Utf8(Reproduction_Lines(reproduction)));
+    return std::cout.flush() && reproduction.Is_Same() ? Done : Refused;
+}
+
+void Add_Reproduce(CLI::App& app, Command& command)
+{
+    auto* reproduce =
+        app.add_subcommand("reproduce", "Run the inputs of an archive again and compare outputs and percentiles");
+    const auto arguments = std::make_shared<Reproduce_Arguments>();
+    reproduce->add_option("F.zip", arguments->File, "The archive")->required();
+    reproduce
+        ->add_option("--engine", arguments->Engine,
+                     "The engine to run, that of the installation if not given; the one of the archive is never run")
+        ->option_text("FILE");
+    Add_Tolerance(reproduce, arguments->Tolerance);
+    reproduce->add_flag("--json", arguments->Json, "Print runs and figures as JSON");
+    reproduce->callback(
+        [=, &command] { command = [=](const Session& session) { return Do_Reproduce(session, *arguments); }; });
 }
 
 } // namespace
@@ -148,6 +185,7 @@ void Add_Record_Commands(CLI::App& app, Command& command)
     Add_Verify(app, command);
     Add_Archive(app, command);
     Add_Restore(app, command);
+    Add_Reproduce(app, command);
     Add_Compare(app, command);
 }
 

@@ -8,10 +8,12 @@
 #include "output/run_outputs.h"
 #include "output/run_record.h"
 #include "records/compare_documents.h"
+#include "records/unpacked_archive.h"
 #include "runs/mode.h"
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 namespace orvel {
 
@@ -22,8 +24,9 @@ namespace {
 constexpr std::string_view Control_Name = "orvel.inp", Haude_Name = "Haude.dat";
 constexpr std::array<Mode_Kind, 3> Modes = {Mode_Kind::Focus, Mode_Kind::Efsa, Mode_Kind::Efsa_T4};
 
-constexpr std::array<std::string_view, 5> Kind_Texts = {"a pesticide document", "a scenario document",
-                                                        "a climate document", "a run directory", "an installation"};
+constexpr std::array<std::string_view, 6> Kind_Texts = {"a pesticide document", "a scenario document",
+                                                        "a climate document",   "a run directory",
+                                                        "an installation",      "an archive"};
 
 bool Has_Mode_Directory(const fs::path& directory)
 {
@@ -72,6 +75,16 @@ Assessment Assessment_In(const fs::path& root)
 std::string Only_In(std::string_view what, std::string_view where)
 {
     return std::string(what) + " is only in the " + std::string(where) + " one.";
+}
+
+// Of an installation what an archive holds, too.
+void Keep_What_Is_In(const Assessment& archive, Assessment& installation)
+{
+    std::erase_if(installation.Documents,
+                  [&](const auto& document) { return !archive.Documents.contains(document.first); });
+    std::erase_if(installation.Runs, [&](const Found_Run& run) {
+        return std::ranges::find(archive.Runs, run.Key, &Found_Run::Key) == archive.Runs.end();
+    });
 }
 
 // What the records say of two runs, and the lines of their run control files.
@@ -175,6 +188,27 @@ void Compare_Assessments(const Assessment& first, const Assessment& second, Comp
     comparison.Results = Compare_Results(Results_Of(first.Runs, progress), Results_Of(second.Runs, progress));
 }
 
+bool Is_Assessment(Comparable kind)
+{
+    return kind == Comparable::Archive || kind == Comparable::Installation;
+}
+
+// Archives are laid out while they are compared.
+void Compare_Assessments(const fs::path& first, Comparable kind, const fs::path& second, Comparable other,
+                         Comparison& comparison, const Progress& progress)
+{
+    std::optional<Unpacked_Archive> unpacked, unpacked_other;
+    if (kind == Comparable::Archive)
+        unpacked.emplace(first, progress);
+    if (other == Comparable::Archive)
+        unpacked_other.emplace(second, progress);
+    Assessment one = Assessment_In(unpacked ? unpacked->Path() : first);
+    Assessment two = Assessment_In(unpacked_other ? unpacked_other->Path() : second);
+    if (kind != other)
+        unpacked ? Keep_What_Is_In(one, two) : Keep_What_Is_In(two, one);
+    Compare_Assessments(one, two, comparison, progress);
+}
+
 } // namespace
 
 Comparable Comparable_Of(const fs::path& path)
@@ -191,24 +225,27 @@ Comparable Comparable_Of(const fs::path& path)
             return Comparable::Installation;
         if (Find_File(path, Control_Name))
             return Comparable::Run;
+    } else if (Lower(path.extension().string()) == ".zip") {
+        return Comparable::Archive;
     } else if (const auto kind = Kind_Of(path)) {
         return static_cast<Comparable>(*kind);
     }
-    throw File_Error(path.string() + " is no document (.psm, .sze, .cli), run directory or installation.");
+    throw File_Error(path.string() +
+                     " is no document (.psm, .sze, .cli), run directory, installation or archive (.zip).");
 }
 
 Comparison Compare(const fs::path& first, const fs::path& second, double tolerance, const Progress& progress)
 {
     const Comparable kind = Comparable_Of(first), other = Comparable_Of(second);
-    if (kind != other)
+    if (kind != other && !(Is_Assessment(kind) && Is_Assessment(other)))
         throw File_Error(first.string() + " is " + std::string(Kind_Texts[static_cast<std::size_t>(kind)]) + " and " +
                          second.string() + " is " + std::string(Kind_Texts[static_cast<std::size_t>(other)]) +
                          ": only two of a kind can be compared.");
     Comparison comparison{.Tolerance = tolerance};
     if (kind == Comparable::Run) {
         Compare_Runs(first, second, comparison, progress);
-    } else if (kind == Comparable::Installation) {
-        Compare_Assessments(Assessment_In(first), Assessment_In(second), comparison, progress);
+    } else if (Is_Assessment(kind)) {
+        Compare_Assessments(first, kind, second, other, comparison, progress);
     } else {
         Compare_Documents(static_cast<Document_Kind>(kind), first, second, Path_Text(first.filename()), comparison);
     }

@@ -22,14 +22,6 @@ std::string Cell(std::string_view text)
     return cell;
 }
 
-std::string Line(const std::vector<std::string>& cells)
-{
-    std::string line;
-    for (const auto& cell : cells)
-        line += (line.empty() ? "" : "\t") + Cell(cell);
-    return line + "\n";
-}
-
 std::string Value_Or_State(const std::optional<double>& value, const std::string& state)
 {
     return value ? General_Text(*value) : state;
@@ -73,21 +65,60 @@ bool Comparison::Is_Same() const
            std::ranges::all_of(Results, [this](const Compared_Result& result) { return result.Is_Same(Tolerance); });
 }
 
+std::string Line_Of_Cells(const std::vector<std::string>& cells)
+{
+    std::string line;
+    for (const auto& cell : cells)
+        line += (line.empty() ? "" : "\t") + Cell(cell);
+    return line + "\n";
+}
+
+std::string Result_Lines(const std::vector<Compared_Result>& results, double tolerance)
+{
+    std::string lines;
+    for (const auto& result : results) {
+        const auto& [mode, pesticide, crop, location] = result.Key;
+        if (!result.Is_Same(tolerance))
+            lines +=
+                Line_Of_Cells({"figure", mode, pesticide, crop, location, result.Substance, std::string(Result_Unit),
+                               Value_Or_State(result.First, result.First_State),
+                               Value_Or_State(result.Second, result.Second_State), Number_Or_Nothing(result.Ratio)});
+    }
+    return lines;
+}
+
+std::string Note_Lines(const std::vector<std::string>& notes)
+{
+    std::string lines;
+    for (const auto& note : notes)
+        lines += Line_Of_Cells({"note", note});
+    return lines;
+}
+
+void Put_Results(Json_Writer& json, const std::vector<Compared_Result>& results, double tolerance)
+{
+    json.Key("figures");
+    json.Array([&] {
+        for (const auto& result : results)
+            json.Object([&] { Put(json, result, tolerance); });
+    });
+}
+
+void Put_Notes(Json_Writer& json, const std::vector<std::string>& notes)
+{
+    json.Key("notes");
+    json.Array([&] {
+        for (const auto& note : notes)
+            json.Value(note);
+    });
+}
+
 std::string Comparison_Lines(const Comparison& comparison)
 {
     std::string lines;
     for (const auto& [document, field, unit, first, second] : comparison.Fields)
-        lines += Line({"field", document, field, unit, first, second});
-    for (const auto& result : comparison.Results) {
-        const auto& [mode, pesticide, crop, location] = result.Key;
-        if (!result.Is_Same(comparison.Tolerance))
-            lines += Line({"figure", mode, pesticide, crop, location, result.Substance, std::string(Result_Unit),
-                           Value_Or_State(result.First, result.First_State),
-                           Value_Or_State(result.Second, result.Second_State), Number_Or_Nothing(result.Ratio)});
-    }
-    for (const auto& note : comparison.Notes)
-        lines += Line({"note", note});
-    return lines;
+        lines += Line_Of_Cells({"field", document, field, unit, first, second});
+    return lines + Result_Lines(comparison.Results, comparison.Tolerance) + Note_Lines(comparison.Notes);
 }
 
 std::string Comparison_Json(const Comparison& comparison)
@@ -108,16 +139,8 @@ std::string Comparison_Json(const Comparison& comparison)
                 });
             }
         });
-        json.Key("figures");
-        json.Array([&] {
-            for (const auto& result : comparison.Results)
-                json.Object([&] { Put(json, result, comparison.Tolerance); });
-        });
-        json.Key("notes");
-        json.Array([&] {
-            for (const auto& note : comparison.Notes)
-                json.Value(note);
-        });
+        Put_Results(json, comparison.Results, comparison.Tolerance);
+        Put_Notes(json, comparison.Notes);
     });
     return json.Written();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/json.h"
 #include "records/results.h"
 
 #include <string>
@@ -23,6 +24,13 @@ struct Comparison {
 
     bool Is_Same() const;
 };
+
+// The parts of what is printed.
+std::string Line_Of_Cells(const std::vector<std::string>& cells); // parted by tabs
+std::string Result_Lines(const std::vector<Compared_Result>& results, double tolerance);
+std::string Note_Lines(const std::vector<std::string>& notes);
+void Put_Results(Json_Writer& json, const std::vector<Compared_Result>& results, double tolerance);
+void Put_Notes(Json_Writer& json, const std::vector<std::string>& notes);
 
 // The differences, a line each, parted by tabs: "field", document, name, unit and both values; "figure", mode,
 // pesticide, crop, location, substance, unit, both values or states, ratio; "note", sentence.

@@ -72,6 +72,12 @@ public:
             Known.emplace(result.Key, result.State);
     }
 
+    bool Has_Figures(const Run_Key& key) const
+    {
+        const auto found = Known.find(key);
+        return found != Known.end() && found->second.empty();
+    }
+
     std::string Of(const Run_Key& key) const
     {
         const auto found = Known.find(key);
@@ -152,6 +158,8 @@ std::vector<Compared_Result> Compare_Results(const std::vector<Run_Result>& firs
     const States first_states(first), second_states(second);
     std::vector<Compared_Result> compared;
     for (const auto& one : first) {
+        if (!one.Value && second_states.Has_Figures(one.Key))
+            continue; // the state stands beside each of them
         Compared_Result row{one.Key, one.Substance, one.Value, std::nullopt, one.State, "", std::nullopt};
         if (const Run_Result* other = others.Take(one)) {
             row.Second = other->Value;
@@ -164,7 +172,8 @@ std::vector<Compared_Result> Compare_Results(const std::vector<Run_Result>& firs
         compared.push_back(std::move(row));
     }
     for (const auto& other : second) {
-        if (others.Take(other))
+        const bool is_said = !other.Value && first_states.Has_Figures(other.Key);
+        if (others.Take(other) && !is_said)
             compared.push_back({other.Key, other.Substance, std::nullopt, other.Value, first_states.Of(other.Key),
                                 other.State, std::nullopt});
     }
