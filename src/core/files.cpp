@@ -5,6 +5,7 @@
 #include "core/system/flush.h"
 #include "core/system/lock.h"
 #include "core/text.h"
+#include "core/write_from.h"
 
 #include <algorithm>
 #include <chrono>
@@ -279,6 +280,26 @@ try {
     if (!Is_Missing(error.Code))
         throw;
     return {};
+}
+
+void Write_Whole_From(const fs::path& file, const std::function<void(File_Handle&)>& write)
+{
+    std::exception_ptr failure;
+    try {
+        Write_Whole_As(file, std::nullopt, [&](File_Handle& to) -> std::error_code {
+            try {
+                write(to);
+                return {};
+            } catch (...) {
+                failure = std::current_exception();
+                return std::make_error_code(std::errc::operation_canceled);
+            }
+        });
+    } catch (const File_Error&) {
+        if (failure)
+            std::rethrow_exception(failure);
+        throw;
+    }
 }
 
 void Write_Whole(const fs::path& file, std::string_view bytes)

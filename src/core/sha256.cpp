@@ -17,34 +17,42 @@ namespace {
 
 constexpr std::size_t Window = 128U << 10U;
 
-class Digest {
-public:
-    Digest() { SHA256_Init(&State); }
+} // namespace
 
-    void Add(std::string_view bytes) { SHA256_Update(&State, bytes.data(), bytes.size()); }
-
-    std::string Hexadecimal()
-    {
-        constexpr std::string_view Digits = "0123456789abcdef";
-        std::array<unsigned char, SHA256_DIGEST_LENGTH> digest{};
-        SHA256_Final(digest.data(), &State);
-        std::string text;
-        for (const unsigned char byte : digest) {
-            text += Digits[byte >> 4U];
-            text += Digits[byte & 15U];
-        }
-        return text;
-    }
-
-private:
-    SHA256_CTX State{};
+struct Sha256_Stream::State {
+    SHA256_CTX Context{};
 };
 
-} // namespace
+Sha256_Stream::Sha256_Stream() : Held(std::make_unique<State>())
+{
+    SHA256_Init(&Held->Context);
+}
+
+Sha256_Stream::Sha256_Stream(Sha256_Stream&& other) noexcept = default;
+Sha256_Stream& Sha256_Stream::operator=(Sha256_Stream&& other) noexcept = default;
+Sha256_Stream::~Sha256_Stream() = default;
+
+void Sha256_Stream::Add(std::string_view bytes)
+{
+    SHA256_Update(&Held->Context, bytes.data(), bytes.size());
+}
+
+std::string Sha256_Stream::Hexadecimal()
+{
+    constexpr std::string_view Digits = "0123456789abcdef";
+    std::array<unsigned char, SHA256_DIGEST_LENGTH> digest{};
+    SHA256_Final(digest.data(), &Held->Context);
+    std::string text;
+    for (const unsigned char byte : digest) {
+        text += Digits[byte >> 4U];
+        text += Digits[byte & 15U];
+    }
+    return text;
+}
 
 std::string Sha256(std::string_view bytes)
 {
-    Digest digest;
+    Sha256_Stream digest;
     digest.Add(bytes);
     return digest.Hexadecimal();
 }
@@ -53,7 +61,7 @@ File_Digest Digest_Of_File(const std::filesystem::path& file)
 {
     std::error_code error;
     File_Handle opened(file, File_Handle::Use::Read, error);
-    Digest digest;
+    Sha256_Stream digest;
     File_Digest read;
     const std::unique_ptr<char[]> window = std::make_unique_for_overwrite<char[]>(Window);
     while (!error) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,22 @@ namespace orvel {
 
 // The SHA-256 of bytes, as 64 lower-case hexadecimal digits.
 std::string Sha256(std::string_view bytes);
+
+// The same for bytes that come in blocks.
+class Sha256_Stream {
+public:
+    Sha256_Stream();
+    Sha256_Stream(Sha256_Stream&& other) noexcept;
+    Sha256_Stream& operator=(Sha256_Stream&& other) noexcept;
+    ~Sha256_Stream();
+
+    void Add(std::string_view bytes);
+    std::string Hexadecimal(); // the last call
+
+private:
+    struct State;
+    std::unique_ptr<State> Held;
+};
 
 // The same for a file of any size, read in blocks. Throws File_Error if it cannot be read.
 std::string Sha256_Of_File(const std::filesystem::path& file);

@@ -2,10 +2,9 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
-#include "core/json.h"
-#include "core/json_reader.h"
 #include "core/numbers.h"
 #include "core/text.h"
+#include "output/record_members.h"
 
 #include <algorithm>
 #include <array>
@@ -20,39 +19,6 @@ constexpr std::size_t Largest_Record = 1U << 20U;
 constexpr std::array<std::string_view, 7> Verdict_Texts = {"complete", "incomplete", "failed",    "stopped",
                                                            "running",  "scheduled",  "unrecorded"};
 constexpr std::size_t Recorded_Verdicts = 4;
-constexpr std::size_t Digest_Digits = 64;
-
-// Reads a member; an error names it.
-template <class Read> auto Member(const Json_Value& object, std::string_view name, Read read)
-try {
-    return read(object.At(name));
-} catch (const File_Error& error) {
-    if (error.Reason.starts_with("The member"))
-        throw;
-    throw File_Error("The member \"" + std::string(name) + "\" cannot be used: " + error.Reason);
-}
-
-std::string Text_Of(const Json_Value& value)
-{
-    auto bytes = From_Utf8(value.Text());
-    if (!bytes)
-        throw File_Error("It holds a character that the code page lacks.");
-    return std::move(*bytes);
-}
-
-std::string Text_In(const Json_Value& object, std::string_view name)
-{
-    return Member(object, name, Text_Of);
-}
-
-int Small(const Json_Value& value)
-{
-    constexpr long long Most = 1'000'000'000;
-    const long long number = value.Whole_Number();
-    if (number > Most)
-        throw File_Error("It is too large.");
-    return static_cast<int>(number);
-}
 
 std::optional<int> Small_Or_Null(const Json_Value& value)
 {
@@ -71,23 +37,6 @@ std::time_t Time_In(const Json_Value& object, std::string_view name)
     });
 }
 
-std::string Digest_Of(const Json_Value& value)
-{
-    const std::string& text = value.Text();
-    const bool digest = text.size() == Digest_Digits && text.find_first_not_of("0123456789abcdef") == std::string::npos;
-    if (!digest && !text.empty())
-        throw File_Error("It is no SHA-256.");
-    return text;
-}
-
-Recorded_File File_Of(const Json_Value& value)
-{
-    return {.Name = Text_In(value, "name"),
-            .Size = static_cast<std::uint64_t>(
-                Member(value, "size", [](const Json_Value& size) { return size.Whole_Number(); })),
-            .Sha256 = Member(value, "sha256", Digest_Of)};
-}
-
 Verdict Verdict_Of(const Json_Value& value)
 {
     const auto* const end = Verdict_Texts.begin() + Recorded_Verdicts;
@@ -95,22 +44,6 @@ Verdict Verdict_Of(const Json_Value& value)
     if (found == end)
         throw File_Error("It is no verdict.");
     return static_cast<Verdict>(found - Verdict_Texts.begin());
-}
-
-template <class Read> auto List_In(const Json_Value& object, std::string_view name, Read read)
-{
-    return Member(object, name, [&](const Json_Value& value) {
-        std::vector<decltype(read(value))> list;
-        std::ranges::transform(value.Elements(), std::back_inserter(list), read);
-        return list;
-    });
-}
-
-void Put_File(Json_Writer& json, const Recorded_File& file)
-{
-    json.Member("name", file.Name);
-    json.Member("size", static_cast<double>(file.Size));
-    json.Member("sha256", file.Sha256);
 }
 
 void Put_Or_Null(Json_Writer& json, std::string_view name, const std::optional<int>& number)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/error.h"
+#include "output/recorded_file.h"
 
-#include <cstdint>
 #include <ctime>
 #include <filesystem>
 #include <optional>
@@ -20,13 +20,6 @@ constexpr std::string_view Run_Record_Name = "run.json";
 // The first four are of a record; the others are found by looking at the run.
 enum class Verdict { Complete, Incomplete, Failed, Stopped, Running, Scheduled, Unrecorded };
 std::string_view Verdict_Text(Verdict verdict); // "complete" ...
-
-struct Recorded_File {
-    std::string Name; // as reached from the run directory: "test.psm", "../../../H_01.cli"
-    std::uint64_t Size = 0;
-    std::string Sha256;
-    bool operator==(const Recorded_File&) const = default;
-};
 
 struct Recorded_Output {
     Recorded_File File;

@@ -243,22 +243,30 @@ void Note_Problems(Report& report)
                   [&](const Report_Run& run) { return run.Problem == problem; });
 }
 
-// The checksum is that of the installed engine; a run older than that file was made by another one.
+// The checksum is that of the installed engine. Whether it is the one that computed a run tells its record, else its
+// time: a run older than the engine's file was made by another one.
 void Note_Engine(const Session& session, const std::vector<Summary_Request>& crops, Report& report)
 {
     std::error_code missing;
     const auto engine_time =
         fs::last_write_time(Found_Or_New(session.Program.App_Path, Path_Of(session.Program.Engine_Exe)), missing);
     const bool no_engine = session.Program.Engine_Exe.empty() || missing || report.Engine_File.Sha256.empty();
-    if (no_engine)
+    if (no_engine) {
         report.Notes.push_back("The engine is not in the installation any more: its checksum cannot be given.");
-    bool newer = false;
+        return;
+    }
+    bool newer = false, other = false;
     for (const auto& crop : crops) {
         for (const auto& location : crop.Locations) {
+            const auto record = State_Of_Run(location.Directory).Record;
             const auto echo_time = fs::last_write_time(Found_Or_New(location.Directory, "echo.orv"), missing);
-            newer = newer || (!missing && !no_engine && engine_time > echo_time);
+            newer = newer || (!record && !missing && engine_time > echo_time);
+            other = other || (record && record->Engine.Sha256 != report.Engine_File.Sha256);
         }
     }
+    if (other)
+        report.Notes.push_back("The engine of the installation is not the one that computed some of the simulations: "
+                               "its checksum is not theirs.");
     if (newer)
         report.Notes.push_back("The engine's file is newer than some of the simulations: its checksum need not be that "
                                "of the engine that computed them.");
