@@ -76,10 +76,15 @@ Climate_Table Parse_CLI(std::string_view bytes, Misreads* misreads)
     return table;
 }
 
-std::string Seems_Cut(std::string_view bytes, const Climate_Table& table)
+bool Ends_In_A_Cut_Line(std::string_view bytes)
 {
     const auto lines = Split_Lines(bytes);
-    if (!bytes.ends_with('\n') && lines.size() > 2 && lines.back().size() < Trim(lines[1]).size())
+    return !bytes.ends_with('\n') && lines.size() > 2 && lines.back().size() < Trim(lines[1]).size();
+}
+
+std::string Seems_Cut(std::string_view bytes, const Climate_Table& table)
+{
+    if (Ends_In_A_Cut_Line(bytes))
         return "The last line is shorter than the others: the file seems to have been cut.";
     const auto last = std::find_if_not(table.Rows.rbegin(), table.Rows.rend(), Is_Left_Out);
     const auto first = std::ranges::find_if_not(table.Rows, Is_Left_Out);

@@ -53,6 +53,9 @@ bool Is_Left_Out(const Climate_Row& row);
 // an empty file. Fields that are no numbers are listed where the caller asks for them, except those of rows left out.
 Climate_Table Parse_CLI(std::string_view bytes, Misreads* misreads = nullptr);
 
+// Whether the last line ends early and without its line end: the columns behind are lost.
+bool Ends_In_A_Cut_Line(std::string_view bytes);
+
 // Why a climate file seems to have been cut, a sentence: its last line is short, or it begins on 1 January and does not
 // end on 31 December. Empty if it is whole.
 std::string Seems_Cut(std::string_view bytes, const Climate_Table& table);

@@ -72,6 +72,8 @@ bool Read_CLI(Session& session, const fs::path& file)
 try {
     const std::string bytes = Read_Whole(file);
     session.Climate = Parse_CLI(bytes);
+    if (Ends_In_A_Cut_Line(bytes))
+        session.Climate.Rows.pop_back(); // its lost columns are not zeros
     if (const auto cut = Seems_Cut(bytes, session.Climate); !cut.empty())
         Tell(session.Ask, Readin_Check, Path_Text(file.filename()) + ": " + cut);
     return true;

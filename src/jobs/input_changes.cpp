@@ -21,8 +21,7 @@ std::optional<fs::path> Source_Of(const fs::path& app_path, const fs::path& run_
 bool Input_Changes::Differs(const fs::path& file, const Recorded_File& recorded)
 try {
     return Digests.Of(file).Sha256 != recorded.Sha256;
-} catch (const File_Error& error) {
-    Pass_On_If_Unreadable(error);
+} catch (const File_Error&) {
     return true;
 }
 

@@ -102,10 +102,15 @@ std::vector<std::string> First_Levels(const fs::path& directory)
 
 Simulation Look_At_Run(const fs::path& run)
 {
-    Simulation simulation{.Pesticide = {}, .Crop = {}, .Location = {}, .Directory = run, .Date = Last_Change(run)};
-    simulation.Status = Status_Of_Run(run);
-    simulation.State = State_Of_Run(run);
-    simulation.Echo_Failed = simulation.State.Verdict == Verdict::Unrecorded && Simulation_Failed(run);
+    Simulation simulation{.Pesticide = {}, .Crop = {}, .Location = {}, .Directory = run, .Date = {}};
+    try {
+        simulation.Date = Last_Change(run);
+        simulation.Status = Status_Of_Run(run);
+        simulation.State = State_Of_Run(run);
+        simulation.Echo_Failed = simulation.State.Verdict == Verdict::Unrecorded && Simulation_Failed(run);
+    } catch (const File_Error& error) { // the others of a list can be told all the same
+        simulation.State = {.Verdict = Verdict::Incomplete, .Reason = To_Code_Page(error.what()), .Unreadable = true};
+    }
     return simulation;
 }
 

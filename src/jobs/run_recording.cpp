@@ -100,6 +100,7 @@ Run_Record New_Record()
 Run_Record Run_Recorder::Begin(const fs::path& run_directory, const fs::path& engine, std::optional<int> limit)
 {
     Run_Record record = New_Record();
+    record.Directory = Recorded_Directory(run_directory);
     for (const auto& input : Inputs_Of_Run(run_directory))
         record.Inputs.push_back(Recorded(Input_Name(run_directory, input), Shared.Of(input)));
     record.Engine = Recorded(Name_In_Record(engine.filename()), Shared.Of(engine));
@@ -162,6 +163,7 @@ void Run_Recorder::End(const fs::path& run_directory, Run_Record& record, const 
 
 void Run_Recorder::Refuse(const fs::path& run_directory, Run_Record record, const std::string& reason)
 {
+    record.Directory = Recorded_Directory(run_directory);
     record.Verdict = Verdict::Failed;
     record.Reason = To_Code_Page(reason);
     Write_Record(run_directory, record);

@@ -23,6 +23,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr std::string_view Nothing_Marked = "No combination is marked for a batch.";
+
 // Takes the job lock; nothing if a job is at work.
 std::optional<Lock> Take_Job_Lock(const Program_State& program, const Mode& mode)
 {
@@ -62,12 +64,15 @@ void Check_Run(const Program_State& program, const Mode& mode, const fs::path& p
     Check_No_Link(Mode_Directory(program, mode), path);
     std::error_code ignored;
     if (!fs::is_directory(path, ignored))
-        throw Run_Refused("The run directory " + path.string() + " is missing.");
-    Check_Not_Open_To_All(path);
+        throw Run_Refused("The run directory " + path.string() + " is missing. Please mark its combination again.");
+    for (fs::path level = path; level != Mode_Directory(program, mode); level = level.parent_path())
+        Check_Not_Open_To_All(level);
     fs::path engine = path / Path_Of(engine_name);
     if (selection != Job_Selection::Fresh && !fs::exists(engine, ignored))
         engine = Found_Or_New(program.App_Path, Path_Of(engine_name));
     Check_Not_Open_To_All(engine);
+    if (const auto source = Find_File(program.App_Path, Path_Of(engine_name)))
+        Check_Not_Open_To_All(*source); // which every run's copy is made of
     try {
         Engine_Start(engine.parent_path(), engine);
         Inputs_Of_Run(path);
@@ -118,7 +123,7 @@ int Spawn_Job(const fs::path& mode_directory, const Job_Order& order, const fs::
 std::string Nothing_To_Start(const fs::path& mode_directory, Job_Selection selection)
 {
     if (selection == Job_Selection::Fresh)
-        return Batch_Pending(mode_directory) ? "" : "No combination is marked for a batch.";
+        return Batch_Pending(mode_directory) ? "" : std::string(Nothing_Marked);
     return Find_File(mode_directory, Job_File_Name) ? "" : "No job was ever started here.";
 }
 
@@ -140,6 +145,10 @@ try {
     }
     const fs::path program_file = runner.empty() ? Program_Beside("orveljob") : runner;
     const Planned_Job job = Plan_Job(directory, order.Selection);
+    if (job.Runs.empty()) {
+        Tell(ask, Starting, Nothing_Marked);
+        return {Start_Result::Nothing_Pending};
+    }
     Check_Runner(program_file);
     if (Check_Job(program, mode, job, order.Selection) == 0 && order.Selection != Job_Selection::Fresh) {
         ask({std::string(Starting), "There is no such simulation in the last job.", Icon::Information});

@@ -233,6 +233,14 @@ int Years_In_Balance(const fs::path& file)
     return Lacks_Closing_Line(file) ? std::max(0, years - 1) : years;
 }
 
+bool Ends_Early(const fs::path& echo)
+{
+    constexpr std::size_t Enough = 64;
+    const std::string head = Read_Head(echo, Enough);
+    return head.empty() || (Bundled_Head.In(head) &&
+                            !Read_Tail(echo, Enough).ends_with(std::string(Completed_Line) + std::string(CrLf)));
+}
+
 Run_Request Parse_Run_Request(std::string_view control)
 {
     Run_Request request;

@@ -52,6 +52,9 @@ Run_Outputs Find_Outputs(const std::filesystem::path& run_directory, const Run_R
 // File_Error.
 int Years_In_Balance(const std::filesystem::path& file);
 
+// Whether an echo is empty, or lacks the line by which the bundled engine closes it. Throws File_Error.
+bool Ends_Early(const std::filesystem::path& echo);
+
 // Whether a file of a run directory was written by an engine: *.orv, but neither a stored table nor the progress.
 bool Is_Engine_Output(const std::filesystem::path& file);
 bool Has_Engine_Output(const std::filesystem::path& run_directory);

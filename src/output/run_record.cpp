@@ -3,6 +3,7 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/run_name.h"
 #include "core/text.h"
 #include "output/record_members.h"
 
@@ -76,7 +77,37 @@ void Put_Engine(Json_Writer& json, const Run_Record& record)
     json.Member("processor", record.Processor);
 }
 
+// What in the record of a complete run says that it is none; empty if nothing does.
+std::string Contradiction_In(const Run_Record& record)
+{
+    if (record.Verdict != Verdict::Complete)
+        return {};
+    if (record.Exit != 0 || record.Signal)
+        return "the engine did not end with exit code 0";
+    if (record.Inputs.empty() || record.Outputs.empty())
+        return "it names no files";
+    int fewest = record.Years_Expected;
+    for (const auto& output : record.Outputs)
+        fewest = std::min(fewest, output.Years.value_or(fewest));
+    if (record.Years_Expected < 1 || record.Years_Found != record.Years_Expected || fewest != record.Years_Found)
+        return "its years differ";
+    return {};
+}
+
+std::string Optional_Text_In(const Json_Value& object, std::string_view name)
+{
+    return object.Find(name) ? Text_In(object, name) : std::string();
+}
+
 } // namespace
+
+std::string Recorded_Directory(const std::filesystem::path& run_directory)
+{
+    const auto run = std::filesystem::absolute(run_directory / "").lexically_normal().parent_path();
+    if (!Is_Run_Level(run.filename().string()))
+        return {};
+    return Run_Directory_Of(run.parent_path().parent_path().parent_path(), run);
+}
 
 std::string_view Verdict_Text(Verdict verdict)
 {
@@ -94,6 +125,7 @@ Run_Record Parse_Run_Record(std::string_view text)
     record.Program_Version = Text_In(program, "version");
     record.Engine = Member(json, "engine", File_Of);
     record.Engine_Version = Text_In(json.At("engine"), "version");
+    record.Directory = Optional_Text_In(json, "directory"); // older records lack it
     record.Processor = Text_In(json, "processor");
     record.Inputs = List_In(json, "inputs", File_Of);
     record.Start = Time_In(json, "start");
@@ -108,6 +140,8 @@ Run_Record Parse_Run_Record(std::string_view text)
     record.Years_Found = Member(json, "years_found", Small);
     record.Verdict = Member(json, "verdict", Verdict_Of);
     record.Reason = Text_In(json, "reason");
+    if (const auto contradiction = Contradiction_In(record); !contradiction.empty())
+        throw File_Error("The record contradicts itself: complete, but " + contradiction + ".");
     return record;
 }
 
@@ -121,6 +155,7 @@ std::string Format_Run_Record(const Run_Record& record)
             json.Member("name", record.Program);
             json.Member("version", record.Program_Version);
         });
+        json.Member("directory", record.Directory);
         Put_Engine(json, record);
         json.Key("inputs");
         json.Array([&] {

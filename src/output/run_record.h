@@ -29,6 +29,7 @@ struct Recorded_Output {
 
 struct Run_Record {
     std::string Program, Program_Version; // that wrote the record
+    std::string Directory;                // of the run below its mode, as in a job file; empty for a single run
     Recorded_File Engine;
     std::string Engine_Version;        // as the echo tells it, empty if it does not
     std::string Processor;             // what the engine made use of, as the echo tells it
@@ -44,7 +45,11 @@ struct Run_Record {
     bool operator==(const Run_Record&) const = default;
 };
 
-// Throws File_Error, with the place if the text is not JSON, for anything that is not a record of this schema.
+// The run directory as its record names it: its last three levels; empty for the directory of a single run.
+std::string Recorded_Directory(const std::filesystem::path& run_directory);
+
+// Throws File_Error, with the place if the text is not JSON, for anything that is not a record of this schema, and for
+// a complete run whose exit, years or files say otherwise.
 Run_Record Parse_Run_Record(std::string_view text);
 std::string Format_Run_Record(const Run_Record& record); // UTF-8, LF, the same bytes for the same record
 

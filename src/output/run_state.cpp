@@ -3,8 +3,12 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/run_name.h"
+#include "core/sha256.h"
+#include "core/text.h"
 #include "output/echo_file.h"
 #include "output/run_outputs.h"
+
+#include <mutex>
 
 namespace orvel {
 
@@ -12,13 +16,29 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The first output that is not of the size that was recorded; empty if all are.
+// Whether a file that was written after its record is still the recorded one. What was found is kept while the program
+// runs, by the identity of the file.
+bool Has_Digest(const fs::path& file, const std::string& digest)
+{
+    static std::mutex turn;
+    static File_Digests digests;
+    const std::scoped_lock held(turn);
+    return digests.Of(file).Sha256 == digest;
+}
+
+// The first output that is not the recorded one; empty if all are. One of the same size that is no younger than the
+// record is taken for it unread.
 std::string Changed_Output(const fs::path& run_directory, const Run_Record& record)
 {
+    std::error_code error;
+    const auto recorded = fs::last_write_time(run_directory / Run_Record_Name, error);
     for (const auto& output : record.Outputs) {
-        std::error_code error;
-        const auto size = fs::file_size(run_directory / Path_Of(output.File.Name), error);
+        const fs::path file = run_directory / Path_Of(output.File.Name);
+        const auto size = fs::file_size(file, error);
         if (error || size != output.File.Size)
+            return output.File.Name;
+        const auto written = fs::last_write_time(file, error);
+        if (error || (written > recorded && !Has_Digest(file, output.File.Sha256)))
             return output.File.Name;
     }
     return {};
@@ -61,10 +81,21 @@ Run_State State_Of_Run_Held(const fs::path& run_directory)
     state.Reason = state.Record->Reason;
     if (state.Verdict != Verdict::Complete)
         return state;
-    const std::string changed = Changed_Output(run_directory, *state.Record);
-    if (!changed.empty()) {
+    if (const auto place = Recorded_Directory(run_directory);
+        !state.Record->Directory.empty() && !Same_Text(state.Record->Directory, place)) {
         state.Verdict = Verdict::Incomplete;
-        state.Reason = "The output " + changed + " is not the one that was recorded.";
+        state.Reason = "Its record is that of another run, " + state.Record->Directory + ".";
+        return state;
+    }
+    try {
+        const std::string changed = Changed_Output(run_directory, *state.Record);
+        if (!changed.empty()) {
+            state.Verdict = Verdict::Incomplete;
+            state.Reason = "The output " + changed + " is not the one that was recorded.";
+        }
+    } catch (const File_Error& error) {
+        state.Verdict = Verdict::Incomplete;
+        state.Reason = To_Code_Page(error.what());
     }
     return state;
 }

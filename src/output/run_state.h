@@ -9,7 +9,8 @@
 namespace orvel {
 
 // What a run directory is worth, looked at from outside: by its lock, its record and the names and sizes of its files.
-// Nothing is read but the record, so that a list of many runs can ask again and again.
+// Nothing is read but the record, and outputs that are younger than it once, so that a list of many runs can ask again
+// and again.
 struct Run_State {
     orvel::Verdict Verdict = orvel::Verdict::Unrecorded;
     std::string Reason; // one sentence; empty if complete, running or scheduled

@@ -4,6 +4,7 @@
 #include "jobs/single_run_archive.h"
 #include "jobs/single_run_start.h"
 #include "output/echo_file.h"
+#include "output/run_outputs.h"
 #include "output/run_state.h"
 #include "runs/start_up.h"
 
@@ -80,6 +81,14 @@ int Do_Single(Session& session, const Single_Options& options)
     if (const auto refusal = Check_Single_Run(directory, entry, session.Scenario.SZE_Horizons.Number())) {
         session.Ask(refusal->Text);
         return Refused;
+    }
+    std::vector<std::string> inputs = entry.Climates;
+    inputs.insert(inputs.begin(), {entry.Pesticide, entry.Scenario});
+    for (const std::string& input : inputs) { // before any output is moved
+        if (!Named_Input(directory, input)) {
+            Tell("File check", "The input " + input + " is missing.");
+            return Refused;
+        }
     }
     if (Has_Output(directory) && Find_File(directory, "orvel.inp")) {
         const std::string archive = Free_Archive_Name(directory);

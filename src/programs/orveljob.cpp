@@ -85,7 +85,7 @@ try {
     return result.Failed == 0 ? All_Finished : A_Run_Failed;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
-    return A_Run_Failed;
+    return Wrong_Use;
 }
 
 } // namespace

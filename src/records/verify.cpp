@@ -87,6 +87,8 @@ Verified_Run Verifier::Verify(const fs::path& run_directory)
     const Run_State state = State_Of_Run(directory);
     if (state.Unreadable)
         return {Check::Changed, state.Reason};
+    if (!state.Record && !Find_File(directory, "orvel.inp") && !Has_Engine_Output(directory))
+        return {Check::Unrecorded, "This is not the directory of a run."};
     // Outputs are looked at below, also those whose size alone tells that they have changed.
     const bool recorded_complete = state.Record && state.Record->Verdict == Verdict::Complete;
     if (!recorded_complete) {
@@ -94,7 +96,11 @@ Verified_Run Verifier::Verify(const fs::path& run_directory)
         return {Check_Of(state.Verdict),
                 plain ? "The run is " + std::string(Verdict_Text(state.Verdict)) + "." : state.Reason};
     }
+    if (!state.Record->Directory.empty() && !Same_Text(state.Record->Directory, Recorded_Directory(directory)))
+        return {Check::Changed, state.Reason};
     std::string changed = Changed(directory, *state.Record);
+    if (changed.empty() && Read_Run_Request(directory).Years != state.Record->Years_Expected)
+        changed = "The record tells another number of years than orvel.inp.";
     return {changed.empty() ? Check::Ok : Check::Changed, changed};
 }
 

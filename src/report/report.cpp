@@ -13,6 +13,7 @@
 #include "output/run_outputs.h"
 #include "output/run_state.h"
 #include "report/report_chart.h"
+#include "tables/table_cache.h"
 
 #include <algorithm>
 #include <memory>
@@ -74,6 +75,8 @@ std::string Problem_Of(const fs::path& directory)
         state.Record->Years_Found < state.Record->Years_Expected)
         return "The simulation is incomplete: " + Years_Text(state.Record->Years_Found, state.Record->Years_Expected) +
                ".";
+    if (state.Verdict == Verdict::Unrecorded)
+        return Gap_Of(directory);
     return state.Is_Finished() ? "" : "The simulation is not complete: " + state.Reason;
 }
 

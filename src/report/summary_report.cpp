@@ -155,7 +155,7 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         if (stopped)
             return {.Failure = Reading_Stopped().what()};
         period_index = tables.Period_Index;
-        const bool kept = tables.Kept && (i > 0 || tables.Has_Echo);
+        const bool kept = (tables.Kept || tables.Unwritten) && (i > 0 || tables.Has_Echo);
         complete = complete && kept;
         if (!kept)
             failed += "\n" + location.Text + (tables.Kept ? "" : ": " + tables.Note());

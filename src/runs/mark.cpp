@@ -71,8 +71,10 @@ bool May_Replace(const Ask_Function& ask, const fs::path& place)
                 Button::Cancel}) == Button::Ok;
 }
 
+enum class Batch_Line { Present, First, Next };
+
 // Makes the run directory and adds its lines to the batch, both or neither. Throws Stage_Error.
-void Prepare(const fs::path& mode_directory, const std::string& run, const Run_Sources& sources, bool first)
+void Prepare(const fs::path& mode_directory, const std::string& run, const Run_Sources& sources, Batch_Line line)
 {
     const fs::path place = Run_Path(mode_directory, run);
     Check_No_Link(mode_directory, place);
@@ -81,7 +83,8 @@ void Prepare(const fs::path& mode_directory, const std::string& run, const Run_S
     New_Run_Directory made(place, sources);
     made.Put_In_Place();
     try {
-        Add_To_Batch(mode_directory, run, sources.Engine_Name, first);
+        if (line != Batch_Line::Present)
+            Add_To_Batch(mode_directory, run, sources.Engine_Name, line == Batch_Line::First);
     } catch (const File_Error& error) {
         throw Stage_Error(Batch_Stage, To_Code_Page(error.what()));
     }
@@ -117,11 +120,13 @@ Mark_Result Mark_In_Turn(const Program_State& program, const Ask_Function& ask, 
         return Mark_Result::Failed;
     const auto pending = Read_Batch(directory);
     const std::string run = Run_Directory(choice.Pesticide, choice.Crop->Text, choice.Location);
-    if (std::ranges::find(pending, run) != pending.end()) {
+    std::error_code ignored;
+    const bool is_marked = std::ranges::find(pending, run) != pending.end();
+    if (is_marked && fs::is_directory(Run_Path(directory, run), ignored)) {
         Tell(ask, Starting, Already_Selected_Text);
         return Mark_Result::Already_Selected;
     }
-    if (pending.size() >= static_cast<std::size_t>(Last_Job)) {
+    if (!is_marked && pending.size() >= static_cast<std::size_t>(Last_Job)) {
         Tell(ask, Starting, Full_Text);
         return Mark_Result::Failed;
     }
@@ -130,7 +135,10 @@ Mark_Result Mark_In_Turn(const Program_State& program, const Ask_Function& ask, 
         return Mark_Result::Cancelled;
     if (pending.empty())
         Put_Damaged_Batch_Aside(directory);
-    Prepare(directory, run, Sources_Of_Run(program, mode, choice), pending.empty());
+    const auto line = is_marked         ? Batch_Line::Present // only its directory was lost
+                      : pending.empty() ? Batch_Line::First
+                                        : Batch_Line::Next;
+    Prepare(directory, run, Sources_Of_Run(program, mode, choice), line);
     return Mark_Result::Marked;
 }
 
@@ -143,7 +151,7 @@ Mark_Result Mark_For_Batch(const Program_State& program, const Ask_Function& ask
         Tell(ask, Starting, "Please select a pesticide file, a crop and a location.");
         return Mark_Result::Failed;
     }
-    if (!Fits_A_Line(choice.Pesticide)) {
+    if (!Fits_A_Line(choice.Pesticide) || Trim(choice.Pesticide) != choice.Pesticide) { // readers of orvel.inp trim it
         Tell(ask, Starting, "A simulation cannot take the name of this pesticide file.");
         return Mark_Result::Failed;
     }

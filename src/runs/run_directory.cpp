@@ -11,6 +11,8 @@
 #include "runs/bin.h"
 #include "runs/run_place.h"
 
+#include <algorithm>
+
 namespace orvel {
 
 namespace fs = std::filesystem;
@@ -20,7 +22,8 @@ namespace {
 constexpr int Old_Output = 1;
 constexpr int Old_Directory = 2;
 constexpr int New_Directory = 3;
-constexpr const char* Beside_Begin = "marked-"; // followed by six letters
+constexpr const char* Aside_Begin = "marked-";  // followed by six letters
+constexpr std::string_view Beside_End = ".new"; // in place of ".run"
 
 std::string Rights_Text()
 {
@@ -59,13 +62,22 @@ void Check_Replaceable(const fs::path& place)
         Refuse_Old_Directory(place);
 }
 
-// Removes what an attempt killed half-way has left behind; no list shows it, since it does not end in ".run".
-void Clear_Leftovers(const fs::path& directory)
+// Ends what an attempt killed half-way has left behind; no list shows it, since it does not end in ".run". The run that
+// it was about to replace comes back from the bin if its place is empty.
+void Clear_Leftovers(const fs::path& crop)
 {
-    for (const auto& name : List_Directories(directory, "marked-??????")) {
-        std::error_code ignored;
-        fs::remove_all(directory / name, ignored);
+    std::error_code ignored;
+    const fs::path mode_directory = crop.parent_path().parent_path();
+    for (const auto& name : List_Directories(crop, "*" + std::string(Beside_End))) {
+        const fs::path place = (crop / name).replace_extension(".run");
+        const auto binned = fs::exists(place, ignored) ? std::vector<Binned_Run>() : Runs_In_Bin(mode_directory);
+        const auto last = std::ranges::find(binned, place.lexically_relative(mode_directory), &Binned_Run::Run);
+        if (last != binned.end())
+            Put_Back(mode_directory, *last);
+        fs::remove_all(crop / name, ignored);
     }
+    for (const auto& name : List_Directories(crop, "marked-??????"))
+        fs::remove_all(crop / name, ignored);
 }
 
 // The copy is flushed later, together with all others.
@@ -140,11 +152,11 @@ void New_Run_Directory::Make()
             Refuse_New_Directory(Place);
     }
     Clear_Leftovers(crop);
-    const auto made =
-        Place.filename().native().size() > Longest_Name ? std::nullopt : Make_Unique_Directory(crop / Beside_Begin);
-    if (!made)
+    const fs::path beside = fs::path(Place).replace_extension(Beside_End);
+    std::error_code error;
+    if (Place.filename().native().size() > Longest_Name || !fs::create_directory(beside, error))
         Refuse_New_Directory(Place);
-    Beside = *made;
+    Beside = beside;
 }
 
 void New_Run_Directory::Fill(const Run_Sources& sources)
@@ -183,7 +195,7 @@ void New_Run_Directory::Put_In_Place()
             throw Stage_Error(Old_Directory, To_Code_Page(refusal.what()));
         }
     } else if (fs::exists(Place, error)) {
-        const auto aside = Make_Unique_Directory(Place.parent_path() / Beside_Begin);
+        const auto aside = Make_Unique_Directory(Place.parent_path() / Aside_Begin);
         if (aside)
             fs::rename(Place, *aside, error);
         if (!aside || error)

@@ -34,6 +34,7 @@ try {
     return older ? Stored::Older : Stored::Good;
 } catch (const std::exception& error) {
     status.Not_Kept = To_Code_Page(error.what());
+    status.Unwritten = true;
     return Stored::Unreadable;
 }
 
@@ -54,29 +55,45 @@ try {
     status.Kept = true;
 } catch (const File_Error& error) {
     status.Not_Kept = To_Code_Page(error.what());
+    status.Unwritten = true;
 }
+
+namespace {
+
+std::string Incomplete_Text(int found, int expected)
+{
+    return "The simulation is incomplete: " + Years_Text(found, expected) + ".";
+}
+
+// What the files of a run tell that has no record, or none that is still true: only those that are there are judged.
+std::string Gap_In_Files(const fs::path& run_directory)
+{
+    const auto echo = Find_File(run_directory, "echo.orv");
+    if (echo && !Simulation_Failed(run_directory) && Ends_Early(*echo))
+        return "The simulation is incomplete: the output echo.orv ends early.";
+    const Run_Request request = Read_Run_Request(run_directory);
+    int found = request.Years;
+    if (request.Years > 0) {
+        for (const auto& output : Find_Outputs(run_directory, request).Files)
+            found = std::min(found, output.Years.value_or(found));
+    }
+    return found < request.Years ? Incomplete_Text(found, request.Years) : std::string();
+}
+
+} // namespace
 
 std::string Gap_Of(const fs::path& run_directory)
 {
     const Run_State state = State_Of_Run(run_directory);
     if (state.Verdict == Verdict::Complete || state.Verdict == Verdict::Running)
         return {};
-    int expected = 0, found = 0;
-    if (state.Record) {
-        expected = state.Record->Years_Expected;
-        found = state.Record->Years_Found;
-    } else {
-        expected = found = Read_Run_Request(run_directory).Years;
-        for (const auto& name : List_Files(run_directory, "*.orv")) {
-            if (Same_Text(name, "Wasser.orv") || Matches(name, "chem.orv") || Matches(name, "chem_??.orv"))
-                found = std::min(found, Years_In_Balance(run_directory / name));
-        }
-    }
-    if (found < expected)
-        return "The simulation is incomplete: " + Years_Text(found, expected) + ".";
-    return state.Verdict == Verdict::Unrecorded || state.Verdict == Verdict::Scheduled
-               ? std::string()
-               : "The simulation is not complete. " + state.Reason;
+    if (state.Record && state.Record->Verdict != Verdict::Complete &&
+        state.Record->Years_Found < state.Record->Years_Expected)
+        return Incomplete_Text(state.Record->Years_Found, state.Record->Years_Expected);
+    const std::string gap = Gap_In_Files(run_directory);
+    if (!gap.empty() || state.Verdict == Verdict::Unrecorded || state.Verdict == Verdict::Scheduled)
+        return gap;
+    return "The simulation is not complete. " + state.Reason;
 }
 
 std::string Why_Not_Kept(const Echo& echo, const Plot_Head& head)

@@ -53,8 +53,8 @@ private:
     Stored Read(const std::filesystem::path& run_directory, Table_Status& status, Bytes& bytes) const;
 };
 
-// What a run lacks to be complete, a sentence: by its record or, without one, by the years of its balances. Empty if it
-// is complete, at work or not known to lack anything.
+// What a run lacks to be complete, a sentence: by its record or, without one, by its files. Empty if it is complete, at
+// work or not known to lack anything.
 std::string Gap_Of(const std::filesystem::path& run_directory);
 
 // A sentence that says why no table of a run may be kept; empty if it may.

@@ -17,6 +17,7 @@ struct Table_Status {
     std::string Failure;     // why the tables end early; empty if they are complete
     std::string Not_Kept;    // why complete tables are not stored in the run directory; empty if they are
     bool Kept = false;       // the stored files hold these tables now
+    bool Unwritten = false;  // they are not stored only because the files cannot be read or written
     bool From_Cache = false; // the tables were read from those files
     bool Run_Failed = false; // the simulation failed, whatever its tables hold
     bool Unreadable = false; // the failure is that of a file that is there and cannot be read

@@ -287,11 +287,11 @@ def cases(stock):
                exits=(1, 2, 3), free=("echo.orv", "plot.orv", "chem", "Wasser.orv"), output=False)
     yield Case("engine --check", engine_directory, lambda root: [
         os.path.join(root, "orvel401.exe"), "--check", "--dir", root], exits=(1, 2, 3), free=("echo.orv",), output=False)
-    marked = os.path.join(os.path.dirname(run), "marked-")  # the next mark removes it
+    marked = (os.path.join(os.path.dirname(run), "marked-"), run[:-len(".run")] + ".new")  # the next mark removes them
     mark = ["mark", "--mode", "focus", "--pesticide", "demo_D.psm", "--crop", "Maize", "--location", "Hamburg (H)"]
-    yield Case("mark", stock.lay(home), lambda root: [ctl, "-C", root, *mark], again_may_refuse=True, free=(marked,))
+    yield Case("mark", stock.lay(home), lambda root: [ctl, "-C", root, *mark], again_may_refuse=True, free=marked)
     yield Case("mark --replace", finished, lambda root: [ctl, "-C", root, *mark, "--replace"], again_may_refuse=True,
-               free=(marked,))
+               free=marked)
     yield Case("delete", finished, lambda root: [stock.driver, "delete", root], again_may_refuse=True)
     single = ["single", "--pesticide", "demo_D.psm", "--scenario", "H_maize.sze", "--climate", "H_01.cli", "--years", "1",
               "--wait"]

@@ -71,6 +71,7 @@ TEST_F(Document_Files, A_Climate_File_That_Was_Cut_Is_Read_And_Told)
     EXPECT_EQ(told(whole.substr(0, whole.size() - 2)), ""); // without the empty line at its end
     EXPECT_EQ(told(whole.substr(0, whole.size() - 20)),
               "demo.cli: The last line is shorter than the others: the file seems to have been cut.");
+    EXPECT_EQ(The_Session->Climate.Rows.size(), 2U); // no day with zeros for what was lost
     EXPECT_EQ(told(whole.substr(0, whole.find(" 311281"))),
               "demo.cli: The file begins on 1 January and ends on 02.01.: it seems to have been cut.");
     EXPECT_EQ(told("Demo\r\n"), "");

@@ -81,6 +81,21 @@ TEST_F(Job_Status_Test, A_Damaged_Record_Is_Told_And_Never_Taken_For_None)
     EXPECT_EQ(state.Reason, (run / "run.json").string() + ", line 2, column 3: This is not JSON.");
 }
 
+TEST_F(Job_Status_Test, A_Run_That_Cannot_Be_Looked_At_Hides_No_Other)
+{
+    const auto first = Add_Run("test", "Maize", "Hamburg (H)"),
+               second = Add_Run("test", "Maize", "Kremsm\xFCnster (K)");
+    fs::create_directories(first / "echo.orv"); // which cannot be read
+
+    const auto list = Simulation_List(Home / "focus");
+
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_TRUE(list[0].State.Unreadable);
+    EXPECT_NE(list[0].State.Reason, "");
+    EXPECT_EQ(list[1].Directory, second);
+    EXPECT_FALSE(list[1].State.Unreadable);
+}
+
 TEST_F(Job_Status_Test, The_List_Gives_Names_As_They_Were_Chosen_In_Order)
 {
     Add_Run("my,file 1", "Winter cereals", "Ch\xE2teaudun (C), no irrigation");

@@ -4,6 +4,7 @@
 #include "temporary_directory.h"
 
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -58,7 +59,7 @@ TEST(Run_Record, Its_Fields_Stand_In_A_Stable_Order_In_Utf8_With_Plain_Line_Ends
     const std::string text = Format_Run_Record(Example());
 
     EXPECT_TRUE(text.starts_with("{\n  \"schema\": 1,\n  \"program\": {\n    \"name\": \"ORVELSUITE\",\n"
-                                 "    \"version\": \"5.5\"\n  },\n  \"engine\": {\n"))
+                                 "    \"version\": \"5.5\"\n  },\n  \"directory\": \"\",\n  \"engine\": {\n"))
         << text;
     EXPECT_NE(text.find("\"name\": \"../../../Ch\u00E2_01.cli\",\n      \"size\": 1099511627776,\n"), std::string::npos)
         << text;
@@ -74,7 +75,7 @@ TEST(Run_Record, A_Damaged_One_Is_Refused_With_The_Place_Or_The_Member)
 {
     const std::string text = Format_Run_Record(Example());
 
-    EXPECT_EQ(Refusal_Of(text.substr(0, text.size() - 3)), "Line 48, column 55: This is not JSON.");
+    EXPECT_EQ(Refusal_Of(text.substr(0, text.size() - 3)), "Line 49, column 55: This is not JSON.");
     EXPECT_EQ(Refusal_Of(Replace_All(text, "\"verdict\": \"incomplete\"", "\"verdict\": \"running\"")),
               "The member \"verdict\" cannot be used: It is no verdict.");
     EXPECT_EQ(Refusal_Of(Replace_All(text, "\"years_found\": 12", "\"years_found\": -1")),
@@ -88,6 +89,34 @@ TEST(Run_Record, A_Damaged_One_Is_Refused_With_The_Place_Or_The_Member)
     EXPECT_NE(Refusal_Of("[]"), "");
     EXPECT_NE(Refusal_Of("{\"schema\": 1, \"schema\": 1}"), "");
     EXPECT_NE(Refusal_Of(std::string(100000, '[')), "");
+}
+
+TEST(Run_Record, A_Complete_Run_Whose_Exit_Years_Or_Files_Say_Otherwise_Is_Refused)
+{
+    Run_Record complete = Example();
+    complete.Verdict = Verdict::Complete;
+    complete.Reason.clear();
+    complete.Years_Found = 26;
+    complete.Outputs[1].Years = 26;
+    complete.Directory = "a.run\\Maize.run\\Hamburg_-_(H).run";
+    EXPECT_EQ(Parse_Run_Record(Format_Run_Record(complete)), complete);
+
+    const auto refusal = [&](const std::function<void(Run_Record&)>& change) {
+        Run_Record record = complete;
+        change(record);
+        return Refusal_Of(Format_Run_Record(record));
+    };
+    const std::string exit = "The record contradicts itself: complete, but the engine did not end with exit code 0.";
+    EXPECT_EQ(refusal([](auto& record) { record.Exit = 1; }), exit);
+    EXPECT_EQ(refusal([](auto& record) { record.Exit.reset(); }), exit);
+    EXPECT_EQ(refusal([](auto& record) { record.Signal = 9; }), exit);
+    const std::string years = "The record contradicts itself: complete, but its years differ.";
+    EXPECT_EQ(refusal([](auto& record) { record.Years_Found = 1; }), years);
+    EXPECT_EQ(refusal([](auto& record) { record.Years_Expected = 5; }), years);
+    EXPECT_EQ(refusal([](auto& record) { record.Outputs[1].Years = 11; }), years);
+    const std::string files = "The record contradicts itself: complete, but it names no files.";
+    EXPECT_EQ(refusal([](auto& record) { record.Inputs.clear(); }), files);
+    EXPECT_EQ(refusal([](auto& record) { record.Outputs.clear(); }), files);
 }
 
 TEST(Run_Record, A_Directory_Without_One_Has_None_And_One_That_Cannot_Be_Read_Is_Told)

@@ -93,7 +93,7 @@ protected:
         std::string control = head + "\r\nH.sze\r\na.psm\r\n";
         for (int year = 1; year <= 26; ++year)
             control += "c.cli\r\n";
-        Put(run / "orvel.inp", control + "00000001 00.\r\n");
+        Put(run / "orvel.inp", control + "00000000 00.\r\n"); // no series
         Put(run / "c.cli", "climate\r\n");
     }
 };

@@ -3,6 +3,7 @@
 #include "core/files.h"
 #include "core/system/lock.h"
 #include "jobs/job.h"
+#include "output/run_state.h"
 #include "runs/job_file.h"
 #include "runs/run_fixture.h"
 
@@ -101,6 +102,44 @@ TEST_F(Verify_Test, A_Damaged_Record_Is_A_Change_And_Told_With_Its_Place)
 
     EXPECT_EQ(Verified(), Check::Changed);
     EXPECT_EQ(Detail(), (Run / "run.json").string() + ", line 1, column 1: This is not JSON.");
+}
+
+TEST_F(Verify_Test, An_Output_Changed_Behind_Its_Record_Is_Noticed_Though_Its_Size_Is_The_Same)
+{
+    EXPECT_EQ(State_Of_Run(Run).Verdict, Verdict::Complete);
+    const std::string before = Read_Whole(Run / "chem.orv");
+    Put(Run / "chem.orv", before); // written again, the same
+    EXPECT_EQ(State_Of_Run(Run).Verdict, Verdict::Complete);
+
+    std::string other = before;
+    other.back() ^= 1;
+    Put(Run / "chem.orv", other);
+
+    EXPECT_EQ(State_Of_Run(Run).Verdict, Verdict::Incomplete);
+    EXPECT_EQ(State_Of_Run(Run).Reason, "The output chem.orv is not the one that was recorded.");
+}
+
+TEST_F(Verify_Test, A_Run_Copied_To_The_Place_Of_Another_Is_Not_Taken_For_That)
+{
+    const fs::path place = Home / "focus" / "p.run" / "c.run" / "other.run";
+    fs::copy(Run, place, fs::copy_options::recursive);
+
+    const Run_State state = State_Of_Run(place);
+    EXPECT_EQ(state.Verdict, Verdict::Incomplete);
+    EXPECT_EQ(state.Reason, "Its record is that of another run, p.run\\c.run\\l.run.");
+    EXPECT_EQ(Verifier(Home.Path()).Verify(place).Result, Check::Changed);
+    EXPECT_EQ(Verifier(Home.Path()).Verify(place).Detail, state.Reason);
+
+    fs::rename(Home / "focus" / "p.run", Home / "focus" / "q.run");
+    EXPECT_EQ(State_Of_Run(Home / "focus" / "q.run" / "c.run" / "l.run").Verdict, Verdict::Incomplete);
+}
+
+TEST_F(Verify_Test, A_Directory_That_Is_No_Run_Is_Called_So)
+{
+    for (const fs::path& none : {Home.Path(), Home / "nowhere"}) {
+        EXPECT_EQ(Verifier(Home.Path()).Verify(none).Result, Check::Unrecorded);
+        EXPECT_EQ(Verifier(Home.Path()).Verify(none).Detail, "This is not the directory of a run.");
+    }
 }
 
 } // namespace orvel

@@ -120,6 +120,18 @@ TEST_F(Summary_Report, The_Tables_Of_All_Locations_Are_Made_Sure_Of)
         EXPECT_TRUE(fs::exists(location.Directory / "period.orv")) << location.Text;
 }
 
+TEST_F(Summary_Report, Tables_That_Cannot_Be_Stored_Are_Summed_Up_All_The_Same)
+{
+    const auto request = Request();
+    for (const auto& location : request.Locations)
+        fs::create_directory(location.Directory / "year.orv"); // in the way of the file
+    const auto report = Build_Summary(request);
+
+    EXPECT_EQ(report.Failure, "");
+    ASSERT_EQ(report.Substances.size(), 2U);
+    EXPECT_EQ(report.Substances[0].Location_Max, 45);
+}
+
 TEST_F(Summary_Report, The_Figures_And_The_Highest_Concentration_Are_Given_By_Substance)
 {
     const auto report = Build_Summary(Request());

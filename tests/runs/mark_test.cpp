@@ -5,6 +5,7 @@
 #include "core/text.h"
 #include "run_fixture.h"
 #include "runs/batch.h"
+#include "runs/bin.h"
 #include "runs/job_file.h"
 
 #include <chrono>
@@ -348,6 +349,49 @@ TEST_F(Mark_Test, What_A_Killed_Attempt_Left_Is_Cleared_Away_By_The_Next)
 
     EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
     EXPECT_EQ(List_Directories(crop, "*"), std::vector<std::string>{"Hamburg_-_(H).run"});
+}
+
+TEST_F(Mark_Test, Results_That_A_Killed_Attempt_Had_In_The_Bin_Are_Back_After_The_Next)
+{
+    const fs::path crop = Home / "focus" / "test.run" / "Maize.run", place = crop / "Hamburg_-_(H).run";
+    fs::create_directories(place);
+    Put(place / "chem.orv", "a result");
+    Move_To_Bin(Home / "focus", place);
+    fs::create_directories(crop / "Hamburg_-_(H).new"); // killed behind its first move
+    Scenario(Home / "focus" / "C_maize.sze");
+    auto other = Maize_At_Hamburg();
+    other.Location = "Ch\xE2teaudun (C)";
+    other.Scenario = "C_maize.sze";
+
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), other), Mark_Result::Marked);
+
+    EXPECT_EQ(Read_Whole(place / "chem.orv"), "a result");
+    EXPECT_FALSE(fs::exists(crop / "Hamburg_-_(H).new"));
+    EXPECT_TRUE(Runs_In_Bin(Home / "focus").empty());
+}
+
+TEST_F(Mark_Test, A_Marked_Combination_Whose_Directory_Is_Lost_Can_Be_Marked_Again)
+{
+    const auto choice = Maize_At_Hamburg();
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
+    const std::string batch = Read_Whole(Home / "focus" / "batch.bat");
+    fs::remove_all(Home / "focus" / "test.run");
+
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
+
+    EXPECT_TRUE(fs::exists(Home / "focus" / "test.run" / "Maize.run" / "Hamburg_-_(H).run" / "orvel.inp"));
+    EXPECT_EQ(Read_Whole(Home / "focus" / "batch.bat"), batch);
+}
+
+TEST_F(Mark_Test, A_Name_That_Begins_Or_Ends_With_A_Blank_Is_Refused)
+{
+    for (const std::string name : {" test.psm", "test.psm "}) {
+        Pesticide(name);
+        auto choice = Maize_At_Hamburg();
+        choice.Pesticide = name;
+        EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Failed) << name;
+    }
+    EXPECT_FALSE(fs::exists(Home / "focus" / "batch.bat"));
 }
 
 TEST_F(Mark_Test, The_Soil_Modes_Copy_Run_Bat_As_Stage_8_And_No_Scenario)

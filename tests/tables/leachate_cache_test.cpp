@@ -263,6 +263,22 @@ TEST_F(Leachate_Cache, A_Failed_Run_Is_Shown_But_Not_Cached)
     EXPECT_FALSE(Has_Cache());
 }
 
+TEST_F(Leachate_Cache, A_Run_Without_A_Record_Whose_Echo_Was_Cut_Is_Told_And_Not_Cached)
+{
+    const std::string echo = " ORVEL ENGINE 4.01\r\n" + Echo_File({}) + " *** SIMULATION COMPLETED ***\r\n";
+    Write_File(Run / "echo.orv", echo);
+    EXPECT_EQ(Build_Or_Load(Run.Path()).Gap, "");
+
+    for (const std::size_t kept : {std::size_t{0}, std::size_t{100}, echo.size() - 3}) {
+        fs::remove(Run / "year.orv");
+        fs::remove(Run / "period.orv");
+        Write_File(Run / "echo.orv", echo.substr(0, kept));
+        const auto tables = Build_Or_Load(Run.Path());
+        EXPECT_EQ(tables.Gap, "The simulation is incomplete: the output echo.orv ends early.") << kept;
+        EXPECT_FALSE(Has_Cache());
+    }
+}
+
 TEST_F(Leachate_Cache, A_Run_Without_Plot_File_Is_Shown_But_Not_Cached)
 {
     fs::remove(Run / "plot.orv");
