@@ -85,7 +85,8 @@ TEST_F(Job_Status_Test, A_Run_That_Cannot_Be_Looked_At_Hides_No_Other)
 {
     const auto first = Add_Run("test", "Maize", "Hamburg (H)"),
                second = Add_Run("test", "Maize", "Kremsm\xFCnster (K)");
-    fs::create_directories(first / "echo.orv"); // which cannot be read
+    Put(first / "chem.orv", "output");
+    ::mkfifo((first / "echo.orv").c_str(), 0600); // which is no file to read
 
     const auto list = Simulation_List(Home / "focus");
 
