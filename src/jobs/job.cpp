@@ -62,14 +62,16 @@ public:
                 At_Work.Wait();
             At_Work.Look_For_Stop();
             if (At_Work.Stopped())
-                ++Failed; // it waits on, for a start that resumes
+                ++Left; // it waits on, for a start that resumes
             else
                 Start(run);
         }
         while (At_Work.At_Work() > 0)
             At_Work.Wait();
-        Log.Add(Job_Event::End, "", Counted(Runs.size(), "run") + ", " + std::to_string(Failed) + " failed");
-        return {.Runs = static_cast<int>(Runs.size()), .Failed = Failed};
+        Log.Add(Job_Event::End, "",
+                Counted(Runs.size(), "run") + ", " + std::to_string(Failed) + " failed" +
+                    (Left > 0 ? ", " + std::to_string(Left) + " stopped or not begun" : ""));
+        return {.Runs = static_cast<int>(Runs.size()), .Failed = Failed + Left};
     }
 
 private:
@@ -163,7 +165,7 @@ private:
 
     void Fail(std::size_t run, std::string_view detail, Job_Event event = Job_Event::Failed)
     {
-        ++Failed;
+        ++(event == Job_Event::Stopped ? Left : Failed);
         Log.Add(event, Name(run), detail);
     }
 
@@ -179,7 +181,7 @@ private:
     std::vector<fs::path> Paths;
     Job_Log Log;
     Engines At_Work;
-    int Failed = 0;
+    int Failed = 0, Left = 0; // left: stopped, or not begun
 };
 
 } // namespace

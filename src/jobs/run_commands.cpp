@@ -109,11 +109,13 @@ bool Mark_Every(const Session& session, const Mode& mode, const List_Entries& ch
     return result.Failed == 0;
 }
 
-// The years asked for and found: by the record, else by the engine's files.
+// The years asked for and found: by the record while it is true, else by the engine's files.
 std::pair<int, int> Years_Of(const Simulation& simulation)
 {
     const Run_State& state = simulation.State;
-    if (state.Record)
+    const bool changed =
+        state.Record && state.Record->Verdict == Verdict::Complete && state.Verdict == Verdict::Incomplete;
+    if (state.Record && !changed)
         return {state.Record->Years_Expected, state.Record->Years_Found};
     const Run_Request request = Read_Run_Request(simulation.Directory);
     if (state.Verdict == Verdict::Running)

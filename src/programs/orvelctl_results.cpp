@@ -32,14 +32,23 @@ int Print_Tables(const Table_Status& status, std::string_view text)
     return status.Failure.empty() && status.Gap.empty() && !failed_run && std::cout ? Done : Refused;
 }
 
+void Check_Directory(const std::string& directory)
+{
+    std::error_code ignored;
+    if (!std::filesystem::is_directory(directory, ignored))
+        throw File_Error("The directory " + directory + " does not exist.");
+}
+
 int Do_Tables(const std::string& directory)
 {
+    Check_Directory(directory);
     const auto tables = Build_Or_Load(directory, Shown_Progress());
     return Print_Tables(tables, tables.Year_Text + tables.Period_Text);
 }
 
 int Do_Balance(const std::string& directory, bool monthly)
 {
+    Check_Directory(directory);
     const auto tables =
         Build_Or_Load_Balance(directory, monthly ? Balance_View::Monthly : Balance_View::Annual, Shown_Progress());
     return Print_Tables(tables, tables.Water_Text + tables.Pesticide_Text);
@@ -47,6 +56,7 @@ int Do_Balance(const std::string& directory, bool monthly)
 
 int Do_Pecsoil(const std::string& directory, int depth)
 {
+    Check_Directory(directory);
     const auto soil = Build_Soil_Concentrations(directory, depth, Shown_Progress());
     return Print_Tables(soil, soil.Text);
 }

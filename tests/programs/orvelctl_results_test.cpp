@@ -155,6 +155,15 @@ TEST_F(Orvelctl_Results, A_Mode_Directory_That_Cannot_Be_Read_Is_No_Empty_List)
     EXPECT_NE(Standard_Error, "");
 }
 
+TEST_F(Orvelctl_Results, A_Directory_That_Is_Not_There_Is_One_Sentence_And_Nothing_Else)
+{
+    for (const std::string command : {"tables ", "balance ", "pecsoil --depth 5 "}) {
+        EXPECT_EQ(Run(command + "/no/such/run"), 1);
+        EXPECT_EQ(Out, "");
+        EXPECT_NE(Standard_Error.find("The directory /no/such/run does not exist."), std::string::npos);
+    }
+}
+
 TEST_F(Orvelctl_Results, What_A_Failed_Run_Left_Is_Printed_Told_And_Exits_With_1)
 {
     Write_File(Run_Files / "echo.orv", Echo_File({.Last = "*** ERROR 99: RUN NOT COMPLETED"}));
