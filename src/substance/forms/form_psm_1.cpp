@@ -45,6 +45,7 @@ Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory,
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
     Open_Editor(The_Session);
+    Opened = std::make_unique<const Pesticide_Document>(The_Session.Pesticide);
     for (int i = 1; i <= Substances; ++i)
         Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
     Show_Scheme();
@@ -116,6 +117,7 @@ bool Form_PSM_1::Save()
     if (saving.exec() != Accepted)
         return false;
     Directory = saving.Save_Target().parent_path();
+    Opened = std::make_unique<const Pesticide_Document>(The_Session.Pesticide);
     return true;
 }
 
@@ -131,7 +133,7 @@ void Form_PSM_1::Save_And_Exit()
 
 void Form_PSM_1::reject()
 {
-    if (May_Leave_Editor(The_Session))
+    if (May_Leave_Editor(The_Session, *Opened))
         QDialog::reject();
 }
 
