@@ -8,7 +8,8 @@ class QWidget;
 
 namespace orvel {
 
-// A read-only text view in a fixed-pitch font: long lines scroll instead of wrapping, tab stops every eight columns.
+// A read-only text view in a fixed-pitch font: long lines scroll instead of wrapping, and tab stops put the
+// heads of the tables over their figures.
 QPlainTextEdit* Fixed_Pitch_Text(const QString& name, const QString& purpose);
 
 // Puts a text on the clipboard; tabs separate columns when pasted into a spreadsheet.
