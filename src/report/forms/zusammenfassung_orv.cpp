@@ -117,9 +117,9 @@ try {
 void Zusammenfassung_orv::Print()
 {
     if (Shows_Diagram())
-        Print_Picture(*this, Picture_Of(Diagramm->Shown_Chart()));
+        Print_Picture(*this, The_Session.Ask, Picture_Of(Diagramm->Shown_Chart()));
     else
-        Print_Text(*this, windowTitle(), Ergebnis->toPlainText());
+        Print_Text(*this, The_Session.Ask, windowTitle(), Ergebnis->toPlainText());
 }
 
 } // namespace orvel

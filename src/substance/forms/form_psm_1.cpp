@@ -64,7 +64,8 @@ void Form_PSM_1::Lay_Out()
     auto* keep = Push_Button("Speichern", "Save P&icture", this, [this] {
         Save_Picture_As(*this, The_Session.Ask, View->As_Picture(), "Save Picture", "scheme.png");
     });
-    auto* print = Push_Button("Drucken", "P&rint Picture", this, [this] { Print_Picture(*this, View->As_Picture()); });
+    auto* print = Push_Button("Drucken", "P&rint Picture", this,
+                              [this] { Print_Picture(*this, The_Session.Ask, View->As_Picture()); });
     auto* cancel = Push_Button("Com_Exit1", "&Cancel", this, &Form_PSM_1::reject);
 
     auto* buttons = new QHBoxLayout;

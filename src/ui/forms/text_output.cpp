@@ -1,5 +1,6 @@
 #include "ui/forms/text_output.h"
 
+#include "ui/forms/printing.h"
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 #include <QClipboard>
 #include <QFontMetricsF>
 #include <QPlainTextEdit>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QTextDocument>
 
@@ -104,13 +104,11 @@ void Print_Text_On(QPrinter& printer, const QString& text)
     document.print(&printer);
 }
 
-void Print_Text(QWidget& parent, const QString& title, const QString& text)
+void Print_Text(QWidget& parent, const Ask_Function& ask, const QString& title, const QString& text)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(title);
-    QPrintDialog dialog(&printer, &parent);
-    if (dialog.exec() == QDialog::Accepted)
-        Print_Text_On(printer, text);
+    Print_By_Dialog(parent, ask, printer, [&](QPrinter& chosen) { Print_Text_On(chosen, text); });
 }
 
 } // namespace orvel

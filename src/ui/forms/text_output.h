@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/message.h"
+
 #include <QString>
 
 class QPlainTextEdit;
@@ -18,7 +20,7 @@ void Copy_Text(const QString& text);
 // Prints a text in a fixed-pitch font, reduced if need be so that its longest line fits the page.
 void Print_Text_On(QPrinter& printer, const QString& text);
 
-// Lets the user choose a printer, or a PDF file, and prints.
-void Print_Text(QWidget& parent, const QString& title, const QString& text);
+// Lets the user choose a printer, or a PDF file, and prints; a failure is told.
+void Print_Text(QWidget& parent, const Ask_Function& ask, const QString& title, const QString& text);
 
 } // namespace orvel
