@@ -27,6 +27,8 @@ namespace orvel {
 namespace {
 
 constexpr int Steps = 1000;            // of the bar while simulations are deleted
+constexpr int Bar_Delay = 300;         // ms before it shows
+constexpr int Bar_Columns = 50;        // for the name of a location
 constexpr int Refresh_Interval = 2000; // ms
 constexpr int Columns_Shown = 110;     // at least
 constexpr int Lines_Shown = 24;
@@ -247,16 +249,28 @@ void Simulationsliste::Auswaehlen_Click()
     accept();
 }
 
+std::unique_ptr<QProgressDialog> Simulationsliste::Deletion_Bar()
+{
+    auto bar = std::make_unique<QProgressDialog>("", "&Stop", 0, Steps, this);
+    bar->setObjectName("Deletion_Bar");
+    bar->setWindowTitle("Deleting simulations");
+    bar->setMinimumWidth(fontMetrics().averageCharWidth() * Bar_Columns);
+    bar->setMinimumDuration(Bar_Delay);
+    bar->setWindowModality(Qt::WindowModal);
+    return bar;
+}
+
 void Simulationsliste::Loeschen_Click()
 {
     Timer1.stop();
-    QProgressDialog bar("Deleting simulations ...", "&Stop", 0, Steps, this);
-    bar.setWindowModality(Qt::WindowModal);
+    std::unique_ptr<QProgressDialog> bar; // not before the user has agreed: it would come up over the question
     Delete_Simulations(The_Session.Program, The_Session.Ask, The_Mode, Selected(),
                        [&](const std::string& location, double share) {
-                           bar.setLabelText(Shown(location));
-                           bar.setValue(static_cast<int>(share * Steps)); // lets the window take a click on "Stop"
-                           return !bar.wasCanceled();
+                           if (!bar)
+                               bar = Deletion_Bar();
+                           bar->setLabelText(Shown(location));
+                           bar->setValue(static_cast<int>(share * Steps)); // lets the window take a click on "Stop"
+                           return !bar->wasCanceled();
                        });
     bar.reset();
     Refresh();
