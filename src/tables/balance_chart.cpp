@@ -73,7 +73,7 @@ Chart Balance_Chart(const std::vector<Row>& rows, const std::array<Balance_Colum
     }
     chart.X.Title = "Year ";
     chart.X.High = static_cast<double>(std::max<std::size_t>(rows.size(), 1));
-    chart.Y = Value_Axis(low, high);
+    chart.Y = Plain_Value_Axis(low, high);
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }

@@ -111,13 +111,13 @@ TEST(Balance_Charts, A_Single_Year_Has_All_Its_Boxes_On_The_Axis)
     EXPECT_LE(chart.Boxes.back().Right, chart.X.High);
 }
 
-TEST(Balance_Charts, The_Largest_Value_Of_Either_Sign_Scales_The_Axis)
+TEST(Balance_Charts, The_Plain_Maximum_Scales_The_Axis_And_A_Fifth_More_The_Frame)
 {
     const auto chart = Water_Balance_Chart(Tables_Of(Water, ""));
 
-    EXPECT_EQ(chart.Y.High, 700);
-    EXPECT_EQ(chart.Y.Low, -200);
-    EXPECT_DOUBLE_EQ(chart.Frame.Top, 1.2 * 700);
+    EXPECT_EQ(chart.Y.High, 643.102);
+    EXPECT_EQ(chart.Y.Low, -142.995);
+    EXPECT_DOUBLE_EQ(chart.Frame.Top, 1.2 * 643.102);
 }
 
 TEST(Balance_Charts, A_Substance_Stands_In_The_Title_By_Its_Name)
