@@ -171,7 +171,10 @@ std::vector<Opened_Window> Windows_Test::All() const
          [echo](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Form_filetext>(session, Run() / "echo.orv", echo);
          }},
-        {"echo_orv", [echo](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Echo_ORV>(echo); }},
+        {"echo_orv",
+         [echo](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Echo_ORV>(echo, session.Ask);
+         }},
         {"jahresbilanz",
          [](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Jahresbilanz>(Build_Or_Load_Balance(Run(), Balance_View::Annual), session.Ask);
@@ -398,6 +401,35 @@ QStringList Surprised_By_Enter(QWidget& window, const Recording_User& user)
     return surprised;
 }
 
+// Types into every box and the first row of every grid; returns how many there were.
+int Type_Everywhere(QWidget& window, const char* number)
+{
+    int typed = 0;
+    for (auto* box : window.findChildren<QLineEdit*>()) {
+        if (!box->isVisible() || !box->isEnabled() || box->isReadOnly())
+            continue;
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, number);
+        QTest::keyClick(box, Qt::Key_Tab);
+        ++typed;
+    }
+    for (auto* grid : window.findChildren<QTableView*>()) {
+        for (int column = 0; grid->isVisible() && grid->model() && column < grid->model()->columnCount(); ++column) {
+            grid->setCurrentIndex(grid->model()->index(0, column));
+            QTest::keyClicks(grid, number);
+            ++typed;
+        }
+    }
+    return typed;
+}
+
+// They run an engine, or take the run away that every window shows.
+bool Is_Left_Alone(const QWidget& button)
+{
+    return QStringList{"s_run", "Command4", "Loeschen"}.contains(button.objectName());
+}
+
 bool Is_At_Work(const QWidget& window)
 {
     for (const auto* bar : window.findChildren<QProgressBar*>())
@@ -509,6 +541,39 @@ TEST_F(Windows_Test, Show_Every_Caption_Whole_In_A_Large_Font_And_Dark)
     Look_At_All("_dark");
     QApplication::setPalette(palette);
     QApplication::setFont(font);
+}
+
+// Whatever is typed, no box ends the program: numbers beyond the range of a double, and those whose sums are.
+TEST_F(Windows_Test, Outlive_Any_Number_In_Any_Box_And_A_Press_Of_Every_Button)
+{
+    QTimer closer; // of what a button opens
+    QObject::connect(&closer, &QTimer::timeout, [] {
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            dialog->reject();
+    });
+    closer.start(1);
+    std::map<QString, int> boxes; // filled, by form
+    for (const char* number : {"1e308", "-1e308", "1e999", "99999999999999999999"}) {
+        for (const auto& opened : All()) {
+            SCOPED_TRACE(opened.Name.toStdString() + " " + number);
+            const auto session = std::make_unique<Session>(The_Session);
+            const auto window = opened.Open(*session);
+            window->show();
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));
+
+            int typed = Type_Everywhere(*window, number);
+            for (auto* button : window->findChildren<QAbstractButton*>()) {
+                if (!window->isVisible() || !button->isVisible() || !button->isEnabled() || Is_Left_Alone(*button))
+                    continue;
+                button->click();
+                typed += Type_Everywhere(*window, number); // what it brought into view
+            }
+            boxes[opened.Name] += typed;
+        }
+    }
+    for (const char* form :
+         {"form_as", "form_as_relative", "form_end", "klima", "szenario", "form_hor", "form_appgrid"})
+        EXPECT_GT(boxes[form], 0) << form;
 }
 
 } // namespace orvel
