@@ -2,8 +2,10 @@
 
 #include "jobs/simulations.h"
 #include "ui/forms/widgets.h"
+#include "ui/forms/work_bar.h"
 
 #include <algorithm>
+#include <functional>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -44,6 +46,7 @@ void Put_Back_List::Lay_Out()
     Bin_Grid->verticalHeader()->hide();
     Bin_Grid->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Bin_Grid->horizontalHeader()->setStretchLastSection(true);
+    Bin_Grid->horizontalHeader()->setHighlightSections(false);
     connect(Bin_Grid, &QTableWidget::itemSelectionChanged, this, &Put_Back_List::Selection_Changed);
 
     auto* note =
@@ -91,7 +94,11 @@ void Put_Back_List::Put_Back_Click()
     std::vector<Binned_Run> chosen;
     for (const QModelIndex& index : Bin_Grid->selectionModel()->selectedRows())
         chosen.push_back(Runs[static_cast<std::size_t>(index.row())]);
-    Put_Back_Simulations(The_Session.Program, The_Session.Ask, The_Mode, chosen);
+    {
+        Work_Bar bar(*this, windowTitle());
+        Put_Back_Simulations(The_Session.Program, The_Session.Ask, The_Mode, chosen,
+                             std::bind_front(&Work_Bar::Step, &bar));
+    }
     Refresh();
 }
 

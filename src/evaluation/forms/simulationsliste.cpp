@@ -9,13 +9,14 @@
 #include "ui/forms/form_keys.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
+#include "ui/forms/work_bar.h"
 
 #include <algorithm>
+#include <functional>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -26,9 +27,6 @@ namespace orvel {
 
 namespace {
 
-constexpr int Steps = 1000;            // of the bar while simulations are deleted
-constexpr int Bar_Delay = 300;         // ms before it shows
-constexpr int Bar_Columns = 50;        // for the name of a location
 constexpr int Refresh_Interval = 2000; // ms
 constexpr int Columns_Shown = 110;     // at least
 constexpr int Lines_Shown = 24;
@@ -249,30 +247,14 @@ void Simulationsliste::Auswaehlen_Click()
     accept();
 }
 
-std::unique_ptr<QProgressDialog> Simulationsliste::Deletion_Bar()
-{
-    auto bar = std::make_unique<QProgressDialog>("", "&Stop", 0, Steps, this);
-    bar->setObjectName("Deletion_Bar");
-    bar->setWindowTitle("Deleting simulations");
-    bar->setMinimumWidth(fontMetrics().averageCharWidth() * Bar_Columns);
-    bar->setMinimumDuration(Bar_Delay);
-    bar->setWindowModality(Qt::WindowModal);
-    return bar;
-}
-
 void Simulationsliste::Loeschen_Click()
 {
     Timer1.stop();
-    std::unique_ptr<QProgressDialog> bar; // not before the user has agreed: it would come up over the question
-    Delete_Simulations(The_Session.Program, The_Session.Ask, The_Mode, Selected(),
-                       [&](const std::string& location, double share) {
-                           if (!bar)
-                               bar = Deletion_Bar();
-                           bar->setLabelText(Shown(location));
-                           bar->setValue(static_cast<int>(share * Steps)); // lets the window take a click on "Stop"
-                           return !bar->wasCanceled();
-                       });
-    bar.reset();
+    {
+        Work_Bar bar(*this, "Deleting simulations");
+        Delete_Simulations(The_Session.Program, The_Session.Ask, The_Mode, Selected(),
+                           std::bind_front(&Work_Bar::Step, &bar));
+    }
     Refresh();
     Timer1.start(Refresh_Interval);
 }

@@ -4,12 +4,10 @@
 #include "jobs/input_changes.h"
 #include "runs/mode.h"
 
-#include <memory>
 #include <QDialog>
 #include <QTimer>
 
 class QLayout;
-class QProgressDialog;
 class QPushButton;
 class QTableView;
 
@@ -47,7 +45,6 @@ private:
     void Show_Changes();
     void Enable_Buttons();
     std::vector<Simulation> Selected() const;
-    std::unique_ptr<QProgressDialog> Deletion_Bar();
 
     Session& The_Session;
     const Mode& The_Mode;

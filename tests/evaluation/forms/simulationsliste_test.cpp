@@ -262,7 +262,7 @@ TEST_F(Simulationsliste_Test, The_Bar_Of_A_Deletion_Comes_After_The_Question_And
     };
     QTimer hand;
     QObject::connect(&hand, &QTimer::timeout, [&] {
-        auto* bar = Form->findChild<QProgressDialog*>("Deletion_Bar");
+        auto* bar = Form->findChild<QProgressDialog*>("Work_Bar");
         if (bar && bar->isVisible() && !bar->wasCanceled())
             QTest::mouseClick(bar->findChild<QPushButton*>(), Qt::LeftButton);
     });
