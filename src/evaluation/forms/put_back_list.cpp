@@ -77,7 +77,7 @@ void Put_Back_List::Refresh()
             Bin_Grid->setItem(row, column++, new QTableWidgetItem(Shown(text)));
     }
     Bin_Grid->resizeColumnsToContents();
-    for (int column = 0; column < Bin_Grid->columnCount(); ++column)
+    for (int column = 0; column + 1 < Bin_Grid->columnCount(); ++column) // the last one takes the rest
         Bin_Grid->setColumnWidth(column, Bin_Grid->columnWidth(column) + fontMetrics().averageCharWidth() * 2);
     if (!Runs.empty())
         Bin_Grid->selectRow(0);

@@ -11,6 +11,12 @@
 
 namespace orvel {
 
+namespace {
+
+constexpr int Caption_Columns = 28;
+
+} // namespace
+
 Volatilisation_Box::Volatilisation_Box(const Active_Entry& entry, QWidget* parent)
     : QGroupBox("Volatilisation", parent),
       Method(entry.App_Flag)
@@ -71,6 +77,8 @@ Number_Edit* Volatilisation_Box::Add_Number(const QString& caption, const QStrin
     auto* field = Named(new Number_Edit, name);
     auto* label = Named(new QLabel(caption), label_name);
     label->setBuddy(field);
+    label->setWordWrap(true); // the captions of the pairs set the width
+    label->setMaximumWidth(label->fontMetrics().averageCharWidth() * Caption_Columns);
     Rows->addRow(label, field);
     return field;
 }

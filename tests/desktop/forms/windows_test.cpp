@@ -7,6 +7,7 @@
 #include "documents/forms/form_psm_open.h"
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/inout_sel.h"
+#include "evaluation/forms/put_back_list.h"
 #include "evaluation/forms/simulationsliste.h"
 #include "files/climate_file.h"
 #include "files/forms/form_saving.h"
@@ -137,6 +138,13 @@ std::unique_ptr<QWidget> Opened_Substance(Session& session)
     return std::make_unique<Form_AS>(session);
 }
 
+std::unique_ptr<QWidget> Pressed(std::unique_ptr<QWidget> window, const QStringList& buttons)
+{
+    for (const auto& button : buttons)
+        Find<QAbstractButton>(*window, button)->click();
+    return window;
+}
+
 std::vector<Opened_Window> Windows_Test::All() const
 {
     const auto& focus = Mode_Of(Mode_Kind::Focus);
@@ -249,6 +257,43 @@ std::vector<Opened_Window> Windows_Test::All() const
              static Rotation_Work work; // outlives its form
              work = Load_Rotation(session.Scenario, Read_Crop_Data(session, Installation()));
              return std::make_unique<Form_DifCrop>(session, work);
+         }},
+        {"fehler_in_simulation",
+         [echo](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Fehler_in_Simulation>(echo + "ERROR 21\r\n", session.Ask);
+         }},
+        Plain<Put_Back_List>("put_back_list", std::cref(focus)),
+        Plain<Analyse>("analyse_efsa", std::cref(Mode_Of(Mode_Kind::Efsa))),
+        Plain<Mass_Balance>("mass_balance_user", Run(), nullptr, Balance_View::Monthly),
+        // The same forms with all that they can show.
+        {"form_end_archive",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return Pressed(std::make_unique<form_end>(session, Run_Windows()), {"Command7"});
+         }},
+        {"form_as_all",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return Pressed(Opened_Substance(session), {"Command4", "tiefenabhaengig_2", "App_Flag4"});
+         }},
+        {"koc_ph_dissociating",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Pesticide.Sorp_pKa[1] = 4.5;
+             session.Pesticide.Sorp_pH2[1] = 7;
+             return std::make_unique<KOC_PH>(session, 1, "120");
+         }},
+        {"szenario_all",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return Pressed(std::make_unique<Szenario>(session, fs::path()),
+                            {"schnelle_Prozesse_0", "schnelle_Prozesse_1", "doc_check", "Check_er"});
+         }},
+        {"deg_dat_individual",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             Open_Transformation(session, 2);
+             return Pressed(std::make_unique<deg_dat>(session), {"Korrektur_2"});
+         }},
+        {"klima_empty",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Climate = {};
+             return std::make_unique<Klima>(session, fs::path());
          }},
     };
 }
