@@ -321,6 +321,8 @@ QStringList Cut_In(const QWidget& window)
             if (control->width() < needed.width() || control->height() < needed.height())
                 cut << Place_Of(*control);
         }
+        if (label && label->wordWrap() && label->height() < label->heightForWidth(label->width()))
+            cut << Place_Of(*control);
         if (const auto* table = qobject_cast<const QTableView*>(control); table && table->model()) {
             const auto* heads = table->horizontalHeader();
             for (int column = 0; column < table->model()->columnCount(); ++column)
