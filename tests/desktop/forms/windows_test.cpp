@@ -344,6 +344,16 @@ bool Can_Be_Tabbed_To(const QWidget& control)
            (option ? option->isChecked() : (control.focusPolicy() & Qt::TabFocus) != 0);
 }
 
+// A control for a hand that Tab passes over.
+bool Is_Passed_Over(const QWidget& control)
+{
+    const auto* box = qobject_cast<const QLineEdit*>(&control);
+    const bool is_for_a_hand = (box && !box->isReadOnly()) || qobject_cast<const QComboBox*>(&control) ||
+                               qobject_cast<const QListWidget*>(&control) || qobject_cast<const QPushButton*>(&control);
+    return is_for_a_hand && control.isVisible() && control.isEnabled() && !control.focusProxy() &&
+           (control.focusPolicy() & Qt::TabFocus) == 0;
+}
+
 // The key that a caption underlines: of a button, or of a label that leads to a control.
 QKeySequence Mnemonic_Of(const QWidget& control)
 {
@@ -414,6 +424,8 @@ QStringList Wrong_In_The_Tab_Order(QWidget& window)
     const auto in_foot = [&](const QWidget* control) { return std::ranges::find(foot, control) != foot.end(); };
     int others = 0;
     for (auto* control : window.findChildren<QWidget*>()) {
+        if (Is_Passed_Over(*control))
+            wrong << "passed over: " + Place_Of(*control);
         if (!Can_Be_Tabbed_To(*control))
             continue;
         others += in_foot(control) ? 0 : 1;
