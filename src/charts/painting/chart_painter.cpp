@@ -68,7 +68,7 @@ private:
         }
     }
 
-    // The names of lines and the labels of boxes, close to them.
+    // The names of lines behind their ends, where no box stands, and the labels of boxes.
     void Draw_Names()
     {
         Painter.setFont(Sized(Plain, Long_Label_Points));
@@ -78,14 +78,19 @@ private:
                 continue;
             const QPointF end = Plane.At(line.Points.back().X, line.Points.back().Y);
             Painter.setPen(Colour_Of(line.Drawn_In, Palette));
-            Painter.drawText(QRectF(Plane.Area().left(), end.y() - height, end.x() - Plane.Area().left(), height),
-                             Qt::AlignRight | Qt::AlignVCenter, Chart_Text(line.Name));
+            Painter.drawText(QRectF(end.x() + Name_Gap * height, end.y() - height / 2, 0, height),
+                             Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, Chart_Text(line.Name));
         }
         Painter.setPen(Palette.color(QPalette::Text));
         for (const Chart_Box& box : Source.Boxes) {
+            if (box.Label.empty())
+                continue;
             const QPointF end = Plane.At((box.Left + box.Right) / 2, box.Y);
-            Painter.drawText(QRectF(end.x(), box.Y < 0 ? end.y() : end.y() - height, 0, height),
-                             Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label));
+            const QRectF place(end.x(), box.Y < 0 ? end.y() : end.y() - height, 0, height);
+            QRectF ground;
+            Painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label), &ground);
+            Painter.fillRect(ground, Palette.base()); // a line may pass behind the figure
+            Painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label));
         }
         Painter.setFont(Plain);
     }
