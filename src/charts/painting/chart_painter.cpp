@@ -17,8 +17,16 @@ constexpr double Line_Width = 1.3;
 constexpr double Margin = 0.6;     // of a line of text
 constexpr double Key_Square = 0.7; // of a line of text
 constexpr double Least_Points = 4;
-constexpr float Grid_Strength = 0.12F;          // opacity
+constexpr float Grid_Strength = 0.14F;          // of the text's colour
 constexpr QMarginsF Dot_Margins = {2, 2, 2, 2}; // in widths of a line
+
+// Archive documents know no transparency: they would show a pale line in full strength.
+QColor Mixed(const QColor& ink, const QColor& ground, float share)
+{
+    const auto mix = [share](float a, float b) { return share * a + (1 - share) * b; };
+    return QColor::fromRgbF(mix(ink.redF(), ground.redF()), mix(ink.greenF(), ground.greenF()),
+                            mix(ink.blueF(), ground.blueF()));
+}
 
 class Chart_Drawing {
 public:
@@ -56,9 +64,8 @@ private:
     // Pale lines at the labelled ticks; beside bars, which stand at every position, only those of the values.
     void Draw_Grid()
     {
-        QColor pale = Palette.color(QPalette::Text);
-        pale.setAlphaF(Grid_Strength);
-        Painter.setPen(QPen(pale, 0));
+        Painter.setPen(
+            QPen(Mixed(Palette.color(QPalette::Text), Palette.color(QPalette::Base), Grid_Strength), Line / 24));
         const double high = std::max(Source.Y.High, Source.Y.Ticks.empty() ? 0 : Source.Y.Ticks.back().At);
         for (const Chart_Tick* tick : Y_Labels())
             Painter.drawLine(Plane.At(Source.X.Low, tick->At), Plane.At(Source.X.High, tick->At));

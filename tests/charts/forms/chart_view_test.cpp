@@ -75,6 +75,17 @@ TEST(Paint_Chart, The_Name_Of_A_Line_Stands_Behind_Its_End_Where_No_Box_Is)
     EXPECT_EQ(Share(image.copy(797, 0, 3, 500), marked), 0); // the name is not cut
 }
 
+// A PDF document for the archive draws what is transparent in full strength.
+TEST(Paint_Chart, Has_No_Transparent_Line)
+{
+    const Temporary_Directory place;
+    Save_Chart(Sample(), place / "chart.svg");
+
+    const QString svg = QString::fromStdString(Read_Whole(place / "chart.svg"));
+    EXPECT_TRUE(svg.contains("stroke-opacity=\"1\""));
+    EXPECT_FALSE(svg.contains("opacity=\"0"));
+}
+
 TEST(Paint_Chart, Takes_Its_Ground_From_The_Palette)
 {
     QImage image(400, 300, QImage::Format_RGB32);
