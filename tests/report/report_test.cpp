@@ -178,9 +178,9 @@ TEST_F(Report_Session, A_Soil_Report_Names_Its_Protection_Goal_And_The_Zones_By_
         for (const char* mode : {"EFSA", "EFSA_T4"})
             Add_Run("Winter_-_cereals", zone, 1, {"P", "M"}, mode);
     const auto report = [&](Mode_Kind kind) {
-        return Gather_Report(The_Session,
-                             Request_Summaries(The_Session, Mode_Of(kind), "demo", "Winter cereals", Codes_In("t_n, P_C")),
-                             0);
+        return Gather_Report(
+            The_Session, Request_Summaries(The_Session, Mode_Of(kind), "demo", "Winter cereals", Codes_In("t_n, P_C")),
+            0);
     };
 
     const Report second = report(Mode_Kind::Efsa);
