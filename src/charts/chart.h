@@ -20,7 +20,7 @@ struct Chart_Line {
     Colour Drawn_In = Colour::Series;
     std::vector<Chart_Point> Points; // joined in order
     std::vector<std::string> Names;  // of the points, such as dates; empty: their positions name them
-    std::string Name;                // written above the line's right end
+    std::string Name;                // written behind the line's right end
 };
 
 // A filled box between the x axis and Y, which may lie below it.

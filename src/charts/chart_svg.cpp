@@ -13,7 +13,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Width = 760, Height = 400, Key_Height = 30, Line = 16,
+constexpr double Width = 760, Height = 400, Key_Height = 30, Line = 16, Letter = 7, Name_Gap = 6,
                  Below = 16; // below the plane, for the title of the x axis
 
 std::string Place(double value)
@@ -41,7 +41,7 @@ public:
 
     std::string Draw()
     {
-        Out = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" viewBox=\"0 0 " + Place(Width) + " " +
+        Out = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" viewBox=\"0 0 " + Place(Width + Beside()) + " " +
               Place(Height + Below) + "\">\n<title>" + Xml_Text(Source.Title) + "</title>\n";
         if (Source.Frame.Right > Source.Frame.Left && Source.Frame.Top > Source.Frame.Bottom)
             Plane();
@@ -66,18 +66,27 @@ private:
         Y_Axis();
     }
 
+    // The room for the names of lines behind their ends.
+    double Beside() const
+    {
+        double room = 0;
+        for (const Chart_Line& line : Source.Lines)
+            room = std::max(room, Letter * static_cast<double>(line.Name.size()));
+        return room;
+    }
+
     double X(double x) const { return (x - Frame.Left) / (Frame.Right - Frame.Left) * Width; }
     double Y(double y) const
     {
         return Height - (y - Source.Frame.Bottom) / (Source.Frame.Top - Source.Frame.Bottom) * (Height - Key_Height);
     }
 
-    // The names of lines and the labels of boxes, close to them, and why there is nothing else.
+    // The names of lines behind their ends, the labels of boxes, and why there is nothing else.
     void Names()
     {
         for (const Chart_Line& line : Source.Lines) {
             if (!line.Points.empty())
-                Text(X(line.Points.back().X), Y(line.Points.back().Y) - 4, "end", line.Name);
+                Text(X(line.Points.back().X) + Name_Gap, Y(line.Points.back().Y) + 4, "start", line.Name);
         }
         for (const Chart_Box& box : Source.Boxes)
             Text((X(box.Left) + X(box.Right)) / 2, Y(box.Y) + (box.Y < 0 ? Line : -4), "middle", box.Label);
@@ -117,7 +126,7 @@ private:
         for (const Chart_Key& key : Source.Key) {
             Rectangle(left, 5, 11, 11, key.Drawn_In);
             Text(left + Line, 15, "start", key.Text);
-            left += 3 * Line + 7 * static_cast<double>(key.Text.size());
+            left += 3 * Line + Letter * static_cast<double>(key.Text.size());
         }
     }
 

@@ -13,9 +13,15 @@ constexpr double Beyond_The_End = 1.05;
 constexpr int Tiny_In_Step = 10;
 constexpr double Smallest = 1e-290, Largest = 1e290; // keeps the axis' arithmetic inside the range of a double
 
-double End_Of_Axis(double value)
+double Plain_End(double value)
 {
-    return std::fabs(value) < Smallest ? 0 : Round_Up_Axis(std::clamp(value, -Largest, Largest));
+    return std::fabs(value) < Smallest ? 0 : std::clamp(value, -Largest, Largest);
+}
+
+double Rounded_End(double value)
+{
+    const double end = Plain_End(value);
+    return end == 0 ? 0 : Round_Up_Axis(end);
 }
 
 // Ticks from `low` to `high` at every tiny step of the labelled values; position 0 has the label `first`.
@@ -39,17 +45,26 @@ std::vector<Chart_Tick> Ticks_Between(double low, double high, const Axis_Steps&
     return ticks;
 }
 
-} // namespace
-
-Chart_Axis Value_Axis(double low, double high)
+// An axis with zero on it; without any extent it goes to 1.
+Chart_Axis Axis_Between(double low, double high)
 {
-    Chart_Axis axis;
-    axis.Low = low < 0 ? End_Of_Axis(low) : 0;
-    axis.High = high > 0 ? End_Of_Axis(high) : 0;
+    Chart_Axis axis{.Low = std::min(low, 0.0), .High = std::max(high, 0.0)};
     if (axis.Low == 0 && axis.High == 0)
         axis.High = 1;
     axis.Ticks = Ticks_Between(Beyond_The_End * axis.Low, Beyond_The_End * axis.High, Axis_Step(Value_Size(axis)), 0);
     return axis;
+}
+
+} // namespace
+
+Chart_Axis Value_Axis(double low, double high)
+{
+    return Axis_Between(Rounded_End(low), Rounded_End(high));
+}
+
+Chart_Axis Plain_Value_Axis(double low, double high)
+{
+    return Axis_Between(Plain_End(low), Plain_End(high));
 }
 
 Chart_Axis Position_Axis(double length, double first_label)

@@ -10,6 +10,9 @@ namespace orvel {
 // the axis; without any extent the axis goes to 1. Ticks are drawn up to 1.05 times each end.
 Chart_Axis Value_Axis(double low, double high);
 
+// The same with both ends as they are.
+Chart_Axis Plain_Value_Axis(double low, double high);
+
 // The axis of positions from 0 to `length`, a positive number, which is not rounded. Labels count from `first_label`;
 // ticks are placed where they are round.
 Chart_Axis Position_Axis(double length, double first_label = 0);

@@ -26,7 +26,7 @@ struct Climate_Column {
 // In the order of the file, which is also that of the grid.
 constexpr std::array<Climate_Column, 7> Climate_Columns = {{
     {&Climate_Row::Cli_Rain, 8, "Rainfall", "[cm]", "Rainfall", "0.00", "Precipitation [cm]"},
-    {&Climate_Row::Cli_Evap, 18, "[cm]", "Evap", "Evaporation", "0.00", "pot. Evapotranspiration [cm/d]"},
+    {&Climate_Row::Cli_Evap, 18, "Evap", "[cm]", "Evaporation", "0.00", "pot. Evapotranspiration [cm/d]"},
     {&Climate_Row::Cli_Temp_14, 28, "Temp", "14.00", "Temperature at 14.00", "0.0", "Temperature at 14.00[\xB0\x43]"},
     {&Climate_Row::Cli_Temp_Mean, 38, "mean", "Temp", "Mean temperature", "0.0", "Mean Temperature [\xB0\x43]"},
     {&Climate_Row::Cli_Temp_Diff, 48, "Diff", "", "Temperature difference", "0.0", "Tmax-Tmin [\xB0\x43]"},

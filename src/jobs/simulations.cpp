@@ -117,10 +117,13 @@ Simulation Simulation_In_Bin(const Binned_Run& binned)
 }
 
 int Put_Back_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
-                         const std::vector<Binned_Run>& runs)
+                         const std::vector<Binned_Run>& runs, const Progress& progress)
 {
-    int put_back = 0;
+    int put_back = 0, done = 0;
     for (const auto& run : runs) {
+        if (progress && !progress(Decode_Level(To_Code_Page(run.Run.filename().string())),
+                                  static_cast<double>(done++) / static_cast<double>(runs.size())))
+            break;
         try {
             Put_Back(Mode_Directory(program, mode), run);
             ++put_back;

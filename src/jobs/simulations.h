@@ -26,8 +26,8 @@ int Delete_Simulations(const Program_State& program, const Ask_Function& ask, co
 Simulation Simulation_In_Bin(const Binned_Run& binned);
 
 // Puts runs back to their places; what is there now goes to the bin. Returns their number; what was refused has been
-// told.
+// told. `progress` is called before each; if it says so, the rest stays.
 int Put_Back_Simulations(const Program_State& program, const Ask_Function& ask, const Mode& mode,
-                         const std::vector<Binned_Run>& runs);
+                         const std::vector<Binned_Run>& runs, const Progress& progress = {});
 
 } // namespace orvel

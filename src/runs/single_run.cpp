@@ -7,6 +7,9 @@
 #include "files/file_messages.h"
 #include "runs/mode.h"
 #include "runs/run_control.h"
+#include "ui/date_hint.h"
+
+#include <tuple>
 
 namespace orvel {
 
@@ -84,6 +87,12 @@ std::optional<Refusal> Check_Boxes(const Single_Run_Entry& entry)
         return File_Refusal("Insert value for ending day", "Combo_endd");
     if (Val(entry.Years) < 1)
         return File_Refusal("Insert value for simulation years", "Text_years");
+    for (const auto& [day, control] : {std::pair(&entry.Start_Day, "Combo_stad"), {&entry.End_Day, "Combo_endd"}}) {
+        if (auto refusal = Check_Day(*day, control))
+            return refusal;
+    }
+    if (auto refusal = Check_Years(entry.Years))
+        return refusal;
     if (Trim(entry.Pesticide).empty())
         return File_Refusal("Select PSM file", "File_psm");
     if (Trim(entry.Scenario).empty())
@@ -102,6 +111,12 @@ std::optional<Refusal> Check_Boxes(const Single_Run_Entry& entry)
     return std::nullopt;
 }
 
+// The index of a month in its list, -1 if it is none.
+int Month_Index(double month)
+{
+    return month >= 1 && month < 13 ? static_cast<int>(month) - 1 : -1;
+}
+
 // The text that a box shows for a setting; empty if it was never set.
 std::string Box_Text(const Variant& setting)
 {
@@ -118,8 +133,8 @@ Single_Run_Entry Entry_Of_Settings(const Single_Run_Settings& run)
             .Start_Day = Box_Text(run.Start_Day),
             .End_Day = Box_Text(run.End_Day),
             .Years = Box_Text(run.Sim_Years),
-            .Start_Month_Index = static_cast<int>(run.Start_Month.Number()) - 1,
-            .End_Month_Index = run.End_Month - 1};
+            .Start_Month_Index = Month_Index(run.Start_Month.Number()),
+            .End_Month_Index = Month_Index(run.End_Month)};
 }
 
 Single_Run_Settings Settings_Of_Entry(const Single_Run_Entry& entry)
@@ -161,7 +176,24 @@ std::optional<Refusal> Check_Years(const std::string& text)
 {
     if (Val(text) < 1)
         return Refusal{{std::string(Data_Check), "Value must be greater than 0"}, "Text_years"};
+    if (Val(text) > Most_Years)
+        return Refusal{{std::string(Data_Check), "Value must be smaller than " + std::to_string(Most_Years + 1)},
+                       "Text_years"};
     return std::nullopt;
+}
+
+std::string Period_Hints(const Single_Run_Entry& entry)
+{
+    std::string hints;
+    for (const auto& [caption, day, month] : {std::tuple("Start", &entry.Start_Day, entry.Start_Month_Index),
+                                              {"End", &entry.End_Day, entry.End_Month_Index}}) {
+        const double number = Val(*day);
+        const auto hint =
+            number >= 1 && number <= Last_Day ? Date_Hint(static_cast<int>(number), month + 1) : std::nullopt;
+        if (hint)
+            hints += (hints.empty() ? "" : "\n") + std::string(caption) + ": " + *hint;
+    }
+    return hints;
 }
 
 std::string Missing_Files_Text(const Program_State& program, const fs::path& directory)

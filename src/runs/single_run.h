@@ -34,9 +34,12 @@ void Restore_Single_Run(const std::filesystem::path& directory, Single_Run_Setti
 std::optional<Refusal> Check_Single_Run(const std::filesystem::path& directory, const Single_Run_Entry& entry,
                                         double scenario_horizons);
 
-// Checks of a box that is left: a day must be 1 to 31, the years above 0.
+// Checks of a box that is left: a day must be 1 to 31, the years 1 to the most that the engine runs.
 std::optional<Refusal> Check_Day(const std::string& text, const std::string& control);
 std::optional<Refusal> Check_Years(const std::string& text);
+
+// Mild hints at days that no year has, a line each; such a day is accepted all the same.
+std::string Period_Hints(const Single_Run_Entry& entry);
 
 // What a directory lacks for a single run, and where the scenarios of the installation lie; empty if it has all.
 std::string Missing_Files_Text(const Program_State& program, const std::filesystem::path& directory);

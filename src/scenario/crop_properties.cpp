@@ -111,7 +111,7 @@ std::optional<Refusal> Check_Crop_Text(std::string_view control, std::string_vie
         return refuse("Maximum value for this parameter is 1.0");
     if (control == "Text3" && value > 100)
         return refuse("Value must not exceed 100%");
-    return std::nullopt;
+    return Check_Size(text, std::string(control));
 }
 
 void Choose_Condition(Crop_Row& crop, int item)

@@ -1,5 +1,6 @@
 #include "substance/pesticide_editor.h"
 
+#include "files/document_differences.h"
 #include "substance/application_list.h"
 #include "substance/application_pattern.h"
 #include "substance/pathway.h"
@@ -65,9 +66,9 @@ void Prepare_Save_And_Exit(Session& session)
         Check_User_Specific_Scenarios(session.Pesticide);
 }
 
-bool May_Leave_Editor(const Session& session)
+bool May_Leave_Editor(const Session& session, const Pesticide_Document& opened)
 {
-    if (!session.Program.PSM_Changed)
+    if (!session.Program.PSM_Changed && Differences(opened, session.Pesticide).empty())
         return true;
     const Message question = {"Saving Input File",
                               "Parameters were changed. Do you want to exit without saving ?",

@@ -27,7 +27,8 @@ void Check_User_Specific_Scenarios(Pesticide_Document& document);
 // What "Save and Exit" does before the save dialog; "Save" does none of it.
 void Prepare_Save_And_Exit(Session& session);
 
-// Asks before changes are discarded; true if the editor may close.
-bool May_Leave_Editor(const Session& session);
+// Asks before changes are discarded; true if the editor may close. Cancel of a detail form may have cleared the mark of
+// an earlier change, so that the document is compared with the one that was opened or saved last.
+bool May_Leave_Editor(const Session& session, const Pesticide_Document& opened);
 
 } // namespace orvel

@@ -7,13 +7,13 @@ namespace orvel {
 
 namespace {
 
-// A second pair that there is not is blank, not -99.
-std::string Text_Of_Second(const Variant& value)
+// A value that there is not is blank, not -99.
+std::string Text_If_Any(const Variant& value)
 {
     return value.Number() == No_Value ? std::string() : value.Text();
 }
 
-double Second_Typed(std::string_view text)
+double Typed_If_Any(std::string_view text)
 {
     return Trim(text).empty() ? No_Value : Val(text);
 }
@@ -23,9 +23,9 @@ double Second_Typed(std::string_view text)
 PH_Entry Load_PH(const Pesticide_Document& document, int i, const std::string& text_koc0)
 {
     return {.s_KOC = text_koc0,
-            .s_pH = document.Sorp_pH[i].Text(),
-            .s_KOC2 = Text_Of_Second(document.Koc2[i]),
-            .s_pH2 = Text_Of_Second(document.Sorp_pH2[i]),
+            .s_pH = Text_If_Any(document.Sorp_pH[i]),
+            .s_KOC2 = Text_If_Any(document.Koc2[i]),
+            .s_pH2 = Text_If_Any(document.Sorp_pH2[i]),
             .s_pKa = document.Sorp_pKa[i].Text(),
             .s_Dataset = document.Sorp_pH2[i].Number() == No_Value};
 }
@@ -40,9 +40,9 @@ PH_View View_Of_PH(const PH_Entry& entry)
 void Accept_PH(Pesticide_Document& document, int i, const PH_Entry& entry, std::string& text_koc0)
 {
     document.Koc[i] = Val(entry.s_KOC);
-    document.Koc2[i] = Second_Typed(entry.s_KOC2);
-    document.Sorp_pH[i] = Val(entry.s_pH);
-    document.Sorp_pH2[i] = entry.s_Dataset ? No_Value : Second_Typed(entry.s_pH2);
+    document.Koc2[i] = Typed_If_Any(entry.s_KOC2);
+    document.Sorp_pH[i] = Typed_If_Any(entry.s_pH);
+    document.Sorp_pH2[i] = entry.s_Dataset ? No_Value : Typed_If_Any(entry.s_pH2);
     document.Sorp_pKa[i] = Val(entry.s_pKa);
     text_koc0 = document.Koc[i].Text();
 }

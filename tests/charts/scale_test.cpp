@@ -58,6 +58,17 @@ TEST(Value_Axis, A_Negative_Minimum_Extends_It_Downwards_With_Steps_By_The_Large
     EXPECT_EQ(Labels(axis), (std::vector<std::string>{"-20", "-15", "-10", "-5", "0", "5"}));
 }
 
+TEST(Value_Axis, A_Plain_One_Ends_At_The_Values_Themselves_With_The_Same_Steps)
+{
+    const auto axis = Plain_Value_Axis(-12.5, 64.3); // steps of 10
+
+    EXPECT_EQ(axis.Low, -12.5);
+    EXPECT_EQ(axis.High, 64.3);
+    EXPECT_EQ(axis.Ticks.back().At, 67); // within a twentieth beyond the end
+    EXPECT_EQ(Plain_Value_Axis(0, 0).High, 1);
+    EXPECT_TRUE(std::isfinite(Plain_Value_Axis(-1e308, 1e308).Ticks.back().At));
+}
+
 TEST(Value_Axis, Keeps_Zero_When_All_Values_Are_Positive_Or_All_Negative)
 {
     EXPECT_EQ(Value_Axis(5, 6).Low, 0);

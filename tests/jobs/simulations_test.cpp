@@ -135,6 +135,25 @@ TEST_F(Simulations_Test, A_Stop_Leaves_The_Rest)
     EXPECT_EQ(Simulation_List(Home / "focus").size(), 2U);
 }
 
+TEST_F(Simulations_Test, A_Stop_Leaves_The_Rest_In_The_Bin)
+{
+    for (const char* location : {"Hamburg (H)", "Porto (O)", "Thiva (T)"})
+        Add_Run("a", location, true);
+    The_User.Answers = {Button::Yes};
+    Delete_Simulations(The_Session.Program, The_Session.Ask, Focus(), Simulation_List(Home / "focus"));
+    std::string told;
+
+    const int put_back = Put_Back_Simulations(The_Session.Program, The_Session.Ask, Focus(),
+                                              Runs_In_Bin(Home / "focus"), [&](const std::string& location, double) {
+                                                  told += location + ";";
+                                                  return told.size() < 20;
+                                              });
+
+    EXPECT_EQ(put_back, 1);
+    EXPECT_EQ(told, "Hamburg (H);Porto (O);");
+    EXPECT_EQ(Runs_In_Bin(Home / "focus").size(), 2U);
+}
+
 TEST_F(Simulations_Test, A_Deleted_Simulation_Is_No_Longer_Part_Of_The_Pending_Batch)
 {
     const fs::path batch = Home / "focus" / "batch.bat";

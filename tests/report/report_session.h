@@ -29,9 +29,10 @@ protected:
         Write_Pesticide(Installation.Path(), 1);
     }
 
-    static std::filesystem::path Run_Of(const std::string& crop, const std::string& location)
+    static std::filesystem::path Run_Of(const std::string& crop, const std::string& location,
+                                        const std::string& mode = "focus")
     {
-        return "focus/demo.run/" + crop + ".run/" + location + ".run";
+        return mode + "/demo.run/" + crop + ".run/" + location + ".run";
     }
 
     // One application a year on 1 November at both locations.
@@ -53,7 +54,8 @@ protected:
     }
 
     std::filesystem::path Add_Run(const std::string& crop, const std::string& location, int factor,
-                                  const std::vector<std::string>& names = {"P & <Q>", "M"})
+                                  const std::vector<std::string>& names = {"P & <Q>", "M"},
+                                  const std::string& mode = "focus")
     {
         Leachate_Run run({.Names = names});
         auto fluxes = Rising(26);
@@ -62,7 +64,7 @@ protected:
         run.Write_Water(26);
         run.Write_Chem(".orv", fluxes, fluxes);
         run.Write_Chem("_A1.orv", std::vector<int>(26, 0), std::vector<int>(26, 0));
-        const auto place = Installation / Run_Of(crop, location);
+        const auto place = Installation / Run_Of(crop, location, mode);
         std::filesystem::create_directories(place);
         for (const auto& entry : std::filesystem::directory_iterator(run.Path()))
             std::filesystem::copy_file(entry.path(), place / entry.path().filename());

@@ -4,6 +4,7 @@
 #include "core/sha256.h"
 #include "core/text.h"
 #include "output/run_files.h"
+#include "report/report_formats.h"
 #include "report_session.h"
 
 namespace orvel {
@@ -169,6 +170,32 @@ TEST_F(Report_Session, All_Crops_That_Were_Run_Are_Gathered_And_A_Choice_Of_Loca
     ASSERT_EQ(chosen.Crops[0].Runs.size(), 1U);
     EXPECT_EQ(chosen.Crops[0].Runs[0].Location, "Kremsm\xFCnster (K)");
     EXPECT_EQ(chosen.Crops[0].Tables[0].Diagram.X.Ticks[0].Label, "K");
+}
+
+TEST_F(Report_Session, A_Soil_Report_Names_Its_Protection_Goal_And_The_Zones_By_Their_Codes)
+{
+    for (const char* zone : {"Total_-_content_-_-_-_North_-_(T_N)", "Total_-_content_-_-_-_South_-_(T_S)"})
+        for (const char* mode : {"EFSA", "EFSA_T4"})
+            Add_Run("Winter_-_cereals", zone, 1, {"P", "M"}, mode);
+    const auto report = [&](Mode_Kind kind) {
+        return Gather_Report(
+            The_Session, Request_Summaries(The_Session, Mode_Of(kind), "demo", "Winter cereals", Codes_In("t_n, P_C")),
+            0);
+    };
+
+    const Report second = report(Mode_Kind::Efsa);
+
+    EXPECT_EQ(second.Title, "Organisms in soil, Tier 2: summary report");
+    EXPECT_EQ(report(Mode_Kind::Efsa_T4).Title, "Organisms in soil, Tier 4: summary report");
+    ASSERT_EQ(second.Crops.size(), 1U);
+    ASSERT_EQ(second.Crops[0].Runs.size(), 2U);
+    EXPECT_EQ(second.Crops[0].Runs[0].Location, "Total content - North (T_N)");
+    EXPECT_EQ(second.Crops[0].Runs[0].Problem, "");
+    EXPECT_EQ(second.Crops[0].Runs[1].Location, "Porewater concentration - Central (P_C)");
+    EXPECT_EQ(second.Crops[0].Runs[1].Problem, "The location was not simulated.");
+    const std::string page = Report_Html(second);
+    EXPECT_NE(page.find("<title>Organisms in soil, Tier 2: summary report"), std::string::npos);
+    EXPECT_EQ(page.find("groundwater"), std::string::npos);
 }
 
 TEST_F(Report_Session, Locations_Of_The_Crop_That_Were_Not_Run_Are_Noted)

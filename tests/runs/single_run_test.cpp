@@ -106,6 +106,48 @@ TEST_F(Single_Run_Test, Days_Are_Checked_By_Their_Range_Alone)
     EXPECT_EQ(Check_Years("0")->Text, (Message{"Data check", "Value must be greater than 0"}));
 }
 
+// The engine runs 66 years at most.
+TEST_F(Single_Run_Test, Days_And_Years_Beyond_All_Measure_Are_Refused_On_Start_Too)
+{
+    for (const char* number : {"67", "1e308", "1e999"}) {
+        auto entry = Entry();
+        entry.Years = number;
+        EXPECT_EQ(Told_Of(entry), "Data check: Value must be smaller than 67 -> Text_years") << number;
+        entry = Entry();
+        entry.End_Day = number;
+        EXPECT_EQ(Told_Of(entry), "Data check: Value must be betwen 0 and 31 -> Combo_endd") << number;
+    }
+    EXPECT_EQ(Check_Years("66"), std::nullopt);
+}
+
+TEST_F(Single_Run_Test, A_Run_Control_With_An_Impossible_Month_Leaves_It_Open)
+{
+    Write_Whole(Place / "orvel.inp", "001 01 1e308 31 99\r\nH_maize.sze\r\ntest.psm\r\none.cli\r\n");
+    Single_Run_Settings run;
+    Output_Selection output{};
+
+    Restore_Single_Run(Place.Path(), run, output);
+
+    EXPECT_EQ(Entry_Of_Settings(run).Start_Month_Index, -1);
+    EXPECT_EQ(Entry_Of_Settings(run).End_Month_Index, -1);
+}
+
+TEST_F(Single_Run_Test, A_Day_That_No_Year_Has_Is_Hinted_At)
+{
+    auto entry = Entry();
+    EXPECT_EQ(Period_Hints(entry), "");
+
+    entry.Start_Day = "30";
+    entry.Start_Month_Index = 1;
+    entry.End_Day = "31";
+    entry.End_Month_Index = 3;
+    EXPECT_EQ(Period_Hints(entry), "Start: February has no day 30.\nEnd: April has no day 31.");
+    EXPECT_EQ(Told_Of(entry), "");
+
+    entry.Start_Day = entry.End_Day = "1e308"; // told where it is left
+    EXPECT_EQ(Period_Hints(entry), "");
+}
+
 TEST_F(Single_Run_Test, The_Form_Opens_With_What_The_Last_Run_Control_Says)
 {
     Write_Whole(Place / "orvel.inp", Format_Single_Run(Settings_Of_Entry(Entry()), {{{23, 100}}}));

@@ -176,6 +176,8 @@ TEST_F(Crop_Properties, A_Value_Beyond_Its_Limit_Is_Warned_Of_And_The_Limit_Itse
     EXPECT_EQ(Check_Crop_Text("Text3", "101"), (Refusal{{"DATA CHECK", "Value must not exceed 100%"}, "Text3"}));
     EXPECT_EQ(Check_Crop_Text("Text3", "100"), std::nullopt);
     EXPECT_EQ(Check_Crop_Text("Text1", "-5"), std::nullopt);
+    EXPECT_EQ(Check_Crop_Text("Text1", "1e308"),
+              (Refusal{{"Data check", "\"1e308\" is too large a number."}, "Text1"}));
 }
 
 } // namespace

@@ -104,13 +104,14 @@ TEST_F(Pesticide_Editor, Leaves_Dated_Applications_And_Relative_Documents_As_The
 
 TEST_F(Pesticide_Editor, Asks_Before_Changes_Are_Given_Up)
 {
-    EXPECT_TRUE(May_Leave_Editor(The_Session));
+    const auto opened = std::make_unique<Pesticide_Document>(Document);
+    EXPECT_TRUE(May_Leave_Editor(The_Session, *opened));
     EXPECT_TRUE(The_User.Messages.empty());
 
     The_Session.Program.PSM_Changed = true;
     The_User.Answers = {Button::No, Button::Yes};
-    EXPECT_FALSE(May_Leave_Editor(The_Session));
-    EXPECT_TRUE(May_Leave_Editor(The_Session));
+    EXPECT_FALSE(May_Leave_Editor(The_Session, *opened));
+    EXPECT_TRUE(May_Leave_Editor(The_Session, *opened));
     EXPECT_EQ(The_User.Messages[0], (Message{"Saving Input File",
                                              "Parameters were changed. Do you want to exit without saving ?",
                                              Icon::Question,

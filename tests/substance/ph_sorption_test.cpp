@@ -66,6 +66,23 @@ TEST_F(PH_Sorption, A_Second_Pair_Left_Blank_Is_None)
     EXPECT_EQ(Document.Sorp_pH2[1].Number(), -99);
 }
 
+// pKa 20 in a file goes with -99 for the pH, which the field must not offer when the substance comes to dissociate.
+TEST_F(PH_Sorption, A_First_pH_That_There_Is_Not_Is_Blank_Too)
+{
+    Document.Sorp_pKa[1] = 20;
+    Document.Sorp_pH[1] = -99;
+
+    auto entry = Load_PH(Document, 1, "120");
+    EXPECT_EQ(entry.s_pH, "");
+    std::string koc;
+    Accept_PH(Document, 1, entry, koc);
+    EXPECT_EQ(Document.Sorp_pH[1], Variant(-99));
+
+    entry.s_pH = "6.5";
+    Accept_PH(Document, 1, entry, koc);
+    EXPECT_EQ(Document.Sorp_pH[1], Variant(6.5));
+}
+
 TEST_F(PH_Sorption, Is_Stored_As_Numbers_And_Gives_The_Substance_Form_Its_Koc)
 {
     std::string text_koc0 = "120";

@@ -87,6 +87,18 @@ TEST(Balance_Charts, A_Year_Has_A_Box_For_Every_Term_In_The_Colours_Of_The_Key)
     EXPECT_EQ(chart.Boxes[11].Name, "Year 2, " + chart.Key[5].Text);
 }
 
+// Nothing was irrigated in either year: the other five terms share the year.
+TEST(Balance_Charts, A_Term_That_Is_Zero_In_Every_Year_Leaves_No_Gap)
+{
+    const auto chart = Water_Balance_Chart(Tables_Of(Water, ""));
+
+    ASSERT_EQ(chart.Boxes.size(), 12U);
+    EXPECT_NEAR(chart.Boxes[0].Right - chart.Boxes[0].Left, 0.94 / 5, 1e-9);
+    EXPECT_EQ(chart.Boxes[1].Left, chart.Boxes[1].Right);
+    EXPECT_EQ(chart.Boxes[2].Left, chart.Boxes[0].Right);
+    EXPECT_EQ(chart.Key[1].Text, "Irrigation");
+}
+
 TEST(Balance_Charts, A_Single_Year_Has_All_Its_Boxes_On_The_Axis)
 {
     Balance_Tables tables;
@@ -99,13 +111,13 @@ TEST(Balance_Charts, A_Single_Year_Has_All_Its_Boxes_On_The_Axis)
     EXPECT_LE(chart.Boxes.back().Right, chart.X.High);
 }
 
-TEST(Balance_Charts, The_Largest_Value_Of_Either_Sign_Scales_The_Axis)
+TEST(Balance_Charts, The_Plain_Maximum_Scales_The_Axis_And_A_Fifth_More_The_Frame)
 {
     const auto chart = Water_Balance_Chart(Tables_Of(Water, ""));
 
-    EXPECT_EQ(chart.Y.High, 700);
-    EXPECT_EQ(chart.Y.Low, -200);
-    EXPECT_DOUBLE_EQ(chart.Frame.Top, 1.2 * 700);
+    EXPECT_EQ(chart.Y.High, 643.102);
+    EXPECT_EQ(chart.Y.Low, -142.995);
+    EXPECT_DOUBLE_EQ(chart.Frame.Top, 1.2 * 643.102);
 }
 
 TEST(Balance_Charts, A_Substance_Stands_In_The_Title_By_Its_Name)

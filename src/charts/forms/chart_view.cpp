@@ -148,6 +148,12 @@ void Chart_View::Mark(std::optional<Chart_Point> point)
     update();
 }
 
+// A value that is shown stays; the view's own tip comes where there is none.
+bool Chart_View::event(QEvent* event)
+{
+    return event->type() == QEvent::ToolTip && Marked ? true : QWidget::event(event);
+}
+
 void Chart_View::leaveEvent(QEvent* event)
 {
     Mark(std::nullopt);

@@ -121,7 +121,7 @@ void Diagram_Form::Kopieren()
 
 void Diagram_Form::Drucken()
 {
-    Print_Picture(*this, Picture_Of(Shown_Chart()));
+    Print_Picture(*this, Ask, Picture_Of(Shown_Chart()));
 }
 
 void Diagram_Form::Speichern()

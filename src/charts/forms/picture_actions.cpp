@@ -1,12 +1,12 @@
 #include "charts/forms/picture_actions.h"
 
 #include "core/error.h"
+#include "ui/forms/printing.h"
 #include "ui/forms/widgets.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
-#include <QPrintDialog>
 #include <QPrinter>
 
 namespace orvel {
@@ -16,16 +16,18 @@ void Copy_Picture(const Picture& picture)
     QApplication::clipboard()->setImage(Picture_Image(picture));
 }
 
-void Print_Picture(QWidget& parent, const Picture& picture)
+void Print_Picture(QWidget& parent, const Ask_Function& ask, const Picture& picture)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     printer.setDocName(Shown(picture.Title));
-    if (QPrintDialog(&printer, &parent).exec() != QDialog::Accepted)
-        return;
-    QPainter painter(&printer);
-    const QRect page = printer.pageLayout().paintRectPixels(printer.resolution());
-    picture.Paint(painter, page.translated(-page.topLeft()));
+    Print_By_Dialog(parent, ask, printer, [&](QPrinter& chosen) {
+        QPainter painter;
+        if (!painter.begin(&chosen))
+            return;
+        const QRect page = chosen.pageLayout().paintRectPixels(chosen.resolution());
+        picture.Paint(painter, page.translated(-page.topLeft()));
+    });
 }
 
 void Save_Picture_As(QWidget& parent, const Ask_Function& ask, const Picture& picture, const QString& title,

@@ -11,8 +11,8 @@ namespace orvel {
 
 void Copy_Picture(const Picture& picture); // to the clipboard
 
-// Lets the user choose a printer and prints in landscape.
-void Print_Picture(QWidget& parent, const Picture& picture);
+// Lets the user choose a printer and prints in landscape; a failure is told.
+void Print_Picture(QWidget& parent, const Ask_Function& ask, const Picture& picture);
 
 // Lets the user choose a file and saves the picture there, as .png if no extension is given. `title` heads the dialog
 // and the message about a failure.

@@ -17,8 +17,16 @@ constexpr double Line_Width = 1.3;
 constexpr double Margin = 0.6;     // of a line of text
 constexpr double Key_Square = 0.7; // of a line of text
 constexpr double Least_Points = 4;
-constexpr float Grid_Strength = 0.12F;          // opacity
+constexpr float Grid_Strength = 0.14F;          // of the text's colour
 constexpr QMarginsF Dot_Margins = {2, 2, 2, 2}; // in widths of a line
+
+// Archive documents know no transparency: they would show a pale line in full strength.
+QColor Mixed(const QColor& ink, const QColor& ground, float share)
+{
+    const auto mix = [share](float a, float b) { return share * a + (1 - share) * b; };
+    return QColor::fromRgbF(mix(ink.redF(), ground.redF()), mix(ink.greenF(), ground.greenF()),
+                            mix(ink.blueF(), ground.blueF()));
+}
 
 class Chart_Drawing {
 public:
@@ -56,9 +64,8 @@ private:
     // Pale lines at the labelled ticks; beside bars, which stand at every position, only those of the values.
     void Draw_Grid()
     {
-        QColor pale = Palette.color(QPalette::Text);
-        pale.setAlphaF(Grid_Strength);
-        Painter.setPen(QPen(pale, 0));
+        Painter.setPen(
+            QPen(Mixed(Palette.color(QPalette::Text), Palette.color(QPalette::Base), Grid_Strength), Line / 24));
         const double high = std::max(Source.Y.High, Source.Y.Ticks.empty() ? 0 : Source.Y.Ticks.back().At);
         for (const Chart_Tick* tick : Y_Labels())
             Painter.drawLine(Plane.At(Source.X.Low, tick->At), Plane.At(Source.X.High, tick->At));
@@ -68,7 +75,7 @@ private:
         }
     }
 
-    // The names of lines and the labels of boxes, close to them.
+    // The names of lines behind their ends, where no box stands, and the labels of boxes.
     void Draw_Names()
     {
         Painter.setFont(Sized(Plain, Long_Label_Points));
@@ -78,14 +85,19 @@ private:
                 continue;
             const QPointF end = Plane.At(line.Points.back().X, line.Points.back().Y);
             Painter.setPen(Colour_Of(line.Drawn_In, Palette));
-            Painter.drawText(QRectF(Plane.Area().left(), end.y() - height, end.x() - Plane.Area().left(), height),
-                             Qt::AlignRight | Qt::AlignVCenter, Chart_Text(line.Name));
+            Painter.drawText(QRectF(end.x() + Name_Gap * height, end.y() - height / 2, 0, height),
+                             Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, Chart_Text(line.Name));
         }
         Painter.setPen(Palette.color(QPalette::Text));
         for (const Chart_Box& box : Source.Boxes) {
+            if (box.Label.empty())
+                continue;
             const QPointF end = Plane.At((box.Left + box.Right) / 2, box.Y);
-            Painter.drawText(QRectF(end.x(), box.Y < 0 ? end.y() : end.y() - height, 0, height),
-                             Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label));
+            const QRectF place(end.x(), box.Y < 0 ? end.y() : end.y() - height, 0, height);
+            QRectF ground;
+            Painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label), &ground);
+            Painter.fillRect(ground, Palette.base()); // a line may pass behind the figure
+            Painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label));
         }
         Painter.setFont(Plain);
     }

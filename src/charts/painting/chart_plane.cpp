@@ -40,14 +40,20 @@ double Left_Margin(const Chart& chart, double width, const QFont& font, const QP
     return Taken_Off(widest + gaps, free, width);
 }
 
-// Half of the widest position label, which may stand at the end of the axis.
+// Half of the widest position label, which may stand at the end of the axis, or the name of a line behind its end.
 double Right_Margin(const Chart& chart, const QFont& font, const QPaintDevice* device)
 {
     const auto metrics = Metrics_Of(Sized(font, Label_Points), device);
     double widest = 0;
     for (const Chart_Tick& tick : chart.X.Ticks)
         widest = std::max(widest, metrics.horizontalAdvance(Chart_Text(tick.Label)));
-    return widest / 2 + Margin / 2 * metrics.lineSpacing();
+    const auto small = Metrics_Of(Sized(font, Long_Label_Points), device);
+    double named = 0;
+    for (const Chart_Line& line : chart.Lines) {
+        if (!line.Name.empty())
+            named = std::max(named, small.horizontalAdvance(Chart_Text(line.Name)) + 2 * Name_Gap * small.height());
+    }
+    return std::max(widest / 2 + Margin / 2 * metrics.lineSpacing(), named);
 }
 
 // The height of the position labels and of the axis title below them and below the lowest value.

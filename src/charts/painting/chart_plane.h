@@ -15,6 +15,7 @@ namespace orvel {
 // Where the parts of a chart lie in a picture of any size: no text is cut off and no label covers another.
 
 constexpr double Title_Scale = 1.15; // times the text size
+constexpr double Name_Gap = 0.5;     // of a letter's height, between a line's end and its name
 
 QString Chart_Text(const std::string& bytes);
 

@@ -3,12 +3,19 @@
 #include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 
-#include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace orvel {
+
+namespace {
+
+constexpr int Columns_Shown = 60; // of the installation's path
+
+} // namespace
 
 Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
 {
@@ -28,11 +35,15 @@ Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
     place->Show(program.App_Path);
     rows->addRow("Installation:", place);
 
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    auto* ok = Push_Button("OK", "&OK", this, &QDialog::accept);
+    ok->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
     auto* all = new QVBoxLayout(this);
     all->addLayout(rows);
-    all->addWidget(buttons);
+    all->addLayout(buttons);
+    resize(fontMetrics().averageCharWidth() * Columns_Shown, sizeHint().height());
 }
 
 } // namespace orvel

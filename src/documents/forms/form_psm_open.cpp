@@ -24,6 +24,7 @@ Form_PSM_Open::Form_PSM_Open(Session& session, std::string mask, const std::file
     setWindowTitle("Open PSM file");
     Lay_Out(directory);
     Files->Refresh(The_Session.Program.PSM_File);
+    Files->Focus_List();
 }
 
 void Form_PSM_Open::Lay_Out(const std::filesystem::path& directory)

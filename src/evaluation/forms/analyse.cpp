@@ -121,7 +121,7 @@ void Analyse::Report_Failure()
         return;
     Failed = false;
     if (const auto echo = Shown_Echo(The_Session, Run_Directory()))
-        Fehler_in_Simulation(*echo, this).exec();
+        Fehler_in_Simulation(*echo, The_Session.Ask, this).exec();
 }
 
 std::filesystem::path Analyse::Run_Directory() const
@@ -173,7 +173,7 @@ void Analyse::Balance_Click()
 void Analyse::Echo_Click()
 {
     if (const auto echo = Shown_Echo(The_Session, Run_Directory()))
-        Echo_ORV(*echo, this).exec();
+        Echo_ORV(*echo, The_Session.Ask, this).exec();
 }
 
 void Analyse::Zusammenfassung_Click()

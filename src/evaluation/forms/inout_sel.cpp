@@ -219,7 +219,7 @@ void inout_sel::Tick()
 void inout_sel::Echo_Click()
 {
     if (const auto echo = Shown_Echo(The_Session, Directory))
-        Echo_ORV(*echo, this).exec();
+        Echo_ORV(*echo, The_Session.Ask, this).exec();
 }
 
 void inout_sel::Grafik_Click()

@@ -2,8 +2,10 @@
 
 #include "jobs/simulations.h"
 #include "ui/forms/widgets.h"
+#include "ui/forms/work_bar.h"
 
 #include <algorithm>
+#include <functional>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -44,6 +46,7 @@ void Put_Back_List::Lay_Out()
     Bin_Grid->verticalHeader()->hide();
     Bin_Grid->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Bin_Grid->horizontalHeader()->setStretchLastSection(true);
+    Bin_Grid->horizontalHeader()->setHighlightSections(false);
     connect(Bin_Grid, &QTableWidget::itemSelectionChanged, this, &Put_Back_List::Selection_Changed);
 
     auto* note =
@@ -74,7 +77,7 @@ void Put_Back_List::Refresh()
             Bin_Grid->setItem(row, column++, new QTableWidgetItem(Shown(text)));
     }
     Bin_Grid->resizeColumnsToContents();
-    for (int column = 0; column < Bin_Grid->columnCount(); ++column)
+    for (int column = 0; column + 1 < Bin_Grid->columnCount(); ++column) // the last one takes the rest
         Bin_Grid->setColumnWidth(column, Bin_Grid->columnWidth(column) + fontMetrics().averageCharWidth() * 2);
     if (!Runs.empty())
         Bin_Grid->selectRow(0);
@@ -91,7 +94,11 @@ void Put_Back_List::Put_Back_Click()
     std::vector<Binned_Run> chosen;
     for (const QModelIndex& index : Bin_Grid->selectionModel()->selectedRows())
         chosen.push_back(Runs[static_cast<std::size_t>(index.row())]);
-    Put_Back_Simulations(The_Session.Program, The_Session.Ask, The_Mode, chosen);
+    {
+        Work_Bar bar(*this, windowTitle());
+        Put_Back_Simulations(The_Session.Program, The_Session.Ask, The_Mode, chosen,
+                             std::bind_front(&Work_Bar::Step, &bar));
+    }
     Refresh();
 }
 

@@ -128,6 +128,7 @@ void Series_Choice::Show_Items(std::vector<Parameter_Item> items)
     Parameter->clear();
     for (const Parameter_Item& item : Items)
         Parameter->addItem(Shown(item.Text));
+    setEnabled(!Items.empty());
 }
 
 Period Series_Choice::Chosen_Period() const

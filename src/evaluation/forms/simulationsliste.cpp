@@ -9,13 +9,14 @@
 #include "ui/forms/form_keys.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
+#include "ui/forms/work_bar.h"
 
 #include <algorithm>
+#include <functional>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -26,7 +27,6 @@ namespace orvel {
 
 namespace {
 
-constexpr int Steps = 1000;            // of the bar while simulations are deleted
 constexpr int Refresh_Interval = 2000; // ms
 constexpr int Columns_Shown = 110;     // at least
 constexpr int Lines_Shown = 24;
@@ -250,15 +250,11 @@ void Simulationsliste::Auswaehlen_Click()
 void Simulationsliste::Loeschen_Click()
 {
     Timer1.stop();
-    QProgressDialog bar("Deleting simulations ...", "&Stop", 0, Steps, this);
-    bar.setWindowModality(Qt::WindowModal);
-    Delete_Simulations(The_Session.Program, The_Session.Ask, The_Mode, Selected(),
-                       [&](const std::string& location, double share) {
-                           bar.setLabelText(Shown(location));
-                           bar.setValue(static_cast<int>(share * Steps)); // lets the window take a click on "Stop"
-                           return !bar.wasCanceled();
-                       });
-    bar.reset();
+    {
+        Work_Bar bar(*this, "Deleting simulations");
+        Delete_Simulations(The_Session.Program, The_Session.Ask, The_Mode, Selected(),
+                           std::bind_front(&Work_Bar::Step, &bar));
+    }
     Refresh();
     Timer1.start(Refresh_Interval);
 }

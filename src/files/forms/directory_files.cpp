@@ -63,6 +63,11 @@ void Directory_Files::Select_First()
         File1->setCurrentRow(0);
 }
 
+void Directory_Files::Focus_List()
+{
+    File1->setFocus();
+}
+
 void Directory_Files::Refresh(const std::string& name)
 {
     const Hourglass waiting;

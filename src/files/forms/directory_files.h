@@ -20,6 +20,7 @@ public:
     std::string Selected_Name() const; // empty where nothing is selected
     bool Is_Empty() const;
     void Select_First(); // unless one is selected
+    void Focus_List();
 
     // Lists the files anew; the one of a name is selected, or the first.
     void Refresh(const std::string& name);

@@ -7,6 +7,7 @@
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/output_selection.h"
 #include "ui/forms/leave_guard.h"
+#include "ui/forms/number_edit.h"
 #include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 #include "ui/number_field.h"
@@ -92,6 +93,7 @@ void form_end::Load(const Single_Run_Entry& entry)
     Combo_endm->setCurrentIndex(entry.End_Month_Index);
     Text_years->setText(Shown(entry.Years));
     Ausgabe[static_cast<std::size_t>(Option_Of_Output(The_Session.Output))]->setChecked(true);
+    Show_Date_Hint();
 }
 
 Single_Run_Entry form_end::Entry() const
@@ -238,6 +240,13 @@ bool form_end::event(QEvent* event)
     if (event->type() == QEvent::WindowActivate)
         Refresh_Files();
     return QDialog::event(event);
+}
+
+void form_end::Show_Date_Hint()
+{
+    const std::string hints = Period_Hints(Entry());
+    Datum_Hinweis->setText(Shown(hints));
+    Datum_Hinweis->setVisible(!hints.empty());
 }
 
 void form_end::Stop()

@@ -20,6 +20,7 @@ class QRadioButton;
 namespace orvel {
 
 class Leave_Guard;
+class Number_Edit;
 class Path_Label;
 
 // The single run: its input files, its period, its output, the archive of earlier output.
@@ -59,17 +60,20 @@ private:
     void Close_Archive();
     void Leave(const QWidget& box);
     void Show_State();
+    void Show_Date_Hint();
     void Stop();
 
     Session& The_Session;
     Run_Windows Windows;
     std::filesystem::path Directory;
     Path_Label* Dir1 = nullptr;
-    QLabel* Missing = nullptr; // which files the directory lacks
+    QLabel* Missing = nullptr;       // which files the directory lacks
+    QLabel* Datum_Hinweis = nullptr; // days that no year has
     QListWidget *File_psm = nullptr, *File_sce = nullptr, *File_cli = nullptr, *List_cli = nullptr;
     std::array<QLabel*, 2> Label2{};
     QComboBox *Combo_stad = nullptr, *Combo_endd = nullptr, *Combo_stam = nullptr, *Combo_endm = nullptr;
-    QLineEdit *Text_years = nullptr, *Text1 = nullptr;
+    Number_Edit* Text_years = nullptr;
+    QLineEdit* Text1 = nullptr;
     std::array<QRadioButton*, 3> Ausgabe{};
     QGroupBox* Frame1 = nullptr;
     QPushButton* Command8 = nullptr;

@@ -3,6 +3,7 @@
 #include "ui/forms/date_boxes.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/leave_guard.h"
+#include "ui/forms/number_edit.h"
 #include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 
@@ -129,6 +130,7 @@ QLayout* form_end::Climate_List()
     column->addWidget(title);
     column->addWidget(File_cli, 1);
     column->addLayout(buttons);
+    column->addWidget(new QLabel("Files of the run"));
     column->addWidget(List_cli, 1);
     return column;
 }
@@ -139,9 +141,13 @@ QLayout* form_end::Period()
     Combo_endd = Day_Box("Combo_endd", "Last day");
     Combo_stam = Month_Box("Combo_stam", "First month");
     Combo_endm = Month_Box("Combo_endm", "Last month");
-    Text_years = Named(new QLineEdit, "Text_years");
+    Text_years = Named(new Number_Edit, "Text_years");
     for (QWidget* left : std::initializer_list<QWidget*>{Combo_stad, Combo_endd, Text_years})
         Guard->Watch(*left);
+
+    Datum_Hinweis = Named(new QLabel, "Datum_Hinweis");
+    for (const auto* part : {Combo_stad, Combo_endd, Combo_stam, Combo_endm})
+        connect(part, &QComboBox::currentTextChanged, this, &form_end::Show_Date_Hint);
 
     auto* period = new QFormLayout;
     period->addRow(new QLabel("Start Simulation on:"));
@@ -150,6 +156,7 @@ QLayout* form_end::Period()
     period->addRow(new QLabel("Terminate Simulation on:"));
     period->addRow("Day:", Combo_endd);
     period->addRow("Month:", Combo_endm);
+    period->addRow(Datum_Hinweis);
     period->addRow("End Simulation in Year:", Text_years);
     return period;
 }

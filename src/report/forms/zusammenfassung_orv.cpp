@@ -31,7 +31,6 @@ Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request reque
     setWindowTitle("FOCUS Summary Output File");
     Ergebnis = Fixed_Pitch_Text("Ergebnis", "Summary report");
     Diagramm = Named(new Chart_View, "Diagramm");
-    Diagramm->setToolTip("Click for the next substance");
     Diagramm->setFocusPolicy(Qt::StrongFocus);
     Add_Page(Ergebnis);
     Add_Page(Diagramm);
@@ -84,6 +83,7 @@ void Zusammenfassung_orv::Next_Substance()
 void Zusammenfassung_orv::Draw()
 {
     Diagramm->Show(Report_Chart(Built_Summary, Substance));
+    Diagramm->setToolTip(Built_Summary.Substances.size() > 1 ? "Click for the next substance" : "");
 }
 
 void Zusammenfassung_orv::Copy()
@@ -117,9 +117,9 @@ try {
 void Zusammenfassung_orv::Print()
 {
     if (Shows_Diagram())
-        Print_Picture(*this, Picture_Of(Diagramm->Shown_Chart()));
+        Print_Picture(*this, The_Session.Ask, Picture_Of(Diagramm->Shown_Chart()));
     else
-        Print_Text(*this, windowTitle(), Ergebnis->toPlainText());
+        Print_Text(*this, The_Session.Ask, windowTitle(), Ergebnis->toPlainText());
 }
 
 } // namespace orvel

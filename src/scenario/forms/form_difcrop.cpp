@@ -4,6 +4,7 @@
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
+#include "ui/number_field.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -236,8 +237,24 @@ bool Form_DifCrop::Leave(Number_Edit& box)
 void Form_DifCrop::Done()
 {
     auto* box = qobject_cast<Number_Edit*>(focusWidget());
-    if ((!box || Leave(*box)) && Confirm_Crops(The_Session, Editor, Work))
+    if ((!box || Leave(*box)) && Sizes_Are_Held() && Confirm_Crops(The_Session, Editor, Work))
         accept();
+}
+
+// A crop that is not in view may hold a number that was refused and kept.
+bool Form_DifCrop::Sizes_Are_Held()
+{
+    for (std::size_t row = 0; row < Editor.Crops.size(); ++row) {
+        for (const auto& [name, box] : Boxes) {
+            const auto control = Bytes_Of(name);
+            if (const auto refusal = Check_Size(Crop_Text(Editor.Crops[row].Properties, control), control)) {
+                List_crop->setCurrentRow(static_cast<int>(row));
+                Guard->Refuse(The_Session.Ask, *refusal);
+                return false;
+            }
+        }
+    }
+    return true;
 }
 
 } // namespace orvel

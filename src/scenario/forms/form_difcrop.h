@@ -46,6 +46,7 @@ private:
     void Tillage(int option);
     void Defaults();
     bool Leave(Number_Edit& box);
+    bool Sizes_Are_Held();
     void Done();
 
     Session& The_Session;

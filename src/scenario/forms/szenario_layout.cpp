@@ -20,7 +20,16 @@ namespace orvel {
 
 namespace {
 
-constexpr int Box_Width = 12; // in characters
+// A check box, and what it opens at the end of its row.
+QLayout* Beside(QCheckBox* check, QPushButton* opens)
+{
+    auto* row = new QHBoxLayout;
+    row->addWidget(check);
+    row->addStretch(1);
+    if (opens)
+        row->addWidget(opens);
+    return row;
+}
 
 } // namespace
 
@@ -42,7 +51,6 @@ void Szenario::Add_Row(QFormLayout& rows, const QString& caption, const QString&
 {
     auto* label = new QLabel(caption);
     auto* box = Number_Box(name, QString(caption).remove("&"), unit);
-    box->setMaximumWidth(fontMetrics().averageCharWidth() * Box_Width * 2);
     label->setBuddy(box);
     rows.addRow(label, box);
     std::vector<QWidget*> widgets = {label, box};
@@ -112,7 +120,6 @@ QGroupBox* Szenario::Soil()
     Add_Row(*rows, "&Geogr. Latitude:", "Text_geo", QString::fromUtf8("°"));
     Add_Row(*rows, "&Factor for Snow Melt:", "Text_sfac");
     auto* uptake = Named(new Number_Edit, "Text_peup");
-    uptake->setMaximumWidth(fontMetrics().averageCharWidth() * Box_Width * 2);
     rows->addRow("Pesticide &Uptake Factor:", uptake);
     connect(uptake, &QLineEdit::textEdited, this, [this] { The_Session.Program.SZE_Changed = true; });
     return group;
@@ -181,16 +188,18 @@ QGroupBox* Szenario::Processes()
     for (std::size_t x = 0; x < 2; ++x) {
         auto* process = schnelle_Prozesse[x] =
             Named(new QCheckBox(captions[x]), "schnelle_Prozesse_" + QString::number(x));
-        rows->addRow(process);
+        rows->addRow(Beside(
+            process, x == 0 ? nullptr
+                            : Command_macro = Command("Command_macro", "Macropore Parameters", &Szenario::Macropores)));
         Add_Row(*rows, depths[x], "schnelle_Prozesse_Tiefe_" + QString::number(x));
         connect(process, &QCheckBox::clicked, this, [this, x](bool on) {
             Switch_Process(The_Session, x == 0 ? Fast_Process::Runoff : Fast_Process::Macropore_Flow, on);
             Show_View();
         });
     }
-    rows->addRow(Command_macro = Command("Command_macro", "Macropore Parameters", &Szenario::Macropores));
-    rows->addRow(Check_er = Named(new QCheckBox("Calculate &Erosion"), "Check_er"));
-    rows->addRow(Command_er = Command("Command_er", "Edit Parameters", &Szenario::Erosion_Parameters));
+    Check_er = Named(new QCheckBox("Calculate &Erosion"), "Check_er");
+    Command_er = Command("Command_er", "Edit Parameters", &Szenario::Erosion_Parameters);
+    rows->addRow(Beside(Check_er, Command_er));
     rows->addRow(doc_check = Named(new QCheckBox("Calculate transport &via DOC"), "doc_check"));
     Add_Row(*rows, "DOC-Content in soil water", "s_DOC", "mg/L");
     connect(Check_er, &QCheckBox::clicked, this, [this](bool on) {

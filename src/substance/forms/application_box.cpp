@@ -9,6 +9,7 @@
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
+#include "ui/number_field.h"
 
 #include <algorithm>
 #include <QComboBox>
@@ -125,8 +126,23 @@ bool Application_Box::Leave()
     return false;
 }
 
+// Before the boxes show other applications: what is not in view could not be refused any more.
+bool Application_Box::Amounts_Are_Held()
+{
+    for (const auto* box : {Rate, Tiefe, Interception, relative_Rate, relative_Tiefe, relative_Interception}) {
+        const auto refusal = Check_Size(box->Typed(), Bytes_Of(box->objectName()));
+        if (refusal && box->isVisible()) {
+            Guard->Refuse(The_Session.Ask, *refusal);
+            return false;
+        }
+    }
+    return true;
+}
+
 void Application_Box::Choose_Dates(int index)
 {
+    if (!Amounts_Are_Held())
+        return Show_View();
     Choose_Date_Kind(The_Session, static_cast<Date_Kind>(index));
     Chosen_Mode = -1;
     Show_View();
@@ -134,6 +150,8 @@ void Application_Box::Choose_Dates(int index)
 
 void Application_Box::Choose_Place(int index)
 {
+    if (!Amounts_Are_Held())
+        return Show_View();
     Choose_Location(The_Session, index);
     Chosen_Mode = -1;
     Show_View();
@@ -141,6 +159,8 @@ void Application_Box::Choose_Place(int index)
 
 void Application_Box::Choose_Mode(int index)
 {
+    if (!Amounts_Are_Held())
+        return Show_View();
     const auto refusal = Choose_Pattern(The_Session, index);
     Chosen_Mode = refusal ? -1 : index;
     if (refusal)
@@ -150,6 +170,8 @@ void Application_Box::Choose_Mode(int index)
 
 void Application_Box::Change_Year(void (*change)(Pesticide_Edit))
 {
+    if (!Amounts_Are_Held())
+        return;
     change(The_Session);
     Show_View();
 }
@@ -189,7 +211,7 @@ void Application_Box::Edit_Plant_Surface()
 
 void Application_Box::Edit_Manually()
 {
-    if (!Leave())
+    if (!Leave() || !Amounts_Are_Held())
         return;
     if (const auto refusal = Check_Manual_Entry(Text_naps->Typed()))
         return Show_Refusal(The_Session.Ask, *window(), *refusal);

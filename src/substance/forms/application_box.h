@@ -52,6 +52,7 @@ private:
     void Show_Date_Hint();
     void Fill_Days(const Day_List& days);
 
+    bool Amounts_Are_Held(); // false: one that is shown is too large a number, and was refused
     void Choose_Dates(int index);
     void Choose_Place(int index);
     void Choose_Mode(int index);

@@ -45,6 +45,7 @@ Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory,
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
     Open_Editor(The_Session);
+    Opened = std::make_unique<const Pesticide_Document>(The_Session.Pesticide);
     for (int i = 1; i <= Substances; ++i)
         Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
     Show_Scheme();
@@ -63,7 +64,8 @@ void Form_PSM_1::Lay_Out()
     auto* keep = Push_Button("Speichern", "Save P&icture", this, [this] {
         Save_Picture_As(*this, The_Session.Ask, View->As_Picture(), "Save Picture", "scheme.png");
     });
-    auto* print = Push_Button("Drucken", "P&rint Picture", this, [this] { Print_Picture(*this, View->As_Picture()); });
+    auto* print = Push_Button("Drucken", "P&rint Picture", this,
+                              [this] { Print_Picture(*this, The_Session.Ask, View->As_Picture()); });
     auto* cancel = Push_Button("Com_Exit1", "&Cancel", this, &Form_PSM_1::reject);
 
     auto* buttons = new QHBoxLayout;
@@ -116,6 +118,7 @@ bool Form_PSM_1::Save()
     if (saving.exec() != Accepted)
         return false;
     Directory = saving.Save_Target().parent_path();
+    Opened = std::make_unique<const Pesticide_Document>(The_Session.Pesticide);
     return true;
 }
 
@@ -131,7 +134,7 @@ void Form_PSM_1::Save_And_Exit()
 
 void Form_PSM_1::reject()
 {
-    if (May_Leave_Editor(The_Session))
+    if (May_Leave_Editor(The_Session, *Opened))
         QDialog::reject();
 }
 

@@ -3,6 +3,7 @@
 #include "core/session.h"
 
 #include <filesystem>
+#include <memory>
 #include <QDialog>
 
 namespace orvel {
@@ -29,6 +30,7 @@ private:
 
     Session& The_Session;
     std::filesystem::path Directory;
+    std::unique_ptr<const Pesticide_Document> Opened; // or saved last
     Per_Substance<std::string> Captions;
     Pathway_View* View = nullptr;
 };

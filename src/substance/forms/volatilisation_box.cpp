@@ -71,7 +71,13 @@ Number_Edit* Volatilisation_Box::Add_Number(const QString& caption, const QStrin
     auto* field = Named(new Number_Edit, name);
     auto* label = Named(new QLabel(caption), label_name);
     label->setBuddy(field);
-    Rows->addRow(label, field);
+    auto* whole = new QWidget; // a row of its own: its long caption would push all other boxes to the right
+    auto* row = new QHBoxLayout(whole);
+    row->setContentsMargins(0, 0, 0, 0);
+    field->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    row->addWidget(label, 1);
+    row->addWidget(field);
+    Rows->addRow(whole);
     return field;
 }
 
@@ -113,8 +119,8 @@ void Volatilisation_Box::Show_View()
 
 void Volatilisation_Box::Show_Minor(bool visible)
 {
-    Rows->setRowVisible(Text_vol3, visible);
-    Rows->setRowVisible(Text_vol4, visible);
+    Rows->setRowVisible(Text_vol3->parentWidget(), visible);
+    Rows->setRowVisible(Text_vol4->parentWidget(), visible);
 }
 
 } // namespace orvel

@@ -13,7 +13,7 @@ class QStackedWidget;
 
 namespace orvel {
 
-constexpr int Columns_Shown = 92; // of a text, at the form's initial size
+constexpr int Columns_Shown = 102; // of a text, at the form's initial size
 
 // A form that builds its content from big files after its first paint, with a message, a progress bar and the buttons
 // disabled; closing it stops the work.

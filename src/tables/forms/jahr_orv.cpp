@@ -14,6 +14,7 @@ namespace {
 Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run)
 {
     Table_Kind kind;
+    kind.Ask = session.Ask;
     kind.Name = "Jahr_ORV";
     kind.First_Caption = "Table of Average Concentration in Leachate - Simulation: ";
     kind.First_Switch_Caption = "Water Balance";

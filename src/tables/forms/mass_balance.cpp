@@ -23,6 +23,7 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
 {
     const QString period = view == Balance_View::Annual ? "Annual" : "Monthly";
     Table_Kind kind;
+    kind.Ask = session.Ask;
     kind.Name = view == Balance_View::Annual ? "Mass_Balance" : "Mass_Balance_USER";
     kind.Columns = Line_Columns;
     kind.First_Caption = "Table of " + period + " Water Balance";

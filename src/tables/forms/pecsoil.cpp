@@ -11,6 +11,7 @@ namespace {
 Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run, int depth)
 {
     Table_Kind kind;
+    kind.Ask = session.Ask;
     kind.Name = "PECsoil";
     kind.First_Caption = "Table of actual and time weighted average concentrations in soil";
     kind.Views = {{"Ergebnis_1", "Concentrations in soil", kind.First_Caption, ""}};

@@ -22,7 +22,7 @@ Table_Form::Table_Form(Table_Kind kind, QWidget* parent)
         Add_Button("Umschalter", Kind.First_Switch_Caption, [this] { Show_View((In_View + 1) % Kind.Views.size()); });
     Umschalter->setVisible(Kind.Views.size() > 1);
     Add_Button("Kopieren", "&Copy", [this] { Copy_Text(All_Texts()); });
-    Add_Button("Drucken", "&Print", [this] { Print_Text(*this, windowTitle(), All_Texts()); });
+    Add_Button("Drucken", "&Print", [this] { Print_Text(*this, Kind.Ask, windowTitle(), All_Texts()); });
     Add_Button("Diagramm", "D&iagram", [this] { Kind.Open_Diagram(*this); });
     if (Kind.Open_Months)
         Add_Button("By_Month", "By &month", [this] { Kind.Open_Months(*this); });

@@ -23,6 +23,7 @@ struct Built_Tables {
 };
 
 struct Table_Kind {
+    Ask_Function Ask;
     QString Name;                                // of the form
     int Columns = Columns_Shown;                 // needed for a whole line
     QString First_Caption, First_Switch_Caption; // until the tables are built

@@ -44,8 +44,10 @@ std::pair<int, QStringList> Not_Held(const QString& text)
 
 } // namespace
 
-Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::string_view text, QWidget* parent)
-    : QDialog(parent)
+Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::string_view text, Ask_Function ask,
+                         QWidget* parent)
+    : QDialog(parent),
+      Ask(std::move(ask))
 {
     setObjectName(name);
     setWindowTitle(caption);
@@ -93,7 +95,7 @@ template <class Handler> void Text_Viewer::Add_Button(const QString& name, const
 void Text_Viewer::Add_Copy_And_Print()
 {
     Add_Button("Kopieren", "&Copy", [this] { Copy_Text(Ergebnis->toPlainText()); });
-    Add_Button("Drucken", "&Print", [this] { Print_Text(*this, windowTitle(), Ergebnis->toPlainText()); });
+    Add_Button("Drucken", "&Print", [this] { Print_Text(*this, Ask, windowTitle(), Ergebnis->toPlainText()); });
 }
 
 void Text_Viewer::Add_Done(const QString& name, const QString& caption)
@@ -102,14 +104,15 @@ void Text_Viewer::Add_Done(const QString& name, const QString& caption)
     Add_Button(name, caption, [this] { accept(); });
 }
 
-Echo_ORV::Echo_ORV(std::string_view echo, QWidget* parent) : Text_Viewer("Echo_ORV", Echo_Caption, echo, parent)
+Echo_ORV::Echo_ORV(std::string_view echo, Ask_Function ask, QWidget* parent)
+    : Text_Viewer("Echo_ORV", Echo_Caption, echo, std::move(ask), parent)
 {
     Add_Copy_And_Print();
     Add_Done("OK", "&OK");
 }
 
-Fehler_in_Simulation::Fehler_in_Simulation(std::string_view echo, QWidget* parent)
-    : Text_Viewer("Fehler_in_Simulation", Echo_Caption, echo, parent)
+Fehler_in_Simulation::Fehler_in_Simulation(std::string_view echo, Ask_Function ask, QWidget* parent)
+    : Text_Viewer("Fehler_in_Simulation", Echo_Caption, echo, std::move(ask), parent)
 {
     Add_Copy_And_Print();
     Add_Done("OK", "&OK");
@@ -119,7 +122,7 @@ Fehler_in_Simulation::Fehler_in_Simulation(std::string_view echo, QWidget* paren
 }
 
 Form_filetext::Form_filetext(const Session& session, std::filesystem::path file, std::string text, QWidget* parent)
-    : Text_Viewer("Form_filetext", "", text, parent),
+    : Text_Viewer("Form_filetext", "", text, session.Ask, parent),
       The_Session(session),
       File(std::move(file)),
       Stands_There(std::move(text))

@@ -17,7 +17,7 @@ class Text_Viewer : public QDialog {
     Q_OBJECT
 
 public:
-    Text_Viewer(const QString& name, const QString& caption, std::string_view text, QWidget* parent);
+    Text_Viewer(const QString& name, const QString& caption, std::string_view text, Ask_Function ask, QWidget* parent);
 
     void Go_To_End(); // like Ctrl+End
     void Mark_Errors();
@@ -30,6 +30,7 @@ protected:
     QPlainTextEdit& Text() const { return *Ergebnis; }
 
 private:
+    Ask_Function Ask;
     QPlainTextEdit* Ergebnis = nullptr;
     QHBoxLayout* Row = nullptr;
 };
@@ -37,13 +38,13 @@ private:
 // The echo of a run's input.
 class Echo_ORV : public Text_Viewer {
 public:
-    explicit Echo_ORV(std::string_view echo, QWidget* parent = nullptr);
+    Echo_ORV(std::string_view echo, Ask_Function ask, QWidget* parent = nullptr);
 };
 
 // The same for a run that failed: the engine writes its errors last, so the end is shown if the echo holds one.
 class Fehler_in_Simulation : public Text_Viewer {
 public:
-    explicit Fehler_in_Simulation(std::string_view echo, QWidget* parent = nullptr);
+    Fehler_in_Simulation(std::string_view echo, Ask_Function ask, QWidget* parent = nullptr);
 };
 
 // Any input or output file; `text` is what is shown of it. It can be edited and saved if it is the file's whole text,

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int Gap = 4;
 constexpr int Fewest_Digits = 9, Most_Digits = 22; // of the widest and of any number
+constexpr int Unit_Digits = 5;                     // room for a unit; without one too, so that fields align
 
 int Sign_Size(const QWidget& field)
 {
@@ -73,7 +74,8 @@ void Number_Edit::Make_Room()
     const int unit = The_Unit.isEmpty() ? 0 : fontMetrics().horizontalAdvance(The_Unit) + Gap;
     const int sign = Hint().isEmpty() ? 0 : Sign_Size(*this) + Gap;
     setTextMargins(0, 0, unit + sign, 0);
-    setMaximumWidth(Byte_Edit::minimumSizeHint().width() + unit + fontMetrics().horizontalAdvance(u'0') * Most_Digits);
+    setMaximumWidth(Byte_Edit::minimumSizeHint().width() - unit - sign +
+                    fontMetrics().horizontalAdvance(u'0') * (Most_Digits + Unit_Digits));
 }
 
 void Number_Edit::paintEvent(QPaintEvent* event)

@@ -1,5 +1,6 @@
 #include "ui/forms/text_output.h"
 
+#include "ui/forms/printing.h"
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 #include <QClipboard>
 #include <QFontMetricsF>
 #include <QPlainTextEdit>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QTextDocument>
 
@@ -16,9 +16,30 @@ namespace orvel {
 
 namespace {
 
-constexpr int Tab_Columns = 8;
+// The tables begin behind a tab, and their widest heading needs more than eight columns: so heads stand over their
+// figures.
+constexpr int First_Tab = 8, Tab_Columns = 16;
+constexpr int Tab_Stops = 20; // laid down one by one
 constexpr double Largest_Point_Size = 10;
 constexpr double Print_Margin = 2 / 2.54 * 72; // points; a text document prints with 2 cm on each side
+
+// The column to which a tab leads from a column, from 0.
+qsizetype Next_Stop(qsizetype column)
+{
+    return column < First_Tab ? First_Tab : First_Tab + ((column - First_Tab) / Tab_Columns + 1) * Tab_Columns;
+}
+
+void Set_Tab_Stops(QPlainTextEdit& text)
+{
+    const double column = QFontMetricsF(text.font()).horizontalAdvance(u'0');
+    QTextOption option = text.document()->defaultTextOption();
+    QList<QTextOption::Tab> stops;
+    for (qsizetype stop = First_Tab; stops.size() < Tab_Stops; stop = Next_Stop(stop))
+        stops << QTextOption::Tab(static_cast<double>(stop) * column, QTextOption::LeftTab);
+    option.setTabs(stops);
+    text.document()->setDefaultTextOption(option);
+    text.setTabStopDistance(column * Tab_Columns);
+}
 
 // Blanks up to the next stop in place of each tab: in a fixed pitch the columns stay, whatever a printer's unit is.
 QString Without_Tabs(const QString& text)
@@ -27,7 +48,7 @@ QString Without_Tabs(const QString& text)
     qsizetype line = 0; // where it begins
     for (const QChar c : text) {
         if (c == u'\t')
-            plain.append(QString(Tab_Columns - (plain.size() - line) % Tab_Columns, u' '));
+            plain.append(QString(Next_Stop(plain.size() - line) - (plain.size() - line), u' '));
         else
             plain.append(c);
         if (c == u'\n')
@@ -54,7 +75,7 @@ QPlainTextEdit* Fixed_Pitch_Text(const QString& name, const QString& purpose)
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setLineWrapMode(QPlainTextEdit::NoWrap);
     text->setFont(Fixed_Pitch_Font());
-    text->setTabStopDistance(QFontMetricsF(text->font()).horizontalAdvance(u'0') * Tab_Columns);
+    Set_Tab_Stops(*text);
     return text;
 }
 
@@ -83,13 +104,11 @@ void Print_Text_On(QPrinter& printer, const QString& text)
     document.print(&printer);
 }
 
-void Print_Text(QWidget& parent, const QString& title, const QString& text)
+void Print_Text(QWidget& parent, const Ask_Function& ask, const QString& title, const QString& text)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(title);
-    QPrintDialog dialog(&printer, &parent);
-    if (dialog.exec() == QDialog::Accepted)
-        Print_Text_On(printer, text);
+    Print_By_Dialog(parent, ask, printer, [&](QPrinter& chosen) { Print_Text_On(chosen, text); });
 }
 
 } // namespace orvel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/message.h"
+
 #include <QString>
 
 class QPlainTextEdit;
@@ -8,7 +10,8 @@ class QWidget;
 
 namespace orvel {
 
-// A read-only text view in a fixed-pitch font: long lines scroll instead of wrapping, tab stops every eight columns.
+// A read-only text view in a fixed-pitch font: long lines scroll instead of wrapping, and tab stops put the
+// heads of the tables over their figures.
 QPlainTextEdit* Fixed_Pitch_Text(const QString& name, const QString& purpose);
 
 // Puts a text on the clipboard; tabs separate columns when pasted into a spreadsheet.
@@ -17,7 +20,7 @@ void Copy_Text(const QString& text);
 // Prints a text in a fixed-pitch font, reduced if need be so that its longest line fits the page.
 void Print_Text_On(QPrinter& printer, const QString& text);
 
-// Lets the user choose a printer, or a PDF file, and prints.
-void Print_Text(QWidget& parent, const QString& title, const QString& text);
+// Lets the user choose a printer, or a PDF file, and prints; a failure is told.
+void Print_Text(QWidget& parent, const Ask_Function& ask, const QString& title, const QString& text);
 
 } // namespace orvel

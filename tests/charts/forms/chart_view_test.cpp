@@ -7,9 +7,12 @@
 #include "temporary_directory.h"
 
 #include <gtest/gtest.h>
+#include <QApplication>
+#include <QHelpEvent>
 #include <QImage>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 namespace orvel {
 
@@ -57,6 +60,30 @@ TEST(Paint_Chart, Draws_A_Box_From_The_Axis_To_Its_Height)
     EXPECT_EQ(image.pixelColor(plane.At(4.5, 3).toPoint()), marked);
     EXPECT_NE(image.pixelColor(plane.At(5.5, 7.5).toPoint()), marked);
     EXPECT_GT(Share(image, marked), 0.02);
+}
+
+TEST(Paint_Chart, The_Name_Of_A_Line_Stands_Behind_Its_End_Where_No_Box_Is)
+{
+    Chart chart = Sample();
+    chart.Lines = {{Colour::Marked, {{0, 3}, {10, 3}}, {}, "limit: 0.1 \xB5g/L"}};
+    const QImage image = Chart_Image(chart, {800, 500});
+    const double end = Chart_Plane(chart, QRectF(0, 0, 800, 500), QFont(), &image).At(10, 3).x();
+    const QColor marked = Colour_Of(Colour::Marked, Paper_Palette());
+
+    const int behind = static_cast<int>(end) + 3;
+    EXPECT_GT(Share(image.copy(behind, 0, 800 - behind, 500), marked), 0);
+    EXPECT_EQ(Share(image.copy(797, 0, 3, 500), marked), 0); // the name is not cut
+}
+
+// A PDF document for the archive draws what is transparent in full strength.
+TEST(Paint_Chart, Has_No_Transparent_Line)
+{
+    const Temporary_Directory place;
+    Save_Chart(Sample(), place / "chart.svg");
+
+    const QString svg = QString::fromStdString(Read_Whole(place / "chart.svg"));
+    EXPECT_TRUE(svg.contains("stroke-opacity=\"1\""));
+    EXPECT_FALSE(svg.contains("opacity=\"0"));
 }
 
 TEST(Paint_Chart, Takes_Its_Ground_From_The_Palette)
@@ -207,6 +234,24 @@ TEST(A_Chart_View, A_Click_Is_No_Span)
 
     EXPECT_EQ(spans.count(), 0);
     EXPECT_EQ(clicks.count(), 1);
+}
+
+TEST(Chart_View, The_Tip_Of_A_Value_Is_Not_Replaced_By_That_Of_The_View)
+{
+    Chart_View view;
+    view.resize(800, 500);
+    view.Show(Sample());
+    view.setToolTip("Click for the next substance");
+    view.show();
+    const QPoint box = Chart_Plane(Sample(), view.rect(), view.font()).At(4.5, 3).toPoint();
+
+    QTest::mouseMove(&view, box);
+    QCoreApplication::processEvents();
+    ASSERT_NE(QToolTip::text(), "");
+    QHelpEvent rest(QEvent::ToolTip, box, view.mapToGlobal(box));
+    QApplication::sendEvent(&view, &rest);
+
+    EXPECT_EQ(QToolTip::text(), "4.5: 6");
 }
 
 } // namespace orvel

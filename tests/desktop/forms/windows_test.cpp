@@ -7,6 +7,7 @@
 #include "documents/forms/form_psm_open.h"
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/inout_sel.h"
+#include "evaluation/forms/put_back_list.h"
 #include "evaluation/forms/simulationsliste.h"
 #include "files/climate_file.h"
 #include "files/forms/form_saving.h"
@@ -137,6 +138,13 @@ std::unique_ptr<QWidget> Opened_Substance(Session& session)
     return std::make_unique<Form_AS>(session);
 }
 
+std::unique_ptr<QWidget> Pressed(std::unique_ptr<QWidget> window, const QStringList& buttons)
+{
+    for (const auto& button : buttons)
+        Find<QAbstractButton>(*window, button)->click();
+    return window;
+}
+
 std::vector<Opened_Window> Windows_Test::All() const
 {
     const auto& focus = Mode_Of(Mode_Kind::Focus);
@@ -171,7 +179,10 @@ std::vector<Opened_Window> Windows_Test::All() const
          [echo](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Form_filetext>(session, Run() / "echo.orv", echo);
          }},
-        {"echo_orv", [echo](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Echo_ORV>(echo); }},
+        {"echo_orv",
+         [echo](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Echo_ORV>(echo, session.Ask);
+         }},
         {"jahresbilanz",
          [](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Jahresbilanz>(Build_Or_Load_Balance(Run(), Balance_View::Annual), session.Ask);
@@ -247,6 +258,43 @@ std::vector<Opened_Window> Windows_Test::All() const
              work = Load_Rotation(session.Scenario, Read_Crop_Data(session, Installation()));
              return std::make_unique<Form_DifCrop>(session, work);
          }},
+        {"fehler_in_simulation",
+         [echo](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Fehler_in_Simulation>(echo + "ERROR 21\r\n", session.Ask);
+         }},
+        Plain<Put_Back_List>("put_back_list", std::cref(focus)),
+        Plain<Analyse>("analyse_efsa", std::cref(Mode_Of(Mode_Kind::Efsa))),
+        Plain<Mass_Balance>("mass_balance_user", Run(), nullptr, Balance_View::Monthly),
+        // The same forms with all that they can show.
+        {"form_end_archive",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return Pressed(std::make_unique<form_end>(session, Run_Windows()), {"Command7"});
+         }},
+        {"form_as_all",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return Pressed(Opened_Substance(session), {"Command4", "tiefenabhaengig_2", "App_Flag4"});
+         }},
+        {"koc_ph_dissociating",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Pesticide.Sorp_pKa[1] = 4.5;
+             session.Pesticide.Sorp_pH2[1] = 7;
+             return std::make_unique<KOC_PH>(session, 1, "120");
+         }},
+        {"szenario_all",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return Pressed(std::make_unique<Szenario>(session, fs::path()),
+                            {"schnelle_Prozesse_0", "schnelle_Prozesse_1", "doc_check", "Check_er"});
+         }},
+        {"deg_dat_individual",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             Open_Transformation(session, 2);
+             return Pressed(std::make_unique<deg_dat>(session), {"Korrektur_2"});
+         }},
+        {"klima_empty",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Climate = {};
+             return std::make_unique<Klima>(session, fs::path());
+         }},
     };
 }
 
@@ -273,6 +321,8 @@ QStringList Cut_In(const QWidget& window)
             if (control->width() < needed.width() || control->height() < needed.height())
                 cut << Place_Of(*control);
         }
+        if (label && label->wordWrap() && label->height() < label->heightForWidth(label->width()))
+            cut << Place_Of(*control);
         if (const auto* table = qobject_cast<const QTableView*>(control); table && table->model()) {
             const auto* heads = table->horizontalHeader();
             for (int column = 0; column < table->model()->columnCount(); ++column)
@@ -292,6 +342,16 @@ bool Can_Be_Tabbed_To(const QWidget& control)
     const auto* option = qobject_cast<const QRadioButton*>(&control);
     return control.isVisible() && control.isEnabled() && !control.focusProxy() &&
            (option ? option->isChecked() : (control.focusPolicy() & Qt::TabFocus) != 0);
+}
+
+// A control for a hand that Tab passes over.
+bool Is_Passed_Over(const QWidget& control)
+{
+    const auto* box = qobject_cast<const QLineEdit*>(&control);
+    const bool is_for_a_hand = (box && !box->isReadOnly()) || qobject_cast<const QComboBox*>(&control) ||
+                               qobject_cast<const QListWidget*>(&control) || qobject_cast<const QPushButton*>(&control);
+    return is_for_a_hand && control.isVisible() && control.isEnabled() && !control.focusProxy() &&
+           (control.focusPolicy() & Qt::TabFocus) == 0;
 }
 
 // The key that a caption underlines: of a button, or of a label that leads to a control.
@@ -364,6 +424,8 @@ QStringList Wrong_In_The_Tab_Order(QWidget& window)
     const auto in_foot = [&](const QWidget* control) { return std::ranges::find(foot, control) != foot.end(); };
     int others = 0;
     for (auto* control : window.findChildren<QWidget*>()) {
+        if (Is_Passed_Over(*control))
+            wrong << "passed over: " + Place_Of(*control);
         if (!Can_Be_Tabbed_To(*control))
             continue;
         others += in_foot(control) ? 0 : 1;
@@ -396,6 +458,35 @@ QStringList Surprised_By_Enter(QWidget& window, const Recording_User& user)
         }
     }
     return surprised;
+}
+
+// Types into every box and the first row of every grid; returns how many there were.
+int Type_Everywhere(QWidget& window, const char* number)
+{
+    int typed = 0;
+    for (auto* box : window.findChildren<QLineEdit*>()) {
+        if (!box->isVisible() || !box->isEnabled() || box->isReadOnly())
+            continue;
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, number);
+        QTest::keyClick(box, Qt::Key_Tab);
+        ++typed;
+    }
+    for (auto* grid : window.findChildren<QTableView*>()) {
+        for (int column = 0; grid->isVisible() && grid->model() && column < grid->model()->columnCount(); ++column) {
+            grid->setCurrentIndex(grid->model()->index(0, column));
+            QTest::keyClicks(grid, number);
+            ++typed;
+        }
+    }
+    return typed;
+}
+
+// They run an engine, or take the run away that every window shows.
+bool Is_Left_Alone(const QWidget& button)
+{
+    return QStringList{"s_run", "Command4", "Loeschen"}.contains(button.objectName());
 }
 
 bool Is_At_Work(const QWidget& window)
@@ -509,6 +600,39 @@ TEST_F(Windows_Test, Show_Every_Caption_Whole_In_A_Large_Font_And_Dark)
     Look_At_All("_dark");
     QApplication::setPalette(palette);
     QApplication::setFont(font);
+}
+
+// Whatever is typed, no box ends the program: numbers beyond the range of a double, and those whose sums are.
+TEST_F(Windows_Test, Outlive_Any_Number_In_Any_Box_And_A_Press_Of_Every_Button)
+{
+    QTimer closer; // of what a button opens
+    QObject::connect(&closer, &QTimer::timeout, [] {
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            dialog->reject();
+    });
+    closer.start(1);
+    std::map<QString, int> boxes; // filled, by form
+    for (const char* number : {"1e308", "-1e308", "1e999", "99999999999999999999"}) {
+        for (const auto& opened : All()) {
+            SCOPED_TRACE(opened.Name.toStdString() + " " + number);
+            const auto session = std::make_unique<Session>(The_Session);
+            const auto window = opened.Open(*session);
+            window->show();
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));
+
+            int typed = Type_Everywhere(*window, number);
+            for (auto* button : window->findChildren<QAbstractButton*>()) {
+                if (!window->isVisible() || !button->isVisible() || !button->isEnabled() || Is_Left_Alone(*button))
+                    continue;
+                button->click();
+                typed += Type_Everywhere(*window, number); // what it brought into view
+            }
+            boxes[opened.Name] += typed;
+        }
+    }
+    for (const char* form :
+         {"form_as", "form_as_relative", "form_end", "klima", "szenario", "form_hor", "form_appgrid"})
+        EXPECT_GT(boxes[form], 0) << form;
 }
 
 } // namespace orvel

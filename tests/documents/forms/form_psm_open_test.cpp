@@ -44,6 +44,7 @@ TEST_F(Form_PSM_Open_Test, Lists_The_Files_Of_The_Mask_And_Selects_The_One_In_Us
     EXPECT_EQ(Form->windowTitle(), "Open PSM file");
     EXPECT_EQ(Files(), (QStringList{"second.PSM", "test.psm"}));
     EXPECT_EQ(Find<QListWidget>(*Form, "File1")->currentItem()->text(), "test.psm");
+    EXPECT_EQ(Form->focusWidget()->objectName(), "File1"); // arrow keys choose and Enter opens at once
 }
 
 TEST_F(Form_PSM_Open_Test, Selects_The_First_File_Where_None_Is_In_Use)

@@ -180,6 +180,30 @@ TEST_F(Analyse_Test, The_Parameters_Come_From_The_Run_And_The_Whole_Simulation_I
     EXPECT_EQ(Chosen("Zeitintervall_3"), "2");
 }
 
+TEST_F(Analyse_Test, Another_Location_Keeps_Parameter_And_Period_Where_Its_Run_Has_Them)
+{
+    for (const char* place : {"Hamburg_-_(H)", "Porto_-_(O)", "Thiva_-_(T)"})
+        Put_Run(std::string("demo_A.run/Apples.run/") + place + ".run");
+    Put_Plot("demo_A.run/Apples.run/Hamburg_-_(H).run");
+    Put_Plot("demo_A.run/Apples.run/Porto_-_(O).run");
+    Open();
+    Choose("Parameter", 1);
+    Choose("Zeitintervall_0", 2); // March of year 1
+    Choose("Zeitintervall_3", 0); // to December of year 1
+    const QString parameter = Chosen("Parameter");
+    ASSERT_TRUE(parameter.startsWith("Percolate concentration")) << parameter.toStdString();
+
+    Choose("Szenarioverzeichnis", 1);
+
+    EXPECT_EQ(Chosen("Szenarioverzeichnis"), "Porto (O)");
+    EXPECT_EQ(Chosen("Parameter"), parameter);
+    EXPECT_EQ(Chosen("Zeitintervall_0"), "March");
+    EXPECT_EQ(Chosen("Zeitintervall_3"), "1");
+
+    Choose("Szenarioverzeichnis", 2); // it has no plot file, and so another list
+    EXPECT_EQ(Chosen("Parameter"), "Actual evapotranspiration");
+}
+
 TEST_F(Analyse_Test, A_Run_Without_A_Plot_File_Has_The_Fixed_List_And_Its_Diagram_Opens_All_The_Same)
 {
     Put_Run("demo_A.run/Apples.run/Hamburg_-_(H).run");

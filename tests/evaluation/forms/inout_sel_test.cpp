@@ -111,6 +111,8 @@ TEST_F(inout_sel_Test, A_Directory_Without_Series_Leaves_The_Tables_And_The_Para
     EXPECT_EQ(Find<QComboBox>(*Form, "Parameter")->count(), 0);
     for (const char* name : {"S_Jaehrlich", "S_Monatlich", "S_Taeglich", "s_Echo", "Grafik"})
         EXPECT_FALSE(Enabled(name)) << name;
+    for (const char* name : {"Parameter", "Cumulative", "Zeitintervall_0"})
+        EXPECT_FALSE(Find<QWidget>(*Form, name)->isEnabled()) << name;
 }
 
 TEST_F(inout_sel_Test, The_Tables_By_Month_And_Day_Go_By_The_Output_Of_The_Run)

@@ -8,6 +8,7 @@
 #include "window_test.h"
 
 #include <chrono>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QScreen>
 #include <QTableView>
@@ -243,6 +244,37 @@ TEST_F(Simulationsliste_Test, Delete_Asks_And_Removes_All_Selected_Rows)
     ASSERT_EQ(Grid().model()->rowCount(), 1);
     EXPECT_EQ(Cell(0, 1), "c");
     EXPECT_FALSE(fs::exists(Place / "focus" / "a.run"));
+}
+
+// Whoever thinks longer over the question must not be shown a bar as if the work had begun.
+TEST_F(Simulationsliste_Test, The_Bar_Of_A_Deletion_Comes_After_The_Question_And_Stops_It)
+{
+    constexpr int All = 2000, Crops = 20;
+    for (int run = 0; run < All; ++run)
+        Put_Run("a.run/Crop" + std::to_string(run % Crops) + ".run/Place" + std::to_string(run / Crops) + ".run");
+    Open();
+    Grid().selectAll();
+    bool bar_at_question = false;
+    The_Session.Ask = [&](const Message& message) {
+        bar_at_question = Form->findChild<QProgressDialog*>() != nullptr;
+        The_User(message);
+        return Button::Yes;
+    };
+    QTimer hand;
+    QObject::connect(&hand, &QTimer::timeout, [&] {
+        auto* bar = Form->findChild<QProgressDialog*>("Work_Bar");
+        if (bar && bar->isVisible() && !bar->wasCanceled())
+            QTest::mouseClick(bar->findChild<QPushButton*>(), Qt::LeftButton);
+    });
+    hand.start(5);
+
+    Click<QPushButton>(*Form, "Loeschen");
+
+    EXPECT_FALSE(bar_at_question);
+    EXPECT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_GT(Grid().model()->rowCount(), 0);
+    EXPECT_LT(Grid().model()->rowCount(), All);
+    EXPECT_EQ(Form->findChild<QProgressDialog*>(), nullptr);
 }
 
 TEST_F(Simulationsliste_Test, A_Run_Without_An_Echo_And_Without_A_Job_Is_Gone_On_Opening)

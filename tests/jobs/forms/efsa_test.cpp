@@ -85,4 +85,17 @@ TEST_F(EFSA_Test, The_Scaling_Of_Tier_4_Reaches_The_Header)
     EXPECT_EQ(Find<QLabel>(*Form, "Version_Szenarien")->text(), "Scenario version number: 3");
 }
 
+TEST_F(EFSA_Test, Tier_4_Alone_Shows_The_Shell_And_The_Name_Of_Its_Engine)
+{
+    The_Session.Program.Aktuelle_ORVELSUITE_Version = "ORVELSUITE 5.5.3";
+
+    Open(Mode_Kind::Efsa_T4);
+    EXPECT_EQ(Find<QLabel>(*Form, "Version_Shell")->text(), "Shell version number: 5.5.3");
+    EXPECT_EQ(Find<QLabel>(*Form, "Label6")->text(), "EFSA ORVEL");
+
+    Open(Mode_Kind::Efsa);
+    EXPECT_EQ(Form->findChild<QLabel*>("Version_Shell"), nullptr);
+    EXPECT_EQ(Form->findChild<QLabel*>("Label6"), nullptr);
+}
+
 } // namespace orvel

@@ -265,6 +265,22 @@ TEST_F(form_end_Test, A_Day_Out_Of_Range_Is_Told_When_Its_Box_Is_Left)
     EXPECT_EQ(The_User.Messages[0].Text, "Value must be betwen 0 and 31");
 }
 
+TEST_F(form_end_Test, A_Day_That_No_Year_Has_Shows_A_Hint)
+{
+    Open();
+    Fill_In();
+    auto* hint = Find<QLabel>(*Form, "Datum_Hinweis");
+    EXPECT_FALSE(hint->isVisible());
+
+    Find<QComboBox>(*Form, "Combo_endd")->setEditText("31");
+    Pick(*Form, "Combo_endm", "FEB");
+    EXPECT_EQ(hint->text(), "End: February has no day 31.");
+    EXPECT_TRUE(hint->isVisible());
+
+    Pick(*Form, "Combo_endm", "MAR");
+    EXPECT_FALSE(hint->isVisible());
+}
+
 TEST_F(form_end_Test, The_List_Of_An_Empty_Day_Opens_Without_A_Complaint)
 {
     Open();

@@ -1,6 +1,7 @@
 #include "report/painting/report_files.h"
 
 #include "core/error.h"
+#include "pdf_text.h"
 #include "report/report_formats.h"
 #include "report/report_session.h"
 
@@ -47,6 +48,29 @@ TEST_F(Report_Session, The_Pdf_Is_An_Archive_Document_With_Its_Title_And_A_Page_
     ASSERT_GE(pages, 0);
     const auto count = pdf.indexOf("/Count ", pages);
     EXPECT_LE(pdf.mid(count + 7, 2).trimmed().toInt(), 3); // no page is left half empty for a heading
+}
+
+// Every location makes the tables before the diagrams longer, so that they meet the page's end at all heights.
+TEST_F(Report_Session, A_Diagram_That_Does_Not_Fit_Goes_To_The_Next_Page_Whole)
+{
+    for (const char* location :
+         {"Hamburg_-_(H)", "Jokioinen_-_(J)", "Okehampton_-_(N)", "Piacenza_-_(P)", "Porto_-_(O)", "Sevilla_-_(S)",
+          "Thiva_-_(T)", "Ch\xC3\xA2teaudun_-_(C)", "Kremsm\xC3\xBCnster_-_(K)"}) {
+        SCOPED_TRACE(location);
+        Add_Run("Maize", location, 1, {"Parent", "Metabolite"});
+        Write_Whole(Installation / "report.pdf", Report_Pdf(Gather()).toStdString());
+
+        int diagrams = 0;
+        for (const QString& page : Text_Of_Pdf(Installation / "report.pdf").split(u'\f')) {
+            const auto titles = page.count("80th Percentile Conc. of");
+            qsizetype axes = 0;
+            for (const QString& line : page.split(u'\n'))
+                axes += line.trimmed() == "Location" ? 1 : 0;
+            EXPECT_EQ(titles, axes);
+            diagrams += static_cast<int>(titles);
+        }
+        EXPECT_EQ(diagrams, 2);
+    }
 }
 
 TEST_F(Report_Session, The_Ending_Of_The_File_Decides_What_Is_Saved)

@@ -314,6 +314,26 @@ TEST_F(Crop_Forms_Test, Properties_Of_A_Crop_Are_Edited_For_All_Its_Rows)
     EXPECT_EQ(The_Session.Scenario.SZE_Rot_Count, 3);
 }
 
+TEST_F(Crop_Forms_Test, A_Number_Too_Large_Holds_OK_Back_Also_From_Behind_Another_Crop)
+{
+    Open();
+    Append("Maize");
+    Append("Potatoes");
+    In_Modal([&](QWidget& form) {
+        form.activateWindow();
+        (void)QTest::qWaitForWindowActive(&form);
+        Retype(form, "Text1", "1e307");
+        Choose(form, "List_crop", "Potatoes");
+        Click<QPushButton>(form, "Command1");
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_EQ(Find<QListWidget>(form, "List_crop")->currentRow(), 0);
+        ASSERT_FALSE(The_User.Messages.empty());
+        EXPECT_EQ(The_User.Messages.back().Text, "\"1e307\" is too large a number.");
+    });
+
+    Click<QPushButton>(*Form, "Command6");
+}
+
 TEST_F(Crop_Forms_Test, Default_Values_Come_Back_But_For_The_Tillage_Flag)
 {
     Open();

@@ -89,6 +89,7 @@ TEST_F(Klima_Test, Heads_Its_Columns_In_Two_Lines)
 
     EXPECT_EQ(Grid->model()->columnCount(), 11);
     EXPECT_EQ(Grid->model()->headerData(Rain, Qt::Horizontal), "Rainfall\n[cm]");
+    EXPECT_EQ(Grid->model()->headerData(Rain + 1, Qt::Horizontal), "Evap\n[cm]");
     EXPECT_EQ(Grid->model()->headerData(10, Qt::Horizontal), QString::fromUtf8("Radiation\n[kJ/m²]"));
 }
 

@@ -153,6 +153,32 @@ TEST_F(Application_Box_Test, What_Is_Edited_Goes_To_The_Application_Shown_In_All
     EXPECT_EQ(Count(2), 26); // the other location has its own list
 }
 
+// "Done" looks at what is shown: an amount of the application before could not be refused any more.
+TEST_F(Application_Box_Test, An_Amount_Too_Large_For_A_Number_Is_Refused_Before_Another_Application_Shows)
+{
+    Open();
+    Press("mehr_Applikationen_im_Jahr");
+    for (const char* number : {"1e308", "-1e999"}) {
+        Retype(*Form, "Rate", number);
+        The_User.Messages.clear();
+
+        Press("naechste_Applikation_im_Jahr");
+
+        ASSERT_EQ(The_User.Messages.size(), 1U);
+        EXPECT_EQ(The_User.Messages[0].Text, "\"" + std::string(number) + "\" is too large a number.");
+        EXPECT_EQ(Label("Label_Tag"), "1st application day:");
+        EXPECT_EQ(Form->focusWidget()->objectName(), "Rate");
+    }
+    EXPECT_THROW(Pick(*Form, "Standort", "Piacenza (P)"), std::runtime_error); // the list goes back
+    EXPECT_EQ(The_User.Messages.size(), 2U);
+    EXPECT_EQ(Item("Standort"), "Hamburg (H)");
+
+    Retype(*Form, "Rate", "2");
+    Press("naechste_Applikation_im_Jahr");
+    EXPECT_EQ(Label("Label_Tag"), "2nd application day:");
+    EXPECT_EQ(The_User.Messages.size(), 2U);
+}
+
 TEST_F(Application_Box_Test, An_Interception_Is_Stored_For_The_Manual_Kind)
 {
     Open();

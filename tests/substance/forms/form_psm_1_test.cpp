@@ -258,6 +258,28 @@ TEST_F(Form_PSM_1_Test, Cancel_Asks_Before_Changes_Are_Given_Up)
     EXPECT_FALSE(Form->isVisible());
 }
 
+// Cancel of the substance form clears the mark of the change, not the change.
+TEST_F(Form_PSM_1_Test, Cancel_Asks_For_A_Change_Made_Before_A_Detail_Form_Was_Cancelled)
+{
+    Rate(1, 5, 0.02);
+    Open();
+    In_Modal([](QWidget& arrow) {
+        Retype(arrow, "Text1", "0.5");
+        Click<QAbstractButton>(arrow, "Command1");
+    });
+    Click<QAbstractButton>(*Form, "Image2_5");
+    In_Modal([](QWidget& substance) { Click<QAbstractButton>(substance, "Command_cancel"); });
+    Click<QAbstractButton>(*Form, "Label_AS");
+    ASSERT_FALSE(The_Session.Program.PSM_Changed);
+
+    The_User.Answers = {Button::No};
+    Click<QAbstractButton>(*Form, "Com_Exit1");
+
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(The_User.Messages[0].Text, "Parameters were changed. Do you want to exit without saving ?");
+    EXPECT_TRUE(Form->isVisible());
+}
+
 TEST_F(Form_PSM_1_Test, An_Editor_Without_Changes_Closes_Without_A_Question)
 {
     Open();

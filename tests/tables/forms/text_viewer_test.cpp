@@ -1,7 +1,9 @@
 #include "tables/forms/text_viewer.h"
 
 #include "core/files.h"
+#include "full_disk.h"
 #include "temporary_directory.h"
+#include "ui/forms/widgets.h"
 #include "ui/shown_file.h"
 #include "window_test.h"
 
@@ -9,6 +11,7 @@
 #include <QClipboard>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
 
 namespace orvel {
 
@@ -61,7 +64,7 @@ const std::string Many_Lines = [] {
 
 TEST_F(Text_Viewer_Test, The_Echo_Is_Shown_From_Its_Begin_And_Can_Be_Copied)
 {
-    Echo_ORV form("Kremsm\xFCnster\r\n" + Many_Lines);
+    Echo_ORV form("Kremsm\xFCnster\r\n" + Many_Lines, The_Session.Ask);
     form.show();
 
     EXPECT_EQ(form.windowTitle(), "Echo of Input Data");
@@ -74,16 +77,53 @@ TEST_F(Text_Viewer_Test, The_Echo_Is_Shown_From_Its_Begin_And_Can_Be_Copied)
 
 TEST_F(Text_Viewer_Test, A_Failure_Report_Shows_The_End_Where_The_Engine_Writes_Its_Errors)
 {
-    Fehler_in_Simulation form(Many_Lines + "ERROR 21\r\n");
+    Fehler_in_Simulation form(Many_Lines + "ERROR 21\r\n", The_Session.Ask);
     form.show();
 
     EXPECT_EQ(form.windowTitle(), "Echo of Input Data");
     EXPECT_TRUE(Text(form).textCursor().atEnd());
 }
 
+TEST_F(Text_Viewer_Test, The_Lines_Of_The_Errors_Stand_Out_In_A_Failure_Report)
+{
+    Fehler_in_Simulation form(Many_Lines + "E R R O R\r\nno mark\r\nERROR 21\r\n", The_Session.Ask);
+
+    const auto marked = Find<QPlainTextEdit>(form, "Ergebnis")->extraSelections();
+
+    ASSERT_EQ(marked.size(), 2);
+    EXPECT_EQ(marked[0].cursor.block().text(), "E R R O R");
+    EXPECT_EQ(marked[1].cursor.block().text(), "ERROR 21");
+    for (const auto& line : marked) {
+        EXPECT_EQ(line.format.background().color(), form.palette().color(QPalette::Highlight));
+        EXPECT_EQ(line.format.foreground().color(), form.palette().color(QPalette::HighlightedText));
+        EXPECT_TRUE(line.format.boolProperty(QTextFormat::FullWidthSelection));
+    }
+}
+
+// The printer is a PDF file on a disk that is full.
+TEST_F(Text_Viewer_Test, A_Print_That_Fails_Is_Told)
+{
+    const Temporary_Directory place;
+    const QString file = QString::fromStdString((place / "echo.pdf").string());
+    Echo_ORV form(Many_Lines, The_Session.Ask);
+    form.show();
+    const Full_Disk full(1000);
+    In_Modal([&](QWidget& dialog) {
+        dialog.findChild<QLineEdit*>("filename")->setText(file);
+        dynamic_cast<QDialog&>(dialog).accept();
+    });
+
+    Click<QPushButton>(form, "Drucken");
+
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(
+        The_User.Messages[0],
+        (Message{"Print", Bytes_Of("\"" + file + "\" could not be written. Nothing, or not all, has been printed.")}));
+}
+
 TEST_F(Text_Viewer_Test, A_Failure_Report_Without_The_Plain_Word_Error_Stays_At_Its_Begin)
 {
-    Fehler_in_Simulation form(Many_Lines + "E R R O R\r\n");
+    Fehler_in_Simulation form(Many_Lines + "E R R O R\r\n", The_Session.Ask);
     form.show();
 
     EXPECT_EQ(Text(form).textCursor().position(), 0);

@@ -27,6 +27,11 @@ TEST_F(Number_Edit_Test, Says_Nothing_While_A_Number_Is_Read_As_It_Looks)
     EXPECT_EQ(Field.Value(), Variant("1.5"));
 }
 
+TEST_F(Number_Edit_Test, Fields_With_And_Without_A_Unit_Are_Equally_Wide)
+{
+    EXPECT_EQ(Number_Edit().maximumWidth(), Field.maximumWidth());
+}
+
 TEST_F(Number_Edit_Test, A_Comma_Is_A_Point_Typed_Or_Pasted)
 {
     Type("1,5");
