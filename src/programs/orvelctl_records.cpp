@@ -101,7 +101,10 @@ int Do_Restore(const std::string& archive, const std::string& directory)
     Clear_Progress();
     for (const auto& run : restored.Runs)
         Print(run.Verified, run.Directory);
-    return std::cout.flush() && restored.Is_Ok() ? Done : Refused;
+    if (restored.Is_Ok())
+        return std::cout.flush() ? Done : Refused;
+    Tell("Restore", "All files were laid out, but not all simulations are complete and as their records say.");
+    return Refused;
 }
 
 void Add_Restore(CLI::App& app, Command& command)
@@ -118,7 +121,10 @@ int Do_Compare(const std::string& first, const std::string& second, double toler
     const Comparison comparison = Compare(first, second, tolerance, Shown_Progress());
     Clear_Progress();
     std::cout << (json ? Comparison_Json(comparison) : To_Utf8(Comparison_Lines(comparison)));
-    return std::cout.flush() && comparison.Is_Same() ? Done : Refused;
+    if (comparison.Is_Same())
+        return std::cout.flush() ? Done : Refused;
+    Tell("Compare", "They differ.");
+    return Refused;
 }
 
 void Add_Tolerance(CLI::App* command, double& tolerance)
@@ -159,7 +165,10 @@ int Do_Reproduce(const Session& session, const Reproduce_Arguments& arguments)
                                         Shown_Progress());
     Clear_Progress();
     std::cout << (arguments.Json ? Reproduction_Json(reproduction) : To_Utf8(Reproduction_Lines(reproduction)));
-    return std::cout.flush() && reproduction.Is_Same() ? Done : Refused;
+    if (reproduction.Is_Same())
+        return std::cout.flush() ? Done : Refused;
+    Tell("Reproduce", "Not all simulations came out as they were archived.");
+    return Refused;
 }
 
 void Add_Reproduce(CLI::App& app, Command& command)
