@@ -89,6 +89,8 @@ public:
             throw File_Error("The simulation in " + run.string() +
                              " is at work: it can be archived when it has ended.");
         const Verified_Run verified = Verify.Verify(run);
+        if (verified.Unreadable) // what it is worth is not known
+            throw File_Error(To_Utf8(verified.Detail));
         Archived_Run archived{.Directory = Name_Below(run).value_or(""),
                               .Pesticide = request.Pesticide,
                               .Crop = request.Crop,

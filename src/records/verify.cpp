@@ -67,6 +67,7 @@ try {
     const File_Digest digest = shared ? Digests.Of(file) : Digest_Of_File(file);
     return digest.Sha256 == recorded.Sha256 ? std::string() : recorded.Name + " has changed.";
 } catch (const File_Error& error) {
+    Unreadable = Unreadable || (error.Code && !Is_Missing(error.Code));
     return To_Code_Page(error.what());
 }
 
@@ -86,7 +87,7 @@ Verified_Run Verifier::Verify(const fs::path& run_directory)
     const fs::path directory = run.has_filename() ? run : run.parent_path();
     const Run_State state = State_Of_Run(directory);
     if (state.Unreadable)
-        return {Check::Changed, state.Reason};
+        return {Check::Changed, state.Reason, static_cast<bool>(state.Code)};
     // Outputs are looked at below, also those whose size alone tells that they have changed.
     const bool recorded_complete = state.Record && state.Record->Verdict == Verdict::Complete;
     if (!recorded_complete) {
@@ -94,8 +95,9 @@ Verified_Run Verifier::Verify(const fs::path& run_directory)
         return {Check_Of(state.Verdict),
                 plain ? "The run is " + std::string(Verdict_Text(state.Verdict)) + "." : state.Reason};
     }
+    Unreadable = false;
     std::string changed = Changed(directory, *state.Record);
-    return {changed.empty() ? Check::Ok : Check::Changed, changed};
+    return {changed.empty() ? Check::Ok : Check::Changed, changed, Unreadable};
 }
 
 } // namespace orvel

@@ -59,6 +59,11 @@ try {
 std::string Gap_Of(const fs::path& run_directory)
 {
     const Run_State state = State_Of_Run(run_directory);
+    if (state.Code) {
+        File_Error failure(To_Utf8(state.Reason));
+        failure.Code = state.Code;
+        throw failure;
+    }
     if (state.Verdict == Verdict::Complete || state.Verdict == Verdict::Running)
         return {};
     int expected = 0, found = 0;
