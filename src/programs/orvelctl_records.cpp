@@ -18,11 +18,6 @@ namespace orvel {
 
 namespace {
 
-void Print(const Verified_Run& verified, const std::filesystem::path& run)
-{
-    std::cout << Check_Text(verified.Result) << '\t' << run.string() << '\t' << To_Utf8(verified.Detail) << '\n';
-}
-
 // A line a run; whether all are as their records say.
 int Do_Verify(const Session& session, const std::vector<std::filesystem::path>& runs)
 {
@@ -31,7 +26,7 @@ int Do_Verify(const Session& session, const std::vector<std::filesystem::path>& 
     for (const auto& run : runs) {
         const Verified_Run verified = verifier.Verify(run);
         all_ok = all_ok && verified.Result == Check::Ok;
-        Print(verified, run);
+        std::cout << Verified_Line(verified, run);
     }
     return std::cout.flush() && all_ok ? Done : Refused;
 }
@@ -99,11 +94,10 @@ int Do_Restore(const std::string& archive, const std::string& directory)
 {
     const auto restored = Restore(archive, directory, Shown_Progress());
     Clear_Progress();
-    for (const auto& run : restored.Runs)
-        Print(run.Verified, run.Directory);
+    std::cout << Restored_Lines(restored);
     if (restored.Is_Ok())
         return std::cout.flush() ? Done : Refused;
-    Tell("Restore", "All files were laid out, but not all simulations are complete and as their records say.");
+    Tell("Restore", Not_All_Ok_Text);
     return Refused;
 }
 

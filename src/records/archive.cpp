@@ -298,6 +298,18 @@ Archived_Assessment Make_Archive(const Session& session, const Mode& mode, std::
     return archived;
 }
 
+Message Archive_Message(const Archived_Assessment& archived)
+{
+    constexpr std::size_t Most_Notes = 12; // in a box
+    std::string text = std::to_string(archived.Runs) + (archived.Runs == 1 ? " simulation" : " simulations") +
+                       " with " + std::to_string(archived.Files) + " files archived.";
+    for (std::size_t i = 0; i < std::min(Most_Notes, archived.Notes.size()); ++i)
+        text += "\n" + archived.Notes[i];
+    if (archived.Notes.size() > Most_Notes)
+        text += "\nand " + std::to_string(archived.Notes.size() - Most_Notes) + " more.";
+    return {"Archive", text, archived.Notes.empty() ? Icon::Information : Icon::Warning};
+}
+
 std::string Archive_File_Name(std::string_view stem, std::string_view crop)
 {
     const std::string chosen = Without_All(crop);

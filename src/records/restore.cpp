@@ -208,6 +208,14 @@ bool Restored_Assessment::Is_Ok() const
     return std::ranges::all_of(Runs, [](const Restored_Run& run) { return run.Verified.Result == Check::Ok; });
 }
 
+std::string Restored_Lines(const Restored_Assessment& restored)
+{
+    std::string lines;
+    for (const auto& run : restored.Runs)
+        lines += Verified_Line(run.Verified, run.Directory);
+    return lines;
+}
+
 std::vector<fs::path> Lay_Out_Files(Archive_Reader& archive, const fs::path& directory,
                                     const std::function<bool(const Recorded_File&)>& is_wanted,
                                     const Progress& progress)

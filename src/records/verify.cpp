@@ -49,6 +49,11 @@ std::string_view Check_Text(Check check)
     return Texts[static_cast<std::size_t>(check)];
 }
 
+std::string Verified_Line(const Verified_Run& verified, const fs::path& run)
+{
+    return std::string(Check_Text(verified.Result)) + "\t" + run.string() + "\t" + To_Utf8(verified.Detail) + "\n";
+}
+
 // The engine of the installation that a run belongs to; a run of a mode lies four levels below it.
 fs::path Verifier::Engine_Of(const fs::path& run_directory, const Run_Record& record) const
 {

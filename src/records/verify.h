@@ -20,6 +20,9 @@ struct Verified_Run {
     bool Unreadable = false; // a file is there and cannot be read: whether it has changed is not known
 };
 
+// A line of a list, in UTF-8: the word, the directory, the detail, parted by tabs.
+std::string Verified_Line(const Verified_Run& verified, const std::filesystem::path& run);
+
 // Verifies one run after another; a file that they share is digested once.
 class Verifier {
 public:
