@@ -60,7 +60,7 @@ void Check_Directory(const fs::path& directory)
 // Where a file is laid out. No level below the directory may be a link, which leads elsewhere.
 fs::path Place_Of(const fs::path& directory, const Recorded_File& file)
 {
-    const fs::path place = directory / Path_Of(file.Name);
+    fs::path place = directory / Path_Of(file.Name);
     fs::path level = directory;
     for (const auto& part : place.lexically_relative(directory)) {
         level /= part;
