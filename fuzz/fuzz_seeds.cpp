@@ -1,9 +1,12 @@
 // Writes seeds for the fuzz targets: fuzz_seeds DIR makes DIR/fuzz_psm and so on.
 #include "core/files.h"
+#include "core/sha256.h"
 #include "engine/engine_case.h"
 #include "files/pesticide_example.h"
 #include "files/scenario_example.h"
 #include "output/engine_files.h"
+#include "records/archive_manifest.h"
+#include "records/zip_maker.h"
 #include "runs/job_file.h"
 #include "tables/balance_text.h"
 #include "tables/leachate_percentile.h"
@@ -21,6 +24,20 @@ void Seed(const std::filesystem::path& directory, std::string_view bytes, std::s
 {
     std::filesystem::create_directories(directory);
     Write_Whole(directory / name, bytes);
+}
+
+// The first byte tells whether an archive follows, or its manifest alone.
+void Seed_Archive(const std::filesystem::path& directory)
+{
+    const std::string digest = Sha256("hello");
+    Archive_Manifest manifest{.Program = "ORVELSUITE", .Mode = "focus", .Files = {{"a.txt", 5, digest}}};
+    Seed(directory, " " + Format_Manifest(manifest), "no_run"); // a blank is even
+    manifest.Runs = {{"focus/p.run/c.run/l.run", "p", "c", "l", "ok", "", {"../../../H_01.cli"}}};
+    Seed(directory, " " + Format_Manifest(manifest), "manifest");
+    const std::string text = Format_Manifest(manifest);
+    Seed(directory, "!" + Made_Zip({{"archive.json", text}, {"files/a.txt", "hello"}}), "archive");
+    Seed(directory, "!" + Made_Zip({{"archive.json", text}, {"files/a.txt", "hello", 0120777}}), "link");
+    Seed(directory, "!" + Made_Zip({{"archive.json", text}, {"../a.txt", "hello"}}), "elsewhere");
 }
 
 // The first byte is the number of the file among the engine's input files.
@@ -118,6 +135,7 @@ try {
                                    "30  4  1  0.2 0.2 0.2 0.2  0 0 0  1.20 0.60\r\n"
                                    "Potatoes         60  0.15   80  1  0.80  10  5  1  20  7  1  15  9  1  31  8  1   "
                                    "5  5  1  0.2 0.2 0.2 0.2  0 0 1  1.15 0.75\r\n");
+    Seed_Archive(directory / "fuzz_archive");
     Seed(directory / "fuzz_calendar", "1 1 1 1\r\n2 2 1 1\r\n366 1 1 2\r\n");
     Seed(directory / "fuzz_journal",
          "2024-05-31 14:05:09\tbegin\t\t2 runs, 1 at a time\n2024-05-31 14:05:10\tstarted\ta.run/b.run/"

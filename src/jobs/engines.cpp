@@ -30,7 +30,10 @@ void Engines::Look_For_Stop()
 
 void Engines::Wait()
 {
-    if (const auto end = Wait_For_Any_Program(Look_Interval))
+    std::vector<int> processes;
+    for (const auto& [process, engine] : Running)
+        processes.push_back(process);
+    if (const auto end = Wait_For_Any_Of(processes, Look_Interval))
         Record_End(*end);
     Look_For_Stop();
     for (auto& [process, engine] : Running) {

@@ -198,6 +198,14 @@ std::optional<Run_Record> Read_Run_Record(const std::filesystem::path& run_direc
     }
 }
 
+std::optional<Run_Record> Read_Good_Record(const std::filesystem::path& run_directory)
+try {
+    return Read_Run_Record(run_directory);
+} catch (const File_Error& error) {
+    Pass_On_If_Unreadable(error);
+    return std::nullopt;
+}
+
 std::string Utc_Text(std::time_t time)
 {
     const auto point = std::chrono::sys_seconds(std::chrono::seconds(time));

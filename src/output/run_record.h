@@ -57,6 +57,9 @@ std::string Format_Run_Record(const Run_Record& record); // UTF-8, LF, the same 
 // its name: it is never taken for none.
 std::optional<Run_Record> Read_Run_Record(const std::filesystem::path& run_directory);
 
+// The same, but nothing for a damaged one. Throws File_Error only if it cannot be read.
+std::optional<Run_Record> Read_Good_Record(const std::filesystem::path& run_directory);
+
 // "2026-11-22T02:14:23Z", and back; 0 for any other text.
 std::string Utc_Text(std::time_t time);
 std::time_t Time_Of_Utc(std::string_view text);

@@ -73,7 +73,10 @@ Run_State State_Of_Run_Held(const fs::path& run_directory)
     try {
         state.Record = Read_Run_Record(run_directory);
     } catch (const File_Error& error) {
-        return {.Verdict = Verdict::Incomplete, .Reason = To_Code_Page(error.what()), .Unreadable = true};
+        return {.Verdict = Verdict::Incomplete,
+                .Reason = To_Code_Page(error.what()),
+                .Unreadable = true,
+                .Code = error.Code};
     }
     if (!state.Record)
         return Without_Record(run_directory);

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <system_error>
 
 namespace orvel {
 
@@ -17,6 +18,7 @@ struct Run_State {
     std::optional<Run_Record> Record;
     bool Cut_Off = false;    // begun, but nobody was there to record its end
     bool Unreadable = false; // there is a record, which cannot be read; the reason tells why
+    std::error_code Code;    // of the system, if that could not read it
 
     // Whether the engine's output is there and whole as far as is known: nothing may touch it without being asked to.
     bool Is_Finished() const { return Verdict == orvel::Verdict::Complete || Verdict == orvel::Verdict::Unrecorded; }

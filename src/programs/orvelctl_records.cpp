@@ -18,11 +18,6 @@ namespace orvel {
 
 namespace {
 
-void Print(const Verified_Run& verified, const std::filesystem::path& run)
-{
-    std::cout << Check_Text(verified.Result) << '\t' << run.string() << '\t' << To_Utf8(verified.Detail) << '\n';
-}
-
 // A line a run; whether all are as their records say.
 int Do_Verify(const Session& session, const std::vector<std::filesystem::path>& runs)
 {
@@ -31,7 +26,7 @@ int Do_Verify(const Session& session, const std::vector<std::filesystem::path>& 
     for (const auto& run : runs) {
         const Verified_Run verified = verifier.Verify(run);
         all_ok = all_ok && verified.Result == Check::Ok;
-        Print(verified, run);
+        std::cout << Verified_Line(verified, run);
     }
     return std::cout.flush() && all_ok ? Done : Refused;
 }
@@ -99,9 +94,11 @@ int Do_Restore(const std::string& archive, const std::string& directory)
 {
     const auto restored = Restore(archive, directory, Shown_Progress());
     Clear_Progress();
-    for (const auto& run : restored.Runs)
-        Print(run.Verified, run.Directory);
-    return std::cout.flush() && restored.Is_Ok() ? Done : Refused;
+    std::cout << Restored_Lines(restored);
+    if (restored.Is_Ok())
+        return std::cout.flush() ? Done : Refused;
+    Tell("Restore", Not_All_Ok_Text);
+    return Refused;
 }
 
 void Add_Restore(CLI::App& app, Command& command)
@@ -118,7 +115,10 @@ int Do_Compare(const std::string& first, const std::string& second, double toler
     const Comparison comparison = Compare(first, second, tolerance, Shown_Progress());
     Clear_Progress();
     std::cout << (json ? Comparison_Json(comparison) : To_Utf8(Comparison_Lines(comparison)));
-    return std::cout.flush() && comparison.Is_Same() ? Done : Refused;
+    if (comparison.Is_Same())
+        return std::cout.flush() ? Done : Refused;
+    Tell("Compare", "They differ.");
+    return Refused;
 }
 
 void Add_Tolerance(CLI::App* command, double& tolerance)
@@ -159,7 +159,10 @@ int Do_Reproduce(const Session& session, const Reproduce_Arguments& arguments)
                                         Shown_Progress());
     Clear_Progress();
     std::cout << (arguments.Json ? Reproduction_Json(reproduction) : To_Utf8(Reproduction_Lines(reproduction)));
-    return std::cout.flush() && reproduction.Is_Same() ? Done : Refused;
+    if (reproduction.Is_Same())
+        return std::cout.flush() ? Done : Refused;
+    Tell("Reproduce", "Not all simulations came out as they were archived.");
+    return Refused;
 }
 
 void Add_Reproduce(CLI::App& app, Command& command)

@@ -79,15 +79,18 @@ public:
           Verify(program.App_Path)
     {}
 
-    void Add_Run(const Summary_Request& request, const Summary_Location& location)
+    // `problem`: why the report has no figures of the run; empty if it has.
+    void Add_Run(const Summary_Request& request, const Summary_Location& location, const std::string& problem)
     {
         const fs::path& run = location.Directory;
         Check_No_Link(Mode_Place, run);
-        const Run_State state = State_Of_Run(run);
-        if (state.Verdict == Verdict::Running)
+        const auto record = Read_Good_Record(run);
+        if (State_Of_Run(run).Verdict == Verdict::Running)
             throw File_Error("The simulation in " + run.string() +
                              " is at work: it can be archived when it has ended.");
         const Verified_Run verified = Verify.Verify(run);
+        if (verified.Unreadable) // what it is worth is not known
+            throw File_Error(To_Utf8(verified.Detail));
         Archived_Run archived{.Directory = Name_Below(run).value_or(""),
                               .Pesticide = request.Pesticide,
                               .Crop = request.Crop,
@@ -98,12 +101,11 @@ public:
             if (Belongs_To_Run(run / name))
                 Add_File(run / name);
         }
-        for (const auto& name : Named_Inputs(run, state.Record))
+        for (const auto& name : Named_Inputs(run, record))
             Add_Input(run, name, archived.Missing);
-        if (state.Record)
-            Add_Named(Found_Or_New(Root, Path_Of(state.Record->Engine.Name)), state.Record->Engine.Name,
-                      archived.Missing);
-        Note(archived);
+        if (record)
+            Add_Named(Found_Or_New(Root, Path_Of(record->Engine.Name)), record->Engine.Name, archived.Missing);
+        Note(archived, problem);
         Manifest.Runs.push_back(std::move(archived));
     }
 
@@ -183,8 +185,10 @@ private:
                         .Sha256 = digest.Sha256};
     }
 
-    void Note(const Archived_Run& run)
+    void Note(const Archived_Run& run, const std::string& problem)
     {
+        if (run.Check == Check_Text(Check::Ok) && !problem.empty())
+            Notes.push_back(run.Directory + ": The report has no figures of it: " + problem);
         if (run.Check != Check_Text(Check::Ok))
             Notes.push_back(run.Directory + ": " + run.Check + (run.Detail.empty() ? "." : ": " + run.Detail));
         for (const auto& name : run.Missing)
@@ -197,30 +201,21 @@ private:
     std::map<std::string, Zip_Item> Items; // by the name in the manifest
 };
 
-std::vector<Summary_Location> Locations_Of(const std::vector<Summary_Request>& requests)
-{
-    std::vector<Summary_Location> locations;
-    for (const auto& request : requests)
-        std::ranges::copy(request.Locations, std::back_inserter(locations));
-    return locations;
-}
-
 // The report as it is for these simulations, whenever and wherever it is made: its times are those of the records.
-std::string Archived_Report(const Session& session, const std::vector<Summary_Request>& requests,
-                            const Progress& progress)
+Report Archived_Report(const Session& session, const std::vector<Summary_Request>& requests, const Progress& progress)
 {
     Report report = Gather_Report(session, requests, 0, progress);
     std::time_t last = 0;
     for (std::size_t crop = 0; crop < requests.size(); ++crop) {
         for (std::size_t i = 0; i < requests[crop].Locations.size(); ++i) {
-            const auto record = State_Of_Run(requests[crop].Locations[i].Directory).Record;
+            const auto record = Read_Good_Record(requests[crop].Locations[i].Directory);
             const std::time_t end = record ? record->End : 0;
             report.Crops[crop].Runs[i].Date = end == 0 ? "" : Utc_Text(end);
             last = std::max(last, end);
         }
     }
     report.Made = last == 0 ? "" : Utc_Text(last);
-    return Report_Html(report);
+    return report;
 }
 
 // A part of the whole work's progress.
@@ -236,52 +231,83 @@ std::string Without_All(std::string_view crop)
     return crop == All_Crops ? "" : std::string(crop);
 }
 
+void Gather_Runs(const std::vector<Summary_Request>& requests, const Report& report, Gathering& gathering,
+                 const Progress& progress)
+{
+    for (std::size_t crop = 0; crop < requests.size(); ++crop) {
+        const auto& locations = requests[crop].Locations;
+        for (std::size_t i = 0; i < locations.size(); ++i) {
+            const double done =
+                static_cast<double>(crop) + static_cast<double>(i) / static_cast<double>(locations.size());
+            if (!progress(To_Utf8(locations[i].Text), done / static_cast<double>(requests.size())))
+                throw Zip_Stopped();
+            gathering.Add_Run(requests[crop], locations[i], report.Crops[crop].Runs[i].Problem);
+        }
+    }
+}
+
+// Beside the crops of the pesticide, or beside the locations of the one crop.
+fs::path Place_Of_Report(const Summary_Request& first, bool is_of_all_crops)
+{
+    const fs::path crop = first.Locations.front().Directory.parent_path();
+    return (is_of_all_crops ? crop.parent_path() : crop) / Report_Name;
+}
+
+void Write_Archive(const fs::path& target, const std::vector<Zip_Item>& items, std::uint64_t bytes,
+                   const Progress& progress)
+{
+    Write_Whole_From(target, [&](File_Handle& to) {
+        Write_Zip(to, items, [&](const std::string& name, std::uint64_t read) {
+            return progress(name, static_cast<double>(read) / static_cast<double>(bytes + 1));
+        });
+    });
+}
+
 } // namespace
 
 Archived_Assessment Make_Archive(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop,
                                  const fs::path& target, const Progress& progress)
 {
-    const auto requests = Request_Summaries(session, mode, stem, crop.empty() ? All_Crops : crop, {});
-    const auto locations = Locations_Of(requests);
-    if (locations.empty())
+    auto requests = Request_Summaries(session, mode, stem, crop.empty() ? All_Crops : crop, {});
+    std::erase_if(requests, [](const Summary_Request& request) { return request.Locations.empty(); });
+    if (requests.empty())
         throw File_Error("There are no simulations of " + To_Utf8(stem) + ".");
     Gathering gathering(session.Program, mode);
+    auto& manifest = gathering.Manifest;
     const Run_Record maker = New_Record();
-    gathering.Manifest = {.Program = maker.Program,
-                          .Program_Version = maker.Program_Version,
-                          .Mode = std::string(mode.Name),
-                          .Pesticide = std::string(stem),
-                          .Crop = Without_All(crop)};
-    // First, since it keeps tables in the run directories; and a run that is at work has none.
-    const std::string report = Archived_Report(session, requests, Part_Of(progress, 0, Share_Of_Report));
-    std::size_t done = 0;
-    for (const auto& request : requests) {
-        for (const auto& location : request.Locations) {
-            const double share = static_cast<double>(done++) / static_cast<double>(locations.size());
-            if (!Part_Of(progress, Share_Of_Report, Share_Of_Digests)(To_Utf8(location.Text), share))
-                throw Zip_Stopped();
-            gathering.Add_Run(request, location);
-        }
-    }
+    manifest.Program = maker.Program;
+    manifest.Program_Version = maker.Program_Version;
+    manifest.Mode = mode.Name;
+    manifest.Pesticide = stem;
+    manifest.Crop = Without_All(crop);
+    const fs::path report_place = Place_Of_Report(requests.front(), manifest.Crop.empty());
+    manifest.Report = gathering.Name_Below(report_place).value_or("");
+
+    const Report report = Archived_Report(session, requests, Part_Of(progress, 0, Share_Of_Report));
+    Gather_Runs(requests, report, gathering, Part_Of(progress, Share_Of_Report, Share_Of_Digests));
     gathering.Add_Surroundings(mode);
-    fs::path report_place = locations.front().Directory.parent_path(); // of the crop
-    if (gathering.Manifest.Crop.empty())
-        report_place = report_place.parent_path();
-    gathering.Manifest.Report = gathering.Name_Below(report_place / Report_Name).value_or("");
-    gathering.Add_Text(gathering.Manifest.Report, report);
+    gathering.Add_Text(manifest.Report, Report_Html(report));
     const auto items = gathering.Take_Items();
 
-    Archived_Assessment archived{.Runs = locations.size(), .Files = items.size() - 1, .Notes = gathering.Notes};
-    for (const auto& file : gathering.Manifest.Files)
+    Archived_Assessment archived{
+        .Runs = manifest.Runs.size(), .Files = manifest.Files.size(), .Notes = gathering.Notes};
+    for (const auto& file : manifest.Files)
         archived.Bytes += file.Size;
     constexpr double Before = Share_Of_Report + Share_Of_Digests;
-    const auto told = Part_Of(progress, Before, 1 - Before);
-    Write_Whole_From(target, [&](File_Handle& to) {
-        Write_Zip(to, items, [&](const std::string& name, std::uint64_t read) {
-            return told(name, static_cast<double>(read) / static_cast<double>(archived.Bytes + 1));
-        });
-    });
+    Write_Archive(target, items, archived.Bytes, Part_Of(progress, Before, 1 - Before));
     return archived;
+}
+
+Message Archive_Message(const Archived_Assessment& archived)
+{
+    constexpr std::size_t Most_Notes = 12; // in a box
+    std::string text = std::to_string(archived.Runs) + (archived.Runs == 1 ? " simulation" : " simulations") +
+                       " with " + std::to_string(archived.Files) + " files archived.";
+    for (std::size_t i = 0; i < std::min(Most_Notes, archived.Notes.size()); ++i)
+        text += "\n" + archived.Notes[i];
+    if (archived.Notes.size() > Most_Notes)
+        text += "\nand " + std::to_string(archived.Notes.size() - Most_Notes) + " more.";
+    return {"Archive", text, archived.Notes.empty() ? Icon::Information : Icon::Warning};
 }
 
 std::string Archive_File_Name(std::string_view stem, std::string_view crop)

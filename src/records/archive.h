@@ -29,6 +29,9 @@ struct Archived_Assessment {
 Archived_Assessment Make_Archive(const Session& session, const Mode& mode, std::string_view stem, std::string_view crop,
                                  const std::filesystem::path& target, const Progress& progress = {});
 
+// What the user is told of an archive: how much it holds, and what is not as it should be.
+Message Archive_Message(const Archived_Assessment& archived);
+
 // The name proposed for an archive: "demo_D Maize.zip".
 std::string Archive_File_Name(std::string_view stem, std::string_view crop);
 

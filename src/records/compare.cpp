@@ -163,8 +163,9 @@ void Compare_All(const Documents& first, const Documents& second, Comparison& co
 {
     for (const auto& [name, file] : first) {
         const auto other = second.find(name);
-        if (other != second.end())
-            Compare_Documents(*Kind_Of(file), file, other->second, name, comparison);
+        const auto kind = Kind_Of(file);
+        if (kind && other != second.end())
+            Compare_Documents(*kind, file, other->second, name, comparison);
     }
     Note_What_Is_Only_In(first, second, "first", comparison);
     Note_What_Is_Only_In(second, first, "second", comparison);

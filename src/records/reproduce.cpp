@@ -194,13 +194,15 @@ Reproduced_Run Compare_Run(const Archived_Run& run, const fs::path& archived, co
     Reproduced_Run reproduced{.Directory = run.Directory};
     const auto record = Read_Run_Record(archived / Path_Of(run.Directory));
     const auto fault = again.Faults.find(number);
-    if (!record || record->Verdict != Verdict::Complete)
-        reproduced.Fault = "The archived simulation is not complete.";
-    else if (fault != again.Faults.end())
-        reproduced.Fault = fault->second;
     const auto made = again.Records.find(number);
-    if (!reproduced.Fault.empty() || made == again.Records.end())
+    if (!record || record->Verdict != Verdict::Complete) {
+        reproduced.Fault = "The archived simulation is not complete.";
         return reproduced;
+    }
+    if (fault != again.Faults.end() || made == again.Records.end()) {
+        reproduced.Fault = fault == again.Faults.end() ? "The simulation was not run." : fault->second;
+        return reproduced;
+    }
     reproduced.Differing = Differing_Outputs(*record, made->second);
     if (!reproduced.Differing.empty())
         Explain(*record, made->second, reproduction);

@@ -60,7 +60,7 @@ void Check_Directory(const fs::path& directory)
 // Where a file is laid out. No level below the directory may be a link, which leads elsewhere.
 fs::path Place_Of(const fs::path& directory, const Recorded_File& file)
 {
-    const fs::path place = directory / Path_Of(file.Name);
+    fs::path place = directory / Path_Of(file.Name);
     fs::path level = directory;
     for (const auto& part : place.lexically_relative(directory)) {
         level /= part;
@@ -206,6 +206,14 @@ void Set_Times(const fs::path& run)
 bool Restored_Assessment::Is_Ok() const
 {
     return std::ranges::all_of(Runs, [](const Restored_Run& run) { return run.Verified.Result == Check::Ok; });
+}
+
+std::string Restored_Lines(const Restored_Assessment& restored)
+{
+    std::string lines;
+    for (const auto& run : restored.Runs)
+        lines += Verified_Line(run.Verified, run.Directory);
+    return lines;
 }
 
 std::vector<fs::path> Lay_Out_Files(Archive_Reader& archive, const fs::path& directory,

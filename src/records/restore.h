@@ -5,7 +5,9 @@
 #include "records/verify.h"
 
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
@@ -25,6 +27,11 @@ struct Restored_Assessment {
 
     bool Is_Ok() const; // all runs are as their records say
 };
+
+// A line a run (Verified_Line), in UTF-8.
+std::string Restored_Lines(const Restored_Assessment& restored);
+constexpr std::string_view Not_All_Ok_Text =
+    "All files were laid out, but not all simulations are complete and as their records say.";
 
 // Lays an archive out in a directory: one that is new or empty, or an installation. A file that is there with the same
 // bytes is kept, one with others is never replaced: the archive is then refused as a whole. The whole archive is

@@ -49,6 +49,11 @@ std::string_view Check_Text(Check check)
     return Texts[static_cast<std::size_t>(check)];
 }
 
+std::string Verified_Line(const Verified_Run& verified, const fs::path& run)
+{
+    return std::string(Check_Text(verified.Result)) + "\t" + run.string() + "\t" + To_Utf8(verified.Detail) + "\n";
+}
+
 // The engine of the installation that a run belongs to; a run of a mode lies four levels below it.
 fs::path Verifier::Engine_Of(const fs::path& run_directory, const Run_Record& record) const
 {
@@ -67,6 +72,7 @@ try {
     const File_Digest digest = shared ? Digests.Of(file) : Digest_Of_File(file);
     return digest.Sha256 == recorded.Sha256 ? std::string() : recorded.Name + " has changed.";
 } catch (const File_Error& error) {
+    Unreadable = Unreadable || (error.Code && !Is_Missing(error.Code));
     return To_Code_Page(error.what());
 }
 
@@ -86,7 +92,7 @@ Verified_Run Verifier::Verify(const fs::path& run_directory)
     const fs::path directory = run.has_filename() ? run : run.parent_path();
     const Run_State state = State_Of_Run(directory);
     if (state.Unreadable)
-        return {Check::Changed, state.Reason};
+        return {Check::Changed, state.Reason, static_cast<bool>(state.Code)};
     if (!state.Record && !Find_File(directory, "orvel.inp") && !Has_Engine_Output(directory))
         return {Check::Unrecorded, "This is not the directory of a run."};
     // Outputs are looked at below, also those whose size alone tells that they have changed.
@@ -98,10 +104,11 @@ Verified_Run Verifier::Verify(const fs::path& run_directory)
     }
     if (!state.Record->Directory.empty() && !Same_Text(state.Record->Directory, Recorded_Directory(directory)))
         return {Check::Changed, state.Reason};
+    Unreadable = false;
     std::string changed = Changed(directory, *state.Record);
     if (changed.empty() && Read_Run_Request(directory).Years != state.Record->Years_Expected)
         changed = "The record tells another number of years than orvel.inp.";
-    return {changed.empty() ? Check::Ok : Check::Changed, changed};
+    return {changed.empty() ? Check::Ok : Check::Changed, changed, Unreadable};
 }
 
 } // namespace orvel

@@ -16,8 +16,12 @@ std::string_view Check_Text(Check check); // "ok", "changed" ...
 
 struct Verified_Run {
     Check Result = Check::Unrecorded;
-    std::string Detail; // what has changed, or why the run is not complete; bytes of Windows-1252
+    std::string Detail;      // what has changed, or why the run is not complete; bytes of Windows-1252
+    bool Unreadable = false; // a file is there and cannot be read: whether it has changed is not known
 };
+
+// A line of a list, in UTF-8: the word, the directory, the detail, parted by tabs.
+std::string Verified_Line(const Verified_Run& verified, const std::filesystem::path& run);
 
 // Verifies one run after another; a file that they share is digested once.
 class Verifier {
@@ -35,6 +39,7 @@ private:
     std::filesystem::path Engine_Of(const std::filesystem::path& run_directory, const Run_Record& record) const;
 
     std::filesystem::path App_Path;
+    bool Unreadable = false; // a file of the run that is verified
     File_Digests Digests;
 };
 

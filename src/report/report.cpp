@@ -261,7 +261,7 @@ void Note_Engine(const Session& session, const std::vector<Summary_Request>& cro
     bool newer = false, other = false;
     for (const auto& crop : crops) {
         for (const auto& location : crop.Locations) {
-            const auto record = State_Of_Run(location.Directory).Record;
+            const auto record = Read_Good_Record(location.Directory);
             const auto echo_time = fs::last_write_time(Found_Or_New(location.Directory, "echo.orv"), missing);
             newer = newer || (!record && !missing && engine_time > echo_time);
             other = other || (record && record->Engine.Sha256 != report.Engine_File.Sha256);

@@ -85,6 +85,11 @@ std::string Gap_In_Files(const fs::path& run_directory)
 std::string Gap_Of(const fs::path& run_directory)
 {
     const Run_State state = State_Of_Run(run_directory);
+    if (state.Code) {
+        File_Error failure(To_Utf8(state.Reason));
+        failure.Code = state.Code;
+        throw failure;
+    }
     if (state.Verdict == Verdict::Complete || state.Verdict == Verdict::Running)
         return {};
     if (state.Record && state.Record->Verdict != Verdict::Complete &&

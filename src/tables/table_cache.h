@@ -54,7 +54,7 @@ private:
 };
 
 // What a run lacks to be complete, a sentence: by its record or, without one, by its files. Empty if it is complete, at
-// work or not known to lack anything.
+// work or not known to lack anything. Throws File_Error if the record cannot be read.
 std::string Gap_Of(const std::filesystem::path& run_directory);
 
 // A sentence that says why no table of a run may be kept; empty if it may.

@@ -212,11 +212,19 @@ class Stock:
              "--location", "Hamburg (H)", "--output", "minimum")
         call(self.ctl, "-C", self.finished, "start", "--mode", "focus", "--wait")
         self.run = os.path.join("focus", "demo_D.run", "Maize.run", "Hamburg_-_(H).run")
+        self.whole = os.path.join(place, "whole")
+        shutil.copytree(self.finished, self.whole, symlinks=True)
+        self.archive = os.path.join(place, "a.zip")
+        call(self.ctl, "-C", self.whole, *self.archiving(self.archive))
         self.cut_run()
         self.single = os.path.join(place, "single")
         os.mkdir(self.single)
         for name in ("orvel401.exe", "Haude.dat", "demo_D.psm", "focus/H_maize.sze", "focus/H_01.cli"):
             self.copy(os.path.join(self.home, name), os.path.join(self.single, os.path.basename(name)))
+
+    @staticmethod
+    def archiving(target):
+        return ["archive", "--mode", "focus", "--pesticide", "demo_D", "--to", target]
 
     @staticmethod
     def copy(source, target):
@@ -293,6 +301,27 @@ def cases(stock):
     yield Case("mark --replace", finished, lambda root: [ctl, "-C", root, *mark, "--replace"], again_may_refuse=True,
                free=marked)
     yield Case("delete", finished, lambda root: [stock.driver, "delete", root], again_may_refuse=True)
+    def archived(root):
+        stock.lay(stock.whole)(root)
+        stock.copy(stock.archive, os.path.join(root, "a.zip"))
+        os.mkdir(os.path.join(root, "tmp"))
+
+    def in_tmp(root, *words):
+        return ["env", "TMPDIR=" + os.path.join(root, "tmp"), ctl, "-C", root, *words]
+
+    def old_archive(root):
+        stock.lay(stock.whole)(root)
+        with open(os.path.join(root, "a.zip"), "wb") as file:
+            file.write(b"old")
+
+    yield Case("assessment: archive", old_archive, lambda root: [
+        ctl, "-C", root, *stock.archiving(os.path.join(root, "a.zip"))])
+    yield Case("assessment: restore", archived, lambda root: [
+        ctl, "restore", os.path.join(root, "a.zip"), os.path.join(root, "new")])
+    yield Case("assessment: compare", archived, lambda root: in_tmp(root, "compare", os.path.join(root, "a.zip"), root),
+               free=("tmp/",))
+    yield Case("assessment: reproduce", archived, lambda root: in_tmp(root, "reproduce", os.path.join(root, "a.zip")),
+               free=("tmp/",))
     single = ["single", "--pesticide", "demo_D.psm", "--scenario", "H_maize.sze", "--climate", "H_01.cli", "--years", "1",
               "--wait"]
     yield Case("single --wait", stock.lay(stock.single), lambda root: [ctl, *single], again_may_refuse=True,
@@ -318,7 +347,7 @@ def main():
             if arguments.extent == "all":
                 most = 40 if case.name == "init" else sys.maxsize
             else:
-                most = 1 if case.name == "init" else arguments.most
+                most = 1 if case.name in ("init", "assessment: reproduce") else arguments.most
             runner.over(case, most)
     finally:
         shutil.rmtree(place, ignore_errors=True)

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -33,9 +34,10 @@ struct Program_End {
 };
 constexpr int Unknown_Program = 128; // the exit code of a process that this program has not started
 
-// The first two wait, the second at most as long as given and until a signal interrupts it; the third does not.
+// The first two wait, the second at most as long as given and until a signal interrupts it; the third does not. Only
+// the ends of the programs that are named are taken.
 Program_End Wait_For_Program(int process);
-std::optional<Program_End> Wait_For_Any_Program(std::chrono::milliseconds most);
+std::optional<Program_End> Wait_For_Any_Of(std::span<const int> processes, std::chrono::milliseconds most);
 std::optional<Program_End> End_Of_Program(int process);
 
 // Asks a program that was started with a group of its own, and what it has started, to end; or ends them at once.

@@ -111,22 +111,32 @@ Program_End Wait_For_Program(int process)
     return End_Of(ended, status);
 }
 
-std::optional<Program_End> Wait_For_Any_Program(std::chrono::milliseconds most)
+std::optional<Program_End> Wait_For_Any_Of(std::span<const int> processes, std::chrono::milliseconds most)
 {
+    const auto ended = [&]() -> std::optional<Program_End> {
+        for (const int process : processes) {
+            auto end = End_Of_Program(process);
+            if (!end)
+                continue;
+            end->Process = process; // also of one that is none of this program's
+            return end;
+        }
+        return std::nullopt;
+    };
     // Blocked first, so that an end between looking and waiting ends the wait.
     sigset_t child, before;
     ::sigemptyset(&child);
     ::sigaddset(&child, SIGCHLD);
     ::pthread_sigmask(SIG_BLOCK, &child, &before);
-    auto end = End_Of_Program(-1);
+    auto end = ended();
     if (!end) {
         const auto seconds = std::chrono::floor<std::chrono::seconds>(most);
         const timespec time{.tv_sec = seconds.count(), .tv_nsec = std::chrono::nanoseconds(most - seconds).count()};
         ::sigtimedwait(&child, nullptr, &time);
-        end = End_Of_Program(-1);
+        end = ended();
     }
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return end && end->Process < 0 ? std::nullopt : end;
+    return end;
 }
 
 void End_Group(int process, bool at_once)

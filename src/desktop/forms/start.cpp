@@ -7,6 +7,7 @@
 #include "documents/forms/form_psm_open.h"
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
+#include "records/forms/archives.h"
 #include "runs/start_up.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
@@ -133,6 +134,10 @@ QLayout* Start::Documents()
     auto* documents = new QHBoxLayout;
     for (auto* command : {Command1, Command2, Command6})
         documents->addWidget(command, 1);
+    auto* archives = Named(new QPushButton("&Archives and comparisons"), "Open_Archives");
+    archives->setToolTip("Archive simulations, restore or run again what was archived, compare two assessments");
+    connect(archives, &QPushButton::clicked, this, &Start::Open_Archives);
+    documents->addWidget(archives, 1);
     return documents;
 }
 
@@ -267,6 +272,11 @@ void Start::Open_EFSA_T4()
 {
     if (Mode_Available(The_Session.Program, The_Session.Ask, Mode_Of(Mode_Kind::Efsa_T4)))
         Open_Runs(Mode_Kind::Efsa_T4);
+}
+
+void Start::Open_Archives()
+{
+    Archives(The_Session, this).exec();
 }
 
 void Start::Release_Notes()

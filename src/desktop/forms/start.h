@@ -47,6 +47,7 @@ private:
     void Open_EFSA();
     void Open_EFSA_T4();
     void Release_Notes();
+    void Open_Archives();
     void Open_Documents(const std::string& mask, const QString& caption, const std::filesystem::path& directory);
 
     Session& The_Session;

@@ -3,6 +3,7 @@
 #include "evaluation/forms/series_choice.h"
 #include "evaluation/forms/simulationsliste.h"
 #include "output/echo_file.h"
+#include "records/forms/archive_dialog.h"
 #include "report/evaluated_pesticide.h"
 #include "report/forms/zusammenfassung_orv.h"
 #include "runs/calendar_file.h"
@@ -190,7 +191,10 @@ void Analyse::Zusammenfassung_Click()
         request.Locations.push_back(
             {Bytes_Of(Szenarioverzeichnis->itemText(i)), Szenarioverzeichnis->itemData(i).toString().toStdString()});
     request.Absent = Absent_Locations(The_Session, The_Mode, request.Crop, request.Locations);
-    Zusammenfassung_orv(The_Session, std::move(request), this).exec();
+    const auto archive = [this](const Summary_Request& reported, QWidget* parent) {
+        Archive_In_Window(The_Session, The_Mode, reported.Pesticide, reported.Crop, parent);
+    };
+    Zusammenfassung_orv(The_Session, std::move(request), archive, this).exec();
 }
 
 void Analyse::Grafik_Click()

@@ -6,6 +6,7 @@
 #include "jobs/run_again.h"
 #include "jobs/simulations.h"
 #include "jobs/start_batch.h"
+#include "records/forms/archive_dialog.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
@@ -132,6 +133,8 @@ QLayout* Simulationsliste::Buttons()
     Anhalten->setToolTip("Ends the job and the simulations that are running");
     Zurueckholen = add("Zurueckholen", "&Put back ...", &Simulationsliste::Zurueckholen_Click);
     Zurueckholen->setToolTip("Results that were replaced or deleted");
+    Archivieren = add("Archivieren", "&Archive ...", &Simulationsliste::Archivieren_Click);
+    Archivieren->setToolTip("Puts the simulations of the selected one's pesticide and crop into one file");
     row->addWidget(Assistant->Switch());
     row->addStretch(1);
     Ende = add("Ende", "&Done", &QDialog::reject);
@@ -215,6 +218,7 @@ void Simulationsliste::Selection_Changed()
         rows.push_back(index.row());
     Simulations.Mark(rows);
     Auswaehlen->setEnabled(rows.size() == 1);
+    Archivieren->setEnabled(rows.size() == 1);
 }
 
 std::vector<Simulation> Simulationsliste::Selected() const
@@ -277,6 +281,16 @@ void Simulationsliste::Zurueckholen_Click()
     Put_Back_List(The_Session, The_Mode, this).exec();
     Refresh();
     Show_Changes();
+    Timer1.start(Refresh_Interval);
+}
+
+void Simulationsliste::Archivieren_Click()
+{
+    const auto selected = Selected();
+    if (selected.size() != 1)
+        return;
+    Timer1.stop();
+    Archive_In_Window(The_Session, The_Mode, selected[0].Pesticide, selected[0].Crop, this);
     Timer1.start(Refresh_Interval);
 }
 

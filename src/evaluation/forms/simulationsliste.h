@@ -42,6 +42,7 @@ private:
     void Weiter_Click();
     void Anhalten_Click();
     void Zurueckholen_Click();
+    void Archivieren_Click();
     void Show_Changes();
     void Enable_Buttons();
     std::vector<Simulation> Selected() const;
@@ -55,7 +56,7 @@ private:
     Help_Assistant* Assistant = nullptr;
     QTableView* Grid1 = nullptr;
     QPushButton *Auswaehlen = nullptr, *Loeschen = nullptr, *Nochmals = nullptr, *Weiter = nullptr, *Anhalten = nullptr,
-                *Zurueckholen = nullptr, *Ende = nullptr;
+                *Zurueckholen = nullptr, *Archivieren = nullptr, *Ende = nullptr;
     QTimer Timer1;
 };
 

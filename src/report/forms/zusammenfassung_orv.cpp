@@ -23,10 +23,12 @@ constexpr const char* To_Text = "Tablular output";
 
 } // namespace
 
-Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request request, QWidget* parent)
+Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request request, Archive_Opener archive,
+                                         QWidget* parent)
     : Building_Form("Zusammenfassung_orv", parent),
       The_Session(session),
-      Request(std::move(request))
+      Request(std::move(request)),
+      Open_Archive(std::move(archive))
 {
     setWindowTitle("FOCUS Summary Output File");
     Ergebnis = Fixed_Pitch_Text("Ergebnis", "Summary report");
@@ -40,6 +42,9 @@ Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request reque
     Add_Button("Kopieren", "&Copy", [this] { Copy(); });
     Add_Button("Drucken", "&Print", [this] { Print(); });
     Add_Button("Speichern", "&Save report", [this] { Speichern(); });
+    Add_Button("Archivieren", "&Archive ...", [this] {
+        Open_Archive(Request, this);
+    })->setToolTip("Puts the simulations with inputs, records, outputs and report into one file");
     Add_Done();
 }
 

@@ -4,6 +4,8 @@
 #include "report/summary_report.h"
 #include "tables/forms/building_form.h"
 
+#include <functional>
+
 class QPlainTextEdit;
 
 namespace orvel {
@@ -15,7 +17,10 @@ class Zusammenfassung_orv : public Building_Form {
     Q_OBJECT
 
 public:
-    Zusammenfassung_orv(Session& session, Summary_Request request, QWidget* parent = nullptr);
+    // Opens the dialog that archives the simulations of a report.
+    using Archive_Opener = std::function<void(const Summary_Request& request, QWidget* parent)>;
+
+    Zusammenfassung_orv(Session& session, Summary_Request request, Archive_Opener archive, QWidget* parent = nullptr);
 
 protected:
     void Build(const Progress& progress) override;
@@ -32,6 +37,7 @@ private:
 
     Session& The_Session;
     const Summary_Request Request;
+    const Archive_Opener Open_Archive;
     Summary Built_Summary;
     std::size_t Substance = 0;
     QPlainTextEdit* Ergebnis = nullptr;

@@ -158,20 +158,36 @@ TEST(Program_End, Is_Unknown_As_Long_As_The_Program_Is_At_Work)
 
     EXPECT_EQ(Wait_For_Program(process).Exit_Code, 0);
     EXPECT_EQ(End_Of_Program(process).value().Exit_Code, Unknown_Program); // it has been waited for
-    EXPECT_FALSE(Wait_For_Any_Program(std::chrono::milliseconds(1)));
+    EXPECT_FALSE(Wait_For_Any_Of({}, std::chrono::milliseconds(1)));
 }
 
 TEST(Program_End, Is_Waited_For_No_Longer_Than_Asked_And_No_Longer_Than_Needed)
 {
     const Temporary_Directory place;
     const int process = Start_Shell(place, "while [ ! -e done ]; do sleep 0.01; done");
-    EXPECT_FALSE(Wait_For_Any_Program(std::chrono::milliseconds(20)));
+    const std::array processes{process};
+    EXPECT_FALSE(Wait_For_Any_Of(processes, std::chrono::milliseconds(20)));
 
     Write_Whole(place / "done", "");
-    const auto end = Wait_For_Any_Program(std::chrono::minutes(1));
+    const auto end = Wait_For_Any_Of(processes, std::chrono::minutes(1));
 
     ASSERT_TRUE(end);
     EXPECT_EQ(end->Process, process);
+}
+
+TEST(Program_End, Of_Another_Program_Is_Left_To_Whom_It_Belongs)
+{
+    const Temporary_Directory place;
+    const int other = Start_Shell(place, "exit 3");
+    const int process = Start_Shell(place, "exit 4");
+    const std::array processes{process};
+
+    auto end = Wait_For_Any_Of(processes, std::chrono::seconds(10));
+    if (!end) // that of the other one came first
+        end = Wait_For_Any_Of(processes, std::chrono::seconds(10));
+
+    EXPECT_EQ(end.value().Exit_Code, 4);
+    EXPECT_EQ(Wait_For_Program(other).Exit_Code, 3);
 }
 
 TEST(Program_End, Comes_To_A_Whole_Group_At_Once)

@@ -193,4 +193,16 @@ TEST_F(Start_Test, Exit_Closes_The_Window)
     EXPECT_FALSE(Form->isVisible());
 }
 
+TEST_F(Start_Test, Archives_And_Comparisons_Open_By_Their_Button)
+{
+    Start form(The_Session);
+    form.show();
+    QString opened;
+    In_Modal([&](const QWidget& window) { opened = window.objectName(); });
+
+    Click<QPushButton>(form, "Open_Archives");
+
+    EXPECT_EQ(opened, "Archives");
+}
+
 } // namespace orvel

@@ -16,6 +16,7 @@
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "pdf_text.h"
+#include "records/forms/archives.h"
 #include "report/forms/zusammenfassung_orv.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/forms/dialog.h"
@@ -173,7 +174,9 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<PECsoil>("pecsoil", Run(), 5),
         Plain<Zusammenfassung_orv>(
             "zusammenfassung",
-            Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}}),
+            Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}},
+            Zusammenfassung_orv::Archive_Opener()),
+        Plain<Archives>("archives"),
         Plain<inout_sel>("inout_sel"),
         {"form_filetext",
          [echo](Session& session) -> std::unique_ptr<QWidget> {

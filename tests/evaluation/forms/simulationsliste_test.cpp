@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <QProgressDialog>
+#include <QFileDialog>
 #include <QPushButton>
 #include <QScreen>
 #include <QTableView>
@@ -358,6 +359,29 @@ TEST_F(Simulationsliste_Test, Five_Thousand_Runs_Are_Shown_At_Once)
     EXPECT_EQ(Grid().model()->rowCount(), 5000);
     RecordProperty("seconds", std::to_string(taken.count()));
     EXPECT_LT(taken.count(), 10);
+}
+
+TEST_F(Simulationsliste_Test, One_Simulation_Is_Archived_With_The_Others_Of_Its_Pesticide_And_Crop)
+{
+    Put_Run("a.run/Maize.run/Hamburg_-_(H).run");
+    Put_Run("a.run/Maize.run/Porto_-_(O).run");
+    Put_Run("a.run/Apples.run/Porto_-_(O).run");
+    Open();
+    EXPECT_FALSE(Enabled("Archivieren"));
+    Click_Row(1);
+    EXPECT_TRUE(Enabled("Archivieren"));
+
+    In_Modal([this](QWidget& window) {
+        auto& dialog = dynamic_cast<QFileDialog&>(window);
+        EXPECT_EQ(dialog.selectedFiles().value(0).section('/', -1), "a Maize.zip");
+        dialog.selectFile(QString::fromStdString((Place / "archive.zip").string()));
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    Click<QPushButton>(*Form, "Archivieren");
+
+    EXPECT_TRUE(fs::exists(Place / "archive.zip"));
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_TRUE(The_User.Messages[0].Text.starts_with("2 simulations with ")) << The_User.Messages[0].Text;
 }
 
 } // namespace orvel

@@ -31,14 +31,18 @@ protected:
     void Open()
     {
         Form = std::make_unique<Zusammenfassung_orv>(
-            The_Session, Summary_Request{"ORVEL 4.01",
-                                         "2026-01-02 03:04",
-                                         "demo_A",
-                                         "Maize",
-                                         {{"Hamburg (H)", Hamburg.Path()}, {"Thiva (T)", Thiva.Path()}}});
+            The_Session,
+            Summary_Request{"ORVEL 4.01",
+                            "2026-01-02 03:04",
+                            "demo_A",
+                            "Maize",
+                            {{"Hamburg (H)", Hamburg.Path()}, {"Thiva (T)", Thiva.Path()}}},
+            [this](const Summary_Request& request, QWidget*) { Archived = request.Pesticide + " " + request.Crop; });
         Form->show();
         ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>(*Form, "Ende")->isEnabled(); }));
     }
+
+    std::string Archived; // by the opener that the form is handed
 
     QString Text() { return Find<QPlainTextEdit>(*Form, "Ergebnis")->toPlainText(); }
     QString Caption() { return Find<QPushButton>(*Form, "S_Diagramm")->text(); }
@@ -166,6 +170,15 @@ TEST_F(Zusammenfassung_Test, A_Failed_Location_Is_Told_And_Nothing_Is_Shown)
         << The_User.Messages[0].Text;
     EXPECT_EQ(Text(), "");
     EXPECT_FALSE(Find<QPushButton>(*Form, "S_Diagramm")->isEnabled());
+}
+
+TEST_F(Zusammenfassung_Test, Its_Simulations_Are_Archived_By_A_Button)
+{
+    Open();
+
+    Click<QPushButton>(*Form, "Archivieren");
+
+    EXPECT_EQ(Archived, "demo_A Maize");
 }
 
 } // namespace orvel

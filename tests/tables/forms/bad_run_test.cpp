@@ -133,7 +133,7 @@ TEST_P(Tampered_Cache, Gives_The_Report_Its_True_Figures)
 
     Zusammenfassung_orv report(
         The_Session,
-        Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_A", "Maize", {{"Hamburg (H)", Run.Path()}}});
+        Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_A", "Maize", {{"Hamburg (H)", Run.Path()}}}, {});
     Show(report);
 
     EXPECT_TRUE(Find<QPlainTextEdit>(report, "Ergebnis")->toPlainText().contains("(17/16)\t45.0000"))
