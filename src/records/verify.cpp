@@ -1,13 +1,7 @@
 #include "records/verify.h"
 
-#include "core/code_page.h"
-#include "core/files.h"
-#include "core/run_name.h"
-#include "core/text.h"
-#include "output/run_outputs.h"
 #include "output/run_state.h"
 
-#include <algorithm>
 #include <array>
 
 namespace orvel {
@@ -30,54 +24,12 @@ Check Check_Of(Verdict verdict)
     }
 }
 
-// The first output of an engine that the record does not know; empty if there is none.
-std::string Added_Output(const fs::path& run_directory, const Run_Record& record)
-{
-    for (const auto& name : List_Files(run_directory, "*.orv")) {
-        const auto is_this = [&](const Recorded_Output& output) { return Path_Of(output.File.Name) == name; };
-        if (Is_Engine_Output(name) && std::ranges::none_of(record.Outputs, is_this))
-            return "The output " + To_Code_Page(name) + " was added.";
-    }
-    return {};
-}
-
 } // namespace
 
 std::string_view Check_Text(Check check)
 {
     constexpr std::array<std::string_view, 5> Texts = {"ok", "changed", "incomplete", "failed", "unrecorded"};
     return Texts[static_cast<std::size_t>(check)];
-}
-
-// The engine of the installation that a run belongs to; a run of a mode lies four levels below it.
-fs::path Verifier::Engine_Of(const fs::path& run_directory, const Run_Record& record) const
-{
-    const fs::path name = Path_Of(record.Engine.Name);
-    fs::path installation = App_Path;
-    if (Is_Run_Level(run_directory.filename().string())) {
-        installation = run_directory;
-        for (int level = 0; level <= Run_Levels; ++level)
-            installation = installation.parent_path();
-    }
-    return Found_Or_New(installation, name);
-}
-
-std::string Verifier::Changed_File(const fs::path& file, const Recorded_File& recorded, bool shared)
-try {
-    const File_Digest digest = shared ? Digests.Of(file) : Digest_Of_File(file);
-    return digest.Sha256 == recorded.Sha256 ? std::string() : recorded.Name + " has changed.";
-} catch (const File_Error& error) {
-    return To_Code_Page(error.what());
-}
-
-std::string Verifier::Changed(const fs::path& run_directory, const Run_Record& record)
-{
-    std::string changed = Changed_File(Engine_Of(run_directory, record), record.Engine, true);
-    for (auto input = record.Inputs.begin(); changed.empty() && input != record.Inputs.end(); ++input)
-        changed = Changed_File(run_directory / Path_Of(input->Name), *input, true);
-    for (auto output = record.Outputs.begin(); changed.empty() && output != record.Outputs.end(); ++output)
-        changed = Changed_File(run_directory / Path_Of(output->File.Name), output->File, false);
-    return changed.empty() ? Added_Output(run_directory, record) : changed;
 }
 
 Verified_Run Verifier::Verify(const fs::path& run_directory)
@@ -94,7 +46,7 @@ Verified_Run Verifier::Verify(const fs::path& run_directory)
         return {Check_Of(state.Verdict),
                 plain ? "The run is " + std::string(Verdict_Text(state.Verdict)) + "." : state.Reason};
     }
-    std::string changed = Changed(directory, *state.Record);
+    std::string changed = Files.Changed(directory, *state.Record);
     return {changed.empty() ? Check::Ok : Check::Changed, changed};
 }
 

@@ -89,15 +89,6 @@ Report_Run Run_Of(const Summary_Location& location, const std::string& stem)
     return run;
 }
 
-// The substances of a run, in its order.
-std::vector<std::string> Substances_Of(const Leachate_Tables& tables)
-{
-    std::vector<std::string> names;
-    for (const auto& name : tables.Result_Name)
-        names.push_back(Substance_Of(name));
-    return names;
-}
-
 // Fills the part of one crop.
 class Crop_Builder {
 public:
@@ -146,45 +137,31 @@ private:
     // Adds the results of a run; gives its problem if its tables do not fit.
     std::string Take(const Leachate_Tables& tables, std::string_view location, Report_Run& run)
     {
-        const auto& periods = tables.Period[static_cast<std::size_t>(Depth::One_Metre)];
-        const auto& years = tables.Year[static_cast<std::size_t>(Depth::One_Metre)];
-        const auto names = Substances_Of(tables);
-        if (periods.empty() || years.empty() || names.size() != periods.size())
-            return "The simulation's tables and its substances do not agree.";
+        auto results = Results_Of(tables);
+        if (!results.Problem.empty())
+            return results.Problem;
         if (Crop.Tables.empty())
-            Name_Substances(names, tables);
-        if (!std::ranges::equal(names, Crop.Tables, {}, {}, &Report_Table::Substance))
+            Name_Substances(results, tables);
+        if (!std::ranges::equal(results.Substances, Crop.Tables, {}, &Run_Result::Substance, &Report_Table::Substance))
             return "The simulation has other substances than that of the first location.";
-        run.Years = static_cast<int>(years.front().Rows.size());
+        run.Years = results.Years;
         run.Titles = tables.Titles;
-        run.Dry_Periods = static_cast<int>(
-            std::ranges::count_if(periods.front().Rows, [](const Leachate_Row& row) { return row.Percolate <= 0; }));
+        run.Dry_Periods = results.Dry_Periods;
         Add_Percentiles(Diagrams, Crop.Runs.size() - 1, location, tables);
-        for (std::size_t s = 0; s < periods.size(); ++s)
-            Crop.Tables[s].Results.push_back(Result_Of_Run_In(periods[s], tables.Period_Index));
+        for (std::size_t s = 0; s < results.Substances.size(); ++s) {
+            auto& result = results.Substances[s];
+            Crop.Tables[s].Results.push_back(
+                {Crop.Runs.size() - 1, result.P80, std::move(result.A), std::move(result.B), result.Above_Limit});
+        }
         return {};
     }
 
-    void Name_Substances(const std::vector<std::string>& names, const Leachate_Tables& tables)
+    void Name_Substances(const Run_Results& results, const Leachate_Tables& tables)
     {
-        for (std::size_t s = 0; s < names.size(); ++s) {
-            Crop.Tables.push_back({names[s], {}, {}});
+        for (std::size_t s = 0; s < results.Substances.size(); ++s) {
+            Crop.Tables.push_back({results.Substances[s].Substance, {}, {}});
             Diagrams.Substances.push_back({tables.Result_Name[s], {}, 0});
         }
-    }
-
-    Report_Result Result_Of_Run_In(const Leachate_Table& periods, int period_index) const
-    {
-        const auto selected = [&](int number) {
-            if (number < 1 || static_cast<std::size_t>(number) > periods.Rows.size())
-                return Selected_Period();
-            return Selected_Period{number, Years_Of_Period(number, period_index),
-                                   periods.Rows[static_cast<std::size_t>(number) - 1].Conc};
-        };
-        Report_Result result{Crop.Runs.size() - 1, periods.Result.P80, selected(periods.Result.A),
-                             selected(periods.Result.B)};
-        result.Above_Limit = result.P80.Conc > Drinking_Water_Limit;
-        return result;
     }
 
     const Summary_Request& Request;
@@ -331,12 +308,6 @@ const Report_Result* Result_Of(const Report_Table& table, std::size_t run)
 {
     const auto found = std::ranges::find(table.Results, run, &Report_Result::Run);
     return found == table.Results.end() ? nullptr : &*found;
-}
-
-std::string Years_Of_Period(int period, int period_index)
-{
-    const int years = period_index + 1, first = static_cast<int>(Warm_Up_Years) + (period - 1) * years + 1;
-    return std::to_string(first) + (years > 1 ? " to " + std::to_string(first + years - 1) : "");
 }
 
 } // namespace orvel

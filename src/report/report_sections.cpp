@@ -10,13 +10,6 @@ namespace orvel {
 
 namespace {
 
-constexpr int Conc_Decimals = 3;
-
-std::string Conc_Text(double conc)
-{
-    return Fixed_Text(conc, Conc_Decimals);
-}
-
 std::string Period_Text(const Selected_Period& period)
 {
     return period.Number == 0 ? "none" : std::to_string(period.Number) + " (" + period.Years + ")";
