@@ -61,6 +61,8 @@ private:
                       box.Drawn_In);
         for (const Chart_Line& line : Source.Lines)
             Polyline(line);
+        for (const Chart_Dot& dot : Source.Dots)
+            Circle(dot);
         Names();
         X_Axis();
         Y_Axis();
@@ -101,6 +103,17 @@ private:
     {
         Out += "<rect x=\"" + Place(x) + "\" y=\"" + Place(y) + "\" width=\"" + Place(width) + "\" height=\"" +
                Place(height) + "\" fill=\"" + Fill(colour) + "\"/>\n";
+    }
+
+    void Circle(const Chart_Dot& dot)
+    {
+        Out += "<circle cx=\"" + Place(X(dot.X)) + "\" cy=\"" + Place(Y(dot.Y)) + "\" r=\"" +
+               Place(Line * (dot.Marked ? Marked_Dot_Radius : Dot_Radius)) + "\" fill=\"" +
+               (dot.Marked ? Fill(dot.Drawn_In) : std::string("#ffffff")) +
+               "\" stroke=\"currentColor\" stroke-width=\"" + (dot.Marked ? "2" : "1") + "\">";
+        if (!dot.Name.empty())
+            Out += "<title>" + Xml_Text(dot.Name) + "</title>";
+        Out += "</circle>\n";
     }
 
     void Polyline(const Chart_Line& line)

@@ -241,7 +241,7 @@ for cell in sheet.iter(space + "c"):
     EXPECT_TRUE(seen.Printed.starts_with("['Results', 'Inputs', 'Records']\n0 frozen\n")) << seen.Printed;
     EXPECT_NE(seen.Printed.find("A2 =C\n"), std::string::npos) << seen.Printed;
     std::ostringstream figure;
-    figure << "D3 " << Cells("Hamburg").at(0).At("value").Number() << "\n";
+    figure << "D4 " << Cells("Hamburg").at(1).At("value").Number() << "\n";
     EXPECT_NE(seen.Printed.find(figure.str()), std::string::npos) << figure.str() << seen.Printed;
     const std::string first = Read_Whole(book);
     ASSERT_EQ(Orvelctl("overview --mode focus --to " + book.string()).Exit, 0);

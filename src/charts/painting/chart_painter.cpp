@@ -46,6 +46,7 @@ public:
         Draw_Boxes();
         Draw_Lines();
         Painter.restore();
+        Draw_Dots();
         Draw_Names();
         Draw_X_Axis();
         Draw_Y_Axis();
@@ -161,6 +162,18 @@ private:
                 Painter.fillRect(QRectF(polygon.front(), QSizeF()).marginsAdded(Dot_Margins * pen.widthF()),
                                  pen.color());
         }
+    }
+
+    // A rim in the colour of the text keeps a dot visible on a box of any colour; a marked one is filled with it.
+    void Draw_Dots()
+    {
+        for (const Chart_Dot& dot : Source.Dots) {
+            const double radius = Line * (dot.Marked ? Marked_Dot_Radius : Dot_Radius);
+            Painter.setPen(QPen(Palette.color(QPalette::Text), Line / (dot.Marked ? 8 : 16)));
+            Painter.setBrush(dot.Marked ? Colour_Of(dot.Drawn_In, Palette) : Palette.color(QPalette::Base));
+            Painter.drawEllipse(Plane.At(dot.X, dot.Y), radius, radius);
+        }
+        Painter.setBrush(Qt::NoBrush);
     }
 
     static double Way_Up_And_Down(const QPolygonF& polygon)

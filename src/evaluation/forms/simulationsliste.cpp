@@ -2,10 +2,12 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/shell_line.h"
 #include "evaluation/forms/put_back_list.h"
 #include "jobs/run_again.h"
 #include "jobs/simulations.h"
 #include "jobs/start_batch.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
@@ -132,6 +134,14 @@ QLayout* Simulationsliste::Buttons()
     Anhalten->setToolTip("Ends the job and the simulations that are running");
     Zurueckholen = add("Zurueckholen", "&Put back ...", &Simulationsliste::Zurueckholen_Click);
     Zurueckholen->setToolTip("Results that were replaced or deleted");
+    add("Befehl", "Copy as comma&nd", [this] {
+        const std::string mode(The_Mode.Name);
+        const auto line = [&](const std::vector<std::string>& words) {
+            return Orvelctl_Line(The_Session.Program.App_Path, words);
+        };
+        Show_Command(this, {line({"status", "--mode", mode}), line({"start", "--mode", mode, "--failed", "--wait"}),
+                            line({"start", "--mode", mode, "--resume", "--wait"}), line({"stop", "--mode", mode})});
+    });
     row->addWidget(Assistant->Switch());
     row->addStretch(1);
     Ende = add("Ende", "&Done", &QDialog::reject);

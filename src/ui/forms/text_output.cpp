@@ -92,4 +92,31 @@ void Print_Text(QWidget& parent, const QString& title, const QString& text)
         Print_Text_On(printer, text);
 }
 
+void Print_Page_On(QPrinter& printer, const QString& html)
+{
+    constexpr double Least_Point_Size = 4;
+    QTextDocument document;
+    document.documentLayout()->setPaintDevice(&printer);
+    QFont font = document.defaultFont();
+    font.setPointSizeF(Largest_Point_Size);
+    const double width = printer.pageRect(QPrinter::DevicePixel).width();
+    do { // a table is as wide as its longest words at least
+        document.setDefaultFont(font);
+        document.setHtml(html);
+        document.setTextWidth(width);
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    } while (document.size().width() > width && font.pointSizeF() > Least_Point_Size);
+    document.print(&printer);
+}
+
+void Print_Page(QWidget& parent, const QString& title, const QString& html)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(title);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    QPrintDialog dialog(&printer, &parent);
+    if (dialog.exec() == QDialog::Accepted)
+        Print_Page_On(printer, html);
+}
+
 } // namespace orvel
