@@ -2,6 +2,7 @@
 
 #include "charts/hues.h"
 #include "charts/scale.h"
+#include "charts/value_at.h"
 #include "core/numbers.h"
 #include "core/xml.h"
 
@@ -82,7 +83,11 @@ private:
                 Text(X(line.Points.back().X), Y(line.Points.back().Y) - 4, "end", line.Name);
         }
         for (const Chart_Box& box : Source.Boxes)
-            Text((X(box.Left) + X(box.Right)) / 2, Y(box.Y) + (box.Y < 0 ? Line : -4), "middle", box.Label);
+            Text((X(box.Left) + X(box.Right)) / 2,
+                 Y(Top_Of(Source, box)) + (box.Y < 0             ? Line
+                                           : Source.Dots.empty() ? -4
+                                                                 : -9),
+                 "middle", box.Label);
         Text(Width / 2, Height / 2, "middle", Source.Nothing);
     }
 

@@ -75,6 +75,16 @@ std::optional<Chart_Hit> Dot_At(const Chart& chart, Chart_Point place, double wi
                      {nearest->X, nearest->Y}};
 }
 
+double Top_Of(const Chart& chart, const Chart_Box& box)
+{
+    double top = box.Y;
+    for (const Chart_Dot& dot : chart.Dots) {
+        if (dot.X >= box.Left && dot.X <= box.Right)
+            top = std::max(top, dot.Y);
+    }
+    return top;
+}
+
 std::string Value_Text_At(const Chart& chart, double x)
 {
     const auto hit = Hit_At(chart, x);

@@ -1,6 +1,7 @@
 #include "evaluation/overview_survey.h"
 
 #include "core/files.h"
+#include "core/system/processors.h"
 #include "core/text.h"
 #include "output/run_files.h"
 
@@ -19,6 +20,8 @@ constexpr auto Between_Looks_Unwatched = 5s;  // where the system tells nothing
 constexpr auto Between_Full_Looks = 60s;
 constexpr auto Gathering = 100ms; // events come in bursts
 constexpr auto Between_Tellings = 100ms;
+constexpr std::size_t Batch = 200, Least_To_Share = 16; // runs
+constexpr int Most_Readers = 4;
 
 // Whether a file of the installation or the mode is an input of runs.
 bool Is_Input(std::string_view name)
@@ -96,7 +99,7 @@ void Overview_Survey::Take_Choice()
         const std::scoped_lock lock(Guard);
         wanted = Wanted;
     }
-    const bool same_figures = Reader && wanted.Mode == Chosen.Mode && wanted.Soil == Chosen.Soil;
+    const bool same_figures = !Readers.empty() && wanted.Mode == Chosen.Mode && wanted.Soil == Chosen.Soil;
     if (!same_figures)
         Begin_Anew(wanted);
     Chosen = std::move(wanted);
@@ -110,7 +113,9 @@ void Overview_Survey::Begin_Anew(const Survey_Choice& choice)
     Program_State program;
     program.App_Path = App_Path;
     Directory = Mode_Directory(program, mode);
-    Reader = std::make_unique<Overview_Reader>(App_Path, mode, choice.Soil);
+    Readers.clear();
+    for (int i = 0; i < std::clamp(Processors(), 1, Most_Readers); ++i)
+        Readers.push_back(std::make_unique<Overview_Reader>(App_Path, mode, choice.Soil));
     Runs.clear();
     Order.clear();
     Lists_Again = true;
@@ -141,23 +146,44 @@ try {
     Order.clear();
 }
 
+// Many runs are looked at by several threads, each with a reader of its own, a batch at a time: between batches what is
+// known is told.
 void Overview_Survey::Look_At_Dirty()
 {
-    Reader->Begin_Pass();
+    std::vector<Known_Run*> dirty;
     for (const auto& path : Order) {
-        auto& known = Runs.at(path);
-        if (!known.Is_Dirty)
-            continue;
+        if (auto& known = Runs.at(path); known.Is_Dirty)
+            dirty.push_back(&known);
+    }
+    for (const auto& reader : Readers)
+        reader->Begin_Pass();
+    for (std::size_t first = 0; first < dirty.size(); first += Batch) {
         if (Is_Interrupted())
             return;
-        known.Is_Dirty = false;
-        known.Seen = Files_In(path);
-        known.Run = Reader->Look(known.Place);
-        ++Looked;
+        Look_At_Batch(std::span(dirty).subspan(first, std::min(Batch, dirty.size() - first)));
         Tell_Now_And_Then();
     }
     const bool pending = std::ranges::any_of(Runs, [](const auto& known) { return known.second.Run.Pending; });
     Tell(!pending);
+}
+
+void Overview_Survey::Look_At_Batch(std::span<Known_Run*> batch)
+{
+    std::atomic<std::size_t> next = 0;
+    const auto look = [&](Overview_Reader& reader) {
+        for (std::size_t i = next++; i < batch.size(); i = next++) {
+            Known_Run& known = *batch[i];
+            known.Is_Dirty = false;
+            known.Seen = Files_In(known.Place.Directory);
+            known.Run = reader.Look(known.Place);
+            ++Looked;
+        }
+    };
+    std::vector<std::thread> helpers;
+    for (std::size_t i = 1; i < Readers.size() && batch.size() > Least_To_Share; ++i)
+        helpers.emplace_back([&, i] { look(*Readers[i]); });
+    look(*Readers.front());
+    std::ranges::for_each(helpers, [](std::thread& helper) { helper.join(); });
 }
 
 void Overview_Survey::Look_Closer()
@@ -167,7 +193,7 @@ void Overview_Survey::Look_Closer()
         if (!known.Run.Pending)
             continue;
         try {
-            Reader->Look_Closer(known.Run, [this](const std::string&, double) { return !Is_Interrupted(); });
+            Readers.front()->Look_Closer(known.Run, [this](const std::string&, double) { return !Is_Interrupted(); });
         } catch (const Reading_Stopped&) {
             known.Is_Dirty = true;
         }
@@ -257,7 +283,7 @@ void Overview_Survey::Tell(bool settled)
     }
     Told = std::chrono::steady_clock::now();
     Publish_State(std::make_shared<const Survey_State>(Survey_State{
-        Arrange_Overview(Chosen.Mode, Reader->Quantity(), std::move(runs), Chosen.Codes), Failure, settled}));
+        Arrange_Overview(Chosen.Mode, Readers.front()->Quantity(), std::move(runs), Chosen.Codes), Failure, settled}));
 }
 
 void Overview_Survey::Tell_Now_And_Then()

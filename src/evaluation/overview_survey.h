@@ -9,6 +9,7 @@
 #include <memory>
 #include <mutex>
 #include <set>
+#include <span>
 #include <thread>
 
 namespace orvel {
@@ -58,6 +59,7 @@ private:
     void Take_Choice();
     void List_Runs();
     void Look_At_Dirty();
+    void Look_At_Batch(std::span<Known_Run*> batch);
     void Look_Closer();
     void Wait();
     void Take_Event(const Directory_Watch::Event& event);
@@ -77,7 +79,7 @@ private:
     // Of the thread alone.
     Survey_Choice Chosen;
     std::filesystem::path Directory;
-    std::unique_ptr<Overview_Reader> Reader;
+    std::vector<std::unique_ptr<Overview_Reader>> Readers; // the first one is that of the thread itself
     std::map<std::filesystem::path, Known_Run> Runs; // in the order of their directories
     std::vector<std::filesystem::path> Order;        // of the listing
     std::string Failure;

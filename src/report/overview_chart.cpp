@@ -98,9 +98,9 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
         dots = true;
     }
     if (below)
-        chart.Key.push_back({Colour::Series, has_limit ? "up to 0.1 " + unit : "maximum"});
+        chart.Key.push_back({Colour::Series, has_limit ? "up to the limit" : "maximum"});
     if (above)
-        chart.Key.push_back({Colour::Marked, "above 0.1 " + unit});
+        chart.Key.push_back({Colour::Marked, "above the limit of 0.1 " + unit + " (line)"});
     if (dots)
         chart.Key.push_back({Colour::Term_3, "the two values that make the percentile"});
     chart.Y = Value_Axis(0, highest);
@@ -110,7 +110,7 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
         chart.Lines.push_back({Colour::Marked,
                                {{0, Drinking_Water_Limit}, {chart.X.High + Half_Width, Drinking_Water_Limit}},
                                {},
-                               "limit: 0.1 " + unit});
+                               chart.Boxes.empty() ? "limit: 0.1 " + unit : std::string()});
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }

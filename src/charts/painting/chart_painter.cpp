@@ -2,6 +2,7 @@
 
 #include "charts/hues.h"
 #include "charts/scale.h"
+#include "charts/value_at.h"
 
 #include <algorithm>
 #include <array>
@@ -84,8 +85,9 @@ private:
         }
         Painter.setPen(Palette.color(QPalette::Text));
         for (const Chart_Box& box : Source.Boxes) {
-            const QPointF end = Plane.At((box.Left + box.Right) / 2, box.Y);
-            Painter.drawText(QRectF(end.x(), box.Y < 0 ? end.y() : end.y() - height, 0, height),
+            const QPointF end = Plane.At((box.Left + box.Right) / 2, Top_Of(Source, box));
+            const double dots = Source.Dots.empty() ? 0 : Line * Marked_Dot_Radius;
+            Painter.drawText(QRectF(end.x(), box.Y < 0 ? end.y() : end.y() - height - dots, 0, height),
                              Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label));
         }
         Painter.setFont(Plain);

@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QSplitter>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 
 namespace orvel {
@@ -29,6 +30,16 @@ QComboBox* Combo(const QString& name, const QString& purpose, const QStringList&
     combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     return combo;
 }
+
+class Roomy_Rows : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        return {size.width(), size.height() * 3 / 2};
+    }
+};
 
 QLabel* Label(const QString& text, QWidget* buddy)
 {
@@ -118,14 +129,16 @@ QLayout* Overview_Window::Soil_Choices()
     Key->setTextFormat(Qt::RichText);
     Classes = Named(new QLineEdit(Shown(Bounds_Text(Settings.Bounds))), "Classes");
     Classes->setToolTip(QString::fromUtf8("Up to four bounds in µg/L, parted by semicolons"));
-    Classes->setMaximumWidth(fontMetrics().averageCharWidth() * 24);
+    Classes->setFixedWidth(fontMetrics().averageCharWidth() * 26);
     connect(Classes, &QLineEdit::editingFinished, this, &Overview_Window::Take_Bounds);
+    Values = Combo("Values", "Values over the bars", {"Periods as dots", "Years as dots"});
+    connect(Values, &QComboBox::activated, this, &Overview_Window::Show_Pictures);
     Class_Box = new QWidget;
     auto* classes = new QHBoxLayout(Class_Box);
     classes->setContentsMargins(0, 0, 0, 0);
-    classes->addWidget(Key);
     classes->addWidget(Label("C&lasses:", Classes));
     classes->addWidget(Classes);
+    classes->addWidget(Values);
 
     auto* row = new QHBoxLayout;
     row->addWidget(Quantity, 1);
@@ -140,12 +153,14 @@ QWidget* Overview_Window::Table_And_Pictures()
     Table->setAccessibleName("Overview");
     Table->setModel(&Table_Model);
     Table->setSelectionBehavior(QAbstractItemView::SelectItems);
+    Table->setItemDelegate(new Roomy_Rows(Table));
     Table->setUniformRowHeights(true);
     Table->setAllColumnsShowFocus(false);
     Table->setSortingEnabled(true);
     Table->header()->setSortIndicator(-1, Qt::AscendingOrder);
     Table->header()->setStretchLastSection(true);
     Table->header()->setSectionsMovable(false);
+    Table->header()->setDefaultAlignment(Qt::AlignCenter);
     Table->setContextMenuPolicy(Qt::CustomContextMenu);
     Table->setTextElideMode(Qt::ElideRight);
     connect(Table->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
@@ -166,8 +181,13 @@ QWidget* Overview_Window::Table_And_Pictures()
     pictures->addWidget(Ranks);
     pictures->setStretchFactor(0, 3);
     pictures->setStretchFactor(1, 2);
+    auto* upper = new QWidget;
+    auto* table = new QVBoxLayout(upper);
+    table->setContentsMargins(0, 0, 0, 0);
+    table->addWidget(Table, 1);
+    table->addWidget(Key);
     auto* both = new QSplitter(Qt::Vertical);
-    both->addWidget(Table);
+    both->addWidget(upper);
     both->addWidget(pictures);
     both->setStretchFactor(0, 3);
     both->setStretchFactor(1, 2);
@@ -177,8 +197,6 @@ QWidget* Overview_Window::Table_And_Pictures()
 
 QLayout* Overview_Window::Foot()
 {
-    Values = Combo("Values", "Values over the bars", {"Periods as dots", "Years as dots"});
-    connect(Values, &QComboBox::activated, this, &Overview_Window::Show_Pictures);
     Status = Named(new QLabel, "Status");
     auto* actions = Push_Button("Actions", "&Actions");
     actions->setMenu(Menu);
@@ -188,7 +206,6 @@ QLayout* Overview_Window::Foot()
     foot->addWidget(Push_Button("Speichern", "&Save", this, &Overview_Window::Save));
     foot->addWidget(Push_Button("Drucken", "&Print", this, &Overview_Window::Print));
     foot->addWidget(Push_Button("Befehl", "Copy as comma&nd", this, &Overview_Window::Command));
-    foot->addWidget(Values);
     foot->addWidget(Status, 1);
     foot->addWidget(Push_Button("Done", "D&one", this, &QDialog::accept));
     return foot;

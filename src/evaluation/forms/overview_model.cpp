@@ -148,10 +148,8 @@ const Overview_Run* Overview_Model::Run_At(const QModelIndex& index) const
 QString Overview_Model::Text_Of(const Overview_Row& row, int column) const
 {
     const int behind = Before_Locations + static_cast<int>(Source->Columns.size());
-    if (column == Pesticide)
-        return Shown(row.Pesticide);
-    if (column == Crop)
-        return Shown(row.Crop);
+    if (column == Pesticide || column == Crop) // a metabolite stands below its parent's
+        return row.Is_Metabolite ? QString() : Shown(column == Pesticide ? row.Pesticide : row.Crop);
     if (column == Substance)
         return row.Substance.empty() ? QString("(no result yet)")
                                      : Shown(row.Substance) + (Source->Has_Limit ? "" : " [" + Shown(row.Unit) + "]");
@@ -229,9 +227,10 @@ QVariant Overview_Model::headerData(int section, Qt::Orientation orientation, in
     if (section < Before_Locations)
         return QStringList{"Pesticide file", "Crop", "Substance"}[section];
     if (is_location)
-        return Shown(Source->Columns[static_cast<std::size_t>(section - Before_Locations)]);
-    return section == behind ? Source->Has_Limit ? QString::fromUtf8("Highest (µg/L)") : QString("Highest")
-                             : QString::fromUtf8("Above 0.1 µg/L");
+        return Shown(Source->Columns[static_cast<std::size_t>(section - Before_Locations)])
+            .replace(" (", role == Qt::DisplayRole ? "\n(" : " (");
+    return section == behind ? Source->Has_Limit ? QString::fromUtf8("Highest\n(µg/L)") : QString("Highest")
+                             : QString::fromUtf8("Above\n0.1 µg/L");
 }
 
 } // namespace orvel

@@ -23,6 +23,15 @@ namespace {
 
 constexpr std::string_view Title = "Overview";
 
+// The width of a column's contents, whatever its heading needs.
+struct Wide_Table : QTreeView {
+    using QTreeView::sizeHintForColumn;
+};
+int Content_Width(const QTreeView& table, int column)
+{
+    return (table.*(&Wide_Table::sizeHintForColumn))(column);
+}
+
 } // namespace
 
 Overview_Window::Overview_Window(const Session& session, Mode_Kind mode, std::vector<Overview_Action> further,
@@ -110,6 +119,7 @@ void Overview_Window::Show_Choices()
     const bool is_focus = The_Mode().Kind == Mode_Kind::Focus;
     Soil_Box->setVisible(!is_focus);
     Class_Box->setVisible(is_focus);
+    Key->setVisible(is_focus);
     Above_Limit->setVisible(is_focus);
     Values->setVisible(is_focus);
 }
@@ -178,10 +188,15 @@ void Overview_Window::Fill_Locations()
 
 void Overview_Window::Size_Columns()
 {
+    const QFontMetrics metrics = fontMetrics();
+    const int most = metrics.averageCharWidth() * 40; // names can be long
     for (int column = 0; column < Table_Model.columnCount(); ++column) {
-        Table->resizeColumnToContents(column);
-        const int most = fontMetrics().averageCharWidth() * 40; // names can be long
-        Table->setColumnWidth(column, std::min(most, Table->columnWidth(column) + fontMetrics().averageCharWidth()));
+        int widest = 0;
+        for (const QString& line :
+             Table_Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().split('\n'))
+            widest = std::max(widest, metrics.horizontalAdvance(line));
+        widest = std::max(widest + 2 * metrics.averageCharWidth(), Content_Width(*Table, column));
+        Table->setColumnWidth(column, std::min(most, widest + metrics.averageCharWidth()));
     }
 }
 
