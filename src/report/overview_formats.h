@@ -36,6 +36,7 @@ Shown_Table Shown_Table_Of(const Overview& overview, const std::vector<double>& 
 extern const std::array<std::string_view, Most_Classes> Class_Signs;
 // Their colours, 0xRRGGBB: from light to dark, which any colour vision tells apart, with ink that can be read on them.
 extern const std::array<std::uint32_t, Most_Classes> Class_Fills, Class_Inks;
+std::string Class_Colours(std::size_t place); // "background:#ffffff;color:#1c1f23"
 // The place of a class among the five, for fewer classes too.
 std::size_t Class_Place(std::size_t class_of, std::size_t bounds);
 // "below 0.001", "0.1 to 1", "10 and more"; bytes of Windows-1252.

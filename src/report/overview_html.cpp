@@ -40,11 +40,6 @@ std::string Hexadecimal(std::uint32_t colour)
     return text;
 }
 
-std::string Colours_Of(std::size_t place)
-{
-    return "background:" + Hexadecimal(Class_Fills[place]) + ";color:" + Hexadecimal(Class_Inks[place]);
-}
-
 std::string Element(std::string_view name, std::string_view attributes, std::string_view inner)
 {
     const std::string tag(name);
@@ -68,7 +63,7 @@ std::string Cell_Of(const Shown_Cell& cell, const std::string& head, bool is_met
         inner += Element("span", " class=\"mark\"", "(" + Xml_Text(cell.Mark) + ")");
     return Element("td",
                    named + " class=\"figure c" + std::to_string(cell.Class) + (cell.Above_Limit ? " over" : "") +
-                       "\" style=\"" + Colours_Of(cell.Class) + ";text-align:right\"",
+                       "\" style=\"" + Class_Colours(cell.Class) + ";text-align:right\"",
                    inner);
 }
 
@@ -94,7 +89,7 @@ std::string Key_Of(const std::vector<double>& bounds)
     const auto texts = Class_Texts(bounds);
     for (std::size_t i = 0; i < texts.size(); ++i) {
         const std::size_t place = Class_Place(i, bounds.size());
-        items += Element("li", " class=\"c" + std::to_string(place) + "\" style=\"" + Colours_Of(place) + "\"",
+        items += Element("li", " class=\"c" + std::to_string(place) + "\" style=\"" + Class_Colours(place) + "\"",
                          std::string(Class_Signs[place]) + " " + Xml_Text(texts[i])) +
                  "\n";
     }
@@ -102,6 +97,11 @@ std::string Key_Of(const std::vector<double>& bounds)
 }
 
 } // namespace
+
+std::string Class_Colours(std::size_t place)
+{
+    return "background:" + Hexadecimal(Class_Fills[place]) + ";color:" + Hexadecimal(Class_Inks[place]);
+}
 
 std::string Overview_Fragment(const Overview& overview, const std::vector<double>& bounds)
 {

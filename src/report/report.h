@@ -1,6 +1,8 @@
 #pragma once
 
 #include "charts/chart.h"
+#include "report/endpoints.h"
+#include "report/overview.h"
 #include "report/report_uses.h"
 #include "report/run_results.h"
 #include "report/summary_report.h"
@@ -32,6 +34,7 @@ struct Report_Run {
     std::vector<std::string> Titles; // what the engine's output says of engine, scenario and pesticide
     Checked_File Pesticide, Scenario, Run_Control;
     std::vector<Report_Use> Uses;
+    Checked_File Record; // run.json
 };
 
 struct Report_Result {
@@ -60,6 +63,8 @@ struct Report {
     std::string Pesticide;       // stem of its file
     std::string Made;            // date
     Checked_File Engine_File;
+    orvel::Overview Overview; // of all runs: what a report begins with
+    std::vector<Endpoint> Endpoints;
     std::vector<Report_Crop> Crops;
     std::vector<std::string> Notes; // what a reader must know before relying on the figures, sentences
 };

@@ -1,6 +1,7 @@
 // The report as an HTML page.
 #include "charts/chart_svg.h"
 #include "core/xml.h"
+#include "report/overview_formats.h"
 #include "report/page_style.h"
 #include "report/report_formats.h"
 #include "report/report_sections.h"
@@ -28,6 +29,12 @@ std::string Cell_Of(const Report_Grid& grid, const Report_Line& line, std::size_
                        Xml_Text(line.Cells[i]));
     if (!Has_Heads(grid) && i == 0)
         return Element("th", " scope=\"row\"", Xml_Text(line.Cells[i]));
+    if (i < line.Marks.size() && line.Marks[i].Class >= 0) {
+        const auto place = static_cast<std::size_t>(line.Marks[i].Class);
+        const std::string text = std::string(Class_Signs[place]) + " " + Xml_Text(line.Cells[i]);
+        return Element("td", " class=\"number class\" style=\"" + Class_Colours(place) + "\"",
+                       line.Marks[i].Bold ? Element("b", "", text) : text);
+    }
     const std::string_view kind = column.Is_Number           ? " class=\"number\""
                                   : column.Head == "SHA-256" ? " class=\"digest\""
                                                              : "";

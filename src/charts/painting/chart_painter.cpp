@@ -18,7 +18,7 @@ constexpr double Line_Width = 1.3;
 constexpr double Margin = 0.6;     // of a line of text
 constexpr double Key_Square = 0.7; // of a line of text
 constexpr double Least_Points = 4;
-constexpr float Grid_Strength = 0.12F;          // opacity
+constexpr float Grid_Strength = 0.12F;          // share of the text's colour
 constexpr QMarginsF Dot_Margins = {2, 2, 2, 2}; // in widths of a line
 
 class Chart_Drawing {
@@ -58,9 +58,12 @@ private:
     // Pale lines at the labelled ticks; beside bars, which stand at every position, only those of the values.
     void Draw_Grid()
     {
-        QColor pale = Palette.color(QPalette::Text);
-        pale.setAlphaF(Grid_Strength);
-        Painter.setPen(QPen(pale, 0));
+        // Mixed and not transparent: a document for archives has no transparency.
+        const QColor ink = Palette.color(QPalette::Text), ground = Palette.color(QPalette::Base);
+        const auto mixed = [](float part, float rest) { return part * Grid_Strength + rest * (1 - Grid_Strength); };
+        Painter.setPen(QPen(QColor::fromRgbF(mixed(ink.redF(), ground.redF()), mixed(ink.greenF(), ground.greenF()),
+                                             mixed(ink.blueF(), ground.blueF())),
+                            0));
         const double high = std::max(Source.Y.High, Source.Y.Ticks.empty() ? 0 : Source.Y.Ticks.back().At);
         for (const Chart_Tick* tick : Y_Labels())
             Painter.drawLine(Plane.At(Source.X.Low, tick->At), Plane.At(Source.X.High, tick->At));
