@@ -248,4 +248,34 @@ for cell in sheet.iter(space + "c"):
     EXPECT_EQ(Read_Whole(book), first); // the same content gives the same bytes
 }
 
+// The page as a browser lays it out: on paper every figure can be read, on a wide screen and on a phone it is painted.
+TEST_F(Orvelctl_Overview, The_Page_Is_Laid_Out_By_A_Browser)
+{
+    if (Shell("command -v chromium").Exit != 0 || Shell("command -v pdftotext").Exit != 0)
+        GTEST_SKIP() << "There is no chromium or no pdftotext: the page was not tried in a browser.";
+    const auto page = Installation() / "page.html", paper = Installation() / "page.pdf";
+    ASSERT_EQ(Orvelctl("overview --mode focus --to " + page.string()).Exit, 0);
+    const std::string browser = "timeout 120 chromium --headless --no-sandbox --disable-gpu --user-data-dir=" +
+                                (Installation() / "browser").string() + " ";
+
+    Shell(browser + "--print-to-pdf=" + paper.string() + " file://" + page.string() + " 2>/dev/null");
+
+    const std::string text = Shell("pdftotext -layout " + paper.string() + " -").Printed;
+    for (const auto& cell : Cells("")) {
+        if (cell.At("value").Is_Null())
+            continue;
+        EXPECT_NE(text.find(Shell("printf %.3f " + std::to_string(cell.At("value").Number())).Printed),
+                  std::string::npos)
+            << text;
+    }
+    EXPECT_NE(text.find("scheduled"), std::string::npos);
+    for (const char* size : {"1280,720", "390,844"}) {
+        const auto picture = Installation() / "page.png";
+        fs::remove(picture);
+        Shell(browser + "--window-size=" + size + " --screenshot=" + picture.string() + " file://" + page.string() +
+              " 2>/dev/null");
+        EXPECT_TRUE(fs::exists(picture) && fs::file_size(picture) > 5000) << size;
+    }
+}
+
 } // namespace orvel
