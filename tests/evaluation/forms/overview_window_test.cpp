@@ -5,6 +5,7 @@
 #include "desktop/forms/windows.h"
 #include "evaluation/forms/overview_window.h"
 #include "jobs/forms/focus.h"
+#include "pdf_text.h"
 #include "runs/start_up.h"
 #include "temporary_directory.h"
 #include "ui/forms/own_modality.h"
@@ -302,6 +303,49 @@ TEST_F(Overview_Window_Test, Copy_Gives_A_Table_As_Text_And_As_Html)
     EXPECT_TRUE(lines[0].startsWith("Pesticide file\tCrop\tSubstance\tChâteaudun (C)\tHamburg (H)\t"));
     EXPECT_EQ(lines[1].split('\t')[4], Stored_Percentile(Run("Hamburg_-_(H)")));
     EXPECT_TRUE(copied->html().contains("background"));
+}
+
+TEST_F(Overview_Window_Test, What_Is_Printed_Has_Every_Figure)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    Click<QPushButton>(window, "Kopieren");
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    const fs::path paper = Place->Path() / "overview.pdf";
+    printer.setOutputFileName(QString::fromStdString(paper.string()));
+
+    Print_Page_On(printer, QApplication::clipboard()->mimeData()->html());
+
+    const QString printed = Text_Of_Pdf(paper);
+    for (const QString& cell : Cells(window, 0))
+        EXPECT_TRUE(printed.contains(cell.section(' ', 1, 1))) << cell.toStdString();
+    EXPECT_TRUE(printed.contains("8 of 9")) << printed.toStdString();
+}
+
+// The lines that the run form shows do what its buttons do.
+TEST_F(Overview_Window_Test, A_Line_That_Is_Copied_As_Command_Does_The_Same)
+{
+    FOCUS form(The_Session, Mode_Of(Mode_Kind::Focus), {}, nullptr);
+    form.show();
+    Choose(form, "Pesticide", "demo_A.psm");
+    Choose(form, "Crop", "Winter cereals");
+    Choose(form, "Location", "Jokioinen (J)");
+    QStringList lines;
+    In_Modal([&](QWidget& box) { lines = Find<QPlainTextEdit>(box, "Commands")->toPlainText().split('\n'); });
+    Click<QPushButton>(form, "Befehl");
+    ASSERT_EQ(lines.size(), 3);
+    ASSERT_TRUE(lines[0].startsWith("orvelctl -C ")) << lines[0].toStdString();
+
+    const std::string command = std::string(ORVELCTL) + lines[0].mid(8).toStdString() + " >/dev/null 2>&1";
+    EXPECT_EQ(std::system(command.c_str()), 0) << command;
+
+    const fs::path run = Installation() / "focus/demo_A.run/Winter_-_cereals.run/Jokioinen_-_(J).run";
+    EXPECT_TRUE(fs::exists(run / "orvel.inp"));
+    EXPECT_EQ(Orvelctl("-C " + Installation().string() + " start --mode focus --wait"), 0);
+    fs::remove_all(run.parent_path().parent_path());
 }
 
 TEST_F(Overview_Window_Test, A_Cell_Opens_What_Belongs_To_It_And_A_Row_Runs_What_Is_Missing)
