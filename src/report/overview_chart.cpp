@@ -11,6 +11,7 @@ namespace orvel {
 namespace {
 
 constexpr double Half_Width = 0.28, Dots_Half_Width = 0.22;
+constexpr std::size_t Least_Places = 4; // so that few bars are not too wide
 constexpr std::string_view Unit_Of_Leachate = "\xB5g/L";
 
 std::vector<double> Concs_Of(const std::vector<Leachate_Row>& rows, std::size_t first)
@@ -77,7 +78,7 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
     chart.Title = substance + (has_limit ? ": 80th percentile at 1 m [" : ": concentration in soil [") + unit + "]";
     chart.Unit = unit;
     chart.X.Title = "Location";
-    chart.X.High = static_cast<double>(std::max<std::size_t>(locations.size(), 1));
+    chart.X.High = static_cast<double>(std::max(locations.size(), Least_Places)) + 0.5;
     double highest = 0;
     bool below = false, above = false, dots = false;
     for (std::size_t i = 0; i < locations.size(); ++i) {
@@ -108,7 +109,7 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
         chart.Nothing = "No location has a result.";
     if (has_limit && Drinking_Water_Limit <= chart.Y.High)
         chart.Lines.push_back({Colour::Marked,
-                               {{0, Drinking_Water_Limit}, {chart.X.High + Half_Width, Drinking_Water_Limit}},
+                               {{0, Drinking_Water_Limit}, {chart.X.High, Drinking_Water_Limit}},
                                {},
                                chart.Boxes.empty() ? "limit: 0.1 " + unit : std::string()});
     chart.Frame = Frame_Around(chart.X, chart.Y);
@@ -156,7 +157,7 @@ Chart Rank_Chart(const std::string& substance, const Location_Values& values)
                                {{0, Drinking_Water_Limit}, {chart.X.High, Drinking_Water_Limit}},
                                {},
                                "limit: 0.1 " + chart.Unit});
-    chart.Key.push_back({Colour::Term_3, "the two values that make the 80th percentile of the years"});
+    chart.Key.push_back({Colour::Term_3, "the two that make the percentile"});
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }

@@ -339,8 +339,8 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
         report.Engine_File = Checked(session.Program.App_Path, Path_Of(session.Program.Engine_Exe));
     if (mode.Kind != Mode_Kind::Focus)
         report.Notes.push_back(
-            "The figures are those of the percolate of these scenarios; their concentrations in soil "
-            "are in the tables of each simulation.");
+            "The tables of each crop are those of the percolate of these scenarios; concentrations in soil are in the "
+            "overview and in the tables of each simulation.");
     Note_Problems(report);
     Note_Places(report, "Further locations of the crop, not simulated",
                 [&](std::size_t crop) { return List_Of(crops[crop].Absent); });

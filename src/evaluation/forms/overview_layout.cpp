@@ -158,7 +158,7 @@ QWidget* Overview_Window::Table_And_Pictures()
     Table->setAllColumnsShowFocus(false);
     Table->setSortingEnabled(true);
     Table->header()->setSortIndicator(-1, Qt::AscendingOrder);
-    Table->header()->setStretchLastSection(true);
+    Table->header()->setStretchLastSection(false);
     Table->header()->setSectionsMovable(false);
     Table->header()->setDefaultAlignment(Qt::AlignCenter);
     Table->setContextMenuPolicy(Qt::CustomContextMenu);

@@ -134,7 +134,7 @@ QLayout* Simulationsliste::Buttons()
     Anhalten->setToolTip("Ends the job and the simulations that are running");
     Zurueckholen = add("Zurueckholen", "&Put back ...", &Simulationsliste::Zurueckholen_Click);
     Zurueckholen->setToolTip("Results that were replaced or deleted");
-    add("Befehl", "Copy as comma&nd", [this] {
+    auto* command = add("Befehl", "Comma&nd", [this] {
         const std::string mode(The_Mode.Name);
         const auto line = [&](const std::vector<std::string>& words) {
             return Orvelctl_Line(The_Session.Program.App_Path, words);
@@ -142,6 +142,7 @@ QLayout* Simulationsliste::Buttons()
         Show_Command(this, {line({"status", "--mode", mode}), line({"start", "--mode", mode, "--failed", "--wait"}),
                             line({"start", "--mode", mode, "--resume", "--wait"}), line({"stop", "--mode", mode})});
     });
+    command->setToolTip("Copy as command: the lines that do the same on a command line");
     row->addWidget(Assistant->Switch());
     row->addStretch(1);
     Ende = add("Ende", "&Done", &QDialog::reject);
