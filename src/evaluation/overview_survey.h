@@ -80,8 +80,8 @@ private:
     Survey_Choice Chosen;
     std::filesystem::path Directory;
     std::vector<std::unique_ptr<Overview_Reader>> Readers; // the first one is that of the thread itself
-    std::map<std::filesystem::path, Known_Run> Runs; // in the order of their directories
-    std::vector<std::filesystem::path> Order;        // of the listing
+    std::map<std::filesystem::path, Known_Run> Runs;       // in the order of their directories
+    std::vector<std::filesystem::path> Order;              // of the listing
     std::string Failure;
     bool Lists_Again = true, Is_Unwatched = false;
     std::chrono::steady_clock::time_point Told;
