@@ -32,6 +32,15 @@ struct Chart_Box {
     bool operator==(const Chart_Box&) const = default;
 };
 
+// A value of its own, drawn over boxes and lines.
+struct Chart_Dot {
+    Colour Drawn_In = Colour::Series;
+    double X = 0, Y = 0;
+    std::string Name;    // names it beside its value
+    bool Marked = false; // stands out
+    bool operator==(const Chart_Dot&) const = default;
+};
+
 enum class Tick_Rank { Big, Small, Tiny };
 
 struct Chart_Tick {
@@ -70,6 +79,7 @@ struct Chart {
     std::vector<Chart_Box> Boxes; // below the lines
     std::vector<Chart_Line> Lines;
     std::vector<Chart_Key> Key;
+    std::vector<Chart_Dot> Dots; // above the lines
 };
 
 // Sizes of the drawing convention, as shares of the length L of the x axis and of the size T of the y axis
@@ -79,6 +89,7 @@ constexpr double Big_X_Tick = 1.0 / 30, Small_X_Tick = 1.0 / 60, Tiny_X_Tick = 1
 constexpr double Y_Label_Left = -1.0 / 10, Long_Y_Label_Left = -1.0 / 9;                   // of L
 constexpr std::size_t Long_Label = 6;       // characters; from here on a label is long and has the smaller font
 constexpr double X_Label_Below = -1.0 / 20; // of T
+constexpr double Dot_Radius = 0.18, Marked_Dot_Radius = 0.3; // of a line of text
 constexpr double Label_Points = 9.75, Long_Label_Points = 8;
 
 } // namespace orvel

@@ -2,6 +2,7 @@
 
 #include "charts/hues.h"
 #include "charts/scale.h"
+#include "charts/value_at.h"
 #include "core/numbers.h"
 #include "core/xml.h"
 
@@ -61,6 +62,8 @@ private:
                       box.Drawn_In);
         for (const Chart_Line& line : Source.Lines)
             Polyline(line);
+        for (const Chart_Dot& dot : Source.Dots)
+            Circle(dot);
         Names();
         X_Axis();
         Y_Axis();
@@ -89,7 +92,11 @@ private:
                 Text(X(line.Points.back().X) + Name_Gap, Y(line.Points.back().Y) + 4, "start", line.Name);
         }
         for (const Chart_Box& box : Source.Boxes)
-            Text((X(box.Left) + X(box.Right)) / 2, Y(box.Y) + (box.Y < 0 ? Line : -4), "middle", box.Label);
+            Text((X(box.Left) + X(box.Right)) / 2,
+                 Y(Top_Of(Source, box)) + (box.Y < 0             ? Line
+                                           : Source.Dots.empty() ? -4
+                                                                 : -9),
+                 "middle", box.Label);
         Text(Width / 2, Height / 2, "middle", Source.Nothing);
     }
 
@@ -110,6 +117,17 @@ private:
     {
         Out += "<rect x=\"" + Place(x) + "\" y=\"" + Place(y) + "\" width=\"" + Place(width) + "\" height=\"" +
                Place(height) + "\" fill=\"" + Fill(colour) + "\"/>\n";
+    }
+
+    void Circle(const Chart_Dot& dot)
+    {
+        Out += "<circle cx=\"" + Place(X(dot.X)) + "\" cy=\"" + Place(Y(dot.Y)) + "\" r=\"" +
+               Place(Line * (dot.Marked ? Marked_Dot_Radius : Dot_Radius)) + "\" fill=\"" +
+               (dot.Marked ? Fill(dot.Drawn_In) : std::string("#ffffff")) +
+               "\" stroke=\"currentColor\" stroke-width=\"" + (dot.Marked ? "2" : "1") + "\">";
+        if (!dot.Name.empty())
+            Out += "<title>" + Xml_Text(dot.Name) + "</title>";
+        Out += "</circle>\n";
     }
 
     void Polyline(const Chart_Line& line)

@@ -56,6 +56,35 @@ std::optional<Chart_Hit> Hit_At(const Chart& chart, double x)
                      *nearest};
 }
 
+std::optional<Chart_Hit> Dot_At(const Chart& chart, Chart_Point place, double within_x, double within_y)
+{
+    const Chart_Dot* nearest = nullptr;
+    double least = 1;
+    for (const Chart_Dot& dot : chart.Dots) {
+        const double distance = std::hypot((dot.X - place.X) / within_x, (dot.Y - place.Y) / within_y);
+        if (distance <= least) {
+            least = distance;
+            nearest = &dot;
+        }
+    }
+    if (nearest == nullptr)
+        return std::nullopt;
+    const std::string unit = chart.Unit.empty() ? "" : " " + chart.Unit;
+    return Chart_Hit{(nearest->Name.empty() ? Position_Text(nearest->X) : nearest->Name) + ": " +
+                         Short_Number(nearest->Y) + unit,
+                     {nearest->X, nearest->Y}};
+}
+
+double Top_Of(const Chart& chart, const Chart_Box& box)
+{
+    double top = box.Y;
+    for (const Chart_Dot& dot : chart.Dots) {
+        if (dot.X >= box.Left && dot.X <= box.Right)
+            top = std::max(top, dot.Y);
+    }
+    return top;
+}
+
 std::string Value_Text_At(const Chart& chart, double x)
 {
     const auto hit = Hit_At(chart, x);

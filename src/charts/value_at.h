@@ -14,6 +14,12 @@ struct Chart_Hit {
 };
 std::optional<Chart_Hit> Hit_At(const Chart& chart, double x);
 
+// The dot nearest to a place that lies within these distances of it.
+std::optional<Chart_Hit> Dot_At(const Chart& chart, Chart_Point place, double within_x, double within_y);
+
+// The highest value drawn over a box: its own or that of a dot.
+double Top_Of(const Chart& chart, const Chart_Box& box);
+
 // Its text; empty where there is nothing.
 std::string Value_Text_At(const Chart& chart, double x);
 

@@ -7,17 +7,6 @@ namespace orvel {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-// The file of the installation that an input of a run directory was copied from; nothing for one that was not.
-std::optional<fs::path> Source_Of(const fs::path& app_path, const fs::path& run_directory, const std::string& name)
-{
-    const bool copied = name.find('/') == std::string::npos && !Same_Text(name, "orvel.inp");
-    return copied && run_directory != app_path ? Find_File(app_path, Path_Of(name)) : std::nullopt;
-}
-
-} // namespace
-
 bool Input_Changes::Differs(const fs::path& file, const Recorded_File& recorded)
 try {
     return Digests.Of(file).Sha256 != recorded.Sha256;
@@ -25,13 +14,36 @@ try {
     return true;
 }
 
+// The file of the installation that an input of a run directory was copied from; nothing for one that was not.
+const std::optional<fs::path>& Input_Changes::Source_Of(const fs::path& run_directory, const std::string& name)
+{
+    static const std::optional<fs::path> none;
+    const bool copied = name.find('/') == std::string::npos && !Same_Text(name, "orvel.inp");
+    if (!copied || run_directory == App_Path)
+        return none;
+    const auto known = Found.find(name);
+    return known != Found.end() ? known->second : Found.emplace(name, Find_File(App_Path, Path_Of(name))).first->second;
+}
+
+std::vector<std::string> Input_Changes::Of_Installation(const fs::path& run_directory, const Run_Record& record)
+{
+    std::vector<std::string> changed;
+    for (const auto& input : record.Inputs) {
+        const auto& source = Source_Of(run_directory, input.Name);
+        if (source && Differs(*source, input))
+            changed.push_back(input.Name);
+    }
+    return changed;
+}
+
 std::vector<std::string> Input_Changes::Of(const Simulation& simulation)
 {
+    Begin_Pass();
     std::vector<std::string> changed;
     if (!simulation.State.Record)
         return changed;
     for (const auto& input : simulation.State.Record->Inputs) {
-        const auto source = Source_Of(App_Path, simulation.Directory, input.Name);
+        const auto& source = Source_Of(simulation.Directory, input.Name);
         if (Differs(simulation.Directory / Path_Of(input.Name), input) || (source && Differs(*source, input)))
             changed.push_back(input.Name);
     }

@@ -4,6 +4,8 @@
 #include "jobs/job_status.h"
 
 #include <filesystem>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,11 +21,19 @@ public:
     // the installation, has another digest or cannot be read. Without a record nothing is known: none.
     std::vector<std::string> Of(const Simulation& simulation);
 
+    // The names of those whose source in the installation alone is another one or cannot be read: the run's own files
+    // are not looked at.
+    std::vector<std::string> Of_Installation(const std::filesystem::path& run_directory, const Run_Record& record);
+    void Begin_Pass() { Found.clear(); } // sources may have come and gone
+
 private:
+    const std::optional<std::filesystem::path>& Source_Of(const std::filesystem::path& run_directory,
+                                                          const std::string& name);
     bool Differs(const std::filesystem::path& file, const Recorded_File& recorded);
 
     std::filesystem::path App_Path;
     File_Digests Digests;
+    std::map<std::string, std::optional<std::filesystem::path>> Found; // sources by the names of inputs
 };
 
 } // namespace orvel

@@ -201,18 +201,30 @@ Run_Status Status_Of_Run(const fs::path& run)
     return Is_Locked(run) || Is_Locked(*echo) ? Run_Status::Running : Run_Status::Data_Available;
 }
 
-std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
+std::vector<Simulation> Simulation_Places(const fs::path& mode_directory)
 {
-    std::vector<Simulation> simulations;
+    std::vector<Simulation> places;
     for (const auto& pesticide : List_Run_Levels(mode_directory)) {
         for (const auto& crop : First_Levels(mode_directory / pesticide)) {
-            for (const auto& location : First_Levels(mode_directory / pesticide / crop)) {
-                auto& simulation = simulations.emplace_back(Look_At_Run(mode_directory / pesticide / crop / location));
-                simulation.Pesticide = List_Name(pesticide);
-                simulation.Crop = List_Name(crop);
-                simulation.Location = List_Name(location);
-            }
+            for (const auto& location : First_Levels(mode_directory / pesticide / crop))
+                places.push_back({.Pesticide = List_Name(pesticide),
+                                  .Crop = List_Name(crop),
+                                  .Location = List_Name(location),
+                                  .Directory = mode_directory / pesticide / crop / location});
         }
+    }
+    return places;
+}
+
+std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
+{
+    auto simulations = Simulation_Places(mode_directory);
+    for (auto& simulation : simulations) {
+        auto looked_at = Look_At_Run(simulation.Directory);
+        looked_at.Pesticide = std::move(simulation.Pesticide);
+        looked_at.Crop = std::move(simulation.Crop);
+        looked_at.Location = std::move(simulation.Location);
+        simulation = std::move(looked_at);
     }
     return simulations;
 }

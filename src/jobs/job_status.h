@@ -62,6 +62,9 @@ Simulation Look_At_Run(const std::filesystem::path& run);
 // locations of a crop.
 std::vector<Simulation> Simulation_List(const std::filesystem::path& mode_directory);
 
+// The same with names and directories alone: no run is looked at.
+std::vector<Simulation> Simulation_Places(const std::filesystem::path& mode_directory);
+
 // The date as the list shows it, in local time: "2024-05-31 14:05".
 std::string Date_Text(std::time_t date);
 

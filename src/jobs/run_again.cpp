@@ -137,4 +137,59 @@ int Mark_Failed_Again(const Program_State& program, const Ask_Function& ask, con
         failed, [&](const Simulation& simulation) { return Mark_Again(program, Agreeing(ask), mode, simulation); }));
 }
 
+bool Mark_Run_Again(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                    const Simulation& simulation)
+{
+    return Mark_Again(program, Agreeing(ask), mode, simulation);
+}
+
+namespace {
+
+bool Is_Unfinished(const Simulation& simulation)
+{
+    const Run_State& state = simulation.State;
+    return state.Verdict == Verdict::Stopped || state.Verdict == Verdict::Scheduled || state.Cut_Off;
+}
+
+// The options of the first simulation, or the recommended ones.
+Run_Options Options_Like(const Mode& mode, const std::vector<Simulation>& simulations)
+{
+    const std::string bytes = simulations.empty() ? std::string() : Read_Control(simulations.front().Directory);
+    return Options_Of(mode, Parse_Template(mode, bytes), bytes);
+}
+
+} // namespace
+
+int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,
+                 std::string_view crop)
+{
+    const fs::path directory = Mode_Directory(program, mode);
+    std::vector<Simulation> simulations = Simulation_List(directory);
+    std::erase_if(simulations, [&](const Simulation& simulation) {
+        return simulation.Pesticide != pesticide || simulation.Crop != crop;
+    });
+    const auto pending = Read_Batch(directory);
+    const auto is_marked = [&](const fs::path& run) {
+        return std::ranges::any_of(pending, [&](const std::string& name) { return Run_Path(directory, name) == run; });
+    };
+    int marked = 0;
+    for (const auto& simulation : simulations) {
+        if (Is_Unfinished(simulation) && !is_marked(simulation.Directory))
+            marked += Mark_Again(program, Agreeing(ask), mode, simulation) ? 1 : 0;
+    }
+    const std::string file = std::string(pesticide) + ".psm";
+    const Crop* const grown = Crop_Named(crop);
+    for (const auto& location : Locations_Of_Crop(program, mode, grown)) {
+        std::error_code ignored;
+        if (fs::exists(Run_Path(directory, Run_Directory(file, crop, location)), ignored))
+            continue;
+        Selection selected = Evaluate_Selection(program, ask, mode, file, grown, location);
+        if (!selected.Buttons_Enabled())
+            continue;
+        selected.Choice.Options = Options_Like(mode, simulations);
+        marked += Mark_For_Batch(program, Agreeing(ask), mode, selected.Choice) == Mark_Result::Marked ? 1 : 0;
+    }
+    return marked;
+}
+
 } // namespace orvel

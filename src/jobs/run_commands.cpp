@@ -4,6 +4,7 @@
 #include "core/files.h"
 #include "core/json.h"
 #include "core/numbers.h"
+#include "core/shell_line.h"
 #include "core/text.h"
 #include "jobs/input_changes.h"
 #include "jobs/job_log.h"
@@ -243,6 +244,34 @@ std::string Simulation_Json(const Program_State& program, const std::vector<Simu
             Put_Simulation(json, simulation, changes);
     });
     return json.Written();
+}
+
+std::vector<std::string> Run_Command_Lines(const Program_State& program, const Mode& mode, const Run_Choice& choice)
+{
+    std::vector<std::string> one = {"mark",
+                                    "--mode",
+                                    std::string(mode.Name),
+                                    "--pesticide",
+                                    To_Utf8(choice.Pesticide),
+                                    "--crop",
+                                    choice.Crop ? To_Utf8(choice.Crop->Text) : std::string()};
+    auto all = one;
+    one.insert(one.end(), {"--location", To_Utf8(choice.Location)});
+    all.emplace_back("--all");
+    const auto add = [&](const std::string& option, std::string_view value) {
+        for (auto* line : {&one, &all})
+            line->insert(line->end(), {option, std::string(value)});
+    };
+    const Output_Option output = Option_Of_Output(choice.Options.Output);
+    if (output != Output_Option::User_Specific)
+        add("--output", output == Output_Option::Minimum ? "minimum" : "recommended");
+    if (choice.Tillage_Visible && !Trim(choice.Options.Tillage).empty())
+        add("--tillage", Trim(choice.Options.Tillage));
+    if (!choice.Options.Scaling.empty())
+        add("--scaling", choice.Options.Scaling);
+    const auto& place = program.App_Path;
+    return {Orvelctl_Line(place, one), Orvelctl_Line(place, all),
+            Orvelctl_Line(place, {"start", "--mode", std::string(mode.Name), "--wait"})};
 }
 
 } // namespace orvel

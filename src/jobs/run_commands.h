@@ -3,6 +3,7 @@
 #include "jobs/job.h"
 #include "jobs/job_status.h"
 #include "runs/output_selection.h"
+#include "runs/run_control.h"
 
 #include <chrono>
 #include <functional>
@@ -26,6 +27,9 @@ struct Mark_Request {
 // Marks as the run form of the mode does. Returns the run directories marked, below the installation directory; nothing
 // if anything was refused, and the user has been told.
 std::optional<std::vector<std::string>> Mark(Session& session, const Mark_Request& request);
+
+// The lines of a shell that mark what a run form has selected, for one location and for all, and start the job. UTF-8.
+std::vector<std::string> Run_Command_Lines(const Program_State& program, const Mode& mode, const Run_Choice& choice);
 
 struct Progress_Report {
     std::function<void(const std::string&)> Tell;

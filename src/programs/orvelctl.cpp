@@ -5,6 +5,7 @@
 #include "core/system/standard_channels.h"
 #include "documents/documents.h"
 #include "installation/lay_out.h"
+#include "programs/orvelctl_overview.h"
 #include "programs/orvelctl_records.h"
 #include "programs/orvelctl_report.h"
 #include "programs/orvelctl_results.h"
@@ -106,6 +107,7 @@ int Do_Command_Line(int argc, char** argv)
     Add_Record_Commands(app, command);
     Add_Result_Commands(app, command);
     Add_Report_Command(app, command);
+    Add_Overview_Command(app, command);
     Add_Series_Command(app, command);
     Add_Single_Command(app, command);
     try {

@@ -1,13 +1,20 @@
-// Paints for orvelctl: a series of a run as a picture, or the report as a document.
+// Paints for orvelctl: a series of a run as a picture, the report as a document or workbook, the overview as a
+// workbook.
 //   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE
 //   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE
-// FROM and TO are months as YYYY-MM; CODES are separated by commas and may be empty.
+//   orvelpaint overview INSTALLATION MODE STEM CROP CODES DEPTH WINDOW FILE
+// FROM and TO are months as YYYY-MM; CODES are separated by commas; they, and the STEM and CROP of an overview, may be
+// empty.
 #include "charts/painting/chart_files.h"
 #include "core/code_page.h"
 #include "core/error.h"
+#include "core/files.h"
 #include "core/numbers.h"
 #include "core/system/standard_channels.h"
 #include "programs/console.h"
+#include "report/overview_formats.h"
+#include "report/overview_reader.h"
+#include "report/overview_settings.h"
 #include "report/painting/report_files.h"
 #include "runs/calendar_file.h"
 #include "runs/start_up.h"
@@ -15,6 +22,7 @@
 #include "tables/series.h"
 #include "tables/utilities.h"
 
+#include <algorithm>
 #include <ctime>
 #include <iostream>
 #include <memory>
@@ -52,6 +60,27 @@ void Paint_Report(Session& session, const Arguments& arguments)
     Write_Report(report, arguments[5]);
 }
 
+// Whether every run could be read.
+bool Write_Overview_Book(Session& session, const Arguments& arguments)
+{
+    const auto bytes = [](const std::string& text) { return From_Utf8(text).value_or(""); };
+    const Overview_Request request{
+        .Pesticide = bytes(arguments[2]),
+        .Crop = bytes(arguments[3]),
+        .Codes = Codes_In(arguments[4]),
+        .Soil = {.Depth = static_cast<int>(Val(arguments[5])), .Window = static_cast<std::size_t>(Val(arguments[6]))}};
+    const auto overview = Gather_Overview(session.Program, *Mode_Named(arguments[1]), request, Shown_Progress());
+    Clear_Progress();
+    Write_Whole(arguments[7],
+                Format_Xlsx(Overview_Book(overview, Read_Overview_Settings(session.Program.App_Path).Bounds)));
+    for (const auto& run : overview.Runs) {
+        if (run.Kind == Cell_Kind::Unreadable)
+            Tell("Overview", run.Pesticide + ", " + run.Crop + ", " + run.Location + ": " + run.Reason);
+    }
+    return std::ranges::none_of(overview.Runs,
+                                [](const Overview_Run& run) { return run.Kind == Cell_Kind::Unreadable; });
+}
+
 } // namespace
 
 } // namespace orvel
@@ -65,7 +94,9 @@ try {
     const std::string what = arguments.empty() ? "" : arguments.front();
     const bool is_series =
         what == "series" && arguments.size() == 10 && Parse_Month(arguments[7]) && Parse_Month(arguments[8]);
-    if (!is_series && !(what == "report" && arguments.size() == 7 && Mode_Named(arguments[2]) != nullptr))
+    const bool is_overview = what == "overview" && arguments.size() == 9 && Mode_Named(arguments[2]) != nullptr;
+    if (!is_series && !is_overview &&
+        !(what == "report" && arguments.size() == 7 && Mode_Named(arguments[2]) != nullptr))
         return 2;
     arguments.erase(arguments.begin());
     qputenv("QT_QPA_PLATFORM", "offscreen");                                             // no display is needed
@@ -73,6 +104,8 @@ try {
     QGuiApplication application(argc, argv);
     const auto session = std::make_unique<Session>();
     session->Program.App_Path = arguments[0];
+    if (is_overview)
+        return Write_Overview_Book(*session, arguments) ? 0 : 1;
     if (is_series)
         Paint_Series(*session, arguments);
     else

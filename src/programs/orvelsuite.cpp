@@ -7,6 +7,7 @@
 #include "runs/start_up.h"
 #include "ui/forms/dark_outlines.h"
 #include "ui/forms/guarded_application.h"
+#include "ui/forms/own_modality.h"
 #include "ui/forms/widgets.h"
 
 #include <iostream>
@@ -21,6 +22,7 @@ try {
     Guarded_Application application(argc, argv);
     QApplication::setApplicationName("ORVELSUITE");
     Show_Outlines_In_The_Dark();
+    Block_Own_Windows_Alone(application);
 
     const auto session = std::make_unique<Session>();
     session->Ask = application.Ask = Ask_In_Box;

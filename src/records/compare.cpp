@@ -147,7 +147,7 @@ void Compare_Runs(const fs::path& first, const fs::path& second, Comparison& com
     Compare_Settings(first, second, "", comparison);
     Compare_Run_Inputs(first, second, comparison);
     comparison.Results =
-        Compare_Results(Results_Of(Found_Run{{}, first}, progress), Results_Of(Found_Run{{}, second}, progress));
+        Compare_Results(Figures_Of(Found_Run{{}, first}, progress), Figures_Of(Found_Run{{}, second}, progress));
 }
 
 // What the other one has not; `where` is the one that has it.
@@ -186,7 +186,7 @@ void Compare_Assessments(const Assessment& first, const Assessment& second, Comp
                          Path_Text(run.Directory.lexically_relative(first.Root).generic_string()) + "/", comparison);
         Compare_All(Documents_In(first.Root, run.Directory), Documents_In(second.Root, other->second), comparison);
     }
-    comparison.Results = Compare_Results(Results_Of(first.Runs, progress), Results_Of(second.Runs, progress));
+    comparison.Results = Compare_Results(Figures_Of(first.Runs, progress), Figures_Of(second.Runs, progress));
 }
 
 bool Is_Assessment(Comparable kind)

@@ -257,8 +257,8 @@ Reproduction Reproduce(const Reproduction_Order& order, const Progress& progress
     Reproduction reproduction{.Tolerance = order.Tolerance};
     for (std::size_t i = 0; i < manifest.Runs.size(); ++i)
         reproduction.Runs.push_back(Compare_Run(manifest.Runs[i], archived.Path(), again, i, reproduction));
-    reproduction.Results = Compare_Results(Results_Of(Compared_Runs(manifest, reproduction, archived.Path())),
-                                           Results_Of(Compared_Runs(manifest, reproduction, fresh.Path())));
+    reproduction.Results = Compare_Results(Figures_Of(Compared_Runs(manifest, reproduction, archived.Path())),
+                                           Figures_Of(Compared_Runs(manifest, reproduction, fresh.Path())));
     return reproduction;
 }
 

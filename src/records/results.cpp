@@ -41,32 +41,32 @@ std::string Problem_Of(const Leachate_Tables& tables, const fs::path& run)
 // Results that have not found their counterpart yet.
 class Unpaired {
 public:
-    explicit Unpaired(const std::vector<Run_Result>& results)
+    explicit Unpaired(const std::vector<Run_Figure>& results)
     {
         for (const auto& result : results)
             Left.emplace(std::pair(result.Key, result.Substance), &result);
     }
 
     // The first of the same run and substance, which is then taken; nullptr without one.
-    const Run_Result* Take(const Run_Result& like)
+    const Run_Figure* Take(const Run_Figure& like)
     {
         const std::pair key(like.Key, like.Substance);
         const auto found = Left.lower_bound(key);
         if (found == Left.end() || found->first != key)
             return nullptr;
-        const Run_Result* taken = found->second;
+        const Run_Figure* taken = found->second;
         Left.erase(found);
         return taken;
     }
 
 private:
-    std::multimap<std::pair<Run_Key, std::string>, const Run_Result*> Left;
+    std::multimap<std::pair<Run_Key, std::string>, const Run_Figure*> Left;
 };
 
 // Why one side has no figure of a run's substance.
 class States {
 public:
-    explicit States(const std::vector<Run_Result>& results)
+    explicit States(const std::vector<Run_Figure>& results)
     {
         for (const auto& result : results)
             Known.emplace(result.Key, result.State);
@@ -109,7 +109,7 @@ std::vector<Found_Run> Runs_Below(const fs::path& directory, std::string_view mo
     return runs;
 }
 
-std::vector<Run_Result> Results_Of(const Found_Run& run, const Progress& progress)
+std::vector<Run_Figure> Figures_Of(const Found_Run& run, const Progress& progress)
 {
     bool stopped = false;
     const auto tables = Build_Or_Load(run.Directory, [&](const std::string& message, double share) {
@@ -121,7 +121,7 @@ std::vector<Run_Result> Results_Of(const Found_Run& run, const Progress& progres
     const std::string problem = Problem_Of(tables, run.Directory);
     if (!problem.empty())
         return {{run.Key, "", std::nullopt, problem}};
-    std::vector<Run_Result> results;
+    std::vector<Run_Figure> results;
     const auto& periods = tables.Period[static_cast<std::size_t>(Depth::One_Metre)];
     for (std::size_t s = 0; s < periods.size(); ++s) {
         const std::string name = s < tables.Result_Name.size() ? Substance_Of(tables.Result_Name[s]) : periods[s].Label;
@@ -130,11 +130,11 @@ std::vector<Run_Result> Results_Of(const Found_Run& run, const Progress& progres
     return results;
 }
 
-std::vector<Run_Result> Results_Of(const std::vector<Found_Run>& runs, const Progress& progress)
+std::vector<Run_Figure> Figures_Of(const std::vector<Found_Run>& runs, const Progress& progress)
 {
-    std::vector<Run_Result> results;
+    std::vector<Run_Figure> results;
     for (std::size_t i = 0; i < runs.size(); ++i) {
-        std::ranges::move(Results_Of(runs[i],
+        std::ranges::move(Figures_Of(runs[i],
                                      [&](const std::string& message, double share) {
                                          return !progress || progress(message, (static_cast<double>(i) + share) /
                                                                                    static_cast<double>(runs.size()));
@@ -151,8 +151,8 @@ bool Compared_Result::Is_Same(double tolerance) const
     return !First && !Second && First_State == Second_State;
 }
 
-std::vector<Compared_Result> Compare_Results(const std::vector<Run_Result>& first,
-                                             const std::vector<Run_Result>& second)
+std::vector<Compared_Result> Compare_Results(const std::vector<Run_Figure>& first,
+                                             const std::vector<Run_Figure>& second)
 {
     Unpaired others(second);
     const States first_states(first), second_states(second);
@@ -161,7 +161,7 @@ std::vector<Compared_Result> Compare_Results(const std::vector<Run_Result>& firs
         if (!one.Value && second_states.Has_Figures(one.Key))
             continue; // the state stands beside each of them
         Compared_Result row{one.Key, one.Substance, one.Value, std::nullopt, one.State, "", std::nullopt};
-        if (const Run_Result* other = others.Take(one)) {
+        if (const Run_Figure* other = others.Take(one)) {
             row.Second = other->Value;
             row.Second_State = other->State;
         } else {

@@ -27,19 +27,19 @@ struct Found_Run {
 std::vector<Found_Run> Runs_Below(const std::filesystem::path& directory, std::string_view mode);
 
 // The 80th percentile of a substance's concentration in the leachate at 1 m, ug/L.
-struct Run_Result {
+struct Run_Figure {
     Run_Key Key;
     std::string Substance; // empty for a run without results
     std::optional<double> Value;
     std::string State; // why there is no value, a sentence; empty if there is one
-    bool operator==(const Run_Result&) const = default;
+    bool operator==(const Run_Figure&) const = default;
 };
 constexpr std::string_view Result_Unit = "\xB5g/L";
 
 // A row for each substance of a run, or one without a substance that says why there is none. Tables that are missing
 // are built and kept first. Throws File_Error for a run that cannot be read, Reading_Stopped if the user stopped it.
-std::vector<Run_Result> Results_Of(const Found_Run& run, const Progress& progress = {});
-std::vector<Run_Result> Results_Of(const std::vector<Found_Run>& runs, const Progress& progress = {});
+std::vector<Run_Figure> Figures_Of(const Found_Run& run, const Progress& progress = {});
+std::vector<Run_Figure> Figures_Of(const std::vector<Found_Run>& runs, const Progress& progress = {});
 
 // Whether two numbers are the same within a tolerance, which is relative to the first.
 bool Is_Within(double first, double second, double tolerance);
@@ -57,7 +57,7 @@ struct Compared_Result {
 };
 
 // Every run and substance of either side: in the order of the first, then what only the second has.
-std::vector<Compared_Result> Compare_Results(const std::vector<Run_Result>& first,
-                                             const std::vector<Run_Result>& second);
+std::vector<Compared_Result> Compare_Results(const std::vector<Run_Figure>& first,
+                                             const std::vector<Run_Figure>& second);
 
 } // namespace orvel

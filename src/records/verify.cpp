@@ -2,12 +2,10 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
-#include "core/run_name.h"
 #include "core/text.h"
 #include "output/run_outputs.h"
 #include "output/run_state.h"
 
-#include <algorithm>
 #include <array>
 
 namespace orvel {
@@ -30,17 +28,6 @@ Check Check_Of(Verdict verdict)
     }
 }
 
-// The first output of an engine that the record does not know; empty if there is none.
-std::string Added_Output(const fs::path& run_directory, const Run_Record& record)
-{
-    for (const auto& name : List_Files(run_directory, "*.orv")) {
-        const auto is_this = [&](const Recorded_Output& output) { return Path_Of(output.File.Name) == name; };
-        if (Is_Engine_Output(name) && std::ranges::none_of(record.Outputs, is_this))
-            return "The output " + To_Code_Page(name) + " was added.";
-    }
-    return {};
-}
-
 } // namespace
 
 std::string_view Check_Text(Check check)
@@ -52,38 +39,6 @@ std::string_view Check_Text(Check check)
 std::string Verified_Line(const Verified_Run& verified, const fs::path& run)
 {
     return std::string(Check_Text(verified.Result)) + "\t" + run.string() + "\t" + To_Utf8(verified.Detail) + "\n";
-}
-
-// The engine of the installation that a run belongs to; a run of a mode lies four levels below it.
-fs::path Verifier::Engine_Of(const fs::path& run_directory, const Run_Record& record) const
-{
-    const fs::path name = Path_Of(record.Engine.Name);
-    fs::path installation = App_Path;
-    if (Is_Run_Level(run_directory.filename().string())) {
-        installation = run_directory;
-        for (int level = 0; level <= Run_Levels; ++level)
-            installation = installation.parent_path();
-    }
-    return Found_Or_New(installation, name);
-}
-
-std::string Verifier::Changed_File(const fs::path& file, const Recorded_File& recorded, bool shared)
-try {
-    const File_Digest digest = shared ? Digests.Of(file) : Digest_Of_File(file);
-    return digest.Sha256 == recorded.Sha256 ? std::string() : recorded.Name + " has changed.";
-} catch (const File_Error& error) {
-    Unreadable = Unreadable || (error.Code && !Is_Missing(error.Code));
-    return To_Code_Page(error.what());
-}
-
-std::string Verifier::Changed(const fs::path& run_directory, const Run_Record& record)
-{
-    std::string changed = Changed_File(Engine_Of(run_directory, record), record.Engine, true);
-    for (auto input = record.Inputs.begin(); changed.empty() && input != record.Inputs.end(); ++input)
-        changed = Changed_File(run_directory / Path_Of(input->Name), *input, true);
-    for (auto output = record.Outputs.begin(); changed.empty() && output != record.Outputs.end(); ++output)
-        changed = Changed_File(run_directory / Path_Of(output->File.Name), output->File, false);
-    return changed.empty() ? Added_Output(run_directory, record) : changed;
 }
 
 Verified_Run Verifier::Verify(const fs::path& run_directory)
@@ -104,11 +59,11 @@ Verified_Run Verifier::Verify(const fs::path& run_directory)
     }
     if (!state.Record->Directory.empty() && !Same_Text(state.Record->Directory, Recorded_Directory(directory)))
         return {Check::Changed, state.Reason};
-    Unreadable = false;
-    std::string changed = Changed(directory, *state.Record);
+    std::string changed = Files.Changed(directory, *state.Record);
+    const bool unreadable = Files.Is_Unreadable();
     if (changed.empty() && Read_Run_Request(directory).Years != state.Record->Years_Expected)
         changed = "The record tells another number of years than orvel.inp.";
-    return {changed.empty() ? Check::Ok : Check::Changed, changed, Unreadable};
+    return {changed.empty() ? Check::Ok : Check::Changed, changed, unreadable};
 }
 
 } // namespace orvel

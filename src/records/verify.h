@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/sha256.h"
-#include "output/run_record.h"
+#include "output/record_check.h"
 
 #include <filesystem>
 #include <string>
@@ -27,20 +26,14 @@ std::string Verified_Line(const Verified_Run& verified, const std::filesystem::p
 class Verifier {
 public:
     // `app_path`: the installation, for the engine of a run that does not lie within one.
-    explicit Verifier(std::filesystem::path app_path) : App_Path(std::move(app_path)) {}
+    explicit Verifier(std::filesystem::path app_path) : Files(std::move(app_path)) {}
 
     // Digests the engine, the inputs and the outputs of a run with a complete record. A file that cannot be read has
     // changed, and the detail tells why.
     Verified_Run Verify(const std::filesystem::path& run_directory);
 
 private:
-    std::string Changed_File(const std::filesystem::path& file, const Recorded_File& recorded, bool shared);
-    std::string Changed(const std::filesystem::path& run_directory, const Run_Record& record);
-    std::filesystem::path Engine_Of(const std::filesystem::path& run_directory, const Run_Record& record) const;
-
-    std::filesystem::path App_Path;
-    bool Unreadable = false; // a file of the run that is verified
-    File_Digests Digests;
+    Record_Check Files;
 };
 
 } // namespace orvel

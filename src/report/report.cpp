@@ -12,10 +12,12 @@
 #include "output/run_files.h"
 #include "output/run_outputs.h"
 #include "output/run_state.h"
-#include "report/report_chart.h"
+#include "report/overview_chart.h"
+#include "report/overview_reader.h"
 #include "tables/table_cache.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
 
 namespace orvel {
@@ -42,14 +44,15 @@ Checked_File First_Checked(const fs::path& directory, std::string_view mask)
     return names.empty() ? Checked_File() : Checked(directory, names.front());
 }
 
-std::vector<Report_Use> Read_Uses(const fs::path& directory, const Checked_File& pesticide, std::string_view location)
+// The pesticide as it was simulated; nothing if its file is missing or is none.
+std::unique_ptr<Pesticide_Document> Read_Pesticide(const fs::path& directory, const Checked_File& pesticide)
 try {
-    const auto document = std::make_unique<Pesticide_Document>();
+    auto document = std::make_unique<Pesticide_Document>();
     Parse_PSM(Read_Whole(Found_Or_New(directory, Path_Of(pesticide.Name))), *document);
-    return Uses_Of(*document, location);
+    return document;
 } catch (const File_Error& error) {
     Pass_On_If_Unreadable(error);
-    return {};
+    return nullptr;
 }
 
 // Why a simulation can have no result, before its files are looked into.
@@ -80,7 +83,8 @@ std::string Problem_Of(const fs::path& directory)
     return state.Is_Finished() ? "" : "The simulation is not complete: " + state.Reason;
 }
 
-Report_Run Run_Of(const Summary_Location& location, const std::string& stem)
+// `endpoints` become those of its pesticide, if there are none yet.
+Report_Run Run_Of(const Summary_Location& location, const std::string& stem, std::vector<Endpoint>& endpoints)
 {
     Report_Run run{.Location = location.Text,
                    .Problem = Problem_Of(location.Directory),
@@ -88,23 +92,22 @@ Report_Run Run_Of(const Summary_Location& location, const std::string& stem)
     run.Pesticide = Checked(location.Directory, Path_Of(stem + ".psm"));
     run.Scenario = First_Checked(location.Directory, "*.sze");
     run.Run_Control = Checked(location.Directory, "orvel.inp");
-    run.Uses = Read_Uses(location.Directory, run.Pesticide, location.Text);
+    if (const auto document = Read_Pesticide(location.Directory, run.Pesticide)) {
+        run.Uses = Uses_Of(*document, location.Text);
+        if (endpoints.empty())
+            endpoints = Endpoints_Of(*document);
+    }
+    run.Record = Checked(location.Directory, Path_Of(Run_Record_Name));
     return run;
-}
-
-// The substances of a run, in its order.
-std::vector<std::string> Substances_Of(const Leachate_Tables& tables)
-{
-    std::vector<std::string> names;
-    for (const auto& name : tables.Result_Name)
-        names.push_back(Substance_Of(name));
-    return names;
 }
 
 // Fills the part of one crop.
 class Crop_Builder {
 public:
-    Crop_Builder(const Summary_Request& request, Report_Crop& crop) : Request(request), Crop(crop)
+    Crop_Builder(const Summary_Request& request, Report_Crop& crop, std::vector<Endpoint>& endpoints)
+        : Request(request),
+          Crop(crop),
+          Endpoints(endpoints)
     {
         Crop.Name = request.Crop;
     }
@@ -112,18 +115,30 @@ public:
     void Build(const Progress& progress)
     {
         for (const auto& location : Request.Locations) {
-            Crop.Runs.push_back(Run_Of(location, Request.Pesticide));
-            Diagrams.Location_Short.push_back(Short_Name(location.Text));
+            Crop.Runs.push_back(Run_Of(location, Request.Pesticide, Endpoints));
             if (Crop.Runs.back().Problem.empty())
                 Add_Results(location, progress);
         }
         for (const auto& missing : Request.Missing)
             Crop.Runs.push_back({.Location = missing, .Problem = "The location was not simulated."});
         for (std::size_t s = 0; s < Crop.Tables.size(); ++s)
-            Crop.Tables[s].Diagram = Report_Chart(Diagrams, s);
+            Crop.Tables[s].Diagram = Location_Chart(Crop.Tables[s].Substance, With_All_Runs(Values[s]),
+                                                    Conc_Values::Periods, "\xB5g/L", true);
     }
 
 private:
+    // A place in the picture for every location, also for those without a result.
+    std::vector<Location_Values> With_All_Runs(const std::map<std::size_t, Location_Values>& known) const
+    {
+        std::vector<Location_Values> all;
+        for (std::size_t i = 0; i < Request.Locations.size(); ++i) {
+            const auto found = known.find(i);
+            all.push_back(found == known.end() ? Location_Values{.Location = Request.Locations[i].Text}
+                                               : found->second);
+        }
+        return all;
+    }
+
     void Add_Results(const Summary_Location& location, const Progress& progress)
     {
         bool stopped = false;
@@ -149,50 +164,36 @@ private:
     // Adds the results of a run; gives its problem if its tables do not fit.
     std::string Take(const Leachate_Tables& tables, std::string_view location, Report_Run& run)
     {
-        const auto& periods = tables.Period[static_cast<std::size_t>(Depth::One_Metre)];
-        const auto& years = tables.Year[static_cast<std::size_t>(Depth::One_Metre)];
-        const auto names = Substances_Of(tables);
-        if (periods.empty() || years.empty() || names.size() != periods.size())
-            return "The simulation's tables and its substances do not agree.";
+        auto results = Results_Of(tables);
+        if (!results.Problem.empty())
+            return results.Problem;
         if (Crop.Tables.empty())
-            Name_Substances(names, tables);
-        if (!std::ranges::equal(names, Crop.Tables, {}, {}, &Report_Table::Substance))
+            Name_Substances(results);
+        if (!std::ranges::equal(results.Substances, Crop.Tables, {}, &Run_Result::Substance, &Report_Table::Substance))
             return "The simulation has other substances than that of the first location.";
-        run.Years = static_cast<int>(years.front().Rows.size());
+        run.Years = results.Years;
         run.Titles = tables.Titles;
-        run.Dry_Periods = static_cast<int>(
-            std::ranges::count_if(periods.front().Rows, [](const Leachate_Row& row) { return row.Percolate <= 0; }));
-        Add_Percentiles(Diagrams, Crop.Runs.size() - 1, location, tables);
-        for (std::size_t s = 0; s < periods.size(); ++s)
-            Crop.Tables[s].Results.push_back(Result_Of_Run_In(periods[s], tables.Period_Index));
+        run.Dry_Periods = results.Dry_Periods;
+        for (std::size_t s = 0; s < results.Substances.size(); ++s) {
+            Values[s][Crop.Runs.size() - 1] = Values_Of(std::string(location), tables, s);
+            auto& result = results.Substances[s];
+            Crop.Tables[s].Results.push_back(
+                {Crop.Runs.size() - 1, result.P80, std::move(result.A), std::move(result.B), result.Above_Limit});
+        }
         return {};
     }
 
-    void Name_Substances(const std::vector<std::string>& names, const Leachate_Tables& tables)
+    void Name_Substances(const Run_Results& results)
     {
-        for (std::size_t s = 0; s < names.size(); ++s) {
-            Crop.Tables.push_back({names[s], {}, {}});
-            Diagrams.Substances.push_back({tables.Result_Name[s], {}, 0});
-        }
-    }
-
-    Report_Result Result_Of_Run_In(const Leachate_Table& periods, int period_index) const
-    {
-        const auto selected = [&](int number) {
-            if (number < 1 || static_cast<std::size_t>(number) > periods.Rows.size())
-                return Selected_Period();
-            return Selected_Period{number, Years_Of_Period(number, period_index),
-                                   periods.Rows[static_cast<std::size_t>(number) - 1].Conc};
-        };
-        Report_Result result{Crop.Runs.size() - 1, periods.Result.P80, selected(periods.Result.A),
-                             selected(periods.Result.B)};
-        result.Above_Limit = result.P80.Conc > Drinking_Water_Limit;
-        return result;
+        for (const auto& result : results.Substances)
+            Crop.Tables.push_back({result.Substance, {}, {}});
+        Values.resize(results.Substances.size());
     }
 
     const Summary_Request& Request;
     Report_Crop& Crop;
-    Summary Diagrams; // what they are drawn from
+    std::vector<Endpoint>& Endpoints;
+    std::vector<std::map<std::size_t, Location_Values>> Values; // by substance and run
     int Period_Index = 0;
 };
 
@@ -307,6 +308,25 @@ void Note_Inputs(const Session& session, Report& report)
               });
 }
 
+// The table that a report begins with, of the same runs. All are looked at closely: their tables have just been built.
+Overview Overview_Of(const Session& session, const Mode& mode, const std::vector<Summary_Request>& crops,
+                     const Progress& progress)
+{
+    Overview_Reader reader(session.Program.App_Path, mode);
+    std::vector<Overview_Run> runs;
+    for (const auto& crop : crops) {
+        for (const auto& location : crop.Locations) {
+            auto run = reader.Look({.Pesticide = crop.Pesticide,
+                                    .Crop = crop.Crop,
+                                    .Location = location.Text,
+                                    .Directory = location.Directory});
+            reader.Look_Closer(run, progress);
+            runs.push_back(std::move(run));
+        }
+    }
+    return Arrange_Overview(mode.Kind, reader.Quantity(), std::move(runs));
+}
+
 } // namespace
 
 Report Gather_Report(const Session& session, const std::vector<Summary_Request>& crops, std::time_t made,
@@ -319,16 +339,19 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
     for (std::size_t i = 0; i < crops.size(); ++i) {
         report.Engine = crops[i].Model_Version;
         report.Pesticide = crops[i].Pesticide;
-        Crop_Builder(crops[i], report.Crops.emplace_back()).Build([&](const std::string& message, double share) {
-            return !progress || progress(message, (static_cast<double>(i) + share) / static_cast<double>(crops.size()));
-        });
+        Crop_Builder(crops[i], report.Crops.emplace_back(), report.Endpoints)
+            .Build([&](const std::string& message, double share) {
+                return !progress ||
+                       progress(message, (static_cast<double>(i) + share) / static_cast<double>(crops.size()));
+            });
     }
+    report.Overview = Overview_Of(session, mode, crops, progress);
     if (!session.Program.Engine_Exe.empty())
         report.Engine_File = Checked(session.Program.App_Path, Path_Of(session.Program.Engine_Exe));
     if (mode.Kind != Mode_Kind::Focus)
         report.Notes.push_back(
-            "The figures are those of the percolate of these scenarios; their concentrations in soil "
-            "are in the tables of each simulation.");
+            "The tables of each crop are those of the percolate of these scenarios; concentrations in soil are in the "
+            "overview and in the tables of each simulation.");
     Note_Problems(report);
     Note_Places(report, "Further locations of the crop, not simulated",
                 [&](std::size_t crop) { return List_Of(crops[crop].Absent); });
@@ -342,12 +365,6 @@ const Report_Result* Result_Of(const Report_Table& table, std::size_t run)
 {
     const auto found = std::ranges::find(table.Results, run, &Report_Result::Run);
     return found == table.Results.end() ? nullptr : &*found;
-}
-
-std::string Years_Of_Period(int period, int period_index)
-{
-    const int years = period_index + 1, first = static_cast<int>(Warm_Up_Years) + (period - 1) * years + 1;
-    return std::to_string(first) + (years > 1 ? " to " + std::to_string(first + years - 1) : "");
 }
 
 } // namespace orvel

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "charts/chart.h"
+#include "report/endpoints.h"
+#include "report/overview.h"
 #include "report/report_uses.h"
+#include "report/run_results.h"
 #include "report/summary_report.h"
-#include "tables/leachate_tables.h"
 
 #include <ctime>
 #include <filesystem>
@@ -32,14 +34,7 @@ struct Report_Run {
     std::vector<std::string> Titles; // what the engine's output says of engine, scenario and pesticide
     Checked_File Pesticide, Scenario, Run_Control;
     std::vector<Report_Use> Uses;
-};
-
-// One of the two periods whose mean concentration is the percentile.
-struct Selected_Period {
-    int Number = 0;    // 0: no year was evaluated
-    std::string Years; // of the simulation: "17", "15 to 16"
-    double Conc = 0;   // ug/L
-    bool operator==(const Selected_Period&) const = default;
+    Checked_File Record; // run.json
 };
 
 struct Report_Result {
@@ -68,6 +63,8 @@ struct Report {
     std::string Pesticide;       // stem of its file
     std::string Made;            // date
     Checked_File Engine_File;
+    orvel::Overview Overview; // of all runs: what a report begins with
+    std::vector<Endpoint> Endpoints;
     std::vector<Report_Crop> Crops;
     std::vector<std::string> Notes; // what a reader must know before relying on the figures, sentences
 };
@@ -80,9 +77,6 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
 
 // The result of a crop's run in a table, or nullptr.
 const Report_Result* Result_Of(const Report_Table& table, std::size_t run);
-
-// The years of the simulation that make up a period, which holds `period_index` + 1 of them.
-std::string Years_Of_Period(int period, int period_index);
 
 // What all formats of the report say.
 constexpr std::string_view Report_Depth_Text =

@@ -2,6 +2,7 @@
 
 #include "charts/scale.h"
 #include "core/numbers.h"
+#include "report/run_results.h"
 
 namespace orvel {
 

@@ -10,7 +10,6 @@ namespace orvel {
 
 namespace {
 
-constexpr int Conc_Decimals = 3;
 constexpr std::string_view Byte_Order_Mark = "\xEF\xBB\xBF"; // by which spreadsheets know UTF-8
 
 std::string Line_Of(const std::vector<std::string>& fields)
@@ -37,14 +36,14 @@ std::vector<std::string> Figures(const Report_Result* result)
     const auto period = [](const Selected_Period& selected) {
         return selected.Number == 0 ? "" : std::to_string(selected.Number);
     };
-    return {Fixed_Text(result->P80.Conc, Conc_Decimals),
+    return {Conc_Text(result->P80.Conc),
             result->Above_Limit ? "yes" : "no",
             period(result->A),
             result->A.Years,
-            Fixed_Text(result->A.Conc, Conc_Decimals),
+            Conc_Text(result->A.Conc),
             period(result->B),
             result->B.Years,
-            Fixed_Text(result->B.Conc, Conc_Decimals),
+            Conc_Text(result->B.Conc),
             Figure_Text(result->P80.Flux),
             Figure_Text(result->P80.Percolate)};
 }

@@ -8,9 +8,10 @@
 
 namespace orvel {
 
-const std::array<Report_Format, 4> Report_Formats = {{
+const std::array<Report_Format, 5> Report_Formats = {{
     {.Ending = ".txt", .Name = "Text", .Write = nullptr, .Is_Text = true},
     {.Ending = ".csv", .Name = "Table", .Write = Report_Csv},
+    {.Ending = ".xlsx", .Name = "Workbook", .Write = nullptr, .Is_Painted = true},
     {.Ending = ".html", .Name = "Page", .Write = Report_Html},
     {.Ending = ".pdf", .Name = "Document", .Write = nullptr, .Is_Painted = true},
 }};

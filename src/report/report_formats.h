@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/workbook.h"
 #include "report/report.h"
 
 #include <array>
@@ -15,9 +16,9 @@ struct Report_Format {
     std::string_view Ending, Name;       // ".html", "Page"
     std::string (*Write)(const Report&); // nullptr: see Is_Text and Is_Painted
     bool Is_Text = false;                // made by Report_Text, not of the gathered report
-    bool Is_Painted = false;             // made by Report_Pdf: it takes a painter
+    bool Is_Painted = false;             // made by Write_Report: it takes a library that orvelctl does without
 };
-extern const std::array<Report_Format, 4> Report_Formats;
+extern const std::array<Report_Format, 5> Report_Formats;
 
 // Throws File_Error for another ending.
 const Report_Format& Report_Format_Of(const std::filesystem::path& file);
@@ -33,6 +34,9 @@ std::string Report_Csv(const Report& report);
 
 // One page without anything outside of it: well-formed XHTML, diagrams as SVG, readable in light and dark and on paper.
 std::string Report_Html(const Report& report);
+
+// A sheet a part of the report; numbers are numbers.
+Workbook Report_Book(const Report& report);
 
 // The summary texts of all requests, one behind the other; lines end in CR LF. Throws File_Error for a location that
 // was asked for and was not run: the text holds nothing but what was.

@@ -1,21 +1,16 @@
 #include "report/report_sections.h"
 
-#include "core/numbers.h"
-#include "report/report_chart.h"
+#include "core/locations.h"
+#include "report/overview_formats.h"
+#include "report/overview_settings.h"
 #include "tables/table_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvel {
 
 namespace {
-
-constexpr int Conc_Decimals = 3;
-
-std::string Conc_Text(double conc)
-{
-    return Fixed_Text(conc, Conc_Decimals);
-}
 
 std::string Period_Text(const Selected_Period& period)
 {
@@ -35,48 +30,103 @@ Report_Grid Facts_Of(const Report& report)
              {{"Report made on", report.Made}}}};
 }
 
-// The highest concentration of a substance and where it stands.
-Report_Line Overview_Line(const Report_Crop& crop, const Report_Table& table)
+// The code of a location, which heads its column: all nine fit on a page.
+std::string Short_Heading(const std::string& location)
 {
-    const auto highest =
-        std::ranges::max_element(table.Results, {}, [](const Report_Result& result) { return result.P80.Conc; });
-    const auto above = std::ranges::count_if(table.Results, &Report_Result::Above_Limit);
-    const std::string of = std::to_string(above) + " of " + std::to_string(table.Results.size());
-    if (highest == table.Results.end())
-        return {{crop.Name, table.Substance, "", "", of}};
-    if (highest->P80.Conc == 0)
-        return {{crop.Name, table.Substance, "-", "-", of}};
-    return {{crop.Name, table.Substance, Conc_Text(highest->P80.Conc), crop.Runs[highest->Run].Location, of},
-            above > 0};
+    const std::string code = Bracket_Text(location);
+    return code.empty() ? location : code;
 }
 
-Report_Section Overview(const Report& report)
+Report_Line Overview_Line(const Overview& overview, const Overview_Row& row)
 {
-    Report_Section section{
-        .Level = 2, .Heading = "Overview", .Sentences = {std::string(Report_Depth_Text) + ", limit 0.1 \xB5g/L."}};
-    section.Grid.Columns = {
-        {"Crop"}, {"Substance"}, {"Highest (\xB5g/L)", true}, {"Location"}, {"Locations above the limit", true}};
+    const std::vector<double> bounds = Overview_Settings().Bounds;
+    Report_Line line;
+    const auto add = [&](const std::string& text, Cell_Mark mark = {}) {
+        line.Cells.push_back(text);
+        line.Marks.push_back(mark);
+    };
+    add(row.Crop);
+    add((row.Is_Metabolite ? "- " : "") + row.Substance + (overview.Has_Limit ? "" : " (" + row.Unit + ")"));
+    const auto mark_of = [&](const Overview_Figure& figure) {
+        const auto place = Class_Place(Class_Of(figure.Value, bounds), bounds.size());
+        return overview.Has_Limit ? Cell_Mark{static_cast<int>(place), figure.Above_Limit} : Cell_Mark();
+    };
+    for (std::size_t column = 0; column < overview.Columns.size(); ++column) {
+        const auto* figure = Figure_At(overview, row, column);
+        add(Cell_Text(overview, row, column), figure == nullptr ? Cell_Mark() : mark_of(*figure));
+    }
+    add(Highest_Text(overview, row),
+        row.Highest < 0 ? Cell_Mark() : mark_of(*Figure_At(overview, row, static_cast<std::size_t>(row.Highest))));
+    if (overview.Has_Limit)
+        add(Above_Text(row));
+    return line;
+}
+
+Report_Section Overview_Section(const Overview& overview)
+{
+    Report_Section section{.Level = 2, .Heading = "Overview"};
+    std::string codes;
+    section.Grid.Columns = {{"Crop"}, {"Substance"}};
+    for (const auto& location : overview.Columns) {
+        section.Grid.Columns.push_back({Short_Heading(location), true});
+        codes += (codes.empty() ? "" : "; ") + location;
+    }
+    section.Grid.Columns.push_back({"Highest", true});
+    if (overview.Has_Limit)
+        section.Grid.Columns.push_back({"Above 0.1"});
+    section.Sentences = {overview.Quantity +
+                             (overview.Has_Limit ? ", \xB5g/L; figures above the limit of 0.1 \xB5g/L are bold." : "."),
+                         "Locations: " + codes + "."};
+    for (const auto& row : overview.Rows)
+        section.Grid.Lines.push_back(Overview_Line(overview, row));
+    return section;
+}
+
+// One table for all crops; what several locations share stands once.
+Report_Section Uses(const Report& report)
+{
+    Report_Section section{.Level = 2, .Heading = "Uses"};
+    section.Grid.Columns = {{"Crop"}, {"Locations"}, {"Rate", true}, {"Date"}, {"Years of the simulation"}, {"Place"}};
     for (const auto& crop : report.Crops) {
-        for (const auto& table : crop.Tables)
-            section.Grid.Lines.push_back(Overview_Line(crop, table));
+        std::vector<Report_Line> lines;
+        const auto add = [&](const std::string& location, std::vector<std::string> use) {
+            const auto known = std::ranges::find_if(lines, [&](const Report_Line& line) {
+                return std::equal(use.begin(), use.end(), line.Cells.begin() + 2, line.Cells.end());
+            });
+            if (known != lines.end()) {
+                known->Cells[1] += "; " + location;
+                return;
+            }
+            use.insert(use.begin(), {crop.Name, location});
+            lines.push_back({std::move(use)});
+        };
+        for (const auto& run : crop.Runs) {
+            if (run.Uses.empty() && !run.Date.empty())
+                add(run.Location, {"The pesticide file states no application for this location."});
+            for (const auto& use : run.Uses)
+                add(run.Location, {use.Rate, use.Date, use.Years, use.Place});
+        }
+        section.Grid.Lines.insert(section.Grid.Lines.end(), lines.begin(), lines.end());
     }
     return section;
 }
 
-Report_Section Uses(const Report_Crop& crop)
+Report_Section Endpoints(const Report& report)
 {
-    Report_Section section{.Level = 3, .Heading = "Uses"};
-    section.Grid.Columns = {{"Location"}, {"Rate", true}, {"Date"}, {"Years of the simulation"}, {"Place"}};
-    for (const auto& run : crop.Runs) {
-        std::string location = run.Location;
-        if (run.Uses.empty() && !run.Date.empty())
-            section.Grid.Lines.push_back({{location, "The pesticide file states no application for this location."}});
-        for (const auto& use : run.Uses) {
-            section.Grid.Lines.push_back({{location, use.Rate, use.Date, use.Years, use.Place}});
-            location.clear();
-        }
-    }
+    Report_Section section{.Level = 2, .Heading = "Endpoints"};
+    section.Grid.Columns = {{"Substance"},          {"DT50 in soil"},    {"Koc (L/kg)", true}, {"1/n", true},
+                            {"Formation fraction"}, {"Vapour pressure"}, {"Solubility"}};
+    for (const auto& endpoint : report.Endpoints)
+        section.Grid.Lines.push_back({{endpoint.Substance, endpoint.DT50, endpoint.Koc, endpoint.Exponent,
+                                       endpoint.Formation, endpoint.Vapour_Pressure, endpoint.Solubility}});
     return section;
+}
+
+// A diagram in which there is something to see.
+const Chart* Diagram_Of(const Report_Table& table)
+{
+    const bool any = std::ranges::any_of(table.Diagram.Boxes, [](const Chart_Box& box) { return box.Y > 0; });
+    return any ? &table.Diagram : nullptr;
 }
 
 Report_Line Result_Line(const Report_Run& run, const Report_Result& result)
@@ -89,7 +139,7 @@ Report_Line Result_Line(const Report_Run& run, const Report_Result& result)
 
 Report_Section Results(const Report_Crop& crop, const Report_Table& table)
 {
-    Report_Section section{.Level = 3, .Heading = "Results for " + table.Substance, .Diagram = &table.Diagram};
+    Report_Section section{.Level = 3, .Heading = "Results for " + table.Substance, .Diagram = Diagram_Of(table)};
     section.Sentences = {std::string(Report_Depth_Text) +
                          ": the mean concentration of two periods A and B, named with the years of the simulation in "
                          "brackets. Flux and percolate are the "
@@ -106,16 +156,33 @@ Report_Section Results(const Report_Crop& crop, const Report_Table& table)
     return section;
 }
 
-Report_Section Simulations(const Report_Crop& crop)
+// One table for all crops.
+Report_Section Simulations(const Report& report)
 {
     constexpr std::size_t Scenario_Title = 1;
-    Report_Section section{.Level = 3, .Heading = "Simulations"};
-    section.Grid.Columns = {{"Location"}, {"Simulated on"}, {"Years", true}, {"Scenario"}};
-    for (const auto& run : crop.Runs) {
-        const std::string scenario = run.Titles.size() > Scenario_Title ? run.Titles[Scenario_Title] : "";
-        section.Grid.Lines.push_back(run.Problem.empty()
-                                         ? Report_Line{{run.Location, run.Date, std::to_string(run.Years), scenario}}
-                                         : Report_Line{{run.Location, run.Problem}});
+    Report_Section section{.Level = 2, .Heading = "Simulations"};
+    section.Grid.Columns = {{"Crop"}, {"Location"}, {"Simulated on"}, {"Years", true}, {"Scenario"}};
+    for (const auto& crop : report.Crops) {
+        for (const auto& run : crop.Runs) {
+            const std::string scenario = run.Titles.size() > Scenario_Title ? run.Titles[Scenario_Title] : "";
+            section.Grid.Lines.push_back(run.Problem.empty() ? Report_Line{{crop.Name, run.Location, run.Date,
+                                                                            std::to_string(run.Years), scenario}}
+                                                             : Report_Line{{crop.Name, run.Location, run.Problem}});
+        }
+    }
+    return section;
+}
+
+// The digest of a run's record vouches for those of all its inputs and outputs, which the record holds.
+Report_Section Records(const Report& report)
+{
+    Report_Section section{.Level = 2, .Heading = "Records"};
+    section.Grid.Columns = {{"Crop"}, {"Location"}, {"Record"}, {"SHA-256"}};
+    for (const auto& crop : report.Crops) {
+        for (const auto& run : crop.Runs) {
+            if (!run.Record.Sha256.empty())
+                section.Grid.Lines.push_back({{crop.Name, run.Location, run.Record.Name, run.Record.Sha256}});
+        }
     }
     return section;
 }
@@ -173,17 +240,23 @@ Report_Section Files(const Report& report)
 std::vector<Report_Section> Sections_Of(const Report& report)
 {
     std::vector<Report_Section> sections = {{.Level = 1, .Heading = report.Title, .Grid = Facts_Of(report)}};
+    if (!report.Overview.Rows.empty())
+        sections.push_back(Overview_Section(report.Overview));
     if (!report.Notes.empty())
         sections.push_back({.Level = 2, .Heading = "Notes", .Sentences = report.Notes, .Is_Warning = true});
-    sections.push_back(Overview(report));
     for (const auto& crop : report.Crops) {
-        sections.push_back({.Level = 2, .Heading = crop.Name});
-        sections.push_back(Uses(crop));
+        sections.push_back({.Level = 2, .Heading = crop.Name, .Begins_Page = true});
         for (const auto& table : crop.Tables)
             sections.push_back(Results(crop, table));
-        sections.push_back(Simulations(crop));
     }
+    sections.push_back(Uses(report));
+    sections.back().Begins_Page = true;
+    if (!report.Endpoints.empty())
+        sections.push_back(Endpoints(report));
+    sections.push_back(Simulations(report));
     sections.push_back(Files(report));
+    if (auto records = Records(report); !records.Grid.Lines.empty())
+        sections.push_back(std::move(records));
     return sections;
 }
 

@@ -15,10 +15,17 @@ struct Report_Column {
     bool Is_Number = false; // right-aligned
 };
 
+// How a cell stands out beside its text.
+struct Cell_Mark {
+    int Class = -1; // of its figure (overview_formats.h); -1: none
+    bool Bold = false;
+};
+
 struct Report_Line {
     std::vector<std::string>
         Cells;           // as many as the table has columns, or one that takes the place of all behind the first
     bool Marked = false; // above the limit
+    std::vector<Cell_Mark> Marks = {}; // of the cells; empty: none has one
 };
 
 struct Report_Grid {
@@ -33,6 +40,7 @@ struct Report_Section {
     Report_Grid Grid;
     const Chart* Diagram = nullptr; // of the report, which must live as long
     bool Is_Warning = false;
+    bool Begins_Page = false; // on paper
 };
 
 std::vector<Report_Section> Sections_Of(const Report& report);

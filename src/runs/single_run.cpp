@@ -212,4 +212,21 @@ std::string Missing_Files_Text(const Program_State& program, const fs::path& dir
                 : " Scenarios and climates of the installation lie in " + Path_Text(scenarios) + ".");
 }
 
+std::vector<std::string> Single_Run_Words(const Single_Run_Entry& entry)
+{
+    std::string climates;
+    for (const auto& climate : entry.Climates)
+        climates += (climates.empty() ? "" : ",") + climate;
+    const auto date = [](const std::string& day, int month) { return day + "." + std::to_string(month + 1); };
+    std::vector<std::string> words = {"single",    "--pesticide", entry.Pesticide, "--scenario", entry.Scenario,
+                                      "--climate", climates,      "--years",       entry.Years};
+    if (entry.Start_Month_Index >= 0)
+        words.insert(words.end(), {"--from", date(entry.Start_Day, entry.Start_Month_Index)});
+    if (entry.End_Month_Index >= 0)
+        words.insert(words.end(), {"--to", date(entry.End_Day, entry.End_Month_Index)});
+    words.emplace_back("--wait");
+    std::ranges::transform(words, words.begin(), [](const std::string& word) { return To_Utf8(word); });
+    return words;
+}
+
 } // namespace orvel

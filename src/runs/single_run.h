@@ -25,6 +25,9 @@ struct Single_Run_Entry {
 Single_Run_Entry Entry_Of_Settings(const Single_Run_Settings& run);
 Single_Run_Settings Settings_Of_Entry(const Single_Run_Entry& entry);
 
+// The words that let orvelctl do the same run, UTF-8.
+std::vector<std::string> Single_Run_Words(const Single_Run_Entry& entry);
+
 // Applies what the directory's orvel.inp restores. Without a readable file nothing changes.
 void Restore_Single_Run(const std::filesystem::path& directory, Single_Run_Settings& run, Output_Selection& output);
 

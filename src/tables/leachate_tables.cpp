@@ -184,6 +184,18 @@ void Build(const fs::path& run_directory, const Echo& echo, const Progress& prog
 
 } // namespace
 
+namespace {
+
+void Take_Echo(const Echo& echo, Leachate_Tables& tables)
+{
+    tables.Run_Failed = echo.Failed();
+    tables.Has_Echo = echo.Missing.empty();
+    for (const auto& name : echo.Substance_Names)
+        tables.Result_Name.push_back(std::string(Result_Begin) + name);
+}
+
+} // namespace
+
 Leachate_Tables Build_Or_Load(const fs::path& run_directory, const Progress& progress, int period_index)
 {
     Leachate_Tables tables;
@@ -195,14 +207,21 @@ Leachate_Tables Build_Or_Load(const fs::path& run_directory, const Progress& pro
     });
     if (!tables.Failure.empty())
         return tables;
-    tables.Run_Failed = echo.Failed();
-    tables.Has_Echo = echo.Missing.empty();
-    for (const auto& name : echo.Substance_Names)
-        tables.Result_Name.push_back(std::string(Result_Begin) + name);
+    Take_Echo(echo, tables);
     Cache.Load_Or_Build(
         run_directory, tables, [&](const Table_Cache::Bytes& bytes) { return Load(bytes, run_directory, tables); },
         [&] { Build(run_directory, echo, progress, tables); });
     return tables;
+}
+
+std::optional<Leachate_Tables> Load_Leachate(const fs::path& run_directory)
+{
+    Leachate_Tables tables;
+    Take_Echo(Read_Echo(run_directory), tables);
+    Cache.Load_Or_Build(
+        run_directory, tables, [&](const Table_Cache::Bytes& bytes) { return Load(bytes, run_directory, tables); },
+        [] {});
+    return tables.From_Cache && !tables.Run_Failed ? std::optional(std::move(tables)) : std::nullopt;
 }
 
 std::string Substance_Of(std::string_view result_name)

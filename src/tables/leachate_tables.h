@@ -4,6 +4,7 @@
 #include "tables/leachate_records.h"
 
 #include <filesystem>
+#include <optional>
 #include <string_view>
 
 namespace orvel {
@@ -13,6 +14,10 @@ namespace orvel {
 // the texts then end early. `period_index` is kept for a run of other than 26, 46 or 66 years.
 Leachate_Tables Build_Or_Load(const std::filesystem::path& run_directory, const Progress& progress = {},
                               int period_index = 0);
+
+// The tables of the caches alone, of a run that is not at work; nothing if they are not there, are damaged or are older
+// than the run. No file of the engine but the echo is read. Throws File_Error for one that cannot be read.
+std::optional<Leachate_Tables> Load_Leachate(const std::filesystem::path& run_directory);
 
 // The substance named in a "Results for ..." text.
 std::string Substance_Of(std::string_view result_name);

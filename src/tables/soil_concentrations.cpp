@@ -7,6 +7,7 @@
 #include "output/echo_file.h"
 #include "output/run_files.h"
 #include "output/soil_averages.h"
+#include "output/table_lines.h"
 #include "tables/table_cache.h"
 #include "tables/table_text.h"
 
@@ -18,18 +19,24 @@ namespace {
 
 constexpr int Figure_Width = 12;
 constexpr std::size_t Name_Width = 15;
+constexpr std::string_view Substance_Begin = "        Substance: \t";
 
 void Print_Substance(Table_Text& text, std::string_view name, bool pore_water,
                      const std::array<TWA_Maximum, TWA_Window.size()>& maxima)
 {
-    text.Line("        Substance: \t" + std::string(Columns(name, 1, Name_Width)));
+    text.Line(std::string(Substance_Begin) + std::string(Columns(name, 1, Name_Width)));
     text.Line("");
-    text.Line(std::string("\t        TWA(d)\t") + (pore_water ? "PEC(mg/L)" : "PEC(mg/kg)") + "\tBegin TWA(d)");
+    text.Line(std::string("\t        TWA(d)\t") + "PEC(" + std::string(Soil_Unit(pore_water)) + ")" + "\tBegin TWA(d)");
     for (std::size_t w = 0; w < TWA_Window.size(); ++w) {
         const std::string row = Number_Text('I', TWA_Window[w], Figure_Width) + "\t" +
                                 Number_Text('F', maxima[w].Value, Figure_Width) + "\t";
         text.Line(row + Number_Text('I', maxima[w].Begin, Figure_Width), row + Simulation_Date(maxima[w].Begin));
     }
+}
+
+template <class Titles> bool Is_Of_Pore_Water(const Titles& titles)
+{
+    return Contains(titles[3], "Pore");
 }
 
 // Fills the record, prints it into `text` and returns the head of plot.orv.
@@ -40,6 +47,7 @@ Plot_Head Read(const fs::path& file, int depth, const Progress& progress, Soil_C
     text.Head(head.Titles);
     text.Line("");
     text.Line("");
+    soil.Pore_Water = Is_Of_Pore_Water(head.Titles);
     const Reading_Progress reading(progress, {file});
     const auto averages = Scan_Soil_Profile(plot, head, depth, [&](int days) {
         reading.Tell("Please wait! Reading file plot, day " + std::to_string(First_Evaluated_Day - 1 + days) + ".",
@@ -49,9 +57,41 @@ Plot_Head Read(const fs::path& file, int depth, const Progress& progress, Soil_C
         soil.Maximum.push_back(averages[s].Maxima());
         const std::string_view name =
             s < soil.Substance_Name.size() ? std::string_view(soil.Substance_Name[s]) : std::string_view();
-        Print_Substance(text, name, Contains(head.Titles[3], "Pore"), soil.Maximum.back());
+        Print_Substance(text, name, soil.Pore_Water, soil.Maximum.back());
     }
     return head;
+}
+
+fs::path Stored_Table(const fs::path& run_directory, int depth)
+{
+    return Found_Or_New(run_directory, "PECsoil_" + std::to_string(depth) + ".orv");
+}
+
+// The maxima that stand in a stored table, and the same table printed anew.
+Table_Text Parse(const std::vector<std::string_view>& lines, Soil_Concentrations& soil)
+{
+    constexpr std::size_t Heads = 3; // of a substance
+    constexpr std::size_t Title_Count = 4;
+    Table_Text text;
+    if (lines.size() < Title_Count)
+        return text;
+    const std::vector<std::string> titles(lines.begin(), lines.begin() + Title_Count);
+    soil.Pore_Water = Is_Of_Pore_Water(titles);
+    text.Head(titles);
+    text.Line("");
+    text.Line("");
+    for (std::size_t first = Title_Count + 2; first + Heads + TWA_Window.size() <= lines.size();
+         first += Heads + TWA_Window.size()) {
+        auto& maxima = soil.Maximum.emplace_back();
+        for (std::size_t w = 0; w < TWA_Window.size(); ++w) {
+            const auto cells = Line_Cells(lines[first + Heads + w]);
+            if (cells.size() == 3)
+                maxima[w] = {Val(cells[1]), To_I16(Val(cells[2]))};
+        }
+        const auto name = lines[first].substr(std::min(lines[first].size(), Substance_Begin.size()));
+        Print_Substance(text, name, soil.Pore_Water, maxima);
+    }
+    return text;
 }
 
 // A sentence that says why the table is not written; empty if it may be. `echo` was read before the series.
@@ -95,11 +135,37 @@ Soil_Concentrations Build_Soil_Concentrations(const fs::path& run_directory, int
     if (!soil.Note().empty())
         return soil;
     try {
-        Write_Whole(Found_Or_New(run_directory, "PECsoil_" + std::to_string(depth) + ".orv"), text.File);
+        Write_Whole(Stored_Table(run_directory, depth), text.File);
         soil.Kept = true;
     } catch (const File_Error& error) {
         soil.Not_Kept = To_Code_Page(error.what());
     }
+    return soil;
+}
+
+std::string_view Soil_Unit(bool pore_water)
+{
+    return pore_water ? "mg/L" : "mg/kg";
+}
+
+std::optional<Soil_Concentrations> Load_Soil_Concentrations(const fs::path& run_directory, int depth)
+{
+    const Echo echo = Read_Echo(run_directory);
+    const fs::path file = Stored_Table(run_directory, depth);
+    const std::string bytes = Read_If_There(run_directory, file.filename());
+    Soil_Concentrations soil;
+    soil.Run_Changed = Output_Changed(run_directory);
+    std::error_code missing;
+    const auto written = fs::last_write_time(file, missing);
+    if (bytes.empty() || missing || written < soil.Run_Changed || echo.At_Work || echo.Holds_Error)
+        return std::nullopt;
+    soil.Substance_Name = echo.Substance_Names;
+    const Table_Text text = Parse(Split_Lines(bytes), soil);
+    if (soil.Maximum.empty() || !Holds_Text(bytes, text.File))
+        return std::nullopt;
+    soil.Text = text.Screen;
+    soil.Found = Stored::Good;
+    soil.From_Cache = soil.Kept = true;
     return soil;
 }
 

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-Run_Result Figure(const std::string& location, const std::string& substance, double value)
+Run_Figure Figure(const std::string& location, const std::string& substance, double value)
 {
     return {{"focus", "demo", "Maize", location}, substance, value, ""};
 }
@@ -35,7 +35,7 @@ TEST(Compare_Results, Figures_Of_The_Same_Run_And_Substance_Have_A_Ratio)
 
 TEST(Compare_Results, A_Figure_That_One_Side_Lacks_Differs_At_Any_Tolerance_And_Says_Why)
 {
-    const Run_Result failed{{"focus", "demo", "Maize", "K"}, "", std::nullopt, "The simulation failed."};
+    const Run_Figure failed{{"focus", "demo", "Maize", "K"}, "", std::nullopt, "The simulation failed."};
 
     const auto compared =
         Compare_Results({Figure("H", "parent", 2), Figure("K", "parent", 1)}, {failed, Figure("N", "parent", 1)});

@@ -1,6 +1,7 @@
 #include "report/report_formats.h"
 
 #include "core/error.h"
+#include "report/overview_chart.h"
 #include "report_session.h"
 
 namespace orvel {
@@ -101,13 +102,25 @@ TEST(Report_As_Html, A_Run_Without_Result_Has_Its_Problem_In_Place_Of_Figures)
 
 TEST(Report_As_Html, Nothing_Is_Fetched_From_Elsewhere_And_The_Diagrams_Stand_In_The_Page)
 {
-    const std::string html = Report_Html(Small_Report());
+    Report report = Small_Report();
+    report.Crops[0].Tables[0].Diagram =
+        Location_Chart("P", {{.Location = "H", .Figure = 1, .Figure_Text = "1"}}, Conc_Values::Periods, "mg/L", true);
+    const std::string html = Report_Html(report);
 
     for (const std::string outside : {"src=", "href=", "@import", "url("})
         EXPECT_FALSE(Has(html, outside)) << outside;
     EXPECT_TRUE(Has(html, "<svg xmlns"));
     EXPECT_TRUE(Has(html, "@media print"));
     EXPECT_TRUE(Has(html, "prefers-color-scheme: dark"));
+}
+
+TEST(Report_As_Html, An_Empty_Diagram_Is_Left_Out)
+{
+    Report report = Small_Report();
+    report.Crops[0].Tables[0].Diagram = Location_Chart("P", {{.Location = "H", .Figure = 0, .Figure_Text = "0.000"}},
+                                                       Conc_Values::Periods, "mg/L", true);
+
+    EXPECT_FALSE(Has(Report_Html(report), "<svg"));
 }
 
 TEST(Report_Formats_Test, The_Ending_Decides_And_Others_Are_Refused)
@@ -130,8 +143,8 @@ TEST(Report_Formats_Test, Every_Format_Has_One_Way_To_Be_Made)
 
 TEST(Report_Formats_Test, Help_And_Dialog_Name_All_Of_Them)
 {
-    EXPECT_EQ(Report_Endings(), ".txt, .csv, .html or .pdf");
-    EXPECT_EQ(Report_Filters(), "Document (*.pdf);;Page (*.html);;Table (*.csv);;Text (*.txt)");
+    EXPECT_EQ(Report_Endings(), ".txt, .csv, .xlsx, .html or .pdf");
+    EXPECT_EQ(Report_Filters(), "Document (*.pdf);;Page (*.html);;Workbook (*.xlsx);;Table (*.csv);;Text (*.txt)");
 }
 
 TEST_F(Report_Session, The_Text_Is_That_Of_The_Summaries_In_Utf_8_One_Crop_Behind_The_Other)

@@ -5,7 +5,9 @@
 #include "core/text.h"
 #include "output/run_files.h"
 #include "report/report_formats.h"
+#include "report/report_sections.h"
 #include "report_session.h"
+#include "substance/pathway.h"
 
 namespace orvel {
 
@@ -255,6 +257,72 @@ TEST(Codes_In_A_List, Commas_Part_Them_And_Blanks_Do_Not_Count)
 {
     EXPECT_EQ(Codes_In("C,H, T_N ,"), (std::vector<std::string>{"C", "H", "T_N"}));
     EXPECT_TRUE(Codes_In("").empty());
+}
+
+TEST_F(Report_Session, It_Begins_With_The_Table_Of_All_Locations)
+{
+    Add_Run("Maize", Hamburg, 1);
+    Add_Run("Maize", Kremsmuenster, 2);
+
+    const Report report = Gather();
+
+    ASSERT_EQ(report.Overview.Rows.size(), 2U);
+    EXPECT_EQ(Cell_Text(report.Overview, report.Overview.Rows[0], 0), "22.500 (unrecorded)");
+    const auto sections = Sections_Of(report);
+    EXPECT_EQ(sections.at(1).Heading, "Overview");
+    EXPECT_EQ(sections[1].Grid.Lines[0].Cells, (std::vector<std::string>{"Maize", "P & <Q>", "22.500 (unrecorded)",
+                                                                         "45.000 (unrecorded)", "45.000", "2 of 2"}));
+    EXPECT_TRUE(sections[1].Grid.Lines[0].Marks[3].Bold);
+    EXPECT_EQ(sections[1].Grid.Lines[1].Marks[3].Class, 0);
+}
+
+TEST_F(Report_Session, The_Picture_Has_The_Periods_As_Dots_With_The_Two_That_Make_The_Percentile)
+{
+    Add_Run("Maize", Hamburg, 1);
+
+    const Chart diagram = Gather().Crops[0].Tables[0].Diagram;
+
+    EXPECT_EQ(diagram.Dots.size(), 20U);
+    std::vector<double> marked;
+    for (const auto& dot : diagram.Dots) {
+        if (dot.Marked)
+            marked.push_back(dot.Y);
+    }
+    EXPECT_EQ(marked, (std::vector<double>{22, 23}));
+}
+
+TEST(Endpoints, Have_Their_Conditions_And_The_Shares_That_Form_A_Metabolite)
+{
+    const auto document = std::make_unique<Pesticide_Document>();
+    Reset_PSM(*document);
+    document->Substance_Name[1] = "A";
+    document->Substance_Name[2] = "M";
+    document->Koc[1] = 100.0;
+    document->Fr_Exp[1] = 0.9;
+    document->Henry_Flag = 1.0;
+    document->Vap_Press = {1e-5, 4e-5};
+    document->Solubility = {30, 60};
+    document->Volat_Temp = {20, 30};
+    auto& rows = document->Degradation[1];
+    rows[1] = {.Deg_Rate = 0.03, .Deg_Temp = 20.0, .Deg_Q10 = 2.58, .Deg_Moist_Abs = 0.0, .Deg_Moist_Rel = 100.0};
+    rows[5] = rows[1];
+    rows[5].Deg_Rate = 0.01;
+    Update_Pathway(*document);
+
+    const auto endpoints = Endpoints_Of(*document);
+
+    ASSERT_EQ(endpoints.size(), 2U);
+    EXPECT_EQ(endpoints[0].DT50, "17.3 d at 20 \xB0"
+                                 "C, moisture 100 % of field capacity, Q10 2.58"); // ln 2 / 0.04
+    EXPECT_EQ(endpoints[0].Koc, "100");
+    EXPECT_EQ(endpoints[0].Exponent, "0.9");
+    EXPECT_EQ(endpoints[0].Vapour_Pressure, "0.00001 Pa at 20 \xB0"
+                                            "C");
+    EXPECT_EQ(endpoints[0].Solubility, "30 mg/L at 20 \xB0"
+                                       "C");
+    EXPECT_EQ(endpoints[1].Substance, "M");
+    EXPECT_EQ(endpoints[1].Formation, "0.750 from A");
+    EXPECT_EQ(endpoints[1].Vapour_Pressure, "");
 }
 
 } // namespace orvel

@@ -17,6 +17,7 @@ namespace orvel {
 namespace {
 
 constexpr double Mark_Radius = 4;
+constexpr double Reach = 8; // pixels, of the mouse to a dot
 
 } // namespace
 
@@ -132,7 +133,12 @@ void Chart_View::keyPressEvent(QKeyEvent* event)
 
 void Chart_View::Show_Value(const QPointF& position, const QPoint& global)
 {
-    const auto hit = Hit_At(Painted, X_Under(position));
+    const Chart_Plane plane(Painted, rect(), font());
+    const auto width = [&](double pixels) { return std::fabs(plane.X_Of(pixels) - plane.X_Of(0)); };
+    const auto height = [&](double pixels) { return std::fabs(plane.Y_Of(pixels) - plane.Y_Of(0)); };
+    auto hit = Dot_At(Painted, {plane.X_Of(position.x()), plane.Y_Of(position.y())}, width(Reach), height(Reach));
+    if (!hit)
+        hit = Hit_At(Painted, plane.X_Of(position.x()));
     Mark(hit ? std::optional(hit->Point) : std::nullopt);
     if (hit)
         QToolTip::showText(global, Shown(hit->Text), this);

@@ -2,6 +2,7 @@
 
 #include "charts/hues.h"
 #include "charts/scale.h"
+#include "charts/value_at.h"
 
 #include <algorithm>
 #include <array>
@@ -54,6 +55,7 @@ public:
         Draw_Boxes();
         Draw_Lines();
         Painter.restore();
+        Draw_Dots();
         Draw_Names();
         Draw_X_Axis();
         Draw_Y_Axis();
@@ -92,8 +94,9 @@ private:
         for (const Chart_Box& box : Source.Boxes) {
             if (box.Label.empty())
                 continue;
-            const QPointF end = Plane.At((box.Left + box.Right) / 2, box.Y);
-            const QRectF place(end.x(), box.Y < 0 ? end.y() : end.y() - height, 0, height);
+            const QPointF end = Plane.At((box.Left + box.Right) / 2, Top_Of(Source, box));
+            const double dots = Source.Dots.empty() ? 0 : Line * Marked_Dot_Radius;
+            const QRectF place(end.x(), box.Y < 0 ? end.y() : end.y() - height - dots, 0, height);
             QRectF ground;
             Painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label), &ground);
             Painter.fillRect(ground, Palette.base()); // a line may pass behind the figure
@@ -173,6 +176,18 @@ private:
                 Painter.fillRect(QRectF(polygon.front(), QSizeF()).marginsAdded(Dot_Margins * pen.widthF()),
                                  pen.color());
         }
+    }
+
+    // A rim in the colour of the text keeps a dot visible on a box of any colour; a marked one is filled with it.
+    void Draw_Dots()
+    {
+        for (const Chart_Dot& dot : Source.Dots) {
+            const double radius = Line * (dot.Marked ? Marked_Dot_Radius : Dot_Radius);
+            Painter.setPen(QPen(Palette.color(QPalette::Text), Line / (dot.Marked ? 8 : 16)));
+            Painter.setBrush(dot.Marked ? Colour_Of(dot.Drawn_In, Palette) : Palette.color(QPalette::Base));
+            Painter.drawEllipse(Plane.At(dot.X, dot.Y), radius, radius);
+        }
+        Painter.setBrush(Qt::NoBrush);
     }
 
     static double Way_Up_And_Down(const QPolygonF& polygon)

@@ -146,4 +146,9 @@ double Chart_Plane::X_Of(double pixel) const
     return Frame.Left + (pixel - Plane.left()) / Plane.width() * (Frame.Right - Frame.Left);
 }
 
+double Chart_Plane::Y_Of(double pixel) const
+{
+    return Frame.Bottom + (Plane.bottom() - pixel) / Plane.height() * (Frame.Top - Frame.Bottom);
+}
+
 } // namespace orvel

@@ -46,6 +46,7 @@ public:
 
     QPointF At(double x, double y) const;
     double X_Of(double pixel) const;
+    double Y_Of(double pixel) const;
     const QRectF& Area() const { return Plane; }
 
 private:

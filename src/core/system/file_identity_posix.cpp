@@ -13,7 +13,9 @@ std::optional<File_Identity> Identity_Of(const std::filesystem::path& file)
                          .Number = about.st_ino,
                          .Size = static_cast<std::uint64_t>(about.st_size),
                          .Seconds = about.st_mtim.tv_sec,
-                         .Nanoseconds = about.st_mtim.tv_nsec};
+                         .Nanoseconds = about.st_mtim.tv_nsec,
+                         .Noted_Seconds = about.st_ctim.tv_sec,
+                         .Noted_Nanoseconds = about.st_ctim.tv_nsec};
 }
 
 } // namespace orvel

@@ -127,6 +127,9 @@ QLayout* Start::Documents()
     Command1 = Named(new QPushButton("Create / Modify  &Pesticide file"), "Command1");
     Command2 = Named(new QPushButton("Create / Modify S&cenario File"), "Command2");
     Command6 = Named(new QPushButton("Create / Modify C&limate File"), "Command6");
+    auto* overview = Named(new QPushButton("&Overview"), "Overview_Button");
+    overview->setToolTip("The whole assessment at a glance: every simulation with its result or its state");
+    connect(overview, &QPushButton::clicked, this, [this] { Open_Overview(The_Session, Mode_Kind::Focus); });
     connect(Command1, &QPushButton::clicked, this, &Start::Open_Pesticide);
     connect(Command2, &QPushButton::clicked, this, &Start::Open_Scenario);
     connect(Command6, &QPushButton::clicked, this, &Start::Open_Climate);
@@ -134,6 +137,7 @@ QLayout* Start::Documents()
     auto* documents = new QHBoxLayout;
     for (auto* command : {Command1, Command2, Command6})
         documents->addWidget(command, 1);
+    documents->addWidget(overview, 1);
     auto* archives = Named(new QPushButton("&Archives and comparisons"), "Open_Archives");
     archives->setToolTip("Archive simulations, restore or run again what was archived, compare two assessments");
     connect(archives, &QPushButton::clicked, this, &Start::Open_Archives);

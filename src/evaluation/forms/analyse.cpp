@@ -1,5 +1,6 @@
 #include "evaluation/forms/analyse.h"
 
+#include "core/shell_line.h"
 #include "evaluation/forms/series_choice.h"
 #include "evaluation/forms/simulationsliste.h"
 #include "output/echo_file.h"
@@ -11,6 +12,7 @@
 #include "tables/forms/mass_balance.h"
 #include "tables/forms/pecsoil.h"
 #include "tables/forms/text_viewer.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/widgets.h"
 #include "ui/shown_file.h"
 
@@ -201,6 +203,32 @@ void Analyse::Grafik_Click()
 {
     const auto calendar = Calendar_File(The_Session, Run_Directory(), false);
     taegliches_Diagramm_neu(The_Session.Ask, Series->Choice(Run_Directory(), calendar), this).exec();
+}
+
+void Analyse::Command()
+{
+    const std::string run = Run_Directory().string();
+    if (run.empty())
+        return;
+    const auto line = [&](const std::vector<std::string>& words) {
+        return Orvelctl_Line(The_Session.Program.App_Path, words);
+    };
+    const auto choice = Series->Choice(Run_Directory(), {});
+    const auto month = [](const Run_Month& at) { return std::to_string(at.Year) + "-" + std::to_string(at.Month); };
+    std::vector<std::string> series = {"series",   run,
+                                       "--column", std::to_string(choice.Column),
+                                       "--from",   month(choice.Request.From),
+                                       "--to",     month(choice.Request.To)};
+    if (choice.Request.Cumulative)
+        series.emplace_back("--cumulative");
+    Show_Command(this,
+                 {line(The_Mode.Kind == Mode_Kind::Focus
+                           ? std::vector<std::string>{"tables", run}
+                           : std::vector<std::string>{"pecsoil", run, "--depth", ERC->currentText().toStdString()}),
+                  line({"balance", run}), line(series),
+                  line({"report", "--mode", std::string(The_Mode.Name), "--pesticide",
+                        Pestizidverzeichnis->currentText().toStdString(), "--crop",
+                        Kulturverzeichnis->currentText().toStdString()})});
 }
 
 } // namespace orvel

@@ -46,6 +46,7 @@ private:
     void Echo_Click();
     void Zusammenfassung_Click();
     void Grafik_Click();
+    void Command();
 
     std::filesystem::path Run_Directory() const; // empty if none is chosen
 

@@ -99,7 +99,8 @@ QLayout* Analyse::Buttons()
     Grafik = add("Grafik", "S&how Diagram", &Analyse::Grafik_Click);
     Liste = add("Liste", "&Browse", &Analyse::Liste_Click);
     buttons->addWidget(Assistant->Switch(), 2, 0, Qt::AlignLeft);
-    place = 8;
+    place = 7;
+    add("Befehl", "Copy as comma&nd", &Analyse::Command);
     OK = add("OK", "&Done", &Analyse::accept);
     return buttons;
 }

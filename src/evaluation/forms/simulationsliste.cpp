@@ -2,11 +2,13 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/shell_line.h"
 #include "evaluation/forms/put_back_list.h"
 #include "jobs/run_again.h"
 #include "jobs/simulations.h"
 #include "jobs/start_batch.h"
 #include "records/forms/archive_dialog.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
@@ -135,6 +137,15 @@ QLayout* Simulationsliste::Buttons()
     Zurueckholen->setToolTip("Results that were replaced or deleted");
     Archivieren = add("Archivieren", "&Archive ...", &Simulationsliste::Archivieren_Click);
     Archivieren->setToolTip("Puts the simulations of the selected one's pesticide and crop into one file");
+    auto* command = add("Befehl", "Comma&nd", [this] {
+        const std::string mode(The_Mode.Name);
+        const auto line = [&](const std::vector<std::string>& words) {
+            return Orvelctl_Line(The_Session.Program.App_Path, words);
+        };
+        Show_Command(this, {line({"status", "--mode", mode}), line({"start", "--mode", mode, "--failed", "--wait"}),
+                            line({"start", "--mode", mode, "--resume", "--wait"}), line({"stop", "--mode", mode})});
+    });
+    command->setToolTip("Copy as command: the lines that do the same on a command line");
     row->addWidget(Assistant->Switch());
     row->addStretch(1);
     Ende = add("Ende", "&Done", &QDialog::reject);

@@ -4,12 +4,14 @@
 #include "core/text.h"
 #include "documents/forms/edit_document.h"
 #include "jobs/job_status.h"
+#include "jobs/run_commands.h"
 #include "jobs/start_batch.h"
 #include "runs/batch.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/forms/dialog.h"
 #include "runs/mark.h"
 #include "runs/output_selection.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/widgets.h"
 
 #include <QApplication>
@@ -287,6 +289,11 @@ void FOCUS::Evaluation()
     Windows.Open_Evaluation(The_Mode, this);
     Timer1.start(Tick_Interval);
     Activate();
+}
+
+void FOCUS::Command()
+{
+    Show_Command(this, Run_Command_Lines(The_Session.Program, The_Mode, Choice()));
 }
 
 void FOCUS::Edit_Pesticide()

@@ -70,6 +70,7 @@ private:
     void Show_Progress();
 
     void Evaluation();
+    void Command();
     void Edit_Pesticide();
     void Edit_Scenario();
     void Edit(const std::filesystem::path& document);

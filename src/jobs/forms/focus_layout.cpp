@@ -256,6 +256,8 @@ QLayout* FOCUS::Buttons()
     buttons->addWidget(Marked = Named(new QLabel, "Marked"));
     buttons->addStretch(1);
     buttons->addWidget(Assistant->Switch());
+    add("Befehl", "Copy as comma&nd", &FOCUS::Command);
+    add("Overview_Button", "&Overview", [this] { Windows.Open_Overview(The_Mode); });
     Command1 = add("Command1", "E&valuation", &FOCUS::Evaluation);
     Command2 = add("Command2", "&Done", &FOCUS::accept);
     return buttons;

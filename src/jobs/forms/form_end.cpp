@@ -1,11 +1,13 @@
 #include "jobs/forms/form_end.h"
 
 #include "core/files.h"
+#include "core/shell_line.h"
 #include "documents/forms/edit_document.h"
 #include "jobs/single_run_archive.h"
 #include "jobs/single_run_start.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/output_selection.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/path_label.h"
@@ -161,6 +163,13 @@ void form_end::Ausgabe_Click(int option)
         The_Session.Output = Recommended_Output();
     else
         Ausgabe_festlegen(The_Session.Output, this).exec(); // "User Specific" stays selected, whatever was entered
+}
+
+void form_end::Command()
+{
+    const auto directory = std::filesystem::current_path();
+    Show_Command(this, {"cd " + Shell_Word(directory.string()),
+                        Orvelctl_Line(The_Session.Program.App_Path, Single_Run_Words(Entry()))});
 }
 
 void form_end::Start()

@@ -55,6 +55,7 @@ private:
     void Edit(const QString& name);
     void Ausgabe_Click(int option);
     void Start();
+    void Command();
     void Open_Archive();
     void Move_To_Archive();
     void Close_Archive();

@@ -202,7 +202,10 @@ QLayout* form_end::Buttons()
     auto* move = Push_Button("Command7", "Move &Output to Archive", this, &form_end::Open_Archive);
     auto* browse = Push_Button("Command6", "Input/Output &files", this, [this] { Windows.Open_Run_Files(this); });
     auto* exit = Push_Button("Command5", "E&xit", this, &QDialog::accept);
-    for (auto* button : {start, move, browse})
+    auto* command = Push_Button("Befehl", "Copy as command", this, &form_end::Command);
+    auto* overview =
+        Push_Button("Overview_Button", "Overvie&w", this, [this] { Windows.Open_Overview(Mode_Of(Mode_Kind::Focus)); });
+    for (auto* button : {start, move, browse, command, overview})
         buttons->addWidget(button);
     buttons->addStretch(1);
     buttons->addWidget(exit);

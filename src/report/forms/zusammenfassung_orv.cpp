@@ -2,14 +2,14 @@
 
 #include "charts/forms/chart_view.h"
 #include "charts/forms/picture_actions.h"
-#include "core/error.h"
-#include "report/painting/report_files.h"
+#include "core/code_page.h"
+#include "core/shell_line.h"
+#include "report/forms/report_saving.h"
 #include "report/report_chart.h"
-#include "report/report_formats.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
 
-#include <QFileDialog>
 #include <QPlainTextEdit>
 
 namespace orvel {
@@ -45,6 +45,11 @@ Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request reque
     Add_Button("Archivieren", "&Archive ...", [this] {
         Open_Archive(Request, this);
     })->setToolTip("Puts the simulations with inputs, records, outputs and report into one file");
+    Add_Button("Befehl", "Copy as comma&nd", [this] {
+        Show_Command(this, {Orvelctl_Line(The_Session.Program.App_Path,
+                                          {"report", "--mode", std::string(Mode_Of(Request.Mode).Name), "--pesticide",
+                                           To_Utf8(Request.Pesticide), "--crop", To_Utf8(Request.Crop)})});
+    });
     Add_Done();
 }
 
@@ -99,24 +104,9 @@ void Zusammenfassung_orv::Copy()
         Copy_Text(Ergebnis->toPlainText());
 }
 
-// The format goes by the ending, which the chosen filter completes.
 void Zusammenfassung_orv::Speichern()
-try {
-    QFileDialog dialog(this, "Save report", {}, Shown(Report_Filters()));
-    dialog.setObjectName("Save_Report");
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    const auto complete = [&dialog](const QString& filter) {
-        dialog.setDefaultSuffix(filter.section("*.", 1).chopped(1));
-    };
-    connect(&dialog, &QFileDialog::filterSelected, complete);
-    complete(dialog.selectedNameFilter());
-    dialog.selectFile(Shown(Request.Pesticide + " " + Request.Crop));
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const Hourglass waiting;
-    Save_Report(The_Session, {Request}, dialog.selectedFiles().value(0).toStdString());
-} catch (const File_Error& error) {
-    The_Session.Ask({"Save report", Bytes_Of(QString::fromUtf8(error.what()))});
+{
+    Save_Report_As(*this, The_Session, {Request});
 }
 
 void Zusammenfassung_orv::Print()

@@ -20,6 +20,8 @@ std::string Pdf_Bytes(const Report& report, const std::filesystem::path& file)
 void Write_Report(const Report& report, const std::filesystem::path& file)
 {
     const auto& format = Report_Format_Of(file);
+    if (format.Ending == ".xlsx")
+        return Write_Whole(file, Format_Xlsx(Report_Book(report)));
     Write_Whole(file, format.Is_Painted ? Pdf_Bytes(report, file) : format.Write(report));
 }
 

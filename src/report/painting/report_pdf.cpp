@@ -1,6 +1,7 @@
 // The report as a PDF document.
 #include "charts/painting/chart_painter.h"
 #include "core/code_page.h"
+#include "report/overview_formats.h"
 #include "report/painting/report_files.h"
 #include "report/report_sections.h"
 
@@ -23,13 +24,15 @@ namespace {
 
 constexpr int Resolution = 300;
 constexpr double Margin_Millimetres = 18, Points_Per_Inch = 72, Millimetres_Per_Inch = 25.4;
-constexpr double Text_Points = 9.5, Table_Points = 8, Digest_Points = 6.5, Foot_Points = 8;
+constexpr double Text_Points = 9.5, Table_Points = 8, Wide_Table_Points = 6.5, Digest_Points = 6.5, Foot_Points = 8;
 constexpr std::array<double, 4> Heading_Points = {0, 18, 14, 11.5};
-constexpr double Diagram_Height_Share = 0.56;       // of its width
+constexpr double Least_Diagram_Share = 0.24;        // to stay on the page of its table
+constexpr double Diagram_Height_Share = 0.5;        // of its width
 constexpr double Cell_Padding = 2.5, Border = 0.75; // points
 constexpr double Diagram_Scale = 0.75;              // of its letters
 constexpr double Least_Behind_Heading = 0.15;       // of a page
 constexpr int Diagram_Object = QTextFormat::UserObject + 1;
+constexpr int Height_Property = QTextFormat::UserProperty + 2;
 constexpr int Diagram_Property = QTextFormat::UserProperty + 1;
 const QColor Above_Colour(0x8C, 0x1D, 0x18), Head_Ground(0xEE, 0xF0, 0xF2), Rule_Colour(0xC4, 0xC8, 0xCE);
 
@@ -57,9 +60,10 @@ class Diagram_In_Text : public QObject, public QTextObjectInterface {
 public:
     Diagram_In_Text(double width, QObject* parent) : QObject(parent), Width(width) {}
 
-    QSizeF intrinsicSize(QTextDocument* /*document*/, int /*position*/, const QTextFormat& /*format*/) override
+    QSizeF intrinsicSize(QTextDocument* /*document*/, int /*position*/, const QTextFormat& format) override
     {
-        return {Width, Width * Diagram_Height_Share};
+        const double left = format.doubleProperty(Height_Property); // of the page; 0: enough
+        return {Width, left > 0 ? left : Width * Diagram_Height_Share};
     }
 
     void drawObject(QPainter* painter, const QRectF& rect, QTextDocument* document, int /*position*/,
@@ -132,6 +136,8 @@ private:
         block.setTopMargin(Dots(Is_First ? 0 : 14));
         block.setBottomMargin(Dots(5));
         block.setHeadingLevel(section.Level);
+        if (section.Begins_Page)
+            block.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
         Begin_Block(block, Letters(Heading_Points.at(static_cast<std::size_t>(section.Level)), true));
         Cursor.insertText(Text(section.Heading));
     }
@@ -164,7 +170,7 @@ private:
         auto* table = Cursor.insertTable(static_cast<int>(grid.Lines.size()) + first,
                                          static_cast<int>(grid.Columns.size()), format);
         for (int column = 0; heads && column < table->columns(); ++column)
-            Head_Cell(table->cellAt(0, column), grid.Columns[static_cast<std::size_t>(column)]);
+            Head_Cell(table->cellAt(0, column), grid.Columns[static_cast<std::size_t>(column)], Points_Of(grid));
         for (int row = 0; row < static_cast<int>(grid.Lines.size()); ++row)
             Fill_Row(*table, row + first, grid, grid.Lines[static_cast<std::size_t>(row)]);
         Cursor.movePosition(QTextCursor::End);
@@ -183,10 +189,10 @@ private:
         for (std::size_t i = 0; i < grid.Columns.size(); ++i) {
             word.push_back(0);
             line.push_back(0);
-            Measure(grid.Columns[i].Head, Letters(Table_Points, true), word[i], line[i]);
+            Measure(grid.Columns[i].Head, Letters(Points_Of(grid), true), word[i], line[i]);
             for (const auto& row : grid.Lines) {
                 if (row.Cells.size() == grid.Columns.size())
-                    Measure(row.Cells[i], Cell_Letters(grid.Columns[i], true), word[i], line[i]);
+                    Measure(row.Cells[i], Cell_Letters(grid, grid.Columns[i], true), word[i], line[i]);
             }
         }
         const double words = std::accumulate(word.begin(), word.end(), 0.0),
@@ -211,15 +217,22 @@ private:
         line = std::max(line, metrics.horizontalAdvance(text) + Around_A_Cell());
     }
 
-    static QTextCharFormat Cell_Letters(const Report_Column& column, bool bold)
+    // A table of a column a location has smaller letters.
+    static double Points_Of(const Report_Grid& grid)
     {
-        return Letters(column.Head == "SHA-256" ? Digest_Points : Table_Points, bold);
+        constexpr std::size_t Many_Columns = 10;
+        return grid.Columns.size() > Many_Columns ? Wide_Table_Points : Table_Points;
     }
 
-    static void Head_Cell(QTextTableCell cell, const Report_Column& column)
+    static QTextCharFormat Cell_Letters(const Report_Grid& grid, const Report_Column& column, bool bold)
+    {
+        return Letters(column.Head == "SHA-256" ? Digest_Points : Points_Of(grid), bold);
+    }
+
+    static void Head_Cell(QTextTableCell cell, const Report_Column& column, double points)
     {
         // The unit goes below the name: a line would otherwise break behind its stroke.
-        Write(cell.firstCursorPosition(), Text(column.Head).replace(" (", "\u2028("), Letters(Table_Points, true),
+        Write(cell.firstCursorPosition(), Text(column.Head).replace(" (", "\u2028("), Letters(points, true),
               column.Is_Number);
         QTextCharFormat ground = cell.format();
         ground.setBackground(Head_Ground);
@@ -233,12 +246,27 @@ private:
             table.mergeCells(row, cells - 1, 1, table.columns() - cells + 1);
         for (int i = 0; i < cells; ++i) {
             const auto& column = grid.Columns[static_cast<std::size_t>(i)];
-            QTextCharFormat letters = Cell_Letters(column, line.Marked || (i == 0 && column.Head.empty()));
+            QTextCharFormat letters = Cell_Letters(grid, column, line.Marked || (i == 0 && column.Head.empty()));
             if (line.Marked)
                 letters.setForeground(Above_Colour);
+            if (static_cast<std::size_t>(i) < line.Marks.size())
+                Mark_Cell(table.cellAt(row, i), line.Marks[static_cast<std::size_t>(i)], letters);
             Write(table.cellAt(row, i).firstCursorPosition(), Text(line.Cells[static_cast<std::size_t>(i)]), letters,
                   column.Is_Number && cells == table.columns());
         }
+    }
+
+    static void Mark_Cell(QTextTableCell cell, const Cell_Mark& mark, QTextCharFormat& letters)
+    {
+        if (mark.Bold)
+            letters.setFontWeight(QFont::Bold);
+        if (mark.Class < 0)
+            return;
+        const auto place = static_cast<std::size_t>(mark.Class);
+        QTextCharFormat ground = cell.format();
+        ground.setBackground(QColor(QRgb(Class_Fills[place])));
+        cell.setFormat(ground);
+        letters.setForeground(QColor(QRgb(Class_Inks[place])));
     }
 
     static void Write(QTextCursor cursor, const QString& text, const QTextCharFormat& letters, bool to_the_right)
@@ -288,6 +316,16 @@ double Needed_By_Heading(const QTextDocument& document, const QTextBlock& headin
     return Least_Behind_Heading * height;
 }
 
+// A diagram takes the height that its page has left rather than a page of its own.
+void Shrink_Diagram(const QTextBlock& block, double height)
+{
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    QTextCharFormat format = cursor.charFormat();
+    format.setProperty(Height_Property, height);
+    cursor.setCharFormat(format);
+}
+
 // Breaks pages before a diagram that would be cut, and before a heading whose table would be, or that would stand alone
 // at the foot of its page.
 void Keep_Together(QTextDocument& document)
@@ -301,6 +339,11 @@ void Keep_Together(QTextDocument& document)
         const double needed = is_diagram ? place.height() : Needed_By_Heading(document, block);
         if (std::fmod(place.top(), height) + needed <= height)
             continue;
+        const double left = height - std::fmod(place.top(), height) - Pixels(4);
+        if (is_diagram && left >= Least_Diagram_Share * document.pageSize().width()) {
+            Shrink_Diagram(block, left - (place.height() - Diagram_Height_Share * document.pageSize().width()));
+            continue;
+        }
         QTextBlockFormat format = block.blockFormat();
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
         QTextCursor(block).setBlockFormat(format);

@@ -1,5 +1,6 @@
 #include "tables/forms/jahr_orv.h"
 
+#include "core/shell_line.h"
 #include "tables/forms/jahresdiagramm.h"
 #include "tables/leachate_tables.h"
 
@@ -23,6 +24,7 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run)
                    "Table of Annual Average Concentrations in Leachate", "Period"}};
     const auto tables = std::make_shared<Leachate_Tables>();
     kind.Run = run;
+    kind.Command = Orvelctl_Line(session.Program.App_Path, {"tables", run.string()});
     kind.Build = [run, tables](const Progress& progress) -> Built_Tables {
         *tables = Build_Or_Load(run, progress);
         return {{tables->Year_Text, tables->Period_Text}, *tables};

@@ -1,5 +1,6 @@
 #include "tables/forms/mass_balance.h"
 
+#include "core/shell_line.h"
 #include "output/echo_file.h"
 #include "tables/forms/jahresbilanz.h"
 
@@ -33,6 +34,10 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
         {"Ergebnis_1", "Pesticide balance", "Table of " + period + " Pesticide Mass Balance", "Water Balance"}};
     const auto tables = std::make_shared<Balance_Tables>();
     kind.Run = run;
+    std::vector<std::string> words = {"balance", run.string()};
+    if (view == Balance_View::Monthly)
+        words.emplace_back("--monthly");
+    kind.Command = Orvelctl_Line(session.Program.App_Path, words);
     kind.Build = [run, view, tables](const Progress& progress) -> Built_Tables {
         *tables = Build_Or_Load_Balance(run, view, progress);
         return {{tables->Water_Text, tables->Pesticide_Text}, *tables};

@@ -1,5 +1,6 @@
 #include "tables/forms/pecsoil.h"
 
+#include "core/shell_line.h"
 #include "tables/forms/jahresdiagramm.h"
 #include "tables/leachate_tables.h"
 #include "tables/soil_concentrations.h"
@@ -16,6 +17,7 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run, int
     kind.First_Caption = "Table of actual and time weighted average concentrations in soil";
     kind.Views = {{"Ergebnis_1", "Concentrations in soil", kind.First_Caption, ""}};
     kind.Run = run;
+    kind.Command = Orvelctl_Line(session.Program.App_Path, {"pecsoil", run.string(), "--depth", std::to_string(depth)});
     kind.Build = [run, depth](const Progress& progress) -> Built_Tables {
         const auto soil = Build_Soil_Concentrations(run, depth, progress);
         return {{soil.Text}, soil};

@@ -1,6 +1,7 @@
 #include "tables/forms/table_form.h"
 
 #include "tables/table_cache.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
 
@@ -26,6 +27,7 @@ Table_Form::Table_Form(Table_Kind kind, QWidget* parent)
     Add_Button("Diagramm", "D&iagram", [this] { Kind.Open_Diagram(*this); });
     if (Kind.Open_Months)
         Add_Button("By_Month", "By &month", [this] { Kind.Open_Months(*this); });
+    Add_Button("Befehl", "Copy as comma&nd", [this] { Show_Command(this, {Kind.Command}); });
     Add_Done();
 }
 

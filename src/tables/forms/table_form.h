@@ -29,6 +29,7 @@ struct Table_Kind {
     QString First_Caption, First_Switch_Caption; // until the tables are built
     std::vector<Table_View> Views;               // the first one is shown first
     std::filesystem::path Run;                   // the run directory
+    std::string Command;                         // the line of a shell that prints the same, UTF-8
     std::function<Built_Tables(const Progress&)> Build;
     std::function<void(QWidget&)> Open_Diagram;
     std::function<void(QWidget&)> Open_Months; // empty: no such button

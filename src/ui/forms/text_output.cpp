@@ -111,4 +111,29 @@ void Print_Text(QWidget& parent, const Ask_Function& ask, const QString& title, 
     Print_By_Dialog(parent, ask, printer, [&](QPrinter& chosen) { Print_Text_On(chosen, text); });
 }
 
+void Print_Page_On(QPrinter& printer, const QString& html)
+{
+    constexpr double Least_Point_Size = 4;
+    QTextDocument document;
+    document.documentLayout()->setPaintDevice(&printer);
+    QFont font = document.defaultFont();
+    font.setPointSizeF(Largest_Point_Size);
+    const double width = printer.pageRect(QPrinter::DevicePixel).width();
+    do { // a table is as wide as its longest words at least
+        document.setDefaultFont(font);
+        document.setHtml(html);
+        document.setTextWidth(width);
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    } while (document.size().width() > width && font.pointSizeF() > Least_Point_Size);
+    document.print(&printer);
+}
+
+void Print_Page(QWidget& parent, const Ask_Function& ask, const QString& title, const QString& html)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(title);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    Print_By_Dialog(parent, ask, printer, [&](QPrinter& chosen) { Print_Page_On(chosen, html); });
+}
+
 } // namespace orvel

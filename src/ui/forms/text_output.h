@@ -20,6 +20,10 @@ void Copy_Text(const QString& text);
 // Prints a text in a fixed-pitch font, reduced if need be so that its longest line fits the page.
 void Print_Text_On(QPrinter& printer, const QString& text);
 
+// The same with a page of HTML, in landscape, reduced if need be so that it fits the paper's width.
+void Print_Page(QWidget& parent, const Ask_Function& ask, const QString& title, const QString& html);
+void Print_Page_On(QPrinter& printer, const QString& html);
+
 // Lets the user choose a printer, or a PDF file, and prints; a failure is told.
 void Print_Text(QWidget& parent, const Ask_Function& ask, const QString& title, const QString& text);
 

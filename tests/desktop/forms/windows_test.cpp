@@ -7,6 +7,7 @@
 #include "documents/forms/form_psm_open.h"
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/inout_sel.h"
+#include "evaluation/forms/overview_window.h"
 #include "evaluation/forms/put_back_list.h"
 #include "evaluation/forms/simulationsliste.h"
 #include "files/climate_file.h"
@@ -169,6 +170,7 @@ std::vector<Opened_Window> Windows_Test::All() const
         {"dialog", [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Dialog>(); }},
         Plain<Analyse>("analyse", std::cref(focus)),
         Plain<Simulationsliste>("simulationsliste", std::cref(focus)),
+        Plain<Overview_Window>("overview", Mode_Kind::Focus),
         Plain<Jahr_ORV>("jahr_orv", Run()),
         Plain<Mass_Balance>("mass_balance", Run()),
         Plain<PECsoil>("pecsoil", Run(), 5),

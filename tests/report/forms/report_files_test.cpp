@@ -73,12 +73,49 @@ TEST_F(Report_Session, A_Diagram_That_Does_Not_Fit_Goes_To_The_Next_Page_Whole)
     }
 }
 
+// The demands of the level that the document claims (PDF/A-1b), as far as they can be seen in its objects.
+TEST_F(Report_Session, The_Pdf_Keeps_The_Demands_Of_Its_Level)
+{
+    Add_Run("Maize", "Hamburg_-_(H)", 1);
+    const QByteArray pdf = Report_Pdf(Gather());
+
+    EXPECT_TRUE(pdf.contains("/OutputIntents")); // colours are defined
+    EXPECT_TRUE(pdf.contains("/DestOutputProfile"));
+    EXPECT_TRUE(pdf.contains("/Metadata"));
+    EXPECT_TRUE(pdf.contains("/ID [")); // in the trailer
+    for (const char* forbidden : {"/Encrypt", "/JavaScript", "/JS ", "/Launch", "/EmbeddedFiles", "/LZWDecode",
+                                  "/Group <<", "/OCProperties", "/AA ", "/Movie", "/Sound"})
+        EXPECT_FALSE(pdf.contains(forbidden)) << forbidden;
+    EXPECT_EQ(pdf.count("/SMask"), pdf.count("/SMask /None")); // no transparency
+    // Every font is embedded, and nothing is painted through anything else.
+    EXPECT_EQ(pdf.count("/FontDescriptor /"), 0); // a reference, never a name
+    EXPECT_EQ(pdf.count("/Type /FontDescriptor"), pdf.count("/FontFile2 "));
+    EXPECT_GT(pdf.count("/FontFile2 "), 0);
+    for (qsizetype at = pdf.indexOf("/ca "); at >= 0; at = pdf.indexOf("/ca ", at + 1))
+        EXPECT_EQ(pdf.mid(at + 4, 3).trimmed().toDouble(), 1) << at;
+}
+
+// One crop's tables and pictures are one page; what has nothing to show has no picture.
+TEST_F(Report_Session, Ten_Crops_Need_A_Page_Each)
+{
+    for (const char* crop :
+         {"Apples", "Cabbage", "Carrots", "Grass", "Maize", "Onions", "Peas", "Potatoes", "Soybean", "Vines"}) {
+        for (const char* location : {"Hamburg_-_(H)", "Kremsm\xC3\xBCnster_-_(K)", "Porto_-_(O)"})
+            Add_Run(crop, location, 1, {"P"});
+    }
+
+    const QByteArray pdf = Report_Pdf(Gather("all"));
+
+    const auto count = pdf.indexOf("/Count ", pdf.indexOf("/Type /Pages"));
+    EXPECT_LE(pdf.mid(count + 7, 3).trimmed().toInt(), 10 + 6) << pdf.mid(count, 12).toStdString();
+}
+
 TEST_F(Report_Session, The_Ending_Of_The_File_Decides_What_Is_Saved)
 {
     Add_Run("Maize", "Hamburg_-_(H)", 1);
     const auto at = [this](const char* name) { return Installation / name; };
 
-    for (const char* name : {"r.txt", "r.csv", "r.html", "r.PDF"})
+    for (const char* name : {"r.txt", "r.csv", "r.html", "r.xlsx", "r.PDF"})
         EXPECT_TRUE(Save_Report(The_Session, Requests(), at(name))) << name;
 
     EXPECT_TRUE(Read_File(at("r.txt")).starts_with("FOCUS Summary Output File\r\n"));
@@ -86,6 +123,7 @@ TEST_F(Report_Session, The_Ending_Of_The_File_Decides_What_Is_Saved)
                     .starts_with("\xEF\xBB\xBF"
                                  "Crop,"));
     EXPECT_TRUE(Read_File(at("r.html")).starts_with("<!DOCTYPE html>"));
+    EXPECT_TRUE(Read_File(at("r.xlsx")).starts_with("PK"));
     EXPECT_TRUE(Read_File(at("r.PDF")).starts_with("%PDF-"));
     EXPECT_THROW(Save_Report(The_Session, Requests(), at("r.doc")), File_Error);
     EXPECT_FALSE(std::filesystem::exists(at("r.doc")));

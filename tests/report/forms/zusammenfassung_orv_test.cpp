@@ -122,8 +122,8 @@ TEST_F(Zusammenfassung_Test, Saves_The_Report_In_The_Kind_That_The_Filter_Names)
         auto* dialog = qobject_cast<QFileDialog*>(&window);
         ASSERT_NE(dialog, nullptr);
         EXPECT_EQ(dialog->windowTitle(), "Save report");
-        EXPECT_EQ(dialog->nameFilters(),
-                  (QStringList{"Document (*.pdf)", "Page (*.html)", "Table (*.csv)", "Text (*.txt)"}));
+        EXPECT_EQ(dialog->nameFilters(), (QStringList{"Document (*.pdf)", "Page (*.html)", "Workbook (*.xlsx)",
+                                                      "Table (*.csv)", "Text (*.txt)"}));
         dialog->setDirectory(QString::fromStdString(place.Path().string()));
         QTest::keyClick(dialog->findChild<QComboBox*>("fileTypeCombo"), Qt::Key_Down);
         auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
@@ -152,9 +152,9 @@ TEST_F(Zusammenfassung_Test, A_Report_Of_An_Unknown_Kind_Is_Refused)
     });
     Click<QPushButton>(*Form, "Speichern");
 
-    EXPECT_EQ(
-        The_User.Messages,
-        std::vector{(Message{"Save report", "A report is saved as .txt, .csv, .html or .pdf, not as report.doc."})});
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"Save report",
+                                   "A report is saved as .txt, .csv, .xlsx, .html or .pdf, not as report.doc."})});
 }
 
 TEST_F(Zusammenfassung_Test, A_Failed_Location_Is_Told_And_Nothing_Is_Shown)

@@ -1,0 +1,305 @@
+#include "evaluation/forms/overview_window.h"
+
+#include "charts/forms/picture_panel.h"
+#include "core/files.h"
+#include "evaluation/forms/location_choices.h"
+#include "report/overview_formats.h"
+#include "ui/forms/widgets.h"
+
+#include <algorithm>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScreen>
+#include <QTreeView>
+
+namespace orvel {
+
+namespace {
+
+constexpr std::string_view Title = "Overview";
+
+// The width of a column's contents, whatever its heading needs.
+struct Wide_Table : QTreeView {
+    using QTreeView::sizeHintForColumn;
+};
+int Content_Width(const QTreeView& table, int column)
+{
+    return (table.*(&Wide_Table::sizeHintForColumn))(column);
+}
+
+} // namespace
+
+Overview_Window::Overview_Window(const Session& session, Mode_Kind mode, std::vector<Overview_Action> further,
+                                 QWidget* parent)
+    : QDialog(parent),
+      Owned(std::make_unique<Session>()),
+      The_Session(*Owned)
+{
+    The_Session.Program = session.Program;
+    The_Session.Ask = session.Ask;
+    setObjectName("Overview");
+    setWindowTitle("Overview");
+    setWindowFlags(windowFlags() | Qt::Window | Qt::WindowMinMaxButtonsHint);
+    try {
+        Settings = Read_Overview_Settings(The_Session.Program.App_Path);
+    } catch (const File_Error& error) {
+        The_Session.Ask({std::string(Title), Bytes_Of(QString::fromUtf8(error.what()))});
+    }
+    Add_Actions(std::move(further));
+    Lay_Out();
+    Fill_Locations();
+    Modus->setCurrentIndex(static_cast<int>(mode));
+    Show_Choices();
+    Show_Key();
+    Begin();
+}
+
+Overview_Window::~Overview_Window() = default;
+
+void Overview_Window::Show_Mode(Mode_Kind mode)
+{
+    if (Modus->currentIndex() == static_cast<int>(mode))
+        return;
+    Modus->setCurrentIndex(static_cast<int>(mode));
+    Choose_Again();
+}
+
+QSize Overview_Window::sizeHint() const
+{
+    const QSize room = screen()->availableSize();
+    return {std::min(room.width(), fontMetrics().averageCharWidth() * 210),
+            std::min(room.height() * 94 / 100, fontMetrics().lineSpacing() * 54)};
+}
+
+// The survey tells in its own thread; what it tells is shown in this one, in its order.
+void Overview_Window::Begin()
+{
+    Survey = std::make_unique<Overview_Survey>(
+        The_Session.Program.App_Path, Choice(), [this](std::shared_ptr<const Survey_State> state) {
+            QMetaObject::invokeMethod(
+                this, [this, state = std::move(state)] { Take(state); }, Qt::QueuedConnection);
+        });
+}
+
+const Mode& Overview_Window::The_Mode() const
+{
+    return Mode_Of(static_cast<Mode_Kind>(Modus->currentIndex()));
+}
+
+Survey_Choice Overview_Window::Choice() const
+{
+    return {.Mode = The_Mode().Kind,
+            .Soil = {.Depth = Depth->currentIndex() + 1, .Window = static_cast<std::size_t>(Average->currentIndex())},
+            .Codes = Chosen_Codes(Settings)};
+}
+
+Row_Filter Overview_Window::Filter() const
+{
+    Row_Filter filter{.Text = Bytes_Of(Find->text()), .Above_Limit = Above_Limit->isChecked()};
+    if (Crops->currentIndex() > 0)
+        filter.Crop = Bytes_Of(Crops->currentText());
+    if (States->currentIndex() > 0)
+        filter.State = static_cast<Cell_Kind>(States->currentData().toInt());
+    return filter;
+}
+
+void Overview_Window::Choose_Again()
+{
+    Show_Choices();
+    Survey->Choose(Choice());
+}
+
+void Overview_Window::Show_Choices()
+{
+    const bool is_focus = The_Mode().Kind == Mode_Kind::Focus;
+    Soil_Box->setVisible(!is_focus);
+    Class_Box->setVisible(is_focus);
+    Key->setVisible(is_focus);
+    Above_Limit->setVisible(is_focus);
+    Values->setVisible(is_focus);
+}
+
+void Overview_Window::Take(std::shared_ptr<const Survey_State> state)
+{
+    Latest = std::move(state);
+    Fill_Crops();
+    Show_Rows();
+    Quantity->setText(Shown(Latest->Overview.Quantity));
+    Status->setText(Latest->Failure.empty() ? Shown(Counts_Text(Latest->Overview)) + (Latest->Is_Settled ? "" : " ...")
+                                            : QString::fromStdString(Latest->Failure));
+    emit Shown_Anew();
+}
+
+void Overview_Window::Show_Rows()
+{
+    if (!Latest)
+        return;
+    const auto marked = Table->currentIndex();
+    const auto* row = Table_Model.Row_At(marked);
+    const auto key = row ? std::optional(std::array{row->Pesticide, row->Crop, row->Substance}) : std::nullopt;
+    const bool is_new = Table_Model.Show(std::shared_ptr<const Overview>(Latest, &Latest->Overview), Filter(),
+                                         Latest->Overview.Has_Limit ? Settings.Bounds : std::vector<double>());
+    if (is_new) {
+        Size_Columns();
+        auto found = Table_Model.index(0, marked.isValid() ? marked.column() : 0);
+        for (int i = 0; key && i < Table_Model.rowCount(); ++i) {
+            const auto* other = Table_Model.Row_At(Table_Model.index(i, 0));
+            if (std::array{other->Pesticide, other->Crop, other->Substance} == *key)
+                found = Table_Model.index(i, marked.column());
+        }
+        Table->setCurrentIndex(found);
+    }
+    Show_Pictures();
+    Enable_Actions();
+}
+
+void Overview_Window::Fill_Crops()
+{
+    QStringList crops = {"All crops"};
+    for (const auto& row : Latest->Overview.Rows) {
+        if (!crops.contains(Shown(row.Crop)))
+            crops << Shown(row.Crop);
+    }
+    QStringList present;
+    for (int i = 0; i < Crops->count(); ++i)
+        present << Crops->itemText(i);
+    if (crops == present)
+        return;
+    const QString chosen = Crops->currentText();
+    Crops->clear();
+    Crops->addItems(crops);
+    Crops->setCurrentIndex(std::max(0, Crops->findText(chosen)));
+}
+
+void Overview_Window::Fill_Locations()
+{
+    Locations->clear();
+    Locations->addItem("All locations");
+    for (const auto& choice : Settings.Choices)
+        Locations->addItem(Shown(choice.Name));
+    Locations->addItem("Edit ...");
+    Locations->setCurrentIndex(std::max(0, Locations->findText(Shown(Settings.Chosen))));
+}
+
+void Overview_Window::Size_Columns()
+{
+    const QFontMetrics metrics = fontMetrics();
+    const int most = metrics.averageCharWidth() * 40; // names can be long
+    for (int column = 0; column < Table_Model.columnCount(); ++column) {
+        int widest = 0;
+        for (const QString& line :
+             Table_Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().split('\n'))
+            widest = std::max(widest, metrics.horizontalAdvance(line));
+        widest = std::max(widest + 2 * metrics.averageCharWidth(), Content_Width(*Table, column));
+        Table->setColumnWidth(column, std::min(most, widest + metrics.averageCharWidth()));
+    }
+}
+
+void Overview_Window::Show_Key()
+{
+    const auto texts = Class_Texts(Settings.Bounds);
+    QString key;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const auto place = Class_Place(i, Settings.Bounds.size());
+        const QString colours =
+            place == 0 ? QString()
+                       : QString(" style=\"background-color:%1; color:%2\"")
+                             .arg(QColor(QRgb(Class_Fills[place])).name(), QColor(QRgb(Class_Inks[place])).name());
+        key += QString("<span%1>&nbsp;%2&nbsp;%3&nbsp;</span>&nbsp; ")
+                   .arg(colours, QString::fromUtf8(Class_Signs[place].data()),
+                        Shown(texts[i]).toHtmlEscaped().replace(" ", "&nbsp;"));
+    }
+    Key->setText(key + QString::fromUtf8("&nbsp;<b>bold</b>: above 0.1&nbsp;µg/L"));
+}
+
+// The values of the row's locations, by their stored tables; no big file is read for a picture.
+std::vector<Location_Values> Overview_Window::Values_Of_Row(const Overview_Row& row) const
+{
+    const Overview& overview = *Table_Model.Shown_Overview();
+    std::vector<Location_Values> values;
+    for (std::size_t column = 0; column < overview.Columns.size(); ++column) {
+        const auto* run = Run_At(overview, row, column);
+        const auto* figure = Figure_At(overview, row, column);
+        auto& location = values.emplace_back(Location_Values{.Location = overview.Columns[column]});
+        if (!figure)
+            continue;
+        try {
+            if (overview.Has_Limit) {
+                const auto tables = Load_Leachate(run->Directory);
+                const auto place = static_cast<std::size_t>(row.Cells[column].Figure);
+                if (tables)
+                    location = Values_Of(overview.Columns[column], *tables, place);
+            }
+        } catch (const File_Error&) { // the cell tells it at the next look
+        }
+        location.Figure = figure->Value;
+        location.Figure_Text = figure->Text;
+    }
+    return values;
+}
+
+void Overview_Window::Show_Pictures()
+{
+    const auto* row = Table_Model.Row_At(Table->currentIndex());
+    if (!row) {
+        Picture->Show({});
+        Ranks->Show({});
+        return;
+    }
+    const auto values = Values_Of_Row(*row);
+    const bool has_limit = Table_Model.Shown_Overview()->Has_Limit;
+    const auto shown = Values->currentIndex() == 0 ? Conc_Values::Periods : Conc_Values::Years;
+    Picture->Show(Location_Chart(row->Substance, values, shown, row->Unit, has_limit));
+    const auto column =
+        Table_Model.Location_At(Table->currentIndex()).value_or(static_cast<std::size_t>(std::max(0, row->Highest)));
+    Ranks->setVisible(has_limit);
+    if (column < values.size())
+        Ranks->Show(Rank_Chart(row->Substance, values[column]));
+}
+
+void Overview_Window::Keep_Settings()
+{
+    try {
+        Write_Overview_Settings(The_Session.Program.App_Path, Settings);
+    } catch (const File_Error& error) {
+        The_Session.Ask({std::string(Title), Bytes_Of(QString::fromUtf8(error.what()))});
+    }
+}
+
+void Overview_Window::Take_Bounds()
+{
+    if (!Classes->isModified())
+        return;
+    Classes->setModified(false);
+    try {
+        Settings.Bounds = Parse_Bounds(Bytes_Of(Classes->text()));
+        Keep_Settings();
+    } catch (const File_Error& error) {
+        The_Session.Ask({std::string(Title), Bytes_Of(QString::fromUtf8(error.what()))});
+    }
+    Classes->setText(Shown(Bounds_Text(Settings.Bounds)));
+    Show_Key();
+    Show_Rows();
+}
+
+void Overview_Window::Edit_Locations()
+{
+    const int edit = Locations->count() - 1;
+    if (Locations->currentIndex() < edit) {
+        Settings.Chosen = Locations->currentIndex() == 0 ? std::string() : Bytes_Of(Locations->currentText());
+    } else {
+        Location_Choices choices(Settings, this);
+        choices.exec();
+        Settings = choices.Chosen();
+        Fill_Locations();
+    }
+    Keep_Settings();
+    Survey->Choose(Choice());
+}
+
+} // namespace orvel

@@ -1,0 +1,165 @@
+#include "report/overview_chart.h"
+
+#include "charts/scale.h"
+#include "core/locations.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace orvel {
+
+namespace {
+
+constexpr double Half_Width = 0.28, Dots_Half_Width = 0.22;
+constexpr std::size_t Least_Places = 4; // so that few bars are not too wide
+constexpr std::string_view Unit_Of_Leachate = "\xB5g/L";
+
+std::vector<double> Concs_Of(const std::vector<Leachate_Row>& rows, std::size_t first)
+{
+    std::vector<double> concs;
+    for (std::size_t i = first; i < rows.size(); ++i)
+        concs.push_back(rows[i].Conc);
+    return concs;
+}
+
+std::string Short_Of(const std::string& location)
+{
+    const std::string code = Bracket_Text(location);
+    return code.empty() ? location : code;
+}
+
+void Add_Dots(Chart& chart, const Location_Values& location, Conc_Values shown, double at)
+{
+    const bool periods = shown == Conc_Values::Periods;
+    const auto& values = periods ? location.Periods : location.Years;
+    const int a = periods ? location.Period_A : location.Year_A - Warm_Up_Years;
+    const int b = periods ? location.Period_B : location.Year_B - Warm_Up_Years;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const int number = static_cast<int>(i) + 1;
+        const double share = values.size() > 1 ? static_cast<double>(i) / static_cast<double>(values.size() - 1) : 0.5;
+        const std::string years =
+            periods ? Years_Of_Period(number, location.Period_Index) : std::to_string(number + Warm_Up_Years);
+        const bool selected = number == a || number == b;
+        chart.Dots.push_back({Colour::Term_3, at + Dots_Half_Width * (2 * share - 1), values[i],
+                              location.Location + ", year " + years + (selected ? ", makes the percentile" : ""),
+                              selected});
+    }
+    // Those that stand out are drawn last.
+    std::ranges::stable_partition(chart.Dots, [](const Chart_Dot& dot) { return !dot.Marked; });
+}
+
+} // namespace
+
+Location_Values Values_Of(const std::string& location, const Leachate_Tables& tables, std::size_t substance)
+{
+    const auto& periods = tables.Period[static_cast<std::size_t>(Depth::One_Metre)];
+    const auto& years = tables.Year[static_cast<std::size_t>(Depth::One_Metre)];
+    Location_Values values{.Location = location};
+    if (substance >= periods.size() || substance >= years.size())
+        return values;
+    const auto& period = periods[substance];
+    const auto& year = years[substance];
+    values.Figure = period.Result.P80.Conc;
+    values.Figure_Text = Conc_Text(values.Figure);
+    values.Periods = Concs_Of(period.Rows, 0);
+    values.Years = Concs_Of(year.Rows, Warm_Up_Years);
+    values.Period_A = period.Result.A;
+    values.Period_B = period.Result.B;
+    values.Year_A = year.Result.A;
+    values.Year_B = year.Result.B;
+    values.Period_Index = tables.Period_Index;
+    return values;
+}
+
+Chart Location_Chart(const std::string& substance, const std::vector<Location_Values>& locations, Conc_Values shown,
+                     const std::string& unit, bool has_limit)
+{
+    Chart chart;
+    chart.Title = substance + (has_limit ? ": 80th percentile at 1 m [" : ": concentration in soil [") + unit + "]";
+    chart.Unit = unit;
+    chart.X.Title = "Location";
+    chart.X.High = static_cast<double>(std::max(locations.size(), Least_Places)) + 0.5;
+    double highest = 0;
+    bool below = false, above = false, dots = false;
+    for (std::size_t i = 0; i < locations.size(); ++i) {
+        const auto& location = locations[i];
+        const auto at = static_cast<double>(i + 1);
+        const bool exceeds = has_limit && location.Figure > Drinking_Water_Limit;
+        chart.X.Ticks.push_back({at, Tick_Rank::Big, Short_Of(location.Location)});
+        if (location.Figure_Text.empty())
+            continue;
+        (exceeds ? above : below) = true;
+        chart.Boxes.push_back({exceeds ? Colour::Marked : Colour::Series, at - Half_Width, at + Half_Width,
+                               location.Figure, location.Location, location.Figure_Text});
+        Add_Dots(chart, location, shown, at);
+        highest = std::max(highest, location.Figure);
+    }
+    for (const auto& dot : chart.Dots) {
+        highest = std::max(highest, dot.Y);
+        dots = true;
+    }
+    if (below)
+        chart.Key.push_back({Colour::Series, has_limit ? "up to the limit" : "maximum"});
+    if (above)
+        chart.Key.push_back({Colour::Marked, "above the limit of 0.1 " + unit + " (line)"});
+    if (dots)
+        chart.Key.push_back({Colour::Term_3, "the two values that make the percentile"});
+    chart.Y = Value_Axis(0, highest);
+    if (chart.Boxes.empty())
+        chart.Nothing = "No location has a result.";
+    if (has_limit && Drinking_Water_Limit <= chart.Y.High)
+        chart.Lines.push_back({Colour::Marked,
+                               {{0, Drinking_Water_Limit}, {chart.X.High, Drinking_Water_Limit}},
+                               {},
+                               chart.Boxes.empty() ? "limit: 0.1 " + unit : std::string()});
+    chart.Frame = Frame_Around(chart.X, chart.Y);
+    return chart;
+}
+
+Chart Rank_Chart(const std::string& substance, const Location_Values& values)
+{
+    Chart chart;
+    chart.Unit = Unit_Of_Leachate;
+    chart.Title = values.Location + ": yearly values by rank [" + chart.Unit + "]";
+    chart.Legend = {substance};
+    chart.X = Whole_Axis(static_cast<double>(std::max<std::size_t>(values.Years.size(), 1)));
+    chart.X.Title = "Rank, the lowest first";
+    if (values.Years.empty()) {
+        chart.Y = Value_Axis(0, 1);
+        chart.Nothing = "There are no yearly values.";
+        chart.Frame = Frame_Around(chart.X, chart.Y);
+        return chart;
+    }
+    std::vector<std::size_t> order(values.Years.size());
+    std::iota(order.begin(), order.end(), 0U);
+    // Of equal values the later one ranks lower, as the percentile takes the earliest first.
+    std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) {
+        return values.Years[a] != values.Years[b] ? values.Years[a] < values.Years[b] : a > b;
+    });
+    Chart_Line line{.Drawn_In = Colour::Series};
+    std::vector<Chart_Dot> selected;
+    for (std::size_t rank = 0; rank < order.size(); ++rank) {
+        const int year = static_cast<int>(order[rank]) + 1 + Warm_Up_Years;
+        const double x = static_cast<double>(rank) + 1, y = values.Years[order[rank]];
+        const bool makes = year == values.Year_A || year == values.Year_B;
+        const std::string name = "Rank " + std::to_string(rank + 1) + ", year " + std::to_string(year);
+        line.Points.push_back({x, y});
+        line.Names.push_back(name);
+        (makes ? selected : chart.Dots)
+            .push_back({Colour::Term_3, x, y, name + (makes ? ", makes the percentile" : ""), makes});
+    }
+    chart.Dots.insert(chart.Dots.end(), selected.begin(), selected.end());
+    const double highest = line.Points.back().Y;
+    chart.Lines.push_back(std::move(line));
+    chart.Y = Value_Axis(0, highest);
+    if (Drinking_Water_Limit <= chart.Y.High)
+        chart.Lines.push_back({Colour::Marked,
+                               {{0, Drinking_Water_Limit}, {chart.X.High, Drinking_Water_Limit}},
+                               {},
+                               "limit: 0.1 " + chart.Unit});
+    chart.Key.push_back({Colour::Term_3, "the two that make the percentile"});
+    chart.Frame = Frame_Around(chart.X, chart.Y);
+    return chart;
+}
+
+} // namespace orvel

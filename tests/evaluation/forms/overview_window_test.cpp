@@ -1,0 +1,433 @@
+// The whole assessment at a glance, as an assessor goes: nine runs are marked and started by hand, followed in the
+// window to their percentiles, and one of their files is broken.
+#include "charts/forms/chart_view.h"
+#include "core/files.h"
+#include "desktop/forms/windows.h"
+#include "evaluation/forms/overview_window.h"
+#include "jobs/forms/focus.h"
+#include "pdf_text.h"
+#include "runs/start_up.h"
+#include "temporary_directory.h"
+#include "ui/forms/own_modality.h"
+#include "window_test.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <QAction>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTreeView>
+#include <sstream>
+
+namespace orvel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int First_Location = 3; // column
+constexpr int Patience = 60'000;  // ms, for nine runs on a busy machine
+
+class Overview_Window_Test : public Window_Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        Place = new Temporary_Directory;
+        ASSERT_EQ(Orvelctl("init " + Installation().string()), 0);
+    }
+    static void TearDownTestSuite() { delete Place; }
+
+    Overview_Window_Test()
+    {
+        The_Session.Program.App_Path = Installation();
+        Start_Up(The_Session);
+    }
+
+    static int Orvelctl(const std::string& arguments)
+    {
+        return std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null 2>&1").c_str());
+    }
+    static fs::path Installation() { return Place->Path() / "installation"; }
+    static fs::path Run(const std::string& location)
+    {
+        return Installation() / "focus/demo_D.run/Winter_-_cereals.run" / (location + ".run");
+    }
+
+    static QString Cell(const QWidget& window, int row, int column, const QModelIndex& parent = {})
+    {
+        const auto* model = Find<QTreeView>(window, "Table")->model();
+        return model->index(row, column, parent).data().toString();
+    }
+
+    // The texts of a row's location cells.
+    static QStringList Cells(const QWidget& window, int row)
+    {
+        QStringList cells;
+        for (int column = 0; column < 9; ++column)
+            cells << Cell(window, row, First_Location + column);
+        return cells;
+    }
+
+    static bool All_Are_Figures(const QStringList& cells)
+    {
+        return std::ranges::all_of(cells, [](const QString& cell) { return cell.contains('.'); });
+    }
+
+    // Nine finished runs, once for all tests that need them.
+    static void Nine_Runs()
+    {
+        if (fs::exists(Run("Hamburg_-_(H)") / "run.json"))
+            return;
+        const std::string at = "-C " + Installation().string();
+        ASSERT_EQ(Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --all"), 0);
+        ASSERT_EQ(Orvelctl(at + " start --mode focus --wait"), 0);
+    }
+
+    // Shows a window and waits for what it finds.
+    static void Settle(Overview_Window& window)
+    {
+        window.show();
+        const auto* status = Find<QLabel>(window, "Status");
+        ASSERT_TRUE(
+            QTest::qWaitFor([&] { return !status->text().isEmpty() && !status->text().endsWith("..."); }, Patience));
+    }
+
+    static Temporary_Directory* Place;
+};
+Temporary_Directory* Overview_Window_Test::Place = nullptr;
+
+// The concentration of the percentile row at 1 m of the stored period table, by words.
+QString Stored_Percentile(const fs::path& run)
+{
+    std::istringstream lines(Read_Whole(run / "period.orv"));
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find("80 Perc.(") != std::string::npos)
+            return QString::fromStdString(line).trimmed().section('\t', -1).trimmed();
+    }
+    return {};
+}
+
+void Leave_Picture(QWidget& window, const QString& name)
+{
+    if (const char* place = std::getenv("ORVEL_PICTURES"))
+        window.grab().save(QString(place) + "/" + name + ".png");
+}
+
+} // namespace
+
+TEST_F(Overview_Window_Test, Nine_Runs_Are_Marked_Started_And_Followed_To_Their_Percentiles)
+{
+    FOCUS form(The_Session, Mode_Of(Mode_Kind::Focus), {}, nullptr);
+    form.show();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    EXPECT_TRUE(Find<QLabel>(window, "Status")->text().startsWith("0 simulations"));
+
+    Choose(form, "Pesticide", "demo_D.psm");
+    Choose(form, "Crop", "Winter cereals");
+    Click<QPushButton>(form, "Multi_batch");
+    const auto* table = Find<QTreeView>(window, "Table");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 1; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            return std::ranges::all_of(Cells(window, 0),
+                                       [](const QString& cell) { return cell.contains("scheduled"); });
+        },
+        5000))
+        << Cells(window, 0).join(" | ").toStdString();
+
+    Click<QPushButton>(form, "s_run");
+    bool running = false;
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            const auto cells = Cells(window, 0);
+            running =
+                running || std::ranges::any_of(cells, [](const QString& cell) { return cell.contains("running "); });
+            return All_Are_Figures(cells);
+        },
+        Patience))
+        << Cells(window, 0).join(" | ").toStdString();
+
+    EXPECT_TRUE(running);
+    EXPECT_EQ(Cell(window, 0, 2), "Demo substance D");
+    const QStringList codes = {"Châteaudun_-_(C)--_-_no_-_irrigation", "Hamburg_-_(H)", "Jokioinen_-_(J)"};
+    for (int i = 0; i < codes.size(); ++i) {
+        const auto figure = Stored_Percentile(Run(codes[i].toStdString()));
+        ASSERT_FALSE(figure.isEmpty());
+        EXPECT_TRUE(Cell(window, 0, First_Location + i).endsWith(" " + figure))
+            << Cell(window, 0, First_Location + i).toStdString() << " " << figure.toStdString();
+    }
+    Leave_Picture(window, "overview");
+
+    // One byte, with the old size: within a second or so, and no other cell changes.
+    const auto before = Cells(window, 0);
+    {
+        std::fstream file(Run("Hamburg_-_(H)") / "chem.orv", std::ios::in | std::ios::out | std::ios::binary);
+        file.seekg(1000);
+        const int byte = file.get();
+        file.seekp(1000);
+        file.put(static_cast<char>(byte ^ 1));
+    }
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0)[1].contains("changed since"); }, 5000))
+        << Cells(window, 0)[1].toStdString();
+    auto after = Cells(window, 0);
+    after[1] = before[1];
+    EXPECT_EQ(after, before);
+    EXPECT_TRUE(Cell(window, 0, First_Location + 10).contains("1 without a figure"));
+
+    fs::remove_all(Run("Hamburg_-_(H)")); // a directory that vanishes
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return table->model()->headerData(First_Location + 1, Qt::Horizontal) == "Jokioinen\n(J)"; }, 5000));
+    fs::remove_all(Run("Hamburg_-_(H)").parent_path().parent_path());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 0; }, 5000));
+}
+
+TEST_F(Overview_Window_Test, While_Nothing_Changes_No_Run_Is_Looked_At)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    QTest::qWait(500); // what the tables that were just stored brought about
+    const auto looks = window.Looks();
+
+    QTest::qWait(2000);
+
+    EXPECT_EQ(window.Looks(), looks);
+}
+
+TEST_F(Overview_Window_Test, Filters_Sorting_And_Chosen_Locations)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    const auto* model = Find<QTreeView>(window, "Table")->model();
+    ASSERT_EQ(model->rowCount(), 1);
+    ASSERT_EQ(model->columnCount(), First_Location + 9 + 2);
+
+    QTest::keyClicks(Find<QLineEdit>(window, "Find"), "nothing like it");
+    EXPECT_EQ(model->rowCount(), 0);
+    Find<QLineEdit>(window, "Find")->clear();
+    EXPECT_EQ(model->rowCount(), 1);
+    Choose_Option(window, "Above_Limit");
+    EXPECT_EQ(model->rowCount(), 1);
+    Pick(window, "States", "Failed");
+    EXPECT_EQ(model->rowCount(), 0);
+    Pick(window, "States", "All states");
+
+    // A choice of locations is made, kept with the installation, and counted.
+    In_Modal([](QWidget& choices) {
+        Find<QComboBox>(choices, "Choice_Name")->setEditText("Great Britain");
+        auto* list = Find<QListWidget>(choices, "Choice_Locations");
+        for (const int row : {0, 1, 3, 4})
+            list->item(row)->setCheckState(Qt::Checked);
+        Click<QPushButton>(choices, "Keep");
+        Click<QPushButton>(choices, "Done");
+    });
+    Pick(window, "Locations", "Edit ...");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model->columnCount() == First_Location + 4 + 2; }, 5000));
+    EXPECT_EQ(Cell(window, 0, First_Location + 5), "4 of 4");
+    Overview_Window another(The_Session, Mode_Kind::Focus);
+    EXPECT_EQ(Find<QComboBox>(another, "Locations")->currentText(), "Great Britain");
+    Pick(window, "Locations", "All locations");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model->columnCount() == First_Location + 9 + 2; }, 5000));
+}
+
+TEST_F(Overview_Window_Test, Classes_Are_The_Users_And_A_Wrong_One_Is_Told)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    const auto sign = [&] { return Cell(window, 0, First_Location + 1).left(1); };
+    const QString before = sign();
+
+    Retype(window, "Classes", "0.001; 0.1; 1; 2");
+    EXPECT_NE(sign(), before);
+    EXPECT_EQ(Read_Overview_Settings(Installation()).Bounds, (std::vector<double>{0.001, 0.1, 1, 2}));
+
+    Retype(window, "Classes", "2; 1");
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(Find<QLineEdit>(window, "Classes")->text(), "0.001; 0.1; 1; 2");
+    Retype(window, "Classes", "0.001; 0.1; 1; 10");
+}
+
+TEST_F(Overview_Window_Test, The_Pictures_Show_The_Marked_Row_With_The_Two_Values_That_Make_The_Percentile)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    auto* table = Find<QTreeView>(window, "Table");
+    table->setCurrentIndex(table->model()->index(0, First_Location + 1));
+
+    const Chart& bars = Find<Chart_View>(window, "Picture")->Shown_Chart();
+    EXPECT_EQ(bars.Boxes.size(), 9U);
+    EXPECT_EQ(bars.Dots.size(), 9U * 20);
+    EXPECT_EQ(std::ranges::count_if(bars.Dots, &Chart_Dot::Marked), 9 * 2);
+    ASSERT_EQ(bars.Lines.size(), 1U);
+    EXPECT_EQ(bars.Lines[0].Points[0].Y, 0.1);
+    double sum = 0;
+    for (const auto& dot : bars.Dots) {
+        if (dot.Marked && dot.Name.starts_with("Hamburg"))
+            sum += dot.Y;
+    }
+    EXPECT_NEAR(sum / 2, bars.Boxes[1].Y, 0.0005); // the bar is the printed mean of both
+
+    const Chart& ranks = Find<Chart_View>(window, "Ranks")->Shown_Chart();
+    EXPECT_TRUE(ranks.Title.starts_with("Hamburg (H)"));
+    ASSERT_EQ(ranks.Lines[0].Points.size(), 20U);
+    EXPECT_TRUE(std::ranges::is_sorted(ranks.Lines[0].Points, {}, &Chart_Point::Y));
+    std::vector<double> at;
+    for (const auto& dot : ranks.Dots) {
+        if (dot.Marked)
+            at.push_back(dot.X);
+    }
+    EXPECT_EQ(at, (std::vector<double>{16, 17}));
+}
+
+TEST_F(Overview_Window_Test, Copy_Gives_A_Table_As_Text_And_As_Html)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+
+    Click<QPushButton>(window, "Kopieren");
+
+    const auto* copied = QApplication::clipboard()->mimeData();
+    const auto lines = copied->text().split('\n');
+    EXPECT_TRUE(lines[0].startsWith("Pesticide file\tCrop\tSubstance\tChâteaudun (C)\tHamburg (H)\t"));
+    EXPECT_EQ(lines[1].split('\t')[4], Stored_Percentile(Run("Hamburg_-_(H)")));
+    EXPECT_TRUE(copied->html().contains("background"));
+}
+
+TEST_F(Overview_Window_Test, What_Is_Printed_Has_Every_Figure)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    Click<QPushButton>(window, "Kopieren");
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    const fs::path paper = Place->Path() / "overview.pdf";
+    printer.setOutputFileName(QString::fromStdString(paper.string()));
+
+    Print_Page_On(printer, QApplication::clipboard()->mimeData()->html());
+
+    const QString printed = Text_Of_Pdf(paper);
+    for (const QString& cell : Cells(window, 0))
+        EXPECT_TRUE(printed.contains(cell.section(' ', 1, 1))) << cell.toStdString();
+    EXPECT_TRUE(printed.contains("8 of 9")) << printed.toStdString();
+}
+
+// The lines that the run form shows do what its buttons do.
+TEST_F(Overview_Window_Test, A_Line_That_Is_Copied_As_Command_Does_The_Same)
+{
+    FOCUS form(The_Session, Mode_Of(Mode_Kind::Focus), {}, nullptr);
+    form.show();
+    Choose(form, "Pesticide", "demo_A.psm");
+    Choose(form, "Crop", "Winter cereals");
+    Choose(form, "Location", "Jokioinen (J)");
+    QStringList lines;
+    In_Modal([&](QWidget& box) { lines = Find<QPlainTextEdit>(box, "Commands")->toPlainText().split('\n'); });
+    Click<QPushButton>(form, "Befehl");
+    ASSERT_EQ(lines.size(), 3);
+    ASSERT_TRUE(lines[0].startsWith("orvelctl -C ")) << lines[0].toStdString();
+
+    const std::string command = std::string(ORVELCTL) + lines[0].mid(8).toStdString() + " >/dev/null 2>&1";
+    EXPECT_EQ(std::system(command.c_str()), 0) << command;
+
+    const fs::path run = Installation() / "focus/demo_A.run/Winter_-_cereals.run/Jokioinen_-_(J).run";
+    EXPECT_TRUE(fs::exists(run / "orvel.inp"));
+    EXPECT_EQ(Orvelctl("-C " + Installation().string() + " start --mode focus --wait"), 0);
+    fs::remove_all(run.parent_path().parent_path());
+}
+
+TEST_F(Overview_Window_Test, A_Cell_Opens_What_Belongs_To_It_And_A_Row_Runs_What_Is_Missing)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    auto* table = Find<QTreeView>(window, "Table");
+    table->setCurrentIndex(table->model()->index(0, First_Location + 1));
+    const std::map<QString, QString> opened = {{"A_Leachate", "Jahr_ORV"},    {"A_Daily", "Series_Window"},
+                                               {"A_Balance", "Mass_Balance"}, {"A_Echo", "Echo_ORV"},
+                                               {"A_Pesticide", "Form_PSM_1"}, {"A_Scenario", "Szenario"}};
+    for (const auto& [action, form] : opened) {
+        QString name;
+        In_Modal([&](QWidget& shown) { name = shown.objectName(); });
+        Find<QAction>(window, action)->trigger();
+        EXPECT_EQ(name, form) << action.toStdString();
+    }
+    Find<QAction>(window, "A_Changed")->trigger();
+    ASSERT_FALSE(The_User.Messages.empty());
+    EXPECT_NE(The_User.Messages.back().Text.find("is the one that was recorded"), std::string::npos);
+
+    QString line;
+    In_Modal([&](QWidget& box) { line = Find<QPlainTextEdit>(box, "Commands")->toPlainText(); });
+    Click<QPushButton>(window, "Befehl");
+    EXPECT_EQ(line, "orvelctl -C " + QString::fromStdString(Installation().string()) + " overview --mode focus");
+
+    // Deleted into the bin, the cell is empty; then what is missing is run, and its figure is the same.
+    const QString figure = Cell(window, 0, First_Location + 1);
+    The_User.Answers = {Button::Yes};
+    Find<QAction>(window, "A_Delete")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return table->model()->headerData(First_Location + 1, Qt::Horizontal) == "Jokioinen\n(J)"; }, 5000));
+    Find<QAction>(window, "A_Missing")->trigger();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return table->model()->columnCount() == 14 && Cell(window, 0, First_Location + 1) == figure; },
+        Patience));
+}
+
+TEST_F(Overview_Window_Test, A_Dialog_Of_Another_Window_Does_Not_Block_It)
+{
+    Nine_Runs();
+    Block_Own_Windows_Alone(*qApp);
+    QWidget start;
+    start.show();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    bool clicked = false;
+    In_Modal([&](QWidget& form) {
+        EXPECT_EQ(form.objectName(), "FOCUS");
+        QTest::keyClicks(Find<QLineEdit>(window, "Find"), "x");
+        clicked = Find<QLineEdit>(window, "Find")->text() == "x";
+        EXPECT_EQ(form.windowModality(), Qt::WindowModal);
+    });
+    FOCUS(The_Session, Mode_Of(Mode_Kind::Focus), {}, &start).exec();
+
+    EXPECT_TRUE(clicked);
+}
+
+// Whether a window of another mode shows its figures: Tier 2.
+TEST_F(Overview_Window_Test, Soil_Modes_Show_A_Concentration_By_Depth_And_Average)
+{
+    const std::string at = "-C " + Installation().string();
+    ASSERT_EQ(Orvelctl(at + " mark --mode efsa --pesticide demo_S.psm --crop Potatoes --all"), 0);
+    ASSERT_EQ(Orvelctl(at + " start --mode efsa --wait"), 0);
+    Overview_Window window(The_Session, Mode_Kind::Efsa);
+    Settle(window);
+    const auto* model = Find<QTreeView>(window, "Table")->model();
+    ASSERT_EQ(model->rowCount(), 2); // pore water and total content
+    QString first = Cell(window, 1, First_Location);
+    EXPECT_TRUE(first.contains('.')) << first.toStdString();
+    EXPECT_TRUE(Find<QComboBox>(window, "Depth")->isVisible());
+    Leave_Picture(window, "overview_efsa");
+
+    Pick(window, "Average", "100 d");
+
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            const QString now = Cell(window, 1, First_Location);
+            return now.contains('.') && now != first;
+        },
+        Patience));
+}
+
+} // namespace orvel
