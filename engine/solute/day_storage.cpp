@@ -20,6 +20,7 @@ Day_Storage::Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout)
       Conductance(layout.Rows(0, 1)),
       Doc(layout.One_Row(1)),
       Escape(layout.One_Row(0)),
+      Escape_Limit(layout.One_Row(No_Saturation)),
       Inflow(layout.One_Row(0)),
       Thickness(layout.Column(1)),
       Upwind_Weight(layout.Column(0)),
@@ -30,7 +31,10 @@ Day_Storage::Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout)
       Water_Tortuosity(layout.Column(0)),
       Air_Tortuosity(layout.Column(0)),
       Kaw(layout.Column(0)),
-      Air_Diffusivity(layout.Column(0))
+      Air_Diffusivity(layout.Column(0)),
+      Saturation(layout.Column(No_Saturation)),
+      Air_Conductance(layout.Column(0)),
+      Air_Share(layout.Column(1))
 {
     for (int k = 0; k < layout.Slots; ++k) {
         const auto& substance = setup.Substances[k];
@@ -118,6 +122,7 @@ void Day_Storage::Prepare_Vapour(const Solute_Kernel& kernel, const Solute_Day& 
         Air_Tortuosity[i] *= Inverse_Phi2[i];
         Kaw[i] = Air_Water_Ratio(Setup.Volatilisation, molmass, day.Temperature[i]);
         Air_Diffusivity[i] = Air_Diffusion(Setup.Volatilisation, day.Temperature[i]);
+        Saturation[i] = Saturating_Concentration(Setup.Volatilisation, molmass, day.Temperature[i]);
     }
 }
 
@@ -140,12 +145,40 @@ void Day_Storage::Prepare_Conductance(const Solute_Kernel& kernel, const Solute_
         if (Volatile) {
             const double upper = Air_Diffusivity[i - 1] * Air_Tortuosity[i - 1] * Kaw[i - 1],
                          lower = Air_Diffusivity[i] * Air_Tortuosity[i] * Kaw[i];
-            Conductance[Layout.At(i, 0)] += between(upper, lower) / distance;
+            Air_Share[i] = 1;
+            Air_Conductance[i] = between(upper, lower) / distance;
+            Conductance[Layout.At(i, 0)] += Air_Conductance[i];
         }
     }
+    Limited = false;
     if (Volatile) {
-        Escape[0] = Kaw[0] * Volatilisation_Conductance(Setup.Volatilisation.Boundary_Layer, Air_Diffusivity[0],
-                                                        Thickness[0], Air_Tortuosity[0], Water_Tortuosity[0], Kaw[0]);
+        const double layer = Setup.Volatilisation.Boundary_Layer;
+        const double conductance = Volatilisation_Conductance(layer, Air_Diffusivity[0], Thickness[0],
+                                                              Air_Tortuosity[0], Water_Tortuosity[0], Kaw[0]);
+        Escape[0] = Kaw[0] * conductance;
+        // No more than crosses the boundary layer from saturated air.
+        const double most = layer > 0 ? Air_Diffusivity[0] / layer : conductance;
+        Escape_Limit[0] = conductance > 0 ? Saturation[0] * (most / conductance) : No_Saturation;
+    }
+}
+
+void Day_Storage::Limit_Vapour(const double* c)
+{
+    if (!Volatile)
+        return;
+    bool above = false;
+    for (int i = 0; i < Layout.N; ++i)
+        above = above || c[Layout.At(i, 0)] > Saturation[i];
+    if (!above && !Limited)
+        return;
+    Limited = above;
+    for (int i = 1; i < Layout.N; ++i) {
+        const auto at = Layout.At(i, 0), over = Layout.At(i - 1, 0);
+        const double saturated = std::min(c[over], Saturation[i - 1]) - std::min(c[at], Saturation[i]);
+        const double difference = c[over] - c[at];
+        const double share = difference != 0 ? std::clamp(saturated / difference, 0.0, 1.0) : 1;
+        Conductance[at] += (share - Air_Share[i]) * Air_Conductance[i];
+        Air_Share[i] = share;
     }
 }
 
@@ -162,6 +195,7 @@ void Day_Storage::Show(Kernel_Column& column) const
     column.Upwind_Weight = Upwind_Weight.data();
     column.Doc = Doc.data();
     column.Escape = Escape.data();
+    column.Escape_Limit = Escape_Limit.data();
     column.Inflow = Inflow.data();
 }
 

@@ -15,6 +15,9 @@ public:
     // recomputed, since sorption or the water at the start of the day differs from the end of the previous day.
     bool Prepare(const Solute_Kernel& kernel, const Solute_Day& day, const Aligned_Row& ages);
 
+    // Lets no more diffuse in air than between concentrations up to saturation, for the state of a sub-step's start.
+    void Limit_Vapour(const double* c);
+
     // Points the column of a kernel at the arrays.
     void Show(Kernel_Column& column) const;
 
@@ -30,10 +33,12 @@ private:
     const Solute_Setup& Setup;
     Solute_Layout Layout;
     bool Volatile = false;
+    bool Limited = false;     // the conductances are those of saturated air in some place
     std::vector<bool> Moving; // by slot: whether K changes from day to day
-    Aligned_Row Base_Rho_K, Rho_K, Exponent, Limit, Limit_Power, Psi_Start, Psi_End, Conductance, Doc, Escape, Inflow;
+    Aligned_Row Base_Rho_K, Rho_K, Exponent, Limit, Limit_Power, Psi_Start, Psi_End, Conductance, Doc, Escape,
+        Escape_Limit, Inflow;
     Aligned_Row Thickness, Upwind_Weight, Inverse_Phi2, Dispersion, Theta, Air, Water_Tortuosity, Air_Tortuosity, Kaw,
-        Air_Diffusivity;
+        Air_Diffusivity, Saturation, Air_Conductance, Air_Share;
     std::vector<double> Last_Theta;
 };
 

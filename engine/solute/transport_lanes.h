@@ -23,9 +23,23 @@ LANES_INLINE V4 Face_Concentration(V4 before, V4 here, V4 next, double weight, V
     return here + weight * (1.0 - Min(courant, All(1.0))) * limited;
 }
 
+// What leaves the first compartment as vapour in a step: in proportion to its concentration, or the constant amount of
+// saturated air.
+struct Vapour {
+    V4 Share, Constant; // cm, ug/cm2
+};
+
+// What runoff, sediment and bypass take from a compartment in a step, cm of its solution.
+LANES_INLINE V4 Taking_Of(const Kernel_Column& column, int row, int b, double h)
+{
+    return row < column.Taken_Rows ? h * Load(column.Taking + row * column.Lanes + b) : All(0.0);
+}
+
 // Advection and the forward sweep of the tridiagonal solution. Step_Flux holds the explicit advective part afterwards.
-// In the surface layer advection is implicit: the water that leaves a compartment carries its new concentration.
-LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 psi_share)
+// In the surface layer advection is implicit: the water that leaves a compartment carries its new concentration. So
+// does what runoff, sediment and bypass take: side by side, both get their share of what passes, however long the step
+// is.
+LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 psi_share, Vapour vapour)
 {
     const int lanes = column.Lanes, n = column.N;
     const V4 doc = Load(column.Doc + b);
@@ -33,8 +47,9 @@ LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 ps
     V4 in = h * column.Flux[0] * doc * before;
     V4 above = All(0.0), up_c = All(0.0), up_d = All(0.0);
     V4 carried = All(0.0); // water of the implicit advection from the compartment above
-    V4 escape = h * Load(column.Escape + b);
+    V4 lost = vapour.Share + Taking_Of(column, 0, b, h);
     Store(column.Step_Flux + b, in);
+    in -= vapour.Constant;
     for (int i = 0; i < n; ++i) {
         const int at = i * lanes + b;
         const V4 next = i + 1 < n ? Load(column.C + at + lanes) : here;
@@ -50,7 +65,7 @@ LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 ps
         const V4 right = Max(capacity * here + in - out, All(0.0));
         const V4 psi_change = (Load(column.Psi_End + at) - Load(column.Psi_Start + at)) * psi_share;
         const V4 below = h * Load(column.Conductance + at + lanes);
-        const V4 diagonal = capacity + column.Thickness[i] * psi_change + above + below + carries + escape;
+        const V4 diagonal = capacity + column.Thickness[i] * psi_change + above + below + carries + lost;
         const V4 gain = above + carried;
         const V4 pivot = 1.0 / (diagonal - gain * up_c);
         up_d = (right + gain * up_d) * pivot;
@@ -63,7 +78,7 @@ LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 ps
         in = out;
         above = below;
         carried = carries;
-        escape = All(0.0);
+        lost = Taking_Of(column, i + 1, b, h);
     }
 }
 
@@ -72,9 +87,10 @@ struct Extremes {
 };
 
 // Back substitution, bottom to top: Sweep_D becomes the solution, Step_Flux the whole flux, Step_M the new mass.
-LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, V4& volatilised)
+LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, Vapour vapour, V4& volatilised)
 {
     const int lanes = column.Lanes, surface = column.Surface * lanes + b; // last place that implicit advection reaches
+    const int top = column.Taken_Rows > column.Surface ? column.Taken_Rows * lanes + b : surface;
     const V4 doc = Load(column.Doc + b);
     Extremes found{All(0.0), All(0.0)};
     int at = (column.N - 1) * lanes + b;
@@ -84,18 +100,23 @@ LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, V4&
         const V4 x_above = Load(column.Sweep_D + at - lanes) + Load(column.Sweep_C + at - lanes) * x;
         Store(column.Sweep_D + at - lanes, x_above);
         V4 in = Load(column.Step_Flux + at) + h * Load(column.Conductance + at) * (x_above - x);
-        if (at <= surface)
-            in += h * column.Flux[at / lanes] * doc * x_above;
+        V4 taken = All(0.0);
+        if (at <= top) {
+            if (at <= surface)
+                in += h * column.Flux[at / lanes] * doc * x_above;
+            taken = Taking_Of(column, at / lanes, b, h) * x;
+        }
         Store(column.Step_Flux + at, in);
-        const V4 mass = Load(column.M + at) + (in - out);
+        const V4 mass = Load(column.M + at) + (in - out) - taken;
         Store(column.Step_M + at, mass);
         found.Least = Min(found.Least, mass);
         found.Most = Max(found.Most, mass);
         x = x_above;
         out = in;
     }
-    volatilised = h * Load(column.Escape + b) * x;
-    const V4 mass = Load(column.M + b) + (Load(column.Step_Flux + b) - out - volatilised);
+    volatilised = vapour.Share * x + vapour.Constant;
+    const V4 mass =
+        Load(column.M + b) + (Load(column.Step_Flux + b) - out - volatilised) - Taking_Of(column, 0, b, h) * x;
     Store(column.Step_M + b, mass);
     return {Min(found.Least, mass), Max(found.Most, mass)};
 }
@@ -118,9 +139,18 @@ bool Transport_Lanes(const Kernel_Column& column, int block, double t, double h,
                      const Kernel_Moved& moved)
 {
     const int b = 4 * block, lanes = column.Lanes;
+    Vapour vapour{h * Load(column.Escape + b), All(0.0)};
     V4 volatilised;
-    Sweep_Down(column, b, h, All(h));
-    const Extremes found = Sweep_Up(column, b, h, volatilised);
+    Sweep_Down(column, b, h, All(h), vapour);
+    Extremes found = Sweep_Up(column, b, h, vapour, volatilised);
+    const V4 limit = Load(column.Escape_Limit + b);
+    const V4_Bits saturated = Load(column.Sweep_D + b) > limit;
+    if (Any(saturated)) [[unlikely]] {
+        // The air above the soil is saturated. With the smaller, constant flux the concentration stays above the limit.
+        vapour = {saturated ? All(0.0) : vapour.Share, saturated ? vapour.Share * limit : All(0.0)};
+        Sweep_Down(column, b, h, All(h), vapour);
+        found = Sweep_Up(column, b, h, vapour, volatilised);
+    }
     if (may_refuse && Any(found.Least < -1e-12 * found.Most))
         return false;
     if (Any(found.Least < 0.0))
@@ -132,6 +162,10 @@ bool Transport_Lanes(const Kernel_Column& column, int block, double t, double h,
         const V4 mass = Load(column.Step_M + at);
         Store(column.M + at, mass);
         Invert_At(column, at, column.Thickness[i], mass, Load(column.Sweep_D + at), t + h);
+    }
+    for (int i = 0; i < column.Taken_Rows; ++i) {
+        const int at = i * lanes + b;
+        Store(moved.Taken + at, Load(moved.Taken + at) + Taking_Of(column, i, b, h) * Load(column.Sweep_D + at));
     }
     const int last = column.N * lanes + b;
     Store(moved.Flux + last, Load(moved.Flux + last) + Load(column.Step_Flux + last));
