@@ -63,6 +63,11 @@ Day_Storage::Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout)
     Volatile = setup.Volatilisation.Diffusion_Air > 0 && Henry_Constant(setup.Volatilisation, first.Molmass, 20) > 0;
 }
 
+double Day_Storage::Saturated_At(double t) const
+{
+    return Saturating_Concentration(Setup.Volatilisation, Setup.Substances.front().Molmass, t);
+}
+
 bool Day_Storage::Prepare(const Solute_Kernel& kernel, const Solute_Day& day, const Aligned_Row& ages)
 {
     for (int i = 0; i < Layout.N; ++i) {
@@ -122,7 +127,6 @@ void Day_Storage::Prepare_Vapour(const Solute_Kernel& kernel, const Solute_Day& 
         Air_Tortuosity[i] *= Inverse_Phi2[i];
         Kaw[i] = Air_Water_Ratio(Setup.Volatilisation, molmass, day.Temperature[i]);
         Air_Diffusivity[i] = Air_Diffusion(Setup.Volatilisation, day.Temperature[i]);
-        Saturation[i] = Saturating_Concentration(Setup.Volatilisation, molmass, day.Temperature[i]);
     }
 }
 
@@ -150,27 +154,32 @@ void Day_Storage::Prepare_Conductance(const Solute_Kernel& kernel, const Solute_
             Conductance[Layout.At(i, 0)] += Air_Conductance[i];
         }
     }
-    Limited = false;
+    Limited = Saturation_Known = false;
     if (Volatile) {
+        const auto [coldest, warmest] = std::minmax_element(day.Temperature.begin(), day.Temperature.end());
+        Least_Saturation = std::min(Saturated_At(*coldest), Saturated_At(*warmest)); // exponential in 1/T
         const double layer = Setup.Volatilisation.Boundary_Layer;
         const double conductance = Volatilisation_Conductance(layer, Air_Diffusivity[0], Thickness[0],
                                                               Air_Tortuosity[0], Water_Tortuosity[0], Kaw[0]);
         Escape[0] = Kaw[0] * conductance;
         // No more than crosses the boundary layer from saturated air.
         const double most = layer > 0 ? Air_Diffusivity[0] / layer : conductance;
-        Escape_Limit[0] = conductance > 0 ? Saturation[0] * (most / conductance) : No_Saturation;
+        Escape_Limit[0] = conductance > 0 ? Saturated_At(day.Temperature[0]) * (most / conductance) : No_Saturation;
     }
 }
 
-void Day_Storage::Limit_Vapour(const double* c)
+void Day_Storage::Limit_Vapour(const double* c, const std::vector<double>& temperature)
 {
     if (!Volatile)
         return;
-    bool above = false;
+    bool above = false; // without a branch for each compartment: there are few
     for (int i = 0; i < Layout.N; ++i)
-        above = above || c[Layout.At(i, 0)] > Saturation[i];
+        above |= c[Layout.At(i, 0)] > Least_Saturation;
     if (!above && !Limited)
         return;
+    for (int i = 0; i < Layout.N && !Saturation_Known; ++i)
+        Saturation[i] = Saturated_At(temperature[i]);
+    Saturation_Known = true;
     Limited = above;
     for (int i = 1; i < Layout.N; ++i) {
         const auto at = Layout.At(i, 0), over = Layout.At(i - 1, 0);

@@ -171,7 +171,7 @@ void Solute_State::Run_Segment(double start, double end, const Solute_Day& day, 
     for (int step = 1; step <= count; ++step) {
         const double before = start + (step - 1) * h, after = start + step * h;
         Exchange(before, h / 2);
-        Storage.Limit_Vapour(C.data());
+        Storage.Limit_Vapour(C.data(), day.Temperature);
         if (Extraction.Rows() > 0)
             Extraction.Open(Column, before);
         for (int block = 0; block < Layout.Lanes / 4; ++block)
@@ -212,19 +212,27 @@ void Solute_State::Exchange(double t, double h)
 
 bool Solute_State::Watch_Solubility(const Solute_Day& day, int compartments)
 {
-    bool suspect = false; // without a branch for each compartment: nearly always there is none
+    bool suspect =
+        false; // nearly always there is none: a pass without branches, then the coldest and warmest soil tell
     for (int i = 0; i < compartments; ++i)
         suspect |= C[Layout.At(i, 0)] > Least_Solubility;
     if (!suspect)
         return false;
+    double most = 0;
+    for (int i = 0; i < compartments; ++i)
+        most = std::max(most, C[Layout.At(i, 0)]);
+    const auto dissolves = [&](double t) { return Solubility_In_Water(Setup.Volatilisation, t); };
+    const auto [coldest, warmest] = std::minmax_element(day.Temperature.begin(), day.Temperature.end());
+    if (most <= std::min(dissolves(*coldest), dissolves(*warmest)))
+        return false;
     bool found = false;
     for (int i = 0; i < compartments; ++i) {
-        const double c = C[Layout.At(i, 0)], most = Solubility_In_Water(Setup.Volatilisation, day.Temperature[i]);
-        if (c <= most)
+        const double c = C[Layout.At(i, 0)], limit = dissolves(day.Temperature[i]);
+        if (c <= limit)
             continue;
         found = true;
         if (c > Excess.Most)
-            Excess = {Excess.Days, c, most, i};
+            Excess = {Excess.Days, c, limit, i};
     }
     return found;
 }

@@ -29,9 +29,12 @@ struct Vapour {
     V4 Share, Constant; // cm, ug/cm2
 };
 
-// What runoff, sediment and bypass take from a compartment in a step, cm of its solution.
-LANES_INLINE V4 Taking_Of(const Kernel_Column& column, int row, int b, double h)
+// What runoff, sediment and bypass take from a compartment in a step, cm of its solution. On most days they take
+// nothing: the sweeps exist without it, too.
+template <bool Taking> LANES_INLINE V4 Taking_Of(const Kernel_Column& column, int row, int b, double h)
 {
+    if constexpr (!Taking)
+        return All(0.0);
     return row < column.Taken_Rows ? h * Load(column.Taking + row * column.Lanes + b) : All(0.0);
 }
 
@@ -39,6 +42,7 @@ LANES_INLINE V4 Taking_Of(const Kernel_Column& column, int row, int b, double h)
 // In the surface layer advection is implicit: the water that leaves a compartment carries its new concentration. So
 // does what runoff, sediment and bypass take: side by side, both get their share of what passes, however long the step
 // is.
+template <bool Taking>
 LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 psi_share, Vapour vapour)
 {
     const int lanes = column.Lanes, n = column.N;
@@ -47,7 +51,9 @@ LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 ps
     V4 in = h * column.Flux[0] * doc * before;
     V4 above = All(0.0), up_c = All(0.0), up_d = All(0.0);
     V4 carried = All(0.0); // water of the implicit advection from the compartment above
-    V4 lost = vapour.Share + Taking_Of(column, 0, b, h);
+    V4 lost = vapour.Share;
+    if constexpr (Taking)
+        lost += Taking_Of<Taking>(column, 0, b, h);
     Store(column.Step_Flux + b, in);
     in -= vapour.Constant;
     for (int i = 0; i < n; ++i) {
@@ -78,21 +84,20 @@ LANES_INLINE void Sweep_Down(const Kernel_Column& column, int b, double h, V4 ps
         in = out;
         above = below;
         carried = carries;
-        lost = Taking_Of(column, i + 1, b, h);
+        lost = Taking_Of<Taking>(column, i + 1, b, h);
     }
 }
 
-struct Extremes {
-    V4 Least, Most;
+struct Solved {
+    V4 Least, Most, Volatilised; // extremes of the new mass; what has left as vapour
 };
 
 // Back substitution, bottom to top: Sweep_D becomes the solution, Step_Flux the whole flux, Step_M the new mass.
-LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, Vapour vapour, V4& volatilised)
+template <bool Taking> LANES_INLINE Solved Sweep_Up(const Kernel_Column& column, int b, double h, Vapour vapour)
 {
     const int lanes = column.Lanes, surface = column.Surface * lanes + b; // last place that implicit advection reaches
-    const int top = column.Taken_Rows > column.Surface ? column.Taken_Rows * lanes + b : surface;
     const V4 doc = Load(column.Doc + b);
-    Extremes found{All(0.0), All(0.0)};
+    Solved found{All(0.0), All(0.0), All(0.0)};
     int at = (column.N - 1) * lanes + b;
     V4 x = Load(column.Sweep_D + at);
     V4 out = Load(column.Step_Flux + at + lanes);
@@ -100,25 +105,31 @@ LANES_INLINE Extremes Sweep_Up(const Kernel_Column& column, int b, double h, Vap
         const V4 x_above = Load(column.Sweep_D + at - lanes) + Load(column.Sweep_C + at - lanes) * x;
         Store(column.Sweep_D + at - lanes, x_above);
         V4 in = Load(column.Step_Flux + at) + h * Load(column.Conductance + at) * (x_above - x);
-        V4 taken = All(0.0);
-        if (at <= top) {
-            if (at <= surface)
-                in += h * column.Flux[at / lanes] * doc * x_above;
-            taken = Taking_Of(column, at / lanes, b, h) * x;
-        }
+        if (at <= surface)
+            in += h * column.Flux[at / lanes] * doc * x_above;
         Store(column.Step_Flux + at, in);
-        const V4 mass = Load(column.M + at) + (in - out) - taken;
+        V4 mass = Load(column.M + at) + (in - out);
+        if constexpr (Taking)
+            mass -= Taking_Of<Taking>(column, at / lanes, b, h) * x;
         Store(column.Step_M + at, mass);
         found.Least = Min(found.Least, mass);
         found.Most = Max(found.Most, mass);
         x = x_above;
         out = in;
     }
-    volatilised = vapour.Share * x + vapour.Constant;
-    const V4 mass =
-        Load(column.M + b) + (Load(column.Step_Flux + b) - out - volatilised) - Taking_Of(column, 0, b, h) * x;
+    const V4 volatilised = vapour.Share * x + vapour.Constant;
+    V4 mass = Load(column.M + b) + (Load(column.Step_Flux + b) - out - volatilised);
+    if constexpr (Taking)
+        mass -= Taking_Of<Taking>(column, 0, b, h) * x;
     Store(column.Step_M + b, mass);
-    return {Min(found.Least, mass), Max(found.Most, mass)};
+    return {Min(found.Least, mass), Max(found.Most, mass), volatilised};
+}
+
+template <bool Taking>
+[[gnu::noinline]] void Solve(const Kernel_Column& column, int b, double h, const Vapour& vapour, Solved& found)
+{
+    Sweep_Down<Taking>(column, b, h, All(h), vapour);
+    found = Sweep_Up<Taking>(column, b, h, vapour);
 }
 
 // Mass below zero after rounding is taken from the flux to the compartment below, so that mass stays positive and is
@@ -140,16 +151,15 @@ bool Transport_Lanes(const Kernel_Column& column, int block, double t, double h,
 {
     const int b = 4 * block, lanes = column.Lanes;
     Vapour vapour{h * Load(column.Escape + b), All(0.0)};
-    V4 volatilised;
-    Sweep_Down(column, b, h, All(h), vapour);
-    Extremes found = Sweep_Up(column, b, h, vapour, volatilised);
+    const auto solve = column.Taken_Rows > 0 ? Solve<true> : Solve<false>;
+    Solved found;
+    solve(column, b, h, vapour, found);
     const V4 limit = Load(column.Escape_Limit + b);
     const V4_Bits saturated = Load(column.Sweep_D + b) > limit;
     if (Any(saturated)) [[unlikely]] {
         // The air above the soil is saturated. With the smaller, constant flux the concentration stays above the limit.
         vapour = {saturated ? All(0.0) : vapour.Share, saturated ? vapour.Share * limit : All(0.0)};
-        Sweep_Down(column, b, h, All(h), vapour);
-        found = Sweep_Up(column, b, h, vapour, volatilised);
+        solve(column, b, h, vapour, found);
     }
     if (may_refuse && Any(found.Least < -1e-12 * found.Most))
         return false;
@@ -165,11 +175,11 @@ bool Transport_Lanes(const Kernel_Column& column, int block, double t, double h,
     }
     for (int i = 0; i < column.Taken_Rows; ++i) {
         const int at = i * lanes + b;
-        Store(moved.Taken + at, Load(moved.Taken + at) + Taking_Of(column, i, b, h) * Load(column.Sweep_D + at));
+        Store(moved.Taken + at, Load(moved.Taken + at) + Taking_Of<true>(column, i, b, h) * Load(column.Sweep_D + at));
     }
     const int last = column.N * lanes + b;
     Store(moved.Flux + last, Load(moved.Flux + last) + Load(column.Step_Flux + last));
-    Store(moved.Volatilised + b, Load(moved.Volatilised + b) + volatilised);
+    Store(moved.Volatilised + b, Load(moved.Volatilised + b) + found.Volatilised);
     return true;
 }
 
