@@ -146,6 +146,27 @@ TEST(Run_Verification, Case_38_Restricted_Drainage_Nears_The_Free_One)
                      Outcome_Of(Restricted_Case(10000), 2.5).Percolate, Outcome_Of(free, 2.5).Percolate, 1e-3);
 }
 
+// The note's days and amounts: what enters in a day is bounded by the soil and not by the first compartment.
+TEST(Run_Verification, Case_38_The_Saturated_Days_On_Four_Grids)
+{
+    const auto noted = [](double thickness) {
+        const std::string echo = Outcome_Of(Restricted_Case(0.1), thickness).Echo;
+        int days = 0;
+        double amount = 0;
+        const auto at = echo.find("THE PROFILE WAS SATURATED ON ");
+        const char* text = at == std::string::npos ? "" : echo.c_str() + at;
+        EXPECT_EQ(std::sscanf(text, "THE PROFILE WAS SATURATED ON %d DAYS: %lf", &days, &amount), 2);
+        return std::pair(days, amount);
+    };
+    const auto [days, amount] = noted(0.5);
+    for (const double thickness : {5.0, 2.5, 1.0}) {
+        const auto [other_days, other_amount] = noted(thickness);
+        const std::string at = " at " + General_Text(thickness) + " cm against 0.5 cm";
+        Compare_Relative(38, "parameter 0.1: saturated days" + at, other_days, days, 0.05);
+        Compare_Relative(38, "parameter 0.1: water that found no room (cm)" + at, other_amount, amount, 0.05);
+    }
+}
+
 TEST(Run_Verification, Case_38_What_Saturates_The_Profile_Is_Noted)
 {
     const Outcome wet = Outcome_Of(Restricted_Case(0.02), 2.5), dry = Outcome_Of(Restricted_Case(5), 2.5);
