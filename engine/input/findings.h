@@ -82,6 +82,7 @@ enum class Note {
     Nothing_Applied = 20,
     Core_Below_A_Metre = 21,
     Value_Unused = 22,
+    Much_Rain = 23,
 };
 
 // The ERROR and NOTE lines of a run; only the first Most_Errors and Most_Notes are kept.
