@@ -268,6 +268,20 @@ TEST(Run_Verification, Case_45_No_More_Evaporates_Than_Saturated_Air_Carries)
     }
 }
 
+// Both kernels, with everything that acts at the surface and saturated air.
+TEST(Run_Verification, Case_45_Surface_Losses_Have_The_Same_Bytes_By_Both_Kernels)
+{
+    const auto bytes = [](const std::string& arguments) {
+        Temporary_Directory directory;
+        Write_Files(With_Erosion(With_Bypass(Vapour_Case(1e-4, 1, 60))).Files(), directory.Path());
+        EXPECT_EQ(Run_Engine(directory.Path(), arguments).Exit_Code, 0);
+        return File_Of(directory.Path(), "chem.orv") + File_Of(directory.Path(), "plot.orv");
+    };
+    const std::string best = bytes("");
+    EXPECT_NE(best.find("THEREOF"), std::string::npos);
+    EXPECT_EQ(best, bytes("--baseline"));
+}
+
 TEST(Run_Verification, Case_45_What_Dissolves_Is_Not_Noted)
 {
     Temporary_Directory directory;
