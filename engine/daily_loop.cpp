@@ -274,6 +274,13 @@ Findings Daily_Loop::Remarks() const
                              " DIFFUSED UP THROUGH 1 M THAN THE WATER CARRIED DOWN, THE MEAN IS NEGATIVE: YEAR" +
                              Years_Text(Negative_Years[slot]));
     }
+    const Dissolved_Excess& excess = Column.Above_Solubility();
+    if (excess.Days > 0)
+        remarks.Tell(Note::Above_Solubility,
+                     "THE DISSOLVED CONCENTRATION OF THE ACTIVE SUBSTANCE WAS ABOVE ITS SOLUBILITY ON " +
+                         std::to_string(excess.Days) + " DAYS: AT MOST " + Amount_Text(excess.Most) + " MG/L AT " +
+                         Amount_Text(Input.Fine.Depth_Of(excess.Compartment)) + " CM, WHERE " +
+                         Amount_Text(excess.Solubility) + " MG/L DISSOLVE. THE SOLUTION IS NOT CUT, ITS VAPOUR IS");
     const auto& full = Water.Saturated();
     if (full.Days > 0)
         remarks.Tell(Note::Profile_Saturated,

@@ -78,6 +78,11 @@ enum class Note {
     Little_Water = 16,
     Negative_Mean = 17,
     Profile_Saturated = 18,
+    Above_Solubility = 19,
+    Nothing_Applied = 20,
+    Core_Below_A_Metre = 21,
+    Value_Unused = 22,
+    Much_Rain = 23,
 };
 
 // The ERROR and NOTE lines of a run; only the first Most_Errors and Most_Notes are kept.

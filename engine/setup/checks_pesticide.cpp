@@ -49,10 +49,11 @@ private:
                     Within(Pesticide.Plant_Penetration, 0, Largest_Rate) &&
                     Within(Pesticide.Plant_Photodeg, 0, Largest_Rate),
                 Fault::Rate, "RATE ON THE PLANT SURFACE NOT WITHIN 0 TO 10000");
-        Require(Within(Pesticide.Plant_Filtration, 0, 1e6), Fault::Application_Value, "FILTRATION PARAMETER NEGATIVE");
-        Require(Within(Pesticide.Plant_Laminar, 0, 1e6), Fault::Volatility, "LAMINAR LAYER NEGATIVE");
+        Require(Within(Pesticide.Plant_Filtration, 0, 1e6), Fault::Application_Value,
+                "FILTRATION PARAMETER NOT WITHIN 0 TO 1E6");
+        Require(Within(Pesticide.Plant_Laminar, 0, 1e6), Fault::Volatility, "LAMINAR LAYER NOT WITHIN 0 TO 1E6 CM");
         Require(Pesticide.Plant_Photodeg == 0 || Within(Pesticide.Plant_Ref_Rad, 1e-3, 1e6), Fault::Rate,
-                "REFERENCE RADIATION OF THE PLANT SURFACE MISSING");
+                "REFERENCE RADIATION OF THE PLANT SURFACE NOT WITHIN 0.001 TO 1E6");
     }
 
     void Check_Volatilisation()
@@ -74,7 +75,7 @@ private:
             Require(Within(Pesticide.Photo_Rate[j], 0, Largest_Rate), Fault::Rate,
                     "PHOTODEGRADATION RATE NOT WITHIN 0 TO 10000");
             Require(Pesticide.Photo_Rate[j] == 0 || Within(Pesticide.Photo_I_Ref[j], 1e-3, 1e6), Fault::Rate,
-                    "REFERENCE RADIATION OF PHOTODEGRADATION MISSING");
+                    "REFERENCE RADIATION OF PHOTODEGRADATION NOT WITHIN 0.001 TO 1E6");
         }
     }
 
@@ -90,7 +91,7 @@ private:
         for (const Variant* value : {&Pesticide.Sorp_pH[s], &Pesticide.Sorp_pH2[s], &Pesticide.Sorp_pKa[s]})
             Require(Within(value->Number(), No_Value, 100), Fault::Sorption, "PH OR PKA OUT OF RANGE" + of);
         Require(Within(Pesticide.Freundl_Limit[s].Number(), 0, 1e9), Fault::Sorption,
-                "LIMIT OF THE FREUNDLICH EQUATION NEGATIVE" + of);
+                "LIMIT OF THE FREUNDLICH EQUATION NOT WITHIN 0 TO 1E9" + of);
         Require(Within(Pesticide.Ann_Incr[s], 0, 1e4) && Within(Pesticide.K_doc[s], 0, 1e9) &&
                     Within(Pesticide.Koc_Change[s], 0, 1e6),
                 Fault::Sorption, "ANNUAL INCREASE, KDOC OR CHANGE IN DRY SOIL OUT OF RANGE" + of);

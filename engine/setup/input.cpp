@@ -27,8 +27,15 @@ std::string Depth_Text(double depth)
     return General_Text(std::round(depth * 100) / 100);
 }
 
+// A share of the volume to a thousandth.
+std::string Share_Text(double share)
+{
+    return General_Text(std::round(share * 1000) / 1000);
+}
+
 constexpr double Depth_Tolerance = 0.005; // cm
 constexpr double Metre = 100;             // cm
+constexpr double Much_Rain = 300;         // cm a year
 
 class Input_Reader {
 public:
@@ -72,6 +79,7 @@ private:
                                                                       " NOT IN ITS FORMAT: " + error.what());
         }
         The_Findings.Tell_Misreads(Fault::Scenario_Unreadable, Bare_Name(Input.Control.Scenario_File), misreads);
+        Tell_Unused(Input.Control.Scenario_File, Unused_Horizon_Numbers(*bytes));
         Input.Location_Code = Location_Code_Of(Input.Control.Scenario_File);
         if (Input.Scenario.SZE_Legacy_Crops)
             The_Findings.Tell(Note::Irrigation_Assumed, "CROP ROWS OF THE OLD FORM: IRRIGATION IS ASSUMED");
@@ -97,6 +105,16 @@ private:
                 Input.Substances.push_back(i);
         }
         Check_Targets(*bytes);
+        Tell_Unused(Input.Control.Pesticide_File, Unused_Volatilisation(*bytes));
+    }
+
+    void Tell_Unused(const std::string& file, const std::vector<Unused_Value>& values)
+    {
+        for (const Unused_Value& value : values)
+            The_Findings.Tell(Note::Value_Unused, std::string(Bare_Name(file)) + ", LINE " +
+                                                      std::to_string(value.At.Line) + ", COLUMN " +
+                                                      std::to_string(value.At.Column) + ": \"" + value.Word + "\" (" +
+                                                      Upper(value.Field) + ") IS NOT USED, " + value.Used + " IS");
     }
 
     // An arrow must not lead to a metabolite that the file has no section for: its mass would be lost from sight.
@@ -132,10 +150,11 @@ private:
         const std::size_t errors = The_Findings.Errors.size();
         for (const std::string& name : Input.Control.Climate_Files) {
             if (!files.contains(name)) {
-                if (const auto bytes = Source(name))
+                if (const auto bytes = Source(name)) {
                     files[name] =
                         Read_Climate_Days(*bytes, name, Input.Scenario.SZE_Latitude, titles[name], The_Findings);
-                else
+                    Note_Rain(name, files[name]);
+                } else
                     The_Findings.Error(Fault::Climate_Missing, "CLIMATE FILE " + name + " NOT FOUND");
             }
             years.push_back(&files[name]);
@@ -155,6 +174,17 @@ private:
             The_Findings.Error(Fault::Climate_Value, "THE CLIMATE FILES LACK EVAPORATION, WHICH THE SCENARIO ASKS FOR");
     }
 
+    // More than falls in nearly any place in a year: millimetres, taken for centimetres?
+    void Note_Rain(const std::string& name, const std::vector<Climate_Day>& days)
+    {
+        double sum = 0;
+        for (const Climate_Day& day : days)
+            sum += day.Rain;
+        if (sum > Much_Rain)
+            The_Findings.Tell(Note::Much_Rain, "CLIMATE FILE " + name + " HAS " + Depth_Text(sum) +
+                                                   " CM OF PRECIPITATION IN ITS YEAR: THE COLUMN IS IN CM, NOT MM");
+    }
+
     void Check_Documents()
     {
         Check_Scenario(Input.Scenario, Input.Control, The_Findings);
@@ -163,6 +193,10 @@ private:
             if (row.Variable != 0 && !std::ranges::count(Input.Substances, row.Substance))
                 The_Findings.Tell(Note::Substance_Missing, "SUBSTANCE " + std::to_string(row.Substance) + " OF " +
                                                                row.Code + " IS NOT IN THE RUN: COLUMN OF ZEROS");
+            if (row.Variable != 0 && row.Scale <= 0)
+                The_Findings.Tell(Note::Value_Unused,
+                                  "SCALE " + General_Text(row.Scale) + " OF " + row.Code + " GIVES " +
+                                      (row.Scale < 0 ? "A COLUMN WITH THE OPPOSITE SIGN" : "A COLUMN OF ZEROS"));
             if (row.Depth > Input.Scenario.SZE_Core_Depth)
                 The_Findings.Tell(Note::Depth_Clamped,
                                   "DEPTH OF " + row.Code + " BELOW THE CORE: THE LAST COMPARTMENT IS USED");
@@ -217,6 +251,10 @@ private:
     void Note_Depths()
     {
         const Grid& core = Input.Core;
+        if (Input.Scenario.SZE_Core_Depth < Metre - Depth_Tolerance)
+            The_Findings.Tell(Note::Core_Below_A_Metre,
+                              "THE CORE ENDS AT " + Depth_Text(Input.Scenario.SZE_Core_Depth) +
+                                  " CM: WHAT TABLES AND FILES HEAD \"1 M SOIL DEPTH\" IS THE PERCOLATE OF THE CORE");
         Note_Moved("THE DEPTH OF 1 M,", Metre, core.Depth_Of(core.Interface_Below(core.Top_Layers)));
         for (const Output_Row& row : Input.Control.Rows) {
             const bool at_border =
@@ -237,8 +275,24 @@ private:
         }
     }
 
+    // Density and field capacity of a horizon that leave no room for air.
+    void Note_Porosity()
+    {
+        const Grid& core = Input.Core;
+        for (std::size_t i = 0; i < core.Thickness.size(); ++i) {
+            const double by_density = Porosity_Of_Density(core.Density[i]);
+            if (core.Porosity[i] > by_density && (i == 0 || core.Horizon[i] != core.Horizon[i - 1]))
+                The_Findings.Tell(Note::Value_Clamped, "POROSITY BY THE DENSITY, " + Share_Text(by_density) +
+                                                           ", IS NOT ABOVE FIELD CAPACITY, " +
+                                                           Share_Text(core.Field_Capacity[i]) + ": " +
+                                                           Share_Text(core.Porosity[i]) + " IS TAKEN IN HORIZON " +
+                                                           std::to_string(core.Horizon[i]));
+        }
+    }
+
     void Note_Compartments()
     {
+        Note_Porosity();
         const Grid& core = Input.Core;
         for (std::size_t i = 0; i < core.Thickness.size(); ++i) {
             const std::string where = " IN HORIZON " + std::to_string(core.Horizon[i]);

@@ -1,6 +1,7 @@
 #include "engine/solute/applications.h"
 
 #include "core/locations.h"
+#include "core/numbers.h"
 #include "engine/solute/plant_surface.h"
 
 #include <algorithm>
@@ -11,6 +12,7 @@ namespace orvel::engine {
 namespace {
 
 constexpr double Largest_Rate = 10000; // kg/ha
+constexpr int Manual_Method = 4;       // the only one that takes the interception as given
 
 // What absolute and relative dates have in common.
 struct Entry {
@@ -48,11 +50,28 @@ public:
                 Plan_Absolute(static_cast<std::size_t>(a));
         }
         std::ranges::stable_sort(Planned, {}, &Planned_Application::Day);
+        Note_Nothing(count);
+        if (Intercepted > 0)
+            The_Findings.Tell(Note::Value_Unused, "THE INTERCEPTION OF " + std::to_string(Intercepted) +
+                                                      " APPLICATION(S) IS NOT USED: THE METHOD IS " +
+                                                      std::to_string(Method));
         return Planned;
     }
 
 private:
     std::string Name() const { return "APPLICATION " + std::to_string(Number); }
+
+    void Note_Nothing(int count)
+    {
+        if (!Planned.empty() || The_Findings.Failed())
+            return;
+        The_Findings.Tell(
+            Note::Nothing_Applied,
+            "NOTHING IS APPLIED, ALL CONCENTRATIONS ARE 0: " +
+                (Outside > 0 ? "ALL " + std::to_string(Outside) + " APPLICATION(S) LIE OUTSIDE THE SIMULATED PERIOD"
+                 : count > 0 ? "NONE OF THE " + std::to_string(count) + " APPLICATION(S) HAS A RATE"
+                             : std::string("THE PATTERN OF THE PESTICIDE FILE IS EMPTY")));
+    }
 
     bool In_Range(const Entry& entry)
     {
@@ -77,13 +96,22 @@ private:
                               entry.Interception);
     }
 
+    void Leave_Out()
+    {
+        ++Outside;
+        The_Findings.Tell(Note::Application_Skipped, Name() + " LIES OUTSIDE THE SIMULATED PERIOD AND IS LEFT OUT");
+    }
+
     void Add(const Entry& entry, int day)
     {
-        if (day < First_Day || day > Last_Day) {
-            The_Findings.Tell(Note::Application_Skipped, Name() + " LIES OUTSIDE THE SIMULATED PERIOD AND IS LEFT OUT");
-            return;
-        }
-        const double hour = entry.Hour >= 0 && entry.Hour <= 24 ? entry.Hour : 0;
+        if (day < First_Day || day > Last_Day)
+            return Leave_Out();
+        const bool of_the_day = entry.Hour >= 0 && entry.Hour <= 24;
+        if (!of_the_day)
+            The_Findings.Tell(Note::Value_Clamped,
+                              "HOUR " + General_Text(entry.Hour) + " OF " + Name() + " IS NOT 0 TO 24: 0 IS TAKEN");
+        Intercepted += entry.Interception > 0 && Method != Manual_Method;
+        const double hour = of_the_day ? entry.Hour : 0;
         Planned.push_back(
             {day, Dates.Date_Of(day), hour, entry.Rate, entry.Depth, Plant_Share(entry, day), entry.Poorly_Exposed});
     }
@@ -111,10 +139,8 @@ private:
             return;
         if (from.Abs9_Year < 1 || from.Abs9_Month < 0 || from.Abs9_Month > 5)
             return The_Findings.Error(Fault::Application_Date, "IMPOSSIBLE YEAR OR REFERENCE POINT OF " + Name());
-        if (from.Abs9_Year > Dates.Years()) {
-            The_Findings.Tell(Note::Application_Skipped, Name() + " LIES OUTSIDE THE SIMULATED PERIOD AND IS LEFT OUT");
-            return;
-        }
+        if (from.Abs9_Year > Dates.Years())
+            return Leave_Out();
         bool moved = false;
         const int event = Events.Day_Of(from.Abs9_Month, from.Abs9_Year, moved);
         if (event == No_Day)
@@ -134,6 +160,7 @@ private:
     Crop_Events Events;
     int Method;
     int Number = 0;
+    int Outside = 0, Intercepted = 0; // applications left out, and with an interception
     std::vector<Planned_Application> Planned;
 };
 

@@ -20,6 +20,7 @@ Day_Storage::Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout)
       Conductance(layout.Rows(0, 1)),
       Doc(layout.One_Row(1)),
       Escape(layout.One_Row(0)),
+      Escape_Limit(layout.One_Row(No_Saturation)),
       Inflow(layout.One_Row(0)),
       Thickness(layout.Column(1)),
       Upwind_Weight(layout.Column(0)),
@@ -30,7 +31,10 @@ Day_Storage::Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout)
       Water_Tortuosity(layout.Column(0)),
       Air_Tortuosity(layout.Column(0)),
       Kaw(layout.Column(0)),
-      Air_Diffusivity(layout.Column(0))
+      Air_Diffusivity(layout.Column(0)),
+      Saturation(layout.Column(No_Saturation)),
+      Air_Conductance(layout.Column(0)),
+      Air_Share(layout.Column(1))
 {
     for (int k = 0; k < layout.Slots; ++k) {
         const auto& substance = setup.Substances[k];
@@ -57,6 +61,11 @@ Day_Storage::Day_Storage(const Solute_Setup& setup, const Solute_Layout& layout)
     }
     const auto& first = setup.Substances.front();
     Volatile = setup.Volatilisation.Diffusion_Air > 0 && Henry_Constant(setup.Volatilisation, first.Molmass, 20) > 0;
+}
+
+double Day_Storage::Saturated_At(double t) const
+{
+    return Saturating_Concentration(Setup.Volatilisation, Setup.Substances.front().Molmass, t);
 }
 
 bool Day_Storage::Prepare(const Solute_Kernel& kernel, const Solute_Day& day, const Aligned_Row& ages)
@@ -140,12 +149,45 @@ void Day_Storage::Prepare_Conductance(const Solute_Kernel& kernel, const Solute_
         if (Volatile) {
             const double upper = Air_Diffusivity[i - 1] * Air_Tortuosity[i - 1] * Kaw[i - 1],
                          lower = Air_Diffusivity[i] * Air_Tortuosity[i] * Kaw[i];
-            Conductance[Layout.At(i, 0)] += between(upper, lower) / distance;
+            Air_Share[i] = 1;
+            Air_Conductance[i] = between(upper, lower) / distance;
+            Conductance[Layout.At(i, 0)] += Air_Conductance[i];
         }
     }
+    Limited = Saturation_Known = false;
     if (Volatile) {
-        Escape[0] = Kaw[0] * Volatilisation_Conductance(Setup.Volatilisation.Boundary_Layer, Air_Diffusivity[0],
-                                                        Thickness[0], Air_Tortuosity[0], Water_Tortuosity[0], Kaw[0]);
+        const auto [coldest, warmest] = std::minmax_element(day.Temperature.begin(), day.Temperature.end());
+        Least_Saturation = std::min(Saturated_At(*coldest), Saturated_At(*warmest)); // exponential in 1/T
+        const double layer = Setup.Volatilisation.Boundary_Layer;
+        const double conductance = Volatilisation_Conductance(layer, Air_Diffusivity[0], Thickness[0],
+                                                              Air_Tortuosity[0], Water_Tortuosity[0], Kaw[0]);
+        Escape[0] = Kaw[0] * conductance;
+        // No more than crosses the boundary layer from saturated air.
+        const double most = layer > 0 ? Air_Diffusivity[0] / layer : conductance;
+        Escape_Limit[0] = conductance > 0 ? Saturated_At(day.Temperature[0]) * (most / conductance) : No_Saturation;
+    }
+}
+
+void Day_Storage::Limit_Vapour(const double* c, const std::vector<double>& temperature)
+{
+    if (!Volatile)
+        return;
+    bool above = false; // without a branch for each compartment: there are few
+    for (int i = 0; i < Layout.N; ++i)
+        above |= c[Layout.At(i, 0)] > Least_Saturation;
+    if (!above && !Limited)
+        return;
+    for (int i = 0; i < Layout.N && !Saturation_Known; ++i)
+        Saturation[i] = Saturated_At(temperature[i]);
+    Saturation_Known = true;
+    Limited = above;
+    for (int i = 1; i < Layout.N; ++i) {
+        const auto at = Layout.At(i, 0), over = Layout.At(i - 1, 0);
+        const double saturated = std::min(c[over], Saturation[i - 1]) - std::min(c[at], Saturation[i]);
+        const double difference = c[over] - c[at];
+        const double share = difference != 0 ? std::clamp(saturated / difference, 0.0, 1.0) : 1;
+        Conductance[at] += (share - Air_Share[i]) * Air_Conductance[i];
+        Air_Share[i] = share;
     }
 }
 
@@ -162,6 +204,7 @@ void Day_Storage::Show(Kernel_Column& column) const
     column.Upwind_Weight = Upwind_Weight.data();
     column.Doc = Doc.data();
     column.Escape = Escape.data();
+    column.Escape_Limit = Escape_Limit.data();
     column.Inflow = Inflow.data();
 }
 

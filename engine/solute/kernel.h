@@ -35,12 +35,17 @@ struct Kernel_Column {
     double* Sweep_D = nullptr;
     double* Step_Flux = nullptr;
     double* Step_M = nullptr;
+
+    const double* Escape_Limit = nullptr; // concentration in compartment 0 above which the air is saturated, one row
+    const double* Taking = nullptr;       // cm/d: solution that runoff, sediment and bypass take from a compartment
+    int Taken_Rows = 0;                   // compartments at the top that Taking has an amount for
 };
 
 // Mass moved in one transport sub-step. Values are added.
 struct Kernel_Moved {
     double* Flux = nullptr;        // by interface
     double* Volatilised = nullptr; // one row
+    double* Taken = nullptr;       // by compartment, to Taken_Rows
 };
 
 struct Kernel_Fate {

@@ -22,8 +22,8 @@ double Leaf_Volatilisation(const Solute_Volatilisation& volatilisation, double m
 {
     if (laminar_layer <= 0)
         return 0;
-    const double saturated = molmass * Vapour_Pressure(volatilisation, t) / (8.314 * (t + 273.15)); // g/m3 = ug/cm3
-    return Air_Diffusion(volatilisation, t) / laminar_layer * saturated / Ug_Cm2_Per_Kg_Ha;
+    return Air_Diffusion(volatilisation, t) / laminar_layer * Saturated_Vapour(volatilisation, molmass, t) /
+           Ug_Cm2_Per_Kg_Ha;
 }
 
 Leaf_Rates Rates_Of_Leaf(const Solute_Setup& setup, const Solute_Day& day, bool poorly_exposed, double length)

@@ -103,6 +103,11 @@ Solute_Stores Solute_Column::Stores() const
     return stores;
 }
 
+const Dissolved_Excess& Solute_Column::Above_Solubility() const
+{
+    return Self->Excess;
+}
+
 bool Solute_Column::Finite() const
 {
     const auto finite = [](const auto& row) { // without a branch for each value

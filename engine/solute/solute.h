@@ -39,7 +39,8 @@ public:
     void Concentrations(std::vector<double>& c) const;
     void Concentrations(std::vector<double>& c, int first, int last) const;
     Solute_Stores Stores() const;
-    bool Finite() const; // whether the state has neither NaN nor infinity
+    const Dissolved_Excess& Above_Solubility() const; // since the start
+    bool Finite() const;                              // whether the state has neither NaN nor infinity
 
     // Mass balance of a span from its sums and the stores at its start and now.
     Solute_Closure Closure(const Solute_Sums& sums, const Solute_Stores& start) const;

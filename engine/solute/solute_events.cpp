@@ -1,8 +1,6 @@
 // Events that act on the solutes instantaneously: tillage, harvest, plants, extraction, erosion, applications.
 #include "engine/solute/solute_state.h"
 
-#include "engine/solute/extraction.h"
-
 #include <algorithm>
 #include <numeric>
 
@@ -97,62 +95,27 @@ void Solute_State::Act_On_Plants(const Solute_Day& day, double t, double length,
         Seek_Outlets(day, t);
 }
 
-// The ratio of concentration to mass is held constant while runoff, erosion and bypass take their shares in turn.
-void Solute_State::Extract(const Solute_Day& day, double t, double length, Solute_Sums& sums)
+// What the transport sub-step of length h has taken goes to runoff, sediment and bypass, whose share arrives below.
+void Solute_State::Carry_Off(const Solute_Day& day, double t, double h, Solute_Sums& sums)
 {
-    const double runoff = Setup.Runoff_Depth > 0 ? day.Runoff * length : 0;
-    const double bypass = day.Bypass_Outlet >= 0 ? day.Bypass * length : 0;
-    if (runoff <= 0 && bypass <= 0 && day.Sediment <= 0)
+    Extraction.Share_Out(Column, h, sums);
+    if (day.Bypass_Outlet < 0 || day.Bypass <= 0)
         return;
-    Aligned_Row arriving = Layout.One_Row(0);
-    int touched = 0;
-    // Sediment comes from the uppermost soil, as far down as its mass reaches.
-    double sediment_left = day.Sediment * length;
-    for (; touched < Layout.N &&
-           (touched == 0 || Runoff_Weights[touched] > 0 || Bypass_Weights[touched] > 0 || sediment_left > 0);
-         ++touched) {
-        const double sediment = std::min(sediment_left, Setup.Thickness[touched] * Setup.Density[touched]);
-        sediment_left -= sediment;
-        for (int k = 0; k < Layout.Slots; ++k) {
-            const auto at = Layout.At(touched, k);
-            const double ratio = M[at] > 0 ? C[at] / M[at] : 0;
-            const auto lose = [&](double water) {
-                const double lost = Carried_Loss(M[at], water * Storage.Doc_Factor(k) * ratio * M[at]);
-                M[at] -= lost;
-                return lost;
-            };
-            sums.Runoff[k] += lose(Runoff_Weights[touched] * runoff);
-            if (sediment > 0)
-                Erode(touched, k, sediment, ratio, t, sums);
-            const double lost = lose(Bypass_Weights[touched] * bypass);
-            arriving[k] += lost;
+    for (int k = 0; k < Layout.Slots; ++k) {
+        double arriving = 0;
+        for (int i = 0; i < Extraction.Rows(); ++i) {
+            const double lost = Extraction.Bypassed(i, k);
+            arriving += lost;
             if (lost > 0)
-                Into_Bypass(k, touched + 1, lost, day, sums);
+                Into_Bypass(k, i + 1, lost, day, sums);
         }
+        Arrive(k, arriving, day);
     }
-    Seek(0, touched, t);
-    if (bypass <= 0)
-        return;
-    for (int k = 0; k < Layout.Slots; ++k)
-        Arrive(k, arriving[k], day);
     Seek_Outlets(day, t);
 }
 
-// Erosion: the sediment (g/cm2) takes sorbed substance from a compartment, from both kinds of sites.
-void Solute_State::Erode(int compartment, int slot, double sediment, double ratio, double t, Solute_Sums& sums)
-{
-    const double dz = Setup.Thickness[compartment], rho = Setup.Density[compartment];
-    const auto at = Layout.At(compartment, slot);
-    const double psi = Column.Psi_Start[at] + t * (Column.Psi_End[at] - Column.Psi_Start[at]);
-    const double sorbed = std::max(1 / dz - psi * ratio, 0.0) / rho * M[at]; // ug/g
-    const double fast = Carried_Loss(M[at], sediment * sorbed);
-    const double slow = Carried_Loss(W[at], sediment * W[at] / (rho * dz));
-    M[at] -= fast;
-    W[at] -= slow;
-    sums.Sediment[slot] += fast + slow;
-}
-
-void Solute_State::Apply(const Solute_Application& application, double t, Solute_Sums& sums)
+// The number of compartments that it reached.
+int Solute_State::Apply(const Solute_Application& application, double t, Solute_Sums& sums)
 {
     const double on_plants = application.Mass * std::clamp(application.Plant_Share, 0.0, 1.0);
     const double poor = on_plants * std::clamp(application.Poorly_Exposed, 0.0, 1.0);
@@ -174,6 +137,7 @@ void Solute_State::Apply(const Solute_Application& application, double t, Solute
         top += Setup.Thickness[touched];
     }
     Seek(0, touched, t);
+    return touched;
 }
 
 } // namespace orvel::engine

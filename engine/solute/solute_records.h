@@ -145,6 +145,14 @@ struct Solute_Stores {
     std::vector<double> Soil, Plant;
 };
 
+// Where more of the active substance was in solution than dissolves: days, and the highest concentration with its
+// place.
+struct Dissolved_Excess {
+    int Days = 0;
+    double Most = 0, Solubility = 0; // mg/L
+    int Compartment = 0;
+};
+
 struct Solute_Closure {
     std::vector<double> In, Out, Change;       // ug/cm2, by slot
     std::vector<double> Error;                 // In - Out - Change

@@ -77,6 +77,27 @@ double Vapour_Pressure(const Solute_Volatilisation& volatilisation, double t)
     return At_Temperature(volatilisation.Vapour_Pressure, volatilisation.Temperature, volatilisation.Enthalpy, t);
 }
 
+double Saturated_Vapour(const Solute_Volatilisation& volatilisation, double molmass, double t)
+{
+    const double pressure = volatilisation.Vapour_Pressure[0] > 0 ? Vapour_Pressure(volatilisation, t) : 0;
+    return molmass * pressure / (Gas_Constant * (t + Kelvin));
+}
+
+double Solubility_In_Water(const Solute_Volatilisation& volatilisation, double t)
+{
+    return volatilisation.Solubility[0] > 0
+               ? At_Temperature(volatilisation.Solubility, volatilisation.Temperature, 0, t)
+               : 0;
+}
+
+double Saturating_Concentration(const Solute_Volatilisation& volatilisation, double molmass, double t)
+{
+    const double vapour = Saturated_Vapour(volatilisation, molmass, t);
+    const double limit =
+        vapour > 0 ? vapour / Air_Water_Ratio(volatilisation, molmass, t) : Solubility_In_Water(volatilisation, t);
+    return limit > 0 ? limit : No_Saturation;
+}
+
 double Air_Water_Ratio(const Solute_Volatilisation& volatilisation, double molmass, double t)
 {
     return Henry_Constant(volatilisation, molmass, t) / (Gas_Constant * (t + Kelvin));

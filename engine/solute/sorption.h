@@ -24,6 +24,17 @@ double At_Temperature(const std::array<double, 2>& value, const std::array<doubl
 double Henry_Constant(const Solute_Volatilisation& volatilisation, double molmass, double t);
 double Vapour_Pressure(const Solute_Volatilisation& volatilisation, double t);
 
+// Concentration of the substance in saturated air (ug/cm3) at t degC; 0: no vapour pressure is given.
+double Saturated_Vapour(const Solute_Volatilisation& volatilisation, double molmass, double t);
+
+// Solubility in water (mg/L) at t degC, constant if only one is given; 0: none.
+double Solubility_In_Water(const Solute_Volatilisation& volatilisation, double t);
+
+// Concentration in water (ug/cm3) above which the air is saturated; No_Saturation without a vapour pressure and a
+// solubility.
+constexpr double No_Saturation = 1e300;
+double Saturating_Concentration(const Solute_Volatilisation& volatilisation, double molmass, double t);
+
 // Air-water partition coefficient (dimensionless, concentration in air over concentration in water) at t degC.
 double Air_Water_Ratio(const Solute_Volatilisation& volatilisation, double molmass, double t);
 

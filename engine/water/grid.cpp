@@ -97,13 +97,14 @@ int Grid::Compartment_At(double depth) const
 
 int Grid::Interface_Nearest(double depth) const
 {
-    int best = 0;
-    for (int number = 1; number <= Document_Count(); ++number) {
+    // Halfway between two, the upper one; but not the surface, which no water has passed.
+    int best = Interface_Below(1);
+    for (int number = 2; number <= Document_Count(); ++number) {
         const int interface = Interface_Below(number);
         if (std::fabs(Depth_Of(interface) - depth) < std::fabs(Depth_Of(best) - depth) - Same_Depth)
             best = interface;
     }
-    return best;
+    return depth < std::fabs(Depth_Of(best) - depth) - Same_Depth ? 0 : best;
 }
 
 const Compartment_Range& Grid::Document_At(double depth) const
@@ -141,9 +142,14 @@ double Water_Content(const Van_Genuchten& curve, double suction_cm)
                                 Steady_Power(1 + Steady_Power(curve.Alpha * suction_cm, curve.N), 1 / curve.N - 1);
 }
 
+double Porosity_Of_Density(double density)
+{
+    return 1 - density / Solid_Density;
+}
+
 double Porosity(double density, double field_capacity)
 {
-    return std::max(1 - density / Solid_Density, field_capacity + 0.01);
+    return std::max(Porosity_Of_Density(density), field_capacity + 0.01);
 }
 
 std::vector<double> Equal_Compartments(double core_depth, int count)

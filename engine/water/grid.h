@@ -59,7 +59,8 @@ struct Van_Genuchten {
 Van_Genuchten Woesten_Functions(double clay, double silt, double organic_matter, double density, bool topsoil);
 double Water_Content(const Van_Genuchten& curve, double suction_cm);
 
-// Porosity (cm3/cm3) from the bulk density (g/cm3), at least 0.01 above field capacity.
+// Porosity (cm3/cm3) from the bulk density (g/cm3) alone, and at least 0.01 above field capacity.
+double Porosity_Of_Density(double density);
 double Porosity(double density, double field_capacity);
 
 // Thicknesses of the compartments, cm: equal ones, or ones that increase with depth. The depths are in cm; the last

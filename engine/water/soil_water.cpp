@@ -21,6 +21,12 @@ double Within(const Grid& grid, int i, double depth)
     return std::clamp(depth - grid.Top(i), 0.0, grid.Thickness[static_cast<std::size_t>(i)]);
 }
 
+// cm/d, at unit gradient; 0 without drainage.
+double Saturated_Flux(const Grid& grid, std::size_t i)
+{
+    return grid.Drainage[i] * Drainage_Length * (grid.Porosity[i] - grid.Field_Capacity[i]);
+}
+
 } // namespace
 
 double Free_Outflow(double inflow, double excess, double thickness)
@@ -47,7 +53,10 @@ Percolation_Result Percolate(const Grid& grid, const Percolation& supply, std::v
     const auto arrives = [&supply](int k) {
         return k == supply.Outlet ? supply.Bypass - supply.Below : k == supply.Outlet + 1 ? supply.Below : 0;
     };
-    flux[0] = supply.Infiltration;
+    // A day's infiltration is the saturated conductivity, whatever the first compartment holds.
+    const double most = supply.Restricted ? Saturated_Flux(grid, 0) : supply.Infiltration;
+    flux[0] = most > 0 ? std::min(supply.Infiltration, most) : supply.Infiltration;
+    result.Excess = supply.Infiltration - flux[0];
     for (int k = 0; k < n; ++k) {
         const auto i = static_cast<std::size_t>(k);
         const double dz = grid.Thickness[i];

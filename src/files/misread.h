@@ -26,6 +26,12 @@ struct Misread {
 };
 using Misreads = std::vector<Misread>;
 
+// A value that a file holds and nobody uses: another one stands, or none is looked at.
+struct Unused_Value {
+    Place At;
+    std::string Word, Field, Used; // Used: what holds instead
+};
+
 // Whether the whole text, blanks and tabs around it left out, is one number as Val reads it.
 bool Is_One_Number(std::string_view text);
 

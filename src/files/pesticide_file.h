@@ -21,6 +21,9 @@ void Parse_PSM(std::string_view bytes, Pesticide_Document& document, Misreads* m
 using Rate_Places = Per_Substance<std::array<Place, Degradation_Rows + 1>>;
 Rate_Places Places_Of_Rates(std::string_view bytes);
 
+// Values of the first volatilisation line that hold for both and differ in the second, which is taken.
+std::vector<Unused_Value> Unused_Volatilisation(std::string_view bytes);
+
 // The file's bytes. Changes the document where the layout says so: Henry_Flag falls to 0 without a solubility, and a
 // substance whose Sorp_pKa is 20 gets -99 for its second Koc and both pH values.
 std::string Format_PSM(Pesticide_Document& document);

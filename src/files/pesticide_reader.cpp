@@ -46,6 +46,7 @@ public:
     }
 
     Rate_Places Rates{};
+    std::vector<Unused_Value> Unused;
 
 private:
     Line_In Next()
@@ -115,6 +116,7 @@ private:
         Lines.Skip(2);
         const bool has_second_point = Contains(Lines.Next(), Second_Point_Mark);
         auto first = Next();
+        const Line_In once = first;
         Volatilisation_Line(first, Document, 0);
         Document.PSM_Legacy_Volat = !has_second_point;
         if (!has_second_point) {
@@ -123,8 +125,27 @@ private:
         }
         Volatilisation_Temperature(first, Document, 0);
         auto second = Next();
+        Note_Unused(once, second);
         Volatilisation_Line(second, Document, 1);
         Volatilisation_Temperature(second, Document, 1);
+    }
+
+    // Molar mass, diffusion, depth and enthalpy stand in both lines, and the second one's are kept.
+    void Note_Unused(Line_In first, Line_In second)
+    {
+        constexpr std::string_view names[] = {"",
+                                              "",
+                                              "Molar mass",
+                                              "",
+                                              "Diffusion coefficient in air",
+                                              "Volatilisation depth",
+                                              "Enthalpy of vaporisation",
+                                              ""};
+        for (const std::string_view name : names) {
+            const std::string one(first.Word()), other(second.Word());
+            if (!name.empty() && Val(one) != Val(other))
+                Unused.push_back({first.Place_Of_Last(), one, std::string(name), other});
+        }
     }
 
     // The older form gives values at one temperature; those ten degrees higher follow from it.
@@ -258,6 +279,14 @@ void Parse_PSM(std::string_view bytes, Pesticide_Document& document, Misreads* m
     document = Pesticide_Document();
     Reset_PSM(document);
     Reader(bytes, document, misreads).Read();
+}
+
+std::vector<Unused_Value> Unused_Volatilisation(std::string_view bytes)
+{
+    const auto document = std::make_unique<Pesticide_Document>();
+    Reader reader(bytes, *document, nullptr);
+    reader.Read();
+    return reader.Unused;
 }
 
 Rate_Places Places_Of_Rates(std::string_view bytes)

@@ -16,6 +16,9 @@ namespace orvel {
 // document. Words that are no numbers are listed where the caller asks for them.
 void Parse_SZE(std::string_view bytes, Scenario_Document& document, Misreads* misreads = nullptr);
 
+// Horizon numbers that are not 1, 2, 3 ...: horizons are taken in the order of their lines.
+std::vector<Unused_Value> Unused_Horizon_Numbers(std::string_view bytes);
+
 // The file's bytes. Changes the document where the layout says so: SZE_First_Crop follows the first crop row, and an
 // empty output frequency becomes " DAY".
 std::string Format_SZE(Scenario_Document& document);

@@ -38,6 +38,8 @@ Date Derived_Tillage(const Rotation_Row& row)
 // Fills the document line by line; what was read before an error stays in it.
 class Reader {
 public:
+    std::vector<Unused_Value> Unused;
+
     Reader(std::string_view bytes, Scenario_Document& document, Misreads* misreads)
         : Lines(bytes),
           Document(document),
@@ -146,6 +148,11 @@ private:
     {
         horizon = {.SZE_Hor_FC = 0, .SZE_Hor_WP = 0, .SZE_Hor_Sand = 0};
         auto one = Next();
+        auto number = one;
+        const std::string word(number.Word());
+        const auto expected = Document.Horizons.size();
+        if (!Is_One_Number(word) || Val(word) != static_cast<double>(expected))
+            Unused.push_back({number.Place_Of_Last(), word, "Horizon number", std::to_string(expected)});
         Horizon_Line_One(one, horizon, 0);
         auto two = Next();
         Horizon_Line_Two(two, horizon, Document.SZE_Hydraulic_Flag.Number() == 0);
@@ -171,6 +178,15 @@ private:
 };
 
 } // namespace
+
+std::vector<Unused_Value> Unused_Horizon_Numbers(std::string_view bytes)
+{
+    Scenario_Document document;
+    Reset_SZE(document);
+    Reader reader(bytes, document, nullptr);
+    reader.Read();
+    return reader.Unused;
+}
 
 void Parse_SZE(std::string_view bytes, Scenario_Document& document, Misreads* misreads)
 {

@@ -17,7 +17,7 @@ struct Steady_Column {
     double Theta, Rho, K, Exponent, Q, Lambda, Dz;
     const Solute_Kernel& Kernel;
     std::vector<double> M, W, C, G, Thickness, Rho_K, N_Exponent, Limit, Limit_Power, Psi, Flux, Conductance, Weight,
-        One, Zero, Inlet;
+        One, Zero, Inlet, Limitless;
     std::vector<double> Scratch[4], Moved, Volatilised;
     Kernel_Column Column;
 
@@ -53,6 +53,7 @@ struct Steady_Column {
         One.assign(Lanes, 1.0);
         Zero.assign(Lanes, 0.0);
         Inlet = Zero;
+        Limitless.assign(Lanes, 1e300);
         for (auto& scratch : Scratch)
             scratch.assign(size + Lanes, 0.0);
         Moved.assign(size + Lanes, 0.0);
@@ -81,6 +82,7 @@ struct Steady_Column {
                   Scratch[1].data(),
                   Scratch[2].data(),
                   Scratch[3].data()};
+        Column.Escape_Limit = Limitless.data();
     }
     Steady_Column(const Steady_Column&) = delete;
 

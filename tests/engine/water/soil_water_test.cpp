@@ -195,6 +195,29 @@ TEST(Percolation, Restricted_Drainage_Slows_What_Enters)
     EXPECT_EQ(result.Excess, 0);
 }
 
+// At most a (porosity - field capacity) a day enters, however thick the first compartment is.
+TEST(Percolation, Restricted_Infiltration_Is_Bounded_By_The_Soil)
+{
+    for (const double thickness : {0.5, 5.0}) {
+        Grid grid;
+        const std::size_t n = 10;
+        grid.Thickness.assign(n, thickness);
+        grid.Drainage.assign(n, 0.1);
+        grid.Field_Capacity.assign(n, 0.3);
+        grid.Porosity.assign(n, 0.45);
+        for (std::size_t i = 0; i < n; ++i) {
+            grid.Bottom.push_back(thickness * static_cast<double>(i + 1));
+            grid.Document.push_back({static_cast<int>(i), static_cast<int>(i)});
+        }
+        std::vector<double> theta(n, 0.3), flux(n + 1, 0.0);
+
+        const auto result = Percolate(grid, {true, 4, 0, -1}, theta, flux);
+
+        EXPECT_DOUBLE_EQ(result.Excess, 4 - 0.1 * 100 * 0.15) << thickness;
+        EXPECT_DOUBLE_EQ(flux[0], 1.5);
+    }
+}
+
 TEST(Percolation, Restricted_Drainage_Does_Not_Depend_On_The_Compartments)
 {
     for (const int n : {1, 2, 10, 40, 200}) {
