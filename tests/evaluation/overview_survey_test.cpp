@@ -82,6 +82,9 @@ protected:
                           .Years_Expected = 26,
                           .Years_Found = 26,
                           .Verdict = Verdict::Complete};
+        const std::string control = "026 01 01 31 12\r\n";
+        Write_File(run / "orvel.inp", control);
+        record.Inputs.push_back({"orvel.inp", control.size(), Sha256(control)});
         for (const auto& entry : fs::directory_iterator(Source.Path())) {
             const std::string name = entry.path().filename().string();
             if (name == "year.orv" || name == "period.orv")

@@ -612,7 +612,9 @@ TEST_F(Windows_Test, Outlive_Any_Number_In_Any_Box_And_A_Press_Of_Every_Button)
 {
     QTimer closer; // of what a button opens
     QObject::connect(&closer, &QTimer::timeout, [] {
-        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+        if (auto* menu = QApplication::activePopupWidget())
+            menu->close();
+        else if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
             dialog->reject();
     });
     closer.start(1);

@@ -62,7 +62,7 @@ TEST_F(Report_Session, A_Diagram_That_Does_Not_Fit_Goes_To_The_Next_Page_Whole)
 
         int diagrams = 0;
         for (const QString& page : Text_Of_Pdf(Installation / "report.pdf").split(u'\f')) {
-            const auto titles = page.count("80th Percentile Conc. of");
+            const auto titles = page.count(": 80th percentile at 1 m [");
             qsizetype axes = 0;
             for (const QString& line : page.split(u'\n'))
                 axes += line.trimmed() == "Location" ? 1 : 0;
