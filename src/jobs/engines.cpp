@@ -3,6 +3,10 @@
 #include "core/error.h"
 #include "core/system/signals.h"
 
+#include <algorithm>
+#include <iterator>
+#include <ranges>
+
 namespace orvel {
 
 namespace {
@@ -31,18 +35,18 @@ void Engines::Look_For_Stop()
 void Engines::Wait()
 {
     std::vector<int> processes;
-    for (const auto& [process, engine] : Running)
-        processes.push_back(process);
+    std::ranges::copy(std::views::keys(Running), std::back_inserter(processes));
     if (const auto end = Wait_For_Any_Of(processes, Look_Interval))
         Record_End(*end);
     Look_For_Stop();
-    for (auto& [process, engine] : Running) {
+    for (auto& running : Running) {
+        Running_Engine& engine = running.second;
         const bool too_long =
             engine.From.Limit && Clock::now() - engine.Begun > std::chrono::seconds(*engine.From.Limit);
         engine.Interruption.Too_Long = engine.Interruption.Too_Long || (too_long && !engine.Asked_To_End);
         engine.Interruption.Stopped = Is_Stopped && !engine.Interruption.Too_Long;
         if (Is_Stopped || too_long)
-            Interrupt(process, engine);
+            Interrupt(running.first, engine);
     }
 }
 
