@@ -14,7 +14,7 @@ namespace orvel::engine {
 struct Solute_Block {
     const Solute_Column& Column;
     const Solute_Sums& Sums;
-    const Solute_Closure& Closure; // empty where only concentrations are written
+    const Solute_Closure& Closure;            // empty where only concentrations are written
     const std::vector<double>& Concentration; // [compartment * lanes + slot]
     const std::vector<double>& Upward;        // through 1 m, by slot
 };

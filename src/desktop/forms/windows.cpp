@@ -3,18 +3,40 @@
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/inout_sel.h"
 #include "evaluation/forms/overview_window.h"
+#include "records/forms/archive_dialog.h"
+#include "records/forms/archives.h"
 
 #include <QApplication>
 #include <QPointer>
 
+#include <memory>
+
 namespace orvel {
+
+namespace {
+
+// They have a session of their own, as the window has.
+std::vector<Overview_Action> Actions_On_Records(const Session& session)
+{
+    const auto own = std::make_shared<Session>(session);
+    return {{"A_Archive", "Archi&ve ...",
+             [own](const Mode& mode, const Overview_Row& row, const Overview_Run*, QWidget* parent) {
+                 Archive_In_Window(*own, mode, row.Pesticide, row.Crop, parent);
+             }},
+            {"A_Compare", "Compare wit&h another assessment ...",
+             [own](const Mode&, const Overview_Row&, const Overview_Run*, QWidget* parent) {
+                 Archives(*own, parent).exec();
+             }}};
+}
+
+} // namespace
 
 // One window, which is brought to the front when it is open already. Its thread ends before the program does.
 void Open_Overview(const Session& session, Mode_Kind mode)
 {
     static QPointer<Overview_Window> open;
     if (!open) {
-        open = new Overview_Window(session, mode);
+        open = new Overview_Window(session, mode, Actions_On_Records(session));
         open->setAttribute(Qt::WA_DeleteOnClose);
         QObject::connect(qApp, &QCoreApplication::aboutToQuit, open, [] { delete open; });
     }

@@ -220,7 +220,7 @@ QAction* Overview_Window::Add_Action(const QString& name, const QString& text, s
     return action;
 }
 
-void Overview_Window::Add_Actions(std::vector<Overview_Action> further)
+void Overview_Window::Add_Actions(const std::vector<Overview_Action>& further)
 {
     Menu = Named(new QMenu(this), "Menu");
     A_Leachate = Add_Action("A_Leachate", "&Table of concentrations", [this] { Leachate(); });
@@ -240,11 +240,11 @@ void Overview_Window::Add_Actions(std::vector<Overview_Action> further)
     A_Missing = Add_Action("A_Missing", "Run what is &missing", [this] { Run_Missing(); });
     A_Failed = Add_Action("A_Failed", "Run &failed ones again", [this] { Run_Failed(); });
     A_Report = Add_Action("A_Report", "Rep&ort", [this] { Report(); });
-    for (auto& [name, text, handler] : further) {
+    for (const auto& [name, text, handler] : further) {
         auto* action = Add_Action(name, text, [] {});
         connect(action, &QAction::triggered, this, [this, handler] {
             if (const auto* row = Table_Model.Row_At(Table->currentIndex()))
-                handler(*row, Table_Model.Run_At(Table->currentIndex()), this);
+                handler(The_Mode(), *row, Table_Model.Run_At(Table->currentIndex()), this);
         });
     }
 }

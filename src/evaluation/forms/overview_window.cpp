@@ -34,7 +34,7 @@ int Content_Width(const QTreeView& table, int column)
 
 } // namespace
 
-Overview_Window::Overview_Window(const Session& session, Mode_Kind mode, std::vector<Overview_Action> further,
+Overview_Window::Overview_Window(const Session& session, Mode_Kind mode, const std::vector<Overview_Action>& further,
                                  QWidget* parent)
     : QDialog(parent),
       Owned(std::make_unique<Session>()),
@@ -50,7 +50,7 @@ Overview_Window::Overview_Window(const Session& session, Mode_Kind mode, std::ve
     } catch (const File_Error& error) {
         The_Session.Ask({std::string(Title), Bytes_Of(QString::fromUtf8(error.what()))});
     }
-    Add_Actions(std::move(further));
+    Add_Actions(further);
     Lay_Out();
     Fill_Locations();
     Modus->setCurrentIndex(static_cast<int>(mode));

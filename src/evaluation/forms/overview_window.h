@@ -25,7 +25,7 @@ class Picture_Panel;
 // An action of a higher room on what is marked; none of it is known here.
 struct Overview_Action {
     QString Name, Text; // objectName, caption
-    std::function<void(const Overview_Row& row, const Overview_Run* run, QWidget* parent)> Do;
+    std::function<void(const Mode& mode, const Overview_Row& row, const Overview_Run* run, QWidget* parent)> Do;
 };
 
 // The whole assessment at a glance. It follows the runs, stays open beside the other windows, and has a session of its
@@ -34,7 +34,7 @@ class Overview_Window : public QDialog {
     Q_OBJECT
 
 public:
-    Overview_Window(const Session& session, Mode_Kind mode, std::vector<Overview_Action> further = {},
+    Overview_Window(const Session& session, Mode_Kind mode, const std::vector<Overview_Action>& further = {},
                     QWidget* parent = nullptr);
     ~Overview_Window() override;
 
@@ -52,7 +52,7 @@ private:
     QLayout* Soil_Choices();
     QWidget* Table_And_Pictures();
     QLayout* Foot();
-    void Add_Actions(std::vector<Overview_Action> further);
+    void Add_Actions(const std::vector<Overview_Action>& further);
     QAction* Add_Action(const QString& name, const QString& text, std::function<void()> handler);
 
     void Begin();

@@ -4,6 +4,7 @@
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/start.h"
 #include "desktop/forms/versionsinfo.h"
+#include "desktop/forms/windows.h"
 #include "documents/forms/form_psm_open.h"
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/inout_sel.h"
@@ -63,6 +64,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -605,6 +607,26 @@ TEST_F(Windows_Test, Show_Every_Caption_Whole_In_A_Large_Font_And_Dark)
     Look_At_All("_dark");
     QApplication::setPalette(palette);
     QApplication::setFont(font);
+}
+
+TEST_F(Windows_Test, The_Overview_Of_The_Program_Archives_And_Compares)
+{
+    Open_Overview(The_Session, Mode_Kind::Focus);
+    Overview_Window* overview = nullptr;
+    for (auto* window : QApplication::topLevelWidgets())
+        overview = overview ? overview : qobject_cast<Overview_Window*>(window);
+    ASSERT_NE(overview, nullptr);
+    const auto actions = overview->findChild<QMenu*>("Menu")->actions();
+    QStringList keys;
+    for (const auto* action : actions) {
+        const auto key = action->text().indexOf('&');
+        if (!action->isSeparator())
+            keys << action->text().mid(key + 1, 1).toLower();
+    }
+    EXPECT_EQ(keys.removeDuplicates(), 0) << keys.join(' ').toStdString();
+    for (const char* name : {"A_Archive", "A_Compare"})
+        EXPECT_TRUE(actions.contains(overview->findChild<QAction*>(name))) << name;
+    overview->close();
 }
 
 // Whatever is typed, no box ends the program: numbers beyond the range of a double, and those whose sums are.

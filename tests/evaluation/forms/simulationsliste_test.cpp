@@ -8,8 +8,8 @@
 #include "window_test.h"
 
 #include <chrono>
-#include <QProgressDialog>
 #include <QFileDialog>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QScreen>
 #include <QTableView>
