@@ -67,6 +67,7 @@ QLayout* Overview_Window::Choices()
     Find = Named(new QLineEdit, "Find");
     Find->setPlaceholderText("Part of a pesticide, crop or substance");
     Find->setClearButtonEnabled(true);
+    Find->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
     Crops = Combo("Crops", "Crop", {"All crops"});
     Crops->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     Crops->setMinimumContentsLength(18);
