@@ -27,14 +27,14 @@ constexpr std::string_view Output_Problem = "Problem with output files. Probably
 // The directory of the next level: its name encodes the text.
 fs::path Level(const fs::path& above, std::string_view text)
 {
-    const auto found = Find_File(above, Path_Of(Encode_Level(text)));
+    const fs::path level = Found_Or_New(above, Path_Of(Encode_Level(text)));
     std::error_code error;
-    const bool is_there = found && fs::is_directory(*found, error);
+    const bool is_there = fs::is_directory(level, error);
     if (error && !Is_Missing(error))
-        throw File_Error("Cannot read the directory " + found->string() + ": " + error.message() + ".");
+        throw File_Error("Cannot read the directory " + level.string() + ": " + error.message() + ".");
     if (!is_there)
         throw File_Error("There are no simulations of " + To_Utf8(text) + " in " + above.string() + ".");
-    return *found;
+    return level;
 }
 
 // A short name gets ten blanks at most, so the columns of names below seven characters do not line up.

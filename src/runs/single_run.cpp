@@ -9,6 +9,7 @@
 #include "runs/run_control.h"
 #include "ui/date_hint.h"
 
+#include <algorithm>
 #include <tuple>
 
 namespace orvel {

@@ -95,7 +95,7 @@ std::string Gap_Of(const fs::path& run_directory)
     if (state.Record && state.Record->Verdict != Verdict::Complete &&
         state.Record->Years_Found < state.Record->Years_Expected)
         return Incomplete_Text(state.Record->Years_Found, state.Record->Years_Expected);
-    const std::string gap = Gap_In_Files(run_directory);
+    std::string gap = Gap_In_Files(run_directory);
     if (!gap.empty() || state.Verdict == Verdict::Unrecorded || state.Verdict == Verdict::Scheduled)
         return gap;
     return "The simulation is not complete. " + state.Reason;
