@@ -27,7 +27,7 @@ constexpr std::string_view Output_Problem = "Problem with output files. Probably
 // The directory of the next level: its name encodes the text.
 fs::path Level(const fs::path& above, std::string_view text)
 {
-    const fs::path level = Found_Or_New(above, Path_Of(Encode_Level(text)));
+    fs::path level = Found_Or_New(above, Path_Of(Encode_Level(text)));
     std::error_code error;
     const bool is_there = fs::is_directory(level, error);
     if (error && !Is_Missing(error))
