@@ -54,7 +54,7 @@ bool Is_Table(const std::string& name)
 void Tidy_Up(const fs::path& run, Plan_Keep keep)
 {
     if (keep == Plan_Keep::All)
-        return;
+        return Remove(run / Progress_Name);
     for (const auto& name : List_Files(run, "*")) {
         const bool kept = name == Run_Record_Name || name == Result_Name || name == Control_Name ||
                           (keep == Plan_Keep::Tables && Is_Table(name));

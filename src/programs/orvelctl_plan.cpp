@@ -10,6 +10,7 @@
 #include "core/write_from.h"
 #include "plans/plan_results.h"
 #include "plans/run_plan.h"
+#include "plans/sweep.h"
 #include "runs/start_up.h"
 
 #include <CLI/CLI.hpp>
@@ -217,22 +218,44 @@ void Add_Status(CLI::App* plan, Command& command)
     });
 }
 
-int Do_Results(const std::string& directory, const std::string& file, bool with_seconds)
+// Prints to a file, which is written whole, or to standard output if none is named.
+void Print_To(const std::string& file, const std::function<void(const std::function<void(std::string_view)>&)>& print)
 {
     if (file.empty()) {
-        Print_Results(directory, with_seconds, [](std::string_view text) { std::cout << text; });
-        return Done;
-    }
-    if (!Lower(file).ends_with(".csv")) {
-        Tell(Plan_Title, "The results of a plan are written as .csv.");
-        return Refused;
+        print([](std::string_view text) { std::cout << text; });
+        return;
     }
     Write_Whole_From(file, [&](File_Handle& handle) {
-        Print_Results(directory, with_seconds, [&](std::string_view text) {
-            if (const auto error = handle.Write(text))
+        std::string block;
+        const auto write = [&] {
+            if (const auto error = handle.Write(block))
                 throw File_Error("Cannot write " + file + ": " + error.message() + ".");
+            block.clear();
+        };
+        print([&](std::string_view text) {
+            constexpr std::size_t Block_Size = 1U << 16U;
+            block += text;
+            if (block.size() > Block_Size)
+                write();
         });
+        write();
     });
+}
+
+// Whether a table can be written to a file by its ending; the user has been told if not.
+bool Is_Csv(const std::string& file, std::string_view what)
+{
+    if (file.empty() || Lower(file).ends_with(".csv"))
+        return true;
+    Tell(Plan_Title, std::string(what) + " is written as .csv.");
+    return false;
+}
+
+int Do_Results(const std::string& directory, const std::string& file, bool with_seconds)
+{
+    if (!Is_Csv(file, "The table of results"))
+        return Refused;
+    Print_To(file, [&](const auto& print) { Print_Results(directory, with_seconds, print); });
     return Done;
 }
 
@@ -247,6 +270,56 @@ void Add_Results(CLI::App* plan, Command& command)
     results->callback([=, &command] { command = [=](Session&) { return Do_Results(*directory, *file, *seconds); }; });
 }
 
+struct Sweep_Arguments {
+    std::string Mode, Pesticide, Crop, Location, Shift, File;
+    std::vector<std::string> Factors;
+};
+
+int Do_Sweep(const Session& session, const Sweep_Arguments& arguments)
+try {
+    if (!Is_Csv(arguments.File, "A plan"))
+        return Refused;
+    Sweep_Order order{.Mode = Mode_Named(arguments.Mode),
+                      .Pesticide = Bytes_Of(arguments.Pesticide),
+                      .Crop = Bytes_Of(arguments.Crop),
+                      .Location = Bytes_Of(arguments.Location)};
+    if (!arguments.Shift.empty())
+        order.Shifts = Parse_Shifts(arguments.Shift);
+    for (const auto& factor : arguments.Factors)
+        order.Factors.push_back(Parse_Factor(Bytes_Of(factor)));
+    Print_To(arguments.File, [&](const auto& print) { Print_Sweep(session.Program, order, print); });
+    return Done;
+} catch (const File_Error& error) {
+    Tell(Plan_Title, To_Code_Page(error.what()));
+    return Refused;
+}
+
+void Add_Sweep(CLI::App* plan, Command& command)
+{
+    auto* sweep = plan->add_subcommand("sweep", "Write a plan: every combination of shifts and factors of one run");
+    const auto arguments = std::make_shared<Sweep_Arguments>();
+    Add_Mode(sweep, arguments->Mode);
+    sweep->add_option("--pesticide", arguments->Pesticide, "Pesticide file of the installation")
+        ->required()
+        ->option_text("FILE");
+    sweep->add_option("--crop", arguments->Crop, "Text of the list entry")->required()->option_text("TEXT");
+    sweep->add_option("--location", arguments->Location, "Text of the list entry")->required()->option_text("TEXT");
+    sweep->add_option("--shift", arguments->Shift, "Move all applications by days: -14:14:7 by -14, -7, 0, 7 and 14")
+        ->option_text("FROM:TO:STEP");
+    sweep
+        ->add_option("--factor", arguments->Factors,
+                     "Multiply a field: psm.Koc[1]=0.5,1,2; the keys are those that show prints")
+        ->option_text("FIELD=FACTOR,...");
+    sweep->add_option("--to", arguments->File, "Write the plan to a file (.csv)")->option_text("FILE");
+    sweep->callback([=, &command] {
+        for (const auto& text : {arguments->Pesticide, arguments->Crop, arguments->Location})
+            Bytes_Of(text); // refuses what no file can hold
+        for (const auto& text : arguments->Factors)
+            Bytes_Of(text);
+        command = [=](const Session& session) { return Do_Sweep(session, *arguments); };
+    });
+}
+
 } // namespace
 
 void Add_Plan_Commands(CLI::App& app, Command& command)
@@ -256,6 +329,7 @@ void Add_Plan_Commands(CLI::App& app, Command& command)
     Add_Run(plan, command);
     Add_Status(plan, command);
     Add_Results(plan, command);
+    Add_Sweep(plan, command);
 }
 
 } // namespace orvel
