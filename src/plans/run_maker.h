@@ -92,6 +92,7 @@ private:
     Recently_Read<Base_Scenario> Scenarios{64};
     std::map<std::pair<const Mode*, const Crop*>, std::vector<std::string>> Locations;
     std::set<std::string> Known_Climates;
+    std::unique_ptr<Pesticide_Document> Scratch = std::make_unique<Pesticide_Document>();
     std::string Checked_Layout; // of the row before: what was replaced in which document
 };
 

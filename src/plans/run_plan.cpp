@@ -89,13 +89,12 @@ public:
         Remove(Order.Directory / Plan_Stop_Name);
         const auto jobs = static_cast<std::size_t>(Order.Jobs > 0 ? Order.Jobs : Processors());
         try {
-            for (Plan_Row row; !At_Work.Stopped() && Plan.Next(row);) {
+            for (Plan_Row row; Goes_On() && Plan.Next(row);) {
                 if (!Order.Part.Has(row.Number))
                     continue;
                 Look_At(row);
                 while (At_Work.At_Work() >= jobs)
                     Wait();
-                At_Work.Look_For_Stop();
             }
         } catch (const std::runtime_error& error) { // File_Error and Run_Refused
             Note_Trouble(error.what());
@@ -114,6 +113,12 @@ private:
         Run_Record Record;
         std::string Error;
     };
+
+    bool Goes_On()
+    {
+        At_Work.Look_For_Stop();
+        return Trouble.empty() && !At_Work.Stopped();
+    }
 
     // Begins the run of a row, unless it is complete.
     void Look_At(const Plan_Row& row)
