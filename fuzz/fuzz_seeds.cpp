@@ -141,6 +141,12 @@ try {
          "2024-05-31 14:05:09\tbegin\t\t2 runs, 1 at a time\n2024-05-31 14:05:10\tstarted\ta.run/b.run/"
          "c.run\t\n2024-05-31 14:05:20\tkilled\ta.run/b.run/c.run\tsignal 9\n2024-05-31 "
          "14:05:21\tend\t\t2 runs, 1 failed\n");
+    Seed(directory / "fuzz_plan", "id,mode,pesticide,crop,location,psm.Koc[1],#note\r\n"
+                                  "a,focus,demo_A.psm,Maize,\"Thiva (T), irrigated\",1.5,\"say \"\"so\"\"\"\r\n");
+    Seed(directory / "fuzz_plan",
+         "\xEF\xBB\xBFid;pesticide;scenario;climate;years;sze.SZE_Latitude\n"
+         "1;demo_A.psm;soil.sze;one.cli|two.cli;26;52.5\n;;;;;\n2;x\n",
+         "files");
     Seed_Cache(directory / "fuzz_cache");
     Seed_Report(directory / "fuzz_report");
     Seed_Output(directory);

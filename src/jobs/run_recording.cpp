@@ -102,7 +102,10 @@ Run_Record Run_Recorder::Begin(const fs::path& run_directory, const fs::path& en
     Run_Record record = New_Record();
     record.Directory = Recorded_Directory(run_directory);
     for (const auto& input : Inputs_Of_Run(run_directory))
-        record.Inputs.push_back(Recorded(Input_Name(run_directory, input), Shared.Of(input)));
+        record.Inputs.push_back(
+            Recorded(Input_Name(run_directory, input), input.parent_path() == run_directory
+                                                           ? Digest_Of_File(input) // no other run has it
+                                                           : Shared.Of(input)));
     record.Engine = Recorded(Name_In_Record(engine.filename()), Shared.Of(engine));
     record.Years_Expected = Read_Run_Request(run_directory).Years;
     record.Limit = limit;

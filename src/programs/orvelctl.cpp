@@ -6,6 +6,7 @@
 #include "documents/documents.h"
 #include "installation/lay_out.h"
 #include "programs/orvelctl_overview.h"
+#include "programs/orvelctl_plan.h"
 #include "programs/orvelctl_records.h"
 #include "programs/orvelctl_report.h"
 #include "programs/orvelctl_results.h"
@@ -110,6 +111,7 @@ int Do_Command_Line(int argc, char** argv)
     Add_Overview_Command(app, command);
     Add_Series_Command(app, command);
     Add_Single_Command(app, command);
+    Add_Plan_Commands(app, command);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {

@@ -12,7 +12,6 @@ namespace orvel {
 
 namespace {
 
-constexpr std::string_view Up_To_Mode = "..\\..\\..\\";
 constexpr std::string_view Whole_Years = " 01 01 31 12";
 constexpr std::string_view Soil = "          SOIL";
 constexpr std::string_view Series = "    TSER";
@@ -181,12 +180,18 @@ int Years_To_Run(const Mode& mode, const Run_Choice& choice)
     return Years_Of_Pattern(choice.Pattern);
 }
 
-std::string Format_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice)
+std::string Climate_Name(const Run_Choice& choice, int year)
 {
-    const std::string above(Up_To_Mode);
-    std::string text = Line(Header(program, mode, choice)) + Line(above + choice.Scenario) + Line(choice.Pesticide);
+    return choice.Code + "_" + Format_Pattern(year, "00") + ".cli";
+}
+
+std::string Format_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice,
+                       const Input_Places& places)
+{
+    std::string text = Line(Header(program, mode, choice)) + Line(places.Scenario + choice.Scenario) +
+                       Line(places.Pesticide + choice.Pesticide);
     for (int year = 1; year <= Years_To_Run(mode, choice); ++year)
-        text += Line(above + choice.Code + "_" + Format_Pattern(year, "00") + ".cli");
+        text += Line(places.Climate + Climate_Name(choice, year));
     text += Line(Count_Line(mode, choice)) + Output_Rows(choice.Options.Output);
     return mode.Profile_Rows ? text + Profile_Rows(choice) : text;
 }

@@ -44,11 +44,18 @@ Run_Choice Choose_Run(const Mode& mode, std::string_view pesticide, const Crop* 
 // no control character and no backslash.
 bool Fits_A_Line(std::string_view name);
 
-// The bytes of the run control file of a regulatory run.
-std::string Format_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice);
+// Where the documents of a run lie as seen from its directory: what stands before their names in orvel.inp.
+struct Input_Places {
+    std::string Scenario = "..\\..\\..\\", Climate = Scenario, Pesticide;
+};
 
-// The years that a regulatory run simulates.
+// The bytes of the run control file of a regulatory run.
+std::string Format_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice,
+                       const Input_Places& places = {});
+
+// The years that a regulatory run simulates, and the name of the climate file of each, from 1.
 int Years_To_Run(const Mode& mode, const Run_Choice& choice);
+std::string Climate_Name(const Run_Choice& choice, int year);
 
 // What a run form restores from its last orvel.inp. A text that ends early leaves the rest at these defaults.
 struct Run_Template {

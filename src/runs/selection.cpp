@@ -39,18 +39,41 @@ std::string_view Plain_Location(std::string_view text)
     return close == std::string_view::npos ? text : text.substr(0, close + 1);
 }
 
-// The count of crop rows follows the erosion flag, or the line of erosion factors if that flag is 1.
-bool Defines_A_Crop(const fs::path& scenario)
+// The count of crop rows follows the erosion flag, or the line of erosion factors if that flag is 1. False for a text
+// that ends before it.
+bool Has_Crop_Row(std::string_view bytes)
 try {
-    const std::string bytes = Read_Whole(scenario);
     Line_Reader lines(bytes);
     lines.Skip(2);
     if (Val(lines.Next()) == 1)
         lines.Skip(1);
     return Val(lines.Next()) != 0;
+} catch (const File_Error&) {
+    return false;
+}
+
+// Whether the first crop row has the tillage flag set; false for a text that ends before it.
+bool Tills(std::string_view bytes)
+try {
+    constexpr int Tillage_Field = 19;
+    Line_Reader lines(bytes);
+    lines.Skip(4);
+    std::string_view row = lines.Next();
+    std::string_view field;
+    for (int i = 0; i < Tillage_Field; ++i)
+        field = Trim(Next_Token(row));
+    return field == "1";
+} catch (const File_Error&) {
+    return false;
+}
+
+// The bytes of a scenario file; none if it cannot be understood as one, or is missing.
+std::string Scenario_Bytes(const fs::path& scenario)
+try {
+    return Read_Whole(scenario);
 } catch (const File_Error& error) {
     Pass_On_If_Unreadable(error);
-    return false;
+    return {};
 }
 
 std::string Fault_Text(Selection_Fault fault, const Mode& mode, const Run_Choice& choice)
@@ -86,11 +109,10 @@ std::string Missing_Text(const Mode& mode, std::string_view pesticide, const Cro
 
 // What is wrong with the applications at the location, whose block is -1 if the document has none. Relative ones may
 // be irregular.
-Selection_Fault Fault_Of_Applications(const Run_Choice& choice, int block, bool relative, const fs::path& scenario)
+Selection_Fault Fault_Of_Applications(const Run_Choice& choice, int block, bool relative, bool has_crop)
 {
     if (relative)
-        return choice.Crop->Individual && !Defines_A_Crop(scenario) ? Selection_Fault::No_Crop_Defined
-                                                                    : Selection_Fault::None;
+        return choice.Crop->Individual && !has_crop ? Selection_Fault::No_Crop_Defined : Selection_Fault::None;
     if (block < 0)
         return Selection_Fault::No_Location;
     return choice.Pattern == 0 ? Selection_Fault::Irregular : Selection_Fault::None;
@@ -159,8 +181,10 @@ Selection Evaluate_Selection(const Program_State& program, const Ask_Function& a
     if (crop == nullptr || location.empty())
         return selected;
     const fs::path scenario = Found_Or_New(Mode_Directory(program, mode), choice.Scenario);
-    const auto scenario_horizons = Horizons_Of(scenario, ask);
-    choice.Tillage_Visible = Scenario_Tills(scenario);
+    Scenario_Facts facts{.Horizons = Horizons_Of(scenario, ask)};
+    const std::string bytes = Scenario_Bytes(scenario);
+    facts.Tills = choice.Tillage_Visible = Tills(bytes);
+    facts.Has_Crop = Has_Crop_Row(bytes);
     const auto document = std::make_unique<Pesticide_Document>();
     if (pesticide.empty())
         return selected;
@@ -168,30 +192,46 @@ Selection Evaluate_Selection(const Program_State& program, const Ask_Function& a
         selected.Warnung = std::string(pesticide) + " cannot be read.";
         return selected;
     }
+    Judge_Selection(selected, mode, *document, facts);
+    return selected;
+}
+
+Scenario_Facts Facts_Of_Scenario(std::string_view bytes)
+{
+    Scenario_Document document;
+    Reset_SZE(document);
+    Parse_SZE(bytes, document);
+    return {.Horizons = document.SZE_Horizons.Number(), .Tills = Tills(bytes), .Has_Crop = Has_Crop_Row(bytes)};
+}
+
+void Judge_Selection(Selection& selected, const Mode& mode, const Pesticide_Document& document,
+                     const Scenario_Facts& scenario)
+{
+    Run_Choice& choice = selected.Choice;
     selected.Usable = true;
-    choice.Met_Present = document->Met_Present;
-    if (document->PSM_Legacy_Volat) {
+    choice.Tillage_Visible = scenario.Tills;
+    choice.Met_Present = document.Met_Present;
+    if (document.PSM_Legacy_Volat) {
         selected.Fault = Selection_Fault::Old_Format;
         selected.Warnung = Fault_Text(selected.Fault, mode, choice);
-        return selected;
+        return;
     }
-    const bool relative = mode.Relative_Any_Location && document->App_Mode == App_Mode_Relative;
-    const int block = relative ? 0 : Block_Of_Location(*document, location);
-    choice.Pattern = block < 0 ? 0 : Pattern_Of_Location(*document, block).Pattern;
+    const bool relative = mode.Relative_Any_Location && document.App_Mode == App_Mode_Relative;
+    const int block = relative ? 0 : Block_Of_Location(document, choice.Location);
+    choice.Pattern = block < 0 ? 0 : Pattern_Of_Location(document, block).Pattern;
 
-    selected.Fault = Fault_Of_Applications(choice, block, relative, scenario);
-    if (!Crop_Fits(document->App_Rel_Flag, *crop))
+    selected.Fault = Fault_Of_Applications(choice, block, relative, scenario.Has_Crop);
+    if (!Crop_Fits(document.App_Rel_Flag, *choice.Crop))
         selected.Fault = Selection_Fault::Other_Crop;
-    const double horizons = document->N_Horizons.Number();
-    if (scenario_horizons && horizons > 0 && horizons != *scenario_horizons)
+    const double horizons = document.N_Horizons.Number();
+    if (scenario.Horizons && horizons > 0 && horizons != *scenario.Horizons)
         selected.Fault = Selection_Fault::Other_Horizons;
     selected.Warnung = Fault_Text(selected.Fault, mode, choice);
 
     if (choice.Pattern != 0 || selected.Fault == Selection_Fault::None)
         selected.App_Modus = Pattern_Text[static_cast<std::size_t>(choice.Pattern)];
     if (choice.Pattern != 0)
-        selected.app_Date = First_Application(*document, block);
-    return selected;
+        selected.app_Date = First_Application(document, block);
 }
 
 int Block_Of_Location(const Pesticide_Document& document, std::string_view location)
@@ -206,19 +246,8 @@ int Block_Of_Location(const Pesticide_Document& document, std::string_view locat
 }
 
 bool Scenario_Tills(const fs::path& scenario)
-try {
-    constexpr int Tillage_Field = 19;
-    const std::string bytes = Read_Whole(scenario);
-    Line_Reader lines(bytes);
-    lines.Skip(4);
-    std::string_view row = lines.Next();
-    std::string_view field;
-    for (int i = 0; i < Tillage_Field; ++i)
-        field = Trim(Next_Token(row));
-    return field == "1";
-} catch (const File_Error& error) {
-    Pass_On_If_Unreadable(error);
-    return false;
+{
+    return Tills(Scenario_Bytes(scenario));
 }
 
 int Step_Over_Separator(int index, int crop_step)

@@ -2,6 +2,7 @@
 
 #include "runs/run_control.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,18 @@ bool Delete_Pesticide(const std::filesystem::path& app_path, const Ask_Function&
 // been told of a file that cannot be read.
 Selection Evaluate_Selection(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                              std::string_view pesticide, const Crop* crop, std::string_view location);
+
+// What a scenario file says of the runs that use it.
+struct Scenario_Facts {
+    std::optional<double> Horizons; // nothing if they are not known
+    bool Tills = false;             // the first crop row has the tillage flag set
+    bool Has_Crop = false;
+};
+Scenario_Facts Facts_Of_Scenario(std::string_view bytes); // throws File_Error for a file that cannot be understood
+
+// The same by documents that need not lie in files: completes the choice and finds its fault.
+void Judge_Selection(Selection& selected, const Mode& mode, const Pesticide_Document& document,
+                     const Scenario_Facts& scenario);
 
 // The application block of a location's list entry in a pesticide document, -1 for none.
 int Block_Of_Location(const Pesticide_Document& document, std::string_view location);
