@@ -94,7 +94,7 @@ fs::path Engine_Of(const Program_State& program)
 {
     if (program.Engine_Exe.empty())
         throw File_Error("There is no engine (orvel*.exe) in the installation directory.");
-    const fs::path engine = Found_Or_New(program.App_Path, Path_Of(program.Engine_Exe));
+    fs::path engine = Found_Or_New(program.App_Path, Path_Of(program.Engine_Exe));
     Check_Not_Open_To_All(program.App_Path);
     Check_Not_Open_To_All(engine);
     return engine;
@@ -240,7 +240,7 @@ Held_Plan Hold_Plan(const Program_State& program, const fs::path& plan, const fs
     Make_Directory(directory);
     try {
         std::error_code error;
-        File_Handle(directory / Set_Up_Lock, File_Handle::Use::Update, error);
+        const File_Handle sign(directory / Set_Up_Lock, File_Handle::Use::Update, error);
         if (error)
             throw File_Error("Cannot write in " + directory.string() + ": " + error.message() + ".");
         const auto set_up = Lock::Take_Within(directory / Set_Up_Lock, Longest_Set_Up);

@@ -251,8 +251,9 @@ void Run_Maker::Check_Layout(const Plan_Row& row, const Documents& documents)
             if (columns[i].Kind != kind)
                 continue;
             const auto alone = std::make_unique<std::remove_cvref_t<decltype(base)>>(base);
-            const bool culprit = Replace_Value(*alone, columns[i].Field, *From_Utf8(row.Cells[i])).empty() &&
-                                 Broken_By_Layout(*alone).has_value();
+            const bool culprit =
+                Replace_Value(*alone, columns[i].Field, From_Utf8(row.Cells[i]).value_or("")).empty() &&
+                Broken_By_Layout(*alone).has_value();
             if (culprit || first == columns.size())
                 first = i;
             if (culprit)
@@ -262,11 +263,11 @@ void Run_Maker::Check_Layout(const Plan_Row& row, const Documents& documents)
                              "' does not fit into the file: " + To_Utf8(lost->Name) + " " + To_Utf8(lost->Cause) + ".",
                          row.Line, static_cast<int>(first) + 1);
     };
-    if (documents.Own_Pesticide && !Survives(*documents.Pesticide_Bytes, *Scratch, Parse_PSM, Format_PSM))
+    if (documents.Own_Pesticide && !Survives(documents.Pesticide_Bytes.value_or(""), *Scratch, Parse_PSM, Format_PSM))
         broken(Kind::Pesticide_Field, *documents.Own_Pesticide, *documents.Base_Pesticide);
     Scenario_Document scratch;
     Reset_SZE(scratch);
-    if (documents.Own_Scenario && !Survives(*documents.Scenario_Bytes, scratch, Parse_SZE, Format_SZE))
+    if (documents.Own_Scenario && !Survives(documents.Scenario_Bytes.value_or(""), scratch, Parse_SZE, Format_SZE))
         broken(Kind::Scenario_Field, *documents.Own_Scenario, documents.Base->Document);
     Checked_Layout = std::move(replaced);
 }
