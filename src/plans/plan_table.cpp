@@ -49,9 +49,10 @@ std::string_view Without_Blanks(std::string_view text)
 Plan_Column Field_Column(const std::string& name, Kind kind, int line, int column)
 {
     const auto field = From_Utf8(std::string_view(name).substr(Pesticide_Begin.size()));
-    const std::string reason = !field                          ? "There is no field " + name + "."
-                               : kind == Kind::Pesticide_Field ? Why_Not_A_Pesticide_Field(*field)
-                                                               : Why_Not_A_Scenario_Field(*field);
+    if (!field)
+        throw File_Error("There is no field " + name + ".", line, column);
+    const std::string reason =
+        kind == Kind::Pesticide_Field ? Why_Not_A_Pesticide_Field(*field) : Why_Not_A_Scenario_Field(*field);
     if (!reason.empty())
         throw File_Error(reason, line, column);
     return {kind, name, *field};

@@ -310,7 +310,7 @@ std::string Run_Maker::Control_Of_Files(const Plan_Row& row, const Documents& do
         run.Run_Cli_Files.push_back(
             With_Backslashes(At(row, Kind::Climate, [&] { return Inputs.Named_File(climate); }).Kept));
     const double horizons = documents.Pesticide().N_Horizons.Number();
-    if (horizons > 0 && documents.Facts().Horizons && horizons != *documents.Facts().Horizons)
+    if (horizons > 0 && documents.Facts().Horizons.value_or(horizons) != horizons)
         Refuse(row, Kind::Scenario, "Number of horizons in PSM file and scenariofile should be the same");
     return Format_Single_Run(run, Minimum_Output());
 }

@@ -52,7 +52,7 @@ Plan_Order Order_Of(const Run_Arguments& arguments)
     Plan_Order order{.Plan = arguments.Plan,
                      .Directory = std::filesystem::absolute(arguments.Directory).lexically_normal(),
                      .Jobs = arguments.Jobs,
-                     .Part = arguments.Part.empty() ? Plan_Part() : *Part_Of(arguments.Part),
+                     .Part = Part_Of(arguments.Part).value_or(Plan_Part()),
                      .Keep = *Keep_Named(arguments.Keep)};
     if (arguments.Limit > 0)
         order.Limit = arguments.Limit;
