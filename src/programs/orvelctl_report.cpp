@@ -28,6 +28,8 @@ int Do_Text(const std::vector<Summary_Request>& requests, const std::string& fil
         Tell("File check", Replace_All(summaries.Failure, CrLf, "\n"));
         return Refused;
     }
+    for (const auto& note : summaries.Notes)
+        Tell("Report", note);
     if (!file.empty()) {
         Write_Whole(file, summaries.Text);
         return Done;

@@ -48,6 +48,7 @@ std::string Report_Filters()
 Report_Summaries Report_Text(const std::vector<Summary_Request>& requests, const Progress& progress)
 {
     std::string text;
+    std::vector<std::string> notes;
     for (const auto& request : requests) {
         if (!request.Missing.empty())
             throw File_Error("There is no simulation of " + To_Utf8(request.Crop) + " at " +
@@ -56,8 +57,9 @@ Report_Summaries Report_Text(const std::vector<Summary_Request>& requests, const
         if (!summary.Failure.empty())
             return {.Text = {}, .Failure = summary.Failure};
         text += Summary_Text(summary);
+        notes.insert(notes.end(), summary.Notes.begin(), summary.Notes.end());
     }
-    return {.Text = To_Utf8(text), .Failure = {}};
+    return {.Text = To_Utf8(text), .Failure = {}, .Notes = notes};
 }
 
 } // namespace orvel

@@ -42,7 +42,8 @@ Workbook Report_Book(const Report& report);
 // was asked for and was not run: the text holds nothing but what was.
 struct Report_Summaries {
     std::string Text;
-    std::string Failure; // why there is no text, a sentence; empty if there is one
+    std::string Failure;            // why there is no text, a sentence; empty if there is one
+    std::vector<std::string> Notes; // what else the user is told
 };
 Report_Summaries Report_Text(const std::vector<Summary_Request>& requests, const Progress& progress = {});
 

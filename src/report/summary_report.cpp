@@ -157,6 +157,8 @@ Summary Build_Summary(const Summary_Request& request, const Progress& progress)
         period_index = tables.Period_Index;
         const bool kept = (tables.Kept || tables.Unwritten) && (i > 0 || tables.Has_Echo);
         complete = complete && kept;
+        if (kept && !tables.Kept)
+            summary.Notes.push_back(location.Text + ": " + tables.Not_Kept);
         if (!kept)
             failed += "\n" + location.Text + (tables.Kept ? "" : ": " + tables.Note());
         if (i == 0) {

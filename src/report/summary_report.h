@@ -46,7 +46,8 @@ struct Summary_Substance {
 };
 
 struct Summary {
-    std::string Failure; // why there is none, a sentence; empty if there is one
+    std::string Failure;            // why there is none, a sentence; empty if there is one
+    std::vector<std::string> Notes; // locations whose tables could not be stored, and why
     std::string Model_Version, Date, Pesticide, Crop;
     std::vector<std::string> Location_Short; // one letter by location
     std::vector<Summary_Substance> Substances;

@@ -152,7 +152,8 @@ TEST_F(Report_Session, The_Text_Is_That_Of_The_Summaries_In_Utf_8_One_Crop_Behin
     Add_Run("Maize", "Kremsm\xC3\xBCnster_-_(K)", 1);
     Add_Run("Winter_-_cereals", "Hamburg_-_(H)", 1);
 
-    const auto [text, failure] = Report_Text(Requests());
+    const auto [text, failure, notes] = Report_Text(Requests());
+    EXPECT_TRUE(notes.empty());
 
     EXPECT_EQ(failure, "");
     EXPECT_TRUE(text.starts_with("FOCUS Summary Output File\r\n\r\nModel Version:          \tORVEL 4.01\r\n"));

@@ -128,6 +128,7 @@ TEST_F(Summary_Report, Tables_That_Cannot_Be_Stored_Are_Summed_Up_All_The_Same)
     const auto report = Build_Summary(request);
 
     EXPECT_EQ(report.Failure, "");
+    EXPECT_EQ(report.Notes.size(), request.Locations.size());
     ASSERT_EQ(report.Substances.size(), 2U);
     EXPECT_EQ(report.Substances[0].Location_Max, 45);
 }
