@@ -1,6 +1,7 @@
 #include "core/system/lock.h"
 #include "runs/run_fixture.h"
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -219,6 +220,24 @@ TEST_F(Orvelctl_Runs, Verify_Prints_A_Line_A_Run_And_Status_Names_The_Inputs_Tha
     const auto verified = Do("verify --mode focus");
     EXPECT_EQ(verified.Code, 1);
     EXPECT_EQ(verified.Printed, "changed\t" + run + "\t../../../H_03.cli has changed.\n");
+}
+
+TEST_F(Orvelctl_Runs, Status_Tells_Which_Input_Cannot_Be_Read_And_Lists_The_Runs_All_The_Same)
+{
+    Three_Locations();
+    Good_Engine();
+    ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
+    ASSERT_EQ(Do("start --mode focus --wait").Code, 0);
+    fs::remove(Home / "focus" / "H_03.cli");
+    ASSERT_EQ(::mkfifo((Home / "focus" / "H_03.cli").c_str(), 0600), 0);
+
+    const auto status = Do("status --mode focus --json");
+
+    EXPECT_EQ(status.Code, 1);
+    EXPECT_NE(status.Standard_Error.find("H_03.cli cannot be read: "), std::string::npos) << status.Standard_Error;
+    EXPECT_NE(status.Printed.find("\"changed_inputs\": [\"../../../H_03.cli\"]"), std::string::npos) << status.Printed;
+    fs::remove(Home / "focus" / "H_03.cli"); // what is not there is another matter
+    EXPECT_EQ(Do("status --mode focus --json").Code, 0);
 }
 
 TEST_F(Orvelctl_Runs, Tables_Of_A_Run_That_Is_Not_Complete_Name_What_Is_Missing_And_Leave_No_Cache)

@@ -131,16 +131,13 @@ void Overview_Window::What_Changed()
     const auto verified = Verifier(The_Session.Program.App_Path).Verify(simulation.Directory);
     text += verified.Result == Check::Ok ? "Every file of the simulation is the one that was recorded."
                                          : std::string(Check_Text(verified.Result)) + ": " + verified.Detail;
-    std::vector<std::string> changed;
-    try {
-        if (simulation.State.Record)
-            changed = Input_Changes(The_Session.Program.App_Path)
-                          .Of_Installation(simulation.Directory, *simulation.State.Record);
-    } catch (const File_Error& error) {
-        text += std::string(CrLf) + To_Code_Page(error.what());
+    if (simulation.State.Record) {
+        Input_Changes changes(The_Session.Program.App_Path);
+        for (const auto& input : changes.Of_Installation(simulation.Directory, *simulation.State.Record))
+            text += std::string(CrLf) + input + " of the installation is no longer the one that was simulated.";
+        for (const auto& reason : changes.Unreadable())
+            text += std::string(CrLf) + reason;
     }
-    for (const auto& input : changed)
-        text += std::string(CrLf) + input + " of the installation is no longer the one that was simulated.";
     The_Session.Ask({"What changed since", text, Icon::Information});
 }
 
