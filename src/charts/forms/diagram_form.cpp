@@ -84,6 +84,19 @@ void Diagram_Form::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
 }
 
+// Texts that are broken into lines need the more height the narrower the window is; a layout alone does not hold that
+// against the chart.
+void Diagram_Form::Keep_Texts_Apart()
+{
+    setMinimumHeight(layout()->minimumHeightForWidth(width()));
+}
+
+void Diagram_Form::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    Keep_Texts_Apart();
+}
+
 void Diagram_Form::Show_Texts(const Chart& chart)
 {
     QStringList legend;
@@ -107,6 +120,7 @@ void Diagram_Form::Show_Chart(Chart chart)
 {
     Show_Texts(chart);
     Diagramm->Show(std::move(chart));
+    Keep_Texts_Apart();
 }
 
 const Chart& Diagram_Form::Shown_Chart() const

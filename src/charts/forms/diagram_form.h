@@ -36,6 +36,7 @@ protected:
     void Add_Button(QPushButton* button); // after the common buttons
 
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
     // Where a form shows the key of its chart.
     QLabel* Key = nullptr;
@@ -46,6 +47,7 @@ private:
     void Speichern();
 
     void Show_Texts(const Chart& chart);
+    void Keep_Texts_Apart();
 
     Ask_Function Ask;
     std::string Run;

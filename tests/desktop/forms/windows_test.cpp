@@ -315,7 +315,20 @@ QString Place_Of(const QWidget& control)
     return QString("%1 \"%2\"").arg(control.objectName(), text);
 }
 
-// Labels and buttons that have less room than their text needs, and table columns narrower than their headings.
+// Whether a text lies on or below another control of its window.
+bool Overlaps(const QLabel& label)
+{
+    if (label.text().isEmpty() && label.pixmap().isNull())
+        return false;
+    const auto siblings = label.parentWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    return std::ranges::any_of(siblings, [&](const QWidget* other) {
+        return other != &label && other->isVisible() && !other->isWindow() &&
+               other->geometry().intersects(label.geometry());
+    });
+}
+
+// Labels and buttons that have less room than their text needs or lie on others, and table columns narrower than their
+// headings.
 QStringList Cut_In(const QWidget& window)
 {
     QStringList cut;
@@ -328,7 +341,8 @@ QStringList Cut_In(const QWidget& window)
             if (control->width() < needed.width() || control->height() < needed.height())
                 cut << Place_Of(*control);
         }
-        if (label && label->wordWrap() && label->height() < label->heightForWidth(label->width()))
+        if (label &&
+            ((label->wordWrap() && label->height() < label->heightForWidth(label->width())) || Overlaps(*label)))
             cut << Place_Of(*control);
         if (const auto* table = qobject_cast<const QTableView*>(control); table && table->model()) {
             const auto* heads = table->horizontalHeader();
