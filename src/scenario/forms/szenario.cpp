@@ -10,13 +10,16 @@
 #include "scenario/scenario_view.h"
 #include "ui/forms/byte_edit.h"
 #include "ui/forms/leave_guard.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolButton>
 
 namespace orvel {
 
@@ -41,6 +44,15 @@ Szenario::Szenario(Session& session, std::filesystem::path directory, QWidget* p
     Lay_Out();
     The_Session.Program.SZE_Changed = false;
     Load();
+    const auto* history = Keep_History(
+        *this, [this] { return The_Session.Scenario; },
+        [this](const Scenario_Document& document) {
+            The_Session.Scenario = document;
+            The_Session.Program.SZE_Changed = true;
+            Load();
+        });
+    for (auto* button : {history->Redo_Button(), history->Undo_Button()})
+        Button_Row->insertWidget(0, button);
 }
 
 void Szenario::Load()

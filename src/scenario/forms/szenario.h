@@ -70,6 +70,7 @@ private:
     QLabel* Label2 = nullptr;
     std::array<QPushButton*, 3> Frequencies{}; // Label_wat, Label_chem, Label_conc
     QPushButton *Command_macro = nullptr, *Command_er = nullptr;
+    QHBoxLayout* Button_Row = nullptr;
     Leave_Guard* Guard = nullptr;
 };
 

@@ -6,9 +6,12 @@
 #include <memory>
 #include <QDialog>
 
+class QHBoxLayout;
+
 namespace orvel {
 
 class Pathway_View;
+class Undo_Keys;
 
 // The editor of the pesticide document: its degradation scheme, with access to the substance and transformation forms.
 class Form_PSM_1 : public QDialog {
@@ -21,8 +24,15 @@ public:
     void reject() override; // asks before discarding changes
 
 private:
+    struct State {
+        Pesticide_Document Document;
+        Per_Substance<std::string> Captions;
+        bool operator==(const State& other) const { return Document == other.Document; }
+    };
+
     void Lay_Out();
     void Show_Scheme();
+    void Show_Changed(const std::string& what);
     void Edit_Substance(int i);
     void Edit_Transformation(int t);
     bool Save();
@@ -33,6 +43,8 @@ private:
     std::unique_ptr<const Pesticide_Document> Opened; // or saved last
     Per_Substance<std::string> Captions;
     Pathway_View* View = nullptr;
+    QHBoxLayout* Buttons = nullptr;
+    Undo_Keys* History = nullptr;
 };
 
 } // namespace orvel
