@@ -1,6 +1,7 @@
 #include "substance/forms/form_psm_1.h"
 
 #include "charts/forms/picture_actions.h"
+#include "core/files.h"
 #include "files/forms/form_saving.h"
 #include "substance/forms/deg_dat.h"
 #include "substance/forms/form_as.h"
@@ -40,7 +41,8 @@ void Place_Beside(QWidget& window, int t, const QRect& head)
 Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Directory(directory)
+      Directory(directory),
+      On_Disk(directory / Path_Of(session.Program.PSM_File))
 {
     setObjectName("Form_PSM_1");
     setWindowTitle("Metabolization Scheme");
@@ -117,6 +119,14 @@ void Form_PSM_1::Edit_Substance(int i)
     }
 }
 
+void Form_PSM_1::Show_Unsaved()
+{
+    The_Session.Program.PSM_Changed = true;
+    for (int i = 1; i <= Substances; ++i)
+        Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
+    Show_Changed("Unsaved changes");
+}
+
 void Form_PSM_1::Show_Changed(const std::string& what)
 {
     Show_Scheme();
@@ -135,9 +145,10 @@ void Form_PSM_1::Edit_Transformation(int t)
 
 bool Form_PSM_1::Save()
 {
-    Form_Saving saving(The_Session, Document_Kind::Pesticide, Directory, this);
+    Form_Saving saving(The_Session, Document_Kind::Pesticide, Directory, this, &On_Disk);
     if (saving.exec() != Accepted)
         return false;
+    On_Disk = Watched_File(saving.Save_Target());
     Directory = saving.Save_Target().parent_path();
     Opened = std::make_unique<const Pesticide_Document>(The_Session.Pesticide);
     return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/watched_file.h"
 
 #include <filesystem>
 #include <memory>
@@ -23,6 +24,9 @@ public:
 
     void reject() override; // asks before discarding changes
 
+    // The session's document is now one with changes that were not saved before.
+    void Show_Unsaved();
+
 private:
     struct State {
         Pesticide_Document Document;
@@ -40,6 +44,7 @@ private:
 
     Session& The_Session;
     std::filesystem::path Directory;
+    Watched_File On_Disk;
     std::unique_ptr<const Pesticide_Document> Opened; // or saved last
     Per_Substance<std::string> Captions;
     Pathway_View* View = nullptr;
