@@ -3,6 +3,7 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "desktop/places.h"
 #include "installation/lay_out.h"
 #include "runs/mode.h"
 
@@ -14,18 +15,6 @@ namespace {
 
 constexpr const char* Title = "ORVELSUITE";
 constexpr const char* Own_Directory = "ORVELSUITE"; // below a directory that holds other files
-
-bool Wants_A_New_One(const fs::path& directory, const Ask_Function& ask)
-{
-    return ask({Title,
-                Path_Text(directory) +
-                    " is no installation of ORVELSUITE: it has no focus/c_apples.sze.\r\n\r\nShall one with "
-                    "demonstration data be laid out in a directory of your choice? \"No\" ends the program; start it "
-                    "again in the directory of an installation.",
-                Icon::Question,
-                {Button::Yes, Button::No},
-                Button::Yes}) == Button::Yes;
-}
 
 fs::path Place_In(const fs::path& chosen)
 {
@@ -41,20 +30,15 @@ bool Is_Installation(const fs::path& directory)
     return Find_File(directory / focus.Directory, focus.Version_Source).has_value();
 }
 
-std::optional<fs::path> Find_Installation(const fs::path& directory, const std::vector<fs::path>& parts,
-                                          const Ask_Function& ask, const std::function<fs::path()>& choose)
+std::optional<fs::path> Installation_In(const fs::path& directory, const std::vector<fs::path>& parts,
+                                        const Ask_Function& ask, const fs::path& scenarios_of)
 try {
     Refuse_Unfinished(directory);
     if (Is_Installation(directory))
         return directory;
-    if (!Wants_A_New_One(directory, ask))
-        return std::nullopt;
-    const fs::path chosen = choose();
-    if (chosen.empty() || Is_Installation(chosen))
-        return chosen.empty() ? std::nullopt : std::optional(chosen);
-    const fs::path place = Place_In(chosen);
+    const fs::path place = Place_In(directory);
     if (!Is_Installation(place))
-        Lay_Out_Installation(place, parts);
+        Make_Installation(place, parts, scenarios_of);
     return place;
 } catch (const File_Error& error) {
     ask({Title, To_Code_Page(error.what())});

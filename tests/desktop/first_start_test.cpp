@@ -1,6 +1,7 @@
 #include "desktop/first_start.h"
 
 #include "core/files.h"
+#include "desktop/places.h"
 #include "recording_user.h"
 #include "temporary_directory.h"
 
@@ -21,68 +22,86 @@ struct First_Start : testing::Test {
         Ask = [this](const Message& message) { return The_User(message); };
     }
 
-    std::optional<fs::path> Find(const fs::path& chosen)
-    {
-        return Find_Installation(Place / "elsewhere", {Place / "parts"}, Ask, [&] { return chosen; });
-    }
-
-    bool Elsewhere_Is_Clean() { return fs::is_empty(Place / "elsewhere"); }
+    std::optional<fs::path> Find(const fs::path& chosen) { return Installation_In(chosen, {Place / "parts"}, Ask); }
 
     Temporary_Directory Place;
     Recording_User The_User;
     Ask_Function Ask;
 };
 
-TEST_F(First_Start, Lays_An_Installation_Out_Where_The_User_Says_And_Leaves_Nothing_Where_It_Was_Started)
+TEST_F(First_Start, Lays_An_Installation_Out_Where_The_User_Says)
 {
-    The_User.Answers = {Button::Yes};
-
     EXPECT_EQ(Find(Place / "new"), Place / "new");
 
     EXPECT_TRUE(Is_Installation(Place / "new"));
-    EXPECT_TRUE(Elsewhere_Is_Clean());
-    ASSERT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_EQ(The_User.Messages[0].Picture, Icon::Question);
+    EXPECT_TRUE(The_User.Messages.empty());
 }
 
-TEST_F(First_Start, Takes_A_Directory_That_Is_An_Installation_Without_A_Question)
+TEST_F(First_Start, Takes_A_Directory_That_Is_An_Installation)
 {
-    The_User.Answers = {Button::Yes};
     Find(Place / "new");
+    Write_Whole(Place / "new/mine.psm", "mine");
 
-    EXPECT_EQ(Find_Installation(Place / "new", {}, Ask, [] { return fs::path(); }), Place / "new");
-    EXPECT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(Find(Place / "new"), Place / "new");
+    EXPECT_EQ(Read_Whole(Place / "new/mine.psm"), "mine");
 }
 
 TEST_F(First_Start, Makes_It_Below_A_Directory_With_Other_Files)
 {
-    The_User.Answers = {Button::Yes};
-
     EXPECT_EQ(Find(Place.Path()), Place / "ORVELSUITE");
-}
-
-TEST_F(First_Start, Ends_After_One_Box_That_Says_What_To_Do)
-{
-    The_User.Answers = {Button::No};
-
-    EXPECT_EQ(Find(Place / "new"), std::nullopt);
-
-    ASSERT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_NE(The_User.Messages[0].Text.find("has no focus/c_apples.sze"), std::string::npos);
-    EXPECT_NE(The_User.Messages[0].Text.find("start it again in the directory of an installation"), std::string::npos);
-    EXPECT_TRUE(Elsewhere_Is_Clean());
-    EXPECT_FALSE(fs::exists(Place / "new"));
 }
 
 TEST_F(First_Start, Tells_That_It_Cannot_Be_Laid_Out)
 {
-    The_User.Answers = {Button::Yes, Button::Ok};
     fs::remove(Place / "parts/orvel401.exe");
 
     EXPECT_EQ(Find(Place / "new"), std::nullopt);
 
-    ASSERT_EQ(The_User.Messages.size(), 2U);
-    EXPECT_NE(The_User.Messages[1].Text.find("orvel401.exe"), std::string::npos);
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_NE(The_User.Messages[0].Text.find("orvel401.exe"), std::string::npos);
+    EXPECT_FALSE(fs::exists(Place / "new"));
+}
+
+TEST_F(First_Start, Takes_The_Scenarios_Of_Another_Installation)
+{
+    Find(Place / "old");
+    for (const char* name : {"H_maize.sze", "H_01.cli"})
+        fs::permissions(Place / "old/focus" / name, fs::perms::owner_write, fs::perm_options::add);
+    Write_Whole(Place / "old/focus/mine.sze", "my soil");
+    fs::remove(Place / "old/focus/H_maize.sze");
+
+    EXPECT_EQ(Installation_In(Place / "new", {Place / "parts"}, Ask, Place / "old"), Place / "new");
+
+    EXPECT_EQ(Read_Whole(Place / "new/focus/mine.sze"), "my soil");
+    EXPECT_FALSE(fs::exists(Place / "new/focus/H_maize.sze"));
+    EXPECT_TRUE(fs::exists(Place / "new/focus/C_maize.sze"));
+    EXPECT_TRUE(Is_Installation(Place / "new"));
+}
+
+TEST_F(First_Start, A_Start_Goes_Where_It_Was_Asked_To_Or_Was_Last)
+{
+    Find(Place / "one");
+    Find(Place / "two");
+    const fs::path state = Place / "state", document = Place / "one/demo_A.psm", loose = Place / "elsewhere/x.psm";
+    Write_Whole(loose, "x");
+
+    EXPECT_TRUE(Request_Of({}, Place / "elsewhere", Recent_Installations(state)).Installation.empty());
+    Remember_Installation(state, Place / "one");
+    Remember_Installation(state, Place / "two");
+    Remember_Installation(state, Place / "one");
+    EXPECT_EQ(Recent_Installations(state), (std::vector<fs::path>{Place / "one", Place / "two"}));
+    const auto recent = Recent_Installations(state);
+    EXPECT_EQ(Request_Of({}, Place / "elsewhere", recent).Installation, Place / "one");
+    EXPECT_EQ(Request_Of({}, Place / "two", recent).Installation, Place / "two");
+    EXPECT_EQ(Request_Of(Place / "two", Place / "elsewhere", recent).Installation, Place / "two");
+    EXPECT_EQ(Request_Of(document, Place / "two", recent).Installation, Place / "one");
+    EXPECT_EQ(Request_Of(document, Place / "two", recent).Document, document);
+    EXPECT_EQ(Request_Of(loose, Place / "two", recent).Installation, Place / "two");
+    EXPECT_THROW(Request_Of(Place / "one/README.md", Place / "two", recent), File_Error);
+    EXPECT_THROW(Request_Of(Place / "nothing", Place / "two", recent), File_Error);
+
+    fs::remove_all(Place / "one");
+    EXPECT_EQ(Recent_Installations(state), std::vector<fs::path>{Place / "two"});
 }
 
 } // namespace

@@ -15,9 +15,14 @@ std::filesystem::path Absolute_In(const char* variable)
 
 } // namespace
 
+std::filesystem::path User_Directory()
+{
+    return Absolute_In("HOME");
+}
+
 std::filesystem::path User_State_Directory()
 {
-    const auto states = Absolute_In("XDG_STATE_HOME"), home = Absolute_In("HOME");
+    const auto states = Absolute_In("XDG_STATE_HOME"), home = User_Directory();
     if (states.empty() && home.empty())
         return {};
     return (states.empty() ? home / ".local" / "state" : states) / "orvelsuite";

@@ -1,6 +1,7 @@
 #include "desktop/forms/start.h"
 
 #include "desktop/forms/form_name.h"
+#include "desktop/forms/places_menu.h"
 #include "desktop/forms/versionsinfo.h"
 #include "desktop/forms/windows.h"
 #include "desktop/update_check.h"
@@ -179,6 +180,7 @@ QLayout* Start::Foot()
     auto* foot = new QHBoxLayout;
     foot->addWidget(version);
     foot->addStretch(1);
+    foot->addWidget(Places_Button(The_Session, *this), 0, Qt::AlignBottom);
     foot->addWidget(update, 0, Qt::AlignBottom);
     foot->addWidget(Command3, 0, Qt::AlignBottom);
     foot->addWidget(Command4, 0, Qt::AlignBottom);
