@@ -1,8 +1,8 @@
 #include "desktop/places.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/text.h"
-#include "desktop/first_start.h"
 #include "files/document_kind.h"
 #include "installation/lay_out.h"
 #include "runs/mode.h"
@@ -15,8 +15,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr const char* Title = "ORVELSUITE";
+constexpr const char* Own_Directory = "ORVELSUITE";       // below a directory that holds other files
 constexpr std::string_view Recent_Name = "installations"; // a path on each line
 constexpr std::size_t Most_Recent = 10;
+
+fs::path Place_In(const fs::path& chosen)
+{
+    std::error_code error;
+    return !fs::exists(chosen, error) || fs::is_empty(chosen, error) ? chosen : chosen / Own_Directory;
+}
 
 // The installation that a file or directory lies in; an empty path if it lies in none.
 fs::path Installation_Around(fs::path directory)
@@ -47,6 +55,12 @@ void Copy_Scenarios(const fs::path& from, const fs::path& to)
 }
 
 } // namespace
+
+bool Is_Installation(const fs::path& directory)
+{
+    const auto& focus = Mode_Of(Mode_Kind::Focus);
+    return Find_File(directory / focus.Directory, focus.Version_Source).has_value();
+}
 
 Start_Request Request_Of(const std::optional<fs::path>& argument, const fs::path& current,
                          const std::vector<fs::path>& recent)
@@ -107,6 +121,21 @@ void Make_Installation(const fs::path& directory, const std::vector<fs::path>& p
         throw File_Error("The scenarios of " + scenarios_of.string() + " cannot be copied: " + error.code().message() +
                          ".");
     }
+}
+
+std::optional<fs::path> Installation_In(const fs::path& directory, const std::vector<fs::path>& parts,
+                                        const Ask_Function& ask, const fs::path& scenarios_of)
+try {
+    Refuse_Unfinished(directory);
+    if (Is_Installation(directory))
+        return directory;
+    const fs::path place = Place_In(directory);
+    if (!Is_Installation(place))
+        Make_Installation(place, parts, scenarios_of);
+    return place;
+} catch (const File_Error& error) {
+    ask({Title, To_Code_Page(error.what())});
+    return std::nullopt;
 }
 
 } // namespace orvel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/message.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -9,6 +11,9 @@ namespace orvel {
 
 // Where the desktop program works: installations are workspaces, apart from the program's own files, and any number of
 // them can be open, each in a program of its own.
+
+// Whether the directory is an installation; nothing is written.
+bool Is_Installation(const std::filesystem::path& directory);
 
 // What the desktop program was asked to open.
 struct Start_Request {
@@ -31,5 +36,12 @@ void Remember_Installation(const std::filesystem::path& state, const std::filesy
 // the demonstration's, if one is given. Throws File_Error; nothing stays of a directory that was begun.
 void Make_Installation(const std::filesystem::path& directory, const std::vector<std::filesystem::path>& parts,
                        const std::filesystem::path& scenarios_of);
+
+// The installation in a directory that the user chose: one that is there, or a new one, in a directory with other files
+// below it. `scenarios_of`: see Make_Installation. Nothing: it failed, and the user has been told.
+std::optional<std::filesystem::path> Installation_In(const std::filesystem::path& directory,
+                                                     const std::vector<std::filesystem::path>& parts,
+                                                     const Ask_Function& ask,
+                                                     const std::filesystem::path& scenarios_of = {});
 
 } // namespace orvel

@@ -4,7 +4,6 @@
 #include "core/system/program_path.h"
 #include "core/system/standard_channels.h"
 #include "core/system/user_directories.h"
-#include "desktop/first_start.h"
 #include "desktop/forms/first_steps.h"
 #include "desktop/forms/start.h"
 #include "desktop/forms/welcome.h"

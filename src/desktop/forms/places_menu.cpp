@@ -4,7 +4,6 @@
 #include "core/system/program_path.h"
 #include "core/system/spawn.h"
 #include "core/system/user_directories.h"
-#include "desktop/first_start.h"
 #include "desktop/places.h"
 #include "installation/lay_out.h"
 #include "ui/forms/widgets.h"

@@ -1,6 +1,6 @@
 #include "desktop/forms/welcome.h"
 
-#include "desktop/first_start.h"
+#include "desktop/places.h"
 #include "ui/forms/widgets.h"
 
 #include <QCheckBox>

@@ -1,8 +1,8 @@
 #include "desktop/forms/first_steps.h"
 
-#include "desktop/first_start.h"
 #include "desktop/forms/start.h"
 #include "desktop/forms/welcome.h"
+#include "desktop/places.h"
 #include "runs/start_up.h"
 #include "small_installation.h"
 #include "window_test.h"

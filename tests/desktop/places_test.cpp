@@ -1,7 +1,6 @@
-#include "desktop/first_start.h"
+#include "desktop/places.h"
 
 #include "core/files.h"
-#include "desktop/places.h"
 #include "recording_user.h"
 #include "temporary_directory.h"
 
@@ -13,8 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct First_Start : testing::Test {
-    First_Start()
+struct Places_Test : testing::Test {
+    Places_Test()
     {
         fs::create_directories(Place / "parts");
         fs::create_directories(Place / "elsewhere");
@@ -29,7 +28,7 @@ struct First_Start : testing::Test {
     Ask_Function Ask;
 };
 
-TEST_F(First_Start, Lays_An_Installation_Out_Where_The_User_Says)
+TEST_F(Places_Test, Lays_An_Installation_Out_Where_The_User_Says)
 {
     EXPECT_EQ(Find(Place / "new"), Place / "new");
 
@@ -37,7 +36,7 @@ TEST_F(First_Start, Lays_An_Installation_Out_Where_The_User_Says)
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
-TEST_F(First_Start, Takes_A_Directory_That_Is_An_Installation)
+TEST_F(Places_Test, Takes_A_Directory_That_Is_An_Installation)
 {
     Find(Place / "new");
     Write_Whole(Place / "new/mine.psm", "mine");
@@ -46,12 +45,12 @@ TEST_F(First_Start, Takes_A_Directory_That_Is_An_Installation)
     EXPECT_EQ(Read_Whole(Place / "new/mine.psm"), "mine");
 }
 
-TEST_F(First_Start, Makes_It_Below_A_Directory_With_Other_Files)
+TEST_F(Places_Test, Makes_It_Below_A_Directory_With_Other_Files)
 {
     EXPECT_EQ(Find(Place.Path()), Place / "ORVELSUITE");
 }
 
-TEST_F(First_Start, Tells_That_It_Cannot_Be_Laid_Out)
+TEST_F(Places_Test, Tells_That_It_Cannot_Be_Laid_Out)
 {
     fs::remove(Place / "parts/orvel401.exe");
 
@@ -62,7 +61,7 @@ TEST_F(First_Start, Tells_That_It_Cannot_Be_Laid_Out)
     EXPECT_FALSE(fs::exists(Place / "new"));
 }
 
-TEST_F(First_Start, Takes_The_Scenarios_Of_Another_Installation)
+TEST_F(Places_Test, Takes_The_Scenarios_Of_Another_Installation)
 {
     Find(Place / "old");
     for (const char* name : {"H_maize.sze", "H_01.cli"})
@@ -78,7 +77,7 @@ TEST_F(First_Start, Takes_The_Scenarios_Of_Another_Installation)
     EXPECT_TRUE(Is_Installation(Place / "new"));
 }
 
-TEST_F(First_Start, A_Start_Goes_Where_It_Was_Asked_To_Or_Was_Last)
+TEST_F(Places_Test, A_Start_Goes_Where_It_Was_Asked_To_Or_Was_Last)
 {
     Find(Place / "one");
     Find(Place / "two");
