@@ -1,6 +1,7 @@
 #include "desktop/forms/welcome.h"
 
 #include "desktop/places.h"
+#include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
 
 #include <QCheckBox>
@@ -58,7 +59,6 @@ Welcome::Welcome(std::vector<std::filesystem::path> parts, Ask_Function ask, con
     auto* make = Push_Button("Make", "&Make an installation", this, &Welcome::Make);
     auto* open = Push_Button("Open", "&Open an installation ...", this, &Welcome::Open);
     auto* end = Push_Button("Done", "E&xit", this, &QDialog::reject);
-    make->setDefault(true);
 
     auto* head = new QHBoxLayout;
     head->addWidget(sign, 0, Qt::AlignTop);
@@ -79,7 +79,7 @@ Welcome::Welcome(std::vector<std::filesystem::path> parts, Ask_Function ask, con
     all->addLayout(row);
     all->addWidget(guide);
     all->addLayout(buttons);
-    make->setFocus();
+    Use_Form_Keys(*this);
 }
 
 void Welcome::Make()

@@ -4,6 +4,7 @@
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/start.h"
 #include "desktop/forms/versionsinfo.h"
+#include "desktop/forms/welcome.h"
 #include "desktop/forms/windows.h"
 #include "documents/forms/form_psm_open.h"
 #include "evaluation/forms/analyse.h"
@@ -155,6 +156,10 @@ std::vector<Opened_Window> Windows_Test::All() const
     const auto& focus = Mode_Of(Mode_Kind::Focus);
     const std::string echo = Read_Whole(Run() / "echo.orv");
     return {
+        {"welcome",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Welcome>(std::vector<std::filesystem::path>(), session.Ask, "/home/me/ORVELSUITE");
+         }},
         Plain<Start>("start"),
         Plain<Form_name>("form_name"),
         Plain<Versionsinfo>("versionsinfo"),
@@ -534,7 +539,7 @@ bool Same_Value(const QString& one, const QString& other)
            (is_number && both && first == second && one.section(" = ", 0, 0) == other.section(" = ", 0, 0));
 }
 
-QString Difference(const QStringList& wanted, const QStringList& found)
+QString Changed_Values(const QStringList& wanted, const QStringList& found)
 {
     QStringList different;
     for (qsizetype i = 0; i < wanted.size(); ++i) {
@@ -672,11 +677,11 @@ TEST_F(Windows_Test, Take_Back_Every_Change_And_Make_It_Again)
         const int steps = undo_all();
         EXPECT_FALSE(undo->isEnabled());
         EXPECT_GT(steps, 0);
-        EXPECT_EQ(Difference(before, Shown_Values(*window)).toStdString(), "");
+        EXPECT_EQ(Changed_Values(before, Shown_Values(*window)).toStdString(), "");
         for (int step = 0; step < steps; ++step)
             QTest::keyClick(window.get(), Qt::Key_Y, Qt::ControlModifier);
         EXPECT_FALSE(redo->isEnabled());
-        EXPECT_EQ(Difference(after, Shown_Values(*window)).toStdString(), "");
+        EXPECT_EQ(Changed_Values(after, Shown_Values(*window)).toStdString(), "");
         changes += steps;
     }
     EXPECT_EQ(editors, 17);
