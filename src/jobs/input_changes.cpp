@@ -1,6 +1,7 @@
 #include "jobs/input_changes.h"
 
 #include "core/files.h"
+#include "core/run_name.h"
 #include "core/text.h"
 
 namespace orvel {
@@ -44,7 +45,8 @@ std::vector<std::string> Input_Changes::Of(const Simulation& simulation)
         return changed;
     for (const auto& input : simulation.State.Record->Inputs) {
         const auto& source = Source_Of(simulation.Directory, input.Name);
-        if (Differs(simulation.Directory / Path_Of(input.Name), input) || (source && Differs(*source, input)))
+        if (Differs(Input_File(simulation.Directory, Path_Of(input.Name)), input) ||
+            (source && Differs(*source, input)))
             changed.push_back(input.Name);
     }
     return changed;
