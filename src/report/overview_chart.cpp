@@ -12,7 +12,6 @@ namespace {
 
 constexpr double Half_Width = 0.28, Dots_Half_Width = 0.22;
 constexpr std::size_t Least_Places = 4; // so that few bars are not too wide
-constexpr std::string_view Unit_Of_Leachate = "\xB5g/L";
 
 std::vector<double> Concs_Of(const std::vector<Leachate_Row>& rows, std::size_t first)
 {
@@ -101,7 +100,7 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
     if (below)
         chart.Key.push_back({Colour::Series, has_limit ? "up to the limit" : "maximum"});
     if (above)
-        chart.Key.push_back({Colour::Marked, "above the limit of 0.1 " + unit + " (line)"});
+        chart.Key.push_back({Colour::Marked, "above the limit of " + Limit_Text() + " (line)"});
     if (dots)
         chart.Key.push_back({Colour::Term_3, "the two values that make the percentile"});
     chart.Y = Value_Axis(0, highest);
@@ -111,7 +110,7 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
         chart.Lines.push_back({Colour::Marked,
                                {{0, Drinking_Water_Limit}, {chart.X.High, Drinking_Water_Limit}},
                                {},
-                               chart.Boxes.empty() ? "limit: 0.1 " + unit : std::string()});
+                               chart.Boxes.empty() ? "limit: " + Limit_Text() : std::string()});
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }
@@ -119,7 +118,7 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
 Chart Rank_Chart(const std::string& substance, const Location_Values& values)
 {
     Chart chart;
-    chart.Unit = Unit_Of_Leachate;
+    chart.Unit = Leachate_Unit;
     chart.Title = values.Location + ": yearly values by rank [" + chart.Unit + "]";
     chart.Legend = {substance};
     chart.X = Whole_Axis(static_cast<double>(std::max<std::size_t>(values.Years.size(), 1)));
@@ -156,7 +155,7 @@ Chart Rank_Chart(const std::string& substance, const Location_Values& values)
         chart.Lines.push_back({Colour::Marked,
                                {{0, Drinking_Water_Limit}, {chart.X.High, Drinking_Water_Limit}},
                                {},
-                               "limit: 0.1 " + chart.Unit});
+                               "limit: " + Limit_Text()});
     chart.Key.push_back({Colour::Term_3, "the two that make the percentile"});
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;

@@ -95,7 +95,8 @@ Survey_Choice Overview_Window::Choice() const
 {
     return {.Mode = The_Mode().Kind,
             .Soil = {.Depth = Depth->currentIndex() + 1, .Window = static_cast<std::size_t>(Average->currentIndex())},
-            .Codes = Chosen_Codes(Settings)};
+            .Codes = Chosen_Codes(Settings),
+            .Compared = Compared};
 }
 
 Row_Filter Overview_Window::Filter() const
@@ -111,6 +112,8 @@ Row_Filter Overview_Window::Filter() const
 void Overview_Window::Choose_Again()
 {
     Show_Choices();
+    if (Compared)
+        return Compare_To(Compared_Path); // for the same figures
     Survey->Choose(Choice());
 }
 
@@ -214,7 +217,7 @@ void Overview_Window::Show_Key()
                    .arg(colours, QString::fromUtf8(Class_Signs[place].data()),
                         Shown(texts[i]).toHtmlEscaped().replace(" ", "&nbsp;"));
     }
-    Key->setText(key + QString::fromUtf8("&nbsp;<b>bold</b>: above 0.1&nbsp;µg/L"));
+    Key->setText(key + "&nbsp;<b>bold</b>: above " + Shown(Limit_Text()).replace(" ", "&nbsp;"));
 }
 
 // The values of the row's locations, by their stored tables; no big file is read for a picture.
