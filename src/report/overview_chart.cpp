@@ -161,4 +161,40 @@ Chart Rank_Chart(const std::string& substance, const Location_Values& values)
     return chart;
 }
 
+Chart Soil_Chart(const std::string& substance, std::vector<Location_Values> locations, const std::string& unit,
+                 const std::string& quantity)
+{
+    std::erase_if(locations, [](const Location_Values& location) { return location.Location.empty(); });
+    Chart chart = Location_Chart(substance, locations, Conc_Values::Years, unit, false);
+    chart.Legend = {quantity};
+    chart.Key.clear(); // all bars are the same
+    return chart;
+}
+
+Chart Averaging_Chart(const std::string& substance, const std::string& location, const std::string& unit,
+                      const Soil_Maxima& maxima, std::size_t chosen)
+{
+    Chart chart;
+    chart.Unit = unit;
+    chart.Title = location + ": highest averages [" + unit + "]";
+    chart.Legend = {substance};
+    chart.X = Whole_Axis(TWA_Window.back());
+    chart.X.Title = "Days of the average, 0: the maximum";
+    Chart_Line line{.Drawn_In = Colour::Series};
+    double highest = 0;
+    for (std::size_t i = 0; i < maxima.size(); ++i) {
+        const double x = TWA_Window[i], y = maxima[i].Value;
+        const std::string name = TWA_Window[i] == 0 ? "maximum" : std::to_string(TWA_Window[i]) + " d";
+        line.Points.push_back({x, y});
+        line.Names.push_back(name);
+        chart.Dots.push_back({Colour::Term_3, x, y, name, i == chosen});
+        highest = std::max(highest, y);
+    }
+    chart.Lines.push_back(std::move(line));
+    chart.Key.push_back({Colour::Term_3, "the one in the table"});
+    chart.Y = Value_Axis(0, highest);
+    chart.Frame = Frame_Around(chart.X, chart.Y);
+    return chart;
+}
+
 } // namespace orvel

@@ -228,7 +228,9 @@ std::vector<Location_Values> Overview_Window::Values_Of_Row(const Overview_Row& 
     for (std::size_t column = 0; column < overview.Columns.size(); ++column) {
         const auto* run = Run_At(overview, row, column);
         const auto* figure = Figure_At(overview, row, column);
-        auto& location = values.emplace_back(Location_Values{.Location = overview.Columns[column]});
+        const bool is_here = run || overview.Has_Limit; // total content and pore water have places of their own
+        auto& location =
+            values.emplace_back(Location_Values{.Location = is_here ? overview.Columns[column] : std::string()});
         if (!figure)
             continue;
         try {
@@ -254,15 +256,34 @@ void Overview_Window::Show_Pictures()
         Ranks->Show({});
         return;
     }
-    const auto values = Values_Of_Row(*row);
-    const bool has_limit = Table_Model.Shown_Overview()->Has_Limit;
-    const auto shown = Values->currentIndex() == 0 ? Conc_Values::Periods : Conc_Values::Years;
-    Picture->Show(Location_Chart(row->Substance, values, shown, row->Unit, has_limit));
     const auto column =
         Table_Model.Location_At(Table->currentIndex()).value_or(static_cast<std::size_t>(std::max(0, row->Highest)));
-    Ranks->setVisible(has_limit);
+    if (!Table_Model.Shown_Overview()->Has_Limit)
+        return Show_Soil_Pictures(*row, column);
+    const auto values = Values_Of_Row(*row);
+    const auto shown = Values->currentIndex() == 0 ? Conc_Values::Periods : Conc_Values::Years;
+    Picture->Show(Location_Chart(row->Substance, values, shown, row->Unit, true));
     if (column < values.size())
         Ranks->Show(Rank_Chart(row->Substance, values[column]));
+}
+
+void Overview_Window::Show_Soil_Pictures(const Overview_Row& row, std::size_t column)
+{
+    const Overview& overview = *Table_Model.Shown_Overview();
+    Picture->Show(Soil_Chart(row.Substance, Values_Of_Row(row), row.Unit, overview.Quantity));
+    Ranks->Show({});
+    const auto* figure = Figure_At(overview, row, column);
+    if (!figure)
+        return;
+    try {
+        const Soil_Choice soil = Choice().Soil;
+        const auto stored = Load_Soil_Concentrations(Run_At(overview, row, column)->Directory, soil.Depth);
+        const auto place = static_cast<std::size_t>(row.Cells[column].Figure);
+        if (stored && place < stored->Maximum.size())
+            Ranks->Show(Averaging_Chart(row.Substance, overview.Columns[column], row.Unit, stored->Maximum[place],
+                                        soil.Window));
+    } catch (const File_Error&) { // the cell tells it at the next look
+    }
 }
 
 void Overview_Window::Keep_Settings()

@@ -64,6 +64,7 @@ private:
     void Size_Columns();
     void Show_Key();
     void Show_Pictures();
+    void Show_Soil_Pictures(const Overview_Row& row, std::size_t column);
     void Enable_Actions();
     Survey_Choice Choice() const;
     Row_Filter Filter() const;

@@ -488,6 +488,19 @@ TEST_F(Overview_Window_Test, Soil_Modes_Show_A_Concentration_By_Depth_And_Averag
     QString first = Cell(window, 1, First_Location);
     EXPECT_TRUE(first.contains('.')) << first.toStdString();
     EXPECT_TRUE(Find<QComboBox>(window, "Depth")->isVisible());
+    // Bars of the three soils of the row alone, and the averages of the marked one.
+    auto* table = Find<QTreeView>(window, "Table");
+    table->setCurrentIndex(table->model()->index(1, First_Location));
+    const Chart& bars = Find<Chart_View>(window, "Picture")->Shown_Chart();
+    EXPECT_EQ(bars.Boxes.size(), 3U);
+    EXPECT_EQ(bars.X.Ticks.size(), 3U);
+    EXPECT_EQ(bars.Boxes.at(0).Label, first.toStdString());
+    EXPECT_TRUE(bars.Lines.empty()); // the limit is that of water
+    const Chart& averages = Find<Chart_View>(window, "Ranks")->Shown_Chart();
+    ASSERT_EQ(averages.Dots.size(), 11U);
+    EXPECT_TRUE(std::ranges::is_sorted(averages.Lines.at(0).Points, std::greater<>(), &Chart_Point::Y));
+    EXPECT_EQ(averages.Lines[0].Points[0].Y, bars.Boxes[0].Y);
+    EXPECT_TRUE(averages.Dots[0].Marked);
     Leave_Picture(window, "overview_efsa");
 
     Pick(window, "Average", "100 d");
@@ -498,6 +511,9 @@ TEST_F(Overview_Window_Test, Soil_Modes_Show_A_Concentration_By_Depth_And_Averag
             return now.contains('.') && now != first;
         },
         Patience));
+    const Chart& longest = Find<Chart_View>(window, "Ranks")->Shown_Chart();
+    EXPECT_TRUE(longest.Dots.back().Marked);
+    EXPECT_EQ(Find<Chart_View>(window, "Picture")->Shown_Chart().Boxes.at(0).Y, longest.Lines.at(0).Points.back().Y);
 }
 
 } // namespace orvel
