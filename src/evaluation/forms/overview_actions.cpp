@@ -107,8 +107,7 @@ void Overview_Window::Balance()
 
 void Overview_Window::Echo()
 {
-    if (const auto echo = Shown_Echo(The_Session, Marked_Simulation().Directory))
-        Echo_ORV(*echo, The_Session.Ask, this).exec();
+    Show_Echo(The_Session, Marked_Simulation().Directory, this);
 }
 
 // The file of the installation: what was simulated stays as it was.
