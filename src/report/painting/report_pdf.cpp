@@ -1,5 +1,6 @@
 // The report as a PDF document.
 #include "charts/painting/chart_painter.h"
+#include "charts/painting/pdf_fonts.h"
 #include "core/code_page.h"
 #include "report/overview_formats.h"
 #include "report/painting/report_files.h"
@@ -411,7 +412,7 @@ QByteArray Report_Pdf(const Report& report)
         Keep_Together(document);
         Paint_Pages(writer, document, page, foot, name);
     }
-    return bytes;
+    return With_Tagged_Fonts(bytes);
 }
 
 } // namespace orvel

@@ -212,6 +212,7 @@ TEST_F(Pdf_A_Test, Every_Font_Is_Embedded_Whole_Enough)
         const auto named = name.match(QString::fromLatin1(descriptor.Text)).captured(1);
         EXPECT_FALSE(named.isEmpty()) << descriptor.Text.toStdString();
         EXPECT_TRUE(descendant.Text.contains("/BaseFont /" + named.toLatin1()));
+        EXPECT_TRUE(font->Text.contains("/BaseFont /" + named.toLatin1()));
         const auto& file = Objects->Referred(descriptor, "/FontFile2");
         EXPECT_EQ(file.Decoded.size(),
                   QString::fromLatin1(file.Text).section("/Length1 ", 1).section(' ', 0, 0).simplified().toInt());
