@@ -3,6 +3,7 @@
 #include "charts/painting/pdf_fonts.h"
 #include "core/code_page.h"
 #include "report/overview_formats.h"
+#include "report/painting/page_device.h"
 #include "report/painting/report_files.h"
 #include "report/report_sections.h"
 
@@ -59,7 +60,7 @@ class Diagram_In_Text : public QObject, public QTextObjectInterface {
     Q_INTERFACES(QTextObjectInterface)
 
 public:
-    Diagram_In_Text(double width, QObject* parent) : QObject(parent), Width(width) {}
+    explicit Diagram_In_Text(double width) : Width(width) {}
 
     QSizeF intrinsicSize(QTextDocument* /*document*/, int /*position*/, const QTextFormat& format) override
     {
@@ -71,24 +72,32 @@ public:
                     const QTextFormat& format) override
     {
         const auto* chart = static_cast<const Chart*>(format.property(Diagram_Property).value<void*>());
-        painter->save();
-        painter->setFont(document->defaultFont());
-        painter->translate(rect.topLeft());
-        painter->scale(Diagram_Scale, Diagram_Scale);
-        Paint_Chart(*painter, QRectF(QPointF(0, 0), rect.size() / Diagram_Scale), *chart, Paper_Palette());
-        painter->restore();
+        const QPointF place = painter->transform().map(rect.topLeft());
+        Page->save();
+        Page->setFont(document->defaultFont());
+        Page->translate(place);
+        Page->scale(Diagram_Scale, Diagram_Scale);
+        Paint_Chart(*Page, QRectF(QPointF(0, 0), rect.size() / Diagram_Scale), *chart, Paper_Palette());
+        Page->restore();
     }
+
+    // Of the paper itself: diagrams have transformations of their own.
+    void Paint_On(QPainter& page) { Page = &page; }
 
 private:
     double Width;
+    QPainter* Page = nullptr;
 };
 
 // Sets the report as one text document.
 class Typesetting {
 public:
-    Typesetting(QTextDocument& document, double width) : Document(document), Cursor(&document), Width(width)
+    Typesetting(QTextDocument& document, Diagram_In_Text& diagrams, double width)
+        : Document(document),
+          Cursor(&document),
+          Width(width)
     {
-        Document.documentLayout()->registerHandler(Diagram_Object, new Diagram_In_Text(width, &document));
+        Document.documentLayout()->registerHandler(Diagram_Object, &diagrams);
     }
 
     // In one step, since every single change would lay all pages out anew.
@@ -351,23 +360,33 @@ void Keep_Together(QTextDocument& document)
     }
 }
 
+// Paints what lies on a page of the text.
+void Paint_Page(QPainter& paper, const QTextDocument& document, const QSizeF& page, int number)
+{
+    paper.save();
+    paper.setClipRect(QRectF(0, 0, page.width(), page.height() - 1)); // not the line that begins the next page
+    Page_Device device(paper);
+    QPainter painter(&device);
+    painter.translate(0, -number * page.height());
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.clip = QRectF(0, number * page.height(), page.width(), page.height() - 1);
+    context.palette = Paper_Palette();
+    document.documentLayout()->draw(&painter, context);
+    painter.end();
+    paper.restore();
+}
+
 // Paints the pages, each with the report's name and its number at the foot.
-void Paint_Pages(QPdfWriter& writer, QTextDocument& document, const QSizeF& page, double foot, const QString& name)
+void Paint_Pages(QPdfWriter& writer, const QTextDocument& document, Diagram_In_Text& diagrams, const QSizeF& page,
+                 double foot, const QString& name)
 {
     QPainter painter(&writer);
+    diagrams.Paint_On(painter);
     const int pages = document.pageCount();
     for (int i = 0; i < pages; ++i) {
         if (i > 0)
             writer.newPage();
-        painter.save();
-        painter.translate(0, -i * page.height());
-        QAbstractTextDocumentLayout::PaintContext context;
-        context.clip =
-            QRectF(0, i * page.height(), page.width(), page.height() - 1); // not the line that begins the next page
-        context.palette = Paper_Palette();
-        painter.setClipRect(context.clip);
-        document.documentLayout()->draw(&painter, context);
-        painter.restore();
+        Paint_Page(painter, document, page, i);
         QFont small = document.defaultFont();
         small.setPointSizeF(Foot_Points);
         painter.setFont(small);
@@ -407,10 +426,11 @@ QByteArray Report_Pdf(const Report& report)
         document.setDocumentMargin(0);
         document.setPageSize(page);
         const auto sections = Sections_Of(report);
-        Typesetting typesetting(document, page.width());
+        Diagram_In_Text diagrams(page.width());
+        Typesetting typesetting(document, diagrams, page.width());
         typesetting.Add(sections);
         Keep_Together(document);
-        Paint_Pages(writer, document, page, foot, name);
+        Paint_Pages(writer, document, diagrams, page, foot, name);
     }
     return With_Tagged_Fonts(bytes);
 }
