@@ -249,8 +249,11 @@ std::vector<Report_Section> Sections_Of(const Report& report)
         sections.push_back({.Level = 2, .Heading = "Notes", .Sentences = report.Notes, .Is_Warning = true});
     for (const auto& crop : report.Crops) {
         sections.push_back({.Level = 2, .Heading = crop.Name, .Begins_Page = true});
-        for (const auto& table : crop.Tables)
+        for (const auto& table : crop.Tables) {
             sections.push_back(Results(crop, table));
+            if (&table != &crop.Tables.front())
+                sections.back().Sentences.clear(); // said above the first one
+        }
     }
     sections.push_back(Uses(report));
     sections.back().Begins_Page = true;

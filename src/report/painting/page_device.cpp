@@ -80,9 +80,12 @@ int Page_Device::metric(PaintDeviceMetric what) const
         return Measured.physicalDpiX();
     case PdmPhysicalDpiY:
         return Measured.physicalDpiY();
-    default:
-        return QPaintDevice::metric(what);
+    case PdmDevicePixelRatio:
+        return static_cast<int>(Measured.devicePixelRatio());
+    case PdmDevicePixelRatioScaled:
+        return static_cast<int>(Measured.devicePixelRatioF() * devicePixelRatioFScale());
     }
+    return 0;
 }
 
 } // namespace orvel

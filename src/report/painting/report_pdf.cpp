@@ -28,11 +28,11 @@ constexpr int Resolution = 300;
 constexpr double Margin_Millimetres = 18, Points_Per_Inch = 72, Millimetres_Per_Inch = 25.4;
 constexpr double Text_Points = 9.5, Table_Points = 8, Wide_Table_Points = 6.5, Digest_Points = 6.5, Foot_Points = 8;
 constexpr std::array<double, 4> Heading_Points = {0, 18, 14, 11.5};
-constexpr double Least_Diagram_Share = 0.24;        // to stay on the page of its table
-constexpr double Diagram_Height_Share = 0.5;        // of its width
-constexpr double Cell_Padding = 2.5, Border = 0.75; // points
-constexpr double Diagram_Scale = 0.75;              // of its letters
-constexpr double Least_Behind_Heading = 0.15;       // of a page
+constexpr double Least_Diagram_Share = 0.2;       // to stay on the page of its table
+constexpr double Diagram_Height_Share = 0.5;      // of its width
+constexpr double Cell_Padding = 2, Border = 0.75; // points
+constexpr double Diagram_Scale = 0.75;            // of its letters
+constexpr double Least_Behind_Heading = 0.15;     // of a page
 constexpr int Diagram_Object = QTextFormat::UserObject + 1;
 constexpr int Height_Property = QTextFormat::UserProperty + 2;
 constexpr int Diagram_Property = QTextFormat::UserProperty + 1;
@@ -64,8 +64,7 @@ public:
 
     QSizeF intrinsicSize(QTextDocument* /*document*/, int /*position*/, const QTextFormat& format) override
     {
-        const double left = format.doubleProperty(Height_Property); // of the page; 0: enough
-        return {Width, left > 0 ? left : Width * Diagram_Height_Share};
+        return {Width, format.doubleProperty(Height_Property)};
     }
 
     void drawObject(QPainter* painter, const QRectF& rect, QTextDocument* document, int /*position*/,
@@ -104,12 +103,27 @@ public:
     void Add(const std::vector<Report_Section>& sections)
     {
         Cursor.beginEditBlock();
-        for (const auto& section : sections)
-            Add(section);
+        for (auto section = sections.begin(); section != sections.end(); ++section) {
+            if (section->Begins_Page)
+                Diagram_Share = Share_Of_Diagrams(section, sections.end());
+            Add(*section);
+        }
         Cursor.endEditBlock();
     }
 
 private:
+    using Section = std::vector<Report_Section>::const_iterator;
+
+    // The height of the diagrams up to the next break: several of them share what one would take.
+    static double Share_Of_Diagrams(Section section, Section end)
+    {
+        int diagrams = 0;
+        do
+            diagrams += section->Diagram != nullptr ? 1 : 0;
+        while (++section != end && !section->Begins_Page);
+        return std::max(Least_Diagram_Share, Diagram_Height_Share / std::max(1, diagrams));
+    }
+
     void Add(const Report_Section& section)
     {
         Heading(section);
@@ -199,10 +213,11 @@ private:
         for (std::size_t i = 0; i < grid.Columns.size(); ++i) {
             word.push_back(0);
             line.push_back(0);
-            Measure(grid.Columns[i].Head, Letters(Points_Of(grid), true), word[i], line[i]);
+            for (const QString& part : Head_Text(grid.Columns[i]).split(QChar::LineSeparator))
+                Measure(part, Letters(Points_Of(grid), true), word[i], line[i]);
             for (const auto& row : grid.Lines) {
                 if (row.Cells.size() == grid.Columns.size())
-                    Measure(row.Cells[i], Cell_Letters(grid, grid.Columns[i], true), word[i], line[i]);
+                    Measure(Text(row.Cells[i]), Cell_Letters(grid, grid.Columns[i], true), word[i], line[i]);
             }
         }
         const double words = std::accumulate(word.begin(), word.end(), 0.0),
@@ -217,11 +232,10 @@ private:
 
     static double Around_A_Cell() { return Pixels(2 * Cell_Padding + 2 * Border); }
 
-    void Measure(const std::string& bytes, const QTextCharFormat& letters, double& word, double& line) const
+    void Measure(const QString& text, const QTextCharFormat& letters, double& word, double& line) const
     {
         QFont font = letters.font().resolve(Document.defaultFont());
         const QFontMetricsF metrics(font, Document.documentLayout()->paintDevice());
-        const QString text = Text(bytes);
         for (const QString& part : text.split(' '))
             word = std::max(word, metrics.horizontalAdvance(part) + Around_A_Cell());
         line = std::max(line, metrics.horizontalAdvance(text) + Around_A_Cell());
@@ -239,11 +253,12 @@ private:
         return Letters(column.Head == "SHA-256" ? Digest_Points : Points_Of(grid), bold);
     }
 
+    // The unit goes below the name: a line would otherwise break behind its stroke.
+    static QString Head_Text(const Report_Column& column) { return Text(column.Head).replace(" (", "\u2028("); }
+
     static void Head_Cell(QTextTableCell cell, const Report_Column& column, double points)
     {
-        // The unit goes below the name: a line would otherwise break behind its stroke.
-        Write(cell.firstCursorPosition(), Text(column.Head).replace(" (", "\u2028("), Letters(points, true),
-              column.Is_Number);
+        Write(cell.firstCursorPosition(), Head_Text(column), Letters(points, true), column.Is_Number);
         QTextCharFormat ground = cell.format();
         ground.setBackground(Head_Ground);
         cell.setFormat(ground);
@@ -294,6 +309,7 @@ private:
         Begin_Block(block, Letters(Text_Points));
         QTextCharFormat diagram;
         diagram.setObjectType(Diagram_Object);
+        diagram.setProperty(Height_Property, Width * Diagram_Share);
         diagram.setProperty(Diagram_Property, QVariant::fromValue(const_cast<void*>(static_cast<const void*>(&chart))));
         Cursor.insertText(QString(QChar::ObjectReplacementCharacter), diagram);
     }
@@ -301,6 +317,7 @@ private:
     QTextDocument& Document;
     QTextCursor Cursor;
     double Width;
+    double Diagram_Share = Diagram_Height_Share;
     bool Is_First = true;
 };
 
@@ -324,6 +341,13 @@ double Needed_By_Heading(const QTextDocument& document, const QTextBlock& headin
         }
     }
     return Least_Behind_Heading * height;
+}
+
+double Height_Of_Diagram(const QTextBlock& block)
+{
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    return cursor.charFormat().doubleProperty(Height_Property);
 }
 
 // A diagram takes the height that its page has left rather than a page of its own.
@@ -351,7 +375,7 @@ void Keep_Together(QTextDocument& document)
             continue;
         const double left = height - std::fmod(place.top(), height) - Pixels(4);
         if (is_diagram && left >= Least_Diagram_Share * document.pageSize().width()) {
-            Shrink_Diagram(block, left - (place.height() - Diagram_Height_Share * document.pageSize().width()));
+            Shrink_Diagram(block, left - (place.height() - Height_Of_Diagram(block)));
             continue;
         }
         QTextBlockFormat format = block.blockFormat();

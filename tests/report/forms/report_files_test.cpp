@@ -308,6 +308,28 @@ TEST_F(Report_Session, Ten_Crops_Need_A_Page_Each)
     EXPECT_LE(pdf.mid(count + 7, 3).trimmed().toInt(), 10 + 6) << pdf.mid(count, 12).toStdString();
 }
 
+// Two substances with a picture each, at nine locations, are still one page.
+TEST_F(Report_Session, A_Crop_With_Two_Pictures_Is_A_Page_Too)
+{
+    for (const char* location :
+         {"Hamburg_-_(H)", "Jokioinen_-_(J)", "Okehampton_-_(N)", "Piacenza_-_(P)", "Porto_-_(O)", "Sevilla_-_(S)",
+          "Thiva_-_(T)", "Ch\xC3\xA2teaudun_-_(C)--_-_irrigated", "Kremsm\xC3\xBCnster_-_(K)"})
+        Add_Run("Maize", location, 1, {"Parent", "Metabolite"});
+    Report report = Gather();
+    report.Crops.at(0).Tables.at(1) = report.Crops[0].Tables.at(0); // the metabolite had nothing to show
+
+    Write_Whole(Installation / "report.pdf", Report_Pdf(report).toStdString());
+
+    int pages = 0, pictures = 0;
+    for (const QString& page : Text_Of_Pdf(Installation / "report.pdf").split(u'\f')) {
+        const auto on_page = static_cast<int>(page.count(": 80th percentile at 1 m ["));
+        pages += on_page > 0 ? 1 : 0;
+        pictures += on_page;
+    }
+    EXPECT_EQ(pictures, 2);
+    EXPECT_EQ(pages, 1);
+}
+
 TEST_F(Report_Session, The_Ending_Of_The_File_Decides_What_Is_Saved)
 {
     Add_Run("Maize", "Hamburg_-_(H)", 1);
