@@ -7,6 +7,8 @@
 #include "report/overview_settings.h"
 #include "temporary_directory.h"
 
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -216,6 +218,35 @@ TEST(Overview, Formats_That_Are_Read_Cell_By_Cell_Have_Columns_For_The_Other_Fig
               std::string::npos)
         << page;
     EXPECT_NE(page.find("Compared with older: "), std::string::npos);
+}
+
+namespace {
+
+// Of a colour 0xRRGGBB, as the guidelines for readable text define it.
+double Luminance(std::uint32_t colour)
+{
+    const auto part = [&](unsigned shift) {
+        const double value = ((colour >> shift) & 0xFFU) / 255.0;
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(16) + 0.7152 * part(8) + 0.0722 * part(0);
+}
+
+double Contrast(std::uint32_t one, std::uint32_t other)
+{
+    const double first = Luminance(one), second = Luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+} // namespace
+
+TEST(Overview, Every_Class_Can_Be_Read_And_Is_Darker_Than_The_One_Before)
+{
+    for (std::size_t i = 0; i < Most_Classes; ++i) {
+        EXPECT_GE(Contrast(Class_Fills[i], Class_Inks[i]), 4.5) << i;
+        // Told apart by any colour vision, and without colour.
+        EXPECT_TRUE(i == 0 || Luminance(Class_Fills[i]) < Luminance(Class_Fills[i - 1])) << i;
+    }
 }
 
 TEST(Overview, Two_Hundred_Letters_And_Formulas_Are_Texts)
