@@ -192,8 +192,10 @@ void Overview_Window::Fill_Locations()
 void Overview_Window::Size_Columns()
 {
     const QFontMetrics metrics = fontMetrics();
-    const int most = metrics.averageCharWidth() * 40; // names can be long
+    constexpr int Longest_Name = 40, Longest_Cell = 90; // letters; two figures with their marks and the ratio
     for (int column = 0; column < Table_Model.columnCount(); ++column) {
+        const int most =
+            metrics.averageCharWidth() * (column < Table_Model.Location_Column() ? Longest_Name : Longest_Cell);
         int widest = 0;
         for (const QString& line :
              Table_Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().split('\n'))
