@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/run_name.h"
 #include "core/text.h"
 
 namespace orvel {
@@ -63,7 +64,8 @@ std::vector<std::string> Input_Changes::Of(const Simulation& simulation)
     if (!simulation.State.Record)
         return changed;
     for (const auto& input : simulation.State.Record->Inputs) {
-        if (Differs(simulation.Directory / Path_Of(input.Name), input) || Source_Differs(simulation.Directory, input))
+        if (Differs(Input_File(simulation.Directory, Path_Of(input.Name)), input) ||
+            Source_Differs(simulation.Directory, input))
             changed.push_back(input.Name);
     }
     return changed;

@@ -312,10 +312,8 @@ void Add_Sweep(CLI::App* plan, Command& command)
         ->option_text("FIELD=FACTOR,...");
     sweep->add_option("--to", arguments->File, "Write the plan to a file (.csv)")->option_text("FILE");
     sweep->callback([=, &command] {
-        for (const auto& text : {arguments->Pesticide, arguments->Crop, arguments->Location})
-            Bytes_Of(text); // refuses what no file can hold
-        for (const auto& text : arguments->Factors)
-            Bytes_Of(text);
+        Check_Letters({arguments->Pesticide, arguments->Crop, arguments->Location});
+        Check_Letters(arguments->Factors);
         command = [=](const Session& session) { return Do_Sweep(session, *arguments); };
     });
 }

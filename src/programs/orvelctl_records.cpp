@@ -83,8 +83,7 @@ void Add_Archive(CLI::App& app, Command& command)
     archive->add_option("--crop", arguments->Crop, "A crop, all if not given")->option_text("TEXT");
     archive->add_option("--to", arguments->File, "The archive to write")->required()->option_text("F.zip");
     archive->callback([=, &command] {
-        for (const auto& text : {arguments->Stem, arguments->Crop})
-            Bytes_Of(text); // refuses what no file's name can hold
+        Check_Letters({arguments->Stem, arguments->Crop});
         command = [=](Session& session) { return Do_Archive(session, *arguments); };
     });
 }

@@ -81,6 +81,5 @@ const Report_Result* Result_Of(const Report_Table& table, std::size_t run);
 // What all formats of the report say.
 constexpr std::string_view Report_Depth_Text =
     "80th percentile of the concentration in the percolate at 1 m soil depth";
-constexpr std::string_view Above_Limit_Text = "above 0.1 \xB5g/L";
 
 } // namespace orvel

@@ -4,6 +4,7 @@
 #include "charts/forms/picture_actions.h"
 #include "charts/painting/chart_painter.h"
 #include "core/run_name.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
 
@@ -62,6 +63,11 @@ void Diagram_Form::Add_Button(QPushButton* button)
 void Diagram_Form::Name_Run(const std::filesystem::path& run_directory)
 {
     Run = Run_Title(run_directory);
+}
+
+void Diagram_Form::Offer_Command(const std::string& line)
+{
+    Add_Button(Command_Button(this, [line] { return std::vector{line}; }));
 }
 
 // What is chosen comes before the buttons, which were laid out first.

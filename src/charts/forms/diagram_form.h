@@ -27,6 +27,9 @@ public:
     // The run that the diagram is of: it begins the name proposed for its picture.
     void Name_Run(const std::filesystem::path& run_directory);
 
+    // Adds a button that shows the line with which orvelctl gives the same figures.
+    void Offer_Command(const std::string& line);
+
 protected:
     void Show_Chart(Chart chart);
     const Chart& Shown_Chart() const;

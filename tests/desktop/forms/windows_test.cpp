@@ -748,7 +748,7 @@ TEST_F(Windows_Test, The_Overview_Of_The_Program_Archives_And_Compares)
             keys << action->text().mid(key + 1, 1).toLower();
     }
     EXPECT_EQ(keys.removeDuplicates(), 0) << keys.join(' ').toStdString();
-    for (const char* name : {"A_Archive", "A_Compare"})
+    for (const char* name : {"A_Archive", "A_Archives", "A_Compare"})
         EXPECT_TRUE(actions.contains(overview->findChild<QAction*>(name))) << name;
     overview->close();
 }
