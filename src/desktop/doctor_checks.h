@@ -1,7 +1,9 @@
 #pragma once
 
-#include "desktop/doctor.h"
+#include "core/session.h"
+#include "desktop/finding.h"
 
+#include <cstdint>
 #include <filesystem>
 
 namespace orvel {
@@ -20,6 +22,10 @@ Findings Examine_Computer(const Program_State& program);
 Findings Examine_Caches(const Program_State& program);
 Findings Examine_Templates(const Program_State& program); // what the installation was laid out with
 Findings Examine_Documents(const Program_State& program); // whether they can be read
+
+// How much free space is enough, and which locale, "" for none.
+Finding Judge_Space(const std::string& directory, std::uintmax_t available);
+Finding Judge_Locale(const std::string& name);
 
 // The directory of the installation and those of its modes that are there.
 std::vector<std::filesystem::path> Directories_Of(const Program_State& program);

@@ -4,6 +4,7 @@
 #include "core/files.h"
 #include "core/json.h"
 #include "core/json_reader.h"
+#include "core/sha256.h"
 
 #include <algorithm>
 
@@ -114,6 +115,16 @@ std::string Acceptance_Text(const std::optional<Acceptance>& acceptance)
 std::string Acceptance_Text(const fs::path& app_path, std::string_view engine_sha256)
 try {
     return Acceptance_Text(Acceptance_Of(app_path, engine_sha256));
+} catch (const File_Error& error) {
+    return "not known to be accepted here: " + To_Code_Page(error.what());
+}
+
+std::string Acceptance_Of_Installed(const Program_State& program)
+try {
+    if (program.Engine_Exe.empty())
+        return {};
+    const fs::path engine = Found_Or_New(program.App_Path, Path_Of(program.Engine_Exe));
+    return Acceptance_Text(program.App_Path, Sha256_Of_File(engine));
 } catch (const File_Error& error) {
     return "not known to be accepted here: " + To_Code_Page(error.what());
 }

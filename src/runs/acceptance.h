@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/session.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -33,7 +35,10 @@ void Withdraw_Acceptance(const std::filesystem::path& app_path, std::string_view
 // "accepted on 2026-05-31 against expected.csv", "not accepted here".
 std::string Acceptance_Text(const std::optional<Acceptance>& acceptance);
 
-// The same of the engine of an installation, whose file may be damaged: then the text says so.
+// The same of an engine of an installation by its digest; a damaged acceptance.json is told.
 std::string Acceptance_Text(const std::filesystem::path& app_path, std::string_view engine_sha256);
+
+// The same of the engine that was found in the installation; empty without one.
+std::string Acceptance_Of_Installed(const Program_State& program);
 
 } // namespace orvel

@@ -8,6 +8,7 @@
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "records/forms/archives.h"
+#include "runs/acceptance.h"
 #include "runs/start_up.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
@@ -163,6 +164,10 @@ QLayout* Start::Foot()
     labels->addWidget(Aktuelle_ORVEL_Version);
     labels->addSpacing(fontMetrics().averageCharWidth() * 4);
     labels->addWidget(Aktuelle_ORVELSUITE_Version);
+    labels->addSpacing(fontMetrics().averageCharWidth() * 4);
+    auto* acceptance = Named(new QLabel(Shown(Acceptance_Of_Installed(The_Session.Program))), "Acceptance");
+    acceptance->setToolTip("What the engine came to on the reference substances: orvelctl accept");
+    labels->addWidget(acceptance);
 
     Command3 = Named(new QPushButton("&Release notes"), "Command3");
     Command4 = Named(new QPushButton("E&xit"), "Command4");
