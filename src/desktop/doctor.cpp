@@ -53,6 +53,7 @@ std::vector<Finding> Examine(const Program_State& program)
     std::vector<Finding> findings;
     for (const auto& look : Looks)
         std::ranges::move(Look_At(look, program), std::back_inserter(findings));
+    std::ranges::stable_sort(findings, std::ranges::greater(), &Finding::State);
     return findings;
 }
 

@@ -108,7 +108,7 @@ fs::path Make_Run(const Program_State& program, const Run_Key& run)
     selected.Choice.Options.Tillage = Tillage_List(Focus())[static_cast<std::size_t>(Focus().Tillage_Index)];
     const fs::path mode = Mode_Directory(program, Focus());
     Put(mode / "orvel.inp", Format_Run(program, Focus(), selected.Choice));
-    const fs::path directory = Run_Path(mode, Run_Directory(run.Pesticide, run.Crop, run.Location));
+    fs::path directory = Run_Path(mode, Run_Directory(run.Pesticide, run.Crop, run.Location));
     New_Run_Directory made(directory, Sources_Of_Run(program, Focus(), selected.Choice));
     made.Put_In_Place();
     made.Keep();

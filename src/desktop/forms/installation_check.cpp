@@ -17,7 +17,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Columns_Shown = 110, Lines_Shown = 28;
+constexpr int Columns_Shown = 150, Lines_Shown = 28;
 
 QStyle::StandardPixmap Picture_Of(Health health)
 {

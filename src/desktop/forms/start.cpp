@@ -161,13 +161,12 @@ QLayout* Start::Foot()
     Aktuelle_ORVELSUITE_Version =
         Version_Label("Aktuelle_ORVELSUITE_Version", The_Session.Program.Aktuelle_ORVELSUITE_Version);
     auto* labels = new QHBoxLayout(version);
-    labels->addWidget(Aktuelle_ORVEL_Version);
-    labels->addSpacing(fontMetrics().averageCharWidth() * 4);
-    labels->addWidget(Aktuelle_ORVELSUITE_Version);
-    labels->addSpacing(fontMetrics().averageCharWidth() * 4);
     auto* acceptance = Named(new QLabel(Shown(Acceptance_Of_Installed(The_Session.Program))), "Acceptance");
     acceptance->setToolTip("What the engine came to on the reference substances: orvelctl accept");
+    labels->addWidget(Aktuelle_ORVEL_Version);
     labels->addWidget(acceptance);
+    labels->addSpacing(fontMetrics().averageCharWidth() * 4);
+    labels->addWidget(Aktuelle_ORVELSUITE_Version);
 
     Command3 = Named(new QPushButton("&Release notes"), "Command3");
     Command4 = Named(new QPushButton("E&xit"), "Command4");
