@@ -32,6 +32,12 @@ bool Is_Document(const std::string& path)
     return path.ends_with(".psm") || path.ends_with(".sze") || path.ends_with(".cli");
 }
 
+// The program writes it itself, at each mark.
+bool Is_Written(const std::string& path)
+{
+    return fs::path(path).filename() == "orvel.inp";
+}
+
 // Without these no run can be marked or started; the rest is for windows, tables and engines that ask for it.
 bool Is_Needed(const std::string& path)
 {
@@ -81,7 +87,7 @@ Findings Examine_Templates(const Program_State& program)
             needed.push_back(path + (found ? " (empty)" : ""));
         else if (is_damaged)
             (found ? empty : missing).push_back(path);
-        else if (!Is_Document(path))
+        else if (!Is_Document(path) && !Is_Written(path))
             changed.push_back(path);
     });
     Findings findings;

@@ -133,6 +133,8 @@ TEST_F(Orvelctl_Doctor, Finds_Each_Planted_Fault_And_Nothing_In_A_New_Installati
     With(Home / "Haude.dat", "", [&] { Expect(1, fault + "shipped files\tThese are empty: Haude.dat.\n"); });
     With(Home / "input.dat", "x",
          [&] { Expect(0, warning + "shipped files\tThese are not as they were laid out: input.dat.\n"); });
+    With(Home / "focus" / "orvel.inp", "of the last mark",
+         [&] { Expect(0, "good\tshipped files\tAll are there and as they were laid out.\n"); });
     With(Home / "demo_A.psm", Read_Whole(Home / "demo_A.psm").substr(0, 900),
          [&] { Expect(1, fault + "documents\tThese cannot be used in " + At + ": demo_A.psm. demo_A.psm: "); });
     With(Home / "focus" / "H_01.cli", Read_Whole(Home / "focus" / "H_01.cli").substr(0, 9000),
