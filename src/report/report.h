@@ -63,6 +63,7 @@ struct Report {
     std::string Pesticide;       // stem of its file
     std::string Made;            // date
     Checked_File Engine_File;
+    std::string Acceptance;   // of that engine in this installation
     orvel::Overview Overview; // of all runs: what a report begins with
     std::vector<Endpoint> Endpoints;
     std::vector<Report_Crop> Crops;

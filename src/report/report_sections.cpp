@@ -23,12 +23,15 @@ Report_Grid Facts_Of(const Report& report)
     std::string crops;
     for (const auto& crop : report.Crops)
         crops += (crops.empty() ? "" : "; ") + crop.Name;
-    return {{{""}, {""}},
-            {{{"Pesticide file", report.Pesticide + ".psm"}},
-             {{report.Crops.size() > 1 ? "Crops" : "Crop", crops}},
-             {{"Program", report.Program}},
-             {{"Engine", report.Engine}},
-             {{"Report made on", report.Made}}}};
+    Report_Grid facts{{{""}, {""}},
+                      {{{"Pesticide file", report.Pesticide + ".psm"}},
+                       {{report.Crops.size() > 1 ? "Crops" : "Crop", crops}},
+                       {{"Program", report.Program}},
+                       {{"Engine", report.Engine}},
+                       {{"Report made on", report.Made}}}};
+    if (!report.Acceptance.empty())
+        facts.Lines.push_back({{"The engine is", report.Acceptance}});
+    return facts;
 }
 
 // The code of a location, which heads its column: all nine fit on a page.

@@ -2,6 +2,7 @@
 // each there, light and dark; QT_SCALE_FACTOR=2 draws them for a fine screen.
 #include "core/files.h"
 #include "desktop/forms/form_name.h"
+#include "desktop/forms/installation_check.h"
 #include "desktop/forms/start.h"
 #include "desktop/forms/versionsinfo.h"
 #include "desktop/forms/welcome.h"
@@ -162,6 +163,11 @@ std::vector<Opened_Window> Windows_Test::All() const
          }},
         Plain<Start>("start"),
         Plain<Form_name>("form_name"),
+        {"installation_check",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             Find_Engine(session.Program);
+             return std::make_unique<Installation_Check>(Examine(session.Program));
+         }},
         Plain<Versionsinfo>("versionsinfo"),
         Plain<FOCUS>("focus", std::cref(focus), Run_Windows()),
         Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa)), Run_Windows()),
