@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/error.h"
+#include "core/progress.h"
 #include "core/session.h"
 #include "core/system/lock.h"
 #include "plans/plan_table.h"
@@ -56,9 +57,10 @@ struct Held_Plan {
 
 // Checks a plan and sets up its directory, or finds it set up with the same plan, and takes the part. Throws
 // Plan_Faults for wrong rows, nothing being left then; File_Error if the directory holds another plan or anything else,
-// and if this part, or parts of another number, are at work there.
+// and if this part, or parts of another number, are at work there. `progress` is called as the rows are checked, and may
+// stop that with Reading_Stopped.
 Held_Plan Hold_Plan(const Program_State& program, const std::filesystem::path& plan,
-                    const std::filesystem::path& directory, const Plan_Part& part);
+                    const std::filesystem::path& directory, const Plan_Part& part, const Progress& progress = {});
 
 // Since when the parts have been at work that are; nothing if none is.
 std::optional<std::filesystem::file_time_type> At_Work_Since(const std::filesystem::path& directory);

@@ -111,12 +111,18 @@ Plan_Status Status_Of_Plan(const fs::path& directory)
             fs::last_write_time(Directory_Of_Row(directory, row) / Result_Name, error) >= *since && !error)
             ++ended;
     }
-    if (since && ended > 0) {
-        const double left = static_cast<double>(status.Of(Verdict::Running) + status.Of(Verdict::Scheduled));
-        status.Runs_A_Second = static_cast<double>(ended) / std::max(Seconds_Since(*since), 1e-3);
-        status.Seconds_Left = left / *status.Runs_A_Second;
-    }
+    if (since)
+        Estimate(status, *since, ended);
     return status;
+}
+
+void Estimate(Plan_Status& status, fs::file_time_type since, std::size_t ended)
+{
+    if (ended == 0)
+        return;
+    const double left = static_cast<double>(status.Of(Verdict::Running) + status.Of(Verdict::Scheduled));
+    status.Runs_A_Second = static_cast<double>(ended) / std::max(Seconds_Since(since), 1e-3);
+    status.Seconds_Left = left / *status.Runs_A_Second;
 }
 
 std::string Status_Text(const Plan_Status& status)

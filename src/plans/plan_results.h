@@ -32,6 +32,8 @@ struct Plan_Status {
 };
 // Throws File_Error if the directory holds no plan.
 Plan_Status Status_Of_Plan(const std::filesystem::path& directory);
+// The speed of the parts at work and the time left, by how many runs have ended since they began.
+void Estimate(Plan_Status& status, std::filesystem::file_time_type since, std::size_t ended);
 std::string Status_Text(const Plan_Status& status); // for the user, a line a fact
 std::string Status_Json(const Plan_Status& status);
 

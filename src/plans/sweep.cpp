@@ -95,7 +95,7 @@ public:
 private:
     Varied Shifts() const
     {
-        Varied varied{{{"#shift", {}}}};
+        Varied varied{{{std::string(Shift_Label), {}}}};
         for (const int days : Order.Shifts)
             varied.Columns.front().Values.push_back(std::to_string(days));
         if (Pesticide->App_Mode == App_Mode_Relative)
@@ -154,7 +154,7 @@ private:
         const auto number = Whole_Text<double>(present.value_or(""));
         if (!number)
             throw File_Error("The document has no number " + To_Utf8(factor.Field) + ".");
-        Varied varied{{{"#factor " + factor.Field, {}}, {factor.Field, {}}}};
+        Varied varied{{{std::string(Factor_Label) + factor.Field, {}}, {factor.Field, {}}}};
         for (const double times : factor.Factors) {
             varied.Columns[0].Values.push_back(General_Text(times));
             varied.Columns[1].Values.push_back(General_Text(*number * times));

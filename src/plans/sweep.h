@@ -25,6 +25,9 @@ struct Sweep_Order {
     std::vector<Sweep_Factor> Factors;
 };
 
+// The labels of a sweep: the days of its shift, and a factor, before the name of its field.
+constexpr std::string_view Shift_Label = "#shift", Factor_Label = "#factor ";
+
 constexpr std::size_t Most_Sweep_Rows = 10000000;
 
 // "-14:14:7" is -14, -7, 0, 7 and 14; "5" is 5 alone. "psm.Koc[1]=0.5,1,2". Both throw File_Error for any other text.

@@ -4,12 +4,11 @@
 #include "core/error.h"
 #include "core/system/program_path.h"
 #include "core/system/signals.h"
-#include "core/system/spawn.h"
 #include "core/system/terminal.h"
 #include "core/text.h"
 #include "core/write_from.h"
 #include "plans/plan_results.h"
-#include "plans/run_plan.h"
+#include "plans/start_plan.h"
 #include "plans/sweep.h"
 #include "runs/start_up.h"
 
@@ -123,36 +122,6 @@ int Run_And_Wait(const Session& session, const Plan_Order& order, const Plan_Rec
     return Refused;
 }
 
-// Goes on without the terminal: the same command, which gets the lock of the part, waits in a session of its own.
-void Detach(const Session& session, const Plan_Order& order, const Run_Arguments& arguments, const Held_Plan& held)
-{
-    std::vector<std::string> words = {"-C",
-                                      session.Program.App_Path.string(),
-                                      "plan",
-                                      "run",
-                                      (order.Directory / Plan_Copy_Name).string(),
-                                      "--to",
-                                      order.Directory.string(),
-                                      "--keep",
-                                      arguments.Keep,
-                                      "--wait",
-                                      "--held",
-                                      std::to_string(Kept_As)};
-    const auto add = [&](const char* option, const std::string& value) { words.insert(words.end(), {option, value}); };
-    if (!arguments.Part.empty())
-        add("--part", arguments.Part);
-    if (arguments.Jobs > 0)
-        add("--jobs", std::to_string(arguments.Jobs));
-    if (arguments.Limit > 0)
-        add("--limit", std::to_string(arguments.Limit));
-    Start_Program({.Program = Own_Path(),
-                   .Arguments = words,
-                   .Directory = order.Directory,
-                   .Output = Plan_Journal_Name,
-                   .Kept_Descriptor = held.Held.Descriptor(),
-                   .Own_Session = true});
-}
-
 int Do_Run(Session& session, const Run_Arguments& arguments)
 try {
     Find_Engine(session.Program);
@@ -165,7 +134,7 @@ try {
     const Held_Plan held = Hold_Plan(session.Program, order.Plan, order.Directory, order.Part);
     if (arguments.Wait)
         return Run_And_Wait(session, order, held.Record);
-    Detach(session, order, arguments, held);
+    Start_Plan(session.Program, order, held, Own_Path()); // goes on without the terminal
     return Done;
 } catch (const Plan_Faults& faults) {
     return Tell_Faults(faults);
