@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvel {
 
@@ -42,5 +43,9 @@ std::string Status_Json(const Plan_Status& status);
 // runs are run. Throws File_Error if the directory holds no plan.
 void Print_Results(const std::filesystem::path& directory, bool with_seconds,
                    const std::function<void(std::string_view)>& print);
+
+// The same cell by cell, the first time the names of the columns. Texts are UTF-8.
+void Visit_Results(const std::filesystem::path& directory, bool with_seconds,
+                   const std::function<void(const std::vector<std::string>& cells)>& visit);
 
 } // namespace orvel

@@ -118,24 +118,32 @@ std::optional<std::vector<Result_Line>> Parse_Result(std::string_view text)
     return lines;
 }
 
-std::optional<Result_Row> Parse_Figures(std::string_view figures)
+std::vector<std::string> Figure_Cells(std::string_view figures)
 try {
     constexpr std::string_view Head = "a,b,c,d,e,f\n"; // whatever a substance holds, commas separate
     const std::string text = std::string(Head) + std::string(figures) + "\n";
     Csv_Reader reader(Source_Of(text));
     Csv_Row row;
-    if (!reader.Next(row) || !reader.Next(row) || row.Fields.size() != 6 || row.Fields[1].empty())
+    const bool is_read = reader.Next(row) && reader.Next(row);
+    row.Fields.resize(is_read && row.Fields.size() == Figure_Columns ? Figure_Columns : 0);
+    return row.Fields;
+} catch (const File_Error&) {
+    return {};
+}
+
+std::optional<Result_Row> Parse_Figures(std::string_view figures)
+{
+    const auto cells = Figure_Cells(figures);
+    if (cells.empty() || cells[1].empty())
         return std::nullopt;
-    const auto bytes = [&](std::size_t field) { return From_Utf8(row.Fields[field]).value_or(row.Fields[field]); };
-    const auto number = [&](std::size_t field) {
-        return row.Fields[field].empty() ? std::nullopt : std::optional(Val(row.Fields[field]));
+    const auto bytes = [&](std::size_t cell) { return From_Utf8(cells[cell]).value_or(cells[cell]); };
+    const auto number = [&](std::size_t cell) {
+        return cells[cell].empty() ? std::nullopt : std::optional(Val(cells[cell]));
     };
     return Result_Row{.Substance = bytes(0),
                       .Unit = bytes(2),
-                      .Found = Result_Row::Figures{Val(row.Fields[1]), number(4), number(5)},
-                      .Years = static_cast<int>(Val(row.Fields[3]))};
-} catch (const File_Error&) {
-    return std::nullopt;
+                      .Found = Result_Row::Figures{Val(cells[1]), number(4), number(5)},
+                      .Years = static_cast<int>(Val(cells[3]))};
 }
 
 std::string Read_Result(const fs::path& run_directory)

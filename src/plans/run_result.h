@@ -55,7 +55,9 @@ struct Result_Line {
 // Nothing for a text that is no whole result.
 std::optional<std::vector<Result_Line>> Parse_Result(std::string_view text);
 
-// The figures of a line; nothing for a text that holds none of a substance.
+// The cells of its figures, or none for a text that is no such line; and what they are, nothing for a line without any.
+constexpr std::size_t Figure_Columns = 6;
+std::vector<std::string> Figure_Cells(std::string_view figures);
 std::optional<Result_Row> Parse_Figures(std::string_view figures);
 
 // The bytes of the file; empty if the run has none. Throws File_Error if it cannot be read.

@@ -5,6 +5,7 @@
 #include "core/error.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "files/document_differences.h"
 #include "files/document_values.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
@@ -90,6 +91,22 @@ public:
         for (const auto& factor : Order.Factors)
             all.push_back(Factor(factor));
         return all;
+    }
+
+    std::vector<std::string> Fields() const
+    {
+        std::vector<std::string> fields;
+        const auto add = [&](std::string_view begin, const auto& differences, auto why_not) {
+            for (const auto& difference : differences) {
+                if (Whole_Text<double>(difference.First).value_or(0) != 0 && why_not(difference.Field).empty())
+                    fields.push_back(std::string(begin) + difference.Field);
+            }
+        };
+        const auto nothing = std::make_unique<Pesticide_Document>();
+        add(Pesticide_Begin, Differences(*Pesticide, *nothing), Why_Not_A_Pesticide_Field);
+        Scenario_Document no_scenario;
+        add(Scenario_Begin, Differences(Scenario, no_scenario), Why_Not_A_Scenario_Field);
+        return fields;
     }
 
 private:
@@ -227,6 +244,11 @@ Application Shifted(Application application, int days)
     application.App_Day = static_cast<std::int16_t>(of_year - *(next - 1) + 1);
     application.App_Year = static_cast<std::int16_t>(year);
     return application;
+}
+
+std::vector<std::string> Fields_To_Vary(const Program_State& program, const Sweep_Order& order)
+{
+    return Sweep(program, order).Fields();
 }
 
 void Print_Sweep(const Program_State& program, const Sweep_Order& order,

@@ -38,6 +38,10 @@ Sweep_Factor Parse_Factor(std::string_view text);
 // File_Error if it is no date, or leaves the years of the simulation at their begin.
 Application Shifted(Application application, int days);
 
+// The fields of the documents of a run that a factor changes, as a factor names them: those with a number other than 0.
+// Throws File_Error for a document or location that is not there.
+std::vector<std::string> Fields_To_Vary(const Program_State& program, const Sweep_Order& order);
+
 // Passes the plan on as comma-separated values, UTF-8, piece by piece: its ids are 1, 2 and so on, the last factor
 // varies fastest. Throws File_Error for a field, document or location that is not there.
 void Print_Sweep(const Program_State& program, const Sweep_Order& order,

@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "core/write_from.h"
 #include "plans/plan_results.h"
+#include "plans/results_file.h"
 #include "plans/start_plan.h"
 #include "plans/sweep.h"
 #include "runs/start_up.h"
@@ -188,43 +189,19 @@ void Add_Status(CLI::App* plan, Command& command)
 }
 
 // Prints to a file, which is written whole, or to standard output if none is named.
-void Print_To(const std::string& file, const std::function<void(const std::function<void(std::string_view)>&)>& print)
+void Print_To(const std::string& file, const std::function<void(const Print_Text_To&)>& print)
 {
-    if (file.empty()) {
+    if (file.empty())
         print([](std::string_view text) { std::cout << text; });
-        return;
-    }
-    Write_Whole_From(file, [&](File_Handle& handle) {
-        std::string block;
-        const auto write = [&] {
-            if (const auto error = handle.Write(block))
-                throw File_Error("Cannot write " + file + ": " + error.message() + ".");
-            block.clear();
-        };
-        print([&](std::string_view text) {
-            constexpr std::size_t Block_Size = 1U << 16U;
-            block += text;
-            if (block.size() > Block_Size)
-                write();
-        });
-        write();
-    });
-}
-
-// Whether a table can be written to a file by its ending; the user has been told if not.
-bool Is_Csv(const std::string& file, std::string_view what)
-{
-    if (file.empty() || Lower(file).ends_with(".csv"))
-        return true;
-    Tell(Plan_Title, std::string(what) + " is written as .csv.");
-    return false;
+    else
+        Write_Whole_Printed(file, print);
 }
 
 int Do_Results(const std::string& directory, const std::string& file, bool with_seconds)
 {
-    if (!Is_Csv(file, "The table of results"))
-        return Refused;
-    Print_To(file, [&](const auto& print) { Print_Results(directory, with_seconds, print); });
+    if (!file.empty() && Is_Results_Book(file))
+        return Paint({"plan", directory, with_seconds ? "1" : "0", file});
+    Print_To(file, [&](const Print_Text_To& print) { Print_Results(directory, with_seconds, print); });
     return Done;
 }
 
@@ -234,7 +211,7 @@ void Add_Results(CLI::App* plan, Command& command)
     const auto directory = std::make_shared<std::string>(), file = std::make_shared<std::string>();
     const auto seconds = std::make_shared<bool>(false);
     results->add_option("DIR", *directory, "The directory of a plan")->required();
-    results->add_option("--to", *file, "Write them to a file (.csv)")->option_text("FILE");
+    results->add_option("--to", *file, "Write them to a file (.csv or .xlsx)")->option_text("FILE");
     results->add_flag("--seconds", *seconds, "Fill the column of the seconds that each run took");
     results->callback([=, &command] { command = [=](Session&) { return Do_Results(*directory, *file, *seconds); }; });
 }
@@ -246,8 +223,8 @@ struct Sweep_Arguments {
 
 int Do_Sweep(const Session& session, const Sweep_Arguments& arguments)
 try {
-    if (!Is_Csv(arguments.File, "A plan"))
-        return Refused;
+    if (!arguments.File.empty() && !Lower(arguments.File).ends_with(".csv"))
+        throw File_Error("A plan is written as .csv.");
     Sweep_Order order{.Mode = Mode_Named(arguments.Mode),
                       .Pesticide = Bytes_Of(arguments.Pesticide),
                       .Crop = Bytes_Of(arguments.Crop),
@@ -256,7 +233,7 @@ try {
         order.Shifts = Parse_Shifts(arguments.Shift);
     for (const auto& factor : arguments.Factors)
         order.Factors.push_back(Parse_Factor(Bytes_Of(factor)));
-    Print_To(arguments.File, [&](const auto& print) { Print_Sweep(session.Program, order, print); });
+    Print_To(arguments.File, [&](const Print_Text_To& print) { Print_Sweep(session.Program, order, print); });
     return Done;
 } catch (const File_Error& error) {
     Tell(Plan_Title, To_Code_Page(error.what()));
