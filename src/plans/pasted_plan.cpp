@@ -26,11 +26,9 @@ std::size_t Decimal_Comma_In(std::string_view cell)
         at = std::min(cell.find_first_not_of(Digits, at), cell.size());
         return at > begin;
     };
-    const bool before = skip_digits();
+    skip_digits();
     const auto comma = at;
-    if (at == cell.size() || cell[at++] != ',')
-        return std::string_view::npos;
-    if (!skip_digits() && !before)
+    if (at == cell.size() || cell[at++] != ',' || !skip_digits())
         return std::string_view::npos;
     if (at < cell.size() && (cell[at] == 'e' || cell[at] == 'E')) {
         at += at + 1 < cell.size() && (cell[at + 1] == '-' || cell[at + 1] == '+') ? 2 : 1;

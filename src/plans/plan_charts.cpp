@@ -165,10 +165,12 @@ Chart_Line Steps_Of(const Curve& curve, double length)
         values.push_back(figure.Value);
     std::ranges::sort(values);
     Chart_Line line{.Drawn_In = curve.Drawn_In, .Points = {{0, 100}}};
+    const auto share_of = [&](std::size_t above) {
+        return 100 * static_cast<double>(above) / static_cast<double>(values.size());
+    };
     for (std::size_t i = 0; i < values.size(); ++i) {
-        const auto count = static_cast<double>(values.size());
-        line.Points.push_back({values[i], 100 * (1 - static_cast<double>(i) / count)});
-        line.Points.push_back({values[i], 100 * (1 - static_cast<double>(i + 1) / count)});
+        line.Points.push_back({values[i], share_of(values.size() - i)});
+        line.Points.push_back({values[i], share_of(values.size() - i - 1)});
     }
     line.Points.push_back({length, 0});
     return line;
@@ -241,18 +243,22 @@ private:
         return varied;
     }
 
-    // Whether the row is of the same run: its documents and the user's labels.
+    // Whether the row is of the same run, but for what the sweep varies: labels tell nothing of that.
     bool Is_Like_Base(std::size_t row) const
     {
-        const auto& columns = View.Rows->Columns;
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            const bool is_fixed = columns[i].Kind != Plan_Column_Kind::Id &&
-                                  columns[i].Kind != Plan_Column_Kind::Pesticide_Field &&
-                                  columns[i].Kind != Plan_Column_Kind::Scenario_Field && !Is_Factor(columns[i]);
-            if (is_fixed && Cell(row, i) != Cell(Base->Row, i))
+        for (std::size_t i = 0; i < View.Rows->Columns.size(); ++i) {
+            if (Is_Fixed(View.Rows->Columns[i]) && Cell(row, i) != Cell(Base->Row, i))
                 return false;
         }
         return true;
+    }
+
+    bool Is_Fixed(const Plan_Column& column) const
+    {
+        const bool is_shifted = column.Name.starts_with("psm.Applications[") || column.Name.starts_with("psm.Relative[");
+        return column.Kind != Plan_Column_Kind::Id && column.Kind != Plan_Column_Kind::Label &&
+               !Column_Named(*View.Rows, std::string(Factor_Label) + column.Name) &&
+               !(is_shifted && Column_Named(*View.Rows, Shift_Label));
     }
 
     const Plan_View& View;

@@ -56,15 +56,25 @@ std::string Html_Text(const std::string& utf8)
 Plan_Grid Grid_Of(const Plan_View& view, std::optional<Verdict> state)
 {
     Plan_Grid grid;
-    for (const auto& column : view.Rows->Columns)
-        grid.Heads.push_back(column.Name);
-    grid.State_Column = grid.Heads.size();
-    grid.Heads.emplace_back("state");
-    grid.Substances = Substances_Of(view);
-    for (const auto& substance : grid.Substances) {
+    const auto add_cells = [&](auto is_wanted) {
+        for (std::size_t i = 0; i < view.Rows->Columns.size(); ++i) {
+            if (is_wanted(view.Rows->Columns[i].Kind))
+                grid.Columns.push_back({.Head = view.Rows->Columns[i].Name, .Place = i});
+        }
+    };
+    const auto tells_apart = [](Plan_Column_Kind kind) {
+        return kind == Plan_Column_Kind::Id || kind == Plan_Column_Kind::Label;
+    };
+    add_cells(tells_apart);
+    grid.Columns.push_back({.Head = "state", .Kind = Plan_Grid_Column::Holds::State});
+    for (const auto& substance : Substances_Of(view)) {
         const std::string unit = Common_Unit(view, substance);
-        grid.Heads.push_back(To_Utf8(substance + (unit.empty() ? "" : " [" + unit + "]")));
+        grid.Columns.push_back({.Head = To_Utf8(substance + (unit.empty() ? "" : " [" + unit + "]")),
+                                .Kind = Plan_Grid_Column::Holds::Figure,
+                                .Substance = substance,
+                                .Unit = unit});
     }
+    add_cells([&](Plan_Column_Kind kind) { return !tells_apart(kind); });
     for (std::size_t row = 0; row < view.Runs.size(); ++row) {
         if (!state || view.Verdict_Of(row) == *state)
             grid.Rows.push_back(row);
@@ -72,48 +82,49 @@ Plan_Grid Grid_Of(const Plan_View& view, std::optional<Verdict> state)
     return grid;
 }
 
-std::string Cell_Text(const Plan_View& view, const Plan_Grid& grid, std::size_t row, std::size_t column)
+std::string Cell_Text(const Plan_View& view, const Plan_Grid_Column& column, std::size_t row)
 {
-    if (column < grid.State_Column)
-        return view.Rows->Cells[row][column];
-    if (column == grid.State_Column)
+    if (column.Kind == Plan_Grid_Column::Holds::Cell)
+        return view.Rows->Cells[row][column.Place];
+    if (column.Kind == Plan_Grid_Column::Holds::State)
         return std::string(Verdict_Text(view.Verdict_Of(row)));
-    const auto* result = Result_Of(view, row, grid.Substances[column - grid.State_Column - 1]);
+    const auto* result = Result_Of(view, row, column.Substance);
     if (!result || !result->Found)
         return {};
-    const bool has_unit = grid.Heads[column].ends_with(']');
-    return General_Text(result->Found->Percentile) + (has_unit ? "" : " " + To_Utf8(result->Unit));
+    return General_Text(result->Found->Percentile) + (column.Unit.empty() ? " " + To_Utf8(result->Unit) : "");
 }
 
 std::string Grid_Lines(const Plan_View& view, const Plan_Grid& grid)
 {
-    std::string text;
-    for (std::size_t column = 0; column < grid.Heads.size(); ++column)
-        text += (column > 0 ? "\t" : "") + On_One_Line(grid.Heads[column]);
-    for (const auto row : grid.Rows) {
-        text += "\n";
-        for (std::size_t column = 0; column < grid.Heads.size(); ++column)
-            text += (column > 0 ? "\t" : "") + On_One_Line(Cell_Text(view, grid, row, column));
-    }
-    return text + "\n";
+    const auto line = [&](auto text_of) {
+        std::string text;
+        for (const auto& column : grid.Columns)
+            text += (text.empty() ? "" : "\t") + On_One_Line(text_of(column));
+        return text + "\n";
+    };
+    std::string text = line([](const Plan_Grid_Column& column) { return column.Head; });
+    for (const auto row : grid.Rows)
+        text += line([&](const Plan_Grid_Column& column) { return Cell_Text(view, column, row); });
+    return text;
 }
 
 std::string Grid_Page(const Plan_View& view, const Plan_Grid& grid)
 {
-    const auto line = [&](const char* tag, auto text_of) {
+    const auto line = [&](const std::string& tag, auto text_of) {
         std::string html = "<tr>";
-        for (std::size_t column = 0; column < grid.Heads.size(); ++column) {
-            const std::string right = grid.Is_Figure(column) ? " align=\"right\"" : "";
-            html += std::string("<") + tag + right + ">" + Html_Text(text_of(column)) + "</" + tag + ">";
+        for (const auto& column : grid.Columns) {
+            const std::string right = column.Kind == Plan_Grid_Column::Holds::Figure ? " align=\"right\"" : "";
+            html.append("<" + tag + right + ">").append(Html_Text(text_of(column))).append("</" + tag + ">");
         }
         return html + "</tr>\n";
     };
     std::string page = "<h3>" + Html_Text(view.Place.Plan.filename().string()) + "</h3>\n<p>" +
-                       Html_Text(Status_Text(view.Status)) + "</p>\n<table border=\"1\" cellspacing=\"0\" " +
-                       "cellpadding=\"3\">\n" + line("th", [&](std::size_t column) { return grid.Heads[column]; });
+                       Html_Text(Status_Text(view.Status)) +
+                       "</p>\n<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\">\n" +
+                       line("th", [](const Plan_Grid_Column& column) { return column.Head; });
     const std::size_t shown = std::min(grid.Rows.size(), Most_Rows_Printed);
     for (std::size_t i = 0; i < shown; ++i)
-        page += line("td", [&](std::size_t column) { return Cell_Text(view, grid, grid.Rows[i], column); });
+        page += line("td", [&](const Plan_Grid_Column& column) { return Cell_Text(view, column, grid.Rows[i]); });
     page += "</table>\n";
     if (shown < grid.Rows.size())
         page += "<p>" + std::to_string(grid.Rows.size() - shown) + " more rows are not printed.</p>\n";

@@ -80,14 +80,13 @@ Plan_Survey::~Plan_Survey()
     Thread.join();
 }
 
-void Plan_Survey::Follow(Plan_Place place)
+int Plan_Survey::Follow(Plan_Place place)
 {
-    {
-        const std::scoped_lock lock(Guard);
-        Wanted = std::move(place);
-    }
+    const std::scoped_lock lock(Guard);
+    Wanted = std::move(place);
     Is_New = true;
     Watch.Wake();
+    return ++Request;
 }
 
 void Plan_Survey::Look_Again()
@@ -116,7 +115,8 @@ void Plan_Survey::Begin()
     View = {};
     {
         const std::scoped_lock lock(Guard);
-        View.Place = Wanted.value_or(Plan_Place());
+        View.Place = Wanted;
+        View.Request = Request;
     }
     Since.reset();
     Has_Changed = true;
@@ -217,7 +217,10 @@ try {
                 Look_At_Block(first, std::min(first + Block, View.Runs.size()), at_everything);
         }
         if (Since || was_at_work)
-            View.Note = Since ? std::string() : Last_Line_Of_Journal(directory);
+            View.Note.clear();
+        const bool all_complete = std::ranges::all_of(View.Runs, Is_Complete);
+        if (was_at_work && !Since && !all_complete)
+            View.Note = Last_Line_Of_Journal(directory);
     } else {
         std::ranges::fill(View.Runs, nullptr);
         Since.reset();

@@ -36,6 +36,7 @@ struct Plan_Run {
 };
 
 struct Plan_View {
+    int Request = 0; // that it answers
     Plan_Place Place;
     std::shared_ptr<const Plan_Rows> Rows = std::make_shared<Plan_Rows>();
     std::vector<std::shared_ptr<const Plan_Run>> Runs; // by row; nullptr: not begun
@@ -66,7 +67,7 @@ public:
     Plan_Survey& operator=(const Plan_Survey&) = delete;
     ~Plan_Survey();
 
-    void Follow(Plan_Place place);
+    int Follow(Plan_Place place); // the number of the request
     void Look_Again(); // something was started or stopped
 
 private:
@@ -85,7 +86,8 @@ private:
     const std::filesystem::path App_Path;
     const Publish Publish_View;
     std::mutex Guard;
-    std::optional<Plan_Place> Wanted; // guarded
+    Plan_Place Wanted; // guarded, as is the number of its request
+    int Request = 0;
     std::atomic<bool> Ends = false, Is_New = false, Looks_Again = false;
 
     // Of the thread alone.

@@ -284,8 +284,8 @@ TEST_F(Orvelctl_Plan, Jobs_Parts_And_What_Is_Kept_Change_No_Byte_Of_The_Results)
     EXPECT_EQ(Results_Of("parts"), results);
     ASSERT_EQ(Do("plan results parts --to results.csv").Code, 0);
     EXPECT_EQ(Read_Whole(Place / "results.csv"), results);
-    EXPECT_EQ(Do("plan results parts --to results.xlsx").Standard_Error,
-              "Plan: The table of results is written as .csv.\n");
+    EXPECT_EQ(Do("plan results parts --to results.txt").Standard_Error,
+              "File check: The table of results is written as .csv or .xlsx.\n");
 }
 
 TEST_F(Orvelctl_Plan, Killed_Twenty_Times_It_Runs_Nothing_Twice_And_Gives_The_Same_Bytes)

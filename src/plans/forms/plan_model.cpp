@@ -30,7 +30,7 @@ QString Sign_Of(Verdict verdict)
 bool Plan_Model::Show(std::shared_ptr<const Plan_View> view, std::optional<Verdict> state)
 {
     auto grid = Grid_Of(*view, state);
-    const bool same = View && View->Rows == view->Rows && grid.Heads == Shown_Grid.Heads && grid.Rows == Shown_Grid.Rows;
+    const bool same = View && View->Rows == view->Rows && grid.Columns == Shown_Grid.Columns && grid.Rows == Shown_Grid.Rows;
     if (!same)
         beginResetModel();
     View = std::move(view);
@@ -38,7 +38,7 @@ bool Plan_Model::Show(std::shared_ptr<const Plan_View> view, std::optional<Verdi
     if (!same)
         endResetModel();
     else if (rowCount() > 0) // a view asks for what is visible alone
-        emit dataChanged(index(0, static_cast<int>(Shown_Grid.State_Column)), index(rowCount() - 1, columnCount() - 1));
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     return !same;
 }
 
@@ -55,7 +55,7 @@ int Plan_Model::rowCount(const QModelIndex& parent) const
 
 int Plan_Model::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(Shown_Grid.Heads.size());
+    return parent.isValid() ? 0 : static_cast<int>(Shown_Grid.Columns.size());
 }
 
 QVariant Plan_Model::data(const QModelIndex& index, int role) const
@@ -63,18 +63,18 @@ QVariant Plan_Model::data(const QModelIndex& index, int role) const
     const auto row = Row_At(index);
     if (!row || index.column() >= columnCount())
         return {};
-    const auto column = static_cast<std::size_t>(index.column());
+    const auto& column = Shown_Grid.Columns[static_cast<std::size_t>(index.column())];
+    const bool is_state = column.Kind == Plan_Grid_Column::Holds::State;
     const Verdict verdict = View->Verdict_Of(*row);
     if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole) {
-        const QString sign =
-            column == Shown_Grid.State_Column && role == Qt::DisplayRole ? Sign_Of(verdict) : QString();
-        return sign + QString::fromStdString(Cell_Text(*View, Shown_Grid, *row, column));
+        const QString sign = is_state && role == Qt::DisplayRole ? Sign_Of(verdict) : QString();
+        return sign + QString::fromStdString(Cell_Text(*View, column, *row));
     }
     if (role == Qt::TextAlignmentRole)
-        return QVariant((Shown_Grid.Is_Figure(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    if (role == Qt::ToolTipRole && column == Shown_Grid.State_Column)
+        return QVariant((column.Kind == Plan_Grid_Column::Holds::Figure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    if (role == Qt::ToolTipRole && is_state)
         return QString::fromStdString(Reason_Of_Row(*View, *row));
-    if (role == Qt::FontRole && column == Shown_Grid.State_Column && verdict != Verdict::Complete) {
+    if (role == Qt::FontRole && is_state && verdict != Verdict::Complete) {
         QFont italic;
         italic.setItalic(true);
         return italic;
@@ -91,7 +91,7 @@ QVariant Plan_Model::headerData(int section, Qt::Orientation orientation, int ro
         return {};
     if (orientation == Qt::Vertical)
         return QString::number(Shown_Grid.Rows[place] + 1);
-    return QString::fromStdString(Shown_Grid.Heads[place]);
+    return QString::fromStdString(Shown_Grid.Columns[place].Head);
 }
 
 } // namespace orvel

@@ -119,6 +119,7 @@ QWidget* Plans_Window::Table_And_Picture()
     Table->setWordWrap(false);
     Table->setTabKeyNavigation(false);
     Table->horizontalHeader()->setResizeContentsPrecision(100);
+    Table->verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() * 3 / 2);
     Table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 
     Picture = new Picture_Panel("Picture", Ask);
@@ -152,7 +153,7 @@ QLayout* Plans_Window::Picture_Choices()
         connect(list, &QComboBox::activated, this, &Plans_Window::Show_Picture);
 
     auto* row = new QHBoxLayout;
-    row->addWidget(Label("Sho&w:", States));
+    row->addWidget(Label("S&how:", States));
     row->addWidget(States);
     row->addStretch(1);
     row->addWidget(Label("Pict&ure:", Kind));

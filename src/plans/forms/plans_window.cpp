@@ -82,13 +82,13 @@ void Plans_Window::Show_Place()
     Picture->Name_Picture(Path_Text(Place.Plan.stem()));
     Latest.reset();
     Enable();
-    Survey->Follow(Place);
+    Request = Survey->Follow(Place);
 }
 
 // What is told of another plan than the one that is open comes too late.
 void Plans_Window::Take(std::shared_ptr<const Plan_View> view)
 {
-    if (view->Place != Place)
+    if (view->Request != Request)
         return;
     const bool is_first = !Latest;
     Latest = std::move(view);

@@ -73,6 +73,7 @@ private:
     Program_State Program;
     Ask_Function Ask;
     Plan_Place Place;
+    int Request = 0; // that the survey is to answer
     Plan_Model Table_Model;
     std::shared_ptr<const Plan_View> Latest;
 

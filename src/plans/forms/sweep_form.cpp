@@ -75,7 +75,10 @@ void Sweep_Form::Lay_Out()
     rows->addRow("C&rop:", Crop_List);
     rows->addRow("&Location:", Location);
     rows->addRow("&Shift of the applications:", Shift);
-    rows->addRow("&Field and factors:", Field_And_Factors());
+    auto* field_and_factors = Field_And_Factors();
+    auto* label = new QLabel("&Field and factors:");
+    label->setBuddy(Field);
+    rows->addRow(label, field_and_factors);
     rows->addRow("&Varied:", Varied);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
@@ -94,6 +97,7 @@ QLayout* Sweep_Form::Field_And_Factors()
     Factors = Named(new Byte_Edit, "Factors");
     Factors->setText("0.5,1,2");
     Factors->setAccessibleName("Factors");
+    Factors->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
     auto* row = new QHBoxLayout;
     row->addWidget(Field, 2);
     row->addWidget(Factors, 1);
