@@ -22,6 +22,7 @@ constexpr std::array Curve_Colours = {Colour::Series, Colour::Term_3, Colour::Te
                                       Colour::Term_4, Colour::Term_2, Colour::Term_7};
 static_assert(Curve_Colours.size() == Most_Curves);
 constexpr double Bar_Half_Width = 0.28, Least_Places = 4;
+constexpr std::size_t Most_Steps = 2000;
 constexpr double Longest_Shift = 100000; // days, whatever a label of a user says
 constexpr std::string_view Times = "\xD7 ";
 
@@ -42,7 +43,7 @@ Figures Figures_Of(const Plan_View& view, const std::string& substance)
     Figures figures;
     for (std::size_t row = 0; row < view.Runs.size(); ++row) {
         bool found = false;
-        for (const auto& result : view.Runs[row] ? view.Runs[row]->Rows : std::vector<Result_Row>()) {
+        for (const auto& result : view.Results_Of(row)) {
             if (result.Substance != substance || !result.Found)
                 continue;
             found = true;
@@ -157,7 +158,8 @@ std::vector<Curve> Curves_Of(const Plan_View& view, const Figures& figures, cons
     return curves;
 }
 
-// A step down at each figure: what is above it is less by its share.
+// A step down at each figure: what is above it is less by its share. Of very many, steps that no picture could show are
+// taken together.
 Chart_Line Steps_Of(const Curve& curve, double length)
 {
     std::vector<double> values;
@@ -168,9 +170,11 @@ Chart_Line Steps_Of(const Curve& curve, double length)
     const auto share_of = [&](std::size_t above) {
         return 100 * static_cast<double>(above) / static_cast<double>(values.size());
     };
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        line.Points.push_back({values[i], share_of(values.size() - i)});
-        line.Points.push_back({values[i], share_of(values.size() - i - 1)});
+    const std::size_t together = values.size() / Most_Steps + 1;
+    for (std::size_t i = 0; i < values.size(); i += together) {
+        const std::size_t last = std::min(i + together, values.size()) - 1;
+        line.Points.push_back({values[last], share_of(values.size() - i)});
+        line.Points.push_back({values[last], share_of(values.size() - last - 1)});
     }
     line.Points.push_back({length, 0});
     return line;
@@ -360,18 +364,6 @@ double Median(std::vector<double> values)
     std::ranges::sort(values);
     const std::size_t middle = values.size() / 2;
     return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
-}
-
-std::vector<std::string> Substances_Of(const Plan_View& view)
-{
-    std::vector<std::string> substances;
-    for (const auto& run : view.Runs) {
-        for (const auto& row : run ? run->Rows : std::vector<Result_Row>()) {
-            if (std::ranges::find(substances, row.Substance) == substances.end())
-                substances.push_back(row.Substance);
-        }
-    }
-    return substances;
 }
 
 std::vector<std::string> Labels_Of(const Plan_Rows& rows)

@@ -16,9 +16,7 @@ struct Plan_Chart_Choice {
     std::string Substance, Label;
 };
 
-// The substances that have figures, in their order of appearance; the labels of the plan that do not name what a sweep
-// varies; and all of them.
-std::vector<std::string> Substances_Of(const Plan_View& view);
+// The labels of a plan.
 std::vector<std::string> Labels_Of(const Plan_Rows& rows);
 
 constexpr std::size_t Most_Curves = 6; // values of a label; what has others is drawn in no curve, and the picture says so

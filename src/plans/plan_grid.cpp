@@ -5,7 +5,6 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "output/run_record.h"
-#include "plans/plan_charts.h"
 #include "plans/plan_directory.h"
 
 #include <algorithm>
@@ -16,24 +15,9 @@ namespace {
 
 const Result_Row* Result_Of(const Plan_View& view, std::size_t row, const std::string& substance)
 {
-    if (!view.Runs[row])
-        return nullptr;
-    const auto& rows = view.Runs[row]->Rows;
-    const auto found = std::ranges::find(rows, substance, &Result_Row::Substance);
-    return found == rows.end() ? nullptr : &*found;
-}
-
-// The unit of the figures of a substance, if all have the same.
-std::string Common_Unit(const Plan_View& view, const std::string& substance)
-{
-    std::string unit;
-    for (std::size_t row = 0; row < view.Runs.size(); ++row) {
-        const auto* result = Result_Of(view, row, substance);
-        if (result && !unit.empty() && unit != result->Unit)
-            return {};
-        unit = result ? result->Unit : unit;
-    }
-    return unit;
+    const auto results = view.Results_Of(row);
+    const auto found = std::ranges::find(results, substance, &Result_Row::Substance);
+    return found == results.end() ? nullptr : &*found;
 }
 
 // A cell of a table of lines must not break it.
@@ -67,8 +51,7 @@ Plan_Grid Grid_Of(const Plan_View& view, std::optional<Verdict> state)
     };
     add_cells(tells_apart);
     grid.Columns.push_back({.Head = "state", .Kind = Plan_Grid_Column::Holds::State});
-    for (const auto& substance : Substances_Of(view)) {
-        const std::string unit = Common_Unit(view, substance);
+    for (const auto& [substance, unit] : view.Substances) {
         grid.Columns.push_back({.Head = To_Utf8(substance + (unit.empty() ? "" : " [" + unit + "]")),
                                 .Kind = Plan_Grid_Column::Holds::Figure,
                                 .Substance = substance,

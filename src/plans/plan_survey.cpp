@@ -67,6 +67,21 @@ std::optional<std::size_t> Place_Of(const std::vector<Plan_Column>& columns, std
 
 } // namespace
 
+std::vector<Plan_Substance> Substances_Of(const Plan_View& view)
+{
+    std::vector<Plan_Substance> substances;
+    for (std::size_t row = 0; row < view.Runs.size(); ++row) {
+        for (const auto& result : view.Results_Of(row)) {
+            const auto known = std::ranges::find(substances, result.Substance, &Plan_Substance::Name);
+            if (known == substances.end())
+                substances.push_back({result.Substance, result.Unit});
+            else if (known->Unit != result.Unit)
+                known->Unit.clear();
+        }
+    }
+    return substances;
+}
+
 Plan_Survey::Plan_Survey(fs::path app_path, Publish publish)
     : App_Path(std::move(app_path)),
       Publish_View(std::move(publish)),
@@ -264,6 +279,7 @@ void Plan_Survey::Count()
     }
     if (Since)
         Estimate(View.Status, *Since, ended);
+    View.Substances = Substances_Of(View);
 }
 
 void Plan_Survey::Tell(bool settled)

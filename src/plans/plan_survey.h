@@ -12,6 +12,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <string>
 #include <thread>
 #include <vector>
@@ -35,11 +36,18 @@ struct Plan_Run {
     std::filesystem::file_time_type Ended;
 };
 
+// A substance that has figures.
+struct Plan_Substance {
+    std::string Name, Unit; // bytes of Windows-1252; no unit: not all figures have the same
+    bool operator==(const Plan_Substance&) const = default;
+};
+
 struct Plan_View {
     int Request = 0; // that it answers
     Plan_Place Place;
     std::shared_ptr<const Plan_Rows> Rows = std::make_shared<Plan_Rows>();
     std::vector<std::shared_ptr<const Plan_Run>> Runs; // by row; nullptr: not begun
+    std::vector<Plan_Substance> Substances; // in the order of their appearance
     Plan_Status Status;
     std::string Failure;   // why the plan cannot be read, a sentence in UTF-8
     std::string Note;      // what else is to be told
@@ -50,7 +58,14 @@ struct Plan_View {
     {
         return Runs[row] ? Runs[row]->Verdict : orvel::Verdict::Scheduled;
     }
+    std::span<const Result_Row> Results_Of(std::size_t row) const
+    {
+        return Runs[row] ? std::span<const Result_Row>(Runs[row]->Rows) : std::span<const Result_Row>();
+    }
 };
+
+// The substances by the runs.
+std::vector<Plan_Substance> Substances_Of(const Plan_View& view);
 
 // More rows are not shown.
 constexpr std::size_t Most_Rows_Shown = 200000;

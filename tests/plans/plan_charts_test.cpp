@@ -37,6 +37,7 @@ Plan_View View_Of(const std::vector<std::string>& labels, const std::vector<std:
         view.Runs.push_back(figures[i] < 0 ? nullptr : Complete(figures[i]));
     }
     view.Rows = rows;
+    view.Substances = Substances_Of(view);
     return view;
 }
 
@@ -169,6 +170,16 @@ TEST(Plan_Charts_Test, The_Median_Of_An_Even_Number_Is_The_Mean_Of_The_Middle)
     EXPECT_EQ(Median({3, 1, 2}), 2);
     EXPECT_EQ(Median({4, 1, 2, 3}), 2.5);
     EXPECT_EQ(Median({}), 0);
+}
+
+TEST(Plan_Grid_Test, A_Substance_Of_Several_Units_Has_Them_In_Its_Cells)
+{
+    auto view = View_Of({}, {{}, {}}, {1, 2});
+    view.Runs[1] = Complete(0.5, "mg/kg");
+    view.Substances = Substances_Of(view);
+
+    EXPECT_EQ(Grid_Lines(view, Grid_Of(view, std::nullopt)),
+              "id\tstate\tA\n1\tcomplete\t1 \xC2\xB5g/L\n2\tcomplete\t0.5 mg/kg\n");
 }
 
 TEST(Plan_Grid_Test, The_Grid_Has_A_Column_A_Substance_And_The_State_Of_Each_Run)

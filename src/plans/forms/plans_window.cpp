@@ -48,6 +48,7 @@ Plans_Window::Plans_Window(const Session& session, QWidget* parent)
     setWindowFlags(windowFlags() | Qt::Window | Qt::WindowMinMaxButtonsHint);
     Lay_Out();
     Enable();
+    resize(sizeHint());
     // The survey tells in its own thread; what it tells is shown in this one, in its order.
     Survey = std::make_unique<Plan_Survey>(Program.App_Path, [this](std::shared_ptr<const Plan_View> view) {
         QMetaObject::invokeMethod(
@@ -136,8 +137,8 @@ void Plans_Window::Show_Status()
 void Plans_Window::Fill_Choices()
 {
     QStringList substances, labels = {No_Label};
-    for (const auto& substance : Substances_Of(*Latest))
-        substances << Shown(substance);
+    for (const auto& substance : Latest->Substances)
+        substances << Shown(substance.Name);
     for (const auto& label : Labels_Of(*Latest->Rows))
         labels << Shown(label);
     Fill(*Substances, substances);

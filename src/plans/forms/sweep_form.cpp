@@ -140,7 +140,7 @@ void Sweep_Form::Fill_Locations()
 // Of documents that cannot be read there are none; making the plan tells why.
 void Sweep_Form::Fill_Fields()
 {
-    const QString chosen = Field->currentText();
+    const QString chosen = Field->count() > 0 ? Field->currentText() : "psm.Koc[1]";
     Field->clear();
     try {
         for (const auto& field : Fields_To_Vary(Program, Run()))

@@ -403,8 +403,6 @@ TEST_F(Plans_Window_Test, A_Long_Plan_Does_Not_Hold_The_Window_Up)
     QTest::qWait(500);
 
     EXPECT_LT(longest, Longest);
-    RecordProperty("Longest_Pause_ms", static_cast<int>(longest));
-    std::cout << "longest pause: " << longest << " ms\n";
 }
 
 } // namespace orvel
