@@ -81,10 +81,11 @@ Plan_Result Result_Of_Run(const fs::path& run_directory, const Run_Record& recor
     if (record.Start != 0 && record.End != 0)
         result.Seconds = record.End - record.Start;
     if (record.Verdict == Verdict::Complete) {
-        if (kind == Result_Kind::Soil)
-            result.Rows = Soil_Rows_Of(run_directory, record.Years_Found);
-        if (result.Rows.empty())
-            result.Rows = Leachate_Rows_Of(run_directory, record.Years_Found);
+        result.Rows = Leachate_Rows_Of(run_directory, record.Years_Found); // its tables are kept in every mode
+        if (kind == Result_Kind::Soil) {
+            if (auto soil = Soil_Rows_Of(run_directory, record.Years_Found); !soil.empty())
+                result.Rows = std::move(soil);
+        }
     }
     if (result.Rows.empty())
         result.Rows.push_back({.Substance = "", .Unit = "", .Found = std::nullopt, .Years = record.Years_Found});
