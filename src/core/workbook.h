@@ -49,7 +49,7 @@ public:
     Row_Book& operator=(const Row_Book&) = delete;
     ~Row_Book();
 
-    void Add(const std::vector<Sheet_Cell>& row);   // throws File_Error for more rows than a sheet can have
+    void Add(const std::vector<Sheet_Cell>& row);  // throws File_Error for more rows than a sheet can have
     void Write(const std::filesystem::path& file); // the whole file; the last call
 
 private:

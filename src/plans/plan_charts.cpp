@@ -158,25 +158,67 @@ std::vector<Curve> Curves_Of(const Plan_View& view, const Figures& figures, cons
     return curves;
 }
 
+// The axis of concentrations: logarithmic where they spread over more than two decades.
+class Conc_Axis {
+public:
+    explicit Conc_Axis(const std::vector<Figure>& figures)
+    {
+        constexpr double Least_Spread = 100, Widest = 1e6;
+        const double highest = std::max(0.0, std::ranges::max(figures, {}, &Figure::Value).Value);
+        double lowest = highest;
+        for (const auto& figure : figures)
+            lowest = figure.Value > 0 ? std::min(lowest, figure.Value) : lowest;
+        if (highest <= Least_Spread * lowest) {
+            Axis = Position_Axis(highest > 0 ? Round_Up_Axis(highest) : 1);
+            return;
+        }
+        First_Decade = std::floor(std::log10(std::max(lowest, highest / Widest)));
+        const double last = std::ceil(std::log10(highest));
+        Axis.High = last - *First_Decade;
+        for (double decade = *First_Decade; decade <= last; ++decade) {
+            const double value = std::pow(10, decade);
+            Axis.Ticks.push_back({decade - *First_Decade, Tick_Rank::Big, General_Text(value)});
+            for (int i = 2; i < 10 && decade < last; ++i)
+                Axis.Ticks.push_back({At(i * value), Tick_Rank::Small, ""});
+        }
+    }
+
+    // What is below the axis, such as 0, stands at its begin.
+    double At(double value) const
+    {
+        if (!First_Decade)
+            return value;
+        return value > 0 ? std::max(0.0, std::log10(value) - *First_Decade) : 0;
+    }
+
+    Chart_Axis Axis;
+
+private:
+    std::optional<double> First_Decade; // of a logarithmic one
+};
+
 // A step down at each figure: what is above it is less by its share. Of very many, steps that no picture could show are
 // taken together.
-Chart_Line Steps_Of(const Curve& curve, double length)
+Chart_Line Steps_Of(const Curve& curve, const Conc_Axis& axis, const Figures& figures)
 {
     std::vector<double> values;
     for (const auto& figure : curve.Figures)
         values.push_back(figure.Value);
     std::ranges::sort(values);
-    Chart_Line line{.Drawn_In = curve.Drawn_In, .Points = {{0, 100}}};
-    const auto share_of = [&](std::size_t above) {
-        return 100 * static_cast<double>(above) / static_cast<double>(values.size());
+    Chart_Line line{.Drawn_In = curve.Drawn_In};
+    const auto add = [&](double at, std::size_t above, const std::string& name) {
+        line.Points.push_back({at, 100 * static_cast<double>(above) / static_cast<double>(values.size())});
+        line.Names.push_back(name);
     };
+    add(0, values.size(), "all runs");
     const std::size_t together = values.size() / Most_Steps + 1;
     for (std::size_t i = 0; i < values.size(); i += together) {
         const std::size_t last = std::min(i + together, values.size()) - 1;
-        line.Points.push_back({values[last], share_of(values.size() - i)});
-        line.Points.push_back({values[last], share_of(values.size() - last - 1)});
+        const std::string name = "above " + Text_Of(values[last], figures);
+        add(axis.At(values[last]), values.size() - i, name);
+        add(axis.At(values[last]), values.size() - last - 1, name);
     }
-    line.Points.push_back({length, 0});
+    add(axis.Axis.High, 0, "no run");
     return line;
 }
 
@@ -259,7 +301,8 @@ private:
 
     bool Is_Fixed(const Plan_Column& column) const
     {
-        const bool is_shifted = column.Name.starts_with("psm.Applications[") || column.Name.starts_with("psm.Relative[");
+        const bool is_shifted =
+            column.Name.starts_with("psm.Applications[") || column.Name.starts_with("psm.Relative[");
         return column.Kind != Plan_Column_Kind::Id && column.Kind != Plan_Column_Kind::Label &&
                !Column_Named(*View.Rows, std::string(Factor_Label) + column.Name) &&
                !(is_shifted && Column_Named(*View.Rows, Shift_Label));
@@ -286,10 +329,9 @@ void Add_Effect(Chart& chart, const Plan_Column& column, double at, std::pair<do
 {
     const std::string text = Text_Of_Factor(column, change.first);
     const auto drawn_in = change.first < Base_Of(column) ? Colour::Series : Colour::Term_3;
-    chart.Boxes.push_back({drawn_in, at - Bar_Half_Width, at + Bar_Half_Width, change.second,
-                           Name_Of_Factor(column) + " " + text + ", " + Text_Of(base + change.second, figures) +
-                               ", change",
-                           text});
+    chart.Boxes.push_back(
+        {drawn_in, at - Bar_Half_Width, at + Bar_Half_Width, change.second,
+         Name_Of_Factor(column) + " " + text + ", " + Text_Of(base + change.second, figures) + ", change", text});
 }
 
 // "28.09.", or empty where the plan has no dates.
@@ -312,13 +354,14 @@ std::string Day_Text(const Plan_Rows& rows, const Days::value_type& day)
     return date.empty() ? days : date + " (" + days + ")";
 }
 
-// With other things varied, the days are those of the runs where they are not.
-Days By_Shift(const Plan_View& view, const std::vector<Figure>& figures, std::size_t shift)
+// With other things varied than what the curves are of, the days are those of the runs where they are not.
+Days By_Shift(const Plan_View& view, const std::vector<Figure>& figures, std::size_t shift, const std::string& label)
 {
     const auto& columns = view.Rows->Columns;
     const auto is_varied = [&](const Figure& figure) {
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (i != shift && Is_Factor(columns[i]) && Val(view.Rows->Cells[figure.Row][i]) != Base_Of(columns[i]))
+            if (i != shift && columns[i].Name != label && Is_Factor(columns[i]) &&
+                Val(view.Rows->Cells[figure.Row][i]) != Base_Of(columns[i]))
                 return true;
         }
         return false;
@@ -382,8 +425,8 @@ Chart Distribution_Chart(const Plan_View& view, const Plan_Chart_Choice& choice)
     Chart chart = Begun(figures, choice.Substance + ": share of the runs above a concentration");
     if (figures.All.empty())
         return Without_Figures(std::move(chart), "No run has a result yet.");
-    const double highest = std::ranges::max(figures.All, {}, &Figure::Value).Value;
-    chart.X = Position_Axis(highest > 0 ? Round_Up_Axis(highest) : 1);
+    const Conc_Axis axis(figures.All);
+    chart.X = axis.Axis;
     chart.X.Title = Quantity_Of(figures) + " [" + figures.Unit + "]";
     chart.X.Title.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(chart.X.Title.front())));
     chart.Y = Value_Axis(0, 100);
@@ -394,9 +437,10 @@ Chart Distribution_Chart(const Plan_View& view, const Plan_Chart_Choice& choice)
                                std::to_string(figures.All.size()) + " runs are above 0.1 " + figures.Unit);
     Tell_Left_Out(chart, figures);
     for (const auto& curve : Curves_Of(view, figures, choice.Label, chart))
-        chart.Lines.push_back(Steps_Of(curve, chart.X.High));
-    if (Is_Of_Leachate(figures) && Drinking_Water_Limit <= chart.X.High) {
-        chart.Lines.push_back({Colour::Marked, {{Drinking_Water_Limit, 0}, {Drinking_Water_Limit, 100}}, {}, {}});
+        chart.Lines.push_back(Steps_Of(curve, axis, figures));
+    const double limit = axis.At(Drinking_Water_Limit);
+    if (Is_Of_Leachate(figures) && limit <= chart.X.High) {
+        chart.Lines.push_back({Colour::Marked, {{limit, 0}, {limit, 100}}, {}, {}});
         chart.Key.push_back({Colour::Marked, "limit: 0.1 " + figures.Unit});
     }
     chart.Frame = Frame_Around(chart.X, chart.Y);
@@ -406,16 +450,18 @@ Chart Distribution_Chart(const Plan_View& view, const Plan_Chart_Choice& choice)
 Chart Effects_Chart(const Plan_View& view, const Plan_Chart_Choice& choice)
 {
     const auto figures = Figures_Of(view, choice.Substance);
-    Chart chart = Begun(figures, choice.Substance + ": change of the " + Quantity_Of(figures) + " [" + figures.Unit + "]");
+    Chart chart =
+        Begun(figures, choice.Substance + ": change of the " + Quantity_Of(figures) + " [" + figures.Unit + "]");
     const Varied_One_By_One varied(view, figures);
     if (!varied.Has_Factors())
-        return Without_Figures(std::move(chart), "The plan is no sweep: it has no label #shift and none that begins with "
-                                                 "#factor.");
-    if (figures.All.empty() || !varied.Base)
         return Without_Figures(std::move(chart),
-                               figures.All.empty() ? "No run has a result yet."
-                                                   : "The run in which nothing is varied (factor 1, shift 0) has no "
-                                                     "result.");
+                               "The plan is no sweep: it has no label #shift and none that begins with "
+                               "#factor.");
+    if (figures.All.empty() || !varied.Base)
+        return Without_Figures(std::move(chart), figures.All.empty()
+                                                     ? "No run has a result yet."
+                                                     : "The run in which nothing is varied (factor 1, shift 0) has no "
+                                                       "result.");
     const auto effects = varied.Effects(figures);
     if (effects.empty())
         return Without_Figures(std::move(chart), "No run in which one thing alone is varied has a result.");
@@ -458,7 +504,7 @@ Chart By_Date_Chart(const Plan_View& view, const Plan_Chart_Choice& choice)
     Days all_days;
     std::vector<Days> of_curves;
     for (const auto& curve : curves) {
-        of_curves.push_back(By_Shift(view, curve.Figures, *shift));
+        of_curves.push_back(By_Shift(view, curve.Figures, *shift, To_Utf8(choice.Label)));
         all_days.insert(of_curves.back().begin(), of_curves.back().end());
     }
     chart.X = Axis_Of_Days(*view.Rows, all_days);
@@ -473,8 +519,8 @@ Chart By_Date_Chart(const Plan_View& view, const Plan_Chart_Choice& choice)
             chart.Dots.push_back({line.Drawn_In, line.Points.back().X, day.second.Value, line.Names.back(), false});
             values.push_back(day.second.Value);
         }
-        const auto worst = std::ranges::max_element(
-            days, {}, [](const Days::value_type& day) { return day.second.Value; });
+        const auto worst =
+            std::ranges::max_element(days, {}, [](const Days::value_type& day) { return day.second.Value; });
         const double most = worst->second.Value, median = Median(values);
         highest = std::max(highest, most);
         chart.Legend.push_back((curves[i].Name.empty() ? "" : curves[i].Name + ": ") + std::string("maximum ") +

@@ -19,7 +19,8 @@ struct Plan_Chart_Choice {
 // The labels of a plan.
 std::vector<std::string> Labels_Of(const Plan_Rows& rows);
 
-constexpr std::size_t Most_Curves = 6; // values of a label; what has others is drawn in no curve, and the picture says so
+constexpr std::size_t Most_Curves =
+    6; // values of a label; what has others is drawn in no curve, and the picture says so
 
 // The share of the runs whose figure is above a concentration, a curve for each value of the label.
 Chart Distribution_Chart(const Plan_View& view, const Plan_Chart_Choice& choice);

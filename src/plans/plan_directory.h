@@ -57,8 +57,8 @@ struct Held_Plan {
 
 // Checks a plan and sets up its directory, or finds it set up with the same plan, and takes the part. Throws
 // Plan_Faults for wrong rows, nothing being left then; File_Error if the directory holds another plan or anything else,
-// and if this part, or parts of another number, are at work there. `progress` is called as the rows are checked, and may
-// stop that with Reading_Stopped.
+// and if this part, or parts of another number, are at work there. `progress` is called as the rows are checked, and
+// may stop that with Reading_Stopped.
 Held_Plan Hold_Plan(const Program_State& program, const std::filesystem::path& plan,
                     const std::filesystem::path& directory, const Plan_Part& part, const Progress& progress = {});
 

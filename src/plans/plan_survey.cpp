@@ -180,8 +180,7 @@ void Plan_Survey::Read_Rows()
 void Plan_Survey::Find_Dates()
 try {
     const auto& columns = View.Rows->Columns;
-    const auto pesticide = Place_Of(columns, "pesticide"),
-               location = Place_Of(columns, "location");
+    const auto pesticide = Place_Of(columns, "pesticide"), location = Place_Of(columns, "location");
     if (View.Rows->Cells.empty() || !pesticide || !location)
         return;
     const auto& row = View.Rows->Cells.front();

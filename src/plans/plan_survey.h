@@ -47,7 +47,7 @@ struct Plan_View {
     Plan_Place Place;
     std::shared_ptr<const Plan_Rows> Rows = std::make_shared<Plan_Rows>();
     std::vector<std::shared_ptr<const Plan_Run>> Runs; // by row; nullptr: not begun
-    std::vector<Plan_Substance> Substances; // in the order of their appearance
+    std::vector<Plan_Substance> Substances;            // in the order of their appearance
     Plan_Status Status;
     std::string Failure;   // why the plan cannot be read, a sentence in UTF-8
     std::string Note;      // what else is to be told
@@ -83,7 +83,7 @@ public:
     ~Plan_Survey();
 
     int Follow(Plan_Place place); // the number of the request
-    void Look_Again(); // something was started or stopped
+    void Look_Again();            // something was started or stopped
 
 private:
     void Work();

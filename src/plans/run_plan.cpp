@@ -185,9 +185,8 @@ private:
 
     void Note_Kind(const Plan_Row& row)
     {
-        const Mode* mode = Plan.Columns().Kind == Plan_Kind::Modes
-                               ? Mode_Named(Plan.Cell(row, Plan_Column_Kind::Mode))
-                               : nullptr;
+        const Mode* mode =
+            Plan.Columns().Kind == Plan_Kind::Modes ? Mode_Named(Plan.Cell(row, Plan_Column_Kind::Mode)) : nullptr;
         if (mode != nullptr && mode->Kind != Mode_Kind::Focus)
             Soil_Runs.insert(row.Number);
     }

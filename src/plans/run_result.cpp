@@ -48,10 +48,11 @@ std::vector<Result_Row> Soil_Rows_Of(const fs::path& run_directory, int years)
     if (!soil.Failure.empty() || !soil.Gap.empty())
         return rows;
     for (std::size_t s = 0; s < soil.Maximum.size(); ++s)
-        rows.push_back({.Substance = s < soil.Substance_Name.size() ? soil.Substance_Name[s] : std::string(),
-                        .Unit = std::string(Soil_Unit(soil.Pore_Water)),
-                        .Found = Result_Row::Figures{.Percentile = Val(Figure_Text(soil.Maximum[s][Soil_Maximum].Value))},
-                        .Years = years});
+        rows.push_back(
+            {.Substance = s < soil.Substance_Name.size() ? soil.Substance_Name[s] : std::string(),
+             .Unit = std::string(Soil_Unit(soil.Pore_Water)),
+             .Found = Result_Row::Figures{.Percentile = Val(Figure_Text(soil.Maximum[s][Soil_Maximum].Value))},
+             .Years = years});
     return rows;
 }
 

@@ -6,7 +6,8 @@ namespace orvel {
 
 TEST(Pasted_Plan_Test, Numbers_With_A_Decimal_Comma_Get_A_Point_And_Nothing_Else_Is_Changed)
 {
-    const std::string text = "id\tpsm.Koc[1]\t#note\r\na\t0,5\tone, two\r\nb\t-1,25E-3\t3,4,5\r\n\"c\"\t\",5\"\t1,x\r\n";
+    const std::string text =
+        "id\tpsm.Koc[1]\t#note\r\na\t0,5\tone, two\r\nb\t-1,25E-3\t3,4,5\r\n\"c\"\t\",5\"\t1,x\r\n";
 
     EXPECT_TRUE(Has_Decimal_Commas(text));
     EXPECT_EQ(With_Decimal_Points(text),

@@ -51,8 +51,18 @@ TEST(Plan_Charts_Test, The_Distribution_Falls_By_A_Runs_Share_At_Its_Figure)
 
     const auto one = Distribution_Chart(view, {"A", ""});
     ASSERT_EQ(one.Lines.size(), 2U); // and the limit
-    EXPECT_EQ(one.Lines[0].Points, (Points{{0, 100}, {0.05, 100}, {0.05, 80}, {1, 80}, {1, 60}, {2, 60},
-                                           {2, 40}, {3, 40}, {3, 20}, {4, 20}, {4, 0}, {4, 0}}));
+    EXPECT_EQ(one.Lines[0].Points, (Points{{0, 100},
+                                           {0.05, 100},
+                                           {0.05, 80},
+                                           {1, 80},
+                                           {1, 60},
+                                           {2, 60},
+                                           {2, 40},
+                                           {3, 40},
+                                           {3, 20},
+                                           {4, 20},
+                                           {4, 0},
+                                           {4, 0}}));
     EXPECT_EQ(one.Legend, (std::vector<std::string>{"80.0 % of 5 runs are above 0.1 \xB5g/L", "1 run has no result"}));
 
     const auto two = Distribution_Chart(view, {"A", "#soil"});
@@ -64,9 +74,28 @@ TEST(Plan_Charts_Test, The_Distribution_Falls_By_A_Runs_Share_At_Its_Figure)
     EXPECT_NE(two.Lines[0].Drawn_In, two.Lines[1].Drawn_In);
 }
 
+TEST(Plan_Charts_Test, Concentrations_Of_Many_Decades_Stand_On_A_Logarithmic_Axis)
+{
+    const auto view = View_Of({}, {{}, {}, {}, {}}, {100, 0, 0.01, 1});
+
+    const auto chart = Distribution_Chart(view, {"A", ""});
+
+    std::vector<std::string> decades;
+    for (const auto& tick : chart.X.Ticks) {
+        if (tick.Rank == Tick_Rank::Big)
+            decades.push_back(tick.Label);
+    }
+    EXPECT_EQ(decades, (std::vector<std::string>{"0.01", "0.1", "1", "10", "100"}));
+    EXPECT_EQ(chart.Lines[0].Points,
+              (Points{{0, 100}, {0, 100}, {0, 75}, {0, 75}, {0, 50}, {2, 50}, {2, 25}, {4, 25}, {4, 0}, {4, 0}}));
+    EXPECT_EQ(chart.Lines[0].Names[5], "above 1 \xB5g/L");
+    EXPECT_EQ(chart.Lines[1].Points, (Points{{1, 0}, {1, 100}})); // the limit
+}
+
 TEST(Plan_Charts_Test, More_Values_Than_Colours_Are_Told_And_Not_Drawn)
 {
-    const auto view = View_Of({"#n"}, {{"1"}, {"2"}, {"3"}, {"4"}, {"5"}, {"6"}, {"7"}, {"8"}}, {1, 2, 3, 4, 5, 6, 7, 8});
+    const auto view =
+        View_Of({"#n"}, {{"1"}, {"2"}, {"3"}, {"4"}, {"5"}, {"6"}, {"7"}, {"8"}}, {1, 2, 3, 4, 5, 6, 7, 8});
 
     const auto chart = Distribution_Chart(view, {"A", "#n"});
 
@@ -153,8 +182,8 @@ TEST(Plan_Charts_Test, A_Window_Has_Its_Dates_Its_Maximum_And_Its_Median)
 // With factors beside it, the window is that of the runs without them.
 TEST(Plan_Charts_Test, A_Window_Of_A_Sweep_Is_That_Where_Nothing_Else_Is_Varied)
 {
-    const auto view = View_Of({"#shift", "#factor psm.Koc[1]"}, {{"0", "0.5"}, {"0", "1"}, {"7", "0.5"}, {"7", "1"}},
-                              {9, 2, 8, 3});
+    const auto view =
+        View_Of({"#shift", "#factor psm.Koc[1]"}, {{"0", "0.5"}, {"0", "1"}, {"7", "0.5"}, {"7", "1"}}, {9, 2, 8, 3});
 
     const auto chart = By_Date_Chart(view, {"A", ""});
 
@@ -163,6 +192,19 @@ TEST(Plan_Charts_Test, A_Window_Of_A_Sweep_Is_That_Where_Nothing_Else_Is_Varied)
     const auto by_factor = By_Date_Chart(view, {"A", "#factor psm.Koc[1]"});
     EXPECT_EQ(by_factor.Lines.size(), 2U);
     EXPECT_EQ(by_factor.Lines[0].Points, (Points{{0, 9}, {7, 8}}));
+}
+
+TEST(Plan_Charts_Test, Each_Curve_Of_A_Factor_Has_All_Others_Unvaried)
+{
+    const auto view =
+        View_Of({"#shift", "#factor psm.Koc[1]", "#factor psm.Rate"},
+                {{"0", "0.5", "0.5"}, {"0", "0.5", "1"}, {"0", "1", "0.5"}, {"0", "1", "1"}}, {9, 5, 8, 2});
+
+    const auto chart = By_Date_Chart(view, {"A", "#factor psm.Koc[1]"});
+
+    ASSERT_EQ(chart.Lines.size(), 2U);
+    EXPECT_EQ(chart.Lines[0].Points, (Points{{0, 5}}));
+    EXPECT_EQ(chart.Lines[1].Points, (Points{{0, 2}}));
 }
 
 TEST(Plan_Charts_Test, The_Median_Of_An_Even_Number_Is_The_Mean_Of_The_Middle)

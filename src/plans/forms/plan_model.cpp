@@ -30,7 +30,8 @@ QString Sign_Of(Verdict verdict)
 bool Plan_Model::Show(std::shared_ptr<const Plan_View> view, std::optional<Verdict> state)
 {
     auto grid = Grid_Of(*view, state);
-    const bool same = View && View->Rows == view->Rows && grid.Columns == Shown_Grid.Columns && grid.Rows == Shown_Grid.Rows;
+    const bool same =
+        View && View->Rows == view->Rows && grid.Columns == Shown_Grid.Columns && grid.Rows == Shown_Grid.Rows;
     if (!same)
         beginResetModel();
     View = std::move(view);
@@ -71,7 +72,8 @@ QVariant Plan_Model::data(const QModelIndex& index, int role) const
         return sign + QString::fromStdString(Cell_Text(*View, column, *row));
     }
     if (role == Qt::TextAlignmentRole)
-        return QVariant((column.Kind == Plan_Grid_Column::Holds::Figure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        return QVariant((column.Kind == Plan_Grid_Column::Holds::Figure ? Qt::AlignRight : Qt::AlignLeft) |
+                        Qt::AlignVCenter);
     if (role == Qt::ToolTipRole && is_state)
         return QString::fromStdString(Reason_Of_Row(*View, *row));
     if (role == Qt::FontRole && is_state && verdict != Verdict::Complete) {

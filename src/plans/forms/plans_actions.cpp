@@ -93,8 +93,7 @@ void Plans_Window::Choose_Directory()
 void Plans_Window::Run()
 {
     const Plan_Order order = Order();
-    Do_In_Window(this, Ask, "Plan",
-                 [&](const Progress& progress) { Begin_Plan(Program, order, progress); });
+    Do_In_Window(this, Ask, "Plan", [&](const Progress& progress) { Begin_Plan(Program, order, progress); });
     Survey->Look_Again();
 }
 
@@ -136,8 +135,8 @@ void Plans_Window::Command()
 {
     const auto line = [this](const std::vector<std::string>& words) { return Orvelctl_Line(Program.App_Path, words); };
     const std::string directory = Place.Directory.string();
-    Show_Command(this, {line(Words_To_Run(Order())), line({"plan", "status", directory}),
-                        line({"plan", "results", directory})});
+    Show_Command(
+        this, {line(Words_To_Run(Order())), line({"plan", "status", directory}), line({"plan", "results", directory})});
 }
 
 } // namespace orvel

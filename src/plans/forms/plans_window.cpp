@@ -106,9 +106,8 @@ void Plans_Window::Show_Rows()
 {
     if (!Latest)
         return;
-    const auto state = States->currentIndex() > 0
-                           ? std::optional(static_cast<Verdict>(States->currentData().toInt()))
-                           : std::nullopt;
+    const auto state =
+        States->currentIndex() > 0 ? std::optional(static_cast<Verdict>(States->currentData().toInt())) : std::nullopt;
     const auto heads = Table_Model.columnCount();
     const auto marked = Table_Model.Row_At(Table->currentIndex());
     if (!Table_Model.Show(Latest, state))

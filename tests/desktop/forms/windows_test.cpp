@@ -109,7 +109,8 @@ protected:
         Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
         Orvelctl(at + " start --mode focus --wait");
         const std::string plan = (Place->Path() / "window.csv").string();
-        Orvelctl(at + " plan sweep --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'" +
+        Orvelctl(at +
+                 " plan sweep --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'" +
                  " --shift -7:7:7 --factor 'psm.Koc[1]=0.5,1' --to " + plan);
         Orvelctl(at + " plan run " + plan + " --to " + (Place->Path() / "window").string() + " --wait 2>&1");
     }

@@ -55,15 +55,16 @@ protected:
     std::map<std::string, std::string> Results_Of(const fs::path& directory)
     {
         const auto file = Place / "printed.csv";
-        EXPECT_EQ(std::system((std::string(ORVELCTL) + " plan results '" + directory.string() + "' > '" +
-                               file.string() + "'").c_str()),
-                  0);
+        EXPECT_EQ(
+            std::system((std::string(ORVELCTL) + " plan results '" + directory.string() + "' > '" + file.string() + "'")
+                            .c_str()),
+            0);
         const std::string text = Read_Whole(file);
         Csv_Reader rows(Source_Of(text));
         Csv_Row row;
         rows.Next(row);
-        const auto percentile = static_cast<std::size_t>(std::ranges::find(row.Fields, "percentile") -
-                                                         row.Fields.begin());
+        const auto percentile =
+            static_cast<std::size_t>(std::ranges::find(row.Fields, "percentile") - row.Fields.begin());
         std::map<std::string, std::string> figures;
         while (rows.Next(row))
             figures[row.Fields[0]] = row.Fields[percentile];
@@ -167,8 +168,8 @@ TEST_F(Plans_Window_Test, Pasted_Rows_Are_Run_And_Their_Figures_Are_Those_Of_The
     for (int row = 0; row < 3; ++row)
         EXPECT_EQ(Cell(window, row, column).toStdString(), figures.at(Cell(window, row, 0).toStdString()));
     EXPECT_FALSE(Find<QPushButton>(window, "Run_Plan")->isEnabled());
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return Find<QLabel>(window, "Status")->text() == "3 runs, 3 complete"; }, Patience));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return Find<QLabel>(window, "Status")->text() == "3 runs, 3 complete"; }, Patience));
 
     std::vector<double> sorted;
     for (const auto& [id, figure] : figures)
@@ -292,8 +293,8 @@ TEST_F(Plans_Window_Test, Results_Are_Copied_And_Saved_As_Table_And_Workbook)
 
     In_Modal([&](QWidget& box) {
         const auto commands = Find<QPlainTextEdit>(box, "Commands")->toPlainText();
-        EXPECT_TRUE(commands.contains("plan run " + QString::fromStdString(plan.string()) + " --to ")) <<
-            commands.toStdString();
+        EXPECT_TRUE(commands.contains("plan run " + QString::fromStdString(plan.string()) + " --to "))
+            << commands.toStdString();
         EXPECT_TRUE(commands.contains("plan results "));
     });
     Click<QPushButton>(window, "Befehl");
@@ -303,8 +304,7 @@ TEST_F(Plans_Window_Test, What_Is_Wrong_With_A_Plan_Is_Told_In_A_Sentence)
 {
     Plans_Window window(The_Session);
     window.show();
-    const std::string good = ",focus,demo_D.psm,Winter cereals,Hamburg (H)\n",
-                      head = "id,mode,pesticide,crop,location";
+    const std::string good = ",focus,demo_D.psm,Winter cereals,Hamburg (H)\n", head = "id,mode,pesticide,crop,location";
     const auto told_at_opening = [&](const std::string& text) {
         The_User.Messages.clear();
         Write_Whole(Place / "wrong.csv", text);
