@@ -257,16 +257,16 @@ public:
         static double Second(const std::pair<double, double>& change) { return change.second; }
     };
 
-    std::vector<Effect> Effects(const Figures& figures) const
+    std::vector<Effect> Effects(const Figures& figures, const Figure& base) const
     {
         std::vector<Effect> effects;
         for (const auto column : Factors)
             effects.push_back({column, {}});
         for (const auto& figure : figures.All) {
             const auto varied = Varied_In(figure.Row);
-            if (varied.size() == 1 && Is_Like_Base(figure.Row))
+            if (varied.size() == 1 && Is_Like(figure.Row, base.Row))
                 effects[varied.front()].Changes.emplace_back(Val(Cell(figure.Row, Factors[varied.front()])),
-                                                             figure.Value - Base->Value);
+                                                             figure.Value - base.Value);
         }
         std::erase_if(effects, [](const Effect& effect) { return effect.Changes.empty(); });
         std::ranges::stable_sort(effects, std::greater(), &Effect::Span);
@@ -290,10 +290,10 @@ private:
     }
 
     // Whether the row is of the same run, but for what the sweep varies: labels tell nothing of that.
-    bool Is_Like_Base(std::size_t row) const
+    bool Is_Like(std::size_t row, std::size_t base) const
     {
         for (std::size_t i = 0; i < View.Rows->Columns.size(); ++i) {
-            if (Is_Fixed(View.Rows->Columns[i]) && Cell(row, i) != Cell(Base->Row, i))
+            if (Is_Fixed(View.Rows->Columns[i]) && Cell(row, i) != Cell(base, i))
                 return false;
         }
         return true;
@@ -383,10 +383,10 @@ Chart_Axis Axis_Of_Days(const Plan_Rows& rows, const Days& days)
 {
     const int first = days.begin()->first, length = std::max(1, days.rbegin()->first - first);
     Chart_Axis axis{.High = static_cast<double>(length), .First = static_cast<double>(first), .Whole = true};
-    for (const auto& [day, figure] : days) {
-        const std::string date = Date_Text(rows, figure.Row);
+    for (const auto& day : days) {
+        const std::string date = Date_Text(rows, day.second.Row);
         axis.Ticks.push_back(
-            {static_cast<double>(day - first), Tick_Rank::Big, date.empty() ? std::to_string(day) : date});
+            {static_cast<double>(day.first - first), Tick_Rank::Big, date.empty() ? std::to_string(day.first) : date});
     }
     axis.Title = rows.Day_Column ? "First application" : "Shift of the applications, days";
     return axis;
@@ -462,7 +462,7 @@ Chart Effects_Chart(const Plan_View& view, const Plan_Chart_Choice& choice)
                                                      ? "No run has a result yet."
                                                      : "The run in which nothing is varied (factor 1, shift 0) has no "
                                                        "result.");
-    const auto effects = varied.Effects(figures);
+    const auto effects = varied.Effects(figures, *varied.Base);
     if (effects.empty())
         return Without_Figures(std::move(chart), "No run in which one thing alone is varied has a result.");
     double lowest = 0, highest = 0;

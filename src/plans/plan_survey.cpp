@@ -140,7 +140,7 @@ void Plan_Survey::Begin()
         Digest = Sha256_Of_File(View.Place.Plan);
         Read_Rows();
         Find_Dates();
-    } catch (const File_Error& error) {
+    } catch (const std::exception& error) {
         View.Failure = error.what();
     }
     Tell(!View.Failure.empty());
@@ -164,7 +164,7 @@ void Plan_Survey::Read_Rows()
             row.Cells.clear();
         }
         if (rows->Cells.size() == Most_Rows_Shown) {
-            View.Note = "The first " + std::to_string(Most_Rows_Shown) + " rows are shown.";
+            View.Is_Cut = true;
             break;
         }
         row.Cells.resize(rows->Columns.size());

@@ -51,6 +51,7 @@ struct Plan_View {
     Plan_Status Status;
     std::string Failure;   // why the plan cannot be read, a sentence in UTF-8
     std::string Note;      // what else is to be told
+    bool Is_Cut = false;   // the plan has more rows
     bool Has_Runs = false; // the directory is that of this plan
     bool Is_Settled = false;
 

@@ -127,7 +127,10 @@ void Plans_Window::Show_Status()
     Bar->setRange(0, static_cast<int>(std::max<std::size_t>(1, status.Runs)));
     Bar->setValue(static_cast<int>(done));
     Bar->setFormat(QString("%1 of %2").arg(done).arg(status.Runs));
-    Status->setText(Latest->Failure.empty() ? Shown(Status_Text(status)).trimmed().replace('\n', "; ") : QString());
+    QString text = Shown(Status_Text(status)).trimmed().replace('\n', "; ");
+    if (Latest->Is_Cut)
+        text += "; more rows are not shown";
+    Status->setText(Latest->Failure.empty() ? text : QString());
     const auto note = QString::fromStdString(Latest->Failure.empty() ? Latest->Note : Latest->Failure);
     Note->setText(note);
     Note->setVisible(!note.isEmpty());
@@ -174,7 +177,7 @@ void Plans_Window::Enable()
     const bool is_at_work = is_read && Latest->Status.At_Work;
     const auto done = is_read ? Latest->Status.Of(Verdict::Complete) : 0;
     Run_Button->setText(done > 0 ? "&Resume" : "&Run");
-    Run_Button->setEnabled(is_read && !is_at_work && done < Latest->Status.Runs);
+    Run_Button->setEnabled(is_read && !is_at_work && (done < Latest->Status.Runs || Latest->Is_Cut));
     Stop_Button->setEnabled(is_at_work);
     Directory_Button->setEnabled(Has_Plan() && !is_at_work);
     for (const char* name : {"Kopieren", "Drucken", "Befehl"})

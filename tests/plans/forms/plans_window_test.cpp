@@ -267,6 +267,27 @@ TEST_F(Plans_Window_Test, A_Plan_Is_Stopped_Goes_On_And_Outlives_The_Window)
     EXPECT_TRUE(QTest::qWaitFor([&] { return Is_Complete(another); }, Patience));
 }
 
+TEST_F(Plans_Window_Test, What_Others_Do_With_The_Plan_Is_Followed)
+{
+    const auto plan = Plan_Of(1);
+    Plans_Window window(The_Session);
+    Open(window, plan, 1);
+    EXPECT_FALSE(Find<QPushButton>(window, "Speichern")->isEnabled());
+
+    Plan_Of(2); // it is saved anew
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Model(window).rowCount() == 2; }, Patience));
+    const std::string run = "-C " + Installation().string() + " plan run " + plan.string() + " --to ";
+    ASSERT_EQ(Orvelctl(run + (Place / "plan").string()), 0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Is_Complete(window); }, Patience));
+    EXPECT_TRUE(Find<QPushButton>(window, "Speichern")->isEnabled());
+
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !At_Work_Since(Place / "plan"); }, Patience));
+    fs::remove_all(Place / "plan");
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return Cell(window, 0, Column(window, "state")).endsWith("scheduled"); }, Patience));
+    EXPECT_TRUE(The_User.Messages.empty());
+}
+
 TEST_F(Plans_Window_Test, Results_Are_Copied_And_Saved_As_Table_And_Workbook)
 {
     const auto plan = Plan_Of(2);
