@@ -40,9 +40,8 @@ QLabel* Label(const QString& text, QWidget* buddy)
 
 void Plans_Window::Lay_Out()
 {
-    Note = Named(new QLabel, "Note");
+    Note = Named(new QLabel("Open a plan, paste its rows from a spreadsheet, or make a sweep of one run."), "Note");
     Note->setWordWrap(true);
-    Note->hide();
     auto* all = new QVBoxLayout(this);
     all->addLayout(Sources());
     all->addLayout(Running());
@@ -134,6 +133,7 @@ QWidget* Plans_Window::Table_And_Picture()
     both->setStretchFactor(0, 1);
     both->setStretchFactor(1, 1);
     both->setChildrenCollapsible(false);
+    both->setSizes({1000, 1000}); // as shares of what there is
     return both;
 }
 

@@ -653,6 +653,29 @@ TEST_F(Windows_Test, The_Overview_Of_The_Program_Archives_And_Compares)
     overview->close();
 }
 
+// One window of plans, which stays open beside the others.
+TEST_F(Windows_Test, The_Start_Form_Opens_The_Plans_Once)
+{
+    Start start(The_Session);
+    start.show();
+    const auto plans = [] {
+        std::vector<Plans_Window*> open;
+        for (auto* window : QApplication::topLevelWidgets()) {
+            if (auto* found = qobject_cast<Plans_Window*>(window); found && found->isVisible())
+                open.push_back(found);
+        }
+        return open;
+    };
+
+    Click<QPushButton>(start, "Plans_Button");
+    Click<QPushButton>(start, "Plans_Button");
+
+    ASSERT_EQ(plans().size(), 1U);
+    EXPECT_FALSE(plans().front()->isModal());
+    Click<QPushButton>(*plans().front(), "Done");
+    EXPECT_TRUE(plans().empty());
+}
+
 // Whatever is typed, no box ends the program: numbers beyond the range of a double, and those whose sums are.
 TEST_F(Windows_Test, Outlive_Any_Number_In_Any_Box_And_A_Press_Of_Every_Button)
 {
