@@ -302,6 +302,25 @@ void Write_Whole_From(const fs::path& file, const std::function<void(File_Handle
     }
 }
 
+void Write_Whole_Printed(const fs::path& file, const std::function<void(const Print_Text_To& print)>& all)
+{
+    constexpr std::size_t Block_Size = 1U << 16U;
+    Write_Whole_From(file, [&](File_Handle& handle) {
+        std::string block;
+        const auto write = [&] {
+            if (const auto error = handle.Write(block))
+                throw File_Error("Cannot write " + file.string() + ": " + error.message() + ".");
+            block.clear();
+        };
+        all([&](std::string_view text) {
+            block += text;
+            if (block.size() > Block_Size)
+                write();
+        });
+        write();
+    });
+}
+
 void Write_Whole(const fs::path& file, std::string_view bytes)
 {
     Write_Whole_As(file, std::nullopt, [bytes](File_Handle& created) { return created.Write(bytes); });

@@ -22,19 +22,24 @@ void Check(lxw_error error)
         throw File_Error(std::string("The workbook cannot be made: ") + lxw_strerror(error));
 }
 
-class Book_Writer {
+// A file of the library: it writes files alone.
+class Open_Book {
 public:
-    explicit Book_Writer(const Workbook& workbook) : Source(workbook)
+    enum class Memory { Whole, A_Row };
+
+    explicit Open_Book(Memory memory)
     {
         if (Place.empty())
             throw File_Error("The workbook cannot be made: no temporary directory can be written to.");
-        Book = workbook_new((Place / File_Name).c_str());
+        lxw_workbook_options options{};
+        options.constant_memory = memory == Memory::A_Row ? LXW_TRUE : LXW_FALSE;
+        Book = workbook_new_opt((Place / File_Name).c_str(), &options);
         if (Book == nullptr)
             throw File_Error("The workbook cannot be made.");
     }
-    Book_Writer(const Book_Writer&) = delete;
-    Book_Writer& operator=(const Book_Writer&) = delete;
-    ~Book_Writer()
+    Open_Book(const Open_Book&) = delete;
+    Open_Book& operator=(const Open_Book&) = delete;
+    ~Open_Book()
     {
         if (Book != nullptr)
             lxw_workbook_free(Book);
@@ -42,23 +47,26 @@ public:
         std::filesystem::remove_all(Place, ignored);
     }
 
-    std::string Write()
+    void Name(const std::string& title, const std::string& author)
     {
         lxw_doc_properties properties{};
-        properties.title = const_cast<char*>(Source.Title.c_str());
-        properties.author = const_cast<char*>(Source.Author.c_str());
+        properties.title = const_cast<char*>(title.c_str());
+        properties.author = const_cast<char*>(author.c_str());
         properties.created = Fixed_Date;
         Check(workbook_set_properties(Book, &properties));
-        for (const auto& sheet : Source.Sheets)
-            Add(sheet);
+    }
+
+    // The file, finished.
+    std::filesystem::path Close()
+    {
         const lxw_error error = workbook_close(Book);
         Book = nullptr;
         Check(error);
-        return Read_Whole(Place / File_Name);
+        return Place / File_Name;
     }
 
-private:
-    void Add(const Sheet& sheet)
+    // Without its rows.
+    lxw_worksheet* Begin(const Sheet& sheet)
     {
         lxw_worksheet* target = workbook_add_worksheet(Book, sheet.Name.c_str());
         if (target == nullptr)
@@ -66,10 +74,6 @@ private:
         for (std::size_t column = 0; column < sheet.Widths.size(); ++column)
             worksheet_set_column(target, static_cast<lxw_col_t>(column), static_cast<lxw_col_t>(column),
                                  sheet.Widths[column], nullptr);
-        for (std::size_t row = 0; row < sheet.Rows.size(); ++row) {
-            for (std::size_t column = 0; column < sheet.Rows[row].size(); ++column)
-                Put(target, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column), sheet.Rows[row][column]);
-        }
         worksheet_freeze_panes(target, static_cast<lxw_row_t>(sheet.Frozen_Rows),
                                static_cast<lxw_col_t>(sheet.Frozen_Columns));
         constexpr std::uint8_t A4 = 9;
@@ -79,8 +83,16 @@ private:
         worksheet_fit_to_pages(target, 1, 0);
         if (sheet.Frozen_Rows > 0)
             worksheet_repeat_rows(target, 0, static_cast<lxw_row_t>(sheet.Frozen_Rows - 1));
+        return target;
     }
 
+    void Put_Row(lxw_worksheet* sheet, std::size_t row, const std::vector<Sheet_Cell>& cells)
+    {
+        for (std::size_t column = 0; column < cells.size(); ++column)
+            Put(sheet, static_cast<lxw_row_t>(row), static_cast<lxw_col_t>(column), cells[column]);
+    }
+
+private:
     void Put(lxw_worksheet* sheet, lxw_row_t row, lxw_col_t column, const Sheet_Cell& cell)
     {
         lxw_format* format = Format_Of(cell.Style);
@@ -116,9 +128,7 @@ private:
         return format;
     }
 
-    const Workbook& Source;
     lxw_workbook* Book = nullptr;
-    // The library writes files alone.
     std::filesystem::path Place =
         Make_Unique_Directory(std::filesystem::temp_directory_path() / "orvel-workbook-").value_or("");
     std::map<Cell_Style, lxw_format*> Formats;
@@ -128,7 +138,42 @@ private:
 
 std::string Format_Xlsx(const Workbook& workbook)
 {
-    return Book_Writer(workbook).Write();
+    Open_Book book(Open_Book::Memory::Whole);
+    book.Name(workbook.Title, workbook.Author);
+    for (const auto& sheet : workbook.Sheets) {
+        lxw_worksheet* target = book.Begin(sheet);
+        for (std::size_t row = 0; row < sheet.Rows.size(); ++row)
+            book.Put_Row(target, row, sheet.Rows[row]);
+    }
+    return Read_Whole(book.Close());
+}
+
+class Row_Book::Writer {
+public:
+    explicit Writer(const Sheet& sheet)
+    {
+        Book.Name(sheet.Name, "");
+        Target = Book.Begin(sheet);
+    }
+
+    Open_Book Book{Open_Book::Memory::A_Row};
+    lxw_worksheet* Target = nullptr;
+    std::size_t Next = 0;
+};
+
+Row_Book::Row_Book(const Sheet& sheet) : Rows(std::make_unique<Writer>(sheet)) {}
+Row_Book::~Row_Book() = default;
+
+void Row_Book::Add(const std::vector<Sheet_Cell>& row)
+{
+    if (Rows->Next == LXW_ROW_MAX)
+        throw File_Error("A sheet of a workbook has room for " + std::to_string(LXW_ROW_MAX) + " rows.");
+    Rows->Book.Put_Row(Rows->Target, Rows->Next++, row);
+}
+
+void Row_Book::Write(const std::filesystem::path& file)
+{
+    Copy_Whole(Rows->Book.Close(), file);
 }
 
 } // namespace orvel

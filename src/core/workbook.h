@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,5 +40,21 @@ struct Workbook {
 // The bytes of an .xlsx file, the same for the same workbook. Throws File_Error if it cannot be made. (orvelctl has it
 // made by orvelpaint: loading the library would take longer than a short command.)
 std::string Format_Xlsx(const Workbook& workbook);
+
+// A workbook of one sheet that is written row by row: no more of it than a row is held in memory.
+class Row_Book {
+public:
+    explicit Row_Book(const Sheet& sheet); // without rows. Throws File_Error if it cannot be made, as Format_Xlsx does
+    Row_Book(const Row_Book&) = delete;
+    Row_Book& operator=(const Row_Book&) = delete;
+    ~Row_Book();
+
+    void Add(const std::vector<Sheet_Cell>& row);  // throws File_Error for more rows than a sheet can have
+    void Write(const std::filesystem::path& file); // the whole file; the last call
+
+private:
+    class Writer;
+    std::unique_ptr<Writer> Rows;
+};
 
 } // namespace orvel

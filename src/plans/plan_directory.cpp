@@ -8,6 +8,7 @@
 #include "core/system/file_handle.h"
 #include "core/system/flush.h"
 #include "core/text.h"
+#include "output/run_files.h"
 #include "plans/run_maker.h"
 #include "runs/run_place.h"
 
@@ -58,10 +59,42 @@ std::string Format_Record(const Plan_Record& record)
 // What the runs of a plan read, by the place of its copy: found while the rows are checked.
 using Sources = std::map<std::string, fs::path>;
 
+// Tells how much of a plan was read, every now and then.
+class Told_Check {
+public:
+    Told_Check(const fs::path& file, const Progress& progress) : Tell(progress)
+    {
+        std::error_code ignored;
+        Size = std::max<std::uintmax_t>(1, fs::file_size(file, ignored));
+    }
+
+    Csv_Reader::Source Counted(Csv_Reader::Source source)
+    {
+        return [this, source = std::move(source)](char* to, std::size_t most) {
+            const std::size_t count = source(to, most);
+            Read += count;
+            return count;
+        };
+    }
+
+    void Look_At(std::size_t row) const
+    {
+        constexpr std::size_t Between = 100;
+        const double share = std::min(1.0, static_cast<double>(Read) / static_cast<double>(Size));
+        if (Tell && row % Between == 1 && !Tell("Row " + std::to_string(row) + " of the plan", share))
+            throw Reading_Stopped();
+    }
+
+private:
+    const Progress& Tell;
+    std::uintmax_t Size = 1, Read = 0;
+};
+
 // Checks all rows; memory grows with the ids and the documents, not with the rows.
-std::size_t Check_Rows(const Program_State& program, const fs::path& file, Sources& sources)
+std::size_t Check_Rows(const Program_State& program, const fs::path& file, Sources& sources, const Progress& progress)
 {
-    Plan_Reader plan(Source_Of_File(file));
+    Told_Check told(file, progress);
+    Plan_Reader plan(told.Counted(Source_Of_File(file)));
     Run_Maker maker(program, Plan_Inputs::Of_User(program.App_Path, file), plan);
     Plan_Ids ids;
     std::vector<File_Error> first;
@@ -71,10 +104,13 @@ std::size_t Check_Rows(const Program_State& program, const fs::path& file, Sourc
             if (!plan.Next(row))
                 break;
             rows = row.Number;
+            told.Look_At(rows);
             if (!ids.Add(plan.Cell(row, Plan_Column_Kind::Id)))
                 throw File_Error("The id '" + plan.Cell(row, Plan_Column_Kind::Id) + "' is there twice.", row.Line,
                                  plan.Column_Of(Plan_Column_Kind::Id));
             maker.Check(row, [&](const Plan_Input& input) { sources.try_emplace(input.Kept, input.File); });
+        } catch (const Reading_Stopped&) {
+            throw;
         } catch (const File_Error& error) {
             Pass_On_If_Unreadable(error);
             if (++faults <= Most_Faults)
@@ -135,7 +171,7 @@ void Check_Free(const fs::path& directory)
 }
 
 Plan_Record Set_Up(const Program_State& program, const fs::path& plan, const fs::path& directory,
-                   const std::string& digest)
+                   const std::string& digest, const Progress& progress)
 {
     Check_Free(directory);
     Sources sources;
@@ -143,7 +179,7 @@ Plan_Record Set_Up(const Program_State& program, const fs::path& plan, const fs:
     sources.emplace(program.Engine_Exe, Engine_Of(program));
     if (const auto haude = Find_File(program.App_Path, Haude_Name))
         sources.emplace(Haude_Name, *haude);
-    record.Rows = Check_Rows(program, plan, sources);
+    record.Rows = Check_Rows(program, plan, sources, progress);
     Copy_Inputs(directory, sources);
     Copy_Whole(plan, directory / Plan_Copy_Name);
     if (Sha256_Of_File(directory / Plan_Copy_Name) != digest)
@@ -185,8 +221,8 @@ Lock Take_Part(const fs::path& directory, const Plan_Part& part)
 }
 
 // Sets the directory up, unless it is, and does some work with its record while no other plan run can.
-template <class Work>
-auto Do_Set_Up(const Program_State& program, const fs::path& plan, const fs::path& directory, Work work)
+template <class Work> auto Do_Set_Up(const Program_State& program, const fs::path& plan, const fs::path& directory,
+                                     const Progress& progress, Work work)
 {
     const std::string digest = Sha256_Of_File(plan);
     std::error_code ignored;
@@ -206,7 +242,7 @@ auto Do_Set_Up(const Program_State& program, const fs::path& plan, const fs::pat
         if (record && record->Sha256 != digest)
             Refuse(directory, "holds the runs of another plan.");
         if (!record)
-            record = Set_Up(program, plan, directory, digest);
+            record = Set_Up(program, plan, directory, digest, progress);
         return work(*record);
     } catch (const File_Error&) {
         if (!Find_File(directory, Plan_Record_Name)) { // wrong rows leave nothing behind
@@ -271,13 +307,13 @@ Csv_Reader::Source Source_Of_File(const fs::path& file)
 }
 
 Held_Plan Hold_Plan(const Program_State& program, const fs::path& plan, const fs::path& directory,
-                    const Plan_Part& part, std::chrono::seconds patience)
+                    const Plan_Part& part, const Progress& progress, std::chrono::seconds patience)
 {
     constexpr std::chrono::seconds Pause(1);
     const auto end = std::chrono::steady_clock::now() + patience;
     while (true) {
         try {
-            return Do_Set_Up(program, plan, directory, [&](const Plan_Record& record) {
+            return Do_Set_Up(program, plan, directory, progress, [&](const Plan_Record& record) {
                 return Held_Plan{record, Take_Part(directory, part)};
             });
         } catch (const Part_At_Work&) {
@@ -290,7 +326,7 @@ Held_Plan Hold_Plan(const Program_State& program, const fs::path& plan, const fs
 
 Plan_Record Prepare_Plan(const Program_State& program, const fs::path& plan, const fs::path& directory)
 {
-    return Do_Set_Up(program, plan, directory, [&](const Plan_Record& record) {
+    return Do_Set_Up(program, plan, directory, {}, [&](const Plan_Record& record) {
         const auto parts = Parts_At_Work(directory);
         if (!parts.empty())
             Refuse_Part(directory, parts.front() == "1-of-1" ? "" : " on part " + parts.front());

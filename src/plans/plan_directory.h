@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/error.h"
+#include "core/progress.h"
 #include "core/session.h"
 #include "core/system/lock.h"
 #include "plans/plan_table.h"
@@ -63,8 +64,10 @@ struct Part_At_Work : File_Error {
 // Checks a plan and sets up its directory, or finds it set up with the same plan, and takes the part. A run at work on
 // the same part has `patience` to end. Throws Plan_Faults for wrong rows, nothing being left then; Part_At_Work if this
 // part, or parts of another number, are at work there; File_Error if the directory holds another plan or anything else.
+// `progress` is called as the rows are checked, and may stop that with Reading_Stopped.
 Held_Plan Hold_Plan(const Program_State& program, const std::filesystem::path& plan,
-                    const std::filesystem::path& directory, const Plan_Part& part, std::chrono::seconds patience = {});
+                    const std::filesystem::path& directory, const Plan_Part& part, const Progress& progress = {},
+                    std::chrono::seconds patience = {});
 
 // The same for a plan whose parts other programs will take. Throws Part_At_Work if one of them is.
 Plan_Record Prepare_Plan(const Program_State& program, const std::filesystem::path& plan,

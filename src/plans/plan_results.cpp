@@ -111,12 +111,18 @@ Plan_Status Status_Of_Plan(const fs::path& directory)
             fs::last_write_time(Directory_Of_Row(directory, row) / Result_Name, error) >= *since && !error)
             ++ended;
     }
-    if (since && ended > 0) {
-        const double left = static_cast<double>(status.Of(Verdict::Running) + status.Of(Verdict::Scheduled));
-        status.Runs_A_Second = static_cast<double>(ended) / std::max(Seconds_Since(*since), 1e-3);
-        status.Seconds_Left = left / *status.Runs_A_Second;
-    }
+    if (since)
+        Estimate(status, *since, ended);
     return status;
+}
+
+void Estimate(Plan_Status& status, fs::file_time_type since, std::size_t ended)
+{
+    if (ended == 0)
+        return;
+    const double left = static_cast<double>(status.Of(Verdict::Running) + status.Of(Verdict::Scheduled));
+    status.Runs_A_Second = static_cast<double>(ended) / std::max(Seconds_Since(since), 1e-3);
+    status.Seconds_Left = left / *status.Runs_A_Second;
 }
 
 std::string Status_Text(const Plan_Status& status)
@@ -170,6 +176,42 @@ void Print_Results(const fs::path& directory, bool with_seconds, const std::func
         }
     }
     print(text);
+}
+
+void Visit_Results(const fs::path& directory, bool with_seconds,
+                   const std::function<void(const std::vector<std::string>& cells)>& visit)
+{
+    Record_Of(directory);
+    Plan_Reader plan(Source_Of_File(directory / Plan_Copy_Name));
+    const Plan_Columns& columns = plan.Columns();
+    const auto shown = [&](auto text_of) {
+        std::vector<std::string> cells;
+        for (std::size_t i = 0; i < columns.All.size(); ++i) {
+            if (Is_Shown(columns.All[i]))
+                cells.push_back(text_of(i));
+        }
+        return cells;
+    };
+    auto heads = shown([&](std::size_t i) { return columns.All[i].Name; });
+    Csv_Reader names(Source_Of(Result_Columns));
+    Csv_Row of_results;
+    names.Next(of_results);
+    heads.insert(heads.end(), of_results.Fields.begin(), of_results.Fields.end());
+    visit(heads);
+    for (Plan_Row row; plan.Next(row);) {
+        const auto begin = shown([&](std::size_t i) { return row.Cells[i]; });
+        const Row_State state = State_Of_Row(directory, row.Number);
+        const std::string none(Verdict_Text(state.Verdict));
+        for (const auto& line : Parse_Result(state.Result).value_or(std::vector<Result_Line>{{"", none, ""}})) {
+            auto cells = begin;
+            auto figures = Figure_Cells(line.Figures);
+            figures.resize(Figure_Columns);
+            cells.insert(cells.end(), figures.begin(), figures.end());
+            cells.emplace_back(line.Verdict);
+            cells.emplace_back(with_seconds ? line.Seconds : "");
+            visit(cells);
+        }
+    }
 }
 
 } // namespace orvel

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvel {
 
@@ -32,6 +33,8 @@ struct Plan_Status {
 };
 // Throws File_Error if the directory holds no plan.
 Plan_Status Status_Of_Plan(const std::filesystem::path& directory);
+// The speed of the parts at work and the time left, by how many runs have ended since they began.
+void Estimate(Plan_Status& status, std::filesystem::file_time_type since, std::size_t ended);
 std::string Status_Text(const Plan_Status& status); // for the user, a line a fact
 std::string Status_Json(const Plan_Status& status);
 
@@ -40,5 +43,9 @@ std::string Status_Json(const Plan_Status& status);
 // runs are run. Throws File_Error if the directory holds no plan.
 void Print_Results(const std::filesystem::path& directory, bool with_seconds,
                    const std::function<void(std::string_view)>& print);
+
+// The same cell by cell, the first time the names of the columns. Texts are UTF-8.
+void Visit_Results(const std::filesystem::path& directory, bool with_seconds,
+                   const std::function<void(const std::vector<std::string>& cells)>& visit);
 
 } // namespace orvel

@@ -22,6 +22,9 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view Control_Name = "orvel.inp", Haude_Name = "Haude.dat";
+using Named_Keep = std::pair<std::string_view, Plan_Keep>;
+constexpr std::array<Named_Keep, 3> Keep_Names = {
+    {{"records", Plan_Keep::Records}, {"tables", Plan_Keep::Tables}, {"all", Plan_Keep::All}}};
 constexpr std::uintmax_t Least_Space = 1U << 20U; // with less, a run that failed may have failed for that
 
 // Not flushed: a run that has no result yet is begun again.
@@ -47,7 +50,7 @@ void Remove(const fs::path& file)
 
 bool Is_Table(const std::string& name)
 {
-    return name == "year.orv" || name == "period.orv";
+    return name == "year.orv" || name == "period.orv" || Matches(name, "PECsoil_*.orv");
 }
 
 // Takes away what is not kept. orvel.inp goes last: as long as it is there, a run is not tidied up.
@@ -142,6 +145,7 @@ private:
         const Run_State state = State_Of_Run_Held(run);
         if (state.Record && state.Verdict == Verdict::Complete && !done) { // it was cut off behind its end
             lock.reset();
+            Note_Kind(row);
             return Take_Result(row.Number, *state.Record);
         }
         Begin(row, run, std::move(*lock));
@@ -175,7 +179,16 @@ private:
         start.Own_Group = true;
         At_Work.Add({.Run = row.Number, .Directory = run, .Limit = Order.Limit, .Held = std::move(lock)},
                     std::move(record), start);
+        Note_Kind(row);
         ++Count.Begun;
+    }
+
+    void Note_Kind(const Plan_Row& row)
+    {
+        const Mode* mode =
+            Plan.Columns().Kind == Plan_Kind::Modes ? Mode_Named(Plan.Cell(row, Plan_Column_Kind::Mode)) : nullptr;
+        if (mode != nullptr && mode->Kind != Mode_Kind::Focus)
+            Soil_Runs.insert(row.Number);
     }
 
     // The tables of a run are built when its lock is free.
@@ -200,7 +213,8 @@ private:
         const fs::path run = Directory_Of_Row(Order.Directory, row);
         if (record.Verdict != Verdict::Complete)
             Check_Space(record);
-        Write_Whole(run / Result_Name, Format_Result(Result_Of_Run(run, record)));
+        const auto kind = Soil_Runs.erase(row) > 0 ? Result_Kind::Soil : Result_Kind::Leachate;
+        Write_Whole(run / Result_Name, Format_Result(Result_Of_Run(run, record, kind)));
         ++Count.Ended;
         if (record.Verdict == Verdict::Stopped)
             return;
@@ -247,6 +261,7 @@ private:
     std::optional<std::string> Haude;
     Engines At_Work;
     std::deque<Ended_Run> Ended;
+    std::set<std::size_t> Soil_Runs; // of those begun, the ones of a soil mode
     Plan_Progress Count;
     std::string Trouble;
 };
@@ -255,10 +270,13 @@ private:
 
 const Plan_Keep* Keep_Named(std::string_view name)
 {
-    static constexpr std::array<std::pair<std::string_view, Plan_Keep>, 3> Names = {
-        {{"records", Plan_Keep::Records}, {"tables", Plan_Keep::Tables}, {"all", Plan_Keep::All}}};
-    const auto* const found = std::ranges::find(Names, name, &std::pair<std::string_view, Plan_Keep>::first);
-    return found == Names.end() ? nullptr : &found->second;
+    const auto* const found = std::ranges::find(Keep_Names, name, &Named_Keep::first);
+    return found == Keep_Names.end() ? nullptr : &found->second;
+}
+
+std::string_view Keep_Name(Plan_Keep keep)
+{
+    return std::ranges::find(Keep_Names, keep, &Named_Keep::second)->first;
 }
 
 Plan_Progress Run_Plan(const Program_State& program, const Plan_Order& order, const Plan_Record& record,

@@ -21,6 +21,7 @@ enum class Plan_Keep {
     All,     // everything that it read and wrote
 };
 const Plan_Keep* Keep_Named(std::string_view name); // "records", "tables", "all"; nullptr for any other
+std::string_view Keep_Name(Plan_Keep keep);
 
 struct Plan_Order {
     std::filesystem::path Plan, Directory;

@@ -20,26 +20,32 @@ constexpr std::string_view Result_Columns = "substance,percentile,unit,years,flu
 
 struct Result_Row {
     std::string Substance; // bytes of Windows-1252; empty for a run without figures
+    std::string Unit;      // of the percentile, bytes of Windows-1252
     struct Figures {
-        double Percentile = 0;          // the 80th percentile of the concentration in the leachate at 1 m, ug/L
-        double Flux = 0, Percolate = 0; // of the years that it is the mean of, g/ha and L/m2
+        // The 80th percentile of the concentration in the leachate at 1 m, or the highest concentration in the top
+        // centimetre of the soil: the unit tells.
+        double Percentile = 0;
+        std::optional<double> Flux, Percolate; // of the leachate of the years that it is the mean of, g/ha and L/m2
     };
     std::optional<Figures> Found;
     int Years = 0; // complete years that the run has left
 };
 
-struct Run_Result {
+struct Plan_Result {
     std::vector<Result_Row> Rows; // at least one
     orvel::Verdict Verdict = orvel::Verdict::Scheduled;
     std::optional<long long> Seconds; // that the engine took
 };
 
+// What the figures of a run are of: its leachate, or, in the soil modes, the soil if its output has it.
+enum class Result_Kind { Leachate, Soil };
+
 // The result of a run that has ended, by its record and, if it is complete, its tables; those are built and kept.
 // Throws File_Error if they cannot be read or written.
-Run_Result Result_Of_Run(const std::filesystem::path& run_directory, const Run_Record& record);
+Plan_Result Result_Of_Run(const std::filesystem::path& run_directory, const Run_Record& record, Result_Kind kind);
 
 // The lines of the file, each without its end: UTF-8, columns as above.
-std::string Format_Result(const Run_Result& result);
+std::string Format_Result(const Plan_Result& result);
 
 // A line of the file, as far as a reader of many looks at it.
 struct Result_Line {
@@ -48,6 +54,11 @@ struct Result_Line {
 };
 // Nothing for a text that is no whole result.
 std::optional<std::vector<Result_Line>> Parse_Result(std::string_view text);
+
+// The cells of its figures, or none for a text that is no such line; and what they are, nothing for a line without any.
+constexpr std::size_t Figure_Columns = 6;
+std::vector<std::string> Figure_Cells(std::string_view figures);
+std::optional<Result_Row> Parse_Figures(std::string_view figures);
 
 // The bytes of the file; empty if the run has none. Throws File_Error if it cannot be read.
 std::string Read_Result(const std::filesystem::path& run_directory);

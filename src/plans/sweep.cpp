@@ -5,6 +5,7 @@
 #include "core/error.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "files/document_differences.h"
 #include "files/document_values.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
@@ -92,10 +93,26 @@ public:
         return all;
     }
 
+    std::vector<std::string> Fields() const
+    {
+        std::vector<std::string> fields;
+        const auto add = [&](std::string_view begin, const auto& differences, auto why_not) {
+            for (const auto& difference : differences) {
+                if (Whole_Text<double>(difference.First).value_or(0) != 0 && why_not(difference.Field).empty())
+                    fields.push_back(std::string(begin) + difference.Field);
+            }
+        };
+        const auto nothing = std::make_unique<Pesticide_Document>();
+        add(Pesticide_Begin, Differences(*Pesticide, *nothing), Why_Not_A_Pesticide_Field);
+        Scenario_Document no_scenario;
+        add(Scenario_Begin, Differences(Scenario, no_scenario), Why_Not_A_Scenario_Field);
+        return fields;
+    }
+
 private:
     Varied Shifts() const
     {
-        Varied varied{{{"#shift", {}}}};
+        Varied varied{{{std::string(Shift_Label), {}}}};
         for (const int days : Order.Shifts)
             varied.Columns.front().Values.push_back(std::to_string(days));
         if (Pesticide->App_Mode == App_Mode_Relative)
@@ -154,7 +171,7 @@ private:
         const auto number = Whole_Text<double>(present.value_or(""));
         if (!number)
             throw File_Error("The document has no number " + To_Utf8(factor.Field) + ".");
-        Varied varied{{{"#factor " + factor.Field, {}}, {factor.Field, {}}}};
+        Varied varied{{{std::string(Factor_Label) + factor.Field, {}}, {factor.Field, {}}}};
         for (const double times : factor.Factors) {
             varied.Columns[0].Values.push_back(General_Text(times));
             varied.Columns[1].Values.push_back(General_Text(*number * times));
@@ -227,6 +244,11 @@ Application Shifted(Application application, int days)
     application.App_Day = static_cast<std::int16_t>(of_year - *(next - 1) + 1);
     application.App_Year = static_cast<std::int16_t>(year);
     return application;
+}
+
+std::vector<std::string> Fields_To_Vary(const Program_State& program, const Sweep_Order& order)
+{
+    return Sweep(program, order).Fields();
 }
 
 void Print_Sweep(const Program_State& program, const Sweep_Order& order,

@@ -25,6 +25,9 @@ struct Sweep_Order {
     std::vector<Sweep_Factor> Factors;
 };
 
+// The labels of a sweep: the days of its shift, and a factor, before the name of its field.
+constexpr std::string_view Shift_Label = "#shift", Factor_Label = "#factor ";
+
 constexpr std::size_t Most_Sweep_Rows = 10000000;
 
 // "-14:14:7" is -14, -7, 0, 7 and 14; "5" is 5 alone. "psm.Koc[1]=0.5,1,2". Both throw File_Error for any other text.
@@ -34,6 +37,10 @@ Sweep_Factor Parse_Factor(std::string_view text);
 // The day of the month, the month and the year of an application that is moved by days, in years of 365 days. Throws
 // File_Error if it is no date, or leaves the years of the simulation at their begin.
 Application Shifted(Application application, int days);
+
+// The fields of the documents of a run that a factor changes, as a factor names them: those with a number other than 0.
+// Throws File_Error for a document or location that is not there.
+std::vector<std::string> Fields_To_Vary(const Program_State& program, const Sweep_Order& order);
 
 // Passes the plan on as comma-separated values, UTF-8, piece by piece: its ids are 1, 2 and so on, the last factor
 // varies fastest. Throws File_Error for a field, document or location that is not there.

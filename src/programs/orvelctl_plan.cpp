@@ -4,13 +4,13 @@
 #include "core/error.h"
 #include "core/system/program_path.h"
 #include "core/system/signals.h"
-#include "core/system/spawn.h"
 #include "core/system/terminal.h"
 #include "core/text.h"
 #include "core/write_from.h"
 #include "plans/plan_results.h"
-#include "plans/run_plan.h"
+#include "plans/results_file.h"
 #include "plans/slurm.h"
+#include "plans/start_plan.h"
 #include "plans/sweep.h"
 #include "runs/start_up.h"
 
@@ -125,42 +125,6 @@ int Run_And_Wait(const Session& session, const Plan_Order& order, const Plan_Rec
     return Refused;
 }
 
-// The command line of this program that runs what the directory of a plan holds, and waits; without the part.
-std::vector<std::string> Words_Of(const Session& session, const Plan_Order& order, const Run_Arguments& arguments)
-{
-    std::vector<std::string> words = {"-C",
-                                      session.Program.App_Path.string(),
-                                      "plan",
-                                      "run",
-                                      (order.Directory / Plan_Copy_Name).string(),
-                                      "--to",
-                                      order.Directory.string(),
-                                      "--keep",
-                                      arguments.Keep,
-                                      "--wait"};
-    const auto add = [&](const char* option, const std::string& value) { words.insert(words.end(), {option, value}); };
-    if (arguments.Jobs > 0)
-        add("--jobs", std::to_string(arguments.Jobs));
-    if (arguments.Limit > 0)
-        add("--limit", std::to_string(arguments.Limit));
-    return words;
-}
-
-// Goes on without the terminal: the same command, which gets the lock of the part, waits in a session of its own.
-void Detach(const Session& session, const Plan_Order& order, const Run_Arguments& arguments, const Held_Plan& held)
-{
-    auto words = Words_Of(session, order, arguments);
-    words.insert(words.end(), {"--held", std::to_string(Kept_As)});
-    if (!arguments.Part.empty())
-        words.insert(words.end(), {"--part", arguments.Part});
-    Start_Program({.Program = Own_Path(),
-                   .Arguments = words,
-                   .Directory = order.Directory,
-                   .Output = Plan_Journal_Name,
-                   .Kept_Descriptor = held.Held.Descriptor(),
-                   .Own_Session = true});
-}
-
 // What a plan came to whose tasks have ended, by its directory.
 int Tell_End(const std::filesystem::path& directory)
 {
@@ -173,13 +137,16 @@ int Tell_End(const std::filesystem::path& directory)
     return Refused;
 }
 
-int Run_By_Slurm(const Session& session, const Plan_Order& order, Run_Arguments arguments)
+int Run_By_Slurm(const Session& session, Plan_Order order, const Run_Arguments& arguments)
 {
     Prepare_Plan(session.Program, order.Plan, order.Directory);
-    arguments.Jobs = std::max(arguments.Jobs, 1); // a task may be given one of many processors that it sees
-    auto command = Words_Of(session, order, arguments);
-    command.insert(command.begin(), Own_Path().string());
-    Slurm_Order slurm{.Tasks = static_cast<std::size_t>(arguments.Tasks), .Jobs = arguments.Jobs};
+    order.Plan = order.Directory / Plan_Copy_Name;
+    order.Jobs = std::max(arguments.Jobs, 1); // a task may be given one of many processors that it sees
+    std::vector<std::string> command = {Own_Path().string(), "-C", session.Program.App_Path.string()};
+    for (auto& word : Words_To_Run(order))
+        command.push_back(std::move(word));
+    command.emplace_back("--wait");
+    Slurm_Order slurm{.Tasks = static_cast<std::size_t>(arguments.Tasks), .Jobs = order.Jobs};
     if (arguments.Minutes > 0)
         slurm.Minutes = arguments.Minutes;
     const Slurm_Job job = Submit(order.Directory, slurm, command);
@@ -202,11 +169,11 @@ try {
     }
     if (arguments.Slurm)
         return Run_By_Slurm(session, order, arguments);
-    const Held_Plan held =
-        Hold_Plan(session.Program, order.Plan, order.Directory, order.Part, std::chrono::seconds(arguments.Patience));
+    const Held_Plan held = Hold_Plan(session.Program, order.Plan, order.Directory, order.Part, {},
+                                     std::chrono::seconds(arguments.Patience));
     if (arguments.Wait)
         return Run_And_Wait(session, order, held.Record);
-    Detach(session, order, arguments, held);
+    Start_Plan(session.Program, order, held, Own_Path()); // goes on without the terminal
     return Done;
 } catch (const Plan_Faults& faults) {
     return Tell_Faults(faults);
@@ -275,43 +242,19 @@ void Add_Status(CLI::App* plan, Command& command)
 }
 
 // Prints to a file, which is written whole, or to standard output if none is named.
-void Print_To(const std::string& file, const std::function<void(const std::function<void(std::string_view)>&)>& print)
+void Print_To(const std::string& file, const std::function<void(const Print_Text_To&)>& print)
 {
-    if (file.empty()) {
+    if (file.empty())
         print([](std::string_view text) { std::cout << text; });
-        return;
-    }
-    Write_Whole_From(file, [&](File_Handle& handle) {
-        std::string block;
-        const auto write = [&] {
-            if (const auto error = handle.Write(block))
-                throw File_Error("Cannot write " + file + ": " + error.message() + ".");
-            block.clear();
-        };
-        print([&](std::string_view text) {
-            constexpr std::size_t Block_Size = 1U << 16U;
-            block += text;
-            if (block.size() > Block_Size)
-                write();
-        });
-        write();
-    });
-}
-
-// Whether a table can be written to a file by its ending; the user has been told if not.
-bool Is_Csv(const std::string& file, std::string_view what)
-{
-    if (file.empty() || Lower(file).ends_with(".csv"))
-        return true;
-    Tell(Plan_Title, std::string(what) + " is written as .csv.");
-    return false;
+    else
+        Write_Whole_Printed(file, print);
 }
 
 int Do_Results(const std::string& directory, const std::string& file, bool with_seconds)
 {
-    if (!Is_Csv(file, "The table of results"))
-        return Refused;
-    Print_To(file, [&](const auto& print) { Print_Results(directory, with_seconds, print); });
+    if (!file.empty() && Is_Results_Book(file))
+        return Paint({"plan", directory, with_seconds ? "1" : "0", file});
+    Print_To(file, [&](const Print_Text_To& print) { Print_Results(directory, with_seconds, print); });
     return Done;
 }
 
@@ -321,7 +264,7 @@ void Add_Results(CLI::App* plan, Command& command)
     const auto directory = std::make_shared<std::string>(), file = std::make_shared<std::string>();
     const auto seconds = std::make_shared<bool>(false);
     results->add_option("DIR", *directory, "The directory of a plan")->required();
-    results->add_option("--to", *file, "Write them to a file (.csv)")->option_text("FILE");
+    results->add_option("--to", *file, "Write them to a file (.csv or .xlsx)")->option_text("FILE");
     results->add_flag("--seconds", *seconds, "Fill the column of the seconds that each run took");
     results->callback([=, &command] { command = [=](Session&) { return Do_Results(*directory, *file, *seconds); }; });
 }
@@ -333,8 +276,8 @@ struct Sweep_Arguments {
 
 int Do_Sweep(const Session& session, const Sweep_Arguments& arguments)
 try {
-    if (!Is_Csv(arguments.File, "A plan"))
-        return Refused;
+    if (!arguments.File.empty() && !Lower(arguments.File).ends_with(".csv"))
+        throw File_Error("A plan is written as .csv.");
     Sweep_Order order{.Mode = Mode_Named(arguments.Mode),
                       .Pesticide = Bytes_Of(arguments.Pesticide),
                       .Crop = Bytes_Of(arguments.Crop),
@@ -343,7 +286,7 @@ try {
         order.Shifts = Parse_Shifts(arguments.Shift);
     for (const auto& factor : arguments.Factors)
         order.Factors.push_back(Parse_Factor(Bytes_Of(factor)));
-    Print_To(arguments.File, [&](const auto& print) { Print_Sweep(session.Program, order, print); });
+    Print_To(arguments.File, [&](const Print_Text_To& print) { Print_Sweep(session.Program, order, print); });
     return Done;
 } catch (const File_Error& error) {
     Tell(Plan_Title, To_Code_Page(error.what()));

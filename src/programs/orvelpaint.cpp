@@ -1,8 +1,9 @@
-// Paints for orvelctl: a series of a run as a picture, the report as a document or workbook, the overview as a
-// workbook.
+// Paints for orvelctl: a series of a run as a picture, the report as a document or workbook, the overview
+// or the results of a plan as a workbook.
 //   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE
 //   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE
 //   orvelpaint overview INSTALLATION MODE STEM CROP CODES DEPTH WINDOW COMPARED FILE
+//   orvelpaint plan DIRECTORY SECONDS FILE
 // FROM and TO are months as YYYY-MM; CODES are separated by commas; they, and the STEM, CROP and COMPARED (a path) of
 // an overview, may be empty.
 #include "charts/painting/chart_files.h"
@@ -12,6 +13,7 @@
 #include "core/numbers.h"
 #include "core/system/standard_channels.h"
 #include "evaluation/compared_assessment.h"
+#include "plans/results_file.h"
 #include "programs/console.h"
 #include "report/overview_formats.h"
 #include "report/overview_reader.h"
@@ -98,11 +100,17 @@ try {
     const std::string what = arguments.empty() ? "" : arguments.front();
     const bool is_series =
         what == "series" && arguments.size() == 10 && Parse_Month(arguments[7]) && Parse_Month(arguments[8]);
+    const bool is_plan = what == "plan" && arguments.size() == 4;
     const bool is_overview = what == "overview" && arguments.size() == 10 && Mode_Named(arguments[2]) != nullptr;
-    if (!is_series && !is_overview &&
+    if (!is_series && !is_overview && !is_plan &&
         !(what == "report" && arguments.size() == 7 && Mode_Named(arguments[2]) != nullptr))
         return 2;
     arguments.erase(arguments.begin());
+    if (is_plan) {
+        Write_Results_Book(arguments[0], arguments[1] == "1", arguments[2], Shown_Progress());
+        Clear_Progress();
+        return 0;
+    }
     qputenv("QT_QPA_PLATFORM", "offscreen");                                             // no display is needed
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {}); // the errors alone are told
     QGuiApplication application(argc, argv);

@@ -1,6 +1,7 @@
 // Plans, as a user of the command line runs them: with the shipped programs and the real engine.
 #include "core/files.h"
 #include "core/system/file_identity.h"
+#include "records/zip_file.h"
 #include "temporary_directory.h"
 
 #include <gtest/gtest.h>
@@ -293,8 +294,50 @@ TEST_F(Orvelctl_Plan, Jobs_Parts_And_What_Is_Kept_Change_No_Byte_Of_The_Results)
     EXPECT_EQ(Results_Of("parts"), results);
     ASSERT_EQ(Do("plan results parts --to results.csv").Code, 0);
     EXPECT_EQ(Read_Whole(Place / "results.csv"), results);
-    EXPECT_EQ(Do("plan results parts --to results.xlsx").Standard_Error,
-              "Plan: The table of results is written as .csv.\n");
+    EXPECT_EQ(Do("plan results parts --to results.txt").Standard_Error,
+              "File check: The table of results is written as .csv or .xlsx.\n");
+}
+
+// The soil modes have the figure that the overview shows of the same run; the unit tells it from a percentile.
+TEST_F(Orvelctl_Plan, A_Run_Of_A_Soil_Mode_Has_The_Highest_Concentration_In_Soil)
+{
+    App = (Place / "own").string();
+    ASSERT_EQ(std::system((std::string(ORVELCTL) + " init " + App).c_str()), 0);
+    ASSERT_EQ(Do("mark --mode efsa --pesticide demo_S.psm --crop 'Winter cereals' --location 'Total content - North "
+                 "(T_N)'")
+                  .Code,
+              0);
+    ASSERT_EQ(Do("start --mode efsa --wait").Code, 0);
+    const std::string overview = Do("overview --mode efsa --json").Printed;
+    Put("plan.csv", "id,mode,pesticide,crop,location,#note\n"
+                    "a,efsa,demo_S.psm,Winter cereals,Total content - North (T_N),007\n"
+                    "b,focus,demo_A.psm,Winter cereals,Hamburg (H),7\n");
+
+    ASSERT_EQ(Do("plan run plan.csv --to runs --wait").Code, 0);
+
+    const auto lines = Lines_Of(Results_Of("runs"));
+    ASSERT_EQ(lines.size(), 3U);
+    const std::string figure = Cell(lines[1], 4);
+    EXPECT_NE(overview.find("\"value\": " + figure + ",\n    \"unit\": \"mg/kg\""), std::string::npos)
+        << figure << " " << overview;
+    EXPECT_TRUE(lines[1].starts_with("a,007,Demo substance D," + figure + ",mg/kg,26,,,complete,")) << lines[1];
+    EXPECT_EQ(Cell(lines[2], 5), "\xC2\xB5g/L");
+    const auto kept = Names_In(Place / "runs/runs/0000/0000001");
+    EXPECT_EQ(kept, (std::vector<std::string>{"PECsoil_1.orv", "period.orv", "result.csv", "run.json", "year.orv"}));
+
+    // As a workbook: what is a number stays one, what only looks like one does not become it.
+    ASSERT_EQ(Do("plan results runs --to results.xlsx").Code, 0);
+    Zip_Reader book(Place / "results.xlsx");
+    std::string sheet;
+    for (std::size_t entry = 0; entry < book.Entries().size(); ++entry) {
+        if (book.Entries()[entry].Name == "xl/worksheets/sheet1.xml")
+            book.Read(entry, [&](std::string_view bytes) { sheet += bytes; });
+    }
+    EXPECT_NE(sheet.find("<v>" + figure + "</v>"), std::string::npos);
+    EXPECT_NE(sheet.find("<v>" + Cell(lines[2], 4) + "</v>"), std::string::npos);
+    EXPECT_NE(sheet.find("<t>007</t>"), std::string::npos);
+    EXPECT_NE(sheet.find("<v>7</v>"), std::string::npos);
+    EXPECT_NE(sheet.find("<t>percolate</t>"), std::string::npos);
 }
 
 TEST_F(Orvelctl_Plan, Killed_Twenty_Times_It_Runs_Nothing_Twice_And_Gives_The_Same_Bytes)

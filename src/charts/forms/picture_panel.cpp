@@ -28,7 +28,7 @@ Picture_Panel::Picture_Panel(const QString& name, Ask_Function ask, QWidget* par
     add("Print", "Print graph", [this] { Print_Picture(*this, Ask, Picture_Of(Shown_Chart())); });
     add("Save", "Save graph", [this] {
         Save_Picture_As(*this, Ask, Picture_Of(Shown_Chart()), "Save Graph",
-                        Shown(Picture_Name("Overview", Shown_Chart().Title)));
+                        Shown(Picture_Name(Of, Shown_Chart().Title)));
     });
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);

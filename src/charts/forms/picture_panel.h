@@ -17,11 +17,13 @@ public:
     // `name` is that of the chart's view; the buttons have it with Copy_, Print_ and Save_ in front.
     Picture_Panel(const QString& name, Ask_Function ask, QWidget* parent = nullptr);
 
+    void Name_Picture(std::string of) { Of = std::move(of); } // begins the name proposed for its file
     void Show(Chart chart);
     const Chart& Shown_Chart() const;
 
 private:
     Ask_Function Ask;
+    std::string Of = "Overview";
     Chart_View* View = nullptr;
 };
 

@@ -140,6 +140,10 @@ QLayout* Start::Documents()
     for (auto* command : {Command1, Command2, Command6})
         documents->addWidget(command, 1);
     documents->addWidget(overview, 1);
+    auto* plans = Named(new QPushButton("Pla&ns"), "Plans_Button");
+    plans->setToolTip("Tables of many runs: open or make one, run it, see what the runs come to");
+    connect(plans, &QPushButton::clicked, this, [this] { Open_Plans(The_Session); });
+    documents->addWidget(plans, 1);
     auto* archives = Named(new QPushButton("&Archives and comparisons"), "Open_Archives");
     archives->setToolTip("Archive simulations, restore or run again what was archived, compare two assessments");
     connect(archives, &QPushButton::clicked, this, &Start::Open_Archives);

@@ -3,6 +3,7 @@
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/inout_sel.h"
 #include "evaluation/forms/overview_window.h"
+#include "plans/forms/plans_window.h"
 #include "records/forms/archive_dialog.h"
 #include "records/forms/archives.h"
 
@@ -29,21 +30,32 @@ std::vector<Overview_Action> Actions_On_Records(const Session& session)
              }}};
 }
 
-} // namespace
-
 // One window, which is brought to the front when it is open already. Its thread ends before the program does.
-void Open_Overview(const Session& session, Mode_Kind mode)
+template <class Window, class Make> void Bring_To_Front(QPointer<Window>& open, Make make)
 {
-    static QPointer<Overview_Window> open;
     if (!open) {
-        open = new Overview_Window(session, mode, Actions_On_Records(session));
+        open = make();
         open->setAttribute(Qt::WA_DeleteOnClose);
-        QObject::connect(qApp, &QCoreApplication::aboutToQuit, open, [] { delete open; });
+        QObject::connect(qApp, &QCoreApplication::aboutToQuit, open, [&open] { delete open; });
     }
-    open->Show_Mode(mode);
     open->show();
     open->raise();
     open->activateWindow();
+}
+
+} // namespace
+
+void Open_Overview(const Session& session, Mode_Kind mode)
+{
+    static QPointer<Overview_Window> open;
+    Bring_To_Front(open, [&] { return new Overview_Window(session, mode, Actions_On_Records(session)); });
+    open->Show_Mode(mode);
+}
+
+void Open_Plans(const Session& session)
+{
+    static QPointer<Plans_Window> open;
+    Bring_To_Front(open, [&] { return new Plans_Window(session); });
 }
 
 Run_Windows Windows_Of_Runs(Session& session)

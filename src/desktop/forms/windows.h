@@ -4,8 +4,9 @@
 
 namespace orvel {
 
-// The window that stays open beside all others.
+// The windows that stay open beside all others.
 void Open_Overview(const Session& session, Mode_Kind mode);
+void Open_Plans(const Session& session);
 
 // Which window opens which: the functions passed to forms of lower rooms. The session must outlive them.
 Run_Windows Windows_Of_Runs(Session& session);

@@ -20,6 +20,8 @@
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "pdf_text.h"
+#include "plans/forms/plans_window.h"
+#include "plans/forms/sweep_form.h"
 #include "records/forms/archives.h"
 #include "report/forms/zusammenfassung_orv.h"
 #include "runs/forms/ausgabe_festlegen.h"
@@ -109,6 +111,11 @@ protected:
         Orvelctl("init " + Installation().string());
         Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
         Orvelctl(at + " start --mode focus --wait");
+        const std::string plan = (Place->Path() / "window.csv").string();
+        Orvelctl(at +
+                 " plan sweep --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'" +
+                 " --shift -7:7:7 --factor 'psm.Koc[1]=0.5,1' --to " + plan);
+        Orvelctl(at + " plan run " + plan + " --to " + (Place->Path() / "window").string() + " --wait 2>&1");
     }
     static void TearDownTestSuite() { delete Place; }
 
@@ -193,6 +200,23 @@ std::vector<Opened_Window> Windows_Test::All() const
             Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}},
             Zusammenfassung_orv::Archive_Opener()),
         Plain<Archives>("archives"),
+        Plain<Plans_Window>("plans"),
+        {"plans_window",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             auto window = std::make_unique<Plans_Window>(session);
+             window->Open(Place->Path() / "window");
+             auto* table = Find<QTableView>(*window, "Table");
+             if (!QTest::qWaitFor([&] { return table->model()->rowCount() == 6 && table->model()->columnCount() > 6; }))
+                 throw std::runtime_error("the plan is not shown");
+             auto* kinds = Find<QComboBox>(*window, "Kind");
+             kinds->setCurrentIndex(2);
+             emit kinds->activated(2);
+             return window;
+         }},
+        {"sweep",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Sweep_Form>(session.Program, session.Ask, nullptr);
+         }},
         Plain<inout_sel>("inout_sel"),
         {"form_filetext",
          [echo](Session& session) -> std::unique_ptr<QWidget> {
@@ -757,6 +781,29 @@ TEST_F(Windows_Test, The_Overview_Of_The_Program_Archives_And_Compares)
     for (const char* name : {"A_Archive", "A_Archives", "A_Compare"})
         EXPECT_TRUE(actions.contains(overview->findChild<QAction*>(name))) << name;
     overview->close();
+}
+
+// One window of plans, which stays open beside the others.
+TEST_F(Windows_Test, The_Start_Form_Opens_The_Plans_Once)
+{
+    Start start(The_Session);
+    start.show();
+    const auto plans = [] {
+        std::vector<Plans_Window*> open;
+        for (auto* window : QApplication::topLevelWidgets()) {
+            if (auto* found = qobject_cast<Plans_Window*>(window); found && found->isVisible())
+                open.push_back(found);
+        }
+        return open;
+    };
+
+    Click<QPushButton>(start, "Plans_Button");
+    Click<QPushButton>(start, "Plans_Button");
+
+    ASSERT_EQ(plans().size(), 1U);
+    EXPECT_FALSE(plans().front()->isModal());
+    Click<QPushButton>(*plans().front(), "Done");
+    EXPECT_TRUE(plans().empty());
 }
 
 // Whatever is typed, no box ends the program: numbers beyond the range of a double, and those whose sums are.

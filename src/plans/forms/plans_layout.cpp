@@ -1,0 +1,180 @@
+// The controls and the layout of the window of plans.
+#include "charts/forms/picture_panel.h"
+#include "core/system/processors.h"
+#include "plans/forms/plans_window.h"
+#include "ui/forms/form_keys.h"
+#include "ui/forms/path_label.h"
+#include "ui/forms/widgets.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QSplitter>
+#include <QTableView>
+
+namespace orvel {
+
+namespace {
+
+QComboBox* Combo(const QString& name, const QString& purpose, const QStringList& items)
+{
+    auto* combo = Named(new QComboBox, name);
+    combo->setAccessibleName(purpose);
+    combo->addItems(items);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    return combo;
+}
+
+QLabel* Label(const QString& text, QWidget* buddy)
+{
+    auto* label = new QLabel(text);
+    label->setBuddy(buddy);
+    return label;
+}
+
+} // namespace
+
+void Plans_Window::Lay_Out()
+{
+    Note = Named(new QLabel("Open a plan, paste its rows from a spreadsheet, or make a sweep of one run."), "Note");
+    Note->setWordWrap(true);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(Sources());
+    all->addLayout(Running());
+    all->addWidget(Note);
+    all->addWidget(Table_And_Picture(), 1);
+    all->addLayout(Foot());
+    Use_Form_Keys(*this);
+}
+
+QLayout* Plans_Window::Sources()
+{
+    Plan_Path = Named(new Path_Label, "Plan_Path");
+    Directory_Path = Named(new Path_Label, "Directory_Path");
+    Directory_Button = Push_Button("Directory", "D&irectory ...", this, &Plans_Window::Choose_Directory);
+    Directory_Button->setToolTip("Where the runs of the plan lie: a new or empty directory, or that of this plan");
+    auto* open = Push_Button("Open_Plan", "&Open plan ...", this, &Plans_Window::Open_File);
+    open->setToolTip("A plan, or the copy of it in the directory of its runs");
+    auto* paste = Push_Button("Paste_Plan", "P&aste plan ...", this, &Plans_Window::Paste);
+    paste->setToolTip("Rows that were copied from a spreadsheet, with their headings");
+    auto* sweep = Push_Button("Make_Sweep", "S&weep ...", this, &Plans_Window::Sweep);
+    sweep->setToolTip("Makes a plan that varies one run: shifted applications, fields times factors");
+
+    auto* row = new QHBoxLayout;
+    for (auto* button : {open, paste, sweep})
+        row->addWidget(button);
+    row->addSpacing(fontMetrics().averageCharWidth());
+    row->addWidget(new QLabel("Plan:"));
+    row->addWidget(Plan_Path, 1);
+    row->addWidget(new QLabel("Runs in:"));
+    row->addWidget(Directory_Path, 1);
+    row->addWidget(Directory_Button);
+    return row;
+}
+
+QLayout* Plans_Window::Running()
+{
+    constexpr int Most_Jobs = 1000;
+    Run_Button = Push_Button("Run_Plan", "&Run", this, &Plans_Window::Run);
+    Run_Button->setToolTip("Runs what has no complete run yet; it goes on when this window is closed");
+    Stop_Button = Push_Button("Stop_Plan", "S&top", this, &Plans_Window::Stop);
+    Stop_Button->setToolTip("Ends the runs at work; what is complete stays");
+    Jobs = Named(new QSpinBox, "Jobs");
+    Jobs->setRange(0, Most_Jobs);
+    Jobs->setSpecialValueText(QString("all %1 processors").arg(Processors()));
+    Jobs->setAccessibleName("Runs at a time");
+    Keep = Combo("Keep", "What stays of a run", {"records", "tables", "all files"});
+    Keep->setCurrentIndex(static_cast<int>(Plan_Keep::Tables));
+    Keep->setToolTip("What stays of a run: its record and its results, its tables too, or all files");
+    Bar = Named(new QProgressBar, "Bar");
+    Bar->setAccessibleName("Complete runs");
+    Bar->setMaximumWidth(fontMetrics().averageCharWidth() * 40);
+    Bar->setValue(0);
+    Status = Named(new QLabel, "Status");
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(Run_Button);
+    row->addWidget(Stop_Button);
+    row->addWidget(Label("Runs at a ti&me:", Jobs));
+    row->addWidget(Jobs);
+    row->addWidget(Label("&Keep:", Keep));
+    row->addWidget(Keep);
+    row->addSpacing(fontMetrics().averageCharWidth());
+    row->addWidget(Bar, 1);
+    row->addWidget(Status, 2);
+    return row;
+}
+
+QWidget* Plans_Window::Table_And_Picture()
+{
+    Table = Named(new QTableView, "Table");
+    Table->setAccessibleName("Runs of the plan");
+    Table->setModel(&Table_Model);
+    Table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    Table->setWordWrap(false);
+    Table->setTabKeyNavigation(false);
+    Table->horizontalHeader()->setResizeContentsPrecision(100);
+    Table->verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() * 3 / 2);
+    Table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+
+    Picture = new Picture_Panel("Picture", Ask);
+    auto* lower = new QWidget;
+    auto* picture = new QVBoxLayout(lower);
+    picture->setContentsMargins(0, 0, 0, 0);
+    picture->addLayout(Picture_Choices());
+    picture->addWidget(Picture, 1);
+    auto* both = new QSplitter(Qt::Vertical);
+    both->addWidget(Table);
+    both->addWidget(lower);
+    both->setStretchFactor(0, 1);
+    both->setStretchFactor(1, 1);
+    both->setChildrenCollapsible(false);
+    both->setSizes({1000, 1000}); // as shares of what there is
+    return both;
+}
+
+QLayout* Plans_Window::Picture_Choices()
+{
+    States = Combo("States", "Runs that the table shows", {"all runs"});
+    for (const auto verdict : {Verdict::Complete, Verdict::Incomplete, Verdict::Failed, Verdict::Stopped,
+                               Verdict::Running, Verdict::Scheduled})
+        States->addItem(Shown(Verdict_Text(verdict)), static_cast<int>(verdict));
+    Kind = Combo("Kind", "Picture", {"Distribution", "Effect of each factor", "By date of application"});
+    Substances = Combo("Substances", "Substance", {});
+    Substances->setMinimumContentsLength(16);
+    Labels = Combo("Labels", "A curve for each value of a label", {});
+    Labels->setMinimumContentsLength(12);
+    connect(States, &QComboBox::activated, this, &Plans_Window::Show_Rows);
+    for (auto* list : {Kind, Substances, Labels})
+        connect(list, &QComboBox::activated, this, &Plans_Window::Show_Picture);
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(Label("S&how:", States));
+    row->addWidget(States);
+    row->addStretch(1);
+    row->addWidget(Label("Pict&ure:", Kind));
+    row->addWidget(Kind);
+    row->addWidget(Label("Su&bstance:", Substances));
+    row->addWidget(Substances);
+    row->addWidget(Label("Cur&ve for each:", Labels));
+    row->addWidget(Labels);
+    return row;
+}
+
+QLayout* Plans_Window::Foot()
+{
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(Push_Button("Kopieren", "&Copy", this, &Plans_Window::Copy));
+    foot->addWidget(Push_Button("Speichern", "&Save ...", this, &Plans_Window::Save));
+    foot->addWidget(Push_Button("Drucken", "&Print", this, &Plans_Window::Print));
+    foot->addWidget(Push_Button("Befehl", "Copy as comma&nd", this, &Plans_Window::Command));
+    foot->addStretch(1);
+    foot->addWidget(Push_Button("Done", "&Done", this, &QDialog::accept));
+    return foot;
+}
+
+} // namespace orvel
