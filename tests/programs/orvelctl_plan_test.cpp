@@ -382,6 +382,8 @@ TEST_F(Orvelctl_Plan, Killed_Twenty_Times_It_Runs_Nothing_Twice_And_Gives_The_Sa
 TEST_F(Orvelctl_Plan, A_Stop_Ends_The_Engines_And_The_Plan_Goes_On_Later)
 {
     Put_Plan(12);
+    ASSERT_EQ(Do("plan run plan.csv --to runs --part 12/12 --wait").Code,
+              0); // the set-up may take longer than the stop
     const auto stopped = Do("plan run plan.csv --to runs --jobs 1 --wait", "timeout -s TERM 0.3");
     EXPECT_EQ(stopped.Code, 124);
     EXPECT_TRUE(stopped.Standard_Error.ends_with("Plan: The plan was stopped. Run it again to go on.\n"))
