@@ -151,8 +151,8 @@ private:
     {
         Level level = std::move(Levels.back());
         Levels.pop_back();
-        level.Begin = level.Is_Object ? level.Begin.With(std::move(level.Members))
-                                      : level.Begin.With(std::move(level.Elements));
+        level.Begin =
+            level.Is_Object ? level.Begin.With(std::move(level.Members)) : level.Begin.With(std::move(level.Elements));
         return Put(std::move(level.Begin));
     }
 

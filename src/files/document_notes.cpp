@@ -4,6 +4,7 @@
 #include "core/error.h"
 #include "core/files.h"
 #include "core/json.h"
+#include "core/text.h"
 
 #include <algorithm>
 #include <array>
@@ -103,7 +104,8 @@ bool Field_Note::Is_Empty() const
 
 bool Field_Note::Says_The_Same(const Field_Note& other) const
 {
-    return std::ranges::all_of(Note_Members, [&](const auto& member) { return this->*member.Text == other.*member.Text; });
+    return std::ranges::all_of(Note_Members,
+                               [&](const auto& member) { return this->*member.Text == other.*member.Text; });
 }
 
 const Field_Note* Note_Of(const Document_Notes& notes, std::string_view field)
@@ -127,19 +129,52 @@ void Set_Note(Document_Notes& notes, std::string_view field, Field_Note note)
 
 const Guidance_Answer* Answer_Of(const Document_Notes& notes, std::string_view rule, std::string_view field)
 {
-    const auto found = std::ranges::find_if(notes.Answers, [&](const Guidance_Answer& answer) {
-        return answer.Rule == rule && answer.Field == field;
-    });
+    const auto found = std::ranges::find_if(
+        notes.Answers, [&](const Guidance_Answer& answer) { return answer.Rule == rule && answer.Field == field; });
     return found == notes.Answers.end() ? nullptr : &*found;
 }
 
 void Set_Answer(Document_Notes& notes, Guidance_Answer answer)
 {
-    std::erase_if(notes.Answers, [&](const Guidance_Answer& old) {
-        return old.Rule == answer.Rule && old.Field == answer.Field;
-    });
+    std::erase_if(notes.Answers,
+                  [&](const Guidance_Answer& old) { return old.Rule == answer.Rule && old.Field == answer.Field; });
     if (!answer.Text.empty())
         notes.Answers.push_back(std::move(answer));
+}
+
+std::vector<Difference> Differences(const Document_Notes& first, const Document_Notes& second)
+{
+    std::vector<Difference> differences;
+    const auto add = [&](std::string name, const std::string& one, const std::string& other) {
+        if (one != other)
+            differences.push_back({std::move(name), one, other});
+    };
+    const auto add_field = [&](const std::string& field) {
+        const Field_Note none;
+        const auto *one = Note_Of(first, field), *other = Note_Of(second, field);
+        for (const auto& [key, text] : Note_Members)
+            add(field + ", " + Replace_All(std::string(key), "_", " "), (one == nullptr ? none : *one).*text,
+                (other == nullptr ? none : *other).*text);
+    };
+    for (const auto& [field, note] : first.Fields)
+        add_field(field);
+    for (const auto& [field, note] : second.Fields) {
+        if (Note_Of(first, field) == nullptr)
+            add_field(field);
+    }
+    const auto text_in = [](const Document_Notes& notes, const Guidance_Answer& of) {
+        const auto* answer = Answer_Of(notes, of.Rule, of.Field);
+        return answer == nullptr ? std::string() : answer->Text;
+    };
+    const auto add_answer = [&](const Guidance_Answer& of) {
+        add("answer to " + of.Rule + " for " + of.Field, text_in(first, of), text_in(second, of));
+    };
+    std::ranges::for_each(first.Answers, add_answer);
+    for (const auto& answer : second.Answers) {
+        if (Answer_Of(first, answer.Rule, answer.Field) == nullptr)
+            add_answer(answer);
+    }
+    return differences;
 }
 
 std::string Format_Notes(const Document_Notes& notes)
@@ -171,7 +206,8 @@ Document_Notes Parse_Notes(std::string_view bytes)
 {
     const Json_Value json = Parse_Json(bytes);
     if (const auto& schema = json.At(Schema_Key); schema.Text() != Schema)
-        schema.Refuse("The notes are of another version: \"" + schema.Text() + "\", not \"" + std::string(Schema) + "\".");
+        schema.Refuse("The notes are of another version: \"" + schema.Text() + "\", not \"" + std::string(Schema) +
+                      "\".");
     Document_Notes notes;
     for (const auto& [key, value] : json.Members()) {
         if (key == Fields_Key)
@@ -203,6 +239,12 @@ Document_Notes Read_Notes(const fs::path& document)
     } catch (const File_Error& damage) {
         throw File_Error(Located(file.string(), damage));
     }
+}
+
+void Copy_Notes(const fs::path& from, const fs::path& to)
+{
+    if (Notes_File(from) != Notes_File(to))
+        Write_Notes(to, Read_Notes(from));
 }
 
 void Write_Notes(const fs::path& document, const Document_Notes& notes)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/json_reader.h"
+#include "files/document_differences.h"
 
 #include <filesystem>
 #include <string>
@@ -43,6 +44,9 @@ void Set_Note(Document_Notes& notes, std::string_view field, Field_Note note);
 const Guidance_Answer* Answer_Of(const Document_Notes& notes, std::string_view rule, std::string_view field);
 void Set_Answer(Document_Notes& notes, Guidance_Answer answer); // an empty text takes it away
 
+// What two documents' notes say differently: "Koc[1], source", "Koc[1], comment", "answer to P1.1 for Plant_Uptake[1]".
+std::vector<Difference> Differences(const Document_Notes& first, const Document_Notes& second);
+
 // The bytes of a notes file, and the notes in them. Throws File_Error with line and column.
 std::string Format_Notes(const Document_Notes& notes);
 Document_Notes Parse_Notes(std::string_view bytes);
@@ -51,6 +55,9 @@ Document_Notes Parse_Notes(std::string_view bytes);
 // or understood throws File_Error with its name.
 std::filesystem::path Notes_File(const std::filesystem::path& document);
 Document_Notes Read_Notes(const std::filesystem::path& document);
+
+// Copies the notes of a document beside another one, in place of what is there. Throws File_Error.
+void Copy_Notes(const std::filesystem::path& from, const std::filesystem::path& to);
 
 // Writes the notes whole beside a document; notes that say nothing leave no file there. Throws File_Error.
 void Write_Notes(const std::filesystem::path& document, const Document_Notes& notes);

@@ -5,10 +5,8 @@
 #include "core/files.h"
 #include "core/text.h"
 #include "files/document_differences.h"
-#include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 #include "runs/selection.h"
-#include "substance/pathway.h"
 
 #include <algorithm>
 #include <memory>
@@ -89,9 +87,8 @@ std::optional<int> Day_Of(const Pesticide_Document& document, const Guidance_Use
 const Crop_Guidance* Crop_In(const Guidance& guidance, const Crop& crop, bool (*has)(const Crop_Guidance&))
 {
     const auto found = std::ranges::find_if(guidance.Crops, [&](const Crop_Guidance& entry) {
-        return has(entry) && std::ranges::any_of(entry.Crops, [&](const std::string& name) {
-                   return Same_Text(name, crop.Text);
-               });
+        return has(entry) &&
+               std::ranges::any_of(entry.Crops, [&](const std::string& name) { return Same_Text(name, crop.Text); });
     });
     return found == guidance.Crops.end() ? nullptr : &*found;
 }
@@ -107,7 +104,7 @@ void Add_Place(Guidance_Facts& facts, const Guidance& guidance, const Mode& mode
     facts.Add({"Location", choice.Code, {}, {}});
     facts.Add("Years", Years_To_Run(mode, choice));
     facts.Add("Interval", choice.Pattern);
-    if (choice.Tillage_Visible)
+    if (choice.Tillage_Visible && !Trim(choice.Options.Tillage).empty())
         facts.Add("Tillage_Depth", Val(choice.Options.Tillage), {}, "cm");
     if (choice.Crop == nullptr)
         return;
@@ -124,10 +121,10 @@ void Add_Interception(Guidance_Facts& facts, const Guidance& guidance, const Run
                       const Pesticide_Document& document, const std::vector<Crop_Days>& crops)
 {
     constexpr double By_Hand = 4;
-    const auto* entry = choice.Crop == nullptr ? nullptr
-                                               : Crop_In(guidance, *choice.Crop, [](const Crop_Guidance& crop) {
-                                                     return crop.Interception.has_value();
-                                                 });
+    const auto* entry =
+        choice.Crop == nullptr
+            ? nullptr
+            : Crop_In(guidance, *choice.Crop, [](const Crop_Guidance& crop) { return crop.Interception.has_value(); });
     const bool relative = document.App_Mode == App_Mode_Relative;
     const int block = relative ? 0 : Block_Of_Location(document, choice.Location);
     for (const auto& use : Uses_In(document)) {
@@ -152,36 +149,35 @@ void Add_Interception(Guidance_Facts& facts, const Guidance& guidance, const Run
     }
 }
 
-template <class Document, class Parse>
-std::unique_ptr<Document> Read(const std::filesystem::path& file, Parse parse)
+std::unique_ptr<Scenario_Document> Read_Scenario(const Program_State& program, const Mode& mode,
+                                                 const Run_Choice& choice)
 {
-    auto document = std::make_unique<Document>();
+    const auto file = Found_Or_New(Mode_Directory(program, mode), Path_Of(choice.Scenario));
     const std::string bytes = Read_Whole(file);
+    auto scenario = std::make_unique<Scenario_Document>();
+    Reset_SZE(*scenario);
     try {
-        parse(bytes, *document);
+        Parse_SZE(bytes, *scenario);
     } catch (const File_Error& error) {
         throw File_Error(Located(file.string(), error));
     }
-    return document;
+    return scenario;
+}
+
+std::vector<Guidance_Finding> Check(const Program_State& program, const Guidance& guidance, const Mode& mode,
+                                    const Run_Choice& choice, const Pesticide_Document& document,
+                                    const Document_Notes& notes)
+{
+    Guidance_Facts facts = Facts_Of(document);
+    Add_Facts_Of_Run(facts, guidance, mode, choice, document, *Read_Scenario(program, mode, choice));
+    return Check_Guidance(guidance, facts, notes);
 }
 
 std::vector<Guidance_Finding> Check(const Program_State& program, const Guidance& guidance, const Mode& mode,
                                     const Run_Choice& choice)
 {
     const auto file = Found_Or_New(program.App_Path, Path_Of(choice.Pesticide));
-    const auto document = Read<Pesticide_Document>(file, [](const std::string& bytes, Pesticide_Document& read) {
-        Parse_PSM(bytes, read);
-        Update_Pathway(read);
-    });
-    const auto scenario =
-        Read<Scenario_Document>(Found_Or_New(Mode_Directory(program, mode), Path_Of(choice.Scenario)),
-                                [](const std::string& bytes, Scenario_Document& read) {
-                                    Reset_SZE(read);
-                                    Parse_SZE(bytes, read);
-                                });
-    Guidance_Facts facts = Facts_Of(*document);
-    Add_Facts_Of_Run(facts, guidance, mode, choice, *document, *scenario);
-    return Check_Guidance(guidance, facts, Read_Notes(file));
+    return Check(program, guidance, mode, choice, *Read_Whole_Pesticide(file), Read_Notes(file));
 }
 
 // A finding with the locations at which it was made.
@@ -204,6 +200,28 @@ void Add_Facts_Of_Run(Guidance_Facts& facts, const Guidance& guidance, const Mod
 std::vector<Guidance_Finding> Check_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice)
 {
     return Check(program, Read_Guidance(program.App_Path), mode, choice);
+}
+
+std::vector<Guidance_Finding> Check_Runs(const Program_State& program, const Mode& mode,
+                                         const Guidance_Subject& subject, const Crop* crop,
+                                         const std::vector<std::string>& locations)
+{
+    const Guidance guidance = Read_Guidance(program.App_Path);
+    auto findings = Check_Guidance(guidance, Facts_Of(subject.Document), subject.Notes);
+    for (const auto& location : locations) {
+        Selection selected{.Choice = Choose_Run(mode, subject.File_Name, crop, location)};
+        const auto scenario = Find_File(Mode_Directory(program, mode), Path_Of(selected.Choice.Scenario));
+        if (crop == nullptr || selected.Choice.Code.empty() || !scenario)
+            continue;
+        Judge_Selection(selected, mode, subject.Document, Facts_Of_Scenario(Read_Whole(*scenario)));
+        for (auto& finding : Check(program, guidance, mode, selected.Choice, subject.Document, subject.Notes)) {
+            if (!finding.Needs_A_Run)
+                continue;
+            finding.Shown += (finding.Shown.empty() ? "at " : " at ") + location;
+            findings.push_back(std::move(finding));
+        }
+    }
+    return findings;
 }
 
 std::string Guidance_After_Marking(const Program_State& program, const Mode& mode,

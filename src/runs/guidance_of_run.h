@@ -17,6 +17,19 @@ void Add_Facts_Of_Run(Guidance_Facts& facts, const Guidance& guidance, const Mod
 // What the installation's rules find in a run. Throws File_Error.
 std::vector<Guidance_Finding> Check_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice);
 
+// A document with its notes, and the name of its file.
+struct Guidance_Subject {
+    const Pesticide_Document& Document;
+    const Document_Notes& Notes;
+    std::string File_Name;
+};
+
+// What they find in a document, and in its runs for a crop at those locations that have a scenario, which stand behind
+// the values. Throws File_Error.
+std::vector<Guidance_Finding> Check_Runs(const Program_State& program, const Mode& mode,
+                                         const Guidance_Subject& subject, const Crop* crop,
+                                         const std::vector<std::string>& locations);
+
 // What the user is told after runs of one pesticide file and crop were marked: the open findings that need a run, with
 // their locations, or why the check could not be done. Empty if there is nothing to tell.
 std::string Guidance_After_Marking(const Program_State& program, const Mode& mode,

@@ -177,9 +177,9 @@ void Read_Rules(const Json_Value& rules, Guidance& guidance)
         if (ids.size() >= Most_Rules)
             object.Refuse("The file has too many rules.");
         ids.push_back(rule.Id);
-        const auto known = std::ranges::find(guidance.Rules.begin(),
-                                             guidance.Rules.begin() + static_cast<std::ptrdiff_t>(before), rule.Id,
-                                             &Guidance_Rule::Id);
+        const auto known =
+            std::ranges::find(guidance.Rules.begin(), guidance.Rules.begin() + static_cast<std::ptrdiff_t>(before),
+                              rule.Id, &Guidance_Rule::Id);
         if (known != guidance.Rules.begin() + static_cast<std::ptrdiff_t>(before))
             *known = std::move(rule);
         else

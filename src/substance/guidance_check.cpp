@@ -165,6 +165,16 @@ std::string Value_Text(const Guidance_Finding& finding)
            (finding.Others == 0 ? "" : " and " + std::to_string(finding.Others) + " more");
 }
 
+std::string Answer_Text(const Guidance_Finding& finding)
+{
+    if (finding.Answer.empty())
+        return finding.Is_Open() ? "open" : "";
+    const std::string by = finding.Answered_By +
+                           (finding.Answered_By.empty() || finding.Answered_On.empty() ? "" : ", ") +
+                           finding.Answered_On;
+    return finding.Answer + (by.empty() ? "" : " (" + by + ")");
+}
+
 std::string Findings_Lines(const std::vector<Guidance_Finding>& findings)
 {
     std::string lines;

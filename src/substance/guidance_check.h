@@ -20,7 +20,7 @@ struct Guidance_Finding {
     std::string Text, Source; // of the rule
     bool Confirmed = false;
     bool Needs_A_Run = false; // the rule compares what a document alone does not tell
-    std::string Answer; // why it was accepted, for this value; empty: it is open
+    std::string Answer;       // why it was accepted, for this value; empty: it is open
     std::string Answered_By, Answered_On;
     bool Is_Outdated = false; // it was answered for another value
 
@@ -42,6 +42,9 @@ constexpr std::string_view Not_Confirmed_Text = "source not confirmed";
 
 std::string Source_Text(const Guidance_Finding& finding); // with "(source not confirmed)" where it is not
 std::string Value_Text(const Guidance_Finding& finding);  // "DT50[1] = 1200 d", "... and 25 more"
+
+// The answer with its author and date, "open" without one, nothing for information without one.
+std::string Answer_Text(const Guidance_Finding& finding);
 
 // A line a finding, its parts separated by tabs; and as JSON.
 std::string Findings_Lines(const std::vector<Guidance_Finding>& findings);

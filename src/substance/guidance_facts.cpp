@@ -1,9 +1,12 @@
 #include "substance/guidance_facts.h"
 
+#include "core/error.h"
+#include "core/files.h"
 #include "core/text.h"
 #include "files/document_differences.h"
 #include "files/document_fields.h"
 #include "files/document_values.h"
+#include "files/pesticide_file.h"
 #include "substance/application_list.h"
 #include "substance/application_view.h"
 #include "substance/half_lives.h"
@@ -67,13 +70,10 @@ std::optional<int> First_Index(std::string_view field)
     return error == std::errc() ? std::optional(index) : std::nullopt;
 }
 
-// A substance that the scheme forms, or the active one. Index 0 is not in use.
-bool Is_In_Use(const Pesticide_Document& document, std::string_view field)
+double Rounded(double value)
 {
-    if (!Is_Of_Substances(field.substr(0, field.find('['))))
-        return true;
-    const int i = First_Index(field).value_or(0);
-    return i == 1 || (i > 1 && i <= Substances && document.Met_Present[At(i)]);
+    constexpr double Steps = 1e4;
+    return std::round(value * Steps) / Steps;
 }
 
 std::string Rate_Field(int substance, int row)
@@ -102,7 +102,7 @@ void Add_Degradation(const Pesticide_Document& document, int i, Guidance_Facts& 
             continue;
         const double rate = document.Degradation[At(i)][At(arrow.Row)].Deg_Rate.Number();
         if (rate > 0)
-            facts.Add(Fact_Name("Formation", At(i), At(arrow.Row)), rate / total, Rate_Field(i, arrow.Row),
+            facts.Add(Fact_Name("Formation", At(i), At(arrow.Row)), Rounded(rate / total), Rate_Field(i, arrow.Row),
                       "of " + document.Substance_Name[At(i)] + " to " + document.Substance_Name[At(arrow.Target)]);
     }
 }
@@ -134,7 +134,7 @@ void Add_Henry(const Pesticide_Document& document, Guidance_Facts& facts)
         if (document.Henry[k] <= 0 || document.Vap_Press[k] <= 0 || document.Solubility[k] <= 0 || molmass <= 0)
             continue;
         const double calculated = document.Vap_Press[k] * molmass / document.Solubility[k];
-        facts.Add(Fact_Name("Henry_Ratio", k), document.Henry[k] / calculated, Fact_Name("Henry", k),
+        facts.Add(Fact_Name("Henry_Ratio", k), Rounded(document.Henry[k] / calculated), Fact_Name("Henry", k),
                   "calculated: " + General_Text(calculated));
     }
 }
@@ -205,7 +205,8 @@ const Guidance_Quantity* Quantity_Of(std::string_view pattern)
     const auto found = std::ranges::find_if(Guidance_Quantities, [&](const Guidance_Quantity& quantity) {
         return indexless(quantity.Name) == indexless(pattern) && indices(quantity.Name) == indices(pattern);
     });
-    return found == Guidance_Quantities.end() || (pattern.find('[') != std::string_view::npos && !pattern.ends_with("]"))
+    return found == Guidance_Quantities.end() ||
+                   (pattern.find('[') != std::string_view::npos && !pattern.ends_with("]"))
                ? nullptr
                : &*found;
 }
@@ -268,7 +269,7 @@ Guidance_Facts Facts_Of(const Pesticide_Document& document)
 {
     Guidance_Facts facts;
     for (const auto& [field, value] : Values_In_Use(document)) {
-        if (Is_In_Use(document, field))
+        if (Is_Of_Used_Substance(document, field))
             facts.Add({field, value, field, {}});
     }
     for (int i = 1; i <= Substances; ++i) {
@@ -281,6 +282,27 @@ Guidance_Facts Facts_Of(const Pesticide_Document& document)
     Add_Henry(document, facts);
     Add_Uses(document, facts);
     return facts;
+}
+
+bool Is_Of_Used_Substance(const Pesticide_Document& document, std::string_view field)
+{
+    if (!Is_Of_Substances(field.substr(0, field.find('['))))
+        return true;
+    const int i = First_Index(field).value_or(0); // index 0 is not in use
+    return i == 1 || (i > 1 && i <= Substances && document.Met_Present[At(i)]);
+}
+
+std::unique_ptr<Pesticide_Document> Read_Whole_Pesticide(const std::filesystem::path& file)
+{
+    const std::string bytes = Read_Whole(file);
+    auto document = std::make_unique<Pesticide_Document>();
+    try {
+        Parse_PSM(bytes, *document);
+    } catch (const File_Error& error) {
+        throw File_Error(Located(file.string(), error));
+    }
+    Update_Pathway(*document);
+    return document;
 }
 
 std::optional<Guidance_Fact> Fact_Of_Notes(const Document_Notes& notes, std::string_view name)

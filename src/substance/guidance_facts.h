@@ -3,7 +3,9 @@
 #include "core/session.h"
 #include "files/document_notes.h"
 
+#include <filesystem>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -62,11 +64,17 @@ std::optional<double> Number_In(std::string_view text);
 // The substance of a field, 0 for one that is not of a substance.
 int Substance_Of_Field(std::string_view field);
 
+// Whether a field is of no substance, of the active one, or of one that the scheme forms.
+bool Is_Of_Used_Substance(const Pesticide_Document& document, std::string_view field);
+
+// A pesticide document with its pathway. Throws File_Error with the file's name.
+std::unique_ptr<Pesticide_Document> Read_Whole_Pesticide(const std::filesystem::path& file);
+
 // One use of the document by either kind of date.
 struct Guidance_Use {
     std::size_t Location = 0, Number = 0; // index of the location's block, 0 for relative dates; place in it, from 1
     int Year = 0;
-    std::string Prefix;                   // of its fields: "Applications[1][2].App_"
+    std::string Prefix; // of its fields: "Applications[1][2].App_"
     double Rate = 0, Depth = 0, Interception = 0;
 };
 std::vector<Guidance_Use> Uses_In(const Pesticide_Document& document);

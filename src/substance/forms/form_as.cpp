@@ -1,6 +1,7 @@
 #include "substance/forms/form_as.h"
 
 #include "substance/forms/application_box.h"
+#include "substance/forms/sources.h"
 #include "substance/forms/substance_fields.h"
 #include "substance/forms/volatilisation_box.h"
 #include "ui/forms/byte_edit.h"
@@ -24,6 +25,7 @@ Form_AS::Form_AS(Session& session, QWidget* parent)
     setWindowTitle("Active Substance");
     Lay_Out();
     Show_Minor(false);
+    Show_Sources(*this, session.Editor.Substance_Index);
 }
 
 void Form_AS::Lay_Out()

@@ -1,5 +1,6 @@
 #include "substance/forms/form_met.h"
 
+#include "substance/forms/sources.h"
 #include "substance/forms/substance_fields.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/widgets.h"
@@ -19,6 +20,7 @@ Form_MET::Form_MET(Session& session, QWidget* parent)
     setObjectName("Form_MET");
     setWindowTitle(Shown(Metabolite_Caption(Substance)));
     Lay_Out();
+    Show_Sources(*this, Substance);
 }
 
 void Form_MET::Lay_Out()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "substance/forms/sources.h"
 
 #include <filesystem>
 #include <memory>
@@ -27,10 +28,12 @@ private:
     void Edit_Transformation(int t);
     bool Save();
     void Save_And_Exit();
+    void Check_Guidance_Rules();
 
     Session& The_Session;
     std::filesystem::path Directory;
     std::unique_ptr<const Pesticide_Document> Opened; // or saved last
+    Edited_Notes Notes;
     Per_Substance<std::string> Captions;
     Pathway_View* View = nullptr;
 };

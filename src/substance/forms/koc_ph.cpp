@@ -1,5 +1,6 @@
 #include "substance/forms/koc_ph.h"
 
+#include "substance/forms/sources.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
@@ -28,6 +29,7 @@ KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent)
     s_Dataset->setChecked(entry.s_Dataset);
     Show_View();
     s_pKa->selectAll();
+    Show_Sources(*this, Substance);
 }
 
 void KOC_PH::Lay_Out()
