@@ -16,7 +16,6 @@
 #include "records/zip_file.h"
 #include "report/report_formats.h"
 #include "runs/run_place.h"
-#include "substance/guidance.h"
 
 #include <algorithm>
 #include <map>
@@ -114,12 +113,8 @@ public:
     // What a report says of the installation, and what the lists expect there.
     void Add_Surroundings(const Mode& mode, std::string_view stem)
     {
-        for (const auto& file : {Notes_File(Root / Path_Of(std::string(stem) + ".psm")), Root / Guidance_Name}) {
-            if (Is_There(file))
-                Add_File(file);
-        }
-        for (const auto& name : List_Files(Root, Guidance_Mask))
-            Add_File(Root / Path_Of(name));
+        if (const auto notes = Notes_File(Root / Path_Of(std::string(stem) + ".psm")); Is_There(notes))
+            Add_File(notes);
         const fs::path focus = Found_Or_New(Root, Mode_Of(Mode_Kind::Focus).Directory);
         for (const auto& file :
              {Found_Or_New(focus, Mode_Of(Mode_Kind::Focus).Version_Source),

@@ -58,10 +58,11 @@ std::string Field_Of(const Entry_Field<Entry, Pesticide_Document>& row, const st
     std::string name;
     std::visit(
         [&](auto place) {
+            using Place = decltype(place);
             std::apply(
                 [&](const auto&... field) {
                     const auto compare = [&](const auto& one) {
-                        if constexpr (std::is_same_v<decltype(place), std::remove_const_t<decltype(one.Member)>>) {
+                        if constexpr (std::is_same_v<Place, std::remove_const_t<decltype(one.Member)>>) {
                             if (one.Member == place)
                                 name = std::string(one.Name);
                         }

@@ -25,7 +25,9 @@ QString Summary_Of(const std::vector<Guidance_Finding>& findings)
     const auto open = std::ranges::count_if(findings, &Guidance_Finding::Is_Open);
     if (findings.empty())
         return "The rules find nothing.";
-    return QString("%1 findings, %2 of severity warning or above without an answer.").arg(findings.size()).arg(open);
+    return QString("%1, %2 of severity warning or above without an answer.")
+        .arg(findings.size() == 1 ? QString("1 finding") : QString("%1 findings").arg(findings.size()))
+        .arg(open);
 }
 
 } // namespace
