@@ -20,7 +20,7 @@ struct Note_Row {
     std::string Field_Note::*Text;
 };
 constexpr std::array<Note_Row, 4> Rows = {{{"Note_Source", "&Source:", &Field_Note::Source},
-                                           {"Note_Comment", "&Comment:", &Field_Note::Comment},
+                                           {"Note_Comment", "Co&mment:", &Field_Note::Comment},
                                            {"Note_Checked_By", "Checked &by:", &Field_Note::Checked_By},
                                            {"Note_Date", "&Date:", &Field_Note::Date}}};
 
