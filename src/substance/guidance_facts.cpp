@@ -177,7 +177,8 @@ const std::vector<Guidance_Quantity> Guidance_Quantities = {
     {"Formation[*][*]", "share of a substance's loss that forms a metabolite, by its row of the table"},
     {"Distinct_Q10", "how many different Q10 the rates have"},
     {"Henry_Ratio[*]", "a given Henry constant over M Pv / S, for temperature 0 and 1"},
-    {"Dose[*][*]", "of an application, kg/ha, by location and place in its list; location 0 for relative dates"},
+    {"Dose[*][*]",
+     "of an application with a rate, kg/ha, by location and place in its list; location 0 for relative dates"},
     {"Interception[*][*]", "of an application, %"},
     {"Incorporation[*][*]", "depth of an application, cm"},
     {"Days_After_Emergence[*][*]", "of an application whose date is relative to an emergence"},
@@ -249,6 +250,8 @@ std::vector<Guidance_Use> Uses_In(const Pesticide_Document& document)
             most = std::max(most, Applications_Of(document, location));
         for (std::size_t n = 1; n <= At(most); ++n) {
             const auto& use = document.Relative[n];
+            if (use.Abs9_Rate <= 0)
+                continue;
             uses.push_back({0, n, use.Abs9_Year, Fact_Name("Relative", n) + ".Abs9_", use.Abs9_Rate, use.Abs9_Depth,
                             use.Abs9_Frpex});
         }

@@ -44,9 +44,10 @@ TEST_F(Archive_Test, Holds_The_Notes_Of_The_Pesticide_File)
     Put(Home / "other.notes.json", "{}");
 
     Archive(Home / "a.zip");
+    const auto manifest = Archive_Reader(Home / "a.zip").Manifest();
 
     std::vector<std::string> names;
-    for (const auto& file : Archive_Reader(Home / "a.zip").Manifest().Files)
+    for (const auto& file : manifest.Files)
         names.push_back(file.Name);
     EXPECT_NE(std::ranges::find(names, "gr\xFCn test.notes.json"), names.end());
     EXPECT_EQ(std::ranges::find(names, "other.notes.json"), names.end());

@@ -135,6 +135,7 @@ void FOCUS::Crop_Click()
 void FOCUS::Evaluate()
 {
     Marked->clear();
+    Guidance->hide();
     const Hourglass waiting;
     Selected = Evaluate_Selection(The_Session.Program, The_Session.Ask, The_Mode, Text_Of(*Pesticide),
                                   Crop_At(Crop_List->currentRow()), Text_Of(*Location_List));
@@ -225,12 +226,12 @@ void FOCUS::Mark_All_Locations()
     Show_Marked(result);
 }
 
-// What the guidance says against the runs is behind a link: it does not hold up the marking.
+// What the guidance says against the runs is behind a button: it does not hold up the marking.
 void FOCUS::Show_Marked(const Mark_All_Result& result)
 {
     Guidance_Text = result.Marked == 0 ? "" : Guidance_After_Marking(The_Session.Program, The_Mode, result.Choices);
-    Marked->setText(Shown(Marked_Text(result)).toHtmlEscaped() +
-                    (Guidance_Text.empty() ? "" : ". <a href=\"guidance\">Guidance check: findings</a>"));
+    Guidance->setVisible(!Guidance_Text.empty());
+    Marked->setText(Shown(Marked_Text(result) + (Guidance_Text.empty() ? "" : "; see the guidance")));
 }
 
 void FOCUS::Show_Guidance()

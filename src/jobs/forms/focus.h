@@ -98,8 +98,8 @@ private:
     QComboBox* L_tildepth = nullptr;
     QComboBox* Scaling = nullptr; // of the temperatures; Tier 4 only
     std::array<QRadioButton*, 3> Ausgabe{};
-    QPushButton *s_run = nullptr, *Batchdatei = nullptr, *Multi_batch = nullptr, *Command1 = nullptr,
-                *Command2 = nullptr;
+    QPushButton *s_run = nullptr, *Batchdatei = nullptr, *Guidance = nullptr, *Multi_batch = nullptr,
+                *Command1 = nullptr, *Command2 = nullptr;
     QWidget* Job_Box = nullptr;
     QProgressBar* Job_Bar = nullptr;
     QLabel *Job_Text = nullptr, *Start_Text = nullptr;

@@ -17,8 +17,9 @@ namespace orvel {
 
 namespace {
 
-constexpr std::array<const char*, 5> Heads = {"Severity", "Rule", "Value", "Source of the rule", "Answer"};
-constexpr int Answer_Column = 4, Wide_Columns = 130, Rows_Shown = 12;
+constexpr std::array<const char*, 6> Heads = {"Severity", "Rule", "Value", "Finding", "Source of the rule", "Answer"};
+constexpr int Answer_Column = 5;
+constexpr int Columns_Shown = 150, Rows_Shown = 24; // characters and lines of the window as it opens
 
 QString Summary_Of(const std::vector<Guidance_Finding>& findings)
 {
@@ -39,7 +40,8 @@ Guidance_Window::Guidance_Window(Access access, QWidget* parent) : QDialog(paren
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
     Show_Findings();
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    const QSize opened(fontMetrics().averageCharWidth() * Columns_Shown, fontMetrics().lineSpacing() * Rows_Shown);
+    resize(opened.expandedTo(sizeHint()).boundedTo(screen()->availableSize()));
 }
 
 void Guidance_Window::Lay_Out()
@@ -55,7 +57,7 @@ void Guidance_Window::Lay_Out()
     Grid->verticalHeader()->hide();
     Grid->horizontalHeader()->setStretchLastSection(true);
     const QFontMetrics metrics = fontMetrics();
-    Grid->setMinimumSize(metrics.averageCharWidth() * Wide_Columns / 2, metrics.height() * Rows_Shown / 2);
+    Grid->setWordWrap(false); // the whole finding stands below
     connect(Grid, &QTableWidget::itemSelectionChanged, this, &Guidance_Window::Show_Answer);
 
     Finding_Text = Named(new QLabel, "Guidance_Text");
@@ -91,8 +93,11 @@ void Guidance_Window::Show_Findings()
     Grid->setRowCount(static_cast<int>(Findings.size()));
     for (int i = 0; i < Grid->rowCount(); ++i) {
         const auto& finding = Findings[static_cast<std::size_t>(i)];
-        const std::array<std::string, Heads.size()> texts = {std::string(Severity_Text(finding.Severity)), finding.Rule,
-                                                             Value_Text(finding), Source_Text(finding),
+        const std::array<std::string, Heads.size()> texts = {std::string(Severity_Text(finding.Severity)),
+                                                             finding.Rule,
+                                                             Value_Text(finding),
+                                                             finding.Text,
+                                                             Source_Text(finding),
                                                              Answer_Text(finding)};
         for (int column = 0; column < Grid->columnCount(); ++column) {
             auto* item = new QTableWidgetItem(Shown(texts[static_cast<std::size_t>(column)]));
@@ -101,7 +106,7 @@ void Guidance_Window::Show_Findings()
         }
     }
     Grid->resizeColumnsToContents();
-    constexpr int Widest = 40;
+    constexpr int Widest = 36;
     for (int column = 0; column < Answer_Column; ++column)
         Grid->setColumnWidth(column, std::min(Grid->columnWidth(column), fontMetrics().averageCharWidth() * Widest));
     if (Grid->rowCount() > 0)

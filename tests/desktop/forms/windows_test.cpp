@@ -363,7 +363,7 @@ QStringList Cut_In(const QWidget& window)
 {
     QStringList cut;
     for (const auto* control : window.findChildren<QWidget*>()) {
-        if (!control->isVisible())
+        if (!control->isVisible() || qobject_cast<const QLineEdit*>(control->parentWidget())) // a mark in a field
             continue;
         const auto* label = qobject_cast<const QLabel*>(control);
         if ((label && !label->wordWrap()) || qobject_cast<const QAbstractButton*>(control)) {
