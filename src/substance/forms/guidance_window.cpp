@@ -17,9 +17,8 @@ namespace orvel {
 
 namespace {
 
-constexpr std::array<const char*, 6> Heads = {"Severity", "Rule", "Value", "Finding", "Source of the rule", "Answer"};
-constexpr int Answer_Column = 5;
-constexpr int Columns_Shown = 150, Rows_Shown = 24; // characters and lines of the window as it opens
+constexpr std::array<const char*, 6> Heads = {"Severity", "Rule", "Value", "Answer", "Finding", "Source"};
+constexpr int Columns_Shown = 200, Rows_Shown = 24; // characters and lines of the window as it opens
 
 QString Summary_Of(const std::vector<Guidance_Finding>& findings)
 {
@@ -62,7 +61,7 @@ void Guidance_Window::Lay_Out()
 
     Finding_Text = Named(new QLabel, "Guidance_Text");
     Finding_Text->setWordWrap(true);
-    Finding_Text->setMinimumHeight(metrics.lineSpacing() * 2);
+    Finding_Text->setMinimumHeight(metrics.lineSpacing() * 3);
     Finding_Text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     Answer = Named(new Byte_Edit, "Guidance_Answer");
     Answered_By = Named(new Byte_Edit, "Guidance_By");
@@ -96,9 +95,9 @@ void Guidance_Window::Show_Findings()
         const std::array<std::string, Heads.size()> texts = {std::string(Severity_Text(finding.Severity)),
                                                              finding.Rule,
                                                              Value_Text(finding),
+                                                             Answer_Text(finding),
                                                              finding.Text,
-                                                             Source_Text(finding),
-                                                             Answer_Text(finding)};
+                                                             Source_Text(finding)};
         for (int column = 0; column < Grid->columnCount(); ++column) {
             auto* item = new QTableWidgetItem(Shown(texts[static_cast<std::size_t>(column)]));
             item->setToolTip(item->text());
@@ -107,7 +106,7 @@ void Guidance_Window::Show_Findings()
     }
     Grid->resizeColumnsToContents();
     constexpr int Widest = 36;
-    for (int column = 0; column < Answer_Column; ++column)
+    for (int column = 0; column < Grid->columnCount() - 1; ++column)
         Grid->setColumnWidth(column, std::min(Grid->columnWidth(column), fontMetrics().averageCharWidth() * Widest));
     if (Grid->rowCount() > 0)
         Grid->selectRow(std::min(row, Grid->rowCount() - 1));
@@ -127,7 +126,10 @@ void Guidance_Window::Show_Answer()
          {static_cast<QWidget*>(Answer), static_cast<QWidget*>(Answered_By), static_cast<QWidget*>(Keep)})
         widget->setEnabled(row >= 0);
     const auto finding = row < 0 ? Guidance_Finding() : Findings[static_cast<std::size_t>(row)];
-    Finding_Text->setText(Shown(finding.Text + (finding.Is_Outdated ? " Its answer was for another value." : "")));
+    Finding_Text->setText(row < 0
+                              ? QString()
+                              : Shown(finding.Text + (finding.Is_Outdated ? " Its answer was for another value." : "") +
+                                      "\nSource: " + Source_Text(finding)));
     Answer->setText(Shown(finding.Answer));
     if (!finding.Answered_By.empty())
         Answered_By->setText(Shown(finding.Answered_By)); // else the last name stays, which saves typing it again

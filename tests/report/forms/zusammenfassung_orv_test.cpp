@@ -199,7 +199,7 @@ TEST_F(Zusammenfassung_Test, A_Finding_Of_The_Guidance_Is_Answered_Into_The_Note
         EXPECT_EQ(grid->item(0, 2)->text(), "Location = H at Hamburg (H)");
         QTest::keyClicks(Find<QLineEdit>(window, "Guidance_Answer"), "for comparison");
         Click<QPushButton>(window, "Guidance_Keep");
-        EXPECT_TRUE(grid->item(0, 5)->text().startsWith("for comparison"));
+        EXPECT_TRUE(grid->item(0, 3)->text().startsWith("for comparison"));
     });
     Click<QPushButton>(*Form, "Guidance");
 

@@ -167,14 +167,14 @@ TEST_F(Sources_Test, A_Finding_Of_The_Guidance_Is_Answered_And_The_Answer_Saved)
         auto* grid = Find<QTableWidget>(window, "Guidance_Grid");
         ASSERT_EQ(grid->rowCount(), 1);
         EXPECT_EQ(grid->item(0, 2)->text(), "Molmass[1] = 300");
-        EXPECT_EQ(grid->item(0, 3)->text(), "Too light.");
-        EXPECT_EQ(grid->item(0, 4)->text(), "book (source not confirmed)");
-        EXPECT_EQ(grid->item(0, 5)->text(), "open");
-        EXPECT_EQ(Find<QLabel>(window, "Guidance_Text")->text(), "Too light.");
+        EXPECT_EQ(grid->item(0, 4)->text(), "Too light.");
+        EXPECT_EQ(grid->item(0, 5)->text(), "book (source not confirmed)");
+        EXPECT_EQ(grid->item(0, 3)->text(), "open");
+        EXPECT_EQ(Find<QLabel>(window, "Guidance_Text")->text(), "Too light.\nSource: book (source not confirmed)");
         QTest::keyClicks(Find<QLineEdit>(window, "Guidance_Answer"), "it is light");
         QTest::keyClicks(Find<QLineEdit>(window, "Guidance_By"), "M");
         Click<QPushButton>(window, "Guidance_Keep");
-        EXPECT_TRUE(grid->item(0, 5)->text().startsWith("it is light (M, 2")) << grid->item(0, 5)->text().toStdString();
+        EXPECT_TRUE(grid->item(0, 3)->text().startsWith("it is light (M, 2")) << grid->item(0, 3)->text().toStdString();
         EXPECT_EQ(Find<QLabel>(window, "Guidance_Summary")->text(),
                   "1 finding, 0 of severity warning or above without an answer.");
         Click<QPushButton>(window, "Guidance_Done");
