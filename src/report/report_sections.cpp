@@ -136,8 +136,7 @@ Report_Section Guidance_Section(const Report& report)
     section.Grid.Columns = {{"Rule"}, {"Severity"}, {"Value"}, {"Finding"}, {"Source of the rule"}, {"Answer"}};
     for (const auto& finding : report.Guidance)
         section.Grid.Lines.push_back({{finding.Rule, std::string(Severity_Text(finding.Severity)), Value_Text(finding),
-                                       finding.Text, Source_Text(finding), Answer_Text(finding)},
-                                      finding.Is_Open()});
+                                       finding.Text, Source_Text(finding), Answer_Text(finding)}});
     return section;
 }
 

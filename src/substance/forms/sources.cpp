@@ -21,14 +21,14 @@ Edited_Notes::Edited_Notes(const Session& session, const std::filesystem::path& 
     try {
         Notes = Saved = Read_Notes(file);
     } catch (const File_Error& error) {
-        Unreadable = Notes_File(file);
+        Unreadable = file;
         Tell(The_Session.Ask, Readin_Check, To_Code_Page(error.what()));
     }
 }
 
 bool Edited_Notes::Save(const std::filesystem::path& document)
 try {
-    if (Notes_File(document) == Unreadable)
+    if (!Unreadable.empty() && Notes_File(document) == Notes_File(Unreadable))
         return true;
     Write_Notes(document, Notes);
     Saved = Notes;

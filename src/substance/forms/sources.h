@@ -23,7 +23,7 @@ public:
 private:
     const Session& The_Session;
     Document_Notes Saved;
-    std::filesystem::path Unreadable; // the notes file that is left alone
+    std::filesystem::path Unreadable; // the document whose notes are left alone
 };
 
 // Gives the boxes of a form, by its name, the notes of the scheme that it was opened from; nothing without one.
