@@ -134,7 +134,7 @@ void Add_Interception(Guidance_Facts& facts, const Guidance& guidance, const Run
         const Crop_Phase phase = Phase_On(crops, *day);
         facts.Add(Fact_Name("Crop_Present", use.Location, use.Number), phase == Crop_Phase::None ? 0 : 1,
                   use.Prefix + "Frpex");
-        if (entry == nullptr || document.App_Method.Number() != By_Hand)
+        if (entry == nullptr || !entry->Interception || document.App_Method.Number() != By_Hand)
             continue;
         const auto& share = *entry->Interception;
         const double most = phase == Crop_Phase::None      ? share[0]

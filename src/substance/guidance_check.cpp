@@ -81,8 +81,9 @@ private:
         }
         const auto field = Split_At_Wildcards(compare.substr(open + 1, compare.size() - open - 2));
         for (const auto& fact : Facts.All()) {
-            if (Match(field, fact.Name))
-                found.push_back(*Fact_Of_Notes(Notes, std::string(compare.substr(0, open + 1)) + fact.Name + ")"));
+            const auto of_notes = Fact_Of_Notes(Notes, std::string(compare.substr(0, open + 1)) + fact.Name + ")");
+            if (of_notes && Match(field, fact.Name))
+                found.push_back(*of_notes);
         }
         return found;
     }
