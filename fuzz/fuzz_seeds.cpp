@@ -151,7 +151,8 @@ try {
     Seed(directory / "fuzz_notes", R"({"schema": "orvel-notes 1", "fields": {"Koc[1]": {"source": "a", "x": [1, null]}},
  "answers": [{"rule": "P1", "field": "Koc[1]", "value": "1", "text": "b"}], "other": {"y": true}})");
     Seed(directory / "fuzz_guidance", Shipped_Guidance());
-    Seed(directory / "fuzz_guidance", R"x({"schema": "orvel-guidance 1", "rules": [{"id": "X", "severity": "error", "text": "t",
+    Seed(directory / "fuzz_guidance",
+         R"x({"schema": "orvel-guidance 1", "rules": [{"id": "X", "severity": "error", "text": "t",
  "source": "s", "compare": "Degradation[*][*].Deg_Q10", "one_of": [2.58, "y"], "tolerance": 0.1, "when": [
  {"compare": "Source(Koc[*])", "most": 0}]}], "crops": [{"crops": ["Maize"], "interception": [0, 1, 2, 3, 4]}]})x",
          "small");
