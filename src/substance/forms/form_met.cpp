@@ -3,6 +3,7 @@
 #include "substance/forms/sources.h"
 #include "substance/forms/substance_fields.h"
 #include "ui/forms/done_cancel.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <QGroupBox>
@@ -21,6 +22,21 @@ Form_MET::Form_MET(Session& session, QWidget* parent)
     setWindowTitle(Shown(Metabolite_Caption(Substance)));
     Lay_Out();
     Show_Sources(*this, Substance);
+    Keep_History(
+        *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
+}
+
+// The forms behind the buttons store in the document.
+Form_MET::State Form_MET::Present() const
+{
+    return {Fields->Entry(), The_Session.Pesticide};
+}
+
+void Form_MET::Show_State(const State& state)
+{
+    The_Session.Pesticide = state.Document;
+    Fields->Show_Entry(state.Entry);
+    Fields->Show_Notes();
 }
 
 void Form_MET::Lay_Out()

@@ -13,12 +13,14 @@
 #include "substance/pesticide_editor.h"
 #include "ui/forms/field_marks.h"
 #include "ui/forms/form_keys.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScreen>
+#include <QToolButton>
 
 namespace orvel {
 
@@ -43,6 +45,7 @@ Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory,
     : QDialog(parent),
       The_Session(session),
       Directory(directory),
+      On_Disk(directory / Path_Of(session.Program.PSM_File)),
       Notes(session, directory / Path_Of(session.Program.PSM_File))
 {
     setObjectName("Form_PSM_1");
@@ -54,6 +57,19 @@ Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory,
     for (int i = 1; i <= Substances; ++i)
         Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
     Show_Scheme();
+    History = Keep_History(
+        *this,
+        [this] {
+            return State{The_Session.Pesticide, Captions};
+        },
+        [this](const State& state) {
+            The_Session.Pesticide = state.Document;
+            The_Session.Program.PSM_Changed = true;
+            Captions = state.Captions;
+            Show_Scheme();
+        });
+    for (auto* button : {History->Redo_Button(), History->Undo_Button()})
+        Buttons->insertWidget(0, button);
     resize(sizeHint().boundedTo(screen()->availableSize())); // show full substance names, if the screen allows
 }
 
@@ -79,18 +95,18 @@ void Form_PSM_1::Lay_Out()
                               [this] { Print_Picture(*this, The_Session.Ask, View->As_Picture()); });
     auto* cancel = Push_Button("Com_Exit1", "&Cancel", this, &Form_PSM_1::reject);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(exit);
-    buttons->addWidget(save);
-    buttons->addWidget(check);
-    buttons->addStretch(1);
+    Buttons = new QHBoxLayout;
+    Buttons->addWidget(exit);
+    Buttons->addWidget(save);
+    Buttons->addWidget(check);
+    Buttons->addStretch(1);
     for (auto* of_picture : {copy, keep, print})
-        buttons->addWidget(of_picture);
-    buttons->addStretch(1);
-    buttons->addWidget(cancel);
+        Buttons->addWidget(of_picture);
+    Buttons->addStretch(1);
+    Buttons->addWidget(cancel);
     auto* all = new QVBoxLayout(this);
     all->addWidget(View, 1);
-    all->addLayout(buttons);
+    all->addLayout(Buttons);
     Use_Form_Keys(*this);
 }
 
@@ -106,12 +122,26 @@ void Form_PSM_1::Edit_Substance(int i)
         if (Form_AS(The_Session, this).exec() != Accepted)
             return;
         Captions[1] = Box_Caption(The_Session.Pesticide, 1);
-        Show_Scheme();
+        Show_Changed(Captions[1]);
     } else if (Open_Metabolite(The_Session, i) && Form_MET(The_Session, this).exec() == Accepted) {
         for (int met = 2; met <= Substances; ++met)
             Captions[static_cast<std::size_t>(met)] = Box_Caption(The_Session.Pesticide, met);
-        Show_Scheme();
+        Show_Changed(Captions[static_cast<std::size_t>(i)]);
     }
+}
+
+void Form_PSM_1::Show_Unsaved()
+{
+    The_Session.Program.PSM_Changed = true;
+    for (int i = 1; i <= Substances; ++i)
+        Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
+    Show_Changed("Unsaved changes");
+}
+
+void Form_PSM_1::Show_Changed(const std::string& what)
+{
+    Show_Scheme();
+    History->Look(Shown(what));
 }
 
 void Form_PSM_1::Edit_Transformation(int t)
@@ -121,14 +151,15 @@ void Form_PSM_1::Edit_Transformation(int t)
     deg_dat form(The_Session, this);
     Place_Beside(form, t, View->Head_On_Screen(t));
     if (form.exec() == Accepted)
-        Show_Scheme();
+        Show_Changed(Transformation_Caption(t));
 }
 
 bool Form_PSM_1::Save()
 {
-    Form_Saving saving(The_Session, Document_Kind::Pesticide, Directory, this);
+    Form_Saving saving(The_Session, Document_Kind::Pesticide, Directory, this, &On_Disk);
     if (saving.exec() != Accepted)
         return false;
+    On_Disk = Watched_File(saving.Save_Target());
     Directory = saving.Save_Target().parent_path();
     Opened = std::make_unique<const Pesticide_Document>(The_Session.Pesticide);
     return Notes.Save(saving.Save_Target());

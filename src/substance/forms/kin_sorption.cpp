@@ -4,6 +4,7 @@
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <QGridLayout>
@@ -33,6 +34,12 @@ kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent)
     s_f_neq->setFocus();
     s_f_neq->selectAll();
     Show_Sources(*this, Substance);
+    Keep_History(
+        *this, [this] { return Entry(); },
+        [this](const Kinetic_Entry& entry) {
+            Show_Entry(entry);
+            Show_Captions(Captions_Of(entry.Model));
+        });
 }
 
 void kin_Sorption::Lay_Out()
