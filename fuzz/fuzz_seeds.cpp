@@ -8,6 +8,7 @@
 #include "records/archive_manifest.h"
 #include "records/zip_maker.h"
 #include "runs/job_file.h"
+#include "substance/guidance.h"
 #include "tables/balance_text.h"
 #include "tables/leachate_percentile.h"
 #include "tables/leachate_periods.h"
@@ -147,6 +148,14 @@ try {
          "\xEF\xBB\xBFid;pesticide;scenario;climate;years;sze.SZE_Latitude\n"
          "1;demo_A.psm;soil.sze;one.cli|two.cli;26;52.5\n;;;;;\n2;x\n",
          "files");
+    Seed(directory / "fuzz_notes", R"({"schema": "orvel-notes 1", "fields": {"Koc[1]": {"source": "a", "x": [1, null]}},
+ "answers": [{"rule": "P1", "field": "Koc[1]", "value": "1", "text": "b"}], "other": {"y": true}})");
+    Seed(directory / "fuzz_guidance", Shipped_Guidance());
+    Seed(directory / "fuzz_guidance",
+         R"x({"schema": "orvel-guidance 1", "rules": [{"id": "X", "severity": "error", "text": "t",
+ "source": "s", "compare": "Degradation[*][*].Deg_Q10", "one_of": [2.58, "y"], "tolerance": 0.1, "when": [
+ {"compare": "Source(Koc[*])", "most": 0}]}], "crops": [{"crops": ["Maize"], "interception": [0, 1, 2, 3, 4]}]})x",
+         "small");
     Seed_Cache(directory / "fuzz_cache");
     Seed_Report(directory / "fuzz_report");
     Seed_Output(directory);

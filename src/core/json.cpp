@@ -8,11 +8,11 @@ namespace {
 
 constexpr std::size_t Indent = 2;
 
-std::string Quoted(std::string_view bytes)
+std::string Quoted_Utf8(std::string_view utf8)
 {
     constexpr std::string_view hex = "0123456789abcdef";
     std::string text = "\"";
-    for (const char c : To_Utf8(bytes)) {
+    for (const char c : utf8) {
         const auto code = static_cast<unsigned char>(c);
         if (c == '"' || c == '\\')
             text += {'\\', c};
@@ -22,6 +22,11 @@ std::string Quoted(std::string_view bytes)
             text += c;
     }
     return text + '"';
+}
+
+std::string Quoted(std::string_view bytes)
+{
+    return Quoted_Utf8(To_Utf8(bytes));
 }
 
 } // namespace
@@ -39,10 +44,20 @@ void Json_Writer::Value(const Variant& value)
         Value(value.Number());
 }
 
+void Json_Writer::Utf8_Value(std::string_view text)
+{
+    Scalar(Quoted_Utf8(text));
+}
+
 void Json_Writer::Key(std::string_view key)
 {
+    Utf8_Key(To_Utf8(key));
+}
+
+void Json_Writer::Utf8_Key(std::string_view key)
+{
     Separate(true);
-    Out += Quoted(key) + ": ";
+    Out += Quoted_Utf8(key) + ": ";
     Is_Behind_Key = true;
 }
 

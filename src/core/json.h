@@ -28,6 +28,8 @@ public:
     void Null() { Scalar("null"); }
 
     void Key(std::string_view key);
+    void Utf8_Key(std::string_view key); // and a text that is UTF-8 already
+    void Utf8_Value(std::string_view text);
 
     // `body` writes the members or the elements.
     template <class Body> void Object(Body body)

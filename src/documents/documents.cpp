@@ -3,6 +3,7 @@
 #include "core/files.h"
 #include "files/broken_line.h"
 #include "files/climate_file.h"
+#include "files/document_notes.h"
 #include "files/file_messages.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
@@ -45,6 +46,16 @@ const std::array<Document_Rules, 3> Rules = {{
      [](Session& session) { Round_As_Shown(session.Climate); }},
 }};
 
+// The notes of a pesticide file go with it.
+bool Pass_On_Notes(Session& session, const fs::path& from, const fs::path& to)
+try {
+    Copy_Notes(from, to);
+    return true;
+} catch (const File_Error& error) {
+    Tell_Not_Saved(session, Notes_File(to), error);
+    return false;
+}
+
 const Document_Rules& Rules_Of(Document_Kind kind)
 {
     return Rules[static_cast<std::size_t>(kind)];
@@ -80,7 +91,7 @@ bool Convert_Document(Session& session, const fs::path& from, const fs::path& to
     Rules_Of(*kind).Pass_Editor(session);
     if (const auto field = Type_Of(*kind).Broken_Field(session))
         session.Ask(Broken_Line_Message(*field));
-    return Save_Document(session, to);
+    return Save_Document(session, to) && (kind != Document_Kind::Pesticide || Pass_On_Notes(session, from, to));
 }
 
 std::optional<std::string> Show_Document(Session& session, const fs::path& file)

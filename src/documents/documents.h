@@ -17,8 +17,8 @@ bool Open_Document(Session& session, const std::filesystem::path& file);
 void New_Document(Session& session, Document_Kind kind);
 
 // Opens a file and saves it under another name of the same kind without an edit; a climate file's numbers are rounded
-// as in the grid. The user is told of a lost field, but the file is written. False: it failed, and the user has been
-// told.
+// as in the grid, the notes of a pesticide file go with it. The user is told of a lost field, but the file is written.
+// False: it failed, and the user has been told.
 bool Convert_Document(Session& session, const std::filesystem::path& from, const std::filesystem::path& to);
 
 // The document in a file as JSON; nothing if it failed, and the user has been told.

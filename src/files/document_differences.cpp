@@ -42,7 +42,7 @@ public:
         Visit(record, [&](const auto& field, const auto& value) { Member(prefix, record, field, value); });
     }
 
-    std::vector<std::pair<std::string, std::string>> Fields;
+    std::vector<Field_Value> Fields;
 
 private:
     template <class Record, class Value> void Member(const std::string& prefix, const Record& record,
@@ -50,7 +50,7 @@ private:
     {
         const std::string name = prefix + std::string(field.Name);
         if constexpr (!Is_Array<Value>)
-            Fields.emplace_back(name, Printed(value));
+            Fields.push_back({name, Printed(value)});
         else if (const Elements used = field.Used(record); used.Is_In_Use)
             List_Array(name, value, used, [&](std::size_t i) { return field.Used_Within(record, i); });
     }
@@ -66,7 +66,7 @@ private:
             else if constexpr (Is_Record<Value>)
                 List(element + ".", array[i]);
             else
-                Fields.emplace_back(element, Printed(array[i]));
+                Fields.push_back({element, Printed(array[i])});
         }
     }
 };
@@ -76,7 +76,9 @@ template <class Document> std::vector<Difference> Compare(const Document& first,
     Lister one, other;
     one.List("", first);
     other.List("", second);
-    std::unordered_map<std::string, std::string> others(other.Fields.begin(), other.Fields.end());
+    std::unordered_map<std::string, std::string> others;
+    for (const auto& [name, value] : other.Fields)
+        others.emplace(name, value);
     std::vector<Difference> differences;
     for (const auto& [name, value] : one.Fields) {
         const auto found = others.find(name);
@@ -94,7 +96,24 @@ template <class Document> std::vector<Difference> Compare(const Document& first,
     return differences;
 }
 
+template <class Document> std::vector<Field_Value> List(const Document& document)
+{
+    Lister lister;
+    lister.List("", document);
+    return std::move(lister.Fields);
+}
+
 } // namespace
+
+std::vector<Field_Value> Values_In_Use(const Pesticide_Document& document)
+{
+    return List(document);
+}
+
+std::vector<Field_Value> Values_In_Use(const Scenario_Document& document)
+{
+    return List(document);
+}
 
 std::vector<Difference> Differences(const Pesticide_Document& first, const Pesticide_Document& second)
 {

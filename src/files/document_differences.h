@@ -7,6 +7,16 @@
 
 namespace orvel {
 
+// A field of a document in use, by the name that JSON shows, and its value as it is printed.
+struct Field_Value {
+    std::string Field, Value;
+    bool operator==(const Field_Value&) const = default;
+};
+
+// All fields in use, in the order of the document.
+std::vector<Field_Value> Values_In_Use(const Pesticide_Document& document);
+std::vector<Field_Value> Values_In_Use(const Scenario_Document& document);
+
 // A field in which two documents differ: its name with the indices of the session ("Koc[1]", "Crops[0].SZE_Rot_CN1"),
 // and both values as they are printed. A value is empty where a document has no such element, and where a column of a
 // climate file is blank.

@@ -9,6 +9,7 @@
 #include "installation/embedded_files.h"
 #include "runs/output_selection.h"
 #include "runs/run_control.h"
+#include "substance/guidance.h"
 #include "substance/pathway.h"
 
 #include <algorithm>
@@ -79,6 +80,7 @@ void Make_Data_Files(const Write_Installation_File& write)
 {
     for (const auto name : {"input.dat", "Haude.dat", "Assystant.txt", "expected.csv"})
         write(name, With_Cr_Lf(Embedded_File(name)));
+    write(std::string(Guidance_Name), std::string(Shipped_Guidance()));
     write(std::string(Calendar_File), Format_Calendar(Demo_Years));
     auto pesticides = Demo_Pesticides();
     for (auto& pesticide : pesticides)

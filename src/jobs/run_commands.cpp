@@ -11,6 +11,7 @@
 #include "jobs/start_batch.h"
 #include "output/run_outputs.h"
 #include "runs/batch.h"
+#include "runs/guidance_of_run.h"
 #include "runs/output_selection.h"
 #include "runs/selection.h"
 #include "runs/start_up.h"
@@ -92,6 +93,13 @@ std::optional<Run_Options> Choose_Options(const Session& session, const Mode& mo
     return std::nullopt;
 }
 
+// Tells what the guidance finds in the runs just marked; they stay marked.
+void Tell_Guidance(const Session& session, const Mode& mode, const std::vector<Run_Choice>& marked)
+{
+    if (const auto text = Guidance_After_Marking(session.Program, mode, marked); !text.empty())
+        Tell(session.Ask, Guidance_Title, text);
+}
+
 bool Mark_One(const Session& session, const Mode& mode, const List_Entries& chosen, const Run_Options& options)
 {
     Selection selected =
@@ -99,7 +107,10 @@ bool Mark_One(const Session& session, const Mode& mode, const List_Entries& chos
     if (!selected.Buttons_Enabled())
         return selected.Warnung.empty() ? false : Refuse(session.Ask, selected.Warnung);
     selected.Choice.Options = options;
-    return Mark_For_Batch(session.Program, session.Ask, mode, selected.Choice) == Mark_Result::Marked;
+    if (Mark_For_Batch(session.Program, session.Ask, mode, selected.Choice) != Mark_Result::Marked)
+        return false;
+    Tell_Guidance(session, mode, {selected.Choice});
+    return true;
 }
 
 bool Mark_Every(const Session& session, const Mode& mode, const List_Entries& chosen, const Run_Options& options)
@@ -107,6 +118,7 @@ bool Mark_Every(const Session& session, const Mode& mode, const List_Entries& ch
     const auto result = Mark_All(session.Program, session.Ask, mode, chosen.Pesticide, chosen.Crop, options);
     if (result.Marked == 0 && result.Failed == 0)
         return Refuse(session.Ask, "No location of this crop has application data in the pesticide file.");
+    Tell_Guidance(session, mode, result.Choices);
     return result.Failed == 0;
 }
 

@@ -21,7 +21,7 @@ try {
     return read(object.At(name));
 } catch (const File_Error& error) {
     if (error.Reason.starts_with("The member"))
-        throw;
+        throw File_Error(error.Reason); // the name tells more than the place in a file that no one writes by hand
     throw File_Error("The member \"" + std::string(name) + "\" cannot be used: " + error.Reason);
 }
 

@@ -6,6 +6,7 @@
 #include "documents/documents.h"
 #include "installation/lay_out.h"
 #include "programs/orvelctl_doctor.h"
+#include "programs/orvelctl_guidance.h"
 #include "programs/orvelctl_overview.h"
 #include "programs/orvelctl_plan.h"
 #include "programs/orvelctl_records.h"
@@ -105,6 +106,7 @@ int Do_Command_Line(int argc, char** argv)
     Add_Init(app, command);
     Add_Convert(app, command);
     Add_Show(app, command);
+    Add_Guidance_Commands(app, command);
     Add_Run_Commands(app, command);
     Add_Record_Commands(app, command);
     Add_Result_Commands(app, command);

@@ -1,7 +1,8 @@
-// Paints for orvelctl: a series of a run as a picture, the report as a document or workbook, the overview
-// or the results of a plan as a workbook.
+// Paints for orvelctl: a series of a run as a picture, the report as a document or workbook, the overview, the results
+// of a plan and the sheet of a pesticide file as workbooks.
 //   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE
 //   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE
+//   orvelpaint sheet PESTICIDE FILE
 //   orvelpaint overview INSTALLATION MODE STEM CROP CODES DEPTH WINDOW COMPARED FILE
 //   orvelpaint plan DIRECTORY SECONDS FILE
 // FROM and TO are months as YYYY-MM; CODES are separated by commas; they, and the STEM, CROP and COMPARED (a path) of
@@ -13,6 +14,7 @@
 #include "core/numbers.h"
 #include "core/system/standard_channels.h"
 #include "evaluation/compared_assessment.h"
+#include "files/document_kind.h"
 #include "plans/results_file.h"
 #include "programs/console.h"
 #include "report/overview_formats.h"
@@ -21,6 +23,7 @@
 #include "report/painting/report_files.h"
 #include "runs/calendar_file.h"
 #include "runs/start_up.h"
+#include "substance/value_sheet.h"
 #include "tables/daily_diagram.h"
 #include "tables/series.h"
 #include "tables/utilities.h"
@@ -102,6 +105,11 @@ try {
         what == "series" && arguments.size() == 10 && Parse_Month(arguments[7]) && Parse_Month(arguments[8]);
     const bool is_plan = what == "plan" && arguments.size() == 4;
     const bool is_overview = what == "overview" && arguments.size() == 10 && Mode_Named(arguments[2]) != nullptr;
+    if (what == "sheet" && arguments.size() == 3) { // needs no window system
+        const std::filesystem::path pesticide = arguments[1];
+        Write_Whole(arguments[2], Format_Xlsx(Sheet_Book(Read_Sheet(pesticide), Shown_Name(pesticide))));
+        return 0;
+    }
     if (!is_series && !is_overview && !is_plan &&
         !(what == "report" && arguments.size() == 7 && Mode_Named(arguments[2]) != nullptr))
         return 2;

@@ -8,6 +8,7 @@
 #include "core/text.h"
 #include "core/version.h"
 #include "core/write_from.h"
+#include "files/document_notes.h"
 #include "jobs/run_recording.h"
 #include "output/run_outputs.h"
 #include "output/run_state.h"
@@ -111,8 +112,10 @@ public:
     }
 
     // What a report says of the installation, and what the lists expect there.
-    void Add_Surroundings(const Mode& mode)
+    void Add_Surroundings(const Mode& mode, std::string_view stem)
     {
+        if (const auto notes = Notes_File(Root / Path_Of(std::string(stem) + ".psm")); Is_There(notes))
+            Add_File(notes);
         const fs::path focus = Found_Or_New(Root, Mode_Of(Mode_Kind::Focus).Directory);
         for (const auto& file :
              {Found_Or_New(focus, Mode_Of(Mode_Kind::Focus).Version_Source),
@@ -286,7 +289,7 @@ Archived_Assessment Make_Archive(const Session& session, const Mode& mode, std::
 
     const Report report = Archived_Report(session, requests, Part_Of(progress, 0, Share_Of_Report));
     Gather_Runs(requests, report, gathering, Part_Of(progress, Share_Of_Report, Share_Of_Digests));
-    gathering.Add_Surroundings(mode);
+    gathering.Add_Surroundings(mode, stem);
     gathering.Add_Text(manifest.Report, Report_Html(report));
     const auto items = gathering.Take_Items();
 

@@ -7,6 +7,7 @@
 #include "core/text.h"
 #include "files/climate_file.h"
 #include "files/document_differences.h"
+#include "files/document_notes.h"
 #include "files/field_units.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
@@ -55,6 +56,13 @@ std::vector<Difference> Differences_Of(Document_Kind kind, const fs::path& first
         return Differences_Of<Climate_Table>(
             first, second, [](const std::string& bytes, Climate_Table& table) { table = Parse_CLI(bytes); });
     }
+}
+
+// The notes of two documents, a field's source beside the field.
+void Compare_Notes(const fs::path& first, const fs::path& second, const std::string& document, Comparison& comparison)
+{
+    for (const auto& [field, one, other] : Differences(Read_Notes(first), Read_Notes(second)))
+        comparison.Fields.push_back({document, field, "", one, other});
 }
 
 // The number that a value is from end to end.
@@ -112,6 +120,8 @@ void Compare_Values(const std::string& document, const std::string& field, const
 void Compare_Documents(Document_Kind kind, const fs::path& first, const fs::path& second, const std::string& document,
                        Comparison& comparison)
 {
+    if (kind == Document_Kind::Pesticide)
+        Compare_Notes(first, second, document, comparison);
     if (Have_Same_Bytes(first, second))
         return;
     for (const auto& [field, one, other] : Differences_Of(kind, first, second))

@@ -8,8 +8,9 @@
 
 namespace orvel {
 
-// Adds the fields in which two documents of a kind differ by more than the tolerance; `document` names them. Files with
-// the same bytes are not read further. Throws File_Error with the name of the file that cannot be read.
+// Adds the fields in which two documents of a kind differ by more than the tolerance, and what differs in the notes
+// beside pesticide files; `document` names them. Files with the same bytes are not read further. Throws File_Error with
+// the name of the file that cannot be read.
 void Compare_Documents(Document_Kind kind, const std::filesystem::path& first, const std::filesystem::path& second,
                        const std::string& document, Comparison& comparison);
 

@@ -1,8 +1,11 @@
 #include "report/endpoints.h"
 
 #include "core/numbers.h"
+#include "core/text.h"
 #include "substance/half_lives.h"
 #include "substance/pathway.h"
+
+#include <algorithm>
 
 namespace orvel {
 
@@ -79,9 +82,61 @@ std::string With_Temperature(const Pesticide_Document& document, double value, c
     return General_Text(value) + unit + " at " + General_Text(document.Volat_Temp[0]) + " \xB0" + "C";
 }
 
+// The sources of what the row shows; one that several values share stands once behind all of them.
+class Sources {
+public:
+    explicit Sources(const Document_Notes& notes) : Notes(notes) {}
+
+    void Add(const std::string& what, const std::string& field)
+    {
+        const Field_Note* note = Note_Of(Notes, field);
+        if (note == nullptr || note->Source.empty())
+            return;
+        const auto known = std::ranges::find(All, note->Source, &std::pair<std::string, std::string>::first);
+        if (known == All.end())
+            All.emplace_back(note->Source, what);
+        else if (!Contains(known->second, what))
+            known->second += ", " + what;
+    }
+
+    std::string Text() const
+    {
+        std::string text;
+        for (const auto& [source, what] : All)
+            text += (text.empty() ? "" : "; ") + what + ": " + source;
+        return text;
+    }
+
+private:
+    const Document_Notes& Notes;
+    std::vector<std::pair<std::string, std::string>> All; // source, what it is of
+};
+
+std::string Sources_Of(const Document_Notes& notes, int i)
+{
+    const auto of = [i](std::string_view field) { return std::string(field) + "[" + std::to_string(i) + "]"; };
+    Sources sources(notes);
+    for (int row = 1; row <= Rows_Of_Substance(i); ++row)
+        sources.Add("DT50", of("Degradation") + "[" + std::to_string(row) + "].Deg_Rate");
+    sources.Add("Koc", of("Koc"));
+    sources.Add("1/n", of("Fr_Exp"));
+    for (int t = 1; t <= Last_Transformation; ++t) {
+        const Arrow& arrow = Arrow_Of(t);
+        if (arrow.Target == i && !arrow.Label.empty())
+            sources.Add("formation", "Degradation[" + std::to_string(arrow.Source) + "][" + std::to_string(arrow.Row) +
+                                         "].Deg_Rate");
+    }
+    if (i == Active_Substance) {
+        sources.Add("Henry constant", "Henry[0]");
+        sources.Add("vapour pressure", "Vap_Press[0]");
+        sources.Add("solubility", "Solubility[0]");
+    }
+    return sources.Text();
+}
+
 } // namespace
 
-std::vector<Endpoint> Endpoints_Of(const Pesticide_Document& document)
+std::vector<Endpoint> Endpoints_Of(const Pesticide_Document& document, const Document_Notes& notes)
 {
     std::vector<Endpoint> endpoints;
     for (int i = Active_Substance; i <= Substances; ++i) {
@@ -91,7 +146,8 @@ std::vector<Endpoint> Endpoints_Of(const Pesticide_Document& document)
                                                          .DT50 = DT50_Of(document, i),
                                                          .Koc = Koc_Of(document, i),
                                                          .Exponent = General_Text(document.Fr_Exp[At(i)].Number()),
-                                                         .Formation = Formation_Of(document, i)});
+                                                         .Formation = Formation_Of(document, i),
+                                                         .Source = Sources_Of(notes, i)});
         if (i != Active_Substance)
             continue; // the file states volatilisation of the active substance alone
         endpoint.Vapour_Pressure = document.Henry_Flag.Number() == 0

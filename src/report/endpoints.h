@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/document_notes.h"
 
 #include <string>
 #include <vector>
@@ -15,10 +16,12 @@ struct Endpoint {
     std::string Exponent;  // 1/n
     std::string Formation; // "0.7 from Demo substance C"
     std::string Vapour_Pressure, Solubility;
+    std::string Source; // "Koc: study 12; DT50: report 3"
     bool operator==(const Endpoint&) const = default;
 };
 
-// Those of the active substance and of every metabolite that the scheme forms.
-std::vector<Endpoint> Endpoints_Of(const Pesticide_Document& document);
+// Those of the active substance and of every metabolite that the scheme forms, with the sources in the
+// document's notes.
+std::vector<Endpoint> Endpoints_Of(const Pesticide_Document& document, const Document_Notes& notes = {});
 
 } // namespace orvel

@@ -15,6 +15,8 @@
 #include "report/overview_chart.h"
 #include "report/overview_reader.h"
 #include "runs/acceptance.h"
+#include "runs/guidance_of_run.h"
+#include "substance/pathway.h"
 #include "tables/table_cache.h"
 
 #include <algorithm>
@@ -84,8 +86,14 @@ std::string Problem_Of(const fs::path& directory)
     return state.Is_Finished() ? "" : "The simulation is not complete: " + state.Reason;
 }
 
-// `endpoints` become those of its pesticide, if there are none yet.
-Report_Run Run_Of(const Summary_Location& location, const std::string& stem, std::vector<Endpoint>& endpoints)
+// The pesticide as it was simulated first, with the notes of the installation.
+struct Simulated_Pesticide {
+    std::unique_ptr<Pesticide_Document> Document;
+    Document_Notes Notes;
+};
+
+// `pesticide` becomes that of the run, if there is none yet.
+Report_Run Run_Of(const Summary_Location& location, const std::string& stem, Simulated_Pesticide& pesticide)
 {
     Report_Run run{.Location = location.Text,
                    .Problem = Problem_Of(location.Directory),
@@ -93,10 +101,10 @@ Report_Run Run_Of(const Summary_Location& location, const std::string& stem, std
     run.Pesticide = Checked(location.Directory, Path_Of(stem + ".psm"));
     run.Scenario = First_Checked(location.Directory, "*.sze");
     run.Run_Control = Checked(location.Directory, "orvel.inp");
-    if (const auto document = Read_Pesticide(location.Directory, run.Pesticide)) {
+    if (auto document = Read_Pesticide(location.Directory, run.Pesticide)) {
         run.Uses = Uses_Of(*document, location.Text);
-        if (endpoints.empty())
-            endpoints = Endpoints_Of(*document);
+        if (!pesticide.Document)
+            pesticide.Document = std::move(document);
     }
     run.Record = Checked(location.Directory, Path_Of(Run_Record_Name));
     return run;
@@ -105,10 +113,10 @@ Report_Run Run_Of(const Summary_Location& location, const std::string& stem, std
 // Fills the part of one crop.
 class Crop_Builder {
 public:
-    Crop_Builder(const Summary_Request& request, Report_Crop& crop, std::vector<Endpoint>& endpoints)
+    Crop_Builder(const Summary_Request& request, Report_Crop& crop, Simulated_Pesticide& pesticide)
         : Request(request),
           Crop(crop),
-          Endpoints(endpoints)
+          Pesticide(pesticide)
     {
         Crop.Name = request.Crop;
     }
@@ -116,7 +124,7 @@ public:
     void Build(const Progress& progress)
     {
         for (const auto& location : Request.Locations) {
-            Crop.Runs.push_back(Run_Of(location, Request.Pesticide, Endpoints));
+            Crop.Runs.push_back(Run_Of(location, Request.Pesticide, Pesticide));
             if (Crop.Runs.back().Problem.empty())
                 Add_Results(location, progress);
         }
@@ -193,7 +201,7 @@ private:
 
     const Summary_Request& Request;
     Report_Crop& Crop;
-    std::vector<Endpoint>& Endpoints;
+    Simulated_Pesticide& Pesticide;
     std::vector<std::map<std::size_t, Location_Values>> Values; // by substance and run
     int Period_Index = 0;
 };
@@ -309,6 +317,34 @@ void Note_Inputs(const Session& session, Report& report)
               });
 }
 
+// What the rules find in the pesticide and in all its runs. Rules and notes that cannot be read are told: a report
+// without them is not one without findings.
+void Add_Guidance(const Session& session, const Mode& mode, const std::vector<Summary_Request>& crops,
+                  Simulated_Pesticide& pesticide, Report& report)
+try {
+    if (!pesticide.Document)
+        return;
+    Update_Pathway(*pesticide.Document);
+    report.Endpoints = Endpoints_Of(*pesticide.Document);
+    const std::string name = report.Pesticide + ".psm";
+    pesticide.Notes = Read_Notes(session.Program.App_Path / Path_Of(name));
+    report.Endpoints = Endpoints_Of(*pesticide.Document, pesticide.Notes);
+    for (const auto& crop : crops) {
+        std::vector<std::string> locations;
+        for (const auto& location : crop.Locations)
+            locations.push_back(location.Text);
+        for (auto& finding : Check_Runs(session.Program, mode, {*pesticide.Document, pesticide.Notes, name},
+                                        Crop_Named(crop.Crop), locations)) {
+            if (std::ranges::none_of(report.Guidance, [&](const Guidance_Finding& known) {
+                    return known.Rule == finding.Rule && Value_Text(known) == Value_Text(finding);
+                }))
+                report.Guidance.push_back(std::move(finding));
+        }
+    }
+} catch (const File_Error& error) {
+    report.Notes.push_back("The guidance check could not be done. " + To_Code_Page(error.what()));
+}
+
 // The table that a report begins with, of the same runs. All are looked at closely: their tables have just been built.
 Overview Overview_Of(const Session& session, const Mode& mode, const std::vector<Summary_Request>& crops,
                      const Progress& progress)
@@ -337,10 +373,11 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
     Report report{.Title = std::string(mode.Report_Title),
                   .Program = session.Program.Aktuelle_ORVELSUITE_Version,
                   .Made = Date_Text(made)};
+    Simulated_Pesticide pesticide;
     for (std::size_t i = 0; i < crops.size(); ++i) {
         report.Engine = crops[i].Model_Version;
         report.Pesticide = crops[i].Pesticide;
-        Crop_Builder(crops[i], report.Crops.emplace_back(), report.Endpoints)
+        Crop_Builder(crops[i], report.Crops.emplace_back(), pesticide)
             .Build([&](const std::string& message, double share) {
                 return !progress ||
                        progress(message, (static_cast<double>(i) + share) / static_cast<double>(crops.size()));
@@ -355,6 +392,7 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
         report.Notes.push_back(
             "The tables of each crop are those of the percolate of these scenarios; concentrations in soil are in the "
             "overview and in the tables of each simulation.");
+    Add_Guidance(session, mode, crops, pesticide, report);
     Note_Problems(report);
     Note_Places(report, "Further locations of the crop, not simulated",
                 [&](std::size_t crop) { return List_Of(crops[crop].Absent); });

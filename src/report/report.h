@@ -6,6 +6,7 @@
 #include "report/report_uses.h"
 #include "report/run_results.h"
 #include "report/summary_report.h"
+#include "substance/guidance_check.h"
 
 #include <ctime>
 #include <filesystem>
@@ -66,6 +67,7 @@ struct Report {
     std::string Acceptance;   // of that engine in this installation
     orvel::Overview Overview; // of all runs: what a report begins with
     std::vector<Endpoint> Endpoints;
+    std::vector<Guidance_Finding> Guidance; // what the rules find in the pesticide and its runs, with the answers
     std::vector<Report_Crop> Crops;
     std::vector<std::string> Notes; // what a reader must know before relying on the figures, sentences
 };

@@ -29,6 +29,18 @@ std::string Uses_Text(const std::vector<Report_Use>& uses)
     return text;
 }
 
+// "P1.1 Plant_Uptake[1] = 0.5: kept because ...; D1 ...: open"
+std::string Guidance_Text(const std::vector<Guidance_Finding>& findings)
+{
+    std::string text;
+    for (const auto& finding : findings) {
+        const std::string answer = Answer_Text(finding);
+        text += (text.empty() ? "" : "; ") + finding.Rule + " " + Value_Text(finding) +
+                (answer.empty() ? "" : ": " + answer);
+    }
+    return text;
+}
+
 // The figures of a result; empty fields without one.
 std::vector<std::string> Figures(const Report_Result* result)
 {
@@ -74,7 +86,9 @@ std::string Report_Csv(const Report& report)
                                "SHA-256 of the pesticide file",
                                "Engine",
                                "SHA-256 of the engine",
-                               "Program"});
+                               "Program",
+                               "Guidance check"});
+    const std::string guidance = Guidance_Text(report.Guidance);
     for (const auto& crop : report.Crops) {
         // Without any result the runs still tell their problems.
         const std::vector<Report_Table> none(1);
@@ -87,7 +101,7 @@ std::string Report_Csv(const Report& report)
                 for (const auto& field :
                      {run.Problem, Uses_Text(run.Uses), run.Date, run.Years > 0 ? std::to_string(run.Years) : "",
                       run.Pesticide.Name, run.Pesticide.Sha256, report.Engine_File.Name, report.Engine_File.Sha256,
-                      report.Program})
+                      report.Program, guidance})
                     fields.push_back(field);
                 csv += Line_Of(fields);
             }

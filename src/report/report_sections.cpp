@@ -122,9 +122,27 @@ Report_Section Endpoints(const Report& report)
     Report_Section section{.Level = 2, .Heading = "Endpoints"};
     section.Grid.Columns = {{"Substance"},          {"DT50 in soil"},    {"Koc (L/kg)", true}, {"1/n", true},
                             {"Formation fraction"}, {"Vapour pressure"}, {"Solubility"}};
-    for (const auto& endpoint : report.Endpoints)
+    const bool has_sources =
+        std::ranges::any_of(report.Endpoints, [](const Endpoint& endpoint) { return !endpoint.Source.empty(); });
+    if (has_sources)
+        section.Grid.Columns.push_back({"Source"});
+    for (const auto& endpoint : report.Endpoints) {
         section.Grid.Lines.push_back({{endpoint.Substance, endpoint.DT50, endpoint.Koc, endpoint.Exponent,
                                        endpoint.Formation, endpoint.Vapour_Pressure, endpoint.Solubility}});
+        if (has_sources)
+            section.Grid.Lines.back().Cells.push_back(endpoint.Source);
+    }
+    return section;
+}
+
+// What the guidance says against the inputs, and why it was kept.
+Report_Section Guidance_Section(const Report& report)
+{
+    Report_Section section{.Level = 2, .Heading = std::string(Guidance_Title)};
+    section.Grid.Columns = {{"Rule"}, {"Severity"}, {"Value"}, {"Finding"}, {"Source of the rule"}, {"Answer"}};
+    for (const auto& finding : report.Guidance)
+        section.Grid.Lines.push_back({{finding.Rule, std::string(Severity_Text(finding.Severity)), Value_Text(finding),
+                                       finding.Text, Source_Text(finding), Answer_Text(finding)}});
     return section;
 }
 
@@ -262,6 +280,8 @@ std::vector<Report_Section> Sections_Of(const Report& report)
     sections.back().Begins_Page = true;
     if (!report.Endpoints.empty())
         sections.push_back(Endpoints(report));
+    if (!report.Guidance.empty())
+        sections.push_back(Guidance_Section(report));
     sections.push_back(Simulations(report));
     sections.push_back(Files(report));
     if (auto records = Records(report); !records.Grid.Lines.empty())

@@ -10,6 +10,7 @@
 #include "output/run_outputs.h"
 #include "runs/batch.h"
 #include "runs/bin.h"
+#include "runs/guidance_of_run.h"
 #include "runs/job_file.h"
 #include "runs/run_directory.h"
 #include "runs/run_place.h"
@@ -131,6 +132,10 @@ Mark_Result Mark_In_Turn(const Program_State& program, const Ask_Function& ask, 
         return Mark_Result::Failed;
     }
     Check_Own_Directory(directory, run, choice.Pesticide);
+    if (const auto reason = Refused_By_Guidance(program, mode, choice); !reason.empty()) {
+        Tell(ask, Starting, reason);
+        return Mark_Result::Failed;
+    }
     if (!May_Replace(ask, Run_Path(directory, run)))
         return Mark_Result::Cancelled;
     if (pending.empty())
@@ -196,6 +201,8 @@ Mark_All_Result Mark_All(const Program_State& program, const Ask_Function& ask, 
         selected.Choice.Options = options;
         const bool marked = Mark_For_Batch(program, ask, mode, selected.Choice) == Mark_Result::Marked;
         ++(marked ? result.Marked : result.Failed);
+        if (marked)
+            result.Choices.push_back(selected.Choice);
         if (!marked && Read_Batch(Mode_Directory(program, mode)).size() >= static_cast<std::size_t>(Last_Job))
             break;
     }

@@ -19,9 +19,10 @@ Mark_Result Mark_For_Batch(const Program_State& program, const Ask_Function& ask
                            const Run_Choice& choice);
 
 struct Mark_All_Result {
-    int Marked = 0;      // combinations
-    int Passed_Over = 0; // without valid application data
-    int Failed = 0;      // refused by the user or by the system, each reported
+    int Marked = 0;                    // combinations
+    int Passed_Over = 0;               // without valid application data
+    int Failed = 0;                    // refused by the user or by the system, each reported
+    std::vector<Run_Choice> Choices{}; // those marked
 };
 
 // What marking did, as a form shows it: "3 combinations marked, 1 without valid application data".

@@ -4,6 +4,7 @@
 #include "core/files.h"
 #include "core/locations.h"
 #include "core/text.h"
+#include "files/document_notes.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 #include "substance/application_pattern.h"
@@ -165,8 +166,10 @@ bool Delete_Pesticide(const fs::path& app_path, const Ask_Function& ask, std::st
         return false;
     const fs::path file = Found_Or_New(app_path, Path_Of(pesticide));
     std::error_code error;
-    if (!Is_Read_Only(file) && fs::remove(file, error))
+    if (!Is_Read_Only(file) && fs::remove(file, error)) {
+        fs::remove(Notes_File(file), error); // they would be taken for those of the next file of this name
         return true;
+    }
     Tell(ask, Title, "The file " + Path_Text(file) + " could not be deleted.");
     return false;
 }

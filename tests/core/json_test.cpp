@@ -1,5 +1,9 @@
 #include "core/json.h"
 
+#include "core/error.h"
+#include "core/json_reader.h"
+
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -66,6 +70,54 @@ TEST(Json_Writer, Lays_Out_Members_On_Lines_And_Values_Of_An_Array_On_One)
                              "  ],\n"
                              "  \"last\": \"z\"\n"
                              "}\n");
+}
+
+// The error's place and reason, or the text that the value was read as.
+static std::string Refusal(const std::function<void(const Json_Value&)>& use, std::string_view text)
+{
+    try {
+        use(Parse_Json(text));
+        return "taken";
+    } catch (const File_Error& error) {
+        return error.what();
+    }
+}
+
+TEST(Json_Reader, A_Value_That_Is_Not_What_Was_Expected_Is_Told_With_Its_Place)
+{
+    const std::string text = "{\n  \"a\": \"x\\\"y\",\r\n  \"b\": -12.5 ,\n  \"c\": [true,\n null, {\"d\":7}]\n}";
+    const auto of = [&](auto use) { return Refusal(use, text); };
+
+    EXPECT_EQ(of([](const Json_Value& v) { v.At("a").Number(); }), "Line 2, column 8: It is not a number.");
+    EXPECT_EQ(of([](const Json_Value& v) { v.At("b").Text(); }), "Line 3, column 8: It is not a text.");
+    EXPECT_EQ(of([](const Json_Value& v) { v.At("b").Whole_Number(); }), "Line 3, column 8: It is not a whole number.");
+    EXPECT_EQ(of([](const Json_Value& v) { v.At("c").Members(); }), "Line 4, column 8: It is not an object.");
+    EXPECT_EQ(of([](const Json_Value& v) { v.At("c").Elements()[0].Number(); }),
+              "Line 4, column 9: It is not a number.");
+    EXPECT_EQ(of([](const Json_Value& v) { v.At("c").Elements()[1].Number(); }),
+              "Line 5, column 2: It is not a number.");
+    EXPECT_EQ(of([](const Json_Value& v) { v.At("c").Elements()[2].At("e"); }),
+              "Line 5, column 8: The member \"e\" is missing.");
+    EXPECT_EQ(of([](const Json_Value& v) { v.At("c").Elements()[2].At("d").Truth(); }),
+              "Line 5, column 13: It is not true or false.");
+    EXPECT_EQ(Refusal([](const Json_Value& v) { v.Text(); }, "12"), "Line 1, column 1: It is not a text.");
+    EXPECT_EQ(Refusal([](const Json_Value&) {}, "{\"a\": 1,\n \"a\": 2}"),
+              "Line 2, column 2: The member \"a\" stands twice.");
+}
+
+TEST(Json_Reader, What_Was_Read_Is_Written_Again)
+{
+    const std::string text = "{\n"
+                             "  \"\u20AC \u0107\": [1.5, \"a\\\"\", true, null],\n"
+                             "  \"o\": {\n"
+                             "    \"x\": false\n"
+                             "  }\n"
+                             "}\n";
+    Json_Writer json;
+
+    Parse_Json(text).Write(json);
+
+    EXPECT_EQ(json.Written(), text);
 }
 
 } // namespace orvel

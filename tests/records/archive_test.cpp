@@ -38,6 +38,21 @@ TEST_F(Archive_Test, Holds_Inputs_Records_Outputs_Engine_And_Report_With_Their_D
                                                     Sha256_Of_File(Home / "orvel401.exe")}));
 }
 
+TEST_F(Archive_Test, Holds_The_Notes_Of_The_Pesticide_File)
+{
+    Put(Home / "gr\u00FCn test.notes.json", "{\"schema\": \"orvel-notes 1\"}");
+    Put(Home / "other.notes.json", "{}");
+
+    Archive(Home / "a.zip");
+    const auto manifest = Archive_Reader(Home / "a.zip").Manifest();
+
+    std::vector<std::string> names;
+    for (const auto& file : manifest.Files)
+        names.push_back(file.Name);
+    EXPECT_NE(std::ranges::find(names, "gr\xFCn test.notes.json"), names.end());
+    EXPECT_EQ(std::ranges::find(names, "other.notes.json"), names.end());
+}
+
 TEST_F(Archive_Test, The_Same_Content_Gives_The_Same_Bytes)
 {
     Archive(Home / "a.zip");

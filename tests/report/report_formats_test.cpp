@@ -19,6 +19,16 @@ Report Small_Report()
                   .Made = "2026-01-02 03:04"};
     report.Engine_File = {"orvel401.exe", "e1"};
     report.Notes = {"A note & <more>."};
+    report.Guidance = {
+        {.Rule = "P1",
+         .Severity = Severity::Warning,
+         .Name = "Koc[1]",
+         .Value = "5",
+         .Text = "Koc < 6 & more.",
+         .Source = "paper",
+         .Answer = "kept",
+         .Answered_By = "M\xFCller"},
+        {.Rule = "P2", .Name = "Hv", .Value = "1", .Text = "Too low.", .Source = "book", .Confirmed = true}};
     Report_Crop crop{.Name = "Maize"};
     crop.Runs.push_back(
         {.Location = "Kremsm\xFCnster (K)", .Date = "2026-01-01 00:00", .Years = 26, .Pesticide = {"d.psm", "p1"}});
@@ -43,7 +53,8 @@ bool Has(const std::string& text, const std::string& part)
 
 TEST(Report_As_Csv, A_Line_For_Each_Substance_And_Location_With_Fields_In_Quotes_Where_Needed)
 {
-    const std::string engine = ",orvel401.exe,e1,ORVELSUITE 5.5\r\n";
+    const std::string engine =
+        ",orvel401.exe,e1,ORVELSUITE 5.5,\"P1 Koc[1] = 5: kept (M\xC3\xBCller); P2 Hv = 1: open\"\r\n";
     const std::string run =
         ",,\"1 kg/ha, 1 May, every year, 1 to 26, soil surface\",2026-01-01 00:00,26,d.psm,p1" + engine;
     const std::string failed = ",,,,,,,,,,,\"It failed; \"\"really\"\".\",,,,," + engine;
@@ -54,7 +65,7 @@ TEST(Report_As_Csv, A_Line_For_Each_Substance_And_Location_With_Fields_In_Quotes
               "A,Concentration of A (\xC2\xB5g/L),Period B,Years of B,"
               "Concentration of B (\xC2\xB5g/L),Flux (g/ha),Percolate (L/m\xC2\xB2),Problem,Uses,Simulated "
               "on,Years,Pesticide file,SHA-256 of the pesticide file,"
-              "Engine,SHA-256 of the engine,Program\r\n"
+              "Engine,SHA-256 of the engine,Program,Guidance check\r\n"
               "Maize,P & <Q>,Kremsm\xC3\xBCnster (K),0.100,no,17,23,0.120,16,22,0.080,0.2000000,200.000" +
                   run + "Maize,P & <Q>,Porto (O)" + failed +
                   "Maize,M,Kremsm\xC3\xBCnster (K),0.101,yes,3,9,0.122,4,10,0.080,0.2020000,200.000" + run +
@@ -79,6 +90,31 @@ TEST(Report_As_Html, Names_Are_Text_And_Never_Markup)
     EXPECT_TRUE(Has(html, "<li>A note &amp; &lt;more&gt;.</li>"));
     EXPECT_TRUE(Has(html, "<title>Report: d\xC3\xB6mo; &quot;x&quot;</title>"));
     EXPECT_FALSE(Has(html, "<Q>"));
+}
+
+TEST(Report_As_Html, Findings_Of_The_Guidance_Have_A_Table_With_Their_Answers)
+{
+    Report report = Small_Report();
+    const std::string html = Report_Html(report);
+
+    EXPECT_TRUE(Has(html, "<td>P1</td><td>warning</td><td>Koc[1] = 5</td><td>Koc &lt; 6 &amp; more.</td><td>paper "
+                          "(source not confirmed)</td><td>kept (M\xC3\xBCller)</td></tr>"))
+        << html;
+    EXPECT_TRUE(Has(html, "<tr><td>P2</td><td>warning</td><td>Hv = 1</td><td>Too low.</td><td>book</td>"
+                          "<td>open</td></tr>"));
+    report.Guidance.clear();
+    EXPECT_FALSE(Has(Report_Html(report), "Guidance check"));
+}
+
+TEST(Report_As_Html, Endpoints_Have_A_Column_With_Their_Sources_Where_There_Are_Any)
+{
+    Report report = Small_Report();
+    report.Endpoints = {{.Substance = "A", .Koc = "12"}};
+    EXPECT_FALSE(Has(Report_Html(report), ">Source</th>"));
+
+    report.Endpoints.push_back({.Substance = "M", .Source = "Koc: study 4"});
+    EXPECT_TRUE(Has(Report_Html(report), "<th scope=\"col\">Source</th>"));
+    EXPECT_TRUE(Has(Report_Html(report), "<td>Koc: study 4</td></tr>"));
 }
 
 TEST(Report_As_Html, The_Mark_Of_The_Limit_Stands_In_Words_And_Exactly_The_Limit_Keeps_It)

@@ -3,6 +3,7 @@
 #include "core/error.h"
 #include "core/sha256.h"
 #include "core/text.h"
+#include "files/document_notes.h"
 #include "output/run_files.h"
 #include "report/report_formats.h"
 #include "report/report_sections.h"
@@ -48,6 +49,40 @@ TEST_F(Report_Session, A_Result_Holds_Percentile_And_Both_Years_That_It_Is_Made_
     EXPECT_EQ(crop.Runs[0].Titles, (std::vector<std::string>{"Engine", "Scenario", "Pesticide",
                                                              "Soil concentrations: total content (mg/kg)"}));
     EXPECT_EQ(crop.Tables[0].Diagram.Boxes.size(), 2U);
+}
+
+TEST_F(Report_Session, Findings_Of_The_Guidance_Are_Those_Of_The_Simulated_File_With_The_Answers_Of_Its_Notes)
+{
+    Add_Run("Maize", Hamburg, 1);
+    Write_Whole(Installation / "guidance.json",
+                R"({"schema": "orvel-guidance 1", "rules": [{"id": "OWN", "severity": "warning", "text": "Too light.",
+                    "source": "book", "compare": "Molmass[1]", "least": 400}]})");
+    Document_Notes notes;
+    Set_Note(notes, "Koc[1]", {.Source = "study 4"});
+    Set_Answer(notes, {.Rule = "OWN", .Field = "Molmass[1]", .Value = "0", .Text = "kept"});
+    Write_Notes(Installation / "demo.psm", notes);
+
+    const Report report = Gather();
+
+    ASSERT_EQ(report.Guidance.size(), 1U);
+    EXPECT_EQ(report.Guidance[0].Answer, "kept");
+    EXPECT_EQ(report.Endpoints.at(0).Source, "Koc: study 4");
+    EXPECT_TRUE(report.Notes.end() == std::ranges::find_if(report.Notes, [](const std::string& note) {
+                    return note.starts_with("The guidance");
+                }));
+}
+
+TEST_F(Report_Session, Notes_That_Cannot_Be_Read_Are_Told_And_Are_Not_None)
+{
+    Add_Run("Maize", Hamburg, 1);
+    Write_Whole(Installation / "demo.notes.json", "{\n]");
+
+    const Report report = Gather();
+
+    EXPECT_TRUE(Holds(report.Notes, "The guidance check could not be done. " +
+                                        (Installation / "demo.notes.json").string() +
+                                        ", line 2, column 1: This is not JSON."));
+    EXPECT_FALSE(report.Endpoints.empty());
 }
 
 TEST_F(Report_Session, The_Figures_Are_The_Same_Out_Of_The_Cache)
@@ -310,7 +345,13 @@ TEST(Endpoints, Have_Their_Conditions_And_The_Shares_That_Form_A_Metabolite)
     rows[5].Deg_Rate = 0.01;
     Update_Pathway(*document);
 
-    const auto endpoints = Endpoints_Of(*document);
+    Document_Notes notes;
+    Set_Note(notes, "Koc[1]", {.Source = "study 4"});
+    Set_Note(notes, "Fr_Exp[1]", {.Source = "study 4"});
+    Set_Note(notes, "Degradation[1][1].Deg_Rate", {.Source = "report 7"});
+    Set_Note(notes, "Molmass[1]", {.Source = "no endpoint"});
+
+    const auto endpoints = Endpoints_Of(*document, notes);
 
     ASSERT_EQ(endpoints.size(), 2U);
     EXPECT_EQ(endpoints[0].DT50, "17.3 d at 20 \xB0"
@@ -321,6 +362,8 @@ TEST(Endpoints, Have_Their_Conditions_And_The_Shares_That_Form_A_Metabolite)
                                             "C");
     EXPECT_EQ(endpoints[0].Solubility, "30 mg/L at 20 \xB0"
                                        "C");
+    EXPECT_EQ(endpoints[0].Source, "DT50: report 7; Koc, 1/n: study 4");
+    EXPECT_EQ(endpoints[1].Source, "formation: report 7");
     EXPECT_EQ(endpoints[1].Substance, "M");
     EXPECT_EQ(endpoints[1].Formation, "0.750 from A");
     EXPECT_EQ(endpoints[1].Vapour_Pressure, "");

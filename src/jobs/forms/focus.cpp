@@ -9,7 +9,7 @@
 #include "runs/batch.h"
 #include "runs/forms/ausgabe_festlegen.h"
 #include "runs/forms/dialog.h"
-#include "runs/mark.h"
+#include "runs/guidance_of_run.h"
 #include "runs/output_selection.h"
 #include "ui/forms/command_box.h"
 #include "ui/forms/widgets.h"
@@ -135,6 +135,7 @@ void FOCUS::Crop_Click()
 void FOCUS::Evaluate()
 {
     Marked->clear();
+    Guidance->hide();
     const Hourglass waiting;
     Selected = Evaluate_Selection(The_Session.Program, The_Session.Ask, The_Mode, Text_Of(*Pesticide),
                                   Crop_At(Crop_List->currentRow()), Text_Of(*Location_List));
@@ -198,9 +199,10 @@ std::filesystem::path FOCUS::Directory() const
 void FOCUS::Mark()
 {
     const Hourglass waiting;
-    const bool marked = Mark_For_Batch(The_Session.Program, The_Session.Ask, The_Mode, Choice()) == Mark_Result::Marked;
+    const auto choice = Choice();
+    const bool marked = Mark_For_Batch(The_Session.Program, The_Session.Ask, The_Mode, choice) == Mark_Result::Marked;
     Show_Selection();
-    Marked->setText(Shown(Marked_Text({.Marked = marked ? 1 : 0})));
+    Show_Marked({.Marked = marked ? 1 : 0, .Choices = {choice}});
 }
 
 void FOCUS::Mark_All_Locations()
@@ -221,7 +223,20 @@ void FOCUS::Mark_All_Locations()
     setEnabled(true);
     Timer1.start(Tick_Interval);
     Evaluate();
-    Marked->setText(Shown(Marked_Text(result)));
+    Show_Marked(result);
+}
+
+// What the guidance says against the runs is behind a button: it does not hold up the marking.
+void FOCUS::Show_Marked(const Mark_All_Result& result)
+{
+    Guidance_Text = result.Marked == 0 ? "" : Guidance_After_Marking(The_Session.Program, The_Mode, result.Choices);
+    Guidance->setVisible(!Guidance_Text.empty());
+    Marked->setText(Shown(Marked_Text(result) + (Guidance_Text.empty() ? "" : "; see the guidance")));
+}
+
+void FOCUS::Show_Guidance()
+{
+    The_Session.Ask({std::string(Guidance_Title), Guidance_Text, Icon::Information});
 }
 
 void FOCUS::Run()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "jobs/forms/run_windows.h"
+#include "runs/mark.h"
 #include "runs/selection.h"
 
 #include <array>
@@ -61,6 +62,8 @@ private:
 
     void Mark();
     void Mark_All_Locations();
+    void Show_Marked(const Mark_All_Result& result);
+    void Show_Guidance();
     void Run();
     void Run_Anyway();
     void Tick();
@@ -88,14 +91,15 @@ private:
     double Kept_Number = 0;
 
     QListWidget *Pesticide = nullptr, *Crop_List = nullptr, *Location_List = nullptr;
+    std::string Guidance_Text; // of the runs marked last; empty: there is nothing to tell
     QLabel *App_Modus = nullptr, *app_Date = nullptr, *Warnung = nullptr, *Hinweis = nullptr, *Marked = nullptr;
     QWidget* Warning_Box = nullptr;
     QGroupBox* Frame4 = nullptr;
     QComboBox* L_tildepth = nullptr;
     QComboBox* Scaling = nullptr; // of the temperatures; Tier 4 only
     std::array<QRadioButton*, 3> Ausgabe{};
-    QPushButton *s_run = nullptr, *Batchdatei = nullptr, *Multi_batch = nullptr, *Command1 = nullptr,
-                *Command2 = nullptr;
+    QPushButton *s_run = nullptr, *Batchdatei = nullptr, *Guidance = nullptr, *Multi_batch = nullptr,
+                *Command1 = nullptr, *Command2 = nullptr;
     QWidget* Job_Box = nullptr;
     QProgressBar* Job_Bar = nullptr;
     QLabel *Job_Text = nullptr, *Start_Text = nullptr;

@@ -254,6 +254,9 @@ QLayout* FOCUS::Buttons()
     Batchdatei = add("Batchdatei", "&Mark for Batch", &FOCUS::Mark);
     Multi_batch = add("Multi_batch", "Mark &all for Batch", &FOCUS::Mark_All_Locations);
     buttons->addWidget(Marked = Named(new QLabel, "Marked"));
+    Guidance = add("Guidance", "&Guidance ...", &FOCUS::Show_Guidance);
+    Guidance->setToolTip("What the guidance says against the simulations just marked");
+    Guidance->hide();
     buttons->addStretch(1);
     buttons->addWidget(Assistant->Switch());
     add("Befehl", "Copy as comma&nd", &FOCUS::Command);

@@ -3,13 +3,17 @@
 #include "charts/forms/chart_view.h"
 #include "charts/forms/picture_actions.h"
 #include "core/code_page.h"
+#include "core/files.h"
 #include "core/shell_line.h"
 #include "report/forms/report_saving.h"
 #include "report/report_chart.h"
+#include "runs/guidance_of_run.h"
+#include "substance/forms/guidance_window.h"
 #include "ui/forms/command_box.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
 
+#include <algorithm>
 #include <QPlainTextEdit>
 
 namespace orvel {
@@ -20,6 +24,20 @@ constexpr std::size_t Text_Page = 0;
 constexpr std::size_t Diagram_Page = 1;
 constexpr const char* To_Diagram = "Diagram";
 constexpr const char* To_Text = "Tablular output";
+
+// False: it could not be written, and the user has been told.
+bool Keep_Answer(const Ask_Function& ask, const std::filesystem::path& file, Document_Notes& notes,
+                 const Guidance_Answer& answer)
+try {
+    auto changed = notes;
+    Set_Answer(changed, answer);
+    Write_Notes(file, changed);
+    notes = std::move(changed);
+    return true;
+} catch (const File_Error& error) {
+    Tell(ask, Guidance_Title, To_Code_Page(error.what()));
+    return false;
+}
 
 } // namespace
 
@@ -45,6 +63,7 @@ Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request reque
     Add_Button("Archivieren", "&Archive ...", [this] {
         Open_Archive(Request, this);
     })->setToolTip("Puts the simulations with inputs, records, outputs and report into one file");
+    Add_Button("Guidance", "&Guidance check ...", [this] { Check_Guidance_Rules(); });
     Add_Button("Befehl", "Copy as comma&nd", [this] {
         Show_Command(this, {Orvelctl_Line(The_Session.Program.App_Path,
                                           {"report", "--mode", std::string(Mode_Of(Request.Mode).Name), "--pesticide",
@@ -107,6 +126,25 @@ void Zusammenfassung_orv::Copy()
 void Zusammenfassung_orv::Speichern()
 {
     Save_Report_As(*this, The_Session, {Request});
+}
+
+// An answer is kept at once: nothing else here is saved.
+void Zusammenfassung_orv::Check_Guidance_Rules()
+try {
+    const auto file = Found_Or_New(The_Session.Program.App_Path, Path_Of(Request.Pesticide + ".psm"));
+    const auto document = Read_Whole_Pesticide(file);
+    auto notes = Read_Notes(file);
+    std::vector<std::string> locations;
+    std::ranges::transform(Request.Locations, std::back_inserter(locations), &Summary_Location::Text);
+    const auto check = [&] {
+        return Check_Runs(The_Session.Program, Mode_Of(Request.Mode), {*document, notes, Request.Pesticide + ".psm"},
+                          Crop_Named(Request.Crop), locations);
+    };
+    Guidance_Window(
+        {check, [&](const Guidance_Answer& answer) { return Keep_Answer(The_Session.Ask, file, notes, answer); }}, this)
+        .exec();
+} catch (const File_Error& error) {
+    Tell(The_Session.Ask, Guidance_Title, To_Code_Page(error.what()));
 }
 
 void Zusammenfassung_orv::Print()

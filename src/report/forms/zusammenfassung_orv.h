@@ -34,6 +34,7 @@ private:
     void Copy();
     void Print();
     void Speichern();
+    void Check_Guidance_Rules();
 
     Session& The_Session;
     const Summary_Request Request;

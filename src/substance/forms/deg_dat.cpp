@@ -1,6 +1,8 @@
 #include "substance/forms/deg_dat.h"
 
 #include "substance/forms/rate_box.h"
+#include "substance/forms/sources.h"
+#include "substance/pathway.h"
 #include "substance/pathway_picture.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
@@ -28,6 +30,7 @@ deg_dat::deg_dat(Session& session, QWidget* parent) : QDialog(parent), The_Sessi
     Text13->setText(Shown(entry.Reference_Radiation));
     Korrektur[static_cast<std::size_t>(Recognise_Correction(entry.Correction))]->setChecked(true);
     Show_Correction(entry.Correction, Enabled_On_Activation(entry.Correction));
+    Show_Sources(*this, Arrow_Of(t).Source, Arrow_Of(t).Row);
     Keep_History(
         *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
 }

@@ -1,5 +1,6 @@
 #include "substance/forms/form_as.h"
 
+#include "substance/forms/sources.h"
 #include "substance/forms/substance_fields.h"
 #include "substance/forms/volatilisation_box.h"
 #include "ui/forms/byte_edit.h"
@@ -24,6 +25,7 @@ Form_AS::Form_AS(Session& session, QWidget* parent)
     setWindowTitle("Active Substance");
     Lay_Out();
     Show_Minor(false);
+    Show_Sources(*this, session.Editor.Substance_Index);
     Keep_History(
         *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
 }

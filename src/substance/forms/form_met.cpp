@@ -1,5 +1,6 @@
 #include "substance/forms/form_met.h"
 
+#include "substance/forms/sources.h"
 #include "substance/forms/substance_fields.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/undo_history.h"
@@ -20,6 +21,7 @@ Form_MET::Form_MET(Session& session, QWidget* parent)
     setObjectName("Form_MET");
     setWindowTitle(Shown(Metabolite_Caption(Substance)));
     Lay_Out();
+    Show_Sources(*this, Substance);
     Keep_History(
         *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
 }

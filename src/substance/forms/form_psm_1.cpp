@@ -1,14 +1,17 @@
 #include "substance/forms/form_psm_1.h"
 
 #include "charts/forms/picture_actions.h"
+#include "core/code_page.h"
 #include "core/files.h"
 #include "files/forms/form_saving.h"
 #include "substance/forms/deg_dat.h"
 #include "substance/forms/form_as.h"
 #include "substance/forms/form_met.h"
+#include "substance/forms/guidance_window.h"
 #include "substance/forms/pathway_view.h"
 #include "substance/pathway_picture.h"
 #include "substance/pesticide_editor.h"
+#include "ui/forms/field_marks.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
@@ -42,7 +45,8 @@ Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory,
     : QDialog(parent),
       The_Session(session),
       Directory(directory),
-      On_Disk(directory / Path_Of(session.Program.PSM_File))
+      On_Disk(directory / Path_Of(session.Program.PSM_File)),
+      Notes(session, directory / Path_Of(session.Program.PSM_File))
 {
     setObjectName("Form_PSM_1");
     setWindowTitle("Metabolization Scheme");
@@ -75,6 +79,12 @@ void Form_PSM_1::Lay_Out()
     connect(View, &Pathway_View::Substance_Clicked, this, &Form_PSM_1::Edit_Substance);
     connect(View, &Pathway_View::Arrow_Clicked, this, &Form_PSM_1::Edit_Transformation);
 
+    auto* check = Push_Button("Guidance", "&Guidance check ...", this, &Form_PSM_1::Check_Guidance_Rules);
+    new Field_Marks(*this, {[this](const std::string& field) { return Tip_Of(Notes.Notes, field); },
+                            [this](const std::string& field, QWidget* parent) {
+                                Edit_Source(Notes.Notes, The_Session.Pesticide, field, parent);
+                            }});
+
     auto* exit = Push_Button("Command1", "Save and &Exit", this, &Form_PSM_1::Save_And_Exit);
     auto* save = Push_Button("ComSave", "&Save", this, &Form_PSM_1::Save);
     auto* copy = Push_Button("Kopieren", "Copy &Picture", this, [this] { Copy_Picture(View->As_Picture()); });
@@ -88,6 +98,7 @@ void Form_PSM_1::Lay_Out()
     Buttons = new QHBoxLayout;
     Buttons->addWidget(exit);
     Buttons->addWidget(save);
+    Buttons->addWidget(check);
     Buttons->addStretch(1);
     for (auto* of_picture : {copy, keep, print})
         Buttons->addWidget(of_picture);
@@ -151,7 +162,21 @@ bool Form_PSM_1::Save()
     On_Disk = Watched_File(saving.Save_Target());
     Directory = saving.Save_Target().parent_path();
     Opened = std::make_unique<const Pesticide_Document>(The_Session.Pesticide);
-    return true;
+    return Notes.Save(saving.Save_Target());
+}
+
+void Form_PSM_1::Check_Guidance_Rules()
+try {
+    const Guidance guidance = Read_Guidance(The_Session.Program.App_Path);
+    Guidance_Window({[&] { return Check_Guidance(guidance, Facts_Of(The_Session.Pesticide), Notes.Notes); },
+                     [&](const Guidance_Answer& answer) {
+                         Set_Answer(Notes.Notes, answer);
+                         return true;
+                     }},
+                    this)
+        .exec();
+} catch (const File_Error& error) {
+    Tell(The_Session.Ask, Guidance_Title, To_Code_Page(error.what()));
 }
 
 // A cancelled save discards the changes only if the user agrees.
@@ -166,6 +191,7 @@ void Form_PSM_1::Save_And_Exit()
 
 void Form_PSM_1::reject()
 {
+    The_Session.Program.PSM_Changed = The_Session.Program.PSM_Changed || Notes.Is_Changed();
     if (May_Leave_Editor(The_Session, *Opened))
         QDialog::reject();
 }

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "files/watched_file.h"
+#include "substance/forms/sources.h"
 
 #include <filesystem>
 #include <memory>
@@ -41,11 +42,13 @@ private:
     void Edit_Transformation(int t);
     bool Save();
     void Save_And_Exit();
+    void Check_Guidance_Rules();
 
     Session& The_Session;
     std::filesystem::path Directory;
     Watched_File On_Disk;
     std::unique_ptr<const Pesticide_Document> Opened; // or saved last
+    Edited_Notes Notes;
     Per_Substance<std::string> Captions;
     Pathway_View* View = nullptr;
     QHBoxLayout* Buttons = nullptr;

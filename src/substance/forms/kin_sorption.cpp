@@ -1,5 +1,6 @@
 #include "substance/forms/kin_sorption.h"
 
+#include "substance/forms/sources.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
@@ -32,6 +33,7 @@ kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent)
     Show_Entry(Load_Kinetic(The_Session.Pesticide, Substance));
     s_f_neq->setFocus();
     s_f_neq->selectAll();
+    Show_Sources(*this, Substance);
     Keep_History(
         *this, [this] { return Entry(); },
         [this](const Kinetic_Entry& entry) {

@@ -1,5 +1,6 @@
 #include "substance/forms/koc_ph.h"
 
+#include "substance/forms/sources.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/undo_history.h"
@@ -22,6 +23,7 @@ KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent)
     Lay_Out();
     Show_Entry(Load_PH(The_Session.Pesticide, Substance, The_Koc));
     s_pKa->selectAll();
+    Show_Sources(*this, Substance);
     Keep_History(
         *this, [this] { return Entry(); }, [this](const PH_Entry& entry) { Show_Entry(entry); });
 }

@@ -1,5 +1,6 @@
 #include "substance/forms/plant_app.h"
 
+#include "substance/forms/sources.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/undo_history.h"
 
@@ -16,6 +17,7 @@ Plant_App::Plant_App(Session& session, Application_Method method, QWidget* paren
     Lay_Out(Shows_Filtration(method));
     Boxes.Show(Plant_Fields, Load_Plant(The_Session.Pesticide));
     Boxes["S_plt_dk"]->selectAll();
+    Show_Sources(*this, session.Editor.Substance_Index);
     Keep_History(
         *this, [this] { return Entry(); }, [this](const Plant_Entry& entry) { Boxes.Show(Plant_Fields, entry); });
 }

@@ -42,9 +42,11 @@
 #include "substance/forms/form_hor.h"
 #include "substance/forms/form_met.h"
 #include "substance/forms/form_psm_1.h"
+#include "substance/forms/guidance_window.h"
 #include "substance/forms/kin_sorption.h"
 #include "substance/forms/koc_ph.h"
 #include "substance/forms/plant_app.h"
+#include "substance/forms/source_window.h"
 #include "substance/horizon_table.h"
 #include "substance/pesticide_editor.h"
 #include "tables/forms/jahr_orv.h"
@@ -270,6 +272,47 @@ std::vector<Opened_Window> Windows_Test::All() const
              session.Pesticide.App_Method = 4;
              return Opened_Substance(session);
          }},
+        {"form_as_notes",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             const auto directory = Place->Path() / "notes";
+             fs::create_directories(directory);
+             Document_Notes notes;
+             for (const auto* field : {"Koc[1]", "Molmass[1]", "Vap_Press[0]"})
+                 Set_Note(notes, field, {.Source = "study 12, p. 4", .Checked_By = "M"});
+             Write_Notes(directory / "demo_D.psm", notes);
+             session.Program.PSM_File = "demo_D.psm";
+             static std::unique_ptr<Form_PSM_1> scheme; // holds the notes
+             scheme = std::make_unique<Form_PSM_1>(session, directory);
+             Open_Active_Substance(session);
+             auto form = std::make_unique<Form_AS>(session, scheme.get());
+             scheme->setAttribute(Qt::WA_DontShowOnScreen);
+             return form;
+         }},
+        {"source_window",
+         [](Session&) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Source_Window>(
+                 "Degradation[1][5].Deg_Rate", "0.0346574 1/d",
+                 Field_Note{.Source = "study 12, geometric mean of 4 soils, normalised to 20 \xB0"
+                                      "C and pF 2",
+                            .Checked_By = "M"});
+         }},
+        {"guidance_window",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             session.Pesticide.Plant_Uptake[1] = 0.5;
+             session.Pesticide.Photo_Rate[1] = 0.1;
+             return std::make_unique<Guidance_Window>(Guidance_Window::Access{
+                 [&session] {
+                     Document_Notes notes;
+                     Set_Answer(notes, {.Rule = "P1.1",
+                                        .Field = "Plant_Uptake[1]",
+                                        .Value = "0.5",
+                                        .Text = "measured in maize, study 14",
+                                        .By = "M",
+                                        .Date = "2026-11-22"});
+                     return Check_Guidance(Parse_Guidance(Shipped_Guidance()), Facts_Of(session.Pesticide), notes);
+                 },
+                 [](const Guidance_Answer&) { return true; }});
+         }},
         {"andere_standorte",
          [](Session&) -> std::unique_ptr<QWidget> {
              return std::make_unique<andere_Standorte>(Location_Kind::Leaching, Names{"Hamburg (H)"});
@@ -369,7 +412,7 @@ QStringList Cut_In(const QWidget& window)
 {
     QStringList cut;
     for (const auto* control : window.findChildren<QWidget*>()) {
-        if (!control->isVisible())
+        if (!control->isVisible() || qobject_cast<const QLineEdit*>(control->parentWidget())) // a mark in a field
             continue;
         const auto* label = qobject_cast<const QLabel*>(control);
         if ((label && !label->wordWrap()) || qobject_cast<const QAbstractButton*>(control)) {

@@ -137,6 +137,26 @@ TEST_F(FOCUS_Test, Says_What_Marking_Did)
     EXPECT_EQ(Caption("Marked"), "1 combination marked, 1 without valid application data");
 }
 
+TEST_F(FOCUS_Test, What_The_Guidance_Says_Against_A_Marked_Run_Is_Behind_A_Button)
+{
+    Write_Whole(Place / "guidance-own.json", R"({"schema": "orvel-guidance 1", "stands_alone": true, "rules": [
+        {"id": "OWN", "severity": "error", "text": "Kremsmuenster counts.", "source": "authority", "confirmed": true,
+         "compare": "Location", "one_of": ["K"]}]})");
+    Open();
+    Choose(*Form, "Location", "Hamburg (H)");
+
+    Click<QPushButton>(*Form, "Batchdatei");
+
+    EXPECT_TRUE(The_User.Messages.empty());
+    EXPECT_EQ(Caption("Marked"), "1 combination marked; see the guidance");
+    Click<QPushButton>(*Form, "Guidance");
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(The_User.Messages[0].Text,
+              "Hamburg (H): error OWN: Kremsmuenster counts. Location = H. Source: authority");
+    Choose(*Form, "Crop", "Winter cereals");
+    EXPECT_FALSE(Find<QPushButton>(*Form, "Guidance")->isVisible());
+}
+
 TEST_F(FOCUS_Test, Says_Why_Nothing_Can_Be_Run_When_A_File_Is_Missing)
 {
     std::filesystem::remove(Place / "test.psm");

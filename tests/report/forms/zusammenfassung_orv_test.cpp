@@ -1,6 +1,8 @@
 #include "report/forms/zusammenfassung_orv.h"
 
 #include "charts/forms/chart_view.h"
+#include "files/document_notes.h"
+#include "small_installation.h"
 #include "tables/leachate_run.h"
 #include "window_test.h"
 
@@ -11,6 +13,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableWidget>
 
 namespace orvel {
 
@@ -179,6 +182,43 @@ TEST_F(Zusammenfassung_Test, Its_Simulations_Are_Archived_By_A_Button)
     Click<QPushButton>(*Form, "Archivieren");
 
     EXPECT_EQ(Archived, "demo_A Maize");
+}
+
+TEST_F(Zusammenfassung_Test, A_Finding_Of_The_Guidance_Is_Answered_Into_The_Notes_At_Once)
+{
+    Small_Installation place;
+    place.Put_Pesticide("demo_A.psm", {"H", "C"});
+    Write_Whole(place / "guidance.json", R"({"schema": "orvel-guidance 1", "rules": [
+        {"id": "OWN", "severity": "warning", "text": "t", "source": "s", "compare": "Location", "one_of": ["K"]}]})");
+    The_Session.Program.App_Path = place.Path();
+    Open();
+
+    In_Modal([&](QWidget& window) {
+        const auto* grid = Find<QTableWidget>(window, "Guidance_Grid");
+        ASSERT_EQ(grid->rowCount(), 1); // Thiva has no scenario here
+        EXPECT_EQ(grid->item(0, 2)->text(), "Location = H at Hamburg (H)");
+        QTest::keyClicks(Find<QLineEdit>(window, "Guidance_Answer"), "for comparison");
+        Click<QPushButton>(window, "Guidance_Keep");
+        EXPECT_TRUE(grid->item(0, 3)->text().startsWith("for comparison"));
+    });
+    Click<QPushButton>(*Form, "Guidance");
+
+    const auto notes = Read_Notes(place / "demo_A.psm");
+    ASSERT_NE(Answer_Of(notes, "OWN", "Location"), nullptr);
+    EXPECT_EQ(Answer_Of(notes, "OWN", "Location")->Text, "for comparison");
+}
+
+TEST_F(Zusammenfassung_Test, A_Guidance_Check_Without_The_Pesticide_File_Is_Told)
+{
+    Small_Installation place;
+    The_Session.Program.App_Path = place.Path();
+    Open();
+
+    Click<QPushButton>(*Form, "Guidance");
+
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(The_User.Messages[0].Title, "Guidance check");
+    EXPECT_NE(The_User.Messages[0].Text.find("demo_A.psm"), std::string::npos);
 }
 
 } // namespace orvel
