@@ -1,5 +1,6 @@
 // The engine: reads the input of a run directory, simulates day by day and writes the output there.
 #include "core/files.h"
+#include "core/named_input.h"
 #include "core/system/signals.h"
 #include "core/system/standard_channels.h"
 #include "core/system/terminal.h"
@@ -65,33 +66,11 @@ std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
     return options;
 }
 
-// Finds the file named in orvel.inp: backslashes separate directories, and case does not matter.
-std::optional<fs::path> Find_Named(const fs::path& directory, std::string_view name)
-{
-    const std::string slashed = Replace_All(std::string(Trim(name)), "\\", "/");
-    if (slashed.empty())
-        return std::nullopt;
-    fs::path found = Path_Of(slashed).is_absolute() ? fs::path("/") : directory;
-    for (const fs::path& part : Path_Of(slashed).relative_path()) {
-        if (part.empty() || part == ".")
-            continue;
-        if (part == "..") {
-            found /= part;
-            continue;
-        }
-        const auto next = Find_File(found, part);
-        if (!next)
-            return std::nullopt;
-        found = *next;
-    }
-    return found;
-}
-
 File_Source Files_In(const fs::path& directory)
 {
     return [directory](std::string_view name) -> std::optional<std::string> {
         try {
-            const auto file = Find_Named(directory, name);
+            const auto file = Named_Input(directory, name);
             return file ? std::optional(Read_Whole(*file)) : std::nullopt;
         } catch (const File_Error& error) {
             Pass_On_If_Unreadable(error);

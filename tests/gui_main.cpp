@@ -1,3 +1,4 @@
+#include "temporary_directory.h"
 #include "ui/forms/guarded_application.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,9 @@ int main(int argc, char** argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    const orvel::Temporary_Directory state; // of this user, who may have unsaved changes of their own
+    if (!qEnvironmentVariableIsSet("ORVEL_TEST_EDITED_FILE"))
+        qputenv("XDG_STATE_HOME", QByteArray::fromStdString(state.Path().string()));
     ::testing::InitGoogleTest(&argc, argv);
     orvel::Guarded_Application application(argc, argv);
     return RUN_ALL_TESTS();

@@ -87,6 +87,27 @@ std::string Run_Directory_Of(const fs::path& mode_directory, const fs::path& run
     return Replace_All(Path_Text(run.lexically_relative(mode_directory)), "/", "\\");
 }
 
+fs::path Place_In_Mode(const fs::path& run_directory)
+{
+    constexpr std::string_view Digits = "0123456789";
+    fs::path levels, at = run_directory;
+    for (int level = 0; level < Run_Levels; ++level) {
+        levels = levels.empty() ? at.filename() : at.filename() / levels;
+        at = at.parent_path();
+    }
+    const std::string generation = at.filename().string();
+    const bool in_bin = !generation.empty() && generation.find_first_not_of(Digits) == std::string::npos &&
+                        at.parent_path().filename() == Bin_Name;
+    return in_bin ? at.parent_path().parent_path() / levels : run_directory;
+}
+
+fs::path Input_File(const fs::path& run_directory, const fs::path& name)
+{
+    const bool of_mode = !name.empty() && *name.begin() == "..";
+    const fs::path place = of_mode ? Place_In_Mode(run_directory) : run_directory;
+    return place == run_directory ? run_directory / name : (place / name).lexically_normal(); // it may have gone
+}
+
 std::string Run_Title(const fs::path& directory)
 {
     std::string title;

@@ -33,6 +33,15 @@ bool Is_Run_Directory(std::string_view run_directory);
 std::filesystem::path Run_Path(const std::filesystem::path& mode_directory, std::string_view run_directory);
 std::string Run_Directory_Of(const std::filesystem::path& mode_directory, const std::filesystem::path& run);
 
+// The bin of a mode holds runs at MODE/bin/NNNN/<run directory>.
+constexpr std::string_view Bin_Name = "bin";
+
+// Where a run directory lies among those of its mode; for one in the bin the place that it was taken from.
+std::filesystem::path Place_In_Mode(const std::filesystem::path& run_directory);
+
+// An input as a run's record names it. One in the bin still means the files of its mode and its installation.
+std::filesystem::path Input_File(const std::filesystem::path& run_directory, const std::filesystem::path& name);
+
 // A run directory as a user names it: "demo_D, Winter cereals, Hamburg (H)"; any other directory by its own name.
 std::string Run_Title(const std::filesystem::path& directory);
 

@@ -89,7 +89,7 @@ const File_Digest& File_Digests::Of(const std::filesystem::path& file)
 {
     const auto identity = Identity_Of(file);
     if (!identity)
-        throw File_Error("The file " + file.string() + " cannot be read: it is not there.");
+        return Unidentified = Digest_Of_File(file); // which tells why it cannot be read
     const auto known = Known.find(*identity);
     if (known != Known.end())
         return known->second;

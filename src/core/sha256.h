@@ -46,6 +46,7 @@ public:
 
 private:
     std::map<File_Identity, File_Digest> Known;
+    File_Digest Unidentified;
 };
 
 } // namespace orvel

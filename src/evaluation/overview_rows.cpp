@@ -85,9 +85,10 @@ Overview With_Rows(const Overview& overview, const std::vector<Row_Group>& group
 
 std::string Counts_Text(const Overview& overview)
 {
-    constexpr std::array<std::string_view, 10> Words = {"with figures",    "scheduled",  "running",       "failed",
-                                                        "stopped",         "incomplete", "changed since", "being read",
-                                                        "without figures", "unreadable"};
+    constexpr std::array<std::string_view, 11> Words = {
+        "with figures",         "scheduled",     "running",    "failed",          "stopped",
+        "incomplete",           "changed since", "being read", "without figures", "unreadable",
+        "only in the other one"};
     std::array<int, Words.size()> counts{};
     for (const auto& run : overview.Runs)
         ++counts[static_cast<std::size_t>(run.Kind)];
@@ -96,7 +97,8 @@ std::string Counts_Text(const Overview& overview)
         if (counts[i] > 0)
             text += (text.empty() ? ": " : ", ") + std::to_string(counts[i]) + " " + std::string(Words[i]);
     }
-    return std::to_string(overview.Runs.size()) + (overview.Runs.size() == 1 ? " simulation" : " simulations") + text;
+    const auto here = static_cast<int>(overview.Runs.size()) - counts[static_cast<std::size_t>(Cell_Kind::Absent)];
+    return std::to_string(here) + (here == 1 ? " simulation" : " simulations") + text;
 }
 
 } // namespace orvel

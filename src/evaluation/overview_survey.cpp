@@ -90,7 +90,7 @@ void Overview_Survey::Follow()
     }
 }
 
-// Other locations alone need no new look.
+// Other locations or another comparison need no new look.
 void Overview_Survey::Take_Choice()
 {
     Is_Chosen_Anew = false;
@@ -282,8 +282,11 @@ void Overview_Survey::Tell(bool settled)
         }
     }
     Told = std::chrono::steady_clock::now();
-    Publish_State(std::make_shared<const Survey_State>(Survey_State{
-        Arrange_Overview(Chosen.Mode, Readers.front()->Quantity(), std::move(runs), Chosen.Codes), Failure, settled}));
+    if (Chosen.Compared)
+        Compare_With(runs, *Chosen.Compared);
+    auto overview = Arrange_Overview(Chosen.Mode, Readers.front()->Quantity(), std::move(runs), Chosen.Codes);
+    overview.Compared_With = Chosen.Compared ? Chosen.Compared->Name : std::string();
+    Publish_State(std::make_shared<const Survey_State>(Survey_State{std::move(overview), Failure, settled}));
 }
 
 void Overview_Survey::Tell_Now_And_Then()

@@ -18,7 +18,8 @@ namespace orvel {
 struct Survey_Choice {
     Mode_Kind Mode = Mode_Kind::Focus;
     Soil_Choice Soil;
-    std::vector<std::string> Codes; // of locations; empty: all
+    std::vector<std::string> Codes;                                // of locations; empty: all
+    std::shared_ptr<const Compared_Assessment> Compared = nullptr; // nullptr: with nothing
     bool operator==(const Survey_Choice&) const = default;
 };
 

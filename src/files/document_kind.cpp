@@ -10,19 +10,26 @@
 #include "files/scenario_file.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace orvel {
 
 const std::array<Document_Type, 3> Document_Types = {{
     {Document_Kind::Pesticide, ".psm", "*.psm", &Program_State::PSM_Changed, Read_PSM, Write_PSM,
      [](const Session& session) { return Broken_By_Layout(session.Pesticide); },
-     [](const Session& session) { return Json_Of(session.Pesticide); }},
+     [](const Session& session) { return Json_Of(session.Pesticide); },
+     [](const Session& session) { return Format_PSM(*std::make_unique<Pesticide_Document>(session.Pesticide)); },
+     [](const Session& first, const Session& second) { return Differences(first.Pesticide, second.Pesticide); }},
     {Document_Kind::Scenario, ".sze", "*.sze", &Program_State::SZE_Changed, Read_SZE, Write_SZE,
      [](const Session& session) { return Broken_By_Layout(session.Scenario); },
-     [](const Session& session) { return Json_Of(session.Scenario); }},
+     [](const Session& session) { return Json_Of(session.Scenario); },
+     [](const Session& session) { return Format_SZE(*std::make_unique<Scenario_Document>(session.Scenario)); },
+     [](const Session& first, const Session& second) { return Differences(first.Scenario, second.Scenario); }},
     {Document_Kind::Climate, ".cli", "*.cli", &Program_State::CLI_Changed, Read_CLI, Write_CLI,
      [](const Session& session) { return Broken_By_Layout(session.Climate); },
-     [](const Session& session) { return Json_Of(session.Climate); }},
+     [](const Session& session) { return Json_Of(session.Climate); },
+     [](const Session& session) { return Format_CLI(session.Climate); },
+     [](const Session& first, const Session& second) { return Differences(first.Climate, second.Climate); }},
 }};
 
 const Document_Type& Type_Of(Document_Kind kind)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/document_differences.h"
 #include "files/lost_field.h"
 
 #include <array>
@@ -23,6 +24,9 @@ struct Document_Type {
     bool (*Write)(Session& session, const std::filesystem::path& file);
     std::optional<Lost_Field> (*Broken_Field)(const Session& session); // the first field that a save would lose
     std::string (*Json)(const Session& session);
+    std::string (*Format)(
+        const Session& session); // the bytes of the file; what writing changes in the document is left out
+    std::vector<Difference> (*Differences)(const Session& first, const Session& second);
 };
 
 // In the order of Document_Kind.

@@ -77,7 +77,7 @@ void Write_Mode(const Mode& mode, const std::vector<Demo_Pesticide>& pesticides,
 
 void Make_Data_Files(const Write_Installation_File& write)
 {
-    for (const auto name : {"input.dat", "Haude.dat", "Assystant.txt"})
+    for (const auto name : {"input.dat", "Haude.dat", "Assystant.txt", "expected.csv"})
         write(name, With_Cr_Lf(Embedded_File(name)));
     write(std::string(Calendar_File), Format_Calendar(Demo_Years));
     auto pesticides = Demo_Pesticides();

@@ -1,17 +1,32 @@
 #include "jobs/input_changes.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
+#include "core/run_name.h"
 #include "core/text.h"
 
 namespace orvel {
 
 namespace fs = std::filesystem;
 
+void Input_Changes::Begin_Pass()
+{
+    Found.clear();
+    Unread.clear();
+}
+
+bool Input_Changes::Cannot_Be_Read(const File_Error& error)
+{
+    if (!Is_Missing(error.Code))
+        Unread.insert(To_Code_Page(error.what()));
+    return true;
+}
+
 bool Input_Changes::Differs(const fs::path& file, const Recorded_File& recorded)
 try {
     return Digests.Of(file).Sha256 != recorded.Sha256;
-} catch (const File_Error&) {
-    return true;
+} catch (const File_Error& error) {
+    return Cannot_Be_Read(error);
 }
 
 // The file of the installation that an input of a run directory was copied from; nothing for one that was not.
@@ -25,12 +40,19 @@ const std::optional<fs::path>& Input_Changes::Source_Of(const fs::path& run_dire
     return known != Found.end() ? known->second : Found.emplace(name, Find_File(App_Path, Path_Of(name))).first->second;
 }
 
+bool Input_Changes::Source_Differs(const fs::path& run_directory, const Recorded_File& recorded)
+try {
+    const auto& source = Source_Of(run_directory, recorded.Name);
+    return source && Differs(*source, recorded);
+} catch (const File_Error& error) {
+    return Cannot_Be_Read(error);
+}
+
 std::vector<std::string> Input_Changes::Of_Installation(const fs::path& run_directory, const Run_Record& record)
 {
     std::vector<std::string> changed;
     for (const auto& input : record.Inputs) {
-        const auto& source = Source_Of(run_directory, input.Name);
-        if (source && Differs(*source, input))
+        if (Source_Differs(run_directory, input))
             changed.push_back(input.Name);
     }
     return changed;
@@ -38,13 +60,12 @@ std::vector<std::string> Input_Changes::Of_Installation(const fs::path& run_dire
 
 std::vector<std::string> Input_Changes::Of(const Simulation& simulation)
 {
-    Begin_Pass();
     std::vector<std::string> changed;
     if (!simulation.State.Record)
         return changed;
     for (const auto& input : simulation.State.Record->Inputs) {
-        const auto& source = Source_Of(simulation.Directory, input.Name);
-        if (Differs(simulation.Directory / Path_Of(input.Name), input) || (source && Differs(*source, input)))
+        if (Differs(Input_File(simulation.Directory, Path_Of(input.Name)), input) ||
+            Source_Differs(simulation.Directory, input))
             changed.push_back(input.Name);
     }
     return changed;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/error.h"
 #include "core/sha256.h"
 #include "jobs/job_status.h"
 
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,16 +26,24 @@ public:
     // The names of those whose source in the installation alone is another one or cannot be read: the run's own files
     // are not looked at.
     std::vector<std::string> Of_Installation(const std::filesystem::path& run_directory, const Run_Record& record);
-    void Begin_Pass() { Found.clear(); } // sources may have come and gone
+
+    // Sources may have come and gone: they are looked for again, and what could not be read is forgotten.
+    void Begin_Pass();
+
+    // A sentence on each file that was found and could not be read in this pass.
+    const std::set<std::string>& Unreadable() const { return Unread; }
 
 private:
     const std::optional<std::filesystem::path>& Source_Of(const std::filesystem::path& run_directory,
                                                           const std::string& name);
     bool Differs(const std::filesystem::path& file, const Recorded_File& recorded);
+    bool Source_Differs(const std::filesystem::path& run_directory, const Recorded_File& recorded);
+    bool Cannot_Be_Read(const File_Error& error);
 
     std::filesystem::path App_Path;
     File_Digests Digests;
     std::map<std::string, std::optional<std::filesystem::path>> Found; // sources by the names of inputs
+    std::set<std::string> Unread;
 };
 
 } // namespace orvel

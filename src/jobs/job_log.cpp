@@ -14,8 +14,6 @@ namespace {
 constexpr std::array<std::string_view, 9> Event_Names = {"begin",  "started", "finished", "incomplete", "failed",
                                                          "killed", "stopped", "kept",     "end"};
 constexpr std::size_t Longest_Job = 1U << 20U; // bytes at the journal's end that hold its last job
-constexpr std::size_t Time_Width = 19;
-constexpr int First_Year = 1900;
 
 std::string_view Next_Field(std::string_view& line)
 {
@@ -23,15 +21,6 @@ std::string_view Next_Field(std::string_view& line)
     const auto field = line.substr(0, end);
     line = end == std::string_view::npos ? std::string_view() : line.substr(end + 1);
     return field;
-}
-
-void Add_Padded(std::string& text, int number, char behind)
-{
-    if (number < 10)
-        text += '0';
-    text += std::to_string(number);
-    if (behind != 0)
-        text += behind;
 }
 
 } // namespace
@@ -87,37 +76,6 @@ Job_History Parse_Job_Log(std::string_view text)
 Job_History Read_Job_Log(const std::filesystem::path& mode_directory)
 {
     return Parse_Job_Log(Read_Tail(mode_directory / Job_Log_Name, Longest_Job));
-}
-
-std::string Time_Text(std::time_t time)
-{
-    const std::tm parts = Local_Time(time);
-    std::string text = std::to_string(parts.tm_year + First_Year) + "-";
-    Add_Padded(text, parts.tm_mon + 1, '-');
-    Add_Padded(text, parts.tm_mday, ' ');
-    Add_Padded(text, parts.tm_hour, ':');
-    Add_Padded(text, parts.tm_min, ':');
-    Add_Padded(text, parts.tm_sec, 0);
-    return text;
-}
-
-std::time_t Time_Of_Text(std::string_view text)
-{
-    if (text.size() != Time_Width)
-        return 0;
-    const auto part = [text](std::size_t first, std::size_t width) {
-        return static_cast<int>(Val(Columns(text, first, width)));
-    };
-    std::tm parts{};
-    parts.tm_year = part(1, 4) - First_Year;
-    parts.tm_mon = part(6, 2) - 1;
-    parts.tm_mday = part(9, 2);
-    parts.tm_hour = part(12, 2);
-    parts.tm_min = part(15, 2);
-    parts.tm_sec = part(18, 2);
-    parts.tm_isdst = -1;
-    const std::time_t time = std::mktime(&parts);
-    return time < 0 ? 0 : time;
 }
 
 } // namespace orvel

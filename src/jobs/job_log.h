@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/system/file_handle.h"
+#include "core/time_text.h"
 
 #include <ctime>
 #include <filesystem>
@@ -40,9 +41,5 @@ struct Job_History {
 // Lines of any other form are ignored.
 Job_History Parse_Job_Log(std::string_view text);
 Job_History Read_Job_Log(const std::filesystem::path& mode_directory); // empty without a readable journal
-
-// "2024-05-31 14:05:09" in local time, and back; 0 for any other text.
-std::string Time_Text(std::time_t time);
-std::time_t Time_Of_Text(std::string_view text);
 
 } // namespace orvel

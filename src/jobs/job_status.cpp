@@ -229,10 +229,4 @@ std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
     return simulations;
 }
 
-std::string Date_Text(std::time_t date)
-{
-    constexpr std::size_t To_Minutes = 16;
-    return Time_Text(date).substr(0, To_Minutes);
-}
-
 } // namespace orvel

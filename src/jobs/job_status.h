@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/time_text.h"
 #include "output/run_state.h"
 #include "runs/mode.h"
 
@@ -64,8 +65,5 @@ std::vector<Simulation> Simulation_List(const std::filesystem::path& mode_direct
 
 // The same with names and directories alone: no run is looked at.
 std::vector<Simulation> Simulation_Places(const std::filesystem::path& mode_directory);
-
-// The date as the list shows it, in local time: "2024-05-31 14:05".
-std::string Date_Text(std::time_t date);
 
 } // namespace orvel

@@ -235,9 +235,8 @@ std::string Simulation_Lines(const std::vector<Simulation>& simulations)
     return lines;
 }
 
-std::string Simulation_Json(const Program_State& program, const std::vector<Simulation>& simulations)
+std::string Simulation_Json(const std::vector<Simulation>& simulations, Input_Changes& changes)
 {
-    Input_Changes changes(program.App_Path);
     Json_Writer json;
     json.Array([&] {
         for (const auto& simulation : simulations)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jobs/input_changes.h"
 #include "jobs/job.h"
 #include "jobs/job_status.h"
 #include "runs/output_selection.h"
@@ -49,7 +50,8 @@ bool Stop(const Session& session, const Mode& mode, bool wait);
 std::string Simulation_Lines(const std::vector<Simulation>& simulations);
 
 // The same as a JSON array of objects, in UTF-8, with the verdict, the years, the exit code and the changed inputs of
-// every run and its directory. Throws File_Error if an output cannot be read.
-std::string Simulation_Json(const Program_State& program, const std::vector<Simulation>& simulations);
+// every run and its directory. An input that cannot be read is among the changed ones, and `changes` tells why. Throws
+// File_Error if an output cannot be read.
+std::string Simulation_Json(const std::vector<Simulation>& simulations, Input_Changes& changes);
 
 } // namespace orvel

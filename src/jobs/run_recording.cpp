@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/named_input.h"
 #include "core/system/processors.h"
 #include "core/text.h"
 #include "core/version.h"

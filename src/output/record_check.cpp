@@ -40,7 +40,7 @@ fs::path Record_Check::Engine_Of(const fs::path& run_directory, const Run_Record
     const fs::path name = Path_Of(record.Engine.Name);
     fs::path installation = App_Path;
     if (Is_Run_Level(run_directory.filename().string())) {
-        installation = run_directory;
+        installation = Place_In_Mode(run_directory);
         for (int level = 0; level <= Run_Levels; ++level)
             installation = installation.parent_path();
     }
@@ -62,7 +62,7 @@ Proof Record_Check::By_Times(const fs::path& run_directory, const Run_Record& re
     };
     look(Engine_Of(run_directory, record), record.Engine);
     for (const auto& input : record.Inputs)
-        look(run_directory / Path_Of(input.Name), input);
+        look(Input_File(run_directory, Path_Of(input.Name)), input);
     for (const auto& output : record.Outputs)
         look(run_directory / Path_Of(output.File.Name), output.File);
     return proof != Proof::Changed && !Added_Output(run_directory, record).empty() ? Proof::Changed : proof;
@@ -81,7 +81,7 @@ std::string Record_Check::Changed(const fs::path& run_directory, const Run_Recor
     Unreadable = false;
     std::string changed = Changed_File(Engine_Of(run_directory, record), record.Engine);
     for (auto input = record.Inputs.begin(); changed.empty() && input != record.Inputs.end(); ++input)
-        changed = Changed_File(run_directory / Path_Of(input->Name), *input);
+        changed = Changed_File(Input_File(run_directory, Path_Of(input->Name)), *input);
     for (auto output = record.Outputs.begin(); changed.empty() && output != record.Outputs.end(); ++output)
         changed = Changed_File(run_directory / Path_Of(output->File.Name), output->File);
     return changed.empty() ? Added_Output(run_directory, record) : changed;

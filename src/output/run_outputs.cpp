@@ -1,6 +1,7 @@
 #include "output/run_outputs.h"
 
 #include "core/files.h"
+#include "core/named_input.h"
 #include "core/numbers.h"
 #include "core/session.h"
 #include "core/text.h"
@@ -267,28 +268,6 @@ Run_Request Read_Run_Request(const fs::path& run_directory)
 {
     const auto control = Find_File(run_directory, "orvel.inp");
     return control ? Parse_Run_Request(Read_Whole(*control)) : Run_Request();
-}
-
-std::optional<fs::path> Named_Input(const fs::path& run_directory, std::string_view name)
-{
-    const std::string slashed = Replace_All(std::string(Trim(name)), "\\", "/");
-    if (slashed.empty())
-        return std::nullopt;
-    const fs::path path = Path_Of(slashed);
-    fs::path found = path.is_absolute() ? fs::path("/") : run_directory;
-    for (const fs::path& part : path.relative_path()) {
-        if (part.empty() || part == ".")
-            continue;
-        if (part == "..") {
-            found /= part;
-            continue;
-        }
-        const auto next = Find_File(found, part);
-        if (!next)
-            return std::nullopt;
-        found = *next;
-    }
-    return found;
 }
 
 bool Has_Leap_Day(const fs::path& climate)

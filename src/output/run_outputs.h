@@ -23,10 +23,6 @@ Run_Request Parse_Run_Request(std::string_view control);
 // The request of a run directory; years are 0 without an orvel.inp. Throws File_Error if it cannot be read.
 Run_Request Read_Run_Request(const std::filesystem::path& run_directory);
 
-// A file that orvel.inp names, as an engine finds it: `\` and `/` separate directories, case is ignored in every part.
-// The path begins with the run directory. Nothing if it is not there.
-std::optional<std::filesystem::path> Named_Input(const std::filesystem::path& run_directory, std::string_view name);
-
 // Whether a climate file has a 29 February. Throws File_Error.
 bool Has_Leap_Day(const std::filesystem::path& climate);
 using Leap_Day_Function = std::function<bool(const std::filesystem::path&)>;

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <thread>
 
 namespace orvel {
 
@@ -30,6 +31,11 @@ constexpr std::chrono::minutes Longest_Set_Up(30); // by another part, which thi
 [[noreturn]] void Refuse(const fs::path& directory, const std::string& reason)
 {
     throw File_Error("The directory " + directory.string() + " " + reason);
+}
+
+[[noreturn]] void Refuse_Part(const fs::path& directory, const std::string& where)
+{
+    throw Part_At_Work("The directory " + directory.string() + " has another plan run at work" + where + ".");
 }
 
 std::string Digits(std::size_t number, std::size_t least)
@@ -201,18 +207,53 @@ Lock Take_Part(const fs::path& directory, const Plan_Part& part)
     const std::string of = "-of-" + std::to_string(part.Of), name = std::to_string(part.Number) + of;
     for (const auto& other : Parts_At_Work(directory)) {
         if (other == name)
-            Refuse(directory,
-                   "has another plan run at work" + (part.Of > 1 ? " on part " + name : std::string()) + ".");
+            Refuse_Part(directory, part.Of > 1 ? " on part " + name : "");
         if (!other.ends_with(of))
-            Refuse(directory, "has another plan run at work on part " + other + ", which shares rows with this one.");
+            Refuse_Part(directory, " on part " + other + ", which shares rows with this one");
     }
     const fs::path file = directory / Locks_Name / name;
     Make_Directory(file.parent_path());
     Write_Whole(file, "");
     auto lock = Lock::Take_Within(file, std::chrono::seconds(2));
     if (!lock)
-        Refuse(directory, "has another plan run at work.");
+        Refuse_Part(directory, "");
     return std::move(*lock);
+}
+
+// Sets the directory up, unless it is, and does some work with its record while no other plan run can.
+template <class Work> auto Do_Set_Up(const Program_State& program, const fs::path& plan, const fs::path& directory,
+                                     const Progress& progress, Work work)
+{
+    const std::string digest = Sha256_Of_File(plan);
+    std::error_code ignored;
+    const bool is_new = !fs::exists(directory, ignored);
+    if (!is_new && !Read_Plan_Record(directory))
+        Check_Free(directory);
+    Make_Directory(directory);
+    try {
+        std::error_code error;
+        const File_Handle sign(directory / Set_Up_Lock, File_Handle::Use::Update, error);
+        if (error)
+            throw File_Error("Cannot write in " + directory.string() + ": " + error.message() + ".");
+        const auto set_up = Lock::Take_Within(directory / Set_Up_Lock, Longest_Set_Up);
+        if (!set_up)
+            Refuse(directory, "is being set up by another plan run.");
+        auto record = Read_Plan_Record(directory);
+        if (record && record->Sha256 != digest)
+            Refuse(directory, "holds the runs of another plan.");
+        if (!record)
+            record = Set_Up(program, plan, directory, digest, progress);
+        return work(*record);
+    } catch (const File_Error&) {
+        if (!Find_File(directory, Plan_Record_Name)) { // wrong rows leave nothing behind
+            fs::remove_all(directory / Inputs_Name, ignored);
+            fs::remove(directory / Plan_Copy_Name, ignored);
+            fs::remove(directory / Set_Up_Lock, ignored);
+            if (is_new)
+                fs::remove(directory, ignored);
+        }
+        throw;
+    }
 }
 
 } // namespace
@@ -266,38 +307,31 @@ Csv_Reader::Source Source_Of_File(const fs::path& file)
 }
 
 Held_Plan Hold_Plan(const Program_State& program, const fs::path& plan, const fs::path& directory,
-                    const Plan_Part& part, const Progress& progress)
+                    const Plan_Part& part, std::chrono::seconds patience, const Progress& progress)
 {
-    const std::string digest = Sha256_Of_File(plan);
-    std::error_code ignored;
-    const bool is_new = !fs::exists(directory, ignored);
-    if (!is_new && !Read_Plan_Record(directory))
-        Check_Free(directory);
-    Make_Directory(directory);
-    try {
-        std::error_code error;
-        const File_Handle sign(directory / Set_Up_Lock, File_Handle::Use::Update, error);
-        if (error)
-            throw File_Error("Cannot write in " + directory.string() + ": " + error.message() + ".");
-        const auto set_up = Lock::Take_Within(directory / Set_Up_Lock, Longest_Set_Up);
-        if (!set_up)
-            Refuse(directory, "is being set up by another plan run.");
-        auto record = Read_Plan_Record(directory);
-        if (record && record->Sha256 != digest)
-            Refuse(directory, "holds the runs of another plan.");
-        if (!record)
-            record = Set_Up(program, plan, directory, digest, progress);
-        return {*record, Take_Part(directory, part)};
-    } catch (const File_Error&) {
-        if (!Find_File(directory, Plan_Record_Name)) { // wrong rows leave nothing behind
-            fs::remove_all(directory / Inputs_Name, ignored);
-            fs::remove(directory / Plan_Copy_Name, ignored);
-            fs::remove(directory / Set_Up_Lock, ignored);
-            if (is_new)
-                fs::remove(directory, ignored);
+    constexpr std::chrono::seconds Pause(1);
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (true) {
+        try {
+            return Do_Set_Up(program, plan, directory, progress, [&](const Plan_Record& record) {
+                return Held_Plan{record, Take_Part(directory, part)};
+            });
+        } catch (const Part_At_Work&) {
+            if (std::chrono::steady_clock::now() >= end)
+                throw;
         }
-        throw;
+        std::this_thread::sleep_for(Pause);
     }
+}
+
+Plan_Record Prepare_Plan(const Program_State& program, const fs::path& plan, const fs::path& directory)
+{
+    return Do_Set_Up(program, plan, directory, {}, [&](const Plan_Record& record) {
+        const auto parts = Parts_At_Work(directory);
+        if (!parts.empty())
+            Refuse_Part(directory, parts.front() == "1-of-1" ? "" : " on part " + parts.front());
+        return record;
+    });
 }
 
 std::optional<fs::file_time_type> At_Work_Since(const fs::path& directory)

@@ -6,6 +6,7 @@
 #include "core/system/lock.h"
 #include "plans/plan_table.h"
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -55,12 +56,22 @@ struct Held_Plan {
     Lock Held;
 };
 
-// Checks a plan and sets up its directory, or finds it set up with the same plan, and takes the part. Throws
-// Plan_Faults for wrong rows, nothing being left then; File_Error if the directory holds another plan or anything else,
-// and if this part, or parts of another number, are at work there. `progress` is called as the rows are checked, and
-// may stop that with Reading_Stopped.
+// A part that is wanted is held by another plan run.
+struct Part_At_Work : File_Error {
+    using File_Error::File_Error;
+};
+
+// Checks a plan and sets up its directory, or finds it set up with the same plan, and takes the part. A run at work on
+// the same part has `patience` to end. Throws Plan_Faults for wrong rows, nothing being left then; Part_At_Work if this
+// part, or parts of another number, are at work there; File_Error if the directory holds another plan or anything else.
+// `progress` is called as the rows are checked, and may stop that with Reading_Stopped.
 Held_Plan Hold_Plan(const Program_State& program, const std::filesystem::path& plan,
-                    const std::filesystem::path& directory, const Plan_Part& part, const Progress& progress = {});
+                    const std::filesystem::path& directory, const Plan_Part& part, std::chrono::seconds patience = {},
+                    const Progress& progress = {});
+
+// The same for a plan whose parts other programs will take. Throws Part_At_Work if one of them is.
+Plan_Record Prepare_Plan(const Program_State& program, const std::filesystem::path& plan,
+                         const std::filesystem::path& directory);
 
 // Since when the parts have been at work that are; nothing if none is.
 std::optional<std::filesystem::file_time_type> At_Work_Since(const std::filesystem::path& directory);

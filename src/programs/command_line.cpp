@@ -17,6 +17,12 @@ std::string Bytes_Of(const std::string& argument)
     return *bytes;
 }
 
+void Check_Letters(const std::vector<std::string>& arguments)
+{
+    for (const auto& argument : arguments)
+        Bytes_Of(argument);
+}
+
 void Add_Mode(CLI::App* command, std::string& mode)
 {
     command->add_option("--mode", mode, "Regulatory mode")

@@ -25,6 +25,7 @@ using Command = std::function<int(Session&)>;
 
 // An argument in bytes of Windows-1252. Throws CLI::ValidationError for a character that the code page lacks.
 std::string Bytes_Of(const std::string& argument);
+void Check_Letters(const std::vector<std::string>& arguments); // throws the same
 
 // The option --mode, which a command needs.
 void Add_Mode(CLI::App* command, std::string& mode);

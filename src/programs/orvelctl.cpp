@@ -5,6 +5,7 @@
 #include "core/system/standard_channels.h"
 #include "documents/documents.h"
 #include "installation/lay_out.h"
+#include "programs/orvelctl_doctor.h"
 #include "programs/orvelctl_overview.h"
 #include "programs/orvelctl_plan.h"
 #include "programs/orvelctl_records.h"
@@ -112,6 +113,7 @@ int Do_Command_Line(int argc, char** argv)
     Add_Series_Command(app, command);
     Add_Single_Command(app, command);
     Add_Plan_Commands(app, command);
+    Add_Doctor_Command(app, command);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {

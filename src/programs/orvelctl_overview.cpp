@@ -1,5 +1,6 @@
 #include "programs/orvelctl_overview.h"
 
+#include "evaluation/compared_assessment.h"
 #include "report/overview_formats.h"
 #include "report/overview_reader.h"
 #include "report/overview_settings.h"
@@ -16,7 +17,7 @@ namespace orvel {
 namespace {
 
 struct Overview_Arguments {
-    std::string Mode, Stem, Crop, Codes, File; // as they stand on the command line, in UTF-8
+    std::string Mode, Stem, Crop, Codes, Compared, File; // as they stand on the command line, in UTF-8
     int Depth = 1, Days = 0;
     bool Json = false;
 };
@@ -45,11 +46,14 @@ int Do_Overview(Session& session, const Overview_Arguments& arguments)
     if (is_book)
         return Paint({"overview", session.Program.App_Path.string(), arguments.Mode, arguments.Stem, arguments.Crop,
                       arguments.Codes, std::to_string(arguments.Depth), std::to_string(Window_Of(arguments.Days)),
-                      arguments.File});
-    const Overview_Request request{.Pesticide = Bytes_Of(arguments.Stem),
-                                   .Crop = Bytes_Of(arguments.Crop),
-                                   .Codes = Codes_In(arguments.Codes),
-                                   .Soil = {.Depth = arguments.Depth, .Window = Window_Of(arguments.Days)}};
+                      arguments.Compared, arguments.File});
+    Overview_Request request{.Pesticide = Bytes_Of(arguments.Stem),
+                             .Crop = Bytes_Of(arguments.Crop),
+                             .Codes = Codes_In(arguments.Codes),
+                             .Soil = {.Depth = arguments.Depth, .Window = Window_Of(arguments.Days)}};
+    if (!arguments.Compared.empty())
+        request.Compared = Read_Compared(session.Program.App_Path, *Mode_Named(arguments.Mode), request.Soil,
+                                         arguments.Compared, Shown_Progress());
     const Overview overview = Gather_Overview(session.Program, *Mode_Named(arguments.Mode), request, Shown_Progress());
     Clear_Progress();
     if (!arguments.File.empty())
@@ -80,11 +84,15 @@ void Add_Overview_Command(CLI::App& app, Command& command)
                      "Of the concentration in soil, else its maximum: 1, 2, 4, 7, 14, 21, 28, 42, 56 or 100")
         ->check(CLI::IsMember(std::vector<int>(TWA_Window.begin(), TWA_Window.end())))
         ->option_text("DAYS");
+    overview
+        ->add_option("--compare", arguments->Compared,
+                     "Another installation, an archive, or a generation of the bin: each figure stands beside the one "
+                     "there, with the ratio of that one to this")
+        ->option_text("PATH");
     auto* json = overview->add_flag("--json", arguments->Json, "Print an object for each substance and location");
     overview->add_option("--to", arguments->File, std::string(Overview_Endings))->option_text("FILE")->excludes(json);
     overview->callback([=, &command] {
-        for (const auto& text : {arguments->Stem, arguments->Crop, arguments->Codes})
-            Bytes_Of(text); // refuses what no file's name can hold
+        Check_Letters({arguments->Stem, arguments->Crop, arguments->Codes});
         command = [=](Session& session) { return Do_Overview(session, *arguments); };
     });
 }

@@ -9,6 +9,7 @@
 #include "core/write_from.h"
 #include "plans/plan_results.h"
 #include "plans/results_file.h"
+#include "plans/slurm.h"
 #include "plans/start_plan.h"
 #include "plans/sweep.h"
 #include "runs/start_up.h"
@@ -25,8 +26,9 @@ constexpr std::string_view Plan_Title = "Plan";
 
 struct Run_Arguments {
     std::string Plan, Directory, Part, Keep = "tables";
-    int Jobs = 0, Limit = 0, Held = -1;
-    bool Wait = false;
+    int Jobs = 0, Limit = 0, Held = -1, Patience = 0;
+    bool Slurm = false, Wait = false;
+    int Tasks = 0, Minutes = 0;
 };
 
 // "2/4"; nothing for any other text.
@@ -123,6 +125,36 @@ int Run_And_Wait(const Session& session, const Plan_Order& order, const Plan_Rec
     return Refused;
 }
 
+// What a plan came to whose tasks have ended, by its directory.
+int Tell_End(const std::filesystem::path& directory)
+{
+    const Plan_Status status = Status_Of_Plan(directory);
+    std::cerr << Status_Text(status);
+    if (status.Of(Verdict::Complete) == status.Runs)
+        return Done;
+    Tell(Plan_Title, "Not all runs are complete. What the tasks told is in slurm-1.log and so on; run the plan again "
+                     "to go on.");
+    return Refused;
+}
+
+int Run_By_Slurm(const Session& session, Plan_Order order, const Run_Arguments& arguments)
+{
+    Prepare_Plan(session.Program, order.Plan, order.Directory);
+    order.Jobs = std::max(order.Jobs, 1); // a task may be given one of many processors that it sees
+    auto command = Words_To_Go_On(session.Program, order);
+    command.insert(command.begin(), Own_Path().string());
+    Slurm_Order slurm{.Tasks = static_cast<std::size_t>(arguments.Tasks), .Jobs = order.Jobs};
+    if (arguments.Minutes > 0)
+        slurm.Minutes = arguments.Minutes;
+    const Slurm_Job job = Submit(order.Directory, slurm, command);
+    std::cout << "Job " << job.Number << (job.Cluster.empty() ? "" : " on " + job.Cluster) << ", " << slurm.Tasks
+              << (slurm.Tasks == 1 ? " task" : " tasks") << std::endl; // before the wait
+    if (!arguments.Wait)
+        return Done;
+    Wait_For_Job(order.Directory, job);
+    return Tell_End(order.Directory);
+}
+
 int Do_Run(Session& session, const Run_Arguments& arguments)
 try {
     Find_Engine(session.Program);
@@ -132,7 +164,10 @@ try {
         const auto record = Read_Plan_Record(order.Directory);
         return record ? Run_And_Wait(session, order, *record) : Refused;
     }
-    const Held_Plan held = Hold_Plan(session.Program, order.Plan, order.Directory, order.Part);
+    if (arguments.Slurm)
+        return Run_By_Slurm(session, order, arguments);
+    const Held_Plan held =
+        Hold_Plan(session.Program, order.Plan, order.Directory, order.Part, std::chrono::seconds(arguments.Patience));
     if (arguments.Wait)
         return Run_And_Wait(session, order, held.Record);
     Start_Plan(session.Program, order, held, Own_Path()); // goes on without the terminal
@@ -155,11 +190,11 @@ void Add_Run(CLI::App* plan, Command& command)
     run->add_option("--jobs", arguments->Jobs, "Runs at a time, one a processor if not given")
         ->check(CLI::Range(1, 1000))
         ->option_text("N");
-    run->add_option("--part", arguments->Part, "Only part I of N; the parts share the directory")
-        ->check([](const std::string& text) {
-            return Part_Of(text) ? std::string() : "'" + text + "' is no part: 1/4 to 4/4 are four";
-        })
-        ->option_text("I/N");
+    auto* part = run->add_option("--part", arguments->Part, "Only part I of N; the parts share the directory")
+                     ->check([](const std::string& text) {
+                         return Part_Of(text) ? std::string() : "'" + text + "' is no part: 1/4 to 4/4 are four";
+                     })
+                     ->option_text("I/N");
     run->add_option("--keep", arguments->Keep,
                     "What stays of a run: its record and results, its tables too (if not given), or all files")
         ->check(CLI::IsMember({"records", "tables", "all"}))
@@ -167,6 +202,21 @@ void Add_Run(CLI::App* plan, Command& command)
     run->add_option("--limit", arguments->Limit, "End a run that takes longer")
         ->check(CLI::Range(1, 100000000))
         ->option_text("SECONDS");
+    run->add_option("--patience", arguments->Patience,
+                    "Give a run at work on the same part so long to end, at once refused if not given")
+        ->check(CLI::Range(1, 100000000))
+        ->option_text("SECONDS");
+    auto* slurm = run->add_flag("--slurm", arguments->Slurm, "Hand it to a Slurm cluster, as an array of N parts")
+                      ->excludes(part);
+    auto* tasks = run->add_option("--tasks", arguments->Tasks, "The parts of the plan on the cluster")
+                      ->check(CLI::Range(1, 100000))
+                      ->option_text("N")
+                      ->needs(slurm);
+    slurm->needs(tasks);
+    run->add_option("--time", arguments->Minutes, "What a task may take on the cluster, its default if not given")
+        ->check(CLI::Range(1, 100000000))
+        ->option_text("MINUTES")
+        ->needs(slurm);
     run->add_flag("--wait", arguments->Wait, "Show progress and return when the plan has ended");
     run->add_option("--held", arguments->Held)->group(""); // of this program itself
     run->callback([=, &command] { command = [=](Session& session) { return Do_Run(session, *arguments); }; });
@@ -258,10 +308,8 @@ void Add_Sweep(CLI::App* plan, Command& command)
         ->option_text("FIELD=FACTOR,...");
     sweep->add_option("--to", arguments->File, "Write the plan to a file (.csv)")->option_text("FILE");
     sweep->callback([=, &command] {
-        for (const auto& text : {arguments->Pesticide, arguments->Crop, arguments->Location})
-            Bytes_Of(text); // refuses what no file can hold
-        for (const auto& text : arguments->Factors)
-            Bytes_Of(text);
+        Check_Letters({arguments->Pesticide, arguments->Crop, arguments->Location});
+        Check_Letters(arguments->Factors);
         command = [=](const Session& session) { return Do_Sweep(session, *arguments); };
     });
 }

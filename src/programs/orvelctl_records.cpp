@@ -1,8 +1,10 @@
 #include "programs/orvelctl_records.h"
 
 #include "core/code_page.h"
+#include "core/files.h"
 #include "core/system/signals.h"
 #include "jobs/job_status.h"
+#include "records/accept.h"
 #include "records/archive.h"
 #include "records/compare.h"
 #include "records/reproduce.h"
@@ -83,8 +85,7 @@ void Add_Archive(CLI::App& app, Command& command)
     archive->add_option("--crop", arguments->Crop, "A crop, all if not given")->option_text("TEXT");
     archive->add_option("--to", arguments->File, "The archive to write")->required()->option_text("F.zip");
     archive->callback([=, &command] {
-        for (const auto& text : {arguments->Stem, arguments->Crop})
-            Bytes_Of(text); // refuses what no file's name can hold
+        Check_Letters({arguments->Stem, arguments->Crop});
         command = [=](Session& session) { return Do_Archive(session, *arguments); };
     });
 }
@@ -181,6 +182,45 @@ void Add_Reproduce(CLI::App& app, Command& command)
         [=, &command] { command = [=](const Session& session) { return Do_Reproduce(session, *arguments); }; });
 }
 
+struct Accept_Arguments {
+    std::string Engine, Expected, Save;
+};
+
+// What came out is saved also if it is not what was expected.
+int Do_Accept(const Session& session, const Accept_Arguments& arguments)
+{
+    Notice_When_Stopped(); // engines and temporary files do not stay behind
+    const auto& app_path = session.Program.App_Path;
+    const Trial trial = Try_Engine({.App_Path = app_path, .Engine = arguments.Engine, .Expected = arguments.Expected},
+                                   Shown_Progress());
+    Clear_Progress();
+    std::cout << Trial_Text(trial);
+    if (!arguments.Save.empty())
+        Write_Whole(arguments.Save, Format_Expected(trial.Obtained));
+    Note_Trial(app_path, trial);
+    if (trial.Is_Accepted())
+        return std::cout.flush() ? Done : Refused;
+    Tell("Acceptance", "The engine is not accepted.");
+    return Refused;
+}
+
+void Add_Accept(CLI::App& app, Command& command)
+{
+    auto* accept = app.add_subcommand(
+        "accept", "Run the reference substances and compare with what is expected; the installation keeps the result");
+    const auto arguments = std::make_shared<Accept_Arguments>();
+    accept->add_option("--engine", arguments->Engine, "The engine to try, that of the installation if not given")
+        ->option_text("FILE");
+    accept
+        ->add_option("--expected", arguments->Expected,
+                     "What is expected of which simulations, expected.csv of the installation if not given")
+        ->option_text("F.csv");
+    accept->add_option("--save", arguments->Save, "Write what came out, as a table of what to expect")
+        ->option_text("F.csv");
+    accept->callback(
+        [=, &command] { command = [=](const Session& session) { return Do_Accept(session, *arguments); }; });
+}
+
 } // namespace
 
 void Add_Record_Commands(CLI::App& app, Command& command)
@@ -190,6 +230,7 @@ void Add_Record_Commands(CLI::App& app, Command& command)
     Add_Restore(app, command);
     Add_Reproduce(app, command);
     Add_Compare(app, command);
+    Add_Accept(app, command);
 }
 
 } // namespace orvel

@@ -99,8 +99,7 @@ void Add_Report_Command(CLI::App& app, Command& command)
     report->add_option("--locations", arguments->Codes, "Codes of locations: C,H,K")->option_text("CODES");
     report->add_option("--to", arguments->File, Report_Endings())->option_text("FILE");
     report->callback([=, &command] {
-        for (const auto& text : {arguments->Stem, arguments->Crop, arguments->Codes})
-            Bytes_Of(text); // refuses what no file's name can hold
+        Check_Letters({arguments->Stem, arguments->Crop, arguments->Codes});
         command = [=](Session& session) { return Do_Report(session, *arguments); };
     });
 }

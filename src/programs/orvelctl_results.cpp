@@ -6,6 +6,7 @@
 #include "tables/balance_tables.h"
 #include "tables/leachate_tables.h"
 #include "tables/soil_concentrations.h"
+#include "ui/shown_file.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
@@ -61,6 +62,16 @@ int Do_Pecsoil(const std::string& directory, int depth)
     return Print_Tables(soil, soil.Text);
 }
 
+int Do_Echo(const Session& session, const std::string& directory)
+{
+    Check_Directory(directory);
+    const auto echo = Shown_Echo(session, directory); // tells why there is none
+    if (!echo)
+        return Refused;
+    std::cout << To_Utf8(Replace_All(*echo, CrLf, "\n")) << std::flush;
+    return std::cout ? Done : Refused;
+}
+
 void Add_Run_Directory(CLI::App* command, std::string& directory)
 {
     command->add_option("RUNDIR", directory, "The run directory")->required();
@@ -99,6 +110,14 @@ void Add_Pecsoil(CLI::App& app, Command& command)
     pecsoil->callback([=, &command] { command = [=](Session&) { return Do_Pecsoil(*directory, *depth); }; });
 }
 
+void Add_Echo(CLI::App& app, Command& command)
+{
+    auto* echo = app.add_subcommand("echo", "Print the engine's echo of a run's input");
+    const auto directory = std::make_shared<std::string>();
+    Add_Run_Directory(echo, *directory);
+    echo->callback([=, &command] { command = [=](const Session& session) { return Do_Echo(session, *directory); }; });
+}
+
 } // namespace
 
 void Add_Result_Commands(CLI::App& app, Command& command)
@@ -106,6 +125,7 @@ void Add_Result_Commands(CLI::App& app, Command& command)
     Add_Tables(app, command);
     Add_Balance(app, command);
     Add_Pecsoil(app, command);
+    Add_Echo(app, command);
 }
 
 } // namespace orvel

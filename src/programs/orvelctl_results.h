@@ -4,7 +4,7 @@
 
 namespace orvel {
 
-// The commands tables, balance, pecsoil of orvelctl.
+// The commands tables, balance, pecsoil and echo of orvelctl.
 void Add_Result_Commands(CLI::App& app, Command& command);
 
 } // namespace orvel

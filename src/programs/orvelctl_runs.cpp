@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/system/terminal.h"
+#include "jobs/input_changes.h"
 #include "jobs/run_commands.h"
 
 #include <CLI/CLI.hpp>
@@ -155,8 +156,11 @@ int Do_Status(const Session& session, const Mode& mode, bool json)
     if (!std::filesystem::is_directory(Mode_Directory(session.Program, mode), error) && (!error || Is_Missing(error)))
         throw File_Error("The directory " + Mode_Directory(session.Program, mode).string() + " does not exist.");
     const auto simulations = Simulation_List(Mode_Directory(session.Program, mode));
-    std::cout << (json ? Simulation_Json(session.Program, simulations) : To_Utf8(Simulation_Lines(simulations)));
-    bool readable = true;
+    Input_Changes changes(session.Program.App_Path);
+    std::cout << (json ? Simulation_Json(simulations, changes) : To_Utf8(Simulation_Lines(simulations)));
+    for (const auto& reason : changes.Unreadable())
+        session.Ask({"File check", reason});
+    bool readable = changes.Unreadable().empty();
     for (const auto& simulation : simulations) {
         if (simulation.State.Unreadable)
             session.Ask({"File check", simulation.State.Reason});

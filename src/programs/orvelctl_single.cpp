@@ -9,6 +9,7 @@
 #include "runs/start_up.h"
 
 #include "core/files.h"
+#include "core/named_input.h"
 #include "core/text.h"
 
 #include <chrono>

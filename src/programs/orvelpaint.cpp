@@ -2,16 +2,17 @@
 // or the results of a plan as a workbook.
 //   orvelpaint series INSTALLATION RUNDIR COLUMN ITEM VARIABLE CUMULATIVE FROM TO FILE
 //   orvelpaint report INSTALLATION MODE STEM CROP CODES FILE
-//   orvelpaint overview INSTALLATION MODE STEM CROP CODES DEPTH WINDOW FILE
+//   orvelpaint overview INSTALLATION MODE STEM CROP CODES DEPTH WINDOW COMPARED FILE
 //   orvelpaint plan DIRECTORY SECONDS FILE
-// FROM and TO are months as YYYY-MM; CODES are separated by commas; they, and the STEM and CROP of an overview, may be
-// empty.
+// FROM and TO are months as YYYY-MM; CODES are separated by commas; they, and the STEM, CROP and COMPARED (a path) of
+// an overview, may be empty.
 #include "charts/painting/chart_files.h"
 #include "core/code_page.h"
 #include "core/error.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/system/standard_channels.h"
+#include "evaluation/compared_assessment.h"
 #include "plans/results_file.h"
 #include "programs/console.h"
 #include "report/overview_formats.h"
@@ -66,14 +67,17 @@ void Paint_Report(Session& session, const Arguments& arguments)
 bool Write_Overview_Book(Session& session, const Arguments& arguments)
 {
     const auto bytes = [](const std::string& text) { return From_Utf8(text).value_or(""); };
-    const Overview_Request request{
+    Overview_Request request{
         .Pesticide = bytes(arguments[2]),
         .Crop = bytes(arguments[3]),
         .Codes = Codes_In(arguments[4]),
         .Soil = {.Depth = static_cast<int>(Val(arguments[5])), .Window = static_cast<std::size_t>(Val(arguments[6]))}};
-    const auto overview = Gather_Overview(session.Program, *Mode_Named(arguments[1]), request, Shown_Progress());
+    const Mode& mode = *Mode_Named(arguments[1]);
+    if (!arguments[7].empty())
+        request.Compared = Read_Compared(session.Program.App_Path, mode, request.Soil, arguments[7], Shown_Progress());
+    const auto overview = Gather_Overview(session.Program, mode, request, Shown_Progress());
     Clear_Progress();
-    Write_Whole(arguments[7],
+    Write_Whole(arguments[8],
                 Format_Xlsx(Overview_Book(overview, Read_Overview_Settings(session.Program.App_Path).Bounds)));
     for (const auto& run : overview.Runs) {
         if (run.Kind == Cell_Kind::Unreadable)
@@ -97,7 +101,7 @@ try {
     const bool is_series =
         what == "series" && arguments.size() == 10 && Parse_Month(arguments[7]) && Parse_Month(arguments[8]);
     const bool is_plan = what == "plan" && arguments.size() == 4;
-    const bool is_overview = what == "overview" && arguments.size() == 9 && Mode_Named(arguments[2]) != nullptr;
+    const bool is_overview = what == "overview" && arguments.size() == 10 && Mode_Named(arguments[2]) != nullptr;
     if (!is_series && !is_overview && !is_plan &&
         !(what == "report" && arguments.size() == 7 && Mode_Named(arguments[2]) != nullptr))
         return 2;

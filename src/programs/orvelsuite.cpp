@@ -1,8 +1,14 @@
-// The desktop program, started in its installation directory; it takes no arguments.
+// The desktop program: orvelsuite [DIRECTORY | DOCUMENT].
+#include "core/code_page.h"
+#include "core/error.h"
 #include "core/system/program_path.h"
 #include "core/system/standard_channels.h"
-#include "desktop/first_start.h"
+#include "core/system/user_directories.h"
+#include "desktop/forms/first_steps.h"
 #include "desktop/forms/start.h"
+#include "desktop/forms/welcome.h"
+#include "desktop/places.h"
+#include "documents/forms/edit_document.h"
 #include "installation/lay_out.h"
 #include "runs/start_up.h"
 #include "ui/forms/dark_outlines.h"
@@ -12,12 +18,42 @@
 
 #include <iostream>
 #include <memory>
-#include <QDir>
-#include <QFileDialog>
+#include <QTimer>
+
+namespace {
+
+using namespace orvel;
+
+constexpr const char* Usage = "usage: orvelsuite [DIRECTORY | FILE.psm | FILE.sze | FILE.cli]\n";
+
+struct Place {
+    Start_Request Request;
+    bool Guided = false; // through a first assessment
+};
+
+// Nothing: the user ended the program, or was told why it cannot go on.
+std::optional<Place> Choose_Place(const std::optional<std::filesystem::path>& argument, const Ask_Function& ask)
+try {
+    Place place{Request_Of(argument, std::filesystem::current_path(), Recent_Installations(User_State_Directory()))};
+    if (Is_Installation(place.Request.Installation))
+        return place;
+    const auto asked = place.Request.Installation;
+    Welcome welcome(Parts_Beside(Own_Path()), ask, asked.empty() ? User_Directory() / "ORVELSUITE" : asked);
+    welcome.exec();
+    if (welcome.Installation().empty())
+        return std::nullopt;
+    place.Request.Installation = welcome.Installation();
+    place.Guided = welcome.Shows_The_Way();
+    return place;
+} catch (const File_Error& error) {
+    ask({"ORVELSUITE", To_Code_Page(error.what())});
+    return std::nullopt;
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 try {
-    using namespace orvel;
     Open_Standard_Channels();
     Guarded_Application application(argc, argv);
     QApplication::setApplicationName("ORVELSUITE");
@@ -26,25 +62,32 @@ try {
 
     const auto session = std::make_unique<Session>();
     session->Ask = application.Ask = Ask_In_Box;
-    const auto choose = [] {
-        return std::filesystem::path(
-            QFileDialog::getExistingDirectory(nullptr, "Directory of the new installation", QDir::homePath())
-                .toStdString());
-    };
-    const auto place =
-        Find_Installation(std::filesystem::current_path(), Parts_Beside(Own_Path()), session->Ask, choose);
+    const auto arguments = QApplication::arguments();
+    if (arguments.size() > 2 || (arguments.size() == 2 && arguments[1].startsWith("--"))) {
+        const bool asked = arguments.size() == 2 && arguments[1] == "--help";
+        (asked ? std::cout : std::cerr) << Usage;
+        return asked ? 0 : 2;
+    }
+    const auto place = Choose_Place(
+        arguments.size() == 2 ? std::optional<std::filesystem::path>(arguments[1].toStdString()) : std::nullopt,
+        session->Ask);
     if (!place)
         return 1;
-    std::filesystem::current_path(*place);
-    session->Program.App_Path = *place;
+    std::filesystem::current_path(place->Request.Installation);
+    session->Program.App_Path = place->Request.Installation;
     if (!Start_Up(*session)) {
         std::cerr << "ORVELSUITE cannot write in " << session->Program.App_Path.string() << ".\n";
         return 1;
     }
     const auto sign_of_life = Sign_Of_Shell(session->Program);
     Check_Decimal_Separator(session->Ask, General_Text(3.5)); // numbers are printed without regard to the locale
+    Remember_Installation(User_State_Directory(), session->Program.App_Path);
     Start start(*session);
+    if (place->Guided)
+        new First_Steps(&start);
     start.show();
+    if (!place->Request.Document.empty())
+        QTimer::singleShot(0, &start, [&] { Open_And_Edit(*session, place->Request.Document, &start); });
     return QApplication::exec();
 } catch (const std::exception& error) {
     std::cerr << error.what() << '\n';

@@ -3,6 +3,7 @@
 #include "core/code_page.h"
 #include "core/error.h"
 #include "core/files.h"
+#include "core/named_input.h"
 #include "core/run_name.h"
 #include "core/text.h"
 #include "output/run_outputs.h"

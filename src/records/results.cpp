@@ -6,6 +6,7 @@
 #include "jobs/run_tree.h"
 #include "output/run_files.h"
 #include "output/run_state.h"
+#include "report/overview.h"
 #include "tables/leachate_tables.h"
 
 #include <algorithm>
@@ -167,8 +168,8 @@ std::vector<Compared_Result> Compare_Results(const std::vector<Run_Figure>& firs
         } else {
             row.Second_State = second_states.Of(one.Key);
         }
-        if (row.First && row.Second && (*row.First != 0 || *row.Second == 0))
-            row.Ratio = *row.First == *row.Second ? 1 : *row.Second / *row.First;
+        if (row.First && row.Second)
+            row.Ratio = Ratio_Of(*row.First, *row.Second);
         compared.push_back(std::move(row));
     }
     for (const auto& other : second) {

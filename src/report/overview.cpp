@@ -1,8 +1,10 @@
 #include "report/overview.h"
 
 #include "core/locations.h"
+#include "core/numbers.h"
 #include "core/text.h"
 #include "output/run_outputs.h"
+#include "report/run_results.h"
 
 #include <algorithm>
 #include <array>
@@ -13,6 +15,12 @@ namespace orvel {
 namespace {
 
 constexpr std::string_view Pore_Water_Begin = "P_"; // of the codes of the soil zones
+constexpr std::string_view Not_Simulated = "not simulated";
+
+std::string Marked(const std::string& figure, const std::string& mark)
+{
+    return figure + (mark.empty() ? "" : " (" + mark + ")");
+}
 
 bool Is_Counted(const Overview_Run& run, const std::vector<std::string>& codes)
 {
@@ -32,6 +40,13 @@ std::string Heading_Of(const std::string& code)
 {
     const std::string name = Location_Name(code);
     return name.empty() ? code : name;
+}
+
+// -1: none.
+int Place_Of(const std::string& substance, const std::vector<Overview_Figure>& figures)
+{
+    const auto found = std::ranges::find(figures, substance, &Overview_Figure::Substance);
+    return found == figures.end() ? -1 : static_cast<int>(found - figures.begin());
 }
 
 // One pesticide, crop and unit.
@@ -89,13 +104,9 @@ private:
     void Add_Rows(const Group_Key& key, const std::vector<int>& runs)
     {
         std::vector<std::pair<std::string, bool>> substances;
-        for (const int run : runs) {
-            const auto& figures = Target.Runs[static_cast<std::size_t>(run)].Figures;
-            for (std::size_t s = 0; s < figures.size(); ++s) {
-                const auto& name = figures[s].Substance;
-                if (std::ranges::find(substances, name, &std::pair<std::string, bool>::first) == substances.end())
-                    substances.emplace_back(name, s > 0);
-            }
+        for (const auto figures : {&Overview_Run::Figures, &Overview_Run::Others}) {
+            for (const int run : runs)
+                Add_Substances(Target.Runs[static_cast<std::size_t>(run)].*figures, substances);
         }
         std::ranges::stable_sort(substances, {}, &std::pair<std::string, bool>::second);
         if (substances.empty())
@@ -112,20 +123,29 @@ private:
         }
     }
 
-    void Fill(Overview_Row& row, int run)
+    static void Add_Substances(const std::vector<Overview_Figure>& figures,
+                               std::vector<std::pair<std::string, bool>>& substances)
     {
-        const auto column = static_cast<std::size_t>(std::ranges::find(Codes, Column_Of_Run.at(run)) - Codes.begin());
-        const auto& figures = Target.Runs[static_cast<std::size_t>(run)].Figures;
+        for (std::size_t s = 0; s < figures.size(); ++s) {
+            const auto& name = figures[s].Substance;
+            if (std::ranges::find(substances, name, &std::pair<std::string, bool>::first) == substances.end())
+                substances.emplace_back(name, s > 0);
+        }
+    }
+
+    void Fill(Overview_Row& row, int place)
+    {
+        const auto column = static_cast<std::size_t>(std::ranges::find(Codes, Column_Of_Run.at(place)) - Codes.begin());
+        const auto& run = Target.Runs[static_cast<std::size_t>(place)];
         auto& cell = row.Cells[column];
-        cell.Run = run;
-        ++row.Simulations;
-        const auto found = std::ranges::find(figures, row.Substance, &Overview_Figure::Substance);
-        if (found == figures.end())
+        cell = {place, Place_Of(row.Substance, run.Figures), Place_Of(row.Substance, run.Others)};
+        row.Simulations += run.Kind == Cell_Kind::Absent ? 0 : 1;
+        if (cell.Figure < 0)
             return;
-        cell.Figure = static_cast<int>(found - figures.begin());
+        const auto& figure = run.Figures[static_cast<std::size_t>(cell.Figure)];
         ++row.Figures;
-        row.Above += found->Above_Limit ? 1 : 0;
-        if (row.Highest < 0 || found->Value > Value_At(row, static_cast<std::size_t>(row.Highest)))
+        row.Above += figure.Above_Limit ? 1 : 0;
+        if (row.Highest < 0 || figure.Value > Value_At(row, static_cast<std::size_t>(row.Highest)))
             row.Highest = static_cast<int>(column);
     }
 
@@ -176,6 +196,14 @@ const Overview_Figure* Figure_At(const Overview& overview, const Overview_Row& r
     return &run->Figures[static_cast<std::size_t>(row.Cells[column].Figure)];
 }
 
+const Overview_Figure* Other_At(const Overview& overview, const Overview_Row& row, std::size_t column)
+{
+    const Overview_Run* run = Run_At(overview, row, column);
+    if (run == nullptr || row.Cells[column].Other < 0)
+        return nullptr;
+    return &run->Others[static_cast<std::size_t>(row.Cells[column].Other)];
+}
+
 std::string State_Text(const Overview_Run& run)
 {
     switch (run.Kind) {
@@ -187,8 +215,9 @@ std::string State_Text(const Overview_Run& run)
         return run.Years < run.Years_Expected ? "incomplete: " + Years_Text(run.Years, run.Years_Expected)
                                               : "incomplete";
     default:
-        constexpr std::array<std::string_view, 10> Words = {
-            "", "scheduled", "", "failed", "stopped", "", "changed since", "being read", "no figure", "unreadable"};
+        constexpr std::array<std::string_view, 11> Words = {
+            "",           "scheduled", "",           "failed",       "stopped", "", "changed since",
+            "being read", "no figure", "unreadable", "not simulated"};
         return std::string(Words[static_cast<std::size_t>(run.Kind)]);
     }
 }
@@ -211,9 +240,48 @@ std::string Cell_Text(const Overview& overview, const Overview_Row& row, std::si
         return {};
     const Overview_Figure* figure = Figure_At(overview, row, column);
     if (figure == nullptr)
-        return run->Kind == Cell_Kind::Figure ? "not simulated" : State_Text(*run);
-    const std::string mark = Mark_Text(*run);
-    return figure->Text + (mark.empty() ? "" : " (" + mark + ")");
+        return run->Kind == Cell_Kind::Figure ? std::string(Not_Simulated) : State_Text(*run);
+    return Marked(figure->Text, Mark_Text(*run));
+}
+
+std::string Other_Text(const Overview& overview, const Overview_Row& row, std::size_t column)
+{
+    const Overview_Run* run = Run_At(overview, row, column);
+    if (run == nullptr || overview.Compared_With.empty())
+        return {};
+    const Overview_Figure* other = Other_At(overview, row, column);
+    if (other == nullptr)
+        return run->Others.empty() ? run->Other_State : std::string(Not_Simulated);
+    return Marked(other->Text, run->Other_State);
+}
+
+std::optional<double> Ratio_Of(double first, double second)
+{
+    if (first == second)
+        return 1;
+    return first == 0 ? std::nullopt : std::optional(second / first);
+}
+
+std::optional<double> Ratio_At(const Overview& overview, const Overview_Row& row, std::size_t column)
+{
+    const Overview_Figure* figure = Figure_At(overview, row, column);
+    const Overview_Figure* other = Other_At(overview, row, column);
+    return figure == nullptr || other == nullptr ? std::nullopt : Ratio_Of(figure->Value, other->Value);
+}
+
+std::string Ratio_Text(const std::optional<double>& ratio)
+{
+    if (!ratio)
+        return {};
+    return *ratio == 1 ? "1" : Format_Pattern(*ratio, *ratio >= 0.01 && *ratio < 1000 ? "0.00" : "0.00E+00");
+}
+
+std::string Compared_Cell_Text(const Overview& overview, const Overview_Row& row, std::size_t column)
+{
+    const std::string other = Other_Text(overview, row, column);
+    const std::string ratio = Ratio_Text(Ratio_At(overview, row, column));
+    return Cell_Text(overview, row, column) + (other.empty() ? "" : " | " + other) +
+           (ratio.empty() ? "" : " | \xD7" + ratio);
 }
 
 std::string Highest_Text(const Overview& overview, const Overview_Row& row)
@@ -226,6 +294,17 @@ std::string Above_Text(const Overview_Row& row)
     const int open = row.Simulations - row.Figures;
     return std::to_string(row.Above) + " of " + std::to_string(row.Figures) +
            (open > 0 ? "; " + std::to_string(open) + " without a figure" : "");
+}
+
+std::vector<std::string> Sentences_Of(const Overview& overview)
+{
+    std::vector<std::string> sentences = {overview.Quantity + "."};
+    if (overview.Has_Limit)
+        sentences.push_back("Figures in bold are above the limit of drinking water, " + Limit_Text() + ".");
+    if (!overview.Compared_With.empty())
+        sentences.push_back("Compared with " + overview.Compared_With +
+                            ": beside each figure stand that of the other one and the ratio of the other one to this.");
+    return sentences;
 }
 
 std::vector<std::string> Explanation_Of(const Overview_Run& run)
@@ -249,7 +328,36 @@ std::vector<std::string> Explanation_Of(const Overview_Run& run)
 
 std::string_view Verdict_Word(const Overview_Run& run)
 {
+    if (run.Kind == Cell_Kind::Absent)
+        return {};
     return run.Kind == Cell_Kind::Changed ? "changed" : Verdict_Text(run.Verdict);
+}
+
+void Compare_With(std::vector<Overview_Run>& runs, const Compared_Assessment& other)
+{
+    using Key = std::array<std::string_view, 3>;
+    const auto key_of = [](const Overview_Run& run) { return Key{run.Pesticide, run.Crop, run.Location}; };
+    std::map<Key, const Overview_Run*> others;
+    for (const auto& run : other.Runs)
+        others.emplace(key_of(run), &run);
+    for (auto& run : runs) {
+        const auto found = others.extract(key_of(run));
+        run.Others = found.empty() ? std::vector<Overview_Figure>() : found.mapped()->Figures;
+        run.Other_State = found.empty()                               ? std::string(Not_Simulated)
+                          : found.mapped()->Kind == Cell_Kind::Figure ? Mark_Text(*found.mapped())
+                                                                      : State_Text(*found.mapped());
+    }
+    for (const auto& run : other.Runs) {
+        if (!others.contains(key_of(run)))
+            continue;
+        runs.push_back({.Pesticide = run.Pesticide,
+                        .Crop = run.Crop,
+                        .Location = run.Location,
+                        .Kind = Cell_Kind::Absent,
+                        .Unit = run.Unit,
+                        .Others = run.Figures,
+                        .Other_State = run.Kind == Cell_Kind::Figure ? Mark_Text(run) : State_Text(run)});
+    }
 }
 
 std::size_t Class_Of(double value, const std::vector<double>& bounds)

@@ -34,6 +34,7 @@ enum class Cell_Kind {
     Reading,   // its tables are still to be built
     No_Figure, // its output holds none
     Unreadable,
+    Absent, // it is only in what the overview is compared with
 };
 
 struct Overview_Run {
@@ -50,11 +51,15 @@ struct Overview_Run {
     std::vector<std::string> Changed_Inputs; // those of the installation that differ from what was simulated
     std::string Unit;
     std::vector<Overview_Figure> Figures; // by substance, the active substance first
+    // The same simulation in what the overview is compared with: its figures, and their mark or why there are none.
+    std::vector<Overview_Figure> Others;
+    std::string Other_State;
 };
 
 struct Overview_Cell {
     int Run = -1;    // place among the runs; -1: not simulated
     int Figure = -1; // place among the run's figures; -1: none
+    int Other = -1;  // place among its others
 };
 
 struct Overview_Row {
@@ -70,6 +75,7 @@ struct Overview {
     Mode_Kind Mode = Mode_Kind::Focus;
     std::string Quantity; // what the figures are, a sentence without its end
     bool Has_Limit = true;
+    std::string Compared_With;        // what it is compared with; empty: with nothing
     std::vector<std::string> Columns; // locations
     std::vector<Overview_Run> Runs;
     std::vector<Overview_Row> Rows;
@@ -84,6 +90,7 @@ std::string Column_Code(std::string_view location);
 
 const Overview_Run* Run_At(const Overview& overview, const Overview_Row& row, std::size_t column); // nullptr: none
 const Overview_Figure* Figure_At(const Overview& overview, const Overview_Row& row, std::size_t column);
+const Overview_Figure* Other_At(const Overview& overview, const Overview_Row& row, std::size_t column);
 
 // A state in a word or two: "running 41 %", "incomplete: 12 of 26 years". Empty for a figure.
 std::string State_Text(const Overview_Run& run);
@@ -95,13 +102,35 @@ std::string Mark_Text(const Overview_Run& run);
 // The cell as every format shows it: the figure with its mark in brackets, or the state; empty where nothing was run.
 std::string Cell_Text(const Overview& overview, const Overview_Row& row, std::size_t column);
 
+// What an overview that is compared shows beside a cell: the same of the other assessment, and the ratio of its figure
+// to that of this one. Empty in one that is not compared.
+std::string Other_Text(const Overview& overview, const Overview_Row& row, std::size_t column);
+std::optional<double> Ratio_At(const Overview& overview, const Overview_Row& row, std::size_t column);
+std::string Ratio_Text(const std::optional<double>& ratio); // "1", "2.50"; 1 is exact
+// "0.100 | 0.250 | ×2.50", and Cell_Text of one that is not compared
+std::string Compared_Cell_Text(const Overview& overview, const Overview_Row& row, std::size_t column);
+
+// The ratio of the second to the first; nothing if only the first is 0.
+std::optional<double> Ratio_Of(double first, double second);
+
+// Another assessment, an archive of one, or earlier results, to compare an overview with.
+struct Compared_Assessment {
+    std::string Name; // what it is, for its readers
+    std::vector<Overview_Run> Runs;
+};
+// Sets beside each run what the same one came to elsewhere, and adds those that are only there.
+void Compare_With(std::vector<Overview_Run>& runs, const Compared_Assessment& other);
+
 std::string Highest_Text(const Overview& overview, const Overview_Row& row);
 std::string Above_Text(const Overview_Row& row); // "3 of 9", "3 of 7; 2 without a figure"
+
+// What a reader of the table must know: what the figures are, what stands out, what it is compared with.
+std::vector<std::string> Sentences_Of(const Overview& overview);
 
 // All that is known of a run, sentences: its reason, years, dry periods and changed inputs.
 std::vector<std::string> Explanation_Of(const Overview_Run& run);
 
-// The verdict as scripts get it: that of the record, or "changed".
+// The verdict as scripts get it: that of the record, or "changed"; empty for one that is not there.
 std::string_view Verdict_Word(const Overview_Run& run);
 
 // The class of a figure, 0 below the first bound.

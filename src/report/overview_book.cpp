@@ -2,6 +2,7 @@
 #include "core/code_page.h"
 #include "core/error.h"
 #include "report/overview_formats.h"
+#include "report/run_results.h"
 
 namespace orvel {
 
@@ -34,14 +35,16 @@ std::string Number_Format(const Shown_Cell& cell)
     const std::string digits = has_exponent   ? "0.00E+00"
                                : decimals > 0 ? "0." + std::string(decimals, '0')
                                               : std::string("0");
-    return "\"" + std::string(Class_Signs[cell.Class]) + "\" " + digits +
-           (cell.Mark.empty() ? "" : "\" (" + To_Utf8(cell.Mark) + ")\"");
+    const std::string sign = cell.Is_Ratio ? std::string() : "\"" + std::string(Class_Signs[cell.Class]) + "\" ";
+    return sign + digits + (cell.Mark.empty() ? "" : "\" (" + To_Utf8(cell.Mark) + ")\"");
 }
 
 Sheet_Cell Result_Cell(const Shown_Cell& cell)
 {
     if (!cell.Value)
         return Text_Cell(cell.Text, cell.Is_State ? Cell_Style{.Ink = State_Ink, .Italic = true} : Cell_Style());
+    if (cell.Is_Ratio)
+        return {.Text = {}, .Number = cell.Value, .Style = {.Number_Format = Number_Format(cell)}};
     return {.Text = {},
             .Number = cell.Value,
             .Style = {.Fill = Class_Fills[cell.Class],
@@ -54,6 +57,8 @@ Sheet_Cell Result_Cell(const Shown_Cell& cell)
 template <class Line> void Add_Lines(const Overview& overview, Sheet& sheet, Line add)
 {
     for (const auto& run : overview.Runs) {
+        if (run.Kind == Cell_Kind::Absent)
+            continue;
         try {
             if (const auto record = Read_Run_Record(run.Directory))
                 add(run, *record);
@@ -110,7 +115,7 @@ Sheet Records_Sheet(const Overview& overview)
 
 Sheet Overview_Sheet(const Overview& overview, const std::vector<double>& bounds)
 {
-    const Shown_Table table = Shown_Table_Of(overview, overview.Has_Limit ? bounds : std::vector<double>());
+    const Shown_Table table = Spread_Table_Of(overview, overview.Has_Limit ? bounds : std::vector<double>());
     Sheet sheet{.Name = "Results", .Frozen_Rows = 1, .Frozen_Columns = 3};
     sheet.Rows.push_back(Head_Row(table.Heads));
     for (std::size_t i = 0; i < table.Heads.size(); ++i)
@@ -122,16 +127,17 @@ Sheet Overview_Sheet(const Overview& overview, const std::vector<double>& bounds
             cells.push_back(Result_Cell(cell));
     }
     sheet.Rows.emplace_back();
-    sheet.Rows.push_back({Text_Cell(overview.Quantity + ".")});
+    for (const auto& sentence : Sentences_Of(overview))
+        sheet.Rows.push_back({Text_Cell(sentence)});
     if (overview.Has_Limit) {
         const auto texts = Class_Texts(bounds);
         for (std::size_t i = 0; i < texts.size(); ++i) {
             const auto place = Class_Place(i, bounds.size());
-            sheet.Rows.push_back({{.Text = std::string(Class_Signs[place]) + " " + To_Utf8(texts[i] + " \xB5g/L"),
-                                   .Number = std::nullopt,
-                                   .Style = {.Fill = Class_Fills[place], .Ink = Class_Inks[place]}}});
+            sheet.Rows.push_back(
+                {{.Text = std::string(Class_Signs[place]) + " " + To_Utf8(texts[i] + " " + std::string(Leachate_Unit)),
+                  .Number = std::nullopt,
+                  .Style = {.Fill = Class_Fills[place], .Ink = Class_Inks[place]}}});
         }
-        sheet.Rows.push_back({Text_Cell("bold: above 0.1 \xB5g/L", {.Bold = true})});
     }
     return sheet;
 }

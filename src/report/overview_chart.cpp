@@ -12,7 +12,6 @@ namespace {
 
 constexpr double Half_Width = 0.28, Dots_Half_Width = 0.22;
 constexpr std::size_t Least_Places = 4; // so that few bars are not too wide
-constexpr std::string_view Unit_Of_Leachate = "\xB5g/L";
 
 std::vector<double> Concs_Of(const std::vector<Leachate_Row>& rows, std::size_t first)
 {
@@ -101,7 +100,7 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
     if (below)
         chart.Key.push_back({Colour::Series, has_limit ? "up to the limit" : "maximum"});
     if (above)
-        chart.Key.push_back({Colour::Marked, "above the limit of 0.1 " + unit + " (line)"});
+        chart.Key.push_back({Colour::Marked, "above the limit of " + Limit_Text() + " (line)"});
     if (dots)
         chart.Key.push_back({Colour::Term_3, "the two values that make the percentile"});
     chart.Y = Value_Axis(0, highest);
@@ -111,7 +110,7 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
         chart.Lines.push_back({Colour::Marked,
                                {{0, Drinking_Water_Limit}, {chart.X.High, Drinking_Water_Limit}},
                                {},
-                               chart.Boxes.empty() ? "limit: 0.1 " + unit : std::string()});
+                               chart.Boxes.empty() ? "limit: " + Limit_Text() : std::string()});
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }
@@ -119,7 +118,7 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
 Chart Rank_Chart(const std::string& substance, const Location_Values& values)
 {
     Chart chart;
-    chart.Unit = Unit_Of_Leachate;
+    chart.Unit = Leachate_Unit;
     chart.Title = values.Location + ": yearly values by rank [" + chart.Unit + "]";
     chart.Legend = {substance};
     chart.X = Whole_Axis(static_cast<double>(std::max<std::size_t>(values.Years.size(), 1)));
@@ -156,8 +155,44 @@ Chart Rank_Chart(const std::string& substance, const Location_Values& values)
         chart.Lines.push_back({Colour::Marked,
                                {{0, Drinking_Water_Limit}, {chart.X.High, Drinking_Water_Limit}},
                                {},
-                               "limit: 0.1 " + chart.Unit});
+                               "limit: " + Limit_Text()});
     chart.Key.push_back({Colour::Term_3, "the two that make the percentile"});
+    chart.Frame = Frame_Around(chart.X, chart.Y);
+    return chart;
+}
+
+Chart Soil_Chart(const std::string& substance, std::vector<Location_Values> locations, const std::string& unit,
+                 const std::string& quantity)
+{
+    std::erase_if(locations, [](const Location_Values& location) { return location.Location.empty(); });
+    Chart chart = Location_Chart(substance, locations, Conc_Values::Years, unit, false);
+    chart.Legend = {quantity};
+    chart.Key.clear(); // all bars are the same
+    return chart;
+}
+
+Chart Averaging_Chart(const std::string& substance, const std::string& location, const std::string& unit,
+                      const Soil_Maxima& maxima, std::size_t chosen)
+{
+    Chart chart;
+    chart.Unit = unit;
+    chart.Title = location + ": highest averages [" + unit + "]";
+    chart.Legend = {substance};
+    chart.X = Whole_Axis(TWA_Window.back());
+    chart.X.Title = "Days of the average, 0: the maximum";
+    Chart_Line line{.Drawn_In = Colour::Series};
+    double highest = 0;
+    for (std::size_t i = 0; i < maxima.size(); ++i) {
+        const double x = TWA_Window[i], y = maxima[i].Value;
+        const std::string name = TWA_Window[i] == 0 ? "maximum" : std::to_string(TWA_Window[i]) + " d";
+        line.Points.push_back({x, y});
+        line.Names.push_back(name);
+        chart.Dots.push_back({Colour::Term_3, x, y, name, i == chosen});
+        highest = std::max(highest, y);
+    }
+    chart.Lines.push_back(std::move(line));
+    chart.Key.push_back({Colour::Term_3, "the one in the table"});
+    chart.Y = Value_Axis(0, highest);
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }

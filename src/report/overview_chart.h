@@ -2,6 +2,7 @@
 
 #include "charts/chart.h"
 #include "report/run_results.h"
+#include "tables/soil_concentrations.h"
 
 namespace orvel {
 
@@ -27,5 +28,14 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
 
 // The yearly values of a location against their rank.
 Chart Rank_Chart(const std::string& substance, const Location_Values& values);
+
+// A bar a location with its concentration in soil; `quantity` is what it is. Soils that the row does not have are left
+// out: their places have no name.
+Chart Soil_Chart(const std::string& substance, std::vector<Location_Values> locations, const std::string& unit,
+                 const std::string& quantity);
+
+// The highest averages at a location against the days that they are taken over; the chosen one stands out.
+Chart Averaging_Chart(const std::string& substance, const std::string& location, const std::string& unit,
+                      const Soil_Maxima& maxima, std::size_t chosen);
 
 } // namespace orvel

@@ -1,5 +1,6 @@
 // The overview as a table, as text and as JSON.
 #include "report/overview_formats.h"
+#include "report/run_results.h"
 
 #include "core/code_page.h"
 #include "core/csv.h"
@@ -25,11 +26,10 @@ Shown_Cell Plain(std::string text)
     return {.Text = std::move(text)};
 }
 
-Shown_Cell Figure_Cell(const Overview& overview, const Overview_Row& row, std::size_t column,
-                       const std::vector<double>& bounds)
+Shown_Cell Figure_Or_State(std::string text, const Overview_Figure* figure, const std::string& mark,
+                           const std::vector<double>& bounds)
 {
-    Shown_Cell cell{.Text = Cell_Text(overview, row, column)};
-    const Overview_Figure* figure = Figure_At(overview, row, column);
+    Shown_Cell cell{.Text = std::move(text)};
     if (figure == nullptr) {
         cell.Is_State = !cell.Text.empty();
         return cell;
@@ -37,7 +37,35 @@ Shown_Cell Figure_Cell(const Overview& overview, const Overview_Row& row, std::s
     cell.Value = figure->Value;
     cell.Class = Class_Place(Class_Of(figure->Value, bounds), bounds.size());
     cell.Above_Limit = figure->Above_Limit;
-    cell.Mark = Mark_Text(*Run_At(overview, row, column));
+    cell.Mark = mark;
+    return cell;
+}
+
+Shown_Cell Figure_Cell(const Overview& overview, const Overview_Row& row, std::size_t column,
+                       const std::vector<double>& bounds)
+{
+    const Overview_Run* run = Run_At(overview, row, column);
+    return Figure_Or_State(Cell_Text(overview, row, column), Figure_At(overview, row, column),
+                           run == nullptr ? std::string() : Mark_Text(*run), bounds);
+}
+
+// What stands beside a figure that is compared.
+std::vector<Shown_Cell> Cells_Beside(const Overview& overview, const Overview_Row& row, std::size_t column,
+                                     const std::vector<double>& bounds)
+{
+    const Overview_Run* run = Run_At(overview, row, column);
+    const auto ratio = Ratio_At(overview, row, column);
+    return {Figure_Or_State(Other_Text(overview, row, column), Other_At(overview, row, column),
+                            run == nullptr ? std::string() : run->Other_State, bounds),
+            {.Text = Ratio_Text(ratio), .Value = ratio, .Is_Ratio = true}};
+}
+
+Shown_Cell Location_Cell(const Overview& overview, const Overview_Row& row, std::size_t column,
+                         const std::vector<double>& bounds)
+{
+    auto cell = Figure_Cell(overview, row, column, bounds);
+    if (!overview.Compared_With.empty())
+        cell.Beside = Cells_Beside(overview, row, column, bounds);
     return cell;
 }
 
@@ -103,7 +131,7 @@ Shown_Table Shown_Table_Of(const Overview& overview, const std::vector<double>& 
     table.Heads.push_back("Highest" + (overview.Has_Limit ? unit : std::string()));
     table.Heads.emplace_back("Highest at");
     if (overview.Has_Limit)
-        table.Heads.emplace_back("Above 0.1 \xB5g/L");
+        table.Heads.push_back("Above " + Limit_Text());
     table.Heads.emplace_back("Notes");
     for (const auto& row : overview.Rows) {
         auto& cells = table.Rows.emplace_back();
@@ -113,12 +141,38 @@ Shown_Table Shown_Table_Of(const Overview& overview, const std::vector<double>& 
         if (!overview.Has_Limit)
             cells.push_back(Plain(row.Unit));
         for (std::size_t column = 0; column < row.Cells.size(); ++column)
-            cells.push_back(Figure_Cell(overview, row, column, bounds));
+            cells.push_back(Location_Cell(overview, row, column, bounds));
         cells.push_back(Highest_Cell(overview, row, bounds));
         cells.push_back(Plain(row.Highest < 0 ? "" : overview.Columns[static_cast<std::size_t>(row.Highest)]));
         if (overview.Has_Limit)
             cells.push_back(Plain(Above_Text(row)));
         cells.push_back(Plain(Notes_Of(overview, row)));
+    }
+    return table;
+}
+
+Shown_Table Spread_Table_Of(const Overview& overview, const std::vector<double>& bounds)
+{
+    Shown_Table table = Shown_Table_Of(overview, bounds);
+    if (overview.Compared_With.empty())
+        return table;
+    std::vector<std::string> heads;
+    for (std::size_t i = 0; i < table.Heads.size(); ++i) {
+        heads.push_back(table.Heads[i]);
+        if (i >= table.First_Location && i < table.First_Location + table.Locations)
+            heads.insert(heads.end(), {table.Heads[i] + ", the other one", table.Heads[i] + ", ratio"});
+    }
+    table.Heads = std::move(heads);
+    table.Locations *= 3;
+    for (auto& row : table.Rows) {
+        std::vector<Shown_Cell> spread;
+        for (auto& cell : row) {
+            auto beside = std::move(cell.Beside);
+            cell.Beside.clear();
+            spread.push_back(std::move(cell));
+            std::ranges::move(beside, std::back_inserter(spread));
+        }
+        row = std::move(spread);
     }
     return table;
 }
@@ -140,7 +194,7 @@ std::vector<std::string> Class_Texts(const std::vector<double>& bounds)
 
 std::string Overview_Lines(const Overview& overview)
 {
-    const Shown_Table table = Shown_Table_Of(overview, {});
+    const Shown_Table table = Spread_Table_Of(overview, {});
     std::string lines;
     const auto add = [&](const std::vector<std::string>& fields) {
         for (std::size_t i = 0; i < fields.size(); ++i)
@@ -155,7 +209,7 @@ std::string Overview_Lines(const Overview& overview)
 
 std::string Overview_Csv(const Overview& overview)
 {
-    const Shown_Table table = Shown_Table_Of(overview, {});
+    const Shown_Table table = Spread_Table_Of(overview, {});
     std::string csv = Line_Of(table.Heads);
     for (const auto& row : table.Rows)
         csv += Line_Of(Texts_Of(row));
@@ -172,22 +226,31 @@ std::string Overview_Json(const Overview& overview)
                 if (run == nullptr)
                     continue;
                 const Overview_Figure* figure = Figure_At(overview, row, column);
+                const auto put = [&](std::string_view name, const std::optional<double>& value) {
+                    json.Key(name);
+                    if (value)
+                        json.Value(*value);
+                    else
+                        json.Null();
+                };
+                const Overview_Figure* other = Other_At(overview, row, column);
                 json.Object([&] {
                     json.Member("pesticide", row.Pesticide);
                     json.Member("crop", row.Crop);
                     json.Member("substance", row.Substance);
                     json.Member("location", run->Location);
-                    json.Key("value");
-                    if (figure != nullptr)
-                        json.Value(figure->Value);
-                    else
-                        json.Null();
+                    put("value", figure != nullptr ? std::optional(figure->Value) : std::nullopt);
                     json.Member("unit", run->Unit);
                     json.Member("years", run->Years);
                     json.Member("verdict", Verdict_Word(*run));
                     json.Member("directory", To_Code_Page(run->Directory.string()));
                     json.Member("state", figure != nullptr ? Mark_Text(*run) : State_Text(*run));
                     json.Member("dry_periods", run->Dry_Periods);
+                    if (overview.Compared_With.empty())
+                        return;
+                    put("other_value", other != nullptr ? std::optional(other->Value) : std::nullopt);
+                    json.Member("other_state", other != nullptr ? run->Other_State : Other_Text(overview, row, column));
+                    put("ratio", Ratio_At(overview, row, column));
                 });
             }
         }

@@ -19,8 +19,10 @@ struct Shown_Cell {
     std::optional<double> Value;
     std::size_t Class = 0; // of the value
     bool Above_Limit = false;
-    bool Is_State = false; // of a simulation that has no figure
-    std::string Mark;      // behind the figure
+    bool Is_State = false;          // of a simulation that has no figure
+    bool Is_Ratio = false;          // which has no class
+    std::string Mark;               // behind the figure
+    std::vector<Shown_Cell> Beside; // of a location that is compared: the other figure and the ratio
 };
 
 struct Shown_Table {
@@ -31,6 +33,8 @@ struct Shown_Table {
 };
 // Without bounds all figures are of one class.
 Shown_Table Shown_Table_Of(const Overview& overview, const std::vector<double>& bounds);
+// The same with what stands beside figures in columns of its own, for what reads a table cell by cell.
+Shown_Table Spread_Table_Of(const Overview& overview, const std::vector<double>& bounds);
 
 // Signs of the classes in UTF-8, from empty to full, so that a class is told without its colour.
 extern const std::array<std::string_view, Most_Classes> Class_Signs;

@@ -17,6 +17,7 @@ td.figure { text-align: right; white-space: nowrap; }
 td.figure .sign { margin-right: 0.2em; } td:last-child { min-width: 12rem; }
 td.over { font-weight: 700; } td.state { font-style: italic; } td.metabolite { padding-left: 1.8rem; }
 .mark { display: block; font-size: 0.8em; font-style: italic; font-weight: 400; }
+.other { font-weight: 400; }
 .c0, .c1, .c2, .c3, .c4 { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
 .wide { border: 1px solid var(--rule); border-radius: 0.3rem; }
 .wide thead th { position: sticky; top: 0; white-space: normal; } tbody th { font-weight: 400; background: var(--ground); }
@@ -46,21 +47,34 @@ std::string Element(std::string_view name, std::string_view attributes, std::str
     return "<" + tag + std::string(attributes) + ">" + std::string(inner) + "</" + tag + ">";
 }
 
+// The figure of the other assessment, and the ratio.
+std::string Beside_Of(const Shown_Cell& cell)
+{
+    if (cell.Beside.empty() || cell.Beside.front().Text.empty())
+        return {};
+    const std::string ratio = cell.Beside.back().Text;
+    return Element("span", " class=\"other\"",
+                   " | " + Xml_Text(cell.Beside.front().Text) +
+                       (ratio.empty() ? "" : " | " + Xml_Text("\xD7" + ratio)));
+}
+
 // Colours stand at each cell as well: a clipboard takes no style sheet.
 std::string Cell_Of(const Shown_Cell& cell, const std::string& head, bool is_metabolite)
 {
     const std::string named = " data-head=\"" + Xml_Text(head) + "\"";
+    const std::string beside = Beside_Of(cell);
     if (!cell.Value)
         return Element("td",
                        named + (cell.Is_State   ? " class=\"state\""
                                 : is_metabolite ? " class=\"metabolite\""
                                                 : ""),
-                       Xml_Text(cell.Text));
+                       Xml_Text(cell.Text) + beside);
     const std::string figure = cell.Text.substr(0, cell.Text.find(" ("));
     std::string inner = Element("span", " class=\"sign\"", Class_Signs[cell.Class]) + " ";
     inner += cell.Above_Limit ? Element("b", "", Xml_Text(figure)) : Xml_Text(figure);
     if (!cell.Mark.empty())
         inner += Element("span", " class=\"mark\"", "(" + Xml_Text(cell.Mark) + ")");
+    inner += beside;
     return Element("td",
                    named + " class=\"figure c" + std::to_string(cell.Class) + (cell.Above_Limit ? " over" : "") +
                        "\" style=\"" + Class_Colours(cell.Class) + ";text-align:right\"",
@@ -110,10 +124,9 @@ std::string Overview_Fragment(const Overview& overview, const std::vector<double
 
 std::string Overview_Html(const Overview& overview, const std::vector<double>& bounds)
 {
-    std::string sentences = Element("p", "", Xml_Text(overview.Quantity + ".")) + "\n";
-    if (overview.Has_Limit)
-        sentences +=
-            Element("p", "", Xml_Text("Figures in bold are above the limit of drinking water, 0.1 \xB5g/L.")) + "\n";
+    std::string sentences;
+    for (const auto& sentence : Sentences_Of(overview))
+        sentences += Element("p", "", Xml_Text(sentence)) + "\n";
     const std::string key = overview.Has_Limit ? Key_Of(bounds) : std::string();
     return Standing_Page("Overview", Style,
                          Element("h1", "", "Overview") + "\n" + sentences + key + "<div class=\"wide\">" +

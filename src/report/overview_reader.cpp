@@ -235,13 +235,20 @@ std::vector<Simulation> Chosen_Places(const fs::path& directory, const Overview_
     return places;
 }
 
+Compared_Assessment Chosen_Of(Compared_Assessment compared, const Overview_Request& request)
+{
+    std::erase_if(compared.Runs, [&](const Overview_Run& run) {
+        return (!request.Pesticide.empty() && !Same_Text(run.Pesticide, request.Pesticide)) ||
+               (!request.Crop.empty() && !Same_Text(run.Crop, request.Crop));
+    });
+    return compared;
+}
+
 } // namespace
 
-Overview Gather_Overview(const Program_State& program, const Mode& mode, const Overview_Request& request,
-                         const Progress& progress)
+std::vector<Overview_Run> Gather_Runs(Overview_Reader& reader, const std::vector<Simulation>& places,
+                                      const Progress& progress)
 {
-    const auto places = Chosen_Places(Mode_Directory(program, mode), request);
-    Overview_Reader reader(program.App_Path, mode, request.Soil);
     std::vector<Overview_Run> runs;
     for (const auto& place : places) {
         bool stopped = false;
@@ -256,7 +263,20 @@ Overview Gather_Overview(const Program_State& program, const Mode& mode, const O
             throw Reading_Stopped();
         runs.push_back(std::move(run));
     }
-    return Arrange_Overview(mode.Kind, reader.Quantity(), std::move(runs), request.Codes);
+    return runs;
+}
+
+Overview Gather_Overview(const Program_State& program, const Mode& mode, const Overview_Request& request,
+                         const Progress& progress)
+{
+    const auto places = Chosen_Places(Mode_Directory(program, mode), request);
+    Overview_Reader reader(program.App_Path, mode, request.Soil);
+    auto runs = Gather_Runs(reader, places, progress);
+    if (request.Compared)
+        Compare_With(runs, Chosen_Of(*request.Compared, request));
+    auto overview = Arrange_Overview(mode.Kind, reader.Quantity(), std::move(runs), request.Codes);
+    overview.Compared_With = request.Compared ? request.Compared->Name : std::string();
+    return overview;
 }
 
 } // namespace orvel

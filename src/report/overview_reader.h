@@ -46,12 +46,17 @@ private:
     Input_Changes Sources;
 };
 
+// The runs, looked at closely. Throws Reading_Stopped if the user stopped it.
+std::vector<Overview_Run> Gather_Runs(Overview_Reader& reader, const std::vector<Simulation>& places,
+                                      const Progress& progress = {});
+
 // All runs of a mode, or of one pesticide (stem of its file) and crop, looked at closely. Throws File_Error for a mode
 // without a directory and for a pesticide or crop without runs, and Reading_Stopped if the user stopped it.
 struct Overview_Request {
     std::string Pesticide, Crop;    // empty: all
     std::vector<std::string> Codes; // of locations; empty: all
     Soil_Choice Soil;
+    std::optional<Compared_Assessment> Compared = std::nullopt;
 };
 Overview Gather_Overview(const Program_State& program, const Mode& mode, const Overview_Request& request,
                          const Progress& progress = {});

@@ -14,6 +14,7 @@
 #include "output/run_state.h"
 #include "report/overview_chart.h"
 #include "report/overview_reader.h"
+#include "runs/acceptance.h"
 #include "tables/table_cache.h"
 
 #include <algorithm>
@@ -348,6 +349,8 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
     report.Overview = Overview_Of(session, mode, crops, progress);
     if (!session.Program.Engine_Exe.empty())
         report.Engine_File = Checked(session.Program.App_Path, Path_Of(session.Program.Engine_Exe));
+    if (!report.Engine_File.Sha256.empty())
+        report.Acceptance = Acceptance_Text(session.Program.App_Path, report.Engine_File.Sha256);
     if (mode.Kind != Mode_Kind::Focus)
         report.Notes.push_back(
             "The tables of each crop are those of the percolate of these scenarios; concentrations in soil are in the "

@@ -63,6 +63,7 @@ struct Report {
     std::string Pesticide;       // stem of its file
     std::string Made;            // date
     Checked_File Engine_File;
+    std::string Acceptance;   // of that engine in this installation
     orvel::Overview Overview; // of all runs: what a report begins with
     std::vector<Endpoint> Endpoints;
     std::vector<Report_Crop> Crops;
@@ -81,6 +82,5 @@ const Report_Result* Result_Of(const Report_Table& table, std::size_t run);
 // What all formats of the report say.
 constexpr std::string_view Report_Depth_Text =
     "80th percentile of the concentration in the percolate at 1 m soil depth";
-constexpr std::string_view Above_Limit_Text = "above 0.1 \xB5g/L";
 
 } // namespace orvel

@@ -31,10 +31,10 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
                                row.P80.Conc, row.Name, General_Text(row.P80.Conc)});
     }
     if (below)
-        chart.Key.push_back({Colour::Series, "up to 0.1 \xB5g/L"});
+        chart.Key.push_back({Colour::Series, "up to " + Limit_Text()});
     if (above)
-        chart.Key.push_back({Colour::Marked, "above 0.1 \xB5g/L"});
-    chart.Unit = "\xB5g/L";
+        chart.Key.push_back({Colour::Marked, "above " + Limit_Text()});
+    chart.Unit = Leachate_Unit;
     chart.X.High = static_cast<double>(report.Location_Short.size());
     chart.Y = Value_Axis(0, drawn.Location_Max);
     if (drawn.Rows.empty())
@@ -43,7 +43,7 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
         chart.Lines.push_back({Colour::Marked,
                                {{0, Drinking_Water_Limit}, {chart.X.High + Half_Width, Drinking_Water_Limit}},
                                {},
-                               "limit: 0.1 " + chart.Unit});
+                               "limit: " + Limit_Text()});
     chart.Frame = Frame_Around(chart.X, chart.Y);
     return chart;
 }

@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "report/report_formats.h"
+#include "report/run_results.h"
 #include "tables/table_text.h"
 
 namespace orvel {
@@ -56,7 +57,7 @@ std::string Report_Csv(const Report& report)
                                "Substance",
                                "Location",
                                "80th percentile (\xB5g/L)",
-                               "Above 0.1 \xB5g/L",
+                               "Above " + Limit_Text(),
                                "Period A",
                                "Years of A",
                                "Concentration of A (\xB5g/L)",

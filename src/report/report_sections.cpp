@@ -3,6 +3,7 @@
 #include "core/locations.h"
 #include "report/overview_formats.h"
 #include "report/overview_settings.h"
+#include "report/run_results.h"
 #include "tables/table_text.h"
 
 #include <algorithm>
@@ -22,12 +23,15 @@ Report_Grid Facts_Of(const Report& report)
     std::string crops;
     for (const auto& crop : report.Crops)
         crops += (crops.empty() ? "" : "; ") + crop.Name;
-    return {{{""}, {""}},
-            {{{"Pesticide file", report.Pesticide + ".psm"}},
-             {{report.Crops.size() > 1 ? "Crops" : "Crop", crops}},
-             {{"Program", report.Program}},
-             {{"Engine", report.Engine}},
-             {{"Report made on", report.Made}}}};
+    Report_Grid facts{{{""}, {""}},
+                      {{{"Pesticide file", report.Pesticide + ".psm"}},
+                       {{report.Crops.size() > 1 ? "Crops" : "Crop", crops}},
+                       {{"Program", report.Program}},
+                       {{"Engine", report.Engine}},
+                       {{"Report made on", report.Made}}}};
+    if (!report.Acceptance.empty())
+        facts.Lines.push_back({{"The engine is", report.Acceptance}});
+    return facts;
 }
 
 // The code of a location, which heads its column: all nine fit on a page.
@@ -73,9 +77,11 @@ Report_Section Overview_Section(const Overview& overview)
     }
     section.Grid.Columns.push_back({"Highest", true});
     if (overview.Has_Limit)
-        section.Grid.Columns.push_back({"Above 0.1"});
-    section.Sentences = {overview.Quantity +
-                             (overview.Has_Limit ? ", \xB5g/L; figures above the limit of 0.1 \xB5g/L are bold." : "."),
+        section.Grid.Columns.push_back({"Above " + Limit_Number()});
+    section.Sentences = {overview.Quantity + (overview.Has_Limit
+                                                  ? ", " + std::string(Leachate_Unit) +
+                                                        "; figures above the limit of " + Limit_Text() + " are bold."
+                                                  : std::string(".")),
                          "Locations: " + codes + "."};
     for (const auto& row : overview.Rows)
         section.Grid.Lines.push_back(Overview_Line(overview, row));
@@ -144,7 +150,7 @@ Report_Section Results(const Report_Crop& crop, const Report_Table& table)
                          ": the mean concentration of two periods A and B, named with the years of the simulation in "
                          "brackets. Flux and percolate are the "
                          "sums of both."};
-    section.Grid.Columns = {{"Location"},          {"Percentile (\xB5g/L)", true}, {"Limit 0.1 \xB5g/L"},
+    section.Grid.Columns = {{"Location"},          {"Percentile (\xB5g/L)", true}, {"Limit " + Limit_Text()},
                             {"Period A (years)"},  {"A (\xB5g/L)", true},          {"Period B (years)"},
                             {"B (\xB5g/L)", true}, {"Flux (g/ha)", true},          {"Percolate (L/m\xB2)", true}};
     for (std::size_t run = 0; run < crop.Runs.size(); ++run) {
@@ -246,8 +252,11 @@ std::vector<Report_Section> Sections_Of(const Report& report)
         sections.push_back({.Level = 2, .Heading = "Notes", .Sentences = report.Notes, .Is_Warning = true});
     for (const auto& crop : report.Crops) {
         sections.push_back({.Level = 2, .Heading = crop.Name, .Begins_Page = true});
-        for (const auto& table : crop.Tables)
+        for (const auto& table : crop.Tables) {
             sections.push_back(Results(crop, table));
+            if (&table != &crop.Tables.front())
+                sections.back().Sentences.clear(); // said above the first one
+        }
     }
     sections.push_back(Uses(report));
     sections.back().Begins_Page = true;

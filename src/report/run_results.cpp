@@ -24,6 +24,16 @@ Run_Result Result_Of(const Leachate_Table& periods, const std::string& name, int
 
 } // namespace
 
+std::string Limit_Number()
+{
+    return General_Text(Drinking_Water_Limit);
+}
+
+std::string Limit_Text()
+{
+    return Limit_Number() + " " + std::string(Leachate_Unit);
+}
+
 Run_Results Results_Of(const Leachate_Tables& tables)
 {
     const auto& periods = tables.Period[static_cast<std::size_t>(Depth::One_Metre)];

@@ -3,12 +3,16 @@
 #include "tables/leachate_tables.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
 
 // The limit of drinking water, ug/L.
 constexpr double Drinking_Water_Limit = 0.1;
+constexpr std::string_view Leachate_Unit = "\xB5g/L";
+std::string Limit_Number(); // "0.1"
+std::string Limit_Text();   // with its unit
 
 // One of the two periods whose mean concentration is the percentile.
 struct Selected_Period {

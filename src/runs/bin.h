@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/error.h"
+#include "core/run_name.h"
 
 #include <filesystem>
 #include <string>
@@ -12,7 +13,6 @@ namespace orvel {
 // mode directory. A generation NNNN is what goes between two starts of a job; a second removal of the same run begins a
 // new one. Every function throws File_Error; nothing is lost then.
 
-constexpr std::string_view Bin_Name = "bin";
 constexpr int Kept_Generations = 20;
 
 // Begins a new generation, if the last one holds anything, and deletes all but the last ones.

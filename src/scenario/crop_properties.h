@@ -17,10 +17,12 @@ struct Edited_Crop {
     std::string Name;     // the entry in List_crop
     std::size_t Crop = 0; // 0-based index in the database
     Crop_Row Properties;
+    bool operator==(const Edited_Crop&) const = default;
 };
 struct Crop_Editor {
     std::vector<Edited_Crop> Crops;
     bool Tillage_Modified = false;
+    bool operator==(const Crop_Editor&) const = default;
 };
 
 constexpr std::array<std::string_view, 3> Conditions_After_Harvest = {"Fallow", "Cropping",

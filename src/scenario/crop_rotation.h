@@ -16,6 +16,7 @@ struct Rotation_Work {
     std::vector<Crop_Data> Data_Base; // List_dat
     std::vector<Crop_Row> Crops; // properties of the same crops, as confirmed; SZE_Rot_Tillage is the flag DB_Tillage
     std::vector<Rotation_Row> Rows; // List_rot; SZE_Rot_Crop_Index is Rot_Crop, the 1-based index in the database
+    bool operator==(const Rotation_Work&) const = default;
 };
 
 constexpr std::string_view Crop_Data_File = "input.dat";

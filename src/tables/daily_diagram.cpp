@@ -37,6 +37,17 @@ std::string Daily_Title(const Daily_Request& request, std::string_view item)
            std::string(variable.Out_Unit[sum ? 1 : 0]);
 }
 
+std::vector<std::string> Series_Words(const std::filesystem::path& run_directory, int column,
+                                      const Daily_Request& request)
+{
+    const auto month = [](const Run_Month& at) { return std::to_string(at.Year) + "-" + std::to_string(at.Month); };
+    std::vector<std::string> words = {"series", run_directory.string(), "--column", std::to_string(column),
+                                      "--from", month(request.From),    "--to",     month(request.To)};
+    if (request.Cumulative)
+        words.emplace_back("--cumulative");
+    return words;
+}
+
 double Days_Of(X_Unit unit)
 {
     return Units[static_cast<std::size_t>(unit)].Days;

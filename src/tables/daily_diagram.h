@@ -3,8 +3,10 @@
 #include "charts/chart.h"
 #include "tables/daily_series.h"
 
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvel {
 
@@ -13,6 +15,10 @@ enum class X_Unit { Years, Months, Days };
 
 // The diagram's title: the quantity, its place and unit. `item` as below.
 std::string Daily_Title(const Daily_Request& request, std::string_view item);
+
+// What orvelctl needs to print the same series, in UTF-8.
+std::vector<std::string> Series_Words(const std::filesystem::path& run_directory, int column,
+                                      const Daily_Request& request);
 
 double Days_Of(X_Unit unit);
 

@@ -16,11 +16,14 @@ namespace orvel {
 // Concentrations in the top layers of the soil: the actual maximum and the maxima of averages over windows of days,
 // from plot.orv.
 
+// By window of days.
+using Soil_Maxima = std::array<TWA_Maximum, TWA_Window.size()>;
+
 struct Soil_Concentrations : Table_Status {
     std::string Text;                        // as a window shows it, bytes of Windows-1252, lines end in CR LF
     std::vector<std::string> Substance_Name; // by substance, as echo.orv names them
-    std::vector<std::array<TWA_Maximum, TWA_Window.size()>> Maximum; // by substance
-    bool Pore_Water = false; // concentrations in mg/L of the soil's water, else in mg/kg of soil
+    std::vector<Soil_Maxima> Maximum;        // by substance
+    bool Pore_Water = false;                 // concentrations in mg/L of the soil's water, else in mg/kg of soil
 };
 
 // Builds the table for a depth in layers (1 or more) and writes it to the file PECsoil_<depth>.orv of the run

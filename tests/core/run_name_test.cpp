@@ -58,4 +58,16 @@ TEST(Run_Name, Lists_The_Directories_Of_A_Level_And_Nothing_Else)
     EXPECT_EQ(List_Run_Levels(place.Path()), (std::vector<std::string>{"A.RUN", "b.run"}));
 }
 
+TEST(Run_Name, A_Run_In_The_Bin_Still_Means_The_Files_Of_Its_Mode)
+{
+    const fs::path run = "/i/focus/p.run/c.run/l.run", binned = "/i/focus/bin/0003/p.run/c.run/l.run";
+
+    EXPECT_EQ(Place_In_Mode(binned), run);
+    EXPECT_EQ(Place_In_Mode(run), run);
+    EXPECT_EQ(Place_In_Mode("/i/focus/bin/old/p.run/c.run/l.run"), "/i/focus/bin/old/p.run/c.run/l.run");
+    EXPECT_EQ(Input_File(binned, "../../../H_01.cli"), "/i/focus/H_01.cli");
+    EXPECT_EQ(Input_File(binned, "p.psm"), binned / "p.psm");
+    EXPECT_EQ(Input_File(run, "../../../H_01.cli"), run / "../../../H_01.cli");
+}
+
 } // namespace orvel

@@ -1,5 +1,6 @@
 #include "core/run_name.h"
 #include "core/system/lock.h"
+#include "jobs/input_changes.h"
 #include "jobs/job_status.h"
 #include "jobs/run_commands.h"
 #include "runs/batch.h"
@@ -117,9 +118,10 @@ TEST_F(Job_Status_Test, The_List_Gives_Names_As_They_Were_Chosen_In_Order)
                                           "\tData available\tunrecorded: ERROR\n" +
                                           "my,file 1\tWinter cereals\tCh\xE2teaudun (C), no irrigation\t" +
                                           Date_Text(list[1].Date) + "\tScheduled\n");
-    EXPECT_NE(Simulation_Json(The_Session.Program, list).find("\"location\": \"Ch\u00E2teaudun (C), no irrigation\""),
+    Input_Changes changes(Home.Path());
+    EXPECT_NE(Simulation_Json(list, changes).find("\"location\": \"Ch\u00E2teaudun (C), no irrigation\""),
               std::string::npos)
-        << Simulation_Json(The_Session.Program, list);
+        << Simulation_Json(list, changes);
 }
 
 TEST_F(Job_Status_Test, An_Empty_Tree_Gives_An_Empty_List)

@@ -1,9 +1,7 @@
 // From a pesticide file through the real engine to the leachate table, as a user of the command line goes.
-#include "temporary_directory.h"
+#include "programs/shell.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -16,20 +14,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct Outcome {
-    int Exit = 0;
-    std::string Printed;
-};
-
 Outcome Orvelctl(const std::string& arguments)
 {
-    Outcome outcome;
-    FILE* pipe = ::popen((std::string(ORVELCTL) + " " + arguments + " 2>&1").c_str(), "r");
-    std::array<char, 4096> buffer{};
-    while (const auto got = std::fread(buffer.data(), 1, buffer.size(), pipe))
-        outcome.Printed.append(buffer.data(), got);
-    outcome.Exit = WEXITSTATUS(::pclose(pipe));
-    return outcome;
+    return Shell(std::string(ORVELCTL) + " " + arguments + " 2>&1");
 }
 
 std::vector<std::string> Lines(const fs::path& file)
@@ -83,13 +70,13 @@ protected:
     {
         Place = new Temporary_Directory;
         const auto laid = Orvelctl("init " + Installation().string());
-        ASSERT_EQ(laid.Exit, 0) << laid.Printed;
+        ASSERT_EQ(laid.Code, 0) << laid.Printed;
         const std::string at = "-C " + Installation().string();
         const auto marked =
             Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
-        ASSERT_EQ(marked.Exit, 0) << marked.Printed;
+        ASSERT_EQ(marked.Code, 0) << marked.Printed;
         const auto run = Orvelctl(at + " start --mode focus --wait");
-        ASSERT_EQ(run.Exit, 0) << run.Printed;
+        ASSERT_EQ(run.Code, 0) << run.Printed;
     }
     static void TearDownTestSuite() { delete Place; }
 
@@ -132,7 +119,7 @@ TEST_F(End_To_End, The_Total_Row_Agrees_With_The_Sums_In_The_Engines_Files)
     }
 
     const auto tables = Orvelctl("tables '" + Run().string() + "'");
-    ASSERT_EQ(tables.Exit, 0) << tables.Printed;
+    ASSERT_EQ(tables.Code, 0) << tables.Printed;
     const auto total = Row(tables.Printed, "Total");
 
     ASSERT_EQ(total.size(), 4U);
@@ -165,7 +152,7 @@ TEST_F(End_To_End, The_Report_Names_The_Location_With_Its_Percentile)
     const auto report =
         Orvelctl("-C " + Installation().string() + " report --mode focus --pesticide demo_D --crop 'Winter cereals'");
 
-    EXPECT_EQ(report.Exit, 0) << report.Printed;
+    EXPECT_EQ(report.Code, 0) << report.Printed;
     EXPECT_NE(report.Printed.find("FOCUS Summary Output File"), std::string::npos);
     EXPECT_NE(report.Printed.find("Hamburg (H)"), std::string::npos);
 }
@@ -200,10 +187,10 @@ TEST_F(End_To_End, A_Single_Run_Of_Three_Years_Is_Run_And_Archived)
                                 " single --pesticide gone.psm --scenario H_wcerea.sze --climate H_01.cli --years 3");
     fs::current_path(before);
 
-    EXPECT_EQ(first.Exit, 0) << first.Printed;
-    EXPECT_EQ(second.Exit, 0) << second.Printed;
+    EXPECT_EQ(first.Code, 0) << first.Printed;
+    EXPECT_EQ(second.Code, 0) << second.Printed;
     EXPECT_NE(second.Printed.find("Earlier output is in Run_1."), std::string::npos) << second.Printed;
-    EXPECT_EQ(wrong.Exit, 1);
+    EXPECT_EQ(wrong.Code, 1);
     EXPECT_NE(wrong.Printed.find("File check: gone.psm not found"), std::string::npos) << wrong.Printed;
     for (const char* name : {"echo.orv", "Wasser.orv", "chem.orv"}) {
         EXPECT_TRUE(fs::exists(place / name)) << name;
@@ -234,8 +221,8 @@ TEST_F(End_To_End, An_Archived_Run_Is_Put_Back_By_Hand)
     const auto again = Lines("Wasser.orv");
     fs::current_path(before);
 
-    EXPECT_EQ(first.Exit, 0) << first.Printed;
-    EXPECT_EQ(second.Exit, 0) << second.Printed;
+    EXPECT_EQ(first.Code, 0) << first.Printed;
+    EXPECT_EQ(second.Code, 0) << second.Printed;
     EXPECT_NE(hamburg, chateaudun);
     EXPECT_EQ(put_back, hamburg);
     EXPECT_EQ(run_again, 0);
@@ -250,15 +237,15 @@ TEST_F(End_To_End, Soil_Runs_Of_Both_Tiers_Reach_Their_Concentration_Tables)
     double warmer = 0;
     for (const std::string mode : {"efsa", "efsa_t4"}) {
         const auto marked = Orvelctl(at + " mark --mode " + mode + what + (mode == "efsa_t4" ? " --scaling 4" : ""));
-        ASSERT_EQ(marked.Exit, 0) << marked.Printed;
+        ASSERT_EQ(marked.Code, 0) << marked.Printed;
         const auto run = Orvelctl(at + " start --mode " + mode + " --wait");
-        ASSERT_EQ(run.Exit, 0) << run.Printed;
+        ASSERT_EQ(run.Code, 0) << run.Printed;
         const fs::path place = Installation() / (mode == "efsa" ? "EFSA" : "EFSA_T4") /
                                "demo_S.run/Winter_-_cereals.run/Total_-_content_-_-_-_North_-_(T_N).run";
 
         const auto table = Orvelctl("pecsoil '" + place.string() + "' --depth 5");
 
-        ASSERT_EQ(table.Exit, 0) << table.Printed;
+        ASSERT_EQ(table.Code, 0) << table.Printed;
         EXPECT_TRUE(fs::exists(place / "PECsoil_5.orv"));
         const auto head = table.Printed.find("PEC(mg/kg)");
         ASSERT_NE(head, std::string::npos) << table.Printed;
@@ -285,7 +272,7 @@ TEST_F(End_To_End, A_Series_Is_Printed_Summed_And_Painted)
     const auto painted = Orvelctl(series + " --to-file " + picture.string());
     const auto beyond = Orvelctl("-C " + Installation().string() + " series '" + Run().string() + "' --column 99");
 
-    ASSERT_EQ(rate.Exit, 0) << rate.Printed;
+    ASSERT_EQ(rate.Code, 0) << rate.Printed;
     EXPECT_TRUE(rate.Printed.starts_with("day,Percolate at 100 cm (cm/d)\n")) << rate.Printed.substr(0, 60);
     EXPECT_TRUE(sum.Printed.starts_with("day,Cumulative Percolate at 100 cm (cm)\n")) << sum.Printed.substr(0, 60);
     EXPECT_EQ(std::count(rate.Printed.begin(), rate.Printed.end(), '\n'), 1 + 365);
@@ -293,9 +280,9 @@ TEST_F(End_To_End, A_Series_Is_Printed_Summed_And_Painted)
     const auto percolate = Annual_Figures(Run() / "Wasser.orv", "HORIZON   COMPARTMENT", 13, 40, 73, 13);
     const auto last = sum.Printed.rfind(',');
     EXPECT_NEAR(std::strtod(sum.Printed.c_str() + last + 1, nullptr), percolate[6], 0.01 * percolate[6] + 0.001);
-    EXPECT_EQ(painted.Exit, 0) << painted.Printed;
+    EXPECT_EQ(painted.Code, 0) << painted.Printed;
     EXPECT_GT(fs::file_size(picture), 5000U);
-    EXPECT_EQ(beyond.Exit, 1);
+    EXPECT_EQ(beyond.Code, 1);
 }
 
 } // namespace orvel

@@ -1,10 +1,10 @@
 // The overview of an assessment by the command line, over runs of the real engine.
 #include "core/files.h"
 #include "core/json_reader.h"
-#include "temporary_directory.h"
+#include "core/text.h"
+#include "programs/shell.h"
 
-#include <array>
-#include <cstdio>
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -16,31 +16,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct Outcome {
-    int Exit = 0;
-    std::string Printed;
-};
-
-Outcome Shell(const std::string& command)
-{
-    Outcome outcome;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    std::array<char, 4096> buffer{};
-    while (const auto got = std::fread(buffer.data(), 1, buffer.size(), pipe))
-        outcome.Printed.append(buffer.data(), got);
-    outcome.Exit = WEXITSTATUS(::pclose(pipe));
-    return outcome;
-}
-
 class Orvelctl_Overview : public testing::Test {
 protected:
     static void SetUpTestSuite()
     {
         Place = new Temporary_Directory;
-        ASSERT_EQ(Shell(std::string(ORVELCTL) + " init " + Installation().string()).Exit, 0);
+        ASSERT_EQ(Shell(std::string(ORVELCTL) + " init " + Installation().string()).Code, 0);
         for (const char* location : {"Hamburg (H)", "Jokioinen (J)", "Sevilla (S), no irrigation"})
             Mark("demo_C.psm", location);
-        ASSERT_EQ(Orvelctl("start --mode focus --wait").Exit, 0);
+        ASSERT_EQ(Orvelctl("start --mode focus --wait").Code, 0);
         fs::copy_file(Installation() / "demo_C.psm", Installation() / "=C.psm");
         Mark("=C.psm", "Hamburg (H)");
     }
@@ -50,7 +34,7 @@ protected:
     {
         const auto marked = Orvelctl("mark --mode focus --pesticide '" + pesticide +
                                      "' --crop 'Winter cereals' --location '" + location + "' 2>&1");
-        ASSERT_EQ(marked.Exit, 0) << marked.Printed;
+        ASSERT_EQ(marked.Code, 0) << marked.Printed;
     }
     static Outcome Orvelctl(const std::string& arguments)
     {
@@ -101,7 +85,7 @@ TEST_F(Orvelctl_Overview, Figures_Are_Those_Of_Tables_And_Report_To_The_Last_Byt
     const auto report = Installation() / "report.csv";
     ASSERT_EQ(Orvelctl("report --mode focus --pesticide demo_C --crop 'Winter cereals' --to " + report.string() +
                        " 2>/dev/null")
-                  .Exit,
+                  .Code,
               0);
     const std::string reported = Read_Whole(report);
     const std::string csv = Orvelctl("overview --mode focus --pesticide demo_C").Printed;
@@ -190,18 +174,81 @@ TEST_F(Orvelctl_Overview, A_Damaged_Record_Is_Told_And_The_Others_Are_Shown)
     Write_Whole(record, "{");
 
     const auto outcome = Orvelctl("overview --mode focus --pesticide demo_C 2>&1");
-    EXPECT_EQ(outcome.Exit, 1);
+    EXPECT_EQ(outcome.Code, 1);
     EXPECT_NE(outcome.Printed.find("\tunreadable\t"), std::string::npos) << outcome.Printed;
     EXPECT_NE(outcome.Printed.find("run.json, line 1, column 1: This is not JSON."), std::string::npos);
 
     Write_Whole(record, before);
 }
 
+// Another installation, an archive and a generation of the bin are compared alike.
+TEST_F(Orvelctl_Overview, Is_Compared_With_Another_Assessment_An_Archive_And_Earlier_Results)
+{
+    const auto other = Place->Path() / "other", archive = Place->Path() / "a.zip",
+               run = other / "focus/demo_C.run/Winter_-_cereals.run/Hamburg_-_(H).run";
+    const std::string at_other = std::string(ORVELCTL) + " -C " + other.string() + " ";
+    fs::copy(Installation(), other, fs::copy_options::recursive);
+    ASSERT_EQ(Orvelctl("archive --mode focus --pesticide demo_C --to " + archive.string()).Code, 0);
+    const auto seen = [&](const std::string& path) {
+        const auto all = Orvelctl("overview --mode focus --pesticide demo_C --compare " + path + " --json");
+        EXPECT_EQ(all.Code, 0) << all.Told << all.Printed;
+        return Parse_Json(all.Printed).Elements();
+    };
+    // The other installation has no run at Jokioinen any more.
+    fs::remove_all(run.parent_path() / "Jokioinen_-_(J).run");
+
+    for (const auto& cell : seen(other.string())) {
+        const std::string location = cell.At("location").Text();
+        if (location.starts_with("Jokioinen")) {
+            EXPECT_TRUE(cell.At("other_value").Is_Null());
+            EXPECT_EQ(cell.At("other_state").Text(), "not simulated");
+            EXPECT_TRUE(cell.At("ratio").Is_Null());
+        } else {
+            EXPECT_EQ(cell.At("other_value").Number(), cell.At("value").Number()) << location;
+            EXPECT_EQ(cell.At("ratio").Number(), 1);
+        }
+    }
+    for (const auto& cell : seen(archive.string()))
+        EXPECT_EQ(cell.At("ratio").Number(), 1) << cell.At("other_state").Text();
+
+    // Twice the rate: what was there goes to the bin, and is compared with what is there now.
+    const std::string document = Read_Whole(other / "demo_C.psm");
+    Write_Whole(other / "demo_C.psm",
+                Replace_All(document, "   1    0    0    0    0   <day", "   2    0    0    0    0   <day"));
+    ASSERT_EQ(Shell(at_other + "mark --mode focus --pesticide demo_C.psm --crop 'Winter cereals' --location 'Hamburg "
+                               "(H)' --replace")
+                  .Code,
+              0);
+    ASSERT_EQ(Shell(at_other + "start --mode focus --wait").Code, 0);
+    const auto now = Shell(at_other + "overview --mode focus --pesticide demo_C --json --compare " +
+                           (other / "focus/bin/0001").string());
+    ASSERT_EQ(now.Code, 0) << now.Told;
+    const auto cells = Parse_Json(now.Printed).Elements();
+    const auto cell = std::ranges::find_if(cells, [](const Json_Value& one) {
+        return one.At("substance").Text() == "Demo metabolite M" && one.At("location").Text() == "Hamburg (H)";
+    });
+    ASSERT_NE(cell, cells.end());
+    const double before = Cells("Hamburg").at(1).At("value").Number(), after = cell->At("value").Number();
+    EXPECT_EQ(cell->At("other_value").Number(), before);
+    EXPECT_GT(after, 1.5 * before);
+    EXPECT_NEAR(cell->At("ratio").Number(), before / after, 1e-12);
+    EXPECT_EQ(cells.back().At("other_state").Text(), "not simulated");
+
+    const auto book = Place->Path() / "compared.xlsx";
+    EXPECT_EQ(Orvelctl("overview --mode focus --compare " + archive.string() + " --to " + book.string()).Code, 0);
+    EXPECT_TRUE(Read_Whole(book).starts_with("PK"));
+    const auto nothing = Orvelctl("overview --mode efsa --compare " + other.string());
+    EXPECT_EQ(nothing.Code, 1);
+    EXPECT_NE(nothing.Told.find("holds no simulations of efsa"), std::string::npos) << nothing.Told;
+    const auto none = Orvelctl("overview --mode focus --compare " + (Place->Path() / "gone").string());
+    EXPECT_EQ(none.Code, 1);
+}
+
 TEST_F(Orvelctl_Overview, Formats_Go_By_The_Ending_Of_The_File)
 {
     for (const char* name : {"o.csv", "o.html", "o.xlsx"}) {
         const auto outcome = Orvelctl("overview --mode focus --to " + (Installation() / name).string() + " 2>&1");
-        EXPECT_EQ(outcome.Exit, 0) << outcome.Printed;
+        EXPECT_EQ(outcome.Code, 0) << outcome.Printed;
     }
     EXPECT_TRUE(Read_Whole(Installation() / "o.csv")
                     .starts_with("\xEF\xBB\xBFPesticide file,Crop,Substance,Hamburg (H),Jokioinen (J),Sevilla (S),"
@@ -211,16 +258,16 @@ TEST_F(Orvelctl_Overview, Formats_Go_By_The_Ending_Of_The_File)
     for (const char* outside : {"<script", "src=", "<link", "url("})
         EXPECT_EQ(page.find(outside), std::string::npos) << outside;
 
-    EXPECT_EQ(Orvelctl("overview --mode focus --to o.doc 2>&1").Exit, 1);
-    EXPECT_EQ(Orvelctl("overview --mode focus --pesticide nothing 2>/dev/null").Exit, 1);
-    EXPECT_EQ(Orvelctl("overview --mode focus --json --to x.csv 2>/dev/null").Exit, 2);
+    EXPECT_EQ(Orvelctl("overview --mode focus --to o.doc 2>&1").Code, 1);
+    EXPECT_EQ(Orvelctl("overview --mode focus --pesticide nothing 2>/dev/null").Code, 1);
+    EXPECT_EQ(Orvelctl("overview --mode focus --json --to x.csv 2>/dev/null").Code, 2);
 }
 
 // Looks into the workbook with another program's reader of the container and of XML.
 TEST_F(Orvelctl_Overview, The_Workbook_Has_Numbers_As_Numbers_And_Names_As_Texts)
 {
     const auto book = Installation() / "w.xlsx";
-    ASSERT_EQ(Orvelctl("overview --mode focus --to " + book.string()).Exit, 0);
+    ASSERT_EQ(Orvelctl("overview --mode focus --to " + book.string()).Code, 0);
     const std::string script = R"(
 import sys, zipfile, xml.etree.ElementTree as tree
 book = zipfile.ZipFile(sys.argv[1])
@@ -244,17 +291,17 @@ for cell in sheet.iter(space + "c"):
     figure << "D4 " << Cells("Hamburg").at(1).At("value").Number() << "\n";
     EXPECT_NE(seen.Printed.find(figure.str()), std::string::npos) << figure.str() << seen.Printed;
     const std::string first = Read_Whole(book);
-    ASSERT_EQ(Orvelctl("overview --mode focus --to " + book.string()).Exit, 0);
+    ASSERT_EQ(Orvelctl("overview --mode focus --to " + book.string()).Code, 0);
     EXPECT_EQ(Read_Whole(book), first); // the same content gives the same bytes
 }
 
 // The page as a browser lays it out: on paper every figure can be read, on a wide screen and on a phone it is painted.
 TEST_F(Orvelctl_Overview, The_Page_Is_Laid_Out_By_A_Browser)
 {
-    if (Shell("command -v chromium").Exit != 0 || Shell("command -v pdftotext").Exit != 0)
+    if (Shell("command -v chromium").Code != 0 || Shell("command -v pdftotext").Code != 0)
         GTEST_SKIP() << "There is no chromium or no pdftotext: the page was not tried in a browser.";
     const auto page = Installation() / "page.html", paper = Installation() / "page.pdf";
-    ASSERT_EQ(Orvelctl("overview --mode focus --to " + page.string()).Exit, 0);
+    ASSERT_EQ(Orvelctl("overview --mode focus --to " + page.string()).Code, 0);
     const std::string browser = "timeout 120 chromium --headless --no-sandbox --disable-gpu --user-data-dir=" +
                                 (Installation() / "browser").string() + " ";
 

@@ -61,6 +61,15 @@ protected:
         return results.Printed;
     }
 
+    // A program of this name before all others on the PATH.
+    void Put_Program(const std::string& name, const std::string& script)
+    {
+        fs::create_directories(Place / "bin");
+        Put("bin/" + name, "#!/bin/sh\n" + script);
+        fs::permissions(Place / "bin" / name, fs::perms::owner_all);
+    }
+    std::string With_Programs() const { return "env PATH='" + (Place / "bin").string() + "':/usr/bin:/bin"; }
+
     // What the box of a wrong plan of one row says; `columns` and `cells` follow the five of a good row.
     std::string Told_Of(const std::string& row, const std::string& columns = "")
     {
@@ -399,6 +408,73 @@ TEST_F(Orvelctl_Plan, Without_Waiting_It_Goes_On_By_Itself_And_A_Second_One_Is_R
         status = Do("plan status runs").Printed;
     }
     EXPECT_EQ(status, "8 runs, 8 complete\n");
+}
+
+// The cluster starts the tasks one by one after sbatch has ended, and lists the job until the last has.
+TEST_F(Orvelctl_Plan, On_A_Cluster_It_Is_One_Array_Of_Parts_And_Comes_To_The_Same)
+{
+    Put_Plan(7);
+    Put_Program("sbatch", "printf '%s\\n' \"$@\" > arguments\n"
+                          "(for i in 1 2 3; do SLURM_ARRAY_TASK_ID=$i sh ./slurm.sh; done; : > ended) &\n"
+                          "echo 'sbatch: warning: 3 tasks' >&2\necho 4711\n");
+    Put_Program("squeue", "test -e ended || echo 4711\n");
+
+    const auto run = Do(R"(plan run plan.csv --to "a plan's \$HOME %a" --slurm --tasks 3 --time 90 --limit 60 --wait)",
+                        With_Programs());
+
+    EXPECT_EQ(run.Code, 0) << run.Standard_Error;
+    EXPECT_EQ(run.Printed, "Job 4711, 3 tasks\n");
+    EXPECT_TRUE(run.Standard_Error.ends_with("7 runs, 7 complete\n")) << run.Standard_Error;
+    const fs::path plan = Place / "a plan's $HOME %a";
+    EXPECT_EQ(Read_Whole(plan / "arguments"),
+              "--parsable\n--job-name=orvel-plan\n--array=1-3\n--ntasks=1\n--cpus-per-task=1\n--requeue\n"
+              "--output=/dev/null\n--time=90\nslurm.sh\n");
+    EXPECT_TRUE(Read_Whole(plan / "slurm-1.log").ends_with("3 of 3 runs are complete.\n"));
+    EXPECT_TRUE(Read_Whole(plan / "slurm-3.log").ends_with("2 of 2 runs are complete.\n"));
+    ASSERT_EQ(Do("plan run plan.csv --to undisturbed --wait").Code, 0);
+    EXPECT_EQ(Results_Of(R"("a plan's \$HOME %a")"), Results_Of("undisturbed"));
+}
+
+TEST_F(Orvelctl_Plan, A_Cluster_That_Is_Not_There_Or_Refuses_Has_Its_Sentence)
+{
+    Put_Plan(2);
+    const std::string run = "plan run plan.csv --to runs --slurm --tasks 2";
+    Put_Program("nothing", "");
+    const auto missing = Do(run, With_Programs());
+    EXPECT_EQ(missing.Code, 1);
+    EXPECT_EQ(missing.Standard_Error, "Plan: There is no sbatch on this machine: a plan goes to a cluster from where "
+                                      "its Slurm is installed.\n");
+
+    Put_Program("sbatch", "echo 'sbatch: error: invalid partition specified: none' >&2\n"
+                          "echo 'sbatch: error: Batch job submission failed' >&2\nexit 1\n");
+    const auto refused = Do(run, With_Programs());
+    EXPECT_EQ(refused.Code, 1);
+    EXPECT_EQ(refused.Standard_Error,
+              "Plan: sbatch has not taken the plan: sbatch: error: invalid partition specified: none "
+              "sbatch: error: Batch job submission failed\n");
+    EXPECT_EQ(Do("plan status runs").Printed, "2 runs, 2 scheduled\n");
+
+    // A task fails: the directory tells it, whatever Slurm says.
+    Put_Program("sbatch", "echo 8\n");
+    Put_Program("squeue", "exit 0\n");
+    const auto not_done = Do(run + " --wait", With_Programs());
+    EXPECT_EQ(not_done.Code, 1);
+    EXPECT_EQ(not_done.Standard_Error, "2 runs, 2 scheduled\nPlan: Not all runs are complete. What the tasks told is "
+                                       "in slurm-1.log and so on; run the plan again to go on.\n");
+
+    EXPECT_EQ(Do("plan run plan.csv --to runs --slurm").Code, 2);
+    EXPECT_EQ(Do(run + " --part 1/2").Code, 2);
+    EXPECT_EQ(Do("plan run plan.csv --to runs --time 5").Code, 2);
+}
+
+TEST_F(Orvelctl_Plan, A_Part_That_Begins_Again_Waits_Until_The_One_Before_Has_Gone)
+{
+    Put_Plan(8);
+    ASSERT_EQ(Do("plan run plan.csv --to runs --jobs 1").Code, 0);
+
+    const auto second = Do("plan run plan.csv --to runs --patience 60 --wait");
+    EXPECT_EQ(second.Code, 0) << second.Standard_Error;
+    EXPECT_EQ(Do("plan status runs").Printed, "8 runs, 8 complete\n");
 }
 
 TEST_F(Orvelctl_Plan, A_Full_Disk_Is_Told_And_What_Is_Done_Stays)

@@ -1,25 +1,14 @@
 // A real assessment of the demonstration data, archived, laid out, run again and compared through the command line.
 #include "core/files.h"
 #include "core/sha256.h"
-#include "temporary_directory.h"
+#include "programs/shell.h"
 
 #include <array>
-#include <cstdio>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 namespace orvel {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-struct Outcome {
-    int Code = 0;
-    std::string Printed, Told;
-};
-
-} // namespace
 
 // One installation and its runs for all tests, which leave it as it is; two simulations of 26 years.
 class Orvelctl_Records : public testing::Test {
@@ -40,12 +29,7 @@ protected:
     }
     static void TearDownTestSuite() { Place.reset(); }
 
-    static Outcome Do(const std::string& words)
-    {
-        const std::string out = File("printed"), told = File("told");
-        const int status = std::system((std::string(ORVELCTL) + " " + words + " >" + out + " 2>" + told).c_str());
-        return {WEXITSTATUS(status), Read_Whole(out), Read_Whole(told)};
-    }
+    static Outcome Do(const std::string& words) { return Shell(std::string(ORVELCTL) + " " + words); }
     static Outcome In_Suite(const std::string& words) { return Do("-C '" + Suite() + "' " + words); }
 
     static std::string File(const std::string& name) { return (Place->Path() / name).string(); }

@@ -1,7 +1,8 @@
 #include "core/system/lock.h"
+#include "programs/shell.h"
 #include "runs/run_fixture.h"
 
-#include <sys/wait.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace orvel {
@@ -11,18 +12,9 @@ namespace fs = std::filesystem;
 // The commands mark, start and status, used as a script would.
 class Orvelctl_Runs : public Run_Test {
 protected:
-    struct Outcome {
-        int Code;
-        std::string Printed, Standard_Error;
-    };
-
     Outcome Do(const std::string& words)
     {
-        const std::string out = (Home / "printed").string(), told = (Home / "told").string();
-        const std::string command =
-            std::string(ORVELCTL) + " -C '" + Home.Path().string() + "' " + words + " >" + out + " 2>" + told;
-        const int status = std::system(command.c_str());
-        return {WEXITSTATUS(status), Read_Whole(out), Read_Whole(told)};
+        return Shell(std::string(ORVELCTL) + " -C '" + Home.Path().string() + "' " + words);
     }
 
     void Three_Locations()
@@ -48,13 +40,13 @@ TEST_F(Orvelctl_Runs, A_Batch_Is_Marked_Started_Waited_For_And_Listed)
     Good_Engine();
 
     const auto marked = Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --all --output minimum");
-    EXPECT_EQ(marked.Code, 0) << marked.Standard_Error;
+    EXPECT_EQ(marked.Code, 0) << marked.Told;
     EXPECT_EQ(marked.Printed, "focus/my_-_test.run/Maize.run/Ch\u00E2teaudun_-_(C)--_-_irrigated.run\nfocus/"
                               "my_-_test.run/Maize.run/Hamburg_-_(H).run\n");
 
     const auto started = Do("start --mode focus --jobs 2 --wait");
-    EXPECT_EQ(started.Code, 0) << started.Standard_Error;
-    EXPECT_TRUE(started.Standard_Error.ends_with("2 of 2 runs, 100 %\n")) << started.Standard_Error;
+    EXPECT_EQ(started.Code, 0) << started.Told;
+    EXPECT_TRUE(started.Told.ends_with("2 of 2 runs, 100 %\n")) << started.Told;
 
     const auto listed = Do("status --mode focus");
     EXPECT_EQ(listed.Code, 0);
@@ -76,7 +68,7 @@ TEST_F(Orvelctl_Runs, A_Location_Is_Given_In_The_Letters_Of_The_Terminal)
     const auto marked =
         Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Ch\u00E2teaudun (C), irrigated'");
 
-    EXPECT_EQ(marked.Code, 0) << marked.Standard_Error;
+    EXPECT_EQ(marked.Code, 0) << marked.Told;
     EXPECT_TRUE(fs::exists(Home / "focus" / "batch.bat"));
 }
 
@@ -89,13 +81,13 @@ TEST_F(Orvelctl_Runs, A_Combination_Already_Run_Is_Refused_Unless_It_Shall_Be_Re
 
     const auto refused = Do(Mark_Hamburg);
     EXPECT_EQ(refused.Code, 1);
-    EXPECT_EQ(refused.Standard_Error, "Starting ORVEL Simulations: You already performed a ORVEL-Simulation using this "
-                                      "combination.If you continue the previous "
-                                      "simulation will be removed!\n");
+    EXPECT_EQ(refused.Told, "Starting ORVEL Simulations: You already performed a ORVEL-Simulation using this "
+                            "combination.If you continue the previous "
+                            "simulation will be removed!\n");
 
     const auto replaced = Do(std::string(Mark_Hamburg) + " --replace");
     EXPECT_EQ(replaced.Code, 0);
-    EXPECT_EQ(replaced.Standard_Error, "");
+    EXPECT_EQ(replaced.Told, "");
 }
 
 TEST_F(Orvelctl_Runs, What_The_Form_Warns_Of_Is_Refused_With_Its_Text)
@@ -106,12 +98,12 @@ TEST_F(Orvelctl_Runs, What_The_Form_Warns_Of_Is_Refused_With_Its_Text)
         Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location 'Thiva (T), irrigated'");
     EXPECT_EQ(refused.Code, 1);
     EXPECT_EQ(
-        refused.Standard_Error,
+        refused.Told,
         "Starting ORVEL Simulations: No application pattern for Thiva (T) defined in the selected pesticide file\n");
     EXPECT_EQ(Do("mark --mode focus --pesticide none.psm --crop Maize --all").Code, 1);
     EXPECT_EQ(Do("mark --mode focus --pesticide 'my test.psm' --crop Corn --all").Code, 1);
     EXPECT_EQ(Do("mark --mode focus --pesticide 'my test.psm' --crop Maize --location Nowhere").Code, 1);
-    EXPECT_EQ(Do("mark --mode efsa --pesticide 'my test.psm' --crop Maize --all").Standard_Error,
+    EXPECT_EQ(Do("mark --mode efsa --pesticide 'my test.psm' --crop Maize --all").Told,
               "Data error!: EFSA Tier 2 scenario data not available in this installation!\r\n\n");
     EXPECT_EQ(Do(std::string(Mark_Hamburg) + " --tillage 41").Code, 1);
 }
@@ -157,9 +149,8 @@ TEST_F(Orvelctl_Runs, A_Run_That_Fails_Is_The_Exit_Code_Of_The_Waiting_Start)
     const auto started = Do("start --mode focus --wait");
 
     EXPECT_EQ(started.Code, 1);
-    EXPECT_NE(started.Standard_Error.find("Starting ORVEL Simulations: Not every simulation has finished."),
-              std::string::npos)
-        << started.Standard_Error;
+    EXPECT_NE(started.Told.find("Starting ORVEL Simulations: Not every simulation has finished."), std::string::npos)
+        << started.Told;
     EXPECT_TRUE(Do("status --mode focus").Printed.ends_with("\tScheduled\tfailed\n"));
     EXPECT_EQ(Do("start --mode focus").Code, 1); // nothing is pending any more
 }
@@ -172,7 +163,7 @@ TEST_F(Orvelctl_Runs, Failed_Runs_Are_Run_Again_And_Finished_Ones_Stay_As_They_A
     ASSERT_EQ(Do("start --mode focus --wait --limit 100").Code, 1);
     Good_Engine();
 
-    EXPECT_EQ(Do("start --mode focus --resume --wait").Standard_Error,
+    EXPECT_EQ(Do("start --mode focus --resume --wait").Told,
               "Starting ORVEL Simulations: There is no such simulation in the last job.\n");
     EXPECT_EQ(Do("start --mode focus --failed --wait").Code, 0);
     EXPECT_EQ(Do("start --mode focus --failed --wait").Code, 0); // nothing is left to do
@@ -221,6 +212,24 @@ TEST_F(Orvelctl_Runs, Verify_Prints_A_Line_A_Run_And_Status_Names_The_Inputs_Tha
     EXPECT_EQ(verified.Printed, "changed\t" + run + "\t../../../H_03.cli has changed.\n");
 }
 
+TEST_F(Orvelctl_Runs, Status_Tells_Which_Input_Cannot_Be_Read_And_Lists_The_Runs_All_The_Same)
+{
+    Three_Locations();
+    Good_Engine();
+    ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
+    ASSERT_EQ(Do("start --mode focus --wait").Code, 0);
+    fs::remove(Home / "focus" / "H_03.cli");
+    ASSERT_EQ(::mkfifo((Home / "focus" / "H_03.cli").c_str(), 0600), 0);
+
+    const auto status = Do("status --mode focus --json");
+
+    EXPECT_EQ(status.Code, 1);
+    EXPECT_NE(status.Told.find("H_03.cli cannot be read: "), std::string::npos) << status.Told;
+    EXPECT_NE(status.Printed.find("\"changed_inputs\": [\"../../../H_03.cli\"]"), std::string::npos) << status.Printed;
+    fs::remove(Home / "focus" / "H_03.cli"); // what is not there is another matter
+    EXPECT_EQ(Do("status --mode focus --json").Code, 0);
+}
+
 TEST_F(Orvelctl_Runs, Tables_Of_A_Run_That_Is_Not_Complete_Name_What_Is_Missing_And_Leave_No_Cache)
 {
     Three_Locations();
@@ -232,16 +241,15 @@ TEST_F(Orvelctl_Runs, Tables_Of_A_Run_That_Is_Not_Complete_Name_What_Is_Missing_
     for (const std::string command : {"tables", "balance"}) {
         const auto shown = Do(command + " '" + run.string() + "'");
         EXPECT_EQ(shown.Code, 1);
-        EXPECT_NE(shown.Standard_Error.find("12 of 26 years"), std::string::npos) << shown.Standard_Error;
+        EXPECT_NE(shown.Told.find("12 of 26 years"), std::string::npos) << shown.Told;
         EXPECT_FALSE(shown.Printed.empty());
     }
     EXPECT_TRUE(List_Files(run, "*Balance.orv").empty());
     EXPECT_FALSE(fs::exists(run / "year.orv"));
     const auto report = Do("report --mode focus --pesticide 'my test' --crop Maize");
     EXPECT_EQ(report.Code, 1);
-    EXPECT_NE(report.Standard_Error.find("Maize, Hamburg (H): The simulation is incomplete: 12 of 26 years."),
-              std::string::npos)
-        << report.Standard_Error;
+    EXPECT_NE(report.Told.find("Maize, Hamburg (H): The simulation is incomplete: 12 of 26 years."), std::string::npos)
+        << report.Told;
 }
 
 TEST_F(Orvelctl_Runs, A_Second_Start_Is_Refused_While_A_Job_Is_At_Work)
@@ -250,7 +258,7 @@ TEST_F(Orvelctl_Runs, A_Second_Start_Is_Refused_While_A_Job_Is_At_Work)
     ASSERT_EQ(Do(Mark_Hamburg).Code, 0);
     const auto job = Lock::Take(Home / "focus");
 
-    EXPECT_EQ(Do("start --mode focus").Standard_Error,
+    EXPECT_EQ(Do("start --mode focus").Told,
               "Starting ORVEL Simulations: The current ORVEL simulation is still running.\n");
 }
 

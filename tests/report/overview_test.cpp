@@ -2,10 +2,13 @@
 
 #include "core/csv.h"
 #include "core/files.h"
+#include "core/json_reader.h"
 #include "report/overview_formats.h"
 #include "report/overview_settings.h"
 #include "temporary_directory.h"
 
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -133,6 +136,117 @@ TEST(Overview, Total_Content_And_Pore_Water_Are_Never_Compared)
     EXPECT_EQ(overview.Rows[1].Unit, "mg/L");
     EXPECT_EQ(Cells_Of(overview, 0), (Texts{"3.0000000", ""}));
     EXPECT_EQ(Overview_Csv(overview).find("Above"), std::string::npos); // the limit is that of water
+}
+
+namespace {
+
+Overview Compared(std::vector<Overview_Run> runs, std::vector<Overview_Run> others)
+{
+    Compare_With(runs, {"older", std::move(others)});
+    auto overview = Arranged(std::move(runs));
+    overview.Compared_With = "older";
+    return overview;
+}
+
+Texts Compared_Cells(const Overview& overview, std::size_t row)
+{
+    Texts texts;
+    for (std::size_t column = 0; column < overview.Columns.size(); ++column)
+        texts.push_back(Compared_Cell_Text(overview, overview.Rows.at(row), column));
+    return texts;
+}
+
+} // namespace
+
+TEST(Overview, One_That_Is_Compared_Shows_Both_Figures_And_Their_Ratio_In_Each_Cell)
+{
+    auto unrecorded = Done("Porto (O)", {Conc("A", 0.5, "0.500")});
+    unrecorded.Verdict = Verdict::Unrecorded;
+    const auto overview =
+        Compared({Done("Hamburg (H)", {Conc("A", 0.2, "0.200"), Conc("M1", 0, "0.000")}),
+                  Done("Porto (O)", {Conc("A", 0.5, "0.500"), Conc("M1", 2, "2.000")})},
+                 {unrecorded, Done("Hamburg (H)", {Conc("A", 0.3, "0.300"), Conc("M1", 1, "1.000")})});
+
+    EXPECT_EQ(Compared_Cells(overview, 0), (Texts{"0.200 | 0.300 | \xD7"
+                                                  "1.50",
+                                                  "0.500 | 0.500 (unrecorded) | \xD7"
+                                                  "1"}));
+    EXPECT_EQ(Compared_Cells(overview, 1), (Texts{"0.000 | 1.000", "2.000 | not simulated"})); // no ratio to nothing
+    EXPECT_EQ(Highest_Text(overview, overview.Rows[0]), "0.500");                              // of this assessment
+    EXPECT_EQ(Compared_Cells(Arranged({Done("Porto (O)", {Conc("A", 0.5, "0.500")})}), 0), Texts{"0.500"});
+}
+
+TEST(Overview, What_Only_One_Of_The_Two_Has_Is_Said_And_Counts_In_None)
+{
+    const auto overview = Compared({Waiting("Hamburg (H)", Cell_Kind::Scheduled, Verdict::Scheduled),
+                                    Done("Thiva (T)", {Conc("A", 0.2, "0.200")})},
+                                   {Done("Hamburg (H)", {Conc("A", 0.3, "0.300")}),
+                                    Done("Porto (O)", {Conc("A", 5, "5.000"), Conc("Other", 1, "1.000")}),
+                                    Waiting("Thiva (T)", Cell_Kind::Failed, Verdict::Failed)});
+
+    EXPECT_EQ(overview.Columns, (Texts{"Hamburg (H)", "Porto (O)", "Thiva (T)"}));
+    EXPECT_EQ(Compared_Cells(overview, 0), (Texts{"scheduled | 0.300", "not simulated | 5.000", "0.200 | failed"}));
+    EXPECT_EQ(overview.Rows.at(1).Substance, "Other");
+    EXPECT_EQ(Above_Text(overview.Rows[0]), "1 of 1; 1 without a figure");
+    EXPECT_EQ(Highest_Text(overview, overview.Rows[0]), "0.200");
+    EXPECT_EQ(Verdict_Word(*Run_At(overview, overview.Rows[0], 1)), "");
+}
+
+TEST(Overview, Formats_That_Are_Read_Cell_By_Cell_Have_Columns_For_The_Other_Figure_And_The_Ratio)
+{
+    const auto overview =
+        Compared({Done("Hamburg (H)", {Conc("A", 0.2, "0.200")})}, {Done("Hamburg (H)", {Conc("A", 0.3, "0.300")})});
+
+    const auto csv = Overview_Csv(overview);
+    EXPECT_NE(csv.find("Substance,Hamburg (H),\"Hamburg (H), the other one\",\"Hamburg (H), ratio\",Highest"),
+              std::string::npos)
+        << csv;
+    EXPECT_NE(csv.find("\r\np,Maize,A,0.200,0.300,1.50,0.200,"), std::string::npos) << csv;
+    EXPECT_NE(Overview_Lines(overview).find("A\t0.200\t0.300\t1.50\t0.200"), std::string::npos);
+    const auto sheet = Overview_Sheet(overview, {0.1});
+    EXPECT_EQ(sheet.Rows.at(1).at(4).Number, 0.3);
+    ASSERT_TRUE(sheet.Rows.at(1).at(5).Number);
+    EXPECT_NEAR(*sheet.Rows.at(1).at(5).Number, 1.5, 1e-12);
+    const auto json = Parse_Json(Overview_Json(overview));
+    EXPECT_EQ(json.Elements().at(0).At("value").Number(), 0.2);
+    EXPECT_EQ(json.Elements().at(0).At("other_value").Number(), 0.3);
+    EXPECT_EQ(json.Elements().at(0).At("other_state").Text(), "");
+    EXPECT_NEAR(json.Elements().at(0).At("ratio").Number(), 1.5, 1e-12);
+    const auto page = Overview_Html(overview, {0.1});
+    EXPECT_NE(page.find("> | 0.300 | \u00D7"
+                        "1.50<"),
+              std::string::npos)
+        << page;
+    EXPECT_NE(page.find("Compared with older: "), std::string::npos);
+}
+
+namespace {
+
+// Of a colour 0xRRGGBB, as the guidelines for readable text define it.
+double Luminance(std::uint32_t colour)
+{
+    const auto part = [&](unsigned shift) {
+        const double value = ((colour >> shift) & 0xFFU) / 255.0;
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(16) + 0.7152 * part(8) + 0.0722 * part(0);
+}
+
+double Contrast(std::uint32_t one, std::uint32_t other)
+{
+    const double first = Luminance(one), second = Luminance(other);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+} // namespace
+
+TEST(Overview, Every_Class_Can_Be_Read_And_Is_Darker_Than_The_One_Before)
+{
+    for (std::size_t i = 0; i < Most_Classes; ++i) {
+        EXPECT_GE(Contrast(Class_Fills[i], Class_Inks[i]), 4.5) << i;
+        // Told apart by any colour vision, and without colour.
+        EXPECT_TRUE(i == 0 || Luminance(Class_Fills[i]) < Luminance(Class_Fills[i - 1])) << i;
+    }
 }
 
 TEST(Overview, Two_Hundred_Letters_And_Formulas_Are_Texts)

@@ -102,6 +102,7 @@ TEST_F(Report_Session, The_Files_Are_Named_With_The_Digest_Of_Their_Bytes)
     EXPECT_EQ(gathered.Run_Control, (Checked_File{"orvel.inp", Sha256("control of " + Hamburg)}));
     EXPECT_EQ(report.Program, "ORVELSUITE 5.5.5");
     EXPECT_EQ(report.Engine, "ORVEL 4.01");
+    EXPECT_EQ(report.Acceptance, "not accepted here");
 }
 
 TEST_F(Report_Session, The_Uses_Are_Those_Of_The_File_That_Was_Simulated)

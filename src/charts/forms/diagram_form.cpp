@@ -4,6 +4,7 @@
 #include "charts/forms/picture_actions.h"
 #include "charts/painting/chart_painter.h"
 #include "core/run_name.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
 
@@ -64,6 +65,11 @@ void Diagram_Form::Name_Run(const std::filesystem::path& run_directory)
     Run = Run_Title(run_directory);
 }
 
+void Diagram_Form::Offer_Command(const std::string& line)
+{
+    Add_Button(Command_Button(this, [line] { return std::vector{line}; }));
+}
+
 // What is chosen comes before the buttons, which were laid out first.
 void Diagram_Form::showEvent(QShowEvent* event)
 {
@@ -82,6 +88,19 @@ void Diagram_Form::showEvent(QShowEvent* event)
     if (choices > 0)
         order.front()->setFocus();
     QDialog::showEvent(event);
+}
+
+// Texts that are broken into lines need the more height the narrower the window is; a layout alone does not hold that
+// against the chart.
+void Diagram_Form::Keep_Texts_Apart()
+{
+    setMinimumHeight(layout()->minimumHeightForWidth(width()));
+}
+
+void Diagram_Form::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    Keep_Texts_Apart();
 }
 
 void Diagram_Form::Show_Texts(const Chart& chart)
@@ -107,6 +126,7 @@ void Diagram_Form::Show_Chart(Chart chart)
 {
     Show_Texts(chart);
     Diagramm->Show(std::move(chart));
+    Keep_Texts_Apart();
 }
 
 const Chart& Diagram_Form::Shown_Chart() const

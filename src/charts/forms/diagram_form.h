@@ -27,6 +27,9 @@ public:
     // The run that the diagram is of: it begins the name proposed for its picture.
     void Name_Run(const std::filesystem::path& run_directory);
 
+    // Adds a button that shows the line with which orvelctl gives the same figures.
+    void Offer_Command(const std::string& line);
+
 protected:
     void Show_Chart(Chart chart);
     const Chart& Shown_Chart() const;
@@ -36,6 +39,7 @@ protected:
     void Add_Button(QPushButton* button); // after the common buttons
 
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
     // Where a form shows the key of its chart.
     QLabel* Key = nullptr;
@@ -46,6 +50,7 @@ private:
     void Speichern();
 
     void Show_Texts(const Chart& chart);
+    void Keep_Texts_Apart();
 
     Ask_Function Ask;
     std::string Run;

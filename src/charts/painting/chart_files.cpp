@@ -1,6 +1,7 @@
 #include "charts/painting/chart_files.h"
 
 #include "charts/painting/chart_painter.h"
+#include "charts/painting/pdf_fonts.h"
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/text.h"
@@ -55,13 +56,15 @@ QByteArray As_Pdf(const Picture& picture)
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageOrientation(QPageLayout::Landscape);
-    writer.setTitle(Title_Of(picture));
-    Paint_On(writer, writer.pageLayout().paintRectPixels(writer.resolution()).size(), picture);
-    return bytes;
+    {
+        QPdfWriter writer(&buffer);
+        writer.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
+        writer.setPageSize(QPageSize(QPageSize::A4));
+        writer.setPageOrientation(QPageLayout::Landscape);
+        writer.setTitle(Title_Of(picture));
+        Paint_On(writer, writer.pageLayout().paintRectPixels(writer.resolution()).size(), picture);
+    }
+    return With_Tagged_Fonts(bytes);
 }
 
 } // namespace

@@ -38,6 +38,17 @@ int Open(const std::filesystem::path& path, int flags)
     return number;
 }
 
+// The same for a lock that nobody else may hold: on network file systems only who may write a file can have it. A
+// directory or a running program cannot be opened so, nor a file without rights to it.
+int Open_To_Hold(const std::filesystem::path& path, int flags)
+{
+    int number = -1;
+    do
+        number = ::open(path.c_str(), O_RDWR | O_NONBLOCK | O_NOCTTY | flags);
+    while (number < 0 && errno == EINTR);
+    return number < 0 ? Open(path, flags) : number;
+}
+
 // Whether the lock was got; false: another process holds it.
 bool Try(int number, int kind, const std::filesystem::path& path)
 {
@@ -54,7 +65,7 @@ bool Try(int number, int kind, const std::filesystem::path& path)
 
 std::optional<Lock> Lock::Take(const std::filesystem::path& path, bool inherited)
 {
-    const int number = Open(path, inherited ? 0 : O_CLOEXEC);
+    const int number = Open_To_Hold(path, inherited ? 0 : O_CLOEXEC);
     if (number < 0)
         return std::nullopt;
     Lock lock(number);

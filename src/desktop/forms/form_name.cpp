@@ -1,5 +1,7 @@
 #include "desktop/forms/form_name.h"
 
+#include "desktop/forms/installation_check.h"
+#include "records/forms/work_in_window.h"
 #include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 
@@ -38,12 +40,23 @@ Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
     auto* ok = Push_Button("OK", "&OK", this, &QDialog::accept);
     ok->setDefault(true);
     auto* buttons = new QHBoxLayout;
+    buttons->addWidget(
+        Push_Button("Check_Installation", "&Check the installation", this, [this, &session] { Check(session); }));
     buttons->addStretch(1);
     buttons->addWidget(ok);
     auto* all = new QVBoxLayout(this);
     all->addLayout(rows);
     all->addLayout(buttons);
     resize(fontMetrics().averageCharWidth() * Columns_Shown, sizeHint().height());
+}
+
+void Form_name::Check(const Session& session)
+{
+    std::vector<Finding> findings;
+    const Program_State program = session.Program;
+    if (Do_In_Window(this, session.Ask, "Check the installation",
+                     [&](const Progress&) { findings = Examine(program); }))
+        Installation_Check(findings, this).exec();
 }
 
 } // namespace orvel

@@ -12,6 +12,9 @@ class Form_name : public QDialog {
 
 public:
     explicit Form_name(const Session& session, QWidget* parent = nullptr);
+
+private:
+    void Check(const Session& session);
 };
 
 } // namespace orvel

@@ -1,6 +1,7 @@
 #include "desktop/forms/start.h"
 
 #include "desktop/forms/form_name.h"
+#include "desktop/forms/places_menu.h"
 #include "desktop/forms/versionsinfo.h"
 #include "desktop/forms/windows.h"
 #include "desktop/update_check.h"
@@ -8,6 +9,7 @@
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "records/forms/archives.h"
+#include "runs/acceptance.h"
 #include "runs/start_up.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
@@ -164,7 +166,10 @@ QLayout* Start::Foot()
     Aktuelle_ORVELSUITE_Version =
         Version_Label("Aktuelle_ORVELSUITE_Version", The_Session.Program.Aktuelle_ORVELSUITE_Version);
     auto* labels = new QHBoxLayout(version);
+    auto* acceptance = Named(new QLabel(Shown(Acceptance_Of_Installed(The_Session.Program))), "Acceptance");
+    acceptance->setToolTip("What the engine came to on the reference substances: orvelctl accept");
     labels->addWidget(Aktuelle_ORVEL_Version);
+    labels->addWidget(acceptance);
     labels->addSpacing(fontMetrics().averageCharWidth() * 4);
     labels->addWidget(Aktuelle_ORVELSUITE_Version);
 
@@ -183,6 +188,7 @@ QLayout* Start::Foot()
     auto* foot = new QHBoxLayout;
     foot->addWidget(version);
     foot->addStretch(1);
+    foot->addWidget(Places_Button(The_Session, *this), 0, Qt::AlignBottom);
     foot->addWidget(update, 0, Qt::AlignBottom);
     foot->addWidget(Command3, 0, Qt::AlignBottom);
     foot->addWidget(Command4, 0, Qt::AlignBottom);

@@ -24,7 +24,7 @@ std::vector<Overview_Action> Actions_On_Records(const Session& session)
              [own](const Mode& mode, const Overview_Row& row, const Overview_Run*, QWidget* parent) {
                  Archive_In_Window(*own, mode, row.Pesticide, row.Crop, parent);
              }},
-            {"A_Compare", "Compare wit&h another assessment ...",
+            {"A_Archives", "Archives and compar&isons ...",
              [own](const Mode&, const Overview_Row&, const Overview_Run*, QWidget* parent) {
                  Archives(*own, parent).exec();
              }}};

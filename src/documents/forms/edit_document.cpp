@@ -1,19 +1,77 @@
 #include "documents/forms/edit_document.h"
 
+#include "core/files.h"
+#include "core/system/user_directories.h"
+#include "documents/unsaved_copy.h"
 #include "scenario/forms/klima.h"
 #include "scenario/forms/szenario.h"
 #include "substance/forms/form_psm_1.h"
+
+#include <QGuiApplication>
+#include <QSessionManager>
+#include <QTimer>
 
 namespace orvel {
 
 namespace {
 
-using Editor = void (*)(Session& session, const std::filesystem::path& directory, QWidget* parent);
+constexpr std::chrono::seconds First_Copy(5), Between_Copies(60);
 
-template <class Form> void Edit(Session& session, const std::filesystem::path& directory, QWidget* parent)
+std::filesystem::path Place_Of_Copies()
 {
-    Form(session, directory, parent).exec();
+    const auto state = User_State_Directory();
+    return state.empty() ? state : state / "unsaved";
 }
+
+// Keeps a copy of what an editor holds, soon after its first change, then once a minute, and when the desktop ends the
+// session.
+template <class Form> class Copy_Keeper : public QObject {
+public:
+    Copy_Keeper(Session& session, Form& form, Unsaved_Copy& copy) : The_Session(session), The_Form(form), Copy(copy)
+    {
+        connect(&Clock, &QTimer::timeout, this, &Copy_Keeper::Keep);
+        connect(
+            qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Keep(); }, Qt::DirectConnection);
+        Clock.start(First_Copy);
+    }
+
+private:
+    void Keep()
+    {
+        if constexpr (requires { The_Form.Store(); })
+            The_Form.Store();
+        const bool had_changes = Copy.Has_Copy();
+        Copy.Keep(The_Session);
+        if (Copy.Has_Copy() != had_changes)
+            Clock.start(Between_Copies);
+    }
+
+    Session& The_Session;
+    Form& The_Form;
+    Unsaved_Copy& Copy;
+    QTimer Clock;
+};
+
+template <class Form>
+void Edit(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
+{
+    Unsaved_Copy copy(Place_Of_Copies(), kind, directory / Path_Of(session.Program.PSM_File));
+    Form form(session, directory, parent);
+    copy.Begin(session);
+    if (const auto offer = copy.Offer(session)) {
+        if (session.Ask(*offer) != Button::Yes)
+            copy.Drop_Offered();
+        else if (copy.Take(session))
+            form.Show_Unsaved();
+    }
+    {
+        const Copy_Keeper keeper(session, form, copy);
+        form.exec();
+    }
+    copy.End();
+}
+
+using Editor = void (*)(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent);
 
 // In the order of Document_Kind.
 constexpr std::array<Editor, 3> Editors = {Edit<Form_PSM_1>, Edit<Szenario>, Edit<Klima>};
@@ -22,7 +80,7 @@ constexpr std::array<Editor, 3> Editors = {Edit<Form_PSM_1>, Edit<Szenario>, Edi
 
 void Edit_Document(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
 {
-    Editors[static_cast<std::size_t>(kind)](session, directory, parent);
+    Editors[static_cast<std::size_t>(kind)](session, kind, directory, parent);
 }
 
 void Open_And_Edit(Session& session, const std::filesystem::path& file, QWidget* parent)

@@ -7,14 +7,12 @@
 #include "records/forms/archive_dialog.h"
 #include "report/evaluated_pesticide.h"
 #include "report/forms/zusammenfassung_orv.h"
-#include "runs/calendar_file.h"
 #include "tables/forms/jahr_orv.h"
 #include "tables/forms/mass_balance.h"
 #include "tables/forms/pecsoil.h"
 #include "tables/forms/text_viewer.h"
 #include "ui/forms/command_box.h"
 #include "ui/forms/widgets.h"
-#include "ui/shown_file.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -123,8 +121,7 @@ void Analyse::Report_Failure()
     if (!Failed)
         return;
     Failed = false;
-    if (const auto echo = Shown_Echo(The_Session, Run_Directory()))
-        Fehler_in_Simulation(*echo, The_Session.Ask, this).exec();
+    Show_Failed_Echo(The_Session, Run_Directory(), this);
 }
 
 std::filesystem::path Analyse::Run_Directory() const
@@ -175,8 +172,7 @@ void Analyse::Balance_Click()
 
 void Analyse::Echo_Click()
 {
-    if (const auto echo = Shown_Echo(The_Session, Run_Directory()))
-        Echo_ORV(*echo, The_Session.Ask, this).exec();
+    Show_Echo(The_Session, Run_Directory(), this);
 }
 
 void Analyse::Zusammenfassung_Click()
@@ -201,8 +197,7 @@ void Analyse::Zusammenfassung_Click()
 
 void Analyse::Grafik_Click()
 {
-    const auto calendar = Calendar_File(The_Session, Run_Directory(), false);
-    taegliches_Diagramm_neu(The_Session.Ask, Series->Choice(Run_Directory(), calendar), this).exec();
+    Series->Show_Diagram(The_Session, Run_Directory(), false, this);
 }
 
 void Analyse::Command()
@@ -213,19 +208,11 @@ void Analyse::Command()
     const auto line = [&](const std::vector<std::string>& words) {
         return Orvelctl_Line(The_Session.Program.App_Path, words);
     };
-    const auto choice = Series->Choice(Run_Directory(), {});
-    const auto month = [](const Run_Month& at) { return std::to_string(at.Year) + "-" + std::to_string(at.Month); };
-    std::vector<std::string> series = {"series",   run,
-                                       "--column", std::to_string(choice.Column),
-                                       "--from",   month(choice.Request.From),
-                                       "--to",     month(choice.Request.To)};
-    if (choice.Request.Cumulative)
-        series.emplace_back("--cumulative");
     Show_Command(this,
                  {line(The_Mode.Kind == Mode_Kind::Focus
                            ? std::vector<std::string>{"tables", run}
                            : std::vector<std::string>{"pecsoil", run, "--depth", ERC->currentText().toStdString()}),
-                  line({"balance", run}), line(series),
+                  line({"balance", run}), Series->Command(The_Session, Run_Directory()),
                   line({"report", "--mode", std::string(The_Mode.Name), "--pesticide",
                         Pestizidverzeichnis->currentText().toStdString(), "--crop",
                         Kulturverzeichnis->currentText().toStdString()})});

@@ -1,11 +1,12 @@
 #include "evaluation/forms/inout_sel.h"
 
 #include "core/files.h"
+#include "core/shell_line.h"
 #include "evaluation/forms/series_choice.h"
 #include "jobs/start_batch.h"
 #include "output/echo_file.h"
-#include "runs/calendar_file.h"
 #include "tables/forms/text_viewer.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
@@ -130,6 +131,7 @@ QLayout* inout_sel::Buttons()
     S_Taeglich = add("S_Taeglich", "&Daily", [this] { Show_Utility_Table(Utility::Day); });
     s_Echo = add("s_Echo", "&Echo of Input data", &inout_sel::Echo_Click);
     Grafik = add("Grafik", "S&how Diagram", &inout_sel::Grafik_Click);
+    row->addWidget(Befehl = Command_Button(this, [this] { return Commands(); }));
     row->addStretch(1);
     add("Command4", "D&one", &QDialog::accept);
     return row;
@@ -152,6 +154,7 @@ void inout_sel::Go_To(const std::filesystem::path& directory)
     S_Monatlich->setEnabled(has_series && layers.Has_Monthly_Output);
     S_Taeglich->setEnabled(has_series && layers.Has_Daily_Output);
     s_Echo->setEnabled(Find_File(Directory, "echo.orv").has_value());
+    Befehl->setEnabled(s_Echo->isEnabled() || Grafik->isEnabled());
     Nachricht->clear();
 }
 
@@ -218,14 +221,22 @@ void inout_sel::Tick()
 
 void inout_sel::Echo_Click()
 {
-    if (const auto echo = Shown_Echo(The_Session, Directory))
-        Echo_ORV(*echo, The_Session.Ask, this).exec();
+    Show_Echo(The_Session, Directory, this);
+}
+
+std::vector<std::string> inout_sel::Commands() const
+{
+    std::vector<std::string> lines;
+    if (s_Echo->isEnabled())
+        lines.push_back(Orvelctl_Line(The_Session.Program.App_Path, {"echo", Directory.string()}));
+    if (Grafik->isEnabled())
+        lines.push_back(Series->Command(The_Session, Directory));
+    return lines;
 }
 
 void inout_sel::Grafik_Click()
 {
-    const auto calendar = Calendar_File(The_Session, Directory, true);
-    taegliches_Diagramm_neu(The_Session.Ask, Series->Choice(Directory, calendar), this).exec();
+    Series->Show_Diagram(The_Session, Directory, true, this);
 }
 
 } // namespace orvel

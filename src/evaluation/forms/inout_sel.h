@@ -42,6 +42,7 @@ private:
     void Tick();
     void Echo_Click();
     void Grafik_Click();
+    std::vector<std::string> Commands() const;
 
     Session& The_Session;
     std::filesystem::path Directory;
@@ -54,7 +55,7 @@ private:
     std::array<QListWidget*, 4> Files{}; // File_psm, File_sze, File_cli, File_orv
     Series_Choice* Series = nullptr;
     QPushButton *S_Jaehrlich = nullptr, *S_Monatlich = nullptr, *S_Taeglich = nullptr, *s_Echo = nullptr,
-                *Grafik = nullptr;
+                *Grafik = nullptr, *Befehl = nullptr;
     QTimer Timer1;
 };
 

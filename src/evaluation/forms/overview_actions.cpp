@@ -54,7 +54,7 @@ bool Has_Output(const Overview_Run& run)
 void Overview_Window::Enable_Actions()
 {
     const auto* row = Table_Model.Row_At(Table->currentIndex());
-    const auto* run = Table_Model.Run_At(Table->currentIndex());
+    const auto* run = Marked_Run();
     for (auto* action : {A_Leachate, A_Daily, A_Balance, A_Echo, A_Changed})
         action->setEnabled(run && Has_Output(*run));
     A_Scenario->setEnabled(run != nullptr);
@@ -67,10 +67,16 @@ void Overview_Window::Enable_Actions()
                          }));
 }
 
+const Overview_Run* Overview_Window::Marked_Run() const
+{
+    const auto* run = Table_Model.Run_At(Table->currentIndex());
+    return run && run->Kind != Cell_Kind::Absent ? run : nullptr;
+}
+
 // The marked simulation as it is now.
 Simulation Overview_Window::Marked_Simulation() const
 {
-    const auto* run = Table_Model.Run_At(Table->currentIndex());
+    const auto* run = Marked_Run();
     if (!run)
         return {};
     Simulation simulation = Look_At_Run(run->Directory);
@@ -101,8 +107,7 @@ void Overview_Window::Balance()
 
 void Overview_Window::Echo()
 {
-    if (const auto echo = Shown_Echo(The_Session, Marked_Simulation().Directory))
-        Echo_ORV(*echo, The_Session.Ask, this).exec();
+    Show_Echo(The_Session, Marked_Simulation().Directory, this);
 }
 
 // The file of the installation: what was simulated stays as it was.
@@ -131,16 +136,13 @@ void Overview_Window::What_Changed()
     const auto verified = Verifier(The_Session.Program.App_Path).Verify(simulation.Directory);
     text += verified.Result == Check::Ok ? "Every file of the simulation is the one that was recorded."
                                          : std::string(Check_Text(verified.Result)) + ": " + verified.Detail;
-    std::vector<std::string> changed;
-    try {
-        if (simulation.State.Record)
-            changed = Input_Changes(The_Session.Program.App_Path)
-                          .Of_Installation(simulation.Directory, *simulation.State.Record);
-    } catch (const File_Error& error) {
-        text += std::string(CrLf) + To_Code_Page(error.what());
+    if (simulation.State.Record) {
+        Input_Changes changes(The_Session.Program.App_Path);
+        for (const auto& input : changes.Of_Installation(simulation.Directory, *simulation.State.Record))
+            text += std::string(CrLf) + input + " of the installation is no longer the one that was simulated.";
+        for (const auto& reason : changes.Unreadable())
+            text += std::string(CrLf) + reason;
     }
-    for (const auto& input : changed)
-        text += std::string(CrLf) + input + " of the installation is no longer the one that was simulated.";
     The_Session.Ask({"What changed since", text, Icon::Information});
 }
 
@@ -238,9 +240,11 @@ void Overview_Window::Print()
     if (!Latest)
         return;
     const Overview shown = Table_Model.As_Shown();
+    QString page = "<h3>Overview</h3>";
+    for (const auto& sentence : Sentences_Of(shown))
+        page += "<p>" + Shown(sentence).toHtmlEscaped() + "</p>";
     Print_Page(*this, The_Session.Ask, "Overview",
-               "<h3>Overview</h3><p>" + Shown(shown.Quantity).toHtmlEscaped() + ".</p>" +
-                   QString::fromStdString(Overview_Fragment(shown, Settings.Bounds)));
+               page + QString::fromStdString(Overview_Fragment(shown, Settings.Bounds)));
 }
 
 void Overview_Window::Command()
@@ -256,6 +260,8 @@ void Overview_Window::Command()
     if (The_Mode().Kind != Mode_Kind::Focus)
         words.insert(words.end(), {"--depth", std::to_string(Depth->currentIndex() + 1), "--average",
                                    std::to_string(TWA_Window[static_cast<std::size_t>(Average->currentIndex())])});
+    if (Compared)
+        words.insert(words.end(), {"--compare", Compared_Path.string()});
     Show_Command(this, {Orvelctl_Line(The_Session.Program.App_Path, words)});
 }
 

@@ -2,6 +2,7 @@
 #include "charts/forms/picture_panel.h"
 #include "evaluation/forms/overview_window.h"
 #include "output/run_records.h"
+#include "report/run_results.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
 
@@ -55,6 +56,7 @@ void Overview_Window::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addLayout(Choices());
     all->addLayout(Soil_Choices());
+    all->addWidget(Comparison_Banner());
     all->addWidget(Table_And_Pictures(), 1);
     all->addLayout(Foot());
     Use_Form_Keys(*this);
@@ -85,7 +87,7 @@ QLayout* Overview_Window::Choices()
         States->addItem(text, static_cast<int>(kind));
     Locations = Combo("Locations", "Locations that count", {"All locations", "Edit ..."});
     Locations->setToolTip("The locations that an authority counts, kept with the installation");
-    Above_Limit = Named(new QCheckBox(QString::fromUtf8("Abo&ve 0.1 µg/L")), "Above_Limit");
+    Above_Limit = Named(new QCheckBox("Abo&ve " + Shown(Limit_Text())), "Above_Limit");
 
     connect(Modus, &QComboBox::activated, this, &Overview_Window::Choose_Again);
     connect(Find, &QLineEdit::textChanged, this, &Overview_Window::Show_Rows);
@@ -196,6 +198,19 @@ QWidget* Overview_Window::Table_And_Pictures()
     return both;
 }
 
+QWidget* Overview_Window::Comparison_Banner()
+{
+    Comparison = Named(new QLabel, "Comparison");
+    Comparison->setWordWrap(true);
+    Comparison_Box = new QWidget;
+    auto* row = new QHBoxLayout(Comparison_Box);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(Comparison, 1);
+    row->addWidget(Push_Button("Vergleich_Ende", "&End comparison", this, &Overview_Window::End_Comparison));
+    Comparison_Box->hide();
+    return Comparison_Box;
+}
+
 QLayout* Overview_Window::Foot()
 {
     Status = Named(new QLabel, "Status");
@@ -240,12 +255,13 @@ void Overview_Window::Add_Actions(const std::vector<Overview_Action>& further)
     Menu->addSeparator();
     A_Missing = Add_Action("A_Missing", "Run what is &missing", [this] { Run_Missing(); });
     A_Failed = Add_Action("A_Failed", "Run &failed ones again", [this] { Run_Failed(); });
+    A_Compare = Add_Action("A_Compare", "Compare wit&h ...", [this] { Compare(); });
     A_Report = Add_Action("A_Report", "Rep&ort", [this] { Report(); });
     for (const auto& [name, text, handler] : further) {
         auto* action = Add_Action(name, text, [] {});
         connect(action, &QAction::triggered, this, [this, handler] {
             if (const auto* row = Table_Model.Row_At(Table->currentIndex()))
-                handler(The_Mode(), *row, Table_Model.Run_At(Table->currentIndex()), this);
+                handler(The_Mode(), *row, Marked_Run(), this);
         });
     }
 }

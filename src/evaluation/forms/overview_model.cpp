@@ -1,6 +1,7 @@
 #include "evaluation/forms/overview_model.h"
 
 #include "report/overview_formats.h"
+#include "report/run_results.h"
 #include "ui/forms/widgets.h"
 
 #include <QBrush>
@@ -36,6 +37,8 @@ QString Sign_Of(Cell_Kind kind)
     case Cell_Kind::No_Figure:
     case Cell_Kind::Unreadable:
         return "! ";
+    case Cell_Kind::Absent:
+        return QString::fromUtf8("\u2205 ");
     case Cell_Kind::Figure:
         break;
     }
@@ -61,7 +64,8 @@ bool Overview_Model::Show(std::shared_ptr<const Overview> overview, const Row_Fi
         return a.Pesticide == b.Pesticide && a.Crop == b.Crop && a.Substance == b.Substance && a.Unit == b.Unit;
     };
     const bool same = Source && Groups == groups && Source->Columns == overview->Columns &&
-                      Source->Mode == overview->Mode && std::ranges::equal(Source->Rows, overview->Rows, same_names);
+                      Source->Mode == overview->Mode && Source->Compared_With == overview->Compared_With &&
+                      std::ranges::equal(Source->Rows, overview->Rows, same_names);
     if (!same)
         beginResetModel();
     Source = std::move(overview);
@@ -159,7 +163,7 @@ QString Overview_Model::Text_Of(const Overview_Row& row, int column) const
         return Shown(Above_Text(row));
     const auto location = static_cast<std::size_t>(column - Before_Locations);
     const auto* run = orvel::Run_At(*Source, row, location);
-    return (run ? Sign_Of(run->Kind) : QString()) + Shown(Cell_Text(*Source, row, location));
+    return (run ? Sign_Of(run->Kind) : QString()) + Shown(Compared_Cell_Text(*Source, row, location));
 }
 
 QVariant Overview_Model::Figure_Data(const Overview_Row& row, std::size_t column, int role) const
@@ -202,6 +206,8 @@ QVariant Overview_Model::data(const QModelIndex& index, int role) const
         QStringList told = {Shown(run->Location)};
         for (const auto& sentence : Explanation_Of(*run))
             told << Shown(sentence);
+        if (const auto other = Other_Text(*Source, *row, *Location_At(index)); !other.empty())
+            told << Shown(Source->Compared_With + ": " + other);
         return told.join("\n");
     }
     if (role == Qt::AccessibleTextRole)
@@ -230,7 +236,7 @@ QVariant Overview_Model::headerData(int section, Qt::Orientation orientation, in
         return Shown(Source->Columns[static_cast<std::size_t>(section - Before_Locations)])
             .replace(" (", role == Qt::DisplayRole ? "\n(" : " (");
     return section == behind ? Source->Has_Limit ? QString::fromUtf8("Highest\n(µg/L)") : QString("Highest")
-                             : QString::fromUtf8("Above\n0.1 µg/L");
+                             : "Above\n" + Shown(Limit_Text());
 }
 
 } // namespace orvel

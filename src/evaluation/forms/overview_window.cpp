@@ -95,7 +95,8 @@ Survey_Choice Overview_Window::Choice() const
 {
     return {.Mode = The_Mode().Kind,
             .Soil = {.Depth = Depth->currentIndex() + 1, .Window = static_cast<std::size_t>(Average->currentIndex())},
-            .Codes = Chosen_Codes(Settings)};
+            .Codes = Chosen_Codes(Settings),
+            .Compared = Compared};
 }
 
 Row_Filter Overview_Window::Filter() const
@@ -111,6 +112,8 @@ Row_Filter Overview_Window::Filter() const
 void Overview_Window::Choose_Again()
 {
     Show_Choices();
+    if (Compared)
+        return Compare_To(Compared_Path); // for the same figures
     Survey->Choose(Choice());
 }
 
@@ -189,8 +192,10 @@ void Overview_Window::Fill_Locations()
 void Overview_Window::Size_Columns()
 {
     const QFontMetrics metrics = fontMetrics();
-    const int most = metrics.averageCharWidth() * 40; // names can be long
+    constexpr int Longest_Name = 40, Longest_Cell = 90; // letters; two figures with their marks and the ratio
     for (int column = 0; column < Table_Model.columnCount(); ++column) {
+        const int most =
+            metrics.averageCharWidth() * (column < Table_Model.Location_Column() ? Longest_Name : Longest_Cell);
         int widest = 0;
         for (const QString& line :
              Table_Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().split('\n'))
@@ -214,7 +219,7 @@ void Overview_Window::Show_Key()
                    .arg(colours, QString::fromUtf8(Class_Signs[place].data()),
                         Shown(texts[i]).toHtmlEscaped().replace(" ", "&nbsp;"));
     }
-    Key->setText(key + QString::fromUtf8("&nbsp;<b>bold</b>: above 0.1&nbsp;µg/L"));
+    Key->setText(key + "&nbsp;<b>bold</b>: above " + Shown(Limit_Text()).replace(" ", "&nbsp;"));
 }
 
 // The values of the row's locations, by their stored tables; no big file is read for a picture.
@@ -225,7 +230,9 @@ std::vector<Location_Values> Overview_Window::Values_Of_Row(const Overview_Row& 
     for (std::size_t column = 0; column < overview.Columns.size(); ++column) {
         const auto* run = Run_At(overview, row, column);
         const auto* figure = Figure_At(overview, row, column);
-        auto& location = values.emplace_back(Location_Values{.Location = overview.Columns[column]});
+        const bool is_here = run || overview.Has_Limit; // total content and pore water have places of their own
+        auto& location =
+            values.emplace_back(Location_Values{.Location = is_here ? overview.Columns[column] : std::string()});
         if (!figure)
             continue;
         try {
@@ -251,15 +258,34 @@ void Overview_Window::Show_Pictures()
         Ranks->Show({});
         return;
     }
-    const auto values = Values_Of_Row(*row);
-    const bool has_limit = Table_Model.Shown_Overview()->Has_Limit;
-    const auto shown = Values->currentIndex() == 0 ? Conc_Values::Periods : Conc_Values::Years;
-    Picture->Show(Location_Chart(row->Substance, values, shown, row->Unit, has_limit));
     const auto column =
         Table_Model.Location_At(Table->currentIndex()).value_or(static_cast<std::size_t>(std::max(0, row->Highest)));
-    Ranks->setVisible(has_limit);
+    if (!Table_Model.Shown_Overview()->Has_Limit)
+        return Show_Soil_Pictures(*row, column);
+    const auto values = Values_Of_Row(*row);
+    const auto shown = Values->currentIndex() == 0 ? Conc_Values::Periods : Conc_Values::Years;
+    Picture->Show(Location_Chart(row->Substance, values, shown, row->Unit, true));
     if (column < values.size())
         Ranks->Show(Rank_Chart(row->Substance, values[column]));
+}
+
+void Overview_Window::Show_Soil_Pictures(const Overview_Row& row, std::size_t column)
+{
+    const Overview& overview = *Table_Model.Shown_Overview();
+    Picture->Show(Soil_Chart(row.Substance, Values_Of_Row(row), row.Unit, overview.Quantity));
+    Ranks->Show({});
+    const auto* figure = Figure_At(overview, row, column);
+    if (!figure)
+        return;
+    try {
+        const Soil_Choice soil = Choice().Soil;
+        const auto stored = Load_Soil_Concentrations(Run_At(overview, row, column)->Directory, soil.Depth);
+        const auto place = static_cast<std::size_t>(row.Cells[column].Figure);
+        if (stored && place < stored->Maximum.size())
+            Ranks->Show(Averaging_Chart(row.Substance, overview.Columns[column], row.Unit, stored->Maximum[place],
+                                        soil.Window));
+    } catch (const File_Error&) { // the cell tells it at the next look
+    }
 }
 
 void Overview_Window::Keep_Settings()

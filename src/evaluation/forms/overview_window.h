@@ -51,6 +51,7 @@ private:
     QLayout* Choices();
     QLayout* Soil_Choices();
     QWidget* Table_And_Pictures();
+    QWidget* Comparison_Banner();
     QLayout* Foot();
     void Add_Actions(const std::vector<Overview_Action>& further);
     QAction* Add_Action(const QString& name, const QString& text, std::function<void()> handler);
@@ -63,11 +64,13 @@ private:
     void Size_Columns();
     void Show_Key();
     void Show_Pictures();
+    void Show_Soil_Pictures(const Overview_Row& row, std::size_t column);
     void Enable_Actions();
     Survey_Choice Choice() const;
     Row_Filter Filter() const;
     const Mode& The_Mode() const;
     std::vector<Location_Values> Values_Of_Row(const Overview_Row& row) const;
+    const Overview_Run* Marked_Run() const; // nullptr: none, or only in what is compared
     Simulation Marked_Simulation() const;
 
     void Choose_Again();
@@ -93,25 +96,31 @@ private:
     void Save();
     void Print();
     void Command();
+    void Compare();
+    void Compare_To(const std::filesystem::path& other);
+    void End_Comparison();
+    void Show_Comparison();
 
     std::unique_ptr<Session> Owned;
     Session& The_Session;
     Overview_Settings Settings;
     Overview_Model Table_Model;
     std::shared_ptr<const Survey_State> Latest;
+    std::shared_ptr<const Compared_Assessment> Compared; // nullptr: nothing
+    std::filesystem::path Compared_Path;
 
     QTreeView* Table = nullptr;
     QComboBox *Modus = nullptr, *Crops = nullptr, *States = nullptr, *Locations = nullptr, *Depth = nullptr,
               *Average = nullptr, *Values = nullptr;
     QLineEdit *Find = nullptr, *Classes = nullptr;
     QCheckBox* Above_Limit = nullptr;
-    QLabel *Quantity = nullptr, *Key = nullptr, *Status = nullptr;
-    QWidget *Soil_Box = nullptr, *Class_Box = nullptr;
+    QLabel *Quantity = nullptr, *Key = nullptr, *Status = nullptr, *Comparison = nullptr;
+    QWidget *Soil_Box = nullptr, *Class_Box = nullptr, *Comparison_Box = nullptr;
     Picture_Panel *Picture = nullptr, *Ranks = nullptr;
     QMenu* Menu = nullptr;
     QAction *A_Leachate = nullptr, *A_Daily = nullptr, *A_Balance = nullptr, *A_Echo = nullptr, *A_Pesticide = nullptr,
             *A_Scenario = nullptr, *A_Changed = nullptr, *A_Again = nullptr, *A_Delete = nullptr, *A_Missing = nullptr,
-            *A_Failed = nullptr, *A_Report = nullptr;
+            *A_Failed = nullptr, *A_Report = nullptr, *A_Compare = nullptr;
     std::unique_ptr<Overview_Survey> Survey; // the last one made, the first one gone: its thread tells this window
 };
 

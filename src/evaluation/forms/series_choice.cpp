@@ -1,5 +1,7 @@
 #include "evaluation/forms/series_choice.h"
 
+#include "core/shell_line.h"
+#include "runs/calendar_file.h"
 #include "ui/forms/widgets.h"
 
 #include <QCheckBox>
@@ -158,6 +160,21 @@ Daily_Choice Series_Choice::Choice(const std::filesystem::path& run_directory,
         .Item = item.Text,
         .Request = {
             .Variable = item.Variable, .Cumulative = Cumulative->isChecked(), .From = period.From, .To = period.To}};
+}
+
+void Series_Choice::Show_Diagram(const Session& session, const std::filesystem::path& run_directory, bool single_run,
+                                 QWidget* parent) const
+{
+    const auto calendar = Calendar_File(session, run_directory, single_run);
+    taegliches_Diagramm_neu diagram(session.Ask, Choice(run_directory, calendar), parent);
+    diagram.Offer_Command(Command(session, run_directory));
+    diagram.exec();
+}
+
+std::string Series_Choice::Command(const Session& session, const std::filesystem::path& run_directory) const
+{
+    const auto choice = Choice(run_directory, {});
+    return Orvelctl_Line(session.Program.App_Path, Series_Words(run_directory, choice.Column, choice.Request));
 }
 
 } // namespace orvel

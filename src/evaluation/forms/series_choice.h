@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/session.h"
 #include "evaluation/period_choice.h"
 #include "output/parameter_list.h"
 #include "tables/forms/taegliches_diagramm_neu.h"
@@ -27,11 +28,16 @@ public:
     bool Show_Columns(const std::filesystem::path& run_directory);
     void Clear();
 
-    Daily_Choice Choice(const std::filesystem::path& run_directory, const std::filesystem::path& calendar) const;
+    // Opens the daily diagram of the chosen series.
+    void Show_Diagram(const Session& session, const std::filesystem::path& run_directory, bool single_run,
+                      QWidget* parent) const;
+    // The line with which orvelctl prints it.
+    std::string Command(const Session& session, const std::filesystem::path& run_directory) const;
 
 private:
     QGroupBox* Series_Box();
     QGroupBox* Period_Box();
+    Daily_Choice Choice(const std::filesystem::path& run_directory, const std::filesystem::path& calendar) const;
     Period Chosen_Period() const;
     void Show_Period(const Period& period);
     void Show_Items(std::vector<Parameter_Item> items);

@@ -2,7 +2,7 @@
 
 #include "core/run_name.h"
 #include "evaluation/forms/series_choice.h"
-#include "runs/calendar_file.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
 
@@ -21,6 +21,7 @@ Series_Window::Series_Window(Session& session, const std::filesystem::path& run_
     Series->Show_Run(Run);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(Push_Button("Grafik", "S&how Diagram", this, &Series_Window::Show_Diagram));
+    buttons->addWidget(Command_Button(this, [this] { return std::vector{Series->Command(The_Session, Run)}; }));
     buttons->addStretch(1);
     buttons->addWidget(Push_Button("OK", "&Done", this, &QDialog::accept));
     auto* all = new QVBoxLayout(this);
@@ -32,8 +33,7 @@ Series_Window::Series_Window(Session& session, const std::filesystem::path& run_
 
 void Series_Window::Show_Diagram()
 {
-    const auto calendar = Calendar_File(The_Session, Run, false);
-    taegliches_Diagramm_neu(The_Session.Ask, Series->Choice(Run, calendar), this).exec();
+    Series->Show_Diagram(The_Session, Run, false, this);
 }
 
 } // namespace orvel

@@ -170,11 +170,10 @@ void Simulationsliste::Show_Changes()
 {
     Simulation_Model::Changed_Inputs changed;
     for (const Simulation& simulation : Simulations.Simulations()) {
-        try {
-            changed[simulation.Directory] = Changes_Of_Inputs.Of(simulation);
-        } catch (const File_Error& error) {
-            changed[simulation.Directory] = {To_Code_Page(error.what())}; // an input that cannot be read
-        }
+        Changes_Of_Inputs.Begin_Pass();
+        auto& entries = changed[simulation.Directory] = Changes_Of_Inputs.Of(simulation);
+        const auto& unreadable = Changes_Of_Inputs.Unreadable();
+        entries.insert(entries.end(), unreadable.begin(), unreadable.end());
     }
     Simulations.Show_Changes(std::move(changed));
 }

@@ -16,10 +16,12 @@
 
 namespace orvel {
 
-Form_Saving::Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
+Form_Saving::Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent,
+                         const Watched_File* opened)
     : QDialog(parent),
       The_Session(session),
-      Type(Type_Of(kind))
+      Type(Type_Of(kind)),
+      Opened(opened)
 {
     setObjectName("Form_Saving");
     setWindowTitle("Save ORVEL 3.20 Input File");
@@ -91,8 +93,11 @@ bool Form_Saving::May_Write()
     if (const auto field = Type.Broken_Field(The_Session);
         field && The_Session.Ask(Broken_Line_Question(*field)) != Button::Yes)
         return false;
+    const bool is_others = Opened && Opened->Was_Changed(Target);
     const Message replace{std::string(Saving_Input_File),
-                          "File already exists. Replace?",
+                          is_others ? Shown_Name(Target) + " was changed by someone else since it was opened here. "
+                                                           "Replace it, so that their change is lost?"
+                                    : "File already exists. Replace?",
                           Icon::Question,
                           {Button::Yes, Button::No},
                           Button::No};

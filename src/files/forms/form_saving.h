@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "files/document_kind.h"
+#include "files/watched_file.h"
 
 #include <filesystem>
 #include <QDialog>
@@ -18,8 +19,9 @@ class Form_Saving : public QDialog {
     Q_OBJECT
 
 public:
-    Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory,
-                QWidget* parent = nullptr);
+    // `opened` is what the document was opened from; the user is asked before somebody else's change of it is lost.
+    Form_Saving(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent = nullptr,
+                const Watched_File* opened = nullptr);
 
     const std::filesystem::path& Save_Target() const { return Target; } // where the document was written
 
@@ -31,6 +33,7 @@ private:
 
     Session& The_Session;
     const Document_Type& Type;
+    const Watched_File* Opened;
     std::filesystem::path Target;
     Directory_Files* Files = nullptr;
     QLineEdit* TextSave = nullptr;

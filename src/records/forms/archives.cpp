@@ -2,12 +2,16 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/numbers.h"
+#include "core/shell_line.h"
 #include "jobs/run_tree.h"
+#include "records/archive.h"
 #include "records/compare.h"
 #include "records/forms/archive_dialog.h"
 #include "records/forms/work_in_window.h"
 #include "records/reproduce.h"
 #include "records/restore.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/number_edit.h"
 #include "ui/forms/text_output.h"
@@ -65,6 +69,7 @@ void Archives::Lay_Out()
     Result = Fixed_Pitch_Text("Result", "Result");
     auto* foot = new QHBoxLayout;
     foot->addWidget(Push_Button("Copy_Result", "Cop&y", this, [this] { Copy_Text(Result->toPlainText()); }));
+    foot->addWidget(Command_Button(this, [this] { return Commands(); }));
     foot->addStretch(1);
     foot->addWidget(Push_Button("Ende", "D&one", this, &QDialog::reject));
 
@@ -206,6 +211,30 @@ void Archives::Enable_Buttons()
 double Archives::Tolerance() const
 {
     return std::max(0.0, Tolerance_Field->Value().Number());
+}
+
+// Those that can be done with what is entered.
+std::vector<std::string> Archives::Commands() const
+{
+    std::vector<std::string> lines;
+    const auto add = [&](const QPushButton* button, std::vector<std::string> words) {
+        if (button->isEnabled())
+            lines.push_back(Orvelctl_Line(The_Session.Program.App_Path, words));
+    };
+    const std::string pesticide = Pesticide_List->currentText().toStdString(),
+                      crop = Crop_List->currentIndex() == 0 ? "" : Crop_List->currentText().toStdString(),
+                      tolerance = General_Text(Tolerance());
+    std::vector<std::string> archive = {"archive", "--mode", std::string(Chosen_Mode().Name), "--pesticide", pesticide};
+    if (!crop.empty())
+        archive.insert(archive.end(), {"--crop", crop});
+    archive.insert(archive.end(), {"--to", To_Utf8(Archive_File_Name(Bytes_Of(Pesticide_List->currentText()),
+                                                                     From_Utf8(crop).value_or("")))});
+    add(Do_Archive, archive);
+    const std::string file = Path_In(Archive_File).string();
+    add(Do_Restore, {"restore", file, Path_In(Target).string()});
+    add(Do_Reproduce, {"reproduce", file, "--tolerance", tolerance});
+    add(Do_Compare, {"compare", Path_In(First).string(), Path_In(Second).string(), "--tolerance", tolerance});
+    return lines;
 }
 
 void Archives::Do_Archive_Click()

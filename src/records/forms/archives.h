@@ -39,6 +39,7 @@ private:
     void Do_Reproduce_Click();
     void Do_Compare_Click();
     double Tolerance() const;
+    std::vector<std::string> Commands() const;
     const Mode& Chosen_Mode() const;
 
     Session& The_Session;

@@ -1,7 +1,9 @@
 // The report as a PDF document.
 #include "charts/painting/chart_painter.h"
+#include "charts/painting/pdf_fonts.h"
 #include "core/code_page.h"
 #include "report/overview_formats.h"
+#include "report/painting/page_device.h"
 #include "report/painting/report_files.h"
 #include "report/report_sections.h"
 
@@ -26,11 +28,11 @@ constexpr int Resolution = 300;
 constexpr double Margin_Millimetres = 18, Points_Per_Inch = 72, Millimetres_Per_Inch = 25.4;
 constexpr double Text_Points = 9.5, Table_Points = 8, Wide_Table_Points = 6.5, Digest_Points = 6.5, Foot_Points = 8;
 constexpr std::array<double, 4> Heading_Points = {0, 18, 14, 11.5};
-constexpr double Least_Diagram_Share = 0.24;        // to stay on the page of its table
-constexpr double Diagram_Height_Share = 0.5;        // of its width
-constexpr double Cell_Padding = 2.5, Border = 0.75; // points
-constexpr double Diagram_Scale = 0.75;              // of its letters
-constexpr double Least_Behind_Heading = 0.15;       // of a page
+constexpr double Least_Diagram_Share = 0.2;       // to stay on the page of its table
+constexpr double Diagram_Height_Share = 0.5;      // of its width
+constexpr double Cell_Padding = 2, Border = 0.75; // points
+constexpr double Diagram_Scale = 0.75;            // of its letters
+constexpr double Least_Behind_Heading = 0.15;     // of a page
 constexpr int Diagram_Object = QTextFormat::UserObject + 1;
 constexpr int Height_Property = QTextFormat::UserProperty + 2;
 constexpr int Diagram_Property = QTextFormat::UserProperty + 1;
@@ -58,48 +60,70 @@ class Diagram_In_Text : public QObject, public QTextObjectInterface {
     Q_INTERFACES(QTextObjectInterface)
 
 public:
-    Diagram_In_Text(double width, QObject* parent) : QObject(parent), Width(width) {}
+    explicit Diagram_In_Text(double width) : Width(width) {}
 
     QSizeF intrinsicSize(QTextDocument* /*document*/, int /*position*/, const QTextFormat& format) override
     {
-        const double left = format.doubleProperty(Height_Property); // of the page; 0: enough
-        return {Width, left > 0 ? left : Width * Diagram_Height_Share};
+        return {Width, format.doubleProperty(Height_Property)};
     }
 
     void drawObject(QPainter* painter, const QRectF& rect, QTextDocument* document, int /*position*/,
                     const QTextFormat& format) override
     {
         const auto* chart = static_cast<const Chart*>(format.property(Diagram_Property).value<void*>());
-        painter->save();
-        painter->setFont(document->defaultFont());
-        painter->translate(rect.topLeft());
-        painter->scale(Diagram_Scale, Diagram_Scale);
-        Paint_Chart(*painter, QRectF(QPointF(0, 0), rect.size() / Diagram_Scale), *chart, Paper_Palette());
-        painter->restore();
+        const QPointF place = painter->transform().map(rect.topLeft());
+        Page->save();
+        Page->setFont(document->defaultFont());
+        Page->translate(place);
+        Page->scale(Diagram_Scale, Diagram_Scale);
+        Paint_Chart(*Page, QRectF(QPointF(0, 0), rect.size() / Diagram_Scale), *chart, Paper_Palette());
+        Page->restore();
     }
+
+    // Of the paper itself: diagrams have transformations of their own.
+    void Paint_On(QPainter& page) { Page = &page; }
 
 private:
     double Width;
+    QPainter* Page = nullptr;
 };
 
 // Sets the report as one text document.
 class Typesetting {
 public:
-    Typesetting(QTextDocument& document, double width) : Document(document), Cursor(&document), Width(width)
+    Typesetting(QTextDocument& document, Diagram_In_Text& diagrams, double width)
+        : Document(document),
+          Cursor(&document),
+          Width(width)
     {
-        Document.documentLayout()->registerHandler(Diagram_Object, new Diagram_In_Text(width, &document));
+        Document.documentLayout()->registerHandler(Diagram_Object, &diagrams);
     }
 
     // In one step, since every single change would lay all pages out anew.
     void Add(const std::vector<Report_Section>& sections)
     {
         Cursor.beginEditBlock();
-        for (const auto& section : sections)
-            Add(section);
+        for (auto section = sections.begin(); section != sections.end(); ++section) {
+            if (section->Begins_Page)
+                Diagram_Share = Share_Of_Diagrams(section, sections.end());
+            Add(*section);
+        }
         Cursor.endEditBlock();
     }
 
 private:
+    using Section = std::vector<Report_Section>::const_iterator;
+
+    // The height of the diagrams up to the next break: several of them share what one would take.
+    static double Share_Of_Diagrams(Section section, Section end)
+    {
+        int diagrams = 0;
+        do
+            diagrams += section->Diagram != nullptr ? 1 : 0;
+        while (++section != end && !section->Begins_Page);
+        return std::max(Least_Diagram_Share, Diagram_Height_Share / std::max(1, diagrams));
+    }
+
     void Add(const Report_Section& section)
     {
         Heading(section);
@@ -189,10 +213,11 @@ private:
         for (std::size_t i = 0; i < grid.Columns.size(); ++i) {
             word.push_back(0);
             line.push_back(0);
-            Measure(grid.Columns[i].Head, Letters(Points_Of(grid), true), word[i], line[i]);
+            for (const QString& part : Head_Text(grid.Columns[i]).split(QChar::LineSeparator))
+                Measure(part, Letters(Points_Of(grid), true), word[i], line[i]);
             for (const auto& row : grid.Lines) {
                 if (row.Cells.size() == grid.Columns.size())
-                    Measure(row.Cells[i], Cell_Letters(grid, grid.Columns[i], true), word[i], line[i]);
+                    Measure(Text(row.Cells[i]), Cell_Letters(grid, grid.Columns[i], true), word[i], line[i]);
             }
         }
         const double words = std::accumulate(word.begin(), word.end(), 0.0),
@@ -207,11 +232,10 @@ private:
 
     static double Around_A_Cell() { return Pixels(2 * Cell_Padding + 2 * Border); }
 
-    void Measure(const std::string& bytes, const QTextCharFormat& letters, double& word, double& line) const
+    void Measure(const QString& text, const QTextCharFormat& letters, double& word, double& line) const
     {
         QFont font = letters.font().resolve(Document.defaultFont());
         const QFontMetricsF metrics(font, Document.documentLayout()->paintDevice());
-        const QString text = Text(bytes);
         for (const QString& part : text.split(' '))
             word = std::max(word, metrics.horizontalAdvance(part) + Around_A_Cell());
         line = std::max(line, metrics.horizontalAdvance(text) + Around_A_Cell());
@@ -229,11 +253,12 @@ private:
         return Letters(column.Head == "SHA-256" ? Digest_Points : Points_Of(grid), bold);
     }
 
+    // The unit goes below the name: a line would otherwise break behind its stroke.
+    static QString Head_Text(const Report_Column& column) { return Text(column.Head).replace(" (", "\u2028("); }
+
     static void Head_Cell(QTextTableCell cell, const Report_Column& column, double points)
     {
-        // The unit goes below the name: a line would otherwise break behind its stroke.
-        Write(cell.firstCursorPosition(), Text(column.Head).replace(" (", "\u2028("), Letters(points, true),
-              column.Is_Number);
+        Write(cell.firstCursorPosition(), Head_Text(column), Letters(points, true), column.Is_Number);
         QTextCharFormat ground = cell.format();
         ground.setBackground(Head_Ground);
         cell.setFormat(ground);
@@ -284,6 +309,7 @@ private:
         Begin_Block(block, Letters(Text_Points));
         QTextCharFormat diagram;
         diagram.setObjectType(Diagram_Object);
+        diagram.setProperty(Height_Property, Width * Diagram_Share);
         diagram.setProperty(Diagram_Property, QVariant::fromValue(const_cast<void*>(static_cast<const void*>(&chart))));
         Cursor.insertText(QString(QChar::ObjectReplacementCharacter), diagram);
     }
@@ -291,6 +317,7 @@ private:
     QTextDocument& Document;
     QTextCursor Cursor;
     double Width;
+    double Diagram_Share = Diagram_Height_Share;
     bool Is_First = true;
 };
 
@@ -314,6 +341,13 @@ double Needed_By_Heading(const QTextDocument& document, const QTextBlock& headin
         }
     }
     return Least_Behind_Heading * height;
+}
+
+double Height_Of_Diagram(const QTextBlock& block)
+{
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    return cursor.charFormat().doubleProperty(Height_Property);
 }
 
 // A diagram takes the height that its page has left rather than a page of its own.
@@ -341,7 +375,7 @@ void Keep_Together(QTextDocument& document)
             continue;
         const double left = height - std::fmod(place.top(), height) - Pixels(4);
         if (is_diagram && left >= Least_Diagram_Share * document.pageSize().width()) {
-            Shrink_Diagram(block, left - (place.height() - Diagram_Height_Share * document.pageSize().width()));
+            Shrink_Diagram(block, left - (place.height() - Height_Of_Diagram(block)));
             continue;
         }
         QTextBlockFormat format = block.blockFormat();
@@ -350,23 +384,33 @@ void Keep_Together(QTextDocument& document)
     }
 }
 
+// Paints what lies on a page of the text.
+void Paint_Page(QPainter& paper, const QTextDocument& document, const QSizeF& page, int number)
+{
+    paper.save();
+    paper.setClipRect(QRectF(0, 0, page.width(), page.height() - 1)); // not the line that begins the next page
+    Page_Device device(paper);
+    QPainter painter(&device);
+    painter.translate(0, -number * page.height());
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.clip = QRectF(0, number * page.height(), page.width(), page.height() - 1);
+    context.palette = Paper_Palette();
+    document.documentLayout()->draw(&painter, context);
+    painter.end();
+    paper.restore();
+}
+
 // Paints the pages, each with the report's name and its number at the foot.
-void Paint_Pages(QPdfWriter& writer, QTextDocument& document, const QSizeF& page, double foot, const QString& name)
+void Paint_Pages(QPdfWriter& writer, const QTextDocument& document, Diagram_In_Text& diagrams, const QSizeF& page,
+                 double foot, const QString& name)
 {
     QPainter painter(&writer);
+    diagrams.Paint_On(painter);
     const int pages = document.pageCount();
     for (int i = 0; i < pages; ++i) {
         if (i > 0)
             writer.newPage();
-        painter.save();
-        painter.translate(0, -i * page.height());
-        QAbstractTextDocumentLayout::PaintContext context;
-        context.clip =
-            QRectF(0, i * page.height(), page.width(), page.height() - 1); // not the line that begins the next page
-        context.palette = Paper_Palette();
-        painter.setClipRect(context.clip);
-        document.documentLayout()->draw(&painter, context);
-        painter.restore();
+        Paint_Page(painter, document, page, i);
         QFont small = document.defaultFont();
         small.setPointSizeF(Foot_Points);
         painter.setFont(small);
@@ -406,12 +450,13 @@ QByteArray Report_Pdf(const Report& report)
         document.setDocumentMargin(0);
         document.setPageSize(page);
         const auto sections = Sections_Of(report);
-        Typesetting typesetting(document, page.width());
+        Diagram_In_Text diagrams(page.width());
+        Typesetting typesetting(document, diagrams, page.width());
         typesetting.Add(sections);
         Keep_Together(document);
-        Paint_Pages(writer, document, page, foot, name);
+        Paint_Pages(writer, document, diagrams, page, foot, name);
     }
-    return bytes;
+    return With_Tagged_Fonts(bytes);
 }
 
 } // namespace orvel

@@ -4,6 +4,7 @@
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
+#include "ui/forms/undo_history.h"
 #include "ui/number_field.h"
 
 #include <QButtonGroup>
@@ -37,6 +38,16 @@ Form_DifCrop::Form_DifCrop(Session& session, Rotation_Work& work, QWidget* paren
         List_crop->addItem(Shown(crop.Name));
     List_crop->setCurrentRow(0);
     Show_Crop();
+    Keep_History(
+        *this,
+        [this] {
+            return State{Editor, List_crop->currentRow()};
+        },
+        [this](const State& state) {
+            Editor = state.Editor;
+            List_crop->setCurrentRow(state.Selected);
+            Show_Crop();
+        });
 }
 
 void Form_DifCrop::Lay_Out()

@@ -31,6 +31,12 @@ private:
         std::int16_t Crop_Row::*Field = nullptr;
     };
 
+    struct State {
+        Crop_Editor Editor;
+        int Selected = -1;
+        bool operator==(const State& other) const { return Editor == other.Editor; }
+    };
+
     void Lay_Out();
     QGroupBox* Crop_Group();
     QGroupBox* Runoff_Group();

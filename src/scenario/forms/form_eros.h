@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "scenario/erosion.h"
 
 #include <array>
 #include <QDialog>
@@ -17,6 +18,8 @@ public:
     explicit Form_eros(Session& session, QWidget* parent = nullptr);
 
 private:
+    void Show_Texts(const Erosion_Texts& texts);
+    Erosion_Texts Texts() const;
     void Done();
 
     Session& The_Session;

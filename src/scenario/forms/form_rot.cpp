@@ -5,6 +5,7 @@
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
+#include "ui/forms/undo_history.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -53,6 +54,15 @@ Form_rot::Form_rot(Session& session, const std::filesystem::path& directory, QWi
         List_dat->addItem(Shown(crop.DB_Crop_Name));
     List_dat->setCurrentRow(0);
     Show_Rotation(Work.Rows.empty() ? std::nullopt : std::optional<std::size_t>(0));
+    Keep_History(
+        *this,
+        [this] {
+            return State{Work, Selected_Row()};
+        },
+        [this](const State& state) {
+            Work = state.Work;
+            Show_Rotation(state.Selected);
+        });
 }
 
 void Form_rot::Lay_Out()

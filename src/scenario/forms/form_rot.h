@@ -33,6 +33,12 @@ private:
         Number_Edit* Year = nullptr;
     };
 
+    struct State {
+        Rotation_Work Work;
+        std::optional<std::size_t> Selected;
+        bool operator==(const State& other) const { return Work == other.Work; }
+    };
+
     void Lay_Out();
     QGroupBox* Dates();
     void Connect_Date(std::size_t stage);

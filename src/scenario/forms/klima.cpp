@@ -1,5 +1,6 @@
 #include "scenario/forms/klima.h"
 
+#include "core/files.h"
 #include "files/forms/form_saving.h"
 #include "scenario/forms/climate_model.h"
 #include "scenario/forms/klimagrafik.h"
@@ -27,7 +28,8 @@ constexpr int First_Number = static_cast<int>(Climate_Grid::Text_Columns); // co
 Klima::Klima(Session& session, std::filesystem::path directory, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Directory(std::move(directory))
+      Directory(std::move(directory)),
+      On_Disk(Directory / Path_Of(session.Program.PSM_File))
 {
     setObjectName("Klima");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -89,6 +91,17 @@ void Klima::lade_klimadatei()
     Show_Cell();
 }
 
+void Klima::Show_Unsaved()
+{
+    lade_klimadatei();
+    The_Session.Program.CLI_Changed = true;
+}
+
+void Klima::Store()
+{
+    Take_Over_Climate(The_Session, Model->Grid());
+}
+
 void Klima::Show_Cell()
 {
     Text1->setText(Model->data(Grid1->currentIndex()).toString());
@@ -107,11 +120,13 @@ void Klima::Save()
 {
     if (!Grid1->Is_Readable())
         return;
-    Take_Over_Climate(The_Session, Model->Grid());
-    Form_Saving dialog(The_Session, Document_Kind::Climate, Directory, this);
+    Store();
+    Form_Saving dialog(The_Session, Document_Kind::Climate, Directory, this, &On_Disk);
     dialog.setWindowTitle(Shown(Climate_Save_Caption));
-    if (dialog.exec() == Accepted)
-        setWindowTitle("Climatic Data Files - " + Shown(The_Session.Program.PSM_File));
+    if (dialog.exec() != Accepted)
+        return;
+    On_Disk = Watched_File(dialog.Save_Target());
+    setWindowTitle("Climatic Data Files - " + Shown(The_Session.Program.PSM_File));
 }
 
 void Klima::Grafik_Click()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/watched_file.h"
 
 #include <filesystem>
 #include <QDialog>
@@ -22,8 +23,12 @@ public:
     Klima(Session& session, std::filesystem::path directory, QWidget* parent = nullptr);
 
     void lade_klimadatei();
+    void Store(); // what the grid holds, in the session's document
 
     void done(int result) override;
+
+    // The session's document is now one with changes that were not saved before.
+    void Show_Unsaved();
 
 private:
     void Lay_Out();
@@ -34,6 +39,7 @@ private:
 
     Session& The_Session;
     std::filesystem::path Directory;
+    Watched_File On_Disk;
     Climate_Model* Model = nullptr;
     Number_Grid* Grid1 = nullptr;
     QLineEdit* Text1 = nullptr;

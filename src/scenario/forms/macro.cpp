@@ -2,6 +2,7 @@
 
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
+#include "ui/forms/undo_history.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -28,6 +29,13 @@ Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), The_Session(s
     all->addLayout(rows);
     all->addStretch(1);
     all->addLayout(buttons);
+    Keep_History(
+        *this, [this] { return Texts(); }, [this](const Macropore_Texts& texts) { Show_Texts(texts); });
+}
+
+Macropore_Texts Macro::Texts() const
+{
+    return {Fields[0]->Typed(), Fields[1]->Typed(), Fields[2]->Typed()};
 }
 
 void Macro::Show_Texts(const Macropore_Texts& texts)
@@ -38,7 +46,7 @@ void Macro::Show_Texts(const Macropore_Texts& texts)
 
 void Macro::Done()
 {
-    Take_Over_Macropores(The_Session, {Fields[0]->Typed(), Fields[1]->Typed(), Fields[2]->Typed()});
+    Take_Over_Macropores(The_Session, Texts());
     accept();
 }
 

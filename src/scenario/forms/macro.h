@@ -17,6 +17,7 @@ public:
     explicit Macro(Session& session, QWidget* parent = nullptr);
 
 private:
+    Macropore_Texts Texts() const;
     void Show_Texts(const Macropore_Texts& texts);
     void Done();
 

@@ -1,5 +1,6 @@
 #include "scenario/forms/szenario.h"
 
+#include "core/files.h"
 #include "files/forms/form_saving.h"
 #include "scenario/forms/form_eros.h"
 #include "scenario/forms/form_rot.h"
@@ -10,13 +11,16 @@
 #include "scenario/scenario_view.h"
 #include "ui/forms/byte_edit.h"
 #include "ui/forms/leave_guard.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolButton>
 
 namespace orvel {
 
@@ -33,7 +37,8 @@ void Show_All(const std::vector<QWidget*>& widgets, bool visible)
 Szenario::Szenario(Session& session, std::filesystem::path directory, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Directory(std::move(directory))
+      Directory(std::move(directory)),
+      On_Disk(Directory / Path_Of(session.Program.PSM_File))
 {
     setObjectName("Szenario");
     setWindowTitle("Scenariofile");
@@ -41,6 +46,22 @@ Szenario::Szenario(Session& session, std::filesystem::path directory, QWidget* p
     Lay_Out();
     The_Session.Program.SZE_Changed = false;
     Load();
+    History = Keep_History(
+        *this, [this] { return The_Session.Scenario; },
+        [this](const Scenario_Document& document) {
+            The_Session.Scenario = document;
+            The_Session.Program.SZE_Changed = true;
+            Load();
+        });
+    for (auto* button : {History->Redo_Button(), History->Undo_Button()})
+        Button_Row->insertWidget(0, button);
+}
+
+void Szenario::Show_Unsaved()
+{
+    The_Session.Program.SZE_Changed = true;
+    Load();
+    History->Look("Unsaved changes");
 }
 
 void Szenario::Load()
@@ -144,7 +165,7 @@ void Szenario::Save()
         return;
     if (const auto refusal = Prepare_Save(The_Session, Boxes.at("Text_nhor")->Typed()))
         return Guard->Refuse(The_Session.Ask, *refusal);
-    Form_Saving dialog(The_Session, Document_Kind::Scenario, Directory, this);
+    Form_Saving dialog(The_Session, Document_Kind::Scenario, Directory, this, &On_Disk);
     dialog.setWindowTitle(Shown(Scenario_Save_Caption));
     if (dialog.exec() == Accepted)
         QDialog::done(Accepted);

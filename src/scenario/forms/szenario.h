@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/watched_file.h"
 #include "scenario/scenario_options.h"
 
 #include <array>
@@ -21,6 +22,7 @@ namespace orvel {
 
 class Byte_Edit;
 class Leave_Guard;
+class Undo_Keys;
 
 // The editor of the session's scenario document. A change is stored when its field is left or its option chosen.
 class Szenario : public QDialog {
@@ -31,6 +33,9 @@ public:
     Szenario(Session& session, std::filesystem::path directory, QWidget* parent = nullptr);
 
     void done(int result) override;
+
+    // The session's document is now one with changes that were not saved before.
+    void Show_Unsaved();
 
 private:
     void Lay_Out();
@@ -60,6 +65,7 @@ private:
 
     Session& The_Session;
     std::filesystem::path Directory;
+    Watched_File On_Disk;
     std::map<QString, Byte_Edit*> Boxes;
     std::vector<QWidget*> Layer_Widgets, Kc_Widgets, DOC_Widgets;
     std::array<std::vector<QWidget*>, 2> Depth_Widgets;
@@ -70,6 +76,8 @@ private:
     QLabel* Label2 = nullptr;
     std::array<QPushButton*, 3> Frequencies{}; // Label_wat, Label_chem, Label_conc
     QPushButton *Command_macro = nullptr, *Command_er = nullptr;
+    QHBoxLayout* Button_Row = nullptr;
+    Undo_Keys* History = nullptr;
     Leave_Guard* Guard = nullptr;
 };
 

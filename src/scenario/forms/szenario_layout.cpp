@@ -241,12 +241,12 @@ QGroupBox* Szenario::Output()
 
 QHBoxLayout* Szenario::Buttons()
 {
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(Command("Command3", "Create / Modify Crop R&otation", &Szenario::Rotation));
-    buttons->addStretch(1);
-    buttons->addWidget(Command("Command1", "&Save", &Szenario::Save));
-    buttons->addWidget(Command("Command2", "&Done", &Szenario::accept));
-    return buttons;
+    Button_Row = new QHBoxLayout;
+    Button_Row->addWidget(Command("Command3", "Create / Modify Crop R&otation", &Szenario::Rotation));
+    Button_Row->addStretch(1);
+    Button_Row->addWidget(Command("Command1", "&Save", &Szenario::Save));
+    Button_Row->addWidget(Command("Command2", "&Done", &Szenario::accept));
+    return Button_Row;
 }
 
 } // namespace orvel

@@ -27,6 +27,16 @@ Application_Method Application_Box::Method() const
     return static_cast<Application_Method>(chosen + 1);
 }
 
+void Application_Box::Show_State(const State& state)
+{
+    App_Flag.at(static_cast<std::size_t>(state.Method) - 1)->setChecked(true);
+    Locations = state.Locations;
+    Chosen_Mode = state.Chosen_Mode;
+    Show_Locations();
+    Show_View();
+    emit Method_Chosen(state.Method);
+}
+
 void Application_Box::Show_Locations()
 {
     Standort->clear();

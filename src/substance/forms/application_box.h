@@ -31,6 +31,16 @@ public:
     const Location_Lists& Lists() const { return Locations; }
     void Show_View();
 
+    // What is shown of the session's document, and what is not stored in it before Done.
+    struct State {
+        Application_Method Method = Application_Method::Soil;
+        Location_Lists Locations;
+        int Chosen_Mode = -1;
+        bool operator==(const State& other) const { return Method == other.Method && Locations == other.Locations; }
+    };
+    State Present() const { return {Method(), Locations, Chosen_Mode}; }
+    void Show_State(const State& state);
+
     bool Leave(); // accepts a number of applications still being typed; false if it was refused
 
 signals:

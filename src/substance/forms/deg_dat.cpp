@@ -4,6 +4,7 @@
 #include "substance/pathway_picture.h"
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <QButtonGroup>
@@ -27,6 +28,27 @@ deg_dat::deg_dat(Session& session, QWidget* parent) : QDialog(parent), The_Sessi
     Text13->setText(Shown(entry.Reference_Radiation));
     Korrektur[static_cast<std::size_t>(Recognise_Correction(entry.Correction))]->setChecked(true);
     Show_Correction(entry.Correction, Enabled_On_Activation(entry.Correction));
+    Keep_History(
+        *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
+}
+
+deg_dat::State deg_dat::Present() const
+{
+    return {.Soil = Soil->Present(),
+            .Photolysis = Photolysis->Present(),
+            .Reference_Radiation = Text13->Typed(),
+            .Preset = Preset(),
+            .Texts = Correction_Typed(),
+            .Enabled = Enabled};
+}
+
+void deg_dat::Show_State(const State& state)
+{
+    Soil->Show_State(state.Soil);
+    Photolysis->Show_State(state.Photolysis);
+    Text13->setText(Shown(state.Reference_Radiation));
+    Korrektur.at(static_cast<std::size_t>(state.Preset))->setChecked(true);
+    Show_Correction(state.Texts, state.Enabled);
 }
 
 void deg_dat::Lay_Out()
@@ -109,6 +131,7 @@ void deg_dat::Show_Correction(const Correction_Texts& texts, const Correction_En
     Text7->setText(Shown(texts.Moisture_Exp));
     Text9->setText(Shown(texts.Neq));
     (texts.By_Relative_Moisture ? Option4 : Option5)->setChecked(true);
+    Enabled = enabled;
     for (auto* field : {Text4, Text8, Text7})
         field->setEnabled(enabled.Conditions);
     Text5->setEnabled(enabled.Moisture_Abs);

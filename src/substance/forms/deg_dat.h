@@ -1,5 +1,6 @@
 #pragma once
 
+#include "substance/forms/rate_box.h"
 #include "substance/transformation.h"
 
 #include <array>
@@ -11,7 +12,6 @@ class QRadioButton;
 namespace orvel {
 
 class Number_Edit;
-class Rate_Box;
 
 // One arrow of the degradation scheme, selected by Transformation_Index: its rate in soil with the study conditions,
 // and, for the active substance, its soil photolysis.
@@ -25,6 +25,17 @@ private:
     void Lay_Out();
     Rate_Box* Photolysis_Box();
     QGroupBox* Correction_Box();
+
+    struct State {
+        Rate_Box::State Soil, Photolysis;
+        std::string Reference_Radiation;
+        Correction Preset = Correction::Recommended;
+        Correction_Texts Texts;
+        Correction_Enabled Enabled;
+        bool operator==(const State&) const = default;
+    };
+    State Present() const;
+    void Show_State(const State& state);
 
     Correction_Texts Correction_Typed() const;
     void Show_Correction(const Correction_Texts& texts, const Correction_Enabled& enabled);
@@ -41,6 +52,7 @@ private:
     Number_Edit *Text4 = nullptr, *Text8 = nullptr, *Text5 = nullptr, *Text6 = nullptr, *Text7 = nullptr,
                 *Text9 = nullptr, *Text13 = nullptr;
     QRadioButton *Option4 = nullptr, *Option5 = nullptr;
+    Correction_Enabled Enabled;
 };
 
 } // namespace orvel

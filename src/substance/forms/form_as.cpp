@@ -1,10 +1,10 @@
 #include "substance/forms/form_as.h"
 
-#include "substance/forms/application_box.h"
 #include "substance/forms/substance_fields.h"
 #include "substance/forms/volatilisation_box.h"
 #include "ui/forms/byte_edit.h"
 #include "ui/forms/done_cancel.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <QFormLayout>
@@ -24,6 +24,33 @@ Form_AS::Form_AS(Session& session, QWidget* parent)
     setWindowTitle("Active Substance");
     Lay_Out();
     Show_Minor(false);
+    Keep_History(
+        *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
+}
+
+Active_Entry Form_AS::Entry(Substance_Entry substance) const
+{
+    Active_Entry entry{
+        .Substance = std::move(substance), .Text_comment = Text_comment->Typed(), .App_Flag = Applications->Method()};
+    Volatility->Take(entry);
+    return entry;
+}
+
+Form_AS::State Form_AS::Present() const
+{
+    return {The_Session.Pesticide, The_Session.Editor, Entry(Fields->Entry()), Applications->Present()};
+}
+
+void Form_AS::Show_State(const State& state)
+{
+    The_Session.Pesticide = state.Document;
+    The_Session.Editor = state.Editor;
+    The_Session.Program.PSM_Changed = true;
+    Fields->Show_Entry(state.Entry.Substance);
+    Fields->Show_Notes();
+    Volatility->Show_Entry(state.Entry);
+    Text_comment->setText(Shown(state.Entry.Text_comment));
+    Applications->Show_State(state.Applications);
 }
 
 void Form_AS::Lay_Out()
@@ -79,9 +106,7 @@ void Form_AS::Done()
     const auto substance = Fields->Entered();
     if (!substance)
         return;
-    Active_Entry entry{
-        .Substance = *substance, .Text_comment = Text_comment->Typed(), .App_Flag = Applications->Method()};
-    Volatility->Take(entry);
+    Active_Entry entry = Entry(*substance);
     if (const auto refusal = Accept_Active(The_Session, entry, Applications->Lists())) {
         Volatility->Show_Pairs(entry.Pairs);
         Applications->Show_View(); // shows the location and application refused

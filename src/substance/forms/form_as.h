@@ -1,6 +1,8 @@
 #pragma once
 
+#include "substance/active_substance.h"
 #include "substance/application_state.h"
+#include "substance/forms/application_box.h"
 
 #include <QDialog>
 
@@ -8,7 +10,6 @@ class QPushButton;
 
 namespace orvel {
 
-class Application_Box;
 class Byte_Edit;
 class Substance_Fields;
 class Volatilisation_Box;
@@ -23,6 +24,20 @@ public:
     void reject() override; // restores the document as it was when the form opened
 
 private:
+    // Where the editor stands is no change, but an undo returns there.
+    struct State {
+        Pesticide_Document Document;
+        Editor_State Editor;
+        Active_Entry Entry;
+        Application_Box::State Applications;
+        bool operator==(const State& other) const
+        {
+            return Document == other.Document && Entry == other.Entry && Applications == other.Applications;
+        }
+    };
+    State Present() const;
+    void Show_State(const State& state);
+    Active_Entry Entry(Substance_Entry substance) const;
     void Lay_Out();
     void Done();
     void Refuse(const Refusal& refusal);

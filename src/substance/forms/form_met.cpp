@@ -2,6 +2,7 @@
 
 #include "substance/forms/substance_fields.h"
 #include "ui/forms/done_cancel.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <QGroupBox>
@@ -19,6 +20,21 @@ Form_MET::Form_MET(Session& session, QWidget* parent)
     setObjectName("Form_MET");
     setWindowTitle(Shown(Metabolite_Caption(Substance)));
     Lay_Out();
+    Keep_History(
+        *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
+}
+
+// The forms behind the buttons store in the document.
+Form_MET::State Form_MET::Present() const
+{
+    return {Fields->Entry(), The_Session.Pesticide};
+}
+
+void Form_MET::Show_State(const State& state)
+{
+    The_Session.Pesticide = state.Document;
+    Fields->Show_Entry(state.Entry);
+    Fields->Show_Notes();
 }
 
 void Form_MET::Lay_Out()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "substance/substance_entry.h"
 
 #include <memory>
 #include <QDialog>
@@ -19,6 +20,13 @@ public:
     void reject() override; // also discards what the forms opened from it stored
 
 private:
+    struct State {
+        Substance_Entry Entry;
+        Pesticide_Document Document;
+        bool operator==(const State&) const = default;
+    };
+    State Present() const;
+    void Show_State(const State& state);
     void Lay_Out();
     void Done();
 

@@ -1,6 +1,7 @@
 #include "substance/forms/form_psm_1.h"
 
 #include "charts/forms/picture_actions.h"
+#include "core/files.h"
 #include "files/forms/form_saving.h"
 #include "substance/forms/deg_dat.h"
 #include "substance/forms/form_as.h"
@@ -9,12 +10,14 @@
 #include "substance/pathway_picture.h"
 #include "substance/pesticide_editor.h"
 #include "ui/forms/form_keys.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScreen>
+#include <QToolButton>
 
 namespace orvel {
 
@@ -38,7 +41,8 @@ void Place_Beside(QWidget& window, int t, const QRect& head)
 Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Directory(directory)
+      Directory(directory),
+      On_Disk(directory / Path_Of(session.Program.PSM_File))
 {
     setObjectName("Form_PSM_1");
     setWindowTitle("Metabolization Scheme");
@@ -49,6 +53,19 @@ Form_PSM_1::Form_PSM_1(Session& session, const std::filesystem::path& directory,
     for (int i = 1; i <= Substances; ++i)
         Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
     Show_Scheme();
+    History = Keep_History(
+        *this,
+        [this] {
+            return State{The_Session.Pesticide, Captions};
+        },
+        [this](const State& state) {
+            The_Session.Pesticide = state.Document;
+            The_Session.Program.PSM_Changed = true;
+            Captions = state.Captions;
+            Show_Scheme();
+        });
+    for (auto* button : {History->Redo_Button(), History->Undo_Button()})
+        Buttons->insertWidget(0, button);
     resize(sizeHint().boundedTo(screen()->availableSize())); // show full substance names, if the screen allows
 }
 
@@ -68,17 +85,17 @@ void Form_PSM_1::Lay_Out()
                               [this] { Print_Picture(*this, The_Session.Ask, View->As_Picture()); });
     auto* cancel = Push_Button("Com_Exit1", "&Cancel", this, &Form_PSM_1::reject);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(exit);
-    buttons->addWidget(save);
-    buttons->addStretch(1);
+    Buttons = new QHBoxLayout;
+    Buttons->addWidget(exit);
+    Buttons->addWidget(save);
+    Buttons->addStretch(1);
     for (auto* of_picture : {copy, keep, print})
-        buttons->addWidget(of_picture);
-    buttons->addStretch(1);
-    buttons->addWidget(cancel);
+        Buttons->addWidget(of_picture);
+    Buttons->addStretch(1);
+    Buttons->addWidget(cancel);
     auto* all = new QVBoxLayout(this);
     all->addWidget(View, 1);
-    all->addLayout(buttons);
+    all->addLayout(Buttons);
     Use_Form_Keys(*this);
 }
 
@@ -94,12 +111,26 @@ void Form_PSM_1::Edit_Substance(int i)
         if (Form_AS(The_Session, this).exec() != Accepted)
             return;
         Captions[1] = Box_Caption(The_Session.Pesticide, 1);
-        Show_Scheme();
+        Show_Changed(Captions[1]);
     } else if (Open_Metabolite(The_Session, i) && Form_MET(The_Session, this).exec() == Accepted) {
         for (int met = 2; met <= Substances; ++met)
             Captions[static_cast<std::size_t>(met)] = Box_Caption(The_Session.Pesticide, met);
-        Show_Scheme();
+        Show_Changed(Captions[static_cast<std::size_t>(i)]);
     }
+}
+
+void Form_PSM_1::Show_Unsaved()
+{
+    The_Session.Program.PSM_Changed = true;
+    for (int i = 1; i <= Substances; ++i)
+        Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
+    Show_Changed("Unsaved changes");
+}
+
+void Form_PSM_1::Show_Changed(const std::string& what)
+{
+    Show_Scheme();
+    History->Look(Shown(what));
 }
 
 void Form_PSM_1::Edit_Transformation(int t)
@@ -109,14 +140,15 @@ void Form_PSM_1::Edit_Transformation(int t)
     deg_dat form(The_Session, this);
     Place_Beside(form, t, View->Head_On_Screen(t));
     if (form.exec() == Accepted)
-        Show_Scheme();
+        Show_Changed(Transformation_Caption(t));
 }
 
 bool Form_PSM_1::Save()
 {
-    Form_Saving saving(The_Session, Document_Kind::Pesticide, Directory, this);
+    Form_Saving saving(The_Session, Document_Kind::Pesticide, Directory, this, &On_Disk);
     if (saving.exec() != Accepted)
         return false;
+    On_Disk = Watched_File(saving.Save_Target());
     Directory = saving.Save_Target().parent_path();
     Opened = std::make_unique<const Pesticide_Document>(The_Session.Pesticide);
     return true;

@@ -1,14 +1,18 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/watched_file.h"
 
 #include <filesystem>
 #include <memory>
 #include <QDialog>
 
+class QHBoxLayout;
+
 namespace orvel {
 
 class Pathway_View;
+class Undo_Keys;
 
 // The editor of the pesticide document: its degradation scheme, with access to the substance and transformation forms.
 class Form_PSM_1 : public QDialog {
@@ -20,9 +24,19 @@ public:
 
     void reject() override; // asks before discarding changes
 
+    // The session's document is now one with changes that were not saved before.
+    void Show_Unsaved();
+
 private:
+    struct State {
+        Pesticide_Document Document;
+        Per_Substance<std::string> Captions;
+        bool operator==(const State& other) const { return Document == other.Document; }
+    };
+
     void Lay_Out();
     void Show_Scheme();
+    void Show_Changed(const std::string& what);
     void Edit_Substance(int i);
     void Edit_Transformation(int t);
     bool Save();
@@ -30,9 +44,12 @@ private:
 
     Session& The_Session;
     std::filesystem::path Directory;
+    Watched_File On_Disk;
     std::unique_ptr<const Pesticide_Document> Opened; // or saved last
     Per_Substance<std::string> Captions;
     Pathway_View* View = nullptr;
+    QHBoxLayout* Buttons = nullptr;
+    Undo_Keys* History = nullptr;
 };
 
 } // namespace orvel

@@ -3,6 +3,7 @@
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/leave_guard.h"
 #include "ui/forms/number_edit.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <QGridLayout>
@@ -31,6 +32,12 @@ kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent)
     Show_Entry(Load_Kinetic(The_Session.Pesticide, Substance));
     s_f_neq->setFocus();
     s_f_neq->selectAll();
+    Keep_History(
+        *this, [this] { return Entry(); },
+        [this](const Kinetic_Entry& entry) {
+            Show_Entry(entry);
+            Show_Captions(Captions_Of(entry.Model));
+        });
 }
 
 void kin_Sorption::Lay_Out()

@@ -2,6 +2,7 @@
 
 #include "ui/forms/done_cancel.h"
 #include "ui/forms/number_edit.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 
 #include <QCheckBox>
@@ -19,7 +20,14 @@ KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent)
     setObjectName("KOC_PH");
     setWindowTitle("pH-dependent sorption");
     Lay_Out();
-    const auto entry = Load_PH(The_Session.Pesticide, Substance, The_Koc);
+    Show_Entry(Load_PH(The_Session.Pesticide, Substance, The_Koc));
+    s_pKa->selectAll();
+    Keep_History(
+        *this, [this] { return Entry(); }, [this](const PH_Entry& entry) { Show_Entry(entry); });
+}
+
+void KOC_PH::Show_Entry(const PH_Entry& entry)
+{
     s_KOC->setText(Shown(entry.s_KOC));
     s_pH->setText(Shown(entry.s_pH));
     s_KOC2->setText(Shown(entry.s_KOC2));
@@ -27,7 +35,6 @@ KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent)
     s_pKa->setText(Shown(entry.s_pKa));
     s_Dataset->setChecked(entry.s_Dataset);
     Show_View();
-    s_pKa->selectAll();
 }
 
 void KOC_PH::Lay_Out()

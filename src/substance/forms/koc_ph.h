@@ -28,6 +28,7 @@ private:
     Number_Edit* Field(QGridLayout& grid, int row, int column, const QString& name, const QString& label,
                        const QString& label_name);
     PH_Entry Entry() const;
+    void Show_Entry(const PH_Entry& entry);
     void Show_View();
     void Done();
 

@@ -1,6 +1,7 @@
 #include "substance/forms/plant_app.h"
 
 #include "ui/forms/done_cancel.h"
+#include "ui/forms/undo_history.h"
 
 #include <QVBoxLayout>
 
@@ -15,6 +16,15 @@ Plant_App::Plant_App(Session& session, Application_Method method, QWidget* paren
     Lay_Out(Shows_Filtration(method));
     Boxes.Show(Plant_Fields, Load_Plant(The_Session.Pesticide));
     Boxes["S_plt_dk"]->selectAll();
+    Keep_History(
+        *this, [this] { return Entry(); }, [this](const Plant_Entry& entry) { Boxes.Show(Plant_Fields, entry); });
+}
+
+Plant_Entry Plant_App::Entry() const
+{
+    Plant_Entry entry;
+    Boxes.Read(Plant_Fields, entry);
+    return entry;
 }
 
 void Plant_App::Lay_Out(bool filtration)
@@ -32,9 +42,7 @@ void Plant_App::Lay_Out(bool filtration)
 
 void Plant_App::Done()
 {
-    Plant_Entry entry;
-    Boxes.Read(Plant_Fields, entry);
-    Accept_Plant(The_Session, entry);
+    Accept_Plant(The_Session, Entry());
     accept();
 }
 

@@ -17,6 +17,7 @@ public:
 
 private:
     void Lay_Out(bool filtration);
+    Plant_Entry Entry() const;
     void Done();
 
     Session& The_Session;

@@ -53,6 +53,21 @@ void Rate_Box::Show_Rate(const Rate_Texts& texts)
     Enable_Chosen();
 }
 
+Rate_Box::State Rate_Box::Present() const
+{
+    State state{.Texts = Texts()};
+    while (state.Option + 1 < Options.size() && !Options[state.Option]->isChecked())
+        ++state.Option;
+    return state;
+}
+
+void Rate_Box::Show_State(const State& state)
+{
+    Show_Texts(state.Texts);
+    Options.at(state.Option)->setChecked(true);
+    Enable_Chosen();
+}
+
 Rate_Texts Rate_Box::Entered()
 {
     for (const auto& row : Rate_Rows)

@@ -27,6 +27,15 @@ public:
 
     void Select_Rate(); // for typing
 
+    // What the user has made of it so far.
+    struct State {
+        Rate_Texts Texts;
+        std::size_t Option = 0; // the one that can be edited
+        bool operator==(const State&) const = default;
+    };
+    State Present() const;
+    void Show_State(const State& state);
+
     // The three fields, after accepting text that is still being typed.
     Rate_Texts Entered();
 

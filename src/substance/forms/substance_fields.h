@@ -35,6 +35,7 @@ public:
     std::optional<Substance_Entry> Entered();
     Substance_Entry Entry() const;
     void Show_Entry(const Substance_Entry& entry);
+    void Show_Notes(); // of what the forms behind the buttons have stored
 
     // The fields that the form of the active substance hides at first: Text_koc4, Text_koc5 and text_kdoc.
     void Show_Minor(bool visible);
@@ -44,7 +45,6 @@ private:
     void Lay_Out_Sorption();
     void Lay_Out_Depth();
     void Show_View();
-    void Show_Notes();
     void Choose_Depth(int mode);
     bool Leave_Horizons();
     void Edit_PH();

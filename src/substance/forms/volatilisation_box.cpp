@@ -11,11 +11,15 @@
 
 namespace orvel {
 
-Volatilisation_Box::Volatilisation_Box(const Active_Entry& entry, QWidget* parent)
-    : QGroupBox("Volatilisation", parent),
-      Method(entry.App_Flag)
+Volatilisation_Box::Volatilisation_Box(const Active_Entry& entry, QWidget* parent) : QGroupBox("Volatilisation", parent)
 {
     Lay_Out();
+    Show_Entry(entry);
+}
+
+void Volatilisation_Box::Show_Entry(const Active_Entry& entry)
+{
+    Method = entry.App_Flag;
     (entry.Henry_Direct ? Option_hen1 : Option_hen2)->setChecked(true);
     Text_vol3->setText(Shown(entry.Text_vol3));
     Text_vol4->setText(Shown(entry.Text_vol4));

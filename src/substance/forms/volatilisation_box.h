@@ -20,6 +20,7 @@ public:
     explicit Volatilisation_Box(const Active_Entry& entry, QWidget* parent = nullptr);
 
     void Take(Active_Entry& entry) const; // reads the controls into the entry
+    void Show_Entry(const Active_Entry& entry);
     void Show_Pairs(const Volatilisation& pairs);
     void Show_Method(Application_Method method);
     void Show_Minor(bool visible); // Text_vol3 and Text_vol4

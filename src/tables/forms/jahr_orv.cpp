@@ -29,9 +29,10 @@ Table_Kind Kind_Of(const Session& session, const std::filesystem::path& run)
         *tables = Build_Or_Load(run, progress);
         return {{tables->Year_Text, tables->Period_Text}, *tables};
     };
-    kind.Open_Diagram = [tables, run, ask = session.Ask](QWidget& form) {
+    kind.Open_Diagram = [tables, run, ask = session.Ask, command = kind.Command](QWidget& form) {
         Jahresdiagramm diagram(*tables, ask, &form);
         diagram.Name_Run(run);
+        diagram.Offer_Command(command);
         diagram.exec();
     };
     return kind;

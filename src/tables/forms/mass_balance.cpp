@@ -43,11 +43,12 @@ Table_Kind Kind_Of(Session& session, const std::filesystem::path& run, Balance_V
         return {{tables->Water_Text, tables->Pesticide_Text}, *tables};
     };
     // In either view the diagram is the annual one.
-    kind.Open_Diagram = [run, view, tables, ask = session.Ask](QWidget& form) {
+    kind.Open_Diagram = [run, view, tables, ask = session.Ask, app_path = session.Program.App_Path](QWidget& form) {
         Jahresbilanz diagram(
             view == Balance_View::Annual ? *tables : Build_Or_Load_Balance(run, Balance_View::Annual, Stay_Painted),
             ask, &form);
         diagram.Name_Run(run);
+        diagram.Offer_Command(Orvelctl_Line(app_path, {"balance", run.string()}));
         diagram.exec();
     };
     if (view == Balance_View::Annual && Has_Months(run))

@@ -2,7 +2,9 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/shell_line.h"
 #include "core/text.h"
+#include "ui/forms/command_box.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
@@ -102,6 +104,36 @@ void Text_Viewer::Add_Done(const QString& name, const QString& caption)
 {
     Row->addStretch(1);
     Add_Button(name, caption, [this] { accept(); });
+}
+
+void Text_Viewer::Offer_Command(const std::string& line)
+{
+    Row->insertWidget(Row->count() - 2, Command_Button(this, [line] { return std::vector{line}; }));
+}
+
+namespace {
+
+template <class Viewer>
+void Show_Echo_In(const Session& session, const std::filesystem::path& run_directory, QWidget* parent)
+{
+    const auto echo = Shown_Echo(session, run_directory);
+    if (!echo)
+        return;
+    Viewer viewer(*echo, session.Ask, parent);
+    viewer.Offer_Command(Orvelctl_Line(session.Program.App_Path, {"echo", run_directory.string()}));
+    viewer.exec();
+}
+
+} // namespace
+
+void Show_Echo(const Session& session, const std::filesystem::path& run_directory, QWidget* parent)
+{
+    Show_Echo_In<Echo_ORV>(session, run_directory, parent);
+}
+
+void Show_Failed_Echo(const Session& session, const std::filesystem::path& run_directory, QWidget* parent)
+{
+    Show_Echo_In<Fehler_in_Simulation>(session, run_directory, parent);
 }
 
 Echo_ORV::Echo_ORV(std::string_view echo, Ask_Function ask, QWidget* parent)

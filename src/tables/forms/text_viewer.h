@@ -21,6 +21,7 @@ public:
 
     void Go_To_End(); // like Ctrl+End
     void Mark_Errors();
+    void Offer_Command(const std::string& line); // a button that shows the line with which orvelctl prints the same
 
 protected:
     // Adds a button to the row below the text, in the order of the calls.
@@ -46,6 +47,11 @@ class Fehler_in_Simulation : public Text_Viewer {
 public:
     Fehler_in_Simulation(std::string_view echo, Ask_Function ask, QWidget* parent = nullptr);
 };
+
+// Shows the echo of a run; one that cannot be read is told.
+void Show_Echo(const Session& session, const std::filesystem::path& run_directory, QWidget* parent);
+// That of a run that failed.
+void Show_Failed_Echo(const Session& session, const std::filesystem::path& run_directory, QWidget* parent);
 
 // Any input or output file; `text` is what is shown of it. It can be edited and saved if it is the file's whole text,
 // unchanged.

@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPushButton>
 
 namespace orvel {
 
@@ -35,6 +36,14 @@ void Show_Command(QWidget* parent, const std::vector<std::string>& lines)
     all->addLayout(buttons);
     Use_Form_Keys(box);
     box.exec();
+}
+
+QPushButton* Command_Button(QWidget* parent, std::function<std::vector<std::string>()> lines)
+{
+    auto* button = Push_Button("Befehl", "Copy as comma&nd", parent,
+                               [parent, lines = std::move(lines)] { Show_Command(parent, lines()); });
+    button->setToolTip("The lines that do the same on a command line");
+    return button;
 }
 
 } // namespace orvel

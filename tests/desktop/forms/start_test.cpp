@@ -1,6 +1,8 @@
 #include "desktop/forms/start.h"
 
 #include "core/files.h"
+#include "core/sha256.h"
+#include "runs/acceptance.h"
 #include "runs/start_up.h"
 #include "temporary_directory.h"
 #include "window_test.h"
@@ -49,6 +51,20 @@ TEST_F(Start_Test, Shows_The_Versions_Of_Engine_And_Suite)
     EXPECT_EQ(Form->windowTitle(), "ORVEL 4.01");
     EXPECT_EQ(Caption("Aktuelle_ORVEL_Version"), "ORVEL 4.01");
     EXPECT_EQ(Caption("Aktuelle_ORVELSUITE_Version"), "ORVELSUITE 5.5.3");
+}
+
+TEST_F(Start_Test, Says_Whether_The_Engine_Was_Accepted_Here)
+{
+    Open();
+    EXPECT_EQ(Caption("Acceptance"), "not accepted here");
+
+    Keep_Acceptance(Place.Path(), {.Engine = "orvel401.exe",
+                                   .Engine_Sha256 = Sha256_Of_File(Place / "orvel401.exe"),
+                                   .Expected = "expected.csv",
+                                   .Expected_Sha256 = "e",
+                                   .Date = "2026-05-31"});
+    Open();
+    EXPECT_EQ(Caption("Acceptance"), "accepted on 2026-05-31 against expected.csv");
 }
 
 TEST_F(Start_Test, Protects_The_Shipped_Files_Behind_The_First_Paint)

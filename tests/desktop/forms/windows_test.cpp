@@ -2,8 +2,10 @@
 // each there, light and dark; QT_SCALE_FACTOR=2 draws them for a fine screen.
 #include "core/files.h"
 #include "desktop/forms/form_name.h"
+#include "desktop/forms/installation_check.h"
 #include "desktop/forms/start.h"
 #include "desktop/forms/versionsinfo.h"
+#include "desktop/forms/welcome.h"
 #include "desktop/forms/windows.h"
 #include "documents/forms/form_psm_open.h"
 #include "evaluation/forms/analyse.h"
@@ -54,6 +56,7 @@
 #include "tables/forms/text_viewer.h"
 #include "temporary_directory.h"
 #include "ui/forms/dark_outlines.h"
+#include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 #include "window_test.h"
 
@@ -161,8 +164,17 @@ std::vector<Opened_Window> Windows_Test::All() const
     const auto& focus = Mode_Of(Mode_Kind::Focus);
     const std::string echo = Read_Whole(Run() / "echo.orv");
     return {
+        {"welcome",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Welcome>(std::vector<std::filesystem::path>(), session.Ask, "/home/me/ORVELSUITE");
+         }},
         Plain<Start>("start"),
         Plain<Form_name>("form_name"),
+        {"installation_check",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             Find_Engine(session.Program);
+             return std::make_unique<Installation_Check>(Examine(session.Program));
+         }},
         Plain<Versionsinfo>("versionsinfo"),
         Plain<FOCUS>("focus", std::cref(focus), Run_Windows()),
         Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa)), Run_Windows()),
@@ -339,7 +351,20 @@ QString Place_Of(const QWidget& control)
     return QString("%1 \"%2\"").arg(control.objectName(), text);
 }
 
-// Labels and buttons that have less room than their text needs, and table columns narrower than their headings.
+// Whether a text lies on or below another control of its window.
+bool Overlaps(const QLabel& label)
+{
+    if (label.text().isEmpty() && label.pixmap().isNull())
+        return false;
+    const auto siblings = label.parentWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    return std::ranges::any_of(siblings, [&](const QWidget* other) {
+        return other != &label && other->isVisible() && !other->isWindow() &&
+               other->geometry().intersects(label.geometry());
+    });
+}
+
+// Labels and buttons that have less room than their text needs or lie on others, and table columns narrower than their
+// headings.
 QStringList Cut_In(const QWidget& window)
 {
     QStringList cut;
@@ -352,7 +377,8 @@ QStringList Cut_In(const QWidget& window)
             if (control->width() < needed.width() || control->height() < needed.height())
                 cut << Place_Of(*control);
         }
-        if (label && label->wordWrap() && label->height() < label->heightForWidth(label->width()))
+        if (label &&
+            ((label->wordWrap() && label->height() < label->heightForWidth(label->width())) || Overlaps(*label)))
             cut << Place_Of(*control);
         if (const auto* table = qobject_cast<const QTableView*>(control); table && table->model()) {
             const auto* heads = table->horizontalHeader();
@@ -514,6 +540,69 @@ int Type_Everywhere(QWidget& window, const char* number)
     return typed;
 }
 
+// What the controls of an editor show, each with its name, and whether it can be used.
+QStringList Shown_Values(const QWidget& window)
+{
+    QStringList values;
+    for (const auto* control : window.findChildren<QWidget*>()) {
+        QString value;
+        if (const auto* box = qobject_cast<const QLineEdit*>(control))
+            value = box->text();
+        else if (const auto* list = qobject_cast<const QComboBox*>(control))
+            value = list->currentText();
+        else if (const auto* option = qobject_cast<const QAbstractButton*>(control); option && option->isCheckable())
+            value = option->isChecked() ? "set" : "not set";
+        else
+            continue;
+        values << control->objectName() + " = " + value + (control->isVisible() ? "" : ", hidden") +
+                      (control->isEnabled() ? "" : ", grey");
+    }
+    return values;
+}
+
+// A number that is shown anew may be written otherwise: 2 as 2.00E+00.
+bool Same_Value(const QString& one, const QString& other)
+{
+    bool is_number = false, both = false;
+    const double first = one.section(" = ", 1).toDouble(&is_number), second = other.section(" = ", 1).toDouble(&both);
+    return one == other ||
+           (is_number && both && first == second && one.section(" = ", 0, 0) == other.section(" = ", 0, 0));
+}
+
+QString Changed_Values(const QStringList& wanted, const QStringList& found)
+{
+    QStringList different;
+    for (qsizetype i = 0; i < wanted.size(); ++i) {
+        if (!Same_Value(found.value(i), wanted[i]))
+            different << wanted[i] + " became " + found.value(i);
+    }
+    return different.join("; ");
+}
+
+// By hand: types into the boxes, chooses another entry of the lists and clicks the options.
+void Change_Everything(QWidget& window)
+{
+    for (auto* control : window.findChildren<QWidget*>()) {
+        if (!control->isVisible() || !control->isEnabled())
+            continue;
+        auto* box = qobject_cast<QLineEdit*>(control);
+        auto* list = qobject_cast<QComboBox*>(control);
+        auto* option = qobject_cast<QAbstractButton*>(control);
+        if (box && !box->isReadOnly() && box->objectName() != "Text_peup") { // it belongs to no record
+            box->setFocus();
+            box->selectAll();
+            QTest::keyClicks(box, "2");
+            QTest::keyClick(box, Qt::Key_Tab);
+        } else if (list && list->count() > 1) {
+            list->setFocus();
+            QTest::keyClick(list, list->currentIndex() > 0 ? Qt::Key_Up : Qt::Key_Down);
+        } else if (option && option->isCheckable()) {
+            QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(5, option->height() / 2));
+        }
+        QTest::qWait(1);
+    }
+}
+
 // They run an engine, or take the run away that every window shows.
 bool Is_Left_Alone(const QWidget& button)
 {
@@ -588,6 +677,47 @@ TEST_F(Windows_Test, Can_Be_Used_By_The_Keyboard_Alone_On_A_Small_Screen)
     }
 }
 
+// Every box, list and option of every editor is changed once, as far as its rules let it, and all is taken back.
+TEST_F(Windows_Test, Take_Back_Every_Change_And_Make_It_Again)
+{
+    int editors = 0, changes = 0;
+    for (const auto& opened : All()) {
+        SCOPED_TRACE(opened.Name.toStdString());
+        const auto window = opened.Open(The_Session);
+        auto* undo = window->findChild<QToolButton*>("Undo");
+        auto* redo = window->findChild<QToolButton*>("Redo");
+        if (!undo || opened.Name == "form_psm_1") // which has only a picture
+            continue;
+        ++editors;
+        window->show();
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        const auto undo_all = [&] {
+            int steps = 0;
+            for (; undo->isEnabled() && steps <= Most_Changes_Kept; ++steps)
+                QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+            return steps;
+        };
+        QTest::qWait(1);
+        undo_all(); // what opened further parts of the window
+        const QStringList before = Shown_Values(*window);
+        Change_Everything(*window);
+        const QStringList after = Shown_Values(*window);
+        EXPECT_NE(before.join('\n').toStdString(), after.join('\n').toStdString());
+        const int steps = undo_all();
+        EXPECT_FALSE(undo->isEnabled());
+        EXPECT_GT(steps, 0);
+        EXPECT_EQ(Changed_Values(before, Shown_Values(*window)).toStdString(), "");
+        for (int step = 0; step < steps; ++step)
+            QTest::keyClick(window.get(), Qt::Key_Y, Qt::ControlModifier);
+        EXPECT_FALSE(redo->isEnabled());
+        EXPECT_EQ(Changed_Values(after, Shown_Values(*window)).toStdString(), "");
+        changes += steps;
+    }
+    EXPECT_EQ(editors, 17);
+    EXPECT_GT(changes, 100);
+}
+
 // Every table and the report, printed and read back.
 TEST_F(Windows_Test, A_Printed_Table_Has_All_That_Its_Window_Shows)
 {
@@ -648,7 +778,7 @@ TEST_F(Windows_Test, The_Overview_Of_The_Program_Archives_And_Compares)
             keys << action->text().mid(key + 1, 1).toLower();
     }
     EXPECT_EQ(keys.removeDuplicates(), 0) << keys.join(' ').toStdString();
-    for (const char* name : {"A_Archive", "A_Compare"})
+    for (const char* name : {"A_Archive", "A_Archives", "A_Compare"})
         EXPECT_TRUE(actions.contains(overview->findChild<QAction*>(name))) << name;
     overview->close();
 }

@@ -2,6 +2,7 @@
 // window to their percentiles, and one of their files is broken.
 #include "charts/forms/chart_view.h"
 #include "core/files.h"
+#include "core/text.h"
 #include "desktop/forms/windows.h"
 #include "evaluation/forms/overview_window.h"
 #include "jobs/forms/focus.h"
@@ -19,6 +20,7 @@
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
+#include <QListWidget>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -385,6 +387,74 @@ TEST_F(Overview_Window_Test, A_Cell_Opens_What_Belongs_To_It_And_A_Row_Runs_What
         Patience));
 }
 
+// With earlier results in the bin, as nine runs that are run again leave them, and with an archive that is gone.
+TEST_F(Overview_Window_Test, Is_Compared_With_Earlier_Results_And_Comes_Back)
+{
+    Nine_Runs();
+    const std::string at = "-C " + Installation().string();
+    ASSERT_EQ(Orvelctl(at + " archive --mode focus --pesticide demo_D --to " + (Place->Path() / "a.zip").string()), 0);
+    // Twice the rate at Hamburg; the pesticide file is put back then.
+    const fs::path file = Installation() / "demo_D.psm";
+    const std::string document = Read_Whole(file);
+    Write_Whole(file, Replace_All(document, "   1    0    0    0    0   <day", "   2    0    0    0    0   <day"));
+    ASSERT_EQ(Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location "
+                            "'Hamburg (H)' --replace"),
+              0);
+    ASSERT_EQ(Orvelctl(at + " start --mode focus --wait"), 0);
+    Write_Whole(file, document);
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    const QStringList alone = Cells(window, 0);
+    const auto compared = [&] { return Cell(window, 0, First_Location + 1).contains('|'); };
+
+    In_Modal([](QWidget& choice) {
+        auto* list = Find<QListWidget>(choice, "Earlier");
+        ASSERT_GE(list->count(), 1);
+        list->setCurrentRow(0);
+        Click<QPushButton>(choice, "Do_Compare");
+    });
+    Find<QAction>(window, "A_Compare")->trigger();
+
+    ASSERT_TRUE(QTest::qWaitFor(compared, 5000)) << The_User.Messages.size();
+    const auto cells = Cells(window, 0);
+    EXPECT_EQ(cells[0], alone[0] + " | not simulated"); // the others were not run again
+    const QStringList parts = cells[1].split(" | ");
+    ASSERT_EQ(parts.size(), 3) << cells[1].toStdString();
+    EXPECT_EQ(parts[0], alone[1]);
+    EXPECT_TRUE(parts[0].endsWith(" (inputs changed since)"));
+    const double here = parts[0].section(' ', 1, 1).toDouble(), there = parts[1].toDouble();
+    EXPECT_GT(here, 1.5 * there);
+    EXPECT_NEAR(parts[2].mid(1).toDouble(), there / here, 0.006);
+    EXPECT_TRUE(Find<QLabel>(window, "Comparison")->isVisible());
+    Leave_Picture(window, "overview_compared");
+    QString line;
+    In_Modal([&](QWidget& box) { line = Find<QPlainTextEdit>(box, "Commands")->toPlainText(); });
+    Click<QPushButton>(window, "Befehl");
+    EXPECT_TRUE(line.contains(" --compare " + QString::fromStdString((Installation() / "focus/bin/").string())))
+        << line.toStdString();
+    EXPECT_EQ(std::system((std::string(ORVELCTL) + line.mid(8).toStdString() + " >/dev/null").c_str()), 0);
+
+    Click<QPushButton>(window, "Vergleich_Ende");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0) == alone; }, 5000));
+    EXPECT_FALSE(Find<QLabel>(window, "Comparison")->isVisible());
+
+    const auto compare_with = [&](const std::string& name) {
+        In_Modal([&](QWidget& choice) {
+            Find<QLineEdit>(choice, "Other")->setText(QString::fromStdString((Place->Path() / name).string()));
+            Click<QPushButton>(choice, "Do_Compare");
+        });
+        Find<QAction>(window, "A_Compare")->trigger();
+    };
+    compare_with("a.zip");
+    EXPECT_TRUE(QTest::qWaitFor(compared, 5000));
+    EXPECT_TRUE(The_User.Messages.empty());
+    compare_with("gone.zip");
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_TRUE(Contains(The_User.Messages[0].Text, "gone.zip holds no simulations of focus"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0) == alone; }, 5000));
+    fs::remove_all(Run("Hamburg_-_(H)").parent_path().parent_path()); // for the tests that follow
+}
+
 TEST_F(Overview_Window_Test, A_Dialog_Of_Another_Window_Does_Not_Block_It)
 {
     Nine_Runs();
@@ -418,6 +488,19 @@ TEST_F(Overview_Window_Test, Soil_Modes_Show_A_Concentration_By_Depth_And_Averag
     QString first = Cell(window, 1, First_Location);
     EXPECT_TRUE(first.contains('.')) << first.toStdString();
     EXPECT_TRUE(Find<QComboBox>(window, "Depth")->isVisible());
+    // Bars of the three soils of the row alone, and the averages of the marked one.
+    auto* table = Find<QTreeView>(window, "Table");
+    table->setCurrentIndex(table->model()->index(1, First_Location));
+    const Chart& bars = Find<Chart_View>(window, "Picture")->Shown_Chart();
+    EXPECT_EQ(bars.Boxes.size(), 3U);
+    EXPECT_EQ(bars.X.Ticks.size(), 3U);
+    EXPECT_EQ(bars.Boxes.at(0).Label, first.toStdString());
+    EXPECT_TRUE(bars.Lines.empty()); // the limit is that of water
+    const Chart& averages = Find<Chart_View>(window, "Ranks")->Shown_Chart();
+    ASSERT_EQ(averages.Dots.size(), 11U);
+    EXPECT_TRUE(std::ranges::is_sorted(averages.Lines.at(0).Points, std::greater<>(), &Chart_Point::Y));
+    EXPECT_EQ(averages.Lines[0].Points[0].Y, bars.Boxes[0].Y);
+    EXPECT_TRUE(averages.Dots[0].Marked);
     Leave_Picture(window, "overview_efsa");
 
     Pick(window, "Average", "100 d");
@@ -428,6 +511,9 @@ TEST_F(Overview_Window_Test, Soil_Modes_Show_A_Concentration_By_Depth_And_Averag
             return now.contains('.') && now != first;
         },
         Patience));
+    const Chart& longest = Find<Chart_View>(window, "Ranks")->Shown_Chart();
+    EXPECT_TRUE(longest.Dots.back().Marked);
+    EXPECT_EQ(Find<Chart_View>(window, "Picture")->Shown_Chart().Boxes.at(0).Y, longest.Lines.at(0).Points.back().Y);
 }
 
 } // namespace orvel

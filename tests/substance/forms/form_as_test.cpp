@@ -390,4 +390,28 @@ TEST_F(Form_AS_Test, A_Character_That_The_Code_Page_Lacks_Is_Left_Out_Of_The_Com
 
 } // namespace
 
+TEST_F(Form_AS_Test, An_Undo_Puts_Back_The_Document_With_Its_Applications_And_Cancel_Still_Drops_All)
+{
+    Document.App_Count[1] = 1;
+    Open();
+    const auto opened = std::make_unique<Pesticide_Document>(Document);
+    Retype(*Form, "Rate", "2.5");
+    Retype(*Form, "Text_koc0", "99");
+    QTest::qWait(1);
+    const auto changed = std::make_unique<Pesticide_Document>(Document);
+    ASSERT_FALSE(*changed == *opened);
+
+    QTest::keyClick(Form.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(Text("Text_koc0"), "99");
+    EXPECT_TRUE(Document == *changed); // the boxes are stored with Done
+    QTest::keyClick(Form.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(Text("Rate"), "2.5");
+    EXPECT_TRUE(Document == *opened);
+    QTest::keyClick(Form.get(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Text("Rate"), "2.5");
+    EXPECT_TRUE(Document == *changed);
+    Click<QPushButton>(*Form, "Command_cancel");
+    EXPECT_TRUE(Document == *opened);
+}
+
 } // namespace orvel

@@ -347,4 +347,28 @@ TEST_F(Form_PSM_1_Test, Tells_A_Picture_That_Cannot_Be_Saved)
               std::vector{(Message{"Save Picture", "A picture is saved as .png, .svg or .pdf, not as a.bmp."})});
 }
 
+TEST_F(Form_PSM_1_Test, What_A_Form_Of_The_Scheme_Changed_Is_Taken_Back_And_Made_Again)
+{
+    Rate(1, 1, 0.1);
+    The_Session.Pesticide.Substance_Name[1] = "Compound";
+    The_Session.Pesticide.Molmass[1] = 300;
+    Open();
+    const auto before = std::make_unique<Pesticide_Document>(The_Session.Pesticide);
+    In_Modal([](QWidget& form) {
+        Retype(form, "Text_AS", "Another");
+        Click<QAbstractButton>(form, "Command_ok1");
+    });
+    Click<QAbstractButton>(*Form, "Label_AS");
+    ASSERT_EQ(Caption("Label_AS"), "Another");
+    const auto after = std::make_unique<Pesticide_Document>(The_Session.Pesticide);
+    EXPECT_EQ(Tip("Undo"), "Undo: Another (Ctrl+Z)");
+
+    QTest::keyClick(Form.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Caption("Label_AS"), "Compound");
+    EXPECT_TRUE(The_Session.Pesticide == *before);
+    QTest::keyClick(Form.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Caption("Label_AS"), "Another");
+    EXPECT_TRUE(The_Session.Pesticide == *after);
+}
+
 } // namespace orvel

@@ -1,0 +1,108 @@
+#include "desktop/places.h"
+
+#include "core/files.h"
+#include "recording_user.h"
+#include "temporary_directory.h"
+
+#include <gtest/gtest.h>
+
+namespace orvel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Places_Test : testing::Test {
+    Places_Test()
+    {
+        fs::create_directories(Place / "parts");
+        fs::create_directories(Place / "elsewhere");
+        Write_Whole(Place / "parts/orvel401.exe", "#!/bin/sh\n");
+        Ask = [this](const Message& message) { return The_User(message); };
+    }
+
+    std::optional<fs::path> Find(const fs::path& chosen) { return Installation_In(chosen, {Place / "parts"}, Ask); }
+
+    Temporary_Directory Place;
+    Recording_User The_User;
+    Ask_Function Ask;
+};
+
+TEST_F(Places_Test, Lays_An_Installation_Out_Where_The_User_Says)
+{
+    EXPECT_EQ(Find(Place / "new"), Place / "new");
+
+    EXPECT_TRUE(Is_Installation(Place / "new"));
+    EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(Places_Test, Takes_A_Directory_That_Is_An_Installation)
+{
+    Find(Place / "new");
+    Write_Whole(Place / "new/mine.psm", "mine");
+
+    EXPECT_EQ(Find(Place / "new"), Place / "new");
+    EXPECT_EQ(Read_Whole(Place / "new/mine.psm"), "mine");
+}
+
+TEST_F(Places_Test, Makes_It_Below_A_Directory_With_Other_Files)
+{
+    EXPECT_EQ(Find(Place.Path()), Place / "ORVELSUITE");
+}
+
+TEST_F(Places_Test, Tells_That_It_Cannot_Be_Laid_Out)
+{
+    fs::remove(Place / "parts/orvel401.exe");
+
+    EXPECT_EQ(Find(Place / "new"), std::nullopt);
+
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_NE(The_User.Messages[0].Text.find("orvel401.exe"), std::string::npos);
+    EXPECT_FALSE(fs::exists(Place / "new"));
+}
+
+TEST_F(Places_Test, Takes_The_Scenarios_Of_Another_Installation)
+{
+    Find(Place / "old");
+    for (const char* name : {"H_maize.sze", "H_01.cli"})
+        fs::permissions(Place / "old/focus" / name, fs::perms::owner_write, fs::perm_options::add);
+    Write_Whole(Place / "old/focus/mine.sze", "my soil");
+    fs::remove(Place / "old/focus/H_maize.sze");
+
+    EXPECT_EQ(Installation_In(Place / "new", {Place / "parts"}, Ask, Place / "old"), Place / "new");
+
+    EXPECT_EQ(Read_Whole(Place / "new/focus/mine.sze"), "my soil");
+    EXPECT_FALSE(fs::exists(Place / "new/focus/H_maize.sze"));
+    EXPECT_TRUE(fs::exists(Place / "new/focus/C_maize.sze"));
+    EXPECT_TRUE(Is_Installation(Place / "new"));
+}
+
+TEST_F(Places_Test, A_Start_Goes_Where_It_Was_Asked_To_Or_Was_Last)
+{
+    Find(Place / "one");
+    Find(Place / "two");
+    const fs::path state = Place / "state", document = Place / "one/demo_A.psm", loose = Place / "elsewhere/x.psm";
+    Write_Whole(loose, "x");
+
+    EXPECT_TRUE(Request_Of({}, Place / "elsewhere", Recent_Installations(state)).Installation.empty());
+    Remember_Installation(state, Place / "one");
+    Remember_Installation(state, Place / "two");
+    Remember_Installation(state, Place / "one");
+    EXPECT_EQ(Recent_Installations(state), (std::vector<fs::path>{Place / "one", Place / "two"}));
+    const auto recent = Recent_Installations(state);
+    EXPECT_EQ(Request_Of({}, Place / "elsewhere", recent).Installation, Place / "one");
+    EXPECT_EQ(Request_Of({}, Place / "two", recent).Installation, Place / "two");
+    EXPECT_EQ(Request_Of(Place / "two", Place / "elsewhere", recent).Installation, Place / "two");
+    EXPECT_EQ(Request_Of(document, Place / "two", recent).Installation, Place / "one");
+    EXPECT_EQ(Request_Of(document, Place / "two", recent).Document, document);
+    EXPECT_EQ(Request_Of(loose, Place / "two", recent).Installation, Place / "two");
+    EXPECT_THROW(Request_Of(Place / "one/README.md", Place / "two", recent), File_Error);
+    EXPECT_THROW(Request_Of(Place / "nothing", Place / "two", recent), File_Error);
+
+    fs::remove_all(Place / "one");
+    EXPECT_EQ(Recent_Installations(state), std::vector<fs::path>{Place / "two"});
+}
+
+} // namespace
+
+} // namespace orvel

@@ -1,0 +1,114 @@
+// Changes that a killed program, or somebody else, would have lost.
+#include "core/files.h"
+#include "documents/forms/edit_document.h"
+#include "small_installation.h"
+#include "window_test.h"
+
+#include <QProcess>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QToolButton>
+
+namespace orvel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* Edited_File = "ORVEL_TEST_EDITED_FILE";
+
+class Unsaved_Changes : public Window_Test {
+protected:
+    fs::path Copies() const { return fs::path(qgetenv("XDG_STATE_HOME").toStdString()) / "orvelsuite/unsaved"; }
+
+    // A program that edits a file until it is killed, which is when its copy is there.
+    void Edit_And_Be_Killed(const fs::path& file)
+    {
+        QProcess program;
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(Edited_File, QString::fromStdString(file.string()));
+        program.setProcessEnvironment(environment);
+        program.start(QCoreApplication::applicationFilePath(),
+                      {"--gtest_filter=Unsaved_Changes.Are_Given_Up_With_Their_Copy"});
+        ASSERT_TRUE(program.waitForStarted());
+        std::error_code missing;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(Copies(), missing) && !fs::is_empty(Copies()); }, 30'000));
+        QTest::qWait(200); // the copy is written whole
+        program.kill();
+        program.waitForFinished();
+    }
+
+    Small_Installation Place;
+};
+
+} // namespace
+
+// This test by itself; or the program that the next test kills.
+TEST_F(Unsaved_Changes, Are_Given_Up_With_Their_Copy)
+{
+    const bool lives_on = qEnvironmentVariableIsSet(Edited_File);
+    const fs::path file = lives_on ? fs::path(qgetenv(Edited_File).toStdString()) : Place / "focus/H_maize.sze";
+    const std::string original = Read_Whole(file);
+    In_Modal([&](QWidget& editor) {
+        QApplication::setActiveWindow(&editor);
+        Retype(editor, "Text_tit", "Another title");
+        if (lives_on)
+            QTest::qWait(60'000);
+        The_User.Answers = {Button::Yes};
+    });
+    Open_And_Edit(The_Session, file, nullptr);
+
+    EXPECT_EQ(Read_Whole(file), original);
+    EXPECT_FALSE(fs::exists(Copies()) && !fs::is_empty(Copies()));
+}
+
+TEST_F(Unsaved_Changes, Of_A_Killed_Program_Are_Offered_And_Can_Be_Undone)
+{
+    const fs::path file = Place / "focus/H_maize.sze";
+    const std::string original = Read_Whole(file);
+    Edit_And_Be_Killed(file);
+    ASSERT_EQ(Read_Whole(file), original);
+
+    The_User.Answers = {Button::Yes};
+    In_Modal([&](QWidget& editor) {
+        EXPECT_EQ(Find<QLineEdit>(editor, "Text_tit")->text(), "Another title");
+        EXPECT_TRUE(The_Session.Program.SZE_Changed);
+        EXPECT_EQ(Find<QToolButton>(editor, "Undo")->accessibleName(), "Undo: Unsaved changes");
+        Click<QToolButton>(editor, "Undo");
+        EXPECT_NE(Find<QLineEdit>(editor, "Text_tit")->text(), "Another title");
+        The_User.Answers = {Button::Yes}; // the changes are given up
+    });
+    Open_And_Edit(The_Session, file, nullptr);
+    ASSERT_FALSE(The_User.Messages.empty());
+    EXPECT_NE(The_User.Messages.front().Text.find("SZE_Title: "), std::string::npos) << The_User.Messages.front().Text;
+    EXPECT_TRUE(fs::is_empty(Copies()));
+}
+
+TEST_F(Unsaved_Changes, Of_Somebody_Else_Are_Told_Before_They_Are_Replaced)
+{
+    const fs::path file = Place / "test.psm";
+    const std::string others = Read_Whole(file) + "\r\n";
+    In_Modal([&](QWidget& editor) {
+        Write_Whole(file, others);
+        The_User.Answers = {Button::No};
+        In_Modal([](QWidget& saving) { Click<QPushButton>(saving, "SaveNow"); });
+        Click<QPushButton>(editor, "ComSave");
+        EXPECT_EQ(Read_Whole(file), others);
+        In_Modal([](QWidget& saving) { Click<QPushButton>(saving, "SaveNow"); });
+        The_User.Answers = {Button::Yes};
+        Click<QPushButton>(editor, "ComSave");
+        In_Modal([](QWidget& saving) { Click<QPushButton>(saving, "SaveNow"); });
+        Click<QPushButton>(editor, "ComSave");
+    });
+    Open_And_Edit(The_Session, file, nullptr);
+
+    ASSERT_EQ(The_User.Messages.size(), 3u);
+    for (const int told : {0, 1})
+        EXPECT_EQ(The_User.Messages[static_cast<std::size_t>(told)].Text,
+                  "test.psm was changed by someone else since it was opened here. Replace it, so that their change is "
+                  "lost?");
+    EXPECT_EQ(The_User.Messages[2].Text, "File already exists. Replace?"); // what was saved here is no other's
+    EXPECT_NE(Read_Whole(file), others);
+}
+
+} // namespace orvel

@@ -1,0 +1,135 @@
+#include "documents/unsaved_copy.h"
+
+#include "core/files.h"
+#include "documents/documents.h"
+#include "recording_user.h"
+#include "small_installation.h"
+
+#include <gtest/gtest.h>
+
+namespace orvel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Editors of one pesticide file, one after the other or at a time.
+class Unsaved_Copy_Test : public testing::Test {
+protected:
+    Unsaved_Copy_Test()
+    {
+        The_Session.Ask = [this](const Message& message) { return The_User(message); };
+        EXPECT_TRUE(Open_Document(The_Session, File));
+    }
+
+    Unsaved_Copy Editor() const { return {Place, Document_Kind::Pesticide, File}; }
+
+    // An editor that is gone before it saved a new molar mass.
+    void Lose_A_Change(double molar_mass)
+    {
+        Unsaved_Copy copy = Editor();
+        copy.Begin(The_Session);
+        The_Session.Pesticide.Molmass[1] = molar_mass;
+        EXPECT_TRUE(copy.Keep(The_Session));
+        EXPECT_TRUE(Open_Document(The_Session, File));
+    }
+
+    Small_Installation Installation;
+    const fs::path File = Installation / "test.psm", Place = Installation / "state/unsaved";
+    std::unique_ptr<Session> Owned = std::make_unique<Session>();
+    Session& The_Session = *Owned;
+    Recording_User The_User;
+};
+
+} // namespace
+
+TEST_F(Unsaved_Copy_Test, Nothing_Is_Kept_Of_A_Document_That_Was_Not_Changed)
+{
+    auto copy = Editor();
+    copy.Begin(The_Session);
+    EXPECT_TRUE(copy.Keep(The_Session));
+    EXPECT_FALSE(fs::exists(Place));
+}
+
+TEST_F(Unsaved_Copy_Test, A_Lost_Change_Is_Offered_With_Its_Differences_And_Taken)
+{
+    Lose_A_Change(512);
+
+    auto copy = Editor();
+    const auto offer = copy.Offer(The_Session);
+    ASSERT_TRUE(offer);
+    EXPECT_TRUE(offer->Text.starts_with("test.psm was under edit when the program ended. A copy of 20")) << offer->Text;
+    EXPECT_NE(offer->Text.find("\r\nMolmass[1]: 0 in the file, 512 in the copy\r\n"), std::string::npos)
+        << offer->Text;
+    EXPECT_TRUE(copy.Take(The_Session));
+    EXPECT_EQ(The_Session.Pesticide.Molmass[1].Number(), 512);
+    EXPECT_EQ(The_Session.Program.PSM_File, "test.psm");
+    EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(Unsaved_Copy_Test, An_Offered_Copy_Stays_Until_Its_Editor_Ends)
+{
+    Lose_A_Change(512);
+    {
+        auto copy = Editor();
+        copy.Begin(The_Session);
+        ASSERT_TRUE(copy.Offer(The_Session));
+        copy.Take(The_Session); // and the program ends again
+    }
+    EXPECT_TRUE(Open_Document(The_Session, File));
+    auto copy = Editor();
+    EXPECT_TRUE(copy.Offer(The_Session));
+    copy.End();
+    EXPECT_FALSE(Editor().Offer(The_Session));
+    EXPECT_TRUE(fs::is_empty(Place));
+}
+
+TEST_F(Unsaved_Copy_Test, A_Copy_Whose_Editor_Lives_Is_Nobody_Elses)
+{
+    auto living = Editor();
+    living.Begin(The_Session);
+    The_Session.Pesticide.Molmass[1] = 512;
+    ASSERT_TRUE(living.Keep(The_Session));
+    EXPECT_TRUE(Open_Document(The_Session, File));
+
+    EXPECT_FALSE(Editor().Offer(The_Session));
+    Lose_A_Change(600); // beside it
+    auto next = Editor();
+    const auto offer = next.Offer(The_Session);
+    ASSERT_TRUE(offer);
+    EXPECT_NE(offer->Text.find("600 in the copy"), std::string::npos) << offer->Text;
+}
+
+TEST_F(Unsaved_Copy_Test, A_Copy_Of_What_Was_Saved_After_All_Goes_Unseen)
+{
+    Lose_A_Change(512);
+    The_Session.Pesticide.Molmass[1] = 512;
+    ASSERT_TRUE(Save_Document(The_Session, File));
+
+    EXPECT_FALSE(Editor().Offer(The_Session));
+    EXPECT_TRUE(fs::is_empty(Place));
+}
+
+TEST_F(Unsaved_Copy_Test, Another_File_Of_The_Same_Name_Is_Another_Document)
+{
+    Lose_A_Change(512);
+    fs::create_directory(Installation / "other");
+    fs::copy_file(File, Installation / "other/test.psm");
+
+    EXPECT_FALSE(Unsaved_Copy(Place, Document_Kind::Pesticide, Installation / "other/test.psm").Offer(The_Session));
+}
+
+TEST_F(Unsaved_Copy_Test, A_Number_That_No_File_Can_Hold_Keeps_The_Copy_Of_Before)
+{
+    auto copy = Editor();
+    copy.Begin(The_Session);
+    The_Session.Pesticide.Molmass[1] = 512;
+    ASSERT_TRUE(copy.Keep(The_Session));
+    The_Session.Pesticide.Henry[0] = 1e308;
+    The_Session.Pesticide.Henry[0] *= 10;
+
+    EXPECT_FALSE(copy.Keep(The_Session));
+    EXPECT_TRUE(copy.Has_Copy());
+}
+
+} // namespace orvel
