@@ -307,7 +307,7 @@ Csv_Reader::Source Source_Of_File(const fs::path& file)
 }
 
 Held_Plan Hold_Plan(const Program_State& program, const fs::path& plan, const fs::path& directory,
-                    const Plan_Part& part, const Progress& progress, std::chrono::seconds patience)
+                    const Plan_Part& part, std::chrono::seconds patience, const Progress& progress)
 {
     constexpr std::chrono::seconds Pause(1);
     const auto end = std::chrono::steady_clock::now() + patience;

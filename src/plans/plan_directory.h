@@ -66,8 +66,8 @@ struct Part_At_Work : File_Error {
 // part, or parts of another number, are at work there; File_Error if the directory holds another plan or anything else.
 // `progress` is called as the rows are checked, and may stop that with Reading_Stopped.
 Held_Plan Hold_Plan(const Program_State& program, const std::filesystem::path& plan,
-                    const std::filesystem::path& directory, const Plan_Part& part, const Progress& progress = {},
-                    std::chrono::seconds patience = {});
+                    const std::filesystem::path& directory, const Plan_Part& part, std::chrono::seconds patience = {},
+                    const Progress& progress = {});
 
 // The same for a plan whose parts other programs will take. Throws Part_At_Work if one of them is.
 Plan_Record Prepare_Plan(const Program_State& program, const std::filesystem::path& plan,

@@ -7,6 +7,8 @@
 #include "plans/plan_results.h"
 #include "plans/results_file.h"
 
+#include <memory>
+
 namespace orvel {
 
 namespace fs = std::filesystem;
@@ -31,16 +33,16 @@ void Write_Results_Book(const fs::path& directory, bool with_seconds, const fs::
 {
     const auto record = Read_Plan_Record(directory);
     const auto runs = static_cast<double>(record ? std::max<std::size_t>(1, record->Rows) : 1);
-    std::optional<Row_Book> book;
+    std::unique_ptr<Row_Book> book;
     std::size_t lines = 0;
     Visit_Results(directory, with_seconds, [&](const std::vector<std::string>& cells) {
         const bool is_head = !book;
         if (is_head)
-            book.emplace(Sheet{.Name = "Results",
-                               .Rows = {},
-                               .Frozen_Rows = 1,
-                               .Frozen_Columns = 1,
-                               .Widths = std::vector<double>(cells.size(), Column_Width)});
+            book = std::make_unique<Row_Book>(Sheet{.Name = "Results",
+                                                    .Rows = {},
+                                                    .Frozen_Rows = 1,
+                                                    .Frozen_Columns = 1,
+                                                    .Widths = std::vector<double>(cells.size(), Column_Width)});
         std::vector<Sheet_Cell> row;
         for (const auto& cell : cells)
             row.push_back(is_head ? Sheet_Cell{.Text = cell, .Number = std::nullopt, .Style = {.Head = true}}

@@ -40,14 +40,21 @@ std::vector<std::string> Words_To_Run(const Plan_Order& order)
     return words;
 }
 
-void Start_Plan(const Program_State& program, const Plan_Order& order, const Held_Plan& held, const fs::path& orvelctl)
+std::vector<std::string> Words_To_Go_On(const Program_State& program, const Plan_Order& order)
 {
     Plan_Order copied = order;
     copied.Plan = order.Directory / Plan_Copy_Name;
     std::vector<std::string> words = {"-C", program.App_Path.string()};
     for (auto& word : Words_To_Run(copied))
         words.push_back(std::move(word));
-    words.insert(words.end(), {"--wait", "--held", std::to_string(Kept_As)});
+    words.emplace_back("--wait");
+    return words;
+}
+
+void Start_Plan(const Program_State& program, const Plan_Order& order, const Held_Plan& held, const fs::path& orvelctl)
+{
+    auto words = Words_To_Go_On(program, order);
+    words.insert(words.end(), {"--held", std::to_string(Kept_As)});
     Start_Program({.Program = orvelctl,
                    .Arguments = words,
                    .Directory = order.Directory,
@@ -58,7 +65,7 @@ void Start_Plan(const Program_State& program, const Plan_Order& order, const Hel
 
 void Begin_Plan(const Program_State& program, const Plan_Order& order, const Progress& progress)
 try {
-    const Held_Plan held = Hold_Plan(program, order.Plan, order.Directory, order.Part, progress);
+    const Held_Plan held = Hold_Plan(program, order.Plan, order.Directory, order.Part, {}, progress);
     Start_Plan(program, order, held, Program_Beside("orvelctl"));
 } catch (const Plan_Faults& faults) {
     throw File_Error(Faults_Text(faults));

@@ -15,6 +15,9 @@ namespace orvel {
 // The words behind "orvelctl -C DIR" that run a plan, without the directory of its runs being held.
 std::vector<std::string> Words_To_Run(const Plan_Order& order);
 
+// The words behind "orvelctl" that run what the directory of a plan holds, and wait.
+std::vector<std::string> Words_To_Go_On(const Program_State& program, const Plan_Order& order);
+
 // Hands the part that is held to `orvelctl`, the program that runs it in a session of its own; what it has to say goes
 // to the journal of the plan. Throws File_Error.
 void Start_Plan(const Program_State& program, const Plan_Order& order, const Held_Plan& held,

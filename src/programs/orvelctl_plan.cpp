@@ -140,12 +140,9 @@ int Tell_End(const std::filesystem::path& directory)
 int Run_By_Slurm(const Session& session, Plan_Order order, const Run_Arguments& arguments)
 {
     Prepare_Plan(session.Program, order.Plan, order.Directory);
-    order.Plan = order.Directory / Plan_Copy_Name;
-    order.Jobs = std::max(arguments.Jobs, 1); // a task may be given one of many processors that it sees
-    std::vector<std::string> command = {Own_Path().string(), "-C", session.Program.App_Path.string()};
-    for (auto& word : Words_To_Run(order))
-        command.push_back(std::move(word));
-    command.emplace_back("--wait");
+    order.Jobs = std::max(order.Jobs, 1); // a task may be given one of many processors that it sees
+    auto command = Words_To_Go_On(session.Program, order);
+    command.insert(command.begin(), Own_Path().string());
     Slurm_Order slurm{.Tasks = static_cast<std::size_t>(arguments.Tasks), .Jobs = order.Jobs};
     if (arguments.Minutes > 0)
         slurm.Minutes = arguments.Minutes;
@@ -169,8 +166,8 @@ try {
     }
     if (arguments.Slurm)
         return Run_By_Slurm(session, order, arguments);
-    const Held_Plan held = Hold_Plan(session.Program, order.Plan, order.Directory, order.Part, {},
-                                     std::chrono::seconds(arguments.Patience));
+    const Held_Plan held =
+        Hold_Plan(session.Program, order.Plan, order.Directory, order.Part, std::chrono::seconds(arguments.Patience));
     if (arguments.Wait)
         return Run_And_Wait(session, order, held.Record);
     Start_Plan(session.Program, order, held, Own_Path()); // goes on without the terminal
