@@ -127,7 +127,8 @@ private:
     void Look_At(const Plan_Row& row)
     {
         const fs::path run = Directory_Of_Row(Order.Directory, row.Number);
-        const auto done = Parse_Result(Read_Result(run));
+        const std::string result = Read_Result(run);
+        const auto done = Parse_Result(result);
         if (done && done->front().Verdict == Verdict_Text(Verdict::Complete)) {
             std::error_code ignored;
             if (fs::exists(run / Control_Name, ignored))

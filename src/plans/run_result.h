@@ -52,8 +52,9 @@ struct Result_Line {
     std::string_view Figures; // the columns before the verdict, without the comma behind them
     std::string_view Verdict, Seconds;
 };
-// Nothing for a text that is no whole result.
+// Nothing for a text that is no whole result. The lines are parts of the text.
 std::optional<std::vector<Result_Line>> Parse_Result(std::string_view text);
+std::optional<std::vector<Result_Line>> Parse_Result(std::string&& text) = delete; // which would be gone
 
 // The cells of its figures, or none for a text that is no such line; and what they are, nothing for a line without any.
 constexpr std::size_t Figure_Columns = 6;

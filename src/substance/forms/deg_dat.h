@@ -20,6 +20,7 @@ class deg_dat : public QDialog {
 
 public:
     explicit deg_dat(Session& session, QWidget* parent = nullptr);
+    ~deg_dat() override { hide(); } // a box left by closing the form still needs it
 
 private:
     void Lay_Out();
