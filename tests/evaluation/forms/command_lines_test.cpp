@@ -163,6 +163,7 @@ TEST_F(Command_Lines, Of_A_Table_Print_What_The_Window_Shows)
 {
     Jahr_ORV leachate(The_Session, Run());
     Wait_For(leachate, "Ergebnis_0");
+    Wait_For(leachate, "Ergebnis_1");
     EXPECT_EQ(Words_Of(Do(Lines_Of(leachate).at(0)).Printed),
               Words_Of(Texts_Of(leachate, {"Ergebnis_0"})) + Words_Of(Texts_Of(leachate, {"Ergebnis_1"})));
     for (const auto view : {Balance_View::Annual, Balance_View::Monthly}) {
@@ -227,6 +228,7 @@ TEST_F(Command_Lines, Of_Diagrams_And_The_Echo_Print_Their_Figures)
 
     Jahr_ORV leachate(The_Session, Run());
     Wait_For(leachate, "Ergebnis_0");
+    Wait_For(leachate, "Ergebnis_1");
     In_Modal(look);
     Click<QPushButton>(leachate, "Diagramm");
     EXPECT_EQ(line, Lines_Of(leachate).at(0));
