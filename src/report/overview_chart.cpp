@@ -74,7 +74,8 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
                      const std::string& unit, bool has_limit)
 {
     Chart chart;
-    chart.Title = substance + (has_limit ? ": 80th percentile at 1 m [" : ": concentration in soil [") + unit + "]";
+    const std::string quantity = has_limit ? "80th percentile at 1 m" : "concentration in soil";
+    chart.Title = (substance.empty() ? "" : substance + ": ") + quantity + " [" + unit + "]"; // none before a result
     chart.Unit = unit;
     chart.X.Title = "Location";
     chart.X.High = static_cast<double>(std::max(locations.size(), Least_Places)) + 0.5;
