@@ -224,7 +224,7 @@ TEST_F(Orvelctl_Runs, Status_Tells_Which_Input_Cannot_Be_Read_And_Lists_The_Runs
     const auto status = Do("status --mode focus --json");
 
     EXPECT_EQ(status.Code, 1);
-    EXPECT_NE(status.Standard_Error.find("H_03.cli cannot be read: "), std::string::npos) << status.Standard_Error;
+    EXPECT_NE(status.Told.find("H_03.cli cannot be read: "), std::string::npos) << status.Told;
     EXPECT_NE(status.Printed.find("\"changed_inputs\": [\"../../../H_03.cli\"]"), std::string::npos) << status.Printed;
     fs::remove(Home / "focus" / "H_03.cli"); // what is not there is another matter
     EXPECT_EQ(Do("status --mode focus --json").Code, 0);
