@@ -72,10 +72,11 @@ QLayout* Overview_Window::Choices()
     Find = Named(new QLineEdit, "Find");
     Find->setPlaceholderText("Part of a pesticide, crop or substance");
     Find->setClearButtonEnabled(true);
-    Find->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
+    Find->setMinimumWidth(fontMetrics().averageCharWidth() * 10);
     Crops = Combo("Crops", "Crop", {"All crops"});
     Crops->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    Crops->setMinimumContentsLength(18);
+    Crops->setMinimumContentsLength(8);
+    Crops->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     States = Combo("States", "State", {"All states"});
     using Kind = Cell_Kind;
     for (const auto& [text, kind] :
@@ -222,6 +223,7 @@ QWidget* Overview_Window::Comparison_Banner()
 QLayout* Overview_Window::Foot()
 {
     Status = Named(new QLabel, "Status");
+    Status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long text makes no window wider
     auto* actions = Push_Button("Actions", "&Actions");
     actions->setMenu(Menu);
     auto* foot = new QHBoxLayout;

@@ -136,6 +136,7 @@ void Overview_Window::Take(std::shared_ptr<const Survey_State> state)
     Quantity->setText(Shown(Latest->Overview.Quantity));
     Status->setText(Latest->Failure.empty() ? Shown(Counts_Text(Latest->Overview)) + (Latest->Is_Settled ? "" : " ...")
                                             : QString::fromStdString(Latest->Failure));
+    Status->setToolTip(Status->text());
     emit Shown_Anew();
 }
 

@@ -294,6 +294,18 @@ TEST_F(Overview_Window_Test, Sorting_Leaves_The_Marked_Row_And_The_Open_Ones_And
         fs::remove_all(Installation() / "focus" / pesticide);
 }
 
+TEST_F(Overview_Window_Test, Fits_Half_Of_A_Wide_Screen_Whatever_It_Tells)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    Find<QLabel>(window, "Status")
+        ->setText("5009 simulations: 3112 with figures, 888 changed since, 1009 being read ...");
+
+    constexpr int Letters = 160; // 960 pixels of a screen at 200 %
+    EXPECT_LE(window.minimumSizeHint().width(), Letters * window.fontMetrics().averageCharWidth());
+}
+
 TEST_F(Overview_Window_Test, Classes_Are_The_Users_And_A_Wrong_One_Is_Told)
 {
     Nine_Runs();
