@@ -10,7 +10,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 namespace orvel {
@@ -32,7 +32,7 @@ int Limit_In(const Json_Value& json, std::string_view name, int most)
 
 struct Kept_Run {
     Binned_Run Binned;
-    std::time_t Since = 0; // when the system noted that it was put there
+    File_Identity Noted; // the system notes when it was put there
     std::uint64_t Size = 0;
 };
 
@@ -40,7 +40,7 @@ Kept_Run Look_At(const Binned_Run& binned)
 {
     Kept_Run run{.Binned = binned};
     if (const auto directory = Identity_Of(binned.Directory))
-        run.Since = static_cast<std::time_t>(directory->Noted_Seconds);
+        run.Noted = *directory;
     for (const auto& name : List_Files(binned.Directory, "*")) {
         if (const auto file = Identity_Of(binned.Directory / name))
             run.Size += file->Size;
@@ -96,13 +96,14 @@ void Empty_Bin(const fs::path& mode_directory, std::time_t now)
     for (const auto& binned : Runs_In_Bin(mode))
         runs.push_back(Look_At(binned));
     std::ranges::stable_sort(runs, [](const Kept_Run& a, const Kept_Run& b) {
-        return std::pair(a.Binned.Generation, a.Since) > std::pair(b.Binned.Generation, b.Since);
+        return std::tuple(a.Binned.Generation, a.Noted.Noted_Seconds, a.Noted.Noted_Nanoseconds) >
+               std::tuple(b.Binned.Generation, b.Noted.Noted_Seconds, b.Noted.Noted_Nanoseconds);
     });
     std::uint64_t kept = 0;
     for (std::size_t i = 0; i < runs.size(); ++i) {
         kept += runs[i].Size;
         const bool too_much = rule.Megabytes > 0 && kept > static_cast<std::uint64_t>(rule.Megabytes) * Megabyte;
-        const bool too_old = rule.Days > 0 && now - runs[i].Since > rule.Days * Day;
+        const bool too_old = rule.Days > 0 && now - runs[i].Noted.Noted_Seconds > rule.Days * Day;
         if (i > 0 && (too_much || too_old))
             Delete_For_Good(mode, runs[i].Binned);
     }
