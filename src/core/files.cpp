@@ -38,11 +38,9 @@ std::vector<std::string> List(const fs::path& directory, std::string_view mask, 
     std::vector<std::string> names;
     std::error_code error;
     for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
-        std::error_code ignored;
-        if (entry->is_directory(ignored) != directories)
-            continue;
         std::string name = entry->path().filename().string();
-        if (Matches(name, mask))
+        std::error_code ignored;
+        if (Matches(name, mask) && entry->is_directory(ignored) == directories)
             names.push_back(std::move(name));
     }
     if (!Is_Missing(error))

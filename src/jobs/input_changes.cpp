@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 void Input_Changes::Begin_Pass()
 {
-    Found.clear();
+    Sources.clear();
     Unread.clear();
 }
 
@@ -29,23 +29,32 @@ try {
     return Cannot_Be_Read(error);
 }
 
-// The file of the installation that an input of a run directory was copied from; nothing for one that was not.
-const std::optional<fs::path>& Input_Changes::Source_Of(const fs::path& run_directory, const std::string& name)
+const Input_Changes::Source& Input_Changes::Source_Of(const std::string& name)
 {
-    static const std::optional<fs::path> none;
-    const bool copied = name.find('/') == std::string::npos && !Same_Text(name, "orvel.inp");
-    if (!copied || run_directory == App_Path)
-        return none;
-    const auto known = Found.find(name);
-    return known != Found.end() ? known->second : Found.emplace(name, Find_File(App_Path, Path_Of(name))).first->second;
+    const auto [known, is_new] = Sources.try_emplace(name);
+    if (!is_new)
+        return known->second;
+    try {
+        const auto file = Find_File(App_Path, Path_Of(name));
+        known->second.Is_There = file.has_value();
+        if (file)
+            known->second.Sha256 = Digests.Of(*file).Sha256;
+    } catch (const File_Error& error) {
+        known->second.Is_There = Cannot_Be_Read(error);
+    }
+    return known->second;
 }
 
+// Whether the file of the installation that an input of a run directory was copied from is another one; false for an
+// input that was not.
 bool Input_Changes::Source_Differs(const fs::path& run_directory, const Recorded_File& recorded)
-try {
-    const auto& source = Source_Of(run_directory, recorded.Name);
-    return source && Differs(*source, recorded);
-} catch (const File_Error& error) {
-    return Cannot_Be_Read(error);
+{
+    const std::string& name = recorded.Name;
+    const bool copied = name.find('/') == std::string::npos && !Same_Text(name, "orvel.inp");
+    if (!copied || run_directory == App_Path)
+        return false;
+    const Source& source = Source_Of(name);
+    return source.Is_There && source.Sha256 != recorded.Sha256;
 }
 
 std::vector<std::string> Input_Changes::Of_Installation(const fs::path& run_directory, const Run_Record& record)

@@ -34,15 +34,18 @@ public:
     const std::set<std::string>& Unreadable() const { return Unread; }
 
 private:
-    const std::optional<std::filesystem::path>& Source_Of(const std::filesystem::path& run_directory,
-                                                          const std::string& name);
+    struct Source {
+        bool Is_There = false; // in the installation
+        std::string Sha256;    // empty: it cannot be read
+    };
+    const Source& Source_Of(const std::string& name);
     bool Differs(const std::filesystem::path& file, const Recorded_File& recorded);
     bool Source_Differs(const std::filesystem::path& run_directory, const Recorded_File& recorded);
     bool Cannot_Be_Read(const File_Error& error);
 
     std::filesystem::path App_Path;
     File_Digests Digests;
-    std::map<std::string, std::optional<std::filesystem::path>> Found; // sources by the names of inputs
+    std::map<std::string, Source> Sources; // by the names of inputs, looked at once in a pass
     std::set<std::string> Unread;
 };
 

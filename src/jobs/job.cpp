@@ -9,6 +9,7 @@
 #include "output/run_outputs.h"
 #include "output/run_state.h"
 #include "runs/bin.h"
+#include "runs/bin_rule.h"
 #include "runs/job_file.h"
 #include "runs/run_place.h"
 
@@ -57,6 +58,7 @@ public:
         const int jobs = Order.Jobs > 0 ? Order.Jobs : Processors();
         Log.Add(Job_Event::Begin, "", Counted(Runs.size(), "run") + ", " + std::to_string(jobs) + " at a time");
         Begin_Generation(Directory);
+        Keep_Rule_Of_Bin();
         for (std::size_t run = 0; run < Runs.size(); ++run) {
             while (At_Work.At_Work() >= static_cast<std::size_t>(jobs))
                 At_Work.Wait();
@@ -68,6 +70,7 @@ public:
         }
         while (At_Work.At_Work() > 0)
             At_Work.Wait();
+        Keep_Rule_Of_Bin();
         Log.Add(Job_Event::End, "",
                 Counted(Runs.size(), "run") + ", " + std::to_string(Failed) + " failed" +
                     (Left > 0 ? ", " + std::to_string(Left) + " stopped or not begun" : ""));
@@ -75,6 +78,12 @@ public:
     }
 
 private:
+    void Keep_Rule_Of_Bin() const
+    try {
+        Empty_Bin(Directory);
+    } catch (const File_Error&) { // nothing goes by a rule that cannot be read; the list of the bin tells it
+    }
+
     std::string Name(std::size_t run) const { return Paths[run].lexically_relative(Directory).string(); }
     fs::path Engine(std::size_t run) const { return Paths[run] / Path_Of(Runs[run].Engine); }
 

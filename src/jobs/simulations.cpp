@@ -7,6 +7,7 @@
 #include "core/system/rights.h"
 #include "runs/batch.h"
 #include "runs/bin.h"
+#include "runs/bin_rule.h"
 #include "runs/job_file.h"
 #include "runs/run_place.h"
 
@@ -52,6 +53,14 @@ try {
     return true;
 } catch (const File_Error&) {
     return false;
+}
+
+// The runs have gone to the bin all the same if its rule cannot be read.
+void Empty_Bin_Or_Tell(const fs::path& mode_directory, const Ask_Function& ask)
+try {
+    Empty_Bin(mode_directory);
+} catch (const File_Error& error) {
+    Tell(ask, Deleting, To_Code_Page(error.what()));
 }
 
 // Deletes what was only prepared.
@@ -170,6 +179,8 @@ try {
         Remove_If_Empty(run.parent_path());
         Remove_If_Empty(run.parent_path().parent_path());
     }
+    if (removed > 0)
+        Empty_Bin_Or_Tell(directory, ask);
     return removed;
 } catch (const std::runtime_error& error) { // from changing the pending batch
     Tell(ask, Deleting, To_Code_Page(error.what()));

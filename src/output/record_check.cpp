@@ -14,6 +14,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// How the record of a run names what lies in the directory of its mode.
+constexpr std::string_view Above_Run = "../../../";
+
 // The first output of an engine that the record does not know; empty if there is none.
 std::string Added_Output(const fs::path& run_directory, const Run_Record& record)
 {
@@ -47,24 +50,37 @@ fs::path Record_Check::Engine_Of(const fs::path& run_directory, const Run_Record
     return Found_Or_New(installation, name);
 }
 
-Proof Record_Check::By_Times(const fs::path& run_directory, const Run_Record& record) const
+// `mode`: the directory three levels above the run; nothing for a run in the bin.
+std::optional<File_Identity> Record_Check::Identity_Of_Input(const fs::path& run_directory, const std::string& name,
+                                                             const std::optional<File_Identity>& mode)
+{
+    if (!mode || !name.starts_with(Above_Run))
+        return Identity_Of(Input_File(run_directory, Path_Of(name)));
+    const auto [known, is_new] = Shared.try_emplace({mode->Device, mode->Number, name});
+    if (is_new)
+        known->second = Identity_Of(run_directory / Path_Of(name));
+    return known->second;
+}
+
+Proof Record_Check::By_Times(const fs::path& run_directory, const Run_Record& record)
 {
     const auto written = Identity_Of(run_directory / Run_Record_Name);
     if (!written)
         return Proof::Changed;
     Proof proof = record.End > 0 ? Proof::Same : Proof::Unknown;
-    const auto look = [&](const fs::path& file, const Recorded_File& recorded) {
-        const auto identity = Identity_Of(file);
+    const auto look = [&](const std::optional<File_Identity>& identity, const Recorded_File& recorded) {
         if (!identity || identity->Size != recorded.Size)
             proof = Proof::Changed;
         else if (proof == Proof::Same && !Is_Before(*identity, *written, record.End))
             proof = Proof::Unknown;
     };
-    look(Engine_Of(run_directory, record), record.Engine);
+    look(Identity_Of(Engine_Of(run_directory, record)), record.Engine);
+    const bool in_place = Place_In_Mode(run_directory) == run_directory;
+    const auto mode = in_place ? Identity_Of(run_directory / Above_Run) : std::nullopt;
     for (const auto& input : record.Inputs)
-        look(Input_File(run_directory, Path_Of(input.Name)), input);
+        look(Identity_Of_Input(run_directory, input.Name, mode), input);
     for (const auto& output : record.Outputs)
-        look(run_directory / Path_Of(output.File.Name), output.File);
+        look(Identity_Of(run_directory / Path_Of(output.File.Name)), output.File);
     return proof != Proof::Changed && !Added_Output(run_directory, record).empty() ? Proof::Changed : proof;
 }
 

@@ -9,6 +9,7 @@
 #include "output/run_outputs.h"
 
 #include <mutex>
+#include <utility>
 
 namespace orvel {
 
@@ -30,15 +31,17 @@ bool Has_Digest(const fs::path& file, const std::string& digest)
 // record is taken for it unread.
 std::string Changed_Output(const fs::path& run_directory, const Run_Record& record)
 {
-    std::error_code error;
-    const auto recorded = fs::last_write_time(run_directory / Run_Record_Name, error);
+    const auto recorded = Identity_Of(run_directory / Run_Record_Name);
+    const auto is_younger = [&](const File_Identity& file) {
+        return !recorded ||
+               std::pair(file.Seconds, file.Nanoseconds) > std::pair(recorded->Seconds, recorded->Nanoseconds);
+    };
     for (const auto& output : record.Outputs) {
         const fs::path file = run_directory / Path_Of(output.File.Name);
-        const auto size = fs::file_size(file, error);
-        if (error || size != output.File.Size)
+        const auto found = Identity_Of(file);
+        if (!found || found->Size != output.File.Size)
             return output.File.Name;
-        const auto written = fs::last_write_time(file, error);
-        if (error || (written > recorded && !Has_Digest(file, output.File.Sha256)))
+        if (is_younger(*found) && !Has_Digest(file, output.File.Sha256))
             return output.File.Name;
     }
     return {};

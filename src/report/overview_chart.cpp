@@ -74,7 +74,8 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
                      const std::string& unit, bool has_limit)
 {
     Chart chart;
-    chart.Title = substance + (has_limit ? ": 80th percentile at 1 m [" : ": concentration in soil [") + unit + "]";
+    const std::string quantity = has_limit ? "80th percentile at 1 m" : "concentration in soil";
+    chart.Title = (substance.empty() ? "" : substance + ": ") + quantity + " [" + unit + "]"; // none before a result
     chart.Unit = unit;
     chart.X.Title = "Location";
     chart.X.High = static_cast<double>(std::max(locations.size(), Least_Places)) + 0.5;
@@ -103,7 +104,8 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
         chart.Key.push_back({Colour::Marked, "above the limit of " + Limit_Text() + " (line)"});
     if (dots)
         chart.Key.push_back({Colour::Term_3, "the two values that make the percentile"});
-    chart.Y = Value_Axis(0, highest);
+    constexpr double Room_For_Figure = 1.15; // over the highest bar
+    chart.Y = Value_Axis(0, Room_For_Figure * highest);
     if (chart.Boxes.empty())
         chart.Nothing = "No location has a result.";
     if (has_limit && Drinking_Water_Limit <= chart.Y.High)

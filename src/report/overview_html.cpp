@@ -13,7 +13,7 @@ constexpr std::string_view Style = R"(
 body { max-width: none; }
 .key { display: flex; flex-wrap: wrap; gap: 0.4rem 0.8rem; padding: 0; margin: 0.8rem 0; list-style: none; font-size: 0.85rem; }
 .key li { padding: 0.1rem 0.6rem; border: 1px solid var(--rule); border-radius: 0.3rem; }
-td.figure { text-align: right; white-space: nowrap; }
+td.figure { text-align: right; white-space: nowrap; } td:nth-child(-n+3) { min-width: 6rem; overflow-wrap: anywhere; white-space: normal; }
 td.figure .sign { margin-right: 0.2em; } td:last-child { min-width: 12rem; }
 td.over { font-weight: 700; } td.state { font-style: italic; } td.metabolite { padding-left: 1.8rem; }
 .mark { display: block; font-size: 0.8em; font-style: italic; font-weight: 400; }

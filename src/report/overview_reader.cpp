@@ -206,9 +206,11 @@ try {
         Take_Figures(run, true, progress);
     if (record && !run.Checked)
         Compare(run, *record);
-    if (Status_Of_Run(run.Directory) == Run_Status::Running) // begun anew while it was read
+    if (Status_Of_Run(run.Directory) == Run_Status::Running) { // begun anew while it was read
+        Begin_Pass();
         run =
             Look({.Pesticide = run.Pesticide, .Crop = run.Crop, .Location = run.Location, .Directory = run.Directory});
+    }
 } catch (const Reading_Stopped&) {
     throw;
 } catch (const std::exception& error) {

@@ -20,8 +20,12 @@ class Overview_Reader {
 public:
     Overview_Reader(std::filesystem::path app_path, const Mode& mode, Soil_Choice soil = {});
 
-    // A pass over the runs begins: files of the installation may have come and gone since the last one.
-    void Begin_Pass() { Sources.Begin_Pass(); }
+    // A pass over the runs begins: files that runs share may have come, changed and gone since the last one.
+    void Begin_Pass()
+    {
+        Files.Begin_Pass();
+        Sources.Begin_Pass();
+    }
 
     // The state of a run, and its figures if its tables are stored; no big file is read. `Pending` is set if that
     // leaves anything open.

@@ -300,6 +300,9 @@ TEST_F(Orvelctl_Overview, The_Page_Is_Laid_Out_By_A_Browser)
 {
     if (Shell("command -v chromium").Code != 0 || Shell("command -v pdftotext").Code != 0)
         GTEST_SKIP() << "There is no chromium or no pdftotext: the page was not tried in a browser.";
+    const std::string long_name(190, 'n'); // pushes no figure off the paper
+    fs::copy_file(Installation() / "demo_C.psm", Installation() / (long_name + ".psm"));
+    Mark(long_name + ".psm", "Hamburg (H)");
     const auto page = Installation() / "page.html", paper = Installation() / "page.pdf";
     ASSERT_EQ(Orvelctl("overview --mode focus --to " + page.string()).Code, 0);
     const std::string browser = "timeout 120 chromium --headless --no-sandbox --disable-gpu --user-data-dir=" +
@@ -323,6 +326,7 @@ TEST_F(Orvelctl_Overview, The_Page_Is_Laid_Out_By_A_Browser)
               " 2>/dev/null");
         EXPECT_TRUE(fs::exists(picture) && fs::file_size(picture) > 5000) << size;
     }
+    fs::remove_all(Installation() / "focus" / (long_name + ".run"));
 }
 
 } // namespace orvel

@@ -150,6 +150,13 @@ TEST(Report_As_Html, Nothing_Is_Fetched_From_Elsewhere_And_The_Diagrams_Stand_In
     EXPECT_TRUE(Has(html, "prefers-color-scheme: dark"));
 }
 
+TEST(Location_Chart, Has_A_Title_Without_The_Name_Of_A_Substance_That_Is_Not_Known_Yet)
+{
+    EXPECT_EQ(Location_Chart("P", {}, Conc_Values::Periods, "mg/L", true).Title, "P: 80th percentile at 1 m [mg/L]");
+    EXPECT_EQ(Location_Chart("", {}, Conc_Values::Periods, "mg/L", true).Title, "80th percentile at 1 m [mg/L]");
+    EXPECT_EQ(Soil_Chart("", {}, "mg/kg", "Maximum").Title, "concentration in soil [mg/kg]");
+}
+
 TEST(Report_As_Html, An_Empty_Diagram_Is_Left_Out)
 {
     Report report = Small_Report();

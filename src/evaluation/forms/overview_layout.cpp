@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStyledItemDelegate>
 #include <QTreeView>
@@ -22,6 +23,8 @@
 namespace orvel {
 
 namespace {
+
+constexpr int Rows_Measured = 100; // for the width of a column, from the first one that is seen
 
 QComboBox* Combo(const QString& name, const QString& purpose, const QStringList& items)
 {
@@ -69,10 +72,11 @@ QLayout* Overview_Window::Choices()
     Find = Named(new QLineEdit, "Find");
     Find->setPlaceholderText("Part of a pesticide, crop or substance");
     Find->setClearButtonEnabled(true);
-    Find->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
+    Find->setMinimumWidth(fontMetrics().averageCharWidth() * 10);
     Crops = Combo("Crops", "Crop", {"All crops"});
     Crops->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    Crops->setMinimumContentsLength(18);
+    Crops->setMinimumContentsLength(8);
+    Crops->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     States = Combo("States", "State", {"All states"});
     using Kind = Cell_Kind;
     for (const auto& [text, kind] :
@@ -163,6 +167,7 @@ QWidget* Overview_Window::Table_And_Pictures()
     Table->header()->setSortIndicator(-1, Qt::AscendingOrder);
     Table->header()->setStretchLastSection(false);
     Table->header()->setSectionsMovable(false);
+    Table->header()->setResizeContentsPrecision(Rows_Measured);
     Table->header()->setDefaultAlignment(Qt::AlignCenter);
     Table->setContextMenuPolicy(Qt::CustomContextMenu);
     Table->setTextElideMode(Qt::ElideRight);
@@ -170,6 +175,10 @@ QWidget* Overview_Window::Table_And_Pictures()
         Show_Pictures();
         Enable_Actions();
     });
+    connect(&Table_Model, &QAbstractItemModel::modelAboutToBeReset, this, &Overview_Window::Remember_Rows);
+    connect(&Table_Model, &QAbstractItemModel::modelReset, this, &Overview_Window::Restore_Rows);
+    connect(Table, &QTreeView::expanded, this, &Overview_Window::Widen_Columns);
+    connect(Table->verticalScrollBar(), &QScrollBar::valueChanged, this, &Overview_Window::Widen_Columns);
     connect(Table, &QTreeView::activated, this, [this] {
         if (A_Leachate->isEnabled())
             Leachate();
@@ -214,6 +223,7 @@ QWidget* Overview_Window::Comparison_Banner()
 QLayout* Overview_Window::Foot()
 {
     Status = Named(new QLabel, "Status");
+    Status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long text makes no window wider
     auto* actions = Push_Button("Actions", "&Actions");
     actions->setMenu(Menu);
     auto* foot = new QHBoxLayout;

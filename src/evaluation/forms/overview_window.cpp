@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTreeView>
 
 namespace orvel {
@@ -135,6 +136,7 @@ void Overview_Window::Take(std::shared_ptr<const Survey_State> state)
     Quantity->setText(Shown(Latest->Overview.Quantity));
     Status->setText(Latest->Failure.empty() ? Shown(Counts_Text(Latest->Overview)) + (Latest->Is_Settled ? "" : " ...")
                                             : QString::fromStdString(Latest->Failure));
+    Status->setToolTip(Status->text());
     emit Shown_Anew();
 }
 
@@ -142,23 +144,61 @@ void Overview_Window::Show_Rows()
 {
     if (!Latest)
         return;
-    const auto marked = Table->currentIndex();
-    const auto* row = Table_Model.Row_At(marked);
-    const auto key = row ? std::optional(std::array{row->Pesticide, row->Crop, row->Substance}) : std::nullopt;
+    const int place = Table->verticalScrollBar()->value();
     const bool is_new = Table_Model.Show(std::shared_ptr<const Overview>(Latest, &Latest->Overview), Filter(),
                                          Latest->Overview.Has_Limit ? Settings.Bounds : std::vector<double>());
-    if (is_new) {
-        Size_Columns();
-        auto found = Table_Model.index(0, marked.isValid() ? marked.column() : 0);
-        for (int i = 0; key && i < Table_Model.rowCount(); ++i) {
-            const auto* other = Table_Model.Row_At(Table_Model.index(i, 0));
-            if (std::array{other->Pesticide, other->Crop, other->Substance} == *key)
-                found = Table_Model.index(i, marked.column());
-        }
-        Table->setCurrentIndex(found);
-    }
+    if (is_new)
+        Table->verticalScrollBar()->setValue(place);
+    else
+        Widen_Columns();
     Show_Pictures();
     Enable_Actions();
+}
+
+namespace {
+
+std::array<std::string, 3> Name_Of(const Overview_Row& row)
+{
+    return {row.Pesticide, row.Crop, row.Substance};
+}
+
+} // namespace
+
+// Before the rows change their order, or others come.
+void Overview_Window::Remember_Rows()
+{
+    Open_Rows.clear();
+    for (int row = 0; row < Table_Model.rowCount(); ++row) {
+        if (const auto index = Table_Model.index(row, 0); Table->isExpanded(index))
+            Open_Rows.insert(Name_Of(*Table_Model.Row_At(index)));
+    }
+    const auto* current = Table_Model.Row_At(Table->currentIndex());
+    Current_Row = current ? std::optional(Name_Of(*current)) : std::nullopt;
+    Current_Column = std::max(0, Table->currentIndex().column());
+}
+
+// The row that was marked stays marked, though its substance may have become known; without it the first one is.
+void Overview_Window::Restore_Rows()
+{
+    auto found = Table_Model.index(0, Current_Column);
+    bool is_it = false;
+    const auto look = [&](const QModelIndex& index) {
+        const Row_Name name = Name_Of(*Table_Model.Row_At(index));
+        if (!Current_Row || is_it || (*Current_Row)[0] != name[0] || (*Current_Row)[1] != name[1])
+            return;
+        is_it = name == *Current_Row;
+        if (is_it || index.parent() == QModelIndex())
+            found = index;
+    };
+    for (int row = 0; row < Table_Model.rowCount(); ++row) {
+        const auto parent = Table_Model.index(row, 0);
+        Table->setExpanded(parent, Open_Rows.contains(Name_Of(*Table_Model.Row_At(parent))));
+        look(Table_Model.index(row, Current_Column));
+        for (int below = 0; below < Table_Model.rowCount(parent); ++below)
+            look(Table_Model.index(below, Current_Column, parent));
+    }
+    Table->setCurrentIndex(found);
+    Size_Columns();
 }
 
 void Overview_Window::Fill_Crops()
@@ -189,20 +229,30 @@ void Overview_Window::Fill_Locations()
     Locations->setCurrentIndex(std::max(0, Locations->findText(Shown(Settings.Chosen))));
 }
 
-void Overview_Window::Size_Columns()
+int Overview_Window::Wanted_Width(int column) const
 {
     const QFontMetrics metrics = fontMetrics();
     constexpr int Longest_Name = 40, Longest_Cell = 90; // letters; two figures with their marks and the ratio
-    for (int column = 0; column < Table_Model.columnCount(); ++column) {
-        const int most =
-            metrics.averageCharWidth() * (column < Table_Model.Location_Column() ? Longest_Name : Longest_Cell);
-        int widest = 0;
-        for (const QString& line :
-             Table_Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().split('\n'))
-            widest = std::max(widest, metrics.horizontalAdvance(line));
-        widest = std::max(widest + 2 * metrics.averageCharWidth(), Content_Width(*Table, column));
-        Table->setColumnWidth(column, std::min(most, widest + metrics.averageCharWidth()));
-    }
+    const int most =
+        metrics.averageCharWidth() * (column < Table_Model.Location_Column() ? Longest_Name : Longest_Cell);
+    int widest = 0;
+    for (const QString& line : Table_Model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().split('\n'))
+        widest = std::max(widest, metrics.horizontalAdvance(line));
+    widest = std::max(widest + 2 * metrics.averageCharWidth(), Content_Width(*Table, column));
+    return std::min(most, widest + metrics.averageCharWidth());
+}
+
+void Overview_Window::Size_Columns()
+{
+    for (int column = 0; column < Table_Model.columnCount(); ++column)
+        Table->setColumnWidth(column, Wanted_Width(column));
+}
+
+// No figure is cut off when a run goes on or a row is opened; columns do not become narrower under the user's eyes.
+void Overview_Window::Widen_Columns()
+{
+    for (int column = Table_Model.Location_Column(); column < Table_Model.columnCount(); ++column)
+        Table->setColumnWidth(column, std::max(Table->columnWidth(column), Wanted_Width(column)));
 }
 
 void Overview_Window::Show_Key()

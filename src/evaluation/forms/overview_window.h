@@ -61,7 +61,11 @@ private:
     void Show_Rows();
     void Fill_Crops();
     void Fill_Locations();
+    void Remember_Rows();
+    void Restore_Rows();
+    int Wanted_Width(int column) const;
     void Size_Columns();
+    void Widen_Columns();
     void Show_Key();
     void Show_Pictures();
     void Show_Soil_Pictures(const Overview_Row& row, std::size_t column);
@@ -105,6 +109,10 @@ private:
     Session& The_Session;
     Overview_Settings Settings;
     Overview_Model Table_Model;
+    using Row_Name = std::array<std::string, 3>; // pesticide, crop and substance
+    std::set<Row_Name> Open_Rows;                // what is kept of the rows while they are put into another order
+    std::optional<Row_Name> Current_Row;
+    int Current_Column = 0;
     std::shared_ptr<const Survey_State> Latest;
     std::shared_ptr<const Compared_Assessment> Compared; // nullptr: nothing
     std::filesystem::path Compared_Path;

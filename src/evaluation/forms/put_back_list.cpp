@@ -1,6 +1,8 @@
 #include "evaluation/forms/put_back_list.h"
 
+#include "core/code_page.h"
 #include "jobs/simulations.h"
+#include "runs/bin_rule.h"
 #include "ui/forms/widgets.h"
 #include "ui/forms/work_bar.h"
 
@@ -10,6 +12,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTableWidget>
 
 namespace orvel {
@@ -18,6 +21,16 @@ namespace {
 
 constexpr int Columns_Shown = 100;
 constexpr int Lines_Shown = 20;
+
+QSpinBox* Limit(const QString& name, const QString& purpose, int most, const QString& unit)
+{
+    auto* limit = Named(new QSpinBox, name);
+    limit->setAccessibleName(purpose);
+    limit->setRange(0, most);
+    limit->setSuffix(unit);
+    limit->setSpecialValueText("any number of" + unit);
+    return limit;
+}
 
 } // namespace
 
@@ -29,6 +42,7 @@ Put_Back_List::Put_Back_List(Session& session, const Mode& mode, QWidget* parent
     setObjectName("Put_Back_List");
     setWindowTitle("Put back simulations");
     Lay_Out();
+    Show_Rule();
     Refresh();
     resize(fontMetrics().averageCharWidth() * Columns_Shown, fontMetrics().lineSpacing() * Lines_Shown);
 }
@@ -62,7 +76,42 @@ void Put_Back_List::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addWidget(note);
     all->addWidget(Bin_Grid, 1);
+    all->addLayout(Rule_Row());
     all->addLayout(buttons);
+}
+
+QLayout* Put_Back_List::Rule_Row()
+{
+    Megabytes = Limit("Megabytes", "Most megabytes in the bin", Most_Megabytes, " MB");
+    Days = Limit("Days", "Most days in the bin", Most_Days, " days");
+    auto* label = new QLabel("&Keep at most");
+    label->setBuddy(Megabytes);
+    auto* row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(Megabytes);
+    row->addWidget(Days);
+    auto* set = Push_Button("Regel", "&Set", this, &Put_Back_List::Keep_Rule);
+    set->setToolTip("For all bins of this installation, from the next time that something is put there; the last one "
+                    "put there always stays");
+    row->addWidget(set);
+    row->addStretch(1);
+    return row;
+}
+
+void Put_Back_List::Show_Rule()
+try {
+    const Bin_Rule rule = Read_Bin_Rule(The_Session.Program.App_Path);
+    Megabytes->setValue(rule.Megabytes);
+    Days->setValue(rule.Days);
+} catch (const File_Error& error) {
+    The_Session.Ask({Bytes_Of(windowTitle()), To_Code_Page(error.what())});
+}
+
+void Put_Back_List::Keep_Rule()
+try {
+    Write_Bin_Rule(The_Session.Program.App_Path, {.Megabytes = Megabytes->value(), .Days = Days->value()});
+} catch (const File_Error& error) {
+    The_Session.Ask({Bytes_Of(windowTitle()), To_Code_Page(error.what())});
 }
 
 void Put_Back_List::Refresh()

@@ -6,7 +6,9 @@
 #include <QDialog>
 #include <vector>
 
+class QLayout;
 class QPushButton;
+class QSpinBox;
 class QTableWidget;
 
 namespace orvel {
@@ -21,6 +23,9 @@ public:
 private:
     void Lay_Out();
     void Refresh();
+    QLayout* Rule_Row();
+    void Show_Rule();
+    void Keep_Rule();
     void Put_Back_Click();
     void Selection_Changed();
 
@@ -29,6 +34,7 @@ private:
     std::vector<Binned_Run> Runs;
     QTableWidget* Bin_Grid = nullptr;
     QPushButton* Zurueck = nullptr;
+    QSpinBox *Megabytes = nullptr, *Days = nullptr;
 };
 
 } // namespace orvel

@@ -241,6 +241,71 @@ TEST_F(Overview_Window_Test, Filters_Sorting_And_Chosen_Locations)
     EXPECT_TRUE(QTest::qWaitFor([&] { return model->columnCount() == First_Location + 9 + 2; }, 5000));
 }
 
+namespace {
+
+// Whether a column of the table shows all of a text of a row.
+bool Is_Wide_Enough(const QTreeView& table, const QModelIndex& index)
+{
+    QFont font = table.font();
+    if (const auto own = index.data(Qt::FontRole); own.isValid())
+        font = own.value<QFont>().resolve(font);
+    return QFontMetrics(font).horizontalAdvance(index.data().toString()) <= table.columnWidth(index.column());
+}
+
+} // namespace
+
+TEST_F(Overview_Window_Test, Sorting_Leaves_The_Marked_Row_And_The_Open_Ones_And_An_Open_Row_Has_Its_Whole_Figures)
+{
+    Nine_Runs();
+    const std::string at = "-C " + Installation().string();
+    ASSERT_EQ(
+        Orvelctl(at + " mark --mode focus --pesticide demo_C.psm --crop 'Winter cereals' --location 'Hamburg (H)'"), 0);
+    ASSERT_EQ(
+        Orvelctl(at + " mark --mode focus --pesticide demo_A.psm --crop 'Winter cereals' --location 'Hamburg (H)'"), 0);
+    {
+        Overview_Window window(The_Session, Mode_Kind::Focus);
+        Settle(window);
+        auto* table = Find<QTreeView>(window, "Table");
+        ASSERT_EQ(Cell(window, 1, 0), "demo_C");
+        table->setCurrentIndex(table->model()->index(1, First_Location + 1));
+
+        // The row gets the name of its substance when its run has ended.
+        ASSERT_EQ(Orvelctl(at + " start --mode focus --wait"), 0);
+        ASSERT_TRUE(
+            QTest::qWaitFor([&] { return table->model()->rowCount(table->model()->index(1, 0)) == 1; }, Patience));
+        EXPECT_EQ(table->currentIndex(), table->model()->index(1, First_Location + 1));
+
+        table->expand(table->model()->index(1, 0));
+        const auto metabolite = [&] {
+            return table->model()->index(0, First_Location + 1, table->model()->index(1, 0));
+        };
+        EXPECT_TRUE(Is_Wide_Enough(*table, metabolite())) << metabolite().data().toString().toStdString();
+        table->setCurrentIndex(metabolite());
+        table->sortByColumn(0, Qt::DescendingOrder);
+        table->sortByColumn(First_Location + 1, Qt::AscendingOrder);
+        table->sortByColumn(0, Qt::AscendingOrder);
+
+        EXPECT_TRUE(table->isExpanded(table->model()->index(1, 0)));
+        EXPECT_FALSE(table->isExpanded(table->model()->index(0, 0)));
+        EXPECT_EQ(table->currentIndex(), metabolite());
+        EXPECT_TRUE(Is_Wide_Enough(*table, metabolite()));
+    }
+    for (const char* pesticide : {"demo_A.run", "demo_C.run"})
+        fs::remove_all(Installation() / "focus" / pesticide);
+}
+
+TEST_F(Overview_Window_Test, Fits_Half_Of_A_Wide_Screen_Whatever_It_Tells)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    Settle(window);
+    Find<QLabel>(window, "Status")
+        ->setText("5009 simulations: 3112 with figures, 888 changed since, 1009 being read ...");
+
+    constexpr int Letters = 160; // 960 pixels of a screen at 200 %
+    EXPECT_LE(window.minimumSizeHint().width(), Letters * window.fontMetrics().averageCharWidth());
+}
+
 TEST_F(Overview_Window_Test, Classes_Are_The_Users_And_A_Wrong_One_Is_Told)
 {
     Nine_Runs();

@@ -12,6 +12,7 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QScreen>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTableWidget>
 
@@ -159,6 +160,34 @@ TEST_F(Simulationsliste_Test, What_Was_Deleted_Is_Put_Back)
     EXPECT_TRUE(fs::exists(run / "echo.orv"));
     EXPECT_EQ(Find<QTableWidget>(bin, "Bin_Grid")->rowCount(), 0);
     EXPECT_FALSE(Find<QPushButton>(bin, "Zurueck")->isEnabled());
+}
+
+TEST_F(Simulationsliste_Test, How_Much_The_Bin_Keeps_Is_Set_And_Holds_When_The_Next_One_Is_Deleted)
+{
+    const auto delete_run = [&](const char* name) {
+        const auto run = Put_Run(name);
+        Write_File(run / "chem.orv", std::string(700'000, 'x'));
+        Open();
+        Click_Row(0);
+        The_User.Answers = {Button::Yes};
+        Click<QPushButton>(*Form, "Loeschen");
+    };
+    delete_run("a.run/Maize.run/Hamburg_-_(H).run");
+    {
+        Put_Back_List bin(The_Session, Mode_Of(Mode_Kind::Focus));
+        bin.show();
+        EXPECT_EQ(Find<QSpinBox>(bin, "Megabytes")->text(), "any number of MB");
+        Find<QSpinBox>(bin, "Megabytes")->setValue(1);
+        Click<QPushButton>(bin, "Regel");
+        EXPECT_EQ(Find<QTableWidget>(bin, "Bin_Grid")->rowCount(), 1);
+    }
+
+    delete_run("b.run/Maize.run/Hamburg_-_(H).run");
+
+    Put_Back_List bin(The_Session, Mode_Of(Mode_Kind::Focus));
+    EXPECT_EQ(Find<QSpinBox>(bin, "Megabytes")->value(), 1);
+    ASSERT_EQ(Find<QTableWidget>(bin, "Bin_Grid")->rowCount(), 1);
+    EXPECT_EQ(Find<QTableWidget>(bin, "Bin_Grid")->item(0, 0)->text(), "b");
 }
 
 TEST_F(Simulationsliste_Test, Opens_Wide_Enough_For_All_Columns)
