@@ -111,8 +111,7 @@ void Klima::Append_Day()
 {
     if (Model->rowCount() >= Model->Most_Rows())
         return;
-    Model->Append_Day();
-    The_Session.Program.CLI_Changed = true;
+    Grid1->Change_Block(Model->rowCount(), 0, {Model->Grid().Next_Day()});
     Grid1->Go_To(Model->rowCount() - 1, First_Number);
 }
 
