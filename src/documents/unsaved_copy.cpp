@@ -28,11 +28,22 @@ try {
     return Type_Of(kind).Json(session);
 }
 
+bool Has_Files(const fs::path& directory)
+{
+    return fs::exists(directory) && !List_Files(directory, "*").empty();
+}
+
 std::unique_ptr<Session> Opened(const fs::path& file)
 {
     auto session = std::make_unique<Session>();
     session->Ask = [](const Message& message) { return message.Default; };
     return Open_Document(*session, file) ? std::move(session) : nullptr;
+}
+
+// The blanks around a text are not always read as they were written.
+bool Only_In_Blanks(const Difference& difference)
+{
+    return Trim(difference.First) == Trim(difference.Second);
 }
 
 std::string Listed(const std::vector<Difference>& differences)
@@ -71,7 +82,8 @@ std::optional<Message> Unsaved_Copy::Offer(const Session& session)
         if (!copy)
             continue;
         Offered = directory / files.front();
-        const auto differences = Type_Of(Kind).Differences(session, *copy);
+        auto differences = Type_Of(Kind).Differences(session, *copy);
+        std::erase_if(differences, Only_In_Blanks);
         if (differences.empty()) { // it was saved after all
             Drop_Offered();
             continue;
@@ -79,9 +91,10 @@ std::optional<Message> Unsaved_Copy::Offer(const Session& session)
         return Message{"Unsaved changes",
                        Shown_Name(File) + " was under edit when the program ended. A copy of " +
                            Date_Text(Last_Change(Offered)) + " has changes that were not saved:" + Listed(differences) +
-                           std::string(CrLf) + std::string(CrLf) + "Go on with the copy? No deletes it.",
+                           std::string(CrLf) + std::string(CrLf) +
+                           "Go on with the copy? No deletes it, Cancel keeps it for the next time.",
                        Icon::Question,
-                       {Button::Yes, Button::No},
+                       {Button::Yes, Button::No, Button::Cancel},
                        Button::Yes};
     }
     return std::nullopt;
@@ -117,6 +130,8 @@ try {
         return true;
     for (int editor = 1; !Alive && editor <= Most_Editors; ++editor) {
         Own = Place / (Key + std::to_string(editor));
+        if (Own != Offered.parent_path() && Has_Files(Own)) // a copy that waits for another time
+            continue;
         fs::create_directories(Own);
         Alive = Lock::Take(Own);
     }

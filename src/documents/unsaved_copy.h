@@ -25,6 +25,7 @@ public:
     // be read, and the user was told.
     bool Take(Session& session) const;
     void Drop_Offered();
+    void Leave_Offered() { Offered.clear(); } // for the next time
 
     // The editor lives from now on, and its document is as in the file.
     void Begin(const Session& session);
