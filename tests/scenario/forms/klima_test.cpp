@@ -130,7 +130,7 @@ TEST_F(Klima_Test, An_Appended_Day_And_Pasted_Rows_Go_By_An_Undo_And_Come_Back_B
     EXPECT_EQ(Cell(2, Rain), "0.00");
     QTest::keyClick(Grid, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Grid->model()->rowCount(), 2);
-    Form->Store();
+    Form->Take_Over_Entries(The_Session);
     EXPECT_EQ(The_Session.Climate.Rows.size(), 2U);
 
     QTest::keyClick(Grid, Qt::Key_Y, Qt::ControlModifier);
