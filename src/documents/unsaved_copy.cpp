@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 namespace orvel {
 
@@ -76,12 +77,14 @@ std::optional<Message> Unsaved_Copy::Offer(const Session& session)
     for (const auto& name : List_Directories(Place, Key + "*")) {
         const fs::path directory = Place / name;
         const auto files = List_Files(directory, std::string(Type_Of(Kind).Mask));
-        if (files.empty() || Is_Locked(directory))
+        auto lock = files.empty() ? std::nullopt : Lock::Take(directory);
+        if (!lock)
             continue;
         const auto copy = Opened(directory / files.front());
         if (!copy)
             continue;
         Offered = directory / files.front();
+        Asked = std::move(lock);
         auto differences = Type_Of(Kind).Differences(session, *copy);
         std::erase_if(differences, Only_In_Blanks);
         if (differences.empty()) { // it was saved after all
@@ -100,20 +103,31 @@ std::optional<Message> Unsaved_Copy::Offer(const Session& session)
     return std::nullopt;
 }
 
-bool Unsaved_Copy::Take(Session& session) const
+bool Unsaved_Copy::Take(Session& session)
 {
     const std::string name = session.Program.PSM_File;
     const bool taken = Open_Document(session, Offered);
     session.Program.PSM_File = name;
+    if (taken) {
+        Own = Offered.parent_path();
+        Alive = std::exchange(Asked, std::nullopt);
+        Offered.clear();
+    }
     return taken;
 }
 
 void Unsaved_Copy::Drop_Offered()
 {
     std::error_code ignored;
-    if (!Offered.empty() && Offered.parent_path() != Own)
+    if (!Offered.empty())
         fs::remove_all(Offered.parent_path(), ignored);
+    Leave_Offered();
+}
+
+void Unsaved_Copy::Leave_Offered()
+{
     Offered.clear();
+    Asked.reset();
 }
 
 void Unsaved_Copy::Begin(const Session& session)
@@ -130,7 +144,7 @@ try {
         return true;
     for (int editor = 1; !Alive && editor <= Most_Editors; ++editor) {
         Own = Place / (Key + std::to_string(editor));
-        if (Own != Offered.parent_path() && Has_Files(Own)) // a copy that waits for another time
+        if (Has_Files(Own)) // a copy that waits for another time
             continue;
         fs::create_directories(Own);
         Alive = Lock::Take(Own);

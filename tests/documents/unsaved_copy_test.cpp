@@ -83,6 +83,18 @@ TEST_F(Unsaved_Copy_Test, An_Offered_Copy_Stays_Until_Its_Editor_Ends)
     EXPECT_TRUE(fs::is_empty(Place));
 }
 
+TEST_F(Unsaved_Copy_Test, A_Copy_Is_Offered_To_One_Editor_At_A_Time)
+{
+    Lose_A_Change(512);
+    auto first = Editor(), second = Editor();
+    ASSERT_TRUE(first.Offer(The_Session));
+    EXPECT_FALSE(second.Offer(The_Session));
+    ASSERT_TRUE(first.Take(The_Session));
+    EXPECT_FALSE(second.Offer(The_Session)) << "as long as the first one lives";
+    first.End();
+    EXPECT_TRUE(fs::is_empty(Place));
+}
+
 TEST_F(Unsaved_Copy_Test, A_Copy_That_Is_Left_For_Later_Outlives_Other_Changes)
 {
     Lose_A_Change(512);

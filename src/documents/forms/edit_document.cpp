@@ -54,7 +54,7 @@ public:
         connect(Clock, &QTimer::timeout, this, &Copy_Keeper::Keep);
         connect(
             qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Keep(); }, Qt::DirectConnection);
-        Clock->start(First_Copy);
+        Clock->start(Copy.Has_Copy() ? Between_Copies : First_Copy);
     }
 
 private:
