@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/system/user_directories.h"
 #include "core/text.h"
 #include "files/document_kind.h"
 #include "installation/lay_out.h"
@@ -35,6 +36,17 @@ fs::path Installation_Around(fs::path directory)
         directory = directory.parent_path();
     }
     return directory;
+}
+
+// What a user means who types a directory. Throws File_Error for an empty one.
+fs::path Whole_Path(const fs::path& typed)
+{
+    if (typed.empty())
+        throw File_Error("Please enter a directory.");
+    const bool in_home = *typed.begin() == "~";
+    const fs::path path =
+        fs::absolute(in_home ? User_Directory() / typed.lexically_relative("~") : typed).lexically_normal();
+    return path.has_filename() ? path : path.parent_path();
 }
 
 void Copy_Scenarios(const fs::path& from, const fs::path& to)
@@ -72,7 +84,9 @@ Start_Request Request_Of(const std::optional<fs::path>& argument, const fs::path
     std::error_code error;
     if (fs::is_directory(asked, error))
         return {asked, {}};
-    if (!Kind_Of(asked) || !fs::exists(asked, error))
+    if (!fs::exists(asked, error))
+        throw File_Error(asked.string() + " does not exist.");
+    if (!Kind_Of(asked))
         throw File_Error(asked.string() + " is neither a directory nor a file that ends in .psm, .sze or .cli.");
     const fs::path around = Installation_Around(asked.parent_path());
     return {around.empty() ? here : around, asked};
@@ -115,22 +129,24 @@ void Make_Installation(const fs::path& directory, const std::vector<fs::path>& p
         return;
     try {
         Copy_Scenarios(scenarios_of, directory);
-    } catch (const fs::filesystem_error& error) {
+    } catch (const std::exception& error) {
         std::error_code ignored;
         fs::remove_all(directory, ignored);
-        throw File_Error("The scenarios of " + scenarios_of.string() + " cannot be copied: " + error.code().message() +
-                         ".");
+        const auto* failed = dynamic_cast<const fs::filesystem_error*>(&error);
+        throw File_Error("The scenarios of " + scenarios_of.string() +
+                         " cannot be copied: " + (failed ? failed->code().message() + "." : error.what()));
     }
 }
 
-std::optional<fs::path> Installation_In(const fs::path& directory, const std::vector<fs::path>& parts,
+std::optional<fs::path> Installation_In(const fs::path& chosen, const std::vector<fs::path>& parts,
                                         const Ask_Function& ask, const fs::path& scenarios_of)
 try {
-    Refuse_Unfinished(directory);
-    if (Is_Installation(directory))
+    const fs::path directory = Whole_Path(chosen);
+    const bool unfinished = Is_Unfinished(directory); // its layout was killed, and begins again
+    if (!unfinished && Is_Installation(directory))
         return directory;
-    const fs::path place = Place_In(directory);
-    if (!Is_Installation(place))
+    const fs::path place = unfinished ? directory : Place_In(directory);
+    if (unfinished || !Is_Installation(place))
         Make_Installation(place, parts, scenarios_of);
     return place;
 } catch (const File_Error& error) {

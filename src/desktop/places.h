@@ -37,9 +37,9 @@ void Remember_Installation(const std::filesystem::path& state, const std::filesy
 void Make_Installation(const std::filesystem::path& directory, const std::vector<std::filesystem::path>& parts,
                        const std::filesystem::path& scenarios_of);
 
-// The installation in a directory that the user chose: one that is there, or a new one, in a directory with other files
-// below it. `scenarios_of`: see Make_Installation. Nothing: it failed, and the user has been told.
-std::optional<std::filesystem::path> Installation_In(const std::filesystem::path& directory,
+// The installation in a directory that the user chose, as a whole path: one that is there, or a new one, in a directory
+// with other files below it. `scenarios_of`: see Make_Installation. Nothing: it failed, and the user has been told.
+std::optional<std::filesystem::path> Installation_In(const std::filesystem::path& chosen,
                                                      const std::vector<std::filesystem::path>& parts,
                                                      const Ask_Function& ask,
                                                      const std::filesystem::path& scenarios_of = {});

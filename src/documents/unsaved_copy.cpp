@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 namespace orvel {
 
@@ -28,11 +29,22 @@ try {
     return Type_Of(kind).Json(session);
 }
 
+bool Has_Files(const fs::path& directory)
+{
+    return fs::exists(directory) && !List_Files(directory, "*").empty();
+}
+
 std::unique_ptr<Session> Opened(const fs::path& file)
 {
     auto session = std::make_unique<Session>();
     session->Ask = [](const Message& message) { return message.Default; };
     return Open_Document(*session, file) ? std::move(session) : nullptr;
+}
+
+// The blanks around a text are not always read as they were written.
+bool Only_In_Blanks(const Difference& difference)
+{
+    return Trim(difference.First) == Trim(difference.Second);
 }
 
 std::string Listed(const std::vector<Difference>& differences)
@@ -65,13 +77,16 @@ std::optional<Message> Unsaved_Copy::Offer(const Session& session)
     for (const auto& name : List_Directories(Place, Key + "*")) {
         const fs::path directory = Place / name;
         const auto files = List_Files(directory, std::string(Type_Of(Kind).Mask));
-        if (files.empty() || Is_Locked(directory))
+        auto lock = files.empty() ? std::nullopt : Lock::Take(directory);
+        if (!lock)
             continue;
         const auto copy = Opened(directory / files.front());
         if (!copy)
             continue;
         Offered = directory / files.front();
-        const auto differences = Type_Of(Kind).Differences(session, *copy);
+        Asked = std::move(lock);
+        auto differences = Type_Of(Kind).Differences(session, *copy);
+        std::erase_if(differences, Only_In_Blanks);
         if (differences.empty()) { // it was saved after all
             Drop_Offered();
             continue;
@@ -79,28 +94,40 @@ std::optional<Message> Unsaved_Copy::Offer(const Session& session)
         return Message{"Unsaved changes",
                        Shown_Name(File) + " was under edit when the program ended. A copy of " +
                            Date_Text(Last_Change(Offered)) + " has changes that were not saved:" + Listed(differences) +
-                           std::string(CrLf) + std::string(CrLf) + "Go on with the copy? No deletes it.",
+                           std::string(CrLf) + std::string(CrLf) +
+                           "Go on with the copy? No deletes it, Cancel keeps it for the next time.",
                        Icon::Question,
-                       {Button::Yes, Button::No},
+                       {Button::Yes, Button::No, Button::Cancel},
                        Button::Yes};
     }
     return std::nullopt;
 }
 
-bool Unsaved_Copy::Take(Session& session) const
+bool Unsaved_Copy::Take(Session& session)
 {
     const std::string name = session.Program.PSM_File;
     const bool taken = Open_Document(session, Offered);
     session.Program.PSM_File = name;
+    if (taken) {
+        Own = Offered.parent_path();
+        Alive = std::exchange(Asked, std::nullopt);
+        Offered.clear();
+    }
     return taken;
 }
 
 void Unsaved_Copy::Drop_Offered()
 {
     std::error_code ignored;
-    if (!Offered.empty() && Offered.parent_path() != Own)
+    if (!Offered.empty())
         fs::remove_all(Offered.parent_path(), ignored);
+    Leave_Offered();
+}
+
+void Unsaved_Copy::Leave_Offered()
+{
     Offered.clear();
+    Asked.reset();
 }
 
 void Unsaved_Copy::Begin(const Session& session)
@@ -117,6 +144,8 @@ try {
         return true;
     for (int editor = 1; !Alive && editor <= Most_Editors; ++editor) {
         Own = Place / (Key + std::to_string(editor));
+        if (Has_Files(Own)) // a copy that waits for another time
+            continue;
         fs::create_directories(Own);
         Alive = Lock::Take(Own);
     }

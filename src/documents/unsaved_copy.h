@@ -23,8 +23,9 @@ public:
     std::optional<Message> Offer(const Session& session);
     // Takes the copy that was offered for the session's document; it stays until the editor ends. False: it could not
     // be read, and the user was told.
-    bool Take(Session& session) const;
+    bool Take(Session& session);
     void Drop_Offered();
+    void Leave_Offered(); // for the next time
 
     // The editor lives from now on, and its document is as in the file.
     void Begin(const Session& session);
@@ -39,9 +40,9 @@ private:
     std::filesystem::path Place, Own, Offered;
     Document_Kind Kind;
     std::filesystem::path File;
-    std::string Key;    // the beginning of the names of this document's copies
-    std::string Stored; // the bytes of file or copy, whichever is newer
-    std::optional<Lock> Alive;
+    std::string Key;                  // the beginning of the names of this document's copies
+    std::string Stored;               // the bytes of file or copy, whichever is newer
+    std::optional<Lock> Alive, Asked; // nobody else is offered what this user is asked about
 };
 
 } // namespace orvel

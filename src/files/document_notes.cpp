@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 namespace orvel {
 
@@ -140,6 +141,32 @@ void Set_Answer(Document_Notes& notes, Guidance_Answer answer)
                   [&](const Guidance_Answer& old) { return old.Rule == answer.Rule && old.Field == answer.Field; });
     if (!answer.Text.empty())
         notes.Answers.push_back(std::move(answer));
+}
+
+Document_Notes With_Changes(Document_Notes others, const Document_Notes& before, const Document_Notes& after)
+{
+    for (const auto& [field, note] : after.Fields) {
+        const auto* known = Note_Of(before, field);
+        if (known == nullptr || !known->Says_The_Same(note))
+            Set_Note(others, field, note);
+    }
+    for (const auto& [field, note] : before.Fields) {
+        if (Note_Of(after, field) == nullptr)
+            Set_Note(others, field, {});
+    }
+    const auto says = [](const Guidance_Answer& answer) {
+        return std::tie(answer.Value, answer.Text, answer.By, answer.Date);
+    };
+    for (const auto& answer : after.Answers) {
+        const auto* known = Answer_Of(before, answer.Rule, answer.Field);
+        if (known == nullptr || says(*known) != says(answer))
+            Set_Answer(others, answer);
+    }
+    for (const auto& answer : before.Answers) {
+        if (Answer_Of(after, answer.Rule, answer.Field) == nullptr)
+            Set_Answer(others, {.Rule = answer.Rule, .Field = answer.Field});
+    }
+    return others;
 }
 
 std::vector<Difference> Differences(const Document_Notes& first, const Document_Notes& second)

@@ -44,6 +44,9 @@ void Set_Note(Document_Notes& notes, std::string_view field, Field_Note note);
 const Guidance_Answer* Answer_Of(const Document_Notes& notes, std::string_view rule, std::string_view field);
 void Set_Answer(Document_Notes& notes, Guidance_Answer answer); // an empty text takes it away
 
+// Somebody else's notes with what one user changed from `before` to `after`.
+Document_Notes With_Changes(Document_Notes others, const Document_Notes& before, const Document_Notes& after);
+
 // What two documents' notes say differently: "Koc[1], source", "Koc[1], comment", "answer to P1.1 for Plant_Uptake[1]".
 std::vector<Difference> Differences(const Document_Notes& first, const Document_Notes& second);
 

@@ -33,11 +33,16 @@ std::optional<fs::path> Find_Part(const std::vector<fs::path>& parts, std::strin
     return std::nullopt;
 }
 
-// An attempt was killed: its files are there, and the engine, which is moved up last, is not.
+} // namespace
+
+// Its files are there, and the engine, which is moved up last, is not.
 bool Is_Unfinished(const fs::path& directory)
 {
-    return fs::exists(directory / Staging) && !fs::exists(directory / Engine_File_Name);
+    std::error_code unreadable; // which the first file that is read will tell
+    return fs::exists(directory / Staging, unreadable) && !fs::exists(directory / Engine_File_Name, unreadable);
 }
+
+namespace {
 
 // What an installation has in its directory.
 std::set<fs::path> Names_Of_Installation()
@@ -169,8 +174,7 @@ try {
 
 void Refuse_Unfinished(const fs::path& directory)
 {
-    std::error_code unreadable; // which the first file that is read will tell
-    if (fs::exists(directory / Staging, unreadable) && !fs::exists(directory / Engine_File_Name, unreadable))
+    if (Is_Unfinished(directory))
         throw File_Error("The installation in " + directory.string() +
                          " is not complete. Please lay it out again: orvelctl init " + directory.string());
 }

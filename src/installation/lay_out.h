@@ -12,7 +12,8 @@ namespace orvel {
 // unchanged. An attempt that is killed leaves nothing that passes for an installation, and can be repeated.
 void Lay_Out_Installation(const std::filesystem::path& directory, const std::vector<std::filesystem::path>& parts);
 
-// Throws File_Error for a directory in which an attempt was killed and not repeated.
+// Whether an attempt was killed in the directory and not repeated; the second throws File_Error then.
+bool Is_Unfinished(const std::filesystem::path& directory);
 void Refuse_Unfinished(const std::filesystem::path& directory);
 
 // The directories that may hold engine and utilities: the program's own, then libexec/orvelsuite and share/orvelsuite.

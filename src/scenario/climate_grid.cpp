@@ -59,7 +59,13 @@ void Climate_Grid::Append_Rows(std::size_t count)
     Shown.Rows.resize(Shown.Rows.size() + count);
 }
 
-void Climate_Grid::Append_Day()
+void Climate_Grid::Remove_Rows(std::size_t count)
+{
+    Shown.Rows.resize(Shown.Rows.size() - count);
+    Edited.erase(Edited.lower_bound({Shown.Rows.size(), 0}), Edited.end());
+}
+
+std::vector<std::string> Climate_Grid::Next_Day() const
 {
     Climate_Row row{.Cli_Day = "01", .Cli_Month = "01", .Cli_Year = "01"};
     if (Rows() > 0) {
@@ -73,7 +79,12 @@ void Climate_Grid::Append_Day()
         row.Cli_Year = Format_Pattern(static_cast<int>(next.year()) % 100, "00");
         row.Cli_Hour = Cell(last, Hour_Column);
     }
-    Shown.Rows.push_back(std::move(row));
+    std::vector<std::string> cells;
+    for (const auto text : Texts)
+        cells.push_back(row.*text);
+    for (const auto& column : Climate_Columns)
+        cells.push_back(Cell_Text(row, column));
+    return cells;
 }
 
 std::vector<double> Climate_Grid::Values(std::size_t column) const

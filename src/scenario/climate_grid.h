@@ -30,9 +30,10 @@ public:
 
     // Empty rows behind the last one; those that get no day are left out of the table.
     void Append_Rows(std::size_t count);
+    void Remove_Rows(std::size_t count); // the last ones
 
-    // A row for the day after the last one, with its hour; 1 January of year 01 in an empty grid.
-    void Append_Day();
+    // The cells of a row for the day after the last one, with its hour; 1 January of year 01 in an empty grid.
+    std::vector<std::string> Next_Day() const;
 
     const std::string& Title() const { return Shown.Cli_Title; }
     void Set_Title(std::string_view title) { Shown.Cli_Title = title; }

@@ -36,13 +36,8 @@ Active_Entry Load_Active(const Pesticide_Document& document)
     return entry;
 }
 
-std::optional<Refusal> Accept_Active(Pesticide_Edit edit, Active_Entry& entry, const Location_Lists& lists)
+void Store_Active(Pesticide_Document& document, const Active_Entry& entry, const Location_Lists& lists)
 {
-    auto& document = edit.Document;
-    Fill_Second_Point(entry.Pairs, entry.Henry_Direct);
-    edit.Changed = true;
-    if (auto refusal = Check_Substance(entry.Substance))
-        return refusal;
     Store_Substance(document, Active, entry.Substance);
     document.PSM_Title = entry.Text_comment;
     document.App_Method = static_cast<int>(entry.App_Flag);
@@ -51,10 +46,17 @@ std::optional<Refusal> Accept_Active(Pesticide_Edit edit, Active_Entry& entry, c
     document.Diff_Air = Val(entry.Text_vol3);
     document.Depth_Volat = Val(entry.Text_vol4);
     Store_Location_Names(document, lists);
-    if (auto refusal = Check_Sequence(edit, lists))
-        return refusal;
     document.App_Loc_Count = static_cast<std::int16_t>(lists.Visible().size());
-    return std::nullopt;
+}
+
+std::optional<Refusal> Accept_Active(Pesticide_Edit edit, Active_Entry& entry, const Location_Lists& lists)
+{
+    Fill_Second_Point(entry.Pairs, entry.Henry_Direct);
+    edit.Changed = true;
+    if (auto refusal = Check_Substance(entry.Substance))
+        return refusal;
+    Store_Active(edit.Document, entry, lists);
+    return Check_Sequence(edit, lists);
 }
 
 } // namespace orvel

@@ -4,6 +4,7 @@
 #include "recording_user.h"
 #include "temporary_directory.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -77,6 +78,44 @@ TEST_F(Places_Test, Takes_The_Scenarios_Of_Another_Installation)
     EXPECT_TRUE(Is_Installation(Place / "new"));
 }
 
+TEST_F(Places_Test, A_Directory_Is_Meant_As_It_Is_Typed)
+{
+    const auto before = fs::current_path();
+    fs::current_path(Place / "elsewhere");
+    EXPECT_EQ(Find("here"), Place / "elsewhere/here") << "the program goes into it afterwards";
+    fs::current_path(before);
+
+    const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
+    ::setenv("HOME", (Place / "elsewhere").c_str(), 1);
+    EXPECT_EQ(Find("~/mine/"), Place / "elsewhere/mine");
+    ::setenv("HOME", home.c_str(), 1);
+
+    EXPECT_EQ(Find(""), std::nullopt);
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(The_User.Messages[0].Text, "Please enter a directory.");
+}
+
+TEST_F(Places_Test, A_Layout_That_Was_Killed_Begins_Again)
+{
+    fs::create_directories(Place / "new/.orvel-init/focus");
+
+    EXPECT_EQ(Find(Place / "new"), Place / "new");
+    EXPECT_TRUE(Is_Installation(Place / "new"));
+    EXPECT_FALSE(fs::exists(Place / "new/.orvel-init"));
+}
+
+TEST_F(Places_Test, Nothing_Stays_Of_An_Installation_Without_The_Scenarios_It_Was_To_Take)
+{
+    Find(Place / "old");
+    fs::remove_all(Place / "old/EFSA");
+    fs::create_symlink("EFSA", Place / "old/EFSA"); // cannot be listed
+
+    EXPECT_EQ(Installation_In(Place / "new", {Place / "parts"}, Ask, Place / "old"), std::nullopt);
+    EXPECT_FALSE(fs::exists(Place / "new"));
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_NE(The_User.Messages[0].Text.find("cannot be copied"), std::string::npos) << The_User.Messages[0].Text;
+}
+
 TEST_F(Places_Test, A_Start_Goes_Where_It_Was_Asked_To_Or_Was_Last)
 {
     Find(Place / "one");
@@ -97,7 +136,12 @@ TEST_F(Places_Test, A_Start_Goes_Where_It_Was_Asked_To_Or_Was_Last)
     EXPECT_EQ(Request_Of(document, Place / "two", recent).Document, document);
     EXPECT_EQ(Request_Of(loose, Place / "two", recent).Installation, Place / "two");
     EXPECT_THROW(Request_Of(Place / "one/README.md", Place / "two", recent), File_Error);
-    EXPECT_THROW(Request_Of(Place / "nothing", Place / "two", recent), File_Error);
+    try {
+        Request_Of(Place / "nothing.psm", Place / "two", recent);
+        ADD_FAILURE();
+    } catch (const File_Error& error) {
+        EXPECT_EQ(std::string(error.what()), (Place / "nothing.psm").string() + " does not exist.");
+    }
 
     fs::remove_all(Place / "one");
     EXPECT_EQ(Recent_Installations(state), std::vector<fs::path>{Place / "two"});

@@ -59,8 +59,7 @@ TEST_F(Unsaved_Copy_Test, A_Lost_Change_Is_Offered_With_Its_Differences_And_Take
     const auto offer = copy.Offer(The_Session);
     ASSERT_TRUE(offer);
     EXPECT_TRUE(offer->Text.starts_with("test.psm was under edit when the program ended. A copy of 20")) << offer->Text;
-    EXPECT_NE(offer->Text.find("\r\nMolmass[1]: 0 in the file, 512 in the copy\r\n"), std::string::npos)
-        << offer->Text;
+    EXPECT_NE(offer->Text.find("\r\nMolmass[1]: 0 in the file, 512 in the copy\r\n"), std::string::npos) << offer->Text;
     EXPECT_TRUE(copy.Take(The_Session));
     EXPECT_EQ(The_Session.Pesticide.Molmass[1].Number(), 512);
     EXPECT_EQ(The_Session.Program.PSM_File, "test.psm");
@@ -82,6 +81,39 @@ TEST_F(Unsaved_Copy_Test, An_Offered_Copy_Stays_Until_Its_Editor_Ends)
     copy.End();
     EXPECT_FALSE(Editor().Offer(The_Session));
     EXPECT_TRUE(fs::is_empty(Place));
+}
+
+TEST_F(Unsaved_Copy_Test, A_Copy_Is_Offered_To_One_Editor_At_A_Time)
+{
+    Lose_A_Change(512);
+    auto first = Editor(), second = Editor();
+    ASSERT_TRUE(first.Offer(The_Session));
+    EXPECT_FALSE(second.Offer(The_Session));
+    ASSERT_TRUE(first.Take(The_Session));
+    EXPECT_FALSE(second.Offer(The_Session)) << "as long as the first one lives";
+    first.End();
+    EXPECT_TRUE(fs::is_empty(Place));
+}
+
+TEST_F(Unsaved_Copy_Test, A_Copy_That_Is_Left_For_Later_Outlives_Other_Changes)
+{
+    Lose_A_Change(512);
+    {
+        auto copy = Editor();
+        copy.Begin(The_Session);
+        const auto offer = copy.Offer(The_Session);
+        ASSERT_TRUE(offer);
+        EXPECT_EQ(offer->Buttons.back(), Button::Cancel) << "a box that is closed deletes nothing";
+        copy.Leave_Offered();
+        The_Session.Pesticide.Molmass[1] = 300;
+        EXPECT_TRUE(copy.Keep(The_Session));
+        copy.End();
+    }
+    EXPECT_TRUE(Open_Document(The_Session, File));
+    auto copy = Editor();
+    const auto offer = copy.Offer(The_Session);
+    ASSERT_TRUE(offer);
+    EXPECT_NE(offer->Text.find("512 in the copy"), std::string::npos) << offer->Text;
 }
 
 TEST_F(Unsaved_Copy_Test, A_Copy_Whose_Editor_Lives_Is_Nobody_Elses)

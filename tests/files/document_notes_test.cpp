@@ -46,6 +46,29 @@ std::string Refusal_Of(std::string_view bytes)
 
 } // namespace
 
+TEST(Document_Notes, Of_Somebody_Else_Keep_What_One_User_Did_Not_Change)
+{
+    Document_Notes before;
+    for (const char* field : {"Koc[1]", "Molmass[1]", "Henry[0]"})
+        Set_Note(before, field, {.Source = "old"});
+    Set_Answer(before, {.Rule = "S1", .Field = "Koc[1]", .Value = "1", .Text = "kept"});
+    auto mine = before, others = before;
+    Set_Note(mine, "Koc[1]", {.Source = "mine"});
+    Set_Note(mine, "Henry[0]", {});
+    Set_Answer(mine, {.Rule = "S1", .Field = "Koc[1]"});
+    Set_Answer(mine, {.Rule = "S2", .Field = "Koc[1]", .Value = "1", .Text = "mine"});
+    Set_Note(others, "Koc[1]", {.Source = "theirs"});
+    Set_Note(others, "Molmass[1]", {.Source = "theirs"});
+
+    const auto all = With_Changes(others, before, mine);
+
+    EXPECT_EQ(Note_Of(all, "Koc[1]")->Source, "mine");
+    EXPECT_EQ(Note_Of(all, "Molmass[1]")->Source, "theirs");
+    EXPECT_EQ(Note_Of(all, "Henry[0]"), nullptr);
+    EXPECT_EQ(Answer_Of(all, "S1", "Koc[1]"), nullptr);
+    EXPECT_EQ(Answer_Of(all, "S2", "Koc[1]")->Text, "mine");
+}
+
 TEST(Document_Notes, Are_Read_And_Written_Again_With_The_Members_Of_Others)
 {
     const auto notes = Parse_Notes(Example);

@@ -6,6 +6,7 @@
 #include "scenario/forms/klima.h"
 #include "scenario/forms/szenario.h"
 #include "substance/forms/form_psm_1.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <QGuiApplication>
 #include <QSessionManager>
@@ -23,33 +24,52 @@ std::filesystem::path Place_Of_Copies()
     return state.empty() ? state : state / "unsaved";
 }
 
+// The session with what the boxes of an editor and of the forms opened from it hold.
+std::unique_ptr<Session> With_Entries(const Session& session, const QDialog& editor)
+{
+    auto all = std::make_unique<Session>(session);
+    const auto take_over = [&](const QDialog& form) {
+        if (const auto* entries = dynamic_cast<const Entries_Under_Edit*>(&form))
+            entries->Take_Over_Entries(*all);
+    };
+    take_over(editor);
+    for (const auto* form : editor.findChildren<QDialog*>()) {
+        if (form->isVisible())
+            take_over(*form);
+    }
+    return all;
+}
+
 // Keeps a copy of what an editor holds, soon after its first change, then once a minute, and when the desktop ends the
 // session.
-template <class Form> class Copy_Keeper : public QObject {
+class Copy_Keeper : public QObject {
 public:
-    Copy_Keeper(Session& session, Form& form, Unsaved_Copy& copy) : The_Session(session), The_Form(form), Copy(copy)
+    Copy_Keeper(Session& session, QDialog& editor, Unsaved_Copy& copy)
+        : The_Session(session),
+          Editor(editor),
+          Copy(copy),
+          Clock(new QTimer(&editor))
     {
-        connect(&Clock, &QTimer::timeout, this, &Copy_Keeper::Keep);
+        Clock->setObjectName("Copy_Clock");
+        connect(Clock, &QTimer::timeout, this, &Copy_Keeper::Keep);
         connect(
             qGuiApp, &QGuiApplication::commitDataRequest, this, [this] { Keep(); }, Qt::DirectConnection);
-        Clock.start(First_Copy);
+        Clock->start(Copy.Has_Copy() ? Between_Copies : First_Copy);
     }
 
 private:
     void Keep()
     {
-        if constexpr (requires { The_Form.Store(); })
-            The_Form.Store();
         const bool had_changes = Copy.Has_Copy();
-        Copy.Keep(The_Session);
+        Copy.Keep(*With_Entries(The_Session, Editor));
         if (Copy.Has_Copy() != had_changes)
-            Clock.start(Between_Copies);
+            Clock->start(Between_Copies);
     }
 
     Session& The_Session;
-    Form& The_Form;
+    QDialog& Editor;
     Unsaved_Copy& Copy;
-    QTimer Clock;
+    QTimer* Clock;
 };
 
 template <class Form>
@@ -57,10 +77,14 @@ void Edit(Session& session, Document_Kind kind, const std::filesystem::path& dir
 {
     Unsaved_Copy copy(Place_Of_Copies(), kind, directory / Path_Of(session.Program.PSM_File));
     Form form(session, directory, parent);
-    copy.Begin(session);
-    if (const auto offer = copy.Offer(session)) {
-        if (session.Ask(*offer) != Button::Yes)
+    const auto as_in_file = With_Entries(session, form);
+    copy.Begin(*as_in_file);
+    if (const auto offer = copy.Offer(*as_in_file)) {
+        const auto answer = session.Ask(*offer);
+        if (answer == Button::No)
             copy.Drop_Offered();
+        else if (answer != Button::Yes)
+            copy.Leave_Offered();
         else if (copy.Take(session))
             form.Show_Unsaved();
     }

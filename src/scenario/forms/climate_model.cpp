@@ -53,11 +53,11 @@ void Climate_Model::Append_Rows(int rows)
     endInsertRows();
 }
 
-void Climate_Model::Append_Day()
+void Climate_Model::Remove_Rows(int rows)
 {
-    beginInsertRows({}, rowCount(), rowCount());
-    Shown_Grid.Append_Day();
-    endInsertRows();
+    beginRemoveRows({}, rowCount() - rows, rowCount() - 1);
+    Shown_Grid.Remove_Rows(static_cast<std::size_t>(rows));
+    endRemoveRows();
 }
 
 std::optional<std::string> Climate_Model::Hint(int row, int column) const

@@ -20,7 +20,7 @@ public:
     void Set_Cell(int row, int column, const std::string& text) override;
     int Most_Rows() const override;
     void Append_Rows(int rows) override;
-    void Append_Day();
+    void Remove_Rows(int rows) override;
     std::optional<std::string> Hint(int row, int column) const override; // of edited cells
 
 private:

@@ -97,9 +97,9 @@ void Klima::Show_Unsaved()
     The_Session.Program.CLI_Changed = true;
 }
 
-void Klima::Store()
+void Klima::Take_Over_Entries(Session& session) const
 {
-    Take_Over_Climate(The_Session, Model->Grid());
+    Take_Over_Climate(session, Model->Grid());
 }
 
 void Klima::Show_Cell()
@@ -111,8 +111,7 @@ void Klima::Append_Day()
 {
     if (Model->rowCount() >= Model->Most_Rows())
         return;
-    Model->Append_Day();
-    The_Session.Program.CLI_Changed = true;
+    Grid1->Change_Block(Model->rowCount(), 0, {Model->Grid().Next_Day()});
     Grid1->Go_To(Model->rowCount() - 1, First_Number);
 }
 
@@ -120,7 +119,7 @@ void Klima::Save()
 {
     if (!Grid1->Is_Readable())
         return;
-    Store();
+    Take_Over_Entries(The_Session);
     Form_Saving dialog(The_Session, Document_Kind::Climate, Directory, this, &On_Disk);
     dialog.setWindowTitle(Shown(Climate_Save_Caption));
     if (dialog.exec() != Accepted)

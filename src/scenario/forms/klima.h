@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "files/watched_file.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <filesystem>
 #include <QDialog>
@@ -15,7 +16,7 @@ class Climate_Model;
 class Number_Grid;
 
 // The editor of the session's climate table.
-class Klima : public QDialog {
+class Klima : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
@@ -23,8 +24,7 @@ public:
     Klima(Session& session, std::filesystem::path directory, QWidget* parent = nullptr);
 
     void lade_klimadatei();
-    void Store(); // what the grid holds, in the session's document
-
+    void Take_Over_Entries(Session& session) const override;
     void done(int result) override;
 
     // The session's document is now one with changes that were not saved before.

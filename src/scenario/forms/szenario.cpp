@@ -122,6 +122,16 @@ bool Szenario::Leave_Current()
     return !box || !Boxes.contains(box->objectName()) || Leave(box->objectName());
 }
 
+void Szenario::Take_Over_Entries(Session& session) const
+{
+    const auto* box = qobject_cast<Byte_Edit*>(focusWidget());
+    if (!box || !Boxes.contains(box->objectName()))
+        return;
+    auto before = session.Scenario;
+    if (Leave_Field(session, Bytes_Of(box->objectName()), box->Typed()))
+        session.Scenario = std::move(before);
+}
+
 void Szenario::Horizons()
 {
     if (!Leave_Current())

@@ -3,6 +3,7 @@
 #include "core/session.h"
 #include "files/watched_file.h"
 #include "scenario/scenario_options.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <array>
 #include <filesystem>
@@ -25,7 +26,7 @@ class Leave_Guard;
 class Undo_Keys;
 
 // The editor of the session's scenario document. A change is stored when its field is left or its option chosen.
-class Szenario : public QDialog {
+class Szenario : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
@@ -33,6 +34,7 @@ public:
     Szenario(Session& session, std::filesystem::path directory, QWidget* parent = nullptr);
 
     void done(int result) override;
+    void Take_Over_Entries(Session& session) const override; // of the box under edit
 
     // The session's document is now one with changes that were not saved before.
     void Show_Unsaved();

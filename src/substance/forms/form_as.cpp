@@ -26,6 +26,7 @@ Form_AS::Form_AS(Session& session, QWidget* parent)
     Lay_Out();
     Show_Minor(false);
     Show_Sources(*this, session.Editor.Substance_Index);
+    At_First = std::make_unique<const State>(Present());
     Keep_History(
         *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
 }
@@ -115,6 +116,12 @@ void Form_AS::Done()
         return Refuse(*refusal);
     }
     accept();
+}
+
+void Form_AS::Take_Over_Entries(Session& session) const
+{
+    if (Present() != *At_First)
+        Store_Active(session.Pesticide, Entry(Fields->Entry()), Applications->Lists());
 }
 
 void Form_AS::Refuse(const Refusal& refusal)

@@ -3,7 +3,9 @@
 #include "substance/active_substance.h"
 #include "substance/application_state.h"
 #include "substance/forms/application_box.h"
+#include "ui/forms/entries_under_edit.h"
 
+#include <memory>
 #include <QDialog>
 
 class QPushButton;
@@ -15,12 +17,13 @@ class Substance_Fields;
 class Volatilisation_Box;
 
 // The active substance: its properties, and its applications, which are stored as they are edited.
-class Form_AS : public QDialog {
+class Form_AS : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
     explicit Form_AS(Session& session, QWidget* parent = nullptr);
 
+    void Take_Over_Entries(Session& session) const override;
     void reject() override; // restores the document as it was when the form opened
 
 private:
@@ -44,6 +47,7 @@ private:
     void Show_Minor(bool visible);
 
     Session& The_Session;
+    std::unique_ptr<const State> At_First;
     const Editor_Copy Before;
     Substance_Fields* Fields = nullptr;
     Volatilisation_Box* Volatility = nullptr;

@@ -22,6 +22,7 @@ Form_MET::Form_MET(Session& session, QWidget* parent)
     setWindowTitle(Shown(Metabolite_Caption(Substance)));
     Lay_Out();
     Show_Sources(*this, Substance);
+    At_First = std::make_unique<const State>(Present());
     Keep_History(
         *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
 }
@@ -68,6 +69,12 @@ void Form_MET::Done()
         return;
     Accept_Metabolite(The_Session, Substance, *entry);
     accept();
+}
+
+void Form_MET::Take_Over_Entries(Session& session) const
+{
+    if (Present() != *At_First)
+        Accept_Metabolite(session, Substance, Fields->Entry());
 }
 
 void Form_MET::reject()

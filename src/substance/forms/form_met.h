@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "substance/substance_entry.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <memory>
 #include <QDialog>
@@ -11,12 +12,13 @@ namespace orvel {
 class Substance_Fields;
 
 // The metabolite selected by Substance_Index: its name, sorption and plant uptake.
-class Form_MET : public QDialog {
+class Form_MET : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
     explicit Form_MET(Session& session, QWidget* parent = nullptr);
 
+    void Take_Over_Entries(Session& session) const override;
     void reject() override; // also discards what the forms opened from it stored
 
 private:
@@ -31,6 +33,7 @@ private:
     void Done();
 
     Session& The_Session;
+    std::unique_ptr<const State> At_First;
     const int Substance;
     const std::unique_ptr<const Pesticide_Document> Before;
     const bool Changed_Before;

@@ -16,22 +16,29 @@
 
 namespace orvel {
 
-Edited_Notes::Edited_Notes(const Session& session, const std::filesystem::path& file) : The_Session(session)
+Edited_Notes::Edited_Notes(const Session& session, const std::filesystem::path& file) : The_Session(session), File(file)
 {
     try {
         Notes = Saved = Read_Notes(file);
     } catch (const File_Error& error) {
-        Unreadable = file;
+        Unreadable = true;
         Tell(The_Session.Ask, Readin_Check, To_Code_Page(error.what()));
     }
 }
 
 bool Edited_Notes::Save(const std::filesystem::path& document)
 try {
-    if (!Unreadable.empty() && Notes_File(document) == Notes_File(Unreadable))
-        return true;
+    if (Notes_File(document) == Notes_File(File)) {
+        if (Unreadable && !Is_Changed())
+            return true;
+        auto there = Read_Notes(document); // which somebody else may have written since
+        if (!there.Is_Empty())
+            Notes = With_Changes(std::move(there), Saved, Notes);
+    }
     Write_Notes(document, Notes);
     Saved = Notes;
+    File = document;
+    Unreadable = false;
     return true;
 } catch (const File_Error& error) {
     Tell(The_Session.Ask, Saving_Input_File, To_Code_Page(error.what()));

@@ -18,12 +18,15 @@ public:
     Document_Notes Notes;
 
     bool Is_Changed() const { return !Differences(Saved, Notes).empty(); }
-    bool Save(const std::filesystem::path& document); // false: it failed, and the user has been told
+    // Notes of others, written meanwhile beside the same document, are kept. False: it failed, and the user has been
+    // told.
+    bool Save(const std::filesystem::path& document);
 
 private:
     const Session& The_Session;
     Document_Notes Saved;
-    std::filesystem::path Unreadable; // the document whose notes are left alone
+    std::filesystem::path File; // the document whose notes these are
+    bool Unreadable = false;    // they are left alone
 };
 
 // Gives the boxes of a form, by its name, the notes of the scheme that it was opened from; nothing without one.

@@ -19,9 +19,10 @@ public:
 
     // Stores a text; the caller then notifies the views with Tell_Changed.
     virtual void Set_Cell(int row, int column, const std::string& text) = 0;
-    // How many rows a paste may lead to, and the empty ones that it needs.
+    // How many rows a paste may lead to, the empty ones that it needs, and the last ones when it is undone.
     virtual int Most_Rows() const { return rowCount(); }
     virtual void Append_Rows(int /*rows*/) {}
+    virtual void Remove_Rows(int /*rows*/) {}
 
     // What is wrong with a cell's text; nothing for one that can be read or that nobody has edited.
     virtual std::optional<std::string> Hint(int row, int column) const

@@ -88,17 +88,28 @@ private:
 
 } // namespace
 
-// Consecutive key presses in one cell are a single undo step.
+// Consecutive key presses in one cell are a single undo step; so are the rows that a block needs, and its cells.
 class Number_Grid::Change_Command : public QUndoCommand {
 public:
-    Change_Command(Number_Grid& grid, std::vector<Change> changes, bool typed)
+    Change_Command(Number_Grid& grid, std::vector<Change> changes, bool typed, int new_rows)
         : Grid(grid),
           Changes(std::move(changes)),
-          Typed(typed)
+          Typed(typed),
+          New_Rows(new_rows)
     {}
 
-    void undo() override { Grid.Put(Changes, &Change::Before); }
-    void redo() override { Grid.Put(Changes, &Change::After); }
+    void undo() override
+    {
+        Grid.Put(Changes, &Change::Before);
+        if (New_Rows > 0)
+            Grid.Model.Remove_Rows(New_Rows);
+    }
+    void redo() override
+    {
+        if (New_Rows > 0)
+            Grid.Model.Append_Rows(New_Rows);
+        Grid.Put(Changes, &Change::After);
+    }
     int id() const override { return Typed ? 1 : -1; }
 
     bool mergeWith(const QUndoCommand* later) override
@@ -115,6 +126,7 @@ private:
     Number_Grid& Grid;
     std::vector<Change> Changes;
     bool Typed;
+    int New_Rows;
 };
 
 Number_Grid::Number_Grid(Grid_Model* model, const Grid_Rule& rule, const Ask_Function& ask, const QString& purpose,
@@ -231,20 +243,20 @@ void Number_Grid::Change_Block(int row, int column, const Grid_Block& cells)
         for (std::size_t c = 0; c < cells[r].size(); ++c)
             Add_Change(changes, row + static_cast<int>(r), column + static_cast<int>(c), cells[r][c]);
     }
-    Apply(std::move(changes), false);
+    Apply(std::move(changes), false, std::max(0, row + static_cast<int>(cells.size()) - Model.rowCount()));
 }
 
 void Number_Grid::Add_Change(std::vector<Change>& changes, int row, int column, const std::string& text) const
 {
-    auto before = Model.Cell(row, column);
+    auto before = row < Model.rowCount() ? Model.Cell(row, column) : std::string();
     if (Model.Column(column).Editable && before != text)
         changes.push_back({row, column, std::move(before), text});
 }
 
-void Number_Grid::Apply(std::vector<Change> changes, bool typed)
+void Number_Grid::Apply(std::vector<Change> changes, bool typed, int new_rows)
 {
     if (!changes.empty())
-        Changes.push(new Change_Command(*this, std::move(changes), typed));
+        Changes.push(new Change_Command(*this, std::move(changes), typed, new_rows));
 }
 
 void Number_Grid::Put(const std::vector<Change>& changes, std::string Change::*text)
@@ -328,8 +340,6 @@ void Number_Grid::Paste()
         Ask(*pasted.Refused);
         return;
     }
-    if (const int wanted = block.top() + static_cast<int>(pasted.Cells.size()); wanted > Model.rowCount())
-        Model.Append_Rows(wanted - Model.rowCount());
     const bool single = pasted.Cells.size() == 1 && pasted.Cells[0].size() == 1 && block.width() == 1;
     Change_Block(block.top(), block.left(),
                  single ? Grid_Block(static_cast<std::size_t>(block.height()), pasted.Cells[0]) : pasted.Cells);

@@ -29,7 +29,7 @@ public:
     // Stores a text in a cell as a change that can be undone.
     void Change_Cell(int row, int column, const std::string& text);
 
-    // The same for the block of cells whose upper left corner is given: one change.
+    // The same for the block of cells whose upper left corner is given, with the rows that it needs: one change.
     void Change_Block(int row, int column, const Grid_Block& cells);
 
     // Whether every cell can be read as the number that it should hold; the first that cannot is told and gone to.
@@ -64,7 +64,7 @@ private:
     QRect Selected() const; // bounding block of the selected cells, in columns and rows
     void Press(int key_code, const QString& typed);
     void Choose_By_Letter(const QModelIndex& cell, const QString& typed);
-    void Apply(std::vector<Change> changes, bool typed);
+    void Apply(std::vector<Change> changes, bool typed, int new_rows = 0);
     void Put(const std::vector<Change>& changes, std::string Change::*text);
     void Add_Change(std::vector<Change>& changes, int row, int column, const std::string& text) const;
 

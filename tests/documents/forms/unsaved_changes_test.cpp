@@ -1,12 +1,16 @@
 // Changes that a killed program, or somebody else, would have lost.
 #include "core/files.h"
 #include "documents/forms/edit_document.h"
+#include "files/climate_file.h"
 #include "small_installation.h"
 #include "window_test.h"
 
+#include <QAbstractButton>
+#include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QToolButton>
 
 namespace orvel {
@@ -36,6 +40,20 @@ protected:
         QTest::qWait(200); // the copy is written whole
         program.kill();
         program.waitForFinished();
+    }
+
+    // What is copied of a document under edit, when its time has come; nothing if there is no copy.
+    std::string Copied(QWidget& editor) const
+    {
+        editor.findChild<QTimer*>("Copy_Clock")->start(0);
+        QTest::qWait(50);
+        if (!fs::exists(Copies()))
+            return {};
+        for (const auto& entry : fs::recursive_directory_iterator(Copies())) {
+            if (entry.is_regular_file() && entry.file_size() > 0)
+                return Read_Whole(entry);
+        }
+        return {};
     }
 
     Small_Installation Place;
@@ -82,6 +100,68 @@ TEST_F(Unsaved_Changes, Of_A_Killed_Program_Are_Offered_And_Can_Be_Undone)
     ASSERT_FALSE(The_User.Messages.empty());
     EXPECT_NE(The_User.Messages.front().Text.find("SZE_Title: "), std::string::npos) << The_User.Messages.front().Text;
     EXPECT_TRUE(fs::is_empty(Copies()));
+}
+
+// The grid shows fewer decimals than the file has, and its rows gain blanks by being written.
+TEST_F(Unsaved_Changes, Of_A_Climate_File_Are_Those_Of_Its_Cells)
+{
+    Climate_Table table{"Demo",
+                        {{.Cli_Day = "01", .Cli_Month = "02", .Cli_Year = "81", .Cli_Rain = 1.256, .Cli_Hour = "14"}}};
+    const fs::path file = Place / "focus/C_01.cli";
+    Write_Whole(file, Format_CLI(table));
+    fs::path left;
+    In_Modal([&](QWidget& editor) {
+        EXPECT_EQ(Copied(editor), "");
+        Find<QPushButton>(editor, "Append_Day")->click();
+        EXPECT_NE(Copied(editor), "");
+        left = *fs::directory_iterator(Copies());
+        fs::copy(left, Place / "left");
+        The_User.Answers = {Button::Yes};
+    });
+    Open_And_Edit(The_Session, file, nullptr);
+    fs::rename(Place / "left", left); // as if the program had been killed
+
+    The_User.Messages.clear();
+    The_User.Answers = {Button::No};
+    In_Modal([&](QWidget&) {});
+    Open_And_Edit(The_Session, file, nullptr);
+    ASSERT_FALSE(The_User.Messages.empty());
+    const auto& text = The_User.Messages.front().Text;
+    EXPECT_NE(text.find("Rows[1].Cli_Day"), std::string::npos) << text;
+    EXPECT_EQ(text.find("Rows[0]"), std::string::npos) << text;
+}
+
+TEST_F(Unsaved_Changes, Are_Also_Those_Of_A_Box_That_Was_Not_Left)
+{
+    In_Modal([&](QWidget& editor) {
+        QApplication::setActiveWindow(&editor);
+        auto* title = Find<QLineEdit>(editor, "Text_tit");
+        title->setFocus();
+        title->selectAll();
+        QTest::keyClicks(title, "Half a ti");
+        EXPECT_NE(Copied(editor).find("Half a ti"), std::string::npos);
+        EXPECT_EQ(The_Session.Scenario.SZE_Title, "DEM 3 H_maize.sze") << "watching changes nothing";
+        The_User.Answers = {Button::Yes};
+    });
+    Open_And_Edit(The_Session, Place / "focus/H_maize.sze", nullptr);
+}
+
+TEST_F(Unsaved_Changes, Are_Also_Those_Of_The_Form_Of_A_Substance)
+{
+    In_Modal([&](QWidget& editor) {
+        In_Modal([&](QWidget& form) {
+            EXPECT_EQ(Copied(editor), "");
+            auto* name = Find<QLineEdit>(form, "Text_comment");
+            name->setFocus();
+            name->selectAll();
+            QTest::keyClicks(name, "Typed for an hour");
+            EXPECT_NE(Copied(editor).find("Typed for an hour"), std::string::npos);
+            EXPECT_EQ(The_Session.Pesticide.PSM_Title, "Demonstration");
+        });
+        Find<QAbstractButton>(editor, "Label_AS")->click();
+        The_User.Answers = {Button::Yes};
+    });
+    Open_And_Edit(The_Session, Place / "test.psm", nullptr);
 }
 
 TEST_F(Unsaved_Changes, Of_Somebody_Else_Are_Told_Before_They_Are_Replaced)

@@ -119,6 +119,35 @@ TEST_F(Klima_Test, Append_Day_Adds_The_Day_After_The_Last_One)
     EXPECT_TRUE(The_Session.Program.CLI_Changed);
 }
 
+TEST_F(Klima_Test, An_Appended_Day_And_Pasted_Rows_Go_By_An_Undo_And_Come_Back_By_A_Redo)
+{
+    Open();
+    Click<QPushButton>(*Form, "Append_Day");
+    QTest::keyClicks(Grid, "2.5");
+    ASSERT_EQ(Grid->model()->rowCount(), 3);
+
+    QTest::keyClick(Grid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Cell(2, Rain), "0.00");
+    QTest::keyClick(Grid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Grid->model()->rowCount(), 2);
+    Form->Take_Over_Entries(The_Session);
+    EXPECT_EQ(The_Session.Climate.Rows.size(), 2U);
+
+    QTest::keyClick(Grid, Qt::Key_Y, Qt::ControlModifier);
+    ASSERT_EQ(Grid->model()->rowCount(), 3);
+    EXPECT_EQ(Cell(2, 0) + Cell(2, 1) + Cell(2, 2), "030281");
+    QTest::keyClick(Grid, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Cell(2, Rain), "2.5");
+
+    Go_To(2, 0);
+    QApplication::clipboard()->setText("01\t02\t03\n02\t02\t03\n03\t02\t03\n");
+    QTest::keyClick(Grid, Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(Grid->model()->rowCount(), 5);
+    QTest::keyClick(Grid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Grid->model()->rowCount(), 3);
+    EXPECT_EQ(Cell(2, 0) + Cell(2, 1) + Cell(2, 2), "030281");
+}
+
 TEST_F(Klima_Test, An_Empty_File_Is_Filled_By_Days_Or_By_A_Paste_That_Grows_It)
 {
     The_Session.Climate = {};

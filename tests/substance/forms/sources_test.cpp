@@ -157,6 +157,32 @@ TEST_F(Sources_Test, Notes_That_Cannot_Be_Read_Are_Told_And_Left_Alone)
     EXPECT_EQ(Read_Whole(Place / "demo.notes.json"), "{\n]");
 }
 
+TEST_F(Sources_Test, A_Note_That_Cannot_Be_Saved_Is_Told_And_Stays)
+{
+    Write_Whole(Place / "demo.notes.json", "{\n]");
+    Open();
+    In_Substance([&](QWidget& form) {
+        In_Note(form, "Text_koc0", [&](QWidget& window) {
+            QTest::keyClicks(Find<QLineEdit>(window, "Note_Source"), "study 12");
+            Click<QPushButton>(window, "Note_Done");
+        });
+    });
+    The_User.Messages.clear();
+
+    Save("demo.psm");
+    EXPECT_EQ(Read_Whole(Place / "demo.notes.json"), "{\n]");
+    ASSERT_FALSE(The_User.Messages.empty());
+    EXPECT_NE(The_User.Messages.back().Text.find("demo.notes.json"), std::string::npos);
+
+    Write_Whole(Place / "demo.notes.json",
+                R"({"schema": "orvel-notes 1", "fields": {"Molmass[1]": {"source": "theirs"}}})");
+    Save("demo.psm");
+    const auto notes = Read_Notes(Place / "demo.psm");
+    ASSERT_EQ(notes.Fields.size(), 2U) << "what was mended meanwhile, and the new one";
+    EXPECT_EQ(Note_Of(notes, "Molmass[1]")->Source, "theirs");
+    EXPECT_EQ(Note_Of(notes, "Koc[1]")->Source, "study 12");
+}
+
 TEST_F(Sources_Test, A_Finding_Of_The_Guidance_Is_Answered_And_The_Answer_Saved)
 {
     Write_Whole(Place / "guidance.json",
