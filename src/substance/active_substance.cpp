@@ -46,6 +46,10 @@ void Store_Active(Pesticide_Document& document, const Active_Entry& entry, const
     document.Diff_Air = Val(entry.Text_vol3);
     document.Depth_Volat = Val(entry.Text_vol4);
     Store_Location_Names(document, lists);
+}
+
+void Store_Location_Count(Pesticide_Document& document, const Location_Lists& lists)
+{
     document.App_Loc_Count = static_cast<std::int16_t>(lists.Visible().size());
 }
 
@@ -56,7 +60,10 @@ std::optional<Refusal> Accept_Active(Pesticide_Edit edit, Active_Entry& entry, c
     if (auto refusal = Check_Substance(entry.Substance))
         return refusal;
     Store_Active(edit.Document, entry, lists);
-    return Check_Sequence(edit, lists);
+    if (auto refusal = Check_Sequence(edit, lists))
+        return refusal;
+    Store_Location_Count(edit.Document, lists);
+    return std::nullopt;
 }
 
 } // namespace orvel

@@ -25,12 +25,13 @@ struct Active_Entry {
 // What the form shows on opening, including a calculated Henry constant.
 Active_Entry Load_Active(const Pesticide_Document& document);
 
-// Stores the entry, and the names and number of the visible list.
+// Stores the entry and the names of the visible list; and how many they are.
 void Store_Active(Pesticide_Document& document, const Active_Entry& entry, const Location_Lists& lists);
+void Store_Location_Count(Pesticide_Document& document, const Location_Lists& lists);
 
 // "Done": fills in the second volatilisation point of the entry, checks the molar mass and the number of horizons,
-// stores the entry and the visible list, and checks the sequence of the applications. On a refusal the
-// form stays open; the document is marked as changed in any case.
+// stores the entry and the names of the visible list, checks the sequence of the applications, and stores the number of
+// names. On a refusal the form stays open; the document is marked as changed in any case.
 std::optional<Refusal> Accept_Active(Pesticide_Edit edit, Active_Entry& entry, const Location_Lists& lists);
 
 } // namespace orvel

@@ -57,7 +57,7 @@ Welcome::Welcome(std::vector<std::filesystem::path> parts, Ask_Function ask, con
     auto* guide = Named(new QCheckBox("&Show me the way through a first assessment"), "Guide");
     guide->setChecked(true);
     auto* make = Push_Button("Make", "&Make an installation", this, &Welcome::Make);
-    auto* open = Push_Button("Open", "&Open an installation ...", this, &Welcome::Open);
+    auto* open = Push_Button("Open", "&Open an installation ...", this, &Welcome::Open_Existing);
     auto* end = Push_Button("Done", "E&xit", this, &QDialog::reject);
 
     auto* head = new QHBoxLayout;
@@ -94,7 +94,7 @@ void Welcome::Make()
     accept();
 }
 
-void Welcome::Open()
+void Welcome::Open_Existing()
 {
     const auto chosen = QFileDialog::getExistingDirectory(this, "Directory of an installation", QDir::homePath());
     if (chosen.isEmpty())

@@ -22,7 +22,7 @@ public:
 
 private:
     void Make();
-    void Open();
+    void Open_Existing();
 
     std::vector<std::filesystem::path> Parts;
     Ask_Function Ask;

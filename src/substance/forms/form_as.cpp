@@ -122,6 +122,7 @@ void Form_AS::Take_Over_Entries(Session& session) const
 {
     if (Present() != *At_First)
         Store_Active(session.Pesticide, Entry(Fields->Entry()), Applications->Lists());
+    Store_Location_Count(session.Pesticide, Applications->Lists());
 }
 
 void Form_AS::Refuse(const Refusal& refusal)
