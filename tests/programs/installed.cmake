@@ -42,4 +42,15 @@ run(${orvelctl} -C ${suite} status --mode focus)
 if(NOT output MATCHES "Data available\n")
   message(FATAL_ERROR "The run has not finished:\n${output}")
 endif()
+# The command line alone, as on a cluster's node, tells what holds the program that it lacks.
+file(COPY ${orvelctl} DESTINATION ${PREFIX}/node)
+execute_process(
+  COMMAND ${PREFIX}/node/orvelctl -C ${suite} report --mode focus --pesticide demo_D --crop "Winter cereals"
+          --to ${PREFIX}/report.pdf
+  RESULT_VARIABLE code ERROR_VARIABLE told
+)
+if(NOT code EQUAL 1 OR NOT told MATCHES "which is missing. The package orvelsuite holds it." OR
+   EXISTS ${PREFIX}/report.pdf)
+  message(FATAL_ERROR "A report without orvelpaint ended with ${code}:\n${told}")
+endif()
 file(REMOVE_RECURSE ${PREFIX})
