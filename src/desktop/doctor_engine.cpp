@@ -113,7 +113,8 @@ Findings Examine_Programs(const Program_State& program)
                  "Install the program again."});
     };
     look(Program_Beside("orveljob"), Health::Fault, "It runs the jobs.");
-    look(Program_Beside("orvelpaint"), Health::Warning, "It makes the pictures, PDF and workbooks of orvelctl.");
+    look(Program_Beside("orvelpaint"), Health::Warning,
+         "It makes the pictures, PDF and workbooks of orvelctl. The package orvelsuite holds it.");
     for (const auto* const utility : {"wyear.exe", "wmonth.exe", "wday.exe"})
         look(Found_Or_New(program.App_Path, utility), Health::Warning, "It makes a table of single runs.");
     if (findings.empty())

@@ -33,7 +33,11 @@ void Add_Mode(CLI::App* command, std::string& mode)
 
 int Paint(const std::vector<std::string>& arguments)
 {
-    const int process = Start_Program({.Program = Program_Beside("orvelpaint"),
+    const auto painter = Program_Beside("orvelpaint");
+    if (!std::filesystem::exists(painter)) // a cluster's node has the command line alone
+        throw File_Error("Pictures, PDF documents and workbooks are made by " + painter.string() +
+                         ", which is missing. The package orvelsuite holds it.");
+    const int process = Start_Program({.Program = painter,
                                        .Arguments = arguments,
                                        .Directory = std::filesystem::current_path(),
                                        .Keeps_Standard_Error = true});

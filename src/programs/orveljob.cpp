@@ -16,6 +16,9 @@ namespace orvel {
 
 namespace {
 
+constexpr const char* Usage = "Usage: orveljob [--jobs N] [--limit SECONDS] [--resume | --failed] MODE_DIRECTORY\n"
+                              "       orveljob --single ENGINE [--limit SECONDS] DIRECTORY\n";
+
 enum Exit_Code { All_Finished = 0, A_Run_Failed = 1, Wrong_Use = 2, Already_Running = 3 };
 
 struct Command_Line {
@@ -99,8 +102,7 @@ int main(int argc, char** argv)
     const auto line = Parse(argc, argv);
     if (line)
         return Work(*line);
-    std::fputs("Usage: orveljob [--jobs N] [--limit SECONDS] [--resume | --failed] MODE_DIRECTORY\n"
-               "       orveljob --single ENGINE [--limit SECONDS] DIRECTORY\n",
-               stderr);
-    return Wrong_Use;
+    const bool asked = argc == 2 && std::string_view(argv[1]) == "--help";
+    std::fputs(Usage, asked ? stdout : stderr);
+    return asked ? All_Finished : Wrong_Use;
 }

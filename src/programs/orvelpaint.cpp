@@ -101,6 +101,10 @@ try {
     Open_Standard_Channels();
     Arguments arguments(argv + 1, argv + argc);
     const std::string what = arguments.empty() ? "" : arguments.front();
+    if (what == "--help") {
+        std::cout << "Usage: orvelpaint series | report | overview | plan | sheet ARGUMENT...\n";
+        return 0;
+    }
     const bool is_series =
         what == "series" && arguments.size() == 10 && Parse_Month(arguments[7]) && Parse_Month(arguments[8]);
     const bool is_plan = what == "plan" && arguments.size() == 4;

@@ -12,6 +12,22 @@ endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${PREFIX})
 set(orvelctl ${PREFIX}/bin/orvelctl)
+foreach(program orvelsuite orvelctl orveljob orvelpaint)
+  run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${PREFIX}/bin/${program} --help)
+  file(READ ${PREFIX}/share/man/man1/${program}.1 page)
+  if(NOT output MATCHES "[Uu]sage: " OR NOT page MATCHES "${program} .- [^\n]+\n.SH SYNOPSIS\n.PP\n.B ${program} ")
+    message(FATAL_ERROR "${program} has no help, or its manual page does not begin with it:\n${output}${page}")
+  endif()
+endforeach()
+execute_process(
+  COMMAND bash -c ". share/bash-completion/completions/orvelctl
+COMP_WORDS=(orvelctl plan s) COMP_CWORD=2; _orvelctl; echo \"\${COMPREPLY[*]}\"
+COMP_WORDS=(orvelctl start --mode e) COMP_CWORD=3; _orvelctl; echo \"\${COMPREPLY[*]}\""
+  WORKING_DIRECTORY ${PREFIX} OUTPUT_VARIABLE completed
+)
+if(NOT completed STREQUAL "status sweep\nefsa efsa_t4\n")
+  message(FATAL_ERROR "The completion gives:\n${completed}")
+endif()
 set(suite ${PREFIX}/suite)
 run(${orvelctl} init ${suite})
 foreach(part orvel401.exe wyear.exe wmonth.exe wday.exe)
@@ -25,5 +41,16 @@ run(${orvelctl} -C ${suite} status --mode focus)
 # The line of a run that failed goes on behind its status.
 if(NOT output MATCHES "Data available\n")
   message(FATAL_ERROR "The run has not finished:\n${output}")
+endif()
+# The command line alone, as on a cluster's node, tells what holds the program that it lacks.
+file(COPY ${orvelctl} DESTINATION ${PREFIX}/node)
+execute_process(
+  COMMAND ${PREFIX}/node/orvelctl -C ${suite} report --mode focus --pesticide demo_D --crop "Winter cereals"
+          --to ${PREFIX}/report.pdf
+  RESULT_VARIABLE code ERROR_VARIABLE told
+)
+if(NOT code EQUAL 1 OR NOT told MATCHES "which is missing. The package orvelsuite holds it." OR
+   EXISTS ${PREFIX}/report.pdf)
+  message(FATAL_ERROR "A report without orvelpaint ended with ${code}:\n${told}")
 endif()
 file(REMOVE_RECURSE ${PREFIX})
