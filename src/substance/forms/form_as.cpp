@@ -120,8 +120,9 @@ void Form_AS::Done()
 
 void Form_AS::Take_Over_Entries(Session& session) const
 {
-    if (Present() != *At_First)
-        Store_Active(session.Pesticide, Entry(Fields->Entry()), Applications->Lists());
+    if (Present() == *At_First)
+        return;
+    Store_Active(session.Pesticide, Entry(Fields->Entry()), Applications->Lists());
     Store_Location_Count(session.Pesticide, Applications->Lists());
 }
 
