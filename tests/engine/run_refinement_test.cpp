@@ -55,7 +55,7 @@ Outcome Outcome_Of(Engine_Case run, double thickness)
 
 Engine_Case Restricted_Case(double drainage)
 {
-    Engine_Case run = Demo_Case("H", "_maize", "demo_D.psm", Sanitized ? 4 : 10);
+    Engine_Case run = Demo_Case("H", "_maize", "demo_D.psm", Sanitized ? 6 : 10);
     run.Scenario.SZE_Water_Flag = 1;
     for (Scenario_Horizon& horizon : run.Scenario.Horizons)
         horizon.SZE_Hor_Drainage = drainage;

@@ -31,11 +31,11 @@ protected:
 
 TEST_F(Guarded_Application_Test, An_Error_Of_A_Click_Is_Told_In_A_Box_And_The_Window_Stays)
 {
+    const Leaks_Of_Qt expected; // an error that passes through it takes its events away
     QPushButton button("Read");
     QObject::connect(&button, &QPushButton::clicked, [] { throw File_Error("Cannot read demo.psm: No such file."); });
     button.show();
 
-    const Leaks_Of_Qt expected; // an error that passes through it takes its events away
     QTest::mouseClick(&button, Qt::LeftButton);
 
     EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Cannot read demo.psm: No such file."})});
