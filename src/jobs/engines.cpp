@@ -2,6 +2,7 @@
 
 #include "core/error.h"
 #include "core/system/signals.h"
+#include "jobs/engine_start.h"
 
 #include <algorithm>
 #include <iterator>
@@ -24,6 +25,14 @@ void Engines::Add(Start start, Run_Record record, const Program_Start& program)
                                             .Begun = Clock::now(),
                                             .Asked_To_End = std::nullopt,
                                             .Interruption = {}});
+}
+
+void Engines::Begin(std::size_t run, const std::filesystem::path& directory, const std::filesystem::path& engine)
+{
+    Program_Start program = Engine_Start(directory, engine);
+    program.Own_Group = true;
+    Run_Record record = Recorder.Begin(directory, engine, std::nullopt);
+    Add({.Run = run, .Directory = directory, .Limit = std::nullopt, .Held = std::nullopt}, std::move(record), program);
 }
 
 void Engines::Look_For_Stop()

@@ -28,6 +28,9 @@ public:
         std::optional<Lock> Held; // of the directory, until the record is written; the engine inherits it
     };
     void Add(Start start, Run_Record record, const Program_Start& program);
+    // Starts the engine of a run that nobody else can reach: it holds no lock and has no limit. Throws Run_Refused and
+    // File_Error.
+    void Begin(std::size_t run, const std::filesystem::path& directory, const std::filesystem::path& engine);
 
     std::size_t At_Work() const { return Running.size(); }
     bool Stopped() const { return Is_Stopped; }

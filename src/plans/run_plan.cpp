@@ -2,8 +2,8 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
-#include "core/system/file_handle.h"
 #include "core/system/processors.h"
+#include "core/write_unflushed.h"
 #include "jobs/engine_start.h"
 #include "jobs/engines.h"
 #include "output/run_outputs.h"
@@ -26,19 +26,6 @@ using Named_Keep = std::pair<std::string_view, Plan_Keep>;
 constexpr std::array<Named_Keep, 3> Keep_Names = {
     {{"records", Plan_Keep::Records}, {"tables", Plan_Keep::Tables}, {"all", Plan_Keep::All}}};
 constexpr std::uintmax_t Least_Space = 1U << 20U; // with less, a run that failed may have failed for that
-
-// Not flushed: a run that has no result yet is begun again.
-void Put(const fs::path& file, std::string_view bytes)
-{
-    std::error_code error;
-    File_Handle handle(file, File_Handle::Use::Write, error);
-    if (!error)
-        error = handle.Write(bytes);
-    if (!error)
-        error = handle.Close();
-    if (error)
-        throw File_Error("Cannot write " + file.string() + ": " + error.message() + ".");
-}
 
 void Remove(const fs::path& file)
 {
@@ -168,12 +155,12 @@ private:
         Delete_Output(run);
         Made_Run made = Maker.Make(row);
         if (made.Pesticide)
-            Put(run / Path_Of(made.Pesticide_Name), *made.Pesticide);
+            Write_Unflushed(run / Path_Of(made.Pesticide_Name), *made.Pesticide);
         if (made.Scenario)
-            Put(run / Path_Of(made.Scenario_Name), *made.Scenario);
+            Write_Unflushed(run / Path_Of(made.Scenario_Name), *made.Scenario);
         if (Haude)
-            Put(run / Haude_Name, *Haude);
-        Put(run / Control_Name, made.Control);
+            Write_Unflushed(run / Haude_Name, *Haude);
+        Write_Unflushed(run / Control_Name, made.Control);
         Program_Start start = Engine_Start(run, Engine);
         Run_Record record = At_Work.Recorder.Begin(run, Engine, Order.Limit);
         start.Kept_Descriptor = lock.Descriptor();

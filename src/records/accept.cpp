@@ -6,9 +6,9 @@
 #include "core/numbers.h"
 #include "core/run_name.h"
 #include "core/sha256.h"
-#include "core/system/file_handle.h"
 #include "core/system/processors.h"
 #include "core/text.h"
+#include "core/write_unflushed.h"
 #include "installation/installation_files.h"
 #include "jobs/engine_start.h"
 #include "jobs/engines.h"
@@ -46,20 +46,6 @@ std::string Name_Of_Engine(const fs::path& engine)
     return Matches(name, "orvel*.exe") ? name : "orvel401.exe";
 }
 
-// Not flushed: nobody looks at it after a power cut.
-void Put(const fs::path& file, std::string_view bytes)
-{
-    std::error_code error;
-    fs::create_directories(file.parent_path(), error);
-    File_Handle handle(file, File_Handle::Use::Write, error);
-    if (!error)
-        error = handle.Write(bytes);
-    if (!error)
-        error = handle.Close();
-    if (error)
-        throw File_Error("Cannot write " + file.string() + ": " + error.message() + ".");
-}
-
 // The demonstration data that simulations at these locations read, and the engine.
 void Lay_Out_References(const fs::path& place, const fs::path& engine, const std::vector<Run_Key>& runs)
 {
@@ -73,8 +59,11 @@ void Lay_Out_References(const fs::path& place, const fs::path& engine, const std
         const bool is_wanted = is_of_mode
                                    ? !name.ends_with(".cli") || codes.contains(name.substr(0, name.find('_') + 1))
                                    : !Contains(path, "/");
-        if (is_wanted)
-            Put(place / path, bytes);
+        if (!is_wanted)
+            return;
+        std::error_code told_by_the_write;
+        fs::create_directories((place / path).parent_path(), told_by_the_write);
+        Write_Unflushed(place / path, bytes);
     });
     Copy_Whole(engine, place / Name_Of_Engine(engine));
 }
@@ -107,7 +96,7 @@ fs::path Make_Run(const Program_State& program, const Run_Key& run)
     selected.Choice.Options.Output = Minimum_Output();
     selected.Choice.Options.Tillage = Tillage_List(Focus())[static_cast<std::size_t>(Focus().Tillage_Index)];
     const fs::path mode = Mode_Directory(program, Focus());
-    Put(mode / "orvel.inp", Format_Run(program, Focus(), selected.Choice));
+    Write_Unflushed(mode / "orvel.inp", Format_Run(program, Focus(), selected.Choice));
     fs::path directory = Run_Path(mode, Run_Directory(run.Pesticide, run.Crop, run.Location));
     New_Run_Directory made(directory, Sources_Of_Run(program, Focus(), selected.Choice));
     made.Put_In_Place();
@@ -157,12 +146,7 @@ private:
     void Begin(std::size_t run, fs::path& directory)
     try {
         directory = Make_Run(Program, Runs[run]);
-        const fs::path engine = Program.App_Path / Path_Of(Program.Engine_Exe);
-        Program_Start start = Engine_Start(directory, engine);
-        start.Own_Group = true;
-        Run_Record record = Work.Recorder.Begin(directory, engine, std::nullopt);
-        Work.Add({.Run = run, .Directory = directory, .Limit = std::nullopt, .Held = std::nullopt}, std::move(record),
-                 start);
+        Work.Begin(run, directory, Program.App_Path / Path_Of(Program.Engine_Exe));
     } catch (const std::runtime_error& refused) { // Run_Refused and File_Error
         ++Done;
         Faults[run] = To_Code_Page(refused.what());
@@ -172,7 +156,7 @@ private:
     {
         const std::string text = std::to_string(Done) + " of " + std::to_string(Runs.size()) + " runs";
         if (Report && !Report(text, static_cast<double>(Done) / static_cast<double>(Runs.size())))
-            Put(Program.App_Path / Stop_Here, "");
+            Write_Unflushed(Program.App_Path / Stop_Here, "");
         Work.Wait();
     }
 

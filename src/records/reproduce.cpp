@@ -115,12 +115,7 @@ public:
 private:
     void Begin(std::size_t run)
     try {
-        const fs::path directory = Place / Path_Of(Manifest.Runs[run].Directory);
-        Program_Start start = Engine_Start(directory, Engine);
-        start.Own_Group = true;
-        Run_Record record = Work.Recorder.Begin(directory, Engine, std::nullopt);
-        Work.Add({.Run = run, .Directory = directory, .Limit = std::nullopt, .Held = std::nullopt}, std::move(record),
-                 start);
+        Work.Begin(run, Place / Path_Of(Manifest.Runs[run].Directory), Engine);
     } catch (const std::runtime_error& refused) { // Run_Refused and File_Error
         ++Done;
         Faults[run] = To_Code_Page(refused.what());
