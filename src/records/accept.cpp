@@ -10,7 +10,6 @@
 #include "core/text.h"
 #include "core/write_unflushed.h"
 #include "installation/installation_files.h"
-#include "jobs/engine_start.h"
 #include "jobs/engines.h"
 #include "jobs/job_status.h"
 #include "output/run_files.h"

@@ -6,7 +6,6 @@
 #include "core/sha256.h"
 #include "core/system/processors.h"
 #include "core/text.h"
-#include "jobs/engine_start.h"
 #include "jobs/engines.h"
 #include "output/run_files.h"
 #include "output/run_outputs.h"
