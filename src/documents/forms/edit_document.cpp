@@ -1,5 +1,6 @@
 #include "documents/forms/edit_document.h"
 
+#include "core/code_page.h"
 #include "core/files.h"
 #include "core/system/user_directories.h"
 #include "documents/unsaved_copy.h"
@@ -72,6 +73,15 @@ private:
     QTimer* Clock;
 };
 
+// Copies that cannot be searched keep nobody from editing.
+std::optional<Message> Offer_Of(Unsaved_Copy& copy, const Session& session)
+try {
+    return copy.Offer(session);
+} catch (const File_Error& error) {
+    Tell(session.Ask, "Unsaved changes", To_Code_Page(error.what()));
+    return std::nullopt;
+}
+
 template <class Form>
 void Edit(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
 {
@@ -79,7 +89,7 @@ void Edit(Session& session, Document_Kind kind, const std::filesystem::path& dir
     Form form(session, directory, parent);
     const auto as_in_file = With_Entries(session, form);
     copy.Begin(*as_in_file);
-    if (const auto offer = copy.Offer(*as_in_file)) {
+    if (const auto offer = Offer_Of(copy, *as_in_file)) {
         const auto answer = session.Ask(*offer);
         if (answer == Button::No)
             copy.Drop_Offered();

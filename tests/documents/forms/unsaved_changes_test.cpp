@@ -191,4 +191,19 @@ TEST_F(Unsaved_Changes, Of_Somebody_Else_Are_Told_Before_They_Are_Replaced)
     EXPECT_NE(Read_Whole(file), others);
 }
 
+TEST_F(Unsaved_Changes, That_Cannot_Be_Searched_Are_Told_And_The_Editor_Opens)
+{
+    fs::create_directories(Copies().parent_path());
+    fs::remove_all(Copies());
+    fs::create_symlink(Copies(), Copies()); // a loop
+    bool opened = false;
+    In_Modal([&](QWidget&) { opened = true; });
+    Open_And_Edit(The_Session, Place / "focus/H_maize.sze", nullptr);
+    fs::remove(Copies());
+
+    EXPECT_TRUE(opened);
+    ASSERT_FALSE(The_User.Messages.empty());
+    EXPECT_EQ(The_User.Messages.front().Title, "Unsaved changes");
+}
+
 } // namespace orvel
