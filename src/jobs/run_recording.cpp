@@ -50,11 +50,6 @@ Ending Ending_Of(const Run_Record& record, const Run_Interruption& interruption)
     return {};
 }
 
-void Write_Record(const fs::path& run_directory, const Run_Record& record)
-{
-    Write_Whole(run_directory / Run_Record_Name, Format_Run_Record(record));
-}
-
 } // namespace
 
 std::vector<fs::path> Inputs_Of_Run(const fs::path& run_directory)
@@ -143,10 +138,9 @@ void Run_Recorder::Take_Outputs(const fs::path& run_directory, Run_Record& recor
     }
 }
 
-void Run_Recorder::End(const fs::path& run_directory, Run_Record& record, const Program_End& end,
-                       const Run_Interruption& interruption)
+void Run_Recorder::Complete(const fs::path& run_directory, Run_Record& record, const Program_End& end,
+                            const Run_Interruption& interruption)
 {
-    record.End = std::time(nullptr);
     (end.Signal != 0 ? record.Signal : record.Exit) = end.Signal != 0 ? end.Signal : end.Exit_Code;
     const Ending ending = Ending_Of(record, interruption);
     record.Verdict = ending.Verdict;
@@ -162,7 +156,11 @@ void Run_Recorder::End(const fs::path& run_directory, Run_Record& record, const 
         record.Verdict = Verdict::Failed;
         record.Reason = To_Code_Page(error.what());
     }
-    Write_Record(run_directory, record);
+}
+
+void Run_Recorder::Write(const fs::path& run_directory, const Run_Record& record)
+{
+    Write_Whole(run_directory / Run_Record_Name, Format_Run_Record(record));
 }
 
 void Run_Recorder::Refuse(const fs::path& run_directory, Run_Record record, const std::string& reason)
@@ -170,7 +168,7 @@ void Run_Recorder::Refuse(const fs::path& run_directory, Run_Record record, cons
     record.Directory = Recorded_Directory(run_directory);
     record.Verdict = Verdict::Failed;
     record.Reason = To_Code_Page(reason);
-    Write_Record(run_directory, record);
+    Write(run_directory, record);
 }
 
 } // namespace orvel
