@@ -204,14 +204,14 @@ std::vector<std::string> Parts_At_Work(const fs::path& directory)
 // The caller holds the lock of the set-up, so that two cannot take parts at once.
 Lock Take_Part(const fs::path& directory, const Plan_Part& part)
 {
-    const std::string of = "-of-" + std::to_string(part.Of), name = std::to_string(part.Number) + of;
+    const std::string of = "-of-" + std::to_string(part.Of), name = Part_Name(part);
     for (const auto& other : Parts_At_Work(directory)) {
         if (other == name)
             Refuse_Part(directory, part.Of > 1 ? " on part " + name : "");
         if (!other.ends_with(of))
             Refuse_Part(directory, " on part " + other + ", which shares rows with this one");
     }
-    const fs::path file = directory / Locks_Name / name;
+    const fs::path file = Lock_Of_Part(directory, name);
     Make_Directory(file.parent_path());
     Write_Whole(file, "");
     auto lock = Lock::Take_Within(file, std::chrono::seconds(2));
@@ -263,6 +263,16 @@ Plan_Faults::Plan_Faults(std::vector<File_Error> first, std::size_t count)
       First(std::move(first)),
       Count(count)
 {}
+
+std::string Part_Name(const Plan_Part& part)
+{
+    return std::to_string(part.Number) + "-of-" + std::to_string(part.Of);
+}
+
+fs::path Lock_Of_Part(const fs::path& directory, std::string_view part_name)
+{
+    return directory / Locks_Name / part_name;
+}
 
 std::optional<Plan_Record> Read_Plan_Record(const fs::path& directory)
 try {

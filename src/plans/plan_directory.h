@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
@@ -49,6 +50,10 @@ struct Plan_Part {
     bool Has(std::size_t row) const { return (row - 1) % Of == Number - 1; }
     bool operator==(const Plan_Part&) const = default;
 };
+
+std::string Part_Name(const Plan_Part& part); // "2-of-4"
+// What a part holds by a lock while it is at work.
+std::filesystem::path Lock_Of_Part(const std::filesystem::path& directory, std::string_view part_name);
 
 // A plan whose directory is ready, held by its part for as long as this lives.
 struct Held_Plan {
