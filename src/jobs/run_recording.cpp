@@ -56,10 +56,11 @@ std::vector<fs::path> Inputs_Of_Run(const fs::path& run_directory)
 {
     const Run_Request request = Read_Run_Request(run_directory);
     std::vector<fs::path> inputs;
+    Named_Inputs named(run_directory);
     const auto add = [&](std::string_view name) {
         if (name.empty())
             return; // an orvel.inp that ends early is for the engine to refuse
-        const auto found = Named_Input(run_directory, name);
+        const auto found = named.Find(name);
         std::error_code ignored;
         if (!found)
             throw Run_Refused("The input " + To_Utf8(name) + " is missing.");
