@@ -77,7 +77,7 @@ void Echo::Finish(std::string_view ending)
     if (!error)
         error = File.Resize(size);
     if (!error)
-        error = File.Flush();
+        error = File.Close(); // flushed no more than the other outputs: what lasts is the record of the run
     if (error)
         Fail("CANNOT WRITE ECHO.ORV", error);
     Written = size;
