@@ -183,9 +183,10 @@ TEST_F(Plans_Window_Test, Pasted_Rows_Are_Run_And_Their_Figures_Are_Those_Of_The
     EXPECT_EQ(Picture(window).Key[1].Text, "three");
     Leave_Picture(window, "plans_distribution");
     Pick(window, "Kind", "Effect of each factor");
-    ASSERT_EQ(Picture(window).Boxes.size(), 2U);
-    EXPECT_EQ(Picture(window).Boxes[0].Y, sorted[2] - std::stod(figures.at("is")));
-    EXPECT_EQ(Picture(window).Boxes[1].Y, sorted[0] - std::stod(figures.at("is")));
+    ASSERT_EQ(Picture(window).Bars.size(), 2U);
+    const auto changed = [&](std::size_t bar) { return Picture(window).Bars[bar].To + Picture(window).X.First; };
+    EXPECT_NEAR(changed(0), sorted[2], 1e-9);
+    EXPECT_NEAR(changed(1), sorted[0], 1e-9);
 }
 
 TEST_F(Plans_Window_Test, A_Sweep_Is_Made_By_The_Form_As_By_The_Command_Line)
