@@ -334,9 +334,10 @@ Held_Plan Hold_Plan(const Program_State& program, const fs::path& plan, const fs
     }
 }
 
-Plan_Record Prepare_Plan(const Program_State& program, const fs::path& plan, const fs::path& directory)
+Plan_Record Prepare_Plan(const Program_State& program, const fs::path& plan, const fs::path& directory,
+                         const Progress& progress)
 {
-    return Do_Set_Up(program, plan, directory, {}, [&](const Plan_Record& record) {
+    return Do_Set_Up(program, plan, directory, progress, [&](const Plan_Record& record) {
         const auto parts = Parts_At_Work(directory);
         if (!parts.empty())
             Refuse_Part(directory, parts.front() == "1-of-1" ? "" : " on part " + parts.front());

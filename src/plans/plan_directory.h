@@ -76,7 +76,7 @@ Held_Plan Hold_Plan(const Program_State& program, const std::filesystem::path& p
 
 // The same for a plan whose parts other programs will take. Throws Part_At_Work if one of them is.
 Plan_Record Prepare_Plan(const Program_State& program, const std::filesystem::path& plan,
-                         const std::filesystem::path& directory);
+                         const std::filesystem::path& directory, const Progress& progress = {});
 
 // Since when the parts have been at work that are; nothing if none is.
 std::optional<std::filesystem::file_time_type> At_Work_Since(const std::filesystem::path& directory);
