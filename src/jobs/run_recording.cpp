@@ -10,6 +10,7 @@
 #include "output/run_outputs.h"
 
 #include <algorithm>
+#include <set>
 
 namespace orvel {
 
@@ -57,6 +58,7 @@ std::vector<fs::path> Inputs_Of_Run(const fs::path& run_directory)
     const Run_Request request = Read_Run_Request(run_directory);
     std::vector<fs::path> inputs;
     Named_Inputs named(run_directory);
+    std::set<std::string> known;
     const auto add = [&](std::string_view name) {
         if (name.empty())
             return; // an orvel.inp that ends early is for the engine to refuse
@@ -66,7 +68,7 @@ std::vector<fs::path> Inputs_Of_Run(const fs::path& run_directory)
             throw Run_Refused("The input " + To_Utf8(name) + " is missing.");
         if (!fs::is_regular_file(*found, ignored))
             throw Run_Refused("The input " + To_Utf8(name) + " is not an ordinary file.");
-        if (std::ranges::find(inputs, *found) == inputs.end())
+        if (known.insert(found->native()).second)
             inputs.push_back(*found);
     };
     add(Control_Name);

@@ -242,9 +242,18 @@ private:
             ++Count.Complete;
             return;
         }
-        Run_Recorder::Write(run, ended.Record);
+        Put(ended.Record.Verdict, run / Run_Record_Name, Format_Run_Record(ended.Record));
         ended.From.Held.reset(); // the tables of a run are built when its lock is free
         Take_Result(ended.From.Run, ended.Record);
+    }
+
+    // A run that is not complete is run again whatever a power cut leaves of it.
+    static void Put(Verdict verdict, const fs::path& file, const std::string& bytes)
+    {
+        if (verdict == Verdict::Complete)
+            Write_Whole(file, bytes);
+        else
+            Write_Unflushed(file, bytes);
     }
 
     // Puts what is kept into a directory that takes the place of the run's when all of it is on the disk; false if the
@@ -276,7 +285,7 @@ private:
         if (record.Verdict != Verdict::Complete)
             Check_Space(record);
         const auto kind = Soil_Runs.erase(row) > 0 ? Result_Kind::Soil : Result_Kind::Leachate;
-        Write_Whole(run / Result_Name, Format_Result(Result_Of_Run(run, record, kind)));
+        Put(record.Verdict, run / Result_Name, Format_Result(Result_Of_Run(run, record, kind)));
         ++Count.Ended;
         if (record.Verdict == Verdict::Stopped)
             return;
