@@ -1,3 +1,4 @@
+// The picture of a plan by the date of the first application.
 #include "charts/scale.h"
 #include "core/code_page.h"
 #include "core/numbers.h"

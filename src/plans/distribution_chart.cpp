@@ -1,3 +1,4 @@
+// The picture of a plan as the share of its runs above a concentration.
 #include "charts/axis.h"
 #include "charts/scale.h"
 #include "core/numbers.h"

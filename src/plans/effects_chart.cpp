@@ -1,3 +1,4 @@
+// The picture of a sweep as the effects of its factors, a tornado.
 #include "charts/scale.h"
 #include "core/code_page.h"
 #include "core/numbers.h"
