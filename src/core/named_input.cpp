@@ -39,7 +39,8 @@ std::optional<fs::path> Named_Inputs::Find(std::string_view name)
     if (is_new)
         place->second =
             Found_Below(path.is_absolute() ? fs::path("/") : Run_Directory, path.parent_path().relative_path());
-    return place->second ? Found_Below(*place->second, path.filename()) : std::nullopt;
+    const std::optional<fs::path>& found = place->second;
+    return found ? Found_Below(*found, path.filename()) : std::nullopt;
 }
 
 std::optional<fs::path> Named_Input(const fs::path& run_directory, std::string_view name)

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <iterator>
 #include <ranges>
+#include <utility>
 
 namespace orvel {
 
@@ -44,8 +45,8 @@ void Engines::Look_For_Stop()
 void Engines::Wait()
 {
     Watch();
-    while (auto ended = Next_Ended())
-        Record_End(std::move(*ended));
+    for (auto& ended : Take_Ended())
+        Record_End(ended);
 }
 
 void Engines::Watch()
@@ -88,16 +89,12 @@ void Engines::Take_End(const Program_End& end)
     Running.erase(found);
 }
 
-std::optional<Engines::Ended_Engine> Engines::Next_Ended()
+std::vector<Engines::Ended_Engine> Engines::Take_Ended()
 {
-    if (Over.empty())
-        return std::nullopt;
-    std::optional<Ended_Engine> next = std::move(Over.front());
-    Over.pop_front();
-    return next;
+    return std::exchange(Over, {});
 }
 
-void Engines::Record_End(Ended_Engine ended)
+void Engines::Record_End(Ended_Engine& ended)
 {
     std::string error;
     try {

@@ -5,11 +5,11 @@
 #include "jobs/run_recording.h"
 
 #include <chrono>
-#include <deque>
 #include <filesystem>
 #include <functional>
 #include <map>
 #include <optional>
+#include <vector>
 
 namespace orvel {
 
@@ -21,7 +21,7 @@ public:
     using Ended = std::function<void(std::size_t run, const Run_Record& record, const std::string& error)>;
     Engines(std::filesystem::path stop_file, Ended ended) : Stop_File(std::move(stop_file)), Tell_End(std::move(ended))
     {}
-    // For a caller that records the ends itself: it uses Watch and Next_Ended.
+    // For a caller that records the ends itself: it uses Watch and Take_Ended.
     explicit Engines(std::filesystem::path stop_file) : Stop_File(std::move(stop_file)) {}
 
     struct Start {
@@ -48,9 +48,9 @@ public:
         Program_End End;
         Run_Interruption Interruption;
     };
-    // The same as Wait, but what has ended is left for Next_Ended: other engines can be started first.
+    // The same as Wait, but what has ended is left for Take_Ended: other engines can be started first.
     void Watch();
-    std::optional<Ended_Engine> Next_Ended();
+    std::vector<Ended_Engine> Take_Ended();
     void Look_For_Stop();
 
     Run_Recorder Recorder;
@@ -67,12 +67,12 @@ private:
 
     void Interrupt(int process, Running_Engine& engine);
     void Take_End(const Program_End& end);
-    void Record_End(Ended_Engine ended);
+    void Record_End(Ended_Engine& ended);
 
     std::filesystem::path Stop_File;
     Ended Tell_End;
     std::map<int, Running_Engine> Running; // by process id
-    std::deque<Ended_Engine> Over;
+    std::vector<Ended_Engine> Over;
     bool Is_Stopped = false;
 };
 

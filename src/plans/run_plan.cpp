@@ -222,9 +222,9 @@ private:
 
     void Keep_Ended()
     {
-        while (auto ended = At_Work.Next_Ended()) {
+        for (auto& ended : At_Work.Take_Ended()) {
             try {
-                Keep(*ended);
+                Keep(ended);
             } catch (const std::runtime_error& error) {
                 Note_Trouble(error.what());
             }
