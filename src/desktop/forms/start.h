@@ -36,6 +36,8 @@ private:
     QLayout* Pictures();
     QLayout* Documents();
     QLayout* Foot();
+    QPushButton* Unsaved();
+    void Show_Unsaved();
     QLabel* Version_Label(const QString& name, const std::string& caption);
     void Activate();
     void Open_Pesticide();
@@ -54,7 +56,8 @@ private:
     Help_Assistant* Assistant = nullptr;
     Update_Fetch Update;
     QToolButton *Image1 = nullptr, *Image2 = nullptr, *Image3 = nullptr, *Image4 = nullptr;
-    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command6 = nullptr, *Command3 = nullptr, *Command4 = nullptr;
+    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command6 = nullptr, *Command3 = nullptr, *Command4 = nullptr,
+                *Unsaved_Button = nullptr;
     QLabel *Aktuelle_ORVEL_Version = nullptr, *Aktuelle_ORVELSUITE_Version = nullptr;
     QGroupBox* Nachricht = nullptr;
     bool Protected_In_Vain = false; // protecting failed once; do not try again

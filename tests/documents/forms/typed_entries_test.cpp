@@ -177,7 +177,7 @@ protected:
         if (!fs::exists(copies))
             return {};
         for (const auto& entry : fs::recursive_directory_iterator(copies)) {
-            if (entry.is_regular_file() && entry.file_size() > 0)
+            if (entry.is_regular_file() && Kind_Of(entry.path()))
                 return entry;
         }
         return {};
