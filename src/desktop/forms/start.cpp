@@ -57,7 +57,7 @@ QFont Scaled(QFont font, double factor, bool bold)
 
 } // namespace
 
-Start::Start(Session& session) : The_Session(session)
+Start::Start(Session& session, std::optional<Dropped_Batch> dropped) : The_Session(session), Dropped(std::move(dropped))
 {
     setObjectName("start");
     setWindowTitle(Shown(session.Program.Aktuelle_ORVEL_Version));
@@ -83,6 +83,8 @@ void Start::Lay_Out()
     all->addLayout(Pictures(), 1);
     all->addLayout(Documents());
     all->addWidget(Unsaved());
+    if (Dropped)
+        all->addWidget(Dropped_Row());
     all->addStretch(1);
     all->addWidget(Nachricht);
     all->addLayout(Foot());
@@ -153,6 +155,27 @@ QLayout* Start::Documents()
     connect(archives, &QPushButton::clicked, this, &Start::Open_Archives);
     documents->addWidget(archives, 1);
     return documents;
+}
+
+QWidget* Start::Dropped_Row()
+{
+    Dropped_Note = Named(new QLabel(Shown(Dropped_Text(*Dropped))), "Dropped_Note");
+    Dropped_Note->setWordWrap(true);
+    Put_Back_Button = Push_Button("Put_Back_Batch", "Put &back", this, &Start::Put_Back);
+    auto* place = new QWidget;
+    auto* row = new QHBoxLayout(place);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(Dropped_Note, 1);
+    row->addWidget(Put_Back_Button);
+    return place;
+}
+
+void Start::Put_Back()
+{
+    if (!Put_Back_Batch(The_Session.Program, The_Session.Ask, *Dropped))
+        return;
+    Dropped_Note->setText("The batch is pending again: \"Start Batch\" in FOCUS groundwater starts it.");
+    Put_Back_Button->hide();
 }
 
 QPushButton* Start::Unsaved()
