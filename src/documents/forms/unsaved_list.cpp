@@ -19,7 +19,7 @@ namespace orvel {
 
 namespace {
 
-constexpr std::array<const char*, 4> Heads = {"Document", "Last copied", "Document is", "Directory"};
+constexpr std::array<const char*, 4> Heads = {"Document", "Last copied", "State", "Directory"};
 constexpr int Columns_Shown = 110, Rows_Shown = 14; // characters and lines of the window as it opens
 
 } // namespace
@@ -74,7 +74,7 @@ void Unsaved_List::Show_Copies()
     Grid->setRowCount(static_cast<int>(Copies.size()));
     for (int i = 0; i < Grid->rowCount(); ++i) {
         const auto& copy = Copies[static_cast<std::size_t>(i)];
-        const std::array<QString, Heads.size()> texts = {Shown(Shown_Name(copy.Document)), Shown(Date_Text(copy.Date)),
+        const std::array<QString, Heads.size()> texts = {Shown(Shown_Name(copy.Copy)), Shown(Date_Text(copy.Date)),
                                                          Shown(State_Text(copy)),
                                                          QString::fromStdString(copy.Document.parent_path().string())};
         for (int column = 0; column < Grid->columnCount(); ++column) {
@@ -114,7 +114,7 @@ void Unsaved_List::Delete()
 {
     const auto* copy = Selected();
     if (copy && The_Session.Ask({"Unsaved changes",
-                                 "Delete the unsaved changes of " + Shown_Name(copy->Document) + " of " +
+                                 "Delete the unsaved changes of " + Shown_Name(copy->Copy) + " of " +
                                      Date_Text(copy->Date) + " for good?",
                                  Icon::Question,
                                  {Button::Yes, Button::No},

@@ -13,7 +13,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Wide_Columns = 48;
+constexpr int Wide_Columns = 72;
 
 struct Note_Row {
     const char *Control, *Caption;

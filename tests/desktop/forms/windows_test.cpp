@@ -163,11 +163,11 @@ std::unique_ptr<QWidget> Pressed(std::unique_ptr<QWidget> window, const QStringL
     return window;
 }
 
-// With a changed document and a new one.
+// With a document that is gone and a new one.
 std::unique_ptr<QWidget> Opened_Unsaved_List(Session& session)
 {
     const fs::path place = Place_Of_Unsaved_Copies(), directory = session.Program.App_Path;
-    Unsaved_Copy(place, Document_Kind::Pesticide, directory / "demo_D.psm").Keep(session);
+    Unsaved_Copy(place, Document_Kind::Pesticide, directory / "gone.psm").Keep(session);
     Unsaved_Copy(place, Document_Kind::Scenario, directory / "focus" / "*.sze").Keep(session);
     return std::make_unique<Unsaved_List>(session);
 }
