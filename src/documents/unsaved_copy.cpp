@@ -185,6 +185,9 @@ try {
 
 void Unsaved_Copy::Write(const std::string& document, const Document_Notes& notes)
 {
+    std::error_code ignored;
+    if (Alive && !fs::is_directory(Own, ignored))
+        Alive.reset(); // somebody has cleaned up
     for (int editor = 1; !Alive && editor <= Most_Editors; ++editor) {
         Own = Place / (Key + std::to_string(editor));
         if (!List_Files(Own, Type_Of(Kind).Mask).empty()) // a copy that waits for another time

@@ -221,6 +221,21 @@ TEST_F(Unsaved_Copy_Test, A_Place_That_Takes_No_Copy_Is_A_Trouble_Until_It_Does)
     EXPECT_EQ(copy.Trouble(), "");
 }
 
+TEST_F(Unsaved_Copy_Test, A_Copy_That_Somebody_Cleaned_Away_Is_Made_Again)
+{
+    auto copy = Editor();
+    copy.Begin(The_Session);
+    The_Session.Pesticide.Molmass[1] = 512;
+    ASSERT_TRUE(copy.Keep(The_Session));
+    fs::remove_all(Installation / "state");
+
+    The_Session.Pesticide.Molmass[1] = 513;
+    EXPECT_TRUE(copy.Keep(The_Session)) << copy.Trouble();
+    EXPECT_FALSE(Editor().Offer(The_Session)) << "its editor lives";
+    copy.End();
+    EXPECT_TRUE(fs::is_empty(Place));
+}
+
 TEST_F(Unsaved_Copy_Test, A_User_Without_A_Home_Has_No_Copies_And_Is_Told)
 {
     Unsaved_Copy copy({}, Document_Kind::Pesticide, File);

@@ -658,10 +658,10 @@ void Change_Everything(QWidget& window)
     }
 }
 
-// They run an engine, or take the run away that every window shows.
+// They run an engine, take the run away that every window shows, or open an editor with changes, which asks to stay.
 bool Is_Left_Alone(const QWidget& button)
 {
-    return QStringList{"s_run", "Command4", "Loeschen"}.contains(button.objectName());
+    return QStringList{"s_run", "Command4", "Loeschen", "Unsaved_Open"}.contains(button.objectName());
 }
 
 bool Is_At_Work(const QWidget& window)
