@@ -120,7 +120,7 @@ fs::path Real_Target(const fs::path& file)
 // The same, and what may not be replaced.
 fs::path Target_To_Write(const fs::path& given)
 {
-    const fs::path file = Real_Target(given);
+    fs::path file = Real_Target(given);
     std::error_code error;
     const auto present = fs::status(file, error);
     if (fs::exists(present) && (present.permissions() & Write_Bits) == fs::perms::none)

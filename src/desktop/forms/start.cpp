@@ -159,7 +159,7 @@ QLayout* Start::Documents()
 
 QWidget* Start::Dropped_Row()
 {
-    Dropped_Note = Named(new QLabel(Shown(Dropped_Text(*Dropped))), "Dropped_Note");
+    Dropped_Note = Named(new QLabel(Shown(Dropped ? Dropped_Text(*Dropped) : std::string())), "Dropped_Note");
     Dropped_Note->setWordWrap(true);
     Put_Back_Button = Push_Button("Put_Back_Batch", "Put &back", this, &Start::Put_Back);
     auto* place = new QWidget;
@@ -172,7 +172,7 @@ QWidget* Start::Dropped_Row()
 
 void Start::Put_Back()
 {
-    if (!Put_Back_Batch(The_Session.Program, The_Session.Ask, *Dropped))
+    if (!Dropped || !Put_Back_Batch(The_Session.Program, The_Session.Ask, *Dropped))
         return;
     Dropped_Note->setText("The batch is pending again: \"Start Batch\" in FOCUS groundwater starts it.");
     Put_Back_Button->hide();

@@ -47,9 +47,9 @@ void Unsaved_List::Lay_Out()
     Grid->verticalHeader()->hide();
     Grid->horizontalHeader()->setStretchLastSection(true);
     connect(Grid, &QTableWidget::itemSelectionChanged, this, &Unsaved_List::Enable_Buttons);
-    connect(Grid, &QTableWidget::cellDoubleClicked, this, &Unsaved_List::Open);
+    connect(Grid, &QTableWidget::cellDoubleClicked, this, &Unsaved_List::Open_Copy);
 
-    Open_Button = Push_Button("Unsaved_Open", "&Open", this, &Unsaved_List::Open);
+    Open_Button = Push_Button("Unsaved_Open", "&Open", this, &Unsaved_List::Open_Copy);
     Delete_Button = Push_Button("Unsaved_Delete", "De&lete copy", this, &Unsaved_List::Delete);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(Open_Button);
@@ -103,7 +103,7 @@ void Unsaved_List::Enable_Buttons()
     Delete_Button->setEnabled(copy);
 }
 
-void Unsaved_List::Open()
+void Unsaved_List::Open_Copy()
 {
     if (const auto* copy = Selected())
         Edit_Left_Copy(The_Session, Left_Copy(*copy), this);

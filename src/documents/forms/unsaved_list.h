@@ -22,7 +22,7 @@ private:
     void Show_Copies();
     void Enable_Buttons();
     const Left_Copy* Selected() const;
-    void Open();
+    void Open_Copy();
     void Delete();
 
     Session& The_Session;
