@@ -5,6 +5,7 @@
 #include "core/system/flush.h"
 #include "core/system/lock.h"
 #include "core/text.h"
+#include "core/writable.h"
 #include "core/write_from.h"
 
 #include <algorithm>
@@ -116,16 +117,25 @@ fs::path Real_Target(const fs::path& file)
     return Real_Target(target);
 }
 
+// The same, and what may not be replaced.
+fs::path Target_To_Write(const fs::path& given)
+{
+    fs::path file = Real_Target(given);
+    std::error_code error;
+    const auto present = fs::status(file, error);
+    if (fs::exists(present) && (present.permissions() & Write_Bits) == fs::perms::none)
+        throw File_Error("The file " + file.string() + " is read protected.");
+    return file;
+}
+
 // With these rights; without them with those of the file that is replaced, or of any new file.
 template <class Write> void Write_Whole_As(const fs::path& given, std::optional<fs::perms> rights, Write write)
 {
     constexpr fs::perms Owner = fs::perms::owner_read | fs::perms::owner_write;
-    const fs::path file = Real_Target(given);
+    const fs::path file = Target_To_Write(given);
     std::error_code error;
     const auto present = fs::status(file, error);
     const bool replaces = fs::exists(present);
-    if (replaces && (present.permissions() & Write_Bits) == fs::perms::none)
-        throw File_Error("The file " + file.string() + " is read protected.");
     if (replaces && !rights)
         rights = present.permissions();
     Sweep(file.parent_path());
@@ -151,6 +161,14 @@ template <class Write> void Write_Whole_As(const fs::path& given, std::optional<
 }
 
 } // namespace
+
+void Check_Writable(const fs::path& file)
+{
+    fs::path beside;
+    Create_Beside(Target_To_Write(file), File_Handle::Usual_Rights, beside);
+    std::error_code ignored;
+    fs::remove(beside, ignored);
+}
 
 fs::path Path_Of(std::string_view name)
 {

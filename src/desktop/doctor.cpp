@@ -25,7 +25,7 @@ struct Look {
     Findings (*At)(const Program_State&);
 };
 
-constexpr std::array<Look, 10> Looks = {{{"directories", Examine_Directories},
+constexpr std::array<Look, 11> Looks = {{{"directories", Examine_Directories},
                                          {"free space", Examine_Space},
                                          {"locks", Examine_Locks},
                                          {"engine", Examine_Engine},
@@ -34,7 +34,8 @@ constexpr std::array<Look, 10> Looks = {{{"directories", Examine_Directories},
                                          {"computer", Examine_Computer},
                                          {"shipped files", Examine_Templates},
                                          {"documents", Examine_Documents},
-                                         {"tables", Examine_Caches}}};
+                                         {"tables", Examine_Caches},
+                                         {"unsaved changes", Examine_Unsaved_Copies}}};
 
 Findings Look_At(const Look& look, const Program_State& program)
 try {

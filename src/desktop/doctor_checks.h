@@ -20,8 +20,9 @@ Findings Examine_Programs(const Program_State& program);
 Findings Examine_Names(const Program_State& program); // of files, and whether they keep their bytes
 Findings Examine_Computer(const Program_State& program);
 Findings Examine_Caches(const Program_State& program);
-Findings Examine_Templates(const Program_State& program); // what the installation was laid out with
-Findings Examine_Documents(const Program_State& program); // whether they can be read
+Findings Examine_Templates(const Program_State& program);      // what the installation was laid out with
+Findings Examine_Documents(const Program_State& program);      // whether they can be read
+Findings Examine_Unsaved_Copies(const Program_State& program); // whether this user can keep them
 
 // How much free space is enough, and which locale, "" for none.
 Finding Judge_Space(const std::string& directory, std::uintmax_t available);

@@ -6,6 +6,7 @@
 #include "core/system/lock.h"
 #include "core/system/network_file_system.h"
 #include "desktop/doctor_checks.h"
+#include "documents/unsaved_copy.h"
 #include "runs/mode.h"
 #include "runs/run_place.h"
 
@@ -22,6 +23,7 @@ constexpr const char* Directories = "directories";
 constexpr const char* Space = "free space";
 constexpr const char* Locks = "locks";
 constexpr const char* Names = "file names";
+constexpr const char* Unsaved = "unsaved changes";
 
 // A file of its own in a directory, removed at the end.
 class Trial_File {
@@ -194,6 +196,26 @@ Findings Examine_Names(const Program_State& program)
         findings.push_back(
             {Names, Health::Good, "All names lie within Windows-1252, and umlauts stay as they are.", ""});
     return findings;
+}
+
+Findings Examine_Unsaved_Copies(const Program_State&)
+{
+    constexpr const char* Remedy = "Get the right to write there or make room on its disk, or set XDG_STATE_HOME to a "
+                                   "directory of your own; until then save often.";
+    const fs::path place = Place_Of_Unsaved_Copies();
+    if (place.empty())
+        return {
+            {Unsaved, Health::Warning, "No copy of unsaved changes can be kept: you have no home directory.", Remedy}};
+    fs::path there = place;
+    std::error_code error;
+    while (!fs::exists(there, error) && !error && there.has_relative_path())
+        there = there.parent_path(); // what the first copy will make directories in
+    if (!error)
+        error = Trial_File(there, Trial_Name).Error;
+    if (error)
+        return {{Unsaved, Health::Warning,
+                 "No copy of unsaved changes can be kept in " + place.string() + ": " + error.message() + ".", Remedy}};
+    return {{Unsaved, Health::Good, "Copies of unsaved changes can be kept in " + place.string() + ".", ""}};
 }
 
 } // namespace orvel

@@ -4,10 +4,12 @@
 #include "core/files.h"
 #include "core/sha256.h"
 #include "core/system/times.h"
+#include "core/system/user_directories.h"
 #include "core/text.h"
 #include "core/time_text.h"
 #include "documents/documents.h"
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <utility>
@@ -29,9 +31,12 @@ try {
     return Type_Of(kind).Json(session);
 }
 
-bool Has_Files(const fs::path& directory)
-{
-    return fs::exists(directory) && !List_Files(directory, "*").empty();
+// The notes of a copy, or these if they cannot be read.
+Document_Notes Notes_Of_Copy(const fs::path& copy, const Document_Notes& otherwise)
+try {
+    return Read_Notes(copy);
+} catch (const File_Error&) {
+    return otherwise;
 }
 
 std::unique_ptr<Session> Opened(const fs::path& file)
@@ -60,6 +65,12 @@ std::string Listed(const std::vector<Difference>& differences)
 
 } // namespace
 
+fs::path Place_Of_Unsaved_Copies()
+{
+    const auto state = User_State_Directory();
+    return state.empty() ? state : state / "unsaved";
+}
+
 Unsaved_Copy::Unsaved_Copy(fs::path place, Document_Kind kind, fs::path file)
     : Place(std::move(place)),
       Kind(kind),
@@ -70,7 +81,7 @@ Unsaved_Copy::Unsaved_Copy(fs::path place, Document_Kind kind, fs::path file)
     Key = Sha256((error ? File : whole).string()).substr(0, Key_Digits) + "-";
 }
 
-std::optional<Message> Unsaved_Copy::Offer(const Session& session)
+std::optional<Message> Unsaved_Copy::Offer(const Session& session, const Document_Notes& notes)
 {
     if (Place.empty())
         return std::nullopt;
@@ -86,6 +97,7 @@ std::optional<Message> Unsaved_Copy::Offer(const Session& session)
         Offered = directory / files.front();
         Asked = std::move(lock);
         auto differences = Type_Of(Kind).Differences(session, *copy);
+        std::ranges::move(Differences(notes, Notes_Of_Copy(Offered, notes)), std::back_inserter(differences));
         std::erase_if(differences, Only_In_Blanks);
         if (differences.empty()) { // it was saved after all
             Drop_Offered();
@@ -103,17 +115,29 @@ std::optional<Message> Unsaved_Copy::Offer(const Session& session)
     return std::nullopt;
 }
 
-bool Unsaved_Copy::Take(Session& session)
+bool Unsaved_Copy::Take(Session& session, Document_Notes& notes)
 {
     const std::string name = session.Program.PSM_File;
     const bool taken = Open_Document(session, Offered);
     session.Program.PSM_File = name;
     if (taken) {
+        notes = Notes_Of_Copy(Offered, notes);
         Own = Offered.parent_path();
         Alive = std::exchange(Asked, std::nullopt);
         Offered.clear();
     }
     return taken;
+}
+
+bool Unsaved_Copy::Take_Left(Session& session, Document_Notes& notes, const fs::path& copy)
+{
+    Asked = Lock::Take(copy.parent_path());
+    if (!Asked) {
+        session.Ask({"Unsaved changes", "Another program has opened this copy."});
+        return false;
+    }
+    Offered = copy;
+    return Take(session, notes);
 }
 
 void Unsaved_Copy::Drop_Offered()
@@ -130,33 +154,56 @@ void Unsaved_Copy::Leave_Offered()
     Asked.reset();
 }
 
-void Unsaved_Copy::Begin(const Session& session)
+void Unsaved_Copy::Begin(const Session& session, const Document_Notes& notes)
 {
-    Stored = Bytes_Of_Document(Kind, session);
+    Stored = Bytes_Of_Document(Kind, session) + Format_Notes(notes);
 }
 
-bool Unsaved_Copy::Keep(const Session& session)
+bool Unsaved_Copy::Keep(const Session& session, const Document_Notes& notes)
 try {
-    if (Place.empty())
-        return false;
-    std::string bytes = Type_Of(Kind).Format(session);
-    if (bytes == Stored)
+    const std::string document = Type_Of(Kind).Format(session);
+    std::string all = document + Format_Notes(notes);
+    Why_Not.clear();
+    if (all == Stored)
         return true;
+    if (!Place.empty())
+        Write(document, notes);
+    else
+        Why_Not = "There is no home directory.";
+    if (Why_Not.empty())
+        Stored = std::move(all);
+    return Why_Not.empty();
+} catch (const std::domain_error&) {
+    return false;
+} catch (const File_Error& error) {
+    Why_Not = error.what();
+    return false;
+} catch (const fs::filesystem_error& error) {
+    Why_Not = error.path1().string() + ": " + error.code().message() + ".";
+    return false;
+}
+
+void Unsaved_Copy::Write(const std::string& document, const Document_Notes& notes)
+{
+    std::error_code ignored;
+    if (Alive && !fs::is_directory(Own, ignored))
+        Alive.reset(); // somebody has cleaned up
     for (int editor = 1; !Alive && editor <= Most_Editors; ++editor) {
         Own = Place / (Key + std::to_string(editor));
-        if (Has_Files(Own)) // a copy that waits for another time
+        if (!List_Files(Own, Type_Of(Kind).Mask).empty()) // a copy that waits for another time
             continue;
         fs::create_directories(Own);
         Alive = Lock::Take(Own);
     }
-    if (!Alive)
-        return false;
+    if (!Alive) {
+        Why_Not = "Its copies in " + Place.string() + " are too many.";
+        return;
+    }
     const bool is_new = File.filename() == Type_Of(Kind).Mask;
-    Write_Whole(Own / (is_new ? fs::path("new" + std::string(Type_Of(Kind).Ending)) : File.filename()), bytes);
-    Stored = std::move(bytes);
-    return true;
-} catch (const std::exception&) {
-    return false;
+    const fs::path copy = Own / (is_new ? fs::path("new" + std::string(Type_Of(Kind).Ending)) : File.filename());
+    Write_Whole(Own / Origin_File, File.string());
+    Write_Whole(copy, document);
+    Write_Notes(copy, notes);
 }
 
 void Unsaved_Copy::End()

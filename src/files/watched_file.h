@@ -10,7 +10,8 @@ class Watched_File {
 public:
     explicit Watched_File(std::filesystem::path file);
 
-    // Whether somebody has written the file since, or it cannot be read any more. No other file ever has.
+    // Whether somebody has written, moved or deleted the file since, or it cannot be read any more. No other file ever
+    // has.
     bool Was_Changed(const std::filesystem::path& file) const;
 
 private:

@@ -37,6 +37,8 @@ try {
     session->Program.App_Path = std::filesystem::absolute(directory).lexically_normal();
     session->Ask = Ask_On_Standard_Error;
     std::error_code error;
+    if (std::filesystem::is_regular_file(session->Program.App_Path, error))
+        throw File_Error(session->Program.App_Path.string() + " is a file, not the directory of an installation.");
     if (!std::filesystem::is_directory(session->Program.App_Path, error))
         throw File_Error(
             "The directory " + session->Program.App_Path.string() +

@@ -54,11 +54,11 @@ int Do_Sheet(const std::string& file, const std::string& to)
         return Paint({"sheet", file, to});
     if (!to.empty() && ending != ".csv")
         throw File_Error("A sheet is saved as .xlsx or .csv, not as " + to + ".");
-    const std::string csv = Sheet_Csv(Read_Sheet(file));
+    const auto rows = Read_Sheet(file);
     if (!to.empty())
-        Write_Whole(to, csv);
+        Write_Whole(to, Sheet_Csv(rows));
     else
-        std::cout << csv << std::flush;
+        std::cout << Sheet_Lines(rows) << std::flush;
     return std::cout ? Done : Refused;
 }
 

@@ -3,6 +3,7 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/system/signals.h"
+#include "core/writable.h"
 #include "jobs/job_status.h"
 #include "records/accept.h"
 #include "records/archive.h"
@@ -191,6 +192,8 @@ int Do_Accept(const Session& session, const Accept_Arguments& arguments)
 {
     Notice_When_Stopped(); // engines and temporary files do not stay behind
     const auto& app_path = session.Program.App_Path;
+    if (!arguments.Save.empty())
+        Check_Writable(arguments.Save); // the runs take minutes
     const Trial trial = Try_Engine({.App_Path = app_path, .Engine = arguments.Engine, .Expected = arguments.Expected},
                                    Shown_Progress());
     Clear_Progress();

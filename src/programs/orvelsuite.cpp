@@ -79,10 +79,11 @@ try {
         std::cerr << "ORVELSUITE cannot write in " << session->Program.App_Path.string() << ".\n";
         return 1;
     }
+    auto dropped = Drop_Pending_Batch(session->Program);
     const auto sign_of_life = Sign_Of_Shell(session->Program);
     Check_Decimal_Separator(session->Ask, General_Text(3.5)); // numbers are printed without regard to the locale
     Remember_Installation(User_State_Directory(), session->Program.App_Path);
-    Start start(*session);
+    Start start(*session, std::move(dropped));
     if (place->Guided)
         new First_Steps(&start);
     start.show();

@@ -41,21 +41,6 @@ fs::path Probe_Of(const Program_State& program)
     return Found_Or_New(Mode_Directory(program, Focus()), Focus().Probe_File);
 }
 
-// A batch that was not started is dropped, into the bin: but not while a mark is at work, another shell is open or a
-// job runs, whose user may still want it.
-void Drop_Pending_Batch(const Program_State& program)
-try {
-    const fs::path directory = Mode_Directory(program, Focus());
-    if (!Batch_Pending(directory) || Is_Locked(directory))
-        return;
-    const auto alone = Lock::Take(Probe_Of(program));
-    const auto turn = alone ? Acquire_Batch_Lock(program.App_Path) : std::nullopt;
-    if (alone && Batch_Pending(directory))
-        Move_To_Bin(directory, Batch_File(directory));
-} catch (const File_Error&) {
-    // Then it stays, for the next start.
-}
-
 void Write_Launcher(const Program_State& program)
 try {
     const std::string engine = "ORVEL" + General_Text(program.Engine_Version * 100) + ".exe";
@@ -103,7 +88,6 @@ bool Start_Up(Session& session)
     auto& program = session.Program;
     if (!Write_Test(program.App_Path))
         return false;
-    Drop_Pending_Batch(program);
     program.Suite_Minor = Program_Version_Minor;
     Find_Engine(program);
     Write_Launcher(program);
@@ -112,6 +96,43 @@ bool Start_Up(Session& session)
     session.Editor.App_Loc_Index = 1;
     session.Output = Start_Output();
     return true;
+}
+
+std::optional<Dropped_Batch> Drop_Pending_Batch(const Program_State& program)
+try {
+    const fs::path directory = Mode_Directory(program, Focus());
+    if (!Batch_Pending(directory) || Is_Locked(directory))
+        return std::nullopt;
+    const auto alone = Lock::Take(Probe_Of(program));
+    const auto turn = alone ? Acquire_Batch_Lock(program.App_Path) : std::nullopt;
+    if (!alone || !Batch_Pending(directory))
+        return std::nullopt;
+    const auto runs = Read_Batch(directory).size();
+    return Dropped_Batch{runs, Move_To_Bin(directory, Batch_File(directory))};
+} catch (const File_Error&) {
+    return std::nullopt; // then it stays, for the next start
+}
+
+std::string Dropped_Text(const Dropped_Batch& dropped)
+{
+    return (dropped.Runs == 1 ? "1 simulation that was" : std::to_string(dropped.Runs) + " simulations that were") +
+           " marked but not started went to the bin when the program opened, from which the batch can be put back.";
+}
+
+bool Put_Back_Batch(const Program_State& program, const Ask_Function& ask, const Dropped_Batch& dropped)
+try {
+    const fs::path directory = Mode_Directory(program, Focus());
+    const auto turn = Acquire_Batch_Lock(program.App_Path);
+    if (Batch_Pending(directory))
+        throw File_Error("Other simulations have been marked meanwhile. Please start them first, then put these back.");
+    std::error_code error;
+    fs::rename(dropped.File, Batch_File(directory), error);
+    if (error)
+        throw File_Error("Cannot put back " + dropped.File.string() + ": " + error.message() + ".");
+    return true;
+} catch (const File_Error& error) {
+    Tell(ask, "Put back simulations", To_Code_Page(error.what()));
+    return false;
 }
 
 std::optional<Lock> Sign_Of_Shell(const Program_State& program)

@@ -3,6 +3,7 @@
 #include "core/system/lock.h"
 #include "runs/mode.h"
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -12,10 +13,24 @@ namespace orvel {
 
 // The rules behind the start form's Load and first Activate.
 
-// Sets the program up in App_Path: write test, pending batch to the bin, engine and versions, orvel.bat, start values.
-// False: the directory cannot be written, and the program ends without a message. A job that has been started is not
-// touched: its locks identify it.
+// Sets the program up in App_Path: write test, engine and versions, orvel.bat, start values. False: the directory
+// cannot be written, and the program ends without a message.
 bool Start_Up(Session& session);
+
+// A batch that was marked and not started when its shell ended.
+struct Dropped_Batch {
+    std::size_t Runs = 0;
+    std::filesystem::path File; // in the bin
+};
+
+// When the program opens, a pending batch goes to the bin: but not while a mark is at work, another shell is open or a
+// job runs, whose user may still want it. A job that has been started is not touched: its locks identify it.
+std::optional<Dropped_Batch> Drop_Pending_Batch(const Program_State& program);
+std::string Dropped_Text(const Dropped_Batch& dropped);
+
+// Makes it the pending batch again. False: it could not be, or another one has been marked meanwhile, and the user has
+// been told.
+bool Put_Back_Batch(const Program_State& program, const Ask_Function& ask, const Dropped_Batch& dropped);
 
 // Held by each desktop program while it is open, so that no other one drops the pending batch. Nothing if the file that
 // carries it is missing.

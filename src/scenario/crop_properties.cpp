@@ -135,6 +135,17 @@ void Choose_Tillage(Crop_Editor& editor, std::size_t crop, int option)
     editor.Tillage_Modified = true;
 }
 
+Rotation_Work With_Properties(Rotation_Work work, const Crop_Editor& editor)
+{
+    for (const auto& edited : editor.Crops) {
+        auto& crop = work.Crops[edited.Crop];
+        const auto tillage = crop.SZE_Rot_Tillage;
+        crop = edited.Properties;
+        crop.SZE_Rot_Tillage = tillage;
+    }
+    return work;
+}
+
 bool Confirm_Crops(const Session& session, const Crop_Editor& editor, Rotation_Work& work)
 {
     const Message question{"Different Crops in Simulation",

@@ -49,6 +49,10 @@ void Choose_Irrigated(Crop_Row& crop, int option);
 void Choose_Perennial(Crop_Row& crop, int option);
 void Choose_Tillage(Crop_Editor& editor, std::size_t crop, int option);
 
+// The rotation with the properties as they are so far, but its tillage flags as they were: only the user's consent to
+// what a changed one removes makes it count.
+Rotation_Work With_Properties(Rotation_Work work, const Crop_Editor& editor);
+
 // Confirmation. A modified tillage flag invalidates the rotation, whose dates depend on it: the user is asked. False:
 // nothing is stored, and the form stays open.
 bool Confirm_Crops(const Session& session, const Crop_Editor& editor, Rotation_Work& work);

@@ -150,11 +150,8 @@ std::optional<Grid_Refusal> Check_Application_Grid(const Application_Grid& grid)
     return std::nullopt;
 }
 
-std::optional<Grid_Refusal> Accept_Application_Grid(Pesticide_Edit edit, const Application_Grid& grid,
-                                                    Application_Method method)
+void Store_Application_Grid(Pesticide_Edit edit, const Application_Grid& grid, Application_Method method)
 {
-    if (auto refusal = Check_Application_Grid(grid))
-        return refusal;
     const int location = Location_Of(edit.Editor);
     const auto rows = std::min<std::size_t>(grid.size(), Last_Application);
     edit.Document.App_Count[location] = rows;
@@ -162,7 +159,15 @@ std::optional<Grid_Refusal> Accept_Application_Grid(Pesticide_Edit edit, const A
         Store_Row(edit.Document.Applications[location][a], grid[a - 1], method);
     edit.Changed = true;
     Return_From_Grid(edit);
-    return std::nullopt;
+}
+
+std::optional<Grid_Refusal> Accept_Application_Grid(Pesticide_Edit edit, const Application_Grid& grid,
+                                                    Application_Method method)
+{
+    auto refusal = Check_Application_Grid(grid);
+    if (!refusal)
+        Store_Application_Grid(edit, grid, method);
+    return refusal;
 }
 
 std::optional<Message> Impossible_Date(const Application_Grid& grid)

@@ -50,8 +50,10 @@ struct Grid_Refusal {
 // Every application needs a day, month, year and rate, and must come after the one before it. Nothing if all is well.
 std::optional<Grid_Refusal> Check_Application_Grid(const Application_Grid& grid);
 
-// "OK": checks the grid, stores all rows at the location under edit, marks the document as changed and determines the
-// location's pattern.
+// Stores all rows at the location under edit, marks the document as changed and determines the location's pattern.
+void Store_Application_Grid(Pesticide_Edit edit, const Application_Grid& grid, Application_Method method);
+
+// "OK": the same for a grid that was found good.
 std::optional<Grid_Refusal> Accept_Application_Grid(Pesticide_Edit edit, const Application_Grid& grid,
                                                     Application_Method method);
 

@@ -45,4 +45,18 @@ void Accept_Transformation(Pesticide_Edit edit, const Transformation_Entry& entr
     Update_Pathway(document);
 }
 
+void Store_Half_Typed(Pesticide_Edit edit, Transformation_Entry entry)
+{
+    const int t = edit.Editor.Transformation_Index;
+    const auto before = Load_Transformation(edit.Document, t);
+    const auto& active = edit.Document.Trans_Active[static_cast<std::size_t>(t)];
+    const bool was_active = active;
+    Accept_Transformation(edit, entry);
+    if (!was_active || active)
+        return;
+    entry.Soil = before.Soil;
+    entry.Photolysis = before.Photolysis;
+    Accept_Transformation(edit, entry);
+}
+
 } // namespace orvel

@@ -26,4 +26,8 @@ Transformation_Entry Load_Transformation(const Pesticide_Document& document, int
 // rate of 0 without photolysis removes the arrow, and with it the substances that only it forms.
 void Accept_Transformation(Pesticide_Edit edit, const Transformation_Entry& entry);
 
+// The same of an entry that may not be complete: the arrow keeps its rates rather than going, since a rate that is
+// being typed anew is 0 for a moment.
+void Store_Half_Typed(Pesticide_Edit edit, Transformation_Entry entry);
+
 } // namespace orvel

@@ -164,7 +164,7 @@ std::vector<Sheet_Row> Read_Sheet(const std::filesystem::path& file)
     return Sheet_Of(*document, Read_Notes(file));
 }
 
-std::string Sheet_Csv(const std::vector<Sheet_Row>& rows)
+std::string Sheet_Lines(const std::vector<Sheet_Row>& rows)
 {
     std::string csv;
     const auto add = [&](auto text) {
@@ -175,7 +175,12 @@ std::string Sheet_Csv(const std::vector<Sheet_Row>& rows)
     add([](const Sheet_Column& column) { return std::string(column.Head); });
     for (const auto& row : rows)
         add([&](const Sheet_Column& column) { return column.Text(row); });
-    return std::string(Byte_Order_Mark) + To_Utf8(csv);
+    return To_Utf8(csv);
+}
+
+std::string Sheet_Csv(const std::vector<Sheet_Row>& rows)
+{
+    return std::string(Byte_Order_Mark) + Sheet_Lines(rows);
 }
 
 Workbook Sheet_Book(const std::vector<Sheet_Row>& rows, const std::string& name)

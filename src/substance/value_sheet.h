@@ -27,7 +27,8 @@ std::vector<Sheet_Row> Sheet_Of(const Pesticide_Document& document, const Docume
 // The sheet of a file with the notes beside it. Throws File_Error.
 std::vector<Sheet_Row> Read_Sheet(const std::filesystem::path& file);
 
-// As comma-separated values with a byte order mark, in UTF-8; and as a workbook.
+// As comma-separated values in UTF-8; as a file of them, with a byte order mark; and as a workbook.
+std::string Sheet_Lines(const std::vector<Sheet_Row>& rows);
 std::string Sheet_Csv(const std::vector<Sheet_Row>& rows);
 Workbook Sheet_Book(const std::vector<Sheet_Row>& rows, const std::string& name);
 

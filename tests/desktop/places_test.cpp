@@ -147,6 +147,30 @@ TEST_F(Places_Test, A_Start_Goes_Where_It_Was_Asked_To_Or_Was_Last)
     EXPECT_EQ(Recent_Installations(state), std::vector<fs::path>{Place / "two"});
 }
 
+TEST_F(Places_Test, The_List_Of_Recent_Installations_Survives_Deleted_Ones_Damage_And_No_Place_For_It)
+{
+    const fs::path state = Place / "state";
+    for (const char* name : {"one", "two", "three"}) {
+        Find(Place / name);
+        Remember_Installation(state, Place / name);
+    }
+    fs::remove_all(Place / "two");
+    EXPECT_EQ(Recent_Installations(state), (std::vector<fs::path>{Place / "three", Place / "one"}));
+    fs::remove_all(Place / "three"); // the last one: a start goes to the one before
+    EXPECT_EQ(Request_Of({}, Place / "elsewhere", Recent_Installations(state)).Installation, Place / "one");
+
+    Remember_Installation(state, Place / "one");
+    EXPECT_EQ(Read_Whole(state / "installations"), (Place / "one").string() + "\n");
+    Write_Whole(state / "installations", "\n\xff\xfe\n/nowhere\n" + (Place / "one").string() + "\r\n\n");
+    EXPECT_EQ(Recent_Installations(state), std::vector<fs::path>{Place / "one"});
+
+    for (const auto& bad : {fs::path(), Place / "state/installations", Place / "state/installations/below"}) {
+        Remember_Installation(bad, Place / "one"); // no word, and no other file
+        EXPECT_TRUE(Recent_Installations(bad).empty());
+    }
+    EXPECT_EQ(Recent_Installations(state), std::vector<fs::path>{Place / "one"});
+}
+
 } // namespace
 
 } // namespace orvel

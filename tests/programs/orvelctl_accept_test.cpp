@@ -70,6 +70,25 @@ TEST_F(Orvelctl_Accept, The_Bundled_Engine_Gives_What_Is_Expected_At_One_Locatio
 }
 
 // The figure that the table holds is the one that the ways of every other simulation give.
+TEST_F(Orvelctl_Accept, A_File_That_Cannot_Be_Saved_Is_Told_Before_Anything_Runs)
+{
+    const std::string nowhere = (Place / "nowhere/saved.csv").string(), locked = (Place / "locked.csv").string();
+    Write_Whole(locked, "old");
+    fs::permissions(locked, fs::perms::owner_read);
+
+    for (const auto& [file, reason] :
+         {std::pair{nowhere, "Cannot write " + nowhere + ": No such file or directory."},
+          std::pair{locked, "The file " + locked + " is read protected."},
+          std::pair{Place.Path().string(), "Cannot write " + Place.Path().string() + ": Is a directory."}}) {
+        const auto refused = In_Home("accept --save " + file);
+        EXPECT_EQ(refused.Code, 1);
+        EXPECT_EQ(refused.Printed, "");
+        EXPECT_EQ(refused.Told, "File check: " + reason + "\n");
+    }
+    EXPECT_EQ(Read_Whole(locked), "old");
+    EXPECT_FALSE(fs::exists(Home / "acceptance.json"));
+}
+
 TEST_F(Orvelctl_Accept, What_Is_Expected_Is_What_A_Batch_Computes)
 {
     const std::string line = Shipped("demo_D.psm,Winter cereals,Hamburg (H)"), unit = ",\u00B5g/L,";

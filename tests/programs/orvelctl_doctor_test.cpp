@@ -140,6 +140,19 @@ TEST_F(Orvelctl_Doctor, Finds_Each_Planted_Fault_And_Nothing_In_A_New_Installati
     With(Home / "focus" / "H_01.cli", Read_Whole(Home / "focus" / "H_01.cli").substr(0, 9000),
          [&] { Expect(1, fault + "documents\tThese cannot be used in " + At + "/focus: H_01.cli. "); });
 
+    // Copies of unsaved changes.
+    const std::string no_copies = warning + "unsaved changes\tNo copy of unsaved changes can be kept";
+    Write_Whole(Place / "state", "a file");
+    Expect(0,
+           no_copies + " in " + (Place / "state/orvelsuite/unsaved").string() + ": Not a directory.\n\t\tGet the right",
+           "XDG_STATE_HOME=" + (Place / "state").string());
+    EXPECT_EQ(Read_Whole(Place / "state"), "a file");
+    Expect(0,
+           "good\tunsaved changes\tCopies of unsaved changes can be kept in " +
+               (Place / "new/orvelsuite/unsaved").string(),
+           "XDG_STATE_HOME=" + (Place / "new").string());
+    EXPECT_FALSE(fs::exists(Place / "new"));
+
     // Names, locale, tables.
     With(Home / "\u043F\u043B\u0430\u043D.psm", "", [&] {
         Expect(1, warning + "file names\tNames with characters that Windows-1252 lacks are left out of all lists: "

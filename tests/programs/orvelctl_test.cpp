@@ -154,4 +154,13 @@ TEST_F(Orvelctl, An_Installation_Directory_That_Is_Not_There_Is_Told)
     EXPECT_EQ(Error, "File check: The directory " + In_Directory("nowhere") + " does not exist.\n");
 }
 
+TEST_F(Orvelctl, A_File_In_Place_Of_An_Installation_Directory_Is_Told)
+{
+    const std::string file = In_Directory("demo.psm");
+    Write_Whole(file, "a file");
+
+    EXPECT_EQ(Run("-C " + file + " status --mode focus"), 1);
+    EXPECT_EQ(Error, "File check: " + file + " is a file, not the directory of an installation.\n");
+}
+
 } // namespace orvel

@@ -2,6 +2,8 @@
 #include "runs/output_selection.h"
 #include "runs/start_up.h"
 
+#include "runs/batch.h"
+
 namespace orvel {
 
 using Start_Up_Test = Run_Test;
@@ -46,12 +48,12 @@ TEST_F(Start_Up_Test, A_Pending_Batch_Stays_While_Another_Shell_Or_A_Job_Is_Aliv
     Put(batch, "cd x\r\n");
     {
         const auto other_shell = Sign_Of_Shell(The_Session.Program);
-        ASSERT_TRUE(Start_Up(The_Session));
+        EXPECT_FALSE(Drop_Pending_Batch(The_Session.Program));
         EXPECT_TRUE(std::filesystem::exists(batch));
     }
     {
         const auto job = Lock::Take(Home / "focus");
-        ASSERT_TRUE(Start_Up(The_Session));
+        EXPECT_FALSE(Drop_Pending_Batch(The_Session.Program));
         EXPECT_TRUE(std::filesystem::exists(batch));
     }
 }
@@ -61,11 +63,38 @@ TEST_F(Start_Up_Test, A_Pending_Batch_Goes_To_The_Bin_At_Start_And_A_Job_File_St
     Put(Home / "focus" / "batch.bat", "cd x\r\n");
     Put(Home / "focus" / "orveljob.bat", "echo off\r\n");
 
-    ASSERT_TRUE(Start_Up(The_Session));
+    ASSERT_TRUE(Drop_Pending_Batch(The_Session.Program));
 
     EXPECT_FALSE(std::filesystem::exists(Home / "focus" / "batch.bat"));
     EXPECT_EQ(Read_Whole(Home / "focus" / "bin" / "0001" / "batch.bat"), "cd x\r\n");
     EXPECT_TRUE(std::filesystem::exists(Home / "focus" / "orveljob.bat"));
+}
+
+TEST_F(Start_Up_Test, A_Dropped_Batch_Is_Told_With_Its_Runs_And_Put_Back)
+{
+    const auto batch = Home / "focus" / "batch.bat";
+    EXPECT_FALSE(Drop_Pending_Batch(The_Session.Program)) << "there is none";
+    Add_To_Batch(Home / "focus", "a.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true);
+    Add_To_Batch(Home / "focus", "a.run\\Maize.run\\Okehampton_-_(N).run", "orvel401.exe", false);
+    const auto bytes = Read_Whole(batch);
+
+    const auto dropped = Drop_Pending_Batch(The_Session.Program);
+    ASSERT_TRUE(dropped);
+    EXPECT_EQ(Dropped_Text(*dropped), "2 simulations that were marked but not started went to the bin when the program "
+                                      "opened, from which the batch can be put back.");
+    EXPECT_TRUE(Dropped_Text({1, {}}).starts_with("1 simulation that was marked but not started went to the bin "));
+
+    Put(batch, "others");
+    EXPECT_FALSE(Put_Back_Batch(The_Session.Program, The_Session.Ask, *dropped));
+    EXPECT_EQ(Read_Whole(batch), "others");
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_EQ(The_User.Messages[0].Text,
+              "Other simulations have been marked meanwhile. Please start them first, then put these back.");
+
+    std::filesystem::remove(batch);
+    EXPECT_TRUE(Put_Back_Batch(The_Session.Program, The_Session.Ask, *dropped));
+    EXPECT_EQ(Read_Whole(batch), bytes);
+    EXPECT_FALSE(Put_Back_Batch(The_Session.Program, The_Session.Ask, *dropped));
 }
 
 TEST_F(Start_Up_Test, The_First_Of_Several_Engines_Is_Taken)

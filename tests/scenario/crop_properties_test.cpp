@@ -139,6 +139,19 @@ TEST_F(Crop_Properties, A_User_Who_Does_Not_Agree_Keeps_Rotation_And_Properties_
     EXPECT_EQ(Work.Crops[1].SZE_Rot_Text1, Variant(60));
 }
 
+TEST_F(Crop_Properties, Before_They_Are_Confirmed_All_But_The_Tillage_Flag_Are_Kept)
+{
+    auto editor = Edit_Crops(Work);
+    Set_Crop_Text(editor.Crops[0].Properties, "Text1", "55");
+    Choose_Tillage(editor, 0, 1);
+
+    const auto entered = With_Properties(Work, editor);
+
+    EXPECT_EQ(entered.Crops[1].SZE_Rot_Text1, Variant("55"));
+    EXPECT_EQ(entered.Crops[1].SZE_Rot_Tillage, 0);
+    EXPECT_EQ(entered.Rows, Work.Rows);
+}
+
 TEST_F(Crop_Properties, The_Same_Tillage_Flag_Set_Again_Counts_As_Modified)
 {
     auto editor = Edit_Crops(Work);

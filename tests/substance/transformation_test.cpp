@@ -75,6 +75,26 @@ TEST_F(Transformation, A_DT_50_Of_Zero_Removes_The_Arrow_Unless_Photolysis_Appli
     EXPECT_TRUE(Document.Met_Present[2]);
 }
 
+TEST_F(Transformation, A_Rate_That_Is_Half_Typed_Takes_No_Arrow_Away)
+{
+    The_Session.Editor.Transformation_Index = 1;
+    auto entry = Load_Transformation(Document, 1);
+    entry.Soil.Rate = "0.05";
+    Accept_Transformation(The_Session, entry);
+    ASSERT_TRUE(Document.Met_Present[2]);
+
+    entry.Soil.Rate = "";
+    entry.Correction.Q10 = "2.2";
+    Store_Half_Typed(The_Session, entry);
+    EXPECT_EQ(Document.Degradation[1][1].Deg_Rate, Variant("0.05"));
+    EXPECT_EQ(Document.Degradation[1][1].Deg_Q10, Variant("2.2"));
+    EXPECT_TRUE(Document.Met_Present[2]);
+
+    entry.Soil.Rate = "0.07";
+    Store_Half_Typed(The_Session, entry);
+    EXPECT_EQ(Document.Degradation[1][1].Deg_Rate, Variant("0.07"));
+}
+
 TEST_F(Transformation, A_Text_That_Is_No_Number_Is_Zero_In_The_Document_And_In_The_Pathway)
 {
     The_Session.Editor.Transformation_Index = 1;

@@ -17,7 +17,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Check_Columns = 150, Check_Lines = 28;
+constexpr int Check_Columns = 150, Found_Columns = 88, Check_Lines = 28;
 
 QStyle::StandardPixmap Picture_Of(Health health)
 {
@@ -53,8 +53,8 @@ QTableWidget* Table_Of(const std::vector<Finding>& findings, const QStyle& style
     }
     table->resizeColumnToContents(0);
     table->resizeColumnToContents(1);
-    table->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
-    table->horizontalHeader()->setSectionResizeMode(3, QHeaderView::Stretch);
+    table->setColumnWidth(2, table->fontMetrics().averageCharWidth() * Found_Columns);
+    table->horizontalHeader()->setStretchLastSection(true);
     table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     return table;
 }

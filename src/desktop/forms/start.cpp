@@ -1,11 +1,14 @@
 #include "desktop/forms/start.h"
 
+#include "core/error.h"
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/places_menu.h"
 #include "desktop/forms/versionsinfo.h"
 #include "desktop/forms/windows.h"
 #include "desktop/update_check.h"
 #include "documents/forms/form_psm_open.h"
+#include "documents/forms/unsaved_list.h"
+#include "documents/unsaved_copy.h"
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "records/forms/archives.h"
@@ -54,7 +57,7 @@ QFont Scaled(QFont font, double factor, bool bold)
 
 } // namespace
 
-Start::Start(Session& session) : The_Session(session)
+Start::Start(Session& session, std::optional<Dropped_Batch> dropped) : The_Session(session), Dropped(std::move(dropped))
 {
     setObjectName("start");
     setWindowTitle(Shown(session.Program.Aktuelle_ORVEL_Version));
@@ -79,6 +82,9 @@ void Start::Lay_Out()
     all->addLayout(Banner());
     all->addLayout(Pictures(), 1);
     all->addLayout(Documents());
+    all->addWidget(Unsaved());
+    if (Dropped)
+        all->addWidget(Dropped_Row());
     all->addStretch(1);
     all->addWidget(Nachricht);
     all->addLayout(Foot());
@@ -151,6 +157,49 @@ QLayout* Start::Documents()
     return documents;
 }
 
+QWidget* Start::Dropped_Row()
+{
+    Dropped_Note = Named(new QLabel(Shown(Dropped ? Dropped_Text(*Dropped) : std::string())), "Dropped_Note");
+    Dropped_Note->setWordWrap(true);
+    Put_Back_Button = Push_Button("Put_Back_Batch", "Put &back", this, &Start::Put_Back);
+    auto* place = new QWidget;
+    auto* row = new QHBoxLayout(place);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(Dropped_Note, 1);
+    row->addWidget(Put_Back_Button);
+    return place;
+}
+
+void Start::Put_Back()
+{
+    if (!Dropped || !Put_Back_Batch(The_Session.Program, The_Session.Ask, *Dropped))
+        return;
+    Dropped_Note->setText("The batch is pending again: \"Start Batch\" in FOCUS groundwater starts it.");
+    Put_Back_Button->hide();
+}
+
+QPushButton* Start::Unsaved()
+{
+    Unsaved_Button = Push_Button("Unsaved_Button", {}, this, [this] {
+        Unsaved_List(The_Session, this).exec();
+        Show_Unsaved();
+    });
+    Unsaved_Button->setToolTip("Changes of documents that were under edit when the program ended");
+    Show_Unsaved();
+    return Unsaved_Button;
+}
+
+// Is there only while something waits; what cannot be searched is told by the editors and by the doctor.
+void Start::Show_Unsaved()
+try {
+    const auto count = Left_Copies(Place_Of_Unsaved_Copies()).size();
+    Unsaved_Button->setText(count == 1 ? QString("1 &document has changes that were not saved ...")
+                                       : QString("%1 &documents have changes that were not saved ...").arg(count));
+    Unsaved_Button->setVisible(count > 0);
+} catch (const File_Error&) {
+    Unsaved_Button->hide();
+}
+
 QLabel* Start::Version_Label(const QString& name, const std::string& caption)
 {
     auto* label = Named(new QLabel(Shown(caption)), name);
@@ -204,8 +253,10 @@ void Start::showEvent(QShowEvent* event)
 void Start::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        QTimer::singleShot(0, this, &Start::Activate);
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow())
+        return;
+    QTimer::singleShot(0, this, &Start::Activate);
+    QTimer::singleShot(0, this, &Start::Show_Unsaved);
 }
 
 // Makes the shipped scenario and climate files read-only, unless the file of the version (c_apples.sze) already is.

@@ -3,6 +3,7 @@
 #include "core/session.h"
 #include "desktop/forms/update_fetch.h"
 #include "runs/mode.h"
+#include "runs/start_up.h"
 
 #include <QWidget>
 
@@ -21,8 +22,8 @@ class Start : public QWidget {
     Q_OBJECT
 
 public:
-    // Start_Up has been called for the session.
-    explicit Start(Session& session);
+    // Start_Up has been called for the session; `dropped` is what the program did not leave pending.
+    explicit Start(Session& session, std::optional<Dropped_Batch> dropped = {});
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -36,6 +37,10 @@ private:
     QLayout* Pictures();
     QLayout* Documents();
     QLayout* Foot();
+    QWidget* Dropped_Row();
+    void Put_Back();
+    QPushButton* Unsaved();
+    void Show_Unsaved();
     QLabel* Version_Label(const QString& name, const std::string& caption);
     void Activate();
     void Open_Pesticide();
@@ -51,12 +56,16 @@ private:
     void Open_Documents(const std::string& mask, const QString& caption, const std::filesystem::path& directory);
 
     Session& The_Session;
+    const std::optional<Dropped_Batch> Dropped;
     Help_Assistant* Assistant = nullptr;
     Update_Fetch Update;
     QToolButton *Image1 = nullptr, *Image2 = nullptr, *Image3 = nullptr, *Image4 = nullptr;
-    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command6 = nullptr, *Command3 = nullptr, *Command4 = nullptr;
+    QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command6 = nullptr, *Command3 = nullptr, *Command4 = nullptr,
+                *Unsaved_Button = nullptr;
     QLabel *Aktuelle_ORVEL_Version = nullptr, *Aktuelle_ORVELSUITE_Version = nullptr;
     QGroupBox* Nachricht = nullptr;
+    QLabel* Dropped_Note = nullptr;
+    QPushButton* Put_Back_Button = nullptr;
     bool Protected_In_Vain = false; // protecting failed once; do not try again
 };
 

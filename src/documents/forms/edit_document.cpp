@@ -2,14 +2,17 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
-#include "core/system/user_directories.h"
 #include "documents/unsaved_copy.h"
+#include "files/forms/notes_under_edit.h"
 #include "scenario/forms/klima.h"
 #include "scenario/forms/szenario.h"
 #include "substance/forms/form_psm_1.h"
 #include "ui/forms/entries_under_edit.h"
+#include "ui/forms/widgets.h"
 
+#include <QBoxLayout>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QSessionManager>
 #include <QTimer>
 
@@ -19,19 +22,20 @@ namespace {
 
 constexpr std::chrono::seconds First_Copy(5), Between_Copies(60);
 
-std::filesystem::path Place_Of_Copies()
-{
-    const auto state = User_State_Directory();
-    return state.empty() ? state : state / "unsaved";
-}
+struct Under_Edit {
+    std::unique_ptr<Session> Documents;
+    Document_Notes Notes;
+};
 
-// The session with what the boxes of an editor and of the forms opened from it hold.
-std::unique_ptr<Session> With_Entries(const Session& session, const QDialog& editor)
+// The documents and notes with what the boxes of an editor and of the forms opened from it hold.
+Under_Edit With_Entries(const Session& session, const QDialog& editor)
 {
-    auto all = std::make_unique<Session>(session);
+    Under_Edit all{std::make_unique<Session>(session), {}};
     const auto take_over = [&](const QDialog& form) {
         if (const auto* entries = dynamic_cast<const Entries_Under_Edit*>(&form))
-            entries->Take_Over_Entries(*all);
+            entries->Take_Over_Entries(*all.Documents);
+        if (const auto* notes = dynamic_cast<const Notes_Under_Edit*>(&form))
+            notes->Take_Over_Notes(all.Notes);
     };
     take_over(editor);
     for (const auto* form : editor.findChildren<QDialog*>()) {
@@ -41,14 +45,39 @@ std::unique_ptr<Session> With_Entries(const Session& session, const QDialog& edi
     return all;
 }
 
+// A line below an editor that says why no copy can be kept, as long as that is so; it blocks nothing.
+class Copy_Note {
+public:
+    explicit Copy_Note(QDialog& editor) : Editor(editor) {}
+
+    void Show(const std::string& trouble)
+    {
+        if (!Line && !trouble.empty()) {
+            Line = Named(new QLabel, "Copy_Note");
+            Line->setWordWrap(true);
+            Line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum); // a long path widens no window
+            static_cast<QBoxLayout*>(Editor.layout())->addWidget(Line);
+        }
+        if (!Line)
+            return;
+        Line->setText("No copy of unsaved changes can be kept, so save often. " + QString::fromStdString(trouble));
+        Line->setVisible(!trouble.empty());
+    }
+
+private:
+    QDialog& Editor;
+    QLabel* Line = nullptr;
+};
+
 // Keeps a copy of what an editor holds, soon after its first change, then once a minute, and when the desktop ends the
 // session.
 class Copy_Keeper : public QObject {
 public:
-    Copy_Keeper(Session& session, QDialog& editor, Unsaved_Copy& copy)
+    Copy_Keeper(Session& session, QDialog& editor, Unsaved_Copy& copy, Copy_Note& note)
         : The_Session(session),
           Editor(editor),
           Copy(copy),
+          Note(note),
           Clock(new QTimer(&editor))
     {
         Clock->setObjectName("Copy_Clock");
@@ -62,7 +91,9 @@ private:
     void Keep()
     {
         const bool had_changes = Copy.Has_Copy();
-        Copy.Keep(*With_Entries(The_Session, Editor));
+        const auto all = With_Entries(The_Session, Editor);
+        if (Copy.Keep(*all.Documents, all.Notes) || !Copy.Trouble().empty())
+            Note.Show(Copy.Trouble());
         if (Copy.Has_Copy() != had_changes)
             Clock->start(Between_Copies);
     }
@@ -70,42 +101,67 @@ private:
     Session& The_Session;
     QDialog& Editor;
     Unsaved_Copy& Copy;
+    Copy_Note& Note;
     QTimer* Clock;
 };
 
 // Copies that cannot be searched keep nobody from editing.
-std::optional<Message> Offer_Of(Unsaved_Copy& copy, const Session& session)
+std::optional<Message> Offer_Of(Unsaved_Copy& copy, const Under_Edit& as_in_file, Copy_Note& note)
 try {
-    return copy.Offer(session);
+    return copy.Offer(*as_in_file.Documents, as_in_file.Notes);
 } catch (const File_Error& error) {
-    Tell(session.Ask, "Unsaved changes", To_Code_Page(error.what()));
+    note.Show(error.what());
     return std::nullopt;
 }
 
-template <class Form>
-void Edit(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
+template <class Form> void Show_Unsaved(Form& form, [[maybe_unused]] Document_Notes notes)
 {
-    Unsaved_Copy copy(Place_Of_Copies(), kind, directory / Path_Of(session.Program.PSM_File));
+    if constexpr (std::is_same_v<Form, Form_PSM_1>)
+        form.Show_Unsaved(std::move(notes));
+    else
+        form.Show_Unsaved();
+}
+
+// Offers the copy of a document as it is in its file.
+template <class Form> void Begin(Session& session, Form& form, Unsaved_Copy& copy, Copy_Note& note)
+{
+    auto as_in_file = With_Entries(session, form);
+    copy.Begin(*as_in_file.Documents, as_in_file.Notes);
+    const auto offer = Offer_Of(copy, as_in_file, note);
+    if (!offer)
+        return;
+    const auto answer = session.Ask(*offer);
+    if (answer == Button::No)
+        copy.Drop_Offered();
+    else if (answer != Button::Yes)
+        copy.Leave_Offered();
+    else if (copy.Take(session, as_in_file.Notes))
+        Show_Unsaved(form, std::move(as_in_file.Notes));
+}
+
+// `left` is a copy to be edited as a document that is not there; empty for one that is.
+template <class Form> void Edit(Session& session, Document_Kind kind, const std::filesystem::path& directory,
+                                QWidget* parent, const std::filesystem::path& left)
+{
+    Unsaved_Copy copy(Place_Of_Unsaved_Copies(), kind, directory / Path_Of(session.Program.PSM_File));
+    Document_Notes left_notes;
+    if (!left.empty() && !copy.Take_Left(session, left_notes, left))
+        return;
     Form form(session, directory, parent);
-    const auto as_in_file = With_Entries(session, form);
-    copy.Begin(*as_in_file);
-    if (const auto offer = Offer_Of(copy, *as_in_file)) {
-        const auto answer = session.Ask(*offer);
-        if (answer == Button::No)
-            copy.Drop_Offered();
-        else if (answer != Button::Yes)
-            copy.Leave_Offered();
-        else if (copy.Take(session))
-            form.Show_Unsaved();
-    }
+    Copy_Note note(form);
+    if (left.empty())
+        Begin(session, form, copy, note);
+    else
+        Show_Unsaved(form, std::move(left_notes));
     {
-        const Copy_Keeper keeper(session, form, copy);
+        const Copy_Keeper keeper(session, form, copy, note);
         form.exec();
     }
     copy.End();
 }
 
-using Editor = void (*)(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent);
+using Editor = void (*)(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent,
+                        const std::filesystem::path& left);
 
 // In the order of Document_Kind.
 constexpr std::array<Editor, 3> Editors = {Edit<Form_PSM_1>, Edit<Szenario>, Edit<Klima>};
@@ -114,7 +170,7 @@ constexpr std::array<Editor, 3> Editors = {Edit<Form_PSM_1>, Edit<Szenario>, Edi
 
 void Edit_Document(Session& session, Document_Kind kind, const std::filesystem::path& directory, QWidget* parent)
 {
-    Editors[static_cast<std::size_t>(kind)](session, kind, directory, parent);
+    Editors[static_cast<std::size_t>(kind)](session, kind, directory, parent, {});
 }
 
 void Open_And_Edit(Session& session, const std::filesystem::path& file, QWidget* parent)
@@ -122,6 +178,18 @@ void Open_And_Edit(Session& session, const std::filesystem::path& file, QWidget*
     const auto kind = Kind_Of(file);
     if (Open_Document(session, file) && kind)
         Edit_Document(session, *kind, file.parent_path(), parent);
+}
+
+void Edit_Left_Copy(Session& session, const Left_Copy& copy, QWidget* parent)
+{
+    if (Has_Document(copy))
+        return Open_And_Edit(session, copy.Document, parent);
+    const auto directory = copy.Document.parent_path();
+    std::error_code ignored;
+    session.Program.PSM_File = Shown_Name(copy.Document);
+    Editors[static_cast<std::size_t>(copy.Kind)](
+        session, copy.Kind, std::filesystem::is_directory(directory, ignored) ? directory : session.Program.App_Path,
+        parent, copy.Copy);
 }
 
 } // namespace orvel

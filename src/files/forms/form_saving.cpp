@@ -88,20 +88,29 @@ bool Form_Saving::Name_Is_Usable(const std::string& name)
     return false;
 }
 
+// What is asked before the file is written; empty for nothing.
+std::string Form_Saving::Question() const
+{
+    const bool is_there = std::filesystem::exists(Target);
+    const bool is_others = Opened && Opened->Was_Changed(Target);
+    if (is_others && is_there)
+        return Shown_Name(Target) + " was changed by someone else since it was opened here. Replace it, so that their "
+                                    "change is lost?";
+    if (is_others)
+        return Shown_Name(Target) + " was deleted or moved by someone else since it was opened here. Write it again?";
+    return is_there ? "File already exists. Replace?" : "";
+}
+
 bool Form_Saving::May_Write()
 {
     if (const auto field = Type.Broken_Field(The_Session);
         field && The_Session.Ask(Broken_Line_Question(*field)) != Button::Yes)
         return false;
-    const bool is_others = Opened && Opened->Was_Changed(Target);
-    const Message replace{std::string(Saving_Input_File),
-                          is_others ? Shown_Name(Target) + " was changed by someone else since it was opened here. "
-                                                           "Replace it, so that their change is lost?"
-                                    : "File already exists. Replace?",
-                          Icon::Question,
-                          {Button::Yes, Button::No},
-                          Button::No};
-    return !std::filesystem::exists(Target) || The_Session.Ask(replace) == Button::Yes;
+    const auto question = Question();
+    return question.empty() ||
+           The_Session.Ask(
+               {std::string(Saving_Input_File), question, Icon::Question, {Button::Yes, Button::No}, Button::No}) ==
+               Button::Yes;
 }
 
 } // namespace orvel

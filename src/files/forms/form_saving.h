@@ -29,6 +29,7 @@ private:
     void Lay_Out(const std::filesystem::path& directory);
     void Save();
     bool Name_Is_Usable(const std::string& name);
+    std::string Question() const;
     bool May_Write();
 
     Session& The_Session;

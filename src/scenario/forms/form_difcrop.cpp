@@ -28,7 +28,8 @@ Form_DifCrop::Form_DifCrop(Session& session, Rotation_Work& work, QWidget* paren
     : QDialog(parent),
       The_Session(session),
       Work(work),
-      Editor(Edit_Crops(work))
+      Editor(Edit_Crops(work)),
+      At_First(Editor)
 {
     setObjectName("Form_DifCrop");
     setWindowTitle("Different Crops in Simulation");
@@ -242,6 +243,13 @@ bool Form_DifCrop::Leave(Number_Edit& box)
     box.setModified(false);
     Guard->Refuse(The_Session.Ask, *refusal);
     return false;
+}
+
+void Form_DifCrop::Take_Over_Entries(Session& session) const
+{
+    const auto work = With_Properties(Work, Editor);
+    if (Editor != At_First && !Check_Rotation(work))
+        Take_Over_Rotation(session, work);
 }
 
 // Accepts a box under edit first: Return does not move the focus away from it.

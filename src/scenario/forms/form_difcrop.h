@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "scenario/crop_properties.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <map>
 #include <QDialog>
@@ -19,11 +20,13 @@ class Number_Edit;
 
 // The properties of the crops of a rotation. On acceptance they are in `work`, where a changed tillage flag has removed
 // the rotation.
-class Form_DifCrop : public QDialog {
+class Form_DifCrop : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
     Form_DifCrop(Session& session, Rotation_Work& work, QWidget* parent = nullptr);
+
+    void Take_Over_Entries(Session& session) const override;
 
 private:
     struct Flag {
@@ -58,6 +61,7 @@ private:
     Session& The_Session;
     Rotation_Work& Work;
     Crop_Editor Editor;
+    const Crop_Editor At_First;
     QListWidget* List_crop = nullptr;
     QComboBox* Combo1 = nullptr;
     std::map<QString, Number_Edit*> Boxes;

@@ -10,7 +10,10 @@
 
 namespace orvel {
 
-Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), The_Session(session)
+Form_eros::Form_eros(Session& session, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      At_First(Show_Erosion(session.Scenario))
 {
     setObjectName("Form_eros");
     setWindowTitle("Erosion parameters");
@@ -27,7 +30,7 @@ Form_eros::Form_eros(Session& session, QWidget* parent) : QDialog(parent), The_S
     all->addWidget(group);
     all->addStretch(1);
     all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Form_eros::Done, "Command1", "&OK"));
-    Show_Texts(Show_Erosion(The_Session.Scenario));
+    Show_Texts(At_First);
     Keep_History(
         *this, [this] { return Texts(); }, [this](const Erosion_Texts& texts) { Show_Texts(texts); });
 }
@@ -44,6 +47,12 @@ Erosion_Texts Form_eros::Texts() const
     for (std::size_t i = 0; i < Factors.size(); ++i)
         texts[i] = Factors[i]->Typed();
     return texts;
+}
+
+void Form_eros::Take_Over_Entries(Session& session) const
+{
+    if (Texts() != At_First)
+        Take_Over_Erosion(session, Texts());
 }
 
 void Form_eros::Done()

@@ -44,7 +44,8 @@ QVBoxLayout* Headed(const QString& heading, QListWidget* list)
 Form_rot::Form_rot(Session& session, const std::filesystem::path& directory, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Work(Load_Rotation(session.Scenario, Read_Crop_Data(session, directory)))
+      Work(Load_Rotation(session.Scenario, Read_Crop_Data(session, directory))),
+      At_First(Work)
 {
     setObjectName("Form_rot");
     setWindowTitle("Crop Rotation Information");
@@ -206,6 +207,12 @@ void Form_rot::Change_Crops()
 {
     if (Form_DifCrop(The_Session, Work, this).exec() == Accepted)
         Show_Rotation(Work.Rows.empty() ? std::nullopt : Selected_Row());
+}
+
+void Form_rot::Take_Over_Entries(Session& session) const
+{
+    if (Work != At_First && !Check_Rotation(Work))
+        Take_Over_Rotation(session, Work);
 }
 
 // Accepts a date under edit first: Return does not move the focus away from it.

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "scenario/crop_rotation.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <array>
 #include <QDialog>
@@ -19,13 +20,15 @@ class Number_Edit;
 
 // The crop rotation: the crops of the database on the left, the rows of the rotation with their dates on the right.
 // Leaving a date moves a rotation that is out of order forward in years.
-class Form_rot : public QDialog {
+class Form_rot : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
     // `directory` contains the crop database.
     Form_rot(Session& session, const std::filesystem::path& directory, QWidget* parent = nullptr);
     ~Form_rot() override { hide(); } // a box left by closing the form still needs the rotation
+
+    void Take_Over_Entries(Session& session) const override;
 
 private:
     struct Date_Boxes {
@@ -55,6 +58,7 @@ private:
 
     Session& The_Session;
     Rotation_Work Work;
+    const Rotation_Work At_First;
     QListWidget *List_dat = nullptr, *List_rot = nullptr;
     QPushButton *Command1 = nullptr, *Command2 = nullptr, *Command3 = nullptr, *Command6 = nullptr;
     QGroupBox* Croping_Dates = nullptr;

@@ -88,6 +88,12 @@ void form_soil_hor::Show_Profile()
     Caption->setText(QString::fromStdString(Profile_Caption(The_Session.Scenario, grid)));
 }
 
+void form_soil_hor::Take_Over_Entries(Session& session) const
+{
+    if (const auto grid = Entered(); grid != Loaded)
+        Take_Over_Horizons(session, grid);
+}
+
 void form_soil_hor::Done()
 {
     if (!Grid_nhor->Is_Readable())

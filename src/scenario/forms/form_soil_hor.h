@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "scenario/horizon_grid.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <optional>
 #include <QDialog>
@@ -15,11 +16,13 @@ class Profile_View;
 class Text_Grid_Model;
 
 // The soil horizon table with the profile beside it.
-class form_soil_hor : public QDialog {
+class form_soil_hor : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
     explicit form_soil_hor(Session& session, QWidget* parent = nullptr);
+
+    void Take_Over_Entries(Session& session) const override;
 
     // After acceptance: the sum of the thicknesses (cm) if it differs from the core depth.
     std::optional<double> New_Depth() const { return Sum; }

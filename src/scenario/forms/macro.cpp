@@ -9,7 +9,10 @@
 
 namespace orvel {
 
-Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), The_Session(session)
+Macro::Macro(Session& session, QWidget* parent)
+    : QDialog(parent),
+      The_Session(session),
+      At_First(Show_Macropores(session.Scenario))
 {
     setObjectName("Macro");
     setWindowTitle("Macropore Parameters");
@@ -20,7 +23,7 @@ Macro::Macro(Session& session, QWidget* parent) : QDialog(parent), The_Session(s
     auto* rows = new QFormLayout;
     for (std::size_t i = 0; i < Fields.size(); ++i)
         rows->addRow(captions[i], Fields[i] = Named(new Number_Edit, names[i]));
-    Show_Texts(Show_Macropores(The_Session.Scenario));
+    Show_Texts(At_First);
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(Push_Button("Reset", "&Default Values", this, [this] { Show_Texts(Default_Macropores()); }));
@@ -42,6 +45,12 @@ void Macro::Show_Texts(const Macropore_Texts& texts)
 {
     for (std::size_t i = 0; i < Fields.size(); ++i)
         Fields[i]->setText(Shown(texts[i]));
+}
+
+void Macro::Take_Over_Entries(Session& session) const
+{
+    if (Texts() != At_First)
+        Take_Over_Macropores(session, Texts());
 }
 
 void Macro::Done()

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "scenario/macropores.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <QDialog>
 
@@ -10,11 +11,13 @@ namespace orvel {
 class Number_Edit;
 
 // The parameters of macropore flow.
-class Macro : public QDialog {
+class Macro : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
     explicit Macro(Session& session, QWidget* parent = nullptr);
+
+    void Take_Over_Entries(Session& session) const override;
 
 private:
     Macropore_Texts Texts() const;
@@ -22,6 +25,7 @@ private:
     void Done();
 
     Session& The_Session;
+    const Macropore_Texts At_First;
     std::array<Number_Edit*, 3> Fields{}; // S_Ic, S_fmac, S_depma
 };
 

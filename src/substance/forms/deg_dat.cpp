@@ -31,6 +31,7 @@ deg_dat::deg_dat(Session& session, QWidget* parent) : QDialog(parent), The_Sessi
     Korrektur[static_cast<std::size_t>(Recognise_Correction(entry.Correction))]->setChecked(true);
     Show_Correction(entry.Correction, Enabled_On_Activation(entry.Correction));
     Show_Sources(*this, Arrow_Of(t).Source, Arrow_Of(t).Row);
+    At_First = Present();
     Keep_History(
         *this, [this] { return Present(); }, [this](const State& state) { Show_State(state); });
 }
@@ -183,10 +184,26 @@ void deg_dat::Leave_Moisture(Number_Edit& field, void (*leave)(Correction_Texts&
     Text6->setText(Shown(texts.Moisture_Rel));
 }
 
+// With what is still being typed.
+Transformation_Entry deg_dat::Entry() const
+{
+    auto correction = Correction_Typed();
+    if (Text5->isModified())
+        Leave_Absolute_Moisture(correction);
+    if (Text6->isModified())
+        Leave_Relative_Moisture(correction);
+    return {Soil->Entered(), Photolysis->Entered(), Text13->Typed(), correction};
+}
+
+void deg_dat::Take_Over_Entries(Session& session) const
+{
+    if (Present() != At_First)
+        Store_Half_Typed(session, Entry());
+}
+
 void deg_dat::Done()
 {
-    Leave_Moistures();
-    Accept_Transformation(The_Session, {Soil->Entered(), Photolysis->Entered(), Text13->Typed(), Correction_Typed()});
+    Accept_Transformation(The_Session, Entry());
     accept();
 }
 

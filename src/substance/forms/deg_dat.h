@@ -2,6 +2,7 @@
 
 #include "substance/forms/rate_box.h"
 #include "substance/transformation.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <array>
 #include <QDialog>
@@ -15,12 +16,14 @@ class Number_Edit;
 
 // One arrow of the degradation scheme, selected by Transformation_Index: its rate in soil with the study conditions,
 // and, for the active substance, its soil photolysis.
-class deg_dat : public QDialog {
+class deg_dat : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
     explicit deg_dat(Session& session, QWidget* parent = nullptr);
     ~deg_dat() override { hide(); } // a box left by closing the form still needs it
+
+    void Take_Over_Entries(Session& session) const override;
 
 private:
     void Lay_Out();
@@ -36,6 +39,7 @@ private:
         bool operator==(const State&) const = default;
     };
     State Present() const;
+    Transformation_Entry Entry() const;
     void Show_State(const State& state);
 
     Correction_Texts Correction_Typed() const;
@@ -54,6 +58,7 @@ private:
                 *Text9 = nullptr, *Text13 = nullptr;
     QRadioButton *Option4 = nullptr, *Option5 = nullptr;
     Correction_Enabled Enabled;
+    State At_First;
 };
 
 } // namespace orvel

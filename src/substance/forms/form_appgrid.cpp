@@ -28,13 +28,14 @@ Grid_Block Cells_Of(const Application_Grid& grid)
 Form_appgrid::Form_appgrid(Session& session, const std::string& text_naps, Application_Method method, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Method(method)
+      Method(method),
+      At_First(Load_Application_Grid(session.Pesticide, session.Editor, text_naps, method))
 {
     setObjectName("Form_appgrid");
     setWindowTitle("Application Data");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
-    Show_Grid(Load_Application_Grid(The_Session.Pesticide, The_Session.Editor, text_naps, Method));
+    Show_Grid(At_First);
     AppGrid->Fit_Columns(Application_Characters);
     AppGrid->Go_To(0, Grid_Column::Day);
     resize(sizeHint().boundedTo(screen()->availableSize())); // show all columns, if the screen allows
@@ -75,6 +76,12 @@ void Form_appgrid::Take_Same_Fractions()
     auto grid = Grid();
     Same_Fractions(grid);
     AppGrid->Change_Block(0, 0, Cells_Of(grid));
+}
+
+void Form_appgrid::Take_Over_Entries(Session& session) const
+{
+    if (Grid() != At_First)
+        Store_Application_Grid(session, Grid(), Method);
 }
 
 void Form_appgrid::Done()

@@ -23,12 +23,13 @@ constexpr int Kf_Column = 1, First_Factor_Column = 3;
 Form_hor::Form_hor(Session& session, int i, int rows, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Substance(i)
+      Substance(i),
+      At_First(Load_Depth_Grid(session.Pesticide, i, rows))
 {
     setObjectName("Form_hor");
     setWindowTitle("Depth Dependend Data");
     Lay_Out();
-    Show_Grid(Load_Depth_Grid(The_Session.Pesticide, Substance, rows));
+    Show_Grid(At_First);
     GridHor->Fit_Columns(Horizon_Characters);
     GridHor->Go_To(0, Kf_Column);
     resize(sizeHint().boundedTo(screen()->availableSize())); // show all columns, if the screen allows
@@ -138,6 +139,12 @@ void Form_hor::Show_Default(bool taken)
 {
     Default_Taken = taken;
     Default_Note->setVisible(taken);
+}
+
+void Form_hor::Take_Over_Entries(Session& session) const
+{
+    if (Grid() != At_First)
+        Accept_Depth_Grid(session.Pesticide, Substance, Grid());
 }
 
 void Form_hor::Done()

@@ -130,12 +130,18 @@ void Form_PSM_1::Edit_Substance(int i)
     }
 }
 
-void Form_PSM_1::Show_Unsaved()
+void Form_PSM_1::Show_Unsaved(Document_Notes notes)
 {
+    Notes.Notes = std::move(notes);
     The_Session.Program.PSM_Changed = true;
     for (int i = 1; i <= Substances; ++i)
         Captions[static_cast<std::size_t>(i)] = Opening_Box_Caption(The_Session.Pesticide, i);
     Show_Changed("Unsaved changes");
+}
+
+void Form_PSM_1::Take_Over_Notes(Document_Notes& notes) const
+{
+    notes = Notes.Notes;
 }
 
 void Form_PSM_1::Show_Changed(const std::string& what)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/session.h"
+#include "files/forms/notes_under_edit.h"
 #include "files/watched_file.h"
 #include "substance/forms/sources.h"
 
@@ -16,7 +17,7 @@ class Pathway_View;
 class Undo_Keys;
 
 // The editor of the pesticide document: its degradation scheme, with access to the substance and transformation forms.
-class Form_PSM_1 : public QDialog {
+class Form_PSM_1 : public QDialog, public Notes_Under_Edit {
     Q_OBJECT
 
 public:
@@ -25,8 +26,9 @@ public:
 
     void reject() override; // asks before discarding changes
 
-    // The session's document is now one with changes that were not saved before.
-    void Show_Unsaved();
+    // The session's document is now one with changes that were not saved before, and so are the notes.
+    void Show_Unsaved(Document_Notes notes);
+    void Take_Over_Notes(Document_Notes& notes) const override;
 
 private:
     struct State {

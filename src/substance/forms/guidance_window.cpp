@@ -136,18 +136,31 @@ void Guidance_Window::Show_Answer()
         Answered_By->setText(Shown(finding.Answered_By)); // else the last name stays, which saves typing it again
 }
 
-void Guidance_Window::Keep_Answer()
+std::optional<Guidance_Answer> Guidance_Window::Typed() const
 {
     const int row = Row();
     if (row < 0)
-        return;
+        return std::nullopt;
     const auto& finding = Findings[static_cast<std::size_t>(row)];
-    if (The_Access.Keep({.Rule = finding.Rule,
-                         .Field = finding.Name,
-                         .Value = finding.Value,
-                         .Text = Answer->Typed(),
-                         .By = Answered_By->Typed(),
-                         .Date = Bytes_Of(QDate::currentDate().toString(Qt::ISODate))}))
+    return Guidance_Answer{.Rule = finding.Rule,
+                           .Field = finding.Name,
+                           .Value = finding.Value,
+                           .Text = Answer->Typed(),
+                           .By = Answered_By->Typed(),
+                           .Date = Bytes_Of(QDate::currentDate().toString(Qt::ISODate))};
+}
+
+void Guidance_Window::Take_Over_Notes(Document_Notes& notes) const
+{
+    const auto answer = Typed();
+    if (answer && answer->Text != Findings[static_cast<std::size_t>(Row())].Answer)
+        Set_Answer(notes, *answer);
+}
+
+void Guidance_Window::Keep_Answer()
+{
+    const auto answer = Typed();
+    if (answer && The_Access.Keep(*answer))
         Show_Findings();
 }
 

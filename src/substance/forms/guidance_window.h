@@ -1,8 +1,10 @@
 #pragma once
 
+#include "files/forms/notes_under_edit.h"
 #include "substance/guidance_check.h"
 
 #include <functional>
+#include <optional>
 #include <QDialog>
 
 class QLabel;
@@ -13,7 +15,7 @@ namespace orvel {
 class Byte_Edit;
 
 // What the guidance says against a document, and the reasons why it was kept.
-class Guidance_Window : public QDialog {
+class Guidance_Window : public QDialog, public Notes_Under_Edit {
     Q_OBJECT
 
 public:
@@ -23,10 +25,13 @@ public:
     };
     explicit Guidance_Window(Access access, QWidget* parent = nullptr);
 
+    void Take_Over_Notes(Document_Notes& notes) const override;
+
 private:
     void Lay_Out();
     void Show_Findings();
     void Show_Answer();
+    std::optional<Guidance_Answer> Typed() const; // nothing if no finding is selected
     void Keep_Answer();
     int Row() const; // -1 for none
 

@@ -22,7 +22,8 @@ constexpr int Converted_Digits = 20; // enough for a full quotient
 kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
-      Substance(i)
+      Substance(i),
+      At_First(Load_Kinetic(session.Pesticide, i))
 {
     setObjectName("kin_Sorption");
     setWindowTitle("Kinetic sorption");
@@ -30,7 +31,7 @@ kin_Sorption::kin_Sorption(Session& session, int i, QWidget* parent)
     Guard->Let_Pass({"kin_Modell_0", "kin_Modell_1", "Command1", "Command2"});
     Lay_Out();
     Show_Captions(Designed_Kinetic_Captions);
-    Show_Entry(Load_Kinetic(The_Session.Pesticide, Substance));
+    Show_Entry(At_First);
     s_f_neq->setFocus();
     s_f_neq->selectAll();
     Show_Sources(*this, Substance);
@@ -103,6 +104,12 @@ void kin_Sorption::Leave(const QWidget& field)
 {
     if (const auto refusal = &field == s_f_neq ? Check_Kinetic_Fraction(Entry()) : Check_Kinetic_Rate(Entry()))
         Guard->Refuse(The_Session.Ask, *refusal);
+}
+
+void kin_Sorption::Take_Over_Entries(Session& session) const
+{
+    if (Entry() != At_First)
+        Accept_Kinetic(session.Pesticide, Substance, Entry()); // a refused entry stays out
 }
 
 void kin_Sorption::Done()

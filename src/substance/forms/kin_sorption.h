@@ -1,6 +1,7 @@
 #pragma once
 
 #include "substance/kinetic_sorption.h"
+#include "ui/forms/entries_under_edit.h"
 
 #include <array>
 #include <QDialog>
@@ -14,11 +15,13 @@ class Leave_Guard;
 class Number_Edit;
 
 // Slow sorption of a substance at non-equilibrium sites, in either of two notations.
-class kin_Sorption : public QDialog {
+class kin_Sorption : public QDialog, public Entries_Under_Edit {
     Q_OBJECT
 
 public:
     kin_Sorption(Session& session, int i, QWidget* parent = nullptr); // substance i, 1 to 9
+
+    void Take_Over_Entries(Session& session) const override;
 
 private:
     void Lay_Out();
@@ -31,6 +34,7 @@ private:
 
     Session& The_Session;
     int Substance;
+    const Kinetic_Entry At_First;
     Kinetic_Model Model = Kinetic_Model::PEARL; // the notation of both texts
     std::array<QRadioButton*, 2> kin_Modell{};
     QLabel *Bezeichnung_Anteil = nullptr, *Bezeichnung_Sorptionsrate = nullptr;

@@ -16,12 +16,13 @@ KOC_PH::KOC_PH(Session& session, int i, std::string text_koc0, QWidget* parent)
     : QDialog(parent),
       The_Session(session),
       Substance(i),
-      The_Koc(std::move(text_koc0))
+      The_Koc(std::move(text_koc0)),
+      At_First(Load_PH(session.Pesticide, i, The_Koc))
 {
     setObjectName("KOC_PH");
     setWindowTitle("pH-dependent sorption");
     Lay_Out();
-    Show_Entry(Load_PH(The_Session.Pesticide, Substance, The_Koc));
+    Show_Entry(At_First);
     s_pKa->selectAll();
     Show_Sources(*this, Substance);
     Keep_History(
@@ -85,6 +86,13 @@ void KOC_PH::Show_View()
         widget->setVisible(view.First_pH);
     for (auto* widget : Second_Pair)
         widget->setVisible(view.Second_Pair);
+}
+
+void KOC_PH::Take_Over_Entries(Session& session) const
+{
+    std::string text_koc0;
+    if (Entry() != At_First)
+        Accept_PH(session.Pesticide, Substance, Entry(), text_koc0);
 }
 
 void KOC_PH::Done()

@@ -10,12 +10,13 @@ namespace orvel {
 
 Plant_App::Plant_App(Session& session, Application_Method method, QWidget* parent)
     : QDialog(parent),
-      The_Session(session)
+      The_Session(session),
+      At_First(Load_Plant(session.Pesticide))
 {
     setObjectName("Plant_App");
     setWindowTitle("Pesticide Fate on Crops");
     Lay_Out(Shows_Filtration(method));
-    Boxes.Show(Plant_Fields, Load_Plant(The_Session.Pesticide));
+    Boxes.Show(Plant_Fields, At_First);
     Boxes["S_plt_dk"]->selectAll();
     Show_Sources(*this, session.Editor.Substance_Index);
     Keep_History(
@@ -40,6 +41,12 @@ void Plant_App::Lay_Out(bool filtration)
     all->addLayout(rows);
     all->addStretch(1);
     all->addWidget(Done_And_Cancel(*this, The_Session.Ask, &Plant_App::Done, "Command1", "&OK"));
+}
+
+void Plant_App::Take_Over_Entries(Session& session) const
+{
+    if (Entry() != At_First)
+        Accept_Plant(session, Entry());
 }
 
 void Plant_App::Done()

@@ -3,6 +3,7 @@
 #include "ui/forms/number_edit.h"
 #include "ui/forms/widgets.h"
 
+#include <algorithm>
 #include <QFormLayout>
 #include <QRadioButton>
 
@@ -68,11 +69,14 @@ void Rate_Box::Show_State(const State& state)
     Enable_Chosen();
 }
 
-Rate_Texts Rate_Box::Entered()
+Rate_Texts Rate_Box::Entered() const
 {
-    for (const auto& row : Rate_Rows)
-        Leave(row.Field);
-    return Texts();
+    auto texts = Texts();
+    const auto typed = std::ranges::find_if(
+        Rate_Rows, [this](const auto& row) { return Fields[static_cast<std::size_t>(row.Field)]->isModified(); });
+    if (typed != Rate_Rows.end())
+        Leave_Rate_Field(texts, typed->Field);
+    return texts;
 }
 
 void Rate_Box::Enable_Chosen()

@@ -36,8 +36,8 @@ public:
     State Present() const;
     void Show_State(const State& state);
 
-    // The three fields, after accepting text that is still being typed.
-    Rate_Texts Entered();
+    // The three fields, as they will be when text that is still being typed is left.
+    Rate_Texts Entered() const;
 
     // Below the three fields.
     void Add_Row(const QString& label, QWidget* field);

@@ -13,7 +13,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Wide_Columns = 48;
+constexpr int Wide_Columns = 72;
 
 struct Note_Row {
     const char *Control, *Caption;
@@ -28,6 +28,7 @@ constexpr std::array<Note_Row, 4> Rows = {{{"Note_Source", "&Source:", &Field_No
 
 Source_Window::Source_Window(const std::string& field, const std::string& value, Field_Note note, QWidget* parent)
     : QDialog(parent),
+      Field(field),
       The_Note(std::move(note))
 {
     setObjectName("Source_Window");
@@ -64,10 +65,23 @@ void Source_Window::Lay_Out(const QString& field, const QString& value)
     all->addWidget(Done_And_Cancel(*this, &Source_Window::Done, "Note_Done", "D&one", "Note_Cancel"));
 }
 
+Field_Note Source_Window::Typed() const
+{
+    Field_Note note = The_Note;
+    for (std::size_t i = 0; i < Rows.size(); ++i)
+        note.*Rows[i].Text = Boxes[i]->Typed();
+    return note;
+}
+
+void Source_Window::Take_Over_Notes(Document_Notes& notes) const
+{
+    if (!Typed().Says_The_Same(The_Note))
+        Set_Note(notes, Field, Typed());
+}
+
 void Source_Window::Done()
 {
-    for (std::size_t i = 0; i < Rows.size(); ++i)
-        The_Note.*Rows[i].Text = Boxes[i]->Typed();
+    The_Note = Typed();
     accept();
 }
 

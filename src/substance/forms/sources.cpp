@@ -41,7 +41,7 @@ try {
     Unreadable = false;
     return true;
 } catch (const File_Error& error) {
-    Tell(The_Session.Ask, Saving_Input_File, To_Code_Page(error.what()));
+    Tell(The_Session.Ask, Saving_Input_File, "The document is saved, but not its notes. " + To_Code_Page(error.what()));
     return false;
 }
 

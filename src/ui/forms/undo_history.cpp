@@ -104,16 +104,27 @@ void Undo_Keys::Look_Later(const QWidget& control)
     QTimer::singleShot(0, this, [this, caption = Caption_Of(control)] { Look(caption); });
 }
 
+// A button leaves no box: what is typed there goes first, also if the editor takes it only when the box is left.
 void Undo_Keys::Undo()
 {
+    const int known = Changes.index();
     Look(Last_Used);
+    auto* box = qobject_cast<QLineEdit*>(Form.focusWidget());
+    if (Changes.index() == known && Has_Own_Undo(box))
+        return box->undo();
     Changes.undo();
 }
 
 void Undo_Keys::Redo()
 {
     Look(Last_Used);
-    Changes.redo();
+    if (!Has_Own_Undo(qobject_cast<QLineEdit*>(Form.focusWidget()))) // which forgets what was undone
+        Changes.redo();
+}
+
+bool Undo_Keys::Has_Own_Undo(const QLineEdit* box) const
+{
+    return box && box->isUndoAvailable() && box->text() != Text_When_Entered;
 }
 
 // Whether a key was one of ours: a box with text of its own to undo, and a grid, have it first.
@@ -123,8 +134,7 @@ bool Undo_Keys::Takes_Key(QObject* watched, QEvent* event)
     if (!Is_Undo(key) && !Is_Redo(key))
         return false;
     const auto* box = qobject_cast<QLineEdit*>(watched);
-    const bool has_its_own =
-        box && (Is_Undo(key) ? box->isUndoAvailable() && box->text() != Text_When_Entered : box->isRedoAvailable());
+    const bool has_its_own = Is_Undo(key) ? Has_Own_Undo(box) : box && box->isRedoAvailable();
     if (has_its_own || qobject_cast<QTableView*>(watched))
         return false;
     if (event->type() == QEvent::KeyPress)

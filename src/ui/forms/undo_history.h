@@ -7,6 +7,7 @@
 #include <QUndoStack>
 #include <utility>
 
+class QLineEdit;
 class QToolButton;
 
 namespace orvel {
@@ -41,6 +42,7 @@ private:
     void Watch();
     void Look_Later(const QWidget& control);
     bool Takes_Key(QObject* watched, QEvent* event);
+    bool Has_Own_Undo(const QLineEdit* box) const; // of what was typed since it was entered
 
     QDialog& Form;
     QToolButton *Back = nullptr, *Forth = nullptr;

@@ -70,6 +70,87 @@ TEST_F(First_Steps_Test, The_Tour_Can_Be_Ended)
     EXPECT_EQ(Note_In(start), "");
 }
 
+TEST_F(First_Steps_Test, The_Tour_Ended_Early_Stays_Ended_In_All_Windows)
+{
+    Start start(The_Session);
+    const QPointer<First_Steps> steps = new First_Steps(&start);
+    start.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Note_In(start).isEmpty(); }));
+    In_Modal([&](QWidget& runs) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Note_In(runs).startsWith("<b>2 of 4</b>"); }));
+        Click<QPushButton>(runs, "First_Steps_End");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !steps; }));
+        EXPECT_EQ(Note_In(runs), "");
+        runs.resize(runs.size() + QSize(40, 40));
+        Click<QPushButton>(runs, "Multi_batch");
+        QTest::qWait(20);
+        EXPECT_EQ(Note_In(runs), "");
+    });
+    Click<QToolButton>(start, "Image2");
+    In_Modal([](QWidget& runs) {
+        QTest::qWait(20);
+        EXPECT_EQ(Note_In(runs), "");
+    });
+    Click<QToolButton>(start, "Image2");
+    EXPECT_EQ(Note_In(start), "");
+}
+
+TEST_F(First_Steps_Test, A_Note_Follows_Its_Control_When_The_Window_Changes_Its_Size)
+{
+    Start start(The_Session);
+    new First_Steps(&start);
+    start.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Note_In(start).isEmpty(); }));
+    const auto* note = start.findChild<QFrame*>("First_Step");
+    const auto* control = Find<QToolButton>(start, "Image2");
+    const QSize least = start.minimumSizeHint();
+    for (const QSize& size : {least, least * 2, QSize(least.width() * 2, least.height()), least}) {
+        start.resize(size);
+        ASSERT_TRUE(QTest::qWaitFor([&] {
+            const QRect place(control->mapTo(&start, QPoint(0, 0)), control->size());
+            return start.rect().contains(note->geometry()) && note->x() <= place.right() &&
+                   note->geometry().right() >= place.left() && !note->geometry().intersects(place);
+        })) << size.width()
+            << " x " << size.height();
+    }
+}
+
+TEST_F(First_Steps_Test, A_Window_That_Is_Closed_And_Opened_Again_Has_Its_Note_Again)
+{
+    Start start(The_Session);
+    new First_Steps(&start);
+    start.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Note_In(start).isEmpty(); }));
+    for (int time = 0; time < 2; ++time) {
+        In_Modal([&](QWidget& runs) {
+            EXPECT_TRUE(QTest::qWaitFor([&] { return Note_In(runs).startsWith("<b>2 of 4</b>"); }));
+        });
+        Click<QToolButton>(start, "Image2");
+    }
+}
+
+TEST_F(First_Steps_Test, The_First_Page_Stays_In_A_Home_That_Cannot_Be_Written_And_Takes_Another_Place)
+{
+    const fs::path home = Place / "home";
+    Write_Whole(home, "no directory");
+    Welcome page({Place.Path()}, The_Session.Ask, home / "ORVELSUITE");
+    page.show();
+
+    Click<QPushButton>(page, "Make");
+    EXPECT_TRUE(page.isVisible());
+    EXPECT_TRUE(page.Installation().empty());
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_NE(The_User.Messages[0].Text.find((home / "ORVELSUITE").string()), std::string::npos)
+        << The_User.Messages[0].Text;
+    EXPECT_NE(The_User.Messages[0].Text.find("Not a directory"), std::string::npos) << The_User.Messages[0].Text;
+
+    Retype(page, "Place", QString::fromStdString((Place / "elsewhere").string()));
+    Click<QPushButton>(page, "Make");
+    EXPECT_EQ(page.Installation(), Place / "elsewhere");
+    EXPECT_TRUE(Is_Installation(Place / "elsewhere"));
+    EXPECT_FALSE(page.isVisible());
+}
+
 TEST_F(First_Steps_Test, The_First_Page_Makes_An_Installation_And_Shows_The_Way)
 {
     Welcome page({Place.Path()}, The_Session.Ask, Place / "new");

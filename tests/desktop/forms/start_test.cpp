@@ -2,7 +2,9 @@
 
 #include "core/files.h"
 #include "core/sha256.h"
+#include "documents/unsaved_copy.h"
 #include "runs/acceptance.h"
+#include "runs/batch.h"
 #include "runs/start_up.h"
 #include "temporary_directory.h"
 #include "window_test.h"
@@ -51,6 +53,50 @@ TEST_F(Start_Test, Shows_The_Versions_Of_Engine_And_Suite)
     EXPECT_EQ(Form->windowTitle(), "ORVEL 4.01");
     EXPECT_EQ(Caption("Aktuelle_ORVEL_Version"), "ORVEL 4.01");
     EXPECT_EQ(Caption("Aktuelle_ORVELSUITE_Version"), "ORVELSUITE 5.5.3");
+}
+
+TEST_F(Start_Test, Says_That_A_Pending_Batch_Was_Dropped_And_Puts_It_Back)
+{
+    Open();
+    EXPECT_EQ(Form->findChild<QLabel*>("Dropped_Note"), nullptr);
+    Form.reset();
+    Write_Whole(Place / "Haude.dat", "monthly factors\r\n");
+    Write_Whole(Place / "focus/Focuscheck.dat", "checked\r\n");
+    Add_To_Batch(Place / "focus", "a.run\\Maize.run\\Hamburg_-_(H).run", "orvel401.exe", true);
+
+    Start form(The_Session, Drop_Pending_Batch(The_Session.Program));
+    form.show();
+    auto* note = Find<QLabel>(form, "Dropped_Note");
+    EXPECT_TRUE(note->text().startsWith("1 simulation that was marked but not started went to the bin"));
+    EXPECT_FALSE(Batch_Pending(Place / "focus"));
+    Click<QPushButton>(form, "Put_Back_Batch");
+    EXPECT_TRUE(Batch_Pending(Place / "focus"));
+    EXPECT_EQ(note->text(), "The batch is pending again: \"Start Batch\" in FOCUS groundwater starts it.");
+    EXPECT_FALSE(Find<QPushButton>(form, "Put_Back_Batch")->isVisible());
+    EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(Start_Test, Lists_Unsaved_Changes_Only_While_There_Are_Some)
+{
+    const auto copies = Place_Of_Unsaved_Copies();
+    Open();
+    EXPECT_FALSE(Find<QPushButton>(*Form, "Unsaved_Button")->isVisible());
+    {
+        Unsaved_Copy copy(copies, Document_Kind::Scenario, Place / "focus/gone.sze");
+        copy.Begin(The_Session);
+        The_Session.Scenario.SZE_Title = "Mine";
+        ASSERT_TRUE(copy.Keep(The_Session));
+    }
+    Open();
+    auto* button = Find<QPushButton>(*Form, "Unsaved_Button");
+    EXPECT_EQ(button->text(), "1 &document has changes that were not saved ...");
+    In_Modal([&](QWidget& list) {
+        EXPECT_EQ(list.objectName(), "Unsaved_List");
+        The_User.Answers = {Button::Yes};
+        Click<QPushButton>(list, "Unsaved_Delete");
+    });
+    button->click();
+    EXPECT_FALSE(button->isVisible());
 }
 
 TEST_F(Start_Test, Says_Whether_The_Engine_Was_Accepted_Here)

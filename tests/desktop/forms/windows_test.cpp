@@ -8,6 +8,8 @@
 #include "desktop/forms/welcome.h"
 #include "desktop/forms/windows.h"
 #include "documents/forms/form_psm_open.h"
+#include "documents/forms/unsaved_list.h"
+#include "documents/unsaved_copy.h"
 #include "evaluation/forms/analyse.h"
 #include "evaluation/forms/inout_sel.h"
 #include "evaluation/forms/overview_window.h"
@@ -161,6 +163,15 @@ std::unique_ptr<QWidget> Pressed(std::unique_ptr<QWidget> window, const QStringL
     return window;
 }
 
+// With a document that is gone and a new one.
+std::unique_ptr<QWidget> Opened_Unsaved_List(Session& session)
+{
+    const fs::path place = Place_Of_Unsaved_Copies(), directory = session.Program.App_Path;
+    Unsaved_Copy(place, Document_Kind::Pesticide, directory / "gone.psm").Keep(session);
+    Unsaved_Copy(place, Document_Kind::Scenario, directory / "focus" / "*.sze").Keep(session);
+    return std::make_unique<Unsaved_List>(session);
+}
+
 std::vector<Opened_Window> Windows_Test::All() const
 {
     const auto& focus = Mode_Of(Mode_Kind::Focus);
@@ -178,6 +189,7 @@ std::vector<Opened_Window> Windows_Test::All() const
              return std::make_unique<Installation_Check>(Examine(session.Program));
          }},
         Plain<Versionsinfo>("versionsinfo"),
+        {"unsaved_list", Opened_Unsaved_List},
         Plain<FOCUS>("focus", std::cref(focus), Run_Windows()),
         Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa)), Run_Windows()),
         Plain<FOCUS>("efsa_t4", std::cref(Mode_Of(Mode_Kind::Efsa_T4)), Run_Windows()),
@@ -646,10 +658,10 @@ void Change_Everything(QWidget& window)
     }
 }
 
-// They run an engine, or take the run away that every window shows.
+// They run an engine, take the run away that every window shows, or open an editor with changes, which asks to stay.
 bool Is_Left_Alone(const QWidget& button)
 {
-    return QStringList{"s_run", "Command4", "Loeschen"}.contains(button.objectName());
+    return QStringList{"s_run", "Command4", "Loeschen", "Unsaved_Open"}.contains(button.objectName());
 }
 
 bool Is_At_Work(const QWidget& window)

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 
 namespace orvel {
 
@@ -268,6 +269,31 @@ TEST_F(Szenario_Test, Done_Without_A_Change_Closes_At_Once)
 
     EXPECT_FALSE(Form->isVisible());
     EXPECT_TRUE(The_User.Messages.empty());
+}
+
+TEST_F(Szenario_Test, The_Undo_Button_Takes_Back_What_Is_Being_Typed_And_Not_An_Older_Change_With_It)
+{
+    Open();
+    QApplication::setActiveWindow(Form.get());
+    Retype("Text_tit", "Another title");
+    QTest::qWait(5);
+    auto* depth = Control<QLineEdit>("Text_et_depth");
+    const QString before = depth->text();
+    depth->setFocus();
+    depth->selectAll();
+    QTest::keyClicks(depth, "35");
+
+    Click<QToolButton>(*Form, "Undo");
+    EXPECT_EQ(Control<QLineEdit>("Text_tit")->text(), "Another title");
+    EXPECT_EQ(depth->text(), before);
+    Click<QToolButton>(*Form, "Undo");
+    EXPECT_NE(Control<QLineEdit>("Text_tit")->text(), "Another title");
+
+    depth->setFocus();
+    depth->selectAll();
+    QTest::keyClicks(depth, "36");
+    Click<QToolButton>(*Form, "Redo");
+    EXPECT_EQ(depth->text(), "36") << "a redo does not type over it";
 }
 
 } // namespace orvel

@@ -173,6 +173,12 @@ TEST_F(Sources_Test, A_Note_That_Cannot_Be_Saved_Is_Told_And_Stays)
     EXPECT_EQ(Read_Whole(Place / "demo.notes.json"), "{\n]");
     ASSERT_FALSE(The_User.Messages.empty());
     EXPECT_NE(The_User.Messages.back().Text.find("demo.notes.json"), std::string::npos);
+    std::filesystem::remove(Place / "demo.notes.json");
+    std::filesystem::create_directory(Place / "demo.notes.json");
+    Save("demo.psm");
+    EXPECT_EQ(The_User.Messages.back().Text, "The document is saved, but not its notes. Cannot read " +
+                                                 (Place / "demo.notes.json").string() + ": Is a directory.");
+    std::filesystem::remove(Place / "demo.notes.json");
 
     Write_Whole(Place / "demo.notes.json",
                 R"({"schema": "orvel-notes 1", "fields": {"Molmass[1]": {"source": "theirs"}}})");

@@ -93,6 +93,22 @@ TEST_F(Undo_History_Test, A_Box_Takes_Back_Its_Own_Typing_First)
     EXPECT_EQ(One->text(), "3");
 }
 
+TEST_F(Undo_History_Test, The_Buttons_Too_Take_Back_The_Typing_In_A_Box_First)
+{
+    Type(One, "3");
+    Other->setFocus();
+    Other->selectAll();
+    QTest::keyClicks(Other, "78");
+
+    Click<QToolButton>(Form, "Undo");
+    EXPECT_EQ(One->text() + " " + Other->text(), "3 5");
+    Click<QToolButton>(Form, "Undo");
+    EXPECT_EQ(One->text() + " " + Other->text(), "1 5");
+    Click<QToolButton>(Form, "Redo");
+    Click<QToolButton>(Form, "Redo");
+    EXPECT_EQ(One->text() + " " + Other->text(), "3 78");
+}
+
 TEST_F(Undo_History_Test, What_A_Button_Did_Is_A_Change_Of_Its_Own_After_A_Box_That_Was_Left_For_It)
 {
     One->selectAll();
