@@ -100,7 +100,7 @@ std::string Take_Utility_Log(const fs::path& directory)
     return std::string(Trim(Replace_All(Replace_All(log, "\r", " "), "\n", " ")));
 }
 
-std::optional<std::string> Shown_Table(const Session& session, Utility utility, const fs::path& directory)
+std::optional<std::string> Utility_Table(const Session& session, Utility utility, const fs::path& directory)
 {
     const auto file = Find_File(directory, Names_Of(utility).Output);
     if (!file)

@@ -200,7 +200,7 @@ void inout_sel::Show_Utility_Table(Utility utility)
         }
         return;
     }
-    if (const auto text = Shown_Table(The_Session, utility, Directory))
+    if (const auto text = Utility_Table(The_Session, utility, Directory))
         Form_filetext(The_Session, Found_Or_New(Directory, Names_Of(utility).Output), *text, this).exec();
 }
 
