@@ -1,6 +1,7 @@
 #include "scenario/forms/soil_profile.h"
 
 #include "core/numbers.h"
+#include "ui/forms/accessible_picture.h"
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
@@ -35,6 +36,7 @@ double Most_Carbon(const std::vector<Profile_Layer>& layers)
 Profile_View::Profile_View(QWidget* parent) : QWidget(parent)
 {
     setObjectName("Profile");
+    Read_As_Picture(*this);
     setAccessibleName("Soil profile with organic carbon");
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
 }
@@ -42,6 +44,12 @@ Profile_View::Profile_View(QWidget* parent) : QWidget(parent)
 void Profile_View::Show(std::vector<Profile_Layer> layers)
 {
     Layers = std::move(layers);
+    QStringList words;
+    for (const auto& layer : Layers)
+        words << QString("%1 to %2 cm: %3 % organic carbon")
+                     .arg(Shown(General_Text(layer.Top)).trimmed(), Shown(General_Text(layer.Bottom)).trimmed(),
+                          Shown(General_Text(layer.Organic_Carbon)).trimmed());
+    setAccessibleDescription(words.isEmpty() ? QString("no horizon") : words.join("; "));
     update();
 }
 
