@@ -1,5 +1,6 @@
 #include "scenario/forms/soil_profile.h"
 
+#include "core/contrast.h"
 #include "core/numbers.h"
 #include "ui/forms/accessible_picture.h"
 #include "ui/forms/widgets.h"
@@ -114,7 +115,8 @@ void Profile_View::paintEvent(QPaintEvent*)
         depth_text(layer.Bottom, place.bottom() + 1);
         if (place.height() < line)
             continue;
-        painter.setPen(darkness > 0.4 ? ground : ink);
+        const auto fill = Mixed(ground, ink, darkness).rgb();
+        painter.setPen(Contrast(fill, ground.rgb()) > Contrast(fill, ink.rgb()) ? ground : ink);
         painter.drawText(place, Qt::AlignCenter, QString::number(h + 1));
         painter.setPen(colours.color(QPalette::WindowText));
         if (place.height() >= 3 * line / 2)

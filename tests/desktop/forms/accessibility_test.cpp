@@ -1,8 +1,10 @@
 // What a screen reader meets in every window: names, roles, labels and the summaries of pictures.
 #include "charts/forms/chart_view.h"
+#include "core/files.h"
 #include "desktop/forms/all_windows.h"
 #include "scenario/forms/soil_profile.h"
 
+#include <cstdlib>
 #include <map>
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -217,6 +219,25 @@ TEST_F(Windows_Test, Tell_A_Screen_Reader_What_Every_Control_Is)
     }
     EXPECT_GT(controls, 500); // so that a filter that meets nothing is no success
     EXPECT_GT(labels, 100);
+}
+
+// The program that ships, met over the bus of assistive technology.
+TEST_F(Windows_Test, Are_Told_To_A_Screen_Reader_On_Its_Bus)
+{
+    const std::string tools = "command -v dbus-run-session xvfb-run xauth >/dev/null && test -x /usr/bin/python3";
+    if (std::system(tools.c_str()) != 0)
+        GTEST_SKIP() << "dbus-run-session, xvfb-run or Python is missing: there is no bus of assistive technology";
+    const auto report = Place->Path() / "screen_reader.txt";
+    const std::string command = "dbus-run-session -- xvfb-run -a -s '-screen 0 1920x1200x24 -noreset' " SCREEN_READER
+                                " " ORVELSUITE " '" +
+                                Installation().string() + "' >'" + report.string() + "' 2>&1";
+
+    const int status = std::system(command.c_str());
+
+    constexpr int skipped = 77;
+    if (WIFEXITED(status) && WEXITSTATUS(status) == skipped)
+        GTEST_SKIP() << Read_Whole(report);
+    EXPECT_EQ(status, 0) << Read_Whole(report);
 }
 
 } // namespace orvel
