@@ -16,7 +16,7 @@ h1 { font-size: 1.7rem; } h2 { font-size: 1.35rem; margin-top: 2.2rem; border-bo
 .wide { overflow-x: auto; }
 table { width: 100%; border-collapse: collapse; font-size: 0.9rem; font-variant-numeric: tabular-nums; }
 th, td { padding: 0.3rem 0.7rem; border-bottom: 1px solid var(--rule); text-align: left; vertical-align: top; }
-thead th { background: var(--soft); } td.number, th.number { text-align: right; white-space: nowrap; }
+th[scope="row"] { width: 11rem; } thead th { background: var(--soft); } td.number, th.number { text-align: right; white-space: nowrap; }
 td.class { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
 tr.above td { color: var(--above); font-weight: 600; } td.problem { font-style: italic; }
 .digest { font-family: ui-monospace, "DejaVu Sans Mono", monospace; font-size: 0.8em; word-break: break-all; }
