@@ -43,7 +43,8 @@ public:
     std::string Draw()
     {
         Out = "<svg xmlns=\"http://www.w3.org/2000/svg\" role=\"img\" viewBox=\"0 0 " + Place(Width + Beside()) + " " +
-              Place(Height + Below) + "\">\n<title>" + Xml_Text(Source.Title) + "</title>\n";
+              Place(Height + Below) + "\">\n<title>" + Xml_Text(Source.Title) + "</title>\n<desc>" +
+              Xml_Text(Summary_Of(Source)) + "</desc>\n";
         if (Source.Frame.Right > Source.Frame.Left && Source.Frame.Top > Source.Frame.Bottom)
             Plane();
         return Out + "</svg>\n";

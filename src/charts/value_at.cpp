@@ -29,31 +29,56 @@ constexpr double Reach = 0.02;
 
 constexpr std::size_t Fewest_Points = 2; // of a line
 
+constexpr std::size_t Most_Values_Listed = 12; // in a summary
+
+Chart_Hit Hit_Of(const Chart& chart, const std::string& name, Chart_Point point)
+{
+    return {name + ": " + Short_Number(point.Y) + (chart.Unit.empty() ? "" : " " + chart.Unit), point};
+}
+
+Chart_Hit Hit_Of(const Chart& chart, const Chart_Box& box)
+{
+    const double middle = (box.Left + box.Right) / 2;
+    return Hit_Of(chart, box.Name.empty() ? Position_Text(chart.X.First + middle) : box.Name, {middle, box.Y});
+}
+
+Chart_Hit Hit_Of(const Chart& chart, const Chart_Dot& dot)
+{
+    return Hit_Of(chart, dot.Name.empty() ? Position_Text(dot.X) : dot.Name, {dot.X, dot.Y});
+}
+
+Chart_Hit Hit_Of(const Chart& chart, const Chart_Line& line, std::size_t at)
+{
+    const Chart_Point& point = line.Points[at];
+    return Hit_Of(chart, at < line.Names.size() ? line.Names[at] : Position_Text(chart.X.First + point.X), point);
+}
+
+void Add_Dots(const Chart& chart, double left, double right, std::vector<Chart_Hit>& hits)
+{
+    for (const Chart_Dot& dot : chart.Dots) {
+        if (dot.X >= left && dot.X <= right)
+            hits.push_back(Hit_Of(chart, dot));
+    }
+}
+
 } // namespace
 
 std::optional<Chart_Hit> Hit_At(const Chart& chart, double x)
 {
-    const std::string unit = chart.Unit.empty() ? "" : " " + chart.Unit;
     for (const Chart_Box& box : chart.Boxes) {
-        const double middle = (box.Left + box.Right) / 2;
         if (x >= box.Left && x <= box.Right)
-            return Chart_Hit{(box.Name.empty() ? Position_Text(chart.X.First + middle) : box.Name) + ": " +
-                                 Short_Number(box.Y) + unit,
-                             {middle, box.Y}};
+            return Hit_Of(chart, box);
     }
     if (chart.Lines.empty() || chart.Lines[0].Points.empty() || !chart.Boxes.empty() || !chart.Bars.empty())
         return std::nullopt;
-    const auto& [colour, points, names, name] = chart.Lines[0];
+    const auto& points = chart.Lines[0].Points;
     const auto right = std::ranges::lower_bound(points, x, {}, &Chart_Point::X);
     auto nearest = right;
     if (right == points.end() || (right != points.begin() && x - std::prev(right)->X < right->X - x))
         nearest = std::prev(right);
     if (std::fabs(nearest->X - x) > Reach * (chart.X.High - chart.X.Low))
         return std::nullopt;
-    const auto at = static_cast<std::size_t>(nearest - points.begin());
-    return Chart_Hit{(at < names.size() ? names[at] : Position_Text(chart.X.First + nearest->X)) + ": " +
-                         Short_Number(nearest->Y) + unit,
-                     *nearest};
+    return Hit_Of(chart, chart.Lines[0], static_cast<std::size_t>(nearest - points.begin()));
 }
 
 std::optional<Chart_Hit> Dot_At(const Chart& chart, Chart_Point place, double within_x, double within_y)
@@ -69,10 +94,47 @@ std::optional<Chart_Hit> Dot_At(const Chart& chart, Chart_Point place, double wi
     }
     if (nearest == nullptr)
         return std::nullopt;
-    const std::string unit = chart.Unit.empty() ? "" : " " + chart.Unit;
-    return Chart_Hit{(nearest->Name.empty() ? Position_Text(nearest->X) : nearest->Name) + ": " +
-                         Short_Number(nearest->Y) + unit,
-                     {nearest->X, nearest->Y}};
+    return Hit_Of(chart, *nearest);
+}
+
+std::vector<Chart_Hit> Values_Of(const Chart& chart)
+{
+    std::vector<Chart_Hit> hits;
+    for (const Chart_Box& box : chart.Boxes) {
+        hits.push_back(Hit_Of(chart, box));
+        Add_Dots(chart, box.Left, box.Right, hits);
+    }
+    if (!chart.Boxes.empty())
+        return hits;
+    for (std::size_t at = 0; !chart.Lines.empty() && at < chart.Lines[0].Points.size(); ++at)
+        hits.push_back(Hit_Of(chart, chart.Lines[0], at));
+    if (hits.empty())
+        Add_Dots(chart, chart.X.Low, chart.X.High, hits);
+    return hits;
+}
+
+std::string Summary_Of(const Chart& chart)
+{
+    const auto values = Values_Of(chart);
+    if (values.empty() || !chart.Nothing.empty())
+        return chart.Nothing.empty() ? "There is nothing to see." : chart.Nothing;
+    std::string text;
+    for (const auto& line : chart.Legend)
+        text += line + (line.ends_with('.') ? " " : ". ");
+    for (const auto& line : chart.Lines) {
+        if (!line.Name.empty() && !line.Points.empty())
+            text += "Line: " + Hit_Of(chart, line.Name, line.Points.back()).Text + ". ";
+    }
+    if (values.size() > Most_Values_Listed) {
+        const auto [low, high] =
+            std::ranges::minmax_element(values, {}, [](const Chart_Hit& value) { return value.Point.Y; });
+        return text + std::to_string(values.size()) + " values. First " + values.front().Text + ". Last " +
+               values.back().Text + ". Lowest " + low->Text + ". Highest " + high->Text + ".";
+    }
+    text += "Values: ";
+    for (const auto& value : values)
+        text += value.Text + (&value == &values.back() ? "." : "; ");
+    return text;
 }
 
 std::optional<Chart_Hit> Bar_At(const Chart& chart, Chart_Point place)

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvel {
 
@@ -19,6 +20,12 @@ std::optional<Chart_Hit> Dot_At(const Chart& chart, Chart_Point place, double wi
 
 // The bar at a place.
 std::optional<Chart_Hit> Bar_At(const Chart& chart, Chart_Point place);
+
+// All values in their order: each box with the dots over it, else the points of the first line.
+std::vector<Chart_Hit> Values_Of(const Chart& chart);
+
+// What a chart shows in words: legend, named lines, and its values, or the first, last and extreme ones of many.
+std::string Summary_Of(const Chart& chart);
 
 // The highest value drawn over a box: its own or that of a dot.
 double Top_Of(const Chart& chart, const Chart_Box& box);

@@ -14,6 +14,7 @@
 #include "ui/forms/dark_outlines.h"
 #include "ui/forms/guarded_application.h"
 #include "ui/forms/own_modality.h"
+#include "ui/forms/readable_palette.h"
 #include "ui/forms/widgets.h"
 
 #include <iostream>
@@ -58,6 +59,7 @@ try {
     Guarded_Application application(argc, argv);
     QApplication::setApplicationName("ORVELSUITE");
     Show_Outlines_In_The_Dark();
+    Make_Text_Readable();
     Block_Own_Windows_Alone(application);
 
     const auto session = std::make_unique<Session>();

@@ -67,7 +67,7 @@ std::string Cell_Of(const Shown_Cell& cell, const std::string& head, bool is_met
     std::string inner = Xml_Element("span", " class=\"sign\"", Class_Signs[cell.Class]) + " ";
     inner += cell.Above_Limit ? Xml_Element("b", "", Xml_Text(figure)) : Xml_Text(figure);
     if (!cell.Mark.empty())
-        inner += Xml_Element("span", " class=\"mark\"", "(" + Xml_Text(cell.Mark) + ")");
+        inner += " " + Xml_Element("span", " class=\"mark\"", "(" + Xml_Text(cell.Mark) + ")");
     inner += beside;
     return Xml_Element("td",
                        named + " class=\"figure c" + std::to_string(cell.Class) + (cell.Above_Limit ? " over" : "") +

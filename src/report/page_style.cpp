@@ -16,12 +16,12 @@ h1 { font-size: 1.7rem; } h2 { font-size: 1.35rem; margin-top: 2.2rem; border-bo
 .wide { overflow-x: auto; }
 table { width: 100%; border-collapse: collapse; font-size: 0.9rem; font-variant-numeric: tabular-nums; }
 th, td { padding: 0.3rem 0.7rem; border-bottom: 1px solid var(--rule); text-align: left; vertical-align: top; }
-thead th { background: var(--soft); } td.number, th.number { text-align: right; white-space: nowrap; }
+th[scope="row"] { width: 11rem; } thead th { background: var(--soft); } td.number, th.number { text-align: right; white-space: nowrap; }
 td.class { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
 tr.above td { color: var(--above); font-weight: 600; } td.problem { font-style: italic; }
 .digest { font-family: ui-monospace, "DejaVu Sans Mono", monospace; font-size: 0.8em; word-break: break-all; }
 ul.notes { background: var(--warn); padding: 0.8rem 1rem 0.8rem 2.2rem; border-radius: 0.3rem; }
-figure { margin: 1.2rem 0; } figure svg { width: 100%; max-width: 47rem; height: auto; } figcaption { font-weight: 600; }
+figure { margin: 1.2rem 0; } figure svg { width: 100%; max-width: 47rem; height: auto; color: #1c1f23; background: #ffffff; } figcaption { font-weight: 600; }
 @media print {
   :root { --ink: #000000; --ground: #ffffff; --soft: #eeeeee; --rule: #888888; --above: #8c1d18; --warn: #ffffff; }
   @page { size: A4; margin: 18mm; }

@@ -14,7 +14,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Text_Width = 24;
+constexpr double Text_Width = 24, Sentence_Width = 110;
 constexpr std::uint32_t Above_Ink = 0x8C1D18;
 
 // A whole text that is a number, as the tables print it.
@@ -41,6 +41,7 @@ Sheet_Cell Cell_Of(const Report_Section& section, const Report_Line& line, std::
     Sheet_Cell cell{.Text = number ? std::string() : To_Utf8(line.Cells[i]), .Number = number};
     if (number)
         cell.Style.Number_Format = Decimals_Of(line.Cells[i]);
+    cell.Style.Wrapped = !number && section.Grid.Columns.front().Head.empty();
     if (line.Marked) {
         cell.Style.Bold = true;
         cell.Style.Ink = Above_Ink;
@@ -60,7 +61,8 @@ void Add_Section(Sheet& sheet, const Report_Section& section)
             heads.push_back({.Text = To_Utf8(column.Head), .Number = std::nullopt, .Style = {.Head = true}});
     }
     for (std::size_t i = 0; i < grid.Columns.size(); ++i) {
-        const double width = grid.Columns[i].Head == "SHA-256" ? Digest_Width : Text_Width;
+        const bool is_told = i == 1 && grid.Columns.front().Head.empty(); // what the first column names
+        const double width = is_told ? Sentence_Width : grid.Columns[i].Head == "SHA-256" ? Digest_Width : Text_Width;
         if (i < sheet.Widths.size())
             sheet.Widths[i] = std::max(sheet.Widths[i], width);
         else

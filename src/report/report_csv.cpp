@@ -4,6 +4,7 @@
 #include "core/numbers.h"
 #include "core/text.h"
 #include "report/report_formats.h"
+#include "report/report_meaning.h"
 #include "report/run_results.h"
 #include "tables/table_text.h"
 
@@ -77,7 +78,12 @@ std::string Report_Csv(const Report& report)
                                 "Engine",
                                 "SHA-256 of the engine",
                                 "Program",
-                                "Guidance check"});
+                                "Guidance check",
+                                "What the percentile is",
+                                "Limit",
+                                "Acceptance of the engine",
+                                "Verification of the engine",
+                                "Command that makes it again"});
     const std::string guidance = Guidance_Text(report.Guidance);
     for (const auto& crop : report.Crops) {
         // Without any result the runs still tell their problems.
@@ -91,7 +97,8 @@ std::string Report_Csv(const Report& report)
                 for (const auto& field :
                      {run.Problem, Uses_Text(run.Uses), run.Date, run.Years > 0 ? std::to_string(run.Years) : "",
                       run.Pesticide.Name, run.Pesticide.Sha256, report.Engine_File.Name, report.Engine_File.Sha256,
-                      report.Program, guidance})
+                      report.Program, guidance, Meaning_Of_A_Figure(report), Limit_Meaning(report),
+                      Acceptance_Sentence(report), Verification_Sentence(), Reproduce_Line(report)})
                     fields.push_back(field);
                 csv += Csv_Line(fields);
             }

@@ -3,6 +3,7 @@
 #include "core/locations.h"
 #include "report/overview_formats.h"
 #include "report/overview_settings.h"
+#include "report/report_meaning.h"
 #include "report/run_results.h"
 #include "tables/table_text.h"
 
@@ -66,6 +67,14 @@ Report_Line Overview_Line(const Overview& overview, const Overview_Row& row)
     return line;
 }
 
+std::string Classes_Text(const std::vector<double>& bounds)
+{
+    std::string text;
+    for (const auto& name : Class_Texts(bounds))
+        text += (text.empty() ? "" : "; ") + name;
+    return text;
+}
+
 Report_Section Overview_Section(const Overview& overview)
 {
     Report_Section section{.Level = 2, .Heading = "Overview"};
@@ -83,6 +92,9 @@ Report_Section Overview_Section(const Overview& overview)
                                                         "; figures above the limit of " + Limit_Text() + " are bold."
                                                   : std::string(".")),
                          "Locations: " + codes + "."};
+    if (overview.Has_Limit)
+        section.Sentences.push_back("The higher the class of a figure, the darker its ground: " +
+                                    Classes_Text(Overview_Settings().Bounds) + ".");
     for (const auto& row : overview.Rows)
         section.Grid.Lines.push_back(Overview_Line(overview, row));
     return section;
@@ -143,6 +155,16 @@ Report_Section Guidance_Section(const Report& report)
     for (const auto& finding : report.Guidance)
         section.Grid.Lines.push_back({{finding.Rule, std::string(Severity_Text(finding.Severity)), Value_Text(finding),
                                        finding.Text, Source_Text(finding), Answer_Text(finding)}});
+    return section;
+}
+
+// For a reader who has never seen the program.
+Report_Section How_To_Read(const Report& report)
+{
+    Report_Section section{.Level = 2, .Heading = "How to read this report"};
+    section.Grid.Columns = {{""}, {""}};
+    for (const auto& fact : Meaning_Of(report))
+        section.Grid.Lines.push_back({{fact.Topic, fact.Sentences}});
     return section;
 }
 
@@ -268,6 +290,7 @@ std::vector<Report_Section> Sections_Of(const Report& report)
         sections.push_back(Overview_Section(report.Overview));
     if (!report.Notes.empty())
         sections.push_back({.Level = 2, .Heading = "Notes", .Sentences = report.Notes, .Is_Warning = true});
+    sections.push_back(How_To_Read(report));
     for (const auto& crop : report.Crops) {
         sections.push_back({.Level = 2, .Heading = crop.Name, .Begins_Page = true});
         for (const auto& table : crop.Tables) {

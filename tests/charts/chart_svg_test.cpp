@@ -33,7 +33,7 @@ TEST(Chart_As_Svg, Boxes_Stand_On_The_Axis_In_The_Colours_Of_Their_Roles)
     const std::string svg = Chart_Svg(Two_Boxes());
 
     EXPECT_TRUE(Has(svg, "<rect x=\"76.00\" y=\"215.00\" width=\"76.00\" height=\"185.00\" fill=\"#2f6fb5\"/>")) << svg;
-    EXPECT_TRUE(Has(svg, "<rect x=\"228.00\" y=\"30.00\" width=\"76.00\" height=\"370.00\" fill=\"#d1492e\"/>")) << svg;
+    EXPECT_TRUE(Has(svg, "<rect x=\"228.00\" y=\"30.00\" width=\"76.00\" height=\"370.00\" fill=\"#c23b1e\"/>")) << svg;
 }
 
 TEST(Chart_As_Svg, Texts_Have_The_Colour_Of_The_Page_And_Are_No_Markup)
@@ -48,7 +48,7 @@ TEST(Chart_As_Svg, Texts_Have_The_Colour_Of_The_Page_And_Are_No_Markup)
 
 TEST(Chart_As_Svg, A_Chart_Without_Any_Extent_Has_Its_Title_Alone)
 {
-    EXPECT_TRUE(Chart_Svg({.Title = "T"}).ends_with("<title>T</title>\n</svg>\n"));
+    EXPECT_TRUE(Chart_Svg({.Title = "T"}).ends_with("<title>T</title>\n<desc>There is nothing to see.</desc>\n</svg>\n"));
 }
 
 TEST(Chart_As_Svg, A_Line_Joins_Its_Points)

@@ -94,4 +94,33 @@ TEST(Zoomed, A_Span_Without_Points_Changes_Nothing)
     EXPECT_EQ(Zoomed(whole, 20, 30).Lines[0].Points, whole.Lines[0].Points);
 }
 
+TEST(Summary_Of, Lists_Bars_With_The_Dots_Over_Them_And_Names_The_Lines)
+{
+    Chart chart;
+    chart.Unit = "ug/L";
+    chart.Boxes = {{Colour::Series, 0.6, 1.4, 0.25, "Hamburg"}, {Colour::Series, 1.6, 2.4, 0, "Porto"}};
+    chart.Dots = {{Colour::Series, 1, 0.5, "Hamburg, period 1"}};
+    chart.Lines = {{.Points = {{0, 0.1}, {3, 0.1}}, .Names = {}, .Name = "limit"}};
+
+    EXPECT_EQ(Summary_Of(chart),
+              "Line: limit: 0.1 ug/L. Values: Hamburg: 0.25 ug/L; Hamburg, period 1: 0.5 ug/L; Porto: 0 ug/L.");
+}
+
+TEST(Summary_Of, Gives_The_Extremes_Of_Many_Values)
+{
+    Chart chart = Line_Chart({});
+    for (int day = 1; day <= 20; ++day)
+        chart.Lines[0].Points.push_back({static_cast<double>(day), static_cast<double>(day == 7 ? 9 : day % 3 + 1)});
+
+    EXPECT_EQ(Summary_Of(chart), "20 values. First 1: 2. Last 20: 3. Lowest 3: 1. Highest 7: 9.");
+}
+
+TEST(Summary_Of, Says_Why_There_Is_Nothing)
+{
+    Chart chart;
+    EXPECT_EQ(Summary_Of(chart), "There is nothing to see.");
+    chart.Nothing = "No run is marked.";
+    EXPECT_EQ(Summary_Of(chart), "No run is marked.");
+}
+
 } // namespace orvel

@@ -184,6 +184,71 @@ TEST_F(Survey_Test, A_Run_That_Is_Rewritten_While_It_Is_Read_Ends_With_Its_Last_
     listener.Wait_For([](const Survey_State& state) { return Counted(state, Cell_Kind::Changed) == 1; });
 }
 
+// As a job does it: the record and what was derived go first, the engine writes piece by piece, the record comes last.
+// Two results take turns while the survey reads; 22.5 and 45 are the means of their fourth and fifth highest years.
+TEST_F(Survey_Test, A_Run_That_Is_Computed_Anew_Hundreds_Of_Times_Never_Shows_A_Wrong_Figure)
+{
+    constexpr int rounds = 400;
+    const fs::path run = Add_Run(Place(0));
+    Leachate_Run doubled;
+    std::vector<int> fluxes;
+    for (const int flux : Rising(26))
+        fluxes.push_back(2 * flux);
+    doubled.Write_Water(26);
+    doubled.Write_Chem(".orv", fluxes, fluxes);
+    const std::array chem = {Read_Whole(Source / "chem.orv"), Read_Whole(doubled / "chem.orv")};
+    auto record = Read_Run_Record(run).value();
+
+    std::mutex guard;
+    std::map<std::string, int> seen; // figures, and words where there is none
+    std::vector<std::string> wrong;
+    std::shared_ptr<const Survey_State> latest;
+    Overview_Survey survey(Home.Path(), {}, [&](std::shared_ptr<const Survey_State> state) {
+        const std::scoped_lock lock(guard);
+        latest = std::move(state);
+        for (const auto& shown : latest->Overview.Runs) {
+            ++seen[shown.Kind == Cell_Kind::Figure ? "figure" : State_Text(shown)];
+            for (const auto& figure : shown.Figures) {
+                if (shown.Kind == Cell_Kind::Figure && figure.Value != 22.5 && figure.Value != 45)
+                    wrong.push_back(std::to_string(figure.Value));
+            }
+        }
+    });
+    std::thread engine([&] {
+        for (int round = 1; round <= rounds; ++round) {
+            const auto& text = chem[static_cast<std::size_t>(round % 2)];
+            for (const char* old : {"run.json", "year.orv", "period.orv"})
+                fs::remove(run / old);
+            for (const double share : {0.3, 0.7, 1.0})
+                Write_File(run / "chem.orv",
+                           text.substr(0, static_cast<std::size_t>(share * static_cast<double>(text.size()))));
+            for (auto& output : record.Outputs) {
+                output.File.Size = fs::file_size(run / output.File.Name);
+                output.File.Sha256 = Sha256_Of_File(run / output.File.Name);
+            }
+            record.End = std::time(nullptr) + 3600;
+            Write_File(run / "run.json", Format_Run_Record(record));
+            if (round % 10 == 0)
+                std::this_thread::sleep_for(20ms);
+        }
+    });
+    engine.join();
+    const auto until = std::chrono::steady_clock::now() + Patience;
+    const auto ends_well = [&] {
+        const std::scoped_lock lock(guard);
+        return latest && latest->Is_Settled && Counted(*latest, Cell_Kind::Figure) == 1 &&
+               latest->Overview.Runs[0].Figures[0].Value == 22.5; // of the last, even round
+    };
+    while (!ends_well() && std::chrono::steady_clock::now() < until)
+        std::this_thread::sleep_for(10ms);
+
+    EXPECT_TRUE(ends_well());
+    const std::scoped_lock lock(guard);
+    EXPECT_EQ(wrong, std::vector<std::string>());
+    EXPECT_GT(seen["figure"], 2);
+    EXPECT_GT(seen.size(), 1U) << "a cell said that there is no figure";
+}
+
 TEST_F(Survey_Test, A_Copied_Run_Is_Shown_As_Not_Checked_Until_Its_Bytes_Are_Compared)
 {
     const fs::path run = Add_Run(Place(0));

@@ -98,6 +98,26 @@ TEST_F(Orvelctl_Records, Reproduced_With_The_Installed_Engine_Its_Outputs_Have_T
               std::string::npos);
 }
 
+// The reader of a report has nothing but its last column, and types it in.
+TEST_F(Orvelctl_Records, The_Command_In_A_Report_Makes_Its_Figures_Again)
+{
+    ASSERT_EQ(In_Suite("report --mode focus --pesticide 'gr\u00FCn test' --crop 'Winter cereals' --to '" +
+                       File("told.csv") + "'")
+                  .Code,
+              0);
+    std::string told = Read_Whole(File("told.csv"));
+    told.erase(told.find_last_not_of("\r\n") + 1);
+    const std::string command = told.substr(told.rfind(",orvelctl ") + 1);
+    ASSERT_TRUE(command.starts_with("orvelctl archive --mode focus ")) << command;
+    const std::string programs = fs::path(ORVELCTL).parent_path().string();
+
+    const auto again = Shell("cd '" + Suite() + "' && PATH='" + programs + "':$PATH && " + command);
+
+    EXPECT_EQ(again.Code, 0) << again.Told;
+    EXPECT_EQ(again.Printed, "same\tfocus/gr\u00FCn_-_test.run/Winter_-_cereals.run/Hamburg_-_(H).run\t\n"
+                             "same\tfocus/gr\u00FCn_-_test.run/Winter_-_cereals.run/Kremsm\u00FCnster_-_(K).run\t\n");
+}
+
 TEST_F(Orvelctl_Records, Another_Engine_Is_Named_And_Counts_By_The_Tolerance)
 {
     const std::string engine = File("other.exe");

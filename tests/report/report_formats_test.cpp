@@ -1,7 +1,10 @@
 #include "report/report_formats.h"
 
+#include "core/code_page.h"
+#include "core/csv.h"
 #include "core/error.h"
 #include "report/overview_chart.h"
+#include "report/report_meaning.h"
 #include "report_session.h"
 
 namespace orvel {
@@ -53,8 +56,13 @@ bool Has(const std::string& text, const std::string& part)
 
 TEST(Report_As_Csv, A_Line_For_Each_Substance_And_Location_With_Fields_In_Quotes_Where_Needed)
 {
+    const Report report = Small_Report();
+    std::string told;
+    for (const auto& text : {Meaning_Of_A_Figure(report), Limit_Meaning(report), Acceptance_Sentence(report),
+                             Verification_Sentence(), Reproduce_Line(report)})
+        told += "," + Csv_Field(To_Utf8(text));
     const std::string engine =
-        ",orvel401.exe,e1,ORVELSUITE 5.5,\"P1 Koc[1] = 5: kept (M\xC3\xBCller); P2 Hv = 1: open\"\r\n";
+        ",orvel401.exe,e1,ORVELSUITE 5.5,\"P1 Koc[1] = 5: kept (M\xC3\xBCller); P2 Hv = 1: open\"" + told + "\r\n";
     const std::string run =
         ",,\"1 kg/ha, 1 May, every year, 1 to 26, soil surface\",2026-01-01 00:00,26,d.psm,p1" + engine;
     const std::string failed = ",,,,,,,,,,,\"It failed; \"\"really\"\".\",,,,," + engine;
@@ -65,7 +73,8 @@ TEST(Report_As_Csv, A_Line_For_Each_Substance_And_Location_With_Fields_In_Quotes
               "A,Concentration of A (\xC2\xB5g/L),Period B,Years of B,"
               "Concentration of B (\xC2\xB5g/L),Flux (g/ha),Percolate (L/m\xC2\xB2),Problem,Uses,Simulated "
               "on,Years,Pesticide file,SHA-256 of the pesticide file,"
-              "Engine,SHA-256 of the engine,Program,Guidance check\r\n"
+              "Engine,SHA-256 of the engine,Program,Guidance check,What the percentile is,Limit,Acceptance of the "
+              "engine,Verification of the engine,Command that makes it again\r\n"
               "Maize,P & <Q>,Kremsm\xC3\xBCnster (K),0.100,no,17,23,0.120,16,22,0.080,0.2000000,200.000" +
                   run + "Maize,P & <Q>,Porto (O)" + failed +
                   "Maize,M,Kremsm\xC3\xBCnster (K),0.101,yes,3,9,0.122,4,10,0.080,0.2020000,200.000" + run +

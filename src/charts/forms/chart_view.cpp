@@ -2,7 +2,7 @@
 
 #include "charts/painting/chart_painter.h"
 #include "charts/scale.h"
-#include "charts/value_at.h"
+#include "ui/forms/accessible_picture.h"
 #include "ui/forms/widgets.h"
 
 #include <cmath>
@@ -24,6 +24,10 @@ constexpr double Reach = 8; // pixels, of the mouse to a dot
 Chart_View::Chart_View(QWidget* parent) : QWidget(parent)
 {
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    Read_As_Picture(*this, QAccessible::Chart);
+    setAccessibleName("Diagram");
+    setAccessibleDescription(Shown(Summary_Of(Source)));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMinimumSize(fontMetrics().averageCharWidth() * 60, fontMetrics().lineSpacing() * 16);
 }
@@ -45,7 +49,11 @@ void Chart_View::Show(Chart chart)
     }
     Picture = {};
     Marked.reset();
-    setAccessibleName(Shown(Source.Title));
+    Values = Values_Of(Source);
+    At.reset();
+    if (!Source.Title.empty())
+        setAccessibleName(Shown(Source.Title));
+    setAccessibleDescription(Shown(Summary_Of(Source)));
     update();
 }
 
@@ -125,10 +133,59 @@ void Chart_View::mouseReleaseEvent(QMouseEvent* event)
 
 void Chart_View::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Space)
-        emit Clicked();
-    else
+    const auto count = static_cast<std::ptrdiff_t>(Values.size());
+    const std::ptrdiff_t at = At ? static_cast<std::ptrdiff_t>(*At) : -1,
+                         page = std::max<std::ptrdiff_t>(2, count / 20);
+    switch (event->key()) {
+    case Qt::Key_Space:
+        return emit Clicked();
+    case Qt::Key_Right:
+        return Step_To(at + 1);
+    case Qt::Key_Left:
+        return Step_To(At ? at - 1 : count - 1);
+    case Qt::Key_PageDown:
+        return Step_To(at + page);
+    case Qt::Key_PageUp:
+        return Step_To(at - page);
+    case Qt::Key_Home:
+        return Step_To(0);
+    case Qt::Key_End:
+        return Step_To(count - 1);
+    case Qt::Key_Plus:
+        return Zoom_In();
+    default:
         QWidget::keyPressEvent(event);
+    }
+}
+
+// Marks a value and tells it, as the mouse does over it; a screen reader hears it.
+void Chart_View::Step_To(std::ptrdiff_t place)
+{
+    if (Values.empty())
+        return;
+    At = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(place, 0, static_cast<std::ptrdiff_t>(Values.size()) - 1));
+    const Chart_Hit& value = Values[*At];
+    const QPointF position = Chart_Plane(Painted, rect(), font()).At(value.Point.X, value.Point.Y);
+    Mark(value.Point);
+    setAccessibleDescription(Shown(value.Text));
+    QToolTip::showText(mapToGlobal(position.toPoint()), Shown(value.Text), this);
+}
+
+// Half of what is seen, around the marked value.
+void Chart_View::Zoom_In()
+{
+    if (!Zooms || !Marked)
+        return;
+    const double quarter = (Source.X.High - Source.X.Low) / 4;
+    emit Span_Chosen(std::max(Source.X.Low, Marked->X - quarter), std::min(Source.X.High, Marked->X + quarter));
+}
+
+void Chart_View::focusOutEvent(QFocusEvent* event)
+{
+    At.reset();
+    Mark(std::nullopt);
+    setAccessibleDescription(Shown(Summary_Of(Source)));
+    QWidget::focusOutEvent(event);
 }
 
 void Chart_View::Show_Value(const QPointF& position, const QPoint& global)

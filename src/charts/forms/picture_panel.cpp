@@ -14,8 +14,8 @@ Picture_Panel::Picture_Panel(const QString& name, Ask_Function ask, QWidget* par
       Ask(std::move(ask)),
       View(Named(new Chart_View, name))
 {
-    View->setFocusPolicy(Qt::NoFocus);
     View->setMinimumSize(fontMetrics().averageCharWidth() * 40, fontMetrics().lineSpacing() * 9);
+    View->setAccessibleName(name);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     const auto add = [&](const QString& what, const QString& text, auto handler) {

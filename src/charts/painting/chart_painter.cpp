@@ -339,7 +339,7 @@ QPalette Paper_Palette()
 QColor Colour_Of(Colour role, const QPalette& palette)
 {
     const QColor colour(QRgb(Hue_Of(role)));
-    return palette.color(QPalette::Base).lightness() < 128 ? colour.lighter(140) : colour;
+    return palette.color(QPalette::Base).lightness() < 128 ? colour.lighter(160) : colour;
 }
 
 void Paint_Chart(QPainter& painter, const QRectF& area, const Chart& chart, const QPalette& palette)

@@ -33,7 +33,7 @@ Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
     add("Program:", Shown(program.Aktuelle_ORVELSUITE_Version));
     add("Engine:", Shown(program.Aktuelle_ORVEL_Version));
     add("Engine file:", program.Engine_Exe.empty() ? "none found" : QString::fromStdString(program.Engine_Exe));
-    auto* place = new Path_Label;
+    auto* place = new Path_Label("Installation");
     place->Show(program.App_Path);
     rows->addRow("Installation:", place);
 

@@ -87,7 +87,7 @@ QLayout* inout_sel::Directory_Lists()
     if (Laufwerk->count() == 0)
         Laufwerk->addItem("/");
     connect(Laufwerk, &QComboBox::activated, this, [this] { Go_To(Laufwerk->currentText().toStdString()); });
-    Pfad = Named(new Path_Label, "Pfad");
+    Pfad = Named(new Path_Label("Directory"), "Pfad");
     Verzeichnisliste = List("Verzeichnisliste", "Directories");
     connect(Verzeichnisliste, &QListWidget::itemDoubleClicked, this, &inout_sel::Step_Into);
     connect(On_Return(*Verzeichnisliste), &QShortcut::activated, this, &inout_sel::Step_Into);

@@ -210,8 +210,11 @@ QVariant Overview_Model::data(const QModelIndex& index, int role) const
             told << Shown(Source->Compared_With + ": " + other);
         return told.join("\n");
     }
-    if (role == Qt::AccessibleTextRole)
-        return Text_Of(*row, index.column());
+    if (role == Qt::AccessibleTextRole) {
+        const auto* figure = column ? Figure_At(*Source, *row, *column) : nullptr;
+        return Text_Of(*row, index.column()) +
+               (figure && figure->Above_Limit ? ", above " + Shown(Limit_Text()) : QString());
+    }
     if (role == Qt::FontRole && run && run->Kind != Cell_Kind::Figure) {
         QFont italic;
         italic.setItalic(true);

@@ -197,6 +197,8 @@ QVariant Simulation_Model::headerData(int section, Qt::Orientation orientation, 
 {
     constexpr std::array<const char*, Columns> Headings = {"",     "Pesticide File", "Crop",   "Location",
                                                            "Date", "Status",         "Result", "Changed since"};
+    if (orientation == Qt::Horizontal && role == Qt::AccessibleTextRole && section == Marker)
+        return "Selected";
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
     return Headings[static_cast<std::size_t>(section)];

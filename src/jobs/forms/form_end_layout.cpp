@@ -68,7 +68,7 @@ void form_end::Lay_Out()
 
 QLayout* form_end::Directory_Row()
 {
-    Dir1 = Named(new Path_Label, "Dir1");
+    Dir1 = Named(new Path_Label("Directory"), "Dir1");
     auto* choose = Push_Button("Choose_Directory", "Director&y ...", this, &form_end::Choose_Directory);
     Missing = Named(new QLabel, "Missing");
     Missing->setWordWrap(true);

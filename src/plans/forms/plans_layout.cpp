@@ -63,8 +63,8 @@ void Plans_Window::Lay_Out()
 
 QLayout* Plans_Window::Sources()
 {
-    Plan_Path = Named(new Path_Label, "Plan_Path");
-    Directory_Path = Named(new Path_Label, "Directory_Path");
+    Plan_Path = Named(new Path_Label("Plan"), "Plan_Path");
+    Directory_Path = Named(new Path_Label("Runs in"), "Directory_Path");
     Directory_Button = Push_Button("Directory", "D&irectory ...", this, &Plans_Window::Choose_Directory);
     Directory_Button->setToolTip("Where the runs of the plan lie: a new or empty directory, or that of this plan");
     auto* open = Push_Button("Open_Plan", "&Open plan ...", this, &Plans_Window::Open_File);

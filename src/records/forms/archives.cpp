@@ -164,7 +164,7 @@ void Archives::Add_Path(QFormLayout& rows, const QString& caption, QLineEdit*& f
             if (!chosen.isEmpty())
                 shown->setText(chosen);
         });
-        button->setAccessibleName(title);
+        button->setAccessibleName(title + ": " + QString(caption).remove('&').remove(':'));
         row->addWidget(button);
     };
     if (takes != Takes::Directory)

@@ -51,7 +51,6 @@ Zusammenfassung_orv::Zusammenfassung_orv(Session& session, Summary_Request reque
     setWindowTitle("FOCUS Summary Output File");
     Ergebnis = Fixed_Pitch_Text("Ergebnis", "Summary report");
     Diagramm = Named(new Chart_View, "Diagramm");
-    Diagramm->setFocusPolicy(Qt::StrongFocus);
     Add_Page(Ergebnis);
     Add_Page(Diagramm);
     connect(Diagramm, &Chart_View::Clicked, this, &Zusammenfassung_orv::Next_Substance);

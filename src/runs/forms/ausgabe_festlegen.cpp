@@ -78,6 +78,7 @@ void Ausgabe_festlegen::Lay_Out()
     auto* scrolled = new QScrollArea;
     scrolled->setWidget(area);
     scrolled->setWidgetResizable(true);
+    scrolled->setFocusPolicy(Qt::NoFocus);
     scrolled->setFrameShape(QFrame::NoFrame);
     scrolled->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scrolled->setMinimumWidth(area->minimumSizeHint().width() + scrolled->verticalScrollBar()->sizeHint().width());

@@ -79,6 +79,8 @@ void Form_rot::Lay_Out()
     moves->addWidget(Command3 = Push_Button("Command3", "&Append  >>", this, &Form_rot::Append));
     moves->addWidget(Command2 = Push_Button("Command2", "<<", this, &Form_rot::Remove));
     moves->addStretch(1);
+    Command1->setAccessibleName("Insert");
+    Command2->setAccessibleName("Remove");
     Command1->setToolTip("Insert the crop before the selected row of the rotation");
     Command2->setToolTip("Remove the selected row of the rotation");
     Command3->setToolTip("Add the crop behind the last row of the rotation");

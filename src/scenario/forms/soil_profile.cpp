@@ -1,6 +1,8 @@
 #include "scenario/forms/soil_profile.h"
 
+#include "core/contrast.h"
 #include "core/numbers.h"
+#include "ui/forms/accessible_picture.h"
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
@@ -35,6 +37,7 @@ double Most_Carbon(const std::vector<Profile_Layer>& layers)
 Profile_View::Profile_View(QWidget* parent) : QWidget(parent)
 {
     setObjectName("Profile");
+    Read_As_Picture(*this);
     setAccessibleName("Soil profile with organic carbon");
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
 }
@@ -42,6 +45,12 @@ Profile_View::Profile_View(QWidget* parent) : QWidget(parent)
 void Profile_View::Show(std::vector<Profile_Layer> layers)
 {
     Layers = std::move(layers);
+    QStringList words;
+    for (const auto& layer : Layers)
+        words << QString("%1 to %2 cm: %3 % organic carbon")
+                     .arg(Shown(General_Text(layer.Top)).trimmed(), Shown(General_Text(layer.Bottom)).trimmed(),
+                          Shown(General_Text(layer.Organic_Carbon)).trimmed());
+    setAccessibleDescription(words.isEmpty() ? QString("no horizon") : words.join("; "));
     update();
 }
 
@@ -106,7 +115,8 @@ void Profile_View::paintEvent(QPaintEvent*)
         depth_text(layer.Bottom, place.bottom() + 1);
         if (place.height() < line)
             continue;
-        painter.setPen(darkness > 0.4 ? ground : ink);
+        const auto fill = Mixed(ground, ink, darkness).rgb();
+        painter.setPen(Contrast(fill, ground.rgb()) > Contrast(fill, ink.rgb()) ? ground : ink);
         painter.drawText(place, Qt::AlignCenter, QString::number(h + 1));
         painter.setPen(colours.color(QPalette::WindowText));
         if (place.height() >= 3 * line / 2)

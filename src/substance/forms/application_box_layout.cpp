@@ -175,6 +175,8 @@ QGroupBox* Application_Box::Absolute()
         App_Monat->addItem(Shown(Month_Name[month]));
     rows.addRow(Label_Tag = Named(new QLabel, "Label_Tag"), App_Tag);
     rows.addRow(Label_Monat = Named(new QLabel, "Label_Monat"), App_Monat);
+    Label_Tag->setBuddy(App_Tag);
+    Label_Monat->setBuddy(App_Monat);
     rows.addRow(Datum_Hinweis = Named(new QLabel, "Datum_Hinweis"));
     connect(App_Tag, &QComboBox::activated, this, [this](int index) { Edit_Day(The_Session, index); });
     connect(App_Monat, &QComboBox::activated, this, [this](int index) { Edit_Month(The_Session, index); });
@@ -194,6 +196,7 @@ QGroupBox* Application_Box::Relative()
     auto& rows = *(Relative_Rows = new QFormLayout(relative_Applikationen));
     rows.addRow(label_Tag_rel = Named(new QLabel, "label_Tag_rel"),
                 Tage = Combo("Tage", "Days after the reference point"));
+    label_Tag_rel->setBuddy(Tage);
     rows.addRow("days after", Bezugspunkt = Combo("Bezugspunkt", "Reference point"));
     for (const auto name : Crop_Event_Label)
         Bezugspunkt->addItem(Shown(name));

@@ -52,6 +52,8 @@ void KOC_PH::Lay_Out()
     grid->addWidget(s_Dataset, 3, 0, 1, 4);
     s_KOC2 = Field(*grid, 4, 0, "s_KOC2", "KOC (&L/kg):", "Label2");
     s_pH2 = Field(*grid, 4, 2, "s_pH2", "at &pH", "Label4");
+    s_KOC2->setAccessibleName("Second KOC (L/kg)");
+    s_pH2->setAccessibleName("at second pH");
     First_pH = {s_pH, findChild<QLabel*>("Label3"), s_Dataset};
     Second_Pair = {s_KOC2, s_pH2, findChild<QLabel*>("Label2"), findChild<QLabel*>("Label4")};
     connect(s_pKa, &QLineEdit::textEdited, this, &KOC_PH::Show_View);

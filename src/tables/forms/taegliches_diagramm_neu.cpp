@@ -40,7 +40,8 @@ void taegliches_Diagramm_neu::Lay_Out()
         Span.reset();
         Draw();
     });
-    Whole_Span->setToolTip("Drag over the diagram to see a part of it");
+    Whole_Span->setToolTip(
+        "Drag over the diagram to see a part of it, or go to a value with the arrow keys and press +");
     row->addWidget(Whole_Span);
     Option1[0]->setChecked(true);
     Choices().addWidget(units);

@@ -54,7 +54,7 @@ Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::strin
     setObjectName(name);
     setWindowTitle(caption);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    Ergebnis = Fixed_Pitch_Text("Ergebnis", caption);
+    Ergebnis = Fixed_Pitch_Text("Ergebnis", caption.isEmpty() ? "Text of the file" : caption);
     Ergebnis->setPlainText(Shown(text));
     Ergebnis->setTabChangesFocus(true);
     Row = new QHBoxLayout;

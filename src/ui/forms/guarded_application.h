@@ -9,7 +9,8 @@
 namespace orvel {
 
 // A program with windows. An error that no form has told, such as a directory that could not be read, is shown in a box
-// in place of ending the program; one that a timer repeats is shown once a minute.
+// in place of ending the program; one that a timer repeats is shown once a minute. Lists get the name that a
+// screen reader knows them by.
 class Guarded_Application : public QApplication {
 public:
     using QApplication::QApplication;

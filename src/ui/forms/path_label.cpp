@@ -8,8 +8,9 @@ constexpr int Fewest_Characters = 24;
 
 } // namespace
 
-Path_Label::Path_Label(QWidget* parent) : QLabel(parent)
+Path_Label::Path_Label(QString purpose, QWidget* parent) : QLabel(parent), Purpose(std::move(purpose))
 {
+    setAccessibleName(Purpose + ": none");
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -19,7 +20,7 @@ void Path_Label::Show(const std::filesystem::path& path)
 {
     Whole = QString::fromStdString(path.string());
     setToolTip(Whole);
-    setAccessibleName(Whole);
+    setAccessibleName(Purpose + ": " + (Whole.isEmpty() ? "none" : Whole));
     Fit();
 }
 

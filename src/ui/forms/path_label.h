@@ -8,7 +8,8 @@ namespace orvel {
 // A path on one line, however long: its middle gives way where there is no room, and the tool tip has it whole.
 class Path_Label : public QLabel {
 public:
-    explicit Path_Label(QWidget* parent = nullptr);
+    // `purpose` is what a screen reader says before the path.
+    explicit Path_Label(QString purpose, QWidget* parent = nullptr);
 
     void Show(const std::filesystem::path& path);
     const QString& Path() const { return Whole; }
@@ -22,7 +23,7 @@ protected:
 private:
     void Fit();
 
-    QString Whole;
+    QString Purpose, Whole;
 };
 
 } // namespace orvel

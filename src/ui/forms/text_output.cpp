@@ -11,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPrinter>
 #include <QTextDocument>
+#include <QTextOption>
 
 namespace orvel {
 
@@ -116,9 +117,13 @@ void Print_Page_On(QPrinter& printer, const QString& html)
     constexpr double Least_Point_Size = 4;
     QTextDocument document;
     document.documentLayout()->setPaintDevice(&printer);
+    QTextOption whole_words = document.defaultTextOption();
+    whole_words.setWrapMode(QTextOption::WordWrap);
+    document.setDefaultTextOption(whole_words);
     QFont font = document.defaultFont();
     font.setPointSizeF(Largest_Point_Size);
-    const double width = printer.pageRect(QPrinter::DevicePixel).width();
+    constexpr double Margin_Inches = 2 / 2.54; // that printing a document leaves at each side
+    const double width = printer.pageRect(QPrinter::DevicePixel).width() - 2 * Margin_Inches * printer.resolution();
     do { // a table is as wide as its longest words at least
         document.setDefaultFont(font);
         document.setHtml(html);

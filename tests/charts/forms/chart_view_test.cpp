@@ -254,4 +254,46 @@ TEST(Chart_View, The_Tip_Of_A_Value_Is_Not_Replaced_By_That_Of_The_View)
     EXPECT_EQ(QToolTip::text(), "4.5: 6");
 }
 
+TEST(Chart_View, Goes_Through_Its_Values_By_The_Keyboard_And_Says_Them)
+{
+    Chart chart = Sample(10);
+    chart.Boxes.clear();
+    Chart_View view;
+    view.Show(chart);
+    view.show();
+    view.setFocus();
+
+    QTest::keyClick(&view, Qt::Key_Right);
+    EXPECT_EQ(view.accessibleDescription().toStdString(), "0: 1");
+    QTest::keyClick(&view, Qt::Key_Right);
+    EXPECT_EQ(view.accessibleDescription().toStdString(), "1: 7");
+    QTest::keyClick(&view, Qt::Key_End);
+    QTest::keyClick(&view, Qt::Key_Right); // there is nothing behind it
+    EXPECT_EQ(view.accessibleDescription().toStdString(), "9: 7");
+    QTest::keyClick(&view, Qt::Key_Home);
+    QTest::keyClick(&view, Qt::Key_PageDown);
+    EXPECT_EQ(view.accessibleDescription().toStdString(), "2: 1");
+    QTest::keyClick(&view, Qt::Key_Left);
+    EXPECT_EQ(view.accessibleDescription().toStdString(), "1: 7");
+}
+
+TEST(Chart_View, Chooses_The_Span_Around_A_Value_By_The_Keyboard)
+{
+    Chart chart = Sample(10);
+    chart.Boxes.clear();
+    Chart_View view;
+    view.Show(chart);
+    QSignalSpy spans(&view, &Chart_View::Span_Chosen);
+
+    QTest::keyClick(&view, Qt::Key_End);
+    QTest::keyClick(&view, Qt::Key_Plus); // only where it is allowed
+    EXPECT_EQ(spans.count(), 0);
+    view.Allow_Zoom(true);
+    QTest::keyClick(&view, Qt::Key_Plus);
+
+    ASSERT_EQ(spans.count(), 1);
+    EXPECT_DOUBLE_EQ(spans[0][0].toDouble(), 6.5); // of an axis from 0 to 10, around 9
+    EXPECT_DOUBLE_EQ(spans[0][1].toDouble(), 10);
+}
+
 } // namespace orvel

@@ -372,24 +372,34 @@ TEST_F(Overview_Window_Test, Copy_Gives_A_Table_As_Text_And_As_Html)
     EXPECT_TRUE(copied->html().contains("background"));
 }
 
+// What its paper says. Where pictures are kept, the paper is one of them.
+QString Printed_Text(const Overview_Window& window, const std::string& name)
+{
+    Click<QPushButton>(window, "Kopieren");
+    const Temporary_Directory place;
+    const char* pictures = std::getenv("ORVEL_PICTURES");
+    const fs::path paper = (pictures ? fs::path(pictures) : place.Path()) / name;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    printer.setOutputFileName(QString::fromStdString(paper.string()));
+    Print_Page_On(printer, QApplication::clipboard()->mimeData()->html());
+    return Text_Of_Pdf(paper);
+}
+
 TEST_F(Overview_Window_Test, What_Is_Printed_Has_Every_Figure)
 {
     Nine_Runs();
     Overview_Window window(The_Session, Mode_Kind::Focus);
     Settle(window);
-    Click<QPushButton>(window, "Kopieren");
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setPageOrientation(QPageLayout::Landscape);
-    const fs::path paper = Place->Path() / "overview.pdf";
-    printer.setOutputFileName(QString::fromStdString(paper.string()));
 
-    Print_Page_On(printer, QApplication::clipboard()->mimeData()->html());
+    const QString printed = Printed_Text(window, "overview.pdf");
 
-    const QString printed = Text_Of_Pdf(paper);
     for (const QString& cell : Cells(window, 0))
         EXPECT_TRUE(printed.contains(cell.section(' ', 1, 1))) << cell.toStdString();
     EXPECT_TRUE(printed.contains("8 of 9")) << printed.toStdString();
+    for (const char* word : {"Kremsm\u00FCnster", "Pesticide", "percolate:"}) // not broken
+        EXPECT_TRUE(printed.contains(word)) << word << " in " << printed.toStdString();
 }
 
 // The lines that the run form shows do what its buttons do.
@@ -492,6 +502,9 @@ TEST_F(Overview_Window_Test, Is_Compared_With_Earlier_Results_And_Comes_Back)
     EXPECT_NEAR(parts[2].mid(1).toDouble(), there / here, 0.006);
     EXPECT_TRUE(Find<QLabel>(window, "Comparison")->isVisible());
     Leave_Picture(window, "overview_compared");
+    const QString printed = Printed_Text(window, "overview_compared.pdf").simplified();
+    for (const auto& figure : {parts[0].section(' ', 1, 1), parts[1], parts[2], alone[0].section(' ', 1, 1)})
+        EXPECT_TRUE(printed.contains(figure)) << figure.toStdString() << " in " << printed.toStdString();
     QString line;
     In_Modal([&](QWidget& box) { line = Find<QPlainTextEdit>(box, "Commands")->toPlainText(); });
     Click<QPushButton>(window, "Befehl");
