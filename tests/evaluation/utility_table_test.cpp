@@ -87,7 +87,7 @@ TEST_F(Utility_Table_Test, The_Utility_Works_In_The_Directory_And_Its_Table_Is_S
 
     ASSERT_TRUE(process);
     EXPECT_EQ(Exit_Code_Of(*process), 0);
-    EXPECT_EQ(Shown_Table(*The_Session, Utility::Year, Run()), "series");
+    EXPECT_EQ(Utility_Table(*The_Session, Utility::Year, Run()), "series");
     EXPECT_EQ(Read_Whole(Place / "home/wyear.bat"), Format_Utility_Batch(Utility::Year, Run(), Place / "home"));
     EXPECT_TRUE(The_User.Messages.empty());
 }
@@ -177,11 +177,11 @@ TEST_F(Utility_Table_Test, The_Size_Limit_Holds_For_The_Table_By_Day_Alone)
     Write_Whole(Run() / "day.orv", big + "\r\n");
     Write_Whole(Run() / "month.orv", big + "\r\n");
 
-    EXPECT_EQ(Shown_Table(*The_Session, Utility::Month, Run()), big);
+    EXPECT_EQ(Utility_Table(*The_Session, Utility::Month, Run()), big);
     EXPECT_TRUE(The_User.Messages.empty());
-    EXPECT_EQ(Shown_Table(*The_Session, Utility::Day, Run())->size(), 32767U);
+    EXPECT_EQ(Utility_Table(*The_Session, Utility::Day, Run())->size(), 32767U);
     EXPECT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_FALSE(Shown_Table(*The_Session, Utility::Year, Run()));
+    EXPECT_FALSE(Utility_Table(*The_Session, Utility::Year, Run()));
 }
 
 } // namespace orvel
