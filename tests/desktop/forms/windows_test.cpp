@@ -1,6 +1,8 @@
 // Every window as it opens in an installation with one finished run. With ORVEL_PICTURES=DIR it leaves a picture of
-// each there, light and dark; QT_SCALE_FACTOR=2 draws them for a fine screen.
+// each there, light and dark; QT_SCALE_FACTOR=2 draws them for a fine screen. ORVEL_WHOLE_ASSESSMENT=1 fills them, for
+// the pictures of the guide.
 #include "core/files.h"
+#include "core/run_name.h"
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/installation_check.h"
 #include "desktop/forms/start.h"
@@ -17,6 +19,7 @@
 #include "files/forms/form_saving.h"
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
+#include "guide_of_windows.h"
 #include "jobs/forms/focus.h"
 #include "jobs/forms/form_end.h"
 #include "pdf_text.h"
@@ -58,6 +61,7 @@
 #include "tables/forms/text_viewer.h"
 #include "temporary_directory.h"
 #include "ui/forms/dark_outlines.h"
+#include "ui/forms/guide_opening.h"
 #include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 #include "window_test.h"
@@ -68,6 +72,7 @@
 #include <map>
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDesktopServices>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -77,6 +82,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
+#include <QTextBrowser>
 #include <QToolButton>
 
 namespace orvel {
@@ -118,6 +124,29 @@ protected:
                  " plan sweep --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'" +
                  " --shift -7:7:7 --factor 'psm.Koc[1]=0.5,1' --to " + plan);
         Orvelctl(at + " plan run " + plan + " --to " + (Place->Path() / "window").string() + " --wait 2>&1");
+        if (Is_Whole())
+            Run_Whole_Assessment(at);
+    }
+    static bool Is_Whole() { return std::getenv("ORVEL_WHOLE_ASSESSMENT") != nullptr; }
+    static void Run_Whole_Assessment(const std::string& at)
+    {
+        for (const auto* pesticide : {"demo_A", "demo_B", "demo_C", "demo_D"})
+            Orvelctl(at + " mark --mode focus --all --crop 'Winter cereals' --replace --pesticide " + pesticide +
+                     ".psm");
+        Orvelctl(at + " start --mode focus --wait 2>&1");
+        Orvelctl(at + " mark --mode efsa --all --crop 'Winter cereals' --pesticide demo_S.psm");
+        Orvelctl(at + " start --mode efsa --wait 2>&1");
+        fs::create_directory(Single());
+        fs::copy_file(Installation() / "demo_C.psm", Single() / "demo_C.psm");
+        for (const auto* name : {"H_wcerea.sze", "H_01.cli", "H_02.cli", "H_03.cli"})
+            fs::copy_file(Installation() / "focus" / name, Single() / name);
+        const std::string in = "cd " + Single().string() + " && " + ORVELCTL + " -C " + Installation().string();
+        ASSERT_EQ(
+            std::system(
+                (in + " single --pesticide demo_C.psm --scenario H_wcerea.sze --climate H_01.cli" +
+                 " --climate H_02.cli --climate H_03.cli --years 3 --from 01.01 --to 31.12 --wait >/dev/null 2>&1")
+                    .c_str()),
+            0);
     }
     static void TearDownTestSuite() { delete Place; }
 
@@ -125,7 +154,7 @@ protected:
     {
         The_Session.Program.App_Path = Installation();
         Start_Up(The_Session);
-        Parse_PSM(Read_Whole(Installation() / "demo_D.psm"), The_Session.Pesticide);
+        Parse_PSM(Read_Whole(Installation() / (Is_Whole() ? "demo_C.psm" : "demo_D.psm")), The_Session.Pesticide);
         Reset_SZE(The_Session.Scenario);
         Parse_SZE(Read_Whole(Installation() / "focus/H_wcerea.sze"), The_Session.Scenario);
         The_Session.Climate = Parse_CLI(Read_Whole(Installation() / "focus/H_01.cli"));
@@ -138,6 +167,14 @@ protected:
 
     static fs::path Installation() { return Place->Path() / "installation"; }
     static fs::path Run() { return Installation() / "focus/demo_D.run/Winter_-_cereals.run/Hamburg_-_(H).run"; }
+
+    static fs::path Soil_Run()
+    {
+        return Is_Whole()
+                   ? Installation() / "EFSA/demo_S.run/Winter_-_cereals.run/Total_-_content_-_-_-_North_-_(T_N).run"
+                   : Run();
+    }
+    static fs::path Single() { return Place->Path() / "single"; }
 
     std::vector<Opened_Window> All() const;
     void Look_At_All(const QString& picture_suffix);
@@ -159,6 +196,25 @@ std::unique_ptr<QWidget> Pressed(std::unique_ptr<QWidget> window, const QStringL
     for (const auto& button : buttons)
         Find<QAbstractButton>(*window, button)->click();
     return window;
+}
+
+// A session in a directory of its own where there is one, which outlives its window.
+Session& Session_In(const fs::path& directory, Session& session)
+{
+    static std::unique_ptr<Session> own;
+    if (!fs::exists(directory))
+        return session;
+    own = std::make_unique<Session>(session);
+    own->Program.App_Path = directory;
+    return *own;
+}
+
+std::vector<Summary_Location> Locations_Of(const fs::path& crop)
+{
+    std::vector<Summary_Location> locations;
+    for (const auto& level : List_Run_Levels(crop))
+        locations.push_back({Decode_Level(level), crop / Path_Of(level)});
+    return locations;
 }
 
 std::vector<Opened_Window> Windows_Test::All() const
@@ -184,7 +240,7 @@ std::vector<Opened_Window> Windows_Test::All() const
         {"form_end",
          [](Session& session) -> std::unique_ptr<QWidget> {
              session.Run.Single = {.Sim_Years = "3", .Start_Day = "1", .End_Day = "31"};
-             return std::make_unique<form_end>(session, Run_Windows());
+             return std::make_unique<form_end>(Session_In(Single(), session), Run_Windows());
          }},
         {"ausgabe_festlegen",
          [](Session& session) -> std::unique_ptr<QWidget> {
@@ -196,11 +252,11 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<Overview_Window>("overview", Mode_Kind::Focus),
         Plain<Jahr_ORV>("jahr_orv", Run()),
         Plain<Mass_Balance>("mass_balance", Run()),
-        Plain<PECsoil>("pecsoil", Run(), 5),
-        Plain<Zusammenfassung_orv>(
-            "zusammenfassung",
-            Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}},
-            Zusammenfassung_orv::Archive_Opener()),
+        Plain<PECsoil>("pecsoil", Soil_Run(), 5),
+        Plain<Zusammenfassung_orv>("zusammenfassung",
+                                   Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals",
+                                                   Locations_Of(Run().parent_path())},
+                                   Zusammenfassung_orv::Archive_Opener()),
         Plain<Archives>("archives"),
         Plain<Plans_Window>("plans"),
         {"plans_window",
@@ -219,7 +275,10 @@ std::vector<Opened_Window> Windows_Test::All() const
          [](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Sweep_Form>(session.Program, session.Ask, nullptr);
          }},
-        Plain<inout_sel>("inout_sel"),
+        {"inout_sel",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<inout_sel>(Session_In(Single(), session));
+         }},
         {"form_filetext",
          [echo](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Form_filetext>(session, Run() / "echo.orv", echo);
@@ -685,7 +744,7 @@ void Windows_Test::Look_At_All(const QString& picture_suffix)
         SCOPED_TRACE(opened.Name.toStdString());
         const auto window = opened.Open(The_Session);
         window->show();
-        QTest::qWait(50);
+        QTest::qWait(Is_Whole() ? 2000 : 50); // until its threads have read the runs
         ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));
         Keep_Picture(*window, opened.Name + picture_suffix);
         EXPECT_EQ(Cut_In(*window).join("; ").toStdString(), "");
@@ -882,6 +941,58 @@ TEST_F(Windows_Test, Outlive_Any_Number_In_Any_Box_And_A_Press_Of_Every_Button)
     for (const char* form :
          {"form_as", "form_as_relative", "form_end", "klima", "szenario", "form_hor", "form_appgrid"})
         EXPECT_GT(boxes[form], 0) << form;
+}
+
+// A window that is not described in docs/guide, with its picture and all that one can press or fill in, fails here.
+TEST_F(Windows_Test, Are_Described_In_The_Guide_With_Picture_And_Every_Control)
+{
+    const fs::path guide = GUIDE;
+    const auto places = Read_Places(guide / "windows.txt");
+    const auto common = Read_Guide(guide, {"common.md"});
+    for (const auto& opened : All()) {
+        SCOPED_TRACE(opened.Name.toStdString());
+        const auto window = opened.Open(The_Session);
+        window->show();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));
+        ASSERT_TRUE(places.contains(window->objectName())) << window->objectName().toStdString();
+
+        const auto page = Read_Guide(guide, places.at(window->objectName()));
+
+        EXPECT_TRUE(page.Text.contains("(pictures/" + opened.Name + ".png)"));
+        QStringList missing;
+        for (const auto& control : Controls_Of(*window)) {
+            if (!Is_Described(control, common) && !Is_Described(control, page))
+                missing << control.Caption + " [" + control.Unit + "] " + control.Control;
+        }
+        EXPECT_EQ(missing.join("\n").toStdString(), "");
+    }
+}
+
+TEST_F(Windows_Test, Open_The_Guide_At_Their_Place_By_F1)
+{
+    const Temporary_Directory guide;
+    fs::create_directory(guide / "windows");
+    for (const auto& [window, place] : Read_Places(fs::path(GUIDE) / "windows.txt"))
+        Write_Whole(guide / "windows" / (window.toStdString() + ".html"), "");
+    qputenv("ORVELSUITE_GUIDE", QByteArray::fromStdString(guide.Path().string()));
+    Answer_F1(*qApp, The_Session.Ask);
+    for (const auto& opened : All()) {
+        SCOPED_TRACE(opened.Name.toStdString());
+        const auto window = opened.Open(The_Session);
+        window->show();
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        QTextBrowser browser; // in place of the desktop's
+        QDesktopServices::setUrlHandler("file", &browser, "setSource");
+
+        QTest::keyClick(window->focusWidget() ? window->focusWidget() : window.get(), Qt::Key_F1);
+
+        EXPECT_EQ(browser.source().toLocalFile().toStdString(),
+                  (guide / "windows" / (window->objectName().toStdString() + ".html")).string());
+    }
+    QDesktopServices::unsetUrlHandler("file");
+    EXPECT_TRUE(The_User.Messages.empty());
+    qunsetenv("ORVELSUITE_GUIDE");
 }
 
 } // namespace orvel
