@@ -48,7 +48,19 @@ function Image(image)
     return image
 end
 
--- Wide tables are moved on their own, not with the page.
+-- Wide tables are moved on their own, not with the page. On a narrow screen a row of more than two columns becomes a
+-- list, whose entries are named after the columns.
 function Table(grid)
-    return pandoc.Div({grid}, {class = "table"})
+    local names = {}
+    for _, row in ipairs(grid.head.rows) do
+        for i, cell in ipairs(row.cells) do names[i] = pandoc.utils.stringify(cell.contents) end
+    end
+    for _, body in ipairs(grid.bodies) do
+        for _, row in ipairs(body.body) do
+            for i, cell in ipairs(row.cells) do
+                if #names > 2 and i > 1 and names[i] ~= "Meaning" then cell.attr.attributes["data-label"] = names[i] end
+            end
+        end
+    end
+    return pandoc.Div({grid}, {class = #names > 2 and "table wide" or "table"})
 end

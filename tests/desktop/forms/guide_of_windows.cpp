@@ -8,7 +8,6 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -87,8 +86,6 @@ std::vector<Captioned> Controls_Of(const QWidget& window)
             found.push_back({Plain_Caption(label->text()), Unit_Of(label->buddy()), label->buddy()->objectName()});
         if (const auto* table = qobject_cast<const QTableView*>(control))
             Add_Headings(*table, found);
-        if (const auto* group = qobject_cast<const QGroupBox*>(control))
-            found.push_back({Plain_Caption(group->title()), "", group->objectName()});
         if (Is_A_Part(*control))
             continue;
         if (const auto* button = qobject_cast<const QAbstractButton*>(control))

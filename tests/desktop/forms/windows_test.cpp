@@ -1,8 +1,7 @@
 // Every window as it opens in an installation with one finished run. With ORVEL_PICTURES=DIR it leaves a picture of
-// each there, light and dark; QT_SCALE_FACTOR=2 draws them for a fine screen. ORVEL_WHOLE_ASSESSMENT=1 fills them, for
-// the pictures of the guide.
+// each there, light and dark; QT_SCALE_FACTOR=2 draws them for a fine screen. ORVEL_WHOLE_ASSESSMENT=DIR fills them,
+// for the pictures of the guide.
 #include "core/files.h"
-#include "core/run_name.h"
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/installation_check.h"
 #include "desktop/forms/start.h"
@@ -119,15 +118,16 @@ protected:
         Orvelctl("init " + Installation().string());
         Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
         Orvelctl(at + " start --mode focus --wait");
-        const std::string plan = (Place->Path() / "window.csv").string();
+        const std::string plan = (Base() / "window.csv").string();
         Orvelctl(at +
                  " plan sweep --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'" +
                  " --shift -7:7:7 --factor 'psm.Koc[1]=0.5,1' --to " + plan);
-        Orvelctl(at + " plan run " + plan + " --to " + (Place->Path() / "window").string() + " --wait 2>&1");
+        Orvelctl(at + " plan run " + plan + " --to " + (Base() / "window").string() + " --wait 2>&1");
         if (Is_Whole())
             Run_Whole_Assessment(at);
     }
     static bool Is_Whole() { return std::getenv("ORVEL_WHOLE_ASSESSMENT") != nullptr; }
+    static fs::path Base() { return Is_Whole() ? fs::path(std::getenv("ORVEL_WHOLE_ASSESSMENT")) : Place->Path(); }
     static void Run_Whole_Assessment(const std::string& at)
     {
         for (const auto* pesticide : {"demo_A", "demo_B", "demo_C", "demo_D"})
@@ -165,7 +165,7 @@ protected:
         ASSERT_EQ(std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null").c_str()), 0) << arguments;
     }
 
-    static fs::path Installation() { return Place->Path() / "installation"; }
+    static fs::path Installation() { return Base() / "installation"; }
     static fs::path Run() { return Installation() / "focus/demo_D.run/Winter_-_cereals.run/Hamburg_-_(H).run"; }
 
     static fs::path Soil_Run()
@@ -174,7 +174,7 @@ protected:
                    ? Installation() / "EFSA/demo_S.run/Winter_-_cereals.run/Total_-_content_-_-_-_North_-_(T_N).run"
                    : Run();
     }
-    static fs::path Single() { return Place->Path() / "single"; }
+    static fs::path Single() { return Base() / "single"; }
 
     std::vector<Opened_Window> All() const;
     void Look_At_All(const QString& picture_suffix);
@@ -207,14 +207,6 @@ Session& Session_In(const fs::path& directory, Session& session)
     own = std::make_unique<Session>(session);
     own->Program.App_Path = directory;
     return *own;
-}
-
-std::vector<Summary_Location> Locations_Of(const fs::path& crop)
-{
-    std::vector<Summary_Location> locations;
-    for (const auto& level : List_Run_Levels(crop))
-        locations.push_back({Decode_Level(level), crop / Path_Of(level)});
-    return locations;
 }
 
 std::vector<Opened_Window> Windows_Test::All() const
@@ -253,16 +245,18 @@ std::vector<Opened_Window> Windows_Test::All() const
         Plain<Jahr_ORV>("jahr_orv", Run()),
         Plain<Mass_Balance>("mass_balance", Run()),
         Plain<PECsoil>("pecsoil", Soil_Run(), 5),
-        Plain<Zusammenfassung_orv>("zusammenfassung",
-                                   Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals",
-                                                   Locations_Of(Run().parent_path())},
-                                   Zusammenfassung_orv::Archive_Opener()),
+        {"zusammenfassung",
+         [&focus](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Zusammenfassung_orv>(session,
+                                                          Request_Summary(session, focus, "demo_D", "Winter cereals"),
+                                                          Zusammenfassung_orv::Archive_Opener());
+         }},
         Plain<Archives>("archives"),
         Plain<Plans_Window>("plans"),
         {"plans_window",
          [](Session& session) -> std::unique_ptr<QWidget> {
              auto window = std::make_unique<Plans_Window>(session);
-             window->Open(Place->Path() / "window");
+             window->Open(Base() / "window");
              auto* table = Find<QTableView>(*window, "Table");
              if (!QTest::qWaitFor([&] { return table->model()->rowCount() == 6 && table->model()->columnCount() > 6; }))
                  throw std::runtime_error("the plan is not shown");
@@ -333,7 +327,7 @@ std::vector<Opened_Window> Windows_Test::All() const
          }},
         {"form_as_notes",
          [](Session& session) -> std::unique_ptr<QWidget> {
-             const auto directory = Place->Path() / "notes";
+             const auto directory = Base() / "notes";
              fs::create_directories(directory);
              Document_Notes notes;
              for (const auto* field : {"Koc[1]", "Molmass[1]", "Vap_Press[0]"})
