@@ -63,6 +63,7 @@
 #include "ui/forms/guide_opening.h"
 #include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
+#include "ui/guide.h"
 #include "window_test.h"
 
 #include <algorithm>
@@ -986,6 +987,21 @@ TEST_F(Windows_Test, Open_The_Guide_At_Their_Place_By_F1)
     }
     QDesktopServices::unsetUrlHandler("file");
     EXPECT_TRUE(The_User.Messages.empty());
+    qunsetenv("ORVELSUITE_GUIDE");
+}
+
+TEST_F(Windows_Test, Say_Where_The_Guide_Would_Be)
+{
+    const Temporary_Directory guide;
+    qputenv("ORVELSUITE_GUIDE", QByteArray::fromStdString(guide.Path().string()));
+    Start start(The_Session);
+    start.show();
+
+    Click<QPushButton>(start, "Guide_Button");
+    Click<QToolButton>(start, "Open_Guide");
+
+    const Message told = Guide_Not_Installed(guide.Path());
+    EXPECT_EQ(The_User.Messages, (std::vector{told, told}));
     qunsetenv("ORVELSUITE_GUIDE");
 }
 
