@@ -57,9 +57,11 @@ void Open_Guide(const Ask_Function& ask, const QWidget* window)
         ask(Guide_Not_Shown(page));
 }
 
-void Answer_F1(QApplication& application, const Ask_Function& ask)
+QObject* Answer_F1(QApplication& application, const Ask_Function& ask)
 {
-    application.installEventFilter(new Guide_Key(application, ask));
+    auto* key = new Guide_Key(application, ask);
+    application.installEventFilter(key);
+    return key;
 }
 
 } // namespace orvel

@@ -3,6 +3,7 @@
 #include "core/message.h"
 
 class QApplication;
+class QObject;
 class QWidget;
 
 namespace orvel {
@@ -11,7 +12,8 @@ namespace orvel {
 // there is told.
 void Open_Guide(const Ask_Function& ask, const QWidget* window = nullptr);
 
-// F1 opens the guide at the place of the window that has the focus.
-void Answer_F1(QApplication& application, const Ask_Function& ask);
+// F1 opens the guide at the place of the window that has the focus, as long as what is returned lives; the application
+// owns it.
+QObject* Answer_F1(QApplication& application, const Ask_Function& ask);
 
 } // namespace orvel
