@@ -122,6 +122,15 @@ bool Is_Described(const Captioned& control, const Guide_Text& guide)
     return std::any_of(first, end, [&](const auto& row) { return row.second.contains("| " + control.Unit); });
 }
 
+bool Is_Default(const Captioned& control, const QString& number, const Guide_Text& guide)
+{
+    const QRegularExpression word("(^|[ ,:;])" + QRegularExpression::escape(number) + "($|[ ,:;])");
+    const auto [first, end] = guide.Rows.equal_range(control.Caption);
+    return std::any_of(first, end, [&](const auto& row) {
+        return row.second.split('|').value(row.second.count('|') - 1).trimmed().contains(word);
+    });
+}
+
 std::map<QString, QStringList> Read_Places(const std::filesystem::path& file)
 {
     std::map<QString, QStringList> places;

@@ -27,6 +27,9 @@ Guide_Text Read_Guide(const std::filesystem::path& guide, const QStringList& pag
 // Whether a row has the control's caption and, where it has one, its unit.
 bool Is_Described(const Captioned& control, const Guide_Text& guide);
 
+// Whether the last cell of such a row, its default, has this number.
+bool Is_Default(const Captioned& control, const QString& number, const Guide_Text& guide);
+
 // The places of the windows by their object names, "page.md#heading" first.
 std::map<QString, QStringList> Read_Places(const std::filesystem::path& file);
 

@@ -2,6 +2,7 @@
 // each there, light and dark; QT_SCALE_FACTOR=2 draws them for a fine screen. ORVEL_WHOLE_ASSESSMENT=DIR fills them,
 // for the pictures of the guide.
 #include "core/files.h"
+#include "core/numbers.h"
 #include "desktop/forms/form_name.h"
 #include "desktop/forms/installation_check.h"
 #include "desktop/forms/start.h"
@@ -61,6 +62,7 @@
 #include "temporary_directory.h"
 #include "ui/forms/dark_outlines.h"
 #include "ui/forms/guide_opening.h"
+#include "ui/forms/number_edit.h"
 #include "ui/forms/undo_history.h"
 #include "ui/forms/widgets.h"
 #include "ui/guide.h"
@@ -961,6 +963,36 @@ TEST_F(Windows_Test, Are_Described_In_The_Guide_With_Picture_And_Every_Control)
         }
         EXPECT_EQ(missing.join("\n").toStdString(), "");
     }
+}
+
+// The editors of a new document: what stands in a box is the default that the guide names.
+TEST_F(Windows_Test, Begin_With_The_Defaults_Of_The_Guide)
+{
+    const auto places = Read_Places(fs::path(GUIDE) / "windows.txt");
+    int boxes = 0;
+    for (const auto& opened : All()) {
+        if (!QStringList{"form_as_all", "form_met", "deg_dat_individual", "plant_app", "kin_sorption",
+                         "koc_ph_dissociating", "szenario_all", "form_eros", "macro"}
+                 .contains(opened.Name))
+            continue;
+        SCOPED_TRACE(opened.Name.toStdString());
+        Reset_PSM(The_Session.Pesticide);
+        The_Session.Pesticide.App_Mode = App_Mode_Relative;
+        Reset_SZE(The_Session.Scenario);
+        const auto window = opened.Open(The_Session);
+        window->show();
+        const auto guide = Read_Guide(GUIDE, places.at(window->objectName()));
+        for (const auto& control : Controls_Of(*window)) {
+            const auto* box = window->findChild<Number_Edit*>(control.Control);
+            const QString value = box ? QString::fromStdString(General_Text(Val(Bytes_Of(box->text())))) : QString();
+            if (!box || QStringList{"", "Text_peup", "s_KOC", "s_KOC2", "s_pH2", "s_pKa"}.contains(control.Control))
+                continue;
+            EXPECT_TRUE(Is_Default(control, value, guide))
+                << control.Caption.toStdString() << ": " << value.toStdString();
+            ++boxes;
+        }
+    }
+    EXPECT_GT(boxes, 50);
 }
 
 TEST_F(Windows_Test, Open_The_Guide_At_Their_Place_By_F1)
