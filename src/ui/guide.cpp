@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* Title = "Guide";
+constexpr const char* Guide_Box = "Guide";
 
 } // namespace
 
@@ -37,12 +37,12 @@ fs::path Guide_Page(const fs::path& guide, const std::vector<std::string>& windo
 
 Message Guide_Not_Installed(const fs::path& guide)
 {
-    return {Title, "The guide is not installed: there is no " + Path_Text(guide / "index.html") + "."};
+    return {Guide_Box, "The guide is not installed: there is no " + Path_Text(guide / "index.html") + "."};
 }
 
 Message Guide_Not_Shown(const fs::path& page)
 {
-    return {Title, "No program was found that shows the guide. Its page here is " + Path_Text(page) + "."};
+    return {Guide_Box, "No program was found that shows the guide. Its page here is " + Path_Text(page) + "."};
 }
 
 } // namespace orvel
