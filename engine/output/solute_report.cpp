@@ -23,7 +23,7 @@ void Put_Row_Values(std::string& text, std::size_t start, const std::array<doubl
     text += CrLf;
 }
 
-void Put_Total(std::string& text, const std::string& label, double value)
+void Put_Mass_Total(std::string& text, const std::string& label, double value)
 {
     Put_Left(text, label, 39);
     Put_Exponent(text, value, 12, 5);
@@ -123,19 +123,20 @@ void Solute_Report::Put_Totals(const Solute_Block& block)
     const std::string label = Solute_Label(Index);
     const auto total = [&](const std::vector<double>& values) { return Total_Of(values, lanes, slot); };
     text += "\r\n * DECAY FOR COMPARTMENT 1 INCLUDES SOIL PHOTOLYSIS\r\n\r\n";
-    Put_Total(text, " TOTAL PLANT UPTAKE OF " + label, Kg_Ha(total(sums.Uptake) + sums.Plant_Penetration[Slot]));
-    Put_Total(text, " TOTAL DECAY OF " + label,
-              Kg_Ha(total(sums.Decay_Eq) + total(sums.Decay_Neq) + sums.Plant_Decay[Slot]));
+    Put_Mass_Total(text, " TOTAL PLANT UPTAKE OF " + label, Kg_Ha(total(sums.Uptake) + sums.Plant_Penetration[Slot]));
+    Put_Mass_Total(text, " TOTAL DECAY OF " + label,
+                   Kg_Ha(total(sums.Decay_Eq) + total(sums.Decay_Neq) + sums.Plant_Decay[Slot]));
     if (Index == 1)
-        Put_Total(text, " TOTAL VOLATILIZATION", Kg_Ha(sums.Soil_Volatilised[Slot] + sums.Plant_Volatilised[Slot]));
-    Put_Total(text, " TOTAL RUNOFF AND EROSION LOSS", Kg_Ha(sums.Runoff[Slot] + sums.Sediment[Slot]));
-    Put_Total(text, "   THEREOF WITH SEDIMENT", Kg_Ha(sums.Sediment[Slot]));
-    Put_Total(text, " PESTICIDE LEACHED BELOW CORE",
-              Kg_Ha(sums.Flux[static_cast<std::size_t>(Core->Count() * lanes) + Slot]));
-    Put_Total(text, " MACROPORE TRANSPORT IN THE CORE", Kg_Ha(sums.Bypass[Slot]));
-    Put_Total(text, " DIFFUSION UP THROUGH 1 M", Kg_Ha(block.Upward[Slot]));
+        Put_Mass_Total(text, " TOTAL VOLATILIZATION",
+                       Kg_Ha(sums.Soil_Volatilised[Slot] + sums.Plant_Volatilised[Slot]));
+    Put_Mass_Total(text, " TOTAL RUNOFF AND EROSION LOSS", Kg_Ha(sums.Runoff[Slot] + sums.Sediment[Slot]));
+    Put_Mass_Total(text, "   THEREOF WITH SEDIMENT", Kg_Ha(sums.Sediment[Slot]));
+    Put_Mass_Total(text, " PESTICIDE LEACHED BELOW CORE",
+                   Kg_Ha(sums.Flux[static_cast<std::size_t>(Core->Count() * lanes) + Slot]));
+    Put_Mass_Total(text, " MACROPORE TRANSPORT IN THE CORE", Kg_Ha(sums.Bypass[Slot]));
+    Put_Mass_Total(text, " DIFFUSION UP THROUGH 1 M", Kg_Ha(block.Upward[Slot]));
     const Solute_Stores stores = block.Column.Stores();
-    Put_Total(text, " STORED IN SOIL AND ON PLANTS", Kg_Ha(stores.Soil[Slot] + stores.Plant[Slot]));
+    Put_Mass_Total(text, " STORED IN SOIL AND ON PLANTS", Kg_Ha(stores.Soil[Slot] + stores.Plant[Slot]));
     Put_Left(text, " BALANCE CHECK", 39);
     Put_Exponent(text, Kg_Ha(block.Closure.Error[Slot]), 12, 2);
     text += "\r\n\r\n";

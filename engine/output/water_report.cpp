@@ -29,7 +29,7 @@ void Put_Three(std::string& text, double one, double two, double three)
     text += CrLf;
 }
 
-void Put_Total(std::string& text, std::string_view label, double value)
+void Put_Water_Total(std::string& text, std::string_view label, double value)
 {
     Put_Left(text, label, 39);
     Put_Fixed(text, value, 10, 5);
@@ -204,10 +204,11 @@ void Water_Report::Put_Block(Span span, const Date& date, const Water_Sums& sums
     Put_Surface(sums, water);
     Put_Compartments(sums, water);
     text += "\r\n SUMMARY FLUXES\r\n";
-    Put_Total(text, " RECHARGE BELOW CORE (CM)", sums.Percolate.back());
-    Put_Total(text, " BYPASS IN LARGE PORES (CM)", sums.Bypass);
-    Put_Total(text, " WATER ON THE SURFACE (CM)", water.Pond());
-    Put_Total(text, " CHANGE OF STORAGE (CM)", water.Storage() - water.Snow() - (sums.Storage_Start - sums.Snow_Start));
+    Put_Water_Total(text, " RECHARGE BELOW CORE (CM)", sums.Percolate.back());
+    Put_Water_Total(text, " BYPASS IN LARGE PORES (CM)", sums.Bypass);
+    Put_Water_Total(text, " WATER ON THE SURFACE (CM)", water.Pond());
+    Put_Water_Total(text, " CHANGE OF STORAGE (CM)",
+                    water.Storage() - water.Snow() - (sums.Storage_Start - sums.Snow_Start));
     Put_Left(text, " BALANCE CHECK (CM)", 39);
     Put_Exponent(text, sums.Closure(water), 10, 2);
     text += "\r\n\r\n";

@@ -13,11 +13,6 @@ namespace {
 constexpr int Most_Compartments = 400;
 constexpr double Least_Core = 5; // cm: less is a depth in metres
 
-bool Within(double value, double low, double high)
-{
-    return value >= low && value <= high; // false for NaN
-}
-
 class Scenario_Check {
 public:
     Scenario_Check(const Scenario_Document& scenario, const Run_Control& control, Findings& findings)

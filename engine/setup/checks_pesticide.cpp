@@ -9,11 +9,6 @@ namespace {
 constexpr double Largest_Rate = 1e4;     // 1/d
 constexpr double Largest_Sorption = 1e9; // L/kg
 
-bool Within(double value, double low, double high)
-{
-    return value >= low && value <= high; // false for NaN
-}
-
 // The ranges are far wider than any substance needs: values outside them would only produce NaN or infinity.
 class Pesticide_Check {
 public:

@@ -53,4 +53,10 @@ bool Acts_At_The_Surface(const Scenario_Document& scenario, const Pesticide_Docu
 Solute_Setup Build_Solute_Setup(const Pesticide_Document& pesticide, const Scenario_Document& scenario,
                                 const Grid& grid, const std::vector<int>& substances);
 
+// False for NaN.
+constexpr bool Within(double value, double low, double high)
+{
+    return value >= low && value <= high;
+}
+
 } // namespace orvel::engine

@@ -7,7 +7,7 @@ namespace orvel::engine {
 
 namespace {
 
-constexpr double Deepest = 10;             // m
+constexpr double Constant_Depth = 10;      // m
 constexpr double Growth = 1.3;             // factor between successive nodes below the core
 constexpr double Day = 86400;              // s
 constexpr double Snow_Conductivity = 0.2;  // W/(m K)
@@ -86,8 +86,8 @@ Soil_Heat::Soil_Heat(const Grid& grid, double start_temperature, Exps exps) : Co
         Thickness.push_back(dz * Cm);
         depth += dz * Cm;
     }
-    for (double dz = Thickness.back() * Growth; depth < Deepest; dz *= Growth) {
-        Thickness.push_back(std::min(dz, Deepest - depth));
+    for (double dz = Thickness.back() * Growth; depth < Constant_Depth; dz *= Growth) {
+        Thickness.push_back(std::min(dz, Constant_Depth - depth));
         depth += Thickness.back();
     }
     for (std::size_t i = 0; i < grid.Thickness.size(); ++i)

@@ -27,4 +27,12 @@ std::string Csv_Field(std::string_view text)
     return plain ? field : "\"" + Replace_All(field, "\"", "\"\"") + "\"";
 }
 
+std::string Csv_Line(const std::vector<std::string>& fields)
+{
+    std::string line;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        line += (i == 0 ? "" : ",") + Csv_Field(fields[i]);
+    return line.append(CrLf);
+}
+
 } // namespace orvel

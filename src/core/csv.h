@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orvel {
 
@@ -9,5 +10,10 @@ namespace orvel {
 // a spreadsheet would take for a formula (it begins with = + - @ and is no number) gets an apostrophe in front, which
 // marks it as text.
 std::string Csv_Field(std::string_view text);
+
+// The fields of a record as a line, with its end.
+std::string Csv_Line(const std::vector<std::string>& fields);
+
+constexpr std::string_view Byte_Order_Mark = "\xEF\xBB\xBF"; // by which spreadsheets know UTF-8
 
 } // namespace orvel

@@ -1,5 +1,6 @@
 #include "core/csv_reader.h"
 
+#include "core/csv.h"
 #include "core/error.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace orvel {
 namespace {
 
 constexpr std::size_t Block_Size = 1U << 16U, Longest_Record = 1U << 20U;
-constexpr std::string_view Byte_Order_Mark = "\xEF\xBB\xBF", Separators = "\t;,"; // the first that occurs is taken
+constexpr std::string_view Separators = "\t;,"; // the first that occurs is taken
 
 // The length of the character that a text begins with, 0 if it is not UTF-8.
 std::size_t Character_Length(std::string_view text)

@@ -54,10 +54,10 @@ std::vector<std::string> List(const fs::path& directory, std::string_view mask, 
 
 std::string Random_Letters()
 {
-    constexpr std::size_t Letters = 6;
+    constexpr std::size_t Length = 6;
     std::random_device random;
     std::uniform_int_distribution<int> letter('a', 'z');
-    std::string letters(Letters, ' ');
+    std::string letters(Length, ' ');
     std::ranges::generate(letters, [&] { return static_cast<char>(letter(random)); });
     return letters;
 }

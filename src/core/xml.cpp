@@ -31,4 +31,10 @@ std::string Xml_Text(std::string_view bytes)
     return text;
 }
 
+std::string Xml_Element(std::string_view name, std::string_view attributes, std::string_view inner)
+{
+    const std::string tag(name);
+    return "<" + tag + std::string(attributes) + ">" + std::string(inner) + "</" + tag + ">";
+}
+
 } // namespace orvel

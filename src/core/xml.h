@@ -9,4 +9,7 @@ namespace orvel {
 // characters, which XML does not allow, become blanks.
 std::string Xml_Text(std::string_view bytes);
 
+// An element; `attributes` begin with a blank, `inner` is XML.
+std::string Xml_Element(std::string_view name, std::string_view attributes, std::string_view inner);
+
 } // namespace orvel

@@ -7,7 +7,7 @@ namespace orvel {
 
 namespace {
 
-Line_Fields Fields_Of(const Climate_Table& table)
+Line_Fields Climate_Fields(const Climate_Table& table)
 {
     Line_Fields fields;
     fields.Text_Field(table.Cli_Title, "Title").End();
@@ -36,7 +36,7 @@ std::optional<Lost_Field> Broken_By_Layout(const Climate_Table& table)
     } catch (const File_Error&) {
         complete = false;
     }
-    const auto lost = Fields_Of(table).First_Not_In(Fields_Of(read));
+    const auto lost = Climate_Fields(table).First_Not_In(Climate_Fields(read));
     return lost || complete ? lost : Unreadable();
 }
 

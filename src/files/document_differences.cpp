@@ -35,7 +35,7 @@ std::string Printed(const std::optional<Rotation_Date>& date)
 }
 
 // The names and values of a document's fields in use.
-class Lister {
+class Difference_Lister {
 public:
     template <class Record> void List(const std::string& prefix, const Record& record)
     {
@@ -73,7 +73,7 @@ private:
 
 template <class Document> std::vector<Difference> Compare(const Document& first, const Document& second)
 {
-    Lister one, other;
+    Difference_Lister one, other;
     one.List("", first);
     other.List("", second);
     std::unordered_map<std::string, std::string> others;
@@ -98,7 +98,7 @@ template <class Document> std::vector<Difference> Compare(const Document& first,
 
 template <class Document> std::vector<Field_Value> List(const Document& document)
 {
-    Lister lister;
+    Difference_Lister lister;
     lister.List("", document);
     return std::move(lister.Fields);
 }

@@ -10,7 +10,7 @@ namespace {
 // What a scenario's reader keeps for the engine is no part of the document that a user edits.
 constexpr std::array<std::string_view, 2> Not_Shown = {"SZE_Sen_In_File", "SZE_Legacy_Crops"};
 
-class Writer {
+class Json_Lines {
 public:
     template <class Record> void Write(const Record& record)
     {
@@ -72,7 +72,7 @@ private:
 
 template <class Document> std::string Json(const Document& document)
 {
-    Writer writer;
+    Json_Lines writer;
     writer.Write(document);
     return writer.Written();
 }

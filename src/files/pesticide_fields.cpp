@@ -25,9 +25,9 @@ void Change_As_Read(Pesticide_Document& document)
         application.Abs9_Month = document.Relative[1].Abs9_Month;
 }
 
-class Lister {
+class Pesticide_Lister {
 public:
-    explicit Lister(const Pesticide_Document& document) : Document(document) {}
+    explicit Pesticide_Lister(const Pesticide_Document& document) : Document(document) {}
 
     Line_Fields List()
     {
@@ -150,7 +150,7 @@ std::optional<Lost_Field> Broken_By_Layout(const Pesticide_Document& document)
     }
     Change_As_Read(*written);
     Change_As_Read(*read);
-    const auto lost = Lister(*written).List().First_Not_In(Lister(*read).List());
+    const auto lost = Pesticide_Lister(*written).List().First_Not_In(Pesticide_Lister(*read).List());
     return lost || complete ? lost : Unreadable();
 }
 

@@ -16,9 +16,9 @@ constexpr int Most_Sections = Substances - 1;
 constexpr std::size_t Code_Width = 3;
 
 // Fills the document line by line; what was read before an error stays in it.
-class Reader {
+class Pesticide_Reader {
 public:
-    Reader(std::string_view bytes, Pesticide_Document& document, Misreads* misreads)
+    Pesticide_Reader(std::string_view bytes, Pesticide_Document& document, Misreads* misreads)
         : Lines(bytes),
           Document(document),
           Misread_Words(misreads)
@@ -278,13 +278,13 @@ void Parse_PSM(std::string_view bytes, Pesticide_Document& document, Misreads* m
     // Nothing of a document read before may stay, not even fields that Reset_PSM leaves alone.
     document = Pesticide_Document();
     Reset_PSM(document);
-    Reader(bytes, document, misreads).Read();
+    Pesticide_Reader(bytes, document, misreads).Read();
 }
 
 std::vector<Unused_Value> Unused_Volatilisation(std::string_view bytes)
 {
     const auto document = std::make_unique<Pesticide_Document>();
-    Reader reader(bytes, *document, nullptr);
+    Pesticide_Reader reader(bytes, *document, nullptr);
     reader.Read();
     return reader.Unused;
 }
@@ -292,7 +292,7 @@ std::vector<Unused_Value> Unused_Volatilisation(std::string_view bytes)
 Rate_Places Places_Of_Rates(std::string_view bytes)
 {
     const auto document = std::make_unique<Pesticide_Document>();
-    Reader reader(bytes, *document, nullptr);
+    Pesticide_Reader reader(bytes, *document, nullptr);
     reader.Read();
     return reader.Rates;
 }

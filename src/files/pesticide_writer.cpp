@@ -11,9 +11,9 @@ namespace {
 
 constexpr std::string_view Section_Rule = "###############################################";
 
-class Writer {
+class Pesticide_Writer {
 public:
-    explicit Writer(Pesticide_Document& document) : Document(document) {}
+    explicit Pesticide_Writer(Pesticide_Document& document) : Document(document) {}
 
     std::string Write()
     {
@@ -199,7 +199,7 @@ private:
 
 std::string Format_PSM(Pesticide_Document& document)
 {
-    return Writer(document).Write();
+    return Pesticide_Writer(document).Write();
 }
 
 } // namespace orvel

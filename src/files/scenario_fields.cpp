@@ -26,9 +26,9 @@ template <class Rows> std::size_t In_Use(const Rows& rows, double count)
 }
 
 // In the order of the file.
-class Lister {
+class Scenario_Lister {
 public:
-    explicit Lister(const Scenario_Document& document) : Document(document) {}
+    explicit Scenario_Lister(const Scenario_Document& document) : Document(document) {}
 
     Line_Fields List()
     {
@@ -105,7 +105,7 @@ std::optional<Lost_Field> Broken_By_Layout(const Scenario_Document& document)
     }
     Change_As_Read(written);
     Change_As_Read(read);
-    const auto lost = Lister(written).List().First_Not_In(Lister(read).List());
+    const auto lost = Scenario_Lister(written).List().First_Not_In(Scenario_Lister(read).List());
     return lost || complete ? lost : Unreadable();
 }
 

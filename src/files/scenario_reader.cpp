@@ -10,12 +10,12 @@ namespace {
 
 constexpr std::size_t Date_Width = 6;
 
-struct Date {
+struct Rotation_Day {
     std::int16_t Day = 0, Month = 0, Year = 0;
 };
 
 // A date of a rotation row is a word DDMMYY.
-Date Next_Date(Line_In& line)
+Rotation_Day Next_Date(Line_In& line)
 {
     const auto word = line.Word();
     if (!word.empty() && (word.size() != Date_Width || !Is_Digits(word)))
@@ -25,9 +25,9 @@ Date Next_Date(Line_In& line)
 
 // Tillage where the file has none: the day before emergence, or the 15th of the month before; the month before January
 // is 0.
-Date Derived_Tillage(const Rotation_Row& row)
+Rotation_Day Derived_Tillage(const Rotation_Row& row)
 {
-    Date date{static_cast<std::int16_t>(row.SZE_Eme_Day - 1), row.SZE_Eme_Month, row.SZE_Eme_Year};
+    Rotation_Day date{static_cast<std::int16_t>(row.SZE_Eme_Day - 1), row.SZE_Eme_Month, row.SZE_Eme_Year};
     if (date.Day <= 0) {
         date.Day = 15;
         --date.Month;
@@ -36,11 +36,11 @@ Date Derived_Tillage(const Rotation_Row& row)
 }
 
 // Fills the document line by line; what was read before an error stays in it.
-class Reader {
+class Scenario_Reader {
 public:
     std::vector<Unused_Value> Unused;
 
-    Reader(std::string_view bytes, Scenario_Document& document, Misreads* misreads)
+    Scenario_Reader(std::string_view bytes, Scenario_Document& document, Misreads* misreads)
         : Lines(bytes),
           Document(document),
           Misread_Words(misreads)
@@ -104,7 +104,7 @@ private:
     void Read_Rotation_Row(Rotation_Row& row)
     {
         auto line = Next();
-        const Date emergence = Next_Date(line), maturation = Next_Date(line), harvest = Next_Date(line);
+        const Rotation_Day emergence = Next_Date(line), maturation = Next_Date(line), harvest = Next_Date(line);
         row.SZE_Eme_Day = emergence.Day, row.SZE_Eme_Month = emergence.Month, row.SZE_Eme_Year = emergence.Year;
         row.SZE_Mat_Day = maturation.Day, row.SZE_Mat_Month = maturation.Month, row.SZE_Mat_Year = maturation.Year;
         row.SZE_Har_Day = harvest.Day, row.SZE_Har_Month = harvest.Month, row.SZE_Har_Year = harvest.Year;
@@ -122,10 +122,10 @@ private:
                               To_I16(Val(Columns(date, 5, 2)))};
         }
         const bool has_dates = Contains(Marker, Marker_Derived_Tillage);
-        const Date senescence = has_dates ? Next_Date(line) : harvest;
+        const Rotation_Day senescence = has_dates ? Next_Date(line) : harvest;
         row.SZE_Sen_Day = senescence.Day, row.SZE_Sen_Month = senescence.Month, row.SZE_Sen_Year = senescence.Year;
         const bool has_tillage = has_dates && Marker != Marker_Derived_Tillage;
-        const Date tillage = has_tillage ? Next_Date(line) : Derived_Tillage(row);
+        const Rotation_Day tillage = has_tillage ? Next_Date(line) : Derived_Tillage(row);
         row.SZE_Til_Day = tillage.Day, row.SZE_Til_Month = tillage.Month, row.SZE_Til_Year = tillage.Year;
     }
 
@@ -183,14 +183,14 @@ std::vector<Unused_Value> Unused_Horizon_Numbers(std::string_view bytes)
 {
     Scenario_Document document;
     Reset_SZE(document);
-    Reader reader(bytes, document, nullptr);
+    Scenario_Reader reader(bytes, document, nullptr);
     reader.Read();
     return reader.Unused;
 }
 
 void Parse_SZE(std::string_view bytes, Scenario_Document& document, Misreads* misreads)
 {
-    Reader(bytes, document, misreads).Read();
+    Scenario_Reader(bytes, document, misreads).Read();
 }
 
 } // namespace orvel

@@ -6,9 +6,9 @@ namespace orvel {
 
 namespace {
 
-class Writer {
+class Scenario_Writer {
 public:
-    explicit Writer(Scenario_Document& document) : Document(document) {}
+    explicit Scenario_Writer(Scenario_Document& document) : Document(document) {}
 
     std::string Write()
     {
@@ -90,7 +90,7 @@ private:
 
 std::string Format_SZE(Scenario_Document& document)
 {
-    return Writer(document).Write();
+    return Scenario_Writer(document).Write();
 }
 
 } // namespace orvel

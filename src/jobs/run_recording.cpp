@@ -18,8 +18,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view Program_Name = "ORVELSUITE";
-constexpr std::string_view Control_Name = "orvel.inp";
-constexpr std::string_view Haude_Name = "Haude.dat";
 
 Recorded_File Recorded(std::string name, const File_Digest& digest)
 {

@@ -13,6 +13,8 @@ namespace orvel {
 
 // Making the record of a run (output/run_record.h): by the program that starts the engine.
 
+constexpr std::string_view Control_Name = "orvel.inp", Haude_Name = "Haude.dat";
+
 // The files that a run reads, as its orvel.inp names them: orvel.inp, scenario, pesticide, climates, Haude.dat; each
 // once. Throws Run_Refused, naming the first that is missing.
 std::vector<std::filesystem::path> Inputs_Of_Run(const std::filesystem::path& run_directory);

@@ -33,18 +33,18 @@ constexpr Anchor Macropore_Anchor("MACROPORE");
 constexpr Anchor Total_Runoff_Anchor("TOTAL RUNOFF");
 constexpr Anchor Leached_Anchor("LEACHED BELOW CORE");
 
-struct Span {
+struct Balance_Columns {
     std::size_t First, Width;
 };
-constexpr Span Rain_Span = {43, 9};
-constexpr Span Irrigation_Span = {61, 9};
-constexpr Span Loss_Span = {79, 9};
-constexpr Span Snow_Span = {40, 15};
-constexpr Span Runoff_Span = {60, 10};
-constexpr Span Transpiration_Span = {58, 16};
-constexpr Span Recharge_Span = {40, 10};
-constexpr Span Application_Span = {19, 12};
-constexpr Span Total_Span = {40, 12};
+constexpr Balance_Columns Rain_Span = {43, 9};
+constexpr Balance_Columns Irrigation_Span = {61, 9};
+constexpr Balance_Columns Loss_Span = {79, 9};
+constexpr Balance_Columns Snow_Span = {40, 15};
+constexpr Balance_Columns Runoff_Span = {60, 10};
+constexpr Balance_Columns Transpiration_Span = {58, 16};
+constexpr Balance_Columns Recharge_Span = {40, 10};
+constexpr Balance_Columns Application_Span = {19, 12};
+constexpr Balance_Columns Total_Span = {40, 12};
 
 constexpr int Value_Below = 2;      // lines from an anchor to its values
 constexpr int Water_Rows_Below = 3; // lines from the anchor to the first row
@@ -71,19 +71,19 @@ double Decimal_Sum(std::initializer_list<double> figures)
     return std::isfinite(sum * scale) ? std::round(sum * scale) / scale : sum;
 }
 
-double Number(const Line_Scanner& file, Span span)
+double Number(const Line_Scanner& file, Balance_Columns span)
 {
     return Quick_Val(Columns(file.Line(), span.First, span.Width));
 }
 
 // The value on the line of an anchor, 0 where the file ends before.
-double Value_At(Line_Scanner& file, const Anchor& anchor, Span span)
+double Value_At(Line_Scanner& file, const Anchor& anchor, Balance_Columns span)
 {
     return file.Find(anchor) ? Number(file, span) : 0;
 }
 
 // The sum of a table's column: it begins `below` lines further down and ends before the line with `end`.
-double Sum_Of_Rows(Line_Scanner& file, int below, const Anchor& end, Span span)
+double Sum_Of_Rows(Line_Scanner& file, int below, const Anchor& end, Balance_Columns span)
 {
     double sum = 0;
     if (!file.Skip(below - 1))
@@ -103,7 +103,7 @@ bool Find_Either(Line_Scanner& file, const Anchor& one, const Anchor& other)
     return false;
 }
 
-double Value_Below_Line(Line_Scanner& file, Span span)
+double Value_Below_Line(Line_Scanner& file, Balance_Columns span)
 {
     return file.Skip(Value_Below) ? Number(file, span) : 0;
 }

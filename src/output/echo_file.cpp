@@ -17,13 +17,13 @@ constexpr Anchor Error_Anchor("ERROR");
 constexpr Anchor Spaced_Error_Anchor("E R R O R");
 constexpr Anchor Stopped_Anchor("ERROR 99");
 
-struct Span {
+struct Echo_Columns {
     std::size_t First, Width;
 };
-constexpr Span Total_Span = {55, 20}, Top_Span = {53, 10}, Name_Span = {19, 100};
+constexpr Echo_Columns Echo_Total_Span = {55, 20}, Top_Span = {53, 10}, Name_Span = {19, 100};
 constexpr std::size_t Name_Mark = 3; // characters behind the name
 
-std::string In(std::string_view line, Span span)
+std::string In(std::string_view line, Echo_Columns span)
 {
     return std::string(Columns(line, span.First, span.Width));
 }
@@ -70,7 +70,7 @@ private:
     {
         switch (Next) {
         case Wanted::Total:
-            Read.Total = In(line, Total_Span);
+            Read.Total = In(line, Echo_Total_Span);
             break;
         case Wanted::Water_Frequency:
             Read.Water_Frequency = line;

@@ -38,7 +38,7 @@ Line_Scanner::Line_Scanner(std::size_t window)
 
 namespace {
 
-File_Handle Opened(const std::filesystem::path& file)
+File_Handle Opened_To_Scan(const std::filesystem::path& file)
 {
     std::error_code error;
     File_Handle opened(file, File_Handle::Use::Read, error);
@@ -61,7 +61,7 @@ std::size_t Fitting(std::size_t window, const File_Handle& file)
 } // namespace
 
 Line_Scanner::Line_Scanner(const std::filesystem::path& file, std::size_t window)
-    : Line_Scanner(file, Opened(file), window)
+    : Line_Scanner(file, Opened_To_Scan(file), window)
 {}
 
 Line_Scanner::Line_Scanner(const std::filesystem::path& file, File_Handle opened, std::size_t window)

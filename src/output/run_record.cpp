@@ -15,7 +15,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Schema = 1;
+constexpr int Record_Schema = 1;
 constexpr std::size_t Largest_Record = 1U << 20U;
 constexpr std::array<std::string_view, 7> Verdict_Texts = {"complete", "incomplete", "failed",    "stopped",
                                                            "running",  "scheduled",  "unrecorded"};
@@ -117,7 +117,7 @@ std::string_view Verdict_Text(Verdict verdict)
 Run_Record Parse_Run_Record(std::string_view text)
 {
     const Json_Value json = Parse_Json(text);
-    if (Member(json, "schema", Small) != Schema)
+    if (Member(json, "schema", Small) != Record_Schema)
         throw File_Error("The record has a schema that this program does not know.");
     Run_Record record;
     const Json_Value& program = json.At("program");
@@ -149,7 +149,7 @@ std::string Format_Run_Record(const Run_Record& record)
 {
     Json_Writer json;
     json.Object([&] {
-        json.Member("schema", Schema);
+        json.Member("schema", Record_Schema);
         json.Key("program");
         json.Object([&] {
             json.Member("name", record.Program);

@@ -8,6 +8,7 @@
 #include "core/system/file_handle.h"
 #include "core/system/flush.h"
 #include "core/text.h"
+#include "jobs/run_recording.h"
 #include "output/run_files.h"
 #include "plans/run_maker.h"
 #include "runs/run_place.h"
@@ -23,9 +24,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int Schema = 1;
-constexpr std::string_view Set_Up_Lock = "set-up.lock", Locks_Name = "locks", Runs_Name = "runs";
-constexpr std::string_view Haude_Name = "Haude.dat";
+constexpr int Plan_Schema = 1;
+constexpr std::string_view Set_Up_Lock = "set-up.lock";
 constexpr std::chrono::minutes Longest_Set_Up(30); // by another part, which this one waits for
 
 [[noreturn]] void Refuse(const fs::path& directory, const std::string& reason)
@@ -48,7 +48,7 @@ std::string Format_Record(const Plan_Record& record)
 {
     Json_Writer json;
     json.Object([&] {
-        json.Member("schema", Schema);
+        json.Member("schema", Plan_Schema);
         json.Member("plan", record.Sha256);
         json.Member("rows", record.Rows);
         json.Member("engine", record.Engine);
@@ -158,7 +158,7 @@ void Copy_Inputs(const fs::path& directory, const Sources& sources)
 // Throws File_Error if the directory holds something else than what a plan's set-up leaves.
 void Check_Free(const fs::path& directory)
 {
-    constexpr std::array<std::string_view, 5> Own = {Set_Up_Lock, Inputs_Name, Plan_Copy_Name, Locks_Name,
+    constexpr std::array<std::string_view, 5> Own = {Set_Up_Lock, Inputs_Name, Plan_Copy_Name, Plan_Locks_Name,
                                                      Plan_Journal_Name};
     std::error_code error;
     for (fs::directory_iterator entry(directory, error), end; !error && entry != end; entry.increment(error)) {
@@ -184,8 +184,8 @@ Plan_Record Set_Up(const Program_State& program, const fs::path& plan, const fs:
     Copy_Whole(plan, directory / Plan_Copy_Name);
     if (Sha256_Of_File(directory / Plan_Copy_Name) != digest)
         throw File_Error("The plan " + plan.string() + " was changed while it was read.");
-    Make_Directory(directory / Locks_Name);
-    Make_Directory(directory / Runs_Name);
+    Make_Directory(directory / Plan_Locks_Name);
+    Make_Directory(directory / Plan_Runs_Name);
     Write_Whole(directory / Plan_Record_Name, Format_Record(record)); // from now on the plan is there
     return record;
 }
@@ -194,8 +194,8 @@ Plan_Record Set_Up(const Program_State& program, const fs::path& plan, const fs:
 std::vector<std::string> Parts_At_Work(const fs::path& directory)
 {
     std::vector<std::string> parts;
-    for (const auto& name : List_Files(directory / Locks_Name, "*-of-*")) {
-        if (Is_Locked(directory / Locks_Name / name))
+    for (const auto& name : List_Files(directory / Plan_Locks_Name, "*-of-*")) {
+        if (Is_Locked(directory / Plan_Locks_Name / name))
             parts.push_back(name);
     }
     return parts;
@@ -211,7 +211,7 @@ Lock Take_Part(const fs::path& directory, const Plan_Part& part)
         if (!other.ends_with(of))
             Refuse_Part(directory, " on part " + other + ", which shares rows with this one");
     }
-    const fs::path file = directory / Locks_Name / name;
+    const fs::path file = directory / Plan_Locks_Name / name;
     Make_Directory(file.parent_path());
     Write_Whole(file, "");
     auto lock = Lock::Take_Within(file, std::chrono::seconds(2));
@@ -270,7 +270,7 @@ try {
     if (text.empty())
         return std::nullopt;
     const Json_Value json = Parse_Json(text);
-    if (json.At("schema").Whole_Number() != Schema)
+    if (json.At("schema").Whole_Number() != Plan_Schema)
         throw File_Error("It is of another version of this program.");
     return Plan_Record{.Sha256 = json.At("plan").Text(),
                        .Rows = static_cast<std::size_t>(json.At("rows").Whole_Number()),
@@ -283,7 +283,7 @@ try {
 fs::path Directory_Of_Row(const fs::path& directory, std::size_t row)
 {
     constexpr std::size_t Together = 1000;
-    return directory / Runs_Name / Digits((row - 1) / Together, 4) / Digits(row, 7);
+    return directory / Plan_Runs_Name / Digits((row - 1) / Together, 4) / Digits(row, 7);
 }
 
 Csv_Reader::Source Source_Of_File(const fs::path& file)
@@ -339,7 +339,7 @@ std::optional<fs::file_time_type> At_Work_Since(const fs::path& directory)
     std::optional<fs::file_time_type> since;
     for (const auto& part : Parts_At_Work(directory)) {
         std::error_code error;
-        const auto begun = fs::last_write_time(directory / Locks_Name / part, error);
+        const auto begun = fs::last_write_time(directory / Plan_Locks_Name / part, error);
         if (!error)
             since = std::min(since.value_or(begun), begun);
     }

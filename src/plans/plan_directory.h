@@ -17,7 +17,8 @@ namespace orvel {
 // The directory of a plan: a copy of the plan and of everything that its runs read, so that nothing that changes
 // elsewhere reaches them, and a directory a run. docs/formats.md tells what lies where.
 
-constexpr std::string_view Plan_Copy_Name = "plan.csv", Plan_Record_Name = "plan.json", Plan_Journal_Name = "plan.log";
+constexpr std::string_view Plan_Copy_Name = "plan.csv", Plan_Record_Name = "plan.json", Plan_Journal_Name = "plan.log",
+                           Plan_Locks_Name = "locks", Plan_Runs_Name = "runs";
 
 // What is known of a plan once its directory was set up.
 struct Plan_Record {

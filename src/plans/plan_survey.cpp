@@ -24,7 +24,6 @@ constexpr auto Between_Looks_At_Work = 500ms;
 constexpr auto Between_Looks_Unwatched = 2s; // where there is no directory yet, or the system tells nothing
 constexpr auto Between_Full_Looks = 60s;
 constexpr std::size_t Block = 1000; // rows whose directories lie together
-constexpr std::string_view Locks_Name = "locks", Runs_Name = "runs";
 
 // What a program that ran the plan without a terminal has said last.
 std::string Last_Line_Of_Journal(const fs::path& directory)
@@ -223,7 +222,7 @@ try {
     const bool had_runs = View.Has_Runs;
     if (Is_Of_Plan()) {
         at_everything = at_everything || !had_runs;
-        Is_Watched = Watch.Add(directory / Locks_Name) && Watch.Add(directory / Runs_Name) && Is_Watched;
+        Is_Watched = Watch.Add(directory / Plan_Locks_Name) && Watch.Add(directory / Plan_Runs_Name) && Is_Watched;
         const bool was_at_work = Since.has_value();
         Since = At_Work_Since(directory);
         if (Since || was_at_work || at_everything) {
@@ -297,8 +296,8 @@ void Plan_Survey::Wait()
     const auto events = Watch.Wait(most);
     const fs::path& directory = View.Place.Directory;
     const bool is_of_runs = std::ranges::any_of(events, [&](const Directory_Watch::Event& event) {
-        return event.Directory.empty() || event.Directory == directory || event.Directory == directory / Locks_Name ||
-               event.Directory == directory / Runs_Name;
+        return event.Directory.empty() || event.Directory == directory ||
+               event.Directory == directory / Plan_Locks_Name || event.Directory == directory / Plan_Runs_Name;
     });
     const bool is_plan_new = std::ranges::any_of(events, [&](const Directory_Watch::Event& event) {
         return event.Directory == View.Place.Plan.parent_path() && event.Name == View.Place.Plan.filename();

@@ -6,6 +6,7 @@
 #include "core/write_unflushed.h"
 #include "jobs/engine_start.h"
 #include "jobs/engines.h"
+#include "jobs/run_recording.h"
 #include "output/run_outputs.h"
 #include "output/run_state.h"
 #include "plans/run_maker.h"
@@ -21,7 +22,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Control_Name = "orvel.inp", Haude_Name = "Haude.dat";
 using Named_Keep = std::pair<std::string_view, Plan_Keep>;
 constexpr std::array<Named_Keep, 3> Keep_Names = {
     {{"records", Plan_Keep::Records}, {"tables", Plan_Keep::Tables}, {"all", Plan_Keep::All}}};

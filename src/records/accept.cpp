@@ -11,6 +11,7 @@
 #include "core/write_unflushed.h"
 #include "installation/installation_files.h"
 #include "jobs/engines.h"
+#include "jobs/job.h"
 #include "jobs/job_status.h"
 #include "output/run_files.h"
 #include "records/unpacked_archive.h"
@@ -31,7 +32,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Expected_Name = "expected.csv", Stop_Here = "orveljob.stop";
+constexpr std::string_view Expected_Name = "expected.csv";
 
 const Mode& Focus()
 {
@@ -110,7 +111,7 @@ public:
         : Program(program),
           Runs(runs),
           Report(progress),
-          Work(program.App_Path / Stop_Here,
+          Work(program.App_Path / Stop_Name,
                [this](std::size_t run, const Run_Record& record, const std::string& error) {
                    ++Done;
                    if (!error.empty() || record.Verdict != Verdict::Complete)
@@ -155,7 +156,7 @@ private:
     {
         const std::string text = std::to_string(Done) + " of " + std::to_string(Runs.size()) + " runs";
         if (Report && !Report(text, static_cast<double>(Done) / static_cast<double>(Runs.size())))
-            Write_Unflushed(Program.App_Path / Stop_Here, "");
+            Write_Unflushed(Program.App_Path / Stop_Name, "");
         Work.Wait();
     }
 

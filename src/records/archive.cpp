@@ -28,7 +28,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view All_Crops = "all";
 constexpr std::string_view Report_Name = "report.html";
 
 // The part of the work that reading twice for the digests takes.

@@ -9,7 +9,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Schema = 1;
+constexpr int Manifest_Schema = 1;
 
 Archived_Run Run_Of(const Json_Value& value)
 {
@@ -53,7 +53,7 @@ bool Is_Safe_Part(std::string_view part)
 Archive_Manifest Parse_Manifest(std::string_view text)
 {
     const Json_Value json = Parse_Json(text);
-    if (Member(json, "schema", Small) != Schema)
+    if (Member(json, "schema", Small) != Manifest_Schema)
         throw File_Error("The archive has a schema that this program does not know.");
     Archive_Manifest manifest;
     const Json_Value& program = json.At("program");
@@ -72,7 +72,7 @@ std::string Format_Manifest(const Archive_Manifest& manifest)
 {
     Json_Writer json;
     json.Object([&] {
-        json.Member("schema", Schema);
+        json.Member("schema", Manifest_Schema);
         json.Key("program");
         json.Object([&] {
             json.Member("name", manifest.Program);

@@ -6,6 +6,7 @@
 #include "core/named_input.h"
 #include "core/run_name.h"
 #include "core/text.h"
+#include "jobs/run_recording.h"
 #include "output/run_outputs.h"
 #include "output/run_record.h"
 #include "records/compare_documents.h"
@@ -22,7 +23,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Control_Name = "orvel.inp", Haude_Name = "Haude.dat";
 constexpr std::array<Mode_Kind, 3> Modes = {Mode_Kind::Focus, Mode_Kind::Efsa, Mode_Kind::Efsa_T4};
 
 constexpr std::array<std::string_view, 6> Kind_Texts = {"a pesticide document", "a scenario document",

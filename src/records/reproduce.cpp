@@ -7,6 +7,7 @@
 #include "core/system/processors.h"
 #include "core/text.h"
 #include "jobs/engines.h"
+#include "jobs/job.h"
 #include "output/run_files.h"
 #include "output/run_outputs.h"
 #include "records/archive_reader.h"
@@ -22,7 +23,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Stop_Here = "orveljob.stop";
 constexpr double Share_Of_Layout = 0.1; // of the work
 
 // What an engine left, or what lies beside its files and is not read by it.
@@ -86,7 +86,7 @@ public:
           Place(place),
           Engine(engine),
           Report(progress),
-          Work(place / Stop_Here, [this](std::size_t run, const Run_Record& record, const std::string& error) {
+          Work(place / Stop_Name, [this](std::size_t run, const Run_Record& record, const std::string& error) {
               ++Done;
               Records[run] = record;
               if (!error.empty() || record.Verdict != Verdict::Complete)
@@ -126,7 +126,7 @@ private:
         const std::string text = std::to_string(Done) + " of " + std::to_string(Manifest.Runs.size()) + " runs";
         const double share = Share_Of_Layout + (1 - Share_Of_Layout) * static_cast<double>(Done) / runs;
         if (Report && !Report(text, share))
-            Write_Whole(Place / Stop_Here, "");
+            Write_Whole(Place / Stop_Name, "");
         Work.Wait();
     }
 

@@ -19,8 +19,6 @@ const std::array<std::uint32_t, Most_Classes> Class_Inks = {0x1C1F23, 0x1C1F23, 
 
 namespace {
 
-constexpr std::string_view Byte_Order_Mark = "\xEF\xBB\xBF"; // by which spreadsheets know UTF-8
-
 Shown_Cell Plain(std::string text)
 {
     return {.Text = std::move(text)};
@@ -91,14 +89,6 @@ std::string Notes_Of(const Overview& overview, const Overview_Row& row)
                  std::to_string(run->Dry_Periods);
     }
     return notes;
-}
-
-std::string Line_Of(const std::vector<std::string>& fields)
-{
-    std::string line;
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        line += (i == 0 ? "" : ",") + Csv_Field(fields[i]);
-    return line.append(CrLf);
 }
 
 std::vector<std::string> Texts_Of(const std::vector<Shown_Cell>& cells)
@@ -210,9 +200,9 @@ std::string Overview_Lines(const Overview& overview)
 std::string Overview_Csv(const Overview& overview)
 {
     const Shown_Table table = Spread_Table_Of(overview, {});
-    std::string csv = Line_Of(table.Heads);
+    std::string csv = Csv_Line(table.Heads);
     for (const auto& row : table.Rows)
-        csv += Line_Of(Texts_Of(row));
+        csv += Csv_Line(Texts_Of(row));
     return std::string(Byte_Order_Mark) + To_Utf8(csv);
 }
 

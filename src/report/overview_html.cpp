@@ -9,7 +9,7 @@ namespace orvel {
 namespace {
 
 // A class is told by its sign as well as by its colour, and what is above the limit by bold figures.
-constexpr std::string_view Style = R"(
+constexpr std::string_view Overview_Style = R"(
 body { max-width: none; }
 .key { display: flex; flex-wrap: wrap; gap: 0.4rem 0.8rem; padding: 0; margin: 0.8rem 0; list-style: none; font-size: 0.85rem; }
 .key li { padding: 0.1rem 0.6rem; border: 1px solid var(--rule); border-radius: 0.3rem; }
@@ -41,21 +41,15 @@ std::string Hexadecimal(std::uint32_t colour)
     return text;
 }
 
-std::string Element(std::string_view name, std::string_view attributes, std::string_view inner)
-{
-    const std::string tag(name);
-    return "<" + tag + std::string(attributes) + ">" + std::string(inner) + "</" + tag + ">";
-}
-
 // The figure of the other assessment, and the ratio.
 std::string Beside_Of(const Shown_Cell& cell)
 {
     if (cell.Beside.empty() || cell.Beside.front().Text.empty())
         return {};
     const std::string ratio = cell.Beside.back().Text;
-    return Element("span", " class=\"other\"",
-                   " | " + Xml_Text(cell.Beside.front().Text) +
-                       (ratio.empty() ? "" : " | " + Xml_Text("\xD7" + ratio)));
+    return Xml_Element("span", " class=\"other\"",
+                       " | " + Xml_Text(cell.Beside.front().Text) +
+                           (ratio.empty() ? "" : " | " + Xml_Text("\xD7" + ratio)));
 }
 
 // Colours stand at each cell as well: a clipboard takes no style sheet.
@@ -64,21 +58,21 @@ std::string Cell_Of(const Shown_Cell& cell, const std::string& head, bool is_met
     const std::string named = " data-head=\"" + Xml_Text(head) + "\"";
     const std::string beside = Beside_Of(cell);
     if (!cell.Value)
-        return Element("td",
-                       named + (cell.Is_State   ? " class=\"state\""
-                                : is_metabolite ? " class=\"metabolite\""
-                                                : ""),
-                       Xml_Text(cell.Text) + beside);
+        return Xml_Element("td",
+                           named + (cell.Is_State   ? " class=\"state\""
+                                    : is_metabolite ? " class=\"metabolite\""
+                                                    : ""),
+                           Xml_Text(cell.Text) + beside);
     const std::string figure = cell.Text.substr(0, cell.Text.find(" ("));
-    std::string inner = Element("span", " class=\"sign\"", Class_Signs[cell.Class]) + " ";
-    inner += cell.Above_Limit ? Element("b", "", Xml_Text(figure)) : Xml_Text(figure);
+    std::string inner = Xml_Element("span", " class=\"sign\"", Class_Signs[cell.Class]) + " ";
+    inner += cell.Above_Limit ? Xml_Element("b", "", Xml_Text(figure)) : Xml_Text(figure);
     if (!cell.Mark.empty())
-        inner += Element("span", " class=\"mark\"", "(" + Xml_Text(cell.Mark) + ")");
+        inner += Xml_Element("span", " class=\"mark\"", "(" + Xml_Text(cell.Mark) + ")");
     inner += beside;
-    return Element("td",
-                   named + " class=\"figure c" + std::to_string(cell.Class) + (cell.Above_Limit ? " over" : "") +
-                       "\" style=\"" + Class_Colours(cell.Class) + ";text-align:right\"",
-                   inner);
+    return Xml_Element("td",
+                       named + " class=\"figure c" + std::to_string(cell.Class) + (cell.Above_Limit ? " over" : "") +
+                           "\" style=\"" + Class_Colours(cell.Class) + ";text-align:right\"",
+                       inner);
 }
 
 std::string Table_Of(const Shown_Table& table)
@@ -86,15 +80,15 @@ std::string Table_Of(const Shown_Table& table)
     constexpr std::size_t Substance_Column = 2;
     std::string heads, rows;
     for (const auto& head : table.Heads)
-        heads += Element("th", " scope=\"col\"", Xml_Text(head));
+        heads += Xml_Element("th", " scope=\"col\"", Xml_Text(head));
     for (std::size_t r = 0; r < table.Rows.size(); ++r) {
         std::string cells;
         for (std::size_t c = 0; c < table.Rows[r].size(); ++c)
             cells += Cell_Of(table.Rows[r][c], table.Heads[c], c == Substance_Column && table.Is_Metabolite[r]);
-        rows += Element("tr", "", cells) + "\n";
+        rows += Xml_Element("tr", "", cells) + "\n";
     }
-    return "<table>\n" + Element("thead", "", Element("tr", "", heads)) + "\n" + Element("tbody", "", "\n" + rows) +
-           "\n</table>\n";
+    return "<table>\n" + Xml_Element("thead", "", Xml_Element("tr", "", heads)) + "\n" +
+           Xml_Element("tbody", "", "\n" + rows) + "\n</table>\n";
 }
 
 std::string Key_Of(const std::vector<double>& bounds)
@@ -103,11 +97,11 @@ std::string Key_Of(const std::vector<double>& bounds)
     const auto texts = Class_Texts(bounds);
     for (std::size_t i = 0; i < texts.size(); ++i) {
         const std::size_t place = Class_Place(i, bounds.size());
-        items += Element("li", " class=\"c" + std::to_string(place) + "\" style=\"" + Class_Colours(place) + "\"",
-                         std::string(Class_Signs[place]) + " " + Xml_Text(texts[i])) +
+        items += Xml_Element("li", " class=\"c" + std::to_string(place) + "\" style=\"" + Class_Colours(place) + "\"",
+                             std::string(Class_Signs[place]) + " " + Xml_Text(texts[i])) +
                  "\n";
     }
-    return Element("ul", " class=\"key\"", "\n" + items) + "\n";
+    return Xml_Element("ul", " class=\"key\"", "\n" + items) + "\n";
 }
 
 } // namespace
@@ -126,10 +120,10 @@ std::string Overview_Html(const Overview& overview, const std::vector<double>& b
 {
     std::string sentences;
     for (const auto& sentence : Sentences_Of(overview))
-        sentences += Element("p", "", Xml_Text(sentence)) + "\n";
+        sentences += Xml_Element("p", "", Xml_Text(sentence)) + "\n";
     const std::string key = overview.Has_Limit ? Key_Of(bounds) : std::string();
-    return Standing_Page("Overview", Style,
-                         Element("h1", "", "Overview") + "\n" + sentences + key + "<div class=\"wide\">" +
+    return Standing_Page("Overview", Overview_Style,
+                         Xml_Element("h1", "", "Overview") + "\n" + sentences + key + "<div class=\"wide\">" +
                              Table_Of(Shown_Table_Of(overview, overview.Has_Limit ? bounds : std::vector<double>())) +
                              "</div>\n");
 }

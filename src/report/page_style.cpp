@@ -5,7 +5,7 @@ namespace orvel {
 namespace {
 
 // Marks are told by words too, since colours may be lost in print.
-constexpr std::string_view Style = R"(
+constexpr std::string_view Page_Rules = R"(
 :root { color-scheme: light dark; --ink: #1c1f23; --ground: #ffffff; --soft: #f3f5f7; --rule: #c9ced6; --above: #b3261e; --warn: #fff4d6; }
 @media (prefers-color-scheme: dark) {
   :root { --ink: #e6e8eb; --ground: #16181b; --soft: #22262b; --rule: #454b54; --above: #ff8a7a; --warn: #3a3218; }
@@ -38,7 +38,7 @@ std::string Standing_Page(std::string_view title, std::string_view style, std::s
     return "<!DOCTYPE html>\n<html xmlns=\"http://www.w3.org/1999/xhtml\" lang=\"en\" xml:lang=\"en\">\n<head>\n<meta "
            "charset=\"utf-8\"/>\n"
            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n<title>" +
-           std::string(title) + "</title>\n<style>" + std::string(Style) + std::string(style) +
+           std::string(title) + "</title>\n<style>" + std::string(Page_Rules) + std::string(style) +
            "</style>\n</head>\n<body>\n<main>\n" + std::string(body) + "</main>\n</body>\n</html>\n";
 }
 

@@ -11,16 +11,6 @@ namespace orvel {
 
 namespace {
 
-constexpr std::string_view Byte_Order_Mark = "\xEF\xBB\xBF"; // by which spreadsheets know UTF-8
-
-std::string Line_Of(const std::vector<std::string>& fields)
-{
-    std::string line;
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        line += (i == 0 ? "" : ",") + Csv_Field(fields[i]);
-    return line.append(CrLf);
-}
-
 std::string Uses_Text(const std::vector<Report_Use>& uses)
 {
     std::string text;
@@ -65,29 +55,29 @@ std::vector<std::string> Figures(const Report_Result* result)
 
 std::string Report_Csv(const Report& report)
 {
-    std::string csv = Line_Of({"Crop",
-                               "Substance",
-                               "Location",
-                               "80th percentile (\xB5g/L)",
-                               "Above " + Limit_Text(),
-                               "Period A",
-                               "Years of A",
-                               "Concentration of A (\xB5g/L)",
-                               "Period B",
-                               "Years of B",
-                               "Concentration of B (\xB5g/L)",
-                               "Flux (g/ha)",
-                               "Percolate (L/m\xB2)",
-                               "Problem",
-                               "Uses",
-                               "Simulated on",
-                               "Years",
-                               "Pesticide file",
-                               "SHA-256 of the pesticide file",
-                               "Engine",
-                               "SHA-256 of the engine",
-                               "Program",
-                               "Guidance check"});
+    std::string csv = Csv_Line({"Crop",
+                                "Substance",
+                                "Location",
+                                "80th percentile (\xB5g/L)",
+                                "Above " + Limit_Text(),
+                                "Period A",
+                                "Years of A",
+                                "Concentration of A (\xB5g/L)",
+                                "Period B",
+                                "Years of B",
+                                "Concentration of B (\xB5g/L)",
+                                "Flux (g/ha)",
+                                "Percolate (L/m\xB2)",
+                                "Problem",
+                                "Uses",
+                                "Simulated on",
+                                "Years",
+                                "Pesticide file",
+                                "SHA-256 of the pesticide file",
+                                "Engine",
+                                "SHA-256 of the engine",
+                                "Program",
+                                "Guidance check"});
     const std::string guidance = Guidance_Text(report.Guidance);
     for (const auto& crop : report.Crops) {
         // Without any result the runs still tell their problems.
@@ -103,7 +93,7 @@ std::string Report_Csv(const Report& report)
                       run.Pesticide.Name, run.Pesticide.Sha256, report.Engine_File.Name, report.Engine_File.Sha256,
                       report.Program, guidance})
                     fields.push_back(field);
-                csv += Line_Of(fields);
+                csv += Csv_Line(fields);
             }
         }
     }

@@ -10,12 +10,6 @@ namespace orvel {
 
 namespace {
 
-std::string Element(std::string_view name, std::string_view attributes, std::string_view inner)
-{
-    const std::string tag(name);
-    return "<" + tag + std::string(attributes) + ">" + std::string(inner) + "</" + tag + ">";
-}
-
 bool Has_Heads(const Report_Grid& grid)
 {
     return !grid.Columns.front().Head.empty();
@@ -25,58 +19,58 @@ std::string Cell_Of(const Report_Grid& grid, const Report_Line& line, std::size_
 {
     const Report_Column& column = grid.Columns[i];
     if (line.Cells.size() < grid.Columns.size() && i + 1 == line.Cells.size())
-        return Element("td", " class=\"problem\" colspan=\"" + std::to_string(grid.Columns.size() - i) + "\"",
-                       Xml_Text(line.Cells[i]));
+        return Xml_Element("td", " class=\"problem\" colspan=\"" + std::to_string(grid.Columns.size() - i) + "\"",
+                           Xml_Text(line.Cells[i]));
     if (!Has_Heads(grid) && i == 0)
-        return Element("th", " scope=\"row\"", Xml_Text(line.Cells[i]));
+        return Xml_Element("th", " scope=\"row\"", Xml_Text(line.Cells[i]));
     if (i < line.Marks.size() && line.Marks[i].Class >= 0) {
         const auto place = static_cast<std::size_t>(line.Marks[i].Class);
         const std::string text = std::string(Class_Signs[place]) + " " + Xml_Text(line.Cells[i]);
-        return Element("td", " class=\"number class\" style=\"" + Class_Colours(place) + "\"",
-                       line.Marks[i].Bold ? Element("b", "", text) : text);
+        return Xml_Element("td", " class=\"number class\" style=\"" + Class_Colours(place) + "\"",
+                           line.Marks[i].Bold ? Xml_Element("b", "", text) : text);
     }
     const std::string_view kind = column.Is_Number           ? " class=\"number\""
                                   : column.Head == "SHA-256" ? " class=\"digest\""
                                                              : "";
-    return Element("td", kind, Xml_Text(line.Cells[i]));
+    return Xml_Element("td", kind, Xml_Text(line.Cells[i]));
 }
 
 std::string Table_Of(const Report_Grid& grid)
 {
     std::string heads, rows;
     for (const auto& column : grid.Columns)
-        heads += Element("th", column.Is_Number ? " scope=\"col\" class=\"number\"" : " scope=\"col\"",
-                         Xml_Text(column.Head));
+        heads += Xml_Element("th", column.Is_Number ? " scope=\"col\" class=\"number\"" : " scope=\"col\"",
+                             Xml_Text(column.Head));
     for (const auto& line : grid.Lines) {
         std::string cells;
         for (std::size_t i = 0; i < line.Cells.size(); ++i)
             cells += Cell_Of(grid, line, i);
-        rows += Element("tr", line.Marked ? " class=\"above\"" : "", cells) + "\n";
+        rows += Xml_Element("tr", line.Marked ? " class=\"above\"" : "", cells) + "\n";
     }
-    const std::string head = Has_Heads(grid) ? Element("thead", "", Element("tr", "", heads)) + "\n" : "";
-    return "<div class=\"wide\"><table>\n" + head + Element("tbody", "", "\n" + rows) + "\n</table></div>\n";
+    const std::string head = Has_Heads(grid) ? Xml_Element("thead", "", Xml_Element("tr", "", heads)) + "\n" : "";
+    return "<div class=\"wide\"><table>\n" + head + Xml_Element("tbody", "", "\n" + rows) + "\n</table></div>\n";
 }
 
 std::string Sentences_Of(const Report_Section& section)
 {
     std::string text;
     for (const auto& sentence : section.Sentences)
-        text += Element(section.Is_Warning ? "li" : "p", "", Xml_Text(sentence)) + "\n";
-    return section.Is_Warning ? Element("ul", " class=\"notes\"", "\n" + text) + "\n" : text;
+        text += Xml_Element(section.Is_Warning ? "li" : "p", "", Xml_Text(sentence)) + "\n";
+    return section.Is_Warning ? Xml_Element("ul", " class=\"notes\"", "\n" + text) + "\n" : text;
 }
 
 std::string Html_Of(const Report_Section& section)
 {
     std::string text =
-        Element("h" + std::to_string(section.Level), "", Xml_Text(section.Heading)) + "\n" + Sentences_Of(section);
+        Xml_Element("h" + std::to_string(section.Level), "", Xml_Text(section.Heading)) + "\n" + Sentences_Of(section);
     if (!section.Grid.Lines.empty())
         text += Table_Of(section.Grid);
     if (section.Diagram != nullptr)
-        text += Element("figure", "",
-                        "\n" + Chart_Svg(*section.Diagram) +
-                            Element("figcaption", "", Xml_Text(section.Diagram->Title)) + "\n") +
+        text += Xml_Element("figure", "",
+                            "\n" + Chart_Svg(*section.Diagram) +
+                                Xml_Element("figcaption", "", Xml_Text(section.Diagram->Title)) + "\n") +
                 "\n";
-    return Element("section", "", "\n" + text) + "\n";
+    return Xml_Element("section", "", "\n" + text) + "\n";
 }
 
 } // namespace

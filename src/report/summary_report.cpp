@@ -17,7 +17,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view All_Crops = "all";
 constexpr std::size_t Name_Width = 17;
 constexpr std::size_t Most_Padding = 10;
 constexpr std::size_t Rule_Length = 82;

@@ -12,6 +12,8 @@
 
 namespace orvel {
 
+constexpr std::string_view All_Crops = "all"; // in place of a crop's name
+
 // The summary of one pesticide and crop over all locations: a table per substance of the 80th percentile rows of the
 // period tables at 1 m.
 

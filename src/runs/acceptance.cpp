@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int Schema = 1;
+constexpr int Acceptance_Schema = 1;
 
 // A text and its digest below a name.
 void Write_File(Json_Writer& json, std::string_view key, const std::string& name, const std::string& sha256)
@@ -30,7 +30,7 @@ std::string Format(const std::vector<Acceptance>& acceptances)
 {
     Json_Writer json;
     json.Object([&] {
-        json.Member("schema", Schema);
+        json.Member("schema", Acceptance_Schema);
         json.Key("acceptances");
         json.Array([&] {
             for (const auto& acceptance : acceptances) {
@@ -48,7 +48,7 @@ std::string Format(const std::vector<Acceptance>& acceptances)
 std::vector<Acceptance> Parse(const std::string& text)
 {
     const Json_Value json = Parse_Json(text);
-    if (json.At("schema").Whole_Number() != Schema)
+    if (json.At("schema").Whole_Number() != Acceptance_Schema)
         throw File_Error("It is of another version of this program.");
     std::vector<Acceptance> acceptances;
     for (const auto& entry : json.At("acceptances").Elements()) {

@@ -31,7 +31,7 @@ int Days_From(int first, int day)
     return ((day - first) % Year_Days + Year_Days) % Year_Days;
 }
 
-enum class Crop_Phase { None, Growing, Mature }; // by the dates of the scenario
+enum class Crop_Phase { Absent, Growing, Mature }; // by the dates of the scenario
 
 // The days of the year of a crop of the rotation.
 struct Crop_Days {
@@ -57,7 +57,7 @@ std::vector<Crop_Days> Crops_Of(const Scenario_Document& scenario)
 
 Crop_Phase Phase_On(const std::vector<Crop_Days>& crops, int day)
 {
-    Crop_Phase phase = Crop_Phase::None;
+    Crop_Phase phase = Crop_Phase::Absent;
     for (const auto& crop : crops) {
         const int since = Days_From(crop.Day[0], day);
         if (since < Days_From(crop.Day[0], crop.Day[1]))
@@ -132,15 +132,15 @@ void Add_Interception(Guidance_Facts& facts, const Guidance& guidance, const Run
         if (static_cast<int>(use.Location) != block || !day)
             continue;
         const Crop_Phase phase = Phase_On(crops, *day);
-        facts.Add(Fact_Name("Crop_Present", use.Location, use.Number), phase == Crop_Phase::None ? 0 : 1,
+        facts.Add(Fact_Name("Crop_Present", use.Location, use.Number), phase == Crop_Phase::Absent ? 0 : 1,
                   use.Prefix + "Frpex");
         if (entry == nullptr || !entry->Interception || document.App_Method.Number() != By_Hand)
             continue;
         const auto& share = *entry->Interception;
-        const double most = phase == Crop_Phase::None      ? share[0]
+        const double most = phase == Crop_Phase::Absent    ? share[0]
                             : phase == Crop_Phase::Growing ? std::max(share[1], share[2])
                                                            : std::max(share[3], share[4]);
-        const std::string stage = phase == Crop_Phase::None      ? "without the crop"
+        const std::string stage = phase == Crop_Phase::Absent    ? "without the crop"
                                   : phase == Crop_Phase::Growing ? "emergence to maturation"
                                                                  : "maturation to harvest";
         facts.Add(Fact_Name("Interception_Over_Table", use.Location, use.Number), use.Interception - most,

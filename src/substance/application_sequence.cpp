@@ -11,8 +11,6 @@ namespace orvel {
 
 namespace {
 
-constexpr int Days_A_Year = 365;
-
 int Day_Of_Simulation(const Application& application)
 {
     return application.App_Year * Days_A_Year + Day_Of_Year(application.App_Day, application.App_Month);

@@ -9,7 +9,6 @@ namespace {
 
 constexpr int Months = 12;
 constexpr std::array<int, Months + 1> Month_Length = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-constexpr int Days_A_Year = 365;
 
 } // namespace
 

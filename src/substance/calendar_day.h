@@ -4,6 +4,8 @@ namespace orvel {
 
 // The calendar of a year without leap days.
 
+constexpr int Days_A_Year = 365;
+
 // The day of the year, 1 to 365, of a date; for an invalid month the day itself.
 int Day_Of_Year(int day, int month);
 

@@ -76,7 +76,7 @@ double Rounded(double value)
     return std::round(value * Steps) / Steps;
 }
 
-std::string Rate_Field(int substance, int row)
+std::string Rate_Field_Name(int substance, int row)
 {
     return "Degradation[" + std::to_string(substance) + "][" + std::to_string(row) + "].Deg_Rate";
 }
@@ -91,7 +91,7 @@ void Add_Degradation(const Pesticide_Document& document, int i, Guidance_Facts& 
         if (rate > 0 && first == 0)
             first = row;
     }
-    const std::string field = Rate_Field(i, std::max(first, 1));
+    const std::string field = Rate_Field_Name(i, std::max(first, 1));
     facts.Add(Fact_Name("Total_Rate", At(i)), total, field, "1/d");
     if (total <= 0)
         return;
@@ -102,7 +102,8 @@ void Add_Degradation(const Pesticide_Document& document, int i, Guidance_Facts& 
             continue;
         const double rate = document.Degradation[At(i)][At(arrow.Row)].Deg_Rate.Number();
         if (rate > 0)
-            facts.Add(Fact_Name("Formation", At(i), At(arrow.Row)), Rounded(rate / total), Rate_Field(i, arrow.Row),
+            facts.Add(Fact_Name("Formation", At(i), At(arrow.Row)), Rounded(rate / total),
+                      Rate_Field_Name(i, arrow.Row),
                       "of " + document.Substance_Name[At(i)] + " to " + document.Substance_Name[At(arrow.Target)]);
     }
 }

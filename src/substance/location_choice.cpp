@@ -18,11 +18,6 @@ std::vector<std::string> Names_Of(std::size_t first, std::size_t last)
     return names;
 }
 
-bool Holds(const std::vector<std::string>& names, const std::string& name)
-{
-    return std::ranges::find(names, name) != names.end();
-}
-
 void Copy_Location(Pesticide_Edit edit, std::size_t to, std::size_t from)
 {
     edit.Editor.App_Per_Year[to] = edit.Editor.App_Per_Year[from];
@@ -55,6 +50,11 @@ void Remove_Location(Pesticide_Edit edit, std::vector<std::string>& list, std::s
 }
 
 } // namespace
+
+bool Holds(const std::vector<std::string>& names, const std::string& name)
+{
+    return std::ranges::find(names, name) != names.end();
+}
 
 std::vector<std::string> Offered_Locations()
 {

@@ -25,4 +25,6 @@ std::optional<std::size_t> Choose_Locations(Pesticide_Edit edit, std::vector<std
                                             const std::vector<std::string>& offered,
                                             const std::vector<std::string>& selected);
 
+bool Holds(const std::vector<std::string>& names, const std::string& name);
+
 } // namespace orvel

@@ -39,11 +39,6 @@ void Order_Blocks(Pesticide_Edit edit, const std::vector<int>& blocks)
     }
 }
 
-bool Holds(const std::vector<std::string>& names, const std::string& name)
-{
-    return std::ranges::find(names, name) != names.end();
-}
-
 } // namespace
 
 bool Is_Soil_Zone(std::string_view name)

@@ -19,8 +19,6 @@ namespace orvel {
 
 namespace {
 
-constexpr std::string_view Byte_Order_Mark = "\xEF\xBB\xBF"; // by which spreadsheets know UTF-8
-
 struct Sheet_Column {
     std::string_view Head;
     double Width;

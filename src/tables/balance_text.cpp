@@ -10,11 +10,9 @@ namespace orvel {
 
 namespace {
 
-constexpr int Number_Width = 4;
-constexpr int Figure_Width = 9;
+constexpr int Balance_Width = 9;
 constexpr int Last_Pesticide_Width = 10;
 constexpr std::size_t Rule_Length = 117;
-constexpr std::size_t Title_Count = 4; // titles above the tables, which are not searched
 constexpr std::string_view Balance = " Balance (";
 
 // What differs between the views: the beginning of the tables' titles, and the heading of the first column.
@@ -42,11 +40,11 @@ template <class Row, std::size_t Count> Row Print_Figures(Table_Text& text, std:
                                                           int last_width)
 {
     std::string line(Tab_Char);
-    line.append(Number_Text('I', static_cast<double>(number), Number_Width)).append("    ");
+    line.append(Number_Text('I', static_cast<double>(number), Year_Column_Width)).append("    ");
     for (const auto& column : columns) {
         auto& figure = row.*column.Figure;
         const bool last = &column == &columns.back();
-        line.append(Tab_Char).append(Number_Text('F', figure, last ? last_width : Figure_Width));
+        line.append(Tab_Char).append(Number_Text('F', figure, last ? last_width : Balance_Width));
         figure = As_Printed(figure);
     }
     text.Line(line);
@@ -113,7 +111,7 @@ void Print_Pesticide_Head(Table_Text& text, Balance_View view, std::string_view 
 
 Water_Balance_Row Print_Row(Table_Text& text, std::size_t number, Water_Balance_Row row)
 {
-    return Print_Figures(text, number, row, Water_Columns, Figure_Width);
+    return Print_Figures(text, number, row, Water_Columns, Balance_Width);
 }
 
 Pesticide_Balance_Row Print_Row(Table_Text& text, std::size_t number, Pesticide_Balance_Row row)

@@ -13,12 +13,10 @@ namespace orvel {
 
 namespace {
 
-constexpr int Number_Width = 4;
 constexpr int Figure_Width = 12;
 constexpr int Conc_Decimals = 3;
 constexpr std::size_t P80_Width = 100; // the most columns of a percentile row that a report repeats
 constexpr int Period_Lengths = 3;
-constexpr std::size_t Title_Count = 4;
 constexpr std::size_t Title_Line = 2, Heads_Line = 4; // within a table, after two blank lines and after one more
 
 constexpr std::string_view Rule = "\t------------------------------------------------------------";
@@ -69,7 +67,7 @@ void Print_Row(Table_Text& text, std::size_t number, const Leachate_Row& row)
 {
     std::string line(Tab_Char);
     text.Line(
-        line.append(Number_Text('I', static_cast<double>(number), Number_Width)).append(Gap).append(Figures(row)));
+        line.append(Number_Text('I', static_cast<double>(number), Year_Column_Width)).append(Gap).append(Figures(row)));
 }
 
 void Print_Labelled(Table_Text& text, std::string_view label, std::string_view screen_label, const std::string& figures)

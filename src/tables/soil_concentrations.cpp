@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int Figure_Width = 12;
+constexpr int Maximum_Width = 12;
 constexpr std::size_t Name_Width = 15;
 constexpr std::string_view Substance_Begin = "        Substance: \t";
 
@@ -28,9 +28,9 @@ void Print_Substance(Table_Text& text, std::string_view name, bool pore_water,
     text.Line("");
     text.Line(std::string("\t        TWA(d)\t") + "PEC(" + std::string(Soil_Unit(pore_water)) + ")" + "\tBegin TWA(d)");
     for (std::size_t w = 0; w < TWA_Window.size(); ++w) {
-        const std::string row = Number_Text('I', TWA_Window[w], Figure_Width) + "\t" +
-                                Number_Text('F', maxima[w].Value, Figure_Width) + "\t";
-        text.Line(row + Number_Text('I', maxima[w].Begin, Figure_Width), row + Simulation_Date(maxima[w].Begin));
+        const std::string row = Number_Text('I', TWA_Window[w], Maximum_Width) + "\t" +
+                                Number_Text('F', maxima[w].Value, Maximum_Width) + "\t";
+        text.Line(row + Number_Text('I', maxima[w].Begin, Maximum_Width), row + Simulation_Date(maxima[w].Begin));
     }
 }
 
@@ -71,7 +71,6 @@ fs::path Stored_Table(const fs::path& run_directory, int depth)
 Table_Text Parse(const std::vector<std::string_view>& lines, Soil_Concentrations& soil)
 {
     constexpr std::size_t Heads = 3; // of a substance
-    constexpr std::size_t Title_Count = 4;
     Table_Text text;
     if (lines.size() < Title_Count)
         return text;

@@ -5,6 +5,9 @@
 
 namespace orvel {
 
+constexpr std::size_t Title_Count = 4; // titles above the tables, which are not searched
+constexpr int Year_Column_Width = 4;
+
 // A table's text in its two forms: as written to a file and as shown.
 struct Table_Text {
     std::string File, Screen;

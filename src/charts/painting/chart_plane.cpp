@@ -10,7 +10,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Margin = 0.6; // of a line of text
+constexpr double Plane_Margin = 0.6; // of a line of text
 constexpr double Title_Lines = 1.6;
 constexpr double Lowest_Tick = 1.05; // of the axis' low end
 
@@ -33,7 +33,7 @@ double Left_Margin(const Chart& chart, double width, const QFont& font, const QP
     for (const Chart_Tick& tick : chart.Y.Ticks)
         widest = std::max(
             widest, Metrics_Of(Value_Label_Font(font, tick.Label), device).horizontalAdvance(Chart_Text(tick.Label)));
-    const double gaps = Margin * Metrics_Of(font, device).lineSpacing();
+    const double gaps = Plane_Margin * Metrics_Of(font, device).lineSpacing();
     const auto frame = Drawn_Frame(chart);
     const double free =
         (chart.X.Low - Big_Y_Tick * (chart.X.High - chart.X.Low) - frame.Left) / (frame.Right - frame.Left);
@@ -53,7 +53,7 @@ double Right_Margin(const Chart& chart, const QFont& font, const QPaintDevice* d
         if (!line.Name.empty())
             named = std::max(named, small.horizontalAdvance(Chart_Text(line.Name)) + 2 * Name_Gap * small.height());
     }
-    return std::max(widest / 2 + Margin / 2 * metrics.lineSpacing(), named);
+    return std::max(widest / 2 + Plane_Margin / 2 * metrics.lineSpacing(), named);
 }
 
 // The height of the position labels and of the axis title below them and below the lowest value.
@@ -63,7 +63,7 @@ double Bottom_Margin(const Chart& chart, double height, const QFont& font, const
                  title = 1.2 * Metrics_Of(font, device).lineSpacing();
     const auto frame = Drawn_Frame(chart);
     const auto free = [&](double y) { return (y - frame.Bottom) / (frame.Top - frame.Bottom); };
-    return std::max({Margin * label, Taken_Off(label + title, free(X_Labels_At(chart)), height),
+    return std::max({Plane_Margin * label, Taken_Off(label + title, free(X_Labels_At(chart)), height),
                      Taken_Off(title, free(Lowest_Tick * chart.Y.Low), height)});
 }
 

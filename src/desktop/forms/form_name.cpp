@@ -15,7 +15,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Columns_Shown = 60; // of the installation's path
+constexpr int Path_Columns = 60; // of the installation's path
 
 } // namespace
 
@@ -47,7 +47,7 @@ Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
     auto* all = new QVBoxLayout(this);
     all->addLayout(rows);
     all->addLayout(buttons);
-    resize(fontMetrics().averageCharWidth() * Columns_Shown, sizeHint().height());
+    resize(fontMetrics().averageCharWidth() * Path_Columns, sizeHint().height());
 }
 
 void Form_name::Check(const Session& session)

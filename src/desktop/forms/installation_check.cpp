@@ -17,7 +17,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Columns_Shown = 150, Lines_Shown = 28;
+constexpr int Check_Columns = 150, Check_Lines = 28;
 
 QStyle::StandardPixmap Picture_Of(Health health)
 {
@@ -82,7 +82,7 @@ Installation_Check::Installation_Check(const std::vector<Finding>& findings, QWi
     all->addWidget(Table_Of(findings, *style()), 1);
     all->addLayout(buttons);
     Use_Form_Keys(*this);
-    resize(fontMetrics().averageCharWidth() * Columns_Shown, fontMetrics().lineSpacing() * Lines_Shown);
+    resize(fontMetrics().averageCharWidth() * Check_Columns, fontMetrics().lineSpacing() * Check_Lines);
 }
 
 } // namespace orvel

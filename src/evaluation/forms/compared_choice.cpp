@@ -13,7 +13,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Columns_Shown = 90, Lines_Shown = 8;
+constexpr int Choice_Columns = 90, Choice_Lines = 8;
 
 } // namespace
 
@@ -27,7 +27,7 @@ Compared_Choice::Compared_Choice(const std::vector<Earlier_Results>& earlier, QW
 void Compared_Choice::Lay_Out(const std::vector<Earlier_Results>& earlier)
 {
     Other = Named(new QLineEdit, "Other");
-    Other->setMinimumWidth(fontMetrics().averageCharWidth() * Columns_Shown);
+    Other->setMinimumWidth(fontMetrics().averageCharWidth() * Choice_Columns);
     auto* label = new QLabel("&Installation or archive:");
     label->setBuddy(Other);
     auto* directory = Push_Button("Other_Directory", "D&irectory ...", this, [this] {
@@ -68,7 +68,7 @@ QWidget* Compared_Choice::Earlier_List(const std::vector<Earlier_Results>& earli
         auto* item = new QListWidgetItem(Shown(results.Text), list);
         item->setData(Qt::UserRole, QString::fromStdString(results.Directory.string()));
     }
-    list->setMinimumHeight(fontMetrics().lineSpacing() * Lines_Shown);
+    list->setMinimumHeight(fontMetrics().lineSpacing() * Choice_Lines);
     connect(list, &QListWidget::currentItemChanged, this,
             [this](const QListWidgetItem* item) { Other->setText(item ? item->data(Qt::UserRole).toString() : ""); });
     auto* label =

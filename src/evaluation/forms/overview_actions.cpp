@@ -37,8 +37,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Title = "Overview";
-
 bool Is_At_Rest(const Overview_Run& run)
 {
     return run.Kind != Cell_Kind::Running;
@@ -181,7 +179,7 @@ void Overview_Window::Run_Missing()
     const int marked = Mark_Missing(The_Session.Program, The_Session.Ask, The_Mode(), row->Pesticide, row->Crop);
     const bool pending = Batch_Pending(Mode_Directory(The_Session.Program, The_Mode()));
     if (marked == 0 && !pending)
-        The_Session.Ask({std::string(Title), "No location of this crop is missing.", Icon::Information});
+        The_Session.Ask({std::string(Overview_Title), "No location of this crop is missing.", Icon::Information});
     Start(marked + (pending ? 1 : 0));
 }
 

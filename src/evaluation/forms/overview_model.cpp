@@ -11,7 +11,7 @@ namespace orvel {
 
 namespace {
 
-enum Column { Pesticide, Crop, Substance, Before_Locations };
+enum Overview_Column { Pesticide_Column, Crop_Column, Substance_Column, Before_Locations };
 constexpr int Behind_Locations = 2; // Highest, Above
 
 constexpr quintptr Top = 0; // of rows that are below none; others hold the place of their group, from 1
@@ -152,9 +152,9 @@ const Overview_Run* Overview_Model::Run_At(const QModelIndex& index) const
 QString Overview_Model::Text_Of(const Overview_Row& row, int column) const
 {
     const int behind = Before_Locations + static_cast<int>(Source->Columns.size());
-    if (column == Pesticide || column == Crop) // a metabolite stands below its parent's
-        return row.Is_Metabolite ? QString() : Shown(column == Pesticide ? row.Pesticide : row.Crop);
-    if (column == Substance)
+    if (column == Pesticide_Column || column == Crop_Column) // a metabolite stands below its parent's
+        return row.Is_Metabolite ? QString() : Shown(column == Pesticide_Column ? row.Pesticide : row.Crop);
+    if (column == Substance_Column)
         return row.Substance.empty() ? QString("(no result yet)")
                                      : Shown(row.Substance) + (Source->Has_Limit ? "" : " [" + Shown(row.Unit) + "]");
     if (column == behind)

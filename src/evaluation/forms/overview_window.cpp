@@ -22,8 +22,6 @@ namespace orvel {
 
 namespace {
 
-constexpr std::string_view Title = "Overview";
-
 // The width of a column's contents, whatever its heading needs.
 struct Wide_Table : QTreeView {
     using QTreeView::sizeHintForColumn;
@@ -49,7 +47,7 @@ Overview_Window::Overview_Window(const Session& session, Mode_Kind mode, const s
     try {
         Settings = Read_Overview_Settings(The_Session.Program.App_Path);
     } catch (const File_Error& error) {
-        The_Session.Ask({std::string(Title), Bytes_Of(QString::fromUtf8(error.what()))});
+        The_Session.Ask({std::string(Overview_Title), Bytes_Of(QString::fromUtf8(error.what()))});
     }
     Add_Actions(further);
     Lay_Out();
@@ -343,7 +341,7 @@ void Overview_Window::Keep_Settings()
     try {
         Write_Overview_Settings(The_Session.Program.App_Path, Settings);
     } catch (const File_Error& error) {
-        The_Session.Ask({std::string(Title), Bytes_Of(QString::fromUtf8(error.what()))});
+        The_Session.Ask({std::string(Overview_Title), Bytes_Of(QString::fromUtf8(error.what()))});
     }
 }
 
@@ -356,7 +354,7 @@ void Overview_Window::Take_Bounds()
         Settings.Bounds = Parse_Bounds(Bytes_Of(Classes->text()));
         Keep_Settings();
     } catch (const File_Error& error) {
-        The_Session.Ask({std::string(Title), Bytes_Of(QString::fromUtf8(error.what()))});
+        The_Session.Ask({std::string(Overview_Title), Bytes_Of(QString::fromUtf8(error.what()))});
     }
     Classes->setText(Shown(Bounds_Text(Settings.Bounds)));
     Show_Key();

@@ -20,6 +20,8 @@ class QTreeView;
 
 namespace orvel {
 
+constexpr std::string_view Overview_Title = "Overview";
+
 class Picture_Panel;
 
 // An action of a higher room on what is marked; none of it is known here.

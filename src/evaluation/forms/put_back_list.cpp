@@ -19,8 +19,8 @@ namespace orvel {
 
 namespace {
 
-constexpr int Columns_Shown = 100;
-constexpr int Lines_Shown = 20;
+constexpr int Bin_Columns = 100;
+constexpr int Bin_Lines = 20;
 
 QSpinBox* Limit(const QString& name, const QString& purpose, int most, const QString& unit)
 {
@@ -44,7 +44,7 @@ Put_Back_List::Put_Back_List(Session& session, const Mode& mode, QWidget* parent
     Lay_Out();
     Show_Rule();
     Refresh();
-    resize(fontMetrics().averageCharWidth() * Columns_Shown, fontMetrics().lineSpacing() * Lines_Shown);
+    resize(fontMetrics().averageCharWidth() * Bin_Columns, fontMetrics().lineSpacing() * Bin_Lines);
 }
 
 void Put_Back_List::Lay_Out()

@@ -31,8 +31,8 @@ namespace orvel {
 namespace {
 
 constexpr int Refresh_Interval = 2000; // ms
-constexpr int Columns_Shown = 110;     // at least
-constexpr int Lines_Shown = 24;
+constexpr int Runs_Columns = 110;      // at least
+constexpr int Runs_Lines = 24;
 constexpr int Ticks_Between_Changes = 10; // between looks at the inputs, of which a run has many
 
 } // namespace
@@ -114,8 +114,8 @@ QSize Simulationsliste::sizeHint() const
     int columns = 0;
     for (int column = 0; column < Simulation_Model::Columns; ++column)
         columns += Column_Width(column);
-    const int width = std::max(fontMetrics().averageCharWidth() * Columns_Shown, columns + around);
-    return {std::min(width, screen()->availableSize().width()), fontMetrics().lineSpacing() * Lines_Shown};
+    const int width = std::max(fontMetrics().averageCharWidth() * Runs_Columns, columns + around);
+    return {std::min(width, screen()->availableSize().width()), fontMetrics().lineSpacing() * Runs_Lines};
 }
 
 QLayout* Simulationsliste::Buttons()

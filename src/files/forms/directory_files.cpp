@@ -16,7 +16,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Columns_Shown = 60, Rows_Shown = 14;
+constexpr int Files_Columns = 60, Files_Rows = 14;
 
 } // namespace
 
@@ -32,7 +32,7 @@ Directory_Files::Directory_Files(const std::filesystem::path& directory, const s
     File1 = Named(new QListWidget, "File1");
     File1->setAccessibleName("Files of the directory");
     File1->setUniformItemSizes(true);
-    File1->setMinimumSize(fontMetrics().averageCharWidth() * Columns_Shown, fontMetrics().lineSpacing() * Rows_Shown);
+    File1->setMinimumSize(fontMetrics().averageCharWidth() * Files_Columns, fontMetrics().lineSpacing() * Files_Rows);
     connect(Dir1, &QLineEdit::editingFinished, this, &Directory_Files::Directory_Typed);
     connect(File1, &QListWidget::itemClicked, this, &Directory_Files::File_Clicked);
     connect(File1, &QListWidget::itemDoubleClicked, this, &Directory_Files::File_Double_Clicked);

@@ -23,7 +23,7 @@ namespace orvel {
 namespace {
 
 constexpr int Pesticide_Columns = 26, Crop_Columns = 28, Location_Columns = 46; // of their lists
-constexpr int List_Rows = 17;
+constexpr int Chosen_Rows = 17;
 constexpr int Notice_Lines = 5;
 constexpr std::string_view Run_Button_Notice =
     "INFORMATION:\r\n"
@@ -94,7 +94,7 @@ QListWidget* FOCUS::List(const QString& name, const QString& caption, const QStr
 {
     auto* list = Named(new QListWidget, name);
     list->setAccessibleName(QString(caption).remove('&'));
-    list->setMinimumSize(fontMetrics().averageCharWidth() * columns, fontMetrics().lineSpacing() * List_Rows);
+    list->setMinimumSize(fontMetrics().averageCharWidth() * columns, fontMetrics().lineSpacing() * Chosen_Rows);
     list->setUniformItemSizes(true);
     list->installEventFilter(this);
     auto* column = new QVBoxLayout;

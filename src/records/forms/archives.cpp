@@ -32,8 +32,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int Columns_Shown = 110;
-constexpr int Lines_Shown = 40;
+constexpr int Archives_Columns = 110;
+constexpr int Archives_Lines = 40;
 constexpr const char* All_Crops_Entry = "All crops";
 constexpr std::array<Mode_Kind, 3> Modes = {Mode_Kind::Focus, Mode_Kind::Efsa, Mode_Kind::Efsa_T4};
 
@@ -61,7 +61,7 @@ Archives::Archives(Session& session, QWidget* parent) : QDialog(parent), The_Ses
     Lay_Out();
     Load_Pesticides();
     Enable_Buttons();
-    resize(fontMetrics().averageCharWidth() * Columns_Shown, fontMetrics().lineSpacing() * Lines_Shown);
+    resize(fontMetrics().averageCharWidth() * Archives_Columns, fontMetrics().lineSpacing() * Archives_Lines);
 }
 
 void Archives::Lay_Out()

@@ -20,7 +20,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int List_Width = 20; // in characters
+constexpr int Crop_List_Width = 20; // in characters
 
 } // namespace
 
@@ -53,7 +53,7 @@ Form_DifCrop::Form_DifCrop(Session& session, Rotation_Work& work, QWidget* paren
 void Form_DifCrop::Lay_Out()
 {
     List_crop = Named(new QListWidget, "List_crop");
-    List_crop->setMinimumWidth(fontMetrics().averageCharWidth() * List_Width);
+    List_crop->setMinimumWidth(fontMetrics().averageCharWidth() * Crop_List_Width);
     connect(List_crop, &QListWidget::currentRowChanged, this, &Form_DifCrop::Show_Crop);
     auto* label = new QLabel("Different C&rops");
     label->setBuddy(List_crop);

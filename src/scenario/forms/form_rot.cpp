@@ -19,13 +19,13 @@ namespace orvel {
 
 namespace {
 
-constexpr int List_Width = 22, Year_Width = 6, Rows_Shown = 16; // in characters and lines
+constexpr int List_Width = 22, Year_Width = 6, Rotation_Rows = 16; // in characters and lines
 
 QListWidget* List(const QString& name)
 {
     auto* list = Named(new QListWidget, name);
     list->setMinimumSize(list->fontMetrics().averageCharWidth() * List_Width,
-                         list->fontMetrics().lineSpacing() * Rows_Shown);
+                         list->fontMetrics().lineSpacing() * Rotation_Rows);
     return list;
 }
 

@@ -20,7 +20,7 @@ namespace orvel {
 namespace {
 
 constexpr int Number_Width = 11; // in characters
-constexpr int Rows_Shown = 24;
+constexpr int Climate_Rows = 24;
 constexpr int First_Number = static_cast<int>(Climate_Grid::Text_Columns); // column
 
 } // namespace
@@ -76,7 +76,7 @@ void Klima::Lay_Out()
     all->addWidget(Grid1, 1);
     all->addLayout(buttons);
     Use_Form_Keys(*this);
-    resize(sizeHint().width(), fontMetrics().lineSpacing() * Rows_Shown * 3 / 2);
+    resize(sizeHint().width(), fontMetrics().lineSpacing() * Climate_Rows * 3 / 2);
 }
 
 void Klima::lade_klimadatei()

@@ -12,7 +12,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Characters = 9; // width of a column
+constexpr int Application_Characters = 9; // width of a column
 constexpr Grid_Rule Application_Grid_Rule = {Application_Cell_After_Key, Application_Cell_Takes};
 
 Grid_Block Cells_Of(const Application_Grid& grid)
@@ -35,7 +35,7 @@ Form_appgrid::Form_appgrid(Session& session, const std::string& text_naps, Appli
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
     Show_Grid(Load_Application_Grid(The_Session.Pesticide, The_Session.Editor, text_naps, Method));
-    AppGrid->Fit_Columns(Characters);
+    AppGrid->Fit_Columns(Application_Characters);
     AppGrid->Go_To(0, Grid_Column::Day);
     resize(sizeHint().boundedTo(screen()->availableSize())); // show all columns, if the screen allows
 }

@@ -15,7 +15,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Characters = 11; // width of a column
+constexpr int Horizon_Characters = 11; // width of a column
 constexpr int Kf_Column = 1, First_Factor_Column = 3;
 
 } // namespace
@@ -29,7 +29,7 @@ Form_hor::Form_hor(Session& session, int i, int rows, QWidget* parent)
     setWindowTitle("Depth Dependend Data");
     Lay_Out();
     Show_Grid(Load_Depth_Grid(The_Session.Pesticide, Substance, rows));
-    GridHor->Fit_Columns(Characters);
+    GridHor->Fit_Columns(Horizon_Characters);
     GridHor->Go_To(0, Kf_Column);
     resize(sizeHint().boundedTo(screen()->availableSize())); // show all columns, if the screen allows
 }

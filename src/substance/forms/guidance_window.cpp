@@ -18,7 +18,7 @@ namespace orvel {
 namespace {
 
 constexpr std::array<const char*, 6> Heads = {"Severity", "Rule", "Value", "Answer", "Finding", "Source"};
-constexpr int Columns_Shown = 200, Rows_Shown = 24; // characters and lines of the window as it opens
+constexpr int Guidance_Columns = 200, Guidance_Rows = 24; // characters and lines of the window as it opens
 
 QString Summary_Of(const std::vector<Guidance_Finding>& findings)
 {
@@ -39,7 +39,8 @@ Guidance_Window::Guidance_Window(Access access, QWidget* parent) : QDialog(paren
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Lay_Out();
     Show_Findings();
-    const QSize opened(fontMetrics().averageCharWidth() * Columns_Shown, fontMetrics().lineSpacing() * Rows_Shown);
+    const QSize opened(fontMetrics().averageCharWidth() * Guidance_Columns,
+                       fontMetrics().lineSpacing() * Guidance_Rows);
     resize(opened.expandedTo(sizeHint()).boundedTo(screen()->availableSize()));
 }
 

@@ -14,7 +14,7 @@ namespace orvel {
 
 namespace {
 
-constexpr int Lines_Shown = 36;
+constexpr int Table_Lines = 36;
 
 } // namespace
 
@@ -44,7 +44,7 @@ Building_Form::Building_Form(const QString& name, QWidget* parent, int columns_s
     all->addLayout(Row);
     Use_Form_Keys(*this);
     const QFontMetrics metrics(Fixed_Pitch_Font());
-    resize(metrics.averageCharWidth() * columns_shown, metrics.lineSpacing() * Lines_Shown);
+    resize(metrics.averageCharWidth() * columns_shown, metrics.lineSpacing() * Table_Lines);
 }
 
 void Building_Form::Add_Page(QWidget* page)

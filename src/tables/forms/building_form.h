@@ -13,7 +13,7 @@ class QStackedWidget;
 
 namespace orvel {
 
-constexpr int Columns_Shown = 102; // of a text, at the form's initial size
+constexpr int Table_Columns = 102; // of a text, at the form's initial size
 
 // A form that builds its content from big files after its first paint, with a message, a progress bar and the buttons
 // disabled; closing it stops the work.
@@ -24,7 +24,7 @@ public:
     void done(int result) override;
 
 protected:
-    Building_Form(const QString& name, QWidget* parent, int columns_shown = Columns_Shown);
+    Building_Form(const QString& name, QWidget* parent, int columns_shown = Table_Columns);
 
     virtual void Build(const Progress& progress) = 0;
     virtual void Show_Built() = 0; // not called if the user stopped the work

@@ -25,7 +25,7 @@ struct Built_Tables {
 struct Table_Kind {
     Ask_Function Ask;
     QString Name;                                // of the form
-    int Columns = Columns_Shown;                 // needed for a whole line
+    int Columns = Table_Columns;                 // needed for a whole line
     QString First_Caption, First_Switch_Caption; // until the tables are built
     std::vector<Table_View> Views;               // the first one is shown first
     std::filesystem::path Run;                   // the run directory

@@ -20,8 +20,8 @@ namespace orvel {
 
 namespace {
 
-constexpr int Columns_Shown = 100;
-constexpr int Lines_Shown = 40;
+constexpr int Text_Columns = 100;
+constexpr int Text_Lines = 40;
 constexpr const char* Echo_Caption = "Echo of Input Data";
 
 // The characters that the code page lacks: where the first stands, and the numbers of all of them, as no box could show
@@ -63,7 +63,7 @@ Text_Viewer::Text_Viewer(const QString& name, const QString& caption, std::strin
     all->addLayout(Row);
     Use_Form_Keys(*this);
     const QFontMetrics metrics(Ergebnis->font());
-    resize(metrics.averageCharWidth() * Columns_Shown, metrics.lineSpacing() * Lines_Shown);
+    resize(metrics.averageCharWidth() * Text_Columns, metrics.lineSpacing() * Text_Lines);
 }
 
 void Text_Viewer::Go_To_End()
