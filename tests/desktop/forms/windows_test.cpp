@@ -702,10 +702,10 @@ void Change_Everything(QWidget& window)
     }
 }
 
-// They run an engine, or take the run away that every window shows.
+// They run an engine or a browser, or take the run away that every window shows.
 bool Is_Left_Alone(const QWidget& button)
 {
-    return QStringList{"s_run", "Command4", "Loeschen"}.contains(button.objectName());
+    return QStringList{"s_run", "Command4", "Loeschen", "Guide_Button", "Open_Guide"}.contains(button.objectName());
 }
 
 bool Is_At_Work(const QWidget& window)
