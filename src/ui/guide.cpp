@@ -20,7 +20,7 @@ fs::path Guide_Directory(const fs::path& program)
         return named;
     const fs::path beside = program.parent_path().parent_path();
     std::error_code ignored;
-    if (const auto built = beside / "guide"; fs::exists(built / "index.html", ignored))
+    if (auto built = beside / "guide"; fs::exists(built / "index.html", ignored))
         return built;
     return beside / "share" / "orvelsuite" / "guide";
 }
