@@ -19,6 +19,13 @@ foreach(program orvelsuite orvelctl orveljob orvelpaint)
     message(FATAL_ERROR "${program} has no help, or its manual page does not begin with it:\n${output}${page}")
   endif()
 endforeach()
+# The guide, where there is pandoc to make it: a page for a window, and what it leads to.
+if(EXISTS ${BUILD}/guide/index.html)
+  file(READ ${PREFIX}/share/orvelsuite/guide/windows/FOCUS.html page)
+  if(NOT page MATCHES "url=../runs.html#focus-scenarios" OR NOT EXISTS ${PREFIX}/share/orvelsuite/guide/runs.html)
+    message(FATAL_ERROR "The guide has no place for a window:\n${page}")
+  endif()
+endif()
 execute_process(
   COMMAND bash -c ". share/bash-completion/completions/orvelctl
 COMP_WORDS=(orvelctl plan s) COMP_CWORD=2; _orvelctl; echo \"\${COMPREPLY[*]}\"

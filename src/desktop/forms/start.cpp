@@ -14,6 +14,7 @@
 #include "records/forms/archives.h"
 #include "runs/acceptance.h"
 #include "runs/start_up.h"
+#include "ui/forms/guide_opening.h"
 #include "ui/forms/help_assistant.h"
 #include "ui/forms/widgets.h"
 
@@ -234,10 +235,15 @@ QLayout* Start::Foot()
         update->setToolTip("The distributor has left no address: " + Shown(Update_File) + " of the installation.");
     connect(update, &QPushButton::clicked, this, [this, address] { Update.Start(address); });
 
+    auto* guide = Named(new QPushButton("&Guide"), "Guide_Button");
+    guide->setToolTip("The guide to the program, in the browser; F1 opens it at any window's place");
+    connect(guide, &QPushButton::clicked, this, [this] { Open_Guide(The_Session.Ask); });
+
     auto* foot = new QHBoxLayout;
     foot->addWidget(version);
     foot->addStretch(1);
     foot->addWidget(Places_Button(The_Session, *this), 0, Qt::AlignBottom);
+    foot->addWidget(guide, 0, Qt::AlignBottom);
     foot->addWidget(update, 0, Qt::AlignBottom);
     foot->addWidget(Command3, 0, Qt::AlignBottom);
     foot->addWidget(Command4, 0, Qt::AlignBottom);

@@ -1,5 +1,6 @@
 #include "ui/forms/help_assistant.h"
 
+#include "ui/forms/guide_opening.h"
 #include "ui/forms/widgets.h"
 #include "ui/help_texts.h"
 
@@ -54,6 +55,13 @@ Help_Assistant::Help_Assistant(Session& session, QWidget& form) : QObject(&form)
         connect(Fragen[i], &QToolButton::clicked, this, &Help_Assistant::Flip);
         row->addWidget(Fragen[i]);
     }
+    auto* guide = Named(new QToolButton, "Open_Guide");
+    guide->setText("F1");
+    guide->setAccessibleName("Open the guide at this window's place");
+    guide->setToolTip(guide->accessibleName());
+    guide->setAutoRaise(true);
+    connect(guide, &QToolButton::clicked, this, [this] { Open_Guide(The_Session.Ask, &Form); });
+    row->addWidget(guide);
     Kurzinfo = Named(new QLabel(&form), "Kurzinfo");
     Kurzinfo->setFrameShape(QFrame::Box);
     Kurzinfo->setAutoFillBackground(true);

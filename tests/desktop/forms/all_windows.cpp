@@ -130,6 +130,36 @@ std::unique_ptr<QWidget> Opened_Unsaved_List(Session& session)
     return std::make_unique<Unsaved_List>(session);
 }
 
+void Run_Whole_Assessment(const std::string& at, const fs::path& installation, const fs::path& single)
+{
+    for (const auto* pesticide : {"demo_A", "demo_B", "demo_C", "demo_D"})
+        Orvelctl(at + " mark --mode focus --all --crop 'Winter cereals' --replace --pesticide " + pesticide + ".psm");
+    Orvelctl(at + " start --mode focus --wait 2>&1");
+    Orvelctl(at + " mark --mode efsa --all --crop 'Winter cereals' --pesticide demo_S.psm");
+    Orvelctl(at + " start --mode efsa --wait 2>&1");
+    fs::create_directory(single);
+    fs::copy_file(installation / "demo_C.psm", single / "demo_C.psm");
+    for (const auto* name : {"H_wcerea.sze", "H_01.cli", "H_02.cli", "H_03.cli"})
+        fs::copy_file(installation / "focus" / name, single / name);
+    const std::string in = "cd " + single.string() + " && " + ORVELCTL + " -C " + installation.string();
+    ASSERT_EQ(
+        std::system((in + " single --pesticide demo_C.psm --scenario H_wcerea.sze --climate H_01.cli" +
+                     " --climate H_02.cli --climate H_03.cli --years 3 --from 01.01 --to 31.12 --wait >/dev/null 2>&1")
+                        .c_str()),
+        0);
+}
+
+// A session in a directory of its own where there is one, which outlives its window.
+Session& Session_In(const fs::path& directory, Session& session)
+{
+    static std::unique_ptr<Session> own;
+    if (!fs::exists(directory))
+        return session;
+    own = std::make_unique<Session>(session);
+    own->Program.App_Path = directory;
+    return *own;
+}
+
 } // namespace
 
 Temporary_Directory* Windows_Test::Place = nullptr;
@@ -141,10 +171,33 @@ void Windows_Test::SetUpTestSuite()
     Orvelctl("init " + Installation().string());
     Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
     Orvelctl(at + " start --mode focus --wait");
-    const std::string plan = (Place->Path() / "window.csv").string();
+    const std::string plan = (Base() / "window.csv").string();
     Orvelctl(at + " plan sweep --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'" +
              " --shift -7:7:7 --factor 'psm.Koc[1]=0.5,1' --to " + plan);
-    Orvelctl(at + " plan run " + plan + " --to " + (Place->Path() / "window").string() + " --wait 2>&1");
+    Orvelctl(at + " plan run " + plan + " --to " + (Base() / "window").string() + " --wait 2>&1");
+    if (Is_Whole())
+        Run_Whole_Assessment(at, Installation(), Single());
+}
+
+bool Windows_Test::Is_Whole()
+{
+    return std::getenv("ORVEL_WHOLE_ASSESSMENT") != nullptr;
+}
+
+fs::path Windows_Test::Base()
+{
+    return Is_Whole() ? fs::path(std::getenv("ORVEL_WHOLE_ASSESSMENT")) : Place->Path();
+}
+
+fs::path Windows_Test::Soil_Run()
+{
+    return Is_Whole() ? Installation() / "EFSA/demo_S.run/Winter_-_cereals.run/Total_-_content_-_-_-_North_-_(T_N).run"
+                      : Run();
+}
+
+fs::path Windows_Test::Single()
+{
+    return Base() / "single";
 }
 
 void Windows_Test::TearDownTestSuite()
@@ -156,7 +209,7 @@ Windows_Test::Windows_Test()
 {
     The_Session.Program.App_Path = Installation();
     Start_Up(The_Session);
-    Parse_PSM(Read_Whole(Installation() / "demo_D.psm"), The_Session.Pesticide);
+    Parse_PSM(Read_Whole(Installation() / (Is_Whole() ? "demo_C.psm" : "demo_D.psm")), The_Session.Pesticide);
     Reset_SZE(The_Session.Scenario);
     Parse_SZE(Read_Whole(Installation() / "focus/H_wcerea.sze"), The_Session.Scenario);
     The_Session.Climate = Parse_CLI(Read_Whole(Installation() / "focus/H_01.cli"));
@@ -164,7 +217,7 @@ Windows_Test::Windows_Test()
 
 fs::path Windows_Test::Installation()
 {
-    return Place->Path() / "installation";
+    return Base() / "installation";
 }
 
 fs::path Windows_Test::Run()
@@ -196,7 +249,7 @@ std::vector<Opened_Window> Windows_Test::All()
         {"form_end",
          [](Session& session) -> std::unique_ptr<QWidget> {
              session.Run.Single = {.Sim_Years = "3", .Start_Day = "1", .End_Day = "31"};
-             return std::make_unique<form_end>(session, Run_Windows());
+             return std::make_unique<form_end>(Session_In(Single(), session), Run_Windows());
          }},
         {"ausgabe_festlegen",
          [](Session& session) -> std::unique_ptr<QWidget> {
@@ -208,17 +261,19 @@ std::vector<Opened_Window> Windows_Test::All()
         Plain<Overview_Window>("overview", Mode_Kind::Focus),
         Plain<Jahr_ORV>("jahr_orv", Run()),
         Plain<Mass_Balance>("mass_balance", Run()),
-        Plain<PECsoil>("pecsoil", Run(), 5),
-        Plain<Zusammenfassung_orv>(
-            "zusammenfassung",
-            Summary_Request{"ORVEL 4.01", "2026-01-02 03:04", "demo_D", "Winter cereals", {{"Hamburg (H)", Run()}}},
-            Zusammenfassung_orv::Archive_Opener()),
+        Plain<PECsoil>("pecsoil", Soil_Run(), 5),
+        {"zusammenfassung",
+         [&focus](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<Zusammenfassung_orv>(session,
+                                                          Request_Summary(session, focus, "demo_D", "Winter cereals"),
+                                                          Zusammenfassung_orv::Archive_Opener());
+         }},
         Plain<Archives>("archives"),
         Plain<Plans_Window>("plans"),
         {"plans_window",
          [](Session& session) -> std::unique_ptr<QWidget> {
              auto window = std::make_unique<Plans_Window>(session);
-             window->Open(Place->Path() / "window");
+             window->Open(Base() / "window");
              auto* table = Find<QTableView>(*window, "Table");
              if (!QTest::qWaitFor([&] { return table->model()->rowCount() == 6 && table->model()->columnCount() > 6; }))
                  throw std::runtime_error("the plan is not shown");
@@ -231,7 +286,10 @@ std::vector<Opened_Window> Windows_Test::All()
          [](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Sweep_Form>(session.Program, session.Ask, nullptr);
          }},
-        Plain<inout_sel>("inout_sel"),
+        {"inout_sel",
+         [](Session& session) -> std::unique_ptr<QWidget> {
+             return std::make_unique<inout_sel>(Session_In(Single(), session));
+         }},
         {"form_filetext",
          [echo](Session& session) -> std::unique_ptr<QWidget> {
              return std::make_unique<Form_filetext>(session, Run() / "echo.orv", echo);
@@ -286,7 +344,7 @@ std::vector<Opened_Window> Windows_Test::All()
          }},
         {"form_as_notes",
          [](Session& session) -> std::unique_ptr<QWidget> {
-             const auto directory = Place->Path() / "notes";
+             const auto directory = Base() / "notes";
              fs::create_directories(directory);
              Document_Notes notes;
              for (const auto* field : {"Koc[1]", "Molmass[1]", "Vap_Press[0]"})

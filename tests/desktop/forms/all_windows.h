@@ -25,6 +25,11 @@ protected:
 
     static std::filesystem::path Installation();
     static std::filesystem::path Run();
+    // With ORVEL_WHOLE_ASSESSMENT=DIR the runs of a whole assessment lie there, else one run in a directory that goes.
+    static bool Is_Whole();
+    static std::filesystem::path Base();
+    static std::filesystem::path Soil_Run();
+    static std::filesystem::path Single();
     static std::vector<Opened_Window> All();
     // A window of the list as it stands when its work is done.
     std::unique_ptr<QWidget> Shown_Window(const Opened_Window& opened);

@@ -1,0 +1,59 @@
+#include "core/files.h"
+#include "temporary_directory.h"
+#include "ui/guide.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+namespace orvel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+void Make_File(const fs::path& file)
+{
+    fs::create_directories(file.parent_path());
+    Write_Whole(file, "");
+}
+
+} // namespace
+
+TEST(Guide_Pages, Are_Those_Built_With_The_Program_Before_Those_Installed_With_It)
+{
+    const Temporary_Directory place;
+
+    EXPECT_EQ(Guide_Directory(place / "bin/orvelsuite"), place / "share/orvelsuite/guide");
+    Make_File(place / "guide/index.html");
+    EXPECT_EQ(Guide_Directory(place / "bin/orvelsuite"), place / "guide");
+}
+
+TEST(Guide_Pages, Lie_Where_The_Variable_Says)
+{
+    setenv("ORVELSUITE_GUIDE", "/srv/guide", 1);
+    EXPECT_EQ(Guide_Directory("/usr/bin/orvelsuite"), "/srv/guide");
+    setenv("ORVELSUITE_GUIDE", "", 1);
+    EXPECT_EQ(Guide_Directory("/nowhere/bin/orvelsuite"), "/nowhere/share/orvelsuite/guide");
+    unsetenv("ORVELSUITE_GUIDE");
+}
+
+TEST(Guide_Pages, Are_Found_For_The_Nearest_Window_That_Has_One)
+{
+    const Temporary_Directory place;
+    Make_File(place / "windows/Form_AS.html");
+
+    EXPECT_EQ(Guide_Page(place.Path(), {"qt_msgbox", "Form_AS", "start"}), place / "windows/Form_AS.html");
+    EXPECT_EQ(Guide_Page(place.Path(), {"", "start"}), place / "index.html");
+    EXPECT_EQ(Guide_Page(place.Path(), {}), place / "index.html");
+}
+
+TEST(Guide_Pages, That_Are_Missing_Are_Told_With_Their_Place)
+{
+    EXPECT_EQ(Guide_Not_Installed("/usr/share/orvelsuite/guide"),
+              (Message{"Guide", "The guide is not installed: there is no /usr/share/orvelsuite/guide/index.html."}));
+    EXPECT_EQ(Guide_Not_Shown("/usr/share/orvelsuite/guide/windows/start.html").Text,
+              "No program was found that shows the guide. Its page here is "
+              "/usr/share/orvelsuite/guide/windows/start.html.");
+}
+
+} // namespace orvel
