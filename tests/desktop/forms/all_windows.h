@@ -18,6 +18,10 @@ struct Opened_Window {
 };
 
 class Windows_Test : public Window_Test {
+public:
+    // With ORVEL_WHOLE_ASSESSMENT=DIR the runs of a whole assessment lie there, else one run in a directory that goes.
+    static bool Is_Whole();
+
 protected:
     static void SetUpTestSuite();
     static void TearDownTestSuite();
@@ -25,8 +29,6 @@ protected:
 
     static std::filesystem::path Installation();
     static std::filesystem::path Run();
-    // With ORVEL_WHOLE_ASSESSMENT=DIR the runs of a whole assessment lie there, else one run in a directory that goes.
-    static bool Is_Whole();
     static std::filesystem::path Base();
     static std::filesystem::path Soil_Run();
     static std::filesystem::path Single();

@@ -303,7 +303,7 @@ void Look_At_All(const std::vector<Opened_Window>& windows, Session& session, co
         SCOPED_TRACE(opened.Name.toStdString());
         const auto window = opened.Open(session);
         window->show();
-        QTest::qWait(Is_Whole() ? 2000 : 50); // until its threads have read the runs
+        QTest::qWait(Windows_Test::Is_Whole() ? 2000 : 50); // until its threads have read the runs
         ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));
         Keep_Picture(*window, opened.Name + picture_suffix);
         EXPECT_EQ(Cut_In(*window).join("; ").toStdString(), "");
