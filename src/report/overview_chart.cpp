@@ -2,6 +2,7 @@
 
 #include "charts/scale.h"
 #include "core/locations.h"
+#include "tables/leachate_percentile.h"
 
 #include <algorithm>
 #include <numeric>
@@ -117,6 +118,21 @@ Chart Location_Chart(const std::string& substance, const std::vector<Location_Va
     return chart;
 }
 
+namespace {
+
+// Years whose figures are printed alike may differ: one that makes the percentile has its rank.
+void Move_To_Rank(std::vector<std::size_t>& order, const std::vector<double>& years, int year, std::size_t rank)
+{
+    const auto place = std::ranges::find(order, static_cast<std::size_t>(year - 1 - Warm_Up_Years));
+    if (place == order.end() || rank < 1 || rank > order.size())
+        return;
+    auto& wanted = order[rank - 1];
+    if (years[*place] == years[wanted])
+        std::swap(*place, wanted);
+}
+
+} // namespace
+
 Chart Rank_Chart(const std::string& substance, const Location_Values& values)
 {
     Chart chart;
@@ -137,6 +153,9 @@ Chart Rank_Chart(const std::string& substance, const Location_Values& values)
     std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) {
         return values.Years[a] != values.Years[b] ? values.Years[a] < values.Years[b] : a > b;
     });
+    const auto upper = static_cast<std::size_t>(Upper_Rank(order.size()));
+    Move_To_Rank(order, values.Years, values.Year_A, upper);
+    Move_To_Rank(order, values.Years, values.Year_B, upper - 1);
     Chart_Line line{.Drawn_In = Colour::Series};
     std::vector<Chart_Dot> selected;
     for (std::size_t rank = 0; rank < order.size(); ++rank) {

@@ -24,6 +24,11 @@ double Leachate_Conc(double flux, double percolate)
     return percolate > 0 && flux > 0 ? flux * 100 / percolate : 0;
 }
 
+int Upper_Rank(std::size_t count)
+{
+    return static_cast<int>(static_cast<double>(count) * Percentile + 1);
+}
+
 Leachate_Result Evaluate_Leachate(std::span<const Leachate_Row> rows, std::size_t first)
 {
     Leachate_Result result;
@@ -38,10 +43,8 @@ Leachate_Result Evaluate_Leachate(std::span<const Leachate_Row> rows, std::size_
     }
     result.Total.Conc = result.Total.Percolate > 0 ? result.Total.Flux * 100 / result.Total.Percolate : 0;
 
-    const auto count = static_cast<int>(evaluated.size());
-    const int stop = static_cast<int>(count * Percentile + 1);
     std::size_t upper = 0;
-    for (int n = count; n >= stop; --n) {
+    for (auto n = static_cast<int>(evaluated.size()); n >= Upper_Rank(evaluated.size()); --n) {
         upper = Position_Of_Largest(concentrations);
         concentrations[upper] = Picked;
     }

@@ -1,5 +1,7 @@
 #include "report/report_chart.h"
 
+#include "report/overview_chart.h"
+
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -69,6 +71,25 @@ TEST(Report_Chart_Rule, A_Substance_That_The_Report_Lacks_Gives_An_Empty_Chart)
 {
     EXPECT_TRUE(Report_Chart(Two_Locations(1, 2, 2), 1).Boxes.empty());
     EXPECT_TRUE(Report_Chart({}, 0).Boxes.empty());
+}
+
+TEST(Rank_Chart, The_Two_Years_Of_The_Percentile_Have_Its_Ranks_Where_Others_Are_Printed_Alike)
+{
+    Location_Values values{.Location = "Hamburg (H)"};
+    for (int year = 0; year < 20; ++year)
+        values.Years.push_back(year < 11 ? 0.001 * year : 0.5); // ranks 12 to 20 are printed alike
+    values.Year_A = 6 + 13;
+    values.Year_B = 6 + 20;
+
+    const auto chart = Rank_Chart("A", values);
+
+    std::vector<std::pair<double, std::string>> marked;
+    for (const auto& dot : chart.Dots) {
+        if (dot.Marked)
+            marked.emplace_back(dot.X, dot.Name);
+    }
+    EXPECT_EQ(marked, (std::vector<std::pair<double, std::string>>{{16, "Rank 16, year 26, makes the percentile"},
+                                                                   {17, "Rank 17, year 19, makes the percentile"}}));
 }
 
 } // namespace orvel
