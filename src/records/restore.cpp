@@ -32,9 +32,9 @@ namespace {
 
 bool Is_Installation(const fs::path& directory)
 {
-    constexpr std::array<Mode_Kind, 3> Modes = {Mode_Kind::Focus, Mode_Kind::Efsa, Mode_Kind::Efsa_T4};
+    const auto kinds = {Mode_Kind::Focus, Mode_Kind::Efsa, Mode_Kind::Efsa_T4};
     std::error_code ignored;
-    return !List_Files(directory, "orvel*.exe").empty() || std::ranges::any_of(Modes, [&](Mode_Kind kind) {
+    return !List_Files(directory, "orvel*.exe").empty() || std::ranges::any_of(kinds, [&](Mode_Kind kind) {
         return fs::is_directory(Found_Or_New(directory, Mode_Of(kind).Directory), ignored);
     });
 }
