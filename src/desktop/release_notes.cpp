@@ -13,6 +13,12 @@ std::string_view Release_Notes()
            "- Single runs show how far the engine is and never touch a run that is at work.\r\n"
            "- Files are written whole: a full disk or a power cut leaves the old file as it was.\r\n"
            "- Tables, balances, soil concentrations and reports without windows: orvelctl.\r\n"
+           "- The overview shows the whole assessment at a glance; plans run thousands of simulations as a table.\r\n"
+           "- Every run has a record that tells whether its result is whole; archives are run again and compared.\r\n"
+           "- Undo and redo in every editor; changes that were not saved outlive the program.\r\n"
+           "- Endpoints have their sources, documents are checked against public rules, and an engine is accepted on "
+           "reference substances.\r\n"
+           "- A guide with every window and field: F1.\r\n"
            "----------------------------------------------------------------------------------------\r\n";
 }
 
