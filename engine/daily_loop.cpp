@@ -4,6 +4,7 @@
 #include "engine/solute/kernel.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 namespace orvel::engine {
@@ -31,6 +32,8 @@ std::string Amount_Text(double amount)
 }
 
 // Smaller amounts print as 0 in their columns.
+using Clock = std::chrono::steady_clock;
+constexpr std::chrono::seconds Between_Flushes(1); // who looks at a run at work sees the years that it has finished
 constexpr double Least_Printed_Percolate = 0.5e-5; // cm
 constexpr double Least_Printed_Mass = 1e-30 * Ug_Cm2_Per_Kg_Ha;
 
@@ -300,6 +303,7 @@ void Daily_Loop::Run(const std::function<void(int year, int percent)>& progress)
     Plot.Put_Head(Input, {Water.Today(), Theta_Now, Heat.Temperature(), Column, Finest().Solute, 0, 0});
     for (Span_Sums* sums : {&Day_Sums, &Month_Sums, &Year_Sums})
         Begin(*sums);
+    auto flushed = Clock::now();
     for (int day = weather.First_Day; day <= weather.Last_Day; ++day) {
         const Date date = weather.Dates.Date_Of(day);
         if (Daily)
@@ -326,10 +330,13 @@ void Daily_Loop::Run(const std::function<void(int year, int percent)>& progress)
         Check_Closure(date.Year);
         Note_Year(date.Year);
         Begin(Year_Sums);
-        Water_File.Flush();
-        Plot.Flush();
-        for (Solute_Report& report : Solute_Files)
-            report.Flush();
+        if (const auto now = Clock::now(); now - flushed >= Between_Flushes) {
+            flushed = now;
+            Water_File.Flush();
+            Plot.Flush();
+            for (Solute_Report& report : Solute_Files)
+                report.Flush();
+        }
         progress(date.Year, 100);
     }
     Water_File.Close();

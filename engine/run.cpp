@@ -14,6 +14,7 @@
 
 #include <array>
 #include <cstdio>
+#include <memory>
 #include <new>
 #include <optional>
 
@@ -68,9 +69,10 @@ std::optional<Options> Read_Arguments(int count, char** arguments, int& code)
 
 File_Source Files_In(const fs::path& directory)
 {
-    return [directory](std::string_view name) -> std::optional<std::string> {
+    const auto named = std::make_shared<Named_Inputs>(directory);
+    return [named](std::string_view name) -> std::optional<std::string> {
         try {
-            const auto file = Named_Input(directory, name);
+            const auto file = named->Find(name);
             return file ? std::optional(Read_Whole(*file)) : std::nullopt;
         } catch (const File_Error& error) {
             Pass_On_If_Unreadable(error);

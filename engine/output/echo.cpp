@@ -50,7 +50,8 @@ Echo::Echo(const std::filesystem::path& directory)
     if (!Hold)
         throw Engine_Failure(Fault::Disk_Failure, "ECHO.ORV IS LOCKED: ANOTHER ENGINE IS AT WORK IN THIS DIRECTORY",
                              Exit_No_File);
-    error = File.Resize(0);
+    if (File.Size(error) > 0)
+        error = File.Resize(0);
     if (error)
         Fail("CANNOT EMPTY ECHO.ORV", error);
     Text = " *** " + File_Title("ECHO OF INPUT DATA") + " ***\r\n DATE OF THE RUN: " + Today() + "\r\n\r\n";
@@ -76,7 +77,7 @@ void Echo::Finish(std::string_view ending)
     if (!error)
         error = File.Resize(size);
     if (!error)
-        error = File.Flush();
+        error = File.Close(); // flushed no more than the other outputs: what lasts is the record of the run
     if (error)
         Fail("CANNOT WRITE ECHO.ORV", error);
     Written = size;

@@ -44,7 +44,7 @@ public:
     bool Is_Open() const { return File.Is_Open(); }
 
 private:
-    static constexpr std::size_t Full = 1U << 20U;
+    static constexpr std::size_t Full = 1U << 16U;
     void Check(const std::error_code& error) const;
 
     File_Handle File;

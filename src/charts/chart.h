@@ -32,6 +32,16 @@ struct Chart_Box {
     bool operator==(const Chart_Box&) const = default;
 };
 
+// A filled bar that lies between two positions.
+struct Chart_Bar {
+    Colour Drawn_In = Colour::Series;
+    double From = 0, To = 0;  // of the x axis
+    double Low = 0, High = 0; // of the y axis
+    std::string Name;         // all that is said of it where the mouse is
+    std::string Label;        // written beyond its end `To`
+    bool operator==(const Chart_Bar&) const = default;
+};
+
 // A value of its own, drawn over boxes and lines.
 struct Chart_Dot {
     Colour Drawn_In = Colour::Series;
@@ -77,6 +87,7 @@ struct Chart {
     Chart_Frame Frame;
     Chart_Axis X, Y;
     std::vector<Chart_Box> Boxes; // below the lines
+    std::vector<Chart_Bar> Bars;  // the same, of a chart that has no boxes
     std::vector<Chart_Line> Lines;
     std::vector<Chart_Key> Key;
     std::vector<Chart_Dot> Dots; // above the lines

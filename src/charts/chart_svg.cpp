@@ -60,6 +60,9 @@ private:
         for (const Chart_Box& box : Source.Boxes)
             Rectangle(X(box.Left), std::min(Y(box.Y), Y(0)), X(box.Right) - X(box.Left), std::fabs(Y(box.Y) - Y(0)),
                       box.Drawn_In);
+        for (const Chart_Bar& bar : Source.Bars)
+            Rectangle(X(std::min(bar.From, bar.To)), Y(bar.High), std::fabs(X(bar.To) - X(bar.From)),
+                      Y(bar.Low) - Y(bar.High), bar.Drawn_In);
         for (const Chart_Line& line : Source.Lines)
             Polyline(line);
         for (const Chart_Dot& dot : Source.Dots)
@@ -97,6 +100,9 @@ private:
                                            : Source.Dots.empty() ? -4
                                                                  : -9),
                  "middle", box.Label);
+        for (const Chart_Bar& bar : Source.Bars)
+            Text(X(bar.To) + (bar.To < bar.From ? -4 : 4), Y((bar.Low + bar.High) / 2) + 4,
+                 bar.To < bar.From ? "end" : "start", bar.Label);
         Text(Width / 2, Height / 2, "middle", Source.Nothing);
     }
 

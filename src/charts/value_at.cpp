@@ -41,7 +41,7 @@ std::optional<Chart_Hit> Hit_At(const Chart& chart, double x)
                                  Short_Number(box.Y) + unit,
                              {middle, box.Y}};
     }
-    if (chart.Lines.empty() || chart.Lines[0].Points.empty() || !chart.Boxes.empty())
+    if (chart.Lines.empty() || chart.Lines[0].Points.empty() || !chart.Boxes.empty() || !chart.Bars.empty())
         return std::nullopt;
     const auto& [colour, points, names, name] = chart.Lines[0];
     const auto right = std::ranges::lower_bound(points, x, {}, &Chart_Point::X);
@@ -75,6 +75,17 @@ std::optional<Chart_Hit> Dot_At(const Chart& chart, Chart_Point place, double wi
                      {nearest->X, nearest->Y}};
 }
 
+std::optional<Chart_Hit> Bar_At(const Chart& chart, Chart_Point place)
+{
+    const auto found = std::ranges::find_if(chart.Bars, [&](const Chart_Bar& bar) {
+        const auto [left, right] = std::minmax(bar.From, bar.To);
+        return place.X >= left && place.X <= right && place.Y >= bar.Low && place.Y <= bar.High;
+    });
+    if (found == chart.Bars.end())
+        return std::nullopt;
+    return Chart_Hit{found->Name, {found->To, (found->Low + found->High) / 2}};
+}
+
 double Top_Of(const Chart& chart, const Chart_Box& box)
 {
     double top = box.Y;
@@ -95,7 +106,7 @@ Chart Zoomed(const Chart& chart, double from, double to)
 {
     from = std::max(from, chart.X.Low);
     to = std::min(to, chart.X.High);
-    if (chart.Lines.empty() || !(to > from))
+    if (chart.Lines.empty() || !chart.Bars.empty() || !(to > from))
         return chart;
     Chart zoomed = chart;
     auto& [colour, points, names, name] = zoomed.Lines[0];

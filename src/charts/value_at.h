@@ -17,6 +17,9 @@ std::optional<Chart_Hit> Hit_At(const Chart& chart, double x);
 // The dot nearest to a place that lies within these distances of it.
 std::optional<Chart_Hit> Dot_At(const Chart& chart, Chart_Point place, double within_x, double within_y);
 
+// The bar at a place.
+std::optional<Chart_Hit> Bar_At(const Chart& chart, Chart_Point place);
+
 // The highest value drawn over a box: its own or that of a dot.
 double Top_Of(const Chart& chart, const Chart_Box& box);
 

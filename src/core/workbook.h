@@ -9,6 +9,8 @@
 
 namespace orvel {
 
+constexpr double Digest_Width = 66; // in characters, of a column of SHA-256
+
 // A workbook of a spreadsheet program. Texts are UTF-8 and stay texts, whatever they begin with.
 
 struct Cell_Style {

@@ -8,9 +8,12 @@ namespace orvel {
 void Write_Unflushed(const std::filesystem::path& file, std::string_view bytes)
 {
     std::error_code error;
-    File_Handle handle(file, File_Handle::Use::Write, error);
+    // Over what is there: a file that is emptied first may be written to the disk as it is closed.
+    File_Handle handle(file, File_Handle::Use::Update, error);
     if (!error)
         error = handle.Write(bytes);
+    if (!error && handle.Size(error) > bytes.size())
+        error = handle.Resize(bytes.size());
     if (!error)
         error = handle.Close();
     if (!error)

@@ -8,7 +8,7 @@ namespace orvel {
 
 namespace {
 
-constexpr std::size_t Date_Width = 6;
+constexpr std::size_t Rotation_Date_Width = 6;
 
 struct Rotation_Day {
     std::int16_t Day = 0, Month = 0, Year = 0;
@@ -18,7 +18,7 @@ struct Rotation_Day {
 Rotation_Day Next_Date(Line_In& line)
 {
     const auto word = line.Word();
-    if (!word.empty() && (word.size() != Date_Width || !Is_Digits(word)))
+    if (!word.empty() && (word.size() != Rotation_Date_Width || !Is_Digits(word)))
         line.Complain(word);
     return {To_I16(Val(Columns(word, 1, 2))), To_I16(Val(Columns(word, 3, 2))), To_I16(Val(Columns(word, 5, 2)))};
 }
@@ -116,7 +116,7 @@ private:
         const auto date = behind.Word();
         if (Drops_Senescence && !date.empty() && !Is_Digits(date))
             behind.Complain(date);
-        if (Drops_Senescence && date.size() >= Date_Width) {
+        if (Drops_Senescence && date.size() >= Rotation_Date_Width) {
             row.SZE_Sen_In_File =
                 Rotation_Date{static_cast<int>(Val(Columns(date, 1, 2))), static_cast<int>(Val(Columns(date, 3, 2))),
                               To_I16(Val(Columns(date, 5, 2)))};

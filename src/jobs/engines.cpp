@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <iterator>
 #include <ranges>
+#include <utility>
 
 namespace orvel {
 
@@ -43,10 +44,17 @@ void Engines::Look_For_Stop()
 
 void Engines::Wait()
 {
+    Watch();
+    for (auto& ended : Take_Ended())
+        Record_End(ended);
+}
+
+void Engines::Watch()
+{
     std::vector<int> processes;
     std::ranges::copy(std::views::keys(Running), std::back_inserter(processes));
     if (const auto end = Wait_For_Any_Of(processes, Look_Interval))
-        Record_End(*end);
+        Take_End(*end);
     Look_For_Stop();
     for (auto& running : Running) {
         Running_Engine& engine = running.second;
@@ -69,21 +77,33 @@ void Engines::Interrupt(int process, Running_Engine& engine)
     }
 }
 
-void Engines::Record_End(const Program_End& end)
+void Engines::Take_End(const Program_End& end)
 {
     const auto found = Running.find(end.Process);
     if (found == Running.end())
         return;
     Running_Engine& engine = found->second;
     End_Group(end.Process, true); // what the engine has left behind would hold the run's lock
+    engine.Record.End = std::time(nullptr);
+    Over.push_back({std::move(engine.From), std::move(engine.Record), end, engine.Interruption});
+    Running.erase(found);
+}
+
+std::vector<Engines::Ended_Engine> Engines::Take_Ended()
+{
+    return std::exchange(Over, {});
+}
+
+void Engines::Record_End(Ended_Engine& ended)
+{
     std::string error;
     try {
-        Recorder.End(engine.From.Directory, engine.Record, end, engine.Interruption);
+        Recorder.Complete(ended.From.Directory, ended.Record, ended.End, ended.Interruption);
+        Run_Recorder::Write(ended.From.Directory, ended.Record);
     } catch (const File_Error& reason) {
         error = reason.what();
     }
-    Tell_End(engine.From.Run, engine.Record, error);
-    Running.erase(found);
+    Tell_End(ended.From.Run, ended.Record, error);
 }
 
 } // namespace orvel

@@ -9,6 +9,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <vector>
 
 namespace orvel {
 
@@ -20,6 +21,8 @@ public:
     using Ended = std::function<void(std::size_t run, const Run_Record& record, const std::string& error)>;
     Engines(std::filesystem::path stop_file, Ended ended) : Stop_File(std::move(stop_file)), Tell_End(std::move(ended))
     {}
+    // For a caller that records the ends itself: it uses Watch and Take_Ended.
+    explicit Engines(std::filesystem::path stop_file) : Stop_File(std::move(stop_file)) {}
 
     struct Start {
         std::size_t Run = 0;
@@ -37,6 +40,17 @@ public:
 
     // Waits for a while, or until an engine has ended; ends those whose time is over, and all if a stop is asked for.
     void Wait();
+
+    // An engine that has ended; its run is held until this goes. The record is not completed yet.
+    struct Ended_Engine {
+        Start From;
+        Run_Record Record;
+        Program_End End;
+        Run_Interruption Interruption;
+    };
+    // The same as Wait, but what has ended is left for Take_Ended: other engines can be started first.
+    void Watch();
+    std::vector<Ended_Engine> Take_Ended();
     void Look_For_Stop();
 
     Run_Recorder Recorder;
@@ -52,11 +66,13 @@ private:
     };
 
     void Interrupt(int process, Running_Engine& engine);
-    void Record_End(const Program_End& end);
+    void Take_End(const Program_End& end);
+    void Record_End(Ended_Engine& ended);
 
     std::filesystem::path Stop_File;
     Ended Tell_End;
     std::map<int, Running_Engine> Running; // by process id
+    std::vector<Ended_Engine> Over;
     bool Is_Stopped = false;
 };
 

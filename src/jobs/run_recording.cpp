@@ -10,6 +10,7 @@
 #include "output/run_outputs.h"
 
 #include <algorithm>
+#include <set>
 
 namespace orvel {
 
@@ -48,27 +49,24 @@ Ending Ending_Of(const Run_Record& record, const Run_Interruption& interruption)
     return {};
 }
 
-void Write_Record(const fs::path& run_directory, const Run_Record& record)
-{
-    Write_Whole(run_directory / Run_Record_Name, Format_Run_Record(record));
-}
-
 } // namespace
 
 std::vector<fs::path> Inputs_Of_Run(const fs::path& run_directory)
 {
     const Run_Request request = Read_Run_Request(run_directory);
     std::vector<fs::path> inputs;
+    Named_Inputs named(run_directory);
+    std::set<std::string> known;
     const auto add = [&](std::string_view name) {
         if (name.empty())
             return; // an orvel.inp that ends early is for the engine to refuse
-        const auto found = Named_Input(run_directory, name);
+        const auto found = named.Find(name);
         std::error_code ignored;
         if (!found)
             throw Run_Refused("The input " + To_Utf8(name) + " is missing.");
         if (!fs::is_regular_file(*found, ignored))
             throw Run_Refused("The input " + To_Utf8(name) + " is not an ordinary file.");
-        if (std::ranges::find(inputs, *found) == inputs.end())
+        if (known.insert(found->native()).second)
             inputs.push_back(*found);
     };
     add(Control_Name);
@@ -141,10 +139,9 @@ void Run_Recorder::Take_Outputs(const fs::path& run_directory, Run_Record& recor
     }
 }
 
-void Run_Recorder::End(const fs::path& run_directory, Run_Record& record, const Program_End& end,
-                       const Run_Interruption& interruption)
+void Run_Recorder::Complete(const fs::path& run_directory, Run_Record& record, const Program_End& end,
+                            const Run_Interruption& interruption)
 {
-    record.End = std::time(nullptr);
     (end.Signal != 0 ? record.Signal : record.Exit) = end.Signal != 0 ? end.Signal : end.Exit_Code;
     const Ending ending = Ending_Of(record, interruption);
     record.Verdict = ending.Verdict;
@@ -160,7 +157,11 @@ void Run_Recorder::End(const fs::path& run_directory, Run_Record& record, const 
         record.Verdict = Verdict::Failed;
         record.Reason = To_Code_Page(error.what());
     }
-    Write_Record(run_directory, record);
+}
+
+void Run_Recorder::Write(const fs::path& run_directory, const Run_Record& record)
+{
+    Write_Whole(run_directory / Run_Record_Name, Format_Run_Record(record));
 }
 
 void Run_Recorder::Refuse(const fs::path& run_directory, Run_Record record, const std::string& reason)
@@ -168,7 +169,7 @@ void Run_Recorder::Refuse(const fs::path& run_directory, Run_Record record, cons
     record.Directory = Recorded_Directory(run_directory);
     record.Verdict = Verdict::Failed;
     record.Reason = To_Code_Page(reason);
-    Write_Record(run_directory, record);
+    Write(run_directory, record);
 }
 
 } // namespace orvel

@@ -36,11 +36,13 @@ public:
     Run_Record Begin(const std::filesystem::path& run_directory, const std::filesystem::path& engine,
                      std::optional<int> limit);
 
-    // Completes the record by the engine's end and what it left, and writes it into the run directory. A record that
-    // cannot be made for an error of reading is one of a failed run, with the error as its reason. Throws File_Error if
-    // it cannot be written.
-    void End(const std::filesystem::path& run_directory, Run_Record& record, const Program_End& end,
-             const Run_Interruption& interruption);
+    // Completes the record by the engine's end and what it left. One that cannot be made for an error of reading is
+    // that of a failed run, with the error as its reason.
+    void Complete(const std::filesystem::path& run_directory, Run_Record& record, const Program_End& end,
+                  const Run_Interruption& interruption);
+
+    // Writes a record into its run directory. Throws File_Error.
+    static void Write(const std::filesystem::path& run_directory, const Run_Record& record);
 
     // Writes the record of a run whose engine could not be started.
     void Refuse(const std::filesystem::path& run_directory, Run_Record record, const std::string& reason);

@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "output/quick_val.h"
+#include "output/yearly_values.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +15,6 @@ namespace {
 constexpr double To_Litres = 10;  // cm to L/m2
 constexpr double To_Grams = 1000; // kg/ha to g/ha
 
-constexpr Anchor Year_Anchor("ANNUAL");
 constexpr Anchor Month_Anchor("MONTHLY");
 
 constexpr Anchor Rain_Anchor("PRECIPITATION");
@@ -52,7 +52,7 @@ constexpr int Chem_Rows_Below = 2;
 
 const Anchor& Block_Anchor(Balance_View view)
 {
-    return view == Balance_View::Annual ? Year_Anchor : Month_Anchor;
+    return view == Balance_View::Annual ? Annual_Anchor : Month_Anchor;
 }
 
 // The sum of decimal figures as a decimal figure: what their binary forms add behind the last digit would turn a half

@@ -38,9 +38,10 @@ std::vector<int> Ends_Of_Years(const fs::path& run, const Run_Request& request, 
 {
     std::vector<int> ends;
     int before = 0;
+    Named_Inputs named(run);
     for (int year = 1; year <= request.Years; ++year) {
         const auto at = static_cast<std::size_t>(year - 1);
-        const auto climate = at < request.Climates.size() ? Named_Input(run, request.Climates[at]) : std::nullopt;
+        const auto climate = at < request.Climates.size() ? named.Find(request.Climates[at]) : std::nullopt;
         const bool leap = climate && has_leap_day(*climate);
         const bool last = year == request.Years;
         const int month = last ? request.End_Month : December;

@@ -7,12 +7,6 @@
 
 namespace orvel {
 
-namespace {
-
-constexpr Anchor Year_Anchor("ANNUAL");
-
-} // namespace
-
 const Leachate_Layout Water_Layout = {Anchor("HORIZON   COMPARTMENT"), 13, 3,  73, 13,
                                       Anchor("RECHARGE BELOW CORE"),   36, 20, 10};
 const Leachate_Layout Chem_Layout = {
@@ -22,7 +16,7 @@ void Yearly_Values::Read_To(std::size_t years)
 {
     while (std::min(Values[0].size(), Values[1].size()) < years) {
         const bool between = Metre == Wanted::Block && Bottom == Wanted::Block;
-        if (!(between ? File.Find(Year_Anchor) : File.Next()))
+        if (!(between ? File.Find(Annual_Anchor) : File.Next()))
             return;
         Look_For_Metre(File.Line());
         Look_For_Bottom(File.Line());
@@ -32,7 +26,7 @@ void Yearly_Values::Read_To(std::size_t years)
 void Yearly_Values::Look_For_Metre(std::string_view line)
 {
     if (Metre == Wanted::Block) {
-        Metre = Year_Anchor.In(line) ? Wanted::Table : Wanted::Block;
+        Metre = Annual_Anchor.In(line) ? Wanted::Table : Wanted::Block;
     } else if (Metre == Wanted::Table) {
         Metre = Layout.Table.In(line) ? Wanted::Value : Wanted::Table;
     } else if (Quick_Val(Columns(line, Layout.Layer_First, Layout.Layer_Width)) == Top_Layers) {
@@ -44,7 +38,7 @@ void Yearly_Values::Look_For_Metre(std::string_view line)
 void Yearly_Values::Look_For_Bottom(std::string_view line)
 {
     if (Bottom == Wanted::Block) {
-        Bottom = Year_Anchor.In(line) ? Wanted::Value : Wanted::Block;
+        Bottom = Annual_Anchor.In(line) ? Wanted::Value : Wanted::Block;
     } else if (Layout.Bottom.In(line)) {
         Keep(Depth::Core_Bottom, Columns(line, Layout.Bottom_First, Layout.Bottom_Width));
         Bottom = Wanted::Block;

@@ -9,6 +9,8 @@
 
 namespace orvel {
 
+constexpr Anchor Annual_Anchor("ANNUAL"); // of a year's block of a balance file
+
 // Where a balance file holds the yearly values of the leachate tables, columns 1-based.
 struct Leachate_Layout {
     Anchor Table; // the compartment table, whose row of the compartment at 1 m holds a value

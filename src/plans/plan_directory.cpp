@@ -38,7 +38,7 @@ constexpr std::chrono::minutes Longest_Set_Up(30); // by another part, which thi
     throw Part_At_Work("The directory " + directory.string() + " has another plan run at work" + where + ".");
 }
 
-std::string Digits(std::size_t number, std::size_t least)
+std::string Padded(std::size_t number, std::size_t least)
 {
     const std::string digits = std::to_string(number);
     return std::string(least - std::min(least, digits.size()), '0') + digits;
@@ -204,14 +204,14 @@ std::vector<std::string> Parts_At_Work(const fs::path& directory)
 // The caller holds the lock of the set-up, so that two cannot take parts at once.
 Lock Take_Part(const fs::path& directory, const Plan_Part& part)
 {
-    const std::string of = "-of-" + std::to_string(part.Of), name = std::to_string(part.Number) + of;
+    const std::string of = "-of-" + std::to_string(part.Of), name = Part_Name(part);
     for (const auto& other : Parts_At_Work(directory)) {
         if (other == name)
             Refuse_Part(directory, part.Of > 1 ? " on part " + name : "");
         if (!other.ends_with(of))
             Refuse_Part(directory, " on part " + other + ", which shares rows with this one");
     }
-    const fs::path file = directory / Plan_Locks_Name / name;
+    const fs::path file = Lock_Of_Part(directory, name);
     Make_Directory(file.parent_path());
     Write_Whole(file, "");
     auto lock = Lock::Take_Within(file, std::chrono::seconds(2));
@@ -264,6 +264,16 @@ Plan_Faults::Plan_Faults(std::vector<File_Error> first, std::size_t count)
       Count(count)
 {}
 
+std::string Part_Name(const Plan_Part& part)
+{
+    return std::to_string(part.Number) + "-of-" + std::to_string(part.Of);
+}
+
+fs::path Lock_Of_Part(const fs::path& directory, std::string_view part_name)
+{
+    return directory / Plan_Locks_Name / part_name;
+}
+
 std::optional<Plan_Record> Read_Plan_Record(const fs::path& directory)
 try {
     const std::string text = Read_If_There(directory, Plan_Record_Name);
@@ -283,7 +293,7 @@ try {
 fs::path Directory_Of_Row(const fs::path& directory, std::size_t row)
 {
     constexpr std::size_t Together = 1000;
-    return directory / Plan_Runs_Name / Digits((row - 1) / Together, 4) / Digits(row, 7);
+    return directory / Plan_Runs_Name / Padded((row - 1) / Together, 4) / Padded(row, 7);
 }
 
 Csv_Reader::Source Source_Of_File(const fs::path& file)
@@ -324,9 +334,10 @@ Held_Plan Hold_Plan(const Program_State& program, const fs::path& plan, const fs
     }
 }
 
-Plan_Record Prepare_Plan(const Program_State& program, const fs::path& plan, const fs::path& directory)
+Plan_Record Prepare_Plan(const Program_State& program, const fs::path& plan, const fs::path& directory,
+                         const Progress& progress)
 {
-    return Do_Set_Up(program, plan, directory, {}, [&](const Plan_Record& record) {
+    return Do_Set_Up(program, plan, directory, progress, [&](const Plan_Record& record) {
         const auto parts = Parts_At_Work(directory);
         if (!parts.empty())
             Refuse_Part(directory, parts.front() == "1-of-1" ? "" : " on part " + parts.front());

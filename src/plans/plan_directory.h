@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
@@ -51,6 +52,10 @@ struct Plan_Part {
     bool operator==(const Plan_Part&) const = default;
 };
 
+std::string Part_Name(const Plan_Part& part); // "2-of-4"
+// What a part holds by a lock while it is at work.
+std::filesystem::path Lock_Of_Part(const std::filesystem::path& directory, std::string_view part_name);
+
 // A plan whose directory is ready, held by its part for as long as this lives.
 struct Held_Plan {
     Plan_Record Record;
@@ -72,7 +77,7 @@ Held_Plan Hold_Plan(const Program_State& program, const std::filesystem::path& p
 
 // The same for a plan whose parts other programs will take. Throws Part_At_Work if one of them is.
 Plan_Record Prepare_Plan(const Program_State& program, const std::filesystem::path& plan,
-                         const std::filesystem::path& directory);
+                         const std::filesystem::path& directory, const Progress& progress = {});
 
 // Since when the parts have been at work that are; nothing if none is.
 std::optional<std::filesystem::file_time_type> At_Work_Since(const std::filesystem::path& directory);

@@ -30,7 +30,6 @@ constexpr std::array<Named_Column, 8> Named_Columns = {{{"id", Kind::Id},
                                                         {"years", Kind::Years}}};
 constexpr std::array Columns_Of_Modes = {Kind::Id, Kind::Mode, Kind::Pesticide, Kind::Crop, Kind::Location};
 constexpr std::array Columns_Of_Files = {Kind::Id, Kind::Pesticide, Kind::Scenario, Kind::Climate, Kind::Years};
-constexpr std::string_view Pesticide_Begin = "psm.", Scenario_Begin = "sze.";
 constexpr std::size_t Longest_Name = 200;
 
 std::string_view Name_Of_Kind(Kind kind)
@@ -48,7 +47,7 @@ std::string_view Without_Blanks(std::string_view text)
 // A column that names a field to replace. Throws File_Error for a field that no document has.
 Plan_Column Field_Column(const std::string& name, Kind kind, int line, int column)
 {
-    const auto field = From_Utf8(std::string_view(name).substr(Pesticide_Begin.size()));
+    const auto field = From_Utf8(std::string_view(name).substr(Pesticide_Field_Begin.size()));
     if (!field)
         throw File_Error("There is no field " + name + ".", line, column);
     const std::string reason =
@@ -60,9 +59,9 @@ Plan_Column Field_Column(const std::string& name, Kind kind, int line, int colum
 
 Plan_Column Column_Named(const std::string& name, int line, int column)
 {
-    if (name.starts_with(Pesticide_Begin))
+    if (name.starts_with(Pesticide_Field_Begin))
         return Field_Column(name, Kind::Pesticide_Field, line, column);
-    if (name.starts_with(Scenario_Begin))
+    if (name.starts_with(Scenario_Field_Begin))
         return Field_Column(name, Kind::Scenario_Field, line, column);
     if (name.starts_with('#'))
         return {Kind::Label, name, ""};

@@ -10,6 +10,9 @@
 
 namespace orvel {
 
+// How the columns begin whose cells replace a field of the pesticide file or of the scenario.
+constexpr std::string_view Pesticide_Field_Begin = "psm.", Scenario_Field_Begin = "sze.";
+
 // A plan is a table of runs, one a row (core/csv_reader.h). Texts are UTF-8, as they stand in the file.
 
 enum class Plan_Column_Kind {

@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/system/flush.h"
 #include "core/system/processors.h"
 #include "core/write_unflushed.h"
 #include "jobs/engine_start.h"
@@ -11,10 +12,11 @@
 #include "output/run_state.h"
 #include "plans/run_maker.h"
 #include "plans/run_result.h"
+#include "plans/work_places.h"
+#include "tables/leachate_tables.h"
 
 #include <algorithm>
 #include <array>
-#include <deque>
 
 namespace orvel {
 
@@ -37,7 +39,7 @@ void Remove(const fs::path& file)
 
 bool Is_Table(const std::string& name)
 {
-    return name == "year.orv" || name == "period.orv" || Matches(name, "PECsoil_*.orv");
+    return name == Year_Cache_Name || name == Period_Cache_Name || Matches(name, "PECsoil_*.orv");
 }
 
 // Takes away what is not kept. orvel.inp goes last: as long as it is there, a run is not tidied up.
@@ -63,10 +65,8 @@ public:
           Plan(Source_Of_File(order.Directory / Plan_Copy_Name)),
           Maker(program, Plan_Inputs::Of_Plan(order.Directory), Plan),
           Engine(order.Directory / Inputs_Name / Path_Of(record.Engine)),
-          At_Work(order.Directory / Plan_Stop_Name,
-                  [this](std::size_t run, const Run_Record& ended, const std::string& error) {
-                      Ended.push_back({run, ended, error});
-                  })
+          Places(order.Directory, order.Part),
+          At_Work(order.Directory / Plan_Stop_Name)
     {
         Count.Runs = record.Rows / order.Part.Of + (record.Rows % order.Part.Of >= order.Part.Number ? 1 : 0);
         const auto haude = Find_File(order.Directory / Inputs_Name, Haude_Name);
@@ -74,6 +74,8 @@ public:
             Haude = Read_Whole(*haude);
     }
 
+    // The next run is made ready while the engines are at work, and begun before what has ended is recorded: as many
+    // engines are at work as may be.
     Plan_Progress Work()
     {
         Remove(Order.Directory / Plan_Stop_Name);
@@ -82,26 +84,34 @@ public:
             for (Plan_Row row; Goes_On() && Plan.Next(row);) {
                 if (!Order.Part.Has(row.Number))
                     continue;
-                Look_At(row);
+                auto ready = Make_Ready(row);
+                if (!ready)
+                    continue;
                 while (At_Work.At_Work() >= jobs)
-                    Wait();
+                    At_Work.Watch();
+                if (Goes_On())
+                    Begin(std::move(*ready));
+                Keep_Ended();
             }
         } catch (const std::runtime_error& error) { // File_Error and Run_Refused
             Note_Trouble(error.what());
         }
-        while (At_Work.At_Work() > 0)
-            Wait();
-        Tell_Progress();
+        Keep_Ended();
+        while (At_Work.At_Work() > 0) {
+            At_Work.Watch();
+            Keep_Ended();
+        }
         if (!Trouble.empty())
             throw File_Error(Trouble);
         return Count;
     }
 
 private:
-    struct Ended_Run {
+    struct Ready_Run {
         std::size_t Row;
+        fs::path Place;
+        Lock Held;
         Run_Record Record;
-        std::string Error;
     };
 
     bool Goes_On()
@@ -110,33 +120,37 @@ private:
         return Trouble.empty() && !At_Work.Stopped();
     }
 
-    // Begins the run of a row, unless it is complete.
-    void Look_At(const Plan_Row& row)
+    // Everything that the run of a row needs, in a place of its own; nothing if it is complete, or an engine holds it.
+    std::optional<Ready_Run> Make_Ready(const Plan_Row& row)
     {
         const fs::path run = Directory_Of_Row(Order.Directory, row.Number);
         const std::string result = Read_Result(run);
         const auto done = Parse_Result(result);
+        std::error_code error;
         if (done && done->front().Verdict == Verdict_Text(Verdict::Complete)) {
-            std::error_code ignored;
-            if (fs::exists(run / Control_Name, ignored))
+            if (fs::exists(run / Control_Name, error))
                 Tidy_Up(run, Order.Keep);
             ++Count.Complete;
-            return;
+            return std::nullopt;
         }
-        std::error_code error;
-        fs::create_directories(run, error);
-        if (error)
-            throw File_Error("Cannot create " + run.string() + ": " + error.message() + ".");
+        if (!fs::exists(run, error))
+            return Make_Ready(row, Places.Take());
         auto lock = Lock_Of(run);
-        if (!lock)
-            return Fail(row.Number, "An engine is still at work in " + run.string() + ".");
+        if (!lock) {
+            Fail(row.Number, "An engine is still at work in " + run.string() + ".");
+            return std::nullopt;
+        }
         const Run_State state = State_Of_Run_Held(run);
         if (state.Record && state.Verdict == Verdict::Complete && !done) { // it was cut off behind its end
             lock.reset();
             Note_Kind(row);
-            return Take_Result(row.Number, *state.Record);
+            Take_Result(row.Number, *state.Record);
+            return std::nullopt;
         }
-        Begin(row, run, std::move(*lock));
+        const fs::path place = Places.Take(run);
+        Clear(place, {});
+        lock.reset();
+        return Make_Ready(row, place);
     }
 
     // The engine of a plan run that was killed may still be at work: it is ended, since nobody records its end.
@@ -149,25 +163,52 @@ private:
         return Lock::Take_Within(run, Longest_Wait);
     }
 
-    void Begin(const Plan_Row& row, const fs::path& run, Lock lock)
+    static void Clear(const fs::path& place, const std::vector<std::string>& but)
     {
-        Remove(run / Result_Name);
-        Delete_Output(run);
-        Made_Run made = Maker.Make(row);
+        for (const auto& name : List_Files(place, "*")) {
+            if (std::ranges::find(but, name) == but.end())
+                Remove(place / name);
+        }
+    }
+
+    Ready_Run Make_Ready(const Plan_Row& row, const fs::path& place)
+    {
+        auto lock = Lock::Take(place);
+        if (!lock)
+            throw File_Error("Cannot lock " + place.string() + ".");
+        const Made_Run made = Maker.Make(row);
+        std::vector<std::string> inputs = {std::string(Control_Name)};
+        const auto put = [&](const fs::path& name, const std::string& bytes) {
+            Write_Unflushed(place / name, bytes);
+            inputs.push_back(name.string());
+        };
+        Write_Unflushed(place / Control_Name, made.Control);
         if (made.Pesticide)
-            Write_Unflushed(run / Path_Of(made.Pesticide_Name), *made.Pesticide);
+            put(Path_Of(made.Pesticide_Name), *made.Pesticide);
         if (made.Scenario)
-            Write_Unflushed(run / Path_Of(made.Scenario_Name), *made.Scenario);
-        if (Haude)
-            Write_Unflushed(run / Haude_Name, *Haude);
-        Write_Unflushed(run / Control_Name, made.Control);
-        Program_Start start = Engine_Start(run, Engine);
-        Run_Record record = At_Work.Recorder.Begin(run, Engine, Order.Limit);
-        start.Kept_Descriptor = lock.Descriptor();
-        start.Own_Group = true;
-        At_Work.Add({.Run = row.Number, .Directory = run, .Limit = Order.Limit, .Held = std::move(lock)},
-                    std::move(record), start);
+            put(Path_Of(made.Scenario_Name), *made.Scenario);
+        std::error_code ignored;
+        if (Haude && fs::exists(place / Haude_Name, ignored))
+            inputs.emplace_back(Haude_Name); // it is the same in all runs
+        else if (Haude)
+            put(Haude_Name, *Haude);
+        Clear(place, inputs);
+        Run_Record record = At_Work.Recorder.Begin(place, Engine, Order.Limit);
+        record.Directory = Recorded_Directory(Directory_Of_Row(Order.Directory, row.Number));
         Note_Kind(row);
+        return {.Row = row.Number, .Place = place, .Held = std::move(*lock), .Record = std::move(record)};
+    }
+
+    void Begin(Ready_Run ready)
+    {
+        const fs::path run = Directory_Of_Row(Order.Directory, ready.Row);
+        Program_Start start = Engine_Start(run, Engine);
+        start.Kept_Descriptor = ready.Held.Descriptor();
+        start.Own_Group = true;
+        Places.Become(ready.Place, run);
+        ready.Record.Start = std::time(nullptr);
+        At_Work.Add({.Run = ready.Row, .Directory = run, .Limit = Order.Limit, .Held = std::move(ready.Held)},
+                    std::move(ready.Record), start);
         ++Count.Begun;
     }
 
@@ -179,21 +220,63 @@ private:
             Soil_Runs.insert(row.Number);
     }
 
-    // The tables of a run are built when its lock is free.
-    void Wait()
+    void Keep_Ended()
     {
-        At_Work.Wait();
-        for (; !Ended.empty(); Ended.pop_front()) {
-            const Ended_Run& run = Ended.front();
+        for (auto& ended : At_Work.Take_Ended()) {
             try {
-                if (!run.Error.empty())
-                    throw File_Error(run.Error);
-                Take_Result(run.Row, run.Record);
+                Keep(ended);
             } catch (const std::runtime_error& error) {
                 Note_Trouble(error.what());
             }
         }
         Tell_Progress();
+    }
+
+    void Keep(Engines::Ended_Engine& ended)
+    {
+        const fs::path& run = ended.From.Directory;
+        At_Work.Recorder.Complete(run, ended.Record, ended.End, ended.Interruption);
+        if (ended.Record.Verdict == Verdict::Complete && Order.Keep != Plan_Keep::All &&
+            !Soil_Runs.contains(ended.From.Run) && Keep_Leachate(run, ended.Record)) {
+            ++Count.Ended;
+            ++Count.Complete;
+            return;
+        }
+        Put(ended.Record.Verdict, run / Run_Record_Name, Format_Run_Record(ended.Record));
+        ended.From.Held.reset(); // the tables of a run are built when its lock is free
+        Take_Result(ended.From.Run, ended.Record);
+    }
+
+    // A run that is not complete is run again whatever a power cut leaves of it.
+    static void Put(Verdict verdict, const fs::path& file, const std::string& bytes)
+    {
+        if (verdict == Verdict::Complete)
+            Write_Whole(file, bytes);
+        else
+            Write_Unflushed(file, bytes);
+    }
+
+    // Puts what is kept into a directory that takes the place of the run's when all of it is on the disk; false if the
+    // run has no tables to be kept.
+    bool Keep_Leachate(const fs::path& run, const Run_Record& record)
+    {
+        const Built_Leachate built = Build_Leachate(run);
+        const auto result = Result_Of_Leachate(built.Tables, record);
+        if (!result || !built.Tables.Failure.empty() || built.Years.empty())
+            return false;
+        const fs::path kept = Places.New_Empty();
+        Write_Unflushed(kept / Run_Record_Name, Format_Run_Record(record));
+        if (Order.Keep == Plan_Keep::Tables) {
+            Write_Unflushed(kept / Year_Cache_Name, built.Years);
+            Write_Unflushed(kept / Period_Cache_Name, built.Periods);
+        }
+        Write_Unflushed(kept / Result_Name, Format_Result(*result));
+        if (!Flush_Directory_And_Files(kept))
+            throw File_Error("Cannot write " + run.string() + ".");
+        Places.Give_Back(Places.Take(run));
+        Places.Become(kept, run);
+        Flush_Directory(run.parent_path());
+        return true;
     }
 
     void Take_Result(std::size_t row, const Run_Record& record)
@@ -202,7 +285,7 @@ private:
         if (record.Verdict != Verdict::Complete)
             Check_Space(record);
         const auto kind = Soil_Runs.erase(row) > 0 ? Result_Kind::Soil : Result_Kind::Leachate;
-        Write_Whole(run / Result_Name, Format_Result(Result_Of_Run(run, record, kind)));
+        Put(record.Verdict, run / Result_Name, Format_Result(Result_Of_Run(run, record, kind)));
         ++Count.Ended;
         if (record.Verdict == Verdict::Stopped)
             return;
@@ -247,8 +330,8 @@ private:
     Run_Maker Maker;
     fs::path Engine;
     std::optional<std::string> Haude;
+    Work_Places Places;
     Engines At_Work;
-    std::deque<Ended_Run> Ended;
     std::set<std::size_t> Soil_Runs; // of those begun, the ones of a soil mode
     Plan_Progress Count;
     std::string Trouble;

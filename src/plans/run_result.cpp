@@ -76,11 +76,28 @@ std::string Figures_Text(const Result_Row& row)
 
 } // namespace
 
-Plan_Result Result_Of_Run(const fs::path& run_directory, const Run_Record& record, Result_Kind kind)
+namespace {
+
+Plan_Result Without_Rows(const Run_Record& record)
 {
     Plan_Result result{.Rows = {}, .Verdict = record.Verdict, .Seconds = std::nullopt};
     if (record.Start != 0 && record.End != 0)
         result.Seconds = record.End - record.Start;
+    return result;
+}
+
+} // namespace
+
+std::optional<Plan_Result> Result_Of_Leachate(const Leachate_Tables& tables, const Run_Record& record)
+{
+    Plan_Result result = Without_Rows(record);
+    result.Rows = Rows_Of(tables, record.Years_Found);
+    return result.Rows.empty() ? std::nullopt : std::optional(std::move(result));
+}
+
+Plan_Result Result_Of_Run(const fs::path& run_directory, const Run_Record& record, Result_Kind kind)
+{
+    Plan_Result result = Without_Rows(record);
     if (record.Verdict == Verdict::Complete) {
         result.Rows = Leachate_Rows_Of(run_directory, record.Years_Found); // its tables are kept in every mode
         if (kind == Result_Kind::Soil) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "output/run_record.h"
+#include "tables/leachate_records.h"
 
 #include <filesystem>
 #include <optional>
@@ -43,6 +44,9 @@ enum class Result_Kind { Leachate, Soil };
 // The result of a run that has ended, by its record and, if it is complete, its tables; those are built and kept.
 // Throws File_Error if they cannot be read or written.
 Plan_Result Result_Of_Run(const std::filesystem::path& run_directory, const Run_Record& record, Result_Kind kind);
+
+// The result of a complete run by its tables of the leachate; nothing if they hold no figures.
+std::optional<Plan_Result> Result_Of_Leachate(const Leachate_Tables& tables, const Run_Record& record);
 
 // The lines of the file, each without its end: UTF-8, columns as above.
 std::string Format_Result(const Plan_Result& result);

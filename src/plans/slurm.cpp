@@ -83,6 +83,12 @@ std::vector<std::string> Sbatch_Arguments(const Slurm_Order& order)
     return arguments;
 }
 
+std::string Job_Text(const Slurm_Job& job, std::size_t tasks)
+{
+    return "Job " + job.Number + (job.Cluster.empty() ? "" : " on " + job.Cluster) + ", " + std::to_string(tasks) +
+           (tasks == 1 ? " task" : " tasks");
+}
+
 std::optional<Slurm_Job> Parse_Sbatch(std::string_view printed)
 {
     std::optional<Slurm_Job> job;

@@ -20,6 +20,7 @@ struct Slurm_Order {
     int Jobs = 1;               // runs at a time in a task, each with a processor
     std::optional<int> Minutes; // that a task may take
 };
+constexpr int Most_Slurm_Tasks = 100000;
 
 // The script of a task, which tells what it has to tell in slurm-1.log and so on in the directory of the plan.
 // `command` is the line that runs the plan, without its part.
@@ -34,6 +35,8 @@ struct Slurm_Job {
     std::string Number, Cluster; // of several clusters that are one; empty with one
     bool operator==(const Slurm_Job&) const = default;
 };
+
+std::string Job_Text(const Slurm_Job& job, std::size_t tasks); // "Job 12 on short, 4 tasks"
 
 // The job in what `sbatch --parsable` has printed, between warnings; nothing if there is none.
 std::optional<Slurm_Job> Parse_Sbatch(std::string_view printed);

@@ -40,6 +40,17 @@ std::vector<std::string> Words_To_Run(const Plan_Order& order)
     return words;
 }
 
+std::vector<std::string> Words_To_Submit(const Plan_Order& order, const Slurm_Order& slurm)
+{
+    Plan_Order whole = order;
+    whole.Part = {}; // its parts are the tasks
+    auto words = Words_To_Run(whole);
+    words.insert(words.end(), {"--slurm", "--tasks", std::to_string(slurm.Tasks)});
+    if (slurm.Minutes)
+        words.insert(words.end(), {"--time", std::to_string(*slurm.Minutes)});
+    return words;
+}
+
 std::vector<std::string> Words_To_Go_On(const Program_State& program, const Plan_Order& order)
 {
     Plan_Order copied = order;
@@ -67,6 +78,28 @@ void Begin_Plan(const Program_State& program, const Plan_Order& order, const Pro
 try {
     const Held_Plan held = Hold_Plan(program, order.Plan, order.Directory, order.Part, {}, progress);
     Start_Plan(program, order, held, Program_Beside("orvelctl"));
+} catch (const Plan_Faults& faults) {
+    throw File_Error(Faults_Text(faults));
+}
+
+Slurm_Job Submit_Plan(const Program_State& program, const Plan_Order& order, const Slurm_Order& slurm,
+                      const fs::path& orvelctl, const Progress& progress)
+{
+    Prepare_Plan(program, order.Plan, order.Directory, progress);
+    Plan_Order task = order;
+    task.Part = {};
+    task.Jobs = std::max(order.Jobs, 1); // a task may be given one of many processors that it sees
+    auto command = Words_To_Go_On(program, task);
+    command.insert(command.begin(), orvelctl.string());
+    Slurm_Order asked = slurm;
+    asked.Jobs = task.Jobs;
+    return Submit(order.Directory, asked, command);
+}
+
+Slurm_Job Begin_On_Cluster(const Program_State& program, const Plan_Order& order, const Slurm_Order& slurm,
+                           const Progress& progress)
+try {
+    return Submit_Plan(program, order, slurm, Program_Beside("orvelctl"), progress);
 } catch (const Plan_Faults& faults) {
     throw File_Error(Faults_Text(faults));
 }

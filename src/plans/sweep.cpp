@@ -25,7 +25,6 @@ namespace {
 
 constexpr std::array<int, 13> Before_Month = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334, 365};
 constexpr int Days_Of_Year = 365, Months = 12;
-constexpr std::string_view Pesticide_Begin = "psm.", Scenario_Begin = "sze.";
 
 template <class Number> std::optional<Number> Whole_Text(std::string_view text)
 {
@@ -103,9 +102,9 @@ public:
             }
         };
         const auto nothing = std::make_unique<Pesticide_Document>();
-        add(Pesticide_Begin, Differences(*Pesticide, *nothing), Why_Not_A_Pesticide_Field);
+        add(Pesticide_Field_Begin, Differences(*Pesticide, *nothing), Why_Not_A_Pesticide_Field);
         Scenario_Document no_scenario;
-        add(Scenario_Begin, Differences(Scenario, no_scenario), Why_Not_A_Scenario_Field);
+        add(Scenario_Field_Begin, Differences(Scenario, no_scenario), Why_Not_A_Scenario_Field);
         return fields;
     }
 
@@ -129,7 +128,7 @@ private:
             const auto present = Value_Of(*Pesticide, name);
             if (!present)
                 return;
-            Varied_Column column{std::string(Pesticide_Begin) + name, {}};
+            Varied_Column column{std::string(Pesticide_Field_Begin) + name, {}};
             for (const int days : Order.Shifts)
                 column.Values.push_back(General_Text(Val(*present) + days));
             Add_If_Varied(varied, std::move(column), *present);
@@ -145,8 +144,8 @@ private:
         const double count = std::clamp<double>(Pesticide->App_Count[location].Number(), 0, Last_Application);
         for (std::size_t i = 1; i <= static_cast<std::size_t>(count); ++i) {
             const Application& present = Pesticide->Applications[location][i];
-            const std::string name = std::string(Pesticide_Begin) + "Applications[" + std::to_string(location) + "][" +
-                                     std::to_string(i) + "].";
+            const std::string name = std::string(Pesticide_Field_Begin) + "Applications[" + std::to_string(location) +
+                                     "][" + std::to_string(i) + "].";
             for (const auto& [field, member] : {std::pair("App_Day", &Application::App_Day),
                                                 {"App_Month", &Application::App_Month},
                                                 {"App_Year", &Application::App_Year}}) {
@@ -160,10 +159,10 @@ private:
 
     Varied Factor(const Sweep_Factor& factor) const
     {
-        const bool of_pesticide = factor.Field.starts_with(Pesticide_Begin);
-        if (!of_pesticide && !factor.Field.starts_with(Scenario_Begin))
+        const bool of_pesticide = factor.Field.starts_with(Pesticide_Field_Begin);
+        if (!of_pesticide && !factor.Field.starts_with(Scenario_Field_Begin))
             throw File_Error("The field '" + To_Utf8(factor.Field) + "' begins neither with psm. nor with sze.");
-        const auto name = std::string_view(factor.Field).substr(Pesticide_Begin.size());
+        const auto name = std::string_view(factor.Field).substr(Pesticide_Field_Begin.size());
         const std::string reason = of_pesticide ? Why_Not_A_Pesticide_Field(name) : Why_Not_A_Scenario_Field(name);
         if (!reason.empty())
             throw File_Error(To_Utf8(reason));

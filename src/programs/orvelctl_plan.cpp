@@ -137,18 +137,13 @@ int Tell_End(const std::filesystem::path& directory)
     return Refused;
 }
 
-int Run_By_Slurm(const Session& session, Plan_Order order, const Run_Arguments& arguments)
+int Run_By_Slurm(const Session& session, const Plan_Order& order, const Run_Arguments& arguments)
 {
-    Prepare_Plan(session.Program, order.Plan, order.Directory);
-    order.Jobs = std::max(order.Jobs, 1); // a task may be given one of many processors that it sees
-    auto command = Words_To_Go_On(session.Program, order);
-    command.insert(command.begin(), Own_Path().string());
-    Slurm_Order slurm{.Tasks = static_cast<std::size_t>(arguments.Tasks), .Jobs = order.Jobs};
+    Slurm_Order slurm{.Tasks = static_cast<std::size_t>(arguments.Tasks)};
     if (arguments.Minutes > 0)
         slurm.Minutes = arguments.Minutes;
-    const Slurm_Job job = Submit(order.Directory, slurm, command);
-    std::cout << "Job " << job.Number << (job.Cluster.empty() ? "" : " on " + job.Cluster) << ", " << slurm.Tasks
-              << (slurm.Tasks == 1 ? " task" : " tasks") << std::endl; // before the wait
+    const Slurm_Job job = Submit_Plan(session.Program, order, slurm, Own_Path());
+    std::cout << Job_Text(job, slurm.Tasks) << std::endl; // before the wait
     if (!arguments.Wait)
         return Done;
     Wait_For_Job(order.Directory, job);
@@ -209,7 +204,7 @@ void Add_Run(CLI::App* plan, Command& command)
     auto* slurm = run->add_flag("--slurm", arguments->Slurm, "Hand it to a Slurm cluster, as an array of N parts")
                       ->excludes(part);
     auto* tasks = run->add_option("--tasks", arguments->Tasks, "The parts of the plan on the cluster")
-                      ->check(CLI::Range(1, 100000))
+                      ->check(CLI::Range(1, Most_Slurm_Tasks))
                       ->option_text("N")
                       ->needs(slurm);
     slurm->needs(tasks);

@@ -8,7 +8,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Text_Width = 22, Figure_Width = 14, Digest_Width = 66;
+constexpr double Overview_Text_Width = 22, Figure_Width = 14;
 constexpr std::uint32_t State_Ink = 0x5A6270;
 
 // Texts of the system's bytes become Unicode at this edge.
@@ -80,7 +80,8 @@ Sheet_Cell Number_Cell(double number)
 Sheet Inputs_Sheet(const Overview& overview)
 {
     Sheet sheet{.Name = "Inputs", .Frozen_Rows = 1, .Frozen_Columns = 3};
-    sheet.Widths = {Text_Width, Text_Width, Text_Width, Text_Width, Figure_Width, Digest_Width};
+    sheet.Widths = {Overview_Text_Width, Overview_Text_Width, Overview_Text_Width,
+                    Overview_Text_Width, Figure_Width,        Digest_Width};
     sheet.Rows.push_back(Head_Row({"Pesticide file", "Crop", "Location", "Input", "Bytes", "SHA-256"}));
     Add_Lines(overview, sheet, [&](const Overview_Run& run, const Run_Record& record) {
         for (const auto& input : record.Inputs)
@@ -94,8 +95,9 @@ Sheet Inputs_Sheet(const Overview& overview)
 Sheet Records_Sheet(const Overview& overview)
 {
     Sheet sheet{.Name = "Records", .Frozen_Rows = 1, .Frozen_Columns = 3};
-    sheet.Widths = {Text_Width, Text_Width, Text_Width, Figure_Width, Figure_Width, Figure_Width,
-                    Text_Width, Text_Width, Text_Width, Text_Width,   Digest_Width, Text_Width};
+    sheet.Widths = {Overview_Text_Width, Overview_Text_Width, Overview_Text_Width, Figure_Width,
+                    Figure_Width,        Figure_Width,        Overview_Text_Width, Overview_Text_Width,
+                    Overview_Text_Width, Overview_Text_Width, Digest_Width,        Overview_Text_Width};
     sheet.Rows.push_back(Head_Row({"Pesticide file", "Crop", "Location", "Verdict", "Years asked for", "Years found",
                                    "Begin", "End", "Program", "Engine", "SHA-256 of the engine", "Reason"}));
     Add_Lines(overview, sheet, [&](const Overview_Run& run, const Run_Record& record) {
@@ -119,8 +121,9 @@ Sheet Overview_Sheet(const Overview& overview, const std::vector<double>& bounds
     Sheet sheet{.Name = "Results", .Frozen_Rows = 1, .Frozen_Columns = 3};
     sheet.Rows.push_back(Head_Row(table.Heads));
     for (std::size_t i = 0; i < table.Heads.size(); ++i)
-        sheet.Widths.push_back(i >= table.First_Location && i <= table.First_Location + table.Locations ? Figure_Width
-                                                                                                        : Text_Width);
+        sheet.Widths.push_back(i >= table.First_Location && i <= table.First_Location + table.Locations
+                                   ? Figure_Width
+                                   : Overview_Text_Width);
     for (const auto& row : table.Rows) {
         auto& cells = sheet.Rows.emplace_back();
         for (const auto& cell : row)

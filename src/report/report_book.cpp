@@ -14,7 +14,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Text_Width = 24, Digest_Width = 66;
+constexpr double Text_Width = 24;
 constexpr std::uint32_t Above_Ink = 0x8C1D18;
 
 // A whole text that is a number, as the tables print it.

@@ -8,7 +8,7 @@ namespace orvel {
 
 namespace {
 
-constexpr double Half_Width = 0.2;
+constexpr double Bar_Half_Width = 0.2;
 
 } // namespace
 
@@ -27,7 +27,7 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
         const auto at = static_cast<double>(row.Location + 1);
         const bool exceeds = row.P80.Conc > Drinking_Water_Limit;
         (exceeds ? above : below) = true;
-        chart.Boxes.push_back({exceeds ? Colour::Marked : Colour::Series, at - Half_Width, at + Half_Width,
+        chart.Boxes.push_back({exceeds ? Colour::Marked : Colour::Series, at - Bar_Half_Width, at + Bar_Half_Width,
                                row.P80.Conc, row.Name, General_Text(row.P80.Conc)});
     }
     if (below)
@@ -41,7 +41,7 @@ Chart Report_Chart(const Summary& report, std::size_t substance)
         chart.Nothing = "No location has a result.";
     if (Drinking_Water_Limit <= chart.Y.High)
         chart.Lines.push_back({Colour::Marked,
-                               {{0, Drinking_Water_Limit}, {chart.X.High + Half_Width, Drinking_Water_Limit}},
+                               {{0, Drinking_Water_Limit}, {chart.X.High + Bar_Half_Width, Drinking_Water_Limit}},
                                {},
                                "limit: " + Limit_Text()});
     chart.Frame = Frame_Around(chart.X, chart.Y);

@@ -21,7 +21,7 @@ namespace {
 
 constexpr int Old_Output = 1;
 constexpr int Old_Directory = 2;
-constexpr int New_Directory = 3;
+constexpr int Creating_Directory = 3;
 constexpr const char* Aside_Begin = "marked-";  // followed by six letters
 constexpr std::string_view Beside_End = ".new"; // in place of ".run"
 
@@ -41,8 +41,8 @@ std::string Rights_Text()
 
 [[noreturn]] void Refuse_New_Directory(const fs::path& place)
 {
-    throw Stage_Error(New_Directory, "ORVEL could not create the following directory for the new simulation.\r\n" +
-                                         Path_Text(place) + ".\r\n\r\n" + Rights_Text());
+    throw Stage_Error(Creating_Directory, "ORVEL could not create the following directory for the new simulation.\r\n" +
+                                              Path_Text(place) + ".\r\n\r\n" + Rights_Text());
 }
 
 void Check_Replaceable(const fs::path& place)

@@ -14,31 +14,33 @@ using Document = Scenario_Document;
 constexpr std::string_view Data_Check = "Data Check";
 
 constexpr std::string_view Title_Box = "Text_tit", Depth_Box = "Text_cor", Layers_Box = "Text_num",
-                           Horizons_Box = "Text_nhor";
+                           Scenario_Horizons_Box = "Text_nhor";
 
-struct Number_Box {
+struct Scenario_Number_Box {
     std::string_view Control;
     double Document::*Field;
 };
-constexpr std::array Number_Boxes = {
-    Number_Box{Depth_Box, &Document::SZE_Core_Depth},
-    Number_Box{"Text_geo", &Document::SZE_Latitude},
-    Number_Box{"Text_et_depth", &Document::SZE_ET_Depth},
-    Number_Box{"schnelle_Prozesse_Tiefe_0", &Document::SZE_Runoff_Depth},
-    Number_Box{"schnelle_Prozesse_Tiefe_1", &Document::SZE_Macro_Depth},
-    Number_Box{"s_DOC", &Document::SZE_DOC_Content},
+constexpr std::array Scenario_Number_Boxes = {
+    Scenario_Number_Box{Depth_Box, &Document::SZE_Core_Depth},
+    Scenario_Number_Box{"Text_geo", &Document::SZE_Latitude},
+    Scenario_Number_Box{"Text_et_depth", &Document::SZE_ET_Depth},
+    Scenario_Number_Box{"schnelle_Prozesse_Tiefe_0", &Document::SZE_Runoff_Depth},
+    Scenario_Number_Box{"schnelle_Prozesse_Tiefe_1", &Document::SZE_Macro_Depth},
+    Scenario_Number_Box{"s_DOC", &Document::SZE_DOC_Content},
 };
 
 constexpr std::array<std::string_view, 3> Kc_Boxes = {"Text_et_fac_0", "Text_et_fac_1", "Text_et_fac_2"};
 
-struct Mixed_Box {
+struct Scenario_Mixed_Box {
     std::string_view Control;
     Variant Document::*Field;
 };
-constexpr std::array Mixed_Boxes = {
-    Mixed_Box{Horizons_Box, &Document::SZE_Horizons},        Mixed_Box{"Text_sfac", &Document::SZE_Snow_Factor},
-    Mixed_Box{"Text1_freq", &Document::SZE_Out_Every_Water}, Mixed_Box{"Text2_freq", &Document::SZE_Out_Every_Solute},
-    Mixed_Box{"Text3_freq", &Document::SZE_Out_Every_Conc},
+constexpr std::array Scenario_Mixed_Boxes = {
+    Scenario_Mixed_Box{Scenario_Horizons_Box, &Document::SZE_Horizons},
+    Scenario_Mixed_Box{"Text_sfac", &Document::SZE_Snow_Factor},
+    Scenario_Mixed_Box{"Text1_freq", &Document::SZE_Out_Every_Water},
+    Scenario_Mixed_Box{"Text2_freq", &Document::SZE_Out_Every_Solute},
+    Scenario_Mixed_Box{"Text3_freq", &Document::SZE_Out_Every_Conc},
 };
 
 Refusal Refuse(std::string text, std::string_view control)
@@ -57,9 +59,9 @@ std::optional<Refusal> Check_Horizons(const Document& document)
 {
     const double horizons = document.SZE_Horizons.Number();
     if (horizons < 1)
-        return Refuse("Value must be greater than 1", Horizons_Box); // required text; the limit is 1
+        return Refuse("Value must be greater than 1", Scenario_Horizons_Box); // required text; the limit is 1
     if (horizons > Most_Horizons)
-        return Refuse(Too_Many, Horizons_Box);
+        return Refuse(Too_Many, Scenario_Horizons_Box);
     if (horizons > document.SZE_Layers)
         return Refuse(Too_Few_Layers(horizons), Layers_Box);
     return std::nullopt;
@@ -78,7 +80,7 @@ std::optional<Refusal> Check(const Document& document, std::string_view control)
 {
     if (control == Depth_Box && !(document.SZE_Core_Depth > 0))
         return Refuse("Value must be greater than 0", control);
-    if (control == Horizons_Box)
+    if (control == Scenario_Horizons_Box)
         return Check_Horizons(document);
     if (control == Layers_Box)
         return Check_Layers(document);
@@ -99,7 +101,7 @@ void Make_Room(Document& document)
         document.Horizons.resize(static_cast<std::size_t>(horizons));
 }
 
-template <class Boxes> auto Find(const Boxes& boxes, std::string_view control)
+template <class Boxes> auto Find_Box(const Boxes& boxes, std::string_view control)
 {
     return std::ranges::find_if(boxes, [&](const auto& box) { return box.Control == control; });
 }
@@ -112,11 +114,11 @@ void Store(Document& document, std::string_view control, std::string_view text)
         document.SZE_Layers = Typed_Integer(Format_Pattern(Val(text), "0"));
     if (const auto kc = std::ranges::find(Kc_Boxes, control); kc != Kc_Boxes.end())
         document.SZE_Kc[static_cast<std::size_t>(kc - Kc_Boxes.begin())][0] = Val(text);
-    if (const auto box = Find(Number_Boxes, control); box != Number_Boxes.end())
+    if (const auto box = Find_Box(Scenario_Number_Boxes, control); box != Scenario_Number_Boxes.end())
         document.*box->Field = Val(text);
-    if (const auto box = Find(Mixed_Boxes, control); box != Mixed_Boxes.end())
+    if (const auto box = Find_Box(Scenario_Mixed_Boxes, control); box != Scenario_Mixed_Boxes.end())
         document.*box->Field = Typed_Number(text);
-    if (control == Horizons_Box)
+    if (control == Scenario_Horizons_Box)
         Make_Room(document);
 }
 
@@ -126,9 +128,9 @@ std::vector<std::string_view> Scenario_Boxes()
 {
     std::vector<std::string_view> names = {Title_Box, Layers_Box};
     names.insert(names.end(), Kc_Boxes.begin(), Kc_Boxes.end());
-    for (const auto& box : Number_Boxes)
+    for (const auto& box : Scenario_Number_Boxes)
         names.push_back(box.Control);
-    for (const auto& box : Mixed_Boxes)
+    for (const auto& box : Scenario_Mixed_Boxes)
         names.push_back(box.Control);
     return names;
 }
@@ -141,9 +143,9 @@ std::string Field_Text(const Scenario_Document& document, std::string_view contr
         return General_Text(document.SZE_Layers);
     if (const auto kc = std::ranges::find(Kc_Boxes, control); kc != Kc_Boxes.end())
         return General_Text(document.SZE_Kc[static_cast<std::size_t>(kc - Kc_Boxes.begin())][0]);
-    if (const auto box = Find(Number_Boxes, control); box != Number_Boxes.end())
+    if (const auto box = Find_Box(Scenario_Number_Boxes, control); box != Scenario_Number_Boxes.end())
         return General_Text(document.*box->Field);
-    if (const auto box = Find(Mixed_Boxes, control); box != Mixed_Boxes.end())
+    if (const auto box = Find_Box(Scenario_Mixed_Boxes, control); box != Scenario_Mixed_Boxes.end())
         return (document.*box->Field).Text();
     return {};
 }

@@ -28,11 +28,6 @@ constexpr std::array<Needed, 4> Needed_Columns = {{{Grid_Column::Day, "Day"},
                                                    {Grid_Column::Year, "Year"},
                                                    {Grid_Column::App_Rate, "App. rate"}}};
 
-int Location_Of(const Editor_State& editor)
-{
-    return std::clamp<int>(editor.App_Current_Location, 0, Last_Location);
-}
-
 // Whether the text typed so far can be a whole number within bounds; always true in columns of decimals.
 bool Is_Within_Bounds(int column, std::string_view text)
 {

@@ -13,4 +13,10 @@ inline int Applications_Of(const Pesticide_Document& document, int location)
                                        static_cast<double>(Last_Application)));
 }
 
+// The location under edit.
+inline int Location_Of(const Editor_State& editor)
+{
+    return std::clamp<int>(editor.App_Current_Location, 0, Last_Location);
+}
+
 } // namespace orvel

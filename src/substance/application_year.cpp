@@ -19,11 +19,6 @@ bool Is_Relative(const Pesticide_Document& document)
     return document.App_Mode == App_Mode_Relative;
 }
 
-int Location_Of(const Editor_State& editor)
-{
-    return std::clamp<int>(editor.App_Current_Location, 0, Last_Location);
-}
-
 // Copies an application except its hour and poorly exposed fraction, which keep their values.
 void Copy_Absolute(Application& to, const Application& from)
 {

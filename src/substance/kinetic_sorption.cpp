@@ -16,7 +16,7 @@ constexpr std::string_view Below_Zero = "This fraction cannot be smaller than 0.
 constexpr std::string_view Fraction_Control = "s_f_neq", Rate_Control = "s_kdes";
 
 // The quotient, or the largest finite number if it overflows, which no field can show.
-double Over(double dividend, double divisor)
+double Quotient(double dividend, double divisor)
 {
     const double quotient = dividend / divisor;
     return std::isfinite(quotient) ? quotient : std::copysign(std::numeric_limits<double>::max(), quotient);
@@ -24,12 +24,12 @@ double Over(double dividend, double divisor)
 
 double PEARL_Fraction(double f_eq)
 {
-    return Over(1 - f_eq, f_eq);
+    return Quotient(1 - f_eq, f_eq);
 }
 
 double PEARL_Rate(double alpha, double f_eq)
 {
-    return Over(alpha, 1 - f_eq);
+    return Quotient(alpha, 1 - f_eq);
 }
 
 double STRECK_Fraction(double f_ne)

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr Table_Cache Cache = {"year.orv", "period.orv"};
+constexpr Table_Cache Cache = {Year_Cache_Name, Period_Cache_Name};
 constexpr std::string_view Result_Begin = "Results for ";
 constexpr std::array<std::string_view, 2> Depth_Messages = {" at 1 m soil depth.", " at the soil bottom."};
 
@@ -166,20 +166,28 @@ bool Load(const Table_Cache::Bytes& bytes, const fs::path& run_directory, Leacha
     return true;
 }
 
-void Build(const fs::path& run_directory, const Echo& echo, const Progress& progress, Leachate_Tables& tables)
+// Nothing if the tables could not be built whole.
+std::optional<Table_Cache::Bytes> Build_Tables(const fs::path& run_directory, const Echo& echo, const Plot_Head& head,
+                                               const Progress& progress, Leachate_Tables& tables)
 {
-    const auto head = Read_Plot_Head(run_directory);
     tables.Titles.assign(head.Titles.begin(), head.Titles.end());
     std::vector<Substance_Years> read;
     Build_With(tables, [&] { Year_Reader(run_directory, echo, progress).Read(read); });
     const auto years = Print_Year_Tables(head, read, tables);
     tables.Year_Text = years.Screen;
     if (!tables.Failure.empty())
-        return;
+        return std::nullopt;
     tables.Period_Index = Period_Index_Of(tables.Year[0].back().Rows.size(), tables.Period_Index);
     const auto periods = Print_Period_Tables(head, tables);
     tables.Period_Text = periods.Screen;
-    Cache.Write(run_directory, echo, head, {years.File, periods.File}, tables);
+    return Table_Cache::Bytes{years.File, periods.File};
+}
+
+void Build(const fs::path& run_directory, const Echo& echo, const Progress& progress, Leachate_Tables& tables)
+{
+    const auto head = Read_Plot_Head(run_directory);
+    if (const auto bytes = Build_Tables(run_directory, echo, head, progress, tables))
+        Cache.Write(run_directory, echo, head, *bytes, tables);
 }
 
 } // namespace
@@ -212,6 +220,23 @@ Leachate_Tables Build_Or_Load(const fs::path& run_directory, const Progress& pro
         run_directory, tables, [&](const Table_Cache::Bytes& bytes) { return Load(bytes, run_directory, tables); },
         [&] { Build(run_directory, echo, progress, tables); });
     return tables;
+}
+
+Built_Leachate Build_Leachate(const fs::path& run_directory)
+{
+    Built_Leachate built;
+    Build_With(built.Tables, [&] {
+        Echo echo = Read_Echo(run_directory);
+        echo.At_Work = false;
+        Take_Echo(echo, built.Tables);
+        const auto head = Read_Plot_Head(run_directory);
+        auto bytes = Build_Tables(run_directory, echo, head, {}, built.Tables);
+        if (bytes && Why_Not_Kept(echo, head).empty()) {
+            built.Years = std::move(bytes->First);
+            built.Periods = std::move(bytes->Second);
+        }
+    });
+    return built;
 }
 
 std::optional<Leachate_Tables> Load_Leachate(const fs::path& run_directory)

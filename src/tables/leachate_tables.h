@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace orvel {
@@ -18,6 +19,15 @@ Leachate_Tables Build_Or_Load(const std::filesystem::path& run_directory, const 
 // The tables of the caches alone, of a run that is not at work; nothing if they are not there, are damaged or are older
 // than the run. No file of the engine but the echo is read. Throws File_Error for one that cannot be read.
 std::optional<Leachate_Tables> Load_Leachate(const std::filesystem::path& run_directory);
+
+// The tables of a run that has just ended well, and what their caches would hold: built from the engine's files,
+// whoever holds its lock. No cache is read or written; the bytes are empty if there can be none.
+struct Built_Leachate {
+    Leachate_Tables Tables;
+    std::string Years, Periods;
+};
+Built_Leachate Build_Leachate(const std::filesystem::path& run_directory);
+constexpr std::string_view Year_Cache_Name = "year.orv", Period_Cache_Name = "period.orv";
 
 // The substance named in a "Results for ..." text.
 std::string Substance_Of(std::string_view result_name);

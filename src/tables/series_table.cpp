@@ -100,7 +100,7 @@ void Put_Heads(std::string& text, Utility period, const Items& items)
     Put_Line(text, units);
 }
 
-std::string Rule()
+std::string Series_Rule()
 {
     return std::string(Tab_Char) + std::string(Rule_Width, '-');
 }
@@ -195,14 +195,14 @@ std::string Series_Table(Utility period, const fs::path& directory, std::span<co
         Put_Line(text, title);
     Put_Legend(text, period, items);
     Put_Heads(text, period, items);
-    Put_Line(text, Rule());
+    Put_Line(text, Series_Rule());
     Rows rows(period, items, text);
     while (days.Next())
         rows.Add(days.Date(), days.Values());
     const auto end = Read_Run_End(directory);
     days.Expect_Last_Day(end ? std::optional(Run_Day{.Day = end->Day, .Month = end->Month}) : std::nullopt);
     rows.Close();
-    Put_Line(text, Rule());
+    Put_Line(text, Series_Rule());
     return text;
 }
 

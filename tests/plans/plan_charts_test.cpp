@@ -2,6 +2,7 @@
 
 #include "plans/plan_grid.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -130,16 +131,44 @@ TEST(Plan_Charts_Test, The_Factor_That_Moves_The_Figure_Farthest_Comes_First)
 
     const auto chart = Effects_Chart(view, {"A", ""});
 
-    EXPECT_EQ(chart.Legend, (std::vector<std::string>{"10 \xB5g/L where nothing is varied", "1: psm.Rate",
-                                                      "2: psm.Koc[1]", "3: shift of the applications"}));
-    ASSERT_EQ(chart.Boxes.size(), 5U);
-    const auto value = [&](std::size_t i) { return std::pair(chart.Boxes[i].Label, chart.Boxes[i].Y); };
-    EXPECT_EQ(value(0), std::pair(std::string("\xD7 0.5"), 50.0));
-    EXPECT_EQ(value(1), std::pair(std::string("\xD7 2"), -9.0));
-    EXPECT_EQ(value(2), std::pair(std::string("\xD7 0.5"), 3.0));
-    EXPECT_EQ(value(3), std::pair(std::string("\xD7 2"), -2.0));
-    EXPECT_EQ(value(4), std::pair(std::string("+14 days"), 2.0)); // both are above: the farther one
-    EXPECT_NE(chart.Boxes[0].Drawn_In, chart.Boxes[1].Drawn_In);
+    std::vector<std::string> names; // from below
+    for (const auto& tick : chart.Y.Ticks)
+        names.push_back(tick.Label);
+    EXPECT_EQ(names, (std::vector<std::string>{"shift of the applications", "psm.Koc[1]", "psm.Rate"}));
+    EXPECT_GT(chart.Y.Ticks[2].At, chart.Y.Ticks[1].At);
+    ASSERT_EQ(chart.Bars.size(), 5U);
+    for (const auto& bar : chart.Bars)
+        EXPECT_NEAR(bar.From + chart.X.First, 10, 1e-9) << bar.Name; // the figure in which nothing is varied
+    const auto value = [&](std::size_t i) {
+        return std::pair(chart.Bars[i].Label, std::round(1e6 * (chart.Bars[i].To + chart.X.First)) / 1e6);
+    };
+    EXPECT_EQ(value(0), std::pair(std::string("\xD7 0.5"), 60.0));
+    EXPECT_EQ(value(1), std::pair(std::string("\xD7 2"), 1.0));
+    EXPECT_EQ(value(2), std::pair(std::string("\xD7 0.5"), 13.0));
+    EXPECT_EQ(value(3), std::pair(std::string("\xD7 2"), 8.0));
+    EXPECT_EQ(value(4), std::pair(std::string("+14 days"), 12.0)); // both are above: the farther one
+    EXPECT_NE(chart.Bars[0].Drawn_In, chart.Bars[1].Drawn_In);
+    EXPECT_EQ(chart.Bars[0].Low, chart.Bars[1].Low); // of one factor, in one row
+    EXPECT_LT(chart.Bars[2].High, chart.Bars[1].Low);
+    EXPECT_EQ(chart.Bars[1].Name, "psm.Rate \xD7 2: 1 \xB5g/L, change -9 \xB5g/L");
+    ASSERT_EQ(chart.Lines.size(), 1U);
+    EXPECT_EQ(chart.Lines[0].Points[0].X, chart.Bars[0].From);
+    EXPECT_EQ(chart.Key.back().Text, "nothing is varied: 10 \xB5g/L");
+    EXPECT_GT(chart.X.Ticks.front().At + chart.X.First, -1e-9); // no tick at a concentration below 0
+}
+
+// What lies close to the axis' begin still has room for its text.
+TEST(Plan_Charts_Test, Effects_That_Go_One_Way_Are_Drawn_That_Way)
+{
+    const auto view = View_Of({"#factor psm.Rate"}, {{"1"}, {"0.5"}, {"2"}}, {5, 7, 7.5});
+
+    const auto chart = Effects_Chart(view, {"A", ""});
+
+    ASSERT_EQ(chart.Bars.size(), 1U);
+    EXPECT_EQ(chart.Bars[0].Label, "\xD7 2");
+    EXPECT_GT(chart.Bars[0].To, chart.Bars[0].From);
+    EXPECT_GT(chart.Bars[0].From, 0);
+    EXPECT_LT(chart.Bars[0].To, chart.X.High);
 }
 
 TEST(Plan_Charts_Test, Without_What_It_Needs_A_Picture_Says_Why)

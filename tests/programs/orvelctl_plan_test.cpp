@@ -2,6 +2,7 @@
 #include "core/files.h"
 #include "core/system/file_identity.h"
 #include "records/zip_file.h"
+#include "shell.h"
 #include "temporary_directory.h"
 
 #include <gtest/gtest.h>
@@ -19,11 +20,6 @@ namespace fs = std::filesystem;
 
 class Orvelctl_Plan : public ::testing::Test {
 protected:
-    struct Outcome {
-        int Code;
-        std::string Printed, Standard_Error;
-    };
-
     // One installation serves all tests: nothing of it is changed.
     static void SetUpTestSuite()
     {
@@ -35,11 +31,7 @@ protected:
 
     Outcome Do(const std::string& words, const std::string& before = "")
     {
-        const std::string out = (Place / "printed").string(), told = (Place / "told").string();
-        const std::string command = "cd '" + Place.Path().string() + "' && " + before + " " + ORVELCTL + " -C '" + App +
-                                    "' " + words + " >" + out + " 2>" + told;
-        const int status = std::system(command.c_str());
-        return {WEXITSTATUS(status), Read_Whole(out), Read_Whole(told)};
+        return Shell("cd '" + Place.Path().string() + "' && " + before + " " + ORVELCTL + " -C '" + App + "' " + words);
     }
 
     void Put(const std::string& name, const std::string& bytes) { Write_Whole(Place / name, bytes); }
@@ -57,7 +49,7 @@ protected:
     std::string Results_Of(const std::string& directory)
     {
         const auto results = Do("plan results " + directory);
-        EXPECT_EQ(results.Code, 0) << results.Standard_Error;
+        EXPECT_EQ(results.Code, 0) << results.Told;
         return results.Printed;
     }
 
@@ -77,7 +69,7 @@ protected:
         const auto told = Do("plan run wrong.csv --to wrong --wait");
         EXPECT_EQ(told.Code, 1);
         EXPECT_FALSE(fs::exists(Place / "wrong")) << row;
-        return told.Standard_Error;
+        return told.Told;
     }
 
     static inline std::unique_ptr<Temporary_Directory> Home;
@@ -133,8 +125,8 @@ TEST_F(Orvelctl_Plan, A_Plan_Is_Run_With_Its_Replaced_Fields_And_Gives_A_Line_A_
                     "high;focus;demo_A.psm;Winter cereals;Hamburg (H);120;\xC3\xBC\r\n");
 
     const auto run = Do("plan run plan.csv --to runs --wait");
-    ASSERT_EQ(run.Code, 0) << run.Standard_Error;
-    EXPECT_TRUE(run.Standard_Error.ends_with("2 of 2 runs are complete.\n")) << run.Standard_Error;
+    ASSERT_EQ(run.Code, 0) << run.Told;
+    EXPECT_TRUE(run.Told.ends_with("2 of 2 runs are complete.\n")) << run.Told;
 
     const auto lines = Lines_Of(Results_Of("runs"));
     ASSERT_EQ(lines.size(), 3U);
@@ -162,7 +154,7 @@ TEST_F(Orvelctl_Plan, A_Plan_Gives_The_Figure_That_The_Same_Run_Gives_By_Itself)
 
     const auto tables = Do("tables '" + run.string() + "'");
 
-    EXPECT_EQ(tables.Code, 0) << tables.Standard_Error;
+    EXPECT_EQ(tables.Code, 0) << tables.Told;
     EXPECT_NE(tables.Printed.find(Cell(line, 3)), std::string::npos) << line << "\n" << tables.Printed;
     EXPECT_EQ(Do("verify '" + run.string() + "'").Code, 0);
 }
@@ -206,7 +198,7 @@ TEST_F(Orvelctl_Plan, Files_Are_Run_As_Seen_From_The_Plan_With_A_Climate_A_Year)
 
     const auto run = Do("plan run plan.csv --to runs --keep all --wait");
 
-    ASSERT_EQ(run.Code, 0) << run.Standard_Error;
+    ASSERT_EQ(run.Code, 0) << run.Told;
     const auto control = Read_Whole(Place / "runs" / "runs" / "0000" / "0000001" / "orvel.inp");
     EXPECT_TRUE(control.starts_with("007 01 01 31 12\r\none.sze\r\n..\\..\\..\\inputs\\files\\a.psm\r\n"
                                     "..\\..\\..\\inputs\\files\\first.cli\r\n"
@@ -227,10 +219,9 @@ TEST_F(Orvelctl_Plan, Every_Wrong_Row_Is_Told_With_Line_And_Column_Before_Anythi
     const auto told = Do("plan run plan.csv --to runs --wait");
 
     EXPECT_EQ(told.Code, 1);
-    EXPECT_EQ(told.Standard_Error, "Plan: Line 3, column 1: The id 'a' is there twice.\n"
-                                   "Plan: Line 4, column 3: There is no file none.psm in " +
-                                       Installation() +
-                                       ".\nPlan: Line 5, column 6: psm.Koc[1]: 'x' is not a number.\n");
+    EXPECT_EQ(told.Told, "Plan: Line 3, column 1: The id 'a' is there twice.\n"
+                         "Plan: Line 4, column 3: There is no file none.psm in " +
+                             Installation() + ".\nPlan: Line 5, column 6: psm.Koc[1]: 'x' is not a number.\n");
     EXPECT_FALSE(fs::exists(Place / "runs"));
 }
 
@@ -255,10 +246,10 @@ TEST_F(Orvelctl_Plan, Each_Bad_Input_Has_Its_Sentence)
               "Plan: Line 2, column 5: The crop 'Winter cereals' has no location 'Nowhere' in focus.\n");
     EXPECT_EQ(Told_Of("a,focus,demo_A.psm"), "Plan: Line 2, column 4: The row ends before the column 'crop'.\n");
     EXPECT_EQ(Told_Of(""), "Plan: The plan has no rows.\n");
-    EXPECT_EQ(Do("plan run none.csv --to wrong --wait").Standard_Error,
+    EXPECT_EQ(Do("plan run none.csv --to wrong --wait").Told,
               "Plan: The file none.csv cannot be read: No such file or directory.\n");
     EXPECT_EQ(Do("plan run wrong.csv --to wrong --part 3/2 --wait").Code, 2);
-    EXPECT_EQ(Do("plan status .").Standard_Error, "File check: The directory . holds no plan.\n");
+    EXPECT_EQ(Do("plan status .").Told, "File check: The directory . holds no plan.\n");
 }
 
 TEST_F(Orvelctl_Plan, Another_Plan_And_Anything_Else_In_The_Directory_Are_Left_Alone)
@@ -270,9 +261,9 @@ TEST_F(Orvelctl_Plan, Another_Plan_And_Anything_Else_In_The_Directory_Are_Left_A
     fs::create_directory(Place / "mine");
     Put("mine/letter.txt", "dear");
 
-    EXPECT_EQ(Do("plan run plan.csv --to runs --wait").Standard_Error,
+    EXPECT_EQ(Do("plan run plan.csv --to runs --wait").Told,
               "Plan: The directory " + (Place / "runs").string() + " holds the runs of another plan.\n");
-    EXPECT_EQ(Do("plan run plan.csv --to mine --wait").Standard_Error,
+    EXPECT_EQ(Do("plan run plan.csv --to mine --wait").Told,
               "Plan: The directory " + (Place / "mine").string() +
                   " is not empty and holds no plan: it has letter.txt.\n");
     EXPECT_EQ(Results_Of("runs"), before);
@@ -294,7 +285,7 @@ TEST_F(Orvelctl_Plan, Jobs_Parts_And_What_Is_Kept_Change_No_Byte_Of_The_Results)
     EXPECT_EQ(Results_Of("parts"), results);
     ASSERT_EQ(Do("plan results parts --to results.csv").Code, 0);
     EXPECT_EQ(Read_Whole(Place / "results.csv"), results);
-    EXPECT_EQ(Do("plan results parts --to results.txt").Standard_Error,
+    EXPECT_EQ(Do("plan results parts --to results.txt").Told,
               "File check: The table of results is written as .csv or .xlsx.\n");
 }
 
@@ -371,7 +362,7 @@ TEST_F(Orvelctl_Plan, Killed_Twenty_Times_It_Runs_Nothing_Twice_And_Gives_The_Sa
     EXPECT_GT(interrupted, 5U);
 
     const auto last = Do("plan run plan.csv --to killed --wait");
-    EXPECT_EQ(last.Code, 0) << last.Standard_Error;
+    EXPECT_EQ(last.Code, 0) << last.Told;
     ASSERT_EQ(Do("plan run plan.csv --to undisturbed --jobs 1 --wait").Code, 0);
     EXPECT_EQ(Results_Of("killed"), Results_Of("undisturbed"));
     EXPECT_EQ(Complete_Runs(to).size(), 24U);
@@ -386,8 +377,7 @@ TEST_F(Orvelctl_Plan, A_Stop_Ends_The_Engines_And_The_Plan_Goes_On_Later)
               0); // the set-up may take longer than the stop
     const auto stopped = Do("plan run plan.csv --to runs --jobs 1 --wait", "timeout -s TERM 0.3");
     EXPECT_EQ(stopped.Code, 124);
-    EXPECT_TRUE(stopped.Standard_Error.ends_with("Plan: The plan was stopped. Run it again to go on.\n"))
-        << stopped.Standard_Error;
+    EXPECT_TRUE(stopped.Told.ends_with("Plan: The plan was stopped. Run it again to go on.\n")) << stopped.Told;
 
     EXPECT_EQ(Do("plan run plan.csv --to runs --wait").Code, 0);
     EXPECT_EQ(Do("plan status runs").Printed, "12 runs, 12 complete\n");
@@ -397,12 +387,11 @@ TEST_F(Orvelctl_Plan, Without_Waiting_It_Goes_On_By_Itself_And_A_Second_One_Is_R
 {
     Put_Plan(8);
     const auto begun = Do("plan run plan.csv --to runs --jobs 1");
-    EXPECT_EQ(begun.Code, 0) << begun.Standard_Error;
+    EXPECT_EQ(begun.Code, 0) << begun.Told;
 
     const auto second = Do("plan run plan.csv --to runs --wait");
     EXPECT_EQ(second.Code, 1);
-    EXPECT_EQ(second.Standard_Error,
-              "Plan: The directory " + (Place / "runs").string() + " has another plan run at work.\n");
+    EXPECT_EQ(second.Told, "Plan: The directory " + (Place / "runs").string() + " has another plan run at work.\n");
 
     std::string status;
     for (int i = 0; i < 600 && status != "8 runs, 8 complete\n"; ++i) {
@@ -424,9 +413,9 @@ TEST_F(Orvelctl_Plan, On_A_Cluster_It_Is_One_Array_Of_Parts_And_Comes_To_The_Sam
     const auto run = Do(R"(plan run plan.csv --to "a plan's \$HOME %a" --slurm --tasks 3 --time 90 --limit 60 --wait)",
                         With_Programs());
 
-    EXPECT_EQ(run.Code, 0) << run.Standard_Error;
+    EXPECT_EQ(run.Code, 0) << run.Told;
     EXPECT_EQ(run.Printed, "Job 4711, 3 tasks\n");
-    EXPECT_TRUE(run.Standard_Error.ends_with("7 runs, 7 complete\n")) << run.Standard_Error;
+    EXPECT_TRUE(run.Told.ends_with("7 runs, 7 complete\n")) << run.Told;
     const fs::path plan = Place / "a plan's $HOME %a";
     EXPECT_EQ(Read_Whole(plan / "arguments"),
               "--parsable\n--job-name=orvel-plan\n--array=1-3\n--ntasks=1\n--cpus-per-task=1\n--requeue\n"
@@ -444,16 +433,15 @@ TEST_F(Orvelctl_Plan, A_Cluster_That_Is_Not_There_Or_Refuses_Has_Its_Sentence)
     Put_Program("nothing", "");
     const auto missing = Do(run, With_Programs());
     EXPECT_EQ(missing.Code, 1);
-    EXPECT_EQ(missing.Standard_Error, "Plan: There is no sbatch on this machine: a plan goes to a cluster from where "
-                                      "its Slurm is installed.\n");
+    EXPECT_EQ(missing.Told, "Plan: There is no sbatch on this machine: a plan goes to a cluster from where "
+                            "its Slurm is installed.\n");
 
     Put_Program("sbatch", "echo 'sbatch: error: invalid partition specified: none' >&2\n"
                           "echo 'sbatch: error: Batch job submission failed' >&2\nexit 1\n");
     const auto refused = Do(run, With_Programs());
     EXPECT_EQ(refused.Code, 1);
-    EXPECT_EQ(refused.Standard_Error,
-              "Plan: sbatch has not taken the plan: sbatch: error: invalid partition specified: none "
-              "sbatch: error: Batch job submission failed\n");
+    EXPECT_EQ(refused.Told, "Plan: sbatch has not taken the plan: sbatch: error: invalid partition specified: none "
+                            "sbatch: error: Batch job submission failed\n");
     EXPECT_EQ(Do("plan status runs").Printed, "2 runs, 2 scheduled\n");
 
     // A task fails: the directory tells it, whatever Slurm says.
@@ -461,8 +449,8 @@ TEST_F(Orvelctl_Plan, A_Cluster_That_Is_Not_There_Or_Refuses_Has_Its_Sentence)
     Put_Program("squeue", "exit 0\n");
     const auto not_done = Do(run + " --wait", With_Programs());
     EXPECT_EQ(not_done.Code, 1);
-    EXPECT_EQ(not_done.Standard_Error, "2 runs, 2 scheduled\nPlan: Not all runs are complete. What the tasks told is "
-                                       "in slurm-1.log and so on; run the plan again to go on.\n");
+    EXPECT_EQ(not_done.Told, "2 runs, 2 scheduled\nPlan: Not all runs are complete. What the tasks told is "
+                             "in slurm-1.log and so on; run the plan again to go on.\n");
 
     EXPECT_EQ(Do("plan run plan.csv --to runs --slurm").Code, 2);
     EXPECT_EQ(Do(run + " --part 1/2").Code, 2);
@@ -475,7 +463,7 @@ TEST_F(Orvelctl_Plan, A_Part_That_Begins_Again_Waits_Until_The_One_Before_Has_Go
     ASSERT_EQ(Do("plan run plan.csv --to runs --jobs 1").Code, 0);
 
     const auto second = Do("plan run plan.csv --to runs --patience 60 --wait");
-    EXPECT_EQ(second.Code, 0) << second.Standard_Error;
+    EXPECT_EQ(second.Code, 0) << second.Told;
     EXPECT_EQ(Do("plan status runs").Printed, "8 runs, 8 complete\n");
 }
 
@@ -486,9 +474,8 @@ TEST_F(Orvelctl_Plan, A_Full_Disk_Is_Told_And_What_Is_Done_Stays)
 
     const auto full = Do("plan run plan.csv --to runs --wait", "ulimit -f 2;"); // blocks of 512 or 1024 bytes
     EXPECT_EQ(full.Code, 1);
-    EXPECT_NE(full.Standard_Error.find(": File too large. What is done stays; run the plan again to go on.\n"),
-              std::string::npos)
-        << full.Standard_Error;
+    EXPECT_NE(full.Told.find(": File too large. What is done stays; run the plan again to go on.\n"), std::string::npos)
+        << full.Told;
     EXPECT_EQ(Do("plan status runs").Printed, "4 runs, 2 complete, 2 scheduled\n");
 
     EXPECT_EQ(Do("plan run plan.csv --to runs --wait").Code, 0);
@@ -512,10 +499,9 @@ TEST_F(Orvelctl_Plan, A_Run_That_Fails_Or_Takes_Too_Long_Is_Told_And_Run_Again)
 
     const auto failed = Do("plan run plan.csv --to runs --jobs 3 --limit 5 --wait");
     EXPECT_EQ(failed.Code, 1);
-    EXPECT_NE(failed.Standard_Error.find("Plan: Run 1: It took longer than 5 s.\n"), std::string::npos)
-        << failed.Standard_Error;
-    EXPECT_NE(failed.Standard_Error.find("Plan: Run 2: The engine ended with exit code 3.\n"), std::string::npos);
-    EXPECT_TRUE(failed.Standard_Error.ends_with("1 of 3 runs are complete.\nPlan: 2 runs have failed.\n"));
+    EXPECT_NE(failed.Told.find("Plan: Run 1: It took longer than 5 s.\n"), std::string::npos) << failed.Told;
+    EXPECT_NE(failed.Told.find("Plan: Run 2: The engine ended with exit code 3.\n"), std::string::npos);
+    EXPECT_TRUE(failed.Told.ends_with("1 of 3 runs are complete.\nPlan: 2 runs have failed.\n"));
     EXPECT_EQ(Do("plan status runs").Printed, "3 runs, 1 complete, 2 failed\n");
     const auto lines = Lines_Of(Results_Of("runs"));
     ASSERT_EQ(lines.size(), 4U);
@@ -526,11 +512,45 @@ TEST_F(Orvelctl_Plan, A_Run_That_Fails_Or_Takes_Too_Long_Is_Told_And_Run_Again)
     EXPECT_EQ(Do("plan status runs").Printed, "3 runs, 3 complete\n");
 }
 
+// The directory in which an engine works serves several runs, one after the other.
+TEST_F(Orvelctl_Plan, No_Run_Is_Taken_For_Complete_By_What_Another_Has_Left)
+{
+    const fs::path other = Place / "other", engine = other / "orvel401.exe", real = Place / "real.exe";
+    fs::copy(Installation(), other, fs::copy_options::recursive);
+    fs::rename(engine, real);
+    Put("other/orvel401.exe", "#!/bin/sh\ncase $PWD in *[356]) exit 0;; esac\nexec '" + real.string() + "'\n");
+    fs::permissions(engine, fs::perms::owner_all);
+    App = other.string();
+    Put_Plan(8);
+
+    EXPECT_EQ(Do("plan run plan.csv --to runs --jobs 1 --wait").Code, 1);
+
+    EXPECT_EQ(Do("plan status runs").Printed, "8 runs, 5 complete, 3 incomplete\n");
+    const fs::path runs = Place / "runs" / "runs" / "0000";
+    EXPECT_EQ(Names_In(runs / "0000003"), (std::vector<std::string>{"demo_A.psm", "Haude.dat", "orvel.inp",
+                                                                    "progress.orv", "result.csv", "run.json"}));
+    EXPECT_EQ(Names_In(runs / "0000004").size(), 4U);
+    EXPECT_FALSE(fs::exists(Place / "runs" / "work"));
+}
+
+TEST_F(Orvelctl_Plan, What_A_Killed_Part_Has_Left_Goes)
+{
+    Put_Plan(2);
+    ASSERT_EQ(Do("plan run plan.csv --to runs --part 1/2 --wait").Code, 0);
+    fs::create_directories(Place / "runs" / "work" / "2-of-3" / "1");
+    Put("runs/work/2-of-3/1/plot.orv", "x");
+
+    EXPECT_EQ(Do("plan run plan.csv --to runs --part 2/2 --wait").Code, 0);
+
+    EXPECT_FALSE(fs::exists(Place / "runs" / "work"));
+    EXPECT_EQ(Do("plan status runs").Printed, "2 runs, 2 complete\n");
+}
+
 TEST_F(Orvelctl_Plan, A_Sweep_Is_A_Plan_Of_Every_Combination)
 {
     const std::string run = " --mode focus --pesticide demo_A.psm --crop 'Winter cereals' --location 'Hamburg (H)'";
     const auto sweep = Do("plan sweep" + run + " --shift -7:7:7 --factor 'psm.Koc[1]=0.5,2' --to sweep.csv");
-    ASSERT_EQ(sweep.Code, 0) << sweep.Standard_Error;
+    ASSERT_EQ(sweep.Code, 0) << sweep.Told;
 
     const auto lines = Lines_Of(Read_Whole(Place / "sweep.csv"));
     ASSERT_EQ(lines.size(), 7U);
@@ -542,10 +562,10 @@ TEST_F(Orvelctl_Plan, A_Sweep_Is_A_Plan_Of_Every_Combination)
     EXPECT_TRUE(lines[2].ends_with(",2,206")) << lines[2];
     EXPECT_TRUE(lines[6].starts_with("6,focus,demo_A.psm,Winter cereals,Hamburg (H),7,6,6,")) << lines[6];
 
-    EXPECT_EQ(Do("plan sweep" + run + " --shift 7:-7:7").Standard_Error,
+    EXPECT_EQ(Do("plan sweep" + run + " --shift 7:-7:7").Told,
               "Plan: '7:-7:7' is no range of shifts: FROM:TO:STEP in days, as -14:14:7.\n");
-    EXPECT_EQ(Do("plan sweep" + run + " --factor 'psm.Coc[1]=1'").Standard_Error, "Plan: There is no field Coc[1].\n");
-    EXPECT_EQ(Do("plan sweep" + run + " --factor 'psm.Koc[1]=1,'").Standard_Error, "Plan: '' is no factor.\n");
+    EXPECT_EQ(Do("plan sweep" + run + " --factor 'psm.Coc[1]=1'").Told, "Plan: There is no field Coc[1].\n");
+    EXPECT_EQ(Do("plan sweep" + run + " --factor 'psm.Koc[1]=1,'").Told, "Plan: '' is no factor.\n");
     EXPECT_EQ(Do("plan run sweep.csv --to runs --wait").Code, 0);
 }
 

@@ -138,6 +138,8 @@ void Chart_View::Show_Value(const QPointF& position, const QPoint& global)
     const auto height = [&](double pixels) { return std::fabs(plane.Y_Of(pixels) - plane.Y_Of(0)); };
     auto hit = Dot_At(Painted, {plane.X_Of(position.x()), plane.Y_Of(position.y())}, width(Reach), height(Reach));
     if (!hit)
+        hit = Bar_At(Painted, {plane.X_Of(position.x()), plane.Y_Of(position.y())});
+    if (!hit)
         hit = Hit_At(Painted, plane.X_Of(position.x()));
     Mark(hit ? std::optional(hit->Point) : std::nullopt);
     if (hit)

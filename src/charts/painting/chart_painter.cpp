@@ -53,6 +53,7 @@ public:
         Painter.save();
         Painter.setClipRect(Plane.Area());
         Draw_Boxes();
+        Draw_Bars();
         Draw_Lines();
         Painter.restore();
         Draw_Dots();
@@ -63,14 +64,17 @@ public:
     }
 
 private:
-    // Pale lines at the labelled ticks; beside bars, which stand at every position, only those of the values.
+    // Pale lines at the labelled ticks; beside boxes, which stand at every position, only those of the values,
+    // and beside bars only those of the positions.
     void Draw_Grid()
     {
         Painter.setPen(
             QPen(Mixed(Palette.color(QPalette::Text), Palette.color(QPalette::Base), Grid_Strength), Line / 24));
         const double high = std::max(Source.Y.High, Source.Y.Ticks.empty() ? 0 : Source.Y.Ticks.back().At);
-        for (const Chart_Tick* tick : Y_Labels())
-            Painter.drawLine(Plane.At(Source.X.Low, tick->At), Plane.At(Source.X.High, tick->At));
+        for (const Chart_Tick* tick : Y_Labels()) {
+            if (Source.Bars.empty())
+                Painter.drawLine(Plane.At(Source.X.Low, tick->At), Plane.At(Source.X.High, tick->At));
+        }
         for (const Chart_Tick* tick : X_Labels()) {
             if (Source.Boxes.empty())
                 Painter.drawLine(Plane.At(tick->At, Source.Y.Low), Plane.At(tick->At, high));
@@ -102,7 +106,19 @@ private:
             Painter.fillRect(ground, Palette.base()); // a line may pass behind the figure
             Painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label));
         }
+        for (const Chart_Bar& bar : Source.Bars)
+            Draw_Bar_Label(bar, height);
         Painter.setFont(Plain);
+    }
+
+    // Beyond its end, on the side to which the bar goes.
+    void Draw_Bar_Label(const Chart_Bar& bar, double height)
+    {
+        const QPointF end = Plane.At(bar.To, (bar.Low + bar.High) / 2);
+        const bool leftwards = bar.To < bar.From;
+        const QRectF place(end.x() + (leftwards ? -1 : 1) * Name_Gap * height, end.y() - height / 2, 0, height);
+        Painter.drawText(place, (leftwards ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextDontClip,
+                         Chart_Text(bar.Label));
     }
 
     std::vector<const Chart_Tick*> X_Labels() const
@@ -155,6 +171,13 @@ private:
         for (const Chart_Box& box : Source.Boxes)
             Painter.fillRect(QRectF(Plane.At(box.Left, box.Y), Plane.At(box.Right, 0)).normalized(),
                              Colour_Of(box.Drawn_In, Palette));
+    }
+
+    void Draw_Bars()
+    {
+        for (const Chart_Bar& bar : Source.Bars)
+            Painter.fillRect(QRectF(Plane.At(bar.From, bar.High), Plane.At(bar.To, bar.Low)).normalized(),
+                             Colour_Of(bar.Drawn_In, Palette));
     }
 
     void Draw_Lines()

@@ -134,7 +134,8 @@ File_Handle::File_Handle(const std::filesystem::path& file, Use use, std::error_
     Number = Open(file, Flags_Of(use), mode, error);
     if (!error)
         error = Check_Ordinary(Number);
-    if (!error && use == Use::Write)
+    // An empty file is left as it is: a file system may write one that was cut to nothing to the disk as it is closed.
+    if (!error && use == Use::Write && Size(error) > 0)
         error = Resize(0);
     if (error && Is_Open())
         ::close(std::exchange(Number, -1));

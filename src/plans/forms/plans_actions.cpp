@@ -93,8 +93,17 @@ void Plans_Window::Choose_Directory()
 void Plans_Window::Run()
 {
     const Plan_Order order = Order();
-    Do_In_Window(this, Ask, "Plan", [&](const Progress& progress) { Begin_Plan(Program, order, progress); });
+    const auto cluster = Cluster();
+    std::optional<Slurm_Job> job;
+    Do_In_Window(this, Ask, "Plan", [&](const Progress& progress) {
+        if (cluster)
+            job = Begin_On_Cluster(Program, order, *cluster, progress);
+        else
+            Begin_Plan(Program, order, progress);
+    });
     Survey->Look_Again();
+    if (job)
+        Ask({"Plan", Job_Text(*job, cluster->Tasks) + ". They go on when this window is closed.", Icon::Information});
 }
 
 void Plans_Window::Stop()
@@ -135,8 +144,9 @@ void Plans_Window::Command()
 {
     const auto line = [this](const std::vector<std::string>& words) { return Orvelctl_Line(Program.App_Path, words); };
     const std::string directory = Place.Directory.string();
-    Show_Command(
-        this, {line(Words_To_Run(Order())), line({"plan", "status", directory}), line({"plan", "results", directory})});
+    const auto cluster = Cluster();
+    Show_Command(this, {line(cluster ? Words_To_Submit(Order(), *cluster) : Words_To_Run(Order())),
+                        line({"plan", "status", directory}), line({"plan", "results", directory})});
 }
 
 } // namespace orvel

@@ -6,6 +6,7 @@
 #include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -29,6 +30,14 @@ QComboBox* Combo(const QString& name, const QString& purpose, const QStringList&
     return combo;
 }
 
+QSpinBox* Number(const QString& name, const QString& purpose, int least, int most)
+{
+    auto* box = Named(new QSpinBox, name);
+    box->setRange(least, most);
+    box->setAccessibleName(purpose);
+    return box;
+}
+
 QLabel* Label(const QString& text, QWidget* buddy)
 {
     auto* label = new QLabel(text);
@@ -45,6 +54,7 @@ void Plans_Window::Lay_Out()
     auto* all = new QVBoxLayout(this);
     all->addLayout(Sources());
     all->addLayout(Running());
+    all->addLayout(Ways_To_Run());
     all->addWidget(Note);
     all->addWidget(Table_And_Picture(), 1);
     all->addLayout(Foot());
@@ -106,6 +116,45 @@ QLayout* Plans_Window::Running()
     row->addSpacing(fontMetrics().averageCharWidth());
     row->addWidget(Bar, 1);
     row->addWidget(Status, 2);
+    return row;
+}
+
+QLayout* Plans_Window::Ways_To_Run()
+{
+    constexpr int Most = 100'000'000, Most_Parts = 100'000;
+    Limit = Number("Limit", "Seconds that a run may take", 0, Most);
+    Limit->setSpecialValueText("none");
+    Limit->setSuffix(" s");
+    Limit->setToolTip("Ends a run that takes longer; it has failed then");
+    Part = Number("Part", "Part of the plan", 1, 1);
+    Parts = Number("Parts", "Number of parts", 1, Most_Parts);
+    for (auto* box : {Part, Parts})
+        box->setToolTip("Runs only this part; the parts may be at work at once, on machines that share the directory");
+    By_Slurm = Named(new QCheckBox("On a Slurm c&luster"), "By_Slurm");
+    By_Slurm->setToolTip("Hands the whole plan to a cluster, as one array of tasks");
+    Tasks = Number("Tasks", "Tasks on the cluster", 1, Most_Slurm_Tasks);
+    Minutes = Number("Minutes", "Minutes that a task may take", 0, Most);
+    Minutes->setSpecialValueText("as the cluster says");
+    Minutes->setSuffix(" min");
+    connect(Parts, &QSpinBox::valueChanged, Part, &QSpinBox::setMaximum);
+    connect(Parts, &QSpinBox::valueChanged, this, &Plans_Window::Enable);
+    connect(By_Slurm, &QCheckBox::clicked, this, &Plans_Window::Enable);
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(Label("Limit of &each run:", Limit));
+    row->addWidget(Limit);
+    row->addSpacing(fontMetrics().averageCharWidth());
+    row->addWidget(Label("Part:", Part));
+    row->addWidget(Part);
+    row->addWidget(Label("o&f", Parts));
+    row->addWidget(Parts);
+    row->addSpacing(fontMetrics().averageCharWidth());
+    row->addWidget(By_Slurm);
+    row->addWidget(Label("tasks:", Tasks));
+    row->addWidget(Tasks);
+    row->addWidget(Label("time of a task:", Minutes));
+    row->addWidget(Minutes);
+    row->addStretch(1);
     return row;
 }
 

@@ -6,6 +6,7 @@
 #include "ui/forms/widgets.h"
 
 #include <algorithm>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -177,7 +178,13 @@ void Plans_Window::Enable()
     const bool is_at_work = is_read && Latest->Status.At_Work;
     const auto done = is_read ? Latest->Status.Of(Verdict::Complete) : 0;
     Run_Button->setText(done > 0 ? "&Resume" : "&Run");
-    Run_Button->setEnabled(is_read && !is_at_work && (done < Latest->Status.Runs || Latest->Is_Cut));
+    Tasks->setEnabled(By_Slurm->isChecked());
+    Minutes->setEnabled(By_Slurm->isChecked());
+    Part->setEnabled(!By_Slurm->isChecked());
+    Parts->setEnabled(!By_Slurm->isChecked());
+    const bool may_be_at_work = !By_Slurm->isChecked() && Parts->value() > 1; // other parts
+    Run_Button->setEnabled(is_read && (!is_at_work || may_be_at_work) &&
+                           (done < Latest->Status.Runs || Latest->Is_Cut));
     Stop_Button->setEnabled(is_at_work);
     Directory_Button->setEnabled(Has_Plan() && !is_at_work);
     for (const char* name : {"Kopieren", "Drucken", "Befehl"})
@@ -190,7 +197,19 @@ Plan_Order Plans_Window::Order() const
     return {.Plan = Place.Plan,
             .Directory = Place.Directory,
             .Jobs = Jobs->value(),
-            .Keep = static_cast<Plan_Keep>(Keep->currentIndex())};
+            .Part = By_Slurm->isChecked()
+                        ? Plan_Part()
+                        : Plan_Part{static_cast<std::size_t>(Part->value()), static_cast<std::size_t>(Parts->value())},
+            .Keep = static_cast<Plan_Keep>(Keep->currentIndex()),
+            .Limit = Limit->value() > 0 ? std::optional(Limit->value()) : std::nullopt};
+}
+
+std::optional<Slurm_Order> Plans_Window::Cluster() const
+{
+    if (!By_Slurm->isChecked())
+        return std::nullopt;
+    return Slurm_Order{.Tasks = static_cast<std::size_t>(Tasks->value()),
+                       .Minutes = Minutes->value() > 0 ? std::optional(Minutes->value()) : std::nullopt};
 }
 
 } // namespace orvel

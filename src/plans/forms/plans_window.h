@@ -5,10 +5,12 @@
 #include "plans/plan_charts.h"
 #include "plans/plan_survey.h"
 #include "plans/run_plan.h"
+#include "plans/slurm.h"
 
 #include <optional>
 #include <QDialog>
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLayout;
@@ -43,6 +45,7 @@ private:
     void Lay_Out();
     QLayout* Sources();
     QLayout* Running();
+    QLayout* Ways_To_Run();
     QWidget* Table_And_Picture();
     QLayout* Picture_Choices();
     QLayout* Foot();
@@ -57,6 +60,7 @@ private:
     void Enable();
     bool Has_Plan() const { return !Place.Plan.empty(); }
     Plan_Order Order() const;
+    std::optional<Slurm_Order> Cluster() const; // nothing: on this machine
 
     void Open_File();
     void Paste();
@@ -80,7 +84,8 @@ private:
     Path_Label *Plan_Path = nullptr, *Directory_Path = nullptr;
     QTableView* Table = nullptr;
     QComboBox *Keep = nullptr, *States = nullptr, *Kind = nullptr, *Substances = nullptr, *Labels = nullptr;
-    QSpinBox* Jobs = nullptr;
+    QSpinBox *Jobs = nullptr, *Limit = nullptr, *Part = nullptr, *Parts = nullptr, *Tasks = nullptr, *Minutes = nullptr;
+    QCheckBox* By_Slurm = nullptr;
     QPushButton *Run_Button = nullptr, *Stop_Button = nullptr, *Directory_Button = nullptr;
     QProgressBar* Bar = nullptr;
     QLabel *Status = nullptr, *Note = nullptr;

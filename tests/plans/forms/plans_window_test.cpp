@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <map>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QFileDialog>
@@ -183,9 +184,10 @@ TEST_F(Plans_Window_Test, Pasted_Rows_Are_Run_And_Their_Figures_Are_Those_Of_The
     EXPECT_EQ(Picture(window).Key[1].Text, "three");
     Leave_Picture(window, "plans_distribution");
     Pick(window, "Kind", "Effect of each factor");
-    ASSERT_EQ(Picture(window).Boxes.size(), 2U);
-    EXPECT_EQ(Picture(window).Boxes[0].Y, sorted[2] - std::stod(figures.at("is")));
-    EXPECT_EQ(Picture(window).Boxes[1].Y, sorted[0] - std::stod(figures.at("is")));
+    ASSERT_EQ(Picture(window).Bars.size(), 2U);
+    const auto changed = [&](std::size_t bar) { return Picture(window).Bars[bar].To + Picture(window).X.First; };
+    EXPECT_NEAR(changed(0), sorted[2], 1e-9);
+    EXPECT_NEAR(changed(1), sorted[0], 1e-9);
 }
 
 TEST_F(Plans_Window_Test, A_Sweep_Is_Made_By_The_Form_As_By_The_Command_Line)
@@ -232,6 +234,13 @@ TEST_F(Plans_Window_Test, A_Sweep_Is_Made_By_The_Form_As_By_The_Command_Line)
         EXPECT_EQ(points[day].Y, std::stod(figures.at(std::to_string(2 * day + 2))));
     EXPECT_TRUE(Picture(window).X.Ticks.front().Label.ends_with('.'));
     Leave_Picture(window, "plans_by_date");
+    Pick(window, "Kind", "Effect of each factor");
+    const auto& effects = Picture(window);
+    ASSERT_EQ(effects.Y.Ticks.size(), 2U);
+    EXPECT_EQ(effects.Y.Ticks.back().Label, "psm.Koc[1]"); // it moves the figure farther than a week does
+    EXPECT_NEAR(effects.Bars.front().From + effects.X.First, std::stod(figures.at("4")), 1e-9);
+    EXPECT_NEAR(effects.Bars.front().To + effects.X.First, std::stod(figures.at("3")), 1e-9);
+    Leave_Picture(window, "plans_effects");
 }
 
 // The runs are those of another program: they go on when the window has gone.
@@ -265,6 +274,76 @@ TEST_F(Plans_Window_Test, A_Plan_Is_Stopped_Goes_On_And_Outlives_The_Window)
     Plans_Window another(The_Session);
     Open(another, Place / "plan", Runs); // by the directory of its runs
     EXPECT_TRUE(QTest::qWaitFor([&] { return Is_Complete(another); }, Patience));
+}
+
+// Parts may be at work at once, each begun from a window or a command line of its own.
+TEST_F(Plans_Window_Test, A_Part_Is_Run_With_Its_Limit)
+{
+    Plans_Window window(The_Session);
+    Open(window, Plan_Of(4), 4);
+    EXPECT_EQ(Find<QSpinBox>(window, "Part")->maximum(), 1);
+    Find<QSpinBox>(window, "Parts")->setValue(2);
+    Find<QSpinBox>(window, "Part")->setValue(2);
+    Find<QSpinBox>(window, "Limit")->setValue(600);
+
+    QTimer::singleShot(0, [&] {
+        QWidget* box = QApplication::activeModalWidget();
+        ASSERT_NE(box, nullptr);
+        EXPECT_TRUE(Find<QPlainTextEdit>(*box, "Commands")->toPlainText().contains("--part 2/2 --limit 600"));
+        box->close();
+    });
+    Click<QPushButton>(window, "Befehl");
+    Click<QPushButton>(window, "Run_Plan");
+
+    const auto status = [&] { return Find<QLabel>(window, "Status")->text(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return status() == "4 runs, 2 complete, 2 scheduled"; }, Patience))
+        << status().toStdString() << Find<QLabel>(window, "Note")->text().toStdString();
+    const int state = Column(window, "state");
+    EXPECT_EQ(Cell(window, 1, state), "complete");
+    EXPECT_NE(Cell(window, 0, state), "complete");
+    EXPECT_NE(Read_Whole(Place / "plan" / "runs" / "0000" / "0000002" / "run.json").find("\"limit\": 600"),
+              std::string::npos);
+
+    Find<QSpinBox>(window, "Part")->setValue(1);
+    Click<QPushButton>(window, "Run_Plan");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Is_Complete(window); }, Patience)) << status().toStdString();
+}
+
+TEST_F(Plans_Window_Test, A_Cluster_Is_Given_The_Plan_With_Tasks_And_Time)
+{
+    fs::create_directory(Place / "bin");
+    Write_Whole(Place / "bin" / "sbatch", "#!/bin/sh\necho \"$*\" > '" + (Place / "asked").string() + "'\necho 4711\n");
+    fs::permissions(Place / "bin" / "sbatch", fs::perms::owner_all);
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QByteArray::fromStdString((Place / "bin").string()) + ":" + path);
+    Plans_Window window(The_Session);
+    Open(window, Plan_Of(2), 2);
+    EXPECT_FALSE(Find<QSpinBox>(window, "Tasks")->isEnabled());
+    Click<QCheckBox>(window, "By_Slurm");
+    EXPECT_TRUE(Find<QSpinBox>(window, "Tasks")->isEnabled());
+    EXPECT_FALSE(Find<QSpinBox>(window, "Part")->isEnabled());
+    Find<QSpinBox>(window, "Tasks")->setValue(2);
+    Find<QSpinBox>(window, "Minutes")->setValue(30);
+
+    Click<QPushButton>(window, "Run_Plan");
+    qputenv("PATH", path);
+
+    EXPECT_EQ(
+        The_User.Messages,
+        std::vector{(Message{"Plan", "Job 4711, 2 tasks. They go on when this window is closed.", Icon::Information})});
+    const std::string asked = Read_Whole(Place / "asked");
+    EXPECT_NE(asked.find("--array=1-2 "), std::string::npos) << asked;
+    EXPECT_NE(asked.find("--time=30 "), std::string::npos) << asked;
+    EXPECT_TRUE(fs::exists(Place / "plan" / "plan.json"));
+
+    // Without a cluster there is a sentence.
+    The_User.Messages.clear();
+    qputenv("PATH", "/nowhere");
+    Click<QPushButton>(window, "Run_Plan");
+    qputenv("PATH", path);
+    ASSERT_EQ(The_User.Messages.size(), 1U);
+    EXPECT_TRUE(The_User.Messages[0].Text.starts_with("There is no sbatch on this machine"))
+        << The_User.Messages[0].Text;
 }
 
 TEST_F(Plans_Window_Test, What_Others_Do_With_The_Plan_Is_Followed)
