@@ -1,5 +1,6 @@
 // The program without windows, for scripts, servers and tests: each command calls the rules and prints.
 #include "core/error.h"
+#include "core/system/arguments.h"
 #include "core/system/program_path.h"
 #include "core/system/signals.h"
 #include "core/system/standard_channels.h"
@@ -135,6 +136,7 @@ int main(int argc, char** argv)
 try {
     orvel::Open_Standard_Channels();
     orvel::Report_Failed_Writes();
+    argv = orvel::Utf8_Arguments(argc, argv);
     const int code = orvel::Do_Command_Line(argc, argv);
     if (std::cout.flush())
         return code;

@@ -2,12 +2,27 @@
 
 #include "core/system/handle_windows.h"
 
+#include <algorithm>
 #include <bcrypt.h>
 
 namespace orvel {
 
+namespace {
+
+BCRYPT_ALG_HANDLE Sha256()
+{
+    static const BCRYPT_ALG_HANDLE algorithm = [] {
+        BCRYPT_ALG_HANDLE opened = nullptr;
+        ::BCryptOpenAlgorithmProvider(&opened, BCRYPT_SHA256_ALGORITHM, nullptr, 0);
+        return opened;
+    }();
+    return algorithm;
+}
+
+} // namespace
+
 struct Digest_State::Context {
-    Context() { ::BCryptCreateHash(BCRYPT_SHA256_ALG_HANDLE, &Hash, nullptr, 0, nullptr, 0, 0); }
+    Context() { ::BCryptCreateHash(Sha256(), &Hash, nullptr, 0, nullptr, 0, 0); }
     Context(const Context&) = delete;
     Context& operator=(const Context&) = delete;
     ~Context() { ::BCryptDestroyHash(Hash); }

@@ -23,6 +23,9 @@ struct Program_Start {
 };
 int Kept_As(int descriptor);
 
+// Whether the system runs Windows programs itself.
+bool Runs_Windows_Programs();
+
 // Returns the process id. Throws File_Error with the program's name.
 int Start_Program(const Program_Start& start);
 

@@ -80,6 +80,11 @@ Program_End End_Of(pid_t process, int status)
 
 } // namespace
 
+bool Runs_Windows_Programs()
+{
+    return false;
+}
+
 int Kept_As(int)
 {
     return Kept_Number;

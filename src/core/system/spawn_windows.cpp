@@ -143,6 +143,11 @@ std::optional<Program_End> Taken_End(int process, DWORD most)
 
 } // namespace
 
+bool Runs_Windows_Programs()
+{
+    return true;
+}
+
 // A program inherits a handle under its own number.
 int Kept_As(int descriptor)
 {
