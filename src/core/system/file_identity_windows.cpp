@@ -7,6 +7,7 @@ namespace orvel {
 namespace {
 
 constexpr std::int64_t Ticks_A_Second = 10'000'000, Nanoseconds_A_Tick = 100;
+constexpr std::int64_t From_1601_To_1970 = 11'644'473'600 * Ticks_A_Second;
 
 } // namespace
 
@@ -19,7 +20,8 @@ std::optional<File_Identity> Identity_Of(const std::filesystem::path& file)
         ::GetFileInformationByHandleEx(opened.Get(), FileBasicInfo, &times, sizeof times) == 0)
         return std::nullopt;
     const auto whole = [](DWORD high, DWORD low) { return (std::uint64_t{high} << 32U) | low; };
-    const std::int64_t changed = times.LastWriteTime.QuadPart, noted = times.ChangeTime.QuadPart;
+    const std::int64_t changed = times.LastWriteTime.QuadPart - From_1601_To_1970,
+                       noted = times.ChangeTime.QuadPart - From_1601_To_1970;
     return File_Identity{.Device = about.dwVolumeSerialNumber,
                          .Number = whole(about.nFileIndexHigh, about.nFileIndexLow),
                          .Size = whole(about.nFileSizeHigh, about.nFileSizeLow),

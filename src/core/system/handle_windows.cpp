@@ -1,3 +1,4 @@
+// What all sources for Windows use: see handle_windows.h.
 #include "core/system/handle_windows.h"
 
 namespace orvel {
