@@ -100,6 +100,7 @@ namespace {
 int Do_Command_Line(int argc, char** argv)
 {
     CLI::App app("ORVELSUITE without windows");
+    app.allow_windows_style_options(false); // "/a/b" is a path on every system
     std::string directory = ".";
     Command command;
     app.add_option("-C", directory, "The installation directory")->option_text("DIR");
