@@ -1,6 +1,7 @@
 // The engine: reads the input of a run directory, simulates day by day and writes the output there.
 #include "core/files.h"
 #include "core/named_input.h"
+#include "core/system/arguments.h"
 #include "core/system/signals.h"
 #include "core/system/standard_channels.h"
 #include "core/system/terminal.h"
@@ -176,6 +177,7 @@ int main(int count, char** arguments)
     orvel::Exit_When_Stopped(Exit_Failed); // the line of error 99 stays in the echo
     orvel::Report_Failed_Writes();
     int code = Exit_Complete;
+    arguments = orvel::Utf8_Arguments(count, arguments);
     const auto options = Read_Arguments(count, arguments, code);
     return options ? Run(*options) : code;
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdlib>
+#include "core/files.h"
+
 #include <filesystem>
 #include <stdexcept>
-#include <string>
 
 namespace orvel {
 
@@ -12,10 +12,10 @@ class Temporary_Directory {
 public:
     Temporary_Directory()
     {
-        std::string name = (std::filesystem::temp_directory_path() / "orvel.XXXXXX").string();
-        if (!::mkdtemp(name.data()))
+        const auto made = Make_Unique_Directory(std::filesystem::temp_directory_path() / "orvel.");
+        if (!made)
             throw std::runtime_error("no temporary directory");
-        Directory = name;
+        Directory = *made;
     }
     Temporary_Directory(const Temporary_Directory&) = delete;
     Temporary_Directory& operator=(const Temporary_Directory&) = delete;

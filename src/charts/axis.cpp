@@ -21,7 +21,7 @@ double Round_Up_Axis(double x)
 {
     if (x == 0)
         return 0;
-    const double power = std::pow(10, std::floor(Log10(std::fabs(x))));
+    const double power = Power_Of_Ten(std::floor(Log10(std::fabs(x))));
     double digits = std::fabs(x) / power;
     if (digits > std::floor(digits))
         digits = std::floor(digits + 1);
@@ -31,7 +31,7 @@ double Round_Up_Axis(double x)
 Axis_Steps Axis_Step(double top)
 {
     const double exponent = std::floor(Log10(top));
-    const double power = std::pow(10, exponent);
+    const double power = Power_Of_Ten(exponent);
     const double rest = Log10(top) - exponent;
     if (rest < 0.2)
         return {power / 10, power / 10 / 2, power / 10 / 10};

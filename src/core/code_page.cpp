@@ -138,7 +138,7 @@ std::string To_Code_Page(std::string_view utf8)
 
 std::string Path_Text(const std::filesystem::path& path)
 {
-    return To_Code_Page(std::string_view(path.native()));
+    return To_Code_Page(path.string());
 }
 
 std::string Window_Text(std::string_view bytes)

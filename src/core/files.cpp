@@ -4,6 +4,7 @@
 #include "core/system/file_handle.h"
 #include "core/system/flush.h"
 #include "core/system/lock.h"
+#include "core/system/rename.h"
 #include "core/text.h"
 #include "core/writable.h"
 #include "core/write_from.h"
@@ -149,7 +150,7 @@ template <class Write> void Write_Whole_As(const fs::path& given, std::optional<
     if (!error)
         error = created.Flush();
     if (!error)
-        fs::rename(beside, file, error);
+        error = Rename(beside, file);
     if (!error)
         error = created.Close();
     if (error) {

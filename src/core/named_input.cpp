@@ -38,7 +38,7 @@ std::optional<fs::path> Named_Inputs::Find(std::string_view name)
     const auto [place, is_new] = Places.try_emplace(slashed.substr(0, slashed.rfind('/') + 1));
     if (is_new)
         place->second =
-            Found_Below(path.is_absolute() ? fs::path("/") : Run_Directory, path.parent_path().relative_path());
+            Found_Below(path.is_absolute() ? path.root_path() : Run_Directory, path.parent_path().relative_path());
     const std::optional<fs::path>& found = place->second;
     return found ? Found_Below(*found, path.filename()) : std::nullopt;
 }

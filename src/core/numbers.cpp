@@ -242,6 +242,13 @@ double Val(std::string_view text)
     return negative && value != 0 ? -value : value;
 }
 
+double Power_Of_Ten(double exponent)
+{
+    if (exponent > std::numeric_limits<double>::max_exponent10)
+        return std::numeric_limits<double>::infinity();
+    return Val("1E" + std::to_string(static_cast<int>(exponent)));
+}
+
 std::string General_Text(double value)
 {
     if (auto text = Short_Way(std::fabs(value)))

@@ -12,6 +12,9 @@ namespace orvel {
 // the range of a double gives the largest one.
 double Val(std::string_view text);
 
+// The number next to a power of ten, on every system; that of the library of C is not.
+double Power_Of_Ten(double exponent);
+
 // The general form: at most 15 significant digits, in fixed notation if that needs at most 15 decimals and at most 15
 // digits before the point, else like 1.5E-16. No blanks around it. Throws std::domain_error for a value that is not
 // finite.

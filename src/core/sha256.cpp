@@ -1,15 +1,11 @@
 #include "core/sha256.h"
 
 #include "core/error.h"
+#include "core/system/digest.h"
 #include "core/system/file_handle.h"
 
 #include <array>
 #include <memory>
-
-// The plain routines, although deprecated: the newer interface would pull most of the library, and its initialisation,
-// into every program.
-#define OPENSSL_SUPPRESS_DEPRECATED
-#include <openssl/sha.h>
 
 namespace orvel {
 
@@ -20,30 +16,24 @@ constexpr std::size_t Window = 128U << 10U;
 } // namespace
 
 struct Sha256_Stream::State {
-    SHA256_CTX Context{};
+    Digest_State Digest;
 };
 
-Sha256_Stream::Sha256_Stream() : Held(std::make_unique<State>())
-{
-    SHA256_Init(&Held->Context);
-}
-
+Sha256_Stream::Sha256_Stream() : Held(std::make_unique<State>()) {}
 Sha256_Stream::Sha256_Stream(Sha256_Stream&& other) noexcept = default;
 Sha256_Stream& Sha256_Stream::operator=(Sha256_Stream&& other) noexcept = default;
 Sha256_Stream::~Sha256_Stream() = default;
 
 void Sha256_Stream::Add(std::string_view bytes)
 {
-    SHA256_Update(&Held->Context, bytes.data(), bytes.size());
+    Held->Digest.Add(bytes);
 }
 
 std::string Sha256_Stream::Hexadecimal()
 {
     constexpr std::string_view Digits = "0123456789abcdef";
-    std::array<unsigned char, SHA256_DIGEST_LENGTH> digest{};
-    SHA256_Final(digest.data(), &Held->Context);
     std::string text;
-    for (const unsigned char byte : digest) {
+    for (const unsigned char byte : Held->Digest.Finish()) {
         text += Digits[byte >> 4U];
         text += Digits[byte & 15U];
     }

@@ -33,7 +33,7 @@ public:
             throw File_Error("The workbook cannot be made: no temporary directory can be written to.");
         lxw_workbook_options options{};
         options.constant_memory = memory == Memory::A_Row ? LXW_TRUE : LXW_FALSE;
-        Book = workbook_new_opt((Place / File_Name).c_str(), &options);
+        Book = workbook_new_opt((Place / File_Name).string().c_str(), &options);
         if (Book == nullptr)
             throw File_Error("The workbook cannot be made.");
     }

@@ -4,6 +4,7 @@
 #include "core/system/file_handle.h"
 #include "core/system/flush.h"
 #include "core/system/lock.h"
+#include "core/system/rename.h"
 #include "core/version.h"
 #include "installation/installation_files.h"
 
@@ -121,6 +122,12 @@ void Fill(const fs::path& staging, const fs::path& engine, const std::vector<fs:
     Copy_Whole(engine, staging / Engine_File_Name);
 }
 
+void Move_Into(const fs::path& from, const fs::path& to, const fs::path& name)
+{
+    if (const auto error = Rename(from / name, to / name))
+        throw fs::filesystem_error("Cannot move", from / name, to / name, error);
+}
+
 // The engine is moved last: a directory without one is not an installation.
 void Move_Up(const fs::path& staging, const fs::path& directory)
 {
@@ -131,9 +138,9 @@ void Move_Up(const fs::path& staging, const fs::path& directory)
         if (name == Engine_File_Name)
             continue;
         fs::remove_all(directory / name); // moved up by an attempt that was killed
-        fs::rename(staging / name, directory / name);
+        Move_Into(staging, directory, name);
     }
-    fs::rename(staging / Engine_File_Name, directory / Engine_File_Name);
+    Move_Into(staging, directory, Engine_File_Name);
     fs::remove(staging);
     Flush_Directory(directory);
 }

@@ -28,7 +28,10 @@ Program_Start Engine_Start(const fs::path& directory, const fs::path& engine)
             "The engine " + engine.filename().string() + " is missing in " +
             (engine.parent_path() == directory ? "the run directory." : engine.parent_path().string() + "."));
     Program_Start start{.Program = engine, .Arguments = {}, .Directory = directory, .Output = Progress_Name};
-    if (!Is_Windows_Program(engine))
+    const bool for_windows = Is_Windows_Program(engine);
+    if (Runs_Windows_Programs() && !for_windows)
+        throw Run_Refused("The engine " + engine.filename().string() + " is no Windows program.");
+    if (Runs_Windows_Programs() || !for_windows)
         return start;
     start.Program = Program_In_Path("wine");
     if (start.Program.empty())

@@ -84,7 +84,7 @@ private:
     } catch (const File_Error&) { // nothing goes by a rule that cannot be read; the list of the bin tells it
     }
 
-    std::string Name(std::size_t run) const { return Paths[run].lexically_relative(Directory).string(); }
+    std::string Name(std::size_t run) const { return Paths[run].lexically_relative(Directory).generic_string(); }
     fs::path Engine(std::size_t run) const { return Paths[run] / Path_Of(Runs[run].Engine); }
 
     void Start(std::size_t run)

@@ -141,7 +141,7 @@ Job_Progress Progress_Of_Job(const fs::path& mode_directory)
     const Job_History history = Read_Job_Log(mode_directory);
     Job_Progress progress;
     for (const auto& run : Runs_Of_Job(mode_directory)) {
-        const auto event = history.Runs.find(run.lexically_relative(mode_directory).string());
+        const auto event = history.Runs.find(run.lexically_relative(mode_directory).generic_string());
         Count_Run(run, event == history.Runs.end() ? std::nullopt : std::optional(event->second), progress);
     }
     if (history.Begin > 0 && progress.Years_Done > 0) {

@@ -66,7 +66,7 @@ std::vector<fs::path> Inputs_Of_Run(const fs::path& run_directory)
             throw Run_Refused("The input " + To_Utf8(name) + " is missing.");
         if (!fs::is_regular_file(*found, ignored))
             throw Run_Refused("The input " + To_Utf8(name) + " is not an ordinary file.");
-        if (known.insert(found->native()).second)
+        if (known.insert(found->string()).second)
             inputs.push_back(*found);
     };
     add(Control_Name);

@@ -56,12 +56,13 @@ bool Start_Single_Run(Session& session, const fs::path& directory, const Single_
         return Tell_Failed(session.Ask, To_Code_Page(refused.what()));
     }
     try {
-        Start_Program({.Program = runner.empty() ? Program_Beside("orveljob") : runner,
-                       .Arguments = {"--single", engine.string(), "--lock", std::to_string(Kept_As), "."},
-                       .Directory = directory,
-                       .Output = {},
-                       .Kept_Descriptor = lock->Descriptor(),
-                       .Own_Session = true});
+        Start_Program(
+            {.Program = runner.empty() ? Program_Beside("orveljob") : runner,
+             .Arguments = {"--single", engine.string(), "--lock", std::to_string(Kept_As(lock->Descriptor())), "."},
+             .Directory = directory,
+             .Output = {},
+             .Kept_Descriptor = lock->Descriptor(),
+             .Own_Session = true});
         return true;
     } catch (const File_Error& error) {
         return Tell_Failed(session.Ask, To_Code_Page(error.what()));

@@ -105,12 +105,13 @@ void Check_Runner(const fs::path& runner)
 
 int Spawn_Job(const fs::path& mode_directory, const Job_Order& order, const fs::path& runner, const Lock& lock)
 {
-    Program_Start start{.Program = runner,
-                        .Arguments = {"--jobs", std::to_string(order.Jobs), "--lock", std::to_string(Kept_As)},
-                        .Directory = mode_directory,
-                        .Output = {},
-                        .Kept_Descriptor = lock.Descriptor(),
-                        .Own_Session = true};
+    Program_Start start{
+        .Program = runner,
+        .Arguments = {"--jobs", std::to_string(order.Jobs), "--lock", std::to_string(Kept_As(lock.Descriptor()))},
+        .Directory = mode_directory,
+        .Output = {},
+        .Kept_Descriptor = lock.Descriptor(),
+        .Own_Session = true};
     if (order.Limit)
         start.Arguments.insert(start.Arguments.end(), {"--limit", std::to_string(*order.Limit)});
     if (order.Selection != Job_Selection::Fresh)

@@ -1,5 +1,6 @@
 #include "output/balance_rows.h"
 
+#include "core/numbers.h"
 #include "core/text.h"
 #include "output/quick_val.h"
 #include "output/yearly_values.h"
@@ -67,7 +68,7 @@ double Decimal_Sum(std::initializer_list<double> figures)
     }
     if (!(largest > 0) || !std::isfinite(sum))
         return sum;
-    const double scale = std::pow(10, digits - std::floor(std::log10(largest)));
+    const double scale = Power_Of_Ten(digits - std::floor(std::log10(largest)));
     return std::isfinite(sum * scale) ? std::round(sum * scale) / scale : sum;
 }
 

@@ -32,7 +32,7 @@ public:
         const double last = std::ceil(std::log10(highest));
         Axis.High = last - *First_Decade;
         for (double decade = *First_Decade; decade <= last; ++decade) {
-            const double value = std::pow(10, decade);
+            const double value = Power_Of_Ten(decade);
             Axis.Ticks.push_back({decade - *First_Decade, Tick_Rank::Big, General_Text(value)});
             for (int i = 2; i < 10 && decade < last; ++i)
                 Axis.Ticks.push_back({At(i * value), Tick_Rank::Small, ""});

@@ -65,7 +65,7 @@ std::vector<std::string> Words_To_Go_On(const Program_State& program, const Plan
 void Start_Plan(const Program_State& program, const Plan_Order& order, const Held_Plan& held, const fs::path& orvelctl)
 {
     auto words = Words_To_Go_On(program, order);
-    words.insert(words.end(), {"--held", std::to_string(Kept_As)});
+    words.insert(words.end(), {"--held", std::to_string(Kept_As(held.Held.Descriptor()))});
     Start_Program({.Program = orvelctl,
                    .Arguments = words,
                    .Directory = order.Directory,

@@ -3,6 +3,7 @@
 #include "core/error.h"
 #include "core/files.h"
 #include "core/system/lock.h"
+#include "core/system/rename.h"
 
 namespace orvel {
 
@@ -23,9 +24,7 @@ void Fail_If(const std::error_code& error, const std::string& what, const fs::pa
 
 void Move(const fs::path& from, const fs::path& to)
 {
-    std::error_code error;
-    fs::rename(from, to, error);
-    Fail_If(error, "Cannot move " + from.string() + " to", to);
+    Fail_If(Rename(from, to), "Cannot move " + from.string() + " to", to);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // The program without windows, for scripts, servers and tests: each command calls the rules and prints.
 #include "core/error.h"
+#include "core/system/arguments.h"
 #include "core/system/program_path.h"
 #include "core/system/signals.h"
 #include "core/system/standard_channels.h"
@@ -101,6 +102,7 @@ namespace {
 int Do_Command_Line(int argc, char** argv)
 {
     CLI::App app("ORVELSUITE without windows");
+    app.allow_windows_style_options(false); // "/a/b" is a path on every system
     std::string directory = ".";
     Command command;
     app.add_option("-C", directory, "The installation directory")->option_text("DIR");
@@ -137,6 +139,7 @@ int main(int argc, char** argv)
 try {
     orvel::Open_Standard_Channels();
     orvel::Report_Failed_Writes();
+    argv = orvel::Utf8_Arguments(argc, argv);
     const int code = orvel::Do_Command_Line(argc, argv);
     if (std::cout.flush())
         return code;

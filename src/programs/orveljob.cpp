@@ -1,6 +1,7 @@
 // The job runner: orveljob [--jobs N] [--limit SECONDS] [--resume | --failed] [--lock DESCRIPTOR] MODE_DIRECTORY runs
 // the job file of a mode directory and keeps its journal; orveljob --single ENGINE ... DIRECTORY runs one engine.
 #include "core/error.h"
+#include "core/system/arguments.h"
 #include "core/system/lock.h"
 #include "core/system/signals.h"
 #include "core/system/standard_channels.h"
@@ -69,13 +70,14 @@ try {
     std::error_code error;
     const auto directory = std::filesystem::canonical(line.Directory, error);
     if (error || !std::filesystem::is_directory(directory, error)) {
-        std::fprintf(stderr, "%s: %s.\n", line.Directory.c_str(), error ? error.message().c_str() : "Not a directory");
+        std::fprintf(stderr, "%s: %s.\n", line.Directory.string().c_str(),
+                     error ? error.message().c_str() : "Not a directory");
         return Wrong_Use;
     }
     const bool adopted = line.Lock_Number >= 0;
     auto lock = adopted ? Lock::Adopt(line.Lock_Number) : Lock::Take(directory);
     if (!lock) {
-        std::fprintf(stderr, "A job is running in %s already.\n", directory.c_str());
+        std::fprintf(stderr, "A job is running in %s already.\n", directory.string().c_str());
         return Already_Running;
     }
     if (!adopted)
@@ -99,6 +101,7 @@ int main(int argc, char** argv)
 {
     using namespace orvel;
     Open_Standard_Channels();
+    argv = Utf8_Arguments(argc, argv);
     const auto line = Parse(argc, argv);
     if (line)
         return Work(*line);

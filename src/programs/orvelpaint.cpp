@@ -12,6 +12,7 @@
 #include "core/error.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/system/arguments.h"
 #include "core/system/standard_channels.h"
 #include "evaluation/compared_assessment.h"
 #include "files/document_kind.h"
@@ -99,6 +100,7 @@ using namespace orvel;
 int main(int argc, char** argv)
 try {
     Open_Standard_Channels();
+    argv = Utf8_Arguments(argc, argv);
     Arguments arguments(argv + 1, argv + argc);
     const std::string what = arguments.empty() ? "" : arguments.front();
     if (what == "--help") {

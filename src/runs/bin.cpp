@@ -5,6 +5,7 @@
 #include "core/run_name.h"
 #include "core/system/flush.h"
 #include "core/system/lock.h"
+#include "core/system/rename.h"
 #include "output/run_outputs.h"
 #include "output/run_record.h"
 #include "runs/run_place.h"
@@ -81,7 +82,7 @@ fs::path Move(const fs::path& mode_directory, const fs::path& from, const fs::pa
     std::error_code error;
     for (int attempt = 0; attempt < Attempts; ++attempt) {
         const fs::path place = Free_Place(bin, name, attempt);
-        fs::rename(from, place, error); // never over what another program has put there: a directory with files
+        error = Rename(from, place); // never over what another program has put there: a directory with files
         if (!error) {
             Flush_Directory(place.parent_path());
             return place;
@@ -159,9 +160,7 @@ void Move_Output_To_Bin(const fs::path& mode_directory, const fs::path& run)
     // The record goes first: what then remains without one counts as cut off, never as finished.
     std::ranges::stable_partition(output, [](const std::string& name) { return name == Run_Record_Name; });
     for (const auto& name : output) {
-        std::error_code error;
-        fs::rename(run / name, place / name, error);
-        if (error)
+        if (const auto error = Rename(run / name, place / name))
             Refuse(run / name, error);
     }
     Flush_Directory(place);
@@ -201,7 +200,7 @@ void Put_Back(const fs::path& mode_directory, const Binned_Run& binned)
     }
     fs::create_directories(place.parent_path(), error);
     if (!error)
-        fs::rename(binned.Directory, place, error);
+        error = Rename(binned.Directory, place);
     if (error)
         throw File_Error("Cannot put back " + place.string() + ": " + error.message() + ".");
     Flush_Directory(place.parent_path());

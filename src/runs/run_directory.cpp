@@ -5,6 +5,7 @@
 #include "core/system/file_handle.h"
 #include "core/system/flush.h"
 #include "core/system/lock.h"
+#include "core/system/rename.h"
 #include "core/system/rights.h"
 #include "output/run_outputs.h"
 #include "output/run_record.h"
@@ -154,7 +155,7 @@ void New_Run_Directory::Make()
     Clear_Leftovers(crop);
     const fs::path beside = fs::path(Place).replace_extension(Beside_End);
     std::error_code error;
-    if (Place.filename().native().size() > Longest_Name || !fs::create_directory(beside, error))
+    if (Place.filename().string().size() > Longest_Name || !fs::create_directory(beside, error))
         Refuse_New_Directory(Place);
     Beside = beside;
 }
@@ -197,13 +198,12 @@ void New_Run_Directory::Put_In_Place()
     } else if (fs::exists(Place, error)) {
         const auto aside = Make_Unique_Directory(Place.parent_path() / Aside_Begin);
         if (aside)
-            fs::rename(Place, *aside, error);
+            error = Rename(Place, *aside);
         if (!aside || error)
             Refuse_Old_Directory(Place);
         Earlier = *aside;
     }
-    fs::rename(Beside, Place, error);
-    if (error)
+    if (Rename(Beside, Place))
         Refuse_New_Directory(Place);
     In_Place = true;
 }
@@ -221,7 +221,7 @@ void New_Run_Directory::Take_Back()
     std::error_code ignored;
     fs::remove_all(In_Place ? Place : Beside, ignored);
     if (!Earlier.empty())
-        fs::rename(Earlier, Place, ignored);
+        static_cast<void>(Rename(Earlier, Place));
     for (auto level = Made_Above.rbegin(); level != Made_Above.rend(); ++level)
         fs::remove(*level, ignored);
 }

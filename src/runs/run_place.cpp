@@ -1,5 +1,7 @@
 #include "runs/run_place.h"
 
+#include "core/system/rights.h"
+
 namespace orvel {
 
 namespace fs = std::filesystem;
@@ -18,9 +20,7 @@ void Check_No_Link(const fs::path& mode_directory, const fs::path& run)
 
 void Check_Not_Open_To_All(const fs::path& path)
 {
-    std::error_code missing;
-    const auto rights = fs::status(path, missing).permissions();
-    if (!missing && (rights & fs::perms::others_write) != fs::perms::none)
+    if (Is_Open_To_All(path))
         throw File_Error("Every user of this computer may change " + path.string() +
                          ": no engine is started there until others may not write it.");
 }

@@ -243,4 +243,13 @@ TEST(A_Variant, Keeps_Blanks_Around_A_Verbatim_Text_Alone)
     EXPECT_EQ(Variant::Verbatim(" 5 ").Number(), 5);
 }
 
+TEST(Power_Of_Ten_Routine, Gives_The_Number_That_The_Same_Digits_Have_In_A_Source)
+{
+    EXPECT_EQ(Power_Of_Ten(-2), 0.01);
+    EXPECT_EQ(Power_Of_Ten(0), 1.0);
+    EXPECT_EQ(Power_Of_Ten(22), 1E22);
+    EXPECT_EQ(Power_Of_Ten(-307), 1E-307);
+    EXPECT_TRUE(std::isinf(Power_Of_Ten(309)));
+}
+
 } // namespace orvel

@@ -1,25 +1,23 @@
 #include "engine_process.h"
 
 #include "core/files.h"
+#include "core/system/spawn.h"
 #include "core/text.h"
+#include "temporary_directory.h"
 
-#include <array>
-#include <cstdio>
-#include <sys/wait.h>
+#include <iterator>
+#include <sstream>
 
 namespace orvel::engine {
 
 Engine_Result Run_Engine(const std::filesystem::path& directory, const std::string& arguments)
 {
-    const std::string command = "cd '" + directory.string() + "' && exec '" ORVEL_ENGINE "' " + arguments + " 2>&1";
-    Engine_Result result;
-    FILE* const pipe = ::popen(command.c_str(), "r");
-    std::array<char, 4096> buffer{};
-    for (std::size_t got = 0; (got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-        result.Output.append(buffer.data(), got);
-    const int status = ::pclose(pipe);
-    result.Exit_Code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return result;
+    const Temporary_Directory place;
+    Program_Start start{.Program = ORVEL_ENGINE, .Directory = directory, .Output = place / "output"};
+    std::istringstream words(arguments);
+    start.Arguments.assign(std::istream_iterator<std::string>(words), {});
+    const Program_End end = Wait_For_Program(Start_Program(start));
+    return {.Exit_Code = end.Signal == 0 ? end.Exit_Code : -1, .Output = Read_Whole(place / "output")};
 }
 
 Engine_Result Run_Case(const Engine_Case& run, const std::filesystem::path& directory)

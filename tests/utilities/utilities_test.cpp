@@ -1,9 +1,9 @@
+#include "core/files.h"
+#include "core/system/spawn.h"
 #include "core/text.h"
 #include "output/engine_files.h"
 #include "temporary_directory.h"
 
-#include <array>
-#include <cstdio>
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -23,13 +23,11 @@ protected:
 
     Outcome Run(const std::string& name)
     {
-        Outcome outcome;
-        FILE* pipe = ::popen(("cd '" + Place.Path().string() + "' && '" UTILITIES "/" + name + "' 2>&1").c_str(), "r");
-        std::array<char, 256> buffer{};
-        while (const auto got = std::fread(buffer.data(), 1, buffer.size(), pipe))
-            outcome.Printed.append(buffer.data(), got);
-        outcome.Exit = WEXITSTATUS(::pclose(pipe));
-        return outcome;
+        const Temporary_Directory told;
+        const Program_End end = Wait_For_Program(Start_Program({.Program = std::filesystem::path(UTILITIES) / name,
+                                                                .Directory = Place.Path(),
+                                                                .Output = told / "printed"}));
+        return {.Exit = end.Exit_Code, .Printed = Read_Whole(told / "printed")};
     }
 
     static std::string Head()

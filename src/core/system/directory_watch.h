@@ -2,7 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
-#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,11 +31,8 @@ public:
     void Wake(); // ends a wait, from another thread
 
 private:
-    std::vector<Event> Read_Events();
-
-    int Notifier = -1, Waker = -1;
-    std::map<int, std::filesystem::path> Watched;
-    std::map<std::filesystem::path, int> Numbers;
+    struct State;
+    std::unique_ptr<State> Held;
 };
 
 } // namespace orvel

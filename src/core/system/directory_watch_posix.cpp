@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <map>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/inotify.h>
@@ -18,42 +19,51 @@ constexpr std::uint32_t Gone = IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED;
 
 } // namespace
 
-Directory_Watch::Directory_Watch()
-    : Notifier(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)),
-      Waker(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))
-{}
-
-Directory_Watch::~Directory_Watch()
-{
-    for (const int number : {Notifier, Waker}) {
-        if (number >= 0)
-            ::close(number);
+struct Directory_Watch::State {
+    State() = default;
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+    ~State()
+    {
+        for (const int number : {Notifier, Waker}) {
+            if (number >= 0)
+                ::close(number);
+        }
     }
-}
+
+    std::vector<Event> Read_Events();
+
+    int Notifier = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC), Waker = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
+    std::map<int, std::filesystem::path> Watched;
+    std::map<std::filesystem::path, int> Numbers;
+};
+
+Directory_Watch::Directory_Watch() : Held(std::make_unique<State>()) {}
+Directory_Watch::~Directory_Watch() = default;
 
 bool Directory_Watch::Add(const std::filesystem::path& directory)
 {
-    if (Numbers.contains(directory))
+    if (Held->Numbers.contains(directory))
         return true;
-    const int number = Notifier < 0 ? -1 : ::inotify_add_watch(Notifier, directory.c_str(), Of_Interest);
+    const int number = Held->Notifier < 0 ? -1 : ::inotify_add_watch(Held->Notifier, directory.c_str(), Of_Interest);
     if (number < 0)
         return false;
-    Watched[number] = directory;
-    Numbers[directory] = number;
+    Held->Watched[number] = directory;
+    Held->Numbers[directory] = number;
     return true;
 }
 
 std::vector<Directory_Watch::Event> Directory_Watch::Wait(std::chrono::milliseconds most)
 {
-    std::array<pollfd, 2> both = {{{Notifier, POLLIN, 0}, {Waker, POLLIN, 0}}};
+    std::array<pollfd, 2> both = {{{Held->Notifier, POLLIN, 0}, {Held->Waker, POLLIN, 0}}};
     if (::poll(both.data(), both.size(), static_cast<int>(most.count())) <= 0)
         return {};
     std::uint64_t woken = 0;
-    [[maybe_unused]] const auto ignored = ::read(Waker, &woken, sizeof woken);
-    return Read_Events();
+    [[maybe_unused]] const auto ignored = ::read(Held->Waker, &woken, sizeof woken);
+    return Held->Read_Events();
 }
 
-std::vector<Directory_Watch::Event> Directory_Watch::Read_Events()
+std::vector<Directory_Watch::Event> Directory_Watch::State::Read_Events()
 {
     std::vector<Event> events;
     alignas(inotify_event) std::array<char, 16384> buffer{};
@@ -86,7 +96,7 @@ std::vector<Directory_Watch::Event> Directory_Watch::Read_Events()
 void Directory_Watch::Wake()
 {
     const std::uint64_t one = 1;
-    [[maybe_unused]] const auto ignored = ::write(Waker, &one, sizeof one);
+    [[maybe_unused]] const auto ignored = ::write(Held->Waker, &one, sizeof one);
 }
 
 } // namespace orvel

@@ -36,7 +36,7 @@ public:
     File_Handle& operator=(File_Handle&& other) noexcept;
     ~File_Handle();
 
-    bool Is_Open() const { return Number >= 0; }
+    bool Is_Open() const { return Number != -1; }
 
     // Reads at most `most` bytes from the current position and returns their number; 0 at the end of the file and on an
     // error.

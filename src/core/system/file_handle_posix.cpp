@@ -14,17 +14,6 @@ namespace orvel {
 
 namespace {
 
-class Not_Ordinary_Category : public std::error_category {
-public:
-    const char* name() const noexcept override { return "orvel"; }
-    std::string message(int reason) const override
-    {
-        return static_cast<Not_Ordinary>(reason) == Not_Ordinary::Device
-                   ? "It is a pipe or a device, not an ordinary file"
-                   : "It is a link that leads to another directory, not an ordinary file";
-    }
-};
-
 int Flags_Of(File_Handle::Use use)
 {
     using Use = File_Handle::Use;
@@ -115,12 +104,6 @@ template <class Call> std::error_code Uninterrupted(Call call)
 }
 
 } // namespace
-
-std::error_code make_error_code(Not_Ordinary reason)
-{
-    static const Not_Ordinary_Category category;
-    return {static_cast<int>(reason), category};
-}
 
 File_Handle::File_Handle(const std::filesystem::path& file, Use use, std::error_code& error,
                          std::filesystem::perms rights)

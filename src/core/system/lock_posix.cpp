@@ -125,7 +125,7 @@ bool Is_Same(const std::filesystem::path& path, const struct stat& file)
 // Whether a process, named by its directory under /proc, was started in a directory to hold its lock.
 bool Holds(const std::filesystem::path& process, const struct stat& directory)
 {
-    return Is_Same(process / "cwd", directory) && Is_Same(process / "fd" / std::to_string(Kept_As), directory);
+    return Is_Same(process / "cwd", directory) && Is_Same(process / "fd" / std::to_string(Kept_As(-1)), directory);
 }
 
 } // namespace

@@ -17,11 +17,14 @@ struct Program_Start {
     std::filesystem::path Directory;    // working directory
     std::filesystem::path Output;      // file for what it prints, relative to Directory; empty: the output is discarded
     bool Keeps_Standard_Error = false; // standard error goes where this program's goes, not into Output
-    int Kept_Descriptor = -1;          // stays open in the program, as number Kept_As
+    int Kept_Descriptor = -1;          // stays open in the program, as number Kept_As(Kept_Descriptor)
     bool Own_Session = false;          // outlives this program and its terminal
     bool Own_Group = false;            // can be ended together with what it starts: End_Group
 };
-constexpr int Kept_As = 3;
+int Kept_As(int descriptor);
+
+// Whether the system runs Windows programs itself.
+bool Runs_Windows_Programs();
 
 // Returns the process id. Throws File_Error with the program's name.
 int Start_Program(const Program_Start& start);

@@ -14,6 +14,8 @@ namespace orvel {
 
 namespace {
 
+constexpr int Kept_Number = 3;
+
 class File_Actions {
 public:
     File_Actions() { ::posix_spawn_file_actions_init(&Actions); }
@@ -50,8 +52,8 @@ void Set_Descriptors(const Program_Start& start, posix_spawn_file_actions_t* act
     if (!start.Keeps_Standard_Error)
         ::posix_spawn_file_actions_adddup2(actions, STDOUT_FILENO, STDERR_FILENO);
     if (start.Kept_Descriptor >= 0)
-        ::posix_spawn_file_actions_adddup2(actions, start.Kept_Descriptor, Kept_As);
-    ::posix_spawn_file_actions_addclosefrom_np(actions, start.Kept_Descriptor >= 0 ? Kept_As + 1 : Kept_As);
+        ::posix_spawn_file_actions_adddup2(actions, start.Kept_Descriptor, Kept_Number);
+    ::posix_spawn_file_actions_addclosefrom_np(actions, start.Kept_Descriptor >= 0 ? Kept_Number + 1 : Kept_Number);
 }
 
 void Set_Signals(const Program_Start& start, posix_spawnattr_t* attributes)
@@ -77,6 +79,16 @@ Program_End End_Of(pid_t process, int status)
 }
 
 } // namespace
+
+bool Runs_Windows_Programs()
+{
+    return false;
+}
+
+int Kept_As(int)
+{
+    return Kept_Number;
+}
 
 int Start_Program(const Program_Start& start)
 {

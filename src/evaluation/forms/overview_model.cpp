@@ -206,7 +206,7 @@ QVariant Overview_Model::data(const QModelIndex& index, int role) const
         QStringList told = {Shown(run->Location)};
         for (const auto& sentence : Explanation_Of(*run))
             told << Shown(sentence);
-        if (const auto other = Other_Text(*Source, *row, *Location_At(index)); !other.empty())
+        if (const auto other = column ? Other_Text(*Source, *row, *column) : std::string(); !other.empty())
             told << Shown(Source->Compared_With + ": " + other);
         return told.join("\n");
     }
