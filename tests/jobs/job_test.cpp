@@ -161,7 +161,7 @@ TEST_F(Job_Test, A_Windows_Engine_Is_Refused_Without_Wine_And_Goes_Through_It_Ot
     Good_Engine(2, "echo \"$1\" > what.txt");
     fs::rename(Home / "orvel401.exe", Home / "bin" / "wine");
     Put(Home / "orvel401.exe", "MZ\x90");
-    ::setenv("PATH", ((Home / "bin").string() + ":" + path).c_str(), 1);
+    ::setenv("PATH", ((Home / "bin").string() + ":" + path).c_str(), 1); // before one that is installed
     EXPECT_EQ(Run(1, Job_Selection::Failed).Failed, 0);
     ::setenv("PATH", path.c_str(), 1);
 
