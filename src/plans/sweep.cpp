@@ -10,6 +10,7 @@
 #include "files/pesticide_file.h"
 #include "files/scenario_file.h"
 #include "plans/plan_inputs.h"
+#include "plans/plan_table.h"
 #include "runs/selection.h"
 
 #include <algorithm>
