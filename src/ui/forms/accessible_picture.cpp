@@ -1,6 +1,7 @@
 #include "ui/forms/accessible_picture.h"
 
 #include <QAccessibleWidget>
+#include <QWidget>
 
 namespace orvel {
 
