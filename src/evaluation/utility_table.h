@@ -31,6 +31,7 @@ std::string Take_Utility_Log(const std::filesystem::path& directory);
 
 // The table's text as a window shows it, without the last line end; the daily table only up to the size limit of a
 // shown file. Nothing without a table.
-std::optional<std::string> Utility_Table(const Session& session, Utility utility, const std::filesystem::path& directory);
+std::optional<std::string> Utility_Table(const Session& session, Utility utility,
+                                         const std::filesystem::path& directory);
 
 } // namespace orvel

@@ -48,7 +48,8 @@ TEST(Chart_As_Svg, Texts_Have_The_Colour_Of_The_Page_And_Are_No_Markup)
 
 TEST(Chart_As_Svg, A_Chart_Without_Any_Extent_Has_Its_Title_Alone)
 {
-    EXPECT_TRUE(Chart_Svg({.Title = "T"}).ends_with("<title>T</title>\n<desc>There is nothing to see.</desc>\n</svg>\n"));
+    EXPECT_TRUE(
+        Chart_Svg({.Title = "T"}).ends_with("<title>T</title>\n<desc>There is nothing to see.</desc>\n</svg>\n"));
 }
 
 TEST(Chart_As_Svg, A_Line_Joins_Its_Points)
