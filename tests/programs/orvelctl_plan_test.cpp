@@ -537,8 +537,9 @@ TEST_F(Orvelctl_Plan, What_A_Killed_Part_Has_Left_Goes)
 {
     Put_Plan(2);
     ASSERT_EQ(Do("plan run plan.csv --to runs --part 1/2 --wait").Code, 0);
-    fs::create_directories(Place / "runs" / "work" / "2-of-3" / "1");
-    Put("runs/work/2-of-3/1/plot.orv", "x");
+    const fs::path left = Place / "runs" / "work" / "2-of-3" / "1";
+    fs::create_directories(left);
+    Write_Whole(left / "plot.orv", "x");
 
     EXPECT_EQ(Do("plan run plan.csv --to runs --part 2/2 --wait").Code, 0);
 

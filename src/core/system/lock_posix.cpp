@@ -10,7 +10,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -81,31 +80,10 @@ std::optional<Lock> Lock::Take_Shared(const std::filesystem::path& path)
     return Try(number, LOCK_SH, path) ? std::optional(std::move(lock)) : std::nullopt;
 }
 
-std::optional<Lock> Lock::Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most)
-{
-    constexpr std::chrono::milliseconds Pause(10);
-    const auto end = std::chrono::steady_clock::now() + most;
-    while (true) {
-        if (auto lock = Take(path))
-            return lock;
-        if (std::chrono::steady_clock::now() >= end)
-            return std::nullopt;
-        std::this_thread::sleep_for(Pause);
-    }
-}
-
 Lock Lock::Adopt(int descriptor)
 {
     ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
     return Lock(descriptor);
-}
-
-Lock::Lock(Lock&& other) noexcept : Number(std::exchange(other.Number, -1)) {}
-
-Lock& Lock::operator=(Lock&& other) noexcept
-{
-    std::swap(Number, other.Number);
-    return *this;
 }
 
 Lock::~Lock()

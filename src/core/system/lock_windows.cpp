@@ -4,7 +4,6 @@
 #include "core/system/named_lock_windows.h"
 #include "core/system/spawn.h"
 
-#include <thread>
 #include <utility>
 
 namespace orvel {
@@ -113,31 +112,10 @@ std::optional<Lock> Lock::Take_Shared(const std::filesystem::path& path)
     return held ? std::optional(Lock(Number_Of(held->Release()))) : std::nullopt;
 }
 
-std::optional<Lock> Lock::Take_Within(const std::filesystem::path& path, std::chrono::milliseconds most)
-{
-    constexpr std::chrono::milliseconds Pause(10);
-    const auto end = std::chrono::steady_clock::now() + most;
-    while (true) {
-        if (auto lock = Take(path))
-            return lock;
-        if (std::chrono::steady_clock::now() >= end)
-            return std::nullopt;
-        std::this_thread::sleep_for(Pause);
-    }
-}
-
 Lock Lock::Adopt(int descriptor)
 {
     ::SetHandleInformation(Handle_Of(descriptor), HANDLE_FLAG_INHERIT, 0);
     return Lock(descriptor);
-}
-
-Lock::Lock(Lock&& other) noexcept : Number(std::exchange(other.Number, -1)) {}
-
-Lock& Lock::operator=(Lock&& other) noexcept
-{
-    std::swap(Number, other.Number);
-    return *this;
 }
 
 Lock::~Lock()

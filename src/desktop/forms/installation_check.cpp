@@ -34,13 +34,8 @@ QString Word_Of(Health health)
 
 QTableWidget* Table_Of(const std::vector<Finding>& findings, const QStyle& style)
 {
-    auto* table = Named(new QTableWidget(static_cast<int>(findings.size()), 4), "Findings");
-    table->setAccessibleName("Findings");
-    table->setHorizontalHeaderLabels({"State", "What", "Found", "What to do"});
-    table->verticalHeader()->hide();
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setTabKeyNavigation(false);
+    auto* table = Row_Table("Findings", "Findings", {"State", "What", "Found", "What to do"});
+    table->setRowCount(static_cast<int>(findings.size()));
     for (int row = 0; row < table->rowCount(); ++row) {
         const Finding& finding = findings[static_cast<std::size_t>(row)];
         table->setItem(row, 0,
@@ -54,7 +49,6 @@ QTableWidget* Table_Of(const std::vector<Finding>& findings, const QStyle& style
     table->resizeColumnToContents(0);
     table->resizeColumnToContents(1);
     table->setColumnWidth(2, table->fontMetrics().averageCharWidth() * Found_Columns);
-    table->horizontalHeader()->setStretchLastSection(true);
     table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     return table;
 }

@@ -37,15 +37,8 @@ Unsaved_List::Unsaved_List(Session& session, QWidget* parent) : QDialog(parent),
 
 void Unsaved_List::Lay_Out()
 {
-    Grid = Named(new QTableWidget(0, static_cast<int>(Heads.size())), "Unsaved_Grid");
-    Grid->setAccessibleName("Copies of unsaved changes");
-    Grid->setHorizontalHeaderLabels(QStringList(Heads.begin(), Heads.end()));
-    Grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    Grid = Row_Table("Unsaved_Grid", "Copies of unsaved changes", QStringList(Heads.begin(), Heads.end()));
     Grid->setSelectionMode(QAbstractItemView::SingleSelection);
-    Grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    Grid->setTabKeyNavigation(false);
-    Grid->verticalHeader()->hide();
-    Grid->horizontalHeader()->setStretchLastSection(true);
     connect(Grid, &QTableWidget::itemSelectionChanged, this, &Unsaved_List::Enable_Buttons);
     connect(Grid, &QTableWidget::cellDoubleClicked, this, &Unsaved_List::Open_Copy);
 

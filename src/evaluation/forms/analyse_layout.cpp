@@ -28,13 +28,6 @@ QComboBox* Combo(const QString& name, const QString& purpose)
     return combo;
 }
 
-QLabel* Label(const QString& name, const QString& text, QWidget* of)
-{
-    auto* label = Named(new QLabel(text), name);
-    label->setBuddy(of);
-    return label;
-}
-
 } // namespace
 
 void Analyse::Lay_Out()
@@ -57,9 +50,9 @@ QLayout* Analyse::Lists()
     Pestizidverzeichnis = Combo("Pestizidverzeichnis", "Pesticide File");
     Kulturverzeichnis = Combo("Kulturverzeichnis", "Crop");
     Szenarioverzeichnis = Combo("Szenarioverzeichnis", "Location");
-    rows->addRow(Label1 = Label("Label1", "&Pesticide File:", Pestizidverzeichnis), Pestizidverzeichnis);
-    rows->addRow(Label4 = Label("Label4", "&Crop:", Kulturverzeichnis), Kulturverzeichnis);
-    rows->addRow(Label6 = Label("Label6", "&Location:", Szenarioverzeichnis), Szenarioverzeichnis);
+    rows->addRow(Label1 = Named(Label_Of(Pestizidverzeichnis, "&Pesticide File:"), "Label1"), Pestizidverzeichnis);
+    rows->addRow(Label4 = Named(Label_Of(Kulturverzeichnis, "&Crop:"), "Label4"), Kulturverzeichnis);
+    rows->addRow(Label6 = Named(Label_Of(Szenarioverzeichnis, "&Location:"), "Label6"), Szenarioverzeichnis);
     rows->addRow("Date of simulation:", Datum = Named(new QLabel, "Datum"));
     if (The_Mode.Kind != Mode_Kind::Focus)
         Add_ERC(*rows);

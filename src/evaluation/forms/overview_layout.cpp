@@ -45,13 +45,6 @@ public:
     }
 };
 
-QLabel* Label(const QString& text, QWidget* buddy)
-{
-    auto* label = new QLabel(text);
-    label->setBuddy(buddy);
-    return label;
-}
-
 } // namespace
 
 void Overview_Window::Lay_Out()
@@ -101,10 +94,10 @@ QLayout* Overview_Window::Choices()
     connect(Above_Limit, &QCheckBox::clicked, this, &Overview_Window::Show_Rows);
 
     auto* row = new QHBoxLayout;
-    row->addWidget(Label("&Mode:", Modus));
+    row->addWidget(Label_Of(Modus, "&Mode:"));
     row->addWidget(Modus);
     row->addSpacing(fontMetrics().averageCharWidth());
-    row->addWidget(Label("&Find:", Find));
+    row->addWidget(Label_Of(Find, "&Find:"));
     row->addWidget(Find, 1);
     for (QWidget* choice : std::initializer_list<QWidget*>{Crops, States, Locations, Above_Limit})
         row->addWidget(choice);
@@ -126,9 +119,9 @@ QLayout* Overview_Window::Soil_Choices()
     Soil_Box = new QWidget;
     auto* soil = new QHBoxLayout(Soil_Box);
     soil->setContentsMargins(0, 0, 0, 0);
-    soil->addWidget(Label("&Depth:", Depth));
+    soil->addWidget(Label_Of(Depth, "&Depth:"));
     soil->addWidget(Depth);
-    soil->addWidget(Label("Avera&ge:", Average));
+    soil->addWidget(Label_Of(Average, "Avera&ge:"));
     soil->addWidget(Average);
     Soil_Box->hide();
 
@@ -143,7 +136,7 @@ QLayout* Overview_Window::Soil_Choices()
     Class_Box = new QWidget;
     auto* classes = new QHBoxLayout(Class_Box);
     classes->setContentsMargins(0, 0, 0, 0);
-    classes->addWidget(Label("C&lasses:", Classes));
+    classes->addWidget(Label_Of(Classes, "C&lasses:"));
     classes->addWidget(Classes);
     classes->addWidget(Values);
 

@@ -49,17 +49,11 @@ Put_Back_List::Put_Back_List(Session& session, const Mode& mode, QWidget* parent
 
 void Put_Back_List::Lay_Out()
 {
-    Bin_Grid = Named(new QTableWidget(0, 5), "Bin_Grid");
-    Bin_Grid->setAccessibleName("Simulations in the bin");
-    Bin_Grid->setHorizontalHeaderLabels({"Pesticide File", "Crop", "Location", "Date", "Result"});
-    Bin_Grid->setSelectionBehavior(QAbstractItemView::SelectRows);
-    Bin_Grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    Bin_Grid->setTabKeyNavigation(false);
+    Bin_Grid =
+        Row_Table("Bin_Grid", "Simulations in the bin", {"Pesticide File", "Crop", "Location", "Date", "Result"});
     Bin_Grid->setShowGrid(false);
     Bin_Grid->setAlternatingRowColors(true);
-    Bin_Grid->verticalHeader()->hide();
     Bin_Grid->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    Bin_Grid->horizontalHeader()->setStretchLastSection(true);
     Bin_Grid->horizontalHeader()->setHighlightSections(false);
     connect(Bin_Grid, &QTableWidget::itemSelectionChanged, this, &Put_Back_List::Selection_Changed);
 

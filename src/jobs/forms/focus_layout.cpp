@@ -31,13 +31,6 @@ constexpr std::string_view Run_Button_Notice =
     " If the Run button will not become active after the ORVEL simulation finished, please first close this form "
     "and then directly reopen it.";
 
-QLabel* Caption(const QString& name, const QString& text, QWidget* buddy)
-{
-    auto* label = Named(new QLabel(text), name);
-    label->setBuddy(buddy);
-    return label;
-}
-
 } // namespace
 
 void FOCUS::Lay_Out()
@@ -98,7 +91,7 @@ QListWidget* FOCUS::List(const QString& name, const QString& caption, const QStr
     list->setUniformItemSizes(true);
     list->installEventFilter(this);
     auto* column = new QVBoxLayout;
-    column->addWidget(Caption(label_name, caption, list));
+    column->addWidget(Named(Label_Of(list, caption), label_name));
     column->addWidget(list, 1);
     into->addLayout(column, columns);
     return list;
@@ -119,10 +112,10 @@ QLayout* FOCUS::Application_Data()
     app_Date->setAlignment(Qt::AlignTop);
 
     auto* rows = new QVBoxLayout;
-    rows->addWidget(Caption("Label2", "Application Mode", nullptr));
+    rows->addWidget(Named(Label_Of(nullptr, "Application Mode"), "Label2"));
     rows->addWidget(App_Modus);
     rows->addSpacing(fontMetrics().lineSpacing() / 2);
-    rows->addWidget(Caption("Label1", "First Application", nullptr));
+    rows->addWidget(Named(Label_Of(nullptr, "First Application"), "Label1"));
     rows->addWidget(app_Date);
     return rows;
 }

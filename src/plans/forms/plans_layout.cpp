@@ -38,13 +38,6 @@ QSpinBox* Number(const QString& name, const QString& purpose, int least, int mos
     return box;
 }
 
-QLabel* Label(const QString& text, QWidget* buddy)
-{
-    auto* label = new QLabel(text);
-    label->setBuddy(buddy);
-    return label;
-}
-
 } // namespace
 
 void Plans_Window::Lay_Out()
@@ -109,9 +102,9 @@ QLayout* Plans_Window::Running()
     auto* row = new QHBoxLayout;
     row->addWidget(Run_Button);
     row->addWidget(Stop_Button);
-    row->addWidget(Label("Runs at a ti&me:", Jobs));
+    row->addWidget(Label_Of(Jobs, "Runs at a ti&me:"));
     row->addWidget(Jobs);
-    row->addWidget(Label("&Keep:", Keep));
+    row->addWidget(Label_Of(Keep, "&Keep:"));
     row->addWidget(Keep);
     row->addSpacing(fontMetrics().averageCharWidth());
     row->addWidget(Bar, 1);
@@ -141,18 +134,18 @@ QLayout* Plans_Window::Ways_To_Run()
     connect(By_Slurm, &QCheckBox::clicked, this, &Plans_Window::Enable);
 
     auto* row = new QHBoxLayout;
-    row->addWidget(Label("Limit of &each run:", Limit));
+    row->addWidget(Label_Of(Limit, "Limit of &each run:"));
     row->addWidget(Limit);
     row->addSpacing(fontMetrics().averageCharWidth());
-    row->addWidget(Label("Part:", Part));
+    row->addWidget(Label_Of(Part, "Part:"));
     row->addWidget(Part);
-    row->addWidget(Label("o&f", Parts));
+    row->addWidget(Label_Of(Parts, "o&f"));
     row->addWidget(Parts);
     row->addSpacing(fontMetrics().averageCharWidth());
     row->addWidget(By_Slurm);
-    row->addWidget(Label("tasks:", Tasks));
+    row->addWidget(Label_Of(Tasks, "tasks:"));
     row->addWidget(Tasks);
-    row->addWidget(Label("time of a task:", Minutes));
+    row->addWidget(Label_Of(Minutes, "time of a task:"));
     row->addWidget(Minutes);
     row->addStretch(1);
     return row;
@@ -202,14 +195,14 @@ QLayout* Plans_Window::Picture_Choices()
         connect(list, &QComboBox::activated, this, &Plans_Window::Show_Picture);
 
     auto* row = new QHBoxLayout;
-    row->addWidget(Label("S&how:", States));
+    row->addWidget(Label_Of(States, "S&how:"));
     row->addWidget(States);
     row->addStretch(1);
-    row->addWidget(Label("Pict&ure:", Kind));
+    row->addWidget(Label_Of(Kind, "Pict&ure:"));
     row->addWidget(Kind);
-    row->addWidget(Label("Su&bstance:", Substances));
+    row->addWidget(Label_Of(Substances, "Su&bstance:"));
     row->addWidget(Substances);
-    row->addWidget(Label("Cur&ve for each:", Labels));
+    row->addWidget(Label_Of(Labels, "Cur&ve for each:"));
     row->addWidget(Labels);
     return row;
 }

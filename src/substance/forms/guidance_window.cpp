@@ -47,15 +47,8 @@ Guidance_Window::Guidance_Window(Access access, QWidget* parent) : QDialog(paren
 void Guidance_Window::Lay_Out()
 {
     Summary = Named(new QLabel, "Guidance_Summary");
-    Grid = Named(new QTableWidget(0, static_cast<int>(Heads.size())), "Guidance_Grid");
-    Grid->setAccessibleName("Findings");
-    Grid->setHorizontalHeaderLabels(QStringList(Heads.begin(), Heads.end()));
-    Grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    Grid = Row_Table("Guidance_Grid", "Findings", QStringList(Heads.begin(), Heads.end()));
     Grid->setSelectionMode(QAbstractItemView::SingleSelection);
-    Grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    Grid->setTabKeyNavigation(false);
-    Grid->verticalHeader()->hide();
-    Grid->horizontalHeader()->setStretchLastSection(true);
     const QFontMetrics metrics = fontMetrics();
     Grid->setWordWrap(false); // the whole finding stands below
     connect(Grid, &QTableWidget::itemSelectionChanged, this, &Guidance_Window::Show_Answer);

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QHeaderView>
 #include <QMessageBox>
 
 namespace orvel {
@@ -49,6 +50,26 @@ QPushButton* Push_Button(const QString& name, const QString& text)
     auto* button = Named(new QPushButton(text), name);
     button->setAutoDefault(false);
     return button;
+}
+
+QLabel* Label_Of(QWidget* control, const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setBuddy(control);
+    return label;
+}
+
+QTableWidget* Row_Table(const QString& name, const QString& what, const QStringList& heads)
+{
+    auto* table = Named(new QTableWidget(0, static_cast<int>(heads.size())), name);
+    table->setAccessibleName(what);
+    table->setHorizontalHeaderLabels(heads);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setTabKeyNavigation(false);
+    table->verticalHeader()->hide();
+    table->horizontalHeader()->setStretchLastSection(true);
+    return table;
 }
 
 QString Shown(std::string_view bytes)

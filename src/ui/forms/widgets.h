@@ -2,8 +2,10 @@
 
 #include "core/message.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QString>
+#include <QTableWidget>
 #include <QWidget>
 #include <string>
 #include <string_view>
@@ -30,6 +32,12 @@ QPushButton* Push_Button(const QString& name, const QString& text, Receiver* rec
     QObject::connect(button, &QPushButton::clicked, receiver, handler);
     return button;
 }
+
+// A label whose mnemonic leads to the control, and which a screen reader takes for the control's name.
+QLabel* Label_Of(QWidget* control, const QString& text);
+
+// A table of whole rows to choose from, which nobody edits; `what` tells a screen reader what its rows are.
+QTableWidget* Row_Table(const QString& name, const QString& what, const QStringList& heads);
 
 // Bytes of the documents' code page as text for the window.
 QString Shown(std::string_view bytes);
