@@ -136,7 +136,7 @@ TEST_F(Overview_Window_Test, Nine_Runs_Are_Marked_Started_And_Followed_To_Their_
     Choose(form, "Crop", "Winter cereals");
     Click<QPushButton>(form, "Multi_batch");
     const auto* table = Find<QTreeView>(window, "Table");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 1; }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 1; }, Patience));
     ASSERT_TRUE(QTest::qWaitFor(
         [&] {
             return std::ranges::all_of(Cells(window, 0),
@@ -177,7 +177,7 @@ TEST_F(Overview_Window_Test, Nine_Runs_Are_Marked_Started_And_Followed_To_Their_
         file.seekp(1000);
         file.put(static_cast<char>(byte ^ 1));
     }
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0)[1].contains("changed since"); }, 5000))
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0)[1].contains("changed since"); }, Patience))
         << Cells(window, 0)[1].toStdString();
     auto after = Cells(window, 0);
     after[1] = before[1];
@@ -186,9 +186,9 @@ TEST_F(Overview_Window_Test, Nine_Runs_Are_Marked_Started_And_Followed_To_Their_
 
     fs::remove_all(Run("Hamburg_-_(H)")); // a directory that vanishes
     EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return table->model()->headerData(First_Location + 1, Qt::Horizontal) == "Jokioinen\n(J)"; }, 5000));
+        [&] { return table->model()->headerData(First_Location + 1, Qt::Horizontal) == "Jokioinen\n(J)"; }, Patience));
     fs::remove_all(Run("Hamburg_-_(H)").parent_path().parent_path());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 0; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table->model()->rowCount() == 0; }, Patience));
 }
 
 TEST_F(Overview_Window_Test, While_Nothing_Changes_No_Run_Is_Looked_At)
@@ -233,12 +233,12 @@ TEST_F(Overview_Window_Test, Filters_Sorting_And_Chosen_Locations)
         Click<QPushButton>(choices, "Done");
     });
     Pick(window, "Locations", "Edit ...");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return model->columnCount() == First_Location + 4 + 2; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model->columnCount() == First_Location + 4 + 2; }, Patience));
     EXPECT_EQ(Cell(window, 0, First_Location + 5), "4 of 4");
     Overview_Window another(The_Session, Mode_Kind::Focus);
     EXPECT_EQ(Find<QComboBox>(another, "Locations")->currentText(), "Great Britain");
     Pick(window, "Locations", "All locations");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return model->columnCount() == First_Location + 9 + 2; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model->columnCount() == First_Location + 9 + 2; }, Patience));
 }
 
 namespace {
@@ -455,7 +455,7 @@ TEST_F(Overview_Window_Test, A_Cell_Opens_What_Belongs_To_It_And_A_Row_Runs_What
     The_User.Answers = {Button::Yes};
     Find<QAction>(window, "A_Delete")->trigger();
     ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return table->model()->headerData(First_Location + 1, Qt::Horizontal) == "Jokioinen\n(J)"; }, 5000));
+        [&] { return table->model()->headerData(First_Location + 1, Qt::Horizontal) == "Jokioinen\n(J)"; }, Patience));
     Find<QAction>(window, "A_Missing")->trigger();
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return table->model()->columnCount() == 14 && Cell(window, 0, First_Location + 1) == figure; },
@@ -490,7 +490,7 @@ TEST_F(Overview_Window_Test, Is_Compared_With_Earlier_Results_And_Comes_Back)
     });
     Find<QAction>(window, "A_Compare")->trigger();
 
-    ASSERT_TRUE(QTest::qWaitFor(compared, 5000)) << The_User.Messages.size();
+    ASSERT_TRUE(QTest::qWaitFor(compared, Patience)) << The_User.Messages.size();
     const auto cells = Cells(window, 0);
     EXPECT_EQ(cells[0], alone[0] + " | not simulated"); // the others were not run again
     const QStringList parts = cells[1].split(" | ");
@@ -513,7 +513,7 @@ TEST_F(Overview_Window_Test, Is_Compared_With_Earlier_Results_And_Comes_Back)
     EXPECT_EQ(std::system((std::string(ORVELCTL) + line.mid(8).toStdString() + " >/dev/null").c_str()), 0);
 
     Click<QPushButton>(window, "Vergleich_Ende");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0) == alone; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0) == alone; }, Patience));
     EXPECT_FALSE(Find<QLabel>(window, "Comparison")->isVisible());
 
     const auto compare_with = [&](const std::string& name) {
@@ -524,12 +524,12 @@ TEST_F(Overview_Window_Test, Is_Compared_With_Earlier_Results_And_Comes_Back)
         Find<QAction>(window, "A_Compare")->trigger();
     };
     compare_with("a.zip");
-    EXPECT_TRUE(QTest::qWaitFor(compared, 5000));
+    EXPECT_TRUE(QTest::qWaitFor(compared, Patience));
     EXPECT_TRUE(The_User.Messages.empty());
     compare_with("gone.zip");
     ASSERT_EQ(The_User.Messages.size(), 1U);
     EXPECT_TRUE(Contains(The_User.Messages[0].Text, "gone.zip holds no simulations of focus"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0) == alone; }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0) == alone; }, Patience));
     fs::remove_all(Run("Hamburg_-_(H)").parent_path().parent_path()); // for the tests that follow
 }
 
