@@ -72,6 +72,7 @@ private:
     void Show_Pictures();
     void Show_Soil_Pictures(const Overview_Row& row, std::size_t column);
     void Enable_Actions();
+    void Enable_Missing();
     Survey_Choice Choice() const;
     Row_Filter Filter() const;
     const Mode& The_Mode() const;

@@ -21,6 +21,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -450,12 +451,18 @@ TEST_F(Overview_Window_Test, A_Cell_Opens_What_Belongs_To_It_And_A_Row_Runs_What
     Click<QPushButton>(window, "Befehl");
     EXPECT_EQ(line, "orvelctl -C " + QString::fromStdString(Installation().string()) + " overview --mode focus");
 
+    auto* menu = Find<QMenu>(window, "Menu");
+    emit menu->aboutToShow();
+    EXPECT_FALSE(Find<QAction>(window, "A_Missing")->isEnabled()) << "nothing is missing";
+
     // Deleted into the bin, the cell is empty; then what is missing is run, and its figure is the same.
     const QString figure = Cell(window, 0, First_Location + 1);
     The_User.Answers = {Button::Yes};
     Find<QAction>(window, "A_Delete")->trigger();
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return table->model()->headerData(First_Location + 1, Qt::Horizontal) == "Jokioinen\n(J)"; }, 5000));
+    emit menu->aboutToShow();
+    ASSERT_TRUE(Find<QAction>(window, "A_Missing")->isEnabled());
     Find<QAction>(window, "A_Missing")->trigger();
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return table->model()->columnCount() == 14 && Cell(window, 0, First_Location + 1) == figure; },
