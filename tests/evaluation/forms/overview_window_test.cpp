@@ -25,6 +25,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTreeView>
 #include <sstream>
@@ -305,6 +306,22 @@ TEST_F(Overview_Window_Test, Fits_Half_Of_A_Wide_Screen_Whatever_It_Tells)
 
     constexpr int Letters = 160; // 960 pixels of a screen at 200 %
     EXPECT_LE(window.minimumSizeHint().width(), Letters * window.fontMetrics().averageCharWidth());
+}
+
+TEST_F(Overview_Window_Test, Opens_As_Wide_As_Its_Table_As_Far_As_The_Screen_Goes)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    window.resize(window.minimumSizeHint());
+    Settle(window);
+
+    const auto* table = Find<QTreeView>(window, "Table");
+    const int beside = window.width() - table->viewport()->width();
+    EXPECT_GE(window.width(), std::min(table->header()->length() + beside, window.screen()->availableSize().width()));
+
+    window.resize(window.minimumSizeHint()); // by hand
+    emit Find<QComboBox>(window, "States")->activated(0);
+    EXPECT_EQ(window.width(), window.minimumSizeHint().width());
 }
 
 TEST_F(Overview_Window_Test, Classes_Are_The_Users_And_A_Wrong_One_Is_Told)
