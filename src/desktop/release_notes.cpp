@@ -1,10 +1,13 @@
 #include "desktop/release_notes.h"
 
+#include "runs/start_up.h"
+
 namespace orvel {
 
-std::string_view Release_Notes()
+std::string Release_Notes()
 {
-    return "ORVELSUITE 5.5 (November 2026)\r\n"
+    return Program_Text() +
+           " (November 2026)\r\n"
            "- An open engine, orvel401.exe, and demonstration data come with the program: a fresh installation does "
            "the whole job.\r\n"
            "- Batches run one simulation per processor and go on when the program is closed; the run forms show "

@@ -219,14 +219,18 @@ std::vector<Simulation> Simulation_Places(const fs::path& mode_directory)
 std::vector<Simulation> Simulation_List(const fs::path& mode_directory)
 {
     auto simulations = Simulation_Places(mode_directory);
-    for (auto& simulation : simulations) {
-        auto looked_at = Look_At_Run(simulation.Directory);
-        looked_at.Pesticide = std::move(simulation.Pesticide);
-        looked_at.Crop = std::move(simulation.Crop);
-        looked_at.Location = std::move(simulation.Location);
-        simulation = std::move(looked_at);
-    }
+    for (auto& simulation : simulations)
+        simulation = Look_At_Simulation(std::move(simulation));
     return simulations;
+}
+
+Simulation Look_At_Simulation(Simulation place)
+{
+    Simulation simulation = Look_At_Run(place.Directory);
+    simulation.Pesticide = std::move(place.Pesticide);
+    simulation.Crop = std::move(place.Crop);
+    simulation.Location = std::move(place.Location);
+    return simulation;
 }
 
 } // namespace orvel

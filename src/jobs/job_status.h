@@ -66,4 +66,7 @@ std::vector<Simulation> Simulation_List(const std::filesystem::path& mode_direct
 // The same with names and directories alone: no run is looked at.
 std::vector<Simulation> Simulation_Places(const std::filesystem::path& mode_directory);
 
+// One of these, as it is now.
+Simulation Look_At_Simulation(Simulation place);
+
 } // namespace orvel

@@ -6,11 +6,13 @@
 #include "core/run_name.h"
 #include "core/text.h"
 #include "runs/batch.h"
+#include "runs/job_file.h"
 #include "runs/mark.h"
 #include "runs/output_selection.h"
 #include "runs/selection.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace orvel {
 
@@ -158,25 +160,43 @@ Run_Options Options_Like(const Mode& mode, const std::vector<Simulation>& simula
     return Options_Of(mode, Parse_Template(mode, bytes), bytes);
 }
 
-} // namespace
-
-int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,
-                 std::string_view crop)
+// The simulations of a pesticide and a crop.
+std::vector<Simulation> Simulations_Of(const fs::path& mode_directory, std::string_view pesticide,
+                                       std::string_view crop)
 {
-    const fs::path directory = Mode_Directory(program, mode);
-    std::vector<Simulation> simulations = Simulation_List(directory);
+    auto simulations = Simulation_Places(mode_directory);
     std::erase_if(simulations, [&](const Simulation& simulation) {
         return simulation.Pesticide != pesticide || simulation.Crop != crop;
     });
-    const auto pending = Read_Batch(directory);
-    const auto is_marked = [&](const fs::path& run) {
-        return std::ranges::any_of(pending, [&](const std::string& name) { return Run_Path(directory, name) == run; });
-    };
-    int marked = 0;
-    for (const auto& simulation : simulations) {
-        if (Is_Unfinished(simulation) && !is_marked(simulation.Directory))
-            marked += Mark_Again(program, Agreeing(ask), mode, simulation) ? 1 : 0;
-    }
+    for (auto& simulation : simulations)
+        simulation = Look_At_Simulation(std::move(simulation));
+    return simulations;
+}
+
+// The runs that are marked, and those that a job at work has in its file.
+std::vector<fs::path> Expected_Runs(const Program_State& program, const Mode& mode)
+{
+    const fs::path directory = Mode_Directory(program, mode);
+    std::vector<fs::path> runs;
+    if (Is_Job_At_Work(program, mode))
+        runs = Read_Job_Runs(directory);
+    for (const auto& name : Read_Batch(directory))
+        runs.push_back(Run_Path(directory, name));
+    return runs;
+}
+
+} // namespace
+
+Missing_Runs Find_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                          std::string_view pesticide, std::string_view crop)
+{
+    const fs::path directory = Mode_Directory(program, mode);
+    const auto simulations = Simulations_Of(directory, pesticide, crop);
+    const auto expected = Expected_Runs(program, mode);
+    Missing_Runs missing;
+    std::ranges::copy_if(simulations, std::back_inserter(missing.Unfinished), [&](const Simulation& simulation) {
+        return Is_Unfinished(simulation) && std::ranges::find(expected, simulation.Directory) == expected.end();
+    });
     const std::string file = std::string(pesticide) + ".psm";
     const Crop* const grown = Crop_Named(crop);
     for (const auto& location : Locations_Of_Crop(program, mode, grown)) {
@@ -187,9 +207,22 @@ int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mo
         if (!selected.Buttons_Enabled())
             continue;
         selected.Choice.Options = Options_Like(mode, simulations);
-        marked += Mark_For_Batch(program, Agreeing(ask), mode, selected.Choice) == Mark_Result::Marked ? 1 : 0;
+        missing.Unprepared.push_back(std::move(selected.Choice));
     }
-    return marked;
+    return missing;
+}
+
+int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,
+                 std::string_view crop)
+{
+    const auto missing = Find_Missing(program, ask, mode, pesticide, crop);
+    const auto unfinished = std::ranges::count_if(missing.Unfinished, [&](const Simulation& simulation) {
+        return Mark_Again(program, Agreeing(ask), mode, simulation);
+    });
+    const auto unprepared = std::ranges::count_if(missing.Unprepared, [&](const Run_Choice& choice) {
+        return Mark_For_Batch(program, Agreeing(ask), mode, choice) == Mark_Result::Marked;
+    });
+    return static_cast<int>(unfinished + unprepared);
 }
 
 } // namespace orvel

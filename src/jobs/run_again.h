@@ -1,6 +1,7 @@
 #pragma once
 
 #include "jobs/job_status.h"
+#include "runs/run_control.h"
 
 #include <string_view>
 #include <vector>
@@ -22,9 +23,18 @@ int Mark_Failed_Again(const Program_State& program, const Ask_Function& ask, con
 bool Mark_Run_Again(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                     const Simulation& simulation);
 
-// Marks what a pesticide (stem of its file) and a crop lack: locations of the crop that were never prepared, but for
-// those without application data, and simulations that were stopped, cut off or never begun. All get the options of
-// the first simulation. Returns the number marked.
+// What a pesticide (stem of its file) and a crop lack, but for what is marked or waits in a job at work.
+struct Missing_Runs {
+    std::vector<Simulation> Unfinished; // stopped, cut off or never begun
+    std::vector<Run_Choice>
+        Unprepared; // locations with application data; the options are those of the first simulation
+
+    bool Any() const { return !Unfinished.empty() || !Unprepared.empty(); }
+};
+Missing_Runs Find_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode,
+                          std::string_view pesticide, std::string_view crop);
+
+// Marks what is missing. Returns the number marked.
 int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,
                  std::string_view crop);
 

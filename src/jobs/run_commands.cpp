@@ -58,9 +58,10 @@ std::optional<List_Entries> Choose_Entries(const Session& session, const Mode& m
     } else if (chosen.Crop == nullptr) {
         fault = "There is no crop '" + request.Crop + "'.";
     } else if (!request.All) {
-        chosen.Location = Entry_Of(Locations_Of_Crop(session.Program, mode, chosen.Crop), request.Location);
+        const auto offered = Locations_Of_Crop(session.Program, mode, chosen.Crop);
+        chosen.Location = Entry_Of(offered, request.Location);
         if (chosen.Location.empty())
-            fault = "The crop '" + request.Crop + "' has no location '" + request.Location + "'.";
+            fault = No_Location_Text(mode, request.Crop, request.Location, offered);
     }
     if (fault.empty())
         return chosen;

@@ -18,8 +18,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view Program_Name = "ORVELSUITE";
-
 Recorded_File Recorded(std::string name, const File_Digest& digest)
 {
     return {.Name = std::move(name), .Size = digest.Size, .Sha256 = digest.Sha256};

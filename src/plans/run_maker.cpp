@@ -153,8 +153,7 @@ void Run_Maker::Check_Location(const Plan_Row& row, const Selection& selected)
         known->second = Locations_Of_Crop(Program, mode, selected.Choice.Crop);
     if (std::ranges::find(known->second, selected.Choice.Location) == known->second.end())
         Refuse(row, Kind::Location,
-               "The crop '" + Plan.Cell(row, Kind::Crop) + "' has no location '" + Plan.Cell(row, Kind::Location) +
-                   "' in " + std::string(mode.Name) + ".");
+               To_Utf8(No_Location_Text(mode, Cell(row, Kind::Crop), Cell(row, Kind::Location), known->second)));
 }
 
 Plan_Input Run_Maker::Pesticide_Of(const Plan_Row& row)

@@ -74,8 +74,7 @@ public:
             throw File_Error("There is no crop '" + To_Utf8(order.Crop) + "'.");
         const auto locations = Locations_Of_Crop(program, *order.Mode, crop);
         if (std::ranges::find(locations, order.Location) == locations.end())
-            throw File_Error("The crop '" + To_Utf8(order.Crop) + "' has no location '" + To_Utf8(order.Location) +
-                             "'.");
+            throw File_Error(To_Utf8(No_Location_Text(*order.Mode, order.Crop, order.Location, locations)));
         Parse_PSM(Read_Whole(inputs.Pesticide(order.Pesticide).File), *Pesticide);
         const auto choice = Choose_Run(*order.Mode, order.Pesticide, crop, order.Location);
         Reset_SZE(Scenario);

@@ -14,6 +14,7 @@
 #include "ui/forms/dark_outlines.h"
 #include "ui/forms/guarded_application.h"
 #include "ui/forms/guide_opening.h"
+#include "ui/forms/menu_keys.h"
 #include "ui/forms/own_modality.h"
 #include "ui/forms/readable_palette.h"
 #include "ui/forms/widgets.h"
@@ -66,6 +67,7 @@ try {
     const auto session = std::make_unique<Session>();
     session->Ask = application.Ask = Ask_In_Box;
     Answer_F1(application, Ask_In_Box);
+    Answer_Menu_Keys(application);
     const auto arguments = QApplication::arguments();
     if (arguments.size() > 2 || (arguments.size() == 2 && arguments[1].startsWith("--"))) {
         const bool asked = arguments.size() == 2 && arguments[1] == "--help";

@@ -16,6 +16,7 @@
 #include "report/overview_reader.h"
 #include "runs/acceptance.h"
 #include "runs/guidance_of_run.h"
+#include "runs/start_up.h"
 #include "substance/pathway.h"
 #include "tables/table_cache.h"
 
@@ -370,9 +371,7 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
                      const Progress& progress)
 {
     const auto& mode = Mode_Of(crops.empty() ? Mode_Kind::Focus : crops.front().Mode);
-    Report report{.Title = std::string(mode.Report_Title),
-                  .Program = session.Program.Aktuelle_ORVELSUITE_Version,
-                  .Made = Date_Text(made)};
+    Report report{.Title = std::string(mode.Report_Title), .Program = Program_Text(), .Made = Date_Text(made)};
     Simulated_Pesticide pesticide;
     for (std::size_t i = 0; i < crops.size(); ++i) {
         report.Engine = crops[i].Model_Version;

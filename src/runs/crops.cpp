@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace orvel {
 
@@ -73,6 +74,14 @@ std::vector<std::string> Locations_With_Files(const Program_State& program, cons
     return entries;
 }
 
+// Whether an entry is the location that was meant: it begins with the text, or has its code.
+bool Is_Alike(std::string_view entry, std::string_view text)
+{
+    const std::string code = Bracket_Text(text).empty() ? std::string(text) : Bracket_Text(text);
+    return !Trim(text).empty() &&
+           (Same_Text(entry.substr(0, text.size()), text) || Same_Text(Bracket_Text(entry), code));
+}
+
 } // namespace
 
 constinit const std::span<const Crop> Crops = Table;
@@ -135,6 +144,20 @@ std::vector<std::string> Locations_Of_Crop(const Program_State& program, const M
         entries.emplace_back(Locations[zone].Name);
     Add_Letters(entries, mode.Kind == Mode_Kind::Efsa ? crop->Tier_2 : crop->Tier_4);
     return entries;
+}
+
+std::string No_Location_Text(const Mode& mode, std::string_view crop, std::string_view location,
+                             const std::vector<std::string>& offered)
+{
+    std::vector<std::string> alike;
+    std::ranges::copy_if(offered, std::back_inserter(alike),
+                         [&](const std::string& entry) { return Is_Alike(entry, location); });
+    const auto& told = alike.empty() ? offered : alike;
+    std::string has;
+    for (std::size_t i = 0; i < told.size(); ++i)
+        has += (i == 0 ? "'" : i + 1 == told.size() ? " and '" : ", '") + told[i] + "'";
+    return "The crop '" + std::string(crop) + "' has no location '" + std::string(location) + "' in " +
+           std::string(mode.Name) + ". It has " + (has.empty() ? "none" : has) + ".";
 }
 
 std::optional<int> Crop_Of_Part(const Mode& mode, std::string_view code, std::string_view part)

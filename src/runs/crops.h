@@ -48,6 +48,10 @@ std::string Code_Of_Location(const Mode& mode, std::string_view text);
 // The entries of the location list for a crop, in order; none for nullptr.
 std::vector<std::string> Locations_Of_Crop(const Program_State& program, const Mode& mode, const Crop* crop);
 
+// That a crop has no such location: both as they were given, and what it has instead, as far as it is alike.
+std::string No_Location_Text(const Mode& mode, std::string_view crop, std::string_view location,
+                             const std::vector<std::string>& offered);
+
 // The list index of the crop that a scenario name of orvel.inp belongs to: `part` is what follows code and underscore,
 // such as "APPLES.SZE".
 std::optional<int> Crop_Of_Part(const Mode& mode, std::string_view code, std::string_view part);

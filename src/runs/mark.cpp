@@ -177,6 +177,8 @@ std::string Marked_Text(const Mark_All_Result& result)
         std::to_string(result.Marked) + (result.Marked == 1 ? " combination marked" : " combinations marked");
     if (result.Passed_Over > 0)
         text += ", " + std::to_string(result.Passed_Over) + " without valid application data";
+    if (result.No_Scenario > 0)
+        text += ", " + std::to_string(result.No_Scenario) + " without a scenario file";
     if (result.Failed > 0)
         text += ", " + std::to_string(result.Failed) + " not marked";
     return text;
@@ -195,7 +197,7 @@ Mark_All_Result Mark_All(const Program_State& program, const Ask_Function& ask, 
         if (!selected.Usable)
             break; // the pesticide file cannot be read, and the user has been told
         if (!selected.Buttons_Enabled()) {
-            ++result.Passed_Over;
+            ++(selected.Fault == Selection_Fault::No_Scenario ? result.No_Scenario : result.Passed_Over);
             continue;
         }
         selected.Choice.Options = options;

@@ -21,6 +21,7 @@ Mark_Result Mark_For_Batch(const Program_State& program, const Ask_Function& ask
 struct Mark_All_Result {
     int Marked = 0;                    // combinations
     int Passed_Over = 0;               // without valid application data
+    int No_Scenario = 0;               // offered by the table of a soil mode, without a scenario file
     int Failed = 0;                    // refused by the user or by the system, each reported
     std::vector<Run_Choice> Choices{}; // those marked
 };

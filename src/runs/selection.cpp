@@ -92,6 +92,9 @@ std::string Fault_Text(Selection_Fault fault, const Mode& mode, const Run_Choice
         return No_Pattern_Text(choice.Crop->Text);
     case Selection_Fault::Other_Horizons:
         return std::string(mode.Horizons_Text);
+    case Selection_Fault::No_Scenario:
+        return "There is no scenario file for " + std::string(choice.Crop->Text) + " at " + choice.Location +
+               " in the directory " + std::string(mode.Directory) + ".";
     case Selection_Fault::None:
         break;
     }
@@ -196,6 +199,12 @@ Selection Evaluate_Selection(const Program_State& program, const Ask_Function& a
         return selected;
     }
     Judge_Selection(selected, mode, *document, facts);
+    std::error_code ignored;
+    const bool by_table = !mode.Locations_From_Files; // which offers locations without a file, too
+    if (by_table && !selected.Old_Format() && !fs::exists(scenario, ignored)) {
+        selected.Fault = Selection_Fault::No_Scenario;
+        selected.Warnung = Fault_Text(selected.Fault, mode, choice);
+    }
     return selected;
 }
 

@@ -10,7 +10,16 @@
 namespace orvel {
 
 // Why a combination cannot be marked. The last one that applies is shown.
-enum class Selection_Fault { None, Old_Format, No_Crop_Defined, No_Location, Irregular, Other_Crop, Other_Horizons };
+enum class Selection_Fault {
+    None,
+    Old_Format,
+    No_Crop_Defined,
+    No_Location,
+    Irregular,
+    Other_Crop,
+    Other_Horizons,
+    No_Scenario
+};
 
 // What a run form shows for its selected pesticide file, crop and location. Texts are bytes of Windows-1252.
 struct Selection {

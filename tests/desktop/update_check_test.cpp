@@ -64,6 +64,11 @@ TEST(Update_Check, Compares_With_The_Date_Of_This_Build)
               "You have the latest version of the software.");
 }
 
+TEST(Program_Version, Is_That_Of_The_Packages)
+{
+    EXPECT_EQ(Program_Version, ORVEL_PROJECT_VERSION);
+}
+
 TEST(Release_Notes, Begin_With_This_Version)
 {
     EXPECT_TRUE(Release_Notes().starts_with("ORVELSUITE " + std::string(Program_Version) + " ("));

@@ -1,6 +1,8 @@
 #include "core/run_name.h"
+#include "core/system/lock.h"
 #include "jobs/run_again.h"
 #include "runs/batch.h"
+#include "runs/job_file.h"
 #include "runs/mark.h"
 #include "runs/output_selection.h"
 #include "runs/run_fixture.h"
@@ -124,6 +126,29 @@ TEST_F(Run_Again_Test, A_Simulation_That_Failed_Before_Its_Echo_Is_Known_By_Its_
     The_User.Answers = {Button::Yes};
 
     EXPECT_EQ(Again(), 1);
+}
+
+TEST_F(Run_Again_Test, What_Is_Marked_Or_Waits_In_A_Job_At_Work_Is_Not_Missing)
+{
+    const auto choice = Maize_At_Hamburg();
+    const auto missing = [&] { return Find_Missing(The_Session.Program, The_Session.Ask, Focus(), "test", "Maize"); };
+    ASSERT_EQ(missing().Unprepared.size(), 1U);
+    EXPECT_EQ(missing().Unprepared[0].Location, "Hamburg (H)");
+
+    EXPECT_EQ(Mark_Missing(The_Session.Program, The_Session.Ask, Focus(), "test", "Maize"), 1);
+    EXPECT_FALSE(missing().Any()) << "marked";
+
+    Put(Home / "focus/orveljob.bat", Format_Job(Read_Whole(Home / "focus/batch.bat")));
+    fs::remove(Home / "focus/batch.bat");
+    {
+        const auto job = Lock::Take(Home / "focus");
+        EXPECT_FALSE(missing().Any()) << "the job has yet to run it";
+    }
+    EXPECT_EQ(missing().Unfinished.size(), 1U) << "the job has gone without it";
+
+    Put_Complete_Output(Place(), 26);
+    fs::remove(Place() / "orvel401.exe");
+    EXPECT_FALSE(missing().Any()) << "done";
 }
 
 } // namespace orvel

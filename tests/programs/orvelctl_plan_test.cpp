@@ -242,8 +242,9 @@ TEST_F(Orvelctl_Plan, Each_Bad_Input_Has_Its_Sentence)
     EXPECT_EQ(Told_Of("a,fokus,demo_A.psm,Winter cereals,Hamburg (H)"),
               "Plan: Line 2, column 2: There is no mode 'fokus': focus, efsa or efsa_t4.\n");
     EXPECT_EQ(Told_Of("a,focus,demo_A.psm,Corn,Hamburg (H)"), "Plan: Line 2, column 4: There is no crop 'Corn'.\n");
-    EXPECT_EQ(Told_Of("a,focus,demo_A.psm,Winter cereals,Nowhere"),
-              "Plan: Line 2, column 5: The crop 'Winter cereals' has no location 'Nowhere' in focus.\n");
+    EXPECT_EQ(Told_Of("a,focus,demo_A.psm,Winter cereals,Thiva"),
+              "Plan: Line 2, column 5: The crop 'Winter cereals' has no location 'Thiva' in focus. It has 'Thiva (T), "
+              "no irrigation'.\n");
     EXPECT_EQ(Told_Of("a,focus,demo_A.psm"), "Plan: Line 2, column 4: The row ends before the column 'crop'.\n");
     EXPECT_EQ(Told_Of(""), "Plan: The plan has no rows.\n");
     EXPECT_EQ(Do("plan run none.csv --to wrong --wait").Told,

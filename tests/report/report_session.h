@@ -21,7 +21,6 @@ protected:
         The_Session.Program.App_Path = Installation.Path();
         The_Session.Program.Engine_Exe = "orvel401.exe";
         The_Session.Program.Aktuelle_ORVEL_Version = "ORVEL 4.01";
-        The_Session.Program.Aktuelle_ORVELSUITE_Version = "ORVELSUITE 5.5.5";
         The_Session.Ask = std::ref(The_User);
         Write_Whole(Installation / "orvel401.exe", "abc");
         std::filesystem::last_write_time(Installation / "orvel401.exe",

@@ -135,7 +135,7 @@ TEST_F(Report_Session, The_Files_Are_Named_With_The_Digest_Of_Their_Bytes)
     EXPECT_EQ(gathered.Pesticide, (Checked_File{"demo.psm", Sha256(Read_File(run / "demo.psm"))}));
     EXPECT_EQ(gathered.Scenario, (Checked_File{"H_test.sze", Sha256("scenario")}));
     EXPECT_EQ(gathered.Run_Control, (Checked_File{"orvel.inp", Sha256("control of " + Hamburg)}));
-    EXPECT_EQ(report.Program, "ORVELSUITE 5.5.5");
+    EXPECT_EQ(report.Program, "ORVELSUITE " + std::string(Program_Version));
     EXPECT_EQ(report.Engine, "ORVEL 4.01");
     EXPECT_EQ(report.Acceptance, "not accepted here");
 }

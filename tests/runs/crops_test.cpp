@@ -134,4 +134,22 @@ TEST_F(Crops_Test, A_Crop_Number_Fits_One_Crop_And_None_Fits_Every_Crop)
     }
 }
 
+TEST(Crops, A_Location_That_A_Crop_Lacks_Is_Told_With_What_It_Has_Instead)
+{
+    const std::vector<std::string> offered = {"Ch\xE2teaudun (C), no irrigation", "Hamburg (H)",
+                                              "Thiva (T), no irrigation"};
+    const auto told = [&](std::string_view location) {
+        return No_Location_Text(Focus(), "Winter cereals", location, offered);
+    };
+
+    EXPECT_EQ(told("Thiva (T)"),
+              "The crop 'Winter cereals' has no location 'Thiva (T)' in focus. It has 'Thiva (T), no irrigation'.");
+    for (const char* meant : {"Thiva (T), irrigated", "thiva", "t"})
+        EXPECT_TRUE(told(meant).ends_with(" in focus. It has 'Thiva (T), no irrigation'.")) << told(meant);
+    EXPECT_EQ(told("Nowhere"), "The crop 'Winter cereals' has no location 'Nowhere' in focus. It has "
+                               "'Ch\xE2teaudun (C), no irrigation', 'Hamburg (H)' and 'Thiva (T), no irrigation'.");
+    EXPECT_EQ(No_Location_Text(Focus(), "Cotton", "Thiva (T)", {}),
+              "The crop 'Cotton' has no location 'Thiva (T)' in focus. It has none.");
+}
+
 } // namespace orvel

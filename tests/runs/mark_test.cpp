@@ -529,4 +529,18 @@ TEST_F(Mark_Test, Mark_All_Marks_The_Locations_With_Application_Data_And_Passes_
     EXPECT_TRUE(The_User.Messages.empty());
 }
 
+TEST_F(Mark_Test, Mark_All_Of_A_Soil_Mode_Counts_Locations_Without_A_Scenario_Apart)
+{
+    Pesticide("test.psm", [](auto& document) { document.App_Location[1] = "Total content - North (T_N)"; });
+    Put(Home / "EFSA" / "run.bat", "rem\r\n");
+    for (const char* name : {"T_N_beans.sze", "T_C_beans.sze"})
+        Scenario(Home / "EFSA" / name);
+
+    const auto result = Mark_All(The_Session.Program, The_Session.Ask, Tier_2(), "test.psm",
+                                 Crop_Named("Beans (field)"), {.Tillage = "20"});
+
+    EXPECT_EQ(Marked_Text(result), "1 combination marked, 1 without valid application data, 7 without a scenario file");
+    EXPECT_TRUE(The_User.Messages.empty());
+}
+
 } // namespace orvel

@@ -159,6 +159,21 @@ TEST_F(Selection_Test, The_Soil_Modes_Compare_The_Location_Of_Relative_Dates_Too
               "No application pattern for Total content - North (T_N) defined in the selected pesticide file");
 }
 
+TEST_F(Selection_Test, A_Soil_Mode_Refuses_A_Location_That_Its_Table_Offers_Without_A_Scenario_File)
+{
+    Pesticide("test.psm");
+    Scenario(Home / "EFSA_T4" / "H_wcerea.sze");
+
+    const auto tier_2 = Selected(Winter_Cereals, "Hamburg (H)", Tier_2());
+    EXPECT_EQ(tier_2.Warnung, "There is no scenario file for Winter cereals at Hamburg (H) in the directory EFSA.");
+    EXPECT_FALSE(tier_2.Buttons_Enabled());
+    EXPECT_FALSE(tier_2.May_Run_Anyway());
+    EXPECT_TRUE(Selected(Winter_Cereals, "Hamburg (H)", Tier_4()).Buttons_Enabled());
+
+    Scenario(Home / "EFSA" / "_wcerea.sze"); // what a location without a code runs
+    EXPECT_TRUE(Selected(Winter_Cereals, "Hamburg (H)", Tier_2()).Buttons_Enabled());
+}
+
 TEST_F(Selection_Test, Tillage_Shows_Where_The_First_Crop_Row_Has_The_Flag)
 {
     Pesticide("test.psm");

@@ -2,6 +2,7 @@
 
 #include "desktop/forms/installation_check.h"
 #include "records/forms/work_in_window.h"
+#include "runs/start_up.h"
 #include "ui/forms/path_label.h"
 #include "ui/forms/widgets.h"
 
@@ -30,9 +31,11 @@ Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
         label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
         rows->addRow(caption, label);
     };
-    add("Program:", Shown(program.Aktuelle_ORVELSUITE_Version));
+    add("Program:", Shown(Program_Text()));
     add("Engine:", Shown(program.Aktuelle_ORVEL_Version));
     add("Engine file:", program.Engine_Exe.empty() ? "none found" : QString::fromStdString(program.Engine_Exe));
+    const std::string scenarios = Scenario_Version(program, Mode_Of(Mode_Kind::Focus));
+    add("Scenario data:", scenarios.empty() ? "none found" : Shown("version " + scenarios));
     auto* place = new Path_Label("Installation");
     place->Show(program.App_Path);
     rows->addRow("Installation:", place);

@@ -215,6 +215,7 @@ QLayout* Start::Foot()
     Aktuelle_ORVEL_Version = Version_Label("Aktuelle_ORVEL_Version", The_Session.Program.Aktuelle_ORVEL_Version);
     Aktuelle_ORVELSUITE_Version =
         Version_Label("Aktuelle_ORVELSUITE_Version", The_Session.Program.Aktuelle_ORVELSUITE_Version);
+    Aktuelle_ORVELSUITE_Version->setToolTip(Shown(Suite_Label_Hint()) + "\n" + Aktuelle_ORVELSUITE_Version->toolTip());
     auto* labels = new QHBoxLayout(version);
     auto* acceptance = Named(new QLabel(Shown(Acceptance_Of_Installed(The_Session.Program))), "Acceptance");
     acceptance->setToolTip("What the engine came to on the reference substances: orvelctl accept");
@@ -352,7 +353,7 @@ void Start::Open_Archives()
 
 void Start::Release_Notes()
 {
-    Versionsinfo(The_Session, this).exec();
+    Versionsinfo(this).exec();
 }
 
 } // namespace orvel

@@ -1,6 +1,7 @@
 #include "desktop/forms/versionsinfo.h"
 
 #include "desktop/release_notes.h"
+#include "runs/start_up.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
@@ -14,7 +15,7 @@
 
 namespace orvel {
 
-Versionsinfo::Versionsinfo(const Session& session, QWidget* parent) : QDialog(parent)
+Versionsinfo::Versionsinfo(QWidget* parent) : QDialog(parent)
 {
     setObjectName("Versionsinfo");
     setWindowTitle("Release info");
@@ -31,7 +32,7 @@ Versionsinfo::Versionsinfo(const Session& session, QWidget* parent) : QDialog(pa
     auto* head = new QHBoxLayout;
     head->addWidget(picture);
     head->addLayout(titles, 1);
-    head->addWidget(Named(new QLabel(Shown(session.Program.Aktuelle_ORVELSUITE_Version)), "Versionsangabe"));
+    head->addWidget(Named(new QLabel(Shown(Program_Text())), "Versionsangabe"));
 
     auto* notes = Named(new QPlainTextEdit(Shown(Release_Notes())), "Text1");
     notes->setAccessibleName("Release notes");

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "core/session.h"
-
 #include <QDialog>
 
 namespace orvel {
@@ -11,7 +9,7 @@ class Versionsinfo : public QDialog {
     Q_OBJECT
 
 public:
-    explicit Versionsinfo(const Session& session, QWidget* parent = nullptr);
+    explicit Versionsinfo(QWidget* parent = nullptr);
 };
 
 } // namespace orvel

@@ -10,7 +10,10 @@
 #include "ui/forms/entries_under_edit.h"
 #include "ui/forms/widgets.h"
 
+#include <algorithm>
+#include <chrono>
 #include <QBoxLayout>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QSessionManager>
@@ -20,7 +23,8 @@ namespace orvel {
 
 namespace {
 
-constexpr std::chrono::seconds First_Copy(5), Between_Copies(60);
+constexpr std::chrono::milliseconds First_Copy(1'000), Late_First_Copy(5'000), Between_Copies(60'000);
+constexpr int Rest = 100; // times as long as a look at a long document takes: it may have 24,000 days
 
 struct Under_Edit {
     std::unique_ptr<Session> Documents;
@@ -90,12 +94,16 @@ public:
 private:
     void Keep()
     {
+        QElapsedTimer look;
+        look.start();
         const bool had_changes = Copy.Has_Copy();
         const auto all = With_Entries(The_Session, Editor);
         if (Copy.Keep(*all.Documents, all.Notes) || !Copy.Trouble().empty())
             Note.Show(Copy.Trouble());
         if (Copy.Has_Copy() != had_changes)
             Clock->start(Between_Copies);
+        else if (!had_changes)
+            Clock->start(std::clamp(std::chrono::milliseconds(look.elapsed() * Rest), First_Copy, Late_First_Copy));
     }
 
     Session& The_Session;

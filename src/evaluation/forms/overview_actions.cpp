@@ -58,11 +58,23 @@ void Overview_Window::Enable_Actions()
     A_Scenario->setEnabled(run != nullptr);
     for (auto* action : {A_Again, A_Delete})
         action->setEnabled(run && Is_At_Rest(*run));
-    for (auto* action : {A_Pesticide, A_Missing, A_Report})
+    for (auto* action : {A_Pesticide, A_Report})
         action->setEnabled(row != nullptr);
     A_Failed->setEnabled(Latest && std::ranges::any_of(Latest->Overview.Runs, [](const Overview_Run& other) {
                              return other.Kind == Cell_Kind::Failed || other.Kind == Cell_Kind::Incomplete;
                          }));
+}
+
+// Looks into the crop's run directories, so only when the menu opens.
+void Overview_Window::Enable_Missing()
+try {
+    const auto* row = Table_Model.Row_At(Table->currentIndex());
+    const auto say_nothing = [](const Message& message) { return message.Default; };
+    A_Missing->setEnabled(
+        row && (Batch_Pending(Mode_Directory(The_Session.Program, The_Mode())) ||
+                Find_Missing(The_Session.Program, say_nothing, The_Mode(), row->Pesticide, row->Crop).Any()));
+} catch (const File_Error&) {
+    A_Missing->setEnabled(true); // it tells what cannot be read
 }
 
 const Overview_Run* Overview_Window::Marked_Run() const
@@ -77,11 +89,11 @@ Simulation Overview_Window::Marked_Simulation() const
     const auto* run = Marked_Run();
     if (!run)
         return {};
-    Simulation simulation = Look_At_Run(run->Directory);
-    simulation.Pesticide = run->Pesticide;
-    simulation.Crop = run->Crop;
-    simulation.Location = run->Location;
-    return simulation;
+    return Look_At_Simulation({.Pesticide = run->Pesticide,
+                               .Crop = run->Crop,
+                               .Location = run->Location,
+                               .Directory = run->Directory,
+                               .State = {}});
 }
 
 void Overview_Window::Leachate()

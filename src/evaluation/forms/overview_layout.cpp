@@ -260,6 +260,7 @@ void Overview_Window::Add_Actions(const std::vector<Overview_Action>& further)
     A_Failed = Add_Action("A_Failed", "Run &failed ones again", [this] { Run_Failed(); });
     A_Compare = Add_Action("A_Compare", "Compare wit&h ...", [this] { Compare(); });
     A_Report = Add_Action("A_Report", "Rep&ort", [this] { Report(); });
+    connect(Menu, &QMenu::aboutToShow, this, &Overview_Window::Enable_Missing);
     for (const auto& [name, text, handler] : further) {
         auto* action = Add_Action(name, text, [] {});
         connect(action, &QAction::triggered, this, [this, handler] {

@@ -135,6 +135,7 @@ void Overview_Window::Take(std::shared_ptr<const Survey_State> state)
     Status->setText(Latest->Failure.empty() ? Shown(Counts_Text(Latest->Overview)) + (Latest->Is_Settled ? "" : " ...")
                                             : QString::fromStdString(Latest->Failure));
     Status->setToolTip(Status->text());
+    Widen_To_Table();
     emit Shown_Anew();
 }
 
@@ -251,6 +252,22 @@ void Overview_Window::Widen_Columns()
 {
     for (int column = Table_Model.Location_Column(); column < Table_Model.columnCount(); ++column)
         Table->setColumnWidth(column, std::max(Table->columnWidth(column), Wanted_Width(column)));
+}
+
+// The window opens before its table is known. Once that has been told, the size is the user's.
+void Overview_Window::Widen_To_Table()
+{
+    if (!Is_As_Opened || Table_Model.rowCount() == 0)
+        return;
+    Is_As_Opened = !Latest->Is_Settled;
+    const QRect room = screen()->availableGeometry();
+    const int needed = Table->header()->length() + Table->verticalScrollBar()->sizeHint().width() +
+                       2 * Table->frameWidth() + width() - Table->width();
+    const int wide = std::min(needed, room.width() - (frameGeometry().width() - width()));
+    if (wide <= width())
+        return;
+    resize(wide, height());
+    move(std::max(room.left(), std::min(x(), room.right() + 1 - frameGeometry().width())), y());
 }
 
 void Overview_Window::Show_Key()

@@ -68,10 +68,12 @@ private:
     int Wanted_Width(int column) const;
     void Size_Columns();
     void Widen_Columns();
+    void Widen_To_Table();
     void Show_Key();
     void Show_Pictures();
     void Show_Soil_Pictures(const Overview_Row& row, std::size_t column);
     void Enable_Actions();
+    void Enable_Missing();
     Survey_Choice Choice() const;
     Row_Filter Filter() const;
     const Mode& The_Mode() const;
@@ -115,6 +117,7 @@ private:
     std::set<Row_Name> Open_Rows;                // what is kept of the rows while they are put into another order
     std::optional<Row_Name> Current_Row;
     int Current_Column = 0;
+    bool Is_As_Opened = true; // all of the table has not been told yet
     std::shared_ptr<const Survey_State> Latest;
     std::shared_ptr<const Compared_Assessment> Compared; // nullptr: nothing
     std::filesystem::path Compared_Path;

@@ -134,8 +134,7 @@ void FOCUS::Crop_Click()
 
 void FOCUS::Evaluate()
 {
-    Marked->clear();
-    Guidance->hide();
+    Clear_Marked();
     const Hourglass waiting;
     Selected = Evaluate_Selection(The_Session.Program, The_Session.Ask, The_Mode, Text_Of(*Pesticide),
                                   Crop_At(Crop_List->currentRow()), Text_Of(*Location_List));
@@ -232,6 +231,14 @@ void FOCUS::Show_Marked(const Mark_All_Result& result)
     Guidance_Text = result.Marked == 0 ? "" : Guidance_After_Marking(The_Session.Program, The_Mode, result.Choices);
     Guidance->setVisible(!Guidance_Text.empty());
     Marked->setText(Shown(Marked_Text(result) + (Guidance_Text.empty() ? "" : "; see the guidance")));
+    Tells_Of_Batch = result.Marked > 0;
+}
+
+void FOCUS::Clear_Marked()
+{
+    Marked->clear();
+    Guidance->hide();
+    Tells_Of_Batch = false;
 }
 
 void FOCUS::Show_Guidance()
@@ -271,6 +278,10 @@ void FOCUS::Tick()
 
 void FOCUS::Show_Job(bool running)
 {
+    if (Tells_Of_Batch && !Batch_Pending(Directory())) { // it was started, here or elsewhere
+        Clear_Marked();
+        Show_Start_Notice();
+    }
     const bool usable = Selected.Buttons_Enabled();
     s_run->setText("&" + Shown(Run_Caption(Directory())));
     s_run->setEnabled(usable && !running);

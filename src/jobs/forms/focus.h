@@ -63,6 +63,7 @@ private:
     void Mark();
     void Mark_All_Locations();
     void Show_Marked(const Mark_All_Result& result);
+    void Clear_Marked();
     void Show_Guidance();
     void Run();
     void Run_Anyway();
@@ -91,7 +92,8 @@ private:
     double Kept_Number = 0;
 
     QListWidget *Pesticide = nullptr, *Crop_List = nullptr, *Location_List = nullptr;
-    std::string Guidance_Text; // of the runs marked last; empty: there is nothing to tell
+    std::string Guidance_Text;   // of the runs marked last; empty: there is nothing to tell
+    bool Tells_Of_Batch = false; // Marked counts combinations of the pending batch
     QLabel *App_Modus = nullptr, *app_Date = nullptr, *Warnung = nullptr, *Hinweis = nullptr, *Marked = nullptr;
     QWidget* Warning_Box = nullptr;
     QGroupBox* Frame4 = nullptr;

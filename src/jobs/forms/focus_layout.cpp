@@ -187,8 +187,10 @@ QLayout* FOCUS::Versions()
 {
     auto* version = Named(new QGroupBox("Version"), "Frame3");
     auto* labels = new QVBoxLayout(version);
-    labels->addWidget(
-        Named(new QLabel(Shown(The_Session.Program.Aktuelle_ORVELSUITE_Version)), "Aktuelle_ORVELSUITE_Version"));
+    auto* suite =
+        Named(new QLabel(Shown(The_Session.Program.Aktuelle_ORVELSUITE_Version)), "Aktuelle_ORVELSUITE_Version");
+    suite->setToolTip(Shown(Suite_Label_Hint()));
+    labels->addWidget(suite);
     labels->addWidget(
         Named(new QLabel(Shown("ORVEL Version Number: " + General_Text(The_Session.Program.Engine_Version))),
               "Version_Model"));
@@ -197,9 +199,8 @@ QLayout* FOCUS::Versions()
             Named(new QLabel(Shown("Scenario version number: " + Scenario_Version(The_Session.Program, The_Mode))),
                   "Version_Szenarien"));
     if (The_Mode.Tail == Header_Tail::Scaling) {
-        const std::string& suite = The_Session.Program.Aktuelle_ORVELSUITE_Version;
         labels->addWidget(
-            Named(new QLabel(Shown("Shell version number: " + suite.substr(suite.find(' ') + 1))), "Version_Shell"));
+            Named(new QLabel(Shown("Shell version number: " + std::string(Program_Version))), "Version_Shell"));
         labels->addWidget(Named(new QLabel("EFSA ORVEL"), "Label6"));
     }
     auto* versions = new QVBoxLayout;

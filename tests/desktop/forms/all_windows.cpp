@@ -241,7 +241,7 @@ std::vector<Opened_Window> Windows_Test::All()
              Find_Engine(session.Program);
              return std::make_unique<Installation_Check>(Examine(session.Program));
          }},
-        Plain<Versionsinfo>("versionsinfo"),
+        {"versionsinfo", [](Session&) -> std::unique_ptr<QWidget> { return std::make_unique<Versionsinfo>(); }},
         {"unsaved_list", Opened_Unsaved_List},
         Plain<FOCUS>("focus", std::cref(focus), Run_Windows()),
         Plain<FOCUS>("efsa", std::cref(Mode_Of(Mode_Kind::Efsa)), Run_Windows()),

@@ -206,14 +206,15 @@ TEST(Update_Fetch, Gives_Up_On_A_Server_That_Sends_A_Byte_Now_And_Then)
 
 TEST(Versionsinfo, Shows_The_Notes_With_Their_Own_Words)
 {
-    const auto session = std::make_unique<Session>();
-    Versionsinfo form(*session);
+    Versionsinfo form;
 
     EXPECT_EQ(form.windowTitle(), "Release info");
     EXPECT_EQ(Find<QLabel>(form, "Label2")->text(), "Pestcidie Leaching Model");
     EXPECT_TRUE(Find<QPlainTextEdit>(form, "Text1")
                     ->toPlainText()
-                    .startsWith("ORVELSUITE " + QString::fromLatin1(Program_Version.data())));
+                    .startsWith("ORVELSUITE " + QString::fromLatin1(Program_Version.data()) + " ("));
+    EXPECT_EQ(Find<QLabel>(form, "Versionsangabe")->text(),
+              "ORVELSUITE " + QString::fromLatin1(Program_Version.data()));
     EXPECT_TRUE(Find<QPlainTextEdit>(form, "Text1")->isReadOnly());
 }
 

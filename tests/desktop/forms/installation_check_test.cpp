@@ -1,6 +1,7 @@
 #include "desktop/forms/installation_check.h"
 
 #include "core/files.h"
+#include "core/version.h"
 #include "desktop/forms/form_name.h"
 #include "runs/start_up.h"
 #include "temporary_directory.h"
@@ -34,6 +35,22 @@ TEST_F(Installation_Check_Test, Shows_A_Row_A_Finding_And_Whether_A_Run_Would_Be
     EXPECT_EQ(table->item(1, 3)->text(), "Try it.");
     EXPECT_EQ(Find<QLabel>(good, "Verdict")->text(), "Nothing was found that would spoil a run.");
     EXPECT_EQ(Find<QLabel>(bad, "Verdict")->text(), "A fault was found that would spoil a run.");
+}
+
+TEST_F(Installation_Check_Test, About_Tells_The_Version_Of_The_Program_And_That_Of_The_Scenario_Data_Apart)
+{
+    const Temporary_Directory place;
+    std::filesystem::create_directory(place / "focus");
+    Write_Whole(place / "focus/c_apples.sze", "***3 scenario\r\n");
+    The_Session.Program.App_Path = place.Path();
+    Find_Engine(The_Session.Program);
+    const Form_name about(The_Session);
+
+    QStringList texts;
+    for (const auto* label : about.findChildren<QLabel*>())
+        texts.append(label->text());
+    EXPECT_TRUE(texts.contains("ORVELSUITE " + QString::fromLatin1(Program_Version.data())));
+    EXPECT_TRUE(texts.contains("version 3"));
 }
 
 TEST_F(Installation_Check_Test, Is_Reached_By_A_Button_Of_About_And_Finds_That_There_Is_No_Engine)

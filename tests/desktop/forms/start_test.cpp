@@ -52,7 +52,11 @@ TEST_F(Start_Test, Shows_The_Versions_Of_Engine_And_Suite)
 
     EXPECT_EQ(Form->windowTitle(), "ORVEL 4.01");
     EXPECT_EQ(Caption("Aktuelle_ORVEL_Version"), "ORVEL 4.01");
-    EXPECT_EQ(Caption("Aktuelle_ORVELSUITE_Version"), "ORVELSUITE 5.5.3");
+    auto* suite = Find<QLabel>(*Form, "Aktuelle_ORVELSUITE_Version");
+    EXPECT_EQ(suite->text(), "ORVELSUITE 5.5.3");
+    EXPECT_EQ(suite->toolTip(), "ORVELSUITE " + QString::fromLatin1(Program_Version.data()) +
+                                    ": the last number of the label is that of the scenario data\n"
+                                    "Double click for details");
 }
 
 TEST_F(Start_Test, Says_That_A_Pending_Batch_Was_Dropped_And_Puts_It_Back)

@@ -85,6 +85,18 @@ TEST_F(Unsaved_Changes, Are_Given_Up_With_Their_Copy)
     EXPECT_FALSE(fs::exists(Copies()) && !fs::is_empty(Copies()));
 }
 
+TEST_F(Unsaved_Changes, Are_Copied_A_Second_After_The_First_One)
+{
+    In_Modal([&](QWidget& editor) {
+        QApplication::setActiveWindow(&editor);
+        Retype(editor, "Text_tit", "Another title");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(Copies()) && !fs::is_empty(Copies()); }, 4'000));
+        EXPECT_EQ(Find<QTimer>(editor, "Copy_Clock")->intervalAsDuration(), std::chrono::minutes(1));
+        The_User.Answers = {Button::Yes};
+    });
+    Open_And_Edit(The_Session, Place / "focus/H_maize.sze", nullptr);
+}
+
 TEST_F(Unsaved_Changes, Of_A_Killed_Program_Are_Offered_And_Can_Be_Undone)
 {
     const fs::path file = Place / "focus/H_maize.sze";

@@ -21,9 +21,11 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTreeView>
 #include <sstream>
@@ -306,6 +308,22 @@ TEST_F(Overview_Window_Test, Fits_Half_Of_A_Wide_Screen_Whatever_It_Tells)
     EXPECT_LE(window.minimumSizeHint().width(), Letters * window.fontMetrics().averageCharWidth());
 }
 
+TEST_F(Overview_Window_Test, Opens_As_Wide_As_Its_Table_As_Far_As_The_Screen_Goes)
+{
+    Nine_Runs();
+    Overview_Window window(The_Session, Mode_Kind::Focus);
+    window.resize(window.minimumSizeHint());
+    Settle(window);
+
+    const auto* table = Find<QTreeView>(window, "Table");
+    const int beside = window.width() - table->viewport()->width();
+    EXPECT_GE(window.width(), std::min(table->header()->length() + beside, window.screen()->availableSize().width()));
+
+    window.resize(window.minimumSizeHint()); // by hand
+    emit Find<QComboBox>(window, "States")->activated(0);
+    EXPECT_EQ(window.width(), window.minimumSizeHint().width());
+}
+
 TEST_F(Overview_Window_Test, Classes_Are_The_Users_And_A_Wrong_One_Is_Told)
 {
     Nine_Runs();
@@ -450,12 +468,18 @@ TEST_F(Overview_Window_Test, A_Cell_Opens_What_Belongs_To_It_And_A_Row_Runs_What
     Click<QPushButton>(window, "Befehl");
     EXPECT_EQ(line, "orvelctl -C " + QString::fromStdString(Installation().string()) + " overview --mode focus");
 
+    auto* menu = Find<QMenu>(window, "Menu");
+    emit menu->aboutToShow();
+    EXPECT_FALSE(Find<QAction>(window, "A_Missing")->isEnabled()) << "nothing is missing";
+
     // Deleted into the bin, the cell is empty; then what is missing is run, and its figure is the same.
     const QString figure = Cell(window, 0, First_Location + 1);
     The_User.Answers = {Button::Yes};
     Find<QAction>(window, "A_Delete")->trigger();
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return table->model()->headerData(First_Location + 1, Qt::Horizontal) == "Jokioinen\n(J)"; }, Patience));
+    emit menu->aboutToShow();
+    ASSERT_TRUE(Find<QAction>(window, "A_Missing")->isEnabled());
     Find<QAction>(window, "A_Missing")->trigger();
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return table->model()->columnCount() == 14 && Cell(window, 0, First_Location + 1) == figure; },

@@ -87,10 +87,9 @@ TEST_F(EFSA_Test, The_Scaling_Of_Tier_4_Reaches_The_Header)
 
 TEST_F(EFSA_Test, Tier_4_Alone_Shows_The_Shell_And_The_Name_Of_Its_Engine)
 {
-    The_Session.Program.Aktuelle_ORVELSUITE_Version = "ORVELSUITE 5.5.3";
-
     Open(Mode_Kind::Efsa_T4);
-    EXPECT_EQ(Find<QLabel>(*Form, "Version_Shell")->text(), "Shell version number: 5.5.3");
+    EXPECT_EQ(Find<QLabel>(*Form, "Version_Shell")->text(),
+              "Shell version number: " + QString::fromLatin1(Program_Version.data()));
     EXPECT_EQ(Find<QLabel>(*Form, "Label6")->text(), "EFSA ORVEL");
 
     Open(Mode_Kind::Efsa);

@@ -137,6 +137,19 @@ TEST_F(FOCUS_Test, Says_What_Marking_Did)
     EXPECT_EQ(Caption("Marked"), "1 combination marked, 1 without valid application data");
 }
 
+TEST_F(FOCUS_Test, No_Longer_Tells_Of_A_Batch_That_Was_Started)
+{
+    Open();
+    Choose(*Form, "Location", "Hamburg (H)");
+    Click<QPushButton>(*Form, "Multi_batch");
+    ASSERT_EQ(Caption("Marked"), "2 combinations marked, 1 without valid application data");
+
+    std::filesystem::remove(Place / "focus/batch.bat"); // a start makes it the job file
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Caption("Marked").isEmpty(); }));
+    EXPECT_EQ(Caption("Start_Text"), "Run starts the selected simulation alone.");
+}
+
 TEST_F(FOCUS_Test, What_The_Guidance_Says_Against_A_Marked_Run_Is_Behind_A_Button)
 {
     Write_Whole(Place / "guidance-own.json", R"({"schema": "orvel-guidance 1", "stands_alone": true, "rules": [
