@@ -81,7 +81,7 @@ fs::path Move(const fs::path& mode_directory, const fs::path& from, const fs::pa
     const fs::path bin = Bin_Of(mode_directory);
     std::error_code error;
     for (int attempt = 0; attempt < Attempts; ++attempt) {
-        const fs::path place = Free_Place(bin, name, attempt);
+        fs::path place = Free_Place(bin, name, attempt);
         error = Rename(from, place); // never over what another program has put there: a directory with files
         if (!error) {
             Flush_Directory(place.parent_path());

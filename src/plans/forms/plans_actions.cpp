@@ -102,7 +102,7 @@ void Plans_Window::Run()
             Begin_Plan(Program, order, progress);
     });
     Survey->Look_Again();
-    if (job)
+    if (job && cluster)
         Ask({"Plan", Job_Text(*job, cluster->Tasks) + ". They go on when this window is closed.", Icon::Information});
 }
 

@@ -217,7 +217,7 @@ double Archives::Tolerance() const
 std::vector<std::string> Archives::Commands() const
 {
     std::vector<std::string> lines;
-    const auto add = [&](const QPushButton* button, std::vector<std::string> words) {
+    const auto add = [&](const QPushButton* button, const std::vector<std::string>& words) {
         if (button->isEnabled())
             lines.push_back(Orvelctl_Line(The_Session.Program.App_Path, words));
     };
