@@ -254,12 +254,14 @@ void Overview_Window::Widen_Columns()
         Table->setColumnWidth(column, std::max(Table->columnWidth(column), Wanted_Width(column)));
 }
 
-// The window opens before its table is known. Once that has been told, the size is the user's.
+// The window opens before its table is known, whose cells say first that they are being read. Once it has been told,
+// the size is the user's.
 void Overview_Window::Widen_To_Table()
 {
-    if (!Is_As_Opened || Table_Model.rowCount() == 0)
+    if (!Is_As_Opened || !Latest->Is_Settled || Table_Model.rowCount() == 0)
         return;
-    Is_As_Opened = !Latest->Is_Settled;
+    Is_As_Opened = false;
+    Size_Columns();
     const QRect room = screen()->availableGeometry();
     const int needed = Table->header()->length() + Table->verticalScrollBar()->sizeHint().width() +
                        2 * Table->frameWidth() + width() - Table->width();

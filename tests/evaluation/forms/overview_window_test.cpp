@@ -319,6 +319,9 @@ TEST_F(Overview_Window_Test, Opens_As_Wide_As_Its_Table_As_Far_As_The_Screen_Goe
     const int beside = window.width() - table->viewport()->width();
     EXPECT_GE(window.width(), std::min(table->header()->length() + beside, window.screen()->availableSize().width()));
 
+    const QFontMetrics letters = window.fontMetrics(); // what stood there while it was read makes no column wider
+    EXPECT_LE(table->columnWidth(First_Location + 1), letters.horizontalAdvance("\u25D5 0.000") + letters.height() * 3);
+
     window.resize(window.minimumSizeHint()); // by hand
     emit Find<QComboBox>(window, "States")->activated(0);
     EXPECT_EQ(window.width(), window.minimumSizeHint().width());
