@@ -11,7 +11,7 @@ namespace orvel {
 // The user guide: pages of HTML in a directory of their own. For each window `windows/NAME.html`, after the window's
 // object name, leads to the place where it is described.
 
-// Where the guide is: the directory that the variable ORVELSUITE_GUIDE names, else the one that was built or installed
+// Where the guide is: the directory that the variable ORVELSUITE_GUIDE names, else the one that was built, unpacked or installed
 // with the program, whether or not it is there.
 std::filesystem::path Guide_Directory(const std::filesystem::path& program);
 

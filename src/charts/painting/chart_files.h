@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <QByteArray>
 #include <QImage>
 #include <QPainter>
 
@@ -19,6 +20,8 @@ struct Picture {
 };
 
 Picture Picture_Of(const Chart& chart);
+QByteArray Title_Of(const Picture& picture); // in UTF-8
+void Paint_On(QPaintDevice& device, const QSizeF& size, const Picture& picture);
 
 // The picture at twice its drawing size, for a high-resolution screen or a printed page.
 QImage Picture_Image(const Picture& picture);

@@ -1,5 +1,6 @@
 #include "desktop/forms/versionsinfo.h"
 
+#include "desktop/forms/own_picture.h"
 #include "desktop/release_notes.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/text_output.h"
@@ -7,7 +8,6 @@
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -19,7 +19,7 @@ Versionsinfo::Versionsinfo(const Session& session, QWidget* parent) : QDialog(pa
     setObjectName("Versionsinfo");
     setWindowTitle("Release info");
     auto* picture = Named(new QLabel, "Image2");
-    picture->setPixmap(QIcon(":/pictures/orvelsuite.svg").pixmap(QSize(48, 48)));
+    picture->setPixmap(Own_Picture("orvelsuite").pixmap(QSize(48, 48)));
     auto* name = Named(new QLabel("ORVEL"), "Label1");
     QFont large = name->font();
     large.setPointSizeF(large.pointSizeF() * 1.6);
