@@ -50,6 +50,7 @@ function(orvel_describe target version description)
   configure_file(${PROJECT_SOURCE_DIR}/packaging/windows/program.rc.in ${resources} @ONLY)
   # Apart from the program's sources, whose options are not for this compiler.
   add_library(${target}_resources OBJECT ${resources})
+  set_target_properties(${target}_resources PROPERTIES AUTOMOC OFF)
   set_source_files_properties(${resources} PROPERTIES
     OBJECT_DEPENDS "${icon};${PROJECT_SOURCE_DIR}/packaging/windows/program.manifest"
   )
