@@ -17,5 +17,6 @@ int main(int argc, char** argv)
         qputenv("XDG_STATE_HOME", QByteArray::fromStdString(state.Path().string()));
     ::testing::InitGoogleTest(&argc, argv);
     orvel::Guarded_Application application(argc, argv);
+    orvel::Guarded_Application::setStyle("fusion"); // whichever style the system has
     return RUN_ALL_TESTS();
 }

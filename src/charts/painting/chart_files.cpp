@@ -3,7 +3,6 @@
 #include "charts/painting/chart_painter.h"
 #include "charts/painting/pdf_fonts.h"
 #include "charts/painting/picture_svg.h"
-#include "core/code_page.h"
 #include "core/files.h"
 #include "core/text.h"
 
@@ -44,17 +43,6 @@ QByteArray As_Pdf(const Picture& picture)
 }
 
 } // namespace
-
-QByteArray Title_Of(const Picture& picture)
-{
-    return QByteArray::fromStdString(To_Utf8(picture.Title));
-}
-
-void Paint_On(QPaintDevice& device, const QSizeF& size, const Picture& picture)
-{
-    QPainter painter(&device);
-    picture.Paint(painter, QRectF(QPointF(0, 0), size));
-}
 
 Picture Picture_Of(const Chart& chart)
 {

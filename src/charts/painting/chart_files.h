@@ -1,27 +1,16 @@
 #pragma once
 
 #include "charts/chart.h"
+#include "charts/painting/picture.h"
 
 #include <filesystem>
-#include <functional>
-#include <QByteArray>
 #include <QImage>
-#include <QPainter>
 
 namespace orvel {
 
 // Pictures for files and printers, painted as on the screen.
 
-// Something that can be painted into an area of any device.
-struct Picture {
-    std::string Title;   // bytes of Windows-1252
-    QSizeF Drawing_Size; // the size for which text and lines are proportioned
-    std::function<void(QPainter& painter, const QRectF& area)> Paint;
-};
-
 Picture Picture_Of(const Chart& chart);
-QByteArray Title_Of(const Picture& picture); // in UTF-8
-void Paint_On(QPaintDevice& device, const QSizeF& size, const Picture& picture);
 
 // The picture at twice its drawing size, for a high-resolution screen or a printed page.
 QImage Picture_Image(const Picture& picture);

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "charts/painting/chart_files.h"
-
-#include <QByteArray>
+#include "charts/painting/picture.h"
 
 namespace orvel {
 

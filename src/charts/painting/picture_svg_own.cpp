@@ -1,3 +1,4 @@
+// Where Qt was built without its module for SVG.
 #include "charts/painting/picture_svg.h"
 #include "charts/painting/svg_engine.h"
 

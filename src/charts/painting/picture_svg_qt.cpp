@@ -1,3 +1,4 @@
+// By the module of Qt.
 #include "charts/painting/picture_svg.h"
 
 #include <QBuffer>
