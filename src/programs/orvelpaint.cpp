@@ -125,7 +125,9 @@ try {
         Clear_Progress();
         return 0;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen");                                             // no display is needed
+#ifndef _WIN32                               // which paints without a display as it is, with its own fonts
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // no display is needed
+#endif
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {}); // the errors alone are told
     QGuiApplication application(argc, argv);
     const auto session = std::make_unique<Session>();

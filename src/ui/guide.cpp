@@ -18,8 +18,10 @@ fs::path Guide_Directory(const fs::path& program)
 {
     if (const char* named = std::getenv("ORVELSUITE_GUIDE"); named && *named)
         return named;
-    const fs::path beside = program.parent_path().parent_path();
     std::error_code ignored;
+    if (auto unpacked = program.parent_path() / "guide"; fs::exists(unpacked / "index.html", ignored))
+        return unpacked;
+    const fs::path beside = program.parent_path().parent_path();
     if (auto built = beside / "guide"; fs::exists(built / "index.html", ignored))
         return built;
     return beside / "share" / "orvelsuite" / "guide";

@@ -11,8 +11,8 @@ namespace orvel {
 // The user guide: pages of HTML in a directory of their own. For each window `windows/NAME.html`, after the window's
 // object name, leads to the place where it is described.
 
-// Where the guide is: the directory that the variable ORVELSUITE_GUIDE names, else the one that was built or installed
-// with the program, whether or not it is there.
+// Where the guide is: the directory that the variable ORVELSUITE_GUIDE names, else the one that was built, unpacked or
+// installed with the program, whether or not it is there.
 std::filesystem::path Guide_Directory(const std::filesystem::path& program);
 
 // The page for the first of these windows that has one, from the window in use outwards; the contents for none.

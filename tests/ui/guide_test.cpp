@@ -19,13 +19,15 @@ void Make_File(const fs::path& file)
 
 } // namespace
 
-TEST(Guide_Pages, Are_Those_Built_With_The_Program_Before_Those_Installed_With_It)
+TEST(Guide_Pages, Are_Those_Beside_The_Program_Before_Those_Built_Or_Installed_With_It)
 {
     const Temporary_Directory place;
 
     EXPECT_EQ(Guide_Directory(place / "bin/orvelsuite"), place / "share/orvelsuite/guide");
     Make_File(place / "guide/index.html");
     EXPECT_EQ(Guide_Directory(place / "bin/orvelsuite"), place / "guide");
+    Make_File(place / "bin/guide/index.html");
+    EXPECT_EQ(Guide_Directory(place / "bin/orvelsuite"), place / "bin/guide");
 }
 
 TEST(Guide_Pages, Lie_Where_The_Variable_Says)

@@ -2,14 +2,13 @@
 
 #include "charts/painting/chart_painter.h"
 #include "charts/painting/pdf_fonts.h"
-#include "core/code_page.h"
+#include "charts/painting/picture_svg.h"
 #include "core/files.h"
 #include "core/text.h"
 
 #include <QBuffer>
 #include <QPageLayout>
 #include <QPdfWriter>
-#include <QSvgGenerator>
 
 namespace orvel {
 
@@ -18,36 +17,12 @@ namespace {
 constexpr int Picture_Dpi = 144;
 constexpr QSizeF Chart_Drawing_Size(800, 500);
 
-QString Title_Of(const Picture& picture)
-{
-    return QString::fromStdString(To_Utf8(picture.Title));
-}
-
-void Paint_On(QPaintDevice& device, const QSizeF& size, const Picture& picture)
-{
-    QPainter painter(&device);
-    picture.Paint(painter, QRectF(QPointF(0, 0), size));
-}
-
 QByteArray As_Png(const Picture& picture)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     Picture_Image(picture).save(&buffer, "PNG");
-    return bytes;
-}
-
-QByteArray As_Svg(const Picture& picture)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QSvgGenerator generator;
-    generator.setOutputDevice(&buffer);
-    generator.setSize(picture.Drawing_Size.toSize());
-    generator.setViewBox(QRectF(QPointF(0, 0), picture.Drawing_Size));
-    generator.setTitle(Title_Of(picture));
-    Paint_On(generator, picture.Drawing_Size, picture);
     return bytes;
 }
 
@@ -61,7 +36,7 @@ QByteArray As_Pdf(const Picture& picture)
         writer.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
         writer.setPageSize(QPageSize(QPageSize::A4));
         writer.setPageOrientation(QPageLayout::Landscape);
-        writer.setTitle(Title_Of(picture));
+        writer.setTitle(QString::fromUtf8(Title_Of(picture)));
         Paint_On(writer, writer.pageLayout().paintRectPixels(writer.resolution()).size(), picture);
     }
     return With_Tagged_Fonts(bytes);
@@ -107,7 +82,7 @@ void Save_Picture(const Picture& picture, const std::filesystem::path& file)
     if (ending == ".png")
         bytes = As_Png(picture);
     else if (ending == ".svg")
-        bytes = As_Svg(picture);
+        bytes = Picture_Svg(picture);
     else if (ending == ".pdf")
         bytes = As_Pdf(picture);
     else

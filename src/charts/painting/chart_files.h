@@ -1,22 +1,14 @@
 #pragma once
 
 #include "charts/chart.h"
+#include "charts/painting/picture.h"
 
 #include <filesystem>
-#include <functional>
 #include <QImage>
-#include <QPainter>
 
 namespace orvel {
 
 // Pictures for files and printers, painted as on the screen.
-
-// Something that can be painted into an area of any device.
-struct Picture {
-    std::string Title;   // bytes of Windows-1252
-    QSizeF Drawing_Size; // the size for which text and lines are proportioned
-    std::function<void(QPainter& painter, const QRectF& area)> Paint;
-};
 
 Picture Picture_Of(const Chart& chart);
 

@@ -2,6 +2,7 @@
 
 #include "core/system/handle_windows.h"
 
+#include <cstdlib>
 #include <shlobj.h>
 
 namespace orvel {
@@ -27,6 +28,8 @@ std::filesystem::path User_Directory()
 
 std::filesystem::path User_State_Directory()
 {
+    if (const wchar_t* named = ::_wgetenv(L"XDG_STATE_HOME"); named != nullptr && *named != L'\0')
+        return std::filesystem::path(named) / "orvelsuite";
     const auto local = Known_Directory(FOLDERID_LocalAppData);
     return local.empty() ? local : local / "orvelsuite";
 }

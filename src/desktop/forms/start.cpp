@@ -2,6 +2,7 @@
 
 #include "core/error.h"
 #include "desktop/forms/form_name.h"
+#include "desktop/forms/own_picture.h"
 #include "desktop/forms/places_menu.h"
 #include "desktop/forms/versionsinfo.h"
 #include "desktop/forms/windows.h"
@@ -22,7 +23,6 @@
 #include <QCloseEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -37,7 +37,7 @@ constexpr QSize Picture_Size(144, 108);
 QToolButton* Picture_Button(const QString& name, const QString& picture, const QString& text, const QString& tip)
 {
     auto* button = Named(new QToolButton, name);
-    button->setIcon(QIcon(":/pictures/" + picture));
+    button->setIcon(Own_Picture(picture));
     button->setIconSize(Picture_Size);
     button->setText(text);
     button->setToolTip(tip);
@@ -62,7 +62,7 @@ Start::Start(Session& session, std::optional<Dropped_Batch> dropped) : The_Sessi
 {
     setObjectName("start");
     setWindowTitle(Shown(session.Program.Aktuelle_ORVEL_Version));
-    setWindowIcon(QIcon(":/pictures/orvelsuite.svg"));
+    setWindowIcon(Own_Picture("orvelsuite"));
     Assistant = new Help_Assistant(The_Session, *this);
     Lay_Out();
     Assistant->Attach(Image1, 1);
@@ -94,7 +94,7 @@ void Start::Lay_Out()
 QLayout* Start::Banner()
 {
     auto* sign = new QLabel;
-    sign->setPixmap(QIcon(":/pictures/orvelsuite.svg").pixmap(QSize(48, 48)));
+    sign->setPixmap(Own_Picture("orvelsuite").pixmap(QSize(48, 48)));
     auto* name = Named(new QLabel("ORVELSUITE"), "Label1");
     name->setFont(Scaled(font(), 2.0, true));
     auto* purpose = new QLabel("Leaching of plant protection products and their metabolites through soil");
@@ -113,13 +113,12 @@ QLayout* Start::Banner()
 
 QLayout* Start::Pictures()
 {
-    Image1 = Picture_Button("Image1", "single_run.svg", "&Single run", "One simulation with files of your choice");
-    Image2 = Picture_Button("Image2", "focus.svg", "&FOCUS groundwater",
+    Image1 = Picture_Button("Image1", "single_run", "&Single run", "One simulation with files of your choice");
+    Image2 = Picture_Button("Image2", "focus", "&FOCUS groundwater",
                             "Batches over the nine FOCUS groundwater locations and their crops");
-    Image3 =
-        Picture_Button("Image3", "efsa.svg", "&EFSA soil, Tier 2", "Batches over the EFSA soil scenarios of Tier 2");
+    Image3 = Picture_Button("Image3", "efsa", "&EFSA soil, Tier 2", "Batches over the EFSA soil scenarios of Tier 2");
     Image4 =
-        Picture_Button("Image4", "efsa_t4.svg", "EFSA soil, Tier &4", "Batches over the EFSA soil scenarios of Tier 4");
+        Picture_Button("Image4", "efsa_t4", "EFSA soil, Tier &4", "Batches over the EFSA soil scenarios of Tier 4");
     connect(Image1, &QToolButton::clicked, this, &Start::Open_Single_Run);
     connect(Image2, &QToolButton::clicked, this, &Start::Open_FOCUS);
     connect(Image3, &QToolButton::clicked, this, &Start::Open_EFSA);

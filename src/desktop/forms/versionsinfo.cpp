@@ -1,5 +1,6 @@
 #include "desktop/forms/versionsinfo.h"
 
+#include "desktop/forms/own_picture.h"
 #include "desktop/release_notes.h"
 #include "runs/start_up.h"
 #include "ui/forms/form_keys.h"
@@ -8,7 +9,6 @@
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -20,7 +20,7 @@ Versionsinfo::Versionsinfo(QWidget* parent) : QDialog(parent)
     setObjectName("Versionsinfo");
     setWindowTitle("Release info");
     auto* picture = Named(new QLabel, "Image2");
-    picture->setPixmap(QIcon(":/pictures/orvelsuite.svg").pixmap(QSize(48, 48)));
+    picture->setPixmap(Own_Picture("orvelsuite").pixmap(QSize(48, 48)));
     auto* name = Named(new QLabel("ORVEL"), "Label1");
     QFont large = name->font();
     large.setPointSizeF(large.pointSizeF() * 1.6);

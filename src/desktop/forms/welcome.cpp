@@ -1,5 +1,6 @@
 #include "desktop/forms/welcome.h"
 
+#include "desktop/forms/own_picture.h"
 #include "desktop/places.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/widgets.h"
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -43,9 +43,9 @@ Welcome::Welcome(std::vector<std::filesystem::path> parts, Ask_Function ask, con
 {
     setObjectName("Welcome");
     setWindowTitle("ORVELSUITE");
-    setWindowIcon(QIcon(":/pictures/orvelsuite.svg"));
+    setWindowIcon(Own_Picture("orvelsuite"));
     auto* sign = new QLabel;
-    sign->setPixmap(QIcon(":/pictures/orvelsuite.svg").pixmap(QSize(64, 64)));
+    sign->setPixmap(Own_Picture("orvelsuite").pixmap(QSize(64, 64)));
     auto* place = Named(new QLineEdit(QString::fromStdString(suggested.string())), "Place");
     auto* label = new QLabel("&Directory:");
     label->setBuddy(place);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QProxyStyle>
+#include <QStyle>
 #include <QStyleOption>
 
 namespace orvel {
@@ -18,8 +19,17 @@ template <class Option> Option Outlined(const Option& option)
     return outlined;
 }
 
+// Windows' own style stays light in the dark, and cuts the text of a number box that stands for a number.
+QString Style_To_Draw_With()
+{
+    const QString own = QApplication::style()->name();
+    return own == "windowsvista" ? "fusion" : own;
+}
+
 class Outlined_Style : public QProxyStyle {
 public:
+    Outlined_Style() : QProxyStyle(Style_To_Draw_With()) {}
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override
     {

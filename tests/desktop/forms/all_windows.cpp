@@ -75,6 +75,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -101,9 +102,15 @@ Opened_Window Plain_Transformation(const QString& name, int t)
             }};
 }
 
-void Orvelctl(const std::string& arguments)
+void Orvelctl(const std::string& arguments, const fs::path& directory = fs::current_path())
 {
-    ASSERT_EQ(std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null").c_str()), 0) << arguments;
+    QProcess program;
+    program.setStandardOutputFile(QProcess::nullDevice());
+    program.setStandardErrorFile(QProcess::nullDevice());
+    program.setWorkingDirectory(QString::fromStdString(directory.string()));
+    program.start(ORVELCTL, QProcess::splitCommand(QString::fromStdString(arguments)));
+    constexpr int A_Long_Time = 600'000; // milliseconds
+    ASSERT_TRUE(program.waitForFinished(A_Long_Time) && program.exitCode() == 0) << arguments;
 }
 
 using Names = std::vector<std::string>;
@@ -133,20 +140,18 @@ std::unique_ptr<QWidget> Opened_Unsaved_List(Session& session)
 void Run_Whole_Assessment(const std::string& at, const fs::path& installation, const fs::path& single)
 {
     for (const auto* pesticide : {"demo_A", "demo_B", "demo_C", "demo_D"})
-        Orvelctl(at + " mark --mode focus --all --crop 'Winter cereals' --replace --pesticide " + pesticide + ".psm");
-    Orvelctl(at + " start --mode focus --wait 2>&1");
-    Orvelctl(at + " mark --mode efsa --all --crop 'Winter cereals' --pesticide demo_S.psm");
-    Orvelctl(at + " start --mode efsa --wait 2>&1");
+        Orvelctl(at + " mark --mode focus --all --crop \"Winter cereals\" --replace --pesticide " + pesticide + ".psm");
+    Orvelctl(at + " start --mode focus --wait");
+    Orvelctl(at + " mark --mode efsa --all --crop \"Winter cereals\" --pesticide demo_S.psm");
+    Orvelctl(at + " start --mode efsa --wait");
     fs::create_directory(single);
     fs::copy_file(installation / "demo_C.psm", single / "demo_C.psm");
     for (const auto* name : {"H_wcerea.sze", "H_01.cli", "H_02.cli", "H_03.cli"})
         fs::copy_file(installation / "focus" / name, single / name);
-    const std::string in = "cd " + single.string() + " && " + ORVELCTL + " -C " + installation.string();
-    ASSERT_EQ(
-        std::system((in + " single --pesticide demo_C.psm --scenario H_wcerea.sze --climate H_01.cli" +
-                     " --climate H_02.cli --climate H_03.cli --years 3 --from 01.01 --to 31.12 --wait >/dev/null 2>&1")
-                        .c_str()),
-        0);
+    Orvelctl("-C " + installation.string() +
+                 " single --pesticide demo_C.psm --scenario H_wcerea.sze --climate H_01.cli --climate H_02.cli" +
+                 " --climate H_03.cli --years 3 --from 01.01 --to 31.12 --wait",
+             single);
 }
 
 // A session in a directory of its own where there is one, which outlives its window.
@@ -169,12 +174,13 @@ void Windows_Test::SetUpTestSuite()
     Place = new Temporary_Directory;
     const std::string at = " -C " + Installation().string();
     Orvelctl("init " + Installation().string());
-    Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'");
+    Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop \"Winter cereals\" --location \"Hamburg (H)\"");
     Orvelctl(at + " start --mode focus --wait");
     const std::string plan = (Base() / "window.csv").string();
-    Orvelctl(at + " plan sweep --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location 'Hamburg (H)'" +
-             " --shift -7:7:7 --factor 'psm.Koc[1]=0.5,1' --to " + plan);
-    Orvelctl(at + " plan run " + plan + " --to " + (Base() / "window").string() + " --wait 2>&1");
+    Orvelctl(at +
+             " plan sweep --mode focus --pesticide demo_D.psm --crop \"Winter cereals\" --location \"Hamburg (H)\"" +
+             " --shift -7:7:7 --factor psm.Koc[1]=0.5,1 --to " + plan);
+    Orvelctl(at + " plan run " + plan + " --to " + (Base() / "window").string() + " --wait");
     if (Is_Whole())
         Run_Whole_Assessment(at, Installation(), Single());
 }
