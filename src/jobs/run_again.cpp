@@ -1,6 +1,7 @@
 #include "jobs/run_again.h"
 
 #include "core/code_page.h"
+#include "core/error.h"
 #include "core/files.h"
 #include "core/numbers.h"
 #include "core/run_name.h"
@@ -210,6 +211,15 @@ Missing_Runs Find_Missing(const Program_State& program, const Ask_Function& ask,
         missing.Unprepared.push_back(std::move(selected.Choice));
     }
     return missing;
+}
+
+bool Can_Run_Missing(const Program_State& program, const Mode& mode, std::string_view pesticide, std::string_view crop)
+try {
+    const auto say_nothing = [](const Message& message) { return message.Default; };
+    return Batch_Pending(Mode_Directory(program, mode)) ||
+           Find_Missing(program, say_nothing, mode, pesticide, crop).Any();
+} catch (const File_Error&) {
+    return true;
 }
 
 int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,

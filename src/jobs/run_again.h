@@ -34,6 +34,10 @@ struct Missing_Runs {
 Missing_Runs Find_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode,
                           std::string_view pesticide, std::string_view crop);
 
+// Whether there is anything to start for them: what is missing, or a batch that waits. True also if that cannot be
+// read, which is told when it is tried.
+bool Can_Run_Missing(const Program_State& program, const Mode& mode, std::string_view pesticide, std::string_view crop);
+
 // Marks what is missing. Returns the number marked.
 int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,
                  std::string_view crop);

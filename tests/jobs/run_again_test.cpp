@@ -137,13 +137,17 @@ TEST_F(Run_Again_Test, What_Is_Marked_Or_Waits_In_A_Job_At_Work_Is_Not_Missing)
 
     EXPECT_EQ(Mark_Missing(The_Session.Program, The_Session.Ask, Focus(), "test", "Maize"), 1);
     EXPECT_FALSE(missing().Any()) << "marked";
+    const auto can_run = [&] { return Can_Run_Missing(The_Session.Program, Focus(), "test", "Maize"); };
+    EXPECT_TRUE(can_run()) << "the batch waits";
 
     Put(Home / "focus/orveljob.bat", Format_Job(Read_Whole(Home / "focus/batch.bat")));
     fs::remove(Home / "focus/batch.bat");
     {
         const auto job = Lock::Take(Home / "focus");
         EXPECT_FALSE(missing().Any()) << "the job has yet to run it";
+        EXPECT_FALSE(can_run());
     }
+    EXPECT_TRUE(can_run());
     EXPECT_EQ(missing().Unfinished.size(), 1U) << "the job has gone without it";
 
     Put_Complete_Output(Place(), 26);

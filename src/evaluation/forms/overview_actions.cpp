@@ -67,14 +67,9 @@ void Overview_Window::Enable_Actions()
 
 // Looks into the crop's run directories, so only when the menu opens.
 void Overview_Window::Enable_Missing()
-try {
+{
     const auto* row = Table_Model.Row_At(Table->currentIndex());
-    const auto say_nothing = [](const Message& message) { return message.Default; };
-    A_Missing->setEnabled(
-        row && (Batch_Pending(Mode_Directory(The_Session.Program, The_Mode())) ||
-                Find_Missing(The_Session.Program, say_nothing, The_Mode(), row->Pesticide, row->Crop).Any()));
-} catch (const File_Error&) {
-    A_Missing->setEnabled(true); // it tells what cannot be read
+    A_Missing->setEnabled(row && Can_Run_Missing(The_Session.Program, The_Mode(), row->Pesticide, row->Crop));
 }
 
 const Overview_Run* Overview_Window::Marked_Run() const
