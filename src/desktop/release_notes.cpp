@@ -1,12 +1,12 @@
 #include "desktop/release_notes.h"
 
-#include "runs/start_up.h"
+#include "core/version.h"
 
 namespace orvel {
 
 std::string Release_Notes()
 {
-    return Program_Text() +
+    return std::string(Program_Text) +
            " (November 2026)\r\n"
            "- An open engine, orvel401.exe, and demonstration data come with the program: a fresh installation does "
            "the whole job.\r\n"

@@ -5,6 +5,7 @@
 #include "core/locations.h"
 #include "core/sha256.h"
 #include "core/text.h"
+#include "core/version.h"
 #include "files/pesticide_file.h"
 #include "jobs/job_status.h"
 #include "jobs/run_tree.h"
@@ -16,7 +17,6 @@
 #include "report/overview_reader.h"
 #include "runs/acceptance.h"
 #include "runs/guidance_of_run.h"
-#include "runs/start_up.h"
 #include "substance/pathway.h"
 #include "tables/table_cache.h"
 
@@ -371,7 +371,8 @@ Report Gather_Report(const Session& session, const std::vector<Summary_Request>&
                      const Progress& progress)
 {
     const auto& mode = Mode_Of(crops.empty() ? Mode_Kind::Focus : crops.front().Mode);
-    Report report{.Title = std::string(mode.Report_Title), .Program = Program_Text(), .Made = Date_Text(made)};
+    Report report{
+        .Title = std::string(mode.Report_Title), .Program = std::string(Program_Text), .Made = Date_Text(made)};
     Simulated_Pesticide pesticide;
     for (std::size_t i = 0; i < crops.size(); ++i) {
         report.Engine = crops[i].Model_Version;

@@ -151,14 +151,9 @@ void Check_Decimal_Separator(const Ask_Function& ask, std::string_view printed)
          "create valid input data files.");
 }
 
-std::string Program_Text()
-{
-    return std::string(Program_Name) + " " + std::string(Program_Version);
-}
-
 std::string Suite_Label_Hint()
 {
-    return Program_Text() + ": the last number of the label is that of the scenario data";
+    return std::string(Program_Text) + ": the last number of the label is that of the scenario data";
 }
 
 std::string Scenario_Version(const Program_State& program, const Mode& mode)

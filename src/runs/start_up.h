@@ -43,9 +43,6 @@ void Find_Engine(Program_State& program);
 // Warns if `printed`, 3.5 as the system prints it, contains a comma.
 void Check_Decimal_Separator(const Ask_Function& ask, std::string_view printed);
 
-// Name and version of this program, "ORVELSUITE 5.5.0".
-std::string Program_Text();
-
 // What tells the label Aktuelle_ORVELSUITE_Version, which ends with the scenario version, from the program's version.
 std::string Suite_Label_Hint();
 

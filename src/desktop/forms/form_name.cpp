@@ -1,5 +1,6 @@
 #include "desktop/forms/form_name.h"
 
+#include "core/version.h"
 #include "desktop/forms/installation_check.h"
 #include "records/forms/work_in_window.h"
 #include "runs/start_up.h"
@@ -31,7 +32,7 @@ Form_name::Form_name(const Session& session, QWidget* parent) : QDialog(parent)
         label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
         rows->addRow(caption, label);
     };
-    add("Program:", Shown(Program_Text()));
+    add("Program:", Shown(Program_Text));
     add("Engine:", Shown(program.Aktuelle_ORVEL_Version));
     add("Engine file:", program.Engine_Exe.empty() ? "none found" : QString::fromStdString(program.Engine_Exe));
     const std::string scenarios = Scenario_Version(program, Mode_Of(Mode_Kind::Focus));

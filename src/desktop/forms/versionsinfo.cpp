@@ -1,8 +1,8 @@
 #include "desktop/forms/versionsinfo.h"
 
+#include "core/version.h"
 #include "desktop/forms/own_picture.h"
 #include "desktop/release_notes.h"
-#include "runs/start_up.h"
 #include "ui/forms/form_keys.h"
 #include "ui/forms/text_output.h"
 #include "ui/forms/widgets.h"
@@ -32,7 +32,7 @@ Versionsinfo::Versionsinfo(QWidget* parent) : QDialog(parent)
     auto* head = new QHBoxLayout;
     head->addWidget(picture);
     head->addLayout(titles, 1);
-    head->addWidget(Named(new QLabel(Shown(Program_Text())), "Versionsangabe"));
+    head->addWidget(Named(new QLabel(Shown(Program_Text)), "Versionsangabe"));
 
     auto* notes = Named(new QPlainTextEdit(Shown(Release_Notes())), "Text1");
     notes->setAccessibleName("Release notes");
