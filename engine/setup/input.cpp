@@ -70,16 +70,17 @@ private:
             return The_Findings.Error(Fault::Scenario_Missing,
                                       "SCENARIO FILE " + Input.Control.Scenario_File + " NOT FOUND");
         Reset_SZE(Input.Scenario);
-        Misreads misreads;
+        File_Notes notes;
         try {
-            Parse_SZE(*bytes, Input.Scenario, &misreads);
+            Parse_SZE(*bytes, Input.Scenario, &notes);
         } catch (const std::exception& error) {
-            The_Findings.Tell_Misreads(Fault::Scenario_Unreadable, Bare_Name(Input.Control.Scenario_File), misreads);
+            The_Findings.Tell_Misreads(Fault::Scenario_Unreadable, Bare_Name(Input.Control.Scenario_File),
+                                       notes.Misread);
             return The_Findings.Error(Fault::Scenario_Unreadable, "SCENARIO FILE " + Input.Control.Scenario_File +
                                                                       " NOT IN ITS FORMAT: " + error.what());
         }
-        The_Findings.Tell_Misreads(Fault::Scenario_Unreadable, Bare_Name(Input.Control.Scenario_File), misreads);
-        Tell_Unused(Input.Control.Scenario_File, Unused_Horizon_Numbers(*bytes));
+        The_Findings.Tell_Misreads(Fault::Scenario_Unreadable, Bare_Name(Input.Control.Scenario_File), notes.Misread);
+        Tell_Unused(Input.Control.Scenario_File, notes.Unused);
         Input.Location_Code = Location_Code_Of(Input.Control.Scenario_File);
         if (Input.Scenario.SZE_Legacy_Crops)
             The_Findings.Tell(Note::Irrigation_Assumed, "CROP ROWS OF THE OLD FORM: IRRIGATION IS ASSUMED");
@@ -91,21 +92,22 @@ private:
         if (!bytes)
             return The_Findings.Error(Fault::Pesticide_Missing,
                                       "PESTICIDE FILE " + Input.Control.Pesticide_File + " NOT FOUND");
-        Misreads misreads;
+        Pesticide_Notes notes;
         try {
-            Parse_PSM(*bytes, Input.Pesticide, &misreads);
+            Parse_PSM(*bytes, Input.Pesticide, &notes);
         } catch (const std::exception& error) {
-            The_Findings.Tell_Misreads(Fault::Pesticide_Unreadable, Bare_Name(Input.Control.Pesticide_File), misreads);
+            The_Findings.Tell_Misreads(Fault::Pesticide_Unreadable, Bare_Name(Input.Control.Pesticide_File),
+                                       notes.Misread);
             return The_Findings.Error(Fault::Pesticide_Unreadable, "PESTICIDE FILE " + Input.Control.Pesticide_File +
                                                                        " NOT IN ITS FORMAT: " + error.what());
         }
-        The_Findings.Tell_Misreads(Fault::Pesticide_Unreadable, Bare_Name(Input.Control.Pesticide_File), misreads);
+        The_Findings.Tell_Misreads(Fault::Pesticide_Unreadable, Bare_Name(Input.Control.Pesticide_File), notes.Misread);
         for (int i = 1; i <= Substances; ++i) {
             if (i == 1 || Input.Pesticide.Met_Present[static_cast<std::size_t>(i)])
                 Input.Substances.push_back(i);
         }
-        Check_Targets(*bytes);
-        Tell_Unused(Input.Control.Pesticide_File, Unused_Volatilisation(*bytes));
+        Check_Targets(notes);
+        Tell_Unused(Input.Control.Pesticide_File, notes.Unused);
     }
 
     void Tell_Unused(const std::string& file, const std::vector<Unused_Value>& values)
@@ -118,9 +120,8 @@ private:
     }
 
     // An arrow must not lead to a metabolite that the file has no section for: its mass would be lost from sight.
-    void Check_Targets(std::string_view bytes)
+    void Check_Targets(const Pesticide_Notes& notes)
     {
-        Rate_Places places{};
         for (int t = 1; t <= Last_Transformation; ++t) {
             const Arrow& arrow = Arrow_Of(t);
             if (arrow.Target == 0 || std::ranges::count(Input.Substances, arrow.Target) ||
@@ -130,9 +131,7 @@ private:
             if (Input.Pesticide.Degradation[source][row].Deg_Rate.Number() <= 0 &&
                 (arrow.Source != 1 || Input.Pesticide.Photo_Rate[row] <= 0))
                 continue;
-            if (places[1][1].Line == 0)
-                places = Places_Of_Rates(bytes);
-            const Place& place = places[source][row];
+            const Place& place = notes.Rates[source][row];
             The_Findings.Error(Fault::Rate, std::string(Bare_Name(Input.Control.Pesticide_File)) + ", LINE " +
                                                 std::to_string(place.Line) + ", COLUMN " +
                                                 std::to_string(place.Column) + ": " +

@@ -32,6 +32,12 @@ struct Unused_Value {
     std::string Word, Field, Used; // Used: what holds instead
 };
 
+// What is told of a file beside the document in it.
+struct File_Notes {
+    Misreads Misread;
+    std::vector<Unused_Value> Unused;
+};
+
 // Whether the whole text, blanks and tabs around it left out, is one number as Val reads it.
 bool Is_One_Number(std::string_view text);
 

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 namespace orvel {
 
@@ -18,10 +17,11 @@ constexpr std::size_t Code_Width = 3;
 // Fills the document line by line; what was read before an error stays in it.
 class Pesticide_Reader {
 public:
-    Pesticide_Reader(std::string_view bytes, Pesticide_Document& document, Misreads* misreads)
+    Pesticide_Reader(std::string_view bytes, Pesticide_Document& document, Pesticide_Notes* notes)
         : Lines(bytes),
           Document(document),
-          Misread_Words(misreads)
+          Notes(notes),
+          Misread_Words(notes ? &notes->Misread : nullptr)
     {}
 
     void Read()
@@ -44,9 +44,6 @@ public:
             Read_Metabolite();
         }
     }
-
-    Rate_Places Rates{};
-    std::vector<Unused_Value> Unused;
 
 private:
     Line_In Next()
@@ -125,7 +122,8 @@ private:
         }
         Volatilisation_Temperature(first, Document, 0);
         auto second = Next();
-        Note_Unused(once, second);
+        if (Notes)
+            Note_Unused(once, second);
         Volatilisation_Line(second, Document, 1);
         Volatilisation_Temperature(second, Document, 1);
     }
@@ -144,7 +142,7 @@ private:
         for (const std::string_view name : names) {
             const std::string one(first.Word()), other(second.Word());
             if (!name.empty() && Val(one) != Val(other))
-                Unused.push_back({first.Place_Of_Last(), one, std::string(name), other});
+                Notes->Unused.push_back({first.Place_Of_Last(), one, std::string(name), other});
         }
     }
 
@@ -170,11 +168,16 @@ private:
     {
         for (std::size_t j = 1; j <= static_cast<std::size_t>(Rows_Of_Substance(static_cast<int>(i))); ++j) {
             auto line = Next();
-            auto ahead = line;
-            ahead.Word();
-            Rates[i][j] = ahead.Place_Of_Last();
+            if (Notes)
+                Notes->Rates[i][j] = Place_Of_Next(line);
             Degradation_Line(line, Document.Degradation[i][j], {});
         }
+    }
+
+    static Place Place_Of_Next(Line_In line)
+    {
+        line.Word();
+        return line.Place_Of_Last();
     }
 
     // False for the older form, which lacks this line: the line read instead is the end of the section.
@@ -267,34 +270,19 @@ private:
 
     Line_Reader Lines;
     Pesticide_Document& Document;
+    Pesticide_Notes* Notes;
     Misreads* Misread_Words;
     Place Horizon_Count;
 };
 
 } // namespace
 
-void Parse_PSM(std::string_view bytes, Pesticide_Document& document, Misreads* misreads)
+void Parse_PSM(std::string_view bytes, Pesticide_Document& document, Pesticide_Notes* notes)
 {
     // Nothing of a document read before may stay, not even fields that Reset_PSM leaves alone.
     document = Pesticide_Document();
     Reset_PSM(document);
-    Pesticide_Reader(bytes, document, misreads).Read();
-}
-
-std::vector<Unused_Value> Unused_Volatilisation(std::string_view bytes)
-{
-    const auto document = std::make_unique<Pesticide_Document>();
-    Pesticide_Reader reader(bytes, *document, nullptr);
-    reader.Read();
-    return reader.Unused;
-}
-
-Rate_Places Places_Of_Rates(std::string_view bytes)
-{
-    const auto document = std::make_unique<Pesticide_Document>();
-    Pesticide_Reader reader(bytes, *document, nullptr);
-    reader.Read();
-    return reader.Rates;
+    Pesticide_Reader(bytes, document, notes).Read();
 }
 
 } // namespace orvel

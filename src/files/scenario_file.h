@@ -13,11 +13,9 @@ namespace orvel {
 // frequencies.
 
 // Fills the document as it goes; the caller resets it first. Throws File_Error; what was read until then stays in the
-// document. Words that are no numbers are listed where the caller asks for them.
-void Parse_SZE(std::string_view bytes, Scenario_Document& document, Misreads* misreads = nullptr);
-
-// Horizon numbers that are not 1, 2, 3 ...: horizons are taken in the order of their lines.
-std::vector<Unused_Value> Unused_Horizon_Numbers(std::string_view bytes);
+// document. `notes`, where the caller asks for them: words that are no numbers, and as unused horizon numbers that are
+// not 1, 2, 3 ..., for horizons are taken in the order of their lines.
+void Parse_SZE(std::string_view bytes, Scenario_Document& document, File_Notes* notes = nullptr);
 
 // The file's bytes. Changes the document where the layout says so: SZE_First_Crop follows the first crop row, and an
 // empty output frequency becomes " DAY".

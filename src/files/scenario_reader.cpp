@@ -38,12 +38,11 @@ Rotation_Day Derived_Tillage(const Rotation_Row& row)
 // Fills the document line by line; what was read before an error stays in it.
 class Scenario_Reader {
 public:
-    std::vector<Unused_Value> Unused;
-
-    Scenario_Reader(std::string_view bytes, Scenario_Document& document, Misreads* misreads)
+    Scenario_Reader(std::string_view bytes, Scenario_Document& document, File_Notes* notes)
         : Lines(bytes),
           Document(document),
-          Misread_Words(misreads)
+          Notes(notes),
+          Misread_Words(notes ? &notes->Misread : nullptr)
     {}
 
     void Read()
@@ -151,8 +150,8 @@ private:
         auto number = one;
         const std::string word(number.Word());
         const auto expected = Document.Horizons.size();
-        if (!Is_One_Number(word) || Val(word) != static_cast<double>(expected))
-            Unused.push_back({number.Place_Of_Last(), word, "Horizon number", std::to_string(expected)});
+        if (Notes && (!Is_One_Number(word) || Val(word) != static_cast<double>(expected)))
+            Notes->Unused.push_back({number.Place_Of_Last(), word, "Horizon number", std::to_string(expected)});
         Horizon_Line_One(one, horizon, 0);
         auto two = Next();
         Horizon_Line_Two(two, horizon, Document.SZE_Hydraulic_Flag.Number() == 0);
@@ -172,6 +171,7 @@ private:
 
     Line_Reader Lines;
     Scenario_Document& Document;
+    File_Notes* Notes;
     Misreads* Misread_Words;
     std::string_view Marker;
     bool Drops_Senescence = false;
@@ -179,18 +179,9 @@ private:
 
 } // namespace
 
-std::vector<Unused_Value> Unused_Horizon_Numbers(std::string_view bytes)
+void Parse_SZE(std::string_view bytes, Scenario_Document& document, File_Notes* notes)
 {
-    Scenario_Document document;
-    Reset_SZE(document);
-    Scenario_Reader reader(bytes, document, nullptr);
-    reader.Read();
-    return reader.Unused;
-}
-
-void Parse_SZE(std::string_view bytes, Scenario_Document& document, Misreads* misreads)
-{
-    Scenario_Reader(bytes, document, misreads).Read();
+    Scenario_Reader(bytes, document, notes).Read();
 }
 
 } // namespace orvel

@@ -72,10 +72,21 @@ void Set_Date(Rotation_Row& row, Crop_Stage stage, Crop_Date date)
 
 double Date_Key(Crop_Date date)
 {
-    std::string digits;
-    for (const int part : {date.Year, date.Month, date.Day})
-        digits += Format_Pattern(part, "00");
-    return Val(digits);
+    const std::array parts = {date.Year, date.Month, date.Day};
+    if (std::ranges::min(parts) < 0) { // a sign ends the number
+        std::string digits;
+        for (const int part : parts)
+            digits += Format_Pattern(part, "00");
+        return Val(digits);
+    }
+    double key = 0;
+    for (const int part : parts) {
+        double size = 100;
+        while (part >= size)
+            size *= 10;
+        key = key * size + part;
+    }
+    return key;
 }
 
 bool Fits_Two_Digits(Crop_Date date)

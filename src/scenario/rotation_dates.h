@@ -34,7 +34,7 @@ struct Crop_Date {
 Crop_Date Date_Of(const Rotation_Row& row, Crop_Stage stage);
 void Set_Date(Rotation_Row& row, Crop_Stage stage, Crop_Date date); // parts are clamped to int16
 
-// The date as a number for comparison: year, month and day, two digits each.
+// The date as a number for comparison: year, month and day joined, two digits each or as many as they have.
 double Date_Key(Crop_Date date);
 
 // Whether all parts fit the two digits of the scenario file.

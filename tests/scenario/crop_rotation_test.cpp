@@ -62,6 +62,14 @@ TEST(Date_Keys, Join_Year_Month_And_Day_With_Two_Digits_Each)
     EXPECT_LT(Date_Key({31, 12, 99}), Date_Key({1, 1, 100}));
 }
 
+TEST(Date_Keys, Have_All_Digits_Of_A_Longer_Part_And_End_At_A_Sign)
+{
+    EXPECT_EQ(Date_Key({5, 300, 12}), 1230005);
+    EXPECT_EQ(Date_Key({32767, 32767, 32767}), 327673276732767);
+    EXPECT_EQ(Date_Key({-5, 3, 12}), 1203);
+    EXPECT_EQ(Date_Key({5, 3, -1}), -10305);
+}
+
 TEST(Crop_Rotation, A_Second_Crop_Of_The_Same_Season_Moves_A_Year_On_With_All_Its_Dates)
 {
     auto work = Work();
