@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <ranges>
 
 namespace orvel {
 
@@ -98,13 +99,10 @@ void Raise_To(Rotation_Row& row, Crop_Stage stage, Crop_Date not_before)
 {
     Crop_Date date = Date_Of(row, stage);
     const double key = Date_Key(not_before);
-    // If day and month have two digits, every year before that of the other date is too early.
-    const bool regular = Is_Two_Digits(date.Day) && Is_Two_Digits(date.Month) && Is_Two_Digits(not_before.Day) &&
-                         Is_Two_Digits(not_before.Month);
-    if (regular && date.Year >= 0)
-        date.Year = std::max(date.Year, not_before.Year);
-    while (key > Date_Key(date) && date.Year < Last_Year)
-        ++date.Year;
+    const auto too_early = [&](int year) { return Date_Key({date.Day, date.Month, year}) < key; };
+    // A later year has a greater key, whatever month and day are.
+    if (date.Year < Last_Year)
+        date.Year = *std::ranges::partition_point(std::views::iota(date.Year, Last_Year), too_early);
     Set_Date(row, stage, date);
 }
 

@@ -70,6 +70,23 @@ TEST(Date_Keys, Have_All_Digits_Of_A_Longer_Part_And_End_At_A_Sign)
     EXPECT_EQ(Date_Key({5, 3, -1}), -10305);
 }
 
+TEST(Date_Keys, Raise_A_Date_To_The_First_Year_That_Is_Not_Too_Early)
+{
+    for (const int year : {-200, -7, 0, 1, 98, 32767}) {
+        for (const int month : {-2, 0, 3, 12, 250}) {
+            for (const Crop_Date not_before : {Crop_Date{5, 3, -9}, {31, 12, 4}, {0, 400, 99}, {-1, 5, 30}}) {
+                Rotation_Row row;
+                Set_Date(row, Crop_Stage::Harvest, {20, month, year});
+                Raise_To(row, Crop_Stage::Harvest, not_before);
+                int first = year;
+                while (Date_Key({20, month, first}) < Date_Key(not_before) && first < 32767)
+                    ++first;
+                EXPECT_EQ(Date_Of(row, Crop_Stage::Harvest), (Crop_Date{20, month, first}));
+            }
+        }
+    }
+}
+
 TEST(Crop_Rotation, A_Second_Crop_Of_The_Same_Season_Moves_A_Year_On_With_All_Its_Dates)
 {
     auto work = Work();
