@@ -222,8 +222,8 @@ try {
     return true;
 }
 
-int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,
-                 std::string_view crop)
+bool Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,
+                  std::string_view crop)
 {
     const auto missing = Find_Missing(program, ask, mode, pesticide, crop);
     const auto unfinished = std::ranges::count_if(missing.Unfinished, [&](const Simulation& simulation) {
@@ -232,7 +232,10 @@ int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mo
     const auto unprepared = std::ranges::count_if(missing.Unprepared, [&](const Run_Choice& choice) {
         return Mark_For_Batch(program, Agreeing(ask), mode, choice) == Mark_Result::Marked;
     });
-    return static_cast<int>(unfinished + unprepared);
+    if (unfinished + unprepared > 0 || Batch_Pending(Mode_Directory(program, mode)))
+        return true;
+    ask({"Run what is missing", "No location of this crop is missing.", Icon::Information});
+    return false;
 }
 
 } // namespace orvel

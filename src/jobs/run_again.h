@@ -38,8 +38,8 @@ Missing_Runs Find_Missing(const Program_State& program, const Ask_Function& ask,
 // read, which is told when it is tried.
 bool Can_Run_Missing(const Program_State& program, const Mode& mode, std::string_view pesticide, std::string_view crop);
 
-// Marks what is missing. Returns the number marked.
-int Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,
-                 std::string_view crop);
+// Marks what is missing. False: there is nothing to start, no batch that waits either, and the user has been told.
+bool Mark_Missing(const Program_State& program, const Ask_Function& ask, const Mode& mode, std::string_view pesticide,
+                  std::string_view crop);
 
 } // namespace orvel

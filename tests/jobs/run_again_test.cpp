@@ -135,10 +135,12 @@ TEST_F(Run_Again_Test, What_Is_Marked_Or_Waits_In_A_Job_At_Work_Is_Not_Missing)
     ASSERT_EQ(missing().Unprepared.size(), 1U);
     EXPECT_EQ(missing().Unprepared[0].Location, "Hamburg (H)");
 
-    EXPECT_EQ(Mark_Missing(The_Session.Program, The_Session.Ask, Focus(), "test", "Maize"), 1);
+    const auto mark = [&] { return Mark_Missing(The_Session.Program, The_Session.Ask, Focus(), "test", "Maize"); };
+    EXPECT_TRUE(mark());
     EXPECT_FALSE(missing().Any()) << "marked";
     const auto can_run = [&] { return Can_Run_Missing(The_Session.Program, Focus(), "test", "Maize"); };
     EXPECT_TRUE(can_run()) << "the batch waits";
+    EXPECT_TRUE(mark()) << "the batch waits";
 
     Put(Home / "focus/orveljob.bat", Format_Job(Read_Whole(Home / "focus/batch.bat")));
     fs::remove(Home / "focus/batch.bat");
@@ -153,6 +155,9 @@ TEST_F(Run_Again_Test, What_Is_Marked_Or_Waits_In_A_Job_At_Work_Is_Not_Missing)
     Put_Complete_Output(Place(), 26);
     fs::remove(Place() / "orvel401.exe");
     EXPECT_FALSE(missing().Any()) << "done";
+    EXPECT_TRUE(The_User.Messages.empty());
+    EXPECT_FALSE(mark());
+    EXPECT_EQ(The_User.Messages.at(0).Text, "No location of this crop is missing.");
 }
 
 } // namespace orvel

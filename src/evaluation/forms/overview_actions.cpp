@@ -12,7 +12,6 @@
 #include "records/verify.h"
 #include "report/forms/report_saving.h"
 #include "report/overview_formats.h"
-#include "runs/batch.h"
 #include "runs/selection.h"
 #include "tables/forms/jahr_orv.h"
 #include "tables/forms/mass_balance.h"
@@ -152,9 +151,9 @@ void Overview_Window::What_Changed()
 }
 
 // Starts what was marked. While a job is at work it stays marked, and the user is told.
-void Overview_Window::Start(int marked)
+void Overview_Window::Start(bool any)
 {
-    if (marked > 0)
+    if (any)
         Start_Batch(The_Session.Program, The_Session.Ask, The_Mode());
 }
 
@@ -168,7 +167,7 @@ void Overview_Window::Run_Again()
                            {Button::Yes, Button::No},
                            Button::No};
     if (The_Session.Ask(question) == Button::Yes)
-        Start(Mark_Run_Again(The_Session.Program, The_Session.Ask, The_Mode(), simulation) ? 1 : 0);
+        Start(Mark_Run_Again(The_Session.Program, The_Session.Ask, The_Mode(), simulation));
 }
 
 void Overview_Window::Delete()
@@ -183,17 +182,13 @@ void Overview_Window::Run_Missing()
     if (!row)
         return;
     const Hourglass waiting;
-    const int marked = Mark_Missing(The_Session.Program, The_Session.Ask, The_Mode(), row->Pesticide, row->Crop);
-    const bool pending = Batch_Pending(Mode_Directory(The_Session.Program, The_Mode()));
-    if (marked == 0 && !pending)
-        The_Session.Ask({std::string(Overview_Title), "No location of this crop is missing.", Icon::Information});
-    Start(marked + (pending ? 1 : 0));
+    Start(Mark_Missing(The_Session.Program, The_Session.Ask, The_Mode(), row->Pesticide, row->Crop));
 }
 
 void Overview_Window::Run_Failed()
 {
     const auto list = Simulation_List(Mode_Directory(The_Session.Program, The_Mode()));
-    Start(Mark_Failed_Again(The_Session.Program, The_Session.Ask, The_Mode(), list));
+    Start(Mark_Failed_Again(The_Session.Program, The_Session.Ask, The_Mode(), list) > 0);
 }
 
 void Overview_Window::Report()

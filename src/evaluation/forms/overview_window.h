@@ -98,7 +98,7 @@ private:
     void Delete();
     void Run_Missing();
     void Run_Failed();
-    void Start(int marked);
+    void Start(bool any);
     void Report();
     void Copy();
     void Save();
