@@ -1,8 +1,13 @@
 #include "scenario/crop_data.h"
 
 #include "core/error.h"
+#include "recording_user.h"
+#include "scenario/crop_rotation.h"
+#include "temporary_directory.h"
 
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 namespace orvel {
 
@@ -94,6 +99,39 @@ TEST(Crop_Data_Base, A_Number_That_No_Field_Holds_Is_Told_With_Its_Line_And_Colu
     } catch (const File_Error& error) {
         EXPECT_STREQ(error.what(), "Line 3, column 28: A number is outside the range of -32768 to 32767.");
     }
+}
+
+struct Crop_Data_Reader : testing::Test {
+    Crop_Data_Reader() { The_Session.Ask = std::ref(The_User); }
+    void Write(const char* name, std::string_view bytes) { std::ofstream(Directory / name, std::ios::binary) << bytes; }
+
+    Temporary_Directory Directory;
+    Session The_Session;
+    Recording_User The_User;
+};
+
+TEST_F(Crop_Data_Reader, A_Missing_File_Is_Told_And_Gives_An_Empty_Data_Base)
+{
+    EXPECT_TRUE(Read_Crop_Data(The_Session, Directory.Path()).empty());
+    EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Cannot open INPUT.DAT"})});
+}
+
+TEST_F(Crop_Data_Reader, A_File_That_Is_Cut_Short_Is_Told_With_The_Line_Where_It_Ends)
+{
+    Write("input.dat", "2\r\nhead\r\nApples          100  0.25\r\n");
+
+    EXPECT_TRUE(Read_Crop_Data(The_Session, Directory.Path()).empty());
+    EXPECT_EQ(The_User.Messages,
+              std::vector{(Message{"File check", "Cannot read INPUT.DAT.\n"
+                                                 "input.dat, line 3: The file ends behind this line."})});
+}
+
+TEST_F(Crop_Data_Reader, The_Case_Of_The_Name_Does_Not_Matter)
+{
+    Write("INPUT.DAT", "1\r\nhead\r\nApples          100  0.25\r\n");
+
+    EXPECT_EQ(Read_Crop_Data(The_Session, Directory.Path()).size(), 1U);
+    EXPECT_TRUE(The_User.Messages.empty());
 }
 
 } // namespace orvel

@@ -1,13 +1,10 @@
 #include "scenario/crop_rotation.h"
 
 #include "files/scenario_file.h"
-#include "recording_user.h"
 #include "scenario/saving.h"
-#include "temporary_directory.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <random>
 
 namespace orvel {
@@ -52,39 +49,6 @@ std::vector<int> Years(const Rotation_Work& work, Crop_Stage stage)
     for (const auto& row : work.Rows)
         years.push_back(Date_Of(row, stage).Year);
     return years;
-}
-
-TEST(Date_Keys, Join_Year_Month_And_Day_With_Two_Digits_Each)
-{
-    EXPECT_EQ(Date_Key({5, 3, 12}), 120305);
-    EXPECT_EQ(Date_Key({31, 12, 1}), 11231);
-    EXPECT_EQ(Date_Key({0, 0, 0}), 0);
-    EXPECT_LT(Date_Key({31, 12, 99}), Date_Key({1, 1, 100}));
-}
-
-TEST(Date_Keys, Have_All_Digits_Of_A_Longer_Part_And_End_At_A_Sign)
-{
-    EXPECT_EQ(Date_Key({5, 300, 12}), 1230005);
-    EXPECT_EQ(Date_Key({32767, 32767, 32767}), 327673276732767);
-    EXPECT_EQ(Date_Key({-5, 3, 12}), 1203);
-    EXPECT_EQ(Date_Key({5, 3, -1}), -10305);
-}
-
-TEST(Date_Keys, Raise_A_Date_To_The_First_Year_That_Is_Not_Too_Early)
-{
-    for (const int year : {-200, -7, 0, 1, 98, 32767}) {
-        for (const int month : {-2, 0, 3, 12, 250}) {
-            for (const Crop_Date not_before : {Crop_Date{5, 3, -9}, {31, 12, 4}, {0, 400, 99}, {-1, 5, 30}}) {
-                Rotation_Row row;
-                Set_Date(row, Crop_Stage::Harvest, {20, month, year});
-                Raise_To(row, Crop_Stage::Harvest, not_before);
-                int first = year;
-                while (Date_Key({20, month, first}) < Date_Key(not_before) && first < 32767)
-                    ++first;
-                EXPECT_EQ(Date_Of(row, Crop_Stage::Harvest), (Crop_Date{20, month, first}));
-            }
-        }
-    }
 }
 
 TEST(Crop_Rotation, A_Second_Crop_Of_The_Same_Season_Moves_A_Year_On_With_All_Its_Dates)
@@ -504,42 +468,9 @@ TEST(Crop_Rotation, A_Crop_That_The_Data_Base_Lacks_Is_Shown_By_Number_And_Not_T
               (Refusal{{"File check", "The crop data base does not hold crop 30 of row 1."}, "List_rot"}));
 }
 
-struct Crop_Data_Reader : testing::Test {
-    Crop_Data_Reader() { The_Session.Ask = std::ref(The_User); }
-    void Write(const char* name, std::string_view bytes) { std::ofstream(Directory / name, std::ios::binary) << bytes; }
-
-    Temporary_Directory Directory;
-    Session The_Session;
-    Recording_User The_User;
-};
-
-TEST_F(Crop_Data_Reader, A_Missing_File_Is_Told_And_Gives_An_Empty_Data_Base)
-{
-    EXPECT_TRUE(Read_Crop_Data(The_Session, Directory.Path()).empty());
-    EXPECT_EQ(The_User.Messages, std::vector{(Message{"File check", "Cannot open INPUT.DAT"})});
-}
-
-TEST_F(Crop_Data_Reader, Without_A_Data_Base_Nothing_Is_Taken_Over)
+TEST(Crop_Rotation, Without_A_Data_Base_Nothing_Is_Taken_Over)
 {
     EXPECT_EQ(Check_Rotation(Load_Rotation({}, {})), (Refusal{{"File check", "Cannot open INPUT.DAT"}, "List_dat"}));
-}
-
-TEST_F(Crop_Data_Reader, A_File_That_Is_Cut_Short_Is_Told_With_The_Line_Where_It_Ends)
-{
-    Write("input.dat", "2\r\nhead\r\nApples          100  0.25\r\n");
-
-    EXPECT_TRUE(Read_Crop_Data(The_Session, Directory.Path()).empty());
-    EXPECT_EQ(The_User.Messages,
-              std::vector{(Message{"File check", "Cannot read INPUT.DAT.\n"
-                                                 "input.dat, line 3: The file ends behind this line."})});
-}
-
-TEST_F(Crop_Data_Reader, The_Case_Of_The_Name_Does_Not_Matter)
-{
-    Write("INPUT.DAT", "1\r\nhead\r\nApples          100  0.25\r\n");
-
-    EXPECT_EQ(Read_Crop_Data(The_Session, Directory.Path()).size(), 1U);
-    EXPECT_TRUE(The_User.Messages.empty());
 }
 
 } // namespace
