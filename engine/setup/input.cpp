@@ -152,7 +152,8 @@ private:
                 if (const auto bytes = Source(name)) {
                     files[name] =
                         Read_Climate_Days(*bytes, name, Input.Scenario.SZE_Latitude, titles[name], The_Findings);
-                    Note_Rain(name, files[name]);
+                    if (The_Findings.Errors.size() == errors)
+                        Note_Rain(name, files[name]);
                 } else
                     The_Findings.Error(Fault::Climate_Missing, "CLIMATE FILE " + name + " NOT FOUND");
             }

@@ -317,4 +317,9 @@ std::int16_t To_I16(double value)
     return static_cast<std::int16_t>(rounded);
 }
 
+std::size_t Rows_Counted(double count, std::size_t rows)
+{
+    return static_cast<std::size_t>(std::clamp(count, 0.0, static_cast<double>(rows)));
+}
+
 } // namespace orvel

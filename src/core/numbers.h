@@ -37,4 +37,7 @@ std::string Fixed_Text(double value, int decimals);
 // The value rounded to an i16, halves to the even number. Throws File_Error outside its range.
 std::int16_t To_I16(double value);
 
+// How many of `rows` rows a count in a document stands for: none below 0, all if it is greater.
+std::size_t Rows_Counted(double count, std::size_t rows);
+
 } // namespace orvel

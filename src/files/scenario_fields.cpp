@@ -1,4 +1,5 @@
 // The fields of a scenario file in order, to find what its layout would lose.
+#include "core/numbers.h"
 #include "files/broken_line.h"
 #include "files/line_fields.h"
 #include "files/scenario_file.h"
@@ -18,11 +19,6 @@ void Change_As_Read(Scenario_Document& document)
         row.SZE_Sen_Month = row.SZE_Har_Month;
         row.SZE_Sen_Year = row.SZE_Har_Year;
     }
-}
-
-template <class Rows> std::size_t In_Use(const Rows& rows, double count)
-{
-    return std::min(rows.size(), static_cast<std::size_t>(std::max(count, 0.0)));
 }
 
 // In the order of the file.
@@ -55,7 +51,7 @@ private:
     void List_Crops()
     {
         Fields.Field(Document.SZE_Crop_Count, "Number of crops").End();
-        for (std::size_t c = 0; c < In_Use(Document.Crops, Document.SZE_Crop_Count); ++c) {
+        for (std::size_t c = 0; c < Rows_Counted(Document.SZE_Crop_Count, Document.Crops.size()); ++c) {
             Fields.About("crop row " + std::to_string(c + 1));
             Crop_Line(Fields, Document.Crops[c]);
             Crop_Extension(Fields, Document.Crops[c]);
@@ -63,7 +59,7 @@ private:
         }
         Fields.About("");
         Fields.Field(Document.SZE_Rot_Count, "Number of rotation rows").End();
-        for (std::size_t r = 0; r < In_Use(Document.Rotation, Document.SZE_Rot_Count); ++r) {
+        for (std::size_t r = 0; r < Rows_Counted(Document.SZE_Rot_Count, Document.Rotation.size()); ++r) {
             Fields.About("rotation row " + std::to_string(r + 1));
             Rotation_Line(Fields, Document.Rotation[r], Has_Tillage(Document));
             Fields.End();
@@ -77,7 +73,7 @@ private:
         Fields.End();
         Horizon_Head_Line(Fields, Document);
         Fields.End();
-        for (std::size_t h = 0; h < In_Use(Document.Horizons, Document.SZE_Horizons.Number()); ++h) {
+        for (std::size_t h = 0; h < Rows_Counted(Document.SZE_Horizons.Number(), Document.Horizons.size()); ++h) {
             Fields.About("horizon " + std::to_string(h + 1));
             Horizon_Line_One(Fields, Document.Horizons[h], h + 1);
             Fields.End();

@@ -162,7 +162,7 @@ std::optional<Result_Row> Parse_Figures(std::string_view figures)
     return Result_Row{.Substance = bytes(0),
                       .Unit = bytes(2),
                       .Found = Result_Row::Figures{Val(cells[1]), number(4), number(5)},
-                      .Years = static_cast<int>(Val(cells[3]))};
+                      .Years = static_cast<int>(std::clamp(Val(cells[3]), 0.0, static_cast<double>(Most_Years)))};
 }
 
 std::string Read_Result(const fs::path& run_directory)

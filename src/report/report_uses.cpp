@@ -18,7 +18,7 @@ struct Dated_Use {
 
 std::string Place_Text(const Pesticide_Document& document, double depth, double interception)
 {
-    switch (static_cast<Application_Method>(static_cast<int>(document.App_Method.Number()))) {
+    switch (static_cast<Application_Method>(std::clamp(document.App_Method.Number(), 0.0, 9.0))) {
     case Application_Method::Linear:
         return "crop, linear interception";
     case Application_Method::Exponential:

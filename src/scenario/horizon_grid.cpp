@@ -1,5 +1,6 @@
 #include "scenario/horizon_grid.h"
 
+#include "core/numbers.h"
 #include "scenario/scenario_options.h"
 #include "ui/number_field.h"
 
@@ -76,7 +77,7 @@ Horizon_Grid Show_Horizons(const Scenario_Document& document)
     grid.Headings.push_back("Horizon Number");
     for (const auto& column : columns)
         grid.Headings.emplace_back(column.Heading);
-    const auto rows = static_cast<std::size_t>(std::clamp<double>(document.SZE_Horizons.Number(), 0, Most_Horizons));
+    const auto rows = Rows_Counted(document.SZE_Horizons.Number(), Most_Horizons);
     for (std::size_t h = 0; h < rows; ++h) {
         grid.Row_Titles.push_back("Horizon " + std::to_string(h + 1));
         auto& cells = grid.Cells.emplace_back(columns.size());

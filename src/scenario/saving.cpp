@@ -1,5 +1,6 @@
 #include "scenario/saving.h"
 
+#include "core/numbers.h"
 #include "files/scenario_lines.h"
 #include "scenario/macropores.h"
 #include "scenario/rotation_dates.h"
@@ -16,7 +17,7 @@ constexpr const char* Rotation_Button = "Command3";
 
 double Thickness_Of(const Scenario_Document& document)
 {
-    const auto count = std::min(static_cast<std::size_t>(document.SZE_Horizons.Number()), document.Horizons.size());
+    const auto count = Rows_Counted(document.SZE_Horizons.Number(), document.Horizons.size());
     double sum = 0;
     for (std::size_t h = 0; h < count; ++h)
         sum += document.Horizons[h].SZE_Hor_Thickness.Number();

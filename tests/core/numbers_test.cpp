@@ -225,6 +225,14 @@ TEST(To_I16, Fails_Outside_Its_Range)
     EXPECT_THROW(To_I16(1e300), File_Error);
 }
 
+TEST(Rows_Counted, Are_Those_That_There_Are_Whatever_The_Count_Is)
+{
+    EXPECT_EQ(Rows_Counted(2, 3), 2U);
+    EXPECT_EQ(Rows_Counted(2.9, 3), 2U);
+    EXPECT_EQ(Rows_Counted(-1, 3), 0U);
+    EXPECT_EQ(Rows_Counted(2.22e24, 3), 3U);
+}
+
 TEST(A_Variant, Prints_A_Number_In_Print_Form_And_A_Text_As_It_Was_Typed)
 {
     EXPECT_EQ(Variant(20).Print(), " 20 ");

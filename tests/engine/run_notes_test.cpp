@@ -192,6 +192,13 @@ TEST(Run_Notes, Rain_In_Millimetres_Is_Noted)
                           "IN CM, NOT MM"));
 }
 
+TEST(Run_Notes, Rain_That_No_Number_Holds_Is_An_Error_And_Has_No_Sum)
+{
+    Engine_Case run = Short_Case();
+    run.Climates[0].replace(run.Climates[0].find('\n') + 1 + 7, 10, "1e999     ");
+    EXPECT_TRUE(Tell(run)("ERROR 52: RAIN NOT WITHIN 0 TO 100 CM IN LINE 2 OF climate_01.cli"));
+}
+
 // Of one compartment, neither the metre nor a flux at 1 m is taken at the surface.
 TEST(Run_Notes, One_Compartment_Has_Its_Metre_At_Its_Bottom)
 {

@@ -134,6 +134,7 @@ TEST(Broken_Line, A_Document_That_Cannot_Be_Printed_Is_Broken)
 {
     EXPECT_TRUE(Lost_In_PSM([](auto& d) { d.N_Horizons = 5; }).has_value());
     EXPECT_TRUE(Lost_In_SZE([](auto& d) { d.SZE_Horizons = 5; }).has_value());
+    EXPECT_TRUE(Lost_In_SZE([](auto& d) { d.SZE_Horizons = 2.22e24; }).has_value());
 }
 
 TEST(May_Save, Asks_Only_Where_A_Field_Is_Lost_And_Takes_No_For_The_Default)
