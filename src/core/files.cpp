@@ -110,11 +110,11 @@ fs::path Real_Target(const fs::path& file)
     if (status.type() == fs::file_type::regular)
         return file;
     if (status.type() != fs::file_type::symlink)
-        Fail("Cannot write", file, Not_Ordinary::Device);
+        Fail("Cannot write", file, Left_Alone::Device);
     const auto target = fs::canonical(file, error);
     Fail_If(error, "Cannot write", file);
     if (target.parent_path() != fs::canonical(file.parent_path() / ".", error))
-        Fail("Cannot write", file, Not_Ordinary::Link_Elsewhere);
+        Fail("Cannot write", file, Left_Alone::Link_Elsewhere);
     return Real_Target(target);
 }
 
