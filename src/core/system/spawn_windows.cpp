@@ -124,10 +124,11 @@ Held_Handle Group_Of(const Program_Start& start)
 // A program with a session of its own leaves the groups of its starter, unless one of another program keeps it.
 bool Create(const Program_Start& start, DWORD flags, STARTUPINFOEXW& how, PROCESS_INFORMATION& made)
 {
+    const std::wstring program = Long_Path(start.Program), directory = Short_Path(start.Directory);
     const auto create = [&](DWORD breakaway) {
         std::wstring line = Command_Line(start);
-        return ::CreateProcessW(start.Program.c_str(), line.data(), nullptr, nullptr, TRUE, flags | breakaway, nullptr,
-                                start.Directory.empty() ? nullptr : start.Directory.c_str(), &how.StartupInfo, &made) != 0;
+        return ::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, flags | breakaway, nullptr,
+                                start.Directory.empty() ? nullptr : directory.c_str(), &how.StartupInfo, &made) != 0;
     };
     if (start.Own_Session && create(CREATE_BREAKAWAY_FROM_JOB))
         return true;
@@ -137,6 +138,17 @@ bool Create(const Program_Start& start, DWORD flags, STARTUPINFOEXW& how, PROCES
 [[noreturn]] void Refuse(const Program_Start& start, const std::error_code& reason)
 {
     throw File_Error("Cannot start " + start.Program.string() + ": " + reason.message() + ".");
+}
+
+// The system starts no program in a directory with a longer name, whatever else it allows.
+void Refuse_If_Too_Deep(const Program_Start& start)
+{
+    constexpr std::size_t Longest = 258;
+    const std::size_t length = Short_Path(start.Directory).size();
+    if (length > Longest)
+        throw File_Error("Cannot start " + start.Program.string() + ": The directory " + start.Directory.string() +
+                         " has " + std::to_string(length) + " characters, and Windows starts a program only where " +
+                         std::to_string(Longest) + " are enough. Move the installation to a shorter path.");
 }
 
 Program_End End_Of(int process, DWORD code)
@@ -182,6 +194,7 @@ int Start_Program(const Program_Start& start)
 {
     if (Is_Command_File(start.Program))
         Refuse(start, std::make_error_code(std::errc::executable_format_error));
+    Refuse_If_Too_Deep(start);
     const auto input = Null_Device(GENERIC_READ), output = Output_Of(start);
     if (!input || !output)
         Refuse(start, Last_Error());
