@@ -124,7 +124,9 @@ Held_Handle Group_Of(const Program_Start& start)
 // A program with a session of its own leaves the groups of its starter, unless one of another program keeps it.
 bool Create(const Program_Start& start, DWORD flags, STARTUPINFOEXW& how, PROCESS_INFORMATION& made)
 {
-    const std::wstring program = Long_Path(start.Program), directory = Short_Path(start.Directory);
+    const std::wstring program =
+        start.Program.native().size() < MAX_PATH ? start.Program.wstring() : Long_Path(start.Program);
+    const std::wstring directory = Short_Path(start.Directory);
     const auto create = [&](DWORD breakaway) {
         std::wstring line = Command_Line(start);
         return ::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, flags | breakaway, nullptr,
