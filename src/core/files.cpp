@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/system/file_handle.h"
+#include "core/system/file_names.h"
 #include "core/system/flush.h"
 #include "core/system/lock.h"
 #include "core/system/rename.h"
@@ -110,17 +111,19 @@ fs::path Real_Target(const fs::path& file)
     if (status.type() == fs::file_type::regular)
         return file;
     if (status.type() != fs::file_type::symlink)
-        Fail("Cannot write", file, Not_Ordinary::Device);
+        Fail("Cannot write", file, Left_Alone::Device);
     const auto target = fs::canonical(file, error);
     Fail_If(error, "Cannot write", file);
     if (target.parent_path() != fs::canonical(file.parent_path() / ".", error))
-        Fail("Cannot write", file, Not_Ordinary::Link_Elsewhere);
+        Fail("Cannot write", file, Left_Alone::Link_Elsewhere);
     return Real_Target(target);
 }
 
 // The same, and what may not be replaced.
 fs::path Target_To_Write(const fs::path& given)
 {
+    if (const auto fault = Fault_Of_Name(given.filename().string()); !fault.empty())
+        throw File_Error("Cannot write " + given.string() + ": " + fault);
     fs::path file = Real_Target(given);
     std::error_code error;
     const auto present = fs::status(file, error);
@@ -169,6 +172,15 @@ void Check_Writable(const fs::path& file)
     Create_Beside(Target_To_Write(file), File_Handle::Usual_Rights, beside);
     std::error_code ignored;
     fs::remove(beside, ignored);
+}
+
+void Check_Names(const fs::path& path)
+{
+    for (const auto& part : path.relative_path()) {
+        const auto fault = part.empty() ? std::string() : Fault_Of_Name(part.string());
+        if (!fault.empty())
+            throw File_Error("There can be no " + path.string() + ": " + fault);
+    }
 }
 
 fs::path Path_Of(std::string_view name)

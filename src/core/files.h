@@ -50,6 +50,9 @@ std::string Read_Tail(const std::filesystem::path& file, std::size_t most);
 // earlier writers that were killed have left in the directory is removed.
 void Write_Whole(const std::filesystem::path& file, std::string_view bytes);
 
+// Throws File_Error, with a sentence that tells why, if this system cannot give every part of a path its name.
+void Check_Names(const std::filesystem::path& path);
+
 // Copies a file in the same manner, with its permission bits but always writable by its owner.
 void Copy_Whole(const std::filesystem::path& from, const std::filesystem::path& to);
 

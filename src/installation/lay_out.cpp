@@ -151,6 +151,7 @@ void Lay_Out(const fs::path& directory, const std::vector<fs::path>& parts)
     if (!engine)
         throw File_Error("The engine " + std::string(Engine_File_Name) +
                          " does not stand beside this program, so that no installation can be laid out.");
+    Check_Names(directory);
     if (fs::exists(directory) && !fs::is_directory(directory))
         throw File_Error(directory.string() + " is no directory.");
 

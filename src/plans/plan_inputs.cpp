@@ -24,6 +24,12 @@ Plan_Input Found(const fs::path& directory, std::string_view name, std::string k
     return {*file, std::move(kept)};
 }
 
+// The drive of a Windows path, whose colon no name below has.
+bool Is_Drive(std::string_view part)
+{
+    return part.size() == 2 && part[1] == ':' && Upper(part)[0] >= 'A' && Upper(part)[0] <= 'Z';
+}
+
 // The path that stands for any other below one directory.
 std::string Below_One_Directory(std::string_view name)
 {
@@ -31,7 +37,9 @@ std::string Below_One_Directory(std::string_view name)
     std::string below = slashed.starts_with('/') ? "_root" : "";
     for (std::size_t at = 0; at <= slashed.size();) {
         const auto end = std::min(slashed.find('/', at), slashed.size());
-        const std::string part = slashed.substr(at, end - at);
+        std::string part = slashed.substr(at, end - at);
+        if (at == 0 && Is_Drive(part))
+            part = "_drive_" + part.substr(0, 1);
         if (!part.empty() && part != ".")
             below += (below.empty() ? "" : "/") + (part == ".." ? "_up" : part);
         at = end + 1;

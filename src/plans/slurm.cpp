@@ -60,9 +60,9 @@ std::string Slurm_Script(const fs::path& directory, const std::vector<std::strin
         "# Runs one part of a plan. It goes on with what is missing, so that a task may be killed and\n"
         "# put into the queue again at any moment.\n"
         "exec >>" +
-        Shell_Word((directory / "slurm-").string()) + "\"$SLURM_ARRAY_TASK_ID.log\" 2>&1\nexec";
+        Shell_Word((directory / "slurm-").string(), Users_Shell::Posix) + "\"$SLURM_ARRAY_TASK_ID.log\" 2>&1\nexec";
     for (const auto& word : command)
-        script += " " + Shell_Word(word);
+        script += " " + Shell_Word(word, Users_Shell::Posix);
     script += " --part \"$SLURM_ARRAY_TASK_ID/" + std::to_string(tasks) + "\" --patience ";
     script += Patience_Seconds;
     return script + "\n";

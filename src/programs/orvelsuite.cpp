@@ -3,7 +3,10 @@
 #include "core/error.h"
 #include "core/system/program_path.h"
 #include "core/system/standard_channels.h"
+#include "core/system/system_box.h"
+#include "core/system/terminal.h"
 #include "core/system/user_directories.h"
+#include "desktop/early_text.h"
 #include "desktop/forms/first_steps.h"
 #include "desktop/forms/start.h"
 #include "desktop/forms/welcome.h"
@@ -21,6 +24,7 @@
 
 #include <iostream>
 #include <memory>
+#include <QLocale>
 #include <QTimer>
 
 namespace {
@@ -28,6 +32,14 @@ namespace {
 using namespace orvel;
 
 constexpr const char* Usage = "usage: orvelsuite [DIRECTORY | FILE.psm | FILE.sze | FILE.cli]\n";
+
+int End(int code, const std::string& text)
+{
+    const bool failed = code != 0;
+    Tell_Early({text, failed}, failed ? std::cerr : std::cout, failed ? Error_Is_Seen() : Output_Is_Seen(),
+               [](const Early_Text& told) { Show_System_Box("ORVELSUITE", told.Text, told.Is_Failure); });
+    return code;
+}
 
 struct Place {
     Start_Request Request;
@@ -71,8 +83,7 @@ try {
     const auto arguments = QApplication::arguments();
     if (arguments.size() > 2 || (arguments.size() == 2 && arguments[1].startsWith("--"))) {
         const bool asked = arguments.size() == 2 && arguments[1] == "--help";
-        (asked ? std::cout : std::cerr) << Usage;
-        return asked ? 0 : 2;
+        return End(asked ? 0 : 2, Usage);
     }
     const auto place = Choose_Place(
         arguments.size() == 2 ? std::optional<std::filesystem::path>(arguments[1].toStdString()) : std::nullopt,
@@ -81,13 +92,11 @@ try {
         return 1;
     std::filesystem::current_path(place->Request.Installation);
     session->Program.App_Path = place->Request.Installation;
-    if (!Start_Up(*session)) {
-        std::cerr << "ORVELSUITE cannot write in " << session->Program.App_Path.string() << ".\n";
-        return 1;
-    }
+    if (!Start_Up(*session))
+        return End(1, "ORVELSUITE cannot write in " + session->Program.App_Path.string() + ".");
     auto dropped = Drop_Pending_Batch(session->Program);
     const auto sign_of_life = Sign_Of_Shell(session->Program);
-    Check_Decimal_Separator(session->Ask, General_Text(3.5)); // numbers are printed without regard to the locale
+    Check_Decimal_Separator(session->Ask, QLocale::system().toString(3.5).toStdString());
     Remember_Installation(User_State_Directory(), session->Program.App_Path);
     Start start(*session, std::move(dropped));
     if (place->Guided)
@@ -97,6 +106,5 @@ try {
         QTimer::singleShot(0, &start, [&] { Open_And_Edit(*session, place->Request.Document, &start); });
     return QApplication::exec();
 } catch (const std::exception& error) {
-    std::cerr << error.what() << '\n';
-    return 1;
+    return End(1, error.what());
 }

@@ -61,6 +61,7 @@ void Check_Directory(const fs::path& directory)
 fs::path Place_Of(const fs::path& directory, const Recorded_File& file)
 {
     fs::path place = directory / Path_Of(file.Name);
+    Check_Names(place);
     fs::path level = directory;
     for (const auto& part : place.lexically_relative(directory)) {
         level /= part;

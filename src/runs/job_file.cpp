@@ -3,6 +3,7 @@
 #include "core/code_page.h"
 #include "core/files.h"
 #include "core/run_name.h"
+#include "core/system/file_identity.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -163,9 +164,11 @@ std::vector<fs::path> Resolve_Runs(const fs::path& mode_directory, const std::ve
 {
     std::vector<fs::path> paths;
     std::set<fs::path> taken;
+    std::set<std::pair<std::uint64_t, std::uint64_t>> places; // two names may be one directory's
     for (const auto& run : runs) {
         paths.push_back(Only_Candidate(mode_directory, run.Directory));
-        if (!taken.insert(paths.back()).second)
+        const auto there = Identity_Of(paths.back());
+        if (!taken.insert(paths.back()).second || (there && !places.insert({there->Device, there->Number}).second))
             throw File_Error("The job file names the directory " + paths.back().string() + " twice.");
     }
     return paths;

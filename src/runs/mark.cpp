@@ -72,6 +72,14 @@ bool May_Replace(const Ask_Function& ask, const fs::path& place)
                 Button::Cancel}) == Button::Ok;
 }
 
+// Whether two run directories are one: where the system looks at no case, names that differ in it alone are.
+bool Is_Same_Run(const fs::path& mode_directory, const std::string& one, const std::string& other)
+{
+    std::error_code ignored;
+    return one == other || (Same_Text(one, other) &&
+                            fs::equivalent(Run_Path(mode_directory, one), Run_Path(mode_directory, other), ignored));
+}
+
 enum class Batch_Line { Present, First, Next };
 
 // Makes the run directory and adds its lines to the batch, both or neither. Throws Stage_Error.
@@ -95,6 +103,7 @@ void Prepare(const fs::path& mode_directory, const std::string& run, const Run_S
 // Two pesticide files may share a directory's name, or its line in a job: neither may take the place of the other.
 void Check_Own_Directory(const fs::path& mode_directory, const std::string& run, const std::string& pesticide)
 {
+    Check_Names(Run_Path({}, run));
     if (const auto other = Indistinct_Directory(mode_directory, run))
         throw File_Error("A job could not tell this simulation from the one in " + other->string() +
                          ": please rename the pesticide file.");
@@ -122,7 +131,8 @@ Mark_Result Mark_In_Turn(const Program_State& program, const Ask_Function& ask, 
     const auto pending = Read_Batch(directory);
     const std::string run = Run_Directory(choice.Pesticide, choice.Crop->Text, choice.Location);
     std::error_code ignored;
-    const bool is_marked = std::ranges::find(pending, run) != pending.end();
+    const bool is_marked =
+        std::ranges::any_of(pending, [&](const auto& marked) { return Is_Same_Run(directory, marked, run); });
     if (is_marked && fs::is_directory(Run_Path(directory, run), ignored)) {
         Tell(ask, Starting, Already_Selected_Text);
         return Mark_Result::Already_Selected;

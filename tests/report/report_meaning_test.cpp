@@ -71,16 +71,14 @@ TEST(Meaning_Of_A_Report, Has_A_Command_That_A_Shell_Takes)
 {
     Report report = Two_Runs();
 
-    EXPECT_EQ(
-        Reproduce_Line(report),
-        "orvelctl archive --mode focus --pesticide 'my demo' --crop 'Winter cereals' --to 'my demo.zip' && orvelctl "
-        "reproduce 'my demo.zip'");
+    EXPECT_EQ(Reproduce_Line(report), "orvelctl archive --mode focus --pesticide \"my demo\" --crop \"Winter cereals\" "
+                                      "--to \"my demo.zip\" && orvelctl "
+                                      "reproduce \"my demo.zip\"");
 
     report.Crops.push_back({.Name = "Maize"});
     report.Overview.Mode = Mode_Kind::Efsa;
-    EXPECT_EQ(
-        Reproduce_Line(report),
-        "orvelctl archive --mode efsa --pesticide 'my demo' --to 'my demo.zip' && orvelctl reproduce 'my demo.zip'");
+    EXPECT_EQ(Reproduce_Line(report), "orvelctl archive --mode efsa --pesticide \"my demo\" --to \"my demo.zip\" && "
+                                      "orvelctl reproduce \"my demo.zip\"");
 }
 
 TEST(Meaning_Of_A_Report, Stands_Before_The_First_Crop)

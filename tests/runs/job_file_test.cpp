@@ -2,6 +2,7 @@
 
 #include "core/error.h"
 #include "core/text.h"
+#include "temporary_directory.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,20 @@ TEST(Job_File, Its_Five_Kinds_Of_Line_Give_The_Runs)
     EXPECT_EQ(runs[1].Engine, "orvel5.exe");
     EXPECT_TRUE(Parse_Job("").empty());
     EXPECT_EQ(Parse_Job(Replace_All(One_Block, "\r\n", "\n")).size(), 1u);
+}
+
+TEST(Job_File, Two_Lines_That_Lead_To_One_Directory_Are_Refused)
+{
+    namespace fs = std::filesystem;
+    const Temporary_Directory mode;
+    fs::create_directories(mode / "a.run" / "b.run" / "c.run");
+    if (!fs::exists(mode / "A.run")) // this system looks at case
+        fs::create_directory_symlink("a.run", mode / "A.run");
+    const Job_Run run{.Directory = "a.run\\b.run\\c.run", .Engine = "orvel401.exe"};
+    const Job_Run other{.Directory = "A.run\\b.run\\c.run", .Engine = "orvel401.exe"};
+
+    EXPECT_EQ(Resolve_Runs(mode.Path(), {run}).size(), 1u);
+    EXPECT_THROW(Resolve_Runs(mode.Path(), {run, other}), File_Error);
 }
 
 TEST(Job_File, Anything_Else_Is_Refused_With_Its_Line)

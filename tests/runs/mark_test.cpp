@@ -446,6 +446,21 @@ TEST_F(Mark_Test, A_Name_That_A_Job_Could_Not_Tell_From_Another_Is_Refused)
     EXPECT_FALSE(fs::exists(Home / "focus" / "\u00DF.run"));
 }
 
+TEST_F(Mark_Test, The_Directory_Of_A_Marked_Combination_Is_Known_By_Another_Name)
+{
+    // As on a system that looks at no case, when the batch was written with other letters.
+    const auto choice = Maize_At_Hamburg();
+    ASSERT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Marked);
+    const fs::path batch = Home / "focus" / "batch.bat";
+    Write_Whole(batch, Replace_All(Read_Whole(batch), "test.run", "TEST.run"));
+    fs::rename(Home / "focus" / "test.run", Home / "focus" / "TEST.run");
+    fs::create_directory_symlink("TEST.run", Home / "focus" / "test.run");
+
+    EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), choice), Mark_Result::Already_Selected);
+
+    EXPECT_EQ(Read_Batch(Home / "focus").size(), 1u);
+}
+
 TEST_F(Mark_Test, Two_Directories_That_One_Line_Fits_Are_An_Error_And_Never_Taken_For_Each_Other)
 {
     for (const char* name : {"\u00E1.run", "\u00DF.run"})

@@ -4,22 +4,28 @@ namespace orvel {
 
 namespace {
 
-class Not_Ordinary_Category : public std::error_category {
+class Left_Alone_Category : public std::error_category {
 public:
     const char* name() const noexcept override { return "orvel"; }
     std::string message(int reason) const override
     {
-        return static_cast<Not_Ordinary>(reason) == Not_Ordinary::Device
-                   ? "It is a pipe or a device, not an ordinary file"
-                   : "It is a link that leads to another directory, not an ordinary file";
+        switch (static_cast<Left_Alone>(reason)) {
+        case Left_Alone::Device:
+            return "It is a pipe or a device, not an ordinary file";
+        case Left_Alone::Link_Elsewhere:
+            return "It is a link that leads to another directory, not an ordinary file";
+        case Left_Alone::In_Use:
+            break;
+        }
+        return "Another program has it open";
     }
 };
 
 } // namespace
 
-std::error_code make_error_code(Not_Ordinary reason)
+std::error_code make_error_code(Left_Alone reason)
 {
-    static const Not_Ordinary_Category category;
+    static const Left_Alone_Category category;
     return {static_cast<int>(reason), category};
 }
 

@@ -8,10 +8,10 @@
 
 namespace orvel {
 
-// Why a file is neither read nor written although it is there: only ordinary files are. A link within its directory is
-// followed, one that leads elsewhere is not.
-enum class Not_Ordinary { Device = 1, Link_Elsewhere };
-std::error_code make_error_code(Not_Ordinary reason);
+// Why a file is neither read nor written although it is there: only ordinary files are, and none that another program
+// keeps for itself, as some systems let it. A link within its directory is followed, one that leads elsewhere is not.
+enum class Left_Alone { Device = 1, Link_Elsewhere, In_Use };
+std::error_code make_error_code(Left_Alone reason);
 
 // An open file, unbuffered: each call is a system call, repeated until all is done. Child programs do not inherit it.
 // Opening never waits, not even for the other end of a pipe.
@@ -60,4 +60,4 @@ private:
 
 } // namespace orvel
 
-template <> struct std::is_error_code_enum<orvel::Not_Ordinary> : std::true_type {};
+template <> struct std::is_error_code_enum<orvel::Left_Alone> : std::true_type {};

@@ -57,7 +57,7 @@ int Open(std::filesystem::path file, int flags, mode_t rights, std::error_code& 
         if (no_link)
             return -1;
         if (target.has_parent_path()) {
-            error = Not_Ordinary::Link_Elsewhere;
+            error = Left_Alone::Link_Elsewhere;
             return -1;
         }
         file.replace_filename(target);
@@ -72,7 +72,7 @@ std::error_code Check_Ordinary(int number)
         return Last_Error();
     if (S_ISDIR(about.st_mode))
         return std::make_error_code(std::errc::is_a_directory);
-    return S_ISREG(about.st_mode) ? std::error_code() : Not_Ordinary::Device;
+    return S_ISREG(about.st_mode) ? std::error_code() : Left_Alone::Device;
 }
 
 // Repeats a call that a signal interrupted.

@@ -3,8 +3,10 @@
 #include "core/system/named_lock_windows.h"
 
 #include <algorithm>
+#include <chrono>
 #include <map>
 #include <mutex>
+#include <thread>
 
 namespace orvel {
 
@@ -49,7 +51,7 @@ DWORD Disposition_Of(File_Handle::Use use)
 std::error_code Check_Ordinary(HANDLE handle)
 {
     if (::GetFileType(handle) != FILE_TYPE_DISK)
-        return Not_Ordinary::Device;
+        return Left_Alone::Device;
     BY_HANDLE_FILE_INFORMATION about{};
     if (::GetFileInformationByHandle(handle, &about) == 0)
         return Last_Error();
@@ -62,12 +64,31 @@ std::error_code Check_Link(const std::filesystem::path& file)
 {
     std::error_code no_link;
     const auto target = std::filesystem::read_symlink(file, no_link);
-    return !no_link && target.has_parent_path() ? make_error_code(Not_Ordinary::Link_Elsewhere) : std::error_code();
+    return !no_link && target.has_parent_path() ? make_error_code(Left_Alone::Link_Elsewhere) : std::error_code();
+}
+
+// Tries again while another program, such as a virus scanner, keeps the file for itself: for an instant, since who asks
+// may have many files to read.
+Held_Handle Open_When_Let_Go(const std::filesystem::path& file, DWORD access, DWORD disposition, DWORD flags)
+{
+    constexpr std::chrono::milliseconds Pause(10), Most(200);
+    const auto end = std::chrono::steady_clock::now() + Most;
+    while (true) {
+        Held_Handle opened = Open_Shared(file, access, disposition, flags);
+        const DWORD reason = opened ? 0 : ::GetLastError();
+        if (reason != ERROR_SHARING_VIOLATION || std::chrono::steady_clock::now() >= end) {
+            ::SetLastError(reason);
+            return opened;
+        }
+        std::this_thread::sleep_for(Pause);
+    }
 }
 
 // What is there but is no file that could be opened so, as the other systems tell it.
 std::error_code Reason_Of(const std::filesystem::path& file, std::error_code error)
 {
+    if (error.value() == ERROR_SHARING_VIOLATION)
+        return Left_Alone::In_Use;
     std::error_code ignored;
     return error == std::errc::permission_denied && std::filesystem::is_directory(file, ignored)
                ? std::make_error_code(std::errc::is_a_directory)
@@ -105,10 +126,10 @@ File_Handle::File_Handle(const std::filesystem::path& file, Use use, std::error_
     if (error)
         return;
     const bool may_be_written = (rights & std::filesystem::perms::owner_write) != std::filesystem::perms::none;
-    Held_Handle opened = Open_Shared(file, Access_Of(use), Disposition_Of(use),
-                                     use == Use::Directory ? DWORD{FILE_FLAG_BACKUP_SEMANTICS}
-                                     : may_be_written      ? DWORD{FILE_ATTRIBUTE_NORMAL}
-                                                           : DWORD{FILE_ATTRIBUTE_READONLY});
+    Held_Handle opened = Open_When_Let_Go(file, Access_Of(use), Disposition_Of(use),
+                                          use == Use::Directory ? DWORD{FILE_FLAG_BACKUP_SEMANTICS}
+                                          : may_be_written      ? DWORD{FILE_ATTRIBUTE_NORMAL}
+                                                                : DWORD{FILE_ATTRIBUTE_READONLY});
     if (!opened) {
         error = Reason_Of(file, Last_Error());
         return;

@@ -4,16 +4,45 @@
 namespace orvel {
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
+
+namespace {
+
+constexpr std::size_t Short_Enough = 240; // a name of eight and three still fits behind a directory
+
+bool Is_Taken_As_It_Is(const fs::path& path)
+{
+    if (path.native().starts_with(LR"(\\?\)") || path.native().starts_with(LR"(\\.\)"))
+        return true; // already as the system takes it
+    const std::size_t before = path.is_absolute() ? 0 : ::GetCurrentDirectoryW(0, nullptr);
+    return before + path.native().size() < Short_Enough;
+}
+
+} // namespace
 
 std::wstring Long_Path(const fs::path& path)
 {
-    constexpr std::size_t Short_Enough = 240; // a name of eight and three still fits behind a directory
+    if (Is_Taken_As_It_Is(path))
+        return path.wstring();
     std::error_code error;
     fs::path whole = path.is_absolute() ? path : fs::absolute(path, error);
     std::wstring text = error ? path.wstring() : whole.lexically_normal().make_preferred().wstring();
-    if (text.size() < Short_Enough || text.starts_with(LR"(\\?\)") || text.starts_with(LR"(\\.\)"))
+    if (text.size() < Short_Enough)
         return path.wstring();
     return text.starts_with(LR"(\\)") ? LR"(\\?\UNC\)" + text.substr(2) : LR"(\\?\)" + text;
+}
+
+std::wstring Short_Path(const fs::path& path)
+{
+    const std::wstring text = Long_Path(path);
+    constexpr std::size_t Prefix = 4; // of a long name
+    if (text == path.wstring())
+        return text;
+    std::wstring brief(text.size() + 1, L'\0');
+    brief.resize(::GetShortPathNameW(text.c_str(), brief.data(), static_cast<DWORD>(brief.size())));
+    if (brief.starts_with(LR"(\\?\UNC\)"))
+        return LR"(\\)" + brief.substr(LR"(\\?\UNC\)"s.size());
+    return brief.size() <= Prefix ? path.wstring() : brief.substr(Prefix);
 }
 
 std::string To_Utf8_Text(std::wstring_view text)

@@ -59,6 +59,10 @@ private:
 // A path that may be longer than 260 characters.
 std::wstring Long_Path(const std::filesystem::path& path);
 
+// The same place by the short names that the system may have given to what has a long one: a working directory has no
+// more than 258 characters. The path itself if it is short, or has no such names.
+std::wstring Short_Path(const std::filesystem::path& path);
+
 // Text of the system, UTF-16, as UTF-8 and back.
 std::string To_Utf8_Text(std::wstring_view text);
 std::wstring From_Utf8_Text(std::string_view text);

@@ -129,9 +129,13 @@ bool End_Holders(const std::filesystem::path& directory)
     constexpr UINT Ended = 0xE0000009; // as by a signal, see spawn
     const auto opened = Open_Shared(directory, FILE_READ_ATTRIBUTES | SYNCHRONIZE);
     const auto name = opened ? Lock_Name(opened.Get()) : std::wstring();
-    const Held_Handle group(name.empty() ? nullptr
-                                         : ::OpenJobObjectW(JOB_OBJECT_TERMINATE, FALSE, (name + Group_End).c_str()));
-    return group && ::TerminateJobObject(group.Get(), Ended) != 0;
+    constexpr DWORD Access = JOB_OBJECT_TERMINATE | JOB_OBJECT_QUERY;
+    const Held_Handle group(name.empty() ? nullptr : ::OpenJobObjectW(Access, FALSE, (name + Group_End).c_str()));
+    JOBOBJECT_BASIC_ACCOUNTING_INFORMATION about{}; // the group outlives its programs while somebody holds it
+    if (!group || ::QueryInformationJobObject(group.Get(), JobObjectBasicAccountingInformation, &about, sizeof about,
+                                              nullptr) == 0)
+        return false;
+    return about.ActiveProcesses > 0 && ::TerminateJobObject(group.Get(), Ended) != 0;
 }
 
 bool Is_Locked(const std::filesystem::path& path)

@@ -1,3 +1,4 @@
+#include "core/system/file_handle.h"
 #include "core/system/handle_windows.h"
 #include "core/system/rename.h"
 
@@ -13,6 +14,12 @@ bool Is_Held(const std::error_code& reason)
 {
     return reason.value() == ERROR_SHARING_VIOLATION || reason.value() == ERROR_ACCESS_DENIED ||
            reason.value() == ERROR_LOCK_VIOLATION;
+}
+
+// The system denies access to what another program has open; to what may not be changed as well.
+bool Another_Has_It_Open(const std::filesystem::path& path)
+{
+    return !Open_Shared(path, DELETE) && ::GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
 // A directory without entries gives way to another one, as on other systems.
@@ -43,8 +50,10 @@ std::error_code Rename(const std::filesystem::path& from, const std::filesystem:
     const auto end = std::chrono::steady_clock::now() + Most;
     while (true) {
         const std::error_code error = Try_To_Rename(from, to);
-        if (!error || !Is_Held(error) || std::chrono::steady_clock::now() >= end)
+        if (!error || !Is_Held(error))
             return error;
+        if (std::chrono::steady_clock::now() >= end)
+            return Another_Has_It_Open(to) || Another_Has_It_Open(from) ? Left_Alone::In_Use : error;
         std::this_thread::sleep_for(Pause);
     }
 }

@@ -97,6 +97,13 @@ private:
     std::vector<std::byte> Memory;
 };
 
+// The system would hand these to its command interpreter, which reads their arguments by rules of its own.
+bool Is_Command_File(const std::filesystem::path& program)
+{
+    const std::wstring ending = program.extension().wstring();
+    return ::_wcsicmp(ending.c_str(), L".bat") == 0 || ::_wcsicmp(ending.c_str(), L".cmd") == 0;
+}
+
 // A program that holds the lock of its directory is in the group of that name, which it keeps itself, so that it can be
 // found when its starter has gone.
 Held_Handle Group_Of(const Program_Start& start)
@@ -107,12 +114,43 @@ Held_Handle Group_Of(const Program_Start& start)
         name = directory ? Lock_Name(directory.Get()) + Group_End : std::wstring();
     }
     SECURITY_ATTRIBUTES security{.nLength = sizeof security, .bInheritHandle = TRUE};
-    return Held_Handle(::CreateJobObjectW(&security, name.empty() ? nullptr : name.c_str()));
+    Held_Handle group(::CreateJobObjectW(&security, name.empty() ? nullptr : name.c_str()));
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_BREAKAWAY_OK; // for a session of its own
+    ::SetInformationJobObject(group.Get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    return group;
+}
+
+// A program with a session of its own leaves the groups of its starter, unless one of another program keeps it.
+bool Create(const Program_Start& start, DWORD flags, STARTUPINFOEXW& how, PROCESS_INFORMATION& made)
+{
+    const std::wstring program =
+        start.Program.native().size() < MAX_PATH ? start.Program.wstring() : Long_Path(start.Program);
+    const std::wstring directory = Short_Path(start.Directory);
+    const auto create = [&](DWORD breakaway) {
+        std::wstring line = Command_Line(start);
+        return ::CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, flags | breakaway, nullptr,
+                                start.Directory.empty() ? nullptr : directory.c_str(), &how.StartupInfo, &made) != 0;
+    };
+    if (start.Own_Session && create(CREATE_BREAKAWAY_FROM_JOB))
+        return true;
+    return (!start.Own_Session || ::GetLastError() == ERROR_ACCESS_DENIED) && create(0);
 }
 
 [[noreturn]] void Refuse(const Program_Start& start, const std::error_code& reason)
 {
     throw File_Error("Cannot start " + start.Program.string() + ": " + reason.message() + ".");
+}
+
+// The system starts no program in a directory with a longer name, whatever else it allows.
+void Refuse_If_Too_Deep(const Program_Start& start)
+{
+    constexpr std::size_t Longest = 258;
+    const std::size_t length = Short_Path(start.Directory).size();
+    if (length > Longest)
+        throw File_Error("Cannot start " + start.Program.string() + ": The directory " + start.Directory.string() +
+                         " has " + std::to_string(length) + " characters, and Windows starts a program only where " +
+                         std::to_string(Longest) + " are enough. Move the installation to a shorter path.");
 }
 
 Program_End End_Of(int process, DWORD code)
@@ -156,6 +194,9 @@ int Kept_As(int descriptor)
 
 int Start_Program(const Program_Start& start)
 {
+    if (Is_Command_File(start.Program))
+        Refuse(start, std::make_error_code(std::errc::executable_format_error));
+    Refuse_If_Too_Deep(start);
     const auto input = Null_Device(GENERIC_READ), output = Output_Of(start);
     if (!input || !output)
         Refuse(start, Last_Error());
@@ -179,12 +220,10 @@ int Start_Program(const Program_Start& start)
     how.StartupInfo.hStdError = error ? error.Get() : output.Get();
     how.lpAttributeList = inheritance.Get();
 
-    std::wstring line = Command_Line(start);
     const DWORD flags = EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED | CREATE_NO_WINDOW |
                         (start.Own_Group || start.Own_Session ? CREATE_NEW_PROCESS_GROUP : 0U);
     PROCESS_INFORMATION made{};
-    if (::CreateProcessW(start.Program.c_str(), line.data(), nullptr, nullptr, TRUE, flags, nullptr,
-                         start.Directory.empty() ? nullptr : start.Directory.c_str(), &how.StartupInfo, &made) == 0)
+    if (!Create(start, flags, how, made))
         Refuse(start, Last_Error());
     Held_Handle process(made.hProcess);
     const Held_Handle thread(made.hThread);

@@ -168,8 +168,8 @@ void form_end::Ausgabe_Click(int option)
 void form_end::Command()
 {
     const auto directory = std::filesystem::current_path();
-    Show_Command(this, {"cd " + Shell_Word(directory.string()),
-                        Orvelctl_Line(The_Session.Program.App_Path, Single_Run_Words(Entry()))});
+    Show_Command(this,
+                 {Directory_Line(directory), Orvelctl_Line(The_Session.Program.App_Path, Single_Run_Words(Entry()))});
 }
 
 void form_end::Start()
