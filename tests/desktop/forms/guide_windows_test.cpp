@@ -119,4 +119,13 @@ TEST_F(Windows_Test, Say_Where_The_Guide_Would_Be)
     qunsetenv("ORVELSUITE_GUIDE");
 }
 
+TEST(Guide_Pages, Lie_Where_The_Variable_Says)
+{
+    qputenv("ORVELSUITE_GUIDE", "/srv/guide");
+    EXPECT_EQ(Guide_Directory("/usr/bin/orvelsuite"), "/srv/guide");
+    qputenv("ORVELSUITE_GUIDE", "");
+    EXPECT_EQ(Guide_Directory("/nowhere/bin/orvelsuite"), "/nowhere/share/orvelsuite/guide");
+    qunsetenv("ORVELSUITE_GUIDE");
+}
+
 } // namespace orvel
