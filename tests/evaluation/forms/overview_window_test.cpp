@@ -2,6 +2,7 @@
 // window to their percentiles, and one of their files is broken.
 #include "charts/forms/chart_view.h"
 #include "core/files.h"
+#include "core/shell_line.h"
 #include "core/text.h"
 #include "desktop/forms/windows.h"
 #include "evaluation/forms/overview_window.h"
@@ -467,7 +468,7 @@ TEST_F(Overview_Window_Test, A_Cell_Opens_What_Belongs_To_It_And_A_Row_Runs_What
     QString line;
     In_Modal([&](QWidget& box) { line = Find<QPlainTextEdit>(box, "Commands")->toPlainText(); });
     Click<QPushButton>(window, "Befehl");
-    EXPECT_EQ(line, "orvelctl -C " + QString::fromStdString(Installation().string()) + " overview --mode focus");
+    EXPECT_EQ(line.toStdString(), "orvelctl -C " + Shell_Word(Installation().string()) + " overview --mode focus");
 
     auto* menu = Find<QMenu>(window, "Menu");
     emit menu->aboutToShow();

@@ -3,6 +3,7 @@
 #include "charts/forms/chart_view.h"
 #include "core/csv_reader.h"
 #include "core/files.h"
+#include "core/shell_line.h"
 #include "orvelctl_program.h"
 #include "plans/forms/plans_window.h"
 #include "plans/plan_directory.h"
@@ -387,7 +388,7 @@ TEST_F(Plans_Window_Test, Results_Are_Copied_And_Saved_As_Table_And_Workbook)
 
     In_Modal([&](QWidget& box) {
         const auto commands = Find<QPlainTextEdit>(box, "Commands")->toPlainText();
-        EXPECT_TRUE(commands.contains("plan run " + QString::fromStdString(plan.string()) + " --to "))
+        EXPECT_TRUE(commands.contains("plan run " + QString::fromStdString(Shell_Word(plan.string())) + " --to "))
             << commands.toStdString();
         EXPECT_TRUE(commands.contains("plan results "));
     });
