@@ -97,7 +97,7 @@ TEST_F(Windows_Test, Open_The_Guide_At_Their_Place_By_F1)
         QTest::keyClick(window->focusWidget() ? window->focusWidget() : window.get(), Qt::Key_F1);
 
         EXPECT_EQ(browser.source().toLocalFile().toStdString(),
-                  (guide / "windows" / (window->objectName().toStdString() + ".html")).string());
+                  (guide / "windows" / (window->objectName().toStdString() + ".html")).generic_string());
         QDesktopServices::unsetUrlHandler("file");
     }
     EXPECT_EQ(std::ranges::count(The_User.Messages, "Guide", &Message::Title), 0);
