@@ -16,6 +16,7 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("ORVEL_TEST_EDITED_FILE"))
         qputenv("XDG_STATE_HOME", QByteArray::fromStdString(state.Path().string()));
     ::testing::InitGoogleTest(&argc, argv);
+    orvel::Guarded_Application::setAttribute(Qt::AA_DontUseNativeDialogs); // no hand reaches into those of the system
     orvel::Guarded_Application application(argc, argv);
     orvel::Guarded_Application::setStyle("fusion"); // whichever style the system has
     return RUN_ALL_TESTS();

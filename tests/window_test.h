@@ -10,6 +10,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
@@ -78,12 +79,16 @@ inline void Retype(const QWidget& window, const QString& name, const QString& te
     QTest::keyClick(field, Qt::Key_Tab);
 }
 
-// What a hand does in the modal window that opens next; one that it leaves open is closed.
-inline void In_Modal(std::function<void(QWidget&)> use)
+// What a hand does in the modal window that opens next, which a display may show a while later; one that it leaves open
+// is closed.
+inline void In_Modal(std::function<void(QWidget&)> use, QDeadlineTimer until = QDeadlineTimer(5000),
+                     const QWidget* before = QApplication::activeModalWidget())
 {
-    QTimer::singleShot(0, [use = std::move(use)] {
+    QTimer::singleShot(0, [use = std::move(use), until, before] {
         QPointer<QWidget> form = QApplication::activeModalWidget();
-        if (!form)
+        if (form == before && !until.hasExpired())
+            return In_Modal(use, until, before);
+        if (!form || form == before)
             return ADD_FAILURE() << "no modal window";
         try { // no exception may leave a handler of Qt
             use(*form);

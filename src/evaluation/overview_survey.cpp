@@ -126,13 +126,13 @@ void Overview_Survey::List_Runs()
 try {
     Lists_Again = false;
     Failure.clear();
-    Is_Unwatched = !Watch.Add(App_Path) || !Watch.Add(Directory);
+    Is_Unwatched = !Watch.Add(App_Path) || !Watch.Add_In_Tree(Directory, Directory);
     std::set<fs::path> seen;
     Order.clear();
     for (auto& place : Simulation_Places(Directory)) {
         const fs::path run = place.Directory;
         for (const auto& level : {run.parent_path().parent_path(), run.parent_path(), run}) {
-            if (!Watch.Add(level))
+            if (!Watch.Add_In_Tree(Directory, level))
                 Is_Unwatched = true;
         }
         seen.insert(run);

@@ -5,6 +5,7 @@
 #include "core/csv_reader.h"
 #include "core/files.h"
 #include "core/numbers.h"
+#include "core/session.h"
 #include "core/text.h"
 #include "records/results.h"
 #include "tables/leachate_tables.h"

@@ -2,7 +2,6 @@
 #include "temporary_directory.h"
 #include "ui/guide.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace orvel {
@@ -28,15 +27,6 @@ TEST(Guide_Pages, Are_Those_Beside_The_Program_Before_Those_Built_Or_Installed_W
     EXPECT_EQ(Guide_Directory(place / "bin/orvelsuite"), place / "guide");
     Make_File(place / "bin/guide/index.html");
     EXPECT_EQ(Guide_Directory(place / "bin/orvelsuite"), place / "bin/guide");
-}
-
-TEST(Guide_Pages, Lie_Where_The_Variable_Says)
-{
-    setenv("ORVELSUITE_GUIDE", "/srv/guide", 1);
-    EXPECT_EQ(Guide_Directory("/usr/bin/orvelsuite"), "/srv/guide");
-    setenv("ORVELSUITE_GUIDE", "", 1);
-    EXPECT_EQ(Guide_Directory("/nowhere/bin/orvelsuite"), "/nowhere/share/orvelsuite/guide");
-    unsetenv("ORVELSUITE_GUIDE");
 }
 
 TEST(Guide_Pages, Are_Found_For_The_Nearest_Window_That_Has_One)

@@ -25,6 +25,10 @@ public:
     // False: the system cannot watch it. A directory that is watched already stays so.
     bool Add(const std::filesystem::path& directory);
 
+    // The same for the root of a tree and directories in it: a system that can watch a tree does so once for all of
+    // them.
+    bool Add_In_Tree(const std::filesystem::path& root, const std::filesystem::path& directory);
+
     // What has happened since the last call; waits for it up to a time, or until woken. Empty after that.
     std::vector<Event> Wait(std::chrono::milliseconds most);
 

@@ -53,6 +53,11 @@ bool Directory_Watch::Add(const std::filesystem::path& directory)
     return true;
 }
 
+bool Directory_Watch::Add_In_Tree(const std::filesystem::path&, const std::filesystem::path& directory)
+{
+    return Add(directory);
+}
+
 std::vector<Directory_Watch::Event> Directory_Watch::Wait(std::chrono::milliseconds most)
 {
     std::array<pollfd, 2> both = {{{Held->Notifier, POLLIN, 0}, {Held->Waker, POLLIN, 0}}};

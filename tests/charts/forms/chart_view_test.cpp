@@ -246,8 +246,7 @@ TEST(Chart_View, The_Tip_Of_A_Value_Is_Not_Replaced_By_That_Of_The_View)
     const QPoint box = Chart_Plane(Sample(), view.rect(), view.font()).At(4.5, 3).toPoint();
 
     QTest::mouseMove(&view, box);
-    QCoreApplication::processEvents();
-    ASSERT_NE(QToolTip::text(), "");
+    ASSERT_TRUE(QTest::qWaitFor([] { return !QToolTip::text().isEmpty(); }));
     QHelpEvent rest(QEvent::ToolTip, box, view.mapToGlobal(box));
     QApplication::sendEvent(&view, &rest);
 

@@ -12,6 +12,8 @@
 
 namespace orvel {
 
+constexpr int Patience = 60'000; // ms, until a window has read its files
+
 struct Opened_Window {
     QString Name; // of the picture
     std::function<std::unique_ptr<QWidget>(Session&)> Open;

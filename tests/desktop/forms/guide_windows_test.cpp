@@ -97,7 +97,7 @@ TEST_F(Windows_Test, Open_The_Guide_At_Their_Place_By_F1)
         QTest::keyClick(window->focusWidget() ? window->focusWidget() : window.get(), Qt::Key_F1);
 
         EXPECT_EQ(browser.source().toLocalFile().toStdString(),
-                  (guide / "windows" / (window->objectName().toStdString() + ".html")).string());
+                  (guide / "windows" / (window->objectName().toStdString() + ".html")).generic_string());
         QDesktopServices::unsetUrlHandler("file");
     }
     EXPECT_EQ(std::ranges::count(The_User.Messages, "Guide", &Message::Title), 0);
@@ -116,6 +116,15 @@ TEST_F(Windows_Test, Say_Where_The_Guide_Would_Be)
 
     const Message told = Guide_Not_Installed(guide.Path());
     EXPECT_EQ(The_User.Messages, (std::vector{told, told}));
+    qunsetenv("ORVELSUITE_GUIDE");
+}
+
+TEST(Guide_Pages, Lie_Where_The_Variable_Says)
+{
+    qputenv("ORVELSUITE_GUIDE", "/srv/guide");
+    EXPECT_EQ(Guide_Directory("/usr/bin/orvelsuite"), "/srv/guide");
+    qputenv("ORVELSUITE_GUIDE", "");
+    EXPECT_EQ(Guide_Directory("/nowhere/bin/orvelsuite"), "/nowhere/share/orvelsuite/guide");
     qunsetenv("ORVELSUITE_GUIDE");
 }
 

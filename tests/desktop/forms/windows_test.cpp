@@ -304,7 +304,7 @@ void Look_At_All(const std::vector<Opened_Window>& windows, Session& session, co
         const auto window = opened.Open(session);
         window->show();
         QTest::qWait(Windows_Test::Is_Whole() ? 2000 : 50); // until its threads have read the runs
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !Is_At_Work(*window); }, Patience));
         Keep_Picture(*window, opened.Name + picture_suffix);
         EXPECT_EQ(Cut_In(*window).join("; ").toStdString(), "");
     }

@@ -221,9 +221,10 @@ void Document_By_Hand::Build()
 void Document_By_Hand::Run(const std::string& file, const std::string& location)
 {
     const std::string at = "-C " + Installation().string();
-    Orvelctl(at + " mark --mode focus --pesticide " + file + ".psm --crop 'Winter cereals' --location '" + location +
-             "'");
-    Orvelctl(at + " start --mode focus --wait");
+    ASSERT_EQ(Orvelctl(at + " mark --mode focus --pesticide " + file + ".psm --crop 'Winter cereals' --location '" +
+                       location + "'"),
+              0);
+    ASSERT_EQ(Orvelctl(at + " start --mode focus --wait"), 0);
 }
 
 void Expect_Active_Substance(QWidget& form)

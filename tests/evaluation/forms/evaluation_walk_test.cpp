@@ -3,6 +3,7 @@
 // columns that the program reads.
 #include "charts/forms/chart_view.h"
 #include "evaluation/forms/analyse.h"
+#include "orvelctl_program.h"
 #include "runs/start_up.h"
 #include "temporary_directory.h"
 #include "window_test.h"
@@ -162,11 +163,12 @@ protected:
     {
         Place = new Temporary_Directory;
         const std::string at = " -C " + Installation().string();
-        Orvelctl("init " + Installation().string());
+        ASSERT_EQ(Orvelctl("init " + Installation().string()), 0);
         for (const char* location : {"Hamburg (H)", "Jokioinen (J)", "Kremsm\xC3\xBCnster (K)"})
-            Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location '" + location +
-                     "'");
-        Orvelctl(at + " start --mode focus --wait");
+            ASSERT_EQ(Orvelctl(at + " mark --mode focus --pesticide demo_D.psm --crop 'Winter cereals' --location '" +
+                               location + "'"),
+                      0);
+        ASSERT_EQ(Orvelctl(at + " start --mode focus --wait"), 0);
     }
     static void TearDownTestSuite() { delete Place; }
 
@@ -174,11 +176,6 @@ protected:
     {
         The_Session.Program.App_Path = Installation();
         Start_Up(The_Session);
-    }
-
-    static void Orvelctl(const std::string& arguments)
-    {
-        ASSERT_EQ(std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null").c_str()), 0) << arguments;
     }
 
     static fs::path Installation() { return Place->Path() / "installation"; }
@@ -382,10 +379,10 @@ TEST_F(Evaluation_Walk, The_Report_Holds_The_Percentile_Of_Every_Location_And_Sa
 TEST_F(Evaluation_Walk, The_Concentrations_In_Soil_Agree_With_The_Profile_Rows_Of_The_Engine)
 {
     const std::string at = " -C " + Installation().string();
-    Orvelctl(
-        at +
-        " mark --mode efsa --pesticide demo_S.psm --crop 'Winter cereals' --location 'Total content - North (T_N)'");
-    Orvelctl(at + " start --mode efsa --wait");
+    ASSERT_EQ(Orvelctl(at + " mark --mode efsa --pesticide demo_S.psm --crop 'Winter cereals' --location "
+                            "'Total content - North (T_N)'"),
+              0);
+    ASSERT_EQ(Orvelctl(at + " start --mode efsa --wait"), 0);
     Open(Mode_Kind::Efsa);
     Find<QComboBox>(*Browser, "ERC")->setCurrentText("5");
 

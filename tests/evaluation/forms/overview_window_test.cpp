@@ -2,10 +2,12 @@
 // window to their percentiles, and one of their files is broken.
 #include "charts/forms/chart_view.h"
 #include "core/files.h"
+#include "core/shell_line.h"
 #include "core/text.h"
 #include "desktop/forms/windows.h"
 #include "evaluation/forms/overview_window.h"
 #include "jobs/forms/focus.h"
+#include "orvelctl_program.h"
 #include "pdf_text.h"
 #include "runs/start_up.h"
 #include "temporary_directory.h"
@@ -54,10 +56,6 @@ protected:
         Start_Up(The_Session);
     }
 
-    static int Orvelctl(const std::string& arguments)
-    {
-        return std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null 2>&1").c_str());
-    }
     static fs::path Installation() { return Place->Path() / "installation"; }
     static fs::path Run(const std::string& location)
     {
@@ -439,8 +437,7 @@ TEST_F(Overview_Window_Test, A_Line_That_Is_Copied_As_Command_Does_The_Same)
     ASSERT_EQ(lines.size(), 3);
     ASSERT_TRUE(lines[0].startsWith("orvelctl -C ")) << lines[0].toStdString();
 
-    const std::string command = std::string(ORVELCTL) + lines[0].mid(8).toStdString() + " >/dev/null 2>&1";
-    EXPECT_EQ(std::system(command.c_str()), 0) << command;
+    EXPECT_EQ(Orvelctl(lines[0].mid(9).toStdString()), 0) << lines[0].toStdString();
 
     const fs::path run = Installation() / "focus/demo_A.run/Winter_-_cereals.run/Jokioinen_-_(J).run";
     EXPECT_TRUE(fs::exists(run / "orvel.inp"));
@@ -471,7 +468,7 @@ TEST_F(Overview_Window_Test, A_Cell_Opens_What_Belongs_To_It_And_A_Row_Runs_What
     QString line;
     In_Modal([&](QWidget& box) { line = Find<QPlainTextEdit>(box, "Commands")->toPlainText(); });
     Click<QPushButton>(window, "Befehl");
-    EXPECT_EQ(line, "orvelctl -C " + QString::fromStdString(Installation().string()) + " overview --mode focus");
+    EXPECT_EQ(line.toStdString(), "orvelctl -C " + Shell_Word(Installation().string()) + " overview --mode focus");
 
     auto* menu = Find<QMenu>(window, "Menu");
     emit menu->aboutToShow();
@@ -539,7 +536,7 @@ TEST_F(Overview_Window_Test, Is_Compared_With_Earlier_Results_And_Comes_Back)
     Click<QPushButton>(window, "Befehl");
     EXPECT_TRUE(line.contains(" --compare " + QString::fromStdString((Installation() / "focus/bin/").string())))
         << line.toStdString();
-    EXPECT_EQ(std::system((std::string(ORVELCTL) + line.mid(8).toStdString() + " >/dev/null").c_str()), 0);
+    EXPECT_EQ(Orvelctl(line.mid(9).toStdString()), 0) << line.toStdString();
 
     Click<QPushButton>(window, "Vergleich_Ende");
     EXPECT_TRUE(QTest::qWaitFor([&] { return Cells(window, 0) == alone; }, Patience));

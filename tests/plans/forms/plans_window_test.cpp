@@ -3,6 +3,8 @@
 #include "charts/forms/chart_view.h"
 #include "core/csv_reader.h"
 #include "core/files.h"
+#include "core/shell_line.h"
+#include "orvelctl_program.h"
 #include "plans/forms/plans_window.h"
 #include "plans/plan_directory.h"
 #include "runs/start_up.h"
@@ -46,20 +48,13 @@ protected:
         Start_Up(The_Session);
     }
 
-    static int Orvelctl(const std::string& arguments)
-    {
-        return std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null 2>&1").c_str());
-    }
     static fs::path Installation() { return Home->Path() / "installation"; }
 
     // What the command line prints of a plan's results: the figures by id.
     std::map<std::string, std::string> Results_Of(const fs::path& directory)
     {
         const auto file = Place / "printed.csv";
-        EXPECT_EQ(
-            std::system((std::string(ORVELCTL) + " plan results '" + directory.string() + "' > '" + file.string() + "'")
-                            .c_str()),
-            0);
+        EXPECT_EQ(Orvelctl("plan results '" + directory.string() + "'", file), 0);
         const std::string text = Read_Whole(file);
         Csv_Reader rows(Source_Of(text));
         Csv_Row row;
@@ -393,7 +388,7 @@ TEST_F(Plans_Window_Test, Results_Are_Copied_And_Saved_As_Table_And_Workbook)
 
     In_Modal([&](QWidget& box) {
         const auto commands = Find<QPlainTextEdit>(box, "Commands")->toPlainText();
-        EXPECT_TRUE(commands.contains("plan run " + QString::fromStdString(plan.string()) + " --to "))
+        EXPECT_TRUE(commands.contains("plan run " + QString::fromStdString(Shell_Word(plan.string())) + " --to "))
             << commands.toStdString();
         EXPECT_TRUE(commands.contains("plan results "));
     });

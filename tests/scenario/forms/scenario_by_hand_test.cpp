@@ -6,6 +6,7 @@
 #include "jobs/forms/form_end.h"
 #include "jobs/job_status.h"
 #include "jobs/single_run_start.h"
+#include "orvelctl_program.h"
 #include "runs/start_up.h"
 #include "scenario/forms/klima.h"
 #include "scenario/forms/szenario.h"
@@ -32,9 +33,8 @@ class Scenario_By_Hand : public Window_Test {
 protected:
     Scenario_By_Hand()
     {
-        const std::string command = std::string(ORVELCTL) + " init " + Installation().string() + " >/dev/null";
-        if (std::system(command.c_str()) != 0)
-            throw std::runtime_error(command);
+        if (Orvelctl("init " + Installation().string()) != 0)
+            throw std::runtime_error("no installation");
         The_Session.Program.App_Path = Installation();
         Start_Up(The_Session);
     }

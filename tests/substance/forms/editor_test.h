@@ -1,10 +1,9 @@
 #pragma once
 
 #include "documents/forms/form_psm_open.h"
+#include "orvelctl_program.h"
 #include "temporary_directory.h"
 #include "window_test.h"
-
-#include <cstdlib>
 
 namespace orvel {
 
@@ -28,14 +27,9 @@ protected:
     static void SetUpTestSuite()
     {
         Place = std::make_unique<Temporary_Directory>();
-        Orvelctl("init " + Installation().string());
+        ASSERT_EQ(Orvelctl("init " + Installation().string()), 0);
     }
     static void TearDownTestSuite() { Place.reset(); }
-
-    static void Orvelctl(const std::string& arguments)
-    {
-        ASSERT_EQ(std::system((std::string(ORVELCTL) + " " + arguments + " >/dev/null").c_str()), 0) << arguments;
-    }
 
     static std::filesystem::path Installation() { return Place->Path() / "installation"; }
 

@@ -1,7 +1,6 @@
 #include "tables/forms/text_viewer.h"
 
 #include "core/files.h"
-#include "full_disk.h"
 #include "temporary_directory.h"
 #include "ui/forms/widgets.h"
 #include "ui/shown_file.h"
@@ -98,27 +97,6 @@ TEST_F(Text_Viewer_Test, The_Lines_Of_The_Errors_Stand_Out_In_A_Failure_Report)
         EXPECT_EQ(line.format.foreground().color(), form.palette().color(QPalette::HighlightedText));
         EXPECT_TRUE(line.format.boolProperty(QTextFormat::FullWidthSelection));
     }
-}
-
-// The printer is a PDF file on a disk that is full.
-TEST_F(Text_Viewer_Test, A_Print_That_Fails_Is_Told)
-{
-    const Temporary_Directory place;
-    const QString file = QString::fromStdString((place / "echo.pdf").string());
-    Echo_ORV form(Many_Lines, The_Session.Ask);
-    form.show();
-    const Full_Disk full(1000);
-    In_Modal([&](QWidget& dialog) {
-        dialog.findChild<QLineEdit*>("filename")->setText(file);
-        dynamic_cast<QDialog&>(dialog).accept();
-    });
-
-    Click<QPushButton>(form, "Drucken");
-
-    ASSERT_EQ(The_User.Messages.size(), 1U);
-    EXPECT_EQ(
-        The_User.Messages[0],
-        (Message{"Print", Bytes_Of("\"" + file + "\" could not be written. Nothing, or not all, has been printed.")}));
 }
 
 TEST_F(Text_Viewer_Test, A_Failure_Report_Without_The_Plain_Word_Error_Stays_At_Its_Begin)

@@ -1,10 +1,8 @@
 #include "ui/forms/text_output.h"
 
 #include "core/files.h"
-#include "full_disk.h"
 #include "pdf_text.h"
 #include "temporary_directory.h"
-#include "ui/forms/printing.h"
 #include "ui/forms/widgets.h"
 
 #include <gtest/gtest.h>
@@ -115,24 +113,6 @@ TEST(Print_Text_On, Keeps_What_Stands_Behind_A_Tab)
     const QString read = Text_Of_Pdf(Printed(place / "out.pdf", "Year\t (g/ha)\t\tPercolate\n1\t2.5\t\t300.25\n"));
 
     EXPECT_TRUE(read.simplified().startsWith("Year (g/ha) Percolate 1 2.5 300.25")) << read.toStdString();
-}
-
-TEST(Print_On, Tells_A_File_That_Cannot_Be_Begun_Or_Not_Be_Ended)
-{
-    const Temporary_Directory place;
-    const auto print = [&](const char* name) {
-        QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(QString::fromStdString((place / name).string()));
-        return Print_On(printer, [](QPrinter& chosen) { Print_Text_On(chosen, "A line"); });
-    };
-
-    EXPECT_EQ(print("out.pdf"), std::nullopt);
-    const auto unbegun = print("no/such/out.pdf");
-    ASSERT_TRUE(unbegun);
-    EXPECT_TRUE(unbegun->contains("no/such/out.pdf\" could not be written")) << unbegun->toStdString();
-    const Full_Disk full(1000);
-    EXPECT_TRUE(print("cut.pdf"));
 }
 
 TEST(Print_Text_On, Makes_Pages_Of_A_Long_Text)
