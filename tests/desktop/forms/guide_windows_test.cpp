@@ -9,6 +9,7 @@
 #include "temporary_directory.h"
 #include "ui/forms/guide_opening.h"
 #include "ui/forms/number_edit.h"
+#include "ui/forms/widgets.h"
 #include "ui/guide.h"
 
 #include <algorithm>
