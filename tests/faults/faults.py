@@ -10,6 +10,7 @@ import argparse
 import json
 import mmap
 import os
+import re
 import shutil
 import signal
 import struct
@@ -32,15 +33,17 @@ HOW = {
 HARMLESS = {"EINTR", "SHORT"}
 
 
+# A report tells the minute in which it was made.
+MADE_ON = re.compile(rb"(Report made on[^0-9]*)\d{4}-\d\d-\d\d \d\d:\d\d")
 NOT_COMPLETE = b"a record that is not of a complete run"
 
 
 def content(path):
-    """The bytes of a file; of a record of a run what does not depend on the time."""
+    """The bytes of a file; of a report and of a record of a run what does not depend on the time."""
     with open(path, "rb") as file:
         found = file.read()
     if os.path.basename(path) != "run.json":
-        return found
+        return MADE_ON.sub(rb"\1", found)
     try:
         record = json.loads(found)
     except ValueError:
