@@ -1,9 +1,9 @@
 // Files that only a POSIX system has: links, pipes, devices, owners, names that differ in case alone.
 #include "core/files.h"
 #include "core/system/lock.h"
+#include "plain_files.h"
 #include "temporary_directory.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,31 +12,11 @@ namespace orvel {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-void Fill(const fs::path& file, std::string_view bytes)
-{
-    std::ofstream(file, std::ios::binary) << bytes;
-}
-
-std::string Bytes_In(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-std::size_t Count_In(const fs::path& directory)
-{
-    return static_cast<std::size_t>(std::distance(fs::directory_iterator(directory), fs::directory_iterator()));
-}
-
-} // namespace
-
 TEST(Find_File, Prefers_The_Exact_Name)
 {
     Temporary_Directory place;
-    Fill(place / "A.psm", "upper");
-    Fill(place / "a.psm", "lower");
+    Put(place / "A.psm", "upper");
+    Put(place / "a.psm", "lower");
 
     EXPECT_EQ(Find_File(place.Path(), "a.psm"), place / "a.psm");
     EXPECT_EQ(Find_File(place.Path(), "a.PSM"), place / "A.psm");
@@ -56,7 +36,7 @@ TEST(List_Files, Tells_A_Directory_That_Cannot_Be_Read)
 TEST(Write_Whole, Keeps_The_Mode_Of_The_File_It_Replaces)
 {
     Temporary_Directory place;
-    Fill(place / "file", "old");
+    Put(place / "file", "old");
     fs::permissions(place / "file", fs::perms::owner_all);
 
     Write_Whole(place / "file", "new");
@@ -69,7 +49,7 @@ TEST(Write_Whole, Keeps_The_Owner_Of_The_File_It_Replaces)
     if (::geteuid() != 0)
         GTEST_SKIP() << "only the superuser may give files away";
     Temporary_Directory place;
-    Fill(place / "file", "old");
+    Put(place / "file", "old");
     ASSERT_EQ(::chown((place / "file").c_str(), 1234, 4321), 0);
     fs::permissions(place / "file", fs::perms(0640));
 
@@ -80,7 +60,7 @@ TEST(Write_Whole, Keeps_The_Owner_Of_The_File_It_Replaces)
     EXPECT_EQ(about.st_uid, 1234U);
     EXPECT_EQ(about.st_gid, 4321U);
     EXPECT_EQ(about.st_mode & 07777U, 0640U);
-    EXPECT_EQ(Bytes_In(place / "file"), "new");
+    EXPECT_EQ(Slurp(place / "file"), "new");
 }
 
 TEST(Write_Whole, Takes_Names_As_Long_As_The_System_Does)
@@ -91,15 +71,15 @@ TEST(Write_Whole, Takes_Names_As_Long_As_The_System_Does)
     Write_Whole(place / longest, "first");
     Write_Whole(place / longest, "second");
 
-    EXPECT_EQ(Bytes_In(place / longest), "second");
-    EXPECT_EQ(Count_In(place.Path()), 1U);
+    EXPECT_EQ(Slurp(place / longest), "second");
+    EXPECT_EQ(Entries(place.Path()), 1U);
     EXPECT_THROW(Write_Whole(place / (longest + "n"), "third"), File_Error);
 }
 
 TEST(Write_Whole, Leaves_Alone_What_Is_No_Ordinary_File)
 {
     Temporary_Directory place, elsewhere;
-    Fill(elsewhere / "document", "kept");
+    Put(elsewhere / "document", "kept");
     fs::create_symlink(elsewhere / "document", place / "link");
     ASSERT_EQ(::mkfifo((place / "pipe").c_str(), 0600), 0);
     fs::create_symlink("loop", place / "loop");
@@ -114,8 +94,8 @@ TEST(Write_Whole, Leaves_Alone_What_Is_No_Ordinary_File)
     EXPECT_TRUE(fs::is_symlink(place / "link"));
     EXPECT_TRUE(fs::is_fifo(place / "pipe"));
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
-    EXPECT_EQ(Bytes_In(elsewhere / "document"), "kept");
-    EXPECT_EQ(Count_In(place.Path()), 3U);
+    EXPECT_EQ(Slurp(elsewhere / "document"), "kept");
+    EXPECT_EQ(Entries(place.Path()), 3U);
 }
 
 TEST(Write_Whole, Says_Why_It_Leaves_A_File_Alone)
@@ -141,12 +121,12 @@ TEST(Write_Whole, Says_Why_It_Leaves_A_File_Alone)
 TEST(Write_Whole, Follows_A_Link_Within_The_Directory)
 {
     Temporary_Directory place;
-    Fill(place / "file", "old");
+    Put(place / "file", "old");
     fs::create_symlink("file", place / "link");
 
     Write_Whole(place / "link", "new");
 
-    EXPECT_EQ(Bytes_In(place / "file"), "new");
+    EXPECT_EQ(Slurp(place / "file"), "new");
     EXPECT_EQ(Read_Whole(place / "link"), "new");
     EXPECT_TRUE(fs::is_symlink(place / "link"));
 }

@@ -1,34 +1,14 @@
 #include "core/files.h"
 
 #include "core/system/lock.h"
+#include "plain_files.h"
 #include "temporary_directory.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
 
 namespace orvel {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-void Put(const fs::path& file, std::string_view bytes)
-{
-    std::ofstream(file, std::ios::binary) << bytes;
-}
-
-std::string Slurp(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-std::size_t Entries(const fs::path& directory)
-{
-    return static_cast<std::size_t>(std::distance(fs::directory_iterator(directory), fs::directory_iterator()));
-}
-
-} // namespace
 
 TEST(Find_File, Looks_At_No_Case)
 {

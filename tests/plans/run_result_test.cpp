@@ -39,4 +39,10 @@ TEST(Run_Result_Test, A_Line_Without_Figures_Has_None)
     EXPECT_FALSE(Parse_Figures("\"a,1,b,2,3,4"));
 }
 
+TEST(Run_Result_Test, More_Years_Than_There_Can_Be_Are_Those_That_There_Can)
+{
+    EXPECT_EQ(Parse_Figures("a,1,b,1e30,3,4")->Years, 66);
+    EXPECT_EQ(Parse_Figures("a,1,b,-5,3,4")->Years, 0);
+}
+
 } // namespace orvel

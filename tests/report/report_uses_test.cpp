@@ -64,6 +64,10 @@ TEST_F(Uses_Of_A_Location, Foliar_Methods_Say_How_The_Crop_Takes_It)
     EXPECT_EQ(Uses_Of(Document, "Hamburg (H)")[0].Place, "crop, exponential interception");
     Document.App_Method = 4.0;
     EXPECT_EQ(Uses_Of(Document, "Hamburg (H)")[0].Place, "crop, 40 % intercepted");
+    for (const double no_method : {-0.5, 1e30}) {
+        Document.App_Method = no_method;
+        EXPECT_EQ(Uses_Of(Document, "Hamburg (H)")[0].Place, "soil surface") << no_method;
+    }
 }
 
 TEST_F(Uses_Of_A_Location, Relative_Dates_Are_Those_Of_All_Locations)
