@@ -13,6 +13,7 @@
 #include "output/run_outputs.h"
 #include "runs/batch.h"
 #include "runs/job_file.h"
+#include "runs/run_directory.h"
 #include "runs/run_place.h"
 
 #include <chrono>
@@ -135,6 +136,7 @@ Started_Job Start_Batch(const Program_State& program, const Ask_Function& ask, c
 try {
     const auto turn = Acquire_Batch_Lock(program.App_Path);
     const fs::path directory = Mode_Directory(program, mode);
+    End_Interrupted_Marks(directory);
     if (const auto reason = Nothing_To_Start(directory, order.Selection); !reason.empty()) {
         Tell(ask, Starting, reason);
         return {Start_Result::Nothing_Pending};

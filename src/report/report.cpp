@@ -323,8 +323,11 @@ void Note_Inputs(const Session& session, Report& report)
 void Add_Guidance(const Session& session, const Mode& mode, const std::vector<Summary_Request>& crops,
                   Simulated_Pesticide& pesticide, Report& report)
 try {
-    if (!pesticide.Document)
+    if (!pesticide.Document) {
+        report.Guidance_Problem =
+            "The guidance check could not be done: no pesticide file that was simulated can be read.";
         return;
+    }
     Update_Pathway(*pesticide.Document);
     report.Endpoints = Endpoints_Of(*pesticide.Document);
     const std::string name = report.Pesticide + ".psm";
@@ -343,7 +346,8 @@ try {
         }
     }
 } catch (const File_Error& error) {
-    report.Notes.push_back("The guidance check could not be done. " + To_Code_Page(error.what()));
+    report.Guidance_Problem = "The guidance check could not be done. " + To_Code_Page(error.what());
+    report.Notes.push_back(report.Guidance_Problem);
 }
 
 // The table that a report begins with, of the same runs. All are looked at closely: their tables have just been built.

@@ -68,6 +68,7 @@ struct Report {
     orvel::Overview Overview; // of all runs: what a report begins with
     std::vector<Endpoint> Endpoints;
     std::vector<Guidance_Finding> Guidance; // what the rules find in the pesticide and its runs, with the answers
+    std::string Guidance_Problem;           // why the check could not be done; else empty
     std::vector<Report_Crop> Crops;
     std::vector<std::string> Notes; // what a reader must know before relying on the figures, sentences
 };

@@ -20,11 +20,11 @@ std::string Uses_Text(const std::vector<Report_Use>& uses)
     return text;
 }
 
-// "P1.1 Plant_Uptake[1] = 0.5: kept because ...; D1 ...: open"
-std::string Guidance_Text(const std::vector<Guidance_Finding>& findings)
+// "P1.1 Plant_Uptake[1] = 0.5: kept because ...; D1 ...: open", and why there may be more.
+std::string Guidance_Text(const Report& report)
 {
-    std::string text;
-    for (const auto& finding : findings) {
+    std::string text = report.Guidance_Problem;
+    for (const auto& finding : report.Guidance) {
         const std::string answer = Answer_Text(finding);
         text += (text.empty() ? "" : "; ") + finding.Rule + " " + Value_Text(finding) +
                 (answer.empty() ? "" : ": " + answer);
@@ -84,7 +84,7 @@ std::string Report_Csv(const Report& report)
                                 "Acceptance of the engine",
                                 "Verification of the engine",
                                 "Command that makes it again"});
-    const std::string guidance = Guidance_Text(report.Guidance);
+    const std::string guidance = Guidance_Text(report);
     for (const auto& crop : report.Crops) {
         // Without any result the runs still tell their problems.
         const std::vector<Report_Table> none(1);

@@ -53,19 +53,26 @@ std::string Engine_Sentence(const Report& report)
            ", a model of water and substances in a soil column, and evaluated by " + report.Program + ".";
 }
 
+std::string Guidance_Sentence(const Report& report)
+{
+    if (!report.Guidance_Problem.empty())
+        return report.Guidance_Problem;
+    if (report.Guidance.empty())
+        return "The guidance check found nothing.";
+    const auto open = std::ranges::count_if(report.Guidance, &Guidance_Finding::Is_Open);
+    return "The guidance check has " + Count_Of(report.Guidance.size(), "finding", "findings") + ", " +
+           std::to_string(open) + " without an answer.";
+}
+
 std::string Inputs_Sentence(const Report& report)
 {
-    const auto open = std::ranges::count_if(report.Guidance, &Guidance_Finding::Is_Open);
     const auto sources = std::ranges::count_if(report.Endpoints, [](const Endpoint& e) { return !e.Source.empty(); });
     return "The documents that were simulated stand with their digests under \"Files and checksums\"; the digests "
            "under "
            "\"Records\" vouch for every input and output of each simulation. " +
            (sources == 0 ? std::string("No source is noted for the endpoints. ")
                          : "The endpoints have their sources beside them. ") +
-           (report.Guidance.empty()
-                ? std::string("The guidance check found nothing.")
-                : "The guidance check has " + Count_Of(report.Guidance.size(), "finding", "findings") + ", " +
-                      std::to_string(open) + " without an answer.");
+           Guidance_Sentence(report);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/files.h"
+#include "core/run_name.h"
 #include "core/system/file_handle.h"
 #include "core/system/flush.h"
 #include "core/system/lock.h"
@@ -121,6 +122,19 @@ Run_Sources Sources_Of_Run(const Program_State& program, const Mode& mode, const
             .Last = Found_Or_New(directory, Path_Of(last)),
             .Engine_Name = program.Engine_Exe,
             .Last_Stage = mode.Last_Copy_Stage};
+}
+
+void End_Interrupted_Marks(const fs::path& mode_directory)
+{
+    for (const auto& pesticide : List_Run_Levels(mode_directory)) {
+        for (const auto& crop : List_Run_Levels(mode_directory / pesticide)) {
+            try {
+                Clear_Leftovers(mode_directory / pesticide / crop);
+            } catch (const File_Error&) {
+                continue; // what it had moved stays in the bin
+            }
+        }
+    }
 }
 
 New_Run_Directory::New_Run_Directory(const fs::path& place, const Run_Sources& sources) : Place(place)

@@ -31,6 +31,10 @@ struct Run_Sources {
 };
 Run_Sources Sources_Of_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice);
 
+// Ends marks that were killed half-way: the run that one was about to replace is in its place again, and what it had made
+// beside it is gone. For the holder of the turn; what fails is tried again next time.
+void End_Interrupted_Marks(const std::filesystem::path& mode_directory);
+
 class New_Run_Directory {
 public:
     // Checks that the directory can be replaced and makes the new one beside it. Throws Stage_Error; nothing of the new

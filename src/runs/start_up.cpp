@@ -8,6 +8,7 @@
 #include "runs/batch.h"
 #include "runs/bin.h"
 #include "runs/output_selection.h"
+#include "runs/run_directory.h"
 #include "ui/help_texts.h"
 
 #include <cmath>
@@ -47,6 +48,15 @@ try {
     Write_Whole(Found_Or_New(program.App_Path, "orvel.bat"), engine + "\r\nexit\r\n");
 } catch (const File_Error&) {
     // Start-up goes on: only a single run needs the launcher, and it reports a missing one.
+}
+
+void End_All_Interrupted_Marks(const Program_State& program)
+try {
+    const auto turn = Acquire_Batch_Lock(program.App_Path);
+    for (const auto kind : {Mode_Kind::Focus, Mode_Kind::Efsa, Mode_Kind::Efsa_T4})
+        End_Interrupted_Marks(Mode_Directory(program, Mode_Of(kind)));
+} catch (const File_Error&) {
+    // Another program is marking; the next mark or start ends them.
 }
 
 bool Is_Individual(std::string_view name)
@@ -91,6 +101,7 @@ bool Start_Up(Session& session)
     program.Suite_Minor = Program_Version_Minor;
     Find_Engine(program);
     Write_Launcher(program);
+    End_All_Interrupted_Marks(program);
     program.Online_Help = false;
     Load_Help_Texts(session);
     session.Editor.App_Loc_Index = 1;

@@ -79,9 +79,12 @@ TEST_F(Report_Session, Notes_That_Cannot_Be_Read_Are_Told_And_Are_Not_None)
 
     const Report report = Gather();
 
-    EXPECT_TRUE(Holds(report.Notes, "The guidance check could not be done. " +
-                                        (Installation / "demo.notes.json").string() +
-                                        ", line 2, column 1: This is not JSON."));
+    const std::string told = "The guidance check could not be done. " + (Installation / "demo.notes.json").string() +
+                             ", line 2, column 1: This is not JSON.";
+    EXPECT_TRUE(Holds(report.Notes, told));
+    EXPECT_NE(Report_Csv(report).find(told), std::string::npos);
+    EXPECT_NE(Report_Html(report).find(told), std::string::npos);
+    EXPECT_EQ(Report_Html(report).find("found nothing"), std::string::npos) << "nobody has looked";
     EXPECT_FALSE(report.Endpoints.empty());
 }
 

@@ -3,6 +3,7 @@
 #include "runs/start_up.h"
 
 #include "runs/batch.h"
+#include "runs/bin.h"
 
 namespace orvel {
 
@@ -32,6 +33,21 @@ TEST_F(Start_Up_Test, A_Second_Start_Replaces_A_Leftover_Of_The_Write_Test)
     ASSERT_TRUE(Start_Up(The_Session));
 
     EXPECT_EQ(Read_Whole(Home / "worvel2.tmp"), "This is ORVEL\r\n");
+}
+
+TEST_F(Start_Up_Test, Results_That_A_Killed_Mark_Had_In_The_Bin_Are_Back)
+{
+    const auto mode = Mode_Directory(The_Session.Program, Mode_Of(Mode_Kind::Efsa_T4));
+    const auto crop = mode / "test.run" / "Maize.run", place = crop / "Hamburg_-_(H).run";
+    std::filesystem::create_directories(place);
+    Put(place / "chem.orv", "a result");
+    Move_To_Bin(mode, place);
+    std::filesystem::create_directories(crop / "Hamburg_-_(H).new"); // killed behind its first move
+
+    ASSERT_TRUE(Start_Up(The_Session));
+
+    EXPECT_EQ(Read_Whole(place / "chem.orv"), "a result");
+    EXPECT_FALSE(std::filesystem::exists(crop / "Hamburg_-_(H).new"));
 }
 
 TEST_F(Start_Up_Test, A_Directory_That_Cannot_Be_Written_Ends_The_Program_Without_A_Message)
