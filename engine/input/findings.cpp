@@ -13,6 +13,8 @@ void Findings::Error(Fault fault, std::string text)
 void Findings::Tell_Misreads(Fault fault, std::string_view file, const Misreads& words)
 {
     for (const Misread& word : words) {
+        if (Errors.size() >= Most_Errors)
+            return; // a file of another kind has thousands
         std::string text = std::string(file) + ", LINE " + std::to_string(word.At.Line) + ", COLUMN " +
                            std::to_string(word.At.Column) + ": \"" + word.Word + "\" IS NO NUMBER";
         if (!word.Field.empty())

@@ -89,8 +89,10 @@ std::string Sanitize(std::string_view text)
     std::string sanitized(text);
     std::ranges::replace_if(
         sanitized, [](unsigned char c) { return c < ' '; }, ' ');
-    for (const auto word : Searched_Words)
-        sanitized = Replace_All(sanitized, word, Lower(word));
+    for (const auto word : Searched_Words) {
+        if (Contains(sanitized, word))
+            sanitized = Replace_All(sanitized, word, Lower(word));
+    }
     return sanitized;
 }
 

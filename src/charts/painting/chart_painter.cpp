@@ -81,6 +81,9 @@ private:
         }
     }
 
+    // Where the plane is free of the key; in a low picture no scale leaves room for a figure above a box.
+    double Below_Key() const { return Plane.Area().top() + (Source.Key.empty() ? 0 : Line * Key_Square); }
+
     // The names of lines behind their ends, where no box stands, and the labels of boxes.
     void Draw_Names()
     {
@@ -100,7 +103,8 @@ private:
                 continue;
             const QPointF end = Plane.At((box.Left + box.Right) / 2, Top_Of(Source, box));
             const double dots = Source.Dots.empty() ? 0 : Line * Marked_Dot_Radius;
-            const QRectF place(end.x(), box.Y < 0 ? end.y() : end.y() - height - dots, 0, height);
+            const double above = std::max(Below_Key(), end.y() - height - dots);
+            const QRectF place(end.x(), box.Y < 0 ? end.y() : above, 0, height);
             QRectF ground;
             Painter.drawText(place, Qt::AlignCenter | Qt::TextDontClip, Chart_Text(box.Label), &ground);
             Painter.fillRect(ground, Palette.base()); // a line may pass behind the figure

@@ -145,6 +145,27 @@ TEST(Paint_Chart, Nothing_Is_Cut_At_The_Edges_Of_A_Small_Picture)
     }
 }
 
+TEST(Paint_Chart, In_A_Low_Picture_The_Figure_Of_A_Box_Stands_Below_The_Key)
+{
+    Chart chart = Sample();
+    chart.Lines.clear();
+    chart.Boxes = {{Colour::Series, 1, 3, 8}};
+    chart.Key = {{Colour::Series, "concentration of the percentile"}};
+    const auto painted = [&](const char* label) {
+        chart.Boxes[0].Label = label;
+        QImage image(430, 110, QImage::Format_RGB32);
+        QPainter painter(&image);
+        Paint_Chart(painter, image.rect(), chart, Paper_Palette());
+        return image;
+    };
+    const QImage without = painted(""), with = painted("3.095");
+    const Chart_Plane plane(chart, without.rect(), QFont(), &without);
+    const int key = static_cast<int>(plane.Area().top() + 0.6 * QFontMetrics(QFont(), &without).lineSpacing());
+
+    EXPECT_NE(with, without);
+    EXPECT_EQ(with.copy(0, 0, 430, key), without.copy(0, 0, 430, key));
+}
+
 TEST(Shown_Labels_Rule, Leaves_Out_Every_Second_Or_Third_Where_All_Would_Touch)
 {
     const auto axis = Position_Axis(12); // a label at every 1, since the step of 12 is 1
