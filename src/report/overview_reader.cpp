@@ -191,6 +191,8 @@ void Overview_Reader::Compare(Overview_Run& run, const Run_Record& record)
     run.Checked = changed.empty();
     if (run.Checked)
         return;
+    if (Files.Is_Unreadable())
+        throw File_Error(To_Utf8(changed));
     run.Kind = Cell_Kind::Changed;
     run.Reason = changed;
     run.Figures.clear();

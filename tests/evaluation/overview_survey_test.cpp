@@ -168,6 +168,21 @@ TEST_F(Survey_Test, Runs_Come_Go_And_Are_Damaged_And_Each_Says_So)
     listener.Wait_For([](const Survey_State& now) { return now.Overview.Runs.empty(); });
 }
 
+TEST_F(Survey_Test, A_Run_Of_Which_A_File_Cannot_Be_Read_Is_Not_Told_As_Changed)
+{
+    Add_Run(Place(0));
+    fs::remove(Home / "orvel401.exe");
+    fs::create_directory(Home / "orvel401.exe"); // what lies there cannot be read, and nobody knows its bytes
+    Listener listener;
+    Overview_Survey survey(Home.Path(), {}, listener.Take());
+
+    const auto state = listener.Wait_Until_Settled();
+
+    ASSERT_EQ(Counted(*state, Cell_Kind::Unreadable), 1);
+    EXPECT_NE(state->Overview.Runs[0].Reason.find("orvel401.exe"), std::string::npos);
+    EXPECT_TRUE(state->Overview.Runs[0].Figures.empty());
+}
+
 TEST_F(Survey_Test, A_Run_That_Is_Rewritten_While_It_Is_Read_Ends_With_Its_Last_State)
 {
     const fs::path run = Add_Run(Place(0));

@@ -7,6 +7,7 @@ commands of orvelctl, the engine and what the desktop program does with files.
 After each fault every file is what it was or whole, the program has ended with a sentence and 1 (or as if nothing had
 happened, where the call does not matter), and the next try works. Runs in memory (/dev/shm)."""
 import argparse
+import io
 import json
 import mmap
 import os
@@ -18,6 +19,7 @@ import subprocess
 import sys
 import tempfile
 import time
+import zipfile
 
 KINDS = ["open", "read", "write", "fsync", "rename", "unlink", "mkdir", "close"]
 HOW = {
@@ -79,7 +81,13 @@ def is_leftover(path):
 
 
 def told_in(report):
-    """Whether a report tells itself what could not be read."""
+    """Whether a report, or that in an archive, tells itself what could not be read."""
+    if report is not None and report.startswith(b"PK"):
+        try:
+            with zipfile.ZipFile(io.BytesIO(report)) as archive:
+                return any(told_in(archive.read(name)) for name in archive.namelist() if name.endswith("report.html"))
+        except zipfile.BadZipFile:
+            return False
     return report is not None and (b"Input/output error" in report or b">unreadable<" in report)
 
 

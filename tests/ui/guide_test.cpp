@@ -41,8 +41,9 @@ TEST(Guide_Pages, Are_Found_For_The_Nearest_Window_That_Has_One)
 
 TEST(Guide_Pages, That_Are_Missing_Are_Told_With_Their_Place)
 {
-    EXPECT_EQ(Guide_Not_Installed("/usr/share/orvelsuite/guide"),
-              (Message{"Guide", "The guide is not installed: there is no /usr/share/orvelsuite/guide/index.html."}));
+    const std::filesystem::path guide = "/usr/share/orvelsuite/guide";
+    EXPECT_EQ(Guide_Not_Installed(guide),
+              (Message{"Guide", "The guide is not installed: there is no " + (guide / "index.html").string() + "."}));
     EXPECT_EQ(Guide_Not_Shown("/usr/share/orvelsuite/guide/windows/start.html").Text,
               "No program was found that shows the guide. Its page here is "
               "/usr/share/orvelsuite/guide/windows/start.html.");

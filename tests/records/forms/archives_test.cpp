@@ -5,6 +5,7 @@
 #include "records/forms/work_in_window.h"
 #include "window_test.h"
 
+#include <atomic>
 #include <QFileDialog>
 #include <QPlainTextEdit>
 #include <QProgressDialog>
@@ -149,14 +150,18 @@ TEST_F(Archives_Test, Long_Work_Is_Stopped_By_Its_Button_And_Nothing_Is_Told)
 TEST_F(Archives_Test, The_Window_Goes_On_While_The_Work_Is_Done)
 {
     QWidget window;
-    int ticks = 0;
+    constexpr int Enough = 5;
+    std::atomic<int> ticks = 0;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
     timer.start(10);
 
-    Do_In_Window(&window, The_Session.Ask, "Working", [](const Progress&) { QThread::msleep(500); });
+    Do_In_Window(&window, The_Session.Ask, "Working", [&](const Progress&) {
+        for (int waited = 0; ticks < Enough && waited < 3000; ++waited)
+            QThread::msleep(10);
+    });
 
-    EXPECT_GE(ticks, 5);
+    EXPECT_GE(ticks, Enough);
 }
 
 } // namespace orvel
