@@ -24,8 +24,9 @@ namespace {
 constexpr int Old_Output = 1;
 constexpr int Old_Directory = 2;
 constexpr int Creating_Directory = 3;
-constexpr const char* Aside_Begin = "marked-";  // followed by six letters
-constexpr std::string_view Beside_End = ".new"; // in place of ".run"
+constexpr const char* Aside_Begin = "marked-"; // followed by six letters
+// In place of ".run": while it is made, and while the run that it replaces goes to the bin.
+constexpr std::string_view Beside_End = ".new", Replacing_End = ".put";
 
 std::string Rights_Text()
 {
@@ -65,12 +66,12 @@ void Check_Replaceable(const fs::path& place)
 }
 
 // Ends what an attempt killed half-way has left behind; no list shows it, since it does not end in ".run". The run that
-// it was about to replace comes back from the bin if its place is empty.
+// it was replacing comes back from the bin if its place is empty.
 void Clear_Leftovers(const fs::path& crop)
 {
     std::error_code ignored;
     const fs::path mode_directory = crop.parent_path().parent_path();
-    for (const auto& name : List_Directories(crop, "*" + std::string(Beside_End))) {
+    for (const auto& name : List_Directories(crop, "*" + std::string(Replacing_End))) {
         const fs::path place = (crop / name).replace_extension(".run");
         const auto binned = fs::exists(place, ignored) ? std::vector<Binned_Run>() : Runs_In_Bin(mode_directory);
         const auto last = std::ranges::find(binned, place.lexically_relative(mode_directory), &Binned_Run::Run);
@@ -78,8 +79,10 @@ void Clear_Leftovers(const fs::path& crop)
             Put_Back(mode_directory, *last);
         fs::remove_all(crop / name, ignored);
     }
-    for (const auto& name : List_Directories(crop, "marked-??????"))
-        fs::remove_all(crop / name, ignored);
+    for (const auto& mask : {"*" + std::string(Beside_End), std::string(Aside_Begin) + "??????"}) {
+        for (const auto& name : List_Directories(crop, mask))
+            fs::remove_all(crop / name, ignored);
+    }
 }
 
 // The copy is flushed later, together with all others.
@@ -203,6 +206,10 @@ void New_Run_Directory::Put_In_Place()
     std::error_code error;
     const bool has_results = Has_Engine_Output(Place) || fs::exists(Place / Run_Record_Name, error);
     if (has_results) {
+        const fs::path replacing = fs::path(Place).replace_extension(Replacing_End);
+        if (Rename(Beside, replacing))
+            Refuse_New_Directory(Place);
+        Beside = replacing;
         try {
             Earlier = Move_To_Bin(Place.parent_path().parent_path().parent_path(), Place);
             Earlier_Is_Binned = true;

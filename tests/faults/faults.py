@@ -332,7 +332,8 @@ def cases(stock):
                exits=(1, 2, 3), free=("echo.orv", "plot.orv", "chem", "Wasser.orv"), output=False)
     yield Case("engine --check", engine_directory, lambda root: [
         os.path.join(root, "orvel401.exe"), "--check", "--dir", root], exits=(1, 2, 3), free=("echo.orv",), output=False)
-    marked = (os.path.join(os.path.dirname(run), "marked-"), run[:-len(".run")] + ".new")  # the next mark removes them
+    stem = run[:-len(".run")]
+    marked = (os.path.join(os.path.dirname(run), "marked-"), stem + ".new", stem + ".put")  # the next mark removes them
     mark = ["mark", "--mode", "focus", "--pesticide", "demo_D.psm", "--crop", "Maize", "--location", "Hamburg (H)"]
     yield Case("mark", stock.lay(home), lambda root: [ctl, "-C", root, *mark], again_may_refuse=True, free=marked)
     yield Case("mark --replace", finished, lambda root: [ctl, "-C", root, *mark, "--replace"], again_may_refuse=True,

@@ -3,6 +3,7 @@
 
 #include "mark_fixture.h"
 #include "runs/bin.h"
+#include "runs/run_directory.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -155,13 +156,28 @@ TEST_F(Mark_Test, What_A_Killed_Attempt_Left_Is_Cleared_Away_By_The_Next)
     EXPECT_EQ(List_Directories(crop, "*"), std::vector<std::string>{"Hamburg_-_(H).run"});
 }
 
+TEST_F(Mark_Test, Results_That_Were_Deleted_Before_A_Killed_Attempt_Stay_In_The_Bin)
+{
+    const fs::path crop = Home / "focus" / "test.run" / "Maize.run", place = crop / "Hamburg_-_(H).run";
+    fs::create_directories(place);
+    Put(place / "chem.orv", "a result");
+    Move_To_Bin(Home / "focus", place);
+    fs::create_directories(crop / "Hamburg_-_(H).new"); // killed while it was made, with nothing to replace
+
+    End_Interrupted_Marks(Home / "focus");
+
+    EXPECT_FALSE(fs::exists(place));
+    EXPECT_FALSE(fs::exists(crop / "Hamburg_-_(H).new"));
+    EXPECT_EQ(Runs_In_Bin(Home / "focus").size(), 1U);
+}
+
 TEST_F(Mark_Test, Results_That_A_Killed_Attempt_Had_In_The_Bin_Are_Back_After_The_Next)
 {
     const fs::path crop = Home / "focus" / "test.run" / "Maize.run", place = crop / "Hamburg_-_(H).run";
     fs::create_directories(place);
     Put(place / "chem.orv", "a result");
     Move_To_Bin(Home / "focus", place);
-    fs::create_directories(crop / "Hamburg_-_(H).new"); // killed behind its first move
+    fs::create_directories(crop / "Hamburg_-_(H).put"); // killed behind its first move
     Scenario(Home / "focus" / "C_maize.sze");
     auto other = Maize_At_Hamburg();
     other.Location = "Ch\xE2teaudun (C)";
@@ -170,7 +186,7 @@ TEST_F(Mark_Test, Results_That_A_Killed_Attempt_Had_In_The_Bin_Are_Back_After_Th
     EXPECT_EQ(Mark_For_Batch(The_Session.Program, The_Session.Ask, Focus(), other), Mark_Result::Marked);
 
     EXPECT_EQ(Read_Whole(place / "chem.orv"), "a result");
-    EXPECT_FALSE(fs::exists(crop / "Hamburg_-_(H).new"));
+    EXPECT_FALSE(fs::exists(crop / "Hamburg_-_(H).put"));
     EXPECT_TRUE(Runs_In_Bin(Home / "focus").empty());
 }
 

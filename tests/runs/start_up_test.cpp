@@ -42,12 +42,12 @@ TEST_F(Start_Up_Test, Results_That_A_Killed_Mark_Had_In_The_Bin_Are_Back)
     std::filesystem::create_directories(place);
     Put(place / "chem.orv", "a result");
     Move_To_Bin(mode, place);
-    std::filesystem::create_directories(crop / "Hamburg_-_(H).new"); // killed behind its first move
+    std::filesystem::create_directories(crop / "Hamburg_-_(H).put"); // killed behind its first move
 
     ASSERT_TRUE(Start_Up(The_Session));
 
     EXPECT_EQ(Read_Whole(place / "chem.orv"), "a result");
-    EXPECT_FALSE(std::filesystem::exists(crop / "Hamburg_-_(H).new"));
+    EXPECT_FALSE(std::filesystem::exists(crop / "Hamburg_-_(H).put"));
 }
 
 TEST_F(Start_Up_Test, A_Directory_That_Cannot_Be_Written_Ends_The_Program_Without_A_Message)
