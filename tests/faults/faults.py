@@ -81,14 +81,16 @@ def is_leftover(path):
 
 
 def told_in(report):
-    """Whether a report, or that in an archive, tells itself what could not be read."""
+    """Whether a report, or that in an archive, tells itself what could not be read. An input of the installation of
+    which that is so counts as changed since."""
     if report is not None and report.startswith(b"PK"):
         try:
             with zipfile.ZipFile(io.BytesIO(report)) as archive:
                 return any(told_in(archive.read(name)) for name in archive.namelist() if name.endswith("report.html"))
         except zipfile.BadZipFile:
             return False
-    return report is not None and (b"Input/output error" in report or b">unreadable<" in report)
+    told = (b"Input/output error", b">unreadable<", b"(inputs changed since)")
+    return report is not None and any(sentence in report for sentence in told)
 
 
 def binned(path, files):
