@@ -31,8 +31,8 @@ struct Run_Sources {
 };
 Run_Sources Sources_Of_Run(const Program_State& program, const Mode& mode, const Run_Choice& choice);
 
-// Ends marks that were killed half-way: the run that one was about to replace is in its place again, and what it had made
-// beside it is gone. For the holder of the turn; what fails is tried again next time.
+// Ends marks that were killed half-way: the run that one was about to replace is in its place again, and what it had
+// made beside it is gone. For the holder of the turn; what fails is tried again next time.
 void End_Interrupted_Marks(const std::filesystem::path& mode_directory);
 
 class New_Run_Directory {

@@ -13,8 +13,8 @@ namespace orvel {
 
 // The rules behind the start form's Load and first Activate.
 
-// Sets the program up in App_Path: write test, engine and versions, orvel.bat, start values; ends marks that were killed
-// half-way. False: the directory cannot be written, and the program ends without a message.
+// Sets the program up in App_Path: write test, engine and versions, orvel.bat, start values; ends marks that were
+// killed half-way. False: the directory cannot be written, and the program ends without a message.
 bool Start_Up(Session& session);
 
 // A batch that was marked and not started when its shell ended.
