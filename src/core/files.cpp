@@ -195,13 +195,13 @@ std::optional<std::string> Name_Of(const fs::path& path)
 
 bool Matches(std::string_view name, std::string_view mask)
 {
-    const std::string n = Upper(name), m = Upper(mask);
+    const auto same = [](char a, char b) { return Upper_Letter(a) == Upper_Letter(b); };
     std::size_t at_name = 0, at_mask = 0, star = std::string::npos, resume = 0;
-    while (at_name < n.size()) {
-        if (at_mask < m.size() && m[at_mask] == '*') {
+    while (at_name < name.size()) {
+        if (at_mask < mask.size() && mask[at_mask] == '*') {
             star = at_mask++;
             resume = at_name;
-        } else if (at_mask < m.size() && (m[at_mask] == '?' || m[at_mask] == n[at_name])) {
+        } else if (at_mask < mask.size() && (mask[at_mask] == '?' || same(mask[at_mask], name[at_name]))) {
             ++at_mask;
             ++at_name;
         } else if (star != std::string::npos) {
@@ -211,7 +211,7 @@ bool Matches(std::string_view name, std::string_view mask)
             return false;
         }
     }
-    return m.find_first_not_of('*', at_mask) == std::string::npos;
+    return mask.find_first_not_of('*', at_mask) == std::string::npos;
 }
 
 std::optional<fs::path> Find_File(const fs::path& directory, const fs::path& name)

@@ -1,9 +1,9 @@
 #include "core/numbers.h"
 
 #include "core/error.h"
-#include "core/text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -24,36 +24,33 @@ bool Is_Digit(char c)
     return c >= '0' && c <= '9';
 }
 
-// A value's significant decimal digits without trailing zeros, and the power of ten of the first one. Zero has the
-// single digit "0".
-struct Decimal {
-    bool Negative = false;
-    std::string Digits = "0";
-    int Exponent = 0;
-};
-
 constexpr double Most_Whole = 1e15;
-constexpr std::uint64_t Ten_To_Fifteen = 1'000'000'000'000'000;
 constexpr int Bits_Behind_Point = 52; // at most, of a double from 1 on
 
-// Fifteen significant digits as a whole number, and the power of ten of the first one.
-struct Fifteen_Digits {
-    std::uint64_t Digits;
-    int Exponent;
+constexpr auto Tens = [] {
+    std::array<std::uint64_t, Significant_Digits + 1> tens{1};
+    for (std::size_t i = 1; i < tens.size(); ++i)
+        tens[i] = 10 * tens[i - 1];
+    return tens;
+}();
+constexpr std::uint64_t Ten_To_Fifteen = Tens.back();
+
+// The fifteen significant digits of a value as a whole number, and the power of ten of the first one. Zero has the
+// digits 0 and the power 0.
+struct Decimal {
+    std::uint64_t Digits = 0;
+    int Exponent = 0;
+    bool Negative = false;
 };
 
 // The digits of a value in [1, 1e15) by integer arithmetic: exact, halves to even, several times faster than to_chars.
-Fifteen_Digits Digits_Of_Whole(double value)
+Decimal Decimal_Of_Whole(double value)
 {
     __extension__ using Wide = unsigned __int128;
     const auto whole = static_cast<std::uint64_t>(value);
     const auto rest = static_cast<std::uint64_t>((value - static_cast<double>(whole)) * (1ULL << Bits_Behind_Point));
-    int whole_digits = 0;
-    std::uint64_t scale = Ten_To_Fifteen;
-    for (std::uint64_t w = whole; w > 0; w /= 10) {
-        ++whole_digits;
-        scale /= 10;
-    }
+    const int whole_digits = static_cast<int>(std::upper_bound(Tens.begin(), Tens.end(), whole) - Tens.begin());
+    const std::uint64_t scale = Tens[static_cast<std::size_t>(Significant_Digits - whole_digits)];
     const Wide product = static_cast<Wide>(rest) * scale;
     const auto below = static_cast<std::uint64_t>(product) & ((1ULL << Bits_Behind_Point) - 1);
     constexpr auto Half = 1ULL << (Bits_Behind_Point - 1);
@@ -65,23 +62,17 @@ Fifteen_Digits Digits_Of_Whole(double value)
     return {digits, whole_digits - 1};
 }
 
-Decimal Decimal_Of_Whole(double value)
-{
-    const auto [digits, exponent] = Digits_Of_Whole(value);
-    return {false, std::to_string(digits), exponent};
-}
-
 // The general form of a positive value by a fast path: for values in [1, 1e15), and for those below 1 whose shortest
 // digits fit the decimals allowed; else nothing.
 std::optional<std::string> Short_Way(double size)
 {
     char text[32];
     if (size >= 1 && size < Most_Whole) {
-        const auto [digits, exponent] = Digits_Of_Whole(size);
-        const auto whole = static_cast<std::size_t>(exponent) + 1;
+        const Decimal decimal = Decimal_Of_Whole(size);
+        const auto whole = static_cast<std::size_t>(decimal.Exponent) + 1;
         if (whole > Significant_Digits)
             return std::nullopt;
-        std::to_chars(text, text + sizeof text, digits);
+        std::to_chars(text, text + sizeof text, decimal.Digits);
         std::size_t last = Significant_Digits;
         while (last > whole && text[last - 1] == '0')
             --last;
@@ -101,19 +92,22 @@ std::optional<std::string> Short_Way(double size)
 
 Decimal Decimal_Of_Any(double value)
 {
-    char buffer[40];
+    char text[40];
     // If the shortest digits that identify the value are at most fifteen, they are its fifteen digits.
-    auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific).ptr;
-    if (std::find(buffer, end, 'e') - buffer > Significant_Digits + 1)
-        end =
-            std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, Significant_Digits - 1)
-                .ptr;
-    const std::string_view text(buffer, static_cast<std::size_t>(end - buffer));
-    const auto e = text.find('e');
-    Decimal decimal{false, std::string(1, text[0]), 0};
-    decimal.Digits += text.substr(std::min<std::size_t>(2, e), e - std::min<std::size_t>(2, e));
-    const auto exponent = text.substr(text[e + 1] == '+' ? e + 2 : e + 1);
-    std::from_chars(exponent.data(), exponent.data() + exponent.size(), decimal.Exponent);
+    auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific).ptr;
+    if (std::find(text, end, 'e') - text > Significant_Digits + 1)
+        end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, Significant_Digits - 1).ptr;
+    const char* const e = std::find(text, end, 'e');
+    Decimal decimal;
+    std::size_t count = 0;
+    for (const char* at = text; at < e; ++at) {
+        if (*at == '.')
+            continue;
+        decimal.Digits = 10 * decimal.Digits + static_cast<std::uint64_t>(*at - '0');
+        ++count;
+    }
+    decimal.Digits *= Tens[Significant_Digits - count];
+    std::from_chars(e[1] == '+' ? e + 2 : e + 1, end, decimal.Exponent);
     return decimal;
 }
 
@@ -126,71 +120,76 @@ Decimal Decimal_Of(double value)
     const double size = std::fabs(value);
     Decimal decimal = size >= 1 && size < Most_Whole ? Decimal_Of_Whole(size) : Decimal_Of_Any(size);
     decimal.Negative = value < 0;
-    decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
     return decimal;
 }
 
 // Cuts a decimal to `count` significant digits, halves away from zero; a count below 0 gives zero.
 Decimal Round_To(Decimal decimal, int count)
 {
-    if (count >= static_cast<int>(decimal.Digits.size()))
+    if (count >= Significant_Digits)
         return decimal;
-    const bool up = count >= 0 && decimal.Digits[static_cast<std::size_t>(count)] >= '5';
-    decimal.Digits.resize(static_cast<std::size_t>(std::max(count, 0)));
-    if (up) {
-        auto at = static_cast<int>(decimal.Digits.size()) - 1;
-        while (at >= 0 && decimal.Digits[static_cast<std::size_t>(at)] == '9')
-            decimal.Digits[static_cast<std::size_t>(at--)] = '0';
-        if (at >= 0) {
-            ++decimal.Digits[static_cast<std::size_t>(at)];
-        } else {
-            decimal.Digits.insert(0, 1, '1');
-            ++decimal.Exponent;
-        }
-    }
-    if (decimal.Digits.find_first_not_of('0') == std::string::npos)
+    if (count < 0)
         return {};
+    const std::uint64_t unit = Tens[static_cast<std::size_t>(Significant_Digits - count)];
+    const std::uint64_t rest = decimal.Digits % unit;
+    decimal.Digits -= rest;
+    if (rest >= unit / 2)
+        decimal.Digits += unit;
+    if (decimal.Digits == 0)
+        return {};
+    if (decimal.Digits == Ten_To_Fifteen) {
+        decimal.Digits /= 10;
+        ++decimal.Exponent;
+    }
     return decimal;
 }
 
-std::string Fixed(const Decimal& decimal, int whole_digits, int decimals)
+// How many of the fifteen digits are left without the zeros at their end; 1 for zero.
+int Digits_Needed(std::uint64_t digits)
+{
+    int needed = Significant_Digits;
+    for (; needed > 1 && digits % 10 == 0; digits /= 10)
+        --needed;
+    return needed;
+}
+
+// Appends the digits with `decimals` behind the point, cut there, and zeros before them up to `whole_digits`.
+void Append_Fixed(std::string& text, const Decimal& decimal, int whole_digits, int decimals)
 {
     const int whole = std::max(decimal.Exponent + 1, whole_digits);
-    std::string text(static_cast<std::size_t>(whole + (decimals > 0 ? 1 + decimals : 0)), '0');
-    const std::string_view digits = decimal.Digits;
-    const auto first =
-        static_cast<std::size_t>(whole - 1 - decimal.Exponent); // index of the first digit, not counting the point
-    const auto before_point = std::min(static_cast<std::size_t>(std::max(decimal.Exponent + 1, 0)), digits.size());
-    if (before_point > 0)
-        digits.copy(text.data() + first, before_point);
-    if (const auto at = first + before_point + 1; at < text.size())
-        digits.substr(before_point).copy(text.data() + at, text.size() - at);
+    const std::size_t point = text.size() + static_cast<std::size_t>(whole);
+    const auto first = static_cast<std::ptrdiff_t>(point) - 1 - decimal.Exponent; // of the digits, without the point
+    text.resize(point + static_cast<std::size_t>(decimals > 0 ? 1 + decimals : 0), '0');
     if (decimals > 0)
-        text[static_cast<std::size_t>(whole)] = '.';
-    return text;
+        text[point] = '.';
+    if (decimal.Digits == 0)
+        return;
+    std::array<char, Significant_Digits> digits;
+    std::to_chars(digits.data(), digits.data() + digits.size(), decimal.Digits);
+    const int before_point = std::clamp(decimal.Exponent + 1, 0, Significant_Digits);
+    std::copy_n(digits.begin(), before_point, text.begin() + first);
+    const auto behind = first + before_point + 1;
+    const auto room = static_cast<std::ptrdiff_t>(text.size()) - behind;
+    if (room > 0)
+        std::copy_n(digits.begin() + before_point, std::min<std::ptrdiff_t>(room, Significant_Digits - before_point),
+                    text.begin() + behind);
 }
 
-std::string Exponent_Text(int exponent)
+void Append_Exponent(std::string& text, int exponent)
 {
-    const std::string digits = std::to_string(std::abs(exponent));
-    return std::string(exponent < 0 ? "E-" : "E+") + (digits.size() < 2 ? "0" : "") + digits;
+    text += exponent < 0 ? "E-" : "E+";
+    if (std::abs(exponent) < 10)
+        text += '0';
+    text += std::to_string(std::abs(exponent));
 }
 
-bool Is_Zero(const Decimal& decimal)
+// Cuts the leading zeros that do not directly precede the point and fills up with blanks.
+std::string Arranged(std::string text, int width)
 {
-    return decimal.Digits == "0";
-}
-
-// Leading zeros that do not directly precede the point become blanks; blanks at both ends are cut.
-std::string Without_Leading_Zeros(std::string text)
-{
-    for (std::size_t i = 0; i < text.size() && text[i] == '0' && !(i + 1 < text.size() && text[i + 1] == '.'); ++i)
-        text[i] = ' ';
-    return std::string(Trim(text));
-}
-
-std::string Padded(std::string text, int width)
-{
+    std::size_t zeros = 0;
+    while (zeros < text.size() && text[zeros] == '0' && !(zeros + 1 < text.size() && text[zeros + 1] == '.'))
+        ++zeros;
+    text.erase(0, zeros);
     if (static_cast<int>(text.size()) < width)
         text.resize(static_cast<std::size_t>(width), ' ');
     return text;
@@ -254,14 +253,16 @@ std::string General_Text(double value)
     if (auto text = Short_Way(std::fabs(value)))
         return value < 0 ? "-" + *text : *std::move(text);
     const Decimal decimal = Decimal_Of(value);
-    const int decimals = std::max(0, static_cast<int>(decimal.Digits.size()) - 1 - decimal.Exponent);
-    const std::string sign = decimal.Negative ? "-" : "";
-    if (decimals <= Most_Decimals && decimal.Exponent < Most_Digits_Before_Point)
-        return sign + Fixed(decimal, 1, decimals);
-    std::string mantissa = decimal.Digits.substr(0, 1);
-    if (decimal.Digits.size() > 1)
-        mantissa += "." + decimal.Digits.substr(1);
-    return sign + mantissa + Exponent_Text(decimal.Exponent);
+    const int digits = Digits_Needed(decimal.Digits);
+    const int decimals = std::max(0, digits - 1 - decimal.Exponent);
+    std::string text = decimal.Negative ? "-" : "";
+    if (decimals <= Most_Decimals && decimal.Exponent < Most_Digits_Before_Point) {
+        Append_Fixed(text, decimal, 1, decimals);
+        return text;
+    }
+    Append_Fixed(text, {decimal.Digits, 0}, 1, digits - 1);
+    Append_Exponent(text, decimal.Exponent);
+    return text;
 }
 
 std::string Print_Form(double value)
@@ -272,41 +273,39 @@ std::string Print_Form(double value)
 
 std::string Format_Pattern(double value, std::string_view pattern)
 {
-    const auto zeros = pattern.find('0');
-    const std::string blanks(pattern.substr(0, zeros));
-    pattern.remove_prefix(zeros);
+    const auto blanks = pattern.find('0');
     const auto e = pattern.find('E');
-    const auto number = pattern.substr(0, e);
+    const auto number = pattern.substr(blanks, e - blanks);
     const auto point = number.find('.');
     const int whole_digits = static_cast<int>(std::min(point, number.size()));
     const int decimals = point == std::string_view::npos ? 0 : static_cast<int>(number.size() - point - 1);
 
     Decimal decimal = Decimal_Of(value);
-    std::string text;
+    const int in_front = e == std::string_view::npos ? decimal.Exponent + 1 : whole_digits;
+    if (decimal.Digits != 0)
+        decimal = Round_To(decimal, in_front + decimals);
+    std::string text = decimal.Negative ? "-" : "";
+    text.append(blanks, ' ');
     if (e != std::string_view::npos) {
-        decimal = Round_To(decimal, whole_digits + decimals);
-        const int exponent = decimal.Exponent;
-        decimal.Exponent = 0;
-        text = Fixed(decimal, 1, decimals) + Exponent_Text(exponent);
-    } else {
-        decimal = Is_Zero(decimal) ? decimal : Round_To(decimal, decimal.Exponent + 1 + decimals);
-        text = Fixed(decimal, whole_digits, decimals);
-        if (point != std::string_view::npos && decimals == 0)
-            text += '.';
+        Append_Fixed(text, {decimal.Digits, 0}, 1, decimals);
+        Append_Exponent(text, decimal.Exponent);
+        return text;
     }
-    return (decimal.Negative ? "-" : "") + blanks + text;
+    Append_Fixed(text, decimal, whole_digits, decimals);
+    if (point != std::string_view::npos && decimals == 0)
+        text += '.';
+    return text;
 }
 
 std::string Number_Text(char kind, double value, int width)
 {
-    const std::string text = kind == 'I' ? General_Text(value) : Format_Pattern(value, Pattern_For(value));
-    return Padded(Without_Leading_Zeros(text), width);
+    return Arranged(kind == 'I' ? General_Text(value) : Format_Pattern(value, Pattern_For(value)), width);
 }
 
 std::string Fixed_Text(double value, int decimals)
 {
     const std::string pattern = "0." + std::string(static_cast<std::size_t>(std::max(decimals, 0)), '0');
-    return Padded(Without_Leading_Zeros(Format_Pattern(value, pattern)), decimals);
+    return Arranged(Format_Pattern(value, pattern), decimals);
 }
 
 std::int16_t To_I16(double value)

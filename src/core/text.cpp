@@ -61,8 +61,7 @@ std::string Replace_All(std::string text, std::string_view what, std::string_vie
 std::string Upper(std::string_view text)
 {
     std::string result(text);
-    std::ranges::transform(result, result.begin(),
-                           [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    std::ranges::transform(result, result.begin(), Upper_Letter);
     return result;
 }
 
@@ -76,7 +75,7 @@ std::string Lower(std::string_view text)
 
 bool Same_Text(std::string_view a, std::string_view b)
 {
-    return a.size() == b.size() && Upper(a) == Upper(b);
+    return std::ranges::equal(a, b, {}, Upper_Letter, Upper_Letter);
 }
 
 std::string_view Line_Reader::Next()

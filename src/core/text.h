@@ -31,6 +31,10 @@ inline bool Contains(std::string_view text, std::string_view part)
 }
 
 // Letters A to Z only, independent of the locale.
+constexpr char Upper_Letter(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 std::string Upper(std::string_view text);
 std::string Lower(std::string_view text);
 bool Same_Text(std::string_view a, std::string_view b); // ignoring the case of A to Z

@@ -287,19 +287,17 @@ Run_Outputs Find_Outputs(const fs::path& run_directory, const Run_Request& reque
     return Output_Finder(run_directory, request, has_leap_day).Find();
 }
 
-bool Is_Engine_Output(const fs::path& file)
+bool Is_Engine_Output(std::string_view name)
 {
     constexpr std::array<std::string_view, 6> Tables = {"year.orv",     "period.orv",     "MBalance.orv",
                                                         "PBalance.orv", "MBalance_M.orv", "PBalance_M.orv"};
-    const std::string name = file.filename().string();
     return Matches(name, "*.orv") && !Matches(name, "PECsoil_*.orv") && !Same_Text(name, Progress_Name) &&
            std::ranges::none_of(Tables, [&](std::string_view table) { return Same_Text(name, table); });
 }
 
 bool Has_Engine_Output(const fs::path& run_directory)
 {
-    return std::ranges::any_of(List_Files(run_directory, "*.orv"),
-                               [&](const std::string& name) { return Is_Engine_Output(run_directory / name); });
+    return std::ranges::any_of(List_Files(run_directory, "*.orv"), Is_Engine_Output);
 }
 
 std::string Years_Text(int found, int expected)

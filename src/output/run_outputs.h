@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvel {
@@ -51,8 +52,8 @@ int Years_In_Balance(const std::filesystem::path& file);
 // Whether an echo is empty, or lacks the line by which the bundled engine closes it. Throws File_Error.
 bool Ends_Early(const std::filesystem::path& echo);
 
-// Whether a file of a run directory was written by an engine: *.orv, but neither a stored table nor the progress.
-bool Is_Engine_Output(const std::filesystem::path& file);
+// Whether the name is that of a file that an engine writes: *.orv, but neither a stored table nor the progress.
+bool Is_Engine_Output(std::string_view name);
 bool Has_Engine_Output(const std::filesystem::path& run_directory);
 
 // "12 of 26 years"

@@ -52,7 +52,7 @@ bool Belongs_To_Run(const fs::path& file)
     const auto matches = [&](std::string_view mask) { return Matches(name, mask); };
     constexpr std::array<std::string_view, 7> Masks = {"orvel.inp", "Haude.dat", "*.psm",      "*.sze",
                                                        "*.cli",     "run.json",  Progress_Name};
-    return Is_Engine_Output(file) || std::ranges::any_of(Masks, matches);
+    return Is_Engine_Output(name) || std::ranges::any_of(Masks, matches);
 }
 
 // The files that a run reads, as its record names them or, without one, its orvel.inp.
