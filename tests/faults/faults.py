@@ -2,7 +2,7 @@
 """Fails, shortens or kills at the N-th call of open, read, write, fsync, rename, unlink, mkdir and close, over the
 commands of orvelctl, the engine and what the desktop program does with files.
 
-    tests/faults/faults.py BUILD [all | sample] [--only NAME]
+    tests/faults/faults.py BUILD [all | sample] [--only NAME] [--part I/N]
 
 After each fault every file is what it was or whole, the program has ended with a sentence and 1 (or as if nothing had
 happened, where the call does not matter), and the next try works. Runs in memory (/dev/shm)."""
@@ -111,8 +111,9 @@ class Case:
 
 
 class Runner:
-    def __init__(self, build, place):
+    def __init__(self, build, place, part=0, parts=1):
         self.build, self.place = build, place
+        self.part, self.parts, self.faults = part, parts, 0
         self.counts = os.path.join(place, "counts")
         self.findings = []
         self.runs = 0
@@ -155,9 +156,9 @@ class Runner:
             states = {after.get(path)} | ({before.get(path)} if may_be_old else set())
             if may_be_old:
                 states.add(NOT_COMPLETE)
-            if told_in(now.get(path)):
+            if now.get(path) in states or told_in(now.get(path)):
                 continue
-            if now.get(path) not in states and not (killed and path not in now and before[path] in binned(path, now)):
+            if not (killed and path not in now and before[path] in binned(path, now)):
                 state = "is gone" if path not in now else "is neither old nor new"
                 self.find(case, fault, f"{path} {state}")
 
@@ -194,7 +195,8 @@ class Runner:
         elif not case.again_may_refuse:
             self.check_files(case, fault, before, after, snapshot(root), may_be_old=False)
 
-    def over(self, case, most):
+    def over(self, case, most, in_turn=False):
+        """Every fault at each call of a kind; in turn: one fault at each, the next kind of fault at the next call."""
         root = self.fresh(case)
         before = snapshot(root)
         code, out, told = self.run(case.command(root), root)
@@ -204,8 +206,10 @@ class Runner:
         begin, runs, found = time.monotonic(), self.runs, len(self.findings)
         for kind in KINDS:
             for at in sample(counted[kind], most):
-                for how in HOW[kind]:
-                    self.check(case, before, reference, (kind, at, how))
+                for how in [HOW[kind][at % len(HOW[kind])]] if in_turn else HOW[kind]:
+                    self.faults += 1
+                    if self.faults // 10 % self.parts == self.part:  # some of every kind
+                        self.check(case, before, reference, (kind, at, how))
         calls = ", ".join(f"{counted[kind]} {kind}" for kind in KINDS if counted[kind])
         print(f"{case.name}: {calls}; {self.runs - runs} runs, {len(self.findings) - found} findings, "
               f"{time.monotonic() - begin:.1f} s", flush=True)
@@ -375,20 +379,22 @@ def main():
     parser.add_argument("build")
     parser.add_argument("extent", nargs="?", choices=["sample", "all"], default="sample")
     parser.add_argument("--only", default="", help="cases whose name begins so")
+    parser.add_argument("--part", default="0/1", help="I/N: one of N parts of the faults, from 0 on, for runs side by side")
     parser.add_argument("--most", type=int, default=3, help="calls of a kind in a sample")
     arguments = parser.parse_args()
     memory = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
     place = tempfile.mkdtemp(prefix="orvel-faults-", dir=memory)
     try:
-        runner = Runner(os.path.abspath(arguments.build), place)
+        part, parts = (int(number) for number in arguments.part.split("/"))
+        runner = Runner(os.path.abspath(arguments.build), place, part, parts)
         for case in cases(Stock(runner.build, place)):
             if not case.name.startswith(arguments.only):
                 continue
+            is_long = case.name in ("init", "assessment: reproduce")
             if arguments.extent == "all":
-                most = 40 if case.name == "init" else sys.maxsize
+                runner.over(case, sys.maxsize, in_turn=case.name == "init")
             else:
-                most = 1 if case.name in ("init", "assessment: reproduce") else arguments.most
-            runner.over(case, most)
+                runner.over(case, 1 if is_long else arguments.most)
     finally:
         shutil.rmtree(place, ignore_errors=True)
     print(f"{runner.runs} runs, {len(runner.findings)} findings")
