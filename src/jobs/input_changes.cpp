@@ -9,24 +9,33 @@ namespace orvel {
 
 namespace fs = std::filesystem;
 
+std::string Change_Text(const Source_Change& change)
+{
+    if (!change.Unread.empty())
+        return change.Unread;
+    return change.Input + " of the installation is no longer the one that was simulated.";
+}
+
 void Input_Changes::Begin_Pass()
 {
     Sources.clear();
     Unread.clear();
 }
 
-bool Input_Changes::Cannot_Be_Read(const File_Error& error)
+// The sentence on it, kept for this pass; empty where the file has gone since it was found.
+std::string Input_Changes::Cannot_Be_Read(const File_Error& error)
 {
-    if (!Is_Missing(error.Code))
-        Unread.insert(To_Code_Page(error.what()));
-    return true;
+    if (Is_Missing(error.Code))
+        return {};
+    return *Unread.insert(To_Code_Page(error.what())).first;
 }
 
 bool Input_Changes::Differs(const fs::path& file, const Recorded_File& recorded)
 try {
     return Digests.Of(file).Sha256 != recorded.Sha256;
 } catch (const File_Error& error) {
-    return Cannot_Be_Read(error);
+    Cannot_Be_Read(error);
+    return true;
 }
 
 const Input_Changes::Source& Input_Changes::Source_Of(const std::string& name)
@@ -40,29 +49,30 @@ const Input_Changes::Source& Input_Changes::Source_Of(const std::string& name)
         if (file)
             known->second.Sha256 = Digests.Of(*file).Sha256;
     } catch (const File_Error& error) {
-        known->second.Is_There = Cannot_Be_Read(error);
+        known->second = {.Is_There = true, .Sha256 = {}, .Unread = Cannot_Be_Read(error)};
     }
     return known->second;
 }
 
-// Whether the file of the installation that an input of a run directory was copied from is another one; false for an
-// input that was not.
-bool Input_Changes::Source_Differs(const fs::path& run_directory, const Recorded_File& recorded)
+// The file of the installation that an input of a run directory was copied from, if it is another one or cannot be
+// read; else nullptr.
+const Input_Changes::Source* Input_Changes::Differing_Source(const fs::path& run_directory,
+                                                             const Recorded_File& recorded)
 {
     const std::string& name = recorded.Name;
     const bool copied = name.find('/') == std::string::npos && !Same_Text(name, "orvel.inp");
     if (!copied || run_directory == App_Path)
-        return false;
+        return nullptr;
     const Source& source = Source_Of(name);
-    return source.Is_There && source.Sha256 != recorded.Sha256;
+    return source.Is_There && source.Sha256 != recorded.Sha256 ? &source : nullptr;
 }
 
-std::vector<std::string> Input_Changes::Of_Installation(const fs::path& run_directory, const Run_Record& record)
+std::vector<Source_Change> Input_Changes::Of_Installation(const fs::path& run_directory, const Run_Record& record)
 {
-    std::vector<std::string> changed;
+    std::vector<Source_Change> changed;
     for (const auto& input : record.Inputs) {
-        if (Source_Differs(run_directory, input))
-            changed.push_back(input.Name);
+        if (const Source* source = Differing_Source(run_directory, input))
+            changed.push_back({input.Name, source->Unread});
     }
     return changed;
 }
@@ -74,7 +84,7 @@ std::vector<std::string> Input_Changes::Of(const Simulation& simulation)
         return changed;
     for (const auto& input : simulation.State.Record->Inputs) {
         if (Differs(Input_File(simulation.Directory, Path_Of(input.Name)), input) ||
-            Source_Differs(simulation.Directory, input))
+            Differing_Source(simulation.Directory, input) != nullptr)
             changed.push_back(input.Name);
     }
     return changed;

@@ -13,6 +13,15 @@
 
 namespace orvel {
 
+// An input of a run whose source in the installation is no longer the one that was simulated, or cannot be read.
+struct Source_Change {
+    std::string Input;  // its name in the record
+    std::string Unread; // why it cannot be read, a sentence; empty: it is another one
+};
+
+// "X of the installation is no longer the one that was simulated.", or why that is not known.
+std::string Change_Text(const Source_Change& change);
+
 // Which inputs of recorded runs are no longer what they were when the engine read them. One is asked again and again
 // for a list: a file that keeps its identity is read once.
 class Input_Changes {
@@ -23,9 +32,9 @@ public:
     // the installation, has another digest or cannot be read. Without a record nothing is known: none.
     std::vector<std::string> Of(const Simulation& simulation);
 
-    // The names of those whose source in the installation alone is another one or cannot be read: the run's own files
-    // are not looked at.
-    std::vector<std::string> Of_Installation(const std::filesystem::path& run_directory, const Run_Record& record);
+    // Those whose source in the installation alone is another one or cannot be read: the run's own files are not looked
+    // at.
+    std::vector<Source_Change> Of_Installation(const std::filesystem::path& run_directory, const Run_Record& record);
 
     // Sources may have come and gone: they are looked for again, and what could not be read is forgotten.
     void Begin_Pass();
@@ -37,11 +46,12 @@ private:
     struct Source {
         bool Is_There = false; // in the installation
         std::string Sha256;    // empty: it cannot be read
+        std::string Unread;    // why
     };
     const Source& Source_Of(const std::string& name);
     bool Differs(const std::filesystem::path& file, const Recorded_File& recorded);
-    bool Source_Differs(const std::filesystem::path& run_directory, const Recorded_File& recorded);
-    bool Cannot_Be_Read(const File_Error& error);
+    const Source* Differing_Source(const std::filesystem::path& run_directory, const Recorded_File& recorded);
+    std::string Cannot_Be_Read(const File_Error& error);
 
     std::filesystem::path App_Path;
     File_Digests Digests;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 
 namespace orvel {
@@ -230,7 +231,10 @@ std::string Mark_Text(const Overview_Run& run)
         return "unrecorded";
     if (!run.Checked)
         return "not checked";
-    return run.Changed_Inputs.empty() ? "" : "inputs changed since";
+    if (run.Changed_Inputs.empty())
+        return {};
+    const auto is_another = [](const Source_Change& change) { return change.Unread.empty(); };
+    return std::ranges::any_of(run.Changed_Inputs, is_another) ? "inputs changed since" : "inputs unreadable";
 }
 
 std::string Cell_Text(const Overview& overview, const Overview_Row& row, std::size_t column)
@@ -321,8 +325,7 @@ std::vector<std::string> Explanation_Of(const Overview_Run& run)
     if (run.Dry_Periods > 0)
         told.push_back(
             "Periods without percolate, which count as 0 in the percentile: " + std::to_string(run.Dry_Periods) + ".");
-    for (const auto& input : run.Changed_Inputs)
-        told.push_back(input + " of the installation is no longer the one that was simulated.");
+    std::ranges::transform(run.Changed_Inputs, std::back_inserter(told), Change_Text);
     return told;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jobs/input_changes.h"
 #include "output/run_record.h"
 #include "runs/mode.h"
 
@@ -47,8 +48,8 @@ struct Overview_Run {
     std::string Reason;   // why there is no figure, a sentence; empty if there is nothing to tell
     int Percent = 0;      // of its years, of a run at work
     int Years = 0, Years_Expected = 0;
-    int Dry_Periods = 0;                     // without percolate, which count as 0 in the percentile
-    std::vector<std::string> Changed_Inputs; // those of the installation that differ from what was simulated
+    int Dry_Periods = 0;                       // without percolate, which count as 0 in the percentile
+    std::vector<Source_Change> Changed_Inputs; // of the installation
     std::string Unit;
     std::vector<Overview_Figure> Figures; // by substance, the active substance first
     // The same simulation in what the overview is compared with: its figures, and their mark or why there are none.
@@ -95,8 +96,8 @@ const Overview_Figure* Other_At(const Overview& overview, const Overview_Row& ro
 // A state in a word or two: "running 41 %", "incomplete: 12 of 26 years". Empty for a figure.
 std::string State_Text(const Overview_Run& run);
 
-// What a reader must know before relying on a figure: "unrecorded", "not checked", "inputs changed since". Empty if
-// there is nothing.
+// What a reader must know before relying on a figure: "unrecorded", "not checked", "inputs changed since", "inputs
+// unreadable". Empty if there is nothing.
 std::string Mark_Text(const Overview_Run& run);
 
 // The cell as every format shows it: the figure with its mark in brackets, or the state; empty where nothing was run.

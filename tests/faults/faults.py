@@ -81,15 +81,14 @@ def is_leftover(path):
 
 
 def told_in(report):
-    """Whether a report, or that in an archive, tells itself what could not be read. An input of the installation of
-    which that is so counts as changed since."""
+    """Whether a report, or that in an archive, tells itself what could not be read."""
     if report is not None and report.startswith(b"PK"):
         try:
             with zipfile.ZipFile(io.BytesIO(report)) as archive:
                 return any(told_in(archive.read(name)) for name in archive.namelist() if name.endswith("report.html"))
         except zipfile.BadZipFile:
             return False
-    told = (b"Input/output error", b">unreadable<", b"(inputs changed since)")
+    told = (b"Input/output error", b">unreadable<", b"(inputs unreadable)")
     return report is not None and any(sentence in report for sentence in told)
 
 

@@ -151,6 +151,11 @@ TEST_F(Orvelctl_Overview, A_Pesticide_File_That_Was_Edited_Since_Is_Told_Beside_
     EXPECT_FALSE(cells.at(0).At("value").Is_Null());
     EXPECT_EQ(cells.at(0).At("state").Text(), "inputs changed since");
 
+    fs::remove(file);
+    fs::create_directory(file); // what lies there cannot be read, and nobody knows whether it was changed
+    EXPECT_EQ(Cells("Jokioinen").at(0).At("state").Text(), "inputs unreadable");
+
+    fs::remove(file);
     Write_Whole(file, before);
 }
 

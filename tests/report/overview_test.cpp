@@ -98,10 +98,14 @@ TEST(Overview, A_Figure_That_Is_Not_Proven_Says_So_In_Its_Cell)
     auto copied = Done("Porto (O)", {Conc("A", 2, "2.000")});
     copied.Checked = false;
     auto older = Done("Thiva (T)", {Conc("A", 3, "3.000")});
-    older.Changed_Inputs = {"p.psm"};
+    older.Changed_Inputs = {{"q.cli", "Cannot read q.cli."}, {"p.psm", ""}};
+    auto unread = Done("Piacenza (P)", {Conc("A", 4, "4.000")});
+    unread.Changed_Inputs = {{"p.psm", "Cannot read p.psm."}};
 
-    EXPECT_EQ(Cells_Of(Arranged({unrecorded, copied, older}), 0),
-              (Texts{"1.000 (unrecorded)", "2.000 (not checked)", "3.000 (inputs changed since)"}));
+    EXPECT_EQ(Cells_Of(Arranged({unrecorded, copied, older, unread}), 0),
+              (Texts{"1.000 (unrecorded)", "4.000 (inputs unreadable)", "2.000 (not checked)",
+                     "3.000 (inputs changed since)"}));
+    EXPECT_EQ(Explanation_Of(unread).back(), "Cannot read p.psm.");
 }
 
 TEST(Overview, Chosen_Locations_Alone_Count)

@@ -142,10 +142,8 @@ void Overview_Window::What_Changed()
                                          : std::string(Check_Text(verified.Result)) + ": " + verified.Detail;
     if (simulation.State.Record) {
         Input_Changes changes(The_Session.Program.App_Path);
-        for (const auto& input : changes.Of_Installation(simulation.Directory, *simulation.State.Record))
-            text += std::string(CrLf) + input + " of the installation is no longer the one that was simulated.";
-        for (const auto& reason : changes.Unreadable())
-            text += std::string(CrLf) + reason;
+        for (const auto& change : changes.Of_Installation(simulation.Directory, *simulation.State.Record))
+            text += std::string(CrLf) + Change_Text(change);
     }
     The_Session.Ask({"What changed since", text, Icon::Information});
 }
