@@ -31,7 +31,7 @@ std::size_t Leading_Digits(std::string_view text)
 
 int Whole(std::string_view text)
 {
-    return static_cast<int>(std::clamp(Val(text), -1.0, 1e6));
+    return Whole_Part(text, -1, 1'000'000);
 }
 
 // Lists the part of a line as misread unless it is one number.

@@ -241,6 +241,11 @@ double Val(std::string_view text)
     return negative && value != 0 ? -value : value;
 }
 
+int Whole_Part(std::string_view text, int least, int most)
+{
+    return static_cast<int>(std::clamp(Val(text), static_cast<double>(least), static_cast<double>(most)));
+}
+
 double Power_Of_Ten(double exponent)
 {
     if (exponent > std::numeric_limits<double>::max_exponent10)

@@ -12,6 +12,9 @@ namespace orvel {
 // the range of a double gives the largest one.
 double Val(std::string_view text);
 
+// The whole part of Val, cut to the range from `least` to `most`.
+int Whole_Part(std::string_view text, int least, int most);
+
 // The number next to a power of ten, on every system; that of the library of C is not.
 double Power_Of_Ten(double exponent);
 

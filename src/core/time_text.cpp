@@ -9,7 +9,7 @@ namespace orvel {
 namespace {
 
 constexpr std::size_t Time_Width = 19;
-constexpr int First_Year = 1900;
+constexpr int First_Year = 1900, Last_Year = 9999;
 
 void Add_Padded(std::string& text, int number, char behind)
 {
@@ -36,10 +36,10 @@ std::string Time_Text(std::time_t time)
 
 std::time_t Time_Of_Text(std::string_view text)
 {
-    if (text.size() != Time_Width)
+    if (text.size() != Time_Width || text.find_first_not_of("0123456789-: ") != std::string_view::npos)
         return 0;
     const auto part = [text](std::size_t first, std::size_t width) {
-        return static_cast<int>(Val(Columns(text, first, width)));
+        return Whole_Part(Columns(text, first, width), 0, Last_Year);
     };
     std::tm parts{};
     parts.tm_year = part(1, 4) - First_Year;

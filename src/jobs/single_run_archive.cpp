@@ -9,8 +9,6 @@
 #include "jobs/single_run_start.h"
 #include "output/run_record.h"
 
-#include <algorithm>
-
 namespace orvel {
 
 namespace fs = std::filesystem;
@@ -24,7 +22,7 @@ constexpr std::string_view Archive_Stem = "Run_";
 std::vector<std::string> Input_Files(std::string_view control)
 {
     Line_Reader lines(control);
-    const int years = static_cast<int>(std::clamp(Val(lines.Next()), 0.0, static_cast<double>(Most_Years)));
+    const int years = Whole_Part(lines.Next(), 0, Most_Years);
     std::vector<std::string> names;
     names.reserve(static_cast<std::size_t>(years) + 2);
     for (int i = 0; i < years + 2; ++i)

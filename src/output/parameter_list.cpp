@@ -6,7 +6,6 @@
 #include "core/text.h"
 #include "files/pesticide_file.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace orvel {
@@ -86,12 +85,11 @@ std::vector<Parameter_Item> Fixed_Parameters()
 std::vector<int> Substances_Of_Rows(std::string_view run_control)
 {
     Line_Reader lines(run_control);
-    lines.Skip(static_cast<int>(std::clamp(Val(Columns(lines.Next(), 1, Years_Width)), 0.0, 999.0)) + 2);
+    lines.Skip(Whole_Part(Columns(lines.Next(), 1, Years_Width), 0, 999) + 2);
     lines.Next(); // the counts: the first of them leaves out the rows of the profile
     std::vector<int> substances;
     while (!lines.At_End())
-        substances.push_back(
-            static_cast<int>(std::clamp(Val(Columns(lines.Next(), Substance_First, Substance_Width)), 0.0, 9.0)));
+        substances.push_back(Whole_Part(Columns(lines.Next(), Substance_First, Substance_Width), 0, 9));
     return substances;
 }
 

@@ -249,7 +249,7 @@ Run_Request Parse_Run_Request(std::string_view control)
     Line_Reader lines(control);
     try {
         std::string_view header = lines.Next();
-        request.Years = static_cast<int>(std::clamp(Val(Next_Token(header)), 0.0, static_cast<double>(Most_Years)));
+        request.Years = Whole_Part(Next_Token(header), 0, Most_Years);
         request.Start_Day = Day_Or_Month(header, Last_Of_December, 1);
         request.Start_Month = Day_Or_Month(header, December, 1);
         request.End_Day = Day_Or_Month(header, Last_Of_December, Last_Of_December);

@@ -221,7 +221,7 @@ std::string Utc_Text(std::time_t time)
 std::time_t Time_Of_Utc(std::string_view text)
 {
     const auto part = [text](std::size_t first, std::size_t width) {
-        return static_cast<int>(Val(Columns(text, first, width)));
+        return Whole_Part(Columns(text, first, width), 0, 9999);
     };
     using namespace std::chrono;
     const year_month_day date(year(part(1, 4)), month(static_cast<unsigned>(part(6, 2))),

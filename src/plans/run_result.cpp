@@ -12,8 +12,6 @@
 #include "tables/soil_concentrations.h"
 #include "tables/table_text.h"
 
-#include <algorithm>
-
 namespace orvel {
 
 namespace fs = std::filesystem;
@@ -163,7 +161,7 @@ std::optional<Result_Row> Parse_Figures(std::string_view figures)
     return Result_Row{.Substance = bytes(0),
                       .Unit = bytes(2),
                       .Found = Result_Row::Figures{Val(cells[1]), number(4), number(5)},
-                      .Years = static_cast<int>(std::clamp(Val(cells[3]), 0.0, static_cast<double>(Most_Years)))};
+                      .Years = Whole_Part(cells[3], 0, Most_Years)};
 }
 
 std::string Read_Result(const fs::path& run_directory)

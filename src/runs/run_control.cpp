@@ -103,8 +103,8 @@ void Parse_Rows(Line_Reader& lines, double count, Output_Selection& output)
 
 int Parse_Years(std::string_view text)
 {
-    constexpr double Most_Printed = 999; // three digits of the first line
-    return static_cast<int>(std::clamp(Val(text), 0.0, Most_Printed));
+    constexpr int Most_Printed = 999; // three digits of the first line
+    return Whole_Part(text, 0, Most_Printed);
 }
 
 // The second line after "..\..\..\": a code of one or three characters, an underscore and the crop part.
@@ -130,7 +130,7 @@ void Parse_Into(const Mode& mode, std::string_view bytes, Run_Template& restored
     lines.Skip(restored.Years);
     const auto count_line = lines.Next();
     const auto depth = mode.Profile_Rows ? Columns(count_line, 10, 10) : Columns(count_line, 10, 2);
-    restored.Till_Depth = static_cast<int>(std::clamp(Val(depth), 0.0, 255.0));
+    restored.Till_Depth = Whole_Part(depth, 0, 255);
     restored.Has_Count_Line = true;
     restored.Has_Rows = true;
     Parse_Rows(lines, Val(Columns(count_line, 1, 8)), restored.Output);

@@ -17,7 +17,7 @@ int Days_Between(std::string_view before, std::string_view date)
 {
     using namespace std::chrono;
     const auto day_of = [](std::string_view text, int century) {
-        const auto part = [&](std::size_t at) { return static_cast<unsigned>(Val(text.substr(at, 2))); };
+        const auto part = [&](std::size_t at) { return static_cast<unsigned>(Whole_Part(text.substr(at, 2), 0, 99)); };
         return sys_days(year(century + static_cast<int>(part(6))) / month(part(3)) / day(part(0)));
     };
     if (before.size() < 8 || date.size() < 8)

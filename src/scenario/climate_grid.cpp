@@ -70,7 +70,9 @@ std::vector<std::string> Climate_Grid::Next_Day() const
     Climate_Row row{.Cli_Day = "01", .Cli_Month = "01", .Cli_Year = "01"};
     if (Rows() > 0) {
         const auto last = Rows() - 1;
-        const auto part = [&](std::size_t column) { return static_cast<unsigned>(Val(Cell(last, column))); };
+        const auto part = [&](std::size_t column) {
+            return static_cast<unsigned>(Whole_Part(Cell(last, column), 0, 99));
+        };
         using namespace std::chrono;
         const sys_days day = year(2000 + static_cast<int>(part(2))) / month(part(1)) / part(0);
         const year_month_day next = day + days(1);

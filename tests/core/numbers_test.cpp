@@ -36,6 +36,14 @@ TEST(Val, Gives_Zero_For_What_Is_No_Number)
         EXPECT_EQ(Val(text), 0) << text;
 }
 
+TEST(Whole_Part, Is_Cut_To_Its_Range_Whatever_The_Text_Holds)
+{
+    EXPECT_EQ(Whole_Part(" 12.9 x", 0, 99), 12);
+    EXPECT_EQ(Whole_Part("2E24", 0, 9999), 9999);
+    EXPECT_EQ(Whole_Part("-1E999", -1, 99), -1);
+    EXPECT_EQ(Whole_Part("none", 0, 99), 0);
+}
+
 TEST(Val, Takes_An_Exponent_Without_Digits_As_None)
 {
     EXPECT_EQ(Val("1E"), 1);

@@ -40,6 +40,7 @@ TEST(Job_Log, Its_Times_Are_Read_Back_And_Foreign_Lines_Passed_Over)
     EXPECT_EQ(Time_Of_Text(Time_Text(now)), now);
     EXPECT_EQ(Time_Text(now).size(), 19u);
     EXPECT_EQ(Time_Of_Text("yesterday"), 0);
+    EXPECT_EQ(Time_Of_Text("2E24-01-02 03:04:05"), 0); // the number of a year that no calendar has
 
     const auto history =
         Parse_Job_Log(Time_Text(now) + "\tbegin\t\t2 runs\nnonsense\n" + Time_Text(now) + "\tstarted\ta/b/c\t\n" +
